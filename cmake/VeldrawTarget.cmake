@@ -1,0 +1,21 @@
+# What every target of ours has in common: warnings, sanitizers, how Qt and Boost are to be used.
+
+# veldraw_target(NAME): call once for each library or program of ours.
+function(veldraw_target name)
+  target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}")
+  target_compile_definitions(${name} PRIVATE QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII
+                                             BOOST_BIND_NO_PLACEHOLDERS BOOST_ALLOW_DEPRECATED_HEADERS)
+  target_compile_options(${name} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
+  if(VELDRAW_WARNINGS_AS_ERRORS)
+    target_compile_options(${name} PRIVATE -Werror)
+  endif()
+  if(VELDRAW_SANITIZE)
+    target_compile_options(${name} PRIVATE -fsanitize=address,undefined -fno-sanitize-recover=undefined)
+    target_link_options(${name} PRIVATE -fsanitize=address,undefined)
+  endif()
+endfunction()
+
+# veldraw_use_moc(NAME): switches on moc and uic. Qt, VTK and Boost come as imported targets, so as system headers.
+function(veldraw_use_moc name)
+  set_target_properties(${name} PROPERTIES AUTOMOC ON AUTOUIC ON)
+endfunction()

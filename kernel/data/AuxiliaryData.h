@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace veldraw::kernel {
+
+/// Named texts that stay with their owner: a zone, a variable, a data set, a frame, a line map, a page or the layout.
+class AuxiliaryData
+{
+public:
+    struct Item
+    {
+        std::string name;
+        std::string value;
+        bool retain = true; ///< written when the owner is saved
+    };
+
+    int size() const { return static_cast<int>(m_items.size()); }
+
+    /// @param number one-based, in order of names without regard to case
+    Item const& item(int number) const;
+
+    /// One-based number of the item called @p name (case ignored), 0 if there is none.
+    int indexOf(std::string const& name) const;
+
+    /// Adds the item or alters its value. @return false for a name that is not a letter followed by letters, digits, _ or .
+    bool set(std::string const& name, std::string const& value, bool retain);
+
+    /// @return false when there is no such item
+    bool remove(std::string const& name);
+
+private:
+    std::vector<Item> m_items;
+};
+
+} // namespace veldraw::kernel

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "kernel/data/AuxiliaryData.h"
+#include "kernel/data/Identifier.h"
+#include "kernel/data/LoaderInstructions.h"
+#include "kernel/data/NumberSet.h"
+#include "kernel/data/Variable.h"
+#include "kernel/data/Zone.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace veldraw::kernel {
+
+/// Zones and variables that belong together. Frames share it; a frame shows one data set.
+///
+/// Importers fill a fresh data set by addVariable() and addZone() before any frame has it. Afterwards it is changed through
+/// the operations of Session only, which tell listeners and can be undone.
+class DataSet
+{
+public:
+    explicit DataSet(std::string title = {});
+
+    UniqueId id() const { return m_id; }
+    std::string const& title() const { return m_title; }
+    void setTitle(std::string title) { m_title = std::move(title); }
+
+    int zoneCount() const { return static_cast<int>(m_zones.size()); }
+    int variableCount() const { return static_cast<int>(m_variables.size()); }
+
+    /// @param number one-based. @return null for a number that is out of range, as all look-ups here
+    std::shared_ptr<Zone> zone(int number) const;
+    std::shared_ptr<Variable> variable(int number) const;
+
+    /// @return null when zone or variable do not exist
+    Field const* field(int zone, int variable) const;
+
+    /// Current one-based number, 0 when the data set has no such zone or variable (any more).
+    int zoneNumber(UniqueId id) const;
+    int variableNumber(UniqueId id) const;
+
+    /// One-based number of the first variable of exactly this name, 0 if there is none.
+    int findVariable(std::string const& name) const;
+
+    NumberSet enabledZones() const;
+    NumberSet enabledVariables() const;
+
+    /// Appends a variable with a passive field in every zone. @return its number
+    int addVariable(std::shared_ptr<Variable> variable);
+
+    /// Appends a zone; missing fields are filled up with passive ones. @return its number
+    int addZone(std::shared_ptr<Zone> zone);
+
+    /// Name of the lock's holder, empty when the data set is not locked.
+    std::string const& lockHolder() const { return m_lockHolder; }
+    void setLockHolder(std::string holder) { m_lockHolder = std::move(holder); }
+
+    AuxiliaryData& auxiliaryData() { return m_auxiliaryData; }
+    AuxiliaryData const& auxiliaryData() const { return m_auxiliaryData; }
+
+    std::vector<LoaderInstructions>& loaderInstructions() { return m_loaderInstructions; }
+    std::vector<LoaderInstructions> const& loaderInstructions() const { return m_loaderInstructions; }
+
+    /// The lists themselves, for the operations that take zones or variables out and put them back.
+    std::vector<std::shared_ptr<Zone>>& zones() { return m_zones; }
+    std::vector<std::shared_ptr<Zone>> const& zones() const { return m_zones; }
+    std::vector<std::shared_ptr<Variable>>& variables() { return m_variables; }
+    std::vector<std::shared_ptr<Variable>> const& variables() const { return m_variables; }
+
+    DataSet(DataSet const&) = delete;
+    DataSet& operator=(DataSet const&) = delete;
+
+private:
+    UniqueId m_id;
+    std::string m_title;
+    std::string m_lockHolder;
+    std::vector<std::shared_ptr<Zone>> m_zones;
+    std::vector<std::shared_ptr<Variable>> m_variables;
+    AuxiliaryData m_auxiliaryData;
+    std::vector<LoaderInstructions> m_loaderInstructions;
+};
+
+} // namespace veldraw::kernel

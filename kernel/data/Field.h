@@ -1,0 +1,40 @@
+#pragma once
+
+#include "kernel/data/ShareGroup.h"
+
+#include <memory>
+
+namespace veldraw::kernel {
+
+/// One variable in one zone: where its values sit and the group that stores them.
+///
+/// A passive field has a type and a location but no values; it reads as 0 everywhere.
+/// Cell-centred values of an ordered zone are addressed with nodal strides: the value of cell (i, j, k), zero-based, is at
+/// i + j * I + k * I * J with the zone's point dimensions I, J, K; a dimension of 1 has one layer of cells. The unused last
+/// slots are never read. Cell-centred values of a finite-element zone are one a cell.
+class Field
+{
+public:
+    /// A passive field.
+    explicit Field(FieldDataType_e type = FieldDataType_Float, ValueLocation_e location = ValueLocation_Nodal);
+
+    /// A field with values.
+    Field(std::shared_ptr<ShareGroup> group, ValueLocation_e location);
+
+    FieldDataType_e type() const { return m_group ? m_group->buffer()->type() : m_type; }
+    ValueLocation_e location() const { return m_location; }
+    bool isPassive() const { return !m_group; }
+
+    /// Null for a passive field.
+    std::shared_ptr<ShareGroup> const& group() const { return m_group; }
+
+    /// Number of fields, this one included, on the same storage; 1 for a passive field.
+    int shareCount() const { return m_group ? static_cast<int>(m_group.use_count()) : 1; }
+
+private:
+    std::shared_ptr<ShareGroup> m_group;
+    FieldDataType_e m_type;
+    ValueLocation_e m_location;
+};
+
+} // namespace veldraw::kernel

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "kernel/data/AuxiliaryData.h"
+#include "kernel/data/Connectivity.h"
+#include "kernel/data/Field.h"
+#include "kernel/data/Identifier.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace veldraw::kernel {
+
+/// Strand number of a zone that belongs to no time strand.
+constexpr int staticStrand = 2147483646;
+
+/// A block of points with its cells and one field a variable of the data set.
+struct Zone
+{
+    Zone(std::string zoneName, ZoneType_e zoneType, std::int64_t iDim, std::int64_t jDim, std::int64_t kDim);
+
+    bool isOrdered() const { return type == ZoneType_Ordered; }
+
+    /// Points: i * j * k of an ordered zone, i of a finite-element zone.
+    std::int64_t pointCount() const;
+
+    /// Cells: the product of (dimension - 1, at least 1) of an ordered zone, j of a finite-element zone; 0 without points.
+    std::int64_t cellCount() const;
+
+    /// Slots that a field of this zone has in its buffer: points, or cells; ordered zones use nodal strides for both.
+    std::int64_t valueCount(ValueLocation_e location) const;
+
+    /// Number of dimensions above 1 for ordered zones; 1 for line segments, 2 for surface cells, 3 for volume cells.
+    int dimensionality() const;
+
+    UniqueId id;
+    std::string name; ///< UTF-8
+    ZoneType_e type;
+    std::int64_t i; ///< ordered: I; finite element: points
+    std::int64_t j; ///< ordered: J; finite element: elements
+    std::int64_t k; ///< ordered: K; finite element: faces (polygon and polyhedron zones, else 0)
+    double solutionTime = 0.0;
+    int strand = staticStrand;
+    bool enabled = true;
+    std::shared_ptr<Connectivity const> connectivity; ///< null for ordered zones
+    AuxiliaryData auxiliaryData;
+    std::vector<Field> fields; ///< one a variable, in the order of the variables
+};
+
+} // namespace veldraw::kernel

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "kernel/data/AuxiliaryData.h"
+#include "kernel/data/DataSet.h"
+#include "kernel/data/Identifier.h"
+#include "kernel/frames/LineMap.h"
+#include "kernel/frames/Rectangle.h"
+
+#include <array>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace veldraw::kernel {
+
+/// A window on a data set: a plot type, the variables on its axes, what is drawn and how.
+///
+/// Variables are kept by identifier: a deleted variable leaves its axis unassigned, and stands there again after undo.
+struct Frame
+{
+    Frame(std::string frameName, Rectangle frameRectangle);
+
+    /// Numbers of the variables on the axes X, Y, Z of the present plot type, 0 = unassigned; Z is 0 in 2D.
+    /// Line and sketch plots answer with the 3D assignments.
+    std::array<int, 3> axisVariables() const;
+
+    /// Number of the variable assigned to a letter of X, Y, Z (present plot type), U, V, W or C (contour), 0 = none.
+    int variableNumber(char assignment) const;
+
+    UniqueId id;
+    std::string name;
+    Rectangle rectangle;
+    PlotType_e plotType = PlotType_Sketch;
+    std::shared_ptr<DataSet> dataSet; ///< may be null
+    std::array<UniqueId, 2> axes2D{};
+    std::array<UniqueId, 3> axes3D{};
+    std::array<UniqueId, 3> vector{}; ///< U, V, W
+    UniqueId contourVariable = 0;
+    bool showContour = true;
+    bool showMesh = false;
+    std::vector<LineMap> lineMaps;
+    AuxiliaryData auxiliaryData;
+};
+
+} // namespace veldraw::kernel

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "kernel/data/AuxiliaryData.h"
+#include "kernel/data/Identifier.h"
+
+#include <string>
+
+namespace veldraw::kernel {
+
+/// One curve of a line plot: a variable over another in one zone. Zone and variables are kept by identifier,
+/// so that deleting a variable and taking it back needs no repair.
+struct LineMap
+{
+    UniqueId id = nextUniqueId();
+    std::string name;
+    UniqueId zone = 0;
+    UniqueId xVariable = 0;
+    UniqueId yVariable = 0;
+    bool active = true;
+    AuxiliaryData auxiliaryData;
+};
+
+} // namespace veldraw::kernel

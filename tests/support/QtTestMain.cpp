@@ -1,0 +1,35 @@
+#include <QApplication>
+#include <QLocale>
+#include <QString>
+
+#include <gtest/gtest.h>
+
+#include <clocale>
+#include <cstdio>
+
+namespace {
+
+// Any warning of Qt is a defect of ours, but for one that the offscreen platform always gives.
+void failOnWarning(QtMsgType type, QMessageLogContext const& context, QString const& message)
+{
+    if (message.contains(QStringLiteral("This plugin does not support propagateSizeHints()")))
+        return;
+    std::fprintf(stderr, "%s (%s:%d)\n", qPrintable(message), context.file ? context.file : "?", context.line);
+    if (type == QtWarningMsg || type == QtCriticalMsg)
+        ADD_FAILURE() << "Qt says: " << message.toStdString();
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    ::testing::InitGoogleTest(&argc, argv);
+    std::setvbuf(stdout, nullptr, _IOLBF, 0);
+    qInstallMessageHandler(failOnWarning);
+    QApplication application(argc, argv);
+    std::setlocale(LC_NUMERIC, "C");
+    QLocale english(QLocale::English, QLocale::UnitedStates);
+    english.setNumberOptions(QLocale::RejectGroupSeparator | QLocale::OmitGroupSeparator);
+    QLocale::setDefault(english);
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "dialogs/property/ValidatorInterface.h"
+
+namespace veldraw {
+
+/// Finds every value valid: what a property has that was given no other validator.
+template <typename T>
+class AllowAnyValueValidator : public virtual ValidatorInterface<T>
+{
+public:
+    ValidationResult validate(T const& value) const override;
+};
+
+#define VELDRAW_DECLARE(T) extern template class AllowAnyValueValidator<T>;
+VELDRAW_FOR_EACH_PROPERTY_TYPE(VELDRAW_DECLARE)
+#undef VELDRAW_DECLARE
+
+} // namespace veldraw

@@ -9,9 +9,10 @@ namespace veldraw::kernel {
 
 /// Typed values of one field: a pointer, a length and a stride over memory that somebody keeps alive.
 ///
-/// A buffer never knows which fields use it. The memory is either the buffer's own (allocate()) or adopted from whoever made
-/// it, such as a file reader (adopt()); a stride lets the components of an interleaved array be fields without a second copy.
-/// Values are immutable for everybody but the single holder of the last reference (see ShareGroup::writableBuffer()).
+/// A buffer never knows which fields use it. The memory is either the buffer's own (allocate()) or adopted from whoever
+/// made it, such as a file reader (adopt()); a stride lets the components of an interleaved array be fields without a
+/// second copy. Values are immutable for everybody but the single holder of the last reference (see
+/// ShareGroup::writableBuffer()).
 class Buffer
 {
 public:

@@ -6,7 +6,8 @@
 
 namespace veldraw::kernel {
 
-/// The cells of a finite-element zone as lists of zero-based point indices. Shared between zones where it is equal, immutable.
+/// The cells of a finite-element zone as lists of zero-based point indices. Shared between zones where it is equal,
+/// immutable.
 ///
 /// Cell c consists of the points indices[offsets[c]] ... indices[offsets[c + 1] - 1], in the corner order of the usual
 /// tables for each shape. Memory is the object's own or adopted through @c owner.
@@ -32,8 +33,8 @@ struct Connectivity
     std::int64_t const* indices = nullptr; ///< indexCount entries
     Shape const* shapes = nullptr;         ///< cellCount entries, or null where all cells are of the zone's one shape
 
-    /// Polyhedra only: the faces of cell c are faceStream[faceOffsets[c]] ...: the number of faces, then for each face its
-    /// number of points and its points. Null otherwise, and faceOffsets[c] is -1 for a cell that is no polyhedron.
+    /// Polyhedra only: the faces of cell c are faceStream[faceOffsets[c]] ...: the number of faces, then for each face
+    /// its number of points and its points. Null otherwise, and faceOffsets[c] is -1 for a cell that is no polyhedron.
     std::int64_t const* faceOffsets = nullptr;
     std::int64_t const* faceStream = nullptr;
     std::int64_t faceStreamSize = 0;

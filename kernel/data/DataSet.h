@@ -15,8 +15,8 @@ namespace veldraw::kernel {
 
 /// Zones and variables that belong together. Frames share it; a frame shows one data set.
 ///
-/// Importers fill a fresh data set by addVariable() and addZone() before any frame has it. Afterwards it is changed through
-/// the operations of Session only, which tell listeners and can be undone.
+/// Importers fill a fresh data set by addVariable() and addZone() before any frame has it. Afterwards it is changed
+/// through the operations of Session only, which tell listeners and can be undone.
 class DataSet
 {
 public:
@@ -25,6 +25,7 @@ public:
     UniqueId id() const { return m_id; }
     std::string const& title() const { return m_title; }
     void setTitle(std::string title) { m_title = std::move(title); }
+    void swapTitle(std::string& title) noexcept { m_title.swap(title); }
 
     int zoneCount() const { return static_cast<int>(m_zones.size()); }
     int variableCount() const { return static_cast<int>(m_variables.size()); }

@@ -9,9 +9,9 @@ namespace veldraw::kernel {
 /// One variable in one zone: where its values sit and the group that stores them.
 ///
 /// A passive field has a type and a location but no values; it reads as 0 everywhere.
-/// Cell-centred values of an ordered zone are addressed with nodal strides: the value of cell (i, j, k), zero-based, is at
-/// i + j * I + k * I * J with the zone's point dimensions I, J, K; a dimension of 1 has one layer of cells. The unused last
-/// slots are never read. Cell-centred values of a finite-element zone are one a cell.
+/// Cell-centred values of an ordered zone are addressed with nodal strides: the value of cell (i, j, k), zero-based, is
+/// at i + j * I + k * I * J with the zone's point dimensions I, J, K; a dimension of 1 has one layer of cells. The
+/// unused last slots are never read. Cell-centred values of a finite-element zone are one a cell.
 class Field
 {
 public:

@@ -25,7 +25,8 @@ struct Zone
     /// Points: i * j * k of an ordered zone, i of a finite-element zone.
     std::int64_t pointCount() const;
 
-    /// Cells: the product of (dimension - 1, at least 1) of an ordered zone, j of a finite-element zone; 0 without points.
+    /// Cells: the product of (dimension - 1, at least 1) of an ordered zone, j of a finite-element zone; 0 without
+    /// points.
     std::int64_t cellCount() const;
 
     /// Slots that a field of this zone has in its buffer: points, or cells; ordered zones use nodal strides for both.
@@ -33,6 +34,10 @@ struct Zone
 
     /// Number of dimensions above 1 for ordered zones; 1 for line segments, 2 for surface cells, 3 for volume cells.
     int dimensionality() const;
+
+    /// Range of a variable's finite values in this zone; slots of cell-centred values that no cell has are left out.
+    /// @param variable one-based number. @return Unknown for a bad number, a passive field, or when no value is finite
+    ValueRange range(int variable) const;
 
     UniqueId id;
     std::string name; ///< UTF-8

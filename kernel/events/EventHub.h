@@ -4,14 +4,15 @@
 
 #include <functional>
 #include <map>
-#include <vector>
+#include <memory>
 
 namespace veldraw::kernel {
 
 /// Delivers events synchronously on the calling thread, in order of subscription, after the data is consistent.
 ///
-/// Listeners may subscribe and unsubscribe during a delivery: who left is not called any more, who came is not called yet.
-/// An exception of one listener does not keep the others from hearing the event; it is swallowed, since the change stands.
+/// Listeners may subscribe and unsubscribe during a delivery: who left is not called any more, who came is not called
+/// yet. An exception of one listener does not keep the others from hearing the event; it is swallowed, since the change
+/// stands.
 class EventHub
 {
 public:
@@ -20,11 +21,11 @@ public:
 
     Subscription subscribe(Listener listener);
     void unsubscribe(Subscription subscription);
-    void emitEvent(StateChangeEvent const& event);
+    void emitEvent(StateChangeEvent const& event) noexcept;
     int listenerCount() const { return static_cast<int>(m_listeners.size()); }
 
 private:
-    std::map<Subscription, Listener> m_listeners;
+    std::map<Subscription, std::shared_ptr<Listener>> m_listeners;
     Subscription m_next = 1;
 };
 

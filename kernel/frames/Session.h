@@ -12,10 +12,10 @@ namespace veldraw::kernel {
 
 /// The one kernel of the process: pages, their frames, the data sets in them, events and history.
 ///
-/// Every change of what stands in the session goes through an operation of this class: it is checked first, then carried
-/// out whole or not at all, told to the listeners, and can be undone under the name that the user saw. An operation that is
-/// refused returns false, changes nothing, sends nothing and leaves its reason in lastError().
-/// All calls belong to the user-interface thread.
+/// Every change of what stands in the session goes through an operation of this class: it is checked first, then
+/// carried out whole or not at all, told to the listeners, and can be undone under the name that the user saw. An
+/// operation that is refused returns false, changes nothing, sends nothing and leaves its reason in lastError(). All
+/// calls belong to the user-interface thread.
 class Session
 {
 public:
@@ -30,11 +30,11 @@ public:
 
     // ---- pages and frames ------------------------------------------------------------------------------------------
     std::vector<std::shared_ptr<Page>> const& pages() const { return m_pages; }
-    std::shared_ptr<Page> activePage() const;           ///< null when there is no page
-    std::shared_ptr<Frame> activeFrame() const;         ///< null when there is no frame
-    std::shared_ptr<DataSet> activeDataSet() const;     ///< data set of the active frame, null when there is none
-    std::shared_ptr<Frame> frame(UniqueId id) const;    ///< null when there is none
-    std::shared_ptr<DataSet> dataSet(UniqueId id) const;///< null when no frame shows it
+    std::shared_ptr<Page> activePage() const;            ///< null when there is no page
+    std::shared_ptr<Frame> activeFrame() const;          ///< null when there is no frame
+    std::shared_ptr<DataSet> activeDataSet() const;      ///< data set of the active frame, null when there is none
+    std::shared_ptr<Frame> frame(UniqueId id) const;     ///< null when there is none
+    std::shared_ptr<DataSet> dataSet(UniqueId id) const; ///< null when no frame shows it
 
     /// Frames that show @p dataSet.
     std::vector<std::shared_ptr<Frame>> framesOf(DataSet const& dataSet) const;
@@ -45,7 +45,8 @@ public:
     /// Throws even the page away (nothing left at all). Events 16.
     void removeAllPages();
 
-    /// Puts @p frames on one fresh page, side by side in a grid, the first active; the history is forgotten. Events 16, 10.
+    /// Puts @p frames on one fresh page, side by side in a grid, the first active; the history is forgotten. Events
+    /// 16, 10.
     void openPage(std::vector<std::shared_ptr<Frame>> frames);
 
     /// A new frame on the active page, made active. Undoable "New Frame". Events 8, 10.
@@ -61,34 +62,34 @@ public:
     /// Not undoable. Event 10 when another frame becomes active.
     bool activateFrame(UniqueId frame);
 
-    bool renameFrame(UniqueId frame, std::string const& name);              ///< "Rename Frame"; event 11
-    bool setFrameRectangle(UniqueId frame, Rectangle const& rectangle);     ///< "Move Frame"; event 11
-    void tileFrames();                                                      ///< grid over the page; not undoable; event 11
+    bool renameFrame(UniqueId frame, std::string const& name);          ///< "Rename Frame"; event 11
+    bool setFrameRectangle(UniqueId frame, Rectangle const& rectangle); ///< "Move Frame"; event 11
+    void tileFrames();                                                  ///< grid over the page; not undoable; event 11
 
     // ---- what a frame shows ----------------------------------------------------------------------------------------
     /// Gives the frame a data set, default axes, contour variable, plot type and line maps. Not undoable. Event 12.
     bool setFrameDataSet(UniqueId frame, std::shared_ptr<DataSet> dataSet);
 
-    bool setPlotType(UniqueId frame, PlotType_e plotType);                  ///< "Plot Type"; event 7 "PlotType"
+    bool setPlotType(UniqueId frame, PlotType_e plotType); ///< "Plot Type"; event 7 "PlotType"
     /// @param assignment X, Y, Z, U, V, W or C; @param variable number, 0 = none. "Assign Variable"; event 7:
     ///        "TwoDAxis" or "ThreeDAxis", "GlobalTwoDVector"/"GlobalThreeDVector", "GlobalContour"
     bool assignVariable(UniqueId frame, char assignment, int variable);
-    bool setShowContour(UniqueId frame, bool on);                           ///< "Contour"; event 7 "FieldLayers"
-    bool setShowMesh(UniqueId frame, bool on);                              ///< "Mesh"; event 7 "FieldLayers"
+    bool setShowContour(UniqueId frame, bool on); ///< "Contour"; event 7 "FieldLayers"
+    bool setShowMesh(UniqueId frame, bool on);    ///< "Mesh"; event 7 "FieldLayers"
     /// The first line map shows @p y over @p x of @p zone (numbers). "Line Map"; event 19.
     bool setLinePlot(UniqueId frame, int zone, int x, int y);
 
     // ---- data ------------------------------------------------------------------------------------------------------
-    /// Deletes variables in all zones. Refused: a locked data set, an empty set, a number that does not exist, all variables,
-    /// all enabled variables. "Delete Variable"; event 2. Constant time in the number of points.
+    /// Deletes variables in all zones. Refused: a locked data set, an empty set, a number that does not exist, all
+    /// variables, all enabled variables. "Delete Variable"; event 2. Constant time in the number of points.
     bool deleteVariables(DataSet& dataSet, NumberSet const& variables);
 
     bool renameZone(DataSet& dataSet, int zone, std::string const& name);         ///< "Rename Zone"; event 18
     bool renameVariable(DataSet& dataSet, int variable, std::string const& name); ///< "Rename Variable"; event 17
-    bool setZoneEnabled(DataSet& dataSet, int zone, bool enabled);                ///< "Enable Zone"/"Disable Zone"; event 6
-    bool setVariableEnabled(DataSet& dataSet, int variable, bool enabled);        ///< "Enable Variable"/...; event 3
-    bool setTitle(DataSet& dataSet, std::string const& title);                    ///< "Data Set Title"; event 13
-    void setLock(DataSet& dataSet, std::string const& holder);                    ///< empty holder = unlock; event 14
+    bool setZoneEnabled(DataSet& dataSet, int zone, bool enabled);         ///< "Enable Zone"/"Disable Zone"; event 6
+    bool setVariableEnabled(DataSet& dataSet, int variable, bool enabled); ///< "Enable Variable"/...; event 3
+    bool setTitle(DataSet& dataSet, std::string const& title);             ///< "Data Set Title"; event 13
+    void setLock(DataSet& dataSet, std::string const& holder);             ///< empty holder = unlock; event 14
 
     // ---- undo ------------------------------------------------------------------------------------------------------
     /// Takes the newest step back. The step's own events, then event 24. @return false when there is none

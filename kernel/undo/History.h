@@ -16,10 +16,10 @@ public:
     /// they send their own events. They must not throw: what they need is allocated when the step is made.
     struct Step
     {
-        std::string name;            ///< what the user saw, for instance "Delete Variable"
+        std::string name; ///< what the user saw, for instance "Delete Variable"
         std::function<void()> undo;
         std::function<void()> redo;
-        std::int64_t bytes = 0;      ///< memory that only the history holds
+        std::int64_t bytes = 0; ///< memory that only the history holds
     };
 
     explicit History(std::int64_t memoryLimit);

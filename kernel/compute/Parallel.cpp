@@ -1,0 +1,56 @@
+#include "kernel/compute/Parallel.h"
+
+#include <algorithm>
+#include <exception>
+#include <vector>
+
+namespace veldraw::kernel {
+
+namespace {
+
+constexpr std::int64_t smallestChunk = 64; // also keeps neighbouring chunks from sharing a byte of bits
+constexpr std::int64_t mostChunks = 256;
+
+std::int64_t chunkSize(std::int64_t count)
+{
+    std::int64_t const even = (count + mostChunks - 1) / mostChunks;
+    std::int64_t const rounded = (even + smallestChunk - 1) / smallestChunk * smallestChunk;
+    return std::max(rounded, smallestChunk);
+}
+
+} // namespace
+
+std::int64_t parallelChunkCount(std::int64_t count)
+{
+    if (count <= 0) {
+        return 0;
+    }
+    std::int64_t const size = chunkSize(count);
+    return (count + size - 1) / size;
+}
+
+void parallelFor(std::int64_t count, std::function<void(std::int64_t, std::int64_t, std::int64_t)> const& body)
+{
+    std::int64_t const chunks = parallelChunkCount(count);
+    if (chunks == 0) {
+        return;
+    }
+    std::int64_t const size = chunkSize(count);
+    std::vector<std::exception_ptr> failures(static_cast<std::size_t>(chunks));
+#pragma omp parallel for schedule(dynamic) if (chunks > 1)
+    for (std::int64_t chunk = 0; chunk < chunks; ++chunk) {
+        try {
+            std::int64_t const first = chunk * size;
+            body(first, std::min(first + size, count), chunk);
+        } catch (...) {
+            failures[static_cast<std::size_t>(chunk)] = std::current_exception();
+        }
+    }
+    // The lowest chunk's failure is told, so that the same failure is told every time.
+    auto const failure = std::find_if(failures.begin(), failures.end(), [](auto const& f) { return f != nullptr; });
+    if (failure != failures.end()) {
+        std::rethrow_exception(*failure);
+    }
+}
+
+} // namespace veldraw::kernel

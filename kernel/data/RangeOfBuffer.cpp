@@ -1,0 +1,131 @@
+#include "kernel/data/RangeOfBuffer.h"
+
+#include "kernel/compute/Parallel.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <type_traits>
+#include <vector>
+
+namespace veldraw::kernel {
+
+namespace {
+
+struct Limits
+{
+    double min = std::numeric_limits<double>::infinity();
+    double max = -std::numeric_limits<double>::infinity();
+
+    void add(double low, double high)
+    {
+        min = low < min ? low : min;
+        max = high > max ? high : max;
+    }
+};
+
+/// Limits of the values first ... last - 1; kept in the values' own type, which the compiler can work on side by side.
+template <typename Element>
+void addRun(Element const* values, std::int64_t stride, std::int64_t first, std::int64_t last, Limits& limits)
+{
+    using Bounds = std::numeric_limits<Element>;
+    Element low = Bounds::has_infinity ? Bounds::infinity() : Bounds::max();
+    Element high = Bounds::has_infinity ? -Bounds::infinity() : Bounds::lowest();
+    for (std::int64_t index = first; index < last; ++index) {
+        Element const value = values[index * stride];
+        if constexpr (std::is_floating_point_v<Element>) {
+            bool const finite = std::abs(value) <= Bounds::max();
+            low = finite && value < low ? value : low;
+            high = finite && value > high ? value : high;
+        } else {
+            low = std::min(low, value);
+            high = std::max(high, value);
+        }
+    }
+    if (low <= high) {
+        limits.add(static_cast<double>(low), static_cast<double>(high));
+    }
+}
+
+void addBits(Buffer const& buffer, std::int64_t first, std::int64_t last, Limits& limits)
+{
+    for (std::int64_t index = first; index < last; ++index) {
+        double const value = buffer.value(index);
+        limits.add(value, value);
+    }
+}
+
+void addValues(Buffer const& buffer, std::int64_t first, std::int64_t last, Limits& limits)
+{
+    switch (buffer.type()) {
+    case FieldDataType_Float:
+        return addRun(static_cast<float const*>(buffer.data()), buffer.stride(), first, last, limits);
+    case FieldDataType_Double:
+        return addRun(static_cast<double const*>(buffer.data()), buffer.stride(), first, last, limits);
+    case FieldDataType_Int32:
+        return addRun(static_cast<std::int32_t const*>(buffer.data()), buffer.stride(), first, last, limits);
+    case FieldDataType_Int16:
+        return addRun(static_cast<std::int16_t const*>(buffer.data()), buffer.stride(), first, last, limits);
+    case FieldDataType_Byte:
+        return addRun(static_cast<unsigned char const*>(buffer.data()), buffer.stride(), first, last, limits);
+    case FieldDataType_Bit:
+        return addBits(buffer, first, last, limits);
+    }
+}
+
+/// Limits of the slots first ... last - 1 that belong to a cell, row by row.
+void addCells(Buffer const& buffer, std::array<std::int64_t, 3> const& dims, std::int64_t first, std::int64_t last,
+              Limits& limits)
+{
+    auto const [iDim, jDim, kDim] = dims;
+    for (std::int64_t row = first / iDim; row * iDim < last; ++row) {
+        bool const unusedJ = jDim > 1 && row % jDim == jDim - 1;
+        bool const unusedK = kDim > 1 && row / jDim == kDim - 1;
+        if (unusedJ || unusedK) {
+            continue;
+        }
+        std::int64_t const rowEnd = row * iDim + std::max<std::int64_t>(iDim - 1, 1);
+        addValues(buffer, std::max(first, row * iDim), std::min(last, rowEnd), limits);
+    }
+}
+
+template <typename AddChunk>
+ValueRange inChunks(std::int64_t count, AddChunk const& addChunk)
+{
+    std::vector<Limits> parts(static_cast<std::size_t>(parallelChunkCount(count)));
+    parallelFor(count, [&](std::int64_t first, std::int64_t last, std::int64_t chunk) {
+        Limits limits; // of the chunk's own, so that cores do not write to one cache line
+        addChunk(first, last, limits);
+        parts[static_cast<std::size_t>(chunk)] = limits;
+    });
+    Limits all;
+    for (Limits const& part : parts) {
+        all.add(part.min, part.max);
+    }
+    if (all.min > all.max) {
+        return {};
+    }
+    return {ValueRange::State::Exact, all.min, all.max};
+}
+
+} // namespace
+
+ValueRange rangeOfBuffer(Buffer const& buffer)
+{
+    return inChunks(buffer.size(), [&](std::int64_t first, std::int64_t last, Limits& limits) {
+        addValues(buffer, first, last, limits);
+    });
+}
+
+ValueRange rangeOfCells(Buffer const& buffer, std::array<std::int64_t, 3> const& dims)
+{
+    auto const [iDim, jDim, kDim] = dims;
+    if (iDim < 1 || jDim < 1 || kDim < 1) {
+        return {};
+    }
+    return inChunks(
+        std::min(buffer.size(), iDim * jDim * kDim),
+        [&](std::int64_t first, std::int64_t last, Limits& limits) { addCells(buffer, dims, first, last, limits); });
+}
+
+} // namespace veldraw::kernel

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+
+namespace veldraw::kernel {
+
+/// @p text with the letters A to Z made small; other bytes of UTF-8 stay as they are.
+std::string lowered(std::string text);
+
+/// Order of two texts without regard to the case of A to Z: negative, 0 or positive.
+int compareIgnoringCase(std::string const& left, std::string const& right);
+
+} // namespace veldraw::kernel

@@ -1,0 +1,24 @@
+#include "dialogs/property/CurrentFrame.h"
+
+#include "platform/vdsdkbase/VelUtilDataSet.h"
+#include "platform/vdsdkbase/VelUtilFrame.h"
+#include "platform/vdsdkbase/VelUtilPage.h"
+
+namespace veldraw::sdk::ui::propertymanager {
+
+bool hasCurrentFrame()
+{
+    return VelUtilPageGetCount() > 0 && VelUtilFrameGetCount() > 0;
+}
+
+bool currentFrameHasDataSet()
+{
+    return hasCurrentFrame() && VelUtilDataSetIsAvailable();
+}
+
+bool currentFrameHasPlotType(PlotType_e plotType)
+{
+    return hasCurrentFrame() && VelUtilFrameGetPlotType() == plotType;
+}
+
+} // namespace veldraw::sdk::ui::propertymanager

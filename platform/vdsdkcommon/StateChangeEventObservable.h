@@ -1,0 +1,71 @@
+#pragma once
+
+#include "platform/PlatformApi.h"
+#include "platform/vdtoolbox/StateChangeEventInterface.h"
+
+#include <boost/signals2/signal.hpp>
+
+#include <vector>
+
+namespace veldraw::toolbox {
+class StateChangeListenerInterface;
+}
+
+namespace veldraw::sdk::integration {
+
+/// The one source of state changes. It is never destroyed, so whoever listens may go at any time, even while the
+/// process ends.
+///
+/// An event is delivered synchronously, listeners first, in the order in which they were added, then the signal's
+/// slots. Who is added during a delivery hears from the next event on; who is removed is not called any more. A
+/// listener or slot that throws does not keep the others from hearing the event.
+class VELDRAW_PLATFORM_API StateChangeEventObservable
+{
+public:
+    /// Calls a slot and the next ones even when one throws; an event has no answer.
+    struct VELDRAW_PLATFORM_API CallAll
+    {
+        typedef void result_type;
+
+        template <typename Iterator>
+        void operator()(Iterator first, Iterator last) const
+        {
+            for (; first != last; ++first) {
+                try {
+                    *first;
+                } catch (...) {
+                    reportException();
+                }
+            }
+        }
+    };
+    typedef boost::signals2::signal<void(toolbox::StateChangeEventInterface const&), CallAll> StateChangeSignal;
+
+    static StateChangeEventObservable& getInstance();
+
+    /// Adds a listener, which stays the caller's and must be removed before it goes. Adding it again changes nothing.
+    virtual void addListener(toolbox::StateChangeListenerInterface* listener);
+    virtual bool hasListener(toolbox::StateChangeListenerInterface* listener) const;
+    virtual void removeListener(toolbox::StateChangeListenerInterface* listener);
+
+    boost::signals2::connection connectStateChanged(StateChangeSignal::slot_type const& slot);
+
+    /// Delivers an event. For whoever hears the kernel.
+    void notify(toolbox::StateChangeEventInterface const& event);
+
+    /// Number of listeners and connected slots.
+    int listenerCount() const;
+
+    StateChangeEventObservable(StateChangeEventObservable const&) = delete;
+    StateChangeEventObservable& operator=(StateChangeEventObservable const&) = delete;
+
+private:
+    StateChangeEventObservable();
+    virtual ~StateChangeEventObservable();
+    static void reportException();
+
+    std::vector<toolbox::StateChangeListenerInterface*> m_listeners;
+    StateChangeSignal m_signal;
+};
+
+} // namespace veldraw::sdk::integration

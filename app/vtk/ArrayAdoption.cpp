@@ -1,0 +1,120 @@
+#include "app/vtk/ArrayAdoption.h"
+
+#include "app/vtk/DataTypes.h"
+
+#include <vtkSmartPointer.h>
+
+#include <cmath>
+#include <limits>
+
+namespace veldraw::app {
+
+namespace {
+
+constexpr double largestExactInteger = 9007199254740992.0; // 2^53
+
+bool kernelHasType(int vtkType)
+{
+    return vtkType == VTK_FLOAT || vtkType == VTK_DOUBLE || vtkType == VTK_INT || vtkType == VTK_SHORT ||
+           vtkType == VTK_UNSIGNED_CHAR || vtkType == VTK_BIT;
+}
+
+FieldDataType_e kernelTypeOf(int vtkType)
+{
+    for (auto type :
+         {FieldDataType_Float, FieldDataType_Double, FieldDataType_Int32, FieldDataType_Int16, FieldDataType_Byte}) {
+        if (vtkTypeOf(type) == vtkType)
+            return type;
+    }
+    return FieldDataType_Bit;
+}
+
+// Largest magnitude of all components, and whether everything fits into 32 bits.
+struct IntegerLimits
+{
+    explicit IntegerLimits(vtkDataArray& array)
+    {
+        for (vtkIdType tuple = 0; tuple < array.GetNumberOfTuples(); ++tuple) {
+            for (int component = 0; component < array.GetNumberOfComponents(); ++component) {
+                double const value = array.GetComponent(tuple, component);
+                fits32 = fits32 && value >= std::numeric_limits<std::int32_t>::min() &&
+                         value <= std::numeric_limits<std::int32_t>::max();
+                exact = exact && std::abs(value) <= largestExactInteger;
+            }
+        }
+    }
+
+    bool fits32 = true;
+    bool exact = true;
+};
+
+struct Conversion
+{
+    FieldDataType_e type;
+    char const* remark;
+};
+
+Conversion conversionOf(vtkDataArray& array)
+{
+    switch (array.GetDataType()) {
+    case VTK_CHAR:
+    case VTK_SIGNED_CHAR:
+        return {FieldDataType_Int16, "8-bit signed integers were converted to 16-bit integers"};
+    case VTK_UNSIGNED_SHORT:
+        return {FieldDataType_Int32, "16-bit unsigned integers were converted to 32-bit integers"};
+    default:
+        break;
+    }
+    IntegerLimits const limits(array);
+    char const* const bits = array.GetDataTypeSize() == 8
+                                 ? "64-bit integers were converted to 32-bit integers"
+                                 : "32-bit unsigned integers were converted to 32-bit integers";
+    if (limits.fits32)
+        return {FieldDataType_Int32, bits};
+    if (limits.exact)
+        return {FieldDataType_Double, "large integers were converted to double"};
+    return {FieldDataType_Double, "large integers were converted to double and have lost their last digits"};
+}
+
+std::vector<std::shared_ptr<kernel::Buffer>> copied(vtkDataArray& array, FieldDataType_e type)
+{
+    std::vector<std::shared_ptr<kernel::Buffer>> result;
+    for (int component = 0; component < array.GetNumberOfComponents(); ++component) {
+        auto buffer = kernel::Buffer::allocate(type, array.GetNumberOfTuples());
+        for (vtkIdType tuple = 0; tuple < array.GetNumberOfTuples(); ++tuple)
+            buffer->setValue(tuple, array.GetComponent(tuple, component));
+        result.push_back(std::move(buffer));
+    }
+    return result;
+}
+
+std::vector<std::shared_ptr<kernel::Buffer>> adopted(vtkDataArray& array, FieldDataType_e type)
+{
+    // The deleter holds the reference: the owner's address is the array itself.
+    std::shared_ptr<void> const owner(&array, [keeper = vtkSmartPointer<vtkDataArray>(&array)](void*) {});
+    auto* const memory = static_cast<char*>(array.GetVoidPointer(0));
+    int const stride = array.GetNumberOfComponents();
+    std::vector<std::shared_ptr<kernel::Buffer>> result;
+    for (int component = 0; component < stride; ++component) {
+        result.push_back(
+            kernel::Buffer::adopt(type, array.GetNumberOfTuples(), memory + component * bytesOf(type), stride, owner));
+    }
+    return result;
+}
+
+} // namespace
+
+AdoptedArray adoptArray(vtkDataArray& array)
+{
+    int const vtkType = array.GetDataType();
+    if (!kernelHasType(vtkType)) {
+        Conversion const conversion = conversionOf(array);
+        return {copied(array, conversion.type), conversion.remark};
+    }
+    FieldDataType_e const type = kernelTypeOf(vtkType);
+    bool const inPlace =
+        array.HasStandardMemoryLayout() && (type != FieldDataType_Bit || array.GetNumberOfComponents() == 1);
+    return {inPlace ? adopted(array, type) : copied(array, type), {}};
+}
+
+} // namespace veldraw::app

@@ -1,0 +1,98 @@
+#include "app/vtk/VtkErrorCapture.h"
+
+#include <vtkObjectFactory.h>
+
+#include <algorithm>
+#include <mutex>
+
+namespace veldraw::app {
+
+namespace {
+
+// "ERROR: In file, line 1\nvtkThing (0x1234): Text\n\n" becomes "Text".
+std::string cleaned(std::string const& text)
+{
+    std::size_t start = text.find('\n');
+    start = start == std::string::npos ? 0 : start + 1;
+    std::size_t const object = text.find("): ", start);
+    if (object != std::string::npos)
+        start = object + 3;
+    std::string result;
+    for (char c : text.substr(start)) {
+        bool const space = c == '\n' || c == '\r' || c == '\t' || c == ' ';
+        if (!space)
+            result += c;
+        else if (!result.empty() && result.back() != ' ')
+            result += ' ';
+    }
+    while (!result.empty() && (result.back() == ' ' || result.back() == '.'))
+        result.pop_back();
+    return result;
+}
+
+} // namespace
+
+class VtkErrorCapture::Window : public vtkOutputWindow
+{
+public:
+    vtkTypeMacro(Window, vtkOutputWindow)
+    static Window* New();
+
+    void DisplayText(char const*) override {}
+    void DisplayErrorText(char const* text) override { add(errors, text); }
+    void DisplayWarningText(char const* text) override { add(warnings, text); }
+    void DisplayGenericWarningText(char const* text) override { add(warnings, text); }
+    void DisplayDebugText(char const*) override {}
+
+    std::mutex mutex; // VTK's own worker threads may complain too
+    std::vector<std::string> errors;
+    std::vector<std::string> warnings;
+
+protected:
+    void add(std::vector<std::string>& list, char const* text)
+    {
+        std::lock_guard<std::mutex> const lock(mutex);
+        // A damaged file can cause a complaint a value; the first ones tell what matters.
+        if (list.size() < 20)
+            list.push_back(cleaned(text ? text : ""));
+    }
+};
+
+vtkStandardNewMacro(VtkErrorCapture::Window)
+
+VtkErrorCapture::VtkErrorCapture()
+    : m_window(vtkSmartPointer<Window>::New())
+    , m_previous(vtkOutputWindow::GetInstance())
+{
+    vtkOutputWindow::SetInstance(m_window);
+}
+
+VtkErrorCapture::~VtkErrorCapture()
+{
+    vtkOutputWindow::SetInstance(m_previous);
+}
+
+bool VtkErrorCapture::hasErrors() const
+{
+    std::lock_guard<std::mutex> const lock(m_window->mutex);
+    return !m_window->errors.empty();
+}
+
+std::string VtkErrorCapture::firstError() const
+{
+    std::lock_guard<std::mutex> const lock(m_window->mutex);
+    return m_window->errors.empty() ? std::string() : m_window->errors.front();
+}
+
+std::vector<std::string> VtkErrorCapture::warnings() const
+{
+    std::lock_guard<std::mutex> const lock(m_window->mutex);
+    std::vector<std::string> result;
+    for (std::string const& warning : m_window->warnings) {
+        if (std::find(result.begin(), result.end(), warning) == result.end())
+            result.push_back(warning);
+    }
+    return result;
+}
+
+} // namespace veldraw::app

@@ -1,0 +1,36 @@
+#pragma once
+
+/// @file
+/// The closed lists of value types for which the binding templates are compiled, each once.
+
+#include "platform/vdsdkbase/VelUtilTypes.h"
+
+#include <string>
+
+/// Calls M(T) for each type that the bindings inside the library tie to a widget; `std::string` is exported and stands
+/// apart.
+#define VELDRAW_FOR_EACH_LOCALLY_BOUND_TYPE(M)                                                                         \
+    M(int)                                                                                                             \
+    M(long long)                                                                                                       \
+    M(double)                                                                                                          \
+    M(bool)                                                                                                            \
+    M(char)                                                                                                            \
+    M(AuxDataLocation_e)                                                                                               \
+    M(BoundaryCondition_e)                                                                                             \
+    M(Drift_e)                                                                                                         \
+    M(FourierPlotDisplayType_e)                                                                                        \
+    M(IJKPlanes_e)                                                                                                     \
+    M(LinearInterpMode_e)                                                                                              \
+    M(NumberFormat_e)                                                                                                  \
+    M(PtSelection_e)                                                                                                   \
+    M(ValueLocation_e)                                                                                                 \
+    M(ThetaMode_e)                                                                                                     \
+    M(WindowFunction_e)
+
+/// Calls M(T) for each type that bindings with Qt slots of their own tie to a widget.
+#define VELDRAW_FOR_EACH_QOBJECT_BOUND_TYPE(M)                                                                         \
+    M(int)                                                                                                             \
+    M(long long)                                                                                                       \
+    M(double)                                                                                                          \
+    M(bool)                                                                                                            \
+    M(std::string)

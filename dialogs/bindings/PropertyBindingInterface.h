@@ -1,0 +1,19 @@
+#pragma once
+
+#include "dialogs/bindings/BindingInterface.h"
+
+namespace veldraw::sdk::ui::dialogs::propertybindings {
+
+/// What a binding of one widget to one property can do: bring the widget up to date.
+class PropertyBindingInterface : public virtual BindingInterface
+{
+public:
+    /// Reads the property, writes the widget.
+    virtual void updateWidgetValue() = 0;
+    /// Shows or hides the widget as the property's user-interface side says.
+    virtual void updateWidgetVisibility() = 0;
+    /// Enables or disables the widget as the property's user-interface side says.
+    virtual void updateWidgetSensitivity() = 0;
+};
+
+} // namespace veldraw::sdk::ui::dialogs::propertybindings

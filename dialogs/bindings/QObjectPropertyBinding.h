@@ -1,0 +1,44 @@
+#pragma once
+
+#include "dialogs/bindings/UIPropertyBindingAbstract.h"
+
+#include <QObject>
+
+namespace veldraw::sdk::ui::dialogs::propertybindings {
+
+/// The base of bindings that are `QObject`s with slots of their own. The road from the property to the widget is that
+/// of `UIPropertyBindingAbstract`, with its rules. A concrete class puts this base first and may carry `Q_OBJECT`; the
+/// template can't.
+template <typename T>
+class QObjectPropertyBinding : public QObject, public virtual PropertyBindingInterface
+{
+public:
+    /// Follows value, visibility and sensitivity. The caller keeps the property alive.
+    QObjectPropertyBinding(UIStylePropertyAbstract<T>& uiProperty, WidgetUpdateMode_e mode);
+    /// Follows the value; keeps the property alive.
+    QObjectPropertyBinding(boost::shared_ptr<PropertyAbstract<T>> property, WidgetUpdateMode_e mode);
+    /// The same for a widget that only shows: nothing may be written through property().
+    QObjectPropertyBinding(boost::shared_ptr<PropertyAbstract<T> const> property, WidgetUpdateMode_e mode);
+    ~QObjectPropertyBinding() override;
+
+    PropertyAbstract<T>& property();
+    /// Only for a binding that was made with a user-interface property.
+    UIPropertyInterface& uiProperty();
+
+protected:
+    /// Schedules one write of the widget for the next idle moment.
+    void updateValueOnIdle();
+    void startListeningToProperty();
+    /// See `UIPropertyBindingAbstract`.
+    void stopListeningToProperty();
+
+private:
+    class Road;
+    std::unique_ptr<Road> const m_road;
+};
+
+#define VELDRAW_DECLARE(T) extern template class QObjectPropertyBinding<T>;
+VELDRAW_FOR_EACH_QOBJECT_BOUND_TYPE(VELDRAW_DECLARE)
+#undef VELDRAW_DECLARE
+
+} // namespace veldraw::sdk::ui::dialogs::propertybindings

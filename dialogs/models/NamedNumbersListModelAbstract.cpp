@@ -1,0 +1,56 @@
+#include "dialogs/models/NamedNumbersListModelAbstract.h"
+
+#include <cstddef>
+#include <utility>
+
+namespace veldraw::sdk::ui::dialogs::propertybindings::models {
+
+namespace {
+
+// Each row that is told makes a list view read its whole selection; beyond this one reset is cheaper for everybody.
+constexpr std::size_t mostRowsToldOneByOne = 100;
+
+} // namespace
+
+NamedNumbersListModelAbstract::NamedNumbersListModelAbstract() = default;
+
+int NamedNumbersListModelAbstract::size() const
+{
+    return m_shown.size();
+}
+
+int NamedNumbersListModelAbstract::get(int index) const
+{
+    return m_shown.numbers.at(static_cast<std::size_t>(index));
+}
+
+std::string NamedNumbersListModelAbstract::getStr(int index) const
+{
+    return m_shown.text(index);
+}
+
+NamedNumbers const& NamedNumbersListModelAbstract::shown() const
+{
+    return m_shown;
+}
+
+void NamedNumbersListModelAbstract::show(NamedNumbers&& snapshot) const
+{
+    NamedNumbers const before = std::exchange(m_shown, std::move(snapshot));
+    if (m_shown.numbers != before.numbers) {
+        signalDataChanged();
+        return;
+    }
+    std::vector<int> const rows = m_shown.rowsNamedOtherwise(before);
+    if (rows.size() > mostRowsToldOneByOne) {
+        signalDataChanged();
+        return;
+    }
+    for (int const row : rows) {
+        // A listener may have changed what the list shows.
+        if (row < m_shown.size())
+            signalItemChanged(row);
+    }
+}
+
+} // namespace veldraw::sdk::ui::dialogs::propertybindings::models

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "dialogs/models/ListModelAbstract.h"
+#include "dialogs/models/NamedNumbers.h"
+
+namespace veldraw::sdk::ui::dialogs::propertybindings::models {
+
+/// A list over a snapshot of numbered, named things of the kernel. The snapshot changes only when a derived class shows
+/// a new one, so rows never move between two signals.
+class NamedNumbersListModelAbstract : public ListModelAbstract<int>
+{
+public:
+    int size() const override;
+    /// The number.
+    int get(int index) const override;
+    std::string getStr(int index) const override;
+
+protected:
+    NamedNumbersListModelAbstract();
+
+    NamedNumbers const& shown() const;
+
+    /// Takes a new snapshot and tells what it changed: nothing if it is equal, `signalItemChanged` a row if only names
+    /// differ, `signalDataChanged` if the numbers do, or if so many names do that the list has become another one.
+    void show(NamedNumbers&& snapshot) const;
+
+private:
+    mutable NamedNumbers m_shown;
+};
+
+} // namespace veldraw::sdk::ui::dialogs::propertybindings::models

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "dialogs/models/ZoneVarListModelAbstract.h"
+
+namespace veldraw::sdk::ui::dialogs::propertybindings::models {
+
+/// A list of zones of the active frame's data set.
+class ZoneListModel : public ZoneVarListModelAbstract
+{
+public:
+    /// @param source which zones, of a frame by unique identifier
+    /// @param editable whether zones can be renamed in place
+    ZoneListModel(Source const& source, bool editable);
+};
+
+} // namespace veldraw::sdk::ui::dialogs::propertybindings::models

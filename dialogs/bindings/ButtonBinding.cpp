@@ -1,0 +1,46 @@
+#include "dialogs/bindings/ButtonBinding.h"
+
+#include <QAbstractButton>
+#include <QAbstractSpinBox>
+#include <QLineEdit>
+#include <QPointer>
+
+namespace veldraw::sdk::ui::dialogs::propertybindings {
+
+namespace {
+
+bool takesText(QWidget const* widget)
+{
+    return qobject_cast<QLineEdit const*>(widget) || qobject_cast<QAbstractSpinBox const*>(widget);
+}
+
+// False when the field keeps the focus, since it refused what was typed.
+bool commitPendingText(QAbstractButton& button)
+{
+    QWidget const& window = *button.window();
+    QPointer<QWidget> const field = window.focusWidget();
+    if (!takesText(field))
+        return true;
+    button.setFocus(Qt::ShortcutFocusReason);
+    return window.focusWidget() != field;
+}
+
+} // namespace
+
+ButtonBinding::ButtonBinding(QAbstractButton& button, boost::function<void()> const& function)
+    : m_button(button)
+    , m_function(function)
+{
+    connect(&button, &QAbstractButton::clicked, this, &ButtonBinding::onClicked);
+}
+
+ButtonBinding::~ButtonBinding() = default;
+
+void ButtonBinding::onClicked()
+{
+    QPointer<ButtonBinding> const self = this;
+    if (commitPendingText(m_button) && self)
+        m_function();
+}
+
+} // namespace veldraw::sdk::ui::dialogs::propertybindings

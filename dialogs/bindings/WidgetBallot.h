@@ -1,0 +1,33 @@
+#pragma once
+
+#include "dialogs/bindings/WidgetVote.h"
+
+#include <QObject>
+
+#include <array>
+#include <map>
+
+namespace veldraw::sdk::ui::dialogs::propertybindings {
+
+/// The votes on one widget or action; its child, so that it ends with it.
+class WidgetBallot : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The ballot of a `QWidget` or `QAction`, made on first use; null for anything else.
+    static WidgetBallot* of(QObject* target);
+
+    void cast(WidgetVote const* vote, WidgetVote::Effect effect, bool yes);
+    void withdraw(WidgetVote const* vote, WidgetVote::Effect effect);
+
+private:
+    using Votes = std::map<WidgetVote const*, bool>;
+
+    explicit WidgetBallot(QObject& target);
+    void apply(WidgetVote::Effect effect);
+
+    std::array<Votes, 2> m_votes; // by effect
+};
+
+} // namespace veldraw::sdk::ui::dialogs::propertybindings

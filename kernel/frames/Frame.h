@@ -38,6 +38,8 @@ struct Frame
     UniqueId contourVariable = 0;
     bool showContour = true;
     bool showMesh = false;
+    bool showLines = true;    ///< of line plots
+    bool showSymbols = false; ///< of line plots
     std::vector<LineMap> lineMaps;
     AuxiliaryData auxiliaryData;
 };

@@ -2,7 +2,9 @@
 
 #include "kernel/data/AuxiliaryData.h"
 #include "kernel/data/Identifier.h"
+#include "kernel/frames/IndexRange.h"
 
+#include <array>
 #include <string>
 
 namespace veldraw::kernel {
@@ -17,6 +19,7 @@ struct LineMap
     UniqueId xVariable = 0;
     UniqueId yVariable = 0;
     bool active = true;
+    std::array<IndexRange, 3> indices{}; ///< points that are drawn, along I, J and K
     AuxiliaryData auxiliaryData;
 };
 

@@ -11,4 +11,10 @@ struct Rectangle
     double height = 0.0;
 };
 
+inline bool operator==(Rectangle const& a, Rectangle const& b)
+{
+    auto const same = [](double left, double right) { return !(left < right) && !(right < left); };
+    return same(a.x, b.x) && same(a.y, b.y) && same(a.width, b.width) && same(a.height, b.height);
+}
+
 } // namespace veldraw::kernel

@@ -1,9 +1,13 @@
 #pragma once
 
 #include "kernel/events/EventHub.h"
+#include "kernel/frames/Display.h"
 #include "kernel/frames/Page.h"
+#include "kernel/frames/Pick.h"
 #include "kernel/undo/History.h"
 
+#include <atomic>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -22,6 +26,7 @@ public:
     /// The kernel behind the C functions.
     static Session& instance();
 
+    /// Starts with an empty page.
     Session();
     ~Session();
 
@@ -79,6 +84,20 @@ public:
     /// The first line map shows @p y over @p x of @p zone (numbers). "Line Map"; event 19.
     bool setLinePlot(UniqueId frame, int zone, int x, int y);
 
+    bool setShowLines(UniqueId frame, bool on);   ///< "Line Layers"; event 7 "LinePlotLayers"
+    bool setShowSymbols(UniqueId frame, bool on); ///< "Line Layers"; event 7 "LinePlotLayers"
+
+    // ---- line maps -------------------------------------------------------------------------------------------------
+    /// Appends a line map: first zone, second over first variable. Refused without a data set. "New Line Map"; event 19.
+    bool createLineMap(UniqueId frame);
+
+    /// Deletes line maps by their one-based numbers; true without a step when there is nothing to delete.
+    /// "Delete Line Map"; event 19.
+    bool deleteLineMaps(UniqueId frame, NumberSet const& maps);
+
+    /// Alters line maps by their one-based numbers; nothing is changed when @p alter throws. "Line Map"; event 19.
+    bool changeLineMaps(UniqueId frame, NumberSet const& maps, std::function<void(LineMap&)> const& alter);
+
     // ---- data ------------------------------------------------------------------------------------------------------
     /// Deletes variables in all zones. Refused: a locked data set, an empty set, a number that does not exist, all
     /// variables, all enabled variables. "Delete Variable"; event 2. Constant time in the number of points.
@@ -96,18 +115,76 @@ public:
     bool undo();
     bool redo();
 
+    // ---- walk over the frames of the active page -------------------------------------------------------------------
+    /// Stands on the first frame, which counts as the active one until the walk goes on or ends. Nothing is sent.
+    /// @return false when there is no frame
+    bool startFrameLoop();
+    bool nextFrameInLoop(); ///< @return false, standing where it stood, when there is no further frame
+    void endFrameLoop();
+
+    // ---- what the user does in the work area -----------------------------------------------------------------------
+    std::vector<Pick> const& picks() const { return m_picks; }
+    void setPicks(std::vector<Pick> picks); ///< event 25
+
+    int mouseMode() const { return m_mouseMode; }
+    static bool isMouseMode(int mode);
+    bool setMouseMode(int mode); ///< event 26 when it is another mode; false for a number that is no mode
+
+    /// Set by the user's cancel, taken back when the next operation starts. May be asked for and set on any thread.
+    bool isInterrupted() const { return m_isInterrupted; }
+    void setInterrupted(bool interrupted) { m_isInterrupted = interrupted; }
+
+    // ---- the screen ------------------------------------------------------------------------------------------------
+    /// What draws the pages; null (as at first) when nothing does. Not owned: to be taken back before it goes.
+    void setDisplay(Display* display) { m_display = display; }
+    Display* display() const { return m_display; }
+
+    /// Suspends drawing, or resumes it and draws what has changed.
+    void setDrawing(bool on);
+    bool isDrawing() const { return m_isDrawing; }
+
+    /// Fits the active frame's view to its data. @return false when there is no frame or no data set
+    bool fitData();
+
+    /// Brings all frames of the page into view. @return false when there is no page
+    bool fitAllFrames();
+
+    /// Tells the listeners that the process ends. Event 15; nothing follows it.
+    void goDown();
+
     /// Why the last refused operation was refused, in words for the message log.
     std::string const& lastError() const { return m_lastError; }
     void setLastError(std::string error) { m_lastError = std::move(error); }
+
+    /// Notes why an operation is refused; always false.
+    bool refuse(char const* reason) noexcept;
 
     Session(Session const&) = delete;
     Session& operator=(Session const&) = delete;
 
 private:
+    std::shared_ptr<Page> pageOf(UniqueId frame) const;
+    std::shared_ptr<DataSet> owned(DataSet const& dataSet) const;
+    void insertFrame(std::shared_ptr<Page> const& page, std::shared_ptr<Frame> frame, bool tile);
+    void emitActiveFrame(StateChange_e before);
+    void replaceLineMaps(char const* step, std::shared_ptr<Frame> const& frame, std::vector<LineMap> maps);
+    bool setLayer(UniqueId frame, bool Frame::*layer, bool on, char const* step, char const* group, char const* name);
+
+    /// Gives @p target another value in one undoable step; nothing at all happens when it has the value already.
+    template <typename Value>
+    void change(char const* step, std::shared_ptr<void> owner, Value& target, Value value, StateChangeEvent event);
+
     EventHub m_events;
     History m_history;
     std::vector<std::shared_ptr<Page>> m_pages;
     UniqueId m_activePage = 0;
+    std::vector<std::weak_ptr<Frame>> m_loopFrames;
+    std::size_t m_loopPosition = 0;
+    std::vector<Pick> m_picks;
+    int m_mouseMode;
+    std::atomic<bool> m_isInterrupted{false};
+    Display* m_display = nullptr;
+    bool m_isDrawing = true;
     std::string m_lastError;
 };
 

@@ -1,0 +1,48 @@
+#include "kernel/frames/Frame.h"
+
+namespace veldraw::kernel {
+
+Frame::Frame(std::string frameName, Rectangle frameRectangle)
+    : id(nextUniqueId())
+    , name(std::move(frameName))
+    , rectangle(frameRectangle)
+{
+}
+
+std::array<int, 3> Frame::axisVariables() const
+{
+    if (!dataSet) {
+        return {};
+    }
+    if (plotType == PlotType_Cartesian2D) {
+        return {dataSet->variableNumber(axes2D[0]), dataSet->variableNumber(axes2D[1]), 0};
+    }
+    return {dataSet->variableNumber(axes3D[0]), dataSet->variableNumber(axes3D[1]), dataSet->variableNumber(axes3D[2])};
+}
+
+int Frame::variableNumber(char assignment) const
+{
+    if (!dataSet) {
+        return 0;
+    }
+    switch (assignment) {
+    case 'X':
+        return axisVariables()[0];
+    case 'Y':
+        return axisVariables()[1];
+    case 'Z':
+        return axisVariables()[2];
+    case 'U':
+        return dataSet->variableNumber(vector[0]);
+    case 'V':
+        return dataSet->variableNumber(vector[1]);
+    case 'W':
+        return dataSet->variableNumber(vector[2]);
+    case 'C':
+        return dataSet->variableNumber(contourVariable);
+    default:
+        return 0;
+    }
+}
+
+} // namespace veldraw::kernel

@@ -1,0 +1,134 @@
+#include "kernel/frames/FrameDefaults.h"
+
+#include "kernel/data/Text.h"
+
+#include <algorithm>
+#include <initializer_list>
+
+namespace veldraw::kernel {
+
+namespace {
+
+using Axes = std::array<UniqueId, 3>;
+using Names = std::initializer_list<char const*>;
+
+/// The letters and digits of @p name before its unit, made small: "Velocity_X (m/s)" gives "velocityx".
+std::string bareName(std::string const& name)
+{
+    std::string bare = lowered(name.substr(0, name.find_first_of("[({")));
+    auto const isOther = [](char c) { return !((c >= 'a' && c <= 'z') || (c >= '0' && c <= '9')); };
+    bare.erase(std::remove_if(bare.begin(), bare.end(), isOther), bare.end());
+    return bare;
+}
+
+UniqueId variableNamed(DataSet const& dataSet, Names names)
+{
+    for (char const* wanted : names) {
+        for (auto const& variable : dataSet.variables()) {
+            if (bareName(variable->name) == wanted) {
+                return variable->id;
+            }
+        }
+    }
+    return 0;
+}
+
+UniqueId idOf(DataSet const& dataSet, int number)
+{
+    std::shared_ptr<Variable> const variable = dataSet.variable(number);
+    return variable ? variable->id : 0;
+}
+
+Axes pickAxes(DataSet const& dataSet)
+{
+    UniqueId const x = variableNamed(dataSet, {"x", "coordinatex", "xcoordinate", "coordx", "pointsx", "points0"});
+    UniqueId const y = variableNamed(dataSet, {"y", "coordinatey", "ycoordinate", "coordy", "pointsy", "points1"});
+    if (x == 0 || y == 0) {
+        return {idOf(dataSet, 1), idOf(dataSet, 2), idOf(dataSet, 3)};
+    }
+    return {x, y, variableNamed(dataSet, {"z", "coordinatez", "zcoordinate", "coordz", "pointsz", "points2"})};
+}
+
+Axes pickVector(DataSet const& dataSet)
+{
+    UniqueId const u = variableNamed(dataSet, {"u", "velocityx", "xvelocity", "velocity0", "velx", "vx"});
+    UniqueId const v = variableNamed(dataSet, {"v", "velocityy", "yvelocity", "velocity1", "vely", "vy"});
+    if (u == 0 || v == 0) {
+        return {};
+    }
+    return {u, v, variableNamed(dataSet, {"w", "velocityz", "zvelocity", "velocity2", "velz", "vz"})};
+}
+
+UniqueId pickContour(DataSet const& dataSet, Axes const& axes)
+{
+    for (auto const& variable : dataSet.variables()) {
+        if (variable->enabled && std::find(axes.begin(), axes.end(), variable->id) == axes.end()) {
+            return variable->id;
+        }
+    }
+    return idOf(dataSet, 1);
+}
+
+bool hasExtent(DataSet const& dataSet, int variable)
+{
+    ValueRange whole;
+    for (auto const& zone : dataSet.zones()) {
+        ValueRange const part = zone->range(variable);
+        if (!part.isValid()) {
+            continue;
+        }
+        whole.min = whole.isValid() ? std::min(whole.min, part.min) : part.min;
+        whole.max = whole.isValid() ? std::max(whole.max, part.max) : part.max;
+        whole.state = part.state;
+    }
+    return whole.isValid() && whole.min < whole.max;
+}
+
+PlotType_e pickPlotType(DataSet const& dataSet, Axes const& axes)
+{
+    auto const& zones = dataSet.zones();
+    if (zones.empty() || dataSet.variableCount() == 0) {
+        return PlotType_Sketch;
+    }
+    auto const isLine = [](auto const& zone) { return zone->isOrdered() && zone->dimensionality() <= 1; };
+    if (dataSet.variableCount() >= 2 && std::all_of(zones.begin(), zones.end(), isLine)) {
+        return PlotType_XYLine;
+    }
+    auto const isVolume = [](auto const& zone) { return zone->dimensionality() == 3; };
+    bool const inSpace = std::any_of(zones.begin(), zones.end(), isVolume);
+    return inSpace || hasExtent(dataSet, dataSet.variableNumber(axes[2])) ? PlotType_Cartesian3D : PlotType_Cartesian2D;
+}
+
+} // namespace
+
+void layOut(Frame& frame)
+{
+    if (!frame.dataSet) {
+        return;
+    }
+    DataSet const& dataSet = *frame.dataSet;
+    Axes const axes = pickAxes(dataSet);
+    std::vector<LineMap> lineMaps;
+    if (dataSet.zoneCount() > 0 && dataSet.variableCount() > 0) {
+        lineMaps.push_back(defaultLineMap(dataSet, 1));
+    }
+    frame.vector = pickVector(dataSet);
+    frame.contourVariable = pickContour(dataSet, axes);
+    frame.plotType = pickPlotType(dataSet, axes);
+    frame.axes3D = axes;
+    frame.axes2D = {axes[0], axes[1]};
+    frame.lineMaps = std::move(lineMaps);
+}
+
+LineMap defaultLineMap(DataSet const& dataSet, std::size_t number)
+{
+    LineMap map;
+    map.name = "Map " + std::to_string(number);
+    std::shared_ptr<Zone> const zone = dataSet.zone(1);
+    map.zone = zone ? zone->id : 0;
+    map.xVariable = idOf(dataSet, 1);
+    map.yVariable = idOf(dataSet, dataSet.variableCount() > 1 ? 2 : 1);
+    return map;
+}
+
+} // namespace veldraw::kernel

@@ -1,0 +1,196 @@
+#include "kernel/frames/Session.h"
+
+#include "kernel/frames/MouseMode.h"
+#include "kernel/frames/SessionGuard.h"
+
+#include <algorithm>
+#include <unistd.h>
+
+namespace veldraw::kernel {
+
+namespace {
+
+/// A quarter of the machine's memory, at least 1 GiB.
+std::int64_t historyLimit()
+{
+    std::int64_t const gibibyte = std::int64_t{1} << 30;
+    std::int64_t const memory = static_cast<std::int64_t>(sysconf(_SC_PHYS_PAGES)) * sysconf(_SC_PAGESIZE);
+    return std::max(memory / 4, gibibyte);
+}
+
+} // namespace
+
+Session& Session::instance()
+{
+    static auto* const session = new Session; // never destroyed: static objects of others may still call the kernel
+    return *session;
+}
+
+Session::Session()
+    : m_history(historyLimit())
+    , m_mouseMode(static_cast<int>(MouseMode::Select))
+{
+    m_pages.push_back(std::make_shared<Page>());
+    m_activePage = m_pages.back()->id;
+}
+
+Session::~Session() = default;
+
+std::shared_ptr<Page> Session::activePage() const
+{
+    auto const found =
+        std::find_if(m_pages.begin(), m_pages.end(), [this](auto const& page) { return page->id == m_activePage; });
+    return found == m_pages.end() ? nullptr : *found;
+}
+
+std::shared_ptr<Frame> Session::activeFrame() const
+{
+    if (m_loopPosition < m_loopFrames.size()) {
+        std::shared_ptr<Frame> walked = m_loopFrames[m_loopPosition].lock();
+        if (walked && pageOf(walked->id)) {
+            return walked;
+        }
+    }
+    std::shared_ptr<Page> const page = activePage();
+    return page ? frame(page->activeFrame) : nullptr;
+}
+
+std::shared_ptr<DataSet> Session::activeDataSet() const
+{
+    std::shared_ptr<Frame> const active = activeFrame();
+    return active ? active->dataSet : nullptr;
+}
+
+std::shared_ptr<Frame> Session::frame(UniqueId id) const
+{
+    for (auto const& page : m_pages) {
+        for (auto const& each : page->frames) {
+            if (each->id == id) {
+                return each;
+            }
+        }
+    }
+    return nullptr;
+}
+
+std::shared_ptr<Page> Session::pageOf(UniqueId frame) const
+{
+    for (auto const& page : m_pages) {
+        auto const& frames = page->frames;
+        if (std::any_of(frames.begin(), frames.end(), [frame](auto const& each) { return each->id == frame; })) {
+            return page;
+        }
+    }
+    return nullptr;
+}
+
+std::shared_ptr<DataSet> Session::dataSet(UniqueId id) const
+{
+    for (auto const& page : m_pages) {
+        for (auto const& each : page->frames) {
+            if (each->dataSet && each->dataSet->id() == id) {
+                return each->dataSet;
+            }
+        }
+    }
+    return nullptr;
+}
+
+std::shared_ptr<DataSet> Session::owned(DataSet const& dataSet) const
+{
+    return this->dataSet(dataSet.id());
+}
+
+std::vector<std::shared_ptr<Frame>> Session::framesOf(DataSet const& dataSet) const
+{
+    std::vector<std::shared_ptr<Frame>> frames;
+    for (auto const& page : m_pages) {
+        std::copy_if(page->frames.begin(), page->frames.end(), std::back_inserter(frames),
+                     [&](auto const& each) { return each->dataSet.get() == &dataSet; });
+    }
+    return frames;
+}
+
+bool Session::undo()
+{
+    if (!m_history.undo()) {
+        return refuse("There is nothing to undo.");
+    }
+    m_events.emitEvent({StateChange_StateRestored, {}, {}, {}, 0});
+    return true;
+}
+
+bool Session::redo()
+{
+    if (!m_history.redo()) {
+        return refuse("There is nothing to redo.");
+    }
+    m_events.emitEvent({StateChange_StateRestored, {}, {}, {}, 0});
+    return true;
+}
+
+bool Session::refuse(char const* reason) noexcept
+{
+    try {
+        m_lastError = reason;
+    } catch (...) {
+        m_lastError.clear(); // no reason is better than a wrong one
+    }
+    return false;
+}
+
+void Session::setPicks(std::vector<Pick> picks)
+{
+    m_picks = std::move(picks);
+    m_events.emitEvent({StateChange_PickList, {}, {}, {}, 0});
+}
+
+bool Session::isMouseMode(int mode)
+{
+    return mode >= static_cast<int>(MouseMode::Select) && mode <= static_cast<int>(MouseMode::Zoom);
+}
+
+bool Session::setMouseMode(int mode)
+{
+    if (!isMouseMode(mode)) {
+        return refuse("There is no such mouse mode.");
+    }
+    if (mode != m_mouseMode) {
+        m_mouseMode = mode;
+        m_events.emitEvent({StateChange_MouseMode, {}, {}, {}, 0});
+    }
+    return true;
+}
+
+void Session::setDrawing(bool on)
+{
+    bool const resumes = on && !m_isDrawing;
+    m_isDrawing = on;
+    if (resumes && m_display != nullptr) {
+        m_display->redraw();
+    }
+}
+
+bool Session::fitData()
+{
+    std::shared_ptr<Frame> const active = activeFrame();
+    if (!active || !active->dataSet) {
+        return refuse("There is no data to fit the view to.");
+    }
+    return m_display == nullptr || m_display->fitData(*active);
+}
+
+bool Session::fitAllFrames()
+{
+    if (!activePage()) {
+        return refuse("There is no page.");
+    }
+    return m_display == nullptr || m_display->fitAllFrames();
+}
+
+void Session::goDown()
+{
+    m_events.emitEvent({StateChange_KernelGoesDown, {}, {}, {}, 0});
+}
+
+} // namespace veldraw::kernel

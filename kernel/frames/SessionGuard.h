@@ -1,0 +1,26 @@
+#pragma once
+
+#include "kernel/frames/Session.h"
+
+#include <exception>
+#include <new>
+
+namespace veldraw::kernel {
+
+/// Runs an operation that either does its work or throws before it has changed anything. Nothing leaves it: what is
+/// thrown becomes false, with the reason in the session.
+template <typename Operation>
+bool guarded(Session& session, Operation const& operation) noexcept
+{
+    try {
+        return operation();
+    } catch (std::bad_alloc const&) {
+        return session.refuse("Out of memory.");
+    } catch (std::exception const& error) {
+        return session.refuse(error.what());
+    } catch (...) {
+        return session.refuse("The operation failed.");
+    }
+}
+
+} // namespace veldraw::kernel

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "kernel/events/EventHub.h"
+#include "kernel/undo/Change.h"
+
+#include <utility>
+#include <vector>
+
+namespace veldraw::kernel {
+
+/// Exchanges one value for another: both ways are the same swap and send the same events.
+template <typename Value>
+class SwapChange : public Change
+{
+public:
+    /// @param owner  keeps @p target alive
+    /// @param events sent after each swap, in this order
+    SwapChange(EventHub& hub, std::shared_ptr<void> owner, Value& target, Value other,
+               std::vector<StateChangeEvent> events)
+        : m_hub(hub)
+        , m_owner(std::move(owner))
+        , m_target(target)
+        , m_other(std::move(other))
+        , m_events(std::move(events))
+    {
+    }
+
+    void apply() noexcept override
+    {
+        std::swap(m_target, m_other);
+        for (StateChangeEvent const& event : m_events) {
+            m_hub.emitEvent(event);
+        }
+    }
+
+    void revert() noexcept override { apply(); }
+
+private:
+    EventHub& m_hub;
+    std::shared_ptr<void> m_owner;
+    Value& m_target;
+    Value m_other;
+    std::vector<StateChangeEvent> m_events;
+};
+
+} // namespace veldraw::kernel

@@ -1,0 +1,7 @@
+#include "dialogs/frame/DialogInterface.h"
+
+namespace veldraw {
+
+DialogInterface::~DialogInterface() = default;
+
+} // namespace veldraw

@@ -1,0 +1,182 @@
+#include "dialogs/frame/QtDialogAbstract.h"
+
+#include "dialogs/bindings/RelevanceApplier.h"
+#include "platform/vdsdkuicommon/IdleDispatcher.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QDialogButtonBox>
+#include <QPushButton>
+#include <QShowEvent>
+
+#include <utility>
+
+namespace veldraw::dialogs::common {
+
+using sdk::ui::dialogs::propertybindings::RelevanceApplier;
+
+QtDialogAbstract::QtDialogAbstract(QWidget& parent,
+                                   boost::shared_ptr<sdk::ui::propertymanager::RelevanceInterface const> relevance)
+    : QDialog(&parent)
+    , m_relevance(std::move(relevance))
+{
+}
+
+QtDialogAbstract::~QtDialogAbstract()
+{
+    saveState();
+}
+
+void QtDialogAbstract::launch()
+{
+    wireOnce();
+    applyRelevance();
+    if (isMinimized())
+        showNormal();
+    else
+        show();
+    raise();
+    activateWindow();
+}
+
+void QtDialogAbstract::drop()
+{
+    saveState();
+    hide();
+}
+
+void QtDialogAbstract::updateContent()
+{
+    sdk::ui::common::IdleDispatcher::flush();
+    applyRelevance();
+}
+
+void QtDialogAbstract::done(int result)
+{
+    saveState();
+    QDialog::done(result);
+}
+
+QSize QtDialogAbstract::sizeHint() const
+{
+    rememberFormSize();
+    return QDialog::sizeHint().expandedTo(m_formSize);
+}
+
+void QtDialogAbstract::setHelpAction(QAction* action)
+{
+    action->setParent(this);
+    action->setShortcut(QKeySequence::HelpContents);
+    action->setShortcutContext(Qt::WindowShortcut);
+    addAction(action);
+    for (QDialogButtonBox* const box : buttonBoxes())
+        connect(box->addButton(QDialogButtonBox::Help), &QPushButton::clicked, action, &QAction::trigger);
+}
+
+void QtDialogAbstract::showEvent(QShowEvent* event)
+{
+    wireOnce();
+    if (!std::exchange(m_wasShown, true) && !focusWidget())
+        focusFirstWidget();
+    restoreState();
+    QDialog::showEvent(event);
+}
+
+void QtDialogAbstract::closeEvent(QCloseEvent* event)
+{
+    saveState();
+    QDialog::closeEvent(event);
+}
+
+void QtDialogAbstract::addPersistentState(boost::shared_ptr<veldraw::common::SerializerInterface> const& state)
+{
+    m_states.push_back(state);
+}
+
+// Done as late as possible, when the form and all buttons that were added to it stand.
+void QtDialogAbstract::wireOnce()
+{
+    if (std::exchange(m_isWired, true))
+        return;
+    rememberFormSize();
+    wireCloseButtons();
+    takeDefaultsOffButtons();
+    if (m_relevance)
+        m_relevanceApplier = std::make_unique<RelevanceApplier>(
+            m_relevance, relevanceTargets(), RelevanceApplier::EnableDisable, RelevanceApplier::UpdateOnIdle);
+}
+
+void QtDialogAbstract::wireCloseButtons()
+{
+    // By name, so that a form that makes the same connection itself does not close the dialog twice.
+    for (QDialogButtonBox* const box : buttonBoxes())
+        connect(box, SIGNAL(rejected()), this, SLOT(reject()), Qt::UniqueConnection);
+}
+
+void QtDialogAbstract::takeDefaultsOffButtons()
+{
+    for (QPushButton* const button : findChildren<QPushButton*>()) {
+        button->setAutoDefault(false);
+        button->setDefault(false);
+    }
+}
+
+void QtDialogAbstract::applyRelevance()
+{
+    if (m_relevanceApplier)
+        m_relevanceApplier->apply();
+}
+
+void QtDialogAbstract::focusFirstWidget()
+{
+    for (QWidget* widget = nextInFocusChain(); widget != this; widget = widget->nextInFocusChain()) {
+        bool const takesTab = (widget->focusPolicy() & Qt::TabFocus) == Qt::TabFocus;
+        if (takesTab && !widget->focusProxy() && widget->isEnabled() && widget->isVisibleTo(this)) {
+            widget->setFocus(Qt::TabFocusReason);
+            return;
+        }
+    }
+}
+
+void QtDialogAbstract::rememberFormSize() const
+{
+    if (!m_formSize.isValid() && testAttribute(Qt::WA_Resized))
+        m_formSize = size();
+}
+
+void QtDialogAbstract::restoreState()
+{
+    if (std::exchange(m_holdsUnsavedState, true))
+        return;
+    for (auto const& state : m_states)
+        state->restore();
+}
+
+void QtDialogAbstract::saveState()
+{
+    if (!std::exchange(m_holdsUnsavedState, false))
+        return;
+    for (auto const& state : m_states)
+        state->save();
+}
+
+std::vector<QObject*> QtDialogAbstract::relevanceTargets() const
+{
+    std::vector<QObject*> targets;
+    for (QWidget* const child : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
+        if (!child->isWindow() && !qobject_cast<QDialogButtonBox*>(child))
+            targets.push_back(child);
+    for (QDialogButtonBox* const box : buttonBoxes())
+        for (QAbstractButton* const button : box->buttons())
+            if (box->standardButton(button) != QDialogButtonBox::Close &&
+                box->standardButton(button) != QDialogButtonBox::Help)
+                targets.push_back(button);
+    return targets;
+}
+
+QList<QDialogButtonBox*> QtDialogAbstract::buttonBoxes() const
+{
+    return findChildren<QDialogButtonBox*>();
+}
+
+} // namespace veldraw::dialogs::common

@@ -1,0 +1,82 @@
+#include "dialogs/variableops/DeleteVariableDialog.h"
+
+#include "dialogs/bindings/ButtonBinding.h"
+#include "dialogs/bindings/ListViewPropertyBinding.h"
+#include "dialogs/frame/LaunchHelpAction.h"
+#include "dialogs/property/DataSetExistsRelevance.h"
+#include "dialogs/variableops/DeleteVariablePropertiesManager.h"
+#include "ui_DeleteVariableDialog.h"
+
+#include <QPushButton>
+
+#include <boost/make_shared.hpp>
+
+#include <string>
+#include <vector>
+
+namespace veldraw::dialogs::data {
+
+using sdk::ui::dialogs::propertybindings::BindingInterface;
+using sdk::ui::dialogs::propertybindings::ButtonBinding;
+using sdk::ui::dialogs::propertybindings::ListViewPropertyBinding;
+using sdk::ui::propertymanager::DataSetExistsRelevance;
+using sdk::ui::propertymanager::DeleteVariablePropertiesManager;
+using sdk::ui::propertymanager::RelevanceInterface;
+
+struct DeleteVariableDialog::Impl
+{
+    explicit Impl(DeleteVariableDialog& dialog);
+    ~Impl();
+
+    Ui::DeleteVariableDialog ui;
+    DeleteVariablePropertiesManager manager;
+    std::vector<std::unique_ptr<BindingInterface>> bindings;
+};
+
+DeleteVariableDialog::Impl::Impl(DeleteVariableDialog& dialog)
+{
+    ui.setupUi(&dialog);
+    QPushButton* const deleteButton = ui.buttonBox->addButton(QStringLiteral("&Delete"), QDialogButtonBox::ActionRole);
+    bindings.push_back(std::make_unique<ButtonBinding>(*deleteButton, [this] { manager.deleteSelectedVariables(); }));
+    bindings.push_back(std::make_unique<ListViewPropertyBinding>(
+        ui.deleteVariable_Select_MList, manager.variablesListModel(), manager.selectedVariables(),
+        BindingInterface::ModelUpdateDeferredOnBusy));
+}
+
+DeleteVariableDialog::Impl::~Impl()
+{
+    // In the order of their creation; the manager and the widgets are still there.
+    for (std::unique_ptr<BindingInterface>& binding : bindings)
+        binding.reset();
+}
+
+DeleteVariableDialog* DeleteVariableDialog::s_instance = nullptr;
+
+DeleteVariableDialog& DeleteVariableDialog::getInstance(QWidget& parent)
+{
+    if (!s_instance)
+        s_instance = new DeleteVariableDialog(parent);
+    return *s_instance;
+}
+
+boost::shared_ptr<RelevanceInterface const> DeleteVariableDialog::relevance()
+{
+    static boost::shared_ptr<RelevanceInterface const> const rule = boost::make_shared<DataSetExistsRelevance>();
+    return rule;
+}
+
+DeleteVariableDialog::DeleteVariableDialog(QWidget& parent)
+    : QtDialogAbstract(parent, relevance())
+    , m_impl(std::make_unique<Impl>(*this))
+{
+    setHelpAction(new common::LaunchHelpAction(std::string("delete_variable.html"), *this));
+}
+
+DeleteVariableDialog::~DeleteVariableDialog()
+{
+    // First of all, so that nobody is handed a dialog that is being torn down.
+    s_instance = nullptr;
+    m_impl.reset();
+}
+
+} // namespace veldraw::dialogs::data

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "dialogs/models/ZoneVarListModelAbstract.h"
+
+namespace veldraw::sdk::ui::dialogs::propertybindings::models {
+
+/// The field maps of the active frame: one a time strand and one a zone that belongs to no strand. A value is a field map
+/// number, which `VelUtilFieldMapGetZones` turns into zones.
+///
+/// Rows read "<number>: <name of the first zone> (strand <number>)", without the bracket for a zone on its own.
+class StrandListModel : public ZoneVarListModelAbstract
+{
+public:
+    StrandListModel();
+};
+
+} // namespace veldraw::sdk::ui::dialogs::propertybindings::models

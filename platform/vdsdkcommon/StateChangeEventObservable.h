@@ -16,9 +16,9 @@ namespace veldraw::sdk::integration {
 /// The one source of state changes. It is never destroyed, so whoever listens may go at any time, even while the
 /// process ends.
 ///
-/// An event is delivered synchronously, listeners first, in the order in which they were added, then the signal's
-/// slots. Who is added during a delivery hears from the next event on; who is removed is not called any more. A
-/// listener or slot that throws does not keep the others from hearing the event.
+/// An event is delivered synchronously, listeners first, in the order in which they were added, then the signal's slots. A
+/// listener that is added during a delivery, or a slot that is connected while the slots are called, hears from the next event
+/// on; who is removed is not called any more. A listener or slot that throws does not keep the others from hearing the event.
 class VELDRAW_PLATFORM_API StateChangeEventObservable
 {
 public:
@@ -62,9 +62,16 @@ public:
 private:
     StateChangeEventObservable();
     virtual ~StateChangeEventObservable();
+    bool isPresent(unsigned long long number) const;
     static void reportException();
 
-    std::vector<toolbox::StateChangeListenerInterface*> m_listeners;
+    struct Entry
+    {
+        toolbox::StateChangeListenerInterface* listener;
+        unsigned long long number;
+    };
+    std::vector<Entry> m_listeners;
+    unsigned long long m_nextNumber = 0;
     StateChangeSignal m_signal;
 };
 

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/PlatformApi.h"
+
+namespace veldraw::host {
+
+/// Forwards the kernel's events to the platform's observable, synchronously.
+class VELDRAW_PLATFORM_API KernelBridge
+{
+public:
+    /// Starts forwarding; does nothing when it has started already. For the start of the program.
+    static void install();
+
+    /// Tells the listeners that the kernel goes down and ends forwarding; does nothing when it does not forward. For the end of
+    /// the program, before the kernel's data goes.
+    static void shutDown();
+
+    KernelBridge() = delete;
+};
+
+} // namespace veldraw::host

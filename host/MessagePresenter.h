@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/PlatformApi.h"
+#include "platform/vdsdkbase/VelUtilTypes.h"
+
+#include <functional>
+#include <string>
+
+namespace veldraw::host {
+
+/// How messages reach the user: a modal message box, standard error when there is no screen, or what was installed instead.
+/// Each message is taken down in the message log first.
+class VELDRAW_PLATFORM_API MessagePresenter
+{
+public:
+    /// Tells a text, UTF-8, and returns when the user has read it.
+    typedef std::function<void(std::string const& text, MessageBoxType_e type)> Presenter;
+
+    static void present(std::string const& text, MessageBoxType_e type);
+
+    /// Replaces the way messages are told; an empty function brings the default back.
+    /// @return what was installed before, empty for the default
+    static Presenter install(Presenter presenter);
+
+    MessagePresenter() = delete;
+};
+
+} // namespace veldraw::host

@@ -1,0 +1,87 @@
+#include "platform/vdsdkcommon/StateChangeEventObservable.h"
+
+#include "host/MessageLog.h"
+#include "platform/vdtoolbox/StateChangeListenerInterface.h"
+
+#include <boost/signals2/expired_slot.hpp>
+
+#include <algorithm>
+#include <exception>
+
+namespace veldraw::sdk::integration {
+
+StateChangeEventObservable& StateChangeEventObservable::getInstance()
+{
+    static auto* const observable = new StateChangeEventObservable;
+    return *observable;
+}
+
+StateChangeEventObservable::StateChangeEventObservable() = default;
+
+StateChangeEventObservable::~StateChangeEventObservable() = default;
+
+void StateChangeEventObservable::addListener(toolbox::StateChangeListenerInterface* listener)
+{
+    if (listener && !hasListener(listener))
+        m_listeners.push_back({listener, m_nextNumber++});
+}
+
+bool StateChangeEventObservable::hasListener(toolbox::StateChangeListenerInterface* listener) const
+{
+    return std::any_of(m_listeners.begin(), m_listeners.end(),
+                       [listener](Entry const& entry) { return entry.listener == listener; });
+}
+
+void StateChangeEventObservable::removeListener(toolbox::StateChangeListenerInterface* listener)
+{
+    m_listeners.erase(std::remove_if(m_listeners.begin(), m_listeners.end(),
+                                     [listener](Entry const& entry) { return entry.listener == listener; }),
+                      m_listeners.end());
+}
+
+boost::signals2::connection StateChangeEventObservable::connectStateChanged(StateChangeSignal::slot_type const& slot)
+{
+    return m_signal.connect(slot);
+}
+
+void StateChangeEventObservable::notify(toolbox::StateChangeEventInterface const& event)
+{
+    std::vector<Entry> const entries = m_listeners;
+    for (Entry const& entry : entries) {
+        if (!isPresent(entry.number))
+            continue;
+        try {
+            entry.listener->stateChanged(event);
+        } catch (...) {
+            reportException();
+        }
+    }
+    m_signal(event);
+}
+
+// By number and not by address: a new listener may stand where one that has just gone stood.
+bool StateChangeEventObservable::isPresent(unsigned long long number) const
+{
+    return std::any_of(m_listeners.begin(), m_listeners.end(),
+                       [number](Entry const& entry) { return entry.number == number; });
+}
+
+int StateChangeEventObservable::listenerCount() const
+{
+    return static_cast<int>(m_listeners.size() + m_signal.num_slots());
+}
+
+void StateChangeEventObservable::reportException()
+{
+    try {
+        throw;
+    } catch (boost::signals2::expired_slot const&) {
+        // The slot's owner has gone; the signal forgets the slot.
+    } catch (std::exception const& error) {
+        host::MessageLog::instance().add(MessageBoxType_Error, error.what());
+    } catch (...) {
+        host::MessageLog::instance().add(MessageBoxType_Error, "Unknown error");
+    }
+}
+
+} // namespace veldraw::sdk::integration

@@ -1,7 +1,7 @@
 #pragma once
 
 /// @file
-/// Names of zones and variables of a frame's data set, and how lists rename them. Numbers are one-based, texts UTF-8.
+/// Names of a frame's line maps and of its data set's zones and variables, and how lists rename the latter. Numbers are one-based, texts UTF-8.
 
 #include "platform/PlatformApi.h"
 
@@ -26,5 +26,8 @@ VELDRAW_PLATFORM_API char renameZoneForFrame(long long frameID, int zone, char c
 
 /// Renames a variable, as one undo step. @return zero when there is none, or when the name is not allowed
 VELDRAW_PLATFORM_API char renameVariableForFrame(long long frameID, int var, char const* name);
+
+/// Empty when there is no such frame or line map.
+VELDRAW_PLATFORM_API std::string lineMapNameForFrame(long long frameID, int lineMap);
 
 } // namespace veldraw::sdk

@@ -1,0 +1,47 @@
+#include "dialogs/models/LineMapListModel.h"
+
+#include "platform/vdsdkbase/StateChange.h"
+#include "platform/vdsdkbase/VelUtilFrame.h"
+#include "platform/vdsdkbase/VelUtilLineMap.h"
+#include "platform/vdsdkcommon/Names.h"
+#include "platform/vdsdkuicommon/StateChangePredicates.h"
+
+#include <utility>
+
+namespace veldraw::sdk::ui::dialogs::propertybindings::models {
+
+namespace {
+
+bool concernsLineMaps(toolbox::StateChangeEventInterface const& event)
+{
+    switch (event.kind()) {
+    case StateChange_LineMaps:
+    case StateChange_FrameDataSet:
+    case StateChange_Style: // a line map's name is a style value
+        return true;
+    default:
+        return common::isNewActiveFrameStateChange(event);
+    }
+}
+
+} // namespace
+
+LineMapListModel::LineMapListModel()
+    : m_watcher([this] { read(); }, &concernsLineMaps)
+{
+    read();
+}
+
+void LineMapListModel::read() const
+{
+    long long const frame = VelUtilFrameGetUniqueID();
+    int const count = frame == 0 ? 0 : VelUtilLineMapGetCount();
+    NamedNumbers snapshot;
+    for (int number = 1; number <= count; ++number) {
+        snapshot.numbers.push_back(number);
+        snapshot.names.push_back(lineMapNameForFrame(frame, number));
+    }
+    show(std::move(snapshot));
+}
+
+} // namespace veldraw::sdk::ui::dialogs::propertybindings::models

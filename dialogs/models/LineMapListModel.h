@@ -1,0 +1,21 @@
+#pragma once
+
+#include "dialogs/models/NamedNumbersListModelAbstract.h"
+#include "platform/vdsdkuicommon/StateChangeActionPerformer.h"
+
+namespace veldraw::sdk::ui::dialogs::propertybindings::models {
+
+/// All line maps of the active frame, in ascending order: "<number>: <name>". Reads them again inside the kernel's events
+/// and tells what really changed.
+class LineMapListModel : public NamedNumbersListModelAbstract
+{
+public:
+    LineMapListModel();
+
+private:
+    void read() const;
+
+    common::StateChangeActionPerformer m_watcher;
+};
+
+} // namespace veldraw::sdk::ui::dialogs::propertybindings::models

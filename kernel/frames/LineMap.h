@@ -18,6 +18,7 @@ struct LineMap
     UniqueId zone = 0;
     UniqueId xVariable = 0;
     UniqueId yVariable = 0;
+    bool xDependsOnY = false; ///< which variable is the function of the other
     bool active = true;
     std::array<IndexRange, 3> indices{}; ///< points that are drawn, along I, J and K
     AuxiliaryData auxiliaryData;

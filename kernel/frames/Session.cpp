@@ -2,6 +2,7 @@
 
 #include "kernel/frames/MouseMode.h"
 #include "kernel/frames/SessionGuard.h"
+#include "kernel/style/StyleTree.h"
 
 #include <algorithm>
 #include <unistd.h>
@@ -29,6 +30,7 @@ Session& Session::instance()
 Session::Session()
     : m_history(historyLimit())
     , m_mouseMode(static_cast<int>(MouseMode::Select))
+    , m_style(std::make_unique<StyleTree>(*this))
 {
     m_pages.push_back(std::make_shared<Page>());
     m_activePage = m_pages.back()->id;

@@ -14,6 +14,8 @@
 
 namespace veldraw::kernel {
 
+class StyleTree;
+
 /// The one kernel of the process: pages, their frames, the data sets in them, events and history.
 ///
 /// Every change of what stands in the session goes through an operation of this class: it is checked first, then
@@ -32,6 +34,7 @@ public:
 
     EventHub& events() { return m_events; }
     History& history() { return m_history; }
+    StyleTree& style() { return *m_style; }
 
     // ---- pages and frames ------------------------------------------------------------------------------------------
     std::vector<std::shared_ptr<Page>> const& pages() const { return m_pages; }
@@ -186,6 +189,7 @@ private:
     Display* m_display = nullptr;
     bool m_isDrawing = true;
     std::string m_lastError;
+    std::unique_ptr<StyleTree> m_style;
 };
 
 } // namespace veldraw::kernel

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "kernel/data/NumberSet.h"
+#include "platform/vdsdkbase/VelUtilTypes.h"
+
+#include <map>
+#include <optional>
+#include <string>
+#include <variant>
+
+namespace veldraw::kernel {
+
+/// Named arguments of a call. A name that is set again takes the new value, of whatever kind it is.
+class ArgumentList
+{
+public:
+    /// @throws std::bad_alloc, with the list as it was; so for all of these
+    void setInt(std::string const& name, long long value) { m_values.insert_or_assign(name, Value(value)); }
+    void setDouble(std::string const& name, double value) { m_values.insert_or_assign(name, Value(value)); }
+    void setNumbers(std::string const& name, NumberSet value);
+    void setText(std::string const& name, std::string value);
+    void setPointer(std::string const& name, void* value) { m_values.insert_or_assign(name, Value(value)); }
+
+    /// What the name stands for; nothing when it is not there or of another kind.
+    std::optional<long long> intValue(std::string const& name) const { return value<long long>(name); }
+    std::optional<double> doubleValue(std::string const& name) const { return value<double>(name); }
+    std::optional<NumberSet> numbers(std::string const& name) const { return value<NumberSet>(name); }
+    std::optional<std::string> text(std::string const& name) const { return value<std::string>(name); }
+    std::optional<void*> pointer(std::string const& name) const { return value<void*>(name); }
+
+    int size() const { return static_cast<int>(m_values.size()); }
+    void clear() { m_values.clear(); }
+
+private:
+    using Value = std::variant<long long, double, NumberSet, std::string, void*>;
+
+    template <typename Kind>
+    std::optional<Kind> value(std::string const& name) const
+    {
+        auto const found = m_values.find(name);
+        Kind const* const held = found == m_values.end() ? nullptr : std::get_if<Kind>(&found->second);
+        return held == nullptr ? std::nullopt : std::optional<Kind>(*held);
+    }
+
+    std::map<std::string, Value> m_values;
+};
+
+} // namespace veldraw::kernel
+
+/// The kernel's argument list behind the C interface.
+struct ArgList_s
+{
+    veldraw::kernel::ArgumentList arguments;
+};

@@ -1,0 +1,86 @@
+#include "kernel/api/StyleAccess.h"
+
+#include "kernel/api/ApiSupport.h"
+#include "kernel/api/ArgumentList.h"
+#include "kernel/style/StyleTree.h"
+
+#include <cstdint>
+
+namespace veldraw::kernel::api {
+
+namespace {
+
+StylePath pathOf(ArgumentList const& arguments)
+{
+    StylePath path;
+    for (int number = 1; number <= maxStyleNames; ++number) {
+        std::optional<long long> const id = arguments.intValue(styleArgument::name + std::to_string(number));
+        if (!id) {
+            break;
+        }
+        path.push_back(session().style().nameOfId(*id));
+    }
+    return path;
+}
+
+StyleAddress addressOf(ArgumentList const& arguments)
+{
+    StyleAddress address;
+    address.path = pathOf(arguments);
+    address.frame = arguments.intValue(styleArgument::frame).value_or(0);
+    address.offset1 = arguments.intValue(styleArgument::offset1).value_or(StyleAddress::noOffset);
+    address.offset2 = arguments.intValue(styleArgument::offset2).value_or(StyleAddress::noOffset);
+    return address;
+}
+
+template <typename Number>
+void storeAt(std::optional<long long> address, Number number)
+{
+    if (address) {
+        store(reinterpret_cast<Number*>(static_cast<std::intptr_t>(*address)), number);
+    }
+}
+
+} // namespace
+
+int styleNameId(std::string const& name) noexcept
+{
+    return session().style().nameId(name);
+}
+
+bool isStylePath(ArgList_s const* list) noexcept
+{
+    return answerOr(false, [list] { return list != nullptr && session().style().hasPath(pathOf(list->arguments)); });
+}
+
+SetValueReturnCode_e setStyleValue(ArgList_s const* list) noexcept
+{
+    return answerOr(SetValueReturnCode_Refused, [list] {
+        session().style().clearLastError();
+        if (list == nullptr || list->arguments.intValue(styleArgument::assignOperator) != plainAssignment) {
+            return SetValueReturnCode_Refused;
+        }
+        std::optional<long long> const whole = list->arguments.intValue(styleArgument::whole);
+        std::optional<double> const real = list->arguments.doubleValue(styleArgument::real);
+        if (!whole || !real) {
+            return SetValueReturnCode_Refused;
+        }
+        return session().style().set(addressOf(list->arguments), StyleNumber{*whole, *real});
+    });
+}
+
+GetValueReturnCode_e getStyleValue(ArgList_s const* list) noexcept
+{
+    return answerOr(GetValueReturnCode_Unknown, [list] {
+        std::optional<StyleNumber> const number =
+            list == nullptr ? std::nullopt : session().style().get(addressOf(list->arguments));
+        if (!number) {
+            return GetValueReturnCode_Unknown;
+        }
+        storeAt(list->arguments.intValue(styleArgument::whole), number->whole);
+        storeAt(list->arguments.intValue(styleArgument::real), number->real);
+        return GetValueReturnCode_Ok;
+    });
+}
+
+} // namespace veldraw::kernel::api

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/vdsdkbase/VelUtilTypes.h"
+
+#include <string>
+
+/// @file
+/// Style reads and writes by argument lists, for whoever implements the platform's style values.
+
+namespace veldraw::kernel::api {
+
+/// Names of the arguments of a style read or write.
+namespace styleArgument {
+constexpr char frame[] = "Frame";     ///< unique identifier; absent: the active frame
+constexpr char name[] = "Name";       ///< with 1 to 7 behind it: identifiers of the path's names, from the top down
+constexpr char offset1[] = "Offset1"; ///< one-based number in the path's first collection; absent: none
+constexpr char offset2[] = "Offset2"; ///< the same for the second collection
+constexpr char assignOperator[] = "AssignOperator";
+constexpr char whole[] = "IValue"; ///< write: the value as a whole number; read: address of a long long for it
+constexpr char real[] = "DValue";  ///< write: the value as a double; read: address of a double for it
+} // namespace styleArgument
+
+/// The assign operator for "becomes"; there is no other.
+constexpr long long plainAssignment = 255;
+
+/// Most names that a path can have.
+constexpr int maxStyleNames = 7;
+
+/// Identifier of a name of the style tree, 0 for one that occurs in no path.
+int styleNameId(std::string const& name) noexcept;
+
+/// Whether the list's names are a path with a value at it or below it.
+bool isStylePath(ArgList_s const* list) noexcept;
+
+/// Writes a value. A refusal leaves its reason for VelUtilStyleGetLastErrorString().
+SetValueReturnCode_e setStyleValue(ArgList_s const* list) noexcept;
+
+/// Reads a value into the addresses in the list, which stay as they are when there is no such value.
+GetValueReturnCode_e getStyleValue(ArgList_s const* list) noexcept;
+
+} // namespace veldraw::kernel::api

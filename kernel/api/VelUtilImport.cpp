@@ -1,0 +1,30 @@
+#include "platform/vdsdkbase/VelUtilImport.h"
+
+#include "kernel/api/ApiSupport.h"
+#include "kernel/api/StringList.h"
+
+using namespace veldraw::kernel;
+
+bool VelUtilImportGetLoaderInstrByNum(int number, char** loaderName, StringList_s** instructions)
+{
+    api::store<char*>(loaderName, nullptr);
+    api::store<StringList_s*>(instructions, nullptr);
+    return number >= 1 && number <= VelUtilImportGetLoaderInstrCount() && api::answerOr(false, [&] {
+               std::shared_ptr<DataSet> const dataSet = api::session().activeDataSet();
+               LoaderInstructions const& loader = dataSet->loaderInstructions()[static_cast<std::size_t>(number - 1)];
+               auto words = std::make_unique<StringList_s>(StringList_s{loader.words});
+               if (loaderName != nullptr) {
+                   *loaderName = api::copyText(loader.loaderName);
+               }
+               if (instructions != nullptr) {
+                   *instructions = words.release();
+               }
+               return true;
+           });
+}
+
+int VelUtilImportGetLoaderInstrCount(void)
+{
+    std::shared_ptr<DataSet> const dataSet = api::session().activeDataSet();
+    return dataSet ? static_cast<int>(dataSet->loaderInstructions().size()) : 0;
+}

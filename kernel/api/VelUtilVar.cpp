@@ -1,0 +1,56 @@
+#include "platform/vdsdkbase/VelUtilVar.h"
+
+#include "kernel/api/ApiSupport.h"
+
+using namespace veldraw::kernel;
+using veldraw::kernel::api::session;
+
+int VelUtilVarGetNumByAssignment(char assignment)
+{
+    std::shared_ptr<Frame> const frame = session().activeFrame();
+    return frame ? frame->variableNumber(assignment) : 0;
+}
+
+int VelUtilVarGetNumByUniqueID(long long varID)
+{
+    std::shared_ptr<DataSet> const dataSet = session().activeDataSet();
+    return dataSet ? dataSet->variableNumber(varID) : 0;
+}
+
+int VelUtilVarGetStatus(int zone, int var)
+{
+    Field const* const field = api::activeField(zone, var);
+    if (field == nullptr) {
+        return VarStatus_NotLoaded;
+    }
+    return field->isPassive() ? VarStatus_Passive : VarStatus_Loaded;
+}
+
+long long VelUtilVarGetUniqueIDForFrame(long long frameID, int var)
+{
+    std::shared_ptr<Frame> const frame = session().frame(frameID);
+    std::shared_ptr<Variable> const variable = frame && frame->dataSet ? frame->dataSet->variable(var) : nullptr;
+    return variable ? variable->id : 0;
+}
+
+bool VelUtilVarIsEnabled(int var)
+{
+    std::shared_ptr<Variable> const variable = api::activeVariable(var);
+    return variable && variable->enabled;
+}
+
+bool VelUtilVarIsSZLData(int zone, int var)
+{
+    // Only estimates that a file's index of pieces gave come from such a file; no loader of ours has such an index.
+    static_cast<void>(zone);
+    static_cast<void>(var);
+    return false;
+}
+
+bool VelUtilVarRangeIsEstimated(int zone, int var)
+{
+    return api::answerOr(false, [&] {
+        std::shared_ptr<Zone> const found = api::activeZone(zone);
+        return found && found->range(var).state == ValueRange::State::Estimated;
+    });
+}

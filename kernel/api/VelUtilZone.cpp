@@ -1,0 +1,78 @@
+#include "platform/vdsdkbase/VelUtilZone.h"
+
+#include "kernel/api/ApiSupport.h"
+
+using namespace veldraw::kernel;
+using veldraw::kernel::api::activeZone;
+
+void VelUtilZoneGetIJK(int zone, long long* i, long long* j, long long* k)
+{
+    VelUtilZoneGetMetrics(zone, i, j, k, nullptr, nullptr, nullptr); // no metrics are deferred
+}
+
+void VelUtilZoneGetMetrics(int zone, long long* i, long long* j, long long* k, void* unused1, void* unused2,
+                           void* unused3)
+{
+    static_cast<void>(unused1);
+    static_cast<void>(unused2);
+    static_cast<void>(unused3);
+    std::shared_ptr<Zone> const found = activeZone(zone);
+    api::store<long long>(i, found ? found->i : -1);
+    api::store<long long>(j, found ? found->j : -1);
+    api::store<long long>(k, found ? found->k : -1);
+}
+
+bool VelUtilZoneGetName(int zone, char** name)
+{
+    api::store<char*>(name, nullptr);
+    return name != nullptr && api::answerOr(false, [&] {
+               std::shared_ptr<Zone> const found = activeZone(zone);
+               if (!found) {
+                   return false;
+               }
+               *name = api::copyText(found->name);
+               return true;
+           });
+}
+
+double VelUtilZoneGetSolutionTime(int zone)
+{
+    std::shared_ptr<Zone> const found = activeZone(zone);
+    return found ? found->solutionTime : 0.0;
+}
+
+int VelUtilZoneGetStrandID(int zone)
+{
+    std::shared_ptr<Zone> const found = activeZone(zone);
+    return found ? found->strand : staticStrand;
+}
+
+int VelUtilZoneGetType(int zone)
+{
+    std::shared_ptr<Zone> const found = activeZone(zone);
+    return found ? static_cast<int>(found->type) : -1;
+}
+
+bool VelUtilZoneIsEnabled(int zone)
+{
+    std::shared_ptr<Zone> const found = activeZone(zone);
+    return found && found->enabled;
+}
+
+bool VelUtilZoneIsFiniteElement(int zone)
+{
+    std::shared_ptr<Zone> const found = activeZone(zone);
+    return found && !found->isOrdered();
+}
+
+bool VelUtilZoneIsLinear(int zone)
+{
+    std::shared_ptr<Zone> const found = activeZone(zone);
+    return found && (found->isOrdered() ? found->dimensionality() <= 1 : found->type == ZoneType_FELineSeg);
+}
+
+bool VelUtilZoneIsOrdered(int zone)
+{
+    std::shared_ptr<Zone> const found = activeZone(zone);
+    return found && found->isOrdered();
+}

@@ -1,0 +1,68 @@
+#include "kernel/style/LineMapStyleItem.h"
+
+#include "kernel/frames/Session.h"
+
+namespace veldraw::kernel {
+
+LineMapStyleItem::LineMapStyleItem(Session& session, StylePath path)
+    : StyleItem(std::move(path))
+    , m_session(session)
+{
+}
+
+std::shared_ptr<Frame> LineMapStyleItem::frameAt(StyleAddress const& address) const
+{
+    return address.frame == 0 ? m_session.activeFrame() : m_session.frame(address.frame);
+}
+
+LineMap const* LineMapStyleItem::mapAt(Frame const& frame, StyleAddress const& address) const
+{
+    bool const exists = address.offset1 >= 1 && address.offset1 <= static_cast<long long>(frame.lineMaps.size());
+    if (!exists || address.offset2 != StyleAddress::noOffset) {
+        return nullptr;
+    }
+    return &frame.lineMaps[static_cast<std::size_t>(address.offset1 - 1)];
+}
+
+std::optional<StyleNumber> LineMapStyleItem::read(StyleAddress const& address) const
+{
+    std::shared_ptr<Frame> const frame = frameAt(address);
+    LineMap const* const map = frame ? mapAt(*frame, address) : nullptr;
+    if (map == nullptr) {
+        return std::nullopt;
+    }
+    return StyleNumber::ofWhole(numberOf(*map, frame->dataSet.get()));
+}
+
+std::string LineMapStyleItem::refusal(StyleAddress const& address, StyleNumber const& number) const
+{
+    std::shared_ptr<Frame> const frame = frameAt(address);
+    if (!frame) {
+        return "There is no such frame for " + textOf(path()) + ".";
+    }
+    if (mapAt(*frame, address) == nullptr) {
+        return textOf(path()) + " takes the number of a line map from 1 to " + std::to_string(frame->lineMaps.size()) +
+               " as its one offset; " + std::to_string(address.offset1) + " is none.";
+    }
+    std::optional<StyleRange> const allowed = range(frame->dataSet.get());
+    return allowed ? refusalBy(*allowed, number) : "The frame has no variables for " + textOf(path()) + ".";
+}
+
+SetValueReturnCode_e LineMapStyleItem::write(StyleAddress const& address, StyleNumber const& number)
+{
+    std::shared_ptr<Frame> const frame = frameAt(address);
+    DataSet const* const dataSet = frame->dataSet.get();
+    if (numberOf(*mapAt(*frame, address), dataSet) == number.whole) {
+        return SetValueReturnCode_Duplicate;
+    }
+    StateChangeEvent event{StateChange_Style, {}, {}, path(), frame->id};
+    bool const isWritten = m_session.changeLineMaps(frame->id, {static_cast<int>(address.offset1)},
+                                                    [&](LineMap& map) { assign(map, dataSet, number.whole); });
+    if (!isWritten) {
+        return SetValueReturnCode_Refused;
+    }
+    m_session.events().emitEvent(event);
+    return SetValueReturnCode_Ok;
+}
+
+} // namespace veldraw::kernel

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "kernel/style/StyleItem.h"
+#include "kernel/style/StyleRange.h"
+
+#include <memory>
+
+namespace veldraw::kernel {
+
+struct Frame;
+struct LineMap;
+class DataSet;
+class Session;
+
+/// A setting of each line map of each frame. It lives in the line map itself; the first offset is the one-based number
+/// of the map. Line maps are part of a document: a write is a step of the undo history called "Line Map".
+class LineMapStyleItem : public StyleItem
+{
+public:
+    LineMapStyleItem(Session& session, StylePath path);
+
+    std::optional<StyleNumber> read(StyleAddress const& address) const override;
+    std::string refusal(StyleAddress const& address, StyleNumber const& number) const override;
+    SetValueReturnCode_e write(StyleAddress const& address, StyleNumber const& number) override;
+
+protected:
+    /// @param dataSet of the frame that has the map; null when it shows none
+    virtual long long numberOf(LineMap const& map, DataSet const* dataSet) const = 0;
+
+    /// What can be written; nothing when @p dataSet, which may be null, has nothing to choose from.
+    virtual std::optional<StyleRange> range(DataSet const* dataSet) const = 0;
+
+    virtual void assign(LineMap& map, DataSet const* dataSet, long long number) const = 0;
+
+private:
+    std::shared_ptr<Frame> frameAt(StyleAddress const& address) const;
+    LineMap const* mapAt(Frame const& frame, StyleAddress const& address) const;
+
+    Session& m_session;
+};
+
+} // namespace veldraw::kernel

@@ -1,0 +1,16 @@
+#include "kernel/style/StyleItem.h"
+
+#include "kernel/style/StyleRange.h"
+
+namespace veldraw::kernel {
+
+std::string StyleItem::refusalBy(StyleRange const& range, StyleNumber const& number) const
+{
+    if (range.contains(number)) {
+        return {};
+    }
+    return "The value " + range.textOfNumber(number) + " is not allowed for " + textOf(m_path) + ": it must be " +
+           range.text() + ".";
+}
+
+} // namespace veldraw::kernel

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "kernel/style/StyleAddress.h"
+#include "kernel/style/StyleNumber.h"
+#include "platform/vdsdkbase/VelUtilTypes.h"
+
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace veldraw::kernel {
+
+class StyleRange;
+
+/// One path of the style tree: where its numbers live, and which of them are allowed.
+class StyleItem
+{
+public:
+    explicit StyleItem(StylePath path)
+        : m_path(std::move(path))
+    {
+    }
+    virtual ~StyleItem() = default;
+
+    StylePath const& path() const { return m_path; }
+
+    /// @return nothing when @p address picks nothing that exists
+    virtual std::optional<StyleNumber> read(StyleAddress const& address) const = 0;
+
+    /// Why @p number can't be written at @p address, in one sentence; empty when it can.
+    virtual std::string refusal(StyleAddress const& address, StyleNumber const& number) const = 0;
+
+    /// Writes a number for which there is no refusal, then tells the listeners. A number that is in force already is
+    /// neither written nor told. Refused only when there was no memory; then nothing has changed.
+    virtual SetValueReturnCode_e write(StyleAddress const& address, StyleNumber const& number) = 0;
+
+    StyleItem(StyleItem const&) = delete;
+    StyleItem& operator=(StyleItem const&) = delete;
+
+protected:
+    /// The sentence for a number out of @p range; empty for one within it.
+    std::string refusalBy(StyleRange const& range, StyleNumber const& number) const;
+
+private:
+    StylePath m_path;
+};
+
+} // namespace veldraw::kernel

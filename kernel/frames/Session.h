@@ -34,6 +34,7 @@ public:
 
     EventHub& events() { return m_events; }
     History& history() { return m_history; }
+    History const& history() const { return m_history; }
     StyleTree& style() { return *m_style; }
 
     // ---- pages and frames ------------------------------------------------------------------------------------------

@@ -23,14 +23,16 @@ StylePath pathOf(ArgumentList const& arguments)
     return path;
 }
 
-StyleAddress addressOf(ArgumentList const& arguments)
+// Nothing when an argument is missing: a half address could be somebody else's.
+std::optional<StyleAddress> addressOf(ArgumentList const& arguments)
 {
-    StyleAddress address;
-    address.path = pathOf(arguments);
-    address.frame = arguments.intValue(styleArgument::frame).value_or(0);
-    address.offset1 = arguments.intValue(styleArgument::offset1).value_or(StyleAddress::noOffset);
-    address.offset2 = arguments.intValue(styleArgument::offset2).value_or(StyleAddress::noOffset);
-    return address;
+    std::optional<long long> const frame = arguments.intValue(styleArgument::frame);
+    std::optional<long long> const offset1 = arguments.intValue(styleArgument::offset1);
+    std::optional<long long> const offset2 = arguments.intValue(styleArgument::offset2);
+    if (!frame || !offset1 || !offset2) {
+        return std::nullopt;
+    }
+    return StyleAddress{pathOf(arguments), *frame, *offset1, *offset2};
 }
 
 template <typename Number>
@@ -60,20 +62,21 @@ SetValueReturnCode_e setStyleValue(ArgList_s const* list) noexcept
         if (list == nullptr || list->arguments.intValue(styleArgument::assignOperator) != plainAssignment) {
             return SetValueReturnCode_Refused;
         }
+        std::optional<StyleAddress> const address = addressOf(list->arguments);
         std::optional<long long> const whole = list->arguments.intValue(styleArgument::whole);
         std::optional<double> const real = list->arguments.doubleValue(styleArgument::real);
-        if (!whole || !real) {
+        if (!address || !whole || !real) {
             return SetValueReturnCode_Refused;
         }
-        return session().style().set(addressOf(list->arguments), StyleNumber{*whole, *real});
+        return session().style().set(*address, StyleNumber{*whole, *real});
     });
 }
 
 GetValueReturnCode_e getStyleValue(ArgList_s const* list) noexcept
 {
     return answerOr(GetValueReturnCode_Unknown, [list] {
-        std::optional<StyleNumber> const number =
-            list == nullptr ? std::nullopt : session().style().get(addressOf(list->arguments));
+        std::optional<StyleAddress> const address = list == nullptr ? std::nullopt : addressOf(list->arguments);
+        std::optional<StyleNumber> const number = address ? session().style().get(*address) : std::nullopt;
         if (!number) {
             return GetValueReturnCode_Unknown;
         }

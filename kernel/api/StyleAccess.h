@@ -9,15 +9,16 @@
 
 namespace veldraw::kernel::api {
 
-/// Names of the arguments of a style read or write.
+/// Names of the arguments of a style read or write, all of them needed except where told.
 namespace styleArgument {
-constexpr char frame[] = "Frame";     ///< unique identifier; absent: the active frame
+constexpr char frame[] = "Frame";     ///< unique identifier; 0: the active frame
 constexpr char name[] = "Name";       ///< with 1 to 7 behind it: identifiers of the path's names, from the top down
-constexpr char offset1[] = "Offset1"; ///< one-based number in the path's first collection; absent: none
+constexpr char offset1[] = "Offset1"; ///< one-based number in the path's first collection; -1: none
 constexpr char offset2[] = "Offset2"; ///< the same for the second collection
-constexpr char assignOperator[] = "AssignOperator";
-constexpr char whole[] = "IValue"; ///< write: the value as a whole number; read: address of a long long for it
-constexpr char real[] = "DValue";  ///< write: the value as a double; read: address of a double for it
+constexpr char assignOperator[] = "AssignOperator"; ///< writes only
+constexpr char whole[] =
+    "IValue"; ///< write: the value as a whole number; read: address of a long long for it, may be absent
+constexpr char real[] = "DValue"; ///< write: the value as a double; read: address of a double for it, may be absent
 } // namespace styleArgument
 
 /// The assign operator for "becomes"; there is no other.

@@ -107,7 +107,8 @@ bool VelUtilFrameSetDataSet(long long dataSetID, long long frameID)
 
 bool VelUtilFrameSetName(char const* name)
 {
-    return name != nullptr && answerOr(false, [&] { return session().renameFrame(VelUtilFrameGetUniqueID(), name); });
+    std::shared_ptr<Frame> const frame = session().activeFrame();
+    return frame && name != nullptr && answerOr(false, [&] { return session().renameFrame(frame->id, name); });
 }
 
 SetValueReturnCode_e VelUtilFrameSetPlotType(int plotType)
@@ -125,5 +126,6 @@ SetValueReturnCode_e VelUtilFrameSetPlotType(int plotType)
 
 bool VelUtilFrameSetPosAndSize(double x, double y, double width, double height)
 {
-    return session().setFrameRectangle(VelUtilFrameGetUniqueID(), {x, y, width, height});
+    std::shared_ptr<Frame> const frame = session().activeFrame();
+    return frame && session().setFrameRectangle(frame->id, {x, y, width, height});
 }

@@ -27,6 +27,6 @@ int VelUtilStringListGetCount(StringList_s* list)
 
 char const* VelUtilStringListGetRawStringPtr(StringList_s* list, int number)
 {
-    bool const exists = number >= 1 && number <= VelUtilStringListGetCount(list);
+    bool const exists = list != nullptr && number >= 1 && number <= static_cast<int>(list->texts.size());
     return exists ? list->texts[static_cast<std::size_t>(number - 1)].c_str() : nullptr;
 }

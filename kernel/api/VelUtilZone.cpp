@@ -5,9 +5,22 @@
 using namespace veldraw::kernel;
 using veldraw::kernel::api::activeZone;
 
+namespace {
+
+// The C functions never call one another: each call by name is one that the outside made.
+void storeDimensions(int zone, long long* i, long long* j, long long* k)
+{
+    std::shared_ptr<Zone> const found = activeZone(zone);
+    api::store<long long>(i, found ? found->i : -1);
+    api::store<long long>(j, found ? found->j : -1);
+    api::store<long long>(k, found ? found->k : -1);
+}
+
+} // namespace
+
 void VelUtilZoneGetIJK(int zone, long long* i, long long* j, long long* k)
 {
-    VelUtilZoneGetMetrics(zone, i, j, k, nullptr, nullptr, nullptr); // no metrics are deferred
+    storeDimensions(zone, i, j, k);
 }
 
 void VelUtilZoneGetMetrics(int zone, long long* i, long long* j, long long* k, void* unused1, void* unused2,
@@ -16,10 +29,7 @@ void VelUtilZoneGetMetrics(int zone, long long* i, long long* j, long long* k, v
     static_cast<void>(unused1);
     static_cast<void>(unused2);
     static_cast<void>(unused3);
-    std::shared_ptr<Zone> const found = activeZone(zone);
-    api::store<long long>(i, found ? found->i : -1);
-    api::store<long long>(j, found ? found->j : -1);
-    api::store<long long>(k, found ? found->k : -1);
+    storeDimensions(zone, i, j, k);
 }
 
 bool VelUtilZoneGetName(int zone, char** name)

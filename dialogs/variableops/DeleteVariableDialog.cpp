@@ -11,6 +11,7 @@
 
 #include <boost/make_shared.hpp>
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -38,9 +39,10 @@ DeleteVariableDialog::Impl::Impl(DeleteVariableDialog& dialog)
     ui.setupUi(&dialog);
     QPushButton* const deleteButton = ui.buttonBox->addButton(QStringLiteral("&Delete"), QDialogButtonBox::ActionRole);
     bindings.push_back(std::make_unique<ButtonBinding>(*deleteButton, [this] { manager.deleteSelectedVariables(); }));
-    bindings.push_back(std::make_unique<ListViewPropertyBinding>(
-        ui.deleteVariable_Select_MList, manager.variablesListModel(), manager.selectedVariables(),
-        BindingInterface::ModelUpdateDeferredOnBusy));
+    boost::shared_ptr<PropertyAbstract<std::set<int>>> const selection = manager.selectedVariables();
+    bindings.push_back(std::make_unique<ListViewPropertyBinding>(ui.deleteVariable_Select_MList,
+                                                                 manager.variablesListModel(), selection,
+                                                                 BindingInterface::ModelUpdateDeferredOnBusy));
 }
 
 DeleteVariableDialog::Impl::~Impl()

@@ -31,12 +31,12 @@ class ListViewPropertyBinding : public QObject, public BindingInterface
     Q_OBJECT
 
 public:
-    /// Keeps list and property alive.
-    template <typename V>
+    /// Keeps list and property alive. The property is any `PropertyAbstract` of a set of values.
+    template <typename P>
     ListViewPropertyBinding(QListView* view, boost::shared_ptr<models::ListModelInterface<int> const> model,
-                            boost::shared_ptr<PropertyAbstract<V>> property, ModelUpdateMode mode)
+                            boost::shared_ptr<P> property, ModelUpdateMode mode)
         : m_view(view)
-        , m_synchronizer(new ListViewPropertySynchronizer<V>(view, model, property, mode))
+        , m_synchronizer(new ListViewPropertySynchronizer<decltype(property->value())>(view, model, property, mode))
     {
         init(mode);
     }

@@ -1,9 +1,16 @@
 #include "dialogs/models/StrandListModel.h"
 
-#include "platform/vdsdkbase/VelUtilFieldMap.h"
+#include "platform/vdsdkbase/VelUtilDataSet.h"
 #include "platform/vdsdkbase/VelUtilZone.h"
 #include "platform/vdsdkcommon/DataSetQueries.h"
 #include "platform/vdsdkcommon/Names.h"
+
+#include <boost/make_shared.hpp>
+#include <boost/shared_ptr.hpp>
+
+#include <cstddef>
+#include <set>
+#include <vector>
 
 namespace veldraw::sdk::ui::dialogs::propertybindings::models {
 
@@ -12,28 +19,63 @@ namespace {
 // What the kernel answers for a zone that belongs to no strand.
 constexpr int noStrand = 2147483646;
 
-toolbox::Set fieldMaps(long long)
+/// The lowest zone of each field map, by the numbers of the maps: one a strand and one a zone on its own, in the order of
+/// their lowest zones. One walk over the zones; asking the kernel map by map would be one walk each.
+std::vector<int> lowestZones()
 {
-    return getActiveFieldMaps();
+    std::vector<int> zones;
+    std::set<int> strands;
+    int const count = VelUtilDataSetGetNumZones();
+    for (int zone = 1; zone <= count; ++zone) {
+        int const strand = VelUtilZoneGetStrandID(zone);
+        if (strand == noStrand || strands.insert(strand).second)
+            zones.push_back(zone);
+    }
+    return zones;
 }
 
-std::string fieldMapName(long long frame, int fieldMap)
+/// Names the field maps that it has read last.
+class FieldMapNames
 {
-    Set_s* handle = nullptr;
-    if (!VelUtilFieldMapGetZones(fieldMap, &handle))
-        return std::string();
-    toolbox::Set::Members const zones = toolbox::Set::Take(handle).members();
-    if (zones.empty())
-        return std::string();
-    std::string const name = zoneNameForFrame(frame, zones.front());
-    int const strand = VelUtilZoneGetStrandID(zones.front());
-    return strand == noStrand ? name : name + " (strand " + std::to_string(strand) + ")";
+public:
+    toolbox::Set read()
+    {
+        m_lowestZones = lowestZones();
+        return getActiveFieldMaps();
+    }
+
+    std::string name(long long frame, int fieldMap) const
+    {
+        int const zone = m_lowestZones.at(static_cast<std::size_t>(fieldMap) - 1);
+        std::string const zoneName = zoneNameForFrame(frame, zone);
+        int const strand = VelUtilZoneGetStrandID(zone);
+        return strand == noStrand ? zoneName : zoneName + " (strand " + std::to_string(strand) + ")";
+    }
+
+private:
+    std::vector<int> m_lowestZones;
+};
+
+ZoneVarListModelAbstract::Source sourceOf(boost::shared_ptr<FieldMapNames> const& maps)
+{
+    return [maps](long long) { return maps->read(); };
+}
+
+ZoneVarListModelAbstract::Name nameOf(boost::shared_ptr<FieldMapNames> const& maps)
+{
+    return [maps](long long frame, int fieldMap) { return maps->name(frame, fieldMap); };
 }
 
 } // namespace
 
 StrandListModel::StrandListModel()
-    : ZoneVarListModelAbstract(&fieldMaps, nullptr, &fieldMapName, IDOf(), StateChange_ZonesRenamed, Rename())
+    : StrandListModel(boost::make_shared<FieldMapNames>())
+{
+}
+
+template <typename Maps>
+StrandListModel::StrandListModel(boost::shared_ptr<Maps> const& maps)
+    : ZoneVarListModelAbstract(sourceOf(maps), nullptr, nameOf(maps), IDOf(), StateChange_ZonesRenamed, Rename())
 {
 }
 

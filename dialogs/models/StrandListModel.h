@@ -2,6 +2,8 @@
 
 #include "dialogs/models/ZoneVarListModelAbstract.h"
 
+#include <boost/shared_ptr.hpp>
+
 namespace veldraw::sdk::ui::dialogs::propertybindings::models {
 
 /// The field maps of the active frame: one a time strand and one a zone that belongs to no strand. A value is a field map
@@ -12,6 +14,10 @@ class StrandListModel : public ZoneVarListModelAbstract
 {
 public:
     StrandListModel();
+
+private:
+    template <typename Maps>
+    explicit StrandListModel(boost::shared_ptr<Maps> const& maps);
 };
 
 } // namespace veldraw::sdk::ui::dialogs::propertybindings::models

@@ -1,7 +1,8 @@
 #pragma once
 
 /// @file
-/// Names of a frame's line maps and of its data set's zones and variables, and how lists rename the latter. Numbers are one-based, texts UTF-8.
+/// Names of a frame's line maps and of its data set's zones and variables, and how lists rename the latter.
+/// Numbers are one-based, texts UTF-8.
 
 #include "platform/PlatformApi.h"
 

@@ -1,0 +1,21 @@
+#include "app/export/UniqueNames.h"
+
+#include <algorithm>
+
+namespace veldraw::app {
+
+std::vector<std::string> uniqueVariableNames(kernel::DataSet const& dataSet)
+{
+    std::vector<std::string> names;
+    for (auto const& variable : dataSet.variables()) {
+        std::string const wanted =
+            variable->name.empty() ? "Variable " + std::to_string(names.size() + 1) : variable->name;
+        std::string name = wanted;
+        for (int n = 2; std::find(names.begin(), names.end(), name) != names.end(); ++n)
+            name = wanted + " (" + std::to_string(n) + ")";
+        names.push_back(name);
+    }
+    return names;
+}
+
+} // namespace veldraw::app

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "kernel/data/DataSet.h"
+
+#include <vtkDataSet.h>
+#include <vtkSmartPointer.h>
+
+#include <string>
+#include <vector>
+
+namespace veldraw::app {
+
+/// Writes zones as VTK XML, values raw as they are in memory, with what our import needs to bring the zones back as they were.
+class VtkExport
+{
+public:
+    /// @param dataSet is to outlive the object
+    explicit VtkExport(kernel::DataSet const& dataSet);
+
+    /// Extension of the format that fits any zone of the kind of @p zone: vts or vtu.
+    static std::string usualFormat(kernel::Zone const& zone);
+
+    /// Writes one zone. @param zone one-based; @param format vti, vts, vtu or vtp; @param path file to write over
+    /// @throws ExportError the format does not fit the zone, or the file cannot be written
+    void write(int zone, std::string const& format, std::string const& path) const;
+
+private:
+    vtkSmartPointer<vtkDataSet> gridOf(int zone) const;
+    void addFacts(vtkDataSet& grid, kernel::Zone const& zone, std::vector<std::string> const& coordinateNames) const;
+
+    kernel::DataSet const& m_dataSet;
+    std::vector<std::string> m_names; // of the variables, each once
+};
+
+} // namespace veldraw::app

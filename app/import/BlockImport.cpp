@@ -1,0 +1,243 @@
+#include "app/import/BlockImport.h"
+
+#include "app/import/ImportError.h"
+#include "app/vtk/ArrayAdoption.h"
+#include "app/vtk/OrderedCells.h"
+
+#include <vtkCellData.h>
+#include <vtkDataObject.h>
+#include <vtkImageData.h>
+#include <vtkInformation.h>
+#include <vtkNew.h>
+#include <vtkPointData.h>
+#include <vtkPointSet.h>
+#include <vtkRectilinearGrid.h>
+#include <vtkStructuredGrid.h>
+
+namespace veldraw::app {
+
+namespace {
+
+std::string componentName(std::string const& name, int component, int count)
+{
+    if (count == 1)
+        return name;
+    if (count > 3)
+        return name + "_" + std::to_string(component + 1);
+    return name + "_" + "XYZ"[component];
+}
+
+kernel::Field makeField(std::shared_ptr<kernel::Buffer> values, ValueLocation_e location)
+{
+    return kernel::Field(std::make_shared<kernel::ShareGroup>(std::move(values)), location);
+}
+
+bool orderedDimensions(vtkDataSet& block, int dimensions[3])
+{
+    if (auto* const image = vtkImageData::SafeDownCast(&block))
+        image->GetDimensions(dimensions);
+    else if (auto* const rectilinear = vtkRectilinearGrid::SafeDownCast(&block))
+        rectilinear->GetDimensions(dimensions);
+    else if (auto* const structured = vtkStructuredGrid::SafeDownCast(&block))
+        structured->GetDimensions(dimensions);
+    else
+        return false;
+    return true;
+}
+
+vtkSmartPointer<vtkDataArray> gathered(vtkDataArray& array, std::vector<std::int64_t> const& sources)
+{
+    auto result = vtkSmartPointer<vtkDataArray>::Take(array.NewInstance());
+    result->SetName(array.GetName());
+    result->SetNumberOfComponents(array.GetNumberOfComponents());
+    result->SetNumberOfTuples(static_cast<vtkIdType>(sources.size()));
+    for (std::size_t cell = 0; cell < sources.size(); ++cell)
+        result->SetTuple(static_cast<vtkIdType>(cell), sources[cell], &array);
+    return result;
+}
+
+} // namespace
+
+BlockImport::BlockImport(vtkDataSet& block, std::string const& name, std::vector<std::string>& remarks)
+    : m_block(block)
+    , m_name(name)
+    , m_remarks(remarks)
+    , m_facts(BlockFacts::of(block.GetFieldData()))
+{
+    if (!m_facts.zoneName.empty())
+        m_name = m_facts.zoneName;
+}
+
+ImportedZone BlockImport::run()
+{
+    makeZone();
+    addCoordinates();
+    addPointArrays();
+    addCellArrays();
+    return std::move(m_result);
+}
+
+void BlockImport::makeZone()
+{
+    int dimensions[3] = {0, 0, 0};
+    if (orderedDimensions(m_block, dimensions)) {
+        m_result.zone =
+            std::make_shared<kernel::Zone>(m_name, ZoneType_Ordered, dimensions[0], dimensions[1], dimensions[2]);
+    } else {
+        m_cells = importCells(m_block, m_facts.zoneType);
+        for (std::string const& text : m_cells.remarks)
+            remark(text);
+        auto const& cells = m_cells.connectivity;
+        std::int64_t const points = m_block.GetNumberOfPoints();
+        m_result.zone = std::make_shared<kernel::Zone>(m_name, m_cells.zoneType, points, cells ? cells->cellCount : 1,
+                                                       cells ? m_cells.faceCount : 1);
+        m_result.zone->connectivity = cells;
+    }
+    kernel::Zone& zone = *m_result.zone;
+    m_result.variableNames = m_facts.variableNames;
+    m_result.timeStep = m_facts.timeStep;
+    zone.strand = m_facts.strand.value_or(kernel::staticStrand);
+    zone.solutionTime = m_facts.timeValue.value_or(m_facts.timeStep.value_or(0.0));
+    vtkInformation* const information = m_block.GetInformation();
+    if (!m_facts.timeValue && information && information->Has(vtkDataObject::DATA_TIME_STEP()))
+        zone.solutionTime = information->Get(vtkDataObject::DATA_TIME_STEP());
+}
+
+void BlockImport::addCoordinates()
+{
+    auto* const points = vtkPointSet::SafeDownCast(&m_block);
+    if (!points)
+        addComputedCoordinates();
+    else if (points->GetPoints() && points->GetNumberOfPoints() == m_result.zone->pointCount())
+        addPointCoordinates(*points->GetPoints()->GetData());
+    else
+        throw ImportError("its block \"" + m_name + "\" has not as many points as its dimensions say");
+}
+
+void BlockImport::addPointCoordinates(vtkDataArray& points)
+{
+    AdoptedArray const adopted = adoptArray(points);
+    if (adopted.components.size() != 3)
+        throw ImportError("its block \"" + m_name + "\" has points without three coordinates");
+    if (!adopted.remark.empty())
+        remark("coordinates: " + adopted.remark);
+    for (int axis = 0; axis < 3; ++axis)
+        addCoordinate(axis, adopted.components[static_cast<std::size_t>(axis)]);
+}
+
+// Uniform and rectilinear grids store no points: each point gets coordinates of its own.
+void BlockImport::addComputedCoordinates()
+{
+    auto* const rectilinear = vtkRectilinearGrid::SafeDownCast(&m_block);
+    for (int axis = 0; axis < 3; ++axis)
+        addCoordinate(axis, rectilinear ? rectilinearCoordinate(*rectilinear, axis) : uniformCoordinate(axis));
+}
+
+std::shared_ptr<kernel::Buffer> BlockImport::rectilinearCoordinate(vtkRectilinearGrid& grid, int axis) const
+{
+    kernel::Zone const& zone = *m_result.zone;
+    std::int64_t const counts[3] = {zone.i, zone.j, zone.k};
+    std::int64_t const strides[3] = {1, zone.i, zone.i * zone.j};
+    vtkDataArray* const positions = axis == 0   ? grid.GetXCoordinates()
+                                    : axis == 1 ? grid.GetYCoordinates()
+                                                : grid.GetZCoordinates();
+    if (!positions || positions->GetNumberOfTuples() != counts[axis])
+        throw ImportError("its block \"" + m_name + "\" has not as many coordinates as its dimensions say");
+    bool const isFloat = positions->GetDataType() == VTK_FLOAT;
+    auto values = kernel::Buffer::allocate(isFloat ? FieldDataType_Float : FieldDataType_Double, zone.pointCount());
+    for (std::int64_t n = 0; n < values->size(); ++n)
+        values->setValue(n, positions->GetComponent(n / strides[axis] % counts[axis], 0));
+    return values;
+}
+
+std::shared_ptr<kernel::Buffer> BlockImport::uniformCoordinate(int axis) const
+{
+    auto values = kernel::Buffer::allocate(FieldDataType_Double, m_result.zone->pointCount());
+    double point[3] = {0.0, 0.0, 0.0};
+    for (std::int64_t n = 0; n < values->size(); ++n) {
+        m_block.GetPoint(n, point);
+        values->setValue(n, point[axis]);
+    }
+    return values;
+}
+
+void BlockImport::addCoordinate(int axis, std::shared_ptr<kernel::Buffer> values)
+{
+    std::string const& name = m_facts.coordinateNames[static_cast<std::size_t>(axis)];
+    if (!name.empty())
+        m_result.addField(name, makeField(std::move(values), ValueLocation_Nodal));
+}
+
+void BlockImport::addPointArrays()
+{
+    for (vtkDataArray* array : numbersOf(*m_block.GetPointData(), m_block.GetNumberOfPoints(), "points"))
+        addFields(*array, ValueLocation_Nodal);
+}
+
+void BlockImport::addCellArrays()
+{
+    for (vtkDataArray* array : numbersOf(*m_block.GetCellData(), m_block.GetNumberOfCells(), "cells"))
+        addCellArray(*array);
+}
+
+void BlockImport::addCellArray(vtkDataArray& array)
+{
+    bool const scattered =
+        m_result.zone->isOrdered() && vtkPointSet::SafeDownCast(&m_block) && !vtkStructuredGrid::SafeDownCast(&m_block);
+    if (scattered && m_cells.cellsArePoints)
+        addFields(array, ValueLocation_Nodal);
+    else if (scattered)
+        remark("cell values of scattered points left out: \"" + std::string(array.GetName() ? array.GetName() : "") +
+               "\"");
+    else if (m_cells.sameCells)
+        addFields(array, ValueLocation_CellCentered);
+    else
+        addFields(*gathered(array, m_cells.sources), ValueLocation_CellCentered);
+}
+
+void BlockImport::addFields(vtkDataArray& array, ValueLocation_e location)
+{
+    std::string const name = array.GetName() ? array.GetName() : "";
+    AdoptedArray adopted = adoptArray(array);
+    if (!adopted.remark.empty())
+        remark("\"" + name + "\": " + adopted.remark);
+    int const count = static_cast<int>(adopted.components.size());
+    for (int component = 0; component < count; ++component) {
+        auto& values = adopted.components[static_cast<std::size_t>(component)];
+        if (location == ValueLocation_CellCentered && m_result.zone->isOrdered())
+            values = OrderedCells(*m_result.zone).expand(*values);
+        m_result.addField(componentName(name, component, count), makeField(std::move(values), location));
+    }
+}
+
+std::vector<vtkDataArray*> BlockImport::numbersOf(vtkDataSetAttributes& attributes, std::int64_t expected,
+                                                  char const* what)
+{
+    std::vector<vtkDataArray*> result;
+    for (int n = 0; n < attributes.GetNumberOfArrays(); ++n) {
+        vtkAbstractArray* const array = attributes.GetAbstractArray(n);
+        vtkDataArray* const numbers = attributes.GetArray(n);
+        checkTuples(*array, expected, what);
+        if (numbers)
+            result.push_back(numbers);
+        else
+            remark("\"" + std::string(array->GetName() ? array->GetName() : "") + "\" has no numbers and was left out");
+    }
+    return result;
+}
+
+void BlockImport::checkTuples(vtkAbstractArray& array, std::int64_t expected, char const* what) const
+{
+    if (array.GetNumberOfTuples() == expected)
+        return;
+    throw ImportError("\"" + std::string(array.GetName() ? array.GetName() : "") + "\" of its block \"" + m_name +
+                      "\" has " + std::to_string(array.GetNumberOfTuples()) + " values for " +
+                      std::to_string(expected) + " " + what);
+}
+
+void BlockImport::remark(std::string const& text)
+{
+    m_remarks.push_back("Zone \"" + m_name + "\": " + text);
+}
+
+} // namespace veldraw::app

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "app/import/BlockFacts.h"
+#include "app/import/ImportedCells.h"
+#include "app/import/ImportedZone.h"
+
+#include <vtkDataSet.h>
+#include <vtkDataSetAttributes.h>
+#include <vtkRectilinearGrid.h>
+
+#include <string>
+#include <vector>
+
+namespace veldraw::app {
+
+/// Makes a zone of one VTK data set. Arrays are adopted: the data set is not to be changed afterwards.
+class BlockImport
+{
+public:
+    /// @param block   vtkImageData, vtkRectilinearGrid, vtkStructuredGrid, vtkUnstructuredGrid or vtkPolyData with points
+    /// @param name    name of the zone, unless the block's field data name it
+    /// @param remarks takes sentences for the user
+    BlockImport(vtkDataSet& block, std::string const& name, std::vector<std::string>& remarks);
+
+    /// @throws ImportError damaged blocks, blocks of other kinds
+    ImportedZone run();
+
+private:
+    void makeZone();
+    void addCoordinates();
+    void addPointArrays();
+    void addCellArrays();
+    void addCellArray(vtkDataArray& array);
+    void addFields(vtkDataArray& array, ValueLocation_e location);
+    void addComputedCoordinates();
+    std::shared_ptr<kernel::Buffer> rectilinearCoordinate(vtkRectilinearGrid& grid, int axis) const;
+    std::shared_ptr<kernel::Buffer> uniformCoordinate(int axis) const;
+    void addPointCoordinates(vtkDataArray& points);
+    void addCoordinate(int axis, std::shared_ptr<kernel::Buffer> values);
+    void checkTuples(vtkAbstractArray& array, std::int64_t expected, char const* what) const;
+    std::vector<vtkDataArray*> numbersOf(vtkDataSetAttributes& attributes, std::int64_t expected, char const* what);
+    void remark(std::string const& text);
+
+    vtkDataSet& m_block;
+    std::string m_name;
+    std::vector<std::string>& m_remarks;
+    BlockFacts m_facts;
+    ImportedCells m_cells;
+    ImportedZone m_result;
+};
+
+} // namespace veldraw::app

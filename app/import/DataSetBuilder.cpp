@@ -1,0 +1,62 @@
+#include "app/import/DataSetBuilder.h"
+
+#include <algorithm>
+#include <map>
+#include <unordered_map>
+#include <unordered_set>
+
+namespace veldraw::app {
+
+std::shared_ptr<kernel::DataSet> DataSetBuilder::finish(std::string const& title)
+{
+    assignStrands();
+    auto dataSet = std::make_shared<kernel::DataSet>(title);
+    std::unordered_map<std::string, std::size_t> positions;
+    for (std::string const& name : variableNames()) {
+        positions.emplace(name, positions.size());
+        dataSet->addVariable(std::make_shared<kernel::Variable>(name));
+    }
+    for (ImportedZone& imported : m_zones) {
+        std::vector<kernel::Field> fields(positions.size());
+        for (ImportedZone::NamedField& field : imported.fields)
+            fields[positions.at(field.name)] = std::move(field.field);
+        imported.zone->fields = std::move(fields);
+        dataSet->addZone(imported.zone);
+    }
+    m_zones.clear();
+    return dataSet;
+}
+
+// The order that the files ask for comes first, then first come, first served; a name that no zone has is left out.
+std::vector<std::string> DataSetBuilder::variableNames() const
+{
+    std::unordered_set<std::string> existing;
+    for (ImportedZone const& zone : m_zones) {
+        for (ImportedZone::NamedField const& field : zone.fields)
+            existing.insert(field.name);
+    }
+    std::vector<std::string> names;
+    auto const take = [&](std::string const& name) {
+        if (existing.erase(name) > 0)
+            names.push_back(name);
+    };
+    for (ImportedZone const& zone : m_zones)
+        std::for_each(zone.variableNames.begin(), zone.variableNames.end(), take);
+    for (ImportedZone const& zone : m_zones) {
+        for (ImportedZone::NamedField const& field : zone.fields)
+            take(field.name);
+    }
+    return names;
+}
+
+// The n-th block of each time step belongs to strand n.
+void DataSetBuilder::assignStrands()
+{
+    std::map<double, int> blocksOfStep;
+    for (ImportedZone& imported : m_zones) {
+        if (imported.timeStep && imported.zone->strand == kernel::staticStrand)
+            imported.zone->strand = ++blocksOfStep[*imported.timeStep];
+    }
+}
+
+} // namespace veldraw::app

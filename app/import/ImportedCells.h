@@ -1,0 +1,40 @@
+#pragma once
+
+#include "kernel/data/Connectivity.h"
+#include "platform/vdsdkbase/VelUtilTypes.h"
+
+#include <vtkDataSet.h>
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace veldraw::app {
+
+/// The cells of an unstructured VTK grid in the kernel's form.
+struct ImportedCells
+{
+    /// FE type, or Ordered when there are no cells but vertices: scattered points.
+    ZoneType_e zoneType = ZoneType_Ordered;
+    std::shared_ptr<kernel::Connectivity const> connectivity; ///< null for scattered points
+    std::int64_t faceCount = 0;                               ///< of polygon and polyhedron zones
+
+    bool cellsArePoints = false;       ///< scattered points: the n-th cell is the n-th point, so cell data are nodal
+    bool sameCells = true;             ///< each cell is the grid's cell of the same number
+    std::vector<std::int64_t> sources; ///< else: the grid's cell of each cell, zero-based
+
+    std::vector<std::string> remarks; ///< what was left out or simplified
+};
+
+/// Takes over the cells of a vtkUnstructuredGrid or vtkPolyData, without a copy where every cell is of a kernel shape.
+///
+/// Pixels and voxels get the corner order of quads and bricks; polylines and triangle strips become segments and triangles;
+/// cells of higher order keep their corners only; vertices among other cells, empty cells and polygons with fewer than three
+/// points are left out. Cells of one shape make the zone type; faces with polygons among them a polygon zone; all else, pyramids
+/// and prisms included, a mixed zone.
+/// @param wanted FEMixed or FEPolygon to get such a zone where the cells allow it; Ordered for no wish
+/// @throws ImportError damaged cells, or a cell type that has no counterpart
+ImportedCells importCells(vtkDataSet& grid, ZoneType_e wanted);
+
+} // namespace veldraw::app

@@ -1,0 +1,129 @@
+#include "app/import/VtkFile.h"
+
+#include "app/import/ImportError.h"
+#include "app/import/LegacyHeaderCheck.h"
+#include "app/import/XmlHeaderCheck.h"
+#include "app/vtk/VtkErrorCapture.h"
+
+#include <vtkAlgorithm.h>
+#include <vtkCommand.h>
+#include <vtkGenericDataObjectReader.h>
+#include <vtkNew.h>
+#include <vtkXMLImageDataReader.h>
+#include <vtkXMLPolyDataReader.h>
+#include <vtkXMLRectilinearGridReader.h>
+#include <vtkXMLStructuredGridReader.h>
+#include <vtkXMLUnstructuredGridReader.h>
+
+#include <filesystem>
+#include <new>
+
+namespace veldraw::app {
+
+namespace {
+
+// Hands VTK's progress on, and stops the reader when nobody wants to wait any more.
+class ProgressObserver : public vtkCommand
+{
+public:
+    static ProgressObserver* New() { return new ProgressObserver; }
+
+    void Execute(vtkObject* caller, unsigned long, void*) override
+    {
+        auto* const algorithm = vtkAlgorithm::SafeDownCast(caller);
+        if (algorithm && progress && !cancelled && !progress(algorithm->GetProgress()))
+            cancelled = true;
+        if (algorithm && cancelled)
+            algorithm->SetAbortExecute(1);
+    }
+
+    std::function<bool(double)> progress;
+    bool cancelled = false;
+};
+
+vtkSmartPointer<vtkXMLReader> xmlReader(std::string const& extension)
+{
+    if (extension == "vti")
+        return vtkSmartPointer<vtkXMLImageDataReader>::New();
+    if (extension == "vtr")
+        return vtkSmartPointer<vtkXMLRectilinearGridReader>::New();
+    if (extension == "vts")
+        return vtkSmartPointer<vtkXMLStructuredGridReader>::New();
+    if (extension == "vtu")
+        return vtkSmartPointer<vtkXMLUnstructuredGridReader>::New();
+    if (extension == "vtp")
+        return vtkSmartPointer<vtkXMLPolyDataReader>::New();
+    return nullptr;
+}
+
+void throwOnError(VtkErrorCapture const& errors)
+{
+    if (errors.hasErrors())
+        throw ImportError("it is damaged, incomplete or of another kind (" + errors.firstError() + ")");
+}
+
+vtkSmartPointer<vtkDataObject> run(vtkAlgorithm& reader, VtkErrorCapture const& errors,
+                                   std::function<bool(double)> const& progress)
+{
+    vtkNew<ProgressObserver> observer;
+    observer->progress = progress;
+    reader.AddObserver(vtkCommand::ProgressEvent, observer);
+    reader.Update();
+    if (observer->cancelled)
+        throw ImportCancelled("the import was cancelled");
+    throwOnError(errors);
+    vtkSmartPointer<vtkDataObject> const result = reader.GetOutputDataObject(0);
+    if (!result)
+        throw ImportError("it contains no grid");
+    return result;
+}
+
+vtkSmartPointer<vtkDataObject> readXml(vtkXMLReader& reader, std::string const& path, std::string const& extension,
+                                       VtkErrorCapture const& errors, std::function<bool(double)> const& progress)
+{
+    if (!reader.CanReadFile(path.c_str()))
+        throw ImportError("it is no VTK XML file of the kind that ." + extension +
+                          " stands for, or its start is damaged");
+    XmlHeaderCheck(path, static_cast<std::int64_t>(std::filesystem::file_size(path))).run();
+    reader.SetFileName(path.c_str());
+    return run(reader, errors, progress);
+}
+
+vtkSmartPointer<vtkDataObject> readLegacy(std::string const& path, VtkErrorCapture const& errors,
+                                          std::function<bool(double)> const& progress)
+{
+    checkLegacyHeader(path, static_cast<std::int64_t>(std::filesystem::file_size(path)));
+    vtkNew<vtkGenericDataObjectReader> reader;
+    reader->SetFileName(path.c_str());
+    reader->ReadAllScalarsOn();
+    reader->ReadAllVectorsOn();
+    reader->ReadAllNormalsOn();
+    reader->ReadAllTensorsOn();
+    reader->ReadAllColorScalarsOn();
+    reader->ReadAllTCoordsOn();
+    reader->ReadAllFieldsOn();
+    return run(*reader, errors, progress);
+}
+
+} // namespace
+
+vtkSmartPointer<vtkDataObject> readVtkFile(std::string const& path, std::string const& extension,
+                                           std::function<bool(double)> const& progress,
+                                           std::vector<std::string>& remarks)
+{
+    VtkErrorCapture const errors;
+    try {
+        auto const reader = xmlReader(extension);
+        auto const result =
+            reader ? readXml(*reader, path, extension, errors, progress) : readLegacy(path, errors, progress);
+        for (std::string const& warning : errors.warnings())
+            remarks.push_back("VTK: " + warning);
+        return result;
+    } catch (std::bad_alloc const&) {
+        throw ImportError("there is not enough memory for it");
+    } catch (std::length_error const&) {
+        throw ImportError("there is not enough memory for it");
+    }
+}
+
+} // namespace veldraw::app

@@ -1,0 +1,85 @@
+#include "app/import/VtkImport.h"
+
+#include "app/import/BlockImport.h"
+#include "app/import/ImportError.h"
+#include "app/import/MultiBlockFile.h"
+#include "app/import/PathChecks.h"
+#include "app/import/VtkFile.h"
+
+#include <vtkCompositeDataSet.h>
+#include <vtkInformation.h>
+#include <vtkMultiBlockDataSet.h>
+
+#include <filesystem>
+
+namespace veldraw::app {
+
+VtkImport::VtkImport(FileWatch& watch, std::function<bool(double)> progress)
+    : m_watch(watch)
+    , m_progress(std::move(progress))
+{
+}
+
+void VtkImport::read(std::string const& path, std::string const& extension, std::string const& title)
+{
+    if (extension == "vtm") {
+        readPieces(path);
+        return;
+    }
+    auto const object = readVtkFile(path, extension, m_progress, m_remarks);
+    add(*object, title);
+}
+
+void VtkImport::readPieces(std::string const& path)
+{
+    auto const pieces = multiBlockPieces(path);
+    auto const all = m_progress;
+    for (std::size_t n = 0; n < pieces.size(); ++n) {
+        MultiBlockPiece const& piece = pieces[n];
+        if (all) {
+            double const count = static_cast<double>(pieces.size());
+            m_progress = [=](double done) { return all((static_cast<double>(n) + done) / count); };
+        }
+        try {
+            readPiece(piece.path, extensionOf(piece.path),
+                      piece.name.empty() ? "Zone " + std::to_string(n + 1) : piece.name);
+        } catch (ImportCancelled const&) {
+            throw;
+        } catch (ImportError const& error) {
+            throw ImportError("its part \"" + piece.file + "\": " + error.what());
+        }
+    }
+}
+
+void VtkImport::readPiece(std::string const& path, std::string const& extension, std::string const& name)
+{
+    if (extension.size() != 3 || extension.compare(0, 2, "vt") != 0 ||
+        std::string("irsup").find(extension[2]) == std::string::npos)
+        throw ImportError("files of this kind cannot be parts");
+    checkReadable(path);
+    m_watch.add(path);
+    add(*readVtkFile(path, extension, m_progress, m_remarks), name);
+}
+
+void VtkImport::add(vtkDataObject& object, std::string const& name)
+{
+    if (auto* const block = vtkDataSet::SafeDownCast(&object)) {
+        if (block->GetNumberOfPoints() > 0)
+            m_zones.add(BlockImport(*block, name, m_remarks).run());
+        else
+            m_remarks.push_back("Block \"" + name + "\" has no points and was left out");
+        return;
+    }
+    auto* const blocks = vtkMultiBlockDataSet::SafeDownCast(&object);
+    if (!blocks)
+        throw ImportError("it contains a " + std::string(object.GetClassName()) + ", which is no grid");
+    for (unsigned int n = 0; n < blocks->GetNumberOfBlocks(); ++n) {
+        if (!blocks->GetBlock(n))
+            continue;
+        bool const named = blocks->HasMetaData(n) && blocks->GetMetaData(n)->Has(vtkCompositeDataSet::NAME());
+        add(*blocks->GetBlock(n),
+            named ? blocks->GetMetaData(n)->Get(vtkCompositeDataSet::NAME()) : name + " " + std::to_string(n + 1));
+    }
+}
+
+} // namespace veldraw::app

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "app/import/SizeCheck.h"
+#include "app/import/XmlTags.h"
+
+#include <string>
+#include <vector>
+
+namespace veldraw::app {
+
+/// Holds the header of a VTK XML file with one grid against the file's size before the file is read.
+class XmlHeaderCheck
+{
+public:
+    /// @param fileSize bytes
+    XmlHeaderCheck(std::string const& path, std::int64_t fileSize);
+
+    /// @throws ImportError when the file cannot contain what its header promises, or memory cannot
+    void run();
+
+private:
+    struct Appended
+    {
+        double end;
+        std::string name;
+    };
+
+    void look(XmlTags::Tag const& tag);
+    void lookAtArray(XmlTags::Tag const& tag);
+    void lookAtExtent(XmlTags::Tag const& tag, char const* attribute);
+    double valuesOf(XmlTags::Tag const& tag) const;
+    void checkAppended(std::int64_t start) const;
+
+    XmlTags m_tags;
+    std::int64_t m_fileSize;
+    SizeCheck m_size;
+    bool m_compressed = false;
+    double m_headerBytes = 4.0;
+    bool m_uniform = false;
+    double m_points = 0.0;
+    double m_cells = 0.0;
+    std::string m_section;
+    std::vector<Appended> m_appended;
+};
+
+} // namespace veldraw::app

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstdint>
+#include <fstream>
+#include <map>
+#include <string>
+
+namespace veldraw::app {
+
+/// Walks over the tags of a VTK XML file without keeping what stands between them, as far as the appended data.
+///
+/// Not a parser: it finds the few attributes that matter before a real one is let loose on a file of any size.
+class XmlTags
+{
+public:
+    struct Tag
+    {
+        std::string name; ///< with a leading '/' for an end tag
+        std::map<std::string, std::string> attributes;
+
+        /// The attribute as a number, @p otherwise when it is missing or none.
+        double number(std::string const& attribute, double otherwise) const;
+        std::string text(std::string const& attribute) const;
+    };
+
+    explicit XmlTags(std::string const& path);
+
+    /// Reads the next start or end tag. @return false at the end, after the tag AppendedData, or in a tag without end
+    bool next(Tag& tag);
+
+    /// Position behind the last tag, in bytes from the start of the file.
+    std::int64_t position() const { return m_position; }
+
+private:
+    bool skipTo(char wanted);
+    bool readUpTo(char wanted, std::string& text);
+    int get();
+
+    std::ifstream m_file;
+    std::int64_t m_position = 0;
+    bool m_atAppendedData = false;
+};
+
+} // namespace veldraw::app

@@ -1,0 +1,236 @@
+#include "app/plot/FieldView.h"
+
+#include "app/plot/ColourMap.h"
+#include "app/plot/PlotTheme.h"
+#include "app/plot/ZoneRanges.h"
+
+#include <vtkCamera.h>
+#include <vtkCellPicker.h>
+#include <vtkRenderWindow.h>
+#include <vtkTextProperty.h>
+
+#include <algorithm>
+
+namespace veldraw::app {
+
+namespace {
+
+QString variableName(kernel::DataSet const& dataSet, int number)
+{
+    auto const variable = dataSet.variable(number);
+    return variable ? QString::fromStdString(variable->name) : QString();
+}
+
+// Zones with points, switched on.
+std::vector<int> shownZones(kernel::DataSet const& dataSet)
+{
+    std::vector<int> zones;
+    for (int const number : dataSet.enabledZones())
+        if (dataSet.zone(number)->pointCount() > 0)
+            zones.push_back(number);
+    return zones;
+}
+
+} // namespace
+
+FieldView::FieldView(bool inSpace)
+    : m_inSpace(inSpace)
+{
+    QColor const paper = PlotTheme::paper();
+    m_stage->SetBackground(paper.redF(), paper.greenF(), paper.blueF());
+    PlotTheme::apply(*m_legend->GetTitleTextProperty(), PlotTheme::text(), PlotTheme::titleSize, true);
+    PlotTheme::apply(*m_legend->GetLabelTextProperty(), PlotTheme::quietText(), PlotTheme::labelSize);
+    m_legend->SetUnconstrainedFontSize(true);
+    m_legend->SetNumberOfLabels(6);
+    m_legend->SetLabelFormat("%.5g");
+    m_legend->SetVerticalTitleSeparation(10);
+    m_legend->SetTextPad(4);
+    m_legend->SetLookupTable(ColourMap::create(0.0, 1.0));
+    m_legend->VisibilityOff();
+    ground().AddActor2D(m_legend);
+}
+
+FieldView::~FieldView() = default;
+
+void FieldView::addTo(vtkRenderWindow& window)
+{
+    FrameView::addTo(window);
+    window.AddRenderer(m_stage);
+}
+
+void FieldView::removeFrom(vtkRenderWindow& window)
+{
+    window.RemoveRenderer(m_stage);
+    FrameView::removeFrom(window);
+}
+
+void FieldView::setArea(ViewArea const& viewArea)
+{
+    FrameView::setArea(viewArea);
+    m_margins = margins();
+    double const ratio = viewArea.pixelRatio;
+    m_stageWidth = std::max(1.0, viewArea.width - ratio * (m_margins.left + m_margins.right));
+    m_stageHeight = std::max(1.0, viewArea.height - ratio * (m_margins.bottom + m_margins.top));
+    double const left = viewArea.fraction.left() + viewArea.fraction.width() * ratio * m_margins.left / viewArea.width;
+    double const bottom =
+        viewArea.fraction.top() + viewArea.fraction.height() * ratio * m_margins.bottom / viewArea.height;
+    m_stage->SetViewport(std::clamp(left, 0.0, 1.0), std::clamp(bottom, 0.0, 1.0),
+                         std::clamp(left + viewArea.fraction.width() * m_stageWidth / viewArea.width, 0.0, 1.0),
+                         std::clamp(bottom + viewArea.fraction.height() * m_stageHeight / viewArea.height, 0.0, 1.0));
+    placeLegend();
+}
+
+QPointF FieldView::onStage(QPointF const& inArea) const
+{
+    double const ratio = area().pixelRatio;
+    return {(inArea.x() * area().width - ratio * m_margins.left) / m_stageWidth,
+            (inArea.y() * area().height - ratio * m_margins.bottom) / m_stageHeight};
+}
+
+int FieldView::zoneAt(QPointF const& inArea) const
+{
+    QPointF const position = onStage(inArea);
+    if (position.x() < 0.0 || position.x() > 1.0 || position.y() < 0.0 || position.y() > 1.0)
+        return 0;
+    int const* const origin = m_stage->GetOrigin();
+    vtkNew<vtkCellPicker> picker;
+    picker->SetTolerance(0.004);
+    picker->Pick(origin[0] + position.x() * m_stageWidth, origin[1] + position.y() * m_stageHeight, 0.0, m_stage);
+    for (auto const& zone : m_zones)
+        if (zone->actor() == picker->GetActor())
+            return zone->zoneNumber();
+    return 0;
+}
+
+void FieldView::clear()
+{
+    for (auto const& zone : m_zones)
+        m_stage->RemoveActor(zone->actor());
+    m_zones.clear();
+    m_legend->VisibilityOff();
+}
+
+FrameNotice FieldView::show(kernel::Frame const& frame)
+{
+    clear();
+    QString const reason = obstacle(frame);
+    if (!reason.isEmpty())
+        return {reason, true};
+
+    kernel::DataSet const& dataSet = *frame.dataSet;
+    std::vector<int> const zones = shownZones(dataSet);
+    FieldLook const look = lookOf(frame, zones);
+    bool const moved = !m_hasView || look.space != m_look.space;
+    m_look = look;
+    for (int const number : zones) {
+        auto drawing = std::make_unique<ZoneDrawing>(dataSet, number, m_look);
+        m_stage->AddActor(drawing->actor());
+        m_zones.push_back(std::move(drawing));
+    }
+    updateLegend(variableName(dataSet, m_look.contourVariable));
+    setArea(area());
+    updateAxes({variableName(dataSet, m_look.axes[0]), variableName(dataSet, m_look.axes[1]),
+                variableName(dataSet, m_look.axes[2])});
+    if (moved)
+        fit();
+    m_hasView = true;
+    if (frame.showContour && m_look.contourVariable == 0)
+        return {frame.variableNumber('C') == 0 ? tr("No variable is assigned to the contour.")
+                                               : tr("The contour variable has no values in the enabled zones."),
+                false};
+    return {};
+}
+
+QString FieldView::obstacle(kernel::Frame const& frame) const
+{
+    if (!frame.dataSet)
+        return tr("This frame has no data set.");
+    std::array<QString, 3> const letters = {tr("X"), tr("Y"), tr("Z")};
+    std::array<int, 3> const axes = frame.axisVariables();
+    for (std::size_t n = 0; n < (m_inSpace ? 3U : 2U); ++n)
+        if (axes[n] == 0)
+            return tr("No variable is assigned to the %1 axis.").arg(letters[n]);
+    if (frame.dataSet->zoneCount() == 0)
+        return tr("The data set has no zones.");
+    if (frame.dataSet->enabledZones().empty())
+        return tr("No zone is enabled.");
+    std::vector<int> const zones = shownZones(*frame.dataSet);
+    if (zones.empty())
+        return tr("The enabled zones have no points.");
+    return obstacleInZones(frame, zones);
+}
+
+QString FieldView::obstacleInZones(kernel::Frame const& frame, std::vector<int> const& zones) const
+{
+    std::array<QString, 3> const letters = {tr("X"), tr("Y"), tr("Z")};
+    std::array<int, 3> const axes = frame.axisVariables();
+    for (std::size_t n = 0; n < (m_inSpace ? 3U : 2U); ++n) {
+        bool const atPoints = std::any_of(zones.begin(), zones.end(), [&](int zone) {
+            kernel::Field const* const field = frame.dataSet->field(zone, axes[n]);
+            return field && field->location() == ValueLocation_Nodal;
+        });
+        if (!atPoints)
+            return tr("The variable on the %1 axis has values at cells, not at points.").arg(letters[n]);
+        if (!ZoneRanges::of(*frame.dataSet, zones, axes[n]).isValid())
+            return tr("The variable on the %1 axis has no finite values.").arg(letters[n]);
+    }
+    return {};
+}
+
+FieldLook FieldView::lookOf(kernel::Frame const& frame, std::vector<int> const& zones) const
+{
+    FieldLook look;
+    look.inSpace = m_inSpace;
+    look.axes = frame.axisVariables();
+    if (!m_inSpace)
+        look.axes[2] = 0;
+    std::array<double, 3> min{};
+    std::array<double, 3> max{};
+    for (std::size_t n = 0; n < (m_inSpace ? 3U : 2U); ++n) {
+        kernel::ValueRange const range = ZoneRanges::of(*frame.dataSet, zones, look.axes[n]);
+        min[n] = range.min;
+        max[n] = range.max;
+    }
+    look.space = PlotSpace(min, max);
+    look.mesh = frame.showMesh;
+    look.colours = ColourMap::create(0.0, 1.0);
+    kernel::ValueRange const flood = ZoneRanges::of(*frame.dataSet, zones, frame.variableNumber('C'));
+    if (frame.showContour && flood.isValid()) {
+        look.contourVariable = frame.variableNumber('C');
+        look.contourMin = flood.min;
+        look.contourMax = flood.max;
+    }
+    return look;
+}
+
+bool FieldView::dependsOn(kernel::Frame const& frame, int variable) const
+{
+    std::array<int, 3> const axes = frame.axisVariables();
+    return std::find(axes.begin(), axes.end(), variable) != axes.end() ||
+           (frame.showContour && frame.variableNumber('C') == variable);
+}
+
+void FieldView::updateLegend(QString const& title)
+{
+    m_legend->SetVisibility(hasLegend());
+    if (!hasLegend())
+        return;
+    m_legend->SetLookupTable(ColourMap::create(m_look.contourMin, m_look.contourMax));
+    bool const isOneValue = !(m_look.contourMax > m_look.contourMin);
+    m_legend->SetNumberOfLabels(isOneValue ? 1 : 6);
+    m_legend->SetTitle(title.toUtf8().constData());
+}
+
+void FieldView::placeLegend()
+{
+    // The bar keeps its width in pixels whatever the frame's size, and stands clear of the stage's right edge.
+    double const unit = area().pixelRatio;
+    double const width = std::min(0.9, (m_margins.right - 20.0) * unit / area().width);
+    double const height = std::min(0.8, std::max(0.45, 330.0 * unit / area().height));
+    m_legend->SetPosition(1.0 - width - 8.0 * unit / area().width, 0.5 - 0.5 * height);
+    m_legend->SetWidth(width);
+    m_legend->SetHeight(height);
+    m_legend->SetBarRatio(0.22);
+}
+
+} // namespace veldraw::app

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "app/plot/FrameView.h"
+#include "app/plot/ZoneDrawing.h"
+
+#include <QCoreApplication>
+#include <vtkScalarBarActor.h>
+
+#include <memory>
+#include <vector>
+
+namespace veldraw::app {
+
+/// What field plots in a plane and in space have in common: zones, contour flood and its legend.
+class FieldView : public FrameView
+{
+    Q_DECLARE_TR_FUNCTIONS(veldraw::app::FieldView)
+
+public:
+    explicit FieldView(bool inSpace);
+    ~FieldView() override;
+
+    void addTo(vtkRenderWindow& window) override;
+    void removeFrom(vtkRenderWindow& window) override;
+    void setArea(ViewArea const& area) override;
+    FrameNotice show(kernel::Frame const& frame) override;
+    bool dependsOn(kernel::Frame const& frame, int variable) const override;
+
+    vtkRenderer& stage() const { return *m_stage; } ///< shows the zones
+    vtkScalarBarActor& legend() const { return *m_legend; }
+    PlotSpace const& space() const { return m_look.space; }
+    std::vector<std::unique_ptr<ZoneDrawing>> const& zones() const { return m_zones; }
+
+    /// One-based number of the zone seen at a position of the area, 0 when there is none.
+    int zoneAt(QPointF const& inArea) const;
+
+protected:
+    /// Free space between the area's edges and the stage, logical pixels.
+    struct Margins
+    {
+        double left = 0.0;
+        double bottom = 0.0;
+        double right = 0.0;
+        double top = 0.0;
+    };
+
+    virtual Margins margins() const = 0;
+
+    /// The axes' names and the space may have changed.
+    virtual void updateAxes(std::array<QString, 3> const& names) = 0;
+
+    bool hasLegend() const { return m_look.contourVariable > 0; }
+    double stageWidth() const { return m_stageWidth; }   ///< device pixels
+    double stageHeight() const { return m_stageHeight; } ///< device pixels
+
+    /// A position of the area as a position of the stage.
+    QPointF onStage(QPointF const& inArea) const;
+
+private:
+    QString obstacle(kernel::Frame const& frame) const;
+    QString obstacleInZones(kernel::Frame const& frame, std::vector<int> const& zones) const;
+    void clear();
+    FieldLook lookOf(kernel::Frame const& frame, std::vector<int> const& zones) const;
+    void updateLegend(QString const& title);
+    void placeLegend();
+
+    bool m_inSpace;
+    bool m_hasView = false;
+    FieldLook m_look;
+    std::vector<std::unique_ptr<ZoneDrawing>> m_zones;
+    vtkNew<vtkRenderer> m_stage;
+    vtkNew<vtkScalarBarActor> m_legend;
+    double m_stageWidth = 1.0;
+    double m_stageHeight = 1.0;
+    Margins m_margins;
+};
+
+} // namespace veldraw::app

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "app/plot/FrameNotice.h"
+#include "kernel/frames/Frame.h"
+
+#include <QPointF>
+#include <QRectF>
+#include <vtkNew.h>
+#include <vtkRenderer.h>
+
+class vtkRenderWindow;
+
+namespace veldraw::app {
+
+/// Where a view stands in the window of VTK.
+struct ViewArea
+{
+    QRectF fraction;    ///< of the window, origin at the bottom left as VTK counts
+    double width = 1.0; ///< device pixels
+    double height = 1.0;
+    double pixelRatio = 1.0; ///< device pixels a logical pixel
+};
+
+/// The content of one frame, below its header. Positions are shares of the area, (0, 0) at the bottom left.
+class FrameView
+{
+public:
+    FrameView();
+    virtual ~FrameView();
+
+    virtual void addTo(vtkRenderWindow& window);
+    virtual void removeFrom(vtkRenderWindow& window);
+    virtual void setArea(ViewArea const& area);
+
+    /// Builds the picture afresh. The view stays where it is unless the extent of what is shown changed.
+    /// @return what is missing, if anything
+    virtual FrameNotice show(kernel::Frame const& frame) = 0;
+
+    /// Whether the picture depends on a variable (one-based number) of the frame's data set.
+    virtual bool dependsOn(kernel::Frame const& frame, int variable) const = 0;
+
+    virtual void fit() = 0;
+    virtual void rotate(QPointF const& from, QPointF const& to) { pan(from, to); }
+    virtual void pan(QPointF const& from, QPointF const& to) = 0;
+    /// @param factor above 1 shows less, larger; @param at stays where it is, if the projection allows
+    virtual void zoom(double factor, QPointF const& at) = 0;
+
+    FrameView(FrameView const&) = delete;
+    FrameView& operator=(FrameView const&) = delete;
+
+protected:
+    vtkRenderer& ground() { return *m_ground; } ///< covers the area, white; axes and legends go here
+    ViewArea const& area() const { return m_area; }
+
+private:
+    vtkNew<vtkRenderer> m_ground;
+    ViewArea m_area;
+};
+
+} // namespace veldraw::app

@@ -1,0 +1,231 @@
+#include "app/plot/LineView.h"
+
+#include "app/plot/LinePoints.h"
+#include "app/plot/PlotTheme.h"
+
+#include <QStringList>
+#include <vtkAxis.h>
+#include <vtkBrush.h>
+#include <vtkChartLegend.h>
+#include <vtkContextScene.h>
+#include <vtkDoubleArray.h>
+#include <vtkPen.h>
+#include <vtkPlotLine.h>
+#include <vtkTable.h>
+#include <vtkTextProperty.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace veldraw::app {
+
+namespace {
+
+void setColour(vtkPen& pen, QColor const& colour)
+{
+    pen.SetColorF(colour.redF(), colour.greenF(), colour.blueF());
+}
+
+// Limits with air around the curve, and a width of their own where all values are equal.
+std::array<double, 2> roomy(double min, double max, double air)
+{
+    double const width = max > min ? max - min : std::max(1e-12, std::abs(min)) * 0.1;
+    return {min - air * width, max + air * width};
+}
+
+QString joinedNames(QStringList names)
+{
+    names.removeDuplicates();
+    return names.size() > 3 ? QString() : names.join(QStringLiteral(", "));
+}
+
+} // namespace
+
+LineView::LineView()
+{
+    styleChart();
+    m_actor->GetScene()->AddItem(m_chart);
+    m_actor->GetScene()->SetRenderer(&ground());
+    ground().AddActor(m_actor);
+}
+
+LineView::~LineView() = default;
+
+void LineView::styleChart()
+{
+    for (int const position : {vtkAxis::LEFT, vtkAxis::BOTTOM}) {
+        vtkAxis* const axis = m_chart->GetAxis(position);
+        axis->SetBehavior(vtkAxis::FIXED);
+        setColour(*axis->GetPen(), PlotTheme::axis());
+        setColour(*axis->GetGridPen(), PlotTheme::grid());
+        PlotTheme::apply(*axis->GetLabelProperties(), PlotTheme::quietText(), PlotTheme::labelSize);
+        PlotTheme::apply(*axis->GetTitleProperties(), PlotTheme::text(), PlotTheme::titleSize, true);
+    }
+    m_chart->SetShowLegend(true);
+    m_chart->SetHiddenAxisBorder(24);
+    vtkChartLegend* const legend = m_chart->GetLegend();
+    legend->SetInline(true);
+    legend->SetHorizontalAlignment(vtkChartLegend::RIGHT);
+    legend->SetVerticalAlignment(vtkChartLegend::TOP);
+    PlotTheme::apply(*legend->GetLabelProperties(), PlotTheme::text(), PlotTheme::labelSize);
+    legend->GetBrush()->SetColor(255, 255, 255, 225);
+    setColour(*legend->GetPen(), PlotTheme::border());
+}
+
+void LineView::setArea(ViewArea const& viewArea)
+{
+    FrameView::setArea(viewArea);
+    for (int n = 0; n < m_chart->GetNumberOfPlots(); ++n)
+        m_chart->GetPlot(n)->SetWidth(static_cast<float>(2.0 * viewArea.pixelRatio));
+}
+
+FrameNotice LineView::show(kernel::Frame const& frame)
+{
+    m_chart->ClearPlots();
+    Limits const before = m_limits;
+    m_limits = {};
+    if (!frame.dataSet)
+        return {tr("This frame has no data set."), true};
+    if (!frame.showLines && !frame.showSymbols)
+        return {tr("Neither lines nor symbols are switched on."), true};
+    QString reason = tr("No line map is active.");
+    int index = 0;
+    for (kernel::LineMap const& map : frame.lineMaps) {
+        if (!map.active)
+            continue;
+        QString const missing = addCurve(frame, map, index++);
+        if (!missing.isEmpty())
+            reason = missing;
+    }
+    if (m_chart->GetNumberOfPlots() == 0)
+        return {reason, true};
+    setTitles(frame);
+    if (!m_limits.isValid)
+        return {tr("The curves have no finite values."), true};
+    setArea(area());
+    if (!before.isValid || !(before == m_limits))
+        fit();
+    bool const hasAll = index == m_chart->GetNumberOfPlots();
+    return {hasAll ? QString() : reason, false};
+}
+
+QString LineView::addCurve(kernel::Frame const& frame, kernel::LineMap const& map, int index)
+{
+    kernel::DataSet const& dataSet = *frame.dataSet;
+    int const zone = dataSet.zoneNumber(map.zone);
+    int const x = dataSet.variableNumber(map.xVariable);
+    int const y = dataSet.variableNumber(map.yVariable);
+    if (x == 0)
+        return tr("No variable is assigned to the X axis.");
+    if (y == 0)
+        return tr("No variable is assigned to the Y axis.");
+    if (zone == 0)
+        return tr("No zone is assigned to the line map.");
+    if (dataSet.zone(zone)->pointCount() <= 0)
+        return tr("The zone of the line map has no points.");
+    auto const points = LinePoints::create(dataSet, zone, x, y, map.indices);
+    if (!points)
+        return tr("One variable has values at points and the other in cells.");
+
+    vtkNew<vtkPlotLine> curve;
+    curve->SetInputData(points, 0, 1);
+    styleCurve(*curve, PlotTheme::curve(index), frame, points->GetNumberOfRows() == 1);
+    curve->SetLabel(map.name.empty() ? dataSet.variable(y)->name : map.name);
+    m_chart->AddPlot(curve);
+    include(*points);
+    return {};
+}
+
+void LineView::styleCurve(vtkPlotLine& curve, QColor const& colour, kernel::Frame const& frame, bool isPoint) const
+{
+    setColour(*curve.GetPen(), colour);
+    curve.GetPen()->SetLineType(frame.showLines ? vtkPen::SOLID_LINE : vtkPen::NO_PEN);
+    curve.SetMarkerStyle(frame.showSymbols || isPoint ? vtkPlotPoints::CIRCLE : vtkPlotPoints::NONE);
+    curve.SetMarkerSize(static_cast<float>(7.0 * area().pixelRatio));
+}
+
+void LineView::include(vtkTable& points)
+{
+    vtkDataArray* const x = vtkDataArray::SafeDownCast(points.GetColumn(0));
+    vtkDataArray* const y = vtkDataArray::SafeDownCast(points.GetColumn(1));
+    for (vtkIdType n = 0; n < points.GetNumberOfRows(); ++n) {
+        std::array<double, 2> const point = {x->GetComponent(n, 0), y->GetComponent(n, 0)};
+        if (!std::isfinite(point[0]) || !std::isfinite(point[1]))
+            continue;
+        for (std::size_t axis = 0; axis < 2; ++axis) {
+            m_limits.min[axis] = m_limits.isValid ? std::min(m_limits.min[axis], point[axis]) : point[axis];
+            m_limits.max[axis] = m_limits.isValid ? std::max(m_limits.max[axis], point[axis]) : point[axis];
+        }
+        m_limits.isValid = true;
+    }
+}
+
+void LineView::setTitles(kernel::Frame const& frame)
+{
+    QStringList xNames;
+    QStringList yNames;
+    for (kernel::LineMap const& map : frame.lineMaps) {
+        auto const x = frame.dataSet->variable(frame.dataSet->variableNumber(map.xVariable));
+        auto const y = frame.dataSet->variable(frame.dataSet->variableNumber(map.yVariable));
+        if (!map.active || !x || !y)
+            continue;
+        xNames << QString::fromStdString(x->name);
+        yNames << QString::fromStdString(y->name);
+    }
+    m_chart->GetAxis(vtkAxis::BOTTOM)->SetTitle(joinedNames(xNames).toStdString());
+    m_chart->GetAxis(vtkAxis::LEFT)->SetTitle(joinedNames(yNames).toStdString());
+}
+
+bool LineView::dependsOn(kernel::Frame const& frame, int variable) const
+{
+    if (!frame.dataSet)
+        return false;
+    return std::any_of(frame.lineMaps.begin(), frame.lineMaps.end(), [&](kernel::LineMap const& map) {
+        return frame.dataSet->variableNumber(map.xVariable) == variable ||
+               frame.dataSet->variableNumber(map.yVariable) == variable;
+    });
+}
+
+void LineView::fit()
+{
+    if (!m_limits.isValid)
+        return;
+    auto const x = roomy(m_limits.min[0], m_limits.max[0], 0.02);
+    auto const y = roomy(m_limits.min[1], m_limits.max[1], 0.06);
+    m_chart->GetAxis(vtkAxis::BOTTOM)->SetRange(x[0], x[1]);
+    m_chart->GetAxis(vtkAxis::LEFT)->SetRange(y[0], y[1]);
+}
+
+QPointF LineView::inBox(QPointF const& inArea) const
+{
+    int const* const first = m_chart->GetPoint1();
+    int const* const last = m_chart->GetPoint2();
+    double const width = std::max(1, last[0] - first[0]);
+    double const height = std::max(1, last[1] - first[1]);
+    return {(inArea.x() * area().width - first[0]) / width, (inArea.y() * area().height - first[1]) / height};
+}
+
+void LineView::pan(QPointF const& from, QPointF const& to)
+{
+    QPointF const step = inBox(to) - inBox(from);
+    auto const move = [](vtkAxis& axis, double share) {
+        double const shift = share * (axis.GetMaximum() - axis.GetMinimum());
+        axis.SetRange(axis.GetMinimum() - shift, axis.GetMaximum() - shift);
+    };
+    move(*m_chart->GetAxis(vtkAxis::BOTTOM), step.x());
+    move(*m_chart->GetAxis(vtkAxis::LEFT), step.y());
+}
+
+void LineView::zoom(double factor, QPointF const& at)
+{
+    QPointF const fixed = inBox(at);
+    auto const scale = [factor](vtkAxis& axis, double share) {
+        double const width = axis.GetMaximum() - axis.GetMinimum();
+        double const stays = axis.GetMinimum() + share * width;
+        axis.SetRange(stays - share * width / factor, stays + (1.0 - share) * width / factor);
+    };
+    scale(*m_chart->GetAxis(vtkAxis::BOTTOM), fixed.x());
+    scale(*m_chart->GetAxis(vtkAxis::LEFT), fixed.y());
+}
+
+} // namespace veldraw::app

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "app/plot/FrameView.h"
+
+#include <QCoreApplication>
+#include <vtkChartXY.h>
+#include <vtkContextActor.h>
+#include <vtkSmartPointer.h>
+
+#include <array>
+
+class vtkPlotLine;
+class vtkTable;
+
+namespace veldraw::app {
+
+/// A line plot: for each active line map one variable over another.
+class LineView : public FrameView
+{
+    Q_DECLARE_TR_FUNCTIONS(veldraw::app::LineView)
+
+public:
+    LineView();
+    ~LineView() override;
+
+    void setArea(ViewArea const& area) override;
+    FrameNotice show(kernel::Frame const& frame) override;
+    bool dependsOn(kernel::Frame const& frame, int variable) const override;
+    void fit() override;
+    void pan(QPointF const& from, QPointF const& to) override;
+    void zoom(double factor, QPointF const& at) override;
+
+    vtkChartXY& chart() const { return *m_chart; }
+
+private:
+    struct Limits
+    {
+        bool isValid = false;
+        std::array<double, 2> min{};
+        std::array<double, 2> max{};
+        bool operator==(Limits const& other) const { return min == other.min && max == other.max; }
+    };
+
+    void styleChart();
+    QString addCurve(kernel::Frame const& frame, kernel::LineMap const& map, int index);
+    void styleCurve(vtkPlotLine& curve, QColor const& colour, kernel::Frame const& frame, bool isPoint) const;
+    void include(vtkTable& points);
+    void setTitles(kernel::Frame const& frame);
+
+    /// A position of the area as a share of the box between the axes.
+    QPointF inBox(QPointF const& inArea) const;
+
+    vtkNew<vtkContextActor> m_actor;
+    vtkNew<vtkChartXY> m_chart;
+    Limits m_limits;
+};
+
+} // namespace veldraw::app

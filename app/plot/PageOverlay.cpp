@@ -1,0 +1,117 @@
+#include "app/plot/PageOverlay.h"
+
+#include "app/plot/PlotTheme.h"
+
+#include <QPaintEvent>
+#include <QPainter>
+
+namespace veldraw::app {
+
+namespace {
+
+QFont headerFont(QFont font, bool bold)
+{
+    font.setPixelSize(13);
+    font.setWeight(bold ? QFont::DemiBold : QFont::Normal);
+    return font;
+}
+
+QFont noticeFont(QFont font, int pixels)
+{
+    font.setPixelSize(pixels);
+    return font;
+}
+
+} // namespace
+
+PageOverlay::PageOverlay(QWidget* parent)
+    : QWidget(parent)
+{
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    setFocusPolicy(Qt::NoFocus);
+}
+
+void PageOverlay::setMarks(std::vector<Mark> marks, QString const& emptyText)
+{
+    m_marks = std::move(marks);
+    m_emptyText = emptyText;
+    update();
+}
+
+void PageOverlay::paintEvent(QPaintEvent* event)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (m_marks.empty())
+        paintEmptyPage(painter);
+    for (std::size_t n = 0; n < m_marks.size(); ++n) {
+        QRegion visible = QRegion(m_marks[n].area) & event->region();
+        for (std::size_t above = n + 1; above < m_marks.size(); ++above)
+            visible -= m_marks[above].area;
+        if (visible.isEmpty())
+            continue;
+        painter.setClipRegion(visible);
+        paintMark(painter, m_marks[n]);
+    }
+}
+
+void PageOverlay::paintMark(QPainter& painter, Mark const& mark) const
+{
+    paintHeader(painter, mark);
+    if (!mark.notice.sentence.isEmpty())
+        paintNotice(painter, mark);
+    qreal const width = mark.isActive ? borderWidth : 1.0;
+    painter.setPen(QPen(mark.isActive ? PlotTheme::accent() : PlotTheme::border(), width, Qt::SolidLine, Qt::SquareCap,
+                        Qt::MiterJoin));
+    painter.setBrush(Qt::NoBrush);
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    int const inset = mark.isActive ? 1 : 0;
+    painter.drawRect(mark.area.adjusted(inset, inset, -1, -1));
+    painter.setRenderHint(QPainter::Antialiasing, true);
+}
+
+void PageOverlay::paintHeader(QPainter& painter, Mark const& mark) const
+{
+    QRect header = mark.area;
+    header.setHeight(headerHeight);
+    // The strip beside the content belongs to nobody else: it is filled up to where the picture begins.
+    painter.fillRect(QRect(mark.area.left(), header.top(), mark.area.width(), headerHeight),
+                     mark.isActive ? PlotTheme::accentHeader() : PlotTheme::header());
+    painter.fillRect(QRect(header.left(), header.bottom(), header.width(), 1),
+                     mark.isActive ? PlotTheme::accent().lighter(150) : PlotTheme::border());
+    painter.setFont(headerFont(font(), mark.isActive));
+    painter.setPen(mark.isActive ? PlotTheme::accentText() : PlotTheme::quietText());
+    QRect const text = header.adjusted(10, 0, -10, 0);
+    painter.drawText(text, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
+                     painter.fontMetrics().elidedText(mark.name, Qt::ElideRight, text.width()));
+}
+
+void PageOverlay::paintNotice(QPainter& painter, Mark const& mark) const
+{
+    if (mark.notice.coversPicture) {
+        painter.fillRect(mark.content, PlotTheme::paper());
+        painter.setFont(noticeFont(font(), 15));
+        painter.setPen(PlotTheme::quietText());
+        painter.drawText(mark.content.adjusted(16, 8, -16, -8), Qt::AlignCenter | Qt::TextWordWrap,
+                         mark.notice.sentence);
+        return;
+    }
+    painter.setFont(noticeFont(font(), 12));
+    QRect const room = mark.content.adjusted(14, 10, -14, -10);
+    QRect const text = painter.fontMetrics().boundingRect(room, Qt::AlignTop | Qt::AlignHCenter | Qt::TextWordWrap,
+                                                          mark.notice.sentence);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(0xFF, 0xF4, 0xD6, 235));
+    painter.drawRoundedRect(text.adjusted(-9, -4, 9, 4), 4, 4);
+    painter.setPen(QColor(0x6B, 0x4E, 0x00));
+    painter.drawText(text, Qt::AlignCenter | Qt::TextWordWrap, mark.notice.sentence);
+}
+
+void PageOverlay::paintEmptyPage(QPainter& painter) const
+{
+    painter.setFont(noticeFont(font(), 18));
+    painter.setPen(PlotTheme::quietText());
+    painter.drawText(rect().adjusted(24, 24, -24, -24), Qt::AlignCenter | Qt::TextWordWrap, m_emptyText);
+}
+
+} // namespace veldraw::app

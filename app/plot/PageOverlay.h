@@ -1,0 +1,52 @@
+#pragma once
+
+#include "app/plot/FrameNotice.h"
+
+#include <QRect>
+#include <QRegion>
+#include <QString>
+#include <QWidget>
+
+#include <vector>
+
+namespace veldraw::app {
+
+/// Borders, headers and notices of the frames, drawn by Qt over the picture, so that names in any script are sharp and readable.
+/// Lets the mouse through.
+class PageOverlay : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// One frame, logical pixels of this widget.
+    struct Mark
+    {
+        QRect area;    ///< with border and header
+        QRect content; ///< below the header, inside the border
+        QString name;
+        FrameNotice notice;
+        bool isActive = false;
+    };
+
+    explicit PageOverlay(QWidget* parent);
+
+    /// @param marks in drawing order, the last on top; none: @p emptyText is shown instead
+    void setMarks(std::vector<Mark> marks, QString const& emptyText);
+
+    static constexpr int headerHeight = 26;
+    static constexpr int borderWidth = 2;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void paintMark(QPainter& painter, Mark const& mark) const;
+    void paintHeader(QPainter& painter, Mark const& mark) const;
+    void paintNotice(QPainter& painter, Mark const& mark) const;
+    void paintEmptyPage(QPainter& painter) const;
+
+    std::vector<Mark> m_marks;
+    QString m_emptyText;
+};
+
+} // namespace veldraw::app

@@ -1,0 +1,522 @@
+#include "app/plot/PageView.h"
+
+#include "app/plot/LineView.h"
+#include "app/plot/PageOverlay.h"
+#include "app/plot/PlaneView.h"
+#include "app/plot/PlotTheme.h"
+#include "app/plot/SpaceView.h"
+#include "kernel/frames/MouseMode.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QResizeEvent>
+#include <QTimer>
+#include <QVTKOpenGLNativeWidget.h>
+#include <QWheelEvent>
+#include <vtkRenderWindowInteractor.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace veldraw::app {
+
+namespace {
+
+std::unique_ptr<FrameView> createView(PlotType_e plotType)
+{
+    switch (plotType) {
+    case PlotType_Cartesian3D:
+        return std::make_unique<SpaceView>();
+    case PlotType_Cartesian2D:
+        return std::make_unique<PlaneView>();
+    case PlotType_XYLine:
+        return std::make_unique<LineView>();
+    default:
+        return nullptr;
+    }
+}
+
+// The paper and the frames that lie beside it, in inches.
+QRectF workArea(kernel::Page const& page)
+{
+    QRectF area(0.0, 0.0, std::max(page.paperWidth, 0.1), std::max(page.paperHeight, 0.1));
+    for (auto const& frame : page.frames)
+        area |= QRectF(frame->rectangle.x, frame->rectangle.y, frame->rectangle.width, frame->rectangle.height);
+    return area;
+}
+
+} // namespace
+
+PageView::PageView(kernel::Session& session, QWidget* parent)
+    : QWidget(parent)
+    , m_session(session)
+    , m_display(session, *this)
+{
+    setFocusPolicy(Qt::StrongFocus);
+    setMinimumSize(160, 120);
+    setAccessibleName(tr("Page"));
+
+    m_canvas = new QVTKOpenGLNativeWidget(this);
+    m_canvas->setFormat(QVTKOpenGLNativeWidget::defaultFormat());
+    m_canvas->setAttribute(Qt::WA_TransparentForMouseEvents);
+    m_canvas->setFocusPolicy(Qt::NoFocus);
+    m_window->SetMultiSamples(4);
+    m_canvas->setRenderWindow(m_window);
+    m_canvas->interactor()->SetInteractorStyle(nullptr);
+    QColor const desk = PlotTheme::desk();
+    m_desk->SetBackground(desk.redF(), desk.greenF(), desk.blueF());
+    m_window->AddRenderer(m_desk);
+    m_overlay = new PageOverlay(this);
+
+    m_timer = new QTimer(this);
+    m_timer->setSingleShot(true);
+    m_timer->setInterval(0);
+    connect(m_timer, &QTimer::timeout, this, &PageView::refresh);
+    m_subscription = m_session.events().subscribe([this](kernel::StateChangeEvent const& event) { onEvent(event); });
+    scheduleRefresh();
+}
+
+PageView::~PageView()
+{
+    m_session.events().unsubscribe(m_subscription);
+    for (auto& [id, slot] : m_slots)
+        if (slot.view)
+            slot.view->removeFrom(*m_window);
+}
+
+// ---- what is out of date -------------------------------------------------------------------------------------------
+
+void PageView::onEvent(kernel::StateChangeEvent const& event)
+{
+    switch (event.kind) {
+    case StateChange_PickList:
+    case StateChange_MouseMode:
+    case StateChange_DataSetTitle:
+    case StateChange_DataSetLock:
+    case StateChange_SharingChanged:
+    case StateChange_AuxDataAdded:
+    case StateChange_AuxDataDeleted:
+    case StateChange_AuxDataAltered:
+    case StateChange_AuxDataOwnersReplaced:
+        return;
+    case StateChange_NewActiveFrame:
+    case StateChange_FrameMovedOrRenamed:
+    case StateChange_FrameCreated:
+    case StateChange_FrameDeleted:
+    case StateChange_PageReplaced:
+        break;
+    default:
+        markFrames(event);
+    }
+    scheduleRefresh();
+}
+
+void PageView::markFrames(kernel::StateChangeEvent const& event)
+{
+    bool const carriesVariables = event.kind == StateChange_ValuesAltered ||
+                                  event.kind == StateChange_VariablesLoaded ||
+                                  event.kind == StateChange_VariablesRenamed;
+    for (auto& [id, slot] : m_slots) {
+        if (event.frame != 0 && event.frame != id)
+            continue;
+        auto const frame = m_session.frame(id);
+        bool const isTouched = !carriesVariables || event.variables.empty() || !frame || !slot.view ||
+                               std::any_of(event.variables.begin(), event.variables.end(),
+                                           [&](int variable) { return slot.view->dependsOn(*frame, variable); });
+        slot.isStale = slot.isStale || isTouched;
+    }
+}
+
+void PageView::markAll()
+{
+    for (auto& [id, slot] : m_slots)
+        slot.isStale = true;
+    scheduleRefresh();
+}
+
+void PageView::scheduleRefresh()
+{
+    if (!m_timer->isActive())
+        m_timer->start();
+}
+
+// ---- bringing it up to date ----------------------------------------------------------------------------------------
+
+void PageView::refresh()
+{
+    m_timer->stop();
+    if (!m_session.isDrawing())
+        return;
+    syncFrames();
+    layOut();
+    updateStale();
+    updateOverlay();
+    drawAgain();
+}
+
+void PageView::syncFrames()
+{
+    auto const page = m_session.activePage();
+    auto const isOnPage = [&page](kernel::UniqueId id) {
+        return page && std::any_of(page->frames.begin(), page->frames.end(),
+                                   [id](std::shared_ptr<kernel::Frame> const& frame) { return frame->id == id; });
+    };
+    for (auto slot = m_slots.begin(); slot != m_slots.end();) {
+        if (isOnPage(slot->first)) {
+            ++slot;
+            continue;
+        }
+        if (slot->second.view)
+            slot->second.view->removeFrom(*m_window);
+        slot = m_slots.erase(slot);
+    }
+    if (!page)
+        return;
+    for (auto const& frame : page->frames)
+        m_slots[frame->id];
+}
+
+void PageView::layOut()
+{
+    auto const page = m_session.activePage();
+    if (!page)
+        return;
+    constexpr int gap = 6;
+    QRectF const screen = QRectF(rect()).adjusted(gap, gap, -gap, -gap);
+    QRectF const area = workArea(*page);
+    double const xScale = screen.width() / area.width();
+    double const yScale = screen.height() / area.height();
+    for (auto const& frame : page->frames) {
+        Slot& slot = m_slots[frame->id];
+        kernel::Rectangle const& r = frame->rectangle;
+        // Corners are rounded, not sizes: neighbours on the paper stay neighbours on the screen.
+        auto const onScreen = [&](double x, double y) {
+            return QPointF(screen.left() + (x - area.left()) * xScale, screen.top() + (y - area.top()) * yScale)
+                .toPoint();
+        };
+        QPoint const topLeft = onScreen(r.x, r.y);
+        QPoint const bottomRight = onScreen(r.x + r.width, r.y + r.height) - QPoint(1, 1);
+        slot.area = QRect(topLeft, bottomRight).adjusted(1, 1, -1, -1);
+        int const border = PageOverlay::borderWidth;
+        slot.content = slot.area.adjusted(border, PageOverlay::headerHeight, -border, -border);
+    }
+}
+
+void PageView::updateStale()
+{
+    auto const page = m_session.activePage();
+    if (!page)
+        return;
+    for (auto const& frame : page->frames) {
+        Slot& slot = m_slots[frame->id];
+        if (!slot.isStale && slot.plotType == frame->plotType)
+            continue;
+        slot.isStale = false;
+        try {
+            updatePlot(*frame, slot);
+        } catch (std::exception const& failure) {
+            slot.notice = {tr("This frame cannot be drawn: %1").arg(QString::fromUtf8(failure.what())), true};
+        }
+    }
+    orderRenderers();
+}
+
+void PageView::updatePlot(kernel::Frame const& frame, Slot& slot)
+{
+    if (slot.plotType != frame.plotType || !slot.view) {
+        if (slot.view)
+            slot.view->removeFrom(*m_window);
+        slot.view = createView(frame.plotType);
+        slot.plotType = frame.plotType;
+    }
+    if (slot.view) {
+        slot.notice = slot.view->show(frame);
+        return;
+    }
+    if (!frame.dataSet)
+        slot.notice = {tr("This frame has no data set."), true};
+    else if (frame.plotType == PlotType_PolarLine)
+        slot.notice = {tr("Polar line plots are not drawn. Choose another plot type."), true};
+    else
+        slot.notice = {tr("A sketch shows no data. Choose another plot type."), true};
+}
+
+// Adds the renderers anew in the order of the frames, so that the last frame lies on top, and gives each its place.
+void PageView::orderRenderers()
+{
+    for (auto& [id, slot] : m_slots)
+        if (slot.view)
+            slot.view->removeFrom(*m_window);
+    auto const page = m_session.activePage();
+    if (!page)
+        return;
+    double const ratio = devicePixelRatioF();
+    for (auto const& frame : page->frames) {
+        Slot& slot = m_slots[frame->id];
+        QRect const& content = slot.content;
+        if (!slot.view || slot.hidesPicture() || content.width() < 8 || content.height() < 8 || width() < 1 ||
+            height() < 1 || !rect().intersects(content))
+            continue;
+        ViewArea area;
+        area.fraction =
+            QRectF(content.left() / double(width()), 1.0 - (content.top() + content.height()) / double(height()),
+                   content.width() / double(width()), content.height() / double(height()));
+        area.width = content.width() * ratio;
+        area.height = content.height() * ratio;
+        area.pixelRatio = ratio;
+        slot.view->setArea(area);
+        if (slot.isToFit)
+            slot.view->fit();
+        slot.isToFit = false;
+        slot.view->addTo(*m_window);
+    }
+}
+
+void PageView::updateOverlay()
+{
+    std::vector<PageOverlay::Mark> marks;
+    QStringList sentences;
+    if (auto const page = m_session.activePage())
+        for (auto const& frame : page->frames) {
+            Slot const& slot = m_slots[frame->id];
+            if (slot.area.width() < 4 || slot.area.height() < 4)
+                continue;
+            QString const name = QString::fromStdString(frame->name);
+            marks.push_back({slot.area, slot.content, name, slot.notice, frame->id == page->activeFrame});
+            if (!slot.notice.sentence.isEmpty())
+                sentences << name + QStringLiteral(": ") + slot.notice.sentence;
+        }
+    QString const emptyText = tr("Open a file to begin.");
+    setAccessibleDescription(marks.empty() ? emptyText : sentences.join(QLatin1Char('\n')));
+    m_overlay->setMarks(std::move(marks), emptyText);
+}
+
+void PageView::drawAgain()
+{
+    m_canvas->update();
+}
+
+// ---- questions and commands ----------------------------------------------------------------------------------------
+
+FrameView* PageView::shownView(kernel::UniqueId frame) const
+{
+    auto const slot = m_slots.find(frame);
+    return slot == m_slots.end() || slot->second.hidesPicture() ? nullptr : slot->second.view.get();
+}
+
+FrameView* PageView::frameView(kernel::UniqueId frame)
+{
+    if (m_timer->isActive())
+        refresh();
+    return shownView(frame);
+}
+
+QString PageView::notice(kernel::UniqueId frame) const
+{
+    auto const slot = m_slots.find(frame);
+    return slot == m_slots.end() ? QString() : slot->second.notice.sentence;
+}
+
+QRect PageView::plotArea(kernel::UniqueId frame) const
+{
+    auto const slot = m_slots.find(frame);
+    return slot == m_slots.end() ? QRect() : slot->second.content;
+}
+
+void PageView::fitActiveFrame()
+{
+    if (auto const frame = m_session.activeFrame())
+        fitFrame(frame->id);
+}
+
+void PageView::fitAllFrames()
+{
+    for (auto& [id, slot] : m_slots)
+        slot.isToFit = true;
+    scheduleRefresh();
+}
+
+void PageView::fitFrame(kernel::UniqueId frame)
+{
+    auto const slot = m_slots.find(frame);
+    if (slot != m_slots.end())
+        slot->second.isToFit = true;
+    scheduleRefresh();
+}
+
+QImage PageView::grabImage()
+{
+    if (m_timer->isActive())
+        refresh();
+    return grab().toImage();
+}
+
+// ---- the user ------------------------------------------------------------------------------------------------------
+
+void PageView::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    m_canvas->setGeometry(rect());
+    m_overlay->setGeometry(rect());
+    m_overlay->raise();
+    scheduleRefresh();
+}
+
+void PageView::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    scheduleRefresh();
+}
+
+bool PageView::event(QEvent* event)
+{
+    if (event->type() == QEvent::ScreenChangeInternal || event->type() == QEvent::LanguageChange)
+        markAll();
+    return QWidget::event(event);
+}
+
+std::shared_ptr<kernel::Frame> PageView::frameAt(QPoint const& position) const
+{
+    auto const page = m_session.activePage();
+    if (!page)
+        return nullptr;
+    for (auto frame = page->frames.rbegin(); frame != page->frames.rend(); ++frame) {
+        auto const slot = m_slots.find((*frame)->id);
+        if (slot != m_slots.end() && slot->second.area.contains(position))
+            return *frame;
+    }
+    return nullptr;
+}
+
+QPointF PageView::inContent(Slot const& slot, QPointF const& position) const
+{
+    QRectF const content = slot.content;
+    return {(position.x() - content.left()) / std::max(1.0, content.width()),
+            (content.bottom() - position.y()) / std::max(1.0, content.height())};
+}
+
+void PageView::mousePressEvent(QMouseEvent* event)
+{
+    if (m_timer->isActive())
+        refresh();
+    auto const frame = frameAt(event->pos());
+    if (!frame)
+        return QWidget::mousePressEvent(event);
+    auto const page = m_session.activePage();
+    if (page->activeFrame != frame->id)
+        m_session.activateFrame(frame->id);
+    m_draggedFrame = frame->id;
+    m_dragButton = event->button();
+    m_pressPosition = event->localPos();
+    m_dragPosition = event->localPos();
+    event->accept();
+}
+
+void PageView::mouseMoveEvent(QMouseEvent* event)
+{
+    FrameView* const view = m_dragButton == Qt::NoButton ? nullptr : frameView(m_draggedFrame);
+    if (!view)
+        return QWidget::mouseMoveEvent(event);
+    Slot const& slot = m_slots.at(m_draggedFrame);
+    dragInView(*view, inContent(slot, m_dragPosition), inContent(slot, event->localPos()), event->modifiers());
+    m_dragPosition = event->localPos();
+    drawAgain();
+    event->accept();
+}
+
+void PageView::dragInView(FrameView& view, QPointF const& from, QPointF const& to, Qt::KeyboardModifiers modifiers)
+{
+    auto const mode = static_cast<kernel::MouseMode>(m_session.mouseMode());
+    bool const isLeft = m_dragButton == Qt::LeftButton;
+    if (m_dragButton == Qt::RightButton || (isLeft && mode == kernel::MouseMode::Zoom))
+        view.zoom(std::exp(2.5 * (to.y() - from.y())), QPointF(0.5, 0.5));
+    else if (isLeft && mode != kernel::MouseMode::Pan && !modifiers.testFlag(Qt::ShiftModifier))
+        view.rotate(from, to);
+    else
+        view.pan(from, to);
+}
+
+void PageView::mouseReleaseEvent(QMouseEvent* event)
+{
+    bool const isClick = (event->localPos() - m_pressPosition).manhattanLength() < 4.0;
+    if (m_dragButton == Qt::LeftButton && isClick &&
+        m_session.mouseMode() == static_cast<int>(kernel::MouseMode::Select))
+        pickAt(event->pos());
+    m_dragButton = Qt::NoButton;
+    m_draggedFrame = 0;
+    event->accept();
+}
+
+void PageView::pickAt(QPoint const& position)
+{
+    auto const frame = m_session.frame(m_draggedFrame);
+    auto const* const view = dynamic_cast<FieldView*>(frameView(m_draggedFrame));
+    if (!frame || !frame->dataSet || !view)
+        return;
+    auto const zone = frame->dataSet->zone(view->zoneAt(inContent(m_slots.at(m_draggedFrame), position)));
+    if (zone)
+        m_session.setPicks({{kernel::Pick::zoneType, zone->id}});
+    else if (!m_session.picks().empty())
+        m_session.setPicks({});
+}
+
+void PageView::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton && frameAt(event->pos()))
+        fitActiveFrame();
+    event->accept();
+}
+
+void PageView::wheelEvent(QWheelEvent* event)
+{
+    auto const frame = frameAt(event->position().toPoint());
+    FrameView* const view = frame ? frameView(frame->id) : nullptr;
+    if (!view || event->angleDelta().y() == 0)
+        return event->ignore();
+    view->zoom(std::pow(1.15, event->angleDelta().y() / 120.0), inContent(m_slots.at(frame->id), event->position()));
+    drawAgain();
+    event->accept();
+}
+
+void PageView::keyPressEvent(QKeyEvent* event)
+{
+    auto const frame = m_session.activeFrame();
+    FrameView* const view = frame ? frameView(frame->id) : nullptr;
+    if (view && moveByKey(*view, event->key()))
+        return drawAgain();
+    QWidget::keyPressEvent(event);
+}
+
+bool PageView::moveByKey(FrameView& view, int key)
+{
+    constexpr double step = 0.05;
+    QPointF const centre(0.5, 0.5);
+    switch (key) {
+    case Qt::Key_Left:
+        view.rotate(centre, centre - QPointF(step, 0.0));
+        return true;
+    case Qt::Key_Right:
+        view.rotate(centre, centre + QPointF(step, 0.0));
+        return true;
+    case Qt::Key_Up:
+        view.rotate(centre, centre + QPointF(0.0, step));
+        return true;
+    case Qt::Key_Down:
+        view.rotate(centre, centre - QPointF(0.0, step));
+        return true;
+    case Qt::Key_Plus:
+    case Qt::Key_Equal:
+        view.zoom(1.25, centre);
+        return true;
+    case Qt::Key_Minus:
+        view.zoom(0.8, centre);
+        return true;
+    case Qt::Key_Home:
+        view.fit();
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace veldraw::app

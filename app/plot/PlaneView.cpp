@@ -1,0 +1,86 @@
+#include "app/plot/PlaneView.h"
+
+#include <vtkCamera.h>
+
+#include <algorithm>
+
+namespace veldraw::app {
+
+PlaneView::PlaneView()
+    : FieldView(false)
+    , m_axes(ground())
+{
+    stage().GetActiveCamera()->ParallelProjectionOn();
+    look(0.0, 0.0, 0.5);
+}
+
+FieldView::Margins PlaneView::margins() const
+{
+    return {72.0, 52.0, hasLegend() ? 124.0 : 24.0, 20.0};
+}
+
+void PlaneView::setArea(ViewArea const& viewArea)
+{
+    FieldView::setArea(viewArea);
+    Margins const margin = margins();
+    double const unit = viewArea.pixelRatio;
+    m_axes.setBox(QRectF(margin.left * unit, margin.bottom * unit, stageWidth(), stageHeight()));
+    updateTicks();
+}
+
+void PlaneView::fit()
+{
+    constexpr double air = 1.08;
+    double const halfWidth = std::max(space().sceneHalf(0), 1e-6);
+    double const halfHeight = std::max(space().sceneHalf(1), 1e-6);
+    look(0.0, 0.0, air * std::max(halfHeight, halfWidth / aspect()));
+}
+
+void PlaneView::look(double x, double y, double halfHeight)
+{
+    vtkCamera* const camera = stage().GetActiveCamera();
+    camera->SetFocalPoint(x, y, 0.0);
+    camera->SetPosition(x, y, 1.0);
+    camera->SetViewUp(0.0, 1.0, 0.0);
+    camera->SetClippingRange(0.1, 2.0);
+    camera->SetParallelScale(halfHeight);
+    updateTicks();
+}
+
+void PlaneView::pan(QPointF const& from, QPointF const& to)
+{
+    QPointF const step = onStage(to) - onStage(from);
+    vtkCamera* const camera = stage().GetActiveCamera();
+    double const height = 2.0 * camera->GetParallelScale();
+    double const* const centre = camera->GetFocalPoint();
+    look(centre[0] - step.x() * height * aspect(), centre[1] - step.y() * height, camera->GetParallelScale());
+}
+
+void PlaneView::zoom(double factor, QPointF const& at)
+{
+    vtkCamera* const camera = stage().GetActiveCamera();
+    double const before = camera->GetParallelScale();
+    double const after = std::clamp(before / factor, 1e-6, 1e3);
+    QPointF const offset = onStage(at) - QPointF(0.5, 0.5);
+    double const shift = 2.0 * (before - after);
+    double const* const centre = camera->GetFocalPoint();
+    look(centre[0] + offset.x() * shift * aspect(), centre[1] + offset.y() * shift, after);
+}
+
+void PlaneView::updateAxes(std::array<QString, 3> const& names)
+{
+    m_axes.setTitles(names[0], names[1]);
+    updateTicks();
+}
+
+void PlaneView::updateTicks()
+{
+    vtkCamera* const camera = stage().GetActiveCamera();
+    double const halfHeight = camera->GetParallelScale();
+    double const halfWidth = halfHeight * aspect();
+    double const* const centre = camera->GetFocalPoint();
+    m_axes.setLimits(space().toValue(0, centre[0] - halfWidth), space().toValue(0, centre[0] + halfWidth),
+                     space().toValue(1, centre[1] - halfHeight), space().toValue(1, centre[1] + halfHeight));
+}
+
+} // namespace veldraw::app

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "app/plot/FieldView.h"
+#include "app/plot/PlaneAxes.h"
+
+namespace veldraw::app {
+
+/// A field plot in the plane of X and Y: seen straight from above, moved and enlarged but never turned.
+class PlaneView : public FieldView
+{
+public:
+    PlaneView();
+
+    void setArea(ViewArea const& area) override;
+    void fit() override;
+    void pan(QPointF const& from, QPointF const& to) override;
+    void zoom(double factor, QPointF const& at) override;
+
+protected:
+    Margins margins() const override;
+    void updateAxes(std::array<QString, 3> const& names) override;
+
+private:
+    double aspect() const { return stageWidth() / stageHeight(); }
+    void look(double x, double y, double halfHeight);
+    void updateTicks();
+
+    PlaneAxes m_axes;
+};
+
+} // namespace veldraw::app

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "app/plot/FieldView.h"
+
+#include <vtkCubeAxesActor.h>
+
+namespace veldraw::app {
+
+/// A field plot in space: a lit scene inside a box of axes, turned, moved and enlarged at will.
+class SpaceView : public FieldView
+{
+public:
+    SpaceView();
+
+    void fit() override;
+    void rotate(QPointF const& from, QPointF const& to) override;
+    void pan(QPointF const& from, QPointF const& to) override;
+    void zoom(double factor, QPointF const& at) override;
+
+protected:
+    Margins margins() const override;
+    void updateAxes(std::array<QString, 3> const& names) override;
+
+private:
+    void styleAxes();
+    void updateClipping();
+
+    vtkNew<vtkCubeAxesActor> m_axes;
+};
+
+} // namespace veldraw::app

@@ -1,0 +1,28 @@
+#include "app/plot/ZoneRanges.h"
+
+#include <algorithm>
+
+namespace veldraw::app {
+
+using kernel::ValueRange;
+
+ValueRange ZoneRanges::of(kernel::DataSet const& dataSet, std::vector<int> const& zones, int variable)
+{
+    ValueRange all;
+    for (int const number : zones) {
+        auto const zone = dataSet.zone(number);
+        kernel::Field const* const field = dataSet.field(number, variable);
+        if (!zone || !field || zone->pointCount() <= 0)
+            continue;
+        ValueRange const own =
+            field->isPassive() ? ValueRange{ValueRange::State::Exact, 0.0, 0.0} : zone->range(variable);
+        if (!own.isValid())
+            continue;
+        all.min = all.isValid() ? std::min(all.min, own.min) : own.min;
+        all.max = all.isValid() ? std::max(all.max, own.max) : own.max;
+        all.state = ValueRange::State::Exact;
+    }
+    return all;
+}
+
+} // namespace veldraw::app

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "kernel/data/DataSet.h"
+#include "kernel/data/ValueRange.h"
+
+#include <vector>
+
+namespace veldraw::app {
+
+/// Limits of the finite values of variables over several zones.
+class ZoneRanges
+{
+public:
+    /// @param zones one-based numbers; @param variable one-based
+    /// @return Unknown when there is no finite value; a passive field counts as 0
+    static kernel::ValueRange of(kernel::DataSet const& dataSet, std::vector<int> const& zones, int variable);
+};
+
+} // namespace veldraw::app

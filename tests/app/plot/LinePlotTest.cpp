@@ -1,0 +1,159 @@
+#include "app/plot/LinePoints.h"
+#include "app/plot/PlotTheme.h"
+#include "tests/app/plot/PlotTestPage.h"
+#include "tests/app/plot/SampleData.h"
+
+#include <vtkAxis.h>
+#include <vtkPlot.h>
+
+#include <cmath>
+#include <gtest/gtest.h>
+#include <limits>
+
+using namespace veldraw;
+using test::PlotTestPage;
+using test::SampleData;
+
+namespace {
+
+double width(vtkAxis& axis)
+{
+    return axis.GetMaximum() - axis.GetMinimum();
+}
+
+} // namespace
+
+TEST(LinePlot, ShowsACurveForEachActiveLineMap)
+{
+    PlotTestPage page({SampleData::waveFrame(SampleData::waves(400))});
+    QImage const plot = page.plot(0, "line-waves");
+    EXPECT_GT(PlotTestPage::pixelsNear(plot, app::PlotTheme::curve(0), 30), 800);
+    EXPECT_GT(PlotTestPage::pixelsNear(plot, app::PlotTheme::curve(1), 30), 800);
+    EXPECT_EQ(page.lines().chart().GetNumberOfPlots(), 2);
+    EXPECT_EQ(page.lines().chart().GetPlot(1)->GetLabel(), "cosine");
+    EXPECT_EQ(page.lines().chart().GetAxis(vtkAxis::BOTTOM)->GetTitle(), "t");
+    EXPECT_EQ(page.lines().chart().GetAxis(vtkAxis::LEFT)->GetTitle(), "sine, cosine");
+    EXPECT_EQ(page.notice(), QString());
+}
+
+TEST(LinePlot, SpansTheValues)
+{
+    PlotTestPage page({SampleData::waveFrame(SampleData::waves(401))});
+    page.picture();
+    vtkAxis& bottom = *page.lines().chart().GetAxis(vtkAxis::BOTTOM);
+    EXPECT_LE(bottom.GetMinimum(), 0.0);
+    EXPECT_GE(bottom.GetMaximum(), 4.0 * 3.14159);
+    EXPECT_LT(width(bottom), 4.0 * 3.15 * 1.1);
+}
+
+TEST(LinePlot, ShowsSymbolsInPlaceOfLines)
+{
+    PlotTestPage page({SampleData::waveFrame(SampleData::waves(40))});
+    QImage const lines = page.plot();
+    ASSERT_TRUE(page.session().setShowSymbols(page.frame().id, true));
+    ASSERT_TRUE(page.session().setShowLines(page.frame().id, false));
+    QImage const symbols = page.plot(0, "line-symbols");
+    EXPECT_GT(PlotTestPage::pixelsNear(symbols, app::PlotTheme::curve(0), 30), 300);
+    EXPECT_GT(PlotTestPage::differingPixels(lines, symbols), 1000);
+    ASSERT_TRUE(page.session().setShowSymbols(page.frame().id, false));
+    page.picture();
+    EXPECT_EQ(page.notice(), QStringLiteral("Neither lines nor symbols are switched on."));
+}
+
+TEST(LinePlot, LeavesGapsWhereAValueIsMissing)
+{
+    auto const set = SampleData::waves(400);
+    auto& sine = set->field(1, 2)->group()->writableBuffer();
+    for (std::int64_t n = 100; n < 200; ++n)
+        sine.setValue(n, n % 2 ? std::numeric_limits<double>::quiet_NaN() : std::numeric_limits<double>::infinity());
+    PlotTestPage page({SampleData::waveFrame(set)});
+    QImage const plot = page.plot(0, "line-gap");
+    EXPECT_GT(PlotTestPage::pixelsNear(plot, app::PlotTheme::curve(0), 30), 400);
+    EXPECT_LT(page.lines().chart().GetAxis(vtkAxis::LEFT)->GetMaximum(), 2.0);
+}
+
+TEST(LinePlot, SaysWhenAVariableIsGoneAndBringsThePictureBackOnUndo)
+{
+    PlotTestPage page({SampleData::waveFrame(SampleData::waves(100))});
+    QImage const before = page.plot();
+    ASSERT_TRUE(page.session().deleteVariables(*page.frame().dataSet, {1}));
+    EXPECT_LT(PlotTestPage::colouredPixels(page.plot(0, "line-no-axis")), 50);
+    EXPECT_EQ(page.notice(), QStringLiteral("No variable is assigned to the X axis."));
+    ASSERT_TRUE(page.session().undo());
+    EXPECT_EQ(PlotTestPage::differingPixels(before, page.plot()), 0);
+}
+
+TEST(LinePlot, ShowsTheOtherCurvesWhenOneIsGone)
+{
+    PlotTestPage page({SampleData::waveFrame(SampleData::waves(100))});
+    ASSERT_TRUE(page.session().deleteVariables(*page.frame().dataSet, {3}));
+    QImage const plot = page.plot(0, "line-one-left");
+    EXPECT_GT(PlotTestPage::pixelsNear(plot, app::PlotTheme::curve(0), 30), 800);
+    EXPECT_EQ(page.notice(), QStringLiteral("No variable is assigned to the Y axis."));
+}
+
+TEST(LinePlot, SaysWhenNoLineMapIsActive)
+{
+    auto frame = SampleData::waveFrame(SampleData::waves(100));
+    for (kernel::LineMap& map : frame->lineMaps)
+        map.active = false;
+    PlotTestPage page({frame});
+    EXPECT_EQ(page.notice(), QStringLiteral("No line map is active."));
+}
+
+TEST(LinePlot, MovesAndEnlargesByTheMouseAndFits)
+{
+    PlotTestPage page({SampleData::waveFrame(SampleData::waves(100))});
+    QImage const before = page.plot();
+    vtkAxis& bottom = *page.lines().chart().GetAxis(vtkAxis::BOTTOM);
+    double const whole = width(bottom);
+    double const start = bottom.GetMinimum();
+    page.drag(page.at(0.4, 0.5), page.at(0.6, 0.5));
+    EXPECT_NEAR(width(bottom), whole, 1e-9);
+    EXPECT_LT(bottom.GetMinimum(), start - 0.15 * whole);
+    page.wheel(page.at(0.5, 0.5), 3);
+    EXPECT_NEAR(width(bottom), whole / std::pow(1.15, 3), 1e-9);
+    EXPECT_GT(PlotTestPage::differingPixels(before, page.plot()), 500);
+    page.view().fitAllFrames();
+    EXPECT_EQ(PlotTestPage::differingPixels(before, page.plot()), 0);
+}
+
+TEST(LinePoints, TakesTheMiddleOfTwoPointsForAValueInACell)
+{
+    auto const set = SampleData::waves(5);
+    SampleData::addField(*set->zone(1), {1.0, 2.0, 3.0, 4.0, 1e9}, ValueLocation_CellCentered, 2);
+    auto const points = app::LinePoints::create(*set, 1, 1, 2, {});
+    ASSERT_EQ(points->GetNumberOfRows(), 4);
+    double const step = 3.14159265358979323846;
+    for (vtkIdType n = 0; n < 4; ++n) {
+        EXPECT_NEAR(points->GetValue(n, 0).ToDouble(), (static_cast<double>(n) + 0.5) * step, 1e-12);
+        EXPECT_DOUBLE_EQ(points->GetValue(n, 1).ToDouble(), static_cast<double>(n) + 1.0);
+    }
+}
+
+TEST(LinePoints, RefusesToPairPointsWithCellsOfASheet)
+{
+    EXPECT_EQ(app::LinePoints::create(*SampleData::cellSheet(4, 3), 1, 1, 3, {}), nullptr);
+}
+
+TEST(LinePoints, TakesTheChosenPointsOnly)
+{
+    std::array<kernel::IndexRange, 3> indices{};
+    indices[0] = {2, 8, 3};
+    auto const points = app::LinePoints::create(*SampleData::waves(11), 1, 1, 2, indices);
+    ASSERT_EQ(points->GetNumberOfRows(), 3);
+    EXPECT_NEAR(points->GetValue(2, 0).ToDouble(), 4.0 * 3.14159265358979 * 7 / 10, 1e-9);
+}
+
+TEST(LinePoints, ThinsALongCurveButKeepsItsPeaks)
+{
+    constexpr int count = 2000000;
+    auto const set = SampleData::waves(count);
+    set->field(1, 2)->group()->writableBuffer().setValue(1234567, 99.0);
+    auto const points = app::LinePoints::create(*set, 1, 1, 2, {});
+    EXPECT_LE(points->GetNumberOfRows(), 500000);
+    double highest = 0.0;
+    for (vtkIdType n = 0; n < points->GetNumberOfRows(); ++n)
+        highest = std::max(highest, points->GetValue(n, 1).ToDouble());
+    EXPECT_DOUBLE_EQ(highest, 99.0);
+}

@@ -1,0 +1,177 @@
+#include "app/plot/PlotTheme.h"
+#include "tests/app/plot/PlotTestPage.h"
+#include "tests/app/plot/SampleData.h"
+
+#include <QApplication>
+#include <QTest>
+#include <vtkCamera.h>
+
+#include <gtest/gtest.h>
+
+using namespace veldraw;
+using test::PlotTestPage;
+using test::SampleData;
+
+namespace {
+
+std::vector<std::shared_ptr<kernel::Frame>> twoFrames()
+{
+    return {SampleData::frame("Flow", SampleData::block(30, 20, 12), PlotType_Cartesian3D),
+            SampleData::waveFrame(SampleData::waves(300))};
+}
+
+} // namespace
+
+TEST(PageView, InvitesToOpenAFileWhenThePageIsEmpty)
+{
+    PlotTestPage page({});
+    QImage const picture = page.picture("empty-page");
+    EXPECT_EQ(page.view().accessibleDescription(), QStringLiteral("Open a file to begin."));
+    EXPECT_GT(PlotTestPage::pixelsNear(picture, app::PlotTheme::quietText(), 30), 100);
+}
+
+TEST(PageView, StandsASessionWithoutAnyPage)
+{
+    PlotTestPage page(twoFrames());
+    page.session().removeAllPages();
+    page.picture();
+    EXPECT_EQ(page.view().accessibleDescription(), QStringLiteral("Open a file to begin."));
+}
+
+TEST(PageView, ShowsFramesSideBySide)
+{
+    PlotTestPage page(twoFrames(), {1200, 620});
+    page.picture("two-frames");
+    EXPECT_GT(PlotTestPage::colouredPixels(page.plot(0)), 10000);
+    EXPECT_GT(PlotTestPage::pixelsNear(page.plot(1), app::PlotTheme::curve(0), 30), 500);
+    EXPECT_FALSE(page.view().plotArea(page.frame(0).id).intersects(page.view().plotArea(page.frame(1).id)));
+}
+
+TEST(PageView, FillsALargerWindow)
+{
+    PlotTestPage page(twoFrames(), {700, 420});
+    page.picture("small");
+    int const before = PlotTestPage::colouredPixels(page.plot(0));
+    page.view().resize(1400, 840);
+    PlotTestPage::settle();
+    EXPECT_GT(PlotTestPage::colouredPixels(page.plot(0, "large")), 2 * before);
+}
+
+TEST(PageView, ActivatesTheFrameThatIsClicked)
+{
+    PlotTestPage page(twoFrames());
+    QImage const before = page.picture();
+    page.click(page.at(0.5, 0.5, 1));
+    EXPECT_EQ(page.session().activeFrame()->id, page.frame(1).id);
+    EXPECT_GT(PlotTestPage::differingPixels(before, page.picture("second-active")), 500);
+    page.click(page.view().plotArea(page.frame(0).id).topLeft() - QPoint(-20, 10));
+    EXPECT_EQ(page.session().activeFrame()->id, page.frame(0).id) << "a click on the header counts";
+}
+
+TEST(PageView, ShowsAnotherPictureForAnotherPlotType)
+{
+    PlotTestPage page({SampleData::frame("Block", SampleData::block(30, 20, 12), PlotType_Cartesian3D)});
+    QImage const space = page.plot();
+    ASSERT_TRUE(page.session().setPlotType(page.frame().id, PlotType_Cartesian2D));
+    QImage const plane = page.plot(0, "plane-of-block");
+    EXPECT_GT(PlotTestPage::differingPixels(space, plane), 20000);
+    EXPECT_NE(dynamic_cast<app::FieldView*>(page.view().frameView(page.frame().id)), nullptr);
+    ASSERT_TRUE(page.session().setPlotType(page.frame().id, PlotType_XYLine));
+    page.picture("line-of-block");
+    EXPECT_EQ(dynamic_cast<app::FieldView*>(page.view().frameView(page.frame().id)), nullptr);
+    ASSERT_TRUE(page.session().undo());
+    ASSERT_TRUE(page.session().undo());
+    EXPECT_EQ(PlotTestPage::differingPixels(space, page.plot()), 0);
+}
+
+TEST(PageView, DrawsOnceInTheNextTurnOfTheLoopHoweverManyEventsCome)
+{
+    PlotTestPage page({SampleData::frame("Sheet", SampleData::sheet(21, 11), PlotType_Cartesian2D)});
+    app::ZoneDrawing const* const drawing = page.field().zones().at(0).get();
+    auto* const stage = &page.field().stage();
+    for (int n = 0; n < 50; ++n)
+        ASSERT_TRUE(page.session().setShowMesh(page.frame().id, n % 2 == 0));
+    EXPECT_EQ(stage->GetActors()->GetNumberOfItems(), 1) << "nothing is built inside an event";
+    EXPECT_EQ(drawing->actor()->GetReferenceCount() > 0, true);
+    PlotTestPage::settle();
+    EXPECT_EQ(page.field().zones().size(), 1U);
+}
+
+TEST(PageView, FollowsFramesThatComeAndGo)
+{
+    PlotTestPage page(twoFrames());
+    auto const second = page.frame(1).id;
+    ASSERT_TRUE(page.session().deleteFrame(second));
+    page.picture();
+    EXPECT_EQ(page.view().frameView(second), nullptr);
+    ASSERT_TRUE(page.session().undo());
+    page.picture();
+    EXPECT_NE(page.view().frameView(second), nullptr);
+    auto const fresh = page.session().createFrame("New", {2.0, 2.0, 4.0, 3.0});
+    ASSERT_TRUE(fresh);
+    page.picture("third-on-top");
+    EXPECT_EQ(page.view().notice(fresh->id), QStringLiteral("This frame has no data set."));
+}
+
+TEST(PageView, DrawsFramesThatLieOverEachOtherInTheirOrder)
+{
+    PlotTestPage page(twoFrames(), {1000, 700});
+    ASSERT_TRUE(page.session().setFrameRectangle(page.frame(0).id, {0.0, 0.0, 11.0, 8.5}));
+    ASSERT_TRUE(page.session().setFrameRectangle(page.frame(1).id, {6.0, 0.5, 4.5, 3.5}));
+    page.picture("overlap");
+    QImage const upper = page.plot(1);
+    EXPECT_GT(PlotTestPage::pixelsNear(upper, app::PlotTheme::curve(0), 30), 300);
+    page.click(page.at(0.5, 0.5, 1));
+    EXPECT_EQ(page.session().activeFrame()->id, page.frame(1).id);
+}
+
+TEST(PageView, WaitsWhileDrawingIsSuspended)
+{
+    PlotTestPage page({SampleData::frame("Sheet", SampleData::sheet(21, 11), PlotType_Cartesian2D)});
+    QImage const before = page.picture();
+    page.session().setDrawing(false);
+    ASSERT_TRUE(page.session().setShowMesh(page.frame().id, true));
+    EXPECT_EQ(PlotTestPage::differingPixels(before, page.picture()), 0);
+    page.session().setDrawing(true);
+    EXPECT_GT(PlotTestPage::differingPixels(before, page.picture()), 500);
+}
+
+TEST(PageView, FitsWhenTheKernelAsksForIt)
+{
+    PlotTestPage page({SampleData::frame("Sheet", SampleData::sheet(21, 11), PlotType_Cartesian2D)});
+    QImage const before = page.picture();
+    page.wheel(page.at(0.3, 0.3), 5);
+    EXPECT_GT(PlotTestPage::differingPixels(before, page.picture()), 500);
+    ASSERT_TRUE(page.session().fitData());
+    EXPECT_EQ(PlotTestPage::differingPixels(before, page.picture()), 0);
+}
+
+TEST(PageView, MovesByTheKeyboard)
+{
+    PlotTestPage page({SampleData::frame("Sheet", SampleData::sheet(21, 11), PlotType_Cartesian2D)});
+    QImage const before = page.picture();
+    page.view().setFocus();
+    vtkCamera* const camera = page.field().stage().GetActiveCamera();
+    double const whole = camera->GetParallelScale();
+    QTest::keyClick(page.view().windowHandle(), Qt::Key_Plus);
+    EXPECT_LT(camera->GetParallelScale(), whole);
+    QTest::keyClick(page.view().windowHandle(), Qt::Key_Left);
+    EXPECT_GT(camera->GetFocalPoint()[0], 0.01);
+    QTest::keyClick(page.view().windowHandle(), Qt::Key_Home);
+    EXPECT_EQ(PlotTestPage::differingPixels(before, page.picture()), 0);
+}
+
+TEST(PageView, StopsListeningWhenItGoes)
+{
+    kernel::Session session;
+    session.openPage(twoFrames());
+    int const before = session.events().listenerCount();
+    {
+        app::PageView view(session);
+        EXPECT_EQ(session.events().listenerCount(), before + 1);
+        EXPECT_NE(session.display(), nullptr);
+    }
+    EXPECT_EQ(session.events().listenerCount(), before);
+    EXPECT_EQ(session.display(), nullptr);
+    ASSERT_TRUE(session.setPlotType(session.activeFrame()->id, PlotType_Cartesian2D));
+}

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "app/plot/FieldView.h"
+#include "app/plot/LineView.h"
+#include "app/plot/PageView.h"
+#include "kernel/frames/Session.h"
+
+#include <QImage>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace veldraw::test {
+
+/// A session with a page on the screen.
+class PlotTestPage
+{
+public:
+    /// @param frames on one page, side by side; none: an empty page
+    explicit PlotTestPage(std::vector<std::shared_ptr<kernel::Frame>> frames, QSize size = {900, 640});
+    ~PlotTestPage();
+
+    kernel::Session& session() { return m_session; }
+    app::PageView& view() { return *m_view; }
+    kernel::Frame& frame(std::size_t index = 0) { return *m_session.activePage()->frames.at(index); }
+    app::FieldView& field(std::size_t index = 0);
+    app::LineView& lines(std::size_t index = 0);
+
+    /// Lets the event loop run until the picture is up to date, then takes it.
+    /// @param name also saved under this name for the eye
+    QImage picture(std::string const& name = {});
+
+    /// The frame's plot alone.
+    QImage plot(std::size_t index = 0, std::string const& name = {});
+
+    QString notice(std::size_t index = 0) { return m_view->notice(frame(index).id); }
+
+    /// Real events through the window, at a share of the plot (0, 0 at the top left).
+    QPoint at(double x, double y, std::size_t index = 0);
+    void click(QPoint const& position);
+    void drag(QPoint const& from, QPoint const& to, Qt::MouseButton button = Qt::LeftButton,
+              Qt::KeyboardModifiers modifiers = {});
+    void wheel(QPoint const& position, int notches);
+
+    static void settle();
+
+    /// Pixels that are neither white nor any grey.
+    static int colouredPixels(QImage const& image);
+    /// Pixels that differ from white.
+    static int inkedPixels(QImage const& image);
+    /// Pixels within @p tolerance of a colour in every channel.
+    static int pixelsNear(QImage const& image, QColor const& colour, int tolerance = 14);
+    static int differingPixels(QImage const& a, QImage const& b);
+
+private:
+    kernel::Session m_session;
+    std::unique_ptr<app::PageView> m_view;
+};
+
+} // namespace veldraw::test

@@ -24,8 +24,7 @@ class PropertyProxy;
 ///
 /// While the signal runs:
 /// - A slot may set the property again. The new value's signal runs to its end first; the outer run then goes on and
-/// hands
-///   its own, by now older, value to the slots that are left. Who needs the value that holds asks `value()`.
+///   hands its own, by now older, value to the slots that are left. Who needs the value that holds asks `value()`.
 /// - A slot may connect and disconnect. Who came is called from the next signal on, who left is not called any more.
 /// - A slot may destroy any listener, itself included, as long as that listener disconnects.
 /// - A slot that throws ends the run; its exception reaches the caller of `setValue`, and the new value stays.

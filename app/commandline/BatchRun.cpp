@@ -1,0 +1,122 @@
+#include "app/commandline/BatchRun.h"
+
+#include "app/commandline/DataSetReport.h"
+#include "app/export/Exporter.h"
+#include "app/import/Importer.h"
+#include "app/plot/PageView.h"
+#include "kernel/data/NumberSet.h"
+#include "platform/vdsdkbase/VelUtilDataSet.h"
+#include "platform/vdsdkcommon/AppLock.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QImageWriter>
+
+namespace veldraw::app {
+
+namespace {
+
+QSize const pictureSize(1200, 900);
+
+} // namespace
+
+BatchRun::BatchRun(kernel::Session& session, QTextStream& out, QTextStream& err)
+    : m_session(session)
+    , m_out(out)
+    , m_err(err)
+{
+}
+
+int BatchRun::run(CommandLineOptions const& options)
+{
+    if (!openFiles(options.files) || !deleteVariables(options.variablesToDelete))
+        return 1;
+    if (options.info)
+        printInfo(options.files);
+    if (!options.exportFile.isEmpty() && !exportTo(options.exportFile))
+        return 1;
+    if (!options.pictureFile.isEmpty() && !savePicture(options.pictureFile))
+        return 1;
+    return 0;
+}
+
+bool BatchRun::fail(QString const& reason)
+{
+    m_err << QStringLiteral("veldraw: %1\n").arg(reason);
+    return false;
+}
+
+bool BatchRun::openFiles(QStringList const& files)
+{
+    std::vector<std::shared_ptr<kernel::Frame>> frames;
+    for (QString const& file : files) {
+        try {
+            ImportResult const result = importFile(file);
+            auto const frame =
+                std::make_shared<kernel::Frame>(QFileInfo(file).completeBaseName().toStdString(), kernel::Rectangle{});
+            frame->dataSet = result.dataSet;
+            frames.push_back(frame);
+            for (std::string const& remark : result.remarks)
+                m_err << QStringLiteral("veldraw: %1: %2\n").arg(file, QString::fromStdString(remark));
+        } catch (std::exception const& error) {
+            return fail(QString::fromStdString(error.what()));
+        }
+    }
+    m_session.openPage(std::move(frames));
+    return true;
+}
+
+bool BatchRun::deleteVariables(QStringList const& names)
+{
+    if (names.isEmpty())
+        return true;
+    auto const dataSet = m_session.activeDataSet();
+    Set_s numbers;
+    for (QString const& name : names) {
+        int const number = dataSet->findVariable(name.toStdString());
+        if (number == 0)
+            return fail(QStringLiteral("there is no variable called \"%1\"").arg(name));
+        numbers.members.insert(number);
+    }
+    sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
+    if (!VelUtilDataSetDeleteVar(&numbers))
+        return fail(QString::fromStdString(m_session.lastError()));
+    return true;
+}
+
+void BatchRun::printInfo(QStringList const& files)
+{
+    auto const page = m_session.activePage();
+    for (std::size_t frame = 0; frame < page->frames.size(); ++frame) {
+        if (frame > 0)
+            m_out << QLatin1Char('\n');
+        m_out << dataSetReport(files.at(static_cast<int>(frame)), *page->frames[frame]->dataSet);
+    }
+    m_out.flush();
+}
+
+bool BatchRun::exportTo(QString const& file)
+{
+    try {
+        ExportResult const result = exportDataSet(*m_session.activeDataSet(), file);
+        for (std::string const& remark : result.remarks)
+            m_err << QStringLiteral("veldraw: %1: %2\n").arg(file, QString::fromStdString(remark));
+    } catch (std::exception const& error) {
+        return fail(QString::fromStdString(error.what()));
+    }
+    return true;
+}
+
+bool BatchRun::savePicture(QString const& file)
+{
+    PageView page(m_session);
+    page.resize(pictureSize);
+    page.show();
+    QCoreApplication::processEvents();
+    page.fitAllFrames();
+    QImage const picture = page.grabImage();
+    QImageWriter writer(file);
+    return writer.write(picture) || fail(QStringLiteral("%1: %2").arg(file, writer.errorString()));
+}
+
+} // namespace veldraw::app

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "app/commandline/CommandLineOptions.h"
+#include "kernel/frames/Session.h"
+
+#include <QTextStream>
+
+namespace veldraw::app {
+
+/// Does what the command line asks for, without a window to look at: opens, deletes, prints, saves, takes pictures.
+/// Each step does the same as its counterpart in the menus. The first failure ends the run.
+class BatchRun
+{
+public:
+    /// @param out gets the report of --info, @param err what went wrong, "veldraw: " first
+    BatchRun(kernel::Session& session, QTextStream& out, QTextStream& err);
+
+    /// @return 0, or 1 when something failed
+    int run(CommandLineOptions const& options);
+
+private:
+    bool openFiles(QStringList const& files);
+    bool deleteVariables(QStringList const& names);
+    void printInfo(QStringList const& files);
+    bool exportTo(QString const& file);
+    bool savePicture(QString const& file);
+    bool fail(QString const& reason);
+
+    kernel::Session& m_session;
+    QTextStream& m_out;
+    QTextStream& m_err;
+};
+
+} // namespace veldraw::app

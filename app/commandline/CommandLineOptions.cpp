@@ -1,0 +1,85 @@
+#include "app/commandline/CommandLineOptions.h"
+
+#include <QCommandLineParser>
+
+namespace veldraw::app {
+
+namespace {
+
+QString const exportName = QStringLiteral("export");
+QString const deleteName = QStringLiteral("delete-variable");
+QString const pictureName = QStringLiteral("picture");
+QString const infoName = QStringLiteral("info");
+QString const helpName = QStringLiteral("help");
+QString const versionName = QStringLiteral("version");
+
+void declareOptions(QCommandLineParser& parser)
+{
+    parser.addOption({exportName, QString(), QStringLiteral("OUT")});
+    parser.addOption({deleteName, QString(), QStringLiteral("NAME")});
+    parser.addOption({pictureName, QString(), QStringLiteral("PNG")});
+    parser.addOption(QCommandLineOption(infoName));
+    parser.addOption(QCommandLineOption(QStringList{QStringLiteral("h"), helpName}));
+    parser.addOption(QCommandLineOption(QStringList{QStringLiteral("v"), versionName}));
+}
+
+QString whyInconsistent(CommandLineOptions const& options, QCommandLineParser const& parser)
+{
+    if (options.help || options.version)
+        return {};
+    if (parser.isSet(exportName) && options.exportFile.isEmpty())
+        return QStringLiteral("--export needs the name of a file");
+    if (parser.isSet(pictureName) && options.pictureFile.isEmpty())
+        return QStringLiteral("--picture needs the name of a file");
+    if (options.isBatch() && options.files.isEmpty())
+        return QStringLiteral("a FILE is missing");
+    if (options.files.size() > 1 && !options.exportFile.isEmpty())
+        return QStringLiteral("--export works on one FILE at a time");
+    if (options.files.size() > 1 && !options.variablesToDelete.isEmpty())
+        return QStringLiteral("--delete-variable works on one FILE at a time");
+    return {};
+}
+
+} // namespace
+
+CommandLineOptions CommandLineOptions::parse(QStringList const& arguments)
+{
+    QCommandLineParser parser;
+    declareOptions(parser);
+    bool const understood = parser.parse(arguments);
+    CommandLineOptions options;
+    options.files = parser.positionalArguments();
+    options.variablesToDelete = parser.values(deleteName);
+    options.exportFile = parser.value(exportName);
+    options.pictureFile = parser.value(pictureName);
+    options.info = parser.isSet(infoName);
+    options.help = parser.isSet(helpName);
+    options.version = parser.isSet(versionName);
+    options.error = understood ? whyInconsistent(options, parser) : parser.errorText();
+    return options;
+}
+
+QString CommandLineOptions::helpText()
+{
+    return QStringLiteral(
+        "usage: veldraw [FILE...]                  open each FILE in a frame of its own\n"
+        "       veldraw FILE [ACTION...]           do the actions without a window, then end\n"
+        "\n"
+        "Files: VTK XML (.vti .vtr .vts .vtu .vtp .vtm), legacy VTK (.vtk), tables with a header line (.csv .tsv).\n"
+        "\n"
+        "Actions, carried out in this order:\n"
+        "  --delete-variable NAME   delete the variable called NAME; may be given several times\n"
+        "  --info                   print zones, variables and ranges\n"
+        "  --export OUT             save the data set; the extension of OUT chooses the format\n"
+        "  --picture PNG            save a picture of the page\n"
+        "\n"
+        "Other options:\n"
+        "  -h, --help               print this text\n"
+        "  -v, --version            print the version\n"
+        "\n"
+        "--info and --picture take several FILEs. The actions need no display; --picture uses xvfb-run where there is "
+        "none.\n"
+        "Exit status: 0 fine, 1 something failed (told on standard error), 2 the command line is wrong.\n");
+}
+
+} // namespace veldraw::app

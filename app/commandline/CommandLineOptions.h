@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace veldraw::app {
+
+/// What the command line asks for.
+struct CommandLineOptions
+{
+    QStringList files;
+    QStringList variablesToDelete; ///< names, in the order given
+    QString exportFile;            ///< empty: no export
+    QString pictureFile;           ///< empty: no picture
+    bool info = false;
+    bool help = false;
+    bool version = false;
+    QString error; ///< why the command line is wrong; empty: it is right
+
+    /// True when the program does its job without the window and ends.
+    bool isBatch() const
+    {
+        return info || help || version || !variablesToDelete.isEmpty() || !exportFile.isEmpty() ||
+               !pictureFile.isEmpty();
+    }
+
+    /// @param arguments as given to the program, its own name first
+    static CommandLineOptions parse(QStringList const& arguments);
+
+    /// The text of --help.
+    static QString helpText();
+};
+
+} // namespace veldraw::app

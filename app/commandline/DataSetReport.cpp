@@ -1,0 +1,49 @@
+#include "app/commandline/DataSetReport.h"
+
+#include "app/window/DataTexts.h"
+
+namespace veldraw::app {
+
+namespace {
+
+QString zoneLine(int number, kernel::Zone const& zone)
+{
+    QString line =
+        QStringLiteral("  %1  %2  %3").arg(number).arg(QString::fromStdString(zone.name), zoneTypeText(zone.type));
+    if (zone.isOrdered())
+        line += QStringLiteral(" %1 x %2 x %3").arg(zone.i).arg(zone.j).arg(zone.k);
+    line += QStringLiteral(", %1 points, %2 cells").arg(zone.pointCount()).arg(zone.cellCount());
+    if (zone.strand != kernel::staticStrand)
+        line += QStringLiteral(", strand %1, time %2").arg(zone.strand).arg(zone.solutionTime);
+    return line + QLatin1Char('\n');
+}
+
+QString variableLine(kernel::DataSet const& dataSet, int number)
+{
+    kernel::ValueRange const range = variableRange(dataSet, number);
+    QString line = QStringLiteral("  %1  %2  %3 %4")
+                       .arg(number)
+                       .arg(QString::fromStdString(dataSet.variable(number)->name),
+                            variableLocationText(dataSet, number), variableTypeText(dataSet, number));
+    line += range.isValid() ? QStringLiteral(", %1 to %2").arg(range.min, 0, 'g', 9).arg(range.max, 0, 'g', 9)
+                            : QStringLiteral(", no values");
+    return line + QLatin1Char('\n');
+}
+
+} // namespace
+
+QString dataSetReport(QString const& file, kernel::DataSet const& dataSet)
+{
+    QString text = QStringLiteral("File: %1\n").arg(file);
+    if (!dataSet.title().empty())
+        text += QStringLiteral("Title: %1\n").arg(QString::fromStdString(dataSet.title()));
+    text += QStringLiteral("Zones: %1\n").arg(dataSet.zoneCount());
+    for (int zone = 1; zone <= dataSet.zoneCount(); ++zone)
+        text += zoneLine(zone, *dataSet.zone(zone));
+    text += QStringLiteral("Variables: %1\n").arg(dataSet.variableCount());
+    for (int variable = 1; variable <= dataSet.variableCount(); ++variable)
+        text += variableLine(dataSet, variable);
+    return text;
+}
+
+} // namespace veldraw::app

@@ -1,0 +1,127 @@
+#include "app/commandline/Program.h"
+
+#include "app/Application.h"
+#include "app/commandline/BatchRun.h"
+#include "app/commandline/CommandLineOptions.h"
+#include "app/commandline/InteractiveRun.h"
+#include "host/KernelBridge.h"
+
+#include <QFileInfo>
+#include <QStandardPaths>
+#include <QTextStream>
+
+#include <cstdio>
+#include <string>
+#include <unistd.h>
+#include <vector>
+
+namespace veldraw::app {
+
+namespace {
+
+constexpr int fine = 0;
+constexpr int failed = 1;
+constexpr int wrongUsage = 2;
+
+bool hasDisplay()
+{
+    return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+}
+
+// A platform that somebody chose because it draws on nothing.
+bool needsNoDisplay()
+{
+    QByteArray const platform = qgetenv("QT_QPA_PLATFORM");
+    return platform.startsWith("offscreen") || platform.startsWith("minimal") || platform.startsWith("vnc");
+}
+
+QStringList toStringList(int argc, char** argv)
+{
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments.push_back(QString::fromLocal8Bit(argv[i]));
+    return arguments;
+}
+
+// Replaces this process by the same one on a virtual display. Returns only when there is no such thing.
+void restartOnVirtualDisplay(char** argv)
+{
+    char const* const guard = "VELDRAW_ON_VIRTUAL_DISPLAY";
+    std::string const launcher = QStandardPaths::findExecutable(QStringLiteral("xvfb-run")).toStdString();
+    if (launcher.empty() || qEnvironmentVariableIsSet(guard))
+        return;
+    qputenv(guard, "1");
+    qputenv("QT_QPA_PLATFORM", "xcb");
+    qputenv("LIBGL_ALWAYS_SOFTWARE", "1");
+    std::string const program = QFileInfo(QStringLiteral("/proc/self/exe")).symLinkTarget().toStdString();
+    std::vector<std::string> words{launcher, "-a", "-s", "-screen 0 1600x1200x24", program};
+    std::vector<char*> pointers;
+    for (std::string& word : words)
+        pointers.push_back(word.data());
+    for (char** argument = argv + 1; *argument; ++argument)
+        pointers.push_back(*argument);
+    pointers.push_back(nullptr);
+    execv(launcher.c_str(), pointers.data());
+}
+
+// @return false when what is asked for cannot be done here
+bool choosePlatform(CommandLineOptions const& options, char** argv)
+{
+    if (options.isBatch() && options.pictureFile.isEmpty()) {
+        if (!hasDisplay() || qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+            qputenv("QT_QPA_PLATFORM", "offscreen");
+        return true;
+    }
+    if (hasDisplay() || (options.pictureFile.isEmpty() && needsNoDisplay()))
+        return true;
+    if (options.pictureFile.isEmpty()) {
+        std::fputs("veldraw: there is no display for the window; veldraw --help tells what works without one\n",
+                   stderr);
+        return false;
+    }
+    restartOnVirtualDisplay(argv);
+    std::fputs("veldraw: --picture needs a display, or xvfb-run for a virtual one\n", stderr);
+    return false;
+}
+
+int refuse(QTextStream& err, CommandLineOptions const& options)
+{
+    err << QStringLiteral("veldraw: %1\nTry 'veldraw --help'.\n").arg(options.error);
+    return wrongUsage;
+}
+
+} // namespace
+
+int runProgram(int argc, char** argv)
+{
+    QTextStream out(stdout);
+    QTextStream err(stderr);
+    out.setCodec("UTF-8");
+    err.setCodec("UTF-8");
+    CommandLineOptions const early = CommandLineOptions::parse(toStringList(argc, argv));
+    if (early.help) {
+        out << CommandLineOptions::helpText();
+        return fine;
+    }
+    if (early.version) {
+        out << QStringLiteral("veldraw " VELDRAW_VERSION "\n");
+        return fine;
+    }
+    if (!early.error.isEmpty() && !hasDisplay())
+        return refuse(err, early);
+    if (!choosePlatform(early, argv))
+        return failed;
+
+    Application application(argc, argv);
+    host::KernelBridge::install();
+    // Qt has taken its own options out by now, so what is unknown here is wrong.
+    CommandLineOptions const options = CommandLineOptions::parse(application.arguments());
+    if (!options.error.isEmpty())
+        return refuse(err, options);
+    int const status = options.isBatch() ? BatchRun(kernel::Session::instance(), out, err).run(options)
+                                         : runInteractively(application, options.files);
+    host::KernelBridge::shutDown();
+    return status;
+}
+
+} // namespace veldraw::app

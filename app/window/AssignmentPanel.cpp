@@ -1,0 +1,171 @@
+#include "app/window/AssignmentPanel.h"
+
+#include "platform/vdsdkcommon/AppLock.h"
+
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace veldraw::app {
+
+namespace {
+
+QString const noneText = QStringLiteral("(none)");
+
+bool isFieldPlot(kernel::Frame const& frame)
+{
+    return frame.plotType == PlotType_Cartesian2D || frame.plotType == PlotType_Cartesian3D;
+}
+
+NumberChooser::Choices zoneChoices(kernel::DataSet const& dataSet)
+{
+    NumberChooser::Choices choices;
+    for (int const zone : dataSet.enabledZones())
+        choices.emplace_back(zone, QStringLiteral("%1: ").arg(zone) + QString::fromStdString(dataSet.zone(zone)->name));
+    return choices;
+}
+
+} // namespace
+
+AssignmentPanel::AssignmentPanel(kernel::Session& session, QWidget* parent)
+    : QWidget(parent)
+    , m_session(session)
+    , m_notice(new QLabel)
+    , m_fieldGroup(makeFieldGroup())
+    , m_lineGroup(makeLineGroup())
+    , m_follower(session, [this] { refresh(); })
+{
+    m_notice->setWordWrap(true);
+    m_notice->setEnabled(false);
+    auto* const layout = new QVBoxLayout(this);
+    layout->addWidget(m_notice);
+    layout->addWidget(m_fieldGroup);
+    layout->addWidget(m_lineGroup);
+    layout->addStretch();
+    refresh();
+}
+
+NumberChooser* AssignmentPanel::makeAssignment(char assignment, QString const& text)
+{
+    QString const letter = QString(QLatin1Char(assignment));
+    auto* const chooser = new NumberChooser(QStringLiteral("assignment") + letter, text);
+    m_assignments[assignment] = chooser;
+    connect(chooser, &NumberChooser::chosen, this, [this, assignment](int variable) { assign(assignment, variable); });
+    return chooser;
+}
+
+QGroupBox* AssignmentPanel::makeFieldGroup()
+{
+    auto* const group = new QGroupBox(QStringLiteral("Field plot"));
+    auto* const form = new QFormLayout(group);
+    for (char const letter : {'X', 'Y', 'Z', 'U', 'V', 'W', 'C'}) {
+        QString const text = letter == 'C'  ? QStringLiteral("Contour variable")
+                             : letter < 'X' ? QStringLiteral("Vector %1").arg(QLatin1Char(letter))
+                                            : QStringLiteral("Axis %1").arg(QLatin1Char(letter));
+        NumberChooser* const chooser = makeAssignment(letter, text);
+        form->addRow(letter == 'C' ? QStringLiteral("Contour:") : text + QLatin1Char(':'), chooser);
+        m_labels[letter] = qobject_cast<QLabel*>(form->labelForField(chooser));
+    }
+    return group;
+}
+
+QGroupBox* AssignmentPanel::makeLineGroup()
+{
+    auto* const group = new QGroupBox(QStringLiteral("Line plot"));
+    auto* const form = new QFormLayout(group);
+    m_lineZone = new NumberChooser(QStringLiteral("lineZone"), QStringLiteral("Zone of the line plot"));
+    m_lineX = new NumberChooser(QStringLiteral("lineX"), QStringLiteral("Horizontal variable of the line plot"));
+    m_lineY = new NumberChooser(QStringLiteral("lineY"), QStringLiteral("Vertical variable of the line plot"));
+    form->addRow(QStringLiteral("Zone:"), m_lineZone);
+    form->addRow(QStringLiteral("Horizontal:"), m_lineX);
+    form->addRow(QStringLiteral("Vertical:"), m_lineY);
+    for (NumberChooser* chooser : {m_lineZone, m_lineX, m_lineY})
+        connect(chooser, &NumberChooser::chosen, this, &AssignmentPanel::assignLine);
+    return group;
+}
+
+void AssignmentPanel::takeFocus()
+{
+    NumberChooser* const first = m_fieldGroup->isHidden() ? m_lineZone : m_assignments.at('X');
+    first->setFocus(Qt::ShortcutFocusReason);
+}
+
+NumberChooser::Choices AssignmentPanel::variableChoices(kernel::Session const& session, QString const& firstText)
+{
+    NumberChooser::Choices choices;
+    if (!firstText.isEmpty())
+        choices.emplace_back(0, firstText);
+    auto const dataSet = session.activeDataSet();
+    if (!dataSet)
+        return choices;
+    for (int const variable : dataSet->enabledVariables())
+        choices.emplace_back(variable, QStringLiteral("%1: ").arg(variable) +
+                                           QString::fromStdString(dataSet->variable(variable)->name));
+    return choices;
+}
+
+void AssignmentPanel::refresh()
+{
+    auto const frame = m_session.activeFrame();
+    bool const hasData = frame && frame->dataSet;
+    bool const isField = hasData && isFieldPlot(*frame);
+    bool const isLine = hasData && frame->plotType == PlotType_XYLine;
+    m_fieldGroup->setVisible(isField);
+    m_lineGroup->setVisible(isLine);
+    m_notice->setVisible(!isField && !isLine);
+    m_notice->setText(hasData ? QStringLiteral("This plot type shows no variables.")
+                              : QStringLiteral("The active frame has no data. Open a file to plot it."));
+    if (isField)
+        refreshField(*frame);
+    if (isLine)
+        refreshLine(*frame);
+}
+
+void AssignmentPanel::refreshField(kernel::Frame const& frame)
+{
+    auto const choices = variableChoices(m_session, noneText);
+    bool const inSpace = frame.plotType == PlotType_Cartesian3D;
+    for (auto const& [assignment, chooser] : m_assignments) {
+        chooser->show(choices, frame.variableNumber(assignment));
+        bool const isUsed = inSpace || (assignment != 'Z' && assignment != 'W');
+        chooser->setVisible(isUsed);
+        m_labels.at(assignment)->setVisible(isUsed);
+    }
+}
+
+void AssignmentPanel::refreshLine(kernel::Frame const& frame)
+{
+    kernel::DataSet const& dataSet = *frame.dataSet;
+    auto const variables = variableChoices(m_session, {});
+    bool const hasMap = !frame.lineMaps.empty();
+    m_lineZone->show(zoneChoices(dataSet), hasMap ? dataSet.zoneNumber(frame.lineMaps.front().zone) : 0);
+    m_lineX->show(variables, hasMap ? dataSet.variableNumber(frame.lineMaps.front().xVariable) : 0);
+    m_lineY->show(variables, hasMap ? dataSet.variableNumber(frame.lineMaps.front().yVariable) : 0);
+}
+
+void AssignmentPanel::assign(char assignment, int variable)
+{
+    auto const frame = m_session.activeFrame();
+    if (!frame || sdk::AppLock::depth() > 0)
+        return;
+    sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
+    if (frame->variableNumber(assignment) != variable && !m_session.assignVariable(frame->id, assignment, variable)) {
+        m_follower.schedule();
+        Q_EMIT editRefused();
+    }
+}
+
+void AssignmentPanel::assignLine()
+{
+    auto const frame = m_session.activeFrame();
+    if (!frame || sdk::AppLock::depth() > 0)
+        return;
+    sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
+    if (!m_session.setLinePlot(frame->id, m_lineZone->number(), m_lineX->number(), m_lineY->number())) {
+        m_follower.schedule();
+        Q_EMIT editRefused();
+    }
+}
+
+} // namespace veldraw::app

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "app/window/NumberChooser.h"
+#include "app/window/SessionFollower.h"
+
+#include <QWidget>
+
+#include <map>
+
+class QGroupBox;
+class QLabel;
+
+namespace veldraw::app {
+
+/// What the "Plot" dock shows: which variables stand on the axes, make up the vector and colour the contours of a field plot,
+/// and zone and variables of a line plot. It shows the part that the active frame's plot type uses.
+class AssignmentPanel : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit AssignmentPanel(kernel::Session& session, QWidget* parent = nullptr);
+
+    /// Puts the keyboard focus on the first control that can be used.
+    void takeFocus();
+
+    /// Numbers and names of the enabled variables of the active data set; @p noneText, if not empty, stands first with 0.
+    static NumberChooser::Choices variableChoices(kernel::Session const& session, QString const& noneText);
+
+Q_SIGNALS:
+    /// The session did not accept a choice.
+    void editRefused();
+
+private:
+    QGroupBox* makeFieldGroup();
+    QGroupBox* makeLineGroup();
+    NumberChooser* makeAssignment(char assignment, QString const& text);
+    void refresh();
+    void refreshField(kernel::Frame const& frame);
+    void refreshLine(kernel::Frame const& frame);
+    void assign(char assignment, int variable);
+    void assignLine();
+
+    kernel::Session& m_session;
+    QLabel* m_notice;
+    std::map<char, NumberChooser*> m_assignments;
+    std::map<char, QLabel*> m_labels;
+    NumberChooser* m_lineZone = nullptr;
+    NumberChooser* m_lineX = nullptr;
+    NumberChooser* m_lineY = nullptr;
+    QGroupBox* m_fieldGroup;
+    QGroupBox* m_lineGroup;
+    SessionFollower m_follower;
+};
+
+} // namespace veldraw::app

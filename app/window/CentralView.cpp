@@ -1,0 +1,18 @@
+#include "app/window/CentralView.h"
+
+#include "app/plot/PageView.h"
+
+namespace veldraw::app {
+
+CentralView CentralView::ofPage(kernel::Session& session)
+{
+    auto* const page = new PageView(session, nullptr);
+    CentralView view;
+    view.widget = page;
+    view.fitActiveFrame = [page] { page->fitActiveFrame(); };
+    view.fitAllFrames = [page] { page->fitAllFrames(); };
+    view.grabImage = [page] { return page->grabImage(); };
+    return view;
+}
+
+} // namespace veldraw::app

@@ -1,0 +1,27 @@
+#include "app/window/DataOperation.h"
+
+#include "dialogs/variableops/DeleteVariableDialog.h"
+
+namespace veldraw::app {
+
+namespace {
+
+template <typename Dialog>
+DialogInterface& dialog(QWidget& parent)
+{
+    return Dialog::getInstance(parent);
+}
+
+} // namespace
+
+std::vector<DataOperation> const& dataOperations()
+{
+    using namespace dialogs::data;
+    static std::vector<DataOperation> const operations{
+        {"deleteVariableAction", "&Delete Variable...", &DeleteVariableDialog::relevance,
+         &dialog<DeleteVariableDialog>},
+    };
+    return operations;
+}
+
+} // namespace veldraw::app

@@ -1,0 +1,97 @@
+#include "app/window/DataPanel.h"
+
+#include "app/window/RecordView.h"
+
+#include <QHeaderView>
+#include <QLabel>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+namespace veldraw::app {
+
+DataPanel::DataPanel(kernel::Session& session, QWidget* parent)
+    : QWidget(parent)
+    , m_frames(session)
+    , m_zones(session)
+    , m_variables(session)
+    , m_frameView(new RecordView(m_frames, QStringLiteral("frameView"), QStringLiteral("Frames")))
+    , m_zoneView(new RecordView(m_zones, QStringLiteral("zoneView"), QStringLiteral("Zones")))
+    , m_variableView(new RecordView(m_variables, QStringLiteral("variableView"), QStringLiteral("Variables")))
+    , m_follower(session, [this] { refresh(); })
+{
+    auto* const splitter = new QSplitter(Qt::Vertical);
+    splitter->setObjectName(QStringLiteral("dataSplitter"));
+    splitter->setChildrenCollapsible(false);
+    addSection(*splitter, QStringLiteral("Frames"), *m_frameView, m_frameTitle);
+    addSection(*splitter, QStringLiteral("Zones"), *m_zoneView, m_zoneTitle);
+    addSection(*splitter, QStringLiteral("Variables"), *m_variableView, m_variableTitle);
+    splitter->setStretchFactor(1, 1);
+    splitter->setStretchFactor(2, 2);
+    m_frameView->setPreferredRows(4);
+    m_variableView->setPreferredRows(10);
+    m_frameView->header()->resizeSection(1, 150);
+    m_zoneView->header()->resizeSection(1, 110);
+    m_zoneView->header()->resizeSection(2, 76);
+    m_variableView->header()->resizeSection(1, 92);
+    m_variableView->header()->resizeSection(2, 124);
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(4, 4, 4, 4);
+    layout->addWidget(splitter);
+
+    connect(m_frameView, &QAbstractItemView::doubleClicked, this, &DataPanel::activateFrame);
+    connect(m_frameView, &QAbstractItemView::activated, this, &DataPanel::activateFrame);
+    for (SnapshotTableModel* model :
+         {static_cast<SnapshotTableModel*>(&m_frames), static_cast<SnapshotTableModel*>(&m_zones),
+          static_cast<SnapshotTableModel*>(&m_variables)})
+        connect(model, &SnapshotTableModel::editRefused, this, &DataPanel::editRefused);
+    updateTitles();
+}
+
+// The models are members and go before the child views do.
+DataPanel::~DataPanel()
+{
+    for (RecordView* view : {m_frameView, m_zoneView, m_variableView})
+        delete view;
+}
+
+void DataPanel::addSection(QSplitter& splitter, QString const& title, RecordView& view, QLabel*& label)
+{
+    auto* const section = new QWidget;
+    auto* const layout = new QVBoxLayout(section);
+    layout->setContentsMargins(0, 0, 0, 2);
+    layout->setSpacing(2);
+    label = new QLabel(title);
+    QFont bold = label->font();
+    bold.setBold(true);
+    label->setFont(bold);
+    label->setBuddy(&view);
+    layout->addWidget(label);
+    layout->addWidget(&view);
+    splitter.addWidget(section);
+}
+
+void DataPanel::activateFrame(QModelIndex const& index)
+{
+    if (!m_frames.activate(index.row()))
+        Q_EMIT editRefused();
+}
+
+void DataPanel::refresh()
+{
+    m_frames.refresh();
+    m_zones.refresh();
+    m_variables.refresh();
+    updateTitles();
+}
+
+void DataPanel::updateTitles()
+{
+    auto const title = [](QString const& what, SnapshotTableModel const& model) {
+        return model.rowCount() == 0 ? what : QStringLiteral("%1 (%2)").arg(what).arg(model.rowCount());
+    };
+    m_frameTitle->setText(title(QStringLiteral("Frames"), m_frames));
+    m_zoneTitle->setText(title(QStringLiteral("Zones"), m_zones));
+    m_variableTitle->setText(title(QStringLiteral("Variables"), m_variables));
+}
+
+} // namespace veldraw::app

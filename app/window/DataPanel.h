@@ -1,0 +1,53 @@
+#pragma once
+
+#include "app/window/FrameTableModel.h"
+#include "app/window/SessionFollower.h"
+#include "app/window/VariableTableModel.h"
+#include "app/window/ZoneTableModel.h"
+
+#include <QWidget>
+
+class QLabel;
+class QSplitter;
+
+namespace veldraw::app {
+
+class RecordView;
+
+/// What the "Data" dock shows: frames, and zones and variables of the active frame's data set, one below the other.
+/// Double click or Return on a frame activates it; F2 renames, Space or a click on the box enables and disables.
+class DataPanel : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit DataPanel(kernel::Session& session, QWidget* parent = nullptr);
+    ~DataPanel() override;
+
+    RecordView& frameView() { return *m_frameView; }
+    RecordView& zoneView() { return *m_zoneView; }
+    RecordView& variableView() { return *m_variableView; }
+
+Q_SIGNALS:
+    /// The session did not do what the user asked for in a list.
+    void editRefused();
+
+private:
+    void addSection(QSplitter& splitter, QString const& title, RecordView& view, QLabel*& label);
+    void activateFrame(QModelIndex const& index);
+    void refresh();
+    void updateTitles();
+
+    FrameTableModel m_frames;
+    ZoneTableModel m_zones;
+    VariableTableModel m_variables;
+    RecordView* m_frameView;
+    RecordView* m_zoneView;
+    RecordView* m_variableView;
+    QLabel* m_frameTitle = nullptr;
+    QLabel* m_zoneTitle = nullptr;
+    QLabel* m_variableTitle = nullptr;
+    SessionFollower m_follower;
+};
+
+} // namespace veldraw::app

@@ -1,0 +1,173 @@
+#include "app/window/DataTexts.h"
+
+#include <QLocale>
+#include <QStringList>
+
+#include <algorithm>
+#include <set>
+
+namespace veldraw::app {
+
+namespace {
+
+QString dataTypeText(FieldDataType_e type)
+{
+    switch (type) {
+    case FieldDataType_Float:
+        return QStringLiteral("float");
+    case FieldDataType_Double:
+        return QStringLiteral("double");
+    case FieldDataType_Int32:
+        return QStringLiteral("32-bit");
+    case FieldDataType_Int16:
+        return QStringLiteral("16-bit");
+    case FieldDataType_Byte:
+        return QStringLiteral("byte");
+    case FieldDataType_Bit:
+        return QStringLiteral("bit");
+    }
+    return {};
+}
+
+// One text over all zones with values: the common one, "mixed", or "passive".
+template <typename TextOfField>
+QString commonText(kernel::DataSet const& dataSet, int variable, TextOfField textOfField)
+{
+    QString common;
+    for (int zone = 1; zone <= dataSet.zoneCount(); ++zone) {
+        kernel::Field const* const field = dataSet.field(zone, variable);
+        if (!field || field->isPassive())
+            continue;
+        QString const text = textOfField(*field);
+        if (!common.isEmpty() && common != text)
+            return QStringLiteral("mixed");
+        common = text;
+    }
+    return common.isEmpty() ? QStringLiteral("passive") : common;
+}
+
+} // namespace
+
+QString zoneTypeText(ZoneType_e type)
+{
+    switch (type) {
+    case ZoneType_Ordered:
+        return QStringLiteral("ordered");
+    case ZoneType_FETriangle:
+        return QStringLiteral("triangles");
+    case ZoneType_FEQuad:
+        return QStringLiteral("quads");
+    case ZoneType_FETetra:
+        return QStringLiteral("tetrahedra");
+    case ZoneType_FEBrick:
+        return QStringLiteral("bricks");
+    case ZoneType_FELineSeg:
+        return QStringLiteral("line segments");
+    case ZoneType_FEPolygon:
+        return QStringLiteral("polygons");
+    case ZoneType_FEPolyhedron:
+        return QStringLiteral("polyhedra");
+    case ZoneType_FEMixed:
+        return QStringLiteral("mixed cells");
+    }
+    return {};
+}
+
+QString zoneSizeText(kernel::Zone const& zone)
+{
+    if (zone.isOrdered())
+        return QString::fromUtf8("%1 × %2 × %3").arg(zone.i).arg(zone.j).arg(zone.k);
+    return QStringLiteral("%1 points, %2 cells").arg(countText(zone.pointCount()), countText(zone.cellCount()));
+}
+
+QString plotTypeText(PlotType_e type)
+{
+    switch (type) {
+    case PlotType_Cartesian3D:
+        return QStringLiteral("3D Cartesian");
+    case PlotType_Cartesian2D:
+        return QStringLiteral("2D Cartesian");
+    case PlotType_XYLine:
+        return QStringLiteral("XY Line");
+    case PlotType_Sketch:
+        return QStringLiteral("Sketch");
+    case PlotType_PolarLine:
+        return QStringLiteral("Polar Line");
+    }
+    return {};
+}
+
+QString variableTypeText(kernel::DataSet const& dataSet, int variable)
+{
+    return commonText(dataSet, variable, [](kernel::Field const& field) { return dataTypeText(field.type()); });
+}
+
+QString variableLocationText(kernel::DataSet const& dataSet, int variable)
+{
+    return commonText(dataSet, variable, [](kernel::Field const& field) {
+        return field.location() == ValueLocation_Nodal ? QStringLiteral("nodal") : QStringLiteral("cell");
+    });
+}
+
+kernel::ValueRange variableRange(kernel::DataSet const& dataSet, int variable)
+{
+    kernel::ValueRange whole;
+    for (int zone = 1; zone <= dataSet.zoneCount(); ++zone) {
+        kernel::ValueRange const range = dataSet.zone(zone)->range(variable);
+        if (!range.isValid())
+            continue;
+        whole.min = whole.isValid() ? std::min(whole.min, range.min) : range.min;
+        whole.max = whole.isValid() ? std::max(whole.max, range.max) : range.max;
+        whole.state = range.state;
+    }
+    return whole;
+}
+
+QString rangeText(kernel::ValueRange const& range)
+{
+    if (!range.isValid())
+        return QStringLiteral("no values");
+    return QString::fromUtf8("%1 … %2").arg(range.min, 0, 'g', 6).arg(range.max, 0, 'g', 6);
+}
+
+std::int64_t pointCount(kernel::DataSet const& dataSet)
+{
+    std::int64_t count = 0;
+    for (auto const& zone : dataSet.zones())
+        count += zone->pointCount();
+    return count;
+}
+
+std::int64_t cellCount(kernel::DataSet const& dataSet)
+{
+    std::int64_t count = 0;
+    for (auto const& zone : dataSet.zones())
+        count += zone->cellCount();
+    return count;
+}
+
+std::int64_t valueBytes(kernel::DataSet const& dataSet)
+{
+    std::set<kernel::ShareGroup const*> seen;
+    std::int64_t bytes = 0;
+    for (auto const& zone : dataSet.zones())
+        for (kernel::Field const& field : zone->fields)
+            if (!field.isPassive() && seen.insert(field.group().get()).second)
+                bytes += field.group()->buffer()->bytes();
+    return bytes;
+}
+
+QString countText(std::int64_t count)
+{
+    QString text = QString::number(count);
+    for (int position = text.size() - 3; position > 0; position -= 3)
+        text.insert(position, QChar(0x2009));
+    return text;
+}
+
+QString memoryText(std::int64_t bytes)
+{
+    return QLocale().formattedDataSize(bytes, 1, QLocale::DataSizeTraditionalFormat);
+}
+
+} // namespace veldraw::app

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "kernel/data/DataSet.h"
+
+#include <QString>
+
+namespace veldraw::app {
+
+/// "ordered", "triangles", ...: the kind of cells of a zone.
+QString zoneTypeText(ZoneType_e type);
+
+/// "40 × 30 × 1" for ordered zones, "1200 points, 5400 cells" for the others.
+QString zoneSizeText(kernel::Zone const& zone);
+
+/// "3D Cartesian", "2D Cartesian", "XY Line", "Sketch", "Polar Line".
+QString plotTypeText(PlotType_e type);
+
+/// "float", "double", ..., or "mixed" when the zones differ; passive fields don't count.
+QString variableTypeText(kernel::DataSet const& dataSet, int variable);
+
+/// "nodal", "cell", "mixed" over all zones, or "passive" when no zone has values.
+QString variableLocationText(kernel::DataSet const& dataSet, int variable);
+
+/// Smallest and largest value of a variable over all zones; computes what is not known yet.
+kernel::ValueRange variableRange(kernel::DataSet const& dataSet, int variable);
+
+/// "-1.5 … 3.25", or "no values".
+QString rangeText(kernel::ValueRange const& range);
+
+std::int64_t pointCount(kernel::DataSet const& dataSet);
+std::int64_t cellCount(kernel::DataSet const& dataSet);
+
+/// Memory of the values in bytes; storage that fields share counts once.
+std::int64_t valueBytes(kernel::DataSet const& dataSet);
+
+/// "1 234 567" with thin spaces between groups of three.
+QString countText(std::int64_t count);
+
+/// "17.4 MB".
+QString memoryText(std::int64_t bytes);
+
+} // namespace veldraw::app

@@ -1,0 +1,277 @@
+#include "app/window/DocumentController.h"
+
+#include "app/export/Exporter.h"
+#include "host/MessageLog.h"
+#include "host/MessagePresenter.h"
+#include "platform/vdsdkcommon/AppLock.h"
+#include "platform/vdsdkcommon/WaitState.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QImageWriter>
+#include <QMessageBox>
+#include <QSettings>
+
+namespace veldraw::app {
+
+namespace {
+
+QString const folderKey = QStringLiteral("lastFolder");
+
+void tellError(QString const& text)
+{
+    host::MessagePresenter::present(text.toStdString(), MessageBoxType_Error);
+}
+
+void takeDown(QString const& path, std::vector<std::string> const& remarks)
+{
+    for (std::string const& remark : remarks)
+        host::MessageLog::instance().add(MessageBoxType_Information,
+                                         QFileInfo(path).fileName().toStdString() + ": " + remark);
+}
+
+// The extension of a filter such as "VTK multi-block (*.vtm)".
+QString extensionOf(QString const& filter)
+{
+    int const star = filter.indexOf(QLatin1String("*."));
+    QString extension = star < 0 ? QString() : filter.mid(star + 1);
+    for (int i = 1; i < extension.size(); ++i)
+        if (!extension.at(i).isLetterOrNumber())
+            return extension.left(i);
+    return extension;
+}
+
+// A file dialog for writing that gives a name without an extension the one of the chosen filter.
+QString askForName(QWidget& window, QString const& title, QString const& name, QStringList const& filters)
+{
+    QFileDialog dialog(&window, title, name);
+    dialog.setObjectName(QStringLiteral("saveDialog"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setNameFilters(filters);
+    auto const useExtension = [&](QString const& filter) { dialog.setDefaultSuffix(extensionOf(filter)); };
+    useExtension(filters.value(0));
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, useExtension);
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+} // namespace
+
+DocumentController::DocumentController(kernel::Session& session, QWidget& window, ImportJob::Reader reader)
+    : m_session(session)
+    , m_window(window)
+    , m_job(std::move(reader))
+{
+}
+
+DocumentController::~DocumentController() = default;
+
+bool DocumentController::isLocked()
+{
+    if (sdk::AppLock::depth() == 0)
+        return false;
+    Q_EMIT told(QStringLiteral("Another operation is still running."));
+    return true;
+}
+
+bool DocumentController::open(QStringList const& paths, Place place)
+{
+    if (paths.isEmpty() || isLocked() || (place == Place::FreshPage && !mayCloseData()))
+        return false;
+    return put(readAll(paths), place);
+}
+
+std::vector<DocumentController::Opened> DocumentController::readAll(QStringList const& paths)
+{
+    std::vector<Opened> opened;
+    QStringList errors;
+    for (QString const& path : paths) {
+        try {
+            ImportResult const result = m_job.run(path, &m_window);
+            auto const frame =
+                std::make_shared<kernel::Frame>(QFileInfo(path).completeBaseName().toStdString(), kernel::Rectangle{});
+            frame->dataSet = result.dataSet;
+            opened.push_back({path, frame});
+            takeDown(path, result.remarks);
+        } catch (ImportCancelled const&) {
+            Q_EMIT told(QStringLiteral("Opening was cancelled."));
+            return {};
+        } catch (std::exception const& error) {
+            errors.push_back(QString::fromStdString(error.what()));
+        }
+    }
+    if (!errors.isEmpty())
+        tellError(errors.join(QStringLiteral("\n\n")));
+    return opened;
+}
+
+bool DocumentController::put(std::vector<Opened> const& opened, Place place)
+{
+    if (opened.empty())
+        return false;
+    if (place == Place::FreshPage)
+        putOnFreshPage(opened);
+    else if (!addToPage(opened))
+        return false;
+    QStringList names;
+    for (Opened const& file : opened) {
+        m_recentFiles.add(file.path);
+        names.push_back(QFileInfo(file.path).fileName());
+        keepFolder(file.path);
+    }
+    Q_EMIT recentFilesChanged();
+    Q_EMIT told(QStringLiteral("Opened %1").arg(names.join(QStringLiteral(", "))));
+    return true;
+}
+
+void DocumentController::putOnFreshPage(std::vector<Opened> const& opened)
+{
+    sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
+    sdk::WaitState const busy;
+    std::vector<std::shared_ptr<kernel::Frame>> frames;
+    for (Opened const& file : opened)
+        frames.push_back(file.frame);
+    m_session.openPage(std::move(frames));
+}
+
+bool DocumentController::addToPage(std::vector<Opened> const& opened)
+{
+    sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
+    sdk::WaitState const busy;
+    bool const wasClean = m_session.history().isClean();
+    for (Opened const& file : opened) {
+        if (!m_session.addFrame(file.frame)) {
+            tellError(QStringLiteral("%1: %2").arg(file.path, QString::fromStdString(m_session.lastError())));
+            return false;
+        }
+    }
+    if (wasClean) // a frame that shows what stands in a file is nothing to lose
+        m_session.history().setClean();
+    return true;
+}
+
+bool DocumentController::openByDialog(Place place)
+{
+    if (isLocked())
+        return false;
+    QFileDialog dialog(&m_window,
+                       place == Place::FreshPage ? QStringLiteral("Open") : QStringLiteral("Open in New Frame"),
+                       lastFolder());
+    dialog.setObjectName(QStringLiteral("openDialog"));
+    dialog.setFileMode(QFileDialog::ExistingFiles);
+    dialog.setNameFilters(importNameFilters());
+    return dialog.exec() == QDialog::Accepted && open(dialog.selectedFiles(), place);
+}
+
+bool DocumentController::openRecent(QString const& path)
+{
+    if (QFileInfo::exists(path))
+        return open({path}, Place::FreshPage);
+    m_recentFiles.remove(path);
+    Q_EMIT recentFilesChanged();
+    tellError(QStringLiteral("%1: the file is no longer there. It was taken off the list of recent files.").arg(path));
+    return false;
+}
+
+bool DocumentController::saveAs()
+{
+    auto const dataSet = m_session.activeDataSet();
+    if (!dataSet || isLocked())
+        return false;
+    QString const frameName = QString::fromStdString(m_session.activeFrame()->name);
+    QString const path = askForName(m_window, QStringLiteral("Save As"), lastFolder() + QLatin1Char('/') + frameName,
+                                    exportNameFilters());
+    return !path.isEmpty() && save(path);
+}
+
+bool DocumentController::save(QString const& path)
+{
+    auto const dataSet = m_session.activeDataSet();
+    if (!dataSet || isLocked())
+        return false;
+    try {
+        sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
+        sdk::WaitState const busy;
+        ExportResult const result = exportDataSet(*dataSet, path);
+        takeDown(path, result.remarks);
+    } catch (std::exception const& error) {
+        tellError(QString::fromStdString(error.what()));
+        return false;
+    }
+    noteSaved();
+    keepFolder(path);
+    m_recentFiles.add(path);
+    Q_EMIT recentFilesChanged();
+    Q_EMIT told(
+        m_session.history().isClean()
+            ? QStringLiteral("Saved %1").arg(QFileInfo(path).fileName())
+            : QStringLiteral("Saved %1. Other frames still have unsaved data.").arg(QFileInfo(path).fileName()));
+    return true;
+}
+
+// Nothing is unsaved any more once each data set has been saved since the last change.
+void DocumentController::noteSaved()
+{
+    m_savedDataSets.insert(m_session.activeDataSet()->id());
+    for (auto const& page : m_session.pages())
+        for (auto const& frame : page->frames)
+            if (frame->dataSet && m_savedDataSets.count(frame->dataSet->id()) == 0)
+                return;
+    auto const saved = m_savedDataSets;
+    m_session.history().setClean();
+    m_savedDataSets = saved;
+}
+
+bool DocumentController::savePictureAs(QImage const& picture)
+{
+    if (isLocked())
+        return false;
+    QStringList const filters{QStringLiteral("PNG picture (*.png)"), QStringLiteral("JPEG picture (*.jpg)")};
+    QString const path =
+        askForName(m_window, QStringLiteral("Save Picture As"), lastFolder() + QStringLiteral("/page"), filters);
+    return !path.isEmpty() && savePicture(picture, path);
+}
+
+bool DocumentController::savePicture(QImage const& picture, QString const& path)
+{
+    QImageWriter writer(path);
+    if (!writer.write(picture)) {
+        tellError(QStringLiteral("%1: the picture could not be written: %2").arg(path, writer.errorString()));
+        return false;
+    }
+    keepFolder(path);
+    Q_EMIT told(QStringLiteral("Saved %1").arg(QFileInfo(path).fileName()));
+    return true;
+}
+
+bool DocumentController::mayCloseData()
+{
+    if (m_session.history().isClean())
+        return true;
+    QMessageBox box(QMessageBox::Warning, QStringLiteral("Unsaved Changes"),
+                    QStringLiteral("There are changes that have not been saved."),
+                    QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, &m_window);
+    box.setObjectName(QStringLiteral("unsavedQuestion"));
+    box.setInformativeText(QStringLiteral("Save them before they are lost?"));
+    box.setDefaultButton(QMessageBox::Save);
+    switch (box.exec()) {
+    case QMessageBox::Save:
+        return saveAs() && m_session.history().isClean();
+    case QMessageBox::Discard:
+        return true;
+    default:
+        return false;
+    }
+}
+
+QString DocumentController::lastFolder() const
+{
+    QString const folder = QSettings().value(folderKey).toString();
+    return QFileInfo(folder).isDir() ? folder : QDir::currentPath();
+}
+
+void DocumentController::keepFolder(QString const& path)
+{
+    QSettings().setValue(folderKey, QFileInfo(path).absolutePath());
+}
+
+} // namespace veldraw::app

@@ -1,0 +1,87 @@
+#pragma once
+
+#include "app/window/ImportJob.h"
+#include "app/window/RecentFiles.h"
+#include "kernel/frames/Session.h"
+
+#include <QImage>
+#include <QObject>
+
+#include <functional>
+#include <set>
+
+class QWidget;
+
+namespace veldraw::app {
+
+/// Opens files into the session and saves what is in it, with the questions and messages that belong to that.
+class DocumentController : public QObject
+{
+    Q_OBJECT
+
+public:
+    enum class Place
+    {
+        FreshPage, ///< what was open goes; each file gets a frame on a page of its own
+        NewFrames  ///< each file gets a frame on the present page
+    };
+
+    /// @param window parent of questions and dialogs; @param reader reads files, importFile() in the program
+    DocumentController(kernel::Session& session, QWidget& window, ImportJob::Reader reader);
+    ~DocumentController() override;
+
+    /// Opens files. Files that cannot be read are told in one message and change nothing; on a fresh page, what was open stays
+    /// when no file at all can be read. @return false when nothing was opened
+    bool open(QStringList const& paths, Place place);
+
+    /// Asks for files first.
+    bool openByDialog(Place place);
+
+    /// Opens a file of the list of recent files; tells and forgets it when it is no longer there.
+    bool openRecent(QString const& path);
+
+    /// Asks for a name and writes the active data set; the extension chooses the format.
+    bool saveAs();
+    bool save(QString const& path);
+
+    /// Asks for a name and writes @p picture.
+    bool savePictureAs(QImage const& picture);
+    bool savePicture(QImage const& picture, QString const& path);
+
+    /// Asks what to do about unsaved changes, if there are any. @return false when what is open has to stay
+    bool mayCloseData();
+
+    /// The history has changed, so what was saved before may be out of date.
+    void noteChange() { m_savedDataSets.clear(); }
+
+    RecentFiles& recentFiles() { return m_recentFiles; }
+
+Q_SIGNALS:
+    /// One sentence for the status bar.
+    void told(QString const& text);
+    void recentFilesChanged();
+
+private:
+    struct Opened
+    {
+        QString path;
+        std::shared_ptr<kernel::Frame> frame;
+    };
+
+    std::vector<Opened> readAll(QStringList const& paths);
+    bool put(std::vector<Opened> const& opened, Place place);
+    void putOnFreshPage(std::vector<Opened> const& opened);
+    bool addToPage(std::vector<Opened> const& opened);
+    void noteSaved();
+    bool isLocked();
+    QString lastFolder() const;
+    void keepFolder(QString const& path);
+
+    kernel::Session& m_session;
+    QWidget& m_window;
+    ImportJob m_job;
+    RecentFiles m_recentFiles;
+    std::set<kernel::UniqueId> m_savedDataSets; // since the last change
+};
+
+} // namespace veldraw::app

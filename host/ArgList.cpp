@@ -43,7 +43,7 @@ bool ArgList::appendString(std::string const& name, std::string const& value)
     if (!m_list)
         return false;
     try {
-        m_list->append(name, value);
+        m_list->arguments.setText(name, value);
         return true;
     } catch (std::bad_alloc const&) {
         return false;

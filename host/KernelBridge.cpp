@@ -11,9 +11,17 @@ namespace {
 bool isForwarding = false;
 kernel::EventHub::Subscription subscription{};
 
+void endForwarding()
+{
+    isForwarding = false;
+    kernel::Session::instance().events().unsubscribe(subscription);
+}
+
 void forward(kernel::StateChangeEvent const& event)
 {
     sdk::integration::StateChangeEventObservable::getInstance().notify(KernelStateChangeEvent(event));
+    if (event.kind == StateChange_KernelGoesDown && isForwarding)
+        endForwarding(); // nothing may follow it
 }
 
 } // namespace
@@ -28,13 +36,8 @@ void KernelBridge::install()
 
 void KernelBridge::shutDown()
 {
-    if (!isForwarding)
-        return;
-    isForwarding = false;
-    kernel::Session::instance().events().unsubscribe(subscription);
-    kernel::StateChangeEvent last;
-    last.kind = StateChange_KernelGoesDown;
-    forward(last);
+    if (isForwarding)
+        kernel::Session::instance().goDown();
 }
 
 } // namespace veldraw::host

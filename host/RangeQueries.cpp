@@ -12,8 +12,8 @@ namespace {
 ValueRange rangeOf(int var, int zone)
 {
     auto const dataSet = kernel::Session::instance().activeDataSet();
-    kernel::Field const* const field = dataSet ? dataSet->field(zone, var) : nullptr;
-    return field && !field->isPassive() ? field->group()->range() : ValueRange();
+    auto const found = dataSet ? dataSet->zone(zone) : nullptr;
+    return found ? found->range(var) : ValueRange();
 }
 
 } // namespace

@@ -1,0 +1,158 @@
+#include "AllocationFailure.h"
+#include "SessionFixture.h"
+
+using namespace veldraw::kernel;
+
+namespace {
+
+/// Everything that a sweep starts from, fresh for each request that fails.
+struct Stage
+{
+    Stage()
+    {
+        frame->dataSet = dataSet;
+        session.openPage({frame});
+        session.renameZone(*dataSet, 1, "named before"); // so that undo and redo have work
+        session.renameVariable(*dataSet, 1, "named before");
+        session.undo();
+        recorder = std::make_unique<EventCounter>(session.events());
+    }
+
+    struct EventCounter
+    {
+        explicit EventCounter(EventHub& hub)
+        {
+            hub.subscribe([this](StateChangeEvent const&) { ++events; });
+        }
+        int events = 0;
+    };
+
+    std::shared_ptr<DataSet> dataSet = sample::twoPlanes();
+    std::shared_ptr<Frame> frame = std::make_shared<Frame>("Frame 1", Rectangle{});
+    Session session;
+    std::unique_ptr<EventCounter> recorder;
+};
+
+std::string const longText(200, 'n');
+
+/// Lets each request for memory of @p operation fail once: it succeeds, or nothing has changed and nothing was told.
+/// @return the number of requests that failed
+int sweep(
+    std::function<bool(Stage&)> const& operation, std::function<void(Stage&)> const& prepare = [](Stage&) {})
+{
+    for (int request = 1; request < 10000; ++request) {
+        Stage stage;
+        prepare(stage);
+        std::string const before = stateDigest(stage.session);
+        bool succeeded = false;
+        bool failedOnce = false;
+        {
+            AllocationFailure const failure(request);
+            succeeded = operation(stage);
+            failedOnce = failure.hasHappened();
+        }
+        if (!failedOnce) {
+            EXPECT_TRUE(succeeded) << "with all memory";
+            return request - 1;
+        }
+        if (!succeeded) {
+            EXPECT_EQ(stateDigest(stage.session), before) << "request " << request;
+            EXPECT_EQ(stage.recorder->events, 0) << "request " << request;
+            EXPECT_EQ(stage.session.lastError(), "Out of memory.") << "request " << request;
+            EXPECT_TRUE(operation(stage)) << "afterwards, request " << request;
+        } else {
+            EXPECT_NE(stateDigest(stage.session), before) << "request " << request;
+            EXPECT_GT(stage.recorder->events, 0) << "request " << request;
+        }
+    }
+    ADD_FAILURE() << "the operation never came to an end";
+    return 0;
+}
+
+} // namespace
+
+TEST(WithoutMemory, VariablesAreDeletedWhollyOrNotAtAll)
+{
+    NumberSet const variables{1, 4, 5};
+    EXPECT_GE(sweep([&](Stage& stage) { return stage.session.deleteVariables(*stage.dataSet, variables); }), 15);
+}
+
+TEST(WithoutMemory, VariablesOfASharedStorageAreDeletedWhollyOrNotAtAll)
+{
+    NumberSet const variables{5};
+    auto const share = [](Stage& stage) { stage.dataSet->zone(1)->fields[4] = stage.dataSet->zone(1)->fields[3]; };
+    EXPECT_GE(sweep([&](Stage& stage) { return stage.session.deleteVariables(*stage.dataSet, variables); }, share), 15);
+}
+
+TEST(WithoutMemory, NamesAreChangedWhollyOrNotAtAll)
+{
+    EXPECT_GE(sweep([](Stage& stage) { return stage.session.renameZone(*stage.dataSet, 2, longText); }), 5);
+    EXPECT_GE(sweep([](Stage& stage) { return stage.session.renameVariable(*stage.dataSet, 2, longText); }), 5);
+    EXPECT_GE(sweep([](Stage& stage) { return stage.session.renameFrame(stage.frame->id, longText); }), 5);
+    EXPECT_GE(sweep([](Stage& stage) { return stage.session.setTitle(*stage.dataSet, longText); }), 5);
+}
+
+TEST(WithoutMemory, ZonesAndVariablesAreEnabledWhollyOrNotAtAll)
+{
+    EXPECT_GE(sweep([](Stage& stage) { return stage.session.setZoneEnabled(*stage.dataSet, 2, false); }), 4);
+    EXPECT_GE(sweep([](Stage& stage) { return stage.session.setVariableEnabled(*stage.dataSet, 2, false); }), 4);
+}
+
+TEST(WithoutMemory, FramesComeAndGoWhollyOrNotAtAll)
+{
+    EXPECT_GE(sweep([](Stage& stage) { return stage.session.createFrame(longText, {0, 0, 1, 1}) != nullptr; }), 5);
+    EXPECT_GE(sweep([](Stage& stage) { return stage.session.deleteFrame(stage.frame->id); }), 4);
+    EXPECT_GE(sweep([](Stage& stage) {
+                  auto const place = stage.frame->rectangle.x + 1.0;
+                  return stage.session.setFrameRectangle(stage.frame->id, {place, 1, 1, 1});
+              }),
+              4);
+}
+
+TEST(WithoutMemory, ADataSetIsGivenToAFrameWhollyOrNotAtAll)
+{
+    auto const other = sample::ordered({longText + "x", longText + "y", longText + "z"}, 3, 3);
+    EXPECT_GE(sweep([&](Stage& stage) { return stage.session.setFrameDataSet(stage.frame->id, other); }), 5);
+}
+
+TEST(WithoutMemory, LineMapsAndStyleAreChangedWhollyOrNotAtAll)
+{
+    EXPECT_GE(sweep([](Stage& stage) { return stage.session.createLineMap(stage.frame->id); }), 4);
+    NumberSet const first{1};
+    EXPECT_GE(sweep([&](Stage& stage) { return stage.session.deleteLineMaps(stage.frame->id, first); }), 4);
+    EXPECT_GE(sweep([](Stage& stage) { return stage.session.setLinePlot(stage.frame->id, 2, 4, 5); }), 4);
+    EXPECT_GE(sweep([](Stage& stage) { return stage.session.setPlotType(stage.frame->id, PlotType_XYLine); }), 4);
+    EXPECT_GE(sweep([](Stage& stage) { return stage.session.assignVariable(stage.frame->id, 'X', 4); }), 4);
+    EXPECT_GE(sweep([](Stage& stage) { return stage.session.setShowMesh(stage.frame->id, true); }), 4);
+}
+
+TEST(WithoutMemory, UndoAndRedoNeedNone)
+{
+    EXPECT_EQ(sweep([](Stage& stage) { return stage.session.undo(); }), 0);
+    EXPECT_EQ(sweep([](Stage& stage) { return stage.session.redo(); }), 0);
+}
+
+TEST(WithoutMemory, ADeletionIsUndoneAndRedone)
+{
+    Stage stage;
+    ASSERT_TRUE(stage.session.deleteVariables(*stage.dataSet, {1, 4, 5}));
+    AllocationFailure const failure(1);
+    EXPECT_TRUE(stage.session.undo());
+    EXPECT_TRUE(stage.session.redo());
+    EXPECT_TRUE(stage.session.undo());
+    EXPECT_FALSE(failure.hasHappened());
+}
+
+TEST(WithoutMemory, AWriteToHeldStorageThrowsAndChangesNothing)
+{
+    Field const field = sample::field({1, 2, 3});
+    auto const held = field.group()->buffer();
+    for (int request = 1; request <= 3; ++request) {
+        AllocationFailure const failure(request);
+        try {
+            field.group()->writableBuffer();
+        } catch (std::bad_alloc const&) {
+            EXPECT_EQ(field.group()->buffer(), held);
+        }
+    }
+}

@@ -1,0 +1,190 @@
+#include "SampleData.h"
+#include "kernel/compute/Parallel.h"
+
+#include <gtest/gtest.h>
+#include <limits>
+#include <numeric>
+#include <stdexcept>
+
+using namespace veldraw::kernel;
+
+namespace {
+
+double const nan = std::numeric_limits<double>::quiet_NaN();
+double const infinity = std::numeric_limits<double>::infinity();
+
+ValueRange rangeOf(std::vector<double> const& values, FieldDataType_e type = FieldDataType_Double)
+{
+    return sample::field(values, type).group()->range();
+}
+
+void expectRange(ValueRange const& range, double min, double max)
+{
+    EXPECT_EQ(range.state, ValueRange::State::Exact);
+    EXPECT_EQ(range.min, min);
+    EXPECT_EQ(range.max, max);
+}
+
+} // namespace
+
+TEST(Range, SpansTheValuesOfEveryType)
+{
+    for (FieldDataType_e const type :
+         {FieldDataType_Float, FieldDataType_Double, FieldDataType_Int32, FieldDataType_Int16, FieldDataType_Byte}) {
+        expectRange(rangeOf({3, 1, 7, 2}, type), 1, 7);
+    }
+    expectRange(rangeOf({-3, -1}, FieldDataType_Int16), -3, -1);
+}
+
+TEST(Range, OfBitsIsWhatBitsThereAre)
+{
+    expectRange(rangeOf({0, 1, 0}, FieldDataType_Bit), 0, 1);
+    expectRange(rangeOf({1, 1, 1}, FieldDataType_Bit), 1, 1);
+}
+
+TEST(Range, LeavesOutWhatIsNotFinite)
+{
+    expectRange(rangeOf({nan, 4, infinity, -2, -infinity}), -2, 4);
+    expectRange(rangeOf({nan, 4, infinity, -2, -infinity}, FieldDataType_Float), -2, 4);
+}
+
+TEST(Range, ReachesTheLargestFiniteValues)
+{
+    double const largest = std::numeric_limits<double>::max();
+    expectRange(rangeOf({largest, -largest}), -largest, largest);
+    double const largestFloat = static_cast<double>(std::numeric_limits<float>::max());
+    expectRange(rangeOf({largestFloat, -largestFloat}, FieldDataType_Float), -largestFloat, largestFloat);
+}
+
+TEST(Range, WithoutAFiniteValueIsUnknown)
+{
+    EXPECT_FALSE(rangeOf({}).isValid());
+    EXPECT_FALSE(rangeOf({nan, infinity, -infinity}).isValid());
+    EXPECT_FALSE(rangeOf({nan}, FieldDataType_Float).isValid());
+}
+
+TEST(Range, OfManyValuesFindsTheExtremesWhereverTheyStand)
+{
+    std::int64_t const count = 1000003;
+    for (std::int64_t const place : {std::int64_t{0}, count / 2, count - 1}) {
+        auto const buffer = Buffer::allocate(FieldDataType_Float, count);
+        buffer->setValue(place, -5.0);
+        buffer->setValue((place + 77) % count, 9.0);
+        expectRange(ShareGroup(buffer).range(), -5, 9);
+    }
+}
+
+TEST(Range, StepsOverTheOtherComponents)
+{
+    auto const memory = Buffer::allocate(FieldDataType_Double, 9);
+    for (std::int64_t index = 0; index < 9; ++index) {
+        memory->setValue(index, static_cast<double>(index));
+    }
+    auto const first = Buffer::adopt(FieldDataType_Double, 3, memory->mutableData(), 3, memory->owner());
+    expectRange(ShareGroup(first).range(), 0, 6);
+}
+
+TEST(Range, OfCellsOfAnOrderedZoneNeverReadsTheUnusedSlots)
+{
+    double const bad = 1000;
+    Zone zone("volume", ZoneType_Ordered, 3, 3, 2); // one layer of 2 x 2 cells
+    zone.fields.push_back(
+        sample::field({1, 2, bad, 3, 4, bad, bad, bad, bad, bad, bad, bad, bad, bad, bad, bad, bad, bad},
+                      FieldDataType_Float, ValueLocation_CellCentered));
+    expectRange(zone.range(1), 1, 4);
+    expectRange(zone.fields[0].group()->range(), 1, bad);
+    expectRange(zone.range(1), 1, 4);
+}
+
+TEST(Range, OfCellsInOnePlaneUsesTheWholeLayer)
+{
+    double const bad = 1000;
+    Zone plane("plane", ZoneType_Ordered, 1, 3, 2);
+    plane.fields.push_back(sample::field({5, 6, bad, bad, bad, bad}, FieldDataType_Double, ValueLocation_CellCentered));
+    expectRange(plane.range(1), 5, 6);
+    Zone line("line", ZoneType_Ordered, 4, 1, 1);
+    line.fields.push_back(sample::field({1, 2, 3, bad}, FieldDataType_Double, ValueLocation_CellCentered));
+    expectRange(line.range(1), 1, 3);
+}
+
+TEST(Range, OfCellsAgreesWithALookAtEachCellOfALargeZone)
+{
+    std::int64_t const i = 61;
+    std::int64_t const j = 53;
+    std::int64_t const k = 47;
+    Zone zone("volume", ZoneType_Ordered, i, j, k);
+    auto const buffer = Buffer::allocate(FieldDataType_Int32, i * j * k);
+    for (std::int64_t slot = 0; slot < buffer->size(); ++slot) {
+        bool const unused = slot % i == i - 1 || slot / i % j == j - 1 || slot / (i * j) == k - 1;
+        buffer->setValue(slot, unused ? -1e9 : static_cast<double>((slot * 7919) % 100003));
+    }
+    double low = 1e9;
+    double high = -1e9;
+    for (std::int64_t slot = 0; slot < buffer->size(); ++slot) {
+        low = buffer->value(slot) > -1e9 ? std::min(low, buffer->value(slot)) : low;
+        high = std::max(high, buffer->value(slot));
+    }
+    zone.fields.emplace_back(std::make_shared<ShareGroup>(buffer), ValueLocation_CellCentered);
+    expectRange(zone.range(1), low, high);
+}
+
+TEST(Range, OfCellsOfFiniteElementsIsOfAllValues)
+{
+    Zone zone("triangles", ZoneType_FETriangle, 4, 2, 0);
+    zone.fields.push_back(sample::field({7, 9}, FieldDataType_Double, ValueLocation_CellCentered));
+    expectRange(zone.range(1), 7, 9);
+}
+
+TEST(Range, OfAPassiveFieldOrABadNumberIsUnknown)
+{
+    Zone zone("zone", ZoneType_Ordered, 2, 1, 1);
+    zone.fields.emplace_back();
+    for (int const variable : {-1, 0, 1, 2}) {
+        EXPECT_FALSE(zone.range(variable).isValid());
+    }
+}
+
+TEST(Range, ThatTheLoaderGaveIsKeptUntilTheValuesChange)
+{
+    Field const field = sample::field({1, 2, 3});
+    field.group()->setKnownRange({ValueRange::State::Estimated, 0, 10});
+    EXPECT_EQ(field.group()->range().state, ValueRange::State::Estimated);
+    EXPECT_EQ(field.group()->cellRange(3, 1, 1).max, 10);
+    field.group()->writableBuffer().setValue(0, 5);
+    expectRange(field.group()->range(), 2, 5);
+}
+
+TEST(ParallelFor, VisitsEachIndexOnceInChunksThatTheCountAloneDecides)
+{
+    for (std::int64_t const count : {0, 1, 63, 64, 65, 1000, 100001}) {
+        std::vector<int> visits(static_cast<std::size_t>(count));
+        std::vector<int> chunks(static_cast<std::size_t>(parallelChunkCount(count)));
+        parallelFor(count, [&](std::int64_t first, std::int64_t last, std::int64_t chunk) {
+            EXPECT_EQ(first % 64, 0);
+            ++chunks[static_cast<std::size_t>(chunk)];
+            for (std::int64_t index = first; index < last; ++index) {
+                ++visits[static_cast<std::size_t>(index)];
+            }
+        });
+        EXPECT_EQ(std::accumulate(visits.begin(), visits.end(), std::int64_t{0}), count);
+        EXPECT_EQ(std::count(visits.begin(), visits.end(), 1), count);
+        EXPECT_EQ(std::count(chunks.begin(), chunks.end(), 1), parallelChunkCount(count));
+    }
+}
+
+TEST(ParallelFor, RethrowsTheFailureOfTheFirstChunkThatFailed)
+{
+    auto const body = [](std::int64_t, std::int64_t, std::int64_t chunk) {
+        if (chunk >= 3) {
+            throw std::runtime_error(std::to_string(chunk));
+        }
+    };
+    for (int run = 0; run < 20; ++run) {
+        try {
+            parallelFor(10000, body);
+            FAIL() << "nothing was thrown";
+        } catch (std::runtime_error const& error) {
+            EXPECT_STREQ(error.what(), "3");
+        }
+    }
+}

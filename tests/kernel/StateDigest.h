@@ -1,0 +1,11 @@
+#pragma once
+
+#include "kernel/frames/Session.h"
+
+#include <string>
+
+/// Everything that stands in a session, its storage and its history as one text: equal texts, equal states.
+std::string stateDigest(veldraw::kernel::Session const& session);
+
+/// The same for one data set, with the identity of groups and buffers.
+std::string stateDigest(veldraw::kernel::DataSet const& dataSet);

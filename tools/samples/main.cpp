@@ -1,0 +1,47 @@
+#include "tools/samples/FlowSample.h"
+#include "tools/samples/LargeGrid.h"
+#include "tools/samples/MeshSamples.h"
+#include "tools/samples/TableSamples.h"
+#include "tools/samples/TransientSample.h"
+
+#include <cstdio>
+#include <exception>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace {
+
+void writeAll(std::filesystem::path const& folder)
+{
+    using namespace veldraw::samples;
+    std::filesystem::create_directories(folder);
+    writeFlow((folder / "flow.vtm").string());
+    writeTetrahedra((folder / "tetra.vtu").string());
+    writeTriangles((folder / "triangles.vtu").string());
+    writeTransient((folder / "transient.vtm").string());
+    writeTimeSeries((folder / "timeseries.csv").string());
+    writeScatter((folder / "scatter.csv").string());
+}
+
+} // namespace
+
+// usage: veldraw_make_samples OUTDIR [--large FILE]
+int main(int argc, char** argv)
+{
+    std::vector<std::string> const words(argv + 1, argv + argc);
+    bool const large = words.size() == 3 && words[1] == "--large";
+    if (words.empty() || words[0].empty() || words[0][0] == '-' || (words.size() > 1 && !large)) {
+        std::fprintf(stderr, "usage: veldraw_make_samples OUTDIR [--large FILE]\n");
+        return 2;
+    }
+    try {
+        writeAll(words[0]);
+        if (large)
+            veldraw::samples::writeLargeGrid(words[2]);
+    } catch (std::exception const& error) {
+        std::fprintf(stderr, "veldraw_make_samples: %s\n", error.what());
+        return 1;
+    }
+    return 0;
+}

@@ -2,36 +2,57 @@
 
 #include "app/plot/PlotTheme.h"
 
-#include <vtkColorTransferFunction.h>
-#include <vtkNew.h>
-
+#include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace veldraw::app {
 
+namespace {
+
+// Control colours, evenly spaced in value and in lightness.
+constexpr std::array<std::array<double, 3>, 9> controls = {{{0.267, 0.005, 0.329},
+                                                            {0.278, 0.176, 0.482},
+                                                            {0.231, 0.322, 0.545},
+                                                            {0.173, 0.447, 0.557},
+                                                            {0.129, 0.569, 0.549},
+                                                            {0.157, 0.682, 0.502},
+                                                            {0.369, 0.788, 0.384},
+                                                            {0.678, 0.863, 0.188},
+                                                            {0.992, 0.906, 0.145}}};
+
+// A Catmull-Rom spline through the control colours: straight pieces would show as bands where they meet.
+double channel(double share, std::size_t rgb)
+{
+    constexpr int last = static_cast<int>(controls.size()) - 1;
+    double const position = share * last;
+    int const piece = std::min(static_cast<int>(position), last - 1);
+    double const t = position - piece;
+    auto const at = [rgb](int n) {
+        if (n < 0)
+            return 2.0 * controls[0][rgb] - controls[1][rgb];
+        if (n > last)
+            return 2.0 * controls[last][rgb] - controls[last - 1][rgb];
+        return controls[static_cast<std::size_t>(n)][rgb];
+    };
+    double const a = at(piece - 1);
+    double const b = at(piece);
+    double const c = at(piece + 1);
+    double const d = at(piece + 2);
+    double const value = b + 0.5 * t * (c - a + t * (2.0 * a - 5.0 * b + 4.0 * c - d + t * (3.0 * (b - c) + d - a)));
+    return std::clamp(value, 0.0, 1.0);
+}
+
+} // namespace
+
 vtkSmartPointer<vtkLookupTable> ColourMap::create(double min, double max)
 {
-    // Control colours, evenly spaced in value, in between interpolated in Lab, where distance is what the eye sees.
-    static constexpr std::array<std::array<double, 3>, 7> controls = {{{0.230, 0.040, 0.340},
-                                                                       {0.255, 0.205, 0.520},
-                                                                       {0.185, 0.375, 0.555},
-                                                                       {0.115, 0.530, 0.550},
-                                                                       {0.190, 0.680, 0.460},
-                                                                       {0.560, 0.810, 0.270},
-                                                                       {0.985, 0.905, 0.150}}};
-    vtkNew<vtkColorTransferFunction> colours;
-    colours->SetColorSpaceToLab();
-    for (std::size_t n = 0; n < controls.size(); ++n)
-        colours->AddRGBPoint(static_cast<double>(n) / (controls.size() - 1), controls[n][0], controls[n][1],
-                             controls[n][2]);
-
     constexpr int count = 256;
     auto table = vtkSmartPointer<vtkLookupTable>::New();
     table->SetNumberOfTableValues(count);
     for (int n = 0; n < count; ++n) {
-        double rgb[3];
-        colours->GetColor(n / (count - 1.0), rgb);
-        table->SetTableValue(n, rgb[0], rgb[1], rgb[2], 1.0);
+        double const share = n / (count - 1.0);
+        table->SetTableValue(n, channel(share, 0), channel(share, 1), channel(share, 2), 1.0);
     }
     QColor const none = PlotTheme::noValue();
     table->SetNanColor(none.redF(), none.greenF(), none.blueF(), 1.0);

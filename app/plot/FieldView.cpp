@@ -42,7 +42,7 @@ FieldView::FieldView(bool inSpace)
     PlotTheme::apply(*m_legend->GetLabelTextProperty(), PlotTheme::quietText(), PlotTheme::labelSize);
     m_legend->SetUnconstrainedFontSize(true);
     m_legend->SetNumberOfLabels(6);
-    m_legend->SetLabelFormat("%.5g");
+    m_legend->SetLabelFormat("%.4g");
     m_legend->SetVerticalTitleSeparation(10);
     m_legend->SetTextPad(4);
     m_legend->SetLookupTable(ColourMap::create(0.0, 1.0));
@@ -68,6 +68,8 @@ void FieldView::setArea(ViewArea const& viewArea)
 {
     FrameView::setArea(viewArea);
     m_margins = margins();
+    double const widthBefore = m_stageWidth;
+    double const heightBefore = m_stageHeight;
     double const ratio = viewArea.pixelRatio;
     m_stageWidth = std::max(1.0, viewArea.width - ratio * (m_margins.left + m_margins.right));
     m_stageHeight = std::max(1.0, viewArea.height - ratio * (m_margins.bottom + m_margins.top));
@@ -78,6 +80,8 @@ void FieldView::setArea(ViewArea const& viewArea)
                          std::clamp(left + viewArea.fraction.width() * m_stageWidth / viewArea.width, 0.0, 1.0),
                          std::clamp(bottom + viewArea.fraction.height() * m_stageHeight / viewArea.height, 0.0, 1.0));
     placeLegend();
+    if (m_isFitted && (widthBefore != m_stageWidth || heightBefore != m_stageHeight))
+        fit();
 }
 
 QPointF FieldView::onStage(QPointF const& inArea) const

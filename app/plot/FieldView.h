@@ -53,6 +53,9 @@ protected:
     double stageWidth() const { return m_stageWidth; }   ///< device pixels
     double stageHeight() const { return m_stageHeight; } ///< device pixels
 
+    /// A fitted view is fitted again when the area changes; one that the user has moved stays as it is.
+    void setFitted(bool isFitted) { m_isFitted = isFitted; }
+
     /// A position of the area as a position of the stage.
     QPointF onStage(QPointF const& inArea) const;
 
@@ -66,6 +69,7 @@ private:
 
     bool m_inSpace;
     bool m_hasView = false;
+    bool m_isFitted = false;
     FieldLook m_look;
     std::vector<std::unique_ptr<ZoneDrawing>> m_zones;
     vtkNew<vtkRenderer> m_stage;

@@ -64,8 +64,8 @@ void LineView::styleChart()
     m_chart->SetShowLegend(true);
     m_chart->SetHiddenAxisBorder(24);
     vtkChartLegend* const legend = m_chart->GetLegend();
-    legend->SetInline(true);
-    legend->SetHorizontalAlignment(vtkChartLegend::RIGHT);
+    legend->SetInline(false);
+    legend->SetHorizontalAlignment(vtkChartLegend::CENTER);
     legend->SetVerticalAlignment(vtkChartLegend::TOP);
     PlotTheme::apply(*legend->GetLabelProperties(), PlotTheme::text(), PlotTheme::labelSize);
     legend->GetBrush()->SetColor(255, 255, 255, 225);

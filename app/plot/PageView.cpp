@@ -147,11 +147,16 @@ void PageView::refresh()
     m_timer->stop();
     if (!m_session.isDrawing())
         return;
+    bringUpToDate();
+    m_window->Render();
+}
+
+void PageView::bringUpToDate()
+{
     syncFrames();
     layOut();
     updateStale();
     updateOverlay();
-    drawAgain();
 }
 
 void PageView::syncFrames()
@@ -230,6 +235,7 @@ void PageView::updatePlot(kernel::Frame const& frame, Slot& slot)
         slot.plotType = frame.plotType;
     }
     if (slot.view) {
+        slot.view->setArea(areaOf(slot));
         slot.notice = slot.view->show(frame);
         return;
     }
@@ -250,26 +256,33 @@ void PageView::orderRenderers()
     auto const page = m_session.activePage();
     if (!page)
         return;
-    double const ratio = devicePixelRatioF();
     for (auto const& frame : page->frames) {
         Slot& slot = m_slots[frame->id];
         QRect const& content = slot.content;
         if (!slot.view || slot.hidesPicture() || content.width() < 8 || content.height() < 8 || width() < 1 ||
             height() < 1 || !rect().intersects(content))
             continue;
-        ViewArea area;
-        area.fraction =
-            QRectF(content.left() / double(width()), 1.0 - (content.top() + content.height()) / double(height()),
-                   content.width() / double(width()), content.height() / double(height()));
-        area.width = content.width() * ratio;
-        area.height = content.height() * ratio;
-        area.pixelRatio = ratio;
-        slot.view->setArea(area);
+        slot.view->setArea(areaOf(slot));
         if (slot.isToFit)
             slot.view->fit();
         slot.isToFit = false;
         slot.view->addTo(*m_window);
     }
+}
+
+ViewArea PageView::areaOf(Slot const& slot) const
+{
+    double const ratio = devicePixelRatioF();
+    double const windowWidth = std::max(width(), 1);
+    double const windowHeight = std::max(height(), 1);
+    QRect const& content = slot.content;
+    ViewArea area;
+    area.fraction = QRectF(content.left() / windowWidth, 1.0 - (content.top() + content.height()) / windowHeight,
+                           content.width() / windowWidth, content.height() / windowHeight);
+    area.width = std::max(content.width() * ratio, 1.0);
+    area.height = std::max(content.height() * ratio, 1.0);
+    area.pixelRatio = ratio;
+    return area;
 }
 
 void PageView::updateOverlay()
@@ -291,11 +304,6 @@ void PageView::updateOverlay()
     m_overlay->setMarks(std::move(marks), emptyText);
 }
 
-void PageView::drawAgain()
-{
-    m_canvas->update();
-}
-
 // ---- questions and commands ----------------------------------------------------------------------------------------
 
 FrameView* PageView::shownView(kernel::UniqueId frame) const
@@ -306,8 +314,8 @@ FrameView* PageView::shownView(kernel::UniqueId frame) const
 
 FrameView* PageView::frameView(kernel::UniqueId frame)
 {
-    if (m_timer->isActive())
-        refresh();
+    if (m_timer->isActive() && m_session.isDrawing())
+        bringUpToDate();
     return shownView(frame);
 }
 
@@ -397,8 +405,8 @@ QPointF PageView::inContent(Slot const& slot, QPointF const& position) const
 
 void PageView::mousePressEvent(QMouseEvent* event)
 {
-    if (m_timer->isActive())
-        refresh();
+    if (m_timer->isActive() && m_session.isDrawing())
+        bringUpToDate();
     auto const frame = frameAt(event->pos());
     if (!frame)
         return QWidget::mousePressEvent(event);
@@ -420,7 +428,7 @@ void PageView::mouseMoveEvent(QMouseEvent* event)
     Slot const& slot = m_slots.at(m_draggedFrame);
     dragInView(*view, inContent(slot, m_dragPosition), inContent(slot, event->localPos()), event->modifiers());
     m_dragPosition = event->localPos();
-    drawAgain();
+    scheduleRefresh();
     event->accept();
 }
 
@@ -474,7 +482,7 @@ void PageView::wheelEvent(QWheelEvent* event)
     if (!view || event->angleDelta().y() == 0)
         return event->ignore();
     view->zoom(std::pow(1.15, event->angleDelta().y() / 120.0), inContent(m_slots.at(frame->id), event->position()));
-    drawAgain();
+    scheduleRefresh();
     event->accept();
 }
 
@@ -483,7 +491,7 @@ void PageView::keyPressEvent(QKeyEvent* event)
     auto const frame = m_session.activeFrame();
     FrameView* const view = frame ? frameView(frame->id) : nullptr;
     if (view && moveByKey(*view, event->key()))
-        return drawAgain();
+        return scheduleRefresh();
     QWidget::keyPressEvent(event);
 }
 

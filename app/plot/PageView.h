@@ -90,13 +90,14 @@ private:
     void markFrames(kernel::StateChangeEvent const& event);
     void markAll();
 
+    void bringUpToDate();
     void syncFrames();
     void layOut();
     void updateStale();
     void updatePlot(kernel::Frame const& frame, Slot& slot);
     void orderRenderers();
+    ViewArea areaOf(Slot const& slot) const;
     void updateOverlay();
-    void drawAgain();
 
     std::shared_ptr<kernel::Frame> frameAt(QPoint const& position) const;
     QPointF inContent(Slot const& slot, QPointF const& position) const;

@@ -24,7 +24,8 @@ void PlaneView::setArea(ViewArea const& viewArea)
     FieldView::setArea(viewArea);
     Margins const margin = margins();
     double const unit = viewArea.pixelRatio;
-    m_axes.setBox(QRectF(margin.left * unit, margin.bottom * unit, stageWidth(), stageHeight()));
+    // The stage is drawn over the ground: the lines around it stand one pixel outside.
+    m_axes.setBox(QRectF(margin.left * unit, margin.bottom * unit, stageWidth(), stageHeight()).adjusted(-1, -1, 1, 1));
     updateTicks();
 }
 
@@ -34,6 +35,7 @@ void PlaneView::fit()
     double const halfWidth = std::max(space().sceneHalf(0), 1e-6);
     double const halfHeight = std::max(space().sceneHalf(1), 1e-6);
     look(0.0, 0.0, air * std::max(halfHeight, halfWidth / aspect()));
+    setFitted(true);
 }
 
 void PlaneView::look(double x, double y, double halfHeight)
@@ -49,6 +51,7 @@ void PlaneView::look(double x, double y, double halfHeight)
 
 void PlaneView::pan(QPointF const& from, QPointF const& to)
 {
+    setFitted(false);
     QPointF const step = onStage(to) - onStage(from);
     vtkCamera* const camera = stage().GetActiveCamera();
     double const height = 2.0 * camera->GetParallelScale();
@@ -58,6 +61,7 @@ void PlaneView::pan(QPointF const& from, QPointF const& to)
 
 void PlaneView::zoom(double factor, QPointF const& at)
 {
+    setFitted(false);
     vtkCamera* const camera = stage().GetActiveCamera();
     double const before = camera->GetParallelScale();
     double const after = std::clamp(before / factor, 1e-6, 1e3);

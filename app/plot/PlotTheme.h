@@ -19,6 +19,7 @@ public:
     static QColor quietText() { return {0x5B, 0x66, 0x75}; }    ///< numbers, notices, headers of inactive frames
     static QColor axis() { return {0x7A, 0x85, 0x94}; }         ///< axis lines and outlines
     static QColor grid() { return {0xE4, 0xE8, 0xED}; }         ///< grid lines
+    static QColor spaceGrid() { return {0xD3, 0xD9, 0xE1}; }    ///< grid lines behind a scene
     static QColor noValue() { return {0xB4, 0xB4, 0xB4}; }      ///< where a value is not a number
     static QColor shade() { return {0xB9, 0xC9, 0xDD}; }        ///< surfaces without a contour flood
     static QColor mesh() { return {0x2A, 0x30, 0x3A}; }         ///< cell edges

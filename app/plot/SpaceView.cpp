@@ -1,51 +1,40 @@
 #include "app/plot/SpaceView.h"
 
-#include "app/plot/PlotTheme.h"
-
 #include <vtkCamera.h>
-#include <vtkProperty.h>
-#include <vtkTextProperty.h>
+#include <vtkLight.h>
+#include <vtkMatrix4x4.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace veldraw::app {
 
 SpaceView::SpaceView()
     : FieldView(true)
+    , m_axes(stage())
 {
     vtkCamera* const camera = stage().GetActiveCamera();
-    camera->SetViewAngle(25.0);
+    camera->SetViewAngle(24.0);
     camera->SetViewUp(0.0, 0.0, 1.0);
     camera->SetFocalPoint(0.0, 0.0, 0.0);
-    camera->SetPosition(-1.1, -1.9, 1.15);
-    styleAxes();
-    m_axes->SetCamera(camera);
-    stage().AddActor(m_axes);
+    camera->SetPosition(-1.2, -1.9, 1.25);
+    addLights();
 }
 
-void SpaceView::styleAxes()
+// Lights that go with the camera: the main one from above its right shoulder, a weak one from the left.
+void SpaceView::addLights()
 {
-    QColor const line = PlotTheme::axis();
-    for (int axis = 0; axis < 3; ++axis) {
-        PlotTheme::apply(*m_axes->GetTitleTextProperty(axis), PlotTheme::text(), 18, true);
-        PlotTheme::apply(*m_axes->GetLabelTextProperty(axis), PlotTheme::quietText(), 16);
-    }
-    for (vtkProperty* const property :
-         {m_axes->GetXAxesLinesProperty(), m_axes->GetYAxesLinesProperty(), m_axes->GetZAxesLinesProperty()}) {
-        property->SetColor(line.redF(), line.greenF(), line.blueF());
-        property->SetLineWidth(1.0F);
-    }
-    m_axes->SetFlyModeToOuterEdges();
-    m_axes->SetTickLocationToOutside();
-    m_axes->SetScreenSize(11.0);
-    m_axes->SetLabelOffset(12.0);
-    m_axes->SetTitleOffset(12.0);
-    m_axes->XAxisMinorTickVisibilityOff();
-    m_axes->YAxisMinorTickVisibilityOff();
-    m_axes->ZAxisMinorTickVisibilityOff();
-    m_axes->SetXLabelFormat("%.4g");
-    m_axes->SetYLabelFormat("%.4g");
-    m_axes->SetZLabelFormat("%.4g");
+    stage().AutomaticLightCreationOff();
+    auto const add = [this](double x, double y, double z, double intensity) {
+        vtkNew<vtkLight> light;
+        light->SetLightTypeToCameraLight();
+        light->SetPosition(x, y, z);
+        light->SetFocalPoint(0.0, 0.0, 0.0);
+        light->SetIntensity(intensity);
+        stage().AddLight(light);
+    };
+    add(0.25, 0.55, 1.0, 0.80);
+    add(-0.9, 0.10, 0.6, 0.30);
 }
 
 FieldView::Margins SpaceView::margins() const
@@ -53,31 +42,61 @@ FieldView::Margins SpaceView::margins() const
     return {0.0, 0.0, hasLegend() ? 124.0 : 0.0, 0.0};
 }
 
+void SpaceView::setArea(ViewArea const& viewArea)
+{
+    FieldView::setArea(viewArea);
+    followCamera();
+}
+
 void SpaceView::updateAxes(std::array<QString, 3> const& names)
 {
-    PlotSpace const& box = space();
-    double const halves[3] = {box.sceneHalf(0), box.sceneHalf(1), box.sceneHalf(2)};
-    m_axes->SetBounds(-halves[0], halves[0], -halves[1], halves[1], -halves[2], halves[2]);
-    m_axes->SetXAxisRange(box.min(0), box.max(0));
-    m_axes->SetYAxisRange(box.min(1), box.max(1));
-    m_axes->SetZAxisRange(box.min(2), box.max(2));
-    m_axes->SetXTitle(names[0].toUtf8().constData());
-    m_axes->SetYTitle(names[1].toUtf8().constData());
-    m_axes->SetZTitle(names[2].toUtf8().constData());
-    updateClipping();
+    m_axes.setBox(space(), names);
+    followCamera();
 }
 
 void SpaceView::fit()
 {
-    constexpr double air = 1.12;
     double bounds[6];
     for (int axis = 0; axis < 3; ++axis) {
-        double const half = std::max(space().sceneHalf(axis), 1e-3) * air;
+        double const half = std::max(space().sceneHalf(axis), 1e-3);
         bounds[2 * axis] = -half;
         bounds[2 * axis + 1] = half;
     }
+    stage().GetActiveCamera()->SetWindowCenter(0.0, 0.0);
     stage().ResetCamera(bounds);
-    updateClipping();
+    for (int round = 0; round < 4; ++round)
+        fillStage();
+    setFitted(true);
+    followCamera();
+}
+
+// Brings the box's outline nearer to the middle of the stage and to its edges, with room for the numbers around it.
+void SpaceView::fillStage()
+{
+    vtkCamera* const camera = stage().GetActiveCamera();
+    double const aspect = stageWidth() / stageHeight();
+    vtkMatrix4x4* const matrix = camera->GetCompositeProjectionTransformMatrix(aspect, -1.0, 1.0);
+    double low[2] = {1e9, 1e9};
+    double high[2] = {-1e9, -1e9};
+    for (int corner = 0; corner < 8; ++corner) {
+        double const point[4] = {(corner & 1 ? 1 : -1) * space().sceneHalf(0),
+                                 (corner & 2 ? 1 : -1) * space().sceneHalf(1),
+                                 (corner & 4 ? 1 : -1) * space().sceneHalf(2), 1.0};
+        double clip[4];
+        matrix->MultiplyPoint(point, clip);
+        for (int n = 0; n < 2; ++n) {
+            low[n] = std::min(low[n], clip[n] / std::max(clip[3], 1e-9));
+            high[n] = std::max(high[n], clip[n] / std::max(clip[3], 1e-9));
+        }
+    }
+    double const* const centre = camera->GetWindowCenter();
+    camera->SetWindowCenter(centre[0] + 0.5 * (low[0] + high[0]), centre[1] + 0.5 * (low[1] + high[1]));
+    double const room = 2.0 * 64.0 * area().pixelRatio;
+    double const xShare = std::max(0.3, 1.0 - room / stageWidth());
+    double const yShare = std::max(0.3, 1.0 - room / stageHeight());
+    double const fill = std::max((high[0] - low[0]) / (2.0 * xShare), (high[1] - low[1]) / (2.0 * yShare));
+    if (fill > 1e-6)
+        camera->Dolly(1.0 / fill);
 }
 
 void SpaceView::rotate(QPointF const& from, QPointF const& to)
@@ -89,11 +108,12 @@ void SpaceView::rotate(QPointF const& from, QPointF const& to)
     camera->Azimuth(-degrees * step.x());
     camera->Elevation(-degrees * step.y());
     camera->OrthogonalizeViewUp();
-    updateClipping();
+    followCamera();
 }
 
 void SpaceView::pan(QPointF const& from, QPointF const& to)
 {
+    setFitted(false);
     QPointF const step = onStage(to) - onStage(from);
     vtkCamera* const camera = stage().GetActiveCamera();
     double const height =
@@ -116,22 +136,24 @@ void SpaceView::pan(QPointF const& from, QPointF const& to)
     }
     camera->SetFocalPoint(focus);
     camera->SetPosition(position);
-    updateClipping();
+    followCamera();
 }
 
 void SpaceView::zoom(double factor, QPointF const&)
 {
+    setFitted(false);
     vtkCamera* const camera = stage().GetActiveCamera();
     double const distance = std::clamp(camera->GetDistance() / factor, 1e-4, 1e3);
     camera->Dolly(camera->GetDistance() / distance);
-    updateClipping();
+    followCamera();
 }
 
-void SpaceView::updateClipping()
+void SpaceView::followCamera()
 {
-    // Wider than the zones: the axes' numbers stand around the box.
-    constexpr double reach = 1.6;
+    // Wider than the box: whatever the camera does, neither the zones nor the grid are cut.
+    constexpr double reach = 0.6;
     stage().ResetCameraClippingRange(-reach, reach, -reach, reach, -reach, reach);
+    m_axes.update(*stage().GetActiveCamera(), stageWidth(), stageHeight(), area().pixelRatio);
 }
 
 } // namespace veldraw::app

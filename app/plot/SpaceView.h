@@ -1,8 +1,7 @@
 #pragma once
 
 #include "app/plot/FieldView.h"
-
-#include <vtkCubeAxesActor.h>
+#include "app/plot/SpaceAxes.h"
 
 namespace veldraw::app {
 
@@ -12,6 +11,7 @@ class SpaceView : public FieldView
 public:
     SpaceView();
 
+    void setArea(ViewArea const& area) override;
     void fit() override;
     void rotate(QPointF const& from, QPointF const& to) override;
     void pan(QPointF const& from, QPointF const& to) override;
@@ -22,10 +22,11 @@ protected:
     void updateAxes(std::array<QString, 3> const& names) override;
 
 private:
-    void styleAxes();
-    void updateClipping();
+    void addLights();
+    void fillStage();
+    void followCamera();
 
-    vtkNew<vtkCubeAxesActor> m_axes;
+    SpaceAxes m_axes;
 };
 
 } // namespace veldraw::app

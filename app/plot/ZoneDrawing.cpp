@@ -221,9 +221,9 @@ void ZoneDrawing::styleActor(FieldLook const& look)
     vtkPolyData* const drawing = m_mapper->GetInput();
     bool const flat = !look.inSpace || drawing->GetNumberOfPolys() == 0;
     property->SetLighting(!flat);
-    property->SetAmbient(0.25);
-    property->SetDiffuse(0.80);
-    property->SetSpecular(0.04);
+    // Without light the two shares are added: they must give the pure colour.
+    property->SetAmbient(flat ? 0.0 : 0.30);
+    property->SetDiffuse(flat ? 1.0 : 0.78);
     if (drawing->GetNumberOfVerts() > 0) {
         property->SetRenderPointsAsSpheres(true);
         property->SetPointSize(pointSize(drawing->GetNumberOfVerts()));

@@ -1,0 +1,202 @@
+#include "app/plot/SpaceAxes.h"
+
+#include "app/plot/AxisTicks.h"
+#include "app/plot/PlotTheme.h"
+
+#include <vtkCellArray.h>
+#include <vtkMatrix4x4.h>
+#include <vtkPoints.h>
+#include <vtkPolyData.h>
+#include <vtkPolyDataMapper.h>
+#include <vtkProperty.h>
+#include <vtkRenderer.h>
+#include <vtkTextProperty.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace veldraw::app {
+
+namespace {
+
+constexpr int roughTickCount = 5;
+
+void addLine(vtkPoints& points, vtkCellArray& lines, std::array<double, 3> const& a, std::array<double, 3> const& b)
+{
+    vtkIdType const first = points.InsertNextPoint(a.data());
+    vtkIdType const second = points.InsertNextPoint(b.data());
+    lines.InsertNextCell({first, second});
+}
+
+QPointF unit(QPointF const& v)
+{
+    double const length = std::hypot(v.x(), v.y());
+    return length > 1e-9 ? v / length : QPointF(0.0, -1.0);
+}
+
+} // namespace
+
+SpaceAxes::SpaceAxes(vtkRenderer& stage)
+    : m_stage(stage)
+{
+    QColor const line = PlotTheme::spaceGrid();
+    vtkNew<vtkPolyDataMapper> mapper;
+    m_grid->SetMapper(mapper);
+    m_grid->GetProperty()->SetColor(line.redF(), line.greenF(), line.blueF());
+    m_grid->GetProperty()->SetLighting(false);
+    m_grid->PickableOff();
+    m_stage.AddActor(m_grid);
+}
+
+void SpaceAxes::setBox(PlotSpace const& space, std::array<QString, 3> const& names)
+{
+    m_space = space;
+    m_names = names;
+    for (int axis = 0; axis < 3; ++axis)
+        m_half[static_cast<std::size_t>(axis)] = space.sceneHalf(axis);
+}
+
+void SpaceAxes::update(vtkCamera& camera, double width, double height, double pixelRatio)
+{
+    m_width = width;
+    m_height = height;
+    m_ratio = pixelRatio;
+    vtkMatrix4x4* const matrix = camera.GetCompositeProjectionTransformMatrix(width / height, -1.0, 1.0);
+    std::copy_n(&matrix->Element[0][0], 16, m_matrix.begin());
+
+    double position[3];
+    camera.GetPosition(position);
+    Point far{};
+    for (std::size_t n = 0; n < 3; ++n)
+        far[n] = position[n] > 0.0 ? -m_half[n] : m_half[n];
+    drawGrid(far);
+    m_textCount = 0;
+    for (std::size_t axis = 0; axis < 3; ++axis)
+        if (m_half[axis] > 0.0)
+            labelEdge(axis, edgeFor(axis, far));
+    for (std::size_t n = m_textCount; n < m_texts.size(); ++n)
+        m_texts[n]->VisibilityOff();
+}
+
+// Position in device pixels of the stage, origin at the bottom left.
+QPointF SpaceAxes::project(Point const& point) const
+{
+    std::array<double, 4> clip{};
+    for (std::size_t row = 0; row < 4; ++row)
+        clip[row] = m_matrix[4 * row] * point[0] + m_matrix[4 * row + 1] * point[1] + m_matrix[4 * row + 2] * point[2] +
+                    m_matrix[4 * row + 3];
+    double const w = std::max(clip[3], 1e-9);
+    return {0.5 * (clip[0] / w + 1.0) * m_width, 0.5 * (clip[1] / w + 1.0) * m_height};
+}
+
+// Of the four edges along an axis two lie on the outline, between a near and a far face: the lower one of them carries the
+// numbers, of the third axis the left one.
+SpaceAxes::Edge SpaceAxes::edgeFor(std::size_t axis, Point const& far) const
+{
+    std::size_t const b = (axis + 1) % 3;
+    std::size_t const c = (axis + 2) % 3;
+    auto const edge = [&](bool farB) {
+        Point from{};
+        from[axis] = -m_half[axis];
+        from[b] = farB ? far[b] : -far[b];
+        from[c] = farB ? -far[c] : far[c];
+        Point to = from;
+        to[axis] = m_half[axis];
+        return Edge{from, to};
+    };
+    Edge const first = edge(true);
+    Edge const second = edge(false);
+    auto const middle = [this](Edge const& e) { return 0.5 * (project(e.from) + project(e.to)); };
+    QPointF const difference = middle(first) - middle(second);
+    double const preference = axis == 2 ? difference.x() : difference.y();
+    return preference <= 0.0 ? first : second;
+}
+
+void SpaceAxes::drawGrid(Point const& far)
+{
+    vtkNew<vtkPoints> points;
+    vtkNew<vtkCellArray> lines;
+    for (std::size_t normal = 0; normal < 3; ++normal)
+        drawFace(normal, far, *points, *lines);
+    vtkNew<vtkPolyData> grid;
+    grid->SetPoints(points);
+    grid->SetLines(lines);
+    static_cast<vtkPolyDataMapper*>(m_grid->GetMapper())->SetInputData(grid);
+    m_grid->GetProperty()->SetLineWidth(static_cast<float>(m_ratio));
+}
+
+void SpaceAxes::drawFace(std::size_t normal, Point const& far, vtkPoints& points, vtkCellArray& lines) const
+{
+    // A hair behind the face, so that a surface in the face hides the grid.
+    Point const base = {far[0] * 1.002, far[1] * 1.002, far[2] * 1.002};
+    for (std::size_t const along : {(normal + 1) % 3, (normal + 2) % 3}) {
+        std::size_t const across = 3 - normal - along;
+        AxisTicks const ticks = AxisTicks::create(m_space.min(static_cast<int>(along)),
+                                                  m_space.max(static_cast<int>(along)), roughTickCount);
+        std::vector<double> positions = {-m_half[along], m_half[along]};
+        for (double const value : ticks.values)
+            positions.push_back(m_space.toScene(static_cast<int>(along), value));
+        for (double const position : positions) {
+            Point from = base;
+            from[along] = position;
+            from[across] = -m_half[across];
+            Point to = from;
+            to[across] = m_half[across];
+            addLine(points, lines, from, to);
+        }
+    }
+}
+
+void SpaceAxes::labelEdge(std::size_t axis, Edge const& edge)
+{
+    QPointF const from = project(edge.from);
+    QPointF const to = project(edge.to);
+    QPointF const along = unit(to - from);
+    QPointF const middle = 0.5 * (from + to);
+    QPointF outward(-along.y(), along.x());
+    if (QPointF::dotProduct(outward, middle - project({0.0, 0.0, 0.0})) < 0.0)
+        outward = -outward;
+    double const length = std::hypot(to.x() - from.x(), to.y() - from.y());
+    if (length < 24.0 * m_ratio)
+        return;
+
+    int const number = static_cast<int>(axis);
+    AxisTicks const ticks = AxisTicks::create(m_space.min(number), m_space.max(number), roughTickCount);
+    auto const every =
+        static_cast<std::size_t>(std::ceil(static_cast<double>(ticks.values.size()) * 34.0 * m_ratio / length));
+    std::size_t widest = 1;
+    for (std::size_t n = 0; n < ticks.values.size(); n += std::max<std::size_t>(every, 1)) {
+        Point at = edge.from;
+        at[axis] = m_space.toScene(number, ticks.values[n]);
+        addText(ticks.labels[n], project(at) + outward * (8.0 * m_ratio), outward, false);
+        widest = std::max(widest, ticks.labels[n].size());
+    }
+    double const room = 26.0 + 7.5 * static_cast<double>(widest) * std::abs(outward.x()) + 8.0 * std::abs(outward.y());
+    addText(m_names[axis].toStdString(), middle + outward * (room * m_ratio), outward, true);
+}
+
+void SpaceAxes::addText(std::string const& text, QPointF const& at, QPointF const& outward, bool isName)
+{
+    if (m_textCount == m_texts.size()) {
+        m_texts.push_back(vtkSmartPointer<vtkTextActor>::New());
+        m_texts.back()->PickableOff();
+        m_stage.AddActor2D(m_texts.back());
+    }
+    vtkTextActor& actor = *m_texts[m_textCount++];
+    vtkTextProperty& property = *actor.GetTextProperty();
+    if (isName)
+        PlotTheme::apply(property, PlotTheme::text(), PlotTheme::titleSize, true);
+    else
+        PlotTheme::apply(property, PlotTheme::quietText(), PlotTheme::labelSize);
+    property.SetJustification(outward.x() < -0.45  ? VTK_TEXT_RIGHT
+                              : outward.x() > 0.45 ? VTK_TEXT_LEFT
+                                                   : VTK_TEXT_CENTERED);
+    property.SetVerticalJustification(outward.y() < -0.45  ? VTK_TEXT_TOP
+                                      : outward.y() > 0.45 ? VTK_TEXT_BOTTOM
+                                                           : VTK_TEXT_CENTERED);
+    actor.SetInput(text.c_str());
+    actor.SetDisplayPosition(static_cast<int>(std::lround(at.x())), static_cast<int>(std::lround(at.y())));
+    actor.VisibilityOn();
+}
+
+} // namespace veldraw::app

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "app/plot/PlotSpace.h"
+
+#include <QPointF>
+#include <QString>
+#include <vtkActor.h>
+#include <vtkCamera.h>
+#include <vtkNew.h>
+#include <vtkSmartPointer.h>
+#include <vtkTextActor.h>
+
+#include <array>
+#include <vector>
+
+class vtkCellArray;
+class vtkPoints;
+class vtkRenderer;
+
+namespace veldraw::app {
+
+/// The box around a scene: grid lines on its far faces, numbers and names along its outer edges.
+///
+/// Lines lie in the scene and are hidden by what is in front of them; the text lies flat on the screen and is always readable.
+class SpaceAxes
+{
+public:
+    /// @param stage draws the axes; must outlive this object
+    explicit SpaceAxes(vtkRenderer& stage);
+
+    void setBox(PlotSpace const& space, std::array<QString, 3> const& names);
+
+    /// Follows the camera. @param width, height of the stage in device pixels
+    void update(vtkCamera& camera, double width, double height, double pixelRatio);
+
+private:
+    using Point = std::array<double, 3>;
+
+    struct Edge
+    {
+        Point from;
+        Point to;
+    };
+
+    QPointF project(Point const& point) const;
+    Edge edgeFor(std::size_t axis, Point const& far) const;
+    void drawGrid(Point const& far);
+    void drawFace(std::size_t normal, Point const& far, vtkPoints& points, vtkCellArray& lines) const;
+    void labelEdge(std::size_t axis, Edge const& edge);
+    void addText(std::string const& text, QPointF const& at, QPointF const& outward, bool isName);
+
+    vtkRenderer& m_stage;
+    PlotSpace m_space;
+    std::array<QString, 3> m_names;
+    Point m_half{};
+    std::array<double, 16> m_matrix{};
+    double m_width = 1.0;
+    double m_height = 1.0;
+    double m_ratio = 1.0;
+    vtkNew<vtkActor> m_grid;
+    std::vector<vtkSmartPointer<vtkTextActor>> m_texts;
+    std::size_t m_textCount = 0;
+};
+
+} // namespace veldraw::app

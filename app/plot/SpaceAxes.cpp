@@ -28,6 +28,15 @@ void addLine(vtkPoints& points, vtkCellArray& lines, std::array<double, 3> const
     lines.InsertNextCell({first, second});
 }
 
+void showLines(vtkActor& actor, vtkPoints& points, vtkCellArray& lines, double width)
+{
+    vtkNew<vtkPolyData> drawing;
+    drawing->SetPoints(&points);
+    drawing->SetLines(&lines);
+    static_cast<vtkPolyDataMapper*>(actor.GetMapper())->SetInputData(drawing);
+    actor.GetProperty()->SetLineWidth(static_cast<float>(width));
+}
+
 QPointF unit(QPointF const& v)
 {
     double const length = std::hypot(v.x(), v.y());
@@ -39,13 +48,16 @@ QPointF unit(QPointF const& v)
 SpaceAxes::SpaceAxes(vtkRenderer& stage)
     : m_stage(stage)
 {
-    QColor const line = PlotTheme::spaceGrid();
-    vtkNew<vtkPolyDataMapper> mapper;
-    m_grid->SetMapper(mapper);
-    m_grid->GetProperty()->SetColor(line.redF(), line.greenF(), line.blueF());
-    m_grid->GetProperty()->SetLighting(false);
-    m_grid->PickableOff();
-    m_stage.AddActor(m_grid);
+    auto const prepare = [this](vtkActor& lines, QColor const& colour) {
+        vtkNew<vtkPolyDataMapper> mapper;
+        lines.SetMapper(mapper);
+        lines.GetProperty()->SetColor(colour.redF(), colour.greenF(), colour.blueF());
+        lines.GetProperty()->SetLighting(false);
+        lines.PickableOff();
+        m_stage.AddActor(&lines);
+    };
+    prepare(*m_grid, PlotTheme::spaceGrid());
+    prepare(*m_edges, PlotTheme::axis());
 }
 
 void SpaceAxes::setBox(PlotSpace const& space, std::array<QString, 3> const& names)
@@ -70,10 +82,13 @@ void SpaceAxes::update(vtkCamera& camera, double width, double height, double pi
     for (std::size_t n = 0; n < 3; ++n)
         far[n] = position[n] > 0.0 ? -m_half[n] : m_half[n];
     drawGrid(far);
+    std::array<Edge, 3> const edges = {edgeFor(0, far), edgeFor(1, far), edgeFor(2, far)};
+    drawEdges(edges);
     m_textCount = 0;
+    m_taken.clear();
     for (std::size_t axis = 0; axis < 3; ++axis)
         if (m_half[axis] > 0.0)
-            labelEdge(axis, edgeFor(axis, far));
+            labelEdge(axis, edges[axis]);
     for (std::size_t n = m_textCount; n < m_texts.size(); ++n)
         m_texts[n]->VisibilityOff();
 }
@@ -118,11 +133,16 @@ void SpaceAxes::drawGrid(Point const& far)
     vtkNew<vtkCellArray> lines;
     for (std::size_t normal = 0; normal < 3; ++normal)
         drawFace(normal, far, *points, *lines);
-    vtkNew<vtkPolyData> grid;
-    grid->SetPoints(points);
-    grid->SetLines(lines);
-    static_cast<vtkPolyDataMapper*>(m_grid->GetMapper())->SetInputData(grid);
-    m_grid->GetProperty()->SetLineWidth(static_cast<float>(m_ratio));
+    showLines(*m_grid, *points, *lines, m_ratio);
+}
+
+void SpaceAxes::drawEdges(std::array<Edge, 3> const& edges)
+{
+    vtkNew<vtkPoints> points;
+    vtkNew<vtkCellArray> lines;
+    for (Edge const& edge : edges)
+        addLine(*points, *lines, edge.from, edge.to);
+    showLines(*m_edges, *points, *lines, 1.5 * m_ratio);
 }
 
 void SpaceAxes::drawFace(std::size_t normal, Point const& far, vtkPoints& points, vtkCellArray& lines) const
@@ -175,8 +195,27 @@ void SpaceAxes::labelEdge(std::size_t axis, Edge const& edge)
     addText(m_names[axis].toStdString(), middle + outward * (room * m_ratio), outward, true);
 }
 
+// Where a text stands, estimated from its length; exact is not needed to keep texts apart.
+QRectF SpaceAxes::roomFor(std::string const& text, QPointF const& at, QPointF const& outward) const
+{
+    QSizeF const size(7.6 * static_cast<double>(text.size()) * m_ratio, 14.0 * m_ratio);
+    QPointF const shift(outward.x() < -0.45  ? -1.0
+                        : outward.x() > 0.45 ? 0.0
+                                             : -0.5,
+                        outward.y() < -0.45  ? -1.0
+                        : outward.y() > 0.45 ? 0.0
+                                             : -0.5);
+    return {at + QPointF(shift.x() * size.width(), shift.y() * size.height()), size};
+}
+
 void SpaceAxes::addText(std::string const& text, QPointF const& at, QPointF const& outward, bool isName)
 {
+    QRectF const room = roomFor(text, at, outward);
+    bool const isFree =
+        std::none_of(m_taken.begin(), m_taken.end(), [&room](QRectF const& r) { return r.intersects(room); });
+    if (!isName && !isFree)
+        return;
+    m_taken.push_back(room);
     if (m_textCount == m_texts.size()) {
         m_texts.push_back(vtkSmartPointer<vtkTextActor>::New());
         m_texts.back()->PickableOff();

@@ -3,6 +3,7 @@
 #include "app/plot/PlotSpace.h"
 
 #include <QPointF>
+#include <QRectF>
 #include <QString>
 #include <vtkActor.h>
 #include <vtkCamera.h>
@@ -45,9 +46,12 @@ private:
     QPointF project(Point const& point) const;
     Edge edgeFor(std::size_t axis, Point const& far) const;
     void drawGrid(Point const& far);
+    void drawEdges(std::array<Edge, 3> const& edges);
     void drawFace(std::size_t normal, Point const& far, vtkPoints& points, vtkCellArray& lines) const;
     void labelEdge(std::size_t axis, Edge const& edge);
+    /// Leaves a number out that would cover another text.
     void addText(std::string const& text, QPointF const& at, QPointF const& outward, bool isName);
+    QRectF roomFor(std::string const& text, QPointF const& at, QPointF const& outward) const;
 
     vtkRenderer& m_stage;
     PlotSpace m_space;
@@ -58,6 +62,8 @@ private:
     double m_height = 1.0;
     double m_ratio = 1.0;
     vtkNew<vtkActor> m_grid;
+    vtkNew<vtkActor> m_edges;
+    std::vector<QRectF> m_taken;
     std::vector<vtkSmartPointer<vtkTextActor>> m_texts;
     std::size_t m_textCount = 0;
 };

@@ -33,8 +33,8 @@ void SpaceView::addLights()
         light->SetIntensity(intensity);
         stage().AddLight(light);
     };
-    add(0.25, 0.55, 1.0, 0.80);
-    add(-0.9, 0.10, 0.6, 0.30);
+    add(0.30, 0.60, 1.0, 0.75);
+    add(-0.9, 0.05, 0.7, 0.35);
 }
 
 FieldView::Margins SpaceView::margins() const
@@ -91,7 +91,7 @@ void SpaceView::fillStage()
     }
     double const* const centre = camera->GetWindowCenter();
     camera->SetWindowCenter(centre[0] + 0.5 * (low[0] + high[0]), centre[1] + 0.5 * (low[1] + high[1]));
-    double const room = 2.0 * 64.0 * area().pixelRatio;
+    double const room = 2.0 * 56.0 * area().pixelRatio;
     double const xShare = std::max(0.3, 1.0 - room / stageWidth());
     double const yShare = std::max(0.3, 1.0 - room / stageHeight());
     double const fill = std::max((high[0] - low[0]) / (2.0 * xShare), (high[1] - low[1]) / (2.0 * yShare));

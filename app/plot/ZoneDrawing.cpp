@@ -222,8 +222,8 @@ void ZoneDrawing::styleActor(FieldLook const& look)
     bool const flat = !look.inSpace || drawing->GetNumberOfPolys() == 0;
     property->SetLighting(!flat);
     // Without light the two shares are added: they must give the pure colour.
-    property->SetAmbient(flat ? 0.0 : 0.30);
-    property->SetDiffuse(flat ? 1.0 : 0.78);
+    property->SetAmbient(flat ? 0.0 : 0.48);
+    property->SetDiffuse(flat ? 1.0 : 0.56);
     if (drawing->GetNumberOfVerts() > 0) {
         property->SetRenderPointsAsSpheres(true);
         property->SetPointSize(pointSize(drawing->GetNumberOfVerts()));

@@ -1,0 +1,199 @@
+#!/usr/bin/env python3
+"""Reads what the sources include and fails on what the layers do not allow.
+
+usage: check_architecture.py ROOT
+
+Also checked: platform/vdsdkbase declares exactly 101 kernel functions, each once; a header that declares classes and no
+functions is named as one of its classes.
+"""
+import pathlib
+import re
+import sys
+
+KERNEL_FUNCTIONS = 101
+SOURCE_FOLDERS = ('platform', 'kernel', 'dialogs', 'host', 'app')
+SUFFIXES = {'.h', '.cpp', '.ipp'}
+
+FRAMEWORK = {'property', 'models', 'widgets', 'bindings', 'frame'}
+# What each part of the dialog library may include of the library itself; dialog folders: the whole framework.
+WITHIN_DIALOGS = {
+    'property': set(),
+    'models': {'property'},
+    'widgets': set(),
+    'bindings': {'models', 'property', 'widgets'},
+    'frame': {'property', 'bindings'},
+}
+SIDEWAYS = {'spreadsheet': {'variableops'}, 'datasetinfo': {'variableops'}}
+# Every part exports by this header.
+FOR_ALL_DIALOGS = 'dialogs/property/DialogsApi.h'
+
+QT_CORE = {'QtCore', 'Qt', 'QtGlobal', 'QObject', 'QString', 'QStringList', 'QByteArray', 'QVariant', 'QPointer', 'QVector', 'QList',
+           'QMap', 'QHash', 'QSet', 'QTimer', 'QLocale', 'QEvent', 'QCoreApplication', 'QMetaObject', 'QMetaType', 'QScopedPointer',
+           'QSharedPointer', 'QAbstractItemModel', 'QAbstractListModel', 'QAbstractTableModel', 'QAbstractProxyModel', 'QModelIndex',
+           'QPersistentModelIndex', 'QItemSelection', 'QItemSelectionModel', 'QItemSelectionRange', 'QSortFilterProxyModel',
+           'QRegularExpression', 'QStringListModel'}
+
+
+def kind_of(name):
+    """The library that <name> or "name" belongs to, for what is not ours."""
+    first = name.split('/')[0]
+    if first == 'boost':
+        return 'boost'
+    if first.startswith('vtk') or first.startswith('QVTK'):
+        return 'vtk'
+    if re.match(r'Q[A-Z]', first) or first.startswith('Qt') or first == 'qglobal.h':
+        base = name.split('/')[-1]
+        return 'qtcore' if base in QT_CORE or first == 'QtCore' else 'qt'
+    if first in ('Eigen', 'CGAL', 'nanoflann.hpp', 'fftw3.h', 'omp.h'):
+        return 'numerics'
+    return 'std'
+
+
+def outside_allowed(folder):
+    """Libraries that a file of this folder (its first two path parts) may include."""
+    layer, part = folder
+    if layer == 'platform':
+        return {'std', 'boost'}
+    if layer == 'kernel':
+        return {'std', 'numerics'}
+    if layer == 'dialogs':
+        if part == 'property':
+            return {'std', 'boost'}
+        if part == 'models':
+            return {'std', 'boost', 'qtcore'}
+        return {'std', 'boost', 'qtcore', 'qt'}
+    if layer == 'host':
+        return {'std', 'boost', 'qtcore', 'qt'}
+    return {'std', 'boost', 'qtcore', 'qt', 'vtk'}
+
+
+def ours_allowed(folder, included):
+    """Whether a file of this folder may include a file of ours."""
+    layer, part = folder
+    target = included.split('/')
+    target_layer, target_part = target[0], target[1] if len(target) > 2 else ''
+    if layer == 'platform':
+        return target_layer == 'platform'
+    if layer == 'kernel':
+        if part in ('data', 'events', 'undo') and (target_layer, target_part) == ('kernel', 'api'):
+            return False
+        return target_layer == 'kernel' or included == 'platform/PlatformApi.h' or included.startswith('platform/vdsdkbase/')
+    if layer == 'dialogs':
+        return dialogs_allowed(part, target_layer, target_part, included)
+    if layer == 'host':
+        return target_layer in ('platform', 'kernel', 'host')
+    return target_layer in SOURCE_FOLDERS
+
+
+def dialogs_allowed(part, target_layer, target_part, included):
+    if target_layer == 'platform':
+        return part != 'widgets' or included == 'platform/PlatformApi.h'
+    if target_layer != 'dialogs':
+        return False
+    if target_part == part or included == FOR_ALL_DIALOGS:
+        return True
+    if part in WITHIN_DIALOGS:
+        return target_part in WITHIN_DIALOGS[part]
+    return target_part in FRAMEWORK or target_part in SIDEWAYS.get(part, set())
+
+
+def includes(text):
+    """(line number, name, is in quotes) of each include."""
+    for number, line in enumerate(text.splitlines(), 1):
+        match = re.match(r'\s*#\s*include\s*(["<])([^">]+)[">]', line)
+        if match:
+            yield number, match.group(2), match.group(1) == '"'
+
+
+def is_made_by_a_tool(name):
+    return re.fullmatch(r'ui_\w+\.h|moc_\w+\.cpp|\w+\.moc', name) is not None
+
+
+def check_includes(path, text):
+    parts = path.split('/')
+    folder = (parts[0], parts[1] if len(parts) > 2 else '')
+    for number, name, in_quotes in includes(text):
+        if name.split('/')[0] in SOURCE_FOLDERS + ('tests', 'bench'):
+            if not ours_allowed(folder, name):
+                yield f'{path}:{number}: must not include {name}'
+        elif in_quotes and not is_made_by_a_tool(name):
+            yield f'{path}:{number}: {name} is not given by its path from the root of the project'
+        elif not in_quotes and kind_of(name) not in outside_allowed(folder):
+            yield f'{path}:{number}: must not include <{name}>'
+        elif is_made_by_a_tool(name) and name.startswith('ui_') and (folder[0] != 'dialogs' or folder[1] in FRAMEWORK):
+            if folder[0] != 'app':
+                yield f'{path}:{number}: forms belong to dialog folders, not {name} here'
+
+
+def without_comments(text):
+    text = re.sub(r'/\*.*?\*/', ' ', text, flags=re.S)
+    return re.sub(r'//[^\n]*', ' ', text)
+
+
+def kernel_functions(texts):
+    found = []
+    for text in texts:
+        declarations = re.sub(r'(?m)^\s*#[^\n]*', ' ', without_comments(text))
+        found += re.findall(r'\b(VelUtil\w+)\s*\([^()]*\)\s*;', declarations)
+    return found
+
+
+def check_kernel_functions(files):
+    found = kernel_functions(text for path, text in sorted(files.items()) if path.startswith('platform/vdsdkbase/'))
+    for name in sorted({name for name in found if found.count(name) > 1}):
+        yield f'platform/vdsdkbase: {name} is declared more than once'
+    if len(set(found)) != KERNEL_FUNCTIONS:
+        yield f'platform/vdsdkbase: {len(set(found))} kernel functions, not {KERNEL_FUNCTIONS}'
+
+
+def classes_of(text):
+    """Names of the classes, structures and enumerations that stand at the outermost level of the header's namespaces."""
+    pattern = r'(?m)^(?:template\s*<[^;{]*>\s*)?(?:class|struct|enum(?:\s+class)?)\s+(?:[A-Z][A-Z_]+_API\s+)?(\w+)[^;{()]*\{'
+    return re.findall(pattern, without_comments(text))
+
+
+def has_functions(text):
+    """Whether functions stand at the outermost level; the members of classes are indented."""
+    return re.search(r'(?m)^(?!class|struct|enum|using|typedef|namespace|template)[A-Za-z_][\w:<>,&* ]*[\w>&*]\(', without_comments(text)) is not None
+
+
+def check_class_name(path, text):
+    if not path.endswith('.h') or path.startswith('platform/vdsdkbase/') or has_functions(text):
+        return
+    classes = [name for name in classes_of(text) if not name.endswith(('_e', '_s'))]
+    name = pathlib.PurePosixPath(path).stem
+    if classes and name not in classes:
+        yield f'{path}: declares {", ".join(classes)}, but is named {name}'
+
+
+def problems(files):
+    """All that is wrong with files, a mapping from path to text."""
+    found = []
+    for path, text in sorted(files.items()):
+        found += check_includes(path, text)
+        found += check_class_name(path, text)
+    found += check_kernel_functions(files)
+    return found
+
+
+def read(root):
+    files = {}
+    for folder in SOURCE_FOLDERS:
+        for path in sorted((root / folder).rglob('*')):
+            if path.suffix in SUFFIXES and path.is_file():
+                files[path.relative_to(root).as_posix()] = path.read_text(encoding='utf-8')
+    return files
+
+
+def main():
+    files = read(pathlib.Path(sys.argv[1]))
+    for folder in SOURCE_FOLDERS:
+        if not any(path.startswith(folder + '/') for path in files):
+            sys.exit(f'no sources in {folder}: is this the root of the project?')
+    found = problems(files)
+    print('\n'.join(found) if found else f'{len(files)} files, nothing found')
+    sys.exit(1 if found else 0)
+
+
+if __name__ == '__main__':
+    main()

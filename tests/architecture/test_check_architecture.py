@@ -1,0 +1,156 @@
+#!/usr/bin/env python3
+"""Proves that the architecture check finds what it is there for."""
+import unittest
+
+import check_architecture
+
+
+def quoted(name):
+    return f'#pragma once\n#include "{name}"\n'
+
+
+def angled(name):
+    return f'#include <{name}>\n'
+
+
+class Includes(unittest.TestCase):
+    def refused(self, path, text):
+        found = list(check_architecture.check_includes(path, text))
+        self.assertEqual(len(found), 1, f'{path} may include {text}')
+        self.assertTrue(found[0].startswith(path + ':'), found[0])
+
+    def allowed(self, path, text):
+        self.assertEqual(list(check_architecture.check_includes(path, text)), [])
+
+    def test_platform_includes_itself_the_standard_library_and_boost(self):
+        path = 'platform/vdtoolbox/Set.h'
+        self.allowed(path, quoted('platform/PlatformApi.h') + angled('vector') + angled('boost/function.hpp'))
+        for name in ('kernel/data/Zone.h', 'host/IdleHold.h', 'dialogs/property/Property.h', 'app/Application.h'):
+            self.refused(path, quoted(name))
+        self.refused(path, angled('QString'))
+
+    def test_kernel_includes_the_kernel_functions_and_no_qt(self):
+        path = 'kernel/frames/Session.cpp'
+        self.allowed(path, quoted('platform/vdsdkbase/VelUtilTypes.h') + quoted('platform/PlatformApi.h') +
+                     quoted('kernel/data/Zone.h') + angled('omp.h') + angled('Eigen/Dense'))
+        for name in ('platform/vdtoolbox/Set.h', 'host/IdleHold.h', 'dialogs/property/Property.h', 'app/Application.h'):
+            self.refused(path, quoted(name))
+        self.refused(path, angled('QString'))
+        self.refused(path, angled('QtCore/QString'))
+        self.refused(path, angled('vtkDataSet.h'))
+
+    def test_kernel_data_does_not_include_the_c_functions(self):
+        self.refused('kernel/data/Zone.h', quoted('kernel/api/ArgumentList.h'))
+        self.allowed('kernel/api/VelUtilZone.cpp', quoted('kernel/data/Zone.h'))
+
+    def test_the_dialog_library_never_includes_what_implements_the_platform(self):
+        for part in ('property', 'models', 'widgets', 'bindings', 'frame', 'zoneops', 'spreadsheet'):
+            for name in ('host/IdleHold.h', 'kernel/data/Zone.h', 'app/Application.h'):
+                self.refused(f'dialogs/{part}/File.cpp', quoted(name))
+
+    def test_properties_know_no_qt_and_no_models(self):
+        path = 'dialogs/property/Property.h'
+        self.allowed(path, quoted('platform/vdsdkcommon/AppLock.h') + quoted('dialogs/property/DialogsApi.h'))
+        for name in ('dialogs/models/ListModel.h', 'dialogs/bindings/Binding.h', 'dialogs/zoneops/Dialog.h'):
+            self.refused(path, quoted(name))
+        self.refused(path, angled('QString'))
+
+    def test_models_know_qt_core_alone(self):
+        path = 'dialogs/models/QListModel.h'
+        self.allowed(path, quoted('dialogs/property/Property.h') + angled('QAbstractListModel') + angled('QVariant'))
+        self.refused(path, angled('QWidget'))
+        self.refused(path, angled('QtWidgets/QComboBox'))
+        self.refused(path, quoted('dialogs/widgets/SpinBox.h'))
+
+    def test_widgets_know_qt_alone(self):
+        path = 'dialogs/widgets/SpinBox.h'
+        self.allowed(path, angled('QSpinBox') + quoted('dialogs/property/DialogsApi.h'))
+        self.refused(path, quoted('dialogs/property/Property.h'))
+        self.refused(path, quoted('platform/vdsdkcommon/AppLock.h'))
+
+    def test_bindings_do_not_know_the_frame(self):
+        path = 'dialogs/bindings/ComboBoxBinding.cpp'
+        for part in ('property', 'models', 'widgets'):
+            self.allowed(path, quoted(f'dialogs/{part}/File.h'))
+        self.refused(path, quoted('dialogs/frame/QtDialogAbstract.h'))
+
+    def test_the_frame_does_not_know_models(self):
+        path = 'dialogs/frame/QtDialogAbstract.cpp'
+        self.allowed(path, quoted('dialogs/bindings/Binding.h') + quoted('dialogs/property/Relevance.h'))
+        self.refused(path, quoted('dialogs/models/ListModel.h'))
+
+    def test_dialog_folders_know_the_framework_and_not_one_another(self):
+        path = 'dialogs/zoneops/MirrorDialog.cpp'
+        for part in ('property', 'models', 'widgets', 'bindings', 'frame', 'zoneops'):
+            self.allowed(path, quoted(f'dialogs/{part}/File.h'))
+        self.allowed(path, quoted('ui_MirrorDialog.h'))
+        self.refused(path, quoted('dialogs/variableops/File.h'))
+        self.refused('dialogs/variableops/File.cpp', quoted('dialogs/spreadsheet/File.h'))
+
+    def test_two_dialog_folders_know_the_variable_operations(self):
+        for part in ('spreadsheet', 'datasetinfo'):
+            self.allowed(f'dialogs/{part}/File.cpp', quoted('dialogs/variableops/LoadVariables.h'))
+            self.refused(f'dialogs/{part}/File.cpp', quoted('dialogs/zoneops/File.h'))
+
+    def test_forms_belong_to_dialog_folders(self):
+        self.refused('dialogs/bindings/Binding.cpp', quoted('ui_MirrorDialog.h'))
+
+    def test_the_host_knows_platform_kernel_and_qt(self):
+        path = 'host/IdleQueue.cpp'
+        self.allowed(path, quoted('platform/vdtoolbox/Set.h') + quoted('kernel/data/Zone.h') + angled('QTimer'))
+        for name in ('dialogs/property/Property.h', 'app/Application.h'):
+            self.refused(path, quoted(name))
+        self.refused(path, angled('vtkDataSet.h'))
+
+    def test_the_application_knows_all_but_tests(self):
+        path = 'app/window/MainWindow.cpp'
+        self.allowed(path, angled('vtkRenderer.h') + angled('QVTKOpenGLNativeWidget.h') + quoted('host/MessageLog.h') +
+                     quoted('dialogs/frame/DialogInterface.h') + quoted('kernel/frames/Session.h'))
+        self.refused(path, quoted('tests/support/KernelSpy.h'))
+
+    def test_paths_start_at_the_root_of_the_project(self):
+        self.refused('host/IdleQueue.cpp', quoted('IdleQueue.h'))
+        self.refused('host/IdleQueue.cpp', quoted('../kernel/data/Zone.h'))
+
+    def test_odd_spelling_is_no_way_round(self):
+        self.refused('kernel/data/Zone.cpp', '  #  include   "host/IdleHold.h" // needed\n')
+        self.refused('kernel/data/Zone.cpp', '#include <host/IdleHold.h>\n')
+
+
+class KernelFunctions(unittest.TestCase):
+    @staticmethod
+    def declarations(count):
+        return ''.join(f'/// A function. See VelUtilOther(int);\nVELDRAW_PLATFORM_API int VelUtilF{n}(int a,\n  int b);\n'
+                       for n in range(count))
+
+    def problems(self, text):
+        return list(check_architecture.check_kernel_functions({'platform/vdsdkbase/VelUtilTest.h': text}))
+
+    def test_are_exactly_101(self):
+        self.assertEqual(self.problems(self.declarations(101)), [])
+        self.assertEqual(len(self.problems(self.declarations(100))), 1)
+        self.assertEqual(len(self.problems(self.declarations(102))), 1)
+
+    def test_are_declared_once(self):
+        twice = self.declarations(101) + 'int VelUtilF0(int a, int b);\n'
+        self.assertEqual(len(self.problems(twice)), 1)
+
+
+class ClassNames(unittest.TestCase):
+    def problems(self, path, text):
+        return list(check_architecture.check_class_name(path, text))
+
+    def test_are_the_names_of_their_files(self):
+        text = 'namespace a {\nclass Other;\nclass VELDRAW_PLATFORM_API Thing final : public Base\n{\n    int f();\n};\n}\n'
+        self.assertEqual(self.problems('host/Thing.h', text), [])
+        self.assertEqual(len(self.problems('host/Else.h', text)), 1)
+        template = 'template <typename T>\nclass Thing : public Base<T>\n{\n};\n'
+        self.assertEqual(len(self.problems('host/Else.h', template)), 1)
+
+    def test_are_free_where_a_header_declares_functions(self):
+        text = 'struct Piece\n{\n};\n\nstd::vector<Piece> piecesOf(int n);\n'
+        self.assertEqual(self.problems('app/import/Pieces.h', text), [])
+
+
+if __name__ == '__main__':
+    unittest.main()

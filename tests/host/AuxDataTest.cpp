@@ -1,0 +1,157 @@
+#include "platform/vdtoolbox/AuxData.h"
+
+#include "host/KernelBridge.h"
+#include "platform/vdsdkcommon/StateChangeEventObservable.h"
+#include "tests/host/SampleSession.h"
+
+#include <gmock/gmock.h>
+
+namespace veldraw::tests {
+
+using sdk::integration::StateChangeEventObservable;
+using ::testing::ElementsAre;
+using toolbox::AuxData;
+
+class AuxiliaryTexts : public SampleSession
+{
+protected:
+    void SetUp() override
+    {
+        SampleSession::SetUp();
+        host::KernelBridge::install();
+        m_dataSet = makeDataSet({"X", "Y"});
+        addZone(*m_dataSet, "zone", 3);
+        addZone(*m_dataSet, "other", 3);
+        m_frame = show(m_dataSet, PlotType_XYLine);
+        session().history().clear();
+        m_connection = StateChangeEventObservable::getInstance().connectStateChanged(
+            [this](toolbox::StateChangeEventInterface const& event) { m_kinds.push_back(event.kind()); });
+    }
+
+    std::shared_ptr<kernel::DataSet> m_dataSet;
+    std::shared_ptr<kernel::Frame> m_frame;
+    boost::signals2::scoped_connection m_connection;
+    std::vector<int> m_kinds;
+};
+
+TEST_F(AuxiliaryTexts, AreReadByNumberInOrderOfTheirNames)
+{
+    AuxData const zone(AuxDataLocation_Zone, 2);
+    EXPECT_EQ(zone.size(), 0);
+    ASSERT_TRUE(zone.setText("Pressure", "1 bar", true));
+    ASSERT_TRUE(zone.setText("Author", "somebody", true));
+    ASSERT_EQ(zone.size(), 2);
+    EXPECT_EQ(zone.name(1), "Author");
+    EXPECT_EQ(zone.value(1), "somebody");
+    EXPECT_EQ(zone.name(2), "Pressure");
+    EXPECT_EQ(zone.value(2), "1 bar");
+    EXPECT_EQ(AuxData(AuxDataLocation_Zone, 1).size(), 0);
+}
+
+TEST_F(AuxiliaryTexts, AreEmptyForNumbersThatDoNotExist)
+{
+    AuxData const zone(AuxDataLocation_Zone, 1);
+    zone.setText("Name", "value", true);
+    for (int n : {-1, 0, 2}) {
+        EXPECT_EQ(zone.name(n), "");
+        EXPECT_EQ(zone.value(n), "");
+        EXPECT_FALSE(zone.boolValue(n));
+    }
+}
+
+TEST_F(AuxiliaryTexts, AreFoundByNameInAnyCase)
+{
+    AuxData const frame(AuxDataLocation_Frame, 1);
+    EXPECT_EQ(frame.indexOf("IsResult"), 0);
+    ASSERT_TRUE(frame.set("IsResult", true, true));
+    EXPECT_EQ(frame.indexOf("ISRESULT"), 1);
+}
+
+TEST_F(AuxiliaryTexts, HoldFlags)
+{
+    AuxData const frame(AuxDataLocation_Frame, 1);
+    frame.set("Flag", true, true);
+    EXPECT_EQ(frame.value(1), "TRUE");
+    EXPECT_TRUE(frame.boolValue(1));
+    frame.set("Flag", false, true);
+    EXPECT_EQ(frame.value(1), "FALSE");
+    EXPECT_FALSE(frame.boolValue(1));
+    for (char const* yes : {"true", "Yes", "ON", "1"}) {
+        frame.setText("Flag", yes, true);
+        EXPECT_TRUE(frame.boolValue(1)) << yes;
+    }
+    for (char const* no : {"", "0", "no", "2", "truely"}) {
+        frame.setText("Flag", no, true);
+        EXPECT_FALSE(frame.boolValue(1)) << no;
+    }
+}
+
+TEST_F(AuxiliaryTexts, BelongToEachKindOfOwner)
+{
+    for (AuxDataLocation_e location : {AuxDataLocation_Zone, AuxDataLocation_DataSet, AuxDataLocation_Frame,
+                                       AuxDataLocation_Var, AuxDataLocation_LineMap, AuxDataLocation_Page}) {
+        AuxData const owner(location, 1);
+        EXPECT_TRUE(owner.isValid()) << location;
+        EXPECT_EQ(owner.size(), 0) << location;
+        EXPECT_TRUE(owner.setText("Place", std::to_string(location), true)) << location;
+    }
+    for (AuxDataLocation_e location : {AuxDataLocation_Zone, AuxDataLocation_DataSet, AuxDataLocation_Frame,
+                                       AuxDataLocation_Var, AuxDataLocation_LineMap, AuxDataLocation_Page})
+        EXPECT_EQ(AuxData(location, 1).value(1), std::to_string(location));
+}
+
+TEST_F(AuxiliaryTexts, HaveNoOwnerWhereThereIsNone)
+{
+    for (AuxDataLocation_e location : {AuxDataLocation_Zone, AuxDataLocation_Var, AuxDataLocation_LineMap}) {
+        for (int object : {-1, 0, 9}) {
+            AuxData const owner(location, object);
+            EXPECT_FALSE(owner.isValid());
+            EXPECT_EQ(owner.size(), 0);
+            EXPECT_EQ(owner.indexOf("Name"), 0);
+            EXPECT_FALSE(owner.set("Name", true, true));
+        }
+    }
+    session().removeAllPages();
+    for (AuxDataLocation_e location : {AuxDataLocation_DataSet, AuxDataLocation_Frame, AuxDataLocation_Page})
+        EXPECT_FALSE(AuxData(location, 1).isValid());
+}
+
+TEST_F(AuxiliaryTexts, FollowTheActiveFrame)
+{
+    AuxData const frame(AuxDataLocation_Frame, 1);
+    frame.set("Flag", true, true);
+    session().createFrame("second", {0, 0, 1, 1});
+    EXPECT_EQ(frame.size(), 0);
+    session().activateFrame(m_frame->id);
+    EXPECT_EQ(frame.size(), 1);
+}
+
+TEST_F(AuxiliaryTexts, AreToldWhenTheyChange)
+{
+    AuxData const zone(AuxDataLocation_Zone, 1);
+    zone.setText("Name", "first", true);
+    zone.setText("Name", "second", true);
+    EXPECT_THAT(m_kinds, ElementsAre(StateChange_AuxDataAdded, StateChange_AuxDataAltered));
+    m_kinds.clear();
+    EXPECT_FALSE(zone.setText("not a name", "x", true));
+    EXPECT_TRUE(m_kinds.empty());
+    EXPECT_EQ(session().history().undoName(), "Auxiliary Data");
+}
+
+TEST_F(AuxiliaryTexts, CanBeTakenBack)
+{
+    AuxData const zone(AuxDataLocation_Zone, 1);
+    zone.setText("Name", "first", true);
+    zone.setText("Name", "second", true);
+    m_kinds.clear();
+    ASSERT_TRUE(session().undo());
+    EXPECT_EQ(zone.value(1), "first");
+    ASSERT_TRUE(session().undo());
+    EXPECT_EQ(zone.size(), 0);
+    EXPECT_THAT(m_kinds, ElementsAre(43, 24, 42, 24));
+    ASSERT_TRUE(session().redo());
+    ASSERT_TRUE(session().redo());
+    EXPECT_EQ(zone.value(1), "second");
+}
+
+} // namespace veldraw::tests

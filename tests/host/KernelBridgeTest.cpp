@@ -1,0 +1,127 @@
+#include "host/KernelBridge.h"
+
+#include "host/KernelStateChangeEvent.h"
+#include "platform/vdsdkbase/VelUtilZone.h"
+#include "platform/vdsdkcommon/AppLock.h"
+#include "platform/vdsdkcommon/StateChangeEventObservable.h"
+#include "tests/host/SampleSession.h"
+
+#include <gmock/gmock.h>
+
+namespace veldraw::tests {
+
+using host::KernelBridge;
+using host::KernelStateChangeEvent;
+using sdk::integration::StateChangeEventObservable;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using toolbox::StateChangeEventInterface;
+
+TEST(KernelStateChangeEvent, TellsWhatTheKernelTold)
+{
+    kernel::StateChangeEvent event;
+    event.kind = StateChange_ValuesAltered;
+    event.zones = {2, 5};
+    event.variables = {1};
+    KernelStateChangeEvent const told(event);
+    EXPECT_EQ(told.kind(), 0);
+    EXPECT_TRUE(told.hasZones());
+    EXPECT_TRUE(told.hasVars());
+    EXPECT_THAT(told.zones().members(), ElementsAre(2, 5));
+    EXPECT_THAT(told.vars().members(), ElementsAre(1));
+    EXPECT_FALSE(told.hasStyleParam());
+    EXPECT_FALSE(told.hasStyleParam(1));
+}
+
+TEST(KernelStateChangeEvent, CountsStyleParametersFromOne)
+{
+    kernel::StateChangeEvent event;
+    event.kind = StateChange_Style;
+    event.styleNames = {"LineMap", "Assign"};
+    KernelStateChangeEvent const told(event);
+    EXPECT_EQ(told.kind(), 7);
+    EXPECT_TRUE(told.hasStyleParam());
+    EXPECT_FALSE(told.hasStyleParam(0));
+    EXPECT_TRUE(told.hasStyleParam(2));
+    EXPECT_FALSE(told.hasStyleParam(3));
+    EXPECT_EQ(told.styleParam(1), "LineMap");
+    EXPECT_EQ(told.styleParam(2), "Assign");
+    EXPECT_EQ(told.styleParam(3), "");
+    EXPECT_FALSE(told.hasZones());
+    EXPECT_FALSE(told.hasVars());
+}
+
+class Bridge : public SampleSession
+{
+protected:
+    void SetUp() override
+    {
+        SampleSession::SetUp();
+        KernelBridge::install();
+        m_connection = StateChangeEventObservable::getInstance().connectStateChanged(
+            [this](StateChangeEventInterface const& event) { m_kinds.push_back(event.kind()); });
+    }
+
+    boost::signals2::scoped_connection m_connection;
+    std::vector<int> m_kinds;
+};
+
+TEST_F(Bridge, DeliversBeforeTheKernelReturns)
+{
+    auto const dataSet = makeDataSet({"X", "Y"});
+    addZone(*dataSet, "old", 4);
+    show(dataSet, PlotType_XYLine);
+    m_kinds.clear();
+    std::string nameInTheEvent;
+    boost::signals2::scoped_connection const reader = StateChangeEventObservable::getInstance().connectStateChanged(
+        [&](StateChangeEventInterface const&) { nameInTheEvent = dataSet->zone(1)->name; });
+    session().renameZone(*dataSet, 1, "new");
+    EXPECT_THAT(m_kinds, ElementsAre(18));
+    EXPECT_EQ(nameInTheEvent, "new");
+}
+
+TEST_F(Bridge, IsNotHeldBackByALock)
+{
+    sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
+    auto const dataSet = makeDataSet({"X", "Y"});
+    addZone(*dataSet, "zone", 4);
+    auto const frame = show(dataSet, PlotType_XYLine);
+    m_kinds.clear();
+    session().renameFrame(frame->id, "other");
+    EXPECT_THAT(m_kinds, ElementsAre(11));
+}
+
+TEST_F(Bridge, ForwardsOnceHoweverOftenItIsInstalled)
+{
+    KernelBridge::install();
+    auto const dataSet = makeDataSet({"X"});
+    show(dataSet, PlotType_Sketch);
+    m_kinds.clear();
+    session().setTitle(*dataSet, "title");
+    EXPECT_THAT(m_kinds, ElementsAre(13));
+}
+
+TEST_F(Bridge, TellsOnceThatTheKernelGoesDownAndNothingAfterwards)
+{
+    auto const dataSet = makeDataSet({"X"});
+    show(dataSet, PlotType_Sketch);
+    m_kinds.clear();
+    KernelBridge::shutDown();
+    KernelBridge::shutDown();
+    session().setTitle(*dataSet, "title");
+    EXPECT_THAT(m_kinds, ElementsAre(15));
+    KernelBridge::install();
+    m_kinds.clear();
+    session().setTitle(*dataSet, "another title");
+    EXPECT_THAT(m_kinds, ElementsAre(13));
+}
+
+TEST_F(Bridge, EndsWhenTheKernelGoesDownByItself)
+{
+    m_kinds.clear();
+    session().goDown();
+    session().clear();
+    EXPECT_THAT(m_kinds, ElementsAre(15));
+}
+
+} // namespace veldraw::tests

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "host/MessagePresenter.h"
+
+#include <string>
+#include <vector>
+
+namespace veldraw::tests {
+
+/// Takes down what the user would be told, as "0: text" with the type in front, instead of showing it.
+class MessageRecorder
+{
+public:
+    MessageRecorder();
+    ~MessageRecorder();
+
+    std::vector<std::string> const& messages() const { return m_messages; }
+
+    MessageRecorder(MessageRecorder const&) = delete;
+    MessageRecorder& operator=(MessageRecorder const&) = delete;
+
+private:
+    std::vector<std::string> m_messages;
+    host::MessagePresenter::Presenter m_previous;
+};
+
+} // namespace veldraw::tests

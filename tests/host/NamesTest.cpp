@@ -1,0 +1,82 @@
+#include "platform/vdsdkcommon/Names.h"
+
+#include "platform/vdsdkcommon/DataSetQueries.h"
+#include "tests/host/SampleSession.h"
+
+namespace veldraw::tests {
+
+using namespace veldraw::sdk;
+
+class Names : public SampleSession
+{
+protected:
+    void SetUp() override
+    {
+        SampleSession::SetUp();
+        m_dataSet = makeDataSet({"X", "P"});
+        addZone(*m_dataSet, "inlet", 4);
+        addZone(*m_dataSet, "outlet", 4);
+        m_frame = show(m_dataSet, PlotType_XYLine);
+        m_other = session().createFrame("empty", {0, 0, 1, 1});
+    }
+
+    std::shared_ptr<kernel::DataSet> m_dataSet;
+    std::shared_ptr<kernel::Frame> m_frame;
+    std::shared_ptr<kernel::Frame> m_other;
+};
+
+TEST_F(Names, AreThoseOfTheFramesDataSet)
+{
+    EXPECT_EQ(zoneNameForFrame(m_frame->id, 2), "outlet");
+    EXPECT_EQ(variableNameForFrame(m_frame->id, 2), "P");
+    EXPECT_EQ(variableNameFormattedForAliasesForFrame(m_frame->id, 1), "X");
+    EXPECT_EQ(variableNameFormattedForAliases(1), ""); // the active frame is empty
+    session().activateFrame(m_frame->id);
+    EXPECT_EQ(variableNameFormattedForAliases(1), "X");
+}
+
+TEST_F(Names, AreEmptyForWhatDoesNotExist)
+{
+    for (int number : {-1, 0, 3}) {
+        EXPECT_EQ(zoneNameForFrame(m_frame->id, number), "");
+        EXPECT_EQ(variableNameForFrame(m_frame->id, number), "");
+        EXPECT_EQ(zoneUniqueIDForFrame(m_frame->id, number), 0);
+    }
+    EXPECT_EQ(zoneNameForFrame(m_other->id, 1), "");
+    EXPECT_EQ(variableNameForFrame(0, 1), "");
+    EXPECT_EQ(zoneUniqueIDForFrame(0, 1), 0);
+}
+
+TEST_F(Names, LeadFromAZoneToItsIdentifierAndBack)
+{
+    long long const id = zoneUniqueIDForFrame(m_frame->id, 2);
+    EXPECT_EQ(id, m_dataSet->zone(2)->id);
+    EXPECT_EQ(zoneNumberByUniqueID(id), 0); // not of the active frame's data set
+    session().activateFrame(m_frame->id);
+    EXPECT_EQ(zoneNumberByUniqueID(id), 2);
+    EXPECT_EQ(zoneNumberByUniqueID(0), 0);
+}
+
+TEST_F(Names, CanBeChangedAsOneStepOfUndo)
+{
+    EXPECT_NE(renameZoneForFrame(m_frame->id, 1, "nozzle"), 0);
+    EXPECT_NE(renameVariableForFrame(m_frame->id, 2, "pressure"), 0);
+    EXPECT_EQ(zoneNameForFrame(m_frame->id, 1), "nozzle");
+    EXPECT_EQ(variableNameForFrame(m_frame->id, 2), "pressure");
+    session().undo();
+    EXPECT_EQ(variableNameForFrame(m_frame->id, 2), "P");
+    EXPECT_EQ(zoneNameForFrame(m_frame->id, 1), "nozzle");
+}
+
+TEST_F(Names, AreNotChangedForWhatDoesNotExist)
+{
+    EXPECT_EQ(renameZoneForFrame(m_frame->id, 3, "a"), 0);
+    EXPECT_EQ(renameZoneForFrame(m_other->id, 1, "a"), 0);
+    EXPECT_EQ(renameZoneForFrame(m_frame->id, 1, nullptr), 0);
+    EXPECT_EQ(renameVariableForFrame(m_frame->id, 0, "a"), 0);
+    EXPECT_EQ(renameVariableForFrame(0, 1, "a"), 0);
+    EXPECT_EQ(renameVariableForFrame(m_frame->id, 1, nullptr), 0);
+    EXPECT_EQ(zoneNameForFrame(m_frame->id, 1), "inlet");
+}
+
+} // namespace veldraw::tests

@@ -1,0 +1,80 @@
+#include "kernel/data/ShareGroup.h"
+#include "platform/vdsdkcommon/DataSetQueries.h"
+#include "tests/host/SampleSession.h"
+
+#include <set>
+
+namespace veldraw::tests {
+
+using namespace veldraw::sdk;
+
+class RangeQueries : public SampleSession
+{
+protected:
+    void SetUp() override
+    {
+        SampleSession::SetUp();
+        m_dataSet = makeDataSet({"X", "Y"});
+        addZone(*m_dataSet, "small", 2, 2);
+        addZone(*m_dataSet, "large", 4, 4);
+        m_dataSet->addVariable(std::make_shared<kernel::Variable>("passive"));
+        m_frame = show(m_dataSet, PlotType_Cartesian2D);
+    }
+
+    std::shared_ptr<kernel::DataSet> m_dataSet;
+    std::shared_ptr<kernel::Frame> m_frame;
+    double m_min = -1;
+    double m_max = -2;
+};
+
+TEST_F(RangeQueries, GiveTheRangeOfAZone)
+{
+    ASSERT_TRUE(getVarMinMaxForZone(2, 1, false, m_min, m_max));
+    EXPECT_EQ(m_min, 200);
+    EXPECT_EQ(m_max, 203);
+}
+
+TEST_F(RangeQueries, GiveTheRangeOverSeveralZones)
+{
+    m_dataSet->field(1, 2)->group()->writableBuffer().setValue(0, -5);
+    ASSERT_TRUE(getVarMinMaxForZoneSet(2, std::set<int>{1, 2}, false, m_min, m_max));
+    EXPECT_EQ(m_min, -5);
+    EXPECT_EQ(m_max, 215);
+}
+
+TEST_F(RangeQueries, LeaveTheNumbersAloneWhenNothingIsKnown)
+{
+    EXPECT_FALSE(getVarMinMaxForZone(3, 1, false, m_min, m_max)) << "passive";
+    EXPECT_FALSE(getVarMinMaxForZone(2, 9, false, m_min, m_max)) << "no such zone";
+    EXPECT_FALSE(getVarMinMaxForZone(9, 1, false, m_min, m_max)) << "no such variable";
+    EXPECT_FALSE(getVarMinMaxForZoneSet(2, Set(), false, m_min, m_max)) << "no zone";
+    EXPECT_EQ(m_min, -1);
+    EXPECT_EQ(m_max, -2);
+}
+
+TEST_F(RangeQueries, LeaveOutTheZonesThatKnowNothing)
+{
+    ASSERT_TRUE(getVarMinMaxForZoneSet(2, std::set<int>{1, 9}, false, m_min, m_max));
+    EXPECT_EQ(m_min, 200);
+    EXPECT_EQ(m_max, 203);
+}
+
+TEST_F(RangeQueries, TellWhetherARangeOfAnActiveZoneIsEstimated)
+{
+    EXPECT_FALSE(isVarRangeEstimatedForAnyActiveZones(2));
+    m_dataSet->field(2, 2)->group()->setKnownRange({kernel::ValueRange::State::Estimated, 0, 1});
+    EXPECT_TRUE(isVarRangeEstimatedForAnyActiveZones(2));
+    EXPECT_FALSE(isVarRangeEstimatedForAnyActiveZones(1));
+    session().setZoneEnabled(*m_dataSet, 2, false);
+    EXPECT_FALSE(isVarRangeEstimatedForAnyActiveZones(2));
+}
+
+TEST_F(RangeQueries, GiveAnEstimateAsARange)
+{
+    m_dataSet->field(2, 2)->group()->setKnownRange({kernel::ValueRange::State::Estimated, 0, 1});
+    ASSERT_TRUE(getVarMinMaxForZone(2, 2, false, m_min, m_max));
+    EXPECT_EQ(m_min, 0);
+    EXPECT_EQ(m_max, 1);
+}
+
+} // namespace veldraw::tests

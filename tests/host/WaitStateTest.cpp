@@ -1,0 +1,42 @@
+#include "platform/vdsdkcommon/WaitState.h"
+
+#include <QApplication>
+#include <QCursor>
+
+#include <gtest/gtest.h>
+#include <string>
+
+namespace veldraw::sdk {
+
+TEST(WaitState, ShowsTheBusyCursorForItsScope)
+{
+    ASSERT_EQ(QApplication::overrideCursor(), nullptr);
+    {
+        WaitState const outer;
+        ASSERT_NE(QApplication::overrideCursor(), nullptr);
+        EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+        {
+            WaitState const inner;
+            EXPECT_EQ(WaitState::depth(), 2);
+        }
+        ASSERT_NE(QApplication::overrideCursor(), nullptr);
+        EXPECT_EQ(WaitState::depth(), 1);
+    }
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(WaitState::depth(), 0);
+}
+
+TEST(WaitState, TellsWhenTheApplicationBecomesBusyAndWhenItIsNoMore)
+{
+    std::string told;
+    boost::signals2::scoped_connection const connection =
+        WaitState::connectBusyChanged([&told](bool busy) { told += busy ? "busy " : "free "; });
+    {
+        WaitState const outer;
+        WaitState const inner;
+        EXPECT_EQ(told, "busy ");
+    }
+    EXPECT_EQ(told, "busy free ");
+}
+
+} // namespace veldraw::sdk

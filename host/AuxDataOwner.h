@@ -8,7 +8,8 @@
 
 namespace veldraw::host {
 
-/// Who owns auxiliary data, found once by its place and from then on by identity: it is still found when its number changes.
+/// Who owns auxiliary data, found once by its place and from then on by identity: it is still found when its number
+/// changes.
 class AuxDataOwner
 {
 public:

@@ -10,8 +10,8 @@ class IdleAction
 public:
     explicit IdleAction(boost::function<void()> action);
 
-    /// Runs the action unless it was cancelled. What it throws is told to the user and goes no further; an exception without a
-    /// text is silent.
+    /// Runs the action unless it was cancelled. What it throws is told to the user and goes no further; an exception
+    /// without a text is silent.
     void run();
 
     /// The action will not run any more; it is destroyed at once, or when it returns.

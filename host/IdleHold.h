@@ -4,7 +4,8 @@
 
 namespace veldraw::host {
 
-/// Holds idle back for a scope: for a progress window that keeps the event loop going in the middle of an operation. It nests.
+/// Holds idle back for a scope: for a progress window that keeps the event loop going in the middle of an operation. It
+/// nests.
 class VELDRAW_PLATFORM_API IdleHold
 {
 public:

@@ -26,7 +26,8 @@ void IdleQueue::schedule(boost::shared_ptr<IdleAction> const& action)
 
 bool IdleQueue::runRound()
 {
-    // A message box that an action shows runs an event loop, and with it further rounds: they go on where this one stands.
+    // A message box that an action shows runs an event loop, and with it further rounds: they go on where this one
+    // stands.
     unsigned long long const end = m_nextNumber;
     bool ran = false;
     while (!isHeld() && !m_entries.empty() && m_entries.front().number < end) {

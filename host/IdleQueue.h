@@ -13,9 +13,9 @@ class IdleAction;
 
 /// Actions that wait for the event loop to be idle, first in, first out.
 ///
-/// Idle is one single-shot timer of 0 ms, started when the queue becomes non-empty: a repeating one would keep a processor
-/// busy. The queue makes no timer before there is an application, and is never destroyed, so that objects of static lifetime
-/// may use it whenever they come and go.
+/// Idle is one single-shot timer of 0 ms, started when the queue becomes non-empty: a repeating one would keep a
+/// processor busy. The queue makes no timer before there is an application, and is never destroyed, so that objects of
+/// static lifetime may use it whenever they come and go.
 class IdleQueue
 {
 public:

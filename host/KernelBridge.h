@@ -11,8 +11,8 @@ public:
     /// Starts forwarding; does nothing when it has started already. For the start of the program.
     static void install();
 
-    /// Tells the listeners that the kernel goes down and ends forwarding; does nothing when it does not forward. For the end of
-    /// the program, before the kernel's data goes.
+    /// Tells the listeners that the kernel goes down and ends forwarding; does nothing when it does not forward. For
+    /// the end of the program, before the kernel's data goes.
     static void shutDown();
 
     KernelBridge() = delete;

@@ -14,8 +14,8 @@ public:
     /// Whether there is an application with widgets and a screen that a person looks at.
     static bool canBeShown();
 
-    /// Shows the text, UTF-8, over the active dialog or window and returns when the user has closed the box. While a busy
-    /// cursor is shown an arrow takes its place.
+    /// Shows the text, UTF-8, over the active dialog or window and returns when the user has closed the box. While a
+    /// busy cursor is shown an arrow takes its place.
     static void show(std::string const& text, MessageBoxType_e type);
 
     MessageBox() = delete;

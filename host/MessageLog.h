@@ -11,8 +11,8 @@
 
 namespace veldraw::host {
 
-/// What the user was told and why the kernel refused something, with the time, oldest first. The oldest entries go when there
-/// are very many. It is never destroyed.
+/// What the user was told and why the kernel refused something, with the time, oldest first. The oldest entries go when
+/// there are very many. It is never destroyed.
 class VELDRAW_PLATFORM_API MessageLog
 {
 public:

@@ -8,8 +8,8 @@
 
 namespace veldraw::host {
 
-/// How messages reach the user: a modal message box, standard error when there is no screen, or what was installed instead.
-/// Each message is taken down in the message log first.
+/// How messages reach the user: a modal message box, standard error when there is no screen, or what was installed
+/// instead. Each message is taken down in the message log first.
 class VELDRAW_PLATFORM_API MessagePresenter
 {
 public:

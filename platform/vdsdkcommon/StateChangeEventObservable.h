@@ -16,9 +16,10 @@ namespace veldraw::sdk::integration {
 /// The one source of state changes. It is never destroyed, so whoever listens may go at any time, even while the
 /// process ends.
 ///
-/// An event is delivered synchronously, listeners first, in the order in which they were added, then the signal's slots. A
-/// listener that is added during a delivery, or a slot that is connected while the slots are called, hears from the next event
-/// on; who is removed is not called any more. A listener or slot that throws does not keep the others from hearing the event.
+/// An event is delivered synchronously, listeners first, in the order in which they were added, then the signal's
+/// slots. A listener that is added during a delivery, or a slot that is connected while the slots are called, hears
+/// from the next event on; who is removed is not called any more. A listener or slot that throws does not keep the
+/// others from hearing the event.
 class VELDRAW_PLATFORM_API StateChangeEventObservable
 {
 public:

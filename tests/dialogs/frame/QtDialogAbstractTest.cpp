@@ -1,0 +1,319 @@
+#include "dialogs/frame/LaunchHelpAction.h"
+#include "platform/vdsdkuicommon/HelpLauncher.h"
+#include "platform/vdsdkuicommon/IdleDispatcher.h"
+#include "tests/dialogs/frame/SampleDialog.h"
+#include "tests/dialogs/support/SwitchedRelevance.h"
+
+#include <QApplication>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <boost/make_shared.hpp>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <memory>
+
+namespace veldraw::dialogs::common {
+namespace {
+
+using sdk::ui::common::HelpLauncher;
+using sdk::ui::common::IdleDispatcher;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using tests::RecordingState;
+using tests::SampleDialog;
+using tests::SwitchedRelevance;
+
+class QtDialogAbstractTest : public testing::Test
+{
+protected:
+    QtDialogAbstractTest() { parent.show(); }
+
+    QWidget parent;
+};
+
+QPushButton* closeButton(SampleDialog const& dialog)
+{
+    return dialog.buttons->button(QDialogButtonBox::Close);
+}
+
+TEST_F(QtDialogAbstractTest, IsShownByLaunchWhichReturnsAtOnceEvenWhenItIsModal)
+{
+    SampleDialog dialog(parent);
+    dialog.setModal(true);
+    dialog.launch();
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_EQ(dialog.parentWidget(), &parent);
+}
+
+TEST_F(QtDialogAbstractTest, LaunchedAgainOnlyComesToTheFront)
+{
+    SampleDialog dialog(parent);
+    auto const state = boost::make_shared<RecordingState>();
+    dialog.addPersistentState(state);
+    dialog.launch();
+    dialog.field->setText(QStringLiteral("typed"));
+    dialog.box->setFocus();
+    dialog.move(40, 50);
+    state->calls.clear();
+    dialog.launch();
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_EQ(dialog.field->text(), QStringLiteral("typed"));
+    EXPECT_EQ(dialog.focusWidget(), dialog.box);
+    EXPECT_EQ(dialog.pos(), QPoint(40, 50));
+    EXPECT_THAT(state->calls, IsEmpty());
+}
+
+TEST_F(QtDialogAbstractTest, LaunchedWhileMinimisedComesBack)
+{
+    SampleDialog dialog(parent);
+    dialog.launch();
+    dialog.showMinimized();
+    dialog.launch();
+    EXPECT_FALSE(dialog.isMinimized());
+    EXPECT_TRUE(dialog.isVisible());
+}
+
+TEST_F(QtDialogAbstractTest, IsTakenOffTheScreenByDropAndLivesOn)
+{
+    SampleDialog dialog(parent);
+    dialog.drop();
+    EXPECT_FALSE(dialog.isVisible());
+    dialog.launch();
+    dialog.field->setText(QStringLiteral("typed"));
+    dialog.drop();
+    EXPECT_FALSE(dialog.isVisible());
+    dialog.launch();
+    EXPECT_EQ(dialog.field->text(), QStringLiteral("typed"));
+}
+
+TEST_F(QtDialogAbstractTest, IsClosedOnceByItsCloseButton)
+{
+    SampleDialog dialog(parent);
+    QSignalSpy const rejections(&dialog, &QDialog::rejected);
+    dialog.launch();
+    dialog.drop();
+    dialog.launch();
+    QTest::mouseClick(closeButton(dialog), Qt::LeftButton);
+    EXPECT_FALSE(dialog.isVisible());
+    EXPECT_EQ(rejections.count(), 1);
+}
+
+TEST_F(QtDialogAbstractTest, IsClosedOnceThoughItsFormConnectsCloseItself)
+{
+    SampleDialog dialog(parent);
+    QObject::connect(dialog.buttons, SIGNAL(rejected()), &dialog, SLOT(reject()));
+    QSignalSpy const rejections(&dialog, &QDialog::rejected);
+    dialog.launch();
+    QTest::mouseClick(closeButton(dialog), Qt::LeftButton);
+    EXPECT_EQ(rejections.count(), 1);
+}
+
+TEST_F(QtDialogAbstractTest, IsHiddenAndNotDeletedByEscapeAndByItsWindow)
+{
+    auto* const dialog = new SampleDialog(parent);
+    QPointer<QDialog> const watched = dialog;
+    dialog->launch();
+    QTest::keyClick(dialog, Qt::Key_Escape);
+    EXPECT_FALSE(dialog->isVisible());
+    dialog->launch();
+    EXPECT_TRUE(dialog->close());
+    EXPECT_FALSE(dialog->isVisible());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_FALSE(watched.isNull());
+}
+
+TEST_F(QtDialogAbstractTest, HasNoDefaultButtonSoThatReturnRunsNothing)
+{
+    SampleDialog dialog(parent);
+    QSignalSpy const clicks(dialog.action, &QPushButton::clicked);
+    QSignalSpy const closes(closeButton(dialog), &QPushButton::clicked);
+    dialog.setHelpAction(new LaunchHelpAction("sample.html", dialog));
+    dialog.launch();
+    for (QPushButton const* const button : dialog.findChildren<QPushButton*>()) {
+        EXPECT_FALSE(button->isDefault()) << button->text().toStdString();
+        EXPECT_FALSE(button->autoDefault()) << button->text().toStdString();
+    }
+    for (QWidget* const widget : {static_cast<QWidget*>(dialog.field), static_cast<QWidget*>(dialog.box),
+                                  static_cast<QWidget*>(dialog.action), static_cast<QWidget*>(&dialog)}) {
+        widget->setFocus();
+        QTest::keyClick(widget, Qt::Key_Return);
+        QTest::keyClick(widget, Qt::Key_Enter);
+    }
+    EXPECT_EQ(clicks.count(), 0);
+    EXPECT_EQ(closes.count(), 0);
+    EXPECT_TRUE(dialog.isVisible());
+}
+
+TEST_F(QtDialogAbstractTest, GivesTheFocusToItsFirstWidgetUnlessTheDialogChoseOne)
+{
+    SampleDialog dialog(parent);
+    dialog.launch();
+    EXPECT_EQ(dialog.focusWidget(), dialog.field);
+
+    SampleDialog choosing(parent);
+    choosing.box->setFocus();
+    choosing.launch();
+    EXPECT_EQ(choosing.focusWidget(), choosing.box);
+}
+
+TEST_F(QtDialogAbstractTest, PassesOverWhatCannotBeUsedWhenItGivesTheFocus)
+{
+    SampleDialog dialog(parent);
+    dialog.field->setEnabled(false);
+    dialog.launch();
+    EXPECT_EQ(dialog.focusWidget(), dialog.box);
+}
+
+TEST_F(QtDialogAbstractTest, IsAtLeastAsLargeAsItsForm)
+{
+    SampleDialog dialog(parent);
+    EXPECT_EQ(dialog.sizeHint(), QSize(300, 200));
+    dialog.launch();
+    EXPECT_EQ(dialog.size(), QSize(300, 200));
+    dialog.resize(500, 400);
+    EXPECT_EQ(dialog.sizeHint(), QSize(300, 200)) << "what the user made of it is not the form's size";
+    dialog.field->setMinimumSize(700, 600);
+    dialog.layout()->activate();
+    EXPECT_GT(dialog.sizeHint().width(), 700);
+    EXPECT_GT(dialog.sizeHint().height(), 600);
+}
+
+TEST_F(QtDialogAbstractTest, CanOnlyBeUsedWhileItsRuleIsTrueButClosedAlways)
+{
+    auto const rule = boost::make_shared<SwitchedRelevance>(false);
+    SampleDialog dialog(parent, rule);
+    dialog.setHelpAction(new LaunchHelpAction("sample.html", dialog));
+    dialog.launch();
+    EXPECT_FALSE(dialog.field->isEnabled());
+    EXPECT_FALSE(dialog.box->isEnabled());
+    EXPECT_FALSE(dialog.action->isEnabled());
+    EXPECT_TRUE(closeButton(dialog)->isEnabled());
+    EXPECT_TRUE(dialog.buttons->button(QDialogButtonBox::Help)->isEnabled());
+
+    rule->set(true);
+    EXPECT_FALSE(dialog.action->isEnabled()) << "widgets follow at idle";
+    IdleDispatcher::flush();
+    EXPECT_TRUE(dialog.field->isEnabled());
+    EXPECT_TRUE(dialog.action->isEnabled());
+
+    rule->set(false);
+    IdleDispatcher::flush();
+    EXPECT_FALSE(dialog.field->isEnabled());
+    QTest::mouseClick(closeButton(dialog), Qt::LeftButton);
+    EXPECT_FALSE(dialog.isVisible());
+}
+
+TEST_F(QtDialogAbstractTest, FollowsItsRuleAlsoWhileItIsClosed)
+{
+    auto const rule = boost::make_shared<SwitchedRelevance>(true);
+    SampleDialog dialog(parent, rule);
+    dialog.launch();
+    dialog.drop();
+    rule->set(false);
+    IdleDispatcher::flush();
+    EXPECT_FALSE(dialog.action->isEnabled());
+}
+
+TEST_F(QtDialogAbstractTest, WithoutARuleCanAlwaysBeUsed)
+{
+    SampleDialog dialog(parent);
+    dialog.launch();
+    dialog.updateContent();
+    EXPECT_TRUE(dialog.field->isEnabled());
+    EXPECT_TRUE(dialog.action->isEnabled());
+}
+
+TEST_F(QtDialogAbstractTest, IsBroughtUpToDateAtOnceByUpdateContent)
+{
+    auto const rule = boost::make_shared<SwitchedRelevance>(true);
+    SampleDialog dialog(parent, rule);
+    dialog.launch();
+    rule->set(false);
+    dialog.updateContent();
+    EXPECT_FALSE(dialog.action->isEnabled());
+}
+
+TEST_F(QtDialogAbstractTest, LeavesNothingBehindOnItsRule)
+{
+    auto const rule = boost::make_shared<SwitchedRelevance>(true);
+    {
+        SampleDialog dialog(parent, rule);
+        dialog.launch();
+        EXPECT_EQ(rule->listenerCount(), 1u);
+    }
+    EXPECT_EQ(rule->listenerCount(), 0u);
+}
+
+TEST_F(QtDialogAbstractTest, RestoresItsStateWhenItAppearsAndSavesItWhenItGoes)
+{
+    auto const state = boost::make_shared<RecordingState>();
+    {
+        SampleDialog dialog(parent);
+        dialog.addPersistentState(state);
+        dialog.launch();
+        EXPECT_THAT(state->calls, ElementsAre("restore"));
+        dialog.drop();
+        EXPECT_THAT(state->calls, ElementsAre("restore", "save"));
+        dialog.drop();
+        EXPECT_THAT(state->calls, ElementsAre("restore", "save")) << "closed already";
+        dialog.launch();
+        dialog.done(0);
+        dialog.launch();
+        dialog.close();
+        EXPECT_THAT(state->calls, ElementsAre("restore", "save", "restore", "save", "restore", "save"));
+        dialog.launch();
+        state->calls.clear();
+    }
+    EXPECT_THAT(state->calls, ElementsAre("save"));
+}
+
+TEST_F(QtDialogAbstractTest, SavesNothingWhenItNeverAppeared)
+{
+    auto const state = boost::make_shared<RecordingState>();
+    {
+        SampleDialog dialog(parent);
+        dialog.addPersistentState(state);
+    }
+    EXPECT_THAT(state->calls, IsEmpty());
+}
+
+class HelpTest : public QtDialogAbstractTest
+{
+protected:
+    HelpTest()
+    {
+        HelpLauncher::install([this](std::string const& topic) { topics.push_back(topic); });
+        dialog.setHelpAction(new LaunchHelpAction("sample.html", dialog));
+        dialog.launch();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    }
+    ~HelpTest() override { HelpLauncher::install(HelpLauncher::Opener()); }
+
+    SampleDialog dialog{parent};
+    std::vector<std::string> topics;
+};
+
+TEST_F(HelpTest, OpensItsTopicByF1)
+{
+    QTest::keyClick(dialog.field, Qt::Key_F1);
+    EXPECT_THAT(topics, ElementsAre("sample.html"));
+}
+
+TEST_F(HelpTest, OpensItsTopicByTheHelpButtonAndStaysOpen)
+{
+    QTest::mouseClick(dialog.buttons->button(QDialogButtonBox::Help), Qt::LeftButton);
+    EXPECT_THAT(topics, ElementsAre("sample.html"));
+    EXPECT_TRUE(dialog.isVisible());
+}
+
+TEST_F(HelpTest, DoesNothingWhenTheApplicationHasNoHelp)
+{
+    HelpLauncher::install(HelpLauncher::Opener());
+    QTest::keyClick(dialog.field, Qt::Key_F1);
+    EXPECT_THAT(topics, IsEmpty());
+}
+
+} // namespace
+} // namespace veldraw::dialogs::common

@@ -1,0 +1,75 @@
+#include "dialogs/bindings/SimpleToolTipProvider.h"
+
+#include "tests/dialogs/support/SwitchedRelevance.h"
+
+#include <QApplication>
+#include <QHelpEvent>
+#include <QLabel>
+#include <QToolTip>
+
+#include <boost/make_shared.hpp>
+
+#include <gtest/gtest.h>
+
+namespace veldraw::sdk::ui::dialogs::propertybindings {
+namespace {
+
+using tests::SwitchedRelevance;
+
+// What the user reads when the mouse rests on the widget.
+QString toolTipOver(QWidget& widget)
+{
+    QToolTip::hideText();
+    QPoint const middle = widget.rect().center();
+    QHelpEvent event(QEvent::ToolTip, middle, widget.mapToGlobal(middle));
+    QApplication::sendEvent(&widget, &event);
+    return QToolTip::isVisible() ? QToolTip::text() : QString();
+}
+
+class SimpleToolTipProviderTest : public testing::Test
+{
+protected:
+    SimpleToolTipProviderTest()
+    {
+        widget.setToolTip(QStringLiteral("its own"));
+        widget.resize(100, 30);
+        widget.show();
+    }
+    ~SimpleToolTipProviderTest() override { QToolTip::hideText(); }
+
+    boost::shared_ptr<SwitchedRelevance> rule = boost::make_shared<SwitchedRelevance>(false);
+    QLabel widget;
+};
+
+TEST_F(SimpleToolTipProviderTest, TellsWhyAWidgetCannotBeUsed)
+{
+    SimpleToolTipProvider::installDisabledToolTip(rule, {&widget, nullptr}, QStringLiteral("no zone"));
+    widget.setEnabled(false);
+    EXPECT_EQ(toolTipOver(widget), QStringLiteral("no zone"));
+}
+
+TEST_F(SimpleToolTipProviderTest, LeavesTheWidgetsOwnTipWhileTheRuleIsTrue)
+{
+    SimpleToolTipProvider::installDisabledToolTip(rule, {&widget}, QStringLiteral("no zone"));
+    rule->set(true);
+    EXPECT_EQ(toolTipOver(widget), QStringLiteral("its own"));
+}
+
+TEST_F(SimpleToolTipProviderTest, ComputesTheTextWhenItIsNeeded)
+{
+    int computed = 0;
+    SimpleToolTipProvider::installDynamicDisabledToolTip(rule, {&widget},
+                                                         [&] { return QStringLiteral("asked %1").arg(++computed); });
+    EXPECT_EQ(computed, 0);
+    EXPECT_EQ(toolTipOver(widget), QStringLiteral("asked 1"));
+    EXPECT_EQ(toolTipOver(widget), QStringLiteral("asked 2"));
+}
+
+TEST_F(SimpleToolTipProviderTest, LeavesTheWidgetsOwnTipWhenThereIsNoText)
+{
+    SimpleToolTipProvider::installDynamicDisabledToolTip(rule, {&widget}, [] { return QString(); });
+    EXPECT_EQ(toolTipOver(widget), QStringLiteral("its own"));
+}
+
+} // namespace
+} // namespace veldraw::sdk::ui::dialogs::propertybindings

@@ -1,0 +1,129 @@
+#include "tests/dialogs/support/FormTable.h"
+
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QAbstractSpinBox>
+#include <QAccessible>
+#include <QComboBox>
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QGroupBox>
+#include <QKeySequence>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTabWidget>
+#include <QTextEdit>
+
+#include <map>
+
+namespace veldraw::tests {
+
+namespace {
+
+QString textOf(QWidget const& widget)
+{
+    QVariant const text = widget.property("text");
+    return text.isValid() ? text.toString() : widget.property("title").toString();
+}
+
+bool isButtonOfBox(QWidget const& widget)
+{
+    return qobject_cast<QAbstractButton const*>(&widget) && qobject_cast<QDialogButtonBox*>(widget.parentWidget());
+}
+
+bool belongsToForm(QWidget const& widget)
+{
+    QString const name = widget.objectName();
+    return isButtonOfBox(widget) || (!name.isEmpty() && !name.startsWith(QLatin1String("qt_")));
+}
+
+std::string line(QWidget const& widget, QString const& text)
+{
+    auto const* const label = qobject_cast<QLabel const*>(&widget);
+    QString const buddy = label && label->buddy() ? label->buddy()->objectName() : QString();
+    return (widget.objectName() + QStringLiteral(" | ") + QLatin1String(widget.metaObject()->className()) +
+            QStringLiteral(" | ") + text + QStringLiteral(" | ") + widget.toolTip() + QStringLiteral(" | ") + buddy)
+        .toStdString();
+}
+
+QList<QWidget*> formWidgets(QDialog const& dialog)
+{
+    QList<QWidget*> widgets;
+    for (QWidget* const widget : dialog.findChildren<QWidget*>())
+        if (belongsToForm(*widget))
+            widgets.append(widget);
+    return widgets;
+}
+
+bool isInput(QWidget const& widget)
+{
+    return qobject_cast<QLineEdit const*>(&widget) || qobject_cast<QAbstractSpinBox const*>(&widget) ||
+           qobject_cast<QComboBox const*>(&widget) || qobject_cast<QAbstractItemView const*>(&widget) ||
+           qobject_cast<QTextEdit const*>(&widget) || qobject_cast<QAbstractButton const*>(&widget);
+}
+
+std::vector<QString> textsWithMnemonics(QDialog const& dialog)
+{
+    std::vector<QString> texts;
+    for (QWidget const* const widget : formWidgets(dialog)) {
+        auto const* const label = qobject_cast<QLabel const*>(widget);
+        if ((label && label->buddy()) || qobject_cast<QAbstractButton const*>(widget) ||
+            qobject_cast<QGroupBox const*>(widget))
+            texts.push_back(textOf(*widget));
+        if (auto const* const tabs = qobject_cast<QTabWidget const*>(widget))
+            for (int index = 0; index < tabs->count(); ++index)
+                texts.push_back(tabs->tabText(index));
+    }
+    return texts;
+}
+
+} // namespace
+
+std::vector<std::string> formTable(QDialog const& dialog)
+{
+    std::vector<std::string> lines{line(dialog, dialog.windowTitle())};
+    for (QWidget const* const widget : formWidgets(dialog))
+        lines.push_back(line(*widget, textOf(*widget)));
+    return lines;
+}
+
+std::vector<std::string> tabOrder(QDialog const& dialog)
+{
+    std::vector<std::string> names;
+    for (QWidget const* widget = dialog.nextInFocusChain(); widget != &dialog; widget = widget->nextInFocusChain()) {
+        bool const takesTab = (widget->focusPolicy() & Qt::TabFocus) == Qt::TabFocus;
+        if (!takesTab || !belongsToForm(*widget))
+            continue;
+        QString const name = widget->objectName();
+        names.push_back((name.isEmpty() ? QStringLiteral("[%1]").arg(textOf(*widget)) : name).toStdString());
+    }
+    return names;
+}
+
+std::vector<std::string> repeatedMnemonics(QDialog const& dialog)
+{
+    std::map<std::string, int> uses;
+    for (QString const& text : textsWithMnemonics(dialog)) {
+        QKeySequence const mnemonic = QKeySequence::mnemonic(text);
+        if (!mnemonic.isEmpty())
+            ++uses[mnemonic.toString(QKeySequence::PortableText).toStdString()];
+    }
+    std::vector<std::string> repeated;
+    for (auto const& [mnemonic, count] : uses)
+        if (count > 1)
+            repeated.push_back(mnemonic);
+    return repeated;
+}
+
+std::vector<std::string> inputsWithoutAccessibleName(QDialog const& dialog)
+{
+    std::vector<std::string> nameless;
+    for (QWidget* const widget : formWidgets(dialog)) {
+        QAccessibleInterface const* const accessible = QAccessible::queryAccessibleInterface(widget);
+        if (isInput(*widget) && (!accessible || accessible->text(QAccessible::Name).isEmpty()))
+            nameless.push_back(widget->objectName().toStdString());
+    }
+    return nameless;
+}
+
+} // namespace veldraw::tests

@@ -10,8 +10,8 @@
 extern "C" {
 #endif
 
-/// Draws the active page.
-/// @param doDraw false: only notes that it must be drawn
+/// Suspends or resumes drawing.
+/// @param doDraw false: nothing is drawn until the next call with true, which draws what has changed meanwhile
 VELDRAW_PLATFORM_API void VelUtilDrawGraphics(bool doDraw);
 
 /// Number of pages.

@@ -9,6 +9,9 @@
 
 namespace veldraw::sdk::ui::dialogs::propertybindings {
 
+/// How many pairs of ranges Qt may compare without anybody noticing.
+constexpr long long mostComparedRanges = 10000;
+
 template <typename V>
 ListViewPropertySynchronizer<V>::ListViewPropertySynchronizer(
     QAbstractItemView* view, boost::shared_ptr<models::ListModelInterface<int> const> model,
@@ -43,7 +46,13 @@ ListViewPropertySynchronizer<V>::ListViewPropertySynchronizer(
 }
 
 template <typename V>
-ListViewPropertySynchronizer<V>::~ListViewPropertySynchronizer() = default;
+ListViewPropertySynchronizer<V>::~ListViewPropertySynchronizer()
+{
+    m_qtConnections.clear();
+    // Taken away while it still lives: Qt complains when it has to clear the selection in a model that is gone.
+    if (selectionModel())
+        m_view->setModel(nullptr);
+}
 
 // The view gets the model first, so that on each of the model's signals it has done its own part before ours.
 template <typename V>
@@ -97,7 +106,11 @@ void ListViewPropertySynchronizer<V>::applySelection(QItemSelection const& selec
         if (pausesPainting && m_view)
             m_view->setUpdatesEnabled(true);
     });
-    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+    // Qt compares each range of the old selection with each of the new one; with many of both that takes minutes.
+    QItemSelectionModel& selected = *selectionModel();
+    if (static_cast<long long>(selected.selection().size()) * selection.size() > mostComparedRanges)
+        selected.clearSelection();
+    selected.select(selection, QItemSelectionModel::ClearAndSelect);
 }
 
 template <typename V>

@@ -260,6 +260,20 @@ TEST_F(Idle, LetsAPerformerBeDestroyedByItsOwnAction)
     EXPECT_EQ(witness.use_count(), 1);
 }
 
+TEST_F(Idle, ForgetsADestroyedPerformerAlsoInAModalLoopOfItsOwnAction)
+{
+    std::unique_ptr<Performer> performer;
+    performer = std::make_unique<Performer>([&] {
+        m_text += 'a';
+        performer->enableNotification();
+        performer.reset();
+        turn();
+    });
+    performer->enableNotification();
+    turn();
+    EXPECT_EQ(m_text, "a");
+}
+
 TEST_F(Idle, TellsWhatAnActionThrowsAndGoesOn)
 {
     Performer thrower([] { throw std::runtime_error("went wrong"); });

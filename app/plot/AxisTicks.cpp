@@ -19,7 +19,7 @@ double roundStep(double step)
 std::string label(double value, double step, double largest)
 {
     char text[64];
-    if (largest >= 1e5 || largest < 1e-3) {
+    if (largest >= 1e6 || largest < 1e-3) {
         int const digits = std::clamp(static_cast<int>(std::ceil(std::log10(largest / step) - 1e-9)), 0, 9);
         std::snprintf(text, sizeof text, "%.*g", digits + 1, value);
         return text;

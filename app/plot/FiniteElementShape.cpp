@@ -23,6 +23,28 @@ bool inRange(std::int64_t const* values, std::int64_t count, std::int64_t end)
     return std::all_of(values, values + count, [end](std::int64_t value) { return value >= 0 && value < end; });
 }
 
+// Faces of polyhedra: each list must end within the stream and name points of the zone.
+bool hasSoundFaces(Connectivity const& cells, std::int64_t pointCount)
+{
+    if (!cells.faceOffsets)
+        return true;
+    for (std::int64_t cell = 0; cell < cells.cellCount; ++cell) {
+        std::int64_t at = cells.faceOffsets[cell];
+        if (at < 0)
+            continue;
+        if (!cells.faceStream || at >= cells.faceStreamSize)
+            return false;
+        std::int64_t const faces = cells.faceStream[at++];
+        for (std::int64_t face = 0; face < faces; ++face) {
+            std::int64_t const points = at < cells.faceStreamSize ? cells.faceStream[at++] : -1;
+            if (points < 0 || points > cells.faceStreamSize - at || !inRange(cells.faceStream + at, points, pointCount))
+                return false;
+            at += points;
+        }
+    }
+    return true;
+}
+
 // A file may have brought any numbers; the drawing code of VTK trusts them.
 bool isSound(Connectivity const& cells, std::int64_t pointCount)
 {
@@ -31,7 +53,7 @@ bool isSound(Connectivity const& cells, std::int64_t pointCount)
     if (cells.offsets[0] != 0 || cells.offsets[cells.cellCount] > cells.indexCount)
         return false;
     return std::is_sorted(cells.offsets, cells.offsets + cells.cellCount + 1) &&
-           inRange(cells.indices, cells.indexCount, pointCount);
+           inRange(cells.indices, cells.indexCount, pointCount) && hasSoundFaces(cells, pointCount);
 }
 
 vtkSmartPointer<vtkTypeInt64Array> adopt(std::int64_t const* values, std::int64_t count)

@@ -7,6 +7,7 @@
 #include "app/plot/SpaceView.h"
 #include "kernel/frames/MouseMode.h"
 
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QResizeEvent>
@@ -36,6 +37,13 @@ std::unique_ptr<FrameView> createView(PlotType_e plotType)
     }
 }
 
+// Qt's platforms without a screen offer OpenGL that draws nothing, or none at all.
+bool hasScreen()
+{
+    QString const platform = QGuiApplication::platformName();
+    return platform != QLatin1String("offscreen") && platform != QLatin1String("minimal");
+}
+
 // The paper and the frames that lie beside it, in inches.
 QRectF workArea(kernel::Page const& page)
 {
@@ -56,16 +64,13 @@ PageView::PageView(kernel::Session& session, QWidget* parent)
     setMinimumSize(160, 120);
     setAccessibleName(tr("Page"));
 
-    m_canvas = new QVTKOpenGLNativeWidget(this);
-    m_canvas->setFormat(QVTKOpenGLNativeWidget::defaultFormat());
-    m_canvas->setAttribute(Qt::WA_TransparentForMouseEvents);
-    m_canvas->setFocusPolicy(Qt::NoFocus);
-    m_window->SetMultiSamples(4);
-    m_canvas->setRenderWindow(m_window);
-    m_canvas->interactor()->SetInteractorStyle(nullptr);
     QColor const desk = PlotTheme::desk();
+    setPalette(QPalette(PlotTheme::text(), desk));
+    setAutoFillBackground(true);
     m_desk->SetBackground(desk.redF(), desk.greenF(), desk.blueF());
     m_window->AddRenderer(m_desk);
+    if (hasScreen())
+        createCanvas();
     m_overlay = new PageOverlay(this);
 
     m_timer = new QTimer(this);
@@ -74,6 +79,17 @@ PageView::PageView(kernel::Session& session, QWidget* parent)
     connect(m_timer, &QTimer::timeout, this, &PageView::refresh);
     m_subscription = m_session.events().subscribe([this](kernel::StateChangeEvent const& event) { onEvent(event); });
     scheduleRefresh();
+}
+
+void PageView::createCanvas()
+{
+    m_canvas = new QVTKOpenGLNativeWidget(this);
+    m_canvas->setFormat(QVTKOpenGLNativeWidget::defaultFormat());
+    m_canvas->setAttribute(Qt::WA_TransparentForMouseEvents);
+    m_canvas->setFocusPolicy(Qt::NoFocus);
+    m_window->SetMultiSamples(4);
+    m_canvas->setRenderWindow(m_window);
+    m_canvas->interactor()->SetInteractorStyle(nullptr);
 }
 
 PageView::~PageView()
@@ -148,7 +164,22 @@ void PageView::refresh()
     if (!m_session.isDrawing())
         return;
     bringUpToDate();
-    m_window->Render();
+    if (!m_canvas)
+        return;
+    try {
+        m_window->Render();
+    } catch (std::exception const& failure) {
+        giveUpDrawing(failure);
+    }
+}
+
+// Drawing failed as a whole, for want of memory most likely: the frames say so until something changes.
+void PageView::giveUpDrawing(std::exception const& failure)
+{
+    for (auto& [id, slot] : m_slots)
+        slot.notice = {tr("This frame cannot be drawn: %1").arg(QString::fromUtf8(failure.what())), true};
+    orderRenderers();
+    updateOverlay();
 }
 
 void PageView::bringUpToDate()
@@ -295,9 +326,12 @@ void PageView::updateOverlay()
             if (slot.area.width() < 4 || slot.area.height() < 4)
                 continue;
             QString const name = QString::fromStdString(frame->name);
-            marks.push_back({slot.area, slot.content, name, slot.notice, frame->id == page->activeFrame});
-            if (!slot.notice.sentence.isEmpty())
-                sentences << name + QStringLiteral(": ") + slot.notice.sentence;
+            FrameNotice const shown = m_canvas || slot.hidesPicture()
+                                          ? slot.notice
+                                          : FrameNotice{tr("Plots cannot be drawn without a screen."), true};
+            marks.push_back({slot.area, slot.content, name, shown, frame->id == page->activeFrame});
+            if (!shown.sentence.isEmpty())
+                sentences << name + QStringLiteral(": ") + shown.sentence;
         }
     QString const emptyText = tr("Open a file to begin.");
     setAccessibleDescription(marks.empty() ? emptyText : sentences.join(QLatin1Char('\n')));
@@ -364,7 +398,8 @@ QImage PageView::grabImage()
 void PageView::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
-    m_canvas->setGeometry(rect());
+    if (m_canvas)
+        m_canvas->setGeometry(rect());
     m_overlay->setGeometry(rect());
     m_overlay->raise();
     scheduleRefresh();

@@ -86,11 +86,13 @@ private:
         bool hidesPicture() const { return notice.coversPicture && !notice.sentence.isEmpty(); }
     };
 
+    void createCanvas();
     void onEvent(kernel::StateChangeEvent const& event);
     void markFrames(kernel::StateChangeEvent const& event);
     void markAll();
 
     void bringUpToDate();
+    void giveUpDrawing(std::exception const& failure);
     void syncFrames();
     void layOut();
     void updateStale();
@@ -109,7 +111,7 @@ private:
     kernel::Session& m_session;
     kernel::EventHub::Subscription m_subscription = 0;
     PageDisplay m_display;
-    QVTKOpenGLNativeWidget* m_canvas = nullptr;
+    QVTKOpenGLNativeWidget* m_canvas = nullptr; // null where Qt has no screen to draw on
     PageOverlay* m_overlay = nullptr;
     QTimer* m_timer = nullptr;
     vtkNew<vtkGenericOpenGLRenderWindow> m_window;

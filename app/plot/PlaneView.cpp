@@ -1,5 +1,7 @@
 #include "app/plot/PlaneView.h"
 
+#include "app/plot/AxisTicks.h"
+
 #include <vtkCamera.h>
 
 #include <algorithm>
@@ -16,7 +18,11 @@ PlaneView::PlaneView()
 
 FieldView::Margins PlaneView::margins() const
 {
-    return {72.0, 52.0, hasLegend() ? 124.0 : 24.0, 20.0};
+    std::size_t widest = 3;
+    for (std::string const& label : AxisTicks::create(space().min(1), space().max(1), 8).labels)
+        widest = std::max(widest, label.size());
+    double const left = 44.0 + 7.5 * static_cast<double>(std::min<std::size_t>(widest, 12));
+    return {left, 52.0, hasLegend() ? 124.0 : 24.0, 20.0};
 }
 
 void PlaneView::setArea(ViewArea const& viewArea)

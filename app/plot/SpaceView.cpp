@@ -89,12 +89,17 @@ void SpaceView::fillStage()
             high[n] = std::max(high[n], clip[n] / std::max(clip[3], 1e-9));
         }
     }
+    // Numbers and names stand left of the box and below it, in the view that a plot starts with.
+    double const unit = area().pixelRatio;
+    double const left = std::min(76.0 * unit, 0.22 * stageWidth()) / stageWidth();
+    double const right = std::min(30.0 * unit, 0.1 * stageWidth()) / stageWidth();
+    double const bottom = std::min(56.0 * unit, 0.2 * stageHeight()) / stageHeight();
+    double const top = std::min(26.0 * unit, 0.1 * stageHeight()) / stageHeight();
     double const* const centre = camera->GetWindowCenter();
-    camera->SetWindowCenter(centre[0] + 0.5 * (low[0] + high[0]), centre[1] + 0.5 * (low[1] + high[1]));
-    double const room = 2.0 * 56.0 * area().pixelRatio;
-    double const xShare = std::max(0.3, 1.0 - room / stageWidth());
-    double const yShare = std::max(0.3, 1.0 - room / stageHeight());
-    double const fill = std::max((high[0] - low[0]) / (2.0 * xShare), (high[1] - low[1]) / (2.0 * yShare));
+    camera->SetWindowCenter(centre[0] + 0.5 * (low[0] + high[0]) - (left - right),
+                            centre[1] + 0.5 * (low[1] + high[1]) - (bottom - top));
+    double const fill =
+        std::max(0.5 * (high[0] - low[0]) / (1.0 - left - right), 0.5 * (high[1] - low[1]) / (1.0 - bottom - top));
     if (fill > 1e-6)
         camera->Dolly(1.0 / fill);
 }

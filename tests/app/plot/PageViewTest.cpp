@@ -4,7 +4,9 @@
 
 #include <QApplication>
 #include <QTest>
+#include <vtkCallbackCommand.h>
 #include <vtkCamera.h>
+#include <vtkProperty.h>
 
 #include <gtest/gtest.h>
 
@@ -87,14 +89,20 @@ TEST(PageView, ShowsAnotherPictureForAnotherPlotType)
 TEST(PageView, DrawsOnceInTheNextTurnOfTheLoopHoweverManyEventsCome)
 {
     PlotTestPage page({SampleData::frame("Sheet", SampleData::sheet(21, 11), PlotType_Cartesian2D)});
-    app::ZoneDrawing const* const drawing = page.field().zones().at(0).get();
-    auto* const stage = &page.field().stage();
+    app::FieldView& view = page.field();
+    vtkActor* const actor = view.zones().at(0)->actor();
     for (int n = 0; n < 50; ++n)
         ASSERT_TRUE(page.session().setShowMesh(page.frame().id, n % 2 == 0));
-    EXPECT_EQ(stage->GetActors()->GetNumberOfItems(), 1) << "nothing is built inside an event";
-    EXPECT_EQ(drawing->actor()->GetReferenceCount() > 0, true);
+    EXPECT_EQ(view.zones().at(0)->actor(), actor) << "nothing is built inside an event";
+    int draws = 0;
+    vtkNew<vtkCallbackCommand> counter;
+    counter->SetClientData(&draws);
+    counter->SetCallback([](vtkObject*, unsigned long, void* count, void*) { ++*static_cast<int*>(count); });
+    view.stage().AddObserver(vtkCommand::StartEvent, counter);
     PlotTestPage::settle();
-    EXPECT_EQ(page.field().zones().size(), 1U);
+    EXPECT_EQ(draws, 1);
+    EXPECT_EQ(view.zones().size(), 1U);
+    EXPECT_EQ(view.zones().at(0)->actor()->GetProperty()->GetEdgeVisibility(), 0);
 }
 
 TEST(PageView, FollowsFramesThatComeAndGo)

@@ -198,6 +198,59 @@ DataSetPtr SampleData::bricks(int n)
     return set;
 }
 
+DataSetPtr SampleData::prism()
+{
+    auto set = emptySet({"X", "Y", "Z"});
+    struct Arrays
+    {
+        std::vector<std::int64_t> offsets = {0, 6};
+        std::vector<std::int64_t> indices = {0, 1, 2, 3, 4, 5};
+        std::vector<std::int64_t> faceOffsets = {0};
+        std::vector<std::int64_t> faces = {5, 3, 0, 2, 1, 3, 3, 4, 5, 4, 0, 1, 4, 3, 4, 1, 2, 5, 4, 4, 2, 0, 3, 5};
+    };
+    auto arrays = std::make_shared<Arrays>();
+    auto cells = std::make_shared<Connectivity>();
+    cells->cellCount = 1;
+    cells->indexCount = 6;
+    cells->offsets = arrays->offsets.data();
+    cells->indices = arrays->indices.data();
+    cells->faceOffsets = arrays->faceOffsets.data();
+    cells->faceStream = arrays->faces.data();
+    cells->faceStreamSize = static_cast<std::int64_t>(arrays->faces.size());
+    cells->owner = arrays;
+    auto const zone = addZone(*set, "Prism", ZoneType_FEPolyhedron, 6, 1, 5);
+    zone->connectivity = cells;
+    addField(*zone, {0.0, 1.0, 0.0, 0.0, 1.0, 0.0});
+    addField(*zone, {0.0, 0.0, 1.0, 0.0, 0.0, 1.0});
+    addField(*zone, {0.0, 0.0, 0.0, 1.0, 1.0, 1.0});
+    return set;
+}
+
+DataSetPtr SampleData::mixed()
+{
+    auto set = emptySet({"X", "Y", "Z"});
+    struct Arrays
+    {
+        std::vector<std::int64_t> offsets = {0, 4, 7};
+        std::vector<std::int64_t> indices = {0, 1, 2, 3, 4, 5, 6};
+        std::vector<Connectivity::Shape> shapes = {Connectivity::Shape::Tetrahedron, Connectivity::Shape::Triangle};
+    };
+    auto arrays = std::make_shared<Arrays>();
+    auto cells = std::make_shared<Connectivity>();
+    cells->cellCount = 2;
+    cells->indexCount = 7;
+    cells->offsets = arrays->offsets.data();
+    cells->indices = arrays->indices.data();
+    cells->shapes = arrays->shapes.data();
+    cells->owner = arrays;
+    auto const zone = addZone(*set, "Mixed", ZoneType_FEMixed, 7, 2, 0);
+    zone->connectivity = cells;
+    addField(*zone, {0.0, 1.0, 0.0, 0.0, 2.0, 3.0, 2.0});
+    addField(*zone, {0.0, 0.0, 1.0, 0.0, 0.0, 0.0, 1.0});
+    addField(*zone, {0.0, 0.0, 0.0, 1.0, 0.0, 0.0, 0.0});
+    return set;
+}
+
 DataSetPtr SampleData::points(int count)
 {
     auto set = emptySet({"X", "Y", "p"});

@@ -32,6 +32,12 @@ public:
     /// Bricks that fill a cube, n in each direction, with X, Y, Z, p.
     static DataSetPtr bricks(int n);
 
+    /// One polyhedron: a prism of six points, two triangles and three quads.
+    static DataSetPtr prism();
+
+    /// A tetrahedron and, apart from it, a triangle.
+    static DataSetPtr mixed();
+
     /// Points strewn over the plane in no order, with X, Y, p.
     static DataSetPtr points(int count);
 

@@ -1,3 +1,4 @@
+#include "app/plot/AxisTicks.h"
 #include "app/plot/ColourMap.h"
 #include "app/plot/FiniteElementShape.h"
 #include "app/plot/OrderedShape.h"
@@ -81,6 +82,29 @@ TEST(FiniteElementShape, NamesTheCellsBehindTheOuterFaces)
     EXPECT_EQ(cells.count(13), 0U);
 }
 
+TEST(FiniteElementShape, TakesTheFacesOfAPolyhedron)
+{
+    auto const set = SampleData::prism();
+    auto const shape = app::FiniteElementShape::create(*set, 1);
+    EXPECT_EQ(shape.polygons->GetNumberOfCells(), 5);
+    EXPECT_EQ(shape.polygons->GetMaxCellSize(), 4);
+}
+
+TEST(FiniteElementShape, DrawsNothingOfAPolyhedronWithFacesThatLeadAstray)
+{
+    auto const set = SampleData::prism();
+    set->zone(1)->i = 5;
+    EXPECT_EQ(app::FiniteElementShape::create(*set, 1).cellCount(), 0);
+}
+
+TEST(FiniteElementShape, TakesSurfaceCellsAndOuterFacesOfAMixedZone)
+{
+    auto const shape = app::FiniteElementShape::create(*SampleData::mixed(), 1);
+    EXPECT_EQ(shape.polygons->GetNumberOfCells(), 4 + 1) << "four faces of the tetrahedron and the triangle";
+    EXPECT_EQ(std::count(shape.cells.begin(), shape.cells.end(), 0), 4);
+    EXPECT_EQ(std::count(shape.cells.begin(), shape.cells.end(), 1), 1);
+}
+
 TEST(FiniteElementShape, DrawsNothingOfAZoneWithoutCells)
 {
     auto const set = SampleData::triangles(2);
@@ -123,4 +147,15 @@ TEST(ColourMap, GetsLighterInEvenSteps)
         }
         last = now;
     }
+}
+
+TEST(AxisTicks, AreRoundNumbersWithinTheLimits)
+{
+    auto const ticks = app::AxisTicks::create(-0.13, 1.04, 5);
+    EXPECT_EQ(ticks.labels, (std::vector<std::string>{"0.0", "0.5", "1.0"}));
+    EXPECT_EQ(app::AxisTicks::create(0.0, 2e6, 4).labels,
+              (std::vector<std::string>{"0", "5e+05", "1e+06", "1.5e+06", "2e+06"}));
+    EXPECT_EQ(app::AxisTicks::create(101000.0, 101400.0, 4).labels.front(), "101000");
+    EXPECT_TRUE(app::AxisTicks::create(1.0, 1.0, 5).values.empty());
+    EXPECT_TRUE(app::AxisTicks::create(1.0, std::nextafter(1.0, 2.0), 5).values.empty()) << "no numbers to tell apart";
 }

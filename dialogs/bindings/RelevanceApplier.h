@@ -2,6 +2,7 @@
 
 #include "dialogs/bindings/BindingInterface.h"
 #include "dialogs/bindings/WidgetVote.h"
+#include "dialogs/property/DialogsApi.h"
 #include "dialogs/property/RelevanceInterface.h"
 #include "platform/vdsdkuicommon/OnIdleActionPerformerSingleShot.h"
 
@@ -22,7 +23,7 @@ using propertymanager::RelevanceInterface;
 /// The rule is applied once at the end of the constructor, so that nothing is ever seen in the wrong state, and then
 /// after each of its signals: at once, or at the next idle moment. Several appliers on one widget combine: it is
 /// enabled, or shown, only if every one of them says so. Widgets may die before the applier.
-class RelevanceApplier : public BindingInterface
+class VDSDKDIALOGS_DATA_QT_API RelevanceApplier : public BindingInterface
 {
 public:
     enum Manifestation

@@ -19,12 +19,14 @@ struct Plane
     Index firstCell; ///< value slot of cell (0, 0), which steps as the points do
 };
 
-void addPlane(ZoneShape& shape, Plane const& plane)
+// @param isWhole the plane is all of the zone, so its points stand in the zone's order
+void addPlane(ZoneShape& shape, Plane const& plane, bool isWhole)
 {
     Index const start = shape.pointCount;
-    for (Index b = 0; b < plane.countB; ++b)
-        for (Index a = 0; a < plane.countA; ++a)
-            shape.points.push_back(plane.first + a * plane.stepA + b * plane.stepB);
+    if (!isWhole)
+        for (Index b = 0; b < plane.countB; ++b)
+            for (Index a = 0; a < plane.countA; ++a)
+                shape.points.push_back(plane.first + a * plane.stepA + b * plane.stepB);
     shape.pointCount += plane.countA * plane.countB;
 
     for (Index b = 0; b + 1 < plane.countB; ++b)
@@ -93,14 +95,15 @@ ZoneShape OrderedShape::create(kernel::Zone const& zone, bool asPoints)
         points += plane.countA * plane.countB;
         cells += (plane.countA - 1) * (plane.countB - 1);
     }
-    shape.points.reserve(static_cast<std::size_t>(points));
+    if (planes.size() > 1)
+        shape.points.reserve(static_cast<std::size_t>(points));
     shape.cells.reserve(static_cast<std::size_t>(cells));
     shape.polygons = vtkSmartPointer<vtkCellArray>::New();
     if (points < VTK_INT_MAX / 4)
         shape.polygons->Use32BitStorage();
     shape.polygons->AllocateExact(cells, 4 * cells);
     for (Plane const& plane : planes)
-        addPlane(shape, plane);
+        addPlane(shape, plane, planes.size() == 1);
     return shape;
 }
 

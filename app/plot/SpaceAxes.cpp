@@ -148,7 +148,9 @@ void SpaceAxes::drawEdges(std::array<Edge, 3> const& edges)
 void SpaceAxes::drawFace(std::size_t normal, Point const& far, vtkPoints& points, vtkCellArray& lines) const
 {
     // A hair behind the face, so that a surface in the face hides the grid.
-    Point const base = {far[0] * 1.002, far[1] * 1.002, far[2] * 1.002};
+    constexpr double hair = 0.004;
+    Point base = far;
+    base[normal] += std::copysign(hair, far[normal]);
     for (std::size_t const along : {(normal + 1) % 3, (normal + 2) % 3}) {
         std::size_t const across = 3 - normal - along;
         AxisTicks const ticks = AxisTicks::create(m_space.min(static_cast<int>(along)),
@@ -219,6 +221,7 @@ void SpaceAxes::addText(std::string const& text, QPointF const& at, QPointF cons
     if (m_textCount == m_texts.size()) {
         m_texts.push_back(vtkSmartPointer<vtkTextActor>::New());
         m_texts.back()->PickableOff();
+        m_texts.back()->GetPositionCoordinate()->SetCoordinateSystemToViewport();
         m_stage.AddActor2D(m_texts.back());
     }
     vtkTextActor& actor = *m_texts[m_textCount++];
@@ -234,7 +237,7 @@ void SpaceAxes::addText(std::string const& text, QPointF const& at, QPointF cons
                                       : outward.y() > 0.45 ? VTK_TEXT_BOTTOM
                                                            : VTK_TEXT_CENTERED);
     actor.SetInput(text.c_str());
-    actor.SetDisplayPosition(static_cast<int>(std::lround(at.x())), static_cast<int>(std::lround(at.y())));
+    actor.SetPosition(std::round(at.x()), std::round(at.y()));
     actor.VisibilityOn();
 }
 

@@ -72,6 +72,9 @@ TEST(FieldPlotInSpace, ShowsPolyhedraAndMixedCells)
     page.picture("space-polyhedron");
     EXPECT_GT(PlotTestPage::colouredPixels(page.plot(0)), 3000);
     EXPECT_GT(PlotTestPage::colouredPixels(page.plot(1)), 1500);
+    for (std::size_t const frame : {0U, 1U})
+        EXPECT_GT(PlotTestPage::pixelsNear(page.plot(frame).copy(0, 0, 300, 600), app::PlotTheme::text(), 10), 20)
+            << "the names of the axes stand beside the box of frame " << frame;
 }
 
 TEST(FieldPlotInSpace, ShadesSurfacesWhenTheFloodIsOff)

@@ -51,7 +51,9 @@ TEST(OrderedShape, TakesASheetWhateverItsDirections)
         auto const shape = app::OrderedShape::create(zone, false);
         EXPECT_EQ(shape.cellCount(), 12);
         EXPECT_EQ(shape.pointCount, 20);
-        EXPECT_EQ(shape.points.back(), 19);
+        for (std::int64_t n = 0; n < 20; ++n)
+            EXPECT_EQ(shape.pointOf(n), n);
+        EXPECT_EQ(shape.cellOf(11), 3 + 5 * 2);
     }
 }
 

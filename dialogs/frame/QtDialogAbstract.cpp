@@ -3,10 +3,13 @@
 #include "dialogs/bindings/RelevanceApplier.h"
 #include "platform/vdsdkuicommon/IdleDispatcher.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QCloseEvent>
 #include <QDialogButtonBox>
+#include <QLabel>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QShowEvent>
 
 #include <utility>
@@ -14,6 +17,16 @@
 namespace veldraw::dialogs::common {
 
 using sdk::ui::dialogs::propertybindings::RelevanceApplier;
+
+namespace {
+
+QString withoutMnemonic(QString text)
+{
+    // "&&" stands for one that is read.
+    return text.remove(QRegularExpression(QStringLiteral("&(?!&)")));
+}
+
+} // namespace
 
 QtDialogAbstract::QtDialogAbstract(QWidget& parent,
                                    boost::shared_ptr<sdk::ui::propertymanager::RelevanceInterface const> relevance)
@@ -101,6 +114,7 @@ void QtDialogAbstract::wireOnce()
     rememberFormSize();
     wireCloseButtons();
     takeDefaultsOffButtons();
+    nameInputsAfterTheirLabels();
     if (m_relevance)
         m_relevanceApplier = std::make_unique<RelevanceApplier>(
             m_relevance, relevanceTargets(), RelevanceApplier::EnableDisable, RelevanceApplier::UpdateOnIdle);
@@ -118,6 +132,15 @@ void QtDialogAbstract::takeDefaultsOffButtons()
     for (QPushButton* const button : findChildren<QPushButton*>()) {
         button->setAutoDefault(false);
         button->setDefault(false);
+    }
+}
+
+void QtDialogAbstract::nameInputsAfterTheirLabels()
+{
+    for (QLabel const* const label : findChildren<QLabel*>()) {
+        QAccessibleInterface const* const input = QAccessible::queryAccessibleInterface(label->buddy());
+        if (input && input->text(QAccessible::Name).isEmpty())
+            label->buddy()->setAccessibleName(withoutMnemonic(label->text()));
     }
 }
 

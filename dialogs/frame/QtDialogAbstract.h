@@ -29,6 +29,7 @@ namespace veldraw::dialogs::common {
 /// - Close and Escape hide it. No button is a default or auto-default one: Return in a field or a list must not run an
 ///   action that may delete data.
 /// - With a rule, its content and its action buttons can be used only while the rule is true; Close and Help always.
+/// - Inputs that Qt does not name by their label, such as lists, get its text as their accessible name.
 /// - Registered state is restored when the dialog appears and saved when it goes, by whatever way.
 class VDSDKDIALOGS_DATA_QT_API QtDialogAbstract : public QDialog, public virtual DialogInterface
 {
@@ -64,6 +65,7 @@ private:
     void wireOnce();
     void wireCloseButtons();
     void takeDefaultsOffButtons();
+    void nameInputsAfterTheirLabels();
     void applyRelevance();
     void focusFirstWidget();
     void rememberFormSize() const;

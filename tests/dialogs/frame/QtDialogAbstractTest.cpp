@@ -287,7 +287,7 @@ protected:
         HelpLauncher::install([this](std::string const& topic) { topics.push_back(topic); });
         dialog.setHelpAction(new LaunchHelpAction("sample.html", dialog));
         dialog.launch();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+        EXPECT_TRUE(QTest::qWaitFor([this] { return QApplication::activeWindow() == &dialog; }));
     }
     ~HelpTest() override { HelpLauncher::install(HelpLauncher::Opener()); }
 

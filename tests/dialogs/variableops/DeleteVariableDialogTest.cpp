@@ -1,0 +1,215 @@
+#include "platform/vdsdkuicommon/HelpLauncher.h"
+#include "tests/dialogs/support/FormTable.h"
+#include "tests/dialogs/variableops/DeleteVariableFixture.h"
+
+#include <QPointer>
+#include <QVBoxLayout>
+
+#include <gmock/gmock.h>
+
+namespace veldraw::tests {
+namespace {
+
+using sdk::ui::common::HelpLauncher;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class DeleteVariableDialogTest : public DeleteVariableFixture
+{
+};
+
+TEST_F(DeleteVariableDialogTest, LooksAsItsFormSays)
+{
+    EXPECT_THAT(formTable(launched()),
+                ElementsAre("DeleteVariable | veldraw::dialogs::common::QtDialogAbstract | Delete Variable |  | ",
+                            "deleteVariable_SelectVariable_Static | QLabel | &Select variable(s) to delete |  | "
+                            "deleteVariable_Select_MList",
+                            "deleteVariable_Select_MList | QListView |  |  | ", "buttonBox | QDialogButtonBox |  |  | ",
+                            " | QPushButton | Close |  | ", " | QPushButton | &Delete |  | ",
+                            " | QPushButton | Help |  | "));
+    EXPECT_EQ(dialog().size(), QSize(279, 260));
+    EXPECT_EQ(dialog().sizePolicy().horizontalPolicy(), QSizePolicy::Expanding);
+    EXPECT_EQ(dialog().sizePolicy().verticalPolicy(), QSizePolicy::Expanding);
+    EXPECT_FALSE(dialog().isModal());
+    EXPECT_EQ(list().selectionMode(), QAbstractItemView::MultiSelection);
+    EXPECT_TRUE(qobject_cast<QVBoxLayout*>(dialog().layout()));
+    EXPECT_EQ(dialog().layout()->objectName(), QStringLiteral("verticalLayout"));
+    EXPECT_EQ(buttonBox().standardButtons(), QDialogButtonBox::Close | QDialogButtonBox::Help);
+    EXPECT_EQ(buttonBox().buttonRole(&deleteButton()), QDialogButtonBox::ActionRole);
+}
+
+TEST_F(DeleteVariableDialogTest, CanBeWalkedByTabInReadingOrder)
+{
+    EXPECT_EQ(tabOrder(launched()).front(), "deleteVariable_Select_MList");
+    EXPECT_EQ(dialog().focusWidget(), &list());
+}
+
+TEST_F(DeleteVariableDialogTest, HasUniqueMnemonicsAndNamesItsInputsToScreenReaders)
+{
+    EXPECT_THAT(repeatedMnemonics(launched()), IsEmpty());
+    EXPECT_THAT(inputsWithoutAccessibleName(dialog()), IsEmpty());
+    EXPECT_EQ(list().accessibleName(), QStringLiteral("Select variable(s) to delete"));
+}
+
+TEST_F(DeleteVariableDialogTest, ListsTheEnabledVariables)
+{
+    launched();
+    EXPECT_THAT(rows(), ElementsAre("1: X", "2: Y", "3: P", "4: T"));
+    sample.session().setVariableEnabled(sample.dataSet(), 2, false);
+    EXPECT_THAT(rows(), ElementsAre("1: X", "3: P", "4: T"));
+}
+
+TEST_F(DeleteVariableDialogTest, DeletesTheSelectedVariablesAndStaysOpenWithTheRest)
+{
+    launched();
+    clickRow(1);
+    clickRow(3);
+    EXPECT_THAT(rows(), ElementsAre("1: X", "*2: Y", "3: P", "*4: T"));
+    clickDelete();
+    EXPECT_THAT(messages.take(), ElementsAre("information: Variable deletion successful"));
+    EXPECT_THAT(variableNames(), ElementsAre("X", "P"));
+    EXPECT_TRUE(dialog().isVisible());
+    EXPECT_THAT(rows(), ElementsAre(testing::EndsWith("1: X"), testing::EndsWith("2: P")));
+}
+
+TEST_F(DeleteVariableDialogTest, TakesAVariableBackWithASecondClick)
+{
+    launched();
+    clickRow(1);
+    clickRow(2);
+    clickRow(1);
+    EXPECT_THAT(rows(), ElementsAre("1: X", "2: Y", "*3: P", "4: T"));
+}
+
+TEST_F(DeleteVariableDialogTest, SaysSoWhenNothingIsSelected)
+{
+    launched();
+    clickDelete();
+    EXPECT_THAT(messages.take(), ElementsAre("error: No variables are selected"));
+    EXPECT_THAT(variableNames(), ElementsAre("X", "Y", "P", "T"));
+}
+
+TEST_F(DeleteVariableDialogTest, RefusesToDeleteAllEnabledVariablesHoweverMany)
+{
+    launched();
+    for (int row = 0; row < 4; ++row)
+        clickRow(row);
+    clickDelete();
+    EXPECT_THAT(messages.take(), ElementsAre("error: Cannot delete the last variable in a data set."));
+    EXPECT_THAT(variableNames(), ElementsAre("X", "Y", "P", "T"));
+    EXPECT_THAT(rows(), ElementsAre("*1: X", "*2: Y", "*3: P", "*4: T"));
+}
+
+TEST_F(DeleteVariableDialogTest, NeverTakesTheOnlyEnabledVariable)
+{
+    for (int const variable : {1, 2, 4})
+        sample.session().setVariableEnabled(sample.dataSet(), variable, false);
+    launched();
+    EXPECT_THAT(rows(), ElementsAre("3: P"));
+    clickRow(0);
+    clickDelete();
+    EXPECT_THAT(messages.take(), ElementsAre("error: Cannot delete the last variable in a data set."));
+    EXPECT_EQ(variableNames().size(), 4u);
+}
+
+TEST_F(DeleteVariableDialogTest, CanBeUsedByKeyboardAlone)
+{
+    launched();
+    QTest::keyClick(dialog().focusWidget(), Qt::Key_S, Qt::AltModifier);
+    EXPECT_EQ(dialog().focusWidget(), &list());
+    QTest::keyClick(&list(), Qt::Key_Home);
+    list().clearSelection();
+    QTest::keyClick(&list(), Qt::Key_Down);
+    QTest::keyClick(&list(), Qt::Key_Down);
+    QTest::keyClick(&list(), Qt::Key_Space);
+    EXPECT_THAT(rows(), ElementsAre("1: X", "2: Y", "*3: P", "4: T"));
+    QTest::keyClick(&list(), Qt::Key_D, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return variableNames().size() == 3; }));
+    EXPECT_THAT(messages.take(), ElementsAre("information: Variable deletion successful"));
+    EXPECT_THAT(variableNames(), ElementsAre("X", "Y", "T"));
+    QTest::keyClick(&list(), Qt::Key_Escape);
+    EXPECT_FALSE(dialog().isVisible());
+}
+
+TEST_F(DeleteVariableDialogTest, IsNotDrivenByReturn)
+{
+    launched();
+    clickRow(2);
+    for (QWidget* const widget :
+         {static_cast<QWidget*>(&list()), static_cast<QWidget*>(&deleteButton()), static_cast<QWidget*>(&dialog())}) {
+        widget->setFocus();
+        QTest::keyClick(widget, Qt::Key_Return);
+        QTest::keyClick(widget, Qt::Key_Enter);
+    }
+    EXPECT_THAT(messages.take(), IsEmpty());
+    EXPECT_EQ(variableNames().size(), 4u);
+}
+
+TEST_F(DeleteVariableDialogTest, PressesDeleteBySpace)
+{
+    launched();
+    clickRow(2);
+    deleteButton().setFocus();
+    QTest::keyClick(&deleteButton(), Qt::Key_Space);
+    EXPECT_THAT(variableNames(), ElementsAre("X", "Y", "T"));
+}
+
+TEST_F(DeleteVariableDialogTest, KeepsItsSelectionWhileItIsClosed)
+{
+    launched();
+    clickRow(2);
+    QTest::mouseClick(buttonBox().button(QDialogButtonBox::Close), Qt::LeftButton);
+    EXPECT_FALSE(dialog().isVisible());
+    dialog().launch();
+    EXPECT_TRUE(dialog().isVisible());
+    EXPECT_THAT(rows(), ElementsAre("1: X", "2: Y", "*3: P", "4: T"));
+}
+
+TEST_F(DeleteVariableDialogTest, FollowsUndoAndRenaming)
+{
+    launched();
+    clickRow(3);
+    clickDelete();
+    EXPECT_EQ(rows().size(), 3u);
+    sample.session().undo();
+    EXPECT_EQ(rows().size(), 4u);
+    sample.session().renameVariable(sample.dataSet(), 4, "Temperature");
+    EXPECT_EQ(rows().back(), "4: Temperature");
+    EXPECT_EQ(sample.session().history().redoName(), "");
+}
+
+TEST_F(DeleteVariableDialogTest, CannotBeUsedWithoutADataSet)
+{
+    launched();
+    EXPECT_TRUE(list().isEnabled());
+    sample.session().clear();
+    IdleDispatcher::flush();
+    EXPECT_FALSE(list().isEnabled());
+    EXPECT_FALSE(deleteButton().isEnabled());
+    EXPECT_TRUE(buttonBox().button(QDialogButtonBox::Close)->isEnabled());
+    EXPECT_THAT(rows(), IsEmpty());
+    EXPECT_TRUE(dialog().isVisible());
+}
+
+TEST_F(DeleteVariableDialogTest, OpensItsHelpTopicByF1)
+{
+    std::vector<std::string> topics;
+    HelpLauncher::install([&](std::string const& topic) { topics.push_back(topic); });
+    launched();
+    QTest::keyClick(&list(), Qt::Key_F1);
+    HelpLauncher::install(HelpLauncher::Opener());
+    EXPECT_THAT(topics, ElementsAre("delete_variable.html"));
+}
+
+TEST_F(DeleteVariableDialogTest, LocksTheApplicationWhileItTellsARefusal)
+{
+    int depth = 0;
+    host::MessagePresenter::install([&](std::string const&, MessageBoxType_e) { depth = sdk::AppLock::depth(); });
+    launched();
+    clickDelete();
+    EXPECT_EQ(depth, 1);
+    EXPECT_EQ(sdk::AppLock::depth(), 0);
+}
+
+} // namespace
+} // namespace veldraw::tests

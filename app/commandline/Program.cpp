@@ -84,6 +84,13 @@ bool choosePlatform(CommandLineOptions const& options, char** argv)
     return false;
 }
 
+// Qt's remarks on its surroundings are no part of what a batch has to tell.
+void keepQtQuiet(QtMsgType type, QMessageLogContext const&, QString const& message)
+{
+    if (type == QtCriticalMsg || type == QtFatalMsg)
+        std::fprintf(stderr, "veldraw: %s\n", qPrintable(message));
+}
+
 int refuse(QTextStream& err, CommandLineOptions const& options)
 {
     err << QStringLiteral("veldraw: %1\nTry 'veldraw --help'.\n").arg(options.error);
@@ -112,6 +119,8 @@ int runProgram(int argc, char** argv)
     if (!choosePlatform(early, argv))
         return failed;
 
+    if (early.isBatch())
+        qInstallMessageHandler(keepQtQuiet);
     Application application(argc, argv);
     host::KernelBridge::install();
     // Qt has taken its own options out by now, so what is unknown here is wrong.

@@ -9,6 +9,18 @@
 
 namespace veldraw::app {
 
+namespace {
+
+// Widths of the columns from the name on; the last column has the rest.
+void setColumnWidths(RecordView& view, std::initializer_list<int> widths)
+{
+    int column = SnapshotTableModel::NameColumn;
+    for (int const width : widths)
+        view.header()->resizeSection(column++, width);
+}
+
+} // namespace
+
 DataPanel::DataPanel(kernel::Session& session, QWidget* parent)
     : QWidget(parent)
     , m_frames(session)
@@ -29,11 +41,9 @@ DataPanel::DataPanel(kernel::Session& session, QWidget* parent)
     splitter->setStretchFactor(2, 2);
     m_frameView->setPreferredRows(4);
     m_variableView->setPreferredRows(10);
-    m_frameView->header()->resizeSection(1, 150);
-    m_zoneView->header()->resizeSection(1, 110);
-    m_zoneView->header()->resizeSection(2, 76);
-    m_variableView->header()->resizeSection(1, 92);
-    m_variableView->header()->resizeSection(2, 124);
+    setColumnWidths(*m_frameView, {180});
+    setColumnWidths(*m_zoneView, {130, 84});
+    setColumnWidths(*m_variableView, {112, 146});
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(4, 4, 4, 4);
     layout->addWidget(splitter);

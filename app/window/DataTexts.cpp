@@ -127,7 +127,7 @@ QString rangeText(kernel::ValueRange const& range)
 {
     if (!range.isValid())
         return QStringLiteral("no values");
-    return QString::fromUtf8("%1 … %2").arg(range.min, 0, 'g', 6).arg(range.max, 0, 'g', 6);
+    return QString::fromUtf8("%1 … %2").arg(range.min, 0, 'g', 5).arg(range.max, 0, 'g', 5);
 }
 
 std::int64_t pointCount(kernel::DataSet const& dataSet)

@@ -74,7 +74,7 @@ MainWindow::MainWindow(kernel::Session& session, CentralView view, ImportJob::Re
     connectParts();
     fillRecentMenu();
     refresh();
-    resize(1280, 860);
+    resize(1360, 880);
     restoreLayout();
 }
 
@@ -268,8 +268,11 @@ void MainWindow::makeDocks()
     m_plotDock = addDock("plotDock", QStringLiteral("Plot"), *m_assignmentPanel, Qt::LeftDockWidgetArea);
     m_messageDock = addDock("messageDock", QStringLiteral("Messages"), *m_messagePanel, Qt::BottomDockWidgetArea);
     tabifyDockWidget(m_dataDock, m_plotDock);
+    // The tabs say already what these are.
+    m_dataDock->setTitleBarWidget(new QWidget);
+    m_plotDock->setTitleBarWidget(new QWidget);
     m_dataDock->raise();
-    resizeDocks({m_dataDock}, {330}, Qt::Horizontal);
+    resizeDocks({m_dataDock}, {384}, Qt::Horizontal);
     resizeDocks({m_messageDock}, {96}, Qt::Vertical);
 }
 

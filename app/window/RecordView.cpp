@@ -24,14 +24,14 @@ RecordView::RecordView(SnapshotTableModel& tableModel, QString const& name, QStr
     header()->setSectionResizeMode(QHeaderView::Interactive);
     header()->setSectionsMovable(false);
     header()->resizeSection(SnapshotTableModel::NumberColumn,
-                            fontMetrics().horizontalAdvance(QLatin1Char('0')) * 4 + 28);
+                            fontMetrics().horizontalAdvance(QLatin1Char('0')) * 3 + 30);
     header()->setMinimumSectionSize(24);
 }
 
 QSize RecordView::sizeHint() const
 {
     int const rowHeight = fontMetrics().height() + 4;
-    return {300, header()->sizeHint().height() + m_preferredRows * rowHeight + 2 * frameWidth()};
+    return {372, header()->sizeHint().height() + m_preferredRows * rowHeight + 2 * frameWidth()};
 }
 
 bool RecordView::edit(QModelIndex const& index, EditTrigger trigger, QEvent* event)

@@ -180,7 +180,7 @@ bool SnapshotTableModel::edit(Row const& row, QModelIndex const& index, QVariant
 {
     if (role == Qt::EditRole && index.column() == NameColumn) {
         QString const name = value.toString().trimmed();
-        return name == row.texts.value(NameColumn) || (!name.isEmpty() && rename(row.id, name));
+        return name == row.texts.value(NameColumn) || rename(row.id, name); // what is no name, the session refuses
     }
     if (role == Qt::CheckStateRole && m_isCheckable && index.column() == NumberColumn)
         return setChecked(row.id, value.toInt() == Qt::Checked);

@@ -1,0 +1,65 @@
+#include "app/commandline/CommandLineOptions.h"
+
+#include <gtest/gtest.h>
+
+namespace veldraw::tests {
+
+namespace {
+
+app::CommandLineOptions parse(QStringList arguments)
+{
+    arguments.prepend(QStringLiteral("veldraw"));
+    return app::CommandLineOptions::parse(arguments);
+}
+
+} // namespace
+
+TEST(CommandLineOptions, FilesAloneOpenTheWindow)
+{
+    auto const options = parse({QStringLiteral("a.vtu"), QStringLiteral("b.csv")});
+    EXPECT_EQ((QStringList{QStringLiteral("a.vtu"), QStringLiteral("b.csv")}), options.files);
+    EXPECT_FALSE(options.isBatch());
+    EXPECT_TRUE(options.error.isEmpty());
+}
+
+TEST(CommandLineOptions, NothingAtAllOpensAnEmptyWindow)
+{
+    EXPECT_FALSE(parse({}).isBatch());
+    EXPECT_TRUE(parse({}).error.isEmpty());
+}
+
+TEST(CommandLineOptions, VariablesAreCollectedInOrder)
+{
+    auto const options = parse({QStringLiteral("a.vtu"), QStringLiteral("--delete-variable"), QStringLiteral("v 1"),
+                                QStringLiteral("--delete-variable=u")});
+    EXPECT_EQ((QStringList{QStringLiteral("v 1"), QStringLiteral("u")}), options.variablesToDelete);
+    EXPECT_TRUE(options.isBatch());
+}
+
+TEST(CommandLineOptions, ActionsNeedAFile)
+{
+    EXPECT_FALSE(parse({QStringLiteral("--info")}).error.isEmpty());
+    EXPECT_FALSE(parse({QStringLiteral("--picture"), QStringLiteral("a.png")}).error.isEmpty());
+}
+
+TEST(CommandLineOptions, OnlyOneFileCanBeChangedOrSaved)
+{
+    QStringList const files{QStringLiteral("a"), QStringLiteral("b")};
+    EXPECT_FALSE(parse(files + QStringList{QStringLiteral("--export"), QStringLiteral("c.csv")}).error.isEmpty());
+    EXPECT_FALSE(parse(files + QStringList{QStringLiteral("--delete-variable"), QStringLiteral("v")}).error.isEmpty());
+    EXPECT_TRUE(parse(files + QStringList{QStringLiteral("--info")}).error.isEmpty());
+}
+
+TEST(CommandLineOptions, AfterTwoDashesEverythingIsAFile)
+{
+    auto const options = parse({QStringLiteral("--"), QStringLiteral("--info")});
+    EXPECT_EQ(QStringList{QStringLiteral("--info")}, options.files);
+    EXPECT_FALSE(options.isBatch());
+}
+
+TEST(CommandLineOptions, WhatIsUnknownIsAnError)
+{
+    EXPECT_FALSE(parse({QStringLiteral("--nonsense")}).error.isEmpty());
+}
+
+} // namespace veldraw::tests

@@ -1,0 +1,50 @@
+#include "app/window/DataTexts.h"
+
+#include "tests/app/window/WindowTest.h"
+
+namespace veldraw::tests {
+
+namespace {
+
+class DataTextsTest : public WindowTest
+{
+};
+
+} // namespace
+
+TEST_F(DataTextsTest, GroupsTheDigitsOfLargeNumbers)
+{
+    EXPECT_EQ(QStringLiteral("0"), app::countText(0));
+    EXPECT_EQ(QStringLiteral("999"), app::countText(999));
+    EXPECT_EQ(QString::fromUtf8("1\u2009234\u2009567"), app::countText(1234567));
+}
+
+TEST_F(DataTextsTest, TellsTheCommonLocation)
+{
+    auto const flow = makeFlow();
+    EXPECT_EQ(QStringLiteral("nodal"), app::variableLocationText(*flow, 1));
+    EXPECT_EQ(QStringLiteral("cell"), app::variableLocationText(*flow, 3));
+    flow->addVariable(std::make_shared<kernel::Variable>("empty"));
+    EXPECT_EQ(QStringLiteral("passive"), app::variableLocationText(*flow, 4));
+}
+
+TEST_F(DataTextsTest, TheRangeOfAVariableIsThatOfAllZones)
+{
+    auto const flow = makeFlow();
+    kernel::ValueRange const range = app::variableRange(*flow, 1);
+    EXPECT_EQ(0, range.min);
+    EXPECT_EQ(3, range.max);
+    EXPECT_FALSE(app::variableRange(*flow, 99).isValid());
+}
+
+TEST_F(DataTextsTest, SharedStorageCountsOnce)
+{
+    auto const flow = makeFlow();
+    std::int64_t const before = app::valueBytes(*flow);
+    auto const copy = std::make_shared<kernel::Zone>(*flow->zone(1));
+    flow->addZone(copy);
+    EXPECT_EQ(before, app::valueBytes(*flow));
+    EXPECT_EQ(28, app::pointCount(*flow));
+}
+
+} // namespace veldraw::tests

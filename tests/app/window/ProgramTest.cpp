@@ -1,0 +1,210 @@
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QProcess>
+#include <QSet>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace veldraw::tests {
+
+namespace {
+
+struct Outcome
+{
+    int status;
+    std::string out;
+    std::string err;
+};
+
+class ProgramTest : public ::testing::Test
+{
+protected:
+    // No display, unless a test needs one and makes its own.
+    static Outcome run(QStringList const& arguments)
+    {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.remove(QStringLiteral("DISPLAY"));
+        environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
+        environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
+        QProcess process;
+        process.setProcessEnvironment(environment);
+        process.start(QStringLiteral(VELDRAW_PROGRAM), arguments);
+        bool const ended = process.waitForFinished(120000);
+        EXPECT_TRUE(ended);
+        EXPECT_EQ(QProcess::NormalExit, process.exitStatus());
+        return {process.exitCode(), process.readAllStandardOutput().toStdString(),
+                process.readAllStandardError().toStdString()};
+    }
+
+    QString writeFile(QString const& name, QByteArray const& content)
+    {
+        QString const path = folder.filePath(name);
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(content);
+        return path;
+    }
+
+    QString table() { return writeFile(QStringLiteral("series.csv"), "t,v,w\n0,0,5\n1,1,6\n2,4,7\n"); }
+
+    static QByteArray read(QString const& path)
+    {
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
+        return file.readAll();
+    }
+
+    QTemporaryDir folder;
+};
+
+bool contains(std::string const& text, std::string const& part)
+{
+    return text.find(part) != std::string::npos;
+}
+
+} // namespace
+
+TEST_F(ProgramTest, HelpTellsEveryOption)
+{
+    Outcome const outcome = run({QStringLiteral("--help")});
+    EXPECT_EQ(0, outcome.status);
+    for (char const* option : {"--export", "--delete-variable", "--picture", "--info", "--version", "--help"})
+        EXPECT_TRUE(contains(outcome.out, option)) << option;
+    EXPECT_EQ("", outcome.err);
+}
+
+TEST_F(ProgramTest, VersionIsOneLine)
+{
+    Outcome const outcome = run({QStringLiteral("--version")});
+    EXPECT_EQ(0, outcome.status);
+    EXPECT_EQ(0u, outcome.out.find("veldraw "));
+    EXPECT_EQ(outcome.out.size() - 1, outcome.out.find('\n'));
+}
+
+TEST_F(ProgramTest, InfoPrintsZonesVariablesAndRanges)
+{
+    Outcome const outcome = run({table(), QStringLiteral("--info")});
+    EXPECT_EQ(0, outcome.status) << outcome.err;
+    EXPECT_TRUE(contains(outcome.out, "Zones: 1\n")) << outcome.out;
+    EXPECT_TRUE(contains(outcome.out, "ordered 3 x 1 x 1, 3 points, 2 cells\n")) << outcome.out;
+    EXPECT_TRUE(contains(outcome.out, "Variables: 3\n")) << outcome.out;
+    EXPECT_TRUE(contains(outcome.out, "  2  v  nodal double, 0 to 4\n")) << outcome.out;
+}
+
+TEST_F(ProgramTest, InfoTakesSeveralFiles)
+{
+    Outcome const outcome =
+        run({table(), writeFile(QStringLiteral("other.csv"), "a,b\n1,2\n3,4\n"), QStringLiteral("--info")});
+    EXPECT_EQ(0, outcome.status) << outcome.err;
+    EXPECT_TRUE(contains(outcome.out, "series.csv"));
+    EXPECT_TRUE(contains(outcome.out, "other.csv"));
+}
+
+TEST_F(ProgramTest, DeletesVariablesAndSavesTheRest)
+{
+    QString const out = folder.filePath(QStringLiteral("rest.csv"));
+    Outcome const outcome =
+        run({table(), QStringLiteral("--delete-variable"), QStringLiteral("v"), QStringLiteral("--export"), out});
+    EXPECT_EQ(0, outcome.status) << outcome.err;
+    Outcome const info = run({out, QStringLiteral("--info")});
+    EXPECT_TRUE(contains(info.out, "Variables: 2\n")) << info.out;
+    EXPECT_TRUE(contains(info.out, "  2  w  nodal double, 5 to 7\n")) << info.out;
+}
+
+TEST_F(ProgramTest, DeletesSeveralVariablesInOneGo)
+{
+    Outcome const outcome = run({table(), QStringLiteral("--delete-variable"), QStringLiteral("v"),
+                                 QStringLiteral("--delete-variable"), QStringLiteral("t"), QStringLiteral("--info")});
+    EXPECT_EQ(0, outcome.status) << outcome.err;
+    EXPECT_TRUE(contains(outcome.out, "Variables: 1\n")) << outcome.out;
+}
+
+TEST_F(ProgramTest, RefusesToDeleteEveryVariable)
+{
+    QString const out = folder.filePath(QStringLiteral("rest.csv"));
+    QStringList arguments{table(), QStringLiteral("--export"), out};
+    for (char const* name : {"t", "v", "w"})
+        arguments << QStringLiteral("--delete-variable") << QString::fromLatin1(name);
+    Outcome const outcome = run(arguments);
+    EXPECT_EQ(1, outcome.status);
+    EXPECT_EQ(0u, outcome.err.find("veldraw: "));
+    EXPECT_GT(outcome.err.size(), std::string("veldraw: \n").size());
+    EXPECT_FALSE(QFile::exists(out));
+}
+
+TEST_F(ProgramTest, TellsAVariableThatIsNotThere)
+{
+    Outcome const outcome = run({table(), QStringLiteral("--delete-variable"), QStringLiteral("speed")});
+    EXPECT_EQ(1, outcome.status);
+    EXPECT_EQ("veldraw: there is no variable called \"speed\"\n", outcome.err);
+}
+
+TEST_F(ProgramTest, TellsAFileThatIsNotThere)
+{
+    Outcome const outcome = run({folder.filePath(QStringLiteral("gone.csv")), QStringLiteral("--info")});
+    EXPECT_EQ(1, outcome.status);
+    EXPECT_TRUE(contains(outcome.err, "gone.csv")) << outcome.err;
+    EXPECT_EQ("", outcome.out);
+}
+
+TEST_F(ProgramTest, TellsAFormatThatItCannotWrite)
+{
+    Outcome const outcome = run({table(), QStringLiteral("--export"), folder.filePath(QStringLiteral("out.xyz"))});
+    EXPECT_EQ(1, outcome.status);
+    EXPECT_TRUE(contains(outcome.err, "out.xyz")) << outcome.err;
+}
+
+TEST_F(ProgramTest, AWrongCommandLineHasAStatusOfItsOwn)
+{
+    EXPECT_EQ(2, run({QStringLiteral("--nonsense")}).status);
+    EXPECT_EQ(2, run({QStringLiteral("--info")}).status);
+    EXPECT_EQ(2, run({table(), QStringLiteral("--export")}).status);
+    Outcome const outcome = run({table(), table(), QStringLiteral("--export"), QStringLiteral("x.csv")});
+    EXPECT_EQ(2, outcome.status);
+    EXPECT_TRUE(contains(outcome.err, "--help")) << outcome.err;
+}
+
+TEST_F(ProgramTest, SaysThatTheWindowNeedsADisplay)
+{
+    Outcome const outcome = run({table()});
+    EXPECT_EQ(1, outcome.status);
+    EXPECT_TRUE(contains(outcome.err, "no display")) << outcome.err;
+}
+
+TEST_F(ProgramTest, OpensFilesWithDifficultNames)
+{
+    QString const path = writeFile(QString::fromUtf8("Größe \"2\" 速度 %1.csv"), "t,v\n0,0\n1,1\n");
+    Outcome const outcome = run({path, QStringLiteral("--info")});
+    EXPECT_EQ(0, outcome.status) << outcome.err;
+    EXPECT_TRUE(contains(outcome.out, path.toStdString())) << outcome.out;
+}
+
+TEST_F(ProgramTest, PrintsNumbersWithAPointInEveryLocale)
+{
+    qputenv("LC_ALL", "de_DE.UTF-8");
+    Outcome const outcome =
+        run({writeFile(QStringLiteral("half.csv"), "t,v\n0,0.5\n1,1.5\n"), QStringLiteral("--info")});
+    qunsetenv("LC_ALL");
+    EXPECT_TRUE(contains(outcome.out, "0.5 to 1.5")) << outcome.out;
+}
+
+TEST_F(ProgramTest, MakesAPictureOnAVirtualDisplay)
+{
+    ASSERT_FALSE(QStandardPaths::findExecutable(QStringLiteral("xvfb-run")).isEmpty());
+    QString const path = folder.filePath(QStringLiteral("page.png"));
+    Outcome const outcome = run({table(), QStringLiteral("--picture"), path});
+    EXPECT_EQ(0, outcome.status) << outcome.err;
+    QImage const picture(path);
+    ASSERT_FALSE(picture.isNull());
+    // Something is drawn: a page of one colour has been forgotten by somebody.
+    QSet<QRgb> colours;
+    for (int y = 0; y < picture.height(); y += 3)
+        for (int x = 0; x < picture.width(); x += 3)
+            colours.insert(picture.pixel(x, y));
+    EXPECT_GT(colours.size(), 10);
+}
+
+} // namespace veldraw::tests

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "app/window/MainWindow.h"
+#include "kernel/frames/Session.h"
+
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace veldraw::tests {
+
+/// A main window over the real kernel with a plain widget in its middle, settings of its own, and messages that are noted
+/// instead of shown.
+class WindowTest : public ::testing::Test
+{
+protected:
+    WindowTest();
+    ~WindowTest() override;
+
+    /// Two ordered zones, "inlet" (4 x 3) and "outlet" (2 x 2); X and Y nodal from 0, P cell-centred from 10.
+    static std::shared_ptr<kernel::DataSet> makeFlow();
+
+    /// One I-ordered zone with t = 0..4 and v = t * t.
+    static std::shared_ptr<kernel::DataSet> makeSeries();
+
+    /// A frame on the page, called @p name.
+    void openFrames(std::vector<std::pair<std::string, std::shared_ptr<kernel::DataSet>>> const& contents);
+    void openFlow() { openFrames({{"flow", makeFlow()}}); }
+
+    /// Makes the window and shows it as the active one.
+    app::MainWindow& showWindow();
+
+    /// Runs what waits for idle.
+    static void settle();
+
+    QAction& action(char const* name);
+
+    /// Presses @p key in the modal window that the next event loop brings up; notes the window's object name.
+    void answerModal(Qt::Key key, QString* objectName = nullptr);
+
+    /// Writes a file into the test's folder. @return its path
+    QString writeFile(QString const& name, QByteArray const& content);
+
+    static QByteArray goodTable() { return "t,v\n0,0\n1,1\n2,4\n"; }
+
+    kernel::Session& session;
+    QTemporaryDir folder;
+    std::vector<std::string> messages; ///< errors and informations, in order
+    int fits = 0;                      ///< calls of the view's fit
+    QWidget* middle = nullptr;
+    std::unique_ptr<app::MainWindow> window;
+};
+
+} // namespace veldraw::tests

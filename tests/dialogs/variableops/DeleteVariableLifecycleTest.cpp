@@ -60,8 +60,9 @@ TEST_F(DeleteVariableLifecycleTest, IsNoLongerHandedOutWhileItIsTornDown)
     QWidget other;
     DeleteVariableDialog* const first = &dialog();
     QPointer<DeleteVariableDialog> second;
-    // The list goes late, with the other children; by then a fresh dialog is what everybody gets.
-    QObject::connect(&list(), &QObject::destroyed, &other, [&] { second = &DeleteVariableDialog::getInstance(other); });
+    // The bindings go first of all that the dialog owns, and the list binding takes its item model along.
+    QObject::connect(list().model(), &QObject::destroyed, &other,
+                     [&] { second = &DeleteVariableDialog::getInstance(other); });
     delete first;
     ASSERT_FALSE(second.isNull());
     EXPECT_NE(second.data(), first);

@@ -1,5 +1,6 @@
 #include "app/import/VtkFile.h"
 
+#include "app/import/CheckedMeshReader.h"
 #include "app/import/ImportError.h"
 #include "app/import/LegacyHeaderCheck.h"
 #include "app/import/XmlHeaderCheck.h"
@@ -13,7 +14,6 @@
 #include <vtkXMLPolyDataReader.h>
 #include <vtkXMLRectilinearGridReader.h>
 #include <vtkXMLStructuredGridReader.h>
-#include <vtkXMLUnstructuredGridReader.h>
 
 #include <filesystem>
 #include <new>
@@ -50,7 +50,7 @@ vtkSmartPointer<vtkXMLReader> xmlReader(std::string const& extension)
     if (extension == "vts")
         return vtkSmartPointer<vtkXMLStructuredGridReader>::New();
     if (extension == "vtu")
-        return vtkSmartPointer<vtkXMLUnstructuredGridReader>::New();
+        return vtkSmartPointer<CheckedMeshReader>::New();
     if (extension == "vtp")
         return vtkSmartPointer<vtkXMLPolyDataReader>::New();
     return nullptr;
@@ -84,7 +84,10 @@ vtkSmartPointer<vtkDataObject> readXml(vtkXMLReader& reader, std::string const& 
     if (!reader.CanReadFile(path.c_str()))
         throw ImportError("it is no VTK XML file of the kind that ." + extension +
                           " stands for, or its start is damaged");
-    XmlHeaderCheck(path, static_cast<std::int64_t>(std::filesystem::file_size(path))).run();
+    XmlHeaderCheck check(path, static_cast<std::int64_t>(std::filesystem::file_size(path)));
+    check.run();
+    if (!check.hasPoints())
+        return nullptr;
     reader.SetFileName(path.c_str());
     return run(reader, errors, progress);
 }

@@ -12,6 +12,7 @@ namespace veldraw::app {
 /// Reads one VTK file, XML or legacy, with VTK's reader for the extension. Multi-block XML files: see MultiBlockFile.
 /// @param extension lower case, without the dot
 /// @param remarks   takes the reader's warnings
+/// @return null when the header says that there are no points
 /// @throws ImportError     anything that the reader complains about, counts that the file cannot hold, too little memory
 /// @throws ImportCancelled progress() answered false
 vtkSmartPointer<vtkDataObject> readVtkFile(std::string const& path, std::string const& extension,

@@ -26,8 +26,7 @@ void VtkImport::read(std::string const& path, std::string const& extension, std:
         readPieces(path);
         return;
     }
-    auto const object = readVtkFile(path, extension, m_progress, m_remarks);
-    add(*object, title);
+    add(readVtkFile(path, extension, m_progress, m_remarks), title);
 }
 
 void VtkImport::readPieces(std::string const& path)
@@ -58,26 +57,28 @@ void VtkImport::readPiece(std::string const& path, std::string const& extension,
         throw ImportError("files of this kind cannot be parts");
     checkReadable(path);
     m_watch.add(path);
-    add(*readVtkFile(path, extension, m_progress, m_remarks), name);
+    add(readVtkFile(path, extension, m_progress, m_remarks), name);
 }
 
-void VtkImport::add(vtkDataObject& object, std::string const& name)
+void VtkImport::add(vtkDataObject* object, std::string const& name)
 {
-    if (auto* const block = vtkDataSet::SafeDownCast(&object)) {
-        if (block->GetNumberOfPoints() > 0)
-            m_zones.add(BlockImport(*block, name, m_remarks).run());
-        else
-            m_remarks.push_back("Block \"" + name + "\" has no points and was left out");
+    auto* const block = vtkDataSet::SafeDownCast(object);
+    if (!object || (block && block->GetNumberOfPoints() == 0)) {
+        m_remarks.push_back("Block \"" + name + "\" has no points and was left out");
         return;
     }
-    auto* const blocks = vtkMultiBlockDataSet::SafeDownCast(&object);
+    if (block) {
+        m_zones.add(BlockImport(*block, name, m_remarks).run());
+        return;
+    }
+    auto* const blocks = vtkMultiBlockDataSet::SafeDownCast(object);
     if (!blocks)
-        throw ImportError("it contains a " + std::string(object.GetClassName()) + ", which is no grid");
+        throw ImportError("it contains a " + std::string(object->GetClassName()) + ", which is no grid");
     for (unsigned int n = 0; n < blocks->GetNumberOfBlocks(); ++n) {
         if (!blocks->GetBlock(n))
             continue;
         bool const named = blocks->HasMetaData(n) && blocks->GetMetaData(n)->Has(vtkCompositeDataSet::NAME());
-        add(*blocks->GetBlock(n),
+        add(blocks->GetBlock(n),
             named ? blocks->GetMetaData(n)->Get(vtkCompositeDataSet::NAME()) : name + " " + std::to_string(n + 1));
     }
 }

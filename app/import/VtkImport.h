@@ -29,7 +29,7 @@ public:
 private:
     void readPieces(std::string const& path);
     void readPiece(std::string const& path, std::string const& extension, std::string const& name);
-    void add(vtkDataObject& object, std::string const& name);
+    void add(vtkDataObject* object, std::string const& name);
 
     FileWatch& m_watch;
     std::function<bool(double)> m_progress;

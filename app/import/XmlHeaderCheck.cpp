@@ -59,6 +59,7 @@ void XmlHeaderCheck::look(XmlTags::Tag const& tag)
         m_points = tag.number("NumberOfPoints", m_points);
         m_cells = tag.number("NumberOfCells", tag.number("NumberOfVerts", 0.0) + tag.number("NumberOfLines", 0.0) +
                                                   tag.number("NumberOfStrips", 0.0) + tag.number("NumberOfPolys", 0.0));
+        m_allPoints += m_points;
         m_size.addStored(m_uniform ? 0.0 : m_points, 0.0, "points");
     } else if (isSection(tag.name)) {
         m_section = tag.name;
@@ -96,7 +97,7 @@ double XmlHeaderCheck::valuesOf(XmlTags::Tag const& tag) const
     if (m_section == "CellData")
         return components * m_cells;
     if (m_section == "Points")
-        return 3.0 * m_points;
+        return std::max(components, 3.0) * m_points;
     if (m_section == "FieldData" && tag.text("type") != "String")
         return components * tag.number("NumberOfTuples", 0.0);
     return -1.0;
@@ -106,6 +107,8 @@ void XmlHeaderCheck::lookAtArray(XmlTags::Tag const& tag)
 {
     double const bytes = bytesOfType(tag.text("type"));
     double const values = valuesOf(tag);
+    // VTK walks over the components of an array even if it has no values.
+    m_size.addStored(tag.number("NumberOfComponents", 1.0), 0.0, "components of \"" + tag.text("Name") + "\"");
     if (values >= 0.0)
         m_size.addStored(values, bytes, "values of \"" + tag.text("Name") + "\"");
     if (tag.text("format") == "appended")

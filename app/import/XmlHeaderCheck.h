@@ -18,6 +18,9 @@ public:
     /// @throws ImportError when the file cannot contain what its header promises, or memory cannot
     void run();
 
+    /// After run(): false when the header says that there are no points at all.
+    bool hasPoints() const { return m_allPoints > 0.0; }
+
 private:
     struct Appended
     {
@@ -37,7 +40,8 @@ private:
     bool m_compressed = false;
     double m_headerBytes = 4.0;
     bool m_uniform = false;
-    double m_points = 0.0;
+    double m_points = 0.0; // of the present piece
+    double m_allPoints = 0.0;
     double m_cells = 0.0;
     std::string m_section;
     std::vector<Appended> m_appended;

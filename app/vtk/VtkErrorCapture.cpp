@@ -1,5 +1,6 @@
 #include "app/vtk/VtkErrorCapture.h"
 
+#include <vtkLogger.h>
 #include <vtkObjectFactory.h>
 
 #include <algorithm>
@@ -35,13 +36,13 @@ std::string cleaned(std::string const& text)
 class VtkErrorCapture::Window : public vtkOutputWindow
 {
 public:
-    vtkTypeMacro(Window, vtkOutputWindow)
-    static Window* New();
+    vtkTypeMacro(Window, vtkOutputWindow) static Window* New();
 
     void DisplayText(char const*) override {}
     void DisplayErrorText(char const* text) override { add(errors, text); }
     void DisplayWarningText(char const* text) override { add(warnings, text); }
-    void DisplayGenericWarningText(char const* text) override { add(warnings, text); }
+    // The legacy readers only warn when values are missing.
+    void DisplayGenericWarningText(char const* text) override { add(isError(text) ? errors : warnings, text); }
     void DisplayDebugText(char const*) override {}
 
     std::mutex mutex; // VTK's own worker threads may complain too
@@ -49,6 +50,8 @@ public:
     std::vector<std::string> warnings;
 
 protected:
+    static bool isError(char const* text) { return text && cleaned(text).compare(0, 13, "Error reading") == 0; }
+
     void add(std::vector<std::string>& list, char const* text)
     {
         std::lock_guard<std::mutex> const lock(mutex);
@@ -60,16 +63,18 @@ protected:
 
 vtkStandardNewMacro(VtkErrorCapture::Window)
 
-VtkErrorCapture::VtkErrorCapture()
+    VtkErrorCapture::VtkErrorCapture()
     : m_window(vtkSmartPointer<Window>::New())
     , m_previous(vtkOutputWindow::GetInstance())
 {
     vtkOutputWindow::SetInstance(m_window);
+    vtkLogger::SetStderrVerbosity(vtkLogger::VERBOSITY_OFF); // the log repeats what goes to the output window
 }
 
 VtkErrorCapture::~VtkErrorCapture()
 {
     vtkOutputWindow::SetInstance(m_previous);
+    vtkLogger::SetStderrVerbosity(vtkLogger::VERBOSITY_INFO); // as it is when VTK starts
 }
 
 bool VtkErrorCapture::hasErrors() const

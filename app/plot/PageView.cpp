@@ -5,15 +5,11 @@
 #include "app/plot/PlaneView.h"
 #include "app/plot/PlotTheme.h"
 #include "app/plot/SpaceView.h"
-#include "kernel/frames/MouseMode.h"
 
 #include <QGuiApplication>
-#include <QKeyEvent>
-#include <QMouseEvent>
 #include <QResizeEvent>
 #include <QTimer>
 #include <QVTKOpenGLNativeWidget.h>
-#include <QWheelEvent>
 #include <vtkRenderWindowInteractor.h>
 
 #include <algorithm>
@@ -393,8 +389,6 @@ QImage PageView::grabImage()
     return grab().toImage();
 }
 
-// ---- the user ------------------------------------------------------------------------------------------------------
-
 void PageView::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
@@ -416,150 +410,6 @@ bool PageView::event(QEvent* event)
     if (event->type() == QEvent::ScreenChangeInternal || event->type() == QEvent::LanguageChange)
         markAll();
     return QWidget::event(event);
-}
-
-std::shared_ptr<kernel::Frame> PageView::frameAt(QPoint const& position) const
-{
-    auto const page = m_session.activePage();
-    if (!page)
-        return nullptr;
-    for (auto frame = page->frames.rbegin(); frame != page->frames.rend(); ++frame) {
-        auto const slot = m_slots.find((*frame)->id);
-        if (slot != m_slots.end() && slot->second.area.contains(position))
-            return *frame;
-    }
-    return nullptr;
-}
-
-QPointF PageView::inContent(Slot const& slot, QPointF const& position) const
-{
-    QRectF const content = slot.content;
-    return {(position.x() - content.left()) / std::max(1.0, content.width()),
-            (content.bottom() - position.y()) / std::max(1.0, content.height())};
-}
-
-void PageView::mousePressEvent(QMouseEvent* event)
-{
-    if (m_timer->isActive() && m_session.isDrawing())
-        bringUpToDate();
-    auto const frame = frameAt(event->pos());
-    if (!frame)
-        return QWidget::mousePressEvent(event);
-    auto const page = m_session.activePage();
-    if (page->activeFrame != frame->id)
-        m_session.activateFrame(frame->id);
-    m_draggedFrame = frame->id;
-    m_dragButton = event->button();
-    m_pressPosition = event->localPos();
-    m_dragPosition = event->localPos();
-    event->accept();
-}
-
-void PageView::mouseMoveEvent(QMouseEvent* event)
-{
-    FrameView* const view = m_dragButton == Qt::NoButton ? nullptr : frameView(m_draggedFrame);
-    if (!view)
-        return QWidget::mouseMoveEvent(event);
-    Slot const& slot = m_slots.at(m_draggedFrame);
-    dragInView(*view, inContent(slot, m_dragPosition), inContent(slot, event->localPos()), event->modifiers());
-    m_dragPosition = event->localPos();
-    scheduleRefresh();
-    event->accept();
-}
-
-void PageView::dragInView(FrameView& view, QPointF const& from, QPointF const& to, Qt::KeyboardModifiers modifiers)
-{
-    auto const mode = static_cast<kernel::MouseMode>(m_session.mouseMode());
-    bool const isLeft = m_dragButton == Qt::LeftButton;
-    if (m_dragButton == Qt::RightButton || (isLeft && mode == kernel::MouseMode::Zoom))
-        view.zoom(std::exp(2.5 * (to.y() - from.y())), QPointF(0.5, 0.5));
-    else if (isLeft && mode != kernel::MouseMode::Pan && !modifiers.testFlag(Qt::ShiftModifier))
-        view.rotate(from, to);
-    else
-        view.pan(from, to);
-}
-
-void PageView::mouseReleaseEvent(QMouseEvent* event)
-{
-    bool const isClick = (event->localPos() - m_pressPosition).manhattanLength() < 4.0;
-    if (m_dragButton == Qt::LeftButton && isClick &&
-        m_session.mouseMode() == static_cast<int>(kernel::MouseMode::Select))
-        pickAt(event->pos());
-    m_dragButton = Qt::NoButton;
-    m_draggedFrame = 0;
-    event->accept();
-}
-
-void PageView::pickAt(QPoint const& position)
-{
-    auto const frame = m_session.frame(m_draggedFrame);
-    auto const* const view = dynamic_cast<FieldView*>(frameView(m_draggedFrame));
-    if (!frame || !frame->dataSet || !view)
-        return;
-    auto const zone = frame->dataSet->zone(view->zoneAt(inContent(m_slots.at(m_draggedFrame), position)));
-    if (zone)
-        m_session.setPicks({{kernel::Pick::zoneType, zone->id}});
-    else if (!m_session.picks().empty())
-        m_session.setPicks({});
-}
-
-void PageView::mouseDoubleClickEvent(QMouseEvent* event)
-{
-    if (event->button() == Qt::LeftButton && frameAt(event->pos()))
-        fitActiveFrame();
-    event->accept();
-}
-
-void PageView::wheelEvent(QWheelEvent* event)
-{
-    auto const frame = frameAt(event->position().toPoint());
-    FrameView* const view = frame ? frameView(frame->id) : nullptr;
-    if (!view || event->angleDelta().y() == 0)
-        return event->ignore();
-    view->zoom(std::pow(1.15, event->angleDelta().y() / 120.0), inContent(m_slots.at(frame->id), event->position()));
-    scheduleRefresh();
-    event->accept();
-}
-
-void PageView::keyPressEvent(QKeyEvent* event)
-{
-    auto const frame = m_session.activeFrame();
-    FrameView* const view = frame ? frameView(frame->id) : nullptr;
-    if (view && moveByKey(*view, event->key()))
-        return scheduleRefresh();
-    QWidget::keyPressEvent(event);
-}
-
-bool PageView::moveByKey(FrameView& view, int key)
-{
-    constexpr double step = 0.05;
-    QPointF const centre(0.5, 0.5);
-    switch (key) {
-    case Qt::Key_Left:
-        view.rotate(centre, centre - QPointF(step, 0.0));
-        return true;
-    case Qt::Key_Right:
-        view.rotate(centre, centre + QPointF(step, 0.0));
-        return true;
-    case Qt::Key_Up:
-        view.rotate(centre, centre + QPointF(0.0, step));
-        return true;
-    case Qt::Key_Down:
-        view.rotate(centre, centre - QPointF(0.0, step));
-        return true;
-    case Qt::Key_Plus:
-    case Qt::Key_Equal:
-        view.zoom(1.25, centre);
-        return true;
-    case Qt::Key_Minus:
-        view.zoom(0.8, centre);
-        return true;
-    case Qt::Key_Home:
-        view.fit();
-        return true;
-    default:
-        return false;
-    }
 }
 
 } // namespace veldraw::app

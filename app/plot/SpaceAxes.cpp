@@ -148,7 +148,7 @@ void SpaceAxes::drawEdges(std::array<Edge, 3> const& edges)
 void SpaceAxes::drawFace(std::size_t normal, Point const& far, vtkPoints& points, vtkCellArray& lines) const
 {
     // A hair behind the face, so that a surface in the face hides the grid.
-    constexpr double hair = 0.004;
+    constexpr double hair = 0.0015;
     Point base = far;
     base[normal] += std::copysign(hair, far[normal]);
     for (std::size_t const along : {(normal + 1) % 3, (normal + 2) % 3}) {

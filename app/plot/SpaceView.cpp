@@ -91,7 +91,7 @@ void SpaceView::fillStage()
     }
     // Numbers and names stand left of the box and below it, in the view that a plot starts with.
     double const unit = area().pixelRatio;
-    double const left = std::min(76.0 * unit, 0.22 * stageWidth()) / stageWidth();
+    double const left = std::min(76.0 * unit, 0.30 * stageWidth()) / stageWidth();
     double const right = std::min(30.0 * unit, 0.1 * stageWidth()) / stageWidth();
     double const bottom = std::min(56.0 * unit, 0.2 * stageHeight()) / stageHeight();
     double const top = std::min(26.0 * unit, 0.1 * stageHeight()) / stageHeight();

@@ -4,6 +4,7 @@
 #include <QPointer>
 
 #include <gmock/gmock.h>
+#include <stdexcept>
 
 namespace veldraw::tests {
 namespace {
@@ -15,6 +16,20 @@ int listenerCount()
 {
     return StateChangeEventObservable::getInstance().listenerCount();
 }
+
+// Lets the set-up of a dialog's form fail half-way, when it sets the title.
+class FailingForms : public QObject
+{
+public:
+    FailingForms() { qApp->installEventFilter(this); }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::WindowTitleChange && qobject_cast<QDialog*>(watched))
+            throw std::runtime_error("no form");
+        return false;
+    }
+};
 
 class DeleteVariableLifecycleTest : public DeleteVariableFixture
 {
@@ -80,6 +95,20 @@ TEST_F(DeleteVariableLifecycleTest, EndsItsBindingsBeforeItsManagerAndWidgets)
     delete &dialog();
     ASSERT_EQ(order.size(), 3u);
     EXPECT_EQ(order.front(), "list binding");
+}
+
+TEST_F(DeleteVariableLifecycleTest, CanBeMadeAfterAFirstTryThatFailed)
+{
+    DeleteVariableDialog::relevance();
+    int const listeners = listenerCount();
+    {
+        FailingForms const failing;
+        EXPECT_THROW(dialog(), std::runtime_error);
+    }
+    EXPECT_TRUE(mainWindow->findChildren<QDialog*>().isEmpty());
+    EXPECT_EQ(listenerCount(), listeners);
+    launched();
+    EXPECT_EQ(rows().size(), 4u);
 }
 
 TEST_F(DeleteVariableLifecycleTest, LeavesNothingBehindAfterTwoHundredLives)

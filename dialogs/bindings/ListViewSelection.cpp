@@ -14,15 +14,15 @@ class AscendingLookup
 {
 public:
     explicit AscendingLookup(std::set<int> const& values)
-        : m_values(values.begin(), values.end())
-        , m_next(m_values.begin())
+        : m_values(values)
+        , m_next(values.begin())
     {
     }
 
     bool contains(int value)
     {
         if (m_next == m_values.end() || *m_next != value)
-            m_next = std::lower_bound(m_values.begin(), m_values.end(), value);
+            m_next = m_values.lower_bound(value);
         if (m_next == m_values.end() || *m_next != value)
             return false;
         ++m_next;
@@ -30,8 +30,8 @@ public:
     }
 
 private:
-    std::vector<int> const m_values;
-    std::vector<int>::const_iterator m_next;
+    std::set<int> const& m_values;
+    std::set<int>::const_iterator m_next;
 };
 
 } // namespace

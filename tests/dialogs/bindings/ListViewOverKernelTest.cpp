@@ -1,6 +1,7 @@
 #include "dialogs/bindings/ListViewPropertyBinding.h"
 #include "dialogs/models/EnabledVariablesListModel.h"
 #include "dialogs/models/ZoneListModel.h"
+#include "dialogs/models/ZoneListModelGroupableByStrand.h"
 #include "dialogs/property/Property.h"
 #include "platform/vdsdkcommon/AppLock.h"
 #include "platform/vdsdkcommon/DataSetQueries.h"
@@ -166,6 +167,24 @@ TEST_F(ListViewOverKernelTest, FollowsAnActionUnderALockWhenTheLockIsReleased)
     QCoreApplication::processEvents();
     EXPECT_EQ(variables.driver.look(), "[1: X] 2: Y 3: P");
     EXPECT_EQ(text(variables.selected->value()), "1");
+}
+
+TEST_F(ListViewOverKernelTest, GivesTheSelectedNumbersAnotherMeaningWhenZonesAreGroupedByStrand)
+{
+    dataSet.zone(1)->strand = 5;
+    dataSet.zone(2)->strand = 5;
+    auto const list = boost::make_shared<models::ZoneListModelGroupableByStrand>();
+    Bound grouped(list);
+    grouped.driver.click(1);
+    grouped.driver.click(2, Qt::ControlModifier);
+    EXPECT_EQ(grouped.driver.look(), "1: Wing [2: Body] [3: Tail]");
+    list->groupByTimeStrand()->setValue(true);
+    IdleDispatcher::flush();
+    EXPECT_EQ(grouped.driver.look(), "1: Wing (strand 5) [2: Tail]");
+    EXPECT_EQ(text(grouped.selected->value()), "2");
+    list->groupByTimeStrand()->setValue(false);
+    IdleDispatcher::flush();
+    EXPECT_EQ(grouped.driver.look(), "1: Wing [2: Body] 3: Tail");
 }
 
 TEST_F(ListViewOverKernelTest, MayGoBetweenAKernelEventAndIdle)

@@ -210,6 +210,18 @@ TEST_F(ListViewPropertyBindingTest, KeepsANumberThatTheListLacksUntilTheListChan
     EXPECT_EQ(chosen(), "3");
 }
 
+TEST_F(ListViewPropertyBindingTest, AsksAnEmptyListForNoItem)
+{
+    list->reset({});
+    list->getCalls = 0;
+    bind();
+    property->setValue({1, 4});
+    list->claimDataChanged();
+    IdleDispatcher::flush();
+    EXPECT_EQ(list->getCalls, 0);
+    EXPECT_EQ(chosen(), "");
+}
+
 TEST_F(ListViewPropertyBindingTest, LeavesPaintingToAViewThatMustNotPaint)
 {
     bind();

@@ -77,10 +77,10 @@ StyleItem* StyleTree::find(StylePath const& path) const
 
 bool StyleTree::hasPath(StylePath const& path) const
 {
-    // Paths are in order, so the first one that is not smaller is the path itself or the first one below it.
+    // Paths are in order, so the first one that is not smaller is the path itself or the first one below it. A shorter one
+    // differs before it ends: the comparison never runs past it.
     auto const found = m_items.lower_bound(path);
-    return !path.empty() && found != m_items.end() && found->first.size() >= path.size() &&
-           std::equal(path.begin(), path.end(), found->first.begin());
+    return !path.empty() && found != m_items.end() && std::equal(path.begin(), path.end(), found->first.begin());
 }
 
 std::optional<StyleNumber> StyleTree::get(StyleAddress const& address) const

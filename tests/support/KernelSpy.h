@@ -23,8 +23,8 @@ public:
     KernelSpy();
     ~KernelSpy();
 
-    /// All calls so far as text, "VelUtilZoneGetType(1)"; sets as "{1, 2}", argument lists as "[Name=value]",
-    /// arrays as "(1, 2, 3)", texts in quotes, pointers that the function writes to as "out".
+    /// All calls so far as text, "VelUtilZoneGetType(1)"; sets as "{1, 2}", arrays as "(1, 2, 3)",
+    /// texts in quotes, argument lists as "list" (what was appended to them stands before), pointers to answers as "out".
     std::vector<std::string> calls() const;
     std::vector<std::string> callsOf(std::string const& function) const;
     int count(std::string const& function) const;

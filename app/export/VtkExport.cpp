@@ -5,6 +5,7 @@
 #include "app/export/UniqueNames.h"
 #include "app/import/BlockFacts.h"
 #include "app/vtk/VtkErrorCapture.h"
+#include "app/vtk/XmlNames.h"
 #include "app/vtk/ZoneToVtk.h"
 
 #include <vtkCellData.h>
@@ -85,6 +86,7 @@ void VtkExport::write(int zone, std::string const& format, std::string const& pa
     else if (format != usualFormat(source))
         throw ExportError("zone \"" + source.name + "\" does not fit into this format; ." + usualFormat(source) +
                           " takes it");
+    escapeArrayNames(*grid);
     VtkErrorCapture const errors;
     vtkNew<vtkXMLDataSetWriter> writer;
     writer->SetFileName(path.c_str());

@@ -2,13 +2,11 @@
 
 #include "app/import/CheckedMeshReader.h"
 #include "app/import/ImportError.h"
-#include "app/import/LegacyHeaderCheck.h"
 #include "app/import/XmlHeaderCheck.h"
 #include "app/vtk/VtkErrorCapture.h"
 
 #include <vtkAlgorithm.h>
 #include <vtkCommand.h>
-#include <vtkGenericDataObjectReader.h>
 #include <vtkNew.h>
 #include <vtkXMLImageDataReader.h>
 #include <vtkXMLPolyDataReader.h>
@@ -92,22 +90,6 @@ vtkSmartPointer<vtkDataObject> readXml(vtkXMLReader& reader, std::string const& 
     return run(reader, errors, progress);
 }
 
-vtkSmartPointer<vtkDataObject> readLegacy(std::string const& path, VtkErrorCapture const& errors,
-                                          std::function<bool(double)> const& progress)
-{
-    checkLegacyHeader(path, static_cast<std::int64_t>(std::filesystem::file_size(path)));
-    vtkNew<vtkGenericDataObjectReader> reader;
-    reader->SetFileName(path.c_str());
-    reader->ReadAllScalarsOn();
-    reader->ReadAllVectorsOn();
-    reader->ReadAllNormalsOn();
-    reader->ReadAllTensorsOn();
-    reader->ReadAllColorScalarsOn();
-    reader->ReadAllTCoordsOn();
-    reader->ReadAllFieldsOn();
-    return run(*reader, errors, progress);
-}
-
 } // namespace
 
 vtkSmartPointer<vtkDataObject> readVtkFile(std::string const& path, std::string const& extension,
@@ -117,8 +99,9 @@ vtkSmartPointer<vtkDataObject> readVtkFile(std::string const& path, std::string 
     VtkErrorCapture const errors;
     try {
         auto const reader = xmlReader(extension);
-        auto const result =
-            reader ? readXml(*reader, path, extension, errors, progress) : readLegacy(path, errors, progress);
+        if (!reader)
+            throw ImportError("files of this kind (." + extension + ") cannot be read");
+        auto const result = readXml(*reader, path, extension, errors, progress);
         for (std::string const& warning : errors.warnings())
             remarks.push_back("VTK: " + warning);
         return result;

@@ -9,7 +9,7 @@
 
 namespace veldraw::app {
 
-/// Reads one VTK file, XML or legacy, with VTK's reader for the extension. Multi-block XML files: see MultiBlockFile.
+/// Reads one VTK XML file with VTK's reader for the extension. Multi-block files: see MultiBlockFile; legacy: LegacyConversion.
 /// @param extension lower case, without the dot
 /// @param remarks   takes the reader's warnings
 /// @return null when the header says that there are no points

@@ -2,6 +2,8 @@
 
 #include "app/import/BlockImport.h"
 #include "app/import/ImportError.h"
+#include "app/import/LegacyConversion.h"
+#include "app/import/LegacyHeaderCheck.h"
 #include "app/import/MultiBlockFile.h"
 #include "app/import/PathChecks.h"
 #include "app/import/VtkFile.h"
@@ -13,6 +15,12 @@
 #include <filesystem>
 
 namespace veldraw::app {
+
+namespace {
+
+constexpr double legacyShare = 0.7; // of the time for a legacy file, until it is XML
+
+} // namespace
 
 VtkImport::VtkImport(FileWatch& watch, std::function<bool(double)> progress)
     : m_watch(watch)
@@ -26,7 +34,26 @@ void VtkImport::read(std::string const& path, std::string const& extension, std:
         readPieces(path);
         return;
     }
-    add(readVtkFile(path, extension, m_progress, m_remarks), title);
+    if (extension == "vtk")
+        readLegacy(path, title);
+    else
+        add(readVtkFile(path, extension, m_progress, m_remarks), title);
+}
+
+void VtkImport::readLegacy(std::string const& path, std::string const& title)
+{
+    checkLegacyHeader(path, static_cast<std::int64_t>(std::filesystem::file_size(path)));
+    auto const all = m_progress;
+    auto const partOf = [&all](double start, double size) -> std::function<bool(double)> {
+        if (!all)
+            return {};
+        return [&all, start, size](double done) { return all(start + size * done); };
+    };
+    LegacyConversion const conversion(path, partOf(0.0, legacyShare), m_remarks);
+    m_progress = partOf(legacyShare, 1.0 - legacyShare);
+    std::string const file = conversion.outputFile();
+    read(file, extensionOf(file), title);
+    m_progress = all;
 }
 
 void VtkImport::readPieces(std::string const& path)

@@ -27,6 +27,7 @@ public:
     std::vector<std::string> const& remarks() const { return m_remarks; }
 
 private:
+    void readLegacy(std::string const& path, std::string const& title);
     void readPieces(std::string const& path);
     void readPiece(std::string const& path, std::string const& extension, std::string const& name);
     void add(vtkDataObject* object, std::string const& name);

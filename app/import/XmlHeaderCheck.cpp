@@ -4,10 +4,13 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <fstream>
 
 namespace veldraw::app {
 
 namespace {
+
+constexpr double mostCompression = 1000.0; // a block takes at least its size in the header
 
 double bytesOfType(std::string const& type)
 {
@@ -26,7 +29,8 @@ bool isSection(std::string const& name)
 } // namespace
 
 XmlHeaderCheck::XmlHeaderCheck(std::string const& path, std::int64_t fileSize)
-    : m_tags(path)
+    : m_path(path)
+    , m_tags(path)
     , m_fileSize(fileSize)
     , m_size(fileSize, false)
 {
@@ -38,8 +42,8 @@ void XmlHeaderCheck::run()
     while (m_tags.next(tag)) {
         if (tag.name != "AppendedData")
             look(tag);
-        else if (tag.text("encoding") == "raw" && !m_compressed)
-            checkAppended(m_tags.position());
+        else if (tag.text("encoding") == "raw")
+            checkAppended();
     }
 }
 
@@ -47,7 +51,8 @@ void XmlHeaderCheck::look(XmlTags::Tag const& tag)
 {
     if (tag.name == "VTKFile") {
         m_compressed = !tag.text("compressor").empty();
-        m_headerBytes = tag.text("header_type") == "UInt64" ? 8.0 : 4.0;
+        m_headerBytes = tag.text("header_type") == "UInt64" ? 8 : 4;
+        m_bigEndian = tag.text("byte_order") == "BigEndian";
         m_size = SizeCheck(m_fileSize, m_compressed);
     } else if (tag.name == "ImageData" || tag.name == "RectilinearGrid" || tag.name == "StructuredGrid") {
         m_uniform = tag.name != "StructuredGrid";
@@ -112,16 +117,49 @@ void XmlHeaderCheck::lookAtArray(XmlTags::Tag const& tag)
     if (values >= 0.0)
         m_size.addStored(values, bytes, "values of \"" + tag.text("Name") + "\"");
     if (tag.text("format") == "appended")
-        m_appended.push_back(
-            {tag.number("offset", 0.0) + m_headerBytes + std::max(values, 0.0) * bytes, tag.text("Name")});
+        m_appended.push_back({tag.number("offset", 0.0), std::max(values, 0.0) * bytes, tag.text("Name")});
 }
 
-void XmlHeaderCheck::checkAppended(std::int64_t start) const
+// Each array starts with its size in bytes, or where it is compressed with the number and the sizes of its blocks.
+void XmlHeaderCheck::checkAppended()
 {
-    for (Appended const& array : m_appended) {
-        if (static_cast<double>(start) + array.end > static_cast<double>(m_fileSize))
-            throw ImportError("it is incomplete: it ends before the values of \"" + array.name + "\" do");
+    std::ifstream file(m_path, std::ios::binary);
+    file.seekg(m_tags.position());
+    char c = ' ';
+    while (file.get(c) && c != '_') {
     }
+    double const start = static_cast<double>(file.tellg());
+    for (Appended const& array : m_appended) {
+        double const needed = m_compressed ? 0.0 : array.bytes;
+        if (!(start + array.offset + m_headerBytes + needed <= static_cast<double>(m_fileSize)) ||
+            !(array.offset >= 0.0))
+            throw ImportError("it is incomplete: it ends before the values of \"" + array.name + "\" do");
+        checkBlocks(static_cast<std::int64_t>(start + array.offset), array.name);
+    }
+}
+
+void XmlHeaderCheck::checkBlocks(std::int64_t position, std::string const& name)
+{
+    double const first = headerNumber(position);
+    if (!m_compressed) {
+        m_size.addStored(first, 0.0, "bytes of \"" + name + "\"");
+        return;
+    }
+    m_size.addStored(first * mostCompression, 0.0, "blocks of \"" + name + "\"");
+    if (first > 0.0)
+        m_size.addStored(first * headerNumber(position + m_headerBytes), 1.0, "bytes of \"" + name + "\"");
+}
+
+double XmlHeaderCheck::headerNumber(std::int64_t position) const
+{
+    std::ifstream file(m_path, std::ios::binary);
+    file.seekg(position);
+    unsigned char bytes[8] = {0, 0, 0, 0, 0, 0, 0, 0};
+    file.read(reinterpret_cast<char*>(bytes), m_headerBytes);
+    double value = 0.0;
+    for (int n = 0; n < m_headerBytes; ++n)
+        value = 256.0 * value + bytes[m_bigEndian ? n : m_headerBytes - 1 - n];
+    return value;
 }
 
 } // namespace veldraw::app

@@ -24,7 +24,8 @@ public:
 private:
     struct Appended
     {
-        double end;
+        double offset; // from the underscore that starts the data
+        double bytes;  // 0 where the header does not say how many there are
         std::string name;
     };
 
@@ -32,13 +33,17 @@ private:
     void lookAtArray(XmlTags::Tag const& tag);
     void lookAtExtent(XmlTags::Tag const& tag, char const* attribute);
     double valuesOf(XmlTags::Tag const& tag) const;
-    void checkAppended(std::int64_t start) const;
+    void checkAppended();
+    void checkBlocks(std::int64_t position, std::string const& name);
+    double headerNumber(std::int64_t position) const;
 
+    std::string m_path;
     XmlTags m_tags;
     std::int64_t m_fileSize;
     SizeCheck m_size;
     bool m_compressed = false;
-    double m_headerBytes = 4.0;
+    int m_headerBytes = 4;
+    bool m_bigEndian = false;
     bool m_uniform = false;
     double m_points = 0.0; // of the present piece
     double m_allPoints = 0.0;

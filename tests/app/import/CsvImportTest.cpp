@@ -1,0 +1,183 @@
+#include "tests/app/import/FileHelpers.h"
+
+#include <clocale>
+#include <cmath>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace veldraw::test {
+
+using ::testing::AllOf;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::Not;
+
+namespace {
+
+app::ImportResult importText(std::string const& text, std::string const& name = "table.csv")
+{
+    TemporaryFolder const folder;
+    return import(folder.write(name, text));
+}
+
+std::string problemWithText(std::string const& text)
+{
+    TemporaryFolder const folder;
+    return problemWith(folder.write("table.csv", text));
+}
+
+} // namespace
+
+TEST(CsvImport, MakesEachColumnAVariableOfOneOrderedZone)
+{
+    TemporaryFolder const folder;
+    std::string const path = folder.write("two words.csv", "time,p\n0,1.5\n1,-2e3\n2,+.5\n");
+    auto const data = import(path).dataSet;
+    ASSERT_EQ(data->zoneCount(), 1);
+    EXPECT_EQ(data->zone(1)->name, "two words");
+    EXPECT_EQ(data->zone(1)->i, 3);
+    EXPECT_EQ(data->zone(1)->j, 1);
+    EXPECT_EQ(variableNames(*data), "time,p");
+    EXPECT_EQ(valuesOf(*data, 1, "p"), "1.5 -2000 0.5");
+    EXPECT_EQ(fieldOf(*data, 1, "p").type(), FieldDataType_Double);
+    EXPECT_THAT(data->loaderInstructions().at(0).words, ElementsAre("FILENAME_", path));
+    EXPECT_EQ(data->loaderInstructions().at(0).loaderName, "CSV");
+}
+
+TEST(CsvImport, FindsTheSeparatorInTheHeaderLine)
+{
+    EXPECT_EQ(valuesOf(*importText("a;b\n1;2\n").dataSet, 1, "b"), "2");
+    EXPECT_EQ(valuesOf(*importText("a\tb\n1\t2\n", "table.tsv").dataSet, 1, "b"), "2");
+    EXPECT_EQ(valuesOf(*importText("\"x;y;z\",b\n1,2\n").dataSet, 1, "b"), "2");
+    EXPECT_EQ(valuesOf(*importText("p (a;b)\tq\n1\t2\n").dataSet, 1, "q"), "2");
+    EXPECT_EQ(valuesOf(*importText("single\n7\n8\n").dataSet, 1, "single"), "7 8");
+}
+
+TEST(CsvImport, SkipsAByteOrderMarkAndAcceptsWindowsLineEnds)
+{
+    auto const data = importText("\xef\xbb\xbf"
+                                 "a,b\r\n1,2\r\n3,4\r\n\r\n\r\n")
+                          .dataSet;
+    EXPECT_EQ(variableNames(*data), "a,b");
+    EXPECT_EQ(valuesOf(*data, 1, "a"), "1 3");
+}
+
+TEST(CsvImport, TrimsAndUnquotesNames)
+{
+    auto const data = importText(" p [Pa] , \"v, \"\"fast\"\"\" ,p [Pa]\n1,2,3\n").dataSet;
+    EXPECT_EQ(variableNames(*data), "p [Pa],v, \"fast\",p [Pa] (2)");
+}
+
+TEST(CsvImport, ReadsNamesThatAreNotUtf8AsLatin1)
+{
+    EXPECT_EQ(variableNames(*importText("Gr\xf6\xdf"
+                                        "e,b\n1,2\n")
+                                 .dataSet),
+              "Größe,b");
+    EXPECT_EQ(variableNames(*importText("Größe,b\n1,2\n").dataSet), "Größe,b");
+}
+
+TEST(CsvImport, NamesColumnsThatHaveNone)
+{
+    auto const result = importText("a,\n1,2\n");
+    EXPECT_EQ(variableNames(*result.dataSet), "a,Column 2");
+    EXPECT_EQ(result.remarks.size(), 1U);
+}
+
+TEST(CsvImport, AcceptsNotANumberAndInfinity)
+{
+    auto const data = importText("a\nnan\n-inf\nInfinity\nNaN\n").dataSet;
+    auto const values = fieldOf(*data, 1, "a").group()->buffer();
+    EXPECT_TRUE(std::isnan(values->value(0)));
+    EXPECT_EQ(values->value(1), -INFINITY);
+    EXPECT_EQ(values->value(2), INFINITY);
+    EXPECT_TRUE(std::isnan(values->value(3)));
+}
+
+TEST(CsvImport, ReadsEveryDigit)
+{
+    auto const data = importText("a\n0.1\n5e-324\n1.7976931348623157e308\n123456789.12345679\n").dataSet;
+    auto const values = fieldOf(*data, 1, "a").group()->buffer();
+    EXPECT_EQ(values->value(0), 0.1);
+    EXPECT_EQ(values->value(1), 5e-324);
+    EXPECT_EQ(values->value(2), 1.7976931348623157e308);
+    EXPECT_EQ(values->value(3), 123456789.12345679);
+}
+
+TEST(CsvImport, ReadsTheSameUnderEveryLocale)
+{
+    std::string const before = std::setlocale(LC_ALL, nullptr);
+    std::setlocale(LC_ALL, "de_DE.UTF-8"); // has no effect where the locale is not installed
+    EXPECT_EQ(valuesOf(*importText("a\n1.5\n").dataSet, 1, "a"), "1.5");
+    EXPECT_THAT(problemWithText("a;b\n1,5;2\n"), HasSubstr("line 2: column 1 (a) is no number: \"1,5\""));
+    std::setlocale(LC_ALL, before.c_str());
+}
+
+TEST(CsvImport, TellsEmptyCellsTextsAndRaggedRowsWithLineAndColumn)
+{
+    std::string const problem = problemWithText("a,b\n1,2\n,4\n5,six\n7\n8,9,10\n1e999,1\n\n1,2\n");
+    EXPECT_THAT(problem,
+                AllOf(HasSubstr("table.csv\""), HasSubstr("nothing was imported"),
+                      HasSubstr("line 3: column 1 (a) is empty"),
+                      HasSubstr("line 4: column 2 (b) is no number: \"six\""),
+                      HasSubstr("line 5: there are 1 cells, not 2"), HasSubstr("line 6: there are 3 cells, not 2"),
+                      HasSubstr("line 7: column 1 (a) is beyond the range of numbers: \"1e999\""),
+                      HasSubstr("line 8: the line is blank"), Not(HasSubstr("line 9")), Not(HasSubstr("more"))));
+}
+
+TEST(CsvImport, TellsTheFirstTenErrorsAndHowManyMoreThereAre)
+{
+    std::string text = "a,b\n";
+    for (int n = 0; n < 25; ++n)
+        text += "1,x\n";
+    std::string const problem = problemWithText(text);
+    EXPECT_THAT(problem, AllOf(HasSubstr("line 2:"), HasSubstr("line 11:"), Not(HasSubstr("line 12:")),
+                               HasSubstr("and 15 more")));
+}
+
+TEST(CsvImport, CountsLinesInsideQuotes)
+{
+    EXPECT_THAT(problemWithText("\"a\nb\",c\n1,2\n3,x\n"), HasSubstr("line 4: column 2 (c)"));
+}
+
+TEST(CsvImport, RefusesFilesWithoutHeaderOrValues)
+{
+    EXPECT_THAT(problemWithText("1,2\n3,4\n"), HasSubstr("no header line"));
+    EXPECT_THAT(problemWithText("a,b\n"), HasSubstr("no values"));
+    EXPECT_THAT(problemWithText("a,b"), HasSubstr("no values"));
+    EXPECT_THAT(problemWithText("\n\n"), HasSubstr("no values"));
+    EXPECT_THAT(problemWithText(""), HasSubstr("it is empty"));
+    EXPECT_THAT(problemWithText("a,\"b\n1,2\n"), HasSubstr("a quote is left open"));
+}
+
+TEST(CsvImport, RefusesFilesThatAreNoText)
+{
+    EXPECT_THAT(problemWithText(std::string("\xff\xfe"
+                                            "a\0,\0",
+                                            6)),
+                HasSubstr("UTF-16"));
+    EXPECT_THAT(problemWithText(std::string("a,b\n\0\1", 6)), HasSubstr("no text file"));
+}
+
+TEST(CsvImport, ReadsAcrossTheBlocksOfALargeFile)
+{
+    std::string text = "n,square\n";
+    constexpr int rows = 200000;
+    for (int n = 0; n < rows; ++n)
+        text += std::to_string(n) + "," + std::to_string(static_cast<std::int64_t>(n) * n) + "\n";
+    ASSERT_GT(text.size(), std::size_t(2) << 20);
+    auto const data = importText(text).dataSet;
+    auto const values = fieldOf(*data, 1, "square").group()->buffer();
+    ASSERT_EQ(values->size(), rows);
+    for (int n = 0; n < rows; n += 997)
+        ASSERT_EQ(values->value(n), static_cast<double>(n) * n);
+}
+
+TEST(CsvImport, StopsWhenTheUserCancels)
+{
+    TemporaryFolder const folder;
+    QString const path = QString::fromStdString(folder.write("table.csv", "a\n1\n"));
+    EXPECT_THROW(app::importFile(path, [](double) { return false; }), app::ImportCancelled);
+}
+
+} // namespace veldraw::test

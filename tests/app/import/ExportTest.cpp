@@ -1,0 +1,224 @@
+#include "app/export/Exporter.h"
+#include "tests/app/import/FileHelpers.h"
+#include "tests/app/import/GridSamples.h"
+
+#include <vtkCellType.h>
+#include <vtkMultiBlockDataSet.h>
+#include <vtkNew.h>
+#include <vtkPointData.h>
+#include <vtkXMLMultiBlockDataReader.h>
+
+#include <csignal>
+#include <filesystem>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace veldraw::test {
+
+using ::testing::AllOf;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+namespace {
+
+std::shared_ptr<kernel::DataSet> gridData(int zones = 1)
+{
+    auto dataSet = std::make_shared<kernel::DataSet>();
+    dataSet->addVariable(std::make_shared<kernel::Variable>("X"));
+    dataSet->addVariable(std::make_shared<kernel::Variable>("p"));
+    for (int n = 0; n < zones; ++n) {
+        auto zone = std::make_shared<kernel::Zone>("zone " + std::to_string(n + 1), ZoneType_Ordered, 3, 1, 1);
+        auto x = kernel::Buffer::allocate(FieldDataType_Double, 3);
+        for (int i = 0; i < 3; ++i)
+            x->setValue(i, i + 10.0 * n);
+        auto p = kernel::Buffer::allocate(FieldDataType_Float, 3);
+        zone->fields = {kernel::Field(std::make_shared<kernel::ShareGroup>(x), ValueLocation_Nodal),
+                        kernel::Field(std::make_shared<kernel::ShareGroup>(p), ValueLocation_CellCentered)};
+        dataSet->addZone(zone);
+    }
+    return dataSet;
+}
+
+app::ExportResult save(kernel::DataSet const& data, std::string const& path)
+{
+    return app::exportDataSet(data, QString::fromStdString(path));
+}
+
+std::string problemSaving(kernel::DataSet const& data, std::string const& path)
+{
+    try {
+        save(data, path);
+        return {};
+    } catch (app::ExportError const& error) {
+        return error.what();
+    }
+}
+
+// Lets no file grow beyond a few bytes, as on a full disk.
+class FullDisk
+{
+public:
+    FullDisk()
+        : m_signal(std::signal(SIGXFSZ, SIG_IGN))
+    {
+        ::getrlimit(RLIMIT_FSIZE, &m_before);
+        rlimit limit = m_before;
+        limit.rlim_cur = 4;
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+    }
+
+    ~FullDisk()
+    {
+        ::setrlimit(RLIMIT_FSIZE, &m_before);
+        std::signal(SIGXFSZ, m_signal);
+    }
+
+private:
+    rlimit m_before{};
+    void (*m_signal)(int);
+};
+
+} // namespace
+
+TEST(Export, WritesTablesAsTheyAreUsuallyWritten)
+{
+    TemporaryFolder const folder;
+    app::ExportResult const result = save(*gridData(), folder.path("table.csv"));
+    EXPECT_EQ(contentOf(folder.path("table.csv")), "X\n0\n1\n2\n");
+    EXPECT_THAT(result.remarks, ElementsAre("Zone \"zone 1\": \"p\" is cell-centred and was left out"));
+    EXPECT_EQ(folder.listing(), "table.csv") << "no temporary file is left";
+}
+
+TEST(Export, WritesAZoneATableAndSaysSo)
+{
+    TemporaryFolder const folder;
+    app::ExportResult const result = save(*gridData(2), folder.path("table.csv"));
+    EXPECT_EQ(folder.listing(), "table_1.csv table_2.csv");
+    EXPECT_EQ(contentOf(folder.path("table_2.csv")), "X\n10\n11\n12\n");
+    EXPECT_THAT(result.remarks, ::testing::Contains(HasSubstr("2 files were written")));
+    EXPECT_EQ(result.files.size(), 2);
+}
+
+TEST(Export, PutsThePiecesOfAMultiBlockFileIntoAFolderBesideIt)
+{
+    TemporaryFolder const folder;
+    save(*gridData(2), folder.path("my data.vtm"));
+    EXPECT_EQ(folder.listing(), "my data my data.vtm my data/my data_1.vts my data/my data_2.vts");
+}
+
+TEST(Export, WritesMultiBlockFilesThatVtkReads)
+{
+    TemporaryFolder const folder;
+    save(*gridData(2), folder.path("data.vtm"));
+    vtkNew<vtkXMLMultiBlockDataReader> reader;
+    std::string const path = folder.path("data.vtm");
+    reader->SetFileName(path.c_str());
+    reader->Update();
+    auto* const blocks = vtkMultiBlockDataSet::SafeDownCast(reader->GetOutputDataObject(0));
+    ASSERT_NE(blocks, nullptr);
+    ASSERT_EQ(blocks->GetNumberOfBlocks(), 2U);
+    auto* const second = vtkDataSet::SafeDownCast(blocks->GetBlock(1));
+    ASSERT_NE(second, nullptr);
+    EXPECT_EQ(second->GetPoint(2)[0], 12.0);
+}
+
+TEST(Export, RefusesFormatsThatDoNotFit)
+{
+    TemporaryFolder const folder;
+    auto const mesh = import(writeXml(*unstructuredGrid(4, {{VTK_TETRA, {0, 1, 2, 3}}}), folder.path("m.vtu"))).dataSet;
+    EXPECT_THAT(problemSaving(*gridData(2), folder.path("a.vts")), HasSubstr("there are 2; .vtm takes them all"));
+    EXPECT_THAT(problemSaving(*gridData(), folder.path("a.vtu")), HasSubstr(".vts takes it"));
+    EXPECT_THAT(problemSaving(*gridData(), folder.path("a.vtp")), HasSubstr(".vts takes it"));
+    EXPECT_THAT(problemSaving(*mesh, folder.path("a.vts")), HasSubstr(".vtu takes it"));
+    EXPECT_THAT(problemSaving(*mesh, folder.path("a.vti")), HasSubstr(".vtu takes it"));
+    EXPECT_THAT(problemSaving(*mesh, folder.path("a.vtp")), HasSubstr(".vtu takes it"));
+    EXPECT_THAT(problemSaving(*gridData(), folder.path("a.png")), HasSubstr("(.png) cannot be written"));
+    EXPECT_THAT(problemSaving(kernel::DataSet(), folder.path("a.vtm")), HasSubstr("no zones"));
+    EXPECT_EQ(folder.listing(), "m.vtu");
+}
+
+TEST(Export, RefusesImageFilesForPointsThatAreNotUniform)
+{
+    TemporaryFolder const folder;
+    auto const data = gridData();
+    data->zone(1)->fields[0].group()->writableBuffer().setValue(2, 2.001);
+    EXPECT_THAT(problemSaving(*data, folder.path("a.vti")), HasSubstr("no uniform grid"));
+}
+
+TEST(Export, LeavesTheOldFilesAloneWhenTheDiskIsFull)
+{
+    TemporaryFolder const folder;
+    for (char const* name : {"a.vts", "a.vtm", "a.csv"}) {
+        SCOPED_TRACE(name);
+        folder.write(name, "old");
+        std::string problem;
+        {
+            FullDisk const fullDisk;
+            problem = problemSaving(*gridData(), folder.path(name));
+        }
+        EXPECT_THAT(problem, AllOf(StartsWith("Cannot save \""), HasSubstr(name)));
+        EXPECT_EQ(contentOf(folder.path(name)), "old");
+    }
+    EXPECT_EQ(folder.listing(), "a.csv a.vtm a.vts");
+}
+
+TEST(Export, SaysWhenItCannotWriteThere)
+{
+    TemporaryFolder const folder;
+    EXPECT_THAT(problemSaving(*gridData(), folder.path("no/such/folder.vts")), HasSubstr("No such file or directory"));
+    std::filesystem::create_directory(folder.path("taken.vts"));
+    EXPECT_THAT(problemSaving(*gridData(), folder.path("taken.vts")), HasSubstr("there is a folder of this name"));
+    folder.write("blocked", "a file where the folder should be");
+    EXPECT_THAT(problemSaving(*gridData(), folder.path("blocked.vtm")), HasSubstr("cannot be made"));
+    std::filesystem::create_directory(folder.path("locked"));
+    ::chmod(folder.path("locked").c_str(), 0500);
+    std::string const problem = problemSaving(*gridData(), folder.path("locked/a.vts"));
+    if (::geteuid() != 0)
+        EXPECT_THAT(problem, HasSubstr("no permission"));
+    else
+        EXPECT_EQ(problem, "") << "root may write everywhere";
+}
+
+TEST(Export, KeepsPermissionsAndWritesThroughLinks)
+{
+    TemporaryFolder const folder;
+    std::string const target = folder.write("target.csv", "old");
+    ::chmod(target.c_str(), 0640);
+    std::filesystem::create_symlink(target, folder.path("link.csv"));
+    save(*gridData(), folder.path("link.csv"));
+    EXPECT_TRUE(std::filesystem::is_symlink(folder.path("link.csv")));
+    EXPECT_EQ(contentOf(target), "X\n0\n1\n2\n");
+    EXPECT_EQ(static_cast<unsigned>(std::filesystem::status(target).permissions()), 0640U);
+}
+
+TEST(Export, DoesNotChangeTheData)
+{
+    TemporaryFolder const folder;
+    auto const data = gridData();
+    auto const buffer = data->field(1, 1)->group()->buffer();
+    auto const holders = buffer.use_count();
+    save(*data, folder.path("a.vtm"));
+    EXPECT_EQ(data->field(1, 1)->group()->buffer(), buffer);
+    EXPECT_EQ(buffer.use_count(), holders) << "nothing holds on to the values";
+    EXPECT_EQ(data->field(1, 1)->shareCount(), 1);
+}
+
+TEST(Export, RefusesTablesWithoutNodalValues)
+{
+    TemporaryFolder const folder;
+    auto const data = gridData();
+    data->zone(1)->fields[0] = kernel::Field();
+    EXPECT_THAT(problemSaving(*data, folder.path("a.csv")), HasSubstr("no nodal values"));
+}
+
+TEST(Export, OffersAFilterForEachFormat)
+{
+    EXPECT_EQ(app::exportNameFilters().size(), 7);
+    EXPECT_TRUE(app::importNameFilters().first().contains(QStringLiteral("*.csv")));
+}
+
+} // namespace veldraw::test

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "app/import/Importer.h"
+
+#include <string>
+
+namespace veldraw::test {
+
+/// A folder that goes away with its contents.
+class TemporaryFolder
+{
+public:
+    TemporaryFolder();
+    ~TemporaryFolder();
+
+    std::string path(std::string const& name) const { return m_path + "/" + name; }
+
+    /// Writes a file. @return its path
+    std::string write(std::string const& name, std::string const& content) const;
+
+    /// Names of everything in the folder, sorted, separated by blanks.
+    std::string listing() const;
+
+    TemporaryFolder(TemporaryFolder const&) = delete;
+    TemporaryFolder& operator=(TemporaryFolder const&) = delete;
+
+private:
+    std::string m_path;
+};
+
+std::string contentOf(std::string const& path);
+
+app::ImportResult import(std::string const& path);
+
+/// What the import complains about; empty when it succeeds.
+std::string problemWith(std::string const& path);
+
+/// Every value of a field as text, "1 2 3"; "-" for a passive field.
+std::string valuesOf(kernel::DataSet const& dataSet, int zone, std::string const& variable);
+
+/// Names of all variables, separated by commas.
+std::string variableNames(kernel::DataSet const& dataSet);
+
+kernel::Field const& fieldOf(kernel::DataSet const& dataSet, int zone, std::string const& variable);
+
+/// All cells of a zone as "0 1 2 | 1 2 3".
+std::string cellsOf(kernel::Zone const& zone);
+
+} // namespace veldraw::test

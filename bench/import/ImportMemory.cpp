@@ -1,7 +1,7 @@
 // Memory and time of opening a structured grid of ten million points and six float variables (raw appended .vts).
 // Exit status 1 when the peak above the empty program is more than 1.3 times the size of the arrays.
 //
-// usage: veldraw_bench_import [FILE]      FILE is written when it does not exist; without it a temporary one is used
+// usage: import_benchmark [FILE]      FILE is written when it does not exist; without it a temporary one is used
 
 #include "app/import/Importer.h"
 #include "tools/samples/LargeGrid.h"

@@ -13,22 +13,13 @@ namespace veldraw::app {
 namespace {
 
 constexpr double bytesPerSecond = 2e6; // slower than any machine reads numbers
-constexpr double startSeconds = 20.0;
+constexpr double startSeconds = 10.0;
 constexpr double shareOfMemory = 0.8;
-constexpr double programMegabytes = 512.0; // address space of the child before it reads anything
 constexpr int pollMilliseconds = 100;
 
 std::filesystem::path readerProgram()
 {
     return std::filesystem::read_symlink("/proc/self/exe").parent_path() / "veldraw_legacy_reader";
-}
-
-std::string makeFolder()
-{
-    std::string folder = (std::filesystem::temp_directory_path() / "veldraw-XXXXXX").string();
-    if (!::mkdtemp(&folder[0]))
-        throw ImportError("there is no room for temporary files");
-    return folder;
 }
 
 bool startsWith(std::string const& text, std::string const& start)
@@ -40,11 +31,10 @@ bool startsWith(std::string const& text, std::string const& start)
 
 LegacyConversion::LegacyConversion(std::string const& path, std::function<bool(double)> const& progress,
                                    std::vector<std::string>& remarks)
-    : m_folder(makeFolder())
 {
-    double const megabytes = std::min(programMegabytes + availableMemory() * shareOfMemory / 1048576.0, 1e9);
+    double const megabytes = std::min(availableMemory() * shareOfMemory / 1048576.0, 1e9);
     double const seconds = startSeconds + static_cast<double>(std::filesystem::file_size(path)) / bytesPerSecond;
-    ChildProcess child({readerProgram().string(), std::filesystem::absolute(path).string(), m_folder,
+    ChildProcess child({readerProgram().string(), std::filesystem::absolute(path).string(), m_folder.path(),
                         std::to_string(static_cast<long>(megabytes)), std::to_string(static_cast<long>(seconds))});
     double done = 0.0;
     std::string problem;
@@ -67,15 +57,9 @@ LegacyConversion::LegacyConversion(std::string const& path, std::function<bool(d
         throw ImportError("it is damaged: the reader did not get through it");
 }
 
-LegacyConversion::~LegacyConversion()
-{
-    std::error_code ignored;
-    std::filesystem::remove_all(m_folder, ignored);
-}
-
 std::string LegacyConversion::outputFile() const
 {
-    for (auto const& entry : std::filesystem::directory_iterator(m_folder)) {
+    for (auto const& entry : std::filesystem::directory_iterator(m_folder.path())) {
         if (entry.path().stem() == "data" && entry.is_regular_file())
             return entry.path().string();
     }

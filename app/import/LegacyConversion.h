@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/import/ScratchFolder.h"
+
 #include <functional>
 #include <string>
 #include <vector>
@@ -18,16 +20,12 @@ public:
     /// @throws ImportCancelled progress() answered false
     LegacyConversion(std::string const& path, std::function<bool(double)> const& progress,
                      std::vector<std::string>& remarks);
-    ~LegacyConversion();
 
     /// The XML file.
     std::string outputFile() const;
 
-    LegacyConversion(LegacyConversion const&) = delete;
-    LegacyConversion& operator=(LegacyConversion const&) = delete;
-
 private:
-    std::string m_folder;
+    ScratchFolder m_folder;
 };
 
 } // namespace veldraw::app

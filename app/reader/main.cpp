@@ -1,7 +1,7 @@
 // Reads a legacy VTK file and writes it again as VTK XML, in a process of its own: the legacy readers do not survive damaged
 // files, and whoever wants the data should.
 //
-// usage: veldraw_legacy_reader FILE FOLDER MEGABYTES SECONDS
+// usage: veldraw_legacy_reader FILE FOLDER MEGABYTES SECONDS      (limits: memory for the data, processor time)
 // Writes FOLDER/data.vt? and tells "progress 0.5", "warning TEXT" and "error TEXT" on standard output.
 
 #include "app/vtk/VtkErrorCapture.h"
@@ -20,9 +20,11 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <fstream>
 #include <string>
 #include <sys/prctl.h>
 #include <sys/resource.h>
+#include <unistd.h>
 
 namespace {
 
@@ -42,6 +44,15 @@ void limit(int resource, rlim_t most)
 {
     rlimit const limits{most, most};
     ::setrlimit(static_cast<__rlimit_resource>(resource), &limits);
+}
+
+// What the program takes up before it reads anything, in bytes.
+rlim_t addressSpace()
+{
+    std::ifstream file("/proc/self/statm");
+    rlim_t pages = 0;
+    file >> pages;
+    return pages * static_cast<rlim_t>(::sysconf(_SC_PAGESIZE));
 }
 
 std::string read(vtkGenericDataObjectReader& reader, std::string const& path)
@@ -141,7 +152,7 @@ int main(int argc, char** argv)
     ::prctl(PR_SET_PDEATHSIG, 9); // not to go on when nobody waits any more
     limit(RLIMIT_CORE, 0);
     limit(RLIMIT_CPU, std::strtoul(argv[4], nullptr, 10));
-    limit(RLIMIT_AS, std::strtoul(argv[3], nullptr, 10) << 20);
+    limit(RLIMIT_AS, addressSpace() + (std::strtoul(argv[3], nullptr, 10) << 20));
     std::string problem;
     try {
         problem = convert(argv[1], argv[2]);

@@ -223,6 +223,21 @@ TEST(BadFile, RefusesLegacyFilesThatHoldNoGrid)
     EXPECT_THAT(problemWith(folder.write("table.vtk", table)), HasSubstr("vtkTable"));
 }
 
+TEST(BadFile, LeavesNoTemporaryFilesBehind)
+{
+    TemporaryFolder const folder;
+    std::filesystem::create_directory(folder.path("tmp"));
+    std::string const whole = contentOf(writeLegacy(*mesh(), folder.path("mesh.vtk"), false));
+    folder.write("cut.vtk", whole.substr(0, whole.size() / 2));
+    ::setenv("TMPDIR", folder.path("tmp").c_str(), 1);
+    EXPECT_EQ(problemWith(folder.path("mesh.vtk")), "");
+    EXPECT_NE(problemWith(folder.path("cut.vtk")), "");
+    EXPECT_THROW(app::importFile(QString::fromStdString(folder.path("mesh.vtk")), [](double) { return false; }),
+                 app::ImportCancelled);
+    ::unsetenv("TMPDIR");
+    EXPECT_EQ(folder.listing(), "cut.vtk mesh.vtk tmp");
+}
+
 TEST(BadFile, LeavesNothingOpen)
 {
     TemporaryFolder const folder;
@@ -233,8 +248,11 @@ TEST(BadFile, LeavesNothingOpen)
         return std::distance(begin(files), end(files));
     };
     auto const before = openFiles();
-    for (int n = 0; n < 5; ++n)
-        problemWith(path);
+    std::string const legacy = folder.write("text.vtk", "no grid");
+    for (int n = 0; n < 5; ++n) {
+        EXPECT_NE(problemWith(path), "");
+        EXPECT_NE(problemWith(legacy), "");
+    }
     EXPECT_EQ(openFiles(), before);
 }
 

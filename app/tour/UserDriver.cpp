@@ -114,7 +114,12 @@ void UserDriver::picture(QString const& name)
     settle(200);
     QString const file =
         QStringLiteral("%1/%2-%3.png").arg(m_folder).arg(++m_pictures, 2, 10, QLatin1Char('0')).arg(name);
-    QApplication::primaryScreen()->grabWindow(0).save(file);
+    QRect windows;
+    for (QWidget const* const window : visibleTopLevels())
+        windows |= window->frameGeometry();
+    QScreen* const screen = QApplication::primaryScreen();
+    windows &= screen->geometry();
+    screen->grabWindow(0, windows.x(), windows.y(), windows.width(), windows.height()).save(file);
 }
 
 } // namespace veldraw::app

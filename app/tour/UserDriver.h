@@ -44,7 +44,7 @@ public:
     /// Texts of message boxes that came at any other time; they are closed too, so that the tour never stands still.
     QStringList const& unexpectedMessages() const { return m_unexpected; }
 
-    /// Saves what stands on the screen as "<number>-<name>.png".
+    /// Saves the part of the screen that the windows take up as "<number>-<name>.png".
     void picture(QString const& name);
 
     /// The visible top-level window of a class, null if there is none.

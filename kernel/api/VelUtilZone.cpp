@@ -1,6 +1,7 @@
 #include "platform/vdsdkbase/VelUtilZone.h"
 
 #include "kernel/api/ApiSupport.h"
+#include "kernel/api/ArgumentList.h"
 
 using namespace veldraw::kernel;
 using veldraw::kernel::api::activeZone;
@@ -17,6 +18,19 @@ void storeDimensions(int zone, long long* i, long long* j, long long* k)
 }
 
 } // namespace
+
+bool VelUtilZoneCopyX(ArgList_s* list)
+{
+    return list != nullptr && api::answerOr(false, [&] {
+               std::optional<NumberSet> const sources = list->arguments.numbers("SourceZones");
+               std::shared_ptr<DataSet> const dataSet = api::session().activeDataSet();
+               if (!sources || !dataSet) {
+                   return api::session().refuse(sources ? "There is no data set."
+                                                        : "SourceZones must be a set of zones.");
+               }
+               return api::session().duplicateZones(*dataSet, *sources);
+           });
+}
 
 void VelUtilZoneGetIJK(int zone, long long* i, long long* j, long long* k)
 {

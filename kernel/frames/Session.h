@@ -107,6 +107,16 @@ public:
     /// variables, all enabled variables. "Delete Variable"; event 2. Constant time in the number of points.
     bool deleteVariables(DataSet& dataSet, NumberSet const& variables);
 
+    /// Appends a copy of each zone, in the order of the zones. Refused: a locked data set, an empty set, a number that does
+    /// not exist. "Create Duplicate Zone"; event 4 with the copies. Constant time in the number of points.
+    ///
+    /// A copy has the name, type, dimensions, solution time, strand and auxiliary data of its source, and shares its
+    /// connectivity and all its values: every field is on the share group of the source's field, so that nothing is
+    /// copied until one of them is branched off to be written. A copy in a time strand thus stands beside its source at
+    /// the same moment, and a copy of a static zone is static. It has an identifier of its own and is enabled, also when
+    /// its source is not.
+    bool duplicateZones(DataSet& dataSet, NumberSet const& zones);
+
     bool renameZone(DataSet& dataSet, int zone, std::string const& name);         ///< "Rename Zone"; event 18
     bool renameVariable(DataSet& dataSet, int variable, std::string const& name); ///< "Rename Variable"; event 17
     bool setZoneEnabled(DataSet& dataSet, int zone, bool enabled);         ///< "Enable Zone"/"Disable Zone"; event 6

@@ -12,7 +12,8 @@ extern "C" {
 
 /// Appends a copy of each source zone, sharing all values. Argument: "SourceZones" (set of one-based numbers).
 /// @param list stays the caller's
-/// @return false when the argument is missing, empty or names a zone that does not exist; nothing changed then
+/// @return false when the argument is missing, empty or names a zone that does not exist, for a locked data set and without
+///         memory; nothing changed then
 VELDRAW_PLATFORM_API bool VelUtilZoneCopyX(ArgList_s* list);
 
 /// Dimensions of a zone; loads deferred metrics. Ordered: I, J, K. Finite element: points, elements, faces.

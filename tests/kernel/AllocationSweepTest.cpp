@@ -84,6 +84,16 @@ TEST(WithoutMemory, VariablesOfASharedStorageAreDeletedWhollyOrNotAtAll)
     EXPECT_GE(sweep([&](Stage& stage) { return stage.session.deleteVariables(*stage.dataSet, variables); }, share), 15);
 }
 
+TEST(WithoutMemory, ZonesAreDuplicatedWhollyOrNotAtAll)
+{
+    NumberSet const zones{1, 2};
+    auto const describe = [](Stage& stage) {
+        stage.dataSet->zone(1)->auxiliaryData.set("Origin", longText, true);
+        stage.dataSet->zone(2)->name = longText;
+    };
+    EXPECT_GE(sweep([&](Stage& stage) { return stage.session.duplicateZones(*stage.dataSet, zones); }, describe), 15);
+}
+
 TEST(WithoutMemory, NamesAreChangedWhollyOrNotAtAll)
 {
     EXPECT_GE(sweep([](Stage& stage) { return stage.session.renameZone(*stage.dataSet, 2, longText); }), 5);
@@ -140,6 +150,21 @@ TEST(WithoutMemory, ADeletionIsUndoneAndRedone)
     EXPECT_TRUE(stage.session.undo());
     EXPECT_TRUE(stage.session.redo());
     EXPECT_TRUE(stage.session.undo());
+    EXPECT_FALSE(failure.hasHappened());
+}
+
+TEST(WithoutMemory, ADuplicationIsUndoneAndRedone)
+{
+    Stage stage;
+    ASSERT_TRUE(stage.session.duplicateZones(*stage.dataSet, {1, 2}));
+    ASSERT_TRUE(stage.session.deleteVariables(*stage.dataSet, {4}));
+    AllocationFailure const failure(1);
+    for (int round = 0; round < 2; ++round) {
+        EXPECT_TRUE(stage.session.undo());
+        EXPECT_TRUE(stage.session.undo());
+        EXPECT_TRUE(stage.session.redo());
+        EXPECT_TRUE(stage.session.redo());
+    }
     EXPECT_FALSE(failure.hasHappened());
 }
 

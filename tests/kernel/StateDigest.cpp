@@ -52,7 +52,12 @@ std::string stateDigest(DataSet const& dataSet)
     }
     for (auto const& zone : dataSet.zones()) {
         out << "zone " << zone->id << ' ' << zone->name << ' ' << zone->enabled << ' ' << zone->i << ' ' << zone->j
-            << ' ' << zone->k;
+            << ' ' << zone->k << " type " << zone->type << " time " << zone->solutionTime << " strand " << zone->strand
+            << " cells " << zone->connectivity.get();
+        for (int item = 1; item <= zone->auxiliaryData.size(); ++item) {
+            AuxiliaryData::Item const& text = zone->auxiliaryData.item(item);
+            out << " (" << text.name << '=' << text.value << ' ' << text.retain << ')';
+        }
         for (Field const& field : zone->fields) {
             addField(out, field);
         }

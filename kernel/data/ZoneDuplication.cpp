@@ -1,0 +1,66 @@
+#include "kernel/data/ZoneDuplication.h"
+
+#include <algorithm>
+
+namespace veldraw::kernel {
+
+namespace {
+
+/// A copy of everything but the fields, with room for these.
+std::shared_ptr<Zone> copyWithoutFields(Zone const& source)
+{
+    auto copy = std::make_shared<Zone>(source);
+    copy->id = nextUniqueId();
+    copy->enabled = true;
+    copy->fields.clear();
+    return copy;
+}
+
+/// Makes room for @p more elements; growing in proportion keeps many small additions cheap.
+template <typename Element>
+void makeRoom(std::vector<Element>& list, std::size_t more)
+{
+    std::size_t const needed = list.size() + more;
+    if (list.capacity() < needed) {
+        list.reserve(std::max(needed, 2 * list.capacity()));
+    }
+}
+
+} // namespace
+
+ZoneDuplication::ZoneDuplication(EventHub& hub, std::shared_ptr<DataSet> dataSet, NumberSet const& sources)
+    : m_hub(hub)
+    , m_dataSet(std::move(dataSet))
+{
+    m_copies.reserve(sources.size());
+    NumberSet numbers;
+    for (int const source : sources) {
+        std::shared_ptr<Zone const> const zone = m_dataSet->zone(source);
+        m_copies.push_back({copyWithoutFields(*zone), zone});
+        numbers.insert(numbers.end(), m_dataSet->zoneCount() + static_cast<int>(m_copies.size()));
+    }
+    makeRoom(m_dataSet->zones(), m_copies.size());
+    m_added = {StateChange_ZonesAdded, numbers, {}, {}, 0};
+    m_deleted = {StateChange_ZonesDeleted, std::move(numbers), {}, {}, 0};
+}
+
+void ZoneDuplication::apply() noexcept
+{
+    for (Copy const& copy : m_copies) {
+        copy.zone->fields = copy.source->fields; // into the room that there is
+        m_dataSet->zones().push_back(copy.zone);
+    }
+    m_hub.emitEvent(m_added);
+}
+
+void ZoneDuplication::revert() noexcept
+{
+    std::vector<std::shared_ptr<Zone>>& zones = m_dataSet->zones();
+    zones.erase(zones.end() - static_cast<std::ptrdiff_t>(m_copies.size()), zones.end());
+    for (Copy const& copy : m_copies) {
+        copy.zone->fields.clear();
+    }
+    m_hub.emitEvent(m_deleted);
+}
+
+} // namespace veldraw::kernel

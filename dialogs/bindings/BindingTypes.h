@@ -34,3 +34,9 @@
     M(double)                                                                                                          \
     M(bool)                                                                                                            \
     M(std::string)
+
+/// Calls M(T) for each type of which radio buttons offer single values.
+#define VELDRAW_FOR_EACH_RADIO_BUTTON_TYPE(M)                                                                          \
+    M(bool)                                                                                                            \
+    M(char)                                                                                                            \
+    M(LinearInterpMode_e)

@@ -16,8 +16,13 @@ namespace veldraw::sdk::ui::dialogs::propertybindings::models {
 
 namespace {
 
-// What the kernel answers for a zone that belongs to no strand.
+// Strands count from 0; the kernel answers this number for a zone that belongs to none.
 constexpr int noStrand = 2147483646;
+
+bool isStrand(int strand)
+{
+    return strand >= 0 && strand < noStrand;
+}
 
 /// The lowest zone of each field map, by the numbers of the maps: one a strand and one a zone on its own, in the order of
 /// their lowest zones. One walk over the zones; asking the kernel map by map would be one walk each.
@@ -28,7 +33,7 @@ std::vector<int> lowestZones()
     int const count = VelUtilDataSetGetNumZones();
     for (int zone = 1; zone <= count; ++zone) {
         int const strand = VelUtilZoneGetStrandID(zone);
-        if (strand == noStrand || strands.insert(strand).second)
+        if (!isStrand(strand) || strands.insert(strand).second)
             zones.push_back(zone);
     }
     return zones;
@@ -49,7 +54,7 @@ public:
         int const zone = m_lowestZones.at(static_cast<std::size_t>(fieldMap) - 1);
         std::string const zoneName = zoneNameForFrame(frame, zone);
         int const strand = VelUtilZoneGetStrandID(zone);
-        return strand == noStrand ? zoneName : zoneName + " (strand " + std::to_string(strand) + ")";
+        return isStrand(strand) ? zoneName + " (strand " + std::to_string(strand) + ")" : zoneName;
     }
 
 private:

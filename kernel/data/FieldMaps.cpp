@@ -4,13 +4,22 @@
 
 namespace veldraw::kernel {
 
+namespace {
+
+bool isStrand(int strand)
+{
+    return strand >= 0 && strand < staticStrand;
+}
+
+} // namespace
+
 std::vector<NumberSet> fieldMaps(DataSet const& dataSet)
 {
     std::vector<NumberSet> maps;
     std::map<int, std::size_t> mapOfStrand;
     for (int number = 1; number <= dataSet.zoneCount(); ++number) {
         int const strand = dataSet.zone(number)->strand;
-        bool const isStatic = strand <= 0 || strand == staticStrand;
+        bool const isStatic = !isStrand(strand);
         auto const known = isStatic ? mapOfStrand.end() : mapOfStrand.find(strand);
         if (known != mapOfStrand.end()) {
             maps[known->second].insert(number);

@@ -48,6 +48,13 @@ TEST_F(MapQueries, CountOneFieldMapAStrandAndAStaticZone)
     EXPECT_THAT(getActiveFieldMaps().members(), ElementsAre(1, 2, 3));
 }
 
+TEST_F(MapQueries, CountAZeroAsAStrandAndANumberBelowAsNone)
+{
+    m_dataSet->zone(2)->strand = m_dataSet->zone(4)->strand = 0;
+    m_dataSet->zone(3)->strand = m_dataSet->zone(5)->strand = -1;
+    EXPECT_THAT(getActiveFieldMaps().members(), ElementsAre(1, 2, 3, 4));
+}
+
 TEST_F(MapQueries, LeaveOutFieldMapsWithoutAnEnabledZone)
 {
     session().setZoneEnabled(*m_dataSet, 2, false);

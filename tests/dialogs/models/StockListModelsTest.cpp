@@ -117,6 +117,20 @@ TEST_F(ZoneListModelGroupableByStrandTest, GivesNumbersThatTheKernelTurnsIntoThe
     EXPECT_EQ(members, (std::vector<toolbox::Set::Members>{{1, 3}, {2}, {4}, {5}}));
 }
 
+TEST_F(ZoneListModelGroupableByStrandTest, TakesZeroForAStrandAndNumbersBeyondTheRangeForNone)
+{
+    kernel::DataSet& dataSet = sample.dataSet();
+    dataSet.zone(1)->strand = dataSet.zone(3)->strand = 0;
+    dataSet.zone(2)->strand = dataSet.zone(4)->strand = -1;
+    dataSet.zone(5)->strand = 2147483647;
+    ZoneListModelGroupableByStrand const zones;
+    zones.groupByTimeStrand()->setValue(true);
+    EXPECT_EQ(rows(zones), "1=1: t0 (strand 0) | 2=2: Wall | 3=3: Probe | 4=4: s0");
+    Set_s* handle = nullptr;
+    ASSERT_TRUE(VelUtilFieldMapGetZones(1, &handle));
+    EXPECT_EQ(toolbox::Set::Take(handle).members(), (toolbox::Set::Members{1, 3}));
+}
+
 TEST_F(ZoneListModelGroupableByStrandTest, FollowsTheKernelInBothStates)
 {
     ZoneListModelGroupableByStrand const zones;

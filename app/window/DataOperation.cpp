@@ -1,6 +1,7 @@
 #include "app/window/DataOperation.h"
 
 #include "dialogs/variableops/DeleteVariableDialog.h"
+#include "dialogs/zoneops/DuplicateZoneDialog.h"
 
 namespace veldraw::app {
 
@@ -18,6 +19,8 @@ std::vector<DataOperation> const& dataOperations()
 {
     using namespace dialogs::data;
     static std::vector<DataOperation> const operations{
+        {"duplicateZoneAction", "Create D&uplicate Zone...", &DuplicateZoneDialog::relevance,
+         &dialog<DuplicateZoneDialog>},
         {"deleteVariableAction", "&Delete Variable...", &DeleteVariableDialog::relevance,
          &dialog<DeleteVariableDialog>},
     };

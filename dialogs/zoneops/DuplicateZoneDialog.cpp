@@ -1,0 +1,84 @@
+#include "dialogs/zoneops/DuplicateZoneDialog.h"
+
+#include "dialogs/bindings/ButtonBinding.h"
+#include "dialogs/bindings/ListViewPropertyBinding.h"
+#include "dialogs/frame/LaunchHelpAction.h"
+#include "dialogs/property/DataSetExistsRelevance.h"
+#include "dialogs/zoneops/DuplicateZonePropertiesManager.h"
+#include "ui_DuplicateZoneDialog.h"
+
+#include <QPushButton>
+
+#include <boost/make_shared.hpp>
+
+#include <set>
+#include <string>
+#include <vector>
+
+namespace veldraw::dialogs::data {
+
+using sdk::ui::dialogs::propertybindings::BindingInterface;
+using sdk::ui::dialogs::propertybindings::ButtonBinding;
+using sdk::ui::dialogs::propertybindings::ListViewPropertyBinding;
+using sdk::ui::propertymanager::DataSetExistsRelevance;
+using sdk::ui::propertymanager::DuplicateZonePropertiesManager;
+using sdk::ui::propertymanager::RelevanceInterface;
+
+struct DuplicateZoneDialog::Impl
+{
+    explicit Impl(DuplicateZoneDialog& dialog);
+    ~Impl();
+
+    Ui::DuplicateZone ui;
+    DuplicateZonePropertiesManager manager;
+    std::vector<std::unique_ptr<BindingInterface>> bindings;
+};
+
+DuplicateZoneDialog::Impl::Impl(DuplicateZoneDialog& dialog)
+{
+    ui.setupUi(&dialog);
+    QPushButton* const createButton = ui.buttonBox->addButton(QStringLiteral("C&reate"), QDialogButtonBox::ActionRole);
+    bindings.push_back(std::make_unique<ButtonBinding>(*createButton, [this] { manager.createDuplicateZones(); }));
+    boost::shared_ptr<PropertyAbstract<std::set<int>>> const selection = manager.sourceZones();
+    bindings.push_back(std::make_unique<ListViewPropertyBinding>(ui.duplicateZone_Source_MList,
+                                                                 manager.zonesListModel(), selection,
+                                                                 BindingInterface::ModelUpdateDeferredOnBusy));
+}
+
+DuplicateZoneDialog::Impl::~Impl()
+{
+    // In the order of their creation; the manager and the widgets are still there.
+    for (std::unique_ptr<BindingInterface>& binding : bindings)
+        binding.reset();
+}
+
+DuplicateZoneDialog* DuplicateZoneDialog::s_instance = nullptr;
+
+DuplicateZoneDialog& DuplicateZoneDialog::getInstance(QWidget& parent)
+{
+    if (!s_instance)
+        s_instance = new DuplicateZoneDialog(parent);
+    return *s_instance;
+}
+
+boost::shared_ptr<RelevanceInterface const> DuplicateZoneDialog::relevance()
+{
+    static boost::shared_ptr<RelevanceInterface const> const rule = boost::make_shared<DataSetExistsRelevance>();
+    return rule;
+}
+
+DuplicateZoneDialog::DuplicateZoneDialog(QWidget& parent)
+    : QtDialogAbstract(parent, relevance())
+    , m_impl(std::make_unique<Impl>(*this))
+{
+    setHelpAction(new common::LaunchHelpAction(std::string("create_zone_duplicate.html"), *this));
+}
+
+DuplicateZoneDialog::~DuplicateZoneDialog()
+{
+    // First of all, so that nobody is handed a dialog that is being torn down.
+    s_instance = nullptr;
+    m_impl.reset();
+}
+
+} // namespace veldraw::dialogs::data

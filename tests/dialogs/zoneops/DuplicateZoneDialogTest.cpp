@@ -1,0 +1,267 @@
+#include "platform/vdsdkuicommon/HelpLauncher.h"
+#include "tests/dialogs/support/FormTable.h"
+#include "tests/dialogs/zoneops/DuplicateZoneFixture.h"
+
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include <gmock/gmock.h>
+
+namespace veldraw::tests {
+namespace {
+
+using sdk::ui::common::HelpLauncher;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class DuplicateZoneDialogTest : public DuplicateZoneFixture
+{
+};
+
+TEST_F(DuplicateZoneDialogTest, LooksAsItsFormSays)
+{
+    EXPECT_THAT(formTable(launched()),
+                ElementsAre("DuplicateZone | veldraw::dialogs::common::QtDialogAbstract | Create Duplicate Zone |  | ",
+                            "duplicateZone_SourceZone_Static | QLabel | Source &zone |  | duplicateZone_Source_MList",
+                            "duplicateZone_Source_MList | QListView |  |  | ", "buttonBox | QDialogButtonBox |  |  | ",
+                            " | QPushButton | Close |  | ", " | QPushButton | C&reate |  | ",
+                            " | QPushButton | Help |  | "));
+    EXPECT_EQ(dialog().size(), QSize(274, 270));
+    EXPECT_FALSE(dialog().isModal());
+    auto const* const label = dialog().findChild<QLabel*>(QStringLiteral("duplicateZone_SourceZone_Static"));
+    EXPECT_EQ(label->sizePolicy().horizontalPolicy(), QSizePolicy::Fixed);
+    EXPECT_EQ(label->sizePolicy().verticalPolicy(), QSizePolicy::Fixed);
+    EXPECT_TRUE(qobject_cast<QVBoxLayout*>(dialog().layout()));
+    EXPECT_EQ(dialog().layout()->objectName(), QStringLiteral("verticalLayout"));
+    EXPECT_EQ(buttonBox().standardButtons(), QDialogButtonBox::Close | QDialogButtonBox::Help);
+    EXPECT_EQ(buttonBox().buttonRole(&createButton()), QDialogButtonBox::ActionRole);
+    EXPECT_FALSE(createButton().isDefault() || createButton().autoDefault());
+}
+
+TEST_F(DuplicateZoneDialogTest, CanBeWalkedByTabInReadingOrder)
+{
+    EXPECT_EQ(tabOrder(launched()).front(), "duplicateZone_Source_MList");
+    EXPECT_EQ(dialog().focusWidget(), &list());
+}
+
+TEST_F(DuplicateZoneDialogTest, HasUniqueMnemonicsAndNamesItsInputsToScreenReaders)
+{
+    EXPECT_THAT(repeatedMnemonics(launched()), IsEmpty());
+    EXPECT_THAT(inputsWithoutAccessibleName(dialog()), IsEmpty());
+    EXPECT_EQ(list().accessibleName(), QStringLiteral("Source zone"));
+}
+
+TEST_F(DuplicateZoneDialogTest, ListsTheEnabledZones)
+{
+    launched();
+    EXPECT_THAT(rows(), ElementsAre("1: Wing", "2: Body", "3: Tail"));
+    sample.session().setZoneEnabled(sample.dataSet(), 2, false);
+    EXPECT_THAT(rows(), ElementsAre("1: Wing", "3: Tail"));
+}
+
+TEST_F(DuplicateZoneDialogTest, LetsSeveralZonesBeSelected)
+{
+    launched();
+    EXPECT_EQ(list().selectionMode(), QAbstractItemView::ExtendedSelection);
+    clickRow(0);
+    clickRow(2, Qt::ControlModifier);
+    EXPECT_THAT(rows(), ElementsAre("*1: Wing", "2: Body", "*3: Tail"));
+    clickRow(1);
+    EXPECT_THAT(rows(), ElementsAre("1: Wing", "*2: Body", "3: Tail"));
+    clickRow(2, Qt::ShiftModifier);
+    EXPECT_THAT(rows(), ElementsAre("1: Wing", "*2: Body", "*3: Tail"));
+}
+
+TEST_F(DuplicateZoneDialogTest, CreatesCopiesThatAppearInTheListAndKeepsTheSelection)
+{
+    launched();
+    clickRow(0);
+    clickRow(2, Qt::ControlModifier);
+    clickCreate();
+    EXPECT_THAT(messages.take(), ElementsAre("information: Duplicate zone(s) created"));
+    EXPECT_THAT(zoneNames(), ElementsAre("Wing", "Body", "Tail", "Wing", "Tail"));
+    EXPECT_TRUE(dialog().isVisible());
+    EXPECT_THAT(rows(), ElementsAre("*1: Wing", "2: Body", "*3: Tail", "4: Wing", "5: Tail"));
+    clickCreate();
+    EXPECT_EQ(zoneNames().size(), 7u) << "what is selected can be duplicated again";
+}
+
+TEST_F(DuplicateZoneDialogTest, SharesTheValuesWithTheCopies)
+{
+    auto buffer = kernel::Buffer::allocate(FieldDataType_Float, 6);
+    sample.dataSet().zone(2)->fields[0] =
+        kernel::Field(std::make_shared<kernel::ShareGroup>(std::move(buffer)), ValueLocation_Nodal);
+    launched();
+    clickRow(1);
+    clickCreate();
+    clickCreate();
+    EXPECT_EQ(sample.dataSet().field(5, 1)->group(), sample.dataSet().field(2, 1)->group());
+    EXPECT_EQ(sample.dataSet().field(2, 1)->shareCount(), 3);
+}
+
+TEST_F(DuplicateZoneDialogTest, SaysSoWhenNothingIsSelected)
+{
+    std::string const stepBefore = sample.session().history().undoName();
+    launched();
+    clickCreate();
+    EXPECT_THAT(messages.take(), ElementsAre("error: No zones are selected"));
+    EXPECT_EQ(zoneNames().size(), 3u);
+    EXPECT_EQ(sample.session().history().undoName(), stepBefore);
+}
+
+TEST_F(DuplicateZoneDialogTest, DuplicatesAllZonesIfAsked)
+{
+    launched();
+    list().setFocus();
+    QTest::keyClick(&list(), Qt::Key_A, Qt::ControlModifier);
+    clickCreate();
+    EXPECT_THAT(zoneNames(), ElementsAre("Wing", "Body", "Tail", "Wing", "Body", "Tail"));
+}
+
+TEST_F(DuplicateZoneDialogTest, CanBeUsedByKeyboardAlone)
+{
+    launched();
+    QTest::keyClick(dialog().focusWidget(), Qt::Key_Z, Qt::AltModifier);
+    EXPECT_EQ(dialog().focusWidget(), &list());
+    QTest::keyClick(&list(), Qt::Key_Home);
+    QTest::keyClick(&list(), Qt::Key_Down);
+    QTest::keyClick(&list(), Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_THAT(rows(), ElementsAre("1: Wing", "*2: Body", "*3: Tail"));
+    QTest::keyClick(&list(), Qt::Key_R, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return zoneNames().size() == 5; }));
+    EXPECT_THAT(messages.take(), ElementsAre("information: Duplicate zone(s) created"));
+    EXPECT_THAT(zoneNames(), ElementsAre("Wing", "Body", "Tail", "Body", "Tail"));
+    QTest::keyClick(&list(), Qt::Key_Escape);
+    EXPECT_FALSE(dialog().isVisible());
+}
+
+TEST_F(DuplicateZoneDialogTest, IsNotDrivenByReturn)
+{
+    launched();
+    clickRow(2);
+    for (QWidget* const widget :
+         {static_cast<QWidget*>(&list()), static_cast<QWidget*>(&createButton()), static_cast<QWidget*>(&dialog())}) {
+        widget->setFocus();
+        QTest::keyClick(widget, Qt::Key_Return);
+        QTest::keyClick(widget, Qt::Key_Enter);
+    }
+    EXPECT_THAT(messages.take(), IsEmpty());
+    EXPECT_EQ(zoneNames().size(), 3u);
+}
+
+TEST_F(DuplicateZoneDialogTest, PressesCreateBySpace)
+{
+    launched();
+    clickRow(2);
+    createButton().setFocus();
+    QTest::keyClick(&createButton(), Qt::Key_Space);
+    EXPECT_THAT(zoneNames(), ElementsAre("Wing", "Body", "Tail", "Tail"));
+}
+
+TEST_F(DuplicateZoneDialogTest, KeepsItsSelectionWhileItIsClosed)
+{
+    launched();
+    clickRow(1);
+    QTest::mouseClick(buttonBox().button(QDialogButtonBox::Close), Qt::LeftButton);
+    EXPECT_FALSE(dialog().isVisible());
+    dialog().launch();
+    EXPECT_TRUE(dialog().isVisible());
+    EXPECT_THAT(rows(), ElementsAre("1: Wing", "*2: Body", "3: Tail"));
+    EXPECT_EQ(zoneNames().size(), 3u);
+}
+
+TEST_F(DuplicateZoneDialogTest, FollowsUndoRedoAndRenaming)
+{
+    launched();
+    clickRow(1);
+    clickCreate();
+    sample.session().undo();
+    EXPECT_THAT(rows(), ElementsAre("1: Wing", "*2: Body", "3: Tail"));
+    sample.session().redo();
+    EXPECT_THAT(rows(), ElementsAre("1: Wing", "*2: Body", "3: Tail", "4: Body"));
+    sample.session().renameZone(sample.dataSet(), 4, "Body 2");
+    EXPECT_EQ(rows().back(), "4: Body 2");
+}
+
+TEST_F(DuplicateZoneDialogTest, ForgetsASelectedCopyThatUndoTakesAway)
+{
+    launched();
+    clickRow(0);
+    clickCreate();
+    IdleDispatcher::flush();
+    clickRow(3);
+    sample.session().undo();
+    EXPECT_THAT(rows(), ElementsAre("1: Wing", "2: Body", "3: Tail"));
+    messages.take();
+    clickCreate();
+    EXPECT_THAT(messages.take(), ElementsAre("error: No zones are selected"));
+}
+
+TEST_F(DuplicateZoneDialogTest, CannotBeUsedWithoutADataSet)
+{
+    launched();
+    EXPECT_TRUE(list().isEnabled());
+    sample.session().clear();
+    IdleDispatcher::flush();
+    EXPECT_FALSE(list().isEnabled());
+    EXPECT_FALSE(createButton().isEnabled());
+    EXPECT_TRUE(buttonBox().button(QDialogButtonBox::Close)->isEnabled());
+    EXPECT_THAT(rows(), IsEmpty());
+    EXPECT_TRUE(dialog().isVisible());
+}
+
+TEST_F(DuplicateZoneDialogTest, OpensItsHelpTopicByF1)
+{
+    std::vector<std::string> topics;
+    HelpLauncher::install([&](std::string const& topic) { topics.push_back(topic); });
+    launched();
+    QTest::keyClick(&list(), Qt::Key_F1);
+    HelpLauncher::install(HelpLauncher::Opener());
+    EXPECT_THAT(topics, ElementsAre("create_zone_duplicate.html"));
+}
+
+/// What is held while a message is on the screen: lock, wait state.
+class DuplicateZoneGuardsTest : public DuplicateZoneFixture
+{
+protected:
+    using Guards = std::vector<std::pair<int, int>>;
+
+    DuplicateZoneGuardsTest()
+    {
+        host::MessagePresenter::install([this](std::string const&, MessageBoxType_e) {
+            guards.emplace_back(sdk::AppLock::depth(), sdk::WaitState::depth());
+        });
+        launched();
+    }
+
+    Guards guards;
+};
+
+TEST_F(DuplicateZoneGuardsTest, LocksTheApplicationWhileItTellsARefusal)
+{
+    clickCreate();
+    EXPECT_EQ(guards, (Guards{{1, 0}}));
+    EXPECT_EQ(sdk::AppLock::depth(), 0);
+}
+
+TEST_F(DuplicateZoneGuardsTest, IsBusyAndLocksTheApplicationUntilTheOutcomeHasBeenTold)
+{
+    clickRow(0);
+    clickCreate();
+    EXPECT_EQ(guards, (Guards{{1, 1}}));
+    EXPECT_EQ(sdk::AppLock::depth(), 0);
+    EXPECT_EQ(sdk::WaitState::depth(), 0);
+}
+
+TEST_F(DuplicateZoneGuardsTest, IsNoLongerBusyBeforeItReleasesItsLock)
+{
+    std::vector<int> depths;
+    boost::signals2::scoped_connection const listening =
+        sdk::WaitState::connectBusyChanged([&depths](bool) { depths.push_back(sdk::AppLock::depth()); });
+    clickRow(0);
+    clickCreate();
+    EXPECT_THAT(depths, ElementsAre(1, 1));
+}
+
+} // namespace
+} // namespace veldraw::tests

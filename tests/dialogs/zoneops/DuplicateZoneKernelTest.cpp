@@ -1,0 +1,190 @@
+#include "tests/dialogs/zoneops/DuplicateZoneFixture.h"
+#include "tests/support/KernelSpy.h"
+
+#include <gmock/gmock.h>
+
+namespace veldraw::tests {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+std::string const failed = "error: Error duplicating zone(s)";
+std::string const created = "information: Duplicate zone(s) created";
+
+class DuplicateZoneKernelTest : public DuplicateZoneFixture
+{
+protected:
+    DuplicateZoneKernelTest() { launched(); }
+
+    /// A click on the button as the kernel sees it.
+    std::vector<std::string> callsOfCreate()
+    {
+        spy.reset();
+        clickCreate();
+        return spy.calls();
+    }
+
+    void expectTold(std::vector<std::string> const& texts, std::string const& when)
+    {
+        EXPECT_EQ(messages.take(), texts) << when;
+        EXPECT_EQ(sdk::AppLock::depth(), 0) << when;
+        EXPECT_EQ(sdk::WaitState::depth(), 0) << when;
+        EXPECT_TRUE(dialog().isVisible()) << when;
+    }
+
+    KernelSpy spy;
+};
+
+TEST_F(DuplicateZoneKernelTest, CopiesTheWholeSelectionInOneCall)
+{
+    clickRow(0);
+    clickRow(2, Qt::ControlModifier);
+    EXPECT_THAT(callsOfCreate(),
+                ElementsAre("VelUtilArgListAlloc()", "VelUtilArgListAppendSet(list, \"SourceZones\", {1, 3})",
+                            "VelUtilZoneCopyX(list)",
+                            "VelUtilFrameGetUniqueID()", // the list, which hears of the copies
+                            "VelUtilArgListDealloc(out)", "VelUtilDialogMessageBox(\"Duplicate zone(s) created\", 2)"));
+}
+
+TEST_F(DuplicateZoneKernelTest, AllocatesAndCallsNothingWithoutASelection)
+{
+    EXPECT_THAT(callsOfCreate(), ElementsAre("VelUtilDialogErrMsg(\"No zones are selected\")"));
+}
+
+TEST_F(DuplicateZoneKernelTest, GoesNoFurtherWithoutAnArgumentList)
+{
+    clickRow(1);
+    spy.reset();
+    spy.failNext("VelUtilArgListAlloc");
+    clickCreate();
+    EXPECT_THAT(spy.calls(), ElementsAre("VelUtilArgListAlloc()", "VelUtilArgListDealloc(out)",
+                                         "VelUtilDialogErrMsg(\"Error duplicating zone(s)\")"));
+    EXPECT_EQ(zoneNames().size(), 3u);
+}
+
+TEST_F(DuplicateZoneKernelTest, FreesItsArgumentListWhenItCannotBeFilled)
+{
+    clickRow(1);
+    spy.reset();
+    spy.failNext("VelUtilArgListAppendSet");
+    clickCreate();
+    EXPECT_THAT(spy.calls(),
+                ElementsAre("VelUtilArgListAlloc()", "VelUtilArgListAppendSet(list, \"SourceZones\", {2})",
+                            "VelUtilArgListDealloc(out)", "VelUtilDialogErrMsg(\"Error duplicating zone(s)\")"));
+    EXPECT_EQ(zoneNames().size(), 3u);
+}
+
+TEST_F(DuplicateZoneKernelTest, FreesItsArgumentListWhenTheKernelRefuses)
+{
+    clickRow(1);
+    spy.reset();
+    spy.failNext("VelUtilZoneCopyX");
+    clickCreate();
+    EXPECT_THAT(spy.calls(), ElementsAre("VelUtilArgListAlloc()", "VelUtilArgListAppendSet(list, \"SourceZones\", {2})",
+                                         "VelUtilZoneCopyX(list)", "VelUtilArgListDealloc(out)",
+                                         "VelUtilDialogErrMsg(\"Error duplicating zone(s)\")"));
+    EXPECT_EQ(zoneNames().size(), 3u);
+}
+
+TEST_F(DuplicateZoneKernelTest, TellsAFailureAndKeepsTheSelectionForAnotherTry)
+{
+    clickRow(0);
+    clickRow(1, Qt::ControlModifier);
+    std::string const stepBefore = sample.session().history().undoName();
+    spy.failNext("VelUtilZoneCopyX");
+    clickCreate();
+    expectTold({failed}, "refused");
+    EXPECT_EQ(spy.count("VelUtilZoneCopyX"), 1) << "nothing tries again by itself";
+    EXPECT_THAT(rows(), ElementsAre("*1: Wing", "*2: Body", "3: Tail"));
+    EXPECT_EQ(sample.session().history().undoName(), stepBefore);
+
+    clickCreate();
+    expectTold({created}, "another try");
+    EXPECT_THAT(zoneNames(), ElementsAre("Wing", "Body", "Tail", "Wing", "Body"));
+}
+
+TEST_F(DuplicateZoneKernelTest, TellsThatALockedDataSetRefuses)
+{
+    sample.session().setLock(sample.dataSet(), "another operation");
+    clickRow(2);
+    clickCreate();
+    expectTold({failed}, "locked");
+    EXPECT_EQ(sample.session().lastError(), "The data set is locked.");
+    EXPECT_EQ(zoneNames().size(), 3u);
+}
+
+TEST_F(DuplicateZoneKernelTest, AsksTheKernelNothingWhileTheListIsUsed)
+{
+    spy.reset();
+    clickRow(0);
+    clickRow(2, Qt::ControlModifier);
+    EXPECT_EQ(spy.count("VelUtilZoneCopyX"), 0);
+    EXPECT_EQ(spy.count("VelUtilArgListAlloc"), 0);
+}
+
+bool isOf(std::string const& call, char const* function)
+{
+    return call.rfind(std::string(function) + "(", 0) == 0;
+}
+
+// Whether the zones are not copied when just this kernel call fails.
+bool refuses(std::string const& call)
+{
+    return isOf(call, "VelUtilArgListAlloc") || isOf(call, "VelUtilArgListAppendSet") || isOf(call, "VelUtilZoneCopyX");
+}
+
+// What the user is told when just this kernel call fails.
+std::vector<std::string> toldWhenFailing(std::string const& call)
+{
+    if (isOf(call, "VelUtilDialogMessageBox"))
+        return {};
+    return {refuses(call) ? failed : created};
+}
+
+TEST_F(DuplicateZoneKernelTest, StaysWholeAndReleasesItsGuardsWhicheverKernelCallFails)
+{
+    clickRow(1);
+    std::vector<std::string> const calls = callsOfCreate();
+    ASSERT_EQ(calls.size(), 6u);
+    for (std::size_t failing = 0; failing < calls.size(); ++failing) {
+        std::string const when = calls[failing] + " fails";
+        sample.session().undo();
+        EXPECT_EQ(rows().size(), 3u) << when;
+        clickRow(1);
+        messages.take();
+        spy.failCall(static_cast<int>(failing) + 1);
+        clickCreate();
+        spy.reset();
+        EXPECT_EQ(zoneNames().size(), refuses(calls[failing]) ? 3u : 4u) << when;
+        expectTold(toldWhenFailing(calls[failing]), when);
+        if (refuses(calls[failing]))
+            clickCreate();
+        EXPECT_THAT(zoneNames(), ElementsAre("Wing", "Body", "Tail", "Body")) << when << ", then nothing";
+    }
+}
+
+TEST_F(DuplicateZoneKernelTest, StaysWholeAndReleasesItsGuardsWhenAllKernelCallsFailFromOneOn)
+{
+    clickRow(1);
+    std::vector<std::string> const calls = callsOfCreate();
+    ASSERT_EQ(calls.size(), 6u);
+    for (std::size_t failing = 0; failing < calls.size(); ++failing) {
+        std::string const when = calls[failing] + " and all after it fail";
+        sample.session().undo();
+        EXPECT_EQ(rows().size(), 3u) << when;
+        clickRow(1);
+        messages.take();
+        spy.failFrom(static_cast<int>(failing) + 1);
+        clickCreate();
+        spy.reset();
+        EXPECT_EQ(zoneNames().size(), refuses(calls[failing]) ? 3u : 4u) << when;
+        expectTold({}, when); // a message cannot be shown either
+        if (refuses(calls[failing]))
+            clickCreate();
+        EXPECT_THAT(zoneNames(), ElementsAre("Wing", "Body", "Tail", "Body")) << when << ", then nothing";
+    }
+}
+
+} // namespace
+} // namespace veldraw::tests

@@ -65,7 +65,7 @@ void Session::removeAllPages()
     m_pages.clear();
     m_activePage = 0;
     m_history.clear();
-    m_events.emitEvent(frameEvent(StateChange_PageReplaced, 0));
+    emitActiveFrame(StateChange_PageReplaced);
 }
 
 void Session::openPage(std::vector<std::shared_ptr<Frame>> frames)

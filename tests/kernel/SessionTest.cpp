@@ -135,7 +135,7 @@ TEST_F(SessionOperations, RefuseAFrameThatCannotBe)
     expectRefused([&] { return session.addFrame(nullptr); });
     expectRefused([&] { return session.addFrame(frame); });
     session.removeAllPages();
-    EXPECT_THAT(recorder.take(), ElementsAre("16"));
+    EXPECT_THAT(recorder.take(), ElementsAre("16", "10"));
     expectRefused([&] { return session.createFrame("bad", {0, 0, 1, 1}) != nullptr; });
     expectRefused([&] { return session.addFrame(std::make_shared<Frame>("f", Rectangle{})); });
     expectRefused([&] { return session.startFrameLoop(); });

@@ -2,24 +2,11 @@
 
 #include "app/window/RecordView.h"
 
-#include <QHeaderView>
 #include <QLabel>
 #include <QSplitter>
 #include <QVBoxLayout>
 
 namespace veldraw::app {
-
-namespace {
-
-// Widths of the columns from the name on; the last column has the rest.
-void setColumnWidths(RecordView& view, std::initializer_list<int> widths)
-{
-    int column = SnapshotTableModel::NameColumn;
-    for (int const width : widths)
-        view.header()->resizeSection(column++, width);
-}
-
-} // namespace
 
 DataPanel::DataPanel(kernel::Session& session, QWidget* parent)
     : QWidget(parent)
@@ -41,9 +28,6 @@ DataPanel::DataPanel(kernel::Session& session, QWidget* parent)
     splitter->setStretchFactor(2, 2);
     m_frameView->setPreferredRows(4);
     m_variableView->setPreferredRows(10);
-    setColumnWidths(*m_frameView, {180});
-    setColumnWidths(*m_zoneView, {130, 84});
-    setColumnWidths(*m_variableView, {112, 146});
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(4, 4, 4, 4);
     layout->addWidget(splitter);

@@ -10,6 +10,7 @@
 #include <QFileInfo>
 #include <QImageWriter>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QSettings>
 
 namespace veldraw::app {
@@ -131,6 +132,7 @@ void DocumentController::putOnFreshPage(std::vector<Opened> const& opened)
     for (Opened const& file : opened)
         frames.push_back(file.frame);
     m_session.openPage(std::move(frames));
+    m_session.history().setClean(); // what stands in files is nothing to lose
 }
 
 bool DocumentController::addToPage(std::vector<Opened> const& opened)
@@ -144,7 +146,7 @@ bool DocumentController::addToPage(std::vector<Opened> const& opened)
             return false;
         }
     }
-    if (wasClean) // a frame that shows what stands in a file is nothing to lose
+    if (wasClean)
         m_session.history().setClean();
     return true;
 }
@@ -252,6 +254,8 @@ bool DocumentController::mayCloseData()
                     QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, &m_window);
     box.setObjectName(QStringLiteral("unsavedQuestion"));
     box.setInformativeText(QStringLiteral("Save them before they are lost?"));
+    box.button(QMessageBox::Save)->setText(QStringLiteral("&Save..."));
+    box.button(QMessageBox::Discard)->setText(QStringLiteral("&Discard"));
     box.setDefaultButton(QMessageBox::Save);
     switch (box.exec()) {
     case QMessageBox::Save:

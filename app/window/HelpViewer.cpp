@@ -63,6 +63,7 @@ HelpViewer::HelpViewer(QStringList folders, QWidget* parent)
     forward->setShortcut(QKeySequence::Forward);
     back->setEnabled(false);
     forward->setEnabled(false);
+    connect(m_browser, &QTextBrowser::historyChanged, this, &HelpViewer::updateTitle);
     connect(m_browser, &QTextBrowser::backwardAvailable, back, &QAction::setEnabled);
     connect(m_browser, &QTextBrowser::forwardAvailable, forward, &QAction::setEnabled);
 
@@ -139,11 +140,16 @@ QString HelpViewer::listOfTopics() const
 
 void HelpViewer::bringUp()
 {
-    QString const title = m_browser->documentTitle();
-    setWindowTitle(title.isEmpty() ? QStringLiteral("Help") : QStringLiteral("Help: %1").arg(title));
+    updateTitle();
     show();
     raise();
     activateWindow();
+}
+
+void HelpViewer::updateTitle()
+{
+    QString const title = m_browser->documentTitle();
+    setWindowTitle(title.isEmpty() ? QStringLiteral("Help") : QStringLiteral("Help: %1").arg(title));
 }
 
 } // namespace veldraw::app

@@ -29,6 +29,7 @@ private:
     QString findTopic(QString const& topic) const;
     QString listOfTopics() const;
     void bringUp();
+    void updateTitle();
 
     QStringList m_folders;
     QTextBrowser* m_browser;

@@ -53,8 +53,8 @@ MainWindow::MainWindow(kernel::Session& session, CentralView view, ImportJob::Re
     : m_session(session)
     , m_view(std::move(view))
     , m_documents(std::make_unique<DocumentController>(session, *this, std::move(reader)))
-    , m_undo(session)
-    , m_frames(session)
+    , m_undo(session, this)
+    , m_frames(session, this)
     , m_follower(session, [this] { refresh(); })
 {
     setObjectName(QStringLiteral("mainWindow"));
@@ -421,7 +421,6 @@ void MainWindow::closeEvent(QCloseEvent* event)
     if (m_helpViewer)
         m_helpViewer->close();
     event->accept();
-    QApplication::closeAllWindows();
 }
 
 void MainWindow::restoreLayout()

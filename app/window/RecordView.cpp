@@ -20,11 +20,12 @@ RecordView::RecordView(SnapshotTableModel& tableModel, QString const& name, QStr
     setItemsExpandable(false);
     setEditTriggers(EditKeyPressed);
     setModel(&tableModel);
-    header()->setStretchLastSection(true);
-    header()->setSectionResizeMode(QHeaderView::Interactive);
+    // The name has what the others leave; only rows in sight count, so ranges of the others need not be known.
+    header()->setStretchLastSection(false);
+    header()->setResizeContentsPrecision(0);
+    header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    header()->setSectionResizeMode(SnapshotTableModel::NameColumn, QHeaderView::Stretch);
     header()->setSectionsMovable(false);
-    header()->resizeSection(SnapshotTableModel::NumberColumn,
-                            fontMetrics().horizontalAdvance(QLatin1Char('0')) * 3 + 30);
     header()->setMinimumSectionSize(24);
 }
 

@@ -15,6 +15,7 @@ void failOnWarning(QtMsgType type, QMessageLogContext const& context, QString co
 {
     if (message.contains(QStringLiteral("This plugin does not support propagateSizeHints()")) ||
         message.contains(QStringLiteral("This plugin does not support raise()")) ||
+        message.contains(QStringLiteral("This plugin does not support grabbing the keyboard")) ||
         message.contains(QStringLiteral("XDG_RUNTIME_DIR not set")))
         return;
     std::fprintf(stderr, "%s (%s:%d)\n", qPrintable(message), context.file ? context.file : "?", context.line);

@@ -54,6 +54,7 @@ WindowTest::WindowTest()
     host::MessageLog::instance().clear();
     host::MessagePresenter::install([this](std::string const& text, MessageBoxType_e) { messages.push_back(text); });
     session.clear();
+    session.history().setClean();
 }
 
 WindowTest::~WindowTest()
@@ -93,6 +94,7 @@ void WindowTest::openFrames(std::vector<std::pair<std::string, std::shared_ptr<k
         frames.back()->dataSet = dataSet;
     }
     session.openPage(frames);
+    session.history().setClean();
     settle();
 }
 

@@ -14,6 +14,8 @@ public:
     virtual void updateWidgetVisibility() = 0;
     /// Enables or disables the widget as the property's user-interface side says.
     virtual void updateWidgetSensitivity() = 0;
+
+    ~PropertyBindingInterface() override = default;
 };
 
 } // namespace veldraw::sdk::ui::dialogs::propertybindings

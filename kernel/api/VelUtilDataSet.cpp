@@ -71,7 +71,9 @@ bool VelUtilDataSetIsLocked(char** lockerName)
         return false;
     }
     // Locked all the same when there is no memory for the name.
-    api::store(lockerName, answerOr<char*>(nullptr, [&] { return api::copyText(dataSet->lockHolder()); }));
+    if (lockerName != nullptr) {
+        *lockerName = answerOr<char*>(nullptr, [&] { return api::copyText(dataSet->lockHolder()); });
+    }
     return true;
 }
 

@@ -371,11 +371,19 @@ TEST_F(ListViewPropertyBindingTest, DoesNotEchoACorrectionInTheDeferredMode)
     EXPECT_EQ(driver.look(), "1 2 3 4 5");
 }
 
+// Without QListView::selectAll(), which leaks its ranges when a listener throws.
+void selectEveryRow(QListView& view)
+{
+    QAbstractItemModel const& rows = *view.model();
+    view.selectionModel()->select(QItemSelection(rows.index(0, 0), rows.index(rows.rowCount() - 1, 0)),
+                                  QItemSelectionModel::ClearAndSelect);
+}
+
 TEST_F(ListViewPropertyBindingTest, FollowsThePropertyAgainAfterItHasRefusedASelection)
 {
     property = boost::make_shared<ValuesProperty>(Values{2, 3}, boost::make_shared<AtMostTwo>());
     bind();
-    EXPECT_THROW(view.selectAll(), InvalidPropertyValueException);
+    EXPECT_THROW(selectEveryRow(view), InvalidPropertyValueException);
     EXPECT_EQ(chosen(), "2 3");
     property->setValue({5});
     IdleDispatcher::flush();
@@ -390,7 +398,7 @@ TEST_F(ListViewPropertyBindingTest, FollowsThePropertyAgainAfterAListenerHasThro
         if (fails)
             throw std::runtime_error("listener");
     });
-    EXPECT_THROW(view.selectAll(), std::runtime_error);
+    EXPECT_THROW(selectEveryRow(view), std::runtime_error);
     EXPECT_EQ(chosen(), "1 2 3 4 5");
     fails = false;
     property->setValue({4});

@@ -4,6 +4,7 @@
 #include <QAbstractSpinBox>
 #include <QLineEdit>
 #include <QPointer>
+#include <QTextEdit>
 
 namespace veldraw::sdk::ui::dialogs::propertybindings {
 
@@ -11,7 +12,8 @@ namespace {
 
 bool takesText(QWidget const* widget)
 {
-    return qobject_cast<QLineEdit const*>(widget) || qobject_cast<QAbstractSpinBox const*>(widget);
+    return qobject_cast<QLineEdit const*>(widget) || qobject_cast<QAbstractSpinBox const*>(widget) ||
+           qobject_cast<QTextEdit const*>(widget);
 }
 
 // False when the field keeps the focus, since it refused what was typed.

@@ -1,0 +1,58 @@
+#include "dialogs/bindings/LabelPropertyBinding.h"
+
+#include <QAbstractButton>
+#include <QLabel>
+
+namespace veldraw::sdk::ui::dialogs::propertybindings {
+
+LabelPropertyBinding::LabelPropertyBinding(QLabel* const label,
+                                           boost::shared_ptr<PropertyAbstract<std::string> const> property,
+                                           WidgetUpdateMode_e mode)
+    : QObjectPropertyBinding<std::string>(property, mode)
+    , m_label(label)
+{
+    LabelPropertyBinding::updateWidgetValue();
+}
+
+LabelPropertyBinding::LabelPropertyBinding(QAbstractButton* const button,
+                                           boost::shared_ptr<PropertyAbstract<std::string> const> property,
+                                           WidgetUpdateMode_e mode)
+    : QObjectPropertyBinding<std::string>(property, mode)
+    , m_button(button)
+{
+    LabelPropertyBinding::updateWidgetValue();
+}
+
+LabelPropertyBinding::LabelPropertyBinding(QLabel* const label, UIStylePropertyAbstract<std::string>& uiProperty)
+    : QObjectPropertyBinding<std::string>(uiProperty, UpdateOnIdle)
+    , m_label(label)
+{
+    LabelPropertyBinding::updateWidgetValue();
+    LabelPropertyBinding::updateWidgetVisibility();
+    LabelPropertyBinding::updateWidgetSensitivity();
+}
+
+LabelPropertyBinding::~LabelPropertyBinding() = default;
+
+void LabelPropertyBinding::updateWidgetValue()
+{
+    QString const text = QString::fromStdString(property().value());
+    if (m_label)
+        m_label->setText(text);
+    if (m_button)
+        m_button->setText(text);
+}
+
+void LabelPropertyBinding::updateWidgetVisibility()
+{
+    if (m_label)
+        m_label->setVisible(uiProperty().isVisible());
+}
+
+void LabelPropertyBinding::updateWidgetSensitivity()
+{
+    if (m_label)
+        m_label->setEnabled(uiProperty().isSensitive());
+}
+
+} // namespace veldraw::sdk::ui::dialogs::propertybindings

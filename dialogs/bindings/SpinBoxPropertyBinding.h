@@ -1,0 +1,82 @@
+#pragma once
+
+#include "dialogs/bindings/QObjectPropertyBinding.h"
+#include "dialogs/bindings/QtSignalConnectionCollection.h"
+#include "dialogs/property/SpinBoxIncDecCalculatorBase.h"
+#include "dialogs/widgets/IntegralSpinBox.h"
+#include "dialogs/widgets/QScientificSpinBox.h"
+
+#include <QPointer>
+
+#include <utility>
+
+namespace veldraw::sdk::ui::dialogs::propertybindings {
+
+using propertymanager::SpinBoxIncDecCalculatorBase;
+
+/// Ties a spin box to a number: what the three spin box bindings have in common.
+///
+/// What the box shows is never read back. The property is set when the user has typed another text and finishes by
+/// Return, Tab or by going elsewhere, and by steps. A box that rounds or that has a smaller range than the property
+/// changes nothing.
+///
+/// A step commits what was typed, starts from the property's value and ends within the box's range; where it leads is the
+/// calculator's answer or, without a calculator, the box's single step. A step counts like a typed value.
+///
+/// A value that the property refuses is told in a message box, if the refusal has a text; the box shows the property's
+/// value again and keeps the focus. The wheel works over a box that has the focus only.
+///
+/// A box for whole numbers takes its range from a `BoundedValueValidator` that the property has when the box is written.
+template <typename T, typename Box>
+class SpinBoxPropertyBinding : public QObjectPropertyBinding<T>
+{
+public:
+    using ArrowsUsedSignal = boost::signals2::signal<void()>;
+
+    /// Keeps property and calculator alive; the calculator may be null.
+    SpinBoxPropertyBinding(Box* const box, boost::shared_ptr<PropertyAbstract<T>> property,
+                           boost::shared_ptr<SpinBoxIncDecCalculatorBase> calculator);
+    ~SpinBoxPropertyBinding() override;
+
+    void updateWidgetValue() override;
+    void updateWidgetVisibility() override;
+    void updateWidgetSensitivity() override;
+
+    /// Connects a slot that hears of each use of arrows, keys or wheel that the property accepted, after it has the new
+    /// value, and then runs the hook `signalArrowsUsedConnected()`.
+    boost::signals2::connection connectArrowsUsed(ArrowsUsedSignal::slot_type const& slot) const;
+
+private:
+    virtual void signalArrowsUsedConnected() const;
+
+protected:
+    mutable ArrowsUsedSignal signalArrowsUsed;
+
+private:
+    using Number = decltype(std::declval<Box&>().value());
+
+    void listenToBox();
+    void boxEdited();
+    void step(int count, bool isUp);
+    bool commitTypedText();
+    bool commit(T value);
+    void showRefusal();
+    void takeLimits();
+    bool isRetypedLimit() const;
+    void forgetTyping();
+
+    QPointer<Box> const m_box;
+    boost::shared_ptr<PropertyAbstract<T>> const m_property;
+    boost::shared_ptr<SpinBoxIncDecCalculatorBase> const m_calculator;
+    Number m_shown{};            // what the box held when it was written or read last
+    bool m_isCommitting = false; // a refusal's message box must not lead to another commit
+    bool m_wasRefused = false;
+    QtSignalConnectionCollection m_qtConnections;
+    SignalConnectionCollection m_connections;
+};
+
+extern template class SpinBoxPropertyBinding<double, veldraw::ui::QScientificSpinBox>;
+extern template class SpinBoxPropertyBinding<int, veldraw::ui::IntegralSpinBox>;
+extern template class SpinBoxPropertyBinding<long long, veldraw::ui::IntegralSpinBox>;
+
+} // namespace veldraw::sdk::ui::dialogs::propertybindings

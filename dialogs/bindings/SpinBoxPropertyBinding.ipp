@@ -1,0 +1,180 @@
+#pragma once
+
+#include "dialogs/bindings/ScopedExitAction.h"
+#include "dialogs/bindings/SpinBoxPropertyBinding.h"
+#include "dialogs/bindings/SpinBoxRange.h"
+#include "dialogs/bindings/SpinBoxStep.h"
+#include "dialogs/bindings/ValueCommit.h"
+#include "dialogs/bindings/WheelGuard.h"
+
+#include <QLineEdit>
+#include <QSignalBlocker>
+
+#include <boost/pointer_cast.hpp>
+
+#include <cmath>
+#include <type_traits>
+
+namespace veldraw::sdk::ui::dialogs::propertybindings {
+
+template <typename T, typename Box>
+SpinBoxPropertyBinding<T, Box>::SpinBoxPropertyBinding(Box* const box, boost::shared_ptr<PropertyAbstract<T>> property,
+                                                       boost::shared_ptr<SpinBoxIncDecCalculatorBase> calculator)
+    : QObjectPropertyBinding<T>(property, BindingInterface::UpdateOnIdle)
+    , m_box(box)
+    , m_property(property)
+    , m_calculator(calculator)
+{
+    // Else each key would set the property, and the box would be rewritten under the user's fingers.
+    box->setKeyboardTracking(false);
+    new WheelGuard(*box);
+    SpinBoxPropertyBinding::updateWidgetValue();
+    listenToBox();
+}
+
+template <typename T, typename Box>
+SpinBoxPropertyBinding<T, Box>::~SpinBoxPropertyBinding() = default;
+
+// Qt doesn't tell a new value that differs by a tiny fraction only, hence also the end of editing.
+template <typename T, typename Box>
+void SpinBoxPropertyBinding<T, Box>::listenToBox()
+{
+    m_qtConnections.add(
+        QObject::connect(m_box.data(), QOverload<Number>::of(&Box::valueChanged), this, [this] { boxEdited(); }));
+    m_qtConnections.add(QObject::connect(m_box.data(), &Box::editingFinished, this, [this] { boxEdited(); }));
+    m_connections.add(m_box->connectIncrement([this](int count) { step(count, true); }));
+    m_connections.add(m_box->connectDecrement([this](int count) { step(count, false); }));
+}
+
+template <typename T, typename Box>
+void SpinBoxPropertyBinding<T, Box>::updateWidgetValue()
+{
+    if (!m_box)
+        return;
+    QSignalBlocker const blocker(m_box.data());
+    takeLimits();
+    m_box->setValue(shownIn<Number>(m_property->value()));
+    forgetTyping();
+}
+
+template <typename T, typename Box>
+void SpinBoxPropertyBinding<T, Box>::updateWidgetVisibility()
+{
+    if (m_box)
+        m_box->setVisible(this->uiProperty().isVisible());
+}
+
+template <typename T, typename Box>
+void SpinBoxPropertyBinding<T, Box>::updateWidgetSensitivity()
+{
+    if (m_box)
+        m_box->setEnabled(this->uiProperty().isSensitive());
+}
+
+template <typename T, typename Box>
+boost::signals2::connection
+SpinBoxPropertyBinding<T, Box>::connectArrowsUsed(ArrowsUsedSignal::slot_type const& slot) const
+{
+    boost::signals2::connection connection = signalArrowsUsed.connect(slot);
+    signalArrowsUsedConnected();
+    return connection;
+}
+
+template <typename T, typename Box>
+void SpinBoxPropertyBinding<T, Box>::signalArrowsUsedConnected() const
+{
+}
+
+template <typename T, typename Box>
+void SpinBoxPropertyBinding<T, Box>::boxEdited()
+{
+    if (!m_box || m_isCommitting)
+        return;
+    if (m_box->value() != m_shown || isRetypedLimit())
+        commit(m_box->value());
+}
+
+template <typename T, typename Box>
+void SpinBoxPropertyBinding<T, Box>::step(int count, bool isUp)
+{
+    if (!m_box || m_isCommitting || !commitTypedText())
+        return;
+    SpinBoxStep const steps{m_calculator.get(), static_cast<double>(m_box->singleStep()), count, isUp};
+    double const target = steps.from(static_cast<double>(m_property->value()));
+    if (!std::isnan(target) && commit(withinRange<T>(target, m_box->minimum(), m_box->maximum())))
+        signalArrowsUsed();
+}
+
+// False when what was typed was refused, or when committing it ended this binding or its box.
+template <typename T, typename Box>
+bool SpinBoxPropertyBinding<T, Box>::commitTypedText()
+{
+    QPointer<QObject> const self = this;
+    m_wasRefused = false;
+    m_box->interpretText();
+    if (self)
+        boxEdited();
+    return self && m_box && !m_wasRefused;
+}
+
+// False also when the property's listeners ended this binding.
+template <typename T, typename Box>
+bool SpinBoxPropertyBinding<T, Box>::commit(T value)
+{
+    QPointer<QObject> const self = this;
+    boost::shared_ptr<PropertyAbstract<T>> const property = m_property;
+    m_isCommitting = true;
+    ScopedExitAction const done([this, self] {
+        if (self)
+            m_isCommitting = false;
+    });
+    // What the property makes of the value is shown whatever happens, also if it stays as it was.
+    forgetTyping();
+    this->updateValueOnIdle();
+    // An arrow that is held down must not go on stepping under the message.
+    bool const isTaken = commitValue(*property, value, [this] { m_box->stopStepping(); });
+    if (!self)
+        return false;
+    m_wasRefused = !isTaken;
+    if (m_wasRefused && m_box)
+        showRefusal();
+    return isTaken;
+}
+
+template <typename T, typename Box>
+void SpinBoxPropertyBinding<T, Box>::showRefusal()
+{
+    updateWidgetValue();
+    m_box->activateWindow();
+    m_box->setFocus();
+}
+
+template <typename T, typename Box>
+void SpinBoxPropertyBinding<T, Box>::takeLimits()
+{
+    if constexpr (std::is_integral_v<T>) {
+        auto const limits = boost::dynamic_pointer_cast<BoundedValueValidator<T> const>(m_property->validator());
+        if (limits)
+            m_box->setRange(lowestInRange(*limits, m_box->minimum()), highestInRange(*limits, m_box->maximum()));
+    }
+}
+
+// A limit of the box that stands for a value beyond it doesn't change when the user types it, but is meant.
+template <typename T, typename Box>
+bool SpinBoxPropertyBinding<T, Box>::isRetypedLimit() const
+{
+    if constexpr (std::is_integral_v<T>) {
+        return m_box->template findChild<QLineEdit*>()->isModified() && m_box->value() != m_property->value();
+    } else {
+        return false;
+    }
+}
+
+template <typename T, typename Box>
+void SpinBoxPropertyBinding<T, Box>::forgetTyping()
+{
+    m_shown = m_box->value();
+    m_box->template findChild<QLineEdit*>()->setModified(false);
+}
+
+} // namespace veldraw::sdk::ui::dialogs::propertybindings

@@ -1,0 +1,64 @@
+#include "dialogs/bindings/TextEditPropertyBinding.h"
+
+#include "dialogs/bindings/ValueCommit.h"
+
+#include <QTextDocument>
+#include <QTextEdit>
+
+namespace veldraw::sdk::ui::dialogs::propertybindings {
+
+TextEditPropertyBinding::TextEditPropertyBinding(QTextEdit* textEdit,
+                                                 boost::shared_ptr<PropertyAbstract<std::string>> property,
+                                                 bool readOnly)
+    : UIPropertyBindingAbstract<std::string>(property, UpdateOnIdle)
+    , m_textEdit(textEdit)
+    , m_observable(*textEdit, [this] { applyText(); })
+    , m_property(property)
+{
+    textEdit->setReadOnly(readOnly);
+    textEdit->setAcceptRichText(false);
+    textEdit->setTabChangesFocus(true);
+    TextEditPropertyBinding::updateWidgetValue();
+}
+
+TextEditPropertyBinding::~TextEditPropertyBinding() = default;
+
+// An equal text isn't written again: that would lose the place that the user looks at.
+void TextEditPropertyBinding::updateWidgetValue()
+{
+    if (!m_textEdit)
+        return;
+    QString const text = QString::fromStdString(m_property->value());
+    if (m_textEdit->toPlainText() != text)
+        m_textEdit->setPlainText(text);
+    m_textEdit->document()->setModified(false);
+}
+
+void TextEditPropertyBinding::updateWidgetVisibility()
+{
+    if (m_textEdit)
+        m_textEdit->setVisible(uiProperty().isVisible());
+}
+
+void TextEditPropertyBinding::updateWidgetSensitivity()
+{
+    if (m_textEdit)
+        m_textEdit->setEnabled(uiProperty().isSensitive());
+}
+
+void TextEditPropertyBinding::applyText()
+{
+    QPointer<QObject> const self = &m_observable;
+    boost::shared_ptr<PropertyAbstract<std::string>> const property = m_property;
+    m_textEdit->document()->setModified(false);
+    // What the property makes of the text is shown whatever happens, also if it stays as it was.
+    updateValueOnIdle();
+    bool const isTaken = commitValue(*property, m_textEdit->toPlainText().toStdString());
+    if (isTaken || !self || !m_textEdit)
+        return;
+    updateWidgetValue();
+    m_textEdit->activateWindow();
+    m_textEdit->setFocus();
+}
+
+} // namespace veldraw::sdk::ui::dialogs::propertybindings

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "dialogs/widgets/StepSignals.h"
+
+#include <QSpinBox>
+
+namespace veldraw::ui {
+
+/// A spin box for whole numbers whose arrows, arrow and page keys and wheel don't step: they only say that a step is
+/// asked for, and whoever listens decides where it leads. Range and typed text are those of `QSpinBox`.
+class IntegralSpinBox : public QSpinBox
+{
+    Q_OBJECT
+
+public:
+    explicit IntegralSpinBox(QWidget* parent = nullptr);
+    ~IntegralSpinBox() override;
+
+    /// Signals the steps, up for positive numbers.
+    void stepBy(int steps) override;
+    /// Ends the repetition of steps while an arrow is held down, as when something else now needs the user's attention.
+    void stopStepping();
+
+    /// Connects a slot, which gets the number of steps, and then runs the hook `signalIncrementConnected()`.
+    boost::signals2::connection connectIncrement(boost::function<void(int)> const& slot);
+    /// Connects a slot, which gets the number of steps, and then runs the hook `signalDecrementConnected()`.
+    boost::signals2::connection connectDecrement(boost::function<void(int)> const& slot);
+
+private:
+    virtual void signalIncrementConnected() const;
+    virtual void signalDecrementConnected() const;
+
+    StepSignals m_steps;
+};
+
+} // namespace veldraw::ui

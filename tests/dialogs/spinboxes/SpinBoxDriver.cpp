@@ -1,0 +1,72 @@
+#include "tests/dialogs/spinboxes/SpinBoxDriver.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QStyleOptionSpinBox>
+#include <QTest>
+#include <QWheelEvent>
+
+namespace veldraw::test {
+
+SpinBoxDriver::SpinBoxDriver(QAbstractSpinBox& box)
+    : m_box(box)
+{
+}
+
+void SpinBoxDriver::type(char const* text)
+{
+    m_box.setFocus();
+    m_box.selectAll();
+    QTest::keyClick(&m_box, Qt::Key_Delete);
+    QTest::keyClicks(&m_box, QString::fromUtf8(text));
+}
+
+void SpinBoxDriver::press(Qt::Key key, Qt::KeyboardModifiers modifiers)
+{
+    QTest::keyClick(&m_box, key, modifiers);
+}
+
+void SpinBoxDriver::clickUp()
+{
+    QTest::mouseClick(&m_box, Qt::LeftButton, Qt::NoModifier, arrow(QStyle::SC_SpinBoxUp));
+}
+
+void SpinBoxDriver::clickDown()
+{
+    QTest::mouseClick(&m_box, Qt::LeftButton, Qt::NoModifier, arrow(QStyle::SC_SpinBoxDown));
+}
+
+void SpinBoxDriver::holdUp()
+{
+    QTest::mousePress(&m_box, Qt::LeftButton, Qt::NoModifier, arrow(QStyle::SC_SpinBoxUp));
+}
+
+void SpinBoxDriver::releaseUp()
+{
+    QTest::mouseRelease(&m_box, Qt::LeftButton, Qt::NoModifier, arrow(QStyle::SC_SpinBoxUp));
+}
+
+void SpinBoxDriver::turnWheel(int notches)
+{
+    QWidget& field = *m_box.findChild<QLineEdit*>();
+    QPointF const place = field.rect().center();
+    QWheelEvent event(place, field.mapToGlobal(place.toPoint()), QPoint(), QPoint(0, 120 * notches), Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&field, &event);
+}
+
+std::string SpinBoxDriver::text() const
+{
+    return m_box.text().toStdString();
+}
+
+QPoint SpinBoxDriver::arrow(QStyle::SubControl control) const
+{
+    QStyleOptionSpinBox option;
+    option.initFrom(&m_box);
+    option.frame = true;
+    option.subControls = QStyle::SC_All;
+    return m_box.style()->subControlRect(QStyle::CC_SpinBox, &option, control, &m_box).center();
+}
+
+} // namespace veldraw::test

@@ -40,3 +40,24 @@
     M(bool)                                                                                                            \
     M(char)                                                                                                            \
     M(LinearInterpMode_e)
+
+/// Calls M(T) for each type whose values text fields show and take.
+#define VELDRAW_FOR_EACH_TEXT_FIELD_TYPE(M)                                                                            \
+    M(int)                                                                                                             \
+    M(long long)                                                                                                       \
+    M(double)                                                                                                          \
+    M(std::string)
+
+/// Calls M(T) for each type of which there may be a line edit, that of an editable combo box among them.
+#define VELDRAW_FOR_EACH_LINE_EDIT_TYPE(M)                                                                             \
+    VELDRAW_FOR_EACH_TEXT_FIELD_TYPE(M)                                                                                \
+    M(AuxDataLocation_e)                                                                                               \
+    M(BoundaryCondition_e)                                                                                             \
+    M(Drift_e)                                                                                                         \
+    M(FourierPlotDisplayType_e)                                                                                        \
+    M(IJKPlanes_e)                                                                                                     \
+    M(NumberFormat_e)                                                                                                  \
+    M(PtSelection_e)                                                                                                   \
+    M(ThetaMode_e)                                                                                                     \
+    M(ValueLocation_e)                                                                                                 \
+    M(WindowFunction_e)

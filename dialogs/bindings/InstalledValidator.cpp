@@ -1,0 +1,55 @@
+#include "dialogs/bindings/InstalledValidator.h"
+
+#include <QDoubleValidator>
+#include <QIntValidator>
+#include <QLineEdit>
+#include <QLocale>
+
+namespace veldraw::sdk::ui::dialogs::propertybindings {
+
+namespace {
+
+// How a binding tells its own validators from those of the form.
+QString installedName()
+{
+    return QStringLiteral("VeldrawBindingInstalledValidator");
+}
+
+QValidator* newValidator(QLineEdit& lineEdit, AcceptedText accepted)
+{
+    switch (accepted) {
+    case AcceptedText::Number:
+        return new QDoubleValidator(&lineEdit);
+    case AcceptedText::WholeNumber:
+        return new QIntValidator(&lineEdit);
+    case AcceptedText::Anything:
+        break;
+    }
+    return nullptr;
+}
+
+QLocale typedNumbers()
+{
+    QLocale locale(QLocale::English, QLocale::UnitedStates);
+    // "1,000" would pass and be read as 1.
+    locale.setNumberOptions(QLocale::RejectGroupSeparator | QLocale::OmitGroupSeparator);
+    return locale;
+}
+
+} // namespace
+
+void installValidator(QLineEdit& lineEdit, AcceptedText accepted)
+{
+    QValidator const* const present = lineEdit.validator();
+    if (present && present->objectName() != installedName())
+        return;
+    QValidator* const validator = newValidator(lineEdit, accepted);
+    if (validator) {
+        validator->setObjectName(installedName());
+        validator->setLocale(typedNumbers());
+    }
+    lineEdit.setValidator(validator);
+    delete present;
+}
+
+} // namespace veldraw::sdk::ui::dialogs::propertybindings

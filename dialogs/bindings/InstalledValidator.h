@@ -1,0 +1,21 @@
+#pragma once
+
+class QLineEdit;
+
+namespace veldraw::sdk::ui::dialogs::propertybindings {
+
+/// What may be typed into a field that a binding looks after.
+enum class AcceptedText
+{
+    Anything,
+    WholeNumber, ///< as `int` holds it
+    Number
+};
+
+/// Gives a line edit the validator of a binding, or none if it accepts anything. A validator that the form or a dialog
+/// has set stays; one that an earlier binding installed goes.
+///
+/// Numbers are typed as the bindings read them: with a point, without group separators, whatever the default locale.
+void installValidator(QLineEdit& lineEdit, AcceptedText accepted);
+
+} // namespace veldraw::sdk::ui::dialogs::propertybindings

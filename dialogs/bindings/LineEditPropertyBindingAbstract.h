@@ -1,0 +1,62 @@
+#pragma once
+
+#include "dialogs/bindings/QTextFieldObservable.h"
+#include "dialogs/bindings/UIPropertyBindingAbstract.h"
+
+#include <QPointer>
+#include <QString>
+
+#include <memory>
+#include <optional>
+
+class QLineEdit;
+
+namespace veldraw::sdk::ui::dialogs::propertybindings {
+
+/// The road from the text of a line edit to a property. A concrete binding adds the road back.
+///
+/// The text is taken when the user has finished with the field, never key by key; see `QTextFieldObservable`. A text
+/// that is refused ends in one of three ways, and in none does the property change:
+///
+/// - The line edit's validator refuses it: the property's value silently stands in the field again.
+/// - The property refuses it: the reason is told, then as above.
+/// - It passes the validator and can't be read: the field keeps it.
+///
+/// In the first two the field keeps the focus. A field that still shows what the binding wrote stands for the very value
+/// it was written for, with all its digits.
+template <typename T>
+class LineEditPropertyBindingAbstract : public UIPropertyBindingAbstract<T>
+{
+public:
+    /// Keeps the property alive.
+    /// @param lineEdit may be null: there is nothing to type into, and the text is never taken
+    LineEditPropertyBindingAbstract(QLineEdit* lineEdit, boost::shared_ptr<PropertyAbstract<T>> property);
+    ~LineEditPropertyBindingAbstract() override;
+
+protected:
+    /// The caller keeps the property alive.
+    LineEditPropertyBindingAbstract(QLineEdit* lineEdit, UIStylePropertyAbstract<T>& uiProperty);
+
+    /// Writes the field. @param value what the text stands for
+    void showText(QString const& text, T const& value);
+
+private:
+    void setUp();
+    bool applyText();
+    bool isAcceptable();
+    T enteredValue();
+    bool isAsShown();
+    bool refuse();
+
+    std::unique_ptr<QTextFieldObservable> m_textFieldObservable; // null: no line edit
+    QPointer<QLineEdit> const m_lineEdit;
+    boost::shared_ptr<PropertyAbstract<T>> const m_keptProperty; // empty: somebody else's
+    QString m_shownText;
+    std::optional<T> m_shownValue; // none: nothing was shown yet
+};
+
+#define VELDRAW_DECLARE(T) extern template class LineEditPropertyBindingAbstract<T>;
+VELDRAW_FOR_EACH_LINE_EDIT_TYPE(VELDRAW_DECLARE)
+#undef VELDRAW_DECLARE
+
+} // namespace veldraw::sdk::ui::dialogs::propertybindings

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "dialogs/property/PropertyAbstract.h"
+
+class QString;
+
+namespace veldraw::sdk::ui::dialogs::propertybindings {
+
+/// Where the text of a number field may be rewritten before it is validated. This one leaves it alone: the conversion
+/// reads the field itself, so a rewritten text would pass the validator and the field's own be misread.
+class StringMassager
+{
+public:
+    StringMassager();
+    virtual ~StringMassager();
+
+    virtual void prepareText(PropertyAbstract<double>& property, QString& text);
+};
+
+} // namespace veldraw::sdk::ui::dialogs::propertybindings

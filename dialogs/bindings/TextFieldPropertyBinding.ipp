@@ -1,0 +1,77 @@
+#pragma once
+
+#include "dialogs/bindings/TextFieldPropertyBinding.h"
+
+#include <QLineEdit>
+
+#include <boost/format.hpp>
+
+#include <locale>
+
+namespace veldraw::sdk::ui::dialogs::propertybindings {
+
+template <typename T>
+TextFieldPropertyBinding<T>::TextFieldPropertyBinding(QLineEdit* lineEdit,
+                                                      boost::shared_ptr<PropertyAbstract<T>> property)
+    : LineEditPropertyBindingAbstract<T>(lineEdit, property)
+    , m_lineEdit(lineEdit)
+{
+    TextFieldPropertyBinding::updateWidgetValue();
+}
+
+template <typename T>
+TextFieldPropertyBinding<T>::TextFieldPropertyBinding(QLineEdit* lineEdit, UIStylePropertyAbstract<T>& uiProperty)
+    : LineEditPropertyBindingAbstract<T>(lineEdit, uiProperty)
+    , m_lineEdit(lineEdit)
+{
+    TextFieldPropertyBinding::updateWidgetValue();
+    TextFieldPropertyBinding::updateWidgetVisibility();
+    TextFieldPropertyBinding::updateWidgetSensitivity();
+}
+
+template <typename T>
+TextFieldPropertyBinding<T>::~TextFieldPropertyBinding() = default;
+
+template <typename T>
+void TextFieldPropertyBinding<T>::updateWidgetValue()
+{
+    if (!m_lineEdit)
+        return;
+    T const value = this->property().value();
+    boost::format text(m_formatString, std::locale::classic());
+    this->showText(QString::fromStdString((text % value).str()), value);
+    if (m_displayMode == 0)
+        m_lineEdit->home(false);
+}
+
+template <typename T>
+void TextFieldPropertyBinding<T>::updateWidgetVisibility()
+{
+    if (m_lineEdit)
+        m_lineEdit->setVisible(this->uiProperty().isVisible());
+}
+
+template <typename T>
+void TextFieldPropertyBinding<T>::updateWidgetSensitivity()
+{
+    if (m_lineEdit)
+        m_lineEdit->setEnabled(this->uiProperty().isSensitive());
+}
+
+template <typename T>
+void TextFieldPropertyBinding<T>::setFormatString(std::string const& formatString)
+{
+    boost::format trial(formatString);
+    (trial % this->property().value()).str();
+    m_formatString = formatString;
+    updateWidgetValue();
+}
+
+template <typename T>
+void TextFieldPropertyBinding<T>::setDisplayMode(int displayMode)
+{
+    m_displayMode = displayMode;
+    updateWidgetValue();
+}
+
+} // namespace veldraw::sdk::ui::dialogs::propertybindings

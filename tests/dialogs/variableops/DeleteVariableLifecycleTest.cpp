@@ -11,6 +11,7 @@ namespace {
 
 using sdk::integration::StateChangeEventObservable;
 using testing::ElementsAre;
+using testing::IsEmpty;
 
 int listenerCount()
 {
@@ -95,6 +96,22 @@ TEST_F(DeleteVariableLifecycleTest, EndsItsBindingsBeforeItsManagerAndWidgets)
     delete &dialog();
     ASSERT_EQ(order.size(), 3u);
     EXPECT_EQ(order.front(), "list binding");
+}
+
+TEST_F(DeleteVariableLifecycleTest, EndsItsBindingsInTheOrderOfTheirCreation)
+{
+    QPushButton& button = deleteButton();
+    bool isListBindingGone = false;
+    // When the list binding, the last one, takes its item model along, the button's binding has gone already.
+    QObject::connect(list().model(), &QObject::destroyed, mainWindow.get(), [&] {
+        isListBindingGone = true;
+        button.click();
+    });
+    clickDelete();
+    EXPECT_THAT(messages.take(), ElementsAre("error: No variables are selected"));
+    delete &dialog();
+    EXPECT_TRUE(isListBindingGone);
+    EXPECT_THAT(messages.take(), IsEmpty());
 }
 
 TEST_F(DeleteVariableLifecycleTest, CanBeMadeAfterAFirstTryThatFailed)

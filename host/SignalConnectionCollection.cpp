@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace veldraw {
+namespace veldraw::sdk {
 
 SignalConnectionCollection::SignalConnectionCollection() = default;
 
@@ -32,4 +32,4 @@ SignalConnectionCollection::ConnectionBlocker::ConnectionBlocker(SignalConnectio
 
 SignalConnectionCollection::ConnectionBlocker::~ConnectionBlocker() = default;
 
-} // namespace veldraw
+} // namespace veldraw::sdk

@@ -7,7 +7,7 @@
 
 #include <vector>
 
-namespace veldraw {
+namespace veldraw::sdk {
 
 /// Connections that end together: when the collection is cleared or destroyed, none of their slots runs any more.
 /// This is how classes end their listening, and how a binding stops its own echo while it writes a value.
@@ -41,5 +41,11 @@ public:
 private:
     std::vector<boost::signals2::connection> m_connections;
 };
+
+} // namespace veldraw::sdk
+
+namespace veldraw {
+
+using sdk::SignalConnectionCollection; // properties and their rules stand outside sdk
 
 } // namespace veldraw

@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 #include <memory>
 
-namespace veldraw {
+namespace veldraw::sdk {
 
 class SignalConnections : public ::testing::Test
 {
@@ -86,4 +86,4 @@ TEST_F(SignalConnections, OutliveTheirSignal)
     EXPECT_EQ(m_calls, 0);
 }
 
-} // namespace veldraw
+} // namespace veldraw::sdk

@@ -26,6 +26,17 @@ QString withoutMnemonic(QString text)
     return text.remove(QRegularExpression(QStringLiteral("&(?!&)")));
 }
 
+// The widgets of a form, without those of dialogs that were opened from it, which are its children too.
+template <typename Widget>
+QList<Widget*> widgetsOf(QDialog const& dialog)
+{
+    QList<Widget*> widgets;
+    for (Widget* const widget : dialog.findChildren<Widget*>())
+        if (widget->window() == &dialog)
+            widgets.append(widget);
+    return widgets;
+}
+
 } // namespace
 
 QtDialogAbstract::QtDialogAbstract(QWidget& parent,
@@ -129,7 +140,7 @@ void QtDialogAbstract::wireCloseButtons()
 
 void QtDialogAbstract::takeDefaultsOffButtons()
 {
-    for (QPushButton* const button : findChildren<QPushButton*>()) {
+    for (QPushButton* const button : widgetsOf<QPushButton>(*this)) {
         button->setAutoDefault(false);
         button->setDefault(false);
     }
@@ -137,7 +148,7 @@ void QtDialogAbstract::takeDefaultsOffButtons()
 
 void QtDialogAbstract::nameInputsAfterTheirLabels()
 {
-    for (QLabel const* const label : findChildren<QLabel*>()) {
+    for (QLabel const* const label : widgetsOf<QLabel>(*this)) {
         QAccessibleInterface const* const input = QAccessible::queryAccessibleInterface(label->buddy());
         if (input && input->text(QAccessible::Name).isEmpty())
             label->buddy()->setAccessibleName(withoutMnemonic(label->text()));
@@ -199,7 +210,7 @@ std::vector<QObject*> QtDialogAbstract::relevanceTargets() const
 
 QList<QDialogButtonBox*> QtDialogAbstract::buttonBoxes() const
 {
-    return findChildren<QDialogButtonBox*>();
+    return widgetsOf<QDialogButtonBox>(*this);
 }
 
 } // namespace veldraw::dialogs::common

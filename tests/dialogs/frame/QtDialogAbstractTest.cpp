@@ -205,6 +205,21 @@ TEST_F(QtDialogAbstractTest, CanOnlyBeUsedWhileItsRuleIsTrueButClosedAlways)
     EXPECT_FALSE(dialog.isVisible());
 }
 
+TEST_F(QtDialogAbstractTest, LeavesTheDialogsAloneThatWereOpenedFromIt)
+{
+    SampleDialog dialog(parent, boost::make_shared<SwitchedRelevance>(false));
+    SampleDialog child(static_cast<QWidget&>(dialog));
+    child.launch();
+    dialog.setHelpAction(new LaunchHelpAction("sample.html", dialog));
+    dialog.launch();
+    EXPECT_TRUE(child.field->isEnabled());
+    EXPECT_TRUE(child.action->isEnabled());
+    EXPECT_FALSE(child.buttons->button(QDialogButtonBox::Help));
+    QTest::mouseClick(closeButton(child), Qt::LeftButton);
+    EXPECT_FALSE(child.isVisible());
+    EXPECT_TRUE(dialog.isVisible());
+}
+
 TEST_F(QtDialogAbstractTest, FollowsItsRuleAlsoWhileItIsClosed)
 {
     auto const rule = boost::make_shared<SwitchedRelevance>(true);

@@ -121,6 +121,8 @@ int runProgram(int argc, char** argv)
 
     if (early.isBatch())
         qInstallMessageHandler(keepQtQuiet);
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     Application application(argc, argv);
     host::KernelBridge::install();
     // Qt has taken its own options out by now, so what is unknown here is wrong.

@@ -8,6 +8,7 @@
 #include <vtkCamera.h>
 #include <vtkProperty.h>
 
+#include <array>
 #include <gtest/gtest.h>
 
 using namespace veldraw;
@@ -119,6 +120,47 @@ TEST(PageView, FollowsFramesThatComeAndGo)
     ASSERT_TRUE(fresh);
     page.picture("third-on-top");
     EXPECT_EQ(page.view().notice(fresh->id), QStringLiteral("This frame has no data set."));
+}
+
+TEST(PageView, DrawsCopiesOfZonesInEveryFrameOfTheirDataSetUntilTheyAreUndone)
+{
+    auto const sheet = SampleData::sheet(21, 11);
+    PlotTestPage page({SampleData::frame("Left", sheet, PlotType_Cartesian2D),
+                       SampleData::frame("Right", sheet, PlotType_Cartesian2D),
+                       SampleData::frame("Other", SampleData::sheet(5, 5), PlotType_Cartesian2D)});
+    page.picture();
+    auto const drawn = [&page] {
+        page.picture("copies-of-zones");
+        return std::array<std::size_t, 3>{page.field(0).zones().size(), page.field(1).zones().size(),
+                                          page.field(2).zones().size()};
+    };
+    QImage const before = page.plot(1);
+    ASSERT_TRUE(page.session().duplicateZones(*sheet, {1}));
+    EXPECT_EQ(drawn(), (std::array<std::size_t, 3>{2, 2, 1}));
+    EXPECT_EQ(PlotTestPage::differingPixels(before, page.plot(1)), 0) << "a copy lies where its source lies";
+    ASSERT_TRUE(page.session().setZoneEnabled(*sheet, 1, false));
+    EXPECT_EQ(drawn(), (std::array<std::size_t, 3>{1, 1, 1}));
+    EXPECT_EQ(PlotTestPage::differingPixels(before, page.plot(1)), 0) << "and shows the same values";
+    page.session().undo();
+    page.session().undo();
+    EXPECT_EQ(drawn(), (std::array<std::size_t, 3>{1, 1, 1}));
+    EXPECT_EQ(page.field(0).zones().front()->zoneNumber(), 1);
+    page.session().redo();
+    EXPECT_EQ(drawn(), (std::array<std::size_t, 3>{2, 2, 1}));
+}
+
+TEST(PageView, ShowsACurveOfACopyUntilItIsUndone)
+{
+    auto const waves = SampleData::waves(30);
+    PlotTestPage page({SampleData::waveFrame(waves)});
+    ASSERT_TRUE(page.session().duplicateZones(*waves, {1}));
+    ASSERT_TRUE(page.session().setLinePlot(page.frame().id, 2, 1, 2));
+    page.picture();
+    EXPECT_EQ(page.notice(), QString());
+    page.session().undo();
+    page.session().undo();
+    page.picture();
+    EXPECT_EQ(page.notice(), QString()) << "the map shows the source again";
 }
 
 TEST(PageView, DrawsFramesThatLieOverEachOtherInTheirOrder)

@@ -117,6 +117,25 @@ TEST_F(PropertyProxyTest, PassesItsOwnValidatorAndTheTargets)
     EXPECT_THAT(heard, IsEmpty());
 }
 
+TEST_F(PropertyProxyTest, LeavesItToTheTargetToSayWhatIsEqual)
+{
+    class Pairs : public Property<long long>
+    {
+        using Property<long long>::Property;
+        bool isEqual(long long const& other) const override { return other / 2 == value() / 2; }
+    };
+    auto const pairs = boost::make_shared<Pairs>(4);
+    int changes = 0;
+    pairs->connectValueChanged([&changes](long long) { ++changes; });
+    proxy.setProperty(pairs);
+    proxy.setValue(5);
+    EXPECT_EQ(pairs->value(), 4);
+    EXPECT_EQ(changes, 0);
+    proxy.setValue(6);
+    EXPECT_EQ(pairs->value(), 6);
+    EXPECT_EQ(changes, 1);
+}
+
 TEST_F(PropertyProxyTest, KeepsItsTargetAlive)
 {
     PropertyProxy<long long> other(boost::make_shared<Property<long long>>(3),

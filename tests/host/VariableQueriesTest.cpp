@@ -1,3 +1,4 @@
+#include "kernel/data/ShareGroup.h"
 #include "platform/vdsdkcommon/DataSetQueries.h"
 #include "tests/host/SampleSession.h"
 
@@ -65,6 +66,16 @@ TEST_F(VariableQueries, FindNothingThatWaitsToBeLoadedWhenAllIsInMemory)
 {
     EXPECT_THAT(getNotLoadedVariablesForZone(1).members(), IsEmpty());
     EXPECT_THAT(getNotLoadedVariablesForZone(99).members(), IsEmpty());
+}
+
+TEST_F(VariableQueries, FindWhatWaitsToBeLoaded)
+{
+    m_dataSet->addVariable(std::make_shared<kernel::Variable>("passive"));
+    for (int variable : {1, 4, 5})
+        m_dataSet->field(1, variable)->group()->replaceBuffer(nullptr);
+    session().setVariableEnabled(*m_dataSet, 4, false);
+    EXPECT_THAT(getNotLoadedVariablesForZone(1).members(), ElementsAre(1, 5));
+    EXPECT_THAT(getNotLoadedVariablesForZone(2).members(), IsEmpty());
 }
 
 TEST_F(VariableQueries, AllowRangesOfEnabledVariablesAlone)

@@ -1,0 +1,114 @@
+#include "app/tour/TourContext.h"
+
+#include "kernel/frames/Session.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDialog>
+#include <QListView>
+#include <QMenu>
+#include <QPushButton>
+
+namespace veldraw::app {
+
+TourContext::TourContext(MainWindow& mainWindow, QString const& pictureFolder)
+    : window(mainWindow)
+    , user(pictureFolder)
+{
+}
+
+bool TourContext::check(char const* step, QString const& expected, QString const& found)
+{
+    return report.check(QString::fromUtf8(step), expected, found);
+}
+
+bool TourContext::check(char const* step, int expected, int found)
+{
+    return check(step, QString::number(expected), QString::number(found));
+}
+
+bool TourContext::check(char const* step, bool asExpected)
+{
+    return report.check(QString::fromUtf8(step), asExpected);
+}
+
+// Without a window manager nobody else makes a window the active one.
+void TourContext::activate(QWidget& widget)
+{
+    widget.raise();
+    widget.activateWindow();
+    QApplication::setActiveWindow(&widget);
+    user.settle(100);
+}
+
+void TourContext::openDialogByKeys(int mnemonic, std::function<bool()> const& isThere)
+{
+    activate(window);
+    user.key(Qt::Key_D, Qt::AltModifier);
+    user.settle();
+    user.key(mnemonic);
+    user.waitFor(isThere);
+}
+
+QString TourContext::messagesOf(QPushButton& button, QString const& picture)
+{
+    return user.messagesDuring([&] { user.click(button); }, picture).join(QLatin1Char('|'));
+}
+
+QString TourContext::messagesOfKey(int key, Qt::KeyboardModifiers modifiers)
+{
+    return user.messagesDuring([&] { user.key(key, modifiers); }).join(QLatin1Char('|'));
+}
+
+QPushButton& TourContext::button(QDialog& dialog, char const* text)
+{
+    for (QPushButton* const button : dialog.findChildren<QPushButton*>())
+        if (button->text() == QLatin1String(text))
+            return *button;
+    qFatal("the dialog has no button \"%s\"", text);
+}
+
+QListView& TourContext::list(QDialog& dialog, char const* objectName)
+{
+    auto* const view = dialog.findChild<QListView*>(QLatin1String(objectName));
+    if (!view)
+        qFatal("the dialog has no list \"%s\"", objectName);
+    return *view;
+}
+
+int TourContext::selectedRowCount(QListView const& list)
+{
+    return list.selectionModel()->selectedRows().size();
+}
+
+QAction* TourContext::action(char const* objectName) const
+{
+    for (QMenu* const menu : window.findChildren<QMenu*>())
+        for (QAction* const entry : menu->actions())
+            if (entry->objectName() == QLatin1String(objectName))
+                return entry;
+    return nullptr;
+}
+
+kernel::DataSet& TourContext::dataSet()
+{
+    return *kernel::Session::instance().activeDataSet();
+}
+
+QString TourContext::variableNames()
+{
+    QStringList names;
+    for (auto const& variable : dataSet().variables())
+        names.push_back(QString::fromStdString(variable->name));
+    return names.join(QStringLiteral(", "));
+}
+
+QString TourContext::zoneNames()
+{
+    QStringList names;
+    for (auto const& zone : dataSet().zones())
+        names.push_back(QString::fromStdString(zone->name));
+    return names.join(QStringLiteral(", "));
+}
+
+} // namespace veldraw::app

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "app/tour/TourReport.h"
+#include "app/tour/UserDriver.h"
+#include "app/window/MainWindow.h"
+#include "kernel/data/DataSet.h"
+
+#include <QString>
+
+class QAction;
+class QDialog;
+class QListView;
+class QPushButton;
+
+namespace veldraw::app {
+
+/// What the stations of the tour share: the window, the user's hands and eyes, the report.
+class TourContext
+{
+public:
+    TourContext(MainWindow& mainWindow, QString const& pictureFolder);
+
+    MainWindow& window;
+    UserDriver user;
+    TourReport report;
+
+    /// Notes a step with what was expected and what was found. @return true when both are equal
+    bool check(char const* step, QString const& expected, QString const& found);
+    bool check(char const* step, int expected, int found);
+    bool check(char const* step, bool asExpected);
+
+    /// Brings a window to the front and makes it the active one.
+    void activate(QWidget& widget);
+
+    /// Presses Alt+D and the mnemonic of an entry of the Data menu. @return the dialog that came, null if none did
+    template <typename Dialog>
+    Dialog* openDialog(int mnemonic);
+
+    /// Messages that come of pressing a dialog's button by the mouse, joined by "|".
+    QString messagesOf(QPushButton& button, QString const& picture = {});
+    /// The same for keys.
+    QString messagesOfKey(int key, Qt::KeyboardModifiers modifiers);
+
+    /// The button of @p dialog with exactly this text, mnemonic included.
+    static QPushButton& button(QDialog& dialog, char const* text);
+    static QListView& list(QDialog& dialog, char const* objectName);
+    static int selectedRowCount(QListView const& list);
+
+    /// An entry of the menus by its object name, null if there is none.
+    QAction* action(char const* objectName) const;
+
+    /// The active frame's data set, which the tour has opened.
+    static kernel::DataSet& dataSet();
+    static QString variableNames();
+    static QString zoneNames();
+
+private:
+    void openDialogByKeys(int mnemonic, std::function<bool()> const& isThere);
+};
+
+template <typename Dialog>
+Dialog* TourContext::openDialog(int mnemonic)
+{
+    openDialogByKeys(mnemonic, [] { return UserDriver::visibleWindow<Dialog>() != nullptr; });
+    auto* const dialog = UserDriver::visibleWindow<Dialog>();
+    if (dialog) {
+        dialog->move(window.mapToGlobal(QPoint(620, 260)));
+        activate(*dialog);
+    }
+    return dialog;
+}
+
+} // namespace veldraw::app

@@ -73,7 +73,7 @@ void RadioButtonPropertyBinding<T>::buttonStateChanged(QButtonObservable& observ
     if (!observable.buttonWidget()->isChecked())
         return;
     try {
-        this->property().setValue(m_buttonValue);
+        this->setPropertyValue(m_buttonValue);
     } catch (InvalidPropertyValueException const& refusal) {
         if (*refusal.what())
             VelUtilDialogMessageBox(refusal.what(), MessageBoxType_Error);

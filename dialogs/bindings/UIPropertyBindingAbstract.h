@@ -38,6 +38,9 @@ public:
     UIPropertyInterface& uiProperty();
 
 protected:
+    /// Sets the property and keeps a shared one alive meanwhile, since a listener may end the binding.
+    void setPropertyValue(T const& value);
+
     /// Schedules one write of the widget for the next idle moment.
     virtual void updateValueOnIdle();
 

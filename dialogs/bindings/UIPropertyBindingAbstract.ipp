@@ -49,6 +49,13 @@ UIPropertyInterface& UIPropertyBindingAbstract<T>::uiProperty()
 }
 
 template <typename T>
+void UIPropertyBindingAbstract<T>::setPropertyValue(T const& value)
+{
+    boost::shared_ptr<PropertyAbstract<T>> const keptProperty = m_sharedProperty;
+    m_property->setValue(value);
+}
+
+template <typename T>
 void UIPropertyBindingAbstract<T>::updateValueOnIdle()
 {
     m_widgetUpdater.enableNotification();

@@ -1,6 +1,7 @@
 #include "dialogs/frame/LaunchHelpAction.h"
 #include "platform/vdsdkuicommon/HelpLauncher.h"
 #include "platform/vdsdkuicommon/IdleDispatcher.h"
+#include "platform/vdsdkuicommon/OnIdleActionPerformerSingleShot.h"
 #include "tests/dialogs/frame/SampleDialog.h"
 #include "tests/dialogs/support/SwitchedRelevance.h"
 
@@ -13,6 +14,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <memory>
+#include <set>
 
 namespace veldraw::dialogs::common {
 namespace {
@@ -31,6 +33,22 @@ protected:
     QtDialogAbstractTest() { parent.show(); }
 
     QWidget parent;
+};
+
+// Writes down the kinds of events that a widget gets.
+class EventLog : public QObject
+{
+public:
+    explicit EventLog(QWidget& widget) { widget.installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        m_seen.insert(event->type());
+        return false;
+    }
+    bool hasSeen(QEvent::Type type) const { return m_seen.count(type) > 0; }
+
+private:
+    std::set<QEvent::Type> m_seen;
 };
 
 QPushButton* closeButton(SampleDialog const& dialog)
@@ -65,6 +83,20 @@ TEST_F(QtDialogAbstractTest, LaunchedAgainOnlyComesToTheFront)
     EXPECT_THAT(state->calls, IsEmpty());
 }
 
+TEST_F(QtDialogAbstractTest, ComesToTheFrontOfOtherWindowsByLaunch)
+{
+    SampleDialog dialog(parent);
+    dialog.launch();
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    EventLog events(dialog);
+    dialog.launch();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    EXPECT_TRUE(events.hasSeen(QEvent::ZOrderChange));
+}
+
 TEST_F(QtDialogAbstractTest, LaunchedWhileMinimisedComesBack)
 {
     SampleDialog dialog(parent);
@@ -86,6 +118,18 @@ TEST_F(QtDialogAbstractTest, IsTakenOffTheScreenByDropAndLivesOn)
     EXPECT_FALSE(dialog.isVisible());
     dialog.launch();
     EXPECT_EQ(dialog.field->text(), QStringLiteral("typed"));
+}
+
+TEST_F(QtDialogAbstractTest, BehavesAsWellWhenItIsShownWithoutBeingLaunched)
+{
+    auto const rule = boost::make_shared<SwitchedRelevance>(false);
+    SampleDialog dialog(parent, rule);
+    dialog.show();
+    EXPECT_FALSE(dialog.action->isEnabled());
+    for (QPushButton const* const button : dialog.findChildren<QPushButton*>())
+        EXPECT_FALSE(button->isDefault() || button->autoDefault()) << button->text().toStdString();
+    QTest::mouseClick(closeButton(dialog), Qt::LeftButton);
+    EXPECT_FALSE(dialog.isVisible());
 }
 
 TEST_F(QtDialogAbstractTest, IsClosedOnceByItsCloseButton)
@@ -164,6 +208,11 @@ TEST_F(QtDialogAbstractTest, PassesOverWhatCannotBeUsedWhenItGivesTheFocus)
     dialog.field->setEnabled(false);
     dialog.launch();
     EXPECT_EQ(dialog.focusWidget(), dialog.box);
+
+    SampleDialog hiding(parent);
+    hiding.field->hide();
+    hiding.launch();
+    EXPECT_EQ(hiding.focusWidget(), hiding.box);
 }
 
 TEST_F(QtDialogAbstractTest, IsAtLeastAsLargeAsItsForm)
@@ -231,6 +280,17 @@ TEST_F(QtDialogAbstractTest, FollowsItsRuleAlsoWhileItIsClosed)
     EXPECT_FALSE(dialog.action->isEnabled());
 }
 
+TEST_F(QtDialogAbstractTest, AsksItsRuleBeforeItIsSeenAgain)
+{
+    auto const rule = boost::make_shared<SwitchedRelevance>(true);
+    SampleDialog dialog(parent, rule);
+    dialog.launch();
+    dialog.drop();
+    rule->setSilently(false);
+    dialog.launch();
+    EXPECT_FALSE(dialog.action->isEnabled());
+}
+
 TEST_F(QtDialogAbstractTest, WithoutARuleCanAlwaysBeUsed)
 {
     SampleDialog dialog(parent);
@@ -245,8 +305,12 @@ TEST_F(QtDialogAbstractTest, IsBroughtUpToDateAtOnceByUpdateContent)
     auto const rule = boost::make_shared<SwitchedRelevance>(true);
     SampleDialog dialog(parent, rule);
     dialog.launch();
-    rule->set(false);
+    int widgetsWritten = 0;
+    sdk::ui::common::OnIdleActionPerformerSingleShot update([&] { ++widgetsWritten; });
+    update.enableNotification();
+    rule->setSilently(false);
     dialog.updateContent();
+    EXPECT_EQ(widgetsWritten, 1);
     EXPECT_FALSE(dialog.action->isEnabled());
 }
 

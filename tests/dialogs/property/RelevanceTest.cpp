@@ -7,6 +7,7 @@
 #include "dialogs/property/SimpleBooleanRelevance.h"
 #include "dialogs/property/UIProperty.h"
 #include "dialogs/property/UIStylePropertyAbstract.h"
+#include "tests/dialogs/support/SwitchedRelevance.h"
 
 #include <boost/function.hpp>
 #include <boost/make_shared.hpp>
@@ -17,6 +18,7 @@
 namespace veldraw::sdk::ui::propertymanager {
 namespace {
 
+using tests::SwitchedRelevance;
 using Rule = boost::shared_ptr<RelevanceInterface const>;
 
 void ignoreSignal() {}
@@ -25,34 +27,6 @@ Rule constant(bool answer)
 {
     return boost::make_shared<SimpleBooleanRelevance>(answer);
 }
-
-// A rule whose answer a test sets, and that counts how often it is asked.
-class SwitchedRule : public virtual RelevanceInterface
-{
-public:
-    explicit SwitchedRule(bool answer)
-        : m_answer(answer)
-    {
-    }
-    void set(bool answer)
-    {
-        m_answer = answer;
-        signalRelevanceChanged();
-    }
-    bool isRelevant() const override
-    {
-        ++timesAsked;
-        return m_answer;
-    }
-    std::size_t listeners() const { return signalRelevanceChanged.num_slots(); }
-
-    mutable int timesAsked = 0;
-    mutable int hookRuns = 0;
-
-private:
-    void signalRelevanceChangedConnected() const override { ++hookRuns; }
-    bool m_answer;
-};
 
 // A value with a control that a test enables and hides.
 class ControlledBool : public UIStylePropertyAbstract<bool>
@@ -92,7 +66,7 @@ TEST(SimpleBooleanRelevance, AnswersItsConstant)
 
 TEST(Relevance, RunsItsHookAfterEachConnection)
 {
-    SwitchedRule const rule(true);
+    SwitchedRelevance const rule(true);
     rule.connectRelevanceChanged(&ignoreSignal);
     rule.connectRelevanceChanged(&ignoreSignal);
     EXPECT_EQ(rule.hookRuns, 2);
@@ -101,7 +75,7 @@ TEST(Relevance, RunsItsHookAfterEachConnection)
 TEST(InvertingRelevance, AnswersTheOppositeAndPassesTheSignalOn)
 {
     EXPECT_FALSE(InvertingRelevance(constant(true)).isRelevant());
-    auto const inner = boost::make_shared<SwitchedRule>(false);
+    auto const inner = boost::make_shared<SwitchedRelevance>(false);
     InvertingRelevance const rule(inner);
     int signals = 0;
     rule.connectRelevanceChanged([&] { ++signals; });
@@ -113,12 +87,12 @@ TEST(InvertingRelevance, AnswersTheOppositeAndPassesTheSignalOn)
 
 TEST(InvertingRelevance, LeavesNothingBehindOnTheInnerRule)
 {
-    auto const inner = boost::make_shared<SwitchedRule>(false);
+    auto const inner = boost::make_shared<SwitchedRelevance>(false);
     {
         InvertingRelevance const rule(inner);
-        EXPECT_EQ(inner->listeners(), 1u);
+        EXPECT_EQ(inner->listenerCount(), 1u);
     }
-    EXPECT_EQ(inner->listeners(), 0u);
+    EXPECT_EQ(inner->listenerCount(), 0u);
     inner->set(true);
 }
 
@@ -165,7 +139,7 @@ TEST(RelevanceExpression, WritesAGroupAsANestedExpression)
 
 TEST(RelevanceExpression, AsksOnlyWhatCanChangeTheAnswer)
 {
-    auto const notNeeded = boost::make_shared<SwitchedRule>(true);
+    auto const notNeeded = boost::make_shared<SwitchedRelevance>(true);
     RelevanceExpression(constant(false)).aand(notNeeded).isRelevant();
     RelevanceExpression(constant(true)).oor(notNeeded).isRelevant();
     EXPECT_EQ(notNeeded->timesAsked, 0);
@@ -173,8 +147,8 @@ TEST(RelevanceExpression, AsksOnlyWhatCanChangeTheAnswer)
 
 TEST(RelevanceExpression, SignalsWhenAnyOperandDoes)
 {
-    auto const first = boost::make_shared<SwitchedRule>(true);
-    auto const second = boost::make_shared<SwitchedRule>(true);
+    auto const first = boost::make_shared<SwitchedRelevance>(true);
+    auto const second = boost::make_shared<SwitchedRelevance>(true);
     RelevanceExpression expression(first);
     expression->aand(second);
     int signals = 0;
@@ -188,13 +162,13 @@ TEST(RelevanceExpression, SignalsWhenAnyOperandDoes)
 
 TEST(RelevanceExpression, LeavesNothingBehindOnItsOperands)
 {
-    auto const operand = boost::make_shared<SwitchedRule>(true);
+    auto const operand = boost::make_shared<SwitchedRelevance>(true);
     {
         RelevanceExpression expression(operand);
         expression.oor(operand);
-        EXPECT_EQ(operand->listeners(), 2u);
+        EXPECT_EQ(operand->listenerCount(), 2u);
     }
-    EXPECT_EQ(operand->listeners(), 0u);
+    EXPECT_EQ(operand->listenerCount(), 0u);
     EXPECT_EQ(operand.use_count(), 1);
 }
 

@@ -4,7 +4,7 @@
 
 namespace veldraw::tests {
 
-/// A rule whose answer the test sets.
+/// A rule whose answer the test sets, and that counts how often it is asked and listened to.
 class SwitchedRelevance : public virtual sdk::ui::propertymanager::RelevanceInterface
 {
 public:
@@ -15,14 +15,24 @@ public:
 
     void set(bool answer)
     {
-        m_answer = answer;
+        setSilently(answer);
         signalRelevanceChanged();
     }
+    void setSilently(bool answer) { m_answer = answer; }
 
-    bool isRelevant() const override { return m_answer; }
+    bool isRelevant() const override
+    {
+        ++timesAsked;
+        return m_answer;
+    }
     std::size_t listenerCount() const { return signalRelevanceChanged.num_slots(); }
 
+    mutable int timesAsked = 0;
+    mutable int hookRuns = 0;
+
 private:
+    void signalRelevanceChangedConnected() const override { ++hookRuns; }
+
     bool m_answer;
 };
 

@@ -148,6 +148,17 @@ TEST_F(KernelPropertyTest, TellsNothingWhenASecondListenerConnects)
     EXPECT_THAT(heard, IsEmpty());
 }
 
+TEST_F(KernelPropertyTest, StillTellsAChangeThatWasThereBeforeTheSecondListener)
+{
+    listen();
+    FakeStateChange(StateChange_KernelGoesDown).send();
+    sample.setNumber(pointsPath, 30.0);
+    listen();
+    EXPECT_THAT(heard, IsEmpty());
+    EXPECT_EQ(points.value(), 30);
+    EXPECT_THAT(heard, ElementsAre(30, 30));
+}
+
 TEST_F(KernelPropertyTest, TellsAgainAfterItsFirstListenerHasConnected)
 {
     listen();

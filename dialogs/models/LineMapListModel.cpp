@@ -17,7 +17,6 @@ bool concernsLineMaps(toolbox::StateChangeEventInterface const& event)
     switch (event.kind()) {
     case StateChange_LineMaps:
     case StateChange_FrameDataSet:
-    case StateChange_Style: // a line map's name is a style value
         return true;
     default:
         return common::isNewActiveFrameStateChange(event);

@@ -216,6 +216,16 @@ TEST_F(LineMapListModelTest, FollowsCreationDeletionAndRenaming)
     EXPECT_EQ(rows(lineMaps), "1=1: lift | 2=2: moment");
 }
 
+TEST_F(LineMapListModelTest, FollowsANewDataSetOfTheFrame)
+{
+    LineMapListModel const lineMaps;
+    ListLog log(lineMaps);
+    ASSERT_TRUE(session.setFrameDataSet(frame, SampleSession::makeDataSet({"Tail"}, {"X", "Y"})));
+    EXPECT_EQ(log.take(), "data");
+    EXPECT_EQ(rows(lineMaps), rows(LineMapListModel()));
+    EXPECT_EQ(lineMaps.size(), static_cast<int>(sample.frame()->lineMaps.size()));
+}
+
 TEST_F(LineMapListModelTest, IsEmptyInAFrameWithoutLineMaps)
 {
     LineMapListModel const lineMaps;

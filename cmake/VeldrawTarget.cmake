@@ -1,4 +1,6 @@
-# What every target of ours has in common: warnings, sanitizers, how Qt and Boost are to be used.
+# What every target of ours has in common: warnings, sanitizers, coverage, how Qt and Boost are to be used.
+
+option(VELDRAW_COVERAGE "Count the lines of the dialog library that tests reach" OFF)
 
 # veldraw_target(NAME): call once for each library or program of ours.
 function(veldraw_target name)
@@ -13,6 +15,13 @@ function(veldraw_target name)
     # With sanitizers g++ 12 takes members of Boost's function objects for uninitialized.
     target_compile_options(${name} PRIVATE -fsanitize=address,undefined -fno-sanitize-recover=undefined -Wno-maybe-uninitialized)
     target_link_options(${name} PRIVATE -fsanitize=address,undefined)
+  endif()
+  if(VELDRAW_COVERAGE)
+    # Counters of the dialog library only; programs and libraries that link it need the runtime that writes them.
+    if(name STREQUAL "vdsdkdialogs_objects")
+      target_compile_options(${name} PRIVATE --coverage)
+      target_link_options(${name} INTERFACE --coverage)
+    endif()
   endif()
 endfunction()
 

@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QAbstractSpinBox>
+#include <QEvent>
 #include <QLineEdit>
 #include <QPointer>
 #include <QTextEdit>
@@ -27,6 +28,12 @@ bool commitPendingText(QAbstractButton& button)
     return window.focusWidget() != field;
 }
 
+// A press gives the button the focus before it arrives, unless the field that had it refused to let go.
+bool wasFocusRefused(QAbstractButton const& button)
+{
+    return (button.focusPolicy() & Qt::ClickFocus) && takesText(button.window()->focusWidget());
+}
+
 } // namespace
 
 ButtonBinding::ButtonBinding(QAbstractButton& button, boost::function<void()> const& function)
@@ -34,9 +41,16 @@ ButtonBinding::ButtonBinding(QAbstractButton& button, boost::function<void()> co
     , m_function(function)
 {
     connect(&button, &QAbstractButton::clicked, this, &ButtonBinding::onClicked);
+    button.installEventFilter(this);
 }
 
 ButtonBinding::~ButtonBinding() = default;
+
+bool ButtonBinding::eventFilter(QObject*, QEvent* event)
+{
+    bool const isPress = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
+    return isPress && wasFocusRefused(m_button);
+}
 
 void ButtonBinding::onClicked()
 {

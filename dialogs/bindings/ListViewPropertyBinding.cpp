@@ -1,5 +1,7 @@
 #include "dialogs/bindings/ListViewPropertyBinding.h"
 
+#include "dialogs/bindings/WidgetVote.h"
+
 #include <QItemSelectionModel>
 
 namespace veldraw::sdk::ui::dialogs::propertybindings {
@@ -28,14 +30,12 @@ void ListViewPropertyBinding::init(ModelUpdateMode)
 
 void ListViewPropertyBinding::follow(UIPropertyInterface& uiProperty)
 {
-    m_view->setEnabled(uiProperty.isSensitive());
-    m_view->setVisible(uiProperty.isVisible());
-    m_uiStateUpdater.reset(new common::OnIdleActionPerformerSingleShot([this, &uiProperty] {
-        if (!m_view)
-            return;
-        m_view->setEnabled(uiProperty.isSensitive());
-        m_view->setVisible(uiProperty.isVisible());
-    }));
+    auto const applyUIState = [this, &uiProperty] {
+        WidgetVote::castFor(&uiProperty, m_view, WidgetVote::Enabled, uiProperty.isSensitive());
+        WidgetVote::castFor(&uiProperty, m_view, WidgetVote::Visible, uiProperty.isVisible());
+    };
+    applyUIState();
+    m_uiStateUpdater.reset(new common::OnIdleActionPerformerSingleShot(applyUIState));
     m_connections.add(uiProperty.connectSensitivityChanged([this] { m_uiStateUpdater->enableNotification(); }));
     m_connections.add(uiProperty.connectVisibilityChanged([this] { m_uiStateUpdater->enableNotification(); }));
 }

@@ -3,6 +3,7 @@
 #include "dialogs/bindings/ListViewPropertySynchronizer.h"
 #include "dialogs/bindings/ListViewSelection.h"
 #include "dialogs/bindings/ScopedExitAction.h"
+#include "dialogs/bindings/WidgetVote.h"
 
 #include <QAbstractItemView>
 #include <QItemSelectionModel>
@@ -135,8 +136,8 @@ void ListViewPropertySynchronizer<V>::applyUIProperty()
 {
     if (!m_uiProperty || !m_view)
         return;
-    m_view->setEnabled(m_uiProperty->isSensitive());
-    m_view->setVisible(m_uiProperty->isVisible());
+    WidgetVote::castFor(m_uiProperty, m_view, WidgetVote::Enabled, m_uiProperty->isSensitive());
+    WidgetVote::castFor(m_uiProperty, m_view, WidgetVote::Visible, m_uiProperty->isVisible());
 }
 
 template <typename V>

@@ -33,15 +33,15 @@ WidgetBallot::WidgetBallot(QObject& target)
 {
 }
 
-void WidgetBallot::cast(WidgetVote const* vote, WidgetVote::Effect effect, bool yes)
+void WidgetBallot::cast(void const* voter, WidgetVote::Effect effect, bool yes)
 {
-    m_votes[effect][vote] = yes;
+    m_votes[effect][voter] = yes;
     apply(effect);
 }
 
-void WidgetBallot::withdraw(WidgetVote const* vote, WidgetVote::Effect effect)
+void WidgetBallot::withdraw(void const* voter, WidgetVote::Effect effect)
 {
-    if (m_votes[effect].erase(vote) > 0 && !m_votes[effect].empty())
+    if (m_votes[effect].erase(voter) > 0 && !m_votes[effect].empty())
         apply(effect);
 }
 

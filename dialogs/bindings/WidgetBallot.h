@@ -18,11 +18,11 @@ public:
     /// The ballot of a `QWidget` or `QAction`, made on first use; null for anything else.
     static WidgetBallot* of(QObject* target);
 
-    void cast(WidgetVote const* vote, WidgetVote::Effect effect, bool yes);
-    void withdraw(WidgetVote const* vote, WidgetVote::Effect effect);
+    void cast(void const* voter, WidgetVote::Effect effect, bool yes);
+    void withdraw(void const* voter, WidgetVote::Effect effect);
 
 private:
-    using Votes = std::map<WidgetVote const*, bool>;
+    using Votes = std::map<void const*, bool>; // by voter
 
     explicit WidgetBallot(QObject& target);
     void apply(WidgetVote::Effect effect);

@@ -22,4 +22,10 @@ void WidgetVote::cast(bool yes)
         m_ballot->cast(this, m_effect, yes);
 }
 
+void WidgetVote::castFor(void const* voter, QObject* target, Effect effect, bool yes)
+{
+    if (WidgetBallot* const ballot = WidgetBallot::of(target))
+        ballot->cast(voter, effect, yes);
+}
+
 } // namespace veldraw::sdk::ui::dialogs::propertybindings

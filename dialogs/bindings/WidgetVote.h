@@ -31,6 +31,10 @@ public:
 
     void cast(bool yes);
 
+    /// A vote of somebody who holds no `WidgetVote` and is known by an address, such as a property whose state several
+    /// places of a binding apply. The last one cast counts, for as long as the target lives.
+    static void castFor(void const* voter, QObject* target, Effect effect, bool yes);
+
 private:
     QPointer<WidgetBallot> m_ballot;
     Effect m_effect;

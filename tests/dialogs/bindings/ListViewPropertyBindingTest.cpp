@@ -1,5 +1,6 @@
 #include "dialogs/bindings/ListViewPropertyBinding.h"
 
+#include "dialogs/bindings/RelevanceApplier.h"
 #include "dialogs/models/ListModelProxy.h"
 #include "dialogs/property/Property.h"
 #include "platform/exception/InvalidPropertyValueException.h"
@@ -8,6 +9,7 @@
 #include "tests/dialogs/bindings/ListViewDriver.h"
 #include "tests/dialogs/bindings/TestUIProperty.h"
 #include "tests/dialogs/models/ScriptedList.h"
+#include "tests/dialogs/support/SwitchedRelevance.h"
 
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
@@ -437,6 +439,24 @@ TEST_F(ListViewPropertyBindingTest, AppliesTheUserInterfaceSideWithEverySelectio
     driver.click(3);
     EXPECT_EQ(text(uiProperty.value()), "4");
     EXPECT_FALSE(view.isEnabled());
+}
+
+TEST_F(ListViewPropertyBindingTest, SharesTheViewsStateWithRulesOnTheSameView)
+{
+    auto const rule = boost::make_shared<tests::SwitchedRelevance>(true);
+    TestUIProperty<Values> uiProperty(Values{1});
+    ListViewPropertyBinding const bound(&view, list, uiProperty, undeferred);
+    uiProperty.setSensitive(false);
+    IdleDispatcher::flush();
+    RelevanceApplier const applier(rule, &view, RelevanceApplier::EnableDisable, RelevanceApplier::UpdateOnIdle);
+    EXPECT_FALSE(view.isEnabled()) << "the rule allows what the property forbids";
+    rule->set(false);
+    uiProperty.setSensitive(true);
+    IdleDispatcher::flush();
+    EXPECT_FALSE(view.isEnabled()) << "the property allows what the rule forbids";
+    rule->set(true);
+    IdleDispatcher::flush();
+    EXPECT_TRUE(view.isEnabled());
 }
 
 // ---- editing ------------------------------------------------------------------------------------------------------

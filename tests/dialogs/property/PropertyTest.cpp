@@ -11,6 +11,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <limits>
+#include <memory>
 #include <string>
 #include <type_traits>
 #include <vector>
@@ -141,6 +142,46 @@ TEST(Property, HandsOutItsValidator)
     auto const limits = oneToTen();
     EXPECT_EQ(Property<int>(4, limits).validator(), limits);
     EXPECT_TRUE(Property<int>().validator()->validate(std::numeric_limits<int>::min()).isValid());
+}
+
+// Lets go of the property's owner while it judges, and then refuses.
+class RefusingAtTheEnd : public virtual ValidatorInterface<int>
+{
+public:
+    explicit RefusingAtTheEnd(bool& isAlive)
+        : m_isAlive(isAlive)
+    {
+        m_isAlive = true;
+    }
+    ~RefusingAtTheEnd() override { m_isAlive = false; }
+    ValidationResult validate(int const&) const override
+    {
+        property->reset();
+        ValidationResult result;
+        result.setErrorString(m_isAlive ? "refused" : "asked after its end");
+        return result;
+    }
+
+    std::unique_ptr<Property<int>>* property = nullptr;
+
+private:
+    bool& m_isAlive;
+};
+
+TEST(Property, KeepsItsValidatorAliveWhileItIsAsked)
+{
+    bool isAlive = false;
+    auto validator = boost::make_shared<RefusingAtTheEnd>(isAlive);
+    auto property = std::make_unique<Property<int>>(1, validator);
+    validator->property = &property;
+    validator.reset();
+    try {
+        property->setValue(2);
+        ADD_FAILURE() << "2 was accepted";
+    } catch (InvalidPropertyValueException const& refusal) {
+        EXPECT_STREQ(refusal.what(), "refused");
+    }
+    EXPECT_FALSE(isAlive);
 }
 
 TEST(Property, TellsTheValueThatWasReallyStored)

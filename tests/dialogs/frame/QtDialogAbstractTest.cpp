@@ -174,6 +174,7 @@ TEST_F(QtDialogAbstractTest, HasNoDefaultButtonSoThatReturnRunsNothing)
     QSignalSpy const clicks(dialog.action, &QPushButton::clicked);
     QSignalSpy const closes(closeButton(dialog), &QPushButton::clicked);
     dialog.setHelpAction(new LaunchHelpAction("sample.html", dialog));
+    dialog.action->setDefault(true);
     dialog.launch();
     for (QPushButton const* const button : dialog.findChildren<QPushButton*>()) {
         EXPECT_FALSE(button->isDefault()) << button->text().toStdString();

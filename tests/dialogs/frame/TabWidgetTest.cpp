@@ -69,6 +69,24 @@ TEST(TabWidgetPersistence, LeavesTheWidgetAloneWhenThePageIsGoneOrNothingWasSave
     EXPECT_EQ(strange->currentIndex(), 0);
 }
 
+TEST(TabWidgetPersistence, DoesNotRememberWhatHasNoName)
+{
+    auto const nameless = makeTabs(threePages());
+    nameless->setObjectName(QString());
+    nameless->setCurrentIndex(2);
+    TabWidgetPersistence(*nameless).save();
+    nameless->setCurrentIndex(1);
+    TabWidgetPersistence(*nameless).restore();
+    EXPECT_EQ(nameless->currentIndex(), 1);
+
+    auto const pages = makeTabs({QString(), QString()});
+    pages->setObjectName(QStringLiteral("tabsOfNamelessPages"));
+    TabWidgetPersistence(*pages).save();
+    pages->setCurrentIndex(1);
+    TabWidgetPersistence(*pages).restore();
+    EXPECT_EQ(pages->currentIndex(), 1);
+}
+
 TEST(TabWidgetPersistence, CopesWithAWidgetThatIsGoneOrEmpty)
 {
     auto tabs = makeTabs({});

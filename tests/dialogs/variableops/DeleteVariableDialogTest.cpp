@@ -178,6 +178,15 @@ TEST_F(DeleteVariableDialogTest, FollowsUndoAndRenaming)
     EXPECT_EQ(sample.session().history().redoName(), "");
 }
 
+TEST_F(DeleteVariableDialogTest, KeepsItsSelectionThroughADeletionThatIsUndoneBeforeItIsSeen)
+{
+    launched();
+    clickRow(3);
+    sample.session().deleteVariables(sample.dataSet(), kernel::NumberSet{4});
+    sample.session().undo();
+    EXPECT_THAT(rows(), ElementsAre("1: X", "2: Y", "3: P", "*4: T"));
+}
+
 TEST_F(DeleteVariableDialogTest, CannotBeUsedWithoutADataSet)
 {
     launched();

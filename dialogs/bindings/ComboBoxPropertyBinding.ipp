@@ -65,6 +65,11 @@ ComboBoxPropertyBinding<T>::~ComboBoxPropertyBinding()
     m_connections.clear();
     QObject::disconnect(m_modelResetConnection);
     m_observable->removeListener(&m_listener);
+    if (showsOurList()) {
+        m_comboBox->hidePopup();
+        m_comboBox->view()->setModel(
+            nullptr); // while the list lives: Qt complains about selections in one that is gone
+    }
     m_itemModel.reset();
 }
 

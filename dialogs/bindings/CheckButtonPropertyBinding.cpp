@@ -29,18 +29,6 @@ void CheckButtonPropertyBinding::updateWidgetValue()
     m_button->setChecked(m_property->value() != m_isInverted);
 }
 
-void CheckButtonPropertyBinding::updateWidgetVisibility()
-{
-    if (m_button)
-        m_button->setVisible(uiProperty().isVisible());
-}
-
-void CheckButtonPropertyBinding::updateWidgetSensitivity()
-{
-    if (m_button)
-        m_button->setEnabled(uiProperty().isSensitive());
-}
-
 void CheckButtonPropertyBinding::onToggled(bool isChecked)
 {
     QPointer<QObject> const self = this;

@@ -21,8 +21,10 @@ public:
     ~CheckButtonPropertyBinding() override;
 
     void updateWidgetValue() override;
-    void updateWidgetVisibility() override;
-    void updateWidgetSensitivity() override;
+    /// Nothing to do: a plain property has no visibility of its own.
+    void updateWidgetVisibility() override {}
+    /// Nothing to do: a plain property has no sensitivity of its own.
+    void updateWidgetSensitivity() override {}
 
 private:
     void onToggled(bool isChecked);

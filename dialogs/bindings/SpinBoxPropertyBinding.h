@@ -18,7 +18,7 @@ using propertymanager::SpinBoxIncDecCalculatorBase;
 ///
 /// What the box shows is never read back. The property is set when the user has typed another text and finishes by
 /// Return, Tab or by going elsewhere, and by steps. A box that rounds or that has a smaller range than the property
-/// changes nothing.
+/// changes nothing. Nor does a change of the property take unfinished text away: the box follows once it is finished.
 ///
 /// A step commits what was typed, starts from the property's value and ends within the box's range; where it leads is the
 /// calculator's answer or, without a calculator, the box's single step. A step counts like a typed value.
@@ -39,8 +39,10 @@ public:
     ~SpinBoxPropertyBinding() override;
 
     void updateWidgetValue() override;
-    void updateWidgetVisibility() override;
-    void updateWidgetSensitivity() override;
+    /// Nothing to do: a plain property has no visibility of its own.
+    void updateWidgetVisibility() override {}
+    /// Nothing to do: a plain property has no sensitivity of its own.
+    void updateWidgetSensitivity() override {}
 
     /// Connects a slot that hears of each use of arrows, keys or wheel that the property accepted, after it has the new
     /// value, and then runs the hook `signalArrowsUsedConnected()`.
@@ -62,13 +64,17 @@ private:
     bool commit(T value);
     void showRefusal();
     void takeLimits();
+    bool isBeingTyped() const;
     bool isRetypedLimit() const;
-    void forgetTyping();
+    void typingIsHandled();
 
     QPointer<Box> const m_box;
     boost::shared_ptr<PropertyAbstract<T>> const m_property;
     boost::shared_ptr<SpinBoxIncDecCalculatorBase> const m_calculator;
     Number m_shown{};            // what the box held when it was written or read last
+    QString m_shownText;         // and its text
+    bool m_isTyped = false;      // the user has edited the text since then
+    bool m_isWriteDue = false;   // the property changed under the user's fingers
     bool m_isCommitting = false; // a refusal's message box must not lead to another commit
     bool m_wasRefused = false;
     QtSignalConnectionCollection m_qtConnections;

@@ -42,6 +42,8 @@ void SpinBoxPropertyBinding<T, Box>::listenToBox()
     m_qtConnections.add(
         QObject::connect(m_box.data(), QOverload<Number>::of(&Box::valueChanged), this, [this] { boxEdited(); }));
     m_qtConnections.add(QObject::connect(m_box.data(), &Box::editingFinished, this, [this] { boxEdited(); }));
+    m_qtConnections.add(QObject::connect(m_box->template findChild<QLineEdit*>(), &QLineEdit::textEdited, this,
+                                         [this] { m_isTyped = true; }));
     m_connections.add(m_box->connectIncrement([this](int count) { step(count, true); }));
     m_connections.add(m_box->connectDecrement([this](int count) { step(count, false); }));
 }
@@ -51,24 +53,13 @@ void SpinBoxPropertyBinding<T, Box>::updateWidgetValue()
 {
     if (!m_box)
         return;
+    m_isWriteDue = isBeingTyped();
+    if (m_isWriteDue)
+        return;
     QSignalBlocker const blocker(m_box.data());
     takeLimits();
     m_box->setValue(shownIn<Number>(m_property->value()));
-    forgetTyping();
-}
-
-template <typename T, typename Box>
-void SpinBoxPropertyBinding<T, Box>::updateWidgetVisibility()
-{
-    if (m_box)
-        m_box->setVisible(this->uiProperty().isVisible());
-}
-
-template <typename T, typename Box>
-void SpinBoxPropertyBinding<T, Box>::updateWidgetSensitivity()
-{
-    if (m_box)
-        m_box->setEnabled(this->uiProperty().isSensitive());
+    typingIsHandled();
 }
 
 template <typename T, typename Box>
@@ -92,6 +83,8 @@ void SpinBoxPropertyBinding<T, Box>::boxEdited()
         return;
     if (m_box->value() != m_shown || isRetypedLimit())
         commit(m_box->value());
+    else if (m_isWriteDue)
+        this->updateValueOnIdle();
 }
 
 template <typename T, typename Box>
@@ -129,7 +122,7 @@ bool SpinBoxPropertyBinding<T, Box>::commit(T value)
             m_isCommitting = false;
     });
     // What the property makes of the value is shown whatever happens, also if it stays as it was.
-    forgetTyping();
+    typingIsHandled();
     this->updateValueOnIdle();
     // An arrow that is held down must not go on stepping under the message.
     bool const isTaken = commitValue(*property, value, [this] { m_box->stopStepping(); });
@@ -159,22 +152,30 @@ void SpinBoxPropertyBinding<T, Box>::takeLimits()
     }
 }
 
+// What was typed and finished has been brought into the box's own form, or been dropped.
+template <typename T, typename Box>
+bool SpinBoxPropertyBinding<T, Box>::isBeingTyped() const
+{
+    return m_isTyped && m_box->text() != m_shownText;
+}
+
 // A limit of the box that stands for a value beyond it doesn't change when the user types it, but is meant.
 template <typename T, typename Box>
 bool SpinBoxPropertyBinding<T, Box>::isRetypedLimit() const
 {
     if constexpr (std::is_integral_v<T>) {
-        return m_box->template findChild<QLineEdit*>()->isModified() && m_box->value() != m_property->value();
+        return m_isTyped && m_box->value() != m_property->value();
     } else {
         return false;
     }
 }
 
 template <typename T, typename Box>
-void SpinBoxPropertyBinding<T, Box>::forgetTyping()
+void SpinBoxPropertyBinding<T, Box>::typingIsHandled()
 {
     m_shown = m_box->value();
-    m_box->template findChild<QLineEdit*>()->setModified(false);
+    m_shownText = m_box->text();
+    m_isTyped = false;
 }
 
 } // namespace veldraw::sdk::ui::dialogs::propertybindings

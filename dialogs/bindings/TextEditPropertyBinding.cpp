@@ -34,18 +34,6 @@ void TextEditPropertyBinding::updateWidgetValue()
     m_textEdit->document()->setModified(false);
 }
 
-void TextEditPropertyBinding::updateWidgetVisibility()
-{
-    if (m_textEdit)
-        m_textEdit->setVisible(uiProperty().isVisible());
-}
-
-void TextEditPropertyBinding::updateWidgetSensitivity()
-{
-    if (m_textEdit)
-        m_textEdit->setEnabled(uiProperty().isSensitive());
-}
-
 void TextEditPropertyBinding::applyText()
 {
     QPointer<QObject> const self = &m_observable;

@@ -24,8 +24,10 @@ public:
     ~TextEditPropertyBinding() override;
 
     void updateWidgetValue() override;
-    void updateWidgetVisibility() override;
-    void updateWidgetSensitivity() override;
+    /// Nothing to do: a plain property has no visibility of its own.
+    void updateWidgetVisibility() override {}
+    /// Nothing to do: a plain property has no sensitivity of its own.
+    void updateWidgetSensitivity() override {}
 
 private:
     void applyText();

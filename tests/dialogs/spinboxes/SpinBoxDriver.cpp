@@ -1,10 +1,9 @@
 #include "tests/dialogs/spinboxes/SpinBoxDriver.h"
 
-#include <QApplication>
-#include <QLineEdit>
+#include "tests/dialogs/choices/Wheel.h"
+
 #include <QStyleOptionSpinBox>
 #include <QTest>
-#include <QWheelEvent>
 
 namespace veldraw::test {
 
@@ -48,11 +47,7 @@ void SpinBoxDriver::releaseUp()
 
 void SpinBoxDriver::turnWheel(int notches)
 {
-    QWidget& field = *m_box.findChild<QLineEdit*>();
-    QPointF const place = field.rect().center();
-    QWheelEvent event(place, field.mapToGlobal(place.toPoint()), QPoint(), QPoint(0, 120 * notches), Qt::NoButton,
-                      Qt::NoModifier, Qt::NoScrollPhase, false);
-    QApplication::sendEvent(&field, &event);
+    veldraw::test::turnWheel(m_box, notches);
 }
 
 std::string SpinBoxDriver::text() const

@@ -23,7 +23,7 @@ public:
     /// Presses the upper arrow and holds it down until release().
     void holdUp();
     void releaseUp();
-    /// One notch over the field; positive turns up.
+    /// Notches over the box; positive ones turn up.
     void turnWheel(int notches);
     std::string text() const;
 

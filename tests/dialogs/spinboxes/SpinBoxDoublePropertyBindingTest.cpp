@@ -1,0 +1,616 @@
+#include "dialogs/bindings/SpinBoxDoublePropertyBinding.h"
+
+#include "dialogs/bindings/ButtonBinding.h"
+#include "dialogs/property/AngleDecorator.h"
+#include "dialogs/property/AngleSpinBoxIncDecCalculator.h"
+#include "dialogs/property/BoundedValueValidator.h"
+#include "dialogs/property/Property.h"
+#include "platform/exception/InvalidArgumentException.h"
+#include "platform/exception/InvalidPropertyValueException.h"
+#include "tests/dialogs/spinboxes/SpinBoxWindow.h"
+
+#include <QPushButton>
+
+#include <boost/make_shared.hpp>
+#include <boost/weak_ptr.hpp>
+
+#include <cfloat>
+#include <cmath>
+#include <gmock/gmock.h>
+#include <limits>
+#include <vector>
+
+namespace veldraw::test {
+namespace {
+
+using namespace sdk::ui::dialogs::propertybindings;
+using namespace sdk::ui::propertymanager;
+using sdk::ui::common::IdleDispatcher;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using Validator = BoundedValueValidator<double>;
+
+constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+constexpr double infinity = std::numeric_limits<double>::infinity();
+constexpr char refusal[] = "error: The value must be greater than or equal to 0 and less than or equal to 0.5.";
+
+class SpinBoxDoublePropertyBindingTest : public SpinBoxWindow<ui::QScientificSpinBox>
+{
+protected:
+    void bind(boost::shared_ptr<SpinBoxIncDecCalculatorBase> const& calculator = nullptr)
+    {
+        binding = std::make_unique<SpinBoxDoublePropertyBinding>(box, property, calculator);
+        property->connectValueChanged([this](double value) { changes.push_back(value); });
+        show();
+    }
+
+    void bindKeepFactor()
+    {
+        property = boost::make_shared<Property<double>>(
+            0.25, boost::make_shared<Validator>(0.0, 0.5, Validator::LowerInclusive, Validator::UpperInclusive));
+        box->setSingleStep(0.01);
+        bind();
+    }
+
+    std::vector<double> take() { return std::exchange(changes, {}); }
+
+    boost::shared_ptr<PropertyAbstract<double>> property = boost::make_shared<Property<double>>(2.5);
+    std::unique_ptr<SpinBoxDoublePropertyBinding> binding;
+    std::vector<double> changes;
+};
+
+// ---- showing ------------------------------------------------------------------------------------------------------
+
+TEST_F(SpinBoxDoublePropertyBindingTest, ShowsTheValueFromTheStart)
+{
+    SpinBoxDoublePropertyBinding const fresh(box, property, nullptr);
+    EXPECT_EQ(driver->text(), "2.5");
+    EXPECT_FALSE(box->keyboardTracking());
+}
+
+TEST_F(SpinBoxDoublePropertyBindingTest, FollowsThePropertyAtIdle)
+{
+    bind();
+    property->setValue(7.0);
+    property->setValue(8.0);
+    EXPECT_EQ(driver->text(), "2.5");
+    EXPECT_EQ(settled(), "8");
+}
+
+TEST_F(SpinBoxDoublePropertyBindingTest, ChangesNothingByShowing)
+{
+    bind();
+    for (double const value : {360.0, 1.0 / 3.0, 2.0 * std::acos(-1.0), 1.23456789e-5, 1e-320, 5e-324, 1e300, DBL_MAX,
+                               -DBL_MAX, infinity, -infinity, -0.0}) {
+        property->setValue(value);
+        take();
+        idle();
+        box->setFocus();
+        driver->press(Qt::Key_Return);
+        driver->press(Qt::Key_Tab);
+        idle();
+        EXPECT_EQ(property->value(), value);
+        EXPECT_THAT(take(), IsEmpty()) << value;
+    }
+}
+
+TEST_F(SpinBoxDoublePropertyBindingTest, ShowsNotANumberAndLeavesItAlone)
+{
+    bind();
+    property->setValue(notANumber);
+    take();
+    EXPECT_EQ(settled(), "nan");
+    box->setFocus();
+    driver->press(Qt::Key_Return);
+    driver->press(Qt::Key_Up);
+    driver->press(Qt::Key_Down);
+    clickElsewhere();
+    EXPECT_THAT(take(), IsEmpty());
+    driver->type("3");
+    driver->press(Qt::Key_Return);
+    EXPECT_THAT(take(), ElementsAre(3.0));
+    EXPECT_EQ(settled(), "3");
+}
+
+TEST_F(SpinBoxDoublePropertyBindingTest, IsNotHeldUpByTheRangeThatQtGivesABox)
+{
+    bind();
+    property->setValue(360.0);
+    EXPECT_EQ(settled(), "360");
+    driver->type("-12345.5");
+    driver->press(Qt::Key_Return);
+    EXPECT_EQ(property->value(), -12345.5);
+}
+
+// ---- typing -------------------------------------------------------------------------------------------------------
+
+TEST_F(SpinBoxDoublePropertyBindingTest, SetsThePropertyOnceByReturn)
+{
+    bind();
+    driver->type("1.125");
+    EXPECT_THAT(take(), IsEmpty()) << "keys alone set nothing";
+    driver->press(Qt::Key_Return);
+    EXPECT_THAT(take(), ElementsAre(1.125));
+    EXPECT_TRUE(box->hasFocus());
+    EXPECT_EQ(settled(), "1.125");
+    driver->press(Qt::Key_Tab);
+    EXPECT_THAT(take(), IsEmpty());
+}
+
+TEST_F(SpinBoxDoublePropertyBindingTest, SetsThePropertyOnceByTab)
+{
+    bind();
+    driver->type("-4");
+    driver->press(Qt::Key_Tab);
+    EXPECT_TRUE(elsewhere->hasFocus());
+    EXPECT_THAT(take(), ElementsAre(-4.0));
+}
+
+TEST_F(SpinBoxDoublePropertyBindingTest, SetsThePropertyOnceByAClickElsewhere)
+{
+    bind();
+    driver->type("1e-9");
+    clickElsewhere();
+    EXPECT_THAT(take(), ElementsAre(1e-9));
+    EXPECT_EQ(settled(), "1e-09");
+}
+
+TEST_F(SpinBoxDoublePropertyBindingTest, LetsTheUserTypeInPeace)
+{
+    bind();
+    driver->type("1.");
+    idle();
+    EXPECT_EQ(driver->text(), "1.");
+    QTest::keyClicks(box, QStringLiteral("75"));
+    EXPECT_EQ(driver->text(), "1.75");
+    driver->press(Qt::Key_Return);
+    EXPECT_EQ(property->value(), 1.75);
+}
+
+TEST_F(SpinBoxDoublePropertyBindingTest, KeepsUnfinishedTextWhenThePropertyChanges)
+{
+    bind();
+    driver->type("4");
+    driver->press(Qt::Key_Return);
+    driver->type("75");
+    EXPECT_EQ(settled(), "75") << "the write after the first commit came late";
+    property->setValue(9.0);
+    EXPECT_EQ(settled(), "75");
+    driver->press(Qt::Key_Return);
+    EXPECT_EQ(property->value(), 75.0);
+    property->setValue(10.0);
+    EXPECT_EQ(settled(), "10");
+}
+
+TEST_F(SpinBoxDoublePropertyBindingTest, FollowsThePropertyOnceUnfinishedTextIsDropped)
+{
+    bind();
+    for (Qt::Key const end : {Qt::Key_Return, Qt::Key_Tab}) {
+        property->setValue(2.5);
+        idle();
+        driver->type("1e");
+        property->setValue(9.0);
+        EXPECT_EQ(settled(), "1e");
+        driver->press(end);
+        EXPECT_EQ(settled(), "9");
+        EXPECT_EQ(property->value(), 9.0);
+    }
+}
+
+TEST_F(SpinBoxDoublePropertyBindingTest, TurnsKeyboardTrackingOffWhateverTheFormSays)
+{
+    box->setKeyboardTracking(true);
+    bind();
+    driver->type("12");
+    EXPECT_THAT(take(), IsEmpty());
+}
+
+TEST_F(SpinBoxDoublePropertyBindingTest, KeepsEveryDigitThatIsTyped)
+{
+    box->setDecimals(2);
+    bind();
+    driver->type("0.12345678901234568");
+    driver->press(Qt::Key_Return);
+    EXPECT_EQ(property->value(), 0.12345678901234568);
+    EXPECT_EQ(settled(), "0.12");
+    clickElsewhere();
+    EXPECT_EQ(property->value(), 0.12345678901234568);
+}
+
+TEST_F(SpinBoxDoublePropertyBindingTest, TakesATypedNumberThatDiffersInTheLastDigitsOnly)
+{
+    bind();
+    property->setValue(1.0);
+    idle();
+    for (char const* const text : {"1.0000000000000002", "1.00000000000001", "1.000000000000010"}) {
+        driver->type(text);
+        driver->press(Qt::Key_Tab);
+        EXPECT_EQ(property->value(), std::stod(text)) << text;
+        idle();
+    }
+}
+
+TEST_F(SpinBoxDoublePropertyBindingTest, KeepsItsValueWhenTheShownTextIsTypedAgain)
+{
+    bind();
+    double const third = 1.0 / 3.0;
+    property->setValue(third);
+    idle();
+    driver->type("0.333333");
+    driver->press(Qt::Key_Return);
+    EXPECT_EQ(property->value(), third);
+    driver->type("0.33333");
+    driver->press(Qt::Key_Return);
+    EXPECT_EQ(property->value(), 0.33333);
+}
+
+TEST_F(SpinBoxDoublePropertyBindingTest, RestoresTheValueForATextThatIsNoNumber)
+{
+    bind();
+    for (char const* const text : {"", "-", "1e", "1e999"}) {
+        driver->type(text);
+        driver->press(Qt::Key_Return);
+        EXPECT_EQ(settled(), "2.5") << text;
+        driver->type(text);
+        clickElsewhere();
+        EXPECT_EQ(settled(), "2.5") << text;
+    }
+    EXPECT_THAT(take(), IsEmpty());
+    EXPECT_THAT(messages.take(), IsEmpty());
+}
+
+// ---- refusals -----------------------------------------------------------------------------------------------------
+
+TEST_F(SpinBoxDoublePropertyBindingTest, TellsARefusalOnceAndRestoresTheValue)
+{
+    bindKeepFactor();
+    driver->type("0.5");
+    driver->press(Qt::Key_Return);
+    EXPECT_THAT(messages.take(), IsEmpty());
+    take();
+    driver->type("0.51");
+    EXPECT_EQ(driver->text(), "0.51");
+    driver->press(Qt::Key_Return);
+    EXPECT_THAT(messages.take(), ElementsAre(refusal));
+    EXPECT_EQ(driver->text(), "0.5");
+    EXPECT_THAT(take(), IsEmpty());
+    idle();
+    driver->press(Qt::Key_Return);
+    clickElsewhere();
+    EXPECT_THAT(messages.take(), IsEmpty());
+}
+
+TEST_F(SpinBoxDoublePropertyBindingTest, KeepsTheFocusAfterARefusal)
+{
+    bindKeepFactor();
+    driver->type("7");
+    clickElsewhere();
+    EXPECT_THAT(messages.take(), ElementsAre(refusal));
+    EXPECT_TRUE(box->hasFocus());
+    EXPECT_EQ(settled(), "0.25");
+    driver->type("7");
+    driver->press(Qt::Key_Tab);
+    EXPECT_THAT(messages.take(), ElementsAre(refusal));
+    EXPECT_TRUE(box->hasFocus());
+}
+
+TEST_F(SpinBoxDoublePropertyBindingTest, CommitsBeforeAButtonRunsAndStopsItByARefusal)
+{
+    bindKeepFactor();
+    auto* const button = new QPushButton(QStringLiteral("&Run"), &window);
+    window.layout()->addWidget(button);
+    button->show();
+    std::vector<double> runs;
+    ButtonBinding const run(*button, [&] { runs.push_back(property->value()); });
+    driver->type("0.125");
+    QTest::keyClick(box, Qt::Key_R, Qt::AltModifier);
+    QTest::qWait(200); // a mnemonic presses the button for a moment
+    EXPECT_THAT(runs, ElementsAre(0.125));
+    driver->type("7");
+    QTest::keyClick(box, Qt::Key_R, Qt::AltModifier);
+    QTest::qWait(200);
+    EXPECT_THAT(runs, ElementsAre(0.125));
+    EXPECT_THAT(messages.take(), ElementsAre(refusal));
+}
+
+/// Refuses all with one text, or throws what it was told to.
+template <typename Exception>
+class Refusing : public PropertyAbstract<double>
+{
+public:
+    explicit Refusing(std::string const& text)
+        : m_text(text)
+    {
+    }
+
+protected:
+    void storeValue(double const&) override { throw Exception(m_text); }
+
+private:
+    double retrieveValue() const override { return 1.0; }
+    std::string m_text;
+};
+
+TEST_F(SpinBoxDoublePropertyBindingTest, SaysNothingForARefusalWithoutAText)
+{
+    property = boost::make_shared<Refusing<InvalidPropertyValueException>>("");
+    bind();
+    driver->type("7");
+    driver->press(Qt::Key_Return);
+    EXPECT_EQ(driver->text(), "1");
+    EXPECT_THAT(messages.take(), IsEmpty());
+}
+
+TEST_F(SpinBoxDoublePropertyBindingTest, SaysNothingForAnArgumentThatNeverBecameAValue)
+{
+    property = boost::make_shared<Refusing<InvalidArgumentException>>("Unknown");
+    bind();
+    driver->type("7");
+    driver->press(Qt::Key_Return);
+    EXPECT_EQ(driver->text(), "1");
+    EXPECT_THAT(messages.take(), IsEmpty());
+}
+
+/// Keeps whole numbers only.
+class Rounded : public PropertyAbstract<double>
+{
+protected:
+    void storeValue(double const& newValue) override { m_value = std::round(newValue); }
+
+private:
+    double retrieveValue() const override { return m_value; }
+    double m_value = 3.0;
+};
+
+TEST_F(SpinBoxDoublePropertyBindingTest, ShowsWhatThePropertyMadeOfATypedValue)
+{
+    property = boost::make_shared<Rounded>();
+    bind();
+    driver->type("4.75");
+    driver->press(Qt::Key_Return);
+    EXPECT_EQ(settled(), "5");
+    driver->type("5.25");
+    driver->press(Qt::Key_Return);
+    EXPECT_EQ(settled(), "5");
+}
+
+// ---- steps --------------------------------------------------------------------------------------------------------
+
+TEST_F(SpinBoxDoublePropertyBindingTest, StepsByTheBoxsOwnStepWithoutACalculator)
+{
+    box->setSingleStep(0.25);
+    bind();
+    driver->clickUp();
+    EXPECT_EQ(property->value(), 2.75);
+    EXPECT_EQ(settled(), "2.75");
+    driver->press(Qt::Key_Down);
+    driver->press(Qt::Key_Down);
+    EXPECT_EQ(property->value(), 2.25);
+    driver->press(Qt::Key_PageUp);
+    EXPECT_EQ(property->value(), 4.75);
+    driver->clickDown();
+    EXPECT_EQ(settled(), "4.5");
+}
+
+TEST_F(SpinBoxDoublePropertyBindingTest, AddsUpManyStepsToWhatIsMeant)
+{
+    bindKeepFactor();
+    property->setValue(0.1);
+    for (int i = 0; i < 40; ++i)
+        driver->clickUp();
+    EXPECT_EQ(property->value(), 0.5);
+    for (int i = 0; i < 50; ++i)
+        driver->press(Qt::Key_Down);
+    EXPECT_EQ(property->value(), 0.0);
+    EXPECT_THAT(messages.take(), IsEmpty());
+}
+
+TEST_F(SpinBoxDoublePropertyBindingTest, StepsFromAllDigitsOfTheProperty)
+{
+    bind();
+    double const third = 1.0 / 3.0;
+    property->setValue(third);
+    driver->clickUp();
+    EXPECT_EQ(property->value(), third + 1.0);
+}
+
+TEST_F(SpinBoxDoublePropertyBindingTest, StepsFromWhatWasTyped)
+{
+    bind();
+    driver->type("10");
+    driver->clickUp();
+    EXPECT_THAT(take(), ElementsAre(10.0, 11.0));
+    driver->type("20");
+    driver->press(Qt::Key_Down);
+    EXPECT_THAT(take(), ElementsAre(20.0, 19.0));
+}
+
+TEST_F(SpinBoxDoublePropertyBindingTest, DoesNotStepWhenWhatWasTypedIsRefused)
+{
+    bindKeepFactor();
+    int used = 0;
+    binding->connectArrowsUsed([&used] { ++used; });
+    driver->type("9");
+    driver->press(Qt::Key_Up);
+    EXPECT_THAT(messages.take(), ElementsAre(refusal));
+    EXPECT_EQ(property->value(), 0.25);
+    EXPECT_EQ(used, 0);
+}
+
+TEST_F(SpinBoxDoublePropertyBindingTest, TellsAStepThatIsRefusedOnceAndEndsTheRepetition)
+{
+    bindKeepFactor();
+    property->setValue(0.5);
+    idle();
+    driver->holdUp();
+    QTest::qWait(900);
+    EXPECT_THAT(messages.take(), ElementsAre(refusal));
+    driver->releaseUp();
+    EXPECT_EQ(property->value(), 0.5);
+    EXPECT_EQ(settled(), "0.5");
+}
+
+TEST_F(SpinBoxDoublePropertyBindingTest, StepsOnWhileAnArrowIsHeld)
+{
+    bind();
+    driver->holdUp();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return property->value() >= 6.5; }));
+    driver->releaseUp();
+    double const end = property->value();
+    QTest::qWait(250);
+    EXPECT_EQ(property->value(), end);
+}
+
+TEST_F(SpinBoxDoublePropertyBindingTest, StepsByTheWheelWithTheFocusOnly)
+{
+    bind();
+    driver->turnWheel(1);
+    EXPECT_EQ(property->value(), 2.5);
+    EXPECT_TRUE(elsewhere->hasFocus());
+    box->setFocus();
+    driver->turnWheel(2);
+    EXPECT_EQ(property->value(), 4.5);
+    driver->turnWheel(-1);
+    EXPECT_EQ(property->value(), 3.5);
+}
+
+TEST_F(SpinBoxDoublePropertyBindingTest, StepsHugeNumbersWithoutLeavingTheRange)
+{
+    bind();
+    property->setValue(1e300);
+    idle();
+    driver->clickUp();
+    EXPECT_EQ(property->value(), 1e300);
+    box->setSingleStep(1e308);
+    property->setValue(1.7e308);
+    idle();
+    driver->clickUp();
+    EXPECT_EQ(property->value(), DBL_MAX);
+    driver->press(Qt::Key_PageDown);
+    EXPECT_EQ(property->value(), -DBL_MAX);
+}
+
+TEST_F(SpinBoxDoublePropertyBindingTest, StepsAnAngleByItsUnit)
+{
+    auto const degrees = boost::make_shared<Property<double>>(45.0);
+    auto const unit = boost::make_shared<Property<ThetaMode_e>>(ThetaMode_Degrees);
+    property = boost::make_shared<AngleDecorator>(degrees, unit);
+    box->setDecimals(8);
+    bind(boost::make_shared<AngleSpinBoxIncDecCalculator>(unit));
+    driver->clickUp();
+    EXPECT_EQ(degrees->value(), 46.0);
+    degrees->setValue(360.0);
+    unit->setValue(ThetaMode_Radians);
+    EXPECT_EQ(settled(), "6.28318531");
+    driver->press(Qt::Key_Return);
+    clickElsewhere();
+    EXPECT_EQ(degrees->value(), 360.0) << "another unit changes no angle";
+    driver->clickDown();
+    EXPECT_NEAR(property->value(), 2.0 * std::acos(-1.0) - 0.01, 1e-14);
+    EXPECT_EQ(settled(), "6.27318531");
+    unit->setValue(ThetaMode_Degrees);
+    driver->press(Qt::Key_PageUp);
+    EXPECT_NEAR(degrees->value(), 360.0 - 0.01 * 180.0 / std::acos(-1.0) + 10.0, 1e-12);
+}
+
+/// Doubles and halves.
+class Factor : public SpinBoxIncDecCalculatorBase
+{
+public:
+    double increment(double value) override { return 2.0 * value; }
+    double decrement(double value) override { return value / 2.0; }
+};
+
+TEST_F(SpinBoxDoublePropertyBindingTest, AsksItsCalculatorOnceForEachStep)
+{
+    box->setSingleStep(100.0);
+    bind(boost::make_shared<Factor>());
+    driver->clickUp();
+    EXPECT_EQ(property->value(), 5.0);
+    driver->clickDown();
+    driver->clickDown();
+    EXPECT_EQ(property->value(), 1.25);
+    driver->press(Qt::Key_PageUp);
+    EXPECT_EQ(property->value(), 1280.0);
+}
+
+TEST_F(SpinBoxDoublePropertyBindingTest, TellsThatTheArrowsWereUsedAfterThePropertyWasSet)
+{
+    class Hooked : public SpinBoxDoublePropertyBinding
+    {
+    public:
+        using SpinBoxDoublePropertyBinding::SpinBoxDoublePropertyBinding;
+        mutable int hooks = 0;
+
+    private:
+        void signalArrowsUsedConnected() const override { ++hooks; }
+    };
+    Hooked hooked(box, property, nullptr);
+    show();
+    std::vector<double> seen;
+    hooked.connectArrowsUsed([&] { seen.push_back(property->value()); });
+    EXPECT_EQ(hooked.hooks, 1);
+    driver->clickUp();
+    driver->press(Qt::Key_PageDown);
+    EXPECT_THAT(seen, ElementsAre(3.5, -6.5));
+    driver->type("1");
+    driver->press(Qt::Key_Return);
+    EXPECT_EQ(seen.size(), 2U) << "typing uses no arrows";
+}
+
+// ---- life ---------------------------------------------------------------------------------------------------------
+
+TEST_F(SpinBoxDoublePropertyBindingTest, MayGoWhileAWriteIsPending)
+{
+    bind();
+    property->setValue(3.0);
+    EXPECT_EQ(IdleDispatcher::pendingCount(), 1);
+    binding.reset();
+    EXPECT_EQ(IdleDispatcher::pendingCount(), 0);
+    EXPECT_EQ(settled(), "2.5");
+    driver->clickUp();
+    driver->type("9");
+    driver->press(Qt::Key_Return);
+    EXPECT_EQ(property->value(), 3.0);
+}
+
+TEST_F(SpinBoxDoublePropertyBindingTest, OutlivesItsBox)
+{
+    bind();
+    property->setValue(3.0);
+    delete box;
+    idle();
+    property->setValue(4.0);
+    idle();
+    EXPECT_EQ(property->value(), 4.0);
+}
+
+TEST_F(SpinBoxDoublePropertyBindingTest, KeepsThePropertyAlive)
+{
+    boost::weak_ptr<PropertyAbstract<double>> const watch = property;
+    SpinBoxDoublePropertyBinding* const fresh = new SpinBoxDoublePropertyBinding(box, property, nullptr);
+    property.reset();
+    EXPECT_FALSE(watch.expired());
+    delete fresh;
+    EXPECT_TRUE(watch.expired());
+}
+
+TEST_F(SpinBoxDoublePropertyBindingTest, MayBeDestroyedByAListenerOfItsOwnCommit)
+{
+    bind();
+    property->connectValueChanged([this](double) { binding.reset(); });
+    driver->type("9");
+    driver->press(Qt::Key_Return);
+    EXPECT_EQ(property->value(), 9.0);
+    binding = std::make_unique<SpinBoxDoublePropertyBinding>(box, property, nullptr);
+    driver->clickUp();
+    EXPECT_EQ(property->value(), 10.0);
+    EXPECT_EQ(binding, nullptr);
+    binding = std::make_unique<SpinBoxDoublePropertyBinding>(box, property, nullptr);
+    driver->type("20");
+    driver->clickUp();
+    EXPECT_EQ(property->value(), 20.0) << "gone before the step";
+}
+
+} // namespace
+} // namespace veldraw::test

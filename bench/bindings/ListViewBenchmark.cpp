@@ -1,3 +1,4 @@
+#include "bench/bindings/ManyZones.h"
 #include "dialogs/bindings/ListViewPropertyBinding.h"
 #include "dialogs/models/ZoneListModel.h"
 #include "dialogs/property/Property.h"
@@ -14,7 +15,6 @@
 #include <benchmark/benchmark.h>
 #include <memory>
 #include <set>
-#include <string>
 
 // Run with QT_QPA_PLATFORM=offscreen. The list has as many rows as the benchmark's argument says.
 
@@ -24,15 +24,6 @@ using namespace veldraw;
 using namespace veldraw::sdk::ui::dialogs::propertybindings;
 using sdk::ui::common::IdleDispatcher;
 using Values = std::set<int>;
-
-std::shared_ptr<kernel::DataSet> manyZones(int count)
-{
-    auto const dataSet = std::make_shared<kernel::DataSet>("Benchmark");
-    dataSet->addVariable(std::make_shared<kernel::Variable>("X"));
-    for (int zone = 1; zone <= count; ++zone)
-        dataSet->addZone(std::make_shared<kernel::Zone>("Zone " + std::to_string(zone), ZoneType_Ordered, 2, 1, 1));
-    return dataSet;
-}
 
 /// The values first, first + step, ... up to count.
 Values everyNth(int count, int first, int step)
@@ -52,7 +43,7 @@ public:
         host::KernelBridge::install();
         session.clear();
         auto const frame = session.createFrame("Frame 001", kernel::Rectangle{0.0, 0.0, 4.0, 3.0});
-        dataSet = manyZones(zoneCount);
+        dataSet = bench::manyZones(zoneCount);
         session.setFrameDataSet(frame->id, dataSet);
         zones = boost::make_shared<models::ZoneListModel>(&sdk::getEnabledZonesForFrame, true);
         binding = std::make_unique<ListViewPropertyBinding>(&view, zones, selection,

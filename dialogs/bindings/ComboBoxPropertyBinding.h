@@ -33,6 +33,8 @@ namespace veldraw::sdk::ui::dialogs::propertybindings {
 /// A combo box that is editable commits its text as a line edit does. What the property throws when a row is chosen goes
 /// to whoever chose; the box shows the property's value again at idle.
 ///
+/// A box over a list of thousands gets a fixed width: Qt would measure all texts before it shows the box.
+///
 /// It never touches a combo box that is gone or that shows another list by now.
 template <typename T>
 class ComboBoxPropertyBinding : public LineEditPropertyBindingAbstract<T>
@@ -75,6 +77,7 @@ private:
 
     void listenToListAndProperty();
     void setUpComboBox();
+    void limitMeasuring();
     void currentIndexChanged(int index);
     void valueChanged(T const& value);
     void modelResetStarts();

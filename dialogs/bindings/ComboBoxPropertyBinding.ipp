@@ -12,6 +12,11 @@
 
 namespace veldraw::sdk::ui::dialogs::propertybindings {
 
+/// How many texts Qt may measure to find the width of a box without anybody noticing.
+constexpr int mostMeasuredTexts = 2000;
+/// The width, in letters, of a box with more.
+constexpr int lettersOfUnmeasuredBox = 20;
+
 template <typename T>
 ComboBoxPropertyBinding<T>::QComboBoxListener::QComboBoxListener(ComboBoxPropertyBinding& binding)
     : m_binding(binding)
@@ -94,8 +99,20 @@ void ComboBoxPropertyBinding<T>::setUpComboBox()
     m_comboBox->setModel(m_itemModel.get());
     if (auto* const list = qobject_cast<QListView*>(m_comboBox->view()))
         list->setUniformItemSizes(true);
+    limitMeasuring();
     m_observable = std::make_unique<QComboBoxObservable>(m_comboBox);
     m_observable->addListener(&m_listener);
+}
+
+template <typename T>
+void ComboBoxPropertyBinding<T>::limitMeasuring()
+{
+    if (m_comboModel->size() <= mostMeasuredTexts ||
+        m_comboBox->sizeAdjustPolicy() != QComboBox::AdjustToContentsOnFirstShow)
+        return;
+    m_comboBox->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    if (m_comboBox->minimumContentsLength() == 0)
+        m_comboBox->setMinimumContentsLength(lettersOfUnmeasuredBox);
 }
 
 template <typename T>

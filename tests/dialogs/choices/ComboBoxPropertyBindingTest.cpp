@@ -84,6 +84,17 @@ TEST_F(ComboBoxPropertyBindingTest, PreparesTheBoxForManyItemsAndNoNewOnes)
     EXPECT_TRUE(qobject_cast<QListView*>(comboBox->view())->uniformItemSizes());
 }
 
+TEST_F(ComboBoxPropertyBindingTest, LeavesTheWidthOfTheFormUnlessThereAreThousandsOfTextsToMeasure)
+{
+    bind();
+    EXPECT_EQ(comboBox->sizeAdjustPolicy(), QComboBox::AdjustToContentsOnFirstShow);
+    QComboBox wide;
+    list->reset(ScriptedList::numbered(5000));
+    Binding const bound(&wide, list, property, BindingInterface::ModelUpdateUndeferred);
+    EXPECT_EQ(wide.sizeAdjustPolicy(), QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    EXPECT_GT(wide.sizeHint().width(), wide.fontMetrics().horizontalAdvance(QStringLiteral("100000: Zone 100000")));
+}
+
 TEST_F(ComboBoxPropertyBindingTest, HoldsPaintingBackWhileBusyInTheDeferredModeOnly)
 {
     bind(BindingInterface::ModelUpdateDeferredOnBusy);

@@ -5,15 +5,20 @@
 #include "dialogs/property/AngleSpinBoxIncDecCalculator.h"
 #include "dialogs/property/BoundedValueValidator.h"
 #include "dialogs/property/Property.h"
+#include "host/MessageBox.h"
+#include "host/MessagePresenter.h"
 #include "platform/exception/InvalidArgumentException.h"
 #include "platform/exception/InvalidPropertyValueException.h"
 #include "tests/dialogs/spinboxes/SpinBoxWindow.h"
 
+#include <QApplication>
 #include <QPushButton>
+#include <QTimer>
 
 #include <boost/make_shared.hpp>
 #include <boost/weak_ptr.hpp>
 
+#include <algorithm>
 #include <cfloat>
 #include <cmath>
 #include <gmock/gmock.h>
@@ -311,6 +316,67 @@ TEST_F(SpinBoxDoublePropertyBindingTest, CommitsBeforeAButtonRunsAndStopsItByARe
     QTest::qWait(200);
     EXPECT_THAT(runs, ElementsAre(0.125));
     EXPECT_THAT(messages.take(), ElementsAre(refusal));
+}
+
+/// Opens real message boxes, and closes each after a while in which a held arrow would step again.
+class OpenedMessages
+{
+public:
+    OpenedMessages()
+        : m_previous(host::MessagePresenter::install([this](std::string const& text, MessageBoxType_e type) {
+            ++m_count;
+            m_deepest = std::max(m_deepest, ++m_open);
+            QTimer::singleShot(700, [] { QApplication::activeModalWidget()->close(); });
+            host::MessageBox::show(text, type);
+            --m_open;
+        }))
+    {
+    }
+    ~OpenedMessages() { host::MessagePresenter::install(m_previous); }
+
+    int count() const { return m_count; }
+    int deepest() const { return m_deepest; }
+
+private:
+    int m_count = 0;
+    int m_open = 0;
+    int m_deepest = 0;
+    host::MessagePresenter::Presenter m_previous;
+};
+
+TEST_F(SpinBoxDoublePropertyBindingTest, OpensOneRealMessageBoxForEachRefusal)
+{
+    OpenedMessages const opened;
+    bindKeepFactor();
+    driver->type("7");
+    clickElsewhere();
+    EXPECT_EQ(opened.count(), 1);
+    EXPECT_EQ(settled(), "0.25");
+    EXPECT_EQ(window.focusWidget(), box);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return box->hasFocus(); })) << "once the window is active again";
+    driver->type("8");
+    driver->press(Qt::Key_Return);
+    EXPECT_EQ(opened.count(), 2);
+    property->setValue(0.5);
+    idle();
+    driver->holdUp();
+    EXPECT_EQ(opened.count(), 3);
+    QTest::qWait(700);
+    EXPECT_EQ(opened.count(), 3) << "the arrow was let go by the message";
+    EXPECT_EQ(opened.deepest(), 1);
+    EXPECT_EQ(property->value(), 0.5);
+}
+
+TEST_F(SpinBoxDoublePropertyBindingTest, MayBeDestroyedWhileItsMessageIsOpen)
+{
+    OpenedMessages const opened;
+    bindKeepFactor();
+    driver->type("7");
+    QTimer::singleShot(100, &window, [this] { binding.reset(); });
+    elsewhere->setFocus();
+    EXPECT_EQ(opened.count(), 1);
+    EXPECT_EQ(binding, nullptr);
+    EXPECT_EQ(property->value(), 0.25);
 }
 
 /// Refuses all with one text, or throws what it was told to.

@@ -73,12 +73,15 @@ TEST_F(TextFieldLifetime, MayEndInTheSignalOfItsProperty)
 
 TEST_F(TextFieldLifetime, MayEndWithTheLastHoldOnItsPropertyInTheSignal)
 {
-    property->connectValueChanged([this](int) {
+    boost::weak_ptr<Property<int>> const watch = property;
+    bool wasAliveInItsSignal = false;
+    property->connectValueChanged([this, &watch, &wasAliveInItsSignal](int) {
         binding.reset();
         property.reset();
+        wasAliveInItsSignal = !watch.expired();
     });
-    boost::weak_ptr<Property<int>> const watch = property;
     window.enter("5");
+    EXPECT_TRUE(wasAliveInItsSignal);
     EXPECT_TRUE(watch.expired());
 }
 

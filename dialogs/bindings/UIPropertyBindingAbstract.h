@@ -22,7 +22,7 @@ using propertymanager::UIStylePropertyAbstract;
 /// changes nothing, and because with `UpdateOnIdle` the widget is never written inside the property's signal. Any
 /// number of changes before the next idle moment make one write, with the value that holds then.
 ///
-/// Catches nothing: what `setValue` throws is the concrete binding's to handle.
+/// Catches nothing that `setValue` throws. May be destroyed inside its property's signal; nothing due runs then.
 template <typename T>
 class UIPropertyBindingAbstract : public virtual PropertyBindingInterface
 {

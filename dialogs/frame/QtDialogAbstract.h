@@ -25,7 +25,7 @@ namespace veldraw::dialogs::common {
 /// What all dialogs have in common. A dialog builds its form on it and overrides nothing but the destructor.
 ///
 /// - Modeless or modal as its form says; `launch()` never blocks. Closing only hides: the object, its settings and its
-///   bindings stay, until the parent widget dies.
+///   bindings stay, until the parent widget dies. Idle work that is pending then goes along.
 /// - Close and Escape hide it. No button is a default or auto-default one: Return in a field or a list must not run an
 ///   action that may delete data.
 /// - With a rule, its content and its action buttons can be used only while the rule is true; Close and Help always.

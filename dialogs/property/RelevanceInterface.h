@@ -21,7 +21,7 @@ public:
 
     virtual bool isRelevant() const = 0;
 
-    /// Connects a slot and then runs the hook `signalRelevanceChangedConnected()`.
+    /// Connects a slot, then runs the hook `signalRelevanceChangedConnected()`. Inside signals: see `PropertyAbstract`.
     boost::signals2::connection connectRelevanceChanged(RelevanceChangedSignal::slot_type const& slot) const;
 
 private:

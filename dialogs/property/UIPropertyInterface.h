@@ -29,9 +29,9 @@ public:
     virtual void setSensitivityRelevance(boost::shared_ptr<RelevanceInterface const> const& relevance) = 0;
     virtual bool isSensitive() const = 0;
 
-    /// Connects a slot, then runs the hook `signalVisibilityChangedConnected()`. Inside signals: see `PropertyAbstract`.
+    /// Connects a slot, then runs the hook `signalVisibilityChangedConnected()`. Inside it: see `PropertyAbstract`.
     boost::signals2::connection connectVisibilityChanged(Signal::slot_type const& slot) const;
-    /// Connects a slot, then runs the hook `signalSensitivityChangedConnected()`. Inside signals: see `PropertyAbstract`.
+    /// Connects a slot, then runs the hook `signalSensitivityChangedConnected()`. Inside it: see `PropertyAbstract`.
     boost::signals2::connection connectSensitivityChanged(Signal::slot_type const& slot) const;
 
 private:

@@ -105,6 +105,18 @@ TEST_F(ComboBoxListChangeTest, LeavesAValueAloneThatWaitsForItsItem)
     EXPECT_EQ(look(), "1 2 3 4 5 6 [7]");
 }
 
+TEST_F(ComboBoxListChangeTest, LeavesAValueAloneThatWasSetAheadOfItsList)
+{
+    bind();
+    property->setValue(7);
+    list->reset(ScriptedList::numbered(6));
+    EXPECT_EQ(property->stores, "7 ");
+    list->reset(ScriptedList::numbered(7));
+    IdleDispatcher::flush();
+    EXPECT_EQ(property->stores, "7 ");
+    EXPECT_EQ(look(), "1 2 3 4 5 6 [7]");
+}
+
 TEST_F(ComboBoxListChangeTest, CountsAValueAsOneOfTheListWhenItIsSetNotWhenTheListBringsIt)
 {
     property = boost::make_shared<NotedProperty>(7);
@@ -220,6 +232,16 @@ TEST_F(ComboBoxListChangeTest, StaysOnItsItemWhenOthersAreRemoved)
     list->remove(0, 1);
     IdleDispatcher::flush();
     EXPECT_EQ(look(), "[3] 4 5");
+    EXPECT_EQ(property->stores, "");
+}
+
+TEST_F(ComboBoxListChangeTest, ShowsItsValueAgainAfterARemoval)
+{
+    bind();
+    comboBox->setCurrentIndex(-1);
+    list->remove(0, 0);
+    IdleDispatcher::flush();
+    EXPECT_EQ(look(), "2 [3] 4 5");
     EXPECT_EQ(property->stores, "");
 }
 

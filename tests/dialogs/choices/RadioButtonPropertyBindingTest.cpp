@@ -216,6 +216,17 @@ TEST_F(RadioButtonPropertyBindingTest, TellsNothingOfARefusalWithoutText)
     EXPECT_EQ(property->value(), 'X');
 }
 
+TEST_F(RadioButtonPropertyBindingTest, ShowsThePropertyAgainAfterARefusal)
+{
+    bind();
+    property->refusal = [](char) { throw InvalidPropertyValueException("Not this one."); };
+    click(1);
+    EXPECT_EQ(on(), "Y");
+    IdleDispatcher::flush();
+    EXPECT_EQ(on(), "X");
+    EXPECT_EQ(messages.take(), std::vector<std::string>{"error: Not this one."});
+}
+
 TEST_F(RadioButtonPropertyBindingTest, LetsOtherExceptionsThrough)
 {
     bind();

@@ -3,6 +3,7 @@
 #include "dialogs/bindings/ComboBoxPropertyBinding.h"
 #include "dialogs/bindings/WheelGuard.h"
 #include "dialogs/bindings/WidgetUpdateDeferrerOnBusy.h"
+#include "dialogs/bindings/WidgetVote.h"
 
 #include <QComboBox>
 #include <QListView>
@@ -136,15 +137,13 @@ void ComboBoxPropertyBinding<T>::updateWidgetValue()
 template <typename T>
 void ComboBoxPropertyBinding<T>::updateWidgetVisibility()
 {
-    if (m_comboBox)
-        m_comboBox->setVisible(this->uiProperty().isVisible());
+    WidgetVote::castFor(&this->uiProperty(), m_comboBox, WidgetVote::Visible, this->uiProperty().isVisible());
 }
 
 template <typename T>
 void ComboBoxPropertyBinding<T>::updateWidgetSensitivity()
 {
-    if (m_comboBox)
-        m_comboBox->setEnabled(this->uiProperty().isSensitive());
+    WidgetVote::castFor(&this->uiProperty(), m_comboBox, WidgetVote::Enabled, this->uiProperty().isSensitive());
 }
 
 template <typename T>

@@ -1,5 +1,7 @@
 #include "dialogs/bindings/LabelPropertyBinding.h"
 
+#include "dialogs/bindings/WidgetVote.h"
+
 #include <QAbstractButton>
 #include <QLabel>
 
@@ -45,14 +47,12 @@ void LabelPropertyBinding::updateWidgetValue()
 
 void LabelPropertyBinding::updateWidgetVisibility()
 {
-    if (m_label)
-        m_label->setVisible(uiProperty().isVisible());
+    WidgetVote::castFor(&uiProperty(), m_label, WidgetVote::Visible, uiProperty().isVisible());
 }
 
 void LabelPropertyBinding::updateWidgetSensitivity()
 {
-    if (m_label)
-        m_label->setEnabled(uiProperty().isSensitive());
+    WidgetVote::castFor(&uiProperty(), m_label, WidgetVote::Enabled, uiProperty().isSensitive());
 }
 
 } // namespace veldraw::sdk::ui::dialogs::propertybindings

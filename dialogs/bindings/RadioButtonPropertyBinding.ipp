@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dialogs/bindings/RadioButtonPropertyBinding.h"
+#include "dialogs/bindings/WidgetVote.h"
 #include "platform/exception/InvalidArgumentException.h"
 #include "platform/exception/InvalidPropertyValueException.h"
 #include "platform/vdsdkbase/VelUtilDialog.h"
@@ -55,21 +56,21 @@ void RadioButtonPropertyBinding<T>::updateWidgetValue()
 template <typename T>
 void RadioButtonPropertyBinding<T>::updateWidgetVisibility()
 {
-    if (m_radioButton)
-        m_radioButton->setVisible(this->uiProperty().isVisible());
+    WidgetVote::castFor(&this->uiProperty(), m_radioButton, WidgetVote::Visible, this->uiProperty().isVisible());
 }
 
 template <typename T>
 void RadioButtonPropertyBinding<T>::updateWidgetSensitivity()
 {
-    if (m_radioButton)
-        m_radioButton->setEnabled(this->uiProperty().isSensitive());
+    WidgetVote::castFor(&this->uiProperty(), m_radioButton, WidgetVote::Enabled, this->uiProperty().isSensitive());
 }
 
-// A button that is turned off does nothing: its neighbour in the group writes.
+// A button that is turned off leaves the property alone: its neighbour in the group writes. But when the property refuses
+// the neighbour's value, only the button that was on before can bring the group back.
 template <typename T>
 void RadioButtonPropertyBinding<T>::buttonStateChanged(QButtonObservable& observable)
 {
+    this->updateValueOnIdle();
     if (!observable.buttonWidget()->isChecked())
         return;
     try {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dialogs/bindings/TextFieldPropertyBinding.h"
+#include "dialogs/bindings/WidgetVote.h"
 
 #include <QLineEdit>
 
@@ -47,15 +48,13 @@ void TextFieldPropertyBinding<T>::updateWidgetValue()
 template <typename T>
 void TextFieldPropertyBinding<T>::updateWidgetVisibility()
 {
-    if (m_lineEdit)
-        m_lineEdit->setVisible(this->uiProperty().isVisible());
+    WidgetVote::castFor(&this->uiProperty(), m_lineEdit, WidgetVote::Visible, this->uiProperty().isVisible());
 }
 
 template <typename T>
 void TextFieldPropertyBinding<T>::updateWidgetSensitivity()
 {
-    if (m_lineEdit)
-        m_lineEdit->setEnabled(this->uiProperty().isSensitive());
+    WidgetVote::castFor(&this->uiProperty(), m_lineEdit, WidgetVote::Enabled, this->uiProperty().isSensitive());
 }
 
 template <typename T>

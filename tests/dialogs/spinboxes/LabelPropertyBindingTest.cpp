@@ -1,8 +1,10 @@
 #include "dialogs/bindings/LabelPropertyBinding.h"
 
+#include "dialogs/bindings/RelevanceApplier.h"
 #include "dialogs/property/Property.h"
 #include "platform/vdsdkuicommon/IdleDispatcher.h"
 #include "tests/dialogs/bindings/TestUIProperty.h"
+#include "tests/dialogs/support/SwitchedRelevance.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -44,6 +46,27 @@ TEST(LabelPropertyBinding, FollowsAtOnceInTheImmediateMode)
     LabelPropertyBinding const binding(&label, property, BindingInterface::UpdateImmediately);
     property->setValue("two");
     EXPECT_EQ(label.text(), QStringLiteral("two"));
+}
+
+TEST(LabelPropertyBinding, AgreesByVoteWithARuleOnTheSameLabel)
+{
+    QLabel label;
+    TestUIProperty<std::string> property;
+    LabelPropertyBinding const binding(&label, property);
+    auto const rule = boost::make_shared<tests::SwitchedRelevance>(false);
+    RelevanceApplier const applier(rule, &label, RelevanceApplier::EnableDisable, BindingInterface::UpdateOnIdle);
+    property.setSensitive(false);
+    property.setSensitive(true);
+    IdleDispatcher::flush();
+    EXPECT_FALSE(label.isEnabled());
+    rule->set(true);
+    IdleDispatcher::flush();
+    EXPECT_TRUE(label.isEnabled());
+    property.setSensitive(false);
+    IdleDispatcher::flush();
+    rule->set(true);
+    IdleDispatcher::flush();
+    EXPECT_FALSE(label.isEnabled());
 }
 
 TEST(LabelPropertyBinding, ErasesTheTextOfTheFormForAnEmptyProperty)

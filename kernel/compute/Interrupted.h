@@ -1,0 +1,14 @@
+#pragma once
+
+#include <exception>
+
+namespace veldraw::kernel {
+
+/// Ends an operation that the user has cancelled. It never leaves the kernel.
+class Interrupted : public std::exception
+{
+public:
+    char const* what() const noexcept override { return "interrupted by the user"; }
+};
+
+} // namespace veldraw::kernel

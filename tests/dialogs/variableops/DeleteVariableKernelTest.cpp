@@ -24,17 +24,17 @@ TEST_F(DeleteVariableKernelTest, DeletesTheWholeSelectionInOneCall)
     clickRow(3);
     clickRow(1);
     spy.reset();
-    clickDelete();
+    clickAction();
     EXPECT_THAT(spy.callsOf("VelUtilDataSetDeleteVar"), ElementsAre("VelUtilDataSetDeleteVar({1, 2, 4})"));
     EXPECT_THAT(spy.callsOf("VelUtilDialogErrMsg"), IsEmpty());
 }
 
 TEST_F(DeleteVariableKernelTest, CallsNothingToDeleteWhenItRefuses)
 {
-    clickDelete();
+    clickAction();
     for (int row = 0; row < 4; ++row)
         clickRow(row);
-    clickDelete();
+    clickAction();
     EXPECT_EQ(spy.count("VelUtilDataSetDeleteVar"), 0);
     EXPECT_THAT(spy.callsOf("VelUtilDialogErrMsg"),
                 ElementsAre("VelUtilDialogErrMsg(\"No variables are selected\")",
@@ -45,14 +45,14 @@ TEST_F(DeleteVariableKernelTest, TellsAFailureAndKeepsTheSelectionForAnotherTry)
 {
     clickRow(2);
     spy.failNext("VelUtilDataSetDeleteVar");
-    clickDelete();
+    clickAction();
     EXPECT_THAT(messages.take(), ElementsAre("error: Error attempting to delete variable(s)"));
     EXPECT_EQ(spy.count("VelUtilDataSetDeleteVar"), 1) << "nothing tries again by itself";
     EXPECT_EQ(variableNames().size(), 4u);
     EXPECT_TRUE(dialog().isVisible());
     EXPECT_THAT(rows(), ElementsAre("1: X", "2: Y", "*3: P", "4: T"));
 
-    clickDelete();
+    clickAction();
     EXPECT_THAT(messages.take(), ElementsAre("information: Variable deletion successful"));
     EXPECT_THAT(variableNames(), ElementsAre("X", "Y", "T"));
 }
@@ -61,7 +61,7 @@ TEST_F(DeleteVariableKernelTest, TellsThatALockedDataSetRefuses)
 {
     sample.session().setLock(sample.dataSet(), "another operation");
     clickRow(2);
-    clickDelete();
+    clickAction();
     EXPECT_THAT(messages.take(), ElementsAre("error: Error attempting to delete variable(s)"));
     EXPECT_EQ(variableNames().size(), 4u);
 }
@@ -80,7 +80,7 @@ TEST_F(DeleteVariableKernelTest, ReleasesItsLockAndStaysWholeWhicheverKernelCall
 {
     clickRow(2);
     spy.reset();
-    clickDelete();
+    clickAction();
     std::vector<std::string> const calls = spy.calls();
     ASSERT_GE(calls.size(), 3u);
     for (std::size_t failing = 0; failing < calls.size(); ++failing) {
@@ -91,14 +91,14 @@ TEST_F(DeleteVariableKernelTest, ReleasesItsLockAndStaysWholeWhicheverKernelCall
         clickRow(2);
         messages.take();
         spy.failCall(static_cast<int>(failing) + 1);
-        clickDelete();
+        clickAction();
         spy.reset();
         bool const isRefused = calls[failing].rfind("VelUtilDataSetDeleteVar", 0) == 0;
         EXPECT_EQ(variableNames().size(), isRefused ? 4u : 3u);
         EXPECT_EQ(messages.take(), toldWhenFailing(calls[failing]));
         EXPECT_EQ(sdk::AppLock::depth(), 0);
         if (isRefused)
-            clickDelete();
+            clickAction();
         EXPECT_THAT(variableNames(), ElementsAre("X", "Y", "T")) << "a try without a failure succeeds";
     }
 }

@@ -21,7 +21,7 @@ protected:
     std::vector<std::string> callsOfCreate()
     {
         spy.reset();
-        clickCreate();
+        clickAction();
         return spy.calls();
     }
 
@@ -57,7 +57,7 @@ TEST_F(DuplicateZoneKernelTest, GoesNoFurtherWithoutAnArgumentList)
     clickRow(1);
     spy.reset();
     spy.failNext("VelUtilArgListAlloc");
-    clickCreate();
+    clickAction();
     EXPECT_THAT(spy.calls(), ElementsAre("VelUtilArgListAlloc()", "VelUtilArgListDealloc(out)",
                                          "VelUtilDialogErrMsg(\"Error duplicating zone(s)\")"));
     EXPECT_EQ(zoneNames().size(), 3u);
@@ -68,7 +68,7 @@ TEST_F(DuplicateZoneKernelTest, FreesItsArgumentListWhenItCannotBeFilled)
     clickRow(1);
     spy.reset();
     spy.failNext("VelUtilArgListAppendSet");
-    clickCreate();
+    clickAction();
     EXPECT_THAT(spy.calls(),
                 ElementsAre("VelUtilArgListAlloc()", "VelUtilArgListAppendSet(list, \"SourceZones\", {2})",
                             "VelUtilArgListDealloc(out)", "VelUtilDialogErrMsg(\"Error duplicating zone(s)\")"));
@@ -80,7 +80,7 @@ TEST_F(DuplicateZoneKernelTest, FreesItsArgumentListWhenTheKernelRefuses)
     clickRow(1);
     spy.reset();
     spy.failNext("VelUtilZoneCopyX");
-    clickCreate();
+    clickAction();
     EXPECT_THAT(spy.calls(), ElementsAre("VelUtilArgListAlloc()", "VelUtilArgListAppendSet(list, \"SourceZones\", {2})",
                                          "VelUtilZoneCopyX(list)", "VelUtilArgListDealloc(out)",
                                          "VelUtilDialogErrMsg(\"Error duplicating zone(s)\")"));
@@ -93,13 +93,13 @@ TEST_F(DuplicateZoneKernelTest, TellsAFailureAndKeepsTheSelectionForAnotherTry)
     clickRow(1, Qt::ControlModifier);
     std::string const stepBefore = sample.session().history().undoName();
     spy.failNext("VelUtilZoneCopyX");
-    clickCreate();
+    clickAction();
     expectTold({failed}, "refused");
     EXPECT_EQ(spy.count("VelUtilZoneCopyX"), 1) << "nothing tries again by itself";
     EXPECT_THAT(rows(), ElementsAre("*1: Wing", "*2: Body", "3: Tail"));
     EXPECT_EQ(sample.session().history().undoName(), stepBefore);
 
-    clickCreate();
+    clickAction();
     expectTold({created}, "another try");
     EXPECT_THAT(zoneNames(), ElementsAre("Wing", "Body", "Tail", "Wing", "Body"));
 }
@@ -108,7 +108,7 @@ TEST_F(DuplicateZoneKernelTest, TellsThatALockedDataSetRefuses)
 {
     sample.session().setLock(sample.dataSet(), "another operation");
     clickRow(2);
-    clickCreate();
+    clickAction();
     expectTold({failed}, "locked");
     EXPECT_EQ(sample.session().lastError(), "The data set is locked.");
     EXPECT_EQ(zoneNames().size(), 3u);
@@ -154,12 +154,12 @@ TEST_F(DuplicateZoneKernelTest, StaysWholeAndReleasesItsGuardsWhicheverKernelCal
         clickRow(1);
         messages.take();
         spy.failCall(static_cast<int>(failing) + 1);
-        clickCreate();
+        clickAction();
         spy.reset();
         EXPECT_EQ(zoneNames().size(), refuses(calls[failing]) ? 3u : 4u) << when;
         expectTold(toldWhenFailing(calls[failing]), when);
         if (refuses(calls[failing]))
-            clickCreate();
+            clickAction();
         EXPECT_THAT(zoneNames(), ElementsAre("Wing", "Body", "Tail", "Body")) << when << ", then nothing";
     }
 }
@@ -176,12 +176,12 @@ TEST_F(DuplicateZoneKernelTest, StaysWholeAndReleasesItsGuardsWhenAllKernelCalls
         clickRow(1);
         messages.take();
         spy.failFrom(static_cast<int>(failing) + 1);
-        clickCreate();
+        clickAction();
         spy.reset();
         EXPECT_EQ(zoneNames().size(), refuses(calls[failing]) ? 3u : 4u) << when;
         expectTold({}, when); // a message cannot be shown either
         if (refuses(calls[failing]))
-            clickCreate();
+            clickAction();
         EXPECT_THAT(zoneNames(), ElementsAre("Wing", "Body", "Tail", "Body")) << when << ", then nothing";
     }
 }

@@ -1,0 +1,102 @@
+#include "tests/dialogs/support/DialogFixture.h"
+
+#include "platform/vdsdkuicommon/IdleDispatcher.h"
+
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QItemSelectionModel>
+#include <QListView>
+#include <QPushButton>
+#include <QTest>
+
+#include <stdexcept>
+#include <utility>
+
+namespace veldraw::tests {
+
+using sdk::ui::common::IdleDispatcher;
+
+DialogFixture::DialogFixture(DialogTraits dialogTraits)
+    : traits(std::move(dialogTraits))
+    , mainWindow(std::make_unique<QWidget>())
+{
+    sample.session().setPlotType(sample.frame()->id, traits.plotType);
+    mainWindow->show();
+}
+
+DialogFixture::~DialogFixture() = default;
+
+dialogs::common::QtDialogAbstract& DialogFixture::launched()
+{
+    dialog().launch();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return QApplication::activeWindow() == &dialog(); }));
+    IdleDispatcher::flush();
+    return dialog();
+}
+
+QListView& DialogFixture::list()
+{
+    auto* const view = dialog().findChild<QListView*>(QString::fromStdString(traits.list));
+    if (!view)
+        throw std::logic_error("there is no list " + traits.list);
+    return *view;
+}
+
+QDialogButtonBox& DialogFixture::buttonBox()
+{
+    return *dialog().findChild<QDialogButtonBox*>(QStringLiteral("buttonBox"));
+}
+
+QPushButton& DialogFixture::actionButton()
+{
+    for (QAbstractButton* const button : buttonBox().buttons())
+        if (button->text().toStdString() == traits.action)
+            return *qobject_cast<QPushButton*>(button);
+    throw std::logic_error("there is no button " + traits.action);
+}
+
+void DialogFixture::clickRow(int row, Qt::KeyboardModifiers modifiers)
+{
+    QRect const place = list().visualRect(list().model()->index(row, 0));
+    QTest::mouseClick(list().viewport(), Qt::LeftButton, modifiers, place.center());
+}
+
+void DialogFixture::clickAction()
+{
+    QTest::mouseClick(&actionButton(), Qt::LeftButton);
+}
+
+void DialogFixture::clickClose()
+{
+    QTest::mouseClick(buttonBox().button(QDialogButtonBox::Close), Qt::LeftButton);
+}
+
+std::vector<std::string> DialogFixture::rows()
+{
+    IdleDispatcher::flush();
+    std::vector<std::string> texts;
+    for (int row = 0; row < list().model()->rowCount(); ++row) {
+        QModelIndex const index = list().model()->index(row, 0);
+        std::string const mark = list().selectionModel()->isSelected(index) ? "*" : "";
+        texts.push_back(mark + index.data().toString().toStdString());
+    }
+    return texts;
+}
+
+std::vector<std::string> DialogFixture::zoneNames() const
+{
+    std::vector<std::string> names;
+    for (auto const& zone : sample.dataSet().zones())
+        names.push_back(zone->name);
+    return names;
+}
+
+std::vector<std::string> DialogFixture::variableNames() const
+{
+    std::vector<std::string> names;
+    for (auto const& variable : sample.dataSet().variables())
+        names.push_back(variable->name);
+    return names;
+}
+
+} // namespace veldraw::tests

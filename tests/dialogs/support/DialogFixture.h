@@ -1,0 +1,50 @@
+#pragma once
+
+#include "tests/dialogs/models/SampleSession.h"
+#include "tests/dialogs/support/DialogTraits.h"
+#include "tests/dialogs/support/RecordedMessages.h"
+
+#include <gtest/gtest.h>
+#include <memory>
+#include <string>
+#include <vector>
+
+class QDialogButtonBox;
+class QListView;
+class QPushButton;
+
+namespace veldraw::tests {
+
+/// A dialog over a data set with the zones Wing, Body and Tail and the variables X, Y, P and T; and the hands of its user.
+class DialogFixture : public testing::Test
+{
+protected:
+    explicit DialogFixture(DialogTraits dialogTraits);
+    ~DialogFixture() override;
+
+    dialogs::common::QtDialogAbstract& dialog() { return traits.instance(*mainWindow); }
+
+    /// The dialog on the screen, in front, with nothing left to do.
+    dialogs::common::QtDialogAbstract& launched();
+
+    QListView& list();
+    QDialogButtonBox& buttonBox();
+    QPushButton& actionButton();
+
+    void clickRow(int row, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    void clickAction();
+    void clickClose();
+
+    /// Texts of all rows, selected ones with a star.
+    std::vector<std::string> rows();
+
+    std::vector<std::string> zoneNames() const;
+    std::vector<std::string> variableNames() const;
+
+    DialogTraits const traits;
+    RecordedMessages messages;
+    test::SampleSession sample{{"Wing", "Body", "Tail"}, {"X", "Y", "P", "T"}};
+    std::unique_ptr<QWidget> mainWindow;
+};
+
+} // namespace veldraw::tests

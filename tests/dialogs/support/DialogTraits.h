@@ -1,0 +1,44 @@
+#pragma once
+
+#include "dialogs/frame/QtDialogAbstract.h"
+#include "dialogs/property/RelevanceInterface.h"
+#include "platform/vdsdkbase/VelUtilTypes.h"
+
+#include <boost/shared_ptr.hpp>
+
+#include <ostream>
+#include <string>
+
+namespace veldraw::tests {
+
+/// What the common tests have to know of a dialog in which the user chooses from a list and presses a button.
+struct DialogTraits
+{
+    /// The traits of a class of dialogs, with the words still to be filled in.
+    template <typename Dialog>
+    static DialogTraits of()
+    {
+        DialogTraits traits;
+        traits.instance = [](QWidget& parent) -> dialogs::common::QtDialogAbstract& {
+            return Dialog::getInstance(parent);
+        };
+        traits.relevance = &Dialog::relevance;
+        return traits;
+    }
+
+    dialogs::common::QtDialogAbstract& (*instance)(QWidget& parent) = nullptr;
+    boost::shared_ptr<sdk::ui::propertymanager::RelevanceInterface const> (*relevance)() = nullptr;
+    std::string list;                      ///< object name of the list
+    std::string action;                    ///< text of the button that does it
+    std::string refusal;                   ///< what the button says while nothing is chosen
+    std::string helpTopic;                 ///< the page that F1 opens
+    PlotType_e plotType = PlotType_Sketch; ///< of the frame; for dialogs that want a field plot
+    bool bindsActionBeforeList = true;     ///< which of the two bindings is made, and ends, first
+};
+
+inline void PrintTo(DialogTraits const& traits, std::ostream* stream)
+{
+    *stream << "the dialog with " << traits.list;
+}
+
+} // namespace veldraw::tests

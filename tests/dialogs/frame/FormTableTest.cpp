@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QPushButton>
+#include <QStackedWidget>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -73,6 +74,23 @@ TEST_F(FormTableTest, FindsMnemonicsThatAreTakenTwice)
     EXPECT_THAT(repeatedMnemonics(dialog), ElementsAre("Alt+S"));
     tabs->setTabText(0, QStringLiteral("Si&ze"));
     EXPECT_THAT(repeatedMnemonics(dialog), IsEmpty());
+}
+
+TEST_F(FormTableTest, LetsPagesOfOneStackUseTheSameMnemonic)
+{
+    auto* const stack = add<QStackedWidget>(dialog, "stack");
+    auto* const page = new QWidget;
+    stack->addWidget(page);
+    add<QPushButton>(dialog, "one")->setText(QStringLiteral("&Save"));
+    dialog.findChild<QPushButton*>(QStringLiteral("one"))->setParent(page);
+    auto* const second = add<QPushButton>(dialog, "two");
+    second->setText(QStringLiteral("&Send"));
+    stack->addWidget(second);
+    EXPECT_THAT(repeatedMnemonics(dialog), IsEmpty());
+    second->setParent(page);
+    EXPECT_THAT(repeatedMnemonics(dialog), ElementsAre("Alt+S"));
+    second->setParent(&dialog);
+    EXPECT_THAT(repeatedMnemonics(dialog), ElementsAre("Alt+S"));
 }
 
 TEST_F(FormTableTest, FindsInputsThatNobodyCouldName)

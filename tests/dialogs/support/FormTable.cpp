@@ -11,10 +11,13 @@
 #include <QKeySequence>
 #include <QLabel>
 #include <QLineEdit>
+#include <QStackedWidget>
 #include <QTabWidget>
 #include <QTextEdit>
 
 #include <map>
+#include <set>
+#include <utility>
 
 namespace veldraw::tests {
 
@@ -62,19 +65,30 @@ bool isInput(QWidget const& widget)
            qobject_cast<QTextEdit const*>(&widget) || qobject_cast<QAbstractButton const*>(&widget);
 }
 
-std::vector<QString> textsWithMnemonics(QDialog const& dialog)
+using TextOfWidget = std::pair<QString, QWidget const*>;
+
+std::vector<TextOfWidget> textsWithMnemonics(QDialog const& dialog)
 {
-    std::vector<QString> texts;
+    std::vector<TextOfWidget> texts;
     for (QWidget const* const widget : formWidgets(dialog)) {
         auto const* const label = qobject_cast<QLabel const*>(widget);
         if ((label && label->buddy()) || qobject_cast<QAbstractButton const*>(widget) ||
             qobject_cast<QGroupBox const*>(widget))
-            texts.push_back(textOf(*widget));
+            texts.emplace_back(textOf(*widget), widget);
         if (auto const* const tabs = qobject_cast<QTabWidget const*>(widget))
             for (int index = 0; index < tabs->count(); ++index)
-                texts.push_back(tabs->tabText(index));
+                texts.emplace_back(tabs->tabText(index), widget);
     }
     return texts;
+}
+
+// Whether two widgets of a form are on different pages of one stack.
+bool areAlternatives(QWidget const* one, QWidget const* other)
+{
+    QWidget const* common = one;
+    while (common && common != other && !common->isAncestorOf(other))
+        common = common->parentWidget();
+    return qobject_cast<QStackedWidget const*>(common) != nullptr;
 }
 
 } // namespace
@@ -102,17 +116,19 @@ std::vector<std::string> tabOrder(QDialog const& dialog)
 
 std::vector<std::string> repeatedMnemonics(QDialog const& dialog)
 {
-    std::map<std::string, int> uses;
-    for (QString const& text : textsWithMnemonics(dialog)) {
+    std::map<std::string, std::vector<QWidget const*>> uses;
+    std::set<std::string> repeated;
+    for (auto const& [text, widget] : textsWithMnemonics(dialog)) {
         QKeySequence const mnemonic = QKeySequence::mnemonic(text);
-        if (!mnemonic.isEmpty())
-            ++uses[mnemonic.toString(QKeySequence::PortableText).toStdString()];
+        if (mnemonic.isEmpty())
+            continue;
+        std::string const letter = mnemonic.toString(QKeySequence::PortableText).toStdString();
+        for (QWidget const* const user : uses[letter])
+            if (!areAlternatives(user, widget))
+                repeated.insert(letter);
+        uses[letter].push_back(widget);
     }
-    std::vector<std::string> repeated;
-    for (auto const& [mnemonic, count] : uses)
-        if (count > 1)
-            repeated.push_back(mnemonic);
-    return repeated;
+    return {repeated.begin(), repeated.end()};
 }
 
 std::vector<std::string> inputsWithoutAccessibleName(QDialog const& dialog)

@@ -19,7 +19,8 @@ std::vector<std::string> formTable(QDialog const& dialog);
 /// take the focus count, enabled or not.
 std::vector<std::string> tabOrder(QDialog const& dialog);
 
-/// Letters that more than one label, button, group or tab of the dialog has as its mnemonic.
+/// Letters that more than one label, button, group or tab of the dialog has as its mnemonic. Pages of one stack are never seen
+/// together and may use the same letter.
 std::vector<std::string> repeatedMnemonics(QDialog const& dialog);
 
 /// Inputs and buttons that a screen reader could not name, by object name.

@@ -8,7 +8,7 @@ namespace veldraw::kernel {
 class Interrupted : public std::exception
 {
 public:
-    char const* what() const noexcept override { return "interrupted by the user"; }
+    char const* what() const noexcept override { return "The operation was cancelled."; }
 };
 
 } // namespace veldraw::kernel

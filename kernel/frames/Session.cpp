@@ -115,20 +115,24 @@ std::vector<std::shared_ptr<Frame>> Session::framesOf(DataSet const& dataSet) co
 
 bool Session::undo()
 {
-    if (!m_history.undo()) {
-        return refuse("There is nothing to undo.");
-    }
-    m_events.emitEvent({StateChange_StateRestored, {}, {}, {}, 0});
-    return true;
+    return guarded(*this, [&] {
+        if (!m_history.undo()) {
+            return refuse("There is nothing to undo.");
+        }
+        m_events.emitEvent({StateChange_StateRestored, {}, {}, {}, 0});
+        return true;
+    });
 }
 
 bool Session::redo()
 {
-    if (!m_history.redo()) {
-        return refuse("There is nothing to redo.");
-    }
-    m_events.emitEvent({StateChange_StateRestored, {}, {}, {}, 0});
-    return true;
+    return guarded(*this, [&] {
+        if (!m_history.redo()) {
+            return refuse("There is nothing to redo.");
+        }
+        m_events.emitEvent({StateChange_StateRestored, {}, {}, {}, 0});
+        return true;
+    });
 }
 
 bool Session::refuse(char const* reason) noexcept

@@ -9,19 +9,22 @@
 #include <atomic>
 #include <functional>
 #include <memory>
+#include <mutex>
 #include <string>
 #include <vector>
 
 namespace veldraw::kernel {
 
+class Progress;
 class StyleTree;
+class Waiter;
 
 /// The one kernel of the process: pages, their frames, the data sets in them, events and history.
 ///
 /// Every change of what stands in the session goes through an operation of this class: it is checked first, then
 /// carried out whole or not at all, told to the listeners, and can be undone under the name that the user saw. An
 /// operation that is refused returns false, changes nothing, sends nothing and leaves its reason in lastError(). All
-/// calls belong to the user-interface thread.
+/// calls belong to the user-interface thread. While an operation waits for its computation, every other one is refused.
 class Session
 {
 public:
@@ -144,9 +147,24 @@ public:
     static bool isMouseMode(int mode);
     bool setMouseMode(int mode); ///< event 26 when it is another mode; false for a number that is no mode
 
-    /// Set by the user's cancel, taken back when the next operation starts. May be asked for and set on any thread.
+    // ---- long work -------------------------------------------------------------------------------------------------
+    /// Set by the user's cancel, taken back when the next operation starts. May be asked for and set on any thread; setting
+    /// it interrupts the computation that is running.
     bool isInterrupted() const { return m_isInterrupted; }
-    void setInterrupted(bool interrupted) { m_isInterrupted = interrupted; }
+    void setInterrupted(bool interrupted);
+
+    /// What waits while an operation computes; null (as at first) for nothing but the wait itself. Not owned: to be taken
+    /// back before it goes.
+    void setWaiter(Waiter* waiter) { m_waiter = waiter; }
+
+    /// Whether an operation computes, so that every other one is refused. Ask on the user-interface thread.
+    bool isBusy() const { return m_isBusy; }
+
+    /// Runs @p work to its end: on a thread of its own if a waiter is installed, which waits for it here. What the work
+    /// reads in the session stays as it is meanwhile: operations are refused, style writes are carried out afterwards.
+    /// @param name of the operation, as in the undo menu
+    /// @throws what the work throws, Interrupted when the user has cancelled; std::logic_error while another one runs
+    void runOperation(std::string const& name, std::function<void(Progress&)> const& work);
 
     // ---- the screen ------------------------------------------------------------------------------------------------
     /// What draws the pages; null (as at first) when nothing does. Not owned: to be taken back before it goes.
@@ -177,6 +195,8 @@ public:
     Session& operator=(Session const&) = delete;
 
 private:
+    class Computation;
+
     std::shared_ptr<Page> pageOf(UniqueId frame) const;
     std::shared_ptr<DataSet> owned(DataSet const& dataSet) const;
     void insertFrame(std::shared_ptr<Page> const& page, std::shared_ptr<Frame> frame, bool tile);
@@ -197,6 +217,10 @@ private:
     std::vector<Pick> m_picks;
     int m_mouseMode;
     std::atomic<bool> m_isInterrupted{false};
+    Waiter* m_waiter = nullptr;
+    bool m_isBusy = false;
+    std::mutex m_progressMutex;
+    Progress* m_progress = nullptr; // of the computation that is running
     Display* m_display = nullptr;
     bool m_isDrawing = true;
     std::string m_lastError;

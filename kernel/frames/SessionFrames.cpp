@@ -61,11 +61,14 @@ void Session::clear()
 
 void Session::removeAllPages()
 {
-    endFrameLoop();
-    m_pages.clear();
-    m_activePage = 0;
-    m_history.clear();
-    emitActiveFrame(StateChange_PageReplaced);
+    guarded(*this, [&] {
+        endFrameLoop();
+        m_pages.clear();
+        m_activePage = 0;
+        m_history.clear();
+        emitActiveFrame(StateChange_PageReplaced);
+        return true;
+    });
 }
 
 void Session::openPage(std::vector<std::shared_ptr<Frame>> frames)
@@ -162,16 +165,18 @@ bool Session::deleteFrame(UniqueId frame)
 
 bool Session::activateFrame(UniqueId frame)
 {
-    std::shared_ptr<Page> const page = pageOf(frame);
-    if (!page) {
-        return refuse(noFrame);
-    }
-    if (page->id != m_activePage || page->activeFrame != frame) {
-        m_activePage = page->id;
-        page->activeFrame = frame;
-        m_events.emitEvent(frameEvent(StateChange_NewActiveFrame, frame));
-    }
-    return true;
+    return guarded(*this, [&] {
+        std::shared_ptr<Page> const page = pageOf(frame);
+        if (!page) {
+            return refuse(noFrame);
+        }
+        if (page->id != m_activePage || page->activeFrame != frame) {
+            m_activePage = page->id;
+            page->activeFrame = frame;
+            m_events.emitEvent(frameEvent(StateChange_NewActiveFrame, frame));
+        }
+        return true;
+    });
 }
 
 void Session::tileFrames()
@@ -226,7 +231,7 @@ bool Session::setFrameDataSet(UniqueId frame, std::shared_ptr<DataSet> dataSet)
 
 bool Session::startFrameLoop()
 {
-    return guarded(*this, [&] {
+    return withoutThrowing(*this, [&] {
         std::shared_ptr<Page> const page = activePage();
         endFrameLoop();
         if (!page || page->frames.empty()) {

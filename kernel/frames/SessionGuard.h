@@ -7,10 +7,10 @@
 
 namespace veldraw::kernel {
 
-/// Runs an operation that either does its work or throws before it has changed anything. Nothing leaves it: what is
+/// Runs something that either does its work or throws before it has changed anything. Nothing leaves it: what is
 /// thrown becomes false, with the reason in the session.
 template <typename Operation>
-bool guarded(Session& session, Operation const& operation) noexcept
+bool withoutThrowing(Session& session, Operation const& operation) noexcept
 {
     try {
         return operation();
@@ -21,6 +21,13 @@ bool guarded(Session& session, Operation const& operation) noexcept
     } catch (...) {
         return session.refuse("The operation failed.");
     }
+}
+
+/// The same for what changes something: it is refused while another operation computes.
+template <typename Operation>
+bool guarded(Session& session, Operation const& operation) noexcept
+{
+    return session.isBusy() ? session.refuse("Another operation is running.") : withoutThrowing(session, operation);
 }
 
 } // namespace veldraw::kernel

@@ -1,0 +1,61 @@
+// Long work on behalf of the session.
+#include "kernel/compute/BackgroundWork.h"
+#include "kernel/frames/Session.h"
+#include "kernel/style/StyleTree.h"
+
+#include <stdexcept>
+
+namespace veldraw::kernel {
+
+/// Makes the session busy with a computation for a scope.
+class Session::Computation
+{
+public:
+    Computation(Session& session, Progress& progress)
+        : m_session(session)
+    {
+        m_session.m_isBusy = true;
+        m_session.m_isInterrupted = false;
+        setProgress(&progress);
+    }
+
+    ~Computation()
+    {
+        setProgress(nullptr);
+        m_session.m_isBusy = false;
+    }
+
+    Computation(Computation const&) = delete;
+    Computation& operator=(Computation const&) = delete;
+
+private:
+    void setProgress(Progress* progress)
+    {
+        std::lock_guard<std::mutex> const lock(m_session.m_progressMutex);
+        m_session.m_progress = progress;
+    }
+
+    Session& m_session;
+};
+
+void Session::setInterrupted(bool interrupted)
+{
+    std::lock_guard<std::mutex> const lock(m_progressMutex);
+    m_isInterrupted = interrupted;
+    if (interrupted && m_progress != nullptr) {
+        m_progress->interrupt();
+    }
+}
+
+void Session::runOperation(std::string const& name, std::function<void(Progress&)> const& work)
+{
+    if (m_isBusy) {
+        throw std::logic_error("Another operation is running.");
+    }
+    StyleTree::Operation const unchanged(*m_style); // ends last: the writes that came meanwhile are operations as well
+    Progress progress;
+    Computation const computation(*this, progress);
+    runInBackground(m_waiter, name, progress, work);
+}
+
+} // namespace veldraw::kernel

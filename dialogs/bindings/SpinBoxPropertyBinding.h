@@ -16,7 +16,7 @@ using propertymanager::SpinBoxIncDecCalculatorBase;
 
 /// Ties a spin box to a number: what the three spin box bindings have in common.
 ///
-/// What the box shows is never read back. The property is set when the user has typed another text and finishes by
+/// What the box shows is never read back. The property is set when the user has typed another number and finishes by
 /// Return, Tab or by going elsewhere, and by steps. A box that rounds or that has a smaller range than the property
 /// changes nothing. Nor does a change of the property take unfinished text away: the box follows once it is finished.
 ///
@@ -58,6 +58,7 @@ private:
     using Number = decltype(std::declval<Box&>().value());
 
     void listenToBox();
+    void textEdited();
     void boxEdited();
     void step(int count, bool isUp);
     bool commitTypedText();
@@ -65,17 +66,18 @@ private:
     void showRefusal();
     void takeLimits();
     bool isBeingTyped() const;
-    bool isRetypedLimit() const;
+    bool isRetyped() const;
     void typingIsHandled();
 
     QPointer<Box> const m_box;
     boost::shared_ptr<PropertyAbstract<T>> const m_property;
     boost::shared_ptr<SpinBoxIncDecCalculatorBase> const m_calculator;
-    Number m_shown{};            // what the box held when it was written or read last
-    QString m_shownText;         // and its text
-    bool m_isTyped = false;      // the user has edited the text since then
-    bool m_isWriteDue = false;   // the property changed under the user's fingers
-    bool m_isCommitting = false; // a refusal's message box must not lead to another commit
+    Number m_shown{};             // what the box held when it was written or read last
+    QString m_shownText;          // and its text
+    bool m_isTyped = false;       // the user has edited the text since then
+    bool m_isNumberTyped = false; // and what they left there is one
+    bool m_isWriteDue = false;    // the property changed under the user's fingers
+    bool m_isCommitting = false;  // a refusal's message box must not lead to another commit
     bool m_wasRefused = false;
     QtSignalConnectionCollection m_qtConnections;
     SignalConnectionCollection m_connections;

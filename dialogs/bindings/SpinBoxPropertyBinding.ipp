@@ -43,7 +43,7 @@ void SpinBoxPropertyBinding<T, Box>::listenToBox()
         QObject::connect(m_box.data(), QOverload<Number>::of(&Box::valueChanged), this, [this] { boxEdited(); }));
     m_qtConnections.add(QObject::connect(m_box.data(), &Box::editingFinished, this, [this] { boxEdited(); }));
     m_qtConnections.add(QObject::connect(m_box->template findChild<QLineEdit*>(), &QLineEdit::textEdited, this,
-                                         [this] { m_isTyped = true; }));
+                                         [this] { textEdited(); }));
     m_connections.add(m_box->connectIncrement([this](int count) { step(count, true); }));
     m_connections.add(m_box->connectDecrement([this](int count) { step(count, false); }));
 }
@@ -77,13 +77,23 @@ void SpinBoxPropertyBinding<T, Box>::signalArrowsUsedConnected() const
 }
 
 template <typename T, typename Box>
+void SpinBoxPropertyBinding<T, Box>::textEdited()
+{
+    m_isTyped = true;
+    m_isNumberTyped = m_box->hasAcceptableInput();
+}
+
+template <typename T, typename Box>
 void SpinBoxPropertyBinding<T, Box>::boxEdited()
 {
     if (!m_box || m_isCommitting)
         return;
-    if (m_box->value() != m_shown || isRetypedLimit())
+    if (m_box->value() != m_shown || isRetyped()) {
         commit(m_box->value());
-    else if (m_isWriteDue)
+        return;
+    }
+    m_isTyped = false;
+    if (m_isWriteDue)
         this->updateValueOnIdle();
 }
 
@@ -159,15 +169,12 @@ bool SpinBoxPropertyBinding<T, Box>::isBeingTyped() const
     return m_isTyped && m_box->text() != m_shownText;
 }
 
-// A limit of the box that stands for a value beyond it doesn't change when the user types it, but is meant.
+// A number that the box shows already doesn't change it, but is meant: a limit that stands for a value beyond it, or what
+// the property had before it moved on. A text that is none is dropped by the box and means nothing.
 template <typename T, typename Box>
-bool SpinBoxPropertyBinding<T, Box>::isRetypedLimit() const
+bool SpinBoxPropertyBinding<T, Box>::isRetyped() const
 {
-    if constexpr (std::is_integral_v<T>) {
-        return m_isTyped && m_box->value() != m_property->value();
-    } else {
-        return false;
-    }
+    return m_isTyped && m_isNumberTyped && m_box->value() != m_property->value();
 }
 
 template <typename T, typename Box>

@@ -3,6 +3,7 @@
 #include "dialogs/property/BoundedValueValidator.h"
 #include "dialogs/property/Property.h"
 #include "dialogs/property/PropertyTypeAdapter.h"
+#include "platform/vdsdkcommon/AppLock.h"
 #include "tests/dialogs/spinboxes/SpinBoxWindow.h"
 
 #include <boost/make_shared.hpp>
@@ -160,6 +161,64 @@ TYPED_TEST(IntegralSpinBoxBinding, TakesALimitThatIsTypedForAValueBeyondIt)
     this->driver->type("50");
     this->clickElsewhere();
     EXPECT_THAT(this->take(), ElementsAre(50));
+}
+
+TYPED_TEST(IntegralSpinBoxBinding, LeavesAValueBeyondItsRangeAloneWhenTheTextIsNoNumber)
+{
+    this->box->setRange(1, 50);
+    this->bind();
+    this->property->setValue(0);
+    this->take();
+    this->idle();
+    this->driver->type("");
+    this->driver->press(Qt::Key_Return);
+    EXPECT_EQ(this->settled(), "1");
+    this->driver->type("");
+    this->clickElsewhere();
+    EXPECT_EQ(this->property->value(), 0);
+    EXPECT_THAT(this->take(), IsEmpty());
+}
+
+TYPED_TEST(IntegralSpinBoxBinding, FollowsThePropertyOnceUnfinishedTextIsDropped)
+{
+    this->bind();
+    for (Qt::Key const end : {Qt::Key_Return, Qt::Key_Tab}) {
+        this->property->setValue(5);
+        this->idle();
+        this->driver->type("");
+        this->property->setValue(9);
+        EXPECT_EQ(this->settled(), "") << "the user is at it";
+        this->driver->press(end);
+        EXPECT_EQ(this->settled(), "9");
+        EXPECT_EQ(this->property->value(), 9);
+    }
+}
+
+TYPED_TEST(IntegralSpinBoxBinding, LetsTheOldNumberBeTypedAgainAfterThePropertyMovedOn)
+{
+    this->bind();
+    {
+        sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
+        this->property->setValue(7);
+        this->driver->type("5");
+        this->driver->press(Qt::Key_Return);
+    }
+    EXPECT_EQ(this->property->value(), 5);
+    EXPECT_EQ(this->settled(), "5");
+}
+
+TYPED_TEST(IntegralSpinBoxBinding, DoesNotPutAnOldValueBackOnReturn)
+{
+    this->bind();
+    this->driver->type("5");
+    this->driver->press(Qt::Key_Return);
+    {
+        sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
+        this->property->setValue(7);
+        this->driver->press(Qt::Key_Return);
+    }
+    EXPECT_EQ(this->property->value(), 7);
+    EXPECT_EQ(this->settled(), "7");
 }
 
 TYPED_TEST(IntegralSpinBoxBinding, RestoresTheValueForATextOutsideItsRange)

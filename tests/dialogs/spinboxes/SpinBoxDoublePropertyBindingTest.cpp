@@ -9,6 +9,7 @@
 #include "host/MessagePresenter.h"
 #include "platform/exception/InvalidArgumentException.h"
 #include "platform/exception/InvalidPropertyValueException.h"
+#include "platform/vdsdkcommon/AppLock.h"
 #include "tests/dialogs/spinboxes/SpinBoxWindow.h"
 
 #include <QApplication>
@@ -200,6 +201,47 @@ TEST_F(SpinBoxDoublePropertyBindingTest, FollowsThePropertyOnceUnfinishedTextIsD
         EXPECT_EQ(settled(), "9");
         EXPECT_EQ(property->value(), 9.0);
     }
+}
+
+TEST_F(SpinBoxDoublePropertyBindingTest, LetsTheOldNumberBeTypedAgainAfterThePropertyMovedOn)
+{
+    bind();
+    {
+        sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
+        property->setValue(7.0);
+        driver->type("2.5");
+        driver->press(Qt::Key_Return);
+    }
+    EXPECT_EQ(property->value(), 2.5);
+    EXPECT_EQ(settled(), "2.5");
+}
+
+TEST_F(SpinBoxDoublePropertyBindingTest, DoesNotPutAnOldValueBackOnReturn)
+{
+    bind();
+    driver->type("2.5");
+    driver->press(Qt::Key_Return);
+    {
+        sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
+        property->setValue(7.0);
+        driver->press(Qt::Key_Return);
+    }
+    EXPECT_EQ(property->value(), 7.0);
+    EXPECT_EQ(settled(), "7");
+}
+
+TEST_F(SpinBoxDoublePropertyBindingTest, TakesTheLargestNumberTypedForOneThatIsNotFinite)
+{
+    bind();
+    property->setValue(infinity);
+    idle();
+    driver->type("");
+    driver->press(Qt::Key_Return);
+    EXPECT_EQ(property->value(), infinity);
+    driver->type("1.7976931348623157e308");
+    driver->press(Qt::Key_Return);
+    EXPECT_EQ(property->value(), DBL_MAX);
+    EXPECT_EQ(settled(), "1.797693e+308");
 }
 
 TEST_F(SpinBoxDoublePropertyBindingTest, TurnsKeyboardTrackingOffWhateverTheFormSays)

@@ -9,6 +9,7 @@
 #include "platform/vdsdkuicommon/IdleDispatcher.h"
 #include "tests/dialogs/choices/ComboBoxFixture.h"
 #include "tests/dialogs/choices/Wheel.h"
+#include "tests/dialogs/support/RecordedMessages.h"
 
 #include <QLineEdit>
 #include <QListView>
@@ -323,6 +324,25 @@ TEST_F(ComboBoxPropertyBindingTest, TakesTheTextOfAnEditableBoxWhenItsFieldCommi
     IdleDispatcher::flush();
     EXPECT_EQ(comboBox->currentText(), QStringLiteral("42"));
     EXPECT_EQ(comboBox->count(), 5);
+}
+
+TEST_F(ComboBoxPropertyBindingTest, ReadsNoEnumerationFromTheTextOfAnEditableBox)
+{
+    comboBox->setEditable(true);
+    auto const drift = boost::make_shared<Property<Drift_e>>(Drift_Linear);
+    auto const drifts = boost::make_shared<models::PremappedListModel<Drift_e>>(models::driftLabels);
+    ComboBoxPropertyBinding<Drift_e> const bound(comboBox.get(), drifts, drift,
+                                                 BindingInterface::ModelUpdateUndeferred);
+    driver = std::make_unique<ComboBoxDriver>(*comboBox);
+    driver->show();
+    tests::RecordedMessages messages;
+    comboBox->lineEdit()->selectAll();
+    QTest::keyClicks(comboBox->lineEdit(), QStringLiteral("2"));
+    QTest::keyClick(comboBox->lineEdit(), Qt::Key_Return);
+    IdleDispatcher::flush();
+    EXPECT_EQ(drift->value(), Drift_Linear);
+    EXPECT_EQ(comboBox->currentText(), QStringLiteral("2"));
+    EXPECT_TRUE(messages.take().empty());
 }
 
 // ---- lifetime -----------------------------------------------------------------------------------------------------

@@ -22,12 +22,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
+#include <vector>
 
 namespace veldraw::test {
 namespace {
 
 using namespace sdk::ui::dialogs::propertybindings;
 using sdk::ui::common::IdleDispatcher;
+using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -135,6 +137,7 @@ TEST_P(RefusedText, IsSilentlyReplacedWhenTheRefusalHasNoText)
     GetParam().run(window);
     EXPECT_THAT(window.messages.take(), IsEmpty());
     EXPECT_EQ(silent->value(), 0.0);
+    EXPECT_EQ(window.shown(), "0");
     EXPECT_TRUE(window.field->hasFocus());
 }
 
@@ -156,6 +159,7 @@ TEST_P(RefusedText, IsToldOnceInARealMessageBox)
     int boxes = 0;
     auto const previous = host::MessagePresenter::install([this, &boxes](std::string const& text, MessageBoxType_e) {
         ++boxes;
+        EXPECT_EQ(window.shown(), "0.51") << "what is refused stays in view while its reason is read";
         QMessageBox box(&window.dialog);
         box.setText(QString::fromStdString(text));
         QTimer::singleShot(0, &box, [this, &box] {
@@ -257,6 +261,56 @@ TEST_F(FieldOfTheForm, RefusesALeadingBlankWithoutAWordIfItsValidatorLetsItPass)
     EXPECT_EQ(property->value(), 0.4);
     EXPECT_EQ(window.shown(), "0.4");
     EXPECT_THAT(window.messages.take(), IsEmpty());
+}
+
+/// Lets every text pass and notes how deep the application was locked then.
+class NotingValidator : public QValidator
+{
+public:
+    using QValidator::QValidator;
+    State validate(QString&, int&) const override
+    {
+        depths.push_back(sdk::AppLock::depth());
+        return Acceptable;
+    }
+    mutable std::vector<int> depths;
+};
+
+TEST_F(FieldOfTheForm, IsCheckedToldOfAndWrittenUnderTheLock)
+{
+    auto* const validator = new NotingValidator(window.field);
+    window.field->setValidator(validator);
+    window.field->setText(QStringLiteral("0.6"));
+    window.field->setFocus();
+    validator->depths.clear();
+    std::vector<int> told;
+    std::vector<int> written;
+    QObject const listening;
+    QObject::connect(window.field, &QLineEdit::textChanged, &listening,
+                     [&written] { written.push_back(sdk::AppLock::depth()); });
+    auto const previous =
+        host::MessagePresenter::install([&told](auto const&...) { told.push_back(sdk::AppLock::depth()); });
+    window.press(Qt::Key_Return);
+    host::MessagePresenter::install(previous);
+    EXPECT_FALSE(validator->depths.empty());
+    EXPECT_THAT(validator->depths, Each(1));
+    EXPECT_THAT(told, ElementsAre(1));
+    EXPECT_THAT(written, ElementsAre(1));
+    EXPECT_EQ(sdk::AppLock::depth(), 0);
+}
+
+TEST_F(FieldOfTheForm, ComesToTheFrontWithItsWindowWhenItIsRefused)
+{
+    QWidget other;
+    other.show();
+    for (char const* const text : {"0.6", "-"}) {
+        other.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+        put(text);
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window.dialog)) << text;
+        EXPECT_TRUE(window.field->hasFocus()) << text;
+    }
+    EXPECT_EQ(window.messages.take().size(), 1u);
 }
 
 TEST_F(FieldOfTheForm, TellsOnReturnThatAValueIsNoLongerValid)

@@ -50,7 +50,6 @@ private:
 
     std::unique_ptr<QTextFieldObservable> m_textFieldObservable; // null: no line edit
     QPointer<QLineEdit> const m_lineEdit;
-    boost::shared_ptr<PropertyAbstract<T>> const m_keptProperty; // empty: somebody else's
     QString m_shownText;
     std::optional<T> m_shownValue; // none: nothing was shown yet
 };

@@ -13,15 +13,15 @@
 #include <QValidator>
 
 #include <type_traits>
+#include <utility>
 
 namespace veldraw::sdk::ui::dialogs::propertybindings {
 
 template <typename T>
 LineEditPropertyBindingAbstract<T>::LineEditPropertyBindingAbstract(QLineEdit* lineEdit,
                                                                     boost::shared_ptr<PropertyAbstract<T>> property)
-    : UIPropertyBindingAbstract<T>(property, BindingInterface::UpdateOnIdle)
+    : UIPropertyBindingAbstract<T>(std::move(property), BindingInterface::UpdateOnIdle)
     , m_lineEdit(lineEdit)
-    , m_keptProperty(property)
 {
     setUp();
 }
@@ -68,9 +68,8 @@ bool LineEditPropertyBindingAbstract<T>::applyText()
         return refuse();
     // Listeners of the property, and whatever happens while a message is read, may end this binding.
     QPointer<QObject> const self = m_textFieldObservable.get();
-    boost::shared_ptr<PropertyAbstract<T>> const keptProperty = m_keptProperty;
     try {
-        this->property().setValue(enteredValue());
+        this->setPropertyValue(enteredValue());
         if (self)
             this->updateWidgetValue();
         return true;

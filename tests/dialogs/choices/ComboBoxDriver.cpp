@@ -2,6 +2,7 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QSignalBlocker>
 #include <QTest>
 #include <QWindow>
 
@@ -51,6 +52,15 @@ void ComboBoxDriver::pick(int row)
 {
     open();
     clickRow(row);
+}
+
+void ComboBoxDriver::announce(int row)
+{
+    {
+        QSignalBlocker const silence(m_comboBox);
+        m_comboBox.setCurrentIndex(row);
+    }
+    Q_EMIT m_comboBox.currentIndexChanged(row);
 }
 
 std::string ComboBoxDriver::look() const

@@ -20,6 +20,9 @@ public:
     void clickRow(int row);
     /// Opens the list and clicks a row.
     void pick(int row);
+    /// Makes a row the current one and tells it by the box's own signal. For what throws: Qt's widgets lose the memory that
+    /// they hold when an exception passes them, and here none is on the way.
+    void announce(int row);
 
     /// "1 [2] 3": the texts of all rows, the current one in brackets.
     std::string look() const;

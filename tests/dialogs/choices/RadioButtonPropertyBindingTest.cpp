@@ -9,6 +9,7 @@
 #include "tests/dialogs/support/RecordedMessages.h"
 
 #include <QRadioButton>
+#include <QSignalBlocker>
 #include <QSignalSpy>
 #include <QTest>
 #include <QVBoxLayout>
@@ -77,6 +78,17 @@ protected:
     void click(std::size_t i)
     {
         QTest::mouseClick(buttons[i], Qt::LeftButton, Qt::NoModifier, QPoint(8, buttons[i]->height() / 2));
+    }
+
+    /// Checks a button and tells it by the button's own signal. For what throws: Qt's widgets lose the memory that they hold
+    /// when an exception passes them, and here none is on the way.
+    void announce(std::size_t i)
+    {
+        {
+            QSignalBlocker const silence(buttons[i]);
+            buttons[i]->setChecked(true);
+        }
+        Q_EMIT buttons[i]->toggled(true);
     }
 
     /// The buttons that are on: "X", or "" or "XY" where that is possible.
@@ -234,7 +246,7 @@ TEST_F(RadioButtonPropertyBindingTest, LetsOtherExceptionsThrough)
 {
     bind();
     property->refusal = [](char) { throw std::runtime_error("broken"); };
-    EXPECT_THROW(click(1), std::runtime_error);
+    EXPECT_THROW(announce(1), std::runtime_error);
     property->refusal = nullptr;
     click(2);
     EXPECT_EQ(property->value(), 'Z');

@@ -122,7 +122,8 @@ TEST_F(QComboBoxObservableTest, LetsWhatAListenerThrowsThroughAndGoesOnNextTime)
         throw std::runtime_error("no");
     };
     told.clear();
-    EXPECT_THROW(comboBox->setCurrentIndex(1), std::runtime_error);
+    // By its signal alone: Qt's widgets lose the memory that they hold when an exception passes them.
+    EXPECT_THROW(Q_EMIT comboBox->currentIndexChanged(1), std::runtime_error);
     comboBox->setCurrentIndex(2);
     EXPECT_EQ(told, "a1 a2 b2 ");
 }

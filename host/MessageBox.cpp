@@ -1,6 +1,6 @@
 #include "host/MessageBox.h"
 
-#include "platform/vdsdkcommon/WaitState.h"
+#include "host/ArrowCursor.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -29,28 +29,6 @@ QWidget* windowBelow()
         return modal;
     return QApplication::activeWindow();
 }
-
-// The user is asked to act now, whatever goes on behind the box.
-class ArrowCursor
-{
-public:
-    ArrowCursor()
-        : m_pushed(sdk::WaitState::depth() > 0)
-    {
-        if (m_pushed)
-            QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
-    }
-    ~ArrowCursor()
-    {
-        if (m_pushed)
-            QGuiApplication::restoreOverrideCursor();
-    }
-    ArrowCursor(ArrowCursor const&) = delete;
-    ArrowCursor& operator=(ArrowCursor const&) = delete;
-
-private:
-    bool m_pushed;
-};
 
 } // namespace
 

@@ -188,11 +188,19 @@ void MainWindow::makeDataMenu()
     menu->setObjectName(QStringLiteral("dataMenu"));
     for (DataOperation const& operation : dataOperations()) {
         QAction* const action = makeAction(operation.name, {}, QString::fromUtf8(operation.text),
-                                           [this, &operation] { operation.dialog(*this).launch(); });
+                                           [this, &operation] { openOperation(operation); });
         menu->addAction(action);
         m_appliers.push_back(std::make_unique<RelevanceApplier>(
             operation.relevance(), action, RelevanceApplier::EnableDisable, RelevanceApplier::UpdateOnIdle));
     }
+}
+
+void MainWindow::openOperation(DataOperation const& operation)
+{
+    if (sdk::AppLock::depth() > 0)
+        tell(QStringLiteral("Another operation is still running."));
+    else
+        operation.dialog(*this).launch();
 }
 
 void MainWindow::makeViewMenu()

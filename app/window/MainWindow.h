@@ -22,6 +22,7 @@ class DataPanel;
 class HelpViewer;
 class MessagePanel;
 class NumberChooser;
+struct DataOperation;
 
 /// The application's window: menus, tool bar, the page in the middle, docks with data, plot and messages, status bar.
 ///
@@ -55,6 +56,7 @@ private:
     void makeFrameMenu();
     void makePlotMenu();
     void makeDataMenu();
+    void openOperation(DataOperation const& operation);
     void makeViewMenu();
     void makeHelpMenu();
     void makeToolBar();

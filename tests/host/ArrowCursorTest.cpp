@@ -1,0 +1,30 @@
+#include "host/ArrowCursor.h"
+
+#include "platform/vdsdkcommon/WaitState.h"
+
+#include <QApplication>
+#include <QCursor>
+
+#include <gtest/gtest.h>
+
+namespace veldraw::host {
+
+TEST(ArrowCursor, TakesThePlaceOfTheBusyCursorForItsScope)
+{
+    sdk::WaitState const busy;
+    {
+        ArrowCursor const arrow;
+        ASSERT_NE(QApplication::overrideCursor(), nullptr);
+        EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::ArrowCursor);
+    }
+    ASSERT_NE(QApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+}
+
+TEST(ArrowCursor, LeavesTheCursorsOfTheWidgetsAloneWhenNothingIsBusy)
+{
+    ArrowCursor const arrow;
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+} // namespace veldraw::host

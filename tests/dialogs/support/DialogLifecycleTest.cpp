@@ -262,9 +262,9 @@ TEST_P(DialogLifecycleTest, IsNotDrivenByReturn)
     EXPECT_TRUE(dialog().isVisible());
 }
 
-TEST_P(DialogLifecycleTest, HasUniqueMnemonicsAndNamesItsInputsToScreenReaders)
+TEST_P(DialogLifecycleTest, HasTheMnemonicsOfItsFormAndNamesItsInputsToScreenReaders)
 {
-    EXPECT_THAT(repeatedMnemonics(launched()), IsEmpty());
+    EXPECT_EQ(repeatedMnemonics(launched()), traits.repeatedMnemonics);
     EXPECT_THAT(inputsWithoutAccessibleName(dialog()), IsEmpty());
 }
 

@@ -8,6 +8,7 @@
 
 #include <ostream>
 #include <string>
+#include <vector>
 
 namespace veldraw::tests {
 
@@ -28,12 +29,13 @@ struct DialogTraits
 
     dialogs::common::QtDialogAbstract& (*instance)(QWidget& parent) = nullptr;
     boost::shared_ptr<sdk::ui::propertymanager::RelevanceInterface const> (*relevance)() = nullptr;
-    std::string list;                      ///< object name of the list
-    std::string action;                    ///< text of the button that does it
-    std::string refusal;                   ///< what the button says while nothing is chosen
-    std::string helpTopic;                 ///< the page that F1 opens
-    PlotType_e plotType = PlotType_Sketch; ///< of the frame; for dialogs that want a field plot
-    bool bindsActionBeforeList = true;     ///< which of the two bindings is made, and ends, first
+    std::string list;                           ///< object name of the list
+    std::string action;                         ///< text of the button that does it
+    std::string refusal;                        ///< what the button says while nothing is chosen
+    std::string helpTopic;                      ///< the page that F1 opens
+    PlotType_e plotType = PlotType_Sketch;      ///< of the frame; for dialogs that want a field plot
+    std::vector<std::string> repeatedMnemonics; ///< where the form's own texts share a letter
+    bool bindsActionBeforeList = true;          ///< which of the two bindings is made, and ends, first
 };
 
 inline void PrintTo(DialogTraits const& traits, std::ostream* stream)

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "app/plot/PartwiseMapper.h"
 #include "app/plot/PlotSpace.h"
 #include "kernel/data/DataSet.h"
 
 #include <vtkActor.h>
 #include <vtkLookupTable.h>
 #include <vtkNew.h>
-#include <vtkPolyDataMapper.h>
 #include <vtkSmartPointer.h>
 
 #include <array>
@@ -54,7 +54,7 @@ private:
 
     int m_zone;
     std::shared_ptr<kernel::Connectivity const> m_connectivity; // must outlive the mapper's adopted arrays
-    vtkNew<vtkPolyDataMapper> m_mapper;
+    vtkNew<PartwiseMapper> m_mapper;
     vtkNew<vtkActor> m_actor;
 };
 

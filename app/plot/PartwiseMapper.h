@@ -1,0 +1,39 @@
+#pragma once
+
+#include <vtkOpenGLPolyDataMapper.h>
+
+namespace veldraw::app {
+
+/// Draws a large surface in parts, each finished before the next begins.
+///
+/// A renderer without a graphics card sorts all triangles of a drawing call before it draws any, which takes several
+/// hundred bytes each. In parts it needs that memory for one of them only; the picture is the same.
+class PartwiseMapper : public vtkOpenGLPolyDataMapper
+{
+public:
+    vtkTypeMacro(PartwiseMapper, vtkOpenGLPolyDataMapper) static PartwiseMapper* New();
+
+    /// The most triangles in a part, 32768 unless set; a surface of no more is drawn at once. @p count must be above 0.
+    void setTrianglesInPart(int count) { m_trianglesInPart = count; }
+
+    /// Parts of the surface in the picture that was drawn last.
+    int partCount() const { return m_partCount; }
+
+    void RenderPieceDraw(vtkRenderer* renderer, vtkActor* actor) override;
+
+    PartwiseMapper(PartwiseMapper const&) = delete;
+    PartwiseMapper& operator=(PartwiseMapper const&) = delete;
+
+protected:
+    PartwiseMapper() = default;
+    ~PartwiseMapper() override = default;
+
+private:
+    bool drawsLargeSurfaceOnly(vtkRenderer& renderer, vtkActor& actor) const;
+    void drawPart(vtkRenderer& renderer, vtkActor& actor, int first, int count);
+
+    int m_trianglesInPart = 32768;
+    int m_partCount = 0;
+};
+
+} // namespace veldraw::app

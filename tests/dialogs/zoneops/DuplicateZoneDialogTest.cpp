@@ -2,15 +2,22 @@
 #include "tests/dialogs/zoneops/DuplicateZoneFixture.h"
 
 #include <QLabel>
+#include <QTranslator>
 #include <QVBoxLayout>
 
 #include <gmock/gmock.h>
+#include <set>
+#include <string>
 
 namespace veldraw::tests {
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
+using testing::EndsWith;
 using testing::IsEmpty;
+using testing::IsSupersetOf;
+using testing::Not;
 
 class DuplicateZoneDialogTest : public DuplicateZoneFixture
 {
@@ -38,7 +45,7 @@ TEST_F(DuplicateZoneDialogTest, LooksAsItsFormSays)
 
 TEST_F(DuplicateZoneDialogTest, CanBeWalkedByTabInReadingOrder)
 {
-    EXPECT_EQ(tabOrder(launched()).front(), "duplicateZone_Source_MList");
+    EXPECT_THAT(tabOrder(launched()), ElementsAre("duplicateZone_Source_MList", "[C&reate]", "[Close]", "[Help]"));
     EXPECT_EQ(dialog().focusWidget(), &list());
     EXPECT_EQ(list().accessibleName(), QStringLiteral("Source zone"));
 }
@@ -49,6 +56,15 @@ TEST_F(DuplicateZoneDialogTest, ListsTheEnabledZones)
     EXPECT_THAT(rows(), ElementsAre("1: Wing", "2: Body", "3: Tail"));
     sample.session().setZoneEnabled(sample.dataSet(), 2, false);
     EXPECT_THAT(rows(), ElementsAre("1: Wing", "3: Tail"));
+}
+
+TEST_F(DuplicateZoneDialogTest, ListsZonesOfEveryKind)
+{
+    sample.dataSet().zone(1)->type = ZoneType_FETriangle;
+    sample.dataSet().zone(2)->j = 1; // a line
+    sample.dataSet().zone(3)->i = sample.dataSet().zone(3)->j = 1;
+    launched();
+    EXPECT_THAT(rows(), ElementsAre("1: Wing", "2: Body", "3: Tail"));
 }
 
 TEST_F(DuplicateZoneDialogTest, LetsSeveralZonesBeSelected)
@@ -161,6 +177,33 @@ TEST_F(DuplicateZoneDialogTest, ForgetsASelectedCopyThatUndoTakesAway)
     messages.take();
     clickAction();
     EXPECT_THAT(messages.take(), ElementsAre("error: No zones are selected"));
+}
+
+/// Notes what is asked of a translation, as "context: text", and puts the text in brackets.
+class NotingTranslator : public QTranslator
+{
+public:
+    NotingTranslator() { QCoreApplication::installTranslator(this); }
+    ~NotingTranslator() override { QCoreApplication::removeTranslator(this); }
+
+    bool isEmpty() const override { return false; }
+    QString translate(char const* context, char const* text, char const*, int) const override
+    {
+        asked.insert(std::string(context) + ": " + text);
+        return QStringLiteral("<%1>").arg(QString::fromUtf8(text));
+    }
+
+    mutable std::set<std::string> asked;
+};
+
+TEST_F(DuplicateZoneDialogTest, TranslatesTheTextsOfItsFormOnly)
+{
+    NotingTranslator const translator;
+    EXPECT_EQ(dialog().windowTitle(), QStringLiteral("<Create Duplicate Zone>"));
+    EXPECT_THAT(translator.asked,
+                IsSupersetOf({"DuplicateZone: Create Duplicate Zone", "DuplicateZone: Source &zone"}));
+    EXPECT_EQ(actionButton().text(), QStringLiteral("C&reate"));
+    EXPECT_THAT(translator.asked, Not(Contains(EndsWith("C&reate"))));
 }
 
 /// What is held while a message is on the screen: lock, wait state.

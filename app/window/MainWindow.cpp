@@ -55,8 +55,10 @@ MainWindow::MainWindow(kernel::Session& session, CentralView view, ImportJob::Re
     , m_documents(std::make_unique<DocumentController>(session, *this, std::move(reader)))
     , m_undo(session, this)
     , m_frames(session, this)
+    , m_waiter(session, *this)
     , m_follower(session, [this] { refresh(); })
 {
+    m_session.setWaiter(&m_waiter);
     setObjectName(QStringLiteral("mainWindow"));
     setWindowIcon(applicationIcon());
     setAcceptDrops(true);
@@ -80,6 +82,7 @@ MainWindow::MainWindow(kernel::Session& session, CentralView view, ImportJob::Re
 
 MainWindow::~MainWindow()
 {
+    m_session.setWaiter(nullptr);
     m_session.history().setListener({});
     sdk::ui::common::HelpLauncher::install({});
     // What follows the session goes while the window still is one.

@@ -3,6 +3,7 @@
 #include "app/window/CentralView.h"
 #include "app/window/DocumentController.h"
 #include "app/window/FrameActions.h"
+#include "app/window/OperationWaiter.h"
 #include "app/window/SessionFollower.h"
 #include "app/window/UndoActions.h"
 
@@ -96,6 +97,7 @@ private:
     QAction* m_fitAll = nullptr;
     std::vector<std::unique_ptr<sdk::ui::dialogs::propertybindings::RelevanceApplier>> m_appliers;
     std::unique_ptr<HelpViewer> m_helpViewer;
+    OperationWaiter m_waiter;
     SessionFollower m_follower;
 };
 

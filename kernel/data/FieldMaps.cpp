@@ -1,17 +1,10 @@
 #include "kernel/data/FieldMaps.h"
 
+#include "kernel/data/StrandNumbers.h"
+
 #include <map>
 
 namespace veldraw::kernel {
-
-namespace {
-
-bool isStrand(int strand)
-{
-    return strand >= 0 && strand < staticStrand;
-}
-
-} // namespace
 
 std::vector<NumberSet> fieldMaps(DataSet const& dataSet)
 {
@@ -19,7 +12,7 @@ std::vector<NumberSet> fieldMaps(DataSet const& dataSet)
     std::map<int, std::size_t> mapOfStrand;
     for (int number = 1; number <= dataSet.zoneCount(); ++number) {
         int const strand = dataSet.zone(number)->strand;
-        bool const isStatic = !isStrand(strand);
+        bool const isStatic = !StrandNumbers::isStrand(strand);
         auto const known = isStatic ? mapOfStrand.end() : mapOfStrand.find(strand);
         if (known != mapOfStrand.end()) {
             maps[known->second].insert(number);

@@ -2,20 +2,6 @@
 
 namespace veldraw::kernel {
 
-/// The storage of removed fields that shared one group.
-struct VariableDeletion::Storage
-{
-    std::weak_ptr<ShareGroup> group;
-    std::shared_ptr<ShareGroup> reserve; // for when the group has gone; no field is on it while the variables are out
-    long removedFields = 0;
-
-    std::shared_ptr<ShareGroup> groupForFields() noexcept
-    {
-        std::shared_ptr<ShareGroup> living = group.lock();
-        return living ? living : reserve;
-    }
-};
-
 struct VariableDeletion::RemovedField
 {
     Field field; // passive, with type and location; the storage stands beside it
@@ -84,7 +70,7 @@ VariableDeletion::VariableDeletion(EventHub& hub, std::shared_ptr<DataSet> dataS
     for (auto const& zone : m_dataSet->zones()) {
         collectZone(zone);
     }
-    countFieldsOutside();
+    prepareStorages();
     m_deleted = {StateChange_VariablesDeleted, {}, variables, {}, 0};
     m_added = {StateChange_VariablesAdded, {}, variables, {}, 0};
 }
@@ -108,22 +94,17 @@ std::size_t VariableDeletion::storageOf(std::shared_ptr<ShareGroup> const& group
 {
     auto const [place, isNew] = m_storageNumbers.try_emplace(group.get(), m_storages.size());
     if (isNew) {
-        m_storages.push_back({group, nullptr, 0});
+        m_storages.emplace_back(group);
     }
-    ++m_storages[place->second].removedFields;
+    m_storages[place->second].addField();
     return place->second;
 }
 
-void VariableDeletion::countFieldsOutside()
+void VariableDeletion::prepareStorages()
 {
     m_storageNumbers.clear();
-    for (Storage& storage : m_storages) {
-        std::shared_ptr<ShareGroup> const group = storage.group.lock();
-        if (group.use_count() - 1 > storage.removedFields) {
-            storage.reserve = group->branch();
-            continue;
-        }
-        m_bytes += group->buffer()->bytes(); // nobody else will hold it
+    for (RetiredStorage& storage : m_storages) {
+        m_bytes += storage.prepare();
     }
 }
 
@@ -142,10 +123,8 @@ void VariableDeletion::revert() noexcept
         putFieldsBack(part);
     }
     putVariablesBack();
-    for (Storage& storage : m_storages) {
-        if (storage.group.lock() == storage.reserve) {
-            storage.reserve.reset(); // fields are on it again
-        }
+    for (RetiredStorage& storage : m_storages) {
+        storage.release();
     }
     m_hub.emitEvent(m_added);
 }
@@ -154,13 +133,8 @@ void VariableDeletion::takeFieldsOut(ZonePart& part) noexcept
 {
     splitList(part.zone->fields, m_positions, part.spare, [&](std::size_t which, Field& field) {
         RemovedField const& removed = part.removed[which];
-        if (removed.storage == noStorage) {
-            return;
-        }
-        Storage& storage = m_storages[removed.storage];
-        storage.group = field.group();
-        if (!storage.reserve) {
-            storage.reserve = field.group(); // only removed fields are on it
+        if (removed.storage != noStorage) {
+            m_storages[removed.storage].retire(field.group());
         }
     });
 }
@@ -172,10 +146,7 @@ void VariableDeletion::putFieldsBack(ZonePart& part) noexcept
         if (removed.storage == noStorage) {
             return removed.field;
         }
-        Storage& storage = m_storages[removed.storage];
-        std::shared_ptr<ShareGroup> group = storage.groupForFields();
-        storage.group = group;
-        return Field(std::move(group), removed.field.location());
+        return Field(m_storages[removed.storage].revive(), removed.field.location());
     });
 }
 

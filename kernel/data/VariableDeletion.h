@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kernel/data/DataSet.h"
+#include "kernel/data/RetiredStorage.h"
 #include "kernel/events/EventHub.h"
 #include "kernel/undo/Change.h"
 
@@ -10,9 +11,7 @@ namespace veldraw::kernel {
 
 /// Takes variables out of a data set, in all zones, and puts them back where they stood. No value is copied or looked at.
 ///
-/// While they are out, the change holds their storage. A group that fields outside still use is remembered without being
-/// held, so that share counts stay true; should it have gone by the time the variables come back, they get a group of
-/// their own over the buffer as it was, and still share it among themselves.
+/// While they are out, the change holds their storage.
 class VariableDeletion : public Change
 {
 public:
@@ -26,13 +25,12 @@ public:
     std::int64_t bytes() const noexcept override { return m_bytes; }
 
 private:
-    struct Storage;
     struct RemovedField;
     struct ZonePart;
 
     void collectZone(std::shared_ptr<Zone> const& zone);
     std::size_t storageOf(std::shared_ptr<ShareGroup> const& group);
-    void countFieldsOutside();
+    void prepareStorages();
     void takeFieldsOut(ZonePart& part) noexcept;
     void putFieldsBack(ZonePart& part) noexcept;
     void takeVariablesOut() noexcept;
@@ -43,7 +41,7 @@ private:
     std::vector<std::size_t> m_positions; // zero-based, ascending
     std::vector<std::shared_ptr<Variable>> m_removed;
     std::vector<std::shared_ptr<Variable>> m_spareVariables; // room for the other state of the list
-    std::vector<Storage> m_storages;
+    std::vector<RetiredStorage> m_storages;
     std::map<ShareGroup const*, std::size_t> m_storageNumbers; // while the change is being prepared
     std::vector<ZonePart> m_zones;
     std::int64_t m_bytes = 0;

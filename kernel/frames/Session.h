@@ -15,9 +15,13 @@
 
 namespace veldraw::kernel {
 
+class Change;
 class Progress;
 class StyleTree;
 class Waiter;
+struct AxialCopies;
+struct RotationAxis;
+struct SpatialVariables;
 
 /// The one kernel of the process: pages, their frames, the data sets in them, events and history.
 ///
@@ -120,6 +124,37 @@ public:
     /// its source is not.
     bool duplicateZones(DataSet& dataSet, NumberSet const& zones);
 
+    /// Turns zones in place about an axis, their vectors with them. "Axial Rotation"; event 0 with the zones and the
+    /// variables that got other values. Without an event and a step when no value changes, as after a full turn.
+    ///
+    /// The new values stand on storage of their own; what the given zones shared among themselves they go on sharing, and
+    /// zones that are not given keep what they have. All is computed in double and stored as float or double: whole
+    /// numbers become floating ones that hold them. A passive component counts as 0 and stays passive where it stays 0.
+    /// Points and vectors that are not finite stay as they are.
+    ///
+    /// Refused: a locked data set, an empty set of zones, zones or variables that do not exist, variables named twice, an
+    /// axis without direction or not finite, a plane turned out of itself, an angle that is not finite, a vector (or point)
+    /// whose components have their values at different places. So is the duplication.
+    bool rotateZones(DataSet& dataSet, NumberSet const& zones, SpatialVariables const& variables,
+                     RotationAxis const& axis, double degrees);
+
+    /// Appends copies of zones, turned about an axis: first a copy of each zone at offset + angle, then at offset + 2 angle
+    /// and so on. "Axial Duplication"; event 4 with the copies. The source itself stays where it is.
+    ///
+    /// A copy is as that of duplicateZones() with the turned values of rotateZones(); all that does not change is shared
+    /// with its source. Also refused: fewer than one copy, and more zones than can be counted.
+    bool duplicateZonesAxially(DataSet& dataSet, NumberSet const& zones, SpatialVariables const& variables,
+                               RotationAxis const& axis, AxialCopies const& copies);
+
+    /// Appends a mirrored copy of each zone of the frame's data set. "Create Mirror Zone"; event 4 with the copies.
+    ///
+    /// A copy is as that of duplicateZones(), but for the other sign of one coordinate and of the component of the frame's
+    /// vector along it, in all zones where these are not passive. Cells keep their corners in their order, so that they
+    /// are turned inside out: connectivity is shared, and its corners run the other way round.
+    /// @param coordinate 'X', 'Y' or 'Z' as the frame's axes have them. Refused when none is assigned, and when the component
+    ///        of the vector is another coordinate
+    bool mirrorZones(UniqueId frame, NumberSet const& zones, char coordinate);
+
     bool renameZone(DataSet& dataSet, int zone, std::string const& name);         ///< "Rename Zone"; event 18
     bool renameVariable(DataSet& dataSet, int variable, std::string const& name); ///< "Rename Variable"; event 17
     bool setZoneEnabled(DataSet& dataSet, int zone, bool enabled);         ///< "Enable Zone"/"Disable Zone"; event 6
@@ -202,6 +237,8 @@ private:
     void insertFrame(std::shared_ptr<Page> const& page, std::shared_ptr<Frame> frame, bool tile);
     void emitActiveFrame(StateChange_e before);
     void replaceLineMaps(char const* step, std::shared_ptr<Frame> const& frame, std::vector<LineMap> maps);
+    void performOperation(std::string const& name, std::function<void(Progress&)> const& work,
+                          std::function<std::shared_ptr<Change>()> const& makeChange);
     bool setLayer(UniqueId frame, bool Frame::*layer, bool on, char const* step, char const* group, char const* name);
 
     /// Gives @p target another value in one undoable step; nothing at all happens when it has the value already.

@@ -1,6 +1,6 @@
 // What is done to a data set.
 #include "kernel/data/VariableDeletion.h"
-#include "kernel/data/ZoneDuplication.h"
+#include "kernel/frames/RefusalReasons.h"
 #include "kernel/frames/SessionChange.h"
 #include "kernel/frames/SessionGuard.h"
 
@@ -10,10 +10,6 @@ namespace veldraw::kernel {
 
 namespace {
 
-constexpr char locked[] = "The data set is locked.";
-constexpr char notShown[] = "No frame shows the data set.";
-constexpr char noZone[] = "There is no such zone.";
-constexpr char noVariable[] = "There is no such variable.";
 constexpr char noName[] = "A name must not be empty.";
 
 /// Why these variables cannot be deleted, null when they can.
@@ -35,19 +31,6 @@ char const* reasonAgainstDeletion(DataSet const& dataSet, NumberSet const& varia
         return "The last variable of a data set cannot be deleted.";
     }
     return nullptr;
-}
-
-/// Why these zones cannot be duplicated, null when they can.
-char const* reasonAgainstDuplication(DataSet const& dataSet, NumberSet const& zones)
-{
-    if (!dataSet.lockHolder().empty()) {
-        return locked;
-    }
-    if (zones.empty()) {
-        return "No zones were given.";
-    }
-    bool const allExist = *zones.begin() >= 1 && *zones.rbegin() <= dataSet.zoneCount();
-    return allExist ? nullptr : noZone;
 }
 
 /// Exchanges the title; both ways are the same.
@@ -87,20 +70,6 @@ bool Session::deleteVariables(DataSet& dataSet, NumberSet const& variables)
             return refuse(reason);
         }
         perform(m_history, "Delete Variable", std::make_shared<VariableDeletion>(m_events, shown, variables));
-        return true;
-    });
-}
-
-bool Session::duplicateZones(DataSet& dataSet, NumberSet const& zones)
-{
-    return guarded(*this, [&] {
-        setInterrupted(false);
-        std::shared_ptr<DataSet> const shown = owned(dataSet);
-        char const* const reason = shown ? reasonAgainstDuplication(dataSet, zones) : notShown;
-        if (reason != nullptr) {
-            return refuse(reason);
-        }
-        perform(m_history, "Create Duplicate Zone", std::make_shared<ZoneDuplication>(m_events, shown, zones));
         return true;
     });
 }

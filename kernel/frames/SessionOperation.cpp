@@ -2,6 +2,7 @@
 #include "kernel/compute/BackgroundWork.h"
 #include "kernel/frames/Session.h"
 #include "kernel/style/StyleTree.h"
+#include "kernel/undo/Change.h"
 
 #include <stdexcept>
 
@@ -56,6 +57,16 @@ void Session::runOperation(std::string const& name, std::function<void(Progress&
     Progress progress;
     Computation const computation(*this, progress);
     runInBackground(m_waiter, name, progress, work);
+}
+
+void Session::performOperation(std::string const& name, std::function<void(Progress&)> const& work,
+                               std::function<std::shared_ptr<Change>()> const& makeChange)
+{
+    StyleTree::Operation const unchanged(*m_style);
+    runOperation(name, work);
+    if (std::shared_ptr<Change> const change = makeChange()) {
+        perform(m_history, name, change);
+    }
 }
 
 } // namespace veldraw::kernel

@@ -10,27 +10,30 @@
 extern "C" {
 #endif
 
-/// Appends a mirrored copy of each source zone of the active data set.
+/// Appends a mirrored copy of each source zone of the active data set. Connectivity is shared with the source, so the
+/// corners of a mirrored cell run the other way round.
 /// @param sourceZones one-based numbers, not empty; stays the caller's
 /// @param mirrorVar 'X', 'Y' or 'Z': the coordinate that is negated, and the vector component along it
-/// @return false when the zones, the letter or the frame's plot type do not allow it, or when it was interrupted
+/// @return false when a zone does not exist, the frame has no such axis, or the data set is locked, without memory, or when
+///         it was interrupted
 VELDRAW_PLATFORM_API bool VelUtilCreateMirrorZones(Set_s* sourceZones, char mirrorVar);
 
-/// Appends copies of zones, turned about an axis. Copy k of a zone stands at offset + k * angle.
+/// Appends copies of zones, turned about an axis. Copy k of a zone, from 1 on, stands at offset + k * angle.
 /// @param dataSetID unique identifier of the data set
 /// @param zones one-based numbers, not empty; stays the caller's
 /// @param xyz three one-based numbers of the coordinate variables; the third counts only if @p is3D
-/// @param is3D false: only X and Y are turned
+/// @param is3D false: only X and Y are turned, about an axis along Z
 /// @param uVar one-based number of the first vector component; ignored (may be null) unless @p hasVector
 /// @param vVar the second vector component, likewise
 /// @param wVar the third vector component, likewise, and only if @p is3D
 /// @param hasVector true: the vector is turned with the coordinates
 /// @param angle degrees from copy to copy, right-handed about the axis
-/// @param offset degrees from the source to copy 0
+/// @param offset degrees that are added to the angle of each copy
 /// @param copies number of copies of each zone, at least 1
 /// @param origin three coordinates of a point on the axis
 /// @param axis three components of the axis' direction, not all 0; any length
-/// @param addToStrands true: copies of zones in a time strand make up a new strand for each copy number
+/// @param addToStrands true: copies join the time strand of their source; false: they make up a new strand for each strand
+///        and copy number. Copies of static zones are static either way
 /// @return false when an argument does not fit the data set, without memory, or when it was interrupted
 VELDRAW_PLATFORM_API bool VelUtilDataAxialDuplicate(long long dataSetID, Set_s* zones, int const* xyz, bool is3D,
                                                     int const* uVar, int const* vVar, int const* wVar, bool hasVector,
@@ -41,7 +44,7 @@ VELDRAW_PLATFORM_API bool VelUtilDataAxialDuplicate(long long dataSetID, Set_s* 
 /// @param dataSetID unique identifier of the data set
 /// @param zones one-based numbers, not empty; stays the caller's
 /// @param xyz three one-based numbers of the coordinate variables; the third counts only if @p is3D
-/// @param is3D false: only X and Y are turned
+/// @param is3D false: only X and Y are turned, about an axis along Z
 /// @param uVar one-based number of the first vector component; ignored (may be null) unless @p hasVector
 /// @param vVar the second vector component, likewise
 /// @param wVar the third vector component, likewise, and only if @p is3D

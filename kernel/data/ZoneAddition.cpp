@@ -1,4 +1,4 @@
-#include "kernel/data/ZoneDuplication.h"
+#include "kernel/data/ZoneAddition.h"
 
 #include <algorithm>
 
@@ -28,36 +28,47 @@ void makeRoom(std::vector<Element>& list, std::size_t more)
 
 } // namespace
 
-ZoneDuplication::ZoneDuplication(EventHub& hub, std::shared_ptr<DataSet> dataSet, NumberSet const& sources)
+ZoneAddition::Copy::Copy(std::shared_ptr<Zone const> sourceZone, std::vector<NewField> ownFields)
+    : zone(copyWithoutFields(*sourceZone))
+    , source(std::move(sourceZone))
+    , fields(std::move(ownFields))
+{
+}
+
+ZoneAddition::ZoneAddition(EventHub& hub, std::shared_ptr<DataSet> dataSet, std::vector<Copy> copies)
     : m_hub(hub)
     , m_dataSet(std::move(dataSet))
+    , m_copies(std::move(copies))
 {
-    m_copies.reserve(sources.size());
     NumberSet numbers;
-    for (int const source : sources) {
-        std::shared_ptr<Zone const> const zone = m_dataSet->zone(source);
-        m_copies.push_back({copyWithoutFields(*zone), zone});
-        numbers.insert(numbers.end(), m_dataSet->zoneCount() + static_cast<int>(m_copies.size()));
+    for (std::size_t at = 1; at <= m_copies.size(); ++at) {
+        numbers.insert(numbers.end(), m_dataSet->zoneCount() + static_cast<int>(at));
     }
     makeRoom(m_dataSet->zones(), m_copies.size());
     m_added = {StateChange_ZonesAdded, numbers, {}, {}, 0};
     m_deleted = {StateChange_ZonesDeleted, std::move(numbers), {}, {}, 0};
 }
 
-void ZoneDuplication::apply() noexcept
+void ZoneAddition::apply() noexcept
 {
-    for (Copy const& copy : m_copies) {
+    for (Copy& copy : m_copies) {
         copy.zone->fields = copy.source->fields; // into the room that there is
+        for (NewField& own : copy.fields) {
+            copy.zone->fields[own.position] = std::move(own.field);
+        }
         m_dataSet->zones().push_back(copy.zone);
     }
     m_hub.emitEvent(m_added);
 }
 
-void ZoneDuplication::revert() noexcept
+void ZoneAddition::revert() noexcept
 {
     std::vector<std::shared_ptr<Zone>>& zones = m_dataSet->zones();
     zones.erase(zones.end() - static_cast<std::ptrdiff_t>(m_copies.size()), zones.end());
-    for (Copy const& copy : m_copies) {
+    for (Copy& copy : m_copies) {
+        for (NewField& own : copy.fields) {
+            own.field = std::move(copy.zone->fields[own.position]);
+        }
         copy.zone->fields.clear();
     }
     m_hub.emitEvent(m_deleted);

@@ -1,0 +1,81 @@
+#include "platform/vdsdkbase/VelUtilDataOperation.h"
+
+#include "kernel/api/ApiSupport.h"
+#include "kernel/compute/Rotation.h"
+#include "kernel/data/AxialCopies.h"
+#include "kernel/data/SpatialVariables.h"
+
+#include <optional>
+
+using namespace veldraw::kernel;
+using veldraw::kernel::api::session;
+
+namespace {
+
+constexpr char missing[] = "An argument is missing.";
+
+/// Three numbers behind a pointer.
+template <typename Number>
+std::array<Number, 3> triple(Number const* numbers)
+{
+    return {numbers[0], numbers[1], numbers[2]};
+}
+
+/// Nothing when a pointer is null that is needed.
+std::optional<SpatialVariables> spatialVariables(int const* xyz, bool is3D, int const* u, int const* v, int const* w,
+                                                 bool hasVector)
+{
+    bool const hasAll = xyz != nullptr && (!hasVector || (u != nullptr && v != nullptr && (w != nullptr || !is3D)));
+    if (!hasAll) {
+        return std::nullopt;
+    }
+    SpatialVariables variables;
+    variables.isThreeD = is3D;
+    variables.hasVector = hasVector;
+    variables.coordinates = {xyz[0], xyz[1], is3D ? xyz[2] : 0};
+    if (hasVector) {
+        variables.vector = {*u, *v, is3D ? *w : 0};
+    }
+    return variables;
+}
+
+} // namespace
+
+bool VelUtilCreateMirrorZones(Set_s* sourceZones, char mirrorVar)
+{
+    return api::answerOr(false, [&] {
+        std::shared_ptr<Frame> const frame = session().activeFrame();
+        if (sourceZones == nullptr || !frame) {
+            return session().refuse(sourceZones == nullptr ? missing : "There is no frame.");
+        }
+        return session().mirrorZones(frame->id, sourceZones->members, mirrorVar);
+    });
+}
+
+bool VelUtilDataAxialDuplicate(long long dataSetID, Set_s* zones, int const* xyz, bool is3D, int const* uVar,
+                               int const* vVar, int const* wVar, bool hasVector, double angle, double offset,
+                               int copies, double const* origin, double const* axis, bool addToStrands)
+{
+    return api::answerOr(false, [&] {
+        auto const variables = spatialVariables(xyz, is3D, uVar, vVar, wVar, hasVector);
+        std::shared_ptr<DataSet> const dataSet = session().dataSet(dataSetID);
+        if (zones == nullptr || !variables || origin == nullptr || axis == nullptr || !dataSet) {
+            return session().refuse(dataSet ? missing : "There is no such data set.");
+        }
+        return session().duplicateZonesAxially(*dataSet, zones->members, *variables, {triple(origin), triple(axis)},
+                                               {angle, offset, copies, addToStrands});
+    });
+}
+
+bool VelUtilDataRotate(long long dataSetID, Set_s* zones, int const* xyz, bool is3D, int const* uVar, int const* vVar,
+                       int const* wVar, bool hasVector, double angle, double const* origin, double const* axis)
+{
+    return api::answerOr(false, [&] {
+        auto const variables = spatialVariables(xyz, is3D, uVar, vVar, wVar, hasVector);
+        std::shared_ptr<DataSet> const dataSet = session().dataSet(dataSetID);
+        if (zones == nullptr || !variables || origin == nullptr || axis == nullptr || !dataSet) {
+            return session().refuse(dataSet ? missing : "There is no such data set.");
+        }
+        return session().rotateZones(*dataSet, zones->members, *variables, {triple(origin), triple(axis)}, angle);
+    });
+}

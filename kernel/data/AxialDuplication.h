@@ -1,0 +1,40 @@
+#pragma once
+
+#include "kernel/compute/Rotation.h"
+#include "kernel/data/AxialCopies.h"
+#include "kernel/data/FieldRotation.h"
+#include "kernel/data/StrandNumbers.h"
+#include "kernel/data/ZoneAddition.h"
+
+namespace veldraw::kernel {
+
+/// Makes the copies of zones that an axial duplication appends.
+class AxialDuplication
+{
+public:
+    /// @param zones that exist
+    AxialDuplication(DataSet const& dataSet, NumberSet const& zones, SpatialVariables const& variables,
+                     RotationAxis const& axis, AxialCopies const& copies);
+
+    /// Makes all copies with their values. May run on any thread as long as the data set stays as it is.
+    /// @throws Interrupted, std::bad_alloc, std::invalid_argument with a reason
+    void run(Progress& progress);
+
+    std::vector<ZoneAddition::Copy> takeCopies() { return std::move(m_copies); }
+
+private:
+    using Rotations = std::vector<std::unique_ptr<FieldRotation>>;
+
+    std::unique_ptr<FieldRotation> rotationOfCopy(int number) const;
+    void requireMemoryForAll() const;
+    void addCopies(FieldRotation& rotation);
+
+    std::vector<std::shared_ptr<Zone const>> m_sources;
+    SpatialVariables m_variables;
+    RotationAxis m_axis;
+    AxialCopies m_spread;
+    StrandNumbers m_strands;
+    std::vector<ZoneAddition::Copy> m_copies;
+};
+
+} // namespace veldraw::kernel

@@ -1,0 +1,73 @@
+#include "kernel/data/FieldReplacement.h"
+
+namespace veldraw::kernel {
+
+namespace {
+
+constexpr std::size_t noStorage = static_cast<std::size_t>(-1);
+
+} // namespace
+
+FieldReplacement::FieldReplacement(EventHub& hub, std::vector<ZonePart> parts, StateChangeEvent event)
+    : m_hub(hub)
+    , m_event(std::move(event))
+{
+    for (ZonePart const& part : parts) {
+        for (NewField const& replacement : part.fields) {
+            m_places.push_back({part.zone, replacement.position});
+            m_old.add(part.zone->fields[replacement.position], false);
+            m_new.add(replacement.field, true);
+        }
+    }
+    for (RetiredStorage& storage : m_old.storages) {
+        m_bytes += storage.prepare();
+    }
+    m_old.numbers.clear();
+    m_new.numbers.clear();
+}
+
+void FieldReplacement::Side::add(Field const& field, bool isNew)
+{
+    fields.emplace_back(field.type(), field.location());
+    if (field.isPassive()) {
+        storageNumbers.push_back(noStorage);
+        return;
+    }
+    auto const [place, isFirst] = numbers.try_emplace(field.group().get(), storages.size());
+    if (isFirst) {
+        storages.push_back(isNew ? RetiredStorage::ofNewGroup(field.group()) : RetiredStorage(field.group()));
+    }
+    storages[place->second].addField();
+    storageNumbers.push_back(place->second);
+}
+
+void FieldReplacement::apply() noexcept
+{
+    exchange(m_old, m_new);
+}
+
+void FieldReplacement::revert() noexcept
+{
+    exchange(m_new, m_old);
+}
+
+void FieldReplacement::exchange(Side& leaving, Side& entering) noexcept
+{
+    for (std::size_t at = 0; at < m_places.size(); ++at) {
+        Field& field = m_places[at].zone->fields[m_places[at].position];
+        std::size_t const leavingStorage = leaving.storageNumbers[at];
+        if (leavingStorage != noStorage) {
+            leaving.storages[leavingStorage].retire(field.group());
+        }
+        std::size_t const enteringStorage = entering.storageNumbers[at];
+        field = enteringStorage == noStorage
+                    ? entering.fields[at]
+                    : Field(entering.storages[enteringStorage].revive(), entering.fields[at].location());
+    }
+    for (RetiredStorage& storage : entering.storages) {
+        storage.release();
+    }
+    m_hub.emitEvent(m_event);
+}
+
+} // namespace veldraw::kernel

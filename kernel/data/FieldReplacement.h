@@ -1,0 +1,61 @@
+#pragma once
+
+#include "kernel/data/DataSet.h"
+#include "kernel/data/NewField.h"
+#include "kernel/data/RetiredStorage.h"
+#include "kernel/events/EventHub.h"
+#include "kernel/undo/Change.h"
+
+#include <map>
+
+namespace veldraw::kernel {
+
+/// Puts other fields in the place of fields of zones that stay, and the old ones back. No value is copied or looked at.
+/// The step holds the storage of whichever fields are out.
+class FieldReplacement : public Change
+{
+public:
+    struct ZonePart
+    {
+        std::shared_ptr<Zone> zone;
+        std::vector<NewField> fields;
+    };
+
+    /// @param parts the new fields, on groups that nothing but they are on
+    /// @param event sent after each way
+    /// @throws std::bad_alloc
+    FieldReplacement(EventHub& hub, std::vector<ZonePart> parts, StateChangeEvent event);
+
+    void apply() noexcept override;
+    void revert() noexcept override;
+    std::int64_t bytes() const noexcept override { return m_bytes; }
+
+private:
+    /// The fields that stand in the zones at one time, without their storage where they are out.
+    struct Side
+    {
+        std::vector<Field> fields; // passive, with type and location
+        std::vector<std::size_t> storageNumbers;
+        std::vector<RetiredStorage> storages;
+        std::map<ShareGroup const*, std::size_t> numbers; // while the step is being prepared
+
+        void add(Field const& field, bool isNew);
+    };
+
+    struct Place
+    {
+        std::shared_ptr<Zone> zone;
+        std::size_t position;
+    };
+
+    void exchange(Side& leaving, Side& entering) noexcept;
+
+    EventHub& m_hub;
+    std::vector<Place> m_places;
+    Side m_old;
+    Side m_new;
+    StateChangeEvent m_event;
+    std::int64_t m_bytes = 0;
+};
+
+} // namespace veldraw::kernel

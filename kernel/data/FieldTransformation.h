@@ -1,0 +1,37 @@
+#pragma once
+
+#include "kernel/compute/Progress.h"
+#include "kernel/data/NewField.h"
+#include "kernel/data/Zone.h"
+
+#include <vector>
+
+namespace veldraw::kernel {
+
+/// Computes fields of zones anew, into storage of their own. First every zone is prepared, then all is computed.
+///
+/// What zones share before, they share afterwards: it is computed once.
+class FieldTransformation
+{
+public:
+    FieldTransformation() = default;
+    virtual ~FieldTransformation() = default;
+
+    /// The fields of @p zone that change, on storage that has yet to be filled.
+    /// @throws std::invalid_argument with a reason when the zone cannot be transformed, std::bad_alloc
+    virtual std::vector<NewField> prepare(Zone const& zone) = 0;
+
+    /// Fills the storage of all that has been prepared. @throws Interrupted
+    virtual void compute(Progress& progress) const = 0;
+
+    /// Work that compute() counts up.
+    virtual std::int64_t work() const = 0;
+
+    /// Memory of all that has been prepared.
+    virtual std::int64_t bytes() const = 0;
+
+    FieldTransformation(FieldTransformation const&) = delete;
+    FieldTransformation& operator=(FieldTransformation const&) = delete;
+};
+
+} // namespace veldraw::kernel

@@ -1,0 +1,38 @@
+#include "kernel/data/MemoryDemand.h"
+
+#include <cstdio>
+#include <limits>
+#include <memory>
+#include <new>
+
+namespace veldraw::kernel {
+
+namespace {
+
+/// Memory that can be had without driving others out; infinite when the system does not tell.
+double availableMemory()
+{
+    std::unique_ptr<std::FILE, int (*)(std::FILE*)> const file(std::fopen("/proc/meminfo", "r"), &std::fclose);
+    double kibibytes = 0;
+    bool isKnown = false;
+    char line[128];
+    while (file && std::fgets(line, sizeof line, file.get()) != nullptr) {
+        double amount = 0;
+        if (std::sscanf(line, "MemAvailable: %lf", &amount) == 1 || std::sscanf(line, "SwapFree: %lf", &amount) == 1) {
+            kibibytes += amount;
+            isKnown = true;
+        }
+    }
+    return isKnown ? kibibytes * 1024 : std::numeric_limits<double>::infinity();
+}
+
+} // namespace
+
+void requireMemory(double bytes)
+{
+    if (bytes > availableMemory()) {
+        throw std::bad_alloc();
+    }
+}
+
+} // namespace veldraw::kernel

@@ -1,0 +1,205 @@
+// Zones that are copied, turned and mirrored.
+#include "kernel/data/AxialDuplication.h"
+#include "kernel/data/FieldReflection.h"
+#include "kernel/data/FieldReplacement.h"
+#include "kernel/data/FieldRotation.h"
+#include "kernel/data/MemoryDemand.h"
+#include "kernel/data/ZoneAddition.h"
+#include "kernel/frames/RefusalReasons.h"
+#include "kernel/frames/SessionGuard.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace veldraw::kernel {
+
+namespace {
+
+/// Why these variables cannot be turned, null when they can.
+char const* reasonAgainstVariables(DataSet const& dataSet, SpatialVariables const& variables)
+{
+    NumberSet numbers;
+    std::size_t count = 0;
+    for (std::size_t component = 0; component < variables.dimensions(); ++component) {
+        numbers.insert(variables.coordinates[component]);
+        ++count;
+        if (variables.hasVector) {
+            numbers.insert(variables.vector[component]);
+            ++count;
+        }
+    }
+    if (*numbers.begin() < 1 || *numbers.rbegin() > dataSet.variableCount()) {
+        return noVariable;
+    }
+    return numbers.size() == count ? nullptr : "The spatial and vector variables must be unique.";
+}
+
+/// Why zones cannot be turned like this, null when they can.
+char const* reasonAgainstRotation(DataSet const& dataSet, NumberSet const& zones, SpatialVariables const& variables,
+                                  RotationAxis const& axis)
+{
+    char const* reason = reasonAgainstZones(dataSet, zones);
+    if (reason == nullptr) {
+        reason = reasonAgainstVariables(dataSet, variables);
+    }
+    if (reason != nullptr) {
+        return reason;
+    }
+    if (!axis.isValid()) {
+        return "The axis needs an origin and a direction.";
+    }
+    bool const leavesPlane = axis.direction[0] != 0.0 || axis.direction[1] != 0.0;
+    return leavesPlane && !variables.isThreeD ? "A plane can only be turned about an axis along Z." : nullptr;
+}
+
+char const* reasonAgainstSpread(DataSet const& dataSet, NumberSet const& zones, AxialCopies const& copies)
+{
+    if (!std::isfinite(copies.angle) || !std::isfinite(copies.offset)) {
+        return "The angle must be a finite number.";
+    }
+    if (copies.count < 1) {
+        return "At least one copy must be made.";
+    }
+    std::int64_t const zoneCount = dataSet.zoneCount() + static_cast<std::int64_t>(zones.size()) * copies.count;
+    return zoneCount > std::numeric_limits<int>::max() ? "There would be too many zones." : nullptr;
+}
+
+/// Prepares the zones, then computes them. @throws what either throws
+std::vector<FieldReplacement::ZonePart> transform(DataSet const& dataSet, NumberSet const& zones,
+                                                  FieldTransformation& transformation, Progress& progress)
+{
+    std::vector<FieldReplacement::ZonePart> parts;
+    for (int const number : zones) {
+        std::shared_ptr<Zone> const zone = dataSet.zone(number);
+        parts.push_back({zone, transformation.prepare(*zone)});
+    }
+    requireMemory(static_cast<double>(transformation.bytes()));
+    progress.setTotal(transformation.work());
+    transformation.compute(progress);
+    return parts;
+}
+
+/// One-based numbers of the variables that have new fields.
+NumberSet variablesOf(std::vector<FieldReplacement::ZonePart> const& parts)
+{
+    NumberSet variables;
+    for (FieldReplacement::ZonePart const& part : parts) {
+        for (NewField const& field : part.fields) {
+            variables.insert(static_cast<int>(field.position) + 1);
+        }
+    }
+    return variables;
+}
+
+/// The variables that a mirror changes; empty, with a reason, when it cannot.
+NumberSet mirroredVariables(Frame const& frame, char coordinate, char const*& reason)
+{
+    bool const isAxis = coordinate >= 'X' && coordinate <= 'Z';
+    int const mirrored = isAxis ? frame.variableNumber(coordinate) : 0;
+    if (mirrored == 0) {
+        reason = "The frame has no such axis.";
+        return {};
+    }
+    int const component = frame.variableNumber(static_cast<char>('U' + (coordinate - 'X')));
+    std::array<int, 3> const axes = frame.axisVariables();
+    if (component != 0 && component != mirrored && std::count(axes.begin(), axes.end(), component) > 0) {
+        reason = "The spatial and vector variables must be unique.";
+        return {};
+    }
+    NumberSet variables{mirrored, component};
+    variables.erase(0);
+    return variables;
+}
+
+} // namespace
+
+bool Session::duplicateZones(DataSet& dataSet, NumberSet const& zones)
+{
+    return guarded(*this, [&] {
+        setInterrupted(false);
+        std::shared_ptr<DataSet> const shown = owned(dataSet);
+        char const* const reason = shown ? reasonAgainstZones(dataSet, zones) : notShown;
+        if (reason != nullptr) {
+            return refuse(reason);
+        }
+        std::vector<ZoneAddition::Copy> copies;
+        copies.reserve(zones.size());
+        for (int const zone : zones) {
+            copies.emplace_back(shown->zone(zone));
+        }
+        perform(m_history, "Create Duplicate Zone", std::make_shared<ZoneAddition>(m_events, shown, std::move(copies)));
+        return true;
+    });
+}
+
+bool Session::rotateZones(DataSet& dataSet, NumberSet const& zones, SpatialVariables const& variables,
+                          RotationAxis const& axis, double degrees)
+{
+    return guarded(*this, [&] {
+        std::shared_ptr<DataSet> const shown = owned(dataSet);
+        char const* const reason = shown ? reasonAgainstRotation(dataSet, zones, variables, axis) : notShown;
+        if (reason != nullptr || !std::isfinite(degrees)) {
+            return refuse(reason != nullptr ? reason : "The angle must be a finite number.");
+        }
+        std::vector<FieldReplacement::ZonePart> parts;
+        auto const work = [&](Progress& progress) {
+            FieldRotation rotation(variables, Rotation(axis, degrees));
+            parts = transform(*shown, zones, rotation, progress);
+        };
+        performOperation("Axial Rotation", work, [&]() -> std::shared_ptr<Change> {
+            NumberSet const changed = variablesOf(parts);
+            if (changed.empty()) {
+                return nullptr;
+            }
+            StateChangeEvent event{StateChange_ValuesAltered, zones, changed, {}, 0};
+            return std::make_shared<FieldReplacement>(m_events, std::move(parts), std::move(event));
+        });
+        return true;
+    });
+}
+
+bool Session::duplicateZonesAxially(DataSet& dataSet, NumberSet const& zones, SpatialVariables const& variables,
+                                    RotationAxis const& axis, AxialCopies const& copies)
+{
+    return guarded(*this, [&] {
+        std::shared_ptr<DataSet> const shown = owned(dataSet);
+        char const* reason = shown ? reasonAgainstRotation(dataSet, zones, variables, axis) : notShown;
+        if (reason == nullptr) {
+            reason = reasonAgainstSpread(dataSet, zones, copies);
+        }
+        if (reason != nullptr) {
+            return refuse(reason);
+        }
+        AxialDuplication duplication(dataSet, zones, variables, axis, copies);
+        auto const work = [&](Progress& progress) { duplication.run(progress); };
+        performOperation("Axial Duplication", work,
+                         [&] { return std::make_shared<ZoneAddition>(m_events, shown, duplication.takeCopies()); });
+        return true;
+    });
+}
+
+bool Session::mirrorZones(UniqueId frame, NumberSet const& zones, char coordinate)
+{
+    return guarded(*this, [&] {
+        std::shared_ptr<Frame> const found = this->frame(frame);
+        std::shared_ptr<DataSet> const shown = found ? found->dataSet : nullptr;
+        char const* reason = shown ? reasonAgainstZones(*shown, zones) : "There is no data set.";
+        NumberSet const variables = reason == nullptr ? mirroredVariables(*found, coordinate, reason) : NumberSet();
+        if (reason != nullptr) {
+            return refuse(reason);
+        }
+        std::vector<ZoneAddition::Copy> copies;
+        auto const work = [&](Progress& progress) {
+            FieldReflection reflection(variables);
+            for (FieldReplacement::ZonePart& part : transform(*shown, zones, reflection, progress)) {
+                copies.emplace_back(std::move(part.zone), std::move(part.fields));
+            }
+        };
+        performOperation("Create Mirror Zone", work,
+                         [&] { return std::make_shared<ZoneAddition>(m_events, shown, std::move(copies)); });
+        return true;
+    });
+}
+
+} // namespace veldraw::kernel

@@ -7,12 +7,24 @@
 
 namespace veldraw::sdk::ui::dialogs::propertybindings {
 
+namespace {
+
+// A name or a title that looks like markup is none.
+void showAsItIs(QLabel& label)
+{
+    if (label.textFormat() == Qt::AutoText)
+        label.setTextFormat(Qt::PlainText);
+}
+
+} // namespace
+
 LabelPropertyBinding::LabelPropertyBinding(QLabel* const label,
                                            boost::shared_ptr<PropertyAbstract<std::string> const> property,
                                            WidgetUpdateMode_e mode)
     : QObjectPropertyBinding<std::string>(property, mode)
     , m_label(label)
 {
+    showAsItIs(*label);
     LabelPropertyBinding::updateWidgetValue();
 }
 
@@ -29,6 +41,7 @@ LabelPropertyBinding::LabelPropertyBinding(QLabel* const label, UIStylePropertyA
     : QObjectPropertyBinding<std::string>(uiProperty, UpdateOnIdle)
     , m_label(label)
 {
+    showAsItIs(*label);
     LabelPropertyBinding::updateWidgetValue();
     LabelPropertyBinding::updateWidgetVisibility();
     LabelPropertyBinding::updateWidgetSensitivity();

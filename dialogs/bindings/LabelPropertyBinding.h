@@ -10,7 +10,7 @@ class QLabel;
 namespace veldraw::sdk::ui::dialogs::propertybindings {
 
 /// Shows a text in a label or on a button; nothing goes back to the property. The text is UTF-8 and is given to the widget
-/// as it is, mnemonics included.
+/// as it is, mnemonics included; what looks like markup is shown as it is too, unless the form wants rich text.
 class LabelPropertyBinding : public QObjectPropertyBinding<std::string>
 {
 public:

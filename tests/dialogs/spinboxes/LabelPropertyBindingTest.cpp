@@ -84,6 +84,28 @@ TEST(LabelPropertyBinding, ShowsAnyScript)
     EXPECT_EQ(label.text().toStdString(), text);
 }
 
+TEST(LabelPropertyBinding, ShowsWhatLooksLikeMarkupAsItIs)
+{
+    TestUIProperty<std::string> property("<b>Wing</b>");
+    QLabel first;
+    QLabel second;
+    LabelPropertyBinding const firstBinding(&first, boost::make_shared<TextProperty>("<b>Wing</b>"),
+                                            BindingInterface::UpdateOnIdle);
+    LabelPropertyBinding const secondBinding(&second, property);
+    int const whole = first.fontMetrics().horizontalAdvance(QStringLiteral("<b>Wing</b>"));
+    EXPECT_GE(first.sizeHint().width(), whole);
+    EXPECT_GE(second.sizeHint().width(), whole);
+}
+
+TEST(LabelPropertyBinding, LeavesRichTextToTheForm)
+{
+    QLabel label;
+    label.setTextFormat(Qt::RichText);
+    LabelPropertyBinding const binding(&label, boost::make_shared<TextProperty>("<b>i</b>"),
+                                       BindingInterface::UpdateOnIdle);
+    EXPECT_LT(label.sizeHint().width(), label.fontMetrics().horizontalAdvance(QStringLiteral("<b>i</b>")));
+}
+
 TEST(LabelPropertyBinding, KeepsMnemonicsWorking)
 {
     QWidget window;

@@ -8,6 +8,7 @@
 #include <QComboBox>
 #include <QListView>
 
+#include <locale>
 #include <sstream>
 #include <utility>
 
@@ -127,6 +128,7 @@ void ComboBoxPropertyBinding<T>::updateWidgetValue()
         m_comboBox->setCurrentIndex(index);
     } else if (m_comboBox->isEditable()) {
         std::ostringstream text;
+        text.imbue(std::locale::classic()); // as it is read
         text << value;
         m_comboBox->setEditText(QString::fromStdString(text.str()));
     } else if (m_comboModel->size() > 0) {

@@ -305,6 +305,34 @@ TEST_F(ComboBoxListChangeTest, StandsAListThatChangesWhenThePropertyIsMoved)
     EXPECT_EQ(property->stores, "8 20 21 ");
 }
 
+TEST_F(ComboBoxListChangeTest, HearsAChoiceThatIsMadeWhileItsValueMoves)
+{
+    bind();
+    boost::signals2::scoped_connection const follower = property->connectValueChanged([this](int value) {
+        if (value == 8)
+            comboBox->setCurrentIndex(2);
+    });
+    list->reset({{8, "8"}, {9, "9"}, {10, "10"}});
+    IdleDispatcher::flush();
+    EXPECT_EQ(property->stores, "8 10 ");
+    EXPECT_EQ(look(), "8 9 [10]");
+}
+
+TEST_F(ComboBoxListChangeTest, MayGoWhileItsValueMoves)
+{
+    bind();
+    boost::signals2::scoped_connection const closing = property->connectValueChanged([this](int) {
+        tester.reset();
+        binding.reset();
+    });
+    list->reset({{8, "8"}, {9, "9"}});
+    IdleDispatcher::flush();
+    EXPECT_EQ(property->stores, "8 ");
+    EXPECT_EQ(comboBox->count(), 0);
+    list->reset(ScriptedList::numbered(2));
+    EXPECT_EQ(property->stores, "8 ");
+}
+
 TEST_F(ComboBoxListChangeTest, StandsAListThatChangesWhenARowIsChosen)
 {
     bind();

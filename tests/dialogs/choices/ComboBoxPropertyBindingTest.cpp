@@ -19,7 +19,10 @@
 
 #include <boost/weak_ptr.hpp>
 
+#include <locale>
 #include <stdexcept>
+#include <string>
+#include <vector>
 
 namespace veldraw::test {
 namespace {
@@ -343,6 +346,87 @@ TEST_F(ComboBoxPropertyBindingTest, ReadsNoEnumerationFromTheTextOfAnEditableBox
     EXPECT_EQ(drift->value(), Drift_Linear);
     EXPECT_EQ(comboBox->currentText(), QStringLiteral("2"));
     EXPECT_TRUE(messages.take().empty());
+}
+
+/// An editable box whose text is finished without a choice of a row.
+class EditableComboBoxTest : public ComboBoxFixture
+{
+protected:
+    void SetUp() override
+    {
+        comboBox->setEditable(true);
+        property->setValue(77);
+        property->stores.clear();
+    }
+
+    void type(char const* text)
+    {
+        comboBox->setFocus();
+        comboBox->lineEdit()->selectAll();
+        QTest::keyClick(comboBox->lineEdit(), Qt::Key_Delete);
+        QTest::keyClicks(comboBox->lineEdit(), QString::fromUtf8(text));
+    }
+    void finish() { QTest::keyClick(comboBox->lineEdit(), Qt::Key_Return); }
+    std::string text() const { return comboBox->currentText().toStdString(); }
+
+    tests::RecordedMessages messages;
+};
+
+TEST_F(EditableComboBoxTest, SilentlyRestoresTheValueForATextThatIsNoNumber)
+{
+    bind();
+    for (char const* const nothing : {"", "-"}) {
+        type(nothing);
+        finish();
+        EXPECT_EQ(text(), "77") << nothing;
+        EXPECT_TRUE(comboBox->hasFocus());
+    }
+    EXPECT_EQ(property->stores, "");
+    EXPECT_TRUE(messages.take().empty());
+}
+
+TEST_F(EditableComboBoxTest, TellsWhyATextIsRefusedAndRestoresTheValue)
+{
+    bind();
+    property->refusal = [](int) { throw InvalidPropertyValueException("Not this one."); };
+    type("42");
+    finish();
+    EXPECT_EQ(messages.take(), std::vector<std::string>{"error: Not this one."});
+    EXPECT_EQ(text(), "77");
+    EXPECT_TRUE(comboBox->hasFocus());
+    EXPECT_EQ(property->value(), 77);
+}
+
+TEST_F(EditableComboBoxTest, KeepsATextThatNoEnumerationCanBeReadFrom)
+{
+    auto const points = boost::make_shared<models::PremappedListModel<PtSelection_e>>(models::ptSelectionLabels);
+    auto const selection = boost::make_shared<Property<PtSelection_e>>(PtSelection_Octant);
+    ComboBoxPropertyBinding<PtSelection_e> const bound(comboBox.get(), points, selection,
+                                                       BindingInterface::ModelUpdateUndeferred);
+    ComboBoxDriver(*comboBox).show();
+    type("2");
+    finish();
+    EXPECT_EQ(text(), "2");
+    EXPECT_EQ(selection->value(), PtSelection_Octant);
+    EXPECT_TRUE(messages.take().empty());
+}
+
+TEST_F(EditableComboBoxTest, WritesANumberAsItIsReadWhateverTheLocaleOfStreams)
+{
+    class Groups : public std::numpunct<char>
+    {
+        char do_thousands_sep() const override { return '.'; }
+        std::string do_grouping() const override { return "\3"; }
+    };
+    std::locale const before = std::locale::global(std::locale(std::locale::classic(), new Groups));
+    property->setValue(1234567);
+    property->stores.clear();
+    bind();
+    EXPECT_EQ(text(), "1234567");
+    finish();
+    std::locale::global(before);
+    EXPECT_EQ(text(), "1234567");
+    EXPECT_EQ(property->stores, "");
 }
 
 // ---- lifetime -----------------------------------------------------------------------------------------------------

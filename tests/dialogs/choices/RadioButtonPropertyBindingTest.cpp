@@ -2,6 +2,7 @@
 
 #include "dialogs/property/BoundedValueValidator.h"
 #include "dialogs/property/Property.h"
+#include "dialogs/zoneops/RotationAxisTemplates.h"
 #include "platform/exception/InvalidArgumentException.h"
 #include "platform/exception/InvalidPropertyValueException.h"
 #include "platform/vdsdkcommon/AppLock.h"
@@ -324,6 +325,24 @@ TEST_F(RadioButtonPropertyBindingTest, WritesNothingForAButtonThatIsTurnedOff)
     EXPECT_TRUE(flag->value());
     button.setChecked(false);
     EXPECT_TRUE(flag->value());
+}
+
+TEST_F(RadioButtonPropertyBindingTest, ServesTheAxisOfARotation)
+{
+    using Axis = dialogs::data::AxialRotationPropertiesManager;
+    auto const axis = boost::make_shared<Property<Axis::RotationAxis>>(Axis::zRotationAxis);
+    Axis::RotationAxis const axes[] = {Axis::xRotationAxis, Axis::yRotationAxis, Axis::zRotationAxis};
+    std::array<std::unique_ptr<RadioButtonPropertyBinding<Axis::RotationAxis>>, 3> ofAxes;
+    for (std::size_t i = 0; i < 3; ++i)
+        ofAxes[i] = std::make_unique<RadioButtonPropertyBinding<Axis::RotationAxis>>(buttons[i], axis, axes[i]);
+    EXPECT_EQ(on(), "Z");
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    click(1);
+    EXPECT_EQ(axis->value(), Axis::yRotationAxis);
+    axis->setValue(Axis::xRotationAxis);
+    IdleDispatcher::flush();
+    EXPECT_EQ(on(), "X");
 }
 
 TEST_F(RadioButtonPropertyBindingTest, ServesEnumerations)

@@ -1,6 +1,7 @@
 #include "app/window/DataOperation.h"
 
 #include "dialogs/variableops/DeleteVariableDialog.h"
+#include "dialogs/zoneops/CreateMirrorZoneDialog.h"
 #include "dialogs/zoneops/DuplicateZoneDialog.h"
 
 namespace veldraw::app {
@@ -19,6 +20,8 @@ std::vector<DataOperation> const& dataOperations()
 {
     using namespace dialogs::data;
     static std::vector<DataOperation> const operations{
+        {"createMirrorZoneAction", "Create &Mirror Zone...", &CreateMirrorZoneDialog::relevance,
+         &dialog<CreateMirrorZoneDialog>},
         {"duplicateZoneAction", "Create D&uplicate Zone...", &DuplicateZoneDialog::relevance,
          &dialog<DuplicateZoneDialog>},
         {"deleteVariableAction", "&Delete Variable...", &DeleteVariableDialog::relevance,

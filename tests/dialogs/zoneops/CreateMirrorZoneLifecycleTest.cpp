@@ -1,0 +1,69 @@
+#include "tests/dialogs/support/DialogLifecycleTest.h"
+#include "tests/dialogs/zoneops/CreateMirrorZoneFixture.h"
+
+#include <QPointer>
+
+namespace veldraw::tests {
+namespace {
+
+using CreateMirrorZoneLifecycleTest = CreateMirrorZoneFixture;
+
+INSTANTIATE_TEST_SUITE_P(CreateMirrorZone, DialogLifecycleTest, testing::Values(createMirrorZone()));
+
+TEST_F(CreateMirrorZoneLifecycleTest, TakesItsPendingIdleWorkAlongWhenItIsDestroyed)
+{
+    launched();
+    sample.session().setPlotType(sample.frame()->id, PlotType_Cartesian2D);
+    CreateMirrorZonePropertiesManager::mirrorVar3D()->setValue('X');
+    EXPECT_GT(IdleDispatcher::pendingCount(), 1);
+    delete &dialog();
+    EXPECT_EQ(IdleDispatcher::pendingCount(), 0);
+    CreateMirrorZonePropertiesManager::mirrorVar3D()->setValue('Y');
+    EXPECT_EQ(IdleDispatcher::pendingCount(), 0) << "the choice, which lives on, has let the dialog go";
+}
+
+TEST_F(CreateMirrorZoneLifecycleTest, MayBeDestroyedWhenAChoiceIsMade)
+{
+    launched();
+    QPointer<QDialog> const doomed = &dialog();
+    boost::signals2::scoped_connection const listening =
+        CreateMirrorZonePropertiesManager::mirrorVar3D()->connectValueChanged(
+            [&doomed](char) { doomed->deleteLater(); });
+    clickChoice("3DYZ");
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(doomed.isNull());
+    EXPECT_EQ(CreateMirrorZonePropertiesManager::mirrorVar3D()->value(), 'X');
+}
+
+TEST(CreateMirrorZonePropertiesManager, StartsEmptyAndSharesItsMembers)
+{
+    test::SampleSession const sample({"Wing", "Body"}, {"X"});
+    boost::weak_ptr<Property<std::set<int>>> selection;
+    boost::shared_ptr<CreateMirrorZonePropertiesManager::ZonesListModel> model;
+    {
+        CreateMirrorZonePropertiesManager const manager;
+        EXPECT_TRUE(manager.sourceZones()->value().empty());
+        EXPECT_EQ(manager.is2DPlot(), manager.is2DPlot());
+        EXPECT_NE(manager.is2DPlot(), manager.is3DPlot());
+        selection = manager.sourceZones();
+        model = manager.zonesListModel();
+        EXPECT_EQ(model->size(), 2);
+        EXPECT_FALSE(model->isEditable());
+    }
+    EXPECT_TRUE(selection.expired());
+    EXPECT_EQ(model->size(), 2) << "whoever shares the list keeps it alive";
+}
+
+TEST(CreateMirrorZonePropertiesManager, SharesItsChoicesWithEveryOther)
+{
+    test::SampleSession const sample({"Wing"}, {"X"});
+    CreateMirrorZonePropertiesManager const one;
+    CreateMirrorZonePropertiesManager const other;
+    EXPECT_EQ(one.mirrorVar2D(), other.mirrorVar2D());
+    EXPECT_EQ(one.mirrorVar3D(), other.mirrorVar3D());
+    EXPECT_NE(one.mirrorVar2D(), one.mirrorVar3D());
+    EXPECT_NE(one.sourceZones(), other.sourceZones());
+}
+
+} // namespace
+} // namespace veldraw::tests

@@ -1,5 +1,6 @@
 #include "dialogs/bindings/ListViewPropertyBinding.h"
 
+#include "dialogs/bindings/RowSizeDelegate.h"
 #include "dialogs/bindings/WidgetVote.h"
 
 #include <QItemSelectionModel>
@@ -24,6 +25,7 @@ void ListViewPropertyBinding::init(ModelUpdateMode)
 {
     if (m_view->selectionMode() == QAbstractItemView::SingleSelection)
         m_view->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    RowSizeDelegate::install(*m_view);
     m_qtConnections.add(connect(m_view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
                                 [this] { m_synchronizer->updateProperty(); }));
 }

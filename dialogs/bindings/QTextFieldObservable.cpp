@@ -27,9 +27,12 @@ bool isLeaving(QEvent const& event)
     return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason && reason != Qt::MenuBarFocusReason;
 }
 
-bool wasTyped(QLineEdit const& lineEdit)
+// A field that is being deleted loses the focus too, when it is no line edit any more.
+bool wasTyped(QObject const* field)
 {
-    return lineEdit.isModified() && lineEdit.isVisible() && lineEdit.isEnabled() && !lineEdit.isReadOnly();
+    auto const* const lineEdit = qobject_cast<QLineEdit const*>(field);
+    return lineEdit && lineEdit->isModified() && lineEdit->isVisible() && lineEdit->isEnabled() &&
+           !lineEdit->isReadOnly();
 }
 
 } // namespace
@@ -49,7 +52,7 @@ bool QTextFieldObservable::eventFilter(QObject* watched, QEvent* event)
         return true;
     }
     QPointer<QObject> const field = watched;
-    if (isLeaving(*event) && wasTyped(*static_cast<QLineEdit*>(watched)))
+    if (isLeaving(*event) && wasTyped(watched))
         tell();
     // An event must not go on to a field that is gone.
     return field.isNull();

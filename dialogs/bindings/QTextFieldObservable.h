@@ -12,7 +12,7 @@ namespace veldraw::sdk::ui::dialogs::propertybindings {
 ///
 /// - Return or Enter always is the end. The key goes no further, so that it never presses a button of the dialog.
 /// - Losing the focus is the end if the user typed since the text was last set; but not to another window, a popup or the
-///   menu bar, nor if the field is hidden, disabled or read-only.
+///   menu bar, nor if the field is hidden, disabled, read-only or being deleted.
 ///
 /// A call that comes while the last one still runs is left out: a message box that a refused text opens takes the focus
 /// from the field as well. What the function throws goes to whoever sent the event.

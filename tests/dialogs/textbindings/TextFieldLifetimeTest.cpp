@@ -110,6 +110,19 @@ TEST_F(TextFieldLifetime, OutlivesItsField)
     EXPECT_EQ(window.shown(), "3");
 }
 
+TEST_F(TextFieldLifetime, TakesNothingFromAFieldThatIsDeletedWithTheFocus)
+{
+    auto* const field = new QLineEdit(&window.dialog);
+    field->show();
+    TextFieldPropertyBinding<int> const other(field, property);
+    field->setFocus();
+    field->selectAll();
+    QTest::keyClicks(field, QStringLiteral("5"));
+    ASSERT_TRUE(field->hasFocus());
+    delete field;
+    EXPECT_EQ(property->value(), 1);
+}
+
 TEST_F(TextFieldLifetime, MayLoseItsFieldInTheSignalOfItsProperty)
 {
     auto* const field = new QLineEdit(&window.dialog);

@@ -1,11 +1,12 @@
 #include "app/plot/FieldView.h"
 
 #include "app/plot/ColourMap.h"
+#include "app/plot/PickRay.h"
 #include "app/plot/PlotTheme.h"
 #include "app/plot/ZoneRanges.h"
 
 #include <vtkCamera.h>
-#include <vtkCellPicker.h>
+#include <vtkPolyData.h>
 #include <vtkRenderWindow.h>
 #include <vtkTextProperty.h>
 
@@ -97,17 +98,49 @@ int FieldView::zoneAt(QPointF const& inArea) const
     if (position.x() < 0.0 || position.x() > 1.0 || position.y() < 0.0 || position.y() > 1.0)
         return 0;
     int const* const origin = m_stage->GetOrigin();
-    vtkNew<vtkCellPicker> picker;
-    picker->SetTolerance(0.004);
-    picker->Pick(origin[0] + position.x() * m_stageWidth, origin[1] + position.y() * m_stageHeight, 0.0, m_stage);
+    PickRay const ray(*m_stage, origin[0] + position.x() * m_stageWidth, origin[1] + position.y() * m_stageHeight);
+    double const reach = 5.0 * area().pixelRatio;
+    double nearest = -1.0;
+    int found = 0;
+    for (auto const& zone : m_zones) {
+        double const distance = ray.distanceTo(zone->surface(), reach);
+        if (distance < 0.0 || (found != 0 && distance > nearest + ray.resolution()))
+            continue;
+        nearest = distance;
+        found = zone->zoneNumber();
+    }
+    return found;
+}
+
+void FieldView::markZones(std::set<int> const& zones)
+{
+    std::set<int> shown;
     for (auto const& zone : m_zones)
-        if (zone->actor() == picker->GetActor())
-            return zone->zoneNumber();
-    return 0;
+        if (zones.count(zone->zoneNumber()) != 0)
+            shown.insert(zone->zoneNumber());
+    if (shown == m_markedZones)
+        return;
+    clearMarks();
+    for (auto const& zone : m_zones) {
+        if (shown.count(zone->zoneNumber()) == 0)
+            continue;
+        m_marks.emplace_back(zone->surface().GetBounds(), m_inSpace);
+        m_stage->AddActor(m_marks.back().actor());
+    }
+    m_markedZones = std::move(shown);
+}
+
+void FieldView::clearMarks()
+{
+    for (PickMark const& mark : m_marks)
+        m_stage->RemoveActor(mark.actor());
+    m_marks.clear();
+    m_markedZones.clear();
 }
 
 void FieldView::clear()
 {
+    clearMarks();
     for (auto const& zone : m_zones)
         m_stage->RemoveActor(zone->actor());
     m_zones.clear();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/plot/FrameView.h"
+#include "app/plot/PickMark.h"
 #include "app/plot/ZoneDrawing.h"
 
 #include <QCoreApplication>
@@ -25,13 +26,18 @@ public:
     void setArea(ViewArea const& area) override;
     FrameNotice show(kernel::Frame const& frame) override;
     bool dependsOn(kernel::Frame const& frame, int variable) const override;
+    void markZones(std::set<int> const& zones) override;
 
     vtkRenderer& stage() const { return *m_stage; } ///< shows the zones
     vtkScalarBarActor& legend() const { return *m_legend; }
     PlotSpace const& space() const { return m_look.space; }
     std::vector<std::unique_ptr<ZoneDrawing>> const& zones() const { return m_zones; }
 
-    /// One-based number of the zone seen at a position of the area, 0 when there is none.
+    /// Zones that are shown and marked as picked.
+    std::set<int> const& markedZones() const { return m_markedZones; }
+
+    /// One-based number of the zone seen at a position of the area, 0 when there is none. Of zones at the same place it is the
+    /// one that is drawn over the others.
     int zoneAt(QPointF const& inArea) const;
 
 protected:
@@ -63,6 +69,7 @@ private:
     QString obstacle(kernel::Frame const& frame) const;
     QString obstacleInZones(kernel::Frame const& frame, std::vector<int> const& zones) const;
     void clear();
+    void clearMarks();
     FieldLook lookOf(kernel::Frame const& frame, std::vector<int> const& zones) const;
     void updateLegend(QString const& title);
     void placeLegend();
@@ -72,6 +79,8 @@ private:
     bool m_isFitted = false;
     FieldLook m_look;
     std::vector<std::unique_ptr<ZoneDrawing>> m_zones;
+    std::vector<PickMark> m_marks;
+    std::set<int> m_markedZones;
     vtkNew<vtkRenderer> m_stage;
     vtkNew<vtkScalarBarActor> m_legend;
     double m_stageWidth = 1.0;

@@ -8,6 +8,8 @@
 #include <vtkNew.h>
 #include <vtkRenderer.h>
 
+#include <set>
+
 class vtkRenderWindow;
 
 namespace veldraw::app {
@@ -38,6 +40,9 @@ public:
 
     /// Whether the picture depends on a variable (one-based number) of the frame's data set.
     virtual bool dependsOn(kernel::Frame const& frame, int variable) const = 0;
+
+    /// Marks zones (one-based numbers) as picked, and no others. show() takes all marks away.
+    virtual void markZones(std::set<int> const& /*zones*/) {}
 
     virtual void fit() = 0;
     virtual void rotate(QPointF const& from, QPointF const& to) { pan(from, to); }

@@ -101,7 +101,6 @@ PageView::~PageView()
 void PageView::onEvent(kernel::StateChangeEvent const& event)
 {
     switch (event.kind) {
-    case StateChange_PickList:
     case StateChange_MouseMode:
     case StateChange_DataSetTitle:
     case StateChange_DataSetLock:
@@ -111,6 +110,7 @@ void PageView::onEvent(kernel::StateChangeEvent const& event)
     case StateChange_AuxDataAltered:
     case StateChange_AuxDataOwnersReplaced:
         return;
+    case StateChange_PickList:
     case StateChange_NewActiveFrame:
     case StateChange_FrameMovedOrRenamed:
     case StateChange_FrameCreated:
@@ -183,6 +183,7 @@ void PageView::bringUpToDate()
     syncFrames();
     layOut();
     updateStale();
+    markPicks();
     updateOverlay();
 }
 
@@ -251,6 +252,25 @@ void PageView::updateStale()
         }
     }
     orderRenderers();
+}
+
+void PageView::markPicks()
+{
+    auto const page = m_session.activePage();
+    if (!page)
+        return;
+    std::set<kernel::UniqueId> picked;
+    for (kernel::Pick const& pick : m_session.picks())
+        picked.insert(pick.zone);
+    for (auto const& frame : page->frames) {
+        FrameView* const view = m_slots[frame->id].view.get();
+        std::set<int> zones;
+        for (int number = 1; view && frame->dataSet && number <= frame->dataSet->zoneCount(); ++number)
+            if (picked.count(frame->dataSet->zone(number)->id) != 0)
+                zones.insert(number);
+        if (view)
+            view->markZones(zones);
+    }
 }
 
 void PageView::updatePlot(kernel::Frame const& frame, Slot& slot)

@@ -25,7 +25,8 @@ class PageOverlay;
 /// Listens to the session by itself. An event only marks what is out of date; the picture is brought up to date once in the
 /// next turn of the event loop, however many events came, and not while the session has drawing suspended. Left drag turns (3D) or moves (2D, lines), middle drag moves, right
 /// drag and wheel enlarge, a double click fits; the same by the keys: arrows, plus, minus and Home. A press in a frame makes it
-/// the active one; in the session's select mode a click picks the zone under the mouse.
+/// the active one. A click picks the zone under the mouse and nothing else, or nothing where there is none; with Ctrl it adds
+/// the zone to what is picked, or takes it out.
 class PageView : public QWidget
 {
     Q_OBJECT
@@ -96,6 +97,7 @@ private:
     void syncFrames();
     void layOut();
     void updateStale();
+    void markPicks();
     void updatePlot(kernel::Frame const& frame, Slot& slot);
     void orderRenderers();
     ViewArea areaOf(Slot const& slot) const;
@@ -105,7 +107,7 @@ private:
     QPointF inContent(Slot const& slot, QPointF const& position) const;
     FrameView* shownView(kernel::UniqueId frame) const;
     void dragInView(FrameView& view, QPointF const& from, QPointF const& to, Qt::KeyboardModifiers modifiers);
-    void pickAt(QPoint const& position);
+    void pickAt(QPoint const& position, bool isAdding);
     bool moveByKey(FrameView& view, int key);
 
     kernel::Session& m_session;
@@ -122,6 +124,7 @@ private:
     QPointF m_pressPosition;
     QPointF m_dragPosition;
     Qt::MouseButton m_dragButton = Qt::NoButton;
+    bool m_isDragging = false; // the mouse has gone so far that it is no click any more
 };
 
 } // namespace veldraw::app

@@ -2,6 +2,7 @@
 #include "app/plot/FieldView.h"
 #include "app/plot/PageView.h"
 #include "kernel/frames/MouseMode.h"
+#include "platform/vdsdkcommon/AppLock.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -12,6 +13,12 @@
 #include <cmath>
 
 namespace veldraw::app {
+
+namespace {
+
+constexpr double dragDistance = 4.0; // logical pixels; a shorter way is a click
+
+} // namespace
 
 std::shared_ptr<kernel::Frame> PageView::frameAt(QPoint const& position) const
 {
@@ -45,6 +52,7 @@ void PageView::mousePressEvent(QMouseEvent* event)
         m_session.activateFrame(frame->id);
     m_draggedFrame = frame->id;
     m_dragButton = event->button();
+    m_isDragging = false;
     m_pressPosition = event->localPos();
     m_dragPosition = event->localPos();
     event->accept();
@@ -55,6 +63,9 @@ void PageView::mouseMoveEvent(QMouseEvent* event)
     FrameView* const view = m_dragButton == Qt::NoButton ? nullptr : frameView(m_draggedFrame);
     if (!view)
         return QWidget::mouseMoveEvent(event);
+    m_isDragging = m_isDragging || (event->localPos() - m_pressPosition).manhattanLength() >= dragDistance;
+    if (!m_isDragging)
+        return;
     Slot const& slot = m_slots.at(m_draggedFrame);
     dragInView(*view, inContent(slot, m_dragPosition), inContent(slot, event->localPos()), event->modifiers());
     m_dragPosition = event->localPos();
@@ -76,26 +87,32 @@ void PageView::dragInView(FrameView& view, QPointF const& from, QPointF const& t
 
 void PageView::mouseReleaseEvent(QMouseEvent* event)
 {
-    bool const isClick = (event->localPos() - m_pressPosition).manhattanLength() < 4.0;
-    if (m_dragButton == Qt::LeftButton && isClick &&
-        m_session.mouseMode() == static_cast<int>(kernel::MouseMode::Select))
-        pickAt(event->pos());
+    if (m_dragButton == Qt::LeftButton && event->button() == Qt::LeftButton && !m_isDragging)
+        pickAt(event->pos(), event->modifiers().testFlag(Qt::ControlModifier));
     m_dragButton = Qt::NoButton;
     m_draggedFrame = 0;
     event->accept();
 }
 
-void PageView::pickAt(QPoint const& position)
+void PageView::pickAt(QPoint const& position, bool isAdding)
 {
     auto const frame = m_session.frame(m_draggedFrame);
     auto const* const view = dynamic_cast<FieldView*>(frameView(m_draggedFrame));
-    if (!frame || !frame->dataSet || !view)
+    if (!frame || !frame->dataSet || !view || sdk::AppLock::depth() > 0)
         return;
+    sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
     auto const zone = frame->dataSet->zone(view->zoneAt(inContent(m_slots.at(m_draggedFrame), position)));
-    if (zone)
-        m_session.setPicks({{kernel::Pick::zoneType, zone->id}});
-    else if (!m_session.picks().empty())
-        m_session.setPicks({});
+    std::vector<kernel::Pick> picks;
+    if (isAdding)
+        picks = m_session.picks();
+    auto const old = std::find_if(picks.begin(), picks.end(),
+                                  [&](kernel::Pick const& pick) { return zone && pick.zone == zone->id; });
+    if (old != picks.end())
+        picks.erase(old);
+    else if (zone)
+        picks.push_back({kernel::Pick::zoneType, zone->id});
+    if (!picks.empty() || !m_session.picks().empty())
+        m_session.setPicks(std::move(picks));
 }
 
 void PageView::mouseDoubleClickEvent(QMouseEvent* event)

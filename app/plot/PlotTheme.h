@@ -22,6 +22,7 @@ public:
     static QColor spaceGrid() { return {0xD3, 0xD9, 0xE1}; }    ///< grid lines behind a scene
     static QColor noValue() { return {0xB4, 0xB4, 0xB4}; }      ///< where a value is not a number
     static QColor shade() { return {0xB9, 0xC9, 0xDD}; }        ///< surfaces without a contour flood
+    static QColor picked() { return {0xD6, 0x1F, 0x8B}; }       ///< around picked zones
     static QColor mesh() { return {0x2A, 0x30, 0x3A}; }         ///< cell edges
     static QColor border() { return {0xC3, 0xCA, 0xD4}; }       ///< border of an inactive frame
     static QColor header() { return {0xF4, 0xF6, 0xF9}; }       ///< header of an inactive frame

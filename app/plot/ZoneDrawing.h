@@ -40,6 +40,9 @@ public:
     vtkActor* actor() const { return m_actor; }
     int zoneNumber() const { return m_zone; }
 
+    /// What is drawn, in the scene.
+    vtkPolyData& surface() const { return *m_mapper->GetInput(); }
+
     /// Cells that are drawn.
     long long cellCount() const;
 

@@ -213,13 +213,21 @@ TEST(QTextFieldObservable, MayEndWithinItsOwnCall)
 {
     FieldWindow window;
     std::unique_ptr<QTextFieldObservable> observable;
+    auto held = std::make_shared<int>(0);
+    std::weak_ptr<int> const watch = held;
     int calls = 0;
-    observable = std::make_unique<QTextFieldObservable>(*window.field, [&observable, &calls] {
+    bool isFunctionWhole = false;
+    auto const finished = [&] {
         observable.reset();
+        isFunctionWhole = !watch.expired();
         ++calls;
         return true;
-    });
+    };
+    observable = std::make_unique<QTextFieldObservable>(*window.field, [&finished, held] { return finished(); });
+    held.reset();
     window.enter("1");
+    EXPECT_TRUE(isFunctionWhole) << "what the function holds must last to its end";
+    EXPECT_TRUE(watch.expired());
     window.press(Qt::Key_Return); // to nobody's observable: the default button
     EXPECT_EQ(calls, 1);
     EXPECT_EQ(window.clicks, 1);

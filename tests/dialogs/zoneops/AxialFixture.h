@@ -1,0 +1,212 @@
+#pragma once
+
+#include "dialogs/zoneops/AxialDuplicationDialog.h"
+#include "dialogs/zoneops/AxialDuplicationPropertiesManager.h"
+#include "dialogs/zoneops/AxialRotationDialog.h"
+#include "dialogs/zoneops/RotationAxisTemplates.h"
+#include "platform/vdsdkcommon/AppLock.h"
+#include "platform/vdsdkuicommon/IdleDispatcher.h"
+#include "tests/dialogs/spinboxes/SpinBoxDriver.h"
+#include "tests/dialogs/support/DialogFixture.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QListView>
+#include <QTest>
+
+#include <array>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace veldraw::tests {
+
+using dialogs::data::AxialDuplicationPropertiesManager;
+using dialogs::data::AxialRotationPropertiesManager;
+using sdk::ui::common::IdleDispatcher;
+
+inline DialogTraits axialRotation()
+{
+    auto traits = DialogTraits::of<dialogs::data::AxialRotationDialog>();
+    traits.list = "zoneList";
+    traits.action = "&Rotate";
+    traits.refusal = "error: Axial Rotation requires selection of one or more zones.";
+    traits.helpTopic = "axial_rotation.html";
+    traits.plotType = PlotType_Cartesian3D;
+    traits.bindsActionBeforeList = false;
+    traits.repeatedMnemonics = {"Alt+Z"};
+    return traits;
+}
+
+inline DialogTraits axialDuplication()
+{
+    auto traits = DialogTraits::of<dialogs::data::AxialDuplicationDialog>();
+    traits.list = "zoneList";
+    traits.action = "&Duplicate";
+    traits.refusal = "error: Axial Duplication requires selection of one or more zones.";
+    traits.helpTopic = "axial_duplication.html";
+    traits.plotType = PlotType_Cartesian3D;
+    traits.bindsActionBeforeList = false;
+    traits.repeatedMnemonics = {"Alt+S", "Alt+Z"};
+    return traits;
+}
+
+/// Has the settings of the axial dialogs, which outlive every dialog, as they are at first; for its scope.
+class FreshAxialSettings
+{
+public:
+    FreshAxialSettings() { reset(); }
+    ~FreshAxialSettings() { reset(); }
+    FreshAxialSettings(FreshAxialSettings const&) = delete;
+    FreshAxialSettings& operator=(FreshAxialSettings const&) = delete;
+
+private:
+    static void reset()
+    {
+        AxialRotationPropertiesManager::rotationAngleUnits()->setValue(ThetaMode_Degrees);
+        AxialRotationPropertiesManager::rotationAngle()->setValue(360.0);
+        AxialRotationPropertiesManager::rotationAxis()->setValue(AxialRotationPropertiesManager::zRotationAxis);
+        for (auto const& coordinate : AxialRotationPropertiesManager::rotationOrigin())
+            coordinate.second->setValue(0.0);
+        AxialDuplicationPropertiesManager::offsetAngle()->setValue(0.0);
+        AxialDuplicationPropertiesManager::offsetAngleUnits()->setValue(ThetaMode_Degrees);
+        AxialDuplicationPropertiesManager::fullRotation()->setValue(false);
+        AxialDuplicationPropertiesManager::numInstances()->setValue(2);
+        AxialDuplicationPropertiesManager::addZonesToExistingStrands()->setValue(true);
+    }
+};
+
+/// An axial dialog in a 3D plot with the position in the variables 1 to 3, named X, Y, P, and the vector in 4 to 6,
+/// named T, V, W.
+class AxialFixture : public DialogFixture
+{
+protected:
+    explicit AxialFixture(DialogTraits const& dialogTraits)
+        : DialogFixture(dialogTraits)
+    {
+        for (char const* const name : {"V", "W"})
+            sample.dataSet().addVariable(std::make_shared<kernel::Variable>(name));
+        assign("XYZUVW", {1, 2, 3, 4, 5, 6});
+    }
+
+    void assign(std::string const& letters, std::vector<int> const& variables)
+    {
+        for (std::size_t at = 0; at < letters.size(); ++at)
+            sample.session().assignVariable(sample.frame()->id, letters[at], variables[at]);
+    }
+
+    void setPlotType(PlotType_e plotType)
+    {
+        sample.session().setPlotType(sample.frame()->id, plotType);
+        IdleDispatcher::flush();
+    }
+
+    /// Wing and Tail, zones 1 and 3, become one time strand; they are then field map 1, Body is field map 2.
+    void makeStrand()
+    {
+        sample.dataSet().zone(1)->strand = 1;
+        sample.dataSet().zone(3)->strand = 1;
+        sample.dataSet().zone(3)->solutionTime = 1.0;
+    }
+
+    void pick(std::vector<kernel::Pick> const& picks) { sample.session().setPicks(picks); }
+    kernel::Pick zonePick(int zone) { return {kernel::Pick::zoneType, sample.dataSet().zone(zone)->id}; }
+
+    /// Gives a zone's six points the values of a variable.
+    void fill(int zone, int variable, std::array<double, 6> const& values)
+    {
+        auto buffer = kernel::Buffer::allocate(FieldDataType_Double, 6);
+        for (int at = 0; at < 6; ++at)
+            buffer->setValue(at, values[static_cast<std::size_t>(at)]);
+        sample.dataSet().zone(zone)->fields[static_cast<std::size_t>(variable - 1)] =
+            kernel::Field(std::make_shared<kernel::ShareGroup>(std::move(buffer)), ValueLocation_Nodal);
+    }
+
+    std::vector<double> values(int zone, int variable) const
+    {
+        std::vector<double> values;
+        auto const buffer = sample.dataSet().field(zone, variable)->group()->buffer();
+        for (int at = 0; at < 6; ++at)
+            values.push_back(buffer->value(at));
+        return values;
+    }
+
+    template <typename Widget>
+    Widget& find(char const* name)
+    {
+        auto* const widget = dialog().findChild<Widget*>(QLatin1String(name));
+        if (!widget)
+            throw std::logic_error(std::string("there is no widget ") + name);
+        return *widget;
+    }
+
+    bool isEnabled(char const* name)
+    {
+        IdleDispatcher::flush();
+        return find<QWidget>(name).isEnabled();
+    }
+
+    bool isChecked(char const* name)
+    {
+        IdleDispatcher::flush();
+        return find<QAbstractButton>(name).isChecked();
+    }
+
+    /// Clicks a button on its mark, left of its text.
+    void click(char const* name)
+    {
+        QAbstractButton& button = find<QAbstractButton>(name);
+        QTest::mouseClick(&button, Qt::LeftButton, Qt::NoModifier, QPoint(8, button.height() / 2));
+        IdleDispatcher::flush();
+    }
+
+    test::SpinBoxDriver box(char const* name) { return test::SpinBoxDriver(find<QAbstractSpinBox>(name)); }
+
+    std::string shown(char const* name)
+    {
+        IdleDispatcher::flush();
+        return box(name).text();
+    }
+
+    /// Types a number and finishes it by Tab.
+    void enter(char const* name, char const* number)
+    {
+        box(name).type(number);
+        box(name).press(Qt::Key_Tab);
+        IdleDispatcher::flush();
+    }
+
+    void chooseDegrees(char const* units) { press(units, Qt::Key_Home); }
+    void chooseRadians(char const* units) { press(units, Qt::Key_End); }
+
+    void press(char const* name, Qt::Key key)
+    {
+        find<QWidget>(name).setFocus();
+        QTest::keyClick(&find<QWidget>(name), key);
+        IdleDispatcher::flush();
+    }
+
+    FreshAxialSettings settings;
+};
+
+class AxialRotationFixture : public AxialFixture
+{
+protected:
+    AxialRotationFixture()
+        : AxialFixture(axialRotation())
+    {
+    }
+};
+
+class AxialDuplicationFixture : public AxialFixture
+{
+protected:
+    AxialDuplicationFixture()
+        : AxialFixture(axialDuplication())
+    {
+    }
+};
+
+} // namespace veldraw::tests

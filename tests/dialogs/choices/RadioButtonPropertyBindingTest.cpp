@@ -185,6 +185,36 @@ TEST_F(RadioButtonPropertyBindingTest, WritesTheButtonOnceForManyChangesOfOneTur
     EXPECT_EQ(toggles.count(), 1);
 }
 
+/// Counts how often it is painted.
+class PaintedRadioButton : public QRadioButton
+{
+public:
+    using QRadioButton::QRadioButton;
+    int paints = 0;
+
+protected:
+    void paintEvent(QPaintEvent* event) override
+    {
+        ++paints;
+        QRadioButton::paintEvent(event);
+    }
+};
+
+TEST_F(RadioButtonPropertyBindingTest, PaintsTheButtonAnewWithEachWrite)
+{
+    auto* const painted = new PaintedRadioButton(QStringLiteral("?"), &window);
+    RadioButtonPropertyBinding<char> const binding(painted, property, 'Y');
+    bind();
+    painted->show();
+    ASSERT_TRUE(QTest::qWaitFor([painted] { return painted->paints > 0; }));
+    QCoreApplication::processEvents();
+    painted->paints = 0;
+    property->setValue('Z'); // the button stays off
+    IdleDispatcher::flush();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(painted->paints, 1);
+}
+
 TEST_F(RadioButtonPropertyBindingTest, LeavesTheLastButtonOnForAValueThatNoButtonStandsFor)
 {
     bind();

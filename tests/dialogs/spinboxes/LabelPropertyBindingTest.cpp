@@ -157,6 +157,21 @@ TEST(LabelPropertyBinding, FollowsVisibilityAndSensitivityOfAUserInterfaceProper
     EXPECT_EQ(label.text(), QStringLiteral("two"));
 }
 
+TEST(LabelPropertyBinding, StartsHiddenWithAHiddenUserInterfaceProperty)
+{
+    QWidget window;
+    auto* const hidden = new QLabel(&window);
+    auto* const shown = new QLabel(&window);
+    TestUIProperty<std::string> hiddenProperty;
+    TestUIProperty<std::string> shownProperty;
+    hiddenProperty.setVisible(false);
+    LabelPropertyBinding const hiddenBinding(hidden, hiddenProperty);
+    LabelPropertyBinding const shownBinding(shown, shownProperty);
+    window.show();
+    EXPECT_FALSE(hidden->isVisible());
+    EXPECT_TRUE(shown->isVisible());
+}
+
 TEST(LabelPropertyBinding, MayGoWhileAWriteIsPending)
 {
     QLabel label;

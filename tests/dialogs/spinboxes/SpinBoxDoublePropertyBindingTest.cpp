@@ -341,6 +341,22 @@ TEST_F(SpinBoxDoublePropertyBindingTest, KeepsTheFocusAfterARefusal)
     EXPECT_TRUE(box->hasFocus());
 }
 
+TEST_F(SpinBoxDoublePropertyBindingTest, ComesBackToTheFrontAfterARefusal)
+{
+    QWidget other;
+    auto const recorder = host::MessagePresenter::install([&other](std::string const&, MessageBoxType_e) {
+        other.show();
+        other.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&other));
+    });
+    bindKeepFactor();
+    driver->type("7");
+    driver->press(Qt::Key_Return);
+    host::MessagePresenter::install(recorder);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    EXPECT_TRUE(box->hasFocus());
+}
+
 TEST_F(SpinBoxDoublePropertyBindingTest, CommitsBeforeAButtonRunsAndStopsItByARefusal)
 {
     bindKeepFactor();

@@ -2,10 +2,14 @@
 
 #include "dialogs/bindings/ButtonBinding.h"
 #include "dialogs/property/Property.h"
+#include "host/MessagePresenter.h"
 #include "platform/vdsdkuicommon/IdleDispatcher.h"
 #include "tests/dialogs/support/RecordedMessages.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
@@ -172,6 +176,36 @@ TEST_F(TextEditPropertyBindingTest, TellsARefusalOnceRestoresTheTextAndKeepsTheF
     IdleDispatcher::flush();
     clickElsewhere();
     EXPECT_THAT(messages.take(), IsEmpty());
+}
+
+TEST_F(TextEditPropertyBindingTest, ComesBackToTheFrontAfterARefusal)
+{
+    QWidget other;
+    auto const recorder = host::MessagePresenter::install([&other](std::string const&, MessageBoxType_e) {
+        other.show();
+        other.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&other));
+    });
+    bind();
+    type("x");
+    clickElsewhere();
+    host::MessagePresenter::install(recorder);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    EXPECT_TRUE(field->hasFocus());
+}
+
+TEST_F(TextEditPropertyBindingTest, TakesTheWordsOfPastedMarkupOnly)
+{
+    auto* const pasted = new QMimeData;
+    pasted->setHtml(QStringLiteral("<b>bold</b>"));
+    pasted->setText(QStringLiteral(" bold"));
+    QApplication::clipboard()->setMimeData(pasted);
+    bind();
+    type("");
+    QTest::keyClick(field, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(field->textCursor().charFormat().fontWeight(), QFont::Normal);
+    clickElsewhere();
+    EXPECT_THAT(take(), ElementsAre("one\ntwo bold"));
 }
 
 TEST_F(TextEditPropertyBindingTest, CanOnlyBeReadWhenItIsReadOnly)

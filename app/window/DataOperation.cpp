@@ -1,6 +1,8 @@
 #include "app/window/DataOperation.h"
 
 #include "dialogs/variableops/DeleteVariableDialog.h"
+#include "dialogs/zoneops/AxialDuplicationDialog.h"
+#include "dialogs/zoneops/AxialRotationDialog.h"
 #include "dialogs/zoneops/CreateMirrorZoneDialog.h"
 #include "dialogs/zoneops/DuplicateZoneDialog.h"
 
@@ -20,6 +22,9 @@ std::vector<DataOperation> const& dataOperations()
 {
     using namespace dialogs::data;
     static std::vector<DataOperation> const operations{
+        {"axialDuplicationAction", "&Axial Duplication...", &AxialDuplicationDialog::relevance,
+         &dialog<AxialDuplicationDialog>},
+        {"axialRotationAction", "Axial &Rotation...", &AxialRotationDialog::relevance, &dialog<AxialRotationDialog>},
         {"createMirrorZoneAction", "Create &Mirror Zone...", &CreateMirrorZoneDialog::relevance,
          &dialog<CreateMirrorZoneDialog>},
         {"duplicateZoneAction", "Create D&uplicate Zone...", &DuplicateZoneDialog::relevance,

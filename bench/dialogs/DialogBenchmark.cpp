@@ -1,4 +1,7 @@
 #include "dialogs/variableops/DeleteVariableDialog.h"
+#include "dialogs/zoneops/AxialDuplicationDialog.h"
+#include "dialogs/zoneops/AxialRotationDialog.h"
+#include "dialogs/zoneops/CreateMirrorZoneDialog.h"
 #include "dialogs/zoneops/DuplicateZoneDialog.h"
 #include "host/KernelBridge.h"
 #include "kernel/frames/Session.h"
@@ -84,6 +87,9 @@ void measure(std::string const& name)
 
 [[maybe_unused]] bool const areAllDialogsRegistered = [] {
     // One line a dialog.
+    measure<dialogs::data::AxialDuplicationDialog>("AxialDuplication");
+    measure<dialogs::data::AxialRotationDialog>("AxialRotation");
+    measure<dialogs::data::CreateMirrorZoneDialog>("CreateMirrorZone");
     measure<dialogs::data::DeleteVariableDialog>("DeleteVariable");
     measure<dialogs::data::DuplicateZoneDialog>("DuplicateZone");
     return true;

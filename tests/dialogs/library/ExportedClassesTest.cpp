@@ -1,6 +1,10 @@
 #include "dialogs/property/BoundedValueValidator.h"
 #include "dialogs/property/PropertyAbstract.h"
 #include "dialogs/variableops/DeleteVariableDialog.h"
+#include "dialogs/zoneops/AxialDuplicationDialog.h"
+#include "dialogs/zoneops/AxialRotationDialog.h"
+#include "dialogs/zoneops/CreateMirrorZoneDialog.h"
+#include "dialogs/zoneops/DuplicateZoneDialog.h"
 #include "platform/exception/InvalidPropertyValueException.h"
 
 #include <QWidget>
@@ -12,7 +16,11 @@
 namespace veldraw {
 namespace {
 
+using dialogs::data::AxialDuplicationDialog;
+using dialogs::data::AxialRotationDialog;
+using dialogs::data::CreateMirrorZoneDialog;
 using dialogs::data::DeleteVariableDialog;
+using dialogs::data::DuplicateZoneDialog;
 
 /// A property of the application's own, on a base that the library exports.
 template <typename T>
@@ -47,19 +55,30 @@ TEST(DialogLibrary, LetsAnApplicationHaveItsOwnPropertiesWithBounds)
     EXPECT_EQ(selection.value(), PtSelection_Octant);
 }
 
-TEST(DialogLibrary, GivesTheApplicationItsDialogsThroughTheCommonInterface)
+/// Drives a dialog as an application does that knows no more of it than its class.
+template <typename Dialog>
+void expectDrivenThroughTheCommonInterface()
 {
-    auto const rule = DeleteVariableDialog::relevance();
+    auto const rule = Dialog::relevance();
     EXPECT_FALSE(rule->isRelevant()) << "no data set is open";
     QWidget window;
-    DialogInterface& dialog = DeleteVariableDialog::getInstance(window);
+    DialogInterface& dialog = Dialog::getInstance(window);
     dialog.launch();
-    EXPECT_TRUE(DeleteVariableDialog::getInstance(window).isVisible());
+    EXPECT_TRUE(Dialog::getInstance(window).isVisible());
     dialog.updateContent();
     dialog.drop();
-    EXPECT_FALSE(DeleteVariableDialog::getInstance(window).isVisible());
-    EXPECT_EQ(DeleteVariableDialog::relevance(), rule);
-    EXPECT_TRUE(dynamic_cast<DeleteVariableDialog*>(&dialog));
+    EXPECT_FALSE(Dialog::getInstance(window).isVisible());
+    EXPECT_EQ(Dialog::relevance(), rule);
+    EXPECT_TRUE(dynamic_cast<Dialog*>(&dialog));
+}
+
+TEST(DialogLibrary, GivesTheApplicationItsDialogsThroughTheCommonInterface)
+{
+    expectDrivenThroughTheCommonInterface<AxialDuplicationDialog>();
+    expectDrivenThroughTheCommonInterface<AxialRotationDialog>();
+    expectDrivenThroughTheCommonInterface<CreateMirrorZoneDialog>();
+    expectDrivenThroughTheCommonInterface<DeleteVariableDialog>();
+    expectDrivenThroughTheCommonInterface<DuplicateZoneDialog>();
 }
 
 } // namespace

@@ -1,9 +1,13 @@
 #include "kernel/compute/RotateValues.h"
 
+#include "kernel/compute/TurnBlock.h"
 #include "kernel/compute/ValueBlock.h"
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
+#include <limits>
+#include <type_traits>
 
 namespace veldraw::kernel {
 
@@ -34,94 +38,107 @@ Turn<Size> turnOf(Rotation const& rotation, ComponentBuffers const& buffers, std
     return turn;
 }
 
-template <std::size_t Size>
-struct Block
+/// Whether all values are finite, by their exponents: one is added to each, and those of infinities and of what is not a
+/// number run over into the sign's place.
+template <typename Element>
+bool areFinite(Element const* values, std::int64_t count)
 {
-    alignas(64) double values[Size][blockSize];
-};
-
-void multiply(Turn<2> const& turn, Block<2> const& before, Block<2>& after, std::int64_t count)
-{
-    auto const [u, v] = turn.origin;
-    auto const [a, b] = turn.matrix[0];
-    auto const [c, d] = turn.matrix[1];
+    using Bits = std::conditional_t<sizeof(Element) == 4, std::uint32_t, std::uint64_t>;
+    constexpr int fraction = std::numeric_limits<Element>::digits - 1;
+    constexpr Bits sign = Bits{1} << (8 * sizeof(Bits) - 1);
+    constexpr Bits exponent = (sign - 1) >> fraction << fraction;
+    Bits all = 0;
     for (std::int64_t at = 0; at < count; ++at) {
-        double const x = before.values[0][at] - u;
-        double const y = before.values[1][at] - v;
-        after.values[0][at] = u + (a * x + b * y);
-        after.values[1][at] = v + (c * x + d * y);
+        Bits bits = 0;
+        std::memcpy(&bits, values + at, sizeof bits);
+        all |= (bits & exponent) + (Bits{1} << fraction);
     }
+    return (all & sign) == 0;
 }
 
-void multiply(Turn<3> const& turn, Block<3> const& before, Block<3>& after, std::int64_t count)
+template <std::size_t Size, typename Element>
+void keepWhatIsNotFinite(TurnBlock<Size, Element> const& block)
 {
-    auto const [u, v, w] = turn.origin;
-    auto const [a, b, c] = turn.matrix[0];
-    auto const [d, e, f] = turn.matrix[1];
-    auto const [g, h, i] = turn.matrix[2];
-    for (std::int64_t at = 0; at < count; ++at) {
-        double const x = before.values[0][at] - u;
-        double const y = before.values[1][at] - v;
-        double const z = before.values[2][at] - w;
-        after.values[0][at] = u + (a * x + b * y + c * z);
-        after.values[1][at] = v + (d * x + e * y + f * z);
-        after.values[2][at] = w + (g * x + h * y + i * z);
-    }
-}
-
-/// Whether all values are finite; several sums side by side do not wait for one another.
-bool areFinite(double const* values, std::int64_t count)
-{
-    constexpr std::int64_t lanes = 8;
-    double sums[lanes] = {};
-    std::int64_t at = 0;
-    for (; at + lanes <= count; at += lanes) {
-        for (std::int64_t lane = 0; lane < lanes; ++lane) {
-            sums[lane] += values[at + lane] * 0.0; // not a number, and so from then on, unless the value is finite
-        }
-    }
-    for (; at < count; ++at) {
-        sums[0] += values[at] * 0.0;
-    }
-    return std::all_of(sums, sums + lanes, [](double sum) { return sum == 0.0; });
-}
-
-template <std::size_t Size>
-void keepWhatIsNotFinite(Block<Size> const& before, Block<Size>& after, std::int64_t count)
-{
-    for (std::int64_t at = 0; at < count; ++at) {
-        bool isFinite = true;
-        for (std::size_t part = 0; part < Size; ++part) {
-            isFinite = isFinite && std::isfinite(before.values[part][at]);
-        }
+    for (std::int64_t at = 0; at < block.count; ++at) {
+        bool const isFinite = std::all_of(block.from, block.from + Size,
+                                          [at](Element const* values) { return std::isfinite(values[at]); });
         for (std::size_t part = 0; part < Size && !isFinite; ++part) {
-            after.values[part][at] = before.values[part][at];
+            block.to[part][at] = block.from[part][at];
+        }
+    }
+}
+
+template <std::size_t Size, typename Element>
+void turnFinite(TurnBlock<Size, Element> const& block)
+{
+    turn(block);
+    // A component that is not finite spoils every result, also by a factor of 0, so looking at one is enough.
+    if (!areFinite(block.to[0], block.count)) {
+        keepWhatIsNotFinite(block);
+    }
+}
+
+/// Whether all components are stored side by side as @p type, and all are wanted.
+template <std::size_t Size>
+bool isAllOf(Turn<Size> const& rotation, FieldDataType_e type)
+{
+    bool all = true;
+    for (std::size_t part = 0; part < Size; ++part) {
+        Buffer const* const source = rotation.sources[part];
+        Buffer const* const target = rotation.targets[part];
+        all = all && source != nullptr && source->isContiguous() && source->type() == type;
+        all = all && target != nullptr && target->type() == type;
+    }
+    return all;
+}
+
+/// Turns a block where it lies.
+template <std::size_t Size, typename Element>
+void turnDirectly(Turn<Size> const& rotation, std::int64_t first, std::int64_t count)
+{
+    TurnBlock<Size, Element> block{rotation.matrix, rotation.origin, {}, {}, count};
+    for (std::size_t part = 0; part < Size; ++part) {
+        block.from[part] = static_cast<Element const*>(rotation.sources[part]->data()) + first;
+        block.to[part] = static_cast<Element*>(rotation.targets[part]->mutableData()) + first;
+    }
+    turnFinite(block);
+}
+
+/// Turns a block by way of double, for all other types and strides.
+template <std::size_t Size>
+void turnWidened(Turn<Size> const& rotation, std::int64_t first, std::int64_t count)
+{
+    double before[Size][blockSize];
+    double after[Size][blockSize];
+    TurnBlock<Size, double> block{rotation.matrix, rotation.origin, {}, {}, count};
+    for (std::size_t part = 0; part < Size; ++part) {
+        block.from[part] = before[part];
+        block.to[part] = after[part];
+        if (rotation.sources[part] == nullptr) {
+            std::fill_n(before[part], count, 0.0);
+        } else {
+            readBlock(*rotation.sources[part], first, count, before[part]);
+        }
+    }
+    turnFinite(block);
+    for (std::size_t part = 0; part < Size; ++part) {
+        if (rotation.targets[part] != nullptr) {
+            writeBlock(after[part], first, count, *rotation.targets[part]);
         }
     }
 }
 
 template <std::size_t Size>
-void turnBlock(Turn<Size> const& turn, std::int64_t first, std::int64_t count)
+void turnAll(Turn<Size> const& rotation, std::int64_t count, Progress& progress)
 {
-    Block<Size> before;
-    Block<Size> after;
-    for (std::size_t part = 0; part < Size; ++part) {
-        if (turn.sources[part] == nullptr) {
-            std::fill_n(before.values[part], count, 0.0);
-        } else {
-            readBlock(*turn.sources[part], first, count, before.values[part]);
-        }
+    auto turnBlock = &turnWidened<Size>;
+    if (isAllOf(rotation, FieldDataType_Float)) {
+        turnBlock = &turnDirectly<Size, float>;
+    } else if (isAllOf(rotation, FieldDataType_Double)) {
+        turnBlock = &turnDirectly<Size, double>;
     }
-    multiply(turn, before, after, count);
-    // A component that is not finite spoils every result, also by a factor of 0, so looking at one is enough.
-    if (!areFinite(after.values[0], count)) {
-        keepWhatIsNotFinite(before, after, count);
-    }
-    for (std::size_t part = 0; part < Size; ++part) {
-        if (turn.targets[part] != nullptr) {
-            writeBlock(after.values[part], first, count, *turn.targets[part]);
-        }
-    }
+    forEachBlock(count, progress,
+                 [&rotation, turnBlock](std::int64_t first, std::int64_t size) { turnBlock(rotation, first, size); });
 }
 
 } // namespace
@@ -136,13 +153,9 @@ void rotateValues(Rotation const& rotation, ComponentBuffers const& buffers, Pro
         }
     }
     if (size == 2) {
-        Turn<2> const turn = turnOf<2>(rotation, buffers, parts);
-        forEachBlock(buffers.count, progress,
-                     [&turn](std::int64_t first, std::int64_t count) { turnBlock(turn, first, count); });
+        turnAll(turnOf<2>(rotation, buffers, parts), buffers.count, progress);
     } else if (size == 3) {
-        Turn<3> const turn = turnOf<3>(rotation, buffers, parts);
-        forEachBlock(buffers.count, progress,
-                     [&turn](std::int64_t first, std::int64_t count) { turnBlock(turn, first, count); });
+        turnAll(turnOf<3>(rotation, buffers, parts), buffers.count, progress);
     }
 }
 

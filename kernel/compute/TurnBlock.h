@@ -1,0 +1,26 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+namespace veldraw::kernel {
+
+/// A rotation of @p Size components, and a block of values that it takes from one place to another.
+template <std::size_t Size, typename Element>
+struct TurnBlock
+{
+    double const (*matrix)[Size];
+    double const* origin;
+    Element const* from[Size];
+    Element* to[Size]; ///< apart from all that is read
+    std::int64_t count;
+};
+
+/// Turns a block: computed in double, without a branch, on as many values side by side as the processor takes. The results
+/// are the same to the last bit on all of them.
+void turn(TurnBlock<2, float> const& block);
+void turn(TurnBlock<2, double> const& block);
+void turn(TurnBlock<3, float> const& block);
+void turn(TurnBlock<3, double> const& block);
+
+} // namespace veldraw::kernel

@@ -1,6 +1,7 @@
 #include "tests/dialogs/support/FormTable.h"
 #include "tests/dialogs/zoneops/DuplicateZoneFixture.h"
 
+#include <QItemSelectionModel>
 #include <QLabel>
 #include <QTranslator>
 #include <QVBoxLayout>
@@ -150,6 +151,16 @@ TEST_F(DuplicateZoneDialogTest, PressesCreateBySpace)
     actionButton().setFocus();
     QTest::keyClick(&actionButton(), Qt::Key_Space);
     EXPECT_THAT(zoneNames(), ElementsAre("Wing", "Body", "Tail", "Tail"));
+}
+
+TEST_F(DuplicateZoneDialogTest, AppliesItsSelectionToAChangedListAtIdle)
+{
+    launched();
+    clickRow(1);
+    sample.session().setZoneEnabled(sample.dataSet(), 1, false);
+    EXPECT_EQ(list().model()->rowCount(), 2);
+    EXPECT_FALSE(list().selectionModel()->hasSelection());
+    EXPECT_THAT(rows(), ElementsAre("*2: Body", "3: Tail"));
 }
 
 TEST_F(DuplicateZoneDialogTest, FollowsUndoRedoAndRenaming)

@@ -8,9 +8,9 @@
 #include "dialogs/property/UIStylePropertyAbstract.ipp"
 #include "dialogs/property/ValidatorInterface.ipp"
 
-namespace veldraw {
+using veldraw::dialogs::data::AxialRotationPropertiesManager;
 
-using dialogs::data::AxialRotationPropertiesManager;
+namespace veldraw {
 
 template class ValidatorInterface<AxialRotationPropertiesManager::RotationAxis>;
 template class AllowAnyValueValidator<AxialRotationPropertiesManager::RotationAxis>;

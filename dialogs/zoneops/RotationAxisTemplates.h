@@ -25,9 +25,7 @@ extern template class UIStylePropertyAbstract<veldraw::dialogs::data::AxialRotat
 
 namespace veldraw::sdk::ui::dialogs::propertybindings {
 
-using veldraw::dialogs::data::AxialRotationPropertiesManager;
-
-extern template class UIPropertyBindingAbstract<AxialRotationPropertiesManager::RotationAxis>;
-extern template class RadioButtonPropertyBinding<AxialRotationPropertiesManager::RotationAxis>;
+extern template class UIPropertyBindingAbstract<veldraw::dialogs::data::AxialRotationPropertiesManager::RotationAxis>;
+extern template class RadioButtonPropertyBinding<veldraw::dialogs::data::AxialRotationPropertiesManager::RotationAxis>;
 
 } // namespace veldraw::sdk::ui::dialogs::propertybindings

@@ -144,6 +144,22 @@ TEST_F(CheckButtonPropertyBindingTest, ShowsWhatThePropertyMadeOfAClick)
     EXPECT_TRUE(isCheckedWhenSettled());
 }
 
+/// Takes every value for the one it has, and tells nothing.
+class Unmoved : public Stubborn
+{
+protected:
+    bool isEqual(bool const&) const override { return true; }
+};
+
+TEST_F(CheckButtonPropertyBindingTest, GoesBackAfterAClickThatThePropertyTakesForNone)
+{
+    property = boost::make_shared<Unmoved>();
+    bind();
+    click();
+    EXPECT_THAT(take(), IsEmpty());
+    EXPECT_TRUE(isCheckedWhenSettled());
+}
+
 TEST_F(CheckButtonPropertyBindingTest, MayGoWhileAWriteIsPending)
 {
     bind();

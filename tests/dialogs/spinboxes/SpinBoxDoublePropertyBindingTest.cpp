@@ -357,6 +357,21 @@ TEST_F(SpinBoxDoublePropertyBindingTest, ComesBackToTheFrontAfterARefusal)
     EXPECT_TRUE(box->hasFocus());
 }
 
+TEST_F(SpinBoxDoublePropertyBindingTest, DoesNotStepWhileARefusalIsTold)
+{
+    auto const recorder = host::MessagePresenter::install([this](std::string const&, MessageBoxType_e) {
+        box->stepBy(-1);
+        box->stepBy(1);
+    });
+    bindKeepFactor();
+    driver->type("7");
+    driver->press(Qt::Key_Return);
+    host::MessagePresenter::install(recorder);
+    EXPECT_THAT(take(), IsEmpty());
+    driver->press(Qt::Key_Up);
+    EXPECT_THAT(take(), ElementsAre(0.26));
+}
+
 TEST_F(SpinBoxDoublePropertyBindingTest, CommitsBeforeAButtonRunsAndStopsItByARefusal)
 {
     bindKeepFactor();
@@ -496,6 +511,23 @@ TEST_F(SpinBoxDoublePropertyBindingTest, ShowsWhatThePropertyMadeOfATypedValue)
     driver->type("5.25");
     driver->press(Qt::Key_Return);
     EXPECT_EQ(settled(), "5");
+}
+
+/// Takes numbers that round to the same whole one for equal.
+class Coarse : public Rounded
+{
+protected:
+    bool isEqual(double const& newValue) const override { return std::round(newValue) == value(); }
+};
+
+TEST_F(SpinBoxDoublePropertyBindingTest, ShowsThePropertyAgainAfterAValueThatItTakesForEqual)
+{
+    property = boost::make_shared<Coarse>();
+    bind();
+    driver->type("3.25");
+    driver->press(Qt::Key_Return);
+    EXPECT_THAT(take(), IsEmpty());
+    EXPECT_EQ(settled(), "3");
 }
 
 // ---- steps --------------------------------------------------------------------------------------------------------

@@ -1,6 +1,7 @@
 #include "dialogs/property/AngleSpinBoxIncDecCalculator.h"
 #include "dialogs/property/IJKSpinBoxIncDecCalculator.h"
 #include "dialogs/property/Property.h"
+#include "platform/vdsdkcommon/AppLock.h"
 #include "tests/dialogs/models/SampleSession.h"
 
 #include <boost/make_shared.hpp>
@@ -126,6 +127,31 @@ TEST_F(IJKSpinBoxIncDecCalculatorTest, KnowsOneIndexOnlyWhereThereIsNoZone)
     EXPECT_EQ(down(3), 1);
     session.session().clear();
     EXPECT_EQ(up(1), 1);
+}
+
+TEST_F(IJKSpinBoxIncDecCalculatorTest, AsksTheKernelUnderTheLock)
+{
+    /// Notes whether the lock is held when the zone is read.
+    class Watched : public PropertyAbstract<int>
+    {
+    public:
+        mutable int depth = -1;
+
+    protected:
+        void storeValue(int const&) override {}
+
+    private:
+        int retrieveValue() const override
+        {
+            depth = sdk::AppLock::depth();
+            return 1;
+        }
+    };
+    auto const watched = boost::make_shared<Watched>();
+    IJKSpinBoxIncDecCalculator locked(plane, watched, variable);
+    EXPECT_EQ(locked.increment(1), 2);
+    EXPECT_EQ(watched->depth, 1);
+    EXPECT_EQ(sdk::AppLock::depth(), 0);
 }
 
 TEST_F(IJKSpinBoxIncDecCalculatorTest, UsesTheDimensionWhereThereIsNoVariable)

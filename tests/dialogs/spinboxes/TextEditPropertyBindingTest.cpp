@@ -178,6 +178,27 @@ TEST_F(TextEditPropertyBindingTest, TellsARefusalOnceRestoresTheTextAndKeepsTheF
     EXPECT_THAT(messages.take(), IsEmpty());
 }
 
+/// Takes every text for the one it has, and tells nothing.
+class Unmoved : public Property<std::string>
+{
+public:
+    using Property<std::string>::Property;
+
+protected:
+    bool isEqual(std::string const&) const override { return true; }
+};
+
+TEST_F(TextEditPropertyBindingTest, ShowsThePropertyAgainAfterATextThatItTakesForEqual)
+{
+    property = boost::make_shared<Unmoved>("one");
+    bind();
+    type("!");
+    clickElsewhere();
+    EXPECT_THAT(take(), IsEmpty());
+    IdleDispatcher::flush();
+    EXPECT_EQ(text(), "one");
+}
+
 TEST_F(TextEditPropertyBindingTest, ComesBackToTheFrontAfterARefusal)
 {
     QWidget other;

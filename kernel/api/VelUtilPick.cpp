@@ -14,6 +14,12 @@ Pick const* pick(int number)
     return exists ? &picks[static_cast<std::size_t>(number - 1)] : nullptr;
 }
 
+int zoneNumber(Pick const* found)
+{
+    std::shared_ptr<DataSet> const dataSet = session().activeDataSet();
+    return found != nullptr && found->type == Pick::zoneType && dataSet ? dataSet->zoneNumber(found->zone) : 0;
+}
+
 } // namespace
 
 int VelUtilPickListGetCount(void)
@@ -24,12 +30,15 @@ int VelUtilPickListGetCount(void)
 int VelUtilPickListGetType(int number)
 {
     Pick const* const found = pick(number);
-    return found == nullptr ? 0 : found->type;
+    if (found == nullptr) {
+        return 0;
+    }
+    // A zone that the active data set does not have has no number, so to the caller it is no picked zone.
+    bool const isForeign = found->type == Pick::zoneType && zoneNumber(found) == 0;
+    return isForeign ? 0 : found->type;
 }
 
 int VelUtilPickListGetZoneNumber(int number)
 {
-    Pick const* const found = pick(number);
-    std::shared_ptr<DataSet> const dataSet = session().activeDataSet();
-    return found != nullptr && found->type == Pick::zoneType && dataSet ? dataSet->zoneNumber(found->zone) : 0;
+    return zoneNumber(pick(number));
 }

@@ -20,6 +20,7 @@ struct Turn
     Buffer const* sources[Size];
     Buffer* targets[Size];
     double matrix[Size][Size];
+    double matrixRest[Size][Size];
     double origin[Size];
 };
 
@@ -33,6 +34,7 @@ Turn<Size> turnOf(Rotation const& rotation, ComponentBuffers const& buffers, std
         turn.origin[row] = rotation.origin()[parts[row]];
         for (std::size_t column = 0; column < Size; ++column) {
             turn.matrix[row][column] = rotation.entry(parts[row], parts[column]);
+            turn.matrixRest[row][column] = rotation.entryRest(parts[row], parts[column]);
         }
     }
     return turn;
@@ -96,7 +98,7 @@ bool isAllOf(Turn<Size> const& rotation, FieldDataType_e type)
 template <std::size_t Size, typename Element>
 void turnDirectly(Turn<Size> const& rotation, std::int64_t first, std::int64_t count)
 {
-    TurnBlock<Size, Element> block{rotation.matrix, rotation.origin, {}, {}, count};
+    TurnBlock<Size, Element> block{rotation.matrix, rotation.matrixRest, rotation.origin, {}, {}, count};
     for (std::size_t part = 0; part < Size; ++part) {
         block.from[part] = static_cast<Element const*>(rotation.sources[part]->data()) + first;
         block.to[part] = static_cast<Element*>(rotation.targets[part]->mutableData()) + first;
@@ -110,7 +112,7 @@ void turnWidened(Turn<Size> const& rotation, std::int64_t first, std::int64_t co
 {
     double before[Size][blockSize];
     double after[Size][blockSize];
-    TurnBlock<Size, double> block{rotation.matrix, rotation.origin, {}, {}, count};
+    TurnBlock<Size, double> block{rotation.matrix, rotation.matrixRest, rotation.origin, {}, {}, count};
     for (std::size_t part = 0; part < Size; ++part) {
         block.from[part] = before[part];
         block.to[part] = after[part];

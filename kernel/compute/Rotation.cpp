@@ -46,7 +46,7 @@ Rotation::Rotation(RotationAxis const& axis, long double degrees)
             long double const unity = row == column ? 1.0L : 0.0L;
             long double const along = k[row] * k[column];
             long double const turned = along + cosine * (unity - along) + sine * cross[row][column];
-            m_matrix[row][column] = static_cast<double>(isTurned ? turned : unity);
+            m_matrix[row][column] = isTurned ? turned : unity;
         }
     }
 }
@@ -55,7 +55,7 @@ bool Rotation::involves(std::size_t component) const
 {
     for (std::size_t other = 0; other < 3; ++other) {
         double const unity = other == component ? 1.0 : 0.0;
-        if (m_matrix[component][other] != unity || m_matrix[other][component] != unity) {
+        if (entry(component, other) != unity || entry(other, component) != unity) {
             return true;
         }
     }

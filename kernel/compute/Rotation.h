@@ -24,7 +24,14 @@ public:
     /// @param axis a valid one
     Rotation(RotationAxis const& axis, long double degrees);
 
-    double entry(std::size_t row, std::size_t column) const { return m_matrix[row][column]; }
+    double entry(std::size_t row, std::size_t column) const { return static_cast<double>(m_matrix[row][column]); }
+
+    /// What the entry lacks of the better known one.
+    double entryRest(std::size_t row, std::size_t column) const
+    {
+        return static_cast<double>(m_matrix[row][column] - static_cast<long double>(entry(row, column)));
+    }
+
     std::array<double, 3> const& origin() const { return m_origin; }
 
     /// Whether the component takes part: it is turned, or turns another one. None does in a full turn, two do about a
@@ -35,7 +42,7 @@ public:
     Rotation ofVectors() const;
 
 private:
-    std::array<std::array<double, 3>, 3> m_matrix{};
+    std::array<std::array<long double, 3>, 3> m_matrix{};
     std::array<double, 3> m_origin;
 };
 

@@ -1,8 +1,11 @@
 #include "kernel/compute/TurnBlock.h"
 
-// Chosen when the library is loaded. Fused multiplication stays off, so that every processor rounds alike.
+#include <cmath>
+
+// Chosen when the library is loaded. This file is compiled without implicit fused multiplication, and explicit one rounds
+// alike everywhere, so all processors give the same results.
 #if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__) && !defined(__SANITIZE_THREAD__)
-#define VELDRAW_WIDE_LANES __attribute__((target_clones("avx2", "default")))
+#define VELDRAW_WIDE_LANES __attribute__((target_clones("arch=haswell", "default")))
 #else
 #define VELDRAW_WIDE_LANES
 #endif
@@ -11,33 +14,101 @@ namespace veldraw::kernel {
 
 namespace {
 
-// The loops read all that they need from local variables: the compiler would reload what it reaches by a pointer.
-template <typename Element>
+/// A sum with what rounding has taken from it.
+struct ExactSum
+{
+    double value;
+    double rest;
+
+    [[gnu::always_inline]] inline void add(double term)
+    {
+        double const sum = value + term;
+        double const part = sum - value;
+        rest += (value - (sum - part)) + (term - part);
+        value = sum;
+    }
+
+    [[gnu::always_inline]] inline void addProduct(double factor, double factorRest, ExactSum const& term)
+    {
+        double const product = factor * term.value;
+        rest += std::fma(factor, term.value, -product) + (factorRest * term.value + factor * term.rest);
+        add(product);
+    }
+};
+
+/// One component of many, in variables of its own: the compiler would reload what it reaches by a pointer.
+template <std::size_t Size>
+struct Row
+{
+    double factors[Size];
+    double rests[Size];
+    double origin;
+
+    template <typename Element>
+    explicit Row(TurnBlock<Size, Element> const& block, std::size_t row)
+        : origin(block.origin[row])
+    {
+        for (std::size_t column = 0; column < Size; ++column) {
+            factors[column] = block.matrix[row][column];
+            rests[column] = block.matrixRest[row][column];
+        }
+    }
+
+    [[gnu::always_inline]] inline double turned(double const (&distance)[Size]) const
+    {
+        double sum = factors[0] * distance[0];
+        for (std::size_t column = 1; column < Size; ++column) {
+            sum += factors[column] * distance[column];
+        }
+        return origin + sum;
+    }
+
+    [[gnu::always_inline]] inline double turned(ExactSum const (&distance)[Size]) const
+    {
+        ExactSum sum{origin, 0.0};
+        for (std::size_t column = 0; column < Size; ++column) {
+            sum.addProduct(factors[column], rests[column], distance[column]);
+        }
+        return sum.value + sum.rest;
+    }
+};
+
+[[gnu::always_inline]] inline void setDistance(double& distance, float value, double origin)
+{
+    distance = static_cast<double>(value) - origin;
+}
+
+[[gnu::always_inline]] inline void setDistance(ExactSum& distance, double value, double origin)
+{
+    distance = {value, 0.0};
+    distance.add(-origin);
+}
+
+template <typename Distance, typename Element>
 [[gnu::always_inline]] inline void turnPlane(TurnBlock<2, Element> const& block)
 {
-    double const u = block.origin[0], v = block.origin[1];
-    double const a = block.matrix[0][0], b = block.matrix[0][1];
-    double const c = block.matrix[1][0], d = block.matrix[1][1];
+    Row<2> const first(block, 0);
+    Row<2> const second(block, 1);
     Element const* const x = block.from[0];
     Element const* const y = block.from[1];
     Element* const __restrict p = block.to[0];
     Element* const __restrict q = block.to[1];
     std::int64_t const count = block.count;
     for (std::int64_t at = 0; at < count; ++at) {
-        double const dx = static_cast<double>(x[at]) - u;
-        double const dy = static_cast<double>(y[at]) - v;
-        p[at] = static_cast<Element>(u + (a * dx + b * dy));
-        q[at] = static_cast<Element>(v + (c * dx + d * dy));
+        Distance distance[2];
+        setDistance(distance[0], x[at], first.origin);
+        setDistance(distance[1], y[at], second.origin);
+        p[at] = static_cast<Element>(first.turned(distance));
+        q[at] = static_cast<Element>(second.turned(distance));
     }
 }
 
-template <typename Element>
+template <typename Distance, typename Element>
 [[gnu::always_inline]] inline void turnSpace(TurnBlock<3, Element> const& block)
 {
-    double const u = block.origin[0], v = block.origin[1], w = block.origin[2];
-    double const a = block.matrix[0][0], b = block.matrix[0][1], c = block.matrix[0][2];
-    double const d = block.matrix[1][0], e = block.matrix[1][1], f = block.matrix[1][2];
-    double const g = block.matrix[2][0], h = block.matrix[2][1], i = block.matrix[2][2];
+    Row<3> const first(block, 0);
+    Row<3> const second(block, 1);
+    Row<3> const third(block, 2);
     Element const* const x = block.from[0];
     Element const* const y = block.from[1];
     Element const* const z = block.from[2];
@@ -46,12 +117,13 @@ template <typename Element>
     Element* const __restrict r = block.to[2];
     std::int64_t const count = block.count;
     for (std::int64_t at = 0; at < count; ++at) {
-        double const dx = static_cast<double>(x[at]) - u;
-        double const dy = static_cast<double>(y[at]) - v;
-        double const dz = static_cast<double>(z[at]) - w;
-        p[at] = static_cast<Element>(u + (a * dx + b * dy + c * dz));
-        q[at] = static_cast<Element>(v + (d * dx + e * dy + f * dz));
-        r[at] = static_cast<Element>(w + (g * dx + h * dy + i * dz));
+        Distance distance[3];
+        setDistance(distance[0], x[at], first.origin);
+        setDistance(distance[1], y[at], second.origin);
+        setDistance(distance[2], z[at], third.origin);
+        p[at] = static_cast<Element>(first.turned(distance));
+        q[at] = static_cast<Element>(second.turned(distance));
+        r[at] = static_cast<Element>(third.turned(distance));
     }
 }
 
@@ -59,22 +131,22 @@ template <typename Element>
 
 VELDRAW_WIDE_LANES void turn(TurnBlock<2, float> const& block)
 {
-    turnPlane(block);
+    turnPlane<double>(block);
 }
 
 VELDRAW_WIDE_LANES void turn(TurnBlock<2, double> const& block)
 {
-    turnPlane(block);
+    turnPlane<ExactSum>(block);
 }
 
 VELDRAW_WIDE_LANES void turn(TurnBlock<3, float> const& block)
 {
-    turnSpace(block);
+    turnSpace<double>(block);
 }
 
 VELDRAW_WIDE_LANES void turn(TurnBlock<3, double> const& block)
 {
-    turnSpace(block);
+    turnSpace<ExactSum>(block);
 }
 
 } // namespace veldraw::kernel

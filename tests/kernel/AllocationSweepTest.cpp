@@ -1,5 +1,8 @@
 #include "AllocationFailure.h"
 #include "SessionFixture.h"
+#include "kernel/compute/Rotation.h"
+#include "kernel/data/AxialCopies.h"
+#include "kernel/data/SpatialVariables.h"
 
 using namespace veldraw::kernel;
 
@@ -34,6 +37,11 @@ struct Stage
 };
 
 std::string const longText(200, 'n');
+
+/// The planes of the stage as things in space, their Z passive.
+NumberSet const bothZones{1, 2};
+SpatialVariables const planes{{1, 2, 3}, {}, true, false};
+RotationAxis const slanting{{1, 2, 3}, {1, -2, 0.5}};
 
 /// Lets each request for memory of @p operation fail once: it succeeds, or nothing has changed and nothing was told.
 /// @return the number of requests that failed
@@ -92,6 +100,50 @@ TEST(WithoutMemory, ZonesAreDuplicatedWhollyOrNotAtAll)
         stage.dataSet->zone(2)->name = longText;
     };
     EXPECT_GE(sweep([&](Stage& stage) { return stage.session.duplicateZones(*stage.dataSet, zones); }, describe), 15);
+}
+
+TEST(WithoutMemory, ZonesAreTurnedWhollyOrNotAtAll)
+{
+    auto const turn = [](Stage& stage) {
+        return stage.session.rotateZones(*stage.dataSet, bothZones, planes, slanting, 30);
+    };
+    EXPECT_GE(sweep(turn), 30);
+    auto const share = [](Stage& stage) { stage.session.duplicateZones(*stage.dataSet, bothZones); };
+    EXPECT_GE(sweep(turn, [&](Stage& stage) { share(stage), stage.recorder->events = 0; }), 30);
+}
+
+TEST(WithoutMemory, ZonesAreDuplicatedAroundAnAxisWhollyOrNotAtAll)
+{
+    EXPECT_GE(sweep(
+                  [](Stage& stage) {
+                      AxialCopies const copies{30, 0, 2, false};
+                      return stage.session.duplicateZonesAxially(*stage.dataSet, bothZones, planes, slanting, copies);
+                  },
+                  [](Stage& stage) { stage.dataSet->zone(1)->strand = 7; }),
+              60);
+}
+
+TEST(WithoutMemory, ZonesAreMirroredWhollyOrNotAtAll)
+{
+    EXPECT_GE(sweep([](Stage& stage) { return stage.session.mirrorZones(stage.frame->id, bothZones, 'X'); }), 20);
+}
+
+TEST(WithoutMemory, ZoneOperationsAreUndoneAndRedone)
+{
+    Stage stage;
+    ASSERT_TRUE(stage.session.duplicateZonesAxially(*stage.dataSet, {1, 2}, planes, slanting, {30, 0, 2, false}));
+    ASSERT_TRUE(stage.session.rotateZones(*stage.dataSet, {1, 3}, planes, slanting, 30));
+    ASSERT_TRUE(stage.session.mirrorZones(stage.frame->id, {1, 2}, 'X'));
+    AllocationFailure const failure(1);
+    for (int round = 0; round < 2; ++round) {
+        for (int step = 0; step < 3; ++step) {
+            EXPECT_TRUE(stage.session.undo());
+        }
+        for (int step = 0; step < 3; ++step) {
+            EXPECT_TRUE(stage.session.redo());
+        }
+    }
+    EXPECT_FALSE(failure.hasHappened());
 }
 
 TEST(WithoutMemory, NamesAreChangedWhollyOrNotAtAll)

@@ -183,6 +183,36 @@ TEST_F(AxialRotationKernelTest, TurnsPositionAndVectorOfTheChosenZoneByItsButton
     expectNothingHeld();
 }
 
+TEST_F(AxialRotationKernelTest, StaysWholeAndReleasesItsGuardsWhicheverKernelCallFails)
+{
+    for (int variable = 1; variable <= 6; ++variable)
+        fill(2, variable, {1.0 * variable, 2.0, 3.0, 4.0, 5.0, 6.0});
+    clickRow(1);
+    enter("angle_spinBox", "90");
+    std::string const before = sample.session().history().undoName();
+    std::vector<std::string> const calls = callsOfAction();
+    ASSERT_GE(calls.size(), 7u);
+    ASSERT_NE(sample.session().history().undoName(), before);
+    for (std::size_t failing = 0; failing < calls.size(); ++failing) {
+        std::string const when = calls[failing] + " fails";
+        sample.session().undo();
+        ASSERT_EQ(sample.session().history().undoName(), before) << when;
+        EXPECT_THAT(values(2, 1), ElementsAre(1.0, 2.0, 3.0, 4.0, 5.0, 6.0)) << when;
+        IdleDispatcher::flush();
+        spy.reset();
+        spy.failCall(static_cast<int>(failing) + 1);
+        clickAction();
+        bool const isDone = sample.session().history().undoName() != before;
+        EXPECT_EQ(messages.take().empty(), isDone) << when;
+        EXPECT_EQ(values(2, 1).front() != 1.0, isDone) << when;
+        expectNothingHeld();
+        spy.reset();
+        if (!isDone)
+            clickAction();
+        EXPECT_THAT(messages.take(), IsEmpty()) << when << ", then nothing";
+    }
+}
+
 class AxialDuplicationKernelTest : public AxialKernelTest<AxialDuplicationFixture>
 {
 };

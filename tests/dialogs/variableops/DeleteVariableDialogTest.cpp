@@ -37,7 +37,7 @@ TEST_F(DeleteVariableDialogTest, LooksAsItsFormSays)
 
 TEST_F(DeleteVariableDialogTest, CanBeWalkedByTabInReadingOrder)
 {
-    EXPECT_EQ(tabOrder(launched()).front(), "deleteVariable_Select_MList");
+    EXPECT_THAT(tabOrder(launched()), ElementsAre("deleteVariable_Select_MList", "[&Delete]", "[Close]", "[Help]"));
     EXPECT_EQ(dialog().focusWidget(), &list());
     EXPECT_EQ(list().accessibleName(), QStringLiteral("Select variable(s) to delete"));
 }

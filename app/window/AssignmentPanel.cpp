@@ -11,8 +11,6 @@ namespace veldraw::app {
 
 namespace {
 
-QString const noneText = QStringLiteral("(none)");
-
 bool isFieldPlot(kernel::Frame const& frame)
 {
     return frame.plotType == PlotType_Cartesian2D || frame.plotType == PlotType_Cartesian3D;
@@ -124,7 +122,7 @@ void AssignmentPanel::refresh()
 
 void AssignmentPanel::refreshField(kernel::Frame const& frame)
 {
-    auto const choices = variableChoices(m_session, noneText);
+    auto const choices = variableChoices(m_session, noneText());
     bool const inSpace = frame.plotType == PlotType_Cartesian3D;
     for (auto const& [assignment, chooser] : m_assignments) {
         chooser->show(choices, frame.variableNumber(assignment));

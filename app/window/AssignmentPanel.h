@@ -24,8 +24,11 @@ public:
     /// Puts the keyboard focus on the first control that can be used.
     void takeFocus();
 
-    /// Numbers and names of the enabled variables of the active data set; @p noneText, if not empty, stands first with 0.
-    static NumberChooser::Choices variableChoices(kernel::Session const& session, QString const& noneText);
+    /// What stands where no variable is assigned.
+    static QString noneText() { return QStringLiteral("(none)"); }
+
+    /// Numbers and names of the enabled variables of the active data set; @p firstText, if not empty, stands first with 0.
+    static NumberChooser::Choices variableChoices(kernel::Session const& session, QString const& firstText);
 
 Q_SIGNALS:
     /// The session did not accept a choice.

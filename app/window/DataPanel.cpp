@@ -16,6 +16,7 @@ DataPanel::DataPanel(kernel::Session& session, QWidget* parent)
     , m_frameView(new RecordView(m_frames, QStringLiteral("frameView"), QStringLiteral("Frames")))
     , m_zoneView(new RecordView(m_zones, QStringLiteral("zoneView"), QStringLiteral("Zones")))
     , m_variableView(new RecordView(m_variables, QStringLiteral("variableView"), QStringLiteral("Variables")))
+    , m_picks(session, m_zones, *m_zoneView)
     , m_follower(session, [this] { refresh(); })
 {
     auto* const splitter = new QSplitter(Qt::Vertical);
@@ -27,6 +28,7 @@ DataPanel::DataPanel(kernel::Session& session, QWidget* parent)
     splitter->setStretchFactor(1, 1);
     splitter->setStretchFactor(2, 2);
     m_frameView->setPreferredRows(4);
+    m_zoneView->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_variableView->setPreferredRows(10);
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(4, 4, 4, 4);
@@ -73,8 +75,8 @@ void DataPanel::activateFrame(QModelIndex const& index)
 void DataPanel::refresh()
 {
     m_frames.refresh();
-    m_zones.refresh();
     m_variables.refresh();
+    m_picks.refresh();
     updateTitles();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/window/FrameTableModel.h"
+#include "app/window/PickSelection.h"
 #include "app/window/SessionFollower.h"
 #include "app/window/VariableTableModel.h"
 #include "app/window/ZoneTableModel.h"
@@ -15,7 +16,7 @@ namespace veldraw::app {
 class RecordView;
 
 /// What the "Data" dock shows: frames, and zones and variables of the active frame's data set, one below the other.
-/// Double click or Return on a frame activates it; F2 renames, Space or a click on the box enables and disables.
+/// The zones that are selected are those that are picked in the plots. Double click or Return on a frame activates it; F2 renames, Space or a click on the box enables and disables.
 class DataPanel : public QWidget
 {
     Q_OBJECT
@@ -44,6 +45,7 @@ private:
     RecordView* m_frameView;
     RecordView* m_zoneView;
     RecordView* m_variableView;
+    PickSelection m_picks;
     QLabel* m_frameTitle = nullptr;
     QLabel* m_zoneTitle = nullptr;
     QLabel* m_variableTitle = nullptr;

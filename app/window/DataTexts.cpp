@@ -130,6 +130,30 @@ QString rangeText(kernel::ValueRange const& range)
     return QString::fromUtf8("%1 … %2").arg(range.min, 0, 'g', 5).arg(range.max, 0, 'g', 5);
 }
 
+QString pickText(kernel::Session const& session)
+{
+    constexpr int mostNumbers = 8;
+    std::set<kernel::UniqueId> picked;
+    for (kernel::Pick const& pick : session.picks())
+        picked.insert(pick.zone);
+    QStringList numbers;
+    QString name;
+    auto const dataSet = session.activeDataSet();
+    for (int zone = 1; dataSet && zone <= dataSet->zoneCount(); ++zone) {
+        if (picked.count(dataSet->zone(zone)->id) == 0)
+            continue;
+        numbers << QString::number(zone);
+        name = QString::fromStdString(dataSet->zone(zone)->name);
+    }
+    if (numbers.isEmpty())
+        return QStringLiteral("No zone is picked");
+    if (numbers.size() == 1)
+        return QStringLiteral("Picked zone %1: ").arg(numbers.front()) + name;
+    if (numbers.size() > mostNumbers)
+        return QStringLiteral("Picked %1 zones").arg(numbers.size());
+    return QStringLiteral("Picked zones ") + numbers.join(QStringLiteral(", "));
+}
+
 std::int64_t pointCount(kernel::DataSet const& dataSet)
 {
     std::int64_t count = 0;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kernel/data/DataSet.h"
+#include "kernel/frames/Session.h"
 
 #include <QString>
 
@@ -26,6 +26,9 @@ kernel::ValueRange variableRange(kernel::DataSet const& dataSet, int variable);
 
 /// "-1.5 … 3.25", or "no values".
 QString rangeText(kernel::ValueRange const& range);
+
+/// "Picked zone 2: outlet", "Picked zones 1, 2, 5", "Picked 12 zones" or "No zone is picked"; zones of the active data set.
+QString pickText(kernel::Session const& session);
 
 std::int64_t pointCount(kernel::DataSet const& dataSet);
 std::int64_t cellCount(kernel::DataSet const& dataSet);

@@ -4,6 +4,7 @@
 #include "app/window/DataOperation.h"
 #include "app/window/DataPanel.h"
 #include "app/window/DataSetStatus.h"
+#include "app/window/DataTexts.h"
 #include "app/window/HelpViewer.h"
 #include "app/window/Icons.h"
 #include "app/window/MessagePanel.h"
@@ -180,8 +181,26 @@ void MainWindow::makePlotMenu()
     menu->addAction(&m_frames.contour());
     menu->addAction(&m_frames.mesh());
     menu->addSeparator();
+    m_assignAxes = makeAction("assignAxesAction", {}, QStringLiteral("Assign A&xes..."),
+                              [this] { assignVariables(AssignmentDialog::Kind::Axes); });
+    m_assignVector = makeAction("assignVectorAction", {}, QStringLiteral("Assign &Vector..."),
+                                [this] { assignVariables(AssignmentDialog::Kind::Vector); });
+    menu->addAction(m_assignAxes);
+    menu->addAction(m_assignVector);
     addFocusAction(*menu, "assignAction", QStringLiteral("&Assign Variables"), Qt::CTRL + Qt::Key_4, *m_plotDock,
                    [this] { m_assignmentPanel->takeFocus(); });
+}
+
+void MainWindow::assignVariables(AssignmentDialog::Kind kind)
+{
+    if (sdk::AppLock::depth() > 0 || !AssignmentDialog::isPossible(m_session))
+        return;
+    AssignmentDialog dialog(m_session, kind, this);
+    if (dialog.exec() != QDialog::Accepted || sdk::AppLock::depth() > 0)
+        return;
+    sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
+    if (!dialog.assign())
+        tellRefusal();
 }
 
 void MainWindow::makeDataMenu()
@@ -351,9 +370,23 @@ void MainWindow::refresh()
     m_savePicture->setEnabled(frame != nullptr);
     m_fit->setEnabled(hasData);
     m_fitAll->setEnabled(hasData);
+    m_assignAxes->setEnabled(isField);
+    m_assignVector->setEnabled(isField);
     m_contourChooser->setEnabled(isField && frame->showContour);
     m_contourChooser->show(AssignmentPanel::variableChoices(m_session, {}), hasData ? frame->variableNumber('C') : 0);
     refreshTitle();
+    tellPicks();
+}
+
+void MainWindow::tellPicks()
+{
+    std::vector<kernel::UniqueId> picked;
+    for (kernel::Pick const& pick : m_session.picks())
+        picked.push_back(pick.zone);
+    if (picked == m_toldPicks)
+        return;
+    m_toldPicks = std::move(picked);
+    tell(pickText(m_session));
 }
 
 void MainWindow::refreshTitle()

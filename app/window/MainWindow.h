@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/window/AssignmentDialog.h"
 #include "app/window/CentralView.h"
 #include "app/window/DocumentController.h"
 #include "app/window/FrameActions.h"
@@ -70,7 +71,9 @@ private:
     void refresh();
     void refreshTitle();
     void chooseContour(int variable);
+    void assignVariables(AssignmentDialog::Kind kind);
     void tell(QString const& text);
+    void tellPicks();
     void tellRefusal();
     void showAbout();
     void restoreLayout();
@@ -95,6 +98,9 @@ private:
     QAction* m_savePicture = nullptr;
     QAction* m_fit = nullptr;
     QAction* m_fitAll = nullptr;
+    QAction* m_assignAxes = nullptr;
+    QAction* m_assignVector = nullptr;
+    std::vector<kernel::UniqueId> m_toldPicks; // what the status bar has told last
     std::vector<std::unique_ptr<sdk::ui::dialogs::propertybindings::RelevanceApplier>> m_appliers;
     std::unique_ptr<HelpViewer> m_helpViewer;
     OperationWaiter m_waiter;

@@ -13,7 +13,8 @@ extern "C" {
 /// Number of picked objects.
 VELDRAW_PLATFORM_API int VelUtilPickListGetCount(void);
 
-/// Kind of a picked object, 15 = a zone; 0 for a number that does not exist.
+/// Kind of a picked object, 15 = a zone of the active data set; 0 for a zone of another one and for a number that does not
+/// exist.
 /// @param number one-based
 VELDRAW_PLATFORM_API int VelUtilPickListGetType(int number);
 

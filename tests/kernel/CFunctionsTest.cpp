@@ -477,6 +477,9 @@ TEST_F(CFunctions, KnowPicksMouseInterruptAndPaper)
     EXPECT_EQ(VelUtilPickListGetZoneNumber(1), 2);
     EXPECT_EQ(VelUtilPickListGetType(2), 3);
     EXPECT_EQ(VelUtilPickListGetZoneNumber(2), 0);
+    session.setPicks({{Pick::zoneType, dataSet->id()}});
+    EXPECT_EQ(VelUtilPickListGetType(1), 0) << "no zone of the active data set";
+    EXPECT_EQ(VelUtilPickListGetZoneNumber(1), 0);
     session.setPicks({});
     int const mode = VelUtilMouseGetCurrentMode();
     EXPECT_TRUE(VelUtilMouseIsValidMode(mode));

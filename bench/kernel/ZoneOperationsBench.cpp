@@ -108,9 +108,25 @@ void vtkTransformFilterFor(benchmark::State& state, bool mirrors)
 
 } // namespace
 
-BENCHMARK_CAPTURE(rotate, aboutZ, zAxis)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(12);
-BENCHMARK_CAPTURE(rotate, aboutASlantingAxis, slantingAxis)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(12);
-BENCHMARK_CAPTURE(vtkTransformFilterFor, rotation, false)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(12);
-BENCHMARK(mirror)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(12);
-BENCHMARK_CAPTURE(vtkTransformFilterFor, mirror, true)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(12);
-BENCHMARK(duplicateAxially)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(12);
+BENCHMARK_CAPTURE(rotate, aboutZ, zAxis)
+    ->Unit(benchmark::kMillisecond)
+    ->MeasureProcessCPUTime()
+    ->UseRealTime()
+    ->Iterations(12);
+BENCHMARK_CAPTURE(rotate, aboutASlantingAxis, slantingAxis)
+    ->Unit(benchmark::kMillisecond)
+    ->MeasureProcessCPUTime()
+    ->UseRealTime()
+    ->Iterations(12);
+BENCHMARK_CAPTURE(vtkTransformFilterFor, rotation, false)
+    ->Unit(benchmark::kMillisecond)
+    ->MeasureProcessCPUTime()
+    ->UseRealTime()
+    ->Iterations(12);
+BENCHMARK(mirror)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime()->UseRealTime()->Iterations(12);
+BENCHMARK_CAPTURE(vtkTransformFilterFor, mirror, true)
+    ->Unit(benchmark::kMillisecond)
+    ->MeasureProcessCPUTime()
+    ->UseRealTime()
+    ->Iterations(12);
+BENCHMARK(duplicateAxially)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime()->UseRealTime()->Iterations(12);

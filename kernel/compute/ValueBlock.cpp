@@ -63,9 +63,10 @@ void forEachBlock(std::int64_t count, Progress& progress, std::function<void(std
     parallelFor(count, [&](std::int64_t first, std::int64_t last, std::int64_t) {
         for (std::int64_t begin = first; begin < last; begin += blockSize) {
             progress.check();
-            body(begin, std::min(blockSize, last - begin));
+            std::int64_t const size = std::min(blockSize, last - begin);
+            body(begin, size);
+            progress.advance(size);
         }
-        progress.advance(last - first);
     });
 }
 

@@ -49,12 +49,31 @@ Axes pickAxes(DataSet const& dataSet)
     return {x, y, variableNamed(dataSet, {"z", "coordinatez", "zcoordinate", "coordz", "pointsz", "points2"})};
 }
 
-Axes pickVector(DataSet const& dataSet)
+/// The first vector array of a file: variables called "something_X", "something_Y" and, if there is one, "something_Z".
+Axes pickComponents(DataSet const& dataSet, Axes const& axes)
+{
+    for (auto const& variable : dataSet.variables()) {
+        std::string const name = lowered(variable->name.substr(0, variable->name.find_first_of(" [({")));
+        bool const isFirst = name.size() > 2 && name.compare(name.size() - 2, 2, "_x") == 0;
+        if (!isFirst || variable->id == axes[0]) {
+            continue;
+        }
+        std::string const stem = bareName(name.substr(0, name.size() - 2));
+        std::string const second = stem + "y";
+        std::string const third = stem + "z";
+        if (UniqueId const v = variableNamed(dataSet, {second.c_str()})) {
+            return {variable->id, v, variableNamed(dataSet, {third.c_str()})};
+        }
+    }
+    return {};
+}
+
+Axes pickVector(DataSet const& dataSet, Axes const& axes)
 {
     UniqueId const u = variableNamed(dataSet, {"u", "velocityx", "xvelocity", "velocity0", "velx", "vx"});
     UniqueId const v = variableNamed(dataSet, {"v", "velocityy", "yvelocity", "velocity1", "vely", "vy"});
     if (u == 0 || v == 0) {
-        return {};
+        return pickComponents(dataSet, axes);
     }
     return {u, v, variableNamed(dataSet, {"w", "velocityz", "zvelocity", "velocity2", "velz", "vz"})};
 }
@@ -112,7 +131,7 @@ void layOut(Frame& frame)
     if (dataSet.zoneCount() > 0 && dataSet.variableCount() > 0) {
         lineMaps.push_back(defaultLineMap(dataSet, 1));
     }
-    frame.vector = pickVector(dataSet);
+    frame.vector = pickVector(dataSet, axes);
     frame.contourVariable = pickContour(dataSet, axes);
     frame.plotType = pickPlotType(dataSet, axes);
     frame.axes3D = axes;

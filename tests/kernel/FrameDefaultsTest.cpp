@@ -49,6 +49,9 @@ TEST(FrameDefaults, FindTheVectorByName)
     EXPECT_EQ(vector({"x", "y", "u", "v", "w"}), (Numbers{3, 4, 5}));
     EXPECT_EQ(vector({"Velocity_X", "Velocity_Y", "Velocity_Z"}), (Numbers{1, 2, 3}));
     EXPECT_EQ(vector({"velocity_x [m/s]", "velocity_y [m/s]"}), (Numbers{1, 2, 0}));
+    EXPECT_EQ(vector({"X", "Y", "p", "Momentum_X", "Momentum_Y", "Momentum_Z"}), (Numbers{4, 5, 6}));
+    EXPECT_EQ(vector({"Momentum_X", "Momentum_Y", "Velocity_X", "Velocity_Y"}), (Numbers{3, 4, 0}));
+    EXPECT_EQ(vector({"Points_X", "Points_Y", "tau_xx", "tau_xy", "flux_X"}), (Numbers{0, 0, 0}));
     EXPECT_EQ(vector({"u", "w"}), (Numbers{0, 0, 0}));
 }
 

@@ -1,8 +1,11 @@
 #include "app/tour/Tour.h"
 
 #include "app/import/Importer.h"
+#include "app/tour/AxialDuplicationStation.h"
+#include "app/tour/AxialRotationStation.h"
 #include "app/tour/DeleteVariableStation.h"
 #include "app/tour/DuplicateZoneStation.h"
+#include "app/tour/MirrorZoneStation.h"
 #include "kernel/frames/Session.h"
 
 #include <QApplication>
@@ -36,7 +39,12 @@ TourReport const& Tour::run()
     lookAtPlots();
     DeleteVariableStation(m_tour).run();
     DuplicateZoneStation(m_tour).run();
+    AxialRotationStation(m_tour).run();
     saveResult();
+    openBar();
+    MirrorZoneStation(m_tour).run();
+    pickZone();
+    AxialDuplicationStation(m_tour).run();
     m_tour.check("no message came unasked", QString(), m_tour.user.unexpectedMessages().join(QLatin1Char('|')));
     return m_tour.report;
 }
@@ -100,6 +108,29 @@ void Tour::saveResult()
         return;
     m_tour.check("the saved file has what the window shows", sizeOf(TourContext::dataSet()),
                  sizeOf(*importFile(file).dataSet));
+}
+
+// The unstructured sample, with its displacements as the vector.
+void Tour::openBar()
+{
+    m_tour.window.openFiles({m_samples + QStringLiteral("/tetra.vtu")}, DocumentController::Place::FreshPage);
+    m_tour.user.settle(1500);
+    int const first = TourContext::dataSet().findVariable("displacement_X");
+    bool assigned = first > 0;
+    for (int component = 0; component < 3; ++component)
+        assigned = assigned && m_tour.assignVariable("UVW"[component], first + component);
+    m_tour.check("Ctrl+4, Tab and arrows assign the vector", assigned);
+}
+
+void Tour::pickZone()
+{
+    m_tour.activate(m_tour.window);
+    m_tour.user.click(*m_tour.window.centralWidget());
+    m_tour.user.settle(300);
+    std::vector<kernel::Pick> const& picks = kernel::Session::instance().picks();
+    m_tour.check("a click in the plot picks the zone",
+                 picks.size() == 1 && picks.front().zone == TourContext::dataSet().zone(1)->id);
+    m_tour.user.picture(QStringLiteral("picked"));
 }
 
 int Tour::coloursOnPage()

@@ -22,6 +22,8 @@ private:
     void openSamples();
     void lookAtPlots();
     void saveResult();
+    void openBar();
+    void pickZone();
     int coloursOnPage();
 
     TourContext m_tour;

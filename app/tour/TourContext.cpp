@@ -2,8 +2,10 @@
 
 #include "kernel/frames/Session.h"
 
+#include <QAbstractSpinBox>
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QDialog>
 #include <QListView>
 #include <QMenu>
@@ -48,6 +50,9 @@ void TourContext::openDialogByKeys(int mnemonic, std::function<bool()> const& is
     user.settle();
     user.key(mnemonic);
     user.waitFor(isThere);
+    // An entry that is not there leaves the menu open, and everything that comes after would go to it.
+    while (QApplication::activePopupWidget())
+        user.key(Qt::Key_Escape);
 }
 
 QString TourContext::messagesOf(QPushButton& button, QString const& picture)
@@ -79,6 +84,37 @@ QListView& TourContext::list(QDialog& dialog, char const* objectName)
 int TourContext::selectedRowCount(QListView const& list)
 {
     return list.selectionModel()->selectedRows().size();
+}
+
+void TourContext::enterNumber(QDialog& dialog, char const* objectName, QString const& number)
+{
+    auto* const box = dialog.findChild<QAbstractSpinBox*>(QLatin1String(objectName));
+    if (!box)
+        qFatal("the dialog has no box \"%s\"", objectName);
+    activate(dialog); // a message that was read may have left another window active
+    user.click(*box, QPoint(10, box->height() / 2));
+    user.key(Qt::Key_A, Qt::ControlModifier);
+    user.type(number);
+    user.key(Qt::Key_Tab);
+    user.settle();
+}
+
+bool TourContext::assignVariable(char assignment, int variable)
+{
+    auto* const box = window.findChild<QComboBox*>(QStringLiteral("assignment") + QLatin1Char(assignment));
+    if (!box)
+        return false;
+    activate(window);
+    user.key(Qt::Key_4, Qt::ControlModifier);
+    for (int tabs = 0; tabs < 12 && !box->hasFocus(); ++tabs)
+        user.key(Qt::Key_Tab);
+    if (!box->hasFocus())
+        return false;
+    user.key(Qt::Key_Home);
+    for (int row = 0; row < box->findData(variable); ++row)
+        user.key(Qt::Key_Down);
+    user.settle();
+    return kernel::Session::instance().activeFrame()->variableNumber(assignment) == variable;
 }
 
 QAction* TourContext::action(char const* objectName) const

@@ -46,6 +46,13 @@ public:
     static QListView& list(QDialog& dialog, char const* objectName);
     static int selectedRowCount(QListView const& list);
 
+    /// Types a number into one of the dialog's boxes, over what stands there, and leaves the box by Tab.
+    void enterNumber(QDialog& dialog, char const* objectName, QString const& number);
+
+    /// Assigns a variable to an axis or a component of the vector in the "Plot" panel, by keys: Ctrl+4, Tab, arrows.
+    /// @return false when it does not stand there afterwards
+    bool assignVariable(char assignment, int variable);
+
     /// An entry of the menus by its object name, null if there is none.
     QAction* action(char const* objectName) const;
 

@@ -1,0 +1,77 @@
+#include "tools/help-pictures/HelpSubject.h"
+
+#include <QAbstractButton>
+#include <QDialog>
+#include <QListView>
+
+namespace veldraw::app {
+
+namespace {
+
+template <typename Widget>
+Widget& child(QDialog& dialog, char const* name)
+{
+    auto* const found = dialog.findChild<Widget*>(QLatin1String(name));
+    if (!found)
+        qFatal("the dialog has no \"%s\"", name);
+    return *found;
+}
+
+// Radio buttons take clicks on their mark and text, which need not reach the middle.
+void turnOn(QDialog& dialog, UserDriver& user, char const* name)
+{
+    auto& button = child<QAbstractButton>(dialog, name);
+    user.click(button, QPoint(8, button.height() / 2));
+}
+
+void enterNumber(QDialog& dialog, UserDriver& user, char const* name, char const* number)
+{
+    child<QWidget>(dialog, name).setFocus();
+    user.key(Qt::Key_A, Qt::ControlModifier);
+    user.type(QString::fromLatin1(number));
+    user.key(Qt::Key_Tab);
+}
+
+void selectFirstZone(QDialog& dialog, UserDriver& user, char const* list)
+{
+    user.clickRow(child<QListView>(dialog, list), 0);
+}
+
+void enterDuplicate(QDialog& dialog, UserDriver& user)
+{
+    selectFirstZone(dialog, user, "duplicateZone_Source_MList");
+}
+
+void enterMirror(QDialog& dialog, UserDriver& user)
+{
+    selectFirstZone(dialog, user, "createMirrorZone_Source_MList");
+    turnOn(dialog, user, "createMirrorZone_Axis3DYZ_RadioButton");
+}
+
+void enterRotation(QDialog& dialog, UserDriver& user)
+{
+    selectFirstZone(dialog, user, "zoneList");
+    enterNumber(dialog, user, "angle_spinBox", "30");
+}
+
+void enterAxialDuplication(QDialog& dialog, UserDriver& user)
+{
+    selectFirstZone(dialog, user, "zoneList");
+    turnOn(dialog, user, "fullRotation_radioButton");
+    enterNumber(dialog, user, "numberOfSegments", "6");
+}
+
+} // namespace
+
+std::vector<HelpSubject> const& helpSubjects()
+{
+    static std::vector<HelpSubject> const subjects{
+        {"axialDuplicationAction", "axial_duplication", "&Duplicate", enterAxialDuplication},
+        {"axialRotationAction", "axial_rotation", "&Rotate", enterRotation},
+        {"createMirrorZoneAction", "create_zone_mirror", "C&reate", enterMirror},
+        {"duplicateZoneAction", "create_zone_duplicate", nullptr, enterDuplicate},
+    };
+    return subjects;
+}
+
+} // namespace veldraw::app

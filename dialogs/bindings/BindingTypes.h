@@ -3,6 +3,7 @@
 /// @file
 /// The closed lists of value types for which the binding templates are compiled, each once.
 
+#include "dialogs/models/ListModelTypes.h"
 #include "platform/vdsdkbase/VelUtilTypes.h"
 
 #include <string>
@@ -51,13 +52,4 @@
 /// Calls M(T) for each type of which there may be a line edit, that of an editable combo box among them.
 #define VELDRAW_FOR_EACH_LINE_EDIT_TYPE(M)                                                                             \
     VELDRAW_FOR_EACH_TEXT_FIELD_TYPE(M)                                                                                \
-    M(AuxDataLocation_e)                                                                                               \
-    M(BoundaryCondition_e)                                                                                             \
-    M(Drift_e)                                                                                                         \
-    M(FourierPlotDisplayType_e)                                                                                        \
-    M(IJKPlanes_e)                                                                                                     \
-    M(NumberFormat_e)                                                                                                  \
-    M(PtSelection_e)                                                                                                   \
-    M(ThetaMode_e)                                                                                                     \
-    M(ValueLocation_e)                                                                                                 \
-    M(WindowFunction_e)
+    VELDRAW_FOR_EACH_CHOICE_TYPE(M)

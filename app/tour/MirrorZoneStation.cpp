@@ -1,6 +1,7 @@
 #include "app/tour/MirrorZoneStation.h"
 
 #include "app/tour/ZoneProbe.h"
+#include "app/window/HelpViewer.h"
 #include "dialogs/zoneops/CreateMirrorZoneDialog.h"
 #include "kernel/frames/Session.h"
 
@@ -48,6 +49,7 @@ void MirrorZoneStation::run()
     mirrorInSpaceByMouse();
     mirrorInThePlaneByKeyboard();
     undoAndRedo();
+    askForHelp();
     m_tour.activate(*dialog);
     m_tour.user.key(Qt::Key_Escape);
     m_tour.check("Escape closes the dialog", !dialog->isVisible());
@@ -128,6 +130,19 @@ void MirrorZoneStation::undoAndRedo()
     for (int step = 0; step < 3; ++step)
         m_tour.user.key(Qt::Key_Z, Qt::ControlModifier);
     m_tour.user.settle(500);
+}
+
+void MirrorZoneStation::askForHelp()
+{
+    m_tour.activate(*UserDriver::visibleWindow<CreateMirrorZoneDialog>());
+    m_tour.user.key(Qt::Key_F1);
+    m_tour.user.waitFor([] { return UserDriver::visibleWindow<HelpViewer>() != nullptr; });
+    auto* const viewer = UserDriver::visibleWindow<HelpViewer>();
+    if (!m_tour.check("F1 opens the help viewer", viewer != nullptr))
+        return;
+    m_tour.check("at the page of the dialog", QStringLiteral("Help: Create Mirror Zone"), viewer->windowTitle());
+    m_tour.user.picture(QStringLiteral("mirror-help"));
+    viewer->close();
 }
 
 QString MirrorZoneStation::visibleChoices() const

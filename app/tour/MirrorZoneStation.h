@@ -16,6 +16,7 @@ private:
     void mirrorInSpaceByMouse();
     void mirrorInThePlaneByKeyboard();
     void undoAndRedo();
+    void askForHelp();
     QString visibleChoices() const;
 
     TourContext& m_tour;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dialogs/bindings/ListenerList.h"
+#include "dialogs/models/ListenerList.h"
 #include "dialogs/bindings/QComboBoxListenerInterface.h"
 
 #include <QObject>

@@ -6,7 +6,7 @@
 
 namespace veldraw::sdk::ui::dialogs::propertybindings {
 
-/// The listeners of a widget observable; none is owned.
+/// The listeners of a widget observable or a table model; none is owned.
 ///
 /// While they are being told something, listeners may come and go: who came is told from the next time on, who left is
 /// not told any more, and the list itself may be destroyed, which ends the round. A listener that throws ends it too.

@@ -1,0 +1,194 @@
+#include "dialogs/spreadsheet/ZoneVarTableModelAbstract.h"
+
+#include "platform/exception/IOException.h"
+#include "platform/exception/InterruptedException.h"
+#include "platform/vdsdkbase/StateChange.h"
+#include "platform/vdsdkbase/VelUtilDataValue.h"
+#include "platform/vdsdkbase/VelUtilQuery.h"
+#include "platform/vdsdkbase/VelUtilZone.h"
+#include "platform/vdsdkcommon/ActionReporter.h"
+#include "platform/vdsdkcommon/AppLock.h"
+#include "platform/vdsdkcommon/DataSetQueries.h"
+#include "platform/vdsdkcommon/StateChangeEventObservable.h"
+#include "platform/vdtoolbox/ArgList.h"
+#include "platform/vdtoolbox/StateChangeEventInterface.h"
+#include "platform/vdtoolbox/StateChangeListenerInterface.h"
+
+#include <boost/lexical_cast.hpp>
+
+#include <sstream>
+
+namespace veldraw::sdk::ui::dialogs::propertybindings::models {
+
+using integration::StateChangeEventObservable;
+using toolbox::StateChangeEventInterface;
+
+namespace {
+
+// Zero for what is no number: who lets people type looks at their text first.
+double numberOf(std::string const& text)
+{
+    double number = 0.0;
+    std::istringstream(text) >> number;
+    return number;
+}
+
+void loadDimensions(int zone, long long& i, long long& j, long long& k)
+{
+    VelUtilZoneGetIJK(zone, &i, &j, &k);
+    if (i != -1 && j != -1 && k != -1)
+        return;
+    if (VelUtilInterruptIsSet())
+        throw InterruptedException();
+    throw IOException("Failed to load zone metrics.");
+}
+
+} // namespace
+
+/// Tells the table's listeners when somebody else changes its values.
+class ZoneVarTableModelAbstract::StateChangeListener : public toolbox::StateChangeListenerInterface
+{
+public:
+    explicit StateChangeListener(ZoneVarTableModelAbstract& model)
+        : m_model(model)
+    {
+    }
+
+    void stateChanged(StateChangeEventInterface const& event) override
+    {
+        if (event.kind() == StateChange_ValuesAltered && concernsTable(event))
+            m_model.notifyOfDataChanged();
+    }
+
+private:
+    // An event that doesn't say what it is about may be about anything.
+    bool concernsTable(StateChangeEventInterface const& event) const
+    {
+        if (!event.hasZones() || !event.hasVars())
+            return true;
+        for (int const variable : event.vars().members()) {
+            if (m_model.m_variables.isMember(variable))
+                return true;
+        }
+        return false;
+    }
+
+    ZoneVarTableModelAbstract& m_model;
+};
+
+ZoneVarTableModelAbstract::ZoneVarTableModelAbstract(int zone, toolbox::Set const& variables,
+                                                     bool alterInAllSharedZones, ValueLocation_e location)
+    : m_zone(zone)
+    , m_variables(variables)
+    , m_alterInAllSharedZones(alterInAllSharedZones)
+    , m_location(location)
+    , m_zoneOrder(getZoneOrder(zone))
+    , m_listener(std::make_unique<StateChangeListener>(*this))
+{
+    loadDimensions(m_zone, m_iMax, m_jMax, m_kMax);
+    StateChangeEventObservable::getInstance().addListener(m_listener.get());
+}
+
+ZoneVarTableModelAbstract::~ZoneVarTableModelAbstract()
+{
+    StateChangeEventObservable::getInstance().removeListener(m_listener.get());
+}
+
+unsigned long long ZoneVarTableModelAbstract::columnCount() const
+{
+    return dataSetAndFrameAreAvailable() ? modelColumnCount() : 0;
+}
+
+unsigned long long ZoneVarTableModelAbstract::rowCount() const
+{
+    return dataSetAndFrameAreAvailable() ? modelRowCount() : 0;
+}
+
+std::string ZoneVarTableModelAbstract::columnName(unsigned long long column) const
+{
+    if (columnCount() == 0 || !dataSetAndFrameAreAvailable())
+        return std::string();
+    return variableNameFormattedForAliases(variableNumber(column + 1));
+}
+
+std::string ZoneVarTableModelAbstract::rowName(unsigned long long row) const
+{
+    return rowCount() == 0 ? std::string() : std::to_string(row + 1);
+}
+
+bool ZoneVarTableModelAbstract::isEditable(ModelIndex const&) const
+{
+    return true;
+}
+
+std::string ZoneVarTableModelAbstract::getStr(ModelIndex const& index) const
+{
+    int const variable = variableNumber(index.column + 1);
+    if (!VelUtilDataValueIsLoaded(m_zone, variable))
+        return "Not Loaded";
+    AppLock const lock(AppLock::RecordAsUsual);
+    long long const offset = valueOffset(index);
+    int const type = VelUtilDataValueGetType(m_zone, variable);
+    double const value = VelUtilDataValueGetByZoneVar(m_zone, variable, offset + 1);
+    if (type == FieldDataType_Float)
+        return boost::lexical_cast<std::string>(static_cast<float>(value));
+    return boost::lexical_cast<std::string>(value);
+}
+
+bool ZoneVarTableModelAbstract::setStr(ModelIndex const& index, std::string const& text)
+{
+    int const variable = variableNumber(index.column + 1);
+    if (!VelUtilDataValueIsLoaded(m_zone, variable))
+        return false;
+    AppLock const lock(AppLock::RecordAsUsual);
+    return writeValue(variable, index, numberOf(text));
+}
+
+bool ZoneVarTableModelAbstract::writeValue(int variable, ModelIndex const& index, double value)
+{
+    toolbox::ArgList arguments;
+    arguments.appendInt("Zone", m_zone);
+    arguments.appendInt("Var", variable);
+    arguments.appendInt("Index", valueOffset(index) + 1);
+    arguments.appendDouble("FieldValue", value);
+    arguments.appendInt("AutoBranch", m_alterInAllSharedZones ? 0 : 1);
+
+    // The table's own edit is one cell's change and not news about everything; so the listener is out of the way until
+    // that has been told, and comes back however the edit ends.
+    struct BackAtTheEnd
+    {
+        toolbox::StateChangeListenerInterface* listener;
+        ~BackAtTheEnd() { StateChangeEventObservable::getInstance().addListener(listener); }
+    } const backAtTheEnd{m_listener.get()};
+    auto const write = [this, &arguments] {
+        StateChangeEventObservable::getInstance().removeListener(m_listener.get());
+        return static_cast<char>(VelUtilDataValueSetByZoneVarX(arguments.getRef()));
+    };
+    bool const isWritten = velUtilActionReporter(write, "Error while setting variable value", "") != 0;
+    if (isWritten)
+        notifyOfItemChanged(index);
+    return isWritten;
+}
+
+FieldDataType_e ZoneVarTableModelAbstract::fieldDataType(ModelIndex const& index) const
+{
+    return static_cast<FieldDataType_e>(VelUtilDataValueGetType(m_zone, variableNumber(index.column + 1)));
+}
+
+int ZoneVarTableModelAbstract::variableNumber(unsigned long long column) const
+{
+    return m_variables.members().at(column - 1);
+}
+
+long long ZoneVarTableModelAbstract::valueOffset(ModelIndex const& index) const
+{
+    return static_cast<long long>(index.row);
+}
+
+unsigned long long ZoneVarTableModelAbstract::cellCount(long long dimension) const
+{
+    bool const isReduced = m_location == ValueLocation_CellCentered && dimension > 1;
+    return static_cast<unsigned long long>(isReduced ? dimension - 1 : dimension);
+}
+
+} // namespace veldraw::sdk::ui::dialogs::propertybindings::models

@@ -43,7 +43,7 @@ Set getNotLoadedVariablesForZone(int zone)
         return notLoaded;
     for (int variable : dataSet->enabledVariables()) {
         kernel::Field const* const field = dataSet->field(zone, variable);
-        if (field && !field->isPassive() && !field->group()->buffer())
+        if (field && !field->isLoaded())
             notLoaded.add(variable);
     }
     return notLoaded;

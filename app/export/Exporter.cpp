@@ -114,8 +114,23 @@ ExportResult exportTables(kernel::DataSet const& dataSet, std::string const& pat
     return result;
 }
 
+// A file without them would pass for the whole data set.
+void requireAllLoaded(kernel::DataSet const& dataSet)
+{
+    for (auto const& zone : dataSet.zones()) {
+        if (zone->isDeferred())
+            throw ExportError("the dimensions of zone \"" + zone->name + "\" are not loaded");
+        for (std::size_t n = 0; n < zone->fields.size(); ++n) {
+            if (!zone->fields[n].isLoaded())
+                throw ExportError("\"" + dataSet.variables()[n]->name + "\" of zone \"" + zone->name +
+                                  "\" is not loaded");
+        }
+    }
+}
+
 ExportResult exportTo(kernel::DataSet const& dataSet, std::string const& path)
 {
+    requireAllLoaded(dataSet);
     std::string const extension = extensionOf(path);
     if (dataSet.zoneCount() == 0)
         throw ExportError("there are no zones to write");

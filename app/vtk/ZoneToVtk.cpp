@@ -102,7 +102,7 @@ vtkSmartPointer<vtkDataArray> vtkArrayOfField(kernel::Zone const& zone, kernel::
     OrderedCells const cells(zone);
     std::int64_t const count = orderedCells ? cells.count() : zone.valueCount(field.location());
     vtkSmartPointer<vtkDataArray> array;
-    if (field.isPassive()) {
+    if (field.isPassive() || !field.isLoaded()) {
         array = wrappedBuffer(kernel::Buffer::allocate(field.type(), count), count);
     } else {
         std::shared_ptr<kernel::Buffer const> buffer = field.group()->buffer();

@@ -75,6 +75,8 @@ QString zoneTypeText(ZoneType_e type)
 
 QString zoneSizeText(kernel::Zone const& zone)
 {
+    if (zone.isDeferred())
+        return QStringLiteral("not loaded");
     if (zone.isOrdered())
         return QString::fromUtf8("%1 × %2 × %3").arg(zone.i).arg(zone.j).arg(zone.k);
     return QStringLiteral("%1 points, %2 cells").arg(countText(zone.pointCount()), countText(zone.cellCount()));
@@ -176,7 +178,7 @@ std::int64_t valueBytes(kernel::DataSet const& dataSet)
     std::int64_t bytes = 0;
     for (auto const& zone : dataSet.zones())
         for (kernel::Field const& field : zone->fields)
-            if (!field.isPassive() && seen.insert(field.group().get()).second)
+            if (!field.isPassive() && field.isLoaded() && seen.insert(field.group().get()).second)
                 bytes += field.group()->buffer()->bytes();
     return bytes;
 }

@@ -35,7 +35,8 @@ int VelUtilDataValueGetType(int zone, int var)
 
 bool VelUtilDataValueIsLoaded(int zone, int var)
 {
-    return activeField(zone, var) != nullptr; // a passive field reads as 0: there is nothing to load
+    Field const* const field = activeField(zone, var);
+    return field != nullptr && field->isLoaded();
 }
 
 bool VelUtilDataValueIsMinMaxValidByZoneVar(int zone, int var)

@@ -20,7 +20,7 @@ int VelUtilVarGetNumByUniqueID(long long varID)
 int VelUtilVarGetStatus(int zone, int var)
 {
     Field const* const field = api::activeField(zone, var);
-    if (field == nullptr) {
+    if (field == nullptr || !field->isLoaded()) {
         return VarStatus_NotLoaded;
     }
     return field->isPassive() ? VarStatus_Passive : VarStatus_Loaded;

@@ -16,6 +16,9 @@ public:
     /// Counts @p done more units as done.
     void advance(std::int64_t done) { m_done += done; }
 
+    /// Units that have been counted as done.
+    std::int64_t done() const { return m_done; }
+
     /// From 0 to 1; 0 while the total is not known.
     double fraction() const;
 

@@ -13,24 +13,6 @@ namespace veldraw::kernel {
 
 namespace {
 
-std::int64_t bytesOf(FieldDataType_e type, std::int64_t size)
-{
-    switch (type) {
-    case FieldDataType_Float:
-    case FieldDataType_Int32:
-        return size * 4;
-    case FieldDataType_Double:
-        return size * 8;
-    case FieldDataType_Int16:
-        return size * 2;
-    case FieldDataType_Byte:
-        return size;
-    case FieldDataType_Bit:
-        return size / 8 + (size % 8 != 0 ? 1 : 0);
-    }
-    return 0;
-}
-
 template <typename Integer>
 Integer rounded(double value)
 {
@@ -45,6 +27,30 @@ Integer rounded(double value)
 unsigned char bitMask(std::int64_t index)
 {
     return static_cast<unsigned char>(0x80U >> static_cast<unsigned>(index % 8));
+}
+
+/// The bits that @p value is stored in.
+template <typename Pattern, typename Element>
+Pattern pattern(Element value)
+{
+    static_assert(sizeof(Pattern) == sizeof(Element), "the same memory seen in another way");
+    Pattern bits = 0;
+    std::memcpy(&bits, &value, sizeof bits);
+    return bits;
+}
+
+template <typename Pattern>
+Pattern patternAt(void const* data, std::int64_t position)
+{
+    Pattern bits = 0;
+    std::memcpy(&bits, static_cast<Pattern const*>(data) + position, sizeof bits);
+    return bits;
+}
+
+template <typename Pattern>
+void storePattern(void* data, std::int64_t position, Pattern bits) noexcept
+{
+    std::memcpy(static_cast<Pattern*>(data) + position, &bits, sizeof bits);
 }
 
 template <typename Element>
@@ -93,6 +99,24 @@ std::shared_ptr<Buffer> Buffer::adopt(FieldDataType_e type, std::int64_t size, v
     return std::shared_ptr<Buffer>(new Buffer(type, usedSize, data, usedStride, std::move(owner)));
 }
 
+std::int64_t Buffer::bytesOf(FieldDataType_e type, std::int64_t size)
+{
+    switch (type) {
+    case FieldDataType_Float:
+    case FieldDataType_Int32:
+        return size * 4;
+    case FieldDataType_Double:
+        return size * 8;
+    case FieldDataType_Int16:
+        return size * 2;
+    case FieldDataType_Byte:
+        return size;
+    case FieldDataType_Bit:
+        return size / 8 + (size % 8 != 0 ? 1 : 0);
+    }
+    return 0;
+}
+
 std::int64_t Buffer::bytes() const
 {
     return bytesOf(m_type, m_size);
@@ -120,28 +144,64 @@ double Buffer::value(std::int64_t index) const
 
 void Buffer::setValue(std::int64_t index, double value)
 {
+    setBits(index, bitsOf(m_type, value));
+}
+
+std::uint64_t Buffer::bitsOf(FieldDataType_e type, double value)
+{
+    switch (type) {
+    case FieldDataType_Float:
+        return pattern<std::uint32_t>(static_cast<float>(value));
+    case FieldDataType_Double:
+        return pattern<std::uint64_t>(value);
+    case FieldDataType_Int32:
+        return pattern<std::uint32_t>(rounded<std::int32_t>(value));
+    case FieldDataType_Int16:
+        return pattern<std::uint16_t>(rounded<std::int16_t>(value));
+    case FieldDataType_Byte:
+        return rounded<unsigned char>(value);
+    case FieldDataType_Bit:
+        return !std::isnan(value) && (value < 0.0 || value > 0.0) ? 1 : 0;
+    }
+    return 0;
+}
+
+std::uint64_t Buffer::bits(std::int64_t index) const
+{
     std::int64_t const position = index * m_stride;
     switch (m_type) {
     case FieldDataType_Float:
-        static_cast<float*>(m_data)[position] = static_cast<float>(value);
-        break;
-    case FieldDataType_Double:
-        static_cast<double*>(m_data)[position] = value;
-        break;
     case FieldDataType_Int32:
-        static_cast<std::int32_t*>(m_data)[position] = rounded<std::int32_t>(value);
-        break;
+        return patternAt<std::uint32_t>(m_data, position);
+    case FieldDataType_Double:
+        return patternAt<std::uint64_t>(m_data, position);
     case FieldDataType_Int16:
-        static_cast<std::int16_t*>(m_data)[position] = rounded<std::int16_t>(value);
-        break;
+        return patternAt<std::uint16_t>(m_data, position);
     case FieldDataType_Byte:
-        static_cast<unsigned char*>(m_data)[position] = rounded<unsigned char>(value);
-        break;
+        return patternAt<unsigned char>(m_data, position);
+    case FieldDataType_Bit:
+        return (static_cast<unsigned char const*>(m_data)[index / 8] & bitMask(index)) != 0 ? 1 : 0;
+    }
+    return 0;
+}
+
+void Buffer::setBits(std::int64_t index, std::uint64_t bits) noexcept
+{
+    std::int64_t const position = index * m_stride;
+    switch (m_type) {
+    case FieldDataType_Float:
+    case FieldDataType_Int32:
+        return storePattern(m_data, position, static_cast<std::uint32_t>(bits));
+    case FieldDataType_Double:
+        return storePattern(m_data, position, bits);
+    case FieldDataType_Int16:
+        return storePattern(m_data, position, static_cast<std::uint16_t>(bits));
+    case FieldDataType_Byte:
+        return storePattern(m_data, position, static_cast<unsigned char>(bits));
     case FieldDataType_Bit: {
         unsigned char& byte = static_cast<unsigned char*>(m_data)[index / 8];
         unsigned const mask = bitMask(index);
-        bool const on = !std::isnan(value) && (value < 0.0 || value > 0.0);
-        byte = static_cast<unsigned char>(on ? (byte | mask) : (byte & ~mask));
+        byte = static_cast<unsigned char>(bits != 0 ? (byte | mask) : (byte & ~mask));
         break;
     }
     }

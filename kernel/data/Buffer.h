@@ -51,6 +51,16 @@ public:
     /// narrowed for float, non-zero = 1 for bits; NaN becomes 0 in the integer types. No check of the index.
     void setValue(std::int64_t index, double value);
 
+    /// The value at a zero-based @p index as it is stored, in the lowest bits. No check of the index.
+    std::uint64_t bits(std::int64_t index) const;
+    void setBits(std::int64_t index, std::uint64_t bits) noexcept;
+
+    /// What setValue() stores for @p value.
+    static std::uint64_t bitsOf(FieldDataType_e type, double value);
+
+    /// Bytes of @p size values that stand side by side.
+    static std::int64_t bytesOf(FieldDataType_e type, std::int64_t size);
+
     /// A contiguous copy. @throws std::bad_alloc
     std::shared_ptr<Buffer> clone() const;
 

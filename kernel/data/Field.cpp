@@ -10,7 +10,7 @@ Field::Field(FieldDataType_e type, ValueLocation_e location)
 
 Field::Field(std::shared_ptr<ShareGroup> group, ValueLocation_e location)
     : m_group(std::move(group))
-    , m_type(m_group ? m_group->buffer()->type() : FieldDataType_Float)
+    , m_type(m_group ? m_group->type() : FieldDataType_Float)
     , m_location(location)
 {
 }

@@ -8,7 +8,8 @@ namespace veldraw::kernel {
 
 /// One variable in one zone: where its values sit and the group that stores them.
 ///
-/// A passive field has a type and a location but no values; it reads as 0 everywhere.
+/// A passive field has a type and a location but no values; it reads as 0 everywhere. The values of any other field may
+/// not be loaded yet: its group then has no buffer.
 /// Cell-centred values of an ordered zone are addressed with nodal strides: the value of cell (i, j, k), zero-based, is
 /// at i + j * I + k * I * J with the zone's point dimensions I, J, K; a dimension of 1 has one layer of cells. The
 /// unused last slots are never read. Cell-centred values of a finite-element zone are one a cell.
@@ -21,9 +22,12 @@ public:
     /// A field with values.
     Field(std::shared_ptr<ShareGroup> group, ValueLocation_e location);
 
-    FieldDataType_e type() const { return m_group ? m_group->buffer()->type() : m_type; }
+    FieldDataType_e type() const { return m_group ? m_group->type() : m_type; }
     ValueLocation_e location() const { return m_location; }
     bool isPassive() const { return !m_group; }
+
+    /// Whether there are values to read: true for a passive field, which reads as 0.
+    bool isLoaded() const { return !m_group || m_group->isLoaded(); }
 
     /// Null for a passive field.
     std::shared_ptr<ShareGroup> const& group() const { return m_group; }

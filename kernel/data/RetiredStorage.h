@@ -9,8 +9,8 @@ namespace veldraw::kernel {
 /// The storage of fields that a step of the history takes out of a data set and puts back, all on one group.
 ///
 /// A group that other fields still use is remembered without being held, so that share counts stay true; should it have
-/// gone by the time the fields come back, they get a group of their own over the buffer as it was, and still share it
-/// among themselves. A group that nobody else uses is held.
+/// gone by the time the fields come back, they get a group of their own over the same memory, and still share it among
+/// themselves. Nothing here stands in the way of a write in place or of an unload. A group that nobody else uses is held.
 class RetiredStorage
 {
 public:
@@ -37,10 +37,10 @@ public:
     {
         std::shared_ptr<ShareGroup> const group = m_group.lock();
         if (group.use_count() - 1 > m_fields) {
-            m_reserve = group->branch();
+            m_reserve = group->standIn();
             return 0;
         }
-        return group->buffer()->bytes();
+        return group->isLoaded() ? group->buffer()->bytes() : 0;
     }
 
     /// Takes over the group of a field that goes out.

@@ -1,72 +1,125 @@
 #include "kernel/data/ShareGroup.h"
 
-#include "kernel/data/RangeOfBuffer.h"
+#include <stdexcept>
 
 namespace veldraw::kernel {
 
 ShareGroup::ShareGroup(std::shared_ptr<Buffer> buffer)
     : m_buffer(std::move(buffer))
 {
+    if (m_buffer) {
+        m_type = m_buffer->type();
+        m_size = m_buffer->size();
+    }
+}
+
+ShareGroup::ShareGroup(FieldDataType_e type, std::int64_t size, std::shared_ptr<ValueLoader> loader)
+    : m_type(type)
+    , m_size(size)
+    , m_loader(std::move(loader))
+{
+    if (m_loader) {
+        m_range.give(m_loader->range());
+    }
+}
+
+void ShareGroup::setLoaded(std::shared_ptr<Buffer> buffer) noexcept
+{
+    m_buffer.swap(buffer);
+    m_type = m_buffer->type();
+    m_size = m_buffer->size();
+    ValueRange::State const state = m_range.range().state;
+    if (isMapped() && state == ValueRange::State::Unknown) {
+        m_range.leaveUnknown();
+    } else if (!isMapped() && state == ValueRange::State::Estimated) {
+        m_range.forget();
+    }
+}
+
+void ShareGroup::unload() noexcept
+{
+    if (canUnload()) {
+        m_buffer.reset();
+    }
 }
 
 void ShareGroup::replaceBuffer(std::shared_ptr<Buffer> buffer)
 {
     m_buffer = std::move(buffer);
-    forgetRange();
+    if (m_buffer) {
+        m_type = m_buffer->type();
+        m_size = m_buffer->size();
+    }
+    m_isAltered = true;
+    m_range.forget();
 }
 
 Buffer& ShareGroup::writableBuffer()
 {
-    if (m_buffer.use_count() > 1) {
+    if (!m_buffer) {
+        throw std::logic_error("Values that are not loaded cannot be written.");
+    }
+    if (isHeld()) {
         m_buffer = m_buffer->clone();
     }
-    forgetRange();
+    m_isAltered = true;
+    m_range.forget();
     return *m_buffer;
 }
 
-ValueRange const& ShareGroup::range() const
+void ShareGroup::writeBits(std::int64_t index, std::uint64_t bits, KnownRange::Dimensions const& dims) noexcept
 {
-    if (!m_rangeIsKnown || (!m_rangeIsGiven && m_rangeDims != Dimensions{})) {
-        m_range = rangeOfBuffer(*m_buffer);
-        m_rangeDims = {};
-        m_rangeIsKnown = true;
+    double const before = m_buffer->value(index);
+    m_buffer->setBits(index, bits);
+    m_isAltered = true;
+    KnownRange known = m_range;
+    m_range.follow(before, m_buffer->value(index), dims);
+    if (isMapped() && !m_range.isKnownFor(dims)) { // not to be computed
+        known.makeEstimate();
+        m_range = known;
+        m_range.follow(before, m_buffer->value(index), dims);
     }
-    return m_range;
 }
 
 ValueRange const& ShareGroup::cellRange(std::int64_t i, std::int64_t j, std::int64_t k) const
 {
-    Dimensions const dims{i, j, k};
-    if (!m_rangeIsKnown || (!m_rangeIsGiven && m_rangeDims != dims)) {
-        m_range = rangeOfCells(*m_buffer, dims);
-        m_rangeDims = dims;
-        m_rangeIsKnown = true;
+    KnownRange::Dimensions const dims{i, j, k};
+    if (m_range.isKnownFor(dims)) {
+        return m_range.range();
     }
-    return m_range;
-}
-
-void ShareGroup::setKnownRange(ValueRange const& range)
-{
-    m_range = range;
-    m_rangeIsKnown = range.isValid();
-    m_rangeIsGiven = m_rangeIsKnown;
+    if (!m_buffer) {
+        static ValueRange const unknown;
+        return unknown;
+    }
+    m_range.compute(*m_buffer, dims);
+    return m_range.range();
 }
 
 std::shared_ptr<ShareGroup> ShareGroup::branch() const
 {
-    auto group = std::make_shared<ShareGroup>(m_buffer);
+    if (m_buffer) {
+        return branch(m_buffer);
+    }
+    auto group = std::make_shared<ShareGroup>(m_type, m_size, m_loader);
     group->m_range = m_range;
-    group->m_rangeIsKnown = m_rangeIsKnown;
-    group->m_rangeIsGiven = m_rangeIsGiven;
-    group->m_rangeDims = m_rangeDims;
     return group;
 }
 
-void ShareGroup::forgetRange()
+std::shared_ptr<ShareGroup> ShareGroup::branch(std::shared_ptr<Buffer> copy) const
 {
-    m_range = {};
-    m_rangeIsKnown = false;
-    m_rangeIsGiven = false;
+    auto group = std::make_shared<ShareGroup>(std::move(copy));
+    group->m_range = m_range;
+    return group;
+}
+
+std::shared_ptr<ShareGroup> ShareGroup::standIn() const
+{
+    if (!m_buffer || canUnload()) {
+        auto group = std::make_shared<ShareGroup>(m_type, m_size, m_loader);
+        group->m_range = m_range;
+        return group;
+    }
+    return branch(Buffer::adopt(m_type, m_size, m_buffer->mutableData(), m_buffer->stride(), m_buffer->owner()));
 }
 
 } // namespace veldraw::kernel

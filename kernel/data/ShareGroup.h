@@ -1,57 +1,103 @@
 #pragma once
 
 #include "kernel/data/Buffer.h"
-#include "kernel/data/ValueRange.h"
+#include "kernel/data/KnownRange.h"
+#include "kernel/data/ValueLoader.h"
 
-#include <array>
 #include <cstdint>
 #include <memory>
 
 namespace veldraw::kernel {
 
 /// The fields that share one storage. Two fields share data exactly when they point at the same group; the group points
-/// at a buffer. Undo history holds buffers, never groups, so a share count is the number of live fields on the group.
+/// at a buffer, or at a loader that can bring it. Undo history holds buffers, never groups, so a share count is the number
+/// of live fields on the group.
 class ShareGroup
 {
 public:
     explicit ShareGroup(std::shared_ptr<Buffer> buffer);
 
+    /// A group whose values are not loaded yet.
+    /// @param size number of values; -1 while the zone's dimensions are not known
+    ShareGroup(FieldDataType_e type, std::int64_t size, std::shared_ptr<ValueLoader> loader);
+
+    bool isLoaded() const { return m_buffer != nullptr; }
+
+    /// Type and number of the values, loaded or not; the number is -1 while it is not known.
+    FieldDataType_e type() const { return m_type; }
+    std::int64_t size() const { return m_size; }
+
+    /// Null while the values are not loaded.
     std::shared_ptr<Buffer const> buffer() const { return m_buffer; }
+
+    /// Null when the values cannot be loaded (again).
+    std::shared_ptr<ValueLoader> const& loader() const { return m_loader; }
+
+    /// Takes the values that the loader has brought, for all fields of the group.
+    void setLoaded(std::shared_ptr<Buffer> buffer) noexcept;
+
+    /// Whether the values can be let go of: a loader can bring the same again, since nobody has altered them.
+    bool canUnload() const { return m_buffer && m_loader && !m_isAltered; }
+
+    /// Lets go of the values when it can. What was found out about their range stays known.
+    void unload() noexcept;
 
     /// Puts another buffer in place, for all fields of the group; the range is forgotten.
     void replaceBuffer(std::shared_ptr<Buffer> buffer);
 
     /// The buffer for writing: the group's own if nobody else holds it, else a private copy put in its place.
-    /// The range is forgotten. @throws std::bad_alloc
+    /// The range is forgotten. @throws std::bad_alloc, std::logic_error while the values are not loaded
     Buffer& writableBuffer();
 
-    /// Range of the finite values, computed on the first call after a change and kept.
-    ValueRange const& range() const;
+    /// Whether somebody else holds the buffer, so that a write has to go to a copy.
+    bool isHeld() const { return m_buffer.use_count() > 1; }
+
+    /// Puts a copy of the same values in the place of a buffer that is held; what is known of the range holds on.
+    void replaceByCopy(std::shared_ptr<Buffer> copy) noexcept { m_buffer.swap(copy); }
+
+    /// Writes one value as it is stored, in place, also when the buffer is held, and keeps the range up to date.
+    /// @param index zero-based, not checked; the values are loaded
+    /// @param dims point dimensions when the value is that of a cell of an ordered zone, else zeros
+    void writeBits(std::int64_t index, std::uint64_t bits, KnownRange::Dimensions const& dims) noexcept;
+
+    /// Range of the finite values, computed on the first call after a change and kept; what is known of it while the
+    /// values are not loaded.
+    ValueRange const& range() const { return cellRange(0, 0, 0); }
 
     /// Range of the finite values at the cells of an ordered zone with these point dimensions: the slots that no cell
     /// has are left out. Kept as range() is.
     ValueRange const& cellRange(std::int64_t i, std::int64_t j, std::int64_t k) const;
 
     /// A range known without looking at the values, for instance from a file's header.
-    void setKnownRange(ValueRange const& range);
+    void setKnownRange(ValueRange const& range) { m_range.give(range); }
+
+    /// What is known of the range, to be put back when a change of values is taken back.
+    KnownRange const& knownRange() const { return m_range; }
+    void restoreRange(KnownRange const& range) noexcept { m_range = range; }
 
     /// A new group over the same buffer, with what is known of its range: no value is copied until one of the two is
-    /// written.
+    /// written. Over the same loader while the values are not loaded.
     std::shared_ptr<ShareGroup> branch() const;
+
+    /// A new group over @p copy, which has the same values, with what is known of their range.
+    std::shared_ptr<ShareGroup> branch(std::shared_ptr<Buffer> copy) const;
+
+    /// A group that can take this one's place, should it go. It has the same memory, but does not count as a holder of the
+    /// buffer, and values that can be loaded again it does not hold at all.
+    std::shared_ptr<ShareGroup> standIn() const;
 
     ShareGroup(ShareGroup const&) = delete;
     ShareGroup& operator=(ShareGroup const&) = delete;
 
 private:
-    using Dimensions = std::array<std::int64_t, 3>;
+    bool isMapped() const { return m_loader && m_loader->isMapped(); }
 
-    void forgetRange();
-
+    FieldDataType_e m_type = FieldDataType_Float;
+    std::int64_t m_size = 0;
     std::shared_ptr<Buffer> m_buffer;
-    mutable ValueRange m_range;
-    mutable bool m_rangeIsKnown = false;
-    bool m_rangeIsGiven = false;      // told by setKnownRange(), so it holds for cells as well
-    mutable Dimensions m_rangeDims{}; // what the computed range is of; zeros: of all values
+    std::shared_ptr<ValueLoader> m_loader;
+    bool m_isAltered = false; // for good: steps of the history may write here again
+    mutable KnownRange m_range;
 };
 
 } // namespace veldraw::kernel

@@ -49,6 +49,14 @@ Zone::Zone(std::string zoneName, ZoneType_e zoneType, std::int64_t iDim, std::in
 {
 }
 
+void Zone::setDimensions(ZoneDimensions const& dimensions) noexcept
+{
+    i = dimensions.i;
+    j = dimensions.j;
+    k = dimensions.k;
+    connectivity = dimensions.connectivity;
+}
+
 std::int64_t Zone::pointCount() const
 {
     if (i < 1) {

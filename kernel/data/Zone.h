@@ -2,6 +2,7 @@
 
 #include "kernel/data/AuxiliaryData.h"
 #include "kernel/data/Connectivity.h"
+#include "kernel/data/DimensionsLoader.h"
 #include "kernel/data/Field.h"
 #include "kernel/data/Identifier.h"
 
@@ -16,11 +17,20 @@ namespace veldraw::kernel {
 constexpr int staticStrand = 2147483646;
 
 /// A block of points with its cells and one field a variable of the data set.
+///
+/// The dimensions may not be known yet: they are all -1 then, and a loader stands by for when they are asked for in earnest.
+/// Until then the zone has no points and no cells.
 struct Zone
 {
     Zone(std::string zoneName, ZoneType_e zoneType, std::int64_t iDim, std::int64_t jDim, std::int64_t kDim);
 
     bool isOrdered() const { return type == ZoneType_Ordered; }
+
+    /// Whether the dimensions are not known yet.
+    bool isDeferred() const { return dimensionsLoader != nullptr && i < 0; }
+
+    /// Takes the dimensions that the loader has brought.
+    void setDimensions(ZoneDimensions const& dimensions) noexcept;
 
     /// Points: i * j * k of an ordered zone, i of a finite-element zone.
     std::int64_t pointCount() const;
@@ -35,7 +45,8 @@ struct Zone
     /// Number of dimensions above 1 for ordered zones; 1 for line segments, 2 for surface cells, 3 for volume cells.
     int dimensionality() const;
 
-    /// Range of a variable's finite values in this zone; slots of cell-centred values that no cell has are left out.
+    /// Range of a variable's finite values in this zone; slots of cell-centred values that no cell has are left out. Never
+    /// loads: what is known of values that are not loaded.
     /// @param variable one-based number. @return Unknown for a bad number, a passive field, or when no value is finite
     ValueRange range(int variable) const;
 
@@ -50,7 +61,8 @@ struct Zone
     bool enabled = true;
     std::shared_ptr<Connectivity const> connectivity; ///< null for ordered zones
     AuxiliaryData auxiliaryData;
-    std::vector<Field> fields; ///< one a variable, in the order of the variables
+    std::shared_ptr<DimensionsLoader> dimensionsLoader; ///< null when the dimensions are known from the start
+    std::vector<Field> fields;                          ///< one a variable, in the order of the variables
 };
 
 } // namespace veldraw::kernel

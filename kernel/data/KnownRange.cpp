@@ -1,0 +1,66 @@
+#include "kernel/data/KnownRange.h"
+
+#include "kernel/data/RangeOfBuffer.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace veldraw::kernel {
+
+void KnownRange::give(ValueRange const& range) noexcept
+{
+    forget();
+    m_range = range;
+    m_isKnown = range.isValid();
+    m_isGiven = m_isKnown;
+}
+
+void KnownRange::makeEstimate() noexcept
+{
+    m_isGiven = true;
+    if (m_range.isValid()) {
+        m_range.state = ValueRange::State::Estimated;
+    }
+}
+
+void KnownRange::leaveUnknown() noexcept
+{
+    forget();
+    m_isKnown = true;
+    m_isGiven = true;
+}
+
+void KnownRange::compute(Buffer const& buffer, Dimensions const& dims)
+{
+    m_range = dims == Dimensions{} ? rangeOfBuffer(buffer) : rangeOfCells(buffer, dims);
+    m_isKnown = true;
+    m_isGiven = false;
+    m_dims = dims;
+}
+
+void KnownRange::follow(double before, double after, Dimensions const& dims) noexcept
+{
+    if (!m_isKnown || (m_isGiven && !m_range.isValid())) {
+        return;
+    }
+    bool const mayBeOther = !m_isGiven && m_dims != Dimensions{} && m_dims != dims;
+    bool const wasFinite = std::isfinite(before);
+    if (mayBeOther || !m_range.isValid()) {
+        forget();
+        return;
+    }
+    if (m_range.state == ValueRange::State::Exact && wasFinite) {
+        bool const wasMin = before <= m_range.min;
+        bool const wasMax = before >= m_range.max;
+        if ((wasMin && !(after <= before)) || (wasMax && !(after >= before)) || (wasMin && wasMax)) {
+            forget(); // others may or may not have the old limit as well
+            return;
+        }
+    }
+    if (std::isfinite(after)) {
+        m_range.min = std::min(m_range.min, after);
+        m_range.max = std::max(m_range.max, after);
+    }
+}
+
+} // namespace veldraw::kernel

@@ -11,6 +11,7 @@
 #include <vtkTextProperty.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace veldraw::app {
 
@@ -20,6 +21,15 @@ QString variableName(kernel::DataSet const& dataSet, int number)
 {
     auto const variable = dataSet.variable(number);
     return variable ? QString::fromStdString(variable->name) : QString();
+}
+
+std::array<kernel::UniqueId, 3> identifiersOf(kernel::DataSet const& dataSet, std::array<int, 3> const& variables)
+{
+    std::array<kernel::UniqueId, 3> identifiers{};
+    for (std::size_t n = 0; n < variables.size(); ++n)
+        if (auto const variable = dataSet.variable(variables[n]))
+            identifiers[n] = variable->id;
+    return identifiers;
 }
 
 // Zones with points, switched on.
@@ -150,15 +160,15 @@ void FieldView::clear()
 FrameNotice FieldView::show(kernel::Frame const& frame)
 {
     clear();
+    bool const wasShown = std::exchange(m_isShown, false);
     QString const reason = obstacle(frame);
     if (!reason.isEmpty())
         return {reason, true};
 
     kernel::DataSet const& dataSet = *frame.dataSet;
     std::vector<int> const zones = shownZones(dataSet);
-    FieldLook const look = lookOf(frame, zones);
-    bool const moved = !m_hasView || look.space != m_look.space;
-    m_look = look;
+    m_look = lookOf(frame, zones);
+    auto const axesBefore = std::exchange(m_shownAxes, identifiersOf(dataSet, m_look.axes));
     for (int const number : zones) {
         auto drawing = std::make_unique<ZoneDrawing>(dataSet, number, m_look);
         m_stage->AddActor(drawing->actor());
@@ -168,14 +178,23 @@ FrameNotice FieldView::show(kernel::Frame const& frame)
     setArea(area());
     updateAxes({variableName(dataSet, m_look.axes[0]), variableName(dataSet, m_look.axes[1]),
                 variableName(dataSet, m_look.axes[2])});
-    if (moved)
-        fit();
-    m_hasView = true;
+    m_isShown = true;
+    placeView(m_shownAxes != axesBefore || (!wasShown && m_viewSpace != m_look.space));
     if (frame.showContour && m_look.contourVariable == 0)
         return {frame.variableNumber('C') == 0 ? tr("No variable is assigned to the contour.")
                                                : tr("The contour variable has no values in the enabled zones."),
                 false};
     return {};
+}
+
+// Where the user has looked at a part of the data, that part stays in view; who saw the whole goes on seeing the whole.
+void FieldView::placeView(bool isNew)
+{
+    if (isNew || (m_isFitted && m_viewSpace != m_look.space))
+        fit();
+    else if (m_viewSpace != m_look.space)
+        carryView(m_viewSpace);
+    m_viewSpace = m_look.space;
 }
 
 QString FieldView::obstacle(kernel::Frame const& frame) const

@@ -55,11 +55,15 @@ protected:
     /// The axes' names and the space may have changed.
     virtual void updateAxes(std::array<QString, 3> const& names) = 0;
 
+    /// Looks at the same place of the data as it did in another space.
+    virtual void carryView(PlotSpace const& before) = 0;
+
     bool hasLegend() const { return m_look.contourVariable > 0; }
     double stageWidth() const { return m_stageWidth; }   ///< device pixels
     double stageHeight() const { return m_stageHeight; } ///< device pixels
 
-    /// A fitted view is fitted again when the area changes; one that the user has moved stays as it is.
+    /// A fitted view is fitted again when the area or the extent of the data changes; one that the user has moved or enlarged
+    /// stays where it is. Turning leaves it fitted: the whole is still in view, and a fit keeps the direction.
     void setFitted(bool isFitted) { m_isFitted = isFitted; }
 
     /// A position of the area as a position of the stage.
@@ -68,6 +72,7 @@ protected:
 private:
     QString obstacle(kernel::Frame const& frame) const;
     QString obstacleInZones(kernel::Frame const& frame, std::vector<int> const& zones) const;
+    void placeView(bool isNew);
     void clear();
     void clearMarks();
     FieldLook lookOf(kernel::Frame const& frame, std::vector<int> const& zones) const;
@@ -75,7 +80,9 @@ private:
     void placeLegend();
 
     bool m_inSpace;
-    bool m_hasView = false;
+    bool m_isShown = false; // there was a picture when the frame was shown last
+    std::array<kernel::UniqueId, 3> m_shownAxes{};
+    PlotSpace m_viewSpace; // that the camera stands in
     bool m_isFitted = false;
     FieldLook m_look;
     std::vector<std::unique_ptr<ZoneDrawing>> m_zones;

@@ -34,7 +34,8 @@ public:
     virtual void removeFrom(vtkRenderWindow& window);
     virtual void setArea(ViewArea const& area);
 
-    /// Builds the picture afresh. The view stays where it is unless the extent of what is shown changed.
+    /// Builds the picture afresh. A view that shows the whole goes on doing so when the extent of what is shown changes; one
+    /// that the user has moved or enlarged stays at the same place of the data.
     /// @return what is missing, if anything
     virtual FrameNotice show(kernel::Frame const& frame) = 0;
 

@@ -44,6 +44,16 @@ void PlaneView::fit()
     setFitted(true);
 }
 
+void PlaneView::carryView(PlotSpace const& before)
+{
+    vtkCamera* const camera = stage().GetActiveCamera();
+    double const* const centre = camera->GetFocalPoint();
+    // The larger one, where each axis has its own scale: what was in view stays in view.
+    double const growth = std::max(before.unit(0) / space().unit(0), before.unit(1) / space().unit(1));
+    look(space().toScene(0, before.toValue(0, centre[0])), space().toScene(1, before.toValue(1, centre[1])),
+         camera->GetParallelScale() * growth);
+}
+
 void PlaneView::look(double x, double y, double halfHeight)
 {
     vtkCamera* const camera = stage().GetActiveCamera();

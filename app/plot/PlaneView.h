@@ -19,6 +19,7 @@ public:
 protected:
     Margins margins() const override;
     void updateAxes(std::array<QString, 3> const& names) override;
+    void carryView(PlotSpace const& before) override;
 
 private:
     double aspect() const { return stageWidth() / stageHeight(); }

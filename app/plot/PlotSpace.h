@@ -27,6 +27,9 @@ public:
     /// Largest position of the box on an axis; the smallest is its negative.
     double sceneHalf(int axis) const;
 
+    /// Length in data units of one unit of the scene.
+    double unit(int axis) const { return m_unit[index(axis)]; }
+
     /// Whether the axes have scales of their own.
     bool isStretched() const { return m_stretched; }
 

@@ -104,6 +104,28 @@ void SpaceView::fillStage()
         camera->Dolly(1.0 / fill);
 }
 
+// The direction stays, also where each axis has its own scale; then the largest change counts, so that what was in view stays
+// in view.
+void SpaceView::carryView(PlotSpace const& before)
+{
+    vtkCamera* const camera = stage().GetActiveCamera();
+    double focus[3];
+    double position[3];
+    camera->GetFocalPoint(focus);
+    camera->GetPosition(position);
+    double growth = 0.0;
+    for (int axis = 0; axis < 3; ++axis)
+        growth = std::max(growth, before.unit(axis) / space().unit(axis));
+    for (int axis = 0; axis < 3; ++axis) {
+        double const carried = space().toScene(axis, before.toValue(axis, focus[axis]));
+        position[axis] = carried + growth * (position[axis] - focus[axis]);
+        focus[axis] = carried;
+    }
+    camera->SetFocalPoint(focus);
+    camera->SetPosition(position);
+    followCamera();
+}
+
 void SpaceView::rotate(QPointF const& from, QPointF const& to)
 {
     // A drag across the whole area turns by 200 degrees.

@@ -20,6 +20,7 @@ public:
 protected:
     Margins margins() const override;
     void updateAxes(std::array<QString, 3> const& names) override;
+    void carryView(PlotSpace const& before) override;
 
 private:
     void addLights();

@@ -1,0 +1,272 @@
+#include "dialogs/spreadsheet/DataSpreadsheetPropertiesManager.h"
+
+#include "dialogs/models/EnumerationLabels.h"
+#include "dialogs/property/DataSetExistsRelevance.h"
+#include "dialogs/property/FormattingPrecisionValidator.h"
+#include "dialogs/spreadsheet/EmptyTableModel.h"
+#include "dialogs/spreadsheet/FEZoneVarTableModel.h"
+#include "dialogs/spreadsheet/IJKLineZoneVarTableModel.h"
+#include "dialogs/spreadsheet/OrderedZoneVarTableModel.h"
+#include "dialogs/spreadsheet/SpreadsheetRules.h"
+#include "dialogs/spreadsheet/SpreadsheetZone.h"
+#include "platform/vdsdkbase/VelUtilDataValue.h"
+#include "platform/vdsdkbase/VelUtilZone.h"
+#include "platform/vdsdkcommon/DataSetQueries.h"
+#include "platform/vdsdkuicommon/StateChangePredicates.h"
+
+#include <boost/make_shared.hpp>
+
+#include <algorithm>
+
+namespace veldraw::sdk::ui::propertymanager {
+
+using namespace dialogs::propertybindings::models;
+
+namespace {
+
+// Made when the library is loaded; every dialog that comes shows the last choices.
+auto const theZone = boost::make_shared<Property<int>>(1);
+auto const theVariable = boost::make_shared<Property<int>>(1);
+auto const thePlane = boost::make_shared<Property<IJKPlanes_e>>(IJKPlanes_K);
+auto const theIIndex = boost::make_shared<Property<long long>>(1);
+auto const theJIndex = boost::make_shared<Property<long long>>(1);
+auto const theKIndex = boost::make_shared<Property<long long>>(1);
+auto const theAlterShared = boost::make_shared<Property<bool>>(false);
+auto const theFormat = boost::make_shared<Property<NumberFormat_e>>(NumberFormat_BestFloat);
+auto const thePrecision =
+    boost::make_shared<Property<long long>>(3, boost::make_shared<FormattingPrecisionValidator>());
+auto const theValueLocation = boost::make_shared<Property<ValueLocation_e>>(ValueLocation_Nodal);
+
+bool hasDataSet()
+{
+    return DataSpreadsheetPropertiesManager::dataSetExists()->isRelevant();
+}
+
+bool hasValues()
+{
+    return hasDataSet() && !getEnabledZones().isEmpty() && !getEnabledVars().isEmpty();
+}
+
+void correctSelection(Property<int>& choice, Set const& members)
+{
+    if (!members.isEmpty() && !members.isMember(choice.value()))
+        choice.setValue(members.members().front());
+}
+
+void correctSelections()
+{
+    correctSelection(*theZone, getEnabledZones());
+    correctSelection(*theVariable, getEnabledVars());
+}
+
+void clampIndices()
+{
+    PlaneLimits limits;
+    if (!planeLimits(theZone->value(), theVariable->value(), limits))
+        return;
+    auto const clamp = [](Property<long long>& index, long long limit) {
+        index.setValue(std::max(1ll, std::min(index.value(), limit)));
+    };
+    clamp(*theIIndex, limits.i);
+    clamp(*theJIndex, limits.j);
+    clamp(*theKIndex, limits.k);
+}
+
+boost::shared_ptr<Property<long long>> indexOfPlane()
+{
+    switch (thePlane->value()) {
+    case IJKPlanes_I:
+        return theIIndex;
+    case IJKPlanes_J:
+        return theJIndex;
+    default:
+        return theKIndex;
+    }
+}
+
+// Its type has room for numbers that are no location, as the kernel gives them for what does not exist.
+ValueLocation_e shownLocation(int zone, int variable, bool isMixed)
+{
+    return isMixed ? theValueLocation->value()
+                   : static_cast<ValueLocation_e>(VelUtilDataValueGetLocation(zone, variable));
+}
+
+Set shownVariables(int zone, ValueLocation_e location, bool isMixed)
+{
+    if (!isMixed)
+        return getEnabledVars();
+    Set variables;
+    for (int const variable : getEnabledVars().members()) {
+        if (VelUtilDataValueGetLocation(zone, variable) == location)
+            variables.add(variable);
+    }
+    return variables;
+}
+
+} // namespace
+
+boost::shared_ptr<Property<int>> DataSpreadsheetPropertiesManager::spreadsheetZone()
+{
+    return theZone;
+}
+
+boost::shared_ptr<Property<int>> DataSpreadsheetPropertiesManager::spreadsheetVariable()
+{
+    return theVariable;
+}
+
+boost::shared_ptr<Property<IJKPlanes_e>> DataSpreadsheetPropertiesManager::spreadsheetPlane()
+{
+    return thePlane;
+}
+
+boost::shared_ptr<Property<long long>> DataSpreadsheetPropertiesManager::spreadsheetIIndex()
+{
+    return theIIndex;
+}
+
+boost::shared_ptr<Property<long long>> DataSpreadsheetPropertiesManager::spreadsheetJIndex()
+{
+    return theJIndex;
+}
+
+boost::shared_ptr<Property<long long>> DataSpreadsheetPropertiesManager::spreadsheetKIndex()
+{
+    return theKIndex;
+}
+
+boost::shared_ptr<Property<bool>> DataSpreadsheetPropertiesManager::spreadsheetAlterShared()
+{
+    return theAlterShared;
+}
+
+boost::shared_ptr<Property<NumberFormat_e>> DataSpreadsheetPropertiesManager::spreadsheetFormat()
+{
+    return theFormat;
+}
+
+boost::shared_ptr<Property<long long>> DataSpreadsheetPropertiesManager::spreadsheetPrecision()
+{
+    return thePrecision;
+}
+
+boost::shared_ptr<Property<ValueLocation_e>> DataSpreadsheetPropertiesManager::spreadsheetValueLocation()
+{
+    return theValueLocation;
+}
+
+DataSpreadsheetPropertiesManager::Rule DataSpreadsheetPropertiesManager::dataSetExists()
+{
+    static Rule const rule = boost::make_shared<DataSetExistsRelevance>();
+    return rule;
+}
+
+DataSpreadsheetPropertiesManager::DataSpreadsheetPropertiesManager(Owner& owner)
+    : m_owner(owner)
+    , m_indexProperty(boost::make_shared<PropertyProxy<long long>>(
+          indexOfPlane(), boost::shared_ptr<ValidatorInterface<long long> const>()))
+    , m_cornerLabel(boost::make_shared<Property<std::string>>())
+{
+    m_updatePerformer = std::make_unique<common::OnIdleAfterStateChangeActionPerformer>([this] { update(); },
+                                                                                        common::engineStateChanged);
+    correctSelections();
+    m_alterRelevance = spreadsheet::alterRule();
+    m_planeIndexRelevance = spreadsheet::planeIndexRule();
+    m_variableRelevance = spreadsheet::variableRule();
+    m_precisionRelevance = spreadsheet::precisionRule();
+    m_valueLocationRelevance = spreadsheet::valueLocationRule();
+    m_lineOrFiniteElementRelevance = spreadsheet::lineOrFiniteElementRule();
+    makeListModels();
+    connectToChoices();
+    m_indexCalculator = boost::make_shared<IJKSpinBoxIncDecCalculator>(thePlane, theZone, theVariable);
+    update();
+}
+
+DataSpreadsheetPropertiesManager::~DataSpreadsheetPropertiesManager() = default;
+
+void DataSpreadsheetPropertiesManager::makeListModels()
+{
+    m_zoneListModel = boost::make_shared<ZonesListModel>(getEnabledZonesForFrame, false);
+    m_variableListModel = boost::make_shared<VariablesListModel>(getEnabledVarsForFrame, false);
+    m_planeListModel = boost::make_shared<ChoiceListModel<IJKPlanes_e>>(ijkPlanesLabels);
+    m_formatListModel = boost::make_shared<ChoiceListModel<NumberFormat_e>>(numberFormatLabels);
+    m_valueLocationListModel = boost::make_shared<ChoiceListModel<ValueLocation_e>>(valueLocationLabels);
+    m_tableModel = makeTableModel();
+    m_tableModelProxy = boost::make_shared<TableModelProxy>(m_tableModel);
+}
+
+void DataSpreadsheetPropertiesManager::connectToChoices()
+{
+    auto const follow = [this](auto const& choice) {
+        m_connections.add(choice.connectValueChanged([this](auto const&) { update(); }));
+    };
+    follow(*theZone);
+    follow(*theVariable);
+    follow(*thePlane);
+    follow(*m_indexProperty);
+    follow(*theAlterShared);
+    follow(*theFormat);
+    follow(*thePrecision);
+    follow(*theValueLocation);
+}
+
+void DataSpreadsheetPropertiesManager::update()
+{
+    // First of all, so that the corrections don't come back here. Whoever throws below leaves it at that.
+    m_connections.clear();
+    if (hasDataSet())
+        bringInLine();
+    else
+        show(m_tableModel); // it has no rows now, which nobody else tells
+    connectToChoices();
+}
+
+void DataSpreadsheetPropertiesManager::bringInLine()
+{
+    correctSelections();
+    if (!hasValues()) {
+        show(makeTableModel());
+        return;
+    }
+    int const zone = theZone->value();
+    thePlane->setValue(planeOfZone(zone, thePlane->value()));
+    pointIndexAtPlane();
+    clampIndices();
+    show(makeTableModel());
+    m_cornerLabel->setValue(cornerLabelOfZone(zone, thePlane->value()));
+}
+
+void DataSpreadsheetPropertiesManager::pointIndexAtPlane()
+{
+    long long const before = m_indexProperty->value();
+    m_indexProperty->setProperty(indexOfPlane());
+    if (m_indexProperty->value() != before)
+        m_indexProperty->notifyTargetChanged();
+}
+
+void DataSpreadsheetPropertiesManager::show(boost::shared_ptr<TableModel> const& model)
+{
+    m_tableModel = model;
+    m_tableModelProxy->setModel(model);
+}
+
+boost::shared_ptr<DataSpreadsheetPropertiesManager::TableModel> DataSpreadsheetPropertiesManager::makeTableModel() const
+{
+    if (!hasValues())
+        return boost::make_shared<EmptyTableModel>();
+    int const zone = theZone->value();
+    int const variable = theVariable->value();
+    bool const alterShared = theAlterShared->value();
+    bool const isMixed = hasMixedValueLocations(zone);
+    ValueLocation_e const location = shownLocation(zone, variable, isMixed);
+    bool const isFiniteElement = VelUtilZoneIsFiniteElement(zone);
+    if (!isFiniteElement && !VelUtilZoneIsLinear(zone))
+        return boost::make_shared<OrderedZoneVarTableModel>(zone, variable, thePlane->value(), m_indexProperty->value(),
+                                                            alterShared);
+    Set const variables = shownVariables(zone, location, isMixed);
+    if (isFiniteElement)
+        return boost::make_shared<FEZoneVarTableModel>(zone, variables, alterShared, location);
+    return boost::make_shared<IJKLineZoneVarTableModel>(zone, variables, alterShared, location);
+}
+
+} // namespace veldraw::sdk::ui::propertymanager

@@ -63,7 +63,6 @@ private:
 bool Session::deleteVariables(DataSet& dataSet, NumberSet const& variables)
 {
     return guarded(*this, [&] {
-        setInterrupted(false);
         std::shared_ptr<DataSet> const shown = owned(dataSet);
         char const* const reason = shown ? reasonAgainstDeletion(dataSet, variables) : notShown;
         if (reason != nullptr) {

@@ -23,11 +23,17 @@ bool withoutThrowing(Session& session, Operation const& operation) noexcept
     }
 }
 
-/// The same for what changes something: it is refused while another operation computes.
+/// The same for what changes something: it is refused while another operation computes, and takes an old cancel back.
 template <typename Operation>
 bool guarded(Session& session, Operation const& operation) noexcept
 {
-    return session.isBusy() ? session.refuse("Another operation is running.") : withoutThrowing(session, operation);
+    if (session.isBusy()) {
+        return session.refuse("Another operation is running.");
+    }
+    return withoutThrowing(session, [&] {
+        session.setInterrupted(false);
+        return operation();
+    });
 }
 
 } // namespace veldraw::kernel

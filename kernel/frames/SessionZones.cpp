@@ -65,6 +65,24 @@ char const* reasonAgainstSpread(DataSet const& dataSet, NumberSet const& zones, 
     return zoneCount > std::numeric_limits<int>::max() ? "There would be too many zones." : nullptr;
 }
 
+/// What is to be loaded before zones can be turned.
+std::shared_ptr<DeferredLoad> loadForRotation(DataSet const& dataSet, NumberSet const& zones,
+                                              SpatialVariables const& variables, Rotation const& rotation)
+{
+    auto load = std::make_shared<DeferredLoad>(dataSet);
+    for (int const zone : zones) {
+        for (std::size_t component = 0; component < variables.dimensions(); ++component) {
+            if (rotation.involves(component)) {
+                load->addField(zone, variables.coordinates[component]);
+            }
+            if (rotation.involves(component) && variables.hasVector) {
+                load->addField(zone, variables.vector[component]);
+            }
+        }
+    }
+    return load;
+}
+
 /// Prepares the zones, then computes them. @throws what either throws
 std::vector<FieldReplacement::ZonePart> transform(DataSet const& dataSet, NumberSet const& zones,
                                                   FieldTransformation& transformation, Progress& progress)
@@ -75,7 +93,7 @@ std::vector<FieldReplacement::ZonePart> transform(DataSet const& dataSet, Number
         parts.push_back({zone, transformation.prepare(*zone)});
     }
     requireMemory(static_cast<double>(transformation.bytes()));
-    progress.setTotal(transformation.work());
+    progress.setTotal(progress.done() + transformation.work());
     transformation.compute(progress);
     return parts;
 }
@@ -117,7 +135,6 @@ NumberSet mirroredVariables(Frame const& frame, char coordinate, char const*& re
 bool Session::duplicateZones(DataSet& dataSet, NumberSet const& zones)
 {
     return guarded(*this, [&] {
-        setInterrupted(false);
         std::shared_ptr<DataSet> const shown = owned(dataSet);
         char const* const reason = shown ? reasonAgainstZones(dataSet, zones) : notShown;
         if (reason != nullptr) {
@@ -142,12 +159,14 @@ bool Session::rotateZones(DataSet& dataSet, NumberSet const& zones, SpatialVaria
         if (reason != nullptr || !std::isfinite(degrees)) {
             return refuse(reason != nullptr ? reason : "The angle must be a finite number.");
         }
+        auto const load = loadForRotation(dataSet, zones, variables, Rotation(axis, degrees));
         std::vector<FieldReplacement::ZonePart> parts;
         auto const work = [&](Progress& progress) {
             FieldRotation rotation(variables, Rotation(axis, degrees));
+            rotation.setDeferred(*load);
             parts = transform(*shown, zones, rotation, progress);
         };
-        performOperation("Axial Rotation", work, [&]() -> std::shared_ptr<Change> {
+        performOperation("Axial Rotation", load, work, [&]() -> std::shared_ptr<Change> {
             NumberSet const changed = variablesOf(parts);
             if (changed.empty()) {
                 return nullptr;
@@ -171,9 +190,12 @@ bool Session::duplicateZonesAxially(DataSet& dataSet, NumberSet const& zones, Sp
         if (reason != nullptr) {
             return refuse(reason);
         }
+        constexpr long double anyAngle = 1; // the copies may turn by different ones
+        auto const load = loadForRotation(dataSet, zones, variables, Rotation(axis, anyAngle));
         AxialDuplication duplication(dataSet, zones, variables, axis, copies);
+        duplication.setDeferred(*load);
         auto const work = [&](Progress& progress) { duplication.run(progress); };
-        performOperation("Axial Duplication", work,
+        performOperation("Axial Duplication", load, work,
                          [&] { return std::make_shared<ZoneAddition>(m_events, shown, duplication.takeCopies()); });
         return true;
     });
@@ -189,14 +211,21 @@ bool Session::mirrorZones(UniqueId frame, NumberSet const& zones, char coordinat
         if (reason != nullptr) {
             return refuse(reason);
         }
+        auto const load = std::make_shared<DeferredLoad>(*shown);
+        for (int const zone : zones) {
+            for (int const variable : variables) {
+                load->addField(zone, variable);
+            }
+        }
         std::vector<ZoneAddition::Copy> copies;
         auto const work = [&](Progress& progress) {
             FieldReflection reflection(variables);
+            reflection.setDeferred(*load);
             for (FieldReplacement::ZonePart& part : transform(*shown, zones, reflection, progress)) {
                 copies.emplace_back(std::move(part.zone), std::move(part.fields));
             }
         };
-        performOperation("Create Mirror Zone", work,
+        performOperation("Create Mirror Zone", load, work,
                          [&] { return std::make_shared<ZoneAddition>(m_events, shown, std::move(copies)); });
         return true;
     });

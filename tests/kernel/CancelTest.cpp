@@ -105,6 +105,22 @@ TEST_F(LongOperation, IsCancelledWithoutATrace)
     }
 }
 
+TEST_F(LongOperation, ItsCancelIsTakenBackByTheNextOperationHoweverShort)
+{
+    std::vector<std::function<bool()>> const shortOnes = {
+        [&] { return session.renameZone(*dataSet, 1, "keel"); },
+        [&] { return session.undo(); },
+        [&] { return session.setZoneEnabled(*dataSet, 1, false); },
+        [&] { return session.setPlotType(frame->id, PlotType_Cartesian3D); },
+        [&] { return session.deleteVariables(*dataSet, {99}); }, // refused, but it has started
+    };
+    for (auto const& shortOne : shortOnes) {
+        session.setInterrupted(true);
+        shortOne();
+        EXPECT_FALSE(session.isInterrupted());
+    }
+}
+
 TEST_F(LongOperation, GivesItsMemoryBackWhenItIsCancelled)
 {
     OnceWaiter waiter([this](Progress&) { session.setInterrupted(true); });

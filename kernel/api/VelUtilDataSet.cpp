@@ -77,6 +77,17 @@ bool VelUtilDataSetIsLocked(char** lockerName)
     return true;
 }
 
+bool VelUtilDataSetMakeVarsAvailableByUniqueID(long long dataSetID, Set_s* zones, Set_s* vars)
+{
+    return answerOr(false, [&] {
+        std::shared_ptr<DataSet> const dataSet = session().dataSet(dataSetID);
+        if (!dataSet || zones == nullptr || vars == nullptr) {
+            return session().refuse(dataSet ? "An argument is missing." : "There is no such data set.");
+        }
+        return session().makeVariablesAvailable(*dataSet, zones->members, vars->members);
+    });
+}
+
 bool VelUtilDataSetSetTitle(char const* title)
 {
     return title != nullptr && answerOr(false, [&] {

@@ -1,18 +1,56 @@
 #include "platform/vdsdkbase/VelUtilDataValue.h"
 
 #include "kernel/api/ApiSupport.h"
+#include "kernel/api/ArgumentList.h"
+
+#include <limits>
 
 using namespace veldraw::kernel;
 using veldraw::kernel::api::activeField;
+using veldraw::kernel::api::session;
+
+namespace {
+
+/// A number of a zone or variable; 0, which none has, for what is no such number.
+int asNumber(long long number)
+{
+    return number > 0 && number <= std::numeric_limits<int>::max() ? static_cast<int>(number) : 0;
+}
+
+} // namespace
+
+bool VelUtilDataValueSetByZoneVarX(ArgList_s* list)
+{
+    return list != nullptr && api::answerOr(false, [&] {
+               ArgumentList const& arguments = list->arguments;
+               auto const zone = arguments.intValue("Zone");
+               auto const variable = arguments.intValue("Var");
+               auto const index = arguments.intValue("Index");
+               auto const value = arguments.doubleValue("FieldValue");
+               auto const autoBranch = arguments.intValue("AutoBranch");
+               std::shared_ptr<DataSet> const dataSet = session().activeDataSet();
+               if (!zone || !variable || !index || !value || !autoBranch || !dataSet) {
+                   return session().refuse(dataSet ? "An argument is missing." : "There is no data set.");
+               }
+               return session().setValue(*dataSet, asNumber(*zone), asNumber(*variable), *index - 1, *value,
+                                         *autoBranch != 0);
+           });
+}
 
 double VelUtilDataValueGetByZoneVar(int zone, int var, long long index)
 {
-    Field const* const field = activeField(zone, var);
-    if (field == nullptr || field->isPassive()) {
-        return 0.0;
-    }
-    std::shared_ptr<Buffer const> const buffer = field->group()->buffer();
-    return index >= 1 && index <= buffer->size() ? buffer->value(index - 1) : 0.0;
+    return api::answerOr(0.0, [&] {
+        Field const* field = activeField(zone, var);
+        if (field != nullptr && !field->isLoaded()) {
+            bool const isLoaded = session().loadVariables(*session().activeDataSet(), {zone}, {var});
+            field = isLoaded ? activeField(zone, var) : nullptr; // listeners have heard of it
+        }
+        if (field == nullptr || field->isPassive() || !field->isLoaded()) {
+            return 0.0;
+        }
+        std::shared_ptr<Buffer const> const buffer = field->group()->buffer();
+        return index >= 1 && index <= buffer->size() ? buffer->value(index - 1) : 0.0;
+    });
 }
 
 int VelUtilDataValueGetLocation(int zone, int var)

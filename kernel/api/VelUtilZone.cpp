@@ -34,6 +34,10 @@ bool VelUtilZoneCopyX(ArgList_s* list)
 
 void VelUtilZoneGetIJK(int zone, long long* i, long long* j, long long* k)
 {
+    std::shared_ptr<Zone> const found = activeZone(zone);
+    if (found && found->isDeferred()) {
+        api::session().loadDimensions(*api::session().activeDataSet(), zone); // a refusal leaves them unknown
+    }
     storeDimensions(zone, i, j, k);
 }
 

@@ -16,6 +16,9 @@ public:
     AxialDuplication(DataSet const& dataSet, NumberSet const& zones, SpatialVariables const& variables,
                      RotationAxis const& axis, AxialCopies const& copies);
 
+    /// Where the values are that are not loaded in the data set; to be told before run().
+    void setDeferred(DeferredLoad const& deferred) { m_deferred = &deferred; }
+
     /// Makes all copies with their values. May run on any thread as long as the data set stays as it is.
     /// @throws Interrupted, std::bad_alloc, std::invalid_argument with a reason
     void run(Progress& progress);
@@ -26,14 +29,15 @@ private:
     using Rotations = std::vector<std::unique_ptr<FieldRotation>>;
 
     std::unique_ptr<FieldRotation> rotationOfCopy(int number) const;
-    void requireMemoryForAll() const;
-    void addCopies(FieldRotation& rotation);
+    void requireMemoryForAll(Progress& progress) const;
+    void addCopies(FieldRotation& rotation, Progress& progress);
 
     std::vector<std::shared_ptr<Zone const>> m_sources;
     SpatialVariables m_variables;
     RotationAxis m_axis;
     AxialCopies m_spread;
     StrandNumbers m_strands;
+    DeferredLoad const* m_deferred = nullptr;
     std::vector<ZoneAddition::Copy> m_copies;
 };
 

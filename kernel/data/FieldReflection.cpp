@@ -28,7 +28,7 @@ std::shared_ptr<ShareGroup> FieldReflection::resultOf(ShareGroup const& source)
     auto const [place, isNew] = m_results.try_emplace(&source);
     Result& result = place->second;
     if (isNew) {
-        result.source = source.buffer();
+        result.source = valuesOf(source);
         result.target = Buffer::allocate(computedType(result.source->type()), result.source->size());
         result.group = std::make_shared<ShareGroup>(result.target);
         m_work += result.target->size();

@@ -15,9 +15,8 @@ struct Place
     ValueLocation_e location = ValueLocation_Nodal;
     std::int64_t count = -1;
 
-    void agreeWith(Field const& field)
+    void agreeWith(Field const& field, std::int64_t size)
     {
-        std::int64_t const size = field.group()->buffer()->size();
         if (count >= 0 && (location != field.location() || count != size)) {
             throw std::invalid_argument("The components of a vector must have their values at the same places.");
         }
@@ -68,13 +67,13 @@ void FieldRotation::prepareComponents(Zone const& zone, bool isVector, std::vect
         }
         sources[component] = {&field, position};
         if (!field.isPassive()) {
-            place.agreeWith(field);
+            place.agreeWith(field, valuesOf(*field.group())->size());
         }
     }
     if (!hasValues) {
         return;
     }
-    std::int64_t const count = place.count >= 0 ? place.count : zone.valueCount(place.location);
+    std::int64_t const count = place.count >= 0 ? place.count : valueCount(zone, place.location);
     Results const results = resultsOf(sources, isVector, count);
     for (std::size_t component = 0; component < 3; ++component) {
         if (results[component]) {
@@ -123,7 +122,7 @@ FieldRotation::Results FieldRotation::addTask(Sources const& sources, Rotation c
             continue;
         }
         if (!field->isPassive()) {
-            task.buffers.sources[component] = field->group()->buffer();
+            task.buffers.sources[component] = valuesOf(*field->group());
         }
         auto const target = Buffer::allocate(computedType(field->type()), count);
         task.buffers.targets[component] = target;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kernel/compute/Progress.h"
+#include "kernel/data/DeferredLoad.h"
 #include "kernel/data/NewField.h"
 #include "kernel/data/Zone.h"
 
@@ -17,6 +18,10 @@ public:
     FieldTransformation() = default;
     virtual ~FieldTransformation() = default;
 
+    /// Where the values are that are not loaded in the data set. To be told before the first zone is prepared; all that is
+    /// needed has been loaded by then.
+    void setDeferred(DeferredLoad const& deferred) { m_deferred = &deferred; }
+
     /// The fields of @p zone that change, on storage that has yet to be filled.
     /// @throws std::invalid_argument with a reason when the zone cannot be transformed, std::bad_alloc
     virtual std::vector<NewField> prepare(Zone const& zone) = 0;
@@ -32,6 +37,20 @@ public:
 
     FieldTransformation(FieldTransformation const&) = delete;
     FieldTransformation& operator=(FieldTransformation const&) = delete;
+
+protected:
+    std::shared_ptr<Buffer const> valuesOf(ShareGroup const& group) const
+    {
+        return m_deferred != nullptr ? m_deferred->valuesOf(group) : group.buffer();
+    }
+
+    std::int64_t valueCount(Zone const& zone, ValueLocation_e location) const
+    {
+        return m_deferred != nullptr ? m_deferred->valueCount(zone, location) : zone.valueCount(location);
+    }
+
+private:
+    DeferredLoad const* m_deferred = nullptr;
 };
 
 } // namespace veldraw::kernel

@@ -18,6 +18,7 @@ public:
     using Dimensions = std::array<std::int64_t, 3>;
 
     bool isKnownFor(Dimensions const& dims) const { return m_isKnown && (m_isGiven || m_dims == dims); }
+    bool isKnown() const { return m_isKnown; }
     ValueRange const& range() const { return m_range; }
 
     /// Takes a range that was found out elsewhere; an unknown one is forgotten.

@@ -94,6 +94,10 @@ bool hasExtent(DataSet const& dataSet, int variable)
     for (auto const& zone : dataSet.zones()) {
         ValueRange const part = zone->range(variable);
         if (!part.isValid()) {
+            bool const isOpen = variable > 0 && !zone->fields[static_cast<std::size_t>(variable - 1)].isLoaded();
+            if (isOpen) {
+                return true; // as far as one can know
+            }
             continue;
         }
         whole.min = whole.isValid() ? std::min(whole.min, part.min) : part.min;
@@ -109,7 +113,9 @@ PlotType_e pickPlotType(DataSet const& dataSet, Axes const& axes)
     if (zones.empty() || dataSet.variableCount() == 0) {
         return PlotType_Sketch;
     }
-    auto const isLine = [](auto const& zone) { return zone->isOrdered() && zone->dimensionality() <= 1; };
+    auto const isLine = [](auto const& zone) {
+        return zone->isOrdered() && !zone->isDeferred() && zone->dimensionality() <= 1;
+    };
     if (dataSet.variableCount() >= 2 && std::all_of(zones.begin(), zones.end(), isLine)) {
         return PlotType_XYLine;
     }

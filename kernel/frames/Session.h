@@ -16,6 +16,8 @@
 namespace veldraw::kernel {
 
 class Change;
+class DeferredLoad;
+class DeferredUnload;
 class Progress;
 class StyleTree;
 class Waiter;
@@ -155,6 +157,36 @@ public:
     ///        of the vector is another coordinate
     bool mirrorZones(UniqueId frame, NumberSet const& zones, char coordinate);
 
+    /// Stores one value, converted to the type of the field: rounded and cut to the limits of a whole number. "Edit Value";
+    /// event 0 with the zones and variables that see the new value, and event 22 after it when storage was branched. True
+    /// without a step when the value is that already.
+    ///
+    /// An edit of storage that is shared goes to all its fields, or, with @p autoBranch, to this field alone, which gets a
+    /// copy of the values first. No other edit copies any, unless somebody reads the buffer at that moment. To take an edit
+    /// back is to store the old bits again.
+    /// @param index zero-based, as in Field
+    ///
+    /// Refused: a locked data set, numbers that do not exist, an index past the values or in a slot of no cell, a passive
+    /// field, values that are not loaded.
+    bool setValue(DataSet& dataSet, int zone, int variable, std::int64_t index, double value, bool autoBranch);
+
+    // ---- loading ---------------------------------------------------------------------------------------------------
+    // Loading changes no value: it is no step of the history, and a locked data set can be loaded as well. What is loaded
+    // for one field is loaded for all that share its storage. Event 21 with the fields whose values have come or gone, after
+    // event 23 with the zones whose dimensions have become known. Refused, with all as it was: numbers that do not exist, a
+    // loader that fails, no memory, a cancel.
+
+    /// Makes the wanted variables available in zones: loads what is not loaded, and then lets the values of other variables
+    /// go in these zones. These stay loaded where they have been altered or cannot be loaded again, where a zone that is not
+    /// named shares them, and where a frame shows the variable.
+    bool makeVariablesAvailable(DataSet& dataSet, NumberSet const& zones, NumberSet const& variables);
+
+    /// Loads variables in zones and unloads nothing.
+    bool loadVariables(DataSet& dataSet, NumberSet const& zones, NumberSet const& variables);
+
+    /// Finds out the dimensions of a zone.
+    bool loadDimensions(DataSet& dataSet, int zone);
+
     bool renameZone(DataSet& dataSet, int zone, std::string const& name);         ///< "Rename Zone"; event 18
     bool renameVariable(DataSet& dataSet, int variable, std::string const& name); ///< "Rename Variable"; event 17
     bool setZoneEnabled(DataSet& dataSet, int zone, bool enabled);         ///< "Enable Zone"/"Disable Zone"; event 6
@@ -236,8 +268,12 @@ private:
     std::shared_ptr<DataSet> owned(DataSet const& dataSet) const;
     void insertFrame(std::shared_ptr<Page> const& page, std::shared_ptr<Frame> frame, bool tile);
     void emitActiveFrame(StateChange_e before);
+    void bring(std::string const& name, DeferredLoad& load, DeferredUnload const& unload);
+    std::shared_ptr<Change> editOf(DataSet const& dataSet, int zone, int variable, std::int64_t index,
+                                   std::uint64_t bits, bool autoBranch);
     void replaceLineMaps(char const* step, std::shared_ptr<Frame> const& frame, std::vector<LineMap> maps);
-    void performOperation(std::string const& name, std::function<void(Progress&)> const& work,
+    void performOperation(std::string const& name, std::shared_ptr<DeferredLoad> const& load,
+                          std::function<void(Progress&)> const& work,
                           std::function<std::shared_ptr<Change>()> const& makeChange);
     bool setLayer(UniqueId frame, bool Frame::*layer, bool on, char const* step, char const* group, char const* name);
 

@@ -2,7 +2,7 @@
 #include "kernel/compute/BackgroundWork.h"
 #include "kernel/frames/Session.h"
 #include "kernel/style/StyleTree.h"
-#include "kernel/undo/Change.h"
+#include "kernel/undo/ChangeAfterLoad.h"
 
 #include <stdexcept>
 
@@ -59,12 +59,22 @@ void Session::runOperation(std::string const& name, std::function<void(Progress&
     runInBackground(m_waiter, name, progress, work);
 }
 
-void Session::performOperation(std::string const& name, std::function<void(Progress&)> const& work,
+void Session::performOperation(std::string const& name, std::shared_ptr<DeferredLoad> const& load,
+                               std::function<void(Progress&)> const& work,
                                std::function<std::shared_ptr<Change>()> const& makeChange)
 {
     StyleTree::Operation const unchanged(*m_style);
-    runOperation(name, work);
-    if (std::shared_ptr<Change> const change = makeChange()) {
+    runOperation(name, [&](Progress& progress) {
+        if (!load->isEmpty()) {
+            load->load(progress);
+        }
+        work(progress);
+    });
+    std::shared_ptr<Change> change = makeChange();
+    if (change && !load->isEmpty()) {
+        change = std::make_shared<ChangeAfterLoad>(m_events, std::move(change), load);
+    }
+    if (change) {
         perform(m_history, name, change);
     }
 }

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "kernel/compute/Progress.h"
+#include "kernel/data/Buffer.h"
+
+namespace veldraw::kernel {
+
+/// A copy of @p source, bit for bit, with the values side by side.
+/// @throws Interrupted, std::bad_alloc also when the machine does not have the memory
+std::shared_ptr<Buffer> copyValues(Buffer const& source, Progress& progress);
+
+} // namespace veldraw::kernel

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "kernel/compute/Progress.h"
+#include "kernel/data/ZonesAndVariables.h"
+#include "kernel/events/StateChangeEvent.h"
+
+#include <map>
+#include <memory>
+#include <vector>
+
+namespace veldraw::kernel {
+
+/// What an operation needs of a data set and is not loaded yet: values of fields and dimensions of zones.
+///
+/// First it is told what is needed, then it loads that aside, on any thread, while the data set stays as it is; at last the
+/// data set takes all of it at once. Dropped before that, it leaves no trace.
+class DeferredLoad
+{
+public:
+    explicit DeferredLoad(DataSet const& dataSet)
+        : m_dataSet(dataSet)
+    {
+    }
+
+    /// Notes what is not loaded; what is there already, passive or noted is left out. Numbers are one-based and exist.
+    void addDimensions(int zone);
+    void addField(int zone, int variable); ///< with the dimensions of the zone
+
+    bool isEmpty() const { return m_values.empty() && m_dimensions.empty(); }
+
+    /// @throws std::runtime_error with a reason, std::bad_alloc, Interrupted
+    void load(Progress& progress);
+
+    /// Hands all that has been loaded over to the data set.
+    void commit() noexcept;
+
+    /// What is to be told after commit(). To be asked for before, as it needs memory.
+    /// @param unloaded fields whose values go at the same time
+    std::vector<StateChangeEvent> events(ZonesAndVariables const& unloaded = {}) const;
+
+    /// Values of a group, be they loaded in the data set or here.
+    std::shared_ptr<Buffer const> valuesOf(ShareGroup const& group) const;
+
+    /// Slots of a field of @p zone, be its dimensions known in the data set or here.
+    std::int64_t valueCount(Zone const& zone, ValueLocation_e location) const;
+
+    /// Memory of what has been loaded here.
+    std::int64_t bytes() const;
+
+private:
+    struct Values
+    {
+        std::shared_ptr<Zone> zone; // one whose field is on the group
+        ValueLocation_e location;
+        std::shared_ptr<Buffer> buffer;
+    };
+
+    void loadDimensions(Progress& progress);
+    std::int64_t sizeOf(ShareGroup const& group, Values const& values) const;
+    void requireMemoryForValues() const;
+
+    DataSet const& m_dataSet;
+    std::map<ShareGroup*, Values> m_values; // not held, so that share counts stay true
+    std::map<std::shared_ptr<DimensionsLoader>, ZoneDimensions> m_dimensions;
+};
+
+} // namespace veldraw::kernel

@@ -1,0 +1,50 @@
+#include "kernel/data/ValueEdit.h"
+
+namespace veldraw::kernel {
+
+KnownRange::Dimensions ValuePlace::cellDimensions() const
+{
+    bool const isCell = zone->isOrdered() && zone->fields[position].location() == ValueLocation_CellCentered;
+    return isCell ? KnownRange::Dimensions{zone->i, zone->j, zone->k} : KnownRange::Dimensions{};
+}
+
+ValueEdit::ValueEdit(EventHub& hub, ValuePlace place, std::uint64_t bits, std::shared_ptr<Buffer> copy,
+                     StateChangeEvent event)
+    : m_hub(hub)
+    , m_place(std::move(place))
+    , m_otherBits(bits)
+    , m_copy(std::move(copy))
+    , m_event(std::move(event))
+{
+}
+
+void ValueEdit::apply() noexcept
+{
+    ShareGroup& group = m_place.group();
+    if (m_copy) {
+        group.replaceByCopy(std::move(m_copy));
+        m_copy.reset();
+    }
+    m_rangeBefore = group.knownRange();
+    exchange();
+    m_hub.emitEvent(m_event);
+}
+
+void ValueEdit::revert() noexcept
+{
+    exchange();
+    if (m_rangeBefore.isKnown()) {
+        m_place.group().restoreRange(m_rangeBefore);
+    }
+    m_hub.emitEvent(m_event);
+}
+
+void ValueEdit::exchange() noexcept
+{
+    ShareGroup& group = m_place.group();
+    std::uint64_t const bits = group.buffer()->bits(m_place.index);
+    group.writeBits(m_place.index, m_otherBits, m_place.cellDimensions());
+    m_otherBits = bits;
+}
+
+} // namespace veldraw::kernel

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "kernel/data/Zone.h"
+#include "kernel/events/EventHub.h"
+#include "kernel/undo/Change.h"
+
+namespace veldraw::kernel {
+
+/// The place of one value: a field of a zone, and where in its buffer.
+struct ValuePlace
+{
+    std::shared_ptr<Zone> zone;
+    std::size_t position; ///< zero-based among the zone's fields; the field is not passive
+    std::int64_t index;   ///< zero-based
+
+    ShareGroup& group() const { return *zone->fields[position].group(); }
+
+    /// As the group's range wants them: of the zone where the value is that of a cell of an ordered zone, else zeros.
+    KnownRange::Dimensions cellDimensions() const;
+};
+
+/// Stores one value in place, and the old bits again. No array is held: each way finds the group by the field, which stands
+/// where it stood when the step was made.
+class ValueEdit : public Change
+{
+public:
+    /// @param copy of the values, to be put in the place of a buffer that is held by others; else null
+    /// @param event sent after each way
+    ValueEdit(EventHub& hub, ValuePlace place, std::uint64_t bits, std::shared_ptr<Buffer> copy,
+              StateChangeEvent event);
+
+    void apply() noexcept override;
+    void revert() noexcept override;
+
+private:
+    void exchange() noexcept;
+
+    EventHub& m_hub;
+    ValuePlace m_place;
+    std::uint64_t m_otherBits;
+    KnownRange m_rangeBefore;
+    std::shared_ptr<Buffer> m_copy;
+    StateChangeEvent m_event;
+};
+
+} // namespace veldraw::kernel

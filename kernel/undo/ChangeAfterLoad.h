@@ -1,0 +1,49 @@
+#pragma once
+
+#include "kernel/data/DeferredLoad.h"
+#include "kernel/events/EventHub.h"
+#include "kernel/undo/Change.h"
+
+namespace veldraw::kernel {
+
+/// A change that needed values which were not loaded: the first time it happens, the data set takes these as well. To take
+/// the change back does not unload them.
+class ChangeAfterLoad : public Change
+{
+public:
+    /// @throws std::bad_alloc
+    ChangeAfterLoad(EventHub& hub, std::shared_ptr<Change> change, std::shared_ptr<DeferredLoad> load)
+        : m_hub(hub)
+        , m_change(std::move(change))
+        , m_load(std::move(load))
+        , m_events(m_load->events())
+        , m_bytes(m_change->bytes() + m_load->bytes())
+    {
+    }
+
+    void apply() noexcept override
+    {
+        if (m_load) {
+            m_load->commit();
+            m_load.reset();
+        }
+        m_change->apply();
+        std::vector<StateChangeEvent> const loaded = std::move(m_events);
+        m_events.clear();
+        for (StateChangeEvent const& event : loaded) {
+            m_hub.emitEvent(event);
+        }
+    }
+
+    void revert() noexcept override { m_change->revert(); }
+    std::int64_t bytes() const noexcept override { return m_bytes; }
+
+private:
+    EventHub& m_hub;
+    std::shared_ptr<Change> m_change;
+    std::shared_ptr<DeferredLoad> m_load;
+    std::vector<StateChangeEvent> m_events;
+    std::int64_t m_bytes;
+};
+
+} // namespace veldraw::kernel

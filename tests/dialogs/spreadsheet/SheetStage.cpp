@@ -1,0 +1,98 @@
+#include "tests/dialogs/spreadsheet/SheetStage.h"
+
+namespace veldraw::tests {
+
+namespace {
+
+/// Brings one value as often as it is wanted.
+class ConstantLoader : public kernel::ValueLoader
+{
+public:
+    ConstantLoader(FieldDataType_e type, std::int64_t size, double value)
+        : m_type(type)
+        , m_size(size)
+        , m_value(value)
+    {
+    }
+
+    std::shared_ptr<kernel::Buffer> load(kernel::Progress&) override
+    {
+        auto const buffer = kernel::Buffer::allocate(m_type, m_size);
+        for (std::int64_t index = 0; index < m_size; ++index)
+            buffer->setValue(index, m_value);
+        return buffer;
+    }
+
+private:
+    FieldDataType_e m_type;
+    std::int64_t m_size;
+    double m_value;
+};
+
+} // namespace
+
+double SheetStage::numbered(int variable, std::int64_t index)
+{
+    return 100.0 * variable + static_cast<double>(index);
+}
+
+SheetStage::SheetStage(std::vector<std::string> const& variables)
+{
+    for (std::string const& name : variables)
+        m_dataSet->addVariable(std::make_shared<kernel::Variable>(name));
+}
+
+int SheetStage::addZone(std::string const& name, ZoneType_e type, std::int64_t i, std::int64_t j, std::int64_t k)
+{
+    return m_dataSet->addZone(std::make_shared<kernel::Zone>(name, type, i, j, k));
+}
+
+kernel::Field& SheetStage::field(int zone, int variable)
+{
+    return m_dataSet->zone(zone)->fields.at(static_cast<std::size_t>(variable - 1));
+}
+
+void SheetStage::fill(int zone, int variable, FieldDataType_e type, ValueLocation_e location, Values const& values)
+{
+    std::int64_t const size = m_dataSet->zone(zone)->valueCount(location);
+    auto const buffer = kernel::Buffer::allocate(type, size);
+    for (std::int64_t index = 0; index < size; ++index)
+        buffer->setValue(index, values(variable, index));
+    field(zone, variable) = kernel::Field(std::make_shared<kernel::ShareGroup>(buffer), location);
+}
+
+void SheetStage::fillAll(int zone)
+{
+    for (int variable = 1; variable <= m_dataSet->variableCount(); ++variable)
+        fill(zone, variable, FieldDataType_Float, ValueLocation_Nodal);
+}
+
+void SheetStage::defer(int zone, int variable, double value)
+{
+    std::int64_t const size = m_dataSet->zone(zone)->valueCount(ValueLocation_Nodal);
+    auto const loader = std::make_shared<ConstantLoader>(FieldDataType_Float, size, value);
+    field(zone, variable) =
+        kernel::Field(std::make_shared<kernel::ShareGroup>(FieldDataType_Float, size, loader), ValueLocation_Nodal);
+}
+
+void SheetStage::share(int zone, int variable, int sourceZone)
+{
+    field(zone, variable) = field(sourceZone, variable);
+}
+
+void SheetStage::show()
+{
+    session().setFrameDataSet(frame()->id, m_dataSet);
+}
+
+void SheetStage::hide()
+{
+    session().setFrameDataSet(frame()->id, nullptr);
+}
+
+double SheetStage::stored(int zone, int variable, std::int64_t index) const
+{
+    return m_dataSet->field(zone, variable)->group()->buffer()->value(index);
+}
+
+} // namespace veldraw::tests

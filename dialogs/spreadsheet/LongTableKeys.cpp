@@ -1,0 +1,84 @@
+#include "dialogs/spreadsheet/LongTableKeys.h"
+
+#include "dialogs/spreadsheet/TableWindow.h"
+
+#include <QKeyEvent>
+
+#include <algorithm>
+
+namespace veldraw::sdk::ui::propertymanager {
+
+namespace {
+
+unsigned long long reduced(unsigned long long number, unsigned long long by)
+{
+    return number - std::min(number, by);
+}
+
+} // namespace
+
+LongTableKeys::LongTableKeys(TableWindow& window, QObject& view)
+    : QObject(&view)
+    , m_window(window)
+{
+    view.installEventFilter(this);
+}
+
+LongTableKeys::~LongTableKeys() = default;
+
+bool LongTableKeys::eventFilter(QObject* watched, QEvent* event)
+{
+    bool const isLong = !m_window.showsAll(Qt::Vertical) || !m_window.showsAll(Qt::Horizontal);
+    if (event->type() != QEvent::KeyPress || !isLong)
+        return QObject::eventFilter(watched, event);
+    auto const& key = *static_cast<QKeyEvent*>(event);
+    std::optional<Cell> const cell = target(key);
+    if (!cell)
+        return QObject::eventFilter(watched, event);
+    m_window.setCurrent(*cell, key.modifiers() & Qt::ShiftModifier);
+    return true;
+}
+
+std::optional<LongTableKeys::Cell> LongTableKeys::target(QKeyEvent const& key) const
+{
+    unsigned long long const rows = m_window.total(Qt::Vertical);
+    if (rows == 0 || m_window.total(Qt::Horizontal) == 0 || (key.modifiers() & (Qt::AltModifier | Qt::MetaModifier)))
+        return std::nullopt;
+    Cell const cell =
+        m_window.current().value_or(Cell(m_window.position(Qt::Vertical), m_window.position(Qt::Horizontal)));
+    auto const page = static_cast<unsigned long long>(m_window.pageSize(Qt::Vertical));
+    unsigned long long const lastRow = rows - 1;
+    bool const toTheEnd = key.modifiers() & Qt::ControlModifier;
+    switch (key.key()) {
+    case Qt::Key_Up:
+        return Cell(toTheEnd ? 0 : reduced(cell.row, 1), cell.column);
+    case Qt::Key_Down:
+        return Cell(toTheEnd ? lastRow : std::min(cell.row + 1, lastRow), cell.column);
+    case Qt::Key_PageUp:
+        return Cell(reduced(cell.row, page), cell.column);
+    case Qt::Key_PageDown:
+        return Cell(std::min(cell.row + page, lastRow), cell.column);
+    default:
+        return targetInRow(key, cell);
+    }
+}
+
+std::optional<LongTableKeys::Cell> LongTableKeys::targetInRow(QKeyEvent const& key, Cell const& cell) const
+{
+    unsigned long long const lastColumn = m_window.total(Qt::Horizontal) - 1;
+    bool const toTheEnd = key.modifiers() & Qt::ControlModifier;
+    switch (key.key()) {
+    case Qt::Key_Left:
+        return Cell(cell.row, toTheEnd ? 0 : reduced(cell.column, 1));
+    case Qt::Key_Right:
+        return Cell(cell.row, toTheEnd ? lastColumn : std::min(cell.column + 1, lastColumn));
+    case Qt::Key_Home:
+        return Cell(toTheEnd ? 0 : cell.row, 0);
+    case Qt::Key_End:
+        return Cell(toTheEnd ? m_window.total(Qt::Vertical) - 1 : cell.row, lastColumn);
+    default:
+        return std::nullopt;
+    }
+}
+
+} // namespace veldraw::sdk::ui::propertymanager

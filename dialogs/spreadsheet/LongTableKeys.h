@@ -1,0 +1,37 @@
+#pragma once
+
+#include "dialogs/spreadsheet/TableCells.h"
+
+#include <QObject>
+
+#include <optional>
+
+class QKeyEvent;
+
+namespace veldraw::sdk::ui::propertymanager {
+
+class TableWindow;
+
+/// The keys that move the current cell, over all of a table that is longer than its view can hold: arrows, Page Up and Page
+/// Down, Home and End, with Control and, to select, with Shift. In a shorter table the view sees to its keys itself.
+class LongTableKeys : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Belongs to the window's view and filters its events.
+    LongTableKeys(TableWindow& window, QObject& view);
+    ~LongTableKeys() override;
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    using Cell = TableCells::Cell;
+
+    std::optional<Cell> target(QKeyEvent const& key) const;
+    std::optional<Cell> targetInRow(QKeyEvent const& key, Cell const& cell) const;
+
+    TableWindow& m_window;
+};
+
+} // namespace veldraw::sdk::ui::propertymanager

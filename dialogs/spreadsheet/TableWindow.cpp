@@ -1,0 +1,287 @@
+#include "dialogs/spreadsheet/TableWindow.h"
+
+#include "dialogs/widgets/TableViewWithPreferredDimensions.h"
+
+#include <QApplication>
+#include <QMouseEvent>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+#include <QTimer>
+
+#include <algorithm>
+
+namespace veldraw::sdk::ui::propertymanager {
+
+namespace {
+
+// So many pages from the window's end it moves on, before anybody can scroll there.
+constexpr int pagesOfRoom = 64;
+
+unsigned long long wide(int count)
+{
+    return static_cast<unsigned long long>(count);
+}
+
+unsigned long long reduced(unsigned long long number, unsigned long long by)
+{
+    return number - std::min(number, by);
+}
+
+// All of the table if it is all of the window.
+void widen(unsigned long long& first, unsigned long long& last, int windowSize, unsigned long long total)
+{
+    if (last - first + 1 != wide(windowSize))
+        return;
+    first = 0;
+    last = reduced(total, 1);
+}
+
+} // namespace
+
+TableWindow::TableWindow(View& view, Adapter& adapter)
+    : QObject(&view)
+    , m_view(view)
+    , m_adapter(adapter)
+{
+    connect(view.selectionModel(), &QItemSelectionModel::currentChanged, this, &TableWindow::onCurrentChanged);
+    connect(view.selectionModel(), &QItemSelectionModel::selectionChanged, this, &TableWindow::onSelectionChanged);
+    connect(&adapter, &Adapter::windowChanged, this, &TableWindow::onWindowChanged);
+    for (QScrollBar* const bar : {view.verticalScrollBar(), view.horizontalScrollBar()}) {
+        connect(bar, &QScrollBar::valueChanged, this, &TableWindow::onScrolled);
+        connect(bar, &QScrollBar::rangeChanged, this, &TableWindow::onScrolled);
+    }
+    view.viewport()->installEventFilter(this);
+}
+
+TableWindow::~TableWindow() = default;
+
+TableWindow* TableWindow::of(QObject const& view)
+{
+    return view.findChild<TableWindow*>(QString(), Qt::FindDirectChildrenOnly);
+}
+
+unsigned long long TableWindow::total(Qt::Orientation direction) const
+{
+    return direction == Qt::Vertical ? m_adapter.totalRows() : m_adapter.totalColumns();
+}
+
+bool TableWindow::showsAll(Qt::Orientation direction) const
+{
+    return direction == Qt::Vertical ? m_adapter.showsAllRows() : m_adapter.showsAllColumns();
+}
+
+unsigned long long TableWindow::position(Qt::Orientation direction) const
+{
+    return first(direction) + wide(scrollBar(direction).value());
+}
+
+int TableWindow::pageSize(Qt::Orientation direction) const
+{
+    return std::max(scrollBar(direction).pageStep(), 1);
+}
+
+unsigned long long TableWindow::lastPosition(Qt::Orientation direction) const
+{
+    return reduced(total(direction), wide(pageSize(direction)));
+}
+
+void TableWindow::scrollTo(Qt::Orientation direction, unsigned long long position)
+{
+    unsigned long long const target = std::min(position, lastPosition(direction));
+    unsigned long long const begin = first(direction);
+    if (target < begin || target + wide(pageSize(direction)) > begin + wide(windowSize(direction)))
+        moveWindowAround(direction, target);
+    scrollBar(direction).setValue(static_cast<int>(target - first(direction)));
+}
+
+void TableWindow::setCurrent(Cell const& cell, bool extend)
+{
+    if (cell.row >= m_adapter.totalRows() || cell.column >= m_adapter.totalColumns())
+        return;
+    Cell const from = extend && m_anchor ? *m_anchor : cell;
+    ensureInWindow(Qt::Vertical, cell.row);
+    ensureInWindow(Qt::Horizontal, cell.column);
+    m_anchor = from;
+    m_current = cell;
+    m_selection = Range{Cell(std::min(from.row, cell.row), std::min(from.column, cell.column)),
+                        Cell(std::max(from.row, cell.row), std::max(from.column, cell.column))};
+    QScopedValueRollback<bool> const moving(m_isMoving, true);
+    showSelection();
+    showCurrent();
+    m_view.scrollTo(m_view.currentIndex());
+    Q_EMIT positionChanged();
+}
+
+bool TableWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    auto const* const mouse = static_cast<QMouseEvent*>(event);
+    if (event->type() == QEvent::MouseButtonPress && mouse->button() == Qt::LeftButton) {
+        m_isPressed = true;
+        QModelIndex const index = m_view.indexAt(mouse->pos());
+        bool const extends = mouse->modifiers() == Qt::ShiftModifier;
+        // The view would extend from what it has of the selection, which may begin outside the window.
+        if (extends && index.isValid() && !(showsAll(Qt::Vertical) && showsAll(Qt::Horizontal))) {
+            setCurrent(m_adapter.tableIndex(index), true);
+            return true;
+        }
+        if (!extends && index.isValid())
+            m_anchor = m_adapter.tableIndex(index);
+    } else if (event->type() == QEvent::MouseButtonRelease) {
+        m_isPressed = false;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void TableWindow::onCurrentChanged(QModelIndex const& index)
+{
+    if (m_isMoving)
+        return;
+    m_current.reset();
+    if (index.isValid())
+        m_current = m_adapter.tableIndex(index);
+    if (!m_isPressed && !(QApplication::keyboardModifiers() & Qt::ShiftModifier))
+        m_anchor = m_current;
+}
+
+void TableWindow::onSelectionChanged()
+{
+    if (!m_isMoving)
+        m_selection = rangeInTable();
+}
+
+void TableWindow::onWindowChanged()
+{
+    if (m_isMoving)
+        return;
+    if (!m_view.currentIndex().isValid()) {
+        m_current.reset();
+        m_anchor.reset();
+    }
+    m_view.layOutNow();
+    Q_EMIT positionChanged();
+}
+
+void TableWindow::onScrolled()
+{
+    if (m_isMoving)
+        return;
+    Q_EMIT positionChanged();
+    if (m_willMakeRoom)
+        return;
+    // Later, as the view may be in the middle of scrolling.
+    m_willMakeRoom = true;
+    QTimer::singleShot(0, this, [this] {
+        m_willMakeRoom = false;
+        makeRoom(Qt::Vertical);
+        makeRoom(Qt::Horizontal);
+    });
+}
+
+void TableWindow::makeRoom(Qt::Orientation direction)
+{
+    if (showsAll(direction))
+        return;
+    int const room = std::min(pagesOfRoom * pageSize(direction), windowSize(direction) / 4);
+    QScrollBar const& bar = scrollBar(direction);
+    bool const nearStart = bar.value() < room && first(direction) > 0;
+    bool const nearEnd = bar.value() > bar.maximum() - room && first(direction) < lastFirst(direction);
+    if (nearStart || nearEnd)
+        moveWindowAround(direction, position(direction));
+}
+
+void TableWindow::moveWindow(Qt::Orientation direction, unsigned long long newFirst)
+{
+    unsigned long long const shown = position(direction);
+    QScopedValueRollback<bool> const moving(m_isMoving, true);
+    if (direction == Qt::Vertical)
+        m_adapter.setFirstRow(newFirst);
+    else
+        m_adapter.setFirstColumn(newFirst);
+    m_view.layOutNow();
+    showSelection();
+    showCurrent();
+    int const place = inWindow(direction, shown);
+    if (place >= 0)
+        scrollBar(direction).setValue(place);
+}
+
+void TableWindow::moveWindowAround(Qt::Orientation direction, unsigned long long center)
+{
+    moveWindow(direction, reduced(center, wide(windowSize(direction) / 2)));
+}
+
+void TableWindow::ensureInWindow(Qt::Orientation direction, unsigned long long place)
+{
+    if (inWindow(direction, place) < 0)
+        moveWindowAround(direction, place);
+}
+
+// The part of the selection that the window has. A selection that is no rectangle is the view's own.
+void TableWindow::showSelection()
+{
+    if (!m_selection)
+        return;
+    unsigned long long const top = std::max(m_selection->first.row, m_adapter.firstRow());
+    unsigned long long const left = std::max(m_selection->first.column, m_adapter.firstColumn());
+    unsigned long long const bottom =
+        std::min(m_selection->last.row, m_adapter.firstRow() + reduced(wide(m_adapter.rowCount()), 1));
+    unsigned long long const right =
+        std::min(m_selection->last.column, m_adapter.firstColumn() + reduced(wide(m_adapter.columnCount()), 1));
+    if (top > bottom || left > right) {
+        m_view.selectionModel()->clearSelection();
+        return;
+    }
+    QItemSelection const part(m_adapter.index(m_adapter.windowRow(top), m_adapter.windowColumn(left)),
+                              m_adapter.index(m_adapter.windowRow(bottom), m_adapter.windowColumn(right)));
+    m_view.selectionModel()->select(part, QItemSelectionModel::ClearAndSelect);
+}
+
+void TableWindow::showCurrent()
+{
+    QModelIndex shown;
+    if (m_current)
+        shown = m_adapter.index(m_adapter.windowRow(m_current->row), m_adapter.windowColumn(m_current->column));
+    if (shown.isValid())
+        m_view.selectionModel()->setCurrentIndex(shown, QItemSelectionModel::NoUpdate);
+    else
+        m_view.selectionModel()->clearCurrentIndex();
+}
+
+std::optional<TableWindow::Range> TableWindow::rangeInTable() const
+{
+    QItemSelection const selection = m_view.selectionModel()->selection();
+    if (selection.size() != 1)
+        return std::nullopt;
+    QItemSelectionRange const& only = selection.front();
+    Range range{m_adapter.tableIndex(only.topLeft()), m_adapter.tableIndex(only.bottomRight())};
+    widen(range.first.row, range.last.row, m_adapter.rowCount(), m_adapter.totalRows());
+    widen(range.first.column, range.last.column, m_adapter.columnCount(), m_adapter.totalColumns());
+    return range;
+}
+
+QScrollBar& TableWindow::scrollBar(Qt::Orientation direction) const
+{
+    return direction == Qt::Vertical ? *m_view.verticalScrollBar() : *m_view.horizontalScrollBar();
+}
+
+unsigned long long TableWindow::first(Qt::Orientation direction) const
+{
+    return direction == Qt::Vertical ? m_adapter.firstRow() : m_adapter.firstColumn();
+}
+
+unsigned long long TableWindow::lastFirst(Qt::Orientation direction) const
+{
+    return direction == Qt::Vertical ? m_adapter.lastFirstRow() : m_adapter.lastFirstColumn();
+}
+
+int TableWindow::windowSize(Qt::Orientation direction) const
+{
+    return direction == Qt::Vertical ? m_adapter.rowCount() : m_adapter.columnCount();
+}
+
+int TableWindow::inWindow(Qt::Orientation direction, unsigned long long place) const
+{
+    return direction == Qt::Vertical ? m_adapter.windowRow(place) : m_adapter.windowColumn(place);
+}
+
+} // namespace veldraw::sdk::ui::propertymanager

@@ -1,0 +1,100 @@
+#pragma once
+
+#include "dialogs/spreadsheet/TableCells.h"
+
+#include <QObject>
+
+#include <optional>
+
+class QItemSelectionRange;
+class QScrollBar;
+
+namespace veldraw::dialogs::common {
+class TableViewWithPreferredDimensions;
+}
+
+namespace veldraw::sdk::ui::propertymanager {
+
+/// A view on a table that may be longer than a Qt view can hold: position, current cell and selection in 64-bit numbers of
+/// the whole table. It moves the window of rows and columns that the item model shows so that the user meets no border.
+///
+/// What the user selects with the view's own means is taken over. A selection that reaches from the first to the last row of
+/// the window, such as a click on a column's name, stands for all rows of the table; the same holds for columns.
+class TableWindow : public QObject
+{
+    Q_OBJECT
+
+public:
+    using Cell = TableCells::Cell;
+    using View = veldraw::dialogs::common::TableViewWithPreferredDimensions;
+    using Adapter = dialogs::propertybindings::models::QTableModelAdapter;
+
+    /// A rectangle of cells, both ends included.
+    struct Range
+    {
+        Cell first;
+        Cell last;
+    };
+
+    /// Belongs to the view, which shows the adapter already and goes first.
+    TableWindow(View& view, Adapter& adapter);
+    ~TableWindow() override;
+
+    /// The one of a view, null if it has none.
+    static TableWindow* of(QObject const& view);
+
+    // ---- the two directions: vertical counts rows, horizontal columns ----------------------------------------------
+    unsigned long long total(Qt::Orientation direction) const;
+    /// Whether the view holds all there is, so that its own scroll bar reaches everything.
+    bool showsAll(Qt::Orientation direction) const;
+    /// The first row or column in view, how many fit whole, and where the view can begin at most.
+    unsigned long long position(Qt::Orientation direction) const;
+    int pageSize(Qt::Orientation direction) const;
+    unsigned long long lastPosition(Qt::Orientation direction) const;
+    /// Scrolls; a position beyond the last one is that.
+    void scrollTo(Qt::Orientation direction, unsigned long long position);
+
+    // ---- current cell and selection --------------------------------------------------------------------------------
+    std::optional<Cell> current() const { return m_current; }
+    /// What is selected as one rectangle; none if nothing is or if it is no rectangle.
+    std::optional<Range> selection() const { return m_selection; }
+    /// Goes to a cell and brings it into view. Cells beyond the table are ignored.
+    /// @param extend selects from where the selection began to the cell, instead of the cell
+    void setCurrent(Cell const& cell, bool extend);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+Q_SIGNALS:
+    /// After scrolling, and after the table got another size.
+    void positionChanged();
+
+private:
+    void onCurrentChanged(QModelIndex const& index);
+    void onSelectionChanged();
+    void onWindowChanged();
+    void onScrolled();
+    void makeRoom(Qt::Orientation direction);
+    void moveWindow(Qt::Orientation direction, unsigned long long first);
+    void moveWindowAround(Qt::Orientation direction, unsigned long long center);
+    void ensureInWindow(Qt::Orientation direction, unsigned long long place);
+    void showSelection();
+    void showCurrent();
+    std::optional<Range> rangeInTable() const;
+
+    QScrollBar& scrollBar(Qt::Orientation direction) const;
+    unsigned long long first(Qt::Orientation direction) const;
+    unsigned long long lastFirst(Qt::Orientation direction) const;
+    int windowSize(Qt::Orientation direction) const;
+    int inWindow(Qt::Orientation direction, unsigned long long place) const;
+
+    View& m_view;
+    Adapter& m_adapter;
+    std::optional<Cell> m_current;
+    std::optional<Cell> m_anchor; // where the selection began
+    std::optional<Range> m_selection;
+    bool m_isMoving = false;  // what the view tells is our own doing
+    bool m_isPressed = false; // the mouse is selecting
+    bool m_willMakeRoom = false;
+};
+
+} // namespace veldraw::sdk::ui::propertymanager

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "platform/vdsdkcommon/StringFormatter.h"
+
+#include <QStyledItemDelegate>
+
+class QLineEdit;
+
+namespace veldraw::sdk::ui::propertymanager {
+class DataSpreadsheetPropertiesManager;
+}
+
+namespace veldraw::sdk::ui::dialogs::propertybindings::models {
+
+/// Shows the numbers of a table of field values in the chosen format and lets the user edit them, within the limits of
+/// the type in which they are stored.
+class ZoneVarTableItemDelegate : public QStyledItemDelegate
+{
+    Q_OBJECT
+
+public:
+    /// The manager must outlive the delegate.
+    ZoneVarTableItemDelegate(propertymanager::DataSpreadsheetPropertiesManager const& manager, QObject* parent);
+    ~ZoneVarTableItemDelegate() override;
+
+    QWidget* createEditor(QWidget* parent, QStyleOptionViewItem const& option, QModelIndex const& index) const override;
+    /// A text that is not acceptable is dropped: the cell keeps its value.
+    void setModelData(QWidget* editor, QAbstractItemModel* model, QModelIndex const& index) const override;
+    /// In the chosen format and always with a decimal point; "Not Loaded" as it is, anything else that is no number as
+    /// nothing.
+    QString displayText(QVariant const& value, QLocale const& locale) const override;
+    /// Return and Enter end the edit and stay with the editor.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QString shownText(QVariant const& value) const;
+    void limitToType(QLineEdit& editor, QModelIndex const& index) const;
+
+    propertymanager::DataSpreadsheetPropertiesManager const& m_manager;
+    mutable StringFormatter m_formatter; // set up anew for each text, inside what Qt wants const
+};
+
+} // namespace veldraw::sdk::ui::dialogs::propertybindings::models

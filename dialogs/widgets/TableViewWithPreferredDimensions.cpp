@@ -1,0 +1,52 @@
+#include "dialogs/widgets/TableViewWithPreferredDimensions.h"
+
+#include <QHeaderView>
+#include <QScreen>
+#include <QScrollBar>
+
+#include <algorithm>
+
+namespace veldraw::dialogs::common {
+
+TableViewWithPreferredDimensions::TableViewWithPreferredDimensions(QWidget* parent)
+    : QTableView(parent)
+{
+}
+
+TableViewWithPreferredDimensions::~TableViewWithPreferredDimensions() = default;
+
+void TableViewWithPreferredDimensions::setPreferredNumberOfRows(int count)
+{
+    m_preferredRows = std::max(count, 0);
+    updateGeometry();
+}
+
+void TableViewWithPreferredDimensions::setPreferredNumberOfColumns(int count)
+{
+    m_preferredColumns = std::max(count, 0);
+    updateGeometry();
+}
+
+QSize TableViewWithPreferredDimensions::sizeHint() const
+{
+    QSize hint = QTableView::sizeHint();
+    int const frame = 2 * frameWidth();
+    // A header that was never laid out has no width yet; its size hint or minimum tells what it will take.
+    int const rowHeader = std::max(verticalHeader()->sizeHint().width(), verticalHeader()->minimumWidth());
+    if (m_preferredColumns > 0)
+        hint.setWidth(m_preferredColumns * horizontalHeader()->defaultSectionSize() + rowHeader + frame +
+                      verticalScrollBar()->sizeHint().width());
+    if (m_preferredRows > 0)
+        hint.setHeight(m_preferredRows * verticalHeader()->defaultSectionSize() +
+                       horizontalHeader()->sizeHint().height() + frame + horizontalScrollBar()->sizeHint().height());
+    QScreen const* const itsScreen = screen();
+    return itsScreen ? hint.boundedTo(itsScreen->availableSize() * 2 / 3) : hint;
+}
+
+void TableViewWithPreferredDimensions::layOutNow()
+{
+    executeDelayedItemsLayout();
+    updateGeometries();
+}
+
+} // namespace veldraw::dialogs::common

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QTableView>
+
+namespace veldraw::dialogs::common {
+
+/// A table view that asks for room for a number of rows and columns, whatever the size of its table.
+class TableViewWithPreferredDimensions : public QTableView
+{
+    Q_OBJECT
+
+public:
+    explicit TableViewWithPreferredDimensions(QWidget* parent = nullptr);
+    ~TableViewWithPreferredDimensions() override;
+
+    /// Without a preference, or with one below 1, the size hint is that of every table view.
+    void setPreferredNumberOfRows(int count);
+    void setPreferredNumberOfColumns(int count);
+
+    /// Headers, frame and scroll bars around the preferred sections of default size, at most two thirds of the screen.
+    QSize sizeHint() const override;
+
+    /// Brings scroll bars and headers in line with the item model now instead of at the next event.
+    void layOutNow();
+
+private:
+    int m_preferredRows = 0;
+    int m_preferredColumns = 0;
+};
+
+} // namespace veldraw::dialogs::common

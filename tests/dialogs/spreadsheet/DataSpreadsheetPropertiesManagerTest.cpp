@@ -1,0 +1,532 @@
+#include "dialogs/spreadsheet/DataSpreadsheetPropertiesManager.h"
+
+#include "dialogs/frame/QtDialogAbstract.h"
+#include "dialogs/models/QTableModelAdapter.h"
+#include "dialogs/spreadsheet/FEZoneVarTableModel.h"
+#include "dialogs/spreadsheet/IJKLineZoneVarTableModel.h"
+#include "dialogs/spreadsheet/OrderedZoneVarTableModel.h"
+#include "platform/exception/IOException.h"
+#include "platform/exception/InvalidPropertyValueException.h"
+#include "platform/vdsdkuicommon/IdleDispatcher.h"
+#include "tests/dialogs/spreadsheet/FakeTable.h"
+#include "tests/dialogs/spreadsheet/SheetStage.h"
+#include "tests/dialogs/support/FakeStateChange.h"
+#include "tests/dialogs/support/RecordedMessages.h"
+#include "tests/support/KernelSpy.h"
+
+#include <QWidget>
+
+#include <boost/make_shared.hpp>
+
+#include <gmock/gmock.h>
+
+namespace veldraw::tests {
+namespace {
+
+using namespace tables;
+using sdk::ui::common::IdleDispatcher;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using Manager = sdk::ui::propertymanager::DataSpreadsheetPropertiesManager;
+
+/// A dialog that is nothing but somebody's owner.
+class OwnerDialog : public dialogs::common::QtDialogAbstract
+{
+public:
+    explicit OwnerDialog(QWidget& parent)
+        : QtDialogAbstract(parent, nullptr)
+    {
+    }
+};
+
+/// A volume (20 x 5 x 4), planes, a line, and finite elements; X and Y everywhere, P at the cells of some.
+class DataSpreadsheetPropertiesManagerTest : public testing::Test
+{
+protected:
+    DataSpreadsheetPropertiesManagerTest()
+    {
+        restoreChoices();
+        for (int const zone : {addOrdered("volume", 20, 5, 4), addOrdered("IJ", 20, 5, 1), addOrdered("IK", 20, 1, 4),
+                               addOrdered("JK", 1, 5, 4), addOrdered("line", 1, 6, 1), addOrdered("big", 60, 60, 60),
+                               stage.addZone("triangles", ZoneType_FETriangle, 5, 3, 0)})
+            stage.fillAll(zone);
+        stage.fill(triangles, 3, FieldDataType_Float, ValueLocation_CellCentered);
+    }
+    ~DataSpreadsheetPropertiesManagerTest() override { restoreChoices(); }
+
+    int addOrdered(std::string const& name, std::int64_t i, std::int64_t j, std::int64_t k)
+    {
+        return stage.addZone(name, ZoneType_Ordered, i, j, k);
+    }
+
+    static void restoreChoices()
+    {
+        Manager::spreadsheetZone()->setValue(1);
+        Manager::spreadsheetVariable()->setValue(1);
+        Manager::spreadsheetPlane()->setValue(IJKPlanes_K);
+        Manager::spreadsheetIIndex()->setValue(1);
+        Manager::spreadsheetJIndex()->setValue(1);
+        Manager::spreadsheetKIndex()->setValue(1);
+        Manager::spreadsheetAlterShared()->setValue(false);
+        Manager::spreadsheetFormat()->setValue(NumberFormat_BestFloat);
+        Manager::spreadsheetPrecision()->setValue(3);
+        Manager::spreadsheetValueLocation()->setValue(ValueLocation_Nodal);
+    }
+
+    Manager& manager()
+    {
+        if (!m_manager) {
+            stage.show();
+            m_manager = std::make_unique<Manager>(owner);
+        }
+        return *m_manager;
+    }
+    void choose(int zone)
+    {
+        manager();
+        Manager::spreadsheetZone()->setValue(zone);
+    }
+    std::string size()
+    {
+        TableModelProxy const& table = *manager().tableModelProxy();
+        return std::to_string(table.rowCount()) + "x" + std::to_string(table.columnCount());
+    }
+
+    static constexpr int volume = 1;
+    static constexpr int planeIJ = 2;
+    static constexpr int planeIK = 3;
+    static constexpr int planeJK = 4;
+    static constexpr int line = 5;
+    static constexpr int big = 6;
+    static constexpr int triangles = 7;
+
+    RecordedMessages messages;
+    SheetStage stage{{"X", "Y", "P"}};
+    QWidget parent;
+    OwnerDialog owner{parent};
+    std::unique_ptr<Manager> m_manager;
+};
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, OffersItsChoicesInOrder)
+{
+    auto const labels = [](auto const& list) {
+        std::vector<std::string> texts;
+        for (int row = 0; row < list->size(); ++row)
+            texts.push_back(list->getStr(row) + ": " + std::to_string(list->get(row)));
+        return texts;
+    };
+    EXPECT_THAT(labels(manager().planeListModel()), ElementsAre("I: 0", "J: 1", "K: 2"));
+    EXPECT_THAT(labels(manager().formatListModel()),
+                ElementsAre("Integer: 0", "Float: 1", "Exponent: 2", "Best Float: 3"));
+    EXPECT_THAT(labels(manager().valueLocationListModel()), ElementsAre("Cell center: 0", "Node: 1"));
+    EXPECT_EQ(manager().zoneListModel()->size(), 7);
+    EXPECT_EQ(manager().variableListModel()->size(), 3);
+    EXPECT_EQ(&manager().owner(), &owner);
+}
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, TakesNoughtToSixteenDigits)
+{
+    Manager::spreadsheetPrecision()->setValue(0);
+    Manager::spreadsheetPrecision()->setValue(16);
+    EXPECT_THROW(Manager::spreadsheetPrecision()->setValue(-1), InvalidPropertyValueException);
+    EXPECT_THROW(Manager::spreadsheetPrecision()->setValue(17), InvalidPropertyValueException);
+    EXPECT_EQ(Manager::spreadsheetPrecision()->value(), 16);
+}
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, ShowsAVolumeByPlanesAndEverythingElseInItsOwnWay)
+{
+    auto const shown = [this](int zone) {
+        choose(zone);
+        return size() + " " + manager().cornerLabel()->value();
+    };
+    EXPECT_EQ(shown(volume), "20x5 I \\ J");
+    EXPECT_EQ(shown(planeIJ), "20x5 I \\ J");
+    EXPECT_EQ(shown(planeIK), "20x4 I \\ K");
+    EXPECT_EQ(shown(planeJK), "5x4 J \\ K");
+    EXPECT_EQ(shown(line), "6x3 J \\ V");
+    EXPECT_EQ(shown(triangles), "5x2 N \\ V");
+    EXPECT_TRUE(boost::dynamic_pointer_cast<FEZoneVarTableModel>(manager().tableModel()));
+    choose(line);
+    EXPECT_TRUE(boost::dynamic_pointer_cast<IJKLineZoneVarTableModel>(manager().tableModel()));
+    choose(volume);
+    EXPECT_TRUE(boost::dynamic_pointer_cast<OrderedZoneVarTableModel>(manager().tableModel()));
+    Manager::spreadsheetPlane()->setValue(IJKPlanes_J);
+    EXPECT_EQ(size() + " " + manager().cornerLabel()->value(), "20x4 I \\ K");
+}
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, TurnsThePlaneToWhereAFlatZoneLies)
+{
+    auto const planeOf = [this](int zone) {
+        Manager::spreadsheetPlane()->setValue(IJKPlanes_J);
+        choose(zone);
+        return Manager::spreadsheetPlane()->value();
+    };
+    EXPECT_EQ(planeOf(planeIJ), IJKPlanes_K);
+    EXPECT_EQ(planeOf(planeIK), IJKPlanes_J);
+    EXPECT_EQ(planeOf(planeJK), IJKPlanes_I);
+    EXPECT_EQ(planeOf(line), IJKPlanes_I) << "a line along J";
+    EXPECT_EQ(planeOf(triangles), IJKPlanes_K);
+    choose(volume);
+    Manager::spreadsheetPlane()->setValue(IJKPlanes_J);
+    EXPECT_EQ(Manager::spreadsheetPlane()->value(), IJKPlanes_J) << "a volume takes any";
+    choose(planeIJ);
+    Manager::spreadsheetPlane()->setValue(IJKPlanes_I);
+    EXPECT_EQ(Manager::spreadsheetPlane()->value(), IJKPlanes_K) << "and springs back in a flat one";
+}
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, HasNoPlaneToChooseInAFlatZoneAndItsOneIndexIsOne)
+{
+    choose(volume);
+    Manager::spreadsheetKIndex()->setValue(4);
+    EXPECT_TRUE(manager().planeIndexRelevance()->isRelevant());
+    choose(planeIJ);
+    EXPECT_FALSE(manager().planeIndexRelevance()->isRelevant());
+    EXPECT_EQ(Manager::spreadsheetKIndex()->value(), 1);
+    EXPECT_EQ(manager().indexProperty()->value(), 1);
+}
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, CutsAnIndexToASmallerZoneForGood)
+{
+    choose(big);
+    Manager::spreadsheetPlane()->setValue(IJKPlanes_I);
+    manager().indexProperty()->setValue(50);
+    choose(volume);
+    EXPECT_EQ(Manager::spreadsheetIIndex()->value(), 20);
+    choose(big);
+    EXPECT_EQ(manager().indexProperty()->value(), 20);
+    Manager::spreadsheetIIndex()->setValue(-3);
+    EXPECT_EQ(Manager::spreadsheetIIndex()->value(), 1);
+}
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, CutsAllThreeIndicesWhicheverPlaneIsShown)
+{
+    choose(big);
+    Manager::spreadsheetIIndex()->setValue(50);
+    Manager::spreadsheetJIndex()->setValue(50);
+    Manager::spreadsheetKIndex()->setValue(50);
+    choose(volume);
+    EXPECT_EQ(Manager::spreadsheetIIndex()->value(), 20);
+    EXPECT_EQ(Manager::spreadsheetJIndex()->value(), 5);
+    EXPECT_EQ(Manager::spreadsheetKIndex()->value(), 4);
+}
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, HasOneCellPlaneLessThanPointsButNeverLessThanOne)
+{
+    stage.fill(volume, 3, FieldDataType_Float, ValueLocation_CellCentered);
+    stage.fill(planeIJ, 3, FieldDataType_Float, ValueLocation_CellCentered);
+    choose(volume);
+    Manager::spreadsheetVariable()->setValue(3);
+    manager().indexProperty()->setValue(4);
+    EXPECT_EQ(manager().indexProperty()->value(), 3);
+    choose(planeIJ);
+    EXPECT_EQ(manager().indexProperty()->value(), 1);
+    EXPECT_EQ(size(), "19x4");
+}
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, LeavesTheIndicesAloneForFiniteElements)
+{
+    choose(big);
+    Manager::spreadsheetJIndex()->setValue(50);
+    choose(triangles);
+    EXPECT_EQ(Manager::spreadsheetJIndex()->value(), 50);
+}
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, RemembersAnIndexForEachDirectionAndTellsTheOneThatShows)
+{
+    choose(big);
+    Manager::spreadsheetKIndex()->setValue(7);
+    Manager::spreadsheetIIndex()->setValue(30);
+    std::vector<long long> told;
+    boost::signals2::scoped_connection const connection(
+        manager().indexProperty()->connectValueChanged([&told](long long value) { told.push_back(value); }));
+    Manager::spreadsheetPlane()->setValue(IJKPlanes_I);
+    EXPECT_EQ(manager().indexProperty()->value(), 30);
+    Manager::spreadsheetPlane()->setValue(IJKPlanes_K);
+    EXPECT_EQ(manager().indexProperty()->value(), 7);
+    EXPECT_THAT(told, ElementsAre(30, 7));
+    Manager::spreadsheetJIndex()->setValue(7);
+    Manager::spreadsheetPlane()->setValue(IJKPlanes_J);
+    EXPECT_THAT(told, ElementsAre(30, 7)) << "the same value in another direction is no news";
+}
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, StepsTheIndexWithinThePlanesOfTheZone)
+{
+    choose(volume);
+    EXPECT_EQ(manager().indexCalculator()->increment(4.0), 4.0);
+    EXPECT_EQ(manager().indexCalculator()->increment(3.0), 4.0);
+    EXPECT_EQ(manager().indexCalculator()->decrement(1.0), 1.0);
+}
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, ReplacesTheTableForEachOfEightChoicesAndForTheIndexOfThePlaneShown)
+{
+    choose(big);
+    auto const replaces = [this](auto const& change) {
+        auto const before = manager().tableModel();
+        change();
+        return manager().tableModel() != before;
+    };
+    EXPECT_TRUE(replaces([] { Manager::spreadsheetZone()->setValue(volume); }));
+    EXPECT_TRUE(replaces([] { Manager::spreadsheetVariable()->setValue(2); }));
+    EXPECT_TRUE(replaces([] { Manager::spreadsheetPlane()->setValue(IJKPlanes_J); }));
+    EXPECT_TRUE(replaces([] { Manager::spreadsheetJIndex()->setValue(3); }));
+    EXPECT_FALSE(replaces([] { Manager::spreadsheetIIndex()->setValue(3); })) << "not the index that is shown";
+    EXPECT_TRUE(replaces([] { Manager::spreadsheetAlterShared()->setValue(true); }));
+    EXPECT_TRUE(replaces([] { Manager::spreadsheetFormat()->setValue(NumberFormat_Float); }));
+    EXPECT_TRUE(replaces([] { Manager::spreadsheetPrecision()->setValue(9); }));
+    EXPECT_TRUE(replaces([] { Manager::spreadsheetValueLocation()->setValue(ValueLocation_CellCentered); }));
+}
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, ReplacesTheTableOnceAChangeHoweverManyCorrectionsItBrings)
+{
+    choose(big);
+    Manager::spreadsheetPlane()->setValue(IJKPlanes_I);
+    manager().indexProperty()->setValue(50);
+    TableLog log(*manager().tableModelProxy());
+    choose(planeIJ);
+    EXPECT_THAT(log.take(), ElementsAre("data"));
+}
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, LetsTheOldTableGo)
+{
+    boost::weak_ptr<TableModelInterface> const old = manager().tableModel();
+    Manager::spreadsheetFormat()->setValue(NumberFormat_Exponent);
+    EXPECT_TRUE(old.expired());
+}
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, GoesToTheFirstEnabledZoneAtIdleWhenTheSelectedOneIsDisabledOrDeleted)
+{
+    choose(line);
+    stage.session().setZoneEnabled(stage.dataSet(), volume, false);
+    stage.session().setZoneEnabled(stage.dataSet(), line, false);
+    EXPECT_EQ(Manager::spreadsheetZone()->value(), line) << "not before idle";
+    IdleDispatcher::flush();
+    EXPECT_EQ(Manager::spreadsheetZone()->value(), planeIJ);
+    EXPECT_EQ(size(), "20x5");
+}
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, GoesToTheFirstEnabledVariableAtIdle)
+{
+    manager();
+    Manager::spreadsheetVariable()->setValue(3);
+    stage.session().deleteVariables(stage.dataSet(), {1, 3});
+    IdleDispatcher::flush();
+    EXPECT_EQ(Manager::spreadsheetVariable()->value(), 1);
+    EXPECT_EQ(manager().tableModelProxy()->getStr({1, 0}), "201");
+}
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, CorrectsAStaleSelectionWhenItIsMade)
+{
+    Manager::spreadsheetZone()->setValue(99);
+    Manager::spreadsheetVariable()->setValue(99);
+    manager();
+    EXPECT_EQ(Manager::spreadsheetZone()->value(), 1);
+    EXPECT_EQ(Manager::spreadsheetVariable()->value(), 1);
+}
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, KeepsTheTableWhenValuesAreEdited)
+{
+    auto const before = manager().tableModel();
+    EXPECT_TRUE(manager().tableModelProxy()->setStr({0, 0}, "5"));
+    IdleDispatcher::flush();
+    EXPECT_EQ(manager().tableModel(), before);
+}
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, LetsTheUserChooseBetweenTheLocationsOfAMixedZone)
+{
+    choose(triangles);
+    EXPECT_TRUE(manager().valueLocationRelevance()->isRelevant());
+    EXPECT_EQ(size(), "5x2");
+    EXPECT_EQ(manager().tableModelProxy()->columnName(1), "Y");
+    Manager::spreadsheetValueLocation()->setValue(ValueLocation_CellCentered);
+    EXPECT_EQ(size(), "3x1");
+    EXPECT_EQ(manager().tableModelProxy()->columnName(0), "P");
+}
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, TakesTheOneLocationOfAZoneWhateverWasChosen)
+{
+    stage.fill(triangles, 3, FieldDataType_Float, ValueLocation_Nodal);
+    Manager::spreadsheetValueLocation()->setValue(ValueLocation_CellCentered);
+    choose(triangles);
+    EXPECT_FALSE(manager().valueLocationRelevance()->isRelevant());
+    EXPECT_EQ(size(), "5x3");
+}
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, LeavesTableAndChoicesUntilTheDataSetChangesWhenDimensionsCannotBeHad)
+{
+    manager();
+    KernelSpy spy;
+    auto const before = manager().tableModel();
+    spy.failNext("VelUtilZoneGetIJK", 2);
+    try {
+        Manager::spreadsheetZone()->setValue(big);
+        FAIL() << "the failure must come through";
+    } catch (IOException const& failure) {
+        EXPECT_EQ(failure.message(), "Failed to load zone metrics.");
+    }
+    EXPECT_EQ(manager().tableModel(), before);
+    Manager::spreadsheetFormat()->setValue(NumberFormat_Integer);
+    Manager::spreadsheetZone()->setValue(line);
+    EXPECT_EQ(manager().tableModel(), before) << "choices are not followed";
+    stage.session().renameZone(stage.dataSet(), 1, "renamed");
+    IdleDispatcher::flush();
+    EXPECT_EQ(size(), "6x3");
+    Manager::spreadsheetZone()->setValue(volume);
+    EXPECT_EQ(size(), "20x5") << "choices are followed again";
+}
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, TellsAFailureAtIdleOnce)
+{
+    manager();
+    KernelSpy spy;
+    stage.session().renameZone(stage.dataSet(), 1, "renamed");
+    spy.failNext("VelUtilZoneGetIJK", 2);
+    IdleDispatcher::flush();
+    EXPECT_THAT(messages.take(), ElementsAre("error: Failed to load zone metrics."));
+}
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, LetsItsMakerKnowThatDimensionsCannotBeHad)
+{
+    stage.show();
+    KernelSpy spy;
+    spy.failNext("VelUtilZoneGetIJK");
+    EXPECT_THROW(Manager{owner}, IOException);
+}
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, IsEmptyWithoutADataSetAndFillsWhenOneComes)
+{
+    Manager empty(owner);
+    QTableModelAdapter adapter(*empty.tableModelProxy());
+    EXPECT_EQ(adapter.rowCount(), 0);
+    EXPECT_EQ(adapter.columnCount(), 0);
+    for (auto const& rule : {empty.alterRelevance(), empty.planeIndexRelevance(), empty.variableRelevance(),
+                             empty.valueLocationRelevance(), empty.lineOrFiniteElementRelevance()})
+        EXPECT_FALSE(rule->isRelevant());
+    stage.show();
+    IdleDispatcher::flush();
+    EXPECT_EQ(adapter.rowCount(), 20);
+    EXPECT_EQ(adapter.columnCount(), 5);
+}
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, EmptiesTheViewWhenTheDataSetGoesAndKeepsTheOldTable)
+{
+    QTableModelAdapter const adapter(*manager().tableModelProxy());
+    auto const before = manager().tableModel();
+    stage.hide();
+    IdleDispatcher::flush();
+    EXPECT_EQ(adapter.rowCount(), 0);
+    EXPECT_EQ(adapter.columnCount(), 0);
+    EXPECT_EQ(manager().tableModel(), before);
+    Manager::spreadsheetFormat()->setValue(NumberFormat_Float);
+    EXPECT_EQ(manager().tableModel(), before);
+    stage.show();
+    IdleDispatcher::flush();
+    EXPECT_EQ(adapter.rowCount(), 20);
+}
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, KeepsTheSelectionWhileAllZonesAreDisabled)
+{
+    choose(line);
+    for (int zone = 1; zone <= 7; ++zone)
+        stage.session().setZoneEnabled(stage.dataSet(), zone, false);
+    IdleDispatcher::flush();
+    EXPECT_EQ(Manager::spreadsheetZone()->value(), line);
+    EXPECT_EQ(size(), "0x0");
+    stage.session().setZoneEnabled(stage.dataSet(), line, true);
+    IdleDispatcher::flush();
+    EXPECT_EQ(size(), "6x3");
+}
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, KeepsItsChoicesForTheNextManager)
+{
+    choose(big);
+    Manager::spreadsheetPlane()->setValue(IJKPlanes_I);
+    manager().indexProperty()->setValue(33);
+    m_manager.reset();
+    EXPECT_EQ(manager().indexProperty()->value(), 33);
+    EXPECT_EQ(manager().tableModelProxy()->getStr({0, 0}), "132");
+}
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, ListensToNothingOnceItIsGone)
+{
+    manager();
+    m_manager.reset();
+    Manager::spreadsheetZone()->setValue(line);
+    stage.session().renameZone(stage.dataSet(), 1, "renamed");
+    IdleDispatcher::flush();
+    EXPECT_EQ(Manager::spreadsheetZone()->value(), line);
+}
+
+// ---- rules ------------------------------------------------------------------------------------------------------------
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, OffersPrecisionForFloatAndExponentOnly)
+{
+    auto const isOffered = [this](NumberFormat_e format) {
+        Manager::spreadsheetFormat()->setValue(format);
+        return manager().precisionRelevance()->isRelevant();
+    };
+    EXPECT_FALSE(isOffered(NumberFormat_Integer));
+    EXPECT_TRUE(isOffered(NumberFormat_Float));
+    EXPECT_TRUE(isOffered(NumberFormat_Exponent));
+    EXPECT_FALSE(isOffered(NumberFormat_BestFloat));
+}
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, OffersToAlterAllSharedZonesOnlyWhereAnEnabledVariableIsShared)
+{
+    int const twin = stage.addZone("twin", ZoneType_Ordered, 20, 5, 4);
+    stage.fillAll(twin);
+    stage.share(twin, 2, volume);
+    choose(volume);
+    EXPECT_TRUE(manager().alterRelevance()->isRelevant());
+    choose(planeIJ);
+    EXPECT_FALSE(manager().alterRelevance()->isRelevant());
+    choose(twin);
+    stage.session().setVariableEnabled(stage.dataSet(), 2, false);
+    EXPECT_FALSE(manager().alterRelevance()->isRelevant());
+}
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, OffersOneVariableForPlanesAndAllForLinesAndElements)
+{
+    for (int const zone : {volume, planeIJ, planeIK, planeJK}) {
+        choose(zone);
+        EXPECT_TRUE(manager().variableRelevance()->isRelevant()) << zone;
+        EXPECT_FALSE(manager().lineOrFiniteElementRelevance()->isRelevant()) << zone;
+        EXPECT_FALSE(manager().valueLocationRelevance()->isRelevant()) << zone;
+    }
+    for (int const zone : {line, triangles}) {
+        choose(zone);
+        EXPECT_FALSE(manager().variableRelevance()->isRelevant()) << zone;
+        EXPECT_TRUE(manager().lineOrFiniteElementRelevance()->isRelevant()) << zone;
+    }
+}
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, TellsItsRulesAnewForWhatMayAlterThem)
+{
+    manager();
+    std::string told;
+    SignalConnectionCollection connections;
+    auto const watch = [&](Manager::Rule const& rule, char name) {
+        connections.add(rule->connectRelevanceChanged([&told, name] { told += name; }));
+    };
+    watch(manager().alterRelevance(), 'a');
+    watch(manager().planeIndexRelevance(), 'i');
+    watch(manager().variableRelevance(), 'v');
+    watch(manager().precisionRelevance(), 'p');
+    watch(manager().valueLocationRelevance(), 'l');
+    watch(manager().lineOrFiniteElementRelevance(), 'f');
+    auto const toldBy = [&told](auto const& change) {
+        told.clear();
+        change();
+        std::sort(told.begin(), told.end());
+        return told;
+    };
+    EXPECT_EQ(toldBy([] { Manager::spreadsheetZone()->setValue(line); }), "afilv");
+    EXPECT_EQ(toldBy([] { Manager::spreadsheetVariable()->setValue(2); }), "a");
+    EXPECT_EQ(toldBy([] { Manager::spreadsheetFormat()->setValue(NumberFormat_Float); }), "p");
+    EXPECT_EQ(toldBy([] { FakeStateChange(StateChange_ZonesEnabled).send(); }), "afilv");
+    EXPECT_EQ(toldBy([] { FakeStateChange(StateChange_NewActiveFrame).send(); }), "afilv");
+    EXPECT_EQ(toldBy([] { FakeStateChange(StateChange_SharingChanged).send(); }), "aflv");
+    EXPECT_EQ(toldBy([] { FakeStateChange(StateChange_ValuesAltered).send(); }), "");
+}
+
+} // namespace
+} // namespace veldraw::tests

@@ -7,9 +7,6 @@
 
 namespace veldraw::kernel {
 
-namespace {
-
-/// Memory that can be had without driving others out; infinite when the system does not tell.
 double availableMemory()
 {
     std::unique_ptr<std::FILE, int (*)(std::FILE*)> const file(std::fopen("/proc/meminfo", "r"), &std::fclose);
@@ -26,11 +23,9 @@ double availableMemory()
     return isKnown ? kibibytes * 1024 : std::numeric_limits<double>::infinity();
 }
 
-} // namespace
-
-void requireMemory(double bytes)
+void requireMemory(double bytes, double available)
 {
-    if (bytes > availableMemory()) {
+    if (bytes > available) {
         throw std::bad_alloc();
     }
 }

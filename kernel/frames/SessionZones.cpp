@@ -88,11 +88,13 @@ std::vector<FieldReplacement::ZonePart> transform(DataSet const& dataSet, Number
                                                   FieldTransformation& transformation, Progress& progress)
 {
     std::vector<FieldReplacement::ZonePart> parts;
+    double const available = availableMemory(); // asked before: small storage is in use as soon as it is there
     for (int const number : zones) {
+        progress.check();
         std::shared_ptr<Zone> const zone = dataSet.zone(number);
         parts.push_back({zone, transformation.prepare(*zone)});
+        requireMemory(static_cast<double>(transformation.bytes()), available);
     }
-    requireMemory(static_cast<double>(transformation.bytes()));
     progress.setTotal(progress.done() + transformation.work());
     transformation.compute(progress);
     return parts;

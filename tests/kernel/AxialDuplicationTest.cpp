@@ -2,6 +2,7 @@
 #include "SpatialData.h"
 #include "kernel/compute/Rotation.h"
 #include "kernel/data/AxialCopies.h"
+#include "kernel/data/MemoryDemand.h"
 #include "kernel/data/StrandNumbers.h"
 #include "platform/vdsdkbase/VelUtil.h"
 
@@ -227,6 +228,15 @@ TEST_F(DuplicateAxially, RefusesWhatDoesNotFit)
     session.setLock(*dataSet, "somebody");
     recorder.take();
     refused({1}, {30, 0, 1, true});
+}
+
+TEST(MemoryDemand, IsRefusedAboveWhatThereWas)
+{
+    EXPECT_NO_THROW(requireMemory(1, 1));
+    EXPECT_THROW(requireMemory(2, 1), std::bad_alloc);
+    EXPECT_GT(availableMemory(), 0);
+    EXPECT_NO_THROW(requireMemory(1));
+    EXPECT_THROW(requireMemory(1e18), std::bad_alloc);
 }
 
 TEST_F(DuplicateAxially, RefusesAtOnceWhatTheMachineCannotHold)

@@ -53,6 +53,9 @@ void ZoneAddition::apply() noexcept
 {
     for (Copy& copy : m_copies) {
         copy.zone->fields = copy.source->fields; // into the room that there is
+        if (copy.zone->isDeferred()) {           // what the source has learnt of itself meanwhile
+            copy.zone->setDimensions({copy.source->i, copy.source->j, copy.source->k, copy.source->connectivity});
+        }
         for (NewField& own : copy.fields) {
             copy.zone->fields[own.position] = std::move(own.field);
         }

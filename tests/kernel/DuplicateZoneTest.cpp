@@ -258,6 +258,26 @@ TEST_F(DuplicateZones, WorksForZonesWithoutPointsOrVariables)
     EXPECT_TRUE(bare->zone(2)->fields.empty());
 }
 
+TEST_F(DuplicateZones, GivesACopyTheSizeThatItsSourceHasLearntWhileTheCopyWasOut)
+{
+    class NoLoader : public DimensionsLoader
+    {
+    public:
+        ZoneDimensions load(Progress&) override { return {}; }
+    };
+    Zone& source = *dataSet->zone(1);
+    ZoneDimensions const size{source.i, source.j, source.k, source.connectivity};
+    source.dimensionsLoader = std::make_shared<NoLoader>();
+    source.setDimensions({-1, -1, -1, nullptr});
+    ASSERT_TRUE(session.duplicateZones(*dataSet, {1}));
+    EXPECT_TRUE(dataSet->zone(3)->isDeferred());
+    ASSERT_TRUE(session.undo());
+    source.setDimensions(size);
+    ASSERT_TRUE(session.redo());
+    EXPECT_FALSE(dataSet->zone(3)->isDeferred());
+    EXPECT_EQ(dataSet->zone(3)->pointCount(), source.pointCount());
+}
+
 TEST_F(DuplicateZones, RefusesWhatCannotBeDuplicated)
 {
     expectRefused([&] { return session.duplicateZones(*dataSet, {}); });

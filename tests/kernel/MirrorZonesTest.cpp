@@ -144,6 +144,29 @@ TEST_F(MirrorZones, SharesAmongTheCopiesWhatTheSourcesShare)
     EXPECT_EQ(field(3, 2).shareCount(), 4);
 }
 
+TEST_F(MirrorZones, LeavesAVariableAloneThatSharesItsStorageWithTheCoordinate)
+{
+    field(1, 7) = field(1, 1);
+    std::vector<double> const x = values(*dataSet, 1, 1);
+    ASSERT_TRUE(mirror({1}, 'X'));
+    EXPECT_EQ(values(*dataSet, 2, 1), negated(x));
+    EXPECT_EQ(values(*dataSet, 2, 7), x);
+    EXPECT_EQ(field(2, 7).shareCount(), 3);
+}
+
+TEST_F(MirrorZones, KeepsComponentsAtTheMiddleOfCells)
+{
+    auto zone = std::make_shared<Zone>("cells", ZoneType_Ordered, 3, 1, 1);
+    zone->fields.resize(7);
+    zone->fields[0] = sample::field({0, 1, 2});
+    zone->fields[3] = sample::field({1, 2, 99}, FieldDataType_Double, ValueLocation_CellCentered);
+    dataSet->addZone(zone);
+    ASSERT_TRUE(mirror({2}, 'X'));
+    EXPECT_EQ(field(3, 1).location(), ValueLocation_Nodal);
+    EXPECT_EQ(field(3, 4).location(), ValueLocation_CellCentered);
+    EXPECT_EQ(values(*dataSet, 3, 4)[1], -2);
+}
+
 TEST_F(MirrorZones, TwiceGivesTheSameBits)
 {
     float const quiet = std::numeric_limits<float>::quiet_NaN();

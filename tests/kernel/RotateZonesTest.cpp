@@ -132,6 +132,34 @@ TEST_F(RotateZones, WritesToNewStorageForTheGivenZonesOnly)
     EXPECT_EQ(field(1, 1).shareCount(), 3);
 }
 
+TEST_F(RotateZones, TurnsAVectorAboutNoPointAlsoWhereItSharesItsStorageWithThePosition)
+{
+    int const zone = addPoint(3, 2, 7);
+    for (int component = 1; component <= 3; ++component) {
+        field(zone, 3 + component) = field(zone, component);
+    }
+    ASSERT_TRUE(session.rotateZones(*dataSet, {zone}, inSpace, {{1, 2, 9}, {0, 0, 1}}, 90));
+    EXPECT_THAT(point(zone), ElementsAre(1, 4, 7));
+    EXPECT_THAT(vector(zone), ElementsAre(-2, 3, 7));
+    EXPECT_EQ(field(zone, 3).group(), field(zone, 6).group()) << "what is along the axis is shared as before";
+    ASSERT_TRUE(session.undo());
+    EXPECT_EQ(field(zone, 1).group(), field(zone, 4).group());
+    EXPECT_EQ(field(zone, 1).shareCount(), 2);
+}
+
+TEST_F(RotateZones, TurnsComponentsThatShareOneStorage)
+{
+    int const zone = addPoint(3, 3, 0);
+    field(zone, 2) = field(zone, 1);
+    field(zone, 7) = field(zone, 1);
+    ASSERT_TRUE(session.rotateZones(*dataSet, {zone}, noVector, aboutZ, 90));
+    EXPECT_THAT(point(zone), ElementsAre(-3, 3, 0));
+    EXPECT_EQ(values(*dataSet, zone, 7)[0], 3) << "not one of the coordinates";
+    EXPECT_EQ(field(zone, 7).shareCount(), 1);
+    ASSERT_TRUE(session.undo());
+    EXPECT_EQ(field(zone, 7).shareCount(), 3);
+}
+
 TEST_F(RotateZones, KeepsStorageApartThatWasApart)
 {
     ASSERT_TRUE(session.duplicateZones(*dataSet, {1}));

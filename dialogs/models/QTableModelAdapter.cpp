@@ -40,10 +40,16 @@ ModelIndex QTableModelAdapter::tableIndex(QModelIndex const& modelIndex) const
     return ModelIndex(m_rows.thing(modelIndex.row()), m_columns.thing(modelIndex.column()));
 }
 
+bool QTableModelAdapter::isCell(QModelIndex const& modelIndex) const
+{
+    return modelIndex.isValid() && modelIndex.model() == this && modelIndex.row() < m_rows.size() &&
+           modelIndex.column() < m_columns.size();
+}
+
 QVariant QTableModelAdapter::data(QModelIndex const& modelIndex, int role) const
 {
     // A text in both roles, never a number: a number would be edited in a spin box that rounds it.
-    if ((role != Qt::DisplayRole && role != Qt::EditRole) || !checkIndex(modelIndex, CheckIndexOption::IndexIsValid))
+    if ((role != Qt::DisplayRole && role != Qt::EditRole) || !isCell(modelIndex))
         return QVariant();
     return QString::fromStdString(m_model.getStr(tableIndex(modelIndex)));
 }
@@ -59,14 +65,14 @@ QVariant QTableModelAdapter::headerData(int section, Qt::Orientation orientation
 
 bool QTableModelAdapter::setData(QModelIndex const& modelIndex, QVariant const& value, int role)
 {
-    if (role != Qt::EditRole || !checkIndex(modelIndex, CheckIndexOption::IndexIsValid))
+    if (role != Qt::EditRole || !isCell(modelIndex))
         return false;
     return m_model.setStr(tableIndex(modelIndex), value.toString().toStdString());
 }
 
 Qt::ItemFlags QTableModelAdapter::flags(QModelIndex const& modelIndex) const
 {
-    if (!checkIndex(modelIndex, CheckIndexOption::IndexIsValid))
+    if (!isCell(modelIndex))
         return Qt::NoItemFlags;
     Qt::ItemFlags const readable = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
     return m_model.isEditable(tableIndex(modelIndex)) ? readable | Qt::ItemIsEditable : readable;

@@ -83,6 +83,7 @@ private:
     void rowsInserted(unsigned long long first, unsigned long long last, TableModelInterface& model) override;
     void rowsRemoved(unsigned long long first, unsigned long long last, TableModelInterface& model) override;
 
+    bool isCell(QModelIndex const& modelIndex) const;
     void reset();
     void moveWindow(IndexWindow& window, unsigned long long first, Qt::Orientation orientation);
     void moveTowardsEnd(IndexWindow& window, int count, Qt::Orientation orientation);

@@ -1,6 +1,7 @@
 #include "dialogs/spreadsheet/DataSpreadsheetPropertiesManager.h"
 
 #include "dialogs/models/EnumerationLabels.h"
+#include "dialogs/property/AllowAnyValueValidator.h"
 #include "dialogs/property/DataSetExistsRelevance.h"
 #include "dialogs/property/FormattingPrecisionValidator.h"
 #include "dialogs/spreadsheet/EmptyTableModel.h"
@@ -164,7 +165,7 @@ DataSpreadsheetPropertiesManager::Rule DataSpreadsheetPropertiesManager::dataSet
 DataSpreadsheetPropertiesManager::DataSpreadsheetPropertiesManager(Owner& owner)
     : m_owner(owner)
     , m_indexProperty(boost::make_shared<PropertyProxy<long long>>(
-          indexOfPlane(), boost::shared_ptr<ValidatorInterface<long long> const>()))
+          indexOfPlane(), boost::make_shared<AllowAnyValueValidator<long long>>()))
     , m_cornerLabel(boost::make_shared<Property<std::string>>())
 {
     m_updatePerformer = std::make_unique<common::OnIdleAfterStateChangeActionPerformer>([this] { update(); },

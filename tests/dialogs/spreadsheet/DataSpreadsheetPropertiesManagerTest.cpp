@@ -371,7 +371,7 @@ TEST_F(DataSpreadsheetPropertiesManagerTest, LeavesTableAndChoicesUntilTheDataSe
     IdleDispatcher::flush();
     EXPECT_EQ(size(), "6x3");
     Manager::spreadsheetZone()->setValue(volume);
-    EXPECT_EQ(size(), "20x5") << "choices are followed again";
+    EXPECT_EQ(size(), "5x4") << "choices are followed again, in the plane that the line lay in";
 }
 
 TEST_F(DataSpreadsheetPropertiesManagerTest, TellsAFailureAtIdleOnce)

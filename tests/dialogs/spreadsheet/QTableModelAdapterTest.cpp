@@ -91,7 +91,8 @@ TEST_F(QTableModelAdapterTest, WritesEditsAndTellsTheOneCell)
 TEST_F(QTableModelAdapterTest, KeepsItsPlaceWhenAllTextsChangeButNotTheSize)
 {
     QSignalSpy changes(&model, &QAbstractItemModel::dataChanged);
-    QSignalSpy headers(&model, &QAbstractItemModel::headerDataChanged);
+    int headers = 0;
+    QObject::connect(&model, &QAbstractItemModel::headerDataChanged, [&headers] { ++headers; });
     QSignalSpy const resets(&model, &QAbstractItemModel::modelReset);
     QPersistentModelIndex const kept = model.index(5, 2);
     table.alterAll("new ");
@@ -99,7 +100,7 @@ TEST_F(QTableModelAdapterTest, KeepsItsPlaceWhenAllTextsChangeButNotTheSize)
     ASSERT_EQ(changes.count(), 1);
     EXPECT_EQ(changes[0][0].toModelIndex(), model.index(0, 0));
     EXPECT_EQ(changes[0][1].toModelIndex(), model.index(5, 2));
-    EXPECT_EQ(headers.count(), 2);
+    EXPECT_EQ(headers, 2);
     EXPECT_EQ(kept.data().toString(), QStringLiteral("new 5,2"));
 }
 

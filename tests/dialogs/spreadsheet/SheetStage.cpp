@@ -82,12 +82,15 @@ void SheetStage::share(int zone, int variable, int sourceZone)
 
 void SheetStage::show()
 {
-    session().setFrameDataSet(frame()->id, m_dataSet);
+    if (session().dataSet(m_dataSet->id()))
+        session().activateFrame(frame()->id);
+    else
+        session().setFrameDataSet(frame()->id, m_dataSet);
 }
 
 void SheetStage::hide()
 {
-    session().setFrameDataSet(frame()->id, nullptr);
+    session().createFrame("Empty", kernel::Rectangle{0.0, 0.0, 1.0, 1.0});
 }
 
 double SheetStage::stored(int zone, int variable, std::int64_t index) const

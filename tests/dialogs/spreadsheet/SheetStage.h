@@ -34,9 +34,9 @@ public:
     /// Lets a field of a zone share the storage of another zone's.
     void share(int zone, int variable, int sourceZone);
 
-    /// Shows the data set in the frame. Zones and fields can be changed before only.
+    /// Shows the data set in the frame, or comes back to it. Zones and fields can be changed before only.
     void show();
-    /// Takes the data set off the frame.
+    /// Goes to a frame without a data set.
     void hide();
 
     kernel::DataSet& dataSet() const { return *m_dataSet; }

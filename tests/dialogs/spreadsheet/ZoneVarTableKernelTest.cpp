@@ -86,7 +86,7 @@ TEST_F(ZoneVarTableKernelTest, WritesACellByNamedArgumentsAndGivesTheListBackLas
                             "VelUtilArgListAppendInt(list, \"Index\", 4)",
                             "VelUtilArgListAppendDouble(list, \"FieldValue\", -250)",
                             "VelUtilArgListAppendInt(list, \"AutoBranch\", 1)", "VelUtilDataValueSetByZoneVarX(list)",
-                            "VelUtilArgListDealloc(list)"));
+                            "VelUtilArgListDealloc(out)"));
     EXPECT_EQ(stage.stored(first, 2, 3), -250.0);
     EXPECT_EQ(table->getStr({3, 1}), "-250");
     EXPECT_THAT(messages.take(), IsEmpty());

@@ -61,6 +61,11 @@ void SheetStage::fill(int zone, int variable, FieldDataType_e type, ValueLocatio
     field(zone, variable) = kernel::Field(std::make_shared<kernel::ShareGroup>(buffer), location);
 }
 
+void SheetStage::fillFrom(int zone, int variable, std::shared_ptr<kernel::Buffer> const& buffer)
+{
+    field(zone, variable) = kernel::Field(std::make_shared<kernel::ShareGroup>(buffer), ValueLocation_Nodal);
+}
+
 void SheetStage::fillAll(int zone)
 {
     for (int variable = 1; variable <= m_dataSet->variableCount(); ++variable)

@@ -27,6 +27,8 @@ public:
 
     /// Gives a field of a zone values, of one type at one place.
     void fill(int zone, int variable, FieldDataType_e type, ValueLocation_e location, Values const& values = numbered);
+    /// Gives a field values as they are stored.
+    void fillFrom(int zone, int variable, std::shared_ptr<kernel::Buffer> const& buffer);
     /// Gives all fields of a zone numbered nodal floats.
     void fillAll(int zone);
     /// Gives a field values that are not loaded, all @p value when they are.

@@ -1,0 +1,458 @@
+// Values and dimensions that are loaded when they are wanted.
+#include "AllocationFailure.h"
+#include "SampleLoader.h"
+#include "SessionFixture.h"
+#include "SpatialData.h"
+#include "kernel/compute/Interrupted.h"
+#include "kernel/compute/Rotation.h"
+#include "kernel/compute/Waiter.h"
+#include "kernel/data/AxialCopies.h"
+#include "kernel/data/SpatialVariables.h"
+
+using namespace veldraw::kernel;
+using sample::Loader;
+using sample::values;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+SpatialVariables const inSpace{{1, 2, 3}, {}, true, false};
+RotationAxis const aboutZ{};
+
+/// The two planes with X of both zones and the shared P not loaded. Nothing of the deferred variables is shown.
+class LoadOnDemand : public SessionFixture
+{
+protected:
+    LoadOnDemand()
+    {
+        dataSet->zone(1)->fields[0] = Loader::field(x1);
+        dataSet->zone(2)->fields[0] = Loader::field(x2);
+        dataSet->zone(1)->fields[3] = Loader::field(p);
+        dataSet->zone(2)->fields[3] = dataSet->zone(1)->fields[3];
+        frame->axes2D = {};
+        frame->axes3D = {};
+        frame->contourVariable = 0;
+        frame->lineMaps.clear();
+    }
+
+    Field const& field(int zone, int variable) { return *dataSet->field(zone, variable); }
+    bool available(NumberSet const& zones, NumberSet const& variables)
+    {
+        return session.makeVariablesAvailable(*dataSet, zones, variables);
+    }
+
+    std::shared_ptr<Loader> x1 = std::make_shared<Loader>(std::vector<double>{0, 1, 2, 0, 1, 2});
+    std::shared_ptr<Loader> x2 = std::make_shared<Loader>(std::vector<double>{3, 4, 5, 3, 4, 5});
+    std::shared_ptr<Loader> p = std::make_shared<Loader>(std::vector<double>{10, 11, 12, 13, 14, 15});
+};
+
+TEST_F(LoadOnDemand, KnowsTypeAndNumberOfValuesBeforeTheyAreLoaded)
+{
+    EXPECT_FALSE(field(1, 1).isLoaded());
+    EXPECT_FALSE(field(1, 1).isPassive());
+    EXPECT_EQ(field(1, 1).type(), FieldDataType_Float);
+    EXPECT_EQ(field(1, 1).group()->size(), 6);
+    EXPECT_EQ(field(1, 1).group()->buffer(), nullptr);
+    EXPECT_FALSE(dataSet->zone(1)->range(1).isValid());
+    EXPECT_EQ(x1->loads, 0);
+}
+
+TEST_F(LoadOnDemand, LoadsTheWantedVariablesOfTheZonesAlone)
+{
+    EXPECT_TRUE(available({1}, {1}));
+    EXPECT_TRUE(field(1, 1).isLoaded());
+    EXPECT_EQ(values(*dataSet, 1, 1), (std::vector<double>{0, 1, 2, 0, 1, 2}));
+    EXPECT_FALSE(field(2, 1).isLoaded());
+    EXPECT_FALSE(field(1, 4).isLoaded());
+    EXPECT_THAT(recorder.take(), ElementsAre("21 zones 1 variables 1"));
+    EXPECT_FALSE(session.history().canUndo()) << "loading is no step";
+}
+
+TEST_F(LoadOnDemand, LoadsForAllZonesThatShareTheStorage)
+{
+    EXPECT_TRUE(available({2}, {4}));
+    EXPECT_TRUE(field(1, 4).isLoaded());
+    EXPECT_EQ(field(1, 4).shareCount(), 2);
+    EXPECT_EQ(p->loads, 1);
+    EXPECT_THAT(recorder.take(), ElementsAre("21 zones 1 2 variables 4"));
+}
+
+TEST_F(LoadOnDemand, TellsNothingWhenAllIsAsWanted)
+{
+    available({1}, {1});
+    recorder.take();
+    EXPECT_TRUE(available({1}, {1, 2, 3, 5}));
+    EXPECT_TRUE(available({}, {}));
+    EXPECT_EQ(x1->loads, 1);
+    EXPECT_THAT(recorder.take(), IsEmpty());
+}
+
+TEST_F(LoadOnDemand, UnloadsWhatIsNoLongerWantedInTheZones)
+{
+    available({1, 2}, {1, 4});
+    recorder.take();
+    EXPECT_TRUE(available({1, 2}, {4}));
+    EXPECT_FALSE(field(1, 1).isLoaded());
+    EXPECT_FALSE(field(2, 1).isLoaded());
+    EXPECT_TRUE(field(1, 4).isLoaded());
+    EXPECT_TRUE(field(1, 2).isLoaded()) << "has no loader";
+    EXPECT_THAT(recorder.take(), ElementsAre("21 zones 1 2 variables 1"));
+    EXPECT_TRUE(available({1}, {1}));
+    EXPECT_EQ(values(*dataSet, 1, 1), (std::vector<double>{0, 1, 2, 0, 1, 2})) << "comes again";
+}
+
+TEST_F(LoadOnDemand, LoadsAndUnloadsWithOneEvent)
+{
+    available({1}, {1});
+    recorder.take();
+    EXPECT_TRUE(available({1, 2}, {4}));
+    EXPECT_THAT(recorder.take(), ElementsAre("21 zones 1 2 variables 1 4"));
+}
+
+TEST_F(LoadOnDemand, LeavesOtherZonesAndWhatTheyShareLoaded)
+{
+    available({1, 2}, {1, 4});
+    recorder.take();
+    EXPECT_TRUE(available({1}, {}));
+    EXPECT_FALSE(field(1, 1).isLoaded());
+    EXPECT_TRUE(field(2, 1).isLoaded());
+    EXPECT_TRUE(field(1, 4).isLoaded()) << "the second zone shares it";
+    EXPECT_THAT(recorder.take(), ElementsAre("21 zones 1 variables 1"));
+}
+
+TEST_F(LoadOnDemand, KeepsWhatAFrameShows)
+{
+    available({1, 2}, {1, 4});
+    frame->contourVariable = dataSet->variable(4)->id;
+    LineMap map;
+    map.xVariable = dataSet->variable(1)->id;
+    frame->lineMaps = {map};
+    recorder.take();
+    EXPECT_TRUE(available({1, 2}, {}));
+    EXPECT_TRUE(field(1, 4).isLoaded());
+    EXPECT_TRUE(field(1, 1).isLoaded());
+    EXPECT_THAT(recorder.take(), IsEmpty());
+}
+
+TEST_F(LoadOnDemand, NeverUnloadsWhatHasBeenAltered)
+{
+    available({1, 2}, {1, 4});
+    ASSERT_TRUE(session.setValue(*dataSet, 1, 1, 2, 77, false));
+    ASSERT_TRUE(session.undo()) << "redo will write here again";
+    EXPECT_TRUE(available({1, 2}, {}));
+    EXPECT_TRUE(field(1, 1).isLoaded());
+    EXPECT_FALSE(field(2, 1).isLoaded());
+    ASSERT_TRUE(session.redo());
+    EXPECT_EQ(values(*dataSet, 1, 1)[2], 77);
+}
+
+TEST_F(LoadOnDemand, LoadsALockedDataSet)
+{
+    session.setLock(*dataSet, "somebody");
+    EXPECT_TRUE(available({1}, {1}));
+    EXPECT_TRUE(field(1, 1).isLoaded());
+}
+
+TEST_F(LoadOnDemand, RefusesNumbersThatDoNotExist)
+{
+    expectRefused([&] { return available({0}, {1}); });
+    expectRefused([&] { return available({3}, {1}); });
+    expectRefused([&] { return available({1}, {0}); });
+    expectRefused([&] { return available({1}, {6}); });
+    DataSet stranger;
+    expectRefused([&] { return session.makeVariablesAvailable(stranger, {}, {}); });
+}
+
+TEST_F(LoadOnDemand, ChangesNothingWhenOneLoaderFails)
+{
+    available({1}, {4});
+    recorder.take();
+    x2->before = [](Progress&) { throw std::runtime_error("The file has gone."); };
+    expectRefused([&] { return available({1, 2}, {1}); });
+    EXPECT_EQ(session.lastError(), "The file has gone.");
+    EXPECT_FALSE(field(1, 1).isLoaded());
+    EXPECT_TRUE(field(1, 4).isLoaded()) << "nothing is unloaded either";
+    x2->before = nullptr;
+    EXPECT_TRUE(available({1, 2}, {1}));
+}
+
+TEST_F(LoadOnDemand, RefusesValuesThatAreNotThoseAnnounced)
+{
+    auto const other = std::make_shared<Loader>(std::vector<double>{1, 2});
+    dataSet->zone(1)->fields[0] =
+        Field(std::make_shared<ShareGroup>(FieldDataType_Float, 6, other), ValueLocation_Nodal);
+    expectRefused([&] { return available({1}, {1}); });
+    dataSet->zone(1)->fields[0] =
+        Field(std::make_shared<ShareGroup>(FieldDataType_Double, 2, other), ValueLocation_Nodal);
+    expectRefused([&] { return available({1}, {1}); });
+    dataSet->zone(1)->fields[0] =
+        Field(std::make_shared<ShareGroup>(FieldDataType_Float, 6, nullptr), ValueLocation_Nodal);
+    expectRefused([&] { return available({1}, {1}); });
+}
+
+TEST_F(LoadOnDemand, IsCancelledBetweenAndWithinLoaders)
+{
+    x2->before = [this](Progress& progress) {
+        session.setInterrupted(true);
+        progress.check();
+    };
+    expectRefused([&] { return available({1, 2}, {1}); });
+    EXPECT_TRUE(session.isInterrupted());
+    EXPECT_FALSE(field(1, 1).isLoaded());
+    x2->before = nullptr;
+    x1->before = [this](Progress&) { session.setInterrupted(true); };
+    expectRefused([&] { return available({1, 2}, {1}); });
+    x1->before = nullptr;
+    EXPECT_TRUE(available({1, 2}, {1}));
+    EXPECT_FALSE(session.isInterrupted());
+}
+
+TEST_F(LoadOnDemand, RunsOnAWorkerWhileEditsAreRefusedAndShareCountsStayTrue)
+{
+    struct Prying : Waiter
+    {
+        explicit Prying(std::function<void()> look)
+            : m_look(std::move(look))
+        {
+        }
+        void wait(std::string const& name, Progress& progress, std::shared_future<void> const& work) override
+        {
+            m_look();
+            work.wait();
+            m_name = name;
+            m_fraction = progress.fraction();
+        }
+        std::function<void()> m_look;
+        std::string m_name;
+        double m_fraction = 0;
+    };
+    Prying waiter([this] {
+        EXPECT_FALSE(session.setValue(*dataSet, 1, 2, 0, 5, false));
+        EXPECT_FALSE(available({1}, {4}));
+        EXPECT_FALSE(session.undo());
+        EXPECT_EQ(field(1, 4).shareCount(), 2);
+    });
+    session.setWaiter(&waiter);
+    EXPECT_TRUE(available({1, 2}, {1, 4}));
+    session.setWaiter(nullptr);
+    EXPECT_EQ(waiter.m_name, "Load Variable");
+    EXPECT_EQ(waiter.m_fraction, 1);
+    EXPECT_EQ(field(1, 4).shareCount(), 2);
+}
+
+TEST_F(LoadOnDemand, KnowsRangesWithoutLoading)
+{
+    auto const rangeAfter = [](ValueRange const& known, bool mapped, bool loads) {
+        auto const loader = std::make_shared<Loader>(std::vector<double>{1, 2, 3});
+        loader->knownRange = known;
+        loader->mapped = mapped;
+        Field const field = Loader::field(loader);
+        if (loads) {
+            Progress progress;
+            field.group()->setLoaded(loader->load(progress));
+        }
+        return field.group()->range();
+    };
+    using State = ValueRange::State;
+    EXPECT_EQ(rangeAfter({}, false, false).state, State::Unknown);
+    EXPECT_EQ(rangeAfter({State::Estimated, 0, 9}, false, false).state, State::Estimated);
+    EXPECT_EQ(rangeAfter({State::Exact, 1, 3}, false, false).state, State::Exact);
+    EXPECT_EQ(rangeAfter({State::Estimated, 0, 9}, false, true).max, 3);
+    EXPECT_EQ(rangeAfter({State::Estimated, 0, 9}, false, true).state, State::Exact);
+    EXPECT_EQ(rangeAfter({}, false, true).max, 3);
+    EXPECT_EQ(rangeAfter({State::Estimated, 0, 9}, true, true).max, 9) << "mapped values are not gone through";
+    EXPECT_EQ(rangeAfter({}, true, true).state, State::Unknown);
+}
+
+TEST_F(LoadOnDemand, RemembersAComputedRangeAfterAnUnload)
+{
+    available({1}, {1});
+    EXPECT_EQ(dataSet->zone(1)->range(1).max, 2);
+    available({1}, {});
+    ASSERT_FALSE(field(1, 1).isLoaded());
+    EXPECT_EQ(dataSet->zone(1)->range(1).max, 2);
+    EXPECT_EQ(dataSet->zone(1)->range(1).state, ValueRange::State::Exact);
+}
+
+TEST_F(LoadOnDemand, LoadsWhatARotationNeedsWithinIt)
+{
+    ASSERT_TRUE(session.rotateZones(*dataSet, {1}, inSpace, aboutZ, 90));
+    EXPECT_EQ(values(*dataSet, 1, 2), (std::vector<double>{0, 1, 2, 0, 1, 2}));
+    EXPECT_THAT(recorder.take(), ElementsAre("0 zones 1 variables 1 2", "21 zones 1 variables 1"));
+    EXPECT_FALSE(field(2, 1).isLoaded());
+    ASSERT_TRUE(session.undo());
+    EXPECT_EQ(values(*dataSet, 1, 1), (std::vector<double>{0, 1, 2, 0, 1, 2})) << "stays loaded";
+    EXPECT_THAT(recorder.take(), ElementsAre("0 zones 1 variables 1 2", "24"));
+    ASSERT_TRUE(session.redo());
+    EXPECT_EQ(values(*dataSet, 1, 2), (std::vector<double>{0, 1, 2, 0, 1, 2}));
+    EXPECT_THAT(recorder.take(), ElementsAre("0 zones 1 variables 1 2", "24"));
+}
+
+TEST_F(LoadOnDemand, LoadsNothingForARotationThatFails)
+{
+    x2->before = [](Progress&) { throw std::runtime_error("The file has gone."); };
+    expectRefused([&] { return session.rotateZones(*dataSet, {1, 2}, inSpace, aboutZ, 90); });
+    EXPECT_FALSE(field(1, 1).isLoaded());
+    dataSet->zone(1)->fields[1] = sample::field({1, 2}); // not at the places of X
+    x2->before = nullptr;
+    expectRefused([&] { return session.rotateZones(*dataSet, {1, 2}, inSpace, aboutZ, 90); });
+    EXPECT_FALSE(field(1, 1).isLoaded());
+}
+
+TEST_F(LoadOnDemand, LoadsForMirrorsAndTurnedCopies)
+{
+    frame->plotType = PlotType_Cartesian3D;
+    frame->axes3D = {dataSet->variable(1)->id, dataSet->variable(2)->id, dataSet->variable(3)->id};
+    ASSERT_TRUE(session.mirrorZones(frame->id, {1}, 'X'));
+    EXPECT_EQ(values(*dataSet, 3, 1), (std::vector<double>{0, -1, -2, 0, -1, -2}));
+    EXPECT_FALSE(field(3, 4).isLoaded()) << "what is shared stays out of memory";
+    EXPECT_EQ(field(3, 4).group(), field(1, 4).group());
+    ASSERT_TRUE(session.duplicateZonesAxially(*dataSet, {2}, inSpace, aboutZ, {90, 0, 1, true}));
+    EXPECT_EQ(values(*dataSet, 4, 2), (std::vector<double>{3, 4, 5, 3, 4, 5}));
+    EXPECT_TRUE(available({4}, {4}));
+    EXPECT_TRUE(field(1, 4).isLoaded());
+}
+
+TEST_F(LoadOnDemand, DeletesAndDuplicatesWithoutLoading)
+{
+    std::string const before = withoutHistory();
+    ASSERT_TRUE(session.duplicateZones(*dataSet, {1}));
+    ASSERT_TRUE(session.deleteVariables(*dataSet, {4}));
+    EXPECT_EQ(session.history().bytes(), 0);
+    ASSERT_TRUE(session.undo());
+    ASSERT_TRUE(session.undo());
+    EXPECT_EQ(withoutHistory(), before);
+    EXPECT_EQ(p->loads + x1->loads, 0);
+}
+
+TEST_F(LoadOnDemand, TakesAnEditOfABranchBackToStorageThatHasBeenUnloaded)
+{
+    available({1, 2}, {4});
+    ASSERT_TRUE(session.setValue(*dataSet, 1, 4, 0, -1, true));
+    EXPECT_TRUE(available({1, 2}, {}));
+    EXPECT_TRUE(field(1, 4).isLoaded()) << "altered";
+    EXPECT_FALSE(field(2, 4).isLoaded());
+    ASSERT_TRUE(session.undo());
+    EXPECT_FALSE(field(1, 4).isLoaded());
+    EXPECT_EQ(field(1, 4).group(), field(2, 4).group());
+    EXPECT_TRUE(available({1}, {4}));
+    EXPECT_EQ(values(*dataSet, 1, 4)[0], 10);
+    ASSERT_TRUE(session.redo());
+    EXPECT_EQ(values(*dataSet, 1, 4)[0], -1);
+    EXPECT_EQ(values(*dataSet, 2, 4)[0], 10);
+}
+
+TEST_F(LoadOnDemand, ChangesNothingWithoutMemory)
+{
+    int failures = 0;
+    NumberSet const zones{1, 2};
+    NumberSet const wanted{1, 4};
+    for (int request = 1; request < 1000; ++request) {
+        std::string const before = stateDigest(session);
+        bool succeeded = false;
+        {
+            AllocationFailure const failure(request);
+            succeeded = session.makeVariablesAvailable(*dataSet, zones, wanted);
+            failures += failure.hasHappened() ? 1 : 0;
+            if (!failure.hasHappened()) {
+                request = 1000;
+            }
+        }
+        if (!succeeded) {
+            ASSERT_EQ(stateDigest(session), before) << request;
+            ASSERT_FALSE(field(1, 1).isLoaded());
+            ASSERT_THAT(recorder.take(), IsEmpty());
+            continue;
+        }
+        ASSERT_TRUE(field(1, 1).isLoaded() && field(2, 1).isLoaded() && field(1, 4).isLoaded());
+        ASSERT_TRUE(available({1, 2}, {}));
+        recorder.take();
+    }
+    EXPECT_GT(failures, 10);
+}
+
+/// A zone whose dimensions are not known, with one variable.
+class DeferredDimensions : public SessionFixture
+{
+protected:
+    DeferredDimensions()
+    {
+        auto zone = std::make_shared<Zone>("deferred", ZoneType_Ordered, -1, -1, -1);
+        zone->dimensionsLoader = size;
+        zone->fields = {Field(std::make_shared<ShareGroup>(FieldDataType_Float, -1, x), ValueLocation_Nodal), Field()};
+        for (char const* name : {"X", "Y"}) {
+            deferred->addVariable(std::make_shared<Variable>(name));
+        }
+        deferred->addZone(zone);
+        session.setFrameDataSet(frame->id, deferred);
+        recorder.take();
+    }
+
+    std::shared_ptr<sample::SizeLoader> size = std::make_shared<sample::SizeLoader>(ZoneDimensions{3, 2, 1, {}});
+    std::shared_ptr<Loader> x = std::make_shared<Loader>(std::vector<double>{0, 1, 2, 0, 1, 2});
+    std::shared_ptr<DataSet> deferred = std::make_shared<DataSet>("deferred");
+};
+
+TEST_F(DeferredDimensions, ReadAsMinusOneUntilTheyAreLoaded)
+{
+    EXPECT_TRUE(deferred->zone(1)->isDeferred());
+    EXPECT_EQ(deferred->zone(1)->i, -1);
+    EXPECT_EQ(deferred->zone(1)->pointCount(), 0);
+    EXPECT_EQ(size->loads, 0);
+    EXPECT_TRUE(session.loadDimensions(*deferred, 1));
+    EXPECT_EQ(deferred->zone(1)->pointCount(), 6);
+    EXPECT_THAT(recorder.take(), ElementsAre("23 zones 1"));
+    EXPECT_TRUE(session.loadDimensions(*deferred, 1));
+    EXPECT_EQ(size->loads, 1);
+    EXPECT_THAT(recorder.take(), IsEmpty());
+}
+
+TEST_F(DeferredDimensions, AreLearntByCopiesOfTheZoneToo)
+{
+    ASSERT_TRUE(session.duplicateZones(*deferred, {1}));
+    recorder.take();
+    EXPECT_TRUE(session.loadDimensions(*deferred, 2));
+    EXPECT_EQ(deferred->zone(1)->pointCount(), 6);
+    EXPECT_THAT(recorder.take(), ElementsAre("23 zones 1 2"));
+}
+
+TEST_F(DeferredDimensions, AreLoadedWithTheValues)
+{
+    EXPECT_TRUE(session.loadVariables(*deferred, {1}, {1}));
+    EXPECT_THAT(recorder.take(), ElementsAre("23 zones 1", "21 zones 1 variables 1"));
+    EXPECT_EQ(deferred->field(1, 1)->group()->size(), 6);
+}
+
+TEST_F(DeferredDimensions, AreLoadedForARotationAndStayUnknownWhenItFails)
+{
+    SpatialVariables const inPlane{{1, 2, 0}, {}, false, false};
+    x->before = [](Progress&) { throw std::runtime_error("The file has gone."); };
+    expectRefused([&] { return session.rotateZones(*deferred, {1}, inPlane, aboutZ, 90); });
+    x->before = nullptr;
+    EXPECT_TRUE(session.rotateZones(*deferred, {1}, inPlane, aboutZ, 90));
+    EXPECT_EQ(values(*deferred, 1, 2), (std::vector<double>{0, 1, 2, 0, 1, 2}));
+    EXPECT_EQ(deferred->zone(1)->i, 3);
+}
+
+TEST_F(DeferredDimensions, StayUnknownWhenTheyCannotBeRead)
+{
+    size->before = [](Progress&) { throw std::runtime_error("The file has gone."); };
+    expectRefused([&] { return session.loadDimensions(*deferred, 1); });
+    size->before = [this](Progress&) { session.setInterrupted(true); };
+    expectRefused([&] { return session.loadDimensions(*deferred, 1); });
+    EXPECT_TRUE(session.isInterrupted());
+    expectRefused([&] { return session.loadDimensions(*deferred, 2); });
+    auto const wrong = std::make_shared<sample::SizeLoader>(ZoneDimensions{3, -2, 1, {}});
+    deferred->zone(1)->dimensionsLoader = wrong;
+    expectRefused([&] { return session.loadDimensions(*deferred, 1); });
+}
+
+TEST_F(DeferredDimensions, RefuseValuesThatDoNotFillTheZone)
+{
+    deferred->zone(1)->dimensionsLoader = std::make_shared<sample::SizeLoader>(ZoneDimensions{3, 3, 1, {}});
+    expectRefused([&] { return session.loadVariables(*deferred, {1}, {1}); });
+    EXPECT_TRUE(deferred->zone(1)->isDeferred());
+}
+
+} // namespace

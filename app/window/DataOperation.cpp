@@ -1,10 +1,13 @@
 #include "app/window/DataOperation.h"
 
+#include "dialogs/spreadsheet/DataSpreadsheetDialog.h"
 #include "dialogs/variableops/DeleteVariableDialog.h"
+#include "dialogs/variableops/LoadVariablesDialog.h"
 #include "dialogs/zoneops/AxialDuplicationDialog.h"
 #include "dialogs/zoneops/AxialRotationDialog.h"
 #include "dialogs/zoneops/CreateMirrorZoneDialog.h"
 #include "dialogs/zoneops/DuplicateZoneDialog.h"
+#include "platform/vdsdkcommon/DataSetQueries.h"
 
 namespace veldraw::app {
 
@@ -16,11 +19,19 @@ DialogInterface& dialog(QWidget& parent)
     return Dialog::getInstance(parent);
 }
 
+// The menu has no zone in mind; the user chooses one in the dialog.
+DialogInterface& loadVariablesDialog(QWidget& parent)
+{
+    std::vector<int> const zones = sdk::getEnabledZones().members();
+    return dialogs::data::LoadVariablesDialog::getInstance(parent, zones.empty() ? 1 : zones.front());
+}
+
 } // namespace
 
 std::vector<DataOperation> const& dataOperations()
 {
     using namespace dialogs::data;
+    using sdk::ui::dialogs::DataSpreadsheetDialog;
     static std::vector<DataOperation> const operations{
         {"axialDuplicationAction", "&Axial Duplication...", &AxialDuplicationDialog::relevance,
          &dialog<AxialDuplicationDialog>},
@@ -31,6 +42,9 @@ std::vector<DataOperation> const& dataOperations()
          &dialog<DuplicateZoneDialog>},
         {"deleteVariableAction", "&Delete Variable...", &DeleteVariableDialog::relevance,
          &dialog<DeleteVariableDialog>},
+        {"loadVariableAction", "&Load Variable...", &LoadVariablesDialog::relevance, &loadVariablesDialog},
+        {"dataSpreadsheetAction", "Data &Spreadsheet...", &DataSpreadsheetDialog::relevance,
+         &dialog<DataSpreadsheetDialog>},
     };
     return operations;
 }

@@ -1,6 +1,7 @@
 #include "tests/dialogs/support/DialogFixture.h"
 
 #include "platform/vdsdkuicommon/IdleDispatcher.h"
+#include "tests/dialogs/support/ConstantLoader.h"
 
 #include <QApplication>
 #include <QDialogButtonBox>
@@ -20,11 +21,24 @@ DialogFixture::DialogFixture(DialogTraits dialogTraits)
     : traits(std::move(dialogTraits))
     , mainWindow(std::make_unique<QWidget>())
 {
+    if (traits.defersVariables)
+        deferVariables();
     sample.session().setPlotType(sample.frame()->id, traits.plotType);
     mainWindow->show();
 }
 
 DialogFixture::~DialogFixture() = default;
+
+void DialogFixture::deferVariables()
+{
+    std::int64_t const points = 6;
+    for (int zone = 1; zone <= sample.dataSet().zoneCount(); ++zone)
+        for (kernel::Field& field : sample.dataSet().zone(zone)->fields) {
+            auto const loader = std::make_shared<ConstantLoader>(FieldDataType_Float, points, 1.0 * zone);
+            field = kernel::Field(std::make_shared<kernel::ShareGroup>(FieldDataType_Float, points, loader),
+                                  ValueLocation_Nodal);
+        }
+}
 
 dialogs::common::QtDialogAbstract& DialogFixture::launched()
 {
@@ -44,7 +58,7 @@ QListView& DialogFixture::list()
 
 QDialogButtonBox& DialogFixture::buttonBox()
 {
-    return *dialog().findChild<QDialogButtonBox*>(QStringLiteral("buttonBox"));
+    return *dialog().findChild<QDialogButtonBox*>(QString::fromStdString(traits.buttonBox));
 }
 
 QPushButton& DialogFixture::actionButton()

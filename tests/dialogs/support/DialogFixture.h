@@ -41,6 +41,9 @@ protected:
     std::vector<std::string> zoneNames() const;
     std::vector<std::string> variableNames() const;
 
+    /// Lets the values of all fields wait to be loaded.
+    void deferVariables();
+
     DialogTraits const traits;
     RecordedMessages messages;
     test::SampleSession sample{{"Wing", "Body", "Tail"}, {"X", "Y", "P", "T"}};

@@ -129,11 +129,20 @@ TEST_P(DialogLifecycleTest, EndsItsBindingsInTheOrderOfTheirCreation)
         isListBindingGone = true;
         button.click();
     });
-    clickAction();
-    EXPECT_THAT(messages.take(), ElementsAre(traits.refusal));
+    if (traits.actionNeedsSelection) {
+        launched();
+        clickRow(0);
+        IdleDispatcher::flush();
+        EXPECT_TRUE(button.isEnabled());
+    } else {
+        clickAction();
+        EXPECT_THAT(messages.take(), ElementsAre(traits.refusal));
+    }
     delete &dialog();
     EXPECT_TRUE(isListBindingGone);
-    EXPECT_EQ(messages.take().empty(), traits.bindsActionBeforeList);
+    bool const hasLoaded = traits.defersVariables && sample.dataSet().field(1, 1)->isLoaded();
+    bool const isAnswered = !messages.take().empty() || hasLoaded;
+    EXPECT_EQ(isAnswered, !traits.bindsActionBeforeList);
 }
 
 TEST_P(DialogLifecycleTest, CanBeMadeAfterAFirstTryThatFailed)
@@ -283,6 +292,9 @@ TEST_P(DialogLifecycleTest, OpensItsHelpTopicByF1AndByItsButton)
 TEST_P(DialogLifecycleTest, CannotBeUsedWithoutADataSet)
 {
     launched();
+    if (traits.actionNeedsSelection)
+        clickRow(0);
+    IdleDispatcher::flush();
     EXPECT_TRUE(list().isEnabled());
     EXPECT_TRUE(actionButton().isEnabled());
     sample.session().clear();

@@ -31,11 +31,14 @@ struct DialogTraits
     boost::shared_ptr<sdk::ui::propertymanager::RelevanceInterface const> (*relevance)() = nullptr;
     std::string list;                           ///< object name of the list
     std::string action;                         ///< text of the button that does it
+    std::string buttonBox = "buttonBox";        ///< object name of the box that has it
     std::string refusal;                        ///< what the button says while nothing is chosen
     std::string helpTopic;                      ///< the page that F1 opens
     PlotType_e plotType = PlotType_Sketch;      ///< of the frame; for dialogs that want a field plot
     std::vector<std::string> repeatedMnemonics; ///< where the form's own texts share a letter
-    bool bindsActionBeforeList = true;          ///< which of the two bindings is made, and ends, first
+    bool actionNeedsSelection = false; ///< the button is disabled, instead of refusing, while nothing is chosen
+    bool defersVariables = false;      ///< all values wait to be loaded
+    bool bindsActionBeforeList = true; ///< which of the two bindings is made, and ends, first
 };
 
 inline void PrintTo(DialogTraits const& traits, std::ostream* stream)

@@ -257,15 +257,24 @@ TEST(DataAxialDuplicate, TurnsCopiesOfTheDataSet)
     double const origin[3] = {0, 0, 0};
     double const axis[3] = {0, 0, 2};
     auto const duplicate = [&](long long id, Set_s* set, double const* direction) {
-        return VelUtilDataAxialDuplicate(id, set, xyz, true, &uvw[0], &uvw[1], &uvw[2], true, 45.0, 45.0, 2, origin,
+        return VelUtilDataAxialDuplicate(id, set, xyz, true, &uvw[0], &uvw[1], &uvw[2], true, 35.0, 20.0, 2, origin,
                                          direction, false);
     };
+    dataSet->zone(1)->strand = 4;
     ASSERT_TRUE(duplicate(dataSet->id(), &zones, axis));
     ASSERT_EQ(dataSet->zoneCount(), 3);
-    EXPECT_EQ(values(*dataSet, 2, 2), values(*dataSet, 1, 1));
-    EXPECT_EQ(values(*dataSet, 2, 5), values(*dataSet, 1, 4));
+    EXPECT_EQ(values(*dataSet, 3, 2), values(*dataSet, 1, 1)) << "at 20 + 2 * 35 degrees";
+    EXPECT_EQ(values(*dataSet, 3, 5), values(*dataSet, 1, 4));
+    EXPECT_EQ(dataSet->zone(2)->strand, 5);
+    EXPECT_EQ(dataSet->zone(3)->strand, 6);
     EXPECT_FALSE(duplicate(dataSet->id(), nullptr, axis));
     EXPECT_FALSE(duplicate(dataSet->id(), &zones, nullptr));
+    for (int const missing : {0, 1, 2}) {
+        EXPECT_FALSE(VelUtilDataAxialDuplicate(dataSet->id(), &zones, missing == 0 ? nullptr : xyz, true,
+                                               missing == 1 ? nullptr : &uvw[0], &uvw[1], &uvw[2], true, 45.0, 45.0, 2,
+                                               missing == 2 ? nullptr : origin, axis, false));
+        EXPECT_EQ(session.lastError(), "An argument is missing.") << missing;
+    }
     EXPECT_FALSE(duplicate(dataSet->id() + 1000, &zones, axis));
     EXPECT_EQ(session.lastError(), "There is no such data set.");
     EXPECT_EQ(dataSet->zoneCount(), 3);

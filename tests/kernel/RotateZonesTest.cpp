@@ -254,6 +254,31 @@ TEST_F(RotateZones, GivesAPassiveCoordinateValuesWhereTheZoneLeavesItsPlane)
     expectUndoAndRedo(before, {event}, {event});
 }
 
+TEST_F(RotateZones, CarriesZonesOnALineAroundAnAxisBesideIt)
+{
+    auto line = std::make_shared<Zone>("line", ZoneType_Ordered, 3, 1, 1);
+    line->fields.resize(7);
+    line->fields[0] = sample::field({1, 2, 3});
+    dataSet->addZone(line);
+    field(1, 2) = Field();
+    field(1, 3) = Field();
+    ASSERT_TRUE(session.rotateZones(*dataSet, {1, 2}, noVector, {{0, 1, 0}, {1, 0, 0}}, 180));
+    EXPECT_EQ(values(*dataSet, 1, 2), std::vector<double>(12, 2.0));
+    EXPECT_EQ(values(*dataSet, 2, 2), std::vector<double>(3, 2.0));
+    EXPECT_TRUE(field(1, 3).isPassive());
+    EXPECT_EQ(values(*dataSet, 2, 1)[2], 3);
+}
+
+TEST_F(RotateZones, KeepsTheTypesOfPassiveCoordinatesThatGetValues)
+{
+    field(1, 3) = Field(FieldDataType_Float, ValueLocation_Nodal);
+    ASSERT_TRUE(session.duplicateZones(*dataSet, {1}));
+    field(2, 3) = Field(FieldDataType_Double, ValueLocation_Nodal);
+    ASSERT_TRUE(session.rotateZones(*dataSet, {1, 2}, noVector, aboutX, 90));
+    EXPECT_EQ(field(1, 3).type(), FieldDataType_Float);
+    EXPECT_EQ(field(2, 3).type(), FieldDataType_Double);
+}
+
 TEST_F(RotateZones, LeavesAZoneWithoutCoordinatesOrWithoutAVectorAlone)
 {
     for (int variable = 1; variable <= 6; ++variable) {
@@ -310,6 +335,17 @@ TEST_F(RotateZones, LeavesPointsThatAreNotFiniteAsTheyAre)
     EXPECT_EQ(x[2], inf);
     EXPECT_EQ(x[3], 2);
     EXPECT_THAT(values(*dataSet, 2, 2), ElementsAre(1, 5, 6, -inf));
+}
+
+TEST_F(RotateZones, LeavesPointsAsTheyAreWhicheverCoordinateIsNotFinite)
+{
+    for (int strange = 1; strange <= 3; ++strange) {
+        int const zone = addPoint(1, 2, 3);
+        field(zone, strange) = sample::field({-inf});
+        std::vector<double> const before = point(zone);
+        ASSERT_TRUE(session.rotateZones(*dataSet, {zone}, noVector, slanting, 90));
+        EXPECT_EQ(point(zone), before) << strange;
+    }
 }
 
 TEST_F(RotateZones, TurnsInThePlaneAboutZOnly)
@@ -423,6 +459,8 @@ TEST_F(DataRotate, RefusesMissingArgumentsAndOtherDataSets)
     EXPECT_FALSE(rotate(dataSet->id(), &zones, xyz, origin, nullptr));
     EXPECT_EQ(session.lastError(), "An argument is missing.");
     EXPECT_FALSE(VelUtilDataRotate(dataSet->id(), &zones, xyz, true, &uvw[0], &uvw[1], nullptr, true, 9, origin, axis));
+    EXPECT_FALSE(VelUtilDataRotate(dataSet->id(), &zones, xyz, true, &uvw[0], nullptr, &uvw[2], true, 9, origin, axis));
+    EXPECT_FALSE(VelUtilDataRotate(dataSet->id(), &zones, xyz, true, nullptr, &uvw[1], &uvw[2], true, 9, origin, axis));
     EXPECT_FALSE(rotate(dataSet->id() + 1000, &zones, xyz, origin, axis));
     EXPECT_EQ(session.lastError(), "There is no such data set.");
     EXPECT_EQ(stateDigest(session), before);

@@ -60,9 +60,10 @@ bool isSameVariable(int first, int second)
     return first != 0 && first == second;
 }
 
+// Only the third may be missing: it does not count in the plane. Two that are missing are not distinct.
 bool areDistinct(int const numbers[3])
 {
-    return !isSameVariable(numbers[0], numbers[1]) && !isSameVariable(numbers[0], numbers[2]) &&
+    return numbers[0] != numbers[1] && !isSameVariable(numbers[0], numbers[2]) &&
            !isSameVariable(numbers[1], numbers[2]);
 }
 

@@ -205,6 +205,8 @@ TEST_F(AxialRotationPropertiesManagerTest, WantsThreeDifferentCoordinates)
     EXPECT_EQ(refusal(), notUnique);
     assign("XYZ", {1, 2, 2});
     EXPECT_EQ(refusal(), notUnique);
+    assign("XYZ", {0, 0, 3});
+    EXPECT_EQ(refusal(), notUnique);
     assign("XYZ", {1, 2, 3});
     EXPECT_EQ(refusal(), "");
 }
@@ -309,8 +311,10 @@ TEST_F(AxialRotationInThePlaneTest, DoesNotAskForW)
 
 TEST_F(AxialRotationInThePlaneTest, StillWantsDifferentVariables)
 {
-    assign("XY", {2, 2});
-    EXPECT_EQ(refusal(), "Turning requires that the spatial variables are unique.");
+    for (int const variable : {2, 0}) {
+        assign("XY", {variable, variable});
+        EXPECT_EQ(refusal(), "Turning requires that the spatial variables are unique.") << variable;
+    }
     assign("XY", {1, 2});
     assign("UV", {4, 4});
     EXPECT_EQ(refusal(), "Turning requires that the vector variables are unique.");

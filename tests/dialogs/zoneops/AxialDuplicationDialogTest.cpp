@@ -2,6 +2,7 @@
 #include "dialogs/widgets/QScientificSpinBox.h"
 #include "tests/dialogs/support/DialogLifecycleTest.h"
 #include "tests/dialogs/support/FormTable.h"
+#include "tests/dialogs/support/NotingTranslator.h"
 #include "tests/dialogs/zoneops/AxialFixture.h"
 
 #include <QApplication>
@@ -91,6 +92,13 @@ TEST_F(AxialDuplicationDialogTest, SetsUpItsControls)
         EXPECT_EQ(find<QScientificSpinBox>(name).decimals(), 8) << name;
         EXPECT_FALSE(find<QScientificSpinBox>(name).keyboardTracking()) << name;
     }
+    for (char const* const name : {"xOrgBox", "yOrgBox", "zOrgBox"})
+        EXPECT_EQ(find<QScientificSpinBox>(name).decimals(), 6) << name;
+    auto const* const group = dialog().findChild<QButtonGroup*>(QStringLiteral("axisGroup"));
+    ASSERT_TRUE(group);
+    EXPECT_THAT(group->buttons(),
+                ElementsAre(&find<QAbstractButton>("xAxisButton"), &find<QAbstractButton>("yAxisButton"),
+                            &find<QAbstractButton>("zAxisButton")));
     EXPECT_EQ(find<IntegralSpinBox>("numOfInstances").minimum(), 2);
     EXPECT_EQ(find<IntegralSpinBox>("numOfInstances").maximum(), 999999999);
     EXPECT_EQ(find<IntegralSpinBox>("numberOfSegments").minimum(), 1);
@@ -101,6 +109,18 @@ TEST_F(AxialDuplicationDialogTest, SetsUpItsControls)
         EXPECT_EQ(find<QComboBox>(name).itemText(0), QStringLiteral("Degrees")) << name;
         EXPECT_EQ(find<QComboBox>(name).itemText(1), QStringLiteral("Radians")) << name;
     }
+}
+
+TEST_F(AxialDuplicationDialogTest, TranslatesTheTextsOfItsFormOnly)
+{
+    NotingTranslator const translator;
+    EXPECT_EQ(dialog().windowTitle(), QStringLiteral("<Axial Duplication>"));
+    EXPECT_THAT(translator.asked,
+                testing::IsSupersetOf({"AxialDuplicationDialog: Axial Duplication",
+                                       "AxialDuplicationDialog: &Zones to duplicate", "AxialDuplicationDialog: X-Axis",
+                                       "AxialDuplicationDialog: Full &360°", "AxialDuplicationDialog: ≈",
+                                       "AxialDuplicationDialog: Angle to offset first duplicate zone."}));
+    EXPECT_EQ(actionButton().text(), QStringLiteral("&Duplicate"));
 }
 
 TEST_F(AxialDuplicationDialogTest, CanBeWalkedByTab)

@@ -1,3 +1,4 @@
+#include "platform/vdsdkcommon/WaitState.h"
 #include "tests/dialogs/zoneops/AxialFixture.h"
 #include "tests/support/KernelSpy.h"
 
@@ -311,6 +312,78 @@ TEST_F(AxialDuplicationKernelTest, LeavesAllAsItWasWhenTheKernelRefuses)
     EXPECT_EQ(sample.session().history().undoName(), stepBefore);
     EXPECT_THAT(rows(), ElementsAre("1: Wing", "*2: Body", "3: Tail"));
     expectNothingHeld();
+}
+
+TEST_F(AxialDuplicationKernelTest, StaysWholeAndReleasesItsGuardsWhicheverKernelCallFails)
+{
+    for (auto const fail : {&KernelSpy::failCall, &KernelSpy::failFrom}) {
+        clickRow(1);
+        std::vector<std::string> const calls = callsOfAction();
+        ASSERT_GE(calls.size(), 7u);
+        for (std::size_t failing = 0; failing < calls.size(); ++failing) {
+            std::string const when = calls[failing] + " fails";
+            sample.session().undo();
+            EXPECT_THAT(zoneNames(), ElementsAre("Wing", "Body", "Tail")) << when;
+            clickRow(1);
+            messages.take();
+            spy.reset();
+            (spy.*fail)(static_cast<int>(failing) + 1);
+            clickAction();
+            bool const canTell = fail == &KernelSpy::failCall; // a message is a kernel call as well
+            spy.reset();
+            bool const isDone = zoneNames().size() > 3;
+            EXPECT_EQ(messages.take().empty(), isDone || !canTell) << when;
+            expectNothingHeld();
+            if (!isDone)
+                clickAction();
+            EXPECT_THAT(messages.take(), IsEmpty()) << when << ", then nothing";
+            EXPECT_THAT(zoneNames(), ElementsAre("Wing", "Body", "Tail", "Body")) << when << ", then nothing";
+        }
+        sample.session().undo();
+    }
+}
+
+/// How the application is held while a message is on the screen.
+template <typename Fixture>
+class AxialGuardsTest : public Fixture
+{
+protected:
+    AxialGuardsTest()
+    {
+        host::MessagePresenter::install([this](std::string const&, MessageBoxType_e) {
+            locks.push_back(sdk::AppLock::depth());
+            waits.push_back(sdk::WaitState::depth());
+        });
+        this->launched();
+    }
+
+    /// First without a selection, then on a locked data set.
+    void refuseTwice()
+    {
+        this->clickAction();
+        this->sample.session().setLock(this->sample.dataSet(), "another operation");
+        this->clickRow(0);
+        this->clickAction();
+        EXPECT_THAT(locks, ElementsAre(0, 1)) << "what is read before needs no lock";
+        EXPECT_THAT(waits, ElementsAre(0, 0));
+        EXPECT_EQ(sdk::AppLock::depth(), 0);
+    }
+
+    std::vector<int> locks;
+    std::vector<int> waits;
+};
+
+using AxialRotationGuardsTest = AxialGuardsTest<AxialRotationFixture>;
+using AxialDuplicationGuardsTest = AxialGuardsTest<AxialDuplicationFixture>;
+
+TEST_F(AxialRotationGuardsTest, LocksTheApplicationWhileItTurnsAndTellsTheOutcome)
+{
+    refuseTwice();
+}
+
+TEST_F(AxialDuplicationGuardsTest, LocksTheApplicationWhileItCopiesAndTellsTheOutcome)
+{
+    refuseTwice();
 }
 
 } // namespace

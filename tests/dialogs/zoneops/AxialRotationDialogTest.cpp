@@ -1,6 +1,7 @@
 #include "dialogs/widgets/QScientificSpinBox.h"
 #include "tests/dialogs/support/DialogLifecycleTest.h"
 #include "tests/dialogs/support/FormTable.h"
+#include "tests/dialogs/support/NotingTranslator.h"
 #include "tests/dialogs/zoneops/AxialFixture.h"
 
 #include <QButtonGroup>
@@ -72,6 +73,17 @@ TEST_F(AxialRotationDialogTest, SetsUpItsControls)
     EXPECT_EQ(units.itemText(0), QStringLiteral("Degrees"));
     EXPECT_EQ(units.itemText(1), QStringLiteral("Radians"));
     EXPECT_EQ(list().selectionMode(), QAbstractItemView::ExtendedSelection);
+}
+
+TEST_F(AxialRotationDialogTest, TranslatesTheTextsOfItsFormOnly)
+{
+    NotingTranslator const translator;
+    EXPECT_EQ(dialog().windowTitle(), QStringLiteral("<Axial Rotation>"));
+    EXPECT_THAT(translator.asked,
+                testing::IsSupersetOf({"AxialRotationDialog: Axial Rotation", "AxialRotationDialog: &Zones to rotate",
+                                       "AxialRotationDialog: Z-Axis", "AxialRotationDialog: Rotation &angle:",
+                                       "AxialRotationDialog: The angle to rotate zone(s) by."}));
+    EXPECT_EQ(actionButton().text(), QStringLiteral("&Rotate"));
 }
 
 TEST_F(AxialRotationDialogTest, CanBeWalkedByTab)

@@ -1,4 +1,5 @@
 #include "tests/dialogs/support/FormTable.h"
+#include "tests/dialogs/support/NotingTranslator.h"
 #include "tests/dialogs/zoneops/CreateMirrorZoneFixture.h"
 
 #include <QGridLayout>
@@ -77,6 +78,18 @@ TEST_F(CreateMirrorZoneFormTest, LooksAsItsFormSays)
     EXPECT_EQ(buttonBox().standardButtons(), QDialogButtonBox::Close | QDialogButtonBox::Help);
     EXPECT_EQ(buttonBox().buttonRole(&actionButton()), QDialogButtonBox::ActionRole);
     EXPECT_EQ(list().accessibleName(), QStringLiteral("Source zone(s)"));
+}
+
+TEST_F(CreateMirrorZoneFormTest, TranslatesTheTextsOfItsFormOnly)
+{
+    NotingTranslator const translator;
+    EXPECT_EQ(dialog().windowTitle(), QStringLiteral("<Create Mirror Zone>"));
+    EXPECT_THAT(translator.asked,
+                testing::IsSupersetOf({"CreateMirrorZone: Create Mirror Zone", "CreateMirrorZone: Mirror axis",
+                                       "CreateMirrorZone: &Source zone(s)", "CreateMirrorZone: &XY plane",
+                                       "CreateMirrorZone: X&Z plane", "CreateMirrorZone: &YZ plane",
+                                       "CreateMirrorZone: &X axis", "CreateMirrorZone: &Y axis"}));
+    EXPECT_EQ(actionButton().text(), QStringLiteral("C&reate"));
 }
 
 TEST_F(CreateMirrorZoneFormTest, LaysItsWidgetsOutInAGrid)

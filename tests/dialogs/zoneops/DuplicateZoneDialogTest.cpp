@@ -1,13 +1,12 @@
 #include "tests/dialogs/support/FormTable.h"
+#include "tests/dialogs/support/NotingTranslator.h"
 #include "tests/dialogs/zoneops/DuplicateZoneFixture.h"
 
 #include <QItemSelectionModel>
 #include <QLabel>
-#include <QTranslator>
 #include <QVBoxLayout>
 
 #include <gmock/gmock.h>
-#include <set>
 #include <string>
 
 namespace veldraw::tests {
@@ -189,23 +188,6 @@ TEST_F(DuplicateZoneDialogTest, ForgetsASelectedCopyThatUndoTakesAway)
     clickAction();
     EXPECT_THAT(messages.take(), ElementsAre("error: No zones are selected"));
 }
-
-/// Notes what is asked of a translation, as "context: text", and puts the text in brackets.
-class NotingTranslator : public QTranslator
-{
-public:
-    NotingTranslator() { QCoreApplication::installTranslator(this); }
-    ~NotingTranslator() override { QCoreApplication::removeTranslator(this); }
-
-    bool isEmpty() const override { return false; }
-    QString translate(char const* context, char const* text, char const*, int) const override
-    {
-        asked.insert(std::string(context) + ": " + text);
-        return QStringLiteral("<%1>").arg(QString::fromUtf8(text));
-    }
-
-    mutable std::set<std::string> asked;
-};
 
 TEST_F(DuplicateZoneDialogTest, TranslatesTheTextsOfItsFormOnly)
 {

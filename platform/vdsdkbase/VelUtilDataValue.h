@@ -14,7 +14,8 @@ extern "C" {
 /// "FieldValue" (double), "AutoBranch" (int, 1: storage that other zones share is copied first; 0: they change as
 /// well).
 /// @param list stays the caller's
-/// @return false when an argument is missing or does not exist; nothing changed then
+/// @return false when an argument is missing or does not exist, for a passive variable, values that are not loaded, a
+///         locked data set and without memory; nothing changed then
 VELDRAW_PLATFORM_API bool VelUtilDataValueSetByZoneVarX(ArgList_s* list);
 
 /// One value; loads deferred values.

@@ -1,6 +1,7 @@
 // The plain C functions over the one session of the process.
 #include "EventRecorder.h"
 #include "SampleData.h"
+#include "SampleLoader.h"
 #include "StateDigest.h"
 #include "kernel/api/ArgumentList.h"
 #include "kernel/api/StringList.h"
@@ -111,6 +112,100 @@ TEST_F(CFunctions, DescribeFields)
     EXPECT_FALSE(VelUtilVarRangeIsEstimated(1, 1));
     dataSet->field(1, 1)->group()->setKnownRange({ValueRange::State::Estimated, 0, 1});
     EXPECT_TRUE(VelUtilVarRangeIsEstimated(1, 1));
+}
+
+TEST_F(CFunctions, TellWhatIsNotLoadedWithoutLoadingIt)
+{
+    auto const loader = std::make_shared<sample::Loader>(std::vector<double>{1, 2, 3, 4, 5, 6}, FieldDataType_Byte);
+    dataSet->zone(1)->fields[3] = sample::Loader::field(loader);
+    EXPECT_FALSE(VelUtilDataValueIsLoaded(1, 4));
+    EXPECT_TRUE(VelUtilDataValueIsLoaded(1, 3)) << "passive: there is nothing to load";
+    EXPECT_FALSE(VelUtilDataValueIsPassive(1, 4));
+    EXPECT_EQ(VelUtilVarGetStatus(1, 4), VarStatus_NotLoaded);
+    EXPECT_EQ(VelUtilDataValueGetType(1, 4), FieldDataType_Byte);
+    EXPECT_EQ(VelUtilDataValueGetLocation(1, 4), ValueLocation_Nodal);
+    EXPECT_EQ(VelUtilDataValueGetShareCount(1, 4), 1);
+    EXPECT_FALSE(VelUtilDataValueIsMinMaxValidByZoneVar(1, 4));
+    EXPECT_FALSE(VelUtilVarRangeIsEstimated(1, 4));
+    EXPECT_EQ(loader->loads, 0);
+    EXPECT_EQ(VelUtilDataValueGetByZoneVar(1, 4, 6), 6.0) << "asked for in earnest";
+    EXPECT_TRUE(VelUtilDataValueIsLoaded(1, 4));
+    EXPECT_EQ(loader->loads, 1);
+}
+
+TEST_F(CFunctions, MakeVariablesAvailable)
+{
+    auto const loader = std::make_shared<sample::Loader>(std::vector<double>{1, 2, 3, 4, 5, 6});
+    dataSet->zone(1)->fields[3] = sample::Loader::field(loader);
+    Set_s zones{{1}};
+    Set_s variables{{4}};
+    EXPECT_FALSE(VelUtilDataSetMakeVarsAvailableByUniqueID(0, &zones, &variables));
+    EXPECT_FALSE(VelUtilDataSetMakeVarsAvailableByUniqueID(VelUtilDataSetGetUniqueID(), nullptr, &variables));
+    EXPECT_FALSE(VelUtilDataSetMakeVarsAvailableByUniqueID(VelUtilDataSetGetUniqueID(), &zones, nullptr));
+    EXPECT_FALSE(VelUtilDataValueIsLoaded(1, 4));
+    EXPECT_TRUE(VelUtilDataSetMakeVarsAvailableByUniqueID(VelUtilDataSetGetUniqueID(), &zones, &variables));
+    EXPECT_TRUE(VelUtilDataValueIsLoaded(1, 4));
+    variables.members.insert(17);
+    EXPECT_FALSE(VelUtilDataSetMakeVarsAvailableByUniqueID(VelUtilDataSetGetUniqueID(), &zones, &variables));
+}
+
+TEST_F(CFunctions, LoadDimensionsWhenTheyAreAskedForInEarnest)
+{
+    auto const size = std::make_shared<sample::SizeLoader>(ZoneDimensions{3, 2, 1, {}});
+    std::shared_ptr<Zone> const zone = dataSet->zone(2);
+    zone->i = zone->j = zone->k = -1;
+    zone->dimensionsLoader = size;
+    long long i = 0;
+    long long j = 0;
+    long long k = 0;
+    VelUtilZoneGetMetrics(2, &i, &j, &k, nullptr, nullptr, nullptr);
+    EXPECT_EQ(i, -1);
+    EXPECT_EQ(size->loads, 0);
+    size->before = [](Progress&) { throw std::runtime_error("The file has gone."); };
+    VelUtilZoneGetIJK(2, &i, &j, &k);
+    EXPECT_EQ(k, -1);
+    EXPECT_FALSE(VelUtilInterruptIsSet());
+    size->before = [this](Progress& progress) {
+        session.setInterrupted(true);
+        progress.check();
+    };
+    VelUtilZoneGetIJK(2, &i, &j, &k);
+    EXPECT_EQ(i, -1);
+    EXPECT_TRUE(VelUtilInterruptIsSet());
+    size->before = nullptr;
+    VelUtilZoneGetIJK(2, &i, &j, &k);
+    EXPECT_EQ(i, 3);
+    EXPECT_EQ(j, 2);
+    EXPECT_EQ(k, 1);
+    EXPECT_EQ(size->loads, 1);
+}
+
+TEST_F(CFunctions, SetOneValueByNamedArguments)
+{
+    auto const set = [](std::vector<std::pair<char const*, long long>> const& numbers, double const* value) {
+        ArgList_s* list = VelUtilArgListAlloc();
+        for (auto const& [name, number] : numbers) {
+            VelUtilArgListAppendInt(list, name, number);
+        }
+        if (value != nullptr) {
+            VelUtilArgListAppendDouble(list, "FieldValue", *value);
+        }
+        bool const isSet = VelUtilDataValueSetByZoneVarX(list);
+        VelUtilArgListDealloc(&list);
+        return isSet;
+    };
+    double const value = -4.5;
+    EXPECT_TRUE(set({{"Zone", 1}, {"Var", 4}, {"Index", 6}, {"AutoBranch", 1}}, &value));
+    EXPECT_EQ(VelUtilDataValueGetByZoneVar(1, 4, 6), -4.5);
+    EXPECT_EQ(VelUtilDataValueGetByZoneVar(2, 4, 6), 15.0);
+    EXPECT_EQ(VelUtilDataValueGetShareCount(1, 4), 1);
+    EXPECT_TRUE(set({{"Zone", 2}, {"Var", 1}, {"Index", 1}, {"AutoBranch", 0}}, &value));
+    EXPECT_FALSE(set({{"Zone", 1}, {"Var", 4}, {"Index", 0}, {"AutoBranch", 1}}, &value));
+    EXPECT_FALSE(set({{"Zone", 1}, {"Var", 4}, {"Index", 7}, {"AutoBranch", 1}}, &value));
+    EXPECT_FALSE(set({{"Zone", (1LL << 32) + 1}, {"Var", 4}, {"Index", 1}, {"AutoBranch", 1}}, &value));
+    EXPECT_FALSE(set({{"Zone", 1}, {"Var", 4}, {"Index", 1}, {"AutoBranch", 1}}, nullptr));
+    EXPECT_FALSE(set({{"Zone", 1}, {"Var", 4}, {"Index", 1}}, &value));
+    EXPECT_FALSE(VelUtilDataValueSetByZoneVarX(nullptr));
 }
 
 TEST_F(CFunctions, DescribeVariables)

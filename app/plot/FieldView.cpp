@@ -3,6 +3,7 @@
 #include "app/plot/ColourMap.h"
 #include "app/plot/PickRay.h"
 #include "app/plot/PlotTheme.h"
+#include "app/plot/TextFit.h"
 #include "app/plot/ZoneRanges.h"
 
 #include <vtkCamera.h>
@@ -32,14 +33,58 @@ std::array<kernel::UniqueId, 3> identifiersOf(kernel::DataSet const& dataSet, st
     return identifiers;
 }
 
+// More points than that cannot be drawn one by one; of a solid only the faces are.
+constexpr std::int64_t mostPoints = 500000000;
+
+bool hasValues(kernel::DataSet const& dataSet, int zone, int variable)
+{
+    kernel::Field const* const field = dataSet.field(zone, variable);
+    return !field || field->isLoaded();
+}
+
 // Zones with points, switched on.
-std::vector<int> shownZones(kernel::DataSet const& dataSet)
+std::vector<int> zonesWithPoints(kernel::DataSet const& dataSet)
 {
     std::vector<int> zones;
     for (int const number : dataSet.enabledZones())
         if (dataSet.zone(number)->pointCount() > 0)
             zones.push_back(number);
     return zones;
+}
+
+// Those of them whose points can be placed with what is loaded, and that are not too many to be drawn.
+std::vector<int> shownZones(kernel::Frame const& frame, bool inSpace)
+{
+    std::array<int, 3> const axes = frame.axisVariables();
+    std::vector<int> zones;
+    for (int const number : zonesWithPoints(*frame.dataSet)) {
+        kernel::Zone const& zone = *frame.dataSet->zone(number);
+        bool const isSmall = zone.dimensionality() > 2 || zone.pointCount() <= mostPoints;
+        bool const isPlaced = hasValues(*frame.dataSet, number, axes[0]) &&
+                              hasValues(*frame.dataSet, number, axes[1]) &&
+                              (!inSpace || hasValues(*frame.dataSet, number, axes[2]));
+        if (isSmall && isPlaced)
+            zones.push_back(number);
+    }
+    return zones;
+}
+
+// Why the contour is not seen in all zones, when that is because of values that nobody has loaded or looked through.
+QString contourGap(kernel::Frame const& frame, std::vector<int> const& zones, bool isShown)
+{
+    int const variable = frame.variableNumber('C');
+    for (int const zone : zones) {
+        kernel::Field const* const field = frame.dataSet->field(zone, variable);
+        if (field && !field->isLoaded())
+            return FieldView::tr("The contour variable \"%1\" is not loaded in all zones.")
+                .arg(variableName(*frame.dataSet, variable));
+        bool const isMapped =
+            field && field->group() && field->group()->loader() && field->group()->loader()->isMapped();
+        if (isMapped && !isShown)
+            return FieldView::tr("The range of the contour variable \"%1\" is not known.")
+                .arg(variableName(*frame.dataSet, variable));
+    }
+    return {};
 }
 
 } // namespace
@@ -166,7 +211,7 @@ FrameNotice FieldView::show(kernel::Frame const& frame)
         return {reason, true};
 
     kernel::DataSet const& dataSet = *frame.dataSet;
-    std::vector<int> const zones = shownZones(dataSet);
+    std::vector<int> const zones = shownZones(frame, m_inSpace);
     m_look = lookOf(frame, zones);
     auto const axesBefore = std::exchange(m_shownAxes, identifiersOf(dataSet, m_look.axes));
     for (int const number : zones) {
@@ -180,6 +225,11 @@ FrameNotice FieldView::show(kernel::Frame const& frame)
                 variableName(dataSet, m_look.axes[2])});
     m_isShown = true;
     placeView(m_shownAxes != axesBefore || (!wasShown && m_viewSpace != m_look.space));
+    if (zones.size() < zonesWithPoints(dataSet).size())
+        return {tr("Zones whose coordinates are not loaded, or that have too many points, are not shown."), false};
+    QString const gap = frame.showContour ? contourGap(frame, zones, hasLegend()) : QString();
+    if (!gap.isEmpty())
+        return {gap, false};
     if (frame.showContour && m_look.contourVariable == 0)
         return {frame.variableNumber('C') == 0 ? tr("No variable is assigned to the contour.")
                                                : tr("The contour variable has no values in the enabled zones."),
@@ -210,10 +260,16 @@ QString FieldView::obstacle(kernel::Frame const& frame) const
         return tr("The data set has no zones.");
     if (frame.dataSet->enabledZones().empty())
         return tr("No zone is enabled.");
-    std::vector<int> const zones = shownZones(*frame.dataSet);
-    if (zones.empty())
+    std::vector<int> const all = zonesWithPoints(*frame.dataSet);
+    if (all.empty())
         return tr("The enabled zones have no points.");
-    return obstacleInZones(frame, zones);
+    std::vector<int> const zones = shownZones(frame, m_inSpace);
+    if (!zones.empty())
+        return obstacleInZones(frame, zones);
+    for (std::size_t n = 0; n < (m_inSpace ? 3U : 2U); ++n)
+        if (!hasValues(*frame.dataSet, all.front(), axes[n]))
+            return tr("The variable on the %1 axis is not loaded.").arg(letters[n]);
+    return tr("The enabled zones have too many points to be drawn.");
 }
 
 QString FieldView::obstacleInZones(kernel::Frame const& frame, std::vector<int> const& zones) const
@@ -251,7 +307,10 @@ FieldLook FieldView::lookOf(kernel::Frame const& frame, std::vector<int> const& 
     look.mesh = frame.showMesh;
     look.colours = ColourMap::create(0.0, 1.0);
     kernel::ValueRange const flood = ZoneRanges::of(*frame.dataSet, zones, frame.variableNumber('C'));
-    if (frame.showContour && flood.isValid()) {
+    bool const isLoaded = std::any_of(zones.begin(), zones.end(), [&frame](int zone) {
+        return hasValues(*frame.dataSet, zone, frame.variableNumber('C'));
+    });
+    if (frame.showContour && isLoaded && flood.isValid()) {
         look.contourVariable = frame.variableNumber('C');
         look.contourMin = flood.min;
         look.contourMax = flood.max;
@@ -274,7 +333,7 @@ void FieldView::updateLegend(QString const& title)
     m_legend->SetLookupTable(ColourMap::create(m_look.contourMin, m_look.contourMax));
     bool const isOneValue = !(m_look.contourMax > m_look.contourMin);
     m_legend->SetNumberOfLabels(isOneValue ? 1 : 6);
-    m_legend->SetTitle(title.toUtf8().constData());
+    m_legendTitle = title;
 }
 
 void FieldView::placeLegend()
@@ -287,6 +346,15 @@ void FieldView::placeLegend()
     m_legend->SetWidth(width);
     m_legend->SetHeight(height);
     m_legend->SetBarRatio(0.22);
+    showLegendTitle(width * area().width);
+}
+
+// The bar's actor shows its title across its whole width and beyond, however long it is.
+void FieldView::showLegendTitle(double width)
+{
+    TextFit const fit = TextFit::into(width, m_legendTitle, *m_legend->GetTitleTextProperty(), area().pixelRatio);
+    m_legend->GetTitleTextProperty()->SetFontSize(fit.size);
+    m_legend->SetTitle(fit.text.toUtf8().constData());
 }
 
 } // namespace veldraw::app

@@ -78,6 +78,7 @@ private:
     FieldLook lookOf(kernel::Frame const& frame, std::vector<int> const& zones) const;
     void updateLegend(QString const& title);
     void placeLegend();
+    void showLegendTitle(double width);
 
     bool m_inSpace;
     bool m_isShown = false; // there was a picture when the frame was shown last
@@ -93,6 +94,7 @@ private:
     double m_stageWidth = 1.0;
     double m_stageHeight = 1.0;
     Margins m_margins;
+    QString m_legendTitle;
 };
 
 } // namespace veldraw::app

@@ -139,6 +139,25 @@ TEST(FieldPlotInPlane, ShowsBothEndsOfTheColoursAndTheLegendTheRange)
     EXPECT_GT(PlotTestPage::pixelsNear(legend, mapColour(0.99)), 10);
 }
 
+TEST(FieldPlot, KeepsTheNameInTheLegendClearOfTheEdgeHoweverLongItIs)
+{
+    std::string const names[] = {"p", "displacement_X", "a_name_that_no_legend_can_ever_show_whole_X"};
+    for (PlotType_e const type : {PlotType_Cartesian2D, PlotType_Cartesian3D}) {
+        auto const set = type == PlotType_Cartesian2D ? SampleData::sheet(9, 9) : SampleData::block(9, 9, 9);
+        PlotTestPage page({SampleData::frame("Named", set, type)});
+        for (std::string const& name : names) {
+            ASSERT_TRUE(page.session().renameVariable(*set, set->variableCount(), name));
+            QImage const plot = page.plot(0, "legend-" + name.substr(0, 14) + std::to_string(type));
+            QImage const legend = plot.copy(legendArea(plot));
+            QImage const edge = legend.copy(legend.width() - 6, 0, 6, legend.height());
+            EXPECT_EQ(PlotTestPage::inkedPixels(edge), 0) << name;
+            EXPECT_GT(PlotTestPage::pixelsNear(legend, app::PlotTheme::text(), 40), name.size() > 1 ? 100 : 5) << name;
+            EXPECT_EQ(name.back(), std::string(page.field().legend().GetTitle()).back()) << name;
+        }
+        EXPECT_GT(QString::fromUtf8(page.field().legend().GetTitle()).size(), 8);
+    }
+}
+
 TEST(FieldPlotInPlane, GivesEachCellOneColour)
 {
     PlotTestPage page({SampleData::frame("Cells", SampleData::cellSheet(5, 3), PlotType_Cartesian2D)});

@@ -2,6 +2,7 @@
 
 #include "app/commandline/DataSetReport.h"
 #include "app/export/Exporter.h"
+#include "app/export/WholeDataSet.h"
 #include "app/import/Importer.h"
 #include "app/plot/PageView.h"
 #include "kernel/data/NumberSet.h"
@@ -29,7 +30,7 @@ BatchRun::BatchRun(kernel::Session& session, QTextStream& out, QTextStream& err)
 
 int BatchRun::run(CommandLineOptions const& options)
 {
-    if (!openFiles(options.files) || !deleteVariables(options.variablesToDelete))
+    if (!openFiles(options.files, options.deferral) || !deleteVariables(options.variablesToDelete))
         return 1;
     if (options.info)
         printInfo(options.files);
@@ -46,12 +47,12 @@ bool BatchRun::fail(QString const& reason)
     return false;
 }
 
-bool BatchRun::openFiles(QStringList const& files)
+bool BatchRun::openFiles(QStringList const& files, Deferral deferral)
 {
     std::vector<std::shared_ptr<kernel::Frame>> frames;
     for (QString const& file : files) {
         try {
-            ImportResult const result = importFile(file);
+            ImportResult const result = importDeferring(deferral, file, {});
             auto const frame =
                 std::make_shared<kernel::Frame>(QFileInfo(file).completeBaseName().toStdString(), kernel::Rectangle{});
             frame->dataSet = result.dataSet;
@@ -97,8 +98,11 @@ void BatchRun::printInfo(QStringList const& files)
 
 bool BatchRun::exportTo(QString const& file)
 {
+    auto const dataSet = m_session.activeDataSet();
+    if (!loadWholeDataSet(m_session, *dataSet))
+        return fail(QString::fromStdString(m_session.lastError()));
     try {
-        ExportResult const result = exportDataSet(*m_session.activeDataSet(), file);
+        ExportResult const result = exportDataSet(*dataSet, file);
         for (std::string const& remark : result.remarks)
             m_err << QStringLiteral("veldraw: %1: %2\n").arg(file, QString::fromStdString(remark));
     } catch (std::exception const& error) {

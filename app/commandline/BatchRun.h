@@ -19,7 +19,7 @@ public:
     int run(CommandLineOptions const& options);
 
 private:
-    bool openFiles(QStringList const& files);
+    bool openFiles(QStringList const& files, Deferral deferral);
     bool deleteVariables(QStringList const& names);
     void printInfo(QStringList const& files);
     bool exportTo(QString const& file);

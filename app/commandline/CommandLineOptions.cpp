@@ -9,6 +9,7 @@ namespace {
 QString const exportName = QStringLiteral("export");
 QString const deleteName = QStringLiteral("delete-variable");
 QString const pictureName = QStringLiteral("picture");
+QString const deferName = QStringLiteral("defer");
 QString const infoName = QStringLiteral("info");
 QString const helpName = QStringLiteral("help");
 QString const versionName = QStringLiteral("version");
@@ -18,9 +19,22 @@ void declareOptions(QCommandLineParser& parser)
     parser.addOption({exportName, QString(), QStringLiteral("OUT")});
     parser.addOption({deleteName, QString(), QStringLiteral("NAME")});
     parser.addOption({pictureName, QString(), QStringLiteral("PNG")});
+    parser.addOption({deferName, QString(), QStringLiteral("WHEN")});
     parser.addOption(QCommandLineOption(infoName));
     parser.addOption(QCommandLineOption(QStringList{QStringLiteral("h"), helpName}));
     parser.addOption(QCommandLineOption(QStringList{QStringLiteral("v"), versionName}));
+}
+
+// @return false for a word that is none of the three
+bool takeDeferral(QString const& word, Deferral& deferral)
+{
+    if (word == QLatin1String("always"))
+        deferral = Deferral::Always;
+    else if (word == QLatin1String("never"))
+        deferral = Deferral::Never;
+    else
+        return word == QLatin1String("auto");
+    return true;
 }
 
 QString whyInconsistent(CommandLineOptions const& options, QCommandLineParser const& parser)
@@ -56,6 +70,8 @@ CommandLineOptions CommandLineOptions::parse(QStringList const& arguments)
     options.help = parser.isSet(helpName);
     options.version = parser.isSet(versionName);
     options.error = understood ? whyInconsistent(options, parser) : parser.errorText();
+    if (parser.isSet(deferName) && !takeDeferral(parser.value(deferName), options.deferral) && options.error.isEmpty())
+        options.error = QStringLiteral("--defer takes auto, always or never");
     return options;
 }
 
@@ -65,7 +81,9 @@ QString CommandLineOptions::helpText()
         "usage: veldraw [FILE...]                  open each FILE in a frame of its own\n"
         "       veldraw FILE [ACTION...]           do the actions without a window, then end\n"
         "\n"
-        "Files: VTK XML (.vti .vtr .vts .vtu .vtp .vtm), legacy VTK (.vtk), tables with a header line (.csv .tsv).\n"
+        "Files: VTK XML (.vti .vtr .vts .vtu .vtp .vtm), legacy VTK (.vtk), MetaImage (.mhd .mha), tables with a "
+        "header\n"
+        "line (.csv .tsv).\n"
         "\n"
         "Actions, carried out in this order:\n"
         "  --delete-variable NAME   delete the variable called NAME; may be given several times\n"
@@ -74,6 +92,9 @@ QString CommandLineOptions::helpText()
         "  --picture PNG            save a picture of the page\n"
         "\n"
         "Other options:\n"
+        "  --defer WHEN             load values at once or when they are asked for: auto (as long as they take little "
+        "of\n"
+        "                           the free memory; the default), always, never\n"
         "  -h, --help               print this text\n"
         "  -v, --version            print the version\n"
         "\n"

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/import/Deferral.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -12,6 +14,7 @@ struct CommandLineOptions
     QStringList variablesToDelete; ///< names, in the order given
     QString exportFile;            ///< empty: no export
     QString pictureFile;           ///< empty: no picture
+    Deferral deferral = Deferral::Auto;
     bool info = false;
     bool help = false;
     bool version = false;

@@ -8,9 +8,12 @@
 
 namespace veldraw::app {
 
-int runInteractively(QApplication& application, QStringList const& files)
+int runInteractively(QApplication& application, QStringList const& files, Deferral deferral)
 {
-    MainWindow window(kernel::Session::instance(), CentralView::ofPage(kernel::Session::instance()), importFile);
+    auto const reader = [deferral](QString const& path, ImportJob::Progress const& progress) {
+        return importDeferring(deferral, path, progress);
+    };
+    MainWindow window(kernel::Session::instance(), CentralView::ofPage(kernel::Session::instance()), reader);
     window.show();
     if (!files.isEmpty())
         QTimer::singleShot(0, &window, [&] { window.openFiles(files, DocumentController::Place::FreshPage); });

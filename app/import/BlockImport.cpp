@@ -1,5 +1,7 @@
 #include "app/import/BlockImport.h"
 
+#include "app/import/ComponentNames.h"
+#include "app/import/ImageCoordinateLoader.h"
 #include "app/import/ImportError.h"
 #include "app/vtk/ArrayAdoption.h"
 #include "app/vtk/OrderedCells.h"
@@ -8,6 +10,7 @@
 #include <vtkDataObject.h>
 #include <vtkImageData.h>
 #include <vtkInformation.h>
+#include <vtkMatrix4x4.h>
 #include <vtkNew.h>
 #include <vtkPointData.h>
 #include <vtkPointSet.h>
@@ -17,15 +20,6 @@
 namespace veldraw::app {
 
 namespace {
-
-std::string componentName(std::string const& name, int component, int count)
-{
-    if (count == 1)
-        return name;
-    if (count > 3)
-        return name + "_" + std::to_string(component + 1);
-    return name + "_" + "XYZ"[component];
-}
 
 kernel::Field makeField(std::shared_ptr<kernel::Buffer> values, ValueLocation_e location)
 {
@@ -56,11 +50,38 @@ vtkSmartPointer<vtkDataArray> gathered(vtkDataArray& array, std::vector<std::int
     return result;
 }
 
+std::shared_ptr<kernel::Buffer> gathered(kernel::Buffer const& values, std::vector<std::int64_t> const& sources)
+{
+    auto result = kernel::Buffer::allocate(values.type(), static_cast<std::int64_t>(sources.size()));
+    for (std::size_t cell = 0; cell < sources.size(); ++cell)
+        result->setBits(static_cast<std::int64_t>(cell), values.bits(sources[cell]));
+    return result;
+}
+
+// Arrays that have been read and arrays that have not, one after the other as the file has them.
+template <typename AddRead, typename AddDeferred>
+void inFileOrder(std::vector<vtkDataArray*> const& read, std::vector<DeferredArray> const& deferred,
+                 AddRead const& addRead, AddDeferred const& addDeferred)
+{
+    auto next = deferred.begin();
+    int position = 0;
+    for (vtkDataArray* array : read) {
+        for (; next != deferred.end() && next->position <= position; ++next, ++position)
+            addDeferred(*next);
+        addRead(*array);
+        ++position;
+    }
+    for (; next != deferred.end(); ++next)
+        addDeferred(*next);
+}
+
 } // namespace
 
-BlockImport::BlockImport(vtkDataSet& block, std::string const& name, std::vector<std::string>& remarks)
+BlockImport::BlockImport(vtkDataSet& block, std::string const& name, DeferredArrays const& deferred,
+                         std::vector<std::string>& remarks)
     : m_block(block)
     , m_name(name)
+    , m_deferred(deferred)
     , m_remarks(remarks)
     , m_facts(BlockFacts::of(block.GetFieldData()))
 {
@@ -106,7 +127,10 @@ void BlockImport::makeZone()
 void BlockImport::addCoordinates()
 {
     auto* const points = vtkPointSet::SafeDownCast(&m_block);
-    if (!points)
+    auto* const image = vtkImageData::SafeDownCast(&m_block);
+    if (image && m_deferred.coordinates)
+        addDeferredCoordinates(*image);
+    else if (!points)
         addComputedCoordinates();
     else if (points->GetPoints() && points->GetNumberOfPoints() == m_result.zone->pointCount())
         addPointCoordinates(*points->GetPoints()->GetData());
@@ -131,6 +155,24 @@ void BlockImport::addComputedCoordinates()
     auto* const rectilinear = vtkRectilinearGrid::SafeDownCast(&m_block);
     for (int axis = 0; axis < 3; ++axis)
         addCoordinate(axis, rectilinear ? rectilinearCoordinate(*rectilinear, axis) : uniformCoordinate(axis));
+}
+
+void BlockImport::addDeferredCoordinates(vtkImageData& image)
+{
+    int dims[3];
+    image.GetDimensions(dims);
+    int const* const extent = image.GetExtent();
+    vtkMatrix4x4& matrix = *image.GetIndexToPhysicalMatrix();
+    for (int axis = 0; axis < 3; ++axis) {
+        std::string const& name = m_facts.coordinateNames[static_cast<std::size_t>(axis)];
+        auto loader = std::make_shared<ImageCoordinateLoader>(
+            std::array<std::int64_t, 3>{{dims[0], dims[1], dims[2]}}, matrix.GetElement(axis, 3),
+            std::array<double, 3>{{matrix.GetElement(axis, 0), matrix.GetElement(axis, 1), matrix.GetElement(axis, 2)}},
+            std::array<std::int64_t, 3>{{extent[0], extent[2], extent[4]}});
+        auto group = std::make_shared<kernel::ShareGroup>(FieldDataType_Double, loader->size(), loader);
+        if (!name.empty())
+            m_result.addField(name, kernel::Field(std::move(group), ValueLocation_Nodal));
+    }
 }
 
 std::shared_ptr<kernel::Buffer> BlockImport::rectilinearCoordinate(vtkRectilinearGrid& grid, int axis) const
@@ -170,29 +212,80 @@ void BlockImport::addCoordinate(int axis, std::shared_ptr<kernel::Buffer> values
 
 void BlockImport::addPointArrays()
 {
-    for (vtkDataArray* array : numbersOf(*m_block.GetPointData(), m_block.GetNumberOfPoints(), "points"))
-        addFields(*array, ValueLocation_Nodal);
+    auto const arrays = numbersOf(*m_block.GetPointData(), m_block.GetNumberOfPoints(), "points");
+    inFileOrder(
+        arrays, m_deferred.ofPoints, [this](vtkDataArray& array) { addFields(array, ValueLocation_Nodal); },
+        [this](DeferredArray const& array) { addFields(array, m_block.GetNumberOfPoints(), ValueLocation_Nodal, {}); });
 }
 
 void BlockImport::addCellArrays()
 {
-    for (vtkDataArray* array : numbersOf(*m_block.GetCellData(), m_block.GetNumberOfCells(), "cells"))
-        addCellArray(*array);
+    auto const arrays = numbersOf(*m_block.GetCellData(), m_block.GetNumberOfCells(), "cells");
+    auto const add = [this](auto& array) { addCellArray(array); };
+    inFileOrder(arrays, m_deferred.ofCells, add, add);
+}
+
+bool BlockImport::isScattered() const
+{
+    return m_result.zone->isOrdered() && vtkPointSet::SafeDownCast(&m_block) &&
+           !vtkStructuredGrid::SafeDownCast(&m_block);
+}
+
+void BlockImport::remarkLeftOut(std::string const& name)
+{
+    remark("cell values of scattered points left out: \"" + name + "\"");
 }
 
 void BlockImport::addCellArray(vtkDataArray& array)
 {
-    bool const scattered =
-        m_result.zone->isOrdered() && vtkPointSet::SafeDownCast(&m_block) && !vtkStructuredGrid::SafeDownCast(&m_block);
-    if (scattered && m_cells.cellsArePoints)
+    if (isScattered() && m_cells.cellsArePoints)
         addFields(array, ValueLocation_Nodal);
-    else if (scattered)
-        remark("cell values of scattered points left out: \"" + std::string(array.GetName() ? array.GetName() : "") +
-               "\"");
+    else if (isScattered())
+        remarkLeftOut(array.GetName() ? array.GetName() : "");
     else if (m_cells.sameCells)
         addFields(array, ValueLocation_CellCentered);
     else
         addFields(*gathered(array, m_cells.sources), ValueLocation_CellCentered);
+}
+
+void BlockImport::addCellArray(DeferredArray const& array)
+{
+    std::int64_t const tuples = m_block.GetNumberOfCells();
+    kernel::Zone const& zone = *m_result.zone;
+    if (isScattered() && m_cells.cellsArePoints) {
+        addFields(array, tuples, ValueLocation_Nodal, {});
+    } else if (isScattered()) {
+        remarkLeftOut(array.name);
+    } else if (zone.isOrdered()) {
+        addFields(array, tuples, ValueLocation_CellCentered,
+                  [cells = OrderedCells(zone)](kernel::Buffer const& values) { return cells.expand(values); });
+    } else if (m_cells.sameCells) {
+        addFields(array, tuples, ValueLocation_CellCentered, {});
+    } else {
+        auto const sources = std::make_shared<std::vector<std::int64_t>>(m_cells.sources);
+        addFields(array, tuples, ValueLocation_CellCentered,
+                  [sources](kernel::Buffer const& values) { return gathered(values, *sources); });
+    }
+}
+
+void BlockImport::addFields(DeferredArray const& array, std::int64_t tuples, ValueLocation_e location,
+                            ArrangedLoader::Arrange const& arrange)
+{
+    std::int64_t const size = m_result.zone->valueCount(location);
+    if (!isKernelType(array.type))
+        remark("\"" + array.name + "\": " + conversionRemark(array.type));
+    for (int component = 0; component < array.components; ++component) {
+        std::shared_ptr<kernel::ValueLoader> loader = array.makeLoader(component, tuples);
+        if (arrange)
+            loader = std::make_shared<ArrangedLoader>(loader, arrange);
+        auto group = std::make_shared<kernel::ShareGroup>(kernelTypeOf(array.type), size, loader);
+        if (array.isMapped) {
+            kernel::Progress progress;
+            group->setLoaded(loader->load(progress));
+        }
+        m_result.addField(componentName(array.name, component, array.components),
+                          kernel::Field(std::move(group), location));
+    }
 }
 
 void BlockImport::addFields(vtkDataArray& array, ValueLocation_e location)

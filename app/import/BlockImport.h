@@ -1,11 +1,14 @@
 #pragma once
 
+#include "app/import/ArrangedLoader.h"
 #include "app/import/BlockFacts.h"
+#include "app/import/DeferredArray.h"
 #include "app/import/ImportedCells.h"
 #include "app/import/ImportedZone.h"
 
 #include <vtkDataSet.h>
 #include <vtkDataSetAttributes.h>
+#include <vtkImageData.h>
 #include <vtkRectilinearGrid.h>
 
 #include <string>
@@ -19,8 +22,10 @@ class BlockImport
 public:
     /// @param block   vtkImageData, vtkRectilinearGrid, vtkStructuredGrid, vtkUnstructuredGrid or vtkPolyData with points
     /// @param name    name of the zone, unless the block's field data name it
+    /// @param deferred arrays that are not in the block, because they are to be loaded later
     /// @param remarks takes sentences for the user
-    BlockImport(vtkDataSet& block, std::string const& name, std::vector<std::string>& remarks);
+    BlockImport(vtkDataSet& block, std::string const& name, DeferredArrays const& deferred,
+                std::vector<std::string>& remarks);
 
     /// @throws ImportError damaged blocks, blocks of other kinds
     ImportedZone run();
@@ -31,8 +36,14 @@ private:
     void addPointArrays();
     void addCellArrays();
     void addCellArray(vtkDataArray& array);
+    void addCellArray(DeferredArray const& array);
     void addFields(vtkDataArray& array, ValueLocation_e location);
+    void addFields(DeferredArray const& array, std::int64_t tuples, ValueLocation_e location,
+                   ArrangedLoader::Arrange const& arrange);
+    bool isScattered() const;
+    void remarkLeftOut(std::string const& name);
     void addComputedCoordinates();
+    void addDeferredCoordinates(vtkImageData& image);
     std::shared_ptr<kernel::Buffer> rectilinearCoordinate(vtkRectilinearGrid& grid, int axis) const;
     std::shared_ptr<kernel::Buffer> uniformCoordinate(int axis) const;
     void addPointCoordinates(vtkDataArray& points);
@@ -43,6 +54,7 @@ private:
 
     vtkDataSet& m_block;
     std::string m_name;
+    DeferredArrays const& m_deferred;
     std::vector<std::string>& m_remarks;
     BlockFacts m_facts;
     ImportedCells m_cells;

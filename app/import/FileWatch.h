@@ -1,8 +1,8 @@
 #pragma once
 
-#include <ctime>
+#include "app/import/FileStamp.h"
+
 #include <string>
-#include <sys/types.h>
 #include <vector>
 
 namespace veldraw::app {
@@ -12,22 +12,13 @@ class FileWatch
 {
 public:
     /// Notes the present size and modification time. @throws ImportError when the file cannot be looked at
-    void add(std::string const& path);
+    void add(std::string const& path) { m_files.emplace_back(path); }
 
     /// Compares all files with what was noted. @throws ImportError naming the first one that differs
     void check() const;
 
 private:
-    struct State
-    {
-        off_t size = 0;
-        timespec modified{};
-        ino_t inode = 0;
-    };
-
-    static State stateOf(std::string const& path);
-
-    std::vector<std::pair<std::string, State>> m_files;
+    std::vector<FileStamp> m_files;
 };
 
 } // namespace veldraw::app

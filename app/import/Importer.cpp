@@ -2,6 +2,8 @@
 
 #include "app/import/CsvReader.h"
 #include "app/import/FileWatch.h"
+#include "app/import/LoadingPlan.h"
+#include "app/import/MetaImageImport.h"
 #include "app/import/PathChecks.h"
 #include "app/import/VtkImport.h"
 
@@ -25,44 +27,57 @@ bool isTable(std::string const& extension)
     return extension == "csv" || extension == "tsv" || extension == "txt";
 }
 
-ImportResult finished(DataSetBuilder& zones, std::vector<std::string> remarks, std::string const& path, bool vtk)
+ImportResult finished(DataSetBuilder& zones, std::vector<std::string> remarks, std::string const& path,
+                      char const* loader)
 {
     if (zones.isEmpty())
         throw ImportError("it has no points");
     ImportResult result{zones.finish(std::filesystem::path(path).filename().string()), std::move(remarks)};
-    result.dataSet->loaderInstructions().push_back({vtk ? "VTK" : "CSV", {"FILENAME_", path}});
+    result.dataSet->loaderInstructions().push_back({loader, {"FILENAME_", path}});
     return result;
 }
 
-ImportResult import(std::string const& path, std::function<bool(double)> const& progress)
+ImportResult importImage(std::string const& path, FileWatch& watch, LoadingPlan& plan)
+{
+    std::vector<std::string> remarks;
+    DataSetBuilder zones;
+    zones.add(MetaImageImport(watch, plan, remarks).read(path, baseNameOf(path)));
+    watch.check();
+    return finished(zones, std::move(remarks), path, "MetaImage");
+}
+
+ImportResult import(std::string const& path, std::function<bool(double)> const& progress, Deferral deferral)
 {
     checkReadable(path);
     std::string const extension = extensionOf(path);
     FileWatch watch;
     watch.add(path);
+    LoadingPlan plan(deferral, progress);
     if (isVtk(extension)) {
-        VtkImport vtk(watch, progress);
+        VtkImport vtk(watch, plan, progress);
         vtk.read(path, extension, baseNameOf(path));
         watch.check();
-        return finished(vtk.zones(), vtk.remarks(), path, true);
+        return finished(vtk.zones(), vtk.remarks(), path, "VTK");
     }
+    if (extension == "mhd" || extension == "mha")
+        return importImage(path, watch, plan);
     if (!isTable(extension))
         throw ImportError("files of this kind (." + extension + ") cannot be read");
     CsvReader reader(progress);
     DataSetBuilder zones;
     zones.add(reader.read(path, baseNameOf(path)));
     watch.check();
-    return finished(zones, reader.remarks(), path, false);
+    return finished(zones, reader.remarks(), path, "CSV");
 }
 
 } // namespace
 
-ImportResult importFile(QString const& path, std::function<bool(double)> const& progress)
+ImportResult importDeferring(Deferral deferral, QString const& path, std::function<bool(double)> const& progress)
 {
     std::string const name = path.toStdString();
     std::string const start = "Cannot open \"" + name + "\": ";
     try {
-        return import(name, progress);
+        return import(name, progress, deferral);
     } catch (ImportCancelled const& error) {
         throw ImportCancelled(start + error.what() + ".");
     } catch (ImportError const& error) {
@@ -72,11 +87,19 @@ ImportResult importFile(QString const& path, std::function<bool(double)> const& 
     }
 }
 
+ImportResult importFile(QString const& path, std::function<bool(double)> const& progress)
+{
+    return importDeferring(Deferral::Auto, path, progress);
+}
+
 QStringList importNameFilters()
 {
-    return {QStringLiteral("All data files (*.vti *.vtr *.vts *.vtu *.vtp *.vtm *.vtk *.csv *.tsv *.txt)"),
+    return {QStringLiteral("All data files (*.vti *.vtr *.vts *.vtu *.vtp *.vtm *.vtk *.mhd *.mha *.csv "
+                           "*.tsv *.txt)"),
             QStringLiteral("VTK XML files (*.vti *.vtr *.vts *.vtu *.vtp *.vtm)"),
-            QStringLiteral("VTK legacy files (*.vtk)"), QStringLiteral("Text tables (*.csv *.tsv *.txt)"),
+            QStringLiteral("VTK legacy files (*.vtk)"),
+            QStringLiteral("MetaImage files (*.mhd *.mha)"),
+            QStringLiteral("Text tables (*.csv *.tsv *.txt)"),
             QStringLiteral("All files (*)")};
 }
 

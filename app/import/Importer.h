@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/import/Deferral.h"
 #include "app/import/ImportError.h"
 #include "app/import/ImportResult.h"
 
@@ -24,12 +25,16 @@ namespace veldraw::app {
 ///   - ZoneName, ZoneType, CoordinateNames, VariableNames: written by our export, so that a data set comes back as it
 ///   was.
 ///
-/// CSV and TSV files (.csv .tsv .txt): see CsvReader.
+/// CSV and TSV files (.csv .tsv .txt): see CsvReader. MetaImage files (.mhd .mha): see MetaImageImport.
 ///
+/// @param deferral which values are loaded at once, where the format allows to load them later
 /// @param path     a file that exists
 /// @param progress called with 0..1 now and then; its answer false cancels
 /// @throws ImportError    the file cannot be read, is damaged, has no points, or changed while it was read
 /// @throws ImportCancelled progress() answered false
+ImportResult importDeferring(Deferral deferral, QString const& path, std::function<bool(double)> const& progress);
+
+/// The same with Deferral::Auto.
 ImportResult importFile(QString const& path, std::function<bool(double)> const& progress = {});
 
 /// Filters for a file dialog, the one for everything that can be read first.

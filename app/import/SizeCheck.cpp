@@ -40,14 +40,14 @@ void SizeCheck::addStored(double count, double bytes, std::string const& what)
 void SizeCheck::addComputed(double count, double bytes)
 {
     m_bytes += count * bytes;
-    checkMemory();
+    checkMemoryFor(m_bytes);
 }
 
-void SizeCheck::checkMemory() const
+void checkMemoryFor(double bytes)
 {
     double const available = availableMemory();
-    if (!(m_bytes <= available * shareOfMemory))
-        throw ImportError("it needs " + gigabytes(m_bytes) + " of memory, and " + gigabytes(available) + " are free");
+    if (!(bytes <= available * shareOfMemory))
+        throw ImportError("it needs " + gigabytes(bytes) + " of memory, and " + gigabytes(available) + " are free");
 }
 
 double availableMemory()

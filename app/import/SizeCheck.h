@@ -20,13 +20,14 @@ public:
     void addComputed(double count, double bytes);
 
 private:
-    void checkMemory() const;
-
     double m_mostValues;
     double m_bytes = 0.0;
 };
 
 /// Free memory in bytes, as the system sees it.
 double availableMemory();
+
+/// @throws ImportError when @p bytes are more than what can be taken of the free memory
+void checkMemoryFor(double bytes);
 
 } // namespace veldraw::app

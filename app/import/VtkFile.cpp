@@ -1,5 +1,6 @@
 #include "app/import/VtkFile.h"
 
+#include "app/import/ArrayChoice.h"
 #include "app/import/CheckedMeshReader.h"
 #include "app/import/ImportError.h"
 #include "app/import/XmlHeaderCheck.h"
@@ -7,6 +8,7 @@
 
 #include <vtkAlgorithm.h>
 #include <vtkCommand.h>
+#include <vtkDataArraySelection.h>
 #include <vtkNew.h>
 #include <vtkXMLImageDataReader.h>
 #include <vtkXMLPolyDataReader.h>
@@ -77,16 +79,25 @@ vtkSmartPointer<vtkDataObject> run(vtkAlgorithm& reader, VtkErrorCapture const& 
 }
 
 vtkSmartPointer<vtkDataObject> readXml(vtkXMLReader& reader, std::string const& path, std::string const& extension,
-                                       VtkErrorCapture const& errors, std::function<bool(double)> const& progress)
+                                       VtkErrorCapture const& errors, std::function<bool(double)> const& progress,
+                                       LoadingPlan* plan, DeferredArrays& deferred)
 {
+    bool const mayDefer = plan && plan->deferral() != Deferral::Never;
     if (!reader.CanReadFile(path.c_str()))
         throw ImportError("it is no VTK XML file of the kind that ." + extension +
                           " stands for, or its start is damaged");
     XmlHeaderCheck check(path, static_cast<std::int64_t>(std::filesystem::file_size(path)));
+    if (mayDefer)
+        check.leaveOutValues();
     check.run();
     if (!check.hasPoints())
         return nullptr;
     reader.SetFileName(path.c_str());
+    if (mayDefer) {
+        reader.UpdateInformation();
+        throwOnError(errors);
+        ArrayChoice(reader, path, extension, *plan).run(deferred);
+    }
     return run(reader, errors, progress);
 }
 
@@ -94,14 +105,15 @@ vtkSmartPointer<vtkDataObject> readXml(vtkXMLReader& reader, std::string const& 
 
 vtkSmartPointer<vtkDataObject> readVtkFile(std::string const& path, std::string const& extension,
                                            std::function<bool(double)> const& progress,
-                                           std::vector<std::string>& remarks)
+                                           std::vector<std::string>& remarks, LoadingPlan* plan,
+                                           DeferredArrays& deferred)
 {
     VtkErrorCapture const errors;
     try {
         auto const reader = xmlReader(extension);
         if (!reader)
             throw ImportError("files of this kind (." + extension + ") cannot be read");
-        auto const result = readXml(*reader, path, extension, errors, progress);
+        auto const result = readXml(*reader, path, extension, errors, progress, plan, deferred);
         for (std::string const& warning : errors.warnings())
             remarks.push_back("VTK: " + warning);
         return result;
@@ -110,6 +122,20 @@ vtkSmartPointer<vtkDataObject> readVtkFile(std::string const& path, std::string 
     } catch (std::length_error const&) {
         throw ImportError("there is not enough memory for it");
     }
+}
+
+vtkSmartPointer<vtkDataObject> readVtkArray(std::string const& path, std::string const& extension,
+                                            std::string const& name, bool inCells,
+                                            std::function<bool(double)> const& progress)
+{
+    VtkErrorCapture const errors;
+    auto const reader = xmlReader(extension);
+    reader->SetFileName(path.c_str());
+    reader->UpdateInformation();
+    reader->GetPointDataArraySelection()->DisableAllArrays();
+    reader->GetCellDataArraySelection()->DisableAllArrays();
+    (inCells ? reader->GetCellDataArraySelection() : reader->GetPointDataArraySelection())->EnableArray(name.c_str());
+    return run(*reader, errors, progress);
 }
 
 } // namespace veldraw::app

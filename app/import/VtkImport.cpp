@@ -22,8 +22,9 @@ constexpr double legacyShare = 0.7; // of the time for a legacy file, until it i
 
 } // namespace
 
-VtkImport::VtkImport(FileWatch& watch, std::function<bool(double)> progress)
+VtkImport::VtkImport(FileWatch& watch, LoadingPlan& plan, std::function<bool(double)> progress)
     : m_watch(watch)
+    , m_plan(plan)
     , m_progress(std::move(progress))
 {
 }
@@ -37,7 +38,7 @@ void VtkImport::read(std::string const& path, std::string const& extension, std:
     if (extension == "vtk")
         readLegacy(path, title);
     else
-        add(readVtkFile(path, extension, m_progress, m_remarks), title);
+        readGrid(path, extension, title);
 }
 
 void VtkImport::readLegacy(std::string const& path, std::string const& title)
@@ -52,6 +53,7 @@ void VtkImport::readLegacy(std::string const& path, std::string const& title)
     LegacyConversion const conversion(path, partOf(0.0, legacyShare), m_remarks);
     m_progress = partOf(legacyShare, 1.0 - legacyShare);
     std::string const file = conversion.outputFile();
+    m_mayDefer = false;
     read(file, extensionOf(file), title);
     m_progress = all;
 }
@@ -84,10 +86,17 @@ void VtkImport::readPiece(std::string const& path, std::string const& extension,
         throw ImportError("files of this kind cannot be parts");
     checkReadable(path);
     m_watch.add(path);
-    add(readVtkFile(path, extension, m_progress, m_remarks), name);
+    readGrid(path, extension, name);
 }
 
-void VtkImport::add(vtkDataObject* object, std::string const& name)
+void VtkImport::readGrid(std::string const& path, std::string const& extension, std::string const& name)
+{
+    DeferredArrays deferred;
+    auto const grid = readVtkFile(path, extension, m_progress, m_remarks, m_mayDefer ? &m_plan : nullptr, deferred);
+    add(grid, name, deferred);
+}
+
+void VtkImport::add(vtkDataObject* object, std::string const& name, DeferredArrays const& deferred)
 {
     auto* const block = vtkDataSet::SafeDownCast(object);
     if (!object || (block && block->GetNumberOfPoints() == 0)) {
@@ -95,7 +104,7 @@ void VtkImport::add(vtkDataObject* object, std::string const& name)
         return;
     }
     if (block) {
-        m_zones.add(BlockImport(*block, name, m_remarks).run());
+        m_zones.add(BlockImport(*block, name, deferred, m_remarks).run());
         return;
     }
     auto* const blocks = vtkMultiBlockDataSet::SafeDownCast(object);
@@ -106,7 +115,7 @@ void VtkImport::add(vtkDataObject* object, std::string const& name)
             continue;
         bool const named = blocks->HasMetaData(n) && blocks->GetMetaData(n)->Has(vtkCompositeDataSet::NAME());
         add(blocks->GetBlock(n),
-            named ? blocks->GetMetaData(n)->Get(vtkCompositeDataSet::NAME()) : name + " " + std::to_string(n + 1));
+            named ? blocks->GetMetaData(n)->Get(vtkCompositeDataSet::NAME()) : name + " " + std::to_string(n + 1), {});
     }
 }
 

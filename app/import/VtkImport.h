@@ -1,7 +1,9 @@
 #pragma once
 
 #include "app/import/DataSetBuilder.h"
+#include "app/import/DeferredArray.h"
 #include "app/import/FileWatch.h"
+#include "app/import/LoadingPlan.h"
 
 #include <vtkDataObject.h>
 
@@ -16,7 +18,8 @@ class VtkImport
 {
 public:
     /// @param watch gets the pieces of multi-block files
-    VtkImport(FileWatch& watch, std::function<bool(double)> progress);
+    /// @param plan  decides what is loaded at once
+    VtkImport(FileWatch& watch, LoadingPlan& plan, std::function<bool(double)> progress);
 
     /// @param extension lower case, without the dot
     /// @param title     name of a zone that the file does not name
@@ -30,9 +33,12 @@ private:
     void readLegacy(std::string const& path, std::string const& title);
     void readPieces(std::string const& path);
     void readPiece(std::string const& path, std::string const& extension, std::string const& name);
-    void add(vtkDataObject* object, std::string const& name);
+    void readGrid(std::string const& path, std::string const& extension, std::string const& name);
+    void add(vtkDataObject* object, std::string const& name, DeferredArrays const& deferred);
 
     FileWatch& m_watch;
+    LoadingPlan& m_plan;
+    bool m_mayDefer = true; // what was converted into a temporary file cannot be read again
     std::function<bool(double)> m_progress;
     DataSetBuilder m_zones;
     std::vector<std::string> m_remarks;

@@ -45,6 +45,9 @@ void XmlHeaderCheck::run()
         else if (tag.text("encoding") == "raw")
             checkAppended();
     }
+    // Points that go with no value are not worth waiting for: such a header is a mistake, if it asks for that many.
+    if (!m_countsValues && !m_hasValues)
+        m_size.addComputed(m_imagePoints, 3.0 * sizeof(double));
 }
 
 void XmlHeaderCheck::look(XmlTags::Tag const& tag)
@@ -57,7 +60,8 @@ void XmlHeaderCheck::look(XmlTags::Tag const& tag)
     } else if (tag.name == "ImageData" || tag.name == "RectilinearGrid" || tag.name == "StructuredGrid") {
         m_uniform = tag.name != "StructuredGrid";
         lookAtExtent(tag, "WholeExtent");
-        if (m_uniform)
+        m_imagePoints = tag.name == "ImageData" ? m_points : 0.0;
+        if (m_uniform && (m_countsValues || tag.name != "ImageData"))
             m_size.addComputed(m_points, 3.0 * sizeof(double));
     } else if (tag.name == "Piece") {
         lookAtExtent(tag, "Extent");
@@ -112,10 +116,13 @@ void XmlHeaderCheck::lookAtArray(XmlTags::Tag const& tag)
 {
     double const bytes = bytesOfType(tag.text("type"));
     double const values = valuesOf(tag);
+    bool const isValue = m_section == "PointData" || m_section == "CellData";
+    bool const isCounted = m_countsValues || !isValue;
+    m_hasValues = m_hasValues || isValue;
     // VTK walks over the components of an array even if it has no values.
     m_size.addStored(tag.number("NumberOfComponents", 1.0), 0.0, "components of \"" + tag.text("Name") + "\"");
     if (values >= 0.0)
-        m_size.addStored(values, bytes, "values of \"" + tag.text("Name") + "\"");
+        m_size.addStored(values, isCounted ? bytes : 0.0, "values of \"" + tag.text("Name") + "\"");
     if (tag.text("format") == "appended")
         m_appended.push_back({tag.number("offset", 0.0), std::max(values, 0.0) * bytes, tag.text("Name")});
 }

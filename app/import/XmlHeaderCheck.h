@@ -15,6 +15,9 @@ public:
     /// @param fileSize bytes
     XmlHeaderCheck(std::string const& path, std::int64_t fileSize);
 
+    /// Memory for point and cell arrays, and for the points of uniform grids, is not counted: they may be loaded later.
+    void leaveOutValues() { m_countsValues = false; }
+
     /// @throws ImportError when the file cannot contain what its header promises, or memory cannot
     void run();
 
@@ -44,6 +47,9 @@ private:
     bool m_compressed = false;
     int m_headerBytes = 4;
     bool m_bigEndian = false;
+    bool m_countsValues = true;
+    bool m_hasValues = false;
+    double m_imagePoints = 0.0;
     bool m_uniform = false;
     double m_points = 0.0; // of the present piece
     double m_allPoints = 0.0;

@@ -21,6 +21,8 @@ namespace veldraw::app {
 
 namespace {
 
+constexpr std::int64_t mostPoints = 200000000; // the order of the points on a curve is a list in memory
+
 void setColour(vtkPen& pen, QColor const& colour)
 {
     pen.SetColorF(colour.redF(), colour.greenF(), colour.blueF());
@@ -123,6 +125,12 @@ QString LineView::addCurve(kernel::Frame const& frame, kernel::LineMap const& ma
         return tr("No zone is assigned to the line map.");
     if (dataSet.zone(zone)->pointCount() <= 0)
         return tr("The zone of the line map has no points.");
+    if (dataSet.zone(zone)->pointCount() > mostPoints)
+        return tr("The zone of the line map has too many points to be drawn.");
+    for (int const variable : {x, y})
+        if (!dataSet.field(zone, variable)->isLoaded())
+            return tr("The variable \"%1\" is not loaded.")
+                .arg(QString::fromStdString(dataSet.variable(variable)->name));
     auto const points = LinePoints::create(dataSet, zone, x, y, map.indices);
     if (!points)
         return tr("One variable has values at points and the other in cells.");

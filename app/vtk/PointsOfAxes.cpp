@@ -65,7 +65,7 @@ vtkSmartPointer<vtkDataArray> sideBySide(AxisBuffers const& buffers, std::int64_
     array->SetNumberOfComponents(3);
     for (int axis = 0; axis < 3; ++axis) {
         auto const& buffer = buffers[static_cast<std::size_t>(axis)];
-        WrappedMemory::keep(buffer->data(), buffer);
+        WrappedMemory::keep(buffer->data(), buffer->owner());
         array->SetArray(axis, static_cast<T*>(const_cast<void*>(buffer->data())), count, true, false,
                         vtkAbstractArray::VTK_DATA_ARRAY_USER_DEFINED);
         array->SetArrayFreeFunction(axis, &WrappedMemory::release);
@@ -93,7 +93,7 @@ vtkSmartPointer<vtkDataArray> coordinates(AxisBuffers buffers, std::int64_t coun
 {
     FieldDataType_e const type = pointType(buffers);
     if (count > 0 && areInterleaved(buffers, type))
-        return WrappedMemory::wrap(vtkTypeOf(type), buffers[0]->data(), 3 * count, 3, buffers[0]);
+        return WrappedMemory::wrap(vtkTypeOf(type), buffers[0]->data(), 3 * count, 3, buffers[0]->owner());
     if (count > 0 && areSeparate(buffers, type)) {
         std::shared_ptr<kernel::Buffer const> zeros;
         for (auto& buffer : buffers) {

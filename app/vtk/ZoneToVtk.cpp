@@ -23,9 +23,10 @@ namespace veldraw::app {
 
 namespace {
 
-vtkSmartPointer<vtkDataArray> wrappedBuffer(std::shared_ptr<kernel::Buffer const> buffer, std::int64_t count)
+vtkSmartPointer<vtkDataArray> wrappedBuffer(std::shared_ptr<kernel::Buffer const> const& buffer, std::int64_t count)
 {
-    return WrappedMemory::wrap(vtkTypeOf(buffer->type()), buffer->data(), count, 1, buffer);
+    // The memory is held, not the buffer: one value can still be edited in place meanwhile.
+    return WrappedMemory::wrap(vtkTypeOf(buffer->type()), buffer->data(), count, 1, buffer->owner());
 }
 
 template <typename Array>
@@ -98,6 +99,8 @@ std::string uniqueName(vtkDataSet& grid, std::string const& name)
 vtkSmartPointer<vtkDataArray> vtkArrayOfField(kernel::Zone const& zone, kernel::Field const& field,
                                               std::string const& name)
 {
+    if (!field.isLoaded())
+        throw std::logic_error("the values of \"" + name + "\" are not loaded");
     bool const orderedCells = zone.isOrdered() && field.location() == ValueLocation_CellCentered;
     OrderedCells const cells(zone);
     std::int64_t const count = orderedCells ? cells.count() : zone.valueCount(field.location());
@@ -110,7 +113,7 @@ vtkSmartPointer<vtkDataArray> vtkArrayOfField(kernel::Zone const& zone, kernel::
             buffer = cells.compact(*buffer);
         else if (!buffer->isContiguous())
             buffer = buffer->clone();
-        array = wrappedBuffer(std::move(buffer), count);
+        array = wrappedBuffer(buffer, count);
     }
     array->SetName(name.c_str());
     return array;

@@ -1,6 +1,7 @@
 #include "app/window/DocumentController.h"
 
 #include "app/export/Exporter.h"
+#include "app/export/WholeDataSet.h"
 #include "host/MessageLog.h"
 #include "host/MessagePresenter.h"
 #include "platform/vdsdkcommon/AppLock.h"
@@ -193,6 +194,8 @@ bool DocumentController::save(QString const& path)
     try {
         sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
         sdk::WaitState const busy;
+        if (!loadWholeDataSet(m_session, *dataSet))
+            throw ExportError("Cannot save \"" + path.toStdString() + "\": " + m_session.lastError());
         ExportResult const result = exportDataSet(*dataSet, path);
         takeDown(path, result.remarks);
     } catch (std::exception const& error) {

@@ -37,7 +37,9 @@ double arrayBytes(veldraw::kernel::DataSet const& dataSet)
     double sum = 0.0;
     for (auto const& zone : dataSet.zones()) {
         for (veldraw::kernel::Field const& field : zone->fields)
-            sum += field.isPassive() ? 0.0 : static_cast<double>(field.group()->buffer()->bytes());
+            sum += field.isPassive()
+                       ? 0.0
+                       : static_cast<double>(veldraw::kernel::Buffer::bytesOf(field.type(), field.group()->size()));
     }
     return sum;
 }

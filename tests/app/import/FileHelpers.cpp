@@ -48,9 +48,21 @@ std::string contentOf(std::string const& path)
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
-app::ImportResult import(std::string const& path)
+app::ImportResult import(std::string const& path, app::Deferral deferral)
 {
-    return app::importFile(QString::fromStdString(path));
+    return app::importDeferring(deferral, QString::fromStdString(path), {});
+}
+
+std::string loadingProblem(kernel::DataSet const& dataSet, int zone, std::string const& variable)
+{
+    auto const& group = fieldOf(dataSet, zone, variable).group();
+    kernel::Progress progress;
+    try {
+        group->setLoaded(group->loader()->load(progress));
+        return {};
+    } catch (std::runtime_error const& error) {
+        return error.what();
+    }
 }
 
 std::string problemWith(std::string const& path)
@@ -68,6 +80,8 @@ std::string valuesOf(kernel::DataSet const& dataSet, int zone, std::string const
     kernel::Field const& field = fieldOf(dataSet, zone, variable);
     if (field.isPassive())
         return "-";
+    if (!field.isLoaded())
+        return "not loaded";
     std::ostringstream text;
     for (std::int64_t n = 0; n < field.group()->buffer()->size(); ++n)
         text << (n > 0 ? " " : "") << field.group()->buffer()->value(n);

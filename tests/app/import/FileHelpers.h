@@ -30,12 +30,15 @@ private:
 
 std::string contentOf(std::string const& path);
 
-app::ImportResult import(std::string const& path);
+app::ImportResult import(std::string const& path, app::Deferral deferral = app::Deferral::Auto);
+
+/// Loads a field that is not loaded. @return what its loader complains about; empty when it succeeds
+std::string loadingProblem(kernel::DataSet const& dataSet, int zone, std::string const& variable);
 
 /// What the import complains about; empty when it succeeds.
 std::string problemWith(std::string const& path);
 
-/// Every value of a field as text, "1 2 3"; "-" for a passive field.
+/// Every value of a field as text, "1 2 3"; "-" for a passive field, "not loaded" for one that is to be loaded.
 std::string valuesOf(kernel::DataSet const& dataSet, int zone, std::string const& variable);
 
 /// Names of all variables, separated by commas.

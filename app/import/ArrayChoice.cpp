@@ -1,0 +1,117 @@
+#include "app/import/ArrayChoice.h"
+
+#include "app/import/RawArrayLoader.h"
+#include "app/import/XmlArrayLoader.h"
+
+#include <set>
+
+namespace veldraw::app {
+
+namespace {
+
+// The reader's names stand in the order of the file; they can be chosen by when each is there once.
+bool areKnown(vtkDataArraySelection& selection, std::size_t count)
+{
+    std::set<std::string> names;
+    for (int n = 0; n < selection.GetNumberOfArrays(); ++n) {
+        char const* const name = selection.GetArrayName(n);
+        names.insert(name ? name : "");
+    }
+    return names.size() == count && names.count("") == 0;
+}
+
+} // namespace
+
+ArrayChoice::ArrayChoice(vtkXMLReader& reader, std::string const& path, std::string const& extension, LoadingPlan& plan)
+    : m_reader(reader)
+    , m_file(path)
+    , m_extension(extension)
+    , m_plan(plan)
+    , m_list(path)
+{
+}
+
+void ArrayChoice::run(DeferredArrays& deferred)
+{
+    double const coordinates =
+        m_extension == "vti" ? static_cast<double>(m_list.pointCount()) * 3.0 * sizeof(double) : 0.0;
+    m_plan.setTotal(coordinates + bytesOfAll());
+    deferred.coordinates = coordinates > 0.0 && !m_plan.loadsNow(coordinates, LoadingPlan::Need::FirstPlot);
+    vtkDataArraySelection& ofPoints = *m_reader.GetPointDataArraySelection();
+    vtkDataArraySelection& ofCells = *m_reader.GetCellDataArraySelection();
+    if (!m_list.hasOnePiece() || !areKnown(ofPoints, m_list.ofPoints().size()) ||
+        !areKnown(ofCells, m_list.ofCells().size()))
+        return;
+    deferred.ofPoints = choose(ofPoints, m_list.ofPoints(), false);
+    deferred.ofCells = choose(ofCells, m_list.ofCells(), true);
+}
+
+double ArrayChoice::bytesOfAll() const
+{
+    double bytes = 0.0;
+    for (Arrays const* list : {&m_list.ofPoints(), &m_list.ofCells()}) {
+        for (XmlArrayList::Array const& array : *list)
+            bytes += list == &m_list.ofPoints() && canBeMapped(array) ? 0.0 : array.bytes();
+    }
+    return bytes;
+}
+
+std::vector<DeferredArray> ArrayChoice::choose(vtkDataArraySelection& selection, Arrays const& arrays, bool inCells)
+{
+    std::vector<DeferredArray> result;
+    for (int n = 0; n < static_cast<int>(arrays.size()); ++n) {
+        XmlArrayList::Array const& array = arrays[static_cast<std::size_t>(n)];
+        std::string const name = selection.GetArrayName(n);
+        if (!array.type)
+            continue;
+        bool const isMapped = !inCells && canBeMapped(array);
+        bool const isFirst = n == 0 && !inCells;
+        bool const now = m_plan.loadsNow(isMapped ? 0.0 : array.bytes(),
+                                         isFirst ? LoadingPlan::Need::FirstPlot : LoadingPlan::Need::Later);
+        if (now && !isMapped)
+            continue;
+        result.push_back(described(array, name, inCells));
+        result.back().position = n;
+        result.back().isMapped = now;
+    }
+    for (DeferredArray const& array : result)
+        selection.DisableArray(array.name.c_str());
+    return result;
+}
+
+DeferredArray ArrayChoice::described(XmlArrayList::Array const& array, std::string const& name, bool inCells) const
+{
+    DeferredArray result;
+    result.name = name;
+    result.type = *array.type;
+    result.components = array.components;
+    RawArray raw{m_file, 0, *array.type, 0, array.components, 0, m_list.isBigEndian()};
+    if (array.offset) {
+        raw.offset = *array.offset;
+        result.makeLoader = [raw](int component, std::int64_t tuples) {
+            RawArray one = raw;
+            one.component = component;
+            one.tuples = tuples;
+            return std::make_shared<RawArrayLoader>(one);
+        };
+        return result;
+    }
+    XmlArrayLoader::Place const place{m_file, m_extension, name, inCells, 0};
+    result.makeLoader = [place, type = *array.type](int component, std::int64_t tuples) {
+        XmlArrayLoader::Place one = place;
+        one.component = component;
+        return std::make_shared<XmlArrayLoader>(one, type, tuples);
+    };
+    return result;
+}
+
+bool ArrayChoice::canBeMapped(XmlArrayList::Array const& array) const
+{
+    if (!array.type || !array.offset)
+        return false;
+    return RawArrayLoader({m_file, *array.offset, *array.type, array.values / array.components, array.components, 0,
+                           m_list.isBigEndian()})
+        .maps();
+}
+
+} // namespace veldraw::app

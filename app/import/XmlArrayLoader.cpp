@@ -1,0 +1,62 @@
+#include "app/import/XmlArrayLoader.h"
+
+#include "app/import/ImportError.h"
+#include "app/import/VtkFile.h"
+#include "app/vtk/ArrayAdoption.h"
+#include "kernel/compute/Interrupted.h"
+
+#include <vtkCellData.h>
+#include <vtkDataSet.h>
+#include <vtkPointData.h>
+
+#include <unistd.h>
+
+namespace veldraw::app {
+
+namespace {
+
+std::shared_ptr<kernel::Buffer> asType(std::shared_ptr<kernel::Buffer> values, FieldDataType_e type)
+{
+    if (values->type() == type)
+        return values;
+    auto converted = kernel::Buffer::allocate(type, values->size());
+    for (std::int64_t n = 0; n < values->size(); ++n)
+        converted->setValue(n, values->value(n));
+    return converted;
+}
+
+} // namespace
+
+XmlArrayLoader::XmlArrayLoader(Place place, RawType type, std::int64_t tuples)
+    : m_place(std::move(place))
+    , m_type(type)
+    , m_tuples(tuples)
+{
+}
+
+std::shared_ptr<kernel::Buffer> XmlArrayLoader::load(kernel::Progress& progress)
+{
+    ::close(m_place.file.open()); // tells when it is gone or changed
+    auto const check = [&progress](double) { return !progress.isInterrupted(); };
+    vtkSmartPointer<vtkDataObject> grid;
+    try {
+        grid = readVtkArray(m_place.file.path(), m_place.extension, m_place.name, m_place.inCells, check);
+    } catch (ImportCancelled const&) {
+        throw kernel::Interrupted();
+    }
+    auto* const block = vtkDataSet::SafeDownCast(grid);
+    vtkDataArray* array = nullptr;
+    if (block)
+        array = m_place.inCells ? block->GetCellData()->GetArray(m_place.name.c_str())
+                                : block->GetPointData()->GetArray(m_place.name.c_str());
+    bool const fits =
+        array && array->GetNumberOfTuples() == m_tuples && array->GetNumberOfComponents() > m_place.component;
+    if (!fits || FileStamp(m_place.file.path()).differsFrom(m_place.file))
+        throw ImportError("\"" + m_place.file.path() + "\" does not have the values of \"" + m_place.name +
+                          "\" any more; open it again");
+    auto const adopted = adoptArray(*array);
+    progress.advance(m_tuples);
+    return asType(adopted.components[static_cast<std::size_t>(m_place.component)], kernelTypeOf(m_type));
+}
+
+} // namespace veldraw::app

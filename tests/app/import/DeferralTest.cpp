@@ -1,0 +1,165 @@
+#include "app/import/ArrayChoice.h"
+#include "tests/app/import/FileHelpers.h"
+#include "tests/app/import/GridSamples.h"
+#include "tools/samples/SparseSamples.h"
+
+#include <vtkCellType.h>
+#include <vtkDoubleArray.h>
+#include <vtkImageData.h>
+#include <vtkLongLongArray.h>
+#include <vtkNew.h>
+#include <vtkPointData.h>
+#include <vtkPolyData.h>
+#include <vtkUnsignedShortArray.h>
+
+#include <filesystem>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace veldraw::test {
+
+using ::testing::HasSubstr;
+
+namespace {
+
+constexpr auto allModes = {Mode::Ascii, Mode::Base64, Mode::Raw, Mode::RawCompressed};
+
+vtkSmartPointer<vtkDataSet> structured()
+{
+    auto const grid = structuredGrid(3, 2, 2);
+    addPointValues(*grid, "p", {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 0.1});
+    addPointValues(*grid, "v", std::vector<double>(36, 2.5), 3);
+    addPointValues(*grid, "Größe &quot;q&quot; &lt;&amp;&gt;", {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11});
+    addCellValues(*grid, "c", {7, 8});
+    vtkNew<vtkUnsignedShortArray> shorts;
+    vtkNew<vtkLongLongArray> longs;
+    shorts->SetName("u16");
+    longs->SetName("i64");
+    for (int n = 0; n < 12; ++n) {
+        shorts->InsertNextValue(static_cast<unsigned short>(65535 - n));
+        longs->InsertNextValue(1000000000000LL + n);
+    }
+    grid->GetPointData()->AddArray(shorts);
+    grid->GetPointData()->AddArray(longs);
+    return grid;
+}
+
+vtkSmartPointer<vtkDataSet> mesh()
+{
+    // A vertex among triangles is left out, so that the cells' values have to be picked.
+    auto const grid = unstructuredGrid(5, {{VTK_TRIANGLE, {0, 1, 2}}, {VTK_VERTEX, {4}}, {VTK_TRIANGLE, {1, 2, 3}}});
+    addPointValues(*grid, "p", {1, 2, 3, 4, 5});
+    addCellValues(*grid, "c", {10, 20, 30});
+    return grid;
+}
+
+vtkSmartPointer<vtkDataSet> image()
+{
+    auto const grid = vtkSmartPointer<vtkImageData>::New();
+    grid->SetExtent(2, 4, -1, 1, 0, 0);
+    grid->SetSpacing(0.1, 0.2, 0.3);
+    grid->SetOrigin(1.0, 2.0, 3.0);
+    addPointValues(*grid, "p", {1, 2, 3, 4, 5, 6, 7, 8, 9});
+    addCellValues(*grid, "c", {1, 2, 3, 4});
+    return grid;
+}
+
+std::string everythingIn(kernel::DataSet const& dataSet)
+{
+    std::string text = variableNames(dataSet) + "\n";
+    for (int variable = 1; variable <= dataSet.variableCount(); ++variable)
+        text += valuesOf(dataSet, 1, dataSet.variable(variable)->name) + "\n";
+    return text;
+}
+
+void loadAll(kernel::DataSet const& dataSet)
+{
+    for (int variable = 1; variable <= dataSet.variableCount(); ++variable) {
+        std::string const& name = dataSet.variable(variable)->name;
+        if (!dataSet.field(1, variable)->isLoaded()) {
+            EXPECT_EQ(loadingProblem(dataSet, 1, name), "");
+        }
+    }
+}
+
+void expectSameLater(vtkDataSet& grid, std::string const& name)
+{
+    TemporaryFolder const folder;
+    for (Mode const mode : allModes) {
+        std::string const path = writeXml(grid, folder.path(name), mode);
+        auto const now = import(path, app::Deferral::Never).dataSet;
+        auto const later = import(path, app::Deferral::Always).dataSet;
+        EXPECT_EQ(valuesOf(*later, 1, "p"), "not loaded");
+        EXPECT_EQ(valuesOf(*later, 1, "c"), "not loaded");
+        loadAll(*later);
+        EXPECT_EQ(everythingIn(*later), everythingIn(*now)) << name << " mode " << static_cast<int>(mode);
+        EXPECT_EQ(everythingIn(*import(path).dataSet), everythingIn(*now));
+    }
+}
+
+} // namespace
+
+TEST(Deferral, BringsTheSameValuesLaterAsAtOnce)
+{
+    expectSameLater(*structured(), "grid.vts");
+    expectSameLater(*mesh(), "mesh.vtu");
+    expectSameLater(*image(), "image.vti");
+}
+
+TEST(Deferral, LeavesTheCoordinatesOfImagesToBeComputed)
+{
+    TemporaryFolder const folder;
+    auto const dataSet = import(writeXml(*image(), folder.path("image.vti")), app::Deferral::Always).dataSet;
+    EXPECT_EQ(valuesOf(*dataSet, 1, "X"), "not loaded");
+    EXPECT_EQ(dataSet->zone(1)->range(1).state, kernel::ValueRange::State::Exact);
+    EXPECT_NEAR(dataSet->zone(1)->range(1).max, 1.4, 1e-12);
+}
+
+TEST(Deferral, LoadsASmallFileAtOnceUnlessToldOtherwise)
+{
+    TemporaryFolder const folder;
+    auto const dataSet = import(writeXml(*structured(), folder.path("grid.vts"))).dataSet;
+    EXPECT_EQ(valuesOf(*dataSet, 1, "c"), "7 8 0 0 0 0 0 0 0 0 0 0");
+}
+
+TEST(Deferral, TellsThatAFileHasVanishedOrChangedSince)
+{
+    TemporaryFolder const folder;
+    for (Mode const mode : allModes) {
+        std::string const path = writeXml(*mesh(), folder.path("mesh.vtu"), mode);
+        auto const dataSet = import(path, app::Deferral::Always).dataSet;
+        std::filesystem::rename(path, folder.path("other.vtu"));
+        EXPECT_THAT(loadingProblem(*dataSet, 1, "p"), HasSubstr("cannot be read any more: No such file or directory"));
+        folder.write("mesh.vtu", "something else");
+        EXPECT_THAT(loadingProblem(*dataSet, 1, "p"), HasSubstr("has been changed by another program"));
+        EXPECT_EQ(valuesOf(*dataSet, 1, "p"), "not loaded");
+        std::filesystem::rename(folder.path("other.vtu"), path);
+        EXPECT_EQ(loadingProblem(*dataSet, 1, "p"), "");
+        EXPECT_EQ(valuesOf(*dataSet, 1, "p"), "1 2 3 4 5");
+    }
+}
+
+TEST(Deferral, LoadsWhatComesFromATemporaryFileAtOnce)
+{
+    TemporaryFolder const folder;
+    auto const dataSet = import(writeLegacy(*mesh(), folder.path("mesh.vtk"), true), app::Deferral::Always).dataSet;
+    EXPECT_EQ(valuesOf(*dataSet, 1, "p"), "1 2 3 4 5");
+}
+
+TEST(Deferral, MapsLargeArraysThatAreAlignedInAnImageOfAnySize)
+{
+    TemporaryFolder const folder;
+    std::string const path = folder.path("large.vti");
+    samples::writeSparseGrid(path, 8000000, 3);
+    auto const dataSet = import(path).dataSet;
+    EXPECT_EQ(variableNames(*dataSet), "X,Y,Z,v1,v2,v3");
+    for (char const* name : {"v1", "v2", "v3"}) {
+        auto const& group = fieldOf(*dataSet, 1, name).group();
+        ASSERT_TRUE(group->isLoaded());
+        EXPECT_EQ(group->size(), 8000000);
+        EXPECT_TRUE(group->canUnload());
+        EXPECT_EQ(group->buffer()->value(7999999), 0.0);
+    }
+}
+
+} // namespace veldraw::test

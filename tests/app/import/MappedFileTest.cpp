@@ -1,0 +1,122 @@
+#include "app/import/MappedMemory.h"
+#include "app/import/RawArrayLoader.h"
+#include "app/import/RawArrayValues.h"
+#include "tests/app/import/FileHelpers.h"
+
+#include <filesystem>
+#include <gtest/gtest.h>
+
+namespace veldraw::test {
+
+namespace {
+
+constexpr std::int64_t manyBytes = 32 << 20;
+
+app::RawArray bytesIn(std::string const& path, std::int64_t count, std::int64_t offset = 0)
+{
+    return {app::FileStamp(path), offset, app::RawType::UInt8, count, 1, 0, false};
+}
+
+} // namespace
+
+TEST(MappedFile, ShowsTheBytesOfTheFileFromAnyOffset)
+{
+    TemporaryFolder const folder;
+    std::string content(20000, ' ');
+    for (std::size_t n = 0; n < content.size(); ++n)
+        content[n] = static_cast<char>(n % 251);
+    std::string const path = folder.write("a.raw", content);
+    for (std::int64_t const offset : {0, 1, 4095, 4096, 9999}) {
+        auto const buffer = app::mapValues(bytesIn(path, 20000 - offset, offset));
+        for (std::int64_t n = 0; n < buffer->size(); ++n)
+            ASSERT_EQ(buffer->value(n), static_cast<double>((n + offset) % 251));
+    }
+}
+
+TEST(MappedFile, NeverWritesToTheFile)
+{
+    TemporaryFolder const folder;
+    std::string const path = folder.write("a.raw", "12345");
+    auto const buffer = app::mapValues(bytesIn(path, 5));
+    buffer->setValue(2, 200.0);
+    EXPECT_EQ(buffer->value(2), 200.0);
+    EXPECT_EQ(contentOf(path), "12345");
+    EXPECT_EQ(app::mapValues(bytesIn(path, 5))->value(2), static_cast<double>('3'));
+}
+
+TEST(MappedFile, LivesOnWhenTheFileIsRemoved)
+{
+    TemporaryFolder const folder;
+    std::string const path = folder.write("a.raw", "12345");
+    auto const buffer = app::mapValues(bytesIn(path, 5));
+    std::filesystem::remove(path);
+    EXPECT_EQ(buffer->value(4), static_cast<double>('5'));
+}
+
+TEST(MappedFile, ReadsAsZerosWhereTheFileHasBeenCutShort)
+{
+    TemporaryFolder const folder;
+    std::string const path = folder.write("a.raw", std::string(100000, 'x'));
+    auto const buffer = app::mapValues(bytesIn(path, 100000));
+    std::filesystem::resize_file(path, 4096);
+    int const before = app::missingMappedPages();
+    EXPECT_EQ(buffer->value(0), static_cast<double>('x'));
+    EXPECT_EQ(buffer->value(99999), 0.0);
+    EXPECT_EQ(buffer->value(99998), 0.0);
+    EXPECT_EQ(app::missingMappedPages(), before + 1);
+}
+
+TEST(MappedFile, RefusesAFileThatIsTooShortOrNotTheOneThatWasLookedAt)
+{
+    TemporaryFolder const folder;
+    std::string const path = folder.write("a.raw", "12345");
+    app::RawArray const array = bytesIn(path, 6);
+    EXPECT_THROW(app::mapValues(array), app::ImportError);
+    app::RawArray const good = bytesIn(path, 5);
+    std::filesystem::remove(path);
+    EXPECT_THROW(app::mapValues(good), app::ImportError);
+    folder.write("a.raw", "123456");
+    EXPECT_THROW(app::mapValues(good), app::ImportError);
+}
+
+TEST(MappedFile, IsUsedForLargeArraysThatStandAsTheKernelWantsThem)
+{
+    TemporaryFolder const folder;
+    std::string const path = folder.write("a.raw", "");
+    std::filesystem::resize_file(path, manyBytes + 64);
+    app::RawArray array = bytesIn(path, manyBytes / 4, 4);
+    array.type = app::RawType::Float32;
+    EXPECT_TRUE(app::RawArrayLoader(array).maps());
+    array.offset = 5;
+    EXPECT_FALSE(app::RawArrayLoader(array).maps());
+    array.offset = 4;
+    array.bigEndian = true;
+    EXPECT_FALSE(app::RawArrayLoader(array).maps());
+    array.bigEndian = false;
+    array.type = app::RawType::UInt32;
+    EXPECT_FALSE(app::RawArrayLoader(array).maps());
+    array.type = app::RawType::Float32;
+    array.tuples = 1000;
+    EXPECT_FALSE(app::RawArrayLoader(array).maps());
+}
+
+TEST(MappedFile, GivesTheSameValuesAsReading)
+{
+    TemporaryFolder const folder;
+    std::string content;
+    for (int n = 0; n < 3000; ++n)
+        content += static_cast<char>(n * 7);
+    app::RawArray array = bytesIn(folder.write("a.raw", content), 500);
+    array.type = app::RawType::Int16;
+    array.components = 3;
+    for (array.component = 0; array.component < 3; ++array.component) {
+        kernel::Progress progress;
+        auto const read = app::readValues(array, progress);
+        auto const mapped = app::mapValues(array);
+        ASSERT_EQ(read->size(), mapped->size());
+        for (std::int64_t n = 0; n < read->size(); ++n)
+            ASSERT_EQ(read->value(n), mapped->value(n));
+    }
+}
+
+} // namespace veldraw::test

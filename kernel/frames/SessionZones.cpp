@@ -112,6 +112,19 @@ NumberSet variablesOf(std::vector<FieldReplacement::ZonePart> const& parts)
     return variables;
 }
 
+/// Those of @p zones that have new fields. @param parts one for each zone, in their order
+NumberSet zonesOf(std::vector<FieldReplacement::ZonePart> const& parts, NumberSet const& zones)
+{
+    NumberSet changed;
+    auto part = parts.begin();
+    for (int const zone : zones) {
+        if (!(part++)->fields.empty()) {
+            changed.insert(changed.end(), zone);
+        }
+    }
+    return changed;
+}
+
 /// The variables that a mirror changes; empty, with a reason, when it cannot.
 NumberSet mirroredVariables(Frame const& frame, char coordinate, char const*& reason)
 {
@@ -173,7 +186,7 @@ bool Session::rotateZones(DataSet& dataSet, NumberSet const& zones, SpatialVaria
             if (changed.empty()) {
                 return nullptr;
             }
-            StateChangeEvent event{StateChange_ValuesAltered, zones, changed, {}, 0};
+            StateChangeEvent event{StateChange_ValuesAltered, zonesOf(parts, zones), changed, {}, 0};
             return std::make_shared<FieldReplacement>(m_events, std::move(parts), std::move(event));
         });
         return true;

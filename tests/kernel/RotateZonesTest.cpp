@@ -290,6 +290,7 @@ TEST_F(RotateZones, LeavesAZoneWithoutCoordinatesOrWithoutAVectorAlone)
     int const zone = addPoint(1, 2, 3);
     recorder.take();
     EXPECT_TRUE(session.rotateZones(*dataSet, {1, zone}, inSpace, aboutX, 30));
+    EXPECT_THAT(recorder.take(), ElementsAre("0 zones 2 variables 2 3 5 6"));
     EXPECT_TRUE(field(1, 1).isPassive());
     EXPECT_FALSE(field(zone, 2).isPassive());
 }

@@ -62,4 +62,14 @@ TEST(CommandLineOptions, WhatIsUnknownIsAnError)
     EXPECT_FALSE(parse({QStringLiteral("--nonsense")}).error.isEmpty());
 }
 
+TEST(CommandLineOptions, SayWhenValuesAreLoaded)
+{
+    EXPECT_EQ(app::Deferral::Auto, parse({QStringLiteral("a.vtu")}).deferral);
+    EXPECT_EQ(app::Deferral::Auto, parse({QStringLiteral("--defer=auto"), QStringLiteral("a.vtu")}).deferral);
+    EXPECT_EQ(app::Deferral::Always, parse({QStringLiteral("--defer=always"), QStringLiteral("a.vtu")}).deferral);
+    EXPECT_EQ(app::Deferral::Never, parse({QStringLiteral("--defer=never"), QStringLiteral("a.vtu")}).deferral);
+    EXPECT_EQ(QStringLiteral("--defer takes auto, always or never"),
+              parse({QStringLiteral("--defer=sometimes"), QStringLiteral("a.vtu")}).error);
+}
+
 } // namespace veldraw::tests

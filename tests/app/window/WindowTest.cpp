@@ -98,24 +98,32 @@ void WindowTest::openFrames(std::vector<std::pair<std::string, std::shared_ptr<k
     settle();
 }
 
-app::MainWindow& WindowTest::showWindow()
+app::CentralView WindowTest::makeView()
 {
     app::CentralView view;
-    middle = new QWidget;
-    middle->setFocusPolicy(Qt::StrongFocus);
-    view.widget = middle;
+    view.widget = new QWidget;
+    view.widget->setFocusPolicy(Qt::StrongFocus);
     view.fitActiveFrame = [this] { ++fits; };
     view.grabImage = [] {
         QImage picture(8, 6, QImage::Format_RGB32);
         picture.fill(Qt::blue);
         return picture;
     };
+    return view;
+}
+
+app::MainWindow& WindowTest::showWindow()
+{
+    app::CentralView const view = makeView();
+    middle = view.widget;
     window = std::make_unique<app::MainWindow>(
         session, view,
         [](QString const& path, app::ImportJob::Progress const& progress) { return app::importFile(path, progress); });
     window->show();
     QApplication::setActiveWindow(window.get());
-    EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    bool const isDrawn =
+        QGuiApplication::platformName() != QLatin1String("offscreen"); // then no window manager is about
+    EXPECT_TRUE(isDrawn ? QTest::qWaitForWindowExposed(window.get()) : QTest::qWaitForWindowActive(window.get()));
     settle();
     return *window;
 }

@@ -30,6 +30,9 @@ protected:
     void openFrames(std::vector<std::pair<std::string, std::shared_ptr<kernel::DataSet>>> const& contents);
     void openFlow() { openFrames({{"flow", makeFlow()}}); }
 
+    /// What the window has in its middle: a plain widget that counts how often it is to fit.
+    virtual app::CentralView makeView();
+
     /// Makes the window and shows it as the active one.
     app::MainWindow& showWindow();
 

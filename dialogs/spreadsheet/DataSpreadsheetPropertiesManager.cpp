@@ -230,9 +230,13 @@ void DataSpreadsheetPropertiesManager::bringInLine()
         return;
     }
     int const zone = theZone->value();
-    thePlane->setValue(planeOfZone(zone, thePlane->value()));
+    // Nothing is corrected by a shape that cannot be had; the table says so.
+    bool const hasShape = loadShape(zone);
+    if (hasShape)
+        thePlane->setValue(planeOfZone(zone, thePlane->value()));
     pointIndexAtPlane();
-    clampIndices();
+    if (hasShape)
+        clampIndices();
     show(makeTableModel());
     m_cornerLabel->setValue(cornerLabelOfZone(zone, thePlane->value()));
 }

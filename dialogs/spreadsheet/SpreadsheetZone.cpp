@@ -33,6 +33,17 @@ bool sharesValues(int zone)
                        [zone](int variable) { return VelUtilDataValueGetShareCount(zone, variable) > 1; });
 }
 
+bool loadShape(int zone)
+{
+    long long i = 0;
+    long long j = 0;
+    long long k = 0;
+    VelUtilZoneGetMetrics(zone, &i, &j, &k, nullptr, nullptr, nullptr);
+    if (i == -1 || j == -1 || k == -1)
+        VelUtilZoneGetIJK(zone, &i, &j, &k);
+    return i != -1 && j != -1 && k != -1;
+}
+
 IJKPlanes_e planeOfZone(int zone, IJKPlanes_e chosen)
 {
     if (VelUtilZoneIsFiniteElement(zone))

@@ -19,6 +19,10 @@ bool hasMixedValueLocations(int zone);
 /// Whether an enabled variable of the zone has its values together with another zone. False for a disabled zone.
 bool sharesValues(int zone);
 
+/// Loads the dimensions of a zone that are deferred, since its order and its planes are those of known dimensions.
+/// @return whether they are known now
+bool loadShape(int zone);
+
 /// The plane that the zone lies in; for a volume the one that was chosen.
 IJKPlanes_e planeOfZone(int zone, IJKPlanes_e chosen);
 

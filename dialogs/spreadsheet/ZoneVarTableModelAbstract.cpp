@@ -82,10 +82,10 @@ ZoneVarTableModelAbstract::ZoneVarTableModelAbstract(int zone, toolbox::Set cons
     , m_variables(variables)
     , m_alterInAllSharedZones(alterInAllSharedZones)
     , m_location(location)
-    , m_zoneOrder(getZoneOrder(zone))
     , m_listener(std::make_unique<StateChangeListener>(*this))
 {
     loadDimensions(m_zone, m_iMax, m_jMax, m_kMax);
+    m_zoneOrder = getZoneOrder(m_zone); // not before: deferred dimensions have no order
     StateChangeEventObservable::getInstance().addListener(m_listener.get());
 }
 

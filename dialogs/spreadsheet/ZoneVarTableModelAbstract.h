@@ -64,7 +64,7 @@ protected:
     toolbox::Set const m_variables;
     bool const m_alterInAllSharedZones;
     ValueLocation_e const m_location;
-    ZoneOrder_e const m_zoneOrder;
+    ZoneOrder_e m_zoneOrder = ZoneOrder_I;
     long long m_iMax = 0;
     long long m_jMax = 0;
     long long m_kMax = 0;

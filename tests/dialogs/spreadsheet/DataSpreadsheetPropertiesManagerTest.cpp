@@ -223,6 +223,19 @@ TEST_F(DataSpreadsheetPropertiesManagerTest, HasOneCellPlaneLessThanPointsButNev
     EXPECT_EQ(size(), "19x4");
 }
 
+TEST_F(DataSpreadsheetPropertiesManagerTest, KeepsPlaneAndIndexForAVolumeWhoseDimensionsAreLoadedOnlyNow)
+{
+    int const later = stage.addDeferredZone("later", 30, 40, 50);
+    choose(big);
+    Manager::spreadsheetPlane()->setValue(IJKPlanes_J);
+    manager().indexProperty()->setValue(35);
+    choose(later);
+    IdleDispatcher::flush();
+    EXPECT_EQ(Manager::spreadsheetPlane()->value(), IJKPlanes_J);
+    EXPECT_EQ(manager().indexProperty()->value(), 35);
+    EXPECT_EQ(size(), "30x50");
+}
+
 TEST_F(DataSpreadsheetPropertiesManagerTest, LeavesTheIndicesAloneForFiniteElements)
 {
     choose(big);

@@ -29,6 +29,20 @@ private:
     double m_value;
 };
 
+/// Brings dimensions.
+class FixedDimensions : public kernel::DimensionsLoader
+{
+public:
+    explicit FixedDimensions(kernel::ZoneDimensions const& dimensions)
+        : m_dimensions(dimensions)
+    {
+    }
+    kernel::ZoneDimensions load(kernel::Progress&) override { return m_dimensions; }
+
+private:
+    kernel::ZoneDimensions m_dimensions;
+};
+
 } // namespace
 
 double SheetStage::numbered(int variable, std::int64_t index)
@@ -45,6 +59,13 @@ SheetStage::SheetStage(std::vector<std::string> const& variables)
 int SheetStage::addZone(std::string const& name, ZoneType_e type, std::int64_t i, std::int64_t j, std::int64_t k)
 {
     return m_dataSet->addZone(std::make_shared<kernel::Zone>(name, type, i, j, k));
+}
+
+int SheetStage::addDeferredZone(std::string const& name, std::int64_t i, std::int64_t j, std::int64_t k)
+{
+    auto const zone = std::make_shared<kernel::Zone>(name, ZoneType_Ordered, -1, -1, -1);
+    zone->dimensionsLoader = std::make_shared<FixedDimensions>(kernel::ZoneDimensions{i, j, k, nullptr});
+    return m_dataSet->addZone(zone);
 }
 
 kernel::Field& SheetStage::field(int zone, int variable)

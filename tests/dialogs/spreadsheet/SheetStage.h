@@ -25,6 +25,9 @@ public:
     /// Appends a zone with passive fields. @return its number
     int addZone(std::string const& name, ZoneType_e type, std::int64_t i, std::int64_t j, std::int64_t k);
 
+    /// Appends an ordered zone with passive fields whose dimensions are not known before they are asked for.
+    int addDeferredZone(std::string const& name, std::int64_t i, std::int64_t j, std::int64_t k);
+
     /// Gives a field of a zone values, of one type at one place.
     void fill(int zone, int variable, FieldDataType_e type, ValueLocation_e location, Values const& values = numbered);
     /// Gives a field values as they are stored.

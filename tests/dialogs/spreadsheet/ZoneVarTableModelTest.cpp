@@ -153,6 +153,16 @@ TEST_F(ZoneVarTableModelTest, TakesTheRowsOfALineFromItsOneDimension)
     EXPECT_EQ(rows(plane, ValueLocation_Nodal), 0u) << "not a line";
 }
 
+TEST_F(ZoneVarTableModelTest, LoadsDeferredDimensionsAndThenKnowsItsRows)
+{
+    int const zone = stage.addDeferredZone("later", 1, 7, 1);
+    stage.show();
+    ASSERT_EQ(stage.dataSet().zone(zone)->j, -1);
+    IJKLineZoneVarTableModel const table(zone, Set(1), false, ValueLocation_Nodal);
+    EXPECT_EQ(stage.dataSet().zone(zone)->j, 7);
+    EXPECT_EQ(table.rowCount(), 7u);
+}
+
 TEST_F(ZoneVarTableModelTest, HasNoRowsColumnsAndNamesWithoutADataSet)
 {
     int const zone = stage.addZone("line", ZoneType_Ordered, 2, 1, 1);

@@ -1,3 +1,4 @@
+#include "SampleLoader.h"
 #include "SessionFixture.h"
 #include "SpatialData.h"
 #include "kernel/compute/Rotation.h"
@@ -265,6 +266,7 @@ TEST_F(RotateZones, CarriesZonesOnALineAroundAnAxisBesideIt)
     ASSERT_TRUE(session.rotateZones(*dataSet, {1, 2}, noVector, {{0, 1, 0}, {1, 0, 0}}, 180));
     EXPECT_EQ(values(*dataSet, 1, 2), std::vector<double>(12, 2.0));
     EXPECT_EQ(values(*dataSet, 2, 2), std::vector<double>(3, 2.0));
+    EXPECT_EQ(field(2, 2).group()->size(), 3) << "not that of the other zone";
     EXPECT_TRUE(field(1, 3).isPassive());
     EXPECT_EQ(values(*dataSet, 2, 1)[2], 3);
 }
@@ -310,6 +312,18 @@ TEST_F(RotateZones, TurnsVectorsAtTheMiddleOfCells)
     EXPECT_EQ(values(*dataSet, 2, 5)[0], 1);
     EXPECT_EQ(values(*dataSet, 2, 5)[1], 2);
     EXPECT_EQ(values(*dataSet, 2, 2)[2], 2);
+}
+
+TEST_F(RotateZones, LoadsTheVectorThatItTurns)
+{
+    int const zone = addPoint(3, 2, 7);
+    auto const loader = std::make_shared<sample::Loader>(std::vector<double>{1});
+    field(zone, 4) = sample::Loader::field(loader);
+    ASSERT_TRUE(session.rotateZones(*dataSet, {zone}, inSpace, aboutZ, 90));
+    EXPECT_THAT(vector(zone), ElementsAre(0, 1, 0));
+    ASSERT_TRUE(session.undo());
+    EXPECT_THAT(vector(zone), ElementsAre(1, 0, 0));
+    EXPECT_EQ(loader->loads, 1);
 }
 
 TEST_F(RotateZones, RefusesAVectorWhoseComponentsAreAtDifferentPlaces)

@@ -435,6 +435,19 @@ TEST_F(DeferredDimensions, AreLoadedForARotationAndStayUnknownWhenItFails)
     EXPECT_EQ(deferred->zone(1)->i, 3);
 }
 
+TEST_F(DeferredDimensions, AreKnownToCopiesThatComeLater)
+{
+    SpatialVariables const inPlane{{1, 2, 0}, {}, false, false};
+    ASSERT_TRUE(session.duplicateZonesAxially(*deferred, {1}, inPlane, aboutZ, {90, 0, 1, true}));
+    EXPECT_EQ(deferred->zone(2)->pointCount(), 6);
+    EXPECT_EQ(deferred->zone(1)->pointCount(), 6);
+    ASSERT_TRUE(session.undo());
+    ASSERT_TRUE(session.redo());
+    EXPECT_EQ(deferred->zone(2)->pointCount(), 6);
+    EXPECT_EQ(values(*deferred, 2, 2), (std::vector<double>{0, 1, 2, 0, 1, 2}));
+    EXPECT_EQ(size->loads, 1);
+}
+
 TEST_F(DeferredDimensions, StayUnknownWhenTheyCannotBeRead)
 {
     size->before = [](Progress&) { throw std::runtime_error("The file has gone."); };

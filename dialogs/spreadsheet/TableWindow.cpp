@@ -91,7 +91,9 @@ void TableWindow::scrollTo(Qt::Orientation direction, unsigned long long positio
     unsigned long long const begin = first(direction);
     if (target < begin || target + wide(pageSize(direction)) > begin + wide(windowSize(direction)))
         moveWindowAround(direction, target);
-    scrollBar(direction).setValue(static_cast<int>(target - first(direction)));
+    // Longer row names there may have taken room, so that fewer rows fit.
+    unsigned long long const reached = std::min(position, lastPosition(direction));
+    scrollBar(direction).setValue(static_cast<int>(reached - first(direction)));
 }
 
 void TableWindow::setCurrent(Cell const& cell, bool extend)
@@ -157,6 +159,7 @@ void TableWindow::onWindowChanged()
         m_current.reset();
         m_anchor.reset();
     }
+    m_selection = rangeInTable();
     m_view.layOutNow();
     Q_EMIT positionChanged();
 }

@@ -54,7 +54,7 @@ void WindowScrollBar::onActionTriggered(int action)
         target = 0;
         break;
     case SliderToMaximum:
-        target = m_window.lastPosition(orientation());
+        target = m_window.total(orientation());
         break;
     case SliderMove:
         target = positionOf(sliderPosition());
@@ -94,8 +94,10 @@ unsigned long long WindowScrollBar::positionOf(int slider) const
 {
     unsigned long long const last = m_window.lastPosition(orientation());
     auto const units = static_cast<unsigned long long>(slider);
-    if (last <= mostUnits || units >= mostUnits)
-        return std::min(units >= mostUnits ? last : units, last);
+    if (last <= mostUnits)
+        return units;
+    if (units >= mostUnits)
+        return m_window.total(orientation());
     return static_cast<unsigned long long>(std::round(
         static_cast<long double>(units) / static_cast<long double>(mostUnits) * static_cast<long double>(last)));
 }

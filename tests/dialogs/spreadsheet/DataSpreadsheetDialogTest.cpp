@@ -1,0 +1,374 @@
+#include "tests/dialogs/spreadsheet/SpreadsheetDriver.h"
+#include "tests/dialogs/support/FormTable.h"
+
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QMenu>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QStackedWidget>
+#include <QStyleOptionHeader>
+#include <QTimer>
+
+#include <gmock/gmock.h>
+#include <limits>
+
+namespace veldraw::tests {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// Three zones: triangles with four points and two elements, a plane of 3 by 2 points, and a block of 3 by 3 by 2.
+class DataSpreadsheetDialogTest : public SpreadsheetDriver
+{
+protected:
+    DataSpreadsheetDialogTest()
+    {
+        stage.addZone("Skin", ZoneType_FETriangle, 4, 2, 0);
+        stage.addZone("Sheet", ZoneType_Ordered, 3, 2, 1);
+        stage.addZone("Block", ZoneType_Ordered, 3, 3, 2);
+        for (int zone = 1; zone <= 3; ++zone)
+            stage.fillAll(zone);
+    }
+
+    void chooseZone(int zone)
+    {
+        Choices::spreadsheetZone()->setValue(zone);
+        settle();
+    }
+
+    QAbstractButton& corner() { return *table().findChild<QAbstractButton*>(QString(), Qt::FindDirectChildrenOnly); }
+
+    bool isEnabled(char const* name) { return widget<QWidget>(name).isEnabled(); }
+};
+
+TEST_F(DataSpreadsheetDialogTest, LooksAsItsFormSays)
+{
+    stage.show();
+    std::string const p = "dataSpreadsheet_";
+    std::vector<std::string> const form = formTable(launched());
+    ASSERT_GE(form.size(), 22u);
+    EXPECT_EQ(form.front(),
+              "DataSpreadsheetDialog | veldraw::sdk::ui::dialogs::DataSpreadsheetDialog | Data Spreadsheet |  | ");
+    for (std::string const& line :
+         {p + "Zone_Label | QLabel | &Zone: |  | " + p + "Zone_ComboBox",
+          p + "Variable_Label | QLabel | &Variable: |  | " + p + "Variable_ComboBox",
+          p + "ValueLocation_Label | QLabel | &Value Location: |  | " + p + "ValueLocation_ComboBox",
+          p + "Plane_Label | QLabel | &Plane: |  | " + p + "Plane_ComboBox",
+          p + "Index_Label | QLabel | &Index: |  | " + p + "Index_SpinBox",
+          p + "Format_Label | QLabel | &Format: |  | " + p + "Format_ComboBox",
+          p + "Precision_Label | QLabel | P&recision: |  | " + p + "Precision_SpinBox",
+          p + "AlterSharedZones_CheckBox | QCheckBox | &Alter in all shared zones |  | ",
+          p + "LoadVariables_PushButton | QPushButton | &Load Variables... |  | "})
+        EXPECT_THAT(form, testing::Contains(line));
+    EXPECT_EQ(widget<QPushButton>("LoadVariables_PushButton").focusPolicy(), Qt::StrongFocus);
+    EXPECT_EQ(widget<QStackedWidget>("VariableSelection_Marker").currentIndex(), 0);
+    EXPECT_EQ(widget<QSpinBox>("Index_SpinBox").minimum(), 1);
+    EXPECT_EQ(widget<QSpinBox>("Index_SpinBox").maximum(), 2147483646);
+    EXPECT_EQ(widget<QSpinBox>("Precision_SpinBox").minimum(), 0);
+    EXPECT_EQ(widget<QSpinBox>("Precision_SpinBox").maximum(), 16);
+    EXPECT_EQ(table().horizontalHeader()->defaultSectionSize(), 75);
+    EXPECT_EQ(table().contextMenuPolicy(), Qt::CustomContextMenu);
+    EXPECT_EQ(DataSpreadsheetDialog::relevance(), Choices::dataSetExists());
+    EXPECT_THAT(inputsWithoutAccessibleName(dialog()), ElementsAre("dataSpreadsheet_Array_TableView"));
+}
+
+TEST_F(DataSpreadsheetDialogTest, CanBeWalkedByTab)
+{
+    stage.show();
+    EXPECT_THAT(tabOrder(launched()),
+                ElementsAre("dataSpreadsheet_Zone_ComboBox", "dataSpreadsheet_Variable_ComboBox",
+                            "dataSpreadsheet_ValueLocation_ComboBox", "dataSpreadsheet_Plane_ComboBox",
+                            "dataSpreadsheet_Index_SpinBox", "dataSpreadsheet_Format_ComboBox",
+                            "dataSpreadsheet_Precision_SpinBox", "dataSpreadsheet_Array_TableView",
+                            "dataSpreadsheet_AlterSharedZones_CheckBox", "dataSpreadsheet_LoadVariables_PushButton",
+                            "[Close]", "[Help]"));
+}
+
+TEST_F(DataSpreadsheetDialogTest, TakesAnEditByKeyboardAndItIsUndone)
+{
+    stage.show();
+    launched();
+    edit(1, 2, "-4.25e1");
+    EXPECT_EQ(stage.stored(1, 3, 1), -42.5);
+    EXPECT_EQ(shown(1, 2), "-42.5");
+    EXPECT_EQ(current(), "1, 2") << "the Return that ends an edit stays in the cell";
+    stage.session().undo();
+    settle();
+    EXPECT_EQ(stage.stored(1, 3, 1), 301.0);
+    EXPECT_EQ(shown(1, 2), "301");
+}
+
+TEST_F(DataSpreadsheetDialogTest, DropsAnEditThatIsGivenUp)
+{
+    stage.show();
+    launched();
+    goTo(0, 0);
+    type("77");
+    pressInEditor(Qt::Key_Escape);
+    EXPECT_EQ(stage.stored(1, 1, 0), 100.0);
+    EXPECT_TRUE(dialog().isVisible());
+}
+
+TEST_F(DataSpreadsheetDialogTest, RunsDownTheColumnsByEnter)
+{
+    stage.show();
+    launched();
+    table().setFocus();
+    table().setCurrentIndex(QModelIndex());
+    QTest::keyClick(&table(), Qt::Key_Return);
+    EXPECT_EQ(current(), "0, 0");
+    QTest::keyClick(&table(), Qt::Key_Return);
+    QTest::keyClick(&table(), Qt::Key_Enter);
+    EXPECT_EQ(current(), "2, 0");
+    goTo(3, 0);
+    QTest::keyClick(&table(), Qt::Key_Return);
+    EXPECT_EQ(current(), "0, 1") << "from the last row to the top of the next column";
+    goTo(3, 2);
+    QTest::keyClick(&table(), Qt::Key_Return);
+    EXPECT_EQ(current(), "0, 0") << "from the last cell to the first";
+    EXPECT_TRUE(dialog().isVisible());
+}
+
+struct TypedText
+{
+    FieldDataType_e type;
+    std::string text;
+    double stored; ///< 100 when the text is refused
+};
+
+class TypedTexts : public DataSpreadsheetDialogTest, public testing::WithParamInterface<TypedText>
+{
+};
+
+TEST_P(TypedTexts, AreTakenWithinTheLimitsOfTheType)
+{
+    auto const& [type, text, stored] = GetParam();
+    stage.fill(1, 1, type, ValueLocation_Nodal,
+               [t = type](int, std::int64_t) { return t == FieldDataType_Bit ? 1.0 : 100.0; });
+    stage.show();
+    launched();
+    edit(0, 0, text);
+    EXPECT_EQ(stage.stored(1, 1, 0), stored) << text;
+    EXPECT_THAT(messages.take(), IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Spreadsheet, TypedTexts,
+    testing::Values(TypedText{FieldDataType_Byte, "300", 100}, TypedText{FieldDataType_Byte, "255", 255},
+                    TypedText{FieldDataType_Byte, "-1", 1}, TypedText{FieldDataType_Byte, "0", 0},
+                    TypedText{FieldDataType_Bit, "0", 0}, TypedText{FieldDataType_Bit, "2", 1},
+                    TypedText{FieldDataType_Int32, "-2147483648", -2147483648.0},
+                    TypedText{FieldDataType_Int32, "2147483648", 100}, TypedText{FieldDataType_Int16, "-32768", -32768},
+                    TypedText{FieldDataType_Float, "1e39", 100}, TypedText{FieldDataType_Float, "0.5", 0.5},
+                    TypedText{FieldDataType_Double, "1e300", 1e300}, TypedText{FieldDataType_Double, "-", 100},
+                    TypedText{FieldDataType_Double, "1e", 100},
+                    TypedText{FieldDataType_Double, "4.9406564584124654e-324",
+                              std::numeric_limits<double>::denorm_min()}));
+
+TEST_F(DataSpreadsheetDialogTest, TakesNoCommaForAnyPurpose)
+{
+    stage.show();
+    launched();
+    goTo(0, 0);
+    QTest::keyClick(&table(), Qt::Key_F2);
+    auto* const editor = table().viewport()->findChild<QLineEdit*>();
+    ASSERT_TRUE(editor);
+    for (char const* const text : {"1,5", "1,000", "1'000", "abc", "0x10"}) {
+        editor->setText(QLatin1String(text));
+        EXPECT_FALSE(editor->hasAcceptableInput()) << text;
+    }
+    editor->setText(QStringLiteral("1,000"));
+    pressInEditor(Qt::Key_Return);
+    EXPECT_EQ(stage.stored(1, 1, 0), 100.0);
+}
+
+TEST_F(DataSpreadsheetDialogTest, KeepsNotLoadedReadableInEveryFormat)
+{
+    stage.defer(1, 2, 7.0);
+    stage.show();
+    launched();
+    for (int format = 0; format <= 3; ++format) {
+        Choices::spreadsheetFormat()->setValue(static_cast<NumberFormat_e>(format));
+        settle();
+        EXPECT_EQ(shown(0, 1), "Not Loaded");
+    }
+    edit(0, 1, "5");
+    EXPECT_EQ(shown(0, 1), "Not Loaded");
+    EXPECT_THAT(messages.take(), IsEmpty());
+    stage.session().makeVariablesAvailable(stage.dataSet(), kernel::NumberSet{1}, kernel::NumberSet{1, 2, 3});
+    settle();
+    EXPECT_EQ(shown(0, 1), "7");
+}
+
+TEST_F(DataSpreadsheetDialogTest, ShowsNumbersInTheChosenFormat)
+{
+    stage.fill(1, 1, FieldDataType_Double, ValueLocation_Nodal, [](int, std::int64_t index) {
+        return index == 0 ? 1234.56789 : std::numeric_limits<double>::quiet_NaN();
+    });
+    stage.show();
+    launched();
+    auto const inFormat = [&](int format) {
+        Choices::spreadsheetFormat()->setValue(static_cast<NumberFormat_e>(format));
+        settle();
+        EXPECT_EQ(shown(1, 0), "nan");
+        return shown(0, 0);
+    };
+    EXPECT_EQ(inFormat(0), "1235");
+    EXPECT_EQ(inFormat(1), "1234.568");
+    Choices::spreadsheetPrecision()->setValue(1);
+    EXPECT_EQ(inFormat(1), "1234.6");
+    EXPECT_EQ(inFormat(2), "1.2E+03");
+    EXPECT_EQ(table().model()->index(0, 0).data(Qt::EditRole).toString().left(9), QStringLiteral("1234.5678"));
+}
+
+TEST_F(DataSpreadsheetDialogTest, NamesTheAxesInTheCorner)
+{
+    stage.show();
+    launched();
+    EXPECT_EQ(corner().text(), QStringLiteral("N \\ V"));
+    QStyleOptionHeader option;
+    option.text = corner().text();
+    option.fontMetrics = table().verticalHeader()->fontMetrics();
+    QSize const text =
+        table().style()->sizeFromContents(QStyle::CT_HeaderSection, &option, QSize(), table().verticalHeader());
+    EXPECT_GE(table().verticalHeader()->width(), text.width() + 6);
+    EXPECT_GE(table().verticalHeader()->minimumWidth(), text.width() + 6);
+    QImage const withText = corner().grab().toImage();
+    corner().setText(QString());
+    EXPECT_NE(corner().grab().toImage(), withText) << "the corner shows its text";
+    chooseZone(3);
+    EXPECT_EQ(corner().text(), QStringLiteral("I \\ J"));
+}
+
+TEST_F(DataSpreadsheetDialogTest, OffersWhatTheZoneNeeds)
+{
+    stage.show();
+    launched();
+    EXPECT_FALSE(widget<QWidget>("Variable_Outline").isVisible());
+    EXPECT_FALSE(widget<QWidget>("ValueLocation_Outline").isVisible());
+    EXPECT_FALSE(isEnabled("Plane_ComboBox"));
+    chooseZone(3);
+    EXPECT_TRUE(widget<QWidget>("Variable_Outline").isVisible());
+    EXPECT_TRUE(isEnabled("Plane_ComboBox") && isEnabled("Index_SpinBox"));
+    EXPECT_FALSE(isEnabled("Precision_SpinBox"));
+    EXPECT_FALSE(isEnabled("AlterSharedZones_CheckBox"));
+    EXPECT_EQ(widget<QWidget>("Variable_Outline").size(), widget<QWidget>("VariableSelection_Marker").size());
+}
+
+TEST_F(DataSpreadsheetDialogTest, OffersTheLocationWhenLocationsAreMixed)
+{
+    stage.fill(1, 2, FieldDataType_Float, ValueLocation_CellCentered);
+    stage.show();
+    launched();
+    EXPECT_TRUE(widget<QWidget>("ValueLocation_Outline").isVisible());
+    EXPECT_EQ(widget<QWidget>("ValueLocation_Outline").size(), widget<QWidget>("VariableSelection_Marker").size());
+    auto& box = widget<QComboBox>("ValueLocation_ComboBox");
+    EXPECT_EQ(box.currentText(), QStringLiteral("Node"));
+    EXPECT_EQ(box.itemText(0), QStringLiteral("Cell center"));
+    box.setFocus();
+    QTest::keyClick(&box, Qt::Key_Up);
+    settle();
+    EXPECT_EQ(table().model()->rowCount(), 2);
+    EXPECT_EQ(table().model()->columnCount(), 1);
+}
+
+TEST_F(DataSpreadsheetDialogTest, StandsEmptyWithoutADataSet)
+{
+    stage.show();
+    launched();
+    stage.hide();
+    settle();
+    EXPECT_EQ(table().model()->rowCount(), 0);
+    EXPECT_EQ(table().model()->columnCount(), 0);
+    table().setFocus();
+    QTest::keyClick(&table(), Qt::Key_Return);
+    EXPECT_FALSE(table().currentIndex().isValid());
+    EXPECT_FALSE(table().isEnabled());
+    stage.show();
+    settle();
+    EXPECT_EQ(table().model()->rowCount(), 4);
+}
+
+TEST_F(DataSpreadsheetDialogTest, CanBeMadeWithoutADataSet)
+{
+    launched();
+    EXPECT_EQ(table().model()->rowCount(), 0);
+    EXPECT_EQ(table().model()->columnCount(), 0);
+}
+
+TEST_F(DataSpreadsheetDialogTest, CopiesTheSelectedRectangleWithAllDigits)
+{
+    stage.fill(1, 1, FieldDataType_Float, ValueLocation_Nodal, [](int, std::int64_t) { return 0.1; });
+    stage.show();
+    launched();
+    QApplication::clipboard()->setText(QStringLiteral("before"));
+    table().setFocus();
+    table().clearSelection();
+    QTest::keyClick(&table(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("before"));
+    goTo(0, 0);
+    QTest::keyClick(&table(), Qt::Key_Down, Qt::ShiftModifier);
+    QTest::keyClick(&table(), Qt::Key_Right, Qt::ShiftModifier);
+    QTest::keyClick(&table(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("0.100000001\t200\n0.100000001\t201"));
+}
+
+TEST_F(DataSpreadsheetDialogTest, CopiesFromItsMenu)
+{
+    stage.show();
+    launched();
+    goTo(2, 2);
+    std::vector<std::string> entries;
+    QTimer::singleShot(0, [&] {
+        auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        ASSERT_TRUE(menu);
+        for (QAction const* const action : menu->actions())
+            entries.push_back(action->text().toStdString() + " " + action->shortcut().toString().toStdString());
+        QTest::keyClick(menu, Qt::Key_Down);
+        QTest::keyClick(menu, Qt::Key_Return);
+    });
+    Q_EMIT table().customContextMenuRequested(QPoint(5, 5));
+    EXPECT_THAT(entries, ElementsAre("Copy Ctrl+C", "&Go to Row... Ctrl+G"));
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("302"));
+}
+
+TEST_F(DataSpreadsheetDialogTest, OpensTheLoadOfVariablesForItsZone)
+{
+    stage.defer(2, 1, 1.0);
+    stage.show();
+    launched();
+    chooseZone(2);
+    QTest::mouseClick(&widget<QPushButton>("LoadVariables_PushButton"), Qt::LeftButton);
+    settle();
+    auto* const load = dialog().findChild<QDialog*>(QStringLiteral("LoadVariables"));
+    ASSERT_TRUE(load);
+    EXPECT_TRUE(load->isVisible());
+    EXPECT_EQ(load->findChild<QComboBox*>()->currentText(), QStringLiteral("2: Sheet"));
+}
+
+TEST_F(DataSpreadsheetDialogTest, AltersThisZoneOrAllThatShare)
+{
+    int const copy = stage.addZone("Copy", ZoneType_FETriangle, 4, 2, 0);
+    stage.share(copy, 1, 1);
+    stage.show();
+    launched();
+    EXPECT_TRUE(isEnabled("AlterSharedZones_CheckBox"));
+    QTest::mouseClick(&widget<QCheckBox>("AlterSharedZones_CheckBox"), Qt::LeftButton, Qt::NoModifier, QPoint(8, 8));
+    settle();
+    edit(0, 0, "5");
+    EXPECT_EQ(stage.stored(1, 1, 0), 5.0);
+    EXPECT_EQ(stage.stored(copy, 1, 0), 5.0);
+    QTest::mouseClick(&widget<QCheckBox>("AlterSharedZones_CheckBox"), Qt::LeftButton, Qt::NoModifier, QPoint(8, 8));
+    settle();
+    edit(0, 0, "6");
+    EXPECT_EQ(stage.stored(1, 1, 0), 6.0);
+    EXPECT_EQ(stage.stored(copy, 1, 0), 5.0);
+}
+
+} // namespace
+} // namespace veldraw::tests

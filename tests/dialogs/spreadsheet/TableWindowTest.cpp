@@ -1,0 +1,304 @@
+#include "dialogs/spreadsheet/TableWindow.h"
+
+#include "dialogs/models/QTableModelAdapter.h"
+#include "dialogs/spreadsheet/EnterKeyTableNavigator.h"
+#include "dialogs/spreadsheet/GoToRowAction.h"
+#include "dialogs/spreadsheet/LongTableKeys.h"
+#include "dialogs/spreadsheet/SelectionText.h"
+#include "dialogs/spreadsheet/WindowScrollBar.h"
+#include "dialogs/widgets/TableCopyHandler.h"
+#include "dialogs/widgets/TableViewWithPreferredDimensions.h"
+#include "tests/dialogs/spreadsheet/FakeTable.h"
+#include "tests/dialogs/support/RecordedMessages.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTest>
+#include <QWheelEvent>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace veldraw::tests {
+namespace {
+
+using namespace sdk::ui::propertymanager;
+using testing::ElementsAre;
+
+constexpr unsigned long long manyRows = 3000000000ull;
+
+/// A view on a table of 3e9 rows and three columns, with all that makes it reachable.
+class LongTable : public testing::Test
+{
+protected:
+    LongTable()
+    {
+        view.setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
+        view.setHorizontalScrollMode(QAbstractItemView::ScrollPerItem);
+        SelectionText::giveTo(copyHandler, window, table);
+        view.resize(500, 400);
+        view.show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&view));
+        view.setFocus();
+        settle();
+    }
+
+    void settle()
+    {
+        for (int round = 0; round < 3; ++round)
+            QApplication::processEvents();
+    }
+    void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        QTest::keyClick(&view, static_cast<Qt::Key>(key), modifiers);
+        settle();
+    }
+    void at(unsigned long long row, unsigned long long column)
+    {
+        window.setCurrent(TableWindow::Cell(row, column), false);
+        settle();
+    }
+
+    /// The current cell as the view has it, in numbers of the table, and whether the user sees it.
+    std::string current()
+    {
+        QModelIndex const index = view.currentIndex();
+        if (!index.isValid())
+            return "none";
+        bool const isSeen = view.viewport()->rect().contains(view.visualRect(index));
+        return std::to_string(adapter.tableRow(index.row())) + ", " + std::to_string(index.column()) +
+               (isSeen ? "" : " out of sight");
+    }
+    unsigned long long top() { return adapter.tableRow(view.rowAt(0)); }
+    std::string topName() { return adapter.headerData(view.rowAt(0), Qt::Vertical).toString().toStdString(); }
+    std::string copied()
+    {
+        QApplication::clipboard()->setText(QStringLiteral("nothing"));
+        QTest::keyClick(&view, Qt::Key_C, Qt::ControlModifier);
+        return QApplication::clipboard()->text().toStdString();
+    }
+
+    RecordedMessages messages;
+    FakeTable table{manyRows, 3};
+    sdk::ui::dialogs::propertybindings::models::QTableModelAdapter adapter{table};
+    struct View : dialogs::common::TableViewWithPreferredDimensions
+    {
+        explicit View(QAbstractItemModel& model) { setModel(&model); }
+    } view{adapter};
+    veldraw::ui::TableCopyHandler& copyHandler = *new veldraw::ui::TableCopyHandler(&view);
+    TableWindow& window = *new TableWindow(view, adapter);
+    LongTableKeys& keys = *new LongTableKeys(window, view);
+    WindowScrollBar& bar = *new WindowScrollBar(Qt::Vertical, window, view);
+    EnterKeyTableNavigator& navigator = *new EnterKeyTableNavigator(view);
+    GoToRowAction& goToRow = *new GoToRowAction(window, view);
+};
+
+TEST_F(LongTable, ReachesItsLastRowByControlEndAndItsFirstByControlHome)
+{
+    press(Qt::Key_End, Qt::ControlModifier);
+    EXPECT_EQ(current(), "2999999999, 2");
+    EXPECT_EQ(window.position(Qt::Vertical), window.lastPosition(Qt::Vertical));
+    EXPECT_EQ(view.model()->index(view.currentIndex().row(), 0).data().toString(), QStringLiteral("2999999999,0"));
+    EXPECT_EQ(bar.value(), bar.maximum());
+    press(Qt::Key_Home, Qt::ControlModifier);
+    EXPECT_EQ(current(), "0, 0");
+    EXPECT_EQ(bar.value(), 0);
+    EXPECT_EQ(topName(), "1");
+}
+
+TEST_F(LongTable, WalksOverTheBordersOfTheWindowByArrows)
+{
+    at(999998, 1);
+    for (int step = 0; step < 4; ++step)
+        press(Qt::Key_Down);
+    EXPECT_EQ(current(), "1000002, 1");
+    for (int step = 0; step < 5; ++step)
+        press(Qt::Key_Up);
+    EXPECT_EQ(current(), "999997, 1");
+    press(Qt::Key_Right);
+    press(Qt::Key_Right);
+    EXPECT_EQ(current(), "999997, 2");
+    press(Qt::Key_Home);
+    EXPECT_EQ(current(), "999997, 0");
+    press(Qt::Key_End);
+    EXPECT_EQ(current(), "999997, 2");
+}
+
+TEST_F(LongTable, TurnsPagesOverTheBordersOfTheWindow)
+{
+    at(999990, 0);
+    auto const page = static_cast<unsigned long long>(window.pageSize(Qt::Vertical));
+    ASSERT_GT(page, 5u);
+    for (int turn = 0; turn < 4; ++turn)
+        press(Qt::Key_PageDown);
+    EXPECT_EQ(current(), std::to_string(999990 + 4 * page) + ", 0");
+    press(Qt::Key_PageUp);
+    EXPECT_EQ(current(), std::to_string(999990 + 3 * page) + ", 0");
+    at(manyRows - 2, 0);
+    press(Qt::Key_PageDown);
+    EXPECT_EQ(current(), "2999999999, 0");
+    at(3, 0);
+    press(Qt::Key_PageUp);
+    EXPECT_EQ(current(), "0, 0");
+}
+
+TEST_F(LongTable, EntersValuesDownTheColumnsAcrossBorders)
+{
+    at(999999, 0);
+    press(Qt::Key_Return);
+    EXPECT_EQ(current(), "1000000, 0");
+    at(manyRows - 1, 0);
+    press(Qt::Key_Return);
+    EXPECT_EQ(current(), "0, 1");
+    at(manyRows - 1, 2);
+    press(Qt::Key_Enter);
+    EXPECT_EQ(current(), "0, 0");
+}
+
+TEST_F(LongTable, TakesEditsAnywhere)
+{
+    at(2500000000ull, 1);
+    QTest::keyClick(&view, '7');
+    auto* const editor = view.viewport()->findChild<QLineEdit*>();
+    ASSERT_TRUE(editor);
+    QTest::keyClick(editor, Qt::Key_Tab);
+    EXPECT_EQ(table.getStr(tables::ModelIndex(2500000000ull, 1)), "7");
+}
+
+TEST_F(LongTable, ScrollsByItsOwnBar)
+{
+    EXPECT_TRUE(bar.isVisible());
+    EXPECT_FALSE(view.verticalScrollBar()->isVisible());
+    bar.triggerAction(QAbstractSlider::SliderSingleStepAdd);
+    settle();
+    EXPECT_EQ(top(), 1u);
+    EXPECT_EQ(topName(), "2");
+    bar.triggerAction(QAbstractSlider::SliderPageStepAdd);
+    settle();
+    EXPECT_EQ(top(), 1u + static_cast<unsigned>(window.pageSize(Qt::Vertical)));
+    bar.setSliderPosition(bar.maximum() / 2);
+    settle();
+    EXPECT_NEAR(static_cast<double>(top()), 1.5e9, 10.0);
+    bar.triggerAction(QAbstractSlider::SliderSingleStepSub);
+    settle();
+    unsigned long long const middle = top();
+    bar.triggerAction(QAbstractSlider::SliderSingleStepAdd);
+    settle();
+    EXPECT_EQ(top(), middle + 1);
+    bar.triggerAction(QAbstractSlider::SliderToMaximum);
+    settle();
+    EXPECT_EQ(top(), window.lastPosition(Qt::Vertical));
+    EXPECT_EQ(view.rowAt(view.viewport()->height() - 1) < 0
+                  ? manyRows - 1
+                  : adapter.tableRow(view.rowAt(view.viewport()->height() - 1)),
+              manyRows - 1);
+    bar.triggerAction(QAbstractSlider::SliderToMinimum);
+    settle();
+    EXPECT_EQ(top(), 0u);
+}
+
+TEST_F(LongTable, RollsByTheWheelPastTheBorderOfTheWindow)
+{
+    window.scrollTo(Qt::Vertical, 999900);
+    settle();
+    unsigned long long last = top();
+    for (int notch = 0; notch < 60; ++notch) {
+        QWheelEvent event(QPointF(50, 50), view.viewport()->mapToGlobal(QPointF(50, 50).toPoint()), QPoint(),
+                          QPoint(0, -120), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(view.viewport(), &event);
+        settle();
+        EXPECT_GT(top(), last);
+        last = top();
+    }
+    EXPECT_GT(last, 1000000u);
+}
+
+TEST_F(LongTable, KeepsCurrentCellAndSelectionWhereTheyBelongWhenTheWindowMovesAway)
+{
+    at(10, 1);
+    window.scrollTo(Qt::Vertical, 2000000000ull);
+    settle();
+    EXPECT_EQ(current(), "none") << "no other cell takes its place";
+    EXPECT_EQ(copied(), "10,1");
+    press(Qt::Key_Down);
+    EXPECT_EQ(current(), "11, 1") << "a key goes on from the cell that was left";
+}
+
+TEST_F(LongTable, CopiesAcrossTheBorder)
+{
+    at(999998, 0);
+    press(Qt::Key_Right, Qt::ShiftModifier);
+    for (int step = 0; step < 3; ++step)
+        press(Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_EQ(current(), "1000001, 1");
+    EXPECT_EQ(copied(), "999998,0\t999998,1\n999999,0\t999999,1\n1000000,0\t1000000,1\n1000001,0\t1000001,1");
+}
+
+TEST_F(LongTable, RefusesToCopyMoreThanTheMemoryHolds)
+{
+    view.selectColumn(1);
+    settle();
+    ASSERT_TRUE(window.selection());
+    EXPECT_EQ(window.selection()->last.row, manyRows - 1) << "a column is all its rows";
+    EXPECT_EQ(copied(), "nothing");
+    EXPECT_THAT(messages.take(),
+                ElementsAre("error: Too many cells are selected: no more than 1000000 can be copied."));
+}
+
+TEST_F(LongTable, GoesToARowByItsNumber)
+{
+    at(5, 2);
+    goToRow.trigger();
+    auto* const dialog = view.findChild<QDialog*>(QStringLiteral("GoToRow"));
+    ASSERT_TRUE(dialog);
+    auto* const number = dialog->findChild<QLineEdit*>();
+    QPushButton* const ok = dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
+    EXPECT_FALSE(ok->isEnabled());
+    QTest::keyClicks(number, QStringLiteral("3000000001"));
+    EXPECT_FALSE(ok->isEnabled());
+    number->clear();
+    QTest::keyClicks(number, QStringLiteral("0"));
+    EXPECT_FALSE(ok->isEnabled());
+    number->clear();
+    QTest::keyClicks(number, QStringLiteral("-2700000000x"));
+    EXPECT_EQ(number->text(), QStringLiteral("2700000000"));
+    QTest::mouseClick(ok, Qt::LeftButton);
+    settle();
+    EXPECT_EQ(current(), "2699999999, 2");
+}
+
+TEST_F(LongTable, ReadsNoMoreThanTheCellsThatAreSeen)
+{
+    window.scrollTo(Qt::Vertical, 2000000000ull);
+    settle();
+    table.reads = 0;
+    bar.triggerAction(QAbstractSlider::SliderPageStepAdd);
+    settle();
+    int const seen = (window.pageSize(Qt::Vertical) + 1) * 3;
+    EXPECT_GT(table.reads, 0);
+    EXPECT_LE(table.reads, seen);
+}
+
+TEST_F(LongTable, BecomesAPlainTableWhenItGetsShort)
+{
+    at(2999999999ull, 0);
+    table.resize(10, 3);
+    settle();
+    EXPECT_FALSE(bar.isVisible());
+    EXPECT_EQ(window.total(Qt::Vertical), 10u);
+    EXPECT_EQ(copied(), "nothing");
+    press(Qt::Key_Down);
+    EXPECT_EQ(current(), "0, 0");
+    EXPECT_EQ(copied(), "0,0");
+    press(Qt::Key_End, Qt::ControlModifier);
+    EXPECT_EQ(current(), "9, 2");
+}
+
+} // namespace
+} // namespace veldraw::tests

@@ -16,6 +16,20 @@ ValueRange rangeOf(int var, int zone)
     return found ? found->range(var) : ValueRange();
 }
 
+// A loader that fails leaves the range unknown.
+void loadWhereUnknown(int var, Set const& zones)
+{
+    auto const dataSet = kernel::Session::instance().activeDataSet();
+    kernel::NumberSet unknown;
+    for (int zone : zones.members()) {
+        kernel::Field const* const field = dataSet ? dataSet->field(zone, var) : nullptr;
+        if (field && !field->isLoaded() && !rangeOf(var, zone).isValid())
+            unknown.insert(zone);
+    }
+    if (!unknown.empty())
+        kernel::Session::instance().loadVariables(*dataSet, unknown, {var});
+}
+
 } // namespace
 
 bool isVarRangeEstimatedForAnyActiveZones(int var)
@@ -30,8 +44,10 @@ bool getVarMinMaxForZone(int var, int zone, bool loadIfNeeded, double& min, doub
     return getVarMinMaxForZoneSet(var, Set(zone), loadIfNeeded, min, max);
 }
 
-bool getVarMinMaxForZoneSet(int var, Set const& zones, bool /*loadIfNeeded*/, double& min, double& max)
+bool getVarMinMaxForZoneSet(int var, Set const& zones, bool loadIfNeeded, double& min, double& max)
 {
+    if (loadIfNeeded)
+        loadWhereUnknown(var, zones);
     ValueRange all;
     for (int zone : zones.members()) {
         ValueRange const range = rangeOf(var, zone);

@@ -52,6 +52,27 @@ TEST_F(RangeQueries, LeaveTheNumbersAloneWhenNothingIsKnown)
     EXPECT_EQ(m_max, -2);
 }
 
+TEST_F(RangeQueries, LoadOnlyWhenTheyMay)
+{
+    struct OneToThree : kernel::ValueLoader
+    {
+        std::shared_ptr<kernel::Buffer> load(kernel::Progress&) override
+        {
+            auto buffer = kernel::Buffer::allocate(FieldDataType_Byte, 3);
+            for (int n = 0; n < 3; ++n)
+                buffer->setValue(n, n + 1);
+            return buffer;
+        }
+    };
+    auto group = std::make_shared<kernel::ShareGroup>(FieldDataType_Byte, 3, std::make_shared<OneToThree>());
+    m_dataSet->zone(1)->fields[1] = kernel::Field(std::move(group), ValueLocation_Nodal);
+    EXPECT_FALSE(getVarMinMaxForZone(2, 1, false, m_min, m_max));
+    EXPECT_FALSE(m_dataSet->field(1, 2)->isLoaded());
+    EXPECT_TRUE(getVarMinMaxForZone(2, 1, true, m_min, m_max));
+    EXPECT_EQ(m_min, 1);
+    EXPECT_EQ(m_max, 3);
+}
+
 TEST_F(RangeQueries, LeaveOutTheZonesThatKnowNothing)
 {
     ASSERT_TRUE(getVarMinMaxForZoneSet(2, std::set<int>{1, 9}, false, m_min, m_max));

@@ -4,6 +4,7 @@
 #include "app/export/Exporter.h"
 #include "app/export/WholeDataSet.h"
 #include "app/import/Importer.h"
+#include "app/import/MappedMemory.h"
 #include "app/plot/PageView.h"
 #include "kernel/data/NumberSet.h"
 #include "platform/vdsdkbase/VelUtilDataSet.h"
@@ -38,6 +39,10 @@ int BatchRun::run(CommandLineOptions const& options)
         return 1;
     if (!options.pictureFile.isEmpty() && !savePicture(options.pictureFile))
         return 1;
+    if (missingMappedPages() > 0) {
+        fail(QString::fromLatin1(cutFileWarning));
+        return 1;
+    }
     return 0;
 }
 

@@ -15,6 +15,11 @@ namespace veldraw::app {
 /// @throws ImportError the file is too short, or the system refuses
 std::shared_ptr<void> mapFile(int descriptor, std::int64_t offset, std::int64_t bytes, std::string const& path);
 
+/// What to tell the user when that number has grown.
+constexpr char const* cutFileWarning =
+    "Another program has cut a file short that is open here. Values that are missing now "
+    "show as 0; do not trust what was read from it, and open it again.";
+
 /// How often pages of mapped files were found missing since the program started.
 int missingMappedPages();
 

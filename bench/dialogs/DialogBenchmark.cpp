@@ -1,4 +1,6 @@
+#include "dialogs/spreadsheet/DataSpreadsheetDialog.h"
 #include "dialogs/variableops/DeleteVariableDialog.h"
+#include "dialogs/variableops/LoadVariablesDialog.h"
 #include "dialogs/zoneops/AxialDuplicationDialog.h"
 #include "dialogs/zoneops/AxialRotationDialog.h"
 #include "dialogs/zoneops/CreateMirrorZoneDialog.h"
@@ -16,7 +18,7 @@
 namespace veldraw::bench {
 namespace {
 
-using sdk::ui::common::IdleDispatcher;
+using veldraw::sdk::ui::common::IdleDispatcher;
 
 /// The main window over a data set as large as a person still looks through.
 class Desk
@@ -51,11 +53,23 @@ public:
 };
 
 template <typename Dialog>
+Dialog& instance(QWidget& parent)
+{
+    return Dialog::getInstance(parent);
+}
+
+template <>
+dialogs::data::LoadVariablesDialog& instance(QWidget& parent)
+{
+    return dialogs::data::LoadVariablesDialog::getInstance(parent, 1);
+}
+
+template <typename Dialog>
 void buildAndDestroy(benchmark::State& state)
 {
     Desk desk;
     for (auto _ : state) {
-        delete &Dialog::getInstance(desk.mainWindow);
+        delete &instance<Dialog>(desk.mainWindow);
         desk.settle();
     }
 }
@@ -66,7 +80,7 @@ void openAndDestroy(benchmark::State& state)
 {
     Desk desk;
     for (auto _ : state) {
-        Dialog& dialog = Dialog::getInstance(desk.mainWindow);
+        Dialog& dialog = instance<Dialog>(desk.mainWindow);
         dialog.launch();
         desk.settle();
         if (!dialog.isVisible())
@@ -90,8 +104,10 @@ void measure(std::string const& name)
     measure<dialogs::data::AxialDuplicationDialog>("AxialDuplication");
     measure<dialogs::data::AxialRotationDialog>("AxialRotation");
     measure<dialogs::data::CreateMirrorZoneDialog>("CreateMirrorZone");
+    measure<sdk::ui::dialogs::DataSpreadsheetDialog>("DataSpreadsheet");
     measure<dialogs::data::DeleteVariableDialog>("DeleteVariable");
     measure<dialogs::data::DuplicateZoneDialog>("DuplicateZone");
+    measure<dialogs::data::LoadVariablesDialog>("LoadVariables");
     return true;
 }();
 

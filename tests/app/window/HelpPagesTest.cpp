@@ -60,8 +60,9 @@ protected:
 
 TEST_F(HelpPagesTest, AreThere)
 {
-    for (char const* page : {"index.html", "axial_duplication.html", "axial_rotation.html", "create_zone_mirror.html",
-                             "create_zone_duplicate.html", "delete_variable.html"})
+    for (char const* page :
+         {"index.html", "axial_duplication.html", "axial_rotation.html", "create_zone_mirror.html",
+          "create_zone_duplicate.html", "delete_variable.html", "load_variable.html", "spreadsheet.html"})
         EXPECT_TRUE(pages.contains(QString::fromLatin1(page))) << page;
 }
 

@@ -1,0 +1,123 @@
+#include "dialogs/spreadsheet/DataSpreadsheetDialog.h"
+#include "dialogs/spreadsheet/DataSpreadsheetPropertiesManager.h"
+#include "host/KernelBridge.h"
+#include "kernel/frames/Session.h"
+#include "platform/vdsdkuicommon/IdleDispatcher.h"
+
+#include <QApplication>
+#include <QScrollBar>
+#include <QTableView>
+#include <QTest>
+
+#include <benchmark/benchmark.h>
+#include <algorithm>
+#include <cstdint>
+#include <fstream>
+#include <string>
+#include <sys/mman.h>
+
+namespace veldraw::bench {
+namespace {
+
+using sdk::ui::dialogs::DataSpreadsheetDialog;
+using veldraw::sdk::ui::common::IdleDispatcher;
+
+constexpr std::int64_t rows = 3000000000;
+
+/// Resident memory of the process in bytes.
+double residentBytes()
+{
+    std::ifstream statm("/proc/self/statm");
+    double pages = 0;
+    double resident = 0;
+    statm >> pages >> resident;
+    return resident * 4096;
+}
+
+/// A line of three billion values whose pages nobody has touched, as a sparse file gives them.
+class LongSheet
+{
+public:
+    LongSheet()
+    {
+        host::KernelBridge::install();
+        session.clear();
+        auto const frame = session.createFrame("Frame 001", kernel::Rectangle{0.0, 0.0, 4.0, 3.0});
+        auto const dataSet = std::make_shared<kernel::DataSet>("Benchmark");
+        dataSet->addVariable(std::make_shared<kernel::Variable>("V"));
+        auto const zone = std::make_shared<kernel::Zone>("line", ZoneType_Ordered, rows, 1, 1);
+        dataSet->addZone(zone);
+        zone->fields[0] = kernel::Field(std::make_shared<kernel::ShareGroup>(mapped()), ValueLocation_Nodal);
+        session.setFrameDataSet(frame->id, dataSet);
+        window.show();
+        settle();
+    }
+    ~LongSheet() { session.clear(); }
+
+    void settle()
+    {
+        IdleDispatcher::flush();
+        QApplication::processEvents();
+        IdleDispatcher::flush();
+    }
+
+    QTableView& table() { return *DataSpreadsheetDialog::getInstance(window).findChild<QTableView*>(); }
+
+    kernel::Session& session = kernel::Session::instance();
+    QWidget window;
+
+private:
+    static std::shared_ptr<kernel::Buffer> mapped()
+    {
+        void* const memory =
+            mmap(nullptr, rows * 4, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+        std::shared_ptr<void> const owner(memory, [](void* pages) { munmap(pages, rows * 4); });
+        return kernel::Buffer::adopt(FieldDataType_Float, rows, memory, 1, owner);
+    }
+};
+
+void openTheSpreadsheetOnALongLine(benchmark::State& state)
+{
+    LongSheet sheet;
+    double growth = 0;
+    for (auto _ : state) {
+        double const before = residentBytes();
+        DataSpreadsheetDialog& dialog = DataSpreadsheetDialog::getInstance(sheet.window);
+        dialog.launch();
+        sheet.settle();
+        growth = std::max(growth, residentBytes() - before);
+        state.PauseTiming();
+        if (sheet.table().model()->rowCount() == 0)
+            state.SkipWithError("the table is empty");
+        delete &dialog;
+        sheet.settle();
+        state.ResumeTiming();
+    }
+    state.counters["MB"] = growth / 1e6;
+}
+BENCHMARK(openTheSpreadsheetOnALongLine)->Unit(benchmark::kMillisecond);
+
+template <int key>
+void goByKey(benchmark::State& state)
+{
+    LongSheet sheet;
+    DataSpreadsheetDialog& dialog = DataSpreadsheetDialog::getInstance(sheet.window);
+    dialog.launch();
+    sheet.settle();
+    sheet.table().setFocus();
+    Qt::KeyboardModifiers const modifiers = key == Qt::Key_PageDown ? Qt::NoModifier : Qt::ControlModifier;
+    bool isAtEnd = false;
+    for (auto _ : state) {
+        // There and back, so that each key has a way to go.
+        int const pressed = key == Qt::Key_End && isAtEnd ? static_cast<int>(Qt::Key_Home) : key;
+        QTest::keyClick(&sheet.table(), static_cast<Qt::Key>(pressed), modifiers);
+        isAtEnd = !isAtEnd;
+        sheet.settle();
+    }
+    delete &dialog;
+}
+BENCHMARK_TEMPLATE(goByKey, Qt::Key_End)->Name("goToTheOtherEndOfALongLine")->Unit(benchmark::kMillisecond);
+BENCHMARK_TEMPLATE(goByKey, Qt::Key_PageDown)->Name("turnAPageOfALongLine")->Unit(benchmark::kMillisecond);
+
+} // namespace
+} // namespace veldraw::bench

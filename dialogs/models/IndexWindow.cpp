@@ -22,7 +22,7 @@ void IndexWindow::setTotal(unsigned long long total)
 {
     m_total = total;
     m_size = static_cast<int>(std::min(total, wide(m_mostAtOnce)));
-    m_first = std::min(m_first, lastFirst());
+    m_first = 0;
 }
 
 unsigned long long IndexWindow::lastFirst() const

@@ -10,7 +10,7 @@ public:
     /// @param mostAtOnce 1 or more
     explicit IndexWindow(int mostAtOnce);
 
-    /// There are this many things now; the window stays where it is as far as it can.
+    /// There are this many things now; the window begins with the first.
     void setTotal(unsigned long long total);
     unsigned long long total() const { return m_total; }
 

@@ -150,9 +150,7 @@ void QTableModelAdapter::rowsRemoved(unsigned long long, unsigned long long, Tab
 void QTableModelAdapter::reset()
 {
     beginResetModel();
-    m_rows.restartAt(0);
     m_rows.setTotal(m_model.rowCount());
-    m_columns.restartAt(0);
     m_columns.setTotal(m_model.columnCount());
     endResetModel();
     Q_EMIT windowChanged();

@@ -94,8 +94,7 @@ bool planeLimits(int zone, int variable, PlaneLimits& limits)
     if (location != ValueLocation_Nodal && location != ValueLocation_CellCentered)
         return false;
     long long const reduction = location == ValueLocation_CellCentered ? 1 : 0;
-    auto const limit = [reduction](long long dimension) { return std::max(1ll, dimension - reduction); };
-    limits = {limit(i), limit(j), limit(k)};
+    limits = {i - reduction, j - reduction, k - reduction};
     return true;
 }
 

@@ -29,7 +29,7 @@ IJKPlanes_e planeOfZone(int zone, IJKPlanes_e chosen);
 /// What rows and columns of the zone's table are: two letters, as "I \ J".
 std::string cornerLabelOfZone(int zone, IJKPlanes_e plane);
 
-/// The largest index of a plane in each direction, at least 1.
+/// The largest index of a plane in each direction. 0 for the one layer of cells of a flat direction, whose index is 1.
 struct PlaneLimits
 {
     long long i;

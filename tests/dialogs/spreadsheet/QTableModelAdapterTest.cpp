@@ -176,6 +176,15 @@ TEST(QTableModelAdapterWindow, GivesAViewAMillionOfThreeBillionRows)
     EXPECT_EQ(huge.reads, 1) << "moving the window reads no cell";
 }
 
+TEST(QTableModelAdapterWindow, IsAWellBehavedModelAtItsFullSize)
+{
+    FakeTable table(threeBillion, 1);
+    QTableModelAdapter model(table);
+    QAbstractItemModelTester const tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
+    model.setFirstRow(threeBillion);
+    EXPECT_EQ(text(model, 999999, 0), "2999999999,0");
+}
+
 TEST(QTableModelAdapterWindow, IsNotNeededForExactlyAMillionRows)
 {
     FakeTable table(1000000, 1);

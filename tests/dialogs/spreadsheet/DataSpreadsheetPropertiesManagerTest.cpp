@@ -397,6 +397,20 @@ TEST_F(DataSpreadsheetPropertiesManagerTest, TellsAFailureAtIdleOnce)
     EXPECT_THAT(messages.take(), ElementsAre("error: Failed to load zone metrics."));
 }
 
+TEST_F(DataSpreadsheetPropertiesManagerTest, TellsNothingAtIdleWhenTheUserStoppedTheLoadingOfDimensions)
+{
+    manager();
+    KernelSpy spy;
+    auto const before = manager().tableModel();
+    stage.session().renameZone(stage.dataSet(), 1, "renamed");
+    stage.session().setInterrupted(true);
+    spy.failNext("VelUtilZoneGetIJK", 2);
+    IdleDispatcher::flush();
+    stage.session().setInterrupted(false);
+    EXPECT_THAT(messages.take(), IsEmpty());
+    EXPECT_EQ(manager().tableModel(), before);
+}
+
 TEST_F(DataSpreadsheetPropertiesManagerTest, LetsItsMakerKnowThatDimensionsCannotBeHad)
 {
     stage.show();

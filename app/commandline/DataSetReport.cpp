@@ -26,7 +26,7 @@ QString variableLine(kernel::DataSet const& dataSet, int number)
                        .arg(QString::fromStdString(dataSet.variable(number)->name),
                             variableLocationText(dataSet, number), variableTypeText(dataSet, number));
     line += range.isValid() ? QStringLiteral(", %1 to %2").arg(range.min, 0, 'g', 9).arg(range.max, 0, 'g', 9)
-                            : QStringLiteral(", no values");
+                            : QStringLiteral(", ") + missingRangeText(dataSet, number);
     return line + QLatin1Char('\n');
 }
 

@@ -132,6 +132,19 @@ QString rangeText(kernel::ValueRange const& range)
     return QString::fromUtf8("%1 … %2").arg(range.min, 0, 'g', 5).arg(range.max, 0, 'g', 5);
 }
 
+QString missingRangeText(kernel::DataSet const& dataSet, int variable)
+{
+    QString text = QStringLiteral("no values");
+    for (int zone = 1; zone <= dataSet.zoneCount(); ++zone) {
+        kernel::Field const* const field = dataSet.field(zone, variable);
+        if (field && !field->isLoaded())
+            return QStringLiteral("not loaded");
+        if (field && field->group() && field->group()->loader() && field->group()->loader()->isMapped())
+            text = QStringLiteral("not known");
+    }
+    return text;
+}
+
 QString pickText(kernel::Session const& session)
 {
     constexpr int mostNumbers = 8;

@@ -68,7 +68,8 @@ void VariableTableModel::computeNextRange()
     int const row = rowOf(id);
     if (number > 0 && row >= 0) {
         Range& range = m_ranges[id];
-        QString const text = rangeText(variableRange(*dataSet, number));
+        kernel::ValueRange const values = variableRange(*dataSet, number);
+        QString const text = values.isValid() ? rangeText(values) : missingRangeText(*dataSet, number);
         bool const isNew = text != range.text;
         range = {text, true};
         if (isNew)

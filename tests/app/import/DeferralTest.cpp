@@ -162,4 +162,32 @@ TEST(Deferral, MapsLargeArraysThatAreAlignedInAnImageOfAnySize)
     }
 }
 
+TEST(Deferral, LoadsWhatTheFirstPlotNeedsWhenTheWholeIsTooMuch)
+{
+    using Need = app::LoadingPlan::Need;
+    app::LoadingPlan plan(app::Deferral::Auto, {});
+    plan.setTotal(1e15);
+    EXPECT_TRUE(plan.loadsNow(1e6, Need::FirstPlot));
+    EXPECT_FALSE(plan.loadsNow(1e6, Need::Later));
+    EXPECT_FALSE(plan.loadsNow(1e15, Need::FirstPlot));
+    EXPECT_TRUE(plan.loadsNow(0.0, Need::Later)) << "mapping takes no memory";
+}
+
+TEST(Deferral, LoadsEverythingThatTakesLittleOfTheMemory)
+{
+    app::LoadingPlan plan(app::Deferral::Auto, {});
+    plan.setTotal(1e6);
+    EXPECT_TRUE(plan.loadsNow(1e6, app::LoadingPlan::Need::Later));
+}
+
+TEST(Deferral, CanBeForcedOrForbidden)
+{
+    app::LoadingPlan always(app::Deferral::Always, {});
+    always.setTotal(1.0);
+    EXPECT_FALSE(always.loadsNow(1.0, app::LoadingPlan::Need::FirstPlot));
+    app::LoadingPlan never(app::Deferral::Never, {});
+    EXPECT_THROW(never.setTotal(1e15), app::ImportError);
+    EXPECT_TRUE(never.loadsNow(1.0, app::LoadingPlan::Need::Later));
+}
+
 } // namespace veldraw::test

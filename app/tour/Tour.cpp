@@ -6,6 +6,7 @@
 #include "app/tour/DeleteVariableStation.h"
 #include "app/tour/DuplicateZoneStation.h"
 #include "app/tour/MirrorZoneStation.h"
+#include "app/tour/SpreadsheetStation.h"
 #include "kernel/frames/Session.h"
 
 #include <QApplication>
@@ -38,6 +39,7 @@ TourReport const& Tour::run()
     openSamples();
     lookAtPlots();
     DeleteVariableStation(m_tour).run();
+    SpreadsheetStation(m_tour).run();
     DuplicateZoneStation(m_tour).run();
     AxialRotationStation(m_tour).run();
     saveResult();

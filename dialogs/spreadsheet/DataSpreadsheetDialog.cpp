@@ -132,6 +132,8 @@ void DataSpreadsheetDialog::Impl::setUpTable()
     table->setItemDelegate(new ZoneVarTableItemDelegate(manager, table));
     table->setModel(&adapter);
     table->setContextMenuPolicy(Qt::CustomContextMenu);
+    // A number that is too long for its cell is cut at its end, not broken at its point.
+    table->setWordWrap(false);
     makeLongTablesReachable();
     new EnterKeyTableNavigator(*table);
     new WidgetUpdateDeferrerOnBusy(*table);

@@ -47,8 +47,6 @@ void TableViewWithPreferredDimensions::layOutNow()
 {
     executeDelayedItemsLayout();
     updateGeometries();
-    // The width of the row names decides whether the lower scroll bar is needed, and that how many rows fit.
-    updateGeometries();
 }
 
 } // namespace veldraw::dialogs::common

@@ -1,0 +1,66 @@
+#include "app/tour/SpreadsheetStation.h"
+
+#include "dialogs/spreadsheet/DataSpreadsheetDialog.h"
+
+#include <QTableView>
+
+namespace veldraw::app {
+
+using sdk::ui::dialogs::DataSpreadsheetDialog;
+
+SpreadsheetStation::SpreadsheetStation(TourContext& context)
+    : m_tour(context)
+{
+}
+
+void SpreadsheetStation::run()
+{
+    auto* const dialog = m_tour.openDialog<DataSpreadsheetDialog>(Qt::Key_S);
+    if (!m_tour.check("Alt+D, S opens the Data Spreadsheet", dialog != nullptr))
+        return;
+    auto& table = *dialog->findChild<QTableView*>(QStringLiteral("dataSpreadsheet_Array_TableView"));
+    m_tour.check("the table has rows", table.model()->rowCount() > 0);
+    editByKeyboard(table);
+    takeBack(table);
+    goToTheEnd(table);
+    m_tour.user.key(Qt::Key_Escape);
+    m_tour.check("Escape closes the spreadsheet", !dialog->isVisible());
+}
+
+void SpreadsheetStation::editByKeyboard(QTableView& table)
+{
+    table.setFocus();
+    m_tour.user.key(Qt::Key_Home, Qt::ControlModifier);
+    // The first key opens the editor, which gets the others.
+    for (QChar const letter : QStringLiteral("12.5"))
+        m_tour.user.type(letter);
+    m_tour.user.key(Qt::Key_Return);
+    m_tour.user.settle();
+    m_tour.check("12.5 typed into the first cell", QStringLiteral("12.5"),
+                 table.model()->index(0, 0).data().toString());
+    m_tour.user.picture(QStringLiteral("spreadsheet-edited"));
+    m_tour.user.key(Qt::Key_Return);
+    m_tour.check("Return goes to the next row", 1, table.currentIndex().row());
+}
+
+void SpreadsheetStation::takeBack(QTableView& table)
+{
+    QWidget& dialog = *table.window();
+    m_tour.activate(m_tour.window);
+    m_tour.user.key(Qt::Key_Z, Qt::ControlModifier);
+    m_tour.user.settle();
+    m_tour.check("Ctrl+Z brings the old value back",
+                 table.model()->index(0, 0).data().toString() != QStringLiteral("12.5"));
+    m_tour.activate(dialog);
+}
+
+void SpreadsheetStation::goToTheEnd(QTableView& table)
+{
+    table.setFocus();
+    m_tour.user.key(Qt::Key_End, Qt::ControlModifier);
+    m_tour.user.settle();
+    m_tour.check("Ctrl+End goes to the last row", table.model()->rowCount() - 1, table.currentIndex().row());
+    m_tour.user.picture(QStringLiteral("spreadsheet-end"));
+}
+
+} // namespace veldraw::app

@@ -1,5 +1,7 @@
 #include "tests/app/plot/PlotTestPage.h"
 
+#include "tests/app/PictureDifference.h"
+
 #include <QApplication>
 #include <QDir>
 #include <QTest>
@@ -134,13 +136,7 @@ int PlotTestPage::pixelsNear(QImage const& image, QColor const& colour, int tole
 
 int PlotTestPage::differingPixels(QImage const& a, QImage const& b)
 {
-    if (a.size() != b.size())
-        return std::max(a.width() * a.height(), b.width() * b.height());
-    int pixels = 0;
-    for (int y = 0; y < a.height(); ++y)
-        for (int x = 0; x < a.width(); ++x)
-            pixels += a.pixel(x, y) != b.pixel(x, y) ? 1 : 0;
-    return pixels;
+    return tests::differingPixels(a, b);
 }
 
 } // namespace veldraw::test

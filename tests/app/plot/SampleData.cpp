@@ -81,6 +81,8 @@ void SampleData::addField(Zone& zone, std::vector<double> const& values, ValueLo
 
 DataSetPtr SampleData::block(int i, int j, int k)
 {
+    // A direction with a single point is at its start.
+    auto const share = [](int n, int count) { return count > 1 ? n / (count - 1.0) : 0.0; };
     auto set = emptySet({"X", "Y", "Z", "p"});
     auto const zone = addZone(*set, "Block", ZoneType_Ordered, i, j, k);
     std::vector<double> x;
@@ -90,13 +92,13 @@ DataSetPtr SampleData::block(int i, int j, int k)
     for (int c = 0; c < k; ++c)
         for (int b = 0; b < j; ++b)
             for (int a = 0; a < i; ++a) {
-                double const s = a / (i - 1.0);
-                double const angle = 0.5 * pi * b / (j - 1.0);
-                double const radius = 1.0 + c / (k - 1.0);
+                double const s = share(a, i);
+                double const angle = 0.5 * pi * share(b, j);
+                double const radius = 1.0 + share(c, k);
                 x.push_back(2.0 * s);
                 y.push_back(radius * std::cos(angle));
                 z.push_back(radius * std::sin(angle));
-                p.push_back(50.0 * s + 25.0 * (radius - 1.0) + 25.0 * b / (j - 1.0));
+                p.push_back(50.0 * s + 25.0 * (radius - 1.0) + 25.0 * share(b, j));
             }
     for (auto const* const values : {&x, &y, &z, &p})
         addField(*zone, *values);

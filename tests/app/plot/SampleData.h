@@ -17,7 +17,7 @@ public:
     using Formula = std::function<double(double x, double y, double z)>;
     using DataSetPtr = std::shared_ptr<kernel::DataSet>;
 
-    /// A bent block of I x J x K points with X, Y, Z and p (0 to 100, growing with X and Z).
+    /// A bent block of I x J x K points with X, Y, Z and p (0 to 100, growing with X and Z); a bent sheet when K is 1.
     static DataSetPtr block(int i, int j, int k);
 
     /// A sheet in the plane: X from 0 to 2, Y from 0 to 1, p running from -5 (left) to 15 (right).

@@ -41,6 +41,11 @@ QString joinedNames(QStringList names)
     return names.size() > 3 ? QString() : names.join(QStringLiteral(", "));
 }
 
+bool areDisjoint(std::set<kernel::UniqueId> const& a, std::set<kernel::UniqueId> const& b)
+{
+    return std::none_of(a.begin(), a.end(), [&b](kernel::UniqueId id) { return b.count(id) != 0; });
+}
+
 } // namespace
 
 LineView::LineView()
@@ -84,8 +89,9 @@ void LineView::setArea(ViewArea const& viewArea)
 FrameNotice LineView::show(kernel::Frame const& frame)
 {
     m_chart->ClearPlots();
-    Limits const before = m_limits;
+    bool const wasShown = m_limits.isValid;
     m_limits = {};
+    m_variables = {};
     if (!frame.dataSet)
         return {tr("This frame has no data set."), true};
     if (!frame.showLines && !frame.showSymbols)
@@ -105,10 +111,21 @@ FrameNotice LineView::show(kernel::Frame const& frame)
     if (!m_limits.isValid)
         return {tr("The curves have no finite values."), true};
     setArea(area());
-    if (!before.isValid || !(before == m_limits))
-        fit();
+    placeView(!wasShown && m_viewLimits != m_limits);
     bool const hasAll = index == m_chart->GetNumberOfPlots();
     return {hasAll ? QString() : reason, false};
+}
+
+// Where the user has looked at a part of the curves, that part stays in view, also when curves come and go. Curves of
+// other variables are shown whole.
+void LineView::placeView(bool isNew)
+{
+    for (std::size_t axis = 0; axis < 2; ++axis)
+        isNew = isNew || areDisjoint(m_variables[axis], m_viewVariables[axis]);
+    if (isNew || (m_isFitted && m_viewLimits != m_limits))
+        fit();
+    m_viewLimits = m_limits;
+    m_viewVariables = m_variables;
 }
 
 QString LineView::addCurve(kernel::Frame const& frame, kernel::LineMap const& map, int index)
@@ -140,6 +157,8 @@ QString LineView::addCurve(kernel::Frame const& frame, kernel::LineMap const& ma
     styleCurve(*curve, PlotTheme::curve(index), frame, points->GetNumberOfRows() == 1);
     curve->SetLabel(map.name.empty() ? dataSet.variable(y)->name : map.name);
     m_chart->AddPlot(curve);
+    m_variables[0].insert(map.xVariable);
+    m_variables[1].insert(map.yVariable);
     include(*points);
     return {};
 }
@@ -202,6 +221,7 @@ void LineView::fit()
     auto const y = roomy(m_limits.min[1], m_limits.max[1], 0.06);
     m_chart->GetAxis(vtkAxis::BOTTOM)->SetRange(x[0], x[1]);
     m_chart->GetAxis(vtkAxis::LEFT)->SetRange(y[0], y[1]);
+    m_isFitted = true;
 }
 
 QPointF LineView::inBox(QPointF const& inArea) const
@@ -215,6 +235,7 @@ QPointF LineView::inBox(QPointF const& inArea) const
 
 void LineView::pan(QPointF const& from, QPointF const& to)
 {
+    m_isFitted = false;
     QPointF const step = inBox(to) - inBox(from);
     auto const move = [](vtkAxis& axis, double share) {
         double const shift = share * (axis.GetMaximum() - axis.GetMinimum());
@@ -226,6 +247,7 @@ void LineView::pan(QPointF const& from, QPointF const& to)
 
 void LineView::zoom(double factor, QPointF const& at)
 {
+    m_isFitted = false;
     QPointF const fixed = inBox(at);
     auto const scale = [factor](vtkAxis& axis, double share) {
         double const width = axis.GetMaximum() - axis.GetMinimum();

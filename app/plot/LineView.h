@@ -8,6 +8,7 @@
 #include <vtkSmartPointer.h>
 
 #include <array>
+#include <set>
 
 class vtkPlotLine;
 class vtkTable;
@@ -38,13 +39,16 @@ private:
         bool isValid = false;
         std::array<double, 2> min{};
         std::array<double, 2> max{};
-        bool operator==(Limits const& other) const { return min == other.min && max == other.max; }
+        bool operator!=(Limits const& other) const { return min != other.min || max != other.max; }
     };
+
+    using Variables = std::set<kernel::UniqueId>;
 
     void styleChart();
     QString addCurve(kernel::Frame const& frame, kernel::LineMap const& map, int index);
     void styleCurve(vtkPlotLine& curve, QColor const& colour, kernel::Frame const& frame, bool isPoint) const;
     void include(vtkTable& points);
+    void placeView(bool isNew);
     void setTitles(kernel::Frame const& frame);
 
     /// A position of the area as a share of the box between the axes.
@@ -52,7 +56,11 @@ private:
 
     vtkNew<vtkContextActor> m_actor;
     vtkNew<vtkChartXY> m_chart;
-    Limits m_limits;
+    Limits m_limits;                          // of what is shown
+    Limits m_viewLimits;                      // of what was shown when the view was placed
+    std::array<Variables, 2> m_variables;     // that the curves have along each axis
+    std::array<Variables, 2> m_viewVariables; // that they had when the view was placed
+    bool m_isFitted = false;
 };
 
 } // namespace veldraw::app

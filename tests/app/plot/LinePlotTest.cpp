@@ -6,6 +6,7 @@
 #include <vtkAxis.h>
 #include <vtkPlot.h>
 
+#include <array>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
@@ -116,6 +117,121 @@ TEST(LinePlot, MovesAndEnlargesByTheMouseAndFits)
     EXPECT_GT(PlotTestPage::differingPixels(before, page.plot()), 500);
     page.view().fitAllFrames();
     EXPECT_EQ(PlotTestPage::differingPixels(before, page.plot()), 0);
+}
+
+namespace {
+
+/// A line plot whose curves get another extent.
+class LineViewAfterChange : public ::testing::Test
+{
+protected:
+    LineViewAfterChange()
+        : page({SampleData::waveFrame(SampleData::waves(100))})
+    {
+        page.picture();
+    }
+
+    void edit(double value)
+    {
+        ASSERT_TRUE(page.session().setValue(*page.frame().dataSet, 1, 2, 60, value, false));
+        page.picture();
+    }
+
+    void moveView()
+    {
+        page.drag(page.at(0.4, 0.5), page.at(0.5, 0.45));
+        page.wheel(page.at(0.3, 0.5), 3);
+    }
+
+    std::array<double, 4> limits()
+    {
+        vtkAxis& x = *page.lines().chart().GetAxis(vtkAxis::BOTTOM);
+        vtkAxis& y = *page.lines().chart().GetAxis(vtkAxis::LEFT);
+        return {x.GetMinimum(), x.GetMaximum(), y.GetMinimum(), y.GetMaximum()};
+    }
+
+    // As a frame looks that has just been opened with the same data.
+    void expectFitted()
+    {
+        auto const frame = SampleData::waveFrame(page.frame().dataSet);
+        frame->lineMaps = page.frame().lineMaps;
+        PlotTestPage fresh({frame});
+        fresh.picture();
+        vtkAxis& x = *fresh.lines().chart().GetAxis(vtkAxis::BOTTOM);
+        vtkAxis& y = *fresh.lines().chart().GetAxis(vtkAxis::LEFT);
+        EXPECT_EQ(limits(), (std::array<double, 4>{x.GetMinimum(), x.GetMaximum(), y.GetMinimum(), y.GetMaximum()}));
+    }
+
+    PlotTestPage page;
+};
+
+} // namespace
+
+TEST_F(LineViewAfterChange, OneThatShowsTheWholeGoesOnDoingSo)
+{
+    edit(30.0);
+    EXPECT_GT(limits()[3], 30.0);
+    expectFitted();
+    ASSERT_TRUE(page.session().undo());
+    page.picture();
+    EXPECT_LT(limits()[3], 2.0);
+    expectFitted();
+}
+
+TEST_F(LineViewAfterChange, OneThatWasMovedStaysThroughEditUndoAndRedo)
+{
+    moveView();
+    auto const before = limits();
+    edit(30.0);
+    EXPECT_EQ(before, limits());
+    ASSERT_TRUE(page.session().undo());
+    page.picture();
+    EXPECT_EQ(before, limits());
+    ASSERT_TRUE(page.session().redo());
+    page.picture();
+    EXPECT_EQ(before, limits());
+}
+
+TEST_F(LineViewAfterChange, OneThatWasMovedFollowsTheDataAgainAfterAFit)
+{
+    moveView();
+    page.view().fitActiveFrame();
+    edit(30.0);
+    expectFitted();
+}
+
+TEST_F(LineViewAfterChange, OneThatWasMovedStaysWhileItsCurvesAreGone)
+{
+    moveView();
+    auto const before = limits();
+    ASSERT_TRUE(page.session().deleteVariables(*page.frame().dataSet, {1}));
+    page.picture();
+    ASSERT_NE(page.notice(), QString());
+    ASSERT_TRUE(page.session().undo());
+    page.picture();
+    EXPECT_EQ(before, limits());
+}
+
+TEST_F(LineViewAfterChange, OneThatWasMovedStaysWhenACurveGoes)
+{
+    edit(30.0);
+    moveView();
+    auto const before = limits();
+    ASSERT_TRUE(page.session().deleteVariables(*page.frame().dataSet, {2}));
+    page.picture();
+    ASSERT_EQ(page.lines().chart().GetNumberOfPlots(), 1);
+    EXPECT_EQ(before, limits());
+}
+
+TEST_F(LineViewAfterChange, OtherVariablesOnAnAxisAreShownWhole)
+{
+    moveView();
+    kernel::UniqueId const time = page.frame().lineMaps[0].xVariable;
+    ASSERT_TRUE(
+        page.session().changeLineMaps(page.frame().id, {1, 2}, [time](kernel::LineMap& map) { map.yVariable = time; }));
+    page.picture();
+    EXPECT_GT(limits()[3], 12.0);
+    expectFitted();
 }
 
 TEST(LinePoints, TakesTheMiddleOfTwoPointsForAValueInACell)

@@ -29,6 +29,9 @@ protected:
         environment.remove(QStringLiteral("DISPLAY"));
         environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
         environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
+        // Keeps drivers loaded in the program too when leaks are looked for, as tools/with-display does.
+        if (environment.contains(QStringLiteral("VELDRAW_PRELOAD")))
+            environment.insert(QStringLiteral("LD_PRELOAD"), environment.value(QStringLiteral("VELDRAW_PRELOAD")));
         QProcess process;
         process.setProcessEnvironment(environment);
         process.start(QStringLiteral(VELDRAW_PROGRAM), arguments);

@@ -2,6 +2,7 @@
 
 #include "dialogs/spreadsheet/DataSpreadsheetDialog.h"
 
+#include <QComboBox>
 #include <QTableView>
 
 namespace veldraw::app {
@@ -20,15 +21,21 @@ void SpreadsheetStation::run()
         return;
     auto& table = *dialog->findChild<QTableView*>(QStringLiteral("dataSpreadsheet_Array_TableView"));
     m_tour.check("the table has rows", table.model()->rowCount() > 0);
-    editByKeyboard(table);
-    takeBack(table);
+    QString const variable =
+        dialog->findChild<QComboBox*>(QStringLiteral("dataSpreadsheet_Variable_ComboBox"))->currentText();
+    QString const name = variable.section(QStringLiteral(": "), 1);
+    editByKeyboard(table, name);
+    takeBack(table, name);
     goToTheEnd(table);
     m_tour.user.key(Qt::Key_Escape);
     m_tour.check("Escape closes the spreadsheet", !dialog->isVisible());
 }
 
-void SpreadsheetStation::editByKeyboard(QTableView& table)
+void SpreadsheetStation::editByKeyboard(QTableView& table, QString const& variable)
 {
+    m_rangeBefore = m_tour.shownRange(variable);
+    m_valueBefore = table.model()->index(0, 0).data().toString();
+    m_plotBefore = m_tour.plot();
     table.setFocus();
     m_tour.user.key(Qt::Key_Home, Qt::ControlModifier);
     // The first key opens the editor, which gets the others.
@@ -38,19 +45,27 @@ void SpreadsheetStation::editByKeyboard(QTableView& table)
     m_tour.user.settle();
     m_tour.check("12.5 typed into the first cell", QStringLiteral("12.5"),
                  table.model()->index(0, 0).data().toString());
+    QString const range = m_rangeBefore.section(QLatin1Char(' '), 0, 1) + QStringLiteral(" 12.5");
+    m_tour.user.waitFor([&] { return m_tour.shownRange(variable) == range; });
+    m_tour.check("the dock's range of the variable ends at 12.5", range, m_tour.shownRange(variable));
+    m_tour.user.settle(500);
+    m_tour.check("the plot has followed", m_tour.plot() != m_plotBefore);
     m_tour.user.picture(QStringLiteral("spreadsheet-edited"));
     m_tour.user.key(Qt::Key_Return);
     m_tour.check("Return goes to the next row", 1, table.currentIndex().row());
 }
 
-void SpreadsheetStation::takeBack(QTableView& table)
+void SpreadsheetStation::takeBack(QTableView& table, QString const& variable)
 {
     QWidget& dialog = *table.window();
     m_tour.activate(m_tour.window);
     m_tour.user.key(Qt::Key_Z, Qt::ControlModifier);
-    m_tour.user.settle();
-    m_tour.check("Ctrl+Z brings the old value back",
-                 table.model()->index(0, 0).data().toString() != QStringLiteral("12.5"));
+    m_tour.user.settle(500);
+    m_tour.check("Ctrl+Z brings the old value back", m_valueBefore, table.model()->index(0, 0).data().toString());
+    m_tour.user.waitFor([&] { return m_tour.shownRange(variable) == m_rangeBefore; });
+    m_tour.check("the dock's range is the old one", m_rangeBefore, m_tour.shownRange(variable));
+    m_tour.check("the plot is as it was", m_tour.plot() == m_plotBefore);
+    m_tour.user.picture(QStringLiteral("spreadsheet-undone"));
     m_tour.activate(dialog);
 }
 

@@ -2,6 +2,9 @@
 
 #include "app/tour/TourContext.h"
 
+#include <QImage>
+#include <QString>
+
 class QTableView;
 
 namespace veldraw::app {
@@ -15,11 +18,15 @@ public:
     void run();
 
 private:
-    void editByKeyboard(QTableView& table);
-    void takeBack(QTableView& table);
+    /// @param variable that the table shows
+    void editByKeyboard(QTableView& table, QString const& variable);
+    void takeBack(QTableView& table, QString const& variable);
     void goToTheEnd(QTableView& table);
 
     TourContext& m_tour;
+    QString m_rangeBefore; // in the dock
+    QString m_valueBefore; // in the first cell
+    QImage m_plotBefore;
 };
 
 } // namespace veldraw::app

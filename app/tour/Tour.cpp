@@ -5,6 +5,8 @@
 #include "app/tour/AxialRotationStation.h"
 #include "app/tour/DeleteVariableStation.h"
 #include "app/tour/DuplicateZoneStation.h"
+#include "app/tour/LoadVariableStation.h"
+#include "app/tour/LongTableStation.h"
 #include "app/tour/MirrorZoneStation.h"
 #include "app/tour/SpreadsheetStation.h"
 #include "kernel/frames/Session.h"
@@ -27,8 +29,8 @@ QString sizeOf(kernel::DataSet const& dataSet)
 
 } // namespace
 
-Tour::Tour(MainWindow& window, QString samples, QString out)
-    : m_tour(window, out)
+Tour::Tour(MainWindow& window, QString samples, QString out, std::atomic<Deferral>& deferral)
+    : m_tour(window, out, deferral)
     , m_samples(std::move(samples))
     , m_out(std::move(out))
 {
@@ -43,6 +45,8 @@ TourReport const& Tour::run()
     DuplicateZoneStation(m_tour).run();
     AxialRotationStation(m_tour).run();
     saveResult();
+    LoadVariableStation(m_tour, m_samples + QStringLiteral("/tetra.vtu")).run();
+    LongTableStation(m_tour, m_samples + QStringLiteral("/line.mhd")).run();
     openBar();
     MirrorZoneStation(m_tour).run();
     pickZone();
@@ -73,13 +77,12 @@ void Tour::lookAtPlots()
     m_tour.check("one sample opened on a fresh page", 1,
                  static_cast<int>(kernel::Session::instance().activePage()->frames.size()));
     m_tour.user.picture(QStringLiteral("opened"));
-    QImage const before = m_tour.window.centralWidget()->grab().toImage();
+    QImage const before = m_tour.plot();
     m_tour.activate(m_tour.window);
     m_tour.user.key(Qt::Key_P, Qt::AltModifier);
     m_tour.user.key(Qt::Key_2);
     m_tour.user.settle(500);
-    m_tour.check("Alt+P, 2 shows a 2D plot that differs from the 3D plot",
-                 m_tour.window.centralWidget()->grab().toImage() != before);
+    m_tour.check("Alt+P, 2 shows a 2D plot that differs from the 3D plot", m_tour.plot() != before);
     m_tour.user.picture(QStringLiteral("in-2d"));
     m_tour.activate(m_tour.window);
     m_tour.user.key(Qt::Key_Z, Qt::ControlModifier);
@@ -137,7 +140,7 @@ void Tour::pickZone()
 
 int Tour::coloursOnPage()
 {
-    QImage const image = m_tour.window.centralWidget()->grab().toImage();
+    QImage const image = m_tour.plot();
     QSet<QRgb> colours;
     for (int y = 0; y < image.height(); y += 2)
         for (int x = 0; x < image.width(); x += 2)

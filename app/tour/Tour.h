@@ -14,7 +14,8 @@ class Tour
 {
 public:
     /// @param samples folder of the bundled samples; @param out folder for pictures and results
-    Tour(MainWindow& window, QString samples, QString out);
+    /// @param deferral which values @p window loads with the files that it opens
+    Tour(MainWindow& window, QString samples, QString out, std::atomic<Deferral>& deferral);
 
     TourReport const& run();
 

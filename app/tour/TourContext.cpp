@@ -1,5 +1,6 @@
 #include "app/tour/TourContext.h"
 
+#include "app/window/VariableTableModel.h"
 #include "kernel/frames/Session.h"
 
 #include <QAbstractSpinBox>
@@ -7,15 +8,17 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
+#include <QImage>
 #include <QListView>
 #include <QMenu>
 #include <QPushButton>
 
 namespace veldraw::app {
 
-TourContext::TourContext(MainWindow& mainWindow, QString const& pictureFolder)
+TourContext::TourContext(MainWindow& mainWindow, QString const& pictureFolder, std::atomic<Deferral>& openingDeferral)
     : window(mainWindow)
     , user(pictureFolder)
+    , deferral(openingDeferral)
 {
 }
 
@@ -115,6 +118,20 @@ bool TourContext::assignVariable(char assignment, int variable)
         user.key(Qt::Key_Down);
     user.settle();
     return kernel::Session::instance().activeFrame()->variableNumber(assignment) == variable;
+}
+
+QString TourContext::shownRange(QString const& variable) const
+{
+    auto const& model = *window.findChild<QAbstractItemView*>(QStringLiteral("variableView"))->model();
+    for (int row = 0; row < model.rowCount(); ++row)
+        if (model.index(row, VariableTableModel::rangeColumn - 1).data().toString() == variable)
+            return model.index(row, VariableTableModel::rangeColumn).data().toString();
+    return {};
+}
+
+QImage TourContext::plot() const
+{
+    return window.centralWidget()->grab().toImage();
 }
 
 QAction* TourContext::action(char const* objectName) const

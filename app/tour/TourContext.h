@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/import/Deferral.h"
 #include "app/tour/TourReport.h"
 #include "app/tour/UserDriver.h"
 #include "app/window/MainWindow.h"
@@ -7,8 +8,11 @@
 
 #include <QString>
 
+#include <atomic>
+
 class QAction;
 class QDialog;
+class QImage;
 class QListView;
 class QPushButton;
 
@@ -18,11 +22,13 @@ namespace veldraw::app {
 class TourContext
 {
 public:
-    TourContext(MainWindow& mainWindow, QString const& pictureFolder);
+    /// @param openingDeferral which values the window loads with the files that it opens; stations may change it
+    TourContext(MainWindow& mainWindow, QString const& pictureFolder, std::atomic<Deferral>& openingDeferral);
 
     MainWindow& window;
     UserDriver user;
     TourReport report;
+    std::atomic<Deferral>& deferral;
 
     /// Notes a step with what was expected and what was found. @return true when both are equal
     bool check(char const* step, QString const& expected, QString const& found);
@@ -52,6 +58,12 @@ public:
     /// Assigns a variable to an axis or a component of the vector in the "Plot" panel, by keys: Ctrl+4, Tab, arrows.
     /// @return false when it does not stand there afterwards
     bool assignVariable(char assignment, int variable);
+
+    /// The range of a variable as the dock shows it.
+    QString shownRange(QString const& variable) const;
+
+    /// What the plots look like now.
+    QImage plot() const;
 
     /// An entry of the menus by its object name, null if there is none.
     QAction* action(char const* objectName) const;

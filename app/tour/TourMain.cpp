@@ -11,6 +11,7 @@
 #include <QTextStream>
 #include <QTimer>
 
+#include <atomic>
 #include <cstdio>
 #include <cstdlib>
 
@@ -42,12 +43,17 @@ int main(int argc, char** argv)
 
     bool asExpected = false;
     {
+        // Files are read by a thread of their own.
+        std::atomic<app::Deferral> deferral(app::Deferral::Auto);
+        auto const reader = [&deferral](QString const& path, app::ImportJob::Progress const& progress) {
+            return app::importDeferring(deferral, path, progress);
+        };
         app::MainWindow window(kernel::Session::instance(), app::CentralView::ofPage(kernel::Session::instance()),
-                               app::importFile);
+                               reader);
         window.move(0, 0);
         window.resize(1500, 1000);
         window.show();
-        app::Tour tour(window, parser.value(QStringLiteral("samples")), parser.value(QStringLiteral("out")));
+        app::Tour tour(window, parser.value(QStringLiteral("samples")), parser.value(QStringLiteral("out")), deferral);
         app::TourReport const& report = tour.run();
         QTextStream(stdout) << report.toText();
         asExpected = report.allAsExpected();

@@ -65,17 +65,18 @@ QImage withFewColours(QImage const& image)
 
 } // namespace
 
-HelpPictures::HelpPictures(MainWindow& window, QString samples, QString out)
+HelpPictures::HelpPictures(MainWindow& window, QString samples, QString out, std::atomic<Deferral>& deferral)
     : m_window(window)
     , m_user(out)
     , m_samples(std::move(samples))
     , m_out(std::move(out))
+    , m_deferral(deferral)
 {
 }
 
 QStringList HelpPictures::take()
 {
-    openBar();
+    open(QStringLiteral("tetra.vtu"), Deferral::Auto);
     takePlot(QStringLiteral("bar"));
     for (HelpSubject const& subject : helpSubjects())
         takeOf(subject);
@@ -83,10 +84,14 @@ QStringList HelpPictures::take()
     return m_problems;
 }
 
-void HelpPictures::openBar()
+void HelpPictures::open(QString const& sample, Deferral deferral)
 {
+    if (sample == m_open && deferral == m_deferral)
+        return;
+    m_open = sample;
+    m_deferral = deferral;
     activate(m_window);
-    m_window.openFiles({m_samples + QStringLiteral("/tetra.vtu")}, DocumentController::Place::FreshPage);
+    m_window.openFiles({m_samples + QLatin1Char('/') + sample}, DocumentController::Place::FreshPage);
     m_user.settle(1500);
 }
 
@@ -98,6 +103,7 @@ void HelpPictures::takeOf(HelpSubject const& subject)
         return;
     }
     QString const topic = QString::fromLatin1(subject.topic);
+    open(QString::fromLatin1(subject.sample), subject.deferral);
     operation->dialog(m_window).launch();
     auto* const dialog = UserDriver::visibleWindow<dialogs::common::QtDialogAbstract>();
     activate(*dialog);

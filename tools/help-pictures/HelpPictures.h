@@ -7,6 +7,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <atomic>
+
 namespace veldraw::app {
 
 /// Opens each dialog that has a help page, enters something sensible by clicks and keys, and takes pictures of the dialog and of the
@@ -14,14 +16,15 @@ namespace veldraw::app {
 class HelpPictures
 {
 public:
-    /// @param samples folder of the bundled samples; @param out folder for the pictures
-    HelpPictures(MainWindow& window, QString samples, QString out);
+    /// @param samples folder of the bundled samples, with line.mhd; @param out folder for the pictures
+    /// @param deferral which values @p window loads with the files that it opens
+    HelpPictures(MainWindow& window, QString samples, QString out, std::atomic<Deferral>& deferral);
 
     /// @return what went wrong, empty if nothing did
     QStringList take();
 
 private:
-    void openBar();
+    void open(QString const& sample, Deferral deferral);
     void takeOf(HelpSubject const& subject);
     void takePlot(QString const& name);
     void takeDialog(QDialog& dialog, QString const& name);
@@ -32,6 +35,8 @@ private:
     UserDriver m_user;
     QString m_samples;
     QString m_out;
+    std::atomic<Deferral>& m_deferral;
+    QString m_open; // the sample
     QStringList m_problems;
 };
 

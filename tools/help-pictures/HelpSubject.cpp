@@ -61,6 +61,28 @@ void enterAxialDuplication(QDialog& dialog, UserDriver& user)
     enterNumber(dialog, user, "numberOfSegments", "6");
 }
 
+// As narrow as it can be, so that the picture fits into the page.
+void showTable(QDialog& dialog, UserDriver& user)
+{
+    dialog.resize(dialog.minimumSizeHint().width(), 330);
+    user.settle();
+    child<QWidget>(dialog, "dataSpreadsheet_Array_TableView").setFocus();
+    user.key(Qt::Key_Home, Qt::ControlModifier);
+}
+
+void showLastRow(QDialog& dialog, UserDriver& user)
+{
+    showTable(dialog, user);
+    user.key(Qt::Key_End, Qt::ControlModifier);
+}
+
+void selectVariables(QDialog& dialog, UserDriver& user)
+{
+    auto& list = child<QListView>(dialog, "LoadVariables_Variables_listView");
+    user.clickRow(list, 0);
+    user.clickRow(list, 2, Qt::ShiftModifier);
+}
+
 } // namespace
 
 std::vector<HelpSubject> const& helpSubjects()
@@ -70,6 +92,9 @@ std::vector<HelpSubject> const& helpSubjects()
         {"axialRotationAction", "axial_rotation", "&Rotate", enterRotation},
         {"createMirrorZoneAction", "create_zone_mirror", "C&reate", enterMirror},
         {"duplicateZoneAction", "create_zone_duplicate", nullptr, enterDuplicate},
+        {"dataSpreadsheetAction", "spreadsheet", nullptr, showTable},
+        {"loadVariableAction", "load_variable", nullptr, selectVariables, "tetra.vtu", Deferral::Always},
+        {"dataSpreadsheetAction", "spreadsheet_long", nullptr, showLastRow, "line.mhd"},
     };
     return subjects;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/import/Deferral.h"
 #include "app/tour/UserDriver.h"
 
 #include <QString>
@@ -15,12 +16,14 @@ namespace veldraw::app {
 struct HelpSubject
 {
     char const* action; ///< object name of its entry in the Data menu
-    char const* topic;  ///< name of the page and of its pictures
+    char const* topic;  ///< name of its pictures, which begins with that of the page
     char const* button; ///< text of the button that does it; null where the plot looks the same afterwards
     std::function<void(QDialog&, UserDriver&)> enter;
+    char const* sample = "tetra.vtu"; ///< the file that is open
+    Deferral deferral = Deferral::Auto;
 };
 
-/// All of them, over the sample of a bar that ends at x = 0.
+/// All of them. Those of one file follow each other; it is the sample of a bar that ends at x = 0 but for what is about large files.
 std::vector<HelpSubject> const& helpSubjects();
 
 } // namespace veldraw::app

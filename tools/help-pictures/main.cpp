@@ -9,6 +9,7 @@
 #include <QSettings>
 #include <QTemporaryDir>
 
+#include <atomic>
 #include <cstdio>
 
 // Takes the pictures of the help pages: exit status 0 when all were taken.
@@ -31,13 +32,18 @@ int main(int argc, char** argv)
 
     QStringList problems;
     {
+        // Files are read by a thread of their own.
+        std::atomic<app::Deferral> deferral(app::Deferral::Auto);
+        auto const reader = [&deferral](QString const& path, app::ImportJob::Progress const& progress) {
+            return app::importDeferring(deferral, path, progress);
+        };
         app::MainWindow window(kernel::Session::instance(), app::CentralView::ofPage(kernel::Session::instance()),
-                               app::importFile);
+                               reader);
         window.move(0, 0);
         window.resize(1100, 700);
         window.show();
-        app::HelpPictures pictures(window, parser.value(QStringLiteral("samples")),
-                                   parser.value(QStringLiteral("out")));
+        app::HelpPictures pictures(window, parser.value(QStringLiteral("samples")), parser.value(QStringLiteral("out")),
+                                   deferral);
         problems = pictures.take();
     }
     host::KernelBridge::shutDown();

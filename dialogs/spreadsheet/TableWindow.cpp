@@ -116,22 +116,28 @@ void TableWindow::setCurrent(Cell const& cell, bool extend)
 
 bool TableWindow::eventFilter(QObject* watched, QEvent* event)
 {
-    auto const* const mouse = static_cast<QMouseEvent*>(event);
-    if (event->type() == QEvent::MouseButtonPress && mouse->button() == Qt::LeftButton) {
-        m_isPressed = true;
-        QModelIndex const index = m_view.indexAt(mouse->pos());
-        bool const extends = mouse->modifiers() == Qt::ShiftModifier;
-        // The view would extend from what it has of the selection, which may begin outside the window.
-        if (extends && index.isValid() && !(showsAll(Qt::Vertical) && showsAll(Qt::Horizontal))) {
-            setCurrent(m_adapter.tableIndex(index), true);
-            return true;
-        }
-        if (!extends && index.isValid())
-            m_anchor = m_adapter.tableIndex(index);
-    } else if (event->type() == QEvent::MouseButtonRelease) {
+    if (event->type() == QEvent::MouseButtonPress && press(*static_cast<QMouseEvent const*>(event)))
+        return true;
+    if (event->type() == QEvent::MouseButtonRelease)
         m_isPressed = false;
-    }
     return QObject::eventFilter(watched, event);
+}
+
+bool TableWindow::press(QMouseEvent const& mouse)
+{
+    if (mouse.button() != Qt::LeftButton)
+        return false;
+    m_isPressed = true;
+    QModelIndex const index = m_view.indexAt(mouse.pos());
+    bool const extends = mouse.modifiers() == Qt::ShiftModifier;
+    // The view would extend from what it has of the selection, which may begin outside the window.
+    if (extends && index.isValid() && !(showsAll(Qt::Vertical) && showsAll(Qt::Horizontal))) {
+        setCurrent(m_adapter.tableIndex(index), true);
+        return true;
+    }
+    if (!extends && index.isValid())
+        m_anchor = m_adapter.tableIndex(index);
+    return false;
 }
 
 void TableWindow::onCurrentChanged(QModelIndex const& index)

@@ -7,6 +7,7 @@
 #include <optional>
 
 class QItemSelectionRange;
+class QMouseEvent;
 class QScrollBar;
 
 namespace veldraw::dialogs::common {
@@ -69,6 +70,8 @@ Q_SIGNALS:
     void positionChanged();
 
 private:
+    /// @return whether the press was dealt with here and is to be kept from the view
+    bool press(QMouseEvent const& mouse);
     void onCurrentChanged(QModelIndex const& index);
     void onSelectionChanged();
     void onWindowChanged();

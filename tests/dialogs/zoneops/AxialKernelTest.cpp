@@ -1,4 +1,5 @@
 #include "platform/vdsdkcommon/WaitState.h"
+#include "tests/dialogs/support/RecordedGuards.h"
 #include "tests/dialogs/zoneops/AxialFixture.h"
 #include "tests/support/KernelSpy.h"
 
@@ -348,14 +349,7 @@ template <typename Fixture>
 class AxialGuardsTest : public Fixture
 {
 protected:
-    AxialGuardsTest()
-    {
-        host::MessagePresenter::install([this](std::string const&, MessageBoxType_e) {
-            locks.push_back(sdk::AppLock::depth());
-            waits.push_back(sdk::WaitState::depth());
-        });
-        this->launched();
-    }
+    AxialGuardsTest() { this->launched(); }
 
     /// First without a selection, then on a locked data set.
     void refuseTwice()
@@ -364,13 +358,11 @@ protected:
         this->sample.session().setLock(this->sample.dataSet(), "another operation");
         this->clickRow(0);
         this->clickAction();
-        EXPECT_THAT(locks, ElementsAre(0, 1)) << "what is read before needs no lock";
-        EXPECT_THAT(waits, ElementsAre(0, 0));
+        EXPECT_EQ(told.guards(), (RecordedGuards::Guards{{0, 0}, {1, 0}})) << "what is read before needs no lock";
         EXPECT_EQ(sdk::AppLock::depth(), 0);
     }
 
-    std::vector<int> locks;
-    std::vector<int> waits;
+    RecordedGuards told;
 };
 
 using AxialRotationGuardsTest = AxialGuardsTest<AxialRotationFixture>;

@@ -1,3 +1,4 @@
+#include "tests/dialogs/support/RecordedGuards.h"
 #include "tests/dialogs/zoneops/CreateMirrorZoneFixture.h"
 
 #include <gmock/gmock.h>
@@ -234,23 +235,17 @@ TEST_F(CreateMirrorZoneDialogTest, CannotBeUsedOutsideFieldPlots)
 class CreateMirrorZoneGuardsTest : public CreateMirrorZoneFixture
 {
 protected:
-    using Guards = std::vector<std::pair<int, int>>;
+    using Guards = RecordedGuards::Guards;
 
-    CreateMirrorZoneGuardsTest()
-    {
-        host::MessagePresenter::install([this](std::string const&, MessageBoxType_e) {
-            guards.emplace_back(sdk::AppLock::depth(), sdk::WaitState::depth());
-        });
-        launched();
-    }
+    CreateMirrorZoneGuardsTest() { launched(); }
 
-    Guards guards;
+    RecordedGuards told;
 };
 
 TEST_F(CreateMirrorZoneGuardsTest, LocksTheApplicationWhileItTellsARefusal)
 {
     clickAction();
-    EXPECT_EQ(guards, (Guards{{1, 0}}));
+    EXPECT_EQ(told.guards(), (Guards{{1, 0}}));
     EXPECT_EQ(sdk::AppLock::depth(), 0);
 }
 
@@ -258,7 +253,7 @@ TEST_F(CreateMirrorZoneGuardsTest, IsBusyAndLocksTheApplicationUntilTheOutcomeHa
 {
     clickRow(0);
     clickAction();
-    EXPECT_EQ(guards, (Guards{{1, 1}}));
+    EXPECT_EQ(told.guards(), (Guards{{1, 1}}));
     EXPECT_EQ(sdk::AppLock::depth(), 0);
     EXPECT_EQ(sdk::WaitState::depth(), 0);
 }

@@ -1,5 +1,6 @@
 #include "tests/dialogs/support/FormTable.h"
 #include "tests/dialogs/support/NotingTranslator.h"
+#include "tests/dialogs/support/RecordedGuards.h"
 #include "tests/dialogs/zoneops/DuplicateZoneFixture.h"
 
 #include <QItemSelectionModel>
@@ -203,23 +204,17 @@ TEST_F(DuplicateZoneDialogTest, TranslatesTheTextsOfItsFormOnly)
 class DuplicateZoneGuardsTest : public DuplicateZoneFixture
 {
 protected:
-    using Guards = std::vector<std::pair<int, int>>;
+    using Guards = RecordedGuards::Guards;
 
-    DuplicateZoneGuardsTest()
-    {
-        host::MessagePresenter::install([this](std::string const&, MessageBoxType_e) {
-            guards.emplace_back(sdk::AppLock::depth(), sdk::WaitState::depth());
-        });
-        launched();
-    }
+    DuplicateZoneGuardsTest() { launched(); }
 
-    Guards guards;
+    RecordedGuards told;
 };
 
 TEST_F(DuplicateZoneGuardsTest, LocksTheApplicationWhileItTellsARefusal)
 {
     clickAction();
-    EXPECT_EQ(guards, (Guards{{1, 0}}));
+    EXPECT_EQ(told.guards(), (Guards{{1, 0}}));
     EXPECT_EQ(sdk::AppLock::depth(), 0);
 }
 
@@ -227,7 +222,7 @@ TEST_F(DuplicateZoneGuardsTest, IsBusyAndLocksTheApplicationUntilTheOutcomeHasBe
 {
     clickRow(0);
     clickAction();
-    EXPECT_EQ(guards, (Guards{{1, 1}}));
+    EXPECT_EQ(told.guards(), (Guards{{1, 1}}));
     EXPECT_EQ(sdk::AppLock::depth(), 0);
     EXPECT_EQ(sdk::WaitState::depth(), 0);
 }

@@ -1,6 +1,7 @@
 #include "app/commandline/DataSetReport.h"
 
 #include "app/window/DataTexts.h"
+#include "app/window/VariableRange.h"
 
 namespace veldraw::app {
 
@@ -20,14 +21,10 @@ QString zoneLine(int number, kernel::Zone const& zone)
 
 QString variableLine(kernel::DataSet const& dataSet, int number)
 {
-    kernel::ValueRange const range = variableRange(dataSet, number);
-    QString line = QStringLiteral("  %1  %2  %3 %4")
-                       .arg(number)
-                       .arg(QString::fromStdString(dataSet.variable(number)->name),
-                            variableLocationText(dataSet, number), variableTypeText(dataSet, number));
-    line += range.isValid() ? QStringLiteral(", %1 to %2").arg(range.min, 0, 'g', 9).arg(range.max, 0, 'g', 9)
-                            : QStringLiteral(", ") + missingRangeText(dataSet, number);
-    return line + QLatin1Char('\n');
+    return QStringLiteral("  %1  %2  %3 %4, %5\n")
+        .arg(number)
+        .arg(QString::fromStdString(dataSet.variable(number)->name), variableLocationText(dataSet, number),
+             variableTypeText(dataSet, number), VariableRange(dataSet, number).reportText());
 }
 
 } // namespace

@@ -3,7 +3,6 @@
 #include <QLocale>
 #include <QStringList>
 
-#include <algorithm>
 #include <set>
 
 namespace veldraw::app {
@@ -109,40 +108,6 @@ QString variableLocationText(kernel::DataSet const& dataSet, int variable)
     return commonText(dataSet, variable, [](kernel::Field const& field) {
         return field.location() == ValueLocation_Nodal ? QStringLiteral("nodal") : QStringLiteral("cell");
     });
-}
-
-kernel::ValueRange variableRange(kernel::DataSet const& dataSet, int variable)
-{
-    kernel::ValueRange whole;
-    for (int zone = 1; zone <= dataSet.zoneCount(); ++zone) {
-        kernel::ValueRange const range = dataSet.zone(zone)->range(variable);
-        if (!range.isValid())
-            continue;
-        whole.min = whole.isValid() ? std::min(whole.min, range.min) : range.min;
-        whole.max = whole.isValid() ? std::max(whole.max, range.max) : range.max;
-        whole.state = range.state;
-    }
-    return whole;
-}
-
-QString rangeText(kernel::ValueRange const& range)
-{
-    if (!range.isValid())
-        return QStringLiteral("no values");
-    return QString::fromUtf8("%1 … %2").arg(range.min, 0, 'g', 5).arg(range.max, 0, 'g', 5);
-}
-
-QString missingRangeText(kernel::DataSet const& dataSet, int variable)
-{
-    QString text = QStringLiteral("no values");
-    for (int zone = 1; zone <= dataSet.zoneCount(); ++zone) {
-        kernel::Field const* const field = dataSet.field(zone, variable);
-        if (field && !field->isLoaded())
-            return QStringLiteral("not loaded");
-        if (field && field->group() && field->group()->loader() && field->group()->loader()->isMapped())
-            text = QStringLiteral("not known");
-    }
-    return text;
 }
 
 QString pickText(kernel::Session const& session)

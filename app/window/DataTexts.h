@@ -21,16 +21,6 @@ QString variableTypeText(kernel::DataSet const& dataSet, int variable);
 /// "nodal", "cell", "mixed" over all zones, or "passive" when no zone has values.
 QString variableLocationText(kernel::DataSet const& dataSet, int variable);
 
-/// Smallest and largest value of a variable over all zones; computes what is not known yet.
-kernel::ValueRange variableRange(kernel::DataSet const& dataSet, int variable);
-
-/// "-1.5 … 3.25", or "no values".
-QString rangeText(kernel::ValueRange const& range);
-
-/// What stands in the place of a range that is not known: the values are not loaded, are mapped and too many to look
-/// through unasked, or there are none.
-QString missingRangeText(kernel::DataSet const& dataSet, int variable);
-
 /// "Picked zone 2: outlet", "Picked zones 1, 2, 5", "Picked 12 zones" or "No zone is picked"; zones of the active data set.
 QString pickText(kernel::Session const& session);
 

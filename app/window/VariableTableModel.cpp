@@ -1,6 +1,7 @@
 #include "app/window/VariableTableModel.h"
 
 #include "app/window/DataTexts.h"
+#include "app/window/VariableRange.h"
 #include "platform/vdsdkcommon/AppLock.h"
 
 namespace veldraw::app {
@@ -37,8 +38,15 @@ void VariableTableModel::forgetRanges()
 
 QVariant VariableTableModel::data(QModelIndex const& index, int role) const
 {
-    if (role == Qt::DisplayRole && index.isValid() && index.column() == rangeColumn)
+    if (!index.isValid() || index.column() != rangeColumn)
+        return SnapshotTableModel::data(index, role);
+    if (role == Qt::DisplayRole)
         return rangeTextOf(idAt(index.row()));
+    if (role == Qt::ToolTipRole) {
+        auto const found = m_ranges.find(idAt(index.row()));
+        if (found != m_ranges.end() && !found->second.explanation.isEmpty())
+            return found->second.explanation;
+    }
     return SnapshotTableModel::data(index, role);
 }
 
@@ -68,10 +76,9 @@ void VariableTableModel::computeNextRange()
     int const row = rowOf(id);
     if (number > 0 && row >= 0) {
         Range& range = m_ranges[id];
-        kernel::ValueRange const values = variableRange(*dataSet, number);
-        QString const text = values.isValid() ? rangeText(values) : missingRangeText(*dataSet, number);
-        bool const isNew = text != range.text;
-        range = {text, true};
+        VariableRange const found(*dataSet, number);
+        bool const isNew = found.text() != range.text;
+        range = {found.text(), found.explanation(), true};
         if (isNew)
             Q_EMIT dataChanged(index(row, rangeColumn), index(row, rangeColumn), {Qt::DisplayRole});
     }

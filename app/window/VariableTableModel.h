@@ -35,6 +35,7 @@ private:
     struct Range
     {
         QString text;
+        QString explanation; // the tool tip of a range that is not exact
         bool isCurrent = false;
     };
 

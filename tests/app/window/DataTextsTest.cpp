@@ -28,15 +28,6 @@ TEST_F(DataTextsTest, TellsTheCommonLocation)
     EXPECT_EQ(QStringLiteral("passive"), app::variableLocationText(*flow, 4));
 }
 
-TEST_F(DataTextsTest, TheRangeOfAVariableIsThatOfAllZones)
-{
-    auto const flow = makeFlow();
-    kernel::ValueRange const range = app::variableRange(*flow, 1);
-    EXPECT_EQ(0, range.min);
-    EXPECT_EQ(3, range.max);
-    EXPECT_FALSE(app::variableRange(*flow, 99).isValid());
-}
-
 TEST_F(DataTextsTest, SharedStorageCountsOnce)
 {
     auto const flow = makeFlow();

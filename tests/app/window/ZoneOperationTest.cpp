@@ -1,6 +1,6 @@
 #include "app/plot/FieldView.h"
 #include "app/plot/PageView.h"
-#include "app/window/DataTexts.h"
+#include "app/window/VariableRange.h"
 #include "platform/vdsdkbase/VelUtilDataOperation.h"
 #include "platform/vdtoolbox/Set.h"
 #include "tests/app/PictureDifference.h"
@@ -162,7 +162,7 @@ TEST_P(ZoneOperationTest, IsSeenAtOnceEverywhereAndTakenBackAndRedone)
     EXPECT_EQ(expectedRows, zoneRows());
     expectNear(after, limits());
     expectNear(after, legendLimits());
-    EXPECT_EQ(app::rangeText(app::variableRange(dataSet(), 1)), rangeOfX());
+    EXPECT_EQ(app::VariableRange(dataSet(), 1).text(), rangeOfX());
     QImage const pictureAfter = page().grabImage();
     EXPECT_LT(500, differingPixels(pictureBefore, pictureAfter));
     EXPECT_EQ(name, session.history().undoName());

@@ -12,7 +12,9 @@
 #include <vtkTransform.h>
 #include <vtkTransformFilter.h>
 
+#include <algorithm>
 #include <benchmark/benchmark.h>
+#include <vector>
 
 using namespace veldraw::kernel;
 
@@ -20,6 +22,15 @@ namespace {
 
 constexpr std::int64_t pointCount = 10000000;
 
+/// Stays as long as the program does, so that only what an operation makes comes from fresh memory.
+SpatialStage& sharedStage()
+{
+    static SpatialStage stage(pointCount);
+    return stage;
+}
+
+RotationAxis const xAxis{{0.5, 0.25, 0.125}, {1, 0, 0}};
+RotationAxis const yAxis{{0.5, 0.25, 0.125}, {0, 1, 0}};
 RotationAxis const zAxis{{0.5, 0.25, 0.125}, {0, 0, 1}};
 RotationAxis const slantingAxis{{0.5, 0.25, 0.125}, {1, 2, 3}};
 
@@ -41,13 +52,13 @@ void measure(benchmark::State& state, SpatialStage& stage, Operation const& oper
 
 void rotate(benchmark::State& state, RotationAxis const& axis)
 {
-    SpatialStage stage(pointCount);
+    SpatialStage& stage = sharedStage();
     measure(state, stage, [&] { return stage.session.rotateZones(*stage.dataSet, {1}, stage.variables, axis, 33.0); });
 }
 
 void mirror(benchmark::State& state)
 {
-    SpatialStage stage(pointCount);
+    SpatialStage& stage = sharedStage();
     measure(state, stage, [&] { return stage.session.mirrorZones(stage.frame, {1}, 'Y'); });
 }
 
@@ -106,27 +117,26 @@ void vtkTransformFilterFor(benchmark::State& state, bool mirrors)
     }
 }
 
+// A system in a virtual machine has to ask its host for memory that has not been used for a while, and the first runs pay
+// for that: the least time is what the operation itself costs.
+double least(std::vector<double> const& times)
+{
+    return *std::min_element(times.begin(), times.end());
+}
+
+void configure(benchmark::internal::Benchmark* measured)
+{
+    measured->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime()->UseRealTime();
+    measured->Iterations(1)->Repetitions(24)->ReportAggregatesOnly(true)->ComputeStatistics("least", least);
+}
+
 } // namespace
 
-BENCHMARK_CAPTURE(rotate, aboutZ, zAxis)
-    ->Unit(benchmark::kMillisecond)
-    ->MeasureProcessCPUTime()
-    ->UseRealTime()
-    ->Iterations(12);
-BENCHMARK_CAPTURE(rotate, aboutASlantingAxis, slantingAxis)
-    ->Unit(benchmark::kMillisecond)
-    ->MeasureProcessCPUTime()
-    ->UseRealTime()
-    ->Iterations(12);
-BENCHMARK_CAPTURE(vtkTransformFilterFor, rotation, false)
-    ->Unit(benchmark::kMillisecond)
-    ->MeasureProcessCPUTime()
-    ->UseRealTime()
-    ->Iterations(12);
-BENCHMARK(mirror)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime()->UseRealTime()->Iterations(12);
-BENCHMARK_CAPTURE(vtkTransformFilterFor, mirror, true)
-    ->Unit(benchmark::kMillisecond)
-    ->MeasureProcessCPUTime()
-    ->UseRealTime()
-    ->Iterations(12);
-BENCHMARK(duplicateAxially)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime()->UseRealTime()->Iterations(12);
+BENCHMARK_CAPTURE(rotate, aboutX, xAxis)->Apply(configure);
+BENCHMARK_CAPTURE(rotate, aboutY, yAxis)->Apply(configure);
+BENCHMARK_CAPTURE(rotate, aboutZ, zAxis)->Apply(configure);
+BENCHMARK_CAPTURE(rotate, aboutASlantingAxis, slantingAxis)->Apply(configure);
+BENCHMARK_CAPTURE(vtkTransformFilterFor, rotation, false)->Apply(configure);
+BENCHMARK(mirror)->Apply(configure);
+BENCHMARK_CAPTURE(vtkTransformFilterFor, mirror, true)->Apply(configure);
+BENCHMARK(duplicateAxially)->Apply(configure);

@@ -32,14 +32,15 @@ std::shared_ptr<Buffer> copyValues(Buffer const& source, Progress& progress)
     requireMemory(static_cast<double>(source.bytes()));
     std::shared_ptr<Buffer> target = Buffer::allocate(source.type(), source.size());
     progress.setTotal(source.size());
-    parallelFor(source.size(), [&](std::int64_t first, std::int64_t last, std::int64_t) {
+    auto const copyChunk = [&](std::int64_t first, std::int64_t last, std::int64_t) {
         for (std::int64_t begin = first; begin < last; begin += valuesBetweenLooks) {
             progress.check();
             std::int64_t const count = std::min(valuesBetweenLooks, last - begin);
             copyPart(source, begin, count, *target);
             progress.advance(count);
         }
-    });
+    };
+    parallelFor(source.size(), copyChunk, grainOfFreshMemory(source.size()));
     return target;
 }
 

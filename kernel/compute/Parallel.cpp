@@ -10,32 +10,41 @@ namespace {
 
 constexpr std::int64_t smallestChunk = 64; // also keeps neighbouring chunks from sharing a byte of bits
 constexpr std::int64_t mostChunks = 256;
+constexpr std::int64_t floatsOfHugePage = std::int64_t{1} << 19; // as many doubles fill two
+constexpr std::int64_t manyPages = 8;
 
-std::int64_t chunkSize(std::int64_t count)
+/// @p count is above 0.
+std::int64_t chunkSize(std::int64_t count, std::int64_t grain)
 {
     std::int64_t const even = (count + mostChunks - 1) / mostChunks;
-    std::int64_t const rounded = (even + smallestChunk - 1) / smallestChunk * smallestChunk;
-    return std::max(rounded, smallestChunk);
+    return (even + grain - 1) / grain * grain;
+}
+
+std::int64_t chunksOf(std::int64_t count, std::int64_t size)
+{
+    return (count + size - 1) / size;
 }
 
 } // namespace
 
 std::int64_t parallelChunkCount(std::int64_t count)
 {
-    if (count <= 0) {
-        return 0;
-    }
-    std::int64_t const size = chunkSize(count);
-    return (count + size - 1) / size;
+    return count <= 0 ? 0 : chunksOf(count, chunkSize(count, smallestChunk));
 }
 
-void parallelFor(std::int64_t count, std::function<void(std::int64_t, std::int64_t, std::int64_t)> const& body)
+std::int64_t grainOfFreshMemory(std::int64_t count)
 {
-    std::int64_t const chunks = parallelChunkCount(count);
-    if (chunks == 0) {
+    return count >= manyPages * floatsOfHugePage ? floatsOfHugePage : smallestChunk;
+}
+
+void parallelFor(std::int64_t count, std::function<void(std::int64_t, std::int64_t, std::int64_t)> const& body,
+                 std::int64_t grain)
+{
+    if (count <= 0) {
         return;
     }
-    std::int64_t const size = chunkSize(count);
+    std::int64_t const size = chunkSize(count, grain);
+    std::int64_t const chunks = chunksOf(count, size);
     std::vector<std::exception_ptr> failures(static_cast<std::size_t>(chunks));
 #pragma omp parallel for schedule(dynamic) if (chunks > 1)
     for (std::int64_t chunk = 0; chunk < chunks; ++chunk) {

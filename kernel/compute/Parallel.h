@@ -10,7 +10,13 @@ namespace veldraw::kernel {
 /// 64, so that no two of them write to one byte of bits. An exception of one chunk is rethrown on the calling thread
 /// after all chunks have ended.
 /// @param body called with (first, last) of a chunk, last excluded, and the chunk's number
-void parallelFor(std::int64_t count, std::function<void(std::int64_t, std::int64_t, std::int64_t)> const& body);
+/// @param grain a multiple of 64: chunks begin at multiples of it
+void parallelFor(std::int64_t count, std::function<void(std::int64_t, std::int64_t, std::int64_t)> const& body,
+                 std::int64_t grain = 64);
+
+/// The grain for a body that fills fresh memory with @p count values: that of huge pages where there are many. Threads that
+/// come to one fresh page side by side would each clear a page, and all of them but one for nothing.
+std::int64_t grainOfFreshMemory(std::int64_t count);
 
 /// Number of chunks that parallelFor() makes of @p count.
 std::int64_t parallelChunkCount(std::int64_t count);

@@ -60,14 +60,15 @@ void writeBlock(double const* values, std::int64_t first, std::int64_t count, Bu
 
 void forEachBlock(std::int64_t count, Progress& progress, std::function<void(std::int64_t, std::int64_t)> const& body)
 {
-    parallelFor(count, [&](std::int64_t first, std::int64_t last, std::int64_t) {
+    auto const workOnChunk = [&](std::int64_t first, std::int64_t last, std::int64_t) {
         for (std::int64_t begin = first; begin < last; begin += blockSize) {
             progress.check();
             std::int64_t const size = std::min(blockSize, last - begin);
             body(begin, size);
             progress.advance(size);
         }
-    });
+    };
+    parallelFor(count, workOnChunk, grainOfFreshMemory(count));
 }
 
 FieldDataType_e computedType(FieldDataType_e type)

@@ -16,8 +16,8 @@ void readBlock(Buffer const& source, std::int64_t first, std::int64_t count, dou
 /// Stores @p count values in a contiguous buffer of float or double.
 void writeBlock(double const* values, std::int64_t first, std::int64_t count, Buffer& target);
 
-/// Runs @p body (first, count) over all blocks of [0, count) on all cores, counts them as done, and looks at the cancel
-/// before each.
+/// Runs @p body (first, count), which fills fresh memory, over all blocks of [0, count) on all cores, counts them as done,
+/// and looks at the cancel before each.
 void forEachBlock(std::int64_t count, Progress& progress, std::function<void(std::int64_t, std::int64_t)> const& body);
 
 /// The type that computed values of a field have: a floating one that holds what the field held. Whole numbers that are

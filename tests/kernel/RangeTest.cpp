@@ -1,6 +1,7 @@
 #include "SampleData.h"
 #include "kernel/compute/Parallel.h"
 
+#include <atomic>
 #include <gtest/gtest.h>
 #include <limits>
 #include <numeric>
@@ -170,6 +171,28 @@ TEST(ParallelFor, VisitsEachIndexOnceInChunksThatTheCountAloneDecides)
         EXPECT_EQ(std::count(visits.begin(), visits.end(), 1), count);
         EXPECT_EQ(std::count(chunks.begin(), chunks.end(), 1), parallelChunkCount(count));
     }
+}
+
+TEST(ParallelFor, KeepsChunksToTheGrain)
+{
+    constexpr std::int64_t grain = 192;
+    for (std::int64_t const count : {1, 192, 193, 100001}) {
+        std::atomic<std::int64_t> visited{0};
+        auto const body = [&](std::int64_t first, std::int64_t last, std::int64_t) {
+            EXPECT_EQ(first % grain, 0);
+            EXPECT_TRUE(last % grain == 0 || last == count);
+            visited += last - first;
+        };
+        parallelFor(count, body, grain);
+        EXPECT_EQ(visited, count);
+    }
+}
+
+TEST(ParallelFor, TakesFreshMemoryByHugePagesWhereThereAreMany)
+{
+    constexpr std::int64_t hugePage = std::int64_t{2} << 20;
+    EXPECT_EQ(grainOfFreshMemory(10000000) * static_cast<std::int64_t>(sizeof(float)) % hugePage, 0);
+    EXPECT_EQ(grainOfFreshMemory(1000000), 64) << "better all cores at work";
 }
 
 TEST(ParallelFor, RethrowsTheFailureOfTheFirstChunkThatFailed)

@@ -39,7 +39,7 @@ void ArrayChoice::run(DeferredArrays& deferred)
     deferred.coordinates = coordinates > 0.0 && !m_plan.loadsNow(coordinates, LoadingPlan::Need::FirstPlot);
     vtkDataArraySelection& ofPoints = *m_reader.GetPointDataArraySelection();
     vtkDataArraySelection& ofCells = *m_reader.GetCellDataArraySelection();
-    if (!m_list.hasOnePiece() || !areKnown(ofPoints, m_list.ofPoints().size()) ||
+    if (!m_list.isConsistent() || !areKnown(ofPoints, m_list.ofPoints().size()) ||
         !areKnown(ofCells, m_list.ofCells().size()))
         return;
     deferred.ofPoints = choose(ofPoints, m_list.ofPoints(), false);
@@ -85,33 +85,34 @@ DeferredArray ArrayChoice::described(XmlArrayList::Array const& array, std::stri
     result.name = name;
     result.type = *array.type;
     result.components = array.components;
-    RawArray raw{m_file, 0, *array.type, 0, array.components, 0, m_list.isBigEndian()};
+    auto const whole = std::make_shared<SharedArray>();
     if (array.offset) {
-        raw.offset = *array.offset;
-        result.makeLoader = [raw](int component, std::int64_t tuples) {
+        result.makeLoader = [raw = rawArray(array), whole, range = array.range](int component, std::int64_t tuples) {
             RawArray one = raw;
             one.component = component;
             one.tuples = tuples;
-            return std::make_shared<RawArrayLoader>(one);
+            return std::make_shared<RawArrayLoader>(one, whole, range);
         };
         return result;
     }
     XmlArrayLoader::Place const place{m_file, m_extension, name, inCells, 0};
-    result.makeLoader = [place, type = *array.type](int component, std::int64_t tuples) {
+    result.makeLoader = [place, type = *array.type, whole, range = array.range](int component, std::int64_t tuples) {
         XmlArrayLoader::Place one = place;
         one.component = component;
-        return std::make_shared<XmlArrayLoader>(one, type, tuples);
+        return std::make_shared<XmlArrayLoader>(one, type, tuples, whole, range);
     };
     return result;
 }
 
+RawArray ArrayChoice::rawArray(XmlArrayList::Array const& array) const
+{
+    return {m_file, *array.offset,       *array.type, array.values / array.components, array.components,
+            0,      m_list.isBigEndian()};
+}
+
 bool ArrayChoice::canBeMapped(XmlArrayList::Array const& array) const
 {
-    if (!array.type || !array.offset)
-        return false;
-    return RawArrayLoader({m_file, *array.offset, *array.type, array.values / array.components, array.components, 0,
-                           m_list.isBigEndian()})
-        .maps();
+    return array.type && array.offset && RawArrayLoader::canBeMapped(rawArray(array));
 }
 
 } // namespace veldraw::app

@@ -3,6 +3,7 @@
 #include "app/import/DeferredArray.h"
 #include "app/import/FileStamp.h"
 #include "app/import/LoadingPlan.h"
+#include "app/import/RawArray.h"
 #include "app/import/XmlArrayList.h"
 
 #include <vtkDataArraySelection.h>
@@ -15,7 +16,7 @@ namespace veldraw::app {
 
 /// Chooses the arrays of a VTK XML file that its reader is to read now, and describes the others.
 ///
-/// Files of several pieces, and files with two arrays of one name in a section, are read whole.
+/// Files whose pieces have different arrays, and files with two arrays of one name in a section, are read whole.
 class ArrayChoice
 {
 public:
@@ -31,6 +32,7 @@ private:
     double bytesOfAll() const;
     std::vector<DeferredArray> choose(vtkDataArraySelection& selection, Arrays const& arrays, bool inCells);
     DeferredArray described(XmlArrayList::Array const& array, std::string const& name, bool inCells) const;
+    RawArray rawArray(XmlArrayList::Array const& array) const;
     bool canBeMapped(XmlArrayList::Array const& array) const;
 
     vtkXMLReader& m_reader;

@@ -52,7 +52,7 @@ ImportedZone MetaImageImport::read(std::string const& path, std::string const& t
     ImportedZone result;
     result.zone = std::make_shared<kernel::Zone>(title, ZoneType_Ordered, dims[0], dims[1], dims[2]);
     RawArray const whole{file, offset, m_header.type, m_header.pointCount(), m_header.channels, 0, m_header.bigEndian};
-    m_plan.setTotal(bytesToLoad(m_header, RawArrayLoader(whole).maps(), m_plan.deferral() == Deferral::Never));
+    m_plan.setTotal(bytesToLoad(m_header, RawArrayLoader::canBeMapped(whole), m_plan.deferral() == Deferral::Never));
     addCoordinates(result);
     addValues(result, file, offset);
     return result;
@@ -107,9 +107,10 @@ void MetaImageImport::addValues(ImportedZone& zone, FileStamp const& file, std::
 {
     FieldDataType_e const type = kernelTypeOf(m_header.type);
     std::int64_t const points = m_header.pointCount();
+    auto const whole = std::make_shared<SharedArray>();
     for (int channel = 0; channel < m_header.channels; ++channel) {
         auto loader = std::make_shared<RawArrayLoader>(
-            RawArray{file, offset, m_header.type, points, m_header.channels, channel, m_header.bigEndian},
+            RawArray{file, offset, m_header.type, points, m_header.channels, channel, m_header.bigEndian}, whole,
             m_header.channels == 1 ? rangeInHeader() : kernel::ValueRange{});
         double const bytes = loader->maps() ? 0.0 : static_cast<double>(kernel::Buffer::bytesOf(type, points));
         auto group = m_plan.group(type, points, loader, bytes,

@@ -20,8 +20,9 @@ struct RawArray
 
     std::int64_t bytes() const { return tuples * components * bytesOf(type); } ///< of all components
 
-    /// Whether the bytes in the file are what the kernel wants, at an offset where a typed pointer may point.
-    bool canBeMapped() const
+    /// Whether the bytes in the file are what the kernel wants, at an offset where a typed pointer may point. (Elsewhere
+    /// it may not, even where the processor would follow it.)
+    bool standsAsWanted() const
     {
         return isKernelType(type) && offset % bytesOf(type) == 0 && (!bigEndian || bytesOf(type) == 1);
     }

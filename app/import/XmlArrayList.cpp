@@ -3,13 +3,17 @@
 #include "kernel/data/Buffer.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 #include <fstream>
+#include <limits>
 #include <utility>
 
 namespace veldraw::app {
 
 namespace {
+
+constexpr double mostComponents = 1e6;
 
 std::optional<RawType> typeOf(std::string const& name)
 {
@@ -25,7 +29,7 @@ std::optional<RawType> typeOf(std::string const& name)
     return std::nullopt;
 }
 
-// Where the header does not begin, after the blanks and the underscore that start the data.
+// Behind the blanks and the underscore that the appended data start with; -1 where there are none.
 std::int64_t startOfData(std::ifstream& file, std::int64_t position)
 {
     file.seekg(position);
@@ -46,6 +50,30 @@ double sizeInHeader(std::ifstream& file, std::int64_t position, int bytes, bool 
     return file ? value : -1.0;
 }
 
+// Not to be trusted beyond an estimate: somebody may have altered the values since.
+kernel::ValueRange rangeIn(XmlTags::Tag const& tag)
+{
+    double const nothing = std::numeric_limits<double>::quiet_NaN();
+    double const min = tag.number("RangeMin", nothing);
+    double const max = tag.number("RangeMax", nothing);
+    if (!std::isfinite(min) || !std::isfinite(max) || min > max)
+        return {};
+    return {kernel::ValueRange::State::Estimated, min, max};
+}
+
+kernel::ValueRange joined(kernel::ValueRange const& a, kernel::ValueRange const& b)
+{
+    if (!a.isValid() || !b.isValid())
+        return {};
+    return {a.state, std::min(a.min, b.min), std::max(a.max, b.max)};
+}
+
+// Counts beyond what a file could hold are no counts; whoever reads the file finds out.
+std::int64_t asCount(double value)
+{
+    return value >= 0.0 && value < 1e15 ? static_cast<std::int64_t>(value) : 0;
+}
+
 } // namespace
 
 double XmlArrayList::Array::bytes() const
@@ -62,13 +90,21 @@ XmlArrayList::XmlArrayList(std::string const& path)
         look(tag);
         isRaw = tag.name == "AppendedData" && tag.text("encoding") == "raw";
     }
-    if (isRaw && !m_isCompressed) {
-        placeArrays(path, tags.position());
-        return;
-    }
-    for (auto* const list : {&m_ofPoints, &m_ofCells}) {
-        for (Array& array : *list)
-            array.offset.reset();
+    finishPiece();
+    Counts const all = m_wholeExtent.empty() ? m_inAll : countsOf(m_wholeExtent);
+    m_points = asCount(all.points);
+    m_cells = asCount(all.cells);
+    bool const stands = isRaw && !m_isCompressed && m_pieces == 1 && m_pieceIsWhole;
+    std::ifstream file(path, std::ios::binary);
+    std::int64_t const start = stands ? startOfData(file, tags.position()) : -1;
+    for (Section* const section : {&m_ofPoints, &m_ofCells, &m_coordinates}) {
+        for (Array& array : section->arrays) {
+            array.values = asCount(array.components * static_cast<double>(section == &m_ofCells ? m_cells : m_points));
+            if (start >= 0)
+                place(array, file, start);
+            else
+                array.offset.reset();
+        }
     }
 }
 
@@ -78,69 +114,102 @@ void XmlArrayList::look(XmlTags::Tag const& tag)
         m_isCompressed = !tag.text("compressor").empty();
         m_headerBytes = tag.text("header_type") == "UInt64" ? 8 : 4;
         m_isBigEndian = tag.text("byte_order") == "BigEndian";
+    } else if (tag.name == "DataArray" || tag.name == "Array") {
+        if (Section* const section = openSection())
+            lookAtArray(tag, *section);
     } else if (tag.name == "Piece") {
         lookAtPiece(tag);
-    } else if (tag.name == "PointData" || tag.name == "CellData" || tag.name == "/PointData" ||
-               tag.name == "/CellData") {
-        m_section = tag.name;
-    } else if ((tag.name == "DataArray" || tag.name == "Array") && m_pieces == 1) {
-        lookAtArray(tag);
+    } else if (tag.name == "/" + m_openTag) {
+        m_openTag.clear();
+    } else if (tag.name[0] != '/' && tag.name != "InformationKey" && tag.name != "Value") {
+        m_openTag = tag.name;
+        if (!tag.text("WholeExtent").empty())
+            m_wholeExtent = tag.text("WholeExtent");
     }
+}
+
+XmlArrayList::Section* XmlArrayList::openSection()
+{
+    if (m_openTag == "PointData")
+        return &m_ofPoints;
+    if (m_openTag == "CellData")
+        return &m_ofCells;
+    return m_openTag == "Points" ? &m_coordinates : nullptr;
 }
 
 void XmlArrayList::lookAtPiece(XmlTags::Tag const& tag)
 {
-    if (++m_pieces > 1)
-        return;
-    m_points = static_cast<std::int64_t>(tag.number("NumberOfPoints", 0.0));
-    m_cells = static_cast<std::int64_t>(
-        tag.number("NumberOfCells", tag.number("NumberOfVerts", 0.0) + tag.number("NumberOfLines", 0.0) +
-                                        tag.number("NumberOfStrips", 0.0) + tag.number("NumberOfPolys", 0.0)));
+    finishPiece();
+    ++m_pieces;
     std::string const extent = tag.text("Extent");
-    if (extent.empty())
-        return;
-    m_points = 1;
-    m_cells = 1;
+    if (!extent.empty()) {
+        m_inPiece = countsOf(extent);
+        m_pieceIsWhole = extent == m_wholeExtent;
+    } else {
+        m_inPiece.points = tag.number("NumberOfPoints", 0.0);
+        m_inPiece.cells =
+            tag.number("NumberOfCells", tag.number("NumberOfVerts", 0.0) + tag.number("NumberOfLines", 0.0) +
+                                            tag.number("NumberOfStrips", 0.0) + tag.number("NumberOfPolys", 0.0));
+    }
+    m_inAll.points += m_inPiece.points;
+    m_inAll.cells += m_inPiece.cells;
+}
+
+void XmlArrayList::finishPiece()
+{
+    for (Section* const section : {&m_ofPoints, &m_ofCells, &m_coordinates}) {
+        m_isConsistent = m_isConsistent && section->seen == section->arrays.size();
+        section->seen = 0;
+    }
+}
+
+XmlArrayList::Counts XmlArrayList::countsOf(std::string const& extent)
+{
+    Counts result{1.0, 1.0};
     char const* rest = extent.c_str();
     for (int axis = 0; axis < 3; ++axis) {
         char* end = nullptr;
-        std::int64_t const first = std::strtoll(rest, &end, 10);
-        std::int64_t const last = std::strtoll(end, &end, 10);
+        double const first = std::strtod(rest, &end);
+        double const last = std::strtod(end, &end);
         rest = end;
-        m_points *= last - first + 1;
-        m_cells *= std::max<std::int64_t>(last - first, 1);
+        result.points *= last - first + 1.0;
+        result.cells *= std::max(last - first, 1.0);
     }
+    return result;
 }
 
-void XmlArrayList::lookAtArray(XmlTags::Tag const& tag)
+void XmlArrayList::lookAtArray(XmlTags::Tag const& tag, Section& section)
 {
-    if (m_section != "PointData" && m_section != "CellData")
-        return;
     Array array;
+    array.name = tag.text("Name");
     array.type = typeOf(tag.text("type"));
-    array.components = std::max(static_cast<int>(tag.number("NumberOfComponents", 1.0)), 1);
-    array.values = array.components * (m_section == "PointData" ? m_points : m_cells);
+    array.components = static_cast<int>(std::clamp(tag.number("NumberOfComponents", 1.0), 1.0, mostComponents));
     if (tag.text("format") == "appended")
-        array.offset = static_cast<std::int64_t>(tag.number("offset", 0.0));
-    (m_section == "PointData" ? m_ofPoints : m_ofCells).push_back(array);
+        array.offset = asCount(tag.number("offset", 0.0));
+    std::size_t const number = section.seen++;
+    double const tuples = &section == &m_ofCells ? m_inPiece.cells : m_inPiece.points;
+    if (m_pieces == 1) {
+        if (array.components == 1)
+            array.range = rangeIn(tag);
+        section.arrays.push_back(array);
+    } else if (number < section.arrays.size()) {
+        Array& first = section.arrays[number];
+        m_isConsistent = m_isConsistent && first.name == array.name && first.type == array.type &&
+                         first.components == array.components;
+        if (tuples > 0.0)
+            first.range = joined(first.range, rangeIn(tag));
+    }
 }
 
 // Each array starts with its size; one of another size than its grid asks for is left to VTK's reader to complain about.
-void XmlArrayList::placeArrays(std::string const& path, std::int64_t position)
+void XmlArrayList::place(Array& array, std::ifstream& file, std::int64_t start) const
 {
-    std::ifstream file(path, std::ios::binary);
-    std::int64_t const start = startOfData(file, position);
-    for (auto* const list : {&m_ofPoints, &m_ofCells}) {
-        for (Array& array : *list) {
-            if (!array.type || !array.offset)
-                continue;
-            double const size = sizeInHeader(file, start + *array.offset, m_headerBytes, m_isBigEndian);
-            bool const fits = start >= 0 && size == static_cast<double>(array.values) * bytesOf(*array.type);
-            array.offset = start + *array.offset + m_headerBytes;
-            if (!fits)
-                array.type.reset();
-        }
-    }
+    if (!array.type || !array.offset)
+        return;
+    double const size = sizeInHeader(file, start + *array.offset, m_headerBytes, m_isBigEndian);
+    array.offset = start + *array.offset + m_headerBytes;
+    if (size != static_cast<double>(array.values) * bytesOf(*array.type))
+        array.type.reset();
 }
 
 } // namespace veldraw::app

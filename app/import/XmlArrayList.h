@@ -2,24 +2,32 @@
 
 #include "app/import/RawType.h"
 #include "app/import/XmlTags.h"
+#include "kernel/data/ValueRange.h"
 
 #include <cstdint>
+#include <fstream>
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace veldraw::app {
 
-/// The point and cell arrays that the header of a VTK XML file with one grid promises, and where they stand.
+/// The arrays that the header of a VTK XML file with one grid promises for points and cells, and where they stand.
 class XmlArrayList
 {
 public:
     struct Array
     {
+        std::string name;            ///< as the file spells it
         std::optional<RawType> type; ///< none: no numbers that can be loaded later
         int components = 1;
-        std::int64_t values = 0;            ///< of all components
-        std::optional<std::int64_t> offset; ///< of the first value in the file, where it stands there uncompressed
+        std::int64_t values = 0; ///< of all components in all pieces
+        std::optional<std::int64_t>
+            offset; ///< of the first value in the file, where all stand there uncompressed in one piece
+
+        /// Limits that the file says, as an estimate. Those of vectors are about their lengths, so that nothing is known of
+        /// the components.
+        kernel::ValueRange range;
 
         /// Of memory, in the kernel's types.
         double bytes() const;
@@ -28,29 +36,55 @@ public:
     /// @throws ImportError when the file cannot be read
     explicit XmlArrayList(std::string const& path);
 
-    std::vector<Array> const& ofPoints() const { return m_ofPoints; }
-    std::vector<Array> const& ofCells() const { return m_ofCells; }
-    std::int64_t pointCount() const { return m_points; } ///< of the first piece
+    std::vector<Array> const& ofPoints() const { return m_ofPoints.arrays; }
+    std::vector<Array> const& ofCells() const { return m_ofCells.arrays; }
+    std::vector<Array> const& coordinates() const
+    {
+        return m_coordinates.arrays;
+    } ///< the one of a grid that stores points
+    std::int64_t pointCount() const { return m_points; }
+    std::int64_t cellCount() const { return m_cells; } ///< cells of unstructured grids as the file counts them
     bool isBigEndian() const { return m_isBigEndian; }
 
-    /// One piece; else the arrays are those of the first, and no array can be loaded later.
-    bool hasOnePiece() const { return m_pieces == 1; }
+    /// Each piece has the same arrays in the same order; else nothing is known of them.
+    bool isConsistent() const { return m_isConsistent; }
 
 private:
+    struct Section
+    {
+        std::vector<Array> arrays;
+        std::size_t seen = 0; // of them in the present piece
+    };
+    struct Counts
+    {
+        double points = 0.0;
+        double cells = 0.0;
+    };
+
+    static Counts countsOf(std::string const& extent);
+
     void look(XmlTags::Tag const& tag);
     void lookAtPiece(XmlTags::Tag const& tag);
-    void lookAtArray(XmlTags::Tag const& tag);
-    void placeArrays(std::string const& path, std::int64_t position);
+    void finishPiece();
+    void lookAtArray(XmlTags::Tag const& tag, Section& section);
+    Section* openSection();
+    void place(Array& array, std::ifstream& file, std::int64_t start) const;
 
-    std::vector<Array> m_ofPoints;
-    std::vector<Array> m_ofCells;
+    Section m_ofPoints;
+    Section m_ofCells;
+    Section m_coordinates;
     bool m_isBigEndian = false;
     bool m_isCompressed = false;
+    bool m_isConsistent = true;
     int m_headerBytes = 4;
     int m_pieces = 0;
+    std::string m_wholeExtent;
+    bool m_pieceIsWhole = true;
+    Counts m_inPiece;
+    Counts m_inAll;
     std::int64_t m_points = 0;
     std::int64_t m_cells = 0;
-    std::string m_section;
+    std::string m_openTag;
 };
 
 } // namespace veldraw::app

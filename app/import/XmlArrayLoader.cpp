@@ -27,16 +27,26 @@ std::shared_ptr<kernel::Buffer> asType(std::shared_ptr<kernel::Buffer> values, F
 
 } // namespace
 
-XmlArrayLoader::XmlArrayLoader(Place place, RawType type, std::int64_t tuples)
+XmlArrayLoader::XmlArrayLoader(Place place, RawType type, std::int64_t tuples, std::shared_ptr<SharedArray> whole,
+                               kernel::ValueRange const& knownRange)
     : m_place(std::move(place))
     , m_type(type)
     , m_tuples(tuples)
+    , m_whole(std::move(whole))
+    , m_range(knownRange)
 {
 }
 
 std::shared_ptr<kernel::Buffer> XmlArrayLoader::load(kernel::Progress& progress)
 {
     ::close(m_place.file.open()); // tells when it is gone or changed
+    auto const values = m_whole->take(m_place.component, [&] { return read(progress); });
+    progress.advance(m_tuples);
+    return asType(values, kernelTypeOf(m_type));
+}
+
+SharedArray::Components XmlArrayLoader::read(kernel::Progress& progress) const
+{
     auto const check = [&progress](double) { return !progress.isInterrupted(); };
     vtkSmartPointer<vtkDataObject> grid;
     try {
@@ -54,9 +64,7 @@ std::shared_ptr<kernel::Buffer> XmlArrayLoader::load(kernel::Progress& progress)
     if (!fits || FileStamp(m_place.file.path()).differsFrom(m_place.file))
         throw ImportError("\"" + m_place.file.path() + "\" does not have the values of \"" + m_place.name +
                           "\" any more; open it again");
-    auto const adopted = adoptArray(*array);
-    progress.advance(m_tuples);
-    return asType(adopted.components[static_cast<std::size_t>(m_place.component)], kernelTypeOf(m_type));
+    return adoptArray(*array).components;
 }
 
 } // namespace veldraw::app

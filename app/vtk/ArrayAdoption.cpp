@@ -90,8 +90,9 @@ std::vector<std::shared_ptr<kernel::Buffer>> copied(vtkDataArray& array, FieldDa
 
 std::vector<std::shared_ptr<kernel::Buffer>> adopted(vtkDataArray& array, FieldDataType_e type)
 {
-    // The deleter holds the reference: the owner's address is the array itself.
-    std::shared_ptr<void> const owner(&array, [keeper = vtkSmartPointer<vtkDataArray>(&array)](void*) {});
+    // The deleter holds the reference, and drops it itself: it lives on as long as weak pointers do.
+    std::shared_ptr<void> const owner(
+        &array, [keeper = vtkSmartPointer<vtkDataArray>(&array)](void*) mutable { keeper = nullptr; });
     auto* const memory = static_cast<char*>(array.GetVoidPointer(0));
     int const stride = array.GetNumberOfComponents();
     std::vector<std::shared_ptr<kernel::Buffer>> result;

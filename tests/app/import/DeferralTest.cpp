@@ -97,6 +97,38 @@ void expectSameLater(vtkDataSet& grid, std::string const& name)
     }
 }
 
+kernel::ValueRange rangeOf(kernel::DataSet const& dataSet, std::string const& variable)
+{
+    return dataSet.zone(1)->range(dataSet.findVariable(variable));
+}
+
+void expectEstimate(kernel::ValueRange const& range, double min, double max)
+{
+    EXPECT_EQ(range.state, kernel::ValueRange::State::Estimated);
+    EXPECT_EQ(range.min, min);
+    EXPECT_EQ(range.max, max);
+}
+
+struct LinePiece
+{
+    std::string extent; // along I
+    std::string range;  // attributes
+    std::string values;
+};
+
+// An image of one row with the point variable p.
+std::string lineInPieces(std::vector<LinePiece> const& pieces, std::string const& extent)
+{
+    std::string text = "<VTKFile type=\"ImageData\" version=\"1.0\" byte_order=\"LittleEndian\">\n"
+                       "<ImageData WholeExtent=\"" +
+                       extent + " 0 0 0 0\" Origin=\"0 0 0\" Spacing=\"1 1 1\">\n";
+    for (LinePiece const& piece : pieces)
+        text += "<Piece Extent=\"" + piece.extent +
+                " 0 0 0 0\"><PointData><DataArray type=\"Float32\" Name=\"p\" format=\"ascii\" " + piece.range + ">" +
+                piece.values + "</DataArray></PointData></Piece>\n";
+    return text + "</ImageData></VTKFile>\n";
+}
+
 } // namespace
 
 TEST(Deferral, BringsTheSameValuesLaterAsAtOnce)
@@ -104,6 +136,73 @@ TEST(Deferral, BringsTheSameValuesLaterAsAtOnce)
     expectSameLater(*structured(), "grid.vts");
     expectSameLater(*mesh(), "mesh.vtu");
     expectSameLater(*image(), "image.vti");
+}
+
+TEST(Deferral, KnowsTheRangeThatTheFileSaysAsAnEstimate)
+{
+    TemporaryFolder const folder;
+    auto const grid = mesh();
+    addPointValues(*grid, "v", std::vector<double>(15, -2.5), 3);
+    for (Mode const mode : allModes) {
+        auto const dataSet = import(writeXml(*grid, folder.path("mesh.vtu"), mode), app::Deferral::Always).dataSet;
+        expectEstimate(rangeOf(*dataSet, "p"), 1.0, 5.0);
+        expectEstimate(rangeOf(*dataSet, "c"), 10.0, 30.0);
+        EXPECT_FALSE(rangeOf(*dataSet, "v_X").isValid()) << "the file tells how long the vectors are";
+        EXPECT_EQ(loadingProblem(*dataSet, 1, "c"), "");
+        EXPECT_EQ(rangeOf(*dataSet, "c").state, kernel::ValueRange::State::Exact);
+    }
+}
+
+TEST(Deferral, KnowsNoRangeWhereTheFileSaysNonsense)
+{
+    TemporaryFolder const folder;
+    for (std::string const range :
+         {"", "RangeMin=\"1\"", "RangeMin=\"2\" RangeMax=\"1\"", "RangeMin=\"-inf\" RangeMax=\"0\"",
+          "RangeMin=\"nan\" RangeMax=\"nan\"", "RangeMin=\"a\" RangeMax=\"b\""}) {
+        std::string const path = folder.write("a.vti", lineInPieces({{"0 1", range, "1 2"}}, "0 1"));
+        EXPECT_FALSE(rangeOf(*import(path, app::Deferral::Always).dataSet, "p").isValid()) << range;
+    }
+}
+
+TEST(Deferral, LeavesArraysOfSeveralPiecesInTheFileToo)
+{
+    TemporaryFolder const folder;
+    std::string const path = folder.write("a.vti", lineInPieces({{"0 2", "RangeMin=\"1\" RangeMax=\"3\"", "1 2 3"},
+                                                                 {"2 3", "RangeMin=\"-4\" RangeMax=\"3\"", "3 -4"}},
+                                                                "0 3"));
+    auto const later = import(path, app::Deferral::Always).dataSet;
+    EXPECT_EQ(valuesOf(*later, 1, "p"), "not loaded");
+    expectEstimate(rangeOf(*later, "p"), -4.0, 3.0);
+    EXPECT_EQ(loadingProblem(*later, 1, "p"), "");
+    EXPECT_EQ(valuesOf(*later, 1, "p"), "1 2 3 -4");
+    EXPECT_EQ(valuesOf(*import(path, app::Deferral::Never).dataSet, 1, "p"), "1 2 3 -4");
+}
+
+TEST(Deferral, ReadsPiecesThatDoNotHaveTheSameArraysAtOnce)
+{
+    TemporaryFolder const folder;
+    std::string text = lineInPieces({{"0 2", "", "1 2 3"}, {"2 3", "", "3 4"}}, "0 3");
+    std::string const wrong = "Name=\"q\"";
+    text.replace(text.rfind("Name=\"p\""), wrong.size(), wrong);
+    EXPECT_NE(valuesOf(*import(folder.write("a.vti", text), app::Deferral::Always).dataSet, 1, "p"), "not loaded");
+}
+
+TEST(Deferral, LoadsTheComponentsOfAVectorOfAnyKindOfFile)
+{
+    TemporaryFolder const folder;
+    auto const grid = structured();
+    std::vector<double> values(36);
+    for (std::size_t n = 0; n < values.size(); ++n)
+        values[n] = static_cast<double>(n);
+    addPointValues(*grid, "w", values, 3);
+    for (Mode const mode : allModes) {
+        auto const dataSet = import(writeXml(*grid, folder.path("grid.vts"), mode), app::Deferral::Always).dataSet;
+        for (char const* name : {"w_Z", "w_X", "w_Y"})
+            EXPECT_EQ(loadingProblem(*dataSet, 1, name), "");
+        EXPECT_EQ(valuesOf(*dataSet, 1, "w_X"), "0 3 6 9 12 15 18 21 24 27 30 33");
+        EXPECT_EQ(valuesOf(*dataSet, 1, "w_Y"), "1 4 7 10 13 16 19 22 25 28 31 34");
+        EXPECT_EQ(valuesOf(*dataSet, 1, "w_Z"), "2 5 8 11 14 17 20 23 26 29 32 35");
+    }
 }
 
 TEST(Deferral, LeavesTheCoordinatesOfImagesToBeComputed)

@@ -17,6 +17,11 @@ app::RawArray bytesIn(std::string const& path, std::int64_t count, std::int64_t 
     return {app::FileStamp(path), offset, app::RawType::UInt8, count, 1, 0, false};
 }
 
+std::shared_ptr<kernel::Buffer> mapped(app::RawArray const& array)
+{
+    return app::mapComponents(array).at(static_cast<std::size_t>(array.component));
+}
+
 } // namespace
 
 TEST(MappedFile, ShowsTheBytesOfTheFileFromAnyOffset)
@@ -27,7 +32,7 @@ TEST(MappedFile, ShowsTheBytesOfTheFileFromAnyOffset)
         content[n] = static_cast<char>(n % 251);
     std::string const path = folder.write("a.raw", content);
     for (std::int64_t const offset : {0, 1, 4095, 4096, 9999}) {
-        auto const buffer = app::mapValues(bytesIn(path, 20000 - offset, offset));
+        auto const buffer = mapped(bytesIn(path, 20000 - offset, offset));
         for (std::int64_t n = 0; n < buffer->size(); ++n)
             ASSERT_EQ(buffer->value(n), static_cast<double>((n + offset) % 251));
     }
@@ -37,18 +42,18 @@ TEST(MappedFile, NeverWritesToTheFile)
 {
     TemporaryFolder const folder;
     std::string const path = folder.write("a.raw", "12345");
-    auto const buffer = app::mapValues(bytesIn(path, 5));
+    auto const buffer = mapped(bytesIn(path, 5));
     buffer->setValue(2, 200.0);
     EXPECT_EQ(buffer->value(2), 200.0);
     EXPECT_EQ(contentOf(path), "12345");
-    EXPECT_EQ(app::mapValues(bytesIn(path, 5))->value(2), static_cast<double>('3'));
+    EXPECT_EQ(mapped(bytesIn(path, 5))->value(2), static_cast<double>('3'));
 }
 
 TEST(MappedFile, LivesOnWhenTheFileIsRemoved)
 {
     TemporaryFolder const folder;
     std::string const path = folder.write("a.raw", "12345");
-    auto const buffer = app::mapValues(bytesIn(path, 5));
+    auto const buffer = mapped(bytesIn(path, 5));
     std::filesystem::remove(path);
     EXPECT_EQ(buffer->value(4), static_cast<double>('5'));
 }
@@ -57,7 +62,7 @@ TEST(MappedFile, ReadsAsZerosWhereTheFileHasBeenCutShort)
 {
     TemporaryFolder const folder;
     std::string const path = folder.write("a.raw", std::string(100000, 'x'));
-    auto const buffer = app::mapValues(bytesIn(path, 100000));
+    auto const buffer = mapped(bytesIn(path, 100000));
     std::filesystem::resize_file(path, 4096);
     int const before = app::missingMappedPages();
     EXPECT_EQ(buffer->value(0), static_cast<double>('x'));
@@ -71,12 +76,12 @@ TEST(MappedFile, RefusesAFileThatIsTooShortOrNotTheOneThatWasLookedAt)
     TemporaryFolder const folder;
     std::string const path = folder.write("a.raw", "12345");
     app::RawArray const array = bytesIn(path, 6);
-    EXPECT_THROW(app::mapValues(array), app::ImportError);
+    EXPECT_THROW(mapped(array), app::ImportError);
     app::RawArray const good = bytesIn(path, 5);
     std::filesystem::remove(path);
-    EXPECT_THROW(app::mapValues(good), app::ImportError);
+    EXPECT_THROW(mapped(good), app::ImportError);
     folder.write("a.raw", "123456");
-    EXPECT_THROW(app::mapValues(good), app::ImportError);
+    EXPECT_THROW(mapped(good), app::ImportError);
 }
 
 TEST(MappedFile, IsUsedForLargeArraysThatStandAsTheKernelWantsThem)
@@ -86,18 +91,18 @@ TEST(MappedFile, IsUsedForLargeArraysThatStandAsTheKernelWantsThem)
     std::filesystem::resize_file(path, manyBytes + 64);
     app::RawArray array = bytesIn(path, manyBytes / 4, 4);
     array.type = app::RawType::Float32;
-    EXPECT_TRUE(app::RawArrayLoader(array).maps());
+    EXPECT_TRUE(app::RawArrayLoader::canBeMapped(array));
     array.offset = 5;
-    EXPECT_FALSE(app::RawArrayLoader(array).maps());
+    EXPECT_FALSE(app::RawArrayLoader::canBeMapped(array));
     array.offset = 4;
     array.bigEndian = true;
-    EXPECT_FALSE(app::RawArrayLoader(array).maps());
+    EXPECT_FALSE(app::RawArrayLoader::canBeMapped(array));
     array.bigEndian = false;
     array.type = app::RawType::UInt32;
-    EXPECT_FALSE(app::RawArrayLoader(array).maps());
+    EXPECT_FALSE(app::RawArrayLoader::canBeMapped(array));
     array.type = app::RawType::Float32;
     array.tuples = 1000;
-    EXPECT_FALSE(app::RawArrayLoader(array).maps());
+    EXPECT_FALSE(app::RawArrayLoader::canBeMapped(array));
 }
 
 TEST(MappedFile, GivesTheSameValuesAsReading)
@@ -112,11 +117,30 @@ TEST(MappedFile, GivesTheSameValuesAsReading)
     for (array.component = 0; array.component < 3; ++array.component) {
         kernel::Progress progress;
         auto const read = app::readValues(array, progress);
-        auto const mapped = app::mapValues(array);
-        ASSERT_EQ(read->size(), mapped->size());
+        auto const inPlace = mapped(array);
+        ASSERT_EQ(read->size(), inPlace->size());
         for (std::int64_t n = 0; n < read->size(); ++n)
-            ASSERT_EQ(read->value(n), mapped->value(n));
+            ASSERT_EQ(read->value(n), inPlace->value(n));
     }
+}
+
+TEST(MappedFile, IsMappedOnceForAllComponents)
+{
+    TemporaryFolder const folder;
+    std::string const path = folder.write("a.raw", "");
+    std::filesystem::resize_file(path, manyBytes);
+    app::RawArray array = bytesIn(path, manyBytes / 4);
+    array.components = 4;
+    auto const whole = std::make_shared<app::SharedArray>();
+    kernel::Progress progress;
+    std::vector<std::shared_ptr<kernel::Buffer>> components;
+    for (array.component = 0; array.component < 4; ++array.component)
+        components.push_back(app::RawArrayLoader(array, whole).load(progress));
+    for (auto const& buffer : components)
+        EXPECT_EQ(buffer->owner(), components.front()->owner());
+    std::filesystem::resize_file(path, manyBytes - 1);
+    array.component = 0;
+    EXPECT_THROW(app::RawArrayLoader(array, whole).load(progress), app::ImportError);
 }
 
 } // namespace veldraw::test

@@ -16,7 +16,7 @@ Set getEnabledVars()
 Set getEnabledVarsForFrame(long long frameID)
 {
     auto const dataSet = KernelAccess::dataSetOf(frameID);
-    return dataSet ? Set(dataSet->enabledVariables()) : Set();
+    return dataSet ? Set::Take(new Set_s{dataSet->enabledVariables()}) : Set(); // not a copy: there may be very many
 }
 
 Set getNonSpatialEnabledVars()

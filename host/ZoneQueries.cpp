@@ -33,7 +33,7 @@ Set getEnabledZones()
 Set getEnabledZonesForFrame(long long frameID)
 {
     auto const dataSet = KernelAccess::dataSetOf(frameID);
-    return dataSet ? Set(dataSet->enabledZones()) : Set();
+    return dataSet ? Set::Take(new Set_s{dataSet->enabledZones()}) : Set(); // not a copy: there may be very many
 }
 
 Set getNonLinearEnabledZones()

@@ -9,8 +9,8 @@
 #include <QTableView>
 #include <QTest>
 
-#include <benchmark/benchmark.h>
 #include <algorithm>
+#include <benchmark/benchmark.h>
 #include <cstdint>
 #include <fstream>
 #include <string>
@@ -34,25 +34,11 @@ double residentBytes()
     return resident * 4096;
 }
 
-/// A line of three billion values whose pages nobody has touched, as a sparse file gives them.
-class LongSheet
+/// The spreadsheet over the one zone of a data set that is made for it, in the application's first frame.
+class Sheet
 {
 public:
-    LongSheet()
-    {
-        host::KernelBridge::install();
-        session.clear();
-        auto const frame = session.createFrame("Frame 001", kernel::Rectangle{0.0, 0.0, 4.0, 3.0});
-        auto const dataSet = std::make_shared<kernel::DataSet>("Benchmark");
-        dataSet->addVariable(std::make_shared<kernel::Variable>("V"));
-        auto const zone = std::make_shared<kernel::Zone>("line", ZoneType_Ordered, rows, 1, 1);
-        dataSet->addZone(zone);
-        zone->fields[0] = kernel::Field(std::make_shared<kernel::ShareGroup>(mapped()), ValueLocation_Nodal);
-        session.setFrameDataSet(frame->id, dataSet);
-        window.show();
-        settle();
-    }
-    ~LongSheet() { session.clear(); }
+    ~Sheet() { session.clear(); }
 
     void settle()
     {
@@ -61,10 +47,40 @@ public:
         IdleDispatcher::flush();
     }
 
-    QTableView& table() { return *DataSpreadsheetDialog::getInstance(window).findChild<QTableView*>(); }
+    DataSpreadsheetDialog& dialog() { return DataSpreadsheetDialog::getInstance(window); }
+    QTableView& table() { return *dialog().findChild<QTableView*>(); }
 
     kernel::Session& session = kernel::Session::instance();
+    std::shared_ptr<kernel::DataSet> const dataSet = std::make_shared<kernel::DataSet>("Benchmark");
     QWidget window;
+
+protected:
+    Sheet()
+    {
+        host::KernelBridge::install();
+        session.clear();
+    }
+
+    void show()
+    {
+        session.setFrameDataSet(session.createFrame("Frame 001", kernel::Rectangle{0.0, 0.0, 4.0, 3.0})->id, dataSet);
+        window.show();
+        settle();
+    }
+};
+
+/// A line of three billion values whose pages nobody has touched, as a sparse file gives them.
+class LongSheet : public Sheet
+{
+public:
+    LongSheet()
+    {
+        dataSet->addVariable(std::make_shared<kernel::Variable>("V"));
+        auto const zone = std::make_shared<kernel::Zone>("line", ZoneType_Ordered, rows, 1, 1);
+        dataSet->addZone(zone);
+        zone->fields[0] = kernel::Field(std::make_shared<kernel::ShareGroup>(mapped()), ValueLocation_Nodal);
+        show();
+    }
 
 private:
     static std::shared_ptr<kernel::Buffer> mapped()
@@ -76,13 +92,33 @@ private:
     }
 };
 
+/// A line of three points with more variables than a view holds columns; the last one has values.
+class WideSheet : public Sheet
+{
+public:
+    WideSheet()
+    {
+        for (int number = 1; number <= variables; ++number)
+            dataSet->addVariable(std::make_shared<kernel::Variable>("V" + std::to_string(number)));
+        auto const zone = std::make_shared<kernel::Zone>("line", ZoneType_Ordered, 3, 1, 1);
+        dataSet->addZone(zone);
+        auto const values = kernel::Buffer::allocate(FieldDataType_Float, 3);
+        for (int index = 0; index < 3; ++index)
+            values->setValue(index, index);
+        zone->fields.back() = kernel::Field(std::make_shared<kernel::ShareGroup>(values), ValueLocation_Nodal);
+        show();
+    }
+
+    static constexpr int variables = 1200000;
+};
+
 void openTheSpreadsheetOnALongLine(benchmark::State& state)
 {
     LongSheet sheet;
     static double growth = 0; // of the very first opening; later ones find memory that the process kept
     for (auto _ : state) {
         double const before = residentBytes();
-        DataSpreadsheetDialog& dialog = DataSpreadsheetDialog::getInstance(sheet.window);
+        DataSpreadsheetDialog& dialog = sheet.dialog();
         dialog.launch();
         sheet.settle();
         growth = std::max(growth, residentBytes() - before);
@@ -101,7 +137,7 @@ template <int key>
 void goByKey(benchmark::State& state)
 {
     LongSheet sheet;
-    DataSpreadsheetDialog& dialog = DataSpreadsheetDialog::getInstance(sheet.window);
+    DataSpreadsheetDialog& dialog = sheet.dialog();
     dialog.launch();
     sheet.settle();
     sheet.table().setFocus();
@@ -118,6 +154,45 @@ void goByKey(benchmark::State& state)
 }
 BENCHMARK_TEMPLATE(goByKey, Qt::Key_End)->Name("goToTheOtherEndOfALongLine")->Unit(benchmark::kMillisecond);
 BENCHMARK_TEMPLATE(goByKey, Qt::Key_PageDown)->Name("turnAPageOfALongLine")->Unit(benchmark::kMillisecond);
+
+void openTheSpreadsheetOnManyVariables(benchmark::State& state)
+{
+    WideSheet sheet;
+    for (auto _ : state) {
+        DataSpreadsheetDialog& dialog = sheet.dialog();
+        dialog.launch();
+        sheet.settle();
+        state.PauseTiming();
+        if (sheet.table().model()->columnCount() == 0)
+            state.SkipWithError("the table is empty");
+        delete &dialog;
+        sheet.settle();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(openTheSpreadsheetOnManyVariables)->Unit(benchmark::kMillisecond);
+
+void editAValueOfManyVariablesAndTakeItBack(benchmark::State& state)
+{
+    WideSheet sheet;
+    DataSpreadsheetDialog& dialog = sheet.dialog();
+    dialog.launch();
+    sheet.settle();
+    sheet.table().setFocus();
+    QTest::keyClick(&sheet.table(), Qt::Key_End, Qt::ControlModifier);
+    sheet.settle();
+    for (auto _ : state) {
+        if (!sheet.table().model()->setData(sheet.table().currentIndex(), QStringLiteral("7"))) {
+            state.SkipWithError("the edit was refused");
+            break;
+        }
+        sheet.settle();
+        sheet.session.undo();
+        sheet.settle();
+    }
+    delete &dialog;
+}
+BENCHMARK(editAValueOfManyVariablesAndTakeItBack)->Unit(benchmark::kMillisecond);
 
 } // namespace
 } // namespace veldraw::bench

@@ -43,21 +43,20 @@ bool hasDataSet()
     return DataSpreadsheetPropertiesManager::dataSetExists()->isRelevant();
 }
 
-bool hasValues()
-{
-    return hasDataSet() && !getEnabledZones().isEmpty() && !getEnabledVars().isEmpty();
-}
-
-void correctSelection(Property<int>& choice, Set const& members)
+// @return whether there is anything to select
+bool correctSelection(Property<int>& choice, Set const& members)
 {
     if (!members.isEmpty() && !members.isMember(choice.value()))
         choice.setValue(members.members().front());
+    return !members.isEmpty();
 }
 
-void correctSelections()
+// @return whether there are a zone and a variable to show
+bool correctSelections()
 {
-    correctSelection(*theZone, getEnabledZones());
-    correctSelection(*theVariable, getEnabledVars());
+    bool const hasZone = correctSelection(*theZone, getEnabledZones());
+    bool const hasVariable = correctSelection(*theVariable, getEnabledVars());
+    return hasZone && hasVariable;
 }
 
 void clampIndices()
@@ -92,12 +91,10 @@ ValueLocation_e shownLocation(int zone, int variable, bool isMixed)
                    : static_cast<ValueLocation_e>(VelUtilDataValueGetLocation(zone, variable));
 }
 
-Set shownVariables(int zone, ValueLocation_e location, bool isMixed)
+Set variablesAt(ValueLocation_e location, int zone, Set const& enabled)
 {
-    if (!isMixed)
-        return getEnabledVars();
     Set variables;
-    for (int const variable : getEnabledVars().members()) {
+    for (int const variable : enabled.members()) {
         if (VelUtilDataValueGetLocation(zone, variable) == location)
             variables.add(variable);
     }
@@ -170,7 +167,7 @@ DataSpreadsheetPropertiesManager::DataSpreadsheetPropertiesManager(Owner& owner)
 {
     m_updatePerformer = std::make_unique<common::OnIdleAfterStateChangeActionPerformer>([this] { update(); },
                                                                                         common::engineStateChanged);
-    correctSelections();
+    bool const hasValues = correctSelections();
     m_alterRelevance = spreadsheet::alterRule();
     m_planeIndexRelevance = spreadsheet::planeIndexRule();
     m_variableRelevance = spreadsheet::variableRule();
@@ -178,6 +175,8 @@ DataSpreadsheetPropertiesManager::DataSpreadsheetPropertiesManager(Owner& owner)
     m_valueLocationRelevance = spreadsheet::valueLocationRule();
     m_lineOrFiniteElementRelevance = spreadsheet::lineOrFiniteElementRule();
     makeListModels();
+    m_tableModel = hasValues ? makeTableModel() : boost::make_shared<EmptyTableModel>();
+    m_tableModelProxy = boost::make_shared<TableModelProxy>(m_tableModel);
     connectToChoices();
     m_indexCalculator = boost::make_shared<IJKSpinBoxIncDecCalculator>(thePlane, theZone, theVariable);
     update();
@@ -192,8 +191,6 @@ void DataSpreadsheetPropertiesManager::makeListModels()
     m_planeListModel = boost::make_shared<ChoiceListModel<IJKPlanes_e>>(ijkPlanesLabels);
     m_formatListModel = boost::make_shared<ChoiceListModel<NumberFormat_e>>(numberFormatLabels);
     m_valueLocationListModel = boost::make_shared<ChoiceListModel<ValueLocation_e>>(valueLocationLabels);
-    m_tableModel = makeTableModel();
-    m_tableModelProxy = boost::make_shared<TableModelProxy>(m_tableModel);
 }
 
 void DataSpreadsheetPropertiesManager::connectToChoices()
@@ -224,9 +221,8 @@ void DataSpreadsheetPropertiesManager::update()
 
 void DataSpreadsheetPropertiesManager::bringInLine()
 {
-    correctSelections();
-    if (!hasValues()) {
-        show(makeTableModel());
+    if (!correctSelections()) {
+        show(boost::make_shared<EmptyTableModel>());
         return;
     }
     int const zone = theZone->value();
@@ -257,18 +253,17 @@ void DataSpreadsheetPropertiesManager::show(boost::shared_ptr<TableModel> const&
 
 boost::shared_ptr<DataSpreadsheetPropertiesManager::TableModel> DataSpreadsheetPropertiesManager::makeTableModel() const
 {
-    if (!hasValues())
-        return boost::make_shared<EmptyTableModel>();
     int const zone = theZone->value();
     int const variable = theVariable->value();
     bool const alterShared = theAlterShared->value();
-    bool const isMixed = hasMixedValueLocations(zone);
+    Set const enabled = getEnabledVars(); // once: there may be very many
+    bool const isMixed = hasMixedValueLocations(zone, enabled);
     ValueLocation_e const location = shownLocation(zone, variable, isMixed);
     bool const isFiniteElement = VelUtilZoneIsFiniteElement(zone);
     if (!isFiniteElement && !VelUtilZoneIsLinear(zone))
         return boost::make_shared<OrderedZoneVarTableModel>(zone, variable, thePlane->value(), m_indexProperty->value(),
                                                             alterShared);
-    Set const variables = shownVariables(zone, location, isMixed);
+    Set const variables = isMixed ? variablesAt(location, zone, enabled) : enabled;
     if (isFiniteElement)
         return boost::make_shared<FEZoneVarTableModel>(zone, variables, alterShared, location);
     return boost::make_shared<IJKLineZoneVarTableModel>(zone, variables, alterShared, location);

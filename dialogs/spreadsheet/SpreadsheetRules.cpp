@@ -66,7 +66,8 @@ bool showsOneVariable()
 bool hasLocationToChoose()
 {
     int const zone = Choices::spreadsheetZone()->value();
-    return Choices::dataSetExists()->isRelevant() && isLineOrFiniteElement(zone) && hasMixedValueLocations(zone);
+    return Choices::dataSetExists()->isRelevant() && isLineOrFiniteElement(zone) &&
+           hasMixedValueLocations(zone, getEnabledVars());
 }
 
 bool showsAllVariables()

@@ -13,13 +13,13 @@ bool isLineOrFiniteElement(int zone)
     return getEnabledZones().isMember(zone) && (VelUtilZoneIsFiniteElement(zone) || getZoneOrder(zone) < ZoneOrder_IJ);
 }
 
-bool hasMixedValueLocations(int zone)
+bool hasMixedValueLocations(int zone, toolbox::Set const& variables)
 {
-    Set::Members const variables = getEnabledVars().members();
-    if (variables.empty())
+    Set::Members const numbers = variables.members();
+    if (numbers.empty())
         return false;
-    int const reference = VelUtilDataValueGetLocation(zone, variables.front());
-    return std::any_of(variables.begin() + 1, variables.end(), [zone, reference](int variable) {
+    int const reference = VelUtilDataValueGetLocation(zone, numbers.front());
+    return std::any_of(numbers.begin() + 1, numbers.end(), [zone, reference](int variable) {
         return VelUtilDataValueGetLocation(zone, variable) != reference;
     });
 }

@@ -4,6 +4,7 @@
 /// What the spreadsheet must know of a zone of the active data set. Numbers are one-based.
 
 #include "platform/vdsdkbase/VelUtilTypes.h"
+#include "platform/vdtoolbox/Set.h"
 
 #include <string>
 
@@ -13,8 +14,8 @@ namespace veldraw::sdk::ui::propertymanager {
 /// with one dimension.
 bool isLineOrFiniteElement(int zone);
 
-/// Whether the enabled variables of the zone don't all have their values at the same place.
-bool hasMixedValueLocations(int zone);
+/// Whether the variables don't all have their values in the zone at the same place.
+bool hasMixedValueLocations(int zone, toolbox::Set const& variables);
 
 /// Whether an enabled variable of the zone has its values together with another zone. False for a disabled zone.
 bool sharesValues(int zone);

@@ -30,6 +30,13 @@ void KnownRange::leaveUnknown() noexcept
     m_isGiven = true;
 }
 
+void KnownRange::forgetUnlessExact() noexcept
+{
+    if (m_range.state != ValueRange::State::Exact) {
+        forget();
+    }
+}
+
 void KnownRange::compute(Buffer const& buffer, Dimensions const& dims)
 {
     m_range = dims == Dimensions{} ? rangeOfBuffer(buffer) : rangeOfCells(buffer, dims);

@@ -33,6 +33,9 @@ public:
     void compute(Buffer const& buffer, Dimensions const& dims);
     void forget() noexcept { *this = KnownRange(); }
 
+    /// For values that have come into memory: anything but exact limits is computed when it is asked for.
+    void forgetUnlessExact() noexcept;
+
     /// Follows the change of one value from @p before to @p after: stays exact where that is certain, else is forgotten;
     /// an estimate is widened.
     void follow(double before, double after, Dimensions const& dims) noexcept;

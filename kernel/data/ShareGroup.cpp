@@ -28,11 +28,10 @@ void ShareGroup::setLoaded(std::shared_ptr<Buffer> buffer) noexcept
     m_buffer.swap(buffer);
     m_type = m_buffer->type();
     m_size = m_buffer->size();
-    ValueRange::State const state = m_range.range().state;
-    if (isMapped() && state == ValueRange::State::Unknown) {
+    if (!isMapped()) {
+        m_range.forgetUnlessExact();
+    } else if (!m_range.range().isValid()) {
         m_range.leaveUnknown();
-    } else if (!isMapped() && state == ValueRange::State::Estimated) {
-        m_range.forget();
     }
 }
 
@@ -41,17 +40,6 @@ void ShareGroup::unload() noexcept
     if (canUnload()) {
         m_buffer.reset();
     }
-}
-
-void ShareGroup::replaceBuffer(std::shared_ptr<Buffer> buffer)
-{
-    m_buffer = std::move(buffer);
-    if (m_buffer) {
-        m_type = m_buffer->type();
-        m_size = m_buffer->size();
-    }
-    m_isAltered = true;
-    m_range.forget();
 }
 
 Buffer& ShareGroup::writableBuffer()
@@ -65,6 +53,13 @@ Buffer& ShareGroup::writableBuffer()
     m_isAltered = true;
     m_range.forget();
     return *m_buffer;
+}
+
+void ShareGroup::replaceByCopy(std::shared_ptr<Buffer> copy) noexcept
+{
+    m_buffer.swap(copy);
+    m_loader.reset();
+    m_range.forgetUnlessExact();
 }
 
 void ShareGroup::writeBits(std::int64_t index, std::uint64_t bits, KnownRange::Dimensions const& dims) noexcept
@@ -95,31 +90,23 @@ ValueRange const& ShareGroup::cellRange(std::int64_t i, std::int64_t j, std::int
     return m_range.range();
 }
 
-std::shared_ptr<ShareGroup> ShareGroup::branch() const
-{
-    if (m_buffer) {
-        return branch(m_buffer);
-    }
-    auto group = std::make_shared<ShareGroup>(m_type, m_size, m_loader);
-    group->m_range = m_range;
-    return group;
-}
-
 std::shared_ptr<ShareGroup> ShareGroup::branch(std::shared_ptr<Buffer> copy) const
 {
     auto group = std::make_shared<ShareGroup>(std::move(copy));
     group->m_range = m_range;
+    group->m_range.forgetUnlessExact();
     return group;
 }
 
 std::shared_ptr<ShareGroup> ShareGroup::standIn() const
 {
-    if (!m_buffer || canUnload()) {
-        auto group = std::make_shared<ShareGroup>(m_type, m_size, m_loader);
-        group->m_range = m_range;
-        return group;
+    auto group = std::make_shared<ShareGroup>(m_type, m_size, m_loader);
+    group->m_range = m_range;
+    if (m_buffer && !canUnload()) {
+        group->m_buffer = Buffer::adopt(m_type, m_size, m_buffer->mutableData(), m_buffer->stride(), m_buffer->owner());
+        group->m_isAltered = m_isAltered;
     }
-    return branch(Buffer::adopt(m_type, m_size, m_buffer->mutableData(), m_buffer->stride(), m_buffer->owner()));
+    return group;
 }
 
 } // namespace veldraw::kernel

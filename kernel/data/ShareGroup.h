@@ -42,9 +42,6 @@ public:
     /// Lets go of the values when it can. What was found out about their range stays known.
     void unload() noexcept;
 
-    /// Puts another buffer in place, for all fields of the group; the range is forgotten.
-    void replaceBuffer(std::shared_ptr<Buffer> buffer);
-
     /// The buffer for writing: the group's own if nobody else holds it, else a private copy put in its place.
     /// The range is forgotten. @throws std::bad_alloc, std::logic_error while the values are not loaded
     Buffer& writableBuffer();
@@ -52,8 +49,9 @@ public:
     /// Whether somebody else holds the buffer, so that a write has to go to a copy.
     bool isHeld() const { return m_buffer.use_count() > 1; }
 
-    /// Puts a copy of the same values in the place of a buffer that is held; what is known of the range holds on.
-    void replaceByCopy(std::shared_ptr<Buffer> copy) noexcept { m_buffer.swap(copy); }
+    /// Puts a copy of the same values in the place of a buffer that is held, to be written: the values are in memory then
+    /// and never loaded again. An exact range holds on.
+    void replaceByCopy(std::shared_ptr<Buffer> copy) noexcept;
 
     /// Writes one value as it is stored, in place, also when the buffer is held, and keeps the range up to date.
     /// @param index zero-based, not checked; the values are loaded
@@ -75,11 +73,7 @@ public:
     KnownRange const& knownRange() const { return m_range; }
     void restoreRange(KnownRange const& range) noexcept { m_range = range; }
 
-    /// A new group over the same buffer, with what is known of its range: no value is copied until one of the two is
-    /// written. Over the same loader while the values are not loaded.
-    std::shared_ptr<ShareGroup> branch() const;
-
-    /// A new group over @p copy, which has the same values, with what is known of their range.
+    /// A new group over @p copy, which has the same values in memory of its own. An exact range holds for it too.
     std::shared_ptr<ShareGroup> branch(std::shared_ptr<Buffer> copy) const;
 
     /// A group that can take this one's place, should it go. It has the same memory, but does not count as a holder of the

@@ -20,31 +20,29 @@ ValueEdit::ValueEdit(EventHub& hub, ValuePlace place, std::uint64_t bits, std::s
 
 void ValueEdit::apply() noexcept
 {
-    ShareGroup& group = m_place.group();
     if (m_copy) {
-        group.replaceByCopy(std::move(m_copy));
-        m_copy.reset();
+        m_place.group().replaceByCopy(std::move(m_copy));
     }
-    m_rangeBefore = group.knownRange();
     exchange();
-    m_hub.emitEvent(m_event);
 }
 
 void ValueEdit::revert() noexcept
 {
     exchange();
-    if (m_rangeBefore.isKnown()) {
-        m_place.group().restoreRange(m_rangeBefore);
-    }
-    m_hub.emitEvent(m_event);
 }
 
 void ValueEdit::exchange() noexcept
 {
     ShareGroup& group = m_place.group();
     std::uint64_t const bits = group.buffer()->bits(m_place.index);
+    KnownRange const range = group.knownRange();
     group.writeBits(m_place.index, m_otherBits, m_place.cellDimensions());
+    if (m_otherRange.isKnown()) {
+        group.restoreRange(m_otherRange); // all values are what they were then
+    }
     m_otherBits = bits;
+    m_otherRange = range;
+    m_hub.emitEvent(m_event);
 }
 
 } // namespace veldraw::kernel

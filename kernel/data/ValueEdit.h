@@ -20,7 +20,7 @@ struct ValuePlace
 };
 
 /// Stores one value in place, and the old bits again. No array is held: each way finds the group by the field, which stands
-/// where it stood when the step was made.
+/// where it stood when the step was made. A range that was known comes back with the bits, so that it is not computed again.
 class ValueEdit : public Change
 {
 public:
@@ -38,7 +38,7 @@ private:
     EventHub& m_hub;
     ValuePlace m_place;
     std::uint64_t m_otherBits;
-    KnownRange m_rangeBefore;
+    KnownRange m_otherRange; ///< what was known with the other bits in place
     std::shared_ptr<Buffer> m_copy;
     StateChangeEvent m_event;
 };

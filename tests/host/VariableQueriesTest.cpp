@@ -71,8 +71,11 @@ TEST_F(VariableQueries, FindNothingThatWaitsToBeLoadedWhenAllIsInMemory)
 TEST_F(VariableQueries, FindWhatWaitsToBeLoaded)
 {
     m_dataSet->addVariable(std::make_shared<kernel::Variable>("passive"));
-    for (int variable : {1, 4, 5})
-        m_dataSet->field(1, variable)->group()->replaceBuffer(nullptr);
+    for (std::size_t position : {0U, 3U, 4U}) {
+        kernel::Field& field = m_dataSet->zone(1)->fields[position];
+        auto group = std::make_shared<kernel::ShareGroup>(field.type(), field.group()->size(), nullptr);
+        field = kernel::Field(std::move(group), field.location());
+    }
     session().setVariableEnabled(*m_dataSet, 4, false);
     EXPECT_THAT(getNotLoadedVariablesForZone(1).members(), ElementsAre(1, 5));
     EXPECT_THAT(getNotLoadedVariablesForZone(2).members(), IsEmpty());

@@ -202,6 +202,7 @@ TEST_F(CFunctions, SetOneValueByNamedArguments)
     EXPECT_TRUE(set({{"Zone", 2}, {"Var", 1}, {"Index", 1}, {"AutoBranch", 0}}, &value));
     EXPECT_FALSE(set({{"Zone", 1}, {"Var", 4}, {"Index", 0}, {"AutoBranch", 1}}, &value));
     EXPECT_FALSE(set({{"Zone", 1}, {"Var", 4}, {"Index", 7}, {"AutoBranch", 1}}, &value));
+    EXPECT_FALSE(set({{"Zone", 1}, {"Var", 4}, {"Index", LLONG_MIN}, {"AutoBranch", 1}}, &value));
     EXPECT_FALSE(set({{"Zone", (1LL << 32) + 1}, {"Var", 4}, {"Index", 1}, {"AutoBranch", 1}}, &value));
     EXPECT_FALSE(set({{"Zone", 1}, {"Var", 4}, {"Index", 1}, {"AutoBranch", 1}}, nullptr));
     EXPECT_FALSE(set({{"Zone", 1}, {"Var", 4}, {"Index", 1}}, &value));

@@ -164,7 +164,8 @@ TEST_F(RotateZones, TurnsComponentsThatShareOneStorage)
 TEST_F(RotateZones, KeepsStorageApartThatWasApart)
 {
     ASSERT_TRUE(session.duplicateZones(*dataSet, {1}));
-    field(2, 1) = Field(field(2, 1).group()->branch(), ValueLocation_Nodal);
+    ShareGroup const& shared = *field(2, 1).group();
+    field(2, 1) = Field(shared.branch(shared.buffer()->clone()), ValueLocation_Nodal);
     ASSERT_TRUE(session.rotateZones(*dataSet, {1, 2}, noVector, slanting, 10));
     EXPECT_NE(field(1, 1).group(), field(2, 1).group());
     EXPECT_EQ(values(*dataSet, 1, 1), values(*dataSet, 2, 1));

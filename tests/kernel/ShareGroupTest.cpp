@@ -1,4 +1,5 @@
 #include "SampleData.h"
+#include "SampleLoader.h"
 
 #include <gtest/gtest.h>
 
@@ -50,26 +51,36 @@ TEST(ShareGroup, WritesForAllItsFields)
     EXPECT_EQ(second.group()->buffer()->value(1), 9);
 }
 
-TEST(ShareGroup, ForgetsItsRangeWhenTheBufferIsReplaced)
+TEST(ShareGroup, GivesABranchWhatIsExactlyKnownOfTheRangeAndNoMore)
 {
     Field const field = sample::field({1, 2});
-    EXPECT_EQ(field.group()->range().max, 2);
-    field.group()->replaceBuffer(Buffer::allocate(FieldDataType_Byte, 3));
-    EXPECT_EQ(field.group()->range().max, 0);
-    EXPECT_EQ(field.type(), FieldDataType_Byte);
+    field.group()->setKnownRange({ValueRange::State::Exact, 0, 9}); // to be told from a range that is computed
+    EXPECT_EQ(field.group()->branch(field.group()->buffer()->clone())->range().max, 9);
+    field.group()->setKnownRange({ValueRange::State::Estimated, 0, 9});
+    EXPECT_EQ(field.group()->branch(field.group()->buffer()->clone())->range().max, 2);
+    EXPECT_EQ(field.group()->range().max, 9);
 }
 
-TEST(ShareGroup, BranchesWithoutACopyUntilOneOfTheTwoIsWritten)
+TEST(ShareGroup, HasAStandInThatKnowsAsMuchAndHoldsNothingButTheMemory)
 {
-    Field const field = sample::field({1, 2});
-    EXPECT_EQ(field.group()->range().min, 1);
-    Field const branch(field.group()->branch(), ValueLocation_Nodal);
-    EXPECT_EQ(branch.group()->buffer(), field.group()->buffer());
-    EXPECT_EQ(branch.shareCount(), 1);
-    EXPECT_EQ(branch.group()->range().min, 1);
-    branch.group()->writableBuffer().setValue(0, 5);
-    EXPECT_EQ(field.group()->buffer()->value(0), 1);
-    EXPECT_EQ(branch.group()->buffer()->value(0), 5);
+    auto const loader = std::make_shared<sample::Loader>(std::vector<double>{1, 2, 3});
+    loader->mapped = true;
+    loader->knownRange = {ValueRange::State::Estimated, 0, 9};
+    Field const field = sample::Loader::field(loader);
+    ShareGroup& group = *field.group();
+    EXPECT_FALSE(group.standIn()->isLoaded());
+    Progress progress;
+    group.setLoaded(loader->load(progress));
+    EXPECT_FALSE(group.standIn()->isLoaded()) << "can be loaded again";
+    group.writeBits(1, Buffer::bitsOf(FieldDataType_Float, 12), {});
+    auto const standIn = group.standIn();
+    ASSERT_TRUE(standIn->isLoaded());
+    EXPECT_EQ(standIn->buffer()->data(), group.buffer()->data());
+    EXPECT_FALSE(group.isHeld());
+    EXPECT_FALSE(standIn->canUnload()) << "altered";
+    EXPECT_EQ(standIn->range().max, 12);
+    standIn->writeBits(1, Buffer::bitsOf(FieldDataType_Float, 2), {});
+    EXPECT_EQ(standIn->range().state, ValueRange::State::Estimated) << "mapped as before: not gone through";
 }
 
 TEST(Field, WithoutAGroupIsPassiveAndAlone)

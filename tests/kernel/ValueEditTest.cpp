@@ -238,6 +238,72 @@ TEST_F(EditValue, KeepsTheRangeRightWhateverIsWritten)
     EXPECT_EQ(steps, 45);
 }
 
+TEST_F(EditValue, ComputesNoRangeAgainThatWasKnownOnTheOtherWay)
+{
+    ShareGroup const& group = *field(1, 1).group();
+    EXPECT_EQ(group.range().max, 2);
+    ASSERT_TRUE(edit(1, 1, 2, 1) && edit(1, 1, 5, 1)); // both that were the largest
+    EXPECT_FALSE(group.knownRange().isKnown());
+    EXPECT_EQ(group.range().max, 1);
+    ASSERT_TRUE(session.undo() && session.undo());
+    ASSERT_TRUE(group.knownRange().isKnown());
+    EXPECT_EQ(group.range().max, 2);
+    ASSERT_TRUE(session.redo() && session.redo());
+    ASSERT_TRUE(group.knownRange().isKnown());
+    EXPECT_EQ(group.range().max, 1);
+}
+
+/// A mapped array of which an estimate is known, shared by both zones.
+class EditMappedValue : public EditValue
+{
+protected:
+    EditMappedValue()
+    {
+        loader->mapped = true;
+        loader->knownRange = {ValueRange::State::Estimated, -9, 9};
+        dataSet->zone(1)->fields[3] = dataSet->zone(2)->fields[3] = sample::Loader::field(loader);
+        session.loadVariables(*dataSet, {1}, {4});
+    }
+
+    std::shared_ptr<sample::Loader> loader = std::make_shared<sample::Loader>(std::vector<double>{1, 2, 3, 4, 5, 6});
+};
+
+TEST_F(EditMappedValue, WidensTheEstimateInPlaceAndTakesItBack)
+{
+    EXPECT_TRUE(edit(1, 4, 0, 20, false));
+    EXPECT_EQ(dataSet->zone(2)->range(4).state, ValueRange::State::Estimated);
+    EXPECT_EQ(dataSet->zone(2)->range(4).max, 20);
+    EXPECT_EQ(dataSet->zone(2)->range(4).min, -9);
+    EXPECT_TRUE(session.undo());
+    EXPECT_EQ(dataSet->zone(2)->range(4).max, 9);
+    EXPECT_TRUE(session.redo());
+    EXPECT_EQ(dataSet->zone(2)->range(4).max, 20);
+}
+
+TEST_F(EditMappedValue, GivesTheCopyOfABranchARangeOfItsOwn)
+{
+    EXPECT_TRUE(edit(1, 4, 0, 20));
+    EXPECT_EQ(dataSet->zone(1)->range(4).state, ValueRange::State::Exact);
+    EXPECT_EQ(dataSet->zone(1)->range(4).min, 2);
+    EXPECT_EQ(dataSet->zone(1)->range(4).max, 20);
+    EXPECT_EQ(dataSet->zone(2)->range(4).state, ValueRange::State::Estimated);
+    EXPECT_EQ(dataSet->zone(2)->range(4).max, 9);
+}
+
+TEST_F(EditMappedValue, GivesTheCopyARangeThatTakesThePlaceOfMappedValuesInUse)
+{
+    auto const read = field(1, 4).group()->buffer();
+    EXPECT_TRUE(edit(1, 4, 0, 20, false));
+    EXPECT_EQ(read->value(0), 1);
+    EXPECT_EQ(dataSet->zone(2)->range(4).state, ValueRange::State::Exact);
+    EXPECT_EQ(dataSet->zone(2)->range(4).min, 2);
+    EXPECT_TRUE(session.undo());
+    EXPECT_EQ(dataSet->zone(2)->range(4).min, 1);
+    EXPECT_EQ(dataSet->zone(2)->range(4).max, 6);
+    EXPECT_TRUE(session.makeVariablesAvailable(*dataSet, {1, 2}, {}));
+    EXPECT_TRUE(field(1, 4).isLoaded()) << "altered: the history writes there again";
+}
+
 TEST_F(EditValue, ReachesTheLastOfThreeThousandMillionValues)
 {
     constexpr std::int64_t count = 3000000000;

@@ -1,17 +1,21 @@
-#include "dialogs/models/QTableModelAdapter.h"
 #include "dialogs/spreadsheet/IJKLineZoneVarTableModel.h"
-#include "tests/dialogs/spreadsheet/SheetStage.h"
+#include "tests/dialogs/spreadsheet/SpreadsheetDriver.h"
+
+#include <QClipboard>
 
 #include <cmath>
+#include <cstdlib>
 #include <cstring>
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
+#include <limits>
 #include <random>
 #include <tuple>
 
 namespace veldraw::tests {
 namespace {
 
-using namespace sdk::ui::dialogs::propertybindings::models;
+using sdk::ui::dialogs::propertybindings::models::IJKLineZoneVarTableModel;
+using sdk::ui::dialogs::propertybindings::models::ModelIndex;
 
 constexpr std::int64_t valueCount = 256;
 
@@ -59,14 +63,16 @@ std::initializer_list<T> edgesOf()
     return edges;
 }
 
-/// Values of one type with random bits: every pattern that a file may bring, subnormal numbers, infinities and payloads of
-/// what is no number included. The first ones of the floating types are the edges of their range.
-class UnchangedValuesTest : public testing::TestWithParam<std::tuple<FieldDataType_e, unsigned>>
+/// The spreadsheet over values of one type with random bits: every pattern that a file may bring, subnormal numbers,
+/// infinities and payloads of what is no number included. The first ones of the floating types are the edges of their range.
+class UnchangedValuesTest : public SpreadsheetDriver,
+                            public testing::WithParamInterface<std::tuple<FieldDataType_e, unsigned>>
 {
 protected:
     UnchangedValuesTest()
     {
         auto const [type, seed] = GetParam();
+        std::shared_ptr<kernel::Buffer> buffer = kernel::Buffer::allocate(type, valueCount);
         std::mt19937 random(seed);
         auto* const bytes = static_cast<unsigned char*>(buffer->mutableData());
         for (std::size_t byte = 0; byte < bytesOf(type); ++byte)
@@ -78,6 +84,8 @@ protected:
         zone = stage.addZone("line", ZoneType_Ordered, valueCount, 1, 1);
         stage.fillFrom(zone, 1, std::exchange(buffer, nullptr));
         stage.show();
+        stage.session().history().clear();
+        before = bits();
     }
 
     std::string bits() const
@@ -85,37 +93,91 @@ protected:
         auto const shown = stage.dataSet().field(zone, 1)->group()->buffer();
         return std::string(static_cast<char const*>(shown->data()), bytesOf(std::get<0>(GetParam())));
     }
+    void expectUntouched()
+    {
+        EXPECT_EQ(bits(), before);
+        EXPECT_FALSE(stage.session().history().canUndo());
+        EXPECT_THAT(messages.take(), testing::IsEmpty());
+    }
+    void choose(NumberFormat_e format, long long precision)
+    {
+        Choices::spreadsheetFormat()->setValue(format);
+        Choices::spreadsheetPrecision()->setValue(precision);
+    }
 
-    std::shared_ptr<kernel::Buffer> buffer = kernel::Buffer::allocate(std::get<0>(GetParam()), valueCount);
-    SheetStage stage{{"V"}};
     int zone = 0;
+    std::string before;
 };
 
-TEST_P(UnchangedValuesTest, AreWhatWasStoredBitForBitAfterTheyWereShownAndCopied)
+TEST_P(UnchangedValuesTest, AreWhatWasStoredBitForBitAfterTheyWereShownInEveryFormat)
 {
     SCOPED_TRACE("seed " + std::to_string(std::get<1>(GetParam())));
-    std::string const before = bits();
-    IJKLineZoneVarTableModel table(zone, toolbox::Set(1), false, ValueLocation_Nodal);
-    QTableModelAdapter const model(table);
-    for (int row = 0; row < valueCount; ++row) {
-        ASSERT_FALSE(model.index(row, 0).data(Qt::DisplayRole).toString().isEmpty());
-        ASSERT_EQ(model.index(row, 0).data(Qt::EditRole), model.index(row, 0).data(Qt::DisplayRole));
+    launched();
+    for (int format = NumberFormat_Integer; format <= NumberFormat_BestFloat; ++format) {
+        for (long long const precision : {0, 3, 16}) {
+            choose(static_cast<NumberFormat_e>(format), precision);
+            settle();
+            for (int row = 0; row < valueCount; ++row)
+                ASSERT_NE(shown(row, 0), "") << "row " << row;
+        }
     }
-    EXPECT_EQ(bits(), before);
+    expectUntouched();
 }
 
-TEST_P(UnchangedValuesTest, AreWhatWasStoredBitForBitAfterTheirOwnTextWasCommitted)
+TEST_P(UnchangedValuesTest, AreCopiedWithAllThatTellsOneFromAnother)
 {
     SCOPED_TRACE("seed " + std::to_string(std::get<1>(GetParam())));
-    std::string const before = bits();
+    launched();
+    choose(NumberFormat_Integer, 0);
+    settle();
+    table().setFocus();
+    table().selectColumn(0);
+    QTest::keyClick(&table(), Qt::Key_C, Qt::ControlModifier);
+    QStringList const lines = QApplication::clipboard()->text().split(QLatin1Char('\n'));
+    ASSERT_EQ(lines.size(), valueCount);
+    for (int row = 0; row < valueCount; ++row) {
+        double const stored = stage.stored(zone, 1, row);
+        double const copied = std::strtod(qPrintable(lines[row]), nullptr);
+        ASSERT_EQ(std::signbit(copied), std::signbit(stored)) << qPrintable(lines[row]);
+        ASSERT_EQ(std::isnan(copied), std::isnan(stored)) << qPrintable(lines[row]);
+        if (!std::isnan(stored)) {
+            ASSERT_EQ(kernel::Buffer::bitsOf(std::get<0>(GetParam()), copied),
+                      stage.dataSet().field(zone, 1)->group()->buffer()->bits(row))
+                << "row " << row << ": " << qPrintable(lines[row]);
+        }
+    }
+    expectUntouched();
+}
+
+TEST_P(UnchangedValuesTest, AreWhatWasStoredBitForBitAfterTheirEditorsWereClosedByReturn)
+{
+    SCOPED_TRACE("seed " + std::to_string(std::get<1>(GetParam())));
+    launched();
+    table().setFocus();
+    for (int row = 0; row < valueCount; ++row) {
+        // Whatever digits the cell shows: few, many, none behind the point.
+        if (row % 32 == 0)
+            choose(static_cast<NumberFormat_e>(row / 32 % 4), row / 32 < 4 ? 0 : 16);
+        goTo(row, 0);
+        QTest::keyClick(&table(), Qt::Key_F2);
+        pressInEditor(Qt::Key_Return);
+        ASSERT_EQ(bits(), before) << "row " << row << ": " << shown(row, 0);
+    }
+    expectUntouched();
+}
+
+TEST_P(UnchangedValuesTest, AreWhatWasStoredBitForBitAfterTheirOwnTextWasWritten)
+{
+    SCOPED_TRACE("seed " + std::to_string(std::get<1>(GetParam())));
     IJKLineZoneVarTableModel table(zone, toolbox::Set(1), false, ValueLocation_Nodal);
     for (int row = 0; row < valueCount; ++row) {
         ModelIndex const cell(static_cast<unsigned long long>(row), 0);
         if (!std::isfinite(stage.stored(zone, 1, row)))
-            continue; // an editor refuses such a text, so it is never committed
+            continue; // an editor refuses such a text, so that it is never written
         ASSERT_TRUE(table.setStr(cell, table.getStr(cell))) << table.getStr(cell);
         ASSERT_EQ(bits(), before) << "row " << row << ": " << table.getStr(cell);
     }
+    expectUntouched();
 }
 
 INSTANTIATE_TEST_SUITE_P(AllTypes, UnchangedValuesTest,

@@ -14,6 +14,7 @@
 #include "dialogs/spreadsheet/EnterKeyTableNavigator.h"
 #include "dialogs/spreadsheet/GoToRowAction.h"
 #include "dialogs/spreadsheet/LongTableKeys.h"
+#include "dialogs/spreadsheet/LongTableMouse.h"
 #include "dialogs/spreadsheet/SelectionText.h"
 #include "dialogs/spreadsheet/TableWindow.h"
 #include "dialogs/spreadsheet/WindowScrollBar.h"
@@ -27,7 +28,6 @@
 #include <QMenu>
 #include <QStackedLayout>
 
-#include <limits>
 #include <string>
 #include <vector>
 
@@ -48,6 +48,7 @@ using propertymanager::DataSpreadsheetPropertiesManager;
 using propertymanager::EnterKeyTableNavigator;
 using propertymanager::GoToRowAction;
 using propertymanager::LongTableKeys;
+using propertymanager::LongTableMouse;
 using propertymanager::RelevanceInterface;
 using propertymanager::SelectionText;
 using propertymanager::TableWindow;
@@ -152,6 +153,7 @@ void DataSpreadsheetDialog::Impl::makeLongTablesReachable()
     table->setHorizontalScrollMode(QAbstractItemView::ScrollPerItem);
     auto* const window = new TableWindow(*table, adapter);
     new LongTableKeys(*window, *table);
+    new LongTableMouse(*window, *table);
     new WindowScrollBar(Qt::Vertical, *window, *table);
     new WindowScrollBar(Qt::Horizontal, *window, *table);
     SelectionText::giveTo(*copyHandler, *window, *manager.tableModelProxy());

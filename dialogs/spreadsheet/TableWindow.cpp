@@ -3,7 +3,6 @@
 #include "dialogs/widgets/TableViewWithPreferredDimensions.h"
 
 #include <QApplication>
-#include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QTimer>
@@ -50,7 +49,6 @@ TableWindow::TableWindow(View& view, Adapter& adapter)
         connect(bar, &QScrollBar::valueChanged, this, &TableWindow::onScrolled);
         connect(bar, &QScrollBar::rangeChanged, this, &TableWindow::onScrolled);
     }
-    view.viewport()->installEventFilter(this);
 }
 
 TableWindow::~TableWindow() = default;
@@ -98,46 +96,46 @@ void TableWindow::scrollTo(Qt::Orientation direction, unsigned long long positio
 
 void TableWindow::setCurrent(Cell const& cell, bool extend)
 {
-    if (cell.row >= m_adapter.totalRows() || cell.column >= m_adapter.totalColumns())
+    m_view.finishEdit();
+    if (!isInTable(cell))
         return;
     Cell const from = extend && m_anchor ? *m_anchor : cell;
-    ensureInWindow(Qt::Vertical, cell.row);
-    ensureInWindow(Qt::Horizontal, cell.column);
-    m_anchor = from;
-    m_current = cell;
-    m_selection = Range{Cell(std::min(from.row, cell.row), std::min(from.column, cell.column)),
-                        Cell(std::max(from.row, cell.row), std::max(from.column, cell.column))};
+    select(from, cell,
+           Range{Cell(std::min(from.row, cell.row), std::min(from.column, cell.column)),
+                 Cell(std::max(from.row, cell.row), std::max(from.column, cell.column))});
+}
+
+void TableWindow::extendLines(Qt::Orientation direction, unsigned long long place)
+{
+    m_view.finishEdit();
+    bool const isRow = direction == Qt::Vertical;
+    Cell const cell = isRow ? Cell(place, position(Qt::Horizontal)) : Cell(position(Qt::Vertical), place);
+    if (!isInTable(cell))
+        return;
+    Cell const from = m_anchor.value_or(cell);
+    Range lines{Cell(0, 0), Cell(m_adapter.totalRows() - 1, m_adapter.totalColumns() - 1)};
+    (isRow ? lines.first.row : lines.first.column) = isRow ? std::min(from.row, place) : std::min(from.column, place);
+    (isRow ? lines.last.row : lines.last.column) = isRow ? std::max(from.row, place) : std::max(from.column, place);
+    select(from, cell, lines);
+}
+
+bool TableWindow::isInTable(Cell const& cell) const
+{
+    return cell.row < m_adapter.totalRows() && cell.column < m_adapter.totalColumns();
+}
+
+void TableWindow::select(Cell const& anchor, Cell const& current, Range const& range)
+{
+    ensureInWindow(Qt::Vertical, current.row);
+    ensureInWindow(Qt::Horizontal, current.column);
+    m_anchor = anchor;
+    m_current = current;
+    m_selection = range;
     QScopedValueRollback<bool> const moving(m_isMoving, true);
     showSelection();
     showCurrent();
     m_view.scrollTo(m_view.currentIndex());
     Q_EMIT positionChanged();
-}
-
-bool TableWindow::eventFilter(QObject* watched, QEvent* event)
-{
-    if (event->type() == QEvent::MouseButtonPress && press(*static_cast<QMouseEvent const*>(event)))
-        return true;
-    if (event->type() == QEvent::MouseButtonRelease)
-        m_isPressed = false;
-    return QObject::eventFilter(watched, event);
-}
-
-bool TableWindow::press(QMouseEvent const& mouse)
-{
-    if (mouse.button() != Qt::LeftButton)
-        return false;
-    m_isPressed = true;
-    QModelIndex const index = m_view.indexAt(mouse.pos());
-    bool const extends = mouse.modifiers() == Qt::ShiftModifier;
-    // The view would extend from what it has of the selection, which may begin outside the window.
-    if (extends && index.isValid() && !(showsAll(Qt::Vertical) && showsAll(Qt::Horizontal))) {
-        setCurrent(m_adapter.tableIndex(index), true);
-        return true;
-    }
-    if (!extends && index.isValid())
-        m_anchor = m_adapter.tableIndex(index);
-    return false;
 }
 
 void TableWindow::onCurrentChanged(QModelIndex const& index)
@@ -147,7 +145,7 @@ void TableWindow::onCurrentChanged(QModelIndex const& index)
     m_current.reset();
     if (index.isValid())
         m_current = m_adapter.tableIndex(index);
-    if (!m_isPressed && !(QApplication::keyboardModifiers() & Qt::ShiftModifier))
+    if (!(QApplication::keyboardModifiers() & Qt::ShiftModifier))
         m_anchor = m_current;
 }
 
@@ -200,6 +198,9 @@ void TableWindow::makeRoom(Qt::Orientation direction)
 
 void TableWindow::moveWindow(Qt::Orientation direction, unsigned long long newFirst)
 {
+    // The view drops the editor of a cell that leaves it; what was typed there is meant, as when the focus leaves.
+    if (m_current && wouldLose(*m_current, direction, newFirst))
+        m_view.finishEdit();
     unsigned long long const shown = position(direction);
     QScopedValueRollback<bool> const moving(m_isMoving, true);
     if (direction == Qt::Vertical)
@@ -212,6 +213,13 @@ void TableWindow::moveWindow(Qt::Orientation direction, unsigned long long newFi
     int const place = inWindow(direction, shown);
     if (place >= 0)
         scrollBar(direction).setValue(place);
+}
+
+bool TableWindow::wouldLose(Cell const& cell, Qt::Orientation direction, unsigned long long newFirst) const
+{
+    unsigned long long const place = direction == Qt::Vertical ? cell.row : cell.column;
+    unsigned long long const begin = std::min(newFirst, lastFirst(direction));
+    return place < begin || place - begin >= wide(windowSize(direction));
 }
 
 void TableWindow::moveWindowAround(Qt::Orientation direction, unsigned long long center)

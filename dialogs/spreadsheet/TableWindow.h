@@ -6,8 +6,6 @@
 
 #include <optional>
 
-class QItemSelectionRange;
-class QMouseEvent;
 class QScrollBar;
 
 namespace veldraw::dialogs::common {
@@ -59,19 +57,20 @@ public:
     std::optional<Cell> current() const { return m_current; }
     /// What is selected as one rectangle; none if nothing is or if it is no rectangle.
     std::optional<Range> selection() const { return m_selection; }
-    /// Goes to a cell and brings it into view. Cells beyond the table are ignored.
+    /// Goes to a cell and brings it into view; what is being typed in another cell is taken. Cells beyond the table are
+    /// ignored.
     /// @param extend selects from where the selection began to the cell, instead of the cell
     void setCurrent(Cell const& cell, bool extend);
-
-    bool eventFilter(QObject* watched, QEvent* event) override;
+    /// Selects whole rows, or whole columns, from where the selection began to a place, and goes there.
+    void extendLines(Qt::Orientation direction, unsigned long long place);
+    /// The selection begins anew at a cell, whatever the view had current before.
+    void setAnchor(Cell const& cell) { m_anchor = cell; }
 
 Q_SIGNALS:
     /// After scrolling, and after the table got another size.
     void positionChanged();
 
 private:
-    /// @return whether the press was dealt with here and is to be kept from the view
-    bool press(QMouseEvent const& mouse);
     void onCurrentChanged(QModelIndex const& index);
     void onSelectionChanged();
     void onWindowChanged();
@@ -80,6 +79,9 @@ private:
     void moveWindow(Qt::Orientation direction, unsigned long long first);
     void moveWindowAround(Qt::Orientation direction, unsigned long long center);
     void ensureInWindow(Qt::Orientation direction, unsigned long long place);
+    bool isInTable(Cell const& cell) const;
+    void select(Cell const& anchor, Cell const& current, Range const& range);
+    bool wouldLose(Cell const& cell, Qt::Orientation direction, unsigned long long newFirst) const;
     void showSelection();
     void showCurrent();
     std::optional<Range> rangeInTable() const;
@@ -95,8 +97,7 @@ private:
     std::optional<Cell> m_current;
     std::optional<Cell> m_anchor; // where the selection began
     std::optional<Range> m_selection;
-    bool m_isMoving = false;  // what the view tells is our own doing
-    bool m_isPressed = false; // the mouse is selecting
+    bool m_isMoving = false; // what the view tells is our own doing
     bool m_willMakeRoom = false;
 };
 

@@ -26,6 +26,7 @@ WindowScrollBar::WindowScrollBar(Qt::Orientation direction, TableWindow& window,
                                             : QStringLiteral("dataSpreadsheet_Column_ScrollBar"));
     view.addScrollBarWidget(this, direction == Qt::Vertical ? Qt::AlignBottom : Qt::AlignRight);
     connect(this, &QScrollBar::actionTriggered, this, &WindowScrollBar::onActionTriggered);
+    connect(this, &QScrollBar::valueChanged, this, &WindowScrollBar::onValueChanged);
     connect(&window, &TableWindow::positionChanged, this, &WindowScrollBar::follow);
     follow();
 }
@@ -67,6 +68,13 @@ void WindowScrollBar::onActionTriggered(int action)
         setSliderPosition(sliderOf(m_window.position(orientation())));
 }
 
+// "Scroll here" of the bar's own menu and assistive programs set the value without an action.
+void WindowScrollBar::onValueChanged(int slider)
+{
+    if (slider != sliderOf(m_window.position(orientation())))
+        m_window.scrollTo(orientation(), positionOf(slider));
+}
+
 void WindowScrollBar::follow()
 {
     bool const isNeeded = !m_window.showsAll(orientation());
@@ -74,6 +82,8 @@ void WindowScrollBar::follow()
     m_ownBarOfView.setVisible(!isNeeded);
     if (!isNeeded)
         return;
+    // The value is the view's here, also while the range that cuts it changes.
+    QSignalBlocker const blocker(this);
     setRange(0, static_cast<int>(std::min(m_window.lastPosition(orientation()), mostUnits)));
     setPageStep(m_window.pageSize(orientation()));
     // A slider that is being dragged stays under the mouse.

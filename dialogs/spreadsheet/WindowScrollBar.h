@@ -24,6 +24,7 @@ public:
 
 private:
     void onActionTriggered(int action);
+    void onValueChanged(int slider);
     void follow();
     int sliderOf(unsigned long long position) const;
     unsigned long long positionOf(int slider) const;

@@ -1,6 +1,7 @@
 #include "dialogs/widgets/TableViewWithPreferredDimensions.h"
 
 #include <QHeaderView>
+#include <QPointer>
 #include <QScreen>
 #include <QScrollBar>
 
@@ -47,6 +48,17 @@ void TableViewWithPreferredDimensions::layOutNow()
 {
     executeDelayedItemsLayout();
     updateGeometries();
+}
+
+void TableViewWithPreferredDimensions::finishEdit()
+{
+    QPointer<QWidget> const editor = indexWidget(currentIndex());
+    if (!editor)
+        return;
+    commitData(editor);
+    // Whoever refused the text may have told the user, and much can happen until that is read.
+    if (editor)
+        closeEditor(editor, QAbstractItemDelegate::NoHint);
 }
 
 } // namespace veldraw::dialogs::common

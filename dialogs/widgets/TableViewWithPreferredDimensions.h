@@ -23,6 +23,9 @@ public:
     /// Brings scroll bars and headers in line with the item model now instead of at the next event.
     void layOutNow();
 
+    /// Takes what is being typed in the current cell and closes its editor, as when the focus leaves it.
+    void finishEdit();
+
 private:
     int m_preferredRows = 0;
     int m_preferredColumns = 0;

@@ -1,103 +1,16 @@
-#include "dialogs/spreadsheet/TableWindow.h"
+#include "tests/dialogs/spreadsheet/LongTable.h"
 
-#include "dialogs/models/QTableModelAdapter.h"
-#include "dialogs/spreadsheet/EnterKeyTableNavigator.h"
-#include "dialogs/spreadsheet/GoToRowAction.h"
-#include "dialogs/spreadsheet/LongTableKeys.h"
-#include "dialogs/spreadsheet/SelectionText.h"
-#include "dialogs/spreadsheet/WindowScrollBar.h"
-#include "dialogs/widgets/TableCopyHandler.h"
-#include "dialogs/widgets/TableViewWithPreferredDimensions.h"
-#include "tests/dialogs/spreadsheet/FakeTable.h"
-#include "tests/dialogs/support/RecordedMessages.h"
-
-#include <QApplication>
-#include <QClipboard>
 #include <QDialog>
 #include <QDialogButtonBox>
-#include <QHeaderView>
-#include <QLineEdit>
 #include <QPushButton>
-#include <QScrollBar>
-#include <QTest>
 #include <QWheelEvent>
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace veldraw::tests {
 namespace {
 
-using namespace sdk::ui::propertymanager;
 using testing::ElementsAre;
-
-constexpr unsigned long long manyRows = 3000000000ull;
-
-/// A view on a table of 3e9 rows and three columns, with all that makes it reachable.
-class LongTable : public testing::Test
-{
-protected:
-    LongTable()
-    {
-        view.setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
-        view.setHorizontalScrollMode(QAbstractItemView::ScrollPerItem);
-        SelectionText::giveTo(copyHandler, window, table);
-        view.resize(500, 400);
-        view.show();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&view));
-        view.setFocus();
-        settle();
-    }
-
-    void settle()
-    {
-        for (int round = 0; round < 3; ++round)
-            QApplication::processEvents();
-    }
-    void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
-    {
-        QTest::keyClick(&view, static_cast<Qt::Key>(key), modifiers);
-        settle();
-    }
-    void at(unsigned long long row, unsigned long long column)
-    {
-        window.setCurrent(TableWindow::Cell(row, column), false);
-        settle();
-    }
-
-    /// The current cell as the view has it, in numbers of the table, and whether the user sees it.
-    std::string current()
-    {
-        QModelIndex const index = view.currentIndex();
-        if (!index.isValid())
-            return "none";
-        bool const isSeen = view.viewport()->rect().contains(view.visualRect(index));
-        return std::to_string(adapter.tableRow(index.row())) + ", " + std::to_string(index.column()) +
-               (isSeen ? "" : " out of sight");
-    }
-    unsigned long long top() { return adapter.tableRow(view.rowAt(0)); }
-    std::string topName() { return adapter.headerData(view.rowAt(0), Qt::Vertical).toString().toStdString(); }
-    std::string copied()
-    {
-        QApplication::clipboard()->setText(QStringLiteral("nothing"));
-        QTest::keyClick(&view, Qt::Key_C, Qt::ControlModifier);
-        return QApplication::clipboard()->text().toStdString();
-    }
-
-    RecordedMessages messages;
-    FakeTable table{manyRows, 3};
-    sdk::ui::dialogs::propertybindings::models::QTableModelAdapter adapter{table};
-    struct View : dialogs::common::TableViewWithPreferredDimensions
-    {
-        explicit View(QAbstractItemModel& model) { setModel(&model); }
-    } view{adapter};
-    veldraw::ui::TableCopyHandler& copyHandler = *new veldraw::ui::TableCopyHandler(&view);
-    TableWindow& window = *new TableWindow(view, adapter);
-    LongTableKeys& keys = *new LongTableKeys(window, view);
-    WindowScrollBar& bar = *new WindowScrollBar(Qt::Vertical, window, view);
-    EnterKeyTableNavigator& navigator = *new EnterKeyTableNavigator(view);
-    GoToRowAction& goToRow = *new GoToRowAction(window, view);
-};
 
 TEST_F(LongTable, ReachesItsLastRowByControlEndAndItsFirstByControlHome)
 {
@@ -140,7 +53,7 @@ TEST_F(LongTable, TurnsPagesOverTheBordersOfTheWindow)
     EXPECT_EQ(current(), std::to_string(999990 + 4 * page) + ", 0");
     press(Qt::Key_PageUp);
     EXPECT_EQ(current(), std::to_string(999990 + 3 * page) + ", 0");
-    at(manyRows - 2, 0);
+    at(rowsOfLongTable - 2, 0);
     press(Qt::Key_PageDown);
     EXPECT_EQ(current(), "2999999999, 0");
     at(3, 0);
@@ -153,10 +66,10 @@ TEST_F(LongTable, EntersValuesDownTheColumnsAcrossBorders)
     at(999999, 0);
     press(Qt::Key_Return);
     EXPECT_EQ(current(), "1000000, 0");
-    at(manyRows - 1, 0);
+    at(rowsOfLongTable - 1, 0);
     press(Qt::Key_Return);
     EXPECT_EQ(current(), "0, 1");
-    at(manyRows - 1, 2);
+    at(rowsOfLongTable - 1, 2);
     press(Qt::Key_Enter);
     EXPECT_EQ(current(), "0, 0");
 }
@@ -195,9 +108,9 @@ TEST_F(LongTable, ScrollsByItsOwnBar)
     settle();
     EXPECT_EQ(window.position(Qt::Vertical), window.lastPosition(Qt::Vertical));
     EXPECT_EQ(view.rowAt(view.viewport()->height() - 1) < 0
-                  ? manyRows - 1
+                  ? rowsOfLongTable - 1
                   : adapter.tableRow(view.rowAt(view.viewport()->height() - 1)),
-              manyRows - 1);
+              rowsOfLongTable - 1);
     bar.triggerAction(QAbstractSlider::SliderToMinimum);
     settle();
     EXPECT_EQ(top(), 0u);
@@ -245,7 +158,7 @@ TEST_F(LongTable, RefusesToCopyMoreThanTheMemoryHolds)
     view.selectColumn(1);
     settle();
     ASSERT_TRUE(window.selection());
-    EXPECT_EQ(window.selection()->last.row, manyRows - 1) << "a column is all its rows";
+    EXPECT_EQ(window.selection()->last.row, rowsOfLongTable - 1) << "a column is all its rows";
     EXPECT_EQ(copied(), "nothing");
     EXPECT_THAT(messages.take(),
                 ElementsAre("error: Too many cells are selected: no more than 1000000 can be copied."));

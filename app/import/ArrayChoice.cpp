@@ -9,6 +9,9 @@ namespace veldraw::app {
 
 namespace {
 
+// A zone without coordinates is in no plot, and reading as few takes some milliseconds.
+constexpr double smallestDeferredPoints = 1 << 24;
+
 // The reader's names stand in the order of the file; they can be chosen by when each is there once.
 bool areKnown(vtkDataArraySelection& selection, std::size_t count)
 {
@@ -33,35 +36,60 @@ ArrayChoice::ArrayChoice(vtkXMLReader& reader, std::string const& path, std::str
 
 void ArrayChoice::run(DeferredArrays& deferred)
 {
-    double const coordinates =
-        m_extension == "vti" ? static_cast<double>(m_list.pointCount()) * 3.0 * sizeof(double) : 0.0;
-    m_plan.setTotal(coordinates + bytesOfAll());
-    deferred.coordinates = coordinates > 0.0 && !m_plan.loadsNow(coordinates, LoadingPlan::Need::FirstPlot);
+    double const computed = bytesOfComputedCoordinates();
+    m_plan.setTotal(computed + bytesOfAll());
+    deferred.coordinates = computed > 0.0 && !m_plan.loadsNow(computed, LoadingPlan::Need::FirstPlot);
     vtkDataArraySelection& ofPoints = *m_reader.GetPointDataArraySelection();
     vtkDataArraySelection& ofCells = *m_reader.GetCellDataArraySelection();
-    if (!m_list.isConsistent() || !areKnown(ofPoints, m_list.ofPoints().size()) ||
-        !areKnown(ofCells, m_list.ofCells().size()))
+    if (!m_list.isConsistent())
         return;
-    deferred.ofPoints = choose(ofPoints, m_list.ofPoints(), false);
-    deferred.ofCells = choose(ofCells, m_list.ofCells(), true);
+    choosePoints(deferred);
+    if (!areKnown(ofPoints, m_list.ofPoints().size()) || !areKnown(ofCells, m_list.ofCells().size()))
+        return;
+    deferred.ofPoints = choose(ofPoints, m_list.ofPoints(), XmlSection::PointData);
+    deferred.ofCells = choose(ofCells, m_list.ofCells(), XmlSection::CellData);
+}
+
+// Grids of these kinds do not store a place for each point.
+double ArrayChoice::bytesOfComputedCoordinates() const
+{
+    bool const isComputed = m_extension == "vti" || m_extension == "vtr";
+    return isComputed ? static_cast<double>(m_list.pointCount()) * 3.0 * sizeof(double) : 0.0;
 }
 
 double ArrayChoice::bytesOfAll() const
 {
     double bytes = 0.0;
-    for (Arrays const* list : {&m_list.ofPoints(), &m_list.ofCells()}) {
+    for (Arrays const* list : {&m_list.coordinates(), &m_list.ofPoints(), &m_list.ofCells()}) {
         for (XmlArrayList::Array const& array : *list)
-            bytes += list == &m_list.ofPoints() && canBeMapped(array) ? 0.0 : array.bytes();
+            bytes += list != &m_list.ofCells() && canBeMapped(array) ? 0.0 : array.bytes();
     }
     return bytes;
 }
 
-std::vector<DeferredArray> ArrayChoice::choose(vtkDataArraySelection& selection, Arrays const& arrays, bool inCells)
+void ArrayChoice::choosePoints(DeferredArrays& deferred)
 {
+    if (m_list.coordinates().size() != 1)
+        return;
+    XmlArrayList::Array const& array = m_list.coordinates().front();
+    if (!array.type || array.components != 3 || array.bytes() < smallestDeferredPoints)
+        return;
+    bool const isMapped = canBeMapped(array);
+    bool const now = m_plan.loadsNow(isMapped ? 0.0 : array.bytes(), LoadingPlan::Need::FirstPlot);
+    if (now && !isMapped)
+        return;
+    deferred.points = described(array, "Points", XmlSection::Points);
+    deferred.points->isMapped = now;
+    deferred.pointCount = m_list.pointCount();
+}
+
+std::vector<DeferredArray> ArrayChoice::choose(vtkDataArraySelection& selection, Arrays const& arrays,
+                                               XmlSection section)
+{
+    bool const inCells = section == XmlSection::CellData;
     std::vector<DeferredArray> result;
     for (int n = 0; n < static_cast<int>(arrays.size()); ++n) {
         XmlArrayList::Array const& array = arrays[static_cast<std::size_t>(n)];
-        std::string const name = selection.GetArrayName(n);
         if (!array.type)
             continue;
         bool const isMapped = !inCells && canBeMapped(array);
@@ -70,7 +98,7 @@ std::vector<DeferredArray> ArrayChoice::choose(vtkDataArraySelection& selection,
                                          isFirst ? LoadingPlan::Need::FirstPlot : LoadingPlan::Need::Later);
         if (now && !isMapped)
             continue;
-        result.push_back(described(array, name, inCells));
+        result.push_back(described(array, selection.GetArrayName(n), section));
         result.back().position = n;
         result.back().isMapped = now;
     }
@@ -79,7 +107,8 @@ std::vector<DeferredArray> ArrayChoice::choose(vtkDataArraySelection& selection,
     return result;
 }
 
-DeferredArray ArrayChoice::described(XmlArrayList::Array const& array, std::string const& name, bool inCells) const
+DeferredArray ArrayChoice::described(XmlArrayList::Array const& array, std::string const& name,
+                                     XmlSection section) const
 {
     DeferredArray result;
     result.name = name;
@@ -95,7 +124,7 @@ DeferredArray ArrayChoice::described(XmlArrayList::Array const& array, std::stri
         };
         return result;
     }
-    XmlArrayLoader::Place const place{m_file, m_extension, name, inCells, 0};
+    XmlArrayLoader::Place const place{m_file, m_extension, section, name, 0};
     result.makeLoader = [place, type = *array.type, whole, range = array.range](int component, std::int64_t tuples) {
         XmlArrayLoader::Place one = place;
         one.component = component;

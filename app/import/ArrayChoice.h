@@ -4,6 +4,7 @@
 #include "app/import/FileStamp.h"
 #include "app/import/LoadingPlan.h"
 #include "app/import/RawArray.h"
+#include "app/import/VtkFile.h"
 #include "app/import/XmlArrayList.h"
 
 #include <vtkDataArraySelection.h>
@@ -14,7 +15,7 @@
 
 namespace veldraw::app {
 
-/// Chooses the arrays of a VTK XML file that its reader is to read now, and describes the others.
+/// Chooses the arrays of a VTK XML file that its reader is to read now, coordinates included, and describes the others.
 ///
 /// Files whose pieces have different arrays, and files with two arrays of one name in a section, are read whole.
 class ArrayChoice
@@ -30,8 +31,10 @@ private:
     using Arrays = std::vector<XmlArrayList::Array>;
 
     double bytesOfAll() const;
-    std::vector<DeferredArray> choose(vtkDataArraySelection& selection, Arrays const& arrays, bool inCells);
-    DeferredArray described(XmlArrayList::Array const& array, std::string const& name, bool inCells) const;
+    double bytesOfComputedCoordinates() const;
+    void choosePoints(DeferredArrays& deferred);
+    std::vector<DeferredArray> choose(vtkDataArraySelection& selection, Arrays const& arrays, XmlSection section);
+    DeferredArray described(XmlArrayList::Array const& array, std::string const& name, XmlSection section) const;
     RawArray rawArray(XmlArrayList::Array const& array) const;
     bool canBeMapped(XmlArrayList::Array const& array) const;
 

@@ -3,6 +3,7 @@
 #include "app/import/ComponentNames.h"
 #include "app/import/ImageCoordinateLoader.h"
 #include "app/import/ImportError.h"
+#include "app/import/RectilinearCoordinateLoader.h"
 #include "app/vtk/ArrayAdoption.h"
 #include "app/vtk/OrderedCells.h"
 
@@ -37,6 +38,11 @@ bool orderedDimensions(vtkDataSet& block, int dimensions[3])
     else
         return false;
     return true;
+}
+
+std::array<std::int64_t, 3> dimensionsOf(kernel::Zone const& zone)
+{
+    return {{zone.i, zone.j, zone.k}};
 }
 
 vtkSmartPointer<vtkDataArray> gathered(vtkDataArray& array, std::vector<std::int64_t> const& sources)
@@ -81,6 +87,7 @@ BlockImport::BlockImport(vtkDataSet& block, std::string const& name, DeferredArr
                          std::vector<std::string>& remarks)
     : m_block(block)
     , m_name(name)
+    , m_pointCount(pointCountOf(block, deferred))
     , m_deferred(deferred)
     , m_remarks(remarks)
     , m_facts(BlockFacts::of(block.GetFieldData()))
@@ -105,13 +112,12 @@ void BlockImport::makeZone()
         m_result.zone =
             std::make_shared<kernel::Zone>(m_name, ZoneType_Ordered, dimensions[0], dimensions[1], dimensions[2]);
     } else {
-        m_cells = importCells(m_block, m_facts.zoneType);
+        m_cells = importCells(m_block, m_pointCount, m_facts.zoneType);
         for (std::string const& text : m_cells.remarks)
             remark(text);
         auto const& cells = m_cells.connectivity;
-        std::int64_t const points = m_block.GetNumberOfPoints();
-        m_result.zone = std::make_shared<kernel::Zone>(m_name, m_cells.zoneType, points, cells ? cells->cellCount : 1,
-                                                       cells ? m_cells.faceCount : 1);
+        m_result.zone = std::make_shared<kernel::Zone>(m_name, m_cells.zoneType, m_pointCount,
+                                                       cells ? cells->cellCount : 1, cells ? m_cells.faceCount : 1);
         m_result.zone->connectivity = cells;
     }
     kernel::Zone& zone = *m_result.zone;
@@ -127,15 +133,14 @@ void BlockImport::makeZone()
 void BlockImport::addCoordinates()
 {
     auto* const points = vtkPointSet::SafeDownCast(&m_block);
-    auto* const image = vtkImageData::SafeDownCast(&m_block);
-    if (image && m_deferred.coordinates)
-        addDeferredCoordinates(*image);
-    else if (!points)
+    if (!points)
         addComputedCoordinates();
-    else if (points->GetPoints() && points->GetNumberOfPoints() == m_result.zone->pointCount())
-        addPointCoordinates(*points->GetPoints()->GetData());
-    else
+    else if (m_pointCount != m_result.zone->pointCount())
         throw ImportError("its block \"" + m_name + "\" has not as many points as its dimensions say");
+    else if (m_deferred.points)
+        addDeferredPoints(*m_deferred.points);
+    else
+        addPointCoordinates(*points->GetPoints()->GetData());
 }
 
 void BlockImport::addPointCoordinates(vtkDataArray& points)
@@ -146,76 +151,71 @@ void BlockImport::addPointCoordinates(vtkDataArray& points)
     if (!adopted.remark.empty())
         remark("coordinates: " + adopted.remark);
     for (int axis = 0; axis < 3; ++axis)
-        addCoordinate(axis, adopted.components[static_cast<std::size_t>(axis)]);
+        addCoordinate(axis, std::make_shared<kernel::ShareGroup>(adopted.components[static_cast<std::size_t>(axis)]));
+}
+
+void BlockImport::addDeferredPoints(DeferredArray const& points)
+{
+    if (!isKernelType(points.type))
+        remark("coordinates: " + conversionRemark(points.type));
+    for (int axis = 0; axis < 3; ++axis)
+        addCoordinate(axis, deferredGroup(points, axis, m_pointCount, ValueLocation_Nodal, {}));
 }
 
 // Uniform and rectilinear grids store no points: each point gets coordinates of its own.
 void BlockImport::addComputedCoordinates()
 {
+    auto* const image = vtkImageData::SafeDownCast(&m_block);
     auto* const rectilinear = vtkRectilinearGrid::SafeDownCast(&m_block);
-    for (int axis = 0; axis < 3; ++axis)
-        addCoordinate(axis, rectilinear ? rectilinearCoordinate(*rectilinear, axis) : uniformCoordinate(axis));
-}
-
-void BlockImport::addDeferredCoordinates(vtkImageData& image)
-{
-    int dims[3];
-    image.GetDimensions(dims);
-    int const* const extent = image.GetExtent();
-    vtkMatrix4x4& matrix = *image.GetIndexToPhysicalMatrix();
     for (int axis = 0; axis < 3; ++axis) {
-        std::string const& name = m_facts.coordinateNames[static_cast<std::size_t>(axis)];
-        auto loader = std::make_shared<ImageCoordinateLoader>(
-            std::array<std::int64_t, 3>{{dims[0], dims[1], dims[2]}}, matrix.GetElement(axis, 3),
-            std::array<double, 3>{{matrix.GetElement(axis, 0), matrix.GetElement(axis, 1), matrix.GetElement(axis, 2)}},
-            std::array<std::int64_t, 3>{{extent[0], extent[2], extent[4]}});
-        auto group = std::make_shared<kernel::ShareGroup>(FieldDataType_Double, loader->size(), loader);
-        if (!name.empty())
-            m_result.addField(name, kernel::Field(std::move(group), ValueLocation_Nodal));
+        auto const loader = image ? uniformCoordinate(*image, axis) : rectilinearCoordinate(*rectilinear, axis);
+        kernel::Progress progress;
+        if (m_deferred.coordinates)
+            addCoordinate(axis, std::make_shared<kernel::ShareGroup>(loader->type(), m_pointCount, loader));
+        else
+            addCoordinate(axis, std::make_shared<kernel::ShareGroup>(loader->load(progress)));
     }
 }
 
-std::shared_ptr<kernel::Buffer> BlockImport::rectilinearCoordinate(vtkRectilinearGrid& grid, int axis) const
+std::shared_ptr<CoordinateLoader> BlockImport::uniformCoordinate(vtkImageData& image, int axis) const
 {
-    kernel::Zone const& zone = *m_result.zone;
-    std::int64_t const counts[3] = {zone.i, zone.j, zone.k};
-    std::int64_t const strides[3] = {1, zone.i, zone.i * zone.j};
+    int const* const extent = image.GetExtent();
+    vtkMatrix4x4& matrix = *image.GetIndexToPhysicalMatrix();
+    return std::make_shared<ImageCoordinateLoader>(
+        dimensionsOf(*m_result.zone), matrix.GetElement(axis, 3),
+        std::array<double, 3>{{matrix.GetElement(axis, 0), matrix.GetElement(axis, 1), matrix.GetElement(axis, 2)}},
+        std::array<std::int64_t, 3>{{extent[0], extent[2], extent[4]}});
+}
+
+std::shared_ptr<CoordinateLoader> BlockImport::rectilinearCoordinate(vtkRectilinearGrid& grid, int axis) const
+{
+    auto const dims = dimensionsOf(*m_result.zone);
     vtkDataArray* const positions = axis == 0   ? grid.GetXCoordinates()
                                     : axis == 1 ? grid.GetYCoordinates()
                                                 : grid.GetZCoordinates();
-    if (!positions || positions->GetNumberOfTuples() != counts[axis])
+    if (!positions || positions->GetNumberOfTuples() != dims[static_cast<std::size_t>(axis)])
         throw ImportError("its block \"" + m_name + "\" has not as many coordinates as its dimensions say");
+    std::vector<double> values(static_cast<std::size_t>(positions->GetNumberOfTuples()));
+    for (std::size_t n = 0; n < values.size(); ++n)
+        values[n] = positions->GetComponent(static_cast<vtkIdType>(n), 0);
     bool const isFloat = positions->GetDataType() == VTK_FLOAT;
-    auto values = kernel::Buffer::allocate(isFloat ? FieldDataType_Float : FieldDataType_Double, zone.pointCount());
-    for (std::int64_t n = 0; n < values->size(); ++n)
-        values->setValue(n, positions->GetComponent(n / strides[axis] % counts[axis], 0));
-    return values;
+    return std::make_shared<RectilinearCoordinateLoader>(dims, axis, std::move(values),
+                                                         isFloat ? FieldDataType_Float : FieldDataType_Double);
 }
 
-std::shared_ptr<kernel::Buffer> BlockImport::uniformCoordinate(int axis) const
-{
-    auto values = kernel::Buffer::allocate(FieldDataType_Double, m_result.zone->pointCount());
-    double point[3] = {0.0, 0.0, 0.0};
-    for (std::int64_t n = 0; n < values->size(); ++n) {
-        m_block.GetPoint(n, point);
-        values->setValue(n, point[axis]);
-    }
-    return values;
-}
-
-void BlockImport::addCoordinate(int axis, std::shared_ptr<kernel::Buffer> values)
+void BlockImport::addCoordinate(int axis, std::shared_ptr<kernel::ShareGroup> values)
 {
     std::string const& name = m_facts.coordinateNames[static_cast<std::size_t>(axis)];
     if (!name.empty())
-        m_result.addField(name, makeField(std::move(values), ValueLocation_Nodal));
+        m_result.addField(name, kernel::Field(std::move(values), ValueLocation_Nodal));
 }
 
 void BlockImport::addPointArrays()
 {
-    auto const arrays = numbersOf(*m_block.GetPointData(), m_block.GetNumberOfPoints(), "points");
+    auto const arrays = numbersOf(*m_block.GetPointData(), m_pointCount, "points");
     inFileOrder(
         arrays, m_deferred.ofPoints, [this](vtkDataArray& array) { addFields(array, ValueLocation_Nodal); },
-        [this](DeferredArray const& array) { addFields(array, m_block.GetNumberOfPoints(), ValueLocation_Nodal, {}); });
+        [this](DeferredArray const& array) { addFields(array, m_pointCount, ValueLocation_Nodal, {}); });
 }
 
 void BlockImport::addCellArrays()
@@ -271,21 +271,32 @@ void BlockImport::addCellArray(DeferredArray const& array)
 void BlockImport::addFields(DeferredArray const& array, std::int64_t tuples, ValueLocation_e location,
                             ArrangedLoader::Arrange const& arrange)
 {
-    std::int64_t const size = m_result.zone->valueCount(location);
     if (!isKernelType(array.type))
         remark("\"" + array.name + "\": " + conversionRemark(array.type));
-    for (int component = 0; component < array.components; ++component) {
-        std::shared_ptr<kernel::ValueLoader> loader = array.makeLoader(component, tuples);
-        if (arrange)
-            loader = std::make_shared<ArrangedLoader>(loader, arrange);
-        auto group = std::make_shared<kernel::ShareGroup>(kernelTypeOf(array.type), size, loader);
-        if (array.isMapped) {
-            kernel::Progress progress;
-            group->setLoaded(loader->load(progress));
-        }
+    for (int component = 0; component < array.components; ++component)
         m_result.addField(componentName(array.name, component, array.components),
-                          kernel::Field(std::move(group), location));
+                          kernel::Field(deferredGroup(array, component, tuples, location, arrange), location));
+}
+
+std::shared_ptr<kernel::ShareGroup> BlockImport::deferredGroup(DeferredArray const& array, int component,
+                                                               std::int64_t tuples, ValueLocation_e location,
+                                                               ArrangedLoader::Arrange const& arrange) const
+{
+    std::shared_ptr<kernel::ValueLoader> loader = array.makeLoader(component, tuples);
+    if (arrange)
+        loader = std::make_shared<ArrangedLoader>(loader, arrange);
+    auto group =
+        std::make_shared<kernel::ShareGroup>(kernelTypeOf(array.type), m_result.zone->valueCount(location), loader);
+    if (array.isMapped) {
+        kernel::Progress progress;
+        group->setLoaded(loader->load(progress));
     }
+    return group;
+}
+
+std::int64_t BlockImport::pointCountOf(vtkDataSet& block, DeferredArrays const& deferred)
+{
+    return deferred.points ? deferred.pointCount : block.GetNumberOfPoints();
 }
 
 void BlockImport::addFields(vtkDataArray& array, ValueLocation_e location)

@@ -2,6 +2,7 @@
 
 #include "app/import/ArrangedLoader.h"
 #include "app/import/BlockFacts.h"
+#include "app/import/CoordinateLoader.h"
 #include "app/import/DeferredArray.h"
 #include "app/import/ImportedCells.h"
 #include "app/import/ImportedZone.h"
@@ -30,6 +31,9 @@ public:
     /// @throws ImportError damaged blocks, blocks of other kinds
     ImportedZone run();
 
+    /// Points of a block, also where it leaves their coordinates in the file.
+    static std::int64_t pointCountOf(vtkDataSet& block, DeferredArrays const& deferred);
+
 private:
     void makeZone();
     void addCoordinates();
@@ -43,17 +47,21 @@ private:
     bool isScattered() const;
     void remarkLeftOut(std::string const& name);
     void addComputedCoordinates();
-    void addDeferredCoordinates(vtkImageData& image);
-    std::shared_ptr<kernel::Buffer> rectilinearCoordinate(vtkRectilinearGrid& grid, int axis) const;
-    std::shared_ptr<kernel::Buffer> uniformCoordinate(int axis) const;
+    std::shared_ptr<CoordinateLoader> uniformCoordinate(vtkImageData& image, int axis) const;
+    std::shared_ptr<CoordinateLoader> rectilinearCoordinate(vtkRectilinearGrid& grid, int axis) const;
     void addPointCoordinates(vtkDataArray& points);
-    void addCoordinate(int axis, std::shared_ptr<kernel::Buffer> values);
+    void addDeferredPoints(DeferredArray const& points);
+    void addCoordinate(int axis, std::shared_ptr<kernel::ShareGroup> values);
+    std::shared_ptr<kernel::ShareGroup> deferredGroup(DeferredArray const& array, int component, std::int64_t tuples,
+                                                      ValueLocation_e location,
+                                                      ArrangedLoader::Arrange const& arrange) const;
     void checkTuples(vtkAbstractArray& array, std::int64_t expected, char const* what) const;
     std::vector<vtkDataArray*> numbersOf(vtkDataSetAttributes& attributes, std::int64_t expected, char const* what);
     void remark(std::string const& text);
 
     vtkDataSet& m_block;
     std::string m_name;
+    std::int64_t m_pointCount;
     DeferredArrays const& m_deferred;
     std::vector<std::string>& m_remarks;
     BlockFacts m_facts;

@@ -76,7 +76,7 @@ void checkFaces(CellList const& list, std::int64_t pointCount)
     }
 }
 
-void addFaces(CellList& list, vtkUnstructuredGrid& grid)
+void addFaces(CellList& list, vtkUnstructuredGrid& grid, std::int64_t pointCount)
 {
     bool polyhedra = false;
     for (unsigned char type : list.types)
@@ -92,20 +92,20 @@ void addFaces(CellList& list, vtkUnstructuredGrid& grid)
     list.faceOffsets = reinterpret_cast<std::int64_t const*>(locations->GetPointer(0));
     list.keepers.emplace_back(faces);
     list.keepers.emplace_back(locations);
-    checkFaces(list, grid.GetNumberOfPoints());
+    checkFaces(list, pointCount);
 }
 
-CellList listOf(vtkUnstructuredGrid& grid)
+CellList listOf(vtkUnstructuredGrid& grid, std::int64_t pointCount)
 {
     if (!grid.GetCells())
         return {};
-    CellList list = listOf(*grid.GetCells(), grid.GetNumberOfPoints());
+    CellList list = listOf(*grid.GetCells(), pointCount);
     vtkUnsignedCharArray* const types = grid.GetCellTypesArray();
     if (list.count > 0 && (!types || types->GetNumberOfValues() != list.count))
         throw ImportError("its cells are damaged: there are not as many cell types as cells");
     if (list.count > 0)
         list.types.assign(types->GetPointer(0), types->GetPointer(0) + list.count);
-    addFaces(list, grid);
+    addFaces(list, grid, pointCount);
     return list;
 }
 
@@ -133,17 +133,16 @@ std::int64_t CellList::faceStreamSizeOf(std::int64_t cell) const
     return position - faceOffsets[cell];
 }
 
-std::vector<CellList> cellListsOf(vtkDataSet& grid)
+std::vector<CellList> cellListsOf(vtkDataSet& grid, std::int64_t pointCount)
 {
     std::vector<CellList> lists;
     if (auto* const unstructured = vtkUnstructuredGrid::SafeDownCast(&grid)) {
-        lists.push_back(listOf(*unstructured));
+        lists.push_back(listOf(*unstructured, pointCount));
     } else if (auto* const surface = vtkPolyData::SafeDownCast(&grid)) {
-        std::int64_t const points = grid.GetNumberOfPoints();
-        lists.push_back(listOf(*surface->GetVerts(), points, VTK_VERTEX, 1, VTK_POLY_VERTEX));
-        lists.push_back(listOf(*surface->GetLines(), points, VTK_LINE, 2, VTK_POLY_LINE));
-        lists.push_back(listOf(*surface->GetPolys(), points, VTK_TRIANGLE, 3, VTK_POLYGON));
-        lists.push_back(listOf(*surface->GetStrips(), points, VTK_TRIANGLE_STRIP, 3, VTK_TRIANGLE_STRIP));
+        lists.push_back(listOf(*surface->GetVerts(), pointCount, VTK_VERTEX, 1, VTK_POLY_VERTEX));
+        lists.push_back(listOf(*surface->GetLines(), pointCount, VTK_LINE, 2, VTK_POLY_LINE));
+        lists.push_back(listOf(*surface->GetPolys(), pointCount, VTK_TRIANGLE, 3, VTK_POLYGON));
+        lists.push_back(listOf(*surface->GetStrips(), pointCount, VTK_TRIANGLE_STRIP, 3, VTK_TRIANGLE_STRIP));
     }
     lists.erase(std::remove_if(lists.begin(), lists.end(), [](CellList const& list) { return list.count == 0; }),
                 lists.end());

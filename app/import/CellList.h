@@ -31,7 +31,8 @@ struct CellList
 
 /// The lists of @p grid, a vtkUnstructuredGrid (one list) or a vtkPolyData (vertices, lines, polygons, strips, in the order of
 /// its cell data); empty lists are left out.
+/// @param pointCount of the grid, which need not have its points
 /// @throws ImportError when the cells contradict themselves or the points
-std::vector<CellList> cellListsOf(vtkDataSet& grid);
+std::vector<CellList> cellListsOf(vtkDataSet& grid, std::int64_t pointCount);
 
 } // namespace veldraw::app

@@ -1,7 +1,6 @@
 #include "app/import/CheckedMeshReader.h"
 
 #include <vtkDataArray.h>
-#include <vtkObjectFactory.h>
 #include <vtkSmartPointer.h>
 #include <vtkXMLDataElement.h>
 
@@ -9,38 +8,35 @@
 
 namespace veldraw::app {
 
-vtkStandardNewMacro(CheckedMeshReader)
+namespace {
 
-    namespace
+// The faces of a cell end where the next cell's begin: its offset is that end, or negative for a cell that is no polyhedron.
+bool facesFit(std::vector<vtkIdType> const& ends, std::vector<vtkIdType> const& faces)
 {
-
-    // The faces of a cell end where the next cell's begin: its offset is that end, or negative for a cell that is no polyhedron.
-    bool facesFit(std::vector<vtkIdType> const& ends, std::vector<vtkIdType> const& faces)
-    {
-        std::size_t at = 0;
-        for (vtkIdType const cellEnd : ends) {
-            if (cellEnd < 0)
-                continue;
-            if (static_cast<std::size_t>(cellEnd) > faces.size() || at >= static_cast<std::size_t>(cellEnd))
+    std::size_t at = 0;
+    for (vtkIdType const cellEnd : ends) {
+        if (cellEnd < 0)
+            continue;
+        if (static_cast<std::size_t>(cellEnd) > faces.size() || at >= static_cast<std::size_t>(cellEnd))
+            return false;
+        auto const end = static_cast<std::size_t>(cellEnd);
+        for (vtkIdType count = faces[at++]; count > 0; --count) {
+            if (at >= end || faces[at] < 0 || static_cast<std::size_t>(faces[at]) >= end - at)
                 return false;
-            auto const end = static_cast<std::size_t>(cellEnd);
-            for (vtkIdType count = faces[at++]; count > 0; --count) {
-                if (at >= end || faces[at] < 0 || static_cast<std::size_t>(faces[at]) >= end - at)
-                    return false;
-                at += static_cast<std::size_t>(faces[at]) + 1;
-            }
-            if (at != end)
-                return false;
+            at += static_cast<std::size_t>(faces[at]) + 1;
         }
-        return true;
+        if (at != end)
+            return false;
     }
+    return true;
+}
 
 } // namespace
 
 int CheckedMeshReader::ReadPieceData()
 {
     if (facesAreSound())
-        return Superclass::ReadPieceData();
+        return vtkXMLUnstructuredGridReader::ReadPieceData();
     vtkErrorMacro("The faces of the polyhedra are damaged");
     return 0;
 }

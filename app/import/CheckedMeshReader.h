@@ -6,12 +6,11 @@
 
 namespace veldraw::app {
 
-/// VTK's reader for .vtu files, which trusts the faces of polyhedra blindly; this one looks at them first.
+/// VTK's reader for .vtu files, which trusts the faces of polyhedra blindly; this one looks at them first. To be used through
+/// PartialReader.
 class CheckedMeshReader : public vtkXMLUnstructuredGridReader
 {
 public:
-    vtkTypeMacro(CheckedMeshReader, vtkXMLUnstructuredGridReader) static CheckedMeshReader* New();
-
     CheckedMeshReader(CheckedMeshReader const&) = delete;
     CheckedMeshReader& operator=(CheckedMeshReader const&) = delete;
 

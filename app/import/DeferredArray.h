@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -30,9 +31,10 @@ struct DeferredArrays
 {
     std::vector<DeferredArray> ofPoints; ///< by position
     std::vector<DeferredArray> ofCells;  ///< by position
-    bool coordinates = false;            ///< points of uniform grids are computed later as well
-
-    bool isEmpty() const { return ofPoints.empty() && ofCells.empty() && !coordinates; }
+    bool coordinates = false;            ///< those of grids that store no points are computed later
+    std::optional<DeferredArray>
+        points;                  ///< the coordinates of a grid that stores them; it says nothing of its points then
+    std::int64_t pointCount = 0; ///< of such a grid
 };
 
 } // namespace veldraw::app

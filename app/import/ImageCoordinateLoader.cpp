@@ -16,7 +16,7 @@ constexpr std::int64_t pointsBetweenChecks = 1 << 20;
 ImageCoordinateLoader::ImageCoordinateLoader(std::array<std::int64_t, 3> const& dims, double first,
                                              std::array<double, 3> const& steps,
                                              std::array<std::int64_t, 3> const& start)
-    : m_dims(dims)
+    : CoordinateLoader(dims, FieldDataType_Double)
     , m_first(first)
     , m_steps(steps)
     , m_start(start)
@@ -35,9 +35,9 @@ std::shared_ptr<kernel::Buffer> ImageCoordinateLoader::load(kernel::Progress& pr
     auto values = kernel::Buffer::allocate(FieldDataType_Double, size());
     auto* const target = static_cast<double*>(values->mutableData());
     std::int64_t n = 0;
-    for (std::int64_t k = 0; k < m_dims[2]; ++k) {
-        for (std::int64_t j = 0; j < m_dims[1]; ++j) {
-            for (std::int64_t i = 0; i < m_dims[0]; ++i) {
+    for (std::int64_t k = 0; k < dims()[2]; ++k) {
+        for (std::int64_t j = 0; j < dims()[1]; ++j) {
+            for (std::int64_t i = 0; i < dims()[0]; ++i) {
                 target[n] = at(i, j, k);
                 if (++n % pointsBetweenChecks == 0) {
                     progress.check();
@@ -54,8 +54,8 @@ kernel::ValueRange ImageCoordinateLoader::range() const
     // The coordinate is monotonous along each index, so its limits are at corners.
     kernel::ValueRange range{kernel::ValueRange::State::Exact, m_first, m_first};
     for (int corner = 0; corner < 8; ++corner) {
-        double const value = at((corner & 1) != 0 ? m_dims[0] - 1 : 0, (corner & 2) != 0 ? m_dims[1] - 1 : 0,
-                                (corner & 4) != 0 ? m_dims[2] - 1 : 0);
+        double const value = at((corner & 1) != 0 ? dims()[0] - 1 : 0, (corner & 2) != 0 ? dims()[1] - 1 : 0,
+                                (corner & 4) != 0 ? dims()[2] - 1 : 0);
         range.min = std::min(range.min, value);
         range.max = std::max(range.max, value);
     }

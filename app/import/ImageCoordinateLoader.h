@@ -1,16 +1,12 @@
 #pragma once
 
-#include "kernel/data/ValueLoader.h"
-
-#include <array>
-#include <cstdint>
+#include "app/import/CoordinateLoader.h"
 
 namespace veldraw::app {
 
 /// Computes one coordinate of the points of an image, which stores none: first + i * steps[0] + j * steps[1] + k * steps[2]
 /// with i, j and k from the start of the image.
-/// Its range is known exactly without that.
-class ImageCoordinateLoader : public kernel::ValueLoader
+class ImageCoordinateLoader : public CoordinateLoader
 {
 public:
     /// @param dims  points along I, J and K, each 1 or more
@@ -22,12 +18,9 @@ public:
     std::shared_ptr<kernel::Buffer> load(kernel::Progress& progress) override;
     kernel::ValueRange range() const override;
 
-    std::int64_t size() const { return m_dims[0] * m_dims[1] * m_dims[2]; }
-
 private:
     double at(std::int64_t i, std::int64_t j, std::int64_t k) const;
 
-    std::array<std::int64_t, 3> m_dims;
     double m_first;
     std::array<double, 3> m_steps;
     std::array<std::int64_t, 3> m_start;

@@ -114,12 +114,12 @@ void finish(ImportedCells& result, std::shared_ptr<kernel::Connectivity> cells, 
 
 } // namespace
 
-ImportedCells importCells(vtkDataSet& grid, ZoneType_e wanted)
+ImportedCells importCells(vtkDataSet& grid, std::int64_t pointCount, ZoneType_e wanted)
 {
     ImportedCells result;
-    std::vector<CellList> const lists = cellListsOf(grid);
+    std::vector<CellList> const lists = cellListsOf(grid, pointCount);
     if (onlyVertices(lists)) {
-        result.cellsArePoints = nthCellIsNthPoint(lists, grid.GetNumberOfPoints());
+        result.cellsArePoints = nthCellIsNthPoint(lists, pointCount);
         return result;
     }
     if (lists.size() == 1 && canBeTakenOver(lists.front())) {

@@ -33,8 +33,9 @@ struct ImportedCells
 /// cells of higher order keep their corners only; vertices among other cells, empty cells and polygons with fewer than three
 /// points are left out. Cells of one shape make the zone type; faces with polygons among them a polygon zone; all else, pyramids
 /// and prisms included, a mixed zone.
+/// @param pointCount of the grid, which need not have its points
 /// @param wanted FEMixed or FEPolygon to get such a zone where the cells allow it; Ordered for no wish
 /// @throws ImportError damaged cells, or a cell type that has no counterpart
-ImportedCells importCells(vtkDataSet& grid, ZoneType_e wanted);
+ImportedCells importCells(vtkDataSet& grid, std::int64_t pointCount, ZoneType_e wanted);
 
 } // namespace veldraw::app

@@ -3,6 +3,7 @@
 #include "app/import/ArrayChoice.h"
 #include "app/import/CheckedMeshReader.h"
 #include "app/import/ImportError.h"
+#include "app/import/PartialReader.h"
 #include "app/import/XmlHeaderCheck.h"
 #include "app/vtk/VtkErrorCapture.h"
 
@@ -48,11 +49,11 @@ vtkSmartPointer<vtkXMLReader> xmlReader(std::string const& extension)
     if (extension == "vtr")
         return vtkSmartPointer<vtkXMLRectilinearGridReader>::New();
     if (extension == "vts")
-        return vtkSmartPointer<vtkXMLStructuredGridReader>::New();
+        return vtkSmartPointer<PartialReader<vtkXMLStructuredGridReader>>::New();
     if (extension == "vtu")
-        return vtkSmartPointer<CheckedMeshReader>::New();
+        return vtkSmartPointer<PartialReader<CheckedMeshReader>>::New();
     if (extension == "vtp")
-        return vtkSmartPointer<vtkXMLPolyDataReader>::New();
+        return vtkSmartPointer<PartialReader<vtkXMLPolyDataReader>>::New();
     return nullptr;
 }
 
@@ -97,6 +98,9 @@ vtkSmartPointer<vtkDataObject> readXml(vtkXMLReader& reader, std::string const& 
         reader.UpdateInformation();
         throwOnError(errors);
         ArrayChoice(reader, path, extension, *plan).run(deferred);
+        auto* const parts = dynamic_cast<GridParts*>(&reader);
+        if (deferred.points && parts)
+            parts->leaveOutPoints();
     }
     return run(reader, errors, progress);
 }
@@ -124,9 +128,8 @@ vtkSmartPointer<vtkDataObject> readVtkFile(std::string const& path, std::string 
     }
 }
 
-vtkSmartPointer<vtkDataObject> readVtkArray(std::string const& path, std::string const& extension,
-                                            std::string const& name, bool inCells,
-                                            std::function<bool(double)> const& progress)
+vtkSmartPointer<vtkDataObject> readVtkArray(std::string const& path, std::string const& extension, XmlSection section,
+                                            std::string const& name, std::function<bool(double)> const& progress)
 {
     VtkErrorCapture const errors;
     auto const reader = xmlReader(extension);
@@ -134,7 +137,15 @@ vtkSmartPointer<vtkDataObject> readVtkArray(std::string const& path, std::string
     reader->UpdateInformation();
     reader->GetPointDataArraySelection()->DisableAllArrays();
     reader->GetCellDataArraySelection()->DisableAllArrays();
-    (inCells ? reader->GetCellDataArraySelection() : reader->GetPointDataArraySelection())->EnableArray(name.c_str());
+    if (section == XmlSection::PointData)
+        reader->GetPointDataArraySelection()->EnableArray(name.c_str());
+    if (section == XmlSection::CellData)
+        reader->GetCellDataArraySelection()->EnableArray(name.c_str());
+    if (auto* const parts = dynamic_cast<GridParts*>(reader.Get())) {
+        parts->leaveOutCells();
+        if (section != XmlSection::Points)
+            parts->leaveOutPoints();
+    }
     return run(*reader, errors, progress);
 }
 

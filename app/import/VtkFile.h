@@ -25,10 +25,19 @@ vtkSmartPointer<vtkDataObject> readVtkFile(std::string const& path, std::string 
                                            std::vector<std::string>& remarks, LoadingPlan* plan,
                                            DeferredArrays& deferred);
 
-/// Reads the grid of a file with one of its arrays only, without looking at the header first.
+/// Where an array stands.
+enum class XmlSection
+{
+    PointData,
+    CellData,
+    Points ///< the coordinates of a grid that stores them
+};
+
+/// Reads one array of a file, without looking at the header first.
+/// @param name of the array; of no importance for points
+/// @return a grid with this array; it need not have points or cells
 /// @throws as readVtkFile()
-vtkSmartPointer<vtkDataObject> readVtkArray(std::string const& path, std::string const& extension,
-                                            std::string const& name, bool inCells,
-                                            std::function<bool(double)> const& progress);
+vtkSmartPointer<vtkDataObject> readVtkArray(std::string const& path, std::string const& extension, XmlSection section,
+                                            std::string const& name, std::function<bool(double)> const& progress);
 
 } // namespace veldraw::app

@@ -99,7 +99,7 @@ void VtkImport::readGrid(std::string const& path, std::string const& extension, 
 void VtkImport::add(vtkDataObject* object, std::string const& name, DeferredArrays const& deferred)
 {
     auto* const block = vtkDataSet::SafeDownCast(object);
-    if (!object || (block && block->GetNumberOfPoints() == 0)) {
+    if (!object || (block && BlockImport::pointCountOf(*block, deferred) == 0)) {
         m_remarks.push_back("Block \"" + name + "\" has no points and was left out");
         return;
     }

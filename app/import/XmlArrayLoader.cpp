@@ -1,13 +1,13 @@
 #include "app/import/XmlArrayLoader.h"
 
 #include "app/import/ImportError.h"
-#include "app/import/VtkFile.h"
 #include "app/vtk/ArrayAdoption.h"
 #include "kernel/compute/Interrupted.h"
 
 #include <vtkCellData.h>
 #include <vtkDataSet.h>
 #include <vtkPointData.h>
+#include <vtkPointSet.h>
 
 #include <unistd.h>
 
@@ -50,21 +50,30 @@ SharedArray::Components XmlArrayLoader::read(kernel::Progress& progress) const
     auto const check = [&progress](double) { return !progress.isInterrupted(); };
     vtkSmartPointer<vtkDataObject> grid;
     try {
-        grid = readVtkArray(m_place.file.path(), m_place.extension, m_place.name, m_place.inCells, check);
+        grid = readVtkArray(m_place.file.path(), m_place.extension, m_place.section, m_place.name, check);
     } catch (ImportCancelled const&) {
         throw kernel::Interrupted();
     }
-    auto* const block = vtkDataSet::SafeDownCast(grid);
-    vtkDataArray* array = nullptr;
-    if (block)
-        array = m_place.inCells ? block->GetCellData()->GetArray(m_place.name.c_str())
-                                : block->GetPointData()->GetArray(m_place.name.c_str());
+    vtkDataArray* const array = arrayIn(grid);
     bool const fits =
         array && array->GetNumberOfTuples() == m_tuples && array->GetNumberOfComponents() > m_place.component;
     if (!fits || FileStamp(m_place.file.path()).differsFrom(m_place.file))
         throw ImportError("\"" + m_place.file.path() + "\" does not have the values of \"" + m_place.name +
                           "\" any more; open it again");
     return adoptArray(*array).components;
+}
+
+vtkDataArray* XmlArrayLoader::arrayIn(vtkDataObject* grid) const
+{
+    auto* const block = vtkDataSet::SafeDownCast(grid);
+    if (!block)
+        return nullptr;
+    if (m_place.section == XmlSection::PointData)
+        return block->GetPointData()->GetArray(m_place.name.c_str());
+    if (m_place.section == XmlSection::CellData)
+        return block->GetCellData()->GetArray(m_place.name.c_str());
+    auto* const points = vtkPointSet::SafeDownCast(block);
+    return points && points->GetPoints() ? points->GetPoints()->GetData() : nullptr;
 }
 
 } // namespace veldraw::app

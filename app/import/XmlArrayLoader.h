@@ -3,7 +3,10 @@
 #include "app/import/FileStamp.h"
 #include "app/import/RawType.h"
 #include "app/import/SharedArray.h"
+#include "app/import/VtkFile.h"
 #include "kernel/data/ValueLoader.h"
+
+#include <vtkDataArray.h>
 
 #include <string>
 
@@ -17,8 +20,8 @@ public:
     {
         FileStamp file;
         std::string extension; ///< lower case, without the dot
-        std::string name;      ///< of the array, as VTK says it
-        bool inCells = false;
+        XmlSection section;
+        std::string name;  ///< of the array, as VTK says it
         int component = 0; ///< from 0
     };
 
@@ -34,6 +37,7 @@ public:
 
 private:
     SharedArray::Components read(kernel::Progress& progress) const;
+    vtkDataArray* arrayIn(vtkDataObject* grid) const;
 
     Place m_place;
     RawType m_type;

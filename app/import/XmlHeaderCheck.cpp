@@ -47,7 +47,7 @@ void XmlHeaderCheck::run()
     }
     // Points that go with no value are not worth waiting for: such a header is a mistake, if it asks for that many.
     if (!m_countsValues && !m_hasValues)
-        m_size.addComputed(m_imagePoints, 3.0 * sizeof(double));
+        m_size.addComputed(m_computedPoints, 3.0 * sizeof(double));
 }
 
 void XmlHeaderCheck::look(XmlTags::Tag const& tag)
@@ -60,8 +60,8 @@ void XmlHeaderCheck::look(XmlTags::Tag const& tag)
     } else if (tag.name == "ImageData" || tag.name == "RectilinearGrid" || tag.name == "StructuredGrid") {
         m_uniform = tag.name != "StructuredGrid";
         lookAtExtent(tag, "WholeExtent");
-        m_imagePoints = tag.name == "ImageData" ? m_points : 0.0;
-        if (m_uniform && (m_countsValues || tag.name != "ImageData"))
+        m_computedPoints = m_uniform ? m_points : 0.0;
+        if (m_uniform && m_countsValues)
             m_size.addComputed(m_points, 3.0 * sizeof(double));
     } else if (tag.name == "Piece") {
         lookAtExtent(tag, "Extent");
@@ -117,7 +117,7 @@ void XmlHeaderCheck::lookAtArray(XmlTags::Tag const& tag)
     double const bytes = bytesOfType(tag.text("type"));
     double const values = valuesOf(tag);
     bool const isValue = m_section == "PointData" || m_section == "CellData";
-    bool const isCounted = m_countsValues || !isValue;
+    bool const isCounted = m_countsValues || (!isValue && m_section != "Points");
     m_hasValues = m_hasValues || isValue;
     // VTK walks over the components of an array even if it has no values.
     m_size.addStored(tag.number("NumberOfComponents", 1.0), 0.0, "components of \"" + tag.text("Name") + "\"");

@@ -15,7 +15,7 @@ public:
     /// @param fileSize bytes
     XmlHeaderCheck(std::string const& path, std::int64_t fileSize);
 
-    /// Memory for point and cell arrays, and for the points of uniform grids, is not counted: they may be loaded later.
+    /// Memory for point and cell arrays, and for coordinates, is not counted: they may be loaded later.
     void leaveOutValues() { m_countsValues = false; }
 
     /// @throws ImportError when the file cannot contain what its header promises, or memory cannot
@@ -49,7 +49,7 @@ private:
     bool m_bigEndian = false;
     bool m_countsValues = true;
     bool m_hasValues = false;
-    double m_imagePoints = 0.0;
+    double m_computedPoints = 0.0;
     bool m_uniform = false;
     double m_points = 0.0; // of the present piece
     double m_allPoints = 0.0;

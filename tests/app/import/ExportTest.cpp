@@ -8,6 +8,7 @@
 #include <vtkPointData.h>
 #include <vtkXMLMultiBlockDataReader.h>
 
+#include <algorithm>
 #include <csignal>
 #include <filesystem>
 #include <gmock/gmock.h>
@@ -101,6 +102,54 @@ TEST(Export, WritesAZoneATableAndSaysSo)
     EXPECT_EQ(contentOf(folder.path("table_2.csv")), "X\n10\n11\n12\n");
     EXPECT_THAT(result.remarks, ::testing::Contains(HasSubstr("2 files were written")));
     EXPECT_EQ(result.files.size(), 2);
+}
+
+TEST(Export, TellsHowFarItIs)
+{
+    TemporaryFolder const folder;
+    for (char const* name : {"a.csv", "a.vtm"}) {
+        std::vector<double> fractions;
+        app::exportDataSet(*gridData(3), QString::fromStdString(folder.path(name)), [&](double fraction) {
+            fractions.push_back(fraction);
+            return true;
+        });
+        EXPECT_TRUE(std::is_sorted(fractions.begin(), fractions.end())) << name;
+        ASSERT_GT(fractions.size(), 6U) << name;
+        EXPECT_EQ(fractions.front(), 0.0) << name;
+        EXPECT_GT(fractions[fractions.size() / 2], 0.0) << name;
+        EXPECT_LE(fractions.back(), 1.0) << name;
+    }
+}
+
+TEST(Export, ThatIsCancelledAtAnyMomentLeavesEverythingAsItWas)
+{
+    TemporaryFolder const folder;
+    for (char const* name : {"a_2.csv", "a.csv", "a.vtm", "b.vts"})
+        folder.write(name, "old");
+    std::string const before = folder.listing();
+    for (char const* name : {"a.csv", "a.vtm", "b.vts"}) {
+        auto const data = gridData(std::string(name) == "b.vts" ? 1 : 3);
+        int calls = 0;
+        bool isDone = false;
+        for (int last = 0; !isDone; ++last) {
+            calls = 0;
+            try {
+                app::exportDataSet(*data, QString::fromStdString(folder.path(name)),
+                                   [&](double) { return calls++ < last; });
+                isDone = true;
+            } catch (app::ExportCancelled const&) {
+                ASSERT_EQ(calls, last + 1) << name << ": it is not asked again";
+                ASSERT_EQ(folder.listing(), before) << name;
+                ASSERT_EQ(contentOf(folder.path(name)), "old") << name;
+                ASSERT_EQ(contentOf(folder.path("a_2.csv")), "old") << name;
+            }
+        }
+        EXPECT_GT(calls, 2) << name;
+        for (char const* old : {"a_2.csv", "a.csv", "a.vtm", "b.vts"})
+            folder.write(old, "old");
+        for (char const* added : {"a_1.csv", "a_3.csv", "a"})
+            std::filesystem::remove_all(folder.path(added));
+    }
 }
 
 TEST(Export, PutsThePiecesOfAMultiBlockFileIntoAFolderBesideIt)

@@ -51,20 +51,21 @@ void KnownRange::follow(double before, double after, Dimensions const& dims) noe
         return;
     }
     bool const mayBeOther = !m_isGiven && m_dims != Dimensions{} && m_dims != dims;
-    bool const wasFinite = std::isfinite(before);
+    bool const isFinite = std::isfinite(after);
     if (mayBeOther || !m_range.isValid()) {
         forget();
         return;
     }
-    if (m_range.state == ValueRange::State::Exact && wasFinite) {
+    if (m_range.state == ValueRange::State::Exact && std::isfinite(before)) {
         bool const wasMin = before <= m_range.min;
         bool const wasMax = before >= m_range.max;
-        if ((wasMin && !(after <= before)) || (wasMax && !(after >= before)) || (wasMin && wasMax)) {
+        bool const goesBeyond = isFinite && (wasMin ? after <= before : after >= before);
+        if ((wasMin || wasMax) && (!goesBeyond || (wasMin && wasMax))) {
             forget(); // others may or may not have the old limit as well
             return;
         }
     }
-    if (std::isfinite(after)) {
+    if (isFinite) {
         m_range.min = std::min(m_range.min, after);
         m_range.max = std::max(m_range.max, after);
     }

@@ -62,6 +62,14 @@ void ShareGroup::replaceByCopy(std::shared_ptr<Buffer> copy) noexcept
     m_range.forgetUnlessExact();
 }
 
+void ShareGroup::restoreRange(KnownRange const& range) noexcept
+{
+    m_range = range;
+    if (!isMapped()) {
+        m_range.forgetUnlessExact(); // known while the values were mapped
+    }
+}
+
 void ShareGroup::writeBits(std::int64_t index, std::uint64_t bits, KnownRange::Dimensions const& dims) noexcept
 {
     double const before = m_buffer->value(index);

@@ -71,7 +71,7 @@ public:
 
     /// What is known of the range, to be put back when a change of values is taken back.
     KnownRange const& knownRange() const { return m_range; }
-    void restoreRange(KnownRange const& range) noexcept { m_range = range; }
+    void restoreRange(KnownRange const& range) noexcept;
 
     /// A new group over @p copy, which has the same values in memory of its own. An exact range holds for it too.
     std::shared_ptr<ShareGroup> branch(std::shared_ptr<Buffer> copy) const;

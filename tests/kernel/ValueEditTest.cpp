@@ -238,6 +238,16 @@ TEST_F(EditValue, KeepsTheRangeRightWhateverIsWritten)
     EXPECT_EQ(steps, 45);
 }
 
+TEST_F(EditValue, ForgetsALimitThatBecomesInfinite)
+{
+    EXPECT_EQ(dataSet->zone(1)->range(4).max, 15);
+    ASSERT_TRUE(edit(1, 4, 5, infinity));
+    EXPECT_EQ(dataSet->zone(1)->range(4).max, 14);
+    EXPECT_EQ(dataSet->zone(1)->range(4).min, 10);
+    ASSERT_TRUE(edit(1, 4, 0, -infinity));
+    EXPECT_EQ(dataSet->zone(1)->range(4).min, 11);
+}
+
 TEST_F(EditValue, ComputesNoRangeAgainThatWasKnownOnTheOtherWay)
 {
     ShareGroup const& group = *field(1, 1).group();
@@ -304,6 +314,16 @@ TEST_F(EditMappedValue, GivesTheCopyARangeThatTakesThePlaceOfMappedValuesInUse)
     EXPECT_TRUE(field(1, 4).isLoaded()) << "altered: the history writes there again";
 }
 
+TEST_F(EditMappedValue, BringsNoEstimateBackToValuesThatCameIntoMemoryMeanwhile)
+{
+    EXPECT_TRUE(edit(1, 4, 0, 3, false));
+    auto const read = field(1, 4).group()->buffer();
+    EXPECT_TRUE(edit(1, 4, 5, 4, false));
+    ASSERT_TRUE(session.undo() && session.undo());
+    EXPECT_EQ(dataSet->zone(1)->range(4).state, ValueRange::State::Exact);
+    EXPECT_EQ(dataSet->zone(1)->range(4).max, 6);
+}
+
 TEST_F(EditValue, ReachesTheLastOfThreeThousandMillionValues)
 {
     constexpr std::int64_t count = 3000000000;
@@ -311,8 +331,11 @@ TEST_F(EditValue, ReachesTheLastOfThreeThousandMillionValues)
         mmap(nullptr, count, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
     ASSERT_NE(mapped, MAP_FAILED);
     std::shared_ptr<void> const owner(mapped, [](void* memory) { munmap(memory, count); });
-    auto group = std::make_shared<ShareGroup>(Buffer::adopt(FieldDataType_Byte, count, mapped, 1, owner));
-    group->setKnownRange({ValueRange::State::Estimated, 0, 0});
+    auto const loader = std::make_shared<sample::Loader>(std::vector<double>());
+    loader->mapped = true;
+    loader->knownRange = {ValueRange::State::Estimated, 0, 0};
+    auto group = std::make_shared<ShareGroup>(FieldDataType_Byte, count, loader);
+    group->setLoaded(Buffer::adopt(FieldDataType_Byte, count, mapped, 1, owner));
     auto const large = std::make_shared<DataSet>("large");
     large->addVariable(std::make_shared<Variable>("v"));
     auto const zone = std::make_shared<Zone>("large", ZoneType_Ordered, count, 1, 1);

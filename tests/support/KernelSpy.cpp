@@ -150,10 +150,13 @@ void KernelSpy::reset()
     record().active = true;
 }
 
+bool KernelSpy::isWatching()
+{
+    return record().active;
+}
+
 bool KernelSpy::noteCall(char const* function, std::vector<std::string> const& arguments)
 {
-    if (!record().active)
-        return false;
     record().calls.push_back({function, std::string(function) + "(" + join(arguments) + ")"});
     bool const functionIsDue = isDueForFunction(function);
     return isDueForAnyFunction() || functionIsDue;

@@ -44,7 +44,10 @@ public:
     KernelSpy& operator=(KernelSpy const&) = delete;
 
     // ---- for the interposed functions ------------------------------------------------------------------------------
-    /// Notes a call. @return true when it is to fail
+    /// Whether there is a spy; without one calls go through untouched.
+    static bool isWatching();
+
+    /// Notes a call, while there is a spy. @return true when it is to fail
     static bool noteCall(char const* function, std::vector<std::string> const& arguments);
 
     /// Address of the kernel's own function. Ends the program when there is none.

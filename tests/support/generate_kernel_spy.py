@@ -60,7 +60,7 @@ def interposer(result, name, parameters):
     lines = [f'extern "C" {result} {name}({declared})', '{',
              f'    using Function = {result} (*)({", ".join(kind for kind, _ in parameters)});',
              f'    static Function const real = reinterpret_cast<Function>(KernelSpy::realFunction("{name}"));',
-             f'    bool const fails = KernelSpy::noteCall("{name}", {{{described}}});']
+             f'    bool const fails = KernelSpy::isWatching() && KernelSpy::noteCall("{name}", {{{described}}});']
     if deallocates:  # giving memory back cannot fail
         lines += ['    static_cast<void>(fails);']
     else:

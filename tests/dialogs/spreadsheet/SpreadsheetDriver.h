@@ -63,6 +63,22 @@ protected:
     }
     QTableView& table() { return widget<QTableView>("Array_TableView"); }
 
+    sdk::ui::dialogs::propertybindings::models::QTableModelAdapter& adapter()
+    {
+        return *qobject_cast<sdk::ui::dialogs::propertybindings::models::QTableModelAdapter*>(table().model());
+    }
+
+    /// How many cells the user sees, whole or in part.
+    int visibleCells()
+    {
+        QRect const area = table().viewport()->rect();
+        int const rowBelow = table().rowAt(area.bottom());
+        int const columnBehind = table().columnAt(area.right());
+        int const lastRow = rowBelow < 0 ? adapter().rowCount() - 1 : rowBelow;
+        int const lastColumn = columnBehind < 0 ? adapter().columnCount() - 1 : columnBehind;
+        return (lastRow - table().rowAt(0) + 1) * (lastColumn - table().columnAt(0) + 1);
+    }
+
     /// What the cell shows, by zero-based row and column of the view.
     std::string shown(int row, int column)
     {

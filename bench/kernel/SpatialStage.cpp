@@ -1,21 +1,56 @@
 #include "SpatialStage.h"
 
+#include <stdexcept>
+
 using namespace veldraw::kernel;
 
-SpatialStage::SpatialStage(std::int64_t points)
+namespace {
+
+constexpr char const* names[] = {"X", "Y", "Z", "U", "V", "W", "P"};
+
+template <typename Element>
+void fill(Buffer& buffer, int factor)
+{
+    auto* const values = static_cast<Element*>(buffer.mutableData());
+    for (std::int64_t index = 0; index < buffer.size(); ++index) {
+        values[index] = static_cast<Element>(index * factor % 1000);
+    }
+}
+
+Field filledField(FieldDataType_e type, std::int64_t points, int factor)
+{
+    std::shared_ptr<Buffer> const buffer = Buffer::allocate(type, points);
+    switch (type) {
+    case FieldDataType_Float:
+        fill<float>(*buffer, factor);
+        break;
+    case FieldDataType_Double:
+        fill<double>(*buffer, factor);
+        break;
+    case FieldDataType_Int16:
+        fill<std::int16_t>(*buffer, factor);
+        break;
+    default:
+        throw std::invalid_argument("no such stage");
+    }
+    return {std::make_shared<ShareGroup>(buffer), ValueLocation_Nodal};
+}
+
+} // namespace
+
+SpatialStage::SpatialStage(std::int64_t points, int zones, FieldDataType_e type)
     : dataSet(std::make_shared<DataSet>("space"))
 {
-    auto zone = std::make_shared<Zone>("zone", ZoneType_Ordered, points / 100, 10, 10);
-    for (char const* name : {"X", "Y", "Z", "U", "V", "W", "P"}) {
+    for (char const* name : names) {
         dataSet->addVariable(std::make_shared<Variable>(name));
-        std::shared_ptr<Buffer> const buffer = Buffer::allocate(FieldDataType_Float, points);
-        auto* const values = static_cast<float*>(buffer->mutableData());
-        for (std::int64_t index = 0; index < points; ++index) {
-            values[index] = static_cast<float>((index * (name[0] - 'A')) % 1000);
-        }
-        zone->fields.emplace_back(std::make_shared<ShareGroup>(buffer), ValueLocation_Nodal);
     }
-    dataSet->addZone(zone);
+    for (int number = 0; number < zones; ++number) {
+        auto zone = std::make_shared<Zone>("zone", ZoneType_Ordered, points / 100, 10, 10);
+        for (char const* name : names) {
+            zone->fields.push_back(filledField(type, points, name[0] - 'A'));
+        }
+        dataSet->addZone(zone);
+    }
     auto shown = std::make_shared<Frame>("frame", Rectangle{});
     shown->dataSet = dataSet;
     session.openPage({shown});

@@ -3,11 +3,13 @@
 #include "kernel/data/SpatialVariables.h"
 #include "kernel/frames/Session.h"
 
-/// A session that shows one ordered zone in space: float coordinates X, Y, Z, a float vector U, V, W on them, and a float
-/// scalar, every value written.
+/// A session that shows ordered zones in space: coordinates X, Y, Z, a vector U, V, W on them, and a scalar, every value
+/// written.
 struct SpatialStage
 {
-    explicit SpatialStage(std::int64_t points);
+    /// @param points of each zone
+    /// @param type   of all variables: float, double or 16-bit
+    explicit SpatialStage(std::int64_t points, int zones = 1, FieldDataType_e type = FieldDataType_Float);
 
     veldraw::kernel::Session session;
     std::shared_ptr<veldraw::kernel::DataSet> dataSet;

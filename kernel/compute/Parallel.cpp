@@ -12,6 +12,7 @@ constexpr std::int64_t smallestChunk = 64; // also keeps neighbouring chunks fro
 constexpr std::int64_t mostChunks = 256;
 constexpr std::int64_t floatsOfHugePage = std::int64_t{1} << 19; // as many doubles fill two
 constexpr std::int64_t manyPages = 8;
+constexpr std::int64_t valuesForAThread = 8192; // some microseconds
 
 /// @p count is above 0.
 std::int64_t chunkSize(std::int64_t count, std::int64_t grain)
@@ -34,7 +35,7 @@ std::int64_t parallelChunkCount(std::int64_t count)
 
 std::int64_t grainOfFreshMemory(std::int64_t count)
 {
-    return count >= manyPages * floatsOfHugePage ? floatsOfHugePage : smallestChunk;
+    return count >= manyPages * floatsOfHugePage ? floatsOfHugePage : valuesForAThread;
 }
 
 void parallelFor(std::int64_t count, std::function<void(std::int64_t, std::int64_t, std::int64_t)> const& body,
@@ -45,8 +46,12 @@ void parallelFor(std::int64_t count, std::function<void(std::int64_t, std::int64
     }
     std::int64_t const size = chunkSize(count, grain);
     std::int64_t const chunks = chunksOf(count, size);
+    if (chunks == 1) {
+        body(0, count, 0); // to call the other threads together and dismiss them takes longer than little work
+        return;
+    }
     std::vector<std::exception_ptr> failures(static_cast<std::size_t>(chunks));
-#pragma omp parallel for schedule(dynamic) if (chunks > 1)
+#pragma omp parallel for schedule(dynamic)
     for (std::int64_t chunk = 0; chunk < chunks; ++chunk) {
         try {
             std::int64_t const first = chunk * size;

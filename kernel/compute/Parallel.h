@@ -14,8 +14,9 @@ namespace veldraw::kernel {
 void parallelFor(std::int64_t count, std::function<void(std::int64_t, std::int64_t, std::int64_t)> const& body,
                  std::int64_t grain = 64);
 
-/// The grain for a body that fills fresh memory with @p count values: that of huge pages where there are many. Threads that
-/// come to one fresh page side by side would each clear a page, and all of them but one for nothing.
+/// The grain for a body that does a little arithmetic on each of @p count values and stores them in fresh memory: no less
+/// than is worth a second thread, and that of huge pages where there are many. Threads that come to one fresh page side by
+/// side would each clear a page, and all of them but one for nothing.
 std::int64_t grainOfFreshMemory(std::int64_t count);
 
 /// Number of chunks that parallelFor() makes of @p count.

@@ -92,6 +92,13 @@ void ZoneVarTableItemDelegate::limitToType(QLineEdit& editor, QModelIndex const&
     editor.setValidator(validator);
 }
 
+void ZoneVarTableItemDelegate::setEditorData(QWidget* editor, QModelIndex const& index) const
+{
+    auto const* const lineEdit = qobject_cast<QLineEdit const*>(editor);
+    if (!lineEdit || !lineEdit->isModified())
+        QStyledItemDelegate::setEditorData(editor, index);
+}
+
 void ZoneVarTableItemDelegate::setModelData(QWidget* editor, QAbstractItemModel* model, QModelIndex const& index) const
 {
     auto const* const lineEdit = qobject_cast<QLineEdit const*>(editor);

@@ -24,6 +24,8 @@ public:
     ~ZoneVarTableItemDelegate() override;
 
     QWidget* createEditor(QWidget* parent, QStyleOptionViewItem const& option, QModelIndex const& index) const override;
+    /// What is being typed stays, whatever becomes of the cell meanwhile.
+    void setEditorData(QWidget* editor, QModelIndex const& index) const override;
     /// A text that is not acceptable is dropped: the cell keeps its value.
     void setModelData(QWidget* editor, QAbstractItemModel* model, QModelIndex const& index) const override;
     /// In the chosen format and always with a decimal point; "Not Loaded" as it is, anything else that is no number as

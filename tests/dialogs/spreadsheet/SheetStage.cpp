@@ -4,31 +4,6 @@ namespace veldraw::tests {
 
 namespace {
 
-/// Brings one value as often as it is wanted.
-class ConstantLoader : public kernel::ValueLoader
-{
-public:
-    ConstantLoader(FieldDataType_e type, std::int64_t size, double value)
-        : m_type(type)
-        , m_size(size)
-        , m_value(value)
-    {
-    }
-
-    std::shared_ptr<kernel::Buffer> load(kernel::Progress&) override
-    {
-        auto const buffer = kernel::Buffer::allocate(m_type, m_size);
-        for (std::int64_t index = 0; index < m_size; ++index)
-            buffer->setValue(index, m_value);
-        return buffer;
-    }
-
-private:
-    FieldDataType_e m_type;
-    std::int64_t m_size;
-    double m_value;
-};
-
 /// Brings dimensions.
 class FixedDimensions : public kernel::DimensionsLoader
 {
@@ -93,12 +68,13 @@ void SheetStage::fillAll(int zone)
         fill(zone, variable, FieldDataType_Float, ValueLocation_Nodal);
 }
 
-void SheetStage::defer(int zone, int variable, double value)
+std::shared_ptr<ConstantLoader> SheetStage::defer(int zone, int variable, double value)
 {
     std::int64_t const size = m_dataSet->zone(zone)->valueCount(ValueLocation_Nodal);
     auto const loader = std::make_shared<ConstantLoader>(FieldDataType_Float, size, value);
     field(zone, variable) =
         kernel::Field(std::make_shared<kernel::ShareGroup>(FieldDataType_Float, size, loader), ValueLocation_Nodal);
+    return loader;
 }
 
 void SheetStage::share(int zone, int variable, int sourceZone)

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "kernel/data/ValueLoader.h"
 #include "tests/dialogs/models/SampleSession.h"
+#include "tests/dialogs/support/ConstantLoader.h"
 
 #include <cstdint>
 #include <functional>
@@ -34,8 +34,8 @@ public:
     void fillFrom(int zone, int variable, std::shared_ptr<kernel::Buffer> const& buffer);
     /// Gives all fields of a zone numbered nodal floats.
     void fillAll(int zone);
-    /// Gives a field values that are not loaded, all @p value when they are.
-    void defer(int zone, int variable, double value);
+    /// Gives a field values that are not loaded, all @p value when they are. @return what brings them
+    std::shared_ptr<ConstantLoader> defer(int zone, int variable, double value);
     /// Lets a field of a zone share the storage of another zone's.
     void share(int zone, int variable, int sourceZone);
 

@@ -5,9 +5,11 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QMenu>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSpinBox>
 #include <QStackedWidget>
 #include <QStyleOptionHeader>
@@ -21,6 +23,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::UnorderedElementsAre;
 
 /// Three zones: triangles with four points and two elements, a plane of 3 by 2 points, and a block of 3 by 3 by 2.
 class DataSpreadsheetDialogTest : public SpreadsheetDriver
@@ -50,32 +53,82 @@ TEST_F(DataSpreadsheetDialogTest, LooksAsItsFormSays)
 {
     stage.show();
     std::string const p = "dataSpreadsheet_";
-    std::vector<std::string> const form = formTable(launched());
-    ASSERT_GE(form.size(), 22u);
-    EXPECT_EQ(form.front(),
-              "DataSpreadsheetDialog | veldraw::sdk::ui::dialogs::DataSpreadsheetDialog | Data Spreadsheet |  | ");
-    for (std::string const& line :
-         {p + "Zone_Label | QLabel | &Zone: |  | " + p + "Zone_ComboBox",
-          p + "Variable_Label | QLabel | &Variable: |  | " + p + "Variable_ComboBox",
-          p + "ValueLocation_Label | QLabel | &Value Location: |  | " + p + "ValueLocation_ComboBox",
-          p + "Plane_Label | QLabel | &Plane: |  | " + p + "Plane_ComboBox",
-          p + "Index_Label | QLabel | &Index: |  | " + p + "Index_SpinBox",
-          p + "Format_Label | QLabel | &Format: |  | " + p + "Format_ComboBox",
-          p + "Precision_Label | QLabel | P&recision: |  | " + p + "Precision_SpinBox",
-          p + "AlterSharedZones_CheckBox | QCheckBox | &Alter in all shared zones |  | ",
-          p + "LoadVariables_PushButton | QPushButton | &Load Variables... |  | "})
-        EXPECT_THAT(form, testing::Contains(line));
+    EXPECT_THAT(
+        formTable(launched()),
+        UnorderedElementsAre(
+            "DataSpreadsheetDialog | veldraw::sdk::ui::dialogs::DataSpreadsheetDialog | Data Spreadsheet |  | ",
+            p + "Zone_Label | QLabel | &Zone: |  | " + p + "Zone_ComboBox", p + "Zone_ComboBox | QComboBox |  |  | ",
+            p + "VariableSelection_Marker | QStackedWidget |  |  | ", p + "Variable_Outline | QWidget |  |  | ",
+            p + "Variable_Label | QLabel | &Variable: |  | " + p + "Variable_ComboBox",
+            p + "Variable_ComboBox | QComboBox |  |  | ", p + "ValueLocation_Outline | QWidget |  |  | ",
+            p + "ValueLocation_Label | QLabel | &Value Location: |  | " + p + "ValueLocation_ComboBox",
+            p + "ValueLocation_ComboBox | QComboBox |  |  | ",
+            p + "Plane_Label | QLabel | &Plane: |  | " + p + "Plane_ComboBox",
+            p + "Plane_ComboBox | QComboBox |  |  | ", p + "Index_Label | QLabel | &Index: |  | " + p + "Index_SpinBox",
+            p + "Index_SpinBox | veldraw::ui::IntegralSpinBox | 1 |  | ",
+            p + "Format_Label | QLabel | &Format: |  | " + p + "Format_ComboBox",
+            p + "Format_ComboBox | QComboBox |  |  | ",
+            p + "Precision_Label | QLabel | P&recision: |  | " + p + "Precision_SpinBox",
+            p + "Precision_SpinBox | veldraw::ui::IntegralSpinBox | 3 |  | ",
+            p + "Array_TableView | veldraw::dialogs::common::TableViewWithPreferredDimensions |  |  | ",
+            p + "Row_ScrollBar | veldraw::sdk::ui::propertymanager::WindowScrollBar |  |  | ",
+            p + "Column_ScrollBar | veldraw::sdk::ui::propertymanager::WindowScrollBar |  |  | ",
+            p + "AlterSharedZones_CheckBox | QCheckBox | &Alter in all shared zones |  | ",
+            p + "LoadVariables_PushButton | QPushButton | &Load Variables... |  | ",
+            "buttonBox | QDialogButtonBox |  |  | ", " | QPushButton | Close |  | ", " | QPushButton | Help |  | "));
     EXPECT_EQ(widget<QPushButton>("LoadVariables_PushButton").focusPolicy(), Qt::StrongFocus);
     EXPECT_EQ(widget<QStackedWidget>("VariableSelection_Marker").currentIndex(), 0);
+    EXPECT_EQ(dialog().findChild<QDialogButtonBox*>()->orientation(), Qt::Horizontal);
+    EXPECT_EQ(table().contextMenuPolicy(), Qt::CustomContextMenu);
+    EXPECT_EQ(DataSpreadsheetDialog::relevance(), Choices::dataSetExists());
+    EXPECT_EQ(table().accessibleName(), QStringLiteral("Values"));
+}
+
+TEST_F(DataSpreadsheetDialogTest, PlacesItsWidgetsAsItsFormSays)
+{
+    stage.show();
+    std::string const p = "dataSpreadsheet_";
+    EXPECT_THAT(
+        formLayout(launched()),
+        ElementsAre(
+            "gridLayout_2 | 0, 0, 1, 1 | gridLayout", "gridLayout_2 | 1, 0, 1, 1 | " + p + "Array_TableView",
+            "gridLayout_2 | 2, 0, 1, 1 | horizontalLayout", "gridLayout_2 | 3, 0, 1, 1 | buttonBox",
+            "gridLayout | 0, 0, 1, 1 | " + p + "Zone_Label", "gridLayout | 0, 1, 1, 4 | " + p + "Zone_ComboBox",
+            "gridLayout | 0, 6, 1, 5 | " + p + "VariableSelection_Marker",
+            "gridLayout | 1, 0, 1, 1 | " + p + "Plane_Label", "gridLayout | 1, 1, 1, 1 | " + p + "Plane_ComboBox",
+            "gridLayout | 1, 3, 1, 1 | " + p + "Index_Label", "gridLayout | 1, 4, 1, 1 | " + p + "Index_SpinBox",
+            "gridLayout | 1, 6, 1, 1 | " + p + "Format_Label", "gridLayout | 1, 7, 1, 1 | " + p + "Format_ComboBox",
+            "gridLayout | 1, 9, 1, 1 | " + p + "Precision_Label",
+            "gridLayout | 1, 10, 1, 1 | " + p + "Precision_SpinBox",
+            p + "VariableSelection_Marker | page 0 | " + p + "Variable_Outline",
+            p + "VariableSelection_Marker | page 1 | " + p + "ValueLocation_Outline",
+            "gridLayout_3 | 0, 0, 1, 1 | " + p + "Variable_Label",
+            "gridLayout_3 | 0, 1, 1, 1 | " + p + "Variable_ComboBox",
+            "gridLayout_4 | 0, 0, 1, 1 | " + p + "ValueLocation_Label",
+            "gridLayout_4 | 0, 1, 1, 1 | " + p + "ValueLocation_ComboBox",
+            "horizontalLayout | 0 | " + p + "AlterSharedZones_CheckBox", "horizontalLayout | 1 | spacer",
+            "horizontalLayout | 2 | " + p + "LoadVariables_PushButton"));
+}
+
+TEST_F(DataSpreadsheetDialogTest, HasTheLimitsAndSizesOfItsForm)
+{
+    stage.show();
+    launched();
     EXPECT_EQ(widget<QSpinBox>("Index_SpinBox").minimum(), 1);
     EXPECT_EQ(widget<QSpinBox>("Index_SpinBox").maximum(), 2147483646);
     EXPECT_EQ(widget<QSpinBox>("Precision_SpinBox").minimum(), 0);
     EXPECT_EQ(widget<QSpinBox>("Precision_SpinBox").maximum(), 16);
     EXPECT_EQ(table().horizontalHeader()->defaultSectionSize(), 75);
-    EXPECT_EQ(table().contextMenuPolicy(), Qt::CustomContextMenu);
-    EXPECT_EQ(DataSpreadsheetDialog::relevance(), Choices::dataSetExists());
-    EXPECT_THAT(inputsWithoutAccessibleName(dialog()), testing::IsEmpty());
-    EXPECT_EQ(table().accessibleName(), QStringLiteral("Values"));
+    // Room for 24 rows and 10 columns whatever the zone's size; in small ones, as the screen of a test is small.
+    table().verticalHeader()->setMinimumSectionSize(5);
+    table().horizontalHeader()->setMinimumSectionSize(5);
+    table().verticalHeader()->setDefaultSectionSize(10);
+    table().horizontalHeader()->setDefaultSectionSize(20);
+    EXPECT_EQ(table().sizeHint().width(), 10 * 20 + table().verticalHeader()->width() + 2 * table().frameWidth() +
+                                              table().verticalScrollBar()->sizeHint().width());
+    EXPECT_EQ(table().sizeHint().height(), 24 * 10 + table().horizontalHeader()->sizeHint().height() +
+                                               2 * table().frameWidth() +
+                                               table().horizontalScrollBar()->sizeHint().height());
 }
 
 TEST_F(DataSpreadsheetDialogTest, CanBeWalkedByTab)
@@ -167,7 +220,10 @@ INSTANTIATE_TEST_SUITE_P(
                     TypedText{FieldDataType_Int32, "2147483648", 100}, TypedText{FieldDataType_Int16, "-32768", -32768},
                     TypedText{FieldDataType_Float, "1e39", 100}, TypedText{FieldDataType_Float, "0.5", 0.5},
                     TypedText{FieldDataType_Double, "1e300", 1e300}, TypedText{FieldDataType_Double, "-", 100},
-                    TypedText{FieldDataType_Double, "1e", 100},
+                    TypedText{FieldDataType_Double, "1e", 100}, TypedText{FieldDataType_Double, "1e400", 100},
+                    TypedText{FieldDataType_Double, "inf", 100}, TypedText{FieldDataType_Double, "-infinity", 100},
+                    TypedText{FieldDataType_Float, "nan", 100}, TypedText{FieldDataType_Float, "-inf", 100},
+                    TypedText{FieldDataType_Int32, "nan", 100}, TypedText{FieldDataType_Int32, "1.5", 15},
                     TypedText{FieldDataType_Double, "4.9406564584124654e-324",
                               std::numeric_limits<double>::denorm_min()}));
 

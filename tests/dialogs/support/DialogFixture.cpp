@@ -4,6 +4,7 @@
 #include "tests/dialogs/support/ConstantLoader.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QItemSelectionModel>
 #include <QListView>
@@ -48,12 +49,32 @@ dialogs::common::QtDialogAbstract& DialogFixture::launched()
     return dialog();
 }
 
+QAbstractItemView& DialogFixture::view()
+{
+    auto* const found = dialog().findChild<QAbstractItemView*>(QString::fromStdString(traits.list));
+    if (!found)
+        throw std::logic_error("there is no list " + traits.list);
+    return *found;
+}
+
 QListView& DialogFixture::list()
 {
-    auto* const view = dialog().findChild<QListView*>(QString::fromStdString(traits.list));
-    if (!view)
-        throw std::logic_error("there is no list " + traits.list);
-    return *view;
+    return dynamic_cast<QListView&>(view());
+}
+
+QAbstractItemModel& DialogFixture::boundModel(std::string const& objectName)
+{
+    QString const name = QString::fromStdString(objectName);
+    if (auto const* const comboBox = dialog().findChild<QComboBox*>(name))
+        return *comboBox->model();
+    if (auto const* const items = dialog().findChild<QAbstractItemView*>(name))
+        return *items->model();
+    throw std::logic_error("there is no " + objectName);
+}
+
+std::vector<std::string> DialogFixture::boundInOrder() const
+{
+    return traits.boundInOrder.empty() ? std::vector<std::string>{traits.list} : traits.boundInOrder;
 }
 
 QDialogButtonBox& DialogFixture::buttonBox()
@@ -71,8 +92,8 @@ QPushButton& DialogFixture::actionButton()
 
 void DialogFixture::clickRow(int row, Qt::KeyboardModifiers modifiers)
 {
-    QRect const place = list().visualRect(list().model()->index(row, 0));
-    QTest::mouseClick(list().viewport(), Qt::LeftButton, modifiers, place.center());
+    QRect const place = view().visualRect(view().model()->index(row, 0));
+    QTest::mouseClick(view().viewport(), Qt::LeftButton, modifiers, place.center());
 }
 
 void DialogFixture::clickAction()
@@ -89,9 +110,9 @@ std::vector<std::string> DialogFixture::rows()
 {
     IdleDispatcher::flush();
     std::vector<std::string> texts;
-    for (int row = 0; row < list().model()->rowCount(); ++row) {
-        QModelIndex const index = list().model()->index(row, 0);
-        std::string const mark = list().selectionModel()->isSelected(index) ? "*" : "";
+    for (int row = 0; row < view().model()->rowCount(); ++row) {
+        QModelIndex const index = view().model()->index(row, 0);
+        std::string const mark = view().selectionModel()->isSelected(index) ? "*" : "";
         texts.push_back(mark + index.data().toString().toStdString());
     }
     return texts;

@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+class QAbstractItemModel;
+class QAbstractItemView;
 class QDialogButtonBox;
 class QListView;
 class QPushButton;
@@ -27,8 +29,16 @@ protected:
     /// The dialog on the screen, in front, with nothing left to do.
     dialogs::common::QtDialogAbstract& launched();
 
+    /// The list or table.
+    QAbstractItemView& view();
     QListView& list();
+    /// What a combo box or list got from its binding and loses with it.
+    QAbstractItemModel& boundModel(std::string const& objectName);
+    /// Of the first of those bindings.
+    QAbstractItemModel& firstBoundModel() { return boundModel(boundInOrder().front()); }
+    std::vector<std::string> boundInOrder() const;
     QDialogButtonBox& buttonBox();
+    bool hasAction() const { return !traits.action.empty(); }
     QPushButton& actionButton();
 
     void clickRow(int row, Qt::KeyboardModifiers modifiers = Qt::NoModifier);

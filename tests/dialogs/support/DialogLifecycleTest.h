@@ -21,4 +21,9 @@ protected:
     void changeTheDataSet();
 };
 
+/// What holds besides for a dialog with a button of its own. It joins by a second line, with `DialogActionLifecycleTest`.
+class DialogActionLifecycleTest : public DialogLifecycleTest
+{
+};
+
 } // namespace veldraw::tests

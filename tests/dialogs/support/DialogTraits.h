@@ -12,7 +12,8 @@
 
 namespace veldraw::tests {
 
-/// What the common tests have to know of a dialog in which the user chooses from a list and presses a button.
+/// What the common tests have to know of a dialog that shows rows to choose from, in a list or a table, and mostly has a button
+/// that does something with them.
 struct DialogTraits
 {
     /// The traits of a class of dialogs, with the words still to be filled in.
@@ -29,8 +30,8 @@ struct DialogTraits
 
     dialogs::common::QtDialogAbstract& (*instance)(QWidget& parent) = nullptr;
     boost::shared_ptr<sdk::ui::propertymanager::RelevanceInterface const> (*relevance)() = nullptr;
-    std::string list;                           ///< object name of the list
-    std::string action;                         ///< text of the button that does it
+    std::string list;                           ///< object name of the list or table
+    std::string action;                         ///< text of the button that does it; empty if there is none
     std::string buttonBox = "buttonBox";        ///< object name of the box that has it
     std::string refusal;                        ///< what the button says while nothing is chosen
     std::string helpTopic;                      ///< the page that F1 opens
@@ -39,6 +40,8 @@ struct DialogTraits
     bool actionNeedsSelection = false; ///< the button is disabled, instead of refusing, while nothing is chosen
     bool defersVariables = false;      ///< all values wait to be loaded
     bool bindsActionBeforeList = true; ///< which of the two bindings is made, and ends, first
+    /// Object names of combo boxes and lists in the order in which their bindings are made; the list alone when empty.
+    std::vector<std::string> boundInOrder;
 };
 
 inline void PrintTo(DialogTraits const& traits, std::ostream* stream)

@@ -7,10 +7,12 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QDialogButtonBox>
+#include <QGridLayout>
 #include <QGroupBox>
 #include <QKeySequence>
 #include <QLabel>
 #include <QLineEdit>
+#include <QStackedLayout>
 #include <QStackedWidget>
 #include <QTabWidget>
 #include <QTextEdit>
@@ -82,6 +84,45 @@ std::vector<TextOfWidget> textsWithMnemonics(QDialog const& dialog)
     return texts;
 }
 
+std::string placeOf(QLayout& layout, int item)
+{
+    auto* const grid = qobject_cast<QGridLayout*>(&layout);
+    if (!grid)
+        return (qobject_cast<QStackedLayout*>(&layout) ? "page " : "") + std::to_string(item);
+    int row = -1, column = -1, rowSpan = -1, columnSpan = -1;
+    grid->getItemPosition(item, &row, &column, &rowSpan, &columnSpan);
+    return std::to_string(row) + ", " + std::to_string(column) + ", " + std::to_string(rowSpan) + ", " +
+           std::to_string(columnSpan);
+}
+
+void addPlaces(QWidget& widget, std::vector<std::string>& lines);
+
+void addPlaces(QLayout& layout, QString const& name, std::vector<std::string>& lines)
+{
+    for (int item = 0; item < layout.count(); ++item) {
+        QLayoutItem& here = *layout.itemAt(item);
+        QObject const* const thing = here.widget() ? static_cast<QObject*>(here.widget()) : here.layout();
+        std::string const alignment =
+            here.alignment() ? " | alignment " + std::to_string(static_cast<int>(here.alignment())) : "";
+        lines.push_back(name.toStdString() + " | " + placeOf(layout, item) + " | " +
+                        (thing ? thing->objectName().toStdString() : "spacer") + alignment);
+    }
+    for (int item = 0; item < layout.count(); ++item) {
+        if (QWidget* const widget = layout.itemAt(item)->widget())
+            addPlaces(*widget, lines);
+        else if (QLayout* const inner = layout.itemAt(item)->layout())
+            addPlaces(*inner, inner->objectName(), lines);
+    }
+}
+
+void addPlaces(QWidget& widget, std::vector<std::string>& lines)
+{
+    if (!widget.layout() || qobject_cast<QDialogButtonBox*>(&widget))
+        return;
+    bool const isStack = qobject_cast<QStackedLayout*>(widget.layout());
+    addPlaces(*widget.layout(), isStack ? widget.objectName() : widget.layout()->objectName(), lines);
+}
+
 // Whether two widgets of a form are on different pages of one stack.
 bool areAlternatives(QWidget const* one, QWidget const* other)
 {
@@ -98,6 +139,14 @@ std::vector<std::string> formTable(QDialog const& dialog)
     std::vector<std::string> lines{line(dialog, dialog.windowTitle())};
     for (QWidget const* const widget : formWidgets(dialog))
         lines.push_back(line(*widget, textOf(*widget)));
+    return lines;
+}
+
+std::vector<std::string> formLayout(QDialog const& dialog)
+{
+    std::vector<std::string> lines;
+    if (dialog.layout())
+        addPlaces(*dialog.layout(), dialog.layout()->objectName(), lines);
     return lines;
 }
 

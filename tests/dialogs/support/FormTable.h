@@ -15,6 +15,11 @@ namespace veldraw::tests {
 /// with its title. Buttons of button boxes have no object name.
 std::vector<std::string> formTable(QDialog const& dialog);
 
+/// One line a place in a layout: "layout | row, column, row span, column span | what stands there", for boxes
+/// "layout | position | ...", for stacks "stack | page number | page", with " | alignment N" where there is one. A spacer is
+/// "spacer". Layouts come before those that stand in them.
+std::vector<std::string> formLayout(QDialog const& dialog);
+
 /// The widgets in the order in which Tab visits them, by object name, nameless ones by their text in brackets. All that can
 /// take the focus count, enabled or not.
 std::vector<std::string> tabOrder(QDialog const& dialog);

@@ -5,6 +5,7 @@
 namespace veldraw::tests {
 
 INSTANTIATE_TEST_SUITE_P(DeleteVariable, DialogLifecycleTest, testing::Values(deleteVariable()));
+INSTANTIATE_TEST_SUITE_P(DeleteVariable, DialogActionLifecycleTest, testing::Values(deleteVariable()));
 
 namespace {
 

@@ -2,8 +2,6 @@
 #include "tests/dialogs/support/FormTable.h"
 #include "tests/dialogs/variableops/LoadVariablesFixture.h"
 
-#include <QGridLayout>
-
 #include <gmock/gmock.h>
 
 namespace veldraw::tests {
@@ -14,17 +12,6 @@ using testing::IsEmpty;
 
 class LoadVariablesDialogTest : public LoadVariablesFixture
 {
-protected:
-    // The place of a widget in the form's grid as "row, column, row span, column span".
-    std::string place(char const* objectName)
-    {
-        auto* const grid = qobject_cast<QGridLayout*>(dialog().layout());
-        int row = -1, column = -1, rowSpan = -1, columnSpan = -1;
-        grid->getItemPosition(grid->indexOf(dialog().findChild<QWidget*>(QLatin1String(objectName))), &row, &column,
-                              &rowSpan, &columnSpan);
-        return std::to_string(row) + ", " + std::to_string(column) + ", " + std::to_string(rowSpan) + ", " +
-               std::to_string(columnSpan);
-    }
 };
 
 TEST_F(LoadVariablesDialogTest, LooksAsItsFormSays)
@@ -41,12 +28,11 @@ TEST_F(LoadVariablesDialogTest, LooksAsItsFormSays)
     EXPECT_EQ(dialog().size(), QSize(241, 270).expandedTo(dialog().minimumSizeHint()));
     EXPECT_TRUE(dialog().isModal());
     EXPECT_EQ(list().selectionMode(), QAbstractItemView::ExtendedSelection);
-    EXPECT_EQ(dialog().layout()->objectName(), QStringLiteral("gridLayout"));
-    EXPECT_EQ(place("label"), "0, 0, 1, 1");
-    EXPECT_EQ(place("LoadVariables_Zones_comboBox"), "0, 1, 1, 1");
-    EXPECT_EQ(place("LoadVariables_Title_Label"), "1, 0, 1, 2");
-    EXPECT_EQ(place("LoadVariables_Variables_listView"), "2, 0, 1, 2");
-    EXPECT_EQ(place("LoadVariables_buttonBox"), "3, 1, 1, 1");
+    EXPECT_THAT(formLayout(dialog()),
+                ElementsAre("gridLayout | 0, 0, 1, 1 | label", "gridLayout | 0, 1, 1, 1 | LoadVariables_Zones_comboBox",
+                            "gridLayout | 1, 0, 1, 2 | LoadVariables_Title_Label",
+                            "gridLayout | 2, 0, 1, 2 | LoadVariables_Variables_listView",
+                            "gridLayout | 3, 1, 1, 1 | LoadVariables_buttonBox"));
     EXPECT_EQ(buttonBox().standardButtons(), QDialogButtonBox::Close | QDialogButtonBox::Help);
     EXPECT_EQ(buttonBox().buttonRole(&actionButton()), QDialogButtonBox::ActionRole);
 }

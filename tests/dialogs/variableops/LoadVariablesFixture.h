@@ -28,6 +28,7 @@ inline DialogTraits loadVariables()
     traits.helpTopic = "load_variable.html";
     traits.actionNeedsSelection = true;
     traits.defersVariables = true;
+    traits.boundInOrder = {"LoadVariables_Zones_comboBox", "LoadVariables_Variables_listView"};
     return traits;
 }
 

@@ -5,6 +5,7 @@
 namespace veldraw::tests {
 
 INSTANTIATE_TEST_SUITE_P(LoadVariables, DialogLifecycleTest, testing::Values(loadVariables()));
+INSTANTIATE_TEST_SUITE_P(LoadVariables, DialogActionLifecycleTest, testing::Values(loadVariables()));
 
 namespace {
 

@@ -17,6 +17,7 @@
 namespace veldraw::tests {
 
 INSTANTIATE_TEST_SUITE_P(AxialDuplication, DialogLifecycleTest, testing::Values(axialDuplication()));
+INSTANTIATE_TEST_SUITE_P(AxialDuplication, DialogActionLifecycleTest, testing::Values(axialDuplication()));
 
 namespace {
 

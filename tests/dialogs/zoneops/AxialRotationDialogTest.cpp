@@ -13,6 +13,7 @@
 namespace veldraw::tests {
 
 INSTANTIATE_TEST_SUITE_P(AxialRotation, DialogLifecycleTest, testing::Values(axialRotation()));
+INSTANTIATE_TEST_SUITE_P(AxialRotation, DialogActionLifecycleTest, testing::Values(axialRotation()));
 
 namespace {
 

@@ -9,6 +9,7 @@ namespace {
 using CreateMirrorZoneLifecycleTest = CreateMirrorZoneFixture;
 
 INSTANTIATE_TEST_SUITE_P(CreateMirrorZone, DialogLifecycleTest, testing::Values(createMirrorZone()));
+INSTANTIATE_TEST_SUITE_P(CreateMirrorZone, DialogActionLifecycleTest, testing::Values(createMirrorZone()));
 
 TEST_F(CreateMirrorZoneLifecycleTest, TakesItsPendingIdleWorkAlongWhenItIsDestroyed)
 {

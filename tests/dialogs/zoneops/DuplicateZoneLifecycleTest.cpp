@@ -5,6 +5,7 @@
 namespace veldraw::tests {
 
 INSTANTIATE_TEST_SUITE_P(DuplicateZone, DialogLifecycleTest, testing::Values(duplicateZone()));
+INSTANTIATE_TEST_SUITE_P(DuplicateZone, DialogActionLifecycleTest, testing::Values(duplicateZone()));
 
 namespace {
 

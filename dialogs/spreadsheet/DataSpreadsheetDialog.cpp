@@ -9,6 +9,7 @@
 #include "dialogs/bindings/WidgetUpdateDeferrerOnBusy.h"
 #include "dialogs/frame/LaunchHelpAction.h"
 #include "dialogs/models/QTableModelAdapter.h"
+#include "dialogs/spreadsheet/ColumnFitter.h"
 #include "dialogs/spreadsheet/CornerButtonEventFilter.h"
 #include "dialogs/spreadsheet/DataSpreadsheetPropertiesManager.h"
 #include "dialogs/spreadsheet/EnterKeyTableNavigator.h"
@@ -43,6 +44,7 @@ using propertybindings::SpinBoxLgIndexPropertyBinding;
 using propertybindings::WidgetUpdateDeferrerOnBusy;
 using propertybindings::models::QTableModelAdapter;
 using propertybindings::models::ZoneVarTableItemDelegate;
+using propertymanager::ColumnFitter;
 using propertymanager::CornerButtonEventFilter;
 using propertymanager::DataSpreadsheetPropertiesManager;
 using propertymanager::EnterKeyTableNavigator;
@@ -140,6 +142,7 @@ void DataSpreadsheetDialog::Impl::setUpTable()
     new WidgetUpdateDeferrerOnBusy(*table);
     table->verticalHeader()->setDefaultSectionSize(table->verticalHeader()->sectionSizeHint(0));
     table->horizontalHeader()->setDefaultSectionSize(columnWidth);
+    new ColumnFitter(*table, [this] { return manager.tableModel(); });
     table->setPreferredNumberOfRows(rowsAtFirst);
     table->setPreferredNumberOfColumns(columnsAtFirst);
     ui.dataSpreadsheet_Index_SpinBox->setRange(1, highestIndex);

@@ -35,4 +35,11 @@ void BranchEdit::revert() noexcept
     m_hub.emitEvent(m_sharing);
 }
 
+HeldMemory BranchEdit::held() const noexcept
+{
+    HeldMemory sum = m_replacement.held();
+    sum.notes += bytesOfLists(m_sharing);
+    return sum;
+}
+
 } // namespace veldraw::kernel

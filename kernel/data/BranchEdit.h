@@ -19,7 +19,7 @@ public:
 
     void apply() noexcept override;
     void revert() noexcept override;
-    std::int64_t bytes() const noexcept override { return m_replacement.bytes(); }
+    HeldMemory held() const noexcept override;
 
 private:
     EventHub& m_hub;

@@ -20,7 +20,7 @@ FieldReplacement::FieldReplacement(EventHub& hub, std::vector<ZonePart> parts, S
         }
     }
     for (RetiredStorage& storage : m_old.storages) {
-        m_bytes += storage.prepare();
+        storage.prepare();
     }
     m_old.numbers.clear();
     m_new.numbers.clear();
@@ -39,6 +39,26 @@ void FieldReplacement::Side::add(Field const& field, bool isNew)
     }
     storages[place->second].addField();
     storageNumbers.push_back(place->second);
+}
+
+HeldMemory FieldReplacement::Side::held() const noexcept
+{
+    HeldMemory sum;
+    for (RetiredStorage const& storage : storages) {
+        sum.values += storage.heldBytes();
+    }
+    std::size_t const notes = storages.size() * sizeof(RetiredStorage) + fields.size() * sizeof(Field) +
+                              storageNumbers.size() * sizeof(std::size_t);
+    sum.notes = static_cast<std::int64_t>(notes);
+    return sum;
+}
+
+HeldMemory FieldReplacement::held() const noexcept
+{
+    HeldMemory sum = m_old.held();
+    sum += m_new.held();
+    sum.notes += static_cast<std::int64_t>(m_places.size() * sizeof(Place)) + bytesOfLists(m_event);
+    return sum;
 }
 
 void FieldReplacement::apply() noexcept

@@ -28,7 +28,7 @@ public:
 
     void apply() noexcept override;
     void revert() noexcept override;
-    std::int64_t bytes() const noexcept override { return m_bytes; }
+    HeldMemory held() const noexcept override;
 
 private:
     /// The fields that stand in the zones at one time, without their storage where they are out.
@@ -40,6 +40,7 @@ private:
         std::map<ShareGroup const*, std::size_t> numbers; // while the step is being prepared
 
         void add(Field const& field, bool isNew);
+        HeldMemory held() const noexcept;
     };
 
     struct Place
@@ -55,7 +56,6 @@ private:
     Side m_old;
     Side m_new;
     StateChangeEvent m_event;
-    std::int64_t m_bytes = 0;
 };
 
 } // namespace veldraw::kernel

@@ -31,16 +31,28 @@ public:
     void addField() { ++m_fields; }
 
     /// Allocates what taking the fields out and putting them back needs, while they still stand in the data set.
-    /// @return bytes that nobody else will hold once they are out
     /// @throws std::bad_alloc
-    std::int64_t prepare()
+    void prepare()
     {
         std::shared_ptr<ShareGroup> const group = m_group.lock();
         if (group.use_count() - 1 > m_fields) {
             m_reserve = group->standIn();
+        }
+    }
+
+    /// Bytes of values that are kept in memory for these fields alone, as far as this can tell: not while the fields stand in
+    /// the data set, not while others use the same memory, not where a file stands for it.
+    std::int64_t heldBytes() const noexcept
+    {
+        if (!m_reserve || !m_reserve->isLoaded()) {
             return 0;
         }
-        return group->isLoaded() ? group->buffer()->bytes() : 0;
+        Buffer const& values = *m_reserve->buffer();
+        std::shared_ptr<ShareGroup> const group = m_group.lock();
+        bool const isOfOthers =
+            group && group != m_reserve && group->isLoaded() && group->buffer()->owner() == values.owner();
+        bool const isMapped = m_reserve->canUnload() && m_reserve->loader()->isMapped();
+        return isOfOthers || isMapped ? 0 : values.bytes();
     }
 
     /// Takes over the group of a field that goes out.

@@ -31,6 +31,7 @@ public:
 
     void apply() noexcept override;
     void revert() noexcept override;
+    HeldMemory held() const noexcept override { return {0, bytesOfLists(m_event)}; }
 
 private:
     void exchange() noexcept;

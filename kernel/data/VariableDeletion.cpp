@@ -73,6 +73,7 @@ VariableDeletion::VariableDeletion(EventHub& hub, std::shared_ptr<DataSet> dataS
     prepareStorages();
     m_deleted = {StateChange_VariablesDeleted, {}, variables, {}, 0};
     m_added = {StateChange_VariablesAdded, {}, variables, {}, 0};
+    m_notes = bytesOfNotes();
 }
 
 VariableDeletion::~VariableDeletion() = default;
@@ -104,8 +105,26 @@ void VariableDeletion::prepareStorages()
 {
     m_storageNumbers.clear();
     for (RetiredStorage& storage : m_storages) {
-        m_bytes += storage.prepare();
+        storage.prepare();
     }
+}
+
+std::int64_t VariableDeletion::bytesOfNotes() const
+{
+    std::size_t bytes = m_storages.size() * sizeof(RetiredStorage) + m_spareVariables.capacity() * sizeof(m_removed[0]);
+    for (ZonePart const& part : m_zones) {
+        bytes += sizeof part + part.removed.size() * sizeof(RemovedField) + part.spare.capacity() * sizeof(Field);
+    }
+    return static_cast<std::int64_t>(bytes) + bytesOfLists(m_deleted) + bytesOfLists(m_added);
+}
+
+HeldMemory VariableDeletion::held() const noexcept
+{
+    HeldMemory held{0, m_notes};
+    for (RetiredStorage const& storage : m_storages) {
+        held.values += storage.heldBytes();
+    }
+    return held;
 }
 
 void VariableDeletion::apply() noexcept

@@ -22,7 +22,7 @@ public:
 
     void apply() noexcept override;
     void revert() noexcept override;
-    std::int64_t bytes() const noexcept override { return m_bytes; }
+    HeldMemory held() const noexcept override;
 
 private:
     struct RemovedField;
@@ -31,6 +31,7 @@ private:
     void collectZone(std::shared_ptr<Zone> const& zone);
     std::size_t storageOf(std::shared_ptr<ShareGroup> const& group);
     void prepareStorages();
+    std::int64_t bytesOfNotes() const;
     void takeFieldsOut(ZonePart& part) noexcept;
     void putFieldsBack(ZonePart& part) noexcept;
     void takeVariablesOut() noexcept;
@@ -44,7 +45,7 @@ private:
     std::vector<RetiredStorage> m_storages;
     std::map<ShareGroup const*, std::size_t> m_storageNumbers; // while the change is being prepared
     std::vector<ZonePart> m_zones;
-    std::int64_t m_bytes = 0;
+    std::int64_t m_notes = 0; // memory of the lists
     StateChangeEvent m_deleted;
     StateChangeEvent m_added;
 };

@@ -1,6 +1,7 @@
 #include "kernel/data/ZoneAddition.h"
 
 #include <algorithm>
+#include <set>
 
 namespace veldraw::kernel {
 
@@ -26,6 +27,31 @@ void makeRoom(std::vector<Element>& list, std::size_t more)
     }
 }
 
+/// What the copies take while they stand in no data set; what several share is counted once.
+HeldMemory memoryOf(std::vector<ZoneAddition::Copy> const& copies)
+{
+    HeldMemory sum;
+    std::set<ShareGroup const*> seen;
+    for (ZoneAddition::Copy const& copy : copies) {
+        std::size_t const fields = copy.source->fields.size() * sizeof(Field); // their room stays
+        sum.notes += static_cast<std::int64_t>(sizeof(Zone) + fields);
+        for (NewField const& own : copy.fields) {
+            bool const isNew = !own.field.isPassive() && seen.insert(own.field.group().get()).second;
+            sum.values += isNew ? own.field.group()->buffer()->bytes() : 0;
+        }
+    }
+    return sum;
+}
+
+std::int64_t bytesOfLists(std::vector<ZoneAddition::Copy> const& copies)
+{
+    std::size_t bytes = 0;
+    for (ZoneAddition::Copy const& copy : copies) {
+        bytes += sizeof copy + copy.fields.size() * sizeof(NewField);
+    }
+    return static_cast<std::int64_t>(bytes);
+}
+
 } // namespace
 
 ZoneAddition::Copy::Copy(std::shared_ptr<Zone const> sourceZone, std::vector<NewField> ownFields)
@@ -47,6 +73,8 @@ ZoneAddition::ZoneAddition(EventHub& hub, std::shared_ptr<DataSet> dataSet, std:
     makeRoom(m_dataSet->zones(), m_copies.size());
     m_added = {StateChange_ZonesAdded, numbers, {}, {}, 0};
     m_deleted = {StateChange_ZonesDeleted, std::move(numbers), {}, {}, 0};
+    m_notes = bytesOfLists(m_copies) + kernel::bytesOfLists(m_added) + kernel::bytesOfLists(m_deleted);
+    m_heldWhileOut = memoryOf(m_copies);
 }
 
 void ZoneAddition::apply() noexcept
@@ -61,6 +89,7 @@ void ZoneAddition::apply() noexcept
         }
         m_dataSet->zones().push_back(copy.zone);
     }
+    m_areOut = false;
     m_hub.emitEvent(m_added);
 }
 
@@ -74,7 +103,17 @@ void ZoneAddition::revert() noexcept
         }
         copy.zone->fields.clear();
     }
+    m_areOut = true;
     m_hub.emitEvent(m_deleted);
+}
+
+HeldMemory ZoneAddition::held() const noexcept
+{
+    HeldMemory held{0, m_notes};
+    if (m_areOut) {
+        held += m_heldWhileOut;
+    }
+    return held;
 }
 
 } // namespace veldraw::kernel

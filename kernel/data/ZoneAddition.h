@@ -34,6 +34,7 @@ public:
 
     void apply() noexcept override;
     void revert() noexcept override;
+    HeldMemory held() const noexcept override;
 
 private:
     EventHub& m_hub;
@@ -41,6 +42,9 @@ private:
     std::vector<Copy> m_copies;
     StateChangeEvent m_added;
     StateChangeEvent m_deleted;
+    std::int64_t m_notes;      // memory of the lists
+    HeldMemory m_heldWhileOut; // the copies themselves, and the values of their own fields
+    bool m_areOut = true;
 };
 
 } // namespace veldraw::kernel

@@ -4,6 +4,7 @@
 #include "kernel/data/NumberSet.h"
 #include "platform/vdsdkbase/StateChange.h"
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -18,5 +19,12 @@ struct StateChangeEvent
     std::vector<std::string> styleNames; ///< path of a style change, top-level name first
     UniqueId frame = 0;                  ///< the frame that a frame event is about
 };
+
+/// Memory of the lists of numbers.
+inline std::int64_t bytesOfLists(StateChangeEvent const& event)
+{
+    constexpr std::int64_t bytesOfNumber = 48; // the node of a set, with what its allocation takes
+    return bytesOfNumber * static_cast<std::int64_t>(event.zones.size() + event.variables.size());
+}
 
 } // namespace veldraw::kernel

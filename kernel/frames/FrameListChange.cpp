@@ -1,6 +1,34 @@
 #include "kernel/frames/FrameListChange.h"
 
+#include <algorithm>
+
 namespace veldraw::kernel {
+
+namespace {
+
+/// Memory of a field's values, shared out evenly among the fields on it. What a file stands for takes none.
+std::int64_t shareOfValues(Field const& field) noexcept
+{
+    if (field.isPassive() || !field.isLoaded()) {
+        return 0;
+    }
+    ShareGroup const& group = *field.group();
+    bool const isMapped = group.canUnload() && group.loader()->isMapped();
+    return isMapped ? 0 : group.buffer()->bytes() / field.shareCount();
+}
+
+std::int64_t bytesOfValues(DataSet const& dataSet) noexcept
+{
+    std::int64_t bytes = 0;
+    for (auto const& zone : dataSet.zones()) {
+        for (Field const& field : zone->fields) {
+            bytes += shareOfValues(field);
+        }
+    }
+    return bytes;
+}
+
+} // namespace
 
 FrameListChange::FrameListChange(EventHub& hub, std::shared_ptr<Page> page, std::vector<std::shared_ptr<Frame>> frames,
                                  UniqueId active, std::vector<Placement> placements, StateChangeEvent applied,
@@ -34,6 +62,20 @@ void FrameListChange::exchange(StateChangeEvent const& event) noexcept
     }
     m_hub.emitEvent(event);
     m_hub.emitEvent({StateChange_NewActiveFrame, {}, {}, {}, m_page->activeFrame});
+}
+
+/// A data set goes with the last frame that shows it.
+HeldMemory FrameListChange::held() const noexcept
+{
+    HeldMemory held;
+    for (auto const& frame : m_otherFrames) {
+        bool const isShown = std::any_of(m_page->frames.begin(), m_page->frames.end(),
+                                         [&](auto const& shown) { return shown->dataSet == frame->dataSet; });
+        if (!isShown && frame->dataSet) {
+            held.values += bytesOfValues(*frame->dataSet);
+        }
+    }
+    return held;
 }
 
 } // namespace veldraw::kernel

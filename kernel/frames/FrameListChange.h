@@ -27,6 +27,7 @@ public:
 
     void apply() noexcept override;
     void revert() noexcept override;
+    HeldMemory held() const noexcept override;
 
 private:
     void exchange(StateChangeEvent const& event) noexcept;

@@ -12,9 +12,8 @@ void Session::change(char const* step, std::shared_ptr<void> owner, Value& targe
         return;
     }
     std::vector<StateChangeEvent> events{std::move(event)};
-    perform(
-        m_history, step,
-        std::make_shared<SwapChange<Value>>(m_events, std::move(owner), target, std::move(value), std::move(events)));
+    m_history.perform(step, std::make_shared<SwapChange<Value>>(m_events, std::move(owner), target, std::move(value),
+                                                                std::move(events)));
 }
 
 } // namespace veldraw::kernel

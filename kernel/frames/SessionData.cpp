@@ -68,7 +68,7 @@ bool Session::deleteVariables(DataSet& dataSet, NumberSet const& variables)
         if (reason != nullptr) {
             return refuse(reason);
         }
-        perform(m_history, "Delete Variable", std::make_shared<VariableDeletion>(m_events, shown, variables));
+        m_history.perform("Delete Variable", std::make_shared<VariableDeletion>(m_events, shown, variables));
         return true;
     });
 }
@@ -131,7 +131,7 @@ bool Session::setTitle(DataSet& dataSet, std::string const& title)
             return refuse(notShown);
         }
         if (dataSet.title() != title) {
-            perform(m_history, "Data Set Title", std::make_shared<TitleChange>(m_events, shown, title));
+            m_history.perform("Data Set Title", std::make_shared<TitleChange>(m_events, shown, title));
         }
         return true;
     });

@@ -57,7 +57,7 @@ bool Session::setValue(DataSet& dataSet, int zone, int variable, std::int64_t in
         ShareGroup const& group = *dataSet.field(zone, variable)->group();
         std::uint64_t const bits = Buffer::bitsOf(group.type(), value);
         if (group.buffer()->bits(index) != bits) {
-            perform(m_history, editName, editOf(dataSet, zone, variable, index, bits, autoBranch));
+            m_history.perform(editName, editOf(dataSet, zone, variable, index, bits, autoBranch));
         }
         return true;
     });

@@ -137,10 +137,10 @@ void Session::insertFrame(std::shared_ptr<Page> const& page, std::shared_ptr<Fra
     if (tile) {
         places = gridPlaces(*page, frames);
     }
-    perform(m_history, "New Frame",
-            std::make_shared<FrameListChange>(m_events, page, std::move(frames), id, std::move(places),
-                                              frameEvent(StateChange_FrameCreated, id),
-                                              frameEvent(StateChange_FrameDeleted, id)));
+    m_history.perform("New Frame",
+                      std::make_shared<FrameListChange>(m_events, page, std::move(frames), id, std::move(places),
+                                                        frameEvent(StateChange_FrameCreated, id),
+                                                        frameEvent(StateChange_FrameDeleted, id)));
 }
 
 bool Session::deleteFrame(UniqueId frame)
@@ -155,10 +155,11 @@ bool Session::deleteFrame(UniqueId frame)
                      [frame](auto const& each) { return each->id != frame; });
         UniqueId const front = frames.empty() ? 0 : frames.back()->id;
         UniqueId const active = page->activeFrame == frame ? front : page->activeFrame;
-        perform(m_history, "Delete Frame",
-                std::make_shared<FrameListChange>(
-                    m_events, page, std::move(frames), active, std::vector<FrameListChange::Placement>(),
-                    frameEvent(StateChange_FrameDeleted, frame), frameEvent(StateChange_FrameCreated, frame)));
+        m_history.perform("Delete Frame",
+                          std::make_shared<FrameListChange>(m_events, page, std::move(frames), active,
+                                                            std::vector<FrameListChange::Placement>(),
+                                                            frameEvent(StateChange_FrameDeleted, frame),
+                                                            frameEvent(StateChange_FrameCreated, frame)));
         return true;
     });
 }

@@ -20,9 +20,8 @@ bool allExist(NumberSet const& numbers, std::size_t count)
 void Session::replaceLineMaps(char const* step, std::shared_ptr<Frame> const& frame, std::vector<LineMap> maps)
 {
     std::vector<StateChangeEvent> events{{StateChange_LineMaps, {}, {}, {}, frame->id}};
-    perform(m_history, step,
-            std::make_shared<SwapChange<std::vector<LineMap>>>(m_events, frame, frame->lineMaps, std::move(maps),
-                                                               std::move(events)));
+    m_history.perform(step, std::make_shared<SwapChange<std::vector<LineMap>>>(m_events, frame, frame->lineMaps,
+                                                                               std::move(maps), std::move(events)));
 }
 
 bool Session::createLineMap(UniqueId frame)

@@ -75,7 +75,7 @@ void Session::performOperation(std::string const& name, std::shared_ptr<Deferred
         change = std::make_shared<ChangeAfterLoad>(m_events, std::move(change), load);
     }
     if (change) {
-        perform(m_history, name, change);
+        m_history.perform(name, change);
     }
 }
 

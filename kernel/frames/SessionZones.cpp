@@ -160,7 +160,7 @@ bool Session::duplicateZones(DataSet& dataSet, NumberSet const& zones)
         for (int const zone : zones) {
             copies.emplace_back(shown->zone(zone));
         }
-        perform(m_history, "Create Duplicate Zone", std::make_shared<ZoneAddition>(m_events, shown, std::move(copies)));
+        m_history.perform("Create Duplicate Zone", std::make_shared<ZoneAddition>(m_events, shown, std::move(copies)));
         return true;
     });
 }

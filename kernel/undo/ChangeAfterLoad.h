@@ -17,7 +17,6 @@ public:
         , m_change(std::move(change))
         , m_load(std::move(load))
         , m_events(m_load->events())
-        , m_bytes(m_change->bytes() + m_load->bytes())
     {
     }
 
@@ -36,14 +35,13 @@ public:
     }
 
     void revert() noexcept override { m_change->revert(); }
-    std::int64_t bytes() const noexcept override { return m_bytes; }
+    HeldMemory held() const noexcept override { return m_change->held(); }
 
 private:
     EventHub& m_hub;
     std::shared_ptr<Change> m_change;
     std::shared_ptr<DeferredLoad> m_load;
     std::vector<StateChangeEvent> m_events;
-    std::int64_t m_bytes;
 };
 
 } // namespace veldraw::kernel

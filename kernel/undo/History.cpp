@@ -5,20 +5,31 @@
 
 namespace veldraw::kernel {
 
-/// The steps of an open group; the group's one step shares it.
-struct History::Group
+/// Several changes as one.
+class History::Group : public Change
 {
+public:
+    void apply() noexcept override
+    {
+        std::for_each(parts.begin(), parts.end(), [](Step& part) { part.change->apply(); });
+    }
+
+    void revert() noexcept override
+    {
+        std::for_each(parts.rbegin(), parts.rend(), [](Step& part) { part.change->revert(); });
+    }
+
+    HeldMemory held() const noexcept override
+    {
+        HeldMemory sum;
+        for (Step const& part : parts) {
+            sum += part.change->held();
+            sum.notes += bytesOfStep;
+        }
+        return sum;
+    }
+
     Steps parts;
-
-    void undo()
-    {
-        std::for_each(parts.rbegin(), parts.rend(), [](Step& part) { part.undo(); });
-    }
-
-    void redo()
-    {
-        std::for_each(parts.begin(), parts.end(), [](Step& part) { part.redo(); });
-    }
 };
 
 History::History(std::int64_t memoryLimit)
@@ -26,36 +37,56 @@ History::History(std::int64_t memoryLimit)
 {
 }
 
-void History::add(Step step)
+void History::perform(std::string name, std::shared_ptr<Change> const& change)
 {
     Steps added;
-    added.push_back(std::move(step));
+    added.push_back({std::move(name), change, {}});
     m_addedWhileRunning = m_isRunning;
     if (m_groupDepth > 0) {
-        m_open.front().bytes += added.front().bytes;
         m_group->parts.splice(m_group->parts.end(), added);
         forgetUndone();
-        changed();
-        return;
+    } else {
+        add(added);
     }
-    commit(added);
+    change->apply();
+    countStepOf(*change);
+    changed();
 }
 
-void History::commit(Steps& step)
+void History::add(Steps& step)
 {
     forgetUndone();
-    m_bytes += step.front().bytes;
     m_done.splice(m_done.end(), step);
     ++m_position;
-    trim();
-    changed();
+}
+
+/// Counts the step of a change that has just happened. Listeners may have added others since, or cleared all.
+void History::countStepOf(Change const& change)
+{
+    if (m_groupDepth > 0) {
+        return; // the group is counted as a whole
+    }
+    auto const found = std::find_if(m_done.rbegin(), m_done.rend(),
+                                    [&change](Step const& step) { return step.change.get() == &change; });
+    if (found != m_done.rend()) {
+        count(*found);
+        trim();
+    }
+}
+
+void History::count(Step& step)
+{
+    m_held -= step.held;
+    step.held = step.change->held();
+    step.held.notes += bytesOfStep;
+    m_held += step.held;
 }
 
 void History::beginGroup(std::string name)
 {
     if (m_groupDepth == 0) {
         auto group = std::make_shared<Group>();
-        m_open.push_back({std::move(name), [group] { group->undo(); }, [group] { group->redo(); }, 0});
+        m_open.push_back({std::move(name), group, {}});
         m_group = std::move(group);
     }
     ++m_groupDepth;
@@ -66,12 +97,13 @@ void History::endGroup()
     if (m_groupDepth == 0 || --m_groupDepth > 0) {
         return;
     }
-    bool const isEmpty = m_group->parts.empty();
-    m_group.reset();
+    std::shared_ptr<Group> const group = std::move(m_group);
     Steps step;
     step.splice(step.end(), m_open);
-    if (!isEmpty) {
-        commit(step);
+    if (!group->parts.empty()) {
+        add(step);
+        countStepOf(*group);
+        changed();
     }
 }
 
@@ -93,7 +125,7 @@ bool History::undo()
     Steps running;
     running.splice(running.end(), m_done, std::prev(m_done.end()));
     --m_position;
-    run(running.front().undo);
+    run(running.front(), &Change::revert);
     if (m_addedWhileRunning || m_clearedWhileRunning) {
         drop(running, running.begin()); // what a listener did since then stands in the way of doing it again
     }
@@ -112,7 +144,7 @@ bool History::redo()
     Steps running;
     running.splice(running.end(), m_undone, m_undone.begin());
     ++m_position;
-    run(running.front().redo);
+    run(running.front(), &Change::apply);
     if (m_clearedWhileRunning) {
         drop(running, running.begin());
     } else {
@@ -123,13 +155,14 @@ bool History::redo()
     return true;
 }
 
-void History::run(std::function<void()> const& way)
+void History::run(Step& step, void (Change::*way)())
 {
     m_addedWhileRunning = false;
     m_clearedWhileRunning = false;
     m_isRunning = true;
-    way();
+    (*step.change.*way)();
     m_isRunning = false;
+    count(step);
 }
 
 void History::clear()
@@ -142,7 +175,6 @@ void History::clear()
     forgetUndone();
     if (m_group) {
         m_group->parts.clear();
-        m_open.front().bytes = 0;
     }
     m_cleanPosition = wasClean ? m_position : -1;
     changed();
@@ -181,17 +213,17 @@ void History::trim()
     if (m_isRunning) {
         return; // the running step may be among them; it is done when the step has ended
     }
-    while (m_bytes > m_memoryLimit && !m_done.empty()) {
+    while (bytes() > m_memoryLimit && !m_done.empty()) {
         drop(m_done, m_done.begin());
     }
-    while (m_bytes > m_memoryLimit && !m_undone.empty()) {
+    while (bytes() > m_memoryLimit && !m_undone.empty()) {
         drop(m_undone, std::prev(m_undone.end()));
     }
 }
 
 void History::drop(Steps& steps, Steps::iterator step)
 {
-    m_bytes -= step->bytes;
+    m_held -= step->held;
     steps.erase(step);
 }
 

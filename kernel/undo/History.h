@@ -1,6 +1,7 @@
 #pragma once
 
-#include <cstdint>
+#include "kernel/undo/Change.h"
+
 #include <functional>
 #include <list>
 #include <memory>
@@ -12,21 +13,16 @@ namespace veldraw::kernel {
 class History
 {
 public:
-    /// One change and its reverse. Both run with the data in exactly the state they left it in, so they need no checks;
-    /// they send their own events. They must not throw: what they need is allocated when the step is made.
-    struct Step
-    {
-        std::string name; ///< what the user saw, for instance "Delete Variable"
-        std::function<void()> undo;
-        std::function<void()> redo;
-        std::int64_t bytes = 0; ///< memory that only the history holds
-    };
+    /// What each step takes beside what its change tells: its place here, the change itself and short lists of numbers.
+    static constexpr std::int64_t bytesOfStep = 768;
 
     explicit History(std::int64_t memoryLimit);
 
-    /// Adds a step and forgets what could have been redone. Within a group the step becomes a part of the group's one step.
-    /// Either the step is in, or std::bad_alloc is thrown and the history is as it was: add the step first, then change.
-    void add(Step step);
+    /// Puts @p change in as the newest step, forgets what could have been redone, and applies the change. Within a group the
+    /// step becomes a part of the group's one step.
+    /// @param name what the user sees, for instance "Delete Variable"
+    /// @throws std::bad_alloc before anything has changed
+    void perform(std::string name, std::shared_ptr<Change> const& change);
 
     /// Steps between the outermost begin and end become one step called @p name; groups nest, the outermost names it.
     void beginGroup(std::string name);
@@ -48,19 +44,32 @@ public:
     void setClean();
     bool isClean() const;
 
-    std::int64_t bytes() const { return m_bytes; }
+    /// Memory that the steps hold, those that can be redone included. Each is counted whenever it has run; the limit is for
+    /// all of it.
+    std::int64_t bytes() const { return m_held.sum(); }
     void setMemoryLimit(std::int64_t bytes);
+
+    /// The part of it that holds values of fields.
+    std::int64_t valueBytes() const { return m_held.values; }
 
     /// Called after each change of the history, for menus. What it throws is swallowed.
     void setListener(std::function<void()> listener) { m_listener = std::move(listener); }
 
 private:
+    struct Step
+    {
+        std::string name;
+        std::shared_ptr<Change> change;
+        HeldMemory held;
+    };
     using Steps = std::list<Step>; // steps move between the lists without memory being asked for
 
-    struct Group;
+    class Group;
 
-    void commit(Steps& step);
-    void run(std::function<void()> const& way);
+    void add(Steps& step);
+    void run(Step& step, void (Change::*way)());
+    void countStepOf(Change const& change);
+    void count(Step& step);
     void forgetUndone();
     void trim();
     void changed();
@@ -74,7 +83,7 @@ private:
     bool m_isRunning = false; // a step is being taken back or done again
     bool m_addedWhileRunning = false;
     bool m_clearedWhileRunning = false;
-    std::int64_t m_bytes = 0;
+    HeldMemory m_held;
     std::int64_t m_memoryLimit;
     std::int64_t m_position = 0;      // counts steps; grows and shrinks with do and undo
     std::int64_t m_cleanPosition = 0; // -1: the clean state cannot be reached any more

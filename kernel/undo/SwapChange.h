@@ -35,6 +35,15 @@ public:
 
     void revert() noexcept override { apply(); }
 
+    HeldMemory held() const noexcept override
+    {
+        HeldMemory held;
+        for (StateChangeEvent const& event : m_events) {
+            held.notes += bytesOfLists(event);
+        }
+        return held;
+    }
+
 private:
     EventHub& m_hub;
     std::shared_ptr<void> m_owner;

@@ -2,11 +2,13 @@
 
 #include <cstddef>
 #include <cstdlib>
+#include <malloc.h>
 #include <new>
 
 namespace {
 
 thread_local int requestsUntilFailure = 0; // 0: none fails
+thread_local std::int64_t bytesTaken = 0;
 
 bool failsNow()
 {
@@ -23,10 +25,22 @@ void* request(std::size_t bytes, std::size_t alignment)
     if (memory == nullptr) {
         throw std::bad_alloc();
     }
+    bytesTaken += static_cast<std::int64_t>(malloc_usable_size(memory));
     return memory;
 }
 
+void release(void* memory) noexcept
+{
+    bytesTaken -= static_cast<std::int64_t>(malloc_usable_size(memory));
+    std::free(memory);
+}
+
 } // namespace
+
+std::int64_t allocatedBytes()
+{
+    return bytesTaken;
+}
 
 AllocationFailure::AllocationFailure(int request)
 {
@@ -60,30 +74,30 @@ void* operator new(std::size_t bytes, std::align_val_t alignment)
 
 void operator delete(void* memory) noexcept
 {
-    std::free(memory);
+    release(memory);
 }
 
 void operator delete[](void* memory) noexcept
 {
-    std::free(memory);
+    release(memory);
 }
 
 void operator delete(void* memory, std::size_t) noexcept
 {
-    std::free(memory);
+    release(memory);
 }
 
 void operator delete[](void* memory, std::size_t) noexcept
 {
-    std::free(memory);
+    release(memory);
 }
 
 void operator delete(void* memory, std::align_val_t) noexcept
 {
-    std::free(memory);
+    release(memory);
 }
 
 void operator delete(void* memory, std::size_t, std::align_val_t) noexcept
 {
-    std::free(memory);
+    release(memory);
 }

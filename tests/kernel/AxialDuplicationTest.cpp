@@ -103,7 +103,7 @@ TEST_F(DuplicateAxially, HoldsTwelveTimesTheChangedArraysAndNothingMore)
     EXPECT_EQ(field(1, 3).shareCount(), 12);
     EXPECT_EQ(field(1, 7).shareCount(), 12);
     EXPECT_EQ(field(1, 1).shareCount(), 1);
-    EXPECT_EQ(session.history().bytes(), 0);
+    EXPECT_EQ(session.history().valueBytes(), 0);
     session.undo();
     EXPECT_EQ(bytesHeld(), 7 * array);
     EXPECT_EQ(field(1, 7).shareCount(), 1);

@@ -169,11 +169,11 @@ TEST_F(DeleteVariables, KeepsTheValuesOfDeletedFieldsApartFromLaterWrites)
 TEST_F(DeleteVariables, CountsOnlyWhatTheHistoryAloneHolds)
 {
     session.deleteVariables(*dataSet, {1}); // two fields of six floats
-    EXPECT_EQ(session.history().bytes(), 2 * 6 * 4);
+    EXPECT_EQ(session.history().valueBytes(), 2 * 6 * 4);
     session.deleteVariables(*dataSet, {3}); // P, one buffer for both zones
-    EXPECT_EQ(session.history().bytes(), 3 * 6 * 4);
+    EXPECT_EQ(session.history().valueBytes(), 3 * 6 * 4);
     session.deleteVariables(*dataSet, {2}); // Z is passive
-    EXPECT_EQ(session.history().bytes(), 3 * 6 * 4);
+    EXPECT_EQ(session.history().valueBytes(), 3 * 6 * 4);
 }
 
 TEST_F(DeleteVariables, ReleasesTheValuesWhenTheHistoryForgets)

@@ -236,7 +236,7 @@ TEST_F(DuplicateZones, LeavesALineMapOfACopyWithoutAZoneUntilItIsBack)
 TEST_F(DuplicateZones, HoldsNoValuesInTheHistory)
 {
     session.duplicateZones(*dataSet, {1, 2});
-    EXPECT_EQ(session.history().bytes(), 0);
+    EXPECT_EQ(session.history().valueBytes(), 0);
     std::weak_ptr<Buffer const> const values = dataSet->field(1, 1)->group()->buffer();
     session.undo();
     for (auto const& zone : dataSet->zones()) {

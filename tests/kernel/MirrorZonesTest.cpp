@@ -127,7 +127,7 @@ TEST_F(MirrorZones, IsOneStepThatIsTakenBackAndDoneAgain)
     std::string const before = withoutHistory();
     ASSERT_TRUE(mirror({1}, 'X'));
     EXPECT_EQ(session.history().undoName(), "Create Mirror Zone");
-    EXPECT_EQ(session.history().bytes(), 0);
+    EXPECT_EQ(session.history().valueBytes(), 0);
     for (int round = 0; round < 3; ++round) {
         expectUndoAndRedo(before, {"5 zones 2"}, {"4 zones 2"});
     }

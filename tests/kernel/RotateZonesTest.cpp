@@ -90,7 +90,7 @@ TEST_F(RotateZones, IsOneStepThatIsTakenBackAndDoneAgain)
 TEST_F(RotateZones, CountsTheOldValuesInTheHistory)
 {
     ASSERT_TRUE(session.rotateZones(*dataSet, {1}, noVector, slanting, 10));
-    EXPECT_EQ(session.history().bytes(), 3 * 12 * 8);
+    EXPECT_EQ(session.history().valueBytes(), 3 * 12 * 8);
 }
 
 TEST_F(RotateZones, ChangesNothingByAFullTurn)
@@ -126,7 +126,7 @@ TEST_F(RotateZones, WritesToNewStorageForTheGivenZonesOnly)
     EXPECT_EQ(field(1, 1).shareCount(), 2);
     EXPECT_EQ(field(2, 1).shareCount(), 1);
     EXPECT_EQ(field(2, 4).shareCount(), 3);
-    EXPECT_EQ(session.history().bytes(), 0) << "the other zone holds the old values";
+    EXPECT_EQ(session.history().valueBytes(), 0) << "the other zone holds the old values";
     std::string const event = "0 zones 1 3 variables 1 2 3";
     expectUndoAndRedo(before, {event}, {event});
     session.undo();

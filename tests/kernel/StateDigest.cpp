@@ -76,6 +76,6 @@ std::string stateDigest(Session const& session)
         }
     }
     History const& history = session.history();
-    out << "undo " << history.undoName() << " redo " << history.redoName() << " bytes " << history.bytes();
+    out << "undo " << history.undoName() << " redo " << history.redoName() << " bytes " << history.valueBytes();
     return out.str();
 }

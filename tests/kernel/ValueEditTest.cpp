@@ -42,7 +42,7 @@ TEST_F(EditValue, StoresTheValueAndTakesItBack)
     EXPECT_EQ(at(1, 1, 2), 7.5);
     EXPECT_EQ(field(1, 1).group()->buffer()->data(), memory) << "in place";
     EXPECT_EQ(session.history().undoName(), "Edit Value");
-    EXPECT_EQ(session.history().bytes(), 0);
+    EXPECT_EQ(session.history().valueBytes(), 0);
     EXPECT_THAT(recorder.take(), ElementsAre("0 zones 1 variables 1"));
     expectUndoAndRedo(before, {"0 zones 1 variables 1"}, {"0 zones 1 variables 1"});
     EXPECT_EQ(at(1, 1, 2), 7.5);

@@ -1,8 +1,12 @@
 #include "host/KernelBridge.h"
 
 #include "host/KernelStateChangeEvent.h"
+#include "host/MessageLog.h"
+#include "kernel/api/LoadFailure.h"
 #include "kernel/frames/Session.h"
 #include "platform/vdsdkcommon/StateChangeEventObservable.h"
+
+#include <chrono>
 
 namespace veldraw::host {
 
@@ -11,9 +15,20 @@ namespace {
 bool isForwarding = false;
 kernel::EventHub::Subscription subscription{};
 
+// Who asks for many values of one variable is told once.
+void noteLoadFailure(std::string const& reason)
+{
+    MessageLog& log = MessageLog::instance();
+    bool const isNew = log.entries().empty() || log.entries().back().text != reason ||
+                       std::chrono::system_clock::now() - log.entries().back().time > std::chrono::seconds(1);
+    if (isNew)
+        log.add(MessageBoxType_Error, reason);
+}
+
 void endForwarding()
 {
     isForwarding = false;
+    kernel::api::setLoadFailureListener({});
     kernel::Session::instance().events().unsubscribe(subscription);
 }
 
@@ -31,6 +46,7 @@ void KernelBridge::install()
     if (isForwarding)
         return;
     subscription = kernel::Session::instance().events().subscribe(forward);
+    kernel::api::setLoadFailureListener(noteLoadFailure);
     isForwarding = true;
 }
 

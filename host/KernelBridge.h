@@ -4,7 +4,8 @@
 
 namespace veldraw::host {
 
-/// Forwards the kernel's events to the platform's observable, synchronously.
+/// Forwards the kernel's events to the platform's observable, synchronously, and takes down in the message log why something
+/// could not be loaded.
 class VELDRAW_PLATFORM_API KernelBridge
 {
 public:

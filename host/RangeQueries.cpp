@@ -1,3 +1,4 @@
+#include "kernel/api/LoadFailure.h"
 #include "kernel/frames/Session.h"
 #include "platform/vdsdkcommon/DataSetQueries.h"
 
@@ -26,8 +27,8 @@ void loadWhereUnknown(int var, Set const& zones)
         if (field && !field->isLoaded() && !rangeOf(var, zone).isValid())
             unknown.insert(zone);
     }
-    if (!unknown.empty())
-        kernel::Session::instance().loadVariables(*dataSet, unknown, {var});
+    if (!unknown.empty() && !kernel::Session::instance().loadVariables(*dataSet, unknown, {var}))
+        kernel::api::tellLoadFailure();
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "platform/vdsdkbase/VelUtilDataSet.h"
 
 #include "kernel/api/ApiSupport.h"
+#include "kernel/api/LoadFailure.h"
 
 using namespace veldraw::kernel;
 using veldraw::kernel::api::answerOr;
@@ -84,7 +85,7 @@ bool VelUtilDataSetMakeVarsAvailableByUniqueID(long long dataSetID, Set_s* zones
         if (!dataSet || zones == nullptr || vars == nullptr) {
             return session().refuse(dataSet ? "An argument is missing." : "There is no such data set.");
         }
-        return session().makeVariablesAvailable(*dataSet, zones->members, vars->members);
+        return session().makeVariablesAvailable(*dataSet, zones->members, vars->members) || api::tellLoadFailure();
     });
 }
 

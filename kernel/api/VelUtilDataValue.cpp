@@ -2,7 +2,9 @@
 
 #include "kernel/api/ApiSupport.h"
 #include "kernel/api/ArgumentList.h"
+#include "kernel/api/LoadFailure.h"
 
+#include <algorithm>
 #include <limits>
 
 using namespace veldraw::kernel;
@@ -32,8 +34,8 @@ bool VelUtilDataValueSetByZoneVarX(ArgList_s* list)
                if (!zone || !variable || !index || !value || !autoBranch || !dataSet) {
                    return session().refuse(dataSet ? "An argument is missing." : "There is no data set.");
                }
-               return session().setValue(*dataSet, asNumber(*zone), asNumber(*variable), *index - 1, *value,
-                                         *autoBranch != 0);
+               return session().setValue(*dataSet, asNumber(*zone), asNumber(*variable), std::max(*index, 0LL) - 1,
+                                         *value, *autoBranch != 0);
            });
 }
 
@@ -42,7 +44,8 @@ double VelUtilDataValueGetByZoneVar(int zone, int var, long long index)
     return api::answerOr(0.0, [&] {
         Field const* field = activeField(zone, var);
         if (field != nullptr && !field->isLoaded()) {
-            bool const isLoaded = session().loadVariables(*session().activeDataSet(), {zone}, {var});
+            bool const isLoaded =
+                session().loadVariables(*session().activeDataSet(), {zone}, {var}) || api::tellLoadFailure();
             field = isLoaded ? activeField(zone, var) : nullptr; // listeners have heard of it
         }
         if (field == nullptr || field->isPassive() || !field->isLoaded()) {

@@ -2,6 +2,7 @@
 
 #include "kernel/api/ApiSupport.h"
 #include "kernel/api/ArgumentList.h"
+#include "kernel/api/LoadFailure.h"
 
 using namespace veldraw::kernel;
 using veldraw::kernel::api::activeZone;
@@ -36,7 +37,10 @@ void VelUtilZoneGetIJK(int zone, long long* i, long long* j, long long* k)
 {
     std::shared_ptr<Zone> const found = activeZone(zone);
     if (found && found->isDeferred()) {
-        api::session().loadDimensions(*api::session().activeDataSet(), zone); // a refusal leaves them unknown
+        // A refusal leaves them unknown.
+        if (!api::session().loadDimensions(*api::session().activeDataSet(), zone)) {
+            api::tellLoadFailure();
+        }
     }
     storeDimensions(zone, i, j, k);
 }

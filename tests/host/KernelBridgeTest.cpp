@@ -1,9 +1,14 @@
 #include "host/KernelBridge.h"
 
 #include "host/KernelStateChangeEvent.h"
+#include "host/MessageLog.h"
+#include "platform/vdsdkbase/VelUtilDataSet.h"
+#include "platform/vdsdkbase/VelUtilDataValue.h"
 #include "platform/vdsdkbase/VelUtilZone.h"
 #include "platform/vdsdkcommon/AppLock.h"
+#include "platform/vdsdkcommon/DataSetQueries.h"
 #include "platform/vdsdkcommon/StateChangeEventObservable.h"
+#include "platform/vdtoolbox/Set.h"
 #include "tests/host/SampleSession.h"
 
 #include <gmock/gmock.h>
@@ -12,6 +17,7 @@ namespace veldraw::tests {
 
 using host::KernelBridge;
 using host::KernelStateChangeEvent;
+using host::MessageLog;
 using sdk::integration::StateChangeEventObservable;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -122,6 +128,39 @@ TEST_F(Bridge, EndsWhenTheKernelGoesDownByItself)
     session().goDown();
     session().clear();
     EXPECT_THAT(m_kinds, ElementsAre(15));
+}
+
+TEST_F(Bridge, TakesDownOnceWhySomethingCannotBeLoaded)
+{
+    struct Gone : kernel::ValueLoader
+    {
+        std::shared_ptr<kernel::Buffer> load(kernel::Progress&) override
+        {
+            throw std::runtime_error("the file has gone");
+        }
+    };
+    auto const dataSet = makeDataSet({"X", "Y"});
+    addZone(*dataSet, "zone", 4);
+    dataSet->zone(1)->fields[1] = kernel::Field(
+        std::make_shared<kernel::ShareGroup>(FieldDataType_Double, 4, std::make_shared<Gone>()), ValueLocation_Nodal);
+    show(dataSet, PlotType_XYLine);
+    MessageLog::instance().clear();
+    for (int index = 1; index <= 4; ++index)
+        EXPECT_EQ(VelUtilDataValueGetByZoneVar(1, 2, index), 0.0);
+    toolbox::Set const zones(1);
+    toolbox::Set const variables(2);
+    EXPECT_FALSE(VelUtilDataSetMakeVarsAvailableByUniqueID(dataSet->id(), zones.getRef(), variables.getRef()));
+    double limit = 0.0;
+    EXPECT_FALSE(sdk::getVarMinMaxForZone(2, 1, true, limit, limit));
+    ASSERT_EQ(MessageLog::instance().entries().size(), 1U);
+    EXPECT_EQ(MessageLog::instance().entries().front().text, "the file has gone");
+    EXPECT_EQ(MessageLog::instance().entries().front().type, MessageBoxType_Error);
+
+    KernelBridge::shutDown();
+    MessageLog::instance().clear();
+    VelUtilDataValueGetByZoneVar(1, 2, 1);
+    EXPECT_TRUE(MessageLog::instance().entries().empty());
+    KernelBridge::install();
 }
 
 } // namespace veldraw::tests

@@ -112,13 +112,17 @@ app::CentralView WindowTest::makeView()
     return view;
 }
 
+app::ImportJob::Reader WindowTest::makeReader()
+{
+    return
+        [](QString const& path, app::ImportJob::Progress const& progress) { return app::importFile(path, progress); };
+}
+
 app::MainWindow& WindowTest::showWindow()
 {
     app::CentralView const view = makeView();
     middle = view.widget;
-    window = std::make_unique<app::MainWindow>(
-        session, view,
-        [](QString const& path, app::ImportJob::Progress const& progress) { return app::importFile(path, progress); });
+    window = std::make_unique<app::MainWindow>(session, view, makeReader());
     window->show();
     QApplication::setActiveWindow(window.get());
     bool const isDrawn =

@@ -33,6 +33,9 @@ protected:
     /// What the window has in its middle: a plain widget that counts how often it is to fit.
     virtual app::CentralView makeView();
 
+    /// What reads the files that the window opens.
+    virtual app::ImportJob::Reader makeReader();
+
     /// Makes the window and shows it as the active one.
     app::MainWindow& showWindow();
 

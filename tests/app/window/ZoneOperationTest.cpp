@@ -1,17 +1,12 @@
-#include "app/plot/FieldView.h"
-#include "app/plot/PageView.h"
 #include "app/window/VariableRange.h"
 #include "platform/vdsdkbase/VelUtilDataOperation.h"
 #include "platform/vdtoolbox/Set.h"
 #include "tests/app/PictureDifference.h"
-#include "tests/app/window/WindowTest.h"
+#include "tests/app/window/DrawnWindowTest.h"
 #include "tools/samples/FlowSample.h"
 #include "tools/samples/MeshSamples.h"
 
-#include <QAbstractItemView>
 #include <QAction>
-#include <QTest>
-#include <vtkLookupTable.h>
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -19,12 +14,6 @@
 namespace veldraw::tests {
 
 namespace {
-
-struct Limits
-{
-    double min;
-    double max;
-};
 
 double const origin[3] = {0.0, 0.0, 0.0};
 double const alongZ[3] = {0.0, 0.0, 1.0};
@@ -62,15 +51,13 @@ struct Sample
 Sample const sampleFiles[] = {{"flow.vtm", &samples::writeFlow}, {"tetra.vtu", &samples::writeTetrahedra}};
 
 /// The whole window with an opened sample, plots included.
-class ZoneOperationTest : public WindowTest, public testing::WithParamInterface<std::tuple<Operation, Sample>>
+class ZoneOperationTest : public DrawnWindowTest, public testing::WithParamInterface<std::tuple<Operation, Sample>>
 {
 protected:
     ZoneOperationTest()
     {
         showWindow();
-        QString const path = folder.filePath(QString::fromLatin1(sample().file));
-        sample().write(path.toStdString());
-        EXPECT_TRUE(window->openFiles({path}, app::DocumentController::Place::FreshPage));
+        openSample(sample().file, sample().write);
         EXPECT_TRUE(session.setPlotType(session.activeFrame()->id, PlotType_Cartesian3D));
         EXPECT_TRUE(session.assignVariable(session.activeFrame()->id, 'C', 1)); // the legend shows how far X reaches
         for (int other = dataSet().zoneCount(); other > 1; --other)
@@ -79,14 +66,8 @@ protected:
         settle();
     }
 
-    app::CentralView makeView() override { return app::CentralView::ofPage(session); }
-
     static Operation const& operation() { return std::get<0>(GetParam()); }
     static Sample const& sample() { return std::get<1>(GetParam()); }
-
-    kernel::DataSet& dataSet() { return *session.activeDataSet(); }
-    app::PageView& page() { return dynamic_cast<app::PageView&>(*middle); }
-    app::FieldView& view() { return dynamic_cast<app::FieldView&>(*page().frameView(session.activeFrame()->id)); }
 
     bool run()
     {
@@ -98,46 +79,18 @@ protected:
 
     QStringList zoneRows() { return column("zoneView", 1); }
 
-    QString rangeOfX()
-    {
-        QString const pending = QString::fromUtf8("…");
-        EXPECT_TRUE(QTest::qWaitFor([&] { return column("variableView", 2).value(0) != pending; }));
-        settle();
-        return column("variableView", 2).value(0);
-    }
-
-    QStringList column(char const* table, int number)
-    {
-        auto const* const rows = window->findChild<QAbstractItemView*>(QString::fromLatin1(table))->model();
-        QStringList texts;
-        for (int row = 0; row < rows->rowCount(); ++row)
-            texts << rows->index(row, number).data().toString();
-        return texts;
-    }
-
+    QString rangeOfX() { return shownRange(1); }
     Limits limits() { return {view().space().min(0), view().space().max(0)}; }
-
-    Limits legendLimits()
-    {
-        double const* const range = view().legend().GetLookupTable()->GetRange();
-        return {range[0], range[1]};
-    }
 
     QString menuText(char const* name) { return action(name).text(); }
 
-    void use(char const* command)
+    static void expectNear(Limits const& expected, Limits const& found)
     {
-        action(command).trigger();
-        settle();
+        double const tolerance = 1e-6 * (expected.max - expected.min);
+        EXPECT_NEAR(expected.min, found.min, tolerance);
+        EXPECT_NEAR(expected.max, found.max, tolerance);
     }
 };
-
-void expectNear(Limits const& expected, Limits const& found)
-{
-    double const tolerance = 1e-6 * (expected.max - expected.min);
-    EXPECT_NEAR(expected.min, found.min, tolerance);
-    EXPECT_NEAR(expected.max, found.max, tolerance);
-}
 
 } // namespace
 

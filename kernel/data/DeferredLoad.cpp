@@ -141,13 +141,4 @@ std::int64_t DeferredLoad::valueCount(Zone const& zone, ValueLocation_e location
     return Zone({}, zone.type, dimensions.i, dimensions.j, dimensions.k).valueCount(location);
 }
 
-std::int64_t DeferredLoad::bytes() const
-{
-    std::int64_t sum = 0;
-    for (auto const& [group, values] : m_values) {
-        sum += values.buffer ? values.buffer->bytes() : 0;
-    }
-    return sum;
-}
-
 } // namespace veldraw::kernel

@@ -44,9 +44,6 @@ public:
     /// Slots of a field of @p zone, be its dimensions known in the data set or here.
     std::int64_t valueCount(Zone const& zone, ValueLocation_e location) const;
 
-    /// Memory of what has been loaded here.
-    std::int64_t bytes() const;
-
 private:
     struct Values
     {

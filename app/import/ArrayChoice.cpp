@@ -25,20 +25,21 @@ bool areKnown(vtkDataArraySelection& selection, std::size_t count)
 
 } // namespace
 
-ArrayChoice::ArrayChoice(vtkXMLReader& reader, std::string const& path, std::string const& extension, LoadingPlan& plan)
+ArrayChoice::ArrayChoice(vtkXMLReader& reader, GridArrays arrays, LoadingPlan& plan)
     : m_reader(reader)
-    , m_file(path)
-    , m_extension(extension)
+    , m_arrays(std::move(arrays))
+    , m_list(m_arrays.list())
     , m_plan(plan)
-    , m_list(path)
 {
 }
 
 void ArrayChoice::run(DeferredArrays& deferred)
 {
-    double const computed = bytesOfComputedCoordinates();
-    m_plan.setTotal(computed + bytesOfAll());
-    deferred.coordinates = computed > 0.0 && !m_plan.loadsNow(computed, LoadingPlan::Need::FirstPlot);
+    if (!m_plan.hasTotal())
+        m_plan.setTotal(m_arrays.bytesToLoad(m_plan));
+    deferred.coordinates = m_arrays.storesNoPoints() &&
+                           !(m_plan.mayCompute(m_list.pointCount()) &&
+                             m_plan.loadsNow(m_arrays.bytesOfComputedCoordinates(), LoadingPlan::Need::FirstPlot));
     vtkDataArraySelection& ofPoints = *m_reader.GetPointDataArraySelection();
     vtkDataArraySelection& ofCells = *m_reader.GetCellDataArraySelection();
     if (!m_list.isConsistent())
@@ -50,23 +51,6 @@ void ArrayChoice::run(DeferredArrays& deferred)
     deferred.ofCells = choose(ofCells, m_list.ofCells(), XmlSection::CellData);
 }
 
-// Grids of these kinds do not store a place for each point.
-double ArrayChoice::bytesOfComputedCoordinates() const
-{
-    bool const isComputed = m_extension == "vti" || m_extension == "vtr";
-    return isComputed ? static_cast<double>(m_list.pointCount()) * 3.0 * sizeof(double) : 0.0;
-}
-
-double ArrayChoice::bytesOfAll() const
-{
-    double bytes = 0.0;
-    for (Arrays const* list : {&m_list.coordinates(), &m_list.ofPoints(), &m_list.ofCells()}) {
-        for (XmlArrayList::Array const& array : *list)
-            bytes += list != &m_list.ofCells() && canBeMapped(array) ? 0.0 : array.bytes();
-    }
-    return bytes;
-}
-
 void ArrayChoice::choosePoints(DeferredArrays& deferred)
 {
     if (m_list.coordinates().size() != 1)
@@ -74,7 +58,7 @@ void ArrayChoice::choosePoints(DeferredArrays& deferred)
     XmlArrayList::Array const& array = m_list.coordinates().front();
     if (!array.type || array.components != 3 || array.bytes() < smallestDeferredPoints)
         return;
-    bool const isMapped = canBeMapped(array);
+    bool const isMapped = m_arrays.canBeMapped(array);
     bool const now = m_plan.loadsNow(isMapped ? 0.0 : array.bytes(), LoadingPlan::Need::FirstPlot);
     if (now && !isMapped)
         return;
@@ -92,7 +76,7 @@ std::vector<DeferredArray> ArrayChoice::choose(vtkDataArraySelection& selection,
         XmlArrayList::Array const& array = arrays[static_cast<std::size_t>(n)];
         if (!array.type)
             continue;
-        bool const isMapped = !inCells && canBeMapped(array);
+        bool const isMapped = !inCells && m_arrays.canBeMapped(array);
         bool const isFirst = n == 0 && !inCells;
         bool const now = m_plan.loadsNow(isMapped ? 0.0 : array.bytes(),
                                          isFirst ? LoadingPlan::Need::FirstPlot : LoadingPlan::Need::Later);
@@ -116,7 +100,8 @@ DeferredArray ArrayChoice::described(XmlArrayList::Array const& array, std::stri
     result.components = array.components;
     auto const whole = std::make_shared<SharedArray>();
     if (array.offset) {
-        result.makeLoader = [raw = rawArray(array), whole, range = array.range](int component, std::int64_t tuples) {
+        result.makeLoader = [raw = m_arrays.rawArray(array), whole, range = array.range](int component,
+                                                                                         std::int64_t tuples) {
             RawArray one = raw;
             one.component = component;
             one.tuples = tuples;
@@ -124,24 +109,13 @@ DeferredArray ArrayChoice::described(XmlArrayList::Array const& array, std::stri
         };
         return result;
     }
-    XmlArrayLoader::Place const place{m_file, m_extension, section, name, 0};
+    XmlArrayLoader::Place const place{m_arrays.file(), m_arrays.extension(), section, name, 0};
     result.makeLoader = [place, type = *array.type, whole, range = array.range](int component, std::int64_t tuples) {
         XmlArrayLoader::Place one = place;
         one.component = component;
         return std::make_shared<XmlArrayLoader>(one, type, tuples, whole, range);
     };
     return result;
-}
-
-RawArray ArrayChoice::rawArray(XmlArrayList::Array const& array) const
-{
-    return {m_file, *array.offset,       *array.type, array.values / array.components, array.components,
-            0,      m_list.isBigEndian()};
-}
-
-bool ArrayChoice::canBeMapped(XmlArrayList::Array const& array) const
-{
-    return array.type && array.offset && RawArrayLoader::canBeMapped(rawArray(array));
 }
 
 } // namespace veldraw::app

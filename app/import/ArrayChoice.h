@@ -1,11 +1,9 @@
 #pragma once
 
 #include "app/import/DeferredArray.h"
-#include "app/import/FileStamp.h"
+#include "app/import/GridArrays.h"
 #include "app/import/LoadingPlan.h"
-#include "app/import/RawArray.h"
 #include "app/import/VtkFile.h"
-#include "app/import/XmlArrayList.h"
 
 #include <vtkDataArraySelection.h>
 #include <vtkXMLReader.h>
@@ -21,8 +19,9 @@ namespace veldraw::app {
 class ArrayChoice
 {
 public:
-    /// @param reader has read the file's header (UpdateInformation())
-    ArrayChoice(vtkXMLReader& reader, std::string const& path, std::string const& extension, LoadingPlan& plan);
+    /// @param reader has read the header of the file with these arrays (UpdateInformation())
+    /// @param plan   gets the file's total unless it has one
+    ArrayChoice(vtkXMLReader& reader, GridArrays arrays, LoadingPlan& plan);
 
     /// Switches arrays of the reader off and adds them to @p deferred.
     void run(DeferredArrays& deferred);
@@ -30,19 +29,14 @@ public:
 private:
     using Arrays = std::vector<XmlArrayList::Array>;
 
-    double bytesOfAll() const;
-    double bytesOfComputedCoordinates() const;
     void choosePoints(DeferredArrays& deferred);
     std::vector<DeferredArray> choose(vtkDataArraySelection& selection, Arrays const& arrays, XmlSection section);
     DeferredArray described(XmlArrayList::Array const& array, std::string const& name, XmlSection section) const;
-    RawArray rawArray(XmlArrayList::Array const& array) const;
-    bool canBeMapped(XmlArrayList::Array const& array) const;
 
     vtkXMLReader& m_reader;
-    FileStamp m_file;
-    std::string m_extension;
+    GridArrays m_arrays;
+    XmlArrayList const& m_list; // of the arrays
     LoadingPlan& m_plan;
-    XmlArrayList m_list;
 };
 
 } // namespace veldraw::app

@@ -18,6 +18,9 @@
 #include <vtkRectilinearGrid.h>
 #include <vtkStructuredGrid.h>
 
+#include <algorithm>
+#include <iterator>
+
 namespace veldraw::app {
 
 namespace {
@@ -109,6 +112,8 @@ void BlockImport::makeZone()
 {
     int dimensions[3] = {0, 0, 0};
     if (orderedDimensions(m_block, dimensions)) {
+        if (std::any_of(std::begin(dimensions), std::end(dimensions), [](int count) { return count < 1; }))
+            throw ImportError("its block \"" + m_name + "\" has an extent that ends before it starts");
         m_result.zone =
             std::make_shared<kernel::Zone>(m_name, ZoneType_Ordered, dimensions[0], dimensions[1], dimensions[2]);
     } else {

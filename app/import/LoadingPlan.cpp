@@ -1,7 +1,6 @@
 #include "app/import/LoadingPlan.h"
 
 #include "app/import/ImportError.h"
-#include "app/import/SizeCheck.h"
 #include "kernel/compute/Interrupted.h"
 
 #include <chrono>
@@ -14,21 +13,28 @@ namespace {
 
 constexpr double shareOfMemory = 0.4; // plots and operations need some as well
 constexpr std::chrono::milliseconds pause(20);
+constexpr std::int64_t mostPointsToCompute = 100000000;
 
 } // namespace
 
-LoadingPlan::LoadingPlan(Deferral deferral, std::function<bool(double)> progress)
+LoadingPlan::LoadingPlan(Deferral deferral, std::function<bool(double)> progress, double memory)
     : m_deferral(deferral)
     , m_progress(std::move(progress))
-    , m_free(deferral == Deferral::Auto ? shareOfMemory * availableMemory() : std::numeric_limits<double>::infinity())
+    , m_free(deferral == Deferral::Auto ? shareOfMemory * memory : std::numeric_limits<double>::infinity())
 {
 }
 
 void LoadingPlan::setTotal(double bytes)
 {
+    m_hasTotal = true;
     m_loadsAll = bytes <= m_free;
     if (m_deferral == Deferral::Never)
         checkMemoryFor(bytes);
+}
+
+bool LoadingPlan::mayCompute(std::int64_t points) const
+{
+    return m_deferral == Deferral::Never || points <= mostPointsToCompute;
 }
 
 bool LoadingPlan::loadsNow(double bytes, Need need)
@@ -48,8 +54,6 @@ std::shared_ptr<kernel::ShareGroup> LoadingPlan::group(FieldDataType_e type, std
     auto group = std::make_shared<kernel::ShareGroup>(type, size, loader);
     if (loadsNow(bytes, need))
         group->setLoaded(load(*loader, size));
-    else
-        ++m_deferredCount;
     return group;
 }
 

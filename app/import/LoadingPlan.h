@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/import/Deferral.h"
+#include "app/import/SizeCheck.h"
 #include "kernel/data/ShareGroup.h"
 
 #include <functional>
@@ -19,24 +20,28 @@ public:
     };
 
     /// @param progress may be empty; its answer false cancels
-    LoadingPlan(Deferral deferral, std::function<bool(double)> progress);
+    /// @param memory   bytes that are free
+    LoadingPlan(Deferral deferral, std::function<bool(double)> progress, double memory = availableMemory());
 
     Deferral deferral() const { return m_deferral; }
 
-    /// Tells how many bytes of memory all values would take that are not mapped; to be called once, before group().
+    /// Tells how many bytes of memory all values of all files of the import would take that are not mapped; to be called
+    /// once, before anything is loaded.
     void setTotal(double bytes);
+    bool hasTotal() const { return m_hasTotal; }
 
     /// Whether values of @p bytes are to be loaded now; counts them if so.
     bool loadsNow(double bytes, Need need);
+
+    /// Whether coordinates of so many points may be computed at all without being asked for: opening is to be quick, whatever
+    /// memory there is.
+    bool mayCompute(std::int64_t points) const;
 
     /// The group of a field, its values loaded or left to the loader.
     /// @param bytes of memory that loading takes; 0 for values that are mapped
     /// @throws ImportError, ImportCancelled
     std::shared_ptr<kernel::ShareGroup> group(FieldDataType_e type, std::int64_t size,
                                               std::shared_ptr<kernel::ValueLoader> loader, double bytes, Need need);
-
-    /// How many groups were left to their loaders.
-    int deferredCount() const { return m_deferredCount; }
 
 private:
     std::shared_ptr<kernel::Buffer> load(kernel::ValueLoader& loader, std::int64_t size) const;
@@ -45,7 +50,7 @@ private:
     std::function<bool(double)> m_progress;
     double m_free; // bytes that may still be taken
     bool m_loadsAll = true;
-    int m_deferredCount = 0;
+    bool m_hasTotal = false;
 };
 
 } // namespace veldraw::app

@@ -12,9 +12,6 @@ namespace veldraw::app {
 
 namespace {
 
-// Beyond that the coordinates of an image stay to be computed, whatever memory there is: opening is to be quick.
-constexpr std::int64_t mostPointsAtOnce = 100000000;
-
 std::array<std::int64_t, 3> dimensionsOf(MetaImageHeader const& header)
 {
     std::array<std::int64_t, 3> dims{{1, 1, 1}};
@@ -22,12 +19,10 @@ std::array<std::int64_t, 3> dimensionsOf(MetaImageHeader const& header)
     return dims;
 }
 
-double bytesToLoad(MetaImageHeader const& header, bool mapped, bool computesAll)
+double bytesToLoad(MetaImageHeader const& header, bool mapped, bool computes)
 {
     double const points = static_cast<double>(header.pointCount());
-    double const coordinates = header.pointCount() > mostPointsAtOnce && !computesAll
-                                   ? 0.0
-                                   : points * sizeof(double) * static_cast<double>(header.dims.size());
+    double const coordinates = computes ? points * sizeof(double) * static_cast<double>(header.dims.size()) : 0.0;
     double const values = static_cast<double>(kernel::Buffer::bytesOf(kernelTypeOf(header.type), header.pointCount()));
     return coordinates + (mapped ? 0.0 : values * header.channels);
 }
@@ -52,7 +47,8 @@ ImportedZone MetaImageImport::read(std::string const& path, std::string const& t
     ImportedZone result;
     result.zone = std::make_shared<kernel::Zone>(title, ZoneType_Ordered, dims[0], dims[1], dims[2]);
     RawArray const whole{file, offset, m_header.type, m_header.pointCount(), m_header.channels, 0, m_header.bigEndian};
-    m_plan.setTotal(bytesToLoad(m_header, RawArrayLoader::canBeMapped(whole), m_plan.deferral() == Deferral::Never));
+    m_plan.setTotal(
+        bytesToLoad(m_header, RawArrayLoader::canBeMapped(whole), m_plan.mayCompute(m_header.pointCount())));
     addCoordinates(result);
     addValues(result, file, offset);
     return result;
@@ -95,10 +91,10 @@ void MetaImageImport::addCoordinates(ImportedZone& zone)
         for (std::size_t index = 0; index < 3; ++index)
             steps[index] = m_header.directions[3 * index + axis] * m_header.spacing[index];
         auto loader = std::make_shared<ImageCoordinateLoader>(dims, m_header.offset[axis], steps);
-        bool const tooMany = m_header.pointCount() > mostPointsAtOnce && m_plan.deferral() == Deferral::Auto;
         auto group =
-            tooMany ? std::make_shared<kernel::ShareGroup>(FieldDataType_Double, loader->size(), loader)
-                    : m_plan.group(FieldDataType_Double, loader->size(), loader, bytes, LoadingPlan::Need::FirstPlot);
+            m_plan.mayCompute(loader->size())
+                ? m_plan.group(FieldDataType_Double, loader->size(), loader, bytes, LoadingPlan::Need::FirstPlot)
+                : std::make_shared<kernel::ShareGroup>(FieldDataType_Double, loader->size(), loader);
         zone.addField(std::string(1, "XYZ"[axis]), kernel::Field(std::move(group), ValueLocation_Nodal));
     }
 }

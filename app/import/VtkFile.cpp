@@ -5,10 +5,10 @@
 #include "app/import/ImportError.h"
 #include "app/import/PartialReader.h"
 #include "app/import/XmlHeaderCheck.h"
+#include "app/vtk/ProgressObserver.h"
 #include "app/vtk/VtkErrorCapture.h"
 
 #include <vtkAlgorithm.h>
-#include <vtkCommand.h>
 #include <vtkDataArraySelection.h>
 #include <vtkNew.h>
 #include <vtkXMLImageDataReader.h>
@@ -22,25 +22,6 @@
 namespace veldraw::app {
 
 namespace {
-
-// Hands VTK's progress on, and stops the reader when nobody wants to wait any more.
-class ProgressObserver : public vtkCommand
-{
-public:
-    static ProgressObserver* New() { return new ProgressObserver; }
-
-    void Execute(vtkObject* caller, unsigned long, void*) override
-    {
-        auto* const algorithm = vtkAlgorithm::SafeDownCast(caller);
-        if (algorithm && progress && !cancelled && !progress(algorithm->GetProgress()))
-            cancelled = true;
-        if (algorithm && cancelled)
-            algorithm->SetAbortExecute(1);
-    }
-
-    std::function<bool(double)> progress;
-    bool cancelled = false;
-};
 
 vtkSmartPointer<vtkXMLReader> xmlReader(std::string const& extension)
 {
@@ -67,10 +48,9 @@ vtkSmartPointer<vtkDataObject> run(vtkAlgorithm& reader, VtkErrorCapture const& 
                                    std::function<bool(double)> const& progress)
 {
     vtkNew<ProgressObserver> observer;
-    observer->progress = progress;
-    reader.AddObserver(vtkCommand::ProgressEvent, observer);
+    observer->watch(reader, progress);
     reader.Update();
-    if (observer->cancelled)
+    if (observer->isCancelled())
         throw ImportCancelled("the import was cancelled");
     throwOnError(errors);
     vtkSmartPointer<vtkDataObject> const result = reader.GetOutputDataObject(0);
@@ -97,7 +77,7 @@ vtkSmartPointer<vtkDataObject> readXml(vtkXMLReader& reader, std::string const& 
     if (mayDefer) {
         reader.UpdateInformation();
         throwOnError(errors);
-        ArrayChoice(reader, path, extension, *plan).run(deferred);
+        ArrayChoice(reader, GridArrays(path, extension), *plan).run(deferred);
         auto* const parts = dynamic_cast<GridParts*>(&reader);
         if (deferred.points && parts)
             parts->leaveOutPoints();

@@ -1,10 +1,10 @@
 #include "app/import/VtkImport.h"
 
 #include "app/import/BlockImport.h"
+#include "app/import/GridArrays.h"
 #include "app/import/ImportError.h"
 #include "app/import/LegacyConversion.h"
 #include "app/import/LegacyHeaderCheck.h"
-#include "app/import/MultiBlockFile.h"
 #include "app/import/PathChecks.h"
 #include "app/import/VtkFile.h"
 
@@ -19,6 +19,15 @@ namespace veldraw::app {
 namespace {
 
 constexpr double legacyShare = 0.7; // of the time for a legacy file, until it is XML
+
+void checkPiece(std::string const& path)
+{
+    std::string const extension = extensionOf(path);
+    if (extension.size() != 3 || extension.compare(0, 2, "vt") != 0 ||
+        std::string("irsup").find(extension[2]) == std::string::npos)
+        throw ImportError("files of this kind cannot be parts");
+    checkReadable(path);
+}
 
 } // namespace
 
@@ -61,6 +70,7 @@ void VtkImport::readLegacy(std::string const& path, std::string const& title)
 void VtkImport::readPieces(std::string const& path)
 {
     auto const pieces = multiBlockPieces(path);
+    planFor(pieces);
     auto const all = m_progress;
     for (std::size_t n = 0; n < pieces.size(); ++n) {
         MultiBlockPiece const& piece = pieces[n];
@@ -79,12 +89,26 @@ void VtkImport::readPieces(std::string const& path)
     }
 }
 
+// All pieces are loaded or the most important of each, instead of all of the first ones and nothing of the last.
+void VtkImport::planFor(std::vector<MultiBlockPiece> const& pieces)
+{
+    if (m_plan.deferral() != Deferral::Auto)
+        return;
+    double bytes = 0.0;
+    for (MultiBlockPiece const& piece : pieces) {
+        try {
+            checkPiece(piece.path);
+            bytes += GridArrays(piece.path, extensionOf(piece.path)).bytesToLoad(m_plan);
+        } catch (ImportError const&) {
+            // It is told with the piece's name when the piece is read.
+        }
+    }
+    m_plan.setTotal(bytes);
+}
+
 void VtkImport::readPiece(std::string const& path, std::string const& extension, std::string const& name)
 {
-    if (extension.size() != 3 || extension.compare(0, 2, "vt") != 0 ||
-        std::string("irsup").find(extension[2]) == std::string::npos)
-        throw ImportError("files of this kind cannot be parts");
-    checkReadable(path);
+    checkPiece(path);
     m_watch.add(path);
     readGrid(path, extension, name);
 }

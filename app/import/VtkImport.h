@@ -4,6 +4,7 @@
 #include "app/import/DeferredArray.h"
 #include "app/import/FileWatch.h"
 #include "app/import/LoadingPlan.h"
+#include "app/import/MultiBlockFile.h"
 
 #include <vtkDataObject.h>
 
@@ -32,6 +33,7 @@ public:
 private:
     void readLegacy(std::string const& path, std::string const& title);
     void readPieces(std::string const& path);
+    void planFor(std::vector<MultiBlockPiece> const& pieces);
     void readPiece(std::string const& path, std::string const& extension, std::string const& name);
     void readGrid(std::string const& path, std::string const& extension, std::string const& name);
     void add(vtkDataObject* object, std::string const& name, DeferredArrays const& deferred);

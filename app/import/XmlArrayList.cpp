@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
-#include <fstream>
 #include <limits>
 #include <utility>
 
@@ -13,7 +12,7 @@ namespace veldraw::app {
 
 namespace {
 
-constexpr double mostComponents = 1e6;
+constexpr std::int64_t mostComponents = 1000000;
 
 std::optional<RawType> typeOf(std::string const& name)
 {
@@ -27,27 +26,6 @@ std::optional<RawType> typeOf(std::string const& name)
             return type;
     }
     return std::nullopt;
-}
-
-// Behind the blanks and the underscore that the appended data start with; -1 where there are none.
-std::int64_t startOfData(std::ifstream& file, std::int64_t position)
-{
-    file.seekg(position);
-    char c = ' ';
-    while (file.get(c) && c != '_') {
-    }
-    return file ? static_cast<std::int64_t>(file.tellg()) : -1;
-}
-
-double sizeInHeader(std::ifstream& file, std::int64_t position, int bytes, bool bigEndian)
-{
-    unsigned char raw[8] = {};
-    file.seekg(position);
-    file.read(reinterpret_cast<char*>(raw), bytes);
-    double value = 0.0;
-    for (int n = 0; n < bytes; ++n)
-        value = 256.0 * value + raw[bigEndian ? n : bytes - 1 - n];
-    return file ? value : -1.0;
 }
 
 // Not to be trusted beyond an estimate: somebody may have altered the values since.
@@ -95,13 +73,12 @@ XmlArrayList::XmlArrayList(std::string const& path)
     m_points = asCount(all.points);
     m_cells = asCount(all.cells);
     bool const stands = isRaw && !m_isCompressed && m_pieces == 1 && m_pieceIsWhole;
-    std::ifstream file(path, std::ios::binary);
-    std::int64_t const start = stands ? startOfData(file, tags.position()) : -1;
+    std::int64_t const start = stands ? tags.startOfAppendedData() : -1;
     for (Section* const section : {&m_ofPoints, &m_ofCells, &m_coordinates}) {
         for (Array& array : section->arrays) {
             array.values = asCount(array.components * static_cast<double>(section == &m_ofCells ? m_cells : m_points));
             if (start >= 0)
-                place(array, file, start);
+                place(array, path, start);
             else
                 array.offset.reset();
         }
@@ -112,8 +89,8 @@ void XmlArrayList::look(XmlTags::Tag const& tag)
 {
     if (tag.name == "VTKFile") {
         m_isCompressed = !tag.text("compressor").empty();
-        m_headerBytes = tag.text("header_type") == "UInt64" ? 8 : 4;
-        m_isBigEndian = tag.text("byte_order") == "BigEndian";
+        m_format.bytesOfNumber = tag.text("header_type") == "UInt64" ? 8 : 4;
+        m_format.isBigEndian = tag.text("byte_order") == "BigEndian";
     } else if (tag.name == "DataArray" || tag.name == "Array") {
         if (Section* const section = openSection())
             lookAtArray(tag, *section);
@@ -146,10 +123,10 @@ void XmlArrayList::lookAtPiece(XmlTags::Tag const& tag)
         m_inPiece = countsOf(extent);
         m_pieceIsWhole = extent == m_wholeExtent;
     } else {
-        m_inPiece.points = tag.number("NumberOfPoints", 0.0);
+        m_inPiece.points = tag.count("NumberOfPoints", 0.0);
         m_inPiece.cells =
-            tag.number("NumberOfCells", tag.number("NumberOfVerts", 0.0) + tag.number("NumberOfLines", 0.0) +
-                                            tag.number("NumberOfStrips", 0.0) + tag.number("NumberOfPolys", 0.0));
+            tag.count("NumberOfCells", tag.count("NumberOfVerts", 0.0) + tag.count("NumberOfLines", 0.0) +
+                                           tag.count("NumberOfStrips", 0.0) + tag.count("NumberOfPolys", 0.0));
     }
     m_inAll.points += m_inPiece.points;
     m_inAll.cells += m_inPiece.cells;
@@ -183,9 +160,10 @@ void XmlArrayList::lookAtArray(XmlTags::Tag const& tag, Section& section)
     Array array;
     array.name = tag.text("Name");
     array.type = typeOf(tag.text("type"));
-    array.components = static_cast<int>(std::clamp(tag.number("NumberOfComponents", 1.0), 1.0, mostComponents));
+    array.components =
+        static_cast<int>(std::clamp<std::int64_t>(asCount(tag.count("NumberOfComponents", 1.0)), 1, mostComponents));
     if (tag.text("format") == "appended")
-        array.offset = asCount(tag.number("offset", 0.0));
+        array.offset = asCount(tag.count("offset", 0.0));
     std::size_t const number = section.seen++;
     double const tuples = &section == &m_ofCells ? m_inPiece.cells : m_inPiece.points;
     if (m_pieces == 1) {
@@ -202,12 +180,12 @@ void XmlArrayList::lookAtArray(XmlTags::Tag const& tag, Section& section)
 }
 
 // Each array starts with its size; one of another size than its grid asks for is left to VTK's reader to complain about.
-void XmlArrayList::place(Array& array, std::ifstream& file, std::int64_t start) const
+void XmlArrayList::place(Array& array, std::string const& path, std::int64_t start) const
 {
     if (!array.type || !array.offset)
         return;
-    double const size = sizeInHeader(file, start + *array.offset, m_headerBytes, m_isBigEndian);
-    array.offset = start + *array.offset + m_headerBytes;
+    double const size = XmlArrayPrefix::read(path, start + *array.offset, m_format).numbers[0];
+    array.offset = start + *array.offset + m_format.bytesOfNumber;
     if (size != static_cast<double>(array.values) * bytesOf(*array.type))
         array.type.reset();
 }

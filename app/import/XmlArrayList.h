@@ -1,11 +1,11 @@
 #pragma once
 
 #include "app/import/RawType.h"
+#include "app/import/XmlArrayPrefix.h"
 #include "app/import/XmlTags.h"
 #include "kernel/data/ValueRange.h"
 
 #include <cstdint>
-#include <fstream>
 #include <optional>
 #include <string>
 #include <vector>
@@ -44,7 +44,7 @@ public:
     } ///< the one of a grid that stores points
     std::int64_t pointCount() const { return m_points; }
     std::int64_t cellCount() const { return m_cells; } ///< cells of unstructured grids as the file counts them
-    bool isBigEndian() const { return m_isBigEndian; }
+    bool isBigEndian() const { return m_format.isBigEndian; }
 
     /// Each piece has the same arrays in the same order; else nothing is known of them.
     bool isConsistent() const { return m_isConsistent; }
@@ -68,15 +68,14 @@ private:
     void finishPiece();
     void lookAtArray(XmlTags::Tag const& tag, Section& section);
     Section* openSection();
-    void place(Array& array, std::ifstream& file, std::int64_t start) const;
+    void place(Array& array, std::string const& path, std::int64_t start) const;
 
     Section m_ofPoints;
     Section m_ofCells;
     Section m_coordinates;
-    bool m_isBigEndian = false;
     bool m_isCompressed = false;
     bool m_isConsistent = true;
-    int m_headerBytes = 4;
+    XmlArrayPrefix::Format m_format;
     int m_pieces = 0;
     std::string m_wholeExtent;
     bool m_pieceIsWhole = true;

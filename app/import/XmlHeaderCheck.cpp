@@ -4,12 +4,13 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <fstream>
+#include <sstream>
 
 namespace veldraw::app {
 
 namespace {
 
+constexpr double unknown = -1.0;
 constexpr double mostCompression = 1000.0; // a block takes at least its size in the header
 
 double bytesOfType(std::string const& type)
@@ -42,9 +43,11 @@ void XmlHeaderCheck::run()
     while (m_tags.next(tag)) {
         if (tag.name != "AppendedData")
             look(tag);
-        else if (tag.text("encoding") == "raw")
-            checkAppended();
+        else
+            checkAppended(tag.text("encoding") != "raw");
     }
+    if (m_allPoints < m_wholePoints)
+        throw ImportError("it is incomplete: its pieces do not fill its extent");
     // Points that go with no value are not worth waiting for: such a header is a mistake, if it asks for that many.
     if (!m_countsValues && !m_hasValues)
         m_size.addComputed(m_computedPoints, 3.0 * sizeof(double));
@@ -54,8 +57,8 @@ void XmlHeaderCheck::look(XmlTags::Tag const& tag)
 {
     if (tag.name == "VTKFile") {
         m_compressed = !tag.text("compressor").empty();
-        m_headerBytes = tag.text("header_type") == "UInt64" ? 8 : 4;
-        m_bigEndian = tag.text("byte_order") == "BigEndian";
+        m_format.bytesOfNumber = tag.text("header_type") == "UInt64" ? 8 : 4;
+        m_format.isBigEndian = tag.text("byte_order") == "BigEndian";
         m_size = SizeCheck(m_fileSize, m_compressed);
     } else if (tag.name == "ImageData" || tag.name == "RectilinearGrid" || tag.name == "StructuredGrid") {
         m_uniform = tag.name != "StructuredGrid";
@@ -64,10 +67,7 @@ void XmlHeaderCheck::look(XmlTags::Tag const& tag)
         if (m_uniform && m_countsValues)
             m_size.addComputed(m_points, 3.0 * sizeof(double));
     } else if (tag.name == "Piece") {
-        lookAtExtent(tag, "Extent");
-        m_points = tag.number("NumberOfPoints", m_points);
-        m_cells = tag.number("NumberOfCells", tag.number("NumberOfVerts", 0.0) + tag.number("NumberOfLines", 0.0) +
-                                                  tag.number("NumberOfStrips", 0.0) + tag.number("NumberOfPolys", 0.0));
+        lookAtPiece(tag);
         m_allPoints += m_points;
         m_size.addStored(m_uniform ? 0.0 : m_points, 0.0, "points");
     } else if (isSection(tag.name)) {
@@ -77,30 +77,65 @@ void XmlHeaderCheck::look(XmlTags::Tag const& tag)
     }
 }
 
+void XmlHeaderCheck::lookAtPiece(XmlTags::Tag const& tag)
+{
+    if (m_whole) {
+        lookAtExtent(tag, "Extent");
+        return;
+    }
+    m_points = tag.count("NumberOfPoints", 0.0);
+    m_cells = 0.0;
+    for (char const* cells : {"NumberOfCells", "NumberOfVerts", "NumberOfLines", "NumberOfStrips", "NumberOfPolys"}) {
+        double const count = tag.count(cells, 0.0);
+        m_size.addStored(count, sizeof(std::int64_t), "cells");
+        m_cells += count;
+    }
+}
+
+// VTK's reader copies pieces into the whole without looking whether they fit.
 void XmlHeaderCheck::lookAtExtent(XmlTags::Tag const& tag, char const* attribute)
 {
     std::string const text = tag.text(attribute);
-    char const* rest = text.c_str();
-    double points = 1.0;
-    double cells = 1.0;
-    for (int axis = 0; axis < 3; ++axis) {
-        char* end = nullptr;
-        double const first = std::strtod(rest, &end);
-        double const last = std::strtod(end, &end);
-        if (end == rest)
-            return;
-        rest = end;
-        points *= std::max(last - first + 1.0, 0.0);
-        cells *= std::max(last - first, 1.0);
+    if (text.empty())
+        return;
+    Extent const extent = extentOf(text);
+    bool const isWhole = std::string(attribute) == "WholeExtent";
+    m_whole = isWhole ? extent : m_whole;
+    m_points = 1.0;
+    m_cells = 1.0;
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+        double const first = extent[2 * axis];
+        double const last = extent[2 * axis + 1];
+        m_points *= std::max(last - first + 1.0, 0.0);
+        m_cells *= std::max(last - first, 1.0);
+        if (last >= first && m_whole && (first < (*m_whole)[2 * axis] || last > (*m_whole)[2 * axis + 1]))
+            throw ImportError("a piece of it is outside of its extent; it is damaged");
     }
-    m_points = points;
-    m_cells = cells;
+    if (isWhole)
+        m_wholePoints = m_points;
 }
 
-// The number of values in the array, or -1 where the header alone does not say it.
+XmlHeaderCheck::Extent XmlHeaderCheck::extentOf(std::string const& text)
+{
+    Extent extent{};
+    std::istringstream stream(text);
+    for (double& number : extent) {
+        std::int32_t whole = 0;
+        if (!(stream >> whole))
+            throw ImportError("its extent \"" + text + "\" is damaged");
+        number = whole;
+    }
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+        if (extent[2 * axis + 1] < extent[2 * axis] - 1.0)
+            throw ImportError("its extent \"" + text + "\" ends before it starts");
+    }
+    return extent;
+}
+
+// The number of values in the array, or unknown where the header alone does not say it.
 double XmlHeaderCheck::valuesOf(XmlTags::Tag const& tag) const
 {
-    double const components = tag.number("NumberOfComponents", 1.0);
+    double const components = tag.count("NumberOfComponents", 1.0);
     if (m_section == "PointData")
         return components * m_points;
     if (m_section == "CellData")
@@ -108,8 +143,8 @@ double XmlHeaderCheck::valuesOf(XmlTags::Tag const& tag) const
     if (m_section == "Points")
         return std::max(components, 3.0) * m_points;
     if (m_section == "FieldData" && tag.text("type") != "String")
-        return components * tag.number("NumberOfTuples", 0.0);
-    return -1.0;
+        return components * tag.count("NumberOfTuples", 0.0);
+    return unknown;
 }
 
 void XmlHeaderCheck::lookAtArray(XmlTags::Tag const& tag)
@@ -120,53 +155,40 @@ void XmlHeaderCheck::lookAtArray(XmlTags::Tag const& tag)
     bool const isCounted = m_countsValues || (!isValue && m_section != "Points");
     m_hasValues = m_hasValues || isValue;
     // VTK walks over the components of an array even if it has no values.
-    m_size.addStored(tag.number("NumberOfComponents", 1.0), 0.0, "components of \"" + tag.text("Name") + "\"");
-    if (values >= 0.0)
+    m_size.addStored(tag.count("NumberOfComponents", 1.0), 0.0, "components of \"" + tag.text("Name") + "\"");
+    if (values != unknown)
         m_size.addStored(values, isCounted ? bytes : 0.0, "values of \"" + tag.text("Name") + "\"");
     if (tag.text("format") == "appended")
-        m_appended.push_back({tag.number("offset", 0.0), std::max(values, 0.0) * bytes, tag.text("Name")});
+        m_appended.push_back({tag.count("offset", 0.0), std::max(values, 0.0) * bytes, tag.text("Name")});
+    if (tag.text("format") == "binary" && m_compressed)
+        checkBlocks(m_tags.position(), true, tag.text("Name"));
 }
 
-// Each array starts with its size in bytes, or where it is compressed with the number and the sizes of its blocks.
-void XmlHeaderCheck::checkAppended()
+void XmlHeaderCheck::checkAppended(bool isBase64)
 {
-    std::ifstream file(m_path, std::ios::binary);
-    file.seekg(m_tags.position());
-    char c = ' ';
-    while (file.get(c) && c != '_') {
-    }
-    double const start = static_cast<double>(file.tellg());
+    double const start = static_cast<double>(m_tags.startOfAppendedData());
     for (Appended const& array : m_appended) {
         double const needed = m_compressed ? 0.0 : array.bytes;
-        if (!(start + array.offset + m_headerBytes + needed <= static_cast<double>(m_fileSize)) ||
+        if (!(start + array.offset + m_format.bytesOfNumber + needed <= static_cast<double>(m_fileSize)) ||
             !(array.offset >= 0.0))
             throw ImportError("it is incomplete: it ends before the values of \"" + array.name + "\" do");
-        checkBlocks(static_cast<std::int64_t>(start + array.offset), array.name);
+        checkBlocks(static_cast<std::int64_t>(start + array.offset), isBase64, array.name);
     }
 }
 
-void XmlHeaderCheck::checkBlocks(std::int64_t position, std::string const& name)
+void XmlHeaderCheck::checkBlocks(std::int64_t position, bool isBase64, std::string const& name)
 {
-    double const first = headerNumber(position);
+    XmlArrayPrefix::Format format = m_format;
+    format.isBase64 = isBase64;
+    auto const [first, bytesOfBlock, bytesOfLast] = XmlArrayPrefix::read(m_path, position, format).numbers;
     if (!m_compressed) {
-        m_size.addStored(first, 0.0, "bytes of \"" + name + "\"");
+        if (!isBase64) // in a text nothing but the text's end counts
+            m_size.addStored(first, 0.0, "bytes of \"" + name + "\"");
         return;
     }
     m_size.addStored(first * mostCompression, 0.0, "blocks of \"" + name + "\"");
-    if (first > 0.0)
-        m_size.addStored(first * headerNumber(position + m_headerBytes), 1.0, "bytes of \"" + name + "\"");
-}
-
-double XmlHeaderCheck::headerNumber(std::int64_t position) const
-{
-    std::ifstream file(m_path, std::ios::binary);
-    file.seekg(position);
-    unsigned char bytes[8] = {0, 0, 0, 0, 0, 0, 0, 0};
-    file.read(reinterpret_cast<char*>(bytes), m_headerBytes);
-    double value = 0.0;
-    for (int n = 0; n < m_headerBytes; ++n)
-        value = 256.0 * value + bytes[m_bigEndian ? n : m_headerBytes - 1 - n];
-    return value;
+    m_size.addStored(std::max(first, 1.0) * bytesOfBlock, 1.0, "bytes of \"" + name + "\"");
+    m_size.addStored(bytesOfLast, 0.0, "bytes of \"" + name + "\"");
 }
 
 } // namespace veldraw::app

@@ -1,8 +1,11 @@
 #pragma once
 
 #include "app/import/SizeCheck.h"
+#include "app/import/XmlArrayPrefix.h"
 #include "app/import/XmlTags.h"
 
+#include <array>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -32,27 +35,31 @@ private:
         std::string name;
     };
 
+    using Extent = std::array<double, 6>; // first and last of I, J and K
+
+    static Extent extentOf(std::string const& text);
     void look(XmlTags::Tag const& tag);
+    void lookAtPiece(XmlTags::Tag const& tag);
     void lookAtArray(XmlTags::Tag const& tag);
     void lookAtExtent(XmlTags::Tag const& tag, char const* attribute);
     double valuesOf(XmlTags::Tag const& tag) const;
-    void checkAppended();
-    void checkBlocks(std::int64_t position, std::string const& name);
-    double headerNumber(std::int64_t position) const;
+    void checkAppended(bool isBase64);
+    void checkBlocks(std::int64_t position, bool isBase64, std::string const& name);
 
     std::string m_path;
     XmlTags m_tags;
     std::int64_t m_fileSize;
     SizeCheck m_size;
     bool m_compressed = false;
-    int m_headerBytes = 4;
-    bool m_bigEndian = false;
+    XmlArrayPrefix::Format m_format;
     bool m_countsValues = true;
     bool m_hasValues = false;
     double m_computedPoints = 0.0;
     bool m_uniform = false;
     double m_points = 0.0; // of the present piece
     double m_allPoints = 0.0;
+    double m_wholePoints = 0.0;
+    std::optional<Extent> m_whole;
     double m_cells = 0.0;
     std::string m_section;
     std::vector<Appended> m_appended;

@@ -1,6 +1,7 @@
 #include "app/import/XmlTags.h"
 
 #include <cstdlib>
+#include <limits>
 
 namespace veldraw::app {
 
@@ -10,7 +11,7 @@ constexpr std::size_t longestTag = 1 << 16;
 
 bool isSpace(char c)
 {
-    return c == ' ' || c == '\t' || c == '\n' || c == '\r';
+    return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\v' || c == '\f';
 }
 
 XmlTags::Tag parsed(std::string const& text)
@@ -49,6 +50,16 @@ double XmlTags::Tag::number(std::string const& attribute, double otherwise) cons
     return end == found->second.c_str() ? otherwise : value;
 }
 
+double XmlTags::Tag::count(std::string const& attribute, double otherwise) const
+{
+    auto const found = attributes.find(attribute);
+    if (found == attributes.end())
+        return otherwise;
+    bool const isWhole = found->second.find_first_not_of("0123456789-+ \t\r\n") == std::string::npos;
+    return isWhole ? number(attribute, std::numeric_limits<double>::quiet_NaN())
+                   : std::numeric_limits<double>::quiet_NaN();
+}
+
 std::string XmlTags::Tag::text(std::string const& attribute) const
 {
     auto const found = attributes.find(attribute);
@@ -73,6 +84,14 @@ bool XmlTags::next(Tag& tag)
         return true;
     }
     return false;
+}
+
+std::int64_t XmlTags::startOfAppendedData()
+{
+    int c = get();
+    while (isSpace(static_cast<char>(c)))
+        c = get();
+    return c == '_' ? m_position : m_position - 1;
 }
 
 bool XmlTags::skipTo(char wanted)

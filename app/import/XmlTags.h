@@ -20,6 +20,9 @@ public:
 
         /// The attribute as a number, @p otherwise when it is missing or none.
         double number(std::string const& attribute, double otherwise) const;
+        /// A number of things, @p otherwise when the attribute is missing, NaN when it is no whole decimal number: others
+        /// might be understood differently by who reads the file in the end.
+        double count(std::string const& attribute, double otherwise) const;
         std::string text(std::string const& attribute) const;
     };
 
@@ -30,6 +33,10 @@ public:
 
     /// Position behind the last tag, in bytes from the start of the file.
     std::int64_t position() const { return m_position; }
+
+    /// Where the appended data start, in bytes from the start of the file, as VTK's reader sees it: behind the blanks and one
+    /// underscore. To be called once, after next() has come to the tag AppendedData.
+    std::int64_t startOfAppendedData();
 
 private:
     bool skipTo(char wanted);

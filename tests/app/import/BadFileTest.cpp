@@ -256,4 +256,34 @@ TEST(BadFile, LeavesNothingOpen)
     EXPECT_EQ(openFiles(), before);
 }
 
+TEST(BadFile, HasAnExtentThatItsPiecesDoNotFitInto)
+{
+    TemporaryFolder const folder;
+    auto const problem = [&folder](std::string const& whole, std::string const& piece) {
+        return problemWith(folder.write("a.vti", "<VTKFile type=\"ImageData\" byte_order=\"LittleEndian\"><ImageData "
+                                                 "WholeExtent=\"" +
+                                                     whole + "\"><Piece Extent=\"" + piece +
+                                                     "\"><PointData/></Piece></ImageData></VTKFile>"));
+    };
+    EXPECT_EQ(problem("0 1 0 1 0 0", "0 1 0 1 0 0"), "");
+    EXPECT_THAT(problem("0 1 0 1 0 0", "0 2 0 1 0 0"), HasSubstr("a piece of it is outside of its extent"));
+    EXPECT_THAT(problem("0 1 0 1 0 0", "0 0 0 1 0 0"), HasSubstr("its pieces do not fill its extent"));
+    EXPECT_THAT(problem("0 1 5 1 0 0", "0 1 0 1 0 0"), HasSubstr("its extent \"0 1 5 1 0 0\" ends before it starts"));
+    EXPECT_THAT(problem("0 1 0 1 0", "0 1 0 1 0 0"), HasSubstr("its extent \"0 1 0 1 0\" is damaged"));
+    EXPECT_THAT(problem("0 1 0 1 0 99999999999", "0 1 0 1 0 0"), HasSubstr("is damaged"));
+}
+
+TEST(BadFile, ClaimsNumbersOfCellsOrPointsThatAreNone)
+{
+    TemporaryFolder const folder;
+    for (std::string const counts :
+         {"NumberOfPoints=\"3\" NumberOfCells=\"-1\"", "NumberOfPoints=\"-3\" NumberOfCells=\"1\"",
+          "NumberOfPoints=\"3\" NumberOfCells=\"9999999999\"",
+          "NumberOfPoints=\"99999999999e-300\" NumberOfCells=\"1\""})
+        EXPECT_THAT(problemWith(folder.write("a.vtu", "<VTKFile type=\"UnstructuredGrid\"><UnstructuredGrid><Piece " +
+                                                          counts + "></Piece></UnstructuredGrid></VTKFile>")),
+                    HasSubstr("it is too small for the number of"))
+            << counts;
+}
+
 } // namespace veldraw::test

@@ -1,4 +1,5 @@
 #include "app/import/ArrayChoice.h"
+#include "app/import/VtkImport.h"
 #include "tests/app/import/FileHelpers.h"
 #include "tests/app/import/GridSamples.h"
 #include "tools/samples/SparseSamples.h"
@@ -22,7 +23,7 @@ using ::testing::HasSubstr;
 
 namespace {
 
-constexpr auto allModes = {Mode::Ascii, Mode::Base64, Mode::Raw, Mode::RawCompressed};
+constexpr auto allModes = {Mode::Ascii, Mode::Base64, Mode::Base64Compressed, Mode::Raw, Mode::RawCompressed};
 
 vtkSmartPointer<vtkDataSet> structured()
 {
@@ -270,6 +271,39 @@ TEST(Deferral, LoadsWhatTheFirstPlotNeedsWhenTheWholeIsTooMuch)
     EXPECT_FALSE(plan.loadsNow(1e6, Need::Later));
     EXPECT_FALSE(plan.loadsNow(1e15, Need::FirstPlot));
     EXPECT_TRUE(plan.loadsNow(0.0, Need::Later)) << "mapping takes no memory";
+    EXPECT_TRUE(plan.mayCompute(100000000));
+    EXPECT_FALSE(plan.mayCompute(100000001)) << "nobody waits for so many coordinates unasked";
+}
+
+TEST(Deferral, LoadsTheFirstVariableOfEachPartInsteadOfEverythingOfTheFirst)
+{
+    TemporaryFolder const folder;
+    std::string text = "<VTKFile type=\"vtkMultiBlockDataSet\" version=\"1.0\"><vtkMultiBlockDataSet>";
+    auto const grid = vtkSmartPointer<vtkImageData>::New();
+    grid->SetDimensions(1000, 1, 1);
+    for (char const* name : {"a", "b", "c"})
+        addPointValues(*grid, name, std::vector<double>(1000, 1.0));
+    for (int n = 0; n < 4; ++n) {
+        std::string const name = std::to_string(n) + ".vti";
+        writeXml(*grid, folder.path(name));
+        text += "<DataSet index=\"" + std::to_string(n) + "\" file=\"" + name + "\"/>";
+    }
+    std::string const path = folder.write("all.vtm", text + "</vtkMultiBlockDataSet></VTKFile>");
+    auto const loadedWith = [&path](double memory) {
+        app::FileWatch watch;
+        app::LoadingPlan plan(app::Deferral::Auto, {}, memory);
+        app::VtkImport import(watch, plan, {});
+        import.read(path, "vtm", "all");
+        auto const dataSet = import.zones().finish("all");
+        std::string loaded;
+        for (int zone = 1; zone <= 4; ++zone)
+            for (char const* name : {"X", "a", "b", "c"})
+                loaded += fieldOf(*dataSet, zone, name).isLoaded() ? name : "-";
+        return loaded;
+    };
+    double const bytesOfAll = 4 * 6 * 8000.0;
+    EXPECT_EQ(loadedWith(bytesOfAll / 0.39), "XabcXabcXabcXabc");
+    EXPECT_EQ(loadedWith(bytesOfAll / 0.41), "Xa--Xa--Xa--Xa--");
 }
 
 TEST(Deferral, LoadsEverythingThatTakesLittleOfTheMemory)

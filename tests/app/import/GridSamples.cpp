@@ -88,12 +88,12 @@ std::string writeXml(vtkDataSet& grid, std::string const& path, Mode mode)
     writer->SetInputDataObject(&grid);
     if (mode == Mode::Ascii)
         writer->SetDataModeToAscii();
-    else if (mode == Mode::Base64)
+    else if (mode == Mode::Base64 || mode == Mode::Base64Compressed)
         writer->SetDataModeToBinary();
     else
         writer->SetDataModeToAppended();
     writer->EncodeAppendedDataOff();
-    if (mode == Mode::RawCompressed)
+    if (mode == Mode::RawCompressed || mode == Mode::Base64Compressed)
         writer->SetCompressorTypeToZLib();
     else
         writer->SetCompressorTypeToNone();

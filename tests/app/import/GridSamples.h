@@ -33,6 +33,7 @@ enum class Mode
 {
     Ascii,
     Base64,
+    Base64Compressed,
     Raw,
     RawCompressed
 };

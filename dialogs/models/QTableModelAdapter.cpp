@@ -122,12 +122,15 @@ void QTableModelAdapter::dataChanged(TableModelInterface&)
         reset();
         return;
     }
-    if (m_rows.size() == 0 || m_columns.size() == 0)
-        return;
-    QModelIndex const last = index(m_rows.size() - 1, m_columns.size() - 1);
-    Q_EMIT QAbstractTableModel::dataChanged(index(0, 0), last);
-    Q_EMIT headerDataChanged(Qt::Horizontal, 0, last.column());
-    Q_EMIT headerDataChanged(Qt::Vertical, 0, last.row());
+    int const lastRow = m_rows.size() - 1;
+    int const lastColumn = m_columns.size() - 1;
+    if (lastRow >= 0 && lastColumn >= 0)
+        Q_EMIT QAbstractTableModel::dataChanged(index(0, 0), index(lastRow, lastColumn));
+    // Rows have names where there are no columns, and the other way round. A listener may have altered the size.
+    if (lastColumn >= 0 && lastColumn < m_columns.size())
+        Q_EMIT headerDataChanged(Qt::Horizontal, 0, lastColumn);
+    if (lastRow >= 0 && lastRow < m_rows.size())
+        Q_EMIT headerDataChanged(Qt::Vertical, 0, lastRow);
 }
 
 void QTableModelAdapter::itemChanged(ModelIndex const& changed, TableModelInterface&)

@@ -133,6 +133,31 @@ TEST_F(QTableModelAdapterTest, StandsATableThatBecomesEmptyAndComesBack)
     EXPECT_EQ(text(model, 2, 1), "nothing 2,1");
 }
 
+TEST_F(QTableModelAdapterTest, TellsTheNamesOfATableWithoutCells)
+{
+    std::vector<std::string> told;
+    QObject::connect(&model, &QAbstractItemModel::headerDataChanged, [&told](Qt::Orientation direction, int, int last) {
+        told.push_back((direction == Qt::Horizontal ? "columns to " : "rows to ") + std::to_string(last));
+    });
+    QSignalSpy const changes(&model, &QAbstractItemModel::dataChanged);
+    table.resize(0, 3);
+    table.notifyOfDataChanged();
+    table.resize(2, 0);
+    table.notifyOfDataChanged();
+    EXPECT_THAT(told, ElementsAre("columns to 2", "rows to 1"));
+    EXPECT_EQ(changes.count(), 0);
+}
+
+TEST_F(QTableModelAdapterTest, TellsNothingOfASizeThatAListenerHasAltered)
+{
+    int lastNamed = 0;
+    QObject::connect(&model, &QAbstractItemModel::headerDataChanged,
+                     [&lastNamed](Qt::Orientation, int, int last) { lastNamed = std::max(lastNamed, last); });
+    QObject::connect(&model, &QAbstractItemModel::dataChanged, [this] { table.resize(1, 1); });
+    table.alterAll("new ");
+    EXPECT_EQ(lastNamed, 0);
+}
+
 TEST_F(QTableModelAdapterTest, ShowsASmallTableWholeAndMovesNothing)
 {
     QSignalSpy const moves(&model, &QTableModelAdapter::windowChanged);

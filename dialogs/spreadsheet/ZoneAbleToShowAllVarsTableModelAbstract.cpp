@@ -21,7 +21,7 @@ ZoneAbleToShowAllVarsTableModelAbstract::~ZoneAbleToShowAllVarsTableModelAbstrac
 
 int ZoneAbleToShowAllVarsTableModelAbstract::variableNumber(unsigned long long column) const
 {
-    return m_columnVariables[column - 1];
+    return m_columnVariables.at(column - 1);
 }
 
 unsigned long long ZoneAbleToShowAllVarsTableModelAbstract::modelColumnCount() const

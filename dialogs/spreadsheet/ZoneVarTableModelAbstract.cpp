@@ -16,6 +16,7 @@
 
 #include <boost/lexical_cast.hpp>
 
+#include <locale>
 #include <sstream>
 
 namespace veldraw::sdk::ui::dialogs::propertybindings::models {
@@ -29,7 +30,9 @@ namespace {
 double numberOf(std::string const& text)
 {
     double number = 0.0;
-    std::istringstream(text) >> number;
+    std::istringstream stream(text);
+    stream.imbue(std::locale::classic()); // what getStr() writes, whatever the user's locale
+    stream >> number;
     return number;
 }
 
@@ -106,9 +109,7 @@ unsigned long long ZoneVarTableModelAbstract::rowCount() const
 
 std::string ZoneVarTableModelAbstract::columnName(unsigned long long column) const
 {
-    if (columnCount() == 0 || !dataSetAndFrameAreAvailable())
-        return std::string();
-    return variableNameFormattedForAliases(variableNumber(column + 1));
+    return columnCount() == 0 ? std::string() : variableNameFormattedForAliases(variableNumber(column + 1));
 }
 
 std::string ZoneVarTableModelAbstract::rowName(unsigned long long row) const

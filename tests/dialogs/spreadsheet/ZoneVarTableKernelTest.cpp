@@ -12,6 +12,8 @@
 #include "tests/support/KernelSpy.h"
 
 #include <gmock/gmock.h>
+#include <locale>
+#include <stdexcept>
 
 namespace veldraw::tests {
 namespace {
@@ -117,6 +119,23 @@ TEST_F(ZoneVarTableKernelTest, WritesZeroForATextThatIsNoNumberAndTheStartOfOneT
     EXPECT_EQ(stage.stored(first, 1, 3), 0.0);
 }
 
+TEST_F(ZoneVarTableKernelTest, ReadsAndWritesADecimalPointWhateverTheLocaleOfStreams)
+{
+    struct GermanNumbers : std::numpunct<char>
+    {
+        char do_decimal_point() const override { return ','; }
+        char do_thousands_sep() const override { return '.'; }
+        std::string do_grouping() const override { return "\3"; }
+    };
+    std::locale const before = std::locale::global(std::locale(std::locale::classic(), new GermanNumbers));
+    auto const table = lineTable(first);
+    EXPECT_TRUE(table->setStr({0, 0}, "12345.5"));
+    EXPECT_EQ(table->getStr({0, 0}), "12345.5");
+    EXPECT_EQ(table->rowName(1233), "1234");
+    std::locale::global(before);
+    EXPECT_EQ(stage.stored(first, 1, 0), 12345.5);
+}
+
 TEST_F(ZoneVarTableKernelTest, TellsOneCellForItsOwnEditAndEverythingForTheEditsOfOthers)
 {
     auto const table = lineTable(first);
@@ -162,6 +181,53 @@ TEST_F(ZoneVarTableKernelTest, TellsTheCellUnderTheLockAndBeforeItListensToTheKe
     EXPECT_EQ(watch.lockDepth, 1);
     EXPECT_EQ(listenerCount(), before);
     EXPECT_EQ(sdk::AppLock::depth(), 0);
+}
+
+/// A line that notes how deep the lock is when it is asked where a value stands.
+class WatchedLine : public IJKLineZoneVarTableModel
+{
+public:
+    using IJKLineZoneVarTableModel::IJKLineZoneVarTableModel;
+    long long valueOffset(ModelIndex const& index) const override
+    {
+        lockDepths.push_back(sdk::AppLock::depth());
+        isRecording = isRecording && sdk::AppLock::isRecording();
+        return IJKLineZoneVarTableModel::valueOffset(index);
+    }
+
+    mutable std::vector<int> lockDepths;
+    mutable bool isRecording = true;
+};
+
+TEST_F(ZoneVarTableKernelTest, HoldsTheLockForEachReadAndEachWriteAndNoLonger)
+{
+    WatchedLine table(first, Set(std::set<int>{1, 2, 3}), false, ValueLocation_Nodal);
+    table.getStr({0, 0});
+    EXPECT_EQ(sdk::AppLock::depth(), 0);
+    EXPECT_TRUE(table.setStr({0, 0}, "7"));
+    EXPECT_EQ(sdk::AppLock::depth(), 0);
+    EXPECT_THAT(table.lockDepths, ElementsAre(1, 1));
+    EXPECT_TRUE(table.isRecording);
+}
+
+TEST_F(ZoneVarTableKernelTest, ListensAgainWhenSomebodyWhoHearsOfAnEditThrows)
+{
+    class Thrower : public TableModelListenerInterface
+    {
+    public:
+        void dataChanged(TableModelInterface&) override {}
+        void itemChanged(ModelIndex const&, TableModelInterface&) override { throw std::runtime_error("no room"); }
+        void rowsInserted(unsigned long long, unsigned long long, TableModelInterface&) override {}
+        void rowsRemoved(unsigned long long, unsigned long long, TableModelInterface&) override {}
+    };
+    auto const table = lineTable(first);
+    int const before = listenerCount();
+    Thrower thrower;
+    table->addListener(&thrower);
+    EXPECT_THROW(table->setStr({0, 0}, "7"), std::runtime_error);
+    EXPECT_EQ(listenerCount(), before);
+    EXPECT_EQ(sdk::AppLock::depth(), 0);
+    EXPECT_EQ(spy.count("VelUtilArgListDealloc"), 1);
 }
 
 TEST_F(ZoneVarTableKernelTest, TellsTheUserOfARefusalAndListensAgain)

@@ -124,6 +124,36 @@ TEST_F(DataSpreadsheetPropertiesManagerTest, OffersItsChoicesInOrder)
     EXPECT_EQ(&manager().owner(), &owner);
 }
 
+/// What the choices are before anybody has chosen.
+class FirstChoices : public testing::Environment
+{
+public:
+    void SetUp() override
+    {
+        texts = std::to_string(Manager::spreadsheetZone()->value()) + ' ' +
+                std::to_string(Manager::spreadsheetVariable()->value()) + ' ' +
+                std::to_string(Manager::spreadsheetPlane()->value()) + ' ' +
+                std::to_string(Manager::spreadsheetIIndex()->value()) + ' ' +
+                std::to_string(Manager::spreadsheetJIndex()->value()) + ' ' +
+                std::to_string(Manager::spreadsheetKIndex()->value()) + ' ' +
+                std::to_string(Manager::spreadsheetAlterShared()->value()) + ' ' +
+                std::to_string(Manager::spreadsheetFormat()->value()) + ' ' +
+                std::to_string(Manager::spreadsheetPrecision()->value()) + ' ' +
+                std::to_string(Manager::spreadsheetValueLocation()->value());
+    }
+
+    std::string texts;
+};
+
+// Set up before the first test; it belongs to the test framework.
+auto const& firstChoices =
+    static_cast<FirstChoices&>(*testing::AddGlobalTestEnvironment(new FirstChoices)); // NOLINT(cert-err58-cpp)
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, BeginsWithTheFirstZoneAndVariableInPlaneKInBestFloatAtTheNodes)
+{
+    EXPECT_EQ(firstChoices.texts, "1 1 2 1 1 1 0 3 3 1");
+}
+
 TEST_F(DataSpreadsheetPropertiesManagerTest, TakesNoughtToSixteenDigits)
 {
     Manager::spreadsheetPrecision()->setValue(0);
@@ -174,6 +204,32 @@ TEST_F(DataSpreadsheetPropertiesManagerTest, TurnsThePlaneToWhereAFlatZoneLies)
     EXPECT_EQ(Manager::spreadsheetPlane()->value(), IJKPlanes_K) << "and springs back in a flat one";
 }
 
+TEST_F(DataSpreadsheetPropertiesManagerTest, TurnsThePlaneAcrossALineAndNamesTheLine)
+{
+    int const alongI = addOrdered("I", 7, 1, 1);
+    int const alongK = addOrdered("K", 1, 1, 8);
+    int const point = addOrdered("point", 1, 1, 1);
+    auto const shown = [this](int zone) {
+        choose(zone);
+        return size() + " " + manager().cornerLabel()->value() + " " +
+               std::to_string(Manager::spreadsheetPlane()->value());
+    };
+    Manager::spreadsheetPlane()->setValue(IJKPlanes_I);
+    EXPECT_EQ(shown(alongI), "7x3 I \\ V 2");
+    EXPECT_EQ(shown(line), "6x3 J \\ V 0");
+    EXPECT_EQ(shown(alongK), "8x3 K \\ V 1");
+    EXPECT_EQ(shown(point), "1x3 I \\ V 2");
+}
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, ShowsFiniteElementsByTheirPointsAlsoWhereTheyFormALine)
+{
+    int const segments = stage.addZone("segments", ZoneType_FELineSeg, 9, 8, 0);
+    stage.fillAll(segments);
+    choose(segments);
+    EXPECT_EQ(size() + " " + manager().cornerLabel()->value(), "9x3 N \\ V");
+    EXPECT_TRUE(boost::dynamic_pointer_cast<FEZoneVarTableModel>(manager().tableModel()));
+}
+
 TEST_F(DataSpreadsheetPropertiesManagerTest, HasNoPlaneToChooseInAFlatZoneAndItsOneIndexIsOne)
 {
     choose(volume);
@@ -221,6 +277,19 @@ TEST_F(DataSpreadsheetPropertiesManagerTest, HasOneCellPlaneLessThanPointsButNev
     choose(planeIJ);
     EXPECT_EQ(manager().indexProperty()->value(), 1);
     EXPECT_EQ(size(), "19x4");
+}
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, CutsAllThreeIndicesToTheCellsOfACellCentredVariable)
+{
+    stage.fill(volume, 3, FieldDataType_Float, ValueLocation_CellCentered);
+    choose(volume);
+    Manager::spreadsheetIIndex()->setValue(50);
+    Manager::spreadsheetJIndex()->setValue(50);
+    Manager::spreadsheetKIndex()->setValue(50);
+    Manager::spreadsheetVariable()->setValue(3);
+    EXPECT_EQ(Manager::spreadsheetIIndex()->value(), 19);
+    EXPECT_EQ(Manager::spreadsheetJIndex()->value(), 4);
+    EXPECT_EQ(Manager::spreadsheetKIndex()->value(), 3);
 }
 
 TEST_F(DataSpreadsheetPropertiesManagerTest, KeepsPlaneAndIndexForAVolumeWhoseDimensionsAreLoadedOnlyNow)
@@ -353,6 +422,38 @@ TEST_F(DataSpreadsheetPropertiesManagerTest, LetsTheUserChooseBetweenTheLocation
     Manager::spreadsheetValueLocation()->setValue(ValueLocation_CellCentered);
     EXPECT_EQ(size(), "3x1");
     EXPECT_EQ(manager().tableModelProxy()->columnName(0), "P");
+}
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, HasNoLocationToChooseWhenTheVariablesOfTheOtherOneAreDisabled)
+{
+    Manager::spreadsheetValueLocation()->setValue(ValueLocation_CellCentered);
+    choose(triangles);
+    EXPECT_EQ(size(), "3x1");
+    stage.session().setVariableEnabled(stage.dataSet(), 3, false);
+    EXPECT_FALSE(manager().valueLocationRelevance()->isRelevant());
+    IdleDispatcher::flush();
+    EXPECT_EQ(size(), "5x2");
+}
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, LetsTheUserChooseBetweenTheLocationsOfAMixedLine)
+{
+    stage.fill(line, 2, FieldDataType_Float, ValueLocation_CellCentered);
+    choose(line);
+    EXPECT_TRUE(manager().valueLocationRelevance()->isRelevant());
+    EXPECT_EQ(size(), "6x2");
+    Manager::spreadsheetValueLocation()->setValue(ValueLocation_CellCentered);
+    EXPECT_EQ(size(), "5x1");
+}
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, ShowsAPlaneAtTheVariablesOwnLocationWhateverWasChosen)
+{
+    stage.fill(volume, 3, FieldDataType_Float, ValueLocation_CellCentered);
+    Manager::spreadsheetValueLocation()->setValue(ValueLocation_CellCentered);
+    choose(volume);
+    EXPECT_FALSE(manager().valueLocationRelevance()->isRelevant());
+    EXPECT_EQ(size(), "20x5");
+    Manager::spreadsheetVariable()->setValue(3);
+    EXPECT_EQ(size(), "19x4");
 }
 
 TEST_F(DataSpreadsheetPropertiesManagerTest, TakesTheOneLocationOfAZoneWhateverWasChosen)
@@ -523,6 +624,21 @@ TEST_F(DataSpreadsheetPropertiesManagerTest, OffersOneVariableForPlanesAndAllFor
         choose(zone);
         EXPECT_FALSE(manager().variableRelevance()->isRelevant()) << zone;
         EXPECT_TRUE(manager().lineOrFiniteElementRelevance()->isRelevant()) << zone;
+    }
+}
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, OffersOfADisabledZoneNothingButTheVariable)
+{
+    int const twin = stage.addZone("twin", ZoneType_Ordered, 20, 5, 4);
+    stage.share(twin, 2, volume);
+    for (int const zone : {volume, triangles}) {
+        choose(zone);
+        stage.session().setZoneEnabled(stage.dataSet(), zone, false);
+        EXPECT_TRUE(manager().variableRelevance()->isRelevant()) << zone;
+        EXPECT_FALSE(manager().alterRelevance()->isRelevant()) << zone;
+        EXPECT_FALSE(manager().planeIndexRelevance()->isRelevant()) << zone;
+        EXPECT_FALSE(manager().valueLocationRelevance()->isRelevant()) << zone;
+        EXPECT_FALSE(manager().lineOrFiniteElementRelevance()->isRelevant()) << zone;
     }
 }
 

@@ -124,6 +124,27 @@ TEST_F(ZoneVarTableModelTest, ShowsPointsOrElementsOfFiniteElements)
     EXPECT_EQ(elements.fieldDataType({0, 0}), FieldDataType_Byte);
 }
 
+TEST_F(ZoneVarTableModelTest, HasItsVariablesInOrderAndAValueARowUnlessATableSaysOtherwise)
+{
+    class Plain : public ZoneVarTableModelAbstract
+    {
+    public:
+        using ZoneVarTableModelAbstract::ZoneVarTableModelAbstract;
+        unsigned long long modelColumnCount() const override { return 2; }
+        unsigned long long modelRowCount() const override { return 3; }
+    };
+    int const zone = stage.addZone("line", ZoneType_Ordered, 3, 1, 1);
+    stage.fill(zone, 3, FieldDataType_Int16, ValueLocation_Nodal);
+    stage.show();
+    Plain const table(zone, Set(std::set<int>{3, 1}), false, ValueLocation_Nodal);
+    EXPECT_EQ(table.variableNumber(1), 1);
+    EXPECT_EQ(table.variableNumber(2), 3);
+    EXPECT_EQ(table.columnName(1), "P");
+    EXPECT_EQ(table.valueOffset({2, 1}), 2);
+    EXPECT_EQ(table.fieldDataType({2, 1}), FieldDataType_Int16);
+    EXPECT_EQ(table.getStr({2, 1}), "302");
+}
+
 TEST_F(ZoneVarTableModelTest, TakesItsColumnsFromTheEnabledVariablesAndNotFromThoseItFollows)
 {
     int const zone = stage.addZone("line", ZoneType_Ordered, 2, 1, 1);

@@ -2,6 +2,7 @@
 
 #include "host/AuxDataOwner.h"
 #include "kernel/frames/Session.h"
+#include "kernel/undo/Change.h"
 
 #include <algorithm>
 #include <optional>
@@ -27,19 +28,49 @@ void tell(StateChange_e kind)
     kernel::Session::instance().events().emitEvent(event);
 }
 
-/// Puts an item in place, or takes it away, and tells the listeners.
+/// Puts an item in place, or takes it away.
+void restoreQuietly(AuxiliaryData& data, std::string const& name, std::optional<AuxiliaryData::Item> const& item)
+{
+    if (item)
+        data.set(item->name, item->value, item->retain);
+    else
+        data.remove(name);
+}
+
+/// The same, and tells the listeners.
 void restore(AuxDataOwner const& owner, std::string const& name, std::optional<AuxiliaryData::Item> const& item)
 {
     AuxiliaryData* const data = owner.data();
     if (!data)
         return;
     bool const wasThere = data->indexOf(name) != 0;
-    if (item)
-        data->set(item->name, item->value, item->retain);
-    else
-        data->remove(name);
+    restoreQuietly(*data, name, item);
     tell(!item ? StateChange_AuxDataDeleted : wasThere ? StateChange_AuxDataAltered : StateChange_AuxDataAdded);
 }
+
+/// An item that comes, goes or gets another value.
+class ItemChange : public kernel::Change
+{
+public:
+    using Item = std::optional<AuxiliaryData::Item>;
+
+    ItemChange(AuxDataOwner const& owner, std::string name, Item before, Item after)
+        : m_owner(owner)
+        , m_name(std::move(name))
+        , m_before(std::move(before))
+        , m_after(std::move(after))
+    {
+    }
+
+    void apply() noexcept override { restore(m_owner, m_name, m_after); }
+    void revert() noexcept override { restore(m_owner, m_name, m_before); }
+
+private:
+    AuxDataOwner const m_owner;
+    std::string const m_name;
+    Item const m_before;
+    Item const m_after;
+};
 
 std::optional<AuxiliaryData::Item> itemAt(AuxDataLocation_e location, int object, int n)
 {
@@ -109,13 +140,9 @@ bool AuxData::setText(std::string const& name, std::string const& value, bool re
     if (!data->set(name, value, retain))
         return false;
     auto const after = itemCalled(name, *data);
-    kernel::History::Step step;
-    step.name = "Auxiliary Data";
-    step.undo = [owner, name, before] { restore(owner, name, before); };
-    step.redo = [owner, name, after] { restore(owner, name, after); };
-    step.bytes = static_cast<std::int64_t>(name.size() + value.size());
-    kernel::Session::instance().history().add(std::move(step));
-    tell(before ? StateChange_AuxDataAltered : StateChange_AuxDataAdded);
+    restoreQuietly(*data, name, before);
+    kernel::Session::instance().history().perform("Auxiliary Data",
+                                                  std::make_shared<ItemChange>(owner, name, before, after));
     return true;
 }
 

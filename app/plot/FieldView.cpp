@@ -225,16 +225,50 @@ FrameNotice FieldView::show(kernel::Frame const& frame)
                 variableName(dataSet, m_look.axes[2])});
     m_isShown = true;
     placeView(m_shownAxes != axesBefore || (!wasShown && m_viewSpace != m_look.space));
-    if (zones.size() < zonesWithPoints(dataSet).size())
-        return {tr("Zones whose coordinates are not loaded, or that have too many points, are not shown."), false};
-    QString const gap = frame.showContour ? contourGap(frame, zones, hasLegend()) : QString();
-    if (!gap.isEmpty())
-        return {gap, false};
-    if (frame.showContour && m_look.contourVariable == 0)
-        return {frame.variableNumber('C') == 0 ? tr("No variable is assigned to the contour.")
-                                               : tr("The contour variable has no values in the enabled zones."),
-                false};
-    return {};
+    m_notice = {gap(frame, zones), false};
+    return m_notice;
+}
+
+FrameNotice FieldView::follow(kernel::Frame const& frame, kernel::ZonesAndVariables const& altered)
+{
+    bool const wasShown = std::exchange(m_isShown, false); // half recoloured is not shown
+    bool const isRecoloured = wasShown && recolour(frame, altered);
+    m_isShown = wasShown;
+    return isRecoloured ? m_notice : show(frame);
+}
+
+// Values of the contour alone leave the shapes as they are, which are most of the work.
+bool FieldView::recolour(kernel::Frame const& frame, kernel::ZonesAndVariables const& altered)
+{
+    bool const movesPoints = std::any_of(m_look.axes.begin(), m_look.axes.end(),
+                                         [&](int axis) { return altered.variables.count(axis) != 0; });
+    if (movesPoints || !hasLegend())
+        return false;
+    std::vector<int> zones;
+    for (auto const& zone : m_zones)
+        zones.push_back(zone->zoneNumber());
+    FieldLook const look = lookOf(frame, zones);
+    if (look.contourVariable != m_look.contourVariable)
+        return false;
+    bool const isOtherScale = look.contourMin != m_look.contourMin || look.contourMax != m_look.contourMax;
+    m_look = look;
+    for (auto const& zone : m_zones)
+        if (isOtherScale || altered.zones.count(zone->zoneNumber()) != 0)
+            zone->recolour(*frame.dataSet, look);
+    updateLegend(m_legendTitle);
+    return true;
+}
+
+// What of the data is not seen in the picture.
+QString FieldView::gap(kernel::Frame const& frame, std::vector<int> const& zones) const
+{
+    if (zones.size() < zonesWithPoints(*frame.dataSet).size())
+        return tr("Zones whose coordinates are not loaded, or that have too many points, are not shown.");
+    QString const inContour = frame.showContour ? contourGap(frame, zones, hasLegend()) : QString();
+    if (!inContour.isEmpty() || !frame.showContour || hasLegend())
+        return inContour;
+    return frame.variableNumber('C') == 0 ? tr("No variable is assigned to the contour.")
+                                          : tr("The contour variable has no values in the enabled zones.");
 }
 
 // Where the user has looked at a part of the data, that part stays in view; who saw the whole goes on seeing the whole.

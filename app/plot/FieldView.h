@@ -25,6 +25,7 @@ public:
     void removeFrom(vtkRenderWindow& window) override;
     void setArea(ViewArea const& area) override;
     FrameNotice show(kernel::Frame const& frame) override;
+    FrameNotice follow(kernel::Frame const& frame, kernel::ZonesAndVariables const& altered) override;
     bool dependsOn(kernel::Frame const& frame, int variable) const override;
     void markZones(std::set<int> const& zones) override;
 
@@ -72,9 +73,11 @@ protected:
 private:
     QString obstacle(kernel::Frame const& frame) const;
     QString obstacleInZones(kernel::Frame const& frame, std::vector<int> const& zones) const;
+    QString gap(kernel::Frame const& frame, std::vector<int> const& zones) const;
     void placeView(bool isNew);
     void clear();
     void clearMarks();
+    bool recolour(kernel::Frame const& frame, kernel::ZonesAndVariables const& altered);
     FieldLook lookOf(kernel::Frame const& frame, std::vector<int> const& zones) const;
     void updateLegend(QString const& title);
     void placeLegend();
@@ -84,6 +87,7 @@ private:
     bool m_isShown = false; // there was a picture when the frame was shown last
     std::array<kernel::UniqueId, 3> m_shownAxes{};
     PlotSpace m_viewSpace; // that the camera stands in
+    FrameNotice m_notice;  // of the picture
     bool m_isFitted = false;
     FieldLook m_look;
     std::vector<std::unique_ptr<ZoneDrawing>> m_zones;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/plot/FrameNotice.h"
+#include "kernel/data/ZonesAndVariables.h"
 #include "kernel/frames/Frame.h"
 
 #include <QPointF>
@@ -38,6 +39,13 @@ public:
     /// that the user has moved or enlarged stays at the same place of the data.
     /// @return what is missing, if anything
     virtual FrameNotice show(kernel::Frame const& frame) = 0;
+
+    /// Brings the picture up to date when nothing has changed since but @p altered values, some of which it depends on.
+    virtual FrameNotice follow(kernel::Frame const& frame, kernel::ZonesAndVariables const& altered)
+    {
+        static_cast<void>(altered);
+        return show(frame);
+    }
 
     /// Whether the picture depends on a variable (one-based number) of the frame's data set.
     virtual bool dependsOn(kernel::Frame const& frame, int variable) const = 0;

@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace veldraw::app {
 
@@ -135,8 +136,19 @@ void PageView::markFrames(kernel::StateChangeEvent const& event)
         bool const isTouched = !carriesVariables || event.variables.empty() || !frame || !slot.view ||
                                std::any_of(event.variables.begin(), event.variables.end(),
                                            [&](int variable) { return slot.view->dependsOn(*frame, variable); });
-        slot.isStale = slot.isStale || isTouched;
+        if (isTouched)
+            mark(slot, event);
     }
+}
+
+void PageView::mark(Slot& slot, kernel::StateChangeEvent const& event)
+{
+    if (event.kind != StateChange_ValuesAltered || event.variables.empty() || event.zones.empty()) {
+        slot.isStale = true;
+        return;
+    }
+    slot.altered.zones.insert(event.zones.begin(), event.zones.end());
+    slot.altered.variables.insert(event.variables.begin(), event.variables.end());
 }
 
 void PageView::markAll()
@@ -200,7 +212,7 @@ void PageView::syncFrames()
             continue;
         }
         if (slot->second.view)
-            slot->second.view->removeFrom(*m_window);
+            takeOff(*slot->second.view);
         slot = m_slots.erase(slot);
     }
     if (!page)
@@ -242,12 +254,14 @@ void PageView::updateStale()
         return;
     for (auto const& frame : page->frames) {
         Slot& slot = m_slots[frame->id];
-        if (!slot.isStale && slot.plotType == frame->plotType)
+        slot.isStale = slot.isStale || slot.plotType != frame->plotType;
+        if (!slot.isStale && slot.altered.variables.empty())
             continue;
-        slot.isStale = false;
         try {
             updatePlot(*frame, slot);
+            slot.isStale = false;
         } catch (std::exception const& failure) {
+            slot.isStale = false;
             slot.notice = {tr("This frame cannot be drawn: %1").arg(QString::fromUtf8(failure.what())), true};
         }
     }
@@ -277,13 +291,14 @@ void PageView::updatePlot(kernel::Frame const& frame, Slot& slot)
 {
     if (slot.plotType != frame.plotType || !slot.view) {
         if (slot.view)
-            slot.view->removeFrom(*m_window);
+            takeOff(*slot.view);
         slot.view = createView(frame.plotType);
         slot.plotType = frame.plotType;
     }
+    auto const altered = std::exchange(slot.altered, {});
     if (slot.view) {
         slot.view->setArea(areaOf(slot));
-        slot.notice = slot.view->show(frame);
+        slot.notice = slot.isStale ? slot.view->show(frame) : slot.view->follow(frame, altered);
         return;
     }
     if (!frame.dataSet)
@@ -294,16 +309,19 @@ void PageView::updatePlot(kernel::Frame const& frame, Slot& slot)
         slot.notice = {tr("A sketch shows no data. Choose another plot type."), true};
 }
 
-// Adds the renderers anew in the order of the frames, so that the last frame lies on top, and gives each its place.
+void PageView::takeOff(FrameView& view)
+{
+    view.removeFrom(*m_window);
+    m_drawn.erase(std::remove(m_drawn.begin(), m_drawn.end(), &view), m_drawn.end());
+}
+
+// Has the plots drawn in the order of the frames, so that the last frame lies on top, and gives each its place. A plot that is
+// taken off loses what it has on the graphics card, so that all stay where the order is right.
 void PageView::orderRenderers()
 {
-    for (auto& [id, slot] : m_slots)
-        if (slot.view)
-            slot.view->removeFrom(*m_window);
+    std::vector<FrameView*> wanted;
     auto const page = m_session.activePage();
-    if (!page)
-        return;
-    for (auto const& frame : page->frames) {
+    for (auto const& frame : page ? page->frames : std::vector<std::shared_ptr<kernel::Frame>>()) {
         Slot& slot = m_slots[frame->id];
         QRect const& content = slot.content;
         if (!slot.view || slot.hidesPicture() || content.width() < 8 || content.height() < 8 || width() < 1 ||
@@ -313,8 +331,15 @@ void PageView::orderRenderers()
         if (slot.isToFit)
             slot.view->fit();
         slot.isToFit = false;
-        slot.view->addTo(*m_window);
+        wanted.push_back(slot.view.get());
     }
+    if (wanted == m_drawn)
+        return;
+    for (FrameView* const view : m_drawn)
+        view->removeFrom(*m_window);
+    for (FrameView* const view : wanted)
+        view->addTo(*m_window);
+    m_drawn = std::move(wanted);
 }
 
 ViewArea PageView::areaOf(Slot const& slot) const

@@ -82,6 +82,7 @@ private:
         QRect area;
         QRect content;
         bool isStale = true;
+        kernel::ZonesAndVariables altered; ///< values in the plot that are out of date, if nothing else is
         bool isToFit = false;
 
         bool hidesPicture() const { return notice.coversPicture && !notice.sentence.isEmpty(); }
@@ -90,6 +91,7 @@ private:
     void createCanvas();
     void onEvent(kernel::StateChangeEvent const& event);
     void markFrames(kernel::StateChangeEvent const& event);
+    static void mark(Slot& slot, kernel::StateChangeEvent const& event);
     void markAll();
 
     void bringUpToDate();
@@ -99,6 +101,7 @@ private:
     void updateStale();
     void markPicks();
     void updatePlot(kernel::Frame const& frame, Slot& slot);
+    void takeOff(FrameView& view);
     void orderRenderers();
     ViewArea areaOf(Slot const& slot) const;
     void updateOverlay();
@@ -119,6 +122,7 @@ private:
     vtkNew<vtkGenericOpenGLRenderWindow> m_window;
     vtkNew<vtkRenderer> m_desk;
     std::map<kernel::UniqueId, Slot> m_slots;
+    std::vector<FrameView*> m_drawn; // the plots in the window, in their order
 
     kernel::UniqueId m_draggedFrame = 0;
     QPointF m_pressPosition;

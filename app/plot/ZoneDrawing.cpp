@@ -4,10 +4,12 @@
 #include "app/plot/FiniteElementShape.h"
 #include "app/plot/OrderedShape.h"
 #include "app/plot/PlotTheme.h"
+#include "kernel/compute/Parallel.h"
 
 #include <vtkCellData.h>
 #include <vtkFloatArray.h>
 #include <vtkIdList.h>
+#include <vtkIdTypeArray.h>
 #include <vtkPointData.h>
 #include <vtkPoints.h>
 #include <vtkPolyData.h>
@@ -15,10 +17,13 @@
 #include <vtkProperty.h>
 
 #include <algorithm>
+#include <numeric>
 
 namespace veldraw::app {
 
 namespace {
+
+constexpr char numberName[] = "number of the point";
 
 using Positions = std::array<FieldValues, 3>;
 
@@ -132,31 +137,35 @@ vtkSmartPointer<vtkPoints> placePoints(ZoneShape& shape, Positions const& positi
     return points;
 }
 
-// The contour variable as a share of the common range, so that single precision is enough for any offset.
-void colour(vtkPolyData& drawing, ZoneShape const& shape, kernel::Field const& field, FieldLook const& look)
+// A note at each point which one it was, for a filter that doubles points.
+void numberPoints(vtkPolyData& drawing)
 {
-    FieldValues const values(&field);
-    bool const nodal = field.location() == ValueLocation_Nodal;
-    std::int64_t const count = nodal ? shape.pointCount : shape.cellCount();
-    double const width = look.contourMax - look.contourMin;
-    vtkNew<vtkFloatArray> shares;
-    shares->SetNumberOfValues(count);
-    for (std::int64_t n = 0; n < count; ++n) {
-        double const value = values.at(nodal ? shape.pointOf(n) : shape.cellOf(n));
-        double const share = width > 0.0 ? (value - look.contourMin) / width : value - value + 0.5;
-        shares->SetValue(n, static_cast<float>(share));
-    }
-    if (nodal)
-        drawing.GetPointData()->SetScalars(shares);
-    else
-        drawing.GetCellData()->SetScalars(shares);
+    vtkNew<vtkIdTypeArray> numbers;
+    numbers->SetNumberOfValues(drawing.GetNumberOfPoints());
+    std::iota(numbers->Begin(), numbers->End(), vtkIdType(0));
+    numbers->SetName(numberName);
+    drawing.GetPointData()->AddArray(numbers);
 }
 
-// Normals make a curved surface look smooth. Faces of an ordered volume do not share points, so its edges stay sharp.
+// Takes the notes off again, and has the shape tell of the points that there are now.
+void followNumbers(vtkPolyData& drawing, ZoneShape& shape)
+{
+    auto* const numbers = vtkIdTypeArray::SafeDownCast(drawing.GetPointData()->GetArray(numberName));
+    if (drawing.GetNumberOfPoints() > shape.pointCount) {
+        std::vector<std::int64_t> followed;
+        followed.reserve(static_cast<std::size_t>(numbers->GetNumberOfValues()));
+        for (vtkIdType n = 0; n < numbers->GetNumberOfValues(); ++n)
+            followed.push_back(shape.pointOf(numbers->GetValue(n)));
+        shape.points = std::move(followed);
+        shape.pointCount = drawing.GetNumberOfPoints();
+    }
+    drawing.GetPointData()->RemoveArray(numberName);
+}
+
+// Normals make a curved surface look smooth. At sharp edges points are doubled; faces of an ordered volume do not share points,
+// so its edges stay sharp without.
 vtkSmartPointer<vtkPolyData> withNormals(vtkPolyData* drawing, bool hasSharpEdges)
 {
-    if (drawing->GetNumberOfPolys() == 0)
-        return drawing;
     vtkNew<vtkPolyDataNormals> normals;
     normals->SetInputData(drawing);
     normals->SetSplitting(hasSharpEdges);
@@ -165,6 +174,16 @@ vtkSmartPointer<vtkPolyData> withNormals(vtkPolyData* drawing, bool hasSharpEdge
     normals->AutoOrientNormalsOff();
     normals->Update();
     return normals->GetOutput();
+}
+
+vtkSmartPointer<vtkPolyData> light(vtkPolyData* drawing, ZoneShape& shape, bool hasSharpEdges)
+{
+    if (!hasSharpEdges)
+        return withNormals(drawing, false);
+    numberPoints(*drawing);
+    auto lit = withNormals(drawing, true);
+    followNumbers(*lit, shape);
+    return lit;
 }
 
 float pointSize(std::int64_t count)
@@ -191,11 +210,13 @@ ZoneDrawing::ZoneDrawing(kernel::DataSet const& dataSet, int number, FieldLook c
         drawing->SetLines(shape.lines);
     if (shape.polygons)
         drawing->SetPolys(shape.polygons);
+    if (look.inSpace && shape.polygons)
+        drawing = light(drawing, shape, !zone->isOrdered());
     kernel::Field const* const contour = dataSet.field(number, look.contourVariable);
-    if (contour)
-        colour(*drawing, shape, *contour, look);
-    if (look.inSpace)
-        drawing = withNormals(drawing, !zone->isOrdered());
+    if (contour) {
+        m_slots = std::move(contour->location() == ValueLocation_Nodal ? shape.points : shape.cells);
+        colour(*drawing, *contour, look);
+    }
 
     m_mapper->SetInputData(drawing);
     m_mapper->SetScalarVisibility(contour != nullptr);
@@ -207,6 +228,35 @@ ZoneDrawing::ZoneDrawing(kernel::DataSet const& dataSet, int number, FieldLook c
 }
 
 ZoneDrawing::~ZoneDrawing() = default;
+
+void ZoneDrawing::recolour(kernel::DataSet const& dataSet, FieldLook const& look)
+{
+    if (kernel::Field const* const contour = dataSet.field(m_zone, look.contourVariable))
+        colour(*m_mapper->GetInput(), *contour, look);
+}
+
+// The contour variable as a share of the common range, so that single precision is enough for any offset.
+void ZoneDrawing::colour(vtkPolyData& drawing, kernel::Field const& field, FieldLook const& look) const
+{
+    FieldValues const values(&field);
+    bool const nodal = field.location() == ValueLocation_Nodal;
+    std::int64_t const count = nodal ? drawing.GetNumberOfPoints() : drawing.GetNumberOfCells();
+    double const width = look.contourMax - look.contourMin;
+    vtkNew<vtkFloatArray> shares;
+    shares->SetNumberOfValues(count);
+    float* const target = shares->GetPointer(0);
+    kernel::parallelFor(count, [&](std::int64_t first, std::int64_t last, std::int64_t) {
+        for (std::int64_t n = first; n < last; ++n) {
+            double const value = values.at(m_slots.empty() ? n : m_slots[static_cast<std::size_t>(n)]);
+            double const share = width > 0.0 ? (value - look.contourMin) / width : value - value + 0.5;
+            target[n] = static_cast<float>(share);
+        }
+    });
+    if (nodal)
+        drawing.GetPointData()->SetScalars(shares);
+    else
+        drawing.GetCellData()->SetScalars(shares);
+}
 
 void ZoneDrawing::styleActor(FieldLook const& look)
 {
@@ -239,7 +289,8 @@ long long ZoneDrawing::cellCount() const
 
 long long ZoneDrawing::bytes() const
 {
-    return static_cast<long long>(m_mapper->GetInput()->GetActualMemorySize()) * 1024;
+    return static_cast<long long>(m_mapper->GetInput()->GetActualMemorySize()) * 1024 +
+           static_cast<long long>(m_slots.capacity() * sizeof(m_slots.front()));
 }
 
 } // namespace veldraw::app

@@ -10,7 +10,9 @@
 #include <vtkSmartPointer.h>
 
 #include <array>
+#include <cstdint>
 #include <memory>
+#include <vector>
 
 namespace veldraw::app {
 
@@ -37,6 +39,10 @@ public:
     ZoneDrawing(kernel::DataSet const& dataSet, int number, FieldLook const& look);
     ~ZoneDrawing();
 
+    /// Shows the present values of the contour variable, in the colours of @p look; all else is as when it was drawn, and so is
+    /// which variable that is.
+    void recolour(kernel::DataSet const& dataSet, FieldLook const& look);
+
     vtkActor* actor() const { return m_actor; }
     int zoneNumber() const { return m_zone; }
 
@@ -53,9 +59,11 @@ public:
     ZoneDrawing& operator=(ZoneDrawing const&) = delete;
 
 private:
+    void colour(vtkPolyData& drawing, kernel::Field const& field, FieldLook const& look) const;
     void styleActor(FieldLook const& look);
 
     int m_zone;
+    std::vector<std::int64_t> m_slots; // of the contour's values, for each drawn point or cell; empty = in order
     std::shared_ptr<kernel::Connectivity const> m_connectivity; // must outlive the mapper's adopted arrays
     vtkNew<PartwiseMapper> m_mapper;
     vtkNew<vtkActor> m_actor;

@@ -1,6 +1,8 @@
 #include "tests/app/plot/PlotTestPage.h"
 #include "tests/app/plot/SampleData.h"
 
+#include <vtkPoints.h>
+#include <vtkPolyData.h>
 #include <vtkScalarsToColors.h>
 
 #include <gtest/gtest.h>
@@ -103,6 +105,19 @@ TEST_P(EditedValue, OfTheContourWidensTheRangeOfTheColours)
     EXPECT_EQ(page.field().legend().GetLookupTable()->GetRange()[1], 1e3);
 }
 
+TEST_P(EditedValue, OfTheContourIsShownAsInAFreshPictureButTheShapeIsKept)
+{
+    int const variable = page.frame().variableNumber('C');
+    vtkPoints const* const points = page.field().zones().front()->surface().GetPoints();
+    for (double const value : {0.5, 1e3}) {
+        ASSERT_TRUE(page.session().setValue(dataSet(), 1, variable, 1, value, false));
+        QImage const followed = page.plot();
+        EXPECT_EQ(page.field().zones().front()->surface().GetPoints(), points);
+        PlotTestPage fresh({SampleData::frame("Data", page.frame().dataSet, GetParam().plotType)});
+        EXPECT_EQ(PlotTestPage::differingPixels(followed, fresh.plot()), 0) << value;
+    }
+}
+
 TEST_P(EditedValue, OfACoordinateMovesThePoint)
 {
     expectShown(page.frame().axisVariables()[0], 1, 0.6);
@@ -157,6 +172,20 @@ TEST(EditedValueOfTheContour, IsShownInEveryFrameThatDrawsIt)
     ASSERT_TRUE(page.session().undo());
     EXPECT_EQ(PlotTestPage::differingPixels(plane, page.plot(0)), 0);
     EXPECT_EQ(PlotTestPage::differingPixels(space, page.plot(1)), 0);
+}
+
+TEST(EditedValueOfTheContour, AtASharpEdgeIsShownOnAllItsSides)
+{
+    PlotTestPage page({SampleData::frame("Data", SampleData::bricks(3), PlotType_Cartesian3D)});
+    page.plot();
+    kernel::DataSet& set = *page.frame().dataSet;
+    int const variable = page.frame().variableNumber('C');
+    for (std::int64_t point : {0, 1, 15, 63}) {
+        ASSERT_TRUE(page.session().setValue(set, 1, variable, point, 0.25, false));
+        QImage const followed = page.plot();
+        PlotTestPage fresh({SampleData::frame("Data", page.frame().dataSet, PlotType_Cartesian3D)});
+        EXPECT_EQ(PlotTestPage::differingPixels(followed, fresh.plot()), 0) << point;
+    }
 }
 
 TEST(EditedValueOfTheContour, BringsTheLegendWhereThereWereNoValues)

@@ -7,6 +7,8 @@
 #include <vtkCallbackCommand.h>
 #include <vtkCamera.h>
 #include <vtkProperty.h>
+#include <vtkRenderWindow.h>
+#include <vtkRendererCollection.h>
 
 #include <array>
 #include <gtest/gtest.h>
@@ -209,6 +211,23 @@ TEST(PageView, MovesByTheKeyboard)
     EXPECT_GT(camera->GetFocalPoint()[0], 0.01);
     QTest::keyClick(page.view().windowHandle(), Qt::Key_Home);
     EXPECT_EQ(PlotTestPage::differingPixels(before, page.picture()), 0);
+}
+
+TEST(PageView, KeepsWhatIsOnTheGraphicsCardWhileAPlotIsMovedOrOneIsBroughtUpToDate)
+{
+    PlotTestPage page({SampleData::frame("Block", SampleData::block(20, 15, 10), PlotType_Cartesian3D),
+                       SampleData::frame("Sheet", SampleData::sheet(9, 9), PlotType_Cartesian2D)});
+    QImage const before = page.picture();
+    // A plot that is taken out of the window, even for a moment, lets everything go there.
+    vtkRendererCollection& plots = *page.field().stage().GetRenderWindow()->GetRenderers();
+    vtkMTimeType const time = plots.GetMTime();
+    page.drag(page.at(0.4, 0.5), page.at(0.6, 0.6));
+    page.session().setShowMesh(page.frame(1).id, true);
+    EXPECT_GT(PlotTestPage::differingPixels(before, page.picture()), 100);
+    EXPECT_EQ(time, plots.GetMTime());
+    page.session().deleteFrame(page.frame(1).id);
+    page.picture();
+    EXPECT_NE(time, plots.GetMTime());
 }
 
 TEST(PageView, StopsListeningWhenItGoes)

@@ -2,7 +2,9 @@
 
 #include "app/export/ExportError.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <fcntl.h>
@@ -21,16 +23,62 @@ std::string linkTarget(std::string const& path)
     return error ? path : canonical.string();
 }
 
-// Forces the contents to the disk, so that a lack of room shows before the old file is gone.
-void synchronise(std::string const& path)
+class OpenFile
 {
-    int const file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-    bool const good = file >= 0 && ::fsync(file) == 0;
-    int const reason = errno;
-    if (file >= 0)
-        ::close(file);
-    if (!good)
-        throw ExportError(std::strerror(reason));
+public:
+    explicit OpenFile(std::string const& path)
+        : m_descriptor(::open(path.c_str(), O_RDONLY | O_CLOEXEC))
+    {
+        require(m_descriptor >= 0);
+    }
+    ~OpenFile() { ::close(m_descriptor); }
+
+    std::int64_t size() const
+    {
+        struct stat facts
+        {
+        };
+        require(::fstat(m_descriptor, &facts) == 0);
+        return facts.st_size;
+    }
+
+    // Brings a piece to the disk; where a file system cannot do that, synchronise() does it all. Errors of the disk are told
+    // once, so that they must not be missed here.
+    void flush(std::int64_t offset, std::int64_t bytes) const
+    {
+        constexpr unsigned all = SYNC_FILE_RANGE_WAIT_BEFORE | SYNC_FILE_RANGE_WRITE | SYNC_FILE_RANGE_WAIT_AFTER;
+        bool const good = ::sync_file_range(m_descriptor, offset, bytes, all) == 0;
+        require(good || (errno != EIO && errno != ENOSPC && errno != EDQUOT));
+    }
+
+    void synchronise() const { require(::fsync(m_descriptor) == 0); }
+
+    OpenFile(OpenFile const&) = delete;
+    OpenFile& operator=(OpenFile const&) = delete;
+
+private:
+    static void require(bool isGood)
+    {
+        if (!isGood)
+            throw ExportError(std::strerror(errno));
+    }
+
+    int m_descriptor;
+};
+
+// Forces the contents to the disk, so that a lack of room shows before the old file is gone. Piece by piece, since a large
+// file takes long and the user may not want to wait.
+void synchronise(std::string const& path, ExportProgress& progress)
+{
+    constexpr std::int64_t piece = 8 << 20;
+    OpenFile const file(path);
+    std::int64_t const size = file.size();
+    progress.begin(static_cast<double>(size));
+    for (std::int64_t offset = 0; offset < size; offset += piece) {
+        file.flush(offset, std::min(piece, size - offset));
+        progress.check(static_cast<double>(offset) / static_cast<double>(size));
+    }
+    file.synchronise();
 }
 
 } // namespace
@@ -69,10 +117,10 @@ void AtomicFiles::addFolder(std::string const& folder)
         throw ExportError("the folder \"" + folder + "\" cannot be made: " + std::strerror(errno));
 }
 
-void AtomicFiles::commit()
+void AtomicFiles::commit(ExportProgress& progress)
 {
     for (File const& file : m_files) {
-        synchronise(file.temporary);
+        synchronise(file.temporary, progress);
         struct stat old
         {
         };

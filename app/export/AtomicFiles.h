@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/export/ExportProgress.h"
+
 #include <string>
 #include <vector>
 
@@ -22,8 +24,9 @@ public:
     void addFolder(std::string const& folder);
 
     /// Puts the files in place; permissions of files that stood there are kept.
+    /// @param progress hears how much of them has reached the disk; it may throw, and nothing is in place then
     /// @throws ExportError when the disk takes the files back; nothing is in place then, unless a rename failed half way
-    void commit();
+    void commit(ExportProgress& progress);
 
     AtomicFiles(AtomicFiles const&) = delete;
     AtomicFiles& operator=(AtomicFiles const&) = delete;

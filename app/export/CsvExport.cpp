@@ -48,7 +48,8 @@ void appendValue(std::string& text, Column const& column, std::int64_t row)
     text.append(digits.data(), result.ptr);
 }
 
-void writeRows(std::ofstream& file, std::vector<Column> const& columns, std::int64_t rows, char separator)
+void writeRows(std::ofstream& file, std::vector<Column> const& columns, std::int64_t rows, char separator,
+               ExportProgress& progress)
 {
     constexpr std::size_t flushAt = 1 << 20;
     std::string text;
@@ -65,13 +66,15 @@ void writeRows(std::ofstream& file, std::vector<Column> const& columns, std::int
         if (text.size() > flushAt || row + 1 == rows) {
             file.write(text.data(), static_cast<std::streamsize>(text.size()));
             text.clear();
+            progress.check(static_cast<double>(row) / static_cast<double>(rows));
         }
     }
 }
 
 } // namespace
 
-std::vector<std::string> writeCsv(kernel::DataSet const& dataSet, int zone, char separator, std::string const& path)
+std::vector<std::string> writeCsv(kernel::DataSet const& dataSet, int zone, char separator, std::string const& path,
+                                  ExportProgress& progress)
 {
     std::vector<Column> columns;
     std::vector<std::string> leftOut;
@@ -89,7 +92,7 @@ std::vector<std::string> writeCsv(kernel::DataSet const& dataSet, int zone, char
     if (columns.empty())
         throw ExportError("zone \"" + dataSet.zone(zone)->name + "\" has no nodal values, which a table could hold");
     std::ofstream file(path, std::ios::binary | std::ios::trunc);
-    writeRows(file, columns, dataSet.zone(zone)->pointCount(), separator);
+    writeRows(file, columns, dataSet.zone(zone)->pointCount(), separator, progress);
     file.close();
     if (!file)
         throw ExportError("the file could not be written; the disk may be full");

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/export/ExportProgress.h"
 #include "kernel/data/DataSet.h"
 
 #include <string>
@@ -12,8 +13,10 @@ namespace veldraw::app {
 /// @param zone      one-based
 /// @param separator comma or tab
 /// @param path      file to write over
+/// @param progress hears of the rows that are written
 /// @return names of the cell-centred variables that were left out
-/// @throws ExportError nothing to write, or the file cannot be written
-std::vector<std::string> writeCsv(kernel::DataSet const& dataSet, int zone, char separator, std::string const& path);
+/// @throws ExportError nothing to write, or the file cannot be written; ExportCancelled
+std::vector<std::string> writeCsv(kernel::DataSet const& dataSet, int zone, char separator, std::string const& path,
+                                  ExportProgress& progress);
 
 } // namespace veldraw::app

@@ -2,6 +2,7 @@
 
 #include "app/export/AtomicFiles.h"
 #include "app/export/CsvExport.h"
+#include "app/export/ExportProgress.h"
 #include "app/export/VtkExport.h"
 #include "app/import/PathChecks.h"
 
@@ -55,7 +56,24 @@ QByteArray multiBlockText(std::vector<std::pair<std::string, std::string>> const
     return text;
 }
 
-ExportResult exportPieces(kernel::DataSet const& dataSet, std::string const& path)
+// A measure of the bytes that a zone takes in a file.
+double workOf(kernel::Zone const& zone)
+{
+    double work = 1.0;
+    for (kernel::Field const& field : zone.fields)
+        work += field.isPassive() ? 0.0 : static_cast<double>(field.group()->buffer()->bytes());
+    return work;
+}
+
+double workOf(kernel::DataSet const& dataSet)
+{
+    double work = 0.0;
+    for (auto const& zone : dataSet.zones())
+        work += workOf(*zone);
+    return work;
+}
+
+ExportResult exportPieces(kernel::DataSet const& dataSet, std::string const& path, ExportProgress& progress)
 {
     AtomicFiles files;
     std::string const name = baseNameOf(path);
@@ -69,23 +87,26 @@ ExportResult exportPieces(kernel::DataSet const& dataSet, std::string const& pat
         kernel::Zone const& source = *dataSet.zone(zone);
         std::string const format = VtkExport::usualFormat(source);
         std::string const file = name + "_" + std::to_string(zone) + "." + format;
-        writer.write(zone, format, files.add((folder / file).string()));
+        progress.begin(workOf(source));
+        writer.write(zone, format, files.add((folder / file).string()), progress);
         pieces.emplace_back(source.name, name + "/" + file);
         result.files.append(toQt((folder / file).string()));
     }
     writeBytes(files.add(path), multiBlockText(pieces));
-    files.commit();
+    files.commit(progress);
     return result;
 }
 
-ExportResult exportOneZone(kernel::DataSet const& dataSet, std::string const& path, std::string const& format)
+ExportResult exportOneZone(kernel::DataSet const& dataSet, std::string const& path, std::string const& format,
+                           ExportProgress& progress)
 {
     if (dataSet.zoneCount() != 1)
         throw ExportError("this format takes one zone, and there are " + std::to_string(dataSet.zoneCount()) +
                           "; .vtm takes them all");
     AtomicFiles files;
-    VtkExport(dataSet).write(1, format, files.add(path));
-    files.commit();
+    progress.begin(workOf(*dataSet.zone(1)));
+    VtkExport(dataSet).write(1, format, files.add(path), progress);
+    files.commit(progress);
     return {{toQt(path)}, {}};
 }
 
@@ -95,7 +116,8 @@ void addLeftOut(ExportResult& result, kernel::Zone const& zone, std::vector<std:
         result.remarks.push_back("Zone \"" + zone.name + "\": \"" + name + "\" is cell-centred and was left out");
 }
 
-ExportResult exportTables(kernel::DataSet const& dataSet, std::string const& path, char separator)
+ExportResult exportTables(kernel::DataSet const& dataSet, std::string const& path, char separator,
+                          ExportProgress& progress)
 {
     AtomicFiles files;
     ExportResult result;
@@ -104,13 +126,14 @@ ExportResult exportTables(kernel::DataSet const& dataSet, std::string const& pat
         fs::path file = target;
         if (dataSet.zoneCount() > 1)
             file.replace_filename(target.stem().string() + "_" + std::to_string(zone) + target.extension().string());
-        addLeftOut(result, *dataSet.zone(zone), writeCsv(dataSet, zone, separator, files.add(file.string())));
+        progress.begin(workOf(*dataSet.zone(zone)));
+        addLeftOut(result, *dataSet.zone(zone), writeCsv(dataSet, zone, separator, files.add(file.string()), progress));
         result.files.append(toQt(file.string()));
     }
     if (dataSet.zoneCount() > 1)
         result.remarks.push_back("A table holds one zone: " + std::to_string(dataSet.zoneCount()) +
                                  " files were written, with the zone's number in their names");
-    files.commit();
+    files.commit(progress);
     return result;
 }
 
@@ -128,29 +151,35 @@ void requireAllLoaded(kernel::DataSet const& dataSet)
     }
 }
 
-ExportResult exportTo(kernel::DataSet const& dataSet, std::string const& path)
+ExportResult exportTo(kernel::DataSet const& dataSet, std::string const& path,
+                      std::function<bool(double)> const& listener)
 {
     requireAllLoaded(dataSet);
     std::string const extension = extensionOf(path);
     if (dataSet.zoneCount() == 0)
         throw ExportError("there are no zones to write");
+    // Bringing it to the disk may take as long as writing it.
+    ExportProgress progress(listener, 2.0 * workOf(dataSet));
     if (extension == "csv" || extension == "tsv")
-        return exportTables(dataSet, path, extension == "csv" ? ',' : '\t');
+        return exportTables(dataSet, path, extension == "csv" ? ',' : '\t', progress);
     if (extension == "vtm")
-        return exportPieces(dataSet, path);
+        return exportPieces(dataSet, path, progress);
     if (extension == "vti" || extension == "vts" || extension == "vtu" || extension == "vtp")
-        return exportOneZone(dataSet, path, extension);
+        return exportOneZone(dataSet, path, extension, progress);
     throw ExportError("files of this kind (." + extension + ") cannot be written");
 }
 
 } // namespace
 
-ExportResult exportDataSet(kernel::DataSet const& dataSet, QString const& path)
+ExportResult exportDataSet(kernel::DataSet const& dataSet, QString const& path,
+                           std::function<bool(double)> const& progress)
 {
     std::string const name = path.toStdString();
     std::string const start = "Cannot save \"" + name + "\": ";
     try {
-        return exportTo(dataSet, name);
+        return exportTo(dataSet, name, progress);
+    } catch (ExportCancelled const&) {
+        throw;
     } catch (ExportError const& error) {
         throw ExportError(start + error.what() + ".");
     } catch (std::bad_alloc const&) {

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -27,8 +28,10 @@ struct ExportResult
 ///
 /// Everything is written to temporary files beside the target first and renamed at the end: a failure leaves old files
 /// alone.
-/// @throws ExportError
-ExportResult exportDataSet(kernel::DataSet const& dataSet, QString const& path);
+/// @param progress called with 0..1 now and then, on the calling thread; its answer false cancels
+/// @throws ExportError; ExportCancelled progress() answered false, and nothing is written
+ExportResult exportDataSet(kernel::DataSet const& dataSet, QString const& path,
+                           std::function<bool(double)> const& progress = {});
 
 /// Filters for a file dialog.
 QStringList exportNameFilters();

@@ -4,6 +4,7 @@
 #include "app/export/GridConversion.h"
 #include "app/export/UniqueNames.h"
 #include "app/import/BlockFacts.h"
+#include "app/vtk/ProgressObserver.h"
 #include "app/vtk/VtkErrorCapture.h"
 #include "app/vtk/XmlNames.h"
 #include "app/vtk/ZoneToVtk.h"
@@ -75,7 +76,7 @@ std::string VtkExport::usualFormat(kernel::Zone const& zone)
     return zone.isOrdered() ? "vts" : "vtu";
 }
 
-void VtkExport::write(int zone, std::string const& format, std::string const& path) const
+void VtkExport::write(int zone, std::string const& format, std::string const& path, ExportProgress& progress) const
 {
     auto grid = gridOf(zone);
     kernel::Zone const& source = *m_dataSet.zone(zone);
@@ -95,7 +96,10 @@ void VtkExport::write(int zone, std::string const& format, std::string const& pa
     writer->EncodeAppendedDataOff();
     writer->SetCompressorTypeToNone();
     writer->SetHeaderTypeToUInt64();
+    vtkNew<ProgressObserver> observer;
+    observer->watch(*writer, [&progress](double fraction) { return progress.show(fraction); });
     bool const written = writer->Write() != 0;
+    progress.check(1.0);
     if (!written || errors.hasErrors() || writer->GetErrorCode() != 0)
         throw ExportError(errors.hasErrors() ? errors.firstError()
                                              : "the file could not be written; the disk may be full");

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/export/ExportProgress.h"
 #include "kernel/data/DataSet.h"
 
 #include <vtkDataSet.h>
@@ -21,8 +22,9 @@ public:
     static std::string usualFormat(kernel::Zone const& zone);
 
     /// Writes one zone. @param zone one-based; @param format vti, vts, vtu or vtp; @param path file to write over
-    /// @throws ExportError the format does not fit the zone, or the file cannot be written
-    void write(int zone, std::string const& format, std::string const& path) const;
+    /// @param progress hears how much of it is written
+    /// @throws ExportError the format does not fit the zone, or the file cannot be written; ExportCancelled
+    void write(int zone, std::string const& format, std::string const& path, ExportProgress& progress) const;
 
 private:
     vtkSmartPointer<vtkDataSet> gridOf(int zone) const;

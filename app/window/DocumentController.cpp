@@ -4,6 +4,7 @@
 #include "app/export/WholeDataSet.h"
 #include "host/MessageLog.h"
 #include "host/MessagePresenter.h"
+#include "kernel/compute/Progress.h"
 #include "platform/vdsdkcommon/AppLock.h"
 #include "platform/vdsdkcommon/WaitState.h"
 
@@ -194,10 +195,10 @@ bool DocumentController::save(QString const& path)
     try {
         sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
         sdk::WaitState const busy;
-        if (!loadWholeDataSet(m_session, *dataSet))
-            throw ExportError("Cannot save \"" + path.toStdString() + "\": " + m_session.lastError());
-        ExportResult const result = exportDataSet(*dataSet, path);
-        takeDown(path, result.remarks);
+        takeDown(path, write(*dataSet, path));
+    } catch (ExportCancelled const&) {
+        Q_EMIT told(QStringLiteral("Saving was cancelled."));
+        return false;
     } catch (std::exception const& error) {
         tellError(QString::fromStdString(error.what()));
         return false;
@@ -211,6 +212,27 @@ bool DocumentController::save(QString const& path)
             ? QStringLiteral("Saved %1").arg(QFileInfo(path).fileName())
             : QStringLiteral("Saved %1. Other frames still have unsaved data.").arg(QFileInfo(path).fileName()));
     return true;
+}
+
+// As a long operation of the session: with a progress window, and the data stays as it is meanwhile.
+std::vector<std::string> DocumentController::write(kernel::DataSet& dataSet, QString const& path)
+{
+    if (!loadWholeDataSet(m_session, dataSet)) {
+        std::string const reason = "Cannot save \"" + path.toStdString() + "\": " + m_session.lastError();
+        if (m_session.isInterrupted())
+            throw ExportCancelled(reason);
+        throw ExportError(reason);
+    }
+    ExportResult result;
+    m_session.runOperation("Save " + QFileInfo(path).fileName().toStdString(), [&](kernel::Progress& progress) {
+        constexpr std::int64_t steps = 10000;
+        progress.setTotal(steps);
+        result = exportDataSet(dataSet, path, [&progress](double fraction) {
+            progress.advance(static_cast<std::int64_t>(fraction * steps) - progress.done());
+            return !progress.isInterrupted();
+        });
+    });
+    return result.remarks;
 }
 
 // Nothing is unsaved any more once each data set has been saved since the last change.

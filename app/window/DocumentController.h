@@ -72,6 +72,7 @@ private:
     bool put(std::vector<Opened> const& opened, Place place);
     void putOnFreshPage(std::vector<Opened> const& opened);
     bool addToPage(std::vector<Opened> const& opened);
+    std::vector<std::string> write(kernel::DataSet& dataSet, QString const& path);
     void noteSaved();
     bool isLocked();
     QString lastFolder() const;

@@ -1,4 +1,5 @@
 #include "app/import/Importer.h"
+#include "app/window/ProgressWindow.h"
 #include "tests/app/window/WindowTest.h"
 
 #include <QAction>
@@ -9,8 +10,10 @@
 #include <QFileInfo>
 #include <QImage>
 #include <QLineEdit>
+#include <QStatusBar>
 #include <QTest>
 #include <QTimer>
+#include <QWindow>
 
 namespace veldraw::tests {
 
@@ -65,6 +68,42 @@ TEST_F(SaveTest, SavingMakesTheStateClean)
     EXPECT_TRUE(session.history().isClean());
     settle();
     EXPECT_FALSE(window->isWindowModified());
+}
+
+TEST_F(SaveTest, ALongOneCanBeCancelledAndLeavesTheOldFileWhole)
+{
+    auto const series = std::make_shared<kernel::DataSet>("long series");
+    constexpr int rows = 10000000; // of text, which takes many seconds
+    series->addZone(std::make_shared<kernel::Zone>("probe", ZoneType_Ordered, rows, 1, 1));
+    auto const values = std::make_shared<kernel::ShareGroup>(kernel::Buffer::allocate(FieldDataType_Double, rows));
+    for (int variable = 0; variable < 30; ++variable) {
+        series->addVariable(std::make_shared<kernel::Variable>("v" + std::to_string(variable)));
+        series->zone(1)->fields.back() = kernel::Field(values, ValueLocation_Nodal);
+    }
+    openFrames({{"series", series}});
+    showWindow();
+    session.renameVariable(*series, 1, "time");
+    QString const path = writeFile(QStringLiteral("out.csv"), "old");
+    QString title;
+    std::function<void()> const cancel = [&] {
+        auto* const progress = dynamic_cast<app::ProgressWindow*>(QApplication::activeModalWidget());
+        if (!progress) {
+            QTimer::singleShot(5, window.get(), cancel);
+            return;
+        }
+        title = progress->windowTitle();
+        QTest::keyClick(progress->windowHandle(), Qt::Key_Escape);
+    };
+    QTimer::singleShot(5, window.get(), cancel);
+    EXPECT_FALSE(window->documents().save(path));
+    EXPECT_EQ(QStringLiteral("Save out.csv"), title);
+    EXPECT_TRUE(messages.empty()) << "the user knows";
+    EXPECT_EQ(QStringLiteral("Saving was cancelled."), window->statusBar()->currentMessage());
+    EXPECT_FALSE(session.history().isClean());
+    EXPECT_EQ(1, QDir(folder.path()).entryList({QStringLiteral("out*")}, QDir::Files).size());
+    QFile old(path);
+    ASSERT_TRUE(old.open(QIODevice::ReadOnly));
+    EXPECT_EQ("old", old.readAll());
 }
 
 TEST_F(SaveTest, EveryDataSetOnThePageHasToBeSaved)

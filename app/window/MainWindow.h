@@ -1,10 +1,12 @@
 #pragma once
 
-#include "app/window/AssignmentDialog.h"
 #include "app/window/CentralView.h"
+#include "app/window/DataActions.h"
 #include "app/window/DocumentController.h"
+#include "app/window/FileActions.h"
 #include "app/window/FrameActions.h"
 #include "app/window/OperationWaiter.h"
+#include "app/window/PlotActions.h"
 #include "app/window/SessionFollower.h"
 #include "app/window/UndoActions.h"
 
@@ -13,22 +15,15 @@
 #include <memory>
 #include <vector>
 
-namespace veldraw::sdk::ui::dialogs::propertybindings {
-class RelevanceApplier;
-}
-
 namespace veldraw::app {
 
-class AssignmentPanel;
-class DataPanel;
 class HelpViewer;
-class MessagePanel;
-class NumberChooser;
-struct DataOperation;
+class MainDocks;
 
 /// The application's window: menus, tool bar, the page in the middle, docks with data, plot and messages, status bar.
 ///
-/// The window only puts things together; what they do stands in their own classes. Geometry and docks are kept in the
+/// The window only puts things together and tells what happens; what commands do stands in FileActions, FrameActions, PlotActions,
+/// DataActions and UndoActions, what stands around the page in MainDocks. Geometry and docks are kept in the
 /// user's settings. Objects have names, so that tests and the tour find them.
 class MainWindow : public QMainWindow
 {
@@ -51,27 +46,14 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
-    QAction* makeAction(char const* name, QIcon const& icon, QString const& text,
-                        std::function<void()> const& function);
-    void makeFileMenu();
-    void makeEditMenu();
-    void makeFrameMenu();
+    QMenu& addMenu(char const* name, QString const& title);
+    void makeMenus();
     void makePlotMenu();
-    void makeDataMenu();
-    void openOperation(DataOperation const& operation);
     void makeViewMenu();
     void makeHelpMenu();
     void makeToolBar();
-    void makeDocks();
-    QDockWidget* addDock(char const* name, QString const& title, QWidget& content, Qt::DockWidgetArea area);
-    void addFocusAction(QMenu& menu, char const* name, QString const& text, int key, QDockWidget& dock,
-                        std::function<void()> const& takeFocus);
     void connectParts();
-    void fillRecentMenu();
     void refresh();
-    void refreshTitle();
-    void chooseContour(int variable);
-    void assignVariables(AssignmentDialog::Kind kind);
     void tell(QString const& text);
     void tellPicks();
     void tellRefusal();
@@ -84,24 +66,11 @@ private:
     std::unique_ptr<DocumentController> m_documents;
     UndoActions m_undo;
     FrameActions m_frames;
-    AssignmentPanel* m_assignmentPanel = nullptr;
-    DataPanel* m_dataPanel = nullptr;
-    MessagePanel* m_messagePanel = nullptr;
-    NumberChooser* m_contourChooser = nullptr;
-    QMenu* m_recentMenu = nullptr;
-    QDockWidget* m_dataDock = nullptr;
-    QDockWidget* m_plotDock = nullptr;
-    QDockWidget* m_messageDock = nullptr;
-    QAction* m_open = nullptr;
-    QAction* m_openInNewFrame = nullptr;
-    QAction* m_saveAs = nullptr;
-    QAction* m_savePicture = nullptr;
-    QAction* m_fit = nullptr;
-    QAction* m_fitAll = nullptr;
-    QAction* m_assignAxes = nullptr;
-    QAction* m_assignVector = nullptr;
+    FileActions m_files;
+    PlotActions m_plots;
+    DataActions m_operations;
+    MainDocks* m_docks = nullptr;
     std::vector<kernel::UniqueId> m_toldPicks; // what the status bar has told last
-    std::vector<std::unique_ptr<sdk::ui::dialogs::propertybindings::RelevanceApplier>> m_appliers;
     std::unique_ptr<HelpViewer> m_helpViewer;
     OperationWaiter m_waiter;
     SessionFollower m_follower;

@@ -1,0 +1,68 @@
+#include "app/window/FileActions.h"
+
+#include "app/window/DocumentController.h"
+#include "app/window/Icons.h"
+#include "app/window/NewAction.h"
+
+#include <QFileInfo>
+#include <QMenu>
+#include <QTimer>
+
+namespace veldraw::app {
+
+using Place = DocumentController::Place;
+
+FileActions::FileActions(kernel::Session& session, DocumentController& documents, CentralView const& view,
+                         QWidget& window)
+    : QObject(&window)
+    , m_session(session)
+    , m_documents(documents)
+    , m_open(newAction(*this, "openAction", makeIcon(Glyph::Open), QStringLiteral("&Open..."),
+                       [this] { m_documents.openByDialog(Place::FreshPage); }))
+    , m_openInNewFrame(newAction(*this, "openInNewFrameAction", {}, QStringLiteral("Open in &New Frame..."),
+                                 [this] { m_documents.openByDialog(Place::NewFrames); }))
+    , m_saveAs(newAction(*this, "saveAsAction", makeIcon(Glyph::Save), QStringLiteral("&Save As..."),
+                         [this] { m_documents.saveAs(); }))
+    , m_savePicture(newAction(*this, "savePictureAction", makeIcon(Glyph::Picture),
+                              QStringLiteral("Save &Picture As..."),
+                              [this, grab = view.grabImage] { m_documents.savePictureAs(grab()); }))
+    , m_recentMenu(new QMenu(QStringLiteral("Open &Recent"), &window))
+    , m_follower(session, [this] { refresh(); })
+{
+    m_open->setShortcut(QKeySequence::Open);
+    m_openInNewFrame->setShortcut(Qt::CTRL + Qt::SHIFT + Qt::Key_O);
+    m_saveAs->setShortcut(Qt::CTRL + Qt::Key_S);
+    m_recentMenu->setObjectName(QStringLiteral("recentMenu"));
+    connect(&m_documents, &DocumentController::recentFilesChanged, this, &FileActions::fillRecentMenu);
+    fillRecentMenu();
+    refresh();
+}
+
+void FileActions::fillRecentMenu()
+{
+    m_recentMenu->clear();
+    int number = 0;
+    for (QString const& path : m_documents.recentFiles().list()) {
+        ++number;
+        QString const mnemonic = number < 10 ? QStringLiteral("&%1").arg(number) : QStringLiteral("1&0");
+        QString name = QFileInfo(path).fileName();
+        name.replace(QLatin1Char('&'), QLatin1String("&&"));
+        QAction* const action = m_recentMenu->addAction(mnemonic + QStringLiteral("  ") + name);
+        action->setToolTip(path);
+        action->setStatusTip(path);
+        action->setData(path);
+        // Later, since opening fills this very menu again.
+        connect(action, &QAction::triggered, this,
+                [this, path] { QTimer::singleShot(0, this, [this, path] { m_documents.openRecent(path); }); });
+    }
+    m_recentMenu->setEnabled(number > 0);
+}
+
+void FileActions::refresh()
+{
+    auto const frame = m_session.activeFrame();
+    m_saveAs->setEnabled(frame && frame->dataSet);
+    m_savePicture->setEnabled(frame != nullptr);
+}
+
+} // namespace veldraw::app

@@ -1,0 +1,86 @@
+#include "app/window/MainDocks.h"
+
+#include "app/window/AssignmentPanel.h"
+#include "app/window/DataPanel.h"
+#include "app/window/MessagePanel.h"
+#include "app/window/NewAction.h"
+#include "app/window/RecordView.h"
+
+#include <QDockWidget>
+#include <QListWidget>
+#include <QMainWindow>
+#include <QMenu>
+
+namespace veldraw::app {
+
+MainDocks::MainDocks(kernel::Session& session, QMainWindow& window, QWidget& page)
+    : QObject(&window)
+    , m_window(window)
+    , m_page(page)
+    , m_data(new DataPanel(session))
+    , m_assignment(new AssignmentPanel(session))
+    , m_messages(new MessagePanel)
+    , m_dataDock(add("dataDock", QStringLiteral("Data"), *m_data, Qt::LeftDockWidgetArea))
+    , m_plotDock(add("plotDock", QStringLiteral("Plot"), *m_assignment, Qt::LeftDockWidgetArea))
+    , m_messageDock(add("messageDock", QStringLiteral("Messages"), *m_messages, Qt::BottomDockWidgetArea))
+    , m_focusOnPlot(newFocusAction("assignAction", QStringLiteral("&Assign Variables"), Qt::CTRL + Qt::Key_4,
+                                   *m_plotDock, [this] { m_assignment->takeFocus(); }))
+{
+    window.setDockOptions(QMainWindow::AnimatedDocks | QMainWindow::AllowTabbedDocks | QMainWindow::AllowNestedDocks);
+    window.setTabPosition(Qt::AllDockWidgetAreas, QTabWidget::North);
+    window.setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
+    window.tabifyDockWidget(m_dataDock, m_plotDock);
+    // The tabs say already what these are.
+    m_dataDock->setTitleBarWidget(new QWidget);
+    m_plotDock->setTitleBarWidget(new QWidget);
+    m_dataDock->raise();
+    window.resizeDocks({m_dataDock}, {384}, Qt::Horizontal);
+    window.resizeDocks({m_messageDock}, {96}, Qt::Vertical);
+    connect(m_data, &DataPanel::editRefused, this, &MainDocks::refused);
+    connect(m_assignment, &AssignmentPanel::editRefused, this, &MainDocks::refused);
+}
+
+QDockWidget* MainDocks::add(char const* name, QString const& title, QWidget& content, Qt::DockWidgetArea area)
+{
+    auto* const dock = new QDockWidget(title, &m_window);
+    dock->setObjectName(QString::fromLatin1(name));
+    dock->setWidget(&content);
+    m_window.addDockWidget(area, dock);
+    return dock;
+}
+
+QAction* MainDocks::newFocusAction(char const* name, QString const& text, int key, QDockWidget& dock,
+                                   std::function<void()> const& takeFocus)
+{
+    QAction* const action = newAction(*this, name, {}, text, [&dock, takeFocus] {
+        dock.show();
+        dock.raise();
+        takeFocus();
+    });
+    action->setShortcut(key);
+    return action;
+}
+
+void MainDocks::addFocusActions(QMenu& menu)
+{
+    auto const add = [&](char const* name, QString const& text, int key, QDockWidget& dock, QWidget& target) {
+        menu.addAction(
+            newFocusAction(name, text, Qt::CTRL + key, dock, [&target] { target.setFocus(Qt::ShortcutFocusReason); }));
+    };
+    add("focusFramesAction", QStringLiteral("&Frames"), Qt::Key_1, *m_dataDock, m_data->frameView());
+    add("focusZonesAction", QStringLiteral("&Zones"), Qt::Key_2, *m_dataDock, m_data->zoneView());
+    add("focusVariablesAction", QStringLiteral("&Variables"), Qt::Key_3, *m_dataDock, m_data->variableView());
+    add("focusMessagesAction", QStringLiteral("&Messages"), Qt::Key_5, *m_messageDock, m_messages->list());
+    QAction* const page = newAction(*this, "focusPageAction", {}, QStringLiteral("&Page"),
+                                    [this] { m_page.setFocus(Qt::ShortcutFocusReason); });
+    page->setShortcut(Qt::CTRL + Qt::Key_0);
+    menu.addAction(page);
+}
+
+void MainDocks::addToggles(QMenu& menu)
+{
+    for (QDockWidget const* const dock : {m_dataDock, m_plotDock, m_messageDock})
+        menu.addAction(dock->toggleViewAction());
+}
+
+} // namespace veldraw::app

@@ -1,5 +1,5 @@
 // The range of ten million values.
-#include "kernel/data/RangeOfBuffer.h"
+#include "kernel/data/RangeOfParts.h"
 
 #include <benchmark/benchmark.h>
 
@@ -22,7 +22,7 @@ void range(benchmark::State& state, FieldDataType_e type)
 {
     std::shared_ptr<Buffer> const buffer = filled(type);
     for (auto _ : state) {
-        benchmark::DoNotOptimize(rangeOfBuffer(*buffer));
+        benchmark::DoNotOptimize(RangeOfParts().range(*buffer, {}));
     }
     state.SetBytesProcessed(state.iterations() * buffer->bytes());
 }
@@ -31,7 +31,7 @@ void rangeOfCellsInOrder(benchmark::State& state)
 {
     std::shared_ptr<Buffer> const buffer = filled(FieldDataType_Float);
     for (auto _ : state) {
-        benchmark::DoNotOptimize(rangeOfCells(*buffer, {1000, 100, 100}));
+        benchmark::DoNotOptimize(RangeOfParts().range(*buffer, {1000, 100, 100}));
     }
     state.SetBytesProcessed(state.iterations() * buffer->bytes());
 }

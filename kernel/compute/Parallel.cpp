@@ -33,6 +33,11 @@ std::int64_t parallelChunkCount(std::int64_t count)
     return count <= 0 ? 0 : chunksOf(count, chunkSize(count, smallestChunk));
 }
 
+std::int64_t parallelChunkSize(std::int64_t count)
+{
+    return count <= 0 ? smallestChunk : chunkSize(count, smallestChunk);
+}
+
 std::int64_t grainOfFreshMemory(std::int64_t count)
 {
     return count >= manyPages * floatsOfHugePage ? floatsOfHugePage : valuesForAThread;

@@ -19,7 +19,8 @@ void parallelFor(std::int64_t count, std::function<void(std::int64_t, std::int64
 /// side would each clear a page, and all of them but one for nothing.
 std::int64_t grainOfFreshMemory(std::int64_t count);
 
-/// Number of chunks that parallelFor() makes of @p count.
+/// Number of chunks that parallelFor() makes of @p count, and the size of each but the last; with the smallest grain.
 std::int64_t parallelChunkCount(std::int64_t count);
+std::int64_t parallelChunkSize(std::int64_t count);
 
 } // namespace veldraw::kernel

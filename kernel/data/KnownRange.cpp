@@ -1,7 +1,5 @@
 #include "kernel/data/KnownRange.h"
 
-#include "kernel/data/RangeOfBuffer.h"
-
 #include <algorithm>
 #include <cmath>
 
@@ -37,9 +35,9 @@ void KnownRange::forgetUnlessExact() noexcept
     }
 }
 
-void KnownRange::compute(Buffer const& buffer, Dimensions const& dims)
+void KnownRange::setComputed(ValueRange const& range, Dimensions const& dims) noexcept
 {
-    m_range = dims == Dimensions{} ? rangeOfBuffer(buffer) : rangeOfCells(buffer, dims);
+    m_range = range;
     m_isKnown = true;
     m_isGiven = false;
     m_dims = dims;

@@ -1,21 +1,15 @@
 #pragma once
 
-#include "kernel/data/ValueRange.h"
-
-#include <array>
-#include <cstdint>
+#include "kernel/data/RangeOfParts.h"
 
 namespace veldraw::kernel {
-
-class Buffer;
 
 /// What is known of the range of a group's values. A range is of all values, or of those at the cells of an ordered zone
 /// with certain point dimensions; one that was given holds for either.
 class KnownRange
 {
 public:
-    /// Point dimensions of an ordered zone with values at its cells; zeros stand for all values.
-    using Dimensions = std::array<std::int64_t, 3>;
+    using Dimensions = RangeOfParts::Dimensions;
 
     bool isKnownFor(Dimensions const& dims) const { return m_isKnown && (m_isGiven || m_dims == dims); }
     bool isKnown() const { return m_isKnown; }
@@ -30,7 +24,8 @@ public:
     /// Nothing is known, and nothing is to be computed.
     void leaveUnknown() noexcept;
 
-    void compute(Buffer const& buffer, Dimensions const& dims);
+    /// Takes the range that has been computed with these dimensions.
+    void setComputed(ValueRange const& range, Dimensions const& dims) noexcept;
     void forget() noexcept { *this = KnownRange(); }
 
     /// For values that have come into memory: anything but exact limits is computed when it is asked for.

@@ -39,6 +39,7 @@ void ShareGroup::unload() noexcept
 {
     if (canUnload()) {
         m_buffer.reset();
+        m_parts.forget();
     }
 }
 
@@ -52,6 +53,7 @@ Buffer& ShareGroup::writableBuffer()
     }
     m_isAltered = true;
     m_range.forget();
+    m_parts.forget();
     return *m_buffer;
 }
 
@@ -74,13 +76,15 @@ void ShareGroup::writeBits(std::int64_t index, std::uint64_t bits, KnownRange::D
 {
     double const before = m_buffer->value(index);
     m_buffer->setBits(index, bits);
+    double const after = m_buffer->value(index);
     m_isAltered = true;
+    m_parts.follow(index, before, after, dims);
     KnownRange known = m_range;
-    m_range.follow(before, m_buffer->value(index), dims);
+    m_range.follow(before, after, dims);
     if (isMapped() && !m_range.isKnownFor(dims)) { // not to be computed
         known.makeEstimate();
         m_range = known;
-        m_range.follow(before, m_buffer->value(index), dims);
+        m_range.follow(before, after, dims);
     }
 }
 
@@ -94,7 +98,7 @@ ValueRange const& ShareGroup::cellRange(std::int64_t i, std::int64_t j, std::int
         static ValueRange const unknown;
         return unknown;
     }
-    m_range.compute(*m_buffer, dims);
+    m_range.setComputed(m_parts.range(*m_buffer, dims), dims);
     return m_range.range();
 }
 

@@ -92,6 +92,7 @@ private:
     std::shared_ptr<ValueLoader> m_loader;
     bool m_isAltered = false; // for good: steps of the history may write here again
     mutable KnownRange m_range;
+    mutable RangeOfParts m_parts;
 };
 
 } // namespace veldraw::kernel

@@ -1,5 +1,6 @@
 #include "SampleData.h"
 #include "kernel/compute/Parallel.h"
+#include "kernel/data/RangeOfParts.h"
 
 #include <atomic>
 #include <gtest/gtest.h>
@@ -73,6 +74,71 @@ TEST(Range, OfManyValuesFindsTheExtremesWhereverTheyStand)
         buffer->setValue((place + 77) % count, 9.0);
         expectRange(ShareGroup(buffer).range(), -5, 9);
     }
+}
+
+namespace {
+
+/// Two million zeros with their range.
+struct ManyZeros
+{
+    static constexpr std::int64_t count = std::int64_t{1} << 21;
+
+    ManyZeros() { expectRange(parts.range(*buffer, {}), 0, 0); }
+
+    void set(std::int64_t index, double value, RangeOfParts::Dimensions const& dims = {})
+    {
+        double const before = buffer->value(index);
+        buffer->setValue(index, value);
+        parts.follow(index, before, buffer->value(index), dims);
+    }
+
+    std::shared_ptr<Buffer> buffer = Buffer::allocate(FieldDataType_Float, count);
+    RangeOfParts parts;
+};
+
+} // namespace
+
+TEST(RangeOfParts, FollowsValuesAndLooksAgainAtPartsThatHaveLostALimitAlone)
+{
+    ManyZeros many;
+    many.set(0, 5);
+    many.set(ManyZeros::count - 1, -7);
+    many.buffer->setValue(ManyZeros::count / 2, 9); // behind its back
+    expectRange(many.parts.range(*many.buffer, {}), -7, 5);
+    many.set(0, nan);
+    many.set(1, 2);
+    expectRange(many.parts.range(*many.buffer, {}), -7, 2);
+    many.set(ManyZeros::count - 1, -infinity);
+    expectRange(many.parts.range(*many.buffer, {}), 0, 2);
+    many.set(ManyZeros::count / 2 + 1, 1);
+    many.set(ManyZeros::count / 2 + 1, 0);
+    expectRange(many.parts.range(*many.buffer, {}), 0, 9);
+    many.buffer->setValue(ManyZeros::count / 2, 3);
+    many.parts.forget();
+    expectRange(many.parts.range(*many.buffer, {}), 0, 3);
+}
+
+TEST(RangeOfParts, KnowsNothingOfCellsFromTheValuesOfAllSlots)
+{
+    ManyZeros many;
+    many.set(ManyZeros::count / 2 - 1, 6); // the end of a row of points
+    expectRange(many.parts.range(*many.buffer, {}), 0, 6);
+    RangeOfParts::Dimensions const inTwoRows{ManyZeros::count / 2, 2, 1};
+    expectRange(many.parts.range(*many.buffer, inTwoRows), 0, 0);
+    many.set(ManyZeros::count - 2, 8, {2, 3, 4});
+    expectRange(many.parts.range(*many.buffer, inTwoRows), 0, 0);
+    many.set(17, 4, inTwoRows);
+    expectRange(many.parts.range(*many.buffer, inTwoRows), 0, 4);
+    expectRange(many.parts.range(*many.buffer, {}), 0, 8);
+}
+
+TEST(RangeOfParts, OfFewValuesIsComputedAnew)
+{
+    auto const buffer = Buffer::allocate(FieldDataType_Bit, 1000);
+    RangeOfParts parts;
+    expectRange(parts.range(*buffer, {}), 0, 0);
+    buffer->setValue(500, 1);
+    expectRange(parts.range(*buffer, {}), 0, 1);
 }
 
 TEST(Range, StepsOverTheOtherComponents)

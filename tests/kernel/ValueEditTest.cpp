@@ -9,6 +9,9 @@
 #include <cmath>
 #include <cstring>
 #include <limits>
+#include <map>
+#include <random>
+#include <set>
 #include <sys/mman.h>
 
 using namespace veldraw::kernel;
@@ -238,6 +241,47 @@ TEST_F(EditValue, KeepsTheRangeRightWhateverIsWritten)
     EXPECT_EQ(steps, 45);
 }
 
+TEST_F(EditValue, TellsCellsOfOneZoneFromThoseOfAnotherOnTheSameStorage)
+{
+    auto const other = std::make_shared<Zone>("other", ZoneType_Ordered, 2, 3, 1);
+    other->fields = dataSet->zone(1)->fields;
+    dataSet->addZone(other);
+    EXPECT_EQ(dataSet->zone(1)->range(5).max, 6);
+    ASSERT_TRUE(edit(3, 5, 2, 500, false)) << "a cell of the other zone alone";
+    EXPECT_EQ(dataSet->zone(1)->range(5).max, 6);
+    EXPECT_EQ(dataSet->zone(3)->range(5).max, 500);
+    EXPECT_EQ(dataSet->zone(1)->range(5).max, 6);
+}
+
+TEST_F(EditValue, KeepsTheRangeOfManyValuesRight)
+{
+    std::int64_t const count = (1 << 20) + 1000;
+    dataSet->zone(1)->fields[0] =
+        Field(std::make_shared<ShareGroup>(Buffer::allocate(FieldDataType_Int16, count)), ValueLocation_Nodal);
+    ShareGroup const& group = *field(1, 1).group();
+    std::multiset<double> all{0};
+    std::map<std::int64_t, double> written;
+    std::mt19937 random(7);
+    for (int number = 0; number < 400; ++number) {
+        std::int64_t const index = number % 5 == 0 ? count - 1 : static_cast<std::int64_t>(random() % count);
+        double const value = number % 3 == 0 ? 0 : static_cast<double>(random() % 2000) - 1000;
+        ASSERT_TRUE(edit(1, 1, index, value));
+        auto const old = written.find(index);
+        if (old != written.end()) {
+            all.erase(all.find(old->second));
+        }
+        written[index] = value;
+        all.insert(value);
+        if (number % 4 != 0) { // at times, so that several parts are to be looked at again
+            ASSERT_EQ(group.range().min, *all.begin()) << number;
+            ASSERT_EQ(group.range().max, *all.rbegin()) << number;
+        }
+    }
+    while (session.undo()) {
+    }
+    EXPECT_EQ(group.range().max, 0);
+}
+
 TEST_F(EditValue, ForgetsALimitThatBecomesInfinite)
 {
     EXPECT_EQ(dataSet->zone(1)->range(4).max, 15);
@@ -288,6 +332,21 @@ TEST_F(EditMappedValue, WidensTheEstimateInPlaceAndTakesItBack)
     EXPECT_EQ(dataSet->zone(2)->range(4).max, 9);
     EXPECT_TRUE(session.redo());
     EXPECT_EQ(dataSet->zone(2)->range(4).max, 20);
+}
+
+TEST_F(EditMappedValue, TakesExactLimitsForAnEstimateWhenOneOfThemGoes)
+{
+    loader->knownRange = {ValueRange::State::Exact, 1, 6};
+    dataSet->zone(1)->fields[3] = sample::Loader::field(loader);
+    ASSERT_TRUE(session.loadVariables(*dataSet, {1}, {4}));
+    EXPECT_TRUE(edit(1, 4, 5, -3));
+    ValueRange const range = dataSet->zone(1)->range(4);
+    EXPECT_EQ(range.state, ValueRange::State::Estimated) << "not gone through";
+    EXPECT_EQ(range.min, -3);
+    EXPECT_EQ(range.max, 6);
+    EXPECT_TRUE(session.undo());
+    EXPECT_EQ(dataSet->zone(1)->range(4).state, ValueRange::State::Exact);
+    EXPECT_EQ(dataSet->zone(1)->range(4).min, 1);
 }
 
 TEST_F(EditMappedValue, GivesTheCopyOfABranchARangeOfItsOwn)

@@ -1,28 +1,12 @@
-#include "kernel/data/RangeOfBuffer.h"
-
-#include "kernel/compute/Parallel.h"
+#include "kernel/data/Limits.h"
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <type_traits>
-#include <vector>
 
 namespace veldraw::kernel {
 
 namespace {
-
-struct Limits
-{
-    double min = std::numeric_limits<double>::infinity();
-    double max = -std::numeric_limits<double>::infinity();
-
-    void add(double low, double high)
-    {
-        min = low < min ? low : min;
-        max = high > max ? high : max;
-    }
-};
 
 /// Limits of the values first ... last - 1; kept in the values' own type, which the compiler can work on side by side.
 template <typename Element>
@@ -89,43 +73,17 @@ void addCells(Buffer const& buffer, std::array<std::int64_t, 3> const& dims, std
     }
 }
 
-template <typename AddChunk>
-ValueRange inChunks(std::int64_t count, AddChunk const& addChunk)
-{
-    std::vector<Limits> parts(static_cast<std::size_t>(parallelChunkCount(count)));
-    parallelFor(count, [&](std::int64_t first, std::int64_t last, std::int64_t chunk) {
-        Limits limits; // of the chunk's own, so that cores do not write to one cache line
-        addChunk(first, last, limits);
-        parts[static_cast<std::size_t>(chunk)] = limits;
-    });
-    Limits all;
-    for (Limits const& part : parts) {
-        all.add(part.min, part.max);
-    }
-    if (all.min > all.max) {
-        return {};
-    }
-    return {ValueRange::State::Exact, all.min, all.max};
-}
-
 } // namespace
 
-ValueRange rangeOfBuffer(Buffer const& buffer)
+Limits limitsOf(Buffer const& buffer, std::array<std::int64_t, 3> const& dims, std::int64_t first, std::int64_t last)
 {
-    return inChunks(buffer.size(), [&](std::int64_t first, std::int64_t last, Limits& limits) {
+    Limits limits;
+    if (dims == std::array<std::int64_t, 3>{}) {
         addValues(buffer, first, last, limits);
-    });
-}
-
-ValueRange rangeOfCells(Buffer const& buffer, std::array<std::int64_t, 3> const& dims)
-{
-    auto const [iDim, jDim, kDim] = dims;
-    if (iDim < 1 || jDim < 1 || kDim < 1) {
-        return {};
+    } else {
+        addCells(buffer, dims, first, last, limits);
     }
-    return inChunks(
-        std::min(buffer.size(), iDim * jDim * kDim),
-        [&](std::int64_t first, std::int64_t last, Limits& limits) { addCells(buffer, dims, first, last, limits); });
+    return limits;
 }
 
 } // namespace veldraw::kernel

@@ -3,6 +3,7 @@
 #include "app/import/Importer.h"
 #include "app/tour/AxialDuplicationStation.h"
 #include "app/tour/AxialRotationStation.h"
+#include "app/tour/CancelledSaveStation.h"
 #include "app/tour/DeleteVariableStation.h"
 #include "app/tour/DuplicateZoneStation.h"
 #include "app/tour/LoadVariableStation.h"
@@ -12,15 +13,15 @@
 #include "kernel/frames/Session.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFile>
-#include <QFileDialog>
-#include <QLineEdit>
 #include <QSet>
-#include <QTimer>
 
 namespace veldraw::app {
 
 namespace {
+
+QString const savedName = QStringLiteral("flow-changed");
 
 QString sizeOf(kernel::DataSet const& dataSet)
 {
@@ -38,6 +39,7 @@ Tour::Tour(MainWindow& window, QString samples, QString out, std::atomic<Deferra
 
 TourReport const& Tour::run()
 {
+    removeFormerResults();
     openSamples();
     lookAtPlots();
     DeleteVariableStation(m_tour).run();
@@ -47,12 +49,24 @@ TourReport const& Tour::run()
     saveResult();
     LoadVariableStation(m_tour, m_samples + QStringLiteral("/tetra.vtu")).run();
     LongTableStation(m_tour, m_samples + QStringLiteral("/line.mhd")).run();
+    CancelledSaveStation(m_tour, m_out).run();
     openBar();
     MirrorZoneStation(m_tour).run();
     pickZone();
     AxialDuplicationStation(m_tour).run();
     m_tour.check("no message came unasked", QString(), m_tour.user.unexpectedMessages().join(QLatin1Char('|')));
     return m_tour.report;
+}
+
+// What an earlier tour has left would pass for what this one shows, and a file would bring up one more question. Nothing
+// else in the folder is touched.
+void Tour::removeFormerResults()
+{
+    QDir out(m_out);
+    for (QString const& picture : out.entryList({QStringLiteral("[0-9][0-9]-*.png")}, QDir::Files))
+        out.remove(picture);
+    out.remove(savedName + QStringLiteral(".vtm"));
+    QDir(out.filePath(savedName)).removeRecursively();
 }
 
 void Tour::openSamples()
@@ -92,23 +106,8 @@ void Tour::lookAtPlots()
 
 void Tour::saveResult()
 {
-    QString const file = m_out + QStringLiteral("/flow-changed.vtm");
-    // A file from an earlier tour would bring up one more question.
-    QFile::remove(file);
-    m_tour.activate(m_tour.window);
-    QTimer::singleShot(800, &m_tour.window, [&] {
-        auto* const chooser = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-        if (!chooser)
-            return;
-        auto* const name = chooser->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-        name->setFocus();
-        name->selectAll();
-        m_tour.user.type(file);
-        m_tour.user.picture(QStringLiteral("save-as"));
-        m_tour.user.key(Qt::Key_Return);
-    });
-    m_tour.user.key(Qt::Key_S, Qt::ControlModifier);
-    m_tour.user.settle(500);
+    QString const file = m_out + QLatin1Char('/') + savedName + QStringLiteral(".vtm");
+    m_tour.saveAs(file, QStringLiteral("save-as"));
     if (!m_tour.check("Ctrl+S, a name, Return: the file is there", QFile::exists(file)))
         return;
     m_tour.check("the saved file has what the window shows", sizeOf(TourContext::dataSet()),

@@ -20,6 +20,7 @@ public:
     TourReport const& run();
 
 private:
+    void removeFormerResults();
     void openSamples();
     void lookAtPlots();
     void saveResult();

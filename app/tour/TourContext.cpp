@@ -8,10 +8,13 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
+#include <QFileDialog>
 #include <QImage>
+#include <QLineEdit>
 #include <QListView>
 #include <QMenu>
 #include <QPushButton>
+#include <QTimer>
 
 namespace veldraw::app {
 
@@ -35,15 +38,6 @@ bool TourContext::check(char const* step, int expected, int found)
 bool TourContext::check(char const* step, bool asExpected)
 {
     return report.check(QString::fromUtf8(step), asExpected);
-}
-
-// Without a window manager nobody else makes a window the active one.
-void TourContext::activate(QWidget& widget)
-{
-    widget.raise();
-    widget.activateWindow();
-    QApplication::setActiveWindow(&widget);
-    user.settle(100);
 }
 
 void TourContext::openDialogByKeys(int mnemonic, std::function<bool()> const& isThere)
@@ -118,6 +112,25 @@ bool TourContext::assignVariable(char assignment, int variable)
         user.key(Qt::Key_Down);
     user.settle();
     return kernel::Session::instance().activeFrame()->variableNumber(assignment) == variable;
+}
+
+void TourContext::saveAs(QString const& file, QString const& picture)
+{
+    activate(window);
+    QTimer::singleShot(800, &window, [&] {
+        auto* const chooser = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        if (!chooser)
+            return;
+        auto* const name = chooser->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        name->setFocus();
+        name->selectAll();
+        user.type(file);
+        if (!picture.isEmpty())
+            user.picture(picture);
+        user.key(Qt::Key_Return);
+    });
+    user.key(Qt::Key_S, Qt::ControlModifier);
+    user.settle(500);
 }
 
 QString TourContext::shownRange(QString const& variable) const

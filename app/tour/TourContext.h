@@ -36,7 +36,7 @@ public:
     bool check(char const* step, bool asExpected);
 
     /// Brings a window to the front and makes it the active one.
-    void activate(QWidget& widget);
+    void activate(QWidget& widget) { user.activate(widget); }
 
     /// Presses Alt+D and the mnemonic of an entry of the Data menu. @return the dialog that came, null if none did
     template <typename Dialog>
@@ -58,6 +58,9 @@ public:
     /// Assigns a variable to an axis or a component of the vector in the "Plot" panel, by keys: Ctrl+4, Tab, arrows.
     /// @return false when it does not stand there afterwards
     bool assignVariable(char assignment, int variable);
+
+    /// Presses Ctrl+S and types the name of a file, then Return. Returns when the file is saved, or not.
+    void saveAs(QString const& file, QString const& picture = {});
 
     /// The range of a variable as the dock shows it.
     QString shownRange(QString const& variable) const;

@@ -20,6 +20,15 @@ UserDriver::UserDriver(QString pictureFolder)
     m_reader.start(100);
 }
 
+// Without a window manager nobody else makes a window the active one.
+void UserDriver::activate(QWidget& window)
+{
+    window.raise();
+    window.activateWindow();
+    QApplication::setActiveWindow(&window);
+    settle(100);
+}
+
 void UserDriver::click(QWidget& widget)
 {
     click(widget, widget.rect().center());

@@ -21,6 +21,9 @@ public:
     /// @param pictureFolder where picture() saves; made when it is not there
     explicit UserDriver(QString pictureFolder);
 
+    /// Brings a window to the front and makes it the active one.
+    void activate(QWidget& window);
+
     /// A left click in the middle of @p widget, or at a point of it.
     void click(QWidget& widget);
     void click(QWidget& widget, QPoint const& point, Qt::KeyboardModifiers modifiers = Qt::NoModifier);

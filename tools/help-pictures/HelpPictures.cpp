@@ -4,7 +4,6 @@
 #include "dialogs/frame/QtDialogAbstract.h"
 
 #include <QAbstractButton>
-#include <QApplication>
 #include <QDir>
 #include <QImageWriter>
 #include <QPainter>
@@ -90,7 +89,7 @@ void HelpPictures::open(QString const& sample, Deferral deferral)
         return;
     m_open = sample;
     m_deferral = deferral;
-    activate(m_window);
+    m_user.activate(m_window);
     m_window.openFiles({m_samples + QLatin1Char('/') + sample}, DocumentController::Place::FreshPage);
     m_user.settle(1500);
 }
@@ -106,7 +105,7 @@ void HelpPictures::takeOf(HelpSubject const& subject)
     open(QString::fromLatin1(subject.sample), subject.deferral);
     operation->dialog(m_window).launch();
     auto* const dialog = UserDriver::visibleWindow<dialogs::common::QtDialogAbstract>();
-    activate(*dialog);
+    m_user.activate(*dialog);
     subject.enter(*dialog, m_user);
     m_user.settle(300);
     takeDialog(*dialog, topic);
@@ -121,7 +120,7 @@ void HelpPictures::takeOf(HelpSubject const& subject)
 
 void HelpPictures::takePlot(QString const& name)
 {
-    activate(m_window);
+    m_user.activate(m_window);
     m_user.key(Qt::Key_F, Qt::ControlModifier);
     m_user.settle(700);
     QImage const plot = m_window.centralWidget()->grab().toImage();
@@ -140,15 +139,6 @@ void HelpPictures::save(QImage const& image, QString const& name)
     writer.setCompression(100);
     if (!writer.write(withFewColours(image)))
         m_problems.push_back(writer.fileName() + QStringLiteral(": ") + writer.errorString());
-}
-
-// Without a window manager nobody else makes a window the active one.
-void HelpPictures::activate(QWidget& widget)
-{
-    widget.raise();
-    widget.activateWindow();
-    QApplication::setActiveWindow(&widget);
-    m_user.settle(100);
 }
 
 } // namespace veldraw::app

@@ -29,7 +29,6 @@ private:
     void takePlot(QString const& name);
     void takeDialog(QDialog& dialog, QString const& name);
     void save(QImage const& image, QString const& name);
-    void activate(QWidget& widget);
 
     MainWindow& m_window;
     UserDriver m_user;

@@ -1,5 +1,6 @@
 #include "tests/dialogs/spreadsheet/SpreadsheetDriver.h"
 #include "tests/dialogs/support/FormTable.h"
+#include "tests/dialogs/support/NotingTranslator.h"
 
 #include <QAbstractButton>
 #include <QCheckBox>
@@ -7,6 +8,7 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QHeaderView>
+#include <QLabel>
 #include <QMenu>
 #include <QPushButton>
 #include <QScrollBar>
@@ -129,6 +131,30 @@ TEST_F(DataSpreadsheetDialogTest, HasTheLimitsAndSizesOfItsForm)
     EXPECT_EQ(table().sizeHint().height(), 24 * 10 + table().horizontalHeader()->sizeHint().height() +
                                                2 * table().frameWidth() +
                                                table().horizontalScrollBar()->sizeHint().height());
+}
+
+TEST_F(DataSpreadsheetDialogTest, GivesRoomToTheTableAndToTheChoicesAndNotToTheirLabels)
+{
+    stage.show();
+    launched();
+    QSize const tableBefore = table().size();
+    int const zoneWidth = widget<QComboBox>("Zone_ComboBox").width();
+    int const labelWidth = widget<QLabel>("Zone_Label").width();
+    dialog().resize(dialog().size() + QSize(200, 300));
+    settle();
+    EXPECT_EQ(table().size(), tableBefore + QSize(200, 300));
+    EXPECT_GT(widget<QComboBox>("Zone_ComboBox").width(), zoneWidth);
+    EXPECT_EQ(widget<QLabel>("Zone_Label").width(), labelWidth);
+}
+
+TEST_F(DataSpreadsheetDialogTest, TranslatesTheTextsOfItsForm)
+{
+    NotingTranslator const translator;
+    EXPECT_EQ(dialog().windowTitle(), QStringLiteral("<Data Spreadsheet>"));
+    EXPECT_THAT(
+        translator.asked,
+        testing::IsSupersetOf({"DataSpreadsheetDialog: Data Spreadsheet", "DataSpreadsheetDialog: &Value Location:",
+                               "DataSpreadsheetDialog: P&recision:", "DataSpreadsheetDialog: &Load Variables..."}));
 }
 
 TEST_F(DataSpreadsheetDialogTest, CanBeWalkedByTab)
@@ -386,6 +412,7 @@ TEST_F(DataSpreadsheetDialogTest, CopiesFromItsMenu)
         ASSERT_TRUE(menu);
         for (QAction const* const action : menu->actions())
             entries.push_back(action->text().toStdString() + " " + action->shortcut().toString().toStdString());
+        EXPECT_EQ(menu->pos(), table().viewport()->mapToGlobal(QPoint(5, 5)));
         QTest::keyClick(menu, Qt::Key_Down);
         QTest::keyClick(menu, Qt::Key_Return);
     });

@@ -35,7 +35,8 @@ bool LongTableKeys::eventFilter(QObject* watched, QEvent* event)
     std::optional<Cell> const cell = target(key);
     if (!cell)
         return QObject::eventFilter(watched, event);
-    m_window.setCurrent(*cell, key.modifiers() & Qt::ShiftModifier);
+    bool const isTab = key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab;
+    m_window.setCurrent(*cell, !isTab && (key.modifiers() & Qt::ShiftModifier));
     return true;
 }
 
@@ -76,9 +77,28 @@ std::optional<LongTableKeys::Cell> LongTableKeys::targetInRow(QKeyEvent const& k
         return Cell(toTheEnd ? 0 : cell.row, 0);
     case Qt::Key_End:
         return Cell(toTheEnd ? m_window.total(Qt::Vertical) - 1 : cell.row, lastColumn);
+    case Qt::Key_Tab:
+        return toTheEnd ? std::optional<Cell>() : nextInReading(cell);
+    case Qt::Key_Backtab:
+        return toTheEnd ? std::optional<Cell>() : previousInReading(cell);
     default:
         return std::nullopt;
     }
+}
+
+// Along the rows, from the last cell to the first.
+LongTableKeys::Cell LongTableKeys::nextInReading(Cell const& cell) const
+{
+    if (cell.column + 1 < m_window.total(Qt::Horizontal))
+        return Cell(cell.row, cell.column + 1);
+    return cell.row + 1 < m_window.total(Qt::Vertical) ? Cell(cell.row + 1, 0) : Cell(0, 0);
+}
+
+LongTableKeys::Cell LongTableKeys::previousInReading(Cell const& cell) const
+{
+    if (cell.column > 0)
+        return Cell(cell.row, cell.column - 1);
+    return Cell((cell.row > 0 ? cell.row : m_window.total(Qt::Vertical)) - 1, m_window.total(Qt::Horizontal) - 1);
 }
 
 } // namespace veldraw::sdk::ui::propertymanager

@@ -13,7 +13,7 @@ namespace veldraw::sdk::ui::propertymanager {
 class TableWindow;
 
 /// The keys that move the current cell, over all of a table that is longer than its view can hold: arrows, Page Up and Page
-/// Down, Home and End, with Control and, to select, with Shift. In a shorter table the view sees to its keys itself.
+/// Down, Home, End and Tab, with Control and, to select, with Shift. In a shorter table the view sees to its keys itself.
 class LongTableKeys : public QObject
 {
     Q_OBJECT
@@ -30,6 +30,8 @@ private:
 
     std::optional<Cell> target(QKeyEvent const& key) const;
     std::optional<Cell> targetInRow(QKeyEvent const& key, Cell const& cell) const;
+    Cell nextInReading(Cell const& cell) const;
+    Cell previousInReading(Cell const& cell) const;
 
     TableWindow& m_window;
 };

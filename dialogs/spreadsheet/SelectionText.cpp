@@ -8,11 +8,25 @@ namespace veldraw::sdk::ui::propertymanager {
 
 using dialogs::propertybindings::models::ModelIndex;
 
+namespace {
+
+// Null, which leaves the clipboard alone.
+QString refused()
+{
+    VelUtilDialogErrMsg("Too many cells are selected: no more than 1000000 can be copied.");
+    return QString();
+}
+
+} // namespace
+
 void SelectionText::giveTo(veldraw::ui::TableCopyHandler& handler, TableWindow const& window, TableModel const& table)
 {
     handler.setSelectedText([&handler, &window, &table] {
-        // A selection in pieces was made by hand, cell by cell, and is all in the view.
-        return window.selection() ? text(*window.selection(), table) : handler.textOfView();
+        if (window.selection())
+            return text(*window.selection(), table);
+        // A selection in pieces was made by hand, and the view has it; but the pieces may be far from each other.
+        bool const isTooLarge = static_cast<unsigned long long>(handler.cellCountOfView()) > mostCells;
+        return isTooLarge ? refused() : handler.textOfView();
     });
 }
 
@@ -20,10 +34,8 @@ QString SelectionText::text(TableWindow::Range const& range, TableModel const& t
 {
     unsigned long long const rows = range.last.row - range.first.row + 1;
     unsigned long long const columns = range.last.column - range.first.column + 1;
-    if (rows > mostCells / columns) {
-        VelUtilDialogErrMsg("Too many cells are selected: no more than 1000000 can be copied.");
-        return QString();
-    }
+    if (rows > mostCells / columns)
+        return refused();
     WaitState const busy;
     QString text = QStringLiteral("");
     for (unsigned long long row = range.first.row; row <= range.last.row; ++row) {

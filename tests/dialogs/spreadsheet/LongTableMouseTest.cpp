@@ -127,6 +127,18 @@ TEST_F(LongTableByMouse, ExtendsWholeRowsByShiftOverTheBorder)
     EXPECT_EQ(highlighted(), selected());
 }
 
+TEST_F(LongTableByMouse, CopiesPiecesThatAreNotTooFarFromEachOther)
+{
+    click(3, 0);
+    click(4, 1, Qt::ControlModifier);
+    EXPECT_EQ(selected(), "nothing") << "as a rectangle";
+    EXPECT_EQ(copied(), "3,0\t\n\t4,1");
+    scrollTo(600000);
+    click(600004, 1, Qt::ControlModifier);
+    EXPECT_EQ(copied(), "nothing") << "there would be 1.2 million cells, most of them empty";
+    EXPECT_EQ(messages.take().size(), 1u);
+}
+
 TEST_F(LongTableByMouse, DragsASelectionOverTheBorderWhileItScrolls)
 {
     scrollTo(998000);

@@ -74,6 +74,60 @@ TEST_F(LongTable, EntersValuesDownTheColumnsAcrossBorders)
     EXPECT_EQ(current(), "0, 0");
 }
 
+TEST_F(LongTable, IsReadAlongItsRowsByTabFromTheLastCellToTheFirst)
+{
+    at(999999, 1);
+    press(Qt::Key_Tab);
+    press(Qt::Key_Tab);
+    EXPECT_EQ(current(), "1000000, 0");
+    press(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(current(), "999999, 2");
+    EXPECT_EQ(copied(), "999999,2") << "nothing more is selected";
+    at(rowsOfLongTable - 1, 2);
+    press(Qt::Key_Tab);
+    EXPECT_EQ(current(), "0, 0");
+    press(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(current(), "2999999999, 2");
+}
+
+TEST_F(LongTable, DoesNothingWithANumberThatIsNoRow)
+{
+    at(5, 2);
+    goToRow.trigger();
+    auto* const dialog = view.findChild<QDialog*>(QStringLiteral("GoToRow"));
+    ASSERT_TRUE(dialog);
+    auto* const number = dialog->findChild<QLineEdit*>();
+    for (char const* const bad : {"", "0", "00", "3000000001", "9999999999999999999"}) {
+        number->clear();
+        QTest::keyClicks(number, QLatin1String(bad));
+        QTest::keyClick(number, Qt::Key_Return);
+        settle();
+        EXPECT_TRUE(dialog->isVisible()) << bad;
+        EXPECT_EQ(current(), "5, 2") << bad;
+    }
+    number->clear();
+    QApplication::clipboard()->setText(QStringLiteral("1.5e3"));
+    number->paste();
+    EXPECT_EQ(number->text(), QString()) << "pasted text is looked at too";
+    QTest::keyClick(number, Qt::Key_Escape);
+    settle();
+    EXPECT_EQ(current(), "5, 2");
+}
+
+TEST_F(LongTable, GoesNowhereWhenTheRowIsGoneByTheTimeItIsTyped)
+{
+    at(5, 2);
+    goToRow.trigger();
+    auto* const dialog = view.findChild<QDialog*>(QStringLiteral("GoToRow"));
+    ASSERT_TRUE(dialog);
+    QTest::keyClicks(dialog->findChild<QLineEdit*>(), QStringLiteral("2000"));
+    table.resize(100, 3);
+    QTest::keyClick(dialog->findChild<QLineEdit*>(), Qt::Key_Return);
+    settle();
+    EXPECT_EQ(current(), "none");
+    EXPECT_FALSE(dialog->isVisible());
+}
+
 TEST_F(LongTable, TakesEditsAnywhere)
 {
     at(2500000000ull, 1);

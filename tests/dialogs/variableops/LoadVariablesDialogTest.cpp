@@ -1,5 +1,6 @@
 #include "tests/dialogs/support/FakeStateChange.h"
 #include "tests/dialogs/support/FormTable.h"
+#include "tests/dialogs/support/NotingTranslator.h"
 #include "tests/dialogs/variableops/LoadVariablesFixture.h"
 
 #include <gmock/gmock.h>
@@ -35,6 +36,15 @@ TEST_F(LoadVariablesDialogTest, LooksAsItsFormSays)
                             "gridLayout | 3, 1, 1, 1 | LoadVariables_buttonBox"));
     EXPECT_EQ(buttonBox().standardButtons(), QDialogButtonBox::Close | QDialogButtonBox::Help);
     EXPECT_EQ(buttonBox().buttonRole(&actionButton()), QDialogButtonBox::ActionRole);
+}
+
+TEST_F(LoadVariablesDialogTest, TranslatesTheTextsOfItsFormOnly)
+{
+    NotingTranslator const translator;
+    EXPECT_EQ(dialog().windowTitle(), QStringLiteral("<Load Variable>"));
+    EXPECT_THAT(translator.asked, testing::IsSupersetOf({"LoadVariables: Load Variable", "LoadVariables: &Zone:",
+                                                         "LoadVariables: Select &variable(s) to load:"}));
+    EXPECT_EQ(actionButton().text(), QStringLiteral("&Load"));
 }
 
 TEST_F(LoadVariablesDialogTest, CanBeWalkedByTabFromTheZone)

@@ -53,7 +53,6 @@ void DeferredLoad::load(Progress& progress)
     requireMemoryForValues();
     progress.setTotal(total);
     for (auto& [group, values] : m_values) {
-        progress.check();
         values.buffer = loadValues(*group, sizeOf(*group, values), progress);
     }
 }
@@ -61,13 +60,12 @@ void DeferredLoad::load(Progress& progress)
 void DeferredLoad::loadDimensions(Progress& progress)
 {
     for (auto& [loader, dimensions] : m_dimensions) {
-        progress.check();
         dimensions = loader->load(progress);
+        progress.check();
         if (dimensions.i < 0 || dimensions.j < 0 || dimensions.k < 0) {
             throw std::runtime_error("The dimensions of a zone are not known.");
         }
     }
-    progress.check();
 }
 
 void DeferredLoad::requireMemoryForValues() const

@@ -8,6 +8,7 @@
 #include "kernel/compute/Waiter.h"
 #include "kernel/data/AxialCopies.h"
 #include "kernel/data/SpatialVariables.h"
+#include "kernel/style/StyleTree.h"
 
 using namespace veldraw::kernel;
 using sample::Loader;
@@ -123,16 +124,21 @@ TEST_F(LoadOnDemand, LeavesOtherZonesAndWhatTheyShareLoaded)
 
 TEST_F(LoadOnDemand, KeepsWhatAFrameShows)
 {
-    available({1, 2}, {1, 4});
-    frame->contourVariable = dataSet->variable(4)->id;
-    LineMap map;
-    map.xVariable = dataSet->variable(1)->id;
-    frame->lineMaps = {map};
-    recorder.take();
+    frame->lineMaps = {LineMap()};
+    LineMap& map = frame->lineMaps[0];
+    for (UniqueId* const shown : {&frame->contourVariable, &map.xVariable, &map.yVariable, &frame->axes2D[1],
+                                  &frame->axes3D[2], &frame->vector[2]}) {
+        available({1, 2}, {1, 4});
+        *shown = dataSet->variable(4)->id;
+        recorder.take();
+        EXPECT_TRUE(available({1, 2}, {}));
+        EXPECT_TRUE(field(1, 4).isLoaded());
+        EXPECT_FALSE(field(1, 1).isLoaded());
+        EXPECT_THAT(recorder.take(), ElementsAre("21 zones 1 2 variables 1"));
+        *shown = 0;
+    }
     EXPECT_TRUE(available({1, 2}, {}));
-    EXPECT_TRUE(field(1, 4).isLoaded());
-    EXPECT_TRUE(field(1, 1).isLoaded());
-    EXPECT_THAT(recorder.take(), IsEmpty());
+    EXPECT_FALSE(field(1, 4).isLoaded());
 }
 
 TEST_F(LoadOnDemand, NeverUnloadsWhatHasBeenAltered)
@@ -239,6 +245,70 @@ TEST_F(LoadOnDemand, RunsOnAWorkerWhileEditsAreRefusedAndShareCountsStayTrue)
     EXPECT_EQ(waiter.m_name, "Load Variable");
     EXPECT_EQ(waiter.m_fraction, 1);
     EXPECT_EQ(field(1, 4).shareCount(), 2);
+}
+
+TEST_F(LoadOnDemand, RefusesWhatNoMachineCanHoldBeforeItIsRead)
+{
+    std::int64_t const tooMany = std::int64_t{1} << 56;
+    auto const defer = [&] {
+        auto group = std::make_shared<ShareGroup>(FieldDataType_Double, tooMany, x1);
+        dataSet->zone(1)->fields[0] = Field(std::move(group), ValueLocation_Nodal);
+    };
+    defer();
+    expectRefused([&] { return available({1}, {1}); });
+    EXPECT_EQ(session.lastError(), "Out of memory.");
+    EXPECT_EQ(x1->loads, 0);
+    x1->mapped = true;
+    defer();
+    expectRefused([&] { return available({1}, {1}); });
+    EXPECT_EQ(x1->loads, 1) << "mapped values need no memory; but these are not as many as announced";
+}
+
+TEST_F(LoadOnDemand, TellsHowFarItHasComeByTheValues)
+{
+    std::vector<double> fractions;
+    x1->before = x2->before = [&](Progress& progress) { fractions.push_back(progress.fraction()); };
+    EXPECT_TRUE(available({1, 2}, {1}));
+    EXPECT_THAT(fractions, ElementsAre(0, 0.5));
+}
+
+TEST_F(LoadOnDemand, IsToldBeforeStyleThatWasWrittenMeanwhile)
+{
+    auto const write = [this](Progress&) {
+        std::vector<std::string> const path{"FileConfig", "LoadOnDemand", "KeepHighPriorityVarsAvailable"};
+        EXPECT_EQ(session.style().set({path}, StyleNumber::ofWhole(1)), SetValueReturnCode_Pending);
+    };
+    x1->before = write;
+    EXPECT_TRUE(available({1}, {1}));
+    EXPECT_THAT(recorder.take(),
+                ElementsAre("21 zones 1 variables 1", "7 FileConfig LoadOnDemand KeepHighPriorityVarsAvailable"));
+}
+
+TEST_F(LoadOnDemand, FailsWithAReasonWhateverALoaderThrows)
+{
+    auto const reasonOf = [this](std::function<void(Progress&)> const& trouble) {
+        x1->before = trouble;
+        expectRefused([&] { return available({1}, {1}); });
+        EXPECT_FALSE(field(1, 1).isLoaded());
+        return session.lastError();
+    };
+    struct Patient : Waiter
+    {
+        void wait(std::string const&, Progress&, std::shared_future<void> const& work) override { work.wait(); }
+    };
+    Patient patient;
+    for (Waiter* const waiter : {static_cast<Waiter*>(nullptr), static_cast<Waiter*>(&patient)}) {
+        session.setWaiter(waiter);
+        EXPECT_EQ(reasonOf([](Progress&) { throw std::bad_alloc(); }), "Out of memory.");
+        EXPECT_EQ(reasonOf([](Progress&) { throw 17; }), "The operation failed.");
+        EXPECT_EQ(reasonOf([](Progress&) { throw Interrupted(); }), "The operation was cancelled.");
+        EXPECT_EQ(reasonOf([](Progress&) { throw std::runtime_error("The disk has gone."); }), "The disk has gone.");
+        x1->before = nullptr;
+        EXPECT_TRUE(available({1}, {1})) << "another time";
+        EXPECT_TRUE(available({1}, {}));
+        recorder.take();
+    }
+    session.setWaiter(nullptr);
 }
 
 TEST_F(LoadOnDemand, KnowsRangesWithoutLoading)
@@ -456,9 +526,10 @@ TEST_F(DeferredDimensions, StayUnknownWhenTheyCannotBeRead)
     expectRefused([&] { return session.loadDimensions(*deferred, 1); });
     EXPECT_TRUE(session.isInterrupted());
     expectRefused([&] { return session.loadDimensions(*deferred, 2); });
-    auto const wrong = std::make_shared<sample::SizeLoader>(ZoneDimensions{3, -2, 1, {}});
-    deferred->zone(1)->dimensionsLoader = wrong;
-    expectRefused([&] { return session.loadDimensions(*deferred, 1); });
+    for (ZoneDimensions const& wrong : {ZoneDimensions{-3, 2, 1, {}}, {3, -2, 1, {}}, {3, 2, -1, {}}}) {
+        deferred->zone(1)->dimensionsLoader = std::make_shared<sample::SizeLoader>(wrong);
+        expectRefused([&] { return session.loadDimensions(*deferred, 1); });
+    }
 }
 
 TEST_F(DeferredDimensions, RefuseValuesThatDoNotFillTheZone)

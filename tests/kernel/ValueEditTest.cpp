@@ -1,17 +1,17 @@
 // Single values that are corrected, and taken back.
 #include "AllocationFailure.h"
+#include "EditFixture.h"
 #include "SampleLoader.h"
-#include "SessionFixture.h"
 #include "SpatialData.h"
+#include "kernel/compute/CopyValues.h"
+#include "kernel/compute/Interrupted.h"
 #include "kernel/compute/Rotation.h"
+#include "kernel/compute/Waiter.h"
 #include "kernel/data/SpatialVariables.h"
 
 #include <cmath>
 #include <cstring>
 #include <limits>
-#include <map>
-#include <random>
-#include <set>
 #include <sys/mman.h>
 
 using namespace veldraw::kernel;
@@ -22,20 +22,6 @@ namespace {
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-
-class EditValue : public SessionFixture
-{
-protected:
-    Field const& field(int zone, int variable) { return *dataSet->field(zone, variable); }
-    bool edit(int zone, int variable, std::int64_t index, double value, bool autoBranch = true)
-    {
-        return session.setValue(*dataSet, zone, variable, index, value, autoBranch);
-    }
-    double at(int zone, int variable, std::int64_t index)
-    {
-        return field(zone, variable).group()->buffer()->value(index);
-    }
-};
 
 TEST_F(EditValue, StoresTheValueAndTakesItBack)
 {
@@ -213,176 +199,6 @@ TEST_F(EditValue, TakesBackEveryPatternOfBits)
     }
 }
 
-TEST_F(EditValue, KeepsTheRangeRightWhateverIsWritten)
-{
-    auto const expectTrueRange = [&](std::string const& what) {
-        ShareGroup const fresh(field(1, 1).group()->buffer()->clone());
-        ValueRange const known = dataSet->zone(1)->range(1);
-        EXPECT_EQ(known.state, fresh.range().state) << what;
-        EXPECT_EQ(known.min, fresh.range().min) << what;
-        EXPECT_EQ(known.max, fresh.range().max) << what;
-    };
-    int steps = 0;
-    for (double const value :
-         {1.0, 5.0, 5.0, -3.0, nan, 0.0, infinity, 2.0, -infinity, -8.0, 9.0, 9.0, 0.5, nan, nan}) {
-        for (std::int64_t index : {0, 5, 3}) {
-            dataSet->zone(1)->range(1);
-            ASSERT_TRUE(edit(1, 1, index, value));
-            ++steps;
-            expectTrueRange(std::to_string(value) + " at " + std::to_string(index));
-        }
-    }
-    while (session.undo()) {
-        expectTrueRange("undo");
-    }
-    while (session.redo()) {
-        expectTrueRange("redo");
-    }
-    EXPECT_EQ(steps, 45);
-}
-
-TEST_F(EditValue, TellsCellsOfOneZoneFromThoseOfAnotherOnTheSameStorage)
-{
-    auto const other = std::make_shared<Zone>("other", ZoneType_Ordered, 2, 3, 1);
-    other->fields = dataSet->zone(1)->fields;
-    dataSet->addZone(other);
-    EXPECT_EQ(dataSet->zone(1)->range(5).max, 6);
-    ASSERT_TRUE(edit(3, 5, 2, 500, false)) << "a cell of the other zone alone";
-    EXPECT_EQ(dataSet->zone(1)->range(5).max, 6);
-    EXPECT_EQ(dataSet->zone(3)->range(5).max, 500);
-    EXPECT_EQ(dataSet->zone(1)->range(5).max, 6);
-}
-
-TEST_F(EditValue, KeepsTheRangeOfManyValuesRight)
-{
-    std::int64_t const count = (1 << 20) + 1000;
-    dataSet->zone(1)->fields[0] =
-        Field(std::make_shared<ShareGroup>(Buffer::allocate(FieldDataType_Int16, count)), ValueLocation_Nodal);
-    ShareGroup const& group = *field(1, 1).group();
-    std::multiset<double> all{0};
-    std::map<std::int64_t, double> written;
-    std::mt19937 random(7);
-    for (int number = 0; number < 400; ++number) {
-        std::int64_t const index = number % 5 == 0 ? count - 1 : static_cast<std::int64_t>(random() % count);
-        double const value = number % 3 == 0 ? 0 : static_cast<double>(random() % 2000) - 1000;
-        ASSERT_TRUE(edit(1, 1, index, value));
-        auto const old = written.find(index);
-        if (old != written.end()) {
-            all.erase(all.find(old->second));
-        }
-        written[index] = value;
-        all.insert(value);
-        if (number % 4 != 0) { // at times, so that several parts are to be looked at again
-            ASSERT_EQ(group.range().min, *all.begin()) << number;
-            ASSERT_EQ(group.range().max, *all.rbegin()) << number;
-        }
-    }
-    while (session.undo()) {
-    }
-    EXPECT_EQ(group.range().max, 0);
-}
-
-TEST_F(EditValue, ForgetsALimitThatBecomesInfinite)
-{
-    EXPECT_EQ(dataSet->zone(1)->range(4).max, 15);
-    ASSERT_TRUE(edit(1, 4, 5, infinity));
-    EXPECT_EQ(dataSet->zone(1)->range(4).max, 14);
-    EXPECT_EQ(dataSet->zone(1)->range(4).min, 10);
-    ASSERT_TRUE(edit(1, 4, 0, -infinity));
-    EXPECT_EQ(dataSet->zone(1)->range(4).min, 11);
-}
-
-TEST_F(EditValue, ComputesNoRangeAgainThatWasKnownOnTheOtherWay)
-{
-    ShareGroup const& group = *field(1, 1).group();
-    EXPECT_EQ(group.range().max, 2);
-    ASSERT_TRUE(edit(1, 1, 2, 1) && edit(1, 1, 5, 1)); // both that were the largest
-    EXPECT_FALSE(group.knownRange().isKnown());
-    EXPECT_EQ(group.range().max, 1);
-    ASSERT_TRUE(session.undo() && session.undo());
-    ASSERT_TRUE(group.knownRange().isKnown());
-    EXPECT_EQ(group.range().max, 2);
-    ASSERT_TRUE(session.redo() && session.redo());
-    ASSERT_TRUE(group.knownRange().isKnown());
-    EXPECT_EQ(group.range().max, 1);
-}
-
-/// A mapped array of which an estimate is known, shared by both zones.
-class EditMappedValue : public EditValue
-{
-protected:
-    EditMappedValue()
-    {
-        loader->mapped = true;
-        loader->knownRange = {ValueRange::State::Estimated, -9, 9};
-        dataSet->zone(1)->fields[3] = dataSet->zone(2)->fields[3] = sample::Loader::field(loader);
-        session.loadVariables(*dataSet, {1}, {4});
-    }
-
-    std::shared_ptr<sample::Loader> loader = std::make_shared<sample::Loader>(std::vector<double>{1, 2, 3, 4, 5, 6});
-};
-
-TEST_F(EditMappedValue, WidensTheEstimateInPlaceAndTakesItBack)
-{
-    EXPECT_TRUE(edit(1, 4, 0, 20, false));
-    EXPECT_EQ(dataSet->zone(2)->range(4).state, ValueRange::State::Estimated);
-    EXPECT_EQ(dataSet->zone(2)->range(4).max, 20);
-    EXPECT_EQ(dataSet->zone(2)->range(4).min, -9);
-    EXPECT_TRUE(session.undo());
-    EXPECT_EQ(dataSet->zone(2)->range(4).max, 9);
-    EXPECT_TRUE(session.redo());
-    EXPECT_EQ(dataSet->zone(2)->range(4).max, 20);
-}
-
-TEST_F(EditMappedValue, TakesExactLimitsForAnEstimateWhenOneOfThemGoes)
-{
-    loader->knownRange = {ValueRange::State::Exact, 1, 6};
-    dataSet->zone(1)->fields[3] = sample::Loader::field(loader);
-    ASSERT_TRUE(session.loadVariables(*dataSet, {1}, {4}));
-    EXPECT_TRUE(edit(1, 4, 5, -3));
-    ValueRange const range = dataSet->zone(1)->range(4);
-    EXPECT_EQ(range.state, ValueRange::State::Estimated) << "not gone through";
-    EXPECT_EQ(range.min, -3);
-    EXPECT_EQ(range.max, 6);
-    EXPECT_TRUE(session.undo());
-    EXPECT_EQ(dataSet->zone(1)->range(4).state, ValueRange::State::Exact);
-    EXPECT_EQ(dataSet->zone(1)->range(4).min, 1);
-}
-
-TEST_F(EditMappedValue, GivesTheCopyOfABranchARangeOfItsOwn)
-{
-    EXPECT_TRUE(edit(1, 4, 0, 20));
-    EXPECT_EQ(dataSet->zone(1)->range(4).state, ValueRange::State::Exact);
-    EXPECT_EQ(dataSet->zone(1)->range(4).min, 2);
-    EXPECT_EQ(dataSet->zone(1)->range(4).max, 20);
-    EXPECT_EQ(dataSet->zone(2)->range(4).state, ValueRange::State::Estimated);
-    EXPECT_EQ(dataSet->zone(2)->range(4).max, 9);
-}
-
-TEST_F(EditMappedValue, GivesTheCopyARangeThatTakesThePlaceOfMappedValuesInUse)
-{
-    auto const read = field(1, 4).group()->buffer();
-    EXPECT_TRUE(edit(1, 4, 0, 20, false));
-    EXPECT_EQ(read->value(0), 1);
-    EXPECT_EQ(dataSet->zone(2)->range(4).state, ValueRange::State::Exact);
-    EXPECT_EQ(dataSet->zone(2)->range(4).min, 2);
-    EXPECT_TRUE(session.undo());
-    EXPECT_EQ(dataSet->zone(2)->range(4).min, 1);
-    EXPECT_EQ(dataSet->zone(2)->range(4).max, 6);
-    EXPECT_TRUE(session.makeVariablesAvailable(*dataSet, {1, 2}, {}));
-    EXPECT_TRUE(field(1, 4).isLoaded()) << "altered: the history writes there again";
-}
-
-TEST_F(EditMappedValue, BringsNoEstimateBackToValuesThatCameIntoMemoryMeanwhile)
-{
-    EXPECT_TRUE(edit(1, 4, 0, 3, false));
-    auto const read = field(1, 4).group()->buffer();
-    EXPECT_TRUE(edit(1, 4, 5, 4, false));
-    ASSERT_TRUE(session.undo() && session.undo());
-    EXPECT_EQ(dataSet->zone(1)->range(4).state, ValueRange::State::Exact);
-    EXPECT_EQ(dataSet->zone(1)->range(4).max, 6);
-}
-
 TEST_F(EditValue, ReachesTheLastOfThreeThousandMillionValues)
 {
     constexpr std::int64_t count = 3000000000;
@@ -408,6 +224,35 @@ TEST_F(EditValue, ReachesTheLastOfThreeThousandMillionValues)
     EXPECT_TRUE(session.undo());
     EXPECT_EQ(static_cast<unsigned char*>(mapped)[count - 1], 0);
     EXPECT_EQ(zone->range(1).max, 0);
+}
+
+TEST(CopyValues, EndsWithACancel)
+{
+    auto const source = Buffer::allocate(FieldDataType_Float, 1000);
+    Progress progress;
+    EXPECT_EQ(copyValues(*source, progress)->size(), 1000);
+    EXPECT_EQ(progress.fraction(), 1);
+    progress.interrupt();
+    EXPECT_THROW(copyValues(*source, progress), Interrupted);
+}
+
+TEST_F(EditValue, ChangesNothingWhenTheCopyOfABranchIsCancelled)
+{
+    struct Impatient : Waiter
+    {
+        void wait(std::string const&, Progress& progress, std::shared_future<void> const& work) override
+        {
+            progress.interrupt();
+            work.wait();
+            throw Interrupted();
+        }
+    };
+    Impatient waiter;
+    session.setWaiter(&waiter);
+    expectRefused([&] { return edit(1, 4, 3, 99); });
+    session.setWaiter(nullptr);
+    EXPECT_EQ(field(1, 4).shareCount(), 2);
+    EXPECT_TRUE(edit(1, 4, 3, 99));
 }
 
 TEST_F(EditValue, ChangesNothingWithoutMemory)

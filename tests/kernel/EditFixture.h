@@ -1,0 +1,18 @@
+#pragma once
+
+#include "SessionFixture.h"
+
+/// Edits single values of the two planes.
+class EditValue : public SessionFixture
+{
+protected:
+    veldraw::kernel::Field const& field(int zone, int variable) { return *dataSet->field(zone, variable); }
+    bool edit(int zone, int variable, std::int64_t index, double value, bool autoBranch = true)
+    {
+        return session.setValue(*dataSet, zone, variable, index, value, autoBranch);
+    }
+    double at(int zone, int variable, std::int64_t index)
+    {
+        return field(zone, variable).group()->buffer()->value(index);
+    }
+};

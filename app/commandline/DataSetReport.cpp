@@ -11,9 +11,12 @@ QString zoneLine(int number, kernel::Zone const& zone)
 {
     QString line =
         QStringLiteral("  %1  %2  %3").arg(number).arg(QString::fromStdString(zone.name), zoneTypeText(zone.type));
-    if (zone.isOrdered())
+    if (zone.isDeferred())
+        line += QStringLiteral(", size not loaded");
+    else if (zone.isOrdered())
         line += QStringLiteral(" %1 x %2 x %3").arg(zone.i).arg(zone.j).arg(zone.k);
-    line += QStringLiteral(", %1 points, %2 cells").arg(zone.pointCount()).arg(zone.cellCount());
+    if (!zone.isDeferred())
+        line += QStringLiteral(", %1 points, %2 cells").arg(zone.pointCount()).arg(zone.cellCount());
     if (zone.strand != kernel::staticStrand)
         line += QStringLiteral(", strand %1, time %2").arg(zone.strand).arg(zone.solutionTime);
     return line + QLatin1Char('\n');

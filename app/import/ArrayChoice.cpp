@@ -9,8 +9,8 @@ namespace veldraw::app {
 
 namespace {
 
-// A zone without coordinates is in no plot, and reading as few takes some milliseconds.
-constexpr double smallestDeferredPoints = 1 << 24;
+// A zone without coordinates or cells is in no plot, and reading as few takes some milliseconds.
+constexpr double smallestDeferral = 1 << 24;
 
 // The reader's names stand in the order of the file; they can be chosen by when each is there once.
 bool areKnown(vtkDataArraySelection& selection, std::size_t count)
@@ -44,6 +44,7 @@ void ArrayChoice::run(DeferredArrays& deferred)
     vtkDataArraySelection& ofCells = *m_reader.GetCellDataArraySelection();
     if (!m_list.isConsistent())
         return;
+    chooseCells(deferred);
     choosePoints(deferred);
     if (!areKnown(ofPoints, m_list.ofPoints().size()) || !areKnown(ofCells, m_list.ofCells().size()))
         return;
@@ -51,15 +52,35 @@ void ArrayChoice::run(DeferredArrays& deferred)
     deferred.ofCells = choose(ofCells, m_list.ofCells(), XmlSection::CellData);
 }
 
+void ArrayChoice::chooseCells(DeferredArrays& deferred)
+{
+    double const bytes = m_arrays.bytesOfCells();
+    bool const haveTheirNames = areKnown(*m_reader.GetPointDataArraySelection(), m_list.ofPoints().size()) &&
+                                areKnown(*m_reader.GetCellDataArraySelection(), m_list.ofCells().size());
+    bool const canPointsWait = m_list.coordinates().size() == 1 && m_list.coordinates().front().type &&
+                               m_list.coordinates().front().components == 3;
+    if (bytes < smallestDeferral || !haveTheirNames || !canPointsWait ||
+        m_plan.loadsNow(bytes, LoadingPlan::Need::FirstPlot))
+        return;
+    deferred.cells = m_arrays.plainCells();
+    m_leavesAll = deferred.cells.has_value();
+}
+
+bool ArrayChoice::loadsNow(XmlArrayList::Array const& array, bool isMapped, LoadingPlan::Need need)
+{
+    return !m_leavesAll && m_plan.loadsNow(isMapped ? 0.0 : array.bytes(), need);
+}
+
 void ArrayChoice::choosePoints(DeferredArrays& deferred)
 {
     if (m_list.coordinates().size() != 1)
         return;
     XmlArrayList::Array const& array = m_list.coordinates().front();
-    if (!array.type || array.components != 3 || array.bytes() < smallestDeferredPoints)
+    bool const areFew = array.bytes() < smallestDeferral && !m_leavesAll;
+    if (!array.type || array.components != 3 || areFew)
         return;
     bool const isMapped = m_arrays.canBeMapped(array);
-    bool const now = m_plan.loadsNow(isMapped ? 0.0 : array.bytes(), LoadingPlan::Need::FirstPlot);
+    bool const now = loadsNow(array, isMapped, LoadingPlan::Need::FirstPlot);
     if (now && !isMapped)
         return;
     deferred.points = described(array, "Points", XmlSection::Points);
@@ -78,8 +99,7 @@ std::vector<DeferredArray> ArrayChoice::choose(vtkDataArraySelection& selection,
             continue;
         bool const isMapped = !inCells && m_arrays.canBeMapped(array);
         bool const isFirst = n == 0 && !inCells;
-        bool const now = m_plan.loadsNow(isMapped ? 0.0 : array.bytes(),
-                                         isFirst ? LoadingPlan::Need::FirstPlot : LoadingPlan::Need::Later);
+        bool const now = loadsNow(array, isMapped, isFirst ? LoadingPlan::Need::FirstPlot : LoadingPlan::Need::Later);
         if (now && !isMapped)
             continue;
         result.push_back(described(array, selection.GetArrayName(n), section));

@@ -29,6 +29,8 @@ public:
 private:
     using Arrays = std::vector<XmlArrayList::Array>;
 
+    void chooseCells(DeferredArrays& deferred);
+    bool loadsNow(XmlArrayList::Array const& array, bool isMapped, LoadingPlan::Need need);
     void choosePoints(DeferredArrays& deferred);
     std::vector<DeferredArray> choose(vtkDataArraySelection& selection, Arrays const& arrays, XmlSection section);
     DeferredArray described(XmlArrayList::Array const& array, std::string const& name, XmlSection section) const;
@@ -37,6 +39,7 @@ private:
     GridArrays m_arrays;
     XmlArrayList const& m_list; // of the arrays
     LoadingPlan& m_plan;
+    bool m_leavesAll = false; // a zone whose cells are not read is left in the file as a whole
 };
 
 } // namespace veldraw::app

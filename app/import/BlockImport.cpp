@@ -1,5 +1,6 @@
 #include "app/import/BlockImport.h"
 
+#include "app/import/CellLoader.h"
 #include "app/import/ComponentNames.h"
 #include "app/import/ImageCoordinateLoader.h"
 #include "app/import/ImportError.h"
@@ -116,14 +117,12 @@ void BlockImport::makeZone()
             throw ImportError("its block \"" + m_name + "\" has an extent that ends before it starts");
         m_result.zone =
             std::make_shared<kernel::Zone>(m_name, ZoneType_Ordered, dimensions[0], dimensions[1], dimensions[2]);
+    } else if (m_deferred.cells) {
+        auto const loader = std::make_shared<CellLoader>(*m_deferred.cells, m_facts.zoneType);
+        m_result.zone = std::make_shared<kernel::Zone>(m_name, loader->zoneType(), -1, -1, -1);
+        m_result.zone->dimensionsLoader = loader;
     } else {
-        m_cells = importCells(m_block, m_pointCount, m_facts.zoneType);
-        for (std::string const& text : m_cells.remarks)
-            remark(text);
-        auto const& cells = m_cells.connectivity;
-        m_result.zone = std::make_shared<kernel::Zone>(m_name, m_cells.zoneType, m_pointCount,
-                                                       cells ? cells->cellCount : 1, cells ? m_cells.faceCount : 1);
-        m_result.zone->connectivity = cells;
+        makeMesh();
     }
     kernel::Zone& zone = *m_result.zone;
     m_result.variableNames = m_facts.variableNames;
@@ -135,12 +134,23 @@ void BlockImport::makeZone()
         zone.solutionTime = information->Get(vtkDataObject::DATA_TIME_STEP());
 }
 
+void BlockImport::makeMesh()
+{
+    m_cells = importCells(m_block, m_pointCount, m_facts.zoneType);
+    for (std::string const& text : m_cells.remarks)
+        remark(text);
+    auto const& cells = m_cells.connectivity;
+    m_result.zone = std::make_shared<kernel::Zone>(m_name, m_cells.zoneType, m_pointCount, cells ? cells->cellCount : 1,
+                                                   cells ? m_cells.faceCount : 1);
+    m_result.zone->connectivity = cells;
+}
+
 void BlockImport::addCoordinates()
 {
     auto* const points = vtkPointSet::SafeDownCast(&m_block);
     if (!points)
         addComputedCoordinates();
-    else if (m_pointCount != m_result.zone->pointCount())
+    else if (m_result.zone->isOrdered() && m_pointCount != m_result.zone->pointCount())
         throw ImportError("its block \"" + m_name + "\" has not as many points as its dimensions say");
     else if (m_deferred.points)
         addDeferredPoints(*m_deferred.points);
@@ -225,7 +235,7 @@ void BlockImport::addPointArrays()
 
 void BlockImport::addCellArrays()
 {
-    auto const arrays = numbersOf(*m_block.GetCellData(), m_block.GetNumberOfCells(), "cells");
+    auto const arrays = numbersOf(*m_block.GetCellData(), cellCount(), "cells");
     auto const add = [this](auto& array) { addCellArray(array); };
     inFileOrder(arrays, m_deferred.ofCells, add, add);
 }
@@ -255,7 +265,7 @@ void BlockImport::addCellArray(vtkDataArray& array)
 
 void BlockImport::addCellArray(DeferredArray const& array)
 {
-    std::int64_t const tuples = m_block.GetNumberOfCells();
+    std::int64_t const tuples = cellCount();
     kernel::Zone const& zone = *m_result.zone;
     if (isScattered() && m_cells.cellsArePoints) {
         addFields(array, tuples, ValueLocation_Nodal, {});
@@ -290,13 +300,18 @@ std::shared_ptr<kernel::ShareGroup> BlockImport::deferredGroup(DeferredArray con
     std::shared_ptr<kernel::ValueLoader> loader = array.makeLoader(component, tuples);
     if (arrange)
         loader = std::make_shared<ArrangedLoader>(loader, arrange);
-    auto group =
-        std::make_shared<kernel::ShareGroup>(kernelTypeOf(array.type), m_result.zone->valueCount(location), loader);
+    std::int64_t const size = m_result.zone->isDeferred() ? tuples : m_result.zone->valueCount(location);
+    auto group = std::make_shared<kernel::ShareGroup>(kernelTypeOf(array.type), size, loader);
     if (array.isMapped) {
         kernel::Progress progress;
         group->setLoaded(loader->load(progress));
     }
     return group;
+}
+
+std::int64_t BlockImport::cellCount() const
+{
+    return m_deferred.cells ? m_deferred.cells->count : m_block.GetNumberOfCells();
 }
 
 std::int64_t BlockImport::pointCountOf(vtkDataSet& block, DeferredArrays const& deferred)

@@ -36,6 +36,8 @@ public:
 
 private:
     void makeZone();
+    void makeMesh();
+    std::int64_t cellCount() const;
     void addCoordinates();
     void addPointArrays();
     void addCellArrays();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/import/DeferredCells.h"
 #include "app/import/RawType.h"
 #include "kernel/data/ValueLoader.h"
 
@@ -32,9 +33,13 @@ struct DeferredArrays
     std::vector<DeferredArray> ofPoints; ///< by position
     std::vector<DeferredArray> ofCells;  ///< by position
     bool coordinates = false;            ///< those of grids that store no points are computed later
-    std::optional<DeferredArray>
-        points;                  ///< the coordinates of a grid that stores them; it says nothing of its points then
+
+    /// Coordinates of a grid that stores them; it says nothing of its points then.
+    std::optional<DeferredArray> points;
     std::int64_t pointCount = 0; ///< of such a grid
+
+    /// Those of a mesh; it says nothing of its cells then.
+    std::optional<DeferredCells> cells;
 };
 
 } // namespace veldraw::app

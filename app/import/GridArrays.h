@@ -1,10 +1,12 @@
 #pragma once
 
+#include "app/import/DeferredCells.h"
 #include "app/import/FileStamp.h"
 #include "app/import/LoadingPlan.h"
 #include "app/import/RawArray.h"
 #include "app/import/XmlArrayList.h"
 
+#include <optional>
 #include <string>
 
 namespace veldraw::app {
@@ -29,11 +31,20 @@ public:
     RawArray rawArray(XmlArrayList::Array const& array) const;
     bool canBeMapped(XmlArrayList::Array const& array) const;
 
+    /// Cells of a mesh that can be read later: they stand uncompressed in the file, and all of them are plain ones. Reads the
+    /// types of the cells.
+    std::optional<DeferredCells> plainCells() const;
+
+    /// Memory for the cells of such a mesh, 0 for others.
+    double bytesOfCells() const;
+
     /// Memory for all that is loaded when there is enough; what is mapped, and coordinates that are not computed unasked, are
     /// left out.
     double bytesToLoad(LoadingPlan const& plan) const;
 
 private:
+    XmlArrayList::Array const* cellTypes() const;
+
     FileStamp m_file;
     std::string m_extension;
     XmlArrayList m_list;

@@ -138,4 +138,21 @@ ImportedCells importCells(vtkDataSet& grid, std::int64_t pointCount, ZoneType_e 
     return result;
 }
 
+bool isPlainCell(unsigned char type)
+{
+    return type == VTK_LINE || type == VTK_TRIANGLE || type == VTK_QUAD || type == VTK_TETRA ||
+           type == VTK_HEXAHEDRON || type == VTK_WEDGE || type == VTK_PYRAMID;
+}
+
+ZoneType_e zoneTypeOfCells(std::vector<unsigned char> const& kinds, ZoneType_e wanted)
+{
+    std::vector<Shape> shapes;
+    for (unsigned char const kind : kinds)
+        shapes.push_back(kernelShapeOf(kind));
+    kernel::Connectivity oneOfEach;
+    oneOfEach.cellCount = static_cast<std::int64_t>(shapes.size());
+    oneOfEach.shapes = shapes.data();
+    return zoneTypeOf(oneOfEach, wanted);
+}
+
 } // namespace veldraw::app

@@ -38,4 +38,11 @@ struct ImportedCells
 /// @throws ImportError damaged cells, or a cell type that has no counterpart
 ImportedCells importCells(vtkDataSet& grid, std::int64_t pointCount, ZoneType_e wanted);
 
+/// Whether cells of a VTK type have a fixed number of corners and are taken over as they are.
+bool isPlainCell(unsigned char type);
+
+/// The type of zone that importCells() makes of cells of these VTK types.
+/// @param kinds each isPlainCell(), at least one
+ZoneType_e zoneTypeOfCells(std::vector<unsigned char> const& kinds, ZoneType_e wanted);
+
 } // namespace veldraw::app

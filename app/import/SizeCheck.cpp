@@ -40,7 +40,8 @@ void SizeCheck::addStored(double count, double bytes, std::string const& what)
 void SizeCheck::addComputed(double count, double bytes)
 {
     m_bytes += count * bytes;
-    checkMemoryFor(m_bytes);
+    if (count * bytes > 0.0) // to ask the system takes time
+        checkMemoryFor(m_bytes);
 }
 
 void checkMemoryFor(double bytes)

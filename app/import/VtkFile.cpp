@@ -3,6 +3,7 @@
 #include "app/import/ArrayChoice.h"
 #include "app/import/CheckedMeshReader.h"
 #include "app/import/ImportError.h"
+#include "app/import/InterruptibleReader.h"
 #include "app/import/PartialReader.h"
 #include "app/import/XmlHeaderCheck.h"
 #include "app/vtk/ProgressObserver.h"
@@ -26,15 +27,15 @@ namespace {
 vtkSmartPointer<vtkXMLReader> xmlReader(std::string const& extension)
 {
     if (extension == "vti")
-        return vtkSmartPointer<vtkXMLImageDataReader>::New();
+        return vtkSmartPointer<InterruptibleReader<vtkXMLImageDataReader>>::New();
     if (extension == "vtr")
-        return vtkSmartPointer<vtkXMLRectilinearGridReader>::New();
+        return vtkSmartPointer<InterruptibleReader<vtkXMLRectilinearGridReader>>::New();
     if (extension == "vts")
-        return vtkSmartPointer<PartialReader<vtkXMLStructuredGridReader>>::New();
+        return vtkSmartPointer<PartialReader<InterruptibleReader<vtkXMLStructuredGridReader>>>::New();
     if (extension == "vtu")
-        return vtkSmartPointer<PartialReader<CheckedMeshReader>>::New();
+        return vtkSmartPointer<PartialReader<InterruptibleReader<CheckedMeshReader>>>::New();
     if (extension == "vtp")
-        return vtkSmartPointer<PartialReader<vtkXMLPolyDataReader>>::New();
+        return vtkSmartPointer<PartialReader<InterruptibleReader<vtkXMLPolyDataReader>>>::New();
     return nullptr;
 }
 
@@ -81,6 +82,8 @@ vtkSmartPointer<vtkDataObject> readXml(vtkXMLReader& reader, std::string const& 
         auto* const parts = dynamic_cast<GridParts*>(&reader);
         if (deferred.points && parts)
             parts->leaveOutPoints();
+        if (deferred.cells && parts)
+            parts->leaveOutCells();
     }
     return run(reader, errors, progress);
 }
@@ -126,6 +129,18 @@ vtkSmartPointer<vtkDataObject> readVtkArray(std::string const& path, std::string
         if (section != XmlSection::Points)
             parts->leaveOutPoints();
     }
+    return run(*reader, errors, progress);
+}
+
+vtkSmartPointer<vtkDataObject> readVtkCells(std::string const& path, std::function<bool(double)> const& progress)
+{
+    VtkErrorCapture const errors;
+    auto const reader = vtkSmartPointer<PartialReader<CheckedMeshReader>>::New();
+    reader->SetFileName(path.c_str());
+    reader->UpdateInformation();
+    reader->GetPointDataArraySelection()->DisableAllArrays();
+    reader->GetCellDataArraySelection()->DisableAllArrays();
+    reader->leaveOutPoints();
     return run(*reader, errors, progress);
 }
 

@@ -40,4 +40,8 @@ enum class XmlSection
 vtkSmartPointer<vtkDataObject> readVtkArray(std::string const& path, std::string const& extension, XmlSection section,
                                             std::string const& name, std::function<bool(double)> const& progress);
 
+/// Reads the cells of a .vtu file, without its points and arrays, without looking at the header first.
+/// @throws as readVtkFile()
+vtkSmartPointer<vtkDataObject> readVtkCells(std::string const& path, std::function<bool(double)> const& progress);
+
 } // namespace veldraw::app

@@ -12,6 +12,7 @@ namespace veldraw::app {
 
 namespace {
 
+constexpr std::int64_t unknown = -1;
 constexpr std::int64_t mostComponents = 1000000;
 
 std::optional<RawType> typeOf(std::string const& name)
@@ -74,14 +75,21 @@ XmlArrayList::XmlArrayList(std::string const& path)
     m_cells = asCount(all.cells);
     bool const stands = isRaw && !m_isCompressed && m_pieces == 1 && m_pieceIsWhole;
     std::int64_t const start = stands ? tags.startOfAppendedData() : -1;
-    for (Section* const section : {&m_ofPoints, &m_ofCells, &m_coordinates}) {
-        for (Array& array : section->arrays) {
-            array.values = asCount(array.components * static_cast<double>(section == &m_ofCells ? m_cells : m_points));
-            if (start >= 0)
-                place(array, path, start);
-            else
-                array.offset.reset();
-        }
+    finish(m_ofPoints, m_points, path, start);
+    finish(m_ofCells, m_cells, path, start);
+    finish(m_coordinates, m_points, path, start);
+    finish(m_mesh, unknown, path, start);
+}
+
+// @param start of the appended data, -1 where the arrays do not stand there as they are
+void XmlArrayList::finish(Section& section, std::int64_t tuples, std::string const& path, std::int64_t start)
+{
+    for (Array& array : section.arrays) {
+        array.values = tuples == unknown ? 0 : asCount(array.components * static_cast<double>(tuples));
+        if (start < 0)
+            array.offset.reset();
+        else if (array.type && array.offset)
+            place(array, path, start, tuples == unknown);
     }
 }
 
@@ -111,6 +119,8 @@ XmlArrayList::Section* XmlArrayList::openSection()
         return &m_ofPoints;
     if (m_openTag == "CellData")
         return &m_ofCells;
+    if (m_openTag == "Cells")
+        return &m_mesh;
     return m_openTag == "Points" ? &m_coordinates : nullptr;
 }
 
@@ -134,7 +144,7 @@ void XmlArrayList::lookAtPiece(XmlTags::Tag const& tag)
 
 void XmlArrayList::finishPiece()
 {
-    for (Section* const section : {&m_ofPoints, &m_ofCells, &m_coordinates}) {
+    for (Section* const section : {&m_ofPoints, &m_ofCells, &m_coordinates, &m_mesh}) {
         m_isConsistent = m_isConsistent && section->seen == section->arrays.size();
         section->seen = 0;
     }
@@ -180,13 +190,13 @@ void XmlArrayList::lookAtArray(XmlTags::Tag const& tag, Section& section)
 }
 
 // Each array starts with its size; one of another size than its grid asks for is left to VTK's reader to complain about.
-void XmlArrayList::place(Array& array, std::string const& path, std::int64_t start) const
+void XmlArrayList::place(Array& array, std::string const& path, std::int64_t start, bool isOfAnySize) const
 {
-    if (!array.type || !array.offset)
-        return;
     double const size = XmlArrayPrefix::read(path, start + *array.offset, m_format).numbers[0];
     array.offset = start + *array.offset + m_format.bytesOfNumber;
-    if (size != static_cast<double>(array.values) * bytesOf(*array.type))
+    if (isOfAnySize)
+        array.values = asCount(size / bytesOf(*array.type));
+    else if (size != static_cast<double>(array.values) * bytesOf(*array.type))
         array.type.reset();
 }
 

@@ -21,9 +21,10 @@ public:
         std::string name;            ///< as the file spells it
         std::optional<RawType> type; ///< none: no numbers that can be loaded later
         int components = 1;
-        std::int64_t values = 0; ///< of all components in all pieces
-        std::optional<std::int64_t>
-            offset; ///< of the first value in the file, where all stand there uncompressed in one piece
+        std::int64_t values = 0; ///< of all components in all pieces; 0 where the header does not say it
+
+        /// Of the first value in the file, where all stand there uncompressed in one piece.
+        std::optional<std::int64_t> offset;
 
         /// Limits that the file says, as an estimate. Those of vectors are about their lengths, so that nothing is known of
         /// the components.
@@ -38,6 +39,7 @@ public:
 
     std::vector<Array> const& ofPoints() const { return m_ofPoints.arrays; }
     std::vector<Array> const& ofCells() const { return m_ofCells.arrays; }
+    std::vector<Array> const& meshArrays() const { return m_mesh.arrays; } ///< those that make up a mesh's cells
     std::vector<Array> const& coordinates() const
     {
         return m_coordinates.arrays;
@@ -68,11 +70,13 @@ private:
     void finishPiece();
     void lookAtArray(XmlTags::Tag const& tag, Section& section);
     Section* openSection();
-    void place(Array& array, std::string const& path, std::int64_t start) const;
+    void finish(Section& section, std::int64_t tuples, std::string const& path, std::int64_t start);
+    void place(Array& array, std::string const& path, std::int64_t start, bool isOfAnySize) const;
 
     Section m_ofPoints;
     Section m_ofCells;
     Section m_coordinates;
+    Section m_mesh;
     bool m_isCompressed = false;
     bool m_isConsistent = true;
     XmlArrayPrefix::Format m_format;

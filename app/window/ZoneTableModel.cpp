@@ -8,7 +8,10 @@ namespace {
 
 QString toolTipOf(kernel::Zone const& zone)
 {
-    QString text = QStringLiteral("%1 points, %2 cells").arg(countText(zone.pointCount()), countText(zone.cellCount()));
+    QString text =
+        zone.isDeferred()
+            ? zoneSizeText(zone)
+            : QStringLiteral("%1 points, %2 cells").arg(countText(zone.pointCount()), countText(zone.cellCount()));
     if (zone.strand != kernel::staticStrand)
         text += QStringLiteral("\nstrand %1, solution time %2").arg(zone.strand).arg(zone.solutionTime);
     return text;

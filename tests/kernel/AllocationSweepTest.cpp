@@ -1,10 +1,11 @@
 #include "AllocationFailure.h"
 #include "SessionFixture.h"
-#include "kernel/compute/Rotation.h"
+#include "SpatialData.h"
 #include "kernel/data/AxialCopies.h"
 #include "kernel/data/SpatialVariables.h"
 
 using namespace veldraw::kernel;
+using sample::slanting;
 
 namespace {
 
@@ -41,7 +42,6 @@ std::string const longText(200, 'n');
 /// The planes of the stage as things in space, their Z passive.
 NumberSet const bothZones{1, 2};
 SpatialVariables const planes{{1, 2, 3}, {}, true, false};
-RotationAxis const slanting{{1, 2, 3}, {1, -2, 0.5}};
 
 /// Lets each request for memory of @p operation fail once: it succeeds, or nothing has changed and nothing was told.
 /// @return the number of requests that failed

@@ -1,6 +1,4 @@
-#include "SessionFixture.h"
-#include "SpatialData.h"
-#include "kernel/compute/Rotation.h"
+#include "SpatialFixture.h"
 #include "kernel/data/AxialCopies.h"
 #include "kernel/data/MemoryDemand.h"
 #include "kernel/data/StrandNumbers.h"
@@ -12,34 +10,23 @@
 #include <set>
 
 using namespace veldraw::kernel;
+using sample::aboutZ;
 using sample::inPlane;
 using sample::inSpace;
 using sample::noVector;
+using sample::slanting;
 using sample::values;
 using testing::ElementsAre;
 
 namespace {
 
-RotationAxis const aboutZ{{}, {0, 0, 1}};
-RotationAxis const slanting{{1, 2, 3}, {1, -2, 0.5}};
-
-class DuplicateAxially : public SessionFixture
+class DuplicateAxially : public SpatialFixture
 {
 protected:
-    DuplicateAxially()
-    {
-        dataSet = sample::emptySpace();
-        sample::addOrdered(*dataSet, 3, 2, 2);
-        frame = sample::show(session, dataSet);
-        recorder.take();
-    }
-
     bool duplicate(NumberSet const& zones, AxialCopies const& copies, RotationAxis const& axis = aboutZ)
     {
         return session.duplicateZonesAxially(*dataSet, zones, inSpace, axis, copies);
     }
-
-    Field const& field(int zone, int variable) const { return *dataSet->field(zone, variable); }
 
     /// Storage of all fields, each counted once.
     std::int64_t bytesHeld() const

@@ -1,7 +1,6 @@
 // Zone operations that are cancelled, or disturbed, while they compute.
 #include "SessionFixture.h"
 #include "SpatialData.h"
-#include "kernel/compute/Rotation.h"
 #include "kernel/compute/Waiter.h"
 #include "kernel/data/AxialCopies.h"
 
@@ -9,13 +8,12 @@
 #include <thread>
 
 using namespace veldraw::kernel;
+using sample::slanting;
 using testing::ElementsAre;
 
 namespace {
 
 using Clock = std::chrono::steady_clock;
-
-RotationAxis const slanting{{1, 2, 3}, {1, -2, 0.5}};
 
 /// Does something once while the work goes on, then waits for its end.
 class OnceWaiter : public Waiter

@@ -2,17 +2,16 @@
 #include "AllocationFailure.h"
 #include "SessionFixture.h"
 #include "SpatialData.h"
-#include "kernel/compute/Rotation.h"
 #include "kernel/data/AxialCopies.h"
 
 using namespace veldraw::kernel;
+using sample::aboutZ;
+using sample::slanting;
 
 namespace {
 
 constexpr std::int64_t pointCount = 100000;
 constexpr std::int64_t array = pointCount * 4;
-RotationAxis const slanting{{1, 2, 3}, {1, -2, 0.5}};
-RotationAxis const aboutZ{{0, 0, 0}, {0, 0, 1}};
 
 /// One zone of floats X, Y, Z, U, V, W, P, each an array of its own.
 class HistoryMemory : public SessionFixture

@@ -1,6 +1,5 @@
 #include "CellMeasure.h"
-#include "SessionFixture.h"
-#include "SpatialData.h"
+#include "SpatialFixture.h"
 #include "platform/vdsdkbase/VelUtil.h"
 
 #include <cmath>
@@ -13,20 +12,10 @@ using testing::ElementsAre;
 
 namespace {
 
-class MirrorZones : public SessionFixture
+class MirrorZones : public SpatialFixture
 {
 protected:
-    MirrorZones()
-    {
-        dataSet = sample::emptySpace();
-        sample::addOrdered(*dataSet, 3, 2, 2);
-        frame = sample::show(session, dataSet);
-        recorder.take();
-    }
-
     bool mirror(NumberSet const& zones, char coordinate) { return session.mirrorZones(frame->id, zones, coordinate); }
-
-    Field& field(int zone, int variable) { return dataSet->zone(zone)->fields[static_cast<std::size_t>(variable - 1)]; }
 
     /// The variables of which a zone has storage of its own.
     NumberSet ownVariables(int zone, int source) const

@@ -1,7 +1,5 @@
 #include "SampleLoader.h"
-#include "SessionFixture.h"
-#include "SpatialData.h"
-#include "kernel/compute/Rotation.h"
+#include "SpatialFixture.h"
 #include "platform/vdsdkbase/VelUtil.h"
 
 #include <climits>
@@ -9,9 +7,12 @@
 #include <limits>
 
 using namespace veldraw::kernel;
+using sample::aboutX;
+using sample::aboutZ;
 using sample::inPlane;
 using sample::inSpace;
 using sample::noVector;
+using sample::slanting;
 using sample::values;
 using testing::ElementsAre;
 
@@ -19,23 +20,10 @@ namespace {
 
 constexpr double inf = std::numeric_limits<double>::infinity();
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
-RotationAxis const aboutX{{}, {1, 0, 0}};
-RotationAxis const aboutZ{{}, {0, 0, 1}};
-RotationAxis const slanting{{1, 2, 3}, {1, -2, 0.5}};
 
-class RotateZones : public SessionFixture
+class RotateZones : public SpatialFixture
 {
 protected:
-    RotateZones()
-    {
-        dataSet = sample::emptySpace();
-        sample::addOrdered(*dataSet, 3, 2, 2);
-        frame = sample::show(session, dataSet);
-        recorder.take();
-    }
-
-    Field& field(int zone, int variable) { return dataSet->zone(zone)->fields[static_cast<std::size_t>(variable - 1)]; }
-
     /// A zone of one point whose coordinates are of @p type and whose vector is (1, 0, 0).
     int addPoint(double x, double y, double z, FieldDataType_e type = FieldDataType_Double)
     {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "kernel/compute/Rotation.h"
 #include "kernel/data/SpatialVariables.h"
 #include "kernel/frames/Session.h"
 
@@ -12,6 +13,10 @@ namespace sample {
 extern veldraw::kernel::SpatialVariables const inSpace;  ///< X, Y, Z with U, V, W
 extern veldraw::kernel::SpatialVariables const inPlane;  ///< X, Y with U, V
 extern veldraw::kernel::SpatialVariables const noVector; ///< X, Y, Z alone
+
+inline veldraw::kernel::RotationAxis const aboutX{{}, {1, 0, 0}};
+inline veldraw::kernel::RotationAxis const aboutZ{{}, {0, 0, 1}};
+inline veldraw::kernel::RotationAxis const slanting{{1, 2, 3}, {1, -2, 0.5}};
 
 /// A data set of these variables without a zone.
 std::shared_ptr<veldraw::kernel::DataSet> emptySpace();

@@ -1,7 +1,6 @@
-#include "platform/vdsdkcommon/WaitState.h"
+#include "tests/dialogs/support/ActionUnderSpy.h"
 #include "tests/dialogs/support/RecordedGuards.h"
 #include "tests/dialogs/zoneops/AxialFixture.h"
-#include "tests/support/KernelSpy.h"
 
 #include <cmath>
 #include <gmock/gmock.h>
@@ -15,17 +14,10 @@ using testing::IsEmpty;
 
 /// The buttons of both dialogs as the kernel sees them.
 template <typename Fixture>
-class AxialKernelTest : public Fixture
+class AxialKernelTest : public ActionUnderSpy<Fixture>
 {
 protected:
-    AxialKernelTest() { this->launched(); }
-
-    std::vector<std::string> callsOfAction()
-    {
-        spy.reset();
-        this->clickAction();
-        return spy.calls();
-    }
+    using ActionUnderSpy<Fixture>::spy;
 
     /// The one call of a function; fails in the kernel, which is not the matter here.
     std::string refusedCall(char const* function)
@@ -45,8 +37,6 @@ protected:
         EXPECT_EQ(sdk::AppLock::depth(), 0);
         EXPECT_TRUE(this->dialog().isVisible());
     }
-
-    KernelSpy spy;
 };
 
 class AxialRotationKernelTest : public AxialKernelTest<AxialRotationFixture>

@@ -1,4 +1,3 @@
-#include "tests/dialogs/support/RecordedGuards.h"
 #include "tests/dialogs/zoneops/CreateMirrorZoneFixture.h"
 
 #include <gmock/gmock.h>
@@ -229,33 +228,6 @@ TEST_F(CreateMirrorZoneDialogTest, CannotBeUsedOutsideFieldPlots)
     EXPECT_TRUE(list().isEnabled());
     EXPECT_TRUE(choice("2DX").isEnabled());
     EXPECT_TRUE(actionButton().isEnabled());
-}
-
-/// What is held while a message is on the screen: lock, wait state.
-class CreateMirrorZoneGuardsTest : public CreateMirrorZoneFixture
-{
-protected:
-    using Guards = RecordedGuards::Guards;
-
-    CreateMirrorZoneGuardsTest() { launched(); }
-
-    RecordedGuards told;
-};
-
-TEST_F(CreateMirrorZoneGuardsTest, LocksTheApplicationWhileItTellsARefusal)
-{
-    clickAction();
-    EXPECT_EQ(told.guards(), (Guards{{1, 0}}));
-    EXPECT_EQ(sdk::AppLock::depth(), 0);
-}
-
-TEST_F(CreateMirrorZoneGuardsTest, IsBusyAndLocksTheApplicationUntilTheOutcomeHasBeenTold)
-{
-    clickRow(0);
-    clickAction();
-    EXPECT_EQ(told.guards(), (Guards{{1, 1}}));
-    EXPECT_EQ(sdk::AppLock::depth(), 0);
-    EXPECT_EQ(sdk::WaitState::depth(), 0);
 }
 
 } // namespace

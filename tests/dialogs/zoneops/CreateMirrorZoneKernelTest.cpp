@@ -1,5 +1,5 @@
+#include "tests/dialogs/support/ActionUnderSpy.h"
 #include "tests/dialogs/zoneops/CreateMirrorZoneFixture.h"
-#include "tests/support/KernelSpy.h"
 
 #include <gmock/gmock.h>
 
@@ -11,19 +11,9 @@ using testing::ElementsAre;
 std::string const failed = "error: Error duplicating zone(s)";
 std::string const created = "information: Mirror zone creation successful.";
 
-class CreateMirrorZoneKernelTest : public CreateMirrorZoneFixture
+class CreateMirrorZoneKernelTest : public ActionUnderSpy<CreateMirrorZoneFixture>
 {
 protected:
-    CreateMirrorZoneKernelTest() { launched(); }
-
-    /// A click on the button as the kernel sees it.
-    std::vector<std::string> callsOfCreate()
-    {
-        spy.reset();
-        clickAction();
-        return spy.calls();
-    }
-
     /// What the kernel is asked for by a click on the button.
     std::string operationOfCreate()
     {
@@ -32,30 +22,20 @@ protected:
         std::vector<std::string> const calls = spy.callsOf("VelUtilCreateMirrorZones");
         return calls.size() == 1 ? calls.front() : std::to_string(calls.size()) + " calls";
     }
-
-    void expectTold(std::vector<std::string> const& texts, std::string const& when)
-    {
-        EXPECT_EQ(messages.take(), texts) << when;
-        EXPECT_EQ(sdk::AppLock::depth(), 0) << when;
-        EXPECT_EQ(sdk::WaitState::depth(), 0) << when;
-        EXPECT_TRUE(dialog().isVisible()) << when;
-    }
-
-    KernelSpy spy;
 };
 
 TEST_F(CreateMirrorZoneKernelTest, MirrorsTheWholeSelectionInOneCall)
 {
     clickRow(0);
     clickRow(2, Qt::ControlModifier);
-    EXPECT_THAT(callsOfCreate(), ElementsAre("VelUtilFrameGetPlotType()", "VelUtilCreateMirrorZones({1, 3}, 'Z')",
+    EXPECT_THAT(callsOfAction(), ElementsAre("VelUtilFrameGetPlotType()", "VelUtilCreateMirrorZones({1, 3}, 'Z')",
                                              "VelUtilFrameGetUniqueID()", // the list, which hears of the copies
                                              "VelUtilDialogMessageBox(\"Mirror zone creation successful.\", 2)"));
 }
 
 TEST_F(CreateMirrorZoneKernelTest, AsksForNothingWithoutASelection)
 {
-    EXPECT_THAT(callsOfCreate(), ElementsAre("VelUtilDialogErrMsg(\"No source zones were specified\")"));
+    EXPECT_THAT(callsOfAction(), ElementsAre("VelUtilDialogErrMsg(\"No source zones were specified\")"));
 }
 
 TEST_F(CreateMirrorZoneKernelTest, NamesTheCoordinateOfTheChoiceInA3DPlot)
@@ -137,11 +117,6 @@ TEST_F(CreateMirrorZoneKernelTest, AsksTheKernelNothingWhileListAndChoicesAreUse
     EXPECT_EQ(spy.count("VelUtilFrameGetPlotType"), 0);
 }
 
-bool isOf(std::string const& call, char const* function)
-{
-    return call.rfind(std::string(function) + "(", 0) == 0;
-}
-
 /// Every kernel call of the action, failing alone or with all that follow it.
 class CreateMirrorZoneFailureTest : public CreateMirrorZoneKernelTest
 {
@@ -149,12 +124,12 @@ protected:
     void sweep(void (KernelSpy::*fail)(int), bool messagesToo)
     {
         clickRow(1);
-        std::vector<std::string> const calls = callsOfCreate();
+        std::vector<std::string> const calls = callsOfAction();
         ASSERT_EQ(calls.size(), 4u);
         for (std::size_t failing = 0; failing < calls.size(); ++failing) {
             std::string const when = calls[failing] + " fails";
-            bool const succeeds = !isOf(calls[failing], "VelUtilCreateMirrorZones") &&
-                                  !(messagesToo && isOf(calls[failing], "VelUtilFrameGetPlotType"));
+            bool const succeeds = !isCallOf(calls[failing], "VelUtilCreateMirrorZones") &&
+                                  !(messagesToo && isCallOf(calls[failing], "VelUtilFrameGetPlotType"));
             sample.session().undo();
             EXPECT_EQ(rows().size(), 3u) << when;
             clickRow(1);
@@ -163,7 +138,7 @@ protected:
             clickAction();
             spy.reset();
             EXPECT_EQ(zoneNames().size(), succeeds ? 4u : 3u) << when;
-            bool const told = !messagesToo && !isOf(calls[failing], "VelUtilDialogMessageBox");
+            bool const told = !messagesToo && !isCallOf(calls[failing], "VelUtilDialogMessageBox");
             expectTold(told ? std::vector<std::string>{succeeds ? created : failed} : std::vector<std::string>(), when);
             if (!succeeds)
                 clickAction();

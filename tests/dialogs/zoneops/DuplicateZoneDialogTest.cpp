@@ -1,6 +1,5 @@
 #include "tests/dialogs/support/FormTable.h"
 #include "tests/dialogs/support/NotingTranslator.h"
-#include "tests/dialogs/support/RecordedGuards.h"
 #include "tests/dialogs/zoneops/DuplicateZoneFixture.h"
 
 #include <QItemSelectionModel>
@@ -198,43 +197,6 @@ TEST_F(DuplicateZoneDialogTest, TranslatesTheTextsOfItsFormOnly)
                 IsSupersetOf({"DuplicateZone: Create Duplicate Zone", "DuplicateZone: Source &zone"}));
     EXPECT_EQ(actionButton().text(), QStringLiteral("C&reate"));
     EXPECT_THAT(translator.asked, Not(Contains(EndsWith("C&reate"))));
-}
-
-/// What is held while a message is on the screen: lock, wait state.
-class DuplicateZoneGuardsTest : public DuplicateZoneFixture
-{
-protected:
-    using Guards = RecordedGuards::Guards;
-
-    DuplicateZoneGuardsTest() { launched(); }
-
-    RecordedGuards told;
-};
-
-TEST_F(DuplicateZoneGuardsTest, LocksTheApplicationWhileItTellsARefusal)
-{
-    clickAction();
-    EXPECT_EQ(told.guards(), (Guards{{1, 0}}));
-    EXPECT_EQ(sdk::AppLock::depth(), 0);
-}
-
-TEST_F(DuplicateZoneGuardsTest, IsBusyAndLocksTheApplicationUntilTheOutcomeHasBeenTold)
-{
-    clickRow(0);
-    clickAction();
-    EXPECT_EQ(told.guards(), (Guards{{1, 1}}));
-    EXPECT_EQ(sdk::AppLock::depth(), 0);
-    EXPECT_EQ(sdk::WaitState::depth(), 0);
-}
-
-TEST_F(DuplicateZoneGuardsTest, IsNoLongerBusyBeforeItReleasesItsLock)
-{
-    std::vector<int> depths;
-    boost::signals2::scoped_connection const listening =
-        sdk::WaitState::connectBusyChanged([&depths](bool) { depths.push_back(sdk::AppLock::depth()); });
-    clickRow(0);
-    clickAction();
-    EXPECT_THAT(depths, ElementsAre(1, 1));
 }
 
 } // namespace

@@ -1,5 +1,5 @@
+#include "tests/dialogs/support/ActionUnderSpy.h"
 #include "tests/dialogs/zoneops/DuplicateZoneFixture.h"
-#include "tests/support/KernelSpy.h"
 
 #include <gmock/gmock.h>
 
@@ -12,35 +12,15 @@ using testing::IsEmpty;
 std::string const failed = "error: Error duplicating zone(s)";
 std::string const created = "information: Duplicate zone(s) created";
 
-class DuplicateZoneKernelTest : public DuplicateZoneFixture
+class DuplicateZoneKernelTest : public ActionUnderSpy<DuplicateZoneFixture>
 {
-protected:
-    DuplicateZoneKernelTest() { launched(); }
-
-    /// A click on the button as the kernel sees it.
-    std::vector<std::string> callsOfCreate()
-    {
-        spy.reset();
-        clickAction();
-        return spy.calls();
-    }
-
-    void expectTold(std::vector<std::string> const& texts, std::string const& when)
-    {
-        EXPECT_EQ(messages.take(), texts) << when;
-        EXPECT_EQ(sdk::AppLock::depth(), 0) << when;
-        EXPECT_EQ(sdk::WaitState::depth(), 0) << when;
-        EXPECT_TRUE(dialog().isVisible()) << when;
-    }
-
-    KernelSpy spy;
 };
 
 TEST_F(DuplicateZoneKernelTest, CopiesTheWholeSelectionInOneCall)
 {
     clickRow(0);
     clickRow(2, Qt::ControlModifier);
-    EXPECT_THAT(callsOfCreate(),
+    EXPECT_THAT(callsOfAction(),
                 ElementsAre("VelUtilArgListAlloc()", "VelUtilArgListAppendSet(list, \"SourceZones\", {1, 3})",
                             "VelUtilZoneCopyX(list)",
                             "VelUtilFrameGetUniqueID()", // the list, which hears of the copies
@@ -49,7 +29,7 @@ TEST_F(DuplicateZoneKernelTest, CopiesTheWholeSelectionInOneCall)
 
 TEST_F(DuplicateZoneKernelTest, AllocatesAndCallsNothingWithoutASelection)
 {
-    EXPECT_THAT(callsOfCreate(), ElementsAre("VelUtilDialogErrMsg(\"No zones are selected\")"));
+    EXPECT_THAT(callsOfAction(), ElementsAre("VelUtilDialogErrMsg(\"No zones are selected\")"));
 }
 
 TEST_F(DuplicateZoneKernelTest, GoesNoFurtherWithoutAnArgumentList)
@@ -123,21 +103,17 @@ TEST_F(DuplicateZoneKernelTest, AsksTheKernelNothingWhileTheListIsUsed)
     EXPECT_EQ(spy.count("VelUtilArgListAlloc"), 0);
 }
 
-bool isOf(std::string const& call, char const* function)
-{
-    return call.rfind(std::string(function) + "(", 0) == 0;
-}
-
 // Whether the zones are not copied when just this kernel call fails.
 bool refuses(std::string const& call)
 {
-    return isOf(call, "VelUtilArgListAlloc") || isOf(call, "VelUtilArgListAppendSet") || isOf(call, "VelUtilZoneCopyX");
+    return isCallOf(call, "VelUtilArgListAlloc") || isCallOf(call, "VelUtilArgListAppendSet") ||
+           isCallOf(call, "VelUtilZoneCopyX");
 }
 
 // What the user is told when just this kernel call fails.
 std::vector<std::string> toldWhenFailing(std::string const& call)
 {
-    if (isOf(call, "VelUtilDialogMessageBox"))
+    if (isCallOf(call, "VelUtilDialogMessageBox"))
         return {};
     return {refuses(call) ? failed : created};
 }
@@ -145,7 +121,7 @@ std::vector<std::string> toldWhenFailing(std::string const& call)
 TEST_F(DuplicateZoneKernelTest, StaysWholeAndReleasesItsGuardsWhicheverKernelCallFails)
 {
     clickRow(1);
-    std::vector<std::string> const calls = callsOfCreate();
+    std::vector<std::string> const calls = callsOfAction();
     ASSERT_EQ(calls.size(), 6u);
     for (std::size_t failing = 0; failing < calls.size(); ++failing) {
         std::string const when = calls[failing] + " fails";
@@ -167,7 +143,7 @@ TEST_F(DuplicateZoneKernelTest, StaysWholeAndReleasesItsGuardsWhicheverKernelCal
 TEST_F(DuplicateZoneKernelTest, StaysWholeAndReleasesItsGuardsWhenAllKernelCallsFailFromOneOn)
 {
     clickRow(1);
-    std::vector<std::string> const calls = callsOfCreate();
+    std::vector<std::string> const calls = callsOfAction();
     ASSERT_EQ(calls.size(), 6u);
     for (std::size_t failing = 0; failing < calls.size(); ++failing) {
         std::string const when = calls[failing] + " and all after it fail";

@@ -55,8 +55,11 @@ bool ButtonBinding::eventFilter(QObject*, QEvent* event)
 void ButtonBinding::onClicked()
 {
     QPointer<ButtonBinding> const self = this;
-    if (commitPendingText(m_button) && self)
-        m_function();
+    if (!commitPendingText(m_button) || !self)
+        return;
+    // The function may end this binding, and itself with it.
+    boost::function<void()> const function = m_function;
+    function();
 }
 
 } // namespace veldraw::sdk::ui::dialogs::propertybindings

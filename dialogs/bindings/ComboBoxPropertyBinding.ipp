@@ -74,8 +74,8 @@ ComboBoxPropertyBinding<T>::~ComboBoxPropertyBinding()
     m_observable->removeListener(&m_listener);
     if (showsOurList()) {
         m_comboBox->hidePopup();
-        m_comboBox->view()->setModel(
-            nullptr); // while the list lives: Qt complains about selections in one that is gone
+        // While the list lives: Qt complains about selections in one that is gone.
+        m_comboBox->view()->setModel(nullptr);
     }
     m_itemModel.reset();
 }

@@ -21,7 +21,7 @@ void ListViewPropertyBinding::setSelectionMode(QAbstractItemView::SelectionMode 
 }
 
 // Runs after the synchronizer has given the view its list, since that gives it a new selection model as well.
-void ListViewPropertyBinding::init(ModelUpdateMode)
+void ListViewPropertyBinding::init()
 {
     if (m_view->selectionMode() == QAbstractItemView::SingleSelection)
         m_view->setSelectionMode(QAbstractItemView::ExtendedSelection);
@@ -37,7 +37,7 @@ void ListViewPropertyBinding::follow(UIPropertyInterface& uiProperty)
         WidgetVote::castFor(&uiProperty, m_view, WidgetVote::Visible, uiProperty.isVisible());
     };
     applyUIState();
-    m_uiStateUpdater.reset(new common::OnIdleActionPerformerSingleShot(applyUIState));
+    m_uiStateUpdater = std::make_unique<common::OnIdleActionPerformerSingleShot>(applyUIState);
     m_connections.add(uiProperty.connectSensitivityChanged([this] { m_uiStateUpdater->enableNotification(); }));
     m_connections.add(uiProperty.connectVisibilityChanged([this] { m_uiStateUpdater->enableNotification(); }));
 }

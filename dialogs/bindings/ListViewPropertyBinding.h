@@ -38,7 +38,7 @@ public:
         : m_view(view)
         , m_synchronizer(new ListViewPropertySynchronizer<decltype(property->value())>(view, model, property, mode))
     {
-        init(mode);
+        init();
     }
 
     /// The view follows the property's visibility and sensitivity too. The caller keeps the property alive.
@@ -49,7 +49,7 @@ public:
         , m_synchronizer(new ListViewPropertySynchronizer<V>(view, model, property, mode))
     {
         follow(property);
-        init(mode);
+        init();
     }
 
     ~ListViewPropertyBinding() override;
@@ -57,7 +57,7 @@ public:
     void setSelectionMode(QAbstractItemView::SelectionMode mode);
 
 private:
-    void init(ModelUpdateMode mode);
+    void init();
     void follow(UIPropertyInterface& uiProperty);
 
     QPointer<QListView> const m_view;

@@ -114,19 +114,27 @@ void ListViewPropertySynchronizer<V>::applySelection(QItemSelection const& selec
     selected.select(selection, QItemSelectionModel::ClearAndSelect);
 }
 
+// A listener of the property may end this synchronizer, and with it the last owner of the property.
 template <typename V>
 void ListViewPropertySynchronizer<V>::updateProperty()
 {
     if (m_selectionChangedByUpdate || !selectionModel())
         return;
+    QPointer<QObject> const self = m_itemModel.get();
+    boost::shared_ptr<PropertyAbstract<V>> const keptProperty = m_sharedProperty;
     V const values = valuesOfSelection(selectionModel()->selection(), *m_model);
     if (m_updateMode == BindingInterface::ModelUpdateDeferredOnBusy) {
         m_performer.enable(false);
-        ScopedExitAction const listenAgain([this] { m_performer.enable(true); });
+        ScopedExitAction const listenAgain([this, self] {
+            if (self)
+                m_performer.enable(true);
+        });
         m_property->setValue(values);
         return;
     }
     m_property->setValue(values);
+    if (!self)
+        return;
     updateWidget();
     applyUIProperty();
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "dialogs/models/ListenerList.h"
 #include "dialogs/bindings/QButtonListenerInterface.h"
+#include "dialogs/models/ListenerList.h"
 
 #include <QObject>
 #include <QPointer>

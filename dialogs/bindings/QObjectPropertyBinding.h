@@ -4,6 +4,8 @@
 
 #include <QObject>
 
+#include <memory>
+
 namespace veldraw::sdk::ui::dialogs::propertybindings {
 
 /// The base of bindings that are `QObject`s with slots of their own. The road from the property to the widget is that

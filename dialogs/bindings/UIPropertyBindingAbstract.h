@@ -8,8 +8,6 @@
 
 #include <boost/shared_ptr.hpp>
 
-#include <memory>
-
 namespace veldraw::sdk::ui::dialogs::propertybindings {
 
 using propertymanager::UIPropertyInterface;
@@ -58,8 +56,8 @@ private:
     PropertyAbstract<T>* const m_property;
     boost::shared_ptr<PropertyAbstract<T>> const m_sharedProperty; // empty: somebody else's
     common::OnIdleActionPerformerSingleShot m_widgetUpdater;
-    std::unique_ptr<common::OnIdleActionPerformerSingleShot> const m_visibilityUpdater;
-    std::unique_ptr<common::OnIdleActionPerformerSingleShot> const m_sensitivityUpdater;
+    common::OnIdleActionPerformerSingleShot m_visibilityUpdater;
+    common::OnIdleActionPerformerSingleShot m_sensitivityUpdater;
     SignalConnectionCollection m_connections;
 };
 

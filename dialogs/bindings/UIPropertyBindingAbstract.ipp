@@ -12,8 +12,8 @@ UIPropertyBindingAbstract<T>::UIPropertyBindingAbstract(UIStylePropertyAbstract<
     , m_uiProperty(&uiProperty)
     , m_property(&uiProperty)
     , m_widgetUpdater([this] { updateWidgetValue(); })
-    , m_visibilityUpdater(new common::OnIdleActionPerformerSingleShot([this] { updateWidgetVisibility(); }))
-    , m_sensitivityUpdater(new common::OnIdleActionPerformerSingleShot([this] { updateWidgetSensitivity(); }))
+    , m_visibilityUpdater([this] { updateWidgetVisibility(); })
+    , m_sensitivityUpdater([this] { updateWidgetSensitivity(); })
 {
     startListeningToProperty();
 }
@@ -26,8 +26,8 @@ UIPropertyBindingAbstract<T>::UIPropertyBindingAbstract(boost::shared_ptr<Proper
     , m_property(property.get())
     , m_sharedProperty(property)
     , m_widgetUpdater([this] { updateWidgetValue(); })
-    , m_visibilityUpdater(new common::OnIdleActionPerformerSingleShot([this] { updateWidgetVisibility(); }))
-    , m_sensitivityUpdater(new common::OnIdleActionPerformerSingleShot([this] { updateWidgetSensitivity(); }))
+    , m_visibilityUpdater([this] { updateWidgetVisibility(); })
+    , m_sensitivityUpdater([this] { updateWidgetSensitivity(); })
 {
     startListeningToProperty();
 }
@@ -92,7 +92,7 @@ void UIPropertyBindingAbstract<T>::visibilityChanged()
     if (m_widgetUpdateMode == UpdateImmediately)
         updateWidgetVisibility();
     else
-        m_visibilityUpdater->enableNotification();
+        m_visibilityUpdater.enableNotification();
 }
 
 template <typename T>
@@ -101,7 +101,7 @@ void UIPropertyBindingAbstract<T>::sensitivityChanged()
     if (m_widgetUpdateMode == UpdateImmediately)
         updateWidgetSensitivity();
     else
-        m_sensitivityUpdater->enableNotification();
+        m_sensitivityUpdater.enableNotification();
 }
 
 } // namespace veldraw::sdk::ui::dialogs::propertybindings

@@ -490,6 +490,23 @@ TEST_F(ListViewPropertyBindingTest, MayGoWhileIdleWorkIsPending)
     EXPECT_EQ(view.model() ? view.model()->rowCount() : 0, 0);
 }
 
+TEST_F(ListViewPropertyBindingTest, MayBeEndedByAListenerThatHearsASelection)
+{
+    for (auto const mode : {deferred, undeferred}) {
+        property = boost::make_shared<ValuesProperty>(Values{2, 3});
+        bind(mode);
+        tester.reset();
+        property->connectValueChanged([this](Values const&) {
+            binding.reset();
+            property.reset();
+        });
+        driver.click(0);
+        EXPECT_FALSE(binding);
+        EXPECT_EQ(view.model(), nullptr);
+        EXPECT_EQ(IdleDispatcher::pendingCount(), 0);
+    }
+}
+
 TEST_F(ListViewPropertyBindingTest, TakesTheListAwayFromTheViewWithoutTouchingTheProperty)
 {
     bind();

@@ -57,6 +57,20 @@ TEST_F(ButtonBindingTest, RunsItsFunctionOnceByMouseKeyAndMnemonic)
     EXPECT_THAT(log, ElementsAre("run", "run", "run"));
 }
 
+TEST_F(ButtonBindingTest, LetsItsFunctionEndIt)
+{
+    auto held = std::make_shared<int>(7);
+    std::weak_ptr<int> const watched = held;
+    binding = std::make_unique<ButtonBinding>(*button, [this, watched, kept = std::move(held)] {
+        binding.reset();
+        EXPECT_FALSE(watched.expired()) << "what the function holds lasts until it returns";
+        log.emplace_back("ended");
+    });
+    QTest::mouseClick(button, Qt::LeftButton);
+    EXPECT_THAT(log, ElementsAre("ended"));
+    EXPECT_TRUE(watched.expired());
+}
+
 TEST_F(ButtonBindingTest, DoesNotRunWhileTheButtonIsDisabled)
 {
     button->setEnabled(false);

@@ -2,6 +2,7 @@
 
 #include "dialogs/property/BoundedValueValidator.h"
 
+#include <locale>
 #include <sstream>
 
 namespace veldraw {
@@ -68,6 +69,7 @@ template <typename T>
 std::string BoundedValueValidator<T>::refusal() const
 {
     std::ostringstream text;
+    text.imbue(std::locale::classic()); // as it is typed
     text << "The value must be greater than " << (m_lower == LowerInclusive ? "or equal to " : "") << m_min
          << " and less than " << (m_upper == UpperInclusive ? "or equal to " : "") << m_max << ".";
     return text.str();

@@ -98,7 +98,12 @@ template <typename T>
 void KernelProperty<T>::refreshSilently() const
 {
     m_emitOnRead = false;
-    retrieveValue();
+    try {
+        retrieveValue();
+    } catch (...) {
+        m_emitOnRead = true;
+        throw;
+    }
     m_emitOnRead = true;
 }
 

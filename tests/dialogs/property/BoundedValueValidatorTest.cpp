@@ -3,6 +3,7 @@
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
+#include <locale>
 #include <string>
 
 namespace veldraw {
@@ -84,6 +85,21 @@ TEST(BoundedValueValidator, WritesNumbersWithSixDigits)
                               DoubleBounds::UpperInclusive);
     EXPECT_EQ(refusal(bounds, 1.0),
               "The value must be greater than or equal to 1.17549e-38 and less than or equal to 0.123457.");
+}
+
+/// Writes thousands with points between.
+class PointsBetweenThousands : public std::numpunct<char>
+{
+    char do_thousands_sep() const override { return '.'; }
+    std::string do_grouping() const override { return "\3"; }
+};
+
+TEST(BoundedValueValidator, WritesNumbersAlikeInEveryLocale)
+{
+    std::locale const before = std::locale::global(std::locale(std::locale(), new PointsBetweenThousands));
+    std::string const text = refusal(IntBounds(1, 100000, IntBounds::LowerInclusive, IntBounds::UpperInclusive), 0);
+    std::locale::global(before);
+    EXPECT_EQ(text, "The value must be greater than or equal to 1 and less than or equal to 100000.");
 }
 
 TEST(ValidationResult, IsValidUntilItHasAnErrorEvenAnEmptyOne)

@@ -65,7 +65,15 @@ public:
     void apply() noexcept override { restore(m_owner, m_name, m_after); }
     void revert() noexcept override { restore(m_owner, m_name, m_before); }
 
+    kernel::HeldMemory held() const noexcept override
+    {
+        std::size_t const texts = m_name.size() + sizeOf(m_before) + sizeOf(m_after);
+        return {0, static_cast<std::int64_t>(texts)};
+    }
+
 private:
+    static std::size_t sizeOf(Item const& item) { return item ? item->name.size() + item->value.size() : 0; }
+
     AuxDataOwner const m_owner;
     std::string const m_name;
     Item const m_before;

@@ -58,8 +58,8 @@ Set getActiveLineMaps()
 Set getZonesFromActiveLineMaps()
 {
     Set zones;
+    auto const frame = Session::instance().activeFrame();
     for (int lineMap : getActiveLineMaps().members()) {
-        auto const frame = Session::instance().activeFrame();
         zones.add(frame->dataSet->zoneNumber(frame->lineMaps[static_cast<std::size_t>(lineMap - 1)].zone));
     }
     return zones;

@@ -42,12 +42,12 @@ bool hasValues(kernel::DataSet const& dataSet, int zone, int variable)
     return !field || field->isLoaded();
 }
 
-// Zones with points, switched on.
+// Zones with points, be their number known or not, switched on.
 std::vector<int> zonesWithPoints(kernel::DataSet const& dataSet)
 {
     std::vector<int> zones;
     for (int const number : dataSet.enabledZones())
-        if (dataSet.zone(number)->pointCount() > 0)
+        if (dataSet.zone(number)->pointCount() > 0 || dataSet.zone(number)->isDeferred())
             zones.push_back(number);
     return zones;
 }
@@ -60,7 +60,7 @@ std::vector<int> shownZones(kernel::Frame const& frame, bool inSpace)
     for (int const number : zonesWithPoints(*frame.dataSet)) {
         kernel::Zone const& zone = *frame.dataSet->zone(number);
         bool const isSmall = zone.dimensionality() > 2 || zone.pointCount() <= mostPoints;
-        bool const isPlaced = hasValues(*frame.dataSet, number, axes[0]) &&
+        bool const isPlaced = !zone.isDeferred() && hasValues(*frame.dataSet, number, axes[0]) &&
                               hasValues(*frame.dataSet, number, axes[1]) &&
                               (!inSpace || hasValues(*frame.dataSet, number, axes[2]));
         if (isSmall && isPlaced)

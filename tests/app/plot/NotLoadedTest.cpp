@@ -35,6 +35,21 @@ void defer(kernel::DataSet& dataSet, std::string const& variable)
         field.location());
 }
 
+// Brings a size that is known already.
+class KeptSize : public kernel::DimensionsLoader
+{
+public:
+    explicit KeptSize(kernel::ZoneDimensions size)
+        : m_size(std::move(size))
+    {
+    }
+
+    kernel::ZoneDimensions load(kernel::Progress&) override { return m_size; }
+
+private:
+    kernel::ZoneDimensions m_size;
+};
+
 std::string contourName(kernel::Frame const& frame)
 {
     return frame.dataSet->variable(frame.variableNumber('C'))->name;
@@ -60,6 +75,25 @@ TEST(PlotOfWhatIsNotLoaded, IsDrawnOnceTheAxisIsLoaded)
     page.plot();
     EXPECT_EQ(page.notice(), QStringLiteral("The variable on the X axis is not loaded."));
     ASSERT_TRUE(page.session().loadVariables(*frame->dataSet, {1}, {variable}));
+    EXPECT_GT(PlotTestPage::colouredPixels(page.plot()), 10000);
+    EXPECT_EQ(page.notice(), QString());
+}
+
+TEST(PlotOfWhatIsNotLoaded, SaysThatAZoneOfUnknownSizeWaitsAndShowsItOnceItHasCome)
+{
+    auto const frame = SampleData::frame("Block", SampleData::block(20, 15, 10), PlotType_Cartesian3D);
+    kernel::NumberSet axes;
+    for (int const variable : frame->axisVariables()) {
+        axes.insert(variable);
+        defer(*frame->dataSet, frame->dataSet->variable(variable)->name);
+    }
+    kernel::Zone& zone = *frame->dataSet->zone(1);
+    zone.dimensionsLoader = std::make_shared<KeptSize>(kernel::ZoneDimensions{zone.i, zone.j, zone.k, {}});
+    zone.setDimensions({-1, -1, -1, {}});
+    PlotTestPage page({frame});
+    page.plot();
+    EXPECT_EQ(page.notice(), QStringLiteral("The variable on the X axis is not loaded."));
+    ASSERT_TRUE(page.session().loadVariables(*frame->dataSet, {1}, axes));
     EXPECT_GT(PlotTestPage::colouredPixels(page.plot()), 10000);
     EXPECT_EQ(page.notice(), QString());
 }

@@ -107,6 +107,31 @@ TEST_F(EditedCellTest, OfACoordinateMovesThePointInThePlot)
     EXPECT_EQ(0, differingPixels(pictureBefore, page().grabImage()));
 }
 
+TEST_F(EditedCellTest, IsTakenBackByTheKeysInTheSpreadsheetItself)
+{
+    openSample("tetra.vtu", samples::writeTetrahedra);
+    QTableView& table = openSpreadsheet();
+    QString const before = cell(table, 0, 0);
+    typeInto(table, 0, 0, QStringLiteral("7"));
+    QTest::keyClick(&table, Qt::Key_Z, Qt::ControlModifier);
+    settle();
+    EXPECT_EQ(before, cell(table, 0, 0));
+    QTest::keyClick(&table, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    settle();
+    EXPECT_EQ(QStringLiteral("7"), cell(table, 0, 0));
+
+    // While a text is typed the keys are for the text.
+    QTest::keyClick(&table, Qt::Key_F2);
+    auto* const editor = table.viewport()->findChild<QLineEdit*>();
+    ASSERT_NE(nullptr, editor);
+    QTest::keyClicks(editor, QStringLiteral("8"));
+    QTest::keyClick(editor, Qt::Key_Z, Qt::ControlModifier);
+    settle();
+    EXPECT_EQ(QStringLiteral("7"), cell(table, 0, 0));
+    EXPECT_NE(QStringLiteral("8"), editor->text());
+    QTest::keyClick(editor, Qt::Key_Escape);
+}
+
 TEST_F(EditedCellTest, OfWhatThePlotDoesNotShowLeavesThePlotAlone)
 {
     openSample("tetra.vtu", samples::writeTetrahedra);

@@ -435,6 +435,16 @@ TEST_F(DataSpreadsheetPropertiesManagerTest, HasNoLocationToChooseWhenTheVariabl
     EXPECT_EQ(size(), "5x2");
 }
 
+TEST_F(DataSpreadsheetPropertiesManagerTest, FollowsOnlyTheVariablesAtTheLocationThatIsShown)
+{
+    choose(triangles);
+    TableLog log(*manager().tableModelProxy());
+    stage.session().setValue(stage.dataSet(), triangles, 3, 0, -1.0, false);
+    EXPECT_THAT(log.take(), IsEmpty()) << "a value at the cells";
+    stage.session().setValue(stage.dataSet(), triangles, 2, 0, -1.0, false);
+    EXPECT_THAT(log.take(), ElementsAre("data"));
+}
+
 TEST_F(DataSpreadsheetPropertiesManagerTest, LetsTheUserChooseBetweenTheLocationsOfAMixedLine)
 {
     stage.fill(line, 2, FieldDataType_Float, ValueLocation_CellCentered);
@@ -486,6 +496,20 @@ TEST_F(DataSpreadsheetPropertiesManagerTest, LeavesTableAndChoicesUntilTheDataSe
     EXPECT_EQ(size(), "6x3");
     Manager::spreadsheetZone()->setValue(volume);
     EXPECT_EQ(size(), "5x4") << "choices are followed again, in the plane that the line lay in";
+}
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, KeepsPlaneAndIndexWhenDimensionsCannotBeLoaded)
+{
+    int const later = stage.addDeferredZone("later", 1, 4, 5);
+    choose(big);
+    Manager::spreadsheetPlane()->setValue(IJKPlanes_J);
+    manager().indexProperty()->setValue(35);
+    KernelSpy spy;
+    for (int const call : {1, 2, 3})
+        spy.failNext("VelUtilZoneGetIJK", call);
+    EXPECT_THROW(Manager::spreadsheetZone()->setValue(later), IOException);
+    EXPECT_EQ(Manager::spreadsheetPlane()->value(), IJKPlanes_J);
+    EXPECT_EQ(Manager::spreadsheetJIndex()->value(), 35);
 }
 
 TEST_F(DataSpreadsheetPropertiesManagerTest, TellsAFailureAtIdleOnce)

@@ -335,7 +335,9 @@ TEST_F(SmallWindow, StaysWhereItIsWhenTextsChangeAndStartsAnewWithTheSize)
     table.alterAll("new ");
     EXPECT_EQ(model.firstRow(), 1000u);
     EXPECT_EQ(text(model, 0, 0), "new 1000,0");
+    QSignalSpy const moves(&model, &QTableModelAdapter::windowChanged);
     table.resize(threeBillion - 1, 40);
+    EXPECT_EQ(moves.count(), 1);
     EXPECT_EQ(model.firstRow(), 0u);
     model.setFirstRow(1000);
     table.resize(4, 2);

@@ -120,6 +120,35 @@ TEST(TableModelProxy, TellsAReplacementOnceAndForgetsTheOldTable)
     EXPECT_THAT(log.take(), ElementsAre("item 0,0"));
 }
 
+TEST(TableModelProxy, LetsTheOldTableGoBeforeItTellsOfTheNewOne)
+{
+    class Witness : public TableModelListenerInterface
+    {
+    public:
+        explicit Witness(boost::weak_ptr<FakeTable> old)
+            : m_old(std::move(old))
+        {
+        }
+        void dataChanged(TableModelInterface&) override { isOldTableGone = m_old.expired(); }
+        void itemChanged(ModelIndex const&, TableModelInterface&) override {}
+        void rowsInserted(unsigned long long, unsigned long long, TableModelInterface&) override {}
+        void rowsRemoved(unsigned long long, unsigned long long, TableModelInterface&) override {}
+
+        bool isOldTableGone = false;
+
+    private:
+        boost::weak_ptr<FakeTable> m_old;
+    };
+    auto old = boost::make_shared<FakeTable>(5, 5);
+    Witness witness(old);
+    TableModelProxy proxy(old);
+    old.reset();
+    proxy.addListener(&witness);
+    proxy.setModel(boost::make_shared<FakeTable>(1, 1));
+    EXPECT_TRUE(witness.isOldTableGone);
+    proxy.removeListener(&witness);
+}
+
 TEST(TableModelProxy, TellsTheSameTableSetAgainAndGoesOnHearingItOnce)
 {
     auto const inner = boost::make_shared<FakeTable>(5, 5);
@@ -163,9 +192,31 @@ TEST(TableModelProxy, StandsAReplacementInTheMiddleOfAnEdit)
     private:
         TableModelProxy& m_proxy;
     };
-    TableModelProxy proxy(boost::make_shared<FakeTable>(5, 5));
+    class Editing : public FakeTable
+    {
+    public:
+        explicit Editing(std::string& log)
+            : FakeTable(5, 5)
+            , m_log(log)
+        {
+        }
+        ~Editing() override { m_log += "gone "; }
+        bool setStr(ModelIndex const& index, std::string const& text) override
+        {
+            std::string& log = m_log; // the mistake would be to be gone by then
+            bool const isTaken = FakeTable::setStr(index, text);
+            log += "edited ";
+            return isTaken;
+        }
+
+    private:
+        std::string& m_log;
+    };
+    std::string log;
+    TableModelProxy proxy(boost::make_shared<Editing>(log));
     Swapper swapper(proxy);
     EXPECT_TRUE(proxy.setStr({4, 4}, "edited"));
+    EXPECT_EQ(log, "edited gone ");
     EXPECT_EQ(proxy.getStr({0, 0}), "replaced 0,0");
     proxy.removeListener(&swapper);
 }

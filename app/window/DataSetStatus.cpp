@@ -2,6 +2,8 @@
 
 #include "app/window/DataTexts.h"
 
+#include <QStringList>
+
 namespace veldraw::app {
 
 namespace {
@@ -30,11 +32,16 @@ void DataSetStatus::refresh()
         setToolTip({});
         return;
     }
-    setText(QString::fromUtf8("%1  ·  %2  ·  %3  ·  %4")
-                .arg(plural(dataSet->zoneCount(), QStringLiteral("zone")),
-                     plural(pointCount(*dataSet), QStringLiteral("point")),
-                     plural(cellCount(*dataSet), QStringLiteral("cell")), memoryText(valueBytes(*dataSet))));
-    setToolTip(QStringLiteral("Data set of the active frame; memory of its values"));
+    ValueBytes const bytes = valueBytes(*dataSet);
+    QStringList parts{plural(dataSet->zoneCount(), QStringLiteral("zone")),
+                      plural(pointCount(*dataSet), QStringLiteral("point")),
+                      plural(cellCount(*dataSet), QStringLiteral("cell")), memoryText(bytes.inMemory)};
+    if (bytes.mapped > 0)
+        parts << QStringLiteral("%1 mapped").arg(memoryText(bytes.mapped));
+    setText(parts.join(QString::fromUtf8("  ·  ")));
+    setToolTip(bytes.mapped > 0
+                   ? QStringLiteral("Data set of the active frame; memory of its values, and what is mapped from files")
+                   : QStringLiteral("Data set of the active frame; memory of its values"));
 }
 
 } // namespace veldraw::app

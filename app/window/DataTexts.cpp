@@ -150,14 +150,17 @@ std::int64_t cellCount(kernel::DataSet const& dataSet)
     return count;
 }
 
-std::int64_t valueBytes(kernel::DataSet const& dataSet)
+ValueBytes valueBytes(kernel::DataSet const& dataSet)
 {
     std::set<kernel::ShareGroup const*> seen;
-    std::int64_t bytes = 0;
+    ValueBytes bytes;
     for (auto const& zone : dataSet.zones())
-        for (kernel::Field const& field : zone->fields)
-            if (!field.isPassive() && field.isLoaded() && seen.insert(field.group().get()).second)
-                bytes += field.group()->buffer()->bytes();
+        for (kernel::Field const& field : zone->fields) {
+            if (field.isPassive() || !field.isLoaded() || !seen.insert(field.group().get()).second)
+                continue;
+            bool const isMapped = field.group()->loader() && field.group()->loader()->isMapped();
+            (isMapped ? bytes.mapped : bytes.inMemory) += field.group()->buffer()->bytes();
+        }
     return bytes;
 }
 

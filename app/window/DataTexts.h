@@ -27,8 +27,15 @@ QString pickText(kernel::Session const& session);
 std::int64_t pointCount(kernel::DataSet const& dataSet);
 std::int64_t cellCount(kernel::DataSet const& dataSet);
 
-/// Memory of the values in bytes; storage that fields share counts once.
-std::int64_t valueBytes(kernel::DataSet const& dataSet);
+/// Where the loaded values of a data set are, in bytes.
+struct ValueBytes
+{
+    std::int64_t inMemory = 0;
+    std::int64_t mapped = 0; ///< from files, of which only what is looked at comes into memory
+};
+
+/// Storage that fields share counts once.
+ValueBytes valueBytes(kernel::DataSet const& dataSet);
 
 /// "1 234 567" with thin spaces between groups of three.
 QString countText(std::int64_t count);

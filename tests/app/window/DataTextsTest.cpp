@@ -31,10 +31,12 @@ TEST_F(DataTextsTest, TellsTheCommonLocation)
 TEST_F(DataTextsTest, SharedStorageCountsOnce)
 {
     auto const flow = makeFlow();
-    std::int64_t const before = app::valueBytes(*flow);
+    std::int64_t const before = app::valueBytes(*flow).inMemory;
+    EXPECT_EQ(8 * (3 * 12 + 3 * 4), before);
     auto const copy = std::make_shared<kernel::Zone>(*flow->zone(1));
     flow->addZone(copy);
-    EXPECT_EQ(before, app::valueBytes(*flow));
+    EXPECT_EQ(before, app::valueBytes(*flow).inMemory);
+    EXPECT_EQ(0, app::valueBytes(*flow).mapped);
     EXPECT_EQ(28, app::pointCount(*flow));
 }
 

@@ -1,9 +1,11 @@
 #include "app/window/VariableRange.h"
 
 #include "app/commandline/DataSetReport.h"
+#include "app/window/DataTexts.h"
 #include "app/window/VariableTableModel.h"
 #include "tests/app/window/WindowTest.h"
 
+#include <QLabel>
 #include <QTest>
 
 #include <limits>
@@ -146,6 +148,19 @@ TEST_F(VariableRangeTest, OfMappedValuesStaysAnEstimateOrUnknown)
     EXPECT_EQ(QStringLiteral("The values are mapped from a file, and too many to be looked through unasked."),
               range().explanation());
     expectReport(QStringLiteral("not known"));
+}
+
+TEST_F(VariableRangeTest, AndTheMemoryOfMappedValuesIsNotTakenForMemoryInUse)
+{
+    openDeferred({}, true);
+    EXPECT_EQ(0, app::valueBytes(dataSet()).mapped);
+    load();
+    EXPECT_EQ(5 * 8, app::valueBytes(dataSet()).mapped);
+    EXPECT_EQ(5 * 8, app::valueBytes(dataSet()).inMemory) << "that of the other variable";
+    showWindow();
+    auto const* const status = window->findChild<QLabel*>(QStringLiteral("dataSetStatus"));
+    EXPECT_TRUE(status->text().endsWith(QString::fromUtf8("40 bytes  ·  40 bytes mapped")))
+        << status->text().toStdString();
 }
 
 TEST_F(VariableRangeTest, IsAnEstimateWhileTheValuesOfOneZoneAreUnknown)

@@ -1,5 +1,6 @@
 #include "dialogs/variableops/DeleteVariableDialog.h"
 
+#include "dialogs/bindings/BindingList.h"
 #include "dialogs/bindings/ButtonBinding.h"
 #include "dialogs/bindings/ListViewPropertyBinding.h"
 #include "dialogs/frame/LaunchHelpAction.h"
@@ -13,11 +14,11 @@
 
 #include <set>
 #include <string>
-#include <vector>
 
 namespace veldraw::dialogs::data {
 
 using sdk::ui::dialogs::propertybindings::BindingInterface;
+using sdk::ui::dialogs::propertybindings::BindingList;
 using sdk::ui::dialogs::propertybindings::ButtonBinding;
 using sdk::ui::dialogs::propertybindings::ListViewPropertyBinding;
 using sdk::ui::propertymanager::DataSetExistsRelevance;
@@ -27,29 +28,20 @@ using sdk::ui::propertymanager::RelevanceInterface;
 struct DeleteVariableDialog::Impl
 {
     explicit Impl(DeleteVariableDialog& dialog);
-    ~Impl();
 
     Ui::DeleteVariableDialog ui;
     DeleteVariablePropertiesManager manager;
-    std::vector<std::unique_ptr<BindingInterface>> bindings;
+    BindingList bindings;
 };
 
 DeleteVariableDialog::Impl::Impl(DeleteVariableDialog& dialog)
 {
     ui.setupUi(&dialog);
     QPushButton* const deleteButton = ui.buttonBox->addButton(QStringLiteral("&Delete"), QDialogButtonBox::ActionRole);
-    bindings.push_back(std::make_unique<ButtonBinding>(*deleteButton, [this] { manager.deleteSelectedVariables(); }));
+    bindings.add<ButtonBinding>(*deleteButton, [this] { manager.deleteSelectedVariables(); });
     boost::shared_ptr<PropertyAbstract<std::set<int>>> const selection = manager.selectedVariables();
-    bindings.push_back(std::make_unique<ListViewPropertyBinding>(ui.deleteVariable_Select_MList,
-                                                                 manager.variablesListModel(), selection,
-                                                                 BindingInterface::ModelUpdateDeferredOnBusy));
-}
-
-DeleteVariableDialog::Impl::~Impl()
-{
-    // In the order of their creation; the manager and the widgets are still there.
-    for (std::unique_ptr<BindingInterface>& binding : bindings)
-        binding.reset();
+    bindings.add<ListViewPropertyBinding>(ui.deleteVariable_Select_MList, manager.variablesListModel(), selection,
+                                          BindingInterface::ModelUpdateDeferredOnBusy);
 }
 
 DeleteVariableDialog* DeleteVariableDialog::s_instance = nullptr;

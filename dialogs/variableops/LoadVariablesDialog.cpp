@@ -1,5 +1,6 @@
 #include "dialogs/variableops/LoadVariablesDialog.h"
 
+#include "dialogs/bindings/BindingList.h"
 #include "dialogs/bindings/ButtonBinding.h"
 #include "dialogs/bindings/ComboBoxPropertyBinding.h"
 #include "dialogs/bindings/ListViewPropertyBinding.h"
@@ -15,11 +16,11 @@
 
 #include <set>
 #include <string>
-#include <vector>
 
 namespace veldraw::dialogs::data {
 
 using sdk::ui::dialogs::propertybindings::BindingInterface;
+using sdk::ui::dialogs::propertybindings::BindingList;
 using sdk::ui::dialogs::propertybindings::ButtonBinding;
 using sdk::ui::dialogs::propertybindings::ComboBoxPropertyBinding;
 using sdk::ui::dialogs::propertybindings::ListViewPropertyBinding;
@@ -30,7 +31,6 @@ using sdk::ui::propertymanager::RelevanceInterface;
 struct LoadVariablesDialog::Impl
 {
     Impl(LoadVariablesDialog& dialog, int zone);
-    ~Impl();
 
     void load();
     void bindAction(QPushButton& button);
@@ -38,7 +38,7 @@ struct LoadVariablesDialog::Impl
 
     Ui::LoadVariables ui;
     LoadVariablesPropertiesManager manager;
-    std::vector<std::unique_ptr<BindingInterface>> bindings;
+    BindingList bindings;
 };
 
 LoadVariablesDialog::Impl::Impl(LoadVariablesDialog& dialog, int zone)
@@ -46,17 +46,9 @@ LoadVariablesDialog::Impl::Impl(LoadVariablesDialog& dialog, int zone)
 {
     ui.setupUi(&dialog);
     bindAction(*ui.LoadVariables_buttonBox->addButton(QStringLiteral("&Load"), QDialogButtonBox::ActionRole));
-    bindings.push_back(std::make_unique<ComboBoxPropertyBinding<int>>(ui.LoadVariables_Zones_comboBox,
-                                                                      manager.zonesListModel(), manager.zone(),
-                                                                      BindingInterface::ModelUpdateDeferredOnBusy));
+    bindings.add<ComboBoxPropertyBinding<int>>(ui.LoadVariables_Zones_comboBox, manager.zonesListModel(),
+                                               manager.zone(), BindingInterface::ModelUpdateDeferredOnBusy);
     bindList();
-}
-
-LoadVariablesDialog::Impl::~Impl()
-{
-    // In the order of their creation; the manager and the widgets are still there.
-    for (std::unique_ptr<BindingInterface>& binding : bindings)
-        binding.reset();
 }
 
 void LoadVariablesDialog::Impl::load()
@@ -68,9 +60,9 @@ void LoadVariablesDialog::Impl::load()
 
 void LoadVariablesDialog::Impl::bindAction(QPushButton& button)
 {
-    bindings.push_back(std::make_unique<ButtonBinding>(button, [this] { load(); }));
-    bindings.push_back(std::make_unique<RelevanceApplier>(
-        manager.hasSelection(), &button, RelevanceApplier::EnableDisable, BindingInterface::UpdateOnIdle));
+    bindings.add<ButtonBinding>(button, [this] { load(); });
+    bindings.add<RelevanceApplier>(manager.hasSelection(), &button, RelevanceApplier::EnableDisable,
+                                   BindingInterface::UpdateOnIdle);
 }
 
 void LoadVariablesDialog::Impl::bindList()
@@ -80,7 +72,7 @@ void LoadVariablesDialog::Impl::bindList()
         std::make_unique<ListViewPropertyBinding>(ui.LoadVariables_Variables_listView, manager.variablesListModel(),
                                                   selection, BindingInterface::ModelUpdateDeferredOnBusy);
     list->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    bindings.push_back(std::move(list));
+    bindings.adopt(std::move(list));
 }
 
 LoadVariablesDialog* LoadVariablesDialog::s_instance = nullptr;

@@ -1,5 +1,6 @@
 #include "dialogs/zoneops/AxialDuplicationDialog.h"
 
+#include "dialogs/bindings/BindingList.h"
 #include "dialogs/bindings/ButtonBinding.h"
 #include "dialogs/bindings/SpinBoxIntPropertyBinding.h"
 #include "dialogs/frame/LaunchHelpAction.h"
@@ -15,6 +16,7 @@
 namespace veldraw::dialogs::data {
 
 using sdk::ui::dialogs::propertybindings::BindingInterface;
+using sdk::ui::dialogs::propertybindings::BindingList;
 using sdk::ui::dialogs::propertybindings::ButtonBinding;
 using sdk::ui::dialogs::propertybindings::CheckButtonPropertyBinding;
 using sdk::ui::dialogs::propertybindings::ComboBoxPropertyBinding;
@@ -29,8 +31,6 @@ using sdk::ui::propertymanager::RelevanceInterface;
 // The form's widgets are needed while the bindings are made, not longer.
 struct AxialDuplicationDialog::Impl
 {
-    ~Impl();
-
     void bind(Ui::AxialDuplicationDialog& ui);
     void bindOffset(Ui::AxialDuplicationDialog& ui);
     void bindInstances(Ui::AxialDuplicationDialog& ui);
@@ -38,22 +38,13 @@ struct AxialDuplicationDialog::Impl
     template <typename Binding, typename... Arguments>
     void add(Arguments&&... arguments)
     {
-        bindings.push_back(std::make_unique<Binding>(std::forward<Arguments>(arguments)...));
+        bindings.add<Binding>(std::forward<Arguments>(arguments)...);
     }
 
     AxialDuplicationPropertiesManager manager;
-    std::vector<std::unique_ptr<BindingInterface>> bindings;
-    std::vector<std::unique_ptr<BindingInterface>> relevanceAppliers;
+    BindingList relevanceAppliers;
+    BindingList bindings;
 };
-
-AxialDuplicationDialog::Impl::~Impl()
-{
-    // In the order of their creation; the manager and the widgets are still there.
-    for (std::unique_ptr<BindingInterface>& binding : bindings)
-        binding.reset();
-    for (std::unique_ptr<BindingInterface>& applier : relevanceAppliers)
-        applier.reset();
-}
 
 void AxialDuplicationDialog::Impl::bind(Ui::AxialDuplicationDialog& ui)
 {
@@ -66,10 +57,9 @@ void AxialDuplicationDialog::Impl::bind(Ui::AxialDuplicationDialog& ui)
     QPushButton* const duplicateButton =
         ui.buttonBox->addButton(QStringLiteral("&Duplicate"), QDialogButtonBox::ActionRole);
     add<ButtonBinding>(*duplicateButton, [this] { manager.duplicateZones(); });
-    relevanceAppliers.push_back(rotation.applyCartesian3DRelevance());
-    relevanceAppliers.push_back(std::make_unique<RelevanceApplier>(manager.partialRotationRelevance(),
-                                                                   ui.numOfInstances, RelevanceApplier::EnableDisable,
-                                                                   BindingInterface::UpdateOnIdle));
+    relevanceAppliers.adopt(rotation.applyCartesian3DRelevance());
+    relevanceAppliers.add<RelevanceApplier>(manager.partialRotationRelevance(), ui.numOfInstances,
+                                            RelevanceApplier::EnableDisable, BindingInterface::UpdateOnIdle);
 }
 
 void AxialDuplicationDialog::Impl::bindOffset(Ui::AxialDuplicationDialog& ui)

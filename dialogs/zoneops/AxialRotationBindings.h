@@ -1,5 +1,6 @@
 #pragma once
 
+#include "dialogs/bindings/BindingList.h"
 #include "dialogs/bindings/CheckButtonPropertyBinding.h"
 #include "dialogs/bindings/ComboBoxPropertyBinding.h"
 #include "dialogs/bindings/ListViewPropertyBinding.h"
@@ -12,7 +13,6 @@
 
 #include <memory>
 #include <utility>
-#include <vector>
 
 namespace veldraw::dialogs::data {
 
@@ -23,10 +23,10 @@ class AxialRotationBindings
 {
 public:
     using BindingInterface = sdk::ui::dialogs::propertybindings::BindingInterface;
-    using Bindings = std::vector<std::unique_ptr<BindingInterface>>;
+    using BindingList = sdk::ui::dialogs::propertybindings::BindingList;
 
     /// All three must outlive the bindings.
-    AxialRotationBindings(Form& form, AxialRotationPropertiesManager& manager, Bindings& bindings)
+    AxialRotationBindings(Form& form, AxialRotationPropertiesManager& manager, BindingList& bindings)
         : m_form(form)
         , m_manager(manager)
         , m_bindings(bindings)
@@ -55,7 +55,7 @@ private:
     template <typename Binding, typename... Arguments>
     void add(Arguments&&... arguments)
     {
-        m_bindings.push_back(std::make_unique<Binding>(std::forward<Arguments>(arguments)...));
+        m_bindings.add<Binding>(std::forward<Arguments>(arguments)...);
     }
 
     void bindAngle()
@@ -97,7 +97,7 @@ private:
 
     Form& m_form;
     AxialRotationPropertiesManager& m_manager;
-    Bindings& m_bindings;
+    BindingList& m_bindings;
 };
 
 } // namespace veldraw::dialogs::data

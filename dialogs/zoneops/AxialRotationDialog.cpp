@@ -1,5 +1,6 @@
 #include "dialogs/zoneops/AxialRotationDialog.h"
 
+#include "dialogs/bindings/BindingList.h"
 #include "dialogs/bindings/ButtonBinding.h"
 #include "dialogs/frame/LaunchHelpAction.h"
 #include "dialogs/property/FieldPlotTypeDependentRelevance.h"
@@ -12,7 +13,7 @@
 
 namespace veldraw::dialogs::data {
 
-using sdk::ui::dialogs::propertybindings::BindingInterface;
+using sdk::ui::dialogs::propertybindings::BindingList;
 using sdk::ui::dialogs::propertybindings::ButtonBinding;
 using sdk::ui::propertymanager::FieldPlotTypeDependentRelevance;
 using sdk::ui::propertymanager::RelevanceInterface;
@@ -20,11 +21,10 @@ using sdk::ui::propertymanager::RelevanceInterface;
 struct AxialRotationDialog::Impl
 {
     explicit Impl(AxialRotationDialog& dialog);
-    ~Impl();
 
     Ui::AxialRotationDialog ui;
     AxialRotationPropertiesManager manager;
-    std::vector<std::unique_ptr<BindingInterface>> bindings;
+    BindingList bindings;
 };
 
 AxialRotationDialog::Impl::Impl(AxialRotationDialog& dialog)
@@ -33,16 +33,8 @@ AxialRotationDialog::Impl::Impl(AxialRotationDialog& dialog)
     AxialRotationBindings<Ui::AxialRotationDialog> rotation(ui, manager, bindings);
     rotation.bind();
     QPushButton* const rotateButton = ui.buttonBox->addButton(QStringLiteral("&Rotate"), QDialogButtonBox::ActionRole);
-    bindings.push_back(std::make_unique<ButtonBinding>(*rotateButton, [this] { manager.rotateZones(); }));
-    bindings.push_back(rotation.applyCartesian3DRelevance());
-}
-
-AxialRotationDialog::Impl::~Impl()
-{
-    // In the order of their creation; the manager and the widgets are still
-    // there.
-    for (std::unique_ptr<BindingInterface>& binding : bindings)
-        binding.reset();
+    bindings.add<ButtonBinding>(*rotateButton, [this] { manager.rotateZones(); });
+    bindings.adopt(rotation.applyCartesian3DRelevance());
 }
 
 AxialRotationDialog* AxialRotationDialog::s_instance = nullptr;

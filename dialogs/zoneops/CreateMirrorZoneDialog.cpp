@@ -1,5 +1,6 @@
 #include "dialogs/zoneops/CreateMirrorZoneDialog.h"
 
+#include "dialogs/bindings/BindingList.h"
 #include "dialogs/bindings/ButtonBinding.h"
 #include "dialogs/bindings/ListViewPropertyBinding.h"
 #include "dialogs/bindings/RadioButtonPropertyBinding.h"
@@ -16,11 +17,11 @@
 
 #include <set>
 #include <string>
-#include <vector>
 
 namespace veldraw::dialogs::data {
 
 using sdk::ui::dialogs::propertybindings::BindingInterface;
+using sdk::ui::dialogs::propertybindings::BindingList;
 using sdk::ui::dialogs::propertybindings::ButtonBinding;
 using sdk::ui::dialogs::propertybindings::ListViewPropertyBinding;
 using sdk::ui::dialogs::propertybindings::RadioButtonPropertyBinding;
@@ -32,15 +33,14 @@ using sdk::ui::propertymanager::RelevanceInterface;
 struct CreateMirrorZoneDialog::Impl
 {
     explicit Impl(CreateMirrorZoneDialog& dialog);
-    ~Impl();
 
     void bindMirrorChoice(QAbstractButton* button, boost::shared_ptr<Property<char>> const& choice, char mirrorVar);
     void showPageWhile(boost::shared_ptr<RelevanceInterface const> const& rule, QWidget* page);
 
     Ui::CreateMirrorZone ui;
     CreateMirrorZonePropertiesManager manager;
-    std::vector<std::unique_ptr<RelevanceApplier>> appliers;
-    std::vector<std::unique_ptr<BindingInterface>> bindings;
+    BindingList appliers;
+    BindingList bindings;
 };
 
 CreateMirrorZoneDialog::Impl::Impl(CreateMirrorZoneDialog& dialog)
@@ -50,11 +50,10 @@ CreateMirrorZoneDialog::Impl::Impl(CreateMirrorZoneDialog& dialog)
     if (auto* const pages = qobject_cast<QStackedLayout*>(ui.createMirrorZone_Axis_Marker->layout()))
         pages->setStackingMode(QStackedLayout::StackAll);
     QPushButton* const createButton = ui.buttonBox->addButton(QStringLiteral("C&reate"), QDialogButtonBox::ActionRole);
-    bindings.push_back(std::make_unique<ButtonBinding>(*createButton, [this] { manager.createMirrorZones(); }));
+    bindings.add<ButtonBinding>(*createButton, [this] { manager.createMirrorZones(); });
     boost::shared_ptr<PropertyAbstract<std::set<int>>> const selection = manager.sourceZones();
-    bindings.push_back(std::make_unique<ListViewPropertyBinding>(ui.createMirrorZone_Source_MList,
-                                                                 manager.zonesListModel(), selection,
-                                                                 BindingInterface::ModelUpdateDeferredOnBusy));
+    bindings.add<ListViewPropertyBinding>(ui.createMirrorZone_Source_MList, manager.zonesListModel(), selection,
+                                          BindingInterface::ModelUpdateDeferredOnBusy);
     bindMirrorChoice(ui.createMirrorZone_Axis2DX_RadioButton, CreateMirrorZonePropertiesManager::mirrorVar2D(), 'Y');
     bindMirrorChoice(ui.createMirrorZone_Axis2DY_RadioButton, CreateMirrorZonePropertiesManager::mirrorVar2D(), 'X');
     bindMirrorChoice(ui.createMirrorZone_Axis3DXY_RadioButton, CreateMirrorZonePropertiesManager::mirrorVar3D(), 'Z');
@@ -64,25 +63,15 @@ CreateMirrorZoneDialog::Impl::Impl(CreateMirrorZoneDialog& dialog)
     showPageWhile(manager.is2DPlot(), ui.createMirrorZone_Axis2DObj_Outline);
 }
 
-CreateMirrorZoneDialog::Impl::~Impl()
-{
-    // In the order of their creation; the manager and the widgets are still there.
-    for (std::unique_ptr<BindingInterface>& binding : bindings)
-        binding.reset();
-    for (std::unique_ptr<RelevanceApplier>& applier : appliers)
-        applier.reset();
-}
-
 void CreateMirrorZoneDialog::Impl::bindMirrorChoice(QAbstractButton* button,
                                                     boost::shared_ptr<Property<char>> const& choice, char mirrorVar)
 {
-    bindings.push_back(std::make_unique<RadioButtonPropertyBinding<char>>(button, choice, mirrorVar));
+    bindings.add<RadioButtonPropertyBinding<char>>(button, choice, mirrorVar);
 }
 
 void CreateMirrorZoneDialog::Impl::showPageWhile(boost::shared_ptr<RelevanceInterface const> const& rule, QWidget* page)
 {
-    appliers.push_back(
-        std::make_unique<RelevanceApplier>(rule, page, RelevanceApplier::ShowHide, BindingInterface::UpdateOnIdle));
+    appliers.add<RelevanceApplier>(rule, page, RelevanceApplier::ShowHide, BindingInterface::UpdateOnIdle);
 }
 
 CreateMirrorZoneDialog* CreateMirrorZoneDialog::s_instance = nullptr;

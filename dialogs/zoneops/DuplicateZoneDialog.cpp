@@ -1,5 +1,6 @@
 #include "dialogs/zoneops/DuplicateZoneDialog.h"
 
+#include "dialogs/bindings/BindingList.h"
 #include "dialogs/bindings/ButtonBinding.h"
 #include "dialogs/bindings/ListViewPropertyBinding.h"
 #include "dialogs/frame/LaunchHelpAction.h"
@@ -13,11 +14,11 @@
 
 #include <set>
 #include <string>
-#include <vector>
 
 namespace veldraw::dialogs::data {
 
 using sdk::ui::dialogs::propertybindings::BindingInterface;
+using sdk::ui::dialogs::propertybindings::BindingList;
 using sdk::ui::dialogs::propertybindings::ButtonBinding;
 using sdk::ui::dialogs::propertybindings::ListViewPropertyBinding;
 using sdk::ui::propertymanager::DataSetExistsRelevance;
@@ -27,29 +28,20 @@ using sdk::ui::propertymanager::RelevanceInterface;
 struct DuplicateZoneDialog::Impl
 {
     explicit Impl(DuplicateZoneDialog& dialog);
-    ~Impl();
 
     Ui::DuplicateZone ui;
     DuplicateZonePropertiesManager manager;
-    std::vector<std::unique_ptr<BindingInterface>> bindings;
+    BindingList bindings;
 };
 
 DuplicateZoneDialog::Impl::Impl(DuplicateZoneDialog& dialog)
 {
     ui.setupUi(&dialog);
     QPushButton* const createButton = ui.buttonBox->addButton(QStringLiteral("C&reate"), QDialogButtonBox::ActionRole);
-    bindings.push_back(std::make_unique<ButtonBinding>(*createButton, [this] { manager.createDuplicateZones(); }));
+    bindings.add<ButtonBinding>(*createButton, [this] { manager.createDuplicateZones(); });
     boost::shared_ptr<PropertyAbstract<std::set<int>>> const selection = manager.sourceZones();
-    bindings.push_back(std::make_unique<ListViewPropertyBinding>(ui.duplicateZone_Source_MList,
-                                                                 manager.zonesListModel(), selection,
-                                                                 BindingInterface::ModelUpdateDeferredOnBusy));
-}
-
-DuplicateZoneDialog::Impl::~Impl()
-{
-    // In the order of their creation; the manager and the widgets are still there.
-    for (std::unique_ptr<BindingInterface>& binding : bindings)
-        binding.reset();
+    bindings.add<ListViewPropertyBinding>(ui.duplicateZone_Source_MList, manager.zonesListModel(), selection,
+                                          BindingInterface::ModelUpdateDeferredOnBusy);
 }
 
 DuplicateZoneDialog* DuplicateZoneDialog::s_instance = nullptr;

@@ -1,0 +1,23 @@
+#include "dialogs/bindings/BindingList.h"
+
+namespace veldraw::sdk::ui::dialogs::propertybindings {
+
+BindingList::~BindingList()
+{
+    clear();
+}
+
+void BindingList::adopt(std::unique_ptr<BindingInterface> binding)
+{
+    m_bindings.push_back(std::move(binding));
+}
+
+// A vector does not say in which order its elements end.
+void BindingList::clear()
+{
+    for (std::unique_ptr<BindingInterface>& binding : m_bindings)
+        binding.reset();
+    m_bindings.clear();
+}
+
+} // namespace veldraw::sdk::ui::dialogs::propertybindings

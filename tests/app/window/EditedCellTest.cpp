@@ -3,6 +3,8 @@
 #include "tests/app/window/DrawnWindowTest.h"
 #include "tools/samples/FlowSample.h"
 #include "tools/samples/MeshSamples.h"
+#include "tools/samples/SparseSamples.h"
+#include "tools/samples/TableSamples.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -145,6 +147,40 @@ TEST_F(EditedCellTest, OfWhatThePlotDoesNotShowLeavesThePlotAlone)
              QStringLiteral("9"));
     EXPECT_EQ("&Undo Edit Value", action("undoAction").text().toStdString());
     EXPECT_EQ(drawnBefore, view().zones().front().get());
+}
+
+TEST_F(EditedCellTest, StaysWithItsDataSetWhenOthersAreOpenedBehindTheSpreadsheet)
+{
+    openSample("tetra.vtu", samples::writeTetrahedra);
+    QTableView& table = openSpreadsheet();
+    int const points = static_cast<int>(dataSet().zone(1)->pointCount());
+    EXPECT_EQ(points, table.model()->rowCount());
+
+    // A text that is still being typed is not taken for a value of the next data set.
+    table.setFocus();
+    table.setCurrentIndex(table.model()->index(0, 0));
+    QTest::keyClick(&table, Qt::Key_F2);
+    auto* const editor = table.viewport()->findChild<QLineEdit*>();
+    ASSERT_NE(nullptr, editor);
+    QTest::keyClick(editor, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(editor, QStringLiteral("55"));
+    openSample("flow.vtm", samples::writeFlow);
+    kernel::Zone const& inlet = *dataSet().zone(1);
+    EXPECT_EQ(inlet.i, table.model()->rowCount());
+    EXPECT_EQ(inlet.j, table.model()->columnCount());
+    choose(table, 1);
+    EXPECT_EQ(-4.0, cell(table, 0, 0).toDouble());
+    EXPECT_FALSE(action("undoAction").isEnabled());
+
+    openSample("series.csv", [](std::string const& path) { samples::writeTimeSeries(path); });
+    EXPECT_EQ(dataSet().zone(1)->pointCount(), table.model()->rowCount());
+    openSample("long.mhd", [](std::string const& path) { samples::writeSparseImage(path); });
+    EXPECT_GT(table.model()->rowCount(), 100000);
+    openSample("again.vtu", samples::writeTetrahedra);
+    EXPECT_EQ(points, table.model()->rowCount());
+    typeInto(table, 0, 0, QStringLiteral("3"));
+    EXPECT_EQ(3.0, dataSet().field(1, 1)->group()->buffer()->value(0));
+    EXPECT_TRUE(messages.empty());
 }
 
 TEST_F(EditedCellTest, WithATextThatIsNoNumberStaysAsItWas)

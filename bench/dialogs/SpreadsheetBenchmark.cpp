@@ -92,6 +92,22 @@ private:
     }
 };
 
+/// A plane of three rows with more columns than a view holds.
+class WidePlane : public Sheet
+{
+public:
+    WidePlane()
+    {
+        dataSet->addVariable(std::make_shared<kernel::Variable>("V"));
+        auto const zone = std::make_shared<kernel::Zone>("plane", ZoneType_Ordered, 3, 3000000, 1);
+        dataSet->addZone(zone);
+        zone->fields[0] =
+            kernel::Field(std::make_shared<kernel::ShareGroup>(kernel::Buffer::allocate(FieldDataType_Float, 9000000)),
+                          ValueLocation_Nodal);
+        show();
+    }
+};
+
 /// A line of three points with more variables than a view holds columns; the last one has values.
 class WideSheet : public Sheet
 {
@@ -133,10 +149,10 @@ void openTheSpreadsheetOnALongLine(benchmark::State& state)
 }
 BENCHMARK(openTheSpreadsheetOnALongLine)->Unit(benchmark::kMillisecond);
 
-template <int key>
+template <typename SheetType, int key>
 void goByKey(benchmark::State& state)
 {
-    LongSheet sheet;
+    SheetType sheet;
     DataSpreadsheetDialog& dialog = sheet.dialog();
     dialog.launch();
     sheet.settle();
@@ -152,8 +168,9 @@ void goByKey(benchmark::State& state)
     }
     delete &dialog;
 }
-BENCHMARK_TEMPLATE(goByKey, Qt::Key_End)->Name("goToTheOtherEndOfALongLine")->Unit(benchmark::kMillisecond);
-BENCHMARK_TEMPLATE(goByKey, Qt::Key_PageDown)->Name("turnAPageOfALongLine")->Unit(benchmark::kMillisecond);
+BENCHMARK_TEMPLATE(goByKey, LongSheet, Qt::Key_End)->Name("goToTheOtherEndOfALongLine")->Unit(benchmark::kMillisecond);
+BENCHMARK_TEMPLATE(goByKey, LongSheet, Qt::Key_PageDown)->Name("turnAPageOfALongLine")->Unit(benchmark::kMillisecond);
+BENCHMARK_TEMPLATE(goByKey, WidePlane, Qt::Key_End)->Name("goToTheOtherEndOfAWidePlane")->Unit(benchmark::kMillisecond);
 
 void openTheSpreadsheetOnManyVariables(benchmark::State& state)
 {

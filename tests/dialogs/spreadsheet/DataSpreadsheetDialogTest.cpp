@@ -221,6 +221,11 @@ struct TypedText
     double stored; ///< 100 when the text is refused
 };
 
+void PrintTo(TypedText const& typed, std::ostream* stream)
+{
+    *stream << typed.text << " in type " << typed.type;
+}
+
 class TypedTexts : public DataSpreadsheetDialogTest, public testing::WithParamInterface<TypedText>
 {
 };

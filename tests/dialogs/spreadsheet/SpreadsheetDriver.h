@@ -32,6 +32,9 @@ protected:
         Choices::spreadsheetZone()->setValue(1);
         Choices::spreadsheetVariable()->setValue(1);
         Choices::spreadsheetPlane()->setValue(static_cast<IJKPlanes_e>(2));
+        for (auto const& index :
+             {Choices::spreadsheetIIndex(), Choices::spreadsheetJIndex(), Choices::spreadsheetKIndex()})
+            index->setValue(1);
         Choices::spreadsheetAlterShared()->setValue(false);
         Choices::spreadsheetFormat()->setValue(static_cast<NumberFormat_e>(3));
         Choices::spreadsheetPrecision()->setValue(3);

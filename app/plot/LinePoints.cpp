@@ -1,11 +1,15 @@
 #include "app/plot/LinePoints.h"
 
 #include "app/plot/FieldValues.h"
+#include "kernel/compute/Parallel.h"
 
 #include <vtkDoubleArray.h>
 
 #include <algorithm>
+#include <array>
+#include <cmath>
 #include <functional>
+#include <iterator>
 #include <vector>
 
 namespace veldraw::app {
@@ -22,8 +26,10 @@ using Indices = std::array<kernel::IndexRange, 3>;
 std::vector<std::int64_t> positionsAlong(kernel::IndexRange const& range, std::int64_t count)
 {
     std::int64_t const last = range.max > 0 ? std::min(range.max, count) : count;
+    std::int64_t const skip = std::max<std::int64_t>(range.skip, 1);
     std::vector<std::int64_t> positions;
-    for (std::int64_t n = std::max<std::int64_t>(range.min, 1); n <= last; n += std::max<std::int64_t>(range.skip, 1))
+    positions.reserve(static_cast<std::size_t>(std::max<std::int64_t>(last, 0) / skip + 1));
+    for (std::int64_t n = std::max<std::int64_t>(range.min, 1); n <= last; n += skip)
         positions.push_back(n - 1);
     return positions;
 }
@@ -36,10 +42,14 @@ std::vector<std::int64_t> slotsOf(kernel::Zone const& zone, ValueLocation_e loca
         return positionsAlong(indices[0], nodal ? zone.pointCount() : zone.cellCount());
     auto const count = [nodal](std::int64_t points) { return nodal ? points : std::max<std::int64_t>(points - 1, 1); };
     auto const along = [&](std::size_t n, std::int64_t points) { return positionsAlong(indices[n], count(points)); };
+    std::vector<std::int64_t> const alongI = along(0, zone.i);
+    std::vector<std::int64_t> const alongJ = along(1, zone.j);
+    std::vector<std::int64_t> const alongK = along(2, zone.k);
     std::vector<std::int64_t> slots;
-    for (std::int64_t const k : along(2, zone.k))
-        for (std::int64_t const j : along(1, zone.j))
-            for (std::int64_t const i : along(0, zone.i))
+    slots.reserve(alongI.size() * alongJ.size() * alongK.size());
+    for (std::int64_t const k : alongK)
+        for (std::int64_t const j : alongJ)
+            for (std::int64_t const i : alongI)
                 slots.push_back(i + zone.i * (j + zone.j * k));
     return slots;
 }
@@ -53,23 +63,48 @@ Values valuesAt(kernel::Field const& field, bool inCells)
     return [values](std::int64_t n) { return values.at(n); };
 }
 
+// The ends of a stretch of the curve and its extremes, in their order.
+std::array<std::int64_t, 4> outlineOf(std::int64_t const* first, std::int64_t const* end, Values const& y)
+{
+    std::int64_t const* lowest = first;
+    std::int64_t const* highest = first;
+    double low = y(*first);
+    double high = low;
+    for (std::int64_t const* slot = first + 1; slot != end; ++slot) {
+        double const value = y(*slot);
+        if (value < low || std::isnan(low)) {
+            low = value;
+            lowest = slot;
+        }
+        if (value >= high || std::isnan(high)) {
+            high = value;
+            highest = slot;
+        }
+    }
+    std::array<std::int64_t, 4> outline = {*first, *lowest, *highest, *(end - 1)};
+    std::sort(outline.begin(), outline.end());
+    return outline;
+}
+
 std::vector<std::int64_t> thinned(std::vector<std::int64_t> const& slots, Values const& y)
 {
     auto const count = static_cast<std::int64_t>(slots.size());
     if (count <= largestCount)
         return slots;
-    std::vector<std::int64_t> kept;
     std::int64_t const length = count / (largestCount / 4) + 1;
-    for (std::int64_t start = 0; start < count; start += length) {
-        auto const first = slots.begin() + start;
-        auto const last = slots.begin() + std::min(count, start + length) - 1;
-        auto const lower = [&y](std::int64_t a, std::int64_t b) { return y(a) < y(b); };
-        auto const extremes = std::minmax_element(first, last + 1, lower);
-        std::vector<std::int64_t> stretch = {*first, *extremes.first, *extremes.second, *last};
-        std::sort(stretch.begin(), stretch.end());
-        stretch.erase(std::unique(stretch.begin(), stretch.end()), stretch.end());
-        kept.insert(kept.end(), stretch.begin(), stretch.end());
-    }
+    std::vector<std::array<std::int64_t, 4>> outlines(static_cast<std::size_t>((count + length - 1) / length));
+    kernel::parallelFor(static_cast<std::int64_t>(outlines.size()),
+                        [&](std::int64_t first, std::int64_t last, std::int64_t) {
+                            for (std::int64_t n = first; n < last; ++n) {
+                                std::int64_t const* const stretch = slots.data() + n * length;
+                                outlines[static_cast<std::size_t>(n)] =
+                                    outlineOf(stretch, stretch + std::min(length, count - n * length), y);
+                            }
+                        });
+    std::vector<std::int64_t> kept;
+    kept.reserve(4 * outlines.size());
+    for (std::array<std::int64_t, 4> const& outline : outlines)
+        std::unique_copy(outline.begin(), outline.end(), std::back_inserter(kept));
     return kept;
 }
 

@@ -9,6 +9,7 @@
 #include <QTimerEvent>
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace veldraw::sdk::ui::propertymanager {
 

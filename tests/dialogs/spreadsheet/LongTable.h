@@ -31,7 +31,8 @@ constexpr unsigned long long rowsOfLongTable = 3000000000ull;
 class LongTable : public testing::Test
 {
 protected:
-    LongTable()
+    explicit LongTable(unsigned long long rows = rowsOfLongTable, unsigned long long columns = 3)
+        : table(rows, columns)
     {
         view.setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
         view.setHorizontalScrollMode(QAbstractItemView::ScrollPerItem);
@@ -79,7 +80,7 @@ protected:
     }
 
     RecordedMessages messages;
-    FakeTable table{rowsOfLongTable, 3};
+    FakeTable table;
     sdk::ui::dialogs::propertybindings::models::QTableModelAdapter adapter{table};
     struct View : dialogs::common::TableViewWithPreferredDimensions
     {
@@ -90,6 +91,7 @@ protected:
     LongTableKeys& keys = *new LongTableKeys(window, view);
     LongTableMouse& mouse = *new LongTableMouse(window, view);
     WindowScrollBar& bar = *new WindowScrollBar(Qt::Vertical, window, view);
+    WindowScrollBar& columnBar = *new WindowScrollBar(Qt::Horizontal, window, view);
     EnterKeyTableNavigator& navigator = *new EnterKeyTableNavigator(view);
     GoToRowAction& goToRow = *new GoToRowAction(window, view);
 };

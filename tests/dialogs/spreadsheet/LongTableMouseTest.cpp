@@ -208,6 +208,70 @@ TEST_F(LongTableByMouse, ScrollsHereByTheMenuOfItsBar)
     EXPECT_NEAR(static_cast<double>(top()), 1.5e9, 2e8);
 }
 
+/// As long in the other direction: three rows.
+class WideTableByMouse : public LongTable
+{
+protected:
+    WideTableByMouse()
+        : LongTable(3, rowsOfLongTable)
+    {
+    }
+
+    void goToColumn(unsigned long long column)
+    {
+        window.scrollTo(Qt::Horizontal, column);
+        settle();
+    }
+    QPoint placeOfName(unsigned long long column)
+    {
+        return QPoint(view.columnViewportPosition(adapter.windowColumn(column)) + 20, 5);
+    }
+    void clickName(unsigned long long column, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        QTest::mouseClick(view.horizontalHeader()->viewport(), Qt::LeftButton, modifiers, placeOfName(column));
+        settle();
+    }
+    std::string selected()
+    {
+        auto const [first, last] = window.selection().value();
+        return std::to_string(first.row) + "," + std::to_string(first.column) + " - " + std::to_string(last.row) + "," +
+               std::to_string(last.column);
+    }
+};
+
+TEST_F(WideTableByMouse, ExtendsWholeColumnsByShiftOverTheBorder)
+{
+    goToColumn(999990);
+    clickName(999991);
+    EXPECT_EQ(selected(), "0,999991 - 2,999991");
+    goToColumn(2000000000);
+    clickName(2000000002, Qt::ShiftModifier);
+    EXPECT_EQ(selected(), "0,999991 - 2,2000000002");
+    goToColumn(5);
+    clickName(7, Qt::ShiftModifier);
+    EXPECT_EQ(selected(), "0,7 - 2,999991");
+}
+
+TEST_F(WideTableByMouse, DragsASelectionToTheSide)
+{
+    goToColumn(998900);
+    QPoint const start = placeOfName(998901);
+    QTest::mousePress(view.viewport(), Qt::LeftButton, Qt::NoModifier, start);
+    auto const drag = [this](QPoint const& place) {
+        QMouseEvent event(QEvent::MouseMove, place, view.viewport()->mapToGlobal(place), Qt::NoButton, Qt::LeftButton,
+                          Qt::NoModifier);
+        QApplication::sendEvent(view.viewport(), &event);
+        settle();
+    };
+    drag(QPoint(view.viewport()->width() + 3000, start.y()));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return window.position(Qt::Horizontal) > 1001000; }));
+    drag(start);
+    unsigned long long const column = adapter.tableColumn(view.columnAt(start.x()));
+    QTest::mouseRelease(view.viewport(), Qt::LeftButton, Qt::NoModifier, start);
+    settle();
+    EXPECT_EQ(selected(), "0,998901 - 0," + std::to_string(column));
+}
+
 /// What is typed in (10, 1) while the user looks elsewhere.
 class LongTableBeingEdited : public LongTableByMouse
 {

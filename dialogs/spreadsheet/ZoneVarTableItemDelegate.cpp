@@ -9,11 +9,12 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 
-#include <boost/lexical_cast.hpp>
 #include <boost/pointer_cast.hpp>
 
+#include <charconv>
 #include <cstddef>
 #include <limits>
+#include <optional>
 #include <string>
 
 namespace veldraw::sdk::ui::dialogs::propertybindings::models {
@@ -51,6 +52,15 @@ QLocale localeOfTheTable()
     QLocale locale = QLocale::c();
     locale.setNumberOptions(QLocale::RejectGroupSeparator);
     return locale;
+}
+
+// All of the text, as the table writes it, so not in the locale of the process; "nan" and "inf" are numbers.
+std::optional<double> numberIn(std::string const& text)
+{
+    double number = 0.0;
+    char const* const end = text.data() + text.size();
+    std::from_chars_result const result = std::from_chars(text.data(), end, number);
+    return result.ec == std::errc() && result.ptr == end ? std::optional<double>(number) : std::nullopt;
 }
 
 ModelIndex tableIndex(QModelIndex const& index)
@@ -124,11 +134,8 @@ QString ZoneVarTableItemDelegate::shownText(QVariant const& value) const
         return text;
     m_formatter.formatting(m_manager.spreadsheetFormat()->value())
         .precision(static_cast<std::size_t>(m_manager.spreadsheetPrecision()->value()));
-    try {
-        return QString::fromStdString(m_formatter.format(boost::lexical_cast<double>(text.toStdString())));
-    } catch (boost::bad_lexical_cast const&) {
-        return QString();
-    }
+    std::optional<double> const number = numberIn(text.toStdString());
+    return number ? QString::fromStdString(m_formatter.format(*number)) : QString();
 }
 
 bool ZoneVarTableItemDelegate::eventFilter(QObject* watched, QEvent* event)

@@ -104,6 +104,7 @@ private:
     void bringInLine();
     void pointIndexAtPlane();
     void show(boost::shared_ptr<TableModel> const& model);
+    /// Only while there are a zone and a variable to show.
     boost::shared_ptr<TableModel> makeTableModel() const;
 
     Owner& m_owner;

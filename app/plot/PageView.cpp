@@ -1,6 +1,7 @@
 #include "app/plot/PageView.h"
 
 #include "app/plot/LineView.h"
+#include "app/plot/PageOnScreen.h"
 #include "app/plot/PageOverlay.h"
 #include "app/plot/PlaneView.h"
 #include "app/plot/PlotTheme.h"
@@ -39,15 +40,6 @@ bool hasScreen()
 {
     QString const platform = QGuiApplication::platformName();
     return platform != QLatin1String("offscreen") && platform != QLatin1String("minimal");
-}
-
-// The paper and the frames that lie beside it, in inches.
-QRectF workArea(kernel::Page const& page)
-{
-    QRectF area(0.0, 0.0, std::max(page.paperWidth, 0.1), std::max(page.paperHeight, 0.1));
-    for (auto const& frame : page.frames)
-        area |= QRectF(frame->rectangle.x, frame->rectangle.y, frame->rectangle.width, frame->rectangle.height);
-    return area;
 }
 
 } // namespace
@@ -226,24 +218,11 @@ void PageView::layOut()
     auto const page = m_session.activePage();
     if (!page)
         return;
-    constexpr int gap = 6;
-    QRectF const screen = QRectF(rect()).adjusted(gap, gap, -gap, -gap);
-    QRectF const area = workArea(*page);
-    double const xScale = screen.width() / area.width();
-    double const yScale = screen.height() / area.height();
+    PageOnScreen const screen(*page, rect());
     for (auto const& frame : page->frames) {
         Slot& slot = m_slots[frame->id];
-        kernel::Rectangle const& r = frame->rectangle;
-        // Corners are rounded, not sizes: neighbours on the paper stay neighbours on the screen.
-        auto const onScreen = [&](double x, double y) {
-            return QPointF(screen.left() + (x - area.left()) * xScale, screen.top() + (y - area.top()) * yScale)
-                .toPoint();
-        };
-        QPoint const topLeft = onScreen(r.x, r.y);
-        QPoint const bottomRight = onScreen(r.x + r.width, r.y + r.height) - QPoint(1, 1);
-        slot.area = QRect(topLeft, bottomRight).adjusted(1, 1, -1, -1);
-        int const border = PageOverlay::borderWidth;
-        slot.content = slot.area.adjusted(border, PageOverlay::headerHeight, -border, -border);
+        slot.area = screen.frameOf(frame->rectangle);
+        slot.content = PageOnScreen::contentOf(slot.area);
     }
 }
 
@@ -344,17 +323,7 @@ void PageView::orderRenderers()
 
 ViewArea PageView::areaOf(Slot const& slot) const
 {
-    double const ratio = devicePixelRatioF();
-    double const windowWidth = std::max(width(), 1);
-    double const windowHeight = std::max(height(), 1);
-    QRect const& content = slot.content;
-    ViewArea area;
-    area.fraction = QRectF(content.left() / windowWidth, 1.0 - (content.top() + content.height()) / windowHeight,
-                           content.width() / windowWidth, content.height() / windowHeight);
-    area.width = std::max(content.width() * ratio, 1.0);
-    area.height = std::max(content.height() * ratio, 1.0);
-    area.pixelRatio = ratio;
-    return area;
+    return PageOnScreen::viewAreaOf(slot.content, size(), devicePixelRatioF());
 }
 
 void PageView::updateOverlay()

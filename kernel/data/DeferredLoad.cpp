@@ -30,7 +30,9 @@ void DeferredLoad::addDimensions(int zone)
 {
     std::shared_ptr<Zone> const found = m_dataSet.zone(zone);
     if (found->isDeferred()) {
-        m_dimensions.try_emplace(found->dimensionsLoader);
+        if (m_placesOfSizes.try_emplace(found->dimensionsLoader.get(), m_sizes.size()).second) {
+            m_sizes.push_back({found->dimensionsLoader, {}});
+        }
     }
 }
 
@@ -38,8 +40,8 @@ void DeferredLoad::addField(int zone, int variable)
 {
     addDimensions(zone);
     Field const& field = *m_dataSet.field(zone, variable);
-    if (!field.isLoaded()) {
-        m_values.try_emplace(field.group().get(), Values{m_dataSet.zone(zone), field.location(), {}});
+    if (!field.isLoaded() && m_placesOfValues.try_emplace(field.group().get(), m_values.size()).second) {
+        m_values.push_back({field.group().get(), m_dataSet.zone(zone), field.location(), {}});
     }
 }
 
@@ -47,19 +49,19 @@ void DeferredLoad::load(Progress& progress)
 {
     loadDimensions(progress);
     std::int64_t total = progress.done();
-    for (auto const& [group, values] : m_values) {
-        total += sizeOf(*group, values);
+    for (Values const& values : m_values) {
+        total += sizeOf(values);
     }
     requireMemoryForValues();
     progress.setTotal(total);
-    for (auto& [group, values] : m_values) {
-        values.buffer = loadValues(*group, sizeOf(*group, values), progress);
+    for (Values& values : m_values) {
+        values.buffer = loadValues(*values.group, sizeOf(values), progress);
     }
 }
 
 void DeferredLoad::loadDimensions(Progress& progress)
 {
-    for (auto& [loader, dimensions] : m_dimensions) {
+    for (auto& [loader, dimensions] : m_sizes) {
         dimensions = loader->load(progress);
         progress.check();
         if (dimensions.i < 0 || dimensions.j < 0 || dimensions.k < 0) {
@@ -71,9 +73,10 @@ void DeferredLoad::loadDimensions(Progress& progress)
 void DeferredLoad::requireMemoryForValues() const
 {
     double needed = 0;
-    for (auto const& [group, values] : m_values) {
-        if (group->loader() && !group->loader()->isMapped()) {
-            needed += static_cast<double>(Buffer::bytesOf(group->type(), sizeOf(*group, values)));
+    for (Values const& values : m_values) {
+        ShareGroup const& group = *values.group;
+        if (group.loader() && !group.loader()->isMapped()) {
+            needed += static_cast<double>(Buffer::bytesOf(group.type(), sizeOf(values)));
         }
     }
     if (needed > 0) {
@@ -81,22 +84,21 @@ void DeferredLoad::requireMemoryForValues() const
     }
 }
 
-std::int64_t DeferredLoad::sizeOf(ShareGroup const& group, Values const& values) const
+std::int64_t DeferredLoad::sizeOf(Values const& values) const
 {
-    std::int64_t const known = group.size();
+    std::int64_t const known = values.group->size();
     return known >= 0 ? known : valueCount(*values.zone, values.location);
 }
 
 void DeferredLoad::commit() noexcept
 {
     for (auto const& zone : m_dataSet.zones()) {
-        auto const found = zone->isDeferred() ? m_dimensions.find(zone->dimensionsLoader) : m_dimensions.end();
-        if (found != m_dimensions.end()) {
-            zone->setDimensions(found->second);
+        if (ZoneDimensions const* const size = sizeHere(*zone)) {
+            zone->setDimensions(*size);
         }
     }
-    for (auto& [group, values] : m_values) {
-        group->setLoaded(std::move(values.buffer));
+    for (Values& values : m_values) {
+        values.group->setLoaded(std::move(values.buffer));
     }
 }
 
@@ -105,15 +107,14 @@ std::vector<StateChangeEvent> DeferredLoad::events(ZonesAndVariables const& unlo
     std::vector<StateChangeEvent> events;
     NumberSet zones;
     for (int number = 1; number <= m_dataSet.zoneCount(); ++number) {
-        std::shared_ptr<Zone> const zone = m_dataSet.zone(number);
-        if (zone->isDeferred() && m_dimensions.count(zone->dimensionsLoader) > 0) {
+        if (sizeHere(*m_dataSet.zone(number)) != nullptr) {
             zones.insert(number);
         }
     }
     if (!zones.empty()) {
         events.push_back({StateChange_ZoneMetricsLoaded, std::move(zones), {}, {}, 0});
     }
-    auto const isLoadedHere = [this](ShareGroup* group) { return m_values.count(group) > 0; };
+    auto const isLoadedHere = [this](ShareGroup* group) { return m_placesOfValues.count(group) > 0; };
     ZonesAndVariables fields = m_values.empty() ? ZonesAndVariables() : fieldsWhere(m_dataSet, isLoadedHere);
     fields.zones.insert(unloaded.zones.begin(), unloaded.zones.end());
     fields.variables.insert(unloaded.variables.begin(), unloaded.variables.end());
@@ -125,18 +126,21 @@ std::vector<StateChangeEvent> DeferredLoad::events(ZonesAndVariables const& unlo
 
 std::shared_ptr<Buffer const> DeferredLoad::valuesOf(ShareGroup const& group) const
 {
-    auto const found = m_values.find(const_cast<ShareGroup*>(&group)); // to compare only
-    return found == m_values.end() ? group.buffer() : found->second.buffer;
+    auto const found = m_placesOfValues.find(&group);
+    return found == m_placesOfValues.end() ? group.buffer() : m_values[found->second].buffer;
 }
 
 std::int64_t DeferredLoad::valueCount(Zone const& zone, ValueLocation_e location) const
 {
-    auto const found = zone.isDeferred() ? m_dimensions.find(zone.dimensionsLoader) : m_dimensions.end();
-    if (found == m_dimensions.end()) {
-        return zone.valueCount(location);
-    }
-    ZoneDimensions const& dimensions = found->second;
-    return Zone({}, zone.type, dimensions.i, dimensions.j, dimensions.k).valueCount(location);
+    ZoneDimensions const* const size = sizeHere(zone);
+    return size == nullptr ? zone.valueCount(location)
+                           : Zone({}, zone.type, size->i, size->j, size->k).valueCount(location);
+}
+
+ZoneDimensions const* DeferredLoad::sizeHere(Zone const& zone) const
+{
+    auto const found = zone.isDeferred() ? m_placesOfSizes.find(zone.dimensionsLoader.get()) : m_placesOfSizes.end();
+    return found == m_placesOfSizes.end() ? nullptr : &m_sizes[found->second].dimensions;
 }
 
 } // namespace veldraw::kernel

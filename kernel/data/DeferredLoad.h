@@ -26,7 +26,7 @@ public:
     void addDimensions(int zone);
     void addField(int zone, int variable); ///< with the dimensions of the zone
 
-    bool isEmpty() const { return m_values.empty() && m_dimensions.empty(); }
+    bool isEmpty() const { return m_values.empty() && m_sizes.empty(); }
 
     /// @throws std::runtime_error with a reason, std::bad_alloc, Interrupted
     void load(Progress& progress);
@@ -47,18 +47,28 @@ public:
 private:
     struct Values
     {
+        ShareGroup* group;          // not held, so that share counts stay true
         std::shared_ptr<Zone> zone; // one whose field is on the group
         ValueLocation_e location;
         std::shared_ptr<Buffer> buffer;
     };
 
+    struct Size
+    {
+        std::shared_ptr<DimensionsLoader> loader;
+        ZoneDimensions dimensions;
+    };
+
     void loadDimensions(Progress& progress);
-    std::int64_t sizeOf(ShareGroup const& group, Values const& values) const;
+    std::int64_t sizeOf(Values const& values) const;
+    ZoneDimensions const* sizeHere(Zone const& zone) const; // null for a zone that does not wait for one of these
     void requireMemoryForValues() const;
 
     DataSet const& m_dataSet;
-    std::map<ShareGroup*, Values> m_values; // not held, so that share counts stay true
-    std::map<std::shared_ptr<DimensionsLoader>, ZoneDimensions> m_dimensions;
+    std::vector<Values> m_values; // in the order in which they are wanted, which is that of zones and variables
+    std::vector<Size> m_sizes;
+    std::map<ShareGroup const*, std::size_t> m_placesOfValues;
+    std::map<DimensionsLoader const*, std::size_t> m_placesOfSizes;
 };
 
 } // namespace veldraw::kernel

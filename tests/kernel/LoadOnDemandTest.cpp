@@ -264,6 +264,22 @@ TEST_F(LoadOnDemand, RefusesWhatNoMachineCanHoldBeforeItIsRead)
     EXPECT_EQ(x1->loads, 1) << "mapped values need no memory; but these are not as many as announced";
 }
 
+TEST_F(LoadOnDemand, LoadsInTheOrderOfZonesAndVariables)
+{
+    std::string order;
+    auto const noting = [&](char name, double value) {
+        auto loader = std::make_shared<Loader>(std::vector<double>(6, value));
+        loader->before = [&order, name](Progress&) { order += name; };
+        return Loader::field(loader);
+    };
+    for (std::size_t const variable : {3U, 1U, 2U, 0U}) { // so that memory has another order
+        dataSet->zone(2)->fields[variable] = noting(static_cast<char>('e' + variable), 2);
+        dataSet->zone(1)->fields[variable] = noting(static_cast<char>('a' + variable), 1);
+    }
+    EXPECT_TRUE(available({1, 2}, {1, 2, 3, 4}));
+    EXPECT_EQ(order, "abcdefgh");
+}
+
 TEST_F(LoadOnDemand, TellsHowFarItHasComeByTheValues)
 {
     std::vector<double> fractions;

@@ -2,9 +2,8 @@
 
 #include "app/import/CellLoader.h"
 #include "app/import/ComponentNames.h"
-#include "app/import/ImageCoordinateLoader.h"
+#include "app/import/GridCoordinates.h"
 #include "app/import/ImportError.h"
-#include "app/import/RectilinearCoordinateLoader.h"
 #include "app/vtk/ArrayAdoption.h"
 #include "app/vtk/OrderedCells.h"
 
@@ -12,7 +11,6 @@
 #include <vtkDataObject.h>
 #include <vtkImageData.h>
 #include <vtkInformation.h>
-#include <vtkMatrix4x4.h>
 #include <vtkNew.h>
 #include <vtkPointData.h>
 #include <vtkPointSet.h>
@@ -42,11 +40,6 @@ bool orderedDimensions(vtkDataSet& block, int dimensions[3])
     else
         return false;
     return true;
-}
-
-std::array<std::int64_t, 3> dimensionsOf(kernel::Zone const& zone)
-{
-    return {{zone.i, zone.j, zone.k}};
 }
 
 vtkSmartPointer<vtkDataArray> gathered(vtkDataArray& array, std::vector<std::int64_t> const& sources)
@@ -180,42 +173,16 @@ void BlockImport::addDeferredPoints(DeferredArray const& points)
 // Uniform and rectilinear grids store no points: each point gets coordinates of its own.
 void BlockImport::addComputedCoordinates()
 {
-    auto* const image = vtkImageData::SafeDownCast(&m_block);
-    auto* const rectilinear = vtkRectilinearGrid::SafeDownCast(&m_block);
     for (int axis = 0; axis < 3; ++axis) {
-        auto const loader = image ? uniformCoordinate(*image, axis) : rectilinearCoordinate(*rectilinear, axis);
+        auto const loader = coordinateLoaderOf(m_block, axis);
+        if (!loader)
+            throw ImportError("its block \"" + m_name + "\" has not as many coordinates as its dimensions say");
         kernel::Progress progress;
         if (m_deferred.coordinates)
             addCoordinate(axis, std::make_shared<kernel::ShareGroup>(loader->type(), m_pointCount, loader));
         else
             addCoordinate(axis, std::make_shared<kernel::ShareGroup>(loader->load(progress)));
     }
-}
-
-std::shared_ptr<CoordinateLoader> BlockImport::uniformCoordinate(vtkImageData& image, int axis) const
-{
-    int const* const extent = image.GetExtent();
-    vtkMatrix4x4& matrix = *image.GetIndexToPhysicalMatrix();
-    return std::make_shared<ImageCoordinateLoader>(
-        dimensionsOf(*m_result.zone), matrix.GetElement(axis, 3),
-        std::array<double, 3>{{matrix.GetElement(axis, 0), matrix.GetElement(axis, 1), matrix.GetElement(axis, 2)}},
-        std::array<std::int64_t, 3>{{extent[0], extent[2], extent[4]}});
-}
-
-std::shared_ptr<CoordinateLoader> BlockImport::rectilinearCoordinate(vtkRectilinearGrid& grid, int axis) const
-{
-    auto const dims = dimensionsOf(*m_result.zone);
-    vtkDataArray* const positions = axis == 0   ? grid.GetXCoordinates()
-                                    : axis == 1 ? grid.GetYCoordinates()
-                                                : grid.GetZCoordinates();
-    if (!positions || positions->GetNumberOfTuples() != dims[static_cast<std::size_t>(axis)])
-        throw ImportError("its block \"" + m_name + "\" has not as many coordinates as its dimensions say");
-    std::vector<double> values(static_cast<std::size_t>(positions->GetNumberOfTuples()));
-    for (std::size_t n = 0; n < values.size(); ++n)
-        values[n] = positions->GetComponent(static_cast<vtkIdType>(n), 0);
-    bool const isFloat = positions->GetDataType() == VTK_FLOAT;
-    return std::make_shared<RectilinearCoordinateLoader>(dims, axis, std::move(values),
-                                                         isFloat ? FieldDataType_Float : FieldDataType_Double);
 }
 
 void BlockImport::addCoordinate(int axis, std::shared_ptr<kernel::ShareGroup> values)

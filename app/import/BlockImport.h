@@ -2,15 +2,12 @@
 
 #include "app/import/ArrangedLoader.h"
 #include "app/import/BlockFacts.h"
-#include "app/import/CoordinateLoader.h"
 #include "app/import/DeferredArray.h"
 #include "app/import/ImportedCells.h"
 #include "app/import/ImportedZone.h"
 
 #include <vtkDataSet.h>
 #include <vtkDataSetAttributes.h>
-#include <vtkImageData.h>
-#include <vtkRectilinearGrid.h>
 
 #include <string>
 #include <vector>
@@ -49,8 +46,6 @@ private:
     bool isScattered() const;
     void remarkLeftOut(std::string const& name);
     void addComputedCoordinates();
-    std::shared_ptr<CoordinateLoader> uniformCoordinate(vtkImageData& image, int axis) const;
-    std::shared_ptr<CoordinateLoader> rectilinearCoordinate(vtkRectilinearGrid& grid, int axis) const;
     void addPointCoordinates(vtkDataArray& points);
     void addDeferredPoints(DeferredArray const& points);
     void addCoordinate(int axis, std::shared_ptr<kernel::ShareGroup> values);

@@ -1,3 +1,4 @@
+#include "app/import/VtkImport.h"
 #include "kernel/frames/Session.h"
 #include "tests/app/import/FileHelpers.h"
 #include "tests/app/import/GridSamples.h"
@@ -116,6 +117,19 @@ TEST(DeferredCells, AreReadAtOnceWhereTheFileIsCompressedOrThereIsMemory)
                      .dataSet->zone(1)
                      ->isDeferred());
     EXPECT_FALSE(import(writeXml(*mesh, folder.path("a.vtu"))).dataSet->zone(1)->isDeferred());
+}
+
+TEST(DeferredCells, AreLeftWithEverythingElseWhenTheyDoNotFitIntoTheMemory)
+{
+    TemporaryFolder const folder;
+    std::string const path = writeXml(*meshEndingWith({}), folder.path("a.vtu"));
+    app::FileWatch watch;
+    app::LoadingPlan plan(app::Deferral::Auto, {}, 2e7);
+    app::VtkImport import(watch, plan, {});
+    import.read(path, "vtu", "a");
+    auto const dataSet = import.zones().finish("a");
+    EXPECT_TRUE(dataSet->zone(1)->isDeferred());
+    EXPECT_FALSE(fieldOf(*dataSet, 1, "X").isLoaded()) << "though it would fit";
 }
 
 TEST(DeferredCells, AreToldWhenTheirFileHasGoneAndComeWhenItIsBack)

@@ -118,18 +118,34 @@ TEST(RangeOfParts, FollowsValuesAndLooksAgainAtPartsThatHaveLostALimitAlone)
     expectRange(many.parts.range(*many.buffer, {}), 0, 3);
 }
 
+TEST(RangeOfParts, WidensTheLimitsOfAPartThatLosesNone)
+{
+    ManyZeros many;
+    many.set(0, -1);
+    many.set(1, 1);
+    expectRange(many.parts.range(*many.buffer, {}), -1, 1);
+    many.buffer->setValue(1, 2); // behind its back
+    many.set(2, -3);
+    expectRange(many.parts.range(*many.buffer, {}), -3, 1);
+    many.set(3, infinity);
+    many.set(3, 4);
+    expectRange(many.parts.range(*many.buffer, {}), -3, 4);
+}
+
 TEST(RangeOfParts, KnowsNothingOfCellsFromTheValuesOfAllSlots)
 {
     ManyZeros many;
-    many.set(ManyZeros::count / 2 - 1, 6); // the end of a row of points
-    expectRange(many.parts.range(*many.buffer, {}), 0, 6);
+    std::int64_t const endOfRow = ManyZeros::count / 2 - 1;
+    many.set(endOfRow - 2, -1);
+    many.set(endOfRow - 1, 1);
+    many.set(endOfRow, 0.5);
     RangeOfParts::Dimensions const inTwoRows{ManyZeros::count / 2, 2, 1};
-    expectRange(many.parts.range(*many.buffer, inTwoRows), 0, 0);
-    many.set(ManyZeros::count - 2, 8, {2, 3, 4});
-    expectRange(many.parts.range(*many.buffer, inTwoRows), 0, 0);
+    expectRange(many.parts.range(*many.buffer, inTwoRows), -1, 1);
+    many.set(endOfRow, 8, {2, 3, 4});
+    expectRange(many.parts.range(*many.buffer, inTwoRows), -1, 1);
     many.set(17, 4, inTwoRows);
-    expectRange(many.parts.range(*many.buffer, inTwoRows), 0, 4);
-    expectRange(many.parts.range(*many.buffer, {}), 0, 8);
+    expectRange(many.parts.range(*many.buffer, inTwoRows), -1, 4);
+    expectRange(many.parts.range(*many.buffer, {}), -1, 8);
 }
 
 TEST(RangeOfParts, OfFewValuesIsComputedAnew)

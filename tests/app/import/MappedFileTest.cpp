@@ -138,8 +138,20 @@ TEST(MappedFile, IsMappedOnceForAllComponents)
         components.push_back(app::RawArrayLoader(array, whole).load(progress));
     for (auto const& buffer : components)
         EXPECT_EQ(buffer->owner(), components.front()->owner());
-    std::filesystem::resize_file(path, manyBytes - 1);
-    array.component = 0;
+}
+
+TEST(MappedFile, GivesNoFurtherComponentOnceTheFileHasChanged)
+{
+    TemporaryFolder const folder;
+    std::string const path = folder.write("a.raw", "");
+    std::filesystem::resize_file(path, manyBytes);
+    app::RawArray array = bytesIn(path, manyBytes / 2);
+    array.components = 2;
+    auto const whole = std::make_shared<app::SharedArray>();
+    kernel::Progress progress;
+    auto const first = app::RawArrayLoader(array, whole).load(progress);
+    std::filesystem::resize_file(path, manyBytes + 1);
+    array.component = 1;
     EXPECT_THROW(app::RawArrayLoader(array, whole).load(progress), app::ImportError);
 }
 

@@ -6,7 +6,7 @@ namespace veldraw::app {
 
 namespace {
 
-constexpr std::size_t bytesOfPiece = std::size_t{1} << 18; // some milliseconds of reading numbers
+constexpr std::size_t bytesOfPiece = std::size_t{1} << 17; // a few milliseconds of reading numbers
 
 } // namespace
 

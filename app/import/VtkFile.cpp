@@ -11,7 +11,7 @@
 
 #include <vtkAlgorithm.h>
 #include <vtkDataArraySelection.h>
-#include <vtkNew.h>
+#include <vtkSmartPointer.h>
 #include <vtkXMLImageDataReader.h>
 #include <vtkXMLPolyDataReader.h>
 #include <vtkXMLRectilinearGridReader.h>
@@ -45,13 +45,26 @@ void throwOnError(VtkErrorCapture const& errors)
         throw ImportError("it is damaged, incomplete or of another kind (" + errors.firstError() + ")");
 }
 
-vtkSmartPointer<vtkDataObject> run(vtkAlgorithm& reader, VtkErrorCapture const& errors,
-                                   std::function<bool(double)> const& progress)
+vtkSmartPointer<ProgressObserver> observe(vtkAlgorithm& reader, std::function<bool(double)> const& progress)
 {
-    vtkNew<ProgressObserver> observer;
+    auto observer = vtkSmartPointer<ProgressObserver>::New();
     observer->watch(reader, progress);
+    return observer;
+}
+
+// The first look at a file goes through all of its text.
+void updateInformation(vtkAlgorithm& reader, ProgressObserver const& observer)
+{
+    reader.UpdateInformation();
+    if (observer.isCancelled())
+        throw ImportCancelled("the import was cancelled");
+}
+
+vtkSmartPointer<vtkDataObject> run(vtkAlgorithm& reader, VtkErrorCapture const& errors,
+                                   ProgressObserver const& observer)
+{
     reader.Update();
-    if (observer->isCancelled())
+    if (observer.isCancelled())
         throw ImportCancelled("the import was cancelled");
     throwOnError(errors);
     vtkSmartPointer<vtkDataObject> const result = reader.GetOutputDataObject(0);
@@ -75,8 +88,9 @@ vtkSmartPointer<vtkDataObject> readXml(vtkXMLReader& reader, std::string const& 
     if (!check.hasPoints())
         return nullptr;
     reader.SetFileName(path.c_str());
+    auto const observer = observe(reader, progress);
     if (mayDefer) {
-        reader.UpdateInformation();
+        updateInformation(reader, *observer);
         throwOnError(errors);
         ArrayChoice(reader, GridArrays(path, extension), *plan).run(deferred);
         auto* const parts = dynamic_cast<GridParts*>(&reader);
@@ -85,7 +99,7 @@ vtkSmartPointer<vtkDataObject> readXml(vtkXMLReader& reader, std::string const& 
         if (deferred.cells && parts)
             parts->leaveOutCells();
     }
-    return run(reader, errors, progress);
+    return run(reader, errors, *observer);
 }
 
 } // namespace
@@ -117,7 +131,8 @@ vtkSmartPointer<vtkDataObject> readVtkArray(std::string const& path, std::string
     VtkErrorCapture const errors;
     auto const reader = xmlReader(extension);
     reader->SetFileName(path.c_str());
-    reader->UpdateInformation();
+    auto const observer = observe(*reader, progress);
+    updateInformation(*reader, *observer);
     reader->GetPointDataArraySelection()->DisableAllArrays();
     reader->GetCellDataArraySelection()->DisableAllArrays();
     if (section == XmlSection::PointData)
@@ -129,19 +144,20 @@ vtkSmartPointer<vtkDataObject> readVtkArray(std::string const& path, std::string
         if (section != XmlSection::Points)
             parts->leaveOutPoints();
     }
-    return run(*reader, errors, progress);
+    return run(*reader, errors, *observer);
 }
 
 vtkSmartPointer<vtkDataObject> readVtkCells(std::string const& path, std::function<bool(double)> const& progress)
 {
     VtkErrorCapture const errors;
-    auto const reader = vtkSmartPointer<PartialReader<CheckedMeshReader>>::New();
+    auto const reader = vtkSmartPointer<PartialReader<InterruptibleReader<CheckedMeshReader>>>::New();
     reader->SetFileName(path.c_str());
-    reader->UpdateInformation();
+    auto const observer = observe(*reader, progress);
+    updateInformation(*reader, *observer);
     reader->GetPointDataArraySelection()->DisableAllArrays();
     reader->GetCellDataArraySelection()->DisableAllArrays();
     reader->leaveOutPoints();
-    return run(*reader, errors, progress);
+    return run(*reader, errors, *observer);
 }
 
 } // namespace veldraw::app

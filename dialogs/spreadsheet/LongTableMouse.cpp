@@ -95,7 +95,7 @@ bool LongTableMouse::pressOnCell(QMouseEvent const& mouse)
     if (extends)
         m_window.setCurrent(cell, true);
     else
-        m_window.setAnchor(cell);
+        m_window.beginAt(cell, mouse.modifiers() & Qt::ControlModifier);
     return extends;
 }
 
@@ -111,7 +111,7 @@ bool LongTableMouse::pressOnHeader(Qt::Orientation direction, QHeaderView const&
     if (extends)
         m_window.extendLines(direction, isRow ? cell.row : cell.column);
     else
-        m_window.setAnchor(cell);
+        m_window.beginAt(cell, mouse.modifiers() & Qt::ControlModifier);
     return extends;
 }
 

@@ -4,47 +4,54 @@
 #include "platform/vdsdkbase/VelUtilDialog.h"
 #include "platform/vdsdkcommon/WaitState.h"
 
+#include <algorithm>
+
 namespace veldraw::sdk::ui::propertymanager {
 
 using dialogs::propertybindings::models::ModelIndex;
 
 namespace {
 
-// Null, which leaves the clipboard alone.
-QString refused()
+CellRange around(TableWindow::Ranges const& ranges)
 {
-    VelUtilDialogErrMsg("Too many cells are selected: no more than 1000000 can be copied.");
-    return QString();
+    CellRange all = ranges.front();
+    for (CellRange const& range : ranges)
+        all = all.unitedWith(range);
+    return all;
 }
 
 } // namespace
 
 void SelectionText::giveTo(veldraw::ui::TableCopyHandler& handler, TableWindow const& window, TableModel const& table)
 {
-    handler.setSelectedText([&handler, &window, &table] {
-        if (window.selection())
-            return text(*window.selection(), table);
-        // A selection in pieces was made by hand, and the view has it; but the pieces may be far from each other.
-        bool const isTooLarge = static_cast<unsigned long long>(handler.cellCountOfView()) > mostCells;
-        return isTooLarge ? refused() : handler.textOfView();
-    });
+    handler.setSelectedText([&window, &table] { return text(window.selection(), table); });
 }
 
-QString SelectionText::text(TableWindow::Range const& range, TableModel const& table)
+// Null, which leaves the clipboard alone, for nothing and for too much.
+QString SelectionText::text(TableWindow::Ranges const& ranges, TableModel const& table)
 {
-    unsigned long long const rows = range.last.row - range.first.row + 1;
-    unsigned long long const columns = range.last.column - range.first.column + 1;
-    if (rows > mostCells / columns)
-        return refused();
+    if (ranges.empty())
+        return QString();
+    auto const [first, last] = around(ranges);
+    unsigned long long const rows = last.row - first.row + 1;
+    unsigned long long const columns = last.column - first.column + 1;
+    if (rows > mostCells / columns) {
+        VelUtilDialogErrMsg("Too many cells are selected: no more than 1000000 can be copied.");
+        return QString();
+    }
+    auto const isSelected = [&ranges](ModelIndex const& cell) {
+        return std::any_of(ranges.begin(), ranges.end(), [&](CellRange const& range) { return range.contains(cell); });
+    };
     WaitState const busy;
     QString text = QStringLiteral("");
-    for (unsigned long long row = range.first.row; row <= range.last.row; ++row) {
-        if (row > range.first.row)
+    for (unsigned long long row = first.row; row <= last.row; ++row) {
+        if (row > first.row)
             text += QLatin1Char('\n');
-        for (unsigned long long column = range.first.column; column <= range.last.column; ++column) {
-            if (column > range.first.column)
+        for (unsigned long long column = first.column; column <= last.column; ++column) {
+            if (column > first.column)
                 text += QLatin1Char('\t');
-            text += QString::fromStdString(table.getStr(ModelIndex(row, column)));
+            if (isSelected(ModelIndex(row, column)))
+                text += QString::fromStdString(table.getStr(ModelIndex(row, column)));
         }
     }
     return text;

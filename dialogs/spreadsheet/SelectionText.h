@@ -24,7 +24,7 @@ public:
     static void giveTo(veldraw::ui::TableCopyHandler& handler, TableWindow const& window, TableModel const& table);
 
 private:
-    static QString text(TableWindow::Range const& range, TableModel const& table);
+    static QString text(TableWindow::Ranges const& ranges, TableModel const& table);
 };
 
 } // namespace veldraw::sdk::ui::propertymanager

@@ -100,9 +100,7 @@ void TableWindow::setCurrent(Cell const& cell, bool extend)
     if (!isInTable(cell))
         return;
     Cell const from = extend && m_anchor ? *m_anchor : cell;
-    select(from, cell,
-           Range{Cell(std::min(from.row, cell.row), std::min(from.column, cell.column)),
-                 Cell(std::max(from.row, cell.row), std::max(from.column, cell.column))});
+    select(from, cell, CellRange::between(from, cell));
 }
 
 void TableWindow::extendLines(Qt::Orientation direction, unsigned long long place)
@@ -113,10 +111,23 @@ void TableWindow::extendLines(Qt::Orientation direction, unsigned long long plac
     if (!isInTable(cell))
         return;
     Cell const from = m_anchor.value_or(cell);
-    Range lines{Cell(0, 0), Cell(m_adapter.totalRows() - 1, m_adapter.totalColumns() - 1)};
-    (isRow ? lines.first.row : lines.first.column) = isRow ? std::min(from.row, place) : std::min(from.column, place);
-    (isRow ? lines.last.row : lines.last.column) = isRow ? std::max(from.row, place) : std::max(from.column, place);
+    CellRange lines{Cell(0, 0), Cell(m_adapter.totalRows() - 1, m_adapter.totalColumns() - 1)};
+    if (isRow) {
+        lines.first.row = std::min(from.row, place);
+        lines.last.row = std::max(from.row, place);
+    } else {
+        lines.first.column = std::min(from.column, place);
+        lines.last.column = std::max(from.column, place);
+    }
     select(from, cell, lines);
+}
+
+void TableWindow::beginAt(Cell const& cell, bool adds)
+{
+    m_anchor = cell;
+    // Nothing tells of it when the view's part stays the same.
+    if (!adds)
+        m_selection = rangesInView();
 }
 
 bool TableWindow::isInTable(Cell const& cell) const
@@ -124,13 +135,13 @@ bool TableWindow::isInTable(Cell const& cell) const
     return cell.row < m_adapter.totalRows() && cell.column < m_adapter.totalColumns();
 }
 
-void TableWindow::select(Cell const& anchor, Cell const& current, Range const& range)
+void TableWindow::select(Cell const& anchor, Cell const& current, CellRange const& range)
 {
     ensureInWindow(Qt::Vertical, current.row);
     ensureInWindow(Qt::Horizontal, current.column);
     m_anchor = anchor;
     m_current = current;
-    m_selection = range;
+    m_selection = {range};
     QScopedValueRollback<bool> const moving(m_isMoving, true);
     showSelection();
     showCurrent();
@@ -151,8 +162,35 @@ void TableWindow::onCurrentChanged(QModelIndex const& index)
 
 void TableWindow::onSelectionChanged()
 {
-    if (!m_isMoving)
-        m_selection = rangeInTable();
+    if (m_isMoving)
+        return;
+    Ranges selected = rangesInView();
+    // What is picked besides does not undo what was picked where the window is not now.
+    if (QApplication::keyboardModifiers() & Qt::ControlModifier)
+        addElsewhere(selected);
+    m_selection = selected;
+}
+
+void TableWindow::addElsewhere(Ranges& selected) const
+{
+    Ranges const seen = selected;
+    for (CellRange const& range : m_selection) {
+        bool const isSeen = std::any_of(seen.begin(), seen.end(),
+                                        [&range](CellRange const& other) { return !range.inside(other).empty(); });
+        // A whole column of which nothing is left here was taken out of the selection, and not the window's part alone.
+        if (isSeen || !reachesOverAll(range)) {
+            Ranges const elsewhere = range.outside(window());
+            selected.insert(selected.end(), elsewhere.begin(), elsewhere.end());
+        }
+    }
+}
+
+// In a direction in which the window has not all.
+bool TableWindow::reachesOverAll(CellRange const& range) const
+{
+    bool const hasAllRows = range.last.row - range.first.row + 1 == m_adapter.totalRows();
+    bool const hasAllColumns = range.last.column - range.first.column + 1 == m_adapter.totalColumns();
+    return (hasAllRows && !showsAll(Qt::Vertical)) || (hasAllColumns && !showsAll(Qt::Horizontal));
 }
 
 void TableWindow::onWindowChanged()
@@ -163,7 +201,7 @@ void TableWindow::onWindowChanged()
         m_current.reset();
         m_anchor.reset();
     }
-    m_selection = rangeInTable();
+    m_selection = rangesInView();
     m_view.layOutNow();
     Q_EMIT positionChanged();
 }
@@ -233,24 +271,17 @@ void TableWindow::ensureInWindow(Qt::Orientation direction, unsigned long long p
         moveWindowAround(direction, place);
 }
 
-// The part of the selection that the window has. A selection that is no rectangle is the view's own.
+// The part of the selection that the window has.
 void TableWindow::showSelection()
 {
-    if (!m_selection)
-        return;
-    unsigned long long const top = std::max(m_selection->first.row, m_adapter.firstRow());
-    unsigned long long const left = std::max(m_selection->first.column, m_adapter.firstColumn());
-    unsigned long long const bottom =
-        std::min(m_selection->last.row, m_adapter.firstRow() + reduced(wide(m_adapter.rowCount()), 1));
-    unsigned long long const right =
-        std::min(m_selection->last.column, m_adapter.firstColumn() + reduced(wide(m_adapter.columnCount()), 1));
-    if (top > bottom || left > right) {
-        m_view.selectionModel()->clearSelection();
-        return;
+    QItemSelection shown;
+    for (CellRange const& range : m_selection) {
+        for (CellRange const& part : range.inside(window()))
+            shown.select(
+                m_adapter.index(m_adapter.windowRow(part.first.row), m_adapter.windowColumn(part.first.column)),
+                m_adapter.index(m_adapter.windowRow(part.last.row), m_adapter.windowColumn(part.last.column)));
     }
-    QItemSelection const part(m_adapter.index(m_adapter.windowRow(top), m_adapter.windowColumn(left)),
-                              m_adapter.index(m_adapter.windowRow(bottom), m_adapter.windowColumn(right)));
-    m_view.selectionModel()->select(part, QItemSelectionModel::ClearAndSelect);
+    m_view.selectionModel()->select(shown, QItemSelectionModel::ClearAndSelect);
 }
 
 void TableWindow::showCurrent()
@@ -264,16 +295,23 @@ void TableWindow::showCurrent()
         m_view.selectionModel()->clearCurrentIndex();
 }
 
-std::optional<TableWindow::Range> TableWindow::rangeInTable() const
+TableWindow::Ranges TableWindow::rangesInView() const
 {
-    QItemSelection const selection = m_view.selectionModel()->selection();
-    if (selection.size() != 1)
-        return std::nullopt;
-    QItemSelectionRange const& only = selection.front();
-    Range range{m_adapter.tableIndex(only.topLeft()), m_adapter.tableIndex(only.bottomRight())};
-    widen(range.first.row, range.last.row, m_adapter.rowCount(), m_adapter.totalRows());
-    widen(range.first.column, range.last.column, m_adapter.columnCount(), m_adapter.totalColumns());
-    return range;
+    Ranges ranges;
+    for (QItemSelectionRange const& selected : m_view.selectionModel()->selection()) {
+        CellRange range{m_adapter.tableIndex(selected.topLeft()), m_adapter.tableIndex(selected.bottomRight())};
+        widen(range.first.row, range.last.row, m_adapter.rowCount(), m_adapter.totalRows());
+        widen(range.first.column, range.last.column, m_adapter.columnCount(), m_adapter.totalColumns());
+        ranges.push_back(range);
+    }
+    return ranges;
+}
+
+CellRange TableWindow::window() const
+{
+    return CellRange{Cell(m_adapter.firstRow(), m_adapter.firstColumn()),
+                     Cell(m_adapter.firstRow() + reduced(wide(m_adapter.rowCount()), 1),
+                          m_adapter.firstColumn() + reduced(wide(m_adapter.columnCount()), 1))};
 }
 
 QScrollBar& TableWindow::scrollBar(Qt::Orientation direction) const

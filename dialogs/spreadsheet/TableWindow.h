@@ -1,10 +1,12 @@
 #pragma once
 
+#include "dialogs/spreadsheet/CellRange.h"
 #include "dialogs/spreadsheet/TableCells.h"
 
 #include <QObject>
 
 #include <optional>
+#include <vector>
 
 class QScrollBar;
 
@@ -25,15 +27,9 @@ class TableWindow : public QObject
 
 public:
     using Cell = TableCells::Cell;
+    using Ranges = std::vector<CellRange>;
     using View = veldraw::dialogs::common::TableViewWithPreferredDimensions;
     using Adapter = dialogs::propertybindings::models::QTableModelAdapter;
-
-    /// A rectangle of cells, both ends included.
-    struct Range
-    {
-        Cell first;
-        Cell last;
-    };
 
     /// Belongs to the view, which shows the adapter already and goes first.
     TableWindow(View& view, Adapter& adapter);
@@ -55,16 +51,17 @@ public:
 
     // ---- current cell and selection --------------------------------------------------------------------------------
     std::optional<Cell> current() const { return m_current; }
-    /// What is selected as one rectangle; none if nothing is or if it is no rectangle.
-    std::optional<Range> selection() const { return m_selection; }
+    /// What is selected: nothing, one rectangle, or pieces that were picked with Control and may overlap.
+    Ranges const& selection() const { return m_selection; }
     /// Goes to a cell and brings it into view; what is being typed in another cell is taken. Cells beyond the table are
     /// ignored.
     /// @param extend selects from where the selection began to the cell, instead of the cell
     void setCurrent(Cell const& cell, bool extend);
     /// Selects whole rows, or whole columns, from where the selection began to a place, and goes there.
     void extendLines(Qt::Orientation direction, unsigned long long place);
-    /// The selection begins anew at a cell, whatever the view had current before.
-    void setAnchor(Cell const& cell) { m_anchor = cell; }
+    /// From here on a selection is extended; what is selected at the moment is the view's to change.
+    /// @param adds keeps what is selected out of the window
+    void beginAt(Cell const& cell, bool adds);
 
 Q_SIGNALS:
     /// After scrolling, and after the table got another size.
@@ -80,11 +77,14 @@ private:
     void moveWindowAround(Qt::Orientation direction, unsigned long long center);
     void ensureInWindow(Qt::Orientation direction, unsigned long long place);
     bool isInTable(Cell const& cell) const;
-    void select(Cell const& anchor, Cell const& current, Range const& range);
+    void select(Cell const& anchor, Cell const& current, CellRange const& range);
     bool wouldLose(Cell const& cell, Qt::Orientation direction, unsigned long long newFirst) const;
     void showSelection();
     void showCurrent();
-    std::optional<Range> rangeInTable() const;
+    Ranges rangesInView() const;
+    void addElsewhere(Ranges& selected) const;
+    bool reachesOverAll(CellRange const& range) const;
+    CellRange window() const;
 
     QScrollBar& scrollBar(Qt::Orientation direction) const;
     unsigned long long first(Qt::Orientation direction) const;
@@ -96,7 +96,7 @@ private:
     Adapter& m_adapter;
     std::optional<Cell> m_current;
     std::optional<Cell> m_anchor; // where the selection began
-    std::optional<Range> m_selection;
+    Ranges m_selection;
     bool m_isMoving = false; // what the view tells is our own doing
     bool m_willMakeRoom = false;
 };

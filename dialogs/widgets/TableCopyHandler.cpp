@@ -64,14 +64,6 @@ void TableCopyHandler::copyToClipboard()
         QApplication::clipboard()->setText(text);
 }
 
-long long TableCopyHandler::cellCountOfView() const
-{
-    if (!m_table.selectionModel())
-        return 0;
-    QRect const all = rectangle(m_table.selectionModel()->selection());
-    return static_cast<long long>(all.width()) * all.height();
-}
-
 QString TableCopyHandler::textOfView() const
 {
     if (!m_table.selectionModel() || !m_table.selectionModel()->hasSelection())

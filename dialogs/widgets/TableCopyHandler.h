@@ -27,8 +27,6 @@ public:
 
     /// The text of what is selected in the view; null when nothing is.
     QString textOfView() const;
-    /// How many cells that text has, those included that are left empty.
-    long long cellCountOfView() const;
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -52,9 +52,9 @@ protected:
     /// "first cell - last cell" of what is selected in the table.
     std::string selected()
     {
-        if (!window.selection())
-            return "nothing";
-        auto const [first, last] = *window.selection();
+        if (window.selection().size() != 1)
+            return std::to_string(window.selection().size()) + " pieces";
+        auto const [first, last] = window.selection().front();
         return std::to_string(first.row) + "," + std::to_string(first.column) + " - " + std::to_string(last.row) + "," +
                std::to_string(last.column);
     }
@@ -127,16 +127,52 @@ TEST_F(LongTableByMouse, ExtendsWholeRowsByShiftOverTheBorder)
     EXPECT_EQ(highlighted(), selected());
 }
 
-TEST_F(LongTableByMouse, CopiesPiecesThatAreNotTooFarFromEachOther)
+TEST_F(LongTableByMouse, CopiesPiecesWhereverTheyWerePicked)
 {
-    click(3, 0);
-    click(4, 1, Qt::ControlModifier);
-    EXPECT_EQ(selected(), "nothing") << "as a rectangle";
-    EXPECT_EQ(copied(), "3,0\t\n\t4,1");
-    scrollTo(600000);
-    click(600004, 1, Qt::ControlModifier);
-    EXPECT_EQ(copied(), "nothing") << "there would be 1.2 million cells, most of them empty";
+    at(999998, 0);
+    click(999998, 0);
+    click(999999, 1, Qt::ControlModifier);
+    EXPECT_EQ(selected(), "2 pieces");
+    EXPECT_EQ(copied(), "999998,0\t\n\t999999,1");
+    scrollTo(2000000000);
+    EXPECT_EQ(copied(), "999998,0\t\n\t999999,1") << "although neither is in the window";
+    scrollTo(1000000);
+    click(1000000, 2, Qt::ControlModifier);
+    EXPECT_EQ(copied(), "999998,0\t\t\n\t999999,1\t\n\t\t1000000,2");
+    click(999999, 1, Qt::ControlModifier);
+    EXPECT_EQ(copied(), "999998,0\t\t\n\t\t\n\t\t1000000,2") << "picked once more it is left out";
+}
+
+TEST_F(LongTableByMouse, KeepsPiecesOutOfTheWindowWhileOthersArePicked)
+{
+    at(300000, 0);
+    click(300000, 0);
+    scrollTo(1000000000);
+    click(1000000001, 1, Qt::ControlModifier);
+    EXPECT_EQ(selected(), "2 pieces");
+    EXPECT_EQ(copied(), "nothing") << "too much lies between them";
     EXPECT_EQ(messages.take().size(), 1u);
+    click(1000000001, 1);
+    EXPECT_EQ(selected(), "1000000001,1 - 1000000001,1") << "without Control the selection begins anew";
+}
+
+TEST_F(LongTableByMouse, TakesAWholeColumnOutOfTheSelectionByControl)
+{
+    auto const clickColumn = [this](int column, Qt::KeyboardModifiers modifiers) {
+        QTest::mouseClick(view.horizontalHeader()->viewport(), Qt::LeftButton, modifiers,
+                          QPoint(view.columnViewportPosition(column) + 20, 5));
+        settle();
+    };
+    clickColumn(1, Qt::NoModifier);
+    EXPECT_EQ(selected(), "0,1 - 2999999999,1");
+    clickColumn(1, Qt::ControlModifier);
+    EXPECT_EQ(selected(), "0 pieces");
+    clickColumn(1, Qt::NoModifier);
+    click(4, 1, Qt::ControlModifier);
+    unsigned long long last = 0;
+    for (CellRange const& range : window.selection())
+        last = std::max(last, range.last.row);
+    EXPECT_EQ(last, rowsOfLongTable - 1) << "a column without one cell still goes on to its end";
 }
 
 TEST_F(LongTableByMouse, DragsASelectionOverTheBorderWhileItScrolls)
@@ -233,7 +269,7 @@ protected:
     }
     std::string selected()
     {
-        auto const [first, last] = window.selection().value();
+        auto const [first, last] = window.selection().at(0);
         return std::to_string(first.row) + "," + std::to_string(first.column) + " - " + std::to_string(last.row) + "," +
                std::to_string(last.column);
     }

@@ -4,7 +4,7 @@
 #include "app/export/Exporter.h"
 #include "app/export/WholeDataSet.h"
 #include "app/import/Importer.h"
-#include "app/import/MappedMemory.h"
+#include "app/import/files/MappedMemory.h"
 #include "app/plot/PageView.h"
 #include "kernel/data/NumberSet.h"
 #include "platform/vdsdkbase/VelUtilDataSet.h"

@@ -4,7 +4,7 @@
 #include "app/export/CsvExport.h"
 #include "app/export/ExportProgress.h"
 #include "app/export/VtkExport.h"
-#include "app/import/PathChecks.h"
+#include "app/import/files/PathChecks.h"
 
 #include <QXmlStreamWriter>
 

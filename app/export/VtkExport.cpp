@@ -3,7 +3,7 @@
 #include "app/export/ExportError.h"
 #include "app/export/GridConversion.h"
 #include "app/export/UniqueNames.h"
-#include "app/import/BlockFacts.h"
+#include "app/import/grids/BlockFacts.h"
 #include "app/vtk/ProgressObserver.h"
 #include "app/vtk/VtkErrorCapture.h"
 #include "app/vtk/XmlNames.h"

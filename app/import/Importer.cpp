@@ -1,11 +1,11 @@
 #include "app/import/Importer.h"
 
-#include "app/import/CsvReader.h"
-#include "app/import/FileWatch.h"
 #include "app/import/LoadingPlan.h"
-#include "app/import/MetaImageImport.h"
-#include "app/import/PathChecks.h"
-#include "app/import/VtkImport.h"
+#include "app/import/files/FileWatch.h"
+#include "app/import/files/PathChecks.h"
+#include "app/import/grids/VtkImport.h"
+#include "app/import/metaimage/MetaImageImport.h"
+#include "app/import/table/CsvReader.h"
 
 #include <algorithm>
 #include <array>

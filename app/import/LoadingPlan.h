@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/import/Deferral.h"
-#include "app/import/SizeCheck.h"
+#include "app/import/files/SizeCheck.h"
 #include "kernel/data/ShareGroup.h"
 
 #include <functional>

@@ -1,4 +1,4 @@
-#include "app/import/CsvTokenizer.h"
+#include "app/import/table/CsvTokenizer.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
-#include "app/import/ArrayChoice.h"
-#include "app/import/VtkImport.h"
+#include "app/import/grids/ArrayChoice.h"
+#include "app/import/grids/VtkImport.h"
 #include "tests/app/import/FileHelpers.h"
 #include "tests/app/import/GridSamples.h"
 #include "tools/samples/SparseSamples.h"

@@ -1,4 +1,4 @@
-#include "app/import/VtkImport.h"
+#include "app/import/grids/VtkImport.h"
 #include "kernel/frames/Session.h"
 #include "tests/app/import/FileHelpers.h"
 #include "tests/app/import/GridSamples.h"

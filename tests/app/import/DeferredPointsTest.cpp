@@ -1,4 +1,4 @@
-#include "app/import/XmlArrayList.h"
+#include "app/import/xml/XmlArrayList.h"
 #include "tests/app/import/FileHelpers.h"
 #include "tests/app/import/GridSamples.h"
 

@@ -1,4 +1,4 @@
-#include "app/import/InterruptibleBuffer.h"
+#include "app/import/grids/InterruptibleBuffer.h"
 
 #include "FileHelpers.h"
 #include "app/import/Importer.h"

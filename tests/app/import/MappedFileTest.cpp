@@ -1,6 +1,6 @@
-#include "app/import/MappedMemory.h"
-#include "app/import/RawArrayLoader.h"
-#include "app/import/RawArrayValues.h"
+#include "app/import/files/MappedMemory.h"
+#include "app/import/raw/RawArrayLoader.h"
+#include "app/import/raw/RawArrayValues.h"
 #include "tests/app/import/FileHelpers.h"
 
 #include <filesystem>

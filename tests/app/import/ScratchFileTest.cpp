@@ -1,7 +1,7 @@
-#include "app/import/ScratchFile.h"
+#include "app/import/files/ScratchFile.h"
 
-#include "app/import/RawArrayLoader.h"
-#include "app/import/RawArrayValues.h"
+#include "app/import/raw/RawArrayLoader.h"
+#include "app/import/raw/RawArrayValues.h"
 #include "kernel/compute/Interrupted.h"
 #include "tests/app/import/FileHelpers.h"
 

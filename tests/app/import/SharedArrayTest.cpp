@@ -1,4 +1,4 @@
-#include "app/import/SharedArray.h"
+#include "app/import/raw/SharedArray.h"
 
 #include "app/vtk/ArrayAdoption.h"
 

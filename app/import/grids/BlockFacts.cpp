@@ -1,0 +1,62 @@
+#include "app/import/grids/BlockFacts.h"
+
+#include "kernel/data/Zone.h"
+
+#include <vtkDataArray.h>
+#include <vtkStringArray.h>
+
+#include <cmath>
+
+namespace veldraw::app {
+
+namespace {
+
+std::optional<double> number(vtkFieldData& fieldData, char const* name)
+{
+    vtkDataArray* const array = fieldData.GetArray(name);
+    if (!array || array->GetNumberOfTuples() < 1 || array->GetNumberOfComponents() != 1)
+        return std::nullopt;
+    return array->GetComponent(0, 0);
+}
+
+std::vector<std::string> texts(vtkFieldData& fieldData, char const* name)
+{
+    std::vector<std::string> result;
+    auto* const array = vtkStringArray::SafeDownCast(fieldData.GetAbstractArray(name));
+    for (vtkIdType n = 0; array && n < array->GetNumberOfValues(); ++n)
+        result.push_back(array->GetValue(n));
+    return result;
+}
+
+std::optional<int> strandOf(std::optional<double> value)
+{
+    if (!value || !(*value >= 0.0) || *value >= kernel::staticStrand || std::floor(*value) != *value)
+        return std::nullopt;
+    return static_cast<int>(*value);
+}
+
+} // namespace
+
+BlockFacts BlockFacts::of(vtkFieldData* fieldData)
+{
+    BlockFacts facts;
+    if (!fieldData)
+        return facts;
+    facts.timeValue = number(*fieldData, blockfact::timeValue);
+    facts.timeStep = number(*fieldData, blockfact::timeStep);
+    facts.strand = strandOf(number(*fieldData, blockfact::strandId));
+    auto const zoneType = number(*fieldData, blockfact::zoneType);
+    if (zoneType == static_cast<double>(ZoneType_FEMixed))
+        facts.zoneType = ZoneType_FEMixed;
+    if (zoneType == static_cast<double>(ZoneType_FEPolygon))
+        facts.zoneType = ZoneType_FEPolygon;
+    auto const zoneNames = texts(*fieldData, blockfact::zoneName);
+    facts.zoneName = zoneNames.empty() ? std::string() : zoneNames.front();
+    auto const coordinates = texts(*fieldData, blockfact::coordinateNames);
+    for (std::size_t axis = 0; coordinates.size() == 3 && axis < 3; ++axis)
+        facts.coordinateNames[axis] = coordinates[axis];
+    facts.variableNames = texts(*fieldData, blockfact::variableNames);
+    return facts;
+}
+
+} // namespace veldraw::app

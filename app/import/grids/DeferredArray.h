@@ -1,0 +1,45 @@
+#pragma once
+
+#include "app/import/grids/DeferredCells.h"
+#include "app/import/raw/RawType.h"
+#include "kernel/data/ValueLoader.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace veldraw::app {
+
+/// An array of a file whose values are not read with the grid, but when they are wanted.
+struct DeferredArray
+{
+    /// Makes the loader of one component, from 0, of so many tuples.
+    using LoaderFactory = std::function<std::shared_ptr<kernel::ValueLoader>(int component, std::int64_t tuples)>;
+
+    int position = 0; ///< among the arrays of its section, from 0
+    std::string name;
+    RawType type = RawType::Float32;
+    int components = 1;
+    bool isMapped = false; ///< loading takes neither time nor memory, so that it is done at once
+    LoaderFactory makeLoader;
+};
+
+/// Those of one grid.
+struct DeferredArrays
+{
+    std::vector<DeferredArray> ofPoints; ///< by position
+    std::vector<DeferredArray> ofCells;  ///< by position
+    bool coordinates = false;            ///< those of grids that store no points are computed later
+
+    /// Coordinates of a grid that stores them; it says nothing of its points then.
+    std::optional<DeferredArray> points;
+    std::int64_t pointCount = 0; ///< of such a grid
+
+    /// Those of a mesh; it says nothing of its cells then.
+    std::optional<DeferredCells> cells;
+};
+
+} // namespace veldraw::app

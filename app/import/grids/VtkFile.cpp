@@ -1,0 +1,163 @@
+#include "app/import/grids/VtkFile.h"
+
+#include "app/import/ImportError.h"
+#include "app/import/grids/ArrayChoice.h"
+#include "app/import/grids/CheckedMeshReader.h"
+#include "app/import/grids/InterruptibleReader.h"
+#include "app/import/grids/PartialReader.h"
+#include "app/import/xml/XmlHeaderCheck.h"
+#include "app/vtk/ProgressObserver.h"
+#include "app/vtk/VtkErrorCapture.h"
+
+#include <vtkAlgorithm.h>
+#include <vtkDataArraySelection.h>
+#include <vtkSmartPointer.h>
+#include <vtkXMLImageDataReader.h>
+#include <vtkXMLPolyDataReader.h>
+#include <vtkXMLRectilinearGridReader.h>
+#include <vtkXMLStructuredGridReader.h>
+
+#include <filesystem>
+#include <new>
+
+namespace veldraw::app {
+
+namespace {
+
+vtkSmartPointer<vtkXMLReader> xmlReader(std::string const& extension)
+{
+    if (extension == "vti")
+        return vtkSmartPointer<InterruptibleReader<vtkXMLImageDataReader>>::New();
+    if (extension == "vtr")
+        return vtkSmartPointer<InterruptibleReader<vtkXMLRectilinearGridReader>>::New();
+    if (extension == "vts")
+        return vtkSmartPointer<PartialReader<InterruptibleReader<vtkXMLStructuredGridReader>>>::New();
+    if (extension == "vtu")
+        return vtkSmartPointer<PartialReader<InterruptibleReader<CheckedMeshReader>>>::New();
+    if (extension == "vtp")
+        return vtkSmartPointer<PartialReader<InterruptibleReader<vtkXMLPolyDataReader>>>::New();
+    return nullptr;
+}
+
+void throwOnError(VtkErrorCapture const& errors)
+{
+    if (errors.hasErrors())
+        throw ImportError("it is damaged, incomplete or of another kind (" + errors.firstError() + ")");
+}
+
+vtkSmartPointer<ProgressObserver> observe(vtkAlgorithm& reader, std::function<bool(double)> const& progress)
+{
+    auto observer = vtkSmartPointer<ProgressObserver>::New();
+    observer->watch(reader, progress);
+    return observer;
+}
+
+// The first look at a file goes through all of its text.
+void updateInformation(vtkAlgorithm& reader, ProgressObserver const& observer)
+{
+    reader.UpdateInformation();
+    if (observer.isCancelled())
+        throw ImportCancelled("the import was cancelled");
+}
+
+vtkSmartPointer<vtkDataObject> run(vtkAlgorithm& reader, VtkErrorCapture const& errors,
+                                   ProgressObserver const& observer)
+{
+    reader.Update();
+    if (observer.isCancelled())
+        throw ImportCancelled("the import was cancelled");
+    throwOnError(errors);
+    vtkSmartPointer<vtkDataObject> const result = reader.GetOutputDataObject(0);
+    if (!result)
+        throw ImportError("it contains no grid");
+    return result;
+}
+
+vtkSmartPointer<vtkDataObject> readXml(vtkXMLReader& reader, std::string const& path, std::string const& extension,
+                                       VtkErrorCapture const& errors, std::function<bool(double)> const& progress,
+                                       LoadingPlan* plan, DeferredArrays& deferred)
+{
+    bool const mayDefer = plan && plan->deferral() != Deferral::Never;
+    if (!reader.CanReadFile(path.c_str()))
+        throw ImportError("it is no VTK XML file of the kind that ." + extension +
+                          " stands for, or its start is damaged");
+    XmlHeaderCheck check(path, static_cast<std::int64_t>(std::filesystem::file_size(path)));
+    if (mayDefer)
+        check.leaveOutValues();
+    check.run();
+    if (!check.hasPoints())
+        return nullptr;
+    reader.SetFileName(path.c_str());
+    auto const observer = observe(reader, progress);
+    if (mayDefer) {
+        updateInformation(reader, *observer);
+        throwOnError(errors);
+        ArrayChoice(reader, GridArrays(path, extension), *plan).run(deferred);
+        auto* const parts = dynamic_cast<GridParts*>(&reader);
+        if (deferred.points && parts)
+            parts->leaveOutPoints();
+        if (deferred.cells && parts)
+            parts->leaveOutCells();
+    }
+    return run(reader, errors, *observer);
+}
+
+} // namespace
+
+vtkSmartPointer<vtkDataObject> readVtkFile(std::string const& path, std::string const& extension,
+                                           std::function<bool(double)> const& progress,
+                                           std::vector<std::string>& remarks, LoadingPlan* plan,
+                                           DeferredArrays& deferred)
+{
+    VtkErrorCapture const errors;
+    try {
+        auto const reader = xmlReader(extension);
+        if (!reader)
+            throw ImportError("files of this kind (." + extension + ") cannot be read");
+        auto const result = readXml(*reader, path, extension, errors, progress, plan, deferred);
+        for (std::string const& warning : errors.warnings())
+            remarks.push_back("VTK: " + warning);
+        return result;
+    } catch (std::bad_alloc const&) {
+        throw ImportError("there is not enough memory for it");
+    } catch (std::length_error const&) {
+        throw ImportError("there is not enough memory for it");
+    }
+}
+
+vtkSmartPointer<vtkDataObject> readVtkArray(std::string const& path, std::string const& extension, XmlSection section,
+                                            std::string const& name, std::function<bool(double)> const& progress)
+{
+    VtkErrorCapture const errors;
+    auto const reader = xmlReader(extension);
+    reader->SetFileName(path.c_str());
+    auto const observer = observe(*reader, progress);
+    updateInformation(*reader, *observer);
+    reader->GetPointDataArraySelection()->DisableAllArrays();
+    reader->GetCellDataArraySelection()->DisableAllArrays();
+    if (section == XmlSection::PointData)
+        reader->GetPointDataArraySelection()->EnableArray(name.c_str());
+    if (section == XmlSection::CellData)
+        reader->GetCellDataArraySelection()->EnableArray(name.c_str());
+    if (auto* const parts = dynamic_cast<GridParts*>(reader.Get())) {
+        parts->leaveOutCells();
+        if (section != XmlSection::Points)
+            parts->leaveOutPoints();
+    }
+    return run(*reader, errors, *observer);
+}
+
+vtkSmartPointer<vtkDataObject> readVtkCells(std::string const& path, std::function<bool(double)> const& progress)
+{
+    VtkErrorCapture const errors;
+    auto const reader = vtkSmartPointer<PartialReader<InterruptibleReader<CheckedMeshReader>>>::New();
+    reader->SetFileName(path.c_str());
+    auto const observer = observe(*reader, progress);
+    updateInformation(*reader, *observer);
+    reader->GetPointDataArraySelection()->DisableAllArrays();
+    reader->GetCellDataArraySelection()->DisableAllArrays();
+    reader->leaveOutPoints();
+    return run(*reader, errors, *observer);
+}
+
+} // namespace veldraw::app

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "app/import/files/ScratchFolder.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace veldraw::app {
+
+/// A legacy VTK file turned into VTK XML by a child process, because VTK's legacy readers do not survive damaged files.
+///
+/// The child is the program veldraw_legacy_reader beside the running one; it has a time and a memory limit. What it writes
+/// stands in a temporary folder that goes away with this object.
+class LegacyConversion
+{
+public:
+    /// @param remarks takes the reader's warnings
+    /// @throws ImportError     what the child complains about, or that it died
+    /// @throws ImportCancelled progress() answered false
+    LegacyConversion(std::string const& path, std::function<bool(double)> const& progress,
+                     std::vector<std::string>& remarks);
+
+    /// The XML file.
+    std::string outputFile() const;
+
+private:
+    ScratchFolder m_folder;
+};
+
+} // namespace veldraw::app

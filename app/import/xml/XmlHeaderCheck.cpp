@@ -1,0 +1,194 @@
+#include "app/import/xml/XmlHeaderCheck.h"
+
+#include "app/import/ImportError.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <sstream>
+
+namespace veldraw::app {
+
+namespace {
+
+constexpr double unknown = -1.0;
+constexpr double mostCompression = 1000.0; // a block takes at least its size in the header
+
+double bytesOfType(std::string const& type)
+{
+    if (type == "Bit")
+        return 0.125;
+    std::size_t const digits = type.find_first_of("0123456789");
+    return digits == std::string::npos ? 0.0 : std::atof(type.c_str() + digits) / 8.0;
+}
+
+bool isSection(std::string const& name)
+{
+    return name == "PointData" || name == "CellData" || name == "Points" || name == "Coordinates" || name == "Cells" ||
+           name == "Verts" || name == "Lines" || name == "Strips" || name == "Polys" || name == "FieldData";
+}
+
+} // namespace
+
+XmlHeaderCheck::XmlHeaderCheck(std::string const& path, std::int64_t fileSize)
+    : m_path(path)
+    , m_tags(path)
+    , m_fileSize(fileSize)
+    , m_size(fileSize, false)
+{
+}
+
+void XmlHeaderCheck::run()
+{
+    XmlTags::Tag tag;
+    while (m_tags.next(tag)) {
+        if (tag.name != "AppendedData")
+            look(tag);
+        else
+            checkAppended(tag.text("encoding") != "raw");
+    }
+    if (m_allPoints < m_wholePoints)
+        throw ImportError("it is incomplete: its pieces do not fill its extent");
+    // Points that go with no value are not worth waiting for: such a header is a mistake, if it asks for that many.
+    if (!m_countsValues && !m_hasValues)
+        m_size.addComputed(m_computedPoints, 3.0 * sizeof(double));
+}
+
+void XmlHeaderCheck::look(XmlTags::Tag const& tag)
+{
+    if (tag.name == "VTKFile") {
+        m_compressed = !tag.text("compressor").empty();
+        m_format.bytesOfNumber = tag.text("header_type") == "UInt64" ? 8 : 4;
+        m_format.isBigEndian = tag.text("byte_order") == "BigEndian";
+        m_size = SizeCheck(m_fileSize, m_compressed);
+    } else if (tag.name == "ImageData" || tag.name == "RectilinearGrid" || tag.name == "StructuredGrid") {
+        m_uniform = tag.name != "StructuredGrid";
+        lookAtExtent(tag, "WholeExtent");
+        m_computedPoints = m_uniform ? m_points : 0.0;
+        if (m_uniform && m_countsValues)
+            m_size.addComputed(m_points, 3.0 * sizeof(double));
+    } else if (tag.name == "Piece") {
+        lookAtPiece(tag);
+        m_allPoints += m_points;
+        m_size.addStored(m_uniform ? 0.0 : m_points, 0.0, "points");
+    } else if (isSection(tag.name)) {
+        m_section = tag.name;
+    } else if (tag.name == "DataArray" || tag.name == "Array") {
+        lookAtArray(tag);
+    }
+}
+
+void XmlHeaderCheck::lookAtPiece(XmlTags::Tag const& tag)
+{
+    if (m_whole) {
+        lookAtExtent(tag, "Extent");
+        return;
+    }
+    m_points = tag.count("NumberOfPoints", 0.0);
+    m_cells = 0.0;
+    for (char const* cells : {"NumberOfCells", "NumberOfVerts", "NumberOfLines", "NumberOfStrips", "NumberOfPolys"}) {
+        double const count = tag.count(cells, 0.0);
+        m_size.addStored(count, sizeof(std::int64_t), "cells");
+        m_cells += count;
+    }
+}
+
+// VTK's reader copies pieces into the whole without looking whether they fit.
+void XmlHeaderCheck::lookAtExtent(XmlTags::Tag const& tag, char const* attribute)
+{
+    std::string const text = tag.text(attribute);
+    if (text.empty())
+        return;
+    Extent const extent = extentOf(text);
+    bool const isWhole = std::string(attribute) == "WholeExtent";
+    m_whole = isWhole ? extent : m_whole;
+    m_points = 1.0;
+    m_cells = 1.0;
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+        double const first = extent[2 * axis];
+        double const last = extent[2 * axis + 1];
+        m_points *= std::max(last - first + 1.0, 0.0);
+        m_cells *= std::max(last - first, 1.0);
+        if (last >= first && m_whole && (first < (*m_whole)[2 * axis] || last > (*m_whole)[2 * axis + 1]))
+            throw ImportError("a piece of it is outside of its extent; it is damaged");
+    }
+    if (isWhole)
+        m_wholePoints = m_points;
+}
+
+XmlHeaderCheck::Extent XmlHeaderCheck::extentOf(std::string const& text)
+{
+    Extent extent{};
+    std::istringstream stream(text);
+    for (double& number : extent) {
+        std::int32_t whole = 0;
+        if (!(stream >> whole))
+            throw ImportError("its extent \"" + text + "\" is damaged");
+        number = whole;
+    }
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+        if (extent[2 * axis + 1] < extent[2 * axis] - 1.0)
+            throw ImportError("its extent \"" + text + "\" ends before it starts");
+    }
+    return extent;
+}
+
+// The number of values in the array, or unknown where the header alone does not say it.
+double XmlHeaderCheck::valuesOf(XmlTags::Tag const& tag) const
+{
+    double const components = tag.count("NumberOfComponents", 1.0);
+    if (m_section == "PointData")
+        return components * m_points;
+    if (m_section == "CellData")
+        return components * m_cells;
+    if (m_section == "Points")
+        return std::max(components, 3.0) * m_points;
+    if (m_section == "FieldData" && tag.text("type") != "String")
+        return components * tag.count("NumberOfTuples", 0.0);
+    return unknown;
+}
+
+void XmlHeaderCheck::lookAtArray(XmlTags::Tag const& tag)
+{
+    double const bytes = bytesOfType(tag.text("type"));
+    double const values = valuesOf(tag);
+    bool const isValue = m_section == "PointData" || m_section == "CellData";
+    bool const isCounted = m_countsValues || (!isValue && m_section != "Points");
+    m_hasValues = m_hasValues || isValue;
+    // VTK walks over the components of an array even if it has no values.
+    m_size.addStored(tag.count("NumberOfComponents", 1.0), 0.0, "components of \"" + tag.text("Name") + "\"");
+    if (values != unknown)
+        m_size.addStored(values, isCounted ? bytes : 0.0, "values of \"" + tag.text("Name") + "\"");
+    if (tag.text("format") == "appended")
+        m_appended.push_back({tag.count("offset", 0.0), std::max(values, 0.0) * bytes, tag.text("Name")});
+    if (tag.text("format") == "binary" && m_compressed)
+        checkBlocks(m_tags.position(), true, tag.text("Name"));
+}
+
+void XmlHeaderCheck::checkAppended(bool isBase64)
+{
+    double const start = static_cast<double>(m_tags.startOfAppendedData());
+    for (Appended const& array : m_appended) {
+        double const needed = m_compressed ? 0.0 : array.bytes;
+        if (!(start + array.offset + m_format.bytesOfNumber + needed <= static_cast<double>(m_fileSize)) ||
+            !(array.offset >= 0.0))
+            throw ImportError("it is incomplete: it ends before the values of \"" + array.name + "\" do");
+        checkBlocks(static_cast<std::int64_t>(start + array.offset), isBase64, array.name);
+    }
+}
+
+void XmlHeaderCheck::checkBlocks(std::int64_t position, bool isBase64, std::string const& name)
+{
+    XmlArrayPrefix::Format format = m_format;
+    format.isBase64 = isBase64;
+    auto const [first, bytesOfBlock, bytesOfLast] = XmlArrayPrefix::read(m_path, position, format).numbers;
+    if (!m_compressed) {
+        if (!isBase64) // in a text nothing but the text's end counts
+            m_size.addStored(first, 0.0, "bytes of \"" + name + "\"");
+        return;
+    }
+    m_size.addStored(first * mostCompression, 0.0, "blocks of \"" + name + "\"");
+    m_size.addStored(std::max(first, 1.0) * bytesOfBlock, 1.0, "bytes of \"" + name + "\"");
+    m_size.addStored(bytesOfLast, 0.0, "bytes of \"" + name + "\"");
+}
+
+} // namespace veldraw::app

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "app/import/files/SizeCheck.h"
+#include "app/import/xml/XmlArrayPrefix.h"
+#include "app/import/xml/XmlTags.h"
+
+#include <array>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace veldraw::app {
+
+/// Holds the header of a VTK XML file with one grid against the file's size before the file is read.
+class XmlHeaderCheck
+{
+public:
+    /// @param fileSize bytes
+    XmlHeaderCheck(std::string const& path, std::int64_t fileSize);
+
+    /// Memory for point and cell arrays, and for coordinates, is not counted: they may be loaded later.
+    void leaveOutValues() { m_countsValues = false; }
+
+    /// @throws ImportError when the file cannot contain what its header promises, or memory cannot
+    void run();
+
+    /// After run(): false when the header says that there are no points at all.
+    bool hasPoints() const { return m_allPoints > 0.0; }
+
+private:
+    struct Appended
+    {
+        double offset; // from the underscore that starts the data
+        double bytes;  // 0 where the header does not say how many there are
+        std::string name;
+    };
+
+    using Extent = std::array<double, 6>; // first and last of I, J and K
+
+    static Extent extentOf(std::string const& text);
+    void look(XmlTags::Tag const& tag);
+    void lookAtPiece(XmlTags::Tag const& tag);
+    void lookAtArray(XmlTags::Tag const& tag);
+    void lookAtExtent(XmlTags::Tag const& tag, char const* attribute);
+    double valuesOf(XmlTags::Tag const& tag) const;
+    void checkAppended(bool isBase64);
+    void checkBlocks(std::int64_t position, bool isBase64, std::string const& name);
+
+    std::string m_path;
+    XmlTags m_tags;
+    std::int64_t m_fileSize;
+    SizeCheck m_size;
+    bool m_compressed = false;
+    XmlArrayPrefix::Format m_format;
+    bool m_countsValues = true;
+    bool m_hasValues = false;
+    double m_computedPoints = 0.0;
+    bool m_uniform = false;
+    double m_points = 0.0; // of the present piece
+    double m_allPoints = 0.0;
+    double m_wholePoints = 0.0;
+    std::optional<Extent> m_whole;
+    double m_cells = 0.0;
+    std::string m_section;
+    std::vector<Appended> m_appended;
+};
+
+} // namespace veldraw::app

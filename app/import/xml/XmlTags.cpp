@@ -1,0 +1,122 @@
+#include "app/import/xml/XmlTags.h"
+
+#include <cstdlib>
+#include <limits>
+
+namespace veldraw::app {
+
+namespace {
+
+constexpr std::size_t longestTag = 1 << 16;
+
+bool isSpace(char c)
+{
+    return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\v' || c == '\f';
+}
+
+XmlTags::Tag parsed(std::string const& text)
+{
+    XmlTags::Tag tag;
+    std::size_t at = 0;
+    while (at < text.size() && !isSpace(text[at]))
+        tag.name += text[at++];
+    while (at < text.size()) {
+        std::string name;
+        for (; at < text.size() && text[at] != '='; ++at) {
+            if (!isSpace(text[at]))
+                name += text[at];
+        }
+        std::size_t const open = text.find_first_of("\"'", at);
+        std::size_t const close = open == std::string::npos ? open : text.find(text[open], open + 1);
+        if (close == std::string::npos)
+            break;
+        tag.attributes.emplace(name, text.substr(open + 1, close - open - 1));
+        at = close + 1;
+    }
+    if (!tag.name.empty() && tag.name.back() == '/')
+        tag.name.pop_back();
+    return tag;
+}
+
+} // namespace
+
+double XmlTags::Tag::number(std::string const& attribute, double otherwise) const
+{
+    auto const found = attributes.find(attribute);
+    if (found == attributes.end())
+        return otherwise;
+    char* end = nullptr;
+    double const value = std::strtod(found->second.c_str(), &end);
+    return end == found->second.c_str() ? otherwise : value;
+}
+
+double XmlTags::Tag::count(std::string const& attribute, double otherwise) const
+{
+    auto const found = attributes.find(attribute);
+    if (found == attributes.end())
+        return otherwise;
+    bool const isWhole = found->second.find_first_not_of("0123456789-+ \t\r\n") == std::string::npos;
+    return isWhole ? number(attribute, std::numeric_limits<double>::quiet_NaN())
+                   : std::numeric_limits<double>::quiet_NaN();
+}
+
+std::string XmlTags::Tag::text(std::string const& attribute) const
+{
+    auto const found = attributes.find(attribute);
+    return found == attributes.end() ? std::string() : found->second;
+}
+
+XmlTags::XmlTags(std::string const& path)
+    : m_file(path, std::ios::binary)
+{
+}
+
+bool XmlTags::next(Tag& tag)
+{
+    std::string text;
+    while (!m_atAppendedData && skipTo('<')) {
+        if (!readUpTo('>', text))
+            return false;
+        if (text.empty() || text[0] == '?' || text[0] == '!')
+            continue;
+        tag = parsed(text);
+        m_atAppendedData = tag.name == "AppendedData";
+        return true;
+    }
+    return false;
+}
+
+std::int64_t XmlTags::startOfAppendedData()
+{
+    int c = get();
+    while (isSpace(static_cast<char>(c)))
+        c = get();
+    return c == '_' ? m_position : m_position - 1;
+}
+
+bool XmlTags::skipTo(char wanted)
+{
+    int c = get();
+    while (c != std::char_traits<char>::eof() && c != wanted)
+        c = get();
+    return c == wanted;
+}
+
+bool XmlTags::readUpTo(char wanted, std::string& text)
+{
+    text.clear();
+    for (int c = get(); c != std::char_traits<char>::eof() && text.size() < longestTag; c = get()) {
+        if (c == wanted)
+            return true;
+        text += static_cast<char>(c);
+    }
+    return false;
+}
+
+int XmlTags::get()
+{
+    ++m_position;
+    return m_file.rdbuf()->sbumpc();
+}
+
+} // namespace veldraw::app

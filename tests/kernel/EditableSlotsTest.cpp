@@ -73,8 +73,8 @@ INSTANTIATE_TEST_SUITE_P(Shapes, EditableSlots,
 TEST(EditableSlotsOfElements, AreAllOfThem)
 {
     auto const dataSet = std::make_shared<DataSet>("triangles");
-    auto const zone = std::make_shared<Zone>("triangles", ZoneType_FETriangle, 4, 2, 1);
-    zone->fields = {sample::field({7, 9}, FieldDataType_Double, ValueLocation_CellCentered)};
+    auto const zone = std::make_shared<Zone>("triangles", ZoneType_FETriangle, 4, 5, 1);
+    zone->fields = {sample::field({7, 7, 7, 7, 9}, FieldDataType_Double, ValueLocation_CellCentered)};
     dataSet->addVariable(std::make_shared<Variable>("v"));
     dataSet->addZone(zone);
     auto const frame = std::make_shared<Frame>("frame", Rectangle{});
@@ -82,10 +82,11 @@ TEST(EditableSlotsOfElements, AreAllOfThem)
     Session session;
     session.openPage({frame});
     EXPECT_EQ(zone->range(1).max, 9);
-    EXPECT_TRUE(session.setValue(*dataSet, 1, 1, 0, 6, true));
-    EXPECT_TRUE(session.setValue(*dataSet, 1, 1, 1, 8, true));
-    EXPECT_FALSE(session.setValue(*dataSet, 1, 1, 2, 8, true));
-    EXPECT_EQ(zone->range(1).min, 6);
+    for (int element = 0; element < 5; ++element) { // more than there are points
+        EXPECT_TRUE(session.setValue(*dataSet, 1, 1, element, 4 + element, true)) << element;
+    }
+    EXPECT_FALSE(session.setValue(*dataSet, 1, 1, 5, 8, true));
+    EXPECT_EQ(zone->range(1).min, 4);
     EXPECT_EQ(zone->range(1).max, 8);
 }
 

@@ -1,5 +1,6 @@
 #include "dialogs/spreadsheet/DataSpreadsheetDialog.h"
 
+#include "dialogs/bindings/BindingList.h"
 #include "dialogs/bindings/ButtonBinding.h"
 #include "dialogs/bindings/CheckButtonPropertyBinding.h"
 #include "dialogs/bindings/ComboBoxPropertyBinding.h"
@@ -35,6 +36,7 @@
 namespace veldraw::sdk::ui::dialogs {
 
 using propertybindings::BindingInterface;
+using propertybindings::BindingList;
 using propertybindings::ButtonBinding;
 using propertybindings::CheckButtonPropertyBinding;
 using propertybindings::ComboBoxPropertyBinding;
@@ -88,7 +90,7 @@ struct DataSpreadsheetDialog::Impl
 
     Ui::DataSpreadsheetDialog ui;
     Manager manager;
-    std::vector<std::unique_ptr<BindingInterface>> bindings;
+    BindingList bindings;
     std::vector<std::unique_ptr<RelevanceApplier>> appliers;
     QTableModelAdapter adapter;
     veldraw::ui::TableCopyHandler* copyHandler = nullptr; // these belong to the table
@@ -112,8 +114,7 @@ DataSpreadsheetDialog::Impl::Impl(DataSpreadsheetDialog& owner)
 DataSpreadsheetDialog::Impl::~Impl()
 {
     // In the order of their creation; the manager and the widgets are still there.
-    for (std::unique_ptr<BindingInterface>& binding : bindings)
-        binding.reset();
+    bindings.clear();
     for (std::unique_ptr<RelevanceApplier>& applier : appliers)
         applier.reset();
     // What filters the table's events must not meet a table without its model.
@@ -169,8 +170,8 @@ void DataSpreadsheetDialog::Impl::bindChoices()
     bindCombo(ui.dataSpreadsheet_Zone_ComboBox, Manager::spreadsheetZone(), manager.zoneListModel());
     bindCombo(ui.dataSpreadsheet_Variable_ComboBox, Manager::spreadsheetVariable(), manager.variableListModel());
     bindCombo(ui.dataSpreadsheet_Plane_ComboBox, Manager::spreadsheetPlane(), manager.planeListModel());
-    bindings.push_back(std::make_unique<CheckButtonPropertyBinding>(ui.dataSpreadsheet_AlterSharedZones_CheckBox,
-                                                                    Manager::spreadsheetAlterShared(), false));
+    bindings.add<CheckButtonPropertyBinding>(ui.dataSpreadsheet_AlterSharedZones_CheckBox,
+                                             Manager::spreadsheetAlterShared(), false);
     bindIndex();
     bindCorner(corner->cornerButton());
     bindCombo(ui.dataSpreadsheet_Format_ComboBox, Manager::spreadsheetFormat(), manager.formatListModel());
@@ -184,35 +185,32 @@ template <typename T, typename L>
 void DataSpreadsheetDialog::Impl::bindCombo(QComboBox* comboBox, boost::shared_ptr<Property<T>> const& choice,
                                             L const& list)
 {
-    bindings.push_back(std::make_unique<ComboBoxPropertyBinding<T>>(comboBox, list, choice,
-                                                                    BindingInterface::ModelUpdateDeferredOnBusy));
+    bindings.add<ComboBoxPropertyBinding<T>>(comboBox, list, choice, BindingInterface::ModelUpdateDeferredOnBusy);
 }
 
 void DataSpreadsheetDialog::Impl::bindIndex()
 {
-    bindings.push_back(std::make_unique<SpinBoxLgIndexPropertyBinding>(
-        ui.dataSpreadsheet_Index_SpinBox, manager.indexProperty(), manager.indexCalculator()));
+    bindings.add<SpinBoxLgIndexPropertyBinding>(ui.dataSpreadsheet_Index_SpinBox, manager.indexProperty(),
+                                                manager.indexCalculator());
 }
 
 void DataSpreadsheetDialog::Impl::bindCorner(QAbstractButton* button)
 {
-    bindings.push_back(
-        std::make_unique<LabelPropertyBinding>(button, manager.cornerLabel(), BindingInterface::UpdateOnIdle));
+    bindings.add<LabelPropertyBinding>(button, manager.cornerLabel(), BindingInterface::UpdateOnIdle);
 }
 
 void DataSpreadsheetDialog::Impl::bindPrecision()
 {
-    bindings.push_back(std::make_unique<SpinBoxLgIndexPropertyBinding>(
-        ui.dataSpreadsheet_Precision_SpinBox, Manager::spreadsheetPrecision(),
-        boost::shared_ptr<propertymanager::SpinBoxIncDecCalculatorBase>()));
+    bindings.add<SpinBoxLgIndexPropertyBinding>(ui.dataSpreadsheet_Precision_SpinBox, Manager::spreadsheetPrecision(),
+                                                boost::shared_ptr<propertymanager::SpinBoxIncDecCalculatorBase>());
 }
 
 void DataSpreadsheetDialog::Impl::bindLoadButton()
 {
-    bindings.push_back(std::make_unique<ButtonBinding>(*ui.dataSpreadsheet_LoadVariables_PushButton, [this] {
+    bindings.add<ButtonBinding>(*ui.dataSpreadsheet_LoadVariables_PushButton, [this] {
         using veldraw::dialogs::data::LoadVariablesDialog;
         LoadVariablesDialog::getInstance(manager.owner(), Manager::spreadsheetZone()->value()).launch();
-    }));
+    });
 }
 
 void DataSpreadsheetDialog::Impl::applyRules()

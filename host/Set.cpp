@@ -2,8 +2,6 @@
 
 #include "kernel/data/NumberSet.h"
 
-#include <algorithm>
-#include <iterator>
 #include <limits>
 
 namespace veldraw::toolbox {
@@ -113,11 +111,7 @@ bool Set::operator==(Set const& other) const
 
 Set::Members Set::members() const
 {
-    // One walk: a range would be walked to count it, too, which is slow in a large tree.
-    Members numbers;
-    numbers.reserve(m_handle->members.size());
-    std::copy(m_handle->members.begin(), m_handle->members.end(), std::back_inserter(numbers));
-    return numbers;
+    return kernel::toVector(m_handle->members);
 }
 
 } // namespace veldraw::toolbox

@@ -78,9 +78,7 @@ QString contourGap(kernel::Frame const& frame, std::vector<int> const& zones, bo
         if (field && !field->isLoaded())
             return FieldView::tr("The contour variable \"%1\" is not loaded in all zones.")
                 .arg(variableName(*frame.dataSet, variable));
-        bool const isMapped =
-            field && field->group() && field->group()->loader() && field->group()->loader()->isMapped();
-        if (isMapped && !isShown)
+        if (field && field->group() && field->group()->isMapped() && !isShown)
             return FieldView::tr("The range of the contour variable \"%1\" is not known.")
                 .arg(variableName(*frame.dataSet, variable));
     }

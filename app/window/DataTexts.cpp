@@ -158,8 +158,7 @@ ValueBytes valueBytes(kernel::DataSet const& dataSet)
         for (kernel::Field const& field : zone->fields) {
             if (field.isPassive() || !field.isLoaded() || !seen.insert(field.group().get()).second)
                 continue;
-            bool const isMapped = field.group()->loader() && field.group()->loader()->isMapped();
-            (isMapped ? bytes.mapped : bytes.inMemory) += field.group()->buffer()->bytes();
+            (field.group()->isMapped() ? bytes.mapped : bytes.inMemory) += field.group()->buffer()->bytes();
         }
     return bytes;
 }

@@ -24,8 +24,7 @@ void VariableRange::add(kernel::Field const& field, kernel::ValueRange const& ra
         m_limits.max = m_limits.isValid() ? std::max(m_limits.max, range.max) : range.max;
         m_limits.state = range.state;
     }
-    bool const isMapped = field.group()->loader() && field.group()->loader()->isMapped();
-    if (range.state == State::Exact || (field.isLoaded() && !isMapped))
+    if (range.state == State::Exact || (field.isLoaded() && !field.group()->isMapped()))
         return; // where there is no range then, there is no finite value
     m_gap = std::max(m_gap, field.isLoaded() ? Gap::Mapped : Gap::NotLoaded);
 }

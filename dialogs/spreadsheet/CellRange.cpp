@@ -6,8 +6,7 @@ namespace veldraw::sdk::ui::propertymanager {
 
 CellRange CellRange::between(Cell const& one, Cell const& other)
 {
-    return CellRange{Cell(std::min(one.row, other.row), std::min(one.column, other.column)),
-                     Cell(std::max(one.row, other.row), std::max(one.column, other.column))};
+    return CellRange{one, one}.unitedWith(CellRange{other, other});
 }
 
 bool CellRange::contains(Cell const& cell) const

@@ -35,12 +35,6 @@ struct AxialDuplicationDialog::Impl
     void bindOffset(Ui::AxialDuplicationDialog& ui);
     void bindInstances(Ui::AxialDuplicationDialog& ui);
 
-    template <typename Binding, typename... Arguments>
-    void add(Arguments&&... arguments)
-    {
-        bindings.add<Binding>(std::forward<Arguments>(arguments)...);
-    }
-
     AxialDuplicationPropertiesManager manager;
     BindingList relevanceAppliers;
     BindingList bindings;
@@ -50,13 +44,14 @@ void AxialDuplicationDialog::Impl::bind(Ui::AxialDuplicationDialog& ui)
 {
     AxialRotationBindings<Ui::AxialDuplicationDialog> rotation(ui, manager.rotationManager(), bindings);
     rotation.bind();
-    add<SpinBoxIntPropertyBinding>(ui.numberOfSegments, manager.numberOfSegmentsProperty(), nullptr);
+    bindings.add<SpinBoxIntPropertyBinding>(ui.numberOfSegments, manager.numberOfSegmentsProperty(), nullptr);
     bindOffset(ui);
     bindInstances(ui);
-    add<CheckButtonPropertyBinding>(ui.addZonesToExistingStrands_checkBox, manager.addZonesToExistingStrands(), false);
+    bindings.add<CheckButtonPropertyBinding>(ui.addZonesToExistingStrands_checkBox, manager.addZonesToExistingStrands(),
+                                             false);
     QPushButton* const duplicateButton =
         ui.buttonBox->addButton(QStringLiteral("&Duplicate"), QDialogButtonBox::ActionRole);
-    add<ButtonBinding>(*duplicateButton, [this] { manager.duplicateZones(); });
+    bindings.add<ButtonBinding>(*duplicateButton, [this] { manager.duplicateZones(); });
     relevanceAppliers.adopt(rotation.applyCartesian3DRelevance());
     relevanceAppliers.add<RelevanceApplier>(manager.partialRotationRelevance(), ui.numOfInstances,
                                             RelevanceApplier::EnableDisable, BindingInterface::UpdateOnIdle);
@@ -64,18 +59,19 @@ void AxialDuplicationDialog::Impl::bind(Ui::AxialDuplicationDialog& ui)
 
 void AxialDuplicationDialog::Impl::bindOffset(Ui::AxialDuplicationDialog& ui)
 {
-    add<ComboBoxPropertyBinding<ThetaMode_e>>(ui.offsetAngleUnits,
-                                              AxialRotationPropertiesManager::angleUnitsListModel(),
-                                              manager.offsetAngleUnits(), BindingInterface::ModelUpdateDeferredOnBusy);
-    add<SpinBoxDoublePropertyBinding>(ui.offsetAngle, manager.displayedOffsetAngle(),
-                                      boost::make_shared<AngleSpinBoxIncDecCalculator>(manager.offsetAngleUnits()));
+    bindings.add<ComboBoxPropertyBinding<ThetaMode_e>>(
+        ui.offsetAngleUnits, AxialRotationPropertiesManager::angleUnitsListModel(), manager.offsetAngleUnits(),
+        BindingInterface::ModelUpdateDeferredOnBusy);
+    bindings.add<SpinBoxDoublePropertyBinding>(
+        ui.offsetAngle, manager.displayedOffsetAngle(),
+        boost::make_shared<AngleSpinBoxIncDecCalculator>(manager.offsetAngleUnits()));
 }
 
 void AxialDuplicationDialog::Impl::bindInstances(Ui::AxialDuplicationDialog& ui)
 {
-    add<RadioButtonPropertyBinding<bool>>(ui.fullRotation_radioButton, manager.fullRotation(), true);
-    add<RadioButtonPropertyBinding<bool>>(ui.partialRotation_radioButton, manager.fullRotation(), false);
-    add<SpinBoxIntPropertyBinding>(ui.numOfInstances, manager.numInstances(), nullptr);
+    bindings.add<RadioButtonPropertyBinding<bool>>(ui.fullRotation_radioButton, manager.fullRotation(), true);
+    bindings.add<RadioButtonPropertyBinding<bool>>(ui.partialRotation_radioButton, manager.fullRotation(), false);
+    bindings.add<SpinBoxIntPropertyBinding>(ui.numOfInstances, manager.numInstances(), nullptr);
 }
 
 AxialDuplicationDialog* AxialDuplicationDialog::s_instance = nullptr;

@@ -12,7 +12,6 @@
 #include <boost/make_shared.hpp>
 
 #include <memory>
-#include <utility>
 
 namespace veldraw::dialogs::data {
 
@@ -52,19 +51,13 @@ public:
     }
 
 private:
-    template <typename Binding, typename... Arguments>
-    void add(Arguments&&... arguments)
-    {
-        m_bindings.add<Binding>(std::forward<Arguments>(arguments)...);
-    }
-
     void bindAngle()
     {
         using namespace sdk::ui::dialogs::propertybindings;
-        add<ComboBoxPropertyBinding<ThetaMode_e>>(m_form.angleUnits_comboBox, m_manager.angleUnitsListModel(),
-                                                  m_manager.rotationAngleUnits(),
-                                                  BindingInterface::ModelUpdateDeferredOnBusy);
-        add<SpinBoxDoublePropertyBinding>(
+        m_bindings.add<ComboBoxPropertyBinding<ThetaMode_e>>(
+            m_form.angleUnits_comboBox, m_manager.angleUnitsListModel(), m_manager.rotationAngleUnits(),
+            BindingInterface::ModelUpdateDeferredOnBusy);
+        m_bindings.add<SpinBoxDoublePropertyBinding>(
             m_form.angle_spinBox, m_manager.displayedAngle(),
             boost::make_shared<sdk::ui::propertymanager::AngleSpinBoxIncDecCalculator>(m_manager.rotationAngleUnits()));
     }
@@ -73,26 +66,30 @@ private:
     {
         using Button = sdk::ui::dialogs::propertybindings::RadioButtonPropertyBinding<
             AxialRotationPropertiesManager::RotationAxis>;
-        add<Button>(m_form.xAxisButton, m_manager.rotationAxis(), AxialRotationPropertiesManager::xRotationAxis);
-        add<Button>(m_form.yAxisButton, m_manager.rotationAxis(), AxialRotationPropertiesManager::yRotationAxis);
-        add<Button>(m_form.zAxisButton, m_manager.rotationAxis(), AxialRotationPropertiesManager::zRotationAxis);
+        m_bindings.add<Button>(m_form.xAxisButton, m_manager.rotationAxis(),
+                               AxialRotationPropertiesManager::xRotationAxis);
+        m_bindings.add<Button>(m_form.yAxisButton, m_manager.rotationAxis(),
+                               AxialRotationPropertiesManager::yRotationAxis);
+        m_bindings.add<Button>(m_form.zAxisButton, m_manager.rotationAxis(),
+                               AxialRotationPropertiesManager::zRotationAxis);
     }
 
     void bindOrigin()
     {
         using Box = sdk::ui::dialogs::propertybindings::SpinBoxDoublePropertyBinding;
         auto const& origin = m_manager.rotationOrigin();
-        add<Box>(m_form.xOrgBox, origin.at(0), nullptr);
-        add<Box>(m_form.yOrgBox, origin.at(1), nullptr);
-        add<Box>(m_form.zOrgBox, origin.at(2), nullptr);
+        m_bindings.add<Box>(m_form.xOrgBox, origin.at(0), nullptr);
+        m_bindings.add<Box>(m_form.yOrgBox, origin.at(1), nullptr);
+        m_bindings.add<Box>(m_form.zOrgBox, origin.at(2), nullptr);
     }
 
     void bindZones()
     {
         using namespace sdk::ui::dialogs::propertybindings;
-        add<ListViewPropertyBinding>(m_form.zoneList, m_manager.zoneListModel(), m_manager.selectedZones(),
-                                     BindingInterface::ModelUpdateDeferredOnBusy);
-        add<CheckButtonPropertyBinding>(m_form.selectByStrand, m_manager.zoneListModel()->groupByTimeStrand(), false);
+        m_bindings.add<ListViewPropertyBinding>(m_form.zoneList, m_manager.zoneListModel(), m_manager.selectedZones(),
+                                                BindingInterface::ModelUpdateDeferredOnBusy);
+        m_bindings.add<CheckButtonPropertyBinding>(m_form.selectByStrand,
+                                                   m_manager.zoneListModel()->groupByTimeStrand(), false);
     }
 
     Form& m_form;

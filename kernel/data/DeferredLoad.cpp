@@ -75,7 +75,7 @@ void DeferredLoad::requireMemoryForValues() const
     double needed = 0;
     for (Values const& values : m_values) {
         ShareGroup const& group = *values.group;
-        if (group.loader() && !group.loader()->isMapped()) {
+        if (group.loader() && !group.isMapped()) {
             needed += static_cast<double>(Buffer::bytesOf(group.type(), sizeOf(values)));
         }
     }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+#include <iterator>
 #include <set>
 #include <vector>
 
@@ -11,7 +13,11 @@ using NumberSet = std::set<int>;
 /// The numbers of @p set in ascending order.
 inline std::vector<int> toVector(NumberSet const& set)
 {
-    return {set.begin(), set.end()};
+    // One walk: a range would be walked to count it, too, which is slow in a large tree.
+    std::vector<int> numbers;
+    numbers.reserve(set.size());
+    std::copy(set.begin(), set.end(), std::back_inserter(numbers));
+    return numbers;
 }
 
 } // namespace veldraw::kernel

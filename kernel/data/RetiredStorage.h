@@ -47,12 +47,10 @@ public:
         if (!m_reserve || !m_reserve->isLoaded()) {
             return 0;
         }
-        Buffer const& values = *m_reserve->buffer();
         std::shared_ptr<ShareGroup> const group = m_group.lock();
-        bool const isOfOthers =
-            group && group != m_reserve && group->isLoaded() && group->buffer()->owner() == values.owner();
-        bool const isMapped = m_reserve->canUnload() && m_reserve->loader()->isMapped();
-        return isOfOthers || isMapped ? 0 : values.bytes();
+        bool const isOfOthers = group && group != m_reserve && group->isLoaded() &&
+                                group->buffer()->owner() == m_reserve->buffer()->owner();
+        return isOfOthers ? 0 : m_reserve->bytesInMemory();
     }
 
     /// Takes over the group of a field that goes out.

@@ -33,6 +33,12 @@ public:
     /// Null when the values cannot be loaded (again).
     std::shared_ptr<ValueLoader> const& loader() const { return m_loader; }
 
+    /// Whether the values are mapped from a file, or will be, and so many that nobody should go through all of them unasked.
+    bool isMapped() const { return m_loader && m_loader->isMapped(); }
+
+    /// Memory of the values; 0 while they are not loaded, and where a file stands for them.
+    std::int64_t bytesInMemory() const { return !m_buffer || (canUnload() && isMapped()) ? 0 : m_buffer->bytes(); }
+
     /// Takes the values that the loader has brought, for all fields of the group.
     void setLoaded(std::shared_ptr<Buffer> buffer) noexcept;
 
@@ -84,8 +90,6 @@ public:
     ShareGroup& operator=(ShareGroup const&) = delete;
 
 private:
-    bool isMapped() const { return m_loader && m_loader->isMapped(); }
-
     FieldDataType_e m_type = FieldDataType_Float;
     std::int64_t m_size = 0;
     std::shared_ptr<Buffer> m_buffer;

@@ -9,12 +9,7 @@ namespace {
 /// Memory of a field's values, shared out evenly among the fields on it. What a file stands for takes none.
 std::int64_t shareOfValues(Field const& field) noexcept
 {
-    if (field.isPassive() || !field.isLoaded()) {
-        return 0;
-    }
-    ShareGroup const& group = *field.group();
-    bool const isMapped = group.canUnload() && group.loader()->isMapped();
-    return isMapped ? 0 : group.buffer()->bytes() / field.shareCount();
+    return field.isPassive() ? 0 : field.group()->bytesInMemory() / field.shareCount();
 }
 
 std::int64_t bytesOfValues(DataSet const& dataSet) noexcept

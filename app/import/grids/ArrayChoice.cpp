@@ -44,9 +44,11 @@ void ArrayChoice::run(DeferredArrays& deferred)
     vtkDataArraySelection& ofCells = *m_reader.GetCellDataArraySelection();
     if (!m_list.isConsistent())
         return;
-    chooseCells(deferred);
+    bool const canWait = areKnown(ofPoints, m_list.ofPoints().size()) && areKnown(ofCells, m_list.ofCells().size());
+    if (canWait)
+        chooseCells(deferred);
     choosePoints(deferred);
-    if (!areKnown(ofPoints, m_list.ofPoints().size()) || !areKnown(ofCells, m_list.ofCells().size()))
+    if (!canWait)
         return;
     deferred.ofPoints = choose(ofPoints, m_list.ofPoints(), XmlSection::PointData);
     deferred.ofCells = choose(ofCells, m_list.ofCells(), XmlSection::CellData);
@@ -55,12 +57,9 @@ void ArrayChoice::run(DeferredArrays& deferred)
 void ArrayChoice::chooseCells(DeferredArrays& deferred)
 {
     double const bytes = m_arrays.bytesOfCells();
-    bool const haveTheirNames = areKnown(*m_reader.GetPointDataArraySelection(), m_list.ofPoints().size()) &&
-                                areKnown(*m_reader.GetCellDataArraySelection(), m_list.ofCells().size());
     bool const canPointsWait = m_list.coordinates().size() == 1 && m_list.coordinates().front().type &&
                                m_list.coordinates().front().components == 3;
-    if (bytes < smallestDeferral || !haveTheirNames || !canPointsWait ||
-        m_plan.loadsNow(bytes, LoadingPlan::Need::FirstPlot))
+    if (bytes < smallestDeferral || !canPointsWait || m_plan.loadsNow(bytes, LoadingPlan::Need::FirstPlot))
         return;
     deferred.cells = m_arrays.plainCells();
     m_leavesAll = deferred.cells.has_value();

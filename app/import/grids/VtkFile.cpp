@@ -102,6 +102,18 @@ vtkSmartPointer<vtkDataObject> readXml(vtkXMLReader& reader, std::string const& 
     return run(reader, errors, *observer);
 }
 
+// For reading a part of a file that was looked at before: no array is chosen.
+vtkSmartPointer<ProgressObserver> openWithoutArrays(vtkXMLReader& reader, std::string const& path,
+                                                    std::function<bool(double)> const& progress)
+{
+    reader.SetFileName(path.c_str());
+    auto const observer = observe(reader, progress);
+    updateInformation(reader, *observer);
+    reader.GetPointDataArraySelection()->DisableAllArrays();
+    reader.GetCellDataArraySelection()->DisableAllArrays();
+    return observer;
+}
+
 } // namespace
 
 vtkSmartPointer<vtkDataObject> readVtkFile(std::string const& path, std::string const& extension,
@@ -130,11 +142,7 @@ vtkSmartPointer<vtkDataObject> readVtkArray(std::string const& path, std::string
 {
     VtkErrorCapture const errors;
     auto const reader = xmlReader(extension);
-    reader->SetFileName(path.c_str());
-    auto const observer = observe(*reader, progress);
-    updateInformation(*reader, *observer);
-    reader->GetPointDataArraySelection()->DisableAllArrays();
-    reader->GetCellDataArraySelection()->DisableAllArrays();
+    auto const observer = openWithoutArrays(*reader, path, progress);
     if (section == XmlSection::PointData)
         reader->GetPointDataArraySelection()->EnableArray(name.c_str());
     if (section == XmlSection::CellData)
@@ -151,11 +159,7 @@ vtkSmartPointer<vtkDataObject> readVtkCells(std::string const& path, std::functi
 {
     VtkErrorCapture const errors;
     auto const reader = vtkSmartPointer<PartialReader<InterruptibleReader<CheckedMeshReader>>>::New();
-    reader->SetFileName(path.c_str());
-    auto const observer = observe(*reader, progress);
-    updateInformation(*reader, *observer);
-    reader->GetPointDataArraySelection()->DisableAllArrays();
-    reader->GetCellDataArraySelection()->DisableAllArrays();
+    auto const observer = openWithoutArrays(*reader, path, progress);
     reader->leaveOutPoints();
     return run(*reader, errors, *observer);
 }

@@ -17,6 +17,15 @@ app::RawArray bytesIn(std::string const& path, std::int64_t count, std::int64_t 
     return {app::FileStamp(path), offset, app::RawType::UInt8, count, 1, 0, false};
 }
 
+// Makes the file large enough to be mapped.
+app::RawArray largeArray(std::string const& path, int components)
+{
+    std::filesystem::resize_file(path, manyBytes);
+    app::RawArray array = bytesIn(path, manyBytes / components);
+    array.components = components;
+    return array;
+}
+
 std::shared_ptr<kernel::Buffer> mapped(app::RawArray const& array)
 {
     return app::mapComponents(array).at(static_cast<std::size_t>(array.component));
@@ -127,10 +136,7 @@ TEST(MappedFile, GivesTheSameValuesAsReading)
 TEST(MappedFile, IsMappedOnceForAllComponents)
 {
     TemporaryFolder const folder;
-    std::string const path = folder.write("a.raw", "");
-    std::filesystem::resize_file(path, manyBytes);
-    app::RawArray array = bytesIn(path, manyBytes / 4);
-    array.components = 4;
+    app::RawArray array = largeArray(folder.write("a.raw", ""), 4);
     auto const whole = std::make_shared<app::SharedArray>();
     kernel::Progress progress;
     std::vector<std::shared_ptr<kernel::Buffer>> components;
@@ -144,9 +150,7 @@ TEST(MappedFile, GivesNoFurtherComponentOnceTheFileHasChanged)
 {
     TemporaryFolder const folder;
     std::string const path = folder.write("a.raw", "");
-    std::filesystem::resize_file(path, manyBytes);
-    app::RawArray array = bytesIn(path, manyBytes / 2);
-    array.components = 2;
+    app::RawArray array = largeArray(path, 2);
     auto const whole = std::make_shared<app::SharedArray>();
     kernel::Progress progress;
     auto const first = app::RawArrayLoader(array, whole).load(progress);

@@ -52,8 +52,8 @@ std::shared_ptr<kernel::Buffer> ImageCoordinateLoader::load(kernel::Progress& pr
 kernel::ValueRange ImageCoordinateLoader::range() const
 {
     // The coordinate is monotonous along each index, so its limits are at corners.
-    kernel::ValueRange range{kernel::ValueRange::State::Exact, m_first, m_first};
-    for (int corner = 0; corner < 8; ++corner) {
+    kernel::ValueRange range{kernel::ValueRange::State::Exact, at(0, 0, 0), at(0, 0, 0)};
+    for (int corner = 1; corner < 8; ++corner) {
         double const value = at((corner & 1) != 0 ? dims()[0] - 1 : 0, (corner & 2) != 0 ? dims()[1] - 1 : 0,
                                 (corner & 4) != 0 ? dims()[2] - 1 : 0);
         range.min = std::min(range.min, value);

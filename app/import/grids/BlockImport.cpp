@@ -61,18 +61,18 @@ std::shared_ptr<kernel::Buffer> gathered(kernel::Buffer const& values, std::vect
     return result;
 }
 
-// Arrays that have been read and arrays that have not, one after the other as the file has them.
+// Arrays that have been read and arrays that have not, one after the other as the file has them. Those without numbers take
+// part: a position counts them too.
 template <typename AddRead, typename AddDeferred>
-void inFileOrder(std::vector<vtkDataArray*> const& read, std::vector<DeferredArray> const& deferred,
-                 AddRead const& addRead, AddDeferred const& addDeferred)
+void inFileOrder(vtkDataSetAttributes& read, std::vector<DeferredArray> const& deferred, AddRead const& addRead,
+                 AddDeferred const& addDeferred)
 {
     auto next = deferred.begin();
     int position = 0;
-    for (vtkDataArray* array : read) {
+    for (int n = 0; n < read.GetNumberOfArrays(); ++n, ++position) {
         for (; next != deferred.end() && next->position <= position; ++next, ++position)
             addDeferred(*next);
-        addRead(*array);
-        ++position;
+        addRead(*read.GetAbstractArray(n));
     }
     for (; next != deferred.end(); ++next)
         addDeferred(*next);
@@ -194,17 +194,24 @@ void BlockImport::addCoordinate(int axis, std::shared_ptr<kernel::ShareGroup> va
 
 void BlockImport::addPointArrays()
 {
-    auto const arrays = numbersOf(*m_block.GetPointData(), m_pointCount, "points");
     inFileOrder(
-        arrays, m_deferred.ofPoints, [this](vtkDataArray& array) { addFields(array, ValueLocation_Nodal); },
+        *m_block.GetPointData(), m_deferred.ofPoints,
+        [this](vtkAbstractArray& array) {
+            if (vtkDataArray* const numbers = numbersOf(array, m_pointCount, "points"))
+                addFields(*numbers, ValueLocation_Nodal);
+        },
         [this](DeferredArray const& array) { addFields(array, m_pointCount, ValueLocation_Nodal, {}); });
 }
 
 void BlockImport::addCellArrays()
 {
-    auto const arrays = numbersOf(*m_block.GetCellData(), cellCount(), "cells");
-    auto const add = [this](auto& array) { addCellArray(array); };
-    inFileOrder(arrays, m_deferred.ofCells, add, add);
+    inFileOrder(
+        *m_block.GetCellData(), m_deferred.ofCells,
+        [this](vtkAbstractArray& array) {
+            if (vtkDataArray* const numbers = numbersOf(array, cellCount(), "cells"))
+                addCellArray(*numbers);
+        },
+        [this](DeferredArray const& array) { addCellArray(array); });
 }
 
 bool BlockImport::isScattered() const
@@ -301,20 +308,14 @@ void BlockImport::addFields(vtkDataArray& array, ValueLocation_e location)
     }
 }
 
-std::vector<vtkDataArray*> BlockImport::numbersOf(vtkDataSetAttributes& attributes, std::int64_t expected,
-                                                  char const* what)
+// Null, with a remark, for an array of texts.
+vtkDataArray* BlockImport::numbersOf(vtkAbstractArray& array, std::int64_t expected, char const* what)
 {
-    std::vector<vtkDataArray*> result;
-    for (int n = 0; n < attributes.GetNumberOfArrays(); ++n) {
-        vtkAbstractArray* const array = attributes.GetAbstractArray(n);
-        vtkDataArray* const numbers = attributes.GetArray(n);
-        checkTuples(*array, expected, what);
-        if (numbers)
-            result.push_back(numbers);
-        else
-            remark("\"" + std::string(array->GetName() ? array->GetName() : "") + "\" has no numbers and was left out");
-    }
-    return result;
+    checkTuples(array, expected, what);
+    auto* const numbers = vtkDataArray::SafeDownCast(&array);
+    if (!numbers)
+        remark("\"" + std::string(array.GetName() ? array.GetName() : "") + "\" has no numbers and was left out");
+    return numbers;
 }
 
 void BlockImport::checkTuples(vtkAbstractArray& array, std::int64_t expected, char const* what) const

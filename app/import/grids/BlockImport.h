@@ -53,7 +53,7 @@ private:
                                                       ValueLocation_e location,
                                                       ArrangedLoader::Arrange const& arrange) const;
     void checkTuples(vtkAbstractArray& array, std::int64_t expected, char const* what) const;
-    std::vector<vtkDataArray*> numbersOf(vtkDataSetAttributes& attributes, std::int64_t expected, char const* what);
+    vtkDataArray* numbersOf(vtkAbstractArray& array, std::int64_t expected, char const* what);
     void remark(std::string const& text);
 
     vtkDataSet& m_block;

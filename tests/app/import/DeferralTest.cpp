@@ -4,6 +4,8 @@
 #include "tests/app/import/GridSamples.h"
 #include "tools/samples/SparseSamples.h"
 
+#include <vtkBitArray.h>
+#include <vtkCellData.h>
 #include <vtkCellType.h>
 #include <vtkDoubleArray.h>
 #include <vtkImageData.h>
@@ -11,6 +13,7 @@
 #include <vtkNew.h>
 #include <vtkPointData.h>
 #include <vtkPolyData.h>
+#include <vtkStringArray.h>
 #include <vtkUnsignedShortArray.h>
 
 #include <filesystem>
@@ -213,6 +216,87 @@ TEST(Deferral, LeavesTheCoordinatesOfImagesToBeComputed)
     EXPECT_EQ(valuesOf(*dataSet, 1, "X"), "not loaded");
     EXPECT_EQ(dataSet->zone(1)->range(1).state, kernel::ValueRange::State::Exact);
     EXPECT_NEAR(dataSet->zone(1)->range(1).max, 1.4, 1e-12);
+}
+
+TEST(Deferral, KnowsTheLimitsOfCoordinatesOfAnImageThatStartsAnywhere)
+{
+    TemporaryFolder const folder;
+    for (double const spacing : {1.0, -0.5}) {
+        auto const grid = vtkSmartPointer<vtkImageData>::New();
+        grid->SetExtent(100, 104, 200, 203, -7, -6);
+        grid->SetSpacing(1.0, spacing, 0.1);
+        grid->SetOrigin(0.0, 3.0, 0.0);
+        addPointValues(*grid, "p", std::vector<double>(40, 1.0));
+        std::string const path = writeXml(*grid, folder.path("image.vti"));
+        auto const now = import(path, app::Deferral::Never).dataSet;
+        auto const later = import(path, app::Deferral::Always).dataSet;
+        for (char const* name : {"X", "Y", "Z"}) {
+            kernel::ValueRange const announced = rangeOf(*later, name);
+            kernel::ValueRange const found = rangeOf(*now, name);
+            EXPECT_EQ(announced.state, kernel::ValueRange::State::Exact);
+            EXPECT_EQ(announced.min, found.min) << name;
+            EXPECT_EQ(announced.max, found.max) << name;
+        }
+        EXPECT_EQ(rangeOf(*later, "X").min, 100.0);
+        EXPECT_EQ(rangeOf(*later, "X").max, 104.0);
+        EXPECT_EQ(rangeOf(*later, "Y").min, spacing > 0.0 ? 203.0 : -98.5);
+    }
+}
+
+TEST(Deferral, LeavesTheOrderOfVariablesAlone)
+{
+    TemporaryFolder const folder;
+    auto const addTexts = [](vtkDataSetAttributes& attributes, std::string const& name, int count) {
+        vtkNew<vtkStringArray> texts;
+        texts->SetName(name.c_str());
+        for (int n = 0; n < count; ++n)
+            texts->InsertNextValue("some text");
+        attributes.AddArray(texts);
+    };
+    for (std::string const extension : {"vts", "vtu", "vti"}) {
+        vtkSmartPointer<vtkDataSet> grid = structuredGrid(3, 2, 2);
+        if (extension == "vtu")
+            grid = mesh();
+        if (extension == "vti")
+            grid = image();
+        auto const points = static_cast<int>(grid->GetNumberOfPoints());
+        auto const cells = static_cast<int>(grid->GetNumberOfCells());
+        grid->GetPointData()->Initialize();
+        grid->GetCellData()->Initialize();
+        for (auto const& [attributes, count] : {std::pair<vtkDataSetAttributes*, int>(grid->GetPointData(), points),
+                                                std::pair<vtkDataSetAttributes*, int>(grid->GetCellData(), cells)}) {
+            // Arrays of texts and of more bits than the reader can put off stand among the others.
+            for (int n = 0; n < 4; ++n) {
+                std::string const number = std::to_string(n);
+                addTexts(*attributes, "texts " + number, count);
+                vtkNew<vtkDoubleArray> values;
+                values->SetName(("values " + number).c_str());
+                values->SetNumberOfComponents(n == 2 ? 3 : 1);
+                values->SetNumberOfTuples(count);
+                values->Fill(n);
+                attributes->AddArray(values);
+                if (n % 2 == 1)
+                    addTexts(*attributes, "more texts " + number, count);
+                vtkNew<vtkBitArray> bits;
+                bits->SetName(("bits " + number).c_str());
+                bits->SetNumberOfTuples(count);
+                bits->Fill(1);
+                attributes->AddArray(bits);
+            }
+        }
+        std::string const expected = "values 0,bits 0,values 1,bits 1,values 2_X,values 2_Y,values 2_Z,bits 2,values "
+                                     "3,bits 3";
+        std::string again = expected;
+        for (std::size_t at = 0; (at = again.find(',', at)) != std::string::npos; at += 5)
+            again.insert(at, " (2)");
+        for (Mode const mode : allModes) {
+            std::string const path = writeXml(*grid, folder.path("a." + extension), mode);
+            for (app::Deferral const deferral : {app::Deferral::Always, app::Deferral::Auto, app::Deferral::Never}) {
+                EXPECT_EQ(variableNames(*import(path, deferral).dataSet), "X,Y,Z," + expected + "," + again + " (2)")
+                    << extension << " mode " << static_cast<int>(mode);
+            }
+        }
+    }
 }
 
 TEST(Deferral, LoadsASmallFileAtOnceUnlessToldOtherwise)

@@ -3,6 +3,7 @@
 #include "app/import/ImportError.h"
 #include "app/import/grids/ArrayChoice.h"
 #include "app/import/grids/CheckedMeshReader.h"
+#include "app/import/grids/InlineValuesReader.h"
 #include "app/import/grids/InterruptibleReader.h"
 #include "app/import/grids/PartialReader.h"
 #include "app/import/xml/XmlHeaderCheck.h"
@@ -24,18 +25,23 @@ namespace veldraw::app {
 
 namespace {
 
+template <typename Reader>
+using WholeReader = InterruptibleReader<InlineValuesReader<Reader>>;
+
+using MeshReader = PartialReader<WholeReader<CheckedMeshReader>>;
+
 vtkSmartPointer<vtkXMLReader> xmlReader(std::string const& extension)
 {
     if (extension == "vti")
-        return vtkSmartPointer<InterruptibleReader<vtkXMLImageDataReader>>::New();
+        return vtkSmartPointer<WholeReader<vtkXMLImageDataReader>>::New();
     if (extension == "vtr")
-        return vtkSmartPointer<InterruptibleReader<vtkXMLRectilinearGridReader>>::New();
+        return vtkSmartPointer<WholeReader<vtkXMLRectilinearGridReader>>::New();
     if (extension == "vts")
-        return vtkSmartPointer<PartialReader<InterruptibleReader<vtkXMLStructuredGridReader>>>::New();
+        return vtkSmartPointer<PartialReader<WholeReader<vtkXMLStructuredGridReader>>>::New();
     if (extension == "vtu")
-        return vtkSmartPointer<PartialReader<InterruptibleReader<CheckedMeshReader>>>::New();
+        return vtkSmartPointer<MeshReader>::New();
     if (extension == "vtp")
-        return vtkSmartPointer<PartialReader<InterruptibleReader<vtkXMLPolyDataReader>>>::New();
+        return vtkSmartPointer<PartialReader<WholeReader<vtkXMLPolyDataReader>>>::New();
     return nullptr;
 }
 
@@ -158,7 +164,7 @@ vtkSmartPointer<vtkDataObject> readVtkArray(std::string const& path, std::string
 vtkSmartPointer<vtkDataObject> readVtkCells(std::string const& path, std::function<bool(double)> const& progress)
 {
     VtkErrorCapture const errors;
-    auto const reader = vtkSmartPointer<PartialReader<InterruptibleReader<CheckedMeshReader>>>::New();
+    auto const reader = vtkSmartPointer<MeshReader>::New();
     auto const observer = openWithoutArrays(*reader, path, progress);
     reader->leaveOutPoints();
     return run(*reader, errors, *observer);

@@ -1,5 +1,8 @@
 #include "app/import/xml/XmlTags.h"
 
+#include "app/import/ImportError.h"
+#include "app/import/xml/XmlText.h"
+
 #include <cstdlib>
 #include <limits>
 
@@ -30,12 +33,22 @@ XmlTags::Tag parsed(std::string const& text)
         std::size_t const close = open == std::string::npos ? open : text.find(text[open], open + 1);
         if (close == std::string::npos)
             break;
-        tag.attributes.emplace(name, text.substr(open + 1, close - open - 1));
+        tag.attributes.emplace(name, xmlUnescaped(text.substr(open + 1, close - open - 1)));
         at = close + 1;
     }
     if (!tag.name.empty() && tag.name.back() == '/')
         tag.name.pop_back();
     return tag;
+}
+
+// What ends a piece of markup that is no tag, by its first letters; null as long as it may be one.
+char const* endOfMarkup(std::string const& start)
+{
+    if (start == "?")
+        return "?>";
+    if (start == "!--")
+        return "-->";
+    return start == "![CDATA[" ? "]]>" : nullptr;
 }
 
 } // namespace
@@ -75,8 +88,10 @@ bool XmlTags::next(Tag& tag)
 {
     std::string text;
     while (!m_atAppendedData && skipTo('<')) {
-        if (!readUpTo('>', text))
+        if (!readMarkup(text))
             return false;
+        if (text.compare(0, 8, "!DOCTYPE") == 0 && text.find('[') != std::string::npos)
+            throw ImportError("it declares entities of its own, which are not supported");
         if (text.empty() || text[0] == '?' || text[0] == '!')
             continue;
         tag = parsed(text);
@@ -102,13 +117,40 @@ bool XmlTags::skipTo(char wanted)
     return c == wanted;
 }
 
-bool XmlTags::readUpTo(char wanted, std::string& text)
+bool XmlTags::skipPast(std::string const& wanted)
+{
+    std::string last;
+    while (last != wanted) {
+        int const c = get();
+        if (c == std::char_traits<char>::eof())
+            return false;
+        if (last.size() == wanted.size())
+            last.erase(0, 1);
+        last += static_cast<char>(c);
+    }
+    return true;
+}
+
+// Reads what stands between angle brackets, the first one being read. A bracket in quotes is part of the text; what is in a
+// comment or the like is skipped.
+bool XmlTags::readMarkup(std::string& text)
 {
     text.clear();
-    for (int c = get(); c != std::char_traits<char>::eof() && text.size() < longestTag; c = get()) {
-        if (c == wanted)
+    char quote = '\0';
+    while (text.size() < longestTag) {
+        int const next = get();
+        if (next == std::char_traits<char>::eof())
+            return false;
+        char const c = static_cast<char>(next);
+        if (quote == '\0' && c == '>')
             return true;
-        text += static_cast<char>(c);
+        if (quote == '\0' && (c == '"' || c == '\''))
+            quote = c;
+        else if (c == quote)
+            quote = '\0';
+        text += c;
+        if (char const* const end = endOfMarkup(text))
+            return skipPast(end);
     }
     return false;
 }

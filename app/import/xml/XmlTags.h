@@ -15,8 +15,8 @@ class XmlTags
 public:
     struct Tag
     {
-        std::string name; ///< with a leading '/' for an end tag
-        std::map<std::string, std::string> attributes;
+        std::string name;                              ///< with a leading '/' for an end tag
+        std::map<std::string, std::string> attributes; ///< with entities resolved
 
         /// The attribute as a number, @p otherwise when it is missing or none.
         double number(std::string const& attribute, double otherwise) const;
@@ -28,7 +28,10 @@ public:
 
     explicit XmlTags(std::string const& path);
 
-    /// Reads the next start or end tag. @return false at the end, after the tag AppendedData, or in a tag without end
+    /// Reads the next start or end tag; comments and the like are skipped.
+    /// @return false at the end, after the tag AppendedData, or in a tag without end
+    /// @throws ImportError when the file declares entities: what they stand for might be understood differently by who reads the
+    /// file in the end
     bool next(Tag& tag);
 
     /// Position behind the last tag, in bytes from the start of the file.
@@ -40,7 +43,8 @@ public:
 
 private:
     bool skipTo(char wanted);
-    bool readUpTo(char wanted, std::string& text);
+    bool skipPast(std::string const& wanted);
+    bool readMarkup(std::string& text);
     int get();
 
     std::ifstream m_file;

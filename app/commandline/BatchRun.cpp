@@ -1,18 +1,19 @@
 #include "app/commandline/BatchRun.h"
 
 #include "app/commandline/DataSetReport.h"
+#include "app/commandline/OutputCheck.h"
 #include "app/export/Exporter.h"
 #include "app/export/WholeDataSet.h"
 #include "app/import/Importer.h"
 #include "app/import/files/MappedMemory.h"
 #include "app/plot/PageView.h"
+#include "app/window/PictureFile.h"
 #include "kernel/data/NumberSet.h"
 #include "platform/vdsdkbase/VelUtilDataSet.h"
 #include "platform/vdsdkcommon/AppLock.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
-#include <QImageWriter>
 
 namespace veldraw::app {
 
@@ -31,10 +32,11 @@ BatchRun::BatchRun(kernel::Session& session, QTextStream& out, QTextStream& err)
 
 int BatchRun::run(CommandLineOptions const& options)
 {
-    if (!openFiles(options.files, options.deferral) || !deleteVariables(options.variablesToDelete))
+    QStringList const opened = openFiles(options.files, options.deferral);
+    if (opened.isEmpty() || !deleteVariables(options.variablesToDelete))
         return 1;
-    if (options.info)
-        printInfo(options.files);
+    if (options.info && !printInfo(opened))
+        return 1;
     if (!options.exportFile.isEmpty() && !exportTo(options.exportFile))
         return 1;
     if (!options.pictureFile.isEmpty() && !savePicture(options.pictureFile))
@@ -43,7 +45,7 @@ int BatchRun::run(CommandLineOptions const& options)
         fail(QString::fromLatin1(cutFileWarning));
         return 1;
     }
-    return 0;
+    return opened.size() == options.files.size() ? 0 : 1;
 }
 
 bool BatchRun::fail(QString const& reason)
@@ -52,8 +54,10 @@ bool BatchRun::fail(QString const& reason)
     return false;
 }
 
-bool BatchRun::openFiles(QStringList const& files, Deferral deferral)
+// Returns those that could be opened.
+QStringList BatchRun::openFiles(QStringList const& files, Deferral deferral)
 {
+    QStringList opened;
     std::vector<std::shared_ptr<kernel::Frame>> frames;
     for (QString const& file : files) {
         try {
@@ -62,14 +66,16 @@ bool BatchRun::openFiles(QStringList const& files, Deferral deferral)
                 std::make_shared<kernel::Frame>(QFileInfo(file).completeBaseName().toStdString(), kernel::Rectangle{});
             frame->dataSet = result.dataSet;
             frames.push_back(frame);
+            opened.push_back(file);
             for (std::string const& remark : result.remarks)
                 m_err << QStringLiteral("veldraw: %1: %2\n").arg(file, QString::fromStdString(remark));
         } catch (std::exception const& error) {
-            return fail(QString::fromStdString(error.what()));
+            fail(QString::fromStdString(error.what()));
         }
     }
-    m_session.openPage(std::move(frames));
-    return true;
+    if (!opened.isEmpty())
+        m_session.openPage(std::move(frames));
+    return opened;
 }
 
 bool BatchRun::deleteVariables(QStringList const& names)
@@ -90,7 +96,7 @@ bool BatchRun::deleteVariables(QStringList const& names)
     return true;
 }
 
-void BatchRun::printInfo(QStringList const& files)
+bool BatchRun::printInfo(QStringList const& files)
 {
     auto const page = m_session.activePage();
     for (std::size_t frame = 0; frame < page->frames.size(); ++frame) {
@@ -98,7 +104,8 @@ void BatchRun::printInfo(QStringList const& files)
             m_out << QLatin1Char('\n');
         m_out << dataSetReport(files.at(static_cast<int>(frame)), *page->frames[frame]->dataSet);
     }
-    m_out.flush();
+    QString const problem = outputProblem(m_out);
+    return problem.isEmpty() || fail(problem);
 }
 
 bool BatchRun::exportTo(QString const& file)
@@ -123,9 +130,8 @@ bool BatchRun::savePicture(QString const& file)
     page.show();
     QCoreApplication::processEvents();
     page.fitAllFrames();
-    QImage const picture = page.grabImage();
-    QImageWriter writer(file);
-    return writer.write(picture) || fail(QStringLiteral("%1: %2").arg(file, writer.errorString()));
+    QString const problem = writePicture(page.grabImage(), file);
+    return problem.isEmpty() || fail(QStringLiteral("%1: the picture could not be written: %2").arg(file, problem));
 }
 
 } // namespace veldraw::app

@@ -8,7 +8,8 @@
 namespace veldraw::app {
 
 /// Does what the command line asks for, without a window to look at: opens, deletes, prints, saves, takes pictures.
-/// Each step does the same as its counterpart in the menus. The first failure ends the run.
+/// Each step does the same as its counterpart in the menus. Files that cannot be opened are told and left out; any other
+/// failure ends the run.
 class BatchRun
 {
 public:
@@ -19,9 +20,9 @@ public:
     int run(CommandLineOptions const& options);
 
 private:
-    bool openFiles(QStringList const& files, Deferral deferral);
+    QStringList openFiles(QStringList const& files, Deferral deferral);
     bool deleteVariables(QStringList const& names);
-    void printInfo(QStringList const& files);
+    bool printInfo(QStringList const& files);
     bool exportTo(QString const& file);
     bool savePicture(QString const& file);
     bool fail(QString const& reason);

@@ -98,8 +98,8 @@ QString CommandLineOptions::helpText()
         "  -h, --help               print this text\n"
         "  -v, --version            print the version\n"
         "\n"
-        "--info and --picture take several FILEs. The actions need no display; --picture uses xvfb-run where there is "
-        "none.\n"
+        "--info and --picture take several FILEs; those that cannot be opened are told and left out. The actions need no\n"
+        "display; --picture uses xvfb-run where there is none.\n"
         "Exit status: 0 fine, 1 something failed (told on standard error), 2 the command line is wrong.\n");
 }
 

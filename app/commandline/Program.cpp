@@ -4,6 +4,7 @@
 #include "app/commandline/BatchRun.h"
 #include "app/commandline/CommandLineOptions.h"
 #include "app/commandline/InteractiveRun.h"
+#include "app/commandline/OutputCheck.h"
 #include "host/KernelBridge.h"
 
 #include <QFileInfo>
@@ -97,6 +98,16 @@ int refuse(QTextStream& err, CommandLineOptions const& options)
     return wrongUsage;
 }
 
+int print(QTextStream& out, QTextStream& err, QString const& text)
+{
+    out << text;
+    QString const problem = outputProblem(out);
+    if (problem.isEmpty())
+        return fine;
+    err << QStringLiteral("veldraw: %1\n").arg(problem);
+    return failed;
+}
+
 } // namespace
 
 int runProgram(int argc, char** argv)
@@ -106,14 +117,10 @@ int runProgram(int argc, char** argv)
     out.setCodec("UTF-8");
     err.setCodec("UTF-8");
     CommandLineOptions const early = CommandLineOptions::parse(toStringList(argc, argv));
-    if (early.help) {
-        out << CommandLineOptions::helpText();
-        return fine;
-    }
-    if (early.version) {
-        out << QStringLiteral("veldraw " VELDRAW_VERSION "\n");
-        return fine;
-    }
+    if (early.help)
+        return print(out, err, CommandLineOptions::helpText());
+    if (early.version)
+        return print(out, err, QStringLiteral("veldraw " VELDRAW_VERSION "\n"));
     if (!early.error.isEmpty() && !hasDisplay())
         return refuse(err, early);
     if (!choosePlatform(early, argv))

@@ -96,6 +96,8 @@ std::string AtomicFiles::add(std::string const& path)
     std::string const target = linkTarget(path);
     if (std::filesystem::is_directory(target))
         throw ExportError("there is a folder of this name");
+    if (std::filesystem::exists(target) && !std::filesystem::is_regular_file(target))
+        throw ExportError("what has this name is no file but a device or the like");
     for (int n = 0;; ++n) {
         std::string const temporary = target + "." + std::to_string(::getpid()) + "-" + std::to_string(n) + ".part";
         int const file = ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);

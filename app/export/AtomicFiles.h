@@ -17,7 +17,7 @@ public:
 
     /// Creates an empty file beside @p target. A target that is a link stands for the file it leads to.
     /// @return the path to write to
-    /// @throws ExportError no permission, no such folder, or the target is a folder
+    /// @throws ExportError no permission, no such folder, or the target is a folder or a device
     std::string add(std::string const& target);
 
     /// Creates a folder for some of the files unless it is there; removed with them. @throws ExportError

@@ -2,8 +2,8 @@
 
 #include "app/export/ExportError.h"
 #include "app/export/UniqueNames.h"
+#include "platform/vdsdkcommon/ShortestText.h"
 
-#include <array>
 #include <charconv>
 #include <fstream>
 #include <memory>
@@ -38,16 +38,6 @@ std::string headerCell(std::string const& name, char separator)
     return quoted + "\"";
 }
 
-void appendValue(std::string& text, Column const& column, std::int64_t row)
-{
-    std::array<char, 40> digits{};
-    double const value = column.values->value(row);
-    int const precision = column.values->type() == FieldDataType_Float ? 9 : 17;
-    auto const result =
-        std::to_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::general, precision);
-    text.append(digits.data(), result.ptr);
-}
-
 void writeRows(std::ofstream& file, std::vector<Column> const& columns, std::int64_t rows, char separator,
                ExportProgress& progress)
 {
@@ -60,7 +50,7 @@ void writeRows(std::ofstream& file, std::vector<Column> const& columns, std::int
         for (std::size_t n = 0; n < columns.size(); ++n) {
             if (n > 0)
                 text += separator;
-            appendValue(text, columns[n], row);
+            sdk::appendShortest(text, columns[n].values->value(row), columns[n].values->type());
         }
         text += '\n';
         if (text.size() > flushAt || row + 1 == rows) {

@@ -48,12 +48,21 @@ std::string escapedByte(char c)
     return code < 0x20 ? "?" : std::string(1, c);
 }
 
+void escapeNames(vtkAbstractArray& array)
+{
+    if (array.GetName())
+        array.SetName(xmlEscaped(array.GetName()).c_str());
+    for (int component = 0; array.HasAComponentName() && component < array.GetNumberOfComponents(); ++component) {
+        if (array.GetComponentName(component))
+            array.SetComponentName(component, xmlEscaped(array.GetComponentName(component)).c_str());
+    }
+}
+
 void escapeNames(vtkFieldData* data)
 {
     for (int n = 0; data && n < data->GetNumberOfArrays(); ++n) {
-        vtkAbstractArray* const array = data->GetAbstractArray(n);
-        if (array && array->GetName())
-            array->SetName(xmlEscaped(array->GetName()).c_str());
+        if (vtkAbstractArray* const array = data->GetAbstractArray(n))
+            escapeNames(*array);
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "app/export/Exporter.h"
 #include "app/export/WholeDataSet.h"
+#include "app/window/PictureFile.h"
 #include "host/MessageLog.h"
 #include "host/MessagePresenter.h"
 #include "kernel/compute/Progress.h"
@@ -10,7 +11,6 @@
 
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QImageWriter>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSettings>
@@ -260,9 +260,9 @@ bool DocumentController::savePictureAs(QImage const& picture)
 
 bool DocumentController::savePicture(QImage const& picture, QString const& path)
 {
-    QImageWriter writer(path);
-    if (!writer.write(picture)) {
-        tellError(QStringLiteral("%1: the picture could not be written: %2").arg(path, writer.errorString()));
+    QString const problem = writePicture(picture, path);
+    if (!problem.isEmpty()) {
+        tellError(QStringLiteral("%1: the picture could not be written: %2").arg(path, problem));
         return false;
     }
     keepFolder(path);

@@ -21,6 +21,7 @@
 #include "dialogs/spreadsheet/TableWindow.h"
 #include "dialogs/spreadsheet/WindowScrollBar.h"
 #include "dialogs/spreadsheet/ZoneVarTableItemDelegate.h"
+#include "dialogs/spreadsheet/ZoneVarTableModelAbstract.h"
 #include "dialogs/variableops/LoadVariablesDialog.h"
 #include "dialogs/widgets/TableCopyHandler.h"
 #include "platform/signals/SignalConnectionCollection.h"
@@ -29,6 +30,8 @@
 #include <QHeaderView>
 #include <QMenu>
 #include <QStackedLayout>
+
+#include <boost/pointer_cast.hpp>
 
 #include <string>
 #include <vector>
@@ -46,6 +49,7 @@ using propertybindings::SpinBoxLgIndexPropertyBinding;
 using propertybindings::WidgetUpdateDeferrerOnBusy;
 using propertybindings::models::QTableModelAdapter;
 using propertybindings::models::ZoneVarTableItemDelegate;
+using propertybindings::models::ZoneVarTableModelAbstract;
 using propertymanager::ColumnFitter;
 using propertymanager::CornerButtonEventFilter;
 using propertymanager::DataSpreadsheetPropertiesManager;
@@ -160,7 +164,10 @@ void DataSpreadsheetDialog::Impl::makeLongTablesReachable()
     new LongTableMouse(*window, *table);
     new WindowScrollBar(Qt::Vertical, *window, *table);
     new WindowScrollBar(Qt::Horizontal, *window, *table);
-    SelectionText::giveTo(*copyHandler, *window, *manager.tableModelProxy());
+    SelectionText::giveTo(*copyHandler, *window, [this](TableWindow::Cell const& cell) {
+        auto const values = boost::dynamic_pointer_cast<ZoneVarTableModelAbstract>(manager.tableModel());
+        return values ? values->shortestStr(cell) : manager.tableModelProxy()->getStr(cell);
+    });
     goToRow = new GoToRowAction(*window, *table);
     table->addAction(goToRow);
 }

@@ -22,13 +22,13 @@ CellRange around(TableWindow::Ranges const& ranges)
 
 } // namespace
 
-void SelectionText::giveTo(veldraw::ui::TableCopyHandler& handler, TableWindow const& window, TableModel const& table)
+void SelectionText::giveTo(veldraw::ui::TableCopyHandler& handler, TableWindow const& window, CellText const& cellText)
 {
-    handler.setSelectedText([&window, &table] { return text(window.selection(), table); });
+    handler.setSelectedText([&window, cellText] { return text(window.selection(), cellText); });
 }
 
 // Null, which leaves the clipboard alone, for nothing and for too much.
-QString SelectionText::text(TableWindow::Ranges const& ranges, TableModel const& table)
+QString SelectionText::text(TableWindow::Ranges const& ranges, CellText const& cellText)
 {
     if (ranges.empty())
         return QString();
@@ -51,7 +51,7 @@ QString SelectionText::text(TableWindow::Ranges const& ranges, TableModel const&
             if (column > first.column)
                 text += QLatin1Char('\t');
             if (isSelected(ModelIndex(row, column)))
-                text += QString::fromStdString(table.getStr(ModelIndex(row, column)));
+                text += QString::fromStdString(cellText(ModelIndex(row, column)));
         }
     }
     return text;

@@ -4,6 +4,9 @@
 
 #include <QString>
 
+#include <functional>
+#include <string>
+
 namespace veldraw::ui {
 class TableCopyHandler;
 }
@@ -14,17 +17,18 @@ namespace veldraw::sdk::ui::propertymanager {
 class SelectionText
 {
 public:
-    using TableModel = dialogs::propertybindings::models::TableModelInterface;
+    using CellText = std::function<std::string(TableWindow::Cell const&)>;
 
     /// More cells than this are not copied: they would fill the memory rather than the clipboard.
     static constexpr unsigned long long mostCells = 1000000;
 
     /// Has the handler copy the selection of the window.
-    /// @param table behind the window. All three must outlive the handler's use
-    static void giveTo(veldraw::ui::TableCopyHandler& handler, TableWindow const& window, TableModel const& table);
+    /// @param window must outlive the handler's use
+    /// @param cellText of a cell of the table behind the window
+    static void giveTo(veldraw::ui::TableCopyHandler& handler, TableWindow const& window, CellText const& cellText);
 
 private:
-    static QString text(TableWindow::Ranges const& ranges, TableModel const& table);
+    static QString text(TableWindow::Ranges const& ranges, CellText const& cellText);
 };
 
 } // namespace veldraw::sdk::ui::propertymanager

@@ -9,6 +9,7 @@
 #include "platform/vdsdkcommon/ActionReporter.h"
 #include "platform/vdsdkcommon/AppLock.h"
 #include "platform/vdsdkcommon/DataSetQueries.h"
+#include "platform/vdsdkcommon/ShortestText.h"
 #include "platform/vdsdkcommon/StateChangeEventObservable.h"
 #include "platform/vdtoolbox/ArgList.h"
 #include "platform/vdtoolbox/StateChangeEventInterface.h"
@@ -120,6 +121,18 @@ std::string ZoneVarTableModelAbstract::rowName(unsigned long long row) const
 bool ZoneVarTableModelAbstract::isEditable(ModelIndex const&) const
 {
     return true;
+}
+
+std::string ZoneVarTableModelAbstract::shortestStr(ModelIndex const& index) const
+{
+    int const variable = variableNumber(index.column + 1);
+    if (!VelUtilDataValueIsLoaded(m_zone, variable))
+        return getStr(index);
+    AppLock const lock(AppLock::RecordAsUsual);
+    double const value = VelUtilDataValueGetByZoneVar(m_zone, variable, valueOffset(index) + 1);
+    std::string text;
+    appendShortest(text, value, fieldDataType(index));
+    return text;
 }
 
 std::string ZoneVarTableModelAbstract::getStr(ModelIndex const& index) const

@@ -44,6 +44,8 @@ public:
     /// are left alone without a word.
     bool setStr(ModelIndex const& index, std::string const& text) override;
 
+    /// As short as a text can be that reads back as the very value; what getStr() says where there is none.
+    std::string shortestStr(ModelIndex const& index) const;
     /// How the cell's value is stored.
     virtual FieldDataType_e fieldDataType(ModelIndex const& index) const;
     /// The kernel's number of the variable of a one-based column.

@@ -1,4 +1,5 @@
 #include "app/export/Exporter.h"
+#include "tests/app/FullDisk.h"
 #include "tests/app/import/FileHelpers.h"
 #include "tests/app/import/GridSamples.h"
 
@@ -9,7 +10,6 @@
 #include <vtkXMLMultiBlockDataReader.h>
 
 #include <algorithm>
-#include <csignal>
 #include <filesystem>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -59,30 +59,6 @@ std::string problemSaving(kernel::DataSet const& data, std::string const& path)
     }
 }
 
-// Lets no file grow beyond a few bytes, as on a full disk.
-class FullDisk
-{
-public:
-    FullDisk()
-        : m_signal(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        ::getrlimit(RLIMIT_FSIZE, &m_before);
-        rlimit limit = m_before;
-        limit.rlim_cur = 4;
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-    }
-
-    ~FullDisk()
-    {
-        ::setrlimit(RLIMIT_FSIZE, &m_before);
-        std::signal(SIGXFSZ, m_signal);
-    }
-
-private:
-    rlimit m_before{};
-    void (*m_signal)(int);
-};
-
 } // namespace
 
 TEST(Export, WritesTablesAsTheyAreUsuallyWritten)
@@ -92,6 +68,14 @@ TEST(Export, WritesTablesAsTheyAreUsuallyWritten)
     EXPECT_EQ(contentOf(folder.path("table.csv")), "X\n0\n1\n2\n");
     EXPECT_THAT(result.remarks, ElementsAre("Zone \"zone 1\": \"p\" is cell-centred and was left out"));
     EXPECT_EQ(folder.listing(), "table.csv") << "no temporary file is left";
+}
+
+TEST(Export, LeavesADeviceAlone)
+{
+    TemporaryFolder const folder;
+    std::filesystem::create_symlink("/dev/full", folder.path("a.csv"));
+    EXPECT_THAT(problemSaving(*gridData(), folder.path("a.csv")), HasSubstr("no file but a device"));
+    EXPECT_TRUE(std::filesystem::is_character_file("/dev/full"));
 }
 
 TEST(Export, WritesAZoneATableAndSaysSo)

@@ -23,7 +23,7 @@ class ProgramTest : public ::testing::Test
 {
 protected:
     // No display, unless a test needs one and makes its own.
-    static Outcome run(QStringList const& arguments)
+    static Outcome run(QStringList const& arguments, QString const& outputFile = {})
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.remove(QStringLiteral("DISPLAY"));
@@ -34,6 +34,8 @@ protected:
             environment.insert(QStringLiteral("LD_PRELOAD"), environment.value(QStringLiteral("VELDRAW_PRELOAD")));
         QProcess process;
         process.setProcessEnvironment(environment);
+        if (!outputFile.isEmpty())
+            process.setStandardOutputFile(outputFile);
         process.start(QStringLiteral(VELDRAW_PROGRAM), arguments);
         bool const ended = process.waitForFinished(120000);
         EXPECT_TRUE(ended);
@@ -151,6 +153,48 @@ TEST_F(ProgramTest, TellsAFileThatIsNotThere)
     EXPECT_EQ(1, outcome.status);
     EXPECT_TRUE(contains(outcome.err, "gone.csv")) << outcome.err;
     EXPECT_EQ("", outcome.out);
+}
+
+TEST_F(ProgramTest, OpensTheGoodFilesOfALotAndNamesEachBadOneWithItsReason)
+{
+    QString const other = writeFile(QStringLiteral("other.csv"), "a,b\n1,2\n3,4\n");
+    Outcome const outcome = run({folder.filePath(QStringLiteral("gone.csv")), table(),
+                                 writeFile(QStringLiteral("bad.vtu"), "no mesh"), other, QStringLiteral("--info")});
+    EXPECT_EQ(1, outcome.status);
+    EXPECT_TRUE(contains(outcome.out, "series.csv\n")) << outcome.out;
+    EXPECT_TRUE(contains(outcome.out, "\n\nFile: " + other.toStdString() + "\nTitle: other.csv\n")) << outcome.out;
+    EXPECT_TRUE(contains(outcome.err, "gone.csv\": there is no such file.\n")) << outcome.err;
+    EXPECT_TRUE(contains(outcome.err, "bad.vtu\": it is no VTK XML file")) << outcome.err;
+}
+
+TEST_F(ProgramTest, SaysThatNobodyGotWhatItPrinted)
+{
+    QString const full = QStringLiteral("/dev/full");
+    for (QStringList const& arguments :
+         {QStringList{table(), QStringLiteral("--info")}, QStringList{QStringLiteral("--help")},
+          QStringList{QStringLiteral("--version")}}) {
+        Outcome const outcome = run(arguments, full);
+        EXPECT_EQ(1, outcome.status) << arguments.back().toStdString();
+        EXPECT_EQ("veldraw: the output could not be written: No space left on device\n", outcome.err);
+    }
+}
+
+TEST_F(ProgramTest, SavesNothingAfterAReportThatGotLost)
+{
+    QString const out = folder.filePath(QStringLiteral("out.csv"));
+    EXPECT_EQ(
+        1,
+        run({table(), QStringLiteral("--info"), QStringLiteral("--export"), out}, QStringLiteral("/dev/full")).status);
+    EXPECT_FALSE(QFile::exists(out));
+}
+
+TEST_F(ProgramTest, SaysWhyAPictureCouldNotBeWritten)
+{
+    QString const path = folder.filePath(QStringLiteral("page.png"));
+    ASSERT_TRUE(QFile::link(QStringLiteral("/dev/full"), path));
+    Outcome const outcome = run({table(), QStringLiteral("--picture"), path});
+    EXPECT_EQ(1, outcome.status);
+    EXPECT_TRUE(contains(outcome.err, "page.png: the picture could not be written: ")) << outcome.err;
 }
 
 TEST_F(ProgramTest, TellsAFormatThatItCannotWrite)

@@ -1,5 +1,6 @@
 #include "app/import/Importer.h"
 #include "app/window/ProgressWindow.h"
+#include "tests/app/FullDisk.h"
 #include "tests/app/window/WindowTest.h"
 
 #include <QAction>
@@ -152,6 +153,21 @@ TEST_F(SaveTest, APictureThatCannotBeWrittenIsTold)
     EXPECT_FALSE(window->documents().savePicture(picture, folder.filePath(QStringLiteral("nowhere/page.png"))));
     ASSERT_EQ(1u, messages.size());
     EXPECT_NE(std::string::npos, messages[0].find("page.png"));
+}
+
+TEST_F(SaveTest, APictureThatDoesNotFitOnTheDiskIsToldAndLeavesTheOldOne)
+{
+    showWindow();
+    QString const path = writeFile(QStringLiteral("page.png"), "old");
+    {
+        test::FullDisk const full;
+        EXPECT_FALSE(window->documents().savePicture(QImage(200, 200, QImage::Format_RGB32), path));
+    }
+    ASSERT_EQ(1u, messages.size());
+    EXPECT_NE(std::string::npos, messages[0].find("page.png: the picture could not be written: the disk may be full"))
+        << messages[0];
+    EXPECT_EQ(QStringList{QStringLiteral("page.png")}, QDir(folder.path()).entryList(QDir::Files));
+    EXPECT_EQ(3, QFileInfo(path).size());
 }
 
 } // namespace veldraw::tests

@@ -389,7 +389,7 @@ TEST_F(DataSpreadsheetDialogTest, CanBeMadeWithoutADataSet)
     EXPECT_EQ(table().model()->columnCount(), 0);
 }
 
-TEST_F(DataSpreadsheetDialogTest, CopiesTheSelectedRectangleWithAllDigits)
+TEST_F(DataSpreadsheetDialogTest, CopiesTheSelectedRectangleAsTheShortestTextThatReadsBackTheSame)
 {
     stage.fill(1, 1, FieldDataType_Float, ValueLocation_Nodal, [](int, std::int64_t) { return 0.1; });
     stage.show();
@@ -403,7 +403,7 @@ TEST_F(DataSpreadsheetDialogTest, CopiesTheSelectedRectangleWithAllDigits)
     QTest::keyClick(&table(), Qt::Key_Down, Qt::ShiftModifier);
     QTest::keyClick(&table(), Qt::Key_Right, Qt::ShiftModifier);
     QTest::keyClick(&table(), Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("0.100000001\t200\n0.100000001\t201"));
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("0.1\t200\n0.1\t201"));
 }
 
 TEST_F(DataSpreadsheetDialogTest, CopiesFromItsMenu)

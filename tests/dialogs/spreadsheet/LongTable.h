@@ -36,7 +36,8 @@ protected:
     {
         view.setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
         view.setHorizontalScrollMode(QAbstractItemView::ScrollPerItem);
-        SelectionText::giveTo(copyHandler, window, table);
+        SelectionText::giveTo(copyHandler, window,
+                              [this](TableWindow::Cell const& cell) { return table.getStr(cell); });
         view.resize(500, 400);
         view.show();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&view));

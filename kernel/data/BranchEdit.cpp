@@ -8,7 +8,7 @@ std::vector<FieldReplacement::ZonePart> editedField(ValuePlace const& place, std
                                                     std::shared_ptr<Buffer> copy)
 {
     std::shared_ptr<ShareGroup> const group = place.group().branch(std::move(copy));
-    group->writeBits(place.index, bits, place.cellDimensions());
+    group->writeBits(place.index, bits, place.countedValues());
     Field field(group, place.zone->fields[place.position].location());
     return {{place.zone, {{place.position, std::move(field)}}}};
 }

@@ -5,6 +5,19 @@
 
 namespace veldraw::kernel {
 
+bool KnownRange::isKnownFor(CountedValues const& counted) const
+{
+    bool const isExact = m_range.state == ValueRange::State::Exact;
+    return m_isKnown && (m_isGiven ? !(counted.hidden && isExact) : m_counted == counted);
+}
+
+ValueRange KnownRange::estimate() const
+{
+    bool const isOfAll = m_isKnown && (m_isGiven || m_counted.areAll());
+    return isOfAll && m_range.isValid() ? ValueRange{ValueRange::State::Estimated, m_range.min, m_range.max}
+                                        : ValueRange{};
+}
+
 void KnownRange::give(ValueRange const& range) noexcept
 {
     forget();
@@ -35,20 +48,23 @@ void KnownRange::forgetUnlessExact() noexcept
     }
 }
 
-void KnownRange::setComputed(ValueRange const& range, Dimensions const& dims) noexcept
+void KnownRange::setComputed(ValueRange const& range, CountedValues const& counted) noexcept
 {
     m_range = range;
     m_isKnown = true;
     m_isGiven = false;
-    m_dims = dims;
+    m_counted = counted;
 }
 
-void KnownRange::follow(double before, double after, Dimensions const& dims) noexcept
+void KnownRange::follow(std::int64_t index, double before, double after, CountedValues const& counted) noexcept
 {
     if (!m_isKnown || (m_isGiven && !m_range.isValid())) {
         return;
     }
-    bool const mayBeOther = !m_isGiven && m_dims != Dimensions{} && m_dims != dims;
+    if (!m_isGiven && m_counted == counted && counted.leaveOut(index)) {
+        return;
+    }
+    bool const mayBeOther = !m_isGiven && !m_counted.areAll() && m_counted != counted;
     bool const isFinite = std::isfinite(after);
     if (mayBeOther || !m_range.isValid()) {
         forget();

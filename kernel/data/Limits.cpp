@@ -57,11 +57,24 @@ void addValues(Buffer const& buffer, std::int64_t first, std::int64_t last, Limi
     }
 }
 
-/// Limits of the slots first ... last - 1 that belong to a cell, row by row.
-void addCells(Buffer const& buffer, std::array<std::int64_t, 3> const& dims, std::int64_t first, std::int64_t last,
-              Limits& limits)
+/// Limits of the values that no slot hides, run by run.
+void addVisible(Buffer const& buffer, HiddenSlots const* hidden, std::int64_t first, std::int64_t last, Limits& limits)
 {
-    auto const [iDim, jDim, kDim] = dims;
+    if (hidden == nullptr) {
+        addValues(buffer, first, last, limits);
+        return;
+    }
+    for (std::int64_t start = hidden->find(false, first, last); start < last;) {
+        std::int64_t const end = hidden->find(true, start, last);
+        addValues(buffer, start, end, limits);
+        start = hidden->find(false, end, last);
+    }
+}
+
+/// Limits of the slots first ... last - 1 that belong to a cell, row by row.
+void addCells(Buffer const& buffer, CountedValues const& counted, std::int64_t first, std::int64_t last, Limits& limits)
+{
+    auto const [iDim, jDim, kDim] = counted.cellsOf;
     for (std::int64_t row = first / iDim; row * iDim < last; ++row) {
         bool const unusedJ = jDim > 1 && row % jDim == jDim - 1;
         bool const unusedK = kDim > 1 && row / jDim == kDim - 1;
@@ -69,19 +82,19 @@ void addCells(Buffer const& buffer, std::array<std::int64_t, 3> const& dims, std
             continue;
         }
         std::int64_t const rowEnd = row * iDim + std::max<std::int64_t>(iDim - 1, 1);
-        addValues(buffer, std::max(first, row * iDim), std::min(last, rowEnd), limits);
+        addVisible(buffer, counted.hidden.get(), std::max(first, row * iDim), std::min(last, rowEnd), limits);
     }
 }
 
 } // namespace
 
-Limits limitsOf(Buffer const& buffer, std::array<std::int64_t, 3> const& dims, std::int64_t first, std::int64_t last)
+Limits limitsOf(Buffer const& buffer, CountedValues const& counted, std::int64_t first, std::int64_t last)
 {
     Limits limits;
-    if (dims == std::array<std::int64_t, 3>{}) {
-        addValues(buffer, first, last, limits);
+    if (counted.cellsOf == std::array<std::int64_t, 3>{}) {
+        addVisible(buffer, counted.hidden.get(), first, last, limits);
     } else {
-        addCells(buffer, dims, first, last, limits);
+        addCells(buffer, counted, first, last, limits);
     }
     return limits;
 }

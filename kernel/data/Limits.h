@@ -1,8 +1,8 @@
 #pragma once
 
 #include "kernel/data/Buffer.h"
+#include "kernel/data/CountedValues.h"
 
-#include <array>
 #include <limits>
 
 namespace veldraw::kernel {
@@ -20,9 +20,7 @@ struct Limits
     }
 };
 
-/// Limits of the finite values first ... last - 1 of @p buffer.
-/// @param dims point dimensions of an ordered zone that has the values at its cells: slots without a cell are left out; else
-///        zeros
-Limits limitsOf(Buffer const& buffer, std::array<std::int64_t, 3> const& dims, std::int64_t first, std::int64_t last);
+/// Limits of those of the finite values first ... last - 1 of @p buffer that count.
+Limits limitsOf(Buffer const& buffer, CountedValues const& counted, std::int64_t first, std::int64_t last);
 
 } // namespace veldraw::kernel

@@ -12,10 +12,10 @@ namespace {
 constexpr std::ptrdiff_t fewParts = 2;                    // sooner looked at than other threads are called together
 constexpr std::int64_t fewValues = std::int64_t{1} << 20; // looked at in less than a millisecond
 
-std::int64_t countOf(Buffer const& buffer, RangeOfParts::Dimensions const& dims)
+std::int64_t countOf(Buffer const& buffer, CountedValues const& counted)
 {
-    auto const [i, j, k] = dims;
-    if (dims == RangeOfParts::Dimensions{}) {
+    auto const [i, j, k] = counted.cellsOf;
+    if (counted.cellsOf == std::array<std::int64_t, 3>{}) {
         return buffer.size();
     }
     return i < 1 || j < 1 || k < 1 ? 0 : std::min(buffer.size(), i * j * k);
@@ -23,13 +23,13 @@ std::int64_t countOf(Buffer const& buffer, RangeOfParts::Dimensions const& dims)
 
 } // namespace
 
-ValueRange RangeOfParts::range(Buffer const& buffer, Dimensions const& dims)
+ValueRange RangeOfParts::range(Buffer const& buffer, CountedValues const& counted)
 {
-    std::int64_t const count = countOf(buffer, dims);
-    if (m_parts.empty() || m_count != count || m_dims != dims) {
+    std::int64_t const count = countOf(buffer, counted);
+    if (m_parts.empty() || m_count != count || m_counted != counted) {
         m_parts.assign(static_cast<std::size_t>(parallelChunkCount(count)), {});
         m_count = count;
-        m_dims = dims;
+        m_counted = counted;
     }
     lookAtUnknownParts(buffer);
     Limits all;
@@ -47,7 +47,7 @@ void RangeOfParts::lookAtUnknownParts(Buffer const& buffer)
     auto const look = [&](std::int64_t first, std::int64_t last, std::int64_t number) {
         Part& part = m_parts[static_cast<std::size_t>(number)];
         if (!part.isKnown) {
-            part = {limitsOf(buffer, m_dims, first, last), true};
+            part = {limitsOf(buffer, m_counted, first, last), true};
         }
     };
     auto const unknown = std::count_if(m_parts.begin(), m_parts.end(), [](Part const& part) { return !part.isKnown; });
@@ -61,13 +61,13 @@ void RangeOfParts::lookAtUnknownParts(Buffer const& buffer)
     }
 }
 
-void RangeOfParts::follow(std::int64_t index, double before, double after, Dimensions const& dims) noexcept
+void RangeOfParts::follow(std::int64_t index, double before, double after, CountedValues const& counted) noexcept
 {
-    if (m_parts.empty() || index >= m_count) {
+    if (m_parts.empty() || index >= m_count || (m_counted == counted && counted.leaveOut(index))) {
         return;
     }
     Part& part = m_parts[static_cast<std::size_t>(index / parallelChunkSize(m_count))];
-    bool const mayBeOther = m_dims != Dimensions{} && m_dims != dims;
+    bool const mayBeOther = !m_counted.areAll() && m_counted != counted;
     bool const wasLimit = std::isfinite(before) && (before <= part.limits.min || before >= part.limits.max);
     part.isKnown = part.isKnown && !mayBeOther && !wasLimit;
     if (std::isfinite(after)) {

@@ -12,16 +12,13 @@ namespace veldraw::kernel {
 class RangeOfParts
 {
 public:
-    /// Point dimensions of an ordered zone with values at its cells; zeros stand for all values.
-    using Dimensions = std::array<std::int64_t, 3>;
-
-    /// Range of the values, or of those at cells; Unknown when none is finite. Looks at the parts that are not known.
+    /// Range of the values that count; Unknown when none is finite. Looks at the parts that are not known.
     /// @param buffer the same as in the last call, with the same values but for what was followed since
     /// @throws std::bad_alloc
-    ValueRange range(Buffer const& buffer, Dimensions const& dims);
+    ValueRange range(Buffer const& buffer, CountedValues const& counted);
 
-    /// The value at a zero-based @p index has become another one. @param dims as in range(), of the zone that it was changed in
-    void follow(std::int64_t index, double before, double after, Dimensions const& dims) noexcept;
+    /// The value at a zero-based @p index has become another one. @param counted as in range(), of the zone that it was changed in
+    void follow(std::int64_t index, double before, double after, CountedValues const& counted) noexcept;
 
     /// All may have become others.
     void forget() noexcept { m_parts.clear(); }
@@ -37,7 +34,7 @@ private:
 
     std::vector<Part> m_parts; // empty: nothing is known
     std::int64_t m_count = 0;
-    Dimensions m_dims{};
+    CountedValues m_counted;
 };
 
 } // namespace veldraw::kernel

@@ -72,33 +72,31 @@ void ShareGroup::restoreRange(KnownRange const& range) noexcept
     }
 }
 
-void ShareGroup::writeBits(std::int64_t index, std::uint64_t bits, KnownRange::Dimensions const& dims) noexcept
+void ShareGroup::writeBits(std::int64_t index, std::uint64_t bits, CountedValues const& counted) noexcept
 {
     double const before = m_buffer->value(index);
     m_buffer->setBits(index, bits);
     double const after = m_buffer->value(index);
     m_isAltered = true;
-    m_parts.follow(index, before, after, dims);
+    m_parts.follow(index, before, after, counted);
     KnownRange known = m_range;
-    m_range.follow(before, after, dims);
-    if (isMapped() && !m_range.isKnownFor(dims)) { // not to be computed
+    m_range.follow(index, before, after, counted);
+    if (isMapped() && !m_range.isKnownFor(counted)) { // not to be computed
         known.makeEstimate();
         m_range = known;
-        m_range.follow(before, after, dims);
+        m_range.follow(index, before, after, counted);
     }
 }
 
-ValueRange const& ShareGroup::cellRange(std::int64_t i, std::int64_t j, std::int64_t k) const
+ValueRange ShareGroup::range(CountedValues const& counted) const
 {
-    KnownRange::Dimensions const dims{i, j, k};
-    if (m_range.isKnownFor(dims)) {
+    if (m_range.isKnownFor(counted)) {
         return m_range.range();
     }
     if (!m_buffer) {
-        static ValueRange const unknown;
-        return unknown;
+        return m_range.estimate();
     }
-    m_range.setComputed(m_parts.range(*m_buffer, dims), dims);
+    m_range.setComputed(m_parts.range(*m_buffer, counted), counted);
     return m_range.range();
 }
 

@@ -61,16 +61,12 @@ public:
 
     /// Writes one value as it is stored, in place, also when the buffer is held, and keeps the range up to date.
     /// @param index zero-based, not checked; the values are loaded
-    /// @param dims point dimensions when the value is that of a cell of an ordered zone, else zeros
-    void writeBits(std::int64_t index, std::uint64_t bits, KnownRange::Dimensions const& dims) noexcept;
+    /// @param counted values that count in the zone that it is changed in
+    void writeBits(std::int64_t index, std::uint64_t bits, CountedValues const& counted) noexcept;
 
-    /// Range of the finite values, computed on the first call after a change and kept; what is known of it while the
-    /// values are not loaded.
-    ValueRange const& range() const { return cellRange(0, 0, 0); }
-
-    /// Range of the finite values at the cells of an ordered zone with these point dimensions: the slots that no cell
-    /// has are left out. Kept as range() is.
-    ValueRange const& cellRange(std::int64_t i, std::int64_t j, std::int64_t k) const;
+    /// Range of those of the finite values that count, computed on the first call after a change and kept; what is known of it
+    /// while the values are not loaded.
+    ValueRange range(CountedValues const& counted = {}) const;
 
     /// A range known without looking at the values, for instance from a file's header.
     void setKnownRange(ValueRange const& range) { m_range.give(range); }

@@ -2,12 +2,6 @@
 
 namespace veldraw::kernel {
 
-KnownRange::Dimensions ValuePlace::cellDimensions() const
-{
-    bool const isCell = zone->isOrdered() && zone->fields[position].location() == ValueLocation_CellCentered;
-    return isCell ? KnownRange::Dimensions{zone->i, zone->j, zone->k} : KnownRange::Dimensions{};
-}
-
 ValueEdit::ValueEdit(EventHub& hub, ValuePlace place, std::uint64_t bits, std::shared_ptr<Buffer> copy,
                      StateChangeEvent event)
     : m_hub(hub)
@@ -36,7 +30,7 @@ void ValueEdit::exchange() noexcept
     ShareGroup& group = m_place.group();
     std::uint64_t const bits = group.buffer()->bits(m_place.index);
     KnownRange const range = group.knownRange();
-    group.writeBits(m_place.index, m_otherBits, m_place.cellDimensions());
+    group.writeBits(m_place.index, m_otherBits, m_place.countedValues());
     if (m_otherRange.isKnown()) {
         group.restoreRange(m_otherRange); // all values are what they were then
     }

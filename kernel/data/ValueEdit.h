@@ -15,8 +15,8 @@ struct ValuePlace
 
     ShareGroup& group() const { return *zone->fields[position].group(); }
 
-    /// As the group's range wants them: of the zone where the value is that of a cell of an ordered zone, else zeros.
-    KnownRange::Dimensions cellDimensions() const;
+    /// Values of the field that count in its range.
+    CountedValues countedValues() const { return zone->countedValues(zone->fields[position].location()); }
 };
 
 /// Stores one value in place, and the old bits again. No array is held: each way finds the group by the field, which stands

@@ -2,7 +2,9 @@
 
 #include "kernel/data/AuxiliaryData.h"
 #include "kernel/data/Identifier.h"
+#include "kernel/data/SourceArray.h"
 
+#include <memory>
 #include <string>
 
 namespace veldraw::kernel {
@@ -20,6 +22,11 @@ struct Variable
     std::string name; ///< UTF-8
     bool enabled = true;
     AuxiliaryData auxiliaryData;
+
+    /// The array of a file that the variable came from; null when it came from none, or from one of its own with its name. Under
+    /// another name than it was given then, the variable stands for itself.
+    std::shared_ptr<SourceArray const> sourceArray;
+    int component = 0; ///< of it, from 0
 };
 
 } // namespace veldraw::kernel

@@ -55,6 +55,7 @@ void Zone::setDimensions(ZoneDimensions const& dimensions) noexcept
     j = dimensions.j;
     k = dimensions.k;
     connectivity = dimensions.connectivity;
+    blanking = dimensions.blanking;
 }
 
 std::int64_t Zone::pointCount() const
@@ -106,6 +107,25 @@ int Zone::dimensionality() const
     return 0;
 }
 
+std::shared_ptr<HiddenSlots const> Zone::hidden(ValueLocation_e location) const
+{
+    return blanking ? blanking->hidden(location) : nullptr;
+}
+
+bool Zone::isHidden(ValueLocation_e location, std::int64_t slot) const
+{
+    return blanking && blanking->hidden(location) && blanking->hidden(location)->contains(slot);
+}
+
+CountedValues Zone::countedValues(ValueLocation_e location) const
+{
+    CountedValues counted{{}, hidden(location)};
+    if (isOrdered() && location == ValueLocation_CellCentered) {
+        counted.cellsOf = {i, j, k};
+    }
+    return counted;
+}
+
 ValueRange Zone::range(int variable) const
 {
     if (variable < 1 || variable > static_cast<int>(fields.size())) {
@@ -115,8 +135,7 @@ ValueRange Zone::range(int variable) const
     if (field.isPassive()) {
         return {};
     }
-    bool const hasUnusedSlots = isOrdered() && field.location() == ValueLocation_CellCentered;
-    return hasUnusedSlots ? field.group()->cellRange(i, j, k) : field.group()->range();
+    return field.group()->range(countedValues(field.location()));
 }
 
 } // namespace veldraw::kernel

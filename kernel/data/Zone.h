@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kernel/data/AuxiliaryData.h"
+#include "kernel/data/Blanking.h"
 #include "kernel/data/Connectivity.h"
 #include "kernel/data/DimensionsLoader.h"
 #include "kernel/data/Field.h"
@@ -45,10 +46,19 @@ struct Zone
     /// Number of dimensions above 1 for ordered zones; 1 for line segments, 2 for surface cells, 3 for volume cells.
     int dimensionality() const;
 
-    /// Range of a variable's finite values in this zone; slots of cell-centred values that no cell has are left out. Never
-    /// loads: what is known of values that are not loaded.
+    /// Range of a variable's finite values in this zone, without those of hidden points and cells and of slots that no cell has.
+    /// Never loads: what is known of values that are not loaded.
     /// @param variable one-based number. @return Unknown for a bad number, a passive field, or when no value is finite
     ValueRange range(int variable) const;
+
+    /// The points or cells that are hidden, by their value slots; null when none is. They are in no plot and count in no range.
+    std::shared_ptr<HiddenSlots const> hidden(ValueLocation_e location) const;
+
+    /// @param slot zero-based; one that does not exist is not hidden
+    bool isHidden(ValueLocation_e location, std::int64_t slot) const;
+
+    /// Which values of a field of this zone count in its range.
+    CountedValues countedValues(ValueLocation_e location) const;
 
     UniqueId id;
     std::string name; ///< UTF-8
@@ -60,6 +70,9 @@ struct Zone
     int strand = staticStrand;
     bool enabled = true;
     std::shared_ptr<Connectivity const> connectivity; ///< null for ordered zones
+    std::shared_ptr<Blanking const> blanking;         ///< null when no point and no cell is marked
+    std::string
+        fileFormat; ///< extension of the file that the zone came from, such as "vtp"; empty when it came from none
     AuxiliaryData auxiliaryData;
     std::shared_ptr<DimensionsLoader> dimensionsLoader; ///< null when the dimensions are known from the start
     std::vector<Field> fields;                          ///< one a variable, in the order of the variables

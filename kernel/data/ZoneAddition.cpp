@@ -82,7 +82,8 @@ void ZoneAddition::apply() noexcept
     for (Copy& copy : m_copies) {
         copy.zone->fields = copy.source->fields; // into the room that there is
         if (copy.zone->isDeferred()) {           // what the source has learnt of itself meanwhile
-            copy.zone->setDimensions({copy.source->i, copy.source->j, copy.source->k, copy.source->connectivity});
+            Zone const& now = *copy.source;
+            copy.zone->setDimensions({now.i, now.j, now.k, now.connectivity, now.blanking});
         }
         for (NewField& own : copy.fields) {
             copy.zone->fields[own.position] = std::move(own.field);

@@ -85,11 +85,11 @@ struct ManyZeros
 
     ManyZeros() { expectRange(parts.range(*buffer, {}), 0, 0); }
 
-    void set(std::int64_t index, double value, RangeOfParts::Dimensions const& dims = {})
+    void set(std::int64_t index, double value, CountedValues const& counted = {})
     {
         double const before = buffer->value(index);
         buffer->setValue(index, value);
-        parts.follow(index, before, buffer->value(index), dims);
+        parts.follow(index, before, buffer->value(index), counted);
     }
 
     std::shared_ptr<Buffer> buffer = Buffer::allocate(FieldDataType_Float, count);
@@ -139,9 +139,9 @@ TEST(RangeOfParts, KnowsNothingOfCellsFromTheValuesOfAllSlots)
     many.set(endOfRow - 2, -1);
     many.set(endOfRow - 1, 1);
     many.set(endOfRow, 0.5);
-    RangeOfParts::Dimensions const inTwoRows{ManyZeros::count / 2, 2, 1};
+    CountedValues const inTwoRows{{ManyZeros::count / 2, 2, 1}, nullptr};
     expectRange(many.parts.range(*many.buffer, inTwoRows), -1, 1);
-    many.set(endOfRow, 8, {2, 3, 4});
+    many.set(endOfRow, 8, {{2, 3, 4}, nullptr});
     expectRange(many.parts.range(*many.buffer, inTwoRows), -1, 1);
     many.set(17, 4, inTwoRows);
     expectRange(many.parts.range(*many.buffer, inTwoRows), -1, 4);
@@ -232,7 +232,7 @@ TEST(Range, ThatTheLoaderGaveIsKeptUntilTheValuesChange)
     Field const field = sample::field({1, 2, 3});
     field.group()->setKnownRange({ValueRange::State::Estimated, 0, 10});
     EXPECT_EQ(field.group()->range().state, ValueRange::State::Estimated);
-    EXPECT_EQ(field.group()->cellRange(3, 1, 1).max, 10);
+    EXPECT_EQ(field.group()->range({{3, 1, 1}, nullptr}).max, 10);
     field.group()->writableBuffer().setValue(0, 5);
     expectRange(field.group()->range(), 2, 5);
 }

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "kernel/data/Buffer.h"
+#include "kernel/data/HiddenSlots.h"
+
+#include <memory>
+
+namespace veldraw::kernel {
+
+struct Zone;
+
+/// Marks at the points and cells of a zone, as a file had them, and which of these they hide.
+///
+/// A mark is a byte of bits, which mean what they mean in VTK's files. A point is hidden by hiddenPoint, and when each of its
+/// cells is marked as hidden. A cell is hidden by duplicateCell (another zone has it too), refinedCell (finer cells stand in
+/// its place) and hiddenCell, and when one of its corners is marked as hidden. The other bits hide nothing.
+/// Nothing of it ever changes, so that copies of a zone share it.
+class Blanking
+{
+public:
+    static constexpr unsigned char hiddenPoint = 2;
+    static constexpr unsigned char duplicateCell = 1;
+    static constexpr unsigned char refinedCell = 8;
+    static constexpr unsigned char hiddenCell = 32;
+
+    struct Marks
+    {
+        std::shared_ptr<Buffer const> ofPoints; ///< bytes, one a point; null for none
+        std::shared_ptr<Buffer const>
+            ofCells; ///< bytes, one a cell, without unused slots in an ordered zone too; null for none
+    };
+
+    /// @param zone with known dimensions and its cells
+    /// @param marks of as many points and cells as the zone has
+    /// @throws std::bad_alloc
+    Blanking(Zone const& zone, Marks marks);
+
+    Marks const& marks() const { return m_marks; }
+
+    /// The points or cells that are hidden, by their value slots; null when none is.
+    std::shared_ptr<HiddenSlots const> const& hidden(ValueLocation_e location) const
+    {
+        return location == ValueLocation_Nodal ? m_points : m_cells;
+    }
+
+private:
+    Marks m_marks;
+    std::shared_ptr<HiddenSlots const> m_points;
+    std::shared_ptr<HiddenSlots const> m_cells;
+};
+
+} // namespace veldraw::kernel

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+namespace veldraw::kernel {
+
+/// Which points, or which cells, of a zone are hidden: a bit for each value slot.
+class HiddenSlots
+{
+public:
+    /// None of @p size slots is hidden. @throws std::bad_alloc
+    explicit HiddenSlots(std::int64_t size);
+
+    /// @param slot zero-based; one that does not exist is not hidden
+    bool contains(std::int64_t slot) const
+    {
+        return slot >= 0 && slot < m_size && ((m_words[word(slot)] >> bit(slot)) & 1U) != 0;
+    }
+
+    /// @param slot that exists
+    void insert(std::int64_t slot) { m_words[word(slot)] |= std::uint64_t{1} << bit(slot); }
+
+    /// The first slot from @p first on that is hidden, or not; @p last when there is none before it. Slots that do not exist are
+    /// not hidden.
+    std::int64_t find(bool hidden, std::int64_t first, std::int64_t last) const;
+
+    std::int64_t size() const { return m_size; }
+    std::int64_t count() const; ///< of those that are hidden
+
+private:
+    static constexpr std::int64_t wordSize = 64;
+
+    static std::size_t word(std::int64_t slot) { return static_cast<std::size_t>(slot / wordSize); }
+    static unsigned bit(std::int64_t slot) { return static_cast<unsigned>(slot % wordSize); }
+
+    std::int64_t m_size;
+    std::vector<std::uint64_t> m_words;
+};
+
+} // namespace veldraw::kernel

@@ -29,6 +29,7 @@ void endForwarding()
 {
     isForwarding = false;
     kernel::api::setLoadFailureListener({});
+    kernel::Session::instance().setRemarkListener({});
     kernel::Session::instance().events().unsubscribe(subscription);
 }
 
@@ -47,6 +48,8 @@ void KernelBridge::install()
         return;
     subscription = kernel::Session::instance().events().subscribe(forward);
     kernel::api::setLoadFailureListener(noteLoadFailure);
+    kernel::Session::instance().setRemarkListener(
+        [](std::string const& text) { MessageLog::instance().add(MessageBoxType_Information, text); });
     isForwarding = true;
 }
 

@@ -5,7 +5,7 @@
 namespace veldraw::host {
 
 /// Forwards the kernel's events to the platform's observable, synchronously, and takes down in the message log why something
-/// could not be loaded.
+/// could not be loaded, and what an operation has left as it was.
 class VELDRAW_PLATFORM_API KernelBridge
 {
 public:

@@ -78,7 +78,7 @@ Blanking::Blanking(Zone const& zone, Marks marks)
     HiddenSlots lonely(pointCount);  // points with a cell that is marked
     HiddenSlots visited(pointCount); // points with a cell that is not
     forCells(zone, [&](std::int64_t cell, std::int64_t slot, std::int64_t const* first, std::int64_t const* last) {
-        bool const isHidden = isMarked(m_marks.ofCells.get(), cell, duplicateCell | refinedCell | hiddenCell);
+        bool const isHidden = isMarked(m_marks.ofCells.get(), cell, hidingCellMarks);
         std::for_each(first, last, [&](std::int64_t point) { (isHidden ? lonely : visited).insert(point); });
         if (isHidden || std::any_of(first, last, [&](std::int64_t point) { return points->contains(point); })) {
             cells->insert(slot);

@@ -22,6 +22,7 @@ public:
     static constexpr unsigned char duplicateCell = 1;
     static constexpr unsigned char refinedCell = 8;
     static constexpr unsigned char hiddenCell = 32;
+    static constexpr unsigned char hidingCellMarks = duplicateCell | refinedCell | hiddenCell;
 
     struct Marks
     {

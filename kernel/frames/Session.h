@@ -255,6 +255,9 @@ public:
     std::string const& lastError() const { return m_lastError; }
     void setLastError(std::string error) { m_lastError = std::move(error); }
 
+    /// Who hears what an operation that has succeeded did not do, in words for the message log; nobody at first.
+    void setRemarkListener(std::function<void(std::string const&)> listener) { m_remarkListener = std::move(listener); }
+
     /// Notes why an operation is refused; always false.
     bool refuse(char const* reason) noexcept;
 
@@ -275,6 +278,7 @@ private:
     void performOperation(std::string const& name, std::shared_ptr<DeferredLoad> const& load,
                           std::function<void(Progress&)> const& work,
                           std::function<std::shared_ptr<Change>()> const& makeChange);
+    void remark(std::string const& text) noexcept;
     bool setLayer(UniqueId frame, bool Frame::*layer, bool on, char const* step, char const* group, char const* name);
 
     /// Gives @p target another value in one undoable step; nothing at all happens when it has the value already.
@@ -297,6 +301,7 @@ private:
     Display* m_display = nullptr;
     bool m_isDrawing = true;
     std::string m_lastError;
+    std::function<void(std::string const&)> m_remarkListener;
     std::unique_ptr<StyleTree> m_style;
 };
 

@@ -4,6 +4,7 @@
 #include "kernel/data/FieldReplacement.h"
 #include "kernel/data/FieldRotation.h"
 #include "kernel/data/MemoryDemand.h"
+#include "kernel/data/UnturnedVectors.h"
 #include "kernel/data/ZoneAddition.h"
 #include "kernel/frames/RefusalReasons.h"
 #include "kernel/frames/SessionGuard.h"
@@ -125,6 +126,40 @@ NumberSet zonesOf(std::vector<FieldReplacement::ZonePart> const& parts, NumberSe
     return changed;
 }
 
+/// The variables that are turned, those along the axis included.
+NumberSet turnedVariables(SpatialVariables const& variables)
+{
+    NumberSet turned;
+    for (std::size_t component = 0; component < variables.dimensions(); ++component) {
+        turned.insert(variables.coordinates[component]);
+        turned.insert(variables.hasVector ? variables.vector[component] : 0);
+    }
+    return turned;
+}
+
+/// The frame's coordinates and vector.
+NumberSet mirroredAsAWhole(Frame const& frame)
+{
+    NumberSet variables;
+    for (char const assignment : {'X', 'Y', 'Z', 'U', 'V', 'W'}) {
+        variables.insert(frame.variableNumber(assignment));
+    }
+    return variables;
+}
+
+/// What an operation leaves as it is though it is a vector or a tensor; empty when there is no such thing.
+std::string remarkOnVectors(char const* operation, DataSet const& dataSet, NumberSet const& zones,
+                            NumberSet const& turned, std::size_t dimensions)
+{
+    std::string list;
+    for (std::string const& name : unturnedVectors(dataSet, zones, turned, dimensions)) {
+        list += (list.empty() ? "\"" : ", \"") + name + "\"";
+    }
+    return list.empty() ? list
+                        : std::string(operation) + ": vectors and tensors that were left as they are: " + list +
+                              ". Only the frame's vector is transformed.";
+}
+
 /// The variables that a mirror changes; empty, with a reason, when it cannot.
 NumberSet mirroredVariables(Frame const& frame, char coordinate, char const*& reason)
 {
@@ -174,6 +209,8 @@ bool Session::rotateZones(DataSet& dataSet, NumberSet const& zones, SpatialVaria
         if (reason != nullptr || !std::isfinite(degrees)) {
             return refuse(reason != nullptr ? reason : "The angle must be a finite number.");
         }
+        std::string remarks =
+            remarkOnVectors("Axial Rotation", *shown, zones, turnedVariables(variables), variables.dimensions());
         auto const load = loadForRotation(dataSet, zones, variables, Rotation(axis, degrees));
         std::vector<FieldReplacement::ZonePart> parts;
         auto const work = [&](Progress& progress) {
@@ -184,11 +221,13 @@ bool Session::rotateZones(DataSet& dataSet, NumberSet const& zones, SpatialVaria
         performOperation("Axial Rotation", load, work, [&]() -> std::shared_ptr<Change> {
             NumberSet const changed = variablesOf(parts);
             if (changed.empty()) {
+                remarks.clear();
                 return nullptr;
             }
             StateChangeEvent event{StateChange_ValuesAltered, zonesOf(parts, zones), changed, {}, 0};
             return std::make_shared<FieldReplacement>(m_events, std::move(parts), std::move(event));
         });
+        remark(remarks);
         return true;
     });
 }
@@ -205,6 +244,8 @@ bool Session::duplicateZonesAxially(DataSet& dataSet, NumberSet const& zones, Sp
         if (reason != nullptr) {
             return refuse(reason);
         }
+        std::string const remarks =
+            remarkOnVectors("Axial Duplication", *shown, zones, turnedVariables(variables), variables.dimensions());
         constexpr long double anyAngle = 1; // the copies may turn by different ones
         auto const load = loadForRotation(dataSet, zones, variables, Rotation(axis, anyAngle));
         AxialDuplication duplication(dataSet, zones, variables, axis, copies);
@@ -212,6 +253,7 @@ bool Session::duplicateZonesAxially(DataSet& dataSet, NumberSet const& zones, Sp
         auto const work = [&](Progress& progress) { duplication.run(progress); };
         performOperation("Axial Duplication", load, work,
                          [&] { return std::make_shared<ZoneAddition>(m_events, shown, duplication.takeCopies()); });
+        remark(remarks);
         return true;
     });
 }
@@ -226,6 +268,8 @@ bool Session::mirrorZones(UniqueId frame, NumberSet const& zones, char coordinat
         if (reason != nullptr) {
             return refuse(reason);
         }
+        std::string const remarks = remarkOnVectors("Create Mirror Zone", *shown, zones, mirroredAsAWhole(*found),
+                                                    found->variableNumber('Z') != 0 ? 3 : 2);
         auto const load = std::make_shared<DeferredLoad>(*shown);
         for (int const zone : zones) {
             for (int const variable : variables) {
@@ -242,8 +286,20 @@ bool Session::mirrorZones(UniqueId frame, NumberSet const& zones, char coordinat
         };
         performOperation("Create Mirror Zone", load, work,
                          [&] { return std::make_shared<ZoneAddition>(m_events, shown, std::move(copies)); });
+        remark(remarks);
         return true;
     });
+}
+
+void Session::remark(std::string const& text) noexcept
+{
+    try {
+        if (m_remarkListener && !text.empty()) {
+            m_remarkListener(text);
+        }
+    } catch (...) {
+        return; // what has been done is done, whether somebody could be told of it or not
+    }
 }
 
 } // namespace veldraw::kernel

@@ -3,8 +3,6 @@
 #include "kernel/frames/Session.h"
 #include "platform/vdsdkcommon/DataSetQueries.h"
 
-#include <algorithm>
-
 namespace veldraw::sdk {
 
 using host::KernelAccess;
@@ -73,7 +71,7 @@ Set getActiveFieldMaps()
     Set numbers;
     std::vector<kernel::NumberSet> const maps = kernel::fieldMaps(*dataSet);
     for (std::size_t n = 0; n < maps.size(); ++n) {
-        if (std::any_of(maps[n].begin(), maps[n].end(), [&dataSet](int zone) { return dataSet->zone(zone)->enabled; }))
+        if (!maps[n].empty())
             numbers.add(static_cast<long long>(n + 1));
     }
     return numbers;

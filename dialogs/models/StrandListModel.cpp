@@ -9,7 +9,7 @@
 #include <boost/shared_ptr.hpp>
 
 #include <cstddef>
-#include <set>
+#include <map>
 #include <vector>
 
 namespace veldraw::sdk::ui::dialogs::propertybindings::models {
@@ -24,17 +24,21 @@ bool isStrand(int strand)
     return strand >= 0 && strand < noStrand;
 }
 
-/// The lowest zone of each field map, by the numbers of the maps: one a strand and one a zone on its own, in the order of
-/// their lowest zones. One walk over the zones; asking the kernel map by map would be one walk each.
-std::vector<int> lowestZones()
+/// The lowest enabled zone of each field map, 0 where there is none, by the numbers of the maps: one a strand and one a zone
+/// on its own, in the order of their lowest zones. One walk over the zones; asking the kernel map by map would be one each.
+std::vector<int> lowestEnabledZones()
 {
     std::vector<int> zones;
-    std::set<int> strands;
+    std::map<int, std::size_t> places;
     int const count = VelUtilDataSetGetNumZones();
     for (int zone = 1; zone <= count; ++zone) {
         int const strand = VelUtilZoneGetStrandID(zone);
-        if (!isStrand(strand) || strands.insert(strand).second)
-            zones.push_back(zone);
+        std::size_t const place =
+            isStrand(strand) ? places.try_emplace(strand, zones.size()).first->second : zones.size();
+        if (place == zones.size())
+            zones.push_back(0);
+        if (zones[place] == 0 && VelUtilZoneIsEnabled(zone))
+            zones[place] = zone;
     }
     return zones;
 }
@@ -45,7 +49,7 @@ class FieldMapNames
 public:
     toolbox::Set read()
     {
-        m_lowestZones = lowestZones();
+        m_lowestZones = lowestEnabledZones();
         return getActiveFieldMaps();
     }
 

@@ -14,10 +14,13 @@ Pick const* pick(int number)
     return exists ? &picks[static_cast<std::size_t>(number - 1)] : nullptr;
 }
 
+/// Number of a picked zone that the active data set has and that is enabled, else 0.
 int zoneNumber(Pick const* found)
 {
     std::shared_ptr<DataSet> const dataSet = session().activeDataSet();
-    return found != nullptr && found->type == Pick::zoneType && dataSet ? dataSet->zoneNumber(found->zone) : 0;
+    bool const isZone = found != nullptr && found->type == Pick::zoneType && dataSet;
+    int const number = isZone ? dataSet->zoneNumber(found->zone) : 0;
+    return number != 0 && dataSet->zone(number)->enabled ? number : 0;
 }
 
 } // namespace
@@ -33,9 +36,9 @@ int VelUtilPickListGetType(int number)
     if (found == nullptr) {
         return 0;
     }
-    // A zone that the active data set does not have has no number, so to the caller it is no picked zone.
-    bool const isForeign = found->type == Pick::zoneType && zoneNumber(found) == 0;
-    return isForeign ? 0 : found->type;
+    // To the caller a zone without a number is no picked zone.
+    bool const isHidden = found->type == Pick::zoneType && zoneNumber(found) == 0;
+    return isHidden ? 0 : found->type;
 }
 
 int VelUtilPickListGetZoneNumber(int number)

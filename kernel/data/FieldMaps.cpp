@@ -11,17 +11,16 @@ std::vector<NumberSet> fieldMaps(DataSet const& dataSet)
     std::vector<NumberSet> maps;
     std::map<int, std::size_t> mapOfStrand;
     for (int number = 1; number <= dataSet.zoneCount(); ++number) {
-        int const strand = dataSet.zone(number)->strand;
-        bool const isStatic = !StrandNumbers::isStrand(strand);
-        auto const known = isStatic ? mapOfStrand.end() : mapOfStrand.find(strand);
-        if (known != mapOfStrand.end()) {
-            maps[known->second].insert(number);
-            continue;
+        Zone const& zone = *dataSet.zone(number);
+        bool const isStatic = !StrandNumbers::isStrand(zone.strand);
+        std::size_t const place =
+            isStatic ? maps.size() : mapOfStrand.try_emplace(zone.strand, maps.size()).first->second;
+        if (place == maps.size()) {
+            maps.emplace_back();
         }
-        if (!isStatic) {
-            mapOfStrand.emplace(strand, maps.size());
+        if (zone.enabled) {
+            maps[place].insert(number);
         }
-        maps.push_back({number});
     }
     return maps;
 }

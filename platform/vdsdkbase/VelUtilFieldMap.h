@@ -10,7 +10,7 @@
 extern "C" {
 #endif
 
-/// Zones of a field map.
+/// Enabled zones of a field map. The set is empty when none of its zones is enabled; the number stays the map's all the same.
 /// @param fieldMap one-based number
 /// @param zones receives a new set of one-based numbers that the caller owns; null on failure
 /// @return false for a number that does not exist

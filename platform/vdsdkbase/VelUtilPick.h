@@ -13,12 +13,12 @@ extern "C" {
 /// Number of picked objects.
 VELDRAW_PLATFORM_API int VelUtilPickListGetCount(void);
 
-/// Kind of a picked object, 15 = a zone of the active data set; 0 for a zone of another one and for a number that does not
+/// Kind of a picked object, 15 = an enabled zone of the active data set; 0 for any other zone and for a number that does not
 /// exist.
 /// @param number one-based
 VELDRAW_PLATFORM_API int VelUtilPickListGetType(int number);
 
-/// One-based number of a picked zone; 0 for a number that does not exist or is not of a zone.
+/// One-based number of a picked zone that is enabled; 0 for anything else.
 /// @param number one-based
 VELDRAW_PLATFORM_API int VelUtilPickListGetZoneNumber(int number);
 

@@ -368,6 +368,10 @@ TEST_F(CFunctions, HandOutFieldMaps)
     std::unique_ptr<Set_s> const owned(zones);
     EXPECT_THAT(owned->members, ElementsAre(2));
     EXPECT_FALSE(VelUtilFieldMapGetZones(1, nullptr));
+    session.setZoneEnabled(*dataSet, 2, false);
+    EXPECT_TRUE(VelUtilFieldMapGetZones(2, &zones)) << "is there, without an enabled zone";
+    std::unique_ptr<Set_s> const empty(zones);
+    EXPECT_THAT(empty->members, testing::IsEmpty());
 }
 
 TEST_F(CFunctions, HandOutLoaderInstructions)
@@ -573,6 +577,11 @@ TEST_F(CFunctions, KnowPicksMouseInterruptAndPaper)
     EXPECT_EQ(VelUtilPickListGetZoneNumber(1), 2);
     EXPECT_EQ(VelUtilPickListGetType(2), 3);
     EXPECT_EQ(VelUtilPickListGetZoneNumber(2), 0);
+    session.setZoneEnabled(*dataSet, 2, false);
+    EXPECT_EQ(VelUtilPickListGetType(1), 0) << "is not shown";
+    EXPECT_EQ(VelUtilPickListGetZoneNumber(1), 0);
+    session.setZoneEnabled(*dataSet, 2, true);
+    EXPECT_EQ(VelUtilPickListGetZoneNumber(1), 2);
     session.setPicks({{Pick::zoneType, dataSet->id()}});
     EXPECT_EQ(VelUtilPickListGetType(1), 0) << "no zone of the active data set";
     EXPECT_EQ(VelUtilPickListGetZoneNumber(1), 0);

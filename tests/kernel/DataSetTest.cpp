@@ -143,6 +143,21 @@ TEST(FieldMaps, AreOneAStrandAndOneAStaticZoneByLowestZone)
     EXPECT_EQ(fieldMaps(*dataSet), expected);
 }
 
+TEST(FieldMaps, HaveTheirEnabledZonesAndKeepTheirNumbers)
+{
+    auto const dataSet = sample::twoPlanes();
+    for (int const strand : {7, 7, 3}) {
+        auto zone = std::make_shared<Zone>("z", ZoneType_Ordered, 1, 1, 1);
+        zone->strand = strand;
+        dataSet->addZone(zone);
+    }
+    dataSet->zone(1)->enabled = false;
+    dataSet->zone(3)->enabled = false;
+    EXPECT_EQ(fieldMaps(*dataSet), (std::vector<NumberSet>{{}, {2}, {4}, {5}}));
+    dataSet->zone(4)->enabled = false;
+    EXPECT_EQ(fieldMaps(*dataSet), (std::vector<NumberSet>{{}, {2}, {}, {5}}));
+}
+
 TEST(AuxiliaryData, KeepsItsItemsInOrderOfNamesWithoutRegardToCase)
 {
     AuxiliaryData data;

@@ -131,6 +131,20 @@ TEST_F(ZoneListModelGroupableByStrandTest, TakesZeroForAStrandAndNumbersBeyondTh
     EXPECT_EQ(toolbox::Set::Take(handle).members(), (toolbox::Set::Members{1, 3}));
 }
 
+TEST_F(ZoneListModelGroupableByStrandTest, NamesAStrandAfterItsLowestEnabledZone)
+{
+    ZoneListModelGroupableByStrand const zones;
+    zones.groupByTimeStrand()->setValue(true);
+    ASSERT_TRUE(session.setZoneEnabled(sample.dataSet(), 1, false));
+    EXPECT_EQ(rows(zones), "1=1: t1 (strand 7) | 2=2: Wall | 3=3: Probe | 4=4: s0 (strand 2)");
+    ASSERT_TRUE(session.setZoneEnabled(sample.dataSet(), 3, false));
+    EXPECT_EQ(rows(zones), "2=2: Wall | 3=3: Probe | 4=4: s0 (strand 2)");
+    ASSERT_TRUE(session.setZoneEnabled(sample.dataSet(), 1, true));
+    EXPECT_EQ(rows(zones), "1=1: t0 (strand 7) | 2=2: Wall | 3=3: Probe | 4=4: s0 (strand 2)");
+    ASSERT_TRUE(session.setZoneEnabled(sample.dataSet(), 5, false));
+    EXPECT_EQ(rows(zones), "1=1: t0 (strand 7) | 2=2: Wall | 3=3: Probe");
+}
+
 TEST_F(ZoneListModelGroupableByStrandTest, FollowsTheKernelInBothStates)
 {
     ZoneListModelGroupableByStrand const zones;

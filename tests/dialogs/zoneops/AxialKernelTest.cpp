@@ -106,6 +106,30 @@ TEST_F(AxialRotationKernelTest, TurnsTheZonesOfTheSelectedStrands)
                   ", {1, 3}, (1, 2, 3), true, (4), (5), (6), true, 360, (0, 0, 0), (0, 0, 1))");
 }
 
+TEST_F(AxialRotationKernelTest, TurnsNothingThatTheListDoesNotShow)
+{
+    makeStrand();
+    click("selectByStrand");
+    clickRow(0);
+    sample.session().setZoneEnabled(sample.dataSet(), 1, false);
+    IdleDispatcher::flush();
+    EXPECT_THAT(rows(), ElementsAre("*1: Tail (strand 1)", "2: Body"));
+    EXPECT_EQ(refusedCall("VelUtilDataRotate"),
+              "VelUtilDataRotate(" + dataSet() +
+                  ", {3}, (1, 2, 3), true, (4), (5), (6), true, 360, (0, 0, 0), (0, 0, 1))");
+}
+
+TEST_F(AxialRotationKernelTest, TurnsNoZoneThatIsDisabledAfterItWasPicked)
+{
+    delete &dialog();
+    pick({zonePick(1), zonePick(2)});
+    sample.session().setZoneEnabled(sample.dataSet(), 1, false);
+    launched();
+    EXPECT_EQ(refusedCall("VelUtilDataRotate"),
+              "VelUtilDataRotate(" + dataSet() +
+                  ", {2}, (1, 2, 3), true, (4), (5), (6), true, 360, (0, 0, 0), (0, 0, 1))");
+}
+
 TEST_F(AxialRotationKernelTest, AsksForNothingWithoutASelection)
 {
     EXPECT_THAT(callsOfAction(),

@@ -113,6 +113,13 @@ TEST_F(AxialRotationPropertiesManagerTest, PassesOverAPickedZoneThatIsGone)
     EXPECT_THAT(Manager().selectedZones()->value(), ElementsAre(2));
 }
 
+TEST_F(AxialRotationPropertiesManagerTest, PassesOverAPickedZoneThatIsDisabled)
+{
+    pick({zonePick(2), zonePick(3)});
+    sample.session().setZoneEnabled(sample.dataSet(), 3, false);
+    EXPECT_THAT(Manager().selectedZones()->value(), ElementsAre(2));
+}
+
 TEST_F(AxialRotationPropertiesManagerTest, ReadsThePickListOnceFromItsFirstEntryOn)
 {
     pick({{7, 0}, zonePick(2)});
@@ -156,6 +163,18 @@ TEST_F(AxialRotationPropertiesManagerTest, ProcessesAllZonesOfTheSelectedStrands
     EXPECT_THAT(zonesToProcess(manager), ElementsAre(1, 2, 3));
     EXPECT_THAT(spy.callsOf("VelUtilFieldMapGetZones"),
                 ElementsAre("VelUtilFieldMapGetZones(1, out)", "VelUtilFieldMapGetZones(2, out)"));
+}
+
+TEST_F(AxialRotationPropertiesManagerTest, LeavesTheDisabledZonesOfAStrandOut)
+{
+    makeStrand();
+    Manager const manager;
+    manager.zoneListModel()->groupByTimeStrand()->setValue(true);
+    manager.selectedZones()->setValue({1});
+    sample.session().setZoneEnabled(sample.dataSet(), 1, false);
+    EXPECT_THAT(zonesToProcess(manager), ElementsAre(3));
+    sample.session().setZoneEnabled(sample.dataSet(), 3, false);
+    EXPECT_THAT(zonesToProcess(manager), IsEmpty());
 }
 
 TEST_F(AxialRotationPropertiesManagerTest, TakesAStrandThatIsGoneForNoZones)
@@ -240,6 +259,8 @@ TEST_F(AxialRotationPropertiesManagerTest, WantsAVectorApartFromThePosition)
     assign("UVW", {3, 5, 6});
     EXPECT_EQ(refusal(), shared);
     assign("UVW", {2, 1, 3}); // the position's variables in another order
+    EXPECT_EQ(refusal(), shared);
+    assign("UVW", {1, 2, 6}); // the position but for its last component
     EXPECT_EQ(refusal(), shared);
     assign("UVW", {2, 5, 0}); // W is missing, too
     EXPECT_EQ(refusal(), shared);

@@ -1,6 +1,8 @@
 #include "kernel/data/Text.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 
 namespace veldraw::kernel {
 
@@ -10,6 +12,14 @@ int smallLetter(char letter)
 {
     bool const capital = letter >= 'A' && letter <= 'Z';
     return static_cast<unsigned char>(letter) + (capital ? 'a' - 'A' : 0);
+}
+
+template <typename Number>
+std::string shortestText(Number number)
+{
+    std::array<char, 64> text{};
+    std::to_chars_result const end = std::to_chars(text.data(), text.data() + text.size(), number);
+    return {text.data(), end.ptr};
 }
 
 } // namespace
@@ -30,6 +40,16 @@ int compareIgnoringCase(std::string const& left, std::string const& right)
         }
     }
     return left.size() == right.size() ? 0 : (left.size() < right.size() ? -1 : 1);
+}
+
+std::string textOf(double number)
+{
+    return shortestText(number);
+}
+
+std::string textOf(float number)
+{
+    return shortestText(number);
 }
 
 } // namespace veldraw::kernel

@@ -10,4 +10,8 @@ std::string lowered(std::string text);
 /// Order of two texts without regard to the case of A to Z: negative, 0 or positive.
 int compareIgnoringCase(std::string const& left, std::string const& right);
 
+/// The shortest text that reads back as the same number, with a decimal point in every locale.
+std::string textOf(double number);
+std::string textOf(float number);
+
 } // namespace veldraw::kernel

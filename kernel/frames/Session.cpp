@@ -145,6 +145,12 @@ bool Session::refuse(char const* reason) noexcept
     return false;
 }
 
+bool Session::refuse(std::string reason) noexcept
+{
+    m_lastError = std::move(reason);
+    return false;
+}
+
 void Session::setPicks(std::vector<Pick> picks)
 {
     m_picks = std::move(picks);

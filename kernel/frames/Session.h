@@ -157,9 +157,9 @@ public:
     ///        of the vector is another coordinate
     bool mirrorZones(UniqueId frame, NumberSet const& zones, char coordinate);
 
-    /// Stores one value, converted to the type of the field: rounded and cut to the limits of a whole number. "Edit Value";
-    /// event 0 with the zones and variables that see the new value, and event 22 after it when storage was branched. True
-    /// without a step when the value is that already.
+    /// Stores one value, converted to the type of the field: rounded for whole numbers. "Edit Value"; event 0 with the zones
+    /// and variables that see the new value, and event 22 after it when storage was branched. True without a step when the
+    /// value is that already.
     ///
     /// An edit of storage that is shared goes to all its fields, or, with @p autoBranch, to this field alone, which gets a
     /// copy of the values first. No other edit copies any, unless somebody reads the buffer at that moment. To take an edit
@@ -167,7 +167,7 @@ public:
     /// @param index zero-based, as in Field
     ///
     /// Refused: a locked data set, numbers that do not exist, an index past the values or in a slot of no cell, a passive
-    /// field, values that are not loaded.
+    /// field, values that are not loaded, a number beyond the limits of the type.
     bool setValue(DataSet& dataSet, int zone, int variable, std::int64_t index, double value, bool autoBranch);
 
     // ---- loading ---------------------------------------------------------------------------------------------------
@@ -260,6 +260,7 @@ public:
 
     /// Notes why an operation is refused; always false.
     bool refuse(char const* reason) noexcept;
+    bool refuse(std::string reason) noexcept;
 
     Session(Session const&) = delete;
     Session& operator=(Session const&) = delete;

@@ -1,6 +1,7 @@
 // Single values that the user corrects.
 #include "kernel/compute/CopyValues.h"
 #include "kernel/data/BranchEdit.h"
+#include "kernel/data/StorableNumber.h"
 #include "kernel/frames/RefusalReasons.h"
 #include "kernel/frames/SessionGuard.h"
 
@@ -17,6 +18,9 @@ bool isCell(Zone const& zone, std::int64_t index)
     return (zone.i == 1 || i < zone.i - 1) && (zone.j == 1 || j < zone.j - 1) && (zone.k == 1 || k < zone.k - 1);
 }
 
+constexpr char noValues[] =
+    "The variable is passive in this zone: it has no values there, reads as 0 and cannot be edited.";
+
 /// Why a value cannot be edited, null when it can.
 char const* reasonAgainstEdit(DataSet const& dataSet, int zone, int variable, std::int64_t index)
 {
@@ -25,7 +29,7 @@ char const* reasonAgainstEdit(DataSet const& dataSet, int zone, int variable, st
         return field == nullptr ? (dataSet.zone(zone) ? noVariable : noZone) : locked;
     }
     if (field->isPassive() || !field->isLoaded()) {
-        return field->isPassive() ? "The variable has no values in this zone." : "The values are not loaded.";
+        return field->isPassive() ? noValues : "The values are not loaded.";
     }
     Zone const& found = *dataSet.zone(zone);
     bool const isAtCells = found.isOrdered() && field->location() == ValueLocation_CellCentered;
@@ -55,6 +59,9 @@ bool Session::setValue(DataSet& dataSet, int zone, int variable, std::int64_t in
             return refuse(reason);
         }
         ShareGroup const& group = *dataSet.field(zone, variable)->group();
+        if (std::string limits = reasonAgainstStoring(value, group.type()); !limits.empty()) {
+            return refuse(std::move(limits));
+        }
         std::uint64_t const bits = Buffer::bitsOf(group.type(), value);
         if (group.buffer()->bits(index) != bits) {
             m_history.perform(editName, editOf(dataSet, zone, variable, index, bits, autoBranch));

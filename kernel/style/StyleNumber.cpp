@@ -1,7 +1,5 @@
 #include "kernel/style/StyleNumber.h"
 
-#include <array>
-#include <charconv>
 #include <cmath>
 #include <limits>
 
@@ -37,13 +35,6 @@ StyleNumber StyleNumber::ofReal(double real)
 bool StyleNumber::isWhole() const
 {
     return static_cast<double>(whole) == real;
-}
-
-std::string textOf(double number)
-{
-    std::array<char, 64> text{};
-    std::to_chars_result const end = std::to_chars(text.data(), text.data() + text.size(), number);
-    return {text.data(), end.ptr};
 }
 
 } // namespace veldraw::kernel

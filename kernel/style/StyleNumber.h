@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 namespace veldraw::kernel {
 
 /// A number as style writes and reads carry it: as a whole number and with a fraction, side by side. Whole values look
@@ -19,8 +17,5 @@ struct StyleNumber
     long long whole = 0;
     double real = 0.0;
 };
-
-/// The shortest text that reads back as the same number, with a decimal point in every locale.
-std::string textOf(double number);
 
 } // namespace veldraw::kernel

@@ -1,5 +1,7 @@
 #include "kernel/style/StyleRange.h"
 
+#include "kernel/data/Text.h"
+
 #include <cmath>
 
 namespace veldraw::kernel {

@@ -43,8 +43,9 @@ protected:
         int const number = state.number(zone, variable);
         bool const exists = slot >= 0 && slot < slots && number != 0 && holdings[number].isLoaded &&
                             isUsed(state.storages[number].location, slot);
-        ASSERT_EQ(session.setValue(*dataSet, zone, variable, slot, value, autoBranch), exists && !isLocked);
-        if (!exists || isLocked) {
+        bool const isTaken = exists && !isLocked && isWithinLimits(state.storages[number].type, value);
+        ASSERT_EQ(session.setValue(*dataSet, zone, variable, slot, value, autoBranch), isTaken);
+        if (!isTaken) {
             return;
         }
         Bits const bits = storedBits(state.storages[number].type, value);

@@ -58,6 +58,26 @@ Bits storedBits(FieldDataType_e type, double value)
     return 0;
 }
 
+bool isWithinLimits(FieldDataType_e type, double value)
+{
+    switch (type) {
+    case FieldDataType_Float:
+        return !(std::fabs(value) >= std::ldexp(33554431.0, 103)) ||
+               std::isinf(value); // half way to the next power of 2
+    case FieldDataType_Double:
+        return true;
+    case FieldDataType_Int32:
+        return value > -2147483648.5 && value < 2147483647.5;
+    case FieldDataType_Int16:
+        return value > -32768.5 && value < 32767.5;
+    case FieldDataType_Byte:
+        return value > -0.5 && value < 255.5;
+    case FieldDataType_Bit:
+        return value >= 0.0 && value <= 1.0;
+    }
+    return false;
+}
+
 double numberOf(FieldDataType_e type, Bits bits)
 {
     switch (type) {

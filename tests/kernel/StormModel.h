@@ -21,6 +21,9 @@ using Values = std::array<Bits, slots>;
 /// What @p value is stored as; written down apart from the kernel.
 Bits storedBits(FieldDataType_e type, double value);
 
+/// Whether a number can be stored without being cut.
+bool isWithinLimits(FieldDataType_e type, double value);
+
 /// The number that stored bits stand for.
 double numberOf(FieldDataType_e type, Bits bits);
 

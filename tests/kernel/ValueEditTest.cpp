@@ -147,7 +147,53 @@ TEST_F(EditValue, EditsCellsWithNodalStrides)
     EXPECT_EQ(dataSet->zone(1)->range(5).min, 5);
 }
 
-TEST(EditOfAType, IsRoundedAndCutToItsLimits)
+TEST_F(EditValue, RefusesANumberBeyondTheLimitsOfItsTypeAndNamesThem)
+{
+    struct Case
+    {
+        FieldDataType_e type;
+        std::vector<double> stored;
+        std::vector<double> refused;
+        char const* limits;
+    };
+    float const largest = std::numeric_limits<float>::max();
+    for (Case const& each : {
+             Case{FieldDataType_Int16,
+                  {32767, -32768, 32767.4, -32768.4},
+                  {40000, 32767.5, 32768, -32769, -32768.5, 1e300, infinity, -infinity, nan},
+                  "whole numbers from -32768 to 32767."},
+             {FieldDataType_Int32,
+              {2147483647.25, -2147483648.25},
+              {2147483648, -2147483649, 1e12, infinity, nan},
+              "whole numbers from -2147483648 to 2147483647."},
+             {FieldDataType_Byte, {255.25, -0.25}, {256, -1, 255.5, infinity, nan}, "whole numbers from 0 to 255."},
+             {FieldDataType_Bit, {1, 0, 0.5}, {2, -1, 1.5, -0.5, nan}, "whole numbers from 0 to 1."},
+             {FieldDataType_Float,
+              {largest, -largest, 3.40282347e38, infinity, -infinity, nan, 1e-60},
+              {3.5e38, -3.5e38, 1e300, 0x1.ffffffp127},
+              "single-precision numbers from -3.4028235e+38 to 3.4028235e+38."},
+             {FieldDataType_Double, {1e308, infinity, nan, 5e-324}, {}, ""},
+         }) {
+        dataSet->zone(1)->fields[0] = sample::field({1, 1, 0, 1, 1, 1}, each.type);
+        for (double const value : each.stored) {
+            EXPECT_TRUE(edit(1, 1, 2, value)) << each.type << ' ' << value;
+        }
+        recorder.take();
+        for (double const value : each.refused) {
+            expectRefused([&] { return edit(1, 1, 2, value); });
+            EXPECT_THAT(session.lastError(), testing::HasSubstr(each.limits)) << each.type << ' ' << value;
+        }
+    }
+    dataSet->zone(1)->fields[0] = sample::field({1, 1, 0, 1, 1, 1}, FieldDataType_Int16);
+    EXPECT_FALSE(edit(1, 1, 2, 40000));
+    EXPECT_EQ(session.lastError(),
+              "The value 40000 cannot be stored: the variable has whole numbers from -32768 to 32767.");
+    EXPECT_FALSE(edit(1, 3, 2, 4));
+    EXPECT_EQ(session.lastError(),
+              "The variable is passive in this zone: it has no values there, reads as 0 and cannot be edited.");
+}
+
+TEST(StoredBits, AreRoundedAndCutToTheLimitsOfTheirType)
 {
     struct Case
     {

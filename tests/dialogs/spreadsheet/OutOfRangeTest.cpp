@@ -1,0 +1,42 @@
+#include "host/MessageLog.h"
+#include "tests/dialogs/spreadsheet/SpreadsheetDriver.h"
+
+#include <gmock/gmock.h>
+
+namespace veldraw::tests {
+namespace {
+
+/// Numbers that pass the editor of a cell and are too large for the type of its variable.
+class OutOfRangeTest : public SpreadsheetDriver
+{
+protected:
+    OutOfRangeTest()
+    {
+        stage.addZone("line", ZoneType_Ordered, 3, 1, 1);
+        stage.fill(1, 1, FieldDataType_Int16, ValueLocation_Nodal, [](int, std::int64_t) { return 1.0; });
+        stage.show();
+        stage.session().history().clear();
+        launched();
+        table().setFocus();
+    }
+};
+
+TEST_F(OutOfRangeTest, AreRefusedWithTheLimitsInTheMessageLog)
+{
+    host::MessageLog::instance().clear();
+    edit(1, 0, "40000");
+    settle();
+    EXPECT_THAT(messages.take(), testing::ElementsAre("error: Error while setting variable value"));
+    EXPECT_EQ(stage.stored(1, 1, 1), 1.0);
+    EXPECT_EQ(shown(1, 0), "1");
+    EXPECT_FALSE(stage.session().history().canUndo());
+    ASSERT_FALSE(host::MessageLog::instance().entries().empty());
+    EXPECT_EQ(host::MessageLog::instance().entries().front().text,
+              "The value 40000 cannot be stored: the variable has whole numbers from -32768 to 32767.");
+    edit(1, 0, "32767");
+    EXPECT_THAT(messages.take(), testing::IsEmpty());
+    EXPECT_EQ(stage.stored(1, 1, 1), 32767.0);
+}
+
+} // namespace
+} // namespace veldraw::tests

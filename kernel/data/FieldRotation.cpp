@@ -84,19 +84,18 @@ void FieldRotation::prepareComponents(Zone const& zone, bool isVector, std::vect
 
 FieldRotation::Results FieldRotation::resultsOf(Sources const& sources, bool isVector, std::int64_t count)
 {
-    std::array<ShareGroup const*, 3> groups{};
-    std::array<FieldDataType_e, 3> types{};
+    Key key{isVector, {}};
     for (std::size_t component = 0; component < 3; ++component) {
-        if (Field const* const field = sources[component].field) {
-            groups[component] = field->group().get();
-            types[component] = field->type();
-        }
+        key.second[component] = sources[component].hasValues() ? sources[component].field->group().get() : nullptr;
     }
-    auto const [place, isNew] = m_results.try_emplace({isVector, count, groups, types});
-    if (isNew) {
-        place->second = addTask(sources, isVector ? m_ofVectors : m_ofPoints, count);
+    auto const [known, isNew] = m_results.try_emplace(key);
+    Results results = known->second;
+    addTask(sources, isVector ? m_ofVectors : m_ofPoints, count, results);
+    for (std::size_t component = 0; component < 3 && isNew; ++component) {
+        // What was passive was on no storage with others, so what becomes of it is of this zone alone.
+        known->second[component] = sources[component].hasValues() ? results[component] : nullptr;
     }
-    return place->second;
+    return results;
 }
 
 /// Whether the rotation leaves a component 0 everywhere that is so before, as the others are whose field is passive.
@@ -112,26 +111,30 @@ bool FieldRotation::staysZero(Rotation const& rotation, std::size_t row, FieldRo
     return constant == 0.0;
 }
 
-FieldRotation::Results FieldRotation::addTask(Sources const& sources, Rotation const& rotation, std::int64_t count)
+/// Prepares the results that are missing.
+void FieldRotation::addTask(Sources const& sources, Rotation const& rotation, std::int64_t count, Results& results)
 {
-    Results results;
     Task task{&rotation, {count, {}, {}}};
+    bool hasTarget = false;
     for (std::size_t component = 0; component < 3; ++component) {
         Field const* const field = sources[component].field;
-        if (field == nullptr || (field->isPassive() && staysZero(rotation, component, sources))) {
-            continue;
-        }
-        if (!field->isPassive()) {
+        if (sources[component].hasValues()) {
             task.buffers.sources[component] = valuesOf(*field->group());
+        }
+        bool const isKnown = results[component] != nullptr;
+        if (field == nullptr || isKnown || (field->isPassive() && staysZero(rotation, component, sources))) {
+            continue;
         }
         auto const target = Buffer::allocate(computedType(field->type()), count);
         task.buffers.targets[component] = target;
         results[component] = std::make_shared<ShareGroup>(target);
         m_bytes += target->bytes();
+        hasTarget = true;
     }
-    m_tasks.push_back(std::move(task));
-    m_work += count;
-    return results;
+    if (hasTarget) {
+        m_tasks.push_back(std::move(task));
+        m_work += count;
+    }
 }
 
 void FieldRotation::compute(Progress& progress) const

@@ -5,7 +5,7 @@
 #include "kernel/data/SpatialVariables.h"
 
 #include <map>
-#include <tuple>
+#include <utility>
 
 namespace veldraw::kernel {
 
@@ -27,8 +27,10 @@ public:
 private:
     struct Source;
     using Sources = std::array<Source, 3>;
-    using Key = std::tuple<bool, std::int64_t, std::array<ShareGroup const*, 3>, std::array<FieldDataType_e, 3>>;
     using Results = std::array<std::shared_ptr<ShareGroup>, 3>;
+
+    /// Whether it is of a vector, and the storage of its components.
+    using Key = std::pair<bool, std::array<ShareGroup const*, 3>>;
 
     struct Task
     {
@@ -38,13 +40,13 @@ private:
 
     void prepareComponents(Zone const& zone, bool isVector, std::vector<NewField>& fields);
     Results resultsOf(Sources const& sources, bool isVector, std::int64_t count);
-    Results addTask(Sources const& sources, Rotation const& rotation, std::int64_t count);
+    void addTask(Sources const& sources, Rotation const& rotation, std::int64_t count, Results& results);
     static bool staysZero(Rotation const& rotation, std::size_t row, Sources const& sources);
 
     SpatialVariables m_variables;
     Rotation m_ofPoints;
     Rotation m_ofVectors;
-    std::map<Key, Results> m_results;
+    std::map<Key, Results> m_results; ///< of components that have values
     std::vector<Task> m_tasks;
     std::int64_t m_work = 0;
     std::int64_t m_bytes = 0;

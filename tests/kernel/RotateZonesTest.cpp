@@ -260,6 +260,45 @@ TEST_F(RotateZones, CarriesZonesOnALineAroundAnAxisBesideIt)
     EXPECT_EQ(values(*dataSet, 2, 1)[2], 3);
 }
 
+TEST_F(RotateZones, MakesNoStorageSharedThatWasNot)
+{
+    for (int zone : {2, 3}) {
+        addPoint(1, 2, 3);
+        field(zone, 1) = Field(FieldDataType_Double, ValueLocation_Nodal);
+        field(zone, 2) = Field(FieldDataType_Double, ValueLocation_Nodal);
+    }
+    field(3, 3) = field(2, 3);
+    ASSERT_TRUE(session.rotateZones(*dataSet, {2, 3}, noVector, {{1, 0, 0}, {0, 0, 1}}, 90));
+    for (int const variable : {1, 2}) {
+        EXPECT_EQ(field(2, variable).shareCount(), 1) << variable;
+        EXPECT_EQ(field(3, variable).shareCount(), 1) << variable;
+    }
+    EXPECT_THAT(point(2), ElementsAre(1, -1, 3));
+    EXPECT_THAT(point(3), ElementsAre(1, -1, 3));
+    ASSERT_TRUE(session.setValue(*dataSet, 2, 1, 0, 50, false));
+    EXPECT_THAT(point(3), ElementsAre(1, -1, 3)) << "an edit of the other zone";
+}
+
+TEST_F(RotateZones, SharesOnlyTheComponentsThatWereShared)
+{
+    for (int zone : {2, 3}) {
+        addPoint(1, 2, 3);
+        field(zone, 3) = Field(FieldDataType_Double, ValueLocation_Nodal);
+    }
+    field(3, 1) = field(2, 1);
+    field(3, 2) = field(2, 2);
+    ASSERT_TRUE(session.rotateZones(*dataSet, {2, 3}, noVector, aboutX, 90));
+    EXPECT_EQ(field(2, 1).shareCount(), 2) << "is not turned";
+    EXPECT_EQ(field(2, 2).group(), field(3, 2).group());
+    EXPECT_EQ(field(2, 2).shareCount(), 2);
+    EXPECT_NE(field(2, 3).group(), field(3, 3).group()) << "was passive";
+    EXPECT_THAT(point(2), ElementsAre(1, 0, 2));
+    EXPECT_THAT(point(3), ElementsAre(1, 0, 2));
+    ASSERT_TRUE(session.undo());
+    EXPECT_TRUE(field(3, 3).isPassive());
+    EXPECT_EQ(field(2, 2).shareCount(), 2);
+}
+
 TEST_F(RotateZones, KeepsTheTypesOfPassiveCoordinatesThatGetValues)
 {
     field(1, 3) = Field(FieldDataType_Float, ValueLocation_Nodal);

@@ -85,7 +85,7 @@ ExportResult exportPieces(kernel::DataSet const& dataSet, std::string const& pat
     std::vector<std::pair<std::string, std::string>> pieces;
     for (int zone = 1; zone <= dataSet.zoneCount(); ++zone) {
         kernel::Zone const& source = *dataSet.zone(zone);
-        std::string const format = VtkExport::usualFormat(source);
+        std::string const format = VtkExport::pieceFormat(source);
         std::string const file = name + "_" + std::to_string(zone) + "." + format;
         progress.begin(workOf(source));
         writer.write(zone, format, files.add((folder / file).string()), progress);
@@ -116,6 +116,13 @@ void addLeftOut(ExportResult& result, kernel::Zone const& zone, std::vector<std:
         result.remarks.push_back("Zone \"" + zone.name + "\": \"" + name + "\" is cell-centred and was left out");
 }
 
+void addHidden(ExportResult& result, kernel::Zone const& zone)
+{
+    if (auto const hidden = zone.hidden(ValueLocation_Nodal))
+        result.remarks.push_back("Zone \"" + zone.name + "\": its " + std::to_string(hidden->count()) +
+                                 " hidden points are rows like others, since a table cannot tell them apart");
+}
+
 ExportResult exportTables(kernel::DataSet const& dataSet, std::string const& path, char separator,
                           ExportProgress& progress)
 {
@@ -128,6 +135,7 @@ ExportResult exportTables(kernel::DataSet const& dataSet, std::string const& pat
             file.replace_filename(target.stem().string() + "_" + std::to_string(zone) + target.extension().string());
         progress.begin(workOf(*dataSet.zone(zone)));
         addLeftOut(result, *dataSet.zone(zone), writeCsv(dataSet, zone, separator, files.add(file.string()), progress));
+        addHidden(result, *dataSet.zone(zone));
         result.files.append(toQt(file.string()));
     }
     if (dataSet.zoneCount() > 1)

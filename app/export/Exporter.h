@@ -23,7 +23,8 @@ struct ExportResult
 ///
 /// .vtm: any data set, its pieces in a folder beside it, named as the file. .vts: one ordered zone; .vti: one ordered
 /// zone whose points form a uniform grid; .vtu: one finite-element zone; .vtp: one zone of surface or line cells.
-/// Numbers are written as they are in memory. Passive variables are left out. .csv, .tsv: a column a nodal variable, 17
+/// Numbers are written as they are in memory, and the components of an array that is still whole as an array again (ArrayPlan); so is
+/// what says which points and cells are hidden. A piece that came as .vtp is one again. Passive variables are left out. .csv, .tsv: a column a nodal variable, 17
 /// significant digits (9 for float); several zones become several files, with the zone's number appended to the name.
 ///
 /// Everything is written to temporary files beside the target first and renamed at the end: a failure leaves old files

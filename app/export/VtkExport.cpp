@@ -3,7 +3,10 @@
 #include "app/export/ExportError.h"
 #include "app/export/GridConversion.h"
 #include "app/export/UniqueNames.h"
+#include "app/import/ComponentNames.h"
 #include "app/import/grids/BlockFacts.h"
+#include "app/vtk/DataTypes.h"
+#include "app/vtk/JoinedArray.h"
 #include "app/vtk/ProgressObserver.h"
 #include "app/vtk/VtkErrorCapture.h"
 #include "app/vtk/XmlNames.h"
@@ -20,7 +23,7 @@
 #include <vtkXMLDataSetWriter.h>
 
 #include <array>
-#include <stdexcept>
+#include <set>
 
 namespace veldraw::app {
 
@@ -63,12 +66,35 @@ int axisVariable(std::vector<std::string> const& names, char axis)
     return 0;
 }
 
+void addMarks(vtkDataSetAttributes& attributes, std::shared_ptr<kernel::Buffer const> const& marks)
+{
+    if (!marks)
+        return;
+    auto const array = joinedArray({marks}, marks->size());
+    array->SetName(vtkDataSetAttributes::GhostArrayName());
+    attributes.AddArray(array);
+}
+
+void addMarks(vtkDataSet& grid, kernel::Zone const& zone)
+{
+    if (!zone.blanking)
+        return;
+    addMarks(*grid.GetPointData(), zone.blanking->marks().ofPoints);
+    addMarks(*grid.GetCellData(), zone.blanking->marks().ofCells);
+}
+
 } // namespace
 
 VtkExport::VtkExport(kernel::DataSet const& dataSet)
     : m_dataSet(dataSet)
     , m_names(uniqueVariableNames(dataSet))
+    , m_plan(dataSet, m_names)
 {
+}
+
+std::string VtkExport::pieceFormat(kernel::Zone const& zone)
+{
+    return zone.fileFormat == "vtp" && fitsPolyData(zone) ? zone.fileFormat : usualFormat(zone);
 }
 
 std::string VtkExport::usualFormat(kernel::Zone const& zone)
@@ -114,28 +140,63 @@ vtkSmartPointer<vtkDataSet> VtkExport::gridOf(int zone) const
     int const pointType = vtkPointSet::SafeDownCast(grid)->GetPoints()->GetDataType();
     kernel::Zone const& source = *m_dataSet.zone(zone);
     std::vector<std::string> coordinateNames(3);
-    for (int variable = 1; variable <= m_dataSet.variableCount(); ++variable) {
-        kernel::Field const& field = *m_dataSet.field(zone, variable);
-        if (field.isPassive())
+    std::set<int> coordinates;
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+        kernel::Field const* const field = m_dataSet.field(zone, axes[axis]);
+        // A coordinate of another type than the points' would come back changed: it is written as an array instead.
+        if (!field || field->isPassive() || field->location() != ValueLocation_Nodal ||
+            vtkTypeOf(field->type()) != pointType)
             continue;
-        std::string const& name = m_names[static_cast<std::size_t>(variable - 1)];
-        auto const array = vtkArrayOfField(source, field, name);
-        bool const nodal = field.location() == ValueLocation_Nodal;
-        bool isCoordinate = false;
-        for (std::size_t axis = 0; axis < 3; ++axis) {
-            // A coordinate of another type than the points' would come back changed: it is written as an array instead.
-            bool const exact = axes[axis] == variable && nodal && array->GetDataType() == pointType;
-            if (exact)
-                coordinateNames[axis] = name;
-            isCoordinate = isCoordinate || exact;
-        }
-        if (!isCoordinate && nodal)
-            grid->GetPointData()->AddArray(array);
-        else if (!isCoordinate)
-            grid->GetCellData()->AddArray(array);
+        coordinateNames[axis] = m_names[static_cast<std::size_t>(axes[axis] - 1)];
+        coordinates.insert(axes[axis]);
     }
+    std::vector<PlannedArray> const arrays = m_plan.of(zone, coordinates);
+    for (PlannedArray const& array : arrays)
+        addArray(*grid, zone, array);
+    addMarks(*grid, source);
     addFacts(*grid, source, coordinateNames);
+    addArrayFacts(*grid, zone, arrays);
     return grid;
+}
+
+void VtkExport::addArray(vtkDataSet& grid, int zone, PlannedArray const& planned) const
+{
+    std::vector<kernel::Field const*> fields;
+    for (int const variable : planned.variables)
+        fields.push_back(m_dataSet.field(zone, variable));
+    auto const array = vtkArrayOfFields(*m_dataSet.zone(zone), fields, planned.name);
+    for (std::size_t n = 0; n < planned.componentNames.size(); ++n) {
+        if (!planned.componentNames[n].empty())
+            array->SetComponentName(static_cast<vtkIdType>(n), planned.componentNames[n].c_str());
+    }
+    if (fields.front()->location() == ValueLocation_Nodal)
+        grid.GetPointData()->AddArray(array);
+    else
+        grid.GetCellData()->AddArray(array);
+}
+
+// Names of variables that a reader could not tell from the names of their arrays.
+void VtkExport::addArrayFacts(vtkDataSet& grid, int zone, std::vector<PlannedArray> const& arrays) const
+{
+    std::vector<std::string> texts;
+    for (PlannedArray const& array : arrays) {
+        std::vector<std::string> names;
+        bool areUsual = true;
+        int const count = static_cast<int>(array.variables.size());
+        for (int const variable : array.variables) {
+            std::string const usual = componentName(array.name, static_cast<int>(names.size()), count);
+            names.push_back(m_names[static_cast<std::size_t>(variable - 1)]);
+            areUsual = areUsual && names.back() == usual;
+        }
+        if (areUsual)
+            continue;
+        bool const nodal = m_dataSet.field(zone, array.variables.front())->location() == ValueLocation_Nodal;
+        texts.insert(texts.end(),
+                     {nodal ? blockfact::ofPoints : blockfact::ofCells, array.name, std::to_string(count)});
+        texts.insert(texts.end(), names.begin(), names.end());
+    }
+    if (!texts.empty())
+        addTexts(*grid.GetFieldData(), blockfact::arrayVariables, texts);
 }
 
 void VtkExport::addFacts(vtkDataSet& grid, kernel::Zone const& zone,

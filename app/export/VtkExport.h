@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/export/ArrayPlan.h"
 #include "app/export/ExportProgress.h"
 #include "kernel/data/DataSet.h"
 
@@ -11,7 +12,8 @@
 
 namespace veldraw::app {
 
-/// Writes zones as VTK XML, values raw as they are in memory, with what our import needs to bring the zones back as they were.
+/// Writes zones as VTK XML, values raw as they are in memory, in the arrays that they came in as far as these are still whole, and
+/// with what our import needs to bring the zones back as they were.
 class VtkExport
 {
 public:
@@ -21,6 +23,9 @@ public:
     /// Extension of the format that fits any zone of the kind of @p zone: vts or vtu.
     static std::string usualFormat(kernel::Zone const& zone);
 
+    /// Extension of the format for a zone beside others: vtp where it came from such a file and still fits into one.
+    static std::string pieceFormat(kernel::Zone const& zone);
+
     /// Writes one zone. @param zone one-based; @param format vti, vts, vtu or vtp; @param path file to write over
     /// @param progress hears how much of it is written
     /// @throws ExportError the format does not fit the zone, or the file cannot be written; ExportCancelled
@@ -28,10 +33,13 @@ public:
 
 private:
     vtkSmartPointer<vtkDataSet> gridOf(int zone) const;
+    void addArray(vtkDataSet& grid, int zone, PlannedArray const& planned) const;
+    void addArrayFacts(vtkDataSet& grid, int zone, std::vector<PlannedArray> const& arrays) const;
     void addFacts(vtkDataSet& grid, kernel::Zone const& zone, std::vector<std::string> const& coordinateNames) const;
 
     kernel::DataSet const& m_dataSet;
     std::vector<std::string> m_names; // of the variables, each once
+    ArrayPlan m_plan;
 };
 
 } // namespace veldraw::app

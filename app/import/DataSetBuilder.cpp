@@ -17,6 +17,7 @@ std::shared_ptr<kernel::DataSet> DataSetBuilder::finish(std::string const& title
         dataSet->addVariable(std::make_shared<kernel::Variable>(name));
     }
     for (ImportedZone& imported : m_zones) {
+        assignArrays(*dataSet, imported);
         std::vector<kernel::Field> fields(positions.size());
         for (ImportedZone::NamedField& field : imported.fields)
             fields[positions.at(field.name)] = std::move(field.field);
@@ -47,6 +48,24 @@ std::vector<std::string> DataSetBuilder::variableNames() const
             take(field.name);
     }
     return names;
+}
+
+// The first zone that has an array decides: a variable belongs to one array, whatever others a later zone has under its name.
+void DataSetBuilder::assignArrays(kernel::DataSet& dataSet, ImportedZone const& imported)
+{
+    for (ImportedZone::NamedField const& field : imported.fields) {
+        if (!field.array || field.component != 0)
+            continue;
+        std::vector<std::shared_ptr<kernel::Variable>> variables;
+        for (std::string const& name : field.array->variables)
+            variables.push_back(dataSet.variable(dataSet.findVariable(name)));
+        bool const areFree = std::all_of(variables.begin(), variables.end(),
+                                         [](auto const& variable) { return !variable->sourceArray; });
+        for (std::size_t component = 0; areFree && component < variables.size(); ++component) {
+            variables[component]->sourceArray = field.array;
+            variables[component]->component = static_cast<int>(component);
+        }
+    }
 }
 
 // The n-th block of each time step belongs to strand n.

@@ -23,6 +23,7 @@ public:
 private:
     std::vector<std::string> variableNames() const;
     void assignStrands();
+    static void assignArrays(kernel::DataSet& dataSet, ImportedZone const& imported);
 
     std::vector<ImportedZone> m_zones;
 };

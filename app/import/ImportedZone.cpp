@@ -1,5 +1,7 @@
 #include "app/import/ImportedZone.h"
 
+#include "app/import/ComponentNames.h"
+
 #include <algorithm>
 
 namespace veldraw::app {
@@ -14,7 +16,28 @@ void ImportedZone::addField(std::string const& name, kernel::Field field)
     std::string unique = wanted;
     for (int n = 2; isTaken(unique); ++n)
         unique = wanted + " (" + std::to_string(n) + ")";
-    fields.push_back({unique, std::move(field)});
+    fields.push_back({unique, std::move(field), nullptr, 0});
+}
+
+void ImportedZone::addArray(std::string const& name, std::vector<kernel::Field> components,
+                            std::vector<std::string> const& variables, std::vector<std::string> componentNames)
+{
+    auto const array = std::make_shared<kernel::SourceArray>();
+    array->name = name;
+    array->componentNames = std::move(componentNames);
+    int const count = static_cast<int>(components.size());
+    for (int component = 0; component < count; ++component) {
+        auto const n = static_cast<std::size_t>(component);
+        addField(variables.size() == components.size() ? variables[n] : componentName(name, component, count),
+                 std::move(components[n]));
+        array->variables.push_back(fields.back().name);
+    }
+    bool const isItself = count == 1 && array->variables.front() == name && array->componentNames.empty();
+    for (int component = 0; component < count && !name.empty() && !isItself; ++component) {
+        NamedField& field = fields[fields.size() - components.size() + static_cast<std::size_t>(component)];
+        field.array = array;
+        field.component = component;
+    }
 }
 
 } // namespace veldraw::app

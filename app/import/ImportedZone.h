@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kernel/data/Field.h"
+#include "kernel/data/SourceArray.h"
 #include "kernel/data/Zone.h"
 
 #include <memory>
@@ -17,6 +18,9 @@ struct ImportedZone
     {
         std::string name; ///< each name once
         kernel::Field field;
+        std::shared_ptr<kernel::SourceArray const>
+            array; ///< that it is a component of; null where that is the field itself
+        int component = 0;
     };
 
     std::shared_ptr<kernel::Zone> zone;
@@ -26,6 +30,12 @@ struct ImportedZone
 
     /// Adds a field; " (2)" and so on is appended to a @p name that is taken. An empty name becomes "Variable".
     void addField(std::string const& name, kernel::Field field);
+
+    /// Adds the components of an array that is called @p name.
+    /// @param variables names that they are to have; another number of them than of components stands for the usual names
+    /// @param componentNames as the file has them; empty where it has none
+    void addArray(std::string const& name, std::vector<kernel::Field> components,
+                  std::vector<std::string> const& variables, std::vector<std::string> componentNames);
 };
 
 } // namespace veldraw::app

@@ -1,12 +1,13 @@
 #include "app/vtk/PointsOfAxes.h"
 
-#include "app/vtk/DataTypes.h"
-#include "app/vtk/WrappedMemory.h"
+#include "app/vtk/JoinedArray.h"
 
 #include <vtkDoubleArray.h>
 #include <vtkFloatArray.h>
 #include <vtkNew.h>
-#include <vtkSOADataArrayTemplate.h>
+
+#include <algorithm>
+#include <vector>
 
 namespace veldraw::app {
 
@@ -37,40 +38,22 @@ FieldDataType_e pointType(AxisBuffers const& buffers)
     return some ? FieldDataType_Float : FieldDataType_Double;
 }
 
-bool areInterleaved(AxisBuffers const& buffers, FieldDataType_e type)
+bool haveType(AxisBuffers const& buffers, FieldDataType_e type)
 {
-    for (int axis = 0; axis < 3; ++axis) {
-        auto const& buffer = buffers[static_cast<std::size_t>(axis)];
-        if (!buffer || buffer->type() != type || buffer->stride() != 3 || buffer->owner() != buffers[0]->owner())
-            return false;
-        if (buffer->data() != static_cast<char const*>(buffers[0]->data()) + axis * bytesOf(type))
-            return false;
-    }
-    return buffers[0]->owner() != nullptr;
+    return std::all_of(buffers.begin(), buffers.end(),
+                       [type](auto const& buffer) { return !buffer || buffer->type() == type; });
 }
 
-bool areSeparate(AxisBuffers const& buffers, FieldDataType_e type)
+vtkSmartPointer<vtkDataArray> joined(AxisBuffers const& buffers, FieldDataType_e type, std::int64_t count)
 {
+    std::vector<std::shared_ptr<kernel::Buffer const>> components;
+    std::shared_ptr<kernel::Buffer const> zeros;
     for (auto const& buffer : buffers) {
-        if (buffer && (buffer->type() != type || !buffer->isContiguous()))
-            return false;
+        if (!buffer && !zeros)
+            zeros = kernel::Buffer::allocate(type, count);
+        components.push_back(buffer ? buffer : zeros);
     }
-    return true;
-}
-
-template <typename T>
-vtkSmartPointer<vtkDataArray> sideBySide(AxisBuffers const& buffers, std::int64_t count)
-{
-    vtkNew<vtkSOADataArrayTemplate<T>> array;
-    array->SetNumberOfComponents(3);
-    for (int axis = 0; axis < 3; ++axis) {
-        auto const& buffer = buffers[static_cast<std::size_t>(axis)];
-        WrappedMemory::keep(buffer->data(), buffer->owner());
-        array->SetArray(axis, static_cast<T*>(const_cast<void*>(buffer->data())), count, true, false,
-                        vtkAbstractArray::VTK_DATA_ARRAY_USER_DEFINED);
-        array->SetArrayFreeFunction(axis, &WrappedMemory::release);
-    }
-    return array;
+    return joinedArray(components, count);
 }
 
 template <typename Array>
@@ -89,21 +72,11 @@ vtkSmartPointer<vtkDataArray> copied(AxisBuffers const& buffers, std::int64_t co
     return array;
 }
 
-vtkSmartPointer<vtkDataArray> coordinates(AxisBuffers buffers, std::int64_t count)
+vtkSmartPointer<vtkDataArray> coordinates(AxisBuffers const& buffers, std::int64_t count)
 {
     FieldDataType_e const type = pointType(buffers);
-    if (count > 0 && areInterleaved(buffers, type))
-        return WrappedMemory::wrap(vtkTypeOf(type), buffers[0]->data(), 3 * count, 3, buffers[0]->owner());
-    if (count > 0 && areSeparate(buffers, type)) {
-        std::shared_ptr<kernel::Buffer const> zeros;
-        for (auto& buffer : buffers) {
-            if (!buffer && !zeros)
-                zeros = kernel::Buffer::allocate(type, count);
-            if (!buffer)
-                buffer = zeros;
-        }
-        return type == FieldDataType_Float ? sideBySide<float>(buffers, count) : sideBySide<double>(buffers, count);
-    }
+    if (count > 0 && haveType(buffers, type))
+        return joined(buffers, type, count);
     return type == FieldDataType_Float ? copied<vtkFloatArray>(buffers, count) : copied<vtkDoubleArray>(buffers, count);
 }
 

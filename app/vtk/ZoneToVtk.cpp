@@ -1,7 +1,7 @@
 #include "app/vtk/ZoneToVtk.h"
 
 #include "app/vtk/CellShapes.h"
-#include "app/vtk/DataTypes.h"
+#include "app/vtk/JoinedArray.h"
 #include "app/vtk/OrderedCells.h"
 #include "app/vtk/PointsOfAxes.h"
 #include "app/vtk/WrappedMemory.h"
@@ -22,12 +22,6 @@
 namespace veldraw::app {
 
 namespace {
-
-vtkSmartPointer<vtkDataArray> wrappedBuffer(std::shared_ptr<kernel::Buffer const> const& buffer, std::int64_t count)
-{
-    // The memory is held, not the buffer: one value can still be edited in place meanwhile.
-    return WrappedMemory::wrap(vtkTypeOf(buffer->type()), buffer->data(), count, 1, buffer->owner());
-}
 
 template <typename Array>
 vtkSmartPointer<Array> wrappedIndices(std::int64_t const* indices, std::int64_t count,
@@ -96,27 +90,32 @@ std::string uniqueName(vtkDataSet& grid, std::string const& name)
 
 } // namespace
 
+vtkSmartPointer<vtkDataArray> vtkArrayOfFields(kernel::Zone const& zone,
+                                               std::vector<kernel::Field const*> const& fields, std::string const& name)
+{
+    ValueLocation_e const location = fields.front()->location();
+    bool const orderedCells = zone.isOrdered() && location == ValueLocation_CellCentered;
+    OrderedCells const cells(zone);
+    std::int64_t const count = orderedCells ? cells.count() : zone.valueCount(location);
+    std::vector<std::shared_ptr<kernel::Buffer const>> components;
+    for (kernel::Field const* const field : fields) {
+        if (!field->isLoaded())
+            throw std::logic_error("the values of \"" + name + "\" are not loaded");
+        std::shared_ptr<kernel::Buffer const> values =
+            field->isPassive() ? kernel::Buffer::allocate(field->type(), count) : field->group()->buffer();
+        if (orderedCells && !field->isPassive() && !(cells.isPrefix() && values->isContiguous()))
+            values = cells.compact(*values);
+        components.push_back(std::move(values));
+    }
+    auto array = joinedArray(components, count);
+    array->SetName(name.c_str());
+    return array;
+}
+
 vtkSmartPointer<vtkDataArray> vtkArrayOfField(kernel::Zone const& zone, kernel::Field const& field,
                                               std::string const& name)
 {
-    if (!field.isLoaded())
-        throw std::logic_error("the values of \"" + name + "\" are not loaded");
-    bool const orderedCells = zone.isOrdered() && field.location() == ValueLocation_CellCentered;
-    OrderedCells const cells(zone);
-    std::int64_t const count = orderedCells ? cells.count() : zone.valueCount(field.location());
-    vtkSmartPointer<vtkDataArray> array;
-    if (field.isPassive() || !field.isLoaded()) {
-        array = wrappedBuffer(kernel::Buffer::allocate(field.type(), count), count);
-    } else {
-        std::shared_ptr<kernel::Buffer const> buffer = field.group()->buffer();
-        if (orderedCells && !(cells.isPrefix() && buffer->isContiguous()))
-            buffer = cells.compact(*buffer);
-        else if (!buffer->isContiguous())
-            buffer = buffer->clone();
-        array = wrappedBuffer(buffer, count);
-    }
-    array->SetName(name.c_str());
-    return array;
+    return vtkArrayOfFields(zone, {&field}, name);
 }
 
 vtkSmartPointer<vtkDataSet> vtkDataSetOfZone(kernel::DataSet const& dataSet, int zone, std::array<int, 3> const& axes,

@@ -31,6 +31,13 @@ namespace veldraw::app {
 vtkSmartPointer<vtkDataSet> vtkDataSetOfZone(kernel::DataSet const& dataSet, int zone, std::array<int, 3> const& axes,
                                              std::vector<int> const& variables);
 
+/// The values of fields as the components of a VTK array called @p name: a tuple a point or a cell, without unused slots. Memory is
+/// shared as joinedArray() does it.
+/// @param fields at least one, all of one type and location; a passive one stands for zeros
+/// @throws std::bad_alloc
+vtkSmartPointer<vtkDataArray>
+vtkArrayOfFields(kernel::Zone const& zone, std::vector<kernel::Field const*> const& fields, std::string const& name);
+
 /// The values of one field as a VTK array called @p name: a value a point or a cell, without unused slots.
 /// Contiguous values are wrapped and kept alive by the array. @throws std::bad_alloc
 vtkSmartPointer<vtkDataArray> vtkArrayOfField(kernel::Zone const& zone, kernel::Field const& field,

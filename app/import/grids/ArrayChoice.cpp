@@ -12,6 +12,13 @@ namespace {
 // A zone without coordinates or cells is in no plot, and reading as few takes some milliseconds.
 constexpr double smallestDeferral = 1 << 24;
 
+// What is hidden has to be known as soon as something is shown, or a range is asked for. VTK renames the older array.
+bool hasMarks(XmlArrayList::Array const& array)
+{
+    return (array.name == "vtkGhostType" || array.name == "vtkGhostLevels") && array.type == RawType::UInt8 &&
+           array.components == 1;
+}
+
 // The reader's names stand in the order of the file; they can be chosen by when each is there once.
 bool areKnown(vtkDataArraySelection& selection, std::size_t count)
 {
@@ -94,7 +101,7 @@ std::vector<DeferredArray> ArrayChoice::choose(vtkDataArraySelection& selection,
     std::vector<DeferredArray> result;
     for (int n = 0; n < static_cast<int>(arrays.size()); ++n) {
         XmlArrayList::Array const& array = arrays[static_cast<std::size_t>(n)];
-        if (!array.type)
+        if (!array.type || hasMarks(array))
             continue;
         bool const isMapped = !inCells && m_arrays.canBeMapped(array);
         bool const isFirst = n == 0 && !inCells;
@@ -117,6 +124,7 @@ DeferredArray ArrayChoice::described(XmlArrayList::Array const& array, std::stri
     result.name = name;
     result.type = *array.type;
     result.components = array.components;
+    result.componentNames = array.componentNames;
     auto const whole = std::make_shared<SharedArray>();
     if (array.offset) {
         result.makeLoader = [raw = m_arrays.rawArray(array), whole, range = array.range](int component,

@@ -6,6 +6,7 @@
 #include <vtkStringArray.h>
 
 #include <cmath>
+#include <cstdlib>
 
 namespace veldraw::app {
 
@@ -35,6 +36,21 @@ std::optional<int> strandOf(std::optional<double> value)
     return static_cast<int>(*value);
 }
 
+// A list that ends too early, or has no number where there should be one, is read as far as it is sound.
+void readArrayVariables(std::vector<std::string> const& list, BlockFacts& facts)
+{
+    constexpr std::size_t head = 3;
+    for (std::size_t at = 0; at + head <= list.size();) {
+        auto const location = list[at] == blockfact::ofCells ? ValueLocation_CellCentered : ValueLocation_Nodal;
+        std::size_t const count = std::strtoul(list[at + 2].c_str(), nullptr, 10);
+        if (count == 0 || count > list.size() - at - head)
+            return;
+        auto const first = list.begin() + static_cast<std::ptrdiff_t>(at + head);
+        facts.arrayVariables[{location, list[at + 1]}].assign(first, first + static_cast<std::ptrdiff_t>(count));
+        at += head + count;
+    }
+}
+
 } // namespace
 
 BlockFacts BlockFacts::of(vtkFieldData* fieldData)
@@ -56,7 +72,14 @@ BlockFacts BlockFacts::of(vtkFieldData* fieldData)
     for (std::size_t axis = 0; coordinates.size() == 3 && axis < 3; ++axis)
         facts.coordinateNames[axis] = coordinates[axis];
     facts.variableNames = texts(*fieldData, blockfact::variableNames);
+    readArrayVariables(texts(*fieldData, blockfact::arrayVariables), facts);
     return facts;
+}
+
+std::vector<std::string> BlockFacts::variablesOf(ValueLocation_e location, std::string const& array) const
+{
+    auto const found = arrayVariables.find({location, array});
+    return found == arrayVariables.end() ? std::vector<std::string>() : found->second;
 }
 
 } // namespace veldraw::app

@@ -5,8 +5,10 @@
 #include <vtkFieldData.h>
 
 #include <array>
+#include <map>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace veldraw::app {
@@ -24,6 +26,12 @@ struct BlockFacts
     ZoneType_e zoneType = ZoneType_Ordered;                      ///< a wish for the cells; Ordered for none
     std::array<std::string, 3> coordinateNames{{"X", "Y", "Z"}}; ///< empty: the coordinate is not a variable
     std::vector<std::string> variableNames;
+
+    /// Names that the components of arrays have as variables, where these are not the usual ones.
+    std::map<std::pair<ValueLocation_e, std::string>, std::vector<std::string>> arrayVariables;
+
+    /// Those of one array, none for the usual ones.
+    std::vector<std::string> variablesOf(ValueLocation_e location, std::string const& array) const;
 };
 
 /// Names of the field data.
@@ -35,6 +43,12 @@ constexpr char const* zoneName = "ZoneName";
 constexpr char const* zoneType = "ZoneType";
 constexpr char const* coordinateNames = "CoordinateNames";
 constexpr char const* variableNames = "VariableNames";
+
+/// Texts, for each array one after the other: "PointData" or "CellData", its name, the number of its components, and the names of
+/// their variables.
+constexpr char const* arrayVariables = "ArrayVariables";
+constexpr char const* ofPoints = "PointData";
+constexpr char const* ofCells = "CellData";
 } // namespace blockfact
 
 } // namespace veldraw::app

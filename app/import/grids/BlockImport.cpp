@@ -1,6 +1,5 @@
 #include "app/import/grids/BlockImport.h"
 
-#include "app/import/ComponentNames.h"
 #include "app/import/ImportError.h"
 #include "app/import/grids/CellLoader.h"
 #include "app/import/grids/GridCoordinates.h"
@@ -18,6 +17,7 @@
 #include <vtkStructuredGrid.h>
 
 #include <algorithm>
+#include <cstring>
 #include <iterator>
 
 namespace veldraw::app {
@@ -40,6 +40,40 @@ bool orderedDimensions(vtkDataSet& block, int dimensions[3])
     else
         return false;
     return true;
+}
+
+bool areMarks(vtkDataArray& array)
+{
+    char const* const name = array.GetName();
+    return name && std::strcmp(name, vtkDataSetAttributes::GhostArrayName()) == 0 &&
+           array.GetDataType() == VTK_UNSIGNED_CHAR && array.GetNumberOfComponents() == 1;
+}
+
+std::vector<std::string> componentNamesOf(vtkDataArray& array)
+{
+    std::vector<std::string> names;
+    for (int n = 0; array.HasAComponentName() && n < array.GetNumberOfComponents(); ++n) {
+        char const* const name = array.GetComponentName(n);
+        names.emplace_back(name ? name : "");
+    }
+    return names;
+}
+
+// Extension of the files that such a block stands in.
+char const* formatOf(vtkDataSet& block)
+{
+    switch (block.GetDataObjectType()) {
+    case VTK_POLY_DATA:
+        return "vtp";
+    case VTK_UNSTRUCTURED_GRID:
+        return "vtu";
+    case VTK_STRUCTURED_GRID:
+        return "vts";
+    case VTK_RECTILINEAR_GRID:
+        return "vtr";
+    default:
+        return "vti";
+    }
 }
 
 vtkSmartPointer<vtkDataArray> gathered(vtkDataArray& array, std::vector<std::int64_t> const& sources)
@@ -99,6 +133,7 @@ ImportedZone BlockImport::run()
     addCoordinates();
     addPointArrays();
     addCellArrays();
+    finishBlanking();
     return std::move(m_result);
 }
 
@@ -111,13 +146,14 @@ void BlockImport::makeZone()
         m_result.zone =
             std::make_shared<kernel::Zone>(m_name, ZoneType_Ordered, dimensions[0], dimensions[1], dimensions[2]);
     } else if (m_deferred.cells) {
-        auto const loader = std::make_shared<CellLoader>(*m_deferred.cells, m_facts.zoneType);
-        m_result.zone = std::make_shared<kernel::Zone>(m_name, loader->zoneType(), -1, -1, -1);
-        m_result.zone->dimensionsLoader = loader;
+        m_cellLoader = std::make_shared<CellLoader>(*m_deferred.cells, m_facts.zoneType);
+        m_result.zone = std::make_shared<kernel::Zone>(m_name, m_cellLoader->zoneType(), -1, -1, -1);
+        m_result.zone->dimensionsLoader = m_cellLoader;
     } else {
         makeMesh();
     }
     kernel::Zone& zone = *m_result.zone;
+    zone.fileFormat = formatOf(m_block);
     m_result.variableNames = m_facts.variableNames;
     m_result.timeStep = m_facts.timeStep;
     zone.strand = m_facts.strand.value_or(kernel::staticStrand);
@@ -198,7 +234,7 @@ void BlockImport::addPointArrays()
         *m_block.GetPointData(), m_deferred.ofPoints,
         [this](vtkAbstractArray& array) {
             if (vtkDataArray* const numbers = numbersOf(array, m_pointCount, "points"))
-                addFields(*numbers, ValueLocation_Nodal);
+                addPointArray(*numbers);
         },
         [this](DeferredArray const& array) { addFields(array, m_pointCount, ValueLocation_Nodal, {}); });
 }
@@ -225,8 +261,50 @@ void BlockImport::remarkLeftOut(std::string const& name)
     remark("cell values of scattered points left out: \"" + name + "\"");
 }
 
+void BlockImport::addPointArray(vtkDataArray& array)
+{
+    if (areMarks(array))
+        m_marks.ofPoints = adoptArray(array).components.front();
+    else
+        addFields(array, ValueLocation_Nodal);
+}
+
+// Scattered points have no cells: a vertex that is hidden hides its point.
+void BlockImport::takeCellMarks(vtkDataArray& marks)
+{
+    if (!isScattered()) {
+        m_marks.ofCells = adoptArray(m_cells.sameCells ? marks : *gathered(marks, m_cells.sources)).components.front();
+        return;
+    }
+    if (!m_cells.cellsArePoints)
+        return;
+    auto const ofPoints = kernel::Buffer::allocate(FieldDataType_Byte, m_pointCount);
+    for (std::int64_t point = 0; point < m_pointCount; ++point) {
+        std::uint64_t const own = m_marks.ofPoints ? m_marks.ofPoints->bits(point) : 0;
+        bool const isHidden =
+            (static_cast<unsigned>(marks.GetComponent(point, 0)) & kernel::Blanking::hidingCellMarks) != 0;
+        ofPoints->setBits(point, own | (isHidden ? kernel::Blanking::hiddenPoint : 0U));
+    }
+    m_marks.ofPoints = ofPoints;
+}
+
+// Cells that are left in the file bring it with them.
+void BlockImport::finishBlanking()
+{
+    if (!m_marks.ofPoints && !m_marks.ofCells)
+        return;
+    if (m_cellLoader)
+        m_cellLoader->setMarks(m_marks);
+    else
+        m_result.zone->blanking = std::make_shared<kernel::Blanking>(*m_result.zone, m_marks);
+}
+
 void BlockImport::addCellArray(vtkDataArray& array)
 {
+    if (areMarks(array)) {
+        takeCellMarks(array);
+        return;
+    }
     if (isScattered() && m_cells.cellsArePoints)
         addFields(array, ValueLocation_Nodal);
     else if (isScattered())
@@ -262,9 +340,11 @@ void BlockImport::addFields(DeferredArray const& array, std::int64_t tuples, Val
 {
     if (!isKernelType(array.type))
         remark("\"" + array.name + "\": " + conversionRemark(array.type));
+    std::vector<kernel::Field> components;
     for (int component = 0; component < array.components; ++component)
-        m_result.addField(componentName(array.name, component, array.components),
-                          kernel::Field(deferredGroup(array, component, tuples, location, arrange), location));
+        components.emplace_back(deferredGroup(array, component, tuples, location, arrange), location);
+    m_result.addArray(array.name, std::move(components), m_facts.variablesOf(location, array.name),
+                      array.componentNames);
 }
 
 std::shared_ptr<kernel::ShareGroup> BlockImport::deferredGroup(DeferredArray const& array, int component,
@@ -299,13 +379,13 @@ void BlockImport::addFields(vtkDataArray& array, ValueLocation_e location)
     AdoptedArray adopted = adoptArray(array);
     if (!adopted.remark.empty())
         remark("\"" + name + "\": " + adopted.remark);
-    int const count = static_cast<int>(adopted.components.size());
-    for (int component = 0; component < count; ++component) {
-        auto& values = adopted.components[static_cast<std::size_t>(component)];
+    std::vector<kernel::Field> components;
+    for (auto& values : adopted.components) {
         if (location == ValueLocation_CellCentered && m_result.zone->isOrdered())
             values = OrderedCells(*m_result.zone).expand(*values);
-        m_result.addField(componentName(name, component, count), makeField(std::move(values), location));
+        components.push_back(makeField(std::move(values), location));
     }
+    m_result.addArray(name, std::move(components), m_facts.variablesOf(location, name), componentNamesOf(array));
 }
 
 // Null, with a remark, for an array of texts.

@@ -14,6 +14,8 @@
 
 namespace veldraw::app {
 
+class CellLoader;
+
 /// Makes a zone of one VTK data set. Arrays are adopted: the data set is not to be changed afterwards.
 class BlockImport
 {
@@ -39,6 +41,9 @@ private:
     void addPointArrays();
     void addCellArrays();
     void addCellArray(vtkDataArray& array);
+    void addPointArray(vtkDataArray& array);
+    void takeCellMarks(vtkDataArray& marks);
+    void finishBlanking();
     void addCellArray(DeferredArray const& array);
     void addFields(vtkDataArray& array, ValueLocation_e location);
     void addFields(DeferredArray const& array, std::int64_t tuples, ValueLocation_e location,
@@ -63,6 +68,8 @@ private:
     std::vector<std::string>& m_remarks;
     BlockFacts m_facts;
     ImportedCells m_cells;
+    std::shared_ptr<CellLoader> m_cellLoader; // of cells that are left in the file
+    kernel::Blanking::Marks m_marks;
     ImportedZone m_result;
 };
 

@@ -4,6 +4,7 @@
 #include "app/import/cells/ImportedCells.h"
 #include "app/import/grids/VtkFile.h"
 #include "kernel/compute/Interrupted.h"
+#include "kernel/data/Zone.h"
 
 #include <unistd.h>
 
@@ -32,7 +33,13 @@ kernel::ZoneDimensions CellLoader::load(kernel::Progress& progress)
                                cells.connectivity->cellCount == m_cells.count;
     if (!isAsAnnounced || FileStamp(m_cells.file.path()).differsFrom(m_cells.file))
         throw ImportError("\"" + m_cells.file.path() + "\" does not have the same cells any more; open it again");
-    return {m_cells.points, m_cells.count, cells.faceCount, cells.connectivity};
+    kernel::ZoneDimensions result{m_cells.points, m_cells.count, cells.faceCount, cells.connectivity};
+    if (m_marks.ofPoints || m_marks.ofCells) {
+        kernel::Zone zone({}, m_zoneType, result.i, result.j, result.k);
+        zone.connectivity = result.connectivity;
+        result.blanking = std::make_shared<kernel::Blanking>(zone, m_marks);
+    }
+    return result;
 }
 
 } // namespace veldraw::app

@@ -23,7 +23,8 @@ struct DeferredArray
     std::string name;
     RawType type = RawType::Float32;
     int components = 1;
-    bool isMapped = false; ///< loading takes neither time nor memory, so that it is done at once
+    std::vector<std::string> componentNames; ///< empty where they have none
+    bool isMapped = false;                   ///< loading takes neither time nor memory, so that it is done at once
     LoaderFactory makeLoader;
 };
 

@@ -14,6 +14,7 @@ namespace {
 
 constexpr std::int64_t unknown = -1;
 constexpr std::int64_t mostComponents = 1000000;
+constexpr int mostNamedComponents = 1000;
 
 std::optional<RawType> typeOf(std::string const& name)
 {
@@ -45,6 +46,17 @@ kernel::ValueRange joined(kernel::ValueRange const& a, kernel::ValueRange const&
     if (!a.isValid() || !b.isValid())
         return {};
     return {a.state, std::min(a.min, b.min), std::max(a.max, b.max)};
+}
+
+std::vector<std::string> componentNamesIn(XmlTags::Tag const& tag, int components)
+{
+    std::vector<std::string> names;
+    bool isNamed = false;
+    for (int n = 0; n < components && n < mostNamedComponents; ++n) {
+        names.push_back(tag.text("ComponentName" + std::to_string(n)));
+        isNamed = isNamed || !names.back().empty();
+    }
+    return isNamed ? names : std::vector<std::string>();
 }
 
 // Counts beyond what a file could hold are no counts; whoever reads the file finds out.
@@ -172,6 +184,7 @@ void XmlArrayList::lookAtArray(XmlTags::Tag const& tag, Section& section)
     array.type = typeOf(tag.text("type"));
     array.components =
         static_cast<int>(std::clamp<std::int64_t>(asCount(tag.count("NumberOfComponents", 1.0)), 1, mostComponents));
+    array.componentNames = componentNamesIn(tag, array.components);
     if (tag.text("format") == "appended")
         array.offset = asCount(tag.count("offset", 0.0));
     std::size_t const number = section.seen++;

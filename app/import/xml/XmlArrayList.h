@@ -21,6 +21,7 @@ public:
         std::string name;            ///< as the file spells it
         std::optional<RawType> type; ///< none: no numbers that can be loaded later
         int components = 1;
+        std::vector<std::string> componentNames; ///< empty where they have none
         std::int64_t values = 0; ///< of all components in all pieces; 0 where the header does not say it
 
         /// Of the first value in the file, where all stand there uncompressed in one piece.

@@ -1,7 +1,8 @@
 #include "dialogs/bindings/InstalledValidator.h"
 
-#include <QDoubleValidator>
-#include <QIntValidator>
+#include "dialogs/widgets/NumberValidator.h"
+#include "dialogs/widgets/WholeNumberValidator.h"
+
 #include <QLineEdit>
 #include <QLocale>
 
@@ -19,9 +20,9 @@ QValidator* newValidator(QLineEdit& lineEdit, AcceptedText accepted)
 {
     switch (accepted) {
     case AcceptedText::Number:
-        return new QDoubleValidator(&lineEdit);
+        return new veldraw::ui::NumberValidator(&lineEdit);
     case AcceptedText::WholeNumber:
-        return new QIntValidator(&lineEdit);
+        return new veldraw::ui::WholeNumberValidator(&lineEdit);
     case AcceptedText::Anything:
         break;
     }

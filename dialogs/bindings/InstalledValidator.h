@@ -15,7 +15,8 @@ enum class AcceptedText
 /// Gives a line edit the validator of a binding, or none if it accepts anything. A validator that the form or a dialog
 /// has set stays; one that an earlier binding installed goes.
 ///
-/// Numbers are typed as the bindings read them: with a point, without group separators, whatever the default locale.
+/// Numbers are typed as the bindings read them: with a point, without group separators, whatever the default locale. No
+/// key is swallowed; see `NumberValidator`.
 void installValidator(QLineEdit& lineEdit, AcceptedText accepted);
 
 } // namespace veldraw::sdk::ui::dialogs::propertybindings

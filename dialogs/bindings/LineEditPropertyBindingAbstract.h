@@ -1,5 +1,6 @@
 #pragma once
 
+#include "dialogs/bindings/AbandonedInputFilter.h"
 #include "dialogs/bindings/QTextFieldObservable.h"
 #include "dialogs/bindings/UIPropertyBindingAbstract.h"
 
@@ -7,7 +8,6 @@
 #include <QString>
 
 #include <memory>
-#include <optional>
 
 class QLineEdit;
 
@@ -22,8 +22,9 @@ namespace veldraw::sdk::ui::dialogs::propertybindings {
 /// - The property refuses it: the reason is told, then as above.
 /// - It passes the validator and can't be read: the field keeps it.
 ///
-/// In the first two the field keeps the focus. A field that still shows what the binding wrote stands for the very value
-/// it was written for, with all its digits.
+/// In the first two the field keeps the focus. A field that the user left as the binding wrote it stands for the property's
+/// value with all its digits; what was typed counts as it stands. Blanks around a number don't count where the binding's
+/// own validator looks after the field. Text that is unfinished when the window goes off the screen is dropped.
 template <typename T>
 class LineEditPropertyBindingAbstract : public UIPropertyBindingAbstract<T>
 {
@@ -37,21 +38,21 @@ protected:
     /// The caller keeps the property alive.
     LineEditPropertyBindingAbstract(QLineEdit* lineEdit, UIStylePropertyAbstract<T>& uiProperty);
 
-    /// Writes the field. @param value what the text stands for
-    void showText(QString const& text, T const& value);
+    /// Writes the field.
+    void showText(QString const& text);
 
 private:
     void setUp();
     bool applyText();
     bool isAcceptable();
     T enteredValue();
-    bool isAsShown();
+    bool isUntouched() const;
     bool refuse();
 
     std::unique_ptr<QTextFieldObservable> m_textFieldObservable; // null: no line edit
+    std::unique_ptr<AbandonedInputFilter> m_abandonedInput;      // likewise
     QPointer<QLineEdit> const m_lineEdit;
-    QString m_shownText;
-    std::optional<T> m_shownValue; // none: nothing was shown yet
+    QString m_shownText; // null until something was shown
 };
 
 #define VELDRAW_DECLARE(T) extern template class LineEditPropertyBindingAbstract<T>;

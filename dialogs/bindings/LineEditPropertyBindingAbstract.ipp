@@ -4,6 +4,7 @@
 #include "dialogs/bindings/LineEditPropertyBindingAbstract.h"
 #include "dialogs/bindings/StringConverter.h"
 #include "dialogs/bindings/StringMassager.h"
+#include "dialogs/widgets/NumberText.h"
 #include "platform/exception/InvalidArgumentException.h"
 #include "platform/exception/InvalidPropertyValueException.h"
 #include "platform/vdsdkbase/VelUtilDialog.h"
@@ -50,20 +51,21 @@ void LineEditPropertyBindingAbstract<T>::setUp()
     else
         installValidator(*m_lineEdit, AcceptedText::WholeNumber);
     m_textFieldObservable = std::make_unique<QTextFieldObservable>(*m_lineEdit, [this] { return applyText(); });
+    m_abandonedInput = std::make_unique<AbandonedInputFilter>(*m_lineEdit, [this] { this->updateWidgetValue(); });
 }
 
 template <typename T>
-void LineEditPropertyBindingAbstract<T>::showText(QString const& text, T const& value)
+void LineEditPropertyBindingAbstract<T>::showText(QString const& text)
 {
     m_lineEdit->setText(text);
     m_shownText = m_lineEdit->text(); // a field may cut it
-    m_shownValue = value;
 }
 
 template <typename T>
 bool LineEditPropertyBindingAbstract<T>::applyText()
 {
     AppLock const lock(AppLock::RecordAsUsual);
+    veldraw::ui::dropBlanksAround(*m_lineEdit);
     if (!isAcceptable())
         return refuse();
     // Listeners of the property, and whatever happens while a message is read, may end this binding.
@@ -105,19 +107,17 @@ bool LineEditPropertyBindingAbstract<T>::isAcceptable()
 template <typename T>
 T LineEditPropertyBindingAbstract<T>::enteredValue()
 {
-    if (isAsShown())
+    if (isUntouched())
         return this->property().value();
     return intern::convertTo<T>(intern::StringConverter(m_lineEdit->text().toStdString()));
 }
 
-// A text that the user left as it was, or typed again, must not cost the value the digits that it doesn't show. If the
-// property has moved on meanwhile, typing the old text again is a wish.
+// A text that the user left as it was must not cost the value the digits that it doesn't show. The same text, typed, is
+// meant as it stands.
 template <typename T>
-bool LineEditPropertyBindingAbstract<T>::isAsShown()
+bool LineEditPropertyBindingAbstract<T>::isUntouched() const
 {
-    if (!m_shownValue || m_lineEdit->text() != m_shownText)
-        return false;
-    return !m_lineEdit->isModified() || this->property().value() == *m_shownValue;
+    return !m_shownText.isNull() && !m_lineEdit->isModified() && m_lineEdit->text() == m_shownText;
 }
 
 // False, for the text was not taken.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "dialogs/bindings/AbandonedInputFilter.h"
 #include "dialogs/bindings/QObjectPropertyBinding.h"
 #include "dialogs/bindings/QtSignalConnectionCollection.h"
 #include "dialogs/property/SpinBoxIncDecCalculatorBase.h"
@@ -16,9 +17,10 @@ using propertymanager::SpinBoxIncDecCalculatorBase;
 
 /// Ties a spin box to a number: what the three spin box bindings have in common.
 ///
-/// What the box shows is never read back. The property is set when the user has typed another number and finishes by
-/// Return, Tab or by going elsewhere, and by steps. A box that rounds or that has a smaller range than the property
-/// changes nothing. Nor does a change of the property take unfinished text away: the box follows once it is finished.
+/// What the box shows is never read back. The property is set when the user has typed a number and finishes by Return,
+/// Tab or by going elsewhere, and by steps. A box that rounds or that has a smaller range than the property changes
+/// nothing. Nor does a change of the property take unfinished text away: the box follows once it is finished. What is
+/// unfinished when the window goes off the screen is dropped.
 ///
 /// A step commits what was typed, starts from the property's value and ends within the box's range; where it leads is the
 /// calculator's answer or, without a calculator, the box's single step. A step counts like a typed value.
@@ -68,6 +70,7 @@ private:
     bool isBeingTyped() const;
     bool isRetyped() const;
     void typingIsHandled();
+    void dropTypedText();
 
     QPointer<Box> const m_box;
     boost::shared_ptr<PropertyAbstract<T>> const m_property;
@@ -81,6 +84,7 @@ private:
     bool m_wasRefused = false;
     QtSignalConnectionCollection m_qtConnections;
     SignalConnectionCollection m_connections;
+    AbandonedInputFilter m_abandonedInput;
 };
 
 extern template class SpinBoxPropertyBinding<double, veldraw::ui::QScientificSpinBox>;

@@ -24,6 +24,7 @@ SpinBoxPropertyBinding<T, Box>::SpinBoxPropertyBinding(Box* const box, boost::sh
     , m_box(box)
     , m_property(property)
     , m_calculator(calculator)
+    , m_abandonedInput(*box, [this] { dropTypedText(); })
 {
     // Else each key would set the property, and the box would be rewritten under the user's fingers.
     box->setKeyboardTracking(false);
@@ -183,6 +184,13 @@ void SpinBoxPropertyBinding<T, Box>::typingIsHandled()
     m_shown = m_box->value();
     m_shownText = m_box->text();
     m_isTyped = false;
+}
+
+template <typename T, typename Box>
+void SpinBoxPropertyBinding<T, Box>::dropTypedText()
+{
+    m_isTyped = false;
+    updateWidgetValue();
 }
 
 } // namespace veldraw::sdk::ui::dialogs::propertybindings

@@ -13,6 +13,7 @@ TextEditPropertyBinding::TextEditPropertyBinding(QTextEdit* textEdit,
     : UIPropertyBindingAbstract<std::string>(property, UpdateOnIdle)
     , m_textEdit(textEdit)
     , m_observable(*textEdit, [this] { applyText(); })
+    , m_abandonedInput(*textEdit, [this] { updateWidgetValue(); })
     , m_property(property)
 {
     textEdit->setReadOnly(readOnly);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "dialogs/bindings/AbandonedInputFilter.h"
 #include "dialogs/bindings/QTextEditObservable.h"
 #include "dialogs/bindings/UIPropertyBindingAbstract.h"
 
@@ -13,7 +14,7 @@ namespace veldraw::sdk::ui::dialogs::propertybindings {
 ///
 /// The property is set when the field loses the focus after the user edited it. A text that the property refuses is told
 /// in a message box, if the refusal has a text; the field shows the property's text again and keeps the focus. Tab leaves
-/// the field.
+/// the field. Text that is unfinished when the window goes off the screen is dropped.
 class TextEditPropertyBinding : public UIPropertyBindingAbstract<std::string>
 {
 public:
@@ -34,6 +35,7 @@ private:
 
     QPointer<QTextEdit> const m_textEdit;
     QTextEditObservable m_observable;
+    AbandonedInputFilter m_abandonedInput;
     boost::shared_ptr<PropertyAbstract<std::string>> const m_property;
 };
 

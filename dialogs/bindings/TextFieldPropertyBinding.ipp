@@ -38,9 +38,8 @@ void TextFieldPropertyBinding<T>::updateWidgetValue()
 {
     if (!m_lineEdit)
         return;
-    T const value = this->property().value();
     boost::format text(m_formatString, std::locale::classic());
-    this->showText(QString::fromStdString((text % value).str()), value);
+    this->showText(QString::fromStdString((text % this->property().value()).str()));
     if (m_displayMode == 0)
         m_lineEdit->home(false);
 }

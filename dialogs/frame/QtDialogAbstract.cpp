@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QScreen>
 #include <QShowEvent>
 
 #include <utility>
@@ -24,6 +25,17 @@ QString withoutMnemonic(QString text)
 {
     // "&&" stands for one that is read.
     return text.remove(QRegularExpression(QStringLiteral("&(?!&)")));
+}
+
+// Beside the text of a button that has to be narrow, in pixels.
+constexpr int leastMargin = 4;
+
+// For the text, a little room around it, and the icon that some styles add.
+int neededWidth(QAbstractButton const& button)
+{
+    int const text = button.fontMetrics().horizontalAdvance(withoutMnemonic(button.text()));
+    int const icon = button.icon().isNull() ? 0 : button.iconSize().width() + 4;
+    return text + icon + 2 * leastMargin;
 }
 
 // The widgets of a form, without those of dialogs that were opened from it, which are its children too.
@@ -120,22 +132,30 @@ void QtDialogAbstract::addPersistentState(boost::shared_ptr<veldraw::common::Ser
 // Done as late as possible, when the form and all buttons that were added to it stand.
 void QtDialogAbstract::wireOnce()
 {
-    if (std::exchange(m_isWired, true))
+    if (m_isWired)
         return;
     rememberFormSize();
+    m_isWired = true;
     wireCloseButtons();
     takeDefaultsOffButtons();
+    letButtonsBeNarrow();
     nameInputsAfterTheirLabels();
     if (m_relevance)
         m_relevanceApplier = std::make_unique<RelevanceApplier>(
             m_relevance, relevanceTargets(), RelevanceApplier::EnableDisable, RelevanceApplier::UpdateOnIdle);
+    if (!testAttribute(Qt::WA_Resized))
+        resize(sizeHint().boundedTo(screen()->availableSize() * 9 / 10));
 }
 
 void QtDialogAbstract::wireCloseButtons()
 {
     // By name, so that a form that makes the same connection itself does not close the dialog twice.
-    for (QDialogButtonBox* const box : buttonBoxes())
+    for (QDialogButtonBox* const box : buttonBoxes()) {
         connect(box, SIGNAL(rejected()), this, SLOT(reject()), Qt::UniqueConnection);
+        // A click that took the focus would take what is being typed, too, which closing drops.
+        if (QPushButton* const close = box->button(QDialogButtonBox::Close))
+            close->setFocusPolicy(Qt::TabFocus);
+    }
 }
 
 void QtDialogAbstract::takeDefaultsOffButtons()
@@ -144,6 +164,15 @@ void QtDialogAbstract::takeDefaultsOffButtons()
         button->setAutoDefault(false);
         button->setDefault(false);
     }
+}
+
+// Styles make buttons wider than their texts need, and Help is none of the form's: a narrow form has room for all of them
+// in this way only.
+void QtDialogAbstract::letButtonsBeNarrow()
+{
+    for (QDialogButtonBox* const box : buttonBoxes())
+        for (QAbstractButton* const button : box->buttons())
+            button->setMinimumWidth(neededWidth(*button));
 }
 
 void QtDialogAbstract::nameInputsAfterTheirLabels()
@@ -174,7 +203,7 @@ void QtDialogAbstract::focusFirstWidget()
 
 void QtDialogAbstract::rememberFormSize() const
 {
-    if (!m_formSize.isValid() && testAttribute(Qt::WA_Resized))
+    if (!m_isWired && testAttribute(Qt::WA_Resized))
         m_formSize = size();
 }
 

@@ -26,10 +26,12 @@ namespace veldraw::dialogs::common {
 ///
 /// - Modeless or modal as its form says; `launch()` never blocks. Closing only hides: the object, its settings and its
 ///   bindings stay, until the parent widget dies. Idle work that is pending then goes along.
-/// - Close and Escape hide it. No button is a default or auto-default one: Return in a field or a list must not run an
+/// - Close and Escape hide it, and drop what is being typed. No button is a default or auto-default one: Return in a field or a list must not run an
 ///   action that may delete data.
 /// - With a rule, its content and its action buttons can be used only while the rule is true; Close and Help always.
 /// - Inputs that Qt does not name by their label, such as lists, get its text as their accessible name.
+/// - It opens at the size of its form; one without a size at the size that its content prefers, as far as the screen has
+///   room.
 /// - Registered state is restored when the dialog appears and saved when it goes, by whatever way.
 class VDSDKDIALOGS_DATA_QT_API QtDialogAbstract : public QDialog, public virtual DialogInterface
 {
@@ -65,6 +67,7 @@ private:
     void wireOnce();
     void wireCloseButtons();
     void takeDefaultsOffButtons();
+    void letButtonsBeNarrow();
     void nameInputsAfterTheirLabels();
     void applyRelevance();
     void focusFirstWidget();

@@ -7,7 +7,6 @@
 #include <QFormLayout>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QRegularExpressionValidator>
 #include <QTableView>
 
 namespace veldraw::sdk::ui::propertymanager {
@@ -50,7 +49,6 @@ void GoToRowAction::ask()
     auto* const layout = new QFormLayout(dialog);
     auto* const number = new QLineEdit(dialog);
     number->setObjectName(QStringLiteral("goToRow_Row_Text"));
-    number->setValidator(new QRegularExpressionValidator(QRegularExpression(QStringLiteral("\\d{1,19}")), number));
     layout->addRow(QStringLiteral("&Row (1 to %1):").arg(rows), number);
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, dialog);
     layout->addRow(buttons);

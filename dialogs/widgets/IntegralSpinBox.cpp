@@ -1,8 +1,22 @@
 #include "dialogs/widgets/IntegralSpinBox.h"
 
+#include "dialogs/widgets/NumberText.h"
+#include "dialogs/widgets/WholeNumberValidator.h"
+
 #include <QHideEvent>
+#include <QLocale>
 
 namespace veldraw::ui {
+
+namespace {
+
+QLocale withoutGroups(QLocale locale)
+{
+    locale.setNumberOptions(locale.numberOptions() | QLocale::RejectGroupSeparator);
+    return locale;
+}
+
+} // namespace
 
 IntegralSpinBox::IntegralSpinBox(QWidget* parent)
     : QSpinBox(parent)
@@ -10,6 +24,20 @@ IntegralSpinBox::IntegralSpinBox(QWidget* parent)
 }
 
 IntegralSpinBox::~IntegralSpinBox() = default;
+
+QValidator::State IntegralSpinBox::validate(QString& text, int& pos) const
+{
+    WholeNumberValidator validator(minimum(), maximum());
+    validator.setLocale(withoutGroups(locale()));
+    return validator.validate(text, pos);
+}
+
+void IntegralSpinBox::fixup(QString&) const {}
+
+int IntegralSpinBox::valueFromText(QString const& text) const
+{
+    return withoutGroups(locale()).toInt(withoutBlanksAround(text));
+}
 
 void IntegralSpinBox::stepBy(int steps)
 {

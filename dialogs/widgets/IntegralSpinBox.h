@@ -7,7 +7,8 @@
 namespace veldraw::ui {
 
 /// A spin box for whole numbers whose arrows, arrow and page keys and wheel don't step: they only say that a step is
-/// asked for, and whoever listens decides where it leads. Range and typed text are those of `QSpinBox`.
+/// asked for, and whoever listens decides where it leads. The range is that of `QSpinBox`. Prefixes and suffixes are not
+/// supported.
 class IntegralSpinBox : public QSpinBox
 {
     Q_OBJECT
@@ -15,6 +16,12 @@ class IntegralSpinBox : public QSpinBox
 public:
     explicit IntegralSpinBox(QWidget* parent = nullptr);
     ~IntegralSpinBox() override;
+
+    /// Whole numbers of the range as `WholeNumberValidator` takes them in the box's locale, without group separators.
+    QValidator::State validate(QString& text, int& pos) const override;
+    /// Mends nothing: a text that is no number must not be made one.
+    void fixup(QString& text) const override;
+    int valueFromText(QString const& text) const override;
 
     /// Signals the steps, up for positive numbers.
     void stepBy(int steps) override;

@@ -1,7 +1,10 @@
 #include "dialogs/widgets/QScientificSpinBox.h"
 
-#include <QDoubleValidator>
+#include "dialogs/widgets/NumberText.h"
+#include "dialogs/widgets/NumberValidator.h"
+
 #include <QHideEvent>
+#include <QLineEdit>
 #include <QLocale>
 
 #include <cfloat>
@@ -54,6 +57,7 @@ QScientificSpinBox::QScientificSpinBox(QWidget* parent)
     QDoubleSpinBox::setDecimals(heldDigits);
     setRange(-DBL_MAX, DBL_MAX);
     setKeyboardTracking(false);
+    connect(lineEdit(), &QLineEdit::textEdited, this, [this](QString const& text) { m_typedText = text; });
 }
 
 QScientificSpinBox::~QScientificSpinBox() = default;
@@ -74,18 +78,22 @@ void QScientificSpinBox::setValue(double value)
 {
     m_notFinite = std::isfinite(value) ? 0.0 : value;
     QDoubleSpinBox::setValue(value);
+    m_typedText.clear();
 }
 
 QValidator::State QScientificSpinBox::validate(QString& text, int& pos) const
 {
-    QDoubleValidator validator;
+    NumberValidator validator;
     validator.setLocale(plainLocale());
     return validator.validate(text, pos);
 }
 
+void QScientificSpinBox::fixup(QString&) const {}
+
 double QScientificSpinBox::valueFromText(QString const& text) const
 {
-    return text == textFromValue(value()) ? value() : plainLocale().toDouble(text);
+    bool const isHeld = text != m_typedText && text == textFromValue(value());
+    return isHeld ? value() : plainLocale().toDouble(withoutBlanksAround(text));
 }
 
 QString QScientificSpinBox::textFromValue(double value) const

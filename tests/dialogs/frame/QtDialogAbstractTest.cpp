@@ -1,20 +1,30 @@
+#include "dialogs/bindings/SpinBoxDoublePropertyBinding.h"
+#include "dialogs/bindings/SpinBoxIntPropertyBinding.h"
+#include "dialogs/bindings/TextFieldPropertyBinding.h"
 #include "dialogs/frame/LaunchHelpAction.h"
+#include "dialogs/property/Property.h"
+#include "dialogs/widgets/TableViewWithPreferredDimensions.h"
 #include "platform/vdsdkuicommon/HelpLauncher.h"
 #include "platform/vdsdkuicommon/IdleDispatcher.h"
 #include "platform/vdsdkuicommon/OnIdleActionPerformerSingleShot.h"
 #include "tests/dialogs/frame/SampleDialog.h"
+#include "tests/dialogs/support/RecordedMessages.h"
 #include "tests/dialogs/support/SwitchedRelevance.h"
 
 #include <QApplication>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QTest>
 
 #include <boost/make_shared.hpp>
 
+#include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <map>
 #include <memory>
 #include <set>
+#include <string>
 
 namespace veldraw::dialogs::common {
 namespace {
@@ -228,6 +238,83 @@ TEST_F(QtDialogAbstractTest, IsAtLeastAsLargeAsItsForm)
     dialog.layout()->activate();
     EXPECT_GT(dialog.sizeHint().width(), 700);
     EXPECT_GT(dialog.sizeHint().height(), 600);
+}
+
+TEST_F(QtDialogAbstractTest, OpensAtTheWidthOfItsFormThoughItHasAHelpButton)
+{
+    SampleDialog dialog(parent);
+    dialog.resize(180, 200);
+    dialog.setHelpAction(new common::LaunchHelpAction("sample.html", dialog));
+    ASSERT_GT(dialog.buttons->sizeHint().width(), 180);
+    dialog.launch();
+    EXPECT_EQ(dialog.width(), 180);
+    for (QAbstractButton* const button : dialog.buttons->buttons())
+        EXPECT_GT(button->width(), button->fontMetrics().horizontalAdvance(button->text().remove(QLatin1Char('&'))));
+}
+
+TEST_F(QtDialogAbstractTest, OpensAtTheSizeThatItsContentPrefersWhenItsFormHasNone)
+{
+    SampleDialog dialog(parent);
+    dialog.setAttribute(Qt::WA_Resized, false);
+    dialog.field->setMinimumSize(600, 610);
+    dialog.launch();
+    EXPECT_EQ(dialog.size(), dialog.sizeHint());
+    EXPECT_GT(dialog.height(), 610) << "which is more than two thirds of this screen";
+    SampleDialog large(parent);
+    large.setAttribute(Qt::WA_Resized, false);
+    auto* const table = new common::TableViewWithPreferredDimensions(&large);
+    table->setPreferredNumberOfRows(1000);
+    large.layout()->addWidget(table);
+    large.launch();
+    EXPECT_LE(large.height(), large.screen()->availableSize().height());
+}
+
+/// The ways in which a dialog goes off the screen.
+using Closing = std::function<void(SampleDialog&)>;
+std::map<std::string, Closing> const closings{
+    {"Escape", [](SampleDialog& dialog) { QTest::keyClick(dialog.focusWidget(), Qt::Key_Escape); }},
+    {"Close", [](SampleDialog& dialog) { QTest::mouseClick(closeButton(dialog), Qt::LeftButton); }},
+    {"window", [](SampleDialog& dialog) { dialog.close(); }},
+    {"drop", [](SampleDialog& dialog) { dialog.drop(); }},
+    {"hide", [](SampleDialog& dialog) { dialog.hide(); }},
+};
+
+TEST_F(QtDialogAbstractTest, DropsWhatIsBeingTypedWhenItGoesByWhateverWay)
+{
+    SampleDialog dialog(parent);
+    auto* const angle = new veldraw::ui::QScientificSpinBox(&dialog);
+    auto* const count = new veldraw::ui::IntegralSpinBox(&dialog);
+    dialog.layout()->addWidget(angle);
+    dialog.layout()->addWidget(count);
+    auto const number = boost::make_shared<Property<double>>(0.5);
+    auto const wholeNumber = boost::make_shared<Property<int>>(5);
+    int changes = 0;
+    number->connectValueChanged([&changes](double) { ++changes; });
+    wholeNumber->connectValueChanged([&changes](int) { ++changes; });
+    using namespace sdk::ui::dialogs::propertybindings;
+    TextFieldPropertyBinding<double> const fieldBinding(dialog.field, number);
+    SpinBoxDoublePropertyBinding const angleBinding(angle, number, nullptr);
+    SpinBoxIntPropertyBinding const countBinding(count, wholeNumber, nullptr);
+    tests::RecordedMessages messages;
+    for (auto const& [way, close] : closings) {
+        for (QWidget* const input :
+             {static_cast<QWidget*>(dialog.field), static_cast<QWidget*>(angle), static_cast<QWidget*>(count)}) {
+            dialog.launch();
+            ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+            input->setFocus();
+            QTest::keyClick(input, Qt::Key_A, Qt::ControlModifier);
+            QTest::keyClicks(input, QStringLiteral("7"));
+            close(dialog);
+            ASSERT_FALSE(dialog.isVisible()) << way;
+            dialog.launch();
+            EXPECT_EQ(dialog.field->text(), QStringLiteral("0.5")) << way;
+            EXPECT_EQ(angle->text(), QStringLiteral("0.5")) << way;
+            EXPECT_EQ(count->text(), QStringLiteral("5")) << way;
+        }
+    }
+    IdleDispatcher::flush();
+    EXPECT_EQ(changes, 0);
+    EXPECT_THAT(messages.take(), IsEmpty());
 }
 
 TEST_F(QtDialogAbstractTest, CanOnlyBeUsedWhileItsRuleIsTrueButClosedAlways)

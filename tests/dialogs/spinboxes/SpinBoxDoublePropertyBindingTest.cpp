@@ -277,18 +277,70 @@ TEST_F(SpinBoxDoublePropertyBindingTest, TakesATypedNumberThatDiffersInTheLastDi
     }
 }
 
-TEST_F(SpinBoxDoublePropertyBindingTest, KeepsItsValueWhenTheShownTextIsTypedAgain)
+TEST_F(SpinBoxDoublePropertyBindingTest, TakesTheShownTextAsItStandsWhenItIsTyped)
 {
     bind();
     double const third = 1.0 / 3.0;
-    property->setValue(third);
-    idle();
-    driver->type("0.333333");
-    driver->press(Qt::Key_Return);
-    EXPECT_EQ(property->value(), third);
-    driver->type("0.33333");
-    driver->press(Qt::Key_Return);
-    EXPECT_EQ(property->value(), 0.33333);
+    for (Qt::Key const end : {Qt::Key_Return, Qt::Key_Tab}) {
+        property->setValue(third);
+        idle();
+        take();
+        driver->type("0.333333");
+        driver->press(end);
+        EXPECT_THAT(take(), ElementsAre(0.333333));
+        idle();
+        box->setFocus();
+        driver->press(end);
+        EXPECT_THAT(take(), IsEmpty());
+    }
+}
+
+TEST_F(SpinBoxDoublePropertyBindingTest, StoresNothingForATextWithAWrongCharacter)
+{
+    bind();
+    for (char const* const text : {"12,5", "2*3", "1.000,5", "1 5", "3x", "0x10", "1'000"}) {
+        for (Qt::Key const end : {Qt::Key_Return, Qt::Key_Tab, Qt::Key_Up}) {
+            property->setValue(2.5);
+            idle();
+            take();
+            driver->type(text);
+            EXPECT_EQ(driver->text(), text) << "no key is swallowed";
+            driver->press(end);
+            if (end != Qt::Key_Up)
+                EXPECT_THAT(take(), IsEmpty()) << text;
+            else
+                EXPECT_THAT(take(), ElementsAre(3.5)) << "a step from the property's value";
+        }
+    }
+    EXPECT_THAT(messages.take(), IsEmpty());
+}
+
+TEST_F(SpinBoxDoublePropertyBindingTest, DropsUnfinishedTextWhenItsWindowGoesOffTheScreen)
+{
+    bind();
+    for (char const* const text : {"7", "1e", "2*3"}) {
+        driver->type(text);
+        window.hide();
+        EXPECT_EQ(driver->text(), "2.5") << text;
+        show();
+        EXPECT_EQ(settled(), "2.5") << text;
+        box->setFocus();
+        driver->press(Qt::Key_Return);
+    }
+    EXPECT_THAT(take(), IsEmpty());
+    EXPECT_THAT(messages.take(), IsEmpty());
+}
+
+TEST_F(SpinBoxDoublePropertyBindingTest, ShowsThePropertyThatChangedUnderUnfinishedTextWhenItsWindowComesBack)
+{
+    bind();
+    driver->type("7");
+    property->setValue(9.0);
+    EXPECT_EQ(settled(), "7");
+    window.close();
+    show();
+    EXPECT_EQ(driver->text(), "9");
+    EXPECT_EQ(property->value(), 9.0);
 }
 
 TEST_F(SpinBoxDoublePropertyBindingTest, RestoresTheValueForATextThatIsNoNumber)

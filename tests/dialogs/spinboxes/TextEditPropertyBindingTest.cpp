@@ -125,6 +125,16 @@ TEST_F(TextEditPropertyBindingTest, SetsThePropertyOnceByAClickElsewhere)
     EXPECT_THAT(take(), IsEmpty());
 }
 
+TEST_F(TextEditPropertyBindingTest, DropsUnfinishedTextWhenItsWindowGoesOffTheScreen)
+{
+    bind();
+    type(" unfinished");
+    window.hide();
+    EXPECT_EQ(text(), "one\ntwo");
+    EXPECT_THAT(take(), IsEmpty());
+    EXPECT_THAT(messages.take(), IsEmpty());
+}
+
 TEST_F(TextEditPropertyBindingTest, SetsNothingWithoutAnEdit)
 {
     bind();

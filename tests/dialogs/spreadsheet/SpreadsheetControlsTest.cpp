@@ -97,7 +97,7 @@ TEST_F(SpreadsheetControlsTest, ChooseHowNumbersAreWritten)
     step("Precision_SpinBox", Qt::Key_Up);
     EXPECT_EQ(shown(0, 0), "100.000000");
     typeNumber("Precision_SpinBox", "99");
-    EXPECT_EQ(Choices::spreadsheetPrecision()->value(), 9) << "a second digit leads beyond 16 and is not taken";
+    EXPECT_EQ(Choices::spreadsheetPrecision()->value(), 6) << "99 is beyond 16, and no other number is made of it";
     EXPECT_THAT(messages.take(), testing::IsEmpty());
     choose("Format_ComboBox", Qt::Key_Down);
     EXPECT_TRUE(isOffered("Precision", "_SpinBox"));

@@ -97,18 +97,16 @@ TEST_F(LongTable, DoesNothingWithANumberThatIsNoRow)
     auto* const dialog = view.findChild<QDialog*>(QStringLiteral("GoToRow"));
     ASSERT_TRUE(dialog);
     auto* const number = dialog->findChild<QLineEdit*>();
-    for (char const* const bad : {"", "0", "00", "3000000001", "9999999999999999999"}) {
+    for (char const* const bad : {"", "0", "00", "3000000001", "9999999999999999999", "1,5", "2*3", "-7", "1.5e3",
+                                  "99999999999999999999999", "1 5", "0x10", "x"}) {
         number->clear();
         QTest::keyClicks(number, QLatin1String(bad));
+        EXPECT_EQ(number->text(), QLatin1String(bad)) << "no key is swallowed";
         QTest::keyClick(number, Qt::Key_Return);
         settle();
         EXPECT_TRUE(dialog->isVisible()) << bad;
         EXPECT_EQ(current(), "5, 2") << bad;
     }
-    number->clear();
-    QApplication::clipboard()->setText(QStringLiteral("1.5e3"));
-    number->paste();
-    EXPECT_EQ(number->text(), QString()) << "pasted text is looked at too";
     QTest::keyClick(number, Qt::Key_Escape);
     settle();
     EXPECT_EQ(current(), "5, 2");
@@ -233,8 +231,8 @@ TEST_F(LongTable, GoesToARowByItsNumber)
     QTest::keyClicks(number, QStringLiteral("0"));
     EXPECT_FALSE(ok->isEnabled());
     number->clear();
-    QTest::keyClicks(number, QStringLiteral("-2700000000x"));
-    EXPECT_EQ(number->text(), QStringLiteral("2700000000"));
+    QApplication::clipboard()->setText(QStringLiteral(" 2700000000\n"));
+    number->paste();
     QTest::mouseClick(ok, Qt::LeftButton);
     settle();
     EXPECT_EQ(current(), "2699999999, 2");

@@ -10,6 +10,7 @@
 #include "tests/dialogs/textbindings/FieldWindow.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QDoubleValidator>
 #include <QKeyEvent>
 #include <QMessageBox>
@@ -90,9 +91,9 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_P(RefusedText, IsSilentlyReplacedWhenTheFieldsValidatorWantsMore)
 {
-    for (char const* const text : {"", "-", "+", ".", "1e", "1e-"}) {
+    for (char const* const text : {"", "-", "+", ".", "1e", "1e-", "0,5", "0.1*3", "0 1", "1.2.3", "x"}) {
         window.type(text);
-        ASSERT_EQ(window.shown(), text);
+        ASSERT_EQ(window.shown(), text) << "no key is swallowed";
         GetParam().run(window);
         expectRestored("0.25");
         EXPECT_TRUE(window.field->hasFocus()) << text;
@@ -323,22 +324,18 @@ TEST_F(FieldOfTheForm, TellsOnReturnThatAValueIsNoLongerValid)
     EXPECT_EQ(property->value(), 0.25);
 }
 
-TEST(WholeNumberField, LetsNoOtherKeysInAndReplacesWhatIsNoWholeNumber)
+TEST(WholeNumberField, ReplacesWhatIsNoWholeNumber)
 {
     FieldWindow window;
     auto const count = boost::make_shared<Property<int>>(7);
     TextFieldPropertyBinding<int> const binding(window.field, count);
-    window.field->setFocus();
-    QTest::keyClicks(window.field, QStringLiteral(".,ex "));
-    EXPECT_EQ(window.shown(), "7");
-    for (char const* const text : {"1.5", "1,000", "1e3", "2147483648", "-2147483649", " 5", "0x5", "abc"}) {
-        window.field->setText(QString::fromUtf8(text));
+    for (char const* const text :
+         {"1.5", "1,000", "1,5", "1e3", "2147483648", "-2147483649", "2*3", "5 5", "0x5", "abc", "-", ""}) {
+        window.type(text);
+        EXPECT_EQ(window.shown(), text) << "no key is swallowed";
         window.press(Qt::Key_Return);
         EXPECT_EQ(window.shown(), "7") << text;
     }
-    window.enter("-");
-    window.enter("");
-    EXPECT_EQ(window.shown(), "7");
     EXPECT_EQ(count->value(), 7);
     EXPECT_THAT(window.messages.take(), IsEmpty());
 }
@@ -357,6 +354,51 @@ TEST(LongNumberField, ShowsMoreThanCanBeTyped)
     EXPECT_EQ(window.shown(), "4611686018427387903");
     window.enter("2147483647");
     EXPECT_EQ(count->value(), 2147483647);
+}
+
+/// Pastes over what the field shows and presses Return.
+void paste(FieldWindow& window, char const* text)
+{
+    QApplication::clipboard()->setText(QString::fromUtf8(text));
+    window.field->setFocus();
+    window.field->selectAll();
+    QTest::keyClick(window.field, Qt::Key_V, Qt::ControlModifier);
+    window.press(Qt::Key_Return);
+}
+
+TEST(PastedText, CountsAsItsNumberWithBlanksAround)
+{
+    FieldWindow window;
+    auto const number = boost::make_shared<Property<double>>(1.0);
+    TextFieldPropertyBinding<double> const binding(window.field, number);
+    paste(window, " 4.5 ");
+    EXPECT_EQ(number->value(), 4.5);
+    EXPECT_EQ(window.shown(), "4.5");
+    paste(window, "3.25\n");
+    EXPECT_EQ(number->value(), 3.25);
+    paste(window, "\t-1e3\r\n");
+    EXPECT_EQ(number->value(), -1000.0);
+    paste(window, "1 2");
+    EXPECT_EQ(number->value(), -1000.0);
+}
+
+TEST(PastedText, CountsAsItsWholeNumberWithBlanksAround)
+{
+    FieldWindow window;
+    auto const count = boost::make_shared<Property<long long>>(1);
+    TextFieldPropertyBinding<long long> const binding(window.field, count);
+    paste(window, " 12\n");
+    EXPECT_EQ(count->value(), 12);
+    EXPECT_EQ(window.shown(), "12");
+}
+
+TEST(PastedText, KeepsItsBlanksInATextField)
+{
+    FieldWindow window;
+    auto const title = boost::make_shared<Property<std::string>>();
+    TextFieldPropertyBinding<std::string> const binding(window.field, title);
+    paste(window, " a ");
+    EXPECT_EQ(title->value(), " a ");
 }
 
 /// Throws something when it is set.

@@ -248,19 +248,39 @@ TEST_F(NumberField, NeverRoundsAValueThatTheUserLeavesAlone)
     EXPECT_EQ(window.shown(), "0.123457");
 }
 
-TEST_F(NumberField, NeverRoundsAValueWhoseTextIsTypedAgain)
+TEST_F(NumberField, TakesTheShownTextAsItStandsWhenItIsTyped)
 {
-    window.enter("0.123457");
-    EXPECT_EQ(property->value(), 0.123456789);
-    window.type("0.123457");
-    window.press(Qt::Key_Tab);
-    EXPECT_EQ(property->value(), 0.123456789);
+    for (Qt::Key const end : {Qt::Key_Return, Qt::Key_Tab}) {
+        property->setValue(0.123456789);
+        IdleDispatcher::flush();
+        window.type("0.123457");
+        window.press(end);
+        EXPECT_EQ(property->value(), 0.123457);
+    }
+    property->setValue(0.123456789);
+    IdleDispatcher::flush();
     window.type("0.12345");
     QTest::keyClicks(window.field, QStringLiteral("7"));
     window.press(Qt::Key_Return);
-    EXPECT_EQ(property->value(), 0.123456789);
-    window.enter("0.1234570");
     EXPECT_EQ(property->value(), 0.123457);
+}
+
+TEST_F(NumberField, DropsUnfinishedTextWhenItsWindowGoesOffTheScreen)
+{
+    for (char const* const text : {"7", "1e", "2*3"}) {
+        window.type(text);
+        window.dialog.close();
+        EXPECT_EQ(window.shown(), "0.123457") << text;
+        window.dialog.show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window.dialog));
+        EXPECT_EQ(window.shown(), "0.123457") << text;
+    }
+    window.type("7");
+    window.press(Qt::Key_Escape);
+    EXPECT_FALSE(window.dialog.isVisible());
+    EXPECT_EQ(window.shown(), "0.123457");
+    EXPECT_EQ(property->value(), 0.123456789);
+    EXPECT_THAT(window.messages.take(), IsEmpty());
 }
 
 TEST_F(NumberField, LetsTheOldTextBeTypedAgainAfterThePropertyMovedOn)

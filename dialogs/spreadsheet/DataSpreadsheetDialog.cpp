@@ -13,6 +13,7 @@
 #include "dialogs/spreadsheet/ColumnFitter.h"
 #include "dialogs/spreadsheet/CornerButtonEventFilter.h"
 #include "dialogs/spreadsheet/DataSpreadsheetPropertiesManager.h"
+#include "dialogs/spreadsheet/EditedCell.h"
 #include "dialogs/spreadsheet/EnterKeyTableNavigator.h"
 #include "dialogs/spreadsheet/GoToRowAction.h"
 #include "dialogs/spreadsheet/LongTableKeys.h"
@@ -47,6 +48,7 @@ using propertybindings::LabelPropertyBinding;
 using propertybindings::RelevanceApplier;
 using propertybindings::SpinBoxLgIndexPropertyBinding;
 using propertybindings::WidgetUpdateDeferrerOnBusy;
+using propertybindings::models::EditedCell;
 using propertybindings::models::QTableModelAdapter;
 using propertybindings::models::ZoneVarTableItemDelegate;
 using propertybindings::models::ZoneVarTableModelAbstract;
@@ -82,6 +84,7 @@ struct DataSpreadsheetDialog::Impl
     void setUpForm();
     void setUpTable();
     void makeLongTablesReachable();
+    void finishEditUnlessIn(Manager::TableModel const& next);
     void bindChoices();
     template <typename T, typename L>
     void bindCombo(QComboBox* comboBox, boost::shared_ptr<Property<T>> const& choice, L const& list);
@@ -152,6 +155,7 @@ void DataSpreadsheetDialog::Impl::setUpTable()
     table->setPreferredNumberOfColumns(columnsAtFirst);
     ui.dataSpreadsheet_Index_SpinBox->setRange(1, highestIndex);
     corner = new CornerButtonEventFilter(*table, manager.cornerLabel());
+    manager.setBeforeTableChanges([this](Manager::TableModel const& next) { finishEditUnlessIn(next); });
 }
 
 void DataSpreadsheetDialog::Impl::makeLongTablesReachable()
@@ -170,6 +174,17 @@ void DataSpreadsheetDialog::Impl::makeLongTablesReachable()
     });
     goToRow = new GoToRowAction(*window, *table);
     table->addAction(goToRow);
+}
+
+// What is typed in a cell belongs to the value there. It stays open where the next table has that value in the same cell.
+void DataSpreadsheetDialog::Impl::finishEditUnlessIn(Manager::TableModel const& next)
+{
+    auto* const table = ui.dataSpreadsheet_Array_TableView;
+    QWidget const* const editor = table->openEditor();
+    EditedCell const* const edited = editor ? EditedCell::of(*editor) : nullptr;
+    bool const isOfSameSize = next.rowCount() == adapter.totalRows() && next.columnCount() == adapter.totalColumns();
+    if (edited && !(isOfSameSize && edited->isAt(edited->cell(), next)))
+        table->finishEdit();
 }
 
 void DataSpreadsheetDialog::Impl::bindChoices()

@@ -247,6 +247,8 @@ void DataSpreadsheetPropertiesManager::pointIndexAtPlane()
 
 void DataSpreadsheetPropertiesManager::show(boost::shared_ptr<TableModel> const& model)
 {
+    if (m_beforeTableChanges)
+        m_beforeTableChanges(*model);
     m_tableModel = model;
     m_tableModelProxy->setModel(model);
 }

@@ -13,6 +13,7 @@
 
 #include <boost/shared_ptr.hpp>
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -70,6 +71,13 @@ public:
     ///         of the choices aren't followed until the data set has changed
     void update();
 
+    /// Has something done before another table, or the same one in another state, takes the place of the shown one.
+    /// @param action gets the table that will be shown
+    void setBeforeTableChanges(std::function<void(TableModel const& next)> const& action)
+    {
+        m_beforeTableChanges = action;
+    }
+
     // ---- each manager's own ----------------------------------------------------------------------------------------
     Owner& owner() const { return m_owner; }
     boost::shared_ptr<ZonesListModel> zoneListModel() const { return m_zoneListModel; }
@@ -125,6 +133,7 @@ private:
     Rule m_precisionRelevance;
     Rule m_valueLocationRelevance;
     Rule m_lineOrFiniteElementRelevance;
+    std::function<void(TableModel const& next)> m_beforeTableChanges; // empty: nobody asked
     std::unique_ptr<common::OnIdleAfterStateChangeActionPerformer> m_updatePerformer;
     SignalConnectionCollection m_connections;
 };

@@ -1,13 +1,19 @@
 #include "dialogs/spreadsheet/ZoneVarTableItemDelegate.h"
 
+#include "dialogs/bindings/AbandonedInputFilter.h"
 #include "dialogs/models/QTableModelAdapter.h"
 #include "dialogs/spreadsheet/DataSpreadsheetPropertiesManager.h"
+#include "dialogs/spreadsheet/EditedCell.h"
 #include "dialogs/spreadsheet/ZoneVarTableModelAbstract.h"
+#include "dialogs/widgets/NumberValidator.h"
+#include "dialogs/widgets/WholeNumberValidator.h"
+#include "platform/vdsdkbase/VelUtilDataValue.h"
 
-#include <QDoubleValidator>
-#include <QIntValidator>
+#include <QAbstractItemView>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QToolTip>
 
 #include <boost/pointer_cast.hpp>
 
@@ -19,6 +25,9 @@
 
 namespace veldraw::sdk::ui::dialogs::propertybindings::models {
 
+using veldraw::ui::NumberValidator;
+using veldraw::ui::WholeNumberValidator;
+
 namespace {
 
 constexpr int mostDecimals = 1000;
@@ -29,17 +38,17 @@ QValidator* validatorFor(FieldDataType_e type, QLineEdit& editor)
     constexpr double largestFloat = std::numeric_limits<float>::max();
     switch (type) {
     case FieldDataType_Float:
-        return new QDoubleValidator(-largestFloat, largestFloat, mostDecimals, &editor);
+        return new NumberValidator(-largestFloat, largestFloat, mostDecimals, &editor);
     case FieldDataType_Double:
-        return new QDoubleValidator(&editor);
+        return new NumberValidator(&editor);
     case FieldDataType_Int32:
-        return new QIntValidator(&editor);
+        return new WholeNumberValidator(&editor);
     case FieldDataType_Int16:
-        return new QIntValidator(-widestShort, widestShort, &editor);
+        return new WholeNumberValidator(-widestShort, widestShort, &editor);
     case FieldDataType_Byte:
-        return new QIntValidator(0, 255, &editor);
+        return new WholeNumberValidator(0, 255, &editor);
     case FieldDataType_Bit:
-        return new QIntValidator(0, 1, &editor);
+        return new WholeNumberValidator(0, 1, &editor);
     default:
         return nullptr;
     }
@@ -54,12 +63,19 @@ QLocale localeOfTheTable()
     return locale;
 }
 
+// One that belongs to a number: `from_chars` reads none.
+bool hasPlus(std::string const& text)
+{
+    return text.size() > 1 && text[0] == '+' && text[1] != '-';
+}
+
 // All of the text, as the table writes it, so not in the locale of the process; "nan" and "inf" are numbers.
 std::optional<double> numberIn(std::string const& text)
 {
     double number = 0.0;
+    char const* const begin = text.data() + (hasPlus(text) ? 1 : 0);
     char const* const end = text.data() + text.size();
-    std::from_chars_result const result = std::from_chars(text.data(), end, number);
+    std::from_chars_result const result = std::from_chars(begin, end, number);
     return result.ec == std::errc() && result.ptr == end ? std::optional<double>(number) : std::nullopt;
 }
 
@@ -68,6 +84,22 @@ ModelIndex tableIndex(QModelIndex const& index)
     if (auto const* const adapter = qobject_cast<QTableModelAdapter const*>(index.model()))
         return adapter->tableIndex(index);
     return ModelIndex(static_cast<unsigned long long>(index.row()), static_cast<unsigned long long>(index.column()));
+}
+
+void limitToType(QLineEdit& editor, FieldDataType_e type)
+{
+    QValidator* const validator = validatorFor(type, editor);
+    if (!validator)
+        return;
+    validator->setLocale(localeOfTheTable());
+    editor.setValidator(validator);
+}
+
+bool isAcceptable(QLineEdit const& editor)
+{
+    QString text = editor.text();
+    int position = 0;
+    return !editor.validator() || editor.validator()->validate(text, position) == QValidator::Acceptable;
 }
 
 } // namespace
@@ -85,21 +117,19 @@ QWidget* ZoneVarTableItemDelegate::createEditor(QWidget* parent, QStyleOptionVie
                                                 QModelIndex const& index) const
 {
     QWidget* const editor = QStyledItemDelegate::createEditor(parent, option, index);
-    if (auto* const lineEdit = qobject_cast<QLineEdit*>(editor))
-        limitToType(*lineEdit, index);
+    auto* const lineEdit = qobject_cast<QLineEdit*>(editor);
+    auto const table = shownTable();
+    if (lineEdit && table) {
+        ModelIndex const cell = tableIndex(index);
+        limitToType(*lineEdit, table->fieldDataType(cell));
+        new EditedCell(*lineEdit, *table, cell);
+    }
     return editor;
 }
 
-void ZoneVarTableItemDelegate::limitToType(QLineEdit& editor, QModelIndex const& index) const
+boost::shared_ptr<ZoneVarTableModelAbstract> ZoneVarTableItemDelegate::shownTable() const
 {
-    auto const table = boost::dynamic_pointer_cast<ZoneVarTableModelAbstract>(m_manager.tableModel());
-    if (!table)
-        return;
-    QValidator* const validator = validatorFor(table->fieldDataType(tableIndex(index)), editor);
-    if (!validator)
-        return;
-    validator->setLocale(localeOfTheTable());
-    editor.setValidator(validator);
+    return boost::dynamic_pointer_cast<ZoneVarTableModelAbstract>(m_manager.tableModel());
 }
 
 void ZoneVarTableItemDelegate::setEditorData(QWidget* editor, QModelIndex const& index) const
@@ -112,13 +142,13 @@ void ZoneVarTableItemDelegate::setEditorData(QWidget* editor, QModelIndex const&
 void ZoneVarTableItemDelegate::setModelData(QWidget* editor, QAbstractItemModel* model, QModelIndex const& index) const
 {
     auto const* const lineEdit = qobject_cast<QLineEdit const*>(editor);
-    if (lineEdit && lineEdit->validator()) {
-        QString text = lineEdit->text();
-        int position = 0;
-        if (lineEdit->validator()->validate(text, position) != QValidator::Acceptable)
-            return;
-    }
-    QStyledItemDelegate::setModelData(editor, model, index);
+    if (lineEdit && !isAcceptable(*lineEdit))
+        return;
+    EditedCell const* const edited = EditedCell::of(*editor);
+    if (!edited || edited->isAt(tableIndex(index), *m_manager.tableModel()))
+        QStyledItemDelegate::setModelData(editor, model, index);
+    else if (lineEdit && lineEdit->isModified())
+        edited->write(lineEdit->text().toStdString(), m_manager.spreadsheetAlterShared()->value());
 }
 
 QString ZoneVarTableItemDelegate::displayText(QVariant const& value, QLocale const&) const
@@ -138,9 +168,27 @@ QString ZoneVarTableItemDelegate::shownText(QVariant const& value) const
     return number ? QString::fromStdString(m_formatter.format(*number)) : QString();
 }
 
+bool ZoneVarTableItemDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, QStyleOptionViewItem const& option,
+                                         QModelIndex const& index)
+{
+    auto const table = shownTable();
+    bool const asksForTip = event->type() == QEvent::ToolTip && index.isValid() && table;
+    if (!asksForTip || !VelUtilDataValueIsPassive(table->zone(), table->variableNumber(tableIndex(index).column + 1)))
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    QToolTip::showText(event->globalPos(),
+                       QStringLiteral("This variable has no values in this zone, so they can't be edited."),
+                       view->viewport(), view->visualRect(index));
+    return true;
+}
+
 bool ZoneVarTableItemDelegate::eventFilter(QObject* watched, QEvent* event)
 {
     auto* const editor = qobject_cast<QWidget*>(watched);
+    if (editor && AbandonedInputFilter::isAbandoned(*editor, *event)) {
+        // The base class would commit.
+        Q_EMIT closeEditor(editor, QAbstractItemDelegate::NoHint);
+        return true;
+    }
     if (editor && event->type() == QEvent::KeyPress) {
         int const key = static_cast<QKeyEvent*>(event)->key();
         if (key == Qt::Key_Return || key == Qt::Key_Enter) {

@@ -1,10 +1,11 @@
 #pragma once
 
+#include "platform/vdsdkbase/VelUtilTypes.h"
 #include "platform/vdsdkcommon/StringFormatter.h"
 
 #include <QStyledItemDelegate>
 
-class QLineEdit;
+#include <boost/shared_ptr.hpp>
 
 namespace veldraw::sdk::ui::propertymanager {
 class DataSpreadsheetPropertiesManager;
@@ -12,8 +13,11 @@ class DataSpreadsheetPropertiesManager;
 
 namespace veldraw::sdk::ui::dialogs::propertybindings::models {
 
+class ZoneVarTableModelAbstract;
+
 /// Shows the numbers of a table of field values in the chosen format and lets the user edit them, within the limits of
-/// the type in which they are stored.
+/// the type in which they are stored. An edit belongs to the value that was in the cell when the editor was opened,
+/// whatever the cell comes to stand for meanwhile; see `EditedCell`.
 class ZoneVarTableItemDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
@@ -31,12 +35,16 @@ public:
     /// In the chosen format and always with a decimal point; "Not Loaded" as it is, anything else that is no number as
     /// nothing.
     QString displayText(QVariant const& value, QLocale const& locale) const override;
-    /// Return and Enter end the edit and stay with the editor.
+    /// Tells of a cell without values why it can't be edited.
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, QStyleOptionViewItem const& option,
+                   QModelIndex const& index) override;
+    /// Return and Enter end the edit and stay with the editor. An edit that is open when the window goes off the screen is
+    /// dropped.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     QString shownText(QVariant const& value) const;
-    void limitToType(QLineEdit& editor, QModelIndex const& index) const;
+    boost::shared_ptr<ZoneVarTableModelAbstract> shownTable() const;
 
     propertymanager::DataSpreadsheetPropertiesManager const& m_manager;
     mutable StringFormatter m_formatter; // set up anew for each text, inside what Qt wants const

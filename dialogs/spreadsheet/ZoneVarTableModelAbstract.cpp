@@ -1,24 +1,20 @@
 #include "dialogs/spreadsheet/ZoneVarTableModelAbstract.h"
 
+#include "dialogs/spreadsheet/ValueWrite.h"
 #include "platform/exception/IOException.h"
 #include "platform/exception/InterruptedException.h"
 #include "platform/vdsdkbase/StateChange.h"
 #include "platform/vdsdkbase/VelUtilDataValue.h"
 #include "platform/vdsdkbase/VelUtilQuery.h"
 #include "platform/vdsdkbase/VelUtilZone.h"
-#include "platform/vdsdkcommon/ActionReporter.h"
 #include "platform/vdsdkcommon/AppLock.h"
 #include "platform/vdsdkcommon/DataSetQueries.h"
 #include "platform/vdsdkcommon/ShortestText.h"
 #include "platform/vdsdkcommon/StateChangeEventObservable.h"
-#include "platform/vdtoolbox/ArgList.h"
 #include "platform/vdtoolbox/StateChangeEventInterface.h"
 #include "platform/vdtoolbox/StateChangeListenerInterface.h"
 
 #include <boost/lexical_cast.hpp>
-
-#include <locale>
-#include <sstream>
 
 namespace veldraw::sdk::ui::dialogs::propertybindings::models {
 
@@ -26,16 +22,6 @@ using integration::StateChangeEventObservable;
 using toolbox::StateChangeEventInterface;
 
 namespace {
-
-// Zero for what is no number: who lets people type looks at their text first.
-double numberOf(std::string const& text)
-{
-    double number = 0.0;
-    std::istringstream stream(text);
-    stream.imbue(std::locale::classic()); // what getStr() writes, whatever the user's locale
-    stream >> number;
-    return number;
-}
 
 void loadDimensions(int zone, long long& i, long long& j, long long& k)
 {
@@ -155,17 +141,7 @@ bool ZoneVarTableModelAbstract::setStr(ModelIndex const& index, std::string cons
     if (!VelUtilDataValueIsLoaded(m_zone, variable))
         return false;
     AppLock const lock(AppLock::RecordAsUsual);
-    return writeValue(variable, index, numberOf(text));
-}
-
-bool ZoneVarTableModelAbstract::writeValue(int variable, ModelIndex const& index, double value)
-{
-    toolbox::ArgList arguments;
-    arguments.appendInt("Zone", m_zone);
-    arguments.appendInt("Var", variable);
-    arguments.appendInt("Index", valueOffset(index) + 1);
-    arguments.appendDouble("FieldValue", value);
-    arguments.appendInt("AutoBranch", m_alterInAllSharedZones ? 0 : 1);
+    ValueWrite write(m_zone, variable, valueOffset(index), text, m_alterInAllSharedZones);
 
     // The table's own edit is one cell's change and not news about everything; so the listener is out of the way until
     // that has been told, and comes back however the edit ends.
@@ -174,11 +150,8 @@ bool ZoneVarTableModelAbstract::writeValue(int variable, ModelIndex const& index
         toolbox::StateChangeListenerInterface* listener;
         ~BackAtTheEnd() { StateChangeEventObservable::getInstance().addListener(listener); }
     } const backAtTheEnd{m_listener.get()};
-    auto const write = [this, &arguments] {
-        StateChangeEventObservable::getInstance().removeListener(m_listener.get());
-        return static_cast<char>(VelUtilDataValueSetByZoneVarX(arguments.getRef()));
-    };
-    bool const isWritten = velUtilActionReporter(write, "Error while setting variable value", "") != 0;
+    bool const isWritten =
+        write.run([this] { StateChangeEventObservable::getInstance().removeListener(m_listener.get()); });
     if (isWritten)
         notifyOfItemChanged(index);
     return isWritten;

@@ -46,6 +46,8 @@ public:
 
     /// As short as a text can be that reads back as the very value; what getStr() says where there is none.
     std::string shortestStr(ModelIndex const& index) const;
+    /// One-based number of the zone that the table was made for.
+    int zone() const { return m_zone; }
     /// How the cell's value is stored.
     virtual FieldDataType_e fieldDataType(ModelIndex const& index) const;
     /// The kernel's number of the variable of a one-based column.
@@ -72,8 +74,6 @@ protected:
     long long m_kMax = 0;
 
 private:
-    bool writeValue(int variable, ModelIndex const& index, double value);
-
     std::unique_ptr<StateChangeListener> const m_listener;
 };
 

@@ -2,7 +2,6 @@
 
 #include <QHeaderView>
 #include <QPointer>
-#include <QScreen>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -40,8 +39,7 @@ QSize TableViewWithPreferredDimensions::sizeHint() const
     if (m_preferredRows > 0)
         hint.setHeight(m_preferredRows * verticalHeader()->defaultSectionSize() +
                        horizontalHeader()->sizeHint().height() + frame + horizontalScrollBar()->sizeHint().height());
-    QScreen const* const itsScreen = screen();
-    return itsScreen ? hint.boundedTo(itsScreen->availableSize() * 2 / 3) : hint;
+    return hint;
 }
 
 void TableViewWithPreferredDimensions::layOutNow()
@@ -50,9 +48,14 @@ void TableViewWithPreferredDimensions::layOutNow()
     updateGeometries();
 }
 
+QWidget* TableViewWithPreferredDimensions::openEditor() const
+{
+    return indexWidget(currentIndex());
+}
+
 void TableViewWithPreferredDimensions::finishEdit()
 {
-    QPointer<QWidget> const editor = indexWidget(currentIndex());
+    QPointer<QWidget> const editor = openEditor();
     if (!editor)
         return;
     commitData(editor);

@@ -17,11 +17,14 @@ public:
     void setPreferredNumberOfRows(int count);
     void setPreferredNumberOfColumns(int count);
 
-    /// Headers, frame and scroll bars around the preferred sections of default size, at most two thirds of the screen.
+    /// Headers, frame and scroll bars around the preferred sections of default size.
     QSize sizeHint() const override;
 
     /// Brings scroll bars and headers in line with the item model now instead of at the next event.
     void layOutNow();
+
+    /// The editor of the current cell, null while none is open.
+    QWidget* openEditor() const;
 
     /// Takes what is being typed in the current cell and closes its editor, as when the focus leaves it.
     void finishEdit();

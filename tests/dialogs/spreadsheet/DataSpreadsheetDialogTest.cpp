@@ -8,17 +8,25 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QMenu>
+#include <QProxyStyle>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollBar>
 #include <QSpinBox>
 #include <QStackedWidget>
 #include <QStyleOptionHeader>
 #include <QTimer>
+#include <QToolTip>
 
+#include <functional>
 #include <gmock/gmock.h>
 #include <limits>
+#include <map>
+#include <utility>
+#include <vector>
 
 namespace veldraw::tests {
 namespace {
@@ -121,16 +129,155 @@ TEST_F(DataSpreadsheetDialogTest, HasTheLimitsAndSizesOfItsForm)
     EXPECT_EQ(widget<QSpinBox>("Precision_SpinBox").minimum(), 0);
     EXPECT_EQ(widget<QSpinBox>("Precision_SpinBox").maximum(), 16);
     EXPECT_EQ(table().horizontalHeader()->defaultSectionSize(), 75);
-    // Room for 24 rows and 10 columns whatever the zone's size; in small ones, as the screen of a test is small.
-    table().verticalHeader()->setMinimumSectionSize(5);
-    table().horizontalHeader()->setMinimumSectionSize(5);
-    table().verticalHeader()->setDefaultSectionSize(10);
-    table().horizontalHeader()->setDefaultSectionSize(20);
-    EXPECT_EQ(table().sizeHint().width(), 10 * 20 + table().verticalHeader()->width() + 2 * table().frameWidth() +
+    // Room for 24 rows and 10 columns whatever the size of the zone and of the screen.
+    EXPECT_EQ(table().sizeHint().width(), 10 * 75 + table().verticalHeader()->width() + 2 * table().frameWidth() +
                                               table().verticalScrollBar()->sizeHint().width());
-    EXPECT_EQ(table().sizeHint().height(), 24 * 10 + table().horizontalHeader()->sizeHint().height() +
-                                               2 * table().frameWidth() +
-                                               table().horizontalScrollBar()->sizeHint().height());
+    EXPECT_EQ(table().sizeHint().height(),
+              24 * table().verticalHeader()->defaultSectionSize() + table().horizontalHeader()->sizeHint().height() +
+                  2 * table().frameWidth() + table().horizontalScrollBar()->sizeHint().height());
+    EXPECT_EQ(dialog().size(), dialog().sizeHint().boundedTo(dialog().screen()->availableSize() * 9 / 10));
+}
+
+TEST_F(DataSpreadsheetDialogTest, ShowsANumberWithALeadingPlusLikeAnyOther)
+{
+    auto const shownText = [this](char const* text) {
+        return static_cast<QStyledItemDelegate&>(*table().itemDelegate())
+            .displayText(QString::fromUtf8(text), QLocale());
+    };
+    stage.show();
+    launched();
+    EXPECT_EQ(shownText("+1.5"), shownText("1.5"));
+    EXPECT_EQ(shownText("+1.5").toDouble(), 1.5);
+    for (char const* const text : {"+", "+-1", "++1", "-+1", "+ 1"})
+        EXPECT_EQ(shownText(text), QString()) << text;
+}
+
+TEST_F(DataSpreadsheetDialogTest, TakesANumberThatIsPastedWithBlanksAround)
+{
+    stage.show();
+    launched();
+    std::vector<std::pair<char const*, double>> const pasted{{" 4.5 ", 4.5}, {"3.25\n", 3.25}, {"\t-1e3\r\n", -1000.0}};
+    for (auto const& [text, number] : pasted) {
+        QApplication::clipboard()->setText(QString::fromUtf8(text));
+        goTo(0, 0);
+        QTest::keyClick(&table(), Qt::Key_F2);
+        auto* const editor = table().viewport()->findChild<QLineEdit*>();
+        ASSERT_TRUE(editor);
+        editor->selectAll();
+        QTest::keyClick(editor, Qt::Key_V, Qt::ControlModifier);
+        pressInEditor(Qt::Key_Return);
+        EXPECT_EQ(stage.stored(1, 1, 0), number);
+    }
+}
+
+TEST_F(DataSpreadsheetDialogTest, EndsAnEditByEnterOfTheKeypad)
+{
+    stage.show();
+    launched();
+    goTo(1, 0);
+    type("12");
+    pressInEditor(Qt::Key_Enter);
+    EXPECT_FALSE(table().viewport()->findChild<QLineEdit*>());
+    EXPECT_EQ(stage.stored(1, 1, 1), 12.0);
+    EXPECT_EQ(current(), "1, 0") << "the key stays with the editor";
+    EXPECT_TRUE(dialog().isVisible());
+}
+
+/// Ways in which the dialog goes while an edit is open.
+class ClosedUnderEdit : public DataSpreadsheetDialogTest, public testing::WithParamInterface<char const*>
+{
+protected:
+    void close(std::string const& way)
+    {
+        if (way == "Close")
+            QTest::mouseClick(dialog().findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Close), Qt::LeftButton);
+        else if (way == "drop")
+            dialog().drop();
+        else
+            dialog().close();
+    }
+};
+
+TEST_P(ClosedUnderEdit, DropsTheEdit)
+{
+    stage.show();
+    launched();
+    goTo(1, 0);
+    type("12");
+    close(GetParam());
+    settle();
+    ASSERT_FALSE(dialog().isVisible());
+    EXPECT_EQ(stage.stored(1, 1, 1), 101.0);
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_FALSE(table().viewport()->findChild<QLineEdit*>());
+    EXPECT_THAT(messages.take(), IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Ways, ClosedUnderEdit, testing::Values("Close", "drop", "window"));
+
+/// The tool tip of a cell.
+QString tipAt(QTableView& table, QModelIndex const& index)
+{
+    QToolTip::hideText();
+    QPoint const place = table.visualRect(index).center();
+    QHelpEvent event(QEvent::ToolTip, place, table.viewport()->mapToGlobal(place));
+    QApplication::sendEvent(table.viewport(), &event);
+    return QToolTip::text();
+}
+
+TEST_F(DataSpreadsheetDialogTest, SaysWhyACellWithoutValuesCannotBeEdited)
+{
+    int const bare = stage.addZone("Bare", ZoneType_Ordered, 4, 1, 1);
+    stage.fill(bare, 1, FieldDataType_Float, ValueLocation_Nodal);
+    stage.show();
+    launched();
+    chooseZone(bare);
+    EXPECT_EQ(tipAt(table(), adapter().index(0, 0)), QString());
+    EXPECT_EQ(tipAt(table(), adapter().index(0, 1)),
+              QStringLiteral("This variable has no values in this zone, so they can't be edited."));
+    edit(0, 1, "5");
+    EXPECT_THAT(messages.take(), ElementsAre("error: Error while setting variable value"));
+    EXPECT_EQ(stage.session().lastError(), "The variable has no values in this zone.");
+}
+
+/// Writes down in which state headers are drawn.
+class HeaderLog : public QProxyStyle
+{
+public:
+    void drawControl(ControlElement element, QStyleOption const* option, QPainter* painter,
+                     QWidget const* drawn) const override
+    {
+        if (element == CE_Header)
+            states[drawn] = option->state;
+        QProxyStyle::drawControl(element, option, painter, drawn);
+    }
+    mutable std::map<QWidget const*, QStyle::State> states;
+};
+
+TEST_F(DataSpreadsheetDialogTest, DrawsTheCornerInTheStateOfItsButton)
+{
+    stage.show();
+    launched();
+    HeaderLog style;
+    corner().setStyle(&style);
+    auto const drawn = [&] {
+        style.states.clear();
+        corner().grab();
+        return style.states.at(&corner());
+    };
+    EXPECT_EQ(drawn(), QStyle::State_Enabled | QStyle::State_Active);
+    corner().setDown(true);
+    EXPECT_EQ(drawn(), QStyle::State_Enabled | QStyle::State_Active | QStyle::State_Sunken);
+    corner().setDown(false);
+    corner().setEnabled(false);
+    EXPECT_EQ(drawn(), QStyle::State_Active);
+    corner().setEnabled(true);
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    EXPECT_EQ(drawn(), QStyle::State_Enabled);
+    corner().setStyle(nullptr);
 }
 
 TEST_F(DataSpreadsheetDialogTest, GivesRoomToTheTableAndToTheChoicesAndNotToTheirLabels)
@@ -232,12 +379,15 @@ class TypedTexts : public DataSpreadsheetDialogTest, public testing::WithParamIn
 
 TEST_P(TypedTexts, AreTakenWithinTheLimitsOfTheType)
 {
-    auto const& [type, text, stored] = GetParam();
-    stage.fill(1, 1, type, ValueLocation_Nodal,
-               [t = type](int, std::int64_t) { return t == FieldDataType_Bit ? 1.0 : 100.0; });
+    auto const& [fieldType, text, stored] = GetParam();
+    stage.fill(1, 1, fieldType, ValueLocation_Nodal,
+               [t = fieldType](int, std::int64_t) { return t == FieldDataType_Bit ? 1.0 : 100.0; });
     stage.show();
     launched();
-    edit(0, 0, text);
+    goTo(0, 0);
+    type(text);
+    EXPECT_EQ(table().viewport()->findChild<QLineEdit*>()->text().toStdString(), text) << "no key is swallowed";
+    pressInEditor(Qt::Key_Return);
     EXPECT_EQ(stage.stored(1, 1, 0), stored) << text;
     EXPECT_THAT(messages.take(), IsEmpty());
 }
@@ -245,7 +395,7 @@ TEST_P(TypedTexts, AreTakenWithinTheLimitsOfTheType)
 INSTANTIATE_TEST_SUITE_P(
     Spreadsheet, TypedTexts,
     testing::Values(TypedText{FieldDataType_Byte, "300", 100}, TypedText{FieldDataType_Byte, "255", 255},
-                    TypedText{FieldDataType_Byte, "-1", 1}, TypedText{FieldDataType_Byte, "0", 0},
+                    TypedText{FieldDataType_Byte, "-1", 100}, TypedText{FieldDataType_Byte, "0", 0},
                     TypedText{FieldDataType_Bit, "0", 0}, TypedText{FieldDataType_Bit, "2", 1},
                     TypedText{FieldDataType_Int32, "-2147483648", -2147483648.0},
                     TypedText{FieldDataType_Int32, "2147483648", 100}, TypedText{FieldDataType_Int16, "-32768", -32768},
@@ -254,7 +404,11 @@ INSTANTIATE_TEST_SUITE_P(
                     TypedText{FieldDataType_Double, "1e", 100}, TypedText{FieldDataType_Double, "1e400", 100},
                     TypedText{FieldDataType_Double, "inf", 100}, TypedText{FieldDataType_Double, "-infinity", 100},
                     TypedText{FieldDataType_Float, "nan", 100}, TypedText{FieldDataType_Float, "-inf", 100},
-                    TypedText{FieldDataType_Int32, "nan", 100}, TypedText{FieldDataType_Int32, "1.5", 15},
+                    TypedText{FieldDataType_Int32, "nan", 100}, TypedText{FieldDataType_Int32, "1.5", 100},
+                    TypedText{FieldDataType_Double, "1,5", 100}, TypedText{FieldDataType_Float, "2*3", 100},
+                    TypedText{FieldDataType_Double, "1 5", 100}, TypedText{FieldDataType_Int32, "1,000", 100},
+                    TypedText{FieldDataType_Byte, "2*3", 100}, TypedText{FieldDataType_Double, "+4.5", 4.5},
+                    TypedText{FieldDataType_Byte, "+7", 7},
                     TypedText{FieldDataType_Double, "4.9406564584124654e-324",
                               std::numeric_limits<double>::denorm_min()}));
 
@@ -457,6 +611,27 @@ TEST_F(DataSpreadsheetDialogTest, AltersThisZoneOrAllThatShare)
     edit(0, 0, "6");
     EXPECT_EQ(stage.stored(1, 1, 0), 6.0);
     EXPECT_EQ(stage.stored(copy, 1, 0), 5.0);
+}
+
+TEST_F(DataSpreadsheetDialogTest, AltersThisBlockOrAllThatShare)
+{
+    int const copy = stage.addZone("Copy", ZoneType_Ordered, 3, 3, 2);
+    stage.share(copy, 1, 3);
+    stage.show();
+    launched();
+    chooseZone(3);
+    auto& alterAll = widget<QCheckBox>("AlterSharedZones_CheckBox");
+    ASSERT_TRUE(alterAll.isEnabled());
+    alterAll.click();
+    settle();
+    edit(1, 2, "5");
+    EXPECT_EQ(stage.stored(3, 1, 7), 5.0);
+    EXPECT_EQ(stage.stored(copy, 1, 7), 5.0);
+    alterAll.click();
+    settle();
+    edit(1, 2, "6");
+    EXPECT_EQ(stage.stored(3, 1, 7), 6.0);
+    EXPECT_EQ(stage.stored(copy, 1, 7), 5.0);
 }
 
 } // namespace

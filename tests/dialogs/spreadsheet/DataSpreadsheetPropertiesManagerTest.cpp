@@ -196,6 +196,11 @@ TEST_F(DataSpreadsheetPropertiesManagerTest, TurnsThePlaneToWhereAFlatZoneLies)
     EXPECT_EQ(planeOf(planeJK), IJKPlanes_I);
     EXPECT_EQ(planeOf(line), IJKPlanes_I) << "a line along J";
     EXPECT_EQ(planeOf(triangles), IJKPlanes_K);
+    // Points, elements and faces are no three directions.
+    int const polyhedra = stage.addZone("polyhedra", ZoneType_FEPolyhedron, 8, 2, 11);
+    stage.fillAll(polyhedra);
+    EXPECT_EQ(planeOf(polyhedra), IJKPlanes_K);
+    EXPECT_EQ(manager().cornerLabel()->value(), "N \\ V");
     choose(volume);
     Manager::spreadsheetPlane()->setValue(IJKPlanes_J);
     EXPECT_EQ(Manager::spreadsheetPlane()->value(), IJKPlanes_J) << "a volume takes any";
@@ -472,6 +477,20 @@ TEST_F(DataSpreadsheetPropertiesManagerTest, TakesTheOneLocationOfAZoneWhateverW
     Manager::spreadsheetValueLocation()->setValue(ValueLocation_CellCentered);
     choose(triangles);
     EXPECT_FALSE(manager().valueLocationRelevance()->isRelevant());
+    EXPECT_EQ(size(), "5x3");
+}
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, TakesCellsWhereAllValuesOfAZoneAreThere)
+{
+    for (int variable = 1; variable <= 3; ++variable) {
+        stage.fill(triangles, variable, FieldDataType_Float, ValueLocation_CellCentered);
+        stage.fill(line, variable, FieldDataType_Float, ValueLocation_CellCentered);
+    }
+    Manager::spreadsheetValueLocation()->setValue(ValueLocation_Nodal);
+    choose(triangles);
+    EXPECT_EQ(size(), "3x3") << "elements";
+    EXPECT_EQ(manager().tableModel()->getStr(ModelIndex(2, 1)), "202");
+    choose(line);
     EXPECT_EQ(size(), "5x3");
 }
 

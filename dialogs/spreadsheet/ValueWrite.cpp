@@ -1,0 +1,43 @@
+#include "dialogs/spreadsheet/ValueWrite.h"
+
+#include "platform/vdsdkbase/VelUtilDataValue.h"
+#include "platform/vdsdkcommon/ActionReporter.h"
+
+#include <locale>
+#include <sstream>
+
+namespace veldraw::sdk::ui::dialogs::propertybindings::models {
+
+namespace {
+
+// Zero for what is no number: who lets people type looks at their text first.
+double numberOf(std::string const& text)
+{
+    double number = 0.0;
+    std::istringstream stream(text);
+    stream.imbue(std::locale::classic()); // what a table writes, whatever the user's locale
+    stream >> number;
+    return number;
+}
+
+} // namespace
+
+ValueWrite::ValueWrite(int zone, int variable, long long offset, std::string const& text, bool alterInAllSharedZones)
+{
+    m_arguments.appendInt("Zone", zone);
+    m_arguments.appendInt("Var", variable);
+    m_arguments.appendInt("Index", offset + 1);
+    m_arguments.appendDouble("FieldValue", numberOf(text));
+    m_arguments.appendInt("AutoBranch", alterInAllSharedZones ? 0 : 1);
+}
+
+bool ValueWrite::run(std::function<void()> const& beforeWrite)
+{
+    auto const write = [this, &beforeWrite] {
+        beforeWrite();
+        return static_cast<char>(VelUtilDataValueSetByZoneVarX(m_arguments.getRef()));
+    };
+    return velUtilActionReporter(write, "Error while setting variable value", "") != 0;
+}
+
+} // namespace veldraw::sdk::ui::dialogs::propertybindings::models

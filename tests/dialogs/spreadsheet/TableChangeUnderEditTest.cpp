@@ -1,0 +1,266 @@
+#include "tests/dialogs/spreadsheet/SpreadsheetDriver.h"
+
+#include <functional>
+#include <gmock/gmock.h>
+#include <map>
+
+namespace veldraw::tests {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// What becomes of a text that is being typed into a cell when the table becomes another one. There are two lines of four
+/// points, two blocks of 3 by 3 by 2, a longer line, triangles with values at their cells besides, and a line without values.
+class TableChangeUnderEditTest : public SpreadsheetDriver
+{
+protected:
+    TableChangeUnderEditTest()
+    {
+        stage.addZone("Line", ZoneType_Ordered, 4, 1, 1);
+        stage.addZone("Other", ZoneType_Ordered, 4, 1, 1);
+        stage.addZone("Block", ZoneType_Ordered, 3, 3, 2);
+        stage.addZone("Twin", ZoneType_Ordered, 3, 3, 2);
+        stage.addZone("Long", ZoneType_Ordered, 9, 1, 1);
+        stage.addZone("Mixed", ZoneType_FETriangle, 4, 4, 0);
+        for (int zone = 1; zone <= 6; ++zone)
+            stage.fillAll(zone);
+        stage.fill(6, 3, FieldDataType_Float, ValueLocation_CellCentered);
+        stage.addZone("Bare", ZoneType_Ordered, 4, 1, 1);
+        stage.show();
+        launched();
+    }
+
+    QLineEdit* editor()
+    {
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return table().viewport()->findChild<QLineEdit*>();
+    }
+    void beginEdit(int zone, int row, int column, std::string const& text)
+    {
+        Choices::spreadsheetZone()->setValue(zone);
+        settle();
+        table().setFocus();
+        goTo(row, column);
+        type(text);
+        ASSERT_TRUE(editor());
+        ASSERT_EQ(editor()->text().toStdString(), text);
+        before = allValues();
+    }
+
+    /// Every value of the data set.
+    std::map<std::string, double> allValues() const
+    {
+        std::map<std::string, double> values;
+        for (int zone = 1; zone <= stage.dataSet().zoneCount(); ++zone)
+            for (int variable = 1; variable <= stage.dataSet().variableCount(); ++variable) {
+                kernel::Field const& field = *stage.dataSet().field(zone, variable);
+                for (std::int64_t index = 0; !field.isPassive() && index < field.group()->size(); ++index)
+                    values[nameOf(zone, variable, index)] = stage.stored(zone, variable, index);
+            }
+        return values;
+    }
+    std::string nameOf(int zone, int variable, std::int64_t index) const
+    {
+        return stage.dataSet().zone(zone)->name + " " + stage.dataSet().variable(variable)->name + " " +
+               std::to_string(index);
+    }
+    /// "zone variable index = value" for each value that was there when the edit began and is another one now.
+    std::vector<std::string> altered() const
+    {
+        std::vector<std::string> names;
+        for (auto const& [name, value] : allValues())
+            if (before.count(name) != 0 && value != before.at(name))
+                names.push_back(name + " = " + std::to_string(static_cast<int>(value)));
+        return names;
+    }
+
+    std::map<std::string, double> before;
+};
+
+constexpr char gone[] = "error: The value 7 was not set: its zone or variable is not there any more.";
+
+TEST_F(TableChangeUnderEditTest, StoresTheTextInItsZoneWhenAnotherOfTheSameSizeIsShown)
+{
+    beginEdit(1, 2, 1, "7");
+    Choices::spreadsheetZone()->setValue(2);
+    EXPECT_THAT(altered(), ElementsAre("Line T 2 = 7")) << "at once";
+    EXPECT_FALSE(editor());
+    settle();
+    EXPECT_EQ(shown(2, 1), "202");
+    EXPECT_THAT(altered(), ElementsAre("Line T 2 = 7"));
+    EXPECT_THAT(messages.take(), IsEmpty());
+}
+
+TEST_F(TableChangeUnderEditTest, StoresTheTextInItsZoneWhenOneOfAnotherSizeIsShown)
+{
+    beginEdit(1, 3, 0, "7");
+    Choices::spreadsheetZone()->setValue(5);
+    EXPECT_FALSE(editor());
+    settle();
+    EXPECT_THAT(altered(), ElementsAre("Line P 3 = 7"));
+    EXPECT_EQ(table().model()->rowCount(), 9);
+}
+
+TEST_F(TableChangeUnderEditTest, StoresTheTextInItsVariableWhenABlockShowsAnother)
+{
+    beginEdit(3, 1, 2, "7");
+    Choices::spreadsheetVariable()->setValue(3);
+    settle();
+    EXPECT_FALSE(editor());
+    EXPECT_THAT(altered(), ElementsAre("Block P 7 = 7"));
+}
+
+TEST_F(TableChangeUnderEditTest, StoresTheTextInItsPlaneWhenABlockShowsAnother)
+{
+    beginEdit(3, 1, 2, "7");
+    Choices::spreadsheetKIndex()->setValue(2);
+    settle();
+    EXPECT_FALSE(editor());
+    EXPECT_THAT(altered(), ElementsAre("Block P 7 = 7"));
+    beginEdit(3, 1, 2, "8");
+    Choices::spreadsheetPlane()->setValue(IJKPlanes_J);
+    settle();
+    EXPECT_FALSE(editor());
+    EXPECT_THAT(altered(), ElementsAre("Block P 16 = 8"));
+}
+
+TEST_F(TableChangeUnderEditTest, StoresTheTextAtItsLocationWhenTheOtherOneIsShown)
+{
+    beginEdit(6, 1, 0, "7");
+    Choices::spreadsheetValueLocation()->setValue(ValueLocation_CellCentered);
+    settle();
+    EXPECT_FALSE(editor());
+    EXPECT_THAT(altered(), ElementsAre("Mixed P 1 = 7"));
+}
+
+TEST_F(TableChangeUnderEditTest, KeepsTheEditorWhereTheSameValueStaysInTheCell)
+{
+    stage.share(2, 1, 1);
+    beginEdit(1, 1, 0, "7");
+    Choices::spreadsheetPrecision()->setValue(5);
+    Choices::spreadsheetAlterShared()->setValue(true);
+    Choices::spreadsheetVariable()->setValue(2);
+    ASSERT_TRUE(stage.session().setValue(stage.dataSet(), 1, 3, 2, 55.0, false));
+    settle();
+    ASSERT_TRUE(editor());
+    EXPECT_EQ(editor()->text(), QStringLiteral("7"));
+    pressInEditor(Qt::Key_Return);
+    EXPECT_THAT(altered(), ElementsAre("Line P 1 = 7", "Line V 2 = 55", "Other P 1 = 7"))
+        << "as the check box says now";
+}
+
+TEST_F(TableChangeUnderEditTest, StoresTheTextInAVariableThatGotAnotherNumber)
+{
+    Choices::spreadsheetVariable()->setValue(2);
+    beginEdit(3, 1, 2, "7");
+    ASSERT_TRUE(stage.session().deleteVariables(stage.dataSet(), {1}));
+    settle();
+    EXPECT_FALSE(editor());
+    EXPECT_THAT(altered(), ElementsAre("Block T 7 = 7"));
+}
+
+TEST_F(TableChangeUnderEditTest, StoresTheTextInAVariableThatGotAnotherNumberAlsoBeforeTheTableHasFollowed)
+{
+    Choices::spreadsheetVariable()->setValue(2);
+    beginEdit(3, 1, 2, "7");
+    ASSERT_TRUE(stage.session().deleteVariables(stage.dataSet(), {1}));
+    pressInEditor(Qt::Key_Return);
+    EXPECT_THAT(altered(), ElementsAre("Block T 7 = 7"));
+    beginEdit(1, 1, 1, "8");
+    ASSERT_TRUE(stage.session().undo());
+    ASSERT_TRUE(stage.session().undo()) << "the first variable is back";
+    pressInEditor(Qt::Key_Enter);
+    EXPECT_THAT(altered(), ElementsAre("Block T 7 = 207", "Line V 1 = 8"));
+}
+
+TEST_F(TableChangeUnderEditTest, StoresTheTextWhenAColumnBeforeItGoes)
+{
+    beginEdit(1, 2, 2, "7");
+    ASSERT_TRUE(stage.session().deleteVariables(stage.dataSet(), {1}));
+    settle();
+    EXPECT_FALSE(editor());
+    EXPECT_THAT(altered(), ElementsAre("Line V 2 = 7"));
+    EXPECT_EQ(shown(2, 1), "7");
+    EXPECT_THAT(messages.take(), IsEmpty());
+}
+
+TEST_F(TableChangeUnderEditTest, TellsThatTheTextIsDroppedWhenItsVariableIsGone)
+{
+    beginEdit(1, 2, 1, "7");
+    ASSERT_TRUE(stage.session().deleteVariables(stage.dataSet(), {2}));
+    settle();
+    EXPECT_FALSE(editor());
+    EXPECT_THAT(messages.take(), ElementsAre(gone));
+    EXPECT_THAT(altered(), IsEmpty());
+    settle();
+    EXPECT_THAT(messages.take(), IsEmpty());
+}
+
+TEST_F(TableChangeUnderEditTest, TellsThatTheTextIsDroppedWhenItsZoneIsGone)
+{
+    ASSERT_TRUE(stage.session().duplicateZones(stage.dataSet(), {1}));
+    settle();
+    beginEdit(8, 2, 1, "7");
+    ASSERT_TRUE(stage.session().undo());
+    settle();
+    EXPECT_FALSE(editor());
+    EXPECT_THAT(messages.take(), ElementsAre(gone));
+    EXPECT_THAT(altered(), IsEmpty());
+}
+
+TEST_F(TableChangeUnderEditTest, TellsThatTheTextIsDroppedWhenTheDataSetIsNotShownAnyMore)
+{
+    beginEdit(1, 2, 1, "7");
+    stage.hide();
+    settle();
+    EXPECT_FALSE(editor());
+    EXPECT_THAT(messages.take(), ElementsAre(gone));
+    EXPECT_THAT(altered(), IsEmpty());
+}
+
+TEST_F(TableChangeUnderEditTest, DropsATextThatIsNoNumberWithoutAWord)
+{
+    beginEdit(1, 2, 1, "1,5");
+    Choices::spreadsheetZone()->setValue(2);
+    settle();
+    EXPECT_FALSE(editor());
+    EXPECT_THAT(altered(), IsEmpty());
+    beginEdit(2, 2, 1, "2*3");
+    stage.hide();
+    settle();
+    EXPECT_THAT(altered(), IsEmpty());
+    EXPECT_THAT(messages.take(), IsEmpty());
+}
+
+TEST_F(TableChangeUnderEditTest, ClosesAnEditorInWhichNothingWasTypedWithoutAWord)
+{
+    for (auto const& change :
+         {std::function<void()>([] { Choices::spreadsheetZone()->setValue(2); }),
+          std::function<void()>([this] { stage.session().deleteVariables(stage.dataSet(), {2}); })}) {
+        Choices::spreadsheetZone()->setValue(1);
+        settle();
+        goTo(2, 1);
+        QTest::keyClick(&table(), Qt::Key_F2);
+        ASSERT_TRUE(editor());
+        before = allValues();
+        change();
+        settle();
+        EXPECT_FALSE(editor());
+        EXPECT_THAT(altered(), IsEmpty());
+    }
+    EXPECT_THAT(messages.take(), IsEmpty());
+}
+
+TEST_F(TableChangeUnderEditTest, TellsARefusalOfTheTextThatIsStoredFirst)
+{
+    beginEdit(7, 2, 1, "7");
+    Choices::spreadsheetZone()->setValue(2);
+    settle();
+    EXPECT_FALSE(editor());
+    EXPECT_THAT(messages.take(), ElementsAre("error: Error while setting variable value"));
+    EXPECT_EQ(table().model()->rowCount(), 4) << "the other zone is shown all the same";
+}
+
+} // namespace
+} // namespace veldraw::tests

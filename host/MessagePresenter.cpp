@@ -16,6 +16,12 @@ MessagePresenter::Presenter& installedPresenter()
     return *presenter;
 }
 
+boost::signals2::signal<void()>& aboutToPresent()
+{
+    static auto* const signal = new boost::signals2::signal<void()>;
+    return *signal;
+}
+
 char const* label(MessageBoxType_e type)
 {
     switch (type) {
@@ -34,12 +40,19 @@ char const* label(MessageBoxType_e type)
 void MessagePresenter::present(std::string const& text, MessageBoxType_e type)
 {
     MessageLog::instance().add(type, text);
+    aboutToPresent()();
     if (Presenter const presenter = installedPresenter()) // a copy: a presenter may install another one
         presenter(text, type);
     else if (MessageBox::canBeShown())
         MessageBox::show(text, type);
     else
         std::fprintf(stderr, "%s%s\n", label(type), text.c_str());
+}
+
+boost::signals2::connection
+MessagePresenter::connectAboutToPresent(boost::signals2::signal<void()>::slot_type const& slot)
+{
+    return aboutToPresent().connect(slot);
 }
 
 MessagePresenter::Presenter MessagePresenter::install(Presenter presenter)

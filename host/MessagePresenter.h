@@ -3,6 +3,8 @@
 #include "platform/PlatformApi.h"
 #include "platform/vdsdkbase/VelUtilTypes.h"
 
+#include <boost/signals2/signal.hpp>
+
 #include <functional>
 #include <string>
 
@@ -17,6 +19,9 @@ public:
     typedef std::function<void(std::string const& text, MessageBoxType_e type)> Presenter;
 
     static void present(std::string const& text, MessageBoxType_e type);
+
+    /// Calls @p slot before each message is told, so that what stands behind it can be brought up to date.
+    static boost::signals2::connection connectAboutToPresent(boost::signals2::signal<void()>::slot_type const& slot);
 
     /// Replaces the way messages are told; an empty function brings the default back.
     /// @return what was installed before, empty for the default

@@ -17,22 +17,25 @@ DataPanel::DataPanel(kernel::Session& session, QWidget* parent)
     , m_zoneView(new RecordView(m_zones, QStringLiteral("zoneView"), QStringLiteral("Zones")))
     , m_variableView(new RecordView(m_variables, QStringLiteral("variableView"), QStringLiteral("Variables")))
     , m_picks(session, m_zones, *m_zoneView)
+    , m_splitter(new QSplitter(Qt::Vertical))
     , m_follower(session, [this] { refresh(); })
 {
-    auto* const splitter = new QSplitter(Qt::Vertical);
-    splitter->setObjectName(QStringLiteral("dataSplitter"));
-    splitter->setChildrenCollapsible(false);
-    addSection(*splitter, QStringLiteral("Frames"), *m_frameView, m_frameTitle);
-    addSection(*splitter, QStringLiteral("Zones"), *m_zoneView, m_zoneTitle);
-    addSection(*splitter, QStringLiteral("Variables"), *m_variableView, m_variableTitle);
-    splitter->setStretchFactor(1, 1);
-    splitter->setStretchFactor(2, 2);
-    m_frameView->setPreferredRows(4);
+    m_splitter->setObjectName(QStringLiteral("dataSplitter"));
+    m_splitter->setChildrenCollapsible(false);
+    addSection(*m_splitter, QStringLiteral("Frames"), *m_frameView, m_frameTitle);
+    addSection(*m_splitter, QStringLiteral("Zones"), *m_zoneView, m_zoneTitle);
+    addSection(*m_splitter, QStringLiteral("Variables"), *m_variableView, m_variableTitle);
+    m_splitter->setStretchFactor(1, 1);
+    m_splitter->setStretchFactor(2, 2);
+    m_frameView->setPreferredRows(3);
     m_zoneView->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_variableView->setPreferredRows(10);
+    // In proportion, however high the window is; what it grows by goes to zones and variables.
+    m_splitter->setSizes(
+        {m_frameView->sizeHint().height(), m_zoneView->sizeHint().height(), m_variableView->sizeHint().height()});
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(4, 4, 4, 4);
-    layout->addWidget(splitter);
+    layout->addWidget(m_splitter);
 
     connect(m_frameView, &QAbstractItemView::doubleClicked, this, &DataPanel::activateFrame);
     connect(m_frameView, &QAbstractItemView::activated, this, &DataPanel::activateFrame);
@@ -64,6 +67,16 @@ void DataPanel::addSection(QSplitter& splitter, QString const& title, RecordView
     layout->addWidget(label);
     layout->addWidget(&view);
     splitter.addWidget(section);
+}
+
+QByteArray DataPanel::saveSizes() const
+{
+    return m_splitter->saveState();
+}
+
+void DataPanel::restoreSizes(QByteArray const& state)
+{
+    m_splitter->restoreState(state);
 }
 
 void DataPanel::activateFrame(QModelIndex const& index)

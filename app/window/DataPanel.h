@@ -29,6 +29,10 @@ public:
     RecordView& zoneView() { return *m_zoneView; }
     RecordView& variableView() { return *m_variableView; }
 
+    /// How high the user has made the lists, and the same again. A state that is none changes nothing.
+    QByteArray saveSizes() const;
+    void restoreSizes(QByteArray const& state);
+
 Q_SIGNALS:
     /// The session did not do what the user asked for in a list.
     void editRefused();
@@ -46,6 +50,7 @@ private:
     RecordView* m_zoneView;
     RecordView* m_variableView;
     PickSelection m_picks;
+    QSplitter* m_splitter;
     QLabel* m_frameTitle = nullptr;
     QLabel* m_zoneTitle = nullptr;
     QLabel* m_variableTitle = nullptr;

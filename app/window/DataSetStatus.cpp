@@ -2,11 +2,14 @@
 
 #include "app/window/DataTexts.h"
 
+#include <QPainter>
 #include <QStringList>
 
 namespace veldraw::app {
 
 namespace {
+
+constexpr int fewestCharacters = 12;
 
 QString plural(std::int64_t count, QString const& what)
 {
@@ -39,9 +42,24 @@ void DataSetStatus::refresh()
     if (bytes.mapped > 0)
         parts << QStringLiteral("%1 mapped").arg(memoryText(bytes.mapped));
     setText(parts.join(QString::fromUtf8("  ·  ")));
-    setToolTip(bytes.mapped > 0
-                   ? QStringLiteral("Data set of the active frame; memory of its values, and what is mapped from files")
-                   : QStringLiteral("Data set of the active frame; memory of its values"));
+    QString const meaning =
+        bytes.mapped > 0
+            ? QStringLiteral("Data set of the active frame; memory of its values, and what is mapped from files")
+            : QStringLiteral("Data set of the active frame; memory of its values");
+    setToolTip(text() + QLatin1Char('\n') + meaning);
+}
+
+QSize DataSetStatus::minimumSizeHint() const
+{
+    return {fewestCharacters * fontMetrics().averageCharWidth(), QLabel::minimumSizeHint().height()};
+}
+
+void DataSetStatus::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setPen(palette().color(foregroundRole()));
+    painter.drawText(contentsRect(), Qt::AlignTrailing | Qt::AlignVCenter | Qt::TextSingleLine,
+                     fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width()));
 }
 
 } // namespace veldraw::app

@@ -6,13 +6,19 @@
 
 namespace veldraw::app {
 
-/// The right end of the status bar: zones, points, cells and memory of the active frame's data set.
+/// The right end of the status bar: zones, points, cells and memory of the active frame's data set. It does not
+/// keep the window from being narrow: what does not fit ends in "…", and the tool tip has the whole.
 class DataSetStatus : public QLabel
 {
     Q_OBJECT
 
 public:
     explicit DataSetStatus(kernel::Session& session, QWidget* parent = nullptr);
+
+    QSize minimumSizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     void refresh();

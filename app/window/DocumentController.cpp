@@ -15,6 +15,8 @@
 #include <QPushButton>
 #include <QSettings>
 
+#include <functional>
+
 namespace veldraw::app {
 
 namespace {
@@ -44,17 +46,32 @@ QString extensionOf(QString const& filter)
     return extension;
 }
 
-// A file dialog for writing that gives a name without an extension the one of the chosen filter.
-QString askForName(QWidget& window, QString const& title, QString const& name, QStringList const& filters)
+// Gives the name in a file dialog the extension of a filter, unless it has one that belongs to none of them.
+void useFilter(QFileDialog& dialog, QString const& filter)
 {
-    QFileDialog dialog(&window, title, name);
+    QStringList extensions;
+    for (QString const& other : dialog.nameFilters())
+        extensions << extensionOf(other).mid(1);
+    dialog.setDefaultSuffix(extensionOf(filter));
+    QFileInfo const named(dialog.selectedFiles().value(0));
+    if (extensions.contains(named.suffix()) && !named.isDir())
+        dialog.selectFile(named.path() + QLatin1Char('/') + named.completeBaseName() + extensionOf(filter));
+}
+
+// Asks for the name of a file to write, again and with what was typed until @p write is done with it. Beginning with a whole name, since
+// a name without an extension may be that of a folder, which the dialog would enter.
+void askForName(QWidget& window, QString const& title, QString const& baseName, QStringList const& filters,
+                std::function<bool(QString const& path)> const& write)
+{
+    QFileDialog dialog(&window, title, baseName + extensionOf(filters.value(0)));
     dialog.setObjectName(QStringLiteral("saveDialog"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setNameFilters(filters);
-    auto const useExtension = [&](QString const& filter) { dialog.setDefaultSuffix(extensionOf(filter)); };
-    useExtension(filters.value(0));
-    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, useExtension);
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+    dialog.setDefaultSuffix(extensionOf(filters.value(0)));
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
+                     [&](QString const& filter) { useFilter(dialog, filter); });
+    while (dialog.exec() == QDialog::Accepted && !write(dialog.selectedFiles().value(0))) {
+    }
 }
 
 } // namespace
@@ -117,11 +134,13 @@ bool DocumentController::put(std::vector<Opened> const& opened, Place place)
         return false;
     QStringList names;
     for (Opened const& file : opened) {
+        m_files[file.frame->dataSet->id()] = file.path;
         m_recentFiles.add(file.path);
         names.push_back(QFileInfo(file.path).fileName());
         keepFolder(file.path);
     }
     Q_EMIT recentFilesChanged();
+    Q_EMIT fileChanged();
     Q_EMIT told(QStringLiteral("Opened %1").arg(names.join(QStringLiteral(", "))));
     return true;
 }
@@ -133,6 +152,7 @@ void DocumentController::putOnFreshPage(std::vector<Opened> const& opened)
     std::vector<std::shared_ptr<kernel::Frame>> frames;
     for (Opened const& file : opened)
         frames.push_back(file.frame);
+    m_files.clear();
     m_session.openPage(std::move(frames));
     m_session.history().setClean(); // what stands in files is nothing to lose
 }
@@ -182,36 +202,46 @@ bool DocumentController::saveAs()
     if (!dataSet || isLocked())
         return false;
     QString const frameName = QString::fromStdString(m_session.activeFrame()->name);
-    QString const path = askForName(m_window, QStringLiteral("Save As"), lastFolder() + QLatin1Char('/') + frameName,
-                                    exportNameFilters());
-    return !path.isEmpty() && save(path);
+    bool isSaved = false;
+    askForName(m_window, QStringLiteral("Save As"), lastFolder() + QLatin1Char('/') + frameName, exportNameFilters(),
+               [&](QString const& path) {
+                   Outcome const outcome = writeTo(path);
+                   isSaved = outcome == Outcome::Saved;
+                   return outcome != Outcome::Refused;
+               });
+    return isSaved;
 }
 
 bool DocumentController::save(QString const& path)
 {
+    return m_session.activeDataSet() && !isLocked() && writeTo(path) == Outcome::Saved;
+}
+
+DocumentController::Outcome DocumentController::writeTo(QString const& path)
+{
     auto const dataSet = m_session.activeDataSet();
-    if (!dataSet || isLocked())
-        return false;
     try {
         sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
         sdk::WaitState const busy;
         takeDown(path, write(*dataSet, path));
     } catch (ExportCancelled const&) {
         Q_EMIT told(QStringLiteral("Saving was cancelled."));
-        return false;
+        return Outcome::Cancelled;
     } catch (std::exception const& error) {
         tellError(QString::fromStdString(error.what()));
-        return false;
+        return Outcome::Refused;
     }
     noteSaved();
     keepFolder(path);
+    m_files[dataSet->id()] = path;
     m_recentFiles.add(path);
     Q_EMIT recentFilesChanged();
+    Q_EMIT fileChanged();
     Q_EMIT told(
         m_session.history().isClean()
             ? QStringLiteral("Saved %1").arg(QFileInfo(path).fileName())
             : QStringLiteral("Saved %1. Other frames still have unsaved data.").arg(QFileInfo(path).fileName()));
-    return true;
+    return Outcome::Saved;
 }
 
 // As a long operation of the session: with a progress window, and the data stays as it is meanwhile.
@@ -248,14 +278,21 @@ void DocumentController::noteSaved()
     m_savedDataSets = saved;
 }
 
+QString DocumentController::fileOf(kernel::DataSet const& dataSet) const
+{
+    auto const found = m_files.find(dataSet.id());
+    return found == m_files.end() ? QString() : found->second;
+}
+
 bool DocumentController::savePictureAs(QImage const& picture)
 {
     if (isLocked())
         return false;
     QStringList const filters{QStringLiteral("PNG picture (*.png)"), QStringLiteral("JPEG picture (*.jpg)")};
-    QString const path =
-        askForName(m_window, QStringLiteral("Save Picture As"), lastFolder() + QStringLiteral("/page"), filters);
-    return !path.isEmpty() && savePicture(picture, path);
+    bool isSaved = false;
+    askForName(m_window, QStringLiteral("Save Picture As"), lastFolder() + QStringLiteral("/page"), filters,
+               [&](QString const& path) { return isSaved = savePicture(picture, path); });
+    return isSaved;
 }
 
 bool DocumentController::savePicture(QImage const& picture, QString const& path)

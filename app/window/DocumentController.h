@@ -8,6 +8,7 @@
 #include <QObject>
 
 #include <functional>
+#include <map>
 #include <set>
 
 class QWidget;
@@ -40,11 +41,12 @@ public:
     /// Opens a file of the list of recent files; tells and forgets it when it is no longer there.
     bool openRecent(QString const& path);
 
-    /// Asks for a name and writes the active data set; the extension chooses the format.
+    /// Asks for a name and writes the active data set; the extension chooses the format. What cannot be written is told, and the
+    /// question stays with what was typed, until the data is saved or the user gives up.
     bool saveAs();
     bool save(QString const& path);
 
-    /// Asks for a name and writes @p picture.
+    /// Asks for a name and writes @p picture, in the same way.
     bool savePictureAs(QImage const& picture);
     bool savePicture(QImage const& picture, QString const& path);
 
@@ -54,12 +56,17 @@ public:
     /// The history has changed, so what was saved before may be out of date.
     void noteChange() { m_savedDataSets.clear(); }
 
+    /// The file that a data set was opened from or saved to last, empty if there is none.
+    QString fileOf(kernel::DataSet const& dataSet) const;
+
     RecentFiles& recentFiles() { return m_recentFiles; }
 
 Q_SIGNALS:
     /// One sentence for the status bar.
     void told(QString const& text);
     void recentFilesChanged();
+    /// A data set has another file now.
+    void fileChanged();
 
 private:
     struct Opened
@@ -72,6 +79,14 @@ private:
     bool put(std::vector<Opened> const& opened, Place place);
     void putOnFreshPage(std::vector<Opened> const& opened);
     bool addToPage(std::vector<Opened> const& opened);
+    enum class Outcome
+    {
+        Saved,
+        Cancelled,
+        Refused
+    };
+
+    Outcome writeTo(QString const& path);
     std::vector<std::string> write(kernel::DataSet& dataSet, QString const& path);
     void noteSaved();
     bool isLocked();
@@ -82,7 +97,8 @@ private:
     QWidget& m_window;
     ImportJob m_job;
     RecentFiles m_recentFiles;
-    std::set<kernel::UniqueId> m_savedDataSets; // since the last change
+    std::set<kernel::UniqueId> m_savedDataSets;  // since the last change
+    std::map<kernel::UniqueId, QString> m_files; // of data sets
 };
 
 } // namespace veldraw::app

@@ -10,8 +10,18 @@
 #include <QListWidget>
 #include <QMainWindow>
 #include <QMenu>
+#include <QSettings>
+
+#include <algorithm>
 
 namespace veldraw::app {
+
+namespace {
+
+QString const docksKey = QStringLiteral("window/state");
+QString const listsKey = QStringLiteral("window/lists");
+
+} // namespace
 
 MainDocks::MainDocks(kernel::Session& session, QMainWindow& window, QWidget& page)
     : QObject(&window)
@@ -34,8 +44,9 @@ MainDocks::MainDocks(kernel::Session& session, QMainWindow& window, QWidget& pag
     m_dataDock->setTitleBarWidget(new QWidget);
     m_plotDock->setTitleBarWidget(new QWidget);
     m_dataDock->raise();
-    window.resizeDocks({m_dataDock}, {384}, Qt::Horizontal);
-    window.resizeDocks({m_messageDock}, {96}, Qt::Vertical);
+    // Wide enough for its lists, but the page is what people come for.
+    window.resizeDocks({m_dataDock}, {std::min(m_data->sizeHint().width(), window.width() * 2 / 5)}, Qt::Horizontal);
+    window.resizeDocks({m_messageDock}, {std::min(96, window.height() / 8)}, Qt::Vertical);
     connect(m_data, &DataPanel::editRefused, this, &MainDocks::refused);
     connect(m_assignment, &AssignmentPanel::editRefused, this, &MainDocks::refused);
 }
@@ -75,6 +86,26 @@ void MainDocks::addFocusActions(QMenu& menu)
                                     [this] { m_page.setFocus(Qt::ShortcutFocusReason); });
     page->setShortcut(Qt::CTRL + Qt::Key_0);
     menu.addAction(page);
+}
+
+void MainDocks::takeFocus()
+{
+    m_dataDock->raise();
+    m_data->frameView().setFocus(Qt::ActiveWindowFocusReason);
+}
+
+void MainDocks::keepLayout(int version) const
+{
+    QSettings settings;
+    settings.setValue(docksKey, m_window.saveState(version));
+    settings.setValue(listsKey, m_data->saveSizes());
+}
+
+void MainDocks::restoreLayout(int version)
+{
+    QSettings const settings;
+    m_window.restoreState(settings.value(docksKey).toByteArray(), version);
+    m_data->restoreSizes(settings.value(listsKey).toByteArray());
 }
 
 void MainDocks::addToggles(QMenu& menu)

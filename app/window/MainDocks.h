@@ -34,6 +34,13 @@ public:
     /// Adds what shows and hides each dock.
     void addToggles(QMenu& menu);
 
+    /// Puts the focus on the list of frames, in sight.
+    void takeFocus();
+
+    /// Docks and what is in them, for the next start. @p version tells states apart that do not go together.
+    void keepLayout(int version) const;
+    void restoreLayout(int version);
+
 Q_SIGNALS:
     /// The session did not do what was asked for.
     void refused();

@@ -7,18 +7,21 @@
 #include "app/window/MainDocks.h"
 #include "app/window/NewAction.h"
 #include "app/window/NumberChooser.h"
+#include "app/window/StatusBar.h"
 #include "host/MessageLog.h"
+#include "host/MessagePresenter.h"
 #include "platform/vdsdkcommon/AppLock.h"
 #include "platform/vdsdkuicommon/HelpLauncher.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QFileInfo>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QScreen>
 #include <QSettings>
-#include <QStatusBar>
 #include <QTimer>
 #include <QToolBar>
 
@@ -27,9 +30,10 @@ namespace veldraw::app {
 namespace {
 
 QString const geometryKey = QStringLiteral("window/geometry");
-QString const stateKey = QStringLiteral("window/state");
 constexpr int stateVersion = 1;
 constexpr int statusTime = 8000; // milliseconds
+constexpr QSize usualSize(1360, 880);
+constexpr QSize roomForFrame(16, 48); // border and title bar, which nobody knows before they are there
 PlotType_e const plotTypes[] = {PlotType_Cartesian3D, PlotType_Cartesian2D, PlotType_XYLine, PlotType_Sketch};
 
 QStringList localFiles(QMimeData const& data)
@@ -60,13 +64,15 @@ MainWindow::MainWindow(kernel::Session& session, CentralView view, ImportJob::Re
     setWindowIcon(applicationIcon());
     setAcceptDrops(true);
     setCentralWidget(m_view.widget);
+    setStatusBar(new StatusBar);
+    resize(usualSize);
+    fitScreen();
     m_docks = new MainDocks(session, *this, *m_view.widget);
     makeMenus();
     makeToolBar();
     statusBar()->addPermanentWidget(new DataSetStatus(session));
     connectParts();
     refresh();
-    resize(1360, 880);
     restoreLayout();
 }
 
@@ -80,11 +86,14 @@ MainWindow::~MainWindow()
 void MainWindow::connectParts()
 {
     connect(m_documents.get(), &DocumentController::told, this, &MainWindow::tell);
+    connect(m_documents.get(), &DocumentController::fileChanged, this, &MainWindow::refresh);
     connect(&m_undo, &UndoActions::done, this, &MainWindow::tell);
     connect(&m_operations, &DataActions::told, this, &MainWindow::tell);
     connect(&m_frames, &FrameActions::refused, this, &MainWindow::tellRefusal);
     connect(&m_plots, &PlotActions::refused, this, &MainWindow::tellRefusal);
     connect(m_docks, &MainDocks::refused, this, &MainWindow::tellRefusal);
+    // A message tells what has been done, so that has to be seen behind it, though the command still holds idle back.
+    m_connections.add(host::MessagePresenter::connectAboutToPresent(&SessionFollower::catchUp));
     m_session.history().setListener([this] {
         m_documents->noteChange();
         m_undo.scheduleRefresh();
@@ -193,11 +202,21 @@ bool MainWindow::openFiles(QStringList const& paths, DocumentController::Place p
 
 void MainWindow::refresh()
 {
-    auto const frame = m_session.activeFrame();
-    QString const name = frame ? QString::fromStdString(frame->name) : QString();
-    setWindowTitle(name.isEmpty() ? QStringLiteral("[*]") : name + QStringLiteral("[*]"));
+    setWindowTitle(documentName() + QStringLiteral("[*]"));
     setWindowModified(!m_session.history().isClean());
     tellPicks();
+}
+
+// The file of the active frame's data; data that stands in no file is called after its frame.
+QString MainWindow::documentName() const
+{
+    auto const frame = m_session.activeFrame();
+    if (!frame)
+        return {};
+    QString const file = frame->dataSet ? m_documents->fileOf(*frame->dataSet) : QString();
+    QString const name = file.isEmpty() ? QString::fromStdString(frame->name) : QFileInfo(file).fileName();
+    return QString(name).replace(QStringLiteral("[*]"),
+                                 QStringLiteral("[*][*]")); // else it would be the mark of changes
 }
 
 void MainWindow::tellPicks()
@@ -269,18 +288,33 @@ void MainWindow::closeEvent(QCloseEvent* event)
     event->accept();
 }
 
+// Nobody shall have to look for a focus that is on no widget, or on one that does not show it.
+void MainWindow::showEvent(QShowEvent* event)
+{
+    QMainWindow::showEvent(event);
+    if (focusWidget())
+        return;
+    setAttribute(Qt::WA_KeyboardFocusChange);
+    m_docks->takeFocus();
+}
+
+void MainWindow::fitScreen()
+{
+    if (!isMaximized() && !isFullScreen())
+        resize(size().boundedTo(screen()->availableSize() - roomForFrame));
+}
+
 void MainWindow::restoreLayout()
 {
-    QSettings const settings;
-    restoreGeometry(settings.value(geometryKey).toByteArray());
-    restoreState(settings.value(stateKey).toByteArray(), stateVersion);
+    restoreGeometry(QSettings().value(geometryKey).toByteArray());
+    fitScreen(); // which may be another one than last time
+    m_docks->restoreLayout(stateVersion);
 }
 
 void MainWindow::keepLayout()
 {
-    QSettings settings;
-    settings.setValue(geometryKey, saveGeometry());
-    settings.setValue(stateKey, saveState(stateVersion));
+    QSettings().setValue(geometryKey, saveGeometry());
+    m_docks->keepLayout(stateVersion);
 }
 
 } // namespace veldraw::app

@@ -9,6 +9,7 @@
 #include "app/window/PlotActions.h"
 #include "app/window/SessionFollower.h"
 #include "app/window/UndoActions.h"
+#include "platform/signals/SignalConnectionCollection.h"
 
 #include <QMainWindow>
 
@@ -41,6 +42,7 @@ public:
     bool openFiles(QStringList const& paths, DocumentController::Place place);
 
 protected:
+    void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
@@ -54,6 +56,8 @@ private:
     void makeToolBar();
     void connectParts();
     void refresh();
+    QString documentName() const;
+    void fitScreen();
     void tell(QString const& text);
     void tellPicks();
     void tellRefusal();
@@ -74,6 +78,7 @@ private:
     std::unique_ptr<HelpViewer> m_helpViewer;
     OperationWaiter m_waiter;
     SessionFollower m_follower;
+    sdk::SignalConnectionCollection m_connections;
 };
 
 } // namespace veldraw::app

@@ -1,9 +1,21 @@
 #include "app/window/NumberChooser.h"
 
+#include <QAbstractItemView>
+#include <QScreen>
+#include <QScrollBar>
 #include <QSignalBlocker>
+#include <QStylePainter>
 #include <QWheelEvent>
 
+#include <algorithm>
+
 namespace veldraw::app {
+
+namespace {
+
+constexpr int mostMeasured = 2000; // entries; Qt looks at each of them
+
+} // namespace
 
 NumberChooser::NumberChooser(QString const& name, QString const& accessibleText, QWidget* parent)
     : QComboBox(parent)
@@ -12,7 +24,8 @@ NumberChooser::NumberChooser(QString const& name, QString const& accessibleText,
     setAccessibleName(accessibleText);
     setFocusPolicy(Qt::StrongFocus);
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    setMinimumContentsLength(12);
+    setMinimumContentsLength(8);
+    view()->setTextElideMode(Qt::ElideMiddle);
     connect(this, QOverload<int>::of(&QComboBox::activated), this, [this] { Q_EMIT chosen(number()); });
 }
 
@@ -26,6 +39,37 @@ void NumberChooser::show(Choices const& choices, int number)
             addItem(text, value);
     }
     setCurrentIndex(findData(number));
+    QString const text = currentText();
+    setToolTip(QStringLiteral("<p style='white-space:pre'>%1<br>%2</p>")
+                   .arg(accessibleName().toHtmlEscaped(), text.toHtmlEscaped()));
+}
+
+QString NumberChooser::shownText() const
+{
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    int const room = style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this).width();
+    return fontMetrics().elidedText(currentText(), Qt::ElideMiddle, room - 2);
+}
+
+void NumberChooser::paintEvent(QPaintEvent*)
+{
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    option.currentText = shownText();
+    QStylePainter painter(this);
+    painter.setPen(palette().color(QPalette::Text));
+    painter.drawComplexControl(QStyle::CC_ComboBox, option);
+    painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+}
+
+void NumberChooser::showPopup()
+{
+    if (count() <= mostMeasured) {
+        int const wanted = view()->sizeHintForColumn(0) + view()->verticalScrollBar()->sizeHint().width();
+        view()->setMinimumWidth(std::min(wanted, screen()->availableSize().width() * 2 / 3));
+    }
+    QComboBox::showPopup();
 }
 
 void NumberChooser::wheelEvent(QWheelEvent* event)

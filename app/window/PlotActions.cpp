@@ -27,7 +27,6 @@ PlotActions::PlotActions(kernel::Session& session, CentralView const& view, QWid
     m_fit->setShortcut(Qt::CTRL + Qt::Key_F);
     m_fit->setToolTip(QStringLiteral("Show the whole plot of the active frame (Ctrl+F)"));
     m_fitAll->setShortcut(Qt::CTRL + Qt::SHIFT + Qt::Key_F);
-    m_contourChooser->setToolTip(QStringLiteral("Contour variable"));
     m_contourChooser->setMinimumContentsLength(18);
     connect(m_contourChooser, &NumberChooser::chosen, this, &PlotActions::chooseContour);
     refresh();

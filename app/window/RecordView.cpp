@@ -4,12 +4,23 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QPainter>
+
+#include <algorithm>
 
 namespace veldraw::app {
+
+namespace {
+
+constexpr int widthInCharacters = 56;  // of the whole list, as it would like to be
+constexpr int readableCharacters = 22; // of a name, which no other column takes from it
+
+} // namespace
 
 RecordView::RecordView(SnapshotTableModel& tableModel, QString const& name, QString const& accessibleText,
                        QWidget* parent)
     : QTreeView(parent)
+    , m_table(tableModel)
 {
     setObjectName(name);
     setAccessibleName(accessibleText);
@@ -20,19 +31,140 @@ RecordView::RecordView(SnapshotTableModel& tableModel, QString const& name, QStr
     setItemsExpandable(false);
     setEditTriggers(EditKeyPressed);
     setModel(&tableModel);
-    // The name has what the others leave; only rows in sight count, so ranges of the others need not be known.
+    setTextElideMode(Qt::ElideMiddle); // names of components differ at their ends
     header()->setStretchLastSection(false);
-    header()->setResizeContentsPrecision(0);
-    header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    header()->setSectionResizeMode(SnapshotTableModel::NameColumn, QHeaderView::Stretch);
+    header()->setSectionResizeMode(QHeaderView::Fixed);
     header()->setSectionsMovable(false);
     header()->setMinimumSectionSize(24);
+    listen();
+    measureAll();
+}
+
+void RecordView::listen()
+{
+    connect(&m_table, &QAbstractItemModel::modelReset, this, &RecordView::measureAll);
+    connect(&m_table, &QAbstractItemModel::rowsRemoved, this, [this] {
+        if (m_table.rowCount() == 0) // other data comes next
+            measureAll();
+    });
+    connect(&m_table, &QAbstractItemModel::rowsInserted, this, [this](QModelIndex const&, int first, int last) {
+        measure(first, last, 0, m_table.columnCount() - 1);
+        // Without a current row nobody would see where the keyboard is.
+        if (hasFocus() && !currentIndex().isValid())
+            selectionModel()->setCurrentIndex(m_table.index(0, SnapshotTableModel::NameColumn),
+                                              QItemSelectionModel::NoUpdate);
+    });
+    connect(&m_table, &QAbstractItemModel::dataChanged, this,
+            [this](QModelIndex const& first, QModelIndex const& last) {
+                measure(first.row(), last.row(), first.column(), last.column());
+            });
 }
 
 QSize RecordView::sizeHint() const
 {
     int const rowHeight = fontMetrics().height() + 4;
-    return {372, header()->sizeHint().height() + m_preferredRows * rowHeight + 2 * frameWidth()};
+    return {widthInCharacters * fontMetrics().averageCharWidth(),
+            header()->sizeHint().height() + m_preferredRows * rowHeight + 2 * frameWidth()};
+}
+
+void RecordView::measureAll()
+{
+    m_widths.assign(static_cast<std::size_t>(m_table.columnCount()), 0);
+    for (int column = 0; column < m_table.columnCount(); ++column)
+        m_widths[static_cast<std::size_t>(column)] = header()->sectionSizeHint(column);
+    measure(0, m_table.rowCount() - 1, 0, m_table.columnCount() - 1);
+}
+
+// Widths only grow: if the rows in sight counted, the scroll bar that comes with wider columns would change which they are.
+void RecordView::measure(int firstRow, int lastRow, int firstColumn, int lastColumn)
+{
+    for (int column = firstColumn; column <= lastColumn; ++column) {
+        int& width = m_widths[static_cast<std::size_t>(column)];
+        bool const isName = column == SnapshotTableModel::NameColumn;
+        bool const isNumber = column == SnapshotTableModel::NumberColumn; // of which the last is the widest
+        for (int row = isNumber ? std::max(lastRow, 0) : firstRow; row <= lastRow && !(isName && width >= widestName());
+             ++row)
+            if (row == firstRow || isNumber || m_table.knownText(row, column) != m_table.knownText(row - 1, column))
+                width = std::max(width, widthOf(row, column));
+    }
+    fitColumns();
+}
+
+// As the delegate has it, but for the text, which it would ask the model to find out.
+int RecordView::widthOf(int row, int column) const
+{
+    QModelIndex const index = m_table.index(row, column);
+    QStyleOptionViewItem option = viewOptions();
+    QVariant const font = index.data(Qt::FontRole);
+    if (font.isValid()) {
+        option.font = font.value<QFont>().resolve(option.font);
+        option.fontMetrics = QFontMetrics(option.font);
+    }
+    option.features |= QStyleOptionViewItem::HasDisplay;
+    if (index.data(Qt::CheckStateRole).isValid())
+        option.features |= QStyleOptionViewItem::HasCheckIndicator;
+    if (index.data(Qt::DecorationRole).isValid())
+        option.features |= QStyleOptionViewItem::HasDecoration;
+    option.index = index;
+    option.text = m_table.knownText(row, column);
+    option.widget = this;
+    return style()->sizeFromContents(QStyle::CT_ItemViewItem, &option, {}, this).width();
+}
+
+int RecordView::widestName() const
+{
+    return readableCharacters * fontMetrics().averageCharWidth();
+}
+
+void RecordView::fitColumns()
+{
+    int others = 0;
+    for (int column = 0; column < m_table.columnCount(); ++column) {
+        if (column == SnapshotTableModel::NameColumn)
+            continue;
+        int const width = m_widths[static_cast<std::size_t>(column)];
+        header()->resizeSection(column, width);
+        others += width;
+    }
+    int const readable = std::min(m_widths[SnapshotTableModel::NameColumn], widestName());
+    header()->resizeSection(SnapshotTableModel::NameColumn, std::max(readable, viewport()->width() - others));
+}
+
+void RecordView::resizeEvent(QResizeEvent* event)
+{
+    QTreeView::resizeEvent(event);
+    fitColumns();
+}
+
+void RecordView::changeEvent(QEvent* event)
+{
+    QTreeView::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        measureAll();
+}
+
+void RecordView::focusInEvent(QFocusEvent* event)
+{
+    QTreeView::focusInEvent(event);
+    update();
+}
+
+void RecordView::focusOutEvent(QFocusEvent* event)
+{
+    QTreeView::focusOutEvent(event);
+    update();
+}
+
+// The frame of the list that has the keyboard is drawn as that of a text field: a list without rows has nothing else to show it by.
+bool RecordView::event(QEvent* event)
+{
+    bool const handled = QTreeView::event(event);
+    if (event->type() == QEvent::Paint && hasFocus()) {
+        QPainter painter(this);
+        painter.setPen(palette().color(QPalette::Highlight));
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    }
+    return handled;
 }
 
 bool RecordView::edit(QModelIndex const& index, EditTrigger trigger, QEvent* event)

@@ -8,7 +8,8 @@
 namespace veldraw::app {
 
 /// Runs an action at the next idle moment after the session has changed, once however many events came.
-/// Whatever the window shows of the session follows it through one of these.
+/// Whatever the window shows of the session follows it through one of these. While a command is running there is no idle moment;
+/// who asks for the user's attention in the middle of one calls catchUp() first.
 class SessionFollower
 {
 public:
@@ -17,12 +18,19 @@ public:
     ~SessionFollower();
 
     /// Schedules the action without a change of the session.
-    void schedule() { m_idle.enableNotification(); }
+    void schedule();
+
+    /// Runs the actions that wait for idle at once, for all followers.
+    static void catchUp();
 
     SessionFollower(SessionFollower const&) = delete;
     SessionFollower& operator=(SessionFollower const&) = delete;
 
 private:
+    void run();
+
+    std::function<void()> m_action;
+    bool m_isDue = false;
     sdk::ui::common::OnIdleActionPerformerSingleShot m_idle;
     kernel::Session& m_session;
     kernel::EventHub::Subscription m_subscription;

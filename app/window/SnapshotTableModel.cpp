@@ -9,6 +9,19 @@
 
 namespace veldraw::app {
 
+namespace {
+
+// The name may be too long for its column. It is the user's, so marks in it are no markup.
+QString toolTipOf(QString const& name, QString const& facts)
+{
+    QString lines = name.toHtmlEscaped();
+    if (!facts.isEmpty())
+        lines += QStringLiteral("<br>") + facts.toHtmlEscaped().replace(QLatin1Char('\n'), QStringLiteral("<br>"));
+    return QStringLiteral("<p style='white-space:pre'>%1</p>").arg(lines);
+}
+
+} // namespace
+
 bool SnapshotTableModel::Row::operator==(Row const& other) const
 {
     return id == other.id && texts == other.texts && isChecked == other.isChecked &&
@@ -106,6 +119,11 @@ int SnapshotTableModel::rowOf(kernel::UniqueId id) const
     return found == m_rows.end() ? -1 : static_cast<int>(found - m_rows.begin());
 }
 
+QString SnapshotTableModel::knownText(int row, int column) const
+{
+    return m_rows[static_cast<std::size_t>(row)].texts.value(column);
+}
+
 int SnapshotTableModel::rowCount(QModelIndex const& parent) const
 {
     return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
@@ -129,7 +147,7 @@ QVariant SnapshotTableModel::data(QModelIndex const& index, int role) const
         return m_isCheckable && index.column() == NumberColumn ? QVariant(row.isChecked ? Qt::Checked : Qt::Unchecked)
                                                                : QVariant();
     case Qt::ToolTipRole:
-        return row.toolTip;
+        return toolTipOf(row.texts.value(NameColumn), row.toolTip);
     case Qt::FontRole: {
         QFont font;
         font.setBold(row.isEmphasized);

@@ -38,6 +38,10 @@ public:
     /// Row of the thing, -1 if it is not shown.
     int rowOf(kernel::UniqueId id) const;
 
+    /// The text of a cell as far as it is known; asks for nothing that is yet to be computed. A text of usual width where there
+    /// is none yet.
+    virtual QString knownText(int row, int column) const;
+
     int rowCount(QModelIndex const& parent = {}) const override;
     int columnCount(QModelIndex const& parent = {}) const override;
     QVariant data(QModelIndex const& index, int role = Qt::DisplayRole) const override;

@@ -50,6 +50,14 @@ QVariant VariableTableModel::data(QModelIndex const& index, int role) const
     return SnapshotTableModel::data(index, role);
 }
 
+QString VariableTableModel::knownText(int row, int column) const
+{
+    if (column != rangeColumn)
+        return SnapshotTableModel::knownText(row, column);
+    auto const found = m_ranges.find(idAt(row));
+    return found == m_ranges.end() ? QString::fromUtf8("-1.2346 … 1.2346") : found->second.text;
+}
+
 QString VariableTableModel::rangeTextOf(kernel::UniqueId id) const
 {
     auto const found = m_ranges.find(id);

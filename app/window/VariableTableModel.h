@@ -25,6 +25,7 @@ public:
 
     void refresh() override;
     QVariant data(QModelIndex const& index, int role = Qt::DisplayRole) const override;
+    QString knownText(int row, int column) const override;
 
 protected:
     std::vector<Row> readRows() const override;

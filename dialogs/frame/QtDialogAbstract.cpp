@@ -112,6 +112,7 @@ void QtDialogAbstract::setHelpAction(QAction* action)
 void QtDialogAbstract::showEvent(QShowEvent* event)
 {
     wireOnce();
+    setAttribute(Qt::WA_KeyboardFocusChange); // or the style shows no focus before the first Tab
     if (!std::exchange(m_wasShown, true) && !focusWidget())
         focusFirstWidget();
     restoreState();

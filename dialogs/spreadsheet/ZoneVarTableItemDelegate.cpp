@@ -120,6 +120,7 @@ QWidget* ZoneVarTableItemDelegate::createEditor(QWidget* parent, QStyleOptionVie
     auto* const lineEdit = qobject_cast<QLineEdit*>(editor);
     auto const table = shownTable();
     if (lineEdit && table) {
+        lineEdit->setAlignment(Qt::AlignRight);
         ModelIndex const cell = tableIndex(index);
         limitToType(*lineEdit, table->fieldDataType(cell));
         new EditedCell(*lineEdit, *table, cell);
@@ -149,6 +150,12 @@ void ZoneVarTableItemDelegate::setModelData(QWidget* editor, QAbstractItemModel*
         QStyledItemDelegate::setModelData(editor, model, index);
     else if (lineEdit && lineEdit->isModified())
         edited->write(lineEdit->text().toStdString(), m_manager.spreadsheetAlterShared()->value());
+}
+
+void ZoneVarTableItemDelegate::initStyleOption(QStyleOptionViewItem* option, QModelIndex const& index) const
+{
+    QStyledItemDelegate::initStyleOption(option, index);
+    option->displayAlignment = Qt::AlignRight | Qt::AlignVCenter;
 }
 
 QString ZoneVarTableItemDelegate::displayText(QVariant const& value, QLocale const&) const

@@ -35,6 +35,8 @@ public:
     /// In the chosen format and always with a decimal point; "Not Loaded" as it is, anything else that is no number as
     /// nothing.
     QString displayText(QVariant const& value, QLocale const& locale) const override;
+    /// Numbers stand to the right, digits under digits.
+    void initStyleOption(QStyleOptionViewItem* option, QModelIndex const& index) const override;
     /// Tells of a cell without values why it can't be edited.
     bool helpEvent(QHelpEvent* event, QAbstractItemView* view, QStyleOptionViewItem const& option,
                    QModelIndex const& index) override;

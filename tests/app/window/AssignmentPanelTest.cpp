@@ -3,6 +3,7 @@
 #include "platform/vdsdkcommon/AppLock.h"
 #include "tests/app/window/WindowTest.h"
 
+#include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
 #include <QGroupBox>
@@ -132,6 +133,22 @@ TEST_F(AssignmentPanelTest, TheWheelOverABoxWithoutFocusChangesNothing)
     settle();
     EXPECT_EQ(2, session.activeFrame()->variableNumber('Y'));
     EXPECT_FALSE(session.history().canUndo());
+}
+
+TEST_F(AssignmentPanelTest, OfALongNameBothEndsAreRead)
+{
+    openFlow();
+    session.renameVariable(*session.activeDataSet(), 1,
+                           "pressure_coefficient_of_the_suction_side_of_the_first_blade_X");
+    showWindow();
+    EXPECT_TRUE(isShown("assignmentX"));
+    app::NumberChooser& box = chooser("assignmentX");
+    EXPECT_TRUE(box.shownText().startsWith(QStringLiteral("1: pre"))) << box.shownText().toStdString();
+    EXPECT_TRUE(box.shownText().endsWith(QStringLiteral("blade_X"))) << box.shownText().toStdString();
+    EXPECT_TRUE(box.toolTip().contains(box.currentText()));
+    box.showPopup();
+    EXPECT_GE(box.view()->width(), box.fontMetrics().horizontalAdvance(box.currentText()));
+    box.hidePopup();
 }
 
 } // namespace veldraw::tests

@@ -50,11 +50,11 @@ TEST_F(CloseTest, AsksAboutUnsavedChanges)
 TEST_F(CloseTest, KeepsSizeAndDocks)
 {
     showWindow();
-    window->resize(1000, 700);
+    window->resize(700, 500);
     window->findChild<QDockWidget*>(QStringLiteral("messageDock"))->hide();
     action("quitAction").trigger();
     showWindow();
-    EXPECT_EQ(QSize(1000, 700), window->size());
+    EXPECT_EQ(QSize(700, 500), window->size());
     EXPECT_FALSE(window->findChild<QDockWidget*>(QStringLiteral("messageDock"))->isVisible());
     EXPECT_TRUE(window->findChild<QDockWidget*>(QStringLiteral("dataDock"))->isVisible());
 }

@@ -1,4 +1,5 @@
 #include "dialogs/zoneops/DuplicateZoneDialog.h"
+#include "host/MessagePresenter.h"
 #include "tests/app/window/WindowTest.h"
 
 #include <QAbstractItemView>
@@ -6,6 +7,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QListView>
+#include <QPushButton>
 #include <QTest>
 
 #include <gmock/gmock.h>
@@ -84,6 +86,25 @@ TEST_F(DuplicateZoneTest, TwoZonesAreDuplicatedUndoneAndRedoneByKeysAlone)
     QTest::keyClick(window.get(), Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_THAT(listedZones(), ElementsAre("1 inlet", "2 outlet", "3 inlet", "4 outlet"));
     EXPECT_EQ(statusWithCopies, status());
+}
+
+TEST_F(DuplicateZoneTest, WindowAndDialogListTheCopiesWhenTheMessageComes)
+{
+    DuplicateZoneDialog* const dialog = openDialog();
+    ASSERT_TRUE(dialog);
+    auto& list = *dialog->findChild<QListView*>(QStringLiteral("duplicateZone_Source_MList"));
+    auto const* const table = window->findChild<QAbstractItemView*>(QStringLiteral("zoneView"));
+    std::vector<int> rows;
+    host::MessagePresenter::install([&](std::string const& text, MessageBoxType_e) {
+        messages.push_back(text);
+        rows = {list.model()->rowCount(), table->model()->rowCount()};
+    });
+    list.selectAll();
+    for (QPushButton* const button : dialog->findChildren<QPushButton*>())
+        if (button->text() == QLatin1String("C&reate"))
+            button->click();
+    EXPECT_THAT(messages, ElementsAre("Duplicate zone(s) created"));
+    EXPECT_THAT(rows, ElementsAre(4, 4));
 }
 
 TEST_F(DuplicateZoneTest, TheCommandWaitsForAFrameWithData)

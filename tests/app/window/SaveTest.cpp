@@ -5,12 +5,14 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QImage>
 #include <QLineEdit>
+#include <QSettings>
 #include <QStatusBar>
 #include <QTest>
 #include <QTimer>
@@ -58,6 +60,82 @@ TEST_F(SaveTest, ANameWithoutExtensionGetsTheOneOfTheFilter)
     action("saveAsAction").trigger();
     EXPECT_FALSE(QFileInfo(folder.filePath(QStringLiteral("bare"))).isFile());
     EXPECT_EQ(1, QDir(folder.path()).entryList({QStringLiteral("bare.*")}, QDir::Files).size());
+}
+
+TEST_F(SaveTest, WhatAFormatRefusesIsAskedForAgainWithWhatWasTyped)
+{
+    showWindow();
+    QString const path = folder.filePath(QStringLiteral("series.xyz"));
+    typeInDialog(path);
+    QString kept;
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, &look, [&] {
+        auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        if (!dialog || messages.empty())
+            return;
+        look.stop();
+        auto* const edit = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        kept = edit->text();
+        edit->setText(folder.filePath(QStringLiteral("series.csv")));
+        QTest::keyClick(edit, Qt::Key_Return);
+    });
+    look.start(50);
+    action("saveAsAction").trigger();
+    EXPECT_EQ(1u, messages.size());
+    EXPECT_EQ(QStringLiteral("series.xyz"), QFileInfo(kept).fileName());
+    EXPECT_TRUE(QFileInfo::exists(folder.filePath(QStringLiteral("series.csv"))));
+}
+
+TEST_F(SaveTest, AnotherFilterGivesTheNameItsExtension)
+{
+    showWindow();
+    QStringList names;
+    QTimer::singleShot(100, window.get(), [&] {
+        auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(nullptr, dialog);
+        auto const noteName = [&] { names << dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->text(); };
+        noteName();
+        auto* const filters = dialog->findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+        filters->setFocus();
+        QTest::keyClick(filters, Qt::Key_End);
+        noteName();
+        QTest::keyClick(dialog, Qt::Key_Escape);
+    });
+    EXPECT_FALSE(window->documents().saveAs());
+    ASSERT_EQ(2, names.size());
+    EXPECT_EQ(QStringLiteral("series.vtm"), QFileInfo(names[0]).fileName());
+    EXPECT_EQ(QStringLiteral("series.tsv"), QFileInfo(names[1]).fileName());
+}
+
+TEST_F(SaveTest, AFolderOfTheFramesNameIsNotEntered)
+{
+    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("series")));
+    QSettings().setValue(QStringLiteral("lastFolder"), folder.path());
+    showWindow();
+    QString directory;
+    QTimer::singleShot(100, window.get(), [&] {
+        auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(nullptr, dialog);
+        directory = dialog->directory().absolutePath();
+        QTest::keyClick(dialog, Qt::Key_Escape);
+    });
+    window->documents().saveAs();
+    EXPECT_EQ(QDir(folder.path()).absolutePath(), directory);
+}
+
+TEST_F(SaveTest, GivingUpAfterARefusalSavesNothing)
+{
+    showWindow();
+    session.renameVariable(*session.activeDataSet(), 2, "height");
+    typeInDialog(folder.filePath(QStringLiteral("series.xyz")));
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, &look, [&] {
+        if (QWidget* const dialog = QApplication::activeModalWidget(); dialog && !messages.empty())
+            QTest::keyClick(dialog, Qt::Key_Escape);
+    });
+    look.start(50);
+    EXPECT_FALSE(window->documents().saveAs());
+    EXPECT_FALSE(session.history().isClean());
 }
 
 TEST_F(SaveTest, SavingMakesTheStateClean)

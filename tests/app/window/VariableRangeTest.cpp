@@ -189,7 +189,7 @@ TEST_F(VariableRangeTest, AndWhyItIsNotExactIsToldInTheTableOfVariables)
     model.refresh();
     cell.data();
     ASSERT_TRUE(QTest::qWaitFor([&] { return cell.data().toString() == QString::fromUtf8("0 … 16"); }));
-    EXPECT_EQ(QStringLiteral("nodal, double"), cell.data(Qt::ToolTipRole).toString());
+    EXPECT_TRUE(cell.data(Qt::ToolTipRole).toString().contains(QStringLiteral("nodal, double")));
 }
 
 } // namespace veldraw::tests

@@ -12,6 +12,7 @@
 #include "tests/dialogs/support/SwitchedRelevance.h"
 
 #include <QApplication>
+#include <QImage>
 #include <QScreen>
 #include <QSignalSpy>
 #include <QTest>
@@ -211,6 +212,17 @@ TEST_F(QtDialogAbstractTest, GivesTheFocusToItsFirstWidgetUnlessTheDialogChoseOn
     choosing.box->setFocus();
     choosing.launch();
     EXPECT_EQ(choosing.focusWidget(), choosing.box);
+}
+
+TEST_F(QtDialogAbstractTest, ShowsWhereTheFocusIsFromTheStart)
+{
+    SampleDialog dialog(parent);
+    dialog.launch();
+    dialog.action->setFocus();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    QImage const focused = dialog.action->grab().toImage();
+    dialog.box->setFocus();
+    EXPECT_NE(focused, dialog.action->grab().toImage());
 }
 
 TEST_F(QtDialogAbstractTest, PassesOverWhatCannotBeUsedWhenItGivesTheFocus)

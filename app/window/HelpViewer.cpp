@@ -1,13 +1,14 @@
 #include "app/window/HelpViewer.h"
 
+#include "app/window/HelpBrowser.h"
 #include "app/window/Icons.h"
 
 #include <QAction>
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QLineEdit>
 #include <QRegularExpression>
-#include <QTextBrowser>
 #include <QToolBar>
 #include <QVBoxLayout>
 
@@ -36,36 +37,23 @@ QString titleOf(QString const& path)
 HelpViewer::HelpViewer(QStringList folders, QWidget* parent)
     : QWidget(parent, Qt::Window)
     , m_folders(std::move(folders))
-    , m_browser(new QTextBrowser)
+    , m_browser(new HelpBrowser(m_folders))
+    , m_searchField(new QLineEdit)
 {
     setObjectName(QStringLiteral("helpViewer"));
     setWindowTitle(QStringLiteral("Help"));
     resize(640, 560);
     m_browser->setObjectName(QStringLiteral("helpBrowser"));
     m_browser->setAccessibleName(QStringLiteral("Help topic"));
-    m_browser->setSearchPaths(m_folders);
     m_browser->setOpenExternalLinks(true);
     m_browser->setFrameShape(QFrame::NoFrame);
     m_browser->document()->setDocumentMargin(16);
+    connect(m_browser, &QTextBrowser::historyChanged, this, &HelpViewer::updateTitle);
 
     auto* const bar = new QToolBar;
     bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    QAction* const index =
-        bar->addAction(makeIcon(Glyph::Index), QStringLiteral("&Index"), this, &HelpViewer::openIndex);
-    QAction* const back =
-        bar->addAction(makeIcon(Glyph::Back), QStringLiteral("&Back"), m_browser, &QTextBrowser::backward);
-    QAction* const forward =
-        bar->addAction(makeIcon(Glyph::Forward), QStringLiteral("&Forward"), m_browser, &QTextBrowser::forward);
-    index->setObjectName(QStringLiteral("helpIndexAction"));
-    back->setObjectName(QStringLiteral("helpBackAction"));
-    forward->setObjectName(QStringLiteral("helpForwardAction"));
-    back->setShortcut(QKeySequence::Back);
-    forward->setShortcut(QKeySequence::Forward);
-    back->setEnabled(false);
-    forward->setEnabled(false);
-    connect(m_browser, &QTextBrowser::historyChanged, this, &HelpViewer::updateTitle);
-    connect(m_browser, &QTextBrowser::backwardAvailable, back, &QAction::setEnabled);
-    connect(m_browser, &QTextBrowser::forwardAvailable, forward, &QAction::setEnabled);
+    makeButtons(*bar);
+    makeSearch(*bar);
 
     auto* const close = new QAction(this);
     close->setShortcut(Qt::Key_Escape);
@@ -77,6 +65,58 @@ HelpViewer::HelpViewer(QStringList folders, QWidget* parent)
     layout->setSpacing(0);
     layout->addWidget(bar);
     layout->addWidget(m_browser);
+    m_browser->setFocus();
+}
+
+void HelpViewer::makeButtons(QToolBar& bar)
+{
+    QAction* const index =
+        bar.addAction(makeIcon(Glyph::Index), QStringLiteral("&Index"), this, &HelpViewer::openIndex);
+    QAction* const back =
+        bar.addAction(makeIcon(Glyph::Back), QStringLiteral("&Back"), m_browser, &QTextBrowser::backward);
+    QAction* const forward =
+        bar.addAction(makeIcon(Glyph::Forward), QStringLiteral("&Forward"), m_browser, &QTextBrowser::forward);
+    index->setObjectName(QStringLiteral("helpIndexAction"));
+    back->setObjectName(QStringLiteral("helpBackAction"));
+    forward->setObjectName(QStringLiteral("helpForwardAction"));
+    back->setShortcut(QKeySequence::Back);
+    forward->setShortcut(QKeySequence::Forward);
+    back->setEnabled(false);
+    forward->setEnabled(false);
+    connect(m_browser, &QTextBrowser::backwardAvailable, back, &QAction::setEnabled);
+    connect(m_browser, &QTextBrowser::forwardAvailable, forward, &QAction::setEnabled);
+}
+
+void HelpViewer::makeSearch(QToolBar& bar)
+{
+    m_searchField->setObjectName(QStringLiteral("helpSearchField"));
+    m_searchField->setAccessibleName(QStringLiteral("Search the help"));
+    m_searchField->setPlaceholderText(QStringLiteral("Search (Ctrl+F)"));
+    m_searchField->setClearButtonEnabled(true);
+    bar.addSeparator();
+    bar.addWidget(m_searchField);
+    connect(m_searchField, &QLineEdit::returnPressed, this, &HelpViewer::search);
+    connect(m_searchField, &QLineEdit::textChanged, this, [this](QString const& text) {
+        if (text.isEmpty())
+            m_browser->mark({});
+    });
+    auto* const find = new QAction(this);
+    find->setObjectName(QStringLiteral("helpSearchAction"));
+    find->setShortcut(QKeySequence::Find);
+    connect(find, &QAction::triggered, this, [this] {
+        m_searchField->setFocus(Qt::ShortcutFocusReason);
+        m_searchField->selectAll();
+    });
+    addAction(find);
+}
+
+void HelpViewer::search()
+{
+    QString const typed = m_searchField->text();
+    if (typed.trimmed().isEmpty())
+        return openIndex();
+    m_browser->search(typed);
+    updateTitle();
 }
 
 QStringList HelpViewer::standardFolders()
@@ -105,6 +145,7 @@ QString HelpViewer::findTopic(QString const& topic) const
 void HelpViewer::openTopic(QString const& topic)
 {
     QString const path = findTopic(topic);
+    m_searchField->clear(); // else its words would be marked in what somebody else asked for
     if (path.isEmpty())
         m_browser->setHtml(QStringLiteral("<h2>No such topic</h2><p>There is no help topic called <b>%1</b>.</p>"
                                           "<p>Looked in: %2</p>")

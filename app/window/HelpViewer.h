@@ -3,11 +3,15 @@
 #include <QStringList>
 #include <QWidget>
 
-class QTextBrowser;
+class QAction;
+class QLineEdit;
+class QToolBar;
 
 namespace veldraw::app {
 
-/// The window with the help topics: index, back, forward. Not modal, one for the program.
+class HelpBrowser;
+
+/// The window with the help topics: index, back, forward, search. Not modal, one for the program.
 class HelpViewer : public QWidget
 {
     Q_OBJECT
@@ -28,11 +32,15 @@ public:
 private:
     QString findTopic(QString const& topic) const;
     QString listOfTopics() const;
+    void makeButtons(QToolBar& bar);
+    void makeSearch(QToolBar& bar);
+    void search();
     void bringUp();
     void updateTitle();
 
     QStringList m_folders;
-    QTextBrowser* m_browser;
+    HelpBrowser* m_browser;
+    QLineEdit* m_searchField;
 };
 
 } // namespace veldraw::app

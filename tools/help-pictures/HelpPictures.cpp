@@ -2,6 +2,7 @@
 
 #include "app/window/DataOperation.h"
 #include "dialogs/frame/QtDialogAbstract.h"
+#include "kernel/frames/Session.h"
 
 #include <QAbstractButton>
 #include <QDir>
@@ -77,6 +78,8 @@ QStringList HelpPictures::take()
 {
     open(QStringLiteral("tetra.vtu"), Deferral::Auto);
     takePlot(QStringLiteral("bar"));
+    open(QStringLiteral("timeseries.csv"), Deferral::Auto);
+    takePlot(QStringLiteral("line_plot"));
     for (HelpSubject const& subject : helpSubjects())
         takeOf(subject);
     m_problems += m_user.unexpectedMessages();
@@ -110,7 +113,8 @@ void HelpPictures::takeOf(HelpSubject const& subject)
     m_user.settle(300);
     takeDialog(*dialog, topic);
     if (QAbstractButton* const button = subject.button ? buttonOf(*dialog, subject.button) : nullptr) {
-        m_user.messagesDuring([&] { m_user.click(*button); });
+        m_user.messagesDuring([&] { m_user.click(*button); },
+                              [] { return kernel::Session::instance().history().canUndo(); });
         m_user.settle(500);
         takePlot(topic + QStringLiteral("_after"));
         m_user.key(Qt::Key_Z, Qt::ControlModifier);

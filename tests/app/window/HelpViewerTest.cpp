@@ -4,6 +4,7 @@
 #include "tests/app/window/WindowTest.h"
 
 #include <QAction>
+#include <QLineEdit>
 #include <QTest>
 #include <QTextBrowser>
 
@@ -86,6 +87,50 @@ TEST_F(HelpViewerTest, WithoutAnyFolderItStillSpeaks)
     EXPECT_TRUE(text(viewer).contains(QStringLiteral("No help topics are installed.")));
     viewer.openTopic(QStringLiteral("smooth.html"));
     EXPECT_TRUE(text(viewer).contains(QStringLiteral("smooth.html")));
+}
+
+TEST_F(HelpViewerTest, SearchesForWords)
+{
+    app::HelpViewer viewer({folder.path()});
+    viewer.openIndex();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&viewer));
+    actionOf(viewer, "helpSearchAction").trigger();
+    QTest::keyClicks(viewer.focusWidget(), QStringLiteral("ABOUT krig"));
+    QTest::keyClick(viewer.focusWidget(), Qt::Key_Return);
+    EXPECT_TRUE(text(viewer).contains(QStringLiteral("Kriging"))) << text(viewer).toStdString();
+    EXPECT_TRUE(text(viewer).contains(QStringLiteral("About kriging.")));
+    EXPECT_EQ(QStringLiteral("Help: Search"), viewer.windowTitle());
+}
+
+TEST_F(HelpViewerTest, AResultLeadsToItsTopicWithTheWordsMarkedAndBackAgain)
+{
+    app::HelpViewer viewer({folder.path()});
+    viewer.openIndex();
+    auto& field = *viewer.findChild<QLineEdit*>();
+    auto& browser = *viewer.findChild<QTextBrowser*>();
+    field.setText(QStringLiteral("smoothing"));
+    QTest::keyClick(&field, Qt::Key_Return);
+    QString const results = text(viewer);
+    browser.setSource(QUrl::fromLocalFile(folder.filePath(QStringLiteral("smooth.html"))));
+    ASSERT_EQ(1, browser.extraSelections().size());
+    EXPECT_EQ(QStringLiteral("smoothing"), browser.extraSelections().front().cursor.selectedText());
+    actionOf(viewer, "helpBackAction").trigger();
+    EXPECT_EQ(results, text(viewer));
+    field.clear();
+    actionOf(viewer, "helpForwardAction").trigger();
+    EXPECT_TRUE(browser.extraSelections().isEmpty());
+}
+
+TEST_F(HelpViewerTest, ATopicThatADialogAsksForHasNoMarksOfAnEarlierSearch)
+{
+    app::HelpViewer viewer({folder.path()});
+    viewer.openIndex();
+    auto& field = *viewer.findChild<QLineEdit*>();
+    field.setText(QStringLiteral("smoothing"));
+    QTest::keyClick(&field, Qt::Key_Return);
+    viewer.openTopic(QStringLiteral("smooth.html"));
+    EXPECT_TRUE(viewer.findChild<QTextBrowser*>()->extraSelections().isEmpty());
+    EXPECT_TRUE(field.text().isEmpty());
 }
 
 TEST_F(HelpViewerTest, EscapeClosesIt)

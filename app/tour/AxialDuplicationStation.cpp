@@ -41,25 +41,23 @@ void AxialDuplicationStation::run()
     undoAndRedo();
     m_tour.activate(*dialog);
     m_tour.user.key(Qt::Key_Escape);
-    m_tour.check("Escape closes the dialog", !dialog->isVisible());
+    m_tour.expectThat("Escape closes the dialog", [&] { return !dialog->isVisible(); });
 }
 
 void AxialDuplicationStation::duplicate()
 {
     auto& dialog = *UserDriver::visibleWindow<AxialDuplicationDialog>();
-    m_tour.check("the picked zone is selected already", 1,
-                 TourContext::selectedRowCount(TourContext::list(dialog, "zoneList")));
+    m_tour.expect("the picked zone is selected already", 1,
+                  [&] { return TourContext::selectedRowCount(TourContext::list(dialog, "zoneList")); });
     auto& axis = *dialog.findChild<QRadioButton*>(QStringLiteral("zAxisButton"));
     m_tour.user.click(axis, QPoint(8, axis.height() / 2));
     m_tour.user.key(Qt::Key_3, Qt::AltModifier);
-    m_tour.user.settle(300);
-    m_tour.check("Alt+3 chooses the full circle",
-                 dialog.findChild<QRadioButton*>(QStringLiteral("fullRotation_radioButton"))->isChecked());
+    auto const& circle = *dialog.findChild<QRadioButton*>(QStringLiteral("fullRotation_radioButton"));
+    m_tour.expectThat("Alt+3 chooses the full circle", [&] { return circle.isChecked(); });
     m_tour.enterNumber(dialog, "numberOfSegments", QString::number(segments));
     m_tour.user.picture(QStringLiteral("axial-duplication-entered"));
-    m_tour.check("6 segments, Alt+D duplicates: no message", QString(),
-                 m_tour.messagesOfKey(Qt::Key_D, Qt::AltModifier));
-    m_tour.user.settle(500);
+    m_tour.expectSilence("6 segments, Alt+D duplicates: no message", Qt::Key_D, Qt::AltModifier,
+                         [&] { return TourContext::dataSet().zoneCount() > m_countAtStart; });
     checkCopies();
     m_tour.activate(m_tour.window);
     m_tour.user.key(Qt::Key_F, Qt::ControlModifier);
@@ -92,14 +90,12 @@ void AxialDuplicationStation::undoAndRedo()
     QString const namesWithCopies = TourContext::zoneNames();
     m_tour.activate(m_tour.window);
     QAction const* const undo = m_tour.action("undoAction");
-    m_tour.check("the Edit menu names the step", QStringLiteral("&Undo Axial Duplication"),
-                 undo ? undo->text() : QString());
+    m_tour.expect("the Edit menu names the step", QStringLiteral("&Undo Axial Duplication"),
+                  [&] { return undo ? undo->text() : QString(); });
     m_tour.user.key(Qt::Key_Z, Qt::ControlModifier);
-    m_tour.user.settle();
-    m_tour.check("Ctrl+Z takes all copies away", m_namesAtStart, TourContext::zoneNames());
+    m_tour.expect("Ctrl+Z takes all copies away", m_namesAtStart, &TourContext::zoneNames);
     m_tour.user.key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
-    m_tour.user.settle();
-    m_tour.check("Ctrl+Shift+Z brings them again", namesWithCopies, TourContext::zoneNames());
+    m_tour.expect("Ctrl+Shift+Z brings them again", namesWithCopies, &TourContext::zoneNames);
 }
 
 } // namespace veldraw::app

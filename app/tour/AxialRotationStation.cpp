@@ -45,7 +45,7 @@ void AxialRotationStation::run()
     undoAndRedo();
     m_tour.activate(*dialog);
     m_tour.user.key(Qt::Key_Escape);
-    m_tour.check("Escape closes the dialog", !dialog->isVisible());
+    m_tour.expectThat("Escape closes the dialog", [&] { return !dialog->isVisible(); });
 }
 
 void AxialRotationStation::tryWhatIsRefused()
@@ -55,9 +55,9 @@ void AxialRotationStation::tryWhatIsRefused()
     m_tour.user.clickRow(list, 0);
     if (TourContext::selectedRowCount(list) == 1)
         m_tour.user.clickRow(list, 0, Qt::ControlModifier);
-    m_tour.check("nothing selected: the message",
-                 QStringLiteral("Axial Rotation requires selection of one or more zones."),
-                 m_tour.messagesOf(TourContext::button(dialog, "&Rotate")));
+    m_tour.expectMessage("nothing selected: the message",
+                         QStringLiteral("Axial Rotation requires selection of one or more zones."),
+                         TourContext::button(dialog, "&Rotate"));
 }
 
 void AxialRotationStation::rotate()
@@ -68,9 +68,9 @@ void AxialRotationStation::rotate()
     m_tour.user.click(axis, QPoint(8, axis.height() / 2));
     m_tour.enterNumber(dialog, "angle_spinBox", QStringLiteral("90"));
     m_tour.user.picture(QStringLiteral("rotation-entered"));
-    m_tour.check("a zone, the X axis, 90 degrees, \"Rotate\" clicked: no message", QString(),
-                 m_tour.messagesOf(TourContext::button(dialog, "&Rotate")));
-    m_tour.user.settle(500);
+    m_tour.expectSilence("a zone, the X axis, 90 degrees, \"Rotate\" clicked: no message",
+                         TourContext::button(dialog, "&Rotate"),
+                         [&] { return m_atStart.distance(ZoneProbe(1), asItIs) > 0.0; });
     ZoneProbe const turned(1);
     m_tour.check("every point has made a quarter turn", m_atStart.distance(turned, quarterAboutX) < rounding);
     m_tour.check("so has every vector", m_atStart.vectorDistance(turned, quarterAboutX) < rounding);
@@ -82,18 +82,18 @@ void AxialRotationStation::undoAndRedo()
 {
     m_tour.activate(m_tour.window);
     QAction const* const undo = m_tour.action("undoAction");
-    m_tour.check("the Edit menu names the step", QStringLiteral("&Undo Axial Rotation"),
-                 undo ? undo->text() : QString());
+    auto const isBack = [&] {
+        return m_atStart.distance(ZoneProbe(1), asItIs) == 0.0 && m_atStart.vectorDistance(ZoneProbe(1), asItIs) == 0.0;
+    };
+    m_tour.expect("the Edit menu names the step", QStringLiteral("&Undo Axial Rotation"),
+                  [&] { return undo ? undo->text() : QString(); });
     m_tour.user.key(Qt::Key_Z, Qt::ControlModifier);
-    m_tour.user.settle();
-    m_tour.check("Ctrl+Z brings every point back, to the last bit",
-                 m_atStart.distance(ZoneProbe(1), asItIs) == 0.0 &&
-                     m_atStart.vectorDistance(ZoneProbe(1), asItIs) == 0.0);
+    m_tour.expectThat("Ctrl+Z brings every point back, to the last bit", isBack);
     m_tour.user.key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
-    m_tour.user.settle();
-    m_tour.check("Ctrl+Shift+Z turns it again", m_atStart.distance(ZoneProbe(1), quarterAboutX) < rounding);
+    m_tour.expectThat("Ctrl+Shift+Z turns it again",
+                      [&] { return m_atStart.distance(ZoneProbe(1), quarterAboutX) < rounding; });
     m_tour.user.key(Qt::Key_Z, Qt::ControlModifier);
-    m_tour.user.settle();
+    m_tour.user.waitFor(isBack);
 }
 
 } // namespace veldraw::app

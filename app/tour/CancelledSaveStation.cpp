@@ -26,8 +26,7 @@ void CancelledSaveStation::run()
     saveAndCancel();
     m_tour.activate(m_tour.window);
     m_tour.user.key(Qt::Key_Z, Qt::ControlModifier);
-    m_tour.user.settle();
-    m_tour.check("Ctrl+Z brings the coordinate back", QStringLiteral("X, Value"), TourContext::variableNames());
+    m_tour.expect("Ctrl+Z brings the coordinate back", QStringLiteral("X, Value"), &TourContext::variableNames);
 }
 
 // It would have to be loaded for the file, which takes more memory than most machines have.
@@ -38,8 +37,8 @@ bool CancelledSaveStation::deleteCoordinate()
         return false;
     QListView& list = TourContext::list(*dialog, "deleteVariable_Select_MList");
     m_tour.user.clickRow(list, 0);
-    m_tour.check("its coordinate is deleted before it is ever loaded", QStringLiteral("Variable deletion successful"),
-                 m_tour.messagesOf(TourContext::button(*dialog, "&Delete")));
+    m_tour.expectMessage("its coordinate is deleted before it is ever loaded",
+                         QStringLiteral("Variable deletion successful"), TourContext::button(*dialog, "&Delete"));
     m_tour.activate(*dialog);
     m_tour.user.key(Qt::Key_Escape);
     return TourContext::variableNames() == QLatin1String("Value");
@@ -67,7 +66,6 @@ bool CancelledSaveStation::pressCancel()
     if (!progress || m_wasCancelled)
         return m_wasCancelled;
     m_wasCancelled = true;
-    m_tour.user.settle(700);
     m_tour.user.picture(QStringLiteral("save-progress"));
     m_tour.user.click(*progress->findChild<QPushButton*>());
     return true;

@@ -44,13 +44,13 @@ void DeleteVariableStation::deleteByMouse()
     m_tour.user.clickRow(list, before - 1);
     m_tour.user.clickRow(list, before - 2);
     m_tour.user.picture(QStringLiteral("delete-variable-selected"));
-    m_tour.check("two variables clicked, \"Delete\" clicked: the message",
-                 QStringLiteral("Variable deletion successful"),
-                 m_tour.messagesOf(TourContext::button(dialog, "&Delete"), QStringLiteral("delete-variable-told")));
+    m_tour.expectMessage("two variables clicked, \"Delete\" clicked: the message",
+                         QStringLiteral("Variable deletion successful"), TourContext::button(dialog, "&Delete"),
+                         QStringLiteral("delete-variable-told"));
     m_tour.check("two variables fewer in the data set", before - 2, TourContext::dataSet().variableCount());
-    m_tour.user.settle();
-    m_tour.check("two rows fewer in the list", before - 2, list.model()->rowCount());
-    m_tour.check("the dialog stays open with nothing selected", 0, TourContext::selectedRowCount(list));
+    m_tour.expect("two rows fewer in the list", before - 2, [&] { return list.model()->rowCount(); });
+    m_tour.expect("the dialog stays open with nothing selected", 0,
+                  [&] { return TourContext::selectedRowCount(list); });
     m_tour.user.picture(QStringLiteral("delete-variable-done"));
 }
 
@@ -60,17 +60,15 @@ void DeleteVariableStation::undoAndRedo()
     QListView const& list = TourContext::list(*UserDriver::visibleWindow<DeleteVariableDialog>(), listName);
     m_tour.activate(m_tour.window);
     QAction const* const undo = m_tour.action("undoAction");
-    m_tour.check("the Edit menu names the step", QStringLiteral("&Undo Delete Variable"),
-                 undo ? undo->text() : QString());
+    m_tour.expect("the Edit menu names the step", QStringLiteral("&Undo Delete Variable"),
+                  [&] { return undo ? undo->text() : QString(); });
     m_tour.user.key(Qt::Key_Z, Qt::ControlModifier);
-    m_tour.user.settle();
-    m_tour.check("Ctrl+Z brings the variables back", m_namesAtStart, TourContext::variableNames());
-    m_tour.check("the dialog lists them again", fewer + 2, list.model()->rowCount());
+    m_tour.expect("Ctrl+Z brings the variables back", m_namesAtStart, &TourContext::variableNames);
+    m_tour.expect("the dialog lists them again", fewer + 2, [&] { return list.model()->rowCount(); });
     m_tour.user.key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
-    m_tour.user.settle();
-    m_tour.check("Ctrl+Shift+Z deletes them again", fewer, TourContext::dataSet().variableCount());
+    m_tour.expect("Ctrl+Shift+Z deletes them again", fewer, [] { return TourContext::dataSet().variableCount(); });
     m_tour.user.key(Qt::Key_Z, Qt::ControlModifier);
-    m_tour.user.settle();
+    m_tour.user.waitFor([&] { return list.model()->rowCount() == fewer + 2; });
 }
 
 void DeleteVariableStation::tryWhatIsRefused()
@@ -78,18 +76,18 @@ void DeleteVariableStation::tryWhatIsRefused()
     auto& dialog = *UserDriver::visibleWindow<DeleteVariableDialog>();
     QPushButton& deleteButton = TourContext::button(dialog, "&Delete");
     m_tour.activate(dialog);
-    m_tour.check("nothing selected: the message", QStringLiteral("No variables are selected"),
-                 m_tour.messagesOf(deleteButton));
+    m_tour.expectMessage("nothing selected: the message", QStringLiteral("No variables are selected"), deleteButton);
     m_tour.activate(dialog);
     m_tour.user.key(Qt::Key_S, Qt::AltModifier);
     m_tour.user.key(Qt::Key_A, Qt::ControlModifier);
-    m_tour.check("Alt+S, Ctrl+A selects everything", TourContext::dataSet().variableCount(),
-                 TourContext::selectedRowCount(TourContext::list(dialog, listName)));
-    m_tour.check("everything selected: the message", QStringLiteral("Cannot delete the last variable in a data set."),
-                 m_tour.messagesOf(deleteButton, QStringLiteral("delete-variable-refused")));
+    m_tour.expect("Alt+S, Ctrl+A selects everything", TourContext::dataSet().variableCount(),
+                  [&] { return TourContext::selectedRowCount(TourContext::list(dialog, listName)); });
+    m_tour.expectMessage("everything selected: the message",
+                         QStringLiteral("Cannot delete the last variable in a data set."), deleteButton,
+                         QStringLiteral("delete-variable-refused"));
     m_tour.check("refusals change nothing", m_namesAtStart, TourContext::variableNames());
     m_tour.user.click(*dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Close));
-    m_tour.check("Close takes the dialog off the screen", !dialog.isVisible());
+    m_tour.expectThat("Close takes the dialog off the screen", [&] { return !dialog.isVisible(); });
 }
 
 void DeleteVariableStation::deleteByKeyboard()
@@ -106,9 +104,10 @@ void DeleteVariableStation::deleteByKeyboard()
         m_tour.user.key(Qt::Key_Space);
         m_tour.user.key(Qt::Key_Down);
     }
-    m_tour.check("Space and Down leave the last variable selected", 1, TourContext::selectedRowCount(list));
-    m_tour.check("Alt+D deletes it: the message", QStringLiteral("Variable deletion successful"),
-                 m_tour.messagesOfKey(Qt::Key_D, Qt::AltModifier));
+    m_tour.expect("Space and Down leave the last variable selected", 1,
+                  [&] { return TourContext::selectedRowCount(list); });
+    m_tour.expectMessage("Alt+D deletes it: the message", QStringLiteral("Variable deletion successful"), Qt::Key_D,
+                         Qt::AltModifier);
     m_tour.check("one variable fewer", before - 1, TourContext::dataSet().variableCount());
 }
 
@@ -127,7 +126,7 @@ void DeleteVariableStation::askForHelp()
     }
     m_tour.activate(*dialog);
     m_tour.user.key(Qt::Key_Escape);
-    m_tour.check("Escape closes the dialog", !dialog->isVisible());
+    m_tour.expectThat("Escape closes the dialog", [&] { return !dialog->isVisible(); });
 }
 
 } // namespace veldraw::app

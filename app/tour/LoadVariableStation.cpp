@@ -56,21 +56,20 @@ void LoadVariableStation::run()
     m_tour.check("the cells show the values now", buffer && qAbs(shown.toDouble() - buffer->value(99)) < 1e-5);
     m_tour.check("what was not selected is not loaded", notLoaded,
                  table.model()->index(99, variableNumber + 2).data().toString());
-    m_tour.user.waitFor([&] { return m_tour.shownRange(variable).contains(QChar(0x2026)); });
-    m_tour.check("and the dock shows a range", m_tour.shownRange(variable).contains(QStringLiteral(" \u2026 ")));
+    m_tour.expectThat("and the dock shows a range",
+                      [&] { return m_tour.shownRange(variable).contains(QStringLiteral(" \u2026 ")); });
     m_tour.user.picture(QStringLiteral("load-after"));
     m_tour.user.key(Qt::Key_Escape);
-    m_tour.check("Escape closes the spreadsheet again", !dialog->isVisible());
+    m_tour.expectThat("Escape closes the spreadsheet again", [&] { return !dialog->isVisible(); });
 }
 
 void LoadVariableStation::open()
 {
     m_tour.deferral = Deferral::Always;
     m_tour.window.openFiles({m_file}, DocumentController::Place::FreshPage);
-    m_tour.user.settle(1000);
     m_tour.deferral = Deferral::Auto;
-    m_tour.check("a file opened without reading its values: the dock says so", QStringLiteral("not loaded"),
-                 m_tour.shownRange(variable));
+    m_tour.expect("a file opened without reading its values: the dock says so", QStringLiteral("not loaded"),
+                  [&] { return m_tour.shownRange(variable); });
 }
 
 void LoadVariableStation::loadByMouse()
@@ -79,23 +78,23 @@ void LoadVariableStation::loadByMouse()
     QListView& list = TourContext::list(dialog, "LoadVariables_Variables_listView");
     QPushButton& load = TourContext::button(dialog, "&Load");
     m_tour.activate(dialog);
-    m_tour.check("it lists what is not loaded",
-                 QStringLiteral("4: displacement_X, 5: displacement_Y, 6: displacement_Z, 7: temperature, 8: stress"),
-                 namesIn(*list.model()));
-    m_tour.check("with nothing selected there is nothing to load", !load.isEnabled());
+    m_tour.expect("it lists what is not loaded",
+                  QStringLiteral("4: displacement_X, 5: displacement_Y, 6: displacement_Z, 7: temperature, 8: stress"),
+                  [&] { return namesIn(*list.model()); });
+    m_tour.expectThat("with nothing selected there is nothing to load", [&] { return !load.isEnabled(); });
     m_tour.user.clickRow(list, 0);
     m_tour.user.clickRow(list, 2, Qt::ShiftModifier);
-    m_tour.user.settle();
-    m_tour.check("a click and a Shift-click select three", 3, TourContext::selectedRowCount(list));
+    m_tour.expect("a click and a Shift-click select three", 3, [&] { return TourContext::selectedRowCount(list); });
+    m_tour.user.waitFor([&] { return load.isEnabled(); });
     m_tour.user.picture(QStringLiteral("load-selected"));
     m_tour.user.click(load);
-    m_tour.user.waitFor([&] { return list.model()->rowCount() == 2; });
-    m_tour.check("\"Load\" takes them from the list", QStringLiteral("7: temperature, 8: stress"),
-                 namesIn(*list.model()));
+    m_tour.expect("\"Load\" takes them from the list", QStringLiteral("7: temperature, 8: stress"),
+                  [&] { return namesIn(*list.model()); });
     m_tour.user.picture(QStringLiteral("load-done"));
     m_tour.activate(dialog);
     m_tour.user.key(Qt::Key_Escape);
-    m_tour.check("Escape closes Load Variable", UserDriver::visibleWindow<LoadVariablesDialog>() == nullptr);
+    m_tour.expectThat("Escape closes Load Variable",
+                      [] { return UserDriver::visibleWindow<LoadVariablesDialog>() == nullptr; });
 }
 
 } // namespace veldraw::app

@@ -44,7 +44,7 @@ void LongTableStation::run()
     goToTheStart(table);
     m_tour.activate(*dialog);
     m_tour.user.key(Qt::Key_Escape);
-    m_tour.check("Escape closes it", !dialog->isVisible());
+    m_tour.expectThat("Escape closes it", [&] { return !dialog->isVisible(); });
 }
 
 void LongTableStation::open()
@@ -53,17 +53,15 @@ void LongTableStation::open()
     std::int64_t const room = bytesOnDisk(values);
     m_tour.check("the sample of 12 GB takes less than a megabyte of the disk", room >= 0 && room < 1000000);
     m_tour.window.openFiles({m_file}, DocumentController::Place::FreshPage);
-    m_tour.user.settle(1000);
     m_tour.check("three thousand million points are open", TourContext::dataSet().zone(1)->pointCount() == pointCount);
-    m_tour.check("the dock knows the range of coordinates that nobody has computed", QString::fromUtf8("0 … 3e+06"),
-                 m_tour.shownRange(QStringLiteral("X")));
+    m_tour.expect("the dock knows the range of coordinates that nobody has computed", QString::fromUtf8("0 … 3e+06"),
+                  [&] { return m_tour.shownRange(QStringLiteral("X")); });
     m_tour.user.picture(QStringLiteral("long-opened"));
 }
 
 void LongTableStation::goToTheEnd(QTableView& table)
 {
     m_tour.user.key(Qt::Key_End, Qt::ControlModifier);
-    m_tour.user.settle();
     checkCurrent("Ctrl+End goes to the last row", QStringLiteral("3000000000: -0.74"), table);
     m_tour.user.picture(QStringLiteral("long-last-row"));
 }
@@ -71,11 +69,9 @@ void LongTableStation::goToTheEnd(QTableView& table)
 void LongTableStation::goToARow(QTableView& table)
 {
     m_tour.user.key(Qt::Key_G, Qt::ControlModifier);
-    m_tour.user.settle();
     m_tour.user.type(QStringLiteral("1500000001"));
     m_tour.user.picture(QStringLiteral("long-go-to-row"));
     m_tour.user.key(Qt::Key_Return);
-    m_tour.user.settle();
     checkCurrent("Ctrl+G, 1500000001, Return goes to the middle", QStringLiteral("1500000001: 0.14"), table);
     m_tour.user.picture(QStringLiteral("long-middle"));
 }
@@ -84,22 +80,21 @@ void LongTableStation::goToTheStart(QTableView& table)
 {
     m_tour.activate(*table.window());
     m_tour.user.key(Qt::Key_Home, Qt::ControlModifier);
-    m_tour.user.settle();
     // The coordinate is in the first column.
     checkCurrent("Ctrl+Home goes to the first cell", QStringLiteral("1: Not Loaded"), table);
     m_tour.user.key(Qt::Key_End);
-    m_tour.user.settle();
     checkCurrent("End goes to its value", QStringLiteral("1: -1"), table);
 }
 
 void LongTableStation::checkCurrent(char const* step, QString const& rowNameAndValue, QTableView const& table)
 {
-    QModelIndex const cell = table.currentIndex();
-    // As the table writes it; the model has all digits.
-    auto const* const delegate = qobject_cast<QStyledItemDelegate*>(table.itemDelegate());
-    QString const shown = delegate ? delegate->displayText(cell.data(), table.locale()) : QString();
-    m_tour.check(step, rowNameAndValue,
-                 QStringLiteral("%1: %2").arg(table.model()->headerData(cell.row(), Qt::Vertical).toString(), shown));
+    m_tour.expect(step, rowNameAndValue, [&] {
+        QModelIndex const cell = table.currentIndex();
+        // As the table writes it; the model has all digits.
+        auto const* const delegate = qobject_cast<QStyledItemDelegate*>(table.itemDelegate());
+        QString const shown = delegate ? delegate->displayText(cell.data(), table.locale()) : QString();
+        return QStringLiteral("%1: %2").arg(table.model()->headerData(cell.row(), Qt::Vertical).toString(), shown);
+    });
 }
 
 } // namespace veldraw::app

@@ -52,14 +52,14 @@ void MirrorZoneStation::run()
     askForHelp();
     m_tour.activate(*dialog);
     m_tour.user.key(Qt::Key_Escape);
-    m_tour.check("Escape closes the dialog", !dialog->isVisible());
+    m_tour.expectThat("Escape closes the dialog", [&] { return !dialog->isVisible(); });
 }
 
 void MirrorZoneStation::tryWhatIsRefused()
 {
     auto& dialog = *UserDriver::visibleWindow<CreateMirrorZoneDialog>();
-    m_tour.check("nothing selected: the message", QStringLiteral("No source zones were specified"),
-                 m_tour.messagesOf(TourContext::button(dialog, "C&reate")));
+    m_tour.expectMessage("nothing selected: the message", QStringLiteral("No source zones were specified"),
+                         TourContext::button(dialog, "C&reate"));
     m_tour.check("the refusal changes nothing", m_namesAtStart, TourContext::zoneNames());
 }
 
@@ -67,19 +67,19 @@ void MirrorZoneStation::mirrorInSpaceByMouse()
 {
     auto& dialog = *UserDriver::visibleWindow<CreateMirrorZoneDialog>();
     QListView& list = TourContext::list(dialog, listName);
-    m_tour.check("a 3D plot offers planes", QStringLiteral("XY plane, XZ plane, YZ plane"), visibleChoices());
+    m_tour.expect("a 3D plot offers planes", QStringLiteral("XY plane, XZ plane, YZ plane"),
+                  [&] { return visibleChoices(); });
     auto& plane = *dialog.findChild<QRadioButton*>(QStringLiteral("createMirrorZone_Axis3DYZ_RadioButton"));
     m_tour.user.click(plane, QPoint(8, plane.height() / 2));
-    m_tour.check("a click chooses the YZ plane", plane.isChecked());
+    m_tour.expectThat("a click chooses the YZ plane", [&] { return plane.isChecked(); });
     m_tour.user.clickRow(list, 0);
     m_tour.user.picture(QStringLiteral("mirror-planes"));
-    m_tour.check("a zone clicked, \"Create\" clicked: the message", created,
-                 m_tour.messagesOf(TourContext::button(dialog, "C&reate")));
-    m_tour.user.settle(500);
+    m_tour.expectMessage("a zone clicked, \"Create\" clicked: the message", created,
+                         TourContext::button(dialog, "C&reate"));
     int const copy = m_countAtStart + 1;
     if (!m_tour.check("one zone more in the data set", copy, TourContext::dataSet().zoneCount()))
         return;
-    m_tour.check("one row more in the list", copy, list.model()->rowCount());
+    m_tour.expect("one row more in the list", copy, [&] { return list.model()->rowCount(); });
     ZoneProbe const source(1);
     m_tour.check("every X has changed its sign, Y and Z are as they were",
                  source.distance(ZoneProbe(copy), negatedX) == 0.0);
@@ -94,16 +94,14 @@ void MirrorZoneStation::mirrorInThePlaneByKeyboard()
     m_tour.activate(m_tour.window);
     m_tour.user.key(Qt::Key_P, Qt::AltModifier);
     m_tour.user.key(Qt::Key_2);
-    m_tour.user.settle(500);
-    m_tour.check("a 2D plot offers axes instead", QStringLiteral("X axis, Y axis"), visibleChoices());
+    m_tour.expect("a 2D plot offers axes instead", QStringLiteral("X axis, Y axis"), [&] { return visibleChoices(); });
     m_tour.activate(dialog);
     m_tour.user.key(Qt::Key_X, Qt::AltModifier);
     m_tour.user.key(Qt::Key_S, Qt::AltModifier);
     m_tour.user.key(Qt::Key_Home);
     m_tour.user.picture(QStringLiteral("mirror-axes"));
-    m_tour.check("Alt+X, Alt+S, Home, Alt+R mirrors a zone about the X axis: the message", created,
-                 m_tour.messagesOfKey(Qt::Key_R, Qt::AltModifier));
-    m_tour.user.settle(500);
+    m_tour.expectMessage("Alt+X, Alt+S, Home, Alt+R mirrors a zone about the X axis: the message", created, Qt::Key_R,
+                         Qt::AltModifier);
     int const copy = m_countAtStart + 2;
     if (m_tour.check("one zone more again", copy, TourContext::dataSet().zoneCount()))
         m_tour.check("every Y has changed its sign", ZoneProbe(1).distance(ZoneProbe(copy), negatedY) == 0.0);
@@ -115,21 +113,20 @@ void MirrorZoneStation::undoAndRedo()
     QString const namesWithCopies = TourContext::zoneNames();
     m_tour.activate(m_tour.window);
     QAction const* const undo = m_tour.action("undoAction");
-    m_tour.check("the Edit menu names the step", QStringLiteral("&Undo Create Mirror Zone"),
-                 undo ? undo->text() : QString());
+    m_tour.expect("the Edit menu names the step", QStringLiteral("&Undo Create Mirror Zone"),
+                  [&] { return undo ? undo->text() : QString(); });
     // The second mirror image, the plot type, the first one.
     for (int step = 0; step < 3; ++step)
         m_tour.user.key(Qt::Key_Z, Qt::ControlModifier);
-    m_tour.user.settle(500);
-    m_tour.check("Ctrl+Z takes both away", m_namesAtStart, TourContext::zoneNames());
-    m_tour.check("the dialog offers planes again", QStringLiteral("XY plane, XZ plane, YZ plane"), visibleChoices());
+    m_tour.expect("Ctrl+Z takes both away", m_namesAtStart, &TourContext::zoneNames);
+    m_tour.expect("the dialog offers planes again", QStringLiteral("XY plane, XZ plane, YZ plane"),
+                  [&] { return visibleChoices(); });
     for (int step = 0; step < 3; ++step)
         m_tour.user.key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
-    m_tour.user.settle(500);
-    m_tour.check("Ctrl+Shift+Z brings them again", namesWithCopies, TourContext::zoneNames());
+    m_tour.expect("Ctrl+Shift+Z brings them again", namesWithCopies, &TourContext::zoneNames);
     for (int step = 0; step < 3; ++step)
         m_tour.user.key(Qt::Key_Z, Qt::ControlModifier);
-    m_tour.user.settle(500);
+    m_tour.user.waitFor([&] { return TourContext::zoneNames() == m_namesAtStart; });
 }
 
 void MirrorZoneStation::askForHelp()

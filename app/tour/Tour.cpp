@@ -76,32 +76,30 @@ void Tour::openSamples()
     for (char const* name : {"flow.vtm", "tetra.vtu", "transient.vtm", "timeseries.csv"})
         files.push_back(m_samples + QLatin1Char('/') + QLatin1String(name));
     m_tour.window.openFiles(files, DocumentController::Place::FreshPage);
-    m_tour.user.waitFor([] { return kernel::Session::instance().activeDataSet() != nullptr; });
-    m_tour.user.settle(1500);
     m_tour.check("four samples open, a frame each", 4,
                  static_cast<int>(kernel::Session::instance().activePage()->frames.size()));
-    m_tour.check("plots are drawn in colour", coloursOnPage() > 100);
+    m_tour.expectThat("plots are drawn in colour", [&] { return coloursOnPage() > 100; });
+    m_tour.restingPlot();
     m_tour.user.picture(QStringLiteral("samples"));
 }
 
 void Tour::lookAtPlots()
 {
     m_tour.window.openFiles({m_samples + QStringLiteral("/flow.vtm")}, DocumentController::Place::FreshPage);
-    m_tour.user.settle(1500);
     m_tour.check("one sample opened on a fresh page", 1,
                  static_cast<int>(kernel::Session::instance().activePage()->frames.size()));
+    QImage const before = m_tour.restingPlot();
     m_tour.user.picture(QStringLiteral("opened"));
-    QImage const before = m_tour.plot();
     m_tour.activate(m_tour.window);
     m_tour.user.key(Qt::Key_P, Qt::AltModifier);
     m_tour.user.key(Qt::Key_2);
-    m_tour.user.settle(500);
-    m_tour.check("Alt+P, 2 shows a 2D plot that differs from the 3D plot", m_tour.plot() != before);
+    m_tour.expectThat("Alt+P, 2 shows a 2D plot that differs from the 3D plot",
+                      [&] { return m_tour.plot() != before; });
     m_tour.user.picture(QStringLiteral("in-2d"));
     m_tour.activate(m_tour.window);
     m_tour.user.key(Qt::Key_Z, Qt::ControlModifier);
-    m_tour.user.settle(500);
-    m_tour.check("Ctrl+Z goes back to 3D", PlotType_Cartesian3D, kernel::Session::instance().activeFrame()->plotType);
+    m_tour.expectThat("Ctrl+Z goes back to 3D",
+                      [] { return kernel::Session::instance().activeFrame()->plotType == PlotType_Cartesian3D; });
 }
 
 void Tour::saveResult()
@@ -118,7 +116,6 @@ void Tour::saveResult()
 void Tour::openBar()
 {
     m_tour.window.openFiles({m_samples + QStringLiteral("/tetra.vtu")}, DocumentController::Place::FreshPage);
-    m_tour.user.settle(1500);
     int const first = TourContext::dataSet().findVariable("displacement_X");
     bool assigned = first > 0;
     for (int component = 0; component < 3; ++component)
@@ -129,11 +126,11 @@ void Tour::openBar()
 void Tour::pickZone()
 {
     m_tour.activate(m_tour.window);
+    m_tour.restingPlot();
     m_tour.user.click(*m_tour.window.centralWidget());
-    m_tour.user.settle(300);
     std::vector<kernel::Pick> const& picks = kernel::Session::instance().picks();
-    m_tour.check("a click in the plot picks the zone",
-                 picks.size() == 1 && picks.front().zone == TourContext::dataSet().zone(1)->id);
+    m_tour.expectThat("a click in the plot picks the zone",
+                      [&] { return picks.size() == 1 && picks.front().zone == TourContext::dataSet().zone(1)->id; });
     m_tour.user.picture(QStringLiteral("picked"));
 }
 

@@ -19,6 +19,9 @@ public:
 
     TourReport const& run();
 
+    /// What has been done so far.
+    TourReport const& report() const { return m_tour.report; }
+
 private:
     void removeFormerResults();
     void openSamples();

@@ -3,10 +3,12 @@
 #include "app/window/VariableTableModel.h"
 #include "kernel/frames/Session.h"
 
+#include <QAbstractItemView>
 #include <QAbstractSpinBox>
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QCompleter>
 #include <QDialog>
 #include <QFileDialog>
 #include <QImage>
@@ -14,7 +16,10 @@
 #include <QListView>
 #include <QMenu>
 #include <QPushButton>
+#include <QTest>
 #include <QTimer>
+
+#include <utility>
 
 namespace veldraw::app {
 
@@ -44,7 +49,7 @@ void TourContext::openDialogByKeys(int mnemonic, std::function<bool()> const& is
 {
     activate(window);
     user.key(Qt::Key_D, Qt::AltModifier);
-    user.settle();
+    user.waitFor([] { return QApplication::activePopupWidget() != nullptr; });
     user.key(mnemonic);
     user.waitFor(isThere);
     // An entry that is not there leaves the menu open, and everything that comes after would go to it.
@@ -52,14 +57,42 @@ void TourContext::openDialogByKeys(int mnemonic, std::function<bool()> const& is
         user.key(Qt::Key_Escape);
 }
 
-QString TourContext::messagesOf(QPushButton& button, QString const& picture)
+bool TourContext::expectThat(char const* step, std::function<bool()> const& condition)
 {
-    return user.messagesDuring([&] { user.click(button); }, picture).join(QLatin1Char('|'));
+    user.waitFor(condition);
+    return check(step, condition());
 }
 
-QString TourContext::messagesOfKey(int key, Qt::KeyboardModifiers modifiers)
+bool TourContext::noteMessages(char const* step, QString const& expected, std::function<void()> const& action,
+                               std::function<bool()> const& isDone, QString const& picture)
 {
-    return user.messagesDuring([&] { user.key(key, modifiers); }).join(QLatin1Char('|'));
+    QStringList const messages = user.messagesDuring(action, isDone, picture);
+    return check(step, expected, messages.join(QLatin1Char('|')));
+}
+
+bool TourContext::expectMessage(char const* step, QString const& text, QPushButton& button, QString const& picture)
+{
+    return noteMessages(
+        step, text, [&] { user.click(button); }, [] { return false; }, picture);
+}
+
+bool TourContext::expectMessage(char const* step, QString const& text, int key, Qt::KeyboardModifiers modifiers)
+{
+    return noteMessages(
+        step, text, [&] { user.key(key, modifiers); }, [] { return false; });
+}
+
+bool TourContext::expectSilence(char const* step, QPushButton& button, std::function<bool()> const& condition)
+{
+    return noteMessages(
+        step, QString(), [&] { user.click(button); }, condition);
+}
+
+bool TourContext::expectSilence(char const* step, int key, Qt::KeyboardModifiers modifiers,
+                                std::function<bool()> const& condition)
+{
+    return noteMessages(
+        step, QString(), [&] { user.key(key, modifiers); }, condition);
 }
 
 QPushButton& TourContext::button(QDialog& dialog, char const* text)
@@ -102,6 +135,7 @@ bool TourContext::assignVariable(char assignment, int variable)
     if (!box)
         return false;
     activate(window);
+    user.waitFor([&] { return box->findData(variable) >= 0; });
     user.key(Qt::Key_4, Qt::ControlModifier);
     for (int tabs = 0; tabs < 12 && !box->hasFocus(); ++tabs)
         user.key(Qt::Key_Tab);
@@ -110,27 +144,43 @@ bool TourContext::assignVariable(char assignment, int variable)
     user.key(Qt::Key_Home);
     for (int row = 0; row < box->findData(variable); ++row)
         user.key(Qt::Key_Down);
-    user.settle();
-    return kernel::Session::instance().activeFrame()->variableNumber(assignment) == variable;
+    return user.waitFor(
+        [&] { return kernel::Session::instance().activeFrame()->variableNumber(assignment) == variable; });
 }
 
 void TourContext::saveAs(QString const& file, QString const& picture)
 {
     activate(window);
-    QTimer::singleShot(800, &window, [&] {
+    enum
+    {
+        Waiting,
+        Typing,
+        Typed
+    } state = Waiting;
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, &look, [&] {
         auto* const chooser = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-        if (!chooser)
+        if (!chooser || !chooser->isVisible() || state == Typing)
             return;
+        if (state == Typed) { // it came back since the file was refused
+            user.key(Qt::Key_Escape);
+            return;
+        }
+        state = Typing;
         auto* const name = chooser->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
         name->setFocus();
         name->selectAll();
-        user.type(file);
+        QTest::keyClicks(name, file);
         if (!picture.isEmpty())
             user.picture(picture);
-        user.key(Qt::Key_Return);
+        if (name->completer())
+            name->completer()->popup()->hide(); // or it would take the key
+        state = Typed;
+        QTest::keyClick(name, Qt::Key_Return);
     });
+    look.start(50);
     user.key(Qt::Key_S, Qt::ControlModifier);
-    user.settle(500);
+    user.settle();
 }
 
 QString TourContext::shownRange(QString const& variable) const
@@ -145,6 +195,17 @@ QString TourContext::shownRange(QString const& variable) const
 QImage TourContext::plot() const
 {
     return window.centralWidget()->grab().toImage();
+}
+
+QImage TourContext::restingPlot()
+{
+    QImage now = plot();
+    user.waitFor([&] {
+        user.settle(300);
+        QImage const before = std::exchange(now, plot());
+        return now == before;
+    });
+    return now;
 }
 
 QAction* TourContext::action(char const* objectName) const

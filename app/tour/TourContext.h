@@ -9,6 +9,7 @@
 #include <QString>
 
 #include <atomic>
+#include <functional>
 
 class QAction;
 class QDialog;
@@ -35,17 +36,28 @@ public:
     bool check(char const* step, int expected, int found);
     bool check(char const* step, bool asExpected);
 
+    /// Waits until @p found gives what is expected, and notes the step then, or when it is no use to wait any longer.
+    template <typename Value, typename Found>
+    bool expect(char const* step, Value const& expected, Found const& found);
+
+    /// Waits until @p condition holds, in the same way.
+    bool expectThat(char const* step, std::function<bool()> const& condition);
+
+    /// Notes whether the one message that comes of pressing a dialog's button by the mouse, or of a key, is @p text.
+    bool expectMessage(char const* step, QString const& text, QPushButton& button, QString const& picture = {});
+    bool expectMessage(char const* step, QString const& text, int key, Qt::KeyboardModifiers modifiers);
+
+    /// Notes whether @p condition comes to hold after pressing a dialog's button, or a key, and no message has come.
+    bool expectSilence(char const* step, QPushButton& button, std::function<bool()> const& condition);
+    bool expectSilence(char const* step, int key, Qt::KeyboardModifiers modifiers,
+                       std::function<bool()> const& condition);
+
     /// Brings a window to the front and makes it the active one.
     void activate(QWidget& widget) { user.activate(widget); }
 
     /// Presses Alt+D and the mnemonic of an entry of the Data menu. @return the dialog that came, null if none did
     template <typename Dialog>
     Dialog* openDialog(int mnemonic);
-
-    /// Messages that come of pressing a dialog's button by the mouse, joined by "|".
-    QString messagesOf(QPushButton& button, QString const& picture = {});
-    /// The same for keys.
-    QString messagesOfKey(int key, Qt::KeyboardModifiers modifiers);
 
     /// The button of @p dialog with exactly this text, mnemonic included.
     static QPushButton& button(QDialog& dialog, char const* text);
@@ -65,8 +77,9 @@ public:
     /// The range of a variable as the dock shows it.
     QString shownRange(QString const& variable) const;
 
-    /// What the plots look like now.
+    /// What the plots look like now, and once nothing moves in them any more.
     QImage plot() const;
+    QImage restingPlot();
 
     /// An entry of the menus by its object name, null if there is none.
     QAction* action(char const* objectName) const;
@@ -77,8 +90,17 @@ public:
     static QString zoneNames();
 
 private:
+    bool noteMessages(char const* step, QString const& expected, std::function<void()> const& action,
+                      std::function<bool()> const& isDone, QString const& picture = {});
     void openDialogByKeys(int mnemonic, std::function<bool()> const& isThere);
 };
+
+template <typename Value, typename Found>
+bool TourContext::expect(char const* step, Value const& expected, Found const& found)
+{
+    user.waitFor([&] { return found() == expected; });
+    return check(step, expected, found());
+}
 
 template <typename Dialog>
 Dialog* TourContext::openDialog(int mnemonic)

@@ -1,5 +1,8 @@
 #include "app/tour/UserDriver.h"
 
+#include "platform/vdsdkcommon/AppLock.h"
+#include "platform/vdsdkuicommon/IdleDispatcher.h"
+
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QApplication>
@@ -11,6 +14,8 @@
 #include <QWindow>
 
 namespace veldraw::app {
+
+using sdk::ui::common::IdleDispatcher;
 
 UserDriver::UserDriver(QString pictureFolder)
     : m_folder(std::move(pictureFolder))
@@ -26,7 +31,8 @@ void UserDriver::activate(QWidget& window)
     window.raise();
     window.activateWindow();
     QApplication::setActiveWindow(&window);
-    settle(100);
+    waitFor([&] { return window.isActiveWindow(); });
+    settle();
 }
 
 void UserDriver::click(QWidget& widget)
@@ -38,11 +44,12 @@ void UserDriver::click(QWidget& widget, QPoint const& point, Qt::KeyboardModifie
 {
     QWidget& window = *widget.window();
     QTest::mouseClick(window.windowHandle(), Qt::LeftButton, modifiers, widget.mapTo(&window, point));
-    settle(30);
+    settle();
 }
 
 void UserDriver::clickRow(QAbstractItemView& view, int row, Qt::KeyboardModifiers modifiers)
 {
+    waitFor([&] { return row < view.model()->rowCount(view.rootIndex()); });
     QModelIndex const index = view.model()->index(row, 0, view.rootIndex());
     view.scrollTo(index);
     QPoint const inViewport = view.visualRect(index).center();
@@ -72,14 +79,14 @@ void UserDriver::key(int key, Qt::KeyboardModifiers modifiers)
 {
     if (QWidget* const receiver = receiverOfKeys())
         QTest::keyClick(receiver, static_cast<Qt::Key>(key), modifiers);
-    settle(30);
+    settle();
 }
 
 void UserDriver::type(QString const& text)
 {
     if (QWidget* const receiver = receiverOfKeys())
         QTest::keyClicks(receiver, text);
-    settle(30);
+    settle();
 }
 
 bool UserDriver::waitFor(std::function<bool()> const& condition, int milliseconds)
@@ -90,16 +97,18 @@ bool UserDriver::waitFor(std::function<bool()> const& condition, int millisecond
 void UserDriver::settle(int milliseconds)
 {
     QTest::qWait(milliseconds);
+    waitFor([] { return sdk::AppLock::depth() > 0 || IdleDispatcher::pendingCount() == 0; });
 }
 
-QStringList UserDriver::messagesDuring(std::function<void()> const& action, QString const& pictureName)
+QStringList UserDriver::messagesDuring(std::function<void()> const& action, std::function<bool()> const& isDone,
+                                       QString const& pictureName)
 {
     QStringList heard;
     m_heard = &heard;
     m_pictureOfMessage = pictureName;
     action();
     // A button that is pressed by its mnemonic stays down for a moment before it acts.
-    waitFor([&] { return !heard.isEmpty(); }, 1500);
+    waitFor([&] { return !heard.isEmpty() || isDone(); });
     waitFor([] { return !qobject_cast<QMessageBox*>(QApplication::activeModalWidget()); });
     m_heard = nullptr;
     m_pictureOfMessage.clear();

@@ -35,14 +35,19 @@ public:
     void key(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void type(QString const& text);
 
+    /// Longer than any step takes, also where other programs have the machine.
+    static constexpr int patience = 60000; // milliseconds
+
     /// Runs the event loop until @p condition holds. @return false when it does not within @p milliseconds
-    bool waitFor(std::function<bool()> const& condition, int milliseconds = 10000);
+    bool waitFor(std::function<bool()> const& condition, int milliseconds = patience);
 
-    /// Lets everything settle that a person would wait for.
-    void settle(int milliseconds = 150);
+    /// Lets time pass, and then everything come to rest that waits for idle.
+    void settle(int milliseconds = 30);
 
-    /// Calls @p action, which opens message boxes; each is read and closed with its default key. @return their texts
-    QStringList messagesDuring(std::function<void()> const& action, QString const& pictureName = {});
+    /// Calls @p action and waits until a message has come or @p isDone holds; each message is read and closed with its default
+    /// key. @return the texts
+    QStringList messagesDuring(std::function<void()> const& action, std::function<bool()> const& isDone,
+                               QString const& pictureName = {});
 
     /// Texts of message boxes that came at any other time; they are closed too, so that the tour never stands still.
     QStringList const& unexpectedMessages() const { return m_unexpected; }

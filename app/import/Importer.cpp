@@ -6,6 +6,7 @@
 #include "app/import/grids/VtkImport.h"
 #include "app/import/metaimage/MetaImageImport.h"
 #include "app/import/table/CsvReader.h"
+#include "app/import/table/ScatteredTable.h"
 
 #include <algorithm>
 #include <array>
@@ -67,7 +68,9 @@ ImportResult import(std::string const& path, std::function<bool(double)> const& 
     DataSetBuilder zones;
     zones.add(reader.read(path, baseNameOf(path)));
     watch.check();
-    return finished(zones, reader.remarks(), path, "CSV");
+    ImportResult result = finished(zones, reader.remarks(), path, "CSV");
+    result.dataSet->zone(1)->isScattered = isScatteredTable(*result.dataSet);
+    return result;
 }
 
 } // namespace

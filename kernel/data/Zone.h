@@ -69,6 +69,8 @@ struct Zone
     double solutionTime = 0.0;
     int strand = staticStrand;
     bool enabled = true;
+    bool isScattered =
+        false; ///< of an ordered zone with one dimension: its points are no curve, but stand each for itself
     std::shared_ptr<Connectivity const> connectivity; ///< null for ordered zones
     std::shared_ptr<Blanking const> blanking;         ///< null when no point and no cell is marked
     std::string

@@ -38,6 +38,7 @@ struct Frame
     UniqueId contourVariable = 0;
     bool showContour = true;
     bool showMesh = false;
+    bool stretchAxes = false; ///< of field plots: each axis has a scale of its own, so that they fill the frame
     bool showLines = true;    ///< of line plots
     bool showSymbols = false; ///< of line plots
     std::vector<LineMap> lineMaps;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <optional>
 
 namespace veldraw::kernel {
 
@@ -39,14 +40,21 @@ UniqueId idOf(DataSet const& dataSet, int number)
     return variable ? variable->id : 0;
 }
 
-Axes pickAxes(DataSet const& dataSet)
+/// All 0 without both an X and a Y.
+Axes axesByName(DataSet const& dataSet)
 {
     UniqueId const x = variableNamed(dataSet, {"x", "coordinatex", "xcoordinate", "coordx", "pointsx", "points0"});
     UniqueId const y = variableNamed(dataSet, {"y", "coordinatey", "ycoordinate", "coordy", "pointsy", "points1"});
     if (x == 0 || y == 0) {
-        return {idOf(dataSet, 1), idOf(dataSet, 2), idOf(dataSet, 3)};
+        return {};
     }
     return {x, y, variableNamed(dataSet, {"z", "coordinatez", "zcoordinate", "coordz", "pointsz", "points2"})};
+}
+
+Axes pickAxes(DataSet const& dataSet)
+{
+    Axes const named = axesByName(dataSet);
+    return named[0] != 0 ? named : Axes{idOf(dataSet, 1), idOf(dataSet, 2), idOf(dataSet, 3)};
 }
 
 /// The first vector array of a file: variables called "something_X", "something_Y" and, if there is one, "something_Z".
@@ -88,7 +96,8 @@ UniqueId pickContour(DataSet const& dataSet, Axes const& axes)
     return idOf(dataSet, 1);
 }
 
-bool hasExtent(DataSet const& dataSet, int variable)
+/// How far a variable goes over all zones; nothing where nobody can know yet.
+std::optional<double> extentOf(DataSet const& dataSet, int variable)
 {
     ValueRange whole;
     for (auto const& zone : dataSet.zones()) {
@@ -96,7 +105,7 @@ bool hasExtent(DataSet const& dataSet, int variable)
         if (!part.isValid()) {
             bool const isOpen = variable > 0 && !zone->fields[static_cast<std::size_t>(variable - 1)].isLoaded();
             if (isOpen) {
-                return true; // as far as one can know
+                return std::nullopt;
             }
             continue;
         }
@@ -104,7 +113,7 @@ bool hasExtent(DataSet const& dataSet, int variable)
         whole.max = whole.isValid() ? std::max(whole.max, part.max) : part.max;
         whole.state = part.state;
     }
-    return whole.isValid() && whole.min < whole.max;
+    return whole.max - whole.min;
 }
 
 PlotType_e pickPlotType(DataSet const& dataSet, Axes const& axes)
@@ -114,14 +123,25 @@ PlotType_e pickPlotType(DataSet const& dataSet, Axes const& axes)
         return PlotType_Sketch;
     }
     auto const isLine = [](auto const& zone) {
-        return zone->isOrdered() && !zone->isDeferred() && zone->dimensionality() <= 1;
+        return zone->isOrdered() && !zone->isDeferred() && !zone->isScattered && zone->dimensionality() <= 1;
     };
     if (dataSet.variableCount() >= 2 && std::all_of(zones.begin(), zones.end(), isLine)) {
         return PlotType_XYLine;
     }
     auto const isVolume = [](auto const& zone) { return zone->dimensionality() == 3; };
     bool const inSpace = std::any_of(zones.begin(), zones.end(), isVolume);
-    return inSpace || hasExtent(dataSet, dataSet.variableNumber(axes[2])) ? PlotType_Cartesian3D : PlotType_Cartesian2D;
+    bool const hasDepth = extentOf(dataSet, dataSet.variableNumber(axes[2])).value_or(1.0) > 0.0;
+    return inSpace || hasDepth ? PlotType_Cartesian3D : PlotType_Cartesian2D;
+}
+
+bool needsStretching(Frame const& frame)
+{
+    std::array<double, 3> lengths{};
+    std::array<int, 3> const axes = frame.axisVariables();
+    for (std::size_t n = 0; n < axes.size(); ++n) {
+        lengths[n] = extentOf(*frame.dataSet, axes[n]).value_or(0.0);
+    }
+    return isMereLine(lengths);
 }
 
 } // namespace
@@ -143,6 +163,29 @@ void layOut(Frame& frame)
     frame.axes3D = axes;
     frame.axes2D = {axes[0], axes[1]};
     frame.lineMaps = std::move(lineMaps);
+    frame.stretchAxes = needsStretching(frame);
+}
+
+std::array<int, 3> coordinatesByName(DataSet const& dataSet)
+{
+    std::array<int, 3> numbers{};
+    Axes const axes = axesByName(dataSet);
+    std::transform(axes.begin(), axes.end(), numbers.begin(),
+                   [&dataSet](UniqueId id) { return dataSet.variableNumber(id); });
+    return numbers;
+}
+
+int timeByName(DataSet const& dataSet)
+{
+    return dataSet.variableNumber(variableNamed(dataSet, {"t", "time", "solutiontime", "timevalue", "physicaltime"}));
+}
+
+bool isMereLine(std::array<double, 3> lengths)
+{
+    constexpr double thinnest = 500.0; // about two pixels
+    constexpr double noise = 1e12;     // what is thinner is the rounding of a line
+    std::sort(lengths.begin(), lengths.end());
+    return lengths[2] > thinnest * lengths[1] && lengths[2] < noise * lengths[1];
 }
 
 LineMap defaultLineMap(DataSet const& dataSet, std::size_t number)

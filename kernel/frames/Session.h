@@ -94,6 +94,7 @@ public:
     bool assignVariable(UniqueId frame, char assignment, int variable);
     bool setShowContour(UniqueId frame, bool on); ///< "Contour"; event 7 "FieldLayers"
     bool setShowMesh(UniqueId frame, bool on);    ///< "Mesh"; event 7 "FieldLayers"
+    bool setStretchAxes(UniqueId frame, bool on); ///< "Stretch Axes"; event 7 "FieldAxes"
     /// The first line map shows @p y over @p x of @p zone (numbers). "Line Map"; event 19.
     bool setLinePlot(UniqueId frame, int zone, int x, int y);
 

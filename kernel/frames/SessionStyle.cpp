@@ -120,6 +120,11 @@ bool Session::setShowMesh(UniqueId frame, bool on)
     return setLayer(frame, &Frame::showMesh, on, "Mesh", "FieldLayers", "ShowMesh");
 }
 
+bool Session::setStretchAxes(UniqueId frame, bool on)
+{
+    return setLayer(frame, &Frame::stretchAxes, on, "Stretch Axes", "FieldAxes", "Stretch");
+}
+
 bool Session::setShowLines(UniqueId frame, bool on)
 {
     return setLayer(frame, &Frame::showLines, on, "Line Layers", "LinePlotLayers", "ShowLines");

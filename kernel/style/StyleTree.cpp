@@ -1,6 +1,7 @@
 #include "kernel/style/StyleTree.h"
 
 #include "kernel/frames/Session.h"
+#include "kernel/style/FrameSwitchItem.h"
 #include "kernel/style/LineMapDependencyItem.h"
 #include "kernel/style/LineMapVariableItem.h"
 #include "kernel/style/SessionStyleItem.h"
@@ -16,6 +17,7 @@ StyleTree::StyleTree(Session& session)
 {
     addInterfaceItems();
     addLineMapItems();
+    addFrameItems();
     collectNames();
 }
 
@@ -58,6 +60,12 @@ void StyleTree::addLineMapItems()
     add(std::make_unique<LineMapVariableItem>(m_session, StylePath{"LineMap", "Assign", "YAxisVar"},
                                               &LineMap::yVariable));
     add(std::make_unique<LineMapDependencyItem>(m_session, StylePath{"LineMap", "Assign", "FunctionDependency"}));
+}
+
+void StyleTree::addFrameItems()
+{
+    add(std::make_unique<FrameSwitchItem>(m_session, StylePath{"FieldAxes", "Stretch"}, &Frame::stretchAxes,
+                                          &Session::setStretchAxes));
 }
 
 void StyleTree::collectNames()

@@ -20,7 +20,7 @@ class Session;
 /// the whole path. While an operation runs, what it has read must not change under it: writes that pass the check are
 /// answered with "pending" and carried out, in order, when the operation has ended.
 ///
-/// Interface settings are no part of a document and not in the undo history; the settings of line maps are.
+/// Interface settings are no part of a document and not in the undo history; the settings of frames and line maps are.
 class StyleTree
 {
 public:
@@ -70,6 +70,7 @@ private:
     void add(std::unique_ptr<StyleItem> item);
     void addInterfaceItems();
     void addLineMapItems();
+    void addFrameItems();
     void collectNames();
     StyleItem* find(StylePath const& path) const;
     SetValueReturnCode_e refuse(std::string reason);

@@ -40,6 +40,15 @@ TEST(FrameDefaults, TakeTheFirstThreeVariablesWithoutAnXAndAY)
     EXPECT_EQ(axes(laidOut(sample::ordered({"a"}, 3, 3))), (Numbers{1, 0, 0}));
 }
 
+TEST(FrameDefaults, TellWhichVariablesArePlacesAndTimes)
+{
+    EXPECT_EQ(coordinatesByName(*sample::ordered({"p", "Y [m]", "X [m]"}, 3)), (Numbers{3, 2, 0}));
+    EXPECT_EQ(coordinatesByName(*sample::ordered({"Points:0", "Points:1", "Points:2"}, 3)), (Numbers{1, 2, 3}));
+    EXPECT_EQ(coordinatesByName(*sample::ordered({"x", "z", "p"}, 3)), (Numbers{0, 0, 0}));
+    EXPECT_EQ(timeByName(*sample::ordered({"x", "Time (s)"}, 3)), 2);
+    EXPECT_EQ(timeByName(*sample::ordered({"times", "temperature"}, 3)), 0);
+}
+
 TEST(FrameDefaults, FindTheVectorByName)
 {
     auto const vector = [](std::vector<std::string> const& names) {
@@ -64,6 +73,37 @@ TEST(FrameDefaults, ChooseThePlotTypeByTheZones)
     EXPECT_EQ(laidOut(sample::ordered({"x", "y"}, 3, 3, 3)).plotType, PlotType_Cartesian3D);
     EXPECT_EQ(laidOut(sample::twoPlanes()).plotType, PlotType_Cartesian2D);
     EXPECT_EQ(laidOut(std::make_shared<DataSet>()).plotType, PlotType_Sketch);
+}
+
+TEST(FrameDefaults, ShowScatteredPointsInThePlaneOrInSpace)
+{
+    auto const scattered = [](std::vector<std::string> const& names) {
+        auto const dataSet = sample::ordered(names, 10);
+        dataSet->zone(1)->isScattered = true;
+        return laidOut(dataSet);
+    };
+    EXPECT_EQ(scattered({"x", "y", "z", "p"}).plotType, PlotType_Cartesian3D);
+    EXPECT_EQ(scattered({"p", "y", "x"}).plotType, PlotType_Cartesian2D);
+    EXPECT_EQ(scattered({"p", "y", "x"}).variableNumber('X'), 3);
+}
+
+TEST(FrameDefaults, StretchTheAxesOnlyWhereNothingButALineWouldBeSeen)
+{
+    auto const stretches = [](double x, double y, double z) {
+        auto const dataSet = sample::ordered({"x", "y", "z"}, 2, 2);
+        dataSet->zone(1)->fields = {sample::field({1e6, 1e6 + x, 1e6, 1e6 + x}, FieldDataType_Double),
+                                    sample::field({-y, -y, 0, 0}, FieldDataType_Double),
+                                    sample::field({0, z, 0, z}, FieldDataType_Double)};
+        return laidOut(dataSet).stretchAxes;
+    };
+    EXPECT_FALSE(stretches(300, 150, 2)) << "a plate is seen";
+    EXPECT_FALSE(stretches(300, 150, 0.001)) << "a film too";
+    EXPECT_FALSE(stretches(499, 1, 1)) << "a rod is thin, but seen";
+    EXPECT_TRUE(stretches(501, 1, 1));
+    EXPECT_TRUE(stretches(1, 0, 501)) << "whichever axis it is";
+    EXPECT_TRUE(stretches(2, 5e4, 0)) << "a length over a pressure";
+    EXPECT_FALSE(stretches(300, 0, 0)) << "a line is a line";
+    EXPECT_FALSE(stretches(300, 1e-13, 0)) << "and so is one that is not quite straight";
 }
 
 TEST(FrameDefaults, SeeASurfaceInSpaceByItsZOverAllZones)

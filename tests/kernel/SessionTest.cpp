@@ -285,6 +285,17 @@ TEST_F(SessionOperations, ShowAndHideLayers)
     expectRefused([&] { return session.setShowMesh(noFrame, true); });
 }
 
+TEST_F(SessionOperations, StretchTheAxes)
+{
+    std::string const before = withoutHistory();
+    EXPECT_TRUE(session.setStretchAxes(frame->id, true));
+    EXPECT_TRUE(frame->stretchAxes);
+    EXPECT_THAT(recorder.take(), ElementsAre("7 FieldAxes Stretch frame"));
+    EXPECT_EQ(session.history().undoName(), "Stretch Axes");
+    expectUndoAndRedo(before, {"7 FieldAxes Stretch frame"}, {"7 FieldAxes Stretch frame"});
+    expectRefused([&] { return session.setStretchAxes(noFrame, true); });
+}
+
 TEST_F(SessionOperations, SetTheLinePlot)
 {
     std::string const before = withoutHistory();

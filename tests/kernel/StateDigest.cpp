@@ -30,8 +30,8 @@ void addFrame(std::ostream& out, Frame const& frame)
     for (UniqueId const id : frame.vector) {
         out << ' ' << id;
     }
-    out << ' ' << frame.contourVariable << ' ' << frame.showContour << frame.showMesh << frame.showLines
-        << frame.showSymbols << '\n';
+    out << ' ' << frame.contourVariable << ' ' << frame.showContour << frame.showMesh << frame.stretchAxes
+        << frame.showLines << frame.showSymbols << '\n';
     for (LineMap const& map : frame.lineMaps) {
         out << "map " << map.id << ' ' << map.name << ' ' << map.zone << ' ' << map.xVariable << ' ' << map.yVariable
             << ' ' << map.active << ' ' << map.indices[0].min << '\n';

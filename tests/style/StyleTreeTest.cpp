@@ -274,6 +274,46 @@ TEST_F(StyleTreeTest, AnswersForTheFrameThatIsAskedFor)
     EXPECT_EQ(tree.get(ofMap("YAxisVar", 1)).value().whole, 1);
 }
 
+TEST_F(StyleTreeTest, StretchesTheAxesOfAFrameAsAStepOfTheHistory)
+{
+    StyleAddress const address{{"FieldAxes", "Stretch"}};
+    EXPECT_EQ(tree.get(address).value().whole, 0);
+    sample.takeEvents();
+    EXPECT_EQ(tree.set(address, whole(1)), SetValueReturnCode_Ok);
+    EXPECT_THAT(sample.takeEvents(), ElementsAre("7 FieldAxes, Stretch"));
+    EXPECT_TRUE(sample.frame().stretchAxes);
+    EXPECT_EQ(tree.set(address, whole(1)), SetValueReturnCode_Duplicate);
+    sample.session().undo();
+    EXPECT_EQ(tree.get(address).value().whole, 0);
+    EXPECT_TRUE(tree.hasPath({"FieldAxes"}));
+}
+
+TEST_F(StyleTreeTest, KeepsASwitchOfAFrameForTheFrameThatIsAskedFor)
+{
+    kernel::UniqueId const first = sample.frame().id;
+    sample.addFrame();
+    EXPECT_EQ(tree.set({{"FieldAxes", "Stretch"}, first}, whole(1)), SetValueReturnCode_Ok);
+    EXPECT_EQ(tree.get({{"FieldAxes", "Stretch"}}).value().whole, 0);
+    EXPECT_EQ(tree.get({{"FieldAxes", "Stretch"}, first}).value().whole, 1);
+}
+
+TEST_F(StyleTreeTest, RefusesWhatASwitchOfAFrameCannotTake)
+{
+    StyleAddress address{{"FieldAxes", "Stretch"}};
+    EXPECT_EQ(tree.set(address, whole(2)), SetValueReturnCode_Refused);
+    EXPECT_EQ(tree.lastError(),
+              "The value 2 is not allowed for FieldAxes, Stretch: it must be a whole number from 0 to 1.");
+    address.offset1 = 1;
+    EXPECT_FALSE(tree.get(address));
+    EXPECT_EQ(tree.set(address, whole(1)), SetValueReturnCode_Refused);
+    EXPECT_EQ(tree.lastError(), "FieldAxes, Stretch exists once in a frame and takes no offset.");
+    address = {{"FieldAxes", "Stretch"}, 987654321};
+    EXPECT_FALSE(tree.get(address));
+    EXPECT_EQ(tree.set(address, whole(1)), SetValueReturnCode_Refused);
+    EXPECT_EQ(tree.lastError(), "There is no such frame for FieldAxes, Stretch.");
+    EXPECT_FALSE(sample.frame().stretchAxes);
+}
+
 TEST_F(StyleTreeTest, RefusesWhatNamesNoLineMap)
 {
     for (long long const map : {-1LL, 0LL, 3LL, 1LL << 40}) {

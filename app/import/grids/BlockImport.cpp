@@ -172,6 +172,7 @@ void BlockImport::makeMesh()
     m_result.zone = std::make_shared<kernel::Zone>(m_name, m_cells.zoneType, m_pointCount, cells ? cells->cellCount : 1,
                                                    cells ? m_cells.faceCount : 1);
     m_result.zone->connectivity = cells;
+    m_result.zone->isScattered = m_result.zone->isOrdered();
 }
 
 void BlockImport::addCoordinates()
@@ -250,12 +251,6 @@ void BlockImport::addCellArrays()
         [this](DeferredArray const& array) { addCellArray(array); });
 }
 
-bool BlockImport::isScattered() const
-{
-    return m_result.zone->isOrdered() && vtkPointSet::SafeDownCast(&m_block) &&
-           !vtkStructuredGrid::SafeDownCast(&m_block);
-}
-
 void BlockImport::remarkLeftOut(std::string const& name)
 {
     remark("cell values of scattered points left out: \"" + name + "\"");
@@ -272,7 +267,7 @@ void BlockImport::addPointArray(vtkDataArray& array)
 // Scattered points have no cells: a vertex that is hidden hides its point.
 void BlockImport::takeCellMarks(vtkDataArray& marks)
 {
-    if (!isScattered()) {
+    if (!m_result.zone->isScattered) {
         m_marks.ofCells = adoptArray(m_cells.sameCells ? marks : *gathered(marks, m_cells.sources)).components.front();
         return;
     }
@@ -305,9 +300,9 @@ void BlockImport::addCellArray(vtkDataArray& array)
         takeCellMarks(array);
         return;
     }
-    if (isScattered() && m_cells.cellsArePoints)
+    if (m_result.zone->isScattered && m_cells.cellsArePoints)
         addFields(array, ValueLocation_Nodal);
-    else if (isScattered())
+    else if (m_result.zone->isScattered)
         remarkLeftOut(array.GetName() ? array.GetName() : "");
     else if (m_cells.sameCells)
         addFields(array, ValueLocation_CellCentered);
@@ -319,9 +314,9 @@ void BlockImport::addCellArray(DeferredArray const& array)
 {
     std::int64_t const tuples = cellCount();
     kernel::Zone const& zone = *m_result.zone;
-    if (isScattered() && m_cells.cellsArePoints) {
+    if (m_result.zone->isScattered && m_cells.cellsArePoints) {
         addFields(array, tuples, ValueLocation_Nodal, {});
-    } else if (isScattered()) {
+    } else if (m_result.zone->isScattered) {
         remarkLeftOut(array.name);
     } else if (zone.isOrdered()) {
         addFields(array, tuples, ValueLocation_CellCentered,

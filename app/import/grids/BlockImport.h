@@ -48,7 +48,6 @@ private:
     void addFields(vtkDataArray& array, ValueLocation_e location);
     void addFields(DeferredArray const& array, std::int64_t tuples, ValueLocation_e location,
                    ArrangedLoader::Arrange const& arrange);
-    bool isScattered() const;
     void remarkLeftOut(std::string const& name);
     void addComputedCoordinates();
     void addPointCoordinates(vtkDataArray& points);

@@ -179,11 +179,19 @@ TEST(CellImport, MakesAnOrderedZoneOfVerticesAlone)
     addCellValues(*surface, "c", {4, 5, 6});
     auto const data = importGrid(*surface, "points.vtp").dataSet;
     EXPECT_TRUE(data->zone(1)->isOrdered());
+    EXPECT_TRUE(data->zone(1)->isScattered);
     EXPECT_EQ(data->zone(1)->i, 3);
     EXPECT_EQ(data->zone(1)->j, 1);
     EXPECT_EQ(data->zone(1)->k, 1);
     EXPECT_EQ(valuesOf(*data, 1, "c"), "4 5 6");
     EXPECT_EQ(fieldOf(*data, 1, "c").location(), ValueLocation_Nodal) << "a vertex is its point";
+}
+
+TEST(CellImport, TakesPointsWithoutAnyCellForScatteredOnes)
+{
+    EXPECT_TRUE(importGrid(*polyData(3), "points.vtp").dataSet->zone(1)->isScattered);
+    EXPECT_TRUE(importGrid(*unstructuredGrid(3, {}), "points.vtu").dataSet->zone(1)->isScattered);
+    EXPECT_FALSE(importGrid(*unstructuredGrid(3, {{VTK_LINE, {0, 1}}}), "line.vtu").dataSet->zone(1)->isScattered);
 }
 
 TEST(CellImport, LeavesCellValuesOfPointCloudsOutWhenTheyBelongToNoPoint)

@@ -44,6 +44,27 @@ TEST(CsvImport, MakesEachColumnAVariableOfOneOrderedZone)
     EXPECT_EQ(data->loaderInstructions().at(0).loaderName, "CSV");
 }
 
+TEST(CsvImport, TellsPointsInAPlaneOrInSpaceFromCurves)
+{
+    auto const isScattered = [](std::string const& text) { return importText(text).dataSet->zone(1)->isScattered; };
+    EXPECT_TRUE(isScattered("X,Y,p\n0,0,1\n3,1,2\n1,2,3\n2,-1,4\n")) << "strewn over the plane";
+    EXPECT_TRUE(isScattered("p,z,y,x\n1,0,2,0\n1,5,1,3\n1,2,3,1\n1,3,0,2\n")) << "strewn in space";
+    EXPECT_TRUE(isScattered("x,y,p\n0,0,1\n1,0,1\n2,0,1\n0,1,1\n1,1,1\n2,1,1\n")) << "the points of a grid";
+    EXPECT_TRUE(isScattered("x,y\n0,0\n1,0\n0,1\n1,1\n0,2\n1,2\n")) << "also of one with two columns";
+    EXPECT_TRUE(isScattered("x,y\n1,0\n0,1\n-1,0\n0,-1\n1,0\n")) << "the outline of a body";
+    EXPECT_TRUE(isScattered("id,x,y\n1,5,0\n2,1,1\n3,2,-1\n")) << "a running number is no time";
+    EXPECT_TRUE(isScattered("x,y\nnan,0\n1,2\n0,1\ninf,0\n3,0\n")) << "what is no number counts for nothing";
+
+    EXPECT_FALSE(isScattered("x,y\n0,5\n1,-5\n2,5\n3,1\n")) << "a curve over X";
+    EXPECT_FALSE(isScattered("x,y,z\n5,0,1\n-5,-1,9\n5,-2,1\n1,-3,9\n")) << "a curve over Y, backwards";
+    EXPECT_FALSE(isScattered("x,y\n0,5\n1,-5\n1,5\n2,1\n3,0\n")) << "a step does not end a curve";
+    EXPECT_FALSE(isScattered("x,y,p\n1,0,1\n3,0,2\n2,0,3\n")) << "along one axis";
+    EXPECT_FALSE(isScattered("time [s],x,y\n0,5,0\n1,1,1\n2,2,-1\n")) << "a way in time";
+    EXPECT_TRUE(isScattered("time,x,y\n7,5,0\n7,1,1\n7,2,-1\n")) << "one moment is no series";
+    EXPECT_FALSE(isScattered("a,b\n1,0\n3,1\n2,0\n")) << "without an X and a Y nobody says that it is places";
+    EXPECT_FALSE(isScattered("x,y\n1,2\n")) << "a single row";
+}
+
 TEST(CsvImport, FindsTheSeparatorInTheHeaderLine)
 {
     EXPECT_EQ(valuesOf(*importText("a;b\n1;2\n").dataSet, 1, "b"), "2");

@@ -130,7 +130,7 @@ bool BatchRun::savePicture(QString const& file)
     page.show();
     QCoreApplication::processEvents();
     page.fitAllFrames();
-    QString const problem = writePicture(page.grabImage(), file);
+    QString const problem = writePicture(page.takePicture(), file);
     return problem.isEmpty() || fail(QStringLiteral("%1: the picture could not be written: %2").arg(file, problem));
 }
 

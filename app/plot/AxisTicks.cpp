@@ -1,52 +1,86 @@
 #include "app/plot/AxisTicks.h"
 
+#include "app/plot/TickLabels.h"
+
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
 
 namespace veldraw::app {
 
 namespace {
 
-// The next of 1, 2 or 5 times a power of ten.
-double roundStep(double step)
+// A step of 1, 2 or 5 times a power of ten.
+struct RoundStep
 {
-    double const power = std::pow(10.0, std::floor(std::log10(step)));
-    double const share = step / power;
-    return power * (share <= 1.0 ? 1.0 : share <= 2.0 ? 2.0 : share <= 5.0 ? 5.0 : 10.0);
-}
+    double factor = 1.0;
+    int exponent = 0;
 
-std::string label(double value, double step, double largest)
-{
-    char text[64];
-    if (largest >= 1e6 || largest < 1e-3) {
-        int const digits = std::clamp(static_cast<int>(std::ceil(std::log10(largest / step) - 1e-9)), 0, 9);
-        std::snprintf(text, sizeof text, "%.*g", digits + 1, value);
-        return text;
+    // Division gives the decimal number itself, where a multiple of 0.1 is off by its rounding.
+    double times(double n) const
+    {
+        double const power = std::pow(10.0, std::abs(exponent));
+        if (!std::isfinite(power))
+            return n * factor * std::pow(10.0, exponent);
+        return exponent < 0 ? n * factor / power : n * factor * power;
     }
-    int const decimals = std::clamp(static_cast<int>(-std::floor(std::log10(step) + 1e-9)), 0, 12);
-    std::snprintf(text, sizeof text, "%.*f", decimals, value);
-    return text;
+};
+
+// The next one that is not smaller.
+RoundStep roundStep(double step)
+{
+    int const exponent = static_cast<int>(std::floor(std::log10(step)));
+    double const share = step / RoundStep{1.0, exponent}.times(1.0);
+    constexpr double noise = 1.0 + 1e-6; // of limits that are close together
+    if (share <= 1.0 * noise)
+        return {1.0, exponent};
+    if (share <= 2.0 * noise)
+        return {2.0, exponent};
+    if (share <= 5.0 * noise)
+        return {5.0, exponent};
+    return {1.0, exponent + 1};
 }
 
 } // namespace
 
 AxisTicks AxisTicks::create(double min, double max, int count)
 {
-    AxisTicks ticks;
-    double const width = max - min;
-    if (!(width > 0.0) || !std::isfinite(width))
-        return ticks;
-    double const step = roundStep(width / std::max(count, 1));
+    if (!std::isfinite(min) || !std::isfinite(max) || max < min)
+        return {};
+    if (min == max)
+        return {{min}, {TickLabels::alone(min)}};
+    // Halves: the whole may be beyond the largest number.
+    double const step = (0.5 * max - 0.5 * min) / std::max(count, 1) * 2.0;
     double const largest = std::max(std::abs(min), std::abs(max));
-    if (largest / step > 1e12)
-        return ticks;
-    double const first = std::ceil(min / step - 1e-9);
-    double const last = std::floor(max / step + 1e-9);
-    for (double n = first; n <= last; n += 1.0) {
-        double const value = n == 0.0 ? 0.0 : n * step;
-        ticks.values.push_back(value);
-        ticks.labels.push_back(label(value, step, largest));
+    if (!(step > 0.0) || largest / step > 1e14)
+        return {{min, max}, {TickLabels::alone(min), TickLabels::alone(max)}};
+    RoundStep const round = roundStep(step);
+    double const width = round.times(1.0);
+    AxisTicks ticks;
+    double const noise = 1e-9 + 1e-15 * largest / width;
+    double const last = std::floor(max / width + noise);
+    for (double n = std::ceil(min / width - noise); n <= last; n += 1.0)
+        ticks.values.push_back(n == 0.0 ? 0.0 : round.times(n));
+    if (ticks.values.empty())
+        return create(min, max, count + 1); // the step was wider than the limits are apart
+    ticks.labels = TickLabels::of(ticks.values, width);
+    return ticks;
+}
+
+AxisTicks AxisTicks::along(double min, double max, double length,
+                           std::function<double(std::string const&)> const& roomOf)
+{
+    constexpr double usual = 60.0;
+    AxisTicks ticks;
+    for (int count = std::max(1, static_cast<int>(length / usual)); count >= 1; --count) {
+        ticks = create(min, max, count);
+        double room = 0.0;
+        for (std::string const& label : ticks.labels)
+            room = std::max(room, roomOf(label));
+        if (ticks.values.size() < 2)
+            break;
+        double const share = (0.5 * ticks.values[1] - 0.5 * ticks.values[0]) / (0.5 * max - 0.5 * min);
+        if (share * length >= room)
+            break;
     }
     return ticks;
 }

@@ -3,13 +3,13 @@
 #include "app/plot/ColourMap.h"
 #include "app/plot/PickRay.h"
 #include "app/plot/PlotTheme.h"
-#include "app/plot/TextFit.h"
 #include "app/plot/ZoneRanges.h"
+#include "kernel/frames/FrameDefaults.h"
 
 #include <vtkCamera.h>
+#include <vtkContextScene.h>
 #include <vtkPolyData.h>
 #include <vtkRenderWindow.h>
-#include <vtkTextProperty.h>
 
 #include <algorithm>
 #include <utility>
@@ -92,16 +92,9 @@ FieldView::FieldView(bool inSpace)
 {
     QColor const paper = PlotTheme::paper();
     m_stage->SetBackground(paper.redF(), paper.greenF(), paper.blueF());
-    PlotTheme::apply(*m_legend->GetTitleTextProperty(), PlotTheme::text(), PlotTheme::titleSize, true);
-    PlotTheme::apply(*m_legend->GetLabelTextProperty(), PlotTheme::quietText(), PlotTheme::labelSize);
-    m_legend->SetUnconstrainedFontSize(true);
-    m_legend->SetNumberOfLabels(6);
-    m_legend->SetLabelFormat("%.4g");
-    m_legend->SetVerticalTitleSeparation(10);
-    m_legend->SetTextPad(4);
-    m_legend->SetLookupTable(ColourMap::create(0.0, 1.0));
-    m_legend->VisibilityOff();
-    ground().AddActor2D(m_legend);
+    m_legendActor->GetScene()->AddItem(m_legend);
+    m_legendActor->GetScene()->SetRenderer(&ground());
+    ground().AddActor(m_legendActor);
 }
 
 FieldView::~FieldView() = default;
@@ -125,11 +118,12 @@ void FieldView::setArea(ViewArea const& viewArea)
     double const widthBefore = m_stageWidth;
     double const heightBefore = m_stageHeight;
     double const ratio = viewArea.pixelRatio;
-    m_stageWidth = std::max(1.0, viewArea.width - ratio * (m_margins.left + m_margins.right));
-    m_stageHeight = std::max(1.0, viewArea.height - ratio * (m_margins.bottom + m_margins.top));
-    double const left = viewArea.fraction.left() + viewArea.fraction.width() * ratio * m_margins.left / viewArea.width;
+    m_stageWidth = std::max(1.0, viewArea.width - ratio * (m_margins.left() + m_margins.right()));
+    m_stageHeight = std::max(1.0, viewArea.height - ratio * (m_margins.bottom() + m_margins.top()));
+    double const left =
+        viewArea.fraction.left() + viewArea.fraction.width() * ratio * m_margins.left() / viewArea.width;
     double const bottom =
-        viewArea.fraction.top() + viewArea.fraction.height() * ratio * m_margins.bottom / viewArea.height;
+        viewArea.fraction.top() + viewArea.fraction.height() * ratio * m_margins.bottom() / viewArea.height;
     m_stage->SetViewport(std::clamp(left, 0.0, 1.0), std::clamp(bottom, 0.0, 1.0),
                          std::clamp(left + viewArea.fraction.width() * m_stageWidth / viewArea.width, 0.0, 1.0),
                          std::clamp(bottom + viewArea.fraction.height() * m_stageHeight / viewArea.height, 0.0, 1.0));
@@ -141,8 +135,8 @@ void FieldView::setArea(ViewArea const& viewArea)
 QPointF FieldView::onStage(QPointF const& inArea) const
 {
     double const ratio = area().pixelRatio;
-    return {(inArea.x() * area().width - ratio * m_margins.left) / m_stageWidth,
-            (inArea.y() * area().height - ratio * m_margins.bottom) / m_stageHeight};
+    return {(inArea.x() * area().width - ratio * m_margins.left()) / m_stageWidth,
+            (inArea.y() * area().height - ratio * m_margins.bottom()) / m_stageHeight};
 }
 
 int FieldView::zoneAt(QPointF const& inArea) const
@@ -197,7 +191,7 @@ void FieldView::clear()
     for (auto const& zone : m_zones)
         m_stage->RemoveActor(zone->actor());
     m_zones.clear();
-    m_legend->VisibilityOff();
+    m_legend->hide();
 }
 
 FrameNotice FieldView::show(kernel::Frame const& frame)
@@ -217,13 +211,16 @@ FrameNotice FieldView::show(kernel::Frame const& frame)
         m_stage->AddActor(drawing->actor());
         m_zones.push_back(std::move(drawing));
     }
+    for (std::size_t n = 0; n < m_zones.size(); ++n)
+        m_zones[n]->setDepthOrder(n, m_zones.size());
     updateLegend(variableName(dataSet, m_look.contourVariable));
     setArea(area());
     updateAxes({variableName(dataSet, m_look.axes[0]), variableName(dataSet, m_look.axes[1]),
                 variableName(dataSet, m_look.axes[2])});
     m_isShown = true;
-    placeView(m_shownAxes != axesBefore || (!wasShown && m_viewSpace != m_look.space));
-    m_notice = {gap(frame, zones), false};
+    bool const wasStretched = std::exchange(m_isStretched, frame.stretchAxes);
+    placeView(m_shownAxes != axesBefore || m_isStretched != wasStretched || (!wasShown && m_viewSpace != m_look.space));
+    m_notice = {gap(frame, zones), false, remark()};
     return m_notice;
 }
 
@@ -240,7 +237,7 @@ bool FieldView::recolour(kernel::Frame const& frame, kernel::ZonesAndVariables c
 {
     bool const movesPoints = std::any_of(m_look.axes.begin(), m_look.axes.end(),
                                          [&](int axis) { return altered.variables.count(axis) != 0; });
-    if (movesPoints || !hasLegend())
+    if (movesPoints || !hasFlood())
         return false;
     std::vector<int> zones;
     for (auto const& zone : m_zones)
@@ -253,7 +250,8 @@ bool FieldView::recolour(kernel::Frame const& frame, kernel::ZonesAndVariables c
     for (auto const& zone : m_zones)
         if (isOtherScale || altered.zones.count(zone->zoneNumber()) != 0)
             zone->recolour(*frame.dataSet, look);
-    updateLegend(m_legendTitle);
+    updateLegend(m_legend->name());
+    setArea(area());
     return true;
 }
 
@@ -262,11 +260,18 @@ QString FieldView::gap(kernel::Frame const& frame, std::vector<int> const& zones
 {
     if (zones.size() < zonesWithPoints(*frame.dataSet).size())
         return tr("Zones whose coordinates are not loaded, or that have too many points, are not shown.");
-    QString const inContour = frame.showContour ? contourGap(frame, zones, hasLegend()) : QString();
-    if (!inContour.isEmpty() || !frame.showContour || hasLegend())
+    if (!frame.stretchAxes && kernel::isMereLine({space().length(0), space().length(1), space().length(2)}))
+        return tr("To scale this is too thin to be seen. Plot > Stretch Axes gives each axis a scale of its own.");
+    QString const inContour = frame.showContour ? contourGap(frame, zones, hasFlood()) : QString();
+    if (!inContour.isEmpty() || !frame.showContour || hasFlood())
         return inContour;
     return frame.variableNumber('C') == 0 ? tr("No variable is assigned to the contour.")
                                           : tr("The contour variable has no values in the enabled zones.");
+}
+
+QString FieldView::remark() const
+{
+    return m_look.space.isStretched() ? tr("Axes stretched, not to scale") : QString();
 }
 
 // Where the user has looked at a part of the data, that part stays in view; who saw the whole goes on seeing the whole.
@@ -335,7 +340,7 @@ FieldLook FieldView::lookOf(kernel::Frame const& frame, std::vector<int> const& 
         min[n] = range.min;
         max[n] = range.max;
     }
-    look.space = PlotSpace(min, max);
+    look.space = PlotSpace(min, max, frame.stretchAxes);
     look.mesh = frame.showMesh;
     look.colours = ColourMap::create(0.0, 1.0);
     kernel::ValueRange const flood = ZoneRanges::of(*frame.dataSet, zones, frame.variableNumber('C'));
@@ -357,36 +362,24 @@ bool FieldView::dependsOn(kernel::Frame const& frame, int variable) const
            (frame.showContour && frame.variableNumber('C') == variable);
 }
 
-void FieldView::updateLegend(QString const& title)
+void FieldView::updateLegend(QString const& name)
 {
-    m_legend->SetVisibility(hasLegend());
-    if (!hasLegend())
-        return;
-    m_legend->SetLookupTable(ColourMap::create(m_look.contourMin, m_look.contourMax));
-    bool const isOneValue = !(m_look.contourMax > m_look.contourMin);
-    m_legend->SetNumberOfLabels(isOneValue ? 1 : 6);
-    m_legendTitle = title;
+    if (hasFlood())
+        m_legend->show(name, m_look.contourMin, m_look.contourMax);
+    else
+        m_legend->hide();
+}
+
+double FieldView::legendWidth() const
+{
+    double const ratio = area().pixelRatio;
+    return m_legend->widthIn(QSizeF(area().width, area().height) / ratio, ratio);
 }
 
 void FieldView::placeLegend()
 {
-    // The bar keeps its width in pixels whatever the frame's size, and stands clear of the stage's right edge.
-    double const unit = area().pixelRatio;
-    double const width = std::min(0.9, (m_margins.right - 20.0) * unit / area().width);
-    double const height = std::min(0.8, std::max(0.45, 330.0 * unit / area().height));
-    m_legend->SetPosition(1.0 - width - 8.0 * unit / area().width, 0.5 - 0.5 * height);
-    m_legend->SetWidth(width);
-    m_legend->SetHeight(height);
-    m_legend->SetBarRatio(0.22);
-    showLegendTitle(width * area().width);
-}
-
-// The bar's actor shows its title across its whole width and beyond, however long it is.
-void FieldView::showLegendTitle(double width)
-{
-    TextFit const fit = TextFit::into(width, m_legendTitle, *m_legend->GetTitleTextProperty(), area().pixelRatio);
-    m_legend->GetTitleTextProperty()->SetFontSize(fit.size);
-    m_legend->SetTitle(fit.text.toUtf8().constData());
+    double const width = legendWidth() * area().pixelRatio;
+    m_legend->place(QRectF(area().width - width, 0.0, width, area().height), area().pixelRatio);
 }
 
 } // namespace veldraw::app

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "app/plot/ColourLegend.h"
 #include "app/plot/FrameView.h"
 #include "app/plot/PickMark.h"
 #include "app/plot/ZoneDrawing.h"
 
 #include <QCoreApplication>
-#include <vtkScalarBarActor.h>
+#include <QMarginsF>
+#include <vtkContextActor.h>
 
 #include <memory>
 #include <vector>
@@ -30,7 +32,7 @@ public:
     void markZones(std::set<int> const& zones) override;
 
     vtkRenderer& stage() const { return *m_stage; } ///< shows the zones
-    vtkScalarBarActor& legend() const { return *m_legend; }
+    ColourLegend& legend() const { return *m_legend; }
     PlotSpace const& space() const { return m_look.space; }
     std::vector<std::unique_ptr<ZoneDrawing>> const& zones() const { return m_zones; }
 
@@ -42,16 +44,11 @@ public:
     int zoneAt(QPointF const& inArea) const;
 
 protected:
-    /// Free space between the area's edges and the stage, logical pixels.
-    struct Margins
-    {
-        double left = 0.0;
-        double bottom = 0.0;
-        double right = 0.0;
-        double top = 0.0;
-    };
+    /// Free space that is wanted between the area's edges and the stage, logical pixels.
+    virtual QMarginsF margins() const = 0;
 
-    virtual Margins margins() const = 0;
+    /// What it was when the stage was placed last.
+    QMarginsF const& shownMargins() const { return m_margins; }
 
     /// The axes' names and the space may have changed.
     virtual void updateAxes(std::array<QString, 3> const& names) = 0;
@@ -59,7 +56,9 @@ protected:
     /// Looks at the same place of the data as it did in another space.
     virtual void carryView(PlotSpace const& before) = 0;
 
-    bool hasLegend() const { return m_look.contourVariable > 0; }
+    /// What the legend takes at the right of the frame; 0 when there is none. Logical pixels.
+    double legendWidth() const;
+
     double stageWidth() const { return m_stageWidth; }   ///< device pixels
     double stageHeight() const { return m_stageHeight; } ///< device pixels
 
@@ -74,14 +73,15 @@ private:
     QString obstacle(kernel::Frame const& frame) const;
     QString obstacleInZones(kernel::Frame const& frame, std::vector<int> const& zones) const;
     QString gap(kernel::Frame const& frame, std::vector<int> const& zones) const;
+    QString remark() const;
     void placeView(bool isNew);
     void clear();
     void clearMarks();
     bool recolour(kernel::Frame const& frame, kernel::ZonesAndVariables const& altered);
     FieldLook lookOf(kernel::Frame const& frame, std::vector<int> const& zones) const;
-    void updateLegend(QString const& title);
+    bool hasFlood() const { return m_look.contourVariable > 0; }
+    void updateLegend(QString const& name);
     void placeLegend();
-    void showLegendTitle(double width);
 
     bool m_inSpace;
     bool m_isShown = false; // there was a picture when the frame was shown last
@@ -89,16 +89,17 @@ private:
     PlotSpace m_viewSpace; // that the camera stands in
     FrameNotice m_notice;  // of the picture
     bool m_isFitted = false;
+    bool m_isStretched = false;
     FieldLook m_look;
     std::vector<std::unique_ptr<ZoneDrawing>> m_zones;
     std::vector<PickMark> m_marks;
     std::set<int> m_markedZones;
     vtkNew<vtkRenderer> m_stage;
-    vtkNew<vtkScalarBarActor> m_legend;
+    vtkNew<vtkContextActor> m_legendActor;
+    vtkNew<ColourLegend> m_legend;
     double m_stageWidth = 1.0;
     double m_stageHeight = 1.0;
-    Margins m_margins;
-    QString m_legendTitle;
+    QMarginsF m_margins;
 };
 
 } // namespace veldraw::app

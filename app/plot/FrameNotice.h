@@ -4,11 +4,12 @@
 
 namespace veldraw::app {
 
-/// Why a frame does not show everything it was asked for, in one sentence.
+/// Why a frame does not show everything it was asked for, in one sentence, and what else has to be known to read it.
 struct FrameNotice
 {
     QString sentence;          ///< empty = all is well
     bool coversPicture = true; ///< there is no picture; else the sentence stands beside it
+    QString remark = {};       ///< about a picture in which nothing is missing; seldom there
 };
 
 } // namespace veldraw::app

@@ -1,7 +1,9 @@
 #include "app/plot/LineView.h"
 
 #include "app/plot/LinePoints.h"
+#include "app/plot/PlaneAxes.h"
 #include "app/plot/PlotTheme.h"
+#include "app/plot/TextFit.h"
 
 #include <QStringList>
 #include <vtkAxis.h>
@@ -84,11 +86,43 @@ void LineView::setArea(ViewArea const& viewArea)
     FrameView::setArea(viewArea);
     for (int n = 0; n < m_chart->GetNumberOfPlots(); ++n)
         m_chart->GetPlot(n)->SetWidth(static_cast<float>(2.0 * viewArea.pixelRatio));
+    labelAxes();
+    labelCurves();
+}
+
+// Estimates of what the axes leave: the chart itself knows only once it is drawn.
+void LineView::labelAxes()
+{
+    constexpr int mostLines = 3;
+    double const ratio = area().pixelRatio;
+    double const width = std::max(area().width - 110.0 * ratio, 0.6 * area().width);
+    double const height = std::max(area().height - 100.0 * ratio, 0.6 * area().height);
+    vtkAxis& bottom = *m_chart->GetAxis(vtkAxis::BOTTOM);
+    vtkAxis& left = *m_chart->GetAxis(vtkAxis::LEFT);
+    PlaneAxes::setTitle(bottom, m_titles[0], width, ratio, mostLines);
+    PlaneAxes::setTitle(left, m_titles[1], height, ratio, mostLines);
+    PlaneAxes::setTicks(bottom, width, ratio);
+    PlaneAxes::setTicks(left, height, ratio);
+}
+
+void LineView::labelCurves()
+{
+    vtkTextProperty& property = *m_chart->GetLegend()->GetLabelProperties();
+    double const width = area().width - 90.0 * area().pixelRatio;
+    int size = PlotTheme::labelSize;
+    for (int n = 0; n < m_chart->GetNumberOfPlots(); ++n) {
+        TextFit const fit =
+            TextFit::into(width, m_curveNames[static_cast<std::size_t>(n)], property, area().pixelRatio);
+        m_chart->GetPlot(n)->SetLabel(fit.text.toStdString());
+        size = std::min(size, fit.size);
+    }
+    property.SetFontSize(size);
 }
 
 FrameNotice LineView::show(kernel::Frame const& frame)
 {
     m_chart->ClearPlots();
+    m_curveNames.clear();
     bool const wasShown = m_limits.isValid;
     m_limits = {};
     m_variables = {};
@@ -155,8 +189,8 @@ QString LineView::addCurve(kernel::Frame const& frame, kernel::LineMap const& ma
     vtkNew<vtkPlotLine> curve;
     curve->SetInputData(points, 0, 1);
     styleCurve(*curve, PlotTheme::curve(index), frame, points->GetNumberOfRows() == 1);
-    curve->SetLabel(map.name.empty() ? dataSet.variable(y)->name : map.name);
     m_chart->AddPlot(curve);
+    m_curveNames.push_back(QString::fromStdString(map.name.empty() ? dataSet.variable(y)->name : map.name));
     m_variables[0].insert(map.xVariable);
     m_variables[1].insert(map.yVariable);
     include(*points);
@@ -199,8 +233,7 @@ void LineView::setTitles(kernel::Frame const& frame)
         xNames << QString::fromStdString(x->name);
         yNames << QString::fromStdString(y->name);
     }
-    m_chart->GetAxis(vtkAxis::BOTTOM)->SetTitle(joinedNames(xNames).toStdString());
-    m_chart->GetAxis(vtkAxis::LEFT)->SetTitle(joinedNames(yNames).toStdString());
+    m_titles = {joinedNames(xNames), joinedNames(yNames)};
 }
 
 bool LineView::dependsOn(kernel::Frame const& frame, int variable) const
@@ -222,6 +255,7 @@ void LineView::fit()
     m_chart->GetAxis(vtkAxis::BOTTOM)->SetRange(x[0], x[1]);
     m_chart->GetAxis(vtkAxis::LEFT)->SetRange(y[0], y[1]);
     m_isFitted = true;
+    labelAxes();
 }
 
 QPointF LineView::inBox(QPointF const& inArea) const
@@ -243,6 +277,7 @@ void LineView::pan(QPointF const& from, QPointF const& to)
     };
     move(*m_chart->GetAxis(vtkAxis::BOTTOM), step.x());
     move(*m_chart->GetAxis(vtkAxis::LEFT), step.y());
+    labelAxes();
 }
 
 void LineView::zoom(double factor, QPointF const& at)
@@ -256,6 +291,7 @@ void LineView::zoom(double factor, QPointF const& at)
     };
     scale(*m_chart->GetAxis(vtkAxis::BOTTOM), fixed.x());
     scale(*m_chart->GetAxis(vtkAxis::LEFT), fixed.y());
+    labelAxes();
 }
 
 } // namespace veldraw::app

@@ -9,6 +9,7 @@
 
 #include <array>
 #include <set>
+#include <vector>
 
 class vtkPlotLine;
 class vtkTable;
@@ -50,6 +51,8 @@ private:
     void include(vtkTable& points);
     void placeView(bool isNew);
     void setTitles(kernel::Frame const& frame);
+    void labelAxes();
+    void labelCurves();
 
     /// A position of the area as a share of the box between the axes.
     QPointF inBox(QPointF const& inArea) const;
@@ -61,6 +64,8 @@ private:
     std::array<Variables, 2> m_variables;     // that the curves have along each axis
     std::array<Variables, 2> m_viewVariables; // that they had when the view was placed
     bool m_isFitted = false;
+    std::array<QString, 2> m_titles; // of the axes
+    std::vector<QString> m_curveNames;
 };
 
 } // namespace veldraw::app

@@ -6,10 +6,9 @@
 
 namespace veldraw::app {
 
-PageOnScreen::PageOnScreen(kernel::Page const& page, QRect const& widget)
+PageOnScreen::PageOnScreen(kernel::Page const& page, QRect const& widget, int gap)
     : m_paper(0.0, 0.0, std::max(page.paperWidth, 0.1), std::max(page.paperHeight, 0.1))
 {
-    constexpr int gap = 6;
     m_screen = QRectF(widget).adjusted(gap, gap, -gap, -gap);
     for (auto const& frame : page.frames)
         m_paper |= QRectF(frame->rectangle.x, frame->rectangle.y, frame->rectangle.width, frame->rectangle.height);

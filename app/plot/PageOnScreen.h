@@ -13,8 +13,8 @@ namespace veldraw::app {
 class PageOnScreen
 {
 public:
-    /// @param widget in logical pixels
-    PageOnScreen(kernel::Page const& page, QRect const& widget);
+    /// @param widget in logical pixels; @param gap that is left free around the page
+    PageOnScreen(kernel::Page const& page, QRect const& widget, int gap = 6);
 
     /// The frame with its header and border. Neighbours on the paper are neighbours on the screen.
     QRect frameOf(kernel::Rectangle const& onPaper) const;

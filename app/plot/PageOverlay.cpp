@@ -31,10 +31,11 @@ PageOverlay::PageOverlay(QWidget* parent)
     setFocusPolicy(Qt::NoFocus);
 }
 
-void PageOverlay::setMarks(std::vector<Mark> marks, QString const& emptyText)
+void PageOverlay::setMarks(std::vector<Mark> marks, QString const& emptyText, bool isBare)
 {
     m_marks = std::move(marks);
     m_emptyText = emptyText;
+    m_isBare = isBare;
     update();
 }
 
@@ -57,9 +58,13 @@ void PageOverlay::paintEvent(QPaintEvent* event)
 
 void PageOverlay::paintMark(QPainter& painter, Mark const& mark) const
 {
-    paintHeader(painter, mark);
+    if (!mark.notice.remark.isEmpty())
+        paintRemark(painter, mark);
     if (!mark.notice.sentence.isEmpty())
         paintNotice(painter, mark);
+    if (m_isBare)
+        return;
+    paintHeader(painter, mark);
     qreal const width = mark.isActive ? borderWidth : 1.0;
     painter.setPen(QPen(mark.isActive ? PlotTheme::accent() : PlotTheme::border(), width, Qt::SolidLine, Qt::SquareCap,
                         Qt::MiterJoin));
@@ -105,6 +110,14 @@ void PageOverlay::paintNotice(QPainter& painter, Mark const& mark) const
     painter.drawRoundedRect(text.adjusted(-9, -4, 9, 4), 4, 4);
     painter.setPen(QColor(0x6B, 0x4E, 0x00));
     painter.drawText(text, Qt::AlignCenter | Qt::TextWordWrap, mark.notice.sentence);
+}
+
+void PageOverlay::paintRemark(QPainter& painter, Mark const& mark) const
+{
+    painter.setFont(noticeFont(font(), 11));
+    painter.setPen(PlotTheme::quietText());
+    QRect const room = mark.content.adjusted(8, 4, -8, -4);
+    painter.drawText(room, Qt::AlignTop | Qt::AlignRight | Qt::TextWordWrap, mark.notice.remark);
 }
 
 void PageOverlay::paintEmptyPage(QPainter& painter) const

@@ -31,7 +31,8 @@ public:
     explicit PageOverlay(QWidget* parent);
 
     /// @param marks in drawing order, the last on top; none: @p emptyText is shown instead
-    void setMarks(std::vector<Mark> marks, QString const& emptyText);
+    /// @param isBare notices only: no borders and no headers
+    void setMarks(std::vector<Mark> marks, QString const& emptyText, bool isBare = false);
 
     static constexpr int headerHeight = 26;
     static constexpr int borderWidth = 2;
@@ -43,10 +44,12 @@ private:
     void paintMark(QPainter& painter, Mark const& mark) const;
     void paintHeader(QPainter& painter, Mark const& mark) const;
     void paintNotice(QPainter& painter, Mark const& mark) const;
+    void paintRemark(QPainter& painter, Mark const& mark) const;
     void paintEmptyPage(QPainter& painter) const;
 
     std::vector<Mark> m_marks;
     QString m_emptyText;
+    bool m_isBare = false;
 };
 
 } // namespace veldraw::app

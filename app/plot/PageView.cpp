@@ -53,10 +53,9 @@ PageView::PageView(kernel::Session& session, QWidget* parent)
     setMinimumSize(160, 120);
     setAccessibleName(tr("Page"));
 
-    QColor const desk = PlotTheme::desk();
-    setPalette(QPalette(PlotTheme::text(), desk));
+    setPalette(QPalette(PlotTheme::text(), PlotTheme::desk()));
     setAutoFillBackground(true);
-    m_desk->SetBackground(desk.redF(), desk.greenF(), desk.blueF());
+    showBare(false);
     m_window->AddRenderer(m_desk);
     if (hasScreen())
         createCanvas();
@@ -182,6 +181,13 @@ void PageView::giveUpDrawing(std::exception const& failure)
     updateOverlay();
 }
 
+void PageView::showBare(bool isBare)
+{
+    m_isBare = isBare;
+    QColor const ground = isBare ? PlotTheme::paper() : PlotTheme::desk();
+    m_desk->SetBackground(ground.redF(), ground.greenF(), ground.blueF());
+}
+
 void PageView::bringUpToDate()
 {
     syncFrames();
@@ -218,11 +224,11 @@ void PageView::layOut()
     auto const page = m_session.activePage();
     if (!page)
         return;
-    PageOnScreen const screen(*page, rect());
+    PageOnScreen const screen = m_isBare ? PageOnScreen(*page, rect(), 0) : PageOnScreen(*page, rect());
     for (auto const& frame : page->frames) {
         Slot& slot = m_slots[frame->id];
         slot.area = screen.frameOf(frame->rectangle);
-        slot.content = PageOnScreen::contentOf(slot.area);
+        slot.content = m_isBare ? slot.area : PageOnScreen::contentOf(slot.area);
     }
 }
 
@@ -253,8 +259,9 @@ void PageView::markPicks()
     if (!page)
         return;
     std::set<kernel::UniqueId> picked;
-    for (kernel::Pick const& pick : m_session.picks())
-        picked.insert(pick.zone);
+    if (!m_isBare)
+        for (kernel::Pick const& pick : m_session.picks())
+            picked.insert(pick.zone);
     for (auto const& frame : page->frames) {
         FrameView* const view = m_slots[frame->id].view.get();
         std::set<int> zones;
@@ -340,12 +347,13 @@ void PageView::updateOverlay()
                                           ? slot.notice
                                           : FrameNotice{tr("Plots cannot be drawn without a screen."), true};
             marks.push_back({slot.area, slot.content, name, shown, frame->id == page->activeFrame});
-            if (!shown.sentence.isEmpty())
-                sentences << name + QStringLiteral(": ") + shown.sentence;
+            for (QString const& sentence : {shown.sentence, shown.remark})
+                if (!sentence.isEmpty())
+                    sentences << name + QStringLiteral(": ") + sentence;
         }
     QString const emptyText = tr("Open a file to begin.");
     setAccessibleDescription(marks.empty() ? emptyText : sentences.join(QLatin1Char('\n')));
-    m_overlay->setMarks(std::move(marks), emptyText);
+    m_overlay->setMarks(std::move(marks), emptyText, m_isBare);
 }
 
 // ---- questions and commands ----------------------------------------------------------------------------------------
@@ -367,6 +375,12 @@ QString PageView::notice(kernel::UniqueId frame) const
 {
     auto const slot = m_slots.find(frame);
     return slot == m_slots.end() ? QString() : slot->second.notice.sentence;
+}
+
+QString PageView::remark(kernel::UniqueId frame) const
+{
+    auto const slot = m_slots.find(frame);
+    return slot == m_slots.end() ? QString() : slot->second.notice.remark;
 }
 
 QRect PageView::plotArea(kernel::UniqueId frame) const
@@ -401,6 +415,16 @@ QImage PageView::grabImage()
     if (m_timer->isActive())
         refresh();
     return grab().toImage();
+}
+
+QImage PageView::takePicture()
+{
+    showBare(true);
+    refresh();
+    QImage const picture = grab().toImage();
+    showBare(false);
+    refresh();
+    return picture;
 }
 
 void PageView::resizeEvent(QResizeEvent* event)

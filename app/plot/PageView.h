@@ -48,8 +48,15 @@ public:
     /// What is on the screen, in device pixels, brought up to date first.
     QImage grabImage();
 
+    /// The page for a document: its plots in their places, as large as on the screen, and what has to be said about them, but no
+    /// borders, no headers and no marks of what is picked. What is on the screen stays as it is.
+    QImage takePicture();
+
     /// The sentence shown in a frame, empty when nothing is missing or there is no such frame.
     QString notice(kernel::UniqueId frame) const;
+
+    /// What is said of a picture that lacks nothing, empty as a rule.
+    QString remark(kernel::UniqueId frame) const;
 
     /// The plot in a frame below its header, logical pixels of this widget; null for an unknown frame.
     QRect plotArea(kernel::UniqueId frame) const;
@@ -95,6 +102,7 @@ private:
     void markAll();
 
     void bringUpToDate();
+    void showBare(bool isBare);
     void giveUpDrawing(std::exception const& failure);
     void syncFrames();
     void layOut();
@@ -123,6 +131,7 @@ private:
     vtkNew<vtkRenderer> m_desk;
     std::map<kernel::UniqueId, Slot> m_slots;
     std::vector<FrameView*> m_drawn; // the plots in the window, in their order
+    bool m_isBare = false;           // without borders and headers, while a picture is taken
 
     kernel::UniqueId m_draggedFrame = 0;
     QPointF m_pressPosition;

@@ -28,9 +28,23 @@ vtkStandardNewMacro(PartwiseMapper)
 
 void PartwiseMapper::RenderPieceDraw(vtkRenderer* renderer, vtkActor* actor)
 {
+    constexpr float room = 1e-4F;
+    QOpenGLContext* const context = m_depthOrder >= 0.0 ? QOpenGLContext::currentContext() : nullptr;
+    if (!context) {
+        draw(*renderer, *actor);
+        return;
+    }
+    float const nearest = room * static_cast<float>(m_depthOrder);
+    context->functions()->glDepthRangef(nearest, 1.0F - room + nearest);
+    draw(*renderer, *actor);
+    context->functions()->glDepthRangef(0.0F, 1.0F);
+}
+
+void PartwiseMapper::draw(vtkRenderer& renderer, vtkActor& actor)
+{
     m_partCount = 1;
-    if (!drawsLargeSurfaceOnly(*renderer, *actor)) {
-        Superclass::RenderPieceDraw(renderer, actor);
+    if (!drawsLargeSurfaceOnly(renderer, actor)) {
+        Superclass::RenderPieceDraw(&renderer, &actor);
         return;
     }
     m_partCount = 0;
@@ -39,8 +53,8 @@ void PartwiseMapper::RenderPieceDraw(vtkRenderer* renderer, vtkActor* actor)
     DrawingSelection = false;
     auto const triangles = static_cast<int>(Primitives[PrimitiveTris].IBO->IndexCount / 3);
     for (int first = 0; first < triangles; first += m_trianglesInPart) {
-        drawPart(*renderer, *actor, first, std::min(m_trianglesInPart, triangles - first));
-        renderer->GetRenderWindow()->WaitForCompletion();
+        drawPart(renderer, actor, first, std::min(m_trianglesInPart, triangles - first));
+        renderer.GetRenderWindow()->WaitForCompletion();
         ++m_partCount;
     }
     PrimitiveIDOffset = 0;

@@ -19,6 +19,10 @@ public:
     /// Parts of the surface in the picture that was drawn last.
     int partCount() const { return m_partCount; }
 
+    /// Has all drawn at a place within the depths of the scene: 0 stands before all others, 1 behind, as far as a ten-thousandth of
+    /// the depths goes; below 0, as at first, leaves the depths alone.
+    void setDepthOrder(double order) { m_depthOrder = order; }
+
     void RenderPieceDraw(vtkRenderer* renderer, vtkActor* actor) override;
 
     PartwiseMapper(PartwiseMapper const&) = delete;
@@ -29,11 +33,13 @@ protected:
     ~PartwiseMapper() override = default;
 
 private:
+    void draw(vtkRenderer& renderer, vtkActor& actor);
     bool drawsLargeSurfaceOnly(vtkRenderer& renderer, vtkActor& actor) const;
     void drawPart(vtkRenderer& renderer, vtkActor& actor, int first, int count);
 
     int m_trianglesInPart = 32768;
     int m_partCount = 0;
+    double m_depthOrder = -1.0;
 };
 
 } // namespace veldraw::app

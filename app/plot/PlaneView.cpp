@@ -1,10 +1,9 @@
 #include "app/plot/PlaneView.h"
 
-#include "app/plot/AxisTicks.h"
-
 #include <vtkCamera.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace veldraw::app {
 
@@ -12,26 +11,37 @@ PlaneView::PlaneView()
     : FieldView(false)
     , m_axes(ground())
 {
+    m_isPlacing = true; // there is no area yet
     stage().GetActiveCamera()->ParallelProjectionOn();
     look(0.0, 0.0, 0.5);
+    m_isPlacing = false;
 }
 
-FieldView::Margins PlaneView::margins() const
+QMarginsF PlaneView::margins() const
 {
-    std::size_t widest = 3;
-    for (std::string const& label : AxisTicks::create(space().min(1), space().max(1), 8).labels)
-        widest = std::max(widest, label.size());
-    double const left = 44.0 + 7.5 * static_cast<double>(std::min<std::size_t>(widest, 12));
-    return {left, 52.0, hasLegend() ? 124.0 : 24.0, 20.0};
+    QMarginsF margins = m_axes.margins();
+    margins.setRight(std::max(margins.right(), legendWidth()));
+    return margins;
 }
 
+// The room that the numbers need depends on what is in view, and that a little on the room that is left.
 void PlaneView::setArea(ViewArea const& viewArea)
 {
-    FieldView::setArea(viewArea);
-    Margins const margin = margins();
-    double const unit = viewArea.pixelRatio;
+    constexpr int mostRounds = 3;
+    bool const wasPlacing = std::exchange(m_isPlacing, true);
+    for (int round = 0; round == 0 || (round < mostRounds && margins() != shownMargins()); ++round) {
+        FieldView::setArea(viewArea);
+        placeAxes();
+    }
+    m_isPlacing = wasPlacing;
+}
+
+void PlaneView::placeAxes()
+{
+    QRectF const box(shownMargins().left() * area().pixelRatio, shownMargins().bottom() * area().pixelRatio,
+                     stageWidth(), stageHeight());
     // The stage is drawn over the ground: the lines around it stand one pixel outside.
-    m_axes.setBox(QRectF(margin.left * unit, margin.bottom * unit, stageWidth(), stageHeight()).adjusted(-1, -1, 1, 1));
+    m_axes.setBox(box.adjusted(-1, -1, 1, 1), area().pixelRatio);
     updateTicks();
 }
 
@@ -40,8 +50,8 @@ void PlaneView::fit()
     constexpr double air = 1.08;
     double const halfWidth = std::max(space().sceneHalf(0), 1e-6);
     double const halfHeight = std::max(space().sceneHalf(1), 1e-6);
-    look(0.0, 0.0, air * std::max(halfHeight, halfWidth / aspect()));
     setFitted(true);
+    look(0.0, 0.0, air * std::max(halfHeight, halfWidth / aspect()));
 }
 
 void PlaneView::carryView(PlotSpace const& before)
@@ -63,6 +73,8 @@ void PlaneView::look(double x, double y, double halfHeight)
     camera->SetClippingRange(0.1, 2.0);
     camera->SetParallelScale(halfHeight);
     updateTicks();
+    if (!m_isPlacing && margins() != shownMargins())
+        setArea(area());
 }
 
 void PlaneView::pan(QPointF const& from, QPointF const& to)
@@ -90,7 +102,7 @@ void PlaneView::zoom(double factor, QPointF const& at)
 void PlaneView::updateAxes(std::array<QString, 3> const& names)
 {
     m_axes.setTitles(names[0], names[1]);
-    updateTicks();
+    setArea(area());
 }
 
 void PlaneView::updateTicks()

@@ -17,16 +17,18 @@ public:
     void zoom(double factor, QPointF const& at) override;
 
 protected:
-    Margins margins() const override;
+    QMarginsF margins() const override;
     void updateAxes(std::array<QString, 3> const& names) override;
     void carryView(PlotSpace const& before) override;
 
 private:
     double aspect() const { return stageWidth() / stageHeight(); }
     void look(double x, double y, double halfHeight);
+    void placeAxes();
     void updateTicks();
 
     PlaneAxes m_axes;
+    bool m_isPlacing = false;
 };
 
 } // namespace veldraw::app

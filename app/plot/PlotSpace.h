@@ -7,18 +7,22 @@ namespace veldraw::app {
 /// The box that a field plot shows and how it maps to the scene.
 ///
 /// The scene's coordinates lie around the origin and are about one unit wide, whatever the data's unit and offset, so
-/// that single precision on the graphics card always suffices. Proportions are kept, unless one axis is so much longer
-/// than another that nothing could be seen: then each axis has a scale of its own.
+/// that single precision on the graphics card always suffices. Proportions are kept, or each axis has a scale of its own so that
+/// all are about as long.
 class PlotSpace
 {
 public:
     PlotSpace() = default;
 
     /// @param min, max limits of the data on X, Y, Z; an axis that is not used has equal limits
-    PlotSpace(std::array<double, 3> const& min, std::array<double, 3> const& max);
+    /// @param stretched each axis has a scale of its own
+    PlotSpace(std::array<double, 3> const& min, std::array<double, 3> const& max, bool stretched);
 
     double min(int axis) const { return m_min[index(axis)]; }
     double max(int axis) const { return m_max[index(axis)]; }
+
+    /// From one limit to the other, in data units.
+    double length(int axis) const { return max(axis) - min(axis); }
 
     /// Position in the scene of a value on an axis.
     double toScene(int axis, double value) const;
@@ -30,10 +34,13 @@ public:
     /// Length in data units of one unit of the scene.
     double unit(int axis) const { return m_unit[index(axis)]; }
 
-    /// Whether the axes have scales of their own.
-    bool isStretched() const { return m_stretched; }
+    /// Whether lengths along one axis do not look like the same lengths along another.
+    bool isStretched() const;
 
-    bool operator==(PlotSpace const& other) const { return m_min == other.m_min && m_max == other.m_max; }
+    bool operator==(PlotSpace const& other) const
+    {
+        return m_min == other.m_min && m_max == other.m_max && m_unit == other.m_unit;
+    }
     bool operator!=(PlotSpace const& other) const { return !(*this == other); }
 
 private:
@@ -43,7 +50,6 @@ private:
     std::array<double, 3> m_max{};
     std::array<double, 3> m_centre{};
     std::array<double, 3> m_unit{1.0, 1.0, 1.0}; ///< length in data units of one unit of the scene
-    bool m_stretched = false;
 };
 
 } // namespace veldraw::app

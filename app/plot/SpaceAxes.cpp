@@ -2,6 +2,7 @@
 
 #include "app/plot/AxisTicks.h"
 #include "app/plot/PlotTheme.h"
+#include "app/plot/TextFit.h"
 
 #include <vtkCellArray.h>
 #include <vtkMatrix4x4.h>
@@ -190,55 +191,72 @@ void SpaceAxes::labelEdge(std::size_t axis, Edge const& edge)
     for (std::size_t n = 0; n < ticks.values.size(); n += std::max<std::size_t>(every, 1)) {
         Point at = edge.from;
         at[axis] = m_space.toScene(number, ticks.values[n]);
-        addText(ticks.labels[n], project(at) + outward * (8.0 * m_ratio), outward, false);
+        addNumber(ticks.labels[n], project(at) + outward * (8.0 * m_ratio), outward);
         widest = std::max(widest, ticks.labels[n].size());
     }
     double const room = 26.0 + 7.5 * static_cast<double>(widest) * std::abs(outward.x()) + 8.0 * std::abs(outward.y());
-    addText(m_names[axis].toStdString(), middle + outward * (room * m_ratio), outward, true);
+    addName(m_names[axis], middle + outward * (room * m_ratio), outward);
 }
 
-// Where a text stands, estimated from its length; exact is not needed to keep texts apart.
-QRectF SpaceAxes::roomFor(std::string const& text, QPointF const& at, QPointF const& outward) const
+// Where a text stands; one that would leave the stage is pushed back into it.
+QRectF SpaceAxes::roomFor(QSizeF const& size, QPointF const& at, QPointF const& outward) const
 {
-    QSizeF const size(7.6 * static_cast<double>(text.size()) * m_ratio, 14.0 * m_ratio);
     QPointF const shift(outward.x() < -0.45  ? -1.0
                         : outward.x() > 0.45 ? 0.0
                                              : -0.5,
                         outward.y() < -0.45  ? -1.0
                         : outward.y() > 0.45 ? 0.0
                                              : -0.5);
-    return {at + QPointF(shift.x() * size.width(), shift.y() * size.height()), size};
+    QRectF room(at + QPointF(shift.x() * size.width(), shift.y() * size.height()), size);
+    double const air = 3.0 * m_ratio;
+    room.moveLeft(std::max(air, std::min(room.left(), m_width - air - size.width())));
+    room.moveTop(std::max(air, std::min(room.top(), m_height - air - size.height())));
+    return room;
 }
 
-void SpaceAxes::addText(std::string const& text, QPointF const& at, QPointF const& outward, bool isName)
+vtkTextActor& SpaceAxes::nextText()
 {
-    QRectF const room = roomFor(text, at, outward);
-    bool const isFree =
-        std::none_of(m_taken.begin(), m_taken.end(), [&room](QRectF const& r) { return r.intersects(room); });
-    if (!isName && !isFree)
-        return;
-    m_taken.push_back(room);
     if (m_textCount == m_texts.size()) {
         m_texts.push_back(vtkSmartPointer<vtkTextActor>::New());
         m_texts.back()->PickableOff();
         m_texts.back()->GetPositionCoordinate()->SetCoordinateSystemToViewport();
+        m_texts.back()->GetTextProperty()->SetJustificationToCentered();
+        m_texts.back()->GetTextProperty()->SetVerticalJustificationToCentered();
         m_stage.AddActor2D(m_texts.back());
     }
-    vtkTextActor& actor = *m_texts[m_textCount++];
+    return *m_texts[m_textCount];
+}
+
+void SpaceAxes::addNumber(std::string const& text, QPointF const& at, QPointF const& outward)
+{
+    vtkTextActor& actor = nextText();
+    PlotTheme::apply(*actor.GetTextProperty(), PlotTheme::quietText(), PlotTheme::labelSize);
+    show(actor, QString::fromStdString(text), at, outward, false);
+}
+
+void SpaceAxes::addName(QString const& name, QPointF const& at, QPointF const& outward)
+{
+    constexpr int mostLines = 3;
+    vtkTextActor& actor = nextText();
     vtkTextProperty& property = *actor.GetTextProperty();
-    if (isName)
-        PlotTheme::apply(property, PlotTheme::text(), PlotTheme::titleSize, true);
-    else
-        PlotTheme::apply(property, PlotTheme::quietText(), PlotTheme::labelSize);
-    property.SetJustification(outward.x() < -0.45  ? VTK_TEXT_RIGHT
-                              : outward.x() > 0.45 ? VTK_TEXT_LEFT
-                                                   : VTK_TEXT_CENTERED);
-    property.SetVerticalJustification(outward.y() < -0.45  ? VTK_TEXT_TOP
-                                      : outward.y() > 0.45 ? VTK_TEXT_BOTTOM
-                                                           : VTK_TEXT_CENTERED);
-    actor.SetInput(text.c_str());
-    actor.SetPosition(std::round(at.x()), std::round(at.y()));
+    PlotTheme::apply(property, PlotTheme::text(), PlotTheme::titleSize, true);
+    TextFit const fit = TextFit::into(0.4 * m_width, name, property, m_ratio, mostLines);
+    property.SetFontSize(fit.size);
+    show(actor, fit.text, at, outward, true);
+}
+
+void SpaceAxes::show(vtkTextActor& actor, QString const& text, QPointF const& at, QPointF const& outward, bool always)
+{
+    QRectF const room = roomFor(TextFit::sizeOf(text, *actor.GetTextProperty(), m_ratio), at, outward);
+    bool const isFree =
+        std::none_of(m_taken.begin(), m_taken.end(), [&room](QRectF const& r) { return r.intersects(room); });
+    if (!always && !isFree)
+        return;
+    m_taken.push_back(room);
+    actor.SetInput(text.toUtf8().constData());
+    actor.SetPosition(std::round(room.center().x()), std::round(room.center().y()));
     actor.VisibilityOn();
+    ++m_textCount;
 }
 
 } // namespace veldraw::app

@@ -50,8 +50,11 @@ private:
     void drawFace(std::size_t normal, Point const& far, vtkPoints& points, vtkCellArray& lines) const;
     void labelEdge(std::size_t axis, Edge const& edge);
     /// Leaves a number out that would cover another text.
-    void addText(std::string const& text, QPointF const& at, QPointF const& outward, bool isName);
-    QRectF roomFor(std::string const& text, QPointF const& at, QPointF const& outward) const;
+    void addNumber(std::string const& text, QPointF const& at, QPointF const& outward);
+    void addName(QString const& name, QPointF const& at, QPointF const& outward);
+    void show(vtkTextActor& actor, QString const& text, QPointF const& at, QPointF const& outward, bool always);
+    vtkTextActor& nextText();
+    QRectF roomFor(QSizeF const& size, QPointF const& at, QPointF const& outward) const;
 
     vtkRenderer& m_stage;
     PlotSpace m_space;

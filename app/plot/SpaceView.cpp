@@ -37,9 +37,9 @@ void SpaceView::addLights()
     add(-0.9, 0.05, 0.7, 0.35);
 }
 
-FieldView::Margins SpaceView::margins() const
+QMarginsF SpaceView::margins() const
 {
-    return {0.0, 0.0, hasLegend() ? 124.0 : 0.0, 0.0};
+    return {0.0, 0.0, legendWidth(), 0.0};
 }
 
 void SpaceView::setArea(ViewArea const& viewArea)

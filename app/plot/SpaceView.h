@@ -18,7 +18,7 @@ public:
     void zoom(double factor, QPointF const& at) override;
 
 protected:
-    Margins margins() const override;
+    QMarginsF margins() const override;
     void updateAxes(std::array<QString, 3> const& names) override;
     void carryView(PlotSpace const& before) override;
 

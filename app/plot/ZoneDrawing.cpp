@@ -53,10 +53,12 @@ double distance(std::array<double, 3> const& a, std::array<double, 3> const& b)
     return std::sqrt((a[0] - b[0]) * (a[0] - b[0]) + (a[1] - b[1]) * (a[1] - b[1]) + (a[2] - b[2]) * (a[2] - b[2]));
 }
 
-// A one-dimensional ordered zone is a curve or a list of scattered points; nothing but the points themselves can tell.
+// A one-dimensional ordered zone is a curve or a list of scattered points; where its file did not say which, the points tell.
 // On a curve neighbours are close compared with the whole, or there are few and the way along them is short.
 bool isScattered(kernel::Zone const& zone, Positions const& positions, FieldLook const& look)
 {
+    if (zone.isScattered)
+        return true;
     if (zone.dimensionality() > 1 || zone.pointCount() < 3)
         return zone.pointCount() < 2;
     std::array<double, 3> low = {1e30, 1e30, 1e30};
@@ -256,6 +258,15 @@ void ZoneDrawing::colour(vtkPolyData& drawing, kernel::Field const& field, Field
         drawing.GetPointData()->SetScalars(shares);
     else
         drawing.GetCellData()->SetScalars(shares);
+}
+
+void ZoneDrawing::setDepthOrder(std::size_t position, std::size_t count)
+{
+    // As far from its neighbours as 50 zones stand, if there are no more: nearer ones a wall between them would not hide.
+    constexpr double usual = 50.0;
+    if (count > 1)
+        m_mapper->setDepthOrder(static_cast<double>(count - 1 - position) /
+                                std::max(usual, static_cast<double>(count)));
 }
 
 void ZoneDrawing::styleActor(FieldLook const& look)

@@ -43,6 +43,10 @@ public:
     /// which variable that is.
     void recolour(kernel::DataSet const& dataSet, FieldLook const& look);
 
+    /// Has surfaces of several zones at the same place shown in a firm order, the last zone over the others, in place of a pattern
+    /// that flickers. @param position of this zone among @p count, from 0
+    void setDepthOrder(std::size_t position, std::size_t count);
+
     vtkActor* actor() const { return m_actor; }
     int zoneNumber() const { return m_zone; }
 

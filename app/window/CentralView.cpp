@@ -11,7 +11,7 @@ CentralView CentralView::ofPage(kernel::Session& session)
     view.widget = page;
     view.fitActiveFrame = [page] { page->fitActiveFrame(); };
     view.fitAllFrames = [page] { page->fitAllFrames(); };
-    view.grabImage = [page] { return page->grabImage(); };
+    view.grabImage = [page] { return page->takePicture(); };
     return view;
 }
 

@@ -19,6 +19,7 @@ struct CentralView
     QWidget* widget = nullptr; ///< becomes the main window's
     std::function<void()> fitActiveFrame = [] {};
     std::function<void()> fitAllFrames = [] {};
+    /// The page without borders and headers.
     std::function<QImage()> grabImage = [] { return QImage(); };
 
     /// The page of @p session, drawn by VTK.

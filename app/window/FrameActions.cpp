@@ -36,9 +36,17 @@ FrameActions::FrameActions(kernel::Session& session, QObject* parent)
                             return withActiveFrame(
                                 [this](auto& frame) { return m_session.setShowMesh(frame.id, m_mesh->isChecked()); });
                         }))
+    , m_stretchAxes(makeAction("stretchAxesAction", {}, QStringLiteral("Str&etch Axes"),
+                               [this] {
+                                   return withActiveFrame([this](auto& frame) {
+                                       return m_session.setStretchAxes(frame.id, m_stretchAxes->isChecked());
+                                   });
+                               }))
     , m_follower(session, [this] { refresh(); })
 {
     makePlotTypes();
+    m_stretchAxes->setCheckable(true);
+    m_stretchAxes->setToolTip(QStringLiteral("Give each axis a scale of its own, so that the plot fills the frame"));
     m_contour->setCheckable(true);
     m_mesh->setCheckable(true);
     m_newFrame->setShortcut(Qt::CTRL + Qt::Key_N);
@@ -137,6 +145,8 @@ void FrameActions::refresh()
     }
     m_contour->setEnabled(isField);
     m_mesh->setEnabled(isField);
+    m_stretchAxes->setEnabled(isField);
+    m_stretchAxes->setChecked(isField && frame->stretchAxes);
     m_contour->setChecked(isField && frame->showContour);
     m_mesh->setChecked(isField && frame->showMesh);
 }

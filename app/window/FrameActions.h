@@ -13,7 +13,7 @@ class QActionGroup;
 
 namespace veldraw::app {
 
-/// What can be done with frames and how the active one is plotted: new, delete, tile, plot type, contour, mesh.
+/// What can be done with frames and how the active one is plotted: new, delete, tile, plot type, contour, mesh, proportions.
 /// The checks and states follow the session. Everything is refused while an AppLock is held.
 class FrameActions : public QObject
 {
@@ -29,6 +29,7 @@ public:
     QAction& plotType(PlotType_e type) { return *m_plotTypes.at(type); }
     QAction& contour() { return *m_contour; }
     QAction& mesh() { return *m_mesh; }
+    QAction& stretchAxes() { return *m_stretchAxes; }
 
 Q_SIGNALS:
     /// The session did not do what was asked for.
@@ -50,6 +51,7 @@ private:
     QAction* m_nextFrame;
     QAction* m_contour;
     QAction* m_mesh;
+    QAction* m_stretchAxes;
     std::map<PlotType_e, QAction*> m_plotTypes;
     SessionFollower m_follower;
 };

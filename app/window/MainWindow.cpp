@@ -143,7 +143,7 @@ void MainWindow::makePlotMenu()
     for (PlotType_e const type : plotTypes)
         menu.addAction(&m_frames.plotType(type));
     menu.addSeparator();
-    menu.addActions({&m_frames.contour(), &m_frames.mesh()});
+    menu.addActions({&m_frames.contour(), &m_frames.mesh(), &m_frames.stretchAxes()});
     menu.addSeparator();
     menu.addActions({&m_plots.assignAxes(), &m_plots.assignVector(), &m_docks->focusOnPlot()});
 }

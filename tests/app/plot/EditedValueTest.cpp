@@ -104,7 +104,7 @@ TEST_P(EditedValue, OfTheContourColoursItsPlaceInTheSameRange)
 TEST_P(EditedValue, OfTheContourWidensTheRangeOfTheColours)
 {
     expectShown(page.frame().variableNumber('C'), 1, 1e3);
-    EXPECT_EQ(page.field().legend().GetLookupTable()->GetRange()[1], 1e3);
+    EXPECT_EQ(page.field().legend().max(), 1e3);
 }
 
 TEST_P(EditedValue, OfTheContourIsShownAsInAFreshPictureButTheShapeIsKept)
@@ -205,7 +205,7 @@ TEST(EditedValueOfTheContour, BringsTheLegendWhereThereWereNoValues)
     ASSERT_TRUE(page.session().setValue(*set, 1, 4, 4, 7.0, false));
     page.picture();
     EXPECT_EQ(page.notice(), QString());
-    EXPECT_TRUE(page.field().legend().GetVisibility());
+    EXPECT_TRUE(page.field().legend().isShown());
     ASSERT_TRUE(page.session().undo());
     page.picture();
     EXPECT_EQ(page.notice(), gap);

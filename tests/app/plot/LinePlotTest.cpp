@@ -5,9 +5,12 @@
 
 #include <vtkAxis.h>
 #include <vtkPlot.h>
+#include <vtkStringArray.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <limits>
 
@@ -45,6 +48,47 @@ TEST(LinePlot, SpansTheValues)
     EXPECT_LE(bottom.GetMinimum(), 0.0);
     EXPECT_GE(bottom.GetMaximum(), 4.0 * 3.14159);
     EXPECT_LT(width(bottom), 4.0 * 3.15 * 1.1);
+}
+
+TEST(LinePlot, HasRoundNumbersAtItsAxes)
+{
+    auto const set = SampleData::waves(101);
+    auto& x = set->field(1, 1)->group()->writableBuffer();
+    for (std::int64_t n = 0; n < x.size(); ++n)
+        x.setValue(n, -0.3 + 0.006 * static_cast<double>(n));
+    PlotTestPage page({SampleData::waveFrame(set)});
+    page.picture("line-round");
+    vtkStringArray& labels = *page.lines().chart().GetAxis(vtkAxis::BOTTOM)->GetTickLabels();
+    ASSERT_GT(labels.GetNumberOfValues(), 4);
+    for (vtkIdType n = 0; n < labels.GetNumberOfValues(); ++n)
+        EXPECT_THAT(labels.GetValue(n), testing::MatchesRegex("-?0\\.[0-9][0-9]?")) << "not -2e-15";
+    page.wheel(page.at(0.5, 0.5), 12);
+    EXPECT_GT(page.lines().chart().GetAxis(vtkAxis::BOTTOM)->GetTickLabels()->GetNumberOfValues(), 4)
+        << "also where the view is enlarged";
+}
+
+TEST(LinePlot, ShowsLongNamesWhole)
+{
+    auto const set = SampleData::waves(101);
+    std::string const time = "simulated physical time since the start of the pump in seconds";
+    std::string const force = "time_averaged_axial_force_on_the_first_row_of_blades_in_newtons_Z";
+    PlotTestPage page({SampleData::waveFrame(set)}, {420, 380});
+    ASSERT_TRUE(page.session().renameVariable(*set, 1, time));
+    ASSERT_TRUE(page.session().renameVariable(*set, 2, force));
+    ASSERT_TRUE(page.session().deleteLineMaps(page.frame().id, {2}));
+    ASSERT_TRUE(page.session().changeLineMaps(page.frame().id, {1}, [](kernel::LineMap& map) { map.name.clear(); }));
+    QImage const plot = page.plot(0, "line-long-names");
+    auto const whole = [](std::string text) {
+        std::replace(text.begin(), text.end(), '\n', ' ');
+        return text;
+    };
+    EXPECT_EQ(whole(page.lines().chart().GetAxis(vtkAxis::BOTTOM)->GetTitle()), time);
+    std::string shown = page.lines().chart().GetAxis(vtkAxis::LEFT)->GetTitle();
+    shown.erase(std::remove(shown.begin(), shown.end(), '\n'), shown.end());
+    EXPECT_EQ(shown, force);
+    EXPECT_EQ(PlotTestPage::inkedPixels(plot.copy(0, 0, 3, plot.height())), 0) << "clear of the left edge";
+    EXPECT_EQ(PlotTestPage::inkedPixels(plot.copy(0, plot.height() - 3, plot.width(), 3)), 0) << "and of the lower";
+    EXPECT_EQ(PlotTestPage::inkedPixels(plot.copy(plot.width() - 3, 0, 3, plot.height())), 0) << "and of the right";
 }
 
 TEST(LinePlot, ShowsSymbolsInPlaceOfLines)

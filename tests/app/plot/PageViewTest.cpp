@@ -52,6 +52,43 @@ TEST(PageView, ShowsFramesSideBySide)
     EXPECT_FALSE(page.view().plotArea(page.frame(0).id).intersects(page.view().plotArea(page.frame(1).id)));
 }
 
+TEST(PageView, TakesAPictureWithoutBordersAndHeadersOfEveryFrameInItsPlace)
+{
+    PlotTestPage page(twoFrames(), {1200, 620});
+    QImage const screen = page.picture();
+    QImage const picture = page.view().takePicture();
+    picture.save(QStringLiteral(VELDRAW_PLOT_PICTURES) + QStringLiteral("/taken-picture.png"));
+    EXPECT_EQ(picture.size(), screen.size());
+    for (QColor const& colour : {app::PlotTheme::accent(), app::PlotTheme::accentHeader(), app::PlotTheme::desk()}) {
+        EXPECT_GT(PlotTestPage::pixelsNear(screen, colour, 1), 100) << colour.name().toStdString();
+        EXPECT_EQ(PlotTestPage::pixelsNear(picture, colour, 1), 0) << colour.name().toStdString();
+    }
+    QImage const left = picture.copy(0, 0, 600, 620);
+    QImage const right = picture.copy(600, 0, 600, 620);
+    EXPECT_GT(PlotTestPage::colouredPixels(left), 10000);
+    EXPECT_EQ(PlotTestPage::pixelsNear(left, app::PlotTheme::curve(1), 10), 0);
+    EXPECT_GT(PlotTestPage::pixelsNear(right, app::PlotTheme::curve(1), 30), 500);
+    EXPECT_LT(PlotTestPage::differingPixels(screen, page.picture()), 100)
+        << "the screen is as before, but for rounding";
+}
+
+TEST(PageView, TakesAPictureWithoutTheMarksOfWhatIsPicked)
+{
+    PlotTestPage page({SampleData::frame("Sheet", SampleData::sheet(21, 11), PlotType_Cartesian2D)});
+    page.click(page.at(0.5, 0.5));
+    QImage const screen = page.picture();
+    ASSERT_GT(PlotTestPage::pixelsNear(screen, app::PlotTheme::picked(), 20), 100);
+    EXPECT_EQ(PlotTestPage::pixelsNear(page.view().takePicture(), app::PlotTheme::picked(), 20), 0);
+    EXPECT_EQ(PlotTestPage::differingPixels(screen, page.picture()), 0);
+}
+
+TEST(PageView, TakesAPictureThatSaysWhatIsMissingInIt)
+{
+    PlotTestPage page({SampleData::frame("Sheet", SampleData::sheet(21, 11), PlotType_Cartesian2D)});
+    ASSERT_TRUE(page.session().deleteVariables(*page.frame().dataSet, {1}));
+    EXPECT_GT(PlotTestPage::inkedPixels(page.view().takePicture()), 200);
+}
+
 TEST(PageView, FillsALargerWindow)
 {
     PlotTestPage page(twoFrames(), {700, 420});

@@ -1,4 +1,3 @@
-#include "app/plot/AxisTicks.h"
 #include "app/plot/ColourMap.h"
 #include "app/plot/FiniteElementShape.h"
 #include "app/plot/OrderedShape.h"
@@ -116,7 +115,7 @@ TEST(FiniteElementShape, DrawsNothingOfAZoneWithoutCells)
 
 TEST(PlotSpace, MapsThereAndBackAtAnyScale)
 {
-    app::PlotSpace const space({1e6, -3e-9, 0.0}, {1e6 + 1e-3, 5e-9, 0.0});
+    app::PlotSpace const space({1e6, -3e-9, 0.0}, {1e6 + 1e-3, 5e-9, 0.0}, true);
     EXPECT_NEAR(space.toScene(0, 1e6 + 5e-4), 0.0, 1e-6);
     EXPECT_NEAR(space.toValue(0, space.toScene(0, 1e6 + 2e-4)), 1e6 + 2e-4, 1e-9);
     EXPECT_NEAR(space.toScene(1, 5e-9), 0.5, 1e-9);
@@ -125,13 +124,15 @@ TEST(PlotSpace, MapsThereAndBackAtAnyScale)
 
 TEST(PlotSpace, KeepsProportionsAndStandsExtremes)
 {
-    app::PlotSpace const plain({0.0, 0.0, 0.0}, {4.0, 1.0, 0.0});
+    app::PlotSpace const plain({0.0, 0.0, 0.0}, {4.0, 1.0, 0.0}, false);
     EXPECT_DOUBLE_EQ(plain.sceneHalf(0), 0.5);
     EXPECT_DOUBLE_EQ(plain.sceneHalf(1), 0.125);
+    EXPECT_FALSE(plain.isStretched());
+    EXPECT_DOUBLE_EQ(plain.length(0), 4.0);
     double const huge = std::numeric_limits<double>::max();
-    app::PlotSpace const wide({-huge, 0.0, 0.0}, {huge, 0.0, 0.0});
+    app::PlotSpace const wide({-huge, 0.0, 0.0}, {huge, 0.0, 0.0}, false);
     EXPECT_TRUE(std::isfinite(wide.sceneHalf(0)));
-    app::PlotSpace const point({2.0, 2.0, 2.0}, {2.0, 2.0, 2.0});
+    app::PlotSpace const point({2.0, 2.0, 2.0}, {2.0, 2.0, 2.0}, true);
     EXPECT_DOUBLE_EQ(point.sceneHalf(0), 0.0);
 }
 
@@ -149,15 +150,4 @@ TEST(ColourMap, GetsLighterInEvenSteps)
         }
         last = now;
     }
-}
-
-TEST(AxisTicks, AreRoundNumbersWithinTheLimits)
-{
-    auto const ticks = app::AxisTicks::create(-0.13, 1.04, 5);
-    EXPECT_EQ(ticks.labels, (std::vector<std::string>{"0.0", "0.5", "1.0"}));
-    EXPECT_EQ(app::AxisTicks::create(0.0, 2e6, 4).labels,
-              (std::vector<std::string>{"0", "5e+05", "1e+06", "1.5e+06", "2e+06"}));
-    EXPECT_EQ(app::AxisTicks::create(101000.0, 101400.0, 4).labels.front(), "101000");
-    EXPECT_TRUE(app::AxisTicks::create(1.0, 1.0, 5).values.empty());
-    EXPECT_TRUE(app::AxisTicks::create(1.0, std::nextafter(1.0, 2.0), 5).values.empty()) << "no numbers to tell apart";
 }

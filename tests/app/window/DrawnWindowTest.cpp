@@ -29,8 +29,7 @@ QString DrawnWindowTest::openSample(char const* name, void (*write)(std::string 
 
 DrawnWindowTest::Limits DrawnWindowTest::legendLimits()
 {
-    double const* const range = view().legend().GetLookupTable()->GetRange();
-    return {range[0], range[1]};
+    return {view().legend().min(), view().legend().max()};
 }
 
 QStringList DrawnWindowTest::column(char const* table, int number)

@@ -96,7 +96,7 @@ TEST_F(MenuTest, WithoutDataOnlyWhatNeedsNoneIsEnabled)
         EXPECT_TRUE(action(name).isEnabled()) << name;
     for (char const* name :
          {"saveAsAction", "savePictureAction", "undoAction", "redoAction", "fitAction", "deleteFrameAction",
-          "plotType2DAction", "contourAction", "meshAction", "deleteVariableAction"})
+          "plotType2DAction", "contourAction", "meshAction", "stretchAxesAction", "deleteVariableAction"})
         EXPECT_FALSE(action(name).isEnabled()) << name;
 }
 
@@ -105,7 +105,7 @@ TEST_F(MenuTest, DataEnablesWhatNeedsSome)
     showWindow();
     openFlow();
     for (char const* name : {"saveAsAction", "savePictureAction", "fitAction", "deleteFrameAction", "plotType2DAction",
-                             "contourAction", "meshAction", "deleteVariableAction"})
+                             "contourAction", "meshAction", "stretchAxesAction", "deleteVariableAction"})
         EXPECT_TRUE(action(name).isEnabled()) << name;
 }
 
@@ -116,6 +116,7 @@ TEST_F(MenuTest, LayersBelongToFieldPlots)
     EXPECT_TRUE(action("plotTypeLineAction").isChecked());
     EXPECT_FALSE(action("contourAction").isEnabled());
     EXPECT_FALSE(action("meshAction").isEnabled());
+    EXPECT_FALSE(action("stretchAxesAction").isEnabled());
 }
 
 TEST_F(MenuTest, ADataOperationFollowsItsRule)
@@ -222,6 +223,21 @@ TEST_F(MenuTest, LayersAreSwitchedAndFollowTheSession)
     session.setShowContour(session.activeFrame()->id, false);
     settle();
     EXPECT_FALSE(action("contourAction").isChecked());
+}
+
+TEST_F(MenuTest, TheAxesAreStretchedAndTheCheckFollowsTheSession)
+{
+    openFlow();
+    showWindow();
+    EXPECT_FALSE(action("stretchAxesAction").isChecked());
+    action("stretchAxesAction").trigger();
+    settle();
+    EXPECT_TRUE(session.activeFrame()->stretchAxes);
+    EXPECT_TRUE(action("stretchAxesAction").isChecked());
+    action("undoAction").trigger();
+    settle();
+    EXPECT_FALSE(session.activeFrame()->stretchAxes);
+    EXPECT_FALSE(action("stretchAxesAction").isChecked());
 }
 
 TEST_F(MenuTest, KeysMoveTheFocusToTheLists)

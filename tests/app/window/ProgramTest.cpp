@@ -252,6 +252,9 @@ TEST_F(ProgramTest, MakesAPictureOnAVirtualDisplay)
         for (int x = 0; x < picture.width(); x += 3)
             colours.insert(picture.pixel(x, y));
     EXPECT_GT(colours.size(), 10);
+    for (int x = 0; x < 200; ++x)
+        for (int y = 0; y < 20; ++y)
+            ASSERT_EQ(picture.pixel(x, y), qRgb(255, 255, 255)) << "a border or a header at " << x << ", " << y;
 }
 
 } // namespace veldraw::tests

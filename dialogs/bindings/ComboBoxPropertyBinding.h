@@ -28,7 +28,7 @@ namespace veldraw::sdk::ui::dialogs::propertybindings {
 ///
 /// When the list changes as a whole, Qt moves the box to another row, which is not a choice of the user's: the property
 /// doesn't hear of it. A value that has fallen out of the list by that moves to the first row that isn't a heading. A
-/// value that wasn't in the list before is left alone: it may be waiting for its item.
+/// value that wasn't in the list before is left alone: it may be waiting for its item. A heading is never a choice.
 ///
 /// A combo box that is editable commits its text as a line edit does. What the property throws when a row is chosen goes
 /// to whoever chose; the box shows the property's value again at idle.

@@ -151,7 +151,8 @@ void ComboBoxPropertyBinding<T>::updateWidgetSensitivity()
 template <typename T>
 void ComboBoxPropertyBinding<T>::currentIndexChanged(int index)
 {
-    if (index == -1 || m_modelResetInProgress || !showsOurList())
+    // Qt stands on a heading where there is nothing else; nobody can have chosen it.
+    if (index == -1 || m_modelResetInProgress || !showsOurList() || m_comboModel->isHeader(index))
         return;
     QPointer<QObject> const self = m_observable.get();
     try {

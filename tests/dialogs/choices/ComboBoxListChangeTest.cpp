@@ -68,6 +68,30 @@ TEST_F(ComboBoxListChangeTest, KeepsTheValueWhenAllItemsAreHeadings)
     bind();
     list->reset({{0, "Zones", true}, {1, "Maps", true}});
     EXPECT_EQ(property->stores, "");
+    IdleDispatcher::flush();
+    EXPECT_EQ(property->stores, "");
+    list->reset(ScriptedList::numbered(4));
+    IdleDispatcher::flush();
+    EXPECT_EQ(property->stores, "");
+    EXPECT_EQ(look(), "1 2 [3] 4");
+}
+
+TEST_F(ComboBoxListChangeTest, KeepsTheValueWhenRowsGoUntilOnlyHeadingsAreLeft)
+{
+    list->reset({{0, "Zones", true}, {3, "3"}, {4, "4"}});
+    bind();
+    list->remove(1, 2);
+    IdleDispatcher::flush();
+    EXPECT_EQ(property->stores, "");
+}
+
+TEST_F(ComboBoxListChangeTest, KeepsAWaitingValueOverAListThatStartsWithAHeading)
+{
+    property = boost::make_shared<NotedProperty>(7);
+    bind();
+    list->reset({{0, "Zones", true}, {8, "8"}});
+    IdleDispatcher::flush();
+    EXPECT_EQ(property->stores, "");
 }
 
 TEST_F(ComboBoxListChangeTest, KeepsTheValueOverAnEmptyListAndShowsItWhenItIsBack)

@@ -59,6 +59,14 @@ TEST_F(ComboBoxPropertyBindingTest, ShowsTheFirstRowForAValueThatTheListLacksAnd
     EXPECT_EQ(property->value(), 77);
 }
 
+TEST_F(ComboBoxPropertyBindingTest, KeepsTheValueWhenItStartsOverHeadingsOnly)
+{
+    list->reset({{0, "Zones", true}, {1, "Maps", true}});
+    bind();
+    IdleDispatcher::flush();
+    EXPECT_EQ(property->stores, "");
+}
+
 TEST_F(ComboBoxPropertyBindingTest, StartsOnTheValueBehindHeadings)
 {
     list->reset({{0, "Zones", true}, {3, "three"}, {0, "Maps", true}, {4, "four"}});

@@ -31,6 +31,12 @@ void PreMappedDecorator<T>::storeValue(std::string const&)
 }
 
 template <typename T>
+bool PreMappedDecorator<T>::isEqual(std::string const&) const
+{
+    return true;
+}
+
+template <typename T>
 std::string PreMappedDecorator<T>::retrieveValue() const
 {
     T const value = this->decoratedValue();

@@ -8,7 +8,11 @@
 
 namespace veldraw {
 
-/// Shows a property's value as the label that a fixed list has for it. For reading only: a set has no effect.
+/// Shows a property's value as the label that a fixed list has for it. For reading only: a set has no effect and tells
+/// nobody.
+///
+/// Who listens wants the label of each new value: a value that the list does not have then fails the decorated property's
+/// set, after its store.
 template <typename T>
 class PreMappedDecorator : public sdk::ui::propertymanager::UIStylePropertyDecoratorAbstract<std::string, T>
 {
@@ -25,6 +29,8 @@ public:
 
 protected:
     void storeValue(std::string const& newValue) override;
+    /// True, so that a set is over before anything is told: none makes a difference.
+    bool isEqual(std::string const& other) const override;
 
 private:
     /// Throws `std::out_of_range` for a value that the list does not have.

@@ -10,7 +10,7 @@ template <typename T, typename U>
 UIStylePropertyDecoratorAbstract<T, U>::UIStylePropertyDecoratorAbstract(
     boost::shared_ptr<UIStylePropertyAbstract<U>> decorated)
     : m_decorated(std::move(decorated))
-    , m_valueConnection(m_decorated->connectValueChanged([this](U const&) { this->signalValueChanged(this->value()); }))
+    , m_valueConnection(m_decorated->connectValueChanged([this](U const&) { tellListeners(); }))
     , m_visibilityConnection(m_decorated->connectVisibilityChanged([this] { this->signalVisibilityChanged(); }))
     , m_sensitivityConnection(m_decorated->connectSensitivityChanged([this] { this->signalSensitivityChanged(); }))
 {
@@ -76,6 +76,13 @@ void UIStylePropertyDecoratorAbstract<T, U>::setDecoratedValue(U const& newValue
 {
     boost::signals2::shared_connection_block const noEcho(m_valueConnection);
     m_decorated->setValue(newValue);
+}
+
+template <typename T, typename U>
+void UIStylePropertyDecoratorAbstract<T, U>::tellListeners() const
+{
+    if (this->valueChangedListenerCount() > 0 || this->signalPropertyChanged.num_slots() > 0)
+        this->signalValueChanged(this->value());
 }
 
 template class UIStylePropertyDecoratorAbstract<std::string, double>;

@@ -11,7 +11,7 @@ namespace veldraw::sdk::ui::propertymanager {
 /// sensitivity are those of the decorated property.
 ///
 /// Changes of the decorated property, of its value as of its state, are told to the decorator's listeners too. A set
-/// through the decorator is told once.
+/// through the decorator is told once. While nobody listens, nothing is converted.
 template <typename T, typename U>
 class UIStylePropertyDecoratorAbstract : public UIStylePropertyAbstract<T>
 {
@@ -38,6 +38,9 @@ protected:
     void setDecoratedValue(U const& newValue);
 
 private:
+    // A value that can't be converted must not fail a set that nobody wants to hear of.
+    void tellListeners() const;
+
     boost::shared_ptr<UIStylePropertyAbstract<U>> m_decorated;
     boost::signals2::scoped_connection m_valueConnection;
     boost::signals2::scoped_connection m_visibilityConnection;

@@ -14,7 +14,6 @@ namespace veldraw::tests {
 using sdk::ui::propertymanager::SimpleBooleanRelevance;
 using sdk::ui::propertymanager::UILocalStyleProperty;
 using sdk::ui::propertymanager::UIStylePropertyDecoratorAbstract;
-using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -144,20 +143,42 @@ TEST_F(PreMappedDecoratorTest, TellsTheLabelOfANewValue)
     EXPECT_THAT(heard, ElementsAre("Loaded"));
 }
 
-TEST_F(PreMappedDecoratorTest, IgnoresASet)
+TEST_F(PreMappedDecoratorTest, IgnoresASetAndTellsNothingOfIt)
 {
-    std::vector<std::string> heard;
-    label.connectValueChanged([&heard](std::string const& value) { heard.push_back(value); });
+    int heard = 0;
+    label.connectValueChanged([&heard](std::string const&) { ++heard; });
+    label.connectPropertyChanged([&heard] { ++heard; });
     label.setValue("Loaded");
+    label = std::string("no label at all");
     EXPECT_EQ(label.value(), "Not Loaded");
     EXPECT_EQ(status->value(), VarStatus_NotLoaded);
-    EXPECT_THAT(heard, Each("Not Loaded"));
+    EXPECT_EQ(heard, 0);
+}
+
+TEST_F(PreMappedDecoratorTest, LetsThePropertyTakeAnyValueWhileNobodyListens)
+{
+    EXPECT_NO_THROW(status->setValue(VarStatus_Custom));
+    EXPECT_EQ(status->value(), VarStatus_Custom);
+}
+
+TEST_F(PreMappedDecoratorTest, FailsTheSetOfAValueWithoutALabelWhenSomebodyListens)
+{
+    std::string heard;
+    boost::signals2::connection const listener =
+        label.connectValueChanged([&heard](std::string const& value) { heard += value + "; "; });
+    EXPECT_THROW(status->setValue(VarStatus_Custom), std::out_of_range);
+    EXPECT_EQ(status->value(), VarStatus_Custom);
+    listener.disconnect();
+    EXPECT_NO_THROW(status->setValue(VarStatus_NotLoaded));
+    boost::signals2::scoped_connection const untyped = label.connectPropertyChanged([&heard] { heard += "changed"; });
+    status->setValue(VarStatus_Loaded);
+    EXPECT_EQ(heard, "changed");
+    EXPECT_THROW(status->setValue(VarStatus_Custom), std::out_of_range);
 }
 
 TEST_F(PreMappedDecoratorTest, ThrowsForAValueThatItsListDoesNotHave)
 {
-    EXPECT_THROW(status->setValue(VarStatus_Custom), std::out_of_range); // it asks for the label to tell it
-    EXPECT_EQ(status->value(), VarStatus_Custom);
+    status->setValue(VarStatus_Custom);
     try {
         label.value();
         FAIL() << "answered";

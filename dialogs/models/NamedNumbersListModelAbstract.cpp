@@ -1,5 +1,7 @@
 #include "dialogs/models/NamedNumbersListModelAbstract.h"
 
+#include <boost/shared_ptr.hpp>
+
 #include <cstddef>
 #include <utility>
 
@@ -36,6 +38,8 @@ NamedNumbers const& NamedNumbersListModelAbstract::shown() const
 
 void NamedNumbersListModelAbstract::show(NamedNumbers&& snapshot) const
 {
+    // A listener may give this list up: behind a proxy, by choosing another one.
+    boost::shared_ptr<NamedNumbersListModelAbstract const> const aliveWhileItTells = weak_from_this().lock();
     NamedNumbers const before = std::exchange(m_shown, std::move(snapshot));
     if (m_shown.numbers != before.numbers) {
         signalDataChanged();

@@ -3,11 +3,16 @@
 #include "dialogs/models/ListModelAbstract.h"
 #include "dialogs/models/NamedNumbers.h"
 
+#include <boost/enable_shared_from_this.hpp>
+
 namespace veldraw::sdk::ui::dialogs::propertybindings::models {
 
 /// A list over a snapshot of numbered, named things of the kernel. The snapshot changes only when a derived class shows
 /// a new one, so rows never move between two signals.
-class NamedNumbersListModelAbstract : public ListModelAbstract<int>
+///
+/// A listener may drop the last reference to a shared list: the list lives until it has told everybody.
+class NamedNumbersListModelAbstract : public ListModelAbstract<int>,
+                                      public boost::enable_shared_from_this<NamedNumbersListModelAbstract>
 {
 public:
     int size() const override;

@@ -1,5 +1,11 @@
 #include "dialogs/models/ListModelProxy.h"
+#include "dialogs/models/NamedNumbersListModelAbstract.h"
+#include "dialogs/models/ZoneListModelGroupableByStrand.h"
+#include "tests/dialogs/models/ListLog.h"
+#include "tests/dialogs/models/Rows.h"
+#include "tests/dialogs/models/SampleSession.h"
 #include "tests/dialogs/models/ScriptedList.h"
+#include "tests/dialogs/support/FakeStateChange.h"
 
 #include <boost/make_shared.hpp>
 
@@ -12,6 +18,9 @@ namespace {
 
 using sdk::ui::dialogs::propertybindings::models::ListModelInterface;
 using sdk::ui::dialogs::propertybindings::models::ListModelProxy;
+using sdk::ui::dialogs::propertybindings::models::NamedNumbersListModelAbstract;
+using sdk::ui::dialogs::propertybindings::models::ZoneListModelGroupableByStrand;
+using tests::FakeStateChange;
 
 /// Writes a letter at each change of a list, for as long as it lives.
 class Listener
@@ -64,6 +73,53 @@ TEST(ListModelInItsSignal, MayBeGivenUpByAProxyThatIsDestroyed)
     Listener const last(*list, order, 'l');
     list->reset(ScriptedList::numbered(2));
     EXPECT_EQ(order, "l");
+}
+
+/// Two names that change together.
+class TwoNames : public NamedNumbersListModelAbstract
+{
+public:
+    explicit TwoNames(bool& isAlive)
+        : m_isAlive(isAlive)
+    {
+        m_isAlive = true;
+        call("a", "b");
+    }
+    ~TwoNames() override { m_isAlive = false; }
+
+    void call(std::string const& first, std::string const& second) const { show({{1, 2}, {first, second}}); }
+
+private:
+    bool& m_isAlive;
+};
+
+TEST(ListModelInItsSignal, LivesUntilItHasToldEverybodyWhenAListenerGivesItUp)
+{
+    bool isAlive = false;
+    std::string told;
+    auto list = boost::make_shared<TwoNames>(isAlive);
+    TwoNames const& watched = *list;
+    boost::signals2::scoped_connection const first = watched.connectItemChanged([&](int row) {
+        list.reset();
+        told += std::to_string(row) + (isAlive ? " alive; " : " gone; ");
+    });
+    watched.call("c", "d");
+    EXPECT_EQ(told, "0 alive; 1 alive; ");
+    EXPECT_FALSE(isAlive);
+}
+
+TEST(ListModelInItsSignal, MayBeReplacedByAnotherGroupingWhileItTellsSeveralNames)
+{
+    SampleSession const sample({"Wing", "Body", "Tail"}, {"X"});
+    ZoneListModelGroupableByStrand const zones;
+    ListLog log(zones);
+    boost::signals2::scoped_connection const connection =
+        zones.connectItemChanged([&zones](int) { zones.groupByTimeStrand()->setValue(true); });
+    for (int zone = 1; zone <= 3; ++zone)
+        sample.dataSet().zone(zone)->name += " (old)";
+    FakeStateChange(StateChange_ZonesRenamed).send();
+    EXPECT_EQ(log.take(), "item 0; data");
+    EXPECT_EQ(rows(zones), "1=1: Wing (old) | 2=2: Body (old) | 3=3: Tail (old)");
 }
 
 } // namespace

@@ -1,14 +1,33 @@
 #include "platform/vdsdkcommon/StateChangeEventObservable.h"
 
 #include "host/MessageLog.h"
+#include "kernel/frames/Session.h"
 #include "platform/vdtoolbox/StateChangeListenerInterface.h"
 
 #include <boost/signals2/expired_slot.hpp>
 
 #include <algorithm>
 #include <exception>
+#include <utility>
 
 namespace veldraw::sdk::integration {
+
+namespace {
+
+/// Sets a walk over frames aside for a scope: who hears of a change in the middle of it asks about the active frame.
+class FrameLoopAside
+{
+public:
+    FrameLoopAside() = default;
+    ~FrameLoopAside() { kernel::Session::instance().exchangeFrameLoop(std::move(m_loop)); }
+    FrameLoopAside(FrameLoopAside const&) = delete;
+    FrameLoopAside& operator=(FrameLoopAside const&) = delete;
+
+private:
+    kernel::FrameLoop m_loop = kernel::Session::instance().exchangeFrameLoop({});
+};
+
+} // namespace
 
 StateChangeEventObservable& StateChangeEventObservable::getInstance()
 {
@@ -46,6 +65,7 @@ boost::signals2::connection StateChangeEventObservable::connectStateChanged(Stat
 
 void StateChangeEventObservable::notify(toolbox::StateChangeEventInterface const& event)
 {
+    FrameLoopAside const aside;
     std::vector<Entry> const entries = m_listeners;
     for (Entry const& entry : entries) {
         if (!isPresent(entry.number))

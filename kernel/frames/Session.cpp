@@ -47,8 +47,8 @@ std::shared_ptr<Page> Session::activePage() const
 
 std::shared_ptr<Frame> Session::activeFrame() const
 {
-    if (m_loopPosition < m_loopFrames.size()) {
-        std::shared_ptr<Frame> walked = m_loopFrames[m_loopPosition].lock();
+    if (m_loop.position < m_loop.frames.size()) {
+        std::shared_ptr<Frame> walked = m_loop.frames[m_loop.position].lock();
         if (walked && pageOf(walked->id)) {
             return walked;
         }

@@ -2,6 +2,7 @@
 
 #include "kernel/events/EventHub.h"
 #include "kernel/frames/Display.h"
+#include "kernel/frames/FrameLoop.h"
 #include "kernel/frames/Page.h"
 #include "kernel/frames/Pick.h"
 #include "kernel/undo/History.h"
@@ -206,6 +207,8 @@ public:
     bool startFrameLoop();
     bool nextFrameInLoop(); ///< @return false, standing where it stood, when there is no further frame
     void endFrameLoop();
+    /// Puts another walk in the place of the present one, which it returns: an empty one sets the present one aside.
+    FrameLoop exchangeFrameLoop(FrameLoop loop);
 
     // ---- what the user does in the work area -----------------------------------------------------------------------
     std::vector<Pick> const& picks() const { return m_picks; }
@@ -291,8 +294,7 @@ private:
     History m_history;
     std::vector<std::shared_ptr<Page>> m_pages;
     UniqueId m_activePage = 0;
-    std::vector<std::weak_ptr<Frame>> m_loopFrames;
-    std::size_t m_loopPosition = 0;
+    FrameLoop m_loop;
     std::vector<Pick> m_picks;
     int m_mouseMode;
     std::atomic<bool> m_isInterrupted{false};

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace veldraw::kernel {
 
@@ -238,17 +239,17 @@ bool Session::startFrameLoop()
         if (!page || page->frames.empty()) {
             return refuse("There is no frame.");
         }
-        m_loopFrames.assign(page->frames.begin(), page->frames.end());
+        m_loop.frames.assign(page->frames.begin(), page->frames.end());
         return true;
     });
 }
 
 bool Session::nextFrameInLoop()
 {
-    for (std::size_t next = m_loopPosition + 1; next < m_loopFrames.size(); ++next) {
-        std::shared_ptr<Frame> const candidate = m_loopFrames[next].lock();
+    for (std::size_t next = m_loop.position + 1; next < m_loop.frames.size(); ++next) {
+        std::shared_ptr<Frame> const candidate = m_loop.frames[next].lock();
         if (candidate && pageOf(candidate->id)) {
-            m_loopPosition = next;
+            m_loop.position = next;
             return true;
         }
     }
@@ -257,8 +258,12 @@ bool Session::nextFrameInLoop()
 
 void Session::endFrameLoop()
 {
-    m_loopFrames.clear();
-    m_loopPosition = 0;
+    m_loop = {};
+}
+
+FrameLoop Session::exchangeFrameLoop(FrameLoop loop)
+{
+    return std::exchange(m_loop, std::move(loop));
 }
 
 } // namespace veldraw::kernel

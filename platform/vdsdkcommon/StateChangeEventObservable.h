@@ -19,7 +19,8 @@ namespace veldraw::sdk::integration {
 /// An event is delivered synchronously, listeners first, in the order in which they were added, then the signal's
 /// slots. A listener that is added during a delivery, or a slot that is connected while the slots are called, hears
 /// from the next event on; who is removed is not called any more. A listener or slot that throws does not keep the
-/// others from hearing the event.
+/// others from hearing the event. A lightweight frame loop that is running stands aside meanwhile: listeners find the
+/// active frame, and the loop goes on where it stood.
 class VELDRAW_PLATFORM_API StateChangeEventObservable
 {
 public:

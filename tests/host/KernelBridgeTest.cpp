@@ -4,6 +4,7 @@
 #include "host/MessageLog.h"
 #include "platform/vdsdkbase/VelUtilDataSet.h"
 #include "platform/vdsdkbase/VelUtilDataValue.h"
+#include "platform/vdsdkbase/VelUtilFrame.h"
 #include "platform/vdsdkbase/VelUtilZone.h"
 #include "platform/vdsdkcommon/AppLock.h"
 #include "platform/vdsdkcommon/DataSetQueries.h"
@@ -128,6 +129,27 @@ TEST_F(Bridge, EndsWhenTheKernelGoesDownByItself)
     session().goDown();
     session().clear();
     EXPECT_THAT(m_kinds, ElementsAre(15));
+}
+
+TEST_F(Bridge, SetsAFrameLoopAsideWhileItTellsAnEvent)
+{
+    auto const first = show(makeDataSet({"X"}), PlotType_XYLine);
+    auto const second = show(makeDataSet({"Y"}), PlotType_XYLine);
+    ASSERT_TRUE(VelUtilFrameLightweightLoopStart());
+    ASSERT_EQ(VelUtilFrameGetUniqueID(), first->id);
+    std::vector<long long> seen;
+    boost::signals2::scoped_connection const connection =
+        StateChangeEventObservable::getInstance().connectStateChanged([&seen](StateChangeEventInterface const&) {
+            seen.push_back(VelUtilFrameGetUniqueID());
+            VelUtilFrameLightweightLoopStart(); // a walk of the listener's own, which it forgets to end
+            VelUtilFrameLightweightLoopNext();
+        });
+    session().setTitle(*first->dataSet, "new");
+    EXPECT_THAT(seen, ElementsAre(second->id));
+    EXPECT_EQ(VelUtilFrameGetUniqueID(), first->id);
+    EXPECT_TRUE(VelUtilFrameLightweightLoopNext());
+    EXPECT_FALSE(VelUtilFrameLightweightLoopNext());
+    VelUtilFrameLightweightLoopEnd();
 }
 
 TEST_F(Bridge, TakesDownOnceWhySomethingCannotBeLoaded)

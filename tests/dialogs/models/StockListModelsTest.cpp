@@ -1,7 +1,11 @@
+#include "dialogs/models/EnabledVariablesListModel.h"
 #include "dialogs/models/LineMapListModel.h"
 #include "dialogs/models/NonSpatialVariablesListModel.h"
+#include "dialogs/models/ZoneListModel.h"
 #include "dialogs/models/ZoneListModelGroupableByStrand.h"
 #include "platform/vdsdkbase/VelUtilFieldMap.h"
+#include "platform/vdsdkbase/VelUtilFrame.h"
+#include "platform/vdsdkcommon/DataSetQueries.h"
 #include "tests/dialogs/models/ListLog.h"
 #include "tests/dialogs/models/Rows.h"
 #include "tests/dialogs/models/SampleSession.h"
@@ -13,6 +17,8 @@ namespace veldraw::test {
 namespace {
 
 using namespace sdk::ui::dialogs::propertybindings::models;
+using sdk::getEnabledVarsForFrame;
+using sdk::getEnabledZonesForFrame;
 using tests::FakeStateChange;
 
 // ---- variables that are no coordinates ----------------------------------------------------------------------------
@@ -258,6 +264,43 @@ TEST_F(LineMapListModelTest, SaysNothingWhenNothingItShowsHasChanged)
     for (int kind = 0; kind <= 51; ++kind)
         FakeStateChange(kind, {"LineMap"}).send();
     EXPECT_EQ(log.take(), "");
+}
+
+// ---- frame loops --------------------------------------------------------------------------------------------------
+
+TEST(StockListModels, BelongToTheActiveFrameWhenAnEventComesInTheMiddleOfAFrameLoop)
+{
+    SampleSession const sample({"Wing"}, {"X", "P"});
+    kernel::Session& session = sample.session();
+    auto const other = session.createFrame("Frame 002", kernel::Rectangle{0.0, 0.0, 2.0, 2.0});
+    ASSERT_TRUE(session.setFrameDataSet(other->id, SampleSession::makeDataSet({"A", "B"}, {"T"})));
+    ASSERT_TRUE(session.activateFrame(sample.frame()->id));
+    ZoneListModel const zones(getEnabledZonesForFrame, false);
+    EnabledVariablesListModel const variables(getEnabledVarsForFrame, false);
+    ZoneListModelGroupableByStrand const strands;
+    strands.groupByTimeStrand()->setValue(true);
+    LineMapListModel const lineMaps;
+    auto const all = [&] {
+        return rows(zones) + "; " + rows(variables) + "; " + rows(strands) + "; " + rows(lineMaps);
+    };
+    std::string const before = all();
+    ListLog zoneLog(zones), variableLog(variables), strandLog(strands), lineMapLog(lineMaps);
+
+    ASSERT_TRUE(VelUtilFrameLightweightLoopStart());
+    while (VelUtilFrameGetUniqueID() != other->id)
+        ASSERT_TRUE(VelUtilFrameLightweightLoopNext());
+    session.createLineMap(other->id);
+    session.renameZone(*other->dataSet, 1, "C");
+    session.setVariableEnabled(*other->dataSet, 1, false);
+    EXPECT_EQ(all(), before);
+    EXPECT_EQ(VelUtilFrameGetUniqueID(), other->id) << "the loop goes on where it stood";
+    session.renameZone(sample.dataSet(), 1, "Flap");
+    VelUtilFrameLightweightLoopEnd();
+
+    EXPECT_EQ(rows(zones), "1=1: Flap");
+    EXPECT_EQ(rows(strands), "1=1: Flap");
+    EXPECT_EQ(zoneLog.take() + "; " + strandLog.take(), "item 0; item 0");
+    EXPECT_EQ(variableLog.take() + lineMapLog.take(), "");
 }
 
 } // namespace

@@ -1,12 +1,14 @@
 #pragma once
 
+#include "dialogs/property/DialogsApi.h"
+
 namespace veldraw::sdk::ui::dialogs::propertybindings {
 
 /// The root of every binding: a tie between a widget and a property, for the life of a dialog.
 ///
 /// A dialog builds its bindings once, after the form, and keeps them as pointers to this class; it never reads or
 /// writes a widget itself. Bindings are destroyed with the dialog, before the widgets.
-class BindingInterface
+class VDSDKDIALOGS_DATA_QT_API BindingInterface
 {
 public:
     /// When a widget follows a change of its property.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dialogs/bindings/BindingInterface.h"
+#include "dialogs/property/DialogsApi.h"
 
 #include <QObject>
 
@@ -16,7 +17,7 @@ namespace veldraw::sdk::ui::dialogs::propertybindings {
 /// binding moves it to the button first, which commits the text. If the commit was refused, so that the focus is back
 /// in the field, the function does not run; a press of the mouse doesn't even push the button. What the function throws
 /// goes to the event loop's handler.
-class ButtonBinding : public QObject, public BindingInterface
+class VDSDKDIALOGS_DATA_QT_API ButtonBinding : public QObject, public BindingInterface
 {
 public:
     ButtonBinding(QAbstractButton& button, boost::function<void()> const& function);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dialogs/bindings/QObjectPropertyBinding.h"
+#include "dialogs/property/DialogsApi.h"
 
 #include <QPointer>
 
@@ -11,7 +12,7 @@ namespace veldraw::sdk::ui::dialogs::propertybindings {
 /// Ties a button that can be checked to a yes or no. The button follows the property at idle and tells nobody then; the
 /// user's click sets the property. A value that the property refuses is told in a message box, if the refusal has a
 /// text, and the button goes back.
-class CheckButtonPropertyBinding : public QObjectPropertyBinding<bool>
+class VDSDKDIALOGS_DATA_QT_API CheckButtonPropertyBinding : public QObjectPropertyBinding<bool>
 {
 public:
     /// Keeps the property alive.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dialogs/bindings/QObjectPropertyBinding.h"
+#include "dialogs/property/DialogsApi.h"
 
 #include <QPointer>
 
@@ -11,7 +12,7 @@ namespace veldraw::sdk::ui::dialogs::propertybindings {
 
 /// Shows a text in a label or on a button; nothing goes back to the property. The text is UTF-8 and is given to the widget
 /// as it is, mnemonics included; what looks like markup is shown as it is too, unless the form wants rich text.
-class LabelPropertyBinding : public QObjectPropertyBinding<std::string>
+class VDSDKDIALOGS_DATA_QT_API LabelPropertyBinding : public QObjectPropertyBinding<std::string>
 {
 public:
     /// Keeps the property alive.

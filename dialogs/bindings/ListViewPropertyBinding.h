@@ -3,6 +3,7 @@
 #include "dialogs/bindings/BindingInterface.h"
 #include "dialogs/bindings/ListViewPropertySynchronizer.h"
 #include "dialogs/bindings/QtSignalConnectionCollection.h"
+#include "dialogs/property/DialogsApi.h"
 #include "platform/signals/SignalConnectionCollection.h"
 
 #include <QAbstractItemView>
@@ -26,7 +27,7 @@ namespace veldraw::sdk::ui::dialogs::propertybindings {
 ///
 /// With the deferred mode the user's selection goes to the property and isn't echoed. A property that corrects what it is
 /// given, such as one that enforces a selection, needs the undeferred mode, in which the view shows the correction.
-class ListViewPropertyBinding : public QObject, public BindingInterface
+class VDSDKDIALOGS_DATA_QT_API ListViewPropertyBinding : public QObject, public BindingInterface
 {
     Q_OBJECT
 

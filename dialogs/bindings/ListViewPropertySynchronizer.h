@@ -6,6 +6,7 @@
 #include "dialogs/bindings/WidgetPropertySynchronizerInterface.h"
 #include "dialogs/models/ListModelInterface.h"
 #include "dialogs/models/QListModel.h"
+#include "dialogs/property/DialogsApi.h"
 #include "dialogs/property/UIStylePropertyAbstract.h"
 #include "platform/vdsdkuicommon/OnIdleActionPerformerSingleShot.h"
 
@@ -75,6 +76,6 @@ private:
     BindingInterface::ModelUpdateMode const m_updateMode;
 };
 
-extern template class ListViewPropertySynchronizer<std::set<int>>;
+extern template class VDSDKDIALOGS_DATA_QT_API ListViewPropertySynchronizer<std::set<int>>;
 
 } // namespace veldraw::sdk::ui::dialogs::propertybindings

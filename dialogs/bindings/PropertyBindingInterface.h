@@ -1,11 +1,12 @@
 #pragma once
 
 #include "dialogs/bindings/BindingInterface.h"
+#include "dialogs/property/DialogsApi.h"
 
 namespace veldraw::sdk::ui::dialogs::propertybindings {
 
 /// What a binding of one widget to one property can do: bring the widget up to date.
-class PropertyBindingInterface : public virtual BindingInterface
+class VDSDKDIALOGS_DATA_QT_API PropertyBindingInterface : public virtual BindingInterface
 {
 public:
     /// Reads the property, writes the widget.

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "dialogs/property/DialogsApi.h"
+
 namespace veldraw::sdk::ui::dialogs::propertybindings {
 
 class QButtonObservable;
 
 /// Who wants to know whether a button is checked.
-class QButtonListenerInterface
+class VDSDKDIALOGS_DATA_QT_API QButtonListenerInterface
 {
 public:
     QButtonListenerInterface() = default;

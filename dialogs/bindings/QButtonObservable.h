@@ -2,6 +2,7 @@
 
 #include "dialogs/bindings/QButtonListenerInterface.h"
 #include "dialogs/models/ListenerList.h"
+#include "dialogs/property/DialogsApi.h"
 
 #include <QObject>
 #include <QPointer>
@@ -13,7 +14,7 @@ namespace veldraw::sdk::ui::dialogs::propertybindings {
 /// Tells listeners each change of a button's checked state, whoever made it. A click on the member of a group that is
 /// checked already changes nothing and is not told; arrow keys are. Belongs to whoever makes it; the button may go
 /// first.
-class QButtonObservable : public QObject
+class VDSDKDIALOGS_DATA_QT_API QButtonObservable : public QObject
 {
 public:
     explicit QButtonObservable(QAbstractButton* button);

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "dialogs/property/DialogsApi.h"
+
 namespace veldraw::sdk::ui::dialogs::propertybindings {
 
 /// Who wants to know which row of a combo box is the current one.
-class QComboBoxListenerInterface
+class VDSDKDIALOGS_DATA_QT_API QComboBoxListenerInterface
 {
 public:
     QComboBoxListenerInterface() = default;

@@ -2,6 +2,7 @@
 
 #include "dialogs/bindings/QComboBoxListenerInterface.h"
 #include "dialogs/models/ListenerList.h"
+#include "dialogs/property/DialogsApi.h"
 
 #include <QObject>
 
@@ -11,7 +12,7 @@ namespace veldraw::sdk::ui::dialogs::propertybindings {
 
 /// Tells listeners each change of a combo box's current row, whoever made it: a person, the program, a list that
 /// changed. Belongs to whoever makes it; the combo box may go first.
-class QComboBoxObservable : public QObject
+class VDSDKDIALOGS_DATA_QT_API QComboBoxObservable : public QObject
 {
 public:
     explicit QComboBoxObservable(QComboBox* comboBox);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dialogs/bindings/UIPropertyBindingAbstract.h"
+#include "dialogs/property/DialogsApi.h"
 
 #include <QObject>
 
@@ -39,7 +40,7 @@ private:
     std::unique_ptr<Road> const m_road;
 };
 
-#define VELDRAW_DECLARE(T) extern template class QObjectPropertyBinding<T>;
+#define VELDRAW_DECLARE(T) extern template class VDSDKDIALOGS_DATA_QT_API QObjectPropertyBinding<T>;
 VELDRAW_FOR_EACH_QOBJECT_BOUND_TYPE(VELDRAW_DECLARE)
 #undef VELDRAW_DECLARE
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "dialogs/property/DialogsApi.h"
+
 #include <QObject>
 
 #include <functional>
@@ -16,7 +18,7 @@ namespace veldraw::sdk::ui::dialogs::propertybindings {
 ///
 /// A call that comes while the last one still runs is left out: a message box that a refused text opens takes the focus
 /// from the field as well. What the function throws goes to whoever sent the event.
-class QTextFieldObservable : public QObject
+class VDSDKDIALOGS_DATA_QT_API QTextFieldObservable : public QObject
 {
 public:
     /// @param finished takes the text; answers whether it was taken. It may end this object and the line edit. Whoever

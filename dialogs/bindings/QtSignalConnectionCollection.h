@@ -1,5 +1,7 @@
 #pragma once
 
+#include "dialogs/property/DialogsApi.h"
+
 #include <QMetaObject>
 
 #include <vector>
@@ -7,7 +9,7 @@
 namespace veldraw::sdk::ui::dialogs::propertybindings {
 
 /// Qt connections that end together, when the collection is cleared or destroyed.
-class QtSignalConnectionCollection
+class VDSDKDIALOGS_DATA_QT_API QtSignalConnectionCollection
 {
 public:
     QtSignalConnectionCollection();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "dialogs/property/DialogsApi.h"
 #include "dialogs/property/RelevanceInterface.h"
 
 #include <QString>
@@ -15,7 +16,7 @@ namespace veldraw::sdk::ui::dialogs::propertybindings {
 
 /// Gives widgets a tool tip for the time that a rule is false, so that they tell why they cannot be used. While the
 /// rule is true, or the text is empty, a widget shows its own tool tip.
-class SimpleToolTipProvider
+class VDSDKDIALOGS_DATA_QT_API SimpleToolTipProvider
 {
 public:
     /// The rule is kept alive as long as the widgets live. Null widgets are left out.

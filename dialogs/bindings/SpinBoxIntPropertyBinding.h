@@ -1,11 +1,13 @@
 #pragma once
 
 #include "dialogs/bindings/SpinBoxPropertyBinding.h"
+#include "dialogs/property/DialogsApi.h"
 
 namespace veldraw::sdk::ui::dialogs::propertybindings {
 
 /// Ties a spin box to a whole number, see `SpinBoxPropertyBinding`.
-class SpinBoxIntPropertyBinding : public SpinBoxPropertyBinding<int, veldraw::ui::IntegralSpinBox>
+class VDSDKDIALOGS_DATA_QT_API SpinBoxIntPropertyBinding
+    : public SpinBoxPropertyBinding<int, veldraw::ui::IntegralSpinBox>
 {
 public:
     /// Keeps property and calculator alive; the calculator may be null.

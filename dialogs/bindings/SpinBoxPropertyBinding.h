@@ -3,6 +3,7 @@
 #include "dialogs/bindings/AbandonedInputFilter.h"
 #include "dialogs/bindings/QObjectPropertyBinding.h"
 #include "dialogs/bindings/QtSignalConnectionCollection.h"
+#include "dialogs/property/DialogsApi.h"
 #include "dialogs/property/SpinBoxIncDecCalculatorBase.h"
 #include "dialogs/widgets/IntegralSpinBox.h"
 #include "dialogs/widgets/QScientificSpinBox.h"
@@ -87,8 +88,8 @@ private:
     AbandonedInputFilter m_abandonedInput;
 };
 
-extern template class SpinBoxPropertyBinding<double, veldraw::ui::QScientificSpinBox>;
-extern template class SpinBoxPropertyBinding<int, veldraw::ui::IntegralSpinBox>;
-extern template class SpinBoxPropertyBinding<long long, veldraw::ui::IntegralSpinBox>;
+extern template class VDSDKDIALOGS_DATA_QT_API SpinBoxPropertyBinding<double, veldraw::ui::QScientificSpinBox>;
+extern template class VDSDKDIALOGS_DATA_QT_API SpinBoxPropertyBinding<int, veldraw::ui::IntegralSpinBox>;
+extern template class VDSDKDIALOGS_DATA_QT_API SpinBoxPropertyBinding<long long, veldraw::ui::IntegralSpinBox>;
 
 } // namespace veldraw::sdk::ui::dialogs::propertybindings

@@ -3,6 +3,7 @@
 #include "dialogs/bindings/AbandonedInputFilter.h"
 #include "dialogs/bindings/QTextEditObservable.h"
 #include "dialogs/bindings/UIPropertyBindingAbstract.h"
+#include "dialogs/property/DialogsApi.h"
 
 #include <QPointer>
 
@@ -15,7 +16,7 @@ namespace veldraw::sdk::ui::dialogs::propertybindings {
 /// The property is set when the field loses the focus after the user edited it. A text that the property refuses is told
 /// in a message box, if the refusal has a text; the field shows the property's text again and keeps the focus. Tab leaves
 /// the field. Text that is unfinished when the window goes off the screen is dropped.
-class TextEditPropertyBinding : public UIPropertyBindingAbstract<std::string>
+class VDSDKDIALOGS_DATA_QT_API TextEditPropertyBinding : public UIPropertyBindingAbstract<std::string>
 {
 public:
     /// Keeps the property alive.

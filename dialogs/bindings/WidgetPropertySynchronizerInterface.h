@@ -1,9 +1,11 @@
 #pragma once
 
+#include "dialogs/property/DialogsApi.h"
+
 namespace veldraw::sdk::ui::dialogs::propertybindings {
 
 /// Keeps a widget and a property equal on behalf of a binding.
-class WidgetPropertySynchronizerInterface
+class VDSDKDIALOGS_DATA_QT_API WidgetPropertySynchronizerInterface
 {
 public:
     WidgetPropertySynchronizerInterface() = default;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "dialogs/property/DialogsApi.h"
+
 #include <QObject>
 
 #include <boost/signals2/connection.hpp>
@@ -14,7 +16,7 @@ namespace veldraw::sdk::ui::dialogs::propertybindings {
 ///     new WidgetUpdateDeferrerOnBusy(*form.table);
 ///
 /// It belongs to the widget. A widget that somebody else keeps from painting stays so.
-class WidgetUpdateDeferrerOnBusy : public QObject
+class VDSDKDIALOGS_DATA_QT_API WidgetUpdateDeferrerOnBusy : public QObject
 {
 public:
     explicit WidgetUpdateDeferrerOnBusy(QWidget& widget);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "dialogs/property/DialogsApi.h"
+
 #include <QAction>
 
 #include <string>
@@ -7,7 +9,7 @@
 namespace veldraw::dialogs::common {
 
 /// Opens one help topic when it is triggered, through whatever the application has installed for that.
-class LaunchHelpAction : public QAction
+class VDSDKDIALOGS_DATA_QT_API LaunchHelpAction : public QAction
 {
 public:
     /// @param helpTopic file name of the topic, such as "delete_variable.html"

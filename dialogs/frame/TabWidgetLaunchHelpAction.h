@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dialogs/frame/LaunchHelpAction.h"
+#include "dialogs/property/DialogsApi.h"
 
 #include <QPointer>
 
@@ -12,7 +13,7 @@ class QWidget;
 namespace veldraw::dialogs::common {
 
 /// Opens the help topic of the page that a tab widget shows. For a page without a topic the last one stays.
-class TabWidgetLaunchHelpAction : public LaunchHelpAction
+class VDSDKDIALOGS_DATA_QT_API TabWidgetLaunchHelpAction : public LaunchHelpAction
 {
 public:
     /// @param topicByPage file name of the topic of each page

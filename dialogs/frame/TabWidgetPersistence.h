@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dialogs/frame/SerializerInterface.h"
+#include "dialogs/property/DialogsApi.h"
 
 #include <QObject>
 #include <QPointer>
@@ -13,7 +14,7 @@ namespace veldraw::dialogs::common {
 ///
 /// Pages and tab widgets are known by their object names, so that a page that moved is still found; those without a name
 /// are not remembered.
-class TabWidgetPersistence : public QObject, public veldraw::common::SerializerInterface
+class VDSDKDIALOGS_DATA_QT_API TabWidgetPersistence : public QObject, public veldraw::common::SerializerInterface
 {
 public:
     /// @param tabs may die before this object

@@ -1,11 +1,12 @@
 #pragma once
 
 #include "dialogs/models/ZoneVarListModelAbstract.h"
+#include "dialogs/property/DialogsApi.h"
 
 namespace veldraw::sdk::ui::dialogs::propertybindings::models {
 
 /// A list of variables of the active frame's data set.
-class EnabledVariablesListModel : public ZoneVarListModelAbstract
+class VDSDKDIALOGS_DATA_QT_API EnabledVariablesListModel : public ZoneVarListModelAbstract
 {
 public:
     /// @param source which variables, of a frame by unique identifier

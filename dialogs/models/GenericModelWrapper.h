@@ -2,6 +2,7 @@
 
 #include "dialogs/models/GenericModelWrapperInterface.h"
 #include "dialogs/models/ListModelInterface.h"
+#include "dialogs/property/DialogsApi.h"
 
 namespace veldraw::sdk::ui::dialogs::propertybindings::models {
 
@@ -24,7 +25,7 @@ private:
     ListModelInterface<T> const* m_model;
 };
 
-extern template class GenericModelWrapper<int>;
+extern template class VDSDKDIALOGS_DATA_QT_API GenericModelWrapper<int>;
 #define VELDRAW_DECLARE(T) extern template class GenericModelWrapper<T>;
 VELDRAW_FOR_EACH_CHOICE_TYPE(VELDRAW_DECLARE)
 #undef VELDRAW_DECLARE

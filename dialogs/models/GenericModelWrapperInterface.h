@@ -1,5 +1,7 @@
 #pragma once
 
+#include "dialogs/property/DialogsApi.h"
+
 #include <QVariant>
 
 #include <string>
@@ -7,7 +9,7 @@
 namespace veldraw::sdk::ui::dialogs::propertybindings::models {
 
 /// A list without its value type, so that one Qt item model serves lists of any type. Rows count from 0.
-class GenericModelWrapperInterface
+class VDSDKDIALOGS_DATA_QT_API GenericModelWrapperInterface
 {
 public:
     GenericModelWrapperInterface() = default;

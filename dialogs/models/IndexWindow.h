@@ -1,10 +1,12 @@
 #pragma once
 
+#include "dialogs/property/DialogsApi.h"
+
 namespace veldraw::sdk::ui::dialogs::propertybindings::models {
 
 /// The part of a long row of things that is in view: @c size things from @c first on, of @c total. A view counts from
 /// the window's start by int, the owner of the things from theirs by 64 bits; both from zero.
-class IndexWindow
+class VDSDKDIALOGS_DATA_QT_API IndexWindow
 {
 public:
     /// @param mostAtOnce 1 or more

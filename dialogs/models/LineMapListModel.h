@@ -1,13 +1,14 @@
 #pragma once
 
 #include "dialogs/models/NamedNumbersListModelAbstract.h"
+#include "dialogs/property/DialogsApi.h"
 #include "platform/vdsdkuicommon/StateChangeActionPerformer.h"
 
 namespace veldraw::sdk::ui::dialogs::propertybindings::models {
 
 /// All line maps of the active frame, in ascending order: "<number>: <name>". Reads them again inside the kernel's events
 /// and tells what really changed.
-class LineMapListModel : public NamedNumbersListModelAbstract
+class VDSDKDIALOGS_DATA_QT_API LineMapListModel : public NamedNumbersListModelAbstract
 {
 public:
     LineMapListModel();

@@ -2,6 +2,7 @@
 
 #include "dialogs/models/ListModelAbstract.h"
 #include "dialogs/models/NamedNumbers.h"
+#include "dialogs/property/DialogsApi.h"
 
 #include <boost/enable_shared_from_this.hpp>
 
@@ -11,8 +12,9 @@ namespace veldraw::sdk::ui::dialogs::propertybindings::models {
 /// a new one, so rows never move between two signals.
 ///
 /// A listener may drop the last reference to a shared list: the list lives until it has told everybody.
-class NamedNumbersListModelAbstract : public ListModelAbstract<int>,
-                                      public boost::enable_shared_from_this<NamedNumbersListModelAbstract>
+class VDSDKDIALOGS_DATA_QT_API NamedNumbersListModelAbstract
+    : public ListModelAbstract<int>,
+      public boost::enable_shared_from_this<NamedNumbersListModelAbstract>
 {
 public:
     int size() const override;

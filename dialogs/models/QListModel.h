@@ -2,6 +2,7 @@
 
 #include "dialogs/models/GenericModelWrapper.h"
 #include "dialogs/models/ListModelInterface.h"
+#include "dialogs/property/DialogsApi.h"
 #include "platform/signals/SignalConnectionCollection.h"
 
 #include <QAbstractListModel>
@@ -24,7 +25,7 @@ namespace veldraw::sdk::ui::dialogs::propertybindings::models {
 ///
 /// The list must outlive this model: the binding that makes one owns both, gives it no Qt parent, and deletes it before
 /// it lets go of the list.
-class QListModel : public QAbstractListModel
+class VDSDKDIALOGS_DATA_QT_API QListModel : public QAbstractListModel
 {
     Q_OBJECT
 

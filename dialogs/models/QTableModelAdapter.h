@@ -3,6 +3,7 @@
 #include "dialogs/models/IndexWindow.h"
 #include "dialogs/models/TableModelInterface.h"
 #include "dialogs/models/TableModelListenerInterface.h"
+#include "dialogs/property/DialogsApi.h"
 
 #include <QAbstractTableModel>
 
@@ -23,7 +24,7 @@ namespace veldraw::sdk::ui::dialogs::propertybindings::models {
 /// it is; when the size is another one the model is reset and the window begins with the first row.
 ///
 /// The table must outlive the adapter.
-class QTableModelAdapter : public QAbstractTableModel, public TableModelListenerInterface
+class VDSDKDIALOGS_DATA_QT_API QTableModelAdapter : public QAbstractTableModel, public TableModelListenerInterface
 {
     Q_OBJECT
 

@@ -2,11 +2,12 @@
 
 #include "dialogs/models/ListenerList.h"
 #include "dialogs/models/TableModelInterface.h"
+#include "dialogs/property/DialogsApi.h"
 
 namespace veldraw::sdk::ui::dialogs::propertybindings::models {
 
 /// What tables have in common: the listeners, and that nothing can be edited unless a table says otherwise.
-class TableModelAbstract : public TableModelInterface
+class VDSDKDIALOGS_DATA_QT_API TableModelAbstract : public TableModelInterface
 {
 public:
     TableModelAbstract();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dialogs/models/ModelIndex.h"
+#include "dialogs/property/DialogsApi.h"
 
 #include <string>
 
@@ -10,7 +11,7 @@ class TableModelListenerInterface;
 
 /// A table of texts with names for its rows and columns. Rows and columns are zero-based, counts have 64 bits, texts are
 /// UTF-8. What a call costs must not depend on the size of the table.
-class TableModelInterface
+class VDSDKDIALOGS_DATA_QT_API TableModelInterface
 {
 public:
     virtual unsigned long long columnCount() const = 0;

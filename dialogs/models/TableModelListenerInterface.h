@@ -1,12 +1,14 @@
 #pragma once
 
+#include "dialogs/property/DialogsApi.h"
+
 namespace veldraw::sdk::ui::dialogs::propertybindings::models {
 
 struct ModelIndex;
 class TableModelInterface;
 
 /// Hears what changed in a table. The table names itself, so that one listener can follow several.
-class TableModelListenerInterface
+class VDSDKDIALOGS_DATA_QT_API TableModelListenerInterface
 {
 public:
     /// Anything may be different: sizes, names, texts.

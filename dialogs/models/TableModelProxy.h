@@ -2,6 +2,7 @@
 
 #include "dialogs/models/TableModelAbstract.h"
 #include "dialogs/models/TableModelListenerInterface.h"
+#include "dialogs/property/DialogsApi.h"
 
 #include <boost/shared_ptr.hpp>
 
@@ -9,7 +10,7 @@ namespace veldraw::sdk::ui::dialogs::propertybindings::models {
 
 /// A table that shows another one, which can be replaced: a view keeps one proxy for its life while what it shows comes
 /// and goes. What the inner table tells is passed on in the proxy's own name.
-class TableModelProxy : public TableModelAbstract, public TableModelListenerInterface
+class VDSDKDIALOGS_DATA_QT_API TableModelProxy : public TableModelAbstract, public TableModelListenerInterface
 {
 public:
     /// @param model never null; shared

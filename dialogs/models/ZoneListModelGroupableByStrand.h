@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dialogs/models/ListModelProxy.h"
+#include "dialogs/property/DialogsApi.h"
 #include "dialogs/property/Property.h"
 #include "platform/signals/SignalConnectionCollection.h"
 
@@ -12,7 +13,7 @@ namespace veldraw::sdk::ui::dialogs::propertybindings::models {
 ///
 /// The property changes what the values mean: zone numbers while it is false, as at first, field map numbers while it is
 /// true. A selection in the list changes its meaning with it.
-class ZoneListModelGroupableByStrand : public ListModelProxy<int>
+class VDSDKDIALOGS_DATA_QT_API ZoneListModelGroupableByStrand : public ListModelProxy<int>
 {
 public:
     ZoneListModelGroupableByStrand();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dialogs/models/NamedNumbersListModelAbstract.h"
+#include "dialogs/property/DialogsApi.h"
 #include "platform/vdsdkbase/StateChange.h"
 #include "platform/vdtoolbox/Set.h"
 #include "platform/vdtoolbox/StateChangeListenerInterface.h"
@@ -17,7 +18,8 @@ namespace veldraw::sdk::ui::dialogs::propertybindings::models {
 /// not watch the kernel.
 ///
 /// A row reads "<number>: <name>". Without a frame the list is empty.
-class ZoneVarListModelAbstract : public NamedNumbersListModelAbstract, private toolbox::StateChangeListenerInterface
+class VDSDKDIALOGS_DATA_QT_API ZoneVarListModelAbstract : public NamedNumbersListModelAbstract,
+                                                          private toolbox::StateChangeListenerInterface
 {
 public:
     using Source = boost::function<toolbox::Set(long long)>;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "dialogs/property/DialogsApi.h"
 #include "dialogs/property/ValidatorInterface.h"
 
 namespace veldraw {
@@ -12,6 +13,9 @@ public:
     ValidationResult validate(T const& value) const override;
 };
 
+#define VELDRAW_DECLARE(T) extern template class VDSDKDIALOGS_DATA_QT_API AllowAnyValueValidator<T>;
+VELDRAW_FOR_EACH_SHARED_TYPE(VELDRAW_DECLARE)
+#undef VELDRAW_DECLARE
 #define VELDRAW_DECLARE(T) extern template class AllowAnyValueValidator<T>;
 VELDRAW_FOR_EACH_PROPERTY_TYPE(VELDRAW_DECLARE)
 #undef VELDRAW_DECLARE

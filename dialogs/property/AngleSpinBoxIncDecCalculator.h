@@ -1,12 +1,13 @@
 #pragma once
 
+#include "dialogs/property/DialogsApi.h"
 #include "dialogs/property/PropertyAbstract.h"
 #include "dialogs/property/SpinBoxIncDecCalculatorBase.h"
 
 namespace veldraw::sdk::ui::propertymanager {
 
 /// Steps an angle by 1 degree or by 0.01 radians, whichever unit is chosen when the step is made.
-class AngleSpinBoxIncDecCalculator : public SpinBoxIncDecCalculatorBase
+class VDSDKDIALOGS_DATA_QT_API AngleSpinBoxIncDecCalculator : public SpinBoxIncDecCalculatorBase
 {
 public:
     /// Keeps the unit alive.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "dialogs/property/DialogsApi.h"
 #include "dialogs/property/PropertyAbstract.h"
 #include "dialogs/property/SpinBoxIncDecCalculatorBase.h"
 
@@ -10,7 +11,7 @@ namespace veldraw::sdk::ui::propertymanager {
 ///
 /// Dimensions are asked of the kernel at each step, under the application's lock. A zone whose dimensions can't be had
 /// has the one index 1.
-class IJKSpinBoxIncDecCalculator : public SpinBoxIncDecCalculatorBase
+class VDSDKDIALOGS_DATA_QT_API IJKSpinBoxIncDecCalculator : public SpinBoxIncDecCalculatorBase
 {
 public:
     /// Keeps the properties alive.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "dialogs/property/DialogsApi.h"
 #include "dialogs/property/RelevanceInterface.h"
 
 #include <boost/shared_ptr.hpp>
@@ -8,7 +9,7 @@
 namespace veldraw::sdk::ui::propertymanager {
 
 /// The opposite of another rule, whose signal it passes on.
-class InvertingRelevance : public virtual RelevanceInterface
+class VDSDKDIALOGS_DATA_QT_API InvertingRelevance : public virtual RelevanceInterface
 {
 public:
     /// `inner` must not be empty; it is kept alive.

@@ -89,8 +89,9 @@ private:
     friend class PropertyProxy;
 };
 
-extern template class VDSDKDIALOGS_DATA_QT_API PropertyAbstract<long long>;
-extern template class VDSDKDIALOGS_DATA_QT_API PropertyAbstract<PtSelection_e>;
+#define VELDRAW_DECLARE(T) extern template class VDSDKDIALOGS_DATA_QT_API PropertyAbstract<T>;
+VELDRAW_FOR_EACH_SHARED_TYPE(VELDRAW_DECLARE)
+#undef VELDRAW_DECLARE
 #define VELDRAW_DECLARE(T) extern template class PropertyAbstract<T>;
 VELDRAW_FOR_EACH_PROPERTY_TYPE(VELDRAW_DECLARE)
 #undef VELDRAW_DECLARE

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "dialogs/property/DialogsApi.h"
 #include "dialogs/property/PropertyItemInterface.h"
 #include "dialogs/property/RelevanceInterface.h"
 
@@ -10,7 +11,7 @@
 namespace veldraw::sdk::ui::propertymanager {
 
 /// Answers by a predicate and signals whenever a property, of whatever type, changes.
-class PropertyPredicateDependentRelevance : public virtual RelevanceInterface
+class VDSDKDIALOGS_DATA_QT_API PropertyPredicateDependentRelevance : public virtual RelevanceInterface
 {
 public:
     /// The property must not be empty and is kept alive. An empty predicate throws `boost::bad_function_call` when

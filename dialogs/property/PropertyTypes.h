@@ -35,6 +35,18 @@
     M(AuxDataLocation_e)                                                                                               \
     M(VarStatus_e)
 
+/// Calls M(T) for each type whose properties an application hands to what the library exports, so that it can have its own.
+#define VELDRAW_FOR_EACH_SHARED_TYPE(M)                                                                                \
+    M(bool)                                                                                                            \
+    M(int)                                                                                                             \
+    M(long long)                                                                                                       \
+    M(double)                                                                                                          \
+    M(std::string)                                                                                                     \
+    M(std::set<int>)                                                                                                   \
+    M(IJKPlanes_e)                                                                                                     \
+    M(PtSelection_e)                                                                                                   \
+    M(ThetaMode_e)
+
 /// Calls M(T) for each type that has bounds.
 #define VELDRAW_FOR_EACH_BOUNDED_TYPE(M)                                                                               \
     M(int)                                                                                                             \

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "dialogs/property/DialogsApi.h"
 #include "dialogs/property/RelevanceInterface.h"
 #include "platform/signals/SignalConnectionCollection.h"
 
@@ -20,8 +21,8 @@ namespace veldraw::sdk::ui::propertymanager {
 /// A chain is read strictly from left to right, neither word binds closer, and what cannot change the answer is not
 /// asked. It signals whenever one of its operands does. An expression that is passed on as a rule must be owned by a
 /// shared pointer; otherwise the conversion throws `boost::bad_weak_ptr`.
-class RelevanceExpression : public virtual RelevanceInterface,
-                            public boost::enable_shared_from_this<RelevanceExpression>
+class VDSDKDIALOGS_DATA_QT_API RelevanceExpression : public virtual RelevanceInterface,
+                                                     public boost::enable_shared_from_this<RelevanceExpression>
 {
 public:
     using Rule = boost::shared_ptr<RelevanceInterface const>;

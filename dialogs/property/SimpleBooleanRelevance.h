@@ -1,11 +1,12 @@
 #pragma once
 
+#include "dialogs/property/DialogsApi.h"
 #include "dialogs/property/RelevanceInterface.h"
 
 namespace veldraw::sdk::ui::propertymanager {
 
 /// A constant answer.
-class SimpleBooleanRelevance : public virtual RelevanceInterface
+class VDSDKDIALOGS_DATA_QT_API SimpleBooleanRelevance : public virtual RelevanceInterface
 {
 public:
     explicit SimpleBooleanRelevance(bool answer);

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "dialogs/property/DialogsApi.h"
+
 namespace veldraw::sdk::ui::propertymanager {
 
 /// Says where one step of a spin box leads. A box without a calculator steps by its own single step.
-class SpinBoxIncDecCalculatorBase
+class VDSDKDIALOGS_DATA_QT_API SpinBoxIncDecCalculatorBase
 {
 public:
     SpinBoxIncDecCalculatorBase() = default;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "dialogs/property/DialogsApi.h"
 #include "dialogs/property/RelevanceInterface.h"
 #include "platform/signals/SignalConnectionCollection.h"
 #include "platform/vdtoolbox/StateChangeEventInterface.h"
@@ -12,7 +13,7 @@ namespace veldraw::sdk::ui::propertymanager {
 ///
 /// It begins to follow state changes with its first listener and goes on until its end. An empty query throws
 /// `boost::bad_function_call` when it is asked.
-class StateChangeDependentRelevance : public virtual RelevanceInterface
+class VDSDKDIALOGS_DATA_QT_API StateChangeDependentRelevance : public virtual RelevanceInterface
 {
 public:
     using Event = toolbox::StateChangeEventInterface;

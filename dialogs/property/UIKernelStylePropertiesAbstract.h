@@ -1,5 +1,6 @@
 #pragma once
 
+#include "dialogs/property/DialogsApi.h"
 #include "dialogs/property/UIKernelStylePropertiesInterface.h"
 
 #include <boost/function.hpp>
@@ -11,7 +12,7 @@ namespace veldraw::sdk::ui::propertymanager {
 
 /// Base of the groups of kernel style properties. A derived class makes its properties immediate or deferred, as
 /// `isModal()` says, and registers how the deferred ones are written.
-class UIKernelStylePropertiesAbstract : public virtual UIKernelStylePropertiesInterface
+class VDSDKDIALOGS_DATA_QT_API UIKernelStylePropertiesAbstract : public virtual UIKernelStylePropertiesInterface
 {
 public:
     /// @param isModal whether the values wait for `submit()`

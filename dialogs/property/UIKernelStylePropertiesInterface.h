@@ -9,7 +9,7 @@ namespace veldraw::sdk::ui::propertymanager {
 
 /// A group of kernel style properties that a dialog starts and, if it is modal, submits together. Groups can have a
 /// parent, with which they are submitted.
-class UIKernelStylePropertiesInterface
+class VDSDKDIALOGS_DATA_QT_API UIKernelStylePropertiesInterface
 {
 public:
     using Signal = boost::signals2::signal<void()>;

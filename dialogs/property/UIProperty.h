@@ -1,5 +1,6 @@
 #pragma once
 
+#include "dialogs/property/DialogsApi.h"
 #include "dialogs/property/UIPropertyInterface.h"
 
 #include <boost/signals2/connection.hpp>
@@ -10,7 +11,7 @@ namespace veldraw::sdk::ui::propertymanager {
 ///
 /// A flag's setter signals only when the answer changed; a rule's signal is passed on as it comes, since it too says
 /// only "may have changed".
-class UIProperty : public virtual UIPropertyInterface
+class VDSDKDIALOGS_DATA_QT_API UIProperty : public virtual UIPropertyInterface
 {
 public:
     void setVisible(bool visible) override;

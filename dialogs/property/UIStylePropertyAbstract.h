@@ -1,5 +1,6 @@
 #pragma once
 
+#include "dialogs/property/DialogsApi.h"
 #include "dialogs/property/PropertyAbstract.h"
 #include "dialogs/property/UIPropertyInterface.h"
 
@@ -19,6 +20,9 @@ public:
     UIStylePropertyAbstract& operator=(UIStylePropertyAbstract const& other);
 };
 
+#define VELDRAW_DECLARE(T) extern template class VDSDKDIALOGS_DATA_QT_API UIStylePropertyAbstract<T>;
+VELDRAW_FOR_EACH_SHARED_TYPE(VELDRAW_DECLARE)
+#undef VELDRAW_DECLARE
 #define VELDRAW_DECLARE(T) extern template class UIStylePropertyAbstract<T>;
 VELDRAW_FOR_EACH_PROPERTY_TYPE(VELDRAW_DECLARE)
 #undef VELDRAW_DECLARE

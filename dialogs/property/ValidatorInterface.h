@@ -21,7 +21,9 @@ public:
     virtual ~ValidatorInterface();
 };
 
-extern template class VDSDKDIALOGS_DATA_QT_API ValidatorInterface<long long>;
+#define VELDRAW_DECLARE(T) extern template class VDSDKDIALOGS_DATA_QT_API ValidatorInterface<T>;
+VELDRAW_FOR_EACH_SHARED_TYPE(VELDRAW_DECLARE)
+#undef VELDRAW_DECLARE
 #define VELDRAW_DECLARE(T) extern template class ValidatorInterface<T>;
 VELDRAW_FOR_EACH_PROPERTY_TYPE(VELDRAW_DECLARE)
 #undef VELDRAW_DECLARE

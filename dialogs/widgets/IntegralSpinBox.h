@@ -1,5 +1,6 @@
 #pragma once
 
+#include "dialogs/property/DialogsApi.h"
 #include "dialogs/widgets/StepSignals.h"
 
 #include <QSpinBox>
@@ -9,7 +10,7 @@ namespace veldraw::ui {
 /// A spin box for whole numbers whose arrows, arrow and page keys and wheel don't step: they only say that a step is
 /// asked for, and whoever listens decides where it leads. The range is that of `QSpinBox`. Prefixes and suffixes are not
 /// supported.
-class IntegralSpinBox : public QSpinBox
+class VDSDKDIALOGS_DATA_QT_API IntegralSpinBox : public QSpinBox
 {
     Q_OBJECT
 

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "dialogs/property/DialogsApi.h"
+
 #include <Qt>
 
 namespace veldraw::ui {
 
 /// Shows a cursor all over the application for its scope. It nests.
-class OverrideCursor
+class VDSDKDIALOGS_DATA_QT_API OverrideCursor
 {
 public:
     explicit OverrideCursor(Qt::CursorShape shape);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "dialogs/property/DialogsApi.h"
 #include "dialogs/widgets/StepSignals.h"
 
 #include <QDoubleSpinBox>
@@ -12,7 +13,7 @@ namespace veldraw::ui {
 /// Small and large numbers are shown and can be typed with an exponent. Arrows, arrow and page keys and wheel don't step:
 /// they only say that a step is asked for, and whoever listens decides where it leads. Prefixes and suffixes are not
 /// supported.
-class QScientificSpinBox : public QDoubleSpinBox
+class VDSDKDIALOGS_DATA_QT_API QScientificSpinBox : public QDoubleSpinBox
 {
     Q_OBJECT
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "dialogs/property/DialogsApi.h"
+
 #include <QObject>
 #include <QString>
 
@@ -12,7 +14,7 @@ namespace veldraw::ui {
 /// Copies the selected cells of a table view to the clipboard as text: cells parted by tabs, rows by line feeds, without
 /// headers, every value as it is edited, with all its digits. Cells of the selection's rectangle that aren't selected are
 /// left empty. Ctrl+C in the table does it.
-class TableCopyHandler : public QObject
+class VDSDKDIALOGS_DATA_QT_API TableCopyHandler : public QObject
 {
     Q_OBJECT
 

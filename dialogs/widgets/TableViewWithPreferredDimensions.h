@@ -1,11 +1,13 @@
 #pragma once
 
+#include "dialogs/property/DialogsApi.h"
+
 #include <QTableView>
 
 namespace veldraw::dialogs::common {
 
 /// A table view that asks for room for a number of rows and columns, whatever the size of its table.
-class TableViewWithPreferredDimensions : public QTableView
+class VDSDKDIALOGS_DATA_QT_API TableViewWithPreferredDimensions : public QTableView
 {
     Q_OBJECT
 

@@ -1,15 +1,12 @@
-#include "dialogs/property/BoundedValueValidator.h"
-#include "dialogs/property/PropertyAbstract.h"
+#include "dialogs/spreadsheet/DataSpreadsheetDialog.h"
 #include "dialogs/variableops/DeleteVariableDialog.h"
+#include "dialogs/variableops/LoadVariablesDialog.h"
 #include "dialogs/zoneops/AxialDuplicationDialog.h"
 #include "dialogs/zoneops/AxialRotationDialog.h"
 #include "dialogs/zoneops/CreateMirrorZoneDialog.h"
 #include "dialogs/zoneops/DuplicateZoneDialog.h"
-#include "platform/exception/InvalidPropertyValueException.h"
 
 #include <QWidget>
-
-#include <boost/make_shared.hpp>
 
 #include <gtest/gtest.h>
 
@@ -21,53 +18,22 @@ using dialogs::data::AxialRotationDialog;
 using dialogs::data::CreateMirrorZoneDialog;
 using dialogs::data::DeleteVariableDialog;
 using dialogs::data::DuplicateZoneDialog;
-
-/// A property of the application's own, on a base that the library exports.
-template <typename T>
-class ApplicationProperty : public PropertyAbstract<T>
-{
-public:
-    using PropertyAbstract<T>::PropertyAbstract;
-
-protected:
-    void storeValue(T const& newValue) override { m_value = newValue; }
-
-private:
-    T retrieveValue() const override { return m_value; }
-
-    T m_value{};
-};
-
-TEST(DialogLibrary, LetsAnApplicationHaveItsOwnPropertiesWithBounds)
-{
-    using Bounds = BoundedValueValidator<long long>;
-    boost::shared_ptr<ValidatorInterface<long long> const> const bounds =
-        boost::make_shared<Bounds>(0, 10, Bounds::LowerInclusive, Bounds::UpperInclusive);
-    ApplicationProperty<long long> property(bounds);
-    long long heard = -1;
-    property.connectValueChanged([&](long long value) { heard = value; });
-    property.setValue(7);
-    EXPECT_EQ(heard, 7);
-    EXPECT_THROW(property.setValue(11), InvalidPropertyValueException);
-
-    ApplicationProperty<PtSelection_e> selection;
-    selection.setValue(PtSelection_Octant);
-    EXPECT_EQ(selection.value(), PtSelection_Octant);
-}
+using dialogs::data::LoadVariablesDialog;
+using sdk::ui::dialogs::DataSpreadsheetDialog;
 
 /// Drives a dialog as an application does that knows no more of it than its class.
-template <typename Dialog>
-void expectDrivenThroughTheCommonInterface()
+template <typename Dialog, typename... Arguments>
+void expectDrivenThroughTheCommonInterface(Arguments... arguments)
 {
     auto const rule = Dialog::relevance();
     EXPECT_FALSE(rule->isRelevant()) << "no data set is open";
     QWidget window;
-    DialogInterface& dialog = Dialog::getInstance(window);
+    DialogInterface& dialog = Dialog::getInstance(window, arguments...);
     dialog.launch();
-    EXPECT_TRUE(Dialog::getInstance(window).isVisible());
+    EXPECT_TRUE(Dialog::getInstance(window, arguments...).isVisible());
     dialog.updateContent();
     dialog.drop();
-    EXPECT_FALSE(Dialog::getInstance(window).isVisible());
+    EXPECT_FALSE(Dialog::getInstance(window, arguments...).isVisible());
     EXPECT_EQ(Dialog::relevance(), rule);
     EXPECT_TRUE(dynamic_cast<Dialog*>(&dialog));
 }
@@ -79,6 +45,8 @@ TEST(DialogLibrary, GivesTheApplicationItsDialogsThroughTheCommonInterface)
     expectDrivenThroughTheCommonInterface<CreateMirrorZoneDialog>();
     expectDrivenThroughTheCommonInterface<DeleteVariableDialog>();
     expectDrivenThroughTheCommonInterface<DuplicateZoneDialog>();
+    expectDrivenThroughTheCommonInterface<LoadVariablesDialog>(1);
+    expectDrivenThroughTheCommonInterface<DataSpreadsheetDialog>();
 }
 
 } // namespace

@@ -298,6 +298,25 @@ TEST_F(KernelPropertyTest, TakesAPendingValueWithoutShowingIt)
     EXPECT_EQ(points.value(), 8);
 }
 
+// A first look that fails has the property write what the kernel has already.
+TEST_F(KernelPropertyTest, AcceptsTheAnswerThatTheKernelHasTheValueAlready)
+{
+    listen();
+    FakeStateChange(StateChange_KernelGoesDown).send();
+    sample.setNumber(pointsPath, 30.0);
+    sample.takeEvents();
+    KernelSpy spy;
+    spy.failNext("VelUtilArgListAlloc");
+    EXPECT_EQ(refusalOf(points, 30LL), "accepted");
+    EXPECT_EQ(spy.count("VelUtilArgListAppendDouble"), 1);
+    EXPECT_EQ(spy.count("VelUtilStyleGetLastErrorString"), 0);
+    EXPECT_THAT(heard, ElementsAre(30, 30)) << "found by reading, then told as set: the answer itself kept nothing";
+    EXPECT_THAT(sample.takeEvents(), IsEmpty());
+    spy.reset();
+    points.setValue(30);
+    EXPECT_EQ(spy.count("VelUtilArgListAppendDouble"), 0) << "compared again, not written";
+}
+
 TEST_F(KernelPropertyTest, TellsAPendingValueWhenItComesInForce)
 {
     listen();

@@ -3,6 +3,7 @@
 #include "tests/dialogs/support/SwitchedRelevance.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QHelpEvent>
 #include <QLabel>
 #include <QToolTip>
@@ -69,6 +70,48 @@ TEST_F(SimpleToolTipProviderTest, LeavesTheWidgetsOwnTipWhenThereIsNoText)
 {
     SimpleToolTipProvider::installDynamicDisabledToolTip(rule, {&widget}, [] { return QString(); });
     EXPECT_EQ(toolTipOver(widget), QStringLiteral("its own"));
+}
+
+class ToolTipUnderTwoRulesTest : public SimpleToolTipProviderTest
+{
+protected:
+    ToolTipUnderTwoRulesTest()
+    {
+        SimpleToolTipProvider::installDisabledToolTip(rule, {&widget}, QStringLiteral("no zone"));
+        SimpleToolTipProvider::installDynamicDisabledToolTip(second, {&widget}, [this] { return secondText; });
+    }
+
+    boost::shared_ptr<SwitchedRelevance> second = boost::make_shared<SwitchedRelevance>(false);
+    QString secondText = QStringLiteral("no variable");
+};
+
+TEST_F(ToolTipUnderTwoRulesTest, TellsTheReasonThatHolds)
+{
+    second->set(true);
+    EXPECT_EQ(toolTipOver(widget), QStringLiteral("no zone"));
+    second->set(false);
+    rule->set(true);
+    EXPECT_EQ(toolTipOver(widget), QStringLiteral("no variable"));
+    second->set(true);
+    EXPECT_EQ(toolTipOver(widget), QStringLiteral("its own"));
+}
+
+TEST_F(ToolTipUnderTwoRulesTest, TellsTheReasonThatCameLastWhenBothHold)
+{
+    EXPECT_EQ(toolTipOver(widget), QStringLiteral("no variable"));
+    secondText.clear();
+    EXPECT_EQ(toolTipOver(widget), QStringLiteral("no zone")) << "a reason without words leaves the floor to the other";
+}
+
+TEST_F(ToolTipUnderTwoRulesTest, LeavesOtherEventsToTheWidget)
+{
+    widget.setContextMenuPolicy(Qt::CustomContextMenu);
+    int menus = 0;
+    QObject::connect(&widget, &QWidget::customContextMenuRequested, [&menus] { ++menus; });
+    QContextMenuEvent event(QContextMenuEvent::Mouse, widget.rect().center());
+    QApplication::sendEvent(&widget, &event);
+    EXPECT_EQ(menus, 1);
+    EXPECT_FALSE(QToolTip::isVisible());
 }
 
 } // namespace

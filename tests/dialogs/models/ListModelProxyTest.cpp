@@ -7,7 +7,11 @@
 #include <boost/make_shared.hpp>
 #include <boost/weak_ptr.hpp>
 
+#include <functional>
 #include <gtest/gtest.h>
+#include <string>
+#include <type_traits>
+#include <utility>
 
 namespace veldraw::test {
 namespace {
@@ -150,6 +154,116 @@ TEST_F(ListModelProxyTest, CanBeReplacedFromWithinItsOwnSignal)
     EXPECT_EQ(log.take(), "data; data");
     first->claimDataChanged();
     EXPECT_EQ(log.take(), "");
+}
+
+/// Lets a test connect to the signals of a list in other groups than listeners are put into.
+template <typename List>
+class OpenList : public List
+{
+public:
+    using List::List;
+    using List::signalDataChanged;
+    using List::signalItemChanged;
+    using List::signalItemsAboutToBeRemoved;
+    using List::signalItemsInserted;
+    using List::signalItemsRemoved;
+};
+
+/// Who hears a signal, in order, when "front" and "back" have no group and "0" and "2" are in groups of these numbers.
+template <typename Signal, typename Connect>
+std::string orderAround(Signal& signal, Connect const& connectListener)
+{
+    std::string order;
+    auto const note = [&order](char const* who) { return [&order, who](auto&&...) { order += who; }; };
+    signal.connect(note("back"), boost::signals2::at_back);
+    signal.connect(2, note("2 "));
+    connectListener(note("first "));
+    connectListener(note("second "));
+    signal.connect(0, note("0 "));
+    signal.connect(note("front "), boost::signals2::at_front);
+    if constexpr (std::is_same_v<Signal, boost::signals2::signal<void(int)>>)
+        signal(1);
+    else if constexpr (std::is_same_v<Signal, boost::signals2::signal<void(int, int)>>)
+        signal(0, 1);
+    else
+        signal();
+    return order;
+}
+
+template <typename List>
+void expectListenersInGroupOne(List const& list)
+{
+    std::string const expected = "front 0 first second 2 back";
+    EXPECT_EQ(orderAround(list.signalDataChanged, [&](auto const& slot) { list.connectDataChanged(slot); }), expected);
+    EXPECT_EQ(orderAround(list.signalItemChanged, [&](auto const& slot) { list.connectItemChanged(slot); }), expected);
+    EXPECT_EQ(orderAround(list.signalItemsInserted, [&](auto const& slot) { list.connectItemsInserted(slot); }),
+              expected);
+    EXPECT_EQ(orderAround(list.signalItemsAboutToBeRemoved,
+                          [&](auto const& slot) { list.connectItemsAboutToBeRemoved(slot); }),
+              expected);
+    EXPECT_EQ(orderAround(list.signalItemsRemoved, [&](auto const& slot) { list.connectItemsRemoved(slot); }),
+              expected);
+}
+
+TEST_F(ListModelProxyTest, PutsItsListenersIntoTheFirstGroupInTheOrderOfTheirConnection)
+{
+    expectListenersInGroupOne(OpenList<ListModelProxy<int>>(first));
+    expectListenersInGroupOne(OpenList<ScriptedList>(ScriptedList::numbered(2)));
+}
+
+TEST_F(ListModelProxyTest, HearsItsListInTheFirstGroup)
+{
+    auto const list = boost::make_shared<OpenList<ScriptedList>>(ScriptedList::numbered(2));
+    std::string order;
+    list->signalDataChanged.connect([&order] { order += "back"; });
+    list->signalDataChanged.connect(2, [&order] { order += "2 "; });
+    list->signalDataChanged.connect(0, [&order] { order += "0 "; });
+    ListModelProxy<int> const proxy(list);
+    proxy.connectDataChanged([&order] { order += "proxy "; });
+    list->claimDataChanged();
+    EXPECT_EQ(order, "0 proxy 2 back");
+}
+
+/// Notes when somebody has connected to which of its signals.
+class NotingList : public ScriptedList
+{
+public:
+    NotingList(std::string& notes, std::function<void()> connected)
+        : ScriptedList(numbered(7))
+        , m_notes(notes)
+        , m_connected(std::move(connected))
+    {
+    }
+
+private:
+    void note(char const* what) const
+    {
+        m_notes += what;
+        m_connected();
+    }
+    void signalDataChangedConnected() const override { note("data "); }
+    void signalItemChangedConnected() const override { note("item "); }
+    void signalItemsInsertedConnected() const override { note("inserted "); }
+    void signalItemsAboutToBeRemovedConnected() const override { note("removing "); }
+    void signalItemsRemovedConnected() const override { note("removed "); }
+
+    std::string& m_notes;
+    std::function<void()> const m_connected;
+};
+
+TEST_F(ListModelProxyTest, ShowsTheNewListAndLeavesTheOldOneBeforeItConnectsInTurnAndTells)
+{
+    ListModelProxy<int> const proxy(first);
+    std::string notes;
+    proxy.connectDataChanged([&notes] { notes += "told "; });
+    proxy.connectItemChanged([&notes](int) { notes += "item of the old list "; });
+    auto const list = boost::make_shared<NotingList>(notes, [&] {
+        EXPECT_EQ(proxy.size(), 7) << notes;
+        first->claimDataChanged();
+        first->claimChanged(0);
+    });
+    proxy.setModel(list);
+    EXPECT_EQ(notes, "data item inserted removing removed told ");
 }
 
 } // namespace

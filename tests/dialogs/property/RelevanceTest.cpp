@@ -14,6 +14,7 @@
 #include <boost/smart_ptr/bad_weak_ptr.hpp>
 
 #include <gtest/gtest.h>
+#include <string>
 
 namespace veldraw::sdk::ui::propertymanager {
 namespace {
@@ -56,6 +57,28 @@ private:
     bool m_value = false;
     bool m_visible = true;
     bool m_sensitive = true;
+};
+
+// The same, noting the order in which it is asked and listened to.
+class NotingControl : public ControlledBool
+{
+public:
+    bool isVisible() const override
+    {
+        notes += "visible? ";
+        return ControlledBool::isVisible();
+    }
+    bool isSensitive() const override
+    {
+        notes += "sensitive? ";
+        return ControlledBool::isSensitive();
+    }
+
+    mutable std::string notes;
+
+private:
+    void signalVisibilityChangedConnected() const override { notes += "visibility "; }
+    void signalSensitivityChangedConnected() const override { notes += "sensitivity "; }
 };
 
 TEST(SimpleBooleanRelevance, AnswersItsConstant)
@@ -204,6 +227,23 @@ TEST(PropertyDependentRelevance, WorksOnEnumerations)
     EXPECT_FALSE(rule.isRelevant());
     property.setValue(PtSelection_Octant);
     EXPECT_TRUE(rule.isRelevant());
+}
+
+TEST(PropertyDependentRelevance, AsksWhetherTheControlIsSensitiveBeforeWhetherItIsVisible)
+{
+    NotingControl control;
+    PropertyDependentRelevance<bool> const rule(control, true, true);
+    EXPECT_EQ(control.notes, "sensitivity visibility ");
+    control.notes.clear();
+    EXPECT_FALSE(rule.isRelevant());
+    EXPECT_EQ(control.notes, "") << "the value does not match";
+    control.setValue(true);
+    EXPECT_TRUE(rule.isRelevant());
+    EXPECT_EQ(control.notes, "sensitive? visible? ");
+    control.notes.clear();
+    control.setSensitive(false);
+    EXPECT_FALSE(rule.isRelevant());
+    EXPECT_EQ(control.notes, "sensitive? ");
 }
 
 TEST(PropertyDependentRelevance, KeepsASharedPropertyAlive)

@@ -41,6 +41,24 @@ TEST_F(DeleteVariableKernelTest, CallsNothingToDeleteWhenItRefuses)
                             "VelUtilDialogErrMsg(\"Cannot delete the last variable in a data set.\")"));
 }
 
+// A selection may name variables that are no longer enabled: the list lets go of them at idle only.
+TEST_F(DeleteVariableKernelTest, ComparesWholeSetsAndNotTheirSizes)
+{
+    ASSERT_TRUE(sample.session().setVariableEnabled(sample.dataSet(), 4, false));
+    sdk::ui::propertymanager::DeleteVariablePropertiesManager manager;
+    auto const callsFor = [&](std::set<int> const& selection) {
+        spy.reset();
+        spy.failNext("VelUtilDataSetDeleteVar");
+        manager.selectedVariables()->setValue(selection);
+        manager.deleteSelectedVariables();
+        return spy.callsOf("VelUtilDataSetDeleteVar");
+    };
+    EXPECT_THAT(callsFor({1, 2, 4}), ElementsAre("VelUtilDataSetDeleteVar({1, 2, 4})"));
+    EXPECT_THAT(callsFor({1, 2, 3, 4}), ElementsAre("VelUtilDataSetDeleteVar({1, 2, 3, 4})"));
+    EXPECT_THAT(callsFor({3}), ElementsAre("VelUtilDataSetDeleteVar({3})"));
+    EXPECT_THAT(callsFor({1, 2, 3}), IsEmpty());
+}
+
 TEST_F(DeleteVariableKernelTest, TellsAFailureAndKeepsTheSelectionForAnotherTry)
 {
     clickRow(2);

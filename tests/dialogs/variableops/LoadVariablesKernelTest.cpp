@@ -43,6 +43,17 @@ TEST_F(LoadVariablesKernelTest, StatesTheWholeWantedSetZonesFirst)
     EXPECT_EQ(spy.count("VelUtilDialogErrMsg") + spy.count("VelUtilDialogMessageBox"), 0);
 }
 
+TEST_F(LoadVariablesKernelTest, WantsNoDisabledVariableThoughItIsLoaded)
+{
+    loadBehindTheDialog(1, {3, 4});
+    ASSERT_TRUE(sample.session().setVariableEnabled(sample.dataSet(), 4, false));
+    setKeepsDrawnZones(false);
+    launched();
+    select(0);
+    clickAction();
+    EXPECT_THAT(loads(), ElementsAre(call("{1}", "{1, 3}")));
+}
+
 TEST_F(LoadVariablesKernelTest, AddsTheDrawnZonesWhenTheSettingSaysSo)
 {
     sample.session().setPlotType(sample.frame()->id, PlotType_Cartesian2D);

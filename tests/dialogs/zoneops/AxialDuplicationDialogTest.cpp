@@ -160,6 +160,38 @@ TEST_F(AxialDuplicationDialogTest, WantsANumberOfInstancesForAPartOfTheCircleOnl
     EXPECT_EQ(AxialDuplicationPropertiesManager::numInstances()->value(), 5);
 }
 
+TEST_F(AxialDuplicationDialogTest, IsOfferedInFieldPlotsOnly)
+{
+    auto const rule = traits.relevance();
+    int changes = 0;
+    boost::signals2::scoped_connection const connection = rule->connectRelevanceChanged([&changes] { ++changes; });
+    for (PlotType_e const plotType : {PlotType_XYLine, PlotType_PolarLine, PlotType_Sketch}) {
+        setPlotType(plotType);
+        EXPECT_FALSE(rule->isRelevant()) << plotType;
+    }
+    for (PlotType_e const plotType : {PlotType_Cartesian2D, PlotType_Cartesian3D}) {
+        setPlotType(plotType);
+        EXPECT_TRUE(rule->isRelevant()) << plotType;
+    }
+    EXPECT_EQ(changes, 5);
+}
+
+TEST_F(AxialDuplicationDialogTest, EndsItsBindingsBeforeItsRules)
+{
+    launched();
+    QWidget const& instances = find<QWidget>("numOfInstances");
+    bool isBindingGone = false;
+    QObject::connect(&boundModel("offsetAngleUnits"), &QObject::destroyed, mainWindow.get(), [&] {
+        isBindingGone = true;
+        EXPECT_TRUE(instances.isEnabled());
+        AxialDuplicationPropertiesManager::fullRotation()->setValue(true);
+        IdleDispatcher::flush();
+        EXPECT_FALSE(instances.isEnabled()) << "the rule is applied still";
+    });
+    delete &dialog();
+    EXPECT_TRUE(isBindingGone);
+}
+
 TEST_F(AxialDuplicationDialogTest, HasAtLeastTwoInstances)
 {
     launched();

@@ -1,5 +1,6 @@
 #include "platform/exception/InvalidPropertyValueException.h"
 #include "tests/dialogs/zoneops/AxialFixture.h"
+#include "tests/dialogs/zoneops/MemoryRunsOut.h"
 #include "tests/support/KernelSpy.h"
 
 #include <cmath>
@@ -110,6 +111,18 @@ TEST_F(AxialDuplicationPropertiesManagerTest, WantsANumberOfInstancesForAPartOfT
     EXPECT_TRUE(manager.partialRotationRelevance()->isRelevant());
     Manager::fullRotation()->setValue(true);
     EXPECT_FALSE(manager.partialRotationRelevance()->isRelevant());
+}
+
+TEST_F(AxialDuplicationPropertiesManagerTest, TellsAnyExceptionInAMessageAndEndsNormally)
+{
+    manager.rotationManager().selectedZones()->setValue({1});
+    auto const duplicate = [this] {
+        manager.duplicateZones();
+        while (sample.dataSet().zoneCount() > 3)
+            sample.session().undo();
+    };
+    EXPECT_THAT(toldWhenMemoryRunsOut(duplicate, messages),
+                testing::IsSupersetOf({"error: std::bad_alloc", "error: Failed to perform axial duplication."}));
 }
 
 /// What the kernel is asked for.

@@ -1,4 +1,5 @@
 #include "tests/dialogs/zoneops/AxialFixture.h"
+#include "tests/dialogs/zoneops/MemoryRunsOut.h"
 #include "tests/support/KernelSpy.h"
 
 #include <cmath>
@@ -298,6 +299,14 @@ TEST_F(AxialRotationPropertiesManagerTest, TakesThePositionAsItsOwnVectorForNoVe
     EXPECT_THAT(in.uvw, ElementsAre(1, 2, 3));
 }
 
+TEST_F(AxialRotationPropertiesManagerTest, TellsAnyExceptionInAMessageAndEndsNormally)
+{
+    Manager manager;
+    manager.selectedZones()->setValue({1});
+    EXPECT_THAT(toldWhenMemoryRunsOut([&manager] { manager.rotateZones(); }, messages),
+                testing::IsSupersetOf({"error: std::bad_alloc", "error: Failed to perform axial rotation."}));
+}
+
 /// The same in a 2D plot.
 class AxialRotationInThePlaneTest : public AxialRotationPropertiesManagerTest
 {
@@ -358,6 +367,39 @@ TEST_F(AxialRotationPropertiesManagerTest, TurnsToZAtIdleWhenThePlotTurnsFlat)
     Manager::rotationAxis()->setValue(Manager::yRotationAxis);
     sample.session().setPlotType(sample.frame()->id, PlotType_Cartesian2D);
     EXPECT_EQ(Manager::rotationAxis()->value(), Manager::yRotationAxis);
+    IdleDispatcher::flush();
+    EXPECT_EQ(Manager::rotationAxis()->value(), Manager::zRotationAxis);
+}
+
+TEST_F(AxialRotationPropertiesManagerTest, TurnsToZAtIdleWhenAFlatFrameIsActivated)
+{
+    auto const flat = sample.session().createFrame("Frame 002", kernel::Rectangle{0.0, 0.0, 2.0, 2.0});
+    ASSERT_TRUE(sample.session().setFrameDataSet(flat->id, sample.frame()->dataSet));
+    ASSERT_TRUE(sample.session().setPlotType(flat->id, PlotType_Cartesian2D));
+    ASSERT_TRUE(sample.session().activateFrame(sample.frame()->id));
+    IdleDispatcher::flush();
+    Manager const manager;
+    Manager::rotationAxis()->setValue(Manager::yRotationAxis);
+    ASSERT_TRUE(sample.session().activateFrame(flat->id));
+    EXPECT_EQ(Manager::rotationAxis()->value(), Manager::yRotationAxis);
+    IdleDispatcher::flush();
+    EXPECT_EQ(Manager::rotationAxis()->value(), Manager::zRotationAxis);
+}
+
+TEST_F(AxialRotationPropertiesManagerTest, TurnsToZAtIdleWhenUndoAndRedoMakeThePlotFlat)
+{
+    setPlotType(PlotType_Cartesian2D);
+    setPlotType(PlotType_Cartesian3D);
+    Manager const manager;
+    Manager::rotationAxis()->setValue(Manager::yRotationAxis);
+    ASSERT_TRUE(sample.session().undo());
+    EXPECT_EQ(Manager::rotationAxis()->value(), Manager::yRotationAxis);
+    IdleDispatcher::flush();
+    EXPECT_EQ(Manager::rotationAxis()->value(), Manager::zRotationAxis);
+    ASSERT_TRUE(sample.session().undo());
+    IdleDispatcher::flush();
+    Manager::rotationAxis()->setValue(Manager::xRotationAxis);
+    ASSERT_TRUE(sample.session().redo());
     IdleDispatcher::flush();
     EXPECT_EQ(Manager::rotationAxis()->value(), Manager::zRotationAxis);
 }

@@ -19,9 +19,8 @@ template <typename T>
 PreMappedDecorator<T>::~PreMappedDecorator() = default;
 
 template <typename T>
-PreMappedDecorator<T>& PreMappedDecorator<T>::operator=(PreMappedDecorator const& other)
+PreMappedDecorator<T>& PreMappedDecorator<T>::operator=(PreMappedDecorator const&)
 {
-    PropertyAbstract<std::string>::operator=(other);
     return *this;
 }
 

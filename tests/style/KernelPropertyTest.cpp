@@ -4,13 +4,16 @@
 #include "platform/exception/InvalidPropertyValueException.h"
 #include "platform/vdsdkcommon/StateChangeEventObservable.h"
 #include "tests/dialogs/support/FakeStateChange.h"
+#include "tests/kernel/AllocationFailure.h"
 #include "tests/style/StyleSession.h"
 #include "tests/support/KernelSpy.h"
 
 #include <boost/make_shared.hpp>
 
 #include <cmath>
+#include <functional>
 #include <gmock/gmock.h>
+#include <new>
 
 namespace veldraw::tests {
 
@@ -376,6 +379,36 @@ TEST_F(KernelPropertyTest, PicksAMemberOfACollectionByItsOffset)
     variable.setValue(1);
     EXPECT_EQ(sample.lineMap(2).yVariable, dataSet.variable(1)->id);
     EXPECT_EQ(sample.lineMap(1).yVariable, dataSet.variable(2)->id);
+}
+
+TEST_F(KernelPropertyTest, AsksWithBothItsOffsets)
+{
+    KernelSpy const spy;
+    points.setOffsets(3, 7);
+    EXPECT_THAT(spy.callsOf("VelUtilArgListAppendInt"),
+                testing::AllOf(testing::Contains(testing::HasSubstr("\"Offset1\", 3")),
+                               testing::Contains(testing::HasSubstr("\"Offset2\", 7"))));
+}
+
+TEST_F(KernelPropertyTest, StillTellsChangesAfterAListenerCouldNotConnect)
+{
+    bool hasFailed = true;
+    for (int request = 1; hasFailed; ++request) {
+        KernelProperty<long long> number{dataValue("InterpNPoints")};
+        std::vector<long long> told;
+        std::function<void(long long)> const listener = [&told](long long value) { told.push_back(value); };
+        try {
+            AllocationFailure const failure(request);
+            number.connectValueChanged(std::cref(listener));
+            hasFailed = failure.hasHappened();
+        } catch (std::bad_alloc const&) {
+        }
+        number.connectValueChanged(std::cref(listener));
+        FakeStateChange(StateChange_KernelGoesDown).send();
+        sample.setNumber(pointsPath, 100.0 + request);
+        EXPECT_EQ(number.value(), 100 + request);
+        EXPECT_FALSE(told.empty()) << request;
+    }
 }
 
 TEST_F(KernelPropertyTest, KeepsTheLastKnownValueWhenItsMemberIsGone)

@@ -256,16 +256,18 @@ TEST(PropertyDependentRelevance, KeepsASharedPropertyAlive)
     EXPECT_TRUE(rule.isRelevant());
 }
 
-TEST(PropertyDependentRelevance, LetsGoOfAReferencedPropertyWhenItEnds)
+TEST(PropertyDependentRelevance, FollowsAReferencedPropertyUntilItEnds)
 {
     Property<bool> property(true);
     int signals = 0;
     {
         PropertyDependentRelevance<bool> const rule(property, true);
         rule.connectRelevanceChanged([&] { ++signals; });
+        property.setValue(false);
+        EXPECT_EQ(signals, 1);
     }
-    property.setValue(false);
-    EXPECT_EQ(signals, 0);
+    property.setValue(true);
+    EXPECT_EQ(signals, 1);
 }
 
 TEST(PropertyDependentRelevance, OnRequestCountsADisabledOrHiddenControlAsNo)
@@ -285,7 +287,9 @@ TEST(PropertyDependentRelevance, OnRequestCountsADisabledOrHiddenControlAsNo)
     EXPECT_FALSE(rule.isRelevant());
     property.setVisible(true);
     EXPECT_TRUE(rule.isRelevant());
+    EXPECT_EQ(signals, 4);
     property.setValue(false);
+    EXPECT_EQ(signals, 5);
     EXPECT_FALSE(rule.isRelevant()) << "a value that does not match is no, whatever its control";
 }
 

@@ -80,6 +80,17 @@ TEST_F(UIPropertyTest, LetsGoOfARuleThatIsTakenAway)
     EXPECT_EQ(visibilitySignals, 2);
 }
 
+TEST_F(UIPropertyTest, NoLongerHearsARuleThatIsTakenAwayThoughOthersHoldIt)
+{
+    auto const value = boost::make_shared<Property<bool>>(false);
+    auto const rule = boost::make_shared<BooleanPropertyDependentRelevance>(value);
+    property.setVisibilityRelevance(rule);
+    property.setVisibilityRelevance(nullptr);
+    EXPECT_EQ(visibilitySignals, 2);
+    value->setValue(true);
+    EXPECT_EQ(visibilitySignals, 2);
+}
+
 TEST(UIProperty, LeavesNothingBehindOnASharedRule)
 {
     auto const value = boost::make_shared<Property<bool>>(true);

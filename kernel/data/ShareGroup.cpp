@@ -26,6 +26,7 @@ ShareGroup::ShareGroup(FieldDataType_e type, std::int64_t size, std::shared_ptr<
 void ShareGroup::setLoaded(std::shared_ptr<Buffer> buffer) noexcept
 {
     m_buffer.swap(buffer);
+    m_revision = nextUniqueId();
     m_type = m_buffer->type();
     m_size = m_buffer->size();
     if (!isMapped()) {
@@ -52,6 +53,7 @@ Buffer& ShareGroup::writableBuffer()
         m_buffer = m_buffer->clone();
     }
     m_isAltered = true;
+    m_revision = nextUniqueId();
     m_range.forget();
     m_parts.forget();
     return *m_buffer;
@@ -78,6 +80,7 @@ void ShareGroup::writeBits(std::int64_t index, std::uint64_t bits, CountedValues
     m_buffer->setBits(index, bits);
     double const after = m_buffer->value(index);
     m_isAltered = true;
+    m_revision = nextUniqueId();
     m_parts.follow(index, before, after, counted);
     KnownRange known = m_range;
     m_range.follow(index, before, after, counted);

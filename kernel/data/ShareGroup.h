@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kernel/data/Buffer.h"
+#include "kernel/data/Identifier.h"
 #include "kernel/data/KnownRange.h"
 #include "kernel/data/ValueLoader.h"
 
@@ -26,6 +27,10 @@ public:
     /// Type and number of the values, loaded or not; the number is -1 while it is not known.
     FieldDataType_e type() const { return m_type; }
     std::int64_t size() const { return m_size; }
+
+    /// Stands for the present values: a change gives another number, and no other values ever have this one. What was worked
+    /// out from the values holds as long as the number is the same.
+    UniqueId revision() const { return m_revision; }
 
     /// Null while the values are not loaded.
     std::shared_ptr<Buffer const> buffer() const { return m_buffer; }
@@ -88,6 +93,7 @@ public:
 private:
     FieldDataType_e m_type = FieldDataType_Float;
     std::int64_t m_size = 0;
+    UniqueId m_revision = nextUniqueId();
     std::shared_ptr<Buffer> m_buffer;
     std::shared_ptr<ValueLoader> m_loader;
     bool m_isAltered = false; // for good: steps of the history may write here again

@@ -2,6 +2,7 @@
 #include "SampleLoader.h"
 
 #include <gtest/gtest.h>
+#include <set>
 
 using namespace veldraw::kernel;
 
@@ -81,6 +82,27 @@ TEST(ShareGroup, HasAStandInThatKnowsAsMuchAndHoldsNothingButTheMemory)
     EXPECT_EQ(standIn->range().max, 12);
     standIn->writeBits(1, Buffer::bitsOf(FieldDataType_Float, 2), {});
     EXPECT_EQ(standIn->range().state, ValueRange::State::Estimated) << "mapped as before: not gone through";
+}
+
+TEST(ShareGroup, HasAnotherRevisionAfterEveryChangeOfValuesAndNeverAnOldOne)
+{
+    Field const field = sample::field({1, 2});
+    ShareGroup& group = *field.group();
+    std::set<UniqueId> revisions = {group.revision(), sample::field({1, 2}).group()->revision()};
+    EXPECT_EQ(revisions.size(), 2U) << "equal values elsewhere are others";
+    group.range();
+    group.buffer();
+    group.replaceByCopy(group.buffer()->clone());
+    EXPECT_EQ(revisions.count(group.revision()), 1U) << "the values are the same";
+    group.writableBuffer().setValue(0, 7);
+    EXPECT_TRUE(revisions.insert(group.revision()).second);
+    std::uint64_t const bits = group.buffer()->bits(1);
+    group.writeBits(1, Buffer::bitsOf(group.type(), 9), {});
+    EXPECT_TRUE(revisions.insert(group.revision()).second);
+    group.writeBits(1, bits, {});
+    EXPECT_TRUE(revisions.insert(group.revision()).second) << "also when it is taken back";
+    group.setLoaded(group.buffer()->clone());
+    EXPECT_TRUE(revisions.insert(group.revision()).second);
 }
 
 TEST(Field, WithoutAGroupIsPassiveAndAlone)

@@ -9,8 +9,8 @@
 
 namespace veldraw::app {
 
-/// Reading access to the values of a field while something is being built; holds the buffer no longer than it lives
-/// itself.
+/// Reading access to the values of a coordinate or a curve while something is being built; holds the buffer no longer than
+/// it lives itself.
 class FieldValues
 {
 public:

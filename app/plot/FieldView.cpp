@@ -87,8 +87,9 @@ QString contourGap(kernel::Frame const& frame, std::vector<int> const& zones, bo
 
 } // namespace
 
-FieldView::FieldView(bool inSpace)
+FieldView::FieldView(bool inSpace, std::function<void()> ready)
     : m_inSpace(inSpace)
+    , m_scene(*m_stage, std::move(ready))
 {
     QColor const paper = PlotTheme::paper();
     m_stage->SetBackground(paper.redF(), paper.greenF(), paper.blueF());
@@ -149,7 +150,7 @@ int FieldView::zoneAt(QPointF const& inArea) const
     double const reach = 5.0 * area().pixelRatio;
     double nearest = -1.0;
     int found = 0;
-    for (auto const& zone : m_zones) {
+    for (auto const& zone : zones()) {
         double const distance = ray.distanceTo(zone->surface(), reach);
         if (distance < 0.0 || (found != 0 && distance > nearest + ray.resolution()))
             continue;
@@ -159,16 +160,16 @@ int FieldView::zoneAt(QPointF const& inArea) const
     return found;
 }
 
-void FieldView::markZones(std::set<int> const& zones)
+void FieldView::markZones(std::set<int> const& wanted)
 {
     std::set<int> shown;
-    for (auto const& zone : m_zones)
-        if (zones.count(zone->zoneNumber()) != 0)
+    for (auto const& zone : zones())
+        if (wanted.count(zone->zoneNumber()) != 0)
             shown.insert(zone->zoneNumber());
     if (shown == m_markedZones)
         return;
     clearMarks();
-    for (auto const& zone : m_zones) {
+    for (auto const& zone : zones()) {
         if (shown.count(zone->zoneNumber()) == 0)
             continue;
         m_marks.emplace_back(zone->surface().GetBounds(), m_inSpace);
@@ -187,32 +188,24 @@ void FieldView::clearMarks()
 
 void FieldView::clear()
 {
-    clearMarks();
-    for (auto const& zone : m_zones)
-        m_stage->RemoveActor(zone->actor());
-    m_zones.clear();
+    m_scene.clear();
     m_legend->hide();
 }
 
 FrameNotice FieldView::show(kernel::Frame const& frame)
 {
-    clear();
+    clearMarks();
     bool const wasShown = std::exchange(m_isShown, false);
     QString const reason = obstacle(frame);
-    if (!reason.isEmpty())
+    if (!reason.isEmpty()) {
+        clear();
         return {reason, true};
-
-    kernel::DataSet const& dataSet = *frame.dataSet;
-    std::vector<int> const zones = shownZones(frame, m_inSpace);
-    m_look = lookOf(frame, zones);
-    auto const axesBefore = std::exchange(m_shownAxes, identifiersOf(dataSet, m_look.axes));
-    for (int const number : zones) {
-        auto drawing = std::make_unique<ZoneDrawing>(dataSet, number, m_look);
-        m_stage->AddActor(drawing->actor());
-        m_zones.push_back(std::move(drawing));
     }
-    for (std::size_t n = 0; n < m_zones.size(); ++n)
-        m_zones[n]->setDepthOrder(n, m_zones.size());
+    kernel::DataSet const& dataSet = *frame.dataSet;
+    std::vector<int> const shown = shownZones(frame, m_inSpace);
+    m_look = lookOf(frame, shown);
+    auto const axesBefore = std::exchange(m_shownAxes, identifiersOf(dataSet, m_look.axes));
+    bool const isComplete = m_scene.show(dataSet, shown, m_look);
     updateLegend(variableName(dataSet, m_look.contourVariable));
     setArea(area());
     updateAxes({variableName(dataSet, m_look.axes[0]), variableName(dataSet, m_look.axes[1]),
@@ -220,39 +213,7 @@ FrameNotice FieldView::show(kernel::Frame const& frame)
     m_isShown = true;
     bool const wasStretched = std::exchange(m_isStretched, frame.stretchAxes);
     placeView(m_shownAxes != axesBefore || m_isStretched != wasStretched || (!wasShown && m_viewSpace != m_look.space));
-    m_notice = {gap(frame, zones), false, remark()};
-    return m_notice;
-}
-
-FrameNotice FieldView::follow(kernel::Frame const& frame, kernel::ZonesAndVariables const& altered)
-{
-    bool const wasShown = std::exchange(m_isShown, false); // half recoloured is not shown
-    bool const isRecoloured = wasShown && recolour(frame, altered);
-    m_isShown = wasShown;
-    return isRecoloured ? m_notice : show(frame);
-}
-
-// Values of the contour alone leave the shapes as they are, which are most of the work.
-bool FieldView::recolour(kernel::Frame const& frame, kernel::ZonesAndVariables const& altered)
-{
-    bool const movesPoints = std::any_of(m_look.axes.begin(), m_look.axes.end(),
-                                         [&](int axis) { return altered.variables.count(axis) != 0; });
-    if (movesPoints || !hasFlood())
-        return false;
-    std::vector<int> zones;
-    for (auto const& zone : m_zones)
-        zones.push_back(zone->zoneNumber());
-    FieldLook const look = lookOf(frame, zones);
-    if (look.contourVariable != m_look.contourVariable)
-        return false;
-    bool const isOtherScale = look.contourMin != m_look.contourMin || look.contourMax != m_look.contourMax;
-    m_look = look;
-    for (auto const& zone : m_zones)
-        if (isOtherScale || altered.zones.count(zone->zoneNumber()) != 0)
-            zone->recolour(*frame.dataSet, look);
-    updateLegend(m_legend->name());
-    setArea(area());
-    return true;
+    return {isComplete ? gap(frame, shown) : tr("Drawing\u2026"), false, remark()};
 }
 
 // What of the data is not seen in the picture.
@@ -320,7 +281,7 @@ QString FieldView::obstacleInZones(kernel::Frame const& frame, std::vector<int> 
         });
         if (!atPoints)
             return tr("The variable on the %1 axis has values at cells, not at points.").arg(letters[n]);
-        if (!ZoneRanges::of(*frame.dataSet, zones, axes[n]).isValid())
+        if (!ZoneRanges::ofCoordinate(*frame.dataSet, zones, axes[n]).isValid())
             return tr("The variable on the %1 axis has no finite values.").arg(letters[n]);
     }
     return {};
@@ -336,13 +297,12 @@ FieldLook FieldView::lookOf(kernel::Frame const& frame, std::vector<int> const& 
     std::array<double, 3> min{};
     std::array<double, 3> max{};
     for (std::size_t n = 0; n < (m_inSpace ? 3U : 2U); ++n) {
-        kernel::ValueRange const range = ZoneRanges::of(*frame.dataSet, zones, look.axes[n]);
+        kernel::ValueRange const range = ZoneRanges::ofCoordinate(*frame.dataSet, zones, look.axes[n]);
         min[n] = range.min;
         max[n] = range.max;
     }
     look.space = PlotSpace(min, max, frame.stretchAxes);
     look.mesh = frame.showMesh;
-    look.colours = ColourMap::create(0.0, 1.0);
     kernel::ValueRange const flood = ZoneRanges::of(*frame.dataSet, zones, frame.variableNumber('C'));
     bool const isLoaded = std::any_of(zones.begin(), zones.end(), [&frame](int zone) {
         return hasValues(*frame.dataSet, zone, frame.variableNumber('C'));

@@ -3,12 +3,13 @@
 #include "app/plot/ColourLegend.h"
 #include "app/plot/FrameView.h"
 #include "app/plot/PickMark.h"
-#include "app/plot/ZoneDrawing.h"
+#include "app/plot/ZoneScene.h"
 
 #include <QCoreApplication>
 #include <QMarginsF>
 #include <vtkContextActor.h>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -20,21 +21,25 @@ class FieldView : public FrameView
     Q_DECLARE_TR_FUNCTIONS(veldraw::app::FieldView)
 
 public:
-    explicit FieldView(bool inSpace);
+    /// @param ready called on another thread when there is more to be shown than when show() was called last; empty: show()
+    ///        always shows everything
+    FieldView(bool inSpace, std::function<void()> ready);
     ~FieldView() override;
 
     void addTo(vtkRenderWindow& window) override;
     void removeFrom(vtkRenderWindow& window) override;
     void setArea(ViewArea const& area) override;
     FrameNotice show(kernel::Frame const& frame) override;
-    FrameNotice follow(kernel::Frame const& frame, kernel::ZonesAndVariables const& altered) override;
+    bool isWaiting() const override { return m_scene.isWaiting(); }
+    void wait() override { m_scene.wait(); }
     bool dependsOn(kernel::Frame const& frame, int variable) const override;
     void markZones(std::set<int> const& zones) override;
 
     vtkRenderer& stage() const { return *m_stage; } ///< shows the zones
     ColourLegend& legend() const { return *m_legend; }
     PlotSpace const& space() const { return m_look.space; }
-    std::vector<std::unique_ptr<ZoneDrawing>> const& zones() const { return m_zones; }
+    ZoneScene::Drawings const& zones() const { return m_scene.drawings(); }
+    std::vector<vtkActor*> const& actors() const { return m_scene.actors(); } ///< of the zones
 
     /// Zones that are shown and marked as picked.
     std::set<int> const& markedZones() const { return m_markedZones; }
@@ -77,7 +82,6 @@ private:
     void placeView(bool isNew);
     void clear();
     void clearMarks();
-    bool recolour(kernel::Frame const& frame, kernel::ZonesAndVariables const& altered);
     FieldLook lookOf(kernel::Frame const& frame, std::vector<int> const& zones) const;
     bool hasFlood() const { return m_look.contourVariable > 0; }
     void updateLegend(QString const& name);
@@ -87,14 +91,13 @@ private:
     bool m_isShown = false; // there was a picture when the frame was shown last
     std::array<kernel::UniqueId, 3> m_shownAxes{};
     PlotSpace m_viewSpace; // that the camera stands in
-    FrameNotice m_notice;  // of the picture
     bool m_isFitted = false;
     bool m_isStretched = false;
     FieldLook m_look;
-    std::vector<std::unique_ptr<ZoneDrawing>> m_zones;
     std::vector<PickMark> m_marks;
     std::set<int> m_markedZones;
     vtkNew<vtkRenderer> m_stage;
+    ZoneScene m_scene;
     vtkNew<vtkContextActor> m_legendActor;
     vtkNew<ColourLegend> m_legend;
     double m_stageWidth = 1.0;

@@ -1,6 +1,10 @@
 #include "app/plot/FiniteElementShape.h"
 
+#include "app/plot/OuterFaces.h"
+#include "app/vtk/ProgressObserver.h"
 #include "app/vtk/ZoneToVtk.h"
+#include "kernel/compute/Parallel.h"
+#include "kernel/data/DataSet.h"
 
 #include <vtkCellData.h>
 #include <vtkGeometryFilter.h>
@@ -11,6 +15,8 @@
 #include <vtkTypeInt64Array.h>
 
 #include <algorithm>
+#include <atomic>
+#include <numeric>
 
 namespace veldraw::app {
 
@@ -18,9 +24,23 @@ namespace {
 
 using kernel::Connectivity;
 
+constexpr char numberName[] = "number";
+
 bool inRange(std::int64_t const* values, std::int64_t count, std::int64_t end)
 {
     return std::all_of(values, values + count, [end](std::int64_t value) { return value >= 0 && value < end; });
+}
+
+// Whether @p holds(first, last) is true of every part of [0, count), asked on all cores.
+template <typename Predicate>
+bool holdsThroughout(std::int64_t count, Predicate const& holds)
+{
+    std::atomic<bool> result{true};
+    kernel::parallelFor(count, [&](std::int64_t first, std::int64_t last, std::int64_t) {
+        if (result && !holds(first, last))
+            result = false;
+    });
+    return result;
 }
 
 // Faces of polyhedra: each list must end within the stream and name points of the zone.
@@ -52,8 +72,14 @@ bool isSound(Connectivity const& cells, std::int64_t pointCount)
         return false;
     if (cells.offsets[0] != 0 || cells.offsets[cells.cellCount] > cells.indexCount)
         return false;
-    return std::is_sorted(cells.offsets, cells.offsets + cells.cellCount + 1) &&
-           inRange(cells.indices, cells.indexCount, pointCount) && hasSoundFaces(cells, pointCount);
+    auto const areSorted = [&cells](std::int64_t first, std::int64_t last) {
+        return std::is_sorted(cells.offsets + first, cells.offsets + last + 1);
+    };
+    auto const areInRange = [&](std::int64_t first, std::int64_t last) {
+        return inRange(cells.indices + first, last - first, pointCount);
+    };
+    return holdsThroughout(cells.cellCount, areSorted) && holdsThroughout(cells.indexCount, areInRange) &&
+           hasSoundFaces(cells, pointCount);
 }
 
 vtkSmartPointer<vtkTypeInt64Array> adopt(std::int64_t const* values, std::int64_t count)
@@ -92,18 +118,38 @@ vtkSmartPointer<vtkCellArray> ownCells(vtkCellArray* cells)
     return cells && cells->GetNumberOfCells() > 0 ? cells : nullptr;
 }
 
-ZoneShape outerFaces(kernel::DataSet const& dataSet, int number)
+void addNumbers(vtkDataSetAttributes& attributes, std::int64_t count)
 {
-    // Faces are found from the connectivity alone; coordinates are fetched later, for the outer points only.
-    auto const grid = vtkDataSetOfZone(dataSet, number, {0, 0, 0}, {});
-    if (!grid)
-        return {};
+    vtkNew<vtkIdTypeArray> numbers;
+    numbers->SetName(numberName);
+    numbers->SetNumberOfValues(count);
+    std::iota(numbers->Begin(), numbers->End(), vtkIdType(0));
+    attributes.AddArray(numbers);
+}
+
+std::shared_ptr<kernel::Zone> withoutFields(kernel::Zone const& zone)
+{
+    auto copy = std::make_shared<kernel::Zone>(zone.name, zone.type, zone.i, zone.j, zone.k);
+    copy->connectivity = zone.connectivity;
+    return copy;
+}
+
+// Faces of polyhedra are found by VTK, from the connectivity alone; coordinates are fetched later, for the outer points only.
+ZoneShape facesFoundByVtk(kernel::Zone const& zone, kernel::Progress const& progress)
+{
+    kernel::DataSet dataSet;
+    dataSet.addZone(withoutFields(zone));
+    auto const grid = vtkDataSetOfZone(dataSet, 1, {0, 0, 0}, {});
     vtkNew<vtkGeometryFilter> filter;
+    vtkNew<ProgressObserver> observer;
+    observer->watch(*filter, [&progress](double) { return !progress.isInterrupted(); });
+    // The filter's own notes of what comes from where are missing when there are cells without a volume.
+    addNumbers(*grid->GetPointData(), zone.pointCount());
+    addNumbers(*grid->GetCellData(), zone.cellCount());
     filter->SetInputData(grid);
-    filter->PassThroughCellIdsOn();
-    filter->PassThroughPointIdsOn();
     filter->MergingOff();
     filter->Update();
+    progress.check();
     vtkPolyData* const faces = filter->GetOutput();
 
     ZoneShape shape;
@@ -111,27 +157,26 @@ ZoneShape outerFaces(kernel::DataSet const& dataSet, int number)
     shape.vertices = ownCells(faces->GetVerts());
     shape.lines = ownCells(faces->GetLines());
     shape.polygons = ownCells(faces->GetPolys());
-    shape.points = idsOf(faces->GetPointData()->GetArray("vtkOriginalPointIds"), shape.pointCount);
-    shape.cells = idsOf(faces->GetCellData()->GetArray("vtkOriginalCellIds"), shape.cellCount());
+    shape.points = idsOf(faces->GetPointData()->GetArray(numberName), shape.pointCount);
+    shape.cells = idsOf(faces->GetCellData()->GetArray(numberName), shape.cellCount());
     return shape;
 }
 
 } // namespace
 
-ZoneShape FiniteElementShape::create(kernel::DataSet const& dataSet, int number)
+ZoneShape FiniteElementShape::create(kernel::Zone const& zone, kernel::Progress const& progress)
 {
-    auto const zone = dataSet.zone(number);
-    if (!zone || !zone->connectivity || !isSound(*zone->connectivity, zone->pointCount()))
+    if (!zone.connectivity || !isSound(*zone.connectivity, zone.pointCount()))
         return {};
-    switch (zone->type) {
+    switch (zone.type) {
     case ZoneType_FELineSeg:
-        return asItStands(zone->connectivity, zone->pointCount(), true);
+        return asItStands(zone.connectivity, zone.pointCount(), true);
     case ZoneType_FETriangle:
     case ZoneType_FEQuad:
     case ZoneType_FEPolygon:
-        return asItStands(zone->connectivity, zone->pointCount(), false);
+        return asItStands(zone.connectivity, zone.pointCount(), false);
     default:
-        return outerFaces(dataSet, number);
+        return OuterFaces::canFind(zone) ? OuterFaces::create(zone, progress) : facesFoundByVtk(zone, progress);
     }
 }
 

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "app/plot/ZoneShape.h"
-#include "kernel/data/DataSet.h"
+#include "kernel/compute/Progress.h"
+#include "kernel/data/Zone.h"
 
 namespace veldraw::app {
 
@@ -10,9 +11,10 @@ namespace veldraw::app {
 class FiniteElementShape
 {
 public:
-    /// @param number one-based number of a finite-element zone
+    /// @param zone a finite-element zone; its fields are not looked at
     /// @return nothing to draw when the zone has no cells or its cells name points that do not exist
-    static ZoneShape create(kernel::DataSet const& dataSet, int number);
+    /// @throws kernel::Interrupted, std::bad_alloc
+    static ZoneShape create(kernel::Zone const& zone, kernel::Progress const& progress = {});
 };
 
 } // namespace veldraw::app

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "app/plot/FrameNotice.h"
-#include "kernel/data/ZonesAndVariables.h"
 #include "kernel/frames/Frame.h"
 
 #include <QPointF>
@@ -35,17 +34,16 @@ public:
     virtual void removeFrom(vtkRenderWindow& window);
     virtual void setArea(ViewArea const& area);
 
-    /// Builds the picture afresh. A view that shows the whole goes on doing so when the extent of what is shown changes; one
+    /// Shows the frame as it is now. A view that shows the whole goes on doing so when the extent of what is shown changes; one
     /// that the user has moved or enlarged stays at the same place of the data.
     /// @return what is missing, if anything
     virtual FrameNotice show(kernel::Frame const& frame) = 0;
 
-    /// Brings the picture up to date when nothing has changed since but @p altered values, some of which it depends on.
-    virtual FrameNotice follow(kernel::Frame const& frame, kernel::ZonesAndVariables const& altered)
-    {
-        static_cast<void>(altered);
-        return show(frame);
-    }
+    /// Whether something is being worked out for the picture that show() has left out.
+    virtual bool isWaiting() const { return false; }
+
+    /// Waits until that is there for show() to take.
+    virtual void wait() {}
 
     /// Whether the picture depends on a variable (one-based number) of the frame's data set.
     virtual bool dependsOn(kernel::Frame const& frame, int variable) const = 0;

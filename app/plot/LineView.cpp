@@ -179,6 +179,10 @@ QString LineView::addCurve(kernel::Frame const& frame, kernel::LineMap const& ma
     if (dataSet.zone(zone)->pointCount() > mostPoints)
         return tr("The zone of the line map has too many points to be drawn.");
     for (int const variable : {x, y})
+        if (dataSet.field(zone, variable)->isPassive())
+            return tr("The variable \"%1\" has no values in the zone of the line map.")
+                .arg(QString::fromStdString(dataSet.variable(variable)->name));
+    for (int const variable : {x, y})
         if (!dataSet.field(zone, variable)->isLoaded())
             return tr("The variable \"%1\" is not loaded.")
                 .arg(QString::fromStdString(dataSet.variable(variable)->name));

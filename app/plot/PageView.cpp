@@ -21,20 +21,6 @@ namespace veldraw::app {
 
 namespace {
 
-std::unique_ptr<FrameView> createView(PlotType_e plotType)
-{
-    switch (plotType) {
-    case PlotType_Cartesian3D:
-        return std::make_unique<SpaceView>();
-    case PlotType_Cartesian2D:
-        return std::make_unique<PlaneView>();
-    case PlotType_XYLine:
-        return std::make_unique<LineView>();
-    default:
-        return nullptr;
-    }
-}
-
 // Qt's platforms without a screen offer OpenGL that draws nothing, or none at all.
 bool hasScreen()
 {
@@ -128,24 +114,24 @@ void PageView::markFrames(kernel::StateChangeEvent const& event)
                                std::any_of(event.variables.begin(), event.variables.end(),
                                            [&](int variable) { return slot.view->dependsOn(*frame, variable); });
         if (isTouched)
-            mark(slot, event);
+            slot.isStale = true;
     }
-}
-
-void PageView::mark(Slot& slot, kernel::StateChangeEvent const& event)
-{
-    if (event.kind != StateChange_ValuesAltered || event.variables.empty() || event.zones.empty()) {
-        slot.isStale = true;
-        return;
-    }
-    slot.altered.zones.insert(event.zones.begin(), event.zones.end());
-    slot.altered.variables.insert(event.variables.begin(), event.variables.end());
 }
 
 void PageView::markAll()
 {
     for (auto& [id, slot] : m_slots)
         slot.isStale = true;
+    scheduleRefresh();
+}
+
+// More of a frame can be shown than when it was last.
+void PageView::markReady(kernel::UniqueId frame)
+{
+    auto const slot = m_slots.find(frame);
+    if (slot == m_slots.end())
+        return;
+    slot->second.isStale = true;
     scheduleRefresh();
 }
 
@@ -240,7 +226,7 @@ void PageView::updateStale()
     for (auto const& frame : page->frames) {
         Slot& slot = m_slots[frame->id];
         slot.isStale = slot.isStale || slot.plotType != frame->plotType;
-        if (!slot.isStale && slot.altered.variables.empty())
+        if (!slot.isStale)
             continue;
         try {
             updatePlot(*frame, slot);
@@ -278,13 +264,12 @@ void PageView::updatePlot(kernel::Frame const& frame, Slot& slot)
     if (slot.plotType != frame.plotType || !slot.view) {
         if (slot.view)
             takeOff(*slot.view);
-        slot.view = createView(frame.plotType);
+        slot.view = createView(frame);
         slot.plotType = frame.plotType;
     }
-    auto const altered = std::exchange(slot.altered, {});
     if (slot.view) {
         slot.view->setArea(areaOf(slot));
-        slot.notice = slot.isStale ? slot.view->show(frame) : slot.view->follow(frame, altered);
+        slot.notice = slot.view->show(frame);
         return;
     }
     if (!frame.dataSet)
@@ -293,6 +278,25 @@ void PageView::updatePlot(kernel::Frame const& frame, Slot& slot)
         slot.notice = {tr("Polar line plots are not drawn. Choose another plot type."), true};
     else
         slot.notice = {tr("A sketch shows no data. Choose another plot type."), true};
+}
+
+std::unique_ptr<FrameView> PageView::createView(kernel::Frame const& frame)
+{
+    // Called on another thread, but never after the view has gone.
+    auto const ready = [this, id = frame.id] {
+        QMetaObject::invokeMethod(
+            this, [this, id] { markReady(id); }, Qt::QueuedConnection);
+    };
+    switch (frame.plotType) {
+    case PlotType_Cartesian3D:
+        return std::make_unique<SpaceView>(ready);
+    case PlotType_Cartesian2D:
+        return std::make_unique<PlaneView>(ready);
+    case PlotType_XYLine:
+        return std::make_unique<LineView>();
+    default:
+        return nullptr;
+    }
 }
 
 void PageView::takeOff(FrameView& view)
@@ -410,10 +414,24 @@ void PageView::fitFrame(kernel::UniqueId frame)
     scheduleRefresh();
 }
 
+bool PageView::isDrawing() const
+{
+    return std::any_of(m_slots.begin(), m_slots.end(),
+                       [](auto const& slot) { return slot.second.view && slot.second.view->isWaiting(); });
+}
+
 QImage PageView::grabImage()
 {
     if (m_timer->isActive())
         refresh();
+    while (m_session.isDrawing() && isDrawing()) {
+        for (auto& [id, slot] : m_slots)
+            if (slot.view && slot.view->isWaiting()) {
+                slot.view->wait();
+                slot.isStale = true;
+            }
+        refresh();
+    }
     return grab().toImage();
 }
 

@@ -23,7 +23,8 @@ class PageOverlay;
 /// The active page: its frames as they lie on the paper, each with its plot. The paper fills the widget.
 ///
 /// Listens to the session by itself. An event only marks what is out of date; the picture is brought up to date once in the
-/// next turn of the event loop, however many events came, and not while the session has drawing suspended. Left drag turns (3D) or moves (2D, lines), middle drag moves, right
+/// next turn of the event loop, however many events came, and not while the session has drawing suspended. Large shapes are worked out
+/// aside; their frames say so until they are there. Left drag turns (3D) or moves (2D, lines), middle drag moves, right
 /// drag and wheel enlarge, a double click fits; the same by the keys: arrows, plus, minus and Home. A press in a frame makes it
 /// the active one. A click picks the zone under the mouse and nothing else, or nothing where there is none; with Ctrl it adds
 /// the zone to what is picked, or takes it out.
@@ -45,12 +46,15 @@ public:
     /// Has the picture brought up to date in the next turn of the event loop.
     void scheduleRefresh();
 
-    /// What is on the screen, in device pixels, brought up to date first.
+    /// What is on the screen, in device pixels, brought up to date first; waits for what is being worked out aside.
     QImage grabImage();
 
     /// The page for a document: its plots in their places, as large as on the screen, and what has to be said about them, but no
     /// borders, no headers and no marks of what is picked. What is on the screen stays as it is.
     QImage takePicture();
+
+    /// Whether parts of the picture are being worked out aside.
+    bool isDrawing() const;
 
     /// The sentence shown in a frame, empty when nothing is missing or there is no such frame.
     QString notice(kernel::UniqueId frame) const;
@@ -89,7 +93,6 @@ private:
         QRect area;
         QRect content;
         bool isStale = true;
-        kernel::ZonesAndVariables altered; ///< values in the plot that are out of date, if nothing else is
         bool isToFit = false;
 
         bool hidesPicture() const { return notice.coversPicture && !notice.sentence.isEmpty(); }
@@ -98,8 +101,9 @@ private:
     void createCanvas();
     void onEvent(kernel::StateChangeEvent const& event);
     void markFrames(kernel::StateChangeEvent const& event);
-    static void mark(Slot& slot, kernel::StateChangeEvent const& event);
     void markAll();
+    void markReady(kernel::UniqueId frame);
+    std::unique_ptr<FrameView> createView(kernel::Frame const& frame);
 
     void bringUpToDate();
     void showBare(bool isBare);

@@ -7,8 +7,8 @@
 
 namespace veldraw::app {
 
-PlaneView::PlaneView()
-    : FieldView(false)
+PlaneView::PlaneView(std::function<void()> ready)
+    : FieldView(false, std::move(ready))
     , m_axes(ground())
 {
     m_isPlacing = true; // there is no area yet

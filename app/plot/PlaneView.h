@@ -9,7 +9,8 @@ namespace veldraw::app {
 class PlaneView : public FieldView
 {
 public:
-    PlaneView();
+    /// @param ready as FieldView takes it
+    explicit PlaneView(std::function<void()> ready = {});
 
     void setArea(ViewArea const& area) override;
     void fit() override;

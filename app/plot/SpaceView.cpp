@@ -6,11 +6,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace veldraw::app {
 
-SpaceView::SpaceView()
-    : FieldView(true)
+SpaceView::SpaceView(std::function<void()> ready)
+    : FieldView(true, std::move(ready))
     , m_axes(stage())
 {
     vtkCamera* const camera = stage().GetActiveCamera();

@@ -9,7 +9,8 @@ namespace veldraw::app {
 class SpaceView : public FieldView
 {
 public:
-    SpaceView();
+    /// @param ready as FieldView takes it
+    explicit SpaceView(std::function<void()> ready = {});
 
     void setArea(ViewArea const& area) override;
     void fit() override;

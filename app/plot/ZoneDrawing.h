@@ -1,57 +1,55 @@
 #pragma once
 
-#include "app/plot/PartwiseMapper.h"
-#include "app/plot/PlotSpace.h"
+#include "app/plot/ZoneGeometry.h"
 #include "kernel/data/DataSet.h"
 
-#include <vtkActor.h>
-#include <vtkLookupTable.h>
-#include <vtkNew.h>
+#include <vtkFloatArray.h>
 #include <vtkSmartPointer.h>
 
-#include <array>
-#include <cstdint>
 #include <memory>
-#include <vector>
 
 namespace veldraw::app {
 
-/// What one field plot shows and how, worked out once for all of its zones.
-struct FieldLook
+/// How a drawing is shown; drawings of one style can be shown as one.
+struct DrawingStyle
 {
-    PlotSpace space;
-    std::array<int, 3> axes{}; ///< variable numbers, Z is 0 in a plane
-    int contourVariable = 0;   ///< 0 = no flood
-    double contourMin = 0.0;   ///< common limits of the flood
-    double contourMax = 0.0;
-    vtkSmartPointer<vtkLookupTable> colours; ///< over 0 to 1
-    bool mesh = false;
-    bool inSpace = false; ///< lit surfaces in three dimensions
+    bool isLit = false;
+    bool hasPolygons = false;
+    bool isFlooded = false; ///< coloured by values, where there are any
+    ValueLocation_e valuesAt = ValueLocation_Nodal;
+    float pointSize = 0.0F; ///< 0 without points
+
+    bool operator==(DrawingStyle const& other) const;
 };
 
-/// One zone in a field plot.
-///
-/// It holds what is drawn in single precision, scaled to the scene, and nothing of the kernel's buffers: an edit of a
-/// value needs no copy on account of the picture, and a deleted variable's memory is free at once.
+/// One zone in a field plot: its geometry, in the colours of the contour variable. No more than a copy of its share of the
+/// values is kept, in single precision.
 class ZoneDrawing
 {
 public:
-    ZoneDrawing(kernel::DataSet const& dataSet, int number, FieldLook const& look);
-    ~ZoneDrawing();
+    ZoneDrawing(kernel::UniqueId zone, std::shared_ptr<ZoneGeometry const> geometry);
 
-    /// Shows the present values of the contour variable, in the colours of @p look; all else is as when it was drawn, and so is
-    /// which variable that is.
-    void recolour(kernel::DataSet const& dataSet, FieldLook const& look);
+    /// Shows another geometry, if it is another one.
+    void setGeometry(std::shared_ptr<ZoneGeometry const> geometry);
 
-    /// Has surfaces of several zones at the same place shown in a firm order, the last zone over the others, in place of a pattern
-    /// that flickers. @param position of this zone among @p count, from 0
-    void setDepthOrder(std::size_t position, std::size_t count);
+    /// Gives the zone, which has a one-based number, the colours of the contour variable, unless it has them already.
+    void colour(kernel::DataSet const& dataSet, int number, FieldLook const& look);
 
-    vtkActor* actor() const { return m_actor; }
-    int zoneNumber() const { return m_zone; }
+    kernel::UniqueId zone() const { return m_zone; }
+
+    /// One-based number at the last call of colour().
+    int zoneNumber() const { return m_number; }
+    std::shared_ptr<ZoneGeometry const> const& geometry() const { return m_geometry; }
+    DrawingStyle style() const;
+
+    /// Positions in the range of the contour for each drawn point or cell; null without a flood.
+    vtkFloatArray* shares() const { return m_shares; }
+
+    /// Stands for the present colours: other ones have another number.
+    kernel::UniqueId colouring() const { return m_colouring; }
 
     /// What is drawn, in the scene.
-    vtkPolyData& surface() const { return *m_mapper->GetInput(); }
+    vtkPolyData& surface() const { return m_geometry->drawing(); }
 
     /// Cells that are drawn.
     long long cellCount() const;
@@ -59,18 +57,27 @@ public:
     /// Bytes of geometry and values that the drawing keeps.
     long long bytes() const;
 
-    ZoneDrawing(ZoneDrawing const&) = delete;
-    ZoneDrawing& operator=(ZoneDrawing const&) = delete;
-
 private:
-    void colour(vtkPolyData& drawing, kernel::Field const& field, FieldLook const& look) const;
-    void styleActor(FieldLook const& look);
+    /// What the colours have been worked out from.
+    struct Colours
+    {
+        bool isFlooded = false;
+        kernel::UniqueId values = 0;
+        ValueLocation_e location = ValueLocation_Nodal;
+        double min = 0.0;
+        double max = 0.0;
 
-    int m_zone;
-    std::vector<std::int64_t> m_slots; // of the contour's values, for each drawn point or cell; empty = in order
-    std::shared_ptr<kernel::Connectivity const> m_connectivity; // must outlive the mapper's adopted arrays
-    vtkNew<PartwiseMapper> m_mapper;
-    vtkNew<vtkActor> m_actor;
+        bool operator==(Colours const& other) const;
+    };
+
+    void computeShares(kernel::Field const& field);
+
+    kernel::UniqueId m_zone;
+    int m_number = 0;
+    std::shared_ptr<ZoneGeometry const> m_geometry;
+    Colours m_colours;
+    vtkSmartPointer<vtkFloatArray> m_shares;
+    kernel::UniqueId m_colouring = kernel::nextUniqueId();
 };
 
 } // namespace veldraw::app

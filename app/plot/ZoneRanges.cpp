@@ -6,7 +6,10 @@ namespace veldraw::app {
 
 using kernel::ValueRange;
 
-ValueRange ZoneRanges::of(kernel::DataSet const& dataSet, std::vector<int> const& zones, int variable)
+namespace {
+
+ValueRange rangeOf(kernel::DataSet const& dataSet, std::vector<int> const& zones, int variable,
+                   ValueRange const& ofPassive)
 {
     ValueRange all;
     for (int const number : zones) {
@@ -14,8 +17,7 @@ ValueRange ZoneRanges::of(kernel::DataSet const& dataSet, std::vector<int> const
         kernel::Field const* const field = dataSet.field(number, variable);
         if (!zone || !field || zone->pointCount() <= 0)
             continue;
-        ValueRange const own =
-            field->isPassive() ? ValueRange{ValueRange::State::Exact, 0.0, 0.0} : zone->range(variable);
+        ValueRange const own = field->isPassive() ? ofPassive : zone->range(variable);
         if (!own.isValid())
             continue;
         all.min = all.isValid() ? std::min(all.min, own.min) : own.min;
@@ -23,6 +25,18 @@ ValueRange ZoneRanges::of(kernel::DataSet const& dataSet, std::vector<int> const
         all.state = ValueRange::State::Exact;
     }
     return all;
+}
+
+} // namespace
+
+ValueRange ZoneRanges::of(kernel::DataSet const& dataSet, std::vector<int> const& zones, int variable)
+{
+    return rangeOf(dataSet, zones, variable, {});
+}
+
+ValueRange ZoneRanges::ofCoordinate(kernel::DataSet const& dataSet, std::vector<int> const& zones, int variable)
+{
+    return rangeOf(dataSet, zones, variable, {ValueRange::State::Exact, 0.0, 0.0});
 }
 
 } // namespace veldraw::app

@@ -179,6 +179,48 @@ TEST(FieldPlotInPlane, ShowsSeveralZonesOverOneCommonRange)
     EXPECT_NE(PlotTestPage::colouredPixels(page.plot()), both);
 }
 
+TEST(FieldPlotInPlane, DrawsAZoneWithoutTheContourVariableInGreyAndLeavesItOutOfTheRange)
+{
+    auto const set = SampleData::sheet(21, 11);
+    auto& values = set->field(1, 3)->group()->writableBuffer();
+    for (std::int64_t n = 0; n < values.size(); ++n)
+        values.setValue(n, 300.0 + static_cast<double>(n % 50));
+    auto bare = std::make_shared<kernel::Zone>("Bare", ZoneType_Ordered, 2, 2, 1);
+    set->addZone(bare);
+    SampleData::addField(*bare, {0.5, 1.5, 0.5, 1.5});
+    SampleData::addField(*bare, {0.2, 0.2, 0.8, 0.8});
+    ASSERT_TRUE(set->field(2, 3)->isPassive());
+    PlotTestPage page({SampleData::frame("Partly", set, PlotType_Cartesian2D)});
+    QImage const plot = page.plot(0, "plane-passive");
+    double const* const range = page.field().legend().GetLookupTable()->GetRange();
+    EXPECT_DOUBLE_EQ(range[0], 300.0);
+    EXPECT_DOUBLE_EQ(range[1], 349.0);
+    QColor const middle = plot.pixelColor((plot.width() - legendArea(plot).width()) / 2, plot.height() / 2);
+    EXPECT_EQ(middle, app::PlotTheme::noValue());
+    EXPECT_GT(PlotTestPage::pixelsNear(plot, app::PlotTheme::noValue(), 2), 20000);
+    EXPECT_EQ(page.notice(), QString());
+}
+
+TEST(FieldPlotInSpace, DrawsAZoneWithoutTheContourVariableInShadesOfGrey)
+{
+    auto const set = SampleData::block(9, 9, 9);
+    PlotTestPage whole({SampleData::frame("Whole", set, PlotType_Cartesian3D)});
+    ASSERT_GT(PlotTestPage::colouredPixels(whole.plot()), 20000);
+    auto const other = SampleData::block(9, 9, 9);
+    set->addZone(other->zone(1));
+    set->zone(2)->fields[3] = kernel::Field();
+    set->zone(1)->enabled = false;
+    PlotTestPage page({SampleData::frame("Passive", set, PlotType_Cartesian3D)});
+    EXPECT_EQ(page.notice(), QStringLiteral("The contour variable has no values in the enabled zones."));
+    EXPECT_FALSE(page.field().legend().GetVisibility());
+    ASSERT_TRUE(page.session().setZoneEnabled(*set, 1, true));
+    QImage const plot = page.plot(0, "space-passive");
+    EXPECT_LT(PlotTestPage::colouredPixels(plot.copy(0, 0, 700, plot.height())), 2000)
+        << "the zones lie in one place, and the second is drawn over the first";
+    EXPECT_TRUE(page.field().legend().GetVisibility());
+    EXPECT_EQ(page.notice(), QString());
+}
+
 TEST(FieldPlotInPlane, LeavesOutCellsWithoutAPlaceAndGreysCellsWithoutAValue)
 {
     auto const set = SampleData::sheet(21, 11);

@@ -40,6 +40,22 @@ TEST(LinePlot, ShowsACurveForEachActiveLineMap)
     EXPECT_EQ(page.notice(), QString());
 }
 
+TEST(LinePlot, HasNoCurveOfAVariableThatIsPassiveInTheZone)
+{
+    auto const set = SampleData::waves(100);
+    set->zone(1)->fields[2] = kernel::Field();
+    PlotTestPage page({SampleData::waveFrame(set)});
+    page.picture("line-passive");
+    QString const missing = QStringLiteral("The variable \"cosine\" has no values in the zone of the line map.");
+    EXPECT_EQ(page.lines().chart().GetNumberOfPlots(), 1);
+    EXPECT_EQ(page.lines().chart().GetPlot(0)->GetLabel(), "sine");
+    EXPECT_EQ(page.notice(), missing);
+    set->zone(1)->fields[1] = kernel::Field();
+    PlotTestPage empty({SampleData::waveFrame(set)});
+    EXPECT_EQ(empty.view().frameView(empty.frame().id), nullptr) << "no picture";
+    EXPECT_EQ(empty.notice(), missing);
+}
+
 TEST(LinePlot, SpansTheValues)
 {
     PlotTestPage page({SampleData::waveFrame(SampleData::waves(401))});

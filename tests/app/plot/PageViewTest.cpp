@@ -130,10 +130,10 @@ TEST(PageView, DrawsOnceInTheNextTurnOfTheLoopHoweverManyEventsCome)
 {
     PlotTestPage page({SampleData::frame("Sheet", SampleData::sheet(21, 11), PlotType_Cartesian2D)});
     app::FieldView& view = page.field();
-    vtkActor* const actor = view.zones().at(0)->actor();
+    vtkActor* const actor = view.actors().at(0);
     for (int n = 0; n < 50; ++n)
         ASSERT_TRUE(page.session().setShowMesh(page.frame().id, n % 2 == 0));
-    EXPECT_EQ(view.zones().at(0)->actor(), actor) << "nothing is built inside an event";
+    EXPECT_EQ(view.actors().at(0), actor) << "nothing is built inside an event";
     int draws = 0;
     vtkNew<vtkCallbackCommand> counter;
     counter->SetClientData(&draws);
@@ -142,7 +142,7 @@ TEST(PageView, DrawsOnceInTheNextTurnOfTheLoopHoweverManyEventsCome)
     PlotTestPage::settle();
     EXPECT_EQ(draws, 1);
     EXPECT_EQ(view.zones().size(), 1U);
-    EXPECT_EQ(view.zones().at(0)->actor()->GetProperty()->GetEdgeVisibility(), 0);
+    EXPECT_EQ(view.actors().at(0)->GetProperty()->GetEdgeVisibility(), 0);
 }
 
 TEST(PageView, FollowsFramesThatComeAndGo)

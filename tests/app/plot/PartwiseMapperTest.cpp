@@ -13,7 +13,7 @@ namespace {
 
 app::PartwiseMapper& mapperOf(PlotTestPage& page)
 {
-    return dynamic_cast<app::PartwiseMapper&>(*page.field().zones().at(0)->actor()->GetMapper());
+    return dynamic_cast<app::PartwiseMapper&>(*page.field().actors().at(0)->GetMapper());
 }
 
 // Draws the plot at once and in parts, of a size that leaves a rest, and compares the pictures.

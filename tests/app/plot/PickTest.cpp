@@ -206,10 +206,10 @@ TEST_P(PickTest, AMarkFollowsItsZone)
 
 TEST_P(PickTest, AMarkBuildsNoZoneAnew)
 {
-    vtkActor* const before = page.field().zones().at(0)->actor();
+    vtkActor* const before = page.field().actors().at(0);
     click(right());
     page.picture();
-    EXPECT_EQ(before, page.field().zones().at(0)->actor());
+    EXPECT_EQ(before, page.field().actors().at(0));
 }
 
 TEST_P(PickTest, NothingIsPickedWhileAnOperationRuns)

@@ -67,7 +67,7 @@ TEST(OrderedShape, TakesALineOrItsPoints)
 TEST(FiniteElementShape, AdoptsTheConnectivityOfSurfaceCells)
 {
     auto const set = SampleData::triangles(3);
-    auto const shape = app::FiniteElementShape::create(*set, 1);
+    auto const shape = app::FiniteElementShape::create(*set->zone(1));
     EXPECT_EQ(shape.cellCount(), set->zone(1)->cellCount());
     EXPECT_EQ(shape.polygons->GetConnectivityArray()->GetVoidPointer(0),
               static_cast<void const*>(set->zone(1)->connectivity->indices));
@@ -76,7 +76,7 @@ TEST(FiniteElementShape, AdoptsTheConnectivityOfSurfaceCells)
 TEST(FiniteElementShape, NamesTheCellsBehindTheOuterFaces)
 {
     auto const set = SampleData::bricks(3);
-    auto const shape = app::FiniteElementShape::create(*set, 1);
+    auto const shape = app::FiniteElementShape::create(*set->zone(1));
     EXPECT_EQ(shape.cellCount(), 54);
     std::set<std::int64_t> const cells(shape.cells.begin(), shape.cells.end());
     EXPECT_EQ(cells.size(), 26U) << "all but the one in the middle";
@@ -86,7 +86,7 @@ TEST(FiniteElementShape, NamesTheCellsBehindTheOuterFaces)
 TEST(FiniteElementShape, TakesTheFacesOfAPolyhedron)
 {
     auto const set = SampleData::prism();
-    auto const shape = app::FiniteElementShape::create(*set, 1);
+    auto const shape = app::FiniteElementShape::create(*set->zone(1));
     EXPECT_EQ(shape.polygons->GetNumberOfCells(), 5);
     EXPECT_EQ(shape.polygons->GetMaxCellSize(), 4);
 }
@@ -95,12 +95,12 @@ TEST(FiniteElementShape, DrawsNothingOfAPolyhedronWithFacesThatLeadAstray)
 {
     auto const set = SampleData::prism();
     set->zone(1)->i = 5;
-    EXPECT_EQ(app::FiniteElementShape::create(*set, 1).cellCount(), 0);
+    EXPECT_EQ(app::FiniteElementShape::create(*set->zone(1)).cellCount(), 0);
 }
 
 TEST(FiniteElementShape, TakesSurfaceCellsAndOuterFacesOfAMixedZone)
 {
-    auto const shape = app::FiniteElementShape::create(*SampleData::mixed(), 1);
+    auto const shape = app::FiniteElementShape::create(*SampleData::mixed()->zone(1));
     EXPECT_EQ(shape.polygons->GetNumberOfCells(), 4 + 1) << "four faces of the tetrahedron and the triangle";
     EXPECT_EQ(std::count(shape.cells.begin(), shape.cells.end(), 0), 4);
     EXPECT_EQ(std::count(shape.cells.begin(), shape.cells.end(), 1), 1);
@@ -110,7 +110,7 @@ TEST(FiniteElementShape, DrawsNothingOfAZoneWithoutCells)
 {
     auto const set = SampleData::triangles(2);
     set->zone(1)->connectivity.reset();
-    EXPECT_EQ(app::FiniteElementShape::create(*set, 1).cellCount(), 0);
+    EXPECT_EQ(app::FiniteElementShape::create(*set->zone(1)).cellCount(), 0);
 }
 
 TEST(PlotSpace, MapsThereAndBackAtAnyScale)

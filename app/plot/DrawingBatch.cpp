@@ -1,0 +1,154 @@
+#include "app/plot/DrawingBatch.h"
+
+#include "app/plot/PlotTheme.h"
+
+#include <vtkCellArray.h>
+#include <vtkCellData.h>
+#include <vtkPointData.h>
+#include <vtkPoints.h>
+#include <vtkProperty.h>
+
+#include <algorithm>
+
+namespace veldraw::app {
+
+namespace {
+
+using Drawings = DrawingBatch::Drawings;
+
+// The same array of all drawings, one after the other.
+template <typename ArrayOf>
+vtkSmartPointer<vtkFloatArray> joined(Drawings const& drawings, int components, ArrayOf const& arrayOf)
+{
+    auto all = vtkSmartPointer<vtkFloatArray>::New();
+    all->SetNumberOfComponents(components);
+    vtkIdType count = 0;
+    for (ZoneDrawing const* const drawing : drawings)
+        count += arrayOf(*drawing)->GetNumberOfValues();
+    all->SetNumberOfTuples(count / components);
+    float* target = count > 0 ? all->GetPointer(0) : nullptr;
+    for (ZoneDrawing const* const drawing : drawings) {
+        vtkFloatArray* const part = arrayOf(*drawing);
+        if (part->GetNumberOfValues() > 0)
+            target = std::copy_n(part->GetPointer(0), part->GetNumberOfValues(), target);
+    }
+    return all;
+}
+
+vtkFloatArray* floats(vtkDataArray* array)
+{
+    return vtkFloatArray::SafeDownCast(array);
+}
+
+template <typename CellsOf>
+vtkSmartPointer<vtkCellArray> joinedCells(Drawings const& drawings, CellsOf const& cellsOf)
+{
+    auto all = vtkSmartPointer<vtkCellArray>::New();
+    vtkIdType points = 0;
+    for (ZoneDrawing const* const drawing : drawings) {
+        vtkPolyData& surface = drawing->surface();
+        if (cellsOf(surface)->GetNumberOfCells() > 0)
+            all->Append(cellsOf(surface), points);
+        points += surface.GetNumberOfPoints();
+    }
+    return all;
+}
+
+vtkSmartPointer<vtkPolyData> joinedShapes(Drawings const& drawings)
+{
+    auto all = vtkSmartPointer<vtkPolyData>::New();
+    vtkNew<vtkPoints> points;
+    points->SetData(joined(
+        drawings, 3, [](ZoneDrawing const& drawing) { return floats(drawing.surface().GetPoints()->GetData()); }));
+    all->SetPoints(points);
+    all->SetVerts(joinedCells(drawings, [](vtkPolyData& surface) { return surface.GetVerts(); }));
+    all->SetLines(joinedCells(drawings, [](vtkPolyData& surface) { return surface.GetLines(); }));
+    all->SetPolys(joinedCells(drawings, [](vtkPolyData& surface) { return surface.GetPolys(); }));
+    auto const normalsOf = [](ZoneDrawing const& drawing) {
+        return floats(drawing.surface().GetPointData()->GetNormals());
+    };
+    if (normalsOf(*drawings.front()))
+        all->GetPointData()->SetNormals(joined(drawings, 3, normalsOf));
+    return all;
+}
+
+} // namespace
+
+DrawingBatch::DrawingBatch(vtkLookupTable& colours)
+{
+    m_mapper->SetInterpolateScalarsBeforeMapping(true);
+    m_mapper->SetLookupTable(&colours);
+    m_mapper->UseLookupTableScalarRangeOn();
+    m_actor->SetMapper(m_mapper);
+}
+
+void DrawingBatch::show(Drawings const& drawings, bool mesh)
+{
+    std::vector<std::shared_ptr<ZoneGeometry const>> shown;
+    std::vector<kernel::UniqueId> colourings;
+    for (ZoneDrawing const* const drawing : drawings) {
+        shown.push_back(drawing->geometry());
+        colourings.push_back(drawing->colouring());
+    }
+    bool const isOther = shown != m_shown;
+    if (isOther)
+        showShapes(drawings);
+    if (isOther || colourings != m_colourings)
+        showColours(drawings);
+    m_shown = std::move(shown);
+    m_colourings = std::move(colourings);
+    styleActor(drawings.front()->style(), mesh);
+}
+
+void DrawingBatch::showShapes(Drawings const& drawings)
+{
+    if (drawings.size() > 1) {
+        m_drawing = joinedShapes(drawings);
+    } else {
+        m_drawing = vtkSmartPointer<vtkPolyData>::New();
+        m_drawing->ShallowCopy(&drawings.front()->surface());
+    }
+    m_mapper->SetInputData(m_drawing);
+}
+
+void DrawingBatch::showColours(Drawings const& drawings)
+{
+    DrawingStyle const style = drawings.front()->style();
+    m_mapper->SetScalarVisibility(style.isFlooded);
+    vtkSmartPointer<vtkFloatArray> shares;
+    if (style.isFlooded)
+        shares = drawings.size() > 1 ? joined(drawings, 1, [](ZoneDrawing const& drawing) { return drawing.shares(); })
+                                     : vtkSmartPointer<vtkFloatArray>(drawings.front()->shares());
+    bool const isNodal = style.valuesAt == ValueLocation_Nodal;
+    m_drawing->GetPointData()->SetScalars(isNodal ? shares.Get() : nullptr);
+    m_drawing->GetCellData()->SetScalars(isNodal ? nullptr : shares.Get());
+}
+
+void DrawingBatch::setDepthOrder(std::size_t position, std::size_t count)
+{
+    // As far from its neighbours as 50 batches stand, if there are no more: nearer ones a wall between them would not hide.
+    constexpr double usual = 50.0;
+    double const order = static_cast<double>(count - 1 - position) / std::max(usual, static_cast<double>(count));
+    m_mapper->setDepthOrder(count > 1 ? order : -1.0);
+}
+
+void DrawingBatch::styleActor(DrawingStyle const& style, bool mesh)
+{
+    vtkProperty* const property = m_actor->GetProperty();
+    QColor const edges = PlotTheme::mesh();
+    QColor const surface = style.hasPolygons || style.isFlooded ? PlotTheme::shade() : edges;
+    property->SetColor(surface.redF(), surface.greenF(), surface.blueF());
+    property->SetEdgeColor(edges.redF(), edges.greenF(), edges.blueF());
+    property->SetEdgeVisibility(mesh);
+    property->SetLineWidth(mesh ? 1.0F : 2.0F);
+    property->SetLighting(style.isLit);
+    // Without light the two shares are added: they must give the pure colour.
+    property->SetAmbient(style.isLit ? 0.48 : 0.0);
+    property->SetDiffuse(style.isLit ? 0.56 : 1.0);
+    if (style.pointSize > 0.0F) {
+        property->SetRenderPointsAsSpheres(true);
+        property->SetPointSize(style.pointSize);
+    }
+}
+
+} // namespace veldraw::app

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "app/plot/PlotSpace.h"
+
+#include <array>
+
+namespace veldraw::app {
+
+/// What one field plot shows and how, worked out once for all of its zones.
+struct FieldLook
+{
+    PlotSpace space;
+    std::array<int, 3> axes{}; ///< variable numbers, Z is 0 in a plane
+    int contourVariable = 0;   ///< 0 = no flood
+    double contourMin = 0.0;   ///< common limits of the flood
+    double contourMax = 0.0;
+    bool mesh = false;
+    bool inSpace = false; ///< lit surfaces in three dimensions
+};
+
+} // namespace veldraw::app

@@ -1,0 +1,281 @@
+#include "app/plot/ZoneGeometry.h"
+
+#include "app/plot/FiniteElementShape.h"
+#include "app/plot/OrderedShape.h"
+#include "app/vtk/ProgressObserver.h"
+#include "kernel/compute/Parallel.h"
+
+#include <vtkFloatArray.h>
+#include <vtkIdList.h>
+#include <vtkIdTypeArray.h>
+#include <vtkPointData.h>
+#include <vtkPoints.h>
+#include <vtkPolyDataNormals.h>
+
+#include <algorithm>
+#include <atomic>
+#include <cmath>
+#include <numeric>
+
+namespace veldraw::app {
+
+namespace {
+
+constexpr char numberName[] = "number of the point";
+
+bool isFinite(std::array<double, 3> const& position)
+{
+    return std::isfinite(position[0]) && std::isfinite(position[1]) && std::isfinite(position[2]);
+}
+
+double distance(std::array<double, 3> const& a, std::array<double, 3> const& b)
+{
+    return std::sqrt((a[0] - b[0]) * (a[0] - b[0]) + (a[1] - b[1]) * (a[1] - b[1]) + (a[2] - b[2]) * (a[2] - b[2]));
+}
+
+// A one-dimensional ordered zone is a curve or a list of scattered points; where its file did not say which, the points tell.
+// On a curve neighbours are close compared with the whole, or there are few and the way along them is short.
+bool isScattered(ZoneSource const& source)
+{
+    kernel::Zone const& zone = source.zone();
+    if (!zone.isOrdered())
+        return false;
+    if (zone.isScattered)
+        return true;
+    if (zone.dimensionality() > 1 || zone.pointCount() < 3)
+        return zone.pointCount() < 2;
+    std::array<double, 3> low = {1e30, 1e30, 1e30};
+    std::array<double, 3> high = {-1e30, -1e30, -1e30};
+    std::array<double, 3> last{};
+    double way = 0.0;
+    double longestStep = 0.0;
+    bool first = true;
+    for (std::int64_t n = 0; n < zone.pointCount(); ++n) {
+        auto const here = source.scenePosition(n);
+        if (!isFinite(here))
+            continue;
+        for (std::size_t axis = 0; axis < 3; ++axis) {
+            low[axis] = std::min(low[axis], here[axis]);
+            high[axis] = std::max(high[axis], here[axis]);
+        }
+        double const step = first ? 0.0 : distance(last, here);
+        way += step;
+        longestStep = std::max(longestStep, step);
+        last = here;
+        first = false;
+    }
+    double const diagonal = first ? 0.0 : distance(low, high);
+    return longestStep > 0.2 * diagonal && way > 3.0 * diagonal;
+}
+
+// The cells of @p array all of whose points have a place. Counts on through the shape's cells, and notes the kept ones.
+vtkSmartPointer<vtkCellArray> keepPlaced(vtkCellArray* array, vtkPoints& points, std::int64_t& drawn,
+                                         ZoneShape const& shape, ZoneGeometry::Numbers& cells)
+{
+    auto kept = vtkSmartPointer<vtkCellArray>::New();
+    auto const isPlaced = [&points](vtkIdType id) { return std::isfinite(points.GetPoint(id)[0]); };
+    vtkNew<vtkIdList> ids;
+    for (vtkIdType n = 0; array && n < array->GetNumberOfCells(); ++n, ++drawn) {
+        array->GetCellAtId(n, ids);
+        if (!std::all_of(ids->begin(), ids->end(), isPlaced))
+            continue;
+        kept->InsertNextCell(ids);
+        cells.push_back(shape.cellOf(drawn));
+    }
+    return kept;
+}
+
+struct PlacedPoints
+{
+    vtkSmartPointer<vtkPoints> points;
+    bool areAllPlaced = true; ///< else those without a place are no numbers
+};
+
+PlacedPoints placePoints(std::int64_t count, std::vector<std::int64_t> const& numbers, ZoneSource const& source)
+{
+    vtkNew<vtkFloatArray> scene;
+    scene->SetNumberOfComponents(3);
+    scene->SetNumberOfTuples(count);
+    float* const target = count > 0 ? scene->GetPointer(0) : nullptr;
+    std::atomic<bool> areAllPlaced{true};
+    kernel::parallelFor(count, [&](std::int64_t first, std::int64_t last, std::int64_t) {
+        for (std::int64_t n = first; n < last; ++n) {
+            auto position = source.scenePosition(numbers.empty() ? n : numbers[static_cast<std::size_t>(n)]);
+            if (!isFinite(position)) {
+                areAllPlaced = false;
+                position.fill(std::numeric_limits<double>::quiet_NaN());
+            }
+            for (int axis = 0; axis < 3; ++axis)
+                target[3 * n + axis] = static_cast<float>(position[static_cast<std::size_t>(axis)]);
+        }
+    });
+    PlacedPoints placed{vtkSmartPointer<vtkPoints>::New(), areAllPlaced};
+    placed.points->SetData(scene);
+    return placed;
+}
+
+// Points that no cell touches any more: bounds and the graphics card want numbers.
+void zeroUnplaced(vtkPoints& points)
+{
+    for (vtkIdType n = 0; n < points.GetNumberOfPoints(); ++n)
+        if (!std::isfinite(points.GetPoint(n)[0]))
+            points.SetPoint(n, 0.0, 0.0, 0.0);
+}
+
+// A note at each point which one of the zone it is, for a filter that doubles points.
+void numberPoints(vtkPolyData& drawing, ZoneGeometry::Numbers const& points)
+{
+    vtkNew<vtkIdTypeArray> numbers;
+    numbers->SetNumberOfValues(drawing.GetNumberOfPoints());
+    if (points.empty())
+        std::iota(numbers->Begin(), numbers->End(), vtkIdType(0));
+    else
+        std::copy(points.begin(), points.end(), numbers->Begin());
+    numbers->SetName(numberName);
+    drawing.GetPointData()->AddArray(numbers);
+}
+
+// Takes the notes off again.
+ZoneGeometry::Numbers takeNumbers(vtkPolyData& drawing)
+{
+    auto* const notes = vtkIdTypeArray::SafeDownCast(drawing.GetPointData()->GetArray(numberName));
+    ZoneGeometry::Numbers numbers(notes->Begin(), notes->End());
+    drawing.GetPointData()->RemoveArray(numberName);
+    return numbers;
+}
+
+// Normals make a curved surface look smooth. At sharp edges points are doubled; faces of an ordered volume do not share points,
+// so its edges stay sharp without.
+vtkSmartPointer<vtkPolyData> withNormals(vtkPolyData* drawing, bool hasSharpEdges, kernel::Progress const& progress)
+{
+    vtkNew<vtkPolyDataNormals> normals;
+    vtkNew<ProgressObserver> observer;
+    observer->watch(*normals, [&progress](double) { return !progress.isInterrupted(); });
+    normals->SetInputData(drawing);
+    normals->SetSplitting(hasSharpEdges);
+    normals->SetFeatureAngle(35.0);
+    normals->ConsistencyOff();
+    normals->AutoOrientNormalsOff();
+    normals->Update();
+    progress.check();
+    return normals->GetOutput();
+}
+
+// Whether the points are the same but for where the space puts them, and normals stay what they are.
+bool isMerelyMoved(GeometryKey const& now, GeometryKey const& before)
+{
+    auto const scale = [&](int axis) { return now.space.unit(axis) / before.space.unit(axis); };
+    return now.hasSamePlaces(before) && (!now.inSpace || (scale(0) == scale(1) && scale(0) == scale(2)));
+}
+
+std::int64_t cornersOf(GeometryKey const& key)
+{
+    return key.cells ? key.cells->indexCount : 0;
+}
+
+} // namespace
+
+ZoneGeometry::ZoneGeometry(GeometryKey key)
+    : m_key(std::move(key))
+{
+}
+
+std::shared_ptr<ZoneGeometry const> ZoneGeometry::create(ZoneSource const& source, ZoneGeometry const* before,
+                                                         kernel::Progress const& progress)
+{
+    std::shared_ptr<ZoneGeometry> geometry(new ZoneGeometry(source.key()));
+    if (before && geometry->takeOver(source, *before))
+        return geometry;
+    geometry->build(source, progress);
+    return geometry;
+}
+
+bool ZoneGeometry::takeOver(ZoneSource const& source, ZoneGeometry const& before)
+{
+    if (!m_key.hasSameCells(before.m_key))
+        return false;
+    m_isOfPoints = isScattered(source);
+    if (m_isOfPoints != before.m_isOfPoints)
+        return false;
+    m_shape = before.m_shape;
+    if (!isMerelyMoved(m_key, before.m_key))
+        return false;
+    m_ownPoints = before.m_ownPoints;
+    m_ownCells = before.m_ownCells;
+    m_drawing = vtkSmartPointer<vtkPolyData>::New();
+    m_drawing->ShallowCopy(before.m_drawing);
+    PlacedPoints const placed = placePoints(before.m_drawing->GetNumberOfPoints(), points(), source);
+    if (!placed.areAllPlaced)
+        zeroUnplaced(*placed.points);
+    m_drawing->SetPoints(placed.points);
+    m_drawing->ComputeBounds();
+    return true;
+}
+
+void ZoneGeometry::build(ZoneSource const& source, kernel::Progress const& progress)
+{
+    kernel::Zone const& zone = source.zone();
+    if (!m_shape) {
+        m_isOfPoints = isScattered(source);
+        m_shape = std::make_shared<ZoneShape>(zone.isOrdered() ? OrderedShape::create(zone, m_isOfPoints)
+                                                               : FiniteElementShape::create(zone, progress));
+    }
+    progress.check();
+    PlacedPoints const placed = placePoints(m_shape->pointCount, m_shape->points, source);
+    m_drawing = vtkSmartPointer<vtkPolyData>::New();
+    m_drawing->SetPoints(placed.points);
+    if (m_shape->vertices)
+        m_drawing->SetVerts(m_shape->vertices);
+    if (m_shape->lines)
+        m_drawing->SetLines(m_shape->lines);
+    if (m_shape->polygons)
+        m_drawing->SetPolys(m_shape->polygons);
+    if (!placed.areAllPlaced)
+        leaveOutUnplaced(*placed.points);
+    if (m_key.inSpace && m_drawing->GetNumberOfPolys() > 0)
+        addNormals(!zone.isOrdered(), progress);
+    m_drawing->ComputeBounds(); // now, since others only read
+}
+
+void ZoneGeometry::leaveOutUnplaced(vtkPoints& points)
+{
+    Numbers cells;
+    std::int64_t drawn = 0;
+    m_drawing->SetVerts(keepPlaced(m_shape->vertices, points, drawn, *m_shape, cells));
+    m_drawing->SetLines(keepPlaced(m_shape->lines, points, drawn, *m_shape, cells));
+    m_drawing->SetPolys(keepPlaced(m_shape->polygons, points, drawn, *m_shape, cells));
+    m_ownCells = std::make_shared<Numbers>(std::move(cells));
+    zeroUnplaced(points);
+}
+
+void ZoneGeometry::addNormals(bool hasSharpEdges, kernel::Progress const& progress)
+{
+    if (hasSharpEdges)
+        numberPoints(*m_drawing, m_shape->points);
+    m_drawing = withNormals(m_drawing, hasSharpEdges, progress);
+    if (hasSharpEdges)
+        m_ownPoints = std::make_shared<Numbers>(takeNumbers(*m_drawing));
+}
+
+std::int64_t ZoneGeometry::work(GeometryKey const& key, ZoneGeometry const* before)
+{
+    if (before && key.hasSameCells(before->m_key)) {
+        std::int64_t const points = before->m_drawing->GetNumberOfPoints();
+        return isMerelyMoved(key, before->m_key)
+                   ? points
+                   : points + before->m_drawing->GetNumberOfCells() * (key.inSpace ? 4 : 1);
+    }
+    if (key.type != ZoneType_Ordered)
+        return key.dimensions[0] + cornersOf(key);
+    auto const [i, j, k] = key.dimensions;
+    std::int64_t const surface = i * j + j * k + i * k;
+    return key.inSpace ? 4 * surface : surface;
+}
+
+long long ZoneGeometry::bytes() const
+{
+    return static_cast<long long>(m_drawing->GetActualMemorySize()) * 1024 +
+           static_cast<long long>((points().capacity() + cells().capacity()) * sizeof(std::int64_t));
+}
+
+} // namespace veldraw::app

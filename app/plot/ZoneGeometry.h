@@ -1,0 +1,59 @@
+#pragma once
+
+#include "app/plot/ZoneShape.h"
+#include "app/plot/ZoneSource.h"
+#include "kernel/compute/Progress.h"
+
+#include <vtkPolyData.h>
+#include <vtkSmartPointer.h>
+
+#include <memory>
+#include <vector>
+
+namespace veldraw::app {
+
+/// Points, cells and normals that are drawn of a zone, without colours. Never changed once it is made.
+///
+/// It holds what is drawn in single precision, scaled to the scene, and nothing of the kernel's buffers: an edit of a
+/// value needs no copy on account of the picture, and a deleted variable's memory is free at once.
+class ZoneGeometry
+{
+public:
+    using Numbers = std::vector<std::int64_t>;
+
+    /// @param before of the same or of another zone, or null: what of it is as it has to be is taken over
+    /// @throws kernel::Interrupted, std::bad_alloc
+    static std::shared_ptr<ZoneGeometry const> create(ZoneSource const& source, ZoneGeometry const* before,
+                                                      kernel::Progress const& progress);
+
+    /// Roughly how many points and corners of cells create() will have to go through.
+    static std::int64_t work(GeometryKey const& key, ZoneGeometry const* before);
+
+    GeometryKey const& key() const { return m_key; }
+    vtkPolyData& drawing() const { return *m_drawing; }
+
+    /// Which point, or value slot of a cell, each drawn one is; empty = in order.
+    Numbers const& points() const { return m_ownPoints ? *m_ownPoints : m_shape->points; }
+    Numbers const& cells() const { return m_ownCells ? *m_ownCells : m_shape->cells; }
+
+    long long bytes() const;
+
+    ZoneGeometry(ZoneGeometry const&) = delete;
+    ZoneGeometry& operator=(ZoneGeometry const&) = delete;
+
+private:
+    explicit ZoneGeometry(GeometryKey key);
+    bool takeOver(ZoneSource const& source, ZoneGeometry const& before);
+    void build(ZoneSource const& source, kernel::Progress const& progress);
+    void leaveOutUnplaced(vtkPoints& points);
+    void addNormals(bool hasSharpEdges, kernel::Progress const& progress);
+
+    GeometryKey m_key;
+    bool m_isOfPoints = false;                // a one-dimensional ordered zone that is no curve
+    std::shared_ptr<ZoneShape const> m_shape; // also keeps memory that the cells of the drawing stand in
+    vtkSmartPointer<vtkPolyData> m_drawing;
+    std::shared_ptr<Numbers const> m_ownPoints; // where points were doubled at sharp edges; else null
+    std::shared_ptr<Numbers const> m_ownCells;  // where cells were left out; else null
+};
+
+} // namespace veldraw::app

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "app/plot/DrawingBatch.h"
+#include "app/plot/GeometryWork.h"
+#include "app/plot/ZoneDrawing.h"
+
+#include <vtkRenderer.h>
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+namespace veldraw::app {
+
+/// The zones of a field plot in its renderer.
+///
+/// What was worked out for a zone is kept as long as its cells and coordinates are what they were, so that a change costs as much as
+/// what it changes: colours follow by themselves, and zones come and go without the others. Large geometries are worked out
+/// aside; the zone is shown, or shown anew, when they are there.
+class ZoneScene
+{
+public:
+    using Drawings = std::vector<std::unique_ptr<ZoneDrawing>>;
+    using Geometries = std::unordered_map<kernel::UniqueId, std::shared_ptr<ZoneGeometry const>>;
+
+    /// @param ready called on another thread when show() should be called again; empty: show() always does everything
+    ZoneScene(vtkRenderer& stage, std::function<void()> ready);
+    ~ZoneScene();
+
+    /// Shows zones, by their one-based numbers in ascending order, and no others.
+    /// @return false when some of them are being worked out aside
+    bool show(kernel::DataSet const& dataSet, std::vector<int> const& zones, FieldLook const& look);
+
+    /// Shows nothing, and has nothing worked out.
+    void clear();
+
+    /// Whether something is being worked out aside.
+    bool isWaiting() const { return m_work.hasJob(); }
+
+    /// Waits for what is being worked out aside. show() takes it.
+    void wait() { m_work.wait(); }
+
+    Drawings const& drawings() const { return m_drawings; }
+    std::vector<vtkActor*> const& actors() const { return m_actors; }
+
+    ZoneScene(ZoneScene const&) = delete;
+    ZoneScene& operator=(ZoneScene const&) = delete;
+
+private:
+    using ById = std::unordered_map<kernel::UniqueId, std::unique_ptr<ZoneDrawing>>;
+    using Batches = std::map<kernel::UniqueId, std::unique_ptr<DrawingBatch>>;
+
+    bool workOutMissing(kernel::DataSet const& dataSet, std::vector<int> const& zones, FieldLook const& look,
+                        Geometries& known);
+    static std::unique_ptr<ZoneDrawing> drawingOf(kernel::UniqueId zone, GeometryKey const& key,
+                                                  Geometries const& known, ById& drawn);
+    void updateBatches(bool mesh);
+    void orderActors(std::vector<vtkActor*> const& actors);
+
+    vtkRenderer& m_stage;
+    vtkSmartPointer<vtkLookupTable> m_colours; // over 0 to 1
+    Drawings m_drawings;                       // in the order of the zones
+    Batches m_batches;                         // by the first zone of each
+    std::vector<vtkActor*> m_actors;           // of the batches, in the order of the zones
+    GeometryWork m_work;
+};
+
+} // namespace veldraw::app

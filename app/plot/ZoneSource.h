@@ -1,0 +1,59 @@
+#pragma once
+
+#include "app/plot/FieldLook.h"
+#include "app/plot/FieldValues.h"
+#include "kernel/data/DataSet.h"
+
+#include <array>
+#include <cstdint>
+#include <memory>
+
+namespace veldraw::app {
+
+/// What the geometry of a zone in a plot depends on, in numbers that are compared quickly.
+struct GeometryKey
+{
+    ZoneType_e type = ZoneType_Ordered;
+    std::array<std::int64_t, 3> dimensions{};
+    std::shared_ptr<kernel::Connectivity const> cells;
+    std::array<kernel::UniqueId, 3>
+        coordinates{}; ///< revisions of the values; 0 passive or unused, negative not loaded
+    PlotSpace space;
+    bool inSpace = false;
+
+    bool hasSameCells(GeometryKey const& other) const;
+    bool hasSamePlaces(GeometryKey const& other) const; ///< the same points of the data, wherever in the scene
+    bool operator==(GeometryKey const& other) const;
+    bool operator!=(GeometryKey const& other) const { return !(*this == other); }
+};
+
+/// What the geometry of one zone is worked out from, held so that it can be done on any thread: an edit meanwhile goes to a copy
+/// of the values.
+class ZoneSource
+{
+public:
+    /// @param number one-based, of a zone that exists
+    ZoneSource(kernel::DataSet const& dataSet, int number, FieldLook const& look);
+
+    GeometryKey const& key() const { return m_key; }
+
+    /// The zone without its fields.
+    kernel::Zone const& zone() const { return *m_zone; }
+
+    /// Where a zero-based point lies in the scene; not finite when it has no place.
+    std::array<double, 3> scenePosition(std::int64_t point) const;
+
+private:
+    GeometryKey m_key;
+    std::shared_ptr<kernel::Zone const> m_zone;
+    std::array<FieldValues, 3> m_positions;
+    std::array<bool, 3> m_isUsed;
+};
+
+/// The key alone, without a hold on anything but the cells.
+GeometryKey geometryKeyOf(kernel::DataSet const& dataSet, int number, FieldLook const& look);
+
+/// Stands for the values of a field: its revision, 0 without values, -1 while they are not loaded.
+kernel::UniqueId revisionOf(kernel::Field const* field);
+
+} // namespace veldraw::app

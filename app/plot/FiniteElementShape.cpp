@@ -131,6 +131,7 @@ std::shared_ptr<kernel::Zone> withoutFields(kernel::Zone const& zone)
 {
     auto copy = std::make_shared<kernel::Zone>(zone.name, zone.type, zone.i, zone.j, zone.k);
     copy->connectivity = zone.connectivity;
+    copy->blanking = zone.blanking;
     return copy;
 }
 

@@ -4,7 +4,8 @@ namespace veldraw::app {
 
 bool GeometryKey::hasSameCells(GeometryKey const& other) const
 {
-    return type == other.type && dimensions == other.dimensions && cells == other.cells;
+    return type == other.type && dimensions == other.dimensions && isScattered == other.isScattered &&
+           cells == other.cells && blanking == other.blanking;
 }
 
 bool GeometryKey::hasSamePlaces(GeometryKey const& other) const
@@ -30,7 +31,9 @@ GeometryKey geometryKeyOf(kernel::DataSet const& dataSet, int number, FieldLook 
     GeometryKey key;
     key.type = zone.type;
     key.dimensions = {zone.i, zone.j, zone.k};
+    key.isScattered = zone.isScattered;
     key.cells = zone.connectivity;
+    key.blanking = zone.blanking;
     for (std::size_t axis = 0; axis < look.axes.size(); ++axis)
         key.coordinates[axis] = revisionOf(dataSet.field(number, look.axes[axis]));
     key.space = look.space;
@@ -46,7 +49,9 @@ ZoneSource::ZoneSource(kernel::DataSet const& dataSet, int number, FieldLook con
 {
     auto const zone = std::make_shared<kernel::Zone>(std::string(), m_key.type, m_key.dimensions[0],
                                                      m_key.dimensions[1], m_key.dimensions[2]);
+    zone->isScattered = m_key.isScattered;
     zone->connectivity = m_key.cells;
+    zone->blanking = m_key.blanking;
     m_zone = zone;
 }
 

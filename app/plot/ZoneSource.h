@@ -15,7 +15,9 @@ struct GeometryKey
 {
     ZoneType_e type = ZoneType_Ordered;
     std::array<std::int64_t, 3> dimensions{};
+    bool isScattered = false;
     std::shared_ptr<kernel::Connectivity const> cells;
+    std::shared_ptr<kernel::Blanking const> blanking;
     std::array<kernel::UniqueId, 3>
         coordinates{}; ///< revisions of the values; 0 passive or unused, negative not loaded
     PlotSpace space;

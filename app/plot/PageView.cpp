@@ -439,7 +439,7 @@ QImage PageView::takePicture()
 {
     showBare(true);
     refresh();
-    QImage const picture = grab().toImage();
+    QImage const picture = grabImage();
     showBare(false);
     refresh();
     return picture;

@@ -52,16 +52,17 @@ std::int64_t workOf(GeometryWork::Requests const& requests)
                            });
 }
 
-bool standsAlone(ZoneDrawing const& drawing)
+// Each of few zones does, so that each has a depth of its own among those at the same place.
+bool standsAlone(ZoneDrawing const& drawing, std::size_t count)
 {
-    return drawing.surface().GetNumberOfPoints() > mostPointsInBatch;
+    return count <= static_cast<std::size_t>(zonesInBatch) || drawing.surface().GetNumberOfPoints() > mostPointsInBatch;
 }
 
-bool canShareBatch(ZoneDrawing const& a, ZoneDrawing const& b)
+bool canShareBatch(ZoneDrawing const& a, ZoneDrawing const& b, std::size_t count)
 {
     // By the numbers, so that a zone that comes or goes moves no border.
-    return (a.zoneNumber() - 1) / zonesInBatch == (b.zoneNumber() - 1) / zonesInBatch && !standsAlone(a) &&
-           !standsAlone(b) && a.style() == b.style();
+    return (a.zoneNumber() - 1) / zonesInBatch == (b.zoneNumber() - 1) / zonesInBatch && !standsAlone(a, count) &&
+           !standsAlone(b, count) && a.style() == b.style();
 }
 
 } // namespace
@@ -166,8 +167,9 @@ void ZoneScene::updateBatches(bool mesh)
     Batches batches;
     std::vector<vtkActor*> actors;
     for (auto first = m_drawings.begin(); first != m_drawings.end();) {
-        auto const last = std::find_if(first + 1, m_drawings.end(),
-                                       [first](auto const& drawing) { return !canShareBatch(**first, *drawing); });
+        auto const last = std::find_if(first + 1, m_drawings.end(), [&](auto const& drawing) {
+            return !canShareBatch(**first, *drawing, m_drawings.size());
+        });
         DrawingBatch::Drawings together;
         std::transform(first, last, std::back_inserter(together), [](auto const& drawing) { return drawing.get(); });
         kernel::UniqueId const id = together.front()->zone();
@@ -177,6 +179,10 @@ void ZoneScene::updateBatches(bool mesh)
         actors.push_back(batch->actor());
         batches[id] = std::move(batch);
         first = last;
+    }
+    for (auto const& [id, batch] : batches) {
+        auto const place = std::find(actors.begin(), actors.end(), batch->actor());
+        batch->setDepthOrder(static_cast<std::size_t>(place - actors.begin()), actors.size());
     }
     orderActors(actors);
     m_batches = std::move(batches);

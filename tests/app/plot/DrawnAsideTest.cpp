@@ -224,7 +224,7 @@ TEST(GeometryWork, TellsOfTheLastJobOnly)
     look.axes = {1, 2, 3};
     look.inSpace = true;
     auto const requests = [&] {
-        look.space = app::PlotSpace({0.0, 0.0, 0.0}, {1.0, 1.0, look.space.max(2) + 1.0});
+        look.space = app::PlotSpace({0.0, 0.0, 0.0}, {1.0, 1.0, look.space.max(2) + 1.0}, false);
         app::GeometryWork::Requests all;
         all.push_back({set->zone(1)->id, app::ZoneSource(*set, 1, look), nullptr});
         return all;

@@ -4,14 +4,9 @@
 
 #include <vtkSmartPointer.h>
 
-#include <cmath>
-#include <limits>
-
 namespace veldraw::app {
 
 namespace {
-
-constexpr double largestExactInteger = 9007199254740992.0; // 2^53
 
 bool kernelHasType(int vtkType)
 {
@@ -28,25 +23,6 @@ FieldDataType_e kernelTypeOf(int vtkType)
     }
     return FieldDataType_Bit;
 }
-
-// Largest magnitude of all components, and whether everything fits into 32 bits.
-struct IntegerLimits
-{
-    explicit IntegerLimits(vtkDataArray& array)
-    {
-        for (vtkIdType tuple = 0; tuple < array.GetNumberOfTuples(); ++tuple) {
-            for (int component = 0; component < array.GetNumberOfComponents(); ++component) {
-                double const value = array.GetComponent(tuple, component);
-                fits32 = fits32 && value >= std::numeric_limits<std::int32_t>::min() &&
-                         value <= std::numeric_limits<std::int32_t>::max();
-                exact = exact && std::abs(value) <= largestExactInteger;
-            }
-        }
-    }
-
-    bool fits32 = true;
-    bool exact = true;
-};
 
 struct Conversion
 {
@@ -65,15 +41,9 @@ Conversion conversionOf(vtkDataArray& array)
     default:
         break;
     }
-    IntegerLimits const limits(array);
-    char const* const bits = array.GetDataTypeSize() == 8
-                                 ? "64-bit integers were converted to 32-bit integers"
-                                 : "32-bit unsigned integers were converted to 32-bit integers";
-    if (limits.fits32)
-        return {FieldDataType_Int32, bits};
-    if (limits.exact)
-        return {FieldDataType_Double, "large integers were converted to double"};
-    return {FieldDataType_Double, "large integers were converted to double and have lost their last digits"};
+    if (array.GetDataTypeSize() == 8)
+        return {FieldDataType_Double, "64-bit integers were converted to double, which is exact up to 2^53"};
+    return {FieldDataType_Double, "32-bit unsigned integers were converted to double"};
 }
 
 std::vector<std::shared_ptr<kernel::Buffer>> copied(vtkDataArray& array, FieldDataType_e type)

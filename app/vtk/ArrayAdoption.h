@@ -20,8 +20,9 @@ struct AdoptedArray
 /// Turns a VTK array into one buffer a component, without a copy where the kernel has the type.
 ///
 /// The buffers of one array are interleaved (stride = number of components) and share the owner, which keeps the VTK
-/// array alive. Types that the kernel lacks are converted: 8-bit signed to 16-bit, 16-bit unsigned to 32-bit; 32-bit
-/// unsigned and 64-bit integers to 32-bit where all values fit, else to double.
+/// array alive. Types that the kernel lacks are converted to one that holds each of their values exactly, whatever values
+/// there are: 8-bit signed integers to 16-bit, 16-bit unsigned to 32-bit, 32-bit unsigned to double. 64-bit integers become
+/// double too.
 /// @param array is not to be changed by anybody else afterwards
 /// @throws std::bad_alloc
 AdoptedArray adoptArray(vtkDataArray& array);

@@ -99,17 +99,21 @@ std::vector<DeferredArray> ArrayChoice::choose(vtkDataArraySelection& selection,
 {
     bool const inCells = section == XmlSection::CellData;
     std::vector<DeferredArray> result;
+    int position = -1;
     for (int n = 0; n < static_cast<int>(arrays.size()); ++n) {
         XmlArrayList::Array const& array = arrays[static_cast<std::size_t>(n)];
+        if (!selection.ArrayIsEnabled(selection.GetArrayName(n)))
+            continue;
+        ++position;
         if (!array.type || hasMarks(array))
             continue;
         bool const isMapped = !inCells && m_arrays.canBeMapped(array);
-        bool const isFirst = n == 0 && !inCells;
+        bool const isFirst = position == 0 && !inCells;
         bool const now = loadsNow(array, isMapped, isFirst ? LoadingPlan::Need::FirstPlot : LoadingPlan::Need::Later);
         if (now && !isMapped)
             continue;
         result.push_back(described(array, selection.GetArrayName(n), section));
-        result.back().position = n;
+        result.back().position = position;
         result.back().isMapped = now;
     }
     for (DeferredArray const& array : result)

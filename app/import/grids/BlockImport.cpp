@@ -95,18 +95,21 @@ std::shared_ptr<kernel::Buffer> gathered(kernel::Buffer const& values, std::vect
     return result;
 }
 
-// Arrays that have been read and arrays that have not, one after the other as the file has them. Those without numbers take
-// part: a position counts them too.
+// Arrays that have been read and arrays that have not, one after the other as the file has them.
 template <typename AddRead, typename AddDeferred>
 void inFileOrder(vtkDataSetAttributes& read, std::vector<DeferredArray> const& deferred, AddRead const& addRead,
                  AddDeferred const& addDeferred)
 {
     auto next = deferred.begin();
     int position = 0;
-    for (int n = 0; n < read.GetNumberOfArrays(); ++n, ++position) {
+    for (int n = 0; n < read.GetNumberOfArrays(); ++n) {
+        vtkDataArray* const array = read.GetArray(n);
+        if (!array)
+            continue;
         for (; next != deferred.end() && next->position <= position; ++next, ++position)
             addDeferred(*next);
-        addRead(*read.GetAbstractArray(n));
+        addRead(*array);
+        ++position;
     }
     for (; next != deferred.end(); ++next)
         addDeferred(*next);
@@ -130,6 +133,8 @@ BlockImport::BlockImport(vtkDataSet& block, std::string const& name, DeferredArr
 ImportedZone BlockImport::run()
 {
     makeZone();
+    for (std::string const& text : m_deferred.remarks)
+        remark(text);
     addCoordinates();
     addPointArrays();
     addCellArrays();
@@ -233,9 +238,9 @@ void BlockImport::addPointArrays()
 {
     inFileOrder(
         *m_block.GetPointData(), m_deferred.ofPoints,
-        [this](vtkAbstractArray& array) {
-            if (vtkDataArray* const numbers = numbersOf(array, m_pointCount, "points"))
-                addPointArray(*numbers);
+        [this](vtkDataArray& array) {
+            checkTuples(array, m_pointCount, "points");
+            addPointArray(array);
         },
         [this](DeferredArray const& array) { addFields(array, m_pointCount, ValueLocation_Nodal, {}); });
 }
@@ -244,9 +249,9 @@ void BlockImport::addCellArrays()
 {
     inFileOrder(
         *m_block.GetCellData(), m_deferred.ofCells,
-        [this](vtkAbstractArray& array) {
-            if (vtkDataArray* const numbers = numbersOf(array, cellCount(), "cells"))
-                addCellArray(*numbers);
+        [this](vtkDataArray& array) {
+            checkTuples(array, cellCount(), "cells");
+            addCellArray(array);
         },
         [this](DeferredArray const& array) { addCellArray(array); });
 }
@@ -383,17 +388,7 @@ void BlockImport::addFields(vtkDataArray& array, ValueLocation_e location)
     m_result.addArray(name, std::move(components), m_facts.variablesOf(location, name), componentNamesOf(array));
 }
 
-// Null, with a remark, for an array of texts.
-vtkDataArray* BlockImport::numbersOf(vtkAbstractArray& array, std::int64_t expected, char const* what)
-{
-    checkTuples(array, expected, what);
-    auto* const numbers = vtkDataArray::SafeDownCast(&array);
-    if (!numbers)
-        remark("\"" + std::string(array.GetName() ? array.GetName() : "") + "\" has no numbers and was left out");
-    return numbers;
-}
-
-void BlockImport::checkTuples(vtkAbstractArray& array, std::int64_t expected, char const* what) const
+void BlockImport::checkTuples(vtkDataArray& array, std::int64_t expected, char const* what) const
 {
     if (array.GetNumberOfTuples() == expected)
         return;

@@ -56,8 +56,7 @@ private:
     std::shared_ptr<kernel::ShareGroup> deferredGroup(DeferredArray const& array, int component, std::int64_t tuples,
                                                       ValueLocation_e location,
                                                       ArrangedLoader::Arrange const& arrange) const;
-    void checkTuples(vtkAbstractArray& array, std::int64_t expected, char const* what) const;
-    vtkDataArray* numbersOf(vtkAbstractArray& array, std::int64_t expected, char const* what);
+    void checkTuples(vtkDataArray& array, std::int64_t expected, char const* what) const;
     void remark(std::string const& text);
 
     vtkDataSet& m_block;

@@ -19,7 +19,7 @@ struct DeferredArray
     /// Makes the loader of one component, from 0, of so many tuples.
     using LoaderFactory = std::function<std::shared_ptr<kernel::ValueLoader>(int component, std::int64_t tuples)>;
 
-    int position = 0; ///< among the arrays of its section, from 0
+    int position = 0; ///< among the arrays of its section that can be read, from 0
     std::string name;
     RawType type = RawType::Float32;
     int components = 1;
@@ -33,6 +33,7 @@ struct DeferredArrays
 {
     std::vector<DeferredArray> ofPoints; ///< by position
     std::vector<DeferredArray> ofCells;  ///< by position
+    std::vector<std::string> remarks;    ///< on arrays that cannot be read
     bool coordinates = false;            ///< those of grids that store no points are computed later
 
     /// Coordinates of a grid that stores them; it says nothing of its points then.

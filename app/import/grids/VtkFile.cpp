@@ -79,6 +79,17 @@ vtkSmartPointer<vtkDataObject> run(vtkAlgorithm& reader, VtkErrorCapture const& 
     return result;
 }
 
+// VTK crashes over texts where a structured grid has several pieces, and nobody wants them.
+void leaveOut(std::vector<XmlHeaderCheck::Useless> const& arrays, vtkXMLReader& reader,
+              std::vector<std::string>& remarks)
+{
+    for (auto const& [ofPoints, name, reason] : arrays) {
+        auto* const selection = ofPoints ? reader.GetPointDataArraySelection() : reader.GetCellDataArraySelection();
+        selection->DisableArray(name.c_str());
+        remarks.push_back("\"" + name + "\" " + reason + " and was left out");
+    }
+}
+
 vtkSmartPointer<vtkDataObject> readXml(vtkXMLReader& reader, std::string const& path, std::string const& extension,
                                        VtkErrorCapture const& errors, std::function<bool(double)> const& progress,
                                        LoadingPlan* plan, DeferredArrays& deferred)
@@ -95,9 +106,10 @@ vtkSmartPointer<vtkDataObject> readXml(vtkXMLReader& reader, std::string const& 
         return nullptr;
     reader.SetFileName(path.c_str());
     auto const observer = observe(reader, progress);
+    updateInformation(reader, *observer);
+    throwOnError(errors);
+    leaveOut(check.useless(), reader, deferred.remarks);
     if (mayDefer) {
-        updateInformation(reader, *observer);
-        throwOnError(errors);
         ArrayChoice(reader, GridArrays(path, extension), *plan).run(deferred);
         auto* const parts = dynamic_cast<GridParts*>(&reader);
         if (deferred.points && parts)

@@ -53,6 +53,19 @@ void XmlHeaderCheck::run()
         m_size.addComputed(m_computedPoints, 3.0 * sizeof(double));
 }
 
+std::vector<XmlHeaderCheck::Useless> XmlHeaderCheck::useless() const
+{
+    std::vector<Useless> result;
+    for (auto const& [ofPoints, name] : m_texts)
+        result.push_back({ofPoints, name, "has no numbers"});
+    // VTK puts pieces together byte by byte.
+    for (auto const& [ofPoints, name] : m_bits) {
+        if (m_pieces > 1)
+            result.push_back({ofPoints, name, "has single bits in several pieces"});
+    }
+    return result;
+}
+
 void XmlHeaderCheck::look(XmlTags::Tag const& tag)
 {
     if (tag.name == "VTKFile") {
@@ -68,6 +81,7 @@ void XmlHeaderCheck::look(XmlTags::Tag const& tag)
             m_size.addComputed(m_points, 3.0 * sizeof(double));
     } else if (tag.name == "Piece") {
         lookAtPiece(tag);
+        ++m_pieces;
         m_allPoints += m_points;
         m_size.addStored(m_uniform ? 0.0 : m_points, 0.0, "points");
     } else if (isSection(tag.name)) {
@@ -154,6 +168,10 @@ void XmlHeaderCheck::lookAtArray(XmlTags::Tag const& tag)
     bool const isValue = m_section == "PointData" || m_section == "CellData";
     bool const isCounted = m_countsValues || (!isValue && m_section != "Points");
     m_hasValues = m_hasValues || isValue;
+    if (isValue && tag.text("type") == "String")
+        m_texts.emplace(m_section == "PointData", tag.text("Name"));
+    if (isValue && tag.text("type") == "Bit")
+        m_bits.emplace(m_section == "PointData", tag.text("Name"));
     // VTK walks over the components of an array even if it has no values.
     m_size.addStored(tag.count("NumberOfComponents", 1.0), 0.0, "components of \"" + tag.text("Name") + "\"");
     if (values != unknown)

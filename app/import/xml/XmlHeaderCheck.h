@@ -6,7 +6,9 @@
 
 #include <array>
 #include <optional>
+#include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace veldraw::app {
@@ -23,6 +25,17 @@ public:
 
     /// @throws ImportError when the file cannot contain what its header promises, or memory cannot
     void run();
+
+    /// An array among point and cell values that cannot be read.
+    struct Useless
+    {
+        bool ofPoints; ///< else of cells
+        std::string name;
+        std::string reason; ///< "has no numbers"
+    };
+
+    /// After run(): those arrays, each once.
+    std::vector<Useless> useless() const;
 
     /// After run(): false when the header says that there are no points at all.
     bool hasPoints() const { return m_allPoints > 0.0; }
@@ -63,6 +76,9 @@ private:
     double m_cells = 0.0;
     std::string m_section;
     std::vector<Appended> m_appended;
+    int m_pieces = 0;
+    std::set<std::pair<bool, std::string>> m_texts; // of points?, name
+    std::set<std::pair<bool, std::string>> m_bits;
 };
 
 } // namespace veldraw::app

@@ -103,11 +103,14 @@ TEST(ArrayAdoption, ConvertsOtherTypesAndSaysSo)
 {
     expectConverted<vtkSignedCharArray>({-128, 127}, FieldDataType_Int16, "8-bit");
     expectConverted<vtkUnsignedShortArray>({0, 65535}, FieldDataType_Int32, "16-bit unsigned");
-    expectConverted<vtkUnsignedIntArray>({0, 2147483647}, FieldDataType_Int32, "32-bit unsigned");
-    expectConverted<vtkUnsignedIntArray>({0, 4294967295.0}, FieldDataType_Double, "double");
-    expectConverted<vtkIdTypeArray>({-2147483648.0, 5}, FieldDataType_Int32, "64-bit");
-    expectConverted<vtkIdTypeArray>({0, 1e15}, FieldDataType_Double, "double");
-    expectConverted<vtkIdTypeArray>({0, 1e17}, FieldDataType_Double, "lost their last digits");
+    expectConverted<vtkUnsignedIntArray>({0, 4294967295.0}, FieldDataType_Double, "32-bit unsigned");
+    expectConverted<vtkIdTypeArray>({-1e15, 1e15}, FieldDataType_Double, "exact up to 2^53");
+}
+
+TEST(ArrayAdoption, ChoosesATypeThatDoesNotDependOnTheValues)
+{
+    expectConverted<vtkUnsignedIntArray>({0, 1}, FieldDataType_Double, "32-bit unsigned");
+    expectConverted<vtkIdTypeArray>({0, 1}, FieldDataType_Double, "64-bit");
 }
 
 TEST(ArrayAdoption, SeparatesInterleavedBits)

@@ -1,6 +1,7 @@
 #include "app/vtk/VtkErrorCapture.h"
 #include "tests/app/import/FileHelpers.h"
 #include "tests/app/import/GridSamples.h"
+#include "tests/app/import/PieceFiles.h"
 
 #include <vtkCellData.h>
 #include <vtkCellType.h>
@@ -12,7 +13,6 @@
 #include <vtkPointData.h>
 #include <vtkPointSet.h>
 #include <vtkRectilinearGrid.h>
-#include <vtkXMLDataSetWriter.h>
 #include <vtkXMLGenericDataObjectReader.h>
 
 #include <cmath>
@@ -26,52 +26,6 @@ namespace {
 
 constexpr unsigned int seed = 20251121;
 constexpr int pointCount = 12; // in all grids
-
-enum class Data
-{
-    Ascii,
-    Inline,
-    AppendedRaw,
-    AppendedBase64
-};
-
-struct Encoding
-{
-    Data data;
-    int compressor; // vtkXMLWriter::CompressorType
-    bool bigEndian;
-    bool header64;
-};
-
-std::vector<Encoding> allEncodings()
-{
-    std::vector<Encoding> result{{Data::Ascii, vtkXMLWriter::NONE, false, false}};
-    for (Data const data : {Data::Inline, Data::AppendedRaw, Data::AppendedBase64}) {
-        for (int const compressor : {vtkXMLWriter::NONE, vtkXMLWriter::ZLIB, vtkXMLWriter::LZ4, vtkXMLWriter::LZMA}) {
-            result.push_back({data, compressor, false, false});
-            result.push_back({data, compressor, true, true});
-        }
-        result.push_back({data, vtkXMLWriter::NONE, false, true});
-        result.push_back({data, vtkXMLWriter::NONE, true, false});
-    }
-    return result;
-}
-
-std::string write(vtkDataSet& grid, std::string const& path, Encoding const& encoding)
-{
-    vtkNew<vtkXMLDataSetWriter> writer;
-    writer->SetFileName(path.c_str());
-    writer->SetInputDataObject(&grid);
-    writer->SetDataMode(encoding.data == Data::Ascii    ? vtkXMLWriter::Ascii
-                        : encoding.data == Data::Inline ? vtkXMLWriter::Binary
-                                                        : vtkXMLWriter::Appended);
-    writer->SetEncodeAppendedData(encoding.data == Data::AppendedBase64 ? 1 : 0);
-    writer->SetCompressorType(encoding.compressor);
-    writer->SetByteOrder(encoding.bigEndian ? vtkXMLWriter::BigEndian : vtkXMLWriter::LittleEndian);
-    writer->SetHeaderType(encoding.header64 ? vtkXMLWriter::UInt64 : vtkXMLWriter::UInt32);
-    EXPECT_EQ(writer->Write(), 1);
-    return path;
-}
 
 // Arrays of every type with random bits; such that are no numbers only where @p anyBits, since a text has none of them.
 void addArrays(vtkDataSet& grid, bool anyBits)
@@ -221,12 +175,10 @@ TEST_P(EncodingTest, IsReadBitByBitAsVtkReadsItWhenValuesAreLoadedLater)
 {
     TemporaryFolder const folder;
     for (Encoding const& encoding : allEncodings()) {
-        SCOPED_TRACE("data " + std::to_string(static_cast<int>(encoding.data)) + ", compressor " +
-                     std::to_string(encoding.compressor) + (encoding.bigEndian ? ", big endian" : "") +
-                     (encoding.header64 ? ", UInt64" : ", UInt32"));
+        SCOPED_TRACE(encoding.text());
         auto const grid = gridOf(GetParam());
-        addArrays(*grid, encoding.data != Data::Ascii);
-        expectSameAsVtkReads(write(*grid, folder.path("a." + GetParam()), encoding));
+        addArrays(*grid, encoding.data != Encoding::Data::Ascii);
+        expectSameAsVtkReads(writeXml(*grid, folder.path("a." + GetParam()), encoding));
         if (HasFatalFailure())
             return;
     }

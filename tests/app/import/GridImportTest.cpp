@@ -1,6 +1,8 @@
 #include "tests/app/import/FileHelpers.h"
 #include "tests/app/import/GridSamples.h"
+#include "tests/app/import/PieceFiles.h"
 
+#include <vtkBitArray.h>
 #include <vtkCellType.h>
 #include <vtkCompositeDataSet.h>
 #include <vtkFloatArray.h>
@@ -182,8 +184,31 @@ TEST(GridImport, TellsWhatItConvertsAndLeavesOut)
     auto const result = import(writeXml(*grid, folder.path("grid.vts")));
     EXPECT_EQ(fieldOf(*result.dataSet, 1, "large").type(), FieldDataType_Double);
     EXPECT_EQ(fieldOf(*result.dataSet, 1, "large").group()->buffer()->value(1), 1099511627776.0);
-    EXPECT_THAT(result.remarks, ElementsAre("Zone \"grid\": \"large\": large integers were converted to double",
-                                            "Zone \"grid\": \"texts\" has no numbers and was left out"));
+    EXPECT_THAT(result.remarks, ElementsAre("Zone \"grid\": \"texts\" has no numbers and was left out",
+                                            "Zone \"grid\": \"large\": 64-bit integers were converted to double, "
+                                            "which is exact up to 2^53"));
+}
+
+TEST(GridImport, LeavesOutSingleBitsOfSeveralPiecesAndSaysSo)
+{
+    TemporaryFolder const folder;
+    auto const piece = [] {
+        auto const grid = unstructuredGrid(3, {{VTK_TRIANGLE, {0, 1, 2}}});
+        vtkNew<vtkBitArray> bits;
+        bits->SetName("bits");
+        for (int const bit : {1, 0, 1})
+            bits->InsertNextValue(bit);
+        grid->GetPointData()->AddArray(bits);
+        addPointValues(*grid, "p", {1, 2, 3});
+        return grid;
+    };
+    std::string const one = writePieces({piece()}, {}, folder.path("one.vtu"), {});
+    EXPECT_EQ(valuesOf(*import(one).dataSet, 1, "bits"), "1 0 1");
+    auto const result = import(writePieces({piece(), piece()}, {}, folder.path("two.vtu"), {}));
+    EXPECT_EQ(variableNames(*result.dataSet), "X,Y,Z,p");
+    EXPECT_EQ(valuesOf(*result.dataSet, 1, "p"), "1 2 3 1 2 3");
+    EXPECT_THAT(result.remarks,
+                ElementsAre("Zone \"two\": \"bits\" has single bits in several pieces and was left out"));
 }
 
 TEST(GridImport, MakesAZoneOfEachBlockAndMatchesVariablesByName)

@@ -17,7 +17,7 @@ EQUIVALENT = pathlib.Path(__file__).resolve().parent / 'equivalent.txt'
 
 # The test programs that are run for a folder, those that are the most about it first.
 PROGRAMS = {
-    'dialogs/property': ['dialogs_property_test', 'decorators_test', 'style_test', 'dialogs_frame_test'],
+    'dialogs/property': ['dialogs_property_test', 'decorators_test', 'style_test', 'dialogs_spinboxes_test'],
     'dialogs/models': ['dialogs_models_test', 'dialogs_choices_test', 'dialogs_bindings_test'],
     'dialogs/bindings': ['dialogs_bindings_test', 'dialogs_choices_test', 'dialogs_spinboxes_test', 'dialogs_textbindings_test',
                          'dialogs_frame_test'],

@@ -40,7 +40,7 @@ bool MessageBox::canBeShown()
     return platform != QLatin1String("offscreen") && platform != QLatin1String("minimal");
 }
 
-void MessageBox::show(std::string const& text, MessageBoxType_e type)
+void MessageBox::show(std::string const& text, MessageBoxType_e type, std::string const& details)
 {
     ArrowCursor const arrow;
     // The parent may go while the box is open and takes the box with it, so the box is not on the stack.
@@ -49,6 +49,7 @@ void MessageBox::show(std::string const& text, MessageBoxType_e type)
     box->setObjectName(QStringLiteral("messageBox"));
     box->setTextFormat(Qt::PlainText);
     box->setText(QString::fromStdString(text));
+    box->setDetailedText(QString::fromStdString(details));
     box->exec();
     delete box;
 }

@@ -16,7 +16,8 @@ public:
 
     /// Shows the text, UTF-8, over the active dialog or window and returns when the user has closed the box. While a
     /// busy cursor is shown an arrow takes its place.
-    static void show(std::string const& text, MessageBoxType_e type);
+    /// @param details shown when the user presses "Show Details"; empty for no such button
+    static void show(std::string const& text, MessageBoxType_e type, std::string const& details = {});
 
     MessageBox() = delete;
 };

@@ -22,6 +22,12 @@ boost::signals2::signal<void()>& aboutToPresent()
     return *signal;
 }
 
+std::string& currentDetails()
+{
+    static auto* const details = new std::string;
+    return *details;
+}
+
 char const* label(MessageBoxType_e type)
 {
     switch (type) {
@@ -44,9 +50,25 @@ void MessagePresenter::present(std::string const& text, MessageBoxType_e type)
     if (Presenter const presenter = installedPresenter()) // a copy: a presenter may install another one
         presenter(text, type);
     else if (MessageBox::canBeShown())
-        MessageBox::show(text, type);
+        MessageBox::show(text, type, details());
     else
-        std::fprintf(stderr, "%s%s\n", label(type), text.c_str());
+        std::fprintf(stderr, "%s%s%s%s\n", label(type), text.c_str(), details().empty() ? "" : "\n  ",
+                     details().c_str());
+}
+
+MessagePresenter::Details::Details(std::string text)
+    : m_outer(std::exchange(currentDetails(), std::move(text)))
+{
+}
+
+MessagePresenter::Details::~Details()
+{
+    currentDetails().swap(m_outer);
+}
+
+std::string const& MessagePresenter::details()
+{
+    return currentDetails();
 }
 
 boost::signals2::connection

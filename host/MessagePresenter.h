@@ -23,6 +23,23 @@ public:
     /// Calls @p slot before each message is told, so that what stands behind it can be brought up to date.
     static boost::signals2::connection connectAboutToPresent(boost::signals2::signal<void()>::slot_type const& slot);
 
+    /// Gives the messages of its scope something more to say to those who ask: why something was refused.
+    class VELDRAW_PLATFORM_API Details
+    {
+    public:
+        /// @param text UTF-8; empty for nothing
+        explicit Details(std::string text);
+        ~Details();
+        Details(Details const&) = delete;
+        Details& operator=(Details const&) = delete;
+
+    private:
+        std::string m_outer;
+    };
+
+    /// What the message that is being presented has to say more; empty for nothing.
+    static std::string const& details();
+
     /// Replaces the way messages are told; an empty function brings the default back.
     /// @return what was installed before, empty for the default
     static Presenter install(Presenter presenter);

@@ -52,6 +52,22 @@ TEST_F(TheMessageBox, ShowsTheTextAsItStands)
          });
 }
 
+TEST_F(TheMessageBox, ShowsTheReasonToThoseWhoAskForIt)
+{
+    QTimer::singleShot(0, qApp, [this] {
+        auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_NE(box, nullptr);
+        m_wasSeen = true;
+        EXPECT_EQ(box->text(), QStringLiteral("It failed."));
+        EXPECT_EQ(box->detailedText(), QStringLiteral("The Z axis has no variable."));
+        EXPECT_EQ(box->buttons().size(), 2) << "the other one shows the details";
+        QTest::keyClick(box, Qt::Key_Escape);
+    });
+    MessageBox::show("It failed.", MessageBoxType_Error, "The Z axis has no variable.");
+    EXPECT_TRUE(m_wasSeen);
+    show("It failed.", MessageBoxType_Error, [](QMessageBox& box) { EXPECT_EQ(box.buttons().size(), 1); });
+}
+
 TEST_F(TheMessageBox, ShowsItsType)
 {
     show("text", MessageBoxType_Information, [](QMessageBox& box) { EXPECT_EQ(box.icon(), QMessageBox::Information); });

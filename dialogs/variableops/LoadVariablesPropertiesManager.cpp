@@ -38,7 +38,7 @@ struct LoadVariablesPropertiesManager::Impl
 {
     explicit Impl(int firstZone);
 
-    // The kernel is told the whole wanted set: what is left out may be unloaded.
+    // The kernel is told the whole wanted set: what is left out may go when memory is short.
     Set wantedVariables() const;
     Set wantedZones() const;
 

@@ -51,6 +51,7 @@ double VelUtilDataValueGetByZoneVar(int zone, int var, long long index)
         if (field == nullptr || field->isPassive() || !field->isLoaded()) {
             return 0.0;
         }
+        field->group()->noteUse();
         std::shared_ptr<Buffer const> const buffer = field->group()->buffer();
         return index >= 1 && index <= buffer->size() ? buffer->value(index - 1) : 0.0;
     });

@@ -31,7 +31,7 @@ void DeferredLoad::addDimensions(int zone)
     std::shared_ptr<Zone> const found = m_dataSet.zone(zone);
     if (found->isDeferred()) {
         if (m_placesOfSizes.try_emplace(found->dimensionsLoader.get(), m_sizes.size()).second) {
-            m_sizes.push_back({found->dimensionsLoader, {}});
+            m_sizes.push_back({found->dimensionsLoader, {}, false});
         }
     }
 }
@@ -40,9 +40,19 @@ void DeferredLoad::addField(int zone, int variable)
 {
     addDimensions(zone);
     Field const& field = *m_dataSet.field(zone, variable);
+    if (field.isPassive()) {
+        return;
+    }
+    field.group()->noteUse();
+    m_needed.insert(field.group().get());
     if (!field.isLoaded() && m_placesOfValues.try_emplace(field.group().get(), m_values.size()).second) {
         m_values.push_back({field.group().get(), m_dataSet.zone(zone), field.location(), {}});
     }
+}
+
+void DeferredLoad::addWanted(int zone, std::shared_ptr<std::set<UniqueId> const> variables)
+{
+    m_wishes.push_back({m_dataSet.zone(zone), std::move(variables)});
 }
 
 void DeferredLoad::load(Progress& progress)
@@ -50,23 +60,29 @@ void DeferredLoad::load(Progress& progress)
     loadDimensions(progress);
     std::int64_t total = progress.done();
     for (Values const& values : m_values) {
-        total += sizeOf(values);
+        total += values.buffer ? 0 : sizeOf(values);
     }
     requireMemoryForValues();
     progress.setTotal(total);
     for (Values& values : m_values) {
-        values.buffer = loadValues(*values.group, sizeOf(values), progress);
+        if (!values.buffer) {
+            values.buffer = loadValues(*values.group, sizeOf(values), progress);
+        }
     }
 }
 
 void DeferredLoad::loadDimensions(Progress& progress)
 {
-    for (auto& [loader, dimensions] : m_sizes) {
+    for (auto& [loader, dimensions, isLoaded] : m_sizes) {
+        if (isLoaded) {
+            continue;
+        }
         dimensions = loader->load(progress);
         progress.check();
         if (dimensions.i < 0 || dimensions.j < 0 || dimensions.k < 0) {
             throw std::runtime_error("The dimensions of a zone are not known.");
         }
+        isLoaded = true;
     }
 }
 
@@ -75,7 +91,7 @@ void DeferredLoad::requireMemoryForValues() const
     double needed = 0;
     for (Values const& values : m_values) {
         ShareGroup const& group = *values.group;
-        if (group.loader() && !group.isMapped()) {
+        if (!values.buffer && group.loader() && !group.isMapped()) {
             needed += static_cast<double>(Buffer::bytesOf(group.type(), sizeOf(values)));
         }
     }
@@ -100,9 +116,12 @@ void DeferredLoad::commit() noexcept
     for (Values& values : m_values) {
         values.group->setLoaded(std::move(values.buffer));
     }
+    for (Wish& wish : m_wishes) {
+        wish.zone->wantedVariables = std::move(wish.variables);
+    }
 }
 
-std::vector<StateChangeEvent> DeferredLoad::events(ZonesAndVariables const& unloaded) const
+std::vector<StateChangeEvent> DeferredLoad::events() const
 {
     std::vector<StateChangeEvent> events;
     NumberSet zones;
@@ -116,8 +135,6 @@ std::vector<StateChangeEvent> DeferredLoad::events(ZonesAndVariables const& unlo
     }
     auto const isLoadedHere = [this](ShareGroup* group) { return m_placesOfValues.count(group) > 0; };
     ZonesAndVariables fields = m_values.empty() ? ZonesAndVariables() : fieldsWhere(m_dataSet, isLoadedHere);
-    fields.zones.insert(unloaded.zones.begin(), unloaded.zones.end());
-    fields.variables.insert(unloaded.variables.begin(), unloaded.variables.end());
     if (!fields.zones.empty()) {
         events.push_back({StateChange_VariablesLoaded, std::move(fields.zones), std::move(fields.variables), {}, 0});
     }

@@ -6,6 +6,7 @@
 
 #include <map>
 #include <memory>
+#include <set>
 #include <vector>
 
 namespace veldraw::kernel {
@@ -26,8 +27,15 @@ public:
     void addDimensions(int zone);
     void addField(int zone, int variable); ///< with the dimensions of the zone
 
+    /// Notes that from commit() on just these variables are wanted in a zone, so that their values stay loaded there.
+    void addWanted(int zone, std::shared_ptr<std::set<UniqueId> const> variables);
+
+    /// Whether the values of a group are needed, be they loaded or not.
+    bool needs(ShareGroup const& group) const { return m_needed.count(&group) > 0; }
+
     bool isEmpty() const { return m_values.empty() && m_sizes.empty(); }
 
+    /// After a failure another try goes on with what is missing.
     /// @throws std::runtime_error with a reason, std::bad_alloc, Interrupted
     void load(Progress& progress);
 
@@ -35,8 +43,7 @@ public:
     void commit() noexcept;
 
     /// What is to be told after commit(). To be asked for before, as it needs memory.
-    /// @param unloaded fields whose values go at the same time
-    std::vector<StateChangeEvent> events(ZonesAndVariables const& unloaded = {}) const;
+    std::vector<StateChangeEvent> events() const;
 
     /// Values of a group, be they loaded in the data set or here.
     std::shared_ptr<Buffer const> valuesOf(ShareGroup const& group) const;
@@ -57,6 +64,13 @@ private:
     {
         std::shared_ptr<DimensionsLoader> loader;
         ZoneDimensions dimensions;
+        bool isLoaded = false;
+    };
+
+    struct Wish
+    {
+        std::shared_ptr<Zone> zone;
+        std::shared_ptr<std::set<UniqueId> const> variables;
     };
 
     void loadDimensions(Progress& progress);
@@ -67,6 +81,8 @@ private:
     DataSet const& m_dataSet;
     std::vector<Values> m_values; // in the order in which they are wanted, which is that of zones and variables
     std::vector<Size> m_sizes;
+    std::vector<Wish> m_wishes;
+    std::set<ShareGroup const*> m_needed;
     std::map<ShareGroup const*, std::size_t> m_placesOfValues;
     std::map<DimensionsLoader const*, std::size_t> m_placesOfSizes;
 };

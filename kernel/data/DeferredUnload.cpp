@@ -1,24 +1,20 @@
 #include "kernel/data/DeferredUnload.h"
 
+#include "kernel/data/ZonesAndVariables.h"
+
 namespace veldraw::kernel {
 
-DeferredUnload::DeferredUnload(DataSet const& dataSet, NumberSet const& zones, NumberSet const& kept)
+DeferredUnload::DeferredUnload(std::set<ShareGroup*> groups, std::vector<std::shared_ptr<DataSet>> const& dataSets)
+    : m_groups(std::move(groups))
 {
-    std::set<ShareGroup*> needed;
-    for (int zone = 1; zone <= dataSet.zoneCount(); ++zone) {
-        for (int variable = 1; variable <= dataSet.variableCount(); ++variable) {
-            ShareGroup* const group = dataSet.field(zone, variable)->group().get();
-            if (group != nullptr && group->canUnload()) {
-                bool const isNeeded = zones.count(zone) == 0 || kept.count(variable) > 0;
-                (isNeeded ? needed : m_groups).insert(group);
-            }
+    auto const goes = [this](ShareGroup* group) { return m_groups.count(group) > 0; };
+    for (auto const& dataSet : dataSets) {
+        ZonesAndVariables fields = fieldsWhere(*dataSet, goes);
+        if (!fields.zones.empty()) {
+            m_events.push_back(
+                {StateChange_VariablesLoaded, std::move(fields.zones), std::move(fields.variables), {}, 0});
         }
     }
-    for (ShareGroup* const group : needed) {
-        m_groups.erase(group);
-    }
-    auto const isLetGo = [this](ShareGroup* group) { return m_groups.count(group) > 0; };
-    m_fields = fieldsWhere(dataSet, isLetGo);
 }
 
 void DeferredUnload::commit() const noexcept

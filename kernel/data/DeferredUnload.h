@@ -1,31 +1,29 @@
 #pragma once
 
-#include "kernel/data/ZonesAndVariables.h"
+#include "kernel/data/DataSet.h"
+#include "kernel/events/StateChangeEvent.h"
 
 #include <set>
+#include <vector>
 
 namespace veldraw::kernel {
 
-/// Values that nobody wants in memory any more and that can be loaded again. Taken down first, let go of later, while
-/// the data set is as it was.
+/// Loaded values that go, and what is to be told of it. Taken down first, which needs memory; let go of later, which frees some.
 class DeferredUnload
 {
 public:
-    /// Nothing.
-    DeferredUnload() = default;
-
-    /// Takes down what is loaded of the variables that are not in @p kept in @p zones, but for what other zones share.
-    /// @param zones one-based numbers that exist
-    DeferredUnload(DataSet const& dataSet, NumberSet const& zones, NumberSet const& kept);
+    /// @param groups   not held, so that share counts stay true
+    /// @param dataSets where they stand
+    DeferredUnload(std::set<ShareGroup*> groups, std::vector<std::shared_ptr<DataSet>> const& dataSets);
 
     void commit() const noexcept;
 
-    /// The fields whose values go.
-    ZonesAndVariables const& fields() const { return m_fields; }
+    /// What is to be told after commit(): one event a data set.
+    std::vector<StateChangeEvent> const& events() const { return m_events; }
 
 private:
-    std::set<ShareGroup*> m_groups; // not held, so that share counts stay true
-    ZonesAndVariables m_fields;
+    std::set<ShareGroup*> m_groups;
+    std::vector<StateChangeEvent> m_events;
 };
 
 } // namespace veldraw::kernel

@@ -3,7 +3,10 @@
 #include <cstdio>
 #include <limits>
 #include <memory>
-#include <new>
+
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 
 namespace veldraw::kernel {
 
@@ -26,8 +29,15 @@ double availableMemory()
 void requireMemory(double bytes, double available)
 {
     if (bytes > available) {
-        throw std::bad_alloc();
+        throw NotEnoughMemory(bytes - available);
     }
+}
+
+void returnFreedMemory() noexcept
+{
+#ifdef __GLIBC__
+    malloc_trim(0);
+#endif
 }
 
 } // namespace veldraw::kernel

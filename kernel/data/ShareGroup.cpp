@@ -23,8 +23,15 @@ ShareGroup::ShareGroup(FieldDataType_e type, std::int64_t size, std::shared_ptr<
     }
 }
 
+void ShareGroup::noteUse() noexcept
+{
+    static std::int64_t moment = 0;
+    m_lastUse = ++moment;
+}
+
 void ShareGroup::setLoaded(std::shared_ptr<Buffer> buffer) noexcept
 {
+    noteUse();
     m_buffer.swap(buffer);
     m_revision = nextUniqueId();
     m_type = m_buffer->type();

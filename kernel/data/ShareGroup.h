@@ -44,6 +44,12 @@ public:
     /// Memory of the values; 0 while they are not loaded, and where a file stands for them.
     std::int64_t bytesInMemory() const { return !m_buffer || (canUnload() && isMapped()) ? 0 : m_buffer->bytes(); }
 
+    /// Notes that somebody uses the values now. Belongs to the user-interface thread.
+    void noteUse() noexcept;
+
+    /// The moment of the last use, counted up over all groups; to have been loaded is a use.
+    std::int64_t lastUse() const { return m_lastUse; }
+
     /// Takes the values that the loader has brought, for all fields of the group.
     void setLoaded(std::shared_ptr<Buffer> buffer) noexcept;
 
@@ -97,6 +103,7 @@ private:
     std::shared_ptr<Buffer> m_buffer;
     std::shared_ptr<ValueLoader> m_loader;
     bool m_isAltered = false; // for good: steps of the history may write here again
+    std::int64_t m_lastUse = 0;
     mutable KnownRange m_range;
     mutable RangeOfParts m_parts;
 };

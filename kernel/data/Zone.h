@@ -9,6 +9,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -76,8 +77,9 @@ struct Zone
     std::string
         fileFormat; ///< extension of the file that the zone came from, such as "vtp"; empty when it came from none
     AuxiliaryData auxiliaryData;
-    std::shared_ptr<DimensionsLoader> dimensionsLoader; ///< null when the dimensions are known from the start
-    std::vector<Field> fields;                          ///< one a variable, in the order of the variables
+    std::shared_ptr<DimensionsLoader> dimensionsLoader;        ///< null when the dimensions are known from the start
+    std::shared_ptr<std::set<UniqueId> const> wantedVariables; ///< whose values are to stay loaded here; null for none
+    std::vector<Field> fields;                                 ///< one a variable, in the order of the variables
 };
 
 } // namespace veldraw::kernel

@@ -11,12 +11,12 @@ namespace veldraw::kernel {
 
 namespace {
 
-/// A quarter of the machine's memory, at least 1 GiB.
-std::int64_t historyLimit()
+/// A part of the machine's memory, at least 1 GiB.
+std::int64_t partOfMemory(std::int64_t divisor)
 {
     std::int64_t const gibibyte = std::int64_t{1} << 30;
     std::int64_t const memory = static_cast<std::int64_t>(sysconf(_SC_PHYS_PAGES)) * sysconf(_SC_PAGESIZE);
-    return std::max(memory / 4, gibibyte);
+    return std::max(memory / divisor, gibibyte);
 }
 
 } // namespace
@@ -28,7 +28,8 @@ Session& Session::instance()
 }
 
 Session::Session()
-    : m_history(historyLimit())
+    : m_history(partOfMemory(4))
+    , m_loadedValuesLimit(partOfMemory(2))
     , m_mouseMode(static_cast<int>(MouseMode::Select))
     , m_style(std::make_unique<StyleTree>(*this))
 {

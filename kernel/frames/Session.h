@@ -18,7 +18,6 @@ namespace veldraw::kernel {
 
 class Change;
 class DeferredLoad;
-class DeferredUnload;
 class Progress;
 class StyleTree;
 class Waiter;
@@ -177,14 +176,22 @@ public:
     // for one field is loaded for all that share its storage. Event 21 with the fields whose values have come or gone, after
     // event 23 with the zones whose dimensions have become known. Refused, with all as it was: numbers that do not exist, a
     // loader that fails, no memory, a cancel.
+    //
+    // Values are let go of only when memory asks for it: those loaded take more than the limit, or memory is refused to a load
+    // or to an operation with one. Those that have not been used for the longest time go first; those never that have been
+    // altered or cannot be loaded again, that are wanted in some zone, or whose variable a frame shows. What has made room
+    // for a load that fails after all does not come back.
 
-    /// Makes the wanted variables available in zones: loads what is not loaded, and then lets the values of other variables
-    /// go in these zones. These stay loaded where they have been altered or cannot be loaded again, where a zone that is not
-    /// named shares them, and where a frame shows the variable.
+    /// Makes variables available in zones, and takes them for all that is wanted there from now on.
     bool makeVariablesAvailable(DataSet& dataSet, NumberSet const& zones, NumberSet const& variables);
 
-    /// Loads variables in zones and unloads nothing.
+    /// Loads variables in zones; what is wanted there stays as it was.
     bool loadVariables(DataSet& dataSet, NumberSet const& zones, NumberSet const& variables);
+
+    /// Bytes that loaded values may take that can be loaded again; half of the machine's memory at first. To set it lets go at
+    /// once of what is above it.
+    std::int64_t loadedValuesLimit() const { return m_loadedValuesLimit; }
+    void setLoadedValuesLimit(std::int64_t bytes);
 
     /// Finds out the dimensions of a zone.
     bool loadDimensions(DataSet& dataSet, int zone);
@@ -195,6 +202,13 @@ public:
     bool setVariableEnabled(DataSet& dataSet, int variable, bool enabled); ///< "Enable Variable"/...; event 3
     bool setTitle(DataSet& dataSet, std::string const& title);             ///< "Data Set Title"; event 13
     void setLock(DataSet& dataSet, std::string const& holder);             ///< empty holder = unlock; event 14
+
+    /// Adds or alters an item of auxiliary data. "Auxiliary Data"; event 41 or 43, and 42 when an addition is taken back. True
+    /// without a step when the item is there already. Refused: no such owner, a name that is none.
+    /// @param location kind of owner; zones, variables and maps are those of the active frame
+    /// @param object   one-based number of a zone, variable or line map
+    bool setAuxiliaryItem(AuxDataLocation_e location, int object, std::string const& name, std::string const& value,
+                          bool retain);
 
     // ---- undo ------------------------------------------------------------------------------------------------------
     /// Takes the newest step back. The step's own events, then event 24. @return false when there is none
@@ -276,7 +290,7 @@ private:
     std::shared_ptr<DataSet> owned(DataSet const& dataSet) const;
     void insertFrame(std::shared_ptr<Page> const& page, std::shared_ptr<Frame> frame, bool tile);
     void emitActiveFrame(StateChange_e before);
-    void bring(std::string const& name, DeferredLoad& load, DeferredUnload const& unload);
+    void bring(std::string const& name, DeferredLoad& load);
     std::shared_ptr<Change> editOf(DataSet const& dataSet, int zone, int variable, std::int64_t index,
                                    std::uint64_t bits, bool autoBranch);
     void replaceLineMaps(char const* step, std::shared_ptr<Frame> const& frame, std::vector<LineMap> maps);
@@ -292,6 +306,7 @@ private:
 
     EventHub m_events;
     History m_history;
+    std::int64_t m_loadedValuesLimit;
     std::vector<std::shared_ptr<Page>> m_pages;
     UniqueId m_activePage = 0;
     FrameLoop m_loop;

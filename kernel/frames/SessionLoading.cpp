@@ -1,11 +1,9 @@
 // Values and dimensions that are loaded on demand.
 #include "kernel/data/DeferredLoad.h"
-#include "kernel/data/DeferredUnload.h"
 #include "kernel/frames/RefusalReasons.h"
+#include "kernel/frames/RoomForValues.h"
 #include "kernel/frames/SessionGuard.h"
 #include "kernel/style/StyleTree.h"
-
-#include <algorithm>
 
 namespace veldraw::kernel {
 
@@ -33,37 +31,45 @@ DeferredLoad loadOf(DataSet const& dataSet, NumberSet const& zones, NumberSet co
     return load;
 }
 
-/// Numbers of the variables that @p frame shows, or would show in another type of plot.
-void addShown(Frame const& frame, NumberSet& variables)
+/// Identifiers of variables by their numbers.
+std::shared_ptr<std::set<UniqueId> const> identifiersOf(DataSet const& dataSet, NumberSet const& variables)
 {
-    DataSet const& dataSet = *frame.dataSet;
-    auto const add = [&](UniqueId id) { variables.insert(dataSet.variableNumber(id)); };
-    std::for_each(frame.axes2D.begin(), frame.axes2D.end(), add);
-    std::for_each(frame.axes3D.begin(), frame.axes3D.end(), add);
-    std::for_each(frame.vector.begin(), frame.vector.end(), add);
-    add(frame.contourVariable);
-    for (LineMap const& map : frame.lineMaps) {
-        add(map.xVariable);
-        add(map.yVariable);
+    auto identifiers = std::make_shared<std::set<UniqueId>>();
+    for (int const variable : variables) {
+        identifiers->insert(dataSet.variable(variable)->id);
     }
+    return identifiers;
 }
 
 constexpr char loadName[] = "Load Variable";
 
 } // namespace
 
-void Session::bring(std::string const& name, DeferredLoad& load, DeferredUnload const& unload)
+void Session::bring(std::string const& name, DeferredLoad& load)
 {
     StyleTree::Operation const unchanged(*m_style);
+    RoomForValues room(*this, load);
     if (!load.isEmpty()) {
-        runOperation(name, [&](Progress& progress) { load.load(progress); });
+        room.run(name, [&](Progress& progress) { load.load(progress); });
     }
-    std::vector<StateChangeEvent> const events = load.events(unload.fields());
+    std::vector<StateChangeEvent> const events = load.events();
     load.commit();
-    unload.commit();
+    room.keepWithinLimit();
     for (StateChangeEvent const& event : events) {
         m_events.emitEvent(event);
     }
+}
+
+void Session::setLoadedValuesLimit(std::int64_t bytes)
+{
+    m_loadedValuesLimit = bytes;
+    guarded(*this, [&] {
+        if (std::shared_ptr<DataSet> const any = activeDataSet()) {
+            DeferredLoad const nothing(*any);
+            RoomForValues(*this, nothing).keepWithinLimit();
+        }
+        return true;
+    });
 }
 
 bool Session::makeVariablesAvailable(DataSet& dataSet, NumberSet const& zones, NumberSet const& variables)
@@ -74,12 +80,12 @@ bool Session::makeVariablesAvailable(DataSet& dataSet, NumberSet const& zones, N
         if (reason != nullptr) {
             return refuse(reason);
         }
-        NumberSet kept = variables;
-        for (auto const& frame : framesOf(dataSet)) {
-            addShown(*frame, kept);
-        }
         DeferredLoad load = loadOf(dataSet, zones, variables);
-        bring(loadName, load, DeferredUnload(dataSet, zones, kept));
+        auto const wanted = identifiersOf(dataSet, variables);
+        for (int const zone : zones) {
+            load.addWanted(zone, wanted);
+        }
+        bring(loadName, load);
         return true;
     });
 }
@@ -93,7 +99,7 @@ bool Session::loadVariables(DataSet& dataSet, NumberSet const& zones, NumberSet 
             return refuse(reason);
         }
         DeferredLoad load = loadOf(dataSet, zones, variables);
-        bring(loadName, load, DeferredUnload());
+        bring(loadName, load);
         return true;
     });
 }
@@ -107,7 +113,7 @@ bool Session::loadDimensions(DataSet& dataSet, int zone)
         }
         DeferredLoad load(dataSet);
         load.addDimensions(zone);
-        bring("Load Zone", load, DeferredUnload());
+        bring("Load Zone", load);
         return true;
     });
 }

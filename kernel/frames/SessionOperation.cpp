@@ -1,6 +1,6 @@
 // Long work on behalf of the session.
 #include "kernel/compute/BackgroundWork.h"
-#include "kernel/frames/Session.h"
+#include "kernel/frames/RoomForValues.h"
 #include "kernel/style/StyleTree.h"
 #include "kernel/undo/ChangeAfterLoad.h"
 
@@ -64,7 +64,8 @@ void Session::performOperation(std::string const& name, std::shared_ptr<Deferred
                                std::function<std::shared_ptr<Change>()> const& makeChange)
 {
     StyleTree::Operation const unchanged(*m_style);
-    runOperation(name, [&](Progress& progress) {
+    RoomForValues room(*this, *load);
+    room.run(name, [&](Progress& progress) {
         if (!load->isEmpty()) {
             load->load(progress);
         }
@@ -76,6 +77,9 @@ void Session::performOperation(std::string const& name, std::shared_ptr<Deferred
     }
     if (change) {
         m_history.perform(name, change);
+    }
+    if (!load->isEmpty()) {
+        room.keepWithinLimit();
     }
 }
 

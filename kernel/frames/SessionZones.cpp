@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <optional>
 
 namespace veldraw::kernel {
 
@@ -20,9 +21,14 @@ namespace {
 /// Why these variables cannot be turned, null when they can.
 char const* reasonAgainstVariables(DataSet const& dataSet, SpatialVariables const& variables)
 {
+    constexpr char const* unassigned[] = {"The X axis has no variable.", "The Y axis has no variable.",
+                                          "The Z axis has no variable."};
     NumberSet numbers;
     std::size_t count = 0;
     for (std::size_t component = 0; component < variables.dimensions(); ++component) {
+        if (variables.coordinates[component] == 0) {
+            return unassigned[component];
+        }
         numbers.insert(variables.coordinates[component]);
         ++count;
         if (variables.hasVector) {
@@ -166,7 +172,7 @@ NumberSet mirroredVariables(Frame const& frame, char coordinate, char const*& re
     bool const isAxis = coordinate >= 'X' && coordinate <= 'Z';
     int const mirrored = isAxis ? frame.variableNumber(coordinate) : 0;
     if (mirrored == 0) {
-        reason = "The frame has no such axis.";
+        reason = isAxis ? "The axis has no variable." : "There is no such axis.";
         return {};
     }
     int const component = frame.variableNumber(static_cast<char>('U' + (coordinate - 'X')));
@@ -248,11 +254,14 @@ bool Session::duplicateZonesAxially(DataSet& dataSet, NumberSet const& zones, Sp
             remarkOnVectors("Axial Duplication", *shown, zones, turnedVariables(variables), variables.dimensions());
         constexpr long double anyAngle = 1; // the copies may turn by different ones
         auto const load = loadForRotation(dataSet, zones, variables, Rotation(axis, anyAngle));
-        AxialDuplication duplication(dataSet, zones, variables, axis, copies);
-        duplication.setDeferred(*load);
-        auto const work = [&](Progress& progress) { duplication.run(progress); };
+        std::optional<AxialDuplication> duplication;
+        auto const work = [&](Progress& progress) {
+            duplication.emplace(dataSet, zones, variables, axis, copies);
+            duplication->setDeferred(*load);
+            duplication->run(progress);
+        };
         performOperation("Axial Duplication", load, work,
-                         [&] { return std::make_shared<ZoneAddition>(m_events, shown, duplication.takeCopies()); });
+                         [&] { return std::make_shared<ZoneAddition>(m_events, shown, duplication->takeCopies()); });
         remark(remarks);
         return true;
     });
@@ -278,6 +287,7 @@ bool Session::mirrorZones(UniqueId frame, NumberSet const& zones, char coordinat
         }
         std::vector<ZoneAddition::Copy> copies;
         auto const work = [&](Progress& progress) {
+            copies.clear();
             FieldReflection reflection(variables);
             reflection.setDeferred(*load);
             for (FieldReplacement::ZonePart& part : transform(*shown, zones, reflection, progress)) {

@@ -42,12 +42,12 @@ VELDRAW_PLATFORM_API bool VelUtilDataSetIsAvailable(void);
 ///        VelUtilStringDealloc(). May be null
 VELDRAW_PLATFORM_API bool VelUtilDataSetIsLocked(char** lockerName);
 
-/// Loads and unloads values so that exactly the wanted variables are available in the given zones.
+/// Loads values so that the wanted variables are available in the given zones, and stay so.
 /// @param dataSetID unique identifier of the data set
 /// @param zones one-based numbers; stays the caller's
-/// @param vars one-based numbers of all variables that are wanted: others are unloaded in these zones where they can be
-///        loaded again, and neither a frame shows them nor another zone shares them. Stays the caller's
-/// @return false when a number does not exist, a load failed, or it was interrupted; nothing changed then
+/// @param vars one-based numbers of all variables that are wanted there from now on: others may be let go of when memory is
+///        short and they can be loaded again, unless a frame shows them. Stays the caller's
+/// @return false when a number does not exist, a load failed, or it was interrupted; what is wanted is as before then
 VELDRAW_PLATFORM_API bool VelUtilDataSetMakeVarsAvailableByUniqueID(long long dataSetID, Set_s* zones, Set_s* vars);
 
 /// Renames the active data set.

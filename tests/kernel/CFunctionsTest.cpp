@@ -133,6 +133,25 @@ TEST_F(CFunctions, TellWhatIsNotLoadedWithoutLoadingIt)
     EXPECT_EQ(loader->loads, 1);
 }
 
+TEST_F(CFunctions, UseTheValuesThatTheyRead)
+{
+    frame->axes2D = {};
+    frame->axes3D = {};
+    frame->contourVariable = 0;
+    frame->lineMaps.clear();
+    for (int zone : {1, 2}) {
+        auto const loader = std::make_shared<sample::Loader>(std::vector<double>{1, 2, 3, 4, 5, 6});
+        dataSet->zone(zone)->fields[0] = sample::Loader::field(loader);
+        ASSERT_TRUE(session.loadVariables(*dataSet, {zone}, {1}));
+    }
+    EXPECT_EQ(VelUtilDataValueGetByZoneVar(1, 1, 2), 2.0);
+    std::int64_t const limit = session.loadedValuesLimit();
+    session.setLoadedValuesLimit(6 * 4);
+    EXPECT_TRUE(VelUtilDataValueIsLoaded(1, 1)) << "was read last";
+    EXPECT_FALSE(VelUtilDataValueIsLoaded(2, 1));
+    session.setLoadedValuesLimit(limit);
+}
+
 TEST_F(CFunctions, MakeVariablesAvailable)
 {
     auto const loader = std::make_shared<sample::Loader>(std::vector<double>{1, 2, 3, 4, 5, 6});

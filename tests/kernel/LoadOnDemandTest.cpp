@@ -7,8 +7,11 @@
 #include "kernel/compute/Rotation.h"
 #include "kernel/compute/Waiter.h"
 #include "kernel/data/AxialCopies.h"
+#include "kernel/data/MemoryDemand.h"
 #include "kernel/data/SpatialVariables.h"
 #include "kernel/style/StyleTree.h"
+
+#include <utility>
 
 using namespace veldraw::kernel;
 using sample::Loader;
@@ -42,6 +45,16 @@ protected:
     {
         return session.makeVariablesAvailable(*dataSet, zones, variables);
     }
+
+    /// Lets everything go that may go.
+    void unloadSpare()
+    {
+        std::int64_t const limit = session.loadedValuesLimit();
+        session.setLoadedValuesLimit(0);
+        session.setLoadedValuesLimit(limit);
+    }
+
+    static constexpr int bytesOfField = 6 * 4;
 
     std::shared_ptr<Loader> x1 = std::make_shared<Loader>(std::vector<double>{0, 1, 2, 0, 1, 2});
     std::shared_ptr<Loader> x2 = std::make_shared<Loader>(std::vector<double>{3, 4, 5, 3, 4, 5});
@@ -89,37 +102,82 @@ TEST_F(LoadOnDemand, TellsNothingWhenAllIsAsWanted)
     EXPECT_THAT(recorder.take(), IsEmpty());
 }
 
-TEST_F(LoadOnDemand, UnloadsWhatIsNoLongerWantedInTheZones)
+TEST_F(LoadOnDemand, LetsNothingGoThatIsNotWantedAnyMore)
 {
     available({1, 2}, {1, 4});
     recorder.take();
     EXPECT_TRUE(available({1, 2}, {4}));
-    EXPECT_FALSE(field(1, 1).isLoaded());
-    EXPECT_FALSE(field(2, 1).isLoaded());
-    EXPECT_TRUE(field(1, 4).isLoaded());
-    EXPECT_TRUE(field(1, 2).isLoaded()) << "has no loader";
-    EXPECT_THAT(recorder.take(), ElementsAre("21 zones 1 2 variables 1"));
-    EXPECT_TRUE(available({1}, {1}));
-    EXPECT_EQ(values(*dataSet, 1, 1), (std::vector<double>{0, 1, 2, 0, 1, 2})) << "comes again";
+    EXPECT_TRUE(available({1, 2}, {}));
+    EXPECT_TRUE(field(1, 1).isLoaded() && field(2, 1).isLoaded() && field(1, 4).isLoaded());
+    EXPECT_THAT(recorder.take(), IsEmpty());
 }
 
-TEST_F(LoadOnDemand, LoadsAndUnloadsWithOneEvent)
+TEST_F(LoadOnDemand, LetsTheLeastRecentlyUsedValuesGoAboveTheLimit)
 {
-    available({1}, {1});
+    session.loadVariables(*dataSet, {1}, {1});
+    session.loadVariables(*dataSet, {2}, {1});
+    session.setLoadedValuesLimit(2 * bytesOfField);
     recorder.take();
-    EXPECT_TRUE(available({1, 2}, {4}));
+    EXPECT_TRUE(field(1, 1).isLoaded() && field(2, 1).isLoaded()) << "just within it";
+    session.loadVariables(*dataSet, {1}, {1}); // a use
+    EXPECT_TRUE(session.loadVariables(*dataSet, {1}, {4}));
+    EXPECT_TRUE(field(1, 1).isLoaded());
+    EXPECT_FALSE(field(2, 1).isLoaded());
+    EXPECT_TRUE(field(1, 4).isLoaded());
+    EXPECT_THAT(recorder.take(), ElementsAre("21 zones 1 2 variables 4", "21 zones 2 variables 1"));
+    EXPECT_TRUE(session.loadVariables(*dataSet, {2}, {1}));
+    EXPECT_EQ(values(*dataSet, 2, 1), (std::vector<double>{3, 4, 5, 3, 4, 5})) << "comes again";
+    EXPECT_FALSE(field(1, 1).isLoaded()) << "went in its place";
+}
+
+TEST_F(LoadOnDemand, LetsGoAtOnceWhenTheLimitIsLowered)
+{
+    session.loadVariables(*dataSet, {1, 2}, {1, 4});
+    recorder.take();
+    session.setLoadedValuesLimit(bytesOfField);
+    EXPECT_FALSE(field(1, 1).isLoaded() || field(1, 4).isLoaded());
+    EXPECT_TRUE(field(2, 1).isLoaded()) << "was loaded last";
     EXPECT_THAT(recorder.take(), ElementsAre("21 zones 1 2 variables 1 4"));
 }
 
-TEST_F(LoadOnDemand, LeavesOtherZonesAndWhatTheyShareLoaded)
+TEST_F(LoadOnDemand, KeepsWhatIsWantedAnywhere)
 {
-    available({1, 2}, {1, 4});
-    recorder.take();
-    EXPECT_TRUE(available({1}, {}));
+    available({1}, {1, 4});
+    available({2}, {1});
+    unloadSpare();
+    EXPECT_TRUE(field(1, 1).isLoaded() && field(2, 1).isLoaded() && field(1, 4).isLoaded());
+    available({1}, {});
+    unloadSpare();
     EXPECT_FALSE(field(1, 1).isLoaded());
-    EXPECT_TRUE(field(2, 1).isLoaded());
-    EXPECT_TRUE(field(1, 4).isLoaded()) << "the second zone shares it";
-    EXPECT_THAT(recorder.take(), ElementsAre("21 zones 1 variables 1"));
+    EXPECT_TRUE(field(2, 1).isLoaded()) << "the other zone goes on wanting it";
+    EXPECT_FALSE(field(1, 4).isLoaded());
+    available({2}, {4});
+    available({1}, {});
+    unloadSpare();
+    EXPECT_FALSE(field(2, 1).isLoaded());
+    EXPECT_TRUE(field(1, 4).isLoaded()) << "the other zone shares it";
+}
+
+TEST_F(LoadOnDemand, KeepsWhatACopyOfAZoneWants)
+{
+    available({1}, {1});
+    ASSERT_TRUE(session.duplicateZones(*dataSet, {1}));
+    available({1}, {});
+    unloadSpare();
+    EXPECT_TRUE(field(1, 1).isLoaded());
+    available({3}, {});
+    unloadSpare();
+    EXPECT_FALSE(field(1, 1).isLoaded());
+}
+
+TEST_F(LoadOnDemand, WantsVariablesWhateverTheirNumbersBecome)
+{
+    available({1, 2}, {4});
+    session.loadVariables(*dataSet, {1}, {1});
+    ASSERT_TRUE(session.deleteVariables(*dataSet, {2}));
+    unloadSpare();
+    EXPECT_TRUE(field(1, 3).isLoaded());
+    EXPECT_FALSE(field(1, 1).isLoaded());
 }
 
 TEST_F(LoadOnDemand, KeepsWhatAFrameShows)
@@ -128,29 +186,193 @@ TEST_F(LoadOnDemand, KeepsWhatAFrameShows)
     LineMap& map = frame->lineMaps[0];
     for (UniqueId* const shown : {&frame->contourVariable, &map.xVariable, &map.yVariable, &frame->axes2D[1],
                                   &frame->axes3D[2], &frame->vector[2]}) {
-        available({1, 2}, {1, 4});
+        session.loadVariables(*dataSet, {1, 2}, {1, 4});
         *shown = dataSet->variable(4)->id;
         recorder.take();
-        EXPECT_TRUE(available({1, 2}, {}));
+        unloadSpare();
         EXPECT_TRUE(field(1, 4).isLoaded());
         EXPECT_FALSE(field(1, 1).isLoaded());
         EXPECT_THAT(recorder.take(), ElementsAre("21 zones 1 2 variables 1"));
         *shown = 0;
     }
-    EXPECT_TRUE(available({1, 2}, {}));
+    unloadSpare();
     EXPECT_FALSE(field(1, 4).isLoaded());
+}
+
+TEST_F(LoadOnDemand, LetsTheValuesOfOtherDataSetsGoToo)
+{
+    session.loadVariables(*dataSet, {1}, {1});
+    auto const second = std::make_shared<Frame>("second", Rectangle{});
+    second->dataSet = std::make_shared<DataSet>("other");
+    second->dataSet->addVariable(std::make_shared<Variable>("v"));
+    auto const zone = std::make_shared<Zone>("z", ZoneType_Ordered, 6, 1, 1);
+    zone->fields = {Loader::field(x2)};
+    second->dataSet->addZone(zone);
+    session.addFrame(second);
+    session.setLoadedValuesLimit(bytesOfField);
+    recorder.take();
+    EXPECT_TRUE(session.loadVariables(*second->dataSet, {1}, {1}));
+    EXPECT_TRUE(zone->fields[0].isLoaded());
+    EXPECT_FALSE(field(1, 1).isLoaded());
 }
 
 TEST_F(LoadOnDemand, NeverUnloadsWhatHasBeenAltered)
 {
-    available({1, 2}, {1, 4});
+    session.loadVariables(*dataSet, {1, 2}, {1, 4});
     ASSERT_TRUE(session.setValue(*dataSet, 1, 1, 2, 77, false));
     ASSERT_TRUE(session.undo()) << "redo will write here again";
-    EXPECT_TRUE(available({1, 2}, {}));
+    unloadSpare();
     EXPECT_TRUE(field(1, 1).isLoaded());
     EXPECT_FALSE(field(2, 1).isLoaded());
     ASSERT_TRUE(session.redo());
     EXPECT_EQ(values(*dataSet, 1, 1)[2], 77);
+}
+
+TEST_F(LoadOnDemand, LetsTheComponentsOfAnArrayGoTogetherOrNotAtAll)
+{
+    auto const array = std::make_shared<std::vector<float>>(12, 1.0F);
+    auto const component = [&](std::size_t first) {
+        auto group = std::make_shared<ShareGroup>(FieldDataType_Float, 6, x1);
+        group->setLoaded(Buffer::adopt(FieldDataType_Float, 6, array->data() + first, 2, array));
+        return Field(std::move(group), ValueLocation_Nodal);
+    };
+    dataSet->zone(1)->fields[0] = component(0);
+    dataSet->zone(1)->fields[1] = component(1);
+    available({1}, {2});
+    unloadSpare();
+    EXPECT_TRUE(field(1, 1).isLoaded()) << "its memory stays for the other component";
+    available({1}, {});
+    session.setLoadedValuesLimit(bytesOfField);
+    EXPECT_FALSE(field(1, 1).isLoaded() || field(1, 2).isLoaded());
+}
+
+TEST_F(LoadOnDemand, MakesRoomWhereMemoryIsRefused)
+{
+    session.loadVariables(*dataSet, {1}, {1});
+    session.loadVariables(*dataSet, {1}, {4});
+    recorder.take();
+    bool isFirst = true;
+    x2->before = [&](Progress&) {
+        if (std::exchange(isFirst, false)) {
+            throw NotEnoughMemory(bytesOfField - 1);
+        }
+    };
+    EXPECT_TRUE(session.loadVariables(*dataSet, {2}, {1}));
+    EXPECT_EQ(x2->loads, 1);
+    EXPECT_TRUE(field(2, 1).isLoaded());
+    EXPECT_FALSE(field(1, 1).isLoaded()) << "was not used for longest";
+    EXPECT_TRUE(field(1, 4).isLoaded()) << "less suffices";
+    EXPECT_THAT(recorder.take(), ElementsAre("21 zones 2 variables 1", "21 zones 1 variables 1"));
+}
+
+TEST_F(LoadOnDemand, LetsNothingGoWhereThatWouldNotSuffice)
+{
+    session.loadVariables(*dataSet, {1}, {1, 4});
+    recorder.take();
+    x2->before = [](Progress&) { throw NotEnoughMemory(2 * bytesOfField + 1); };
+    expectRefused([&] { return session.loadVariables(*dataSet, {2}, {1}); });
+    EXPECT_EQ(session.lastError(), "Out of memory.");
+    EXPECT_TRUE(field(1, 1).isLoaded() && field(1, 4).isLoaded());
+}
+
+TEST_F(LoadOnDemand, LetsAllGoWhereNobodyKnowsHowMuchIsMissing)
+{
+    session.loadVariables(*dataSet, {1}, {4});
+    available({1}, {1});
+    recorder.take();
+    int tries = 0;
+    x2->before = [&](Progress&) {
+        ++tries;
+        throw std::bad_alloc();
+    };
+    EXPECT_FALSE(session.loadVariables(*dataSet, {2}, {1}));
+    EXPECT_EQ(session.lastError(), "Out of memory.");
+    EXPECT_EQ(tries, 2);
+    EXPECT_FALSE(field(1, 4).isLoaded());
+    EXPECT_TRUE(field(1, 1).isLoaded()) << "is wanted";
+    EXPECT_THAT(recorder.take(), ElementsAre("21 zones 1 2 variables 4")) << "is told though the load has failed";
+}
+
+TEST_F(LoadOnDemand, GoesOnWithWhatIsMissingWhenRoomHasBeenMade)
+{
+    session.loadVariables(*dataSet, {1}, {4});
+    int tries = 0;
+    x2->before = [&](Progress&) {
+        if (++tries == 1) {
+            throw std::bad_alloc();
+        }
+    };
+    EXPECT_TRUE(available({1, 2}, {1}));
+    EXPECT_EQ(x1->loads, 1);
+    EXPECT_EQ(x2->loads, 1);
+    EXPECT_EQ(values(*dataSet, 1, 1), (std::vector<double>{0, 1, 2, 0, 1, 2}));
+}
+
+TEST_F(LoadOnDemand, MakesRoomForAnOperationButNotOfWhatItNeeds)
+{
+    frame->plotType = PlotType_Cartesian3D;
+    for (int operation = 0; operation < 3; ++operation) {
+        frame->axes3D = {};
+        dataSet->zones().resize(2);
+        session.history().clear();
+        dataSet->zone(1)->fields[0] = Loader::field(x1);
+        dataSet->zone(2)->fields[0] = Loader::field(x2);
+        session.loadVariables(*dataSet, {1}, {1, 4});
+        frame->axes3D[0] = operation == 2 ? dataSet->variable(1)->id : 0;
+        bool isFirst = true;
+        x2->before = [&](Progress&) {
+            if (std::exchange(isFirst, false)) {
+                throw std::bad_alloc();
+            }
+        };
+        if (operation == 0) {
+            EXPECT_TRUE(session.rotateZones(*dataSet, {1, 2}, inSpace, aboutZ, 90));
+            EXPECT_EQ(values(*dataSet, 1, 2), (std::vector<double>{0, 1, 2, 0, 1, 2}));
+            EXPECT_EQ(values(*dataSet, 2, 2), (std::vector<double>{3, 4, 5, 3, 4, 5}));
+            dataSet->zone(1)->fields[1] = sample::field({0, 0, 0, 1, 1, 1});
+            dataSet->zone(2)->fields[1] = sample::field({0, 0, 0, 1, 1, 1});
+        } else if (operation == 1) {
+            EXPECT_TRUE(session.duplicateZonesAxially(*dataSet, {1, 2}, inSpace, aboutZ, {90, 0, 1, false}));
+            EXPECT_EQ(dataSet->zoneCount(), 4) << "not twice as many copies";
+        } else {
+            EXPECT_TRUE(session.mirrorZones(frame->id, {1, 2}, 'X'));
+            EXPECT_EQ(dataSet->zoneCount(), 4);
+        }
+        EXPECT_FALSE(isFirst);
+        EXPECT_FALSE(field(1, 4).isLoaded());
+        EXPECT_EQ(x1->loads, operation + 1) << "was loaded once, and stayed";
+    }
+}
+
+TEST_F(LoadOnDemand, MakesCopiesOnceWhereverMemoryIsRefused)
+{
+    dataSet->zone(1)->fields[0] = sample::field({0, 1, 2, 0, 1, 2});
+    dataSet->zone(2)->fields[0] = sample::field({0, 1, 2, 0, 1, 2});
+    dataSet->zone(2)->strand = 3;
+    NumberSet const zones{1, 2};
+    int retries = 0;
+    for (int request = 1; request < 1000; ++request) {
+        session.loadVariables(*dataSet, {1}, {4});
+        bool isTurned = false;
+        bool happened = false;
+        {
+            AllocationFailure const failure(request);
+            isTurned = session.duplicateZonesAxially(*dataSet, zones, inSpace, aboutZ, {90, 0, 2, false});
+            happened = failure.hasHappened();
+        }
+        ASSERT_EQ(dataSet->zoneCount(), isTurned ? 6 : 2) << request;
+        if (isTurned) {
+            ASSERT_EQ(dataSet->zone(4)->strand, 4);
+            ASSERT_EQ(dataSet->zone(6)->strand, 5);
+            ASSERT_TRUE(session.undo());
+        }
+        retries += isTurned && happened && !field(1, 4).isLoaded() ? 1 : 0;
+        session.history().clear();
+        if (!happened) {
+            break;
+        }
+    }
+    EXPECT_GT(retries, 3);
 }
 
 TEST_F(LoadOnDemand, LoadsALockedDataSet)
@@ -178,7 +400,8 @@ TEST_F(LoadOnDemand, ChangesNothingWhenOneLoaderFails)
     expectRefused([&] { return available({1, 2}, {1}); });
     EXPECT_EQ(session.lastError(), "The file has gone.");
     EXPECT_FALSE(field(1, 1).isLoaded());
-    EXPECT_TRUE(field(1, 4).isLoaded()) << "nothing is unloaded either";
+    unloadSpare();
+    EXPECT_TRUE(field(1, 4).isLoaded()) << "is wanted as it was";
     x2->before = nullptr;
     EXPECT_TRUE(available({1, 2}, {1}));
 }
@@ -322,6 +545,7 @@ TEST_F(LoadOnDemand, FailsWithAReasonWhateverALoaderThrows)
         x1->before = nullptr;
         EXPECT_TRUE(available({1}, {1})) << "another time";
         EXPECT_TRUE(available({1}, {}));
+        unloadSpare();
         recorder.take();
     }
     session.setWaiter(nullptr);
@@ -356,6 +580,7 @@ TEST_F(LoadOnDemand, RemembersAComputedRangeAfterAnUnload)
     available({1}, {1});
     EXPECT_EQ(dataSet->zone(1)->range(1).max, 2);
     available({1}, {});
+    unloadSpare();
     ASSERT_FALSE(field(1, 1).isLoaded());
     EXPECT_EQ(dataSet->zone(1)->range(1).max, 2);
     EXPECT_EQ(dataSet->zone(1)->range(1).state, ValueRange::State::Exact);
@@ -417,6 +642,7 @@ TEST_F(LoadOnDemand, TakesAnEditOfABranchBackToStorageThatHasBeenUnloaded)
     available({1, 2}, {4});
     ASSERT_TRUE(session.setValue(*dataSet, 1, 4, 0, -1, true));
     EXPECT_TRUE(available({1, 2}, {}));
+    unloadSpare();
     EXPECT_TRUE(field(1, 4).isLoaded()) << "altered";
     EXPECT_FALSE(field(2, 4).isLoaded());
     ASSERT_TRUE(session.undo());
@@ -453,6 +679,7 @@ TEST_F(LoadOnDemand, ChangesNothingWithoutMemory)
         }
         ASSERT_TRUE(field(1, 1).isLoaded() && field(2, 1).isLoaded() && field(1, 4).isLoaded());
         ASSERT_TRUE(available({1, 2}, {}));
+        unloadSpare();
         recorder.take();
     }
     EXPECT_GT(failures, 10);

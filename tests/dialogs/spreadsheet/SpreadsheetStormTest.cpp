@@ -112,6 +112,9 @@ protected:
         int const before = loadedFields();
         stage.session().makeVariablesAvailable(
             stage.dataSet(), below(2) == 0 ? allZones() : kernel::NumberSet{someZone()}, {someVariable()});
+        std::int64_t const limit = stage.session().loadedValuesLimit();
+        stage.session().setLoadedValuesLimit(0); // memory asks for what nobody wants
+        stage.session().setLoadedValuesLimit(limit);
         m_done["load"] += loadedFields() > before ? 1 : 0;
         m_done["unload"] += loadedFields() < before ? 1 : 0;
     }

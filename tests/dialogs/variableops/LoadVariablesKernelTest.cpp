@@ -68,6 +68,19 @@ TEST_F(LoadVariablesKernelTest, AddsTheDrawnZonesWhenTheSettingSaysSo)
     EXPECT_THAT(loads(), ElementsAre(call("{1, 2, 3}", "{1}")));
 }
 
+TEST_F(LoadVariablesKernelTest, LetsNothingVanishThatTheDrawnZonesHave)
+{
+    sample.session().setPlotType(sample.frame()->id, PlotType_Cartesian2D);
+    loadBehindTheDialog(2, {3, 4});
+    setKeepsDrawnZones(true);
+    launched();
+    select(0);
+    clickAction();
+    setKeepsDrawnZones(false);
+    EXPECT_TRUE(isLoaded(1, 1) && isLoaded(2, 1) && isLoaded(3, 1));
+    EXPECT_TRUE(isLoaded(2, 3) && isLoaded(2, 4));
+}
+
 TEST_F(LoadVariablesKernelTest, IsSilentWhenTheKernelRefusesAndKeepsTheSelection)
 {
     launched();

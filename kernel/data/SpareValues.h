@@ -1,0 +1,46 @@
+#pragma once
+
+#include "kernel/data/DeferredUnload.h"
+
+#include <functional>
+#include <map>
+
+namespace veldraw::kernel {
+
+/// Loaded values that may be let go of when memory asks for it: a loader can bring them again, since nobody has altered them, and
+/// nobody needs them now. Those on one piece of memory, as the components of an array are, go together or not at all.
+class SpareValues
+{
+public:
+    using Predicate = std::function<bool(ShareGroup const&)>;
+
+    /// Looks through a data set. What is wanted in any of its zones is not spare.
+    /// @param shown    one-based numbers of variables that frames show; their values stay in all zones
+    /// @param isNeeded whether an operation needs the values of a group
+    void add(std::shared_ptr<DataSet> dataSet, NumberSet const& shown, Predicate const& isNeeded);
+
+    /// Memory of all loaded values that could be loaded again, be they spare or not.
+    double loadedBytes() const;
+
+    /// Memory of the spare ones.
+    double bytes() const;
+
+    /// Those that have not been used for the longest time: as many as have @p bytes, or all.
+    DeferredUnload leastRecentlyUsed(double bytes) const;
+
+private:
+    /// What stands on one piece of memory.
+    struct Piece
+    {
+        std::set<ShareGroup*> groups;
+        std::int64_t lastUse = 0;
+        bool isNeeded = false;
+
+        double bytes() const;
+    };
+
+    std::map<void const*, Piece> m_pieces; // by their memory
+    std::vector<std::shared_ptr<DataSet>> m_dataSets;
+};
+
+} // namespace veldraw::kernel

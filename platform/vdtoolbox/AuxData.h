@@ -39,12 +39,12 @@ public:
 
     /// Writes a flag as "TRUE" or "FALSE".
     /// @param retain whether it is saved with its owner
-    /// @return false when the owner does not exist or the name is not allowed
+    /// @return false when the owner does not exist, the name is not allowed, or another operation is running
     bool set(std::string const& name, bool value, bool retain) const;
 
     /// Writes a text.
     /// @param retain whether it is saved with its owner
-    /// @return false when the owner does not exist or the name is not allowed
+    /// @return false when the owner does not exist, the name is not allowed, or another operation is running
     bool setText(std::string const& name, std::string const& value, bool retain) const;
 
 private:

@@ -138,6 +138,40 @@ TEST_F(AuxiliaryTexts, AreToldWhenTheyChange)
     EXPECT_EQ(session().history().undoName(), "Auxiliary Data");
 }
 
+TEST_F(AuxiliaryTexts, AreNoStepWhenTheyAreThereAlready)
+{
+    AuxData const zone(AuxDataLocation_Zone, 1);
+    ASSERT_TRUE(zone.setText("Name", "first", true));
+    session().history().clear();
+    m_kinds.clear();
+    EXPECT_TRUE(zone.setText("Name", "first", true));
+    EXPECT_FALSE(session().history().canUndo());
+    EXPECT_TRUE(m_kinds.empty());
+    EXPECT_TRUE(zone.setText("Name", "first", false));
+    EXPECT_TRUE(session().history().canUndo());
+}
+
+TEST_F(AuxiliaryTexts, AreRefusedWhileAnOperationRuns)
+{
+    AuxData const zone(AuxDataLocation_Zone, 1);
+    bool wasRefused = false;
+    session().runOperation("long work", [&](kernel::Progress&) { wasRefused = !zone.set("Flag", true, true); });
+    EXPECT_TRUE(wasRefused);
+    EXPECT_EQ(session().lastError(), "Another operation is running.");
+    EXPECT_EQ(zone.size(), 0);
+    EXPECT_FALSE(session().history().canUndo());
+    EXPECT_TRUE(m_kinds.empty());
+    EXPECT_TRUE(zone.set("Flag", true, true)) << "afterwards";
+}
+
+TEST_F(AuxiliaryTexts, SayWhyTheyAreRefused)
+{
+    EXPECT_FALSE(AuxData(AuxDataLocation_Zone, 9).setText("Name", "x", true));
+    EXPECT_EQ(session().lastError(), "There is nothing that could have the auxiliary data.");
+    EXPECT_FALSE(AuxData(AuxDataLocation_Zone, 1).setText("not a name", "x", true));
+    EXPECT_EQ(session().lastError(), "The name must begin with a letter; letters, digits, \"_\" and \".\" may follow.");
+}
+
 TEST_F(AuxiliaryTexts, CanBeTakenBack)
 {
     AuxData const zone(AuxDataLocation_Zone, 1);

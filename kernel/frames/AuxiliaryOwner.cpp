@@ -1,13 +1,10 @@
-#include "host/AuxDataOwner.h"
+#include "kernel/frames/AuxiliaryOwner.h"
 
 #include "kernel/frames/Session.h"
 
 #include <algorithm>
 
-namespace veldraw::host {
-
-using kernel::AuxiliaryData;
-using kernel::Session;
+namespace veldraw::kernel {
 
 namespace {
 
@@ -25,28 +22,27 @@ std::function<AuxiliaryData*()> findIn(std::shared_ptr<Owner> owner)
     return [owner] { return &owner->auxiliaryData; };
 }
 
-std::function<AuxiliaryData*()> findInDataSet(std::shared_ptr<kernel::DataSet> dataSet)
+std::function<AuxiliaryData*()> findInDataSet(std::shared_ptr<DataSet> dataSet)
 {
     if (!dataSet)
         return findNothing();
     return [dataSet] { return &dataSet->auxiliaryData(); };
 }
 
-std::function<AuxiliaryData*()> findInLineMap(std::shared_ptr<kernel::Frame> frame, int number)
+std::function<AuxiliaryData*()> findInLineMap(std::shared_ptr<Frame> frame, int number)
 {
     if (!frame || number < 1 || number > static_cast<int>(frame->lineMaps.size()))
         return findNothing();
-    kernel::UniqueId const id = frame->lineMaps[static_cast<std::size_t>(number - 1)].id;
+    UniqueId const id = frame->lineMaps[static_cast<std::size_t>(number - 1)].id;
     return [frame, id]() -> AuxiliaryData* {
         auto const found = std::find_if(frame->lineMaps.begin(), frame->lineMaps.end(),
-                                        [id](kernel::LineMap const& lineMap) { return lineMap.id == id; });
+                                        [id](LineMap const& lineMap) { return lineMap.id == id; });
         return found == frame->lineMaps.end() ? nullptr : &found->auxiliaryData;
     };
 }
 
-std::function<AuxiliaryData*()> finder(AuxDataLocation_e location, int object)
+std::function<AuxiliaryData*()> finder(Session const& session, AuxDataLocation_e location, int object)
 {
-    Session const& session = Session::instance();
     auto const dataSet = session.activeDataSet();
     switch (location) {
     case AuxDataLocation_Zone:
@@ -69,14 +65,14 @@ std::function<AuxiliaryData*()> finder(AuxDataLocation_e location, int object)
 
 } // namespace
 
-AuxDataOwner::AuxDataOwner(AuxDataLocation_e location, int object)
-    : m_find(finder(location, object))
+AuxiliaryOwner::AuxiliaryOwner(Session const& session, AuxDataLocation_e location, int object)
+    : m_find(finder(session, location, object))
 {
 }
 
-AuxiliaryData* AuxDataOwner::data() const
+AuxiliaryData* AuxiliaryOwner::data() const
 {
     return m_find();
 }
 
-} // namespace veldraw::host
+} // namespace veldraw::kernel

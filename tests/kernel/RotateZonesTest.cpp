@@ -365,6 +365,24 @@ TEST_F(RotateZones, RefusesAVectorWhoseComponentsAreAtDifferentPlaces)
     expectRefused([&] { return session.rotateZones(*dataSet, {1}, noVector, slanting, 30); });
 }
 
+TEST_F(RotateZones, NamesTheAxisThatHasNoVariable)
+{
+    expectRefused([&] { return session.rotateZones(*dataSet, {1}, {{1, 2, 0}, {}, true, false}, aboutZ, 30); });
+    EXPECT_EQ(session.lastError(), "The Z axis has no variable.");
+    expectRefused([&] { return session.rotateZones(*dataSet, {1}, {{1, 0, 3}, {}, true, false}, aboutZ, 30); });
+    EXPECT_EQ(session.lastError(), "The Y axis has no variable.");
+    expectRefused([&] { return session.rotateZones(*dataSet, {1}, {{0, 0, 0}, {}, false, false}, aboutZ, 30); });
+    EXPECT_EQ(session.lastError(), "The X axis has no variable.");
+}
+
+TEST_F(RotateZones, RefusesAVectorThatIsThePositionButForOneComponent)
+{
+    for (auto const& vector : {std::array<int, 3>{1, 2, 6}, {1, 5, 3}, {4, 2, 3}}) {
+        expectRefused([&] { return session.rotateZones(*dataSet, {1}, {{1, 2, 3}, vector, true, true}, aboutZ, 30); });
+        EXPECT_EQ(session.lastError(), "The spatial and vector variables must be unique.");
+    }
+}
+
 TEST_F(RotateZones, LeavesPointsThatAreNotFiniteAsTheyAre)
 {
     auto zone = std::make_shared<Zone>("strange", ZoneType_Ordered, 4, 1, 1);

@@ -7,6 +7,18 @@ namespace veldraw::app {
 
 namespace {
 
+// Empty when nothing is.
+QString hiddenText(kernel::Zone const& zone)
+{
+    auto const countOf = [&zone](ValueLocation_e location) {
+        auto const hidden = zone.hidden(location);
+        return static_cast<long long>(hidden ? hidden->count() : 0);
+    };
+    long long const points = countOf(ValueLocation_Nodal);
+    long long const cells = countOf(ValueLocation_CellCentered);
+    return points + cells == 0 ? QString() : QStringLiteral(" (hidden: %1 points, %2 cells)").arg(points).arg(cells);
+}
+
 QString zoneLine(int number, kernel::Zone const& zone)
 {
     QString line =
@@ -16,7 +28,7 @@ QString zoneLine(int number, kernel::Zone const& zone)
     else if (zone.isOrdered())
         line += QStringLiteral(" %1 x %2 x %3").arg(zone.i).arg(zone.j).arg(zone.k);
     if (!zone.isDeferred())
-        line += QStringLiteral(", %1 points, %2 cells").arg(zone.pointCount()).arg(zone.cellCount());
+        line += QStringLiteral(", %1 points, %2 cells").arg(zone.pointCount()).arg(zone.cellCount()) + hiddenText(zone);
     if (zone.strand != kernel::staticStrand)
         line += QStringLiteral(", strand %1, time %2").arg(zone.strand).arg(zone.solutionTime);
     return line + QLatin1Char('\n');

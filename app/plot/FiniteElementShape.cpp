@@ -1,6 +1,7 @@
 #include "app/plot/FiniteElementShape.h"
 
 #include "app/plot/OuterFaces.h"
+#include "app/plot/VisibleElements.h"
 #include "app/vtk/ProgressObserver.h"
 #include "app/vtk/ZoneToVtk.h"
 #include "kernel/compute/Parallel.h"
@@ -131,7 +132,6 @@ std::shared_ptr<kernel::Zone> withoutFields(kernel::Zone const& zone)
 {
     auto copy = std::make_shared<kernel::Zone>(zone.name, zone.type, zone.i, zone.j, zone.k);
     copy->connectivity = zone.connectivity;
-    copy->blanking = zone.blanking;
     return copy;
 }
 
@@ -163,12 +163,26 @@ ZoneShape facesFoundByVtk(kernel::Zone const& zone, kernel::Progress const& prog
     return shape;
 }
 
+// The faces of cells that are seen, also those towards cells that are not.
+ZoneShape withoutHidden(kernel::Zone const& zone, kernel::Progress const& progress)
+{
+    VisibleElements const visible = VisibleElements::of(zone);
+    ZoneShape shape = FiniteElementShape::create(*visible.zone, progress);
+    std::vector<std::int64_t> cells;
+    for (std::int64_t n = 0; n < shape.cellCount(); ++n)
+        cells.push_back(visible.cells[static_cast<std::size_t>(shape.cellOf(n))]);
+    shape.cells = std::move(cells);
+    return shape;
+}
+
 } // namespace
 
 ZoneShape FiniteElementShape::create(kernel::Zone const& zone, kernel::Progress const& progress)
 {
     if (!zone.connectivity || !isSound(*zone.connectivity, zone.pointCount()))
         return {};
+    if (zone.hidden(ValueLocation_CellCentered))
+        return withoutHidden(zone, progress);
     switch (zone.type) {
     case ZoneType_FELineSeg:
         return asItStands(zone.connectivity, zone.pointCount(), true);

@@ -7,7 +7,7 @@
 namespace veldraw::app {
 
 /// Finds what is to be drawn of a finite-element zone: lines and surface cells as they stand, without a copy of the
-/// connectivity; of volume cells the faces that belong to one cell only.
+/// connectivity; of volume cells the faces that belong to one cell only. Cells that are hidden count for nothing.
 class FiniteElementShape
 {
 public:

@@ -10,6 +10,7 @@
 #include <cmath>
 #include <functional>
 #include <iterator>
+#include <limits>
 #include <vector>
 
 namespace veldraw::app {
@@ -61,6 +62,17 @@ Values valuesAt(kernel::Field const& field, bool inCells)
     if (inCells && field.location() == ValueLocation_Nodal)
         return [values](std::int64_t n) { return 0.5 * values.at(n) + 0.5 * values.at(n + 1); };
     return [values](std::int64_t n) { return values.at(n); };
+}
+
+// What is hidden has no value, so that the curve has a gap there.
+Values visible(kernel::Zone const& zone, ValueLocation_e location, Values const& values)
+{
+    auto const hidden = zone.hidden(location);
+    if (!hidden)
+        return values;
+    return [hidden, values](std::int64_t slot) {
+        return hidden->contains(slot) ? std::numeric_limits<double>::quiet_NaN() : values(slot);
+    };
 }
 
 // The ends of a stretch of the curve and its extremes, in their order.
@@ -122,10 +134,10 @@ vtkSmartPointer<vtkTable> LinePoints::create(kernel::DataSet const& dataSet, int
         return nullptr;
 
     bool const inCells = mixed || xField.location() == ValueLocation_CellCentered;
-    Values const xValues = valuesAt(xField, inCells);
-    Values const yValues = valuesAt(yField, inCells);
-    std::vector<std::int64_t> const slots =
-        thinned(slotsOf(zone, inCells ? ValueLocation_CellCentered : ValueLocation_Nodal, indices), yValues);
+    ValueLocation_e const location = inCells ? ValueLocation_CellCentered : ValueLocation_Nodal;
+    Values const xValues = visible(zone, location, valuesAt(xField, inCells));
+    Values const yValues = visible(zone, location, valuesAt(yField, inCells));
+    std::vector<std::int64_t> const slots = thinned(slotsOf(zone, location, indices), yValues);
 
     vtkNew<vtkDoubleArray> xColumn;
     vtkNew<vtkDoubleArray> yColumn;

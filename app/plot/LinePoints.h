@@ -12,6 +12,8 @@ namespace veldraw::app {
 
 /// The points of one curve of a line plot, in two columns.
 ///
+/// Where points or cells are hidden the curve has a gap.
+///
 /// A copy, so that the plot never holds the kernel's buffers. A curve of more than half a million points is thinned to
 /// the first, smallest, largest and last value of each of many short stretches, which draws the same pixels.
 class LinePoints

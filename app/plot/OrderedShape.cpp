@@ -1,5 +1,7 @@
 #include "app/plot/OrderedShape.h"
 
+#include "app/plot/VisibleFaces.h"
+
 #include <array>
 
 namespace veldraw::app {
@@ -37,13 +39,20 @@ void addPlane(ZoneShape& shape, Plane const& plane, bool isWhole)
         }
 }
 
-void addLine(ZoneShape& shape, Index count)
+void addLine(ZoneShape& shape, kernel::Zone const& zone)
 {
+    Index const count = zone.pointCount();
+    bool const hasHidden = zone.hidden(ValueLocation_CellCentered) != nullptr;
     shape.pointCount = count;
     shape.lines = vtkSmartPointer<vtkCellArray>::New();
     shape.lines->Use64BitStorage();
-    for (Index n = 0; n + 1 < count; ++n)
+    for (Index n = 0; n + 1 < count; ++n) {
+        if (zone.isHidden(ValueLocation_CellCentered, n))
+            continue;
         shape.lines->InsertNextCell({n, n + 1});
+        if (hasHidden)
+            shape.cells.push_back(n);
+    }
 }
 
 void addPoints(ZoneShape& shape, Index count)
@@ -83,11 +92,13 @@ ZoneShape OrderedShape::create(kernel::Zone const& zone, bool asPoints)
     if (planes.empty()) {
         Index const count = zone.pointCount();
         if (count > 1 && !asPoints)
-            addLine(shape, count);
+            addLine(shape, zone);
         else
             addPoints(shape, count);
         return shape;
     }
+    if (zone.hidden(ValueLocation_CellCentered))
+        return VisibleFaces::create(zone);
 
     Index points = 0;
     Index cells = 0;

@@ -1,5 +1,7 @@
 #include "app/plot/ZoneSource.h"
 
+#include <limits>
+
 namespace veldraw::app {
 
 bool GeometryKey::hasSameCells(GeometryKey const& other) const
@@ -58,6 +60,10 @@ ZoneSource::ZoneSource(kernel::DataSet const& dataSet, int number, FieldLook con
 std::array<double, 3> ZoneSource::scenePosition(std::int64_t point) const
 {
     std::array<double, 3> scene{};
+    if (m_zone->isHidden(ValueLocation_Nodal, point)) {
+        scene.fill(std::numeric_limits<double>::quiet_NaN());
+        return scene;
+    }
     for (int axis = 0; axis < 3; ++axis)
         if (m_isUsed[static_cast<std::size_t>(axis)])
             scene[static_cast<std::size_t>(axis)] =

@@ -192,9 +192,8 @@ TEST(FieldPlotInPlane, DrawsAZoneWithoutTheContourVariableInGreyAndLeavesItOutOf
     ASSERT_TRUE(set->field(2, 3)->isPassive());
     PlotTestPage page({SampleData::frame("Partly", set, PlotType_Cartesian2D)});
     QImage const plot = page.plot(0, "plane-passive");
-    double const* const range = page.field().legend().GetLookupTable()->GetRange();
-    EXPECT_DOUBLE_EQ(range[0], 300.0);
-    EXPECT_DOUBLE_EQ(range[1], 349.0);
+    EXPECT_DOUBLE_EQ(page.field().legend().min(), 300.0);
+    EXPECT_DOUBLE_EQ(page.field().legend().max(), 349.0);
     QColor const middle = plot.pixelColor((plot.width() - legendArea(plot).width()) / 2, plot.height() / 2);
     EXPECT_EQ(middle, app::PlotTheme::noValue());
     EXPECT_GT(PlotTestPage::pixelsNear(plot, app::PlotTheme::noValue(), 2), 20000);
@@ -212,12 +211,12 @@ TEST(FieldPlotInSpace, DrawsAZoneWithoutTheContourVariableInShadesOfGrey)
     set->zone(1)->enabled = false;
     PlotTestPage page({SampleData::frame("Passive", set, PlotType_Cartesian3D)});
     EXPECT_EQ(page.notice(), QStringLiteral("The contour variable has no values in the enabled zones."));
-    EXPECT_FALSE(page.field().legend().GetVisibility());
+    EXPECT_FALSE(page.field().legend().isShown());
     ASSERT_TRUE(page.session().setZoneEnabled(*set, 1, true));
     QImage const plot = page.plot(0, "space-passive");
     EXPECT_LT(PlotTestPage::colouredPixels(plot.copy(0, 0, 700, plot.height())), 2000)
         << "the zones lie in one place, and the second is drawn over the first";
-    EXPECT_TRUE(page.field().legend().GetVisibility());
+    EXPECT_TRUE(page.field().legend().isShown());
     EXPECT_EQ(page.notice(), QString());
 }
 

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "kernel/data/Zone.h"
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace veldraw::app {
+
+/// The cells of a finite-element zone that are not hidden, as a zone of their own.
+struct VisibleElements
+{
+    std::shared_ptr<kernel::Zone> zone; ///< with the same points, without fields
+    std::vector<std::int64_t> cells;    ///< which cell of the other zone each one is
+
+    /// @param zone whose cells name points that exist
+    static VisibleElements of(kernel::Zone const& zone);
+};
+
+} // namespace veldraw::app

@@ -8,7 +8,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
-#include <QCompleter>
 #include <QDialog>
 #include <QFileDialog>
 #include <QImage>
@@ -148,37 +147,39 @@ bool TourContext::assignVariable(char assignment, int variable)
         [&] { return kernel::Session::instance().activeFrame()->variableNumber(assignment) == variable; });
 }
 
+void TourContext::typeOver(QLineEdit& field, QString const& text)
+{
+    field.setFocus();
+    field.selectAll();
+    QTest::keyClicks(&field, text);
+}
+
 void TourContext::saveAs(QString const& file, QString const& picture)
 {
     activate(window);
-    enum
-    {
-        Waiting,
-        Typing,
-        Typed
-    } state = Waiting;
+    int const told = user.unexpectedMessages().size();
+    bool isBusy = false;
+    bool isFirst = true;
     QTimer look;
     QObject::connect(&look, &QTimer::timeout, &look, [&] {
         auto* const chooser = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-        if (!chooser || !chooser->isVisible() || state == Typing)
+        if (isBusy || !chooser || !chooser->isVisible())
             return;
-        if (state == Typed) { // it came back since the file was refused
+        if (user.unexpectedMessages().size() > told) { // the file was refused, and the question came back
             user.key(Qt::Key_Escape);
             return;
         }
-        state = Typing;
-        auto* const name = chooser->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-        name->setFocus();
-        name->selectAll();
-        QTest::keyClicks(name, file);
-        if (!picture.isEmpty())
+        isBusy = true;
+        auto& name = *chooser->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        typeOver(name, file);
+        if (std::exchange(isFirst, false) && !picture.isEmpty())
             user.picture(picture);
-        if (name->completer())
-            name->completer()->popup()->hide(); // or it would take the key
-        state = Typed;
-        QTest::keyClick(name, Qt::Key_Return);
+        // At once, and again if need be: the dialog takes no name as long as it is still reading folders.
+        typeOver(name, file);
+        QTest::keyClick(&name, Qt::Key_Return);
+        isBusy = false;
     });
-    look.start(50);
+    look.start(300);
     user.key(Qt::Key_S, Qt::ControlModifier);
     user.settle();
 }

@@ -14,6 +14,7 @@
 class QAction;
 class QDialog;
 class QImage;
+class QLineEdit;
 class QListView;
 class QPushButton;
 
@@ -92,6 +93,7 @@ public:
 private:
     bool noteMessages(char const* step, QString const& expected, std::function<void()> const& action,
                       std::function<bool()> const& isDone, QString const& picture = {});
+    static void typeOver(QLineEdit& field, QString const& text);
     void openDialogByKeys(int mnemonic, std::function<bool()> const& isThere);
 };
 

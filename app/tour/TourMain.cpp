@@ -29,6 +29,7 @@ int main(int argc, char** argv)
     QObject::connect(&look, &QTimer::timeout, &look, [&] {
         if (std::exchange(stepsBefore, tour.report().stepCount()) != tour.report().stepCount())
             return;
+        QTextStream(stdout) << tour.report().toText();
         std::fprintf(stderr, "veldraw_tour: stood still for %d minutes after step %d\n", stillFor, stepsBefore);
         std::_Exit(1);
     });

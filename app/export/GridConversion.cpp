@@ -76,7 +76,7 @@ bool isListOfPoints(kernel::Zone const& zone)
     bool const hasCells = std::any_of(zone.fields.begin(), zone.fields.end(), [](kernel::Field const& field) {
         return !field.isPassive() && field.location() == ValueLocation_CellCentered;
     });
-    return zone.isOrdered() && zone.fileFormat == "vtp" && zone.dimensionality() <= 1 && !hasCells;
+    return zone.isOrdered() && zone.isScattered && zone.dimensionality() <= 1 && !hasCells;
 }
 
 // Some of the cells, in the numbering of their own.

@@ -94,7 +94,8 @@ VtkExport::VtkExport(kernel::DataSet const& dataSet)
 
 std::string VtkExport::pieceFormat(kernel::Zone const& zone)
 {
-    return zone.fileFormat == "vtp" && fitsPolyData(zone) ? zone.fileFormat : usualFormat(zone);
+    bool const isForPoly = zone.fileFormat == "vtp" || zone.isScattered;
+    return isForPoly && fitsPolyData(zone) ? "vtp" : usualFormat(zone);
 }
 
 std::string VtkExport::usualFormat(kernel::Zone const& zone)
@@ -207,6 +208,8 @@ void VtkExport::addFacts(vtkDataSet& grid, kernel::Zone const& zone,
     if (zone.strand != kernel::staticStrand)
         addInteger(facts, blockfact::strandId, zone.strand);
     addInteger(facts, blockfact::zoneType, zone.type);
+    if (zone.isScattered)
+        addInteger(facts, blockfact::isScattered, 1);
     addTexts(facts, blockfact::zoneName, {zone.name});
     addTexts(facts, blockfact::coordinateNames, coordinateNames);
     addTexts(facts, blockfact::variableNames, m_names);

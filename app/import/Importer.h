@@ -22,8 +22,8 @@ namespace veldraw::app {
 ///   - StrandId (a number from 0): the zone's time strand;
 ///   - TimeStep (a number) without StrandId: the n-th block of each time step belongs to strand n, and the step is the
 ///     solution time where there is no TimeValue;
-///   - ZoneName, ZoneType, CoordinateNames, VariableNames, ArrayVariables: written by our export, so that a data set comes back
-///   as it was.
+///   - ZoneName, ZoneType, IsScattered, CoordinateNames, VariableNames, ArrayVariables: written by our export, so that a
+///     data set comes back as it was.
 /// An array of bytes called vtkGhostType is no variable, but says which points or cells are hidden (kernel::Blanking).
 ///
 /// CSV and TSV files (.csv .tsv .txt): see CsvReader. MetaImage files (.mhd .mha): see MetaImageImport.

@@ -66,6 +66,7 @@ BlockFacts BlockFacts::of(vtkFieldData* fieldData)
         facts.zoneType = ZoneType_FEMixed;
     if (zoneType == static_cast<double>(ZoneType_FEPolygon))
         facts.zoneType = ZoneType_FEPolygon;
+    facts.isScattered = number(*fieldData, blockfact::isScattered).value_or(0.0) == 1.0;
     auto const zoneNames = texts(*fieldData, blockfact::zoneName);
     facts.zoneName = zoneNames.empty() ? std::string() : zoneNames.front();
     auto const coordinates = texts(*fieldData, blockfact::coordinateNames);

@@ -24,6 +24,7 @@ struct BlockFacts
     std::optional<int> strand;
     std::string zoneName;
     ZoneType_e zoneType = ZoneType_Ordered;                      ///< a wish for the cells; Ordered for none
+    bool isScattered = false;                                    ///< the points of an ordered zone are no curve
     std::array<std::string, 3> coordinateNames{{"X", "Y", "Z"}}; ///< empty: the coordinate is not a variable
     std::vector<std::string> variableNames;
 
@@ -41,6 +42,7 @@ constexpr char const* timeStep = "TimeStep";
 constexpr char const* strandId = "StrandId";
 constexpr char const* zoneName = "ZoneName";
 constexpr char const* zoneType = "ZoneType";
+constexpr char const* isScattered = "IsScattered";
 constexpr char const* coordinateNames = "CoordinateNames";
 constexpr char const* variableNames = "VariableNames";
 

@@ -150,6 +150,7 @@ void BlockImport::makeZone()
             throw ImportError("its block \"" + m_name + "\" has an extent that ends before it starts");
         m_result.zone =
             std::make_shared<kernel::Zone>(m_name, ZoneType_Ordered, dimensions[0], dimensions[1], dimensions[2]);
+        m_result.zone->isScattered = m_facts.isScattered && m_result.zone->dimensionality() <= 1;
     } else if (m_deferred.cells) {
         m_cellLoader = std::make_shared<CellLoader>(*m_deferred.cells, m_facts.zoneType);
         m_result.zone = std::make_shared<kernel::Zone>(m_name, m_cellLoader->zoneType(), -1, -1, -1);

@@ -66,6 +66,7 @@ void expectSame(kernel::DataSet const& left, kernel::DataSet const& right)
         EXPECT_EQ(a.i, b.i);
         EXPECT_EQ(a.j, b.j);
         EXPECT_EQ(a.k, b.k);
+        EXPECT_EQ(a.isScattered, b.isScattered);
         EXPECT_EQ(a.strand, b.strand);
         EXPECT_EQ(a.solutionTime, b.solutionTime);
         ASSERT_EQ(a.connectivity == nullptr, b.connectivity == nullptr);
@@ -183,6 +184,21 @@ TEST(RoundTrip, KeepsSurfacesAndLinesInPolyDataFiles)
     expectRoundTrip(*mixed, "surface.vtp");
     auto const lines = importedGrid(*unstructuredGrid(3, {{VTK_LINE, {0, 1}}, {VTK_LINE, {1, 2}}}), "g.vtu");
     expectRoundTrip(*lines, "lines.vtp");
+}
+
+TEST(RoundTrip, KeepsPointsOfATableScattered)
+{
+    auto const points = dataSetWith({"X", "Y", "Z", "p"});
+    auto const zone = std::make_shared<kernel::Zone>("cloud", ZoneType_Ordered, 3, 1, 1);
+    zone->isScattered = true;
+    for (double const start : {0.0, 5.0, 2.0, 7.0})
+        zone->fields.push_back(field(FieldDataType_Double, {start, start + 2.0, start + 1.0}));
+    points->addZone(zone);
+    for (char const* const name : {"cloud.vts", "cloud.vtp", "cloud.vtm"})
+        expectRoundTrip(*points, name);
+    zone->isScattered = false;
+    for (char const* const name : {"curve.vts", "curve.vtm"})
+        expectRoundTrip(*points, name);
 }
 
 TEST(RoundTrip, KeepsAMixedZoneThatHappensToHaveOneShape)

@@ -13,7 +13,13 @@ SignalConnectionCollection::~SignalConnectionCollection()
 
 void SignalConnectionCollection::add(boost::signals2::connection const& connection)
 {
-    m_connections.push_back(connection);
+    try {
+        m_connections.push_back(connection);
+    } catch (...) {
+        // What nobody keeps would be called when its owner is gone.
+        connection.disconnect();
+        throw;
+    }
 }
 
 void SignalConnectionCollection::clear()

@@ -220,6 +220,8 @@ TEST_F(QtDialogAbstractTest, ShowsWhereTheFocusIsFromTheStart)
     dialog.launch();
     dialog.action->setFocus();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    QApplication::setActiveWindow(&dialog);
+    ASSERT_TRUE(dialog.action->hasFocus());
     QImage const focused = dialog.action->grab().toImage();
     dialog.box->setFocus();
     EXPECT_NE(focused, dialog.action->grab().toImage());

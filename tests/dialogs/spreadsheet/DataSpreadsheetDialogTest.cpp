@@ -237,7 +237,8 @@ TEST_F(DataSpreadsheetDialogTest, SaysWhyACellWithoutValuesCannotBeEdited)
               QStringLiteral("This variable has no values in this zone, so they can't be edited."));
     edit(0, 1, "5");
     EXPECT_THAT(messages.take(), ElementsAre("error: Error while setting variable value"));
-    EXPECT_EQ(stage.session().lastError(), "The variable has no values in this zone.");
+    EXPECT_EQ(stage.session().lastError(),
+              "The variable is passive in this zone: it has no values there, reads as 0 and cannot be edited.");
 }
 
 /// Writes down in which state headers are drawn.

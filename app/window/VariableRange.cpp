@@ -1,10 +1,26 @@
 #include "app/window/VariableRange.h"
 
-#include <algorithm>
+#include "platform/vdsdkcommon/ShortestText.h"
+
+#include <string>
 
 namespace veldraw::app {
 
 using State = kernel::ValueRange::State;
+
+namespace {
+
+// Single precision by the digits that tell it from its neighbours: nine would turn 0.1 into 0.100000001.
+QString reportedNumber(double value, FieldDataType_e type)
+{
+    if (type != FieldDataType_Float)
+        return QString::number(value, 'g', 9);
+    std::string text;
+    sdk::appendShortest(text, value, type);
+    return QString::fromStdString(text);
+}
+
+} // namespace
 
 VariableRange::VariableRange(kernel::DataSet const& dataSet, int variable)
 {
@@ -20,8 +36,15 @@ VariableRange::VariableRange(kernel::DataSet const& dataSet, int variable)
 void VariableRange::add(kernel::Field const& field, kernel::ValueRange const& range)
 {
     if (range.isValid()) {
-        m_limits.min = m_limits.isValid() ? std::min(m_limits.min, range.min) : range.min;
-        m_limits.max = m_limits.isValid() ? std::max(m_limits.max, range.max) : range.max;
+        bool const isFirst = !m_limits.isValid();
+        if (isFirst || range.min < m_limits.min) {
+            m_limits.min = range.min;
+            m_minType = field.type();
+        }
+        if (isFirst || range.max > m_limits.max) {
+            m_limits.max = range.max;
+            m_maxType = field.type();
+        }
         m_limits.state = range.state;
     }
     if (range.state == State::Exact || (field.isLoaded() && !field.group()->isMapped()))
@@ -55,7 +78,8 @@ QString VariableRange::reportText() const
     if (!m_limits.isValid())
         return missingText();
     QString const word = m_gap == Gap::None ? QString() : QStringLiteral("about ");
-    return word + QStringLiteral("%1 to %2").arg(m_limits.min, 0, 'g', 9).arg(m_limits.max, 0, 'g', 9);
+    return word + QStringLiteral("%1 to %2")
+                      .arg(reportedNumber(m_limits.min, m_minType), reportedNumber(m_limits.max, m_maxType));
 }
 
 QString VariableRange::explanation() const

@@ -22,7 +22,8 @@ public:
     /// For a narrow column: "-1.5 … 3.25", "≈ 0 … 4" where it is estimated, else "not loaded", "not known" or "no values".
     QString text() const;
 
-    /// For a report: "-1.5 to 3.25" with nine digits, "about 0 to 4", or the same words.
+    /// For a report: "-1.5 to 3.25", "about 0 to 4", or the same words. Nine digits; a limit in single precision by the shortest
+    /// text that reads back as the same number.
     QString reportText() const;
 
     /// Why the limits are estimated or missing, and what to do about it; empty for exact ones.
@@ -40,6 +41,8 @@ private:
     QString missingText() const;
 
     kernel::ValueRange m_limits;
+    FieldDataType_e m_minType = FieldDataType_Double; // how the field that has the limit stores it
+    FieldDataType_e m_maxType = FieldDataType_Double;
     Gap m_gap = Gap::None; // that keeps the limits from being exact
 };
 

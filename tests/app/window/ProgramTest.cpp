@@ -99,6 +99,25 @@ TEST_F(ProgramTest, InfoPrintsZonesVariablesAndRanges)
     EXPECT_TRUE(contains(outcome.out, "  2  v  nodal double, 0 to 4\n")) << outcome.out;
 }
 
+TEST_F(ProgramTest, InfoCountsWhatIsHiddenAndLeavesItOutOfTheRanges)
+{
+    // A corner is hidden and its cell with it; the cell at the other end is hidden by a mark of its own, and the corner that no other
+    // cell has goes with it.
+    QString const file =
+        writeFile(QStringLiteral("hidden.vti"),
+                  R"(<VTKFile type="ImageData" version="1.0" byte_order="LittleEndian" header_type="UInt64">
+<ImageData WholeExtent="0 2 0 2 0 0" Origin="0 0 0" Spacing="1 1 1"><Piece Extent="0 2 0 2 0 0">
+<PointData><DataArray type="UInt8" Name="vtkGhostType" format="ascii">2 0 0 0 0 0 0 0 0</DataArray>
+<DataArray type="Float32" Name="p" format="ascii">-99 0.1 0.2 0.3 0.4 0.5 0.6 0.7 0.8</DataArray></PointData>
+<CellData><DataArray type="UInt8" Name="vtkGhostType" format="ascii">0 0 0 32</DataArray></CellData>
+</Piece></ImageData></VTKFile>
+)");
+    Outcome const outcome = run({file, QStringLiteral("--info")});
+    EXPECT_EQ(0, outcome.status) << outcome.err;
+    EXPECT_TRUE(contains(outcome.out, "9 points, 4 cells (hidden: 2 points, 2 cells)\n")) << outcome.out;
+    EXPECT_TRUE(contains(outcome.out, "p  nodal float, 0.1 to 0.7\n")) << outcome.out;
+}
+
 TEST_F(ProgramTest, InfoTakesSeveralFiles)
 {
     Outcome const outcome =

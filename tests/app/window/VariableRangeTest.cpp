@@ -177,6 +177,29 @@ TEST_F(VariableRangeTest, IsAnEstimateWhileTheValuesOfOneZoneAreUnknown)
     EXPECT_EQ(QString::fromUtf8("0 … 16"), range().text());
 }
 
+TEST_F(VariableRangeTest, IsReportedByTheShortestTextThatReadsBackAsTheSameFloat)
+{
+    auto const series = makeSeries();
+    auto const values = kernel::Buffer::allocate(FieldDataType_Float, 5);
+    for (int n = 0; n < 5; ++n)
+        values->setValue(n, 0.1F + 16777216.0F * static_cast<float>(n / 4));
+    series->zone(1)->fields[1] = kernel::Field(std::make_shared<kernel::ShareGroup>(values), ValueLocation_Nodal);
+    EXPECT_EQ(QStringLiteral("0.1 to 16777216"), app::VariableRange(*series, 2).reportText());
+}
+
+TEST_F(VariableRangeTest, IsReportedByNineDigitsInDoublePrecisionAlsoBesideAZoneOfFloats)
+{
+    auto const series = makeSeries();
+    auto const other = std::make_shared<kernel::Zone>(*series->zone(1));
+    auto const values = kernel::Buffer::allocate(FieldDataType_Float, 5);
+    for (int n = 0; n < 5; ++n)
+        values->setValue(n, -0.3F);
+    other->fields[1] = kernel::Field(std::make_shared<kernel::ShareGroup>(values), ValueLocation_Nodal);
+    series->addZone(other);
+    series->zone(1)->fields[1].group()->writableBuffer().setValue(4, 10.0 / 3.0 + 1.0);
+    EXPECT_EQ(QStringLiteral("-0.3 to 4.33333333"), app::VariableRange(*series, 2).reportText());
+}
+
 TEST_F(VariableRangeTest, AndWhyItIsNotExactIsToldInTheTableOfVariables)
 {
     openDeferred({State::Estimated, -1, 20});

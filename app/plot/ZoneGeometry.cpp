@@ -2,6 +2,7 @@
 
 #include "app/plot/FiniteElementShape.h"
 #include "app/plot/OrderedShape.h"
+#include "app/plot/SmoothNormals.h"
 #include "app/vtk/ProgressObserver.h"
 #include "kernel/compute/Parallel.h"
 
@@ -144,15 +145,13 @@ ZoneGeometry::Numbers takeNumbers(vtkPolyData& drawing)
     return numbers;
 }
 
-// Normals make a curved surface look smooth. At sharp edges points are doubled; faces of an ordered volume do not share points,
-// so its edges stay sharp without.
-vtkSmartPointer<vtkPolyData> withNormals(vtkPolyData* drawing, bool hasSharpEdges, kernel::Progress const& progress)
+// Points are doubled at sharp edges.
+vtkSmartPointer<vtkPolyData> withSplitNormals(vtkPolyData* drawing, kernel::Progress const& progress)
 {
     vtkNew<vtkPolyDataNormals> normals;
     vtkNew<ProgressObserver> observer;
     observer->watch(*normals, [&progress](double) { return !progress.isInterrupted(); });
     normals->SetInputData(drawing);
-    normals->SetSplitting(hasSharpEdges);
     normals->SetFeatureAngle(35.0);
     normals->ConsistencyOff();
     normals->AutoOrientNormalsOff();
@@ -249,12 +248,15 @@ void ZoneGeometry::leaveOutUnplaced(vtkPoints& points)
 }
 
 void ZoneGeometry::addNormals(bool hasSharpEdges, kernel::Progress const& progress)
+// Faces of an ordered volume do not share points, so that its edges are sharp without more points.
 {
-    if (hasSharpEdges)
-        numberPoints(*m_drawing, m_shape->points);
-    m_drawing = withNormals(m_drawing, hasSharpEdges, progress);
-    if (hasSharpEdges)
-        m_ownPoints = std::make_shared<Numbers>(takeNumbers(*m_drawing));
+    if (!hasSharpEdges) {
+        m_drawing->GetPointData()->SetNormals(SmoothNormals::create(*m_drawing, progress));
+        return;
+    }
+    numberPoints(*m_drawing, m_shape->points);
+    m_drawing = withSplitNormals(m_drawing, progress);
+    m_ownPoints = std::make_shared<Numbers>(takeNumbers(*m_drawing));
 }
 
 std::int64_t ZoneGeometry::work(GeometryKey const& key, ZoneGeometry const* before)

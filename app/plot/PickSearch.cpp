@@ -16,6 +16,7 @@ namespace veldraw::app {
 namespace {
 
 constexpr double missed = -1.0;
+constexpr std::int64_t cellsForAThread = 4096; // of a small zone nobody else need hear
 constexpr double farAway = std::numeric_limits<double>::max();
 
 using Vector = std::array<double, 3>;
@@ -78,12 +79,13 @@ double PickSearch::nearestOf(vtkCellArray* cells, Cell const& cell) const
     std::int64_t const count = cells->GetNumberOfCells();
     std::vector<double> found(static_cast<std::size_t>(kernel::parallelChunkCount(count)), missed);
     auto const search = [&](auto const* offsets, auto const* ids) {
-        kernel::parallelFor(count, [&](std::int64_t first, std::int64_t last, std::int64_t chunk) {
+        auto const work = [&](std::int64_t first, std::int64_t last, std::int64_t chunk) {
             double best = missed;
             for (std::int64_t n = first; n < last; ++n)
                 best = nearer(best, cell(ids + offsets[n], static_cast<std::int64_t>(offsets[n + 1] - offsets[n])));
             found[static_cast<std::size_t>(chunk)] = best;
-        });
+        };
+        kernel::parallelFor(count, work, cellsForAThread);
     };
     if (cells->IsStorage64Bit())
         search(cells->GetOffsetsArray64()->GetPointer(0), cells->GetConnectivityArray64()->GetPointer(0));

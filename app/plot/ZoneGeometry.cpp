@@ -99,7 +99,7 @@ PlacedPoints placePoints(std::int64_t count, std::vector<std::int64_t> const& nu
     scene->SetNumberOfTuples(count);
     float* const target = count > 0 ? scene->GetPointer(0) : nullptr;
     std::atomic<bool> areAllPlaced{true};
-    kernel::parallelFor(count, [&](std::int64_t first, std::int64_t last, std::int64_t) {
+    auto const work = [&](std::int64_t first, std::int64_t last, std::int64_t) {
         for (std::int64_t n = first; n < last; ++n) {
             auto position = source.scenePosition(numbers.empty() ? n : numbers[static_cast<std::size_t>(n)]);
             if (!isFinite(position)) {
@@ -109,7 +109,8 @@ PlacedPoints placePoints(std::int64_t count, std::vector<std::int64_t> const& nu
             for (int axis = 0; axis < 3; ++axis)
                 target[3 * n + axis] = static_cast<float>(position[static_cast<std::size_t>(axis)]);
         }
-    });
+    };
+    kernel::parallelFor(count, work, kernel::grainOfFreshMemory(count));
     PlacedPoints placed{vtkSmartPointer<vtkPoints>::New(), areAllPlaced};
     placed.points->SetData(scene);
     return placed;
@@ -247,8 +248,8 @@ void ZoneGeometry::leaveOutUnplaced(vtkPoints& points)
     zeroUnplaced(points);
 }
 
-void ZoneGeometry::addNormals(bool hasSharpEdges, kernel::Progress const& progress)
 // Faces of an ordered volume do not share points, so that its edges are sharp without more points.
+void ZoneGeometry::addNormals(bool hasSharpEdges, kernel::Progress const& progress)
 {
     if (!hasSharpEdges) {
         m_drawing->GetPointData()->SetNormals(SmoothNormals::create(*m_drawing, progress));

@@ -3,18 +3,14 @@
 #include "app/plot/LinePoints.h"
 #include "app/plot/PlaneAxes.h"
 #include "app/plot/PlotTheme.h"
-#include "app/plot/TextFit.h"
 
 #include <QStringList>
 #include <vtkAxis.h>
-#include <vtkBrush.h>
-#include <vtkChartLegend.h>
 #include <vtkContextScene.h>
 #include <vtkDoubleArray.h>
 #include <vtkPen.h>
 #include <vtkPlotLine.h>
 #include <vtkTable.h>
-#include <vtkTextProperty.h>
 
 #include <algorithm>
 #include <cmath>
@@ -54,6 +50,7 @@ LineView::LineView()
 {
     styleChart();
     m_actor->GetScene()->AddItem(m_chart);
+    m_actor->GetScene()->AddItem(m_legend);
     m_actor->GetScene()->SetRenderer(&ground());
     ground().AddActor(m_actor);
 }
@@ -70,15 +67,9 @@ void LineView::styleChart()
         PlotTheme::apply(*axis->GetLabelProperties(), PlotTheme::quietText(), PlotTheme::labelSize);
         PlotTheme::apply(*axis->GetTitleProperties(), PlotTheme::text(), PlotTheme::titleSize, true);
     }
-    m_chart->SetShowLegend(true);
+    m_chart->SetShowLegend(false); // it has one of ours above it
+    m_chart->SetLayoutStrategy(vtkChart::FILL_RECT);
     m_chart->SetHiddenAxisBorder(24);
-    vtkChartLegend* const legend = m_chart->GetLegend();
-    legend->SetInline(false);
-    legend->SetHorizontalAlignment(vtkChartLegend::CENTER);
-    legend->SetVerticalAlignment(vtkChartLegend::TOP);
-    PlotTheme::apply(*legend->GetLabelProperties(), PlotTheme::text(), PlotTheme::labelSize);
-    legend->GetBrush()->SetColor(255, 255, 255, 225);
-    setColour(*legend->GetPen(), PlotTheme::border());
 }
 
 void LineView::setArea(ViewArea const& viewArea)
@@ -86,8 +77,8 @@ void LineView::setArea(ViewArea const& viewArea)
     FrameView::setArea(viewArea);
     for (int n = 0; n < m_chart->GetNumberOfPlots(); ++n)
         m_chart->GetPlot(n)->SetWidth(static_cast<float>(2.0 * viewArea.pixelRatio));
+    placeLegend();
     labelAxes();
-    labelCurves();
 }
 
 // Estimates of what the axes leave: the chart itself knows only once it is drawn.
@@ -96,7 +87,8 @@ void LineView::labelAxes()
     constexpr int mostLines = 3;
     double const ratio = area().pixelRatio;
     double const width = std::max(area().width - 110.0 * ratio, 0.6 * area().width);
-    double const height = std::max(area().height - 100.0 * ratio, 0.6 * area().height);
+    double const chart = area().height - m_legend->height();
+    double const height = std::max(chart - 70.0 * ratio, 0.6 * chart);
     vtkAxis& bottom = *m_chart->GetAxis(vtkAxis::BOTTOM);
     vtkAxis& left = *m_chart->GetAxis(vtkAxis::LEFT);
     PlaneAxes::setTitle(bottom, m_titles[0], width, ratio, mostLines);
@@ -105,24 +97,18 @@ void LineView::labelAxes()
     PlaneAxes::setTicks(left, height, ratio);
 }
 
-void LineView::labelCurves()
+void LineView::placeLegend()
 {
-    vtkTextProperty& property = *m_chart->GetLegend()->GetLabelProperties();
-    double const width = area().width - 90.0 * area().pixelRatio;
-    int size = PlotTheme::labelSize;
-    for (int n = 0; n < m_chart->GetNumberOfPlots(); ++n) {
-        TextFit const fit =
-            TextFit::into(width, m_curveNames[static_cast<std::size_t>(n)], property, area().pixelRatio);
-        m_chart->GetPlot(n)->SetLabel(fit.text.toStdString());
-        size = std::min(size, fit.size);
-    }
-    property.SetFontSize(size);
+    m_legend->place({area().width, area().height}, area().pixelRatio);
+    auto const height = static_cast<float>(area().height - m_legend->height());
+    m_chart->SetSize(vtkRectf(0.0F, 0.0F, static_cast<float>(area().width), height));
 }
 
 FrameNotice LineView::show(kernel::Frame const& frame)
 {
     m_chart->ClearPlots();
-    m_curveNames.clear();
+    m_curves.clear();
+    m_legend->show({});
     bool const wasShown = m_limits.isValid;
     m_limits = {};
     m_variables = {};
@@ -142,6 +128,7 @@ FrameNotice LineView::show(kernel::Frame const& frame)
     if (m_chart->GetNumberOfPlots() == 0)
         return {reason, true};
     setTitles(frame);
+    m_legend->show(m_curves);
     if (!m_limits.isValid)
         return {tr("The curves have no finite values."), true};
     setArea(area());
@@ -194,7 +181,9 @@ QString LineView::addCurve(kernel::Frame const& frame, kernel::LineMap const& ma
     curve->SetInputData(points, 0, 1);
     styleCurve(*curve, PlotTheme::curve(index), frame, points->GetNumberOfRows() == 1);
     m_chart->AddPlot(curve);
-    m_curveNames.push_back(QString::fromStdString(map.name.empty() ? dataSet.variable(y)->name : map.name));
+    QString const name = QString::fromStdString(map.name.empty() ? dataSet.variable(y)->name : map.name);
+    curve->SetLabel(name.toStdString());
+    m_curves.push_back({name, curve.Get()});
     m_variables[0].insert(map.xVariable);
     m_variables[1].insert(map.yVariable);
     include(*points);

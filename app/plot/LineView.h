@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/plot/CurveLegend.h"
 #include "app/plot/FrameView.h"
 
 #include <QCoreApplication>
@@ -33,6 +34,7 @@ public:
     void zoom(double factor, QPointF const& at) override;
 
     vtkChartXY& chart() const { return *m_chart; }
+    CurveLegend const& legend() const { return *m_legend; }
 
 private:
     struct Limits
@@ -52,20 +54,21 @@ private:
     void placeView(bool isNew);
     void setTitles(kernel::Frame const& frame);
     void labelAxes();
-    void labelCurves();
+    void placeLegend();
 
     /// A position of the area as a share of the box between the axes.
     QPointF inBox(QPointF const& inArea) const;
 
     vtkNew<vtkContextActor> m_actor;
     vtkNew<vtkChartXY> m_chart;
+    vtkNew<CurveLegend> m_legend;
     Limits m_limits;                          // of what is shown
     Limits m_viewLimits;                      // of what was shown when the view was placed
     std::array<Variables, 2> m_variables;     // that the curves have along each axis
     std::array<Variables, 2> m_viewVariables; // that they had when the view was placed
     bool m_isFitted = false;
     std::array<QString, 2> m_titles; // of the axes
-    std::vector<QString> m_curveNames;
+    std::vector<CurveLegend::Curve> m_curves;
 };
 
 } // namespace veldraw::app

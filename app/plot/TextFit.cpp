@@ -90,7 +90,7 @@ TextFit TextFit::into(double width, QString const& text, vtkTextProperty& proper
                 continue;
             QStringList const cut = lines == 1 ? QStringList{text} : broken(text, fits);
             if (cut.size() <= lines)
-                return {cut.join(QLatin1Char('\n')), size};
+                return {cut.join(QLatin1Char('\n')), size, true};
         }
     auto const shown = [&](int kept) {
         QString const tried = shortened(text, kept);
@@ -100,7 +100,7 @@ TextFit TextFit::into(double width, QString const& text, vtkTextProperty& proper
         QStringList const lines = shown(count);
         return lines.size() <= mostLines && (mostLines > 1 || fits(lines.first()));
     });
-    return {shown(kept).join(QLatin1Char('\n')), smallestSize};
+    return {shown(kept).join(QLatin1Char('\n')), smallestSize, false};
 }
 
 } // namespace veldraw::app

@@ -12,6 +12,7 @@ struct TextFit
 {
     QString text; ///< with line ends where it was broken
     int size;     ///< logical pixels
+    bool isWhole; ///< nothing was left out
 
     /// Makes a text that is too wide a little smaller first, then breaks it into lines, at the ends of words where it can, and only
     /// then leaves out its middle: names of components differ at their ends.

@@ -107,6 +107,99 @@ TEST(LinePlot, ShowsLongNamesWhole)
     EXPECT_EQ(PlotTestPage::inkedPixels(plot.copy(plot.width() - 3, 0, 3, plot.height())), 0) << "and of the right";
 }
 
+namespace {
+
+// Curves called @p name with their numbers in front, all of the same values, in a window of a size.
+std::unique_ptr<PlotTestPage> curves(int count, std::string const& name, QSize size)
+{
+    auto const frame = SampleData::waveFrame(SampleData::waves(20));
+    kernel::LineMap const map = frame->lineMaps.front();
+    frame->lineMaps.assign(static_cast<std::size_t>(count), map);
+    for (int n = 0; n < count; ++n)
+        frame->lineMaps[static_cast<std::size_t>(n)].name = std::to_string(n + 1) + name;
+    return std::make_unique<PlotTestPage>(std::vector<std::shared_ptr<kernel::Frame>>{frame}, size);
+}
+
+// The part of a plot that the legend takes.
+QImage legendIn(QImage const& plot, app::LineView& lines)
+{
+    return plot.copy(0, 0, plot.width(), static_cast<int>(lines.legend().height()));
+}
+
+constexpr char longCurve[] = " time_averaged_axial_force_on_the_first_row_of_blades_in_newtons_over_the_whole_run_Z";
+
+} // namespace
+
+TEST(CurveLegend, ShowsALongNameWholeInAsManyLinesAsItNeeds)
+{
+    for (int const width : {240, 330, 900}) {
+        auto const page = curves(2, longCurve, {width, 420});
+        QImage const plot = page->plot(0, "line-legend-" + std::to_string(width));
+        app::CurveLegend const& legend = page->lines().legend();
+        ASSERT_EQ(legend.shownNames().size(), 2);
+        for (int n = 0; n < 2; ++n) {
+            QString const shown = legend.shownNames()[n];
+            EXPECT_EQ(QString(shown).remove(QLatin1Char('\n')).toStdString(), std::to_string(n + 1) + longCurve)
+                << width;
+            EXPECT_EQ(shown.contains(QLatin1Char('\n')), width < 900) << width;
+        }
+        EXPECT_LE(legend.height(), 0.4 * plot.height()) << width;
+        QImage const drawn = legendIn(plot, page->lines());
+        EXPECT_GT(PlotTestPage::pixelsNear(drawn, app::PlotTheme::text(), 60), 400) << width;
+        EXPECT_GT(PlotTestPage::pixelsNear(drawn, app::PlotTheme::curve(0), 30), 20) << "a piece of the curve";
+        EXPECT_GT(PlotTestPage::pixelsNear(drawn, app::PlotTheme::curve(1), 30), 20) << "and of the other";
+        EXPECT_LT(page->lines().chart().GetPoint2()[1], plot.height() - legend.height()) << "above the chart";
+    }
+}
+
+TEST(CurveLegend, LeavesOutTheMiddleOnlyOfWhatTwoFifthsOfTheFrameDoNotHold)
+{
+    auto const page = curves(2, longCurve, {240, 280});
+    QImage const plot = page->plot(0, "line-legend-shortened");
+    app::CurveLegend const& legend = page->lines().legend();
+    ASSERT_EQ(legend.shownNames().size(), 2);
+    for (QString const& shown : legend.shownNames()) {
+        EXPECT_TRUE(shown.contains(QChar(0x2026))) << shown.toStdString();
+        EXPECT_GE(shown.count(QLatin1Char('\n')), 1) << shown.toStdString();
+        EXPECT_TRUE(shown.endsWith(QStringLiteral("run_Z"))) << shown.toStdString();
+    }
+    EXPECT_LE(legend.height(), 0.4 * plot.height());
+}
+
+TEST(CurveLegend, PutsManyShortNamesIntoColumns)
+{
+    auto const page = curves(24, " force", {900, 420});
+    QImage const plot = page->plot(0, "line-legend-columns");
+    app::CurveLegend const& legend = page->lines().legend();
+    ASSERT_EQ(legend.shownNames().size(), 24);
+    EXPECT_EQ(legend.shownNames()[23], QStringLiteral("24 force"));
+    EXPECT_LE(legend.height(), 0.4 * plot.height());
+    QImage const drawn = legendIn(plot, page->lines());
+    for (int n = 0; n < 8; ++n)
+        EXPECT_GT(PlotTestPage::pixelsNear(drawn, app::PlotTheme::curve(n), 30), 3 * 20) << n;
+}
+
+TEST(CurveLegend, CountsTheCurvesThatItHasNoRoomFor)
+{
+    auto const page = curves(60, longCurve, {420, 320});
+    QImage const plot = page->plot(0, "line-legend-rest");
+    QStringList const names = page->lines().legend().shownNames();
+    ASSERT_GT(names.size(), 3);
+    EXPECT_EQ(names.last(), QStringLiteral("and %1 more").arg(60 - (names.size() - 1)));
+    EXPECT_TRUE(names.first().startsWith(QStringLiteral("1 time"))) << names.first().toStdString();
+    EXPECT_TRUE(names.first().endsWith(QStringLiteral("run_Z")));
+    EXPECT_LE(page->lines().legend().height(), 0.4 * plot.height());
+    EXPECT_EQ(PlotTestPage::inkedPixels(plot.copy(plot.width() - 3, 0, 3, plot.height())), 0);
+}
+
+TEST(CurveLegend, LeavesATinyFrameToTheCurves)
+{
+    auto const page = curves(2, longCurve, {420, 110});
+    page->picture("line-legend-tiny");
+    EXPECT_EQ(page->lines().legend().height(), 0.0);
+    EXPECT_TRUE(page->lines().legend().shownNames().isEmpty());
+}
+
 TEST(LinePlot, ShowsSymbolsInPlaceOfLines)
 {
     PlotTestPage page({SampleData::waveFrame(SampleData::waves(40))});

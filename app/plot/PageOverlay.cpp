@@ -22,6 +22,10 @@ QFont noticeFont(QFont font, int pixels)
     return font;
 }
 
+constexpr int remarkSize = 11;
+constexpr int remarkFlags = Qt::AlignTop | Qt::AlignRight | Qt::TextWordWrap;
+constexpr QMargins aroundRemark(8, 4, 8, 4);
+
 } // namespace
 
 PageOverlay::PageOverlay(QWidget* parent)
@@ -102,7 +106,8 @@ void PageOverlay::paintNotice(QPainter& painter, Mark const& mark) const
         return;
     }
     painter.setFont(noticeFont(font(), 12));
-    QRect const room = mark.content.adjusted(14, 10, -14, -10);
+    int const top = remarkStrip(mark.content, mark.notice.remark).height();
+    QRect const room = mark.content.adjusted(14, top + 10, -14, -10);
     QRect const text = painter.fontMetrics().boundingRect(room, Qt::AlignTop | Qt::AlignHCenter | Qt::TextWordWrap,
                                                           mark.notice.sentence);
     painter.setPen(Qt::NoPen);
@@ -112,12 +117,25 @@ void PageOverlay::paintNotice(QPainter& painter, Mark const& mark) const
     painter.drawText(text, Qt::AlignCenter | Qt::TextWordWrap, mark.notice.sentence);
 }
 
+QRect PageOverlay::remarkStrip(QRect const& content, QString const& remark) const
+{
+    if (remark.isEmpty())
+        return {};
+    QRect const text = QFontMetrics(noticeFont(font(), remarkSize))
+                           .boundingRect(content.marginsRemoved(aroundRemark), remarkFlags, remark);
+    int const height = text.height() + aroundRemark.top() + aroundRemark.bottom();
+    return 3 * height > content.height() ? QRect() : QRect(content.topLeft(), QSize(content.width(), height));
+}
+
 void PageOverlay::paintRemark(QPainter& painter, Mark const& mark) const
 {
-    painter.setFont(noticeFont(font(), 11));
+    QRect const strip = remarkStrip(mark.content, mark.notice.remark);
+    if (strip.isEmpty())
+        return;
+    painter.fillRect(strip, PlotTheme::paper());
+    painter.setFont(noticeFont(font(), remarkSize));
     painter.setPen(PlotTheme::quietText());
-    QRect const room = mark.content.adjusted(8, 4, -8, -4);
-    painter.drawText(room, Qt::AlignTop | Qt::AlignRight | Qt::TextWordWrap, mark.notice.remark);
+    painter.drawText(strip.marginsRemoved(aroundRemark), remarkFlags, mark.notice.remark);
 }
 
 void PageOverlay::paintEmptyPage(QPainter& painter) const

@@ -34,6 +34,10 @@ public:
     /// @param isBare notices only: no borders and no headers
     void setMarks(std::vector<Mark> marks, QString const& emptyText, bool isBare = false);
 
+    /// The strip at the top of a frame's content that holds a remark, so that it runs into nothing of the picture; empty without
+    /// one, and where it would leave too little of the picture.
+    QRect remarkStrip(QRect const& content, QString const& remark) const;
+
     static constexpr int headerHeight = 26;
     static constexpr int borderWidth = 2;
 

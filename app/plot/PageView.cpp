@@ -215,7 +215,13 @@ void PageView::layOut()
         Slot& slot = m_slots[frame->id];
         slot.area = screen.frameOf(frame->rectangle);
         slot.content = m_isBare ? slot.area : PageOnScreen::contentOf(slot.area);
+        placePicture(slot);
     }
+}
+
+void PageView::placePicture(Slot& slot) const
+{
+    slot.picture = slot.content.adjusted(0, m_overlay->remarkStrip(slot.content, slot.notice.remark).height(), 0, 0);
 }
 
 void PageView::updateStale()
@@ -313,9 +319,10 @@ void PageView::orderRenderers()
     auto const page = m_session.activePage();
     for (auto const& frame : page ? page->frames : std::vector<std::shared_ptr<kernel::Frame>>()) {
         Slot& slot = m_slots[frame->id];
-        QRect const& content = slot.content;
-        if (!slot.view || slot.hidesPicture() || content.width() < 8 || content.height() < 8 || width() < 1 ||
-            height() < 1 || !rect().intersects(content))
+        placePicture(slot); // a remark may have come or gone
+        QRect const& picture = slot.picture;
+        if (!slot.view || slot.hidesPicture() || picture.width() < 8 || picture.height() < 8 || width() < 1 ||
+            height() < 1 || !rect().intersects(picture))
             continue;
         slot.view->setArea(areaOf(slot));
         if (slot.isToFit)
@@ -334,7 +341,7 @@ void PageView::orderRenderers()
 
 ViewArea PageView::areaOf(Slot const& slot) const
 {
-    return PageOnScreen::viewAreaOf(slot.content, size(), devicePixelRatioF());
+    return PageOnScreen::viewAreaOf(slot.picture, size(), devicePixelRatioF());
 }
 
 void PageView::updateOverlay()
@@ -390,7 +397,7 @@ QString PageView::remark(kernel::UniqueId frame) const
 QRect PageView::plotArea(kernel::UniqueId frame) const
 {
     auto const slot = m_slots.find(frame);
-    return slot == m_slots.end() ? QRect() : slot->second.content;
+    return slot == m_slots.end() ? QRect() : slot->second.picture;
 }
 
 void PageView::fitActiveFrame()

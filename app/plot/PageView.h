@@ -62,7 +62,7 @@ public:
     /// What is said of a picture that lacks nothing, empty as a rule.
     QString remark(kernel::UniqueId frame) const;
 
-    /// The plot in a frame below its header, logical pixels of this widget; null for an unknown frame.
+    /// The plot in a frame below its header and a remark, logical pixels of this widget; null for an unknown frame.
     QRect plotArea(kernel::UniqueId frame) const;
 
     /// The plot in a frame, null when there is none, as in a frame without data. Brought up to date first.
@@ -91,7 +91,8 @@ private:
         PlotType_e plotType = PlotType_Sketch;
         FrameNotice notice;
         QRect area;
-        QRect content;
+        QRect content; ///< what the frame has below its header
+        QRect picture; ///< what of that the view has
         bool isStale = true;
         bool isToFit = false;
 
@@ -110,6 +111,7 @@ private:
     void giveUpDrawing(std::exception const& failure);
     void syncFrames();
     void layOut();
+    void placePicture(Slot& slot) const;
     void updateStale();
     void markPicks();
     void updatePlot(kernel::Frame const& frame, Slot& slot);
@@ -119,7 +121,7 @@ private:
     void updateOverlay();
 
     std::shared_ptr<kernel::Frame> frameAt(QPoint const& position) const;
-    QPointF inContent(Slot const& slot, QPointF const& position) const;
+    QPointF inPicture(Slot const& slot, QPointF const& position) const;
     FrameView* shownView(kernel::UniqueId frame) const;
     void dragInView(FrameView& view, QPointF const& from, QPointF const& to, Qt::KeyboardModifiers modifiers);
     void pickAt(QPoint const& position, bool isAdding);

@@ -33,11 +33,11 @@ std::shared_ptr<kernel::Frame> PageView::frameAt(QPoint const& position) const
     return nullptr;
 }
 
-QPointF PageView::inContent(Slot const& slot, QPointF const& position) const
+QPointF PageView::inPicture(Slot const& slot, QPointF const& position) const
 {
-    QRectF const content = slot.content;
-    return {(position.x() - content.left()) / std::max(1.0, content.width()),
-            (content.bottom() - position.y()) / std::max(1.0, content.height())};
+    QRectF const picture = slot.picture;
+    return {(position.x() - picture.left()) / std::max(1.0, picture.width()),
+            (picture.bottom() - position.y()) / std::max(1.0, picture.height())};
 }
 
 void PageView::mousePressEvent(QMouseEvent* event)
@@ -67,7 +67,7 @@ void PageView::mouseMoveEvent(QMouseEvent* event)
     if (!m_isDragging)
         return;
     Slot const& slot = m_slots.at(m_draggedFrame);
-    dragInView(*view, inContent(slot, m_dragPosition), inContent(slot, event->localPos()), event->modifiers());
+    dragInView(*view, inPicture(slot, m_dragPosition), inPicture(slot, event->localPos()), event->modifiers());
     m_dragPosition = event->localPos();
     scheduleRefresh();
     event->accept();
@@ -101,7 +101,7 @@ void PageView::pickAt(QPoint const& position, bool isAdding)
     if (!frame || !frame->dataSet || !view || sdk::AppLock::depth() > 0)
         return;
     sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
-    auto const zone = frame->dataSet->zone(view->zoneAt(inContent(m_slots.at(m_draggedFrame), position)));
+    auto const zone = frame->dataSet->zone(view->zoneAt(inPicture(m_slots.at(m_draggedFrame), position)));
     std::vector<kernel::Pick> picks;
     if (isAdding)
         picks = m_session.picks();
@@ -128,7 +128,7 @@ void PageView::wheelEvent(QWheelEvent* event)
     FrameView* const view = frame ? frameView(frame->id) : nullptr;
     if (!view || event->angleDelta().y() == 0)
         return event->ignore();
-    view->zoom(std::pow(1.15, event->angleDelta().y() / 120.0), inContent(m_slots.at(frame->id), event->position()));
+    view->zoom(std::pow(1.15, event->angleDelta().y() / 120.0), inPicture(m_slots.at(frame->id), event->position()));
     scheduleRefresh();
     event->accept();
 }

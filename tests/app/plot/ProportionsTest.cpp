@@ -1,4 +1,5 @@
 #include "app/plot/ColourMap.h"
+#include "app/plot/PageOnScreen.h"
 #include "app/plot/PlaneView.h"
 #include "app/plot/PlotTheme.h"
 #include "tests/app/plot/PlotTestPage.h"
@@ -34,6 +35,16 @@ std::array<double, 3> shape(app::FieldView const& field)
     return {bounds[1] - bounds[0], bounds[3] - bounds[2], bounds[5] - bounds[4]};
 }
 
+// The strip between a frame's header and its plot.
+QImage remarkOver(PlotTestPage& page)
+{
+    QImage const all = page.picture();
+    app::PageOnScreen const screen(*page.session().activePage(), page.view().rect());
+    QRect strip = app::PageOnScreen::contentOf(screen.frameOf(page.frame().rectangle));
+    strip.setBottom(page.view().plotArea(page.frame().id).top() - 1);
+    return strip.isEmpty() ? QImage() : all.copy(strip);
+}
+
 QString const stretched = QStringLiteral("Axes stretched, not to scale");
 
 } // namespace
@@ -54,18 +65,50 @@ TEST(Proportions, AreGivenUpOnRequestAndTheFrameSaysSo)
 {
     PlotTestPage page({SampleData::frame("Plate", plate(300.0, 150.0, 2.0), PlotType_Cartesian3D)});
     QImage const before = page.plot();
+    QRect const place = page.view().plotArea(page.frame().id);
     ASSERT_TRUE(page.session().setStretchAxes(page.frame().id, true));
-    QImage const after = page.plot(0, "plate-stretched");
+    page.plot(0, "plate-stretched");
     for (double const side : shape(page.field()))
         EXPECT_NEAR(side, 1.0, 1e-6);
     EXPECT_EQ(page.view().remark(page.frame().id), stretched);
     EXPECT_EQ(page.notice(), QString()) << "nothing is missing";
     EXPECT_TRUE(page.view().accessibleDescription().contains(stretched));
-    QRect const corner(after.width() - 200, 0, 200, 24);
-    EXPECT_GT(PlotTestPage::inkedPixels(after.copy(corner)), PlotTestPage::inkedPixels(before.copy(corner)) + 100);
+    EXPECT_GT(PlotTestPage::inkedPixels(remarkOver(page)), 100);
     ASSERT_TRUE(page.session().undo());
     EXPECT_EQ(PlotTestPage::differingPixels(before, page.plot()), 0);
     EXPECT_EQ(page.view().remark(page.frame().id), QString());
+    EXPECT_EQ(page.view().plotArea(page.frame().id), place);
+}
+
+TEST(Proportions, TheRemarkStandsClearOfALongNameInTheLegendHoweverNarrowTheFrame)
+{
+    for (int const width : {190, 240, 290, 600}) {
+        auto const set = plate(300.0, 150.0, 2.0);
+        set->variables().back()->name = "time_averaged_turbulent_kinetic_energy_of_the_third_stage";
+        auto const frame = SampleData::frame("Plate", set, PlotType_Cartesian3D);
+        frame->stretchAxes = true;
+        PlotTestPage page({frame}, {width, 300});
+        page.picture("plate-remark-" + std::to_string(width));
+        QImage const strip = remarkOver(page);
+        ASSERT_GT(strip.height(), 10) << width;
+        int const remark = PlotTestPage::pixelsNear(strip, app::PlotTheme::quietText(), 60);
+        EXPECT_GT(remark, 60) << width;
+        EXPECT_EQ(PlotTestPage::pixelsNear(strip, app::PlotTheme::text(), 8), 0) << "the legend's name, " << width;
+        // The same strip with another name in the legend below it.
+        ASSERT_TRUE(page.session().renameVariable(*set, 4, "p"));
+        EXPECT_EQ(PlotTestPage::differingPixels(strip, remarkOver(page)), 0) << width;
+    }
+}
+
+TEST(Proportions, ATinyFrameIsLeftToThePicture)
+{
+    auto const frame = SampleData::frame("Plate", plate(300.0, 150.0, 2.0), PlotType_Cartesian3D);
+    frame->stretchAxes = true;
+    PlotTestPage page({frame}, {160, 120});
+    page.picture("plate-remark-tiny");
+    EXPECT_EQ(page.view().remark(page.frame().id), stretched);
+    EXPECT_TRUE(remarkOver(page).isNull());
+    EXPECT_TRUE(page.view().accessibleDescription().contains(stretched));
 }
 
 TEST(Proportions, AreTheSameStretchedWhereAllSidesAreAsLong)

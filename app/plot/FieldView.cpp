@@ -168,21 +168,20 @@ void FieldView::markZones(std::set<int> const& wanted)
             shown.insert(zone->zoneNumber());
     if (shown == m_markedZones)
         return;
-    clearMarks();
-    for (auto const& zone : zones()) {
-        if (shown.count(zone->zoneNumber()) == 0)
-            continue;
-        m_marks.emplace_back(zone->surface().GetBounds(), m_inSpace);
-        m_stage->AddActor(m_marks.back().actor());
-    }
+    std::vector<PickMarks::Box> boxes;
+    for (auto const& zone : zones())
+        if (shown.count(zone->zoneNumber()) != 0)
+            zone->surface().GetBounds(boxes.emplace_back().data());
+    m_marks.show(boxes, m_inSpace);
+    m_stage->RemoveActor(m_marks.actor());
+    if (!boxes.empty())
+        m_stage->AddActor(m_marks.actor());
     m_markedZones = std::move(shown);
 }
 
 void FieldView::clearMarks()
 {
-    for (PickMark const& mark : m_marks)
-        m_stage->RemoveActor(mark.actor());
-    m_marks.clear();
+    m_stage->RemoveActor(m_marks.actor());
     m_markedZones.clear();
 }
 

@@ -2,7 +2,7 @@
 
 #include "app/plot/ColourLegend.h"
 #include "app/plot/FrameView.h"
-#include "app/plot/PickMark.h"
+#include "app/plot/PickMarks.h"
 #include "app/plot/ZoneScene.h"
 
 #include <QCoreApplication>
@@ -94,7 +94,7 @@ private:
     bool m_isFitted = false;
     bool m_isStretched = false;
     FieldLook m_look;
-    std::vector<PickMark> m_marks;
+    PickMarks m_marks;
     std::set<int> m_markedZones;
     vtkNew<vtkRenderer> m_stage;
     ZoneScene m_scene;

@@ -154,7 +154,9 @@ public:
     /// As far as the picture, but without it.
     void prepare() { benchmark::DoNotOptimize(m_view->frameView(m_frame->id)); }
 
-    std::size_t shownZones() { return dynamic_cast<app::FieldView&>(*m_view->frameView(m_frame->id)).zones().size(); }
+    app::FieldView& view() { return dynamic_cast<app::FieldView&>(*m_view->frameView(m_frame->id)); }
+    std::size_t shownZones() { return view().zones().size(); }
+    std::size_t markedZones() { return view().markedZones().size(); }
 
     kernel::Session& session() { return m_session; }
     kernel::DataSet& dataSet() { return *m_frame->dataSet; }
@@ -232,6 +234,29 @@ void undoTheDuplicationOfFiveThousandZones(benchmark::State& state)
 }
 BENCHMARK_TEMPLATE(undoTheDuplicationOfFiveThousandZones, false)->Apply(byTheClock);
 BENCHMARK_TEMPLATE(undoTheDuplicationOfFiveThousandZones, true)->Apply(byTheClock);
+
+template <bool isDrawn>
+void pickAllOfFiveThousandZones(benchmark::State& state)
+{
+    Page& page = zones();
+    std::vector<kernel::Pick> all;
+    for (auto const& zone : page.dataSet().zones())
+        all.push_back({kernel::Pick::zoneType, zone->id});
+    for (auto _ : state) {
+        page.session().setPicks(all);
+        page.prepare();
+        if (isDrawn)
+            page.draw();
+        state.PauseTiming();
+        if (page.markedZones() != zoneCount)
+            throw std::runtime_error("the picks are not marked");
+        page.session().setPicks({});
+        page.draw();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK_TEMPLATE(pickAllOfFiveThousandZones, false)->Apply(byTheClock);
+BENCHMARK_TEMPLATE(pickAllOfFiveThousandZones, true)->Apply(byTheClock);
 
 void openAndDraw(benchmark::State& state, Page& page)
 {

@@ -5,6 +5,7 @@
 
 #include <QElapsedTimer>
 #include <QTest>
+#include <vtkActorCollection.h>
 #include <vtkCamera.h>
 
 #include <gmock/gmock.h>
@@ -191,6 +192,21 @@ TEST_P(PickTest, PickedZonesAreMarkedInEveryFrameOfTheirData)
     click(empty());
     EXPECT_EQ(0, markedPixels(0));
     EXPECT_EQ(0, markedPixels(1));
+}
+
+TEST_P(PickTest, AllMarksAreOneThingForTheRenderer)
+{
+    auto const things = [this] { return page.field().stage().GetActors()->GetNumberOfItems(); };
+    int const before = things();
+    click(right());
+    int const ofOne = markedPixels();
+    EXPECT_EQ(before + 1, things());
+    page.session().setPicks({{kernel::Pick::zoneType, set->zone(1)->id}, {kernel::Pick::zoneType, set->zone(2)->id}});
+    EXPECT_GT(markedPixels(), ofOne + ofOne / 2) << "both are seen";
+    EXPECT_EQ(before + 1, things());
+    page.session().setPicks({});
+    EXPECT_EQ(0, markedPixels());
+    EXPECT_EQ(before, things());
 }
 
 TEST_P(PickTest, AMarkFollowsItsZone)

@@ -134,7 +134,7 @@ FrameNotice LineView::show(kernel::Frame const& frame)
     setArea(area());
     placeView(!wasShown && m_viewLimits != m_limits);
     bool const hasAll = index == m_chart->GetNumberOfPlots();
-    return {hasAll ? QString() : reason, false};
+    return {hasAll ? QString() : reason, false, {}, true};
 }
 
 // Where the user has looked at a part of the curves, that part stays in view, also when curves come and go. Curves of

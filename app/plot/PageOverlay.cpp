@@ -22,6 +22,9 @@ QFont noticeFont(QFont font, int pixels)
     return font;
 }
 
+constexpr int sentenceSize = 12;
+constexpr int sentenceFlags = Qt::AlignTop | Qt::AlignHCenter | Qt::TextWordWrap;
+constexpr QMargins aroundSentence(14, 10, 14, 10);
 constexpr int remarkSize = 11;
 constexpr int remarkFlags = Qt::AlignTop | Qt::AlignRight | Qt::TextWordWrap;
 constexpr QMargins aroundRemark(8, 4, 8, 4);
@@ -62,6 +65,7 @@ void PageOverlay::paintEvent(QPaintEvent* event)
 
 void PageOverlay::paintMark(QPainter& painter, Mark const& mark) const
 {
+    painter.fillRect(strip(mark.content, mark.notice), PlotTheme::paper());
     if (!mark.notice.remark.isEmpty())
         paintRemark(painter, mark);
     if (!mark.notice.sentence.isEmpty())
@@ -105,11 +109,9 @@ void PageOverlay::paintNotice(QPainter& painter, Mark const& mark) const
                          mark.notice.sentence);
         return;
     }
-    painter.setFont(noticeFont(font(), 12));
-    int const top = remarkStrip(mark.content, mark.notice.remark).height();
-    QRect const room = mark.content.adjusted(14, top + 10, -14, -10);
-    QRect const text = painter.fontMetrics().boundingRect(room, Qt::AlignTop | Qt::AlignHCenter | Qt::TextWordWrap,
-                                                          mark.notice.sentence);
+    painter.setFont(noticeFont(font(), sentenceSize));
+    int const top = mark.notice.standsAbove ? 0 : strip(mark.content, mark.notice).height();
+    QRect const text = sentenceIn(mark.content.adjusted(0, top, 0, 0), mark.notice.sentence);
     painter.setPen(Qt::NoPen);
     painter.setBrush(QColor(0xFF, 0xF4, 0xD6, 235));
     painter.drawRoundedRect(text.adjusted(-9, -4, 9, 4), 4, 4);
@@ -117,25 +119,34 @@ void PageOverlay::paintNotice(QPainter& painter, Mark const& mark) const
     painter.drawText(text, Qt::AlignCenter | Qt::TextWordWrap, mark.notice.sentence);
 }
 
-QRect PageOverlay::remarkStrip(QRect const& content, QString const& remark) const
+QRect PageOverlay::sentenceIn(QRect const& content, QString const& sentence) const
 {
-    if (remark.isEmpty())
-        return {};
-    QRect const text = QFontMetrics(noticeFont(font(), remarkSize))
-                           .boundingRect(content.marginsRemoved(aroundRemark), remarkFlags, remark);
-    int const height = text.height() + aroundRemark.top() + aroundRemark.bottom();
-    return 3 * height > content.height() ? QRect() : QRect(content.topLeft(), QSize(content.width(), height));
+    return QFontMetrics(noticeFont(font(), sentenceSize))
+        .boundingRect(content.marginsRemoved(aroundSentence), sentenceFlags, sentence);
+}
+
+QRect PageOverlay::strip(QRect const& content, FrameNotice const& notice) const
+{
+    int height = 0;
+    if (!notice.remark.isEmpty())
+        height = QFontMetrics(noticeFont(font(), remarkSize))
+                     .boundingRect(content.marginsRemoved(aroundRemark), remarkFlags, notice.remark)
+                     .height() +
+                 aroundRemark.top() + aroundRemark.bottom();
+    if (notice.standsAbove && !notice.sentence.isEmpty())
+        height = sentenceIn(content, notice.sentence).height() + aroundSentence.top() + aroundSentence.bottom();
+    return height == 0 || 3 * height > content.height() ? QRect()
+                                                        : QRect(content.topLeft(), QSize(content.width(), height));
 }
 
 void PageOverlay::paintRemark(QPainter& painter, Mark const& mark) const
 {
-    QRect const strip = remarkStrip(mark.content, mark.notice.remark);
-    if (strip.isEmpty())
+    QRect const room = strip(mark.content, mark.notice);
+    if (room.isEmpty())
         return;
-    painter.fillRect(strip, PlotTheme::paper());
     painter.setFont(noticeFont(font(), remarkSize));
     painter.setPen(PlotTheme::quietText());
-    painter.drawText(strip.marginsRemoved(aroundRemark), remarkFlags, mark.notice.remark);
+    painter.drawText(room.marginsRemoved(aroundRemark), remarkFlags, mark.notice.remark);
 }
 
 void PageOverlay::paintEmptyPage(QPainter& painter) const

@@ -34,9 +34,9 @@ public:
     /// @param isBare notices only: no borders and no headers
     void setMarks(std::vector<Mark> marks, QString const& emptyText, bool isBare = false);
 
-    /// The strip at the top of a frame's content that holds a remark, so that it runs into nothing of the picture; empty without
-    /// one, and where it would leave too little of the picture.
-    QRect remarkStrip(QRect const& content, QString const& remark) const;
+    /// The strip at the top of a frame's content for what is said there and must not run into the picture: the remark, and a
+    /// sentence that stands above. Empty without them, and where it would leave too little of the picture.
+    QRect strip(QRect const& content, FrameNotice const& notice) const;
 
     static constexpr int headerHeight = 26;
     static constexpr int borderWidth = 2;
@@ -49,6 +49,7 @@ private:
     void paintHeader(QPainter& painter, Mark const& mark) const;
     void paintNotice(QPainter& painter, Mark const& mark) const;
     void paintRemark(QPainter& painter, Mark const& mark) const;
+    QRect sentenceIn(QRect const& content, QString const& sentence) const;
     void paintEmptyPage(QPainter& painter) const;
 
     std::vector<Mark> m_marks;

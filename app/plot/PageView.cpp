@@ -221,7 +221,7 @@ void PageView::layOut()
 
 void PageView::placePicture(Slot& slot) const
 {
-    slot.picture = slot.content.adjusted(0, m_overlay->remarkStrip(slot.content, slot.notice.remark).height(), 0, 0);
+    slot.picture = slot.content.adjusted(0, m_overlay->strip(slot.content, slot.notice).height(), 0, 0);
 }
 
 void PageView::updateStale()
@@ -319,7 +319,7 @@ void PageView::orderRenderers()
     auto const page = m_session.activePage();
     for (auto const& frame : page ? page->frames : std::vector<std::shared_ptr<kernel::Frame>>()) {
         Slot& slot = m_slots[frame->id];
-        placePicture(slot); // a remark may have come or gone
+        placePicture(slot); // what is said above it may have come or gone
         QRect const& picture = slot.picture;
         if (!slot.view || slot.hidesPicture() || picture.width() < 8 || picture.height() < 8 || width() < 1 ||
             height() < 1 || !rect().intersects(picture))

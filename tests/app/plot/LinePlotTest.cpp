@@ -192,6 +192,23 @@ TEST(CurveLegend, CountsTheCurvesThatItHasNoRoomFor)
     EXPECT_EQ(PlotTestPage::inkedPixels(plot.copy(plot.width() - 3, 0, 3, plot.height())), 0);
 }
 
+TEST(CurveLegend, IsNotCoveredByWhatIsSaidOfAMissingCurve)
+{
+    for (int const width : {240, 900}) {
+        auto const set = SampleData::waves(100);
+        set->zone(1)->fields[2] = kernel::Field();
+        PlotTestPage page({SampleData::waveFrame(set)}, {width, 420});
+        QImage const all = page.picture("line-legend-notice-" + std::to_string(width));
+        QColor const ground(0xFF, 0xF4, 0xD6);
+        EXPECT_GT(PlotTestPage::pixelsNear(all, ground, 4), 1000) << width;
+        QImage const plot = page.plot();
+        EXPECT_EQ(PlotTestPage::pixelsNear(plot, ground, 4), 0) << width;
+        EXPECT_GT(PlotTestPage::pixelsNear(legendIn(plot, page.lines()), app::PlotTheme::text(), 60), 20) << width;
+        ASSERT_TRUE(page.session().deleteLineMaps(page.frame().id, {2}));
+        EXPECT_GT(page.plot().height(), plot.height()) << "the strip goes with the sentence, " << width;
+    }
+}
+
 TEST(CurveLegend, LeavesATinyFrameToTheCurves)
 {
     auto const page = curves(2, longCurve, {420, 110});

@@ -61,7 +61,7 @@ QStringList BatchRun::openFiles(QStringList const& files, Deferral deferral)
     std::vector<std::shared_ptr<kernel::Frame>> frames;
     for (QString const& file : files) {
         try {
-            ImportResult const result = importDeferring(deferral, file, {});
+            ImportResult const result = importFile(file, deferral);
             auto const frame =
                 std::make_shared<kernel::Frame>(QFileInfo(file).completeBaseName().toStdString(), kernel::Rectangle{});
             frame->dataSet = result.dataSet;

@@ -29,8 +29,8 @@ void tellCutFiles(int& known)
 
 int runInteractively(QApplication& application, QStringList const& files, Deferral deferral)
 {
-    auto const reader = [deferral](QString const& path, ImportJob::Progress const& progress) {
-        return importDeferring(deferral, path, progress);
+    auto const reader = [deferral](QString const& path, kernel::Progress& progress) {
+        return importFile(path, deferral, progress);
     };
     MainWindow window(kernel::Session::instance(), CentralView::ofPage(kernel::Session::instance()), reader);
     window.show();

@@ -68,15 +68,17 @@ private:
 
 // Forces the contents to the disk, so that a lack of room shows before the old file is gone. Piece by piece, since a large
 // file takes long and the user may not want to wait.
-void synchronise(std::string const& path, ExportProgress& progress)
+void synchronise(std::string const& path, kernel::Progress& progress)
 {
     constexpr std::int64_t piece = 8 << 20;
     OpenFile const file(path);
     std::int64_t const size = file.size();
-    progress.begin(static_cast<double>(size));
+    kernel::Progress ofFile(progress, size);
+    ofFile.check();
     for (std::int64_t offset = 0; offset < size; offset += piece) {
         file.flush(offset, std::min(piece, size - offset));
-        progress.check(static_cast<double>(offset) / static_cast<double>(size));
+        ofFile.advance(std::min(piece, size - offset));
+        ofFile.check();
     }
     file.synchronise();
 }
@@ -119,7 +121,7 @@ void AtomicFiles::addFolder(std::string const& folder)
         throw ExportError("the folder \"" + folder + "\" cannot be made: " + std::strerror(errno));
 }
 
-void AtomicFiles::commit(ExportProgress& progress)
+void AtomicFiles::commit(kernel::Progress& progress)
 {
     for (File const& file : m_files) {
         synchronise(file.temporary, progress);

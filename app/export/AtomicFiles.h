@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/export/ExportProgress.h"
+#include "kernel/compute/Progress.h"
 
 #include <string>
 #include <vector>
@@ -26,7 +26,7 @@ public:
     /// Puts the files in place; permissions of files that stood there are kept.
     /// @param progress hears how much of them has reached the disk; it may throw, and nothing is in place then
     /// @throws ExportError when the disk takes the files back; nothing is in place then, unless a rename failed half way
-    void commit(ExportProgress& progress);
+    void commit(kernel::Progress& progress);
 
     AtomicFiles(AtomicFiles const&) = delete;
     AtomicFiles& operator=(AtomicFiles const&) = delete;

@@ -39,7 +39,7 @@ std::string headerCell(std::string const& name, char separator)
 }
 
 void writeRows(std::ofstream& file, std::vector<Column> const& columns, std::int64_t rows, char separator,
-               ExportProgress& progress)
+               kernel::Progress& progress)
 {
     constexpr std::size_t flushAt = 1 << 20;
     std::string text;
@@ -56,7 +56,8 @@ void writeRows(std::ofstream& file, std::vector<Column> const& columns, std::int
         if (text.size() > flushAt || row + 1 == rows) {
             file.write(text.data(), static_cast<std::streamsize>(text.size()));
             text.clear();
-            progress.check(static_cast<double>(row) / static_cast<double>(rows));
+            progress.reach(static_cast<double>(row) / static_cast<double>(rows));
+            progress.check();
         }
     }
 }
@@ -64,7 +65,7 @@ void writeRows(std::ofstream& file, std::vector<Column> const& columns, std::int
 } // namespace
 
 std::vector<std::string> writeCsv(kernel::DataSet const& dataSet, int zone, char separator, std::string const& path,
-                                  ExportProgress& progress)
+                                  kernel::Progress& progress)
 {
     std::vector<Column> columns;
     std::vector<std::string> leftOut;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/export/ExportProgress.h"
+#include "kernel/compute/Progress.h"
 #include "kernel/data/DataSet.h"
 
 #include <string>
@@ -15,8 +15,8 @@ namespace veldraw::app {
 /// @param path      file to write over
 /// @param progress hears of the rows that are written
 /// @return names of the cell-centred variables that were left out
-/// @throws ExportError nothing to write, or the file cannot be written; ExportCancelled
+/// @throws ExportError nothing to write, or the file cannot be written; kernel::Interrupted
 std::vector<std::string> writeCsv(kernel::DataSet const& dataSet, int zone, char separator, std::string const& path,
-                                  ExportProgress& progress);
+                                  kernel::Progress& progress);
 
 } // namespace veldraw::app

@@ -11,11 +11,4 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-/// The user did not want to wait for the rest.
-class ExportCancelled : public ExportError
-{
-public:
-    using ExportError::ExportError;
-};
-
 } // namespace veldraw::app

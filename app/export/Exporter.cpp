@@ -2,9 +2,9 @@
 
 #include "app/export/AtomicFiles.h"
 #include "app/export/CsvExport.h"
-#include "app/export/ExportProgress.h"
 #include "app/export/VtkExport.h"
 #include "app/import/files/PathChecks.h"
+#include "kernel/compute/Interrupted.h"
 
 #include <QXmlStreamWriter>
 
@@ -57,23 +57,23 @@ QByteArray multiBlockText(std::vector<std::pair<std::string, std::string>> const
 }
 
 // A measure of the bytes that a zone takes in a file.
-double workOf(kernel::Zone const& zone)
+std::int64_t workOf(kernel::Zone const& zone)
 {
-    double work = 1.0;
+    std::int64_t work = 1;
     for (kernel::Field const& field : zone.fields)
-        work += field.isPassive() ? 0.0 : static_cast<double>(field.group()->buffer()->bytes());
+        work += field.isPassive() ? 0 : field.group()->buffer()->bytes();
     return work;
 }
 
-double workOf(kernel::DataSet const& dataSet)
+std::int64_t workOf(kernel::DataSet const& dataSet)
 {
-    double work = 0.0;
+    std::int64_t work = 0;
     for (auto const& zone : dataSet.zones())
         work += workOf(*zone);
     return work;
 }
 
-ExportResult exportPieces(kernel::DataSet const& dataSet, std::string const& path, ExportProgress& progress)
+ExportResult exportPieces(kernel::DataSet const& dataSet, std::string const& path, kernel::Progress& progress)
 {
     AtomicFiles files;
     std::string const name = baseNameOf(path);
@@ -87,8 +87,9 @@ ExportResult exportPieces(kernel::DataSet const& dataSet, std::string const& pat
         kernel::Zone const& source = *dataSet.zone(zone);
         std::string const format = VtkExport::pieceFormat(source);
         std::string const file = name + "_" + std::to_string(zone) + "." + format;
-        progress.begin(workOf(source));
-        writer.write(zone, format, files.add((folder / file).string()), progress);
+        kernel::Progress ofZone(progress, workOf(source));
+        ofZone.check();
+        writer.write(zone, format, files.add((folder / file).string()), ofZone);
         pieces.emplace_back(source.name, name + "/" + file);
         result.files.append(toQt((folder / file).string()));
     }
@@ -98,14 +99,17 @@ ExportResult exportPieces(kernel::DataSet const& dataSet, std::string const& pat
 }
 
 ExportResult exportOneZone(kernel::DataSet const& dataSet, std::string const& path, std::string const& format,
-                           ExportProgress& progress)
+                           kernel::Progress& progress)
 {
     if (dataSet.zoneCount() != 1)
         throw ExportError("this format takes one zone, and there are " + std::to_string(dataSet.zoneCount()) +
                           "; .vtm takes them all");
     AtomicFiles files;
-    progress.begin(workOf(*dataSet.zone(1)));
-    VtkExport(dataSet).write(1, format, files.add(path), progress);
+    {
+        kernel::Progress ofZone(progress, workOf(*dataSet.zone(1)));
+        ofZone.check();
+        VtkExport(dataSet).write(1, format, files.add(path), ofZone);
+    }
     files.commit(progress);
     return {{toQt(path)}, {}};
 }
@@ -124,7 +128,7 @@ void addHidden(ExportResult& result, kernel::Zone const& zone)
 }
 
 ExportResult exportTables(kernel::DataSet const& dataSet, std::string const& path, char separator,
-                          ExportProgress& progress)
+                          kernel::Progress& progress)
 {
     AtomicFiles files;
     ExportResult result;
@@ -133,8 +137,9 @@ ExportResult exportTables(kernel::DataSet const& dataSet, std::string const& pat
         fs::path file = target;
         if (dataSet.zoneCount() > 1)
             file.replace_filename(target.stem().string() + "_" + std::to_string(zone) + target.extension().string());
-        progress.begin(workOf(*dataSet.zone(zone)));
-        addLeftOut(result, *dataSet.zone(zone), writeCsv(dataSet, zone, separator, files.add(file.string()), progress));
+        kernel::Progress ofZone(progress, workOf(*dataSet.zone(zone)));
+        ofZone.check();
+        addLeftOut(result, *dataSet.zone(zone), writeCsv(dataSet, zone, separator, files.add(file.string()), ofZone));
         addHidden(result, *dataSet.zone(zone));
         result.files.append(toQt(file.string()));
     }
@@ -159,15 +164,14 @@ void requireAllLoaded(kernel::DataSet const& dataSet)
     }
 }
 
-ExportResult exportTo(kernel::DataSet const& dataSet, std::string const& path,
-                      std::function<bool(double)> const& listener)
+ExportResult exportTo(kernel::DataSet const& dataSet, std::string const& path, kernel::Progress& progress)
 {
     requireAllLoaded(dataSet);
     std::string const extension = extensionOf(path);
     if (dataSet.zoneCount() == 0)
         throw ExportError("there are no zones to write");
     // Bringing it to the disk may take as long as writing it.
-    ExportProgress progress(listener, 2.0 * workOf(dataSet));
+    progress.setTotal(2 * workOf(dataSet));
     if (extension == "csv" || extension == "tsv")
         return exportTables(dataSet, path, extension == "csv" ? ',' : '\t', progress);
     if (extension == "vtm")
@@ -179,14 +183,13 @@ ExportResult exportTo(kernel::DataSet const& dataSet, std::string const& path,
 
 } // namespace
 
-ExportResult exportDataSet(kernel::DataSet const& dataSet, QString const& path,
-                           std::function<bool(double)> const& progress)
+ExportResult exportDataSet(kernel::DataSet const& dataSet, QString const& path, kernel::Progress& progress)
 {
     std::string const name = path.toStdString();
     std::string const start = "Cannot save \"" + name + "\": ";
     try {
         return exportTo(dataSet, name, progress);
-    } catch (ExportCancelled const&) {
+    } catch (kernel::Interrupted const&) {
         throw;
     } catch (ExportError const& error) {
         throw ExportError(start + error.what() + ".");
@@ -195,6 +198,12 @@ ExportResult exportDataSet(kernel::DataSet const& dataSet, QString const& path,
     } catch (std::exception const& error) {
         throw ExportError(start + error.what() + ".");
     }
+}
+
+ExportResult exportDataSet(kernel::DataSet const& dataSet, QString const& path)
+{
+    kernel::Progress unwatched;
+    return exportDataSet(dataSet, path, unwatched);
 }
 
 QStringList exportNameFilters()

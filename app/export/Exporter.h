@@ -1,12 +1,12 @@
 #pragma once
 
 #include "app/export/ExportError.h"
+#include "kernel/compute/Progress.h"
 #include "kernel/data/DataSet.h"
 
 #include <QString>
 #include <QStringList>
 
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -29,10 +29,12 @@ struct ExportResult
 ///
 /// Everything is written to temporary files beside the target first and renamed at the end: a failure leaves old files
 /// alone.
-/// @param progress called with 0..1 now and then, on the calling thread; its answer false cancels
-/// @throws ExportError; ExportCancelled progress() answered false, and nothing is written
-ExportResult exportDataSet(kernel::DataSet const& dataSet, QString const& path,
-                           std::function<bool(double)> const& progress = {});
+/// @param progress gets a total
+/// @throws ExportError, kernel::Interrupted; nothing is written then
+ExportResult exportDataSet(kernel::DataSet const& dataSet, QString const& path, kernel::Progress& progress);
+
+/// The same when nobody watches.
+ExportResult exportDataSet(kernel::DataSet const& dataSet, QString const& path);
 
 /// Filters for a file dialog.
 QStringList exportNameFilters();

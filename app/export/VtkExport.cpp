@@ -11,6 +11,7 @@
 #include "app/vtk/VtkErrorCapture.h"
 #include "app/vtk/XmlNames.h"
 #include "app/vtk/ZoneToVtk.h"
+#include "kernel/compute/Interrupted.h"
 
 #include <vtkCellData.h>
 #include <vtkDoubleArray.h>
@@ -103,7 +104,7 @@ std::string VtkExport::usualFormat(kernel::Zone const& zone)
     return zone.isOrdered() ? "vts" : "vtu";
 }
 
-void VtkExport::write(int zone, std::string const& format, std::string const& path, ExportProgress& progress) const
+void VtkExport::write(int zone, std::string const& format, std::string const& path, kernel::Progress& progress) const
 {
     auto grid = gridOf(zone);
     kernel::Zone const& source = *m_dataSet.zone(zone);
@@ -124,9 +125,10 @@ void VtkExport::write(int zone, std::string const& format, std::string const& pa
     writer->SetCompressorTypeToNone();
     writer->SetHeaderTypeToUInt64();
     vtkNew<ProgressObserver> observer;
-    observer->watch(*writer, [&progress](double fraction) { return progress.show(fraction); });
+    observer->watch(*writer, progress);
     bool const written = writer->Write() != 0;
-    progress.check(1.0);
+    if (observer->isInterrupted())
+        throw kernel::Interrupted();
     if (!written || errors.hasErrors() || writer->GetErrorCode() != 0)
         throw ExportError(errors.hasErrors() ? errors.firstError()
                                              : "the file could not be written; the disk may be full");

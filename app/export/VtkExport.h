@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/export/ArrayPlan.h"
-#include "app/export/ExportProgress.h"
+#include "kernel/compute/Progress.h"
 #include "kernel/data/DataSet.h"
 
 #include <vtkDataSet.h>
@@ -28,8 +28,8 @@ public:
 
     /// Writes one zone. @param zone one-based; @param format vti, vts, vtu or vtp; @param path file to write over
     /// @param progress hears how much of it is written
-    /// @throws ExportError the format does not fit the zone, or the file cannot be written; ExportCancelled
-    void write(int zone, std::string const& format, std::string const& path, ExportProgress& progress) const;
+    /// @throws ExportError the format does not fit the zone, or the file cannot be written; kernel::Interrupted
+    void write(int zone, std::string const& format, std::string const& path, kernel::Progress& progress) const;
 
 private:
     vtkSmartPointer<vtkDataSet> gridOf(int zone) const;

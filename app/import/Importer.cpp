@@ -17,6 +17,8 @@ namespace veldraw::app {
 
 namespace {
 
+constexpr std::int64_t progressSteps = 1000000;
+
 bool isVtk(std::string const& extension)
 {
     static std::array<char const*, 7> const known{"vti", "vtr", "vts", "vtu", "vtp", "vtm", "vtk"};
@@ -38,22 +40,23 @@ ImportResult finished(DataSetBuilder& zones, std::vector<std::string> remarks, s
     return result;
 }
 
-ImportResult importImage(std::string const& path, FileWatch& watch, LoadingPlan& plan)
+ImportResult importImage(std::string const& path, FileWatch& watch, LoadingPlan& plan, kernel::Progress& progress)
 {
     std::vector<std::string> remarks;
     DataSetBuilder zones;
-    zones.add(MetaImageImport(watch, plan, remarks).read(path, baseNameOf(path)));
+    zones.add(MetaImageImport(watch, plan, remarks, progress).read(path, baseNameOf(path)));
     watch.check();
     return finished(zones, std::move(remarks), path, "MetaImage");
 }
 
-ImportResult import(std::string const& path, std::function<bool(double)> const& progress, Deferral deferral)
+ImportResult import(std::string const& path, Deferral deferral, kernel::Progress& progress)
 {
+    progress.setTotal(progressSteps);
     checkReadable(path);
     std::string const extension = extensionOf(path);
     FileWatch watch;
     watch.add(path);
-    LoadingPlan plan(deferral, progress);
+    LoadingPlan plan(deferral);
     if (isVtk(extension)) {
         VtkImport vtk(watch, plan, progress);
         vtk.read(path, extension, baseNameOf(path));
@@ -61,7 +64,7 @@ ImportResult import(std::string const& path, std::function<bool(double)> const& 
         return finished(vtk.zones(), vtk.remarks(), path, "VTK");
     }
     if (extension == "mhd" || extension == "mha")
-        return importImage(path, watch, plan);
+        return importImage(path, watch, plan, progress);
     if (!isTable(extension))
         throw ImportError("files of this kind (." + extension + ") cannot be read");
     CsvReader reader(progress);
@@ -75,14 +78,12 @@ ImportResult import(std::string const& path, std::function<bool(double)> const& 
 
 } // namespace
 
-ImportResult importDeferring(Deferral deferral, QString const& path, std::function<bool(double)> const& progress)
+ImportResult importFile(QString const& path, Deferral deferral, kernel::Progress& progress)
 {
     std::string const name = path.toStdString();
     std::string const start = "Cannot open \"" + name + "\": ";
     try {
-        return import(name, progress, deferral);
-    } catch (ImportCancelled const& error) {
-        throw ImportCancelled(start + error.what() + ".");
+        return import(name, deferral, progress);
     } catch (ImportError const& error) {
         throw ImportError(start + error.what() + ".");
     } catch (std::bad_alloc const&) {
@@ -90,9 +91,10 @@ ImportResult importDeferring(Deferral deferral, QString const& path, std::functi
     }
 }
 
-ImportResult importFile(QString const& path, std::function<bool(double)> const& progress)
+ImportResult importFile(QString const& path, Deferral deferral)
 {
-    return importDeferring(Deferral::Auto, path, progress);
+    kernel::Progress unwatched;
+    return importFile(path, deferral, unwatched);
 }
 
 QStringList importNameFilters()

@@ -3,11 +3,10 @@
 #include "app/import/Deferral.h"
 #include "app/import/ImportError.h"
 #include "app/import/ImportResult.h"
+#include "kernel/compute/Progress.h"
 
 #include <QString>
 #include <QStringList>
-
-#include <functional>
 
 namespace veldraw::app {
 
@@ -28,15 +27,15 @@ namespace veldraw::app {
 ///
 /// CSV and TSV files (.csv .tsv .txt): see CsvReader. MetaImage files (.mhd .mha): see MetaImageImport.
 ///
-/// @param deferral which values are loaded at once, where the format allows to load them later
 /// @param path     a file that exists
-/// @param progress called with 0..1 now and then; its answer false cancels
-/// @throws ImportError    the file cannot be read, is damaged, has no points, or changed while it was read
-/// @throws ImportCancelled progress() answered false
-ImportResult importDeferring(Deferral deferral, QString const& path, std::function<bool(double)> const& progress);
+/// @param deferral which values are loaded at once, where the format allows to load them later
+/// @param progress gets a total
+/// @throws ImportError the file cannot be read, is damaged, has no points, or changed while it was read
+/// @throws kernel::Interrupted
+ImportResult importFile(QString const& path, Deferral deferral, kernel::Progress& progress);
 
-/// The same with Deferral::Auto.
-ImportResult importFile(QString const& path, std::function<bool(double)> const& progress = {});
+/// The same when nobody watches.
+ImportResult importFile(QString const& path, Deferral deferral = Deferral::Auto);
 
 /// Filters for a file dialog, the one for everything that can be read first.
 QStringList importNameFilters();

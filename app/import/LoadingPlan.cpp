@@ -1,10 +1,5 @@
 #include "app/import/LoadingPlan.h"
 
-#include "app/import/ImportError.h"
-#include "kernel/compute/Interrupted.h"
-
-#include <chrono>
-#include <future>
 #include <limits>
 
 namespace veldraw::app {
@@ -12,14 +7,12 @@ namespace veldraw::app {
 namespace {
 
 constexpr double shareOfMemory = 0.4; // plots and operations need some as well
-constexpr std::chrono::milliseconds pause(20);
 constexpr std::int64_t mostPointsToCompute = 100000000;
 
 } // namespace
 
-LoadingPlan::LoadingPlan(Deferral deferral, std::function<bool(double)> progress, double memory)
+LoadingPlan::LoadingPlan(Deferral deferral, double memory)
     : m_deferral(deferral)
-    , m_progress(std::move(progress))
     , m_free(deferral == Deferral::Auto ? shareOfMemory * memory : std::numeric_limits<double>::infinity())
 {
 }
@@ -49,28 +42,13 @@ bool LoadingPlan::loadsNow(double bytes, Need need)
 
 std::shared_ptr<kernel::ShareGroup> LoadingPlan::group(FieldDataType_e type, std::int64_t size,
                                                        std::shared_ptr<kernel::ValueLoader> loader, double bytes,
-                                                       Need need)
+                                                       Need need, kernel::Progress& progress)
 {
     auto group = std::make_shared<kernel::ShareGroup>(type, size, loader);
-    if (loadsNow(bytes, need))
-        group->setLoaded(load(*loader, size));
-    return group;
-}
-
-std::shared_ptr<kernel::Buffer> LoadingPlan::load(kernel::ValueLoader& loader, std::int64_t size) const
-{
-    kernel::Progress progress;
     progress.setTotal(size);
-    auto work = std::async(std::launch::async, [&] { return loader.load(progress); });
-    while (work.wait_for(pause) != std::future_status::ready) {
-        if (m_progress && !m_progress(progress.fraction()))
-            progress.interrupt();
-    }
-    try {
-        return work.get();
-    } catch (kernel::Interrupted const&) {
-        throw ImportCancelled("the import was cancelled");
-    }
+    if (loadsNow(bytes, need))
+        group->setLoaded(loader->load(progress));
+    return group;
 }
 
 } // namespace veldraw::app

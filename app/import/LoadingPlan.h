@@ -4,7 +4,6 @@
 #include "app/import/files/SizeCheck.h"
 #include "kernel/data/ShareGroup.h"
 
-#include <functional>
 #include <memory>
 
 namespace veldraw::app {
@@ -19,9 +18,8 @@ public:
         Later
     };
 
-    /// @param progress may be empty; its answer false cancels
-    /// @param memory   bytes that are free
-    LoadingPlan(Deferral deferral, std::function<bool(double)> progress, double memory = availableMemory());
+    /// @param memory bytes that are free
+    explicit LoadingPlan(Deferral deferral, double memory = availableMemory());
 
     Deferral deferral() const { return m_deferral; }
 
@@ -39,15 +37,14 @@ public:
 
     /// The group of a field, its values loaded or left to the loader.
     /// @param bytes of memory that loading takes; 0 for values that are mapped
-    /// @throws ImportError, ImportCancelled
+    /// @param progress gets the size as its total
+    /// @throws ImportError, kernel::Interrupted
     std::shared_ptr<kernel::ShareGroup> group(FieldDataType_e type, std::int64_t size,
-                                              std::shared_ptr<kernel::ValueLoader> loader, double bytes, Need need);
+                                              std::shared_ptr<kernel::ValueLoader> loader, double bytes, Need need,
+                                              kernel::Progress& progress);
 
 private:
-    std::shared_ptr<kernel::Buffer> load(kernel::ValueLoader& loader, std::int64_t size) const;
-
     Deferral m_deferral;
-    std::function<bool(double)> m_progress;
     double m_free; // bytes that may still be taken
     bool m_loadsAll = true;
     bool m_hasTotal = false;

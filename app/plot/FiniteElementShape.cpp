@@ -143,7 +143,7 @@ ZoneShape facesFoundByVtk(kernel::Zone const& zone, kernel::Progress const& prog
     auto const grid = vtkDataSetOfZone(dataSet, 1, {0, 0, 0}, {});
     vtkNew<vtkGeometryFilter> filter;
     vtkNew<ProgressObserver> observer;
-    observer->watch(*filter, [&progress](double) { return !progress.isInterrupted(); });
+    observer->watch(*filter, progress);
     // The filter's own notes of what comes from where are missing when there are cells without a volume.
     addNumbers(*grid->GetPointData(), zone.pointCount());
     addNumbers(*grid->GetCellData(), zone.cellCount());

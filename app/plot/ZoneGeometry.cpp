@@ -151,7 +151,7 @@ vtkSmartPointer<vtkPolyData> withSplitNormals(vtkPolyData* drawing, kernel::Prog
 {
     vtkNew<vtkPolyDataNormals> normals;
     vtkNew<ProgressObserver> observer;
-    observer->watch(*normals, [&progress](double) { return !progress.isInterrupted(); });
+    observer->watch(*normals, progress);
     normals->SetInputData(drawing);
     normals->SetFeatureAngle(35.0);
     normals->ConsistencyOff();

@@ -2,11 +2,19 @@
 
 #include <vtkAlgorithm.h>
 
+#include <utility>
+
 namespace veldraw::app {
 
-void ProgressObserver::watch(vtkAlgorithm& algorithm, std::function<bool(double)> progress)
+void ProgressObserver::watch(vtkAlgorithm& algorithm, kernel::Progress& progress)
 {
-    m_progress = std::move(progress);
+    m_progress = &progress;
+    watch(algorithm, std::as_const(progress));
+}
+
+void ProgressObserver::watch(vtkAlgorithm& algorithm, kernel::Progress const& interrupt)
+{
+    m_interrupt = &interrupt;
     algorithm.AddObserver(vtkCommand::ProgressEvent, this);
 }
 
@@ -15,8 +23,10 @@ void ProgressObserver::Execute(vtkObject* caller, unsigned long, void*)
     auto* const algorithm = vtkAlgorithm::SafeDownCast(caller);
     if (!algorithm)
         return;
-    m_isCancelled = m_isCancelled || (m_progress && !m_progress(algorithm->GetProgress()));
-    if (m_isCancelled)
+    if (m_progress)
+        m_progress->reach(algorithm->GetProgress());
+    m_isInterrupted = m_isInterrupted || m_interrupt->isInterrupted();
+    if (m_isInterrupted)
         algorithm->SetAbortExecute(1);
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <vtkCommand.h>
+#include "kernel/compute/Progress.h"
 
-#include <functional>
+#include <vtkCommand.h>
 
 class vtkAlgorithm;
 
@@ -14,16 +14,21 @@ class ProgressObserver : public vtkCommand
 public:
     static ProgressObserver* New() { return new ProgressObserver; }
 
-    /// To be called with 0..1; its answer false stops @p algorithm.
-    void watch(vtkAlgorithm& algorithm, std::function<bool(double)> progress);
+    /// @p progress is to outlive the run of @p algorithm, which its interrupt stops.
+    void watch(vtkAlgorithm& algorithm, kernel::Progress& progress);
 
-    bool isCancelled() const { return m_isCancelled; }
+    /// The same for work whose length nobody sees.
+    void watch(vtkAlgorithm& algorithm, kernel::Progress const& interrupt);
+
+    /// Whether it was stopped.
+    bool isInterrupted() const { return m_isInterrupted; }
 
     void Execute(vtkObject* caller, unsigned long event, void* data) override;
 
 private:
-    std::function<bool(double)> m_progress;
-    bool m_isCancelled = false;
+    kernel::Progress* m_progress = nullptr; // null where nobody counts
+    kernel::Progress const* m_interrupt = nullptr;
+    bool m_isInterrupted = false;
 };
 
 } // namespace veldraw::app

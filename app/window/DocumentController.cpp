@@ -5,7 +5,7 @@
 #include "app/window/PictureFile.h"
 #include "host/MessageLog.h"
 #include "host/MessagePresenter.h"
-#include "kernel/compute/Progress.h"
+#include "kernel/compute/Interrupted.h"
 #include "platform/vdsdkcommon/AppLock.h"
 #include "platform/vdsdkcommon/WaitState.h"
 
@@ -76,10 +76,10 @@ void askForName(QWidget& window, QString const& title, QString const& baseName, 
 
 } // namespace
 
-DocumentController::DocumentController(kernel::Session& session, QWidget& window, ImportJob::Reader reader)
+DocumentController::DocumentController(kernel::Session& session, QWidget& window, FileReader reader)
     : m_session(session)
     , m_window(window)
-    , m_job(std::move(reader))
+    , m_reader(std::move(reader))
 {
 }
 
@@ -100,19 +100,30 @@ bool DocumentController::open(QStringList const& paths, Place place)
     return put(readAll(paths), place);
 }
 
+// As a long operation of the session: with a progress window, and what is open stays as it is meanwhile.
+ImportResult DocumentController::read(QString const& path)
+{
+    sdk::AppLock const lock(sdk::AppLock::DoNotRecord);
+    sdk::WaitState const busy;
+    ImportResult result;
+    m_session.runOperation("Open " + QFileInfo(path).fileName().toStdString(),
+                           [&](kernel::Progress& progress) { result = m_reader(path, progress); });
+    return result;
+}
+
 std::vector<DocumentController::Opened> DocumentController::readAll(QStringList const& paths)
 {
     std::vector<Opened> opened;
     QStringList errors;
     for (QString const& path : paths) {
         try {
-            ImportResult const result = m_job.run(path, &m_window);
+            ImportResult const result = read(path);
             auto const frame =
                 std::make_shared<kernel::Frame>(QFileInfo(path).completeBaseName().toStdString(), kernel::Rectangle{});
             frame->dataSet = result.dataSet;
             opened.push_back({path, frame});
             takeDown(path, result.remarks);
-        } catch (ImportCancelled const&) {
+        } catch (kernel::Interrupted const&) {
             Q_EMIT told(QStringLiteral("Opening was cancelled."));
             return {};
         } catch (std::exception const& error) {
@@ -224,7 +235,7 @@ DocumentController::Outcome DocumentController::writeTo(QString const& path)
         sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
         sdk::WaitState const busy;
         takeDown(path, write(*dataSet, path));
-    } catch (ExportCancelled const&) {
+    } catch (kernel::Interrupted const&) {
         Q_EMIT told(QStringLiteral("Saving was cancelled."));
         return Outcome::Cancelled;
     } catch (std::exception const& error) {
@@ -250,18 +261,12 @@ std::vector<std::string> DocumentController::write(kernel::DataSet& dataSet, QSt
     if (!loadWholeDataSet(m_session, dataSet)) {
         std::string const reason = "Cannot save \"" + path.toStdString() + "\": " + m_session.lastError();
         if (m_session.isInterrupted())
-            throw ExportCancelled(reason);
+            throw kernel::Interrupted();
         throw ExportError(reason);
     }
     ExportResult result;
-    m_session.runOperation("Save " + QFileInfo(path).fileName().toStdString(), [&](kernel::Progress& progress) {
-        constexpr std::int64_t steps = 10000;
-        progress.setTotal(steps);
-        result = exportDataSet(dataSet, path, [&progress](double fraction) {
-            progress.advance(static_cast<std::int64_t>(fraction * steps) - progress.done());
-            return !progress.isInterrupted();
-        });
-    });
+    m_session.runOperation("Save " + QFileInfo(path).fileName().toStdString(),
+                           [&](kernel::Progress& progress) { result = exportDataSet(dataSet, path, progress); });
     return result.remarks;
 }
 

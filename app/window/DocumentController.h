@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/window/ImportJob.h"
+#include "app/import/Importer.h"
 #include "app/window/RecentFiles.h"
 #include "kernel/frames/Session.h"
 
@@ -21,14 +21,17 @@ class DocumentController : public QObject
     Q_OBJECT
 
 public:
+    /// Reads a file: importFile() in the program. Throws what that throws.
+    using FileReader = std::function<ImportResult(QString const& path, kernel::Progress& progress)>;
+
     enum class Place
     {
         FreshPage, ///< what was open goes; each file gets a frame on a page of its own
         NewFrames  ///< each file gets a frame on the present page
     };
 
-    /// @param window parent of questions and dialogs; @param reader reads files, importFile() in the program
-    DocumentController(kernel::Session& session, QWidget& window, ImportJob::Reader reader);
+    /// @param window parent of questions and dialogs
+    DocumentController(kernel::Session& session, QWidget& window, FileReader reader);
     ~DocumentController() override;
 
     /// Opens files. Files that cannot be read are told in one message and change nothing; on a fresh page, what was open stays
@@ -75,6 +78,7 @@ private:
         std::shared_ptr<kernel::Frame> frame;
     };
 
+    ImportResult read(QString const& path);
     std::vector<Opened> readAll(QStringList const& paths);
     bool put(std::vector<Opened> const& opened, Place place);
     void putOnFreshPage(std::vector<Opened> const& opened);
@@ -95,7 +99,7 @@ private:
 
     kernel::Session& m_session;
     QWidget& m_window;
-    ImportJob m_job;
+    FileReader m_reader;
     RecentFiles m_recentFiles;
     std::set<kernel::UniqueId> m_savedDataSets;  // since the last change
     std::map<kernel::UniqueId, QString> m_files; // of data sets

@@ -47,7 +47,7 @@ QStringList localFiles(QMimeData const& data)
 
 } // namespace
 
-MainWindow::MainWindow(kernel::Session& session, CentralView view, ImportJob::Reader reader)
+MainWindow::MainWindow(kernel::Session& session, CentralView view, DocumentController::FileReader reader)
     : m_session(session)
     , m_view(std::move(view))
     , m_documents(std::make_unique<DocumentController>(session, *this, std::move(reader)))

@@ -32,7 +32,7 @@ class MainWindow : public QMainWindow
 
 public:
     /// @param session must outlive the window; @param view goes into the middle
-    MainWindow(kernel::Session& session, CentralView view, ImportJob::Reader reader);
+    MainWindow(kernel::Session& session, CentralView view, DocumentController::FileReader reader);
     ~MainWindow() override;
 
     DocumentController& documents() { return *m_documents; }

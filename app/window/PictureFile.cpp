@@ -20,8 +20,8 @@ void write(QByteArray const& content, QString const& path)
     if (file.write(content) != content.size() || !file.flush())
         throw ExportError("the disk may be full"); // Qt does not know why a part was written
     file.close();
-    ExportProgress progress({}, 0.0);
-    files.commit(progress);
+    kernel::Progress unwatched;
+    files.commit(unwatched);
 }
 
 } // namespace

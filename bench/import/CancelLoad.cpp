@@ -68,7 +68,7 @@ public:
     {
         using namespace veldraw;
         m_session = std::make_unique<kernel::Session>();
-        m_dataSet = app::importDeferring(app::Deferral::Always, QString::fromStdString(m_path), {}).dataSet;
+        m_dataSet = app::importFile(QString::fromStdString(m_path), app::Deferral::Always).dataSet;
         auto const frame = std::make_shared<kernel::Frame>("frame", kernel::Rectangle{});
         frame->dataSet = m_dataSet;
         m_session->openPage({frame});

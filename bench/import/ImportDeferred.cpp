@@ -35,7 +35,7 @@ bool measure(char const* what, std::string const& path, double valueBytes, veldr
     double const bytesBefore = entry("/proc/self/io", "rchar");
     double const memoryBefore = entry("/proc/self/status", "VmRSS");
     auto const start = std::chrono::steady_clock::now();
-    auto const result = veldraw::app::importDeferring(deferral, QString::fromStdString(path), {});
+    auto const result = veldraw::app::importFile(QString::fromStdString(path), deferral);
     std::chrono::duration<double> const seconds = std::chrono::steady_clock::now() - start;
     double const read = entry("/proc/self/io", "rchar") - bytesBefore;
     double const memory = 1024.0 * (entry("/proc/self/status", "VmHWM") - memoryBefore);

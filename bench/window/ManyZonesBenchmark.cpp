@@ -49,7 +49,7 @@ public:
         m_session.openPage({frame});
         app::CentralView view;
         view.widget = new QWidget;
-        m_window = std::make_unique<app::MainWindow>(m_session, view, app::ImportJob::Reader());
+        m_window = std::make_unique<app::MainWindow>(m_session, view, app::DocumentController::FileReader());
         m_window->show();
         settle();
         if (list().model()->rowCount() != zoneCount)

@@ -4,7 +4,7 @@
 
 namespace veldraw::kernel {
 
-/// Ends an operation that the user has cancelled. It never leaves the kernel.
+/// Ends an operation that the user has cancelled. It never leaves the kernel's C functions.
 class Interrupted : public std::exception
 {
 public:

@@ -3,7 +3,6 @@
 #include "app/import/ImportError.h"
 #include "app/import/cells/ImportedCells.h"
 #include "app/import/grids/VtkFile.h"
-#include "kernel/compute/Interrupted.h"
 #include "kernel/data/Zone.h"
 
 #include <unistd.h>
@@ -20,13 +19,7 @@ CellLoader::CellLoader(DeferredCells cells, ZoneType_e wanted)
 kernel::ZoneDimensions CellLoader::load(kernel::Progress& progress)
 {
     ::close(m_cells.file.open()); // tells when it is gone or changed
-    auto const check = [&progress](double) { return !progress.isInterrupted(); };
-    vtkSmartPointer<vtkDataObject> grid;
-    try {
-        grid = readVtkCells(m_cells.file.path(), check);
-    } catch (ImportCancelled const&) {
-        throw kernel::Interrupted();
-    }
+    auto const grid = readVtkCells(m_cells.file.path(), progress);
     auto* const mesh = vtkDataSet::SafeDownCast(grid);
     ImportedCells const cells = mesh ? importCells(*mesh, m_cells.points, m_wanted) : ImportedCells();
     bool const isAsAnnounced = cells.connectivity && cells.sameCells && cells.zoneType == m_zoneType &&

@@ -9,6 +9,7 @@
 #include "app/import/xml/XmlHeaderCheck.h"
 #include "app/vtk/ProgressObserver.h"
 #include "app/vtk/VtkErrorCapture.h"
+#include "kernel/compute/Interrupted.h"
 
 #include <vtkAlgorithm.h>
 #include <vtkDataArraySelection.h>
@@ -51,7 +52,7 @@ void throwOnError(VtkErrorCapture const& errors)
         throw ImportError("it is damaged, incomplete or of another kind (" + errors.firstError() + ")");
 }
 
-vtkSmartPointer<ProgressObserver> observe(vtkAlgorithm& reader, std::function<bool(double)> const& progress)
+vtkSmartPointer<ProgressObserver> observe(vtkAlgorithm& reader, kernel::Progress& progress)
 {
     auto observer = vtkSmartPointer<ProgressObserver>::New();
     observer->watch(reader, progress);
@@ -62,16 +63,16 @@ vtkSmartPointer<ProgressObserver> observe(vtkAlgorithm& reader, std::function<bo
 void updateInformation(vtkAlgorithm& reader, ProgressObserver const& observer)
 {
     reader.UpdateInformation();
-    if (observer.isCancelled())
-        throw ImportCancelled("the import was cancelled");
+    if (observer.isInterrupted())
+        throw kernel::Interrupted();
 }
 
 vtkSmartPointer<vtkDataObject> run(vtkAlgorithm& reader, VtkErrorCapture const& errors,
                                    ProgressObserver const& observer)
 {
     reader.Update();
-    if (observer.isCancelled())
-        throw ImportCancelled("the import was cancelled");
+    if (observer.isInterrupted())
+        throw kernel::Interrupted();
     throwOnError(errors);
     vtkSmartPointer<vtkDataObject> const result = reader.GetOutputDataObject(0);
     if (!result)
@@ -91,8 +92,8 @@ void leaveOut(std::vector<XmlHeaderCheck::Useless> const& arrays, vtkXMLReader& 
 }
 
 vtkSmartPointer<vtkDataObject> readXml(vtkXMLReader& reader, std::string const& path, std::string const& extension,
-                                       VtkErrorCapture const& errors, std::function<bool(double)> const& progress,
-                                       LoadingPlan* plan, DeferredArrays& deferred)
+                                       VtkErrorCapture const& errors, kernel::Progress& progress, LoadingPlan* plan,
+                                       DeferredArrays& deferred)
 {
     bool const mayDefer = plan && plan->deferral() != Deferral::Never;
     if (!reader.CanReadFile(path.c_str()))
@@ -122,7 +123,7 @@ vtkSmartPointer<vtkDataObject> readXml(vtkXMLReader& reader, std::string const& 
 
 // For reading a part of a file that was looked at before: no array is chosen.
 vtkSmartPointer<ProgressObserver> openWithoutArrays(vtkXMLReader& reader, std::string const& path,
-                                                    std::function<bool(double)> const& progress)
+                                                    kernel::Progress& progress)
 {
     reader.SetFileName(path.c_str());
     auto const observer = observe(reader, progress);
@@ -135,9 +136,8 @@ vtkSmartPointer<ProgressObserver> openWithoutArrays(vtkXMLReader& reader, std::s
 } // namespace
 
 vtkSmartPointer<vtkDataObject> readVtkFile(std::string const& path, std::string const& extension,
-                                           std::function<bool(double)> const& progress,
-                                           std::vector<std::string>& remarks, LoadingPlan* plan,
-                                           DeferredArrays& deferred)
+                                           kernel::Progress& progress, std::vector<std::string>& remarks,
+                                           LoadingPlan* plan, DeferredArrays& deferred)
 {
     VtkErrorCapture const errors;
     try {
@@ -156,7 +156,7 @@ vtkSmartPointer<vtkDataObject> readVtkFile(std::string const& path, std::string 
 }
 
 vtkSmartPointer<vtkDataObject> readVtkArray(std::string const& path, std::string const& extension, XmlSection section,
-                                            std::string const& name, std::function<bool(double)> const& progress)
+                                            std::string const& name, kernel::Progress& progress)
 {
     VtkErrorCapture const errors;
     auto const reader = xmlReader(extension);
@@ -173,7 +173,7 @@ vtkSmartPointer<vtkDataObject> readVtkArray(std::string const& path, std::string
     return run(*reader, errors, *observer);
 }
 
-vtkSmartPointer<vtkDataObject> readVtkCells(std::string const& path, std::function<bool(double)> const& progress)
+vtkSmartPointer<vtkDataObject> readVtkCells(std::string const& path, kernel::Progress& progress)
 {
     VtkErrorCapture const errors;
     auto const reader = vtkSmartPointer<MeshReader>::New();

@@ -2,11 +2,11 @@
 
 #include "app/import/LoadingPlan.h"
 #include "app/import/grids/DeferredArray.h"
+#include "kernel/compute/Progress.h"
 
 #include <vtkDataObject.h>
 #include <vtkSmartPointer.h>
 
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -18,12 +18,11 @@ namespace veldraw::app {
 /// @param plan      decides which arrays are left out for later; null: none
 /// @param deferred  takes those
 /// @return null when the header says that there are no points
-/// @throws ImportError     anything that the reader complains about, counts that the file cannot hold, too little memory
-/// @throws ImportCancelled progress() answered false
+/// @throws ImportError anything that the reader complains about, counts that the file cannot hold, too little memory
+/// @throws kernel::Interrupted
 vtkSmartPointer<vtkDataObject> readVtkFile(std::string const& path, std::string const& extension,
-                                           std::function<bool(double)> const& progress,
-                                           std::vector<std::string>& remarks, LoadingPlan* plan,
-                                           DeferredArrays& deferred);
+                                           kernel::Progress& progress, std::vector<std::string>& remarks,
+                                           LoadingPlan* plan, DeferredArrays& deferred);
 
 /// Where an array stands.
 enum class XmlSection
@@ -38,10 +37,10 @@ enum class XmlSection
 /// @return a grid with this array; it need not have points or cells
 /// @throws as readVtkFile()
 vtkSmartPointer<vtkDataObject> readVtkArray(std::string const& path, std::string const& extension, XmlSection section,
-                                            std::string const& name, std::function<bool(double)> const& progress);
+                                            std::string const& name, kernel::Progress& progress);
 
 /// Reads the cells of a .vtu file, without its points and arrays, without looking at the header first.
 /// @throws as readVtkFile()
-vtkSmartPointer<vtkDataObject> readVtkCells(std::string const& path, std::function<bool(double)> const& progress);
+vtkSmartPointer<vtkDataObject> readVtkCells(std::string const& path, kernel::Progress& progress);
 
 } // namespace veldraw::app

@@ -31,58 +31,51 @@ void checkPiece(std::string const& path)
 
 } // namespace
 
-VtkImport::VtkImport(FileWatch& watch, LoadingPlan& plan, std::function<bool(double)> progress)
+VtkImport::VtkImport(FileWatch& watch, LoadingPlan& plan, kernel::Progress& progress)
     : m_watch(watch)
     , m_plan(plan)
-    , m_progress(std::move(progress))
+    , m_progress(progress)
 {
 }
 
 void VtkImport::read(std::string const& path, std::string const& extension, std::string const& title)
 {
-    if (extension == "vtm") {
-        readPieces(path);
-        return;
-    }
-    if (extension == "vtk")
-        readLegacy(path, title);
-    else
-        readGrid(path, extension, title);
+    read(path, extension, title, m_progress);
 }
 
-void VtkImport::readLegacy(std::string const& path, std::string const& title)
+void VtkImport::read(std::string const& path, std::string const& extension, std::string const& title,
+                     kernel::Progress& progress)
+{
+    if (extension == "vtm")
+        readPieces(path, progress);
+    else if (extension == "vtk")
+        readLegacy(path, title, progress);
+    else
+        readGrid(path, extension, title, progress);
+}
+
+void VtkImport::readLegacy(std::string const& path, std::string const& title, kernel::Progress& progress)
 {
     checkLegacyHeader(path, static_cast<std::int64_t>(std::filesystem::file_size(path)));
-    auto const all = m_progress;
-    auto const partOf = [&all](double start, double size) -> std::function<bool(double)> {
-        if (!all)
-            return {};
-        return [&all, start, size](double done) { return all(start + size * done); };
-    };
-    LegacyConversion const conversion(path, partOf(0.0, legacyShare), m_remarks);
-    m_progress = partOf(legacyShare, 1.0 - legacyShare);
+    auto const unitsOfConversion = static_cast<std::int64_t>(legacyShare * static_cast<double>(progress.total()));
+    auto ofConversion = std::make_unique<kernel::Progress>(progress, unitsOfConversion);
+    LegacyConversion const conversion(path, *ofConversion, m_remarks);
+    ofConversion.reset();
+    kernel::Progress ofGrids(progress, progress.total() - unitsOfConversion);
     std::string const file = conversion.outputFile();
     m_mayDefer = false;
-    read(file, extensionOf(file), title);
-    m_progress = all;
+    read(file, extensionOf(file), title, ofGrids);
 }
 
-void VtkImport::readPieces(std::string const& path)
+void VtkImport::readPieces(std::string const& path, kernel::Progress& progress)
 {
     auto const pieces = multiBlockPieces(path);
     planFor(pieces);
-    auto const all = m_progress;
     for (std::size_t n = 0; n < pieces.size(); ++n) {
         MultiBlockPiece const& piece = pieces[n];
-        if (all) {
-            double const count = static_cast<double>(pieces.size());
-            m_progress = [=](double done) { return all((static_cast<double>(n) + done) / count); };
-        }
+        kernel::Progress ofPiece(progress, progress.total() / static_cast<std::int64_t>(pieces.size()));
         try {
-            readPiece(piece.path, extensionOf(piece.path),
-                      piece.name.empty() ? "Zone " + std::to_string(n + 1) : piece.name);
-        } catch (ImportCancelled const&) {
-            throw;
+            readPiece(piece, piece.name.empty() ? "Zone " + std::to_string(n + 1) : piece.name, ofPiece);
         } catch (ImportError const& error) {
             throw ImportError("its part \"" + piece.file + "\": " + error.what());
         }
@@ -106,17 +99,18 @@ void VtkImport::planFor(std::vector<MultiBlockPiece> const& pieces)
     m_plan.setTotal(bytes);
 }
 
-void VtkImport::readPiece(std::string const& path, std::string const& extension, std::string const& name)
+void VtkImport::readPiece(MultiBlockPiece const& piece, std::string const& name, kernel::Progress& progress)
 {
-    checkPiece(path);
-    m_watch.add(path);
-    readGrid(path, extension, name);
+    checkPiece(piece.path);
+    m_watch.add(piece.path);
+    readGrid(piece.path, extensionOf(piece.path), name, progress);
 }
 
-void VtkImport::readGrid(std::string const& path, std::string const& extension, std::string const& name)
+void VtkImport::readGrid(std::string const& path, std::string const& extension, std::string const& name,
+                         kernel::Progress& progress)
 {
     DeferredArrays deferred;
-    auto const grid = readVtkFile(path, extension, m_progress, m_remarks, m_mayDefer ? &m_plan : nullptr, deferred);
+    auto const grid = readVtkFile(path, extension, progress, m_remarks, m_mayDefer ? &m_plan : nullptr, deferred);
     add(grid, name, deferred);
 }
 

@@ -2,7 +2,6 @@
 
 #include "app/import/ImportError.h"
 #include "app/vtk/ArrayAdoption.h"
-#include "kernel/compute/Interrupted.h"
 
 #include <vtkCellData.h>
 #include <vtkDataSet.h>
@@ -40,20 +39,14 @@ XmlArrayLoader::XmlArrayLoader(Place place, RawType type, std::int64_t tuples, s
 std::shared_ptr<kernel::Buffer> XmlArrayLoader::load(kernel::Progress& progress)
 {
     ::close(m_place.file.open()); // tells when it is gone or changed
-    auto const values = m_whole->take(m_place.component, [&] { return read(progress); });
-    progress.advance(m_tuples);
+    kernel::Progress ofArray(progress, m_tuples);
+    auto const values = m_whole->take(m_place.component, [&] { return read(ofArray); });
     return asType(values, kernelTypeOf(m_type));
 }
 
 SharedArray::Components XmlArrayLoader::read(kernel::Progress& progress) const
 {
-    auto const check = [&progress](double) { return !progress.isInterrupted(); };
-    vtkSmartPointer<vtkDataObject> grid;
-    try {
-        grid = readVtkArray(m_place.file.path(), m_place.extension, m_place.section, m_place.name, check);
-    } catch (ImportCancelled const&) {
-        throw kernel::Interrupted();
-    }
+    auto const grid = readVtkArray(m_place.file.path(), m_place.extension, m_place.section, m_place.name, progress);
     vtkDataArray* const array = arrayIn(grid);
     bool const fits =
         array && array->GetNumberOfTuples() == m_tuples && array->GetNumberOfComponents() > m_place.component;

@@ -29,26 +29,24 @@ bool startsWith(std::string const& text, std::string const& start)
 
 } // namespace
 
-LegacyConversion::LegacyConversion(std::string const& path, std::function<bool(double)> const& progress,
+LegacyConversion::LegacyConversion(std::string const& path, kernel::Progress& progress,
                                    std::vector<std::string>& remarks)
 {
     double const megabytes = std::min(availableMemory() * shareOfMemory / 1048576.0, 1e9);
     double const seconds = startSeconds + static_cast<double>(std::filesystem::file_size(path)) / bytesPerSecond;
     ChildProcess child({readerProgram().string(), std::filesystem::absolute(path).string(), m_folder.path(),
                         std::to_string(static_cast<long>(megabytes)), std::to_string(static_cast<long>(seconds))});
-    double done = 0.0;
     std::string problem;
     while (!child.hasEnded()) {
         for (std::string const& line : child.lines(pollMilliseconds)) {
             if (startsWith(line, "progress "))
-                done = std::max(done, std::atof(line.c_str() + 9));
+                progress.reach(std::atof(line.c_str() + 9));
             else if (startsWith(line, "warning "))
                 remarks.push_back("VTK: " + line.substr(8));
             else if (startsWith(line, "error "))
                 problem = line.substr(6);
         }
-        if (progress && !progress(std::min(done, 1.0)))
-            throw ImportCancelled("the import was cancelled");
+        progress.check();
     }
     bool const survived = child.endedWell();
     if (!problem.empty())

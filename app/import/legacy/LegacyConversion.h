@@ -1,8 +1,8 @@
 #pragma once
 
 #include "app/import/files/ScratchFolder.h"
+#include "kernel/compute/Progress.h"
 
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -16,10 +16,8 @@ class LegacyConversion
 {
 public:
     /// @param remarks takes the reader's warnings
-    /// @throws ImportError     what the child complains about, or that it died
-    /// @throws ImportCancelled progress() answered false
-    LegacyConversion(std::string const& path, std::function<bool(double)> const& progress,
-                     std::vector<std::string>& remarks);
+    /// @throws ImportError what the child complains about, or that it died; kernel::Interrupted
+    LegacyConversion(std::string const& path, kernel::Progress& progress, std::vector<std::string>& remarks);
 
     /// The XML file.
     std::string outputFile() const;

@@ -29,10 +29,12 @@ double bytesToLoad(MetaImageHeader const& header, bool mapped, bool computes)
 
 } // namespace
 
-MetaImageImport::MetaImageImport(FileWatch& watch, LoadingPlan& plan, std::vector<std::string>& remarks)
+MetaImageImport::MetaImageImport(FileWatch& watch, LoadingPlan& plan, std::vector<std::string>& remarks,
+                                 kernel::Progress& progress)
     : m_watch(watch)
     , m_plan(plan)
     , m_remarks(remarks)
+    , m_progress(progress)
 {
 }
 
@@ -91,11 +93,10 @@ void MetaImageImport::addCoordinates(ImportedZone& zone)
         for (std::size_t index = 0; index < 3; ++index)
             steps[index] = m_header.directions[3 * index + axis] * m_header.spacing[index];
         auto loader = std::make_shared<ImageCoordinateLoader>(dims, m_header.offset[axis], steps);
-        auto group =
-            m_plan.mayCompute(loader->size())
-                ? m_plan.group(FieldDataType_Double, loader->size(), loader, bytes, LoadingPlan::Need::FirstPlot)
-                : std::make_shared<kernel::ShareGroup>(FieldDataType_Double, loader->size(), loader);
-        zone.addField(std::string(1, "XYZ"[axis]), kernel::Field(std::move(group), ValueLocation_Nodal));
+        auto values = m_plan.mayCompute(loader->size())
+                          ? group(FieldDataType_Double, loader, bytes, LoadingPlan::Need::FirstPlot)
+                          : std::make_shared<kernel::ShareGroup>(FieldDataType_Double, loader->size(), loader);
+        zone.addField(std::string(1, "XYZ"[axis]), kernel::Field(std::move(values), ValueLocation_Nodal));
     }
 }
 
@@ -109,13 +110,22 @@ void MetaImageImport::addValues(ImportedZone& zone, FileStamp const& file, std::
             RawArray{file, offset, m_header.type, points, m_header.channels, channel, m_header.bigEndian}, whole,
             m_header.channels == 1 ? rangeInHeader() : kernel::ValueRange{});
         double const bytes = loader->maps() ? 0.0 : static_cast<double>(kernel::Buffer::bytesOf(type, points));
-        auto group = m_plan.group(type, points, loader, bytes,
-                                  channel == 0 ? LoadingPlan::Need::FirstPlot : LoadingPlan::Need::Later);
+        auto values =
+            group(type, loader, bytes, channel == 0 ? LoadingPlan::Need::FirstPlot : LoadingPlan::Need::Later);
         zone.addField(componentName("Value", channel, m_header.channels),
-                      kernel::Field(std::move(group), ValueLocation_Nodal));
+                      kernel::Field(std::move(values), ValueLocation_Nodal));
     }
     if (!isKernelType(m_header.type))
         m_remarks.push_back("Zone \"" + zone.zone->name + "\": " + conversionRemark(m_header.type));
+}
+
+std::shared_ptr<kernel::ShareGroup> MetaImageImport::group(FieldDataType_e type,
+                                                           std::shared_ptr<kernel::ValueLoader> const& loader,
+                                                           double bytes, LoadingPlan::Need need)
+{
+    auto const fields = static_cast<std::int64_t>(m_header.dims.size()) + m_header.channels;
+    kernel::Progress ofField(m_progress, m_progress.total() / fields);
+    return m_plan.group(type, m_header.pointCount(), loader, bytes, need, ofField);
 }
 
 // Somebody may have altered the values since the header was written.

@@ -19,10 +19,10 @@ class MetaImageImport
 public:
     /// @param watch   gets the file with the values
     /// @param remarks takes sentences for the user
-    MetaImageImport(FileWatch& watch, LoadingPlan& plan, std::vector<std::string>& remarks);
+    MetaImageImport(FileWatch& watch, LoadingPlan& plan, std::vector<std::string>& remarks, kernel::Progress& progress);
 
     /// @param title name of the zone
-    /// @throws ImportError, ImportCancelled
+    /// @throws ImportError, kernel::Interrupted
     ImportedZone read(std::string const& path, std::string const& title);
 
 private:
@@ -30,11 +30,14 @@ private:
     std::int64_t offsetIn(std::string const& dataFile, std::int64_t size) const;
     void addCoordinates(ImportedZone& zone);
     void addValues(ImportedZone& zone, FileStamp const& file, std::int64_t offset);
+    std::shared_ptr<kernel::ShareGroup> group(FieldDataType_e type, std::shared_ptr<kernel::ValueLoader> const& loader,
+                                              double bytes, LoadingPlan::Need need);
     kernel::ValueRange rangeInHeader() const;
 
     FileWatch& m_watch;
     LoadingPlan& m_plan;
     std::vector<std::string>& m_remarks;
+    kernel::Progress& m_progress;
     MetaImageHeader m_header;
 };
 

@@ -79,8 +79,8 @@ void checkIsText(std::string const& start)
 
 } // namespace
 
-CsvReader::CsvReader(std::function<bool(double)> progress)
-    : m_progress(std::move(progress))
+CsvReader::CsvReader(kernel::Progress& progress)
+    : m_progress(progress)
 {
 }
 
@@ -106,8 +106,8 @@ ImportedZone CsvReader::read(std::string const& path, std::string const& zoneNam
         }
         tokenizer->add(block.data() + skip, block.size() - skip);
         done += file.gcount();
-        if (m_progress && !m_progress(static_cast<double>(done) / static_cast<double>(std::max(fileSize, done))))
-            throw ImportCancelled("the import was cancelled");
+        m_progress.reach(static_cast<double>(done) / static_cast<double>(std::max(fileSize, done)));
+        m_progress.check();
         block.resize(blockSize);
     }
     if (file.bad())

@@ -2,9 +2,9 @@
 
 #include "app/import/ImportedZone.h"
 #include "app/import/table/CsvTokenizer.h"
+#include "kernel/compute/Progress.h"
 
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -20,10 +20,9 @@ namespace veldraw::app {
 class CsvReader : private CsvTokenizer::Handler
 {
 public:
-    explicit CsvReader(std::function<bool(double)> progress);
+    explicit CsvReader(kernel::Progress& progress);
 
-    /// @throws ImportError     with the errors found
-    /// @throws ImportCancelled progress() answered false
+    /// @throws ImportError with the errors found; kernel::Interrupted
     ImportedZone read(std::string const& path, std::string const& zoneName);
 
     std::vector<std::string> const& remarks() const { return m_remarks; }
@@ -42,7 +41,7 @@ private:
     void throwOnProblems() const;
     ImportedZone makeZone(std::string const& zoneName);
 
-    std::function<bool(double)> m_progress;
+    kernel::Progress& m_progress;
     std::vector<std::string> m_remarks;
     std::vector<std::string> m_names;
     std::vector<std::shared_ptr<Column>> m_columns;

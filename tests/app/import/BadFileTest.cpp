@@ -1,5 +1,7 @@
+#include "kernel/compute/Interrupted.h"
 #include "tests/app/import/FileHelpers.h"
 #include "tests/app/import/GridSamples.h"
+#include "tests/app/import/WatchedProgress.h"
 
 #include <vtkCellType.h>
 #include <vtkNew.h>
@@ -155,12 +157,12 @@ TEST(BadFile, NoticesThatAnotherProgramIsWritingTheFile)
     TemporaryFolder const folder;
     for (std::string const& path : {writeXml(*mesh(), folder.path("busy.vtu")), folder.write("busy.csv", "a\n1\n"),
                                     writeLegacy(*mesh(), folder.path("busy.vtk"), false)}) {
-        auto const append = [&path](double) {
+        WatchedProgress progress([&path](double) {
             std::ofstream(path, std::ios::app) << "\n";
             return true;
-        };
+        });
         try {
-            app::importFile(QString::fromStdString(path), append);
+            app::importFile(QString::fromStdString(path), app::Deferral::Auto, progress);
             ADD_FAILURE() << path;
         } catch (app::ImportError const& error) {
             EXPECT_THAT(error.what(), AllOf(HasSubstr(path), HasSubstr("another program changed")));
@@ -232,8 +234,9 @@ TEST(BadFile, LeavesNoTemporaryFilesBehind)
     ::setenv("TMPDIR", folder.path("tmp").c_str(), 1);
     EXPECT_EQ(problemWith(folder.path("mesh.vtk")), "");
     EXPECT_NE(problemWith(folder.path("cut.vtk")), "");
-    EXPECT_THROW(app::importFile(QString::fromStdString(folder.path("mesh.vtk")), [](double) { return false; }),
-                 app::ImportCancelled);
+    InterruptedProgress progress;
+    EXPECT_THROW(app::importFile(QString::fromStdString(folder.path("mesh.vtk")), app::Deferral::Auto, progress),
+                 kernel::Interrupted);
     ::unsetenv("TMPDIR");
     EXPECT_EQ(folder.listing(), "cut.vtk mesh.vtk tmp");
 }

@@ -1,4 +1,6 @@
+#include "kernel/compute/Interrupted.h"
 #include "tests/app/import/FileHelpers.h"
+#include "tests/app/import/WatchedProgress.h"
 
 #include <clocale>
 #include <cmath>
@@ -198,7 +200,8 @@ TEST(CsvImport, StopsWhenTheUserCancels)
 {
     TemporaryFolder const folder;
     QString const path = QString::fromStdString(folder.write("table.csv", "a\n1\n"));
-    EXPECT_THROW(app::importFile(path, [](double) { return false; }), app::ImportCancelled);
+    InterruptedProgress progress;
+    EXPECT_THROW(app::importFile(path, app::Deferral::Auto, progress), kernel::Interrupted);
 }
 
 } // namespace veldraw::test

@@ -338,8 +338,9 @@ void expectSame(kernel::DataSet const& dataSet, kernel::DataSet const& wanted)
 std::shared_ptr<kernel::DataSet> openedWith(double memory, std::string const& path, std::string const& extension)
 {
     app::FileWatch watch;
-    app::LoadingPlan plan(app::Deferral::Auto, {}, memory);
-    app::VtkImport import(watch, plan, {});
+    app::LoadingPlan plan(app::Deferral::Auto, memory);
+    kernel::Progress progress;
+    app::VtkImport import(watch, plan, progress);
     import.read(path, extension, "sample");
     return import.zones().finish("sample");
 }

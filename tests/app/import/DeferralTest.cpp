@@ -349,7 +349,7 @@ TEST(Deferral, MapsLargeArraysThatAreAlignedInAnImageOfAnySize)
 TEST(Deferral, LoadsWhatTheFirstPlotNeedsWhenTheWholeIsTooMuch)
 {
     using Need = app::LoadingPlan::Need;
-    app::LoadingPlan plan(app::Deferral::Auto, {});
+    app::LoadingPlan plan(app::Deferral::Auto);
     plan.setTotal(1e15);
     EXPECT_TRUE(plan.loadsNow(1e6, Need::FirstPlot));
     EXPECT_FALSE(plan.loadsNow(1e6, Need::Later));
@@ -375,8 +375,9 @@ TEST(Deferral, LoadsTheFirstVariableOfEachPartInsteadOfEverythingOfTheFirst)
     std::string const path = folder.write("all.vtm", text + "</vtkMultiBlockDataSet></VTKFile>");
     auto const loadedWith = [&path](double memory) {
         app::FileWatch watch;
-        app::LoadingPlan plan(app::Deferral::Auto, {}, memory);
-        app::VtkImport import(watch, plan, {});
+        app::LoadingPlan plan(app::Deferral::Auto, memory);
+        kernel::Progress progress;
+        app::VtkImport import(watch, plan, progress);
         import.read(path, "vtm", "all");
         auto const dataSet = import.zones().finish("all");
         std::string loaded;
@@ -392,7 +393,7 @@ TEST(Deferral, LoadsTheFirstVariableOfEachPartInsteadOfEverythingOfTheFirst)
 
 TEST(Deferral, LoadsEverythingThatTakesLittleOfTheMemory)
 {
-    app::LoadingPlan plan(app::Deferral::Auto, {});
+    app::LoadingPlan plan(app::Deferral::Auto);
     plan.setTotal(1e6);
     EXPECT_TRUE(plan.loadsNow(1e6, app::LoadingPlan::Need::Later));
 }

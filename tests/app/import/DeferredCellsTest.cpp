@@ -124,8 +124,9 @@ TEST(DeferredCells, AreLeftWithEverythingElseWhenTheyDoNotFitIntoTheMemory)
     TemporaryFolder const folder;
     std::string const path = writeXml(*meshEndingWith({}), folder.path("a.vtu"));
     app::FileWatch watch;
-    app::LoadingPlan plan(app::Deferral::Auto, {}, 2e7);
-    app::VtkImport import(watch, plan, {});
+    app::LoadingPlan plan(app::Deferral::Auto, 2e7);
+    kernel::Progress progress;
+    app::VtkImport import(watch, plan, progress);
     import.read(path, "vtu", "a");
     auto const dataSet = import.zones().finish("a");
     EXPECT_TRUE(dataSet->zone(1)->isDeferred());

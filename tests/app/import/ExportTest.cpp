@@ -1,7 +1,9 @@
 #include "app/export/Exporter.h"
+#include "kernel/compute/Interrupted.h"
 #include "tests/app/FullDisk.h"
 #include "tests/app/import/FileHelpers.h"
 #include "tests/app/import/GridSamples.h"
+#include "tests/app/import/WatchedProgress.h"
 
 #include <vtkCellType.h>
 #include <vtkMultiBlockDataSet.h>
@@ -93,10 +95,11 @@ TEST(Export, TellsHowFarItIs)
     TemporaryFolder const folder;
     for (char const* name : {"a.csv", "a.vtm"}) {
         std::vector<double> fractions;
-        app::exportDataSet(*gridData(3), QString::fromStdString(folder.path(name)), [&](double fraction) {
+        WatchedProgress progress([&](double fraction) {
             fractions.push_back(fraction);
             return true;
         });
+        app::exportDataSet(*gridData(3), QString::fromStdString(folder.path(name)), progress);
         EXPECT_TRUE(std::is_sorted(fractions.begin(), fractions.end())) << name;
         ASSERT_GT(fractions.size(), 6U) << name;
         EXPECT_EQ(fractions.front(), 0.0) << name;
@@ -118,10 +121,10 @@ TEST(Export, ThatIsCancelledAtAnyMomentLeavesEverythingAsItWas)
         for (int last = 0; !isDone; ++last) {
             calls = 0;
             try {
-                app::exportDataSet(*data, QString::fromStdString(folder.path(name)),
-                                   [&](double) { return calls++ < last; });
+                WatchedProgress progress([&](double) { return calls++ < last; });
+                app::exportDataSet(*data, QString::fromStdString(folder.path(name)), progress);
                 isDone = true;
-            } catch (app::ExportCancelled const&) {
+            } catch (kernel::Interrupted const&) {
                 ASSERT_EQ(calls, last + 1) << name << ": it is not asked again";
                 ASSERT_EQ(folder.listing(), before) << name;
                 ASSERT_EQ(contentOf(folder.path(name)), "old") << name;

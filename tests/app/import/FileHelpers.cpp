@@ -50,7 +50,7 @@ std::string contentOf(std::string const& path)
 
 app::ImportResult import(std::string const& path, app::Deferral deferral)
 {
-    return app::importDeferring(deferral, QString::fromStdString(path), {});
+    return app::importFile(QString::fromStdString(path), deferral);
 }
 
 std::string loadingProblem(kernel::DataSet const& dataSet, int zone, std::string const& variable)

@@ -1,6 +1,8 @@
+#include "kernel/compute/Interrupted.h"
 #include "tests/app/import/FileHelpers.h"
 #include "tests/app/import/GridSamples.h"
 #include "tests/app/import/PieceFiles.h"
+#include "tests/app/import/WatchedProgress.h"
 
 #include <vtkBitArray.h>
 #include <vtkCellType.h>
@@ -294,10 +296,11 @@ TEST(GridImport, ReportsProgressThatNeverFalls)
     TemporaryFolder const folder;
     std::string const path = writeXml(*gridWithValues(), folder.path("grid.vts"));
     std::vector<double> reports;
-    app::importFile(QString::fromStdString(path), [&reports](double done) {
+    WatchedProgress progress([&reports](double done) {
         reports.push_back(done);
         return true;
     });
+    app::importFile(QString::fromStdString(path), app::Deferral::Auto, progress);
     ASSERT_FALSE(reports.empty());
     EXPECT_TRUE(std::is_sorted(reports.begin(), reports.end()));
     EXPECT_GE(reports.front(), 0.0);
@@ -308,7 +311,8 @@ TEST(GridImport, StopsWhenTheUserCancels)
 {
     TemporaryFolder const folder;
     std::string const path = writeXml(*gridWithValues(), folder.path("grid.vts"));
-    EXPECT_THROW(app::importFile(QString::fromStdString(path), [](double) { return false; }), app::ImportCancelled);
+    InterruptedProgress progress;
+    EXPECT_THROW(app::importFile(QString::fromStdString(path), app::Deferral::Auto, progress), kernel::Interrupted);
 }
 
 } // namespace veldraw::test

@@ -2,6 +2,8 @@
 
 #include "FileHelpers.h"
 #include "app/import/Importer.h"
+#include "kernel/compute/Interrupted.h"
+#include "tests/app/import/WatchedProgress.h"
 
 #include <vtkFloatArray.h>
 #include <vtkImageData.h>
@@ -123,9 +125,10 @@ TEST(TextImport, HearsACancelWithinAnArray)
     for (bool isDone = false; !isDone && last < 100; ++last) {
         int calls = 0;
         try {
-            app::importFile(QString::fromStdString(path), [&](double) { return ++calls <= last; });
+            test::WatchedProgress progress([&](double) { return ++calls <= last; });
+            app::importFile(QString::fromStdString(path), app::Deferral::Auto, progress);
             isDone = true;
-        } catch (app::ImportCancelled const&) {
+        } catch (kernel::Interrupted const&) {
             EXPECT_EQ(calls, last + 1) << "nothing is asked after that";
         }
     }

@@ -11,11 +11,10 @@
 
 namespace veldraw::tests {
 
-app::ImportJob::Reader DrawnWindowTest::makeReader()
+app::DocumentController::FileReader DrawnWindowTest::makeReader()
 {
-    return [this](QString const& path, app::ImportJob::Progress const& progress) {
-        return app::importDeferring(deferral, path, progress);
-    };
+    return
+        [this](QString const& path, kernel::Progress& progress) { return app::importFile(path, deferral, progress); };
 }
 
 QString DrawnWindowTest::openSample(char const* name, void (*write)(std::string const& path))

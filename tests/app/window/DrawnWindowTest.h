@@ -24,7 +24,7 @@ protected:
     };
 
     app::CentralView makeView() override { return app::CentralView::ofPage(session); }
-    app::ImportJob::Reader makeReader() override;
+    app::DocumentController::FileReader makeReader() override;
 
     /// A file of the sample generator in the test's folder, opened in the window.
     /// @return its path

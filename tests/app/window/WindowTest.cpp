@@ -112,10 +112,11 @@ app::CentralView WindowTest::makeView()
     return view;
 }
 
-app::ImportJob::Reader WindowTest::makeReader()
+app::DocumentController::FileReader WindowTest::makeReader()
 {
-    return
-        [](QString const& path, app::ImportJob::Progress const& progress) { return app::importFile(path, progress); };
+    return [](QString const& path, kernel::Progress& progress) {
+        return app::importFile(path, app::Deferral::Auto, progress);
+    };
 }
 
 app::MainWindow& WindowTest::showWindow()

@@ -34,7 +34,7 @@ protected:
     virtual app::CentralView makeView();
 
     /// What reads the files that the window opens.
-    virtual app::ImportJob::Reader makeReader();
+    virtual app::DocumentController::FileReader makeReader();
 
     /// Makes the window and shows it as the active one.
     app::MainWindow& showWindow();

@@ -3,9 +3,8 @@
 #include "app/commandline/DataSetReport.h"
 #include "app/commandline/OutputCheck.h"
 #include "app/export/Exporter.h"
-#include "app/export/WholeDataSet.h"
+#include "app/files/MappedMemory.h"
 #include "app/import/Importer.h"
-#include "app/import/files/MappedMemory.h"
 #include "app/plot/PageView.h"
 #include "app/window/PictureFile.h"
 #include "kernel/data/NumberSet.h"
@@ -114,8 +113,7 @@ bool BatchRun::exportTo(QString const& file)
     if (!loadWholeDataSet(m_session, *dataSet))
         return fail(QString::fromStdString(m_session.lastError()));
     try {
-        ExportResult const result = exportDataSet(*dataSet, file);
-        for (std::string const& remark : result.remarks)
+        for (std::string const& remark : exportDataSet(*dataSet, file))
             m_err << QStringLiteral("veldraw: %1: %2\n").arg(file, QString::fromStdString(remark));
     } catch (std::exception const& error) {
         return fail(QString::fromStdString(error.what()));

@@ -1,5 +1,8 @@
 #include "app/commandline/CommandLineOptions.h"
 
+#include "app/export/WritableFormats.h"
+#include "app/import/ReadableFormats.h"
+
 #include <QCommandLineParser>
 
 namespace veldraw::app {
@@ -35,6 +38,15 @@ bool takeDeferral(QString const& word, Deferral& deferral)
     else
         return word == QLatin1String("auto");
     return true;
+}
+
+template <typename Format>
+QString linesOf(std::vector<Format> const& formats)
+{
+    QString text;
+    for (FileFormat const& format : formats)
+        text += QString::fromStdString("  " + format.text() + "\n");
+    return text;
 }
 
 QString whyInconsistent(CommandLineOptions const& options, QCommandLineParser const& parser)
@@ -77,14 +89,7 @@ CommandLineOptions CommandLineOptions::parse(QStringList const& arguments)
 
 QString CommandLineOptions::helpText()
 {
-    return QStringLiteral(
-        "usage: veldraw [FILE...]                  open each FILE in a frame of its own\n"
-        "       veldraw FILE [ACTION...]           do the actions without a window, then end\n"
-        "\n"
-        "Files: VTK XML (.vti .vtr .vts .vtu .vtp .vtm), legacy VTK (.vtk), MetaImage (.mhd .mha), tables with a "
-        "header\n"
-        "line (.csv .tsv).\n"
-        "\n"
+    QString const actions = QStringLiteral(
         "Actions, carried out in this order:\n"
         "  --delete-variable NAME   delete the variable called NAME; may be given several times\n"
         "  --info                   print zones, variables and ranges\n"
@@ -98,9 +103,17 @@ QString CommandLineOptions::helpText()
         "  -h, --help               print this text\n"
         "  -v, --version            print the version\n"
         "\n"
-        "--info and --picture take several FILEs; those that cannot be opened are told and left out. The actions need no\n"
+        "--info and --picture take several FILEs; those that cannot be opened are told and left out. The actions need "
+        "no\n"
         "display; --picture uses xvfb-run where there is none.\n"
         "Exit status: 0 fine, 1 something failed (told on standard error), 2 the command line is wrong.\n");
+    return QStringLiteral("usage: veldraw [FILE...]                  open each FILE in a frame of its own\n"
+                          "       veldraw FILE [ACTION...]           do the actions without a window, then end\n"
+                          "\n"
+                          "Files that can be opened:\n%1\n"
+                          "Files that can be saved:\n%2\n")
+               .arg(linesOf(readableFormats()), linesOf(writableFormats())) +
+           actions;
 }
 
 } // namespace veldraw::app

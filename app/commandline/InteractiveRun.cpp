@@ -1,7 +1,7 @@
 #include "app/commandline/InteractiveRun.h"
 
+#include "app/files/MappedMemory.h"
 #include "app/import/Importer.h"
-#include "app/import/files/MappedMemory.h"
 #include "app/window/MainWindow.h"
 #include "host/MessagePresenter.h"
 #include "platform/vdsdkcommon/AppLock.h"

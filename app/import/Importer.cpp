@@ -1,15 +1,9 @@
 #include "app/import/Importer.h"
 
-#include "app/import/LoadingPlan.h"
-#include "app/import/files/FileWatch.h"
-#include "app/import/files/PathChecks.h"
-#include "app/import/grids/VtkImport.h"
-#include "app/import/metaimage/MetaImageImport.h"
-#include "app/import/table/CsvReader.h"
-#include "app/import/table/ScatteredTable.h"
+#include "app/files/PathChecks.h"
+#include "app/import/ReadableFormats.h"
+#include "app/import/zones/DataSetOfZones.h"
 
-#include <algorithm>
-#include <array>
 #include <filesystem>
 #include <new>
 
@@ -19,60 +13,30 @@ namespace {
 
 constexpr std::int64_t progressSteps = 1000000;
 
-bool isVtk(std::string const& extension)
+ReadableFormat const& formatOf(std::string const& path)
 {
-    static std::array<char const*, 7> const known{"vti", "vtr", "vts", "vtu", "vtp", "vtm", "vtk"};
-    return std::find(known.begin(), known.end(), extension) != known.end();
-}
-
-bool isTable(std::string const& extension)
-{
-    return extension == "csv" || extension == "tsv" || extension == "txt";
-}
-
-ImportResult finished(DataSetBuilder& zones, std::vector<std::string> remarks, std::string const& path,
-                      char const* loader)
-{
-    if (zones.isEmpty())
-        throw ImportError("it has no points");
-    ImportResult result{zones.finish(std::filesystem::path(path).filename().string()), std::move(remarks)};
-    result.dataSet->loaderInstructions().push_back({loader, {"FILENAME_", path}});
-    return result;
-}
-
-ImportResult importImage(std::string const& path, FileWatch& watch, LoadingPlan& plan, kernel::Progress& progress)
-{
-    std::vector<std::string> remarks;
-    DataSetBuilder zones;
-    zones.add(MetaImageImport(watch, plan, remarks, progress).read(path, baseNameOf(path)));
-    watch.check();
-    return finished(zones, std::move(remarks), path, "MetaImage");
+    std::string const extension = extensionOf(path);
+    if (ReadableFormat const* const format = findFormat(readableFormats(), extension))
+        return *format;
+    throw ImportError("files of this kind (." + extension +
+                      ") cannot be read; these can: " + allExtensions(readableFormats(), "."));
 }
 
 ImportResult import(std::string const& path, Deferral deferral, kernel::Progress& progress)
 {
-    progress.setTotal(progressSteps);
     checkReadable(path);
-    std::string const extension = extensionOf(path);
+    ReadableFormat const& format = formatOf(path);
     FileWatch watch;
     watch.add(path);
     LoadingPlan plan(deferral);
-    if (isVtk(extension)) {
-        VtkImport vtk(watch, plan, progress);
-        vtk.read(path, extension, baseNameOf(path));
-        watch.check();
-        return finished(vtk.zones(), vtk.remarks(), path, "VTK");
-    }
-    if (extension == "mhd" || extension == "mha")
-        return importImage(path, watch, plan, progress);
-    if (!isTable(extension))
-        throw ImportError("files of this kind (." + extension + ") cannot be read");
-    CsvReader reader(progress);
-    DataSetBuilder zones;
-    zones.add(reader.read(path, baseNameOf(path)));
+    progress.setTotal(progressSteps);
+    ImportResult result;
+    auto zones = format.makeReader()->read(path, {baseNameOf(path), watch, plan, progress, result.remarks});
     watch.check();
-    ImportResult result = finished(zones, reader.remarks(), path, "CSV");
-    result.dataSet->zone(1)->isScattered = isScatteredTable(*result.dataSet);
+    if (zones.empty())
+        throw ImportError("it has no points");
+    result.dataSet = dataSetOf(std::move(zones), std::filesystem::path(path).filename().string());
+    result.dataSet->loaderInstructions().push_back({format.loader, {"FILENAME_", path}});
     return result;
 }
 
@@ -99,13 +63,9 @@ ImportResult importFile(QString const& path, Deferral deferral)
 
 QStringList importNameFilters()
 {
-    return {QStringLiteral("All data files (*.vti *.vtr *.vts *.vtu *.vtp *.vtm *.vtk *.mhd *.mha *.csv "
-                           "*.tsv *.txt)"),
-            QStringLiteral("VTK XML files (*.vti *.vtr *.vts *.vtu *.vtp *.vtm)"),
-            QStringLiteral("VTK legacy files (*.vtk)"),
-            QStringLiteral("MetaImage files (*.mhd *.mha)"),
-            QStringLiteral("Text tables (*.csv *.tsv *.txt)"),
-            QStringLiteral("All files (*)")};
+    QString const all = QString::fromStdString(allExtensions(readableFormats(), "*."));
+    return QStringList{QStringLiteral("All data files (%1)").arg(all)} + nameFiltersOf(readableFormats()) +
+           QStringList{QStringLiteral("All files (*)")};
 }
 
 } // namespace veldraw::app

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/Application.h"
-#include "app/import/Deferral.h"
+#include "app/import/reading/Deferral.h"
 
 #include <QSize>
 #include <QString>

@@ -1,7 +1,6 @@
 #include "app/window/DocumentController.h"
 
 #include "app/export/Exporter.h"
-#include "app/export/WholeDataSet.h"
 #include "app/window/PictureFile.h"
 #include "host/MessageLog.h"
 #include "host/MessagePresenter.h"
@@ -264,10 +263,10 @@ std::vector<std::string> DocumentController::write(kernel::DataSet& dataSet, QSt
             throw kernel::Interrupted();
         throw ExportError(reason);
     }
-    ExportResult result;
+    std::vector<std::string> remarks;
     m_session.runOperation("Save " + QFileInfo(path).fileName().toStdString(),
-                           [&](kernel::Progress& progress) { result = exportDataSet(dataSet, path, progress); });
-    return result.remarks;
+                           [&](kernel::Progress& progress) { remarks = exportDataSet(dataSet, path, progress); });
+    return remarks;
 }
 
 // Nothing is unsaved any more once each data set has been saved since the last change.

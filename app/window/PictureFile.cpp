@@ -1,7 +1,7 @@
 #include "app/window/PictureFile.h"
 
-#include "app/export/AtomicFiles.h"
-#include "app/export/ExportError.h"
+#include "app/export/writing/AtomicFiles.h"
+#include "app/export/writing/ExportError.h"
 
 #include <QBuffer>
 #include <QFileInfo>

@@ -27,6 +27,14 @@ SIDEWAYS = {'spreadsheet': {'variableops'}, 'datasetinfo': {'variableops'}}
 # Every part exports by this header.
 FOR_ALL_DIALOGS = 'dialogs/property/DialogsApi.h'
 
+# The rooms of reading and writing files, from bottom to top: each may include those that stand before it.
+FILE_ROOMS = ['app/vtk', 'app/files', 'app/import/raw', 'app/import/zones', 'app/import/reading', 'app/import/cells', 'app/import/xml',
+              'app/import/formats/*', 'app/import', 'app/export/writing', 'app/export/formats/*', 'app/export']
+# A format knows no other one, but for these; what is above the formats knows them by their table alone.
+FORMATS_KNOWN = {'app/import/formats/vtklegacy': {'app/import/formats/vtkxml'},
+                 'app/export/formats/vtkxml': {'app/import/formats/vtkxml'}}
+TABLES_OF_FORMATS = {'app/import/ReadableFormats.cpp', 'app/export/WritableFormats.cpp'}
+
 QT_CORE = {'QtCore', 'Qt', 'QtGlobal', 'QObject', 'QString', 'QStringList', 'QByteArray', 'QVariant', 'QPointer', 'QVector', 'QList',
            'QMap', 'QHash', 'QSet', 'QTimer', 'QLocale', 'QEvent', 'QCoreApplication', 'QMetaObject', 'QMetaType', 'QScopedPointer',
            'QSharedPointer', 'QAbstractItemModel', 'QAbstractListModel', 'QAbstractTableModel', 'QAbstractProxyModel', 'QModelIndex',
@@ -95,6 +103,46 @@ def dialogs_allowed(part, target_layer, target_part, included):
     if part in WITHIN_DIALOGS:
         return target_part in WITHIN_DIALOGS[part]
     return target_part in FRAMEWORK or target_part in SIDEWAYS.get(part, set())
+
+
+def is_below(folder, roof):
+    return folder == roof or folder.startswith(roof + '/')
+
+
+def is_about_files(folder):
+    return any(is_below(folder, roof) for roof in ('app/vtk', 'app/files', 'app/import', 'app/export'))
+
+
+def file_room(folder):
+    """The place of a folder in FILE_ROOMS; None if it is no room."""
+    kind = re.sub(r'/formats/[^/]+$', '/formats/*', folder)
+    return FILE_ROOMS.index(kind) if kind in FILE_ROOMS else None
+
+
+def file_room_allowed(path, included):
+    """Whether a file of one of the rooms may include a file of ours."""
+    folder, target = path.rpartition('/')[0], included.rpartition('/')[0]
+    if not included.startswith('app/'):
+        return included.startswith(('platform/', 'kernel/'))
+    own, other = file_room(folder), file_room(target)
+    if folder == target:
+        return True
+    if own is None or other is None or other > own:
+        return False
+    if '/formats/' in target:
+        return path in TABLES_OF_FORMATS or target in FORMATS_KNOWN.get(folder, set())
+    return True
+
+
+def check_file_rooms(path, text):
+    folder = path.rpartition('/')[0]
+    if not is_about_files(folder):
+        return
+    if file_room(folder) is None:
+        yield f'{path}: {folder} is none of the rooms of files'
+    for number, name, _ in includes(text):
+        if name.split('/')[0] in SOURCE_FOLDERS and not file_room_allowed(path, name):
+            yield f'{path}:{number}: must not include {name}'
 
 
 def includes(text):
@@ -171,6 +219,7 @@ def problems(files):
     found = []
     for path, text in sorted(files.items()):
         found += check_includes(path, text)
+        found += check_file_rooms(path, text)
         found += check_class_name(path, text)
     found += check_kernel_functions(files)
     return found

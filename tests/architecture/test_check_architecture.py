@@ -117,6 +117,48 @@ class Includes(unittest.TestCase):
         self.refused('kernel/data/Zone.cpp', '#include <host/IdleHold.h>\n')
 
 
+class FileRooms(unittest.TestCase):
+    def problems(self, path, text):
+        return list(check_architecture.check_file_rooms(path, text))
+
+    def refused(self, path, name):
+        self.assertEqual(len(self.problems(path, quoted(name))), 1, f'{path} may include {name}')
+
+    def allowed(self, path, name):
+        self.assertEqual(self.problems(path, quoted(name)), [])
+
+    def test_include_what_is_below_them(self):
+        self.allowed('app/import/reading/Reader.h', 'app/import/zones/ImportedZone.h')
+        self.allowed('app/import/zones/ImportedZone.h', 'kernel/data/Zone.h')
+        self.refused('app/import/zones/ImportedZone.h', 'app/import/reading/Reader.h')
+        self.refused('app/files/FileStamp.h', 'app/import/raw/RawArray.h')
+        self.refused('app/import/Importer.cpp', 'app/export/Exporter.h')
+        self.allowed('app/export/writing/Writer.cpp', 'app/files/PathChecks.h')
+
+    def test_need_neither_windows_nor_dialogs(self):
+        for name in ('app/window/MainWindow.h', 'app/plot/PageView.h', 'host/MessageLog.h', 'dialogs/property/Property.h'):
+            self.refused('app/import/Importer.cpp', name)
+
+    def test_a_format_uses_what_readers_share_and_no_other_format(self):
+        path = 'app/import/formats/new/NewReader.cpp'
+        self.allowed(path, 'app/import/formats/new/NewHeader.h')
+        self.allowed(path, 'app/import/reading/Reader.h')
+        self.refused(path, 'app/import/formats/table/CsvReader.h')
+        self.refused(path, 'app/import/Importer.h')
+        self.allowed('app/import/formats/vtklegacy/VtkLegacyReader.cpp', 'app/import/formats/vtkxml/VtkXmlReader.h')
+        self.refused('app/import/formats/vtkxml/VtkXmlReader.cpp', 'app/import/formats/vtklegacy/VtkLegacyReader.h')
+
+    def test_only_the_tables_know_formats(self):
+        self.allowed('app/import/ReadableFormats.cpp', 'app/import/formats/table/TableReader.h')
+        self.refused('app/import/Importer.cpp', 'app/import/formats/table/TableReader.h')
+        self.refused('app/export/WritableFormats.cpp', 'app/window/MainWindow.h')
+
+    def test_are_all_listed(self):
+        self.assertEqual(len(self.problems('app/import/odds/Ends.h', '#pragma once\n')), 1)
+        self.assertEqual(self.problems('app/import/formats/new/Ends.h', '#pragma once\n'), [])
+        self.assertEqual(self.problems('app/window/Ends.h', quoted('app/import/odds/Ends.h')), [])
+
+
 class KernelFunctions(unittest.TestCase):
     @staticmethod
     def declarations(count):

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/import/Deferral.h"
+#include "app/import/reading/Deferral.h"
 #include "app/tour/UserDriver.h"
 
 #include <QString>

@@ -1,6 +1,6 @@
 #include "app/import/cells/CellConversion.h"
 
-#include "app/import/ImportError.h"
+#include "app/files/ImportError.h"
 #include "app/vtk/CellShapes.h"
 
 #include <vtkCellType.h>

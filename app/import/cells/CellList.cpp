@@ -1,6 +1,6 @@
 #include "app/import/cells/CellList.h"
 
-#include "app/import/ImportError.h"
+#include "app/files/ImportError.h"
 
 #include <vtkCellType.h>
 #include <vtkPolyData.h>

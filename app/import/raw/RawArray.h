@@ -1,9 +1,13 @@
 #pragma once
 
-#include "app/import/files/FileStamp.h"
+#include "app/files/FileStamp.h"
 #include "app/import/raw/RawType.h"
+#include "app/import/raw/SharedArray.h"
+#include "kernel/compute/Progress.h"
+#include "kernel/data/Buffer.h"
 
 #include <cstdint>
+#include <memory>
 
 namespace veldraw::app {
 
@@ -27,5 +31,21 @@ struct RawArray
         return isKernelType(type) && offset % bytesOf(type) == 0 && (!bigEndian || bytesOf(type) == 1);
     }
 };
+
+/// Maps the file's bytes as the values of a buffer a component, privately: the file is never altered, a page that is written
+/// to becomes a copy. Nothing is read before it is looked at. The one mapping lives as long as one of the buffers, also when
+/// the file is removed.
+/// @param array standsAsWanted(); its component does not matter
+/// @throws ImportError the file is gone or changed, or the system refuses
+SharedArray::Components mapComponents(RawArray const& array);
+
+/// Reads the values of the component into memory, converted to the kernel's type.
+/// @throws ImportError the file is gone, changed, or changed while it was read
+/// @throws std::bad_alloc, kernel::Interrupted
+std::shared_ptr<kernel::Buffer> readValues(RawArray const& array, kernel::Progress& progress);
+
+/// The same through a temporary file, which is mapped: the system can take the memory back at any time.
+/// @throws ImportError also where there is no room for that file
+std::shared_ptr<kernel::Buffer> copyToScratch(RawArray const& array, kernel::Progress& progress);
 
 } // namespace veldraw::app

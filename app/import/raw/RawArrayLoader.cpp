@@ -1,7 +1,7 @@
 #include "app/import/raw/RawArrayLoader.h"
 
-#include "app/import/files/SizeCheck.h"
-#include "app/import/raw/RawArrayValues.h"
+#include "app/files/SizeCheck.h"
+#include "app/import/raw/RawArray.h"
 
 #include <unistd.h>
 

@@ -1,6 +1,6 @@
 #include "app/import/xml/XmlHeaderCheck.h"
 
-#include "app/import/ImportError.h"
+#include "app/files/ImportError.h"
 
 #include <algorithm>
 #include <cstdlib>

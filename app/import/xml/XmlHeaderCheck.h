@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/import/files/SizeCheck.h"
+#include "app/files/SizeCheck.h"
 #include "app/import/xml/XmlArrayPrefix.h"
 #include "app/import/xml/XmlTags.h"
 

@@ -1,6 +1,6 @@
 #include "app/import/xml/XmlTags.h"
 
-#include "app/import/ImportError.h"
+#include "app/files/ImportError.h"
 #include "app/import/xml/XmlText.h"
 
 #include <cstdlib>

@@ -1,4 +1,4 @@
-#include "app/import/ImportError.h"
+#include "app/files/ImportError.h"
 #include "app/import/xml/XmlTags.h"
 #include "app/import/xml/XmlText.h"
 #include "tests/app/import/FileHelpers.h"

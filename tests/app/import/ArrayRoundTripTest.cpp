@@ -1,5 +1,4 @@
 #include "app/export/Exporter.h"
-#include "app/export/WholeDataSet.h"
 #include "app/vtk/ZoneToVtk.h"
 #include "kernel/compute/Rotation.h"
 #include "kernel/data/SpatialVariables.h"

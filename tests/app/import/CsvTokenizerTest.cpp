@@ -1,4 +1,4 @@
-#include "app/import/table/CsvTokenizer.h"
+#include "app/import/formats/table/CsvTokenizer.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,3 @@
-#include "app/import/grids/VtkImport.h"
 #include "app/vtk/VtkErrorCapture.h"
 #include "tests/app/import/FileHelpers.h"
 #include "tests/app/import/GridSamples.h"
@@ -334,17 +333,6 @@ void expectSame(kernel::DataSet const& dataSet, kernel::DataSet const& wanted)
     }
 }
 
-// Opens a file as the program does when so many bytes of memory are free.
-std::shared_ptr<kernel::DataSet> openedWith(double memory, std::string const& path, std::string const& extension)
-{
-    app::FileWatch watch;
-    app::LoadingPlan plan(app::Deferral::Auto, memory);
-    kernel::Progress progress;
-    app::VtkImport import(watch, plan, progress);
-    import.read(path, extension, "sample");
-    return import.zones().finish("sample");
-}
-
 std::string write(Sample const& sample, TemporaryFolder const& folder, Encoding const& encoding)
 {
     std::mt19937 random(seed);
@@ -385,7 +373,7 @@ TEST_P(DeferralEquivalenceTest, BringsTheSameVariablesWheneverTheirValuesAreLoad
         auto const wanted = import(path, app::Deferral::Never).dataSet;
         EXPECT_GT(wanted->variableCount(), 25);
         expectSame(*import(path, app::Deferral::Always).dataSet, *wanted);
-        expectSame(*openedWith(memoryForSome, path, GetParam().extension), *wanted);
+        expectSame(*importWithMemory(memoryForSome, path), *wanted);
         if (HasFailure())
             return;
     }

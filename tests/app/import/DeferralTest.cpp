@@ -1,5 +1,5 @@
-#include "app/import/grids/ArrayChoice.h"
-#include "app/import/grids/VtkImport.h"
+#include "app/import/formats/vtkxml/ArrayChoice.h"
+#include "app/import/reading/LoadingPlan.h"
 #include "tests/app/import/FileHelpers.h"
 #include "tests/app/import/GridSamples.h"
 #include "tools/samples/SparseSamples.h"
@@ -374,12 +374,7 @@ TEST(Deferral, LoadsTheFirstVariableOfEachPartInsteadOfEverythingOfTheFirst)
     }
     std::string const path = folder.write("all.vtm", text + "</vtkMultiBlockDataSet></VTKFile>");
     auto const loadedWith = [&path](double memory) {
-        app::FileWatch watch;
-        app::LoadingPlan plan(app::Deferral::Auto, memory);
-        kernel::Progress progress;
-        app::VtkImport import(watch, plan, progress);
-        import.read(path, "vtm", "all");
-        auto const dataSet = import.zones().finish("all");
+        auto const dataSet = importWithMemory(memory, path);
         std::string loaded;
         for (int zone = 1; zone <= 4; ++zone)
             for (char const* name : {"X", "a", "b", "c"})

@@ -1,4 +1,3 @@
-#include "app/import/grids/VtkImport.h"
 #include "kernel/frames/Session.h"
 #include "tests/app/import/FileHelpers.h"
 #include "tests/app/import/GridSamples.h"
@@ -123,12 +122,7 @@ TEST(DeferredCells, AreLeftWithEverythingElseWhenTheyDoNotFitIntoTheMemory)
 {
     TemporaryFolder const folder;
     std::string const path = writeXml(*meshEndingWith({}), folder.path("a.vtu"));
-    app::FileWatch watch;
-    app::LoadingPlan plan(app::Deferral::Auto, 2e7);
-    kernel::Progress progress;
-    app::VtkImport import(watch, plan, progress);
-    import.read(path, "vtu", "a");
-    auto const dataSet = import.zones().finish("a");
+    auto const dataSet = importWithMemory(2e7, path);
     EXPECT_TRUE(dataSet->zone(1)->isDeferred());
     EXPECT_FALSE(fieldOf(*dataSet, 1, "X").isLoaded()) << "though it would fit";
 }

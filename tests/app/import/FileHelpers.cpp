@@ -1,5 +1,9 @@
 #include "tests/app/import/FileHelpers.h"
 
+#include "app/files/PathChecks.h"
+#include "app/import/ReadableFormats.h"
+#include "app/import/zones/DataSetOfZones.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
@@ -51,6 +55,16 @@ std::string contentOf(std::string const& path)
 app::ImportResult import(std::string const& path, app::Deferral deferral)
 {
     return app::importFile(QString::fromStdString(path), deferral);
+}
+
+std::shared_ptr<kernel::DataSet> importWithMemory(double bytes, std::string const& path)
+{
+    app::FileWatch watch;
+    app::LoadingPlan plan(app::Deferral::Auto, bytes);
+    kernel::Progress progress;
+    std::vector<std::string> remarks;
+    auto const reader = app::findFormat(app::readableFormats(), app::extensionOf(path))->makeReader();
+    return app::dataSetOf(reader->read(path, {app::baseNameOf(path), watch, plan, progress, remarks}), "sample");
 }
 
 std::string loadingProblem(kernel::DataSet const& dataSet, int zone, std::string const& variable)

@@ -32,6 +32,9 @@ std::string contentOf(std::string const& path);
 
 app::ImportResult import(std::string const& path, app::Deferral deferral = app::Deferral::Auto);
 
+/// Opens a file as the program does when so many bytes of memory are free.
+std::shared_ptr<kernel::DataSet> importWithMemory(double bytes, std::string const& path);
+
 /// Loads a field that is not loaded. @return what its loader complains about; empty when it succeeds
 std::string loadingProblem(kernel::DataSet const& dataSet, int zone, std::string const& variable);
 

@@ -313,9 +313,9 @@ TEST(HiddenParts, AreToldToBeRowsLikeOthersInATable)
 {
     TemporaryFolder const folder;
     auto const data = import(writeXml(*gridFor("vts"), folder.path("a.vts"))).dataSet;
-    auto const result = app::exportDataSet(*data, QString::fromStdString(folder.path("b.csv")));
+    auto const remarks = app::exportDataSet(*data, QString::fromStdString(folder.path("b.csv")));
     std::string all;
-    for (std::string const& remark : result.remarks)
+    for (std::string const& remark : remarks)
         all += remark + "\n";
     EXPECT_NE(all.find("hidden points are rows like others"), std::string::npos) << all;
 }

@@ -1,4 +1,4 @@
-#include "app/import/grids/InterruptibleBuffer.h"
+#include "app/import/formats/vtkxml/InterruptibleBuffer.h"
 
 #include "FileHelpers.h"
 #include "app/import/Importer.h"

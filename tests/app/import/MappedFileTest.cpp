@@ -1,6 +1,6 @@
-#include "app/import/files/MappedMemory.h"
+#include "app/files/MappedMemory.h"
+#include "app/import/raw/RawArray.h"
 #include "app/import/raw/RawArrayLoader.h"
-#include "app/import/raw/RawArrayValues.h"
 #include "tests/app/import/FileHelpers.h"
 
 #include <filesystem>

@@ -1,7 +1,7 @@
-#include "app/import/files/ScratchFile.h"
+#include "app/files/ScratchFile.h"
 
+#include "app/import/raw/RawArray.h"
 #include "app/import/raw/RawArrayLoader.h"
-#include "app/import/raw/RawArrayValues.h"
 #include "kernel/compute/Interrupted.h"
 #include "tests/app/import/FileHelpers.h"
 

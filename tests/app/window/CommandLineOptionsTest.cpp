@@ -1,5 +1,8 @@
 #include "app/commandline/CommandLineOptions.h"
 
+#include "app/export/WritableFormats.h"
+#include "app/import/ReadableFormats.h"
+
 #include <gtest/gtest.h>
 
 namespace veldraw::tests {
@@ -60,6 +63,15 @@ TEST(CommandLineOptions, AfterTwoDashesEverythingIsAFile)
 TEST(CommandLineOptions, WhatIsUnknownIsAnError)
 {
     EXPECT_FALSE(parse({QStringLiteral("--nonsense")}).error.isEmpty());
+}
+
+TEST(CommandLineOptions, HelpListsTheFilesThatCanBeOpenedAndSaved)
+{
+    QString const help = app::CommandLineOptions::helpText();
+    for (app::FileFormat const& format : app::readableFormats())
+        EXPECT_TRUE(help.contains(QString::fromStdString("\n  " + format.text() + "\n"))) << format.description;
+    for (app::FileFormat const& format : app::writableFormats())
+        EXPECT_TRUE(help.contains(QString::fromStdString("\n  " + format.text() + "\n"))) << format.description;
 }
 
 TEST(CommandLineOptions, SayWhenValuesAreLoaded)

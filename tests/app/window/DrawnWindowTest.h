@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/import/Deferral.h"
+#include "app/import/reading/Deferral.h"
 #include "app/plot/FieldView.h"
 #include "app/plot/PageView.h"
 #include "tests/app/window/WindowTest.h"

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "app/export/writing/Writer.h"
+
+namespace veldraw::app {
+
+/// Writes the nodal variables of each zone as a text table (.csv with commas, .tsv with tabs): a header line, and a row a point.
+///
+/// Numbers have as many digits as it takes to read them back as they were. Several zones become several files, with the zone's number
+/// appended to the name.
+class TableWriter : public Writer
+{
+public:
+    void write(kernel::DataSet const& dataSet, std::string const& path, ExportContext const& context) override;
+};
+
+} // namespace veldraw::app

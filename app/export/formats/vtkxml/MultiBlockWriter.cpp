@@ -1,0 +1,82 @@
+#include "app/export/formats/vtkxml/MultiBlockWriter.h"
+
+#include "app/export/formats/vtkxml/ZoneFileWriter.h"
+#include "app/files/PathChecks.h"
+
+#include <QXmlStreamWriter>
+
+#include <filesystem>
+#include <fstream>
+
+namespace veldraw::app {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Piece
+{
+    std::string name;
+    std::string file; // seen from the folder of the file that names it
+};
+
+QString toQt(std::string const& text)
+{
+    return QString::fromStdString(text);
+}
+
+// VTK's own writer could not be told where the pieces will stand in the end.
+QByteArray textNaming(std::vector<Piece> const& pieces)
+{
+    QByteArray text;
+    QXmlStreamWriter xml(&text);
+    xml.setAutoFormatting(true);
+    xml.writeStartDocument();
+    xml.writeStartElement(QStringLiteral("VTKFile"));
+    xml.writeAttribute(QStringLiteral("type"), QStringLiteral("vtkMultiBlockDataSet"));
+    xml.writeAttribute(QStringLiteral("version"), QStringLiteral("1.0"));
+    xml.writeAttribute(QStringLiteral("byte_order"), QStringLiteral("LittleEndian"));
+    xml.writeAttribute(QStringLiteral("header_type"), QStringLiteral("UInt64"));
+    xml.writeStartElement(QStringLiteral("vtkMultiBlockDataSet"));
+    int index = 0;
+    for (Piece const& piece : pieces) {
+        xml.writeEmptyElement(QStringLiteral("DataSet"));
+        xml.writeAttribute(QStringLiteral("index"), QString::number(index++));
+        xml.writeAttribute(QStringLiteral("name"), toQt(piece.name));
+        xml.writeAttribute(QStringLiteral("file"), toQt(piece.file));
+    }
+    xml.writeEndDocument();
+    return text;
+}
+
+void writeBytes(std::string const& path, QByteArray const& bytes)
+{
+    std::ofstream file(path, std::ios::binary | std::ios::trunc);
+    file.write(bytes.constData(), bytes.size());
+    file.close();
+    if (!file)
+        throw ExportError("the file could not be written; the disk may be full");
+}
+
+} // namespace
+
+void MultiBlockWriter::write(kernel::DataSet const& dataSet, std::string const& path, ExportContext const& context)
+{
+    std::string const name = baseNameOf(path);
+    fs::path const folder = fs::path(path).parent_path() / name;
+    context.files.addFolder(folder.string());
+    ZoneFileWriter const writer(dataSet);
+    std::vector<Piece> pieces;
+    for (int zone = 1; zone <= dataSet.zoneCount(); ++zone) {
+        kernel::Zone const& source = *dataSet.zone(zone);
+        std::string const format = ZoneFileWriter::pieceFormat(source);
+        std::string const file = name + "_" + std::to_string(zone) + "." + format;
+        kernel::Progress ofZone(context.progress, workOf(source));
+        ofZone.check();
+        writer.write(zone, format, context.files.add((folder / file).string()), ofZone);
+        pieces.push_back({source.name, name + "/" + file});
+    }
+    writeBytes(context.files.add(path), textNaming(pieces));
+}
+
+} // namespace veldraw::app

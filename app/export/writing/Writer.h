@@ -1,0 +1,40 @@
+#pragma once
+
+#include "app/export/writing/AtomicFiles.h"
+#include "app/export/writing/ExportError.h"
+#include "kernel/compute/Progress.h"
+#include "kernel/data/DataSet.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace veldraw::app {
+
+/// What a writer works with besides the data set.
+struct ExportContext
+{
+    AtomicFiles& files;                ///< makes all files that are written; puts them in place when the writer is done
+    kernel::Progress& progress;        ///< has workOf() the data set, and as much again, as its total
+    std::vector<std::string>& remarks; ///< take sentences for the user: values left out, several files instead of one
+};
+
+/// Writes data sets in one format.
+class Writer
+{
+public:
+    virtual ~Writer() = default;
+
+    /// @param dataSet has zones, and all of their values are loaded
+    /// @param path of the file that the user asked for
+    /// @throws ExportError with the reason alone: who called names the file; kernel::Interrupted
+    virtual void write(kernel::DataSet const& dataSet, std::string const& path, ExportContext const& context) = 0;
+};
+
+/// A measure of the bytes that a zone takes in a file.
+std::int64_t workOf(kernel::Zone const& zone);
+
+/// Names of all variables, each once: a name that is taken gets " (2)" and so on, an empty one becomes "Variable n".
+std::vector<std::string> uniqueVariableNames(kernel::DataSet const& dataSet);
+
+} // namespace veldraw::app

@@ -1,0 +1,49 @@
+#include "app/files/PathChecks.h"
+
+#include "app/files/ImportError.h"
+
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace veldraw::app {
+
+std::string extensionOf(std::string const& path)
+{
+    std::string extension = std::filesystem::path(path).extension().string();
+    for (char& c : extension) {
+        if (c >= 'A' && c <= 'Z')
+            c = static_cast<char>(c - 'A' + 'a');
+    }
+    return extension.empty() ? extension : extension.substr(1);
+}
+
+std::string baseNameOf(std::string const& path)
+{
+    return std::filesystem::path(path).stem().string();
+}
+
+void checkReadable(std::string const& path)
+{
+    struct stat status
+    {
+    };
+    if (::stat(path.c_str(), &status) != 0)
+        throw ImportError(errno == ENOENT ? "there is no such file" : std::strerror(errno));
+    if (S_ISDIR(status.st_mode))
+        throw ImportError("it is a folder");
+    // Opening a pipe or a device could wait for ever.
+    if (!S_ISREG(status.st_mode))
+        throw ImportError("it is no regular file");
+    int const file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (file < 0)
+        throw ImportError(errno == EACCES ? "you have no permission to read it" : std::strerror(errno));
+    ::close(file);
+    if (status.st_size == 0)
+        throw ImportError("it is empty");
+}
+
+} // namespace veldraw::app

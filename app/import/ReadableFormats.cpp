@@ -1,0 +1,31 @@
+#include "app/import/ReadableFormats.h"
+
+#include "app/import/formats/metaimage/MetaImageReader.h"
+#include "app/import/formats/table/TableReader.h"
+#include "app/import/formats/vtklegacy/VtkLegacyReader.h"
+#include "app/import/formats/vtkxml/VtkXmlReader.h"
+
+namespace veldraw::app {
+
+namespace {
+
+template <typename FormatReader>
+std::unique_ptr<Reader> make()
+{
+    return std::make_unique<FormatReader>();
+}
+
+} // namespace
+
+std::vector<ReadableFormat> const& readableFormats()
+{
+    static std::vector<ReadableFormat> const formats{
+        {{"VTK XML files", {"vti", "vtr", "vts", "vtu", "vtp", "vtm"}}, "VTK", make<VtkXmlReader>},
+        {{"VTK legacy files", {"vtk"}}, "VTK", make<VtkLegacyReader>},
+        {{"MetaImage files", {"mhd", "mha"}}, "MetaImage", make<MetaImageReader>},
+        {{"Text tables with a header line", {"csv", "tsv", "txt"}}, "CSV", make<TableReader>},
+    };
+    return formats;
+}
+
+} // namespace veldraw::app

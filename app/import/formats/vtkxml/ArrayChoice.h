@@ -1,0 +1,45 @@
+#pragma once
+
+#include "app/import/formats/vtkxml/DeferredArray.h"
+#include "app/import/formats/vtkxml/GridArrays.h"
+#include "app/import/formats/vtkxml/VtkFile.h"
+#include "app/import/reading/LoadingPlan.h"
+
+#include <vtkDataArraySelection.h>
+#include <vtkXMLReader.h>
+
+#include <string>
+#include <vector>
+
+namespace veldraw::app {
+
+/// Chooses the arrays of a VTK XML file that its reader is to read now, coordinates included, and describes the others.
+///
+/// Files whose pieces have different arrays, and files with two arrays of one name in a section, are read whole.
+class ArrayChoice
+{
+public:
+    /// @param reader has read the header of the file with these arrays (UpdateInformation())
+    /// @param plan   gets the file's total unless it has one
+    ArrayChoice(vtkXMLReader& reader, GridArrays arrays, LoadingPlan& plan);
+
+    /// Switches arrays of the reader off and adds them to @p deferred.
+    void run(DeferredArrays& deferred);
+
+private:
+    using Arrays = std::vector<XmlArrayList::Array>;
+
+    void chooseCells(DeferredArrays& deferred);
+    bool loadsNow(XmlArrayList::Array const& array, bool isMapped, LoadingPlan::Need need);
+    void choosePoints(DeferredArrays& deferred);
+    std::vector<DeferredArray> choose(vtkDataArraySelection& selection, Arrays const& arrays, XmlSection section);
+    DeferredArray described(XmlArrayList::Array const& array, std::string const& name, XmlSection section) const;
+
+    vtkXMLReader& m_reader;
+    GridArrays m_arrays;
+    XmlArrayList const& m_list; // of the arrays
+    LoadingPlan& m_plan;
+    bool m_leavesAll = false; // a zone whose cells are not read is left in the file as a whole
+};
+
+} // namespace veldraw::app

@@ -1,0 +1,50 @@
+#include "app/import/zones/ImportedZone.h"
+
+#include <algorithm>
+
+namespace veldraw::app {
+
+void ImportedZone::addField(std::string const& name, kernel::Field field)
+{
+    std::string const wanted = name.empty() ? "Variable" : name;
+    auto const isTaken = [this](std::string const& text) {
+        return std::any_of(fields.begin(), fields.end(),
+                           [&text](NamedField const& other) { return other.name == text; });
+    };
+    std::string unique = wanted;
+    for (int n = 2; isTaken(unique); ++n)
+        unique = wanted + " (" + std::to_string(n) + ")";
+    fields.push_back({unique, std::move(field), nullptr, 0});
+}
+
+void ImportedZone::addArray(std::string const& name, std::vector<kernel::Field> components,
+                            std::vector<std::string> const& variables, std::vector<std::string> componentNames)
+{
+    auto const array = std::make_shared<kernel::SourceArray>();
+    array->name = name;
+    array->componentNames = std::move(componentNames);
+    int const count = static_cast<int>(components.size());
+    for (int component = 0; component < count; ++component) {
+        auto const n = static_cast<std::size_t>(component);
+        addField(variables.size() == components.size() ? variables[n] : componentName(name, component, count),
+                 std::move(components[n]));
+        array->variables.push_back(fields.back().name);
+    }
+    bool const isItself = count == 1 && array->variables.front() == name && array->componentNames.empty();
+    for (int component = 0; component < count && !name.empty() && !isItself; ++component) {
+        NamedField& field = fields[fields.size() - components.size() + static_cast<std::size_t>(component)];
+        field.array = array;
+        field.component = component;
+    }
+}
+
+std::string componentName(std::string const& name, int component, int count)
+{
+    if (count == 1)
+        return name;
+    if (count > 3)
+        return name + "_" + std::to_string(component + 1);
+    return name + "_" + "XYZ"[component];
+}
+
+} // namespace veldraw::app

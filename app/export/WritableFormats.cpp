@@ -1,15 +1,14 @@
 #include "app/export/WritableFormats.h"
 
 #include "app/export/formats/table/TableWriter.h"
-#include "app/export/formats/vtkxml/MultiBlockWriter.h"
-#include "app/export/formats/vtkxml/OneZoneWriter.h"
+#include "app/export/formats/vtkxml/VtkXmlWriter.h"
 
 namespace veldraw::app {
 
 namespace {
 
 template <typename FormatWriter>
-std::unique_ptr<Writer> make()
+std::unique_ptr<Writer> writerOf()
 {
     return std::make_unique<FormatWriter>();
 }
@@ -19,13 +18,13 @@ std::unique_ptr<Writer> make()
 std::vector<WritableFormat> const& writableFormats()
 {
     static std::vector<WritableFormat> const formats{
-        {{"VTK XML, all zones", {"vtm"}}, make<MultiBlockWriter>},
-        {{"VTK XML, one ordered zone", {"vts"}}, make<OneZoneWriter>},
-        {{"VTK XML, one finite-element zone", {"vtu"}}, make<OneZoneWriter>},
-        {{"VTK XML, one surface zone", {"vtp"}}, make<OneZoneWriter>},
-        {{"VTK XML, one uniform grid", {"vti"}}, make<OneZoneWriter>},
-        {{"Comma-separated values", {"csv"}}, make<TableWriter>},
-        {{"Tab-separated values", {"tsv"}}, make<TableWriter>},
+        {{"VTK XML, all zones", {"vtm"}}, writerOf<VtkXmlWriter>},
+        {{"VTK XML, one ordered zone", {"vts"}}, writerOf<VtkXmlWriter>},
+        {{"VTK XML, one finite-element zone", {"vtu"}}, writerOf<VtkXmlWriter>},
+        {{"VTK XML, one surface zone", {"vtp"}}, writerOf<VtkXmlWriter>},
+        {{"VTK XML, one uniform grid", {"vti"}}, writerOf<VtkXmlWriter>},
+        {{"Comma-separated values", {"csv"}}, writerOf<TableWriter>},
+        {{"Tab-separated values", {"tsv"}}, writerOf<TableWriter>},
     };
     return formats;
 }

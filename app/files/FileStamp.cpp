@@ -48,6 +48,11 @@ int FileStamp::open() const
     throw ImportError("\"" + m_path + "\" has been changed by another program since it was opened; open it again");
 }
 
+void FileStamp::checkUnchanged() const
+{
+    ::close(open());
+}
+
 bool FileStamp::isSame(int descriptor) const
 {
     return !differsFrom(FileStamp(m_path, descriptor));

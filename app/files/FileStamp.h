@@ -22,6 +22,9 @@ public:
     /// @throws ImportError the file is gone or cannot be read, or it is not the one that was noted any more
     int open() const;
 
+    /// @throws ImportError as open() does
+    void checkUnchanged() const;
+
     /// Whether an open file is still as noted. @throws ImportError
     bool isSame(int descriptor) const;
 

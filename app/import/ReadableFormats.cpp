@@ -10,7 +10,7 @@ namespace veldraw::app {
 namespace {
 
 template <typename FormatReader>
-std::unique_ptr<Reader> make()
+std::unique_ptr<Reader> readerOf()
 {
     return std::make_unique<FormatReader>();
 }
@@ -20,10 +20,10 @@ std::unique_ptr<Reader> make()
 std::vector<ReadableFormat> const& readableFormats()
 {
     static std::vector<ReadableFormat> const formats{
-        {{"VTK XML files", {"vti", "vtr", "vts", "vtu", "vtp", "vtm"}}, "VTK", make<VtkXmlReader>},
-        {{"VTK legacy files", {"vtk"}}, "VTK", make<VtkLegacyReader>},
-        {{"MetaImage files", {"mhd", "mha"}}, "MetaImage", make<MetaImageReader>},
-        {{"Text tables with a header line", {"csv", "tsv", "txt"}}, "CSV", make<TableReader>},
+        {{"VTK XML files", {"vti", "vtr", "vts", "vtu", "vtp", "vtm"}}, "VTK", readerOf<VtkXmlReader>},
+        {{"VTK legacy files", {"vtk"}}, "VTK", readerOf<VtkLegacyReader>},
+        {{"MetaImage files", {"mhd", "mha"}}, "MetaImage", readerOf<MetaImageReader>},
+        {{"Text tables with a header line", {"csv", "tsv", "txt"}}, "CSV", readerOf<TableReader>},
     };
     return formats;
 }

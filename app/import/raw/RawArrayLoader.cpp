@@ -3,8 +3,6 @@
 #include "app/files/SizeCheck.h"
 #include "app/import/raw/RawArray.h"
 
-#include <unistd.h>
-
 namespace veldraw::app {
 
 namespace {
@@ -40,7 +38,7 @@ std::shared_ptr<kernel::Buffer> RawArrayLoader::load(kernel::Progress& progress)
 {
     if (!maps())
         return m_isHuge ? copyToScratch(m_array, progress) : readValues(m_array, progress);
-    ::close(m_array.file.open()); // tells when it is gone or changed, though it may be mapped already
+    m_array.file.checkUnchanged(); // though it may be mapped already
     return m_whole->take(m_array.component, [this] { return mapComponents(m_array); });
 }
 

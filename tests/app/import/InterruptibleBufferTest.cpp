@@ -1,7 +1,6 @@
-#include "app/import/formats/vtkxml/InterruptibleBuffer.h"
-
 #include "FileHelpers.h"
 #include "app/import/Importer.h"
+#include "app/import/formats/vtkxml/InterruptibleReader.h"
 #include "kernel/compute/Interrupted.h"
 #include "tests/app/import/WatchedProgress.h"
 

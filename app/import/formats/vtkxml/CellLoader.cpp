@@ -5,8 +5,6 @@
 #include "app/import/formats/vtkxml/VtkFile.h"
 #include "kernel/data/Zone.h"
 
-#include <unistd.h>
-
 namespace veldraw::app {
 
 CellLoader::CellLoader(DeferredCells cells, ZoneType_e wanted)
@@ -18,7 +16,7 @@ CellLoader::CellLoader(DeferredCells cells, ZoneType_e wanted)
 
 kernel::ZoneDimensions CellLoader::load(kernel::Progress& progress)
 {
-    ::close(m_cells.file.open()); // tells when it is gone or changed
+    m_cells.file.checkUnchanged();
     auto const grid = readVtkCells(m_cells.file.path(), progress);
     auto* const mesh = vtkDataSet::SafeDownCast(grid);
     ImportedCells const cells = mesh ? importCells(*mesh, m_cells.points, m_wanted) : ImportedCells();

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/import/formats/vtkxml/DeferredArray.h"
-#include "app/import/reading/ImportContext.h"
+#include "app/import/reading/Reader.h"
 #include "kernel/compute/Progress.h"
 
 #include <vtkDataObject.h>

@@ -3,12 +3,16 @@
 #include "app/files/PathChecks.h"
 #include "app/import/formats/vtkxml/BlockImport.h"
 #include "app/import/formats/vtkxml/GridArrays.h"
-#include "app/import/formats/vtkxml/MultiBlockFile.h"
 #include "app/import/formats/vtkxml/VtkFile.h"
 
+#include <QXmlStreamReader>
 #include <vtkCompositeDataSet.h>
 #include <vtkInformation.h>
 #include <vtkMultiBlockDataSet.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 
 namespace veldraw::app {
 
@@ -46,6 +50,59 @@ void readGrid(std::string const& path, ImportContext const& context, std::vector
     addBlock(grid, context.title, deferred, context.remarks, zones);
 }
 
+// One piece that a multi-block file (.vtm) names.
+struct MultiBlockPiece
+{
+    std::string path; // absolute, or relative to the current folder
+    std::string file; // as the file spells it, for messages
+    std::string name; // of the block; that of the block around it where it has none, else empty
+};
+
+QString attribute(QXmlStreamReader const& xml, char const* name)
+{
+    return xml.attributes().value(QLatin1String(name)).toString();
+}
+
+bool isBlock(QXmlStreamReader const& xml)
+{
+    return xml.name() == QLatin1String("Block") || xml.name() == QLatin1String("Piece");
+}
+
+// Those in the file's order; blocks without a file are left out.
+std::vector<MultiBlockPiece> piecesIn(std::string const& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    std::string const content{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    auto const folder = std::filesystem::path(path).parent_path();
+    QXmlStreamReader xml(QByteArray::fromRawData(content.data(), static_cast<int>(content.size())));
+    if (!xml.readNextStartElement() || xml.name() != QLatin1String("VTKFile") ||
+        attribute(xml, "type") != QLatin1String("vtkMultiBlockDataSet"))
+        throw ImportError("it is no VTK XML multi-block file");
+    std::vector<MultiBlockPiece> pieces;
+    QStringList names;
+    while (!xml.atEnd()) {
+        xml.readNext();
+        if (xml.isStartElement() && xml.name() == QLatin1String("AppendedData"))
+            return pieces; // what follows need not be XML
+        if (xml.isStartElement() && isBlock(xml)) {
+            names.append(attribute(xml, "name"));
+        } else if (xml.isEndElement() && isBlock(xml)) {
+            names.removeLast();
+        } else if (xml.isStartElement() && xml.name() == QLatin1String("DataSet")) {
+            std::string const piece = attribute(xml, "file").toStdString();
+            QString name = attribute(xml, "name");
+            for (int n = names.size(); name.isEmpty() && n > 0; --n)
+                name = names[n - 1];
+            if (!piece.empty())
+                pieces.push_back({(folder / piece).string(), piece, name.toStdString()});
+        }
+    }
+    if (xml.hasError())
+        throw ImportError("it is damaged or incomplete (" + xml.errorString().toStdString() + ", line " +
+                          std::to_string(xml.lineNumber()) + ")");
+    return pieces;
+}
+
 void checkPiece(std::string const& path)
 {
     std::string const extension = extensionOf(path);
@@ -74,7 +131,7 @@ void planFor(std::vector<MultiBlockPiece> const& pieces, LoadingPlan& plan)
 
 void readPieces(std::string const& path, ImportContext const& context, std::vector<ImportedZone>& zones)
 {
-    auto const pieces = multiBlockPieces(path);
+    auto const pieces = piecesIn(path);
     planFor(pieces, context.plan);
     for (std::size_t n = 0; n < pieces.size(); ++n) {
         MultiBlockPiece const& piece = pieces[n];

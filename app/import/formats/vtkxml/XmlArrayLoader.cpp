@@ -8,8 +8,6 @@
 #include <vtkPointData.h>
 #include <vtkPointSet.h>
 
-#include <unistd.h>
-
 namespace veldraw::app {
 
 namespace {
@@ -38,7 +36,7 @@ XmlArrayLoader::XmlArrayLoader(Place place, RawType type, std::int64_t tuples, s
 
 std::shared_ptr<kernel::Buffer> XmlArrayLoader::load(kernel::Progress& progress)
 {
-    ::close(m_place.file.open()); // tells when it is gone or changed
+    m_place.file.checkUnchanged();
     kernel::Progress ofArray(progress, m_tuples);
     auto const values = m_whole->take(m_place.component, [&] { return read(ofArray); });
     return asType(values, kernelTypeOf(m_type));

@@ -1,4 +1,4 @@
-#include "app/import/formats/vtkxml/InterruptibleBuffer.h"
+#include "app/import/formats/vtkxml/InterruptibleReader.h"
 
 #include <ios>
 

@@ -1,4 +1,4 @@
-#include "app/export/formats/vtkxml/MultiBlockWriter.h"
+#include "app/export/formats/vtkxml/VtkXmlWriter.h"
 
 #include "app/export/formats/vtkxml/ZoneFileWriter.h"
 #include "app/files/PathChecks.h"
@@ -58,9 +58,7 @@ void writeBytes(std::string const& path, QByteArray const& bytes)
         throw ExportError("the file could not be written; the disk may be full");
 }
 
-} // namespace
-
-void MultiBlockWriter::write(kernel::DataSet const& dataSet, std::string const& path, ExportContext const& context)
+void writePieces(kernel::DataSet const& dataSet, std::string const& path, ExportContext const& context)
 {
     std::string const name = baseNameOf(path);
     fs::path const folder = fs::path(path).parent_path() / name;
@@ -77,6 +75,26 @@ void MultiBlockWriter::write(kernel::DataSet const& dataSet, std::string const& 
         pieces.push_back({source.name, name + "/" + file});
     }
     writeBytes(context.files.add(path), textNaming(pieces));
+}
+
+void writeOneZone(kernel::DataSet const& dataSet, std::string const& path, ExportContext const& context)
+{
+    if (dataSet.zoneCount() != 1)
+        throw ExportError("this format takes one zone, and there are " + std::to_string(dataSet.zoneCount()) +
+                          "; .vtm takes them all");
+    kernel::Progress ofZone(context.progress, workOf(*dataSet.zone(1)));
+    ofZone.check();
+    ZoneFileWriter(dataSet).write(1, extensionOf(path), context.files.add(path), ofZone);
+}
+
+} // namespace
+
+void VtkXmlWriter::write(kernel::DataSet const& dataSet, std::string const& path, ExportContext const& context)
+{
+    if (extensionOf(path) == "vtm")
+        writePieces(dataSet, path, context);
+    else
+        writeOneZone(dataSet, path, context);
 }
 
 } // namespace veldraw::app

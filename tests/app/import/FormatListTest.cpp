@@ -12,6 +12,7 @@ namespace veldraw::test {
 
 namespace {
 
+using ::testing::AllOf;
 using ::testing::ElementsAreArray;
 using ::testing::HasSubstr;
 
@@ -83,27 +84,30 @@ TEST(FormatList, IsTheOneInTheReadme)
 TEST(FormatList, GivesTheFiltersOfTheFileDialogs)
 {
     QStringList const read = app::importNameFilters();
-    ASSERT_EQ(read.size(), static_cast<int>(app::readableFormats().size()) + 2);
-    EXPECT_EQ(read.first(), QStringLiteral("All data files (*.vti *.vtr *.vts *.vtu *.vtp *.vtm *.vtk *.mhd *.mha "
-                                           "*.csv *.tsv *.txt)"));
-    EXPECT_EQ(read.at(3), QStringLiteral("MetaImage files (*.mhd *.mha)"));
+    EXPECT_EQ(read.size(), static_cast<int>(app::readableFormats().size()) + 2);
+    EXPECT_TRUE(read.first().startsWith(QStringLiteral("All data files (*.vti *.vtr "))) << read.first().toStdString();
+    for (char const* pattern : {" *.vtk ", " *.mha ", " *.csv "})
+        EXPECT_TRUE(read.first().contains(QLatin1String(pattern))) << read.first().toStdString();
+    EXPECT_TRUE(read.contains(QStringLiteral("MetaImage files (*.mhd *.mha)")));
     EXPECT_EQ(read.last(), QStringLiteral("All files (*)"));
     QStringList const written = app::exportNameFilters();
-    ASSERT_EQ(written.size(), static_cast<int>(app::writableFormats().size()));
+    EXPECT_EQ(written.size(), static_cast<int>(app::writableFormats().size()));
     EXPECT_EQ(written.first(), QStringLiteral("VTK XML, all zones (*.vtm)"));
 }
 
 TEST(FormatList, IsToldToWhoComesWithAnotherKindOfFile)
 {
     TemporaryFolder const folder;
-    EXPECT_THAT(problemWith(folder.write("picture.png", "x")),
-                HasSubstr("files of this kind (.png) cannot be read; these can: .vti .vtr .vts .vtu .vtp .vtm .vtk "));
+    EXPECT_THAT(
+        problemWith(folder.write("picture.png", "x")),
+        AllOf(HasSubstr("files of this kind (.png) cannot be read; these can: .vti .vtr "), HasSubstr(" .csv ")));
     auto const data = import(folder.write("table.csv", "a\n1\n")).dataSet;
     try {
         app::exportDataSet(*data, QString::fromStdString(folder.path("picture.png")));
         ADD_FAILURE() << "was written";
     } catch (app::ExportError const& error) {
-        EXPECT_THAT(error.what(), HasSubstr("(.png) cannot be written; these can: .vtm .vts .vtu .vtp .vti .csv .tsv"));
+        EXPECT_THAT(error.what(), AllOf(HasSubstr("files of this kind (.png) cannot be written; these can: .vtm .vts "),
+                                        HasSubstr(" .csv ")));
     }
 }
 

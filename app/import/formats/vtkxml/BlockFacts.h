@@ -13,7 +13,13 @@
 
 namespace veldraw::app {
 
-/// What the field data of a block say about the zone: see importFile() for their names.
+/// What the field data of a block say about the zone:
+///   - TimeValue (a number): the zone's solution time;
+///   - StrandId (a number from 0): the zone's time strand;
+///   - TimeStep (a number) without StrandId: the n-th block of each time step belongs to strand n, and the step is the
+///     solution time where there is no TimeValue;
+///   - ZoneName, ZoneType, IsScattered, CoordinateNames, VariableNames, ArrayVariables: written by our export, so that a
+///     data set comes back as it was.
 struct BlockFacts
 {
     /// @param fieldData may be null

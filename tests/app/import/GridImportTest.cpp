@@ -307,6 +307,29 @@ TEST(GridImport, ReportsProgressThatNeverFalls)
     EXPECT_LE(reports.back(), 1.0);
 }
 
+TEST(GridImport, CountsThePartsOfAMultiBlockFileAsPartsOfTheWhole)
+{
+    TemporaryFolder const folder;
+    std::string text = "<VTKFile type=\"vtkMultiBlockDataSet\" version=\"1.0\"><vtkMultiBlockDataSet>";
+    for (char const* name : {"a.vts", "b.vts", "c.vts", "d.vts"}) {
+        writeXml(*gridWithValues(), folder.path(name));
+        text += std::string("<DataSet file=\"") + name + "\"/>";
+    }
+    std::string const path = folder.write("all.vtm", text + "</vtkMultiBlockDataSet></VTKFile>");
+    std::vector<double> reports;
+    WatchedProgress progress([&reports](double done) {
+        reports.push_back(done);
+        return true;
+    });
+    app::importFile(QString::fromStdString(path), app::Deferral::Never, progress);
+    EXPECT_TRUE(std::is_sorted(reports.begin(), reports.end()));
+    for (double const first : {0.0, 0.25, 0.5, 0.75}) {
+        auto const isIn = [first](double done) { return done >= first && done < first + 0.25; };
+        EXPECT_TRUE(std::any_of(reports.begin(), reports.end(), isIn)) << "nothing is told from " << first << " on";
+    }
+    EXPECT_EQ(progress.fraction(), 1.0);
+}
+
 TEST(GridImport, StopsWhenTheUserCancels)
 {
     TemporaryFolder const folder;

@@ -13,7 +13,7 @@ namespace {
 
 constexpr double mostValuesPerByte = 8.0; // bits
 constexpr double mostExpansion = 1100.0;  // deflate does not get beyond 1032
-constexpr double shareOfMemory = 0.8;     // some is left for everybody else
+constexpr double mostOfMemory = 0.8;      // some is left for everybody else
 
 std::string gigabytes(double bytes)
 {
@@ -47,7 +47,7 @@ void SizeCheck::addComputed(double count, double bytes)
 void checkMemoryFor(double bytes)
 {
     double const available = availableMemory();
-    if (!(bytes <= available * shareOfMemory))
+    if (!(bytes <= available * mostOfMemory))
         throw ImportError("it needs " + gigabytes(bytes) + " of memory, and " + gigabytes(available) + " are free");
 }
 

@@ -21,7 +21,7 @@ namespace {
 constexpr double barWidth = 18.0;
 constexpr double tickLength = 5.0;
 constexpr double textGap = 5.0;
-constexpr double air = 10.0; // on both sides
+constexpr double sideGap = 10.0; // on both sides
 constexpr double nameGap = 10.0;
 constexpr double usualHeight = 330.0;
 constexpr double betweenTicks = 48.0;
@@ -90,7 +90,7 @@ double ColourLegend::widthIn(QSizeF const& frame, double pixelRatio) const
     if (!m_isShown)
         return 0.0;
     double const labels = widestLabel(ticksFor(std::min(usualHeight, 0.6 * frame.height())), pixelRatio);
-    double const needed = 2.0 * air + barWidth + tickLength + textGap + labels;
+    double const needed = 2.0 * sideGap + barWidth + tickLength + textGap + labels;
     double const wanted = std::max(needed, std::min(usualWidth, 0.25 * frame.width()));
     return frame.height() < smallestFrame || frame.width() < smallestFrame + wanted ? 0.0 : wanted;
 }
@@ -101,7 +101,7 @@ void ColourLegend::place(QRectF const& column, double pixelRatio)
     m_bar = {};
     if (!m_isShown || column.width() < 1.0)
         return;
-    QRectF const room = column.adjusted(air * m_ratio, air * m_ratio, -air * m_ratio, -air * m_ratio);
+    QRectF const room = column.adjusted(sideGap * m_ratio, sideGap * m_ratio, -sideGap * m_ratio, -sideGap * m_ratio);
     int const lines = std::clamp(static_cast<int>(0.3 * room.height() / (PlotTheme::titleSize * m_ratio)), 1, 8);
     TextFit const fit = TextFit::into(room.width(), m_name, *m_nameText, m_ratio, lines);
     m_shownName = fit.text;

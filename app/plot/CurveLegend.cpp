@@ -1,5 +1,6 @@
 #include "app/plot/CurveLegend.h"
 
+#include "app/plot/PenColour.h"
 #include "app/plot/PlotTheme.h"
 #include "app/plot/TextFit.h"
 
@@ -18,7 +19,7 @@ namespace veldraw::app {
 namespace {
 
 // Logical pixels.
-constexpr double air = 8.0; // around the box
+constexpr double boxMargin = 8.0; // around the box
 constexpr double padding = 6.0;
 constexpr double sampleWidth = 24.0;
 constexpr double sampleHeight = 10.0;
@@ -28,12 +29,7 @@ constexpr double rowGap = 4.0;
 constexpr double narrowColumn = 140.0; // where names lose their middle anyway
 
 constexpr double mostOfTheArea = 0.4;
-constexpr int smallestSize = PlotTheme::labelSize - 1;
-
-void setColour(vtkPen& pen, QColor const& colour)
-{
-    pen.SetColorF(colour.redF(), colour.greenF(), colour.blueF());
-}
+constexpr int smallestLabel = PlotTheme::labelSize - 1;
 
 std::size_t ceilOfQuotient(std::size_t count, std::size_t parts)
 {
@@ -70,8 +66,8 @@ void CurveLegend::layOut()
     m_cells.clear();
     m_box = {};
     m_text->SetFontSize(PlotTheme::labelSize);
-    QSizeF const room(m_area.width() - 2.0 * (air + padding) * m_ratio,
-                      mostOfTheArea * m_area.height() - (air + 2.0 * padding) * m_ratio);
+    QSizeF const room(m_area.width() - 2.0 * (boxMargin + padding) * m_ratio,
+                      mostOfTheArea * m_area.height() - (boxMargin + 2.0 * padding) * m_ratio);
     if (m_curves.empty() || rowsIn(room) == 0 || textWidth(room, 1) < narrowColumn * m_ratio / 2.0)
         return;
     bool const canList = m_curves.size() <= rowsIn(room);
@@ -104,7 +100,7 @@ bool CurveLegend::list(QSizeF const& room, int mostLines, bool canShorten)
 // In as few columns as hold all names whole, a line each. @return false when they are too wide
 bool CurveLegend::standInColumns(QSizeF const& room)
 {
-    for (int const size : {PlotTheme::labelSize, smallestSize}) {
+    for (int const size : {PlotTheme::labelSize, smallestLabel}) {
         m_text->SetFontSize(size);
         std::size_t const columns = ceilOfQuotient(m_curves.size(), rowsIn(room));
         if (widestName() > textWidth(room, columns))
@@ -121,7 +117,7 @@ bool CurveLegend::standInColumns(QSizeF const& room)
 // As many names as there is room for, a line each and without their middles if need be.
 void CurveLegend::countTheRest(QSizeF const& room)
 {
-    m_text->SetFontSize(smallestSize);
+    m_text->SetFontSize(smallestLabel);
     std::size_t const rows = rowsIn(room);
     auto const mostColumns = static_cast<std::size_t>(std::max(1.0, room.width() / (narrowColumn * m_ratio)));
     std::size_t const columns = std::min(mostColumns, ceilOfQuotient(m_curves.size(), rows));
@@ -148,8 +144,8 @@ void CurveLegend::arrange(std::size_t columns)
     auto const shown = static_cast<double>(ceilOfQuotient(m_cells.size(), rows));
     QSizeF const content(shown * m_columnWidth + (shown - 1.0) * columnGap * m_ratio, contentHeight());
     QSizeF const size = content + 2.0 * padding * m_ratio * QSizeF(1.0, 1.0);
-    m_box =
-        QRectF(QPointF(0.5 * (m_area.width() - size.width()), m_area.height() - air * m_ratio - size.height()), size);
+    m_box = QRectF(
+        QPointF(0.5 * (m_area.width() - size.width()), m_area.height() - boxMargin * m_ratio - size.height()), size);
 }
 
 // Of one line each.

@@ -34,7 +34,7 @@ std::array<kernel::UniqueId, 3> identifiersOf(kernel::DataSet const& dataSet, st
 }
 
 // More points than that cannot be drawn one by one; of a solid only the faces are.
-constexpr std::int64_t mostPoints = 500000000;
+constexpr std::int64_t mostPointsDrawn = 500000000;
 
 bool hasValues(kernel::DataSet const& dataSet, int zone, int variable)
 {
@@ -59,7 +59,7 @@ std::vector<int> shownZones(kernel::Frame const& frame, bool inSpace)
     std::vector<int> zones;
     for (int const number : zonesWithPoints(*frame.dataSet)) {
         kernel::Zone const& zone = *frame.dataSet->zone(number);
-        bool const isSmall = zone.dimensionality() > 2 || zone.pointCount() <= mostPoints;
+        bool const isSmall = zone.dimensionality() > 2 || zone.pointCount() <= mostPointsDrawn;
         bool const isPlaced = !zone.isDeferred() && hasValues(*frame.dataSet, number, axes[0]) &&
                               hasValues(*frame.dataSet, number, axes[1]) &&
                               (!inSpace || hasValues(*frame.dataSet, number, axes[2]));

@@ -25,7 +25,7 @@ namespace {
 
 using kernel::Connectivity;
 
-constexpr char numberName[] = "number";
+constexpr char elementNumberName[] = "number";
 
 bool inRange(std::int64_t const* values, std::int64_t count, std::int64_t end)
 {
@@ -122,7 +122,7 @@ vtkSmartPointer<vtkCellArray> ownCells(vtkCellArray* cells)
 void addNumbers(vtkDataSetAttributes& attributes, std::int64_t count)
 {
     vtkNew<vtkIdTypeArray> numbers;
-    numbers->SetName(numberName);
+    numbers->SetName(elementNumberName);
     numbers->SetNumberOfValues(count);
     std::iota(numbers->Begin(), numbers->End(), vtkIdType(0));
     attributes.AddArray(numbers);
@@ -158,8 +158,8 @@ ZoneShape facesFoundByVtk(kernel::Zone const& zone, kernel::Progress const& prog
     shape.vertices = ownCells(faces->GetVerts());
     shape.lines = ownCells(faces->GetLines());
     shape.polygons = ownCells(faces->GetPolys());
-    shape.points = idsOf(faces->GetPointData()->GetArray(numberName), shape.pointCount);
-    shape.cells = idsOf(faces->GetCellData()->GetArray(numberName), shape.cellCount());
+    shape.points = idsOf(faces->GetPointData()->GetArray(elementNumberName), shape.pointCount);
+    shape.cells = idsOf(faces->GetCellData()->GetArray(elementNumberName), shape.cellCount());
     return shape;
 }
 

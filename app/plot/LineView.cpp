@@ -1,6 +1,7 @@
 #include "app/plot/LineView.h"
 
 #include "app/plot/LinePoints.h"
+#include "app/plot/PenColour.h"
 #include "app/plot/PlaneAxes.h"
 #include "app/plot/PlotTheme.h"
 
@@ -19,12 +20,7 @@ namespace veldraw::app {
 
 namespace {
 
-constexpr std::int64_t mostPoints = 200000000; // the order of the points on a curve is a list in memory
-
-void setColour(vtkPen& pen, QColor const& colour)
-{
-    pen.SetColorF(colour.redF(), colour.greenF(), colour.blueF());
-}
+constexpr std::int64_t longestCurve = 200000000; // the order of the points on a curve is a list in memory
 
 // Limits with air around the curve, and a width of their own where all values are equal.
 std::array<double, 2> roomy(double min, double max, double air)
@@ -163,7 +159,7 @@ QString LineView::addCurve(kernel::Frame const& frame, kernel::LineMap const& ma
         return tr("No zone is assigned to the line map.");
     if (dataSet.zone(zone)->pointCount() <= 0)
         return tr("The zone of the line map has no points.");
-    if (dataSet.zone(zone)->pointCount() > mostPoints)
+    if (dataSet.zone(zone)->pointCount() > longestCurve)
         return tr("The zone of the line map has too many points to be drawn.");
     for (int const variable : {x, y})
         if (dataSet.field(zone, variable)->isPassive())

@@ -11,7 +11,7 @@ namespace veldraw::app {
 
 namespace {
 
-constexpr double air = 0.006;      // between zone and box: neither hides the other
+constexpr double boxGap = 0.006;   // between zone and box: neither hides the other
 constexpr double overPlane = 0.01; // towards the eye
 
 // Corner n lies at the high end of an axis when the axis's bit of n is set.
@@ -20,7 +20,7 @@ void addCorners(vtkPoints& points, PickMarks::Box const& box, bool inSpace)
     for (int corner = 0; corner < (inSpace ? 8 : 4); ++corner) {
         double position[3];
         for (std::size_t axis = 0; axis < 3; ++axis)
-            position[axis] = (corner >> axis & 1) != 0 ? box[2 * axis + 1] + air : box[2 * axis] - air;
+            position[axis] = (corner >> axis & 1) != 0 ? box[2 * axis + 1] + boxGap : box[2 * axis] - boxGap;
         if (!inSpace)
             position[2] = overPlane;
         points.InsertNextPoint(position);

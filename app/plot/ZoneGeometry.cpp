@@ -22,7 +22,7 @@ namespace veldraw::app {
 
 namespace {
 
-constexpr char numberName[] = "number of the point";
+constexpr char pointNumberName[] = "number of the point";
 
 bool isFinite(std::array<double, 3> const& position)
 {
@@ -133,16 +133,16 @@ void numberPoints(vtkPolyData& drawing, ZoneGeometry::Numbers const& points)
         std::iota(numbers->Begin(), numbers->End(), vtkIdType(0));
     else
         std::copy(points.begin(), points.end(), numbers->Begin());
-    numbers->SetName(numberName);
+    numbers->SetName(pointNumberName);
     drawing.GetPointData()->AddArray(numbers);
 }
 
 // Takes the notes off again.
 ZoneGeometry::Numbers takeNumbers(vtkPolyData& drawing)
 {
-    auto* const notes = vtkIdTypeArray::SafeDownCast(drawing.GetPointData()->GetArray(numberName));
+    auto* const notes = vtkIdTypeArray::SafeDownCast(drawing.GetPointData()->GetArray(pointNumberName));
     ZoneGeometry::Numbers numbers(notes->Begin(), notes->End());
-    drawing.GetPointData()->RemoveArray(numberName);
+    drawing.GetPointData()->RemoveArray(pointNumberName);
     return numbers;
 }
 

@@ -19,7 +19,7 @@ namespace {
 constexpr int segments = 6;
 constexpr double pi = 3.14159265358979323846;
 // Of single-precision values of the size of the sample.
-constexpr double rounding = 1e-5;
+constexpr double copyRounding = 1e-5;
 
 } // namespace
 
@@ -79,7 +79,7 @@ void AxialDuplicationStation::checkCopies()
         ZoneProbe const found(m_countAtStart + copy);
         worst = std::max({worst, source.distance(found, turned), source.vectorDistance(found, turned)});
     }
-    m_tour.check("copy k stands at k times 60 degrees, with its vectors", worst < rounding);
+    m_tour.check("copy k stands at k times 60 degrees, with its vectors", worst < copyRounding);
     int const unchanged = TourContext::dataSet().findVariable("temperature");
     m_tour.check("all share what does not turn", segments,
                  TourContext::dataSet().field(m_countAtStart + 1, unchanged)->shareCount());

@@ -14,7 +14,7 @@ using dialogs::data::AxialRotationDialog;
 namespace {
 
 // Of single-precision values of the size of the sample.
-constexpr double rounding = 1e-4;
+constexpr double turnRounding = 1e-4;
 
 ZoneProbe::Triple quarterAboutX(ZoneProbe::Triple const& value)
 {
@@ -72,8 +72,8 @@ void AxialRotationStation::rotate()
                          TourContext::button(dialog, "&Rotate"),
                          [&] { return m_atStart.distance(ZoneProbe(1), asItIs) > 0.0; });
     ZoneProbe const turned(1);
-    m_tour.check("every point has made a quarter turn", m_atStart.distance(turned, quarterAboutX) < rounding);
-    m_tour.check("so has every vector", m_atStart.vectorDistance(turned, quarterAboutX) < rounding);
+    m_tour.check("every point has made a quarter turn", m_atStart.distance(turned, quarterAboutX) < turnRounding);
+    m_tour.check("so has every vector", m_atStart.vectorDistance(turned, quarterAboutX) < turnRounding);
     m_tour.check("the zone is not where it was", m_atStart.distance(turned, asItIs) > 0.1);
     m_tour.user.picture(QStringLiteral("rotation-after"));
 }
@@ -91,7 +91,7 @@ void AxialRotationStation::undoAndRedo()
     m_tour.expectThat("Ctrl+Z brings every point back, to the last bit", isBack);
     m_tour.user.key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
     m_tour.expectThat("Ctrl+Shift+Z turns it again",
-                      [&] { return m_atStart.distance(ZoneProbe(1), quarterAboutX) < rounding; });
+                      [&] { return m_atStart.distance(ZoneProbe(1), quarterAboutX) < turnRounding; });
     m_tour.user.key(Qt::Key_Z, Qt::ControlModifier);
     m_tour.user.waitFor(isBack);
 }

@@ -14,7 +14,7 @@ using dialogs::data::DeleteVariableDialog;
 
 namespace {
 
-constexpr char const* listName = "deleteVariable_Select_MList";
+constexpr char const* variableListName = "deleteVariable_Select_MList";
 
 } // namespace
 
@@ -38,7 +38,7 @@ void DeleteVariableStation::run()
 void DeleteVariableStation::deleteByMouse()
 {
     auto& dialog = *UserDriver::visibleWindow<DeleteVariableDialog>();
-    QListView& list = TourContext::list(dialog, listName);
+    QListView& list = TourContext::list(dialog, variableListName);
     m_tour.check("window title", QStringLiteral("Delete Variable"), dialog.windowTitle());
     int const before = TourContext::dataSet().variableCount();
     m_tour.user.clickRow(list, before - 1);
@@ -57,7 +57,7 @@ void DeleteVariableStation::deleteByMouse()
 void DeleteVariableStation::undoAndRedo()
 {
     int const fewer = TourContext::dataSet().variableCount();
-    QListView const& list = TourContext::list(*UserDriver::visibleWindow<DeleteVariableDialog>(), listName);
+    QListView const& list = TourContext::list(*UserDriver::visibleWindow<DeleteVariableDialog>(), variableListName);
     m_tour.activate(m_tour.window);
     QAction const* const undo = m_tour.action("undoAction");
     m_tour.expect("the Edit menu names the step", QStringLiteral("&Undo Delete Variable"),
@@ -81,7 +81,7 @@ void DeleteVariableStation::tryWhatIsRefused()
     m_tour.user.key(Qt::Key_S, Qt::AltModifier);
     m_tour.user.key(Qt::Key_A, Qt::ControlModifier);
     m_tour.expect("Alt+S, Ctrl+A selects everything", TourContext::dataSet().variableCount(),
-                  [&] { return TourContext::selectedRowCount(TourContext::list(dialog, listName)); });
+                  [&] { return TourContext::selectedRowCount(TourContext::list(dialog, variableListName)); });
     m_tour.expectMessage("everything selected: the message",
                          QStringLiteral("Cannot delete the last variable in a data set."), deleteButton,
                          QStringLiteral("delete-variable-refused"));
@@ -96,7 +96,7 @@ void DeleteVariableStation::deleteByKeyboard()
     auto* const dialog = m_tour.openDialog<DeleteVariableDialog>(Qt::Key_D);
     if (!m_tour.check("the keys open the dialog again", dialog != nullptr))
         return;
-    QListView const& list = TourContext::list(*dialog, listName);
+    QListView const& list = TourContext::list(*dialog, variableListName);
     m_tour.user.key(Qt::Key_S, Qt::AltModifier);
     // Everything is still selected from before; Space takes one variable after the other out again.
     m_tour.user.key(Qt::Key_Home);

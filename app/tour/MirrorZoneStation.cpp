@@ -16,7 +16,7 @@ using dialogs::data::CreateMirrorZoneDialog;
 
 namespace {
 
-constexpr char const* listName = "createMirrorZone_Source_MList";
+constexpr char const* sourceListName = "createMirrorZone_Source_MList";
 QString const created = QStringLiteral("Mirror zone creation successful.");
 
 ZoneProbe::Triple negatedX(ZoneProbe::Triple const& value)
@@ -66,7 +66,7 @@ void MirrorZoneStation::tryWhatIsRefused()
 void MirrorZoneStation::mirrorInSpaceByMouse()
 {
     auto& dialog = *UserDriver::visibleWindow<CreateMirrorZoneDialog>();
-    QListView& list = TourContext::list(dialog, listName);
+    QListView& list = TourContext::list(dialog, sourceListName);
     m_tour.expect("a 3D plot offers planes", QStringLiteral("XY plane, XZ plane, YZ plane"),
                   [&] { return visibleChoices(); });
     auto& plane = *dialog.findChild<QRadioButton*>(QStringLiteral("createMirrorZone_Axis3DYZ_RadioButton"));

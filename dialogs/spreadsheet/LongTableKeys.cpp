@@ -1,5 +1,6 @@
 #include "dialogs/spreadsheet/LongTableKeys.h"
 
+#include "dialogs/spreadsheet/ReducedNumber.h"
 #include "dialogs/spreadsheet/TableWindow.h"
 
 #include <QKeyEvent>
@@ -7,15 +8,6 @@
 #include <algorithm>
 
 namespace veldraw::sdk::ui::propertymanager {
-
-namespace {
-
-unsigned long long reduced(unsigned long long number, unsigned long long by)
-{
-    return number - std::min(number, by);
-}
-
-} // namespace
 
 LongTableKeys::LongTableKeys(TableWindow& window, QObject& view)
     : QObject(&view)

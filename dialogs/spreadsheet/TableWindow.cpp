@@ -1,5 +1,6 @@
 #include "dialogs/spreadsheet/TableWindow.h"
 
+#include "dialogs/spreadsheet/ReducedNumber.h"
 #include "dialogs/widgets/TableViewWithPreferredDimensions.h"
 
 #include <QApplication>
@@ -19,11 +20,6 @@ constexpr int pagesOfRoom = 64;
 unsigned long long wide(int count)
 {
     return static_cast<unsigned long long>(count);
-}
-
-unsigned long long reduced(unsigned long long number, unsigned long long by)
-{
-    return number - std::min(number, by);
 }
 
 // All of the table if it is all of the window.

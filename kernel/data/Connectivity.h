@@ -27,6 +27,12 @@ struct Connectivity
         Polyhedron
     };
 
+    /// Whether a cell of this shape has an area.
+    static bool isFace(Shape shape)
+    {
+        return shape == Shape::Triangle || shape == Shape::Quad || shape == Shape::Polygon;
+    }
+
     std::int64_t cellCount = 0;
     std::int64_t indexCount = 0;
     std::int64_t const* offsets = nullptr; ///< cellCount + 1 entries

@@ -4,8 +4,6 @@ namespace veldraw::kernel {
 
 namespace {
 
-constexpr std::size_t noStorage = static_cast<std::size_t>(-1);
-
 } // namespace
 
 FieldReplacement::FieldReplacement(EventHub& hub, std::vector<ZonePart> parts, StateChangeEvent event)
@@ -30,7 +28,7 @@ void FieldReplacement::Side::add(Field const& field, bool isNew)
 {
     fields.emplace_back(field.type(), field.location());
     if (field.isPassive()) {
-        storageNumbers.push_back(noStorage);
+        storageNumbers.push_back(RetiredStorage::none);
         return;
     }
     auto const [place, isFirst] = numbers.try_emplace(field.group().get(), storages.size());
@@ -76,11 +74,11 @@ void FieldReplacement::exchange(Side& leaving, Side& entering) noexcept
     for (std::size_t at = 0; at < m_places.size(); ++at) {
         Field& field = m_places[at].zone->fields[m_places[at].position];
         std::size_t const leavingStorage = leaving.storageNumbers[at];
-        if (leavingStorage != noStorage) {
+        if (leavingStorage != RetiredStorage::none) {
             leaving.storages[leavingStorage].retire(field.group());
         }
         std::size_t const enteringStorage = entering.storageNumbers[at];
-        field = enteringStorage == noStorage
+        field = enteringStorage == RetiredStorage::none
                     ? entering.fields[at]
                     : Field(entering.storages[enteringStorage].revive(), entering.fields[at].location());
     }

@@ -14,6 +14,9 @@ namespace veldraw::kernel {
 class RetiredStorage
 {
 public:
+    /// The number of no storage, where steps number theirs.
+    static constexpr std::size_t none = static_cast<std::size_t>(-1);
+
     explicit RetiredStorage(std::shared_ptr<ShareGroup> const& group)
         : m_group(group)
     {

@@ -17,8 +17,6 @@ struct VariableDeletion::ZonePart
 
 namespace {
 
-constexpr std::size_t noStorage = static_cast<std::size_t>(-1);
-
 /// Moves @p list to @p rest without the elements at @p positions, and tells @p taken each of those.
 template <typename Element, typename Taken>
 void splitList(std::vector<Element>& list, std::vector<std::size_t> const& positions, std::vector<Element>& rest,
@@ -85,7 +83,7 @@ void VariableDeletion::collectZone(std::shared_ptr<Zone> const& zone)
     part.spare.reserve(zone->fields.size());
     for (std::size_t const position : m_positions) {
         Field const& field = zone->fields[position];
-        std::size_t const storage = field.isPassive() ? noStorage : storageOf(field.group());
+        std::size_t const storage = field.isPassive() ? RetiredStorage::none : storageOf(field.group());
         part.removed.push_back({Field(field.type(), field.location()), storage});
     }
     m_zones.push_back(std::move(part));
@@ -152,7 +150,7 @@ void VariableDeletion::takeFieldsOut(ZonePart& part) noexcept
 {
     splitList(part.zone->fields, m_positions, part.spare, [&](std::size_t which, Field& field) {
         RemovedField const& removed = part.removed[which];
-        if (removed.storage != noStorage) {
+        if (removed.storage != RetiredStorage::none) {
             m_storages[removed.storage].retire(field.group());
         }
     });
@@ -162,7 +160,7 @@ void VariableDeletion::putFieldsBack(ZonePart& part) noexcept
 {
     mergeList(part.zone->fields, m_positions, part.spare, [&](std::size_t which) {
         RemovedField const& removed = part.removed[which];
-        if (removed.storage == noStorage) {
+        if (removed.storage == RetiredStorage::none) {
             return removed.field;
         }
         return Field(m_storages[removed.storage].revive(), removed.field.location());

@@ -8,6 +8,8 @@ constexpr char locked[] = "The data set is locked.";
 constexpr char notShown[] = "No frame shows the data set.";
 constexpr char noZone[] = "There is no such zone.";
 constexpr char noVariable[] = "There is no such variable.";
+constexpr char noFrame[] = "There is no such frame.";
+constexpr char frameWithoutData[] = "The frame has no data set.";
 
 /// Why an operation cannot work on these zones, null when it can.
 inline char const* reasonAgainstZones(DataSet const& dataSet, NumberSet const& zones)

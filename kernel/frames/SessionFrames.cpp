@@ -2,6 +2,7 @@
 #include "kernel/frames/FrameDefaults.h"
 #include "kernel/frames/FrameListChange.h"
 #include "kernel/frames/PageLayout.h"
+#include "kernel/frames/RefusalReasons.h"
 #include "kernel/frames/SessionChange.h"
 #include "kernel/frames/SessionGuard.h"
 
@@ -14,7 +15,6 @@ namespace veldraw::kernel {
 namespace {
 
 constexpr char noPage[] = "There is no page.";
-constexpr char noFrame[] = "There is no such frame.";
 
 bool isAllowed(Rectangle const& place)
 {

@@ -1,14 +1,12 @@
 // Line maps of a frame.
 #include "kernel/frames/FrameDefaults.h"
+#include "kernel/frames/RefusalReasons.h"
 #include "kernel/frames/SessionGuard.h"
 #include "kernel/undo/SwapChange.h"
 
 namespace veldraw::kernel {
 
 namespace {
-
-constexpr char noFrame[] = "There is no such frame.";
-constexpr char noData[] = "The frame has no data set.";
 
 bool allExist(NumberSet const& numbers, std::size_t count)
 {
@@ -29,7 +27,7 @@ bool Session::createLineMap(UniqueId frame)
     return guarded(*this, [&] {
         std::shared_ptr<Frame> const found = this->frame(frame);
         if (!found || !found->dataSet) {
-            return refuse(found ? noData : noFrame);
+            return refuse(found ? frameWithoutData : noFrame);
         }
         std::vector<LineMap> maps = found->lineMaps;
         maps.push_back(defaultLineMap(*found->dataSet, maps.size() + 1));
@@ -80,7 +78,7 @@ bool Session::setLinePlot(UniqueId frame, int zone, int x, int y)
     return guarded(*this, [&] {
         std::shared_ptr<Frame> const found = this->frame(frame);
         if (!found || !found->dataSet) {
-            return refuse(found ? noData : noFrame);
+            return refuse(found ? frameWithoutData : noFrame);
         }
         DataSet const& dataSet = *found->dataSet;
         if (dataSet.field(zone, x) == nullptr || dataSet.field(zone, y) == nullptr) {

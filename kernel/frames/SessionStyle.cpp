@@ -1,12 +1,11 @@
 // What a frame is called and shows.
+#include "kernel/frames/RefusalReasons.h"
 #include "kernel/frames/SessionChange.h"
 #include "kernel/frames/SessionGuard.h"
 
 namespace veldraw::kernel {
 
 namespace {
-
-constexpr char noFrame[] = "There is no such frame.";
 
 StateChangeEvent styleEvent(UniqueId frame, std::vector<std::string> path)
 {
@@ -84,7 +83,7 @@ bool Session::assignVariable(UniqueId frame, char assignment, int variable)
     return guarded(*this, [&] {
         std::shared_ptr<Frame> const found = this->frame(frame);
         if (!found || !found->dataSet) {
-            return refuse(found ? "The frame has no data set." : noFrame);
+            return refuse(found ? frameWithoutData : noFrame);
         }
         UniqueId* const place = assignmentOf(*found, assignment);
         std::shared_ptr<Variable> const assigned = found->dataSet->variable(variable);

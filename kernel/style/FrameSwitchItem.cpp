@@ -7,11 +7,6 @@ namespace veldraw::kernel {
 
 namespace {
 
-bool hasOffsets(StyleAddress const& address)
-{
-    return address.offset1 != StyleAddress::noOffset || address.offset2 != StyleAddress::noOffset;
-}
-
 } // namespace
 
 FrameSwitchItem::FrameSwitchItem(Session& session, StylePath path, bool Frame::*member, Setter setter)
@@ -30,7 +25,7 @@ std::shared_ptr<Frame> FrameSwitchItem::frameAt(StyleAddress const& address) con
 std::optional<StyleNumber> FrameSwitchItem::read(StyleAddress const& address) const
 {
     std::shared_ptr<Frame> const frame = frameAt(address);
-    if (!frame || hasOffsets(address)) {
+    if (!frame || address.hasOffsets()) {
         return std::nullopt;
     }
     return StyleNumber::ofWhole((*frame).*m_member ? 1 : 0);
@@ -41,7 +36,7 @@ std::string FrameSwitchItem::refusal(StyleAddress const& address, StyleNumber co
     if (!frameAt(address)) {
         return "There is no such frame for " + textOf(path()) + ".";
     }
-    if (hasOffsets(address)) {
+    if (address.hasOffsets()) {
         return textOf(path()) + " exists once in a frame and takes no offset.";
     }
     return refusalBy(StyleRange::onOff(), number);

@@ -4,11 +4,6 @@ namespace veldraw::kernel {
 
 namespace {
 
-bool hasOffsets(StyleAddress const& address)
-{
-    return address.offset1 != StyleAddress::noOffset || address.offset2 != StyleAddress::noOffset;
-}
-
 } // namespace
 
 SessionStyleItem::SessionStyleItem(EventHub& events, StylePath path, StyleRange range, StyleNumber initial)
@@ -21,12 +16,12 @@ SessionStyleItem::SessionStyleItem(EventHub& events, StylePath path, StyleRange 
 
 std::optional<StyleNumber> SessionStyleItem::read(StyleAddress const& address) const
 {
-    return hasOffsets(address) ? std::nullopt : std::optional(m_number);
+    return address.hasOffsets() ? std::nullopt : std::optional(m_number);
 }
 
 std::string SessionStyleItem::refusal(StyleAddress const& address, StyleNumber const& number) const
 {
-    return hasOffsets(address) ? textOf(path()) + " exists once and takes no offset." : refusalBy(m_range, number);
+    return address.hasOffsets() ? textOf(path()) + " exists once and takes no offset." : refusalBy(m_range, number);
 }
 
 SetValueReturnCode_e SessionStyleItem::write(StyleAddress const&, StyleNumber const& number)

@@ -22,6 +22,8 @@ struct StyleAddress
     UniqueId frame = 0;           ///< 0: the active frame
     long long offset1 = noOffset; ///< one-based number in the first collection of the path
     long long offset2 = noOffset; ///< the same for the second; no value of the tree has one at present
+
+    bool hasOffsets() const { return offset1 != noOffset || offset2 != noOffset; }
 };
 
 } // namespace veldraw::kernel

@@ -12,7 +12,7 @@ using namespace veldraw::kernel;
 
 namespace {
 
-double const nan = std::numeric_limits<double>::quiet_NaN();
+double const notANumber = std::numeric_limits<double>::quiet_NaN();
 double const infinity = std::numeric_limits<double>::infinity();
 
 ValueRange rangeOf(std::vector<double> const& values, FieldDataType_e type = FieldDataType_Double)
@@ -46,8 +46,8 @@ TEST(Range, OfBitsIsWhatBitsThereAre)
 
 TEST(Range, LeavesOutWhatIsNotFinite)
 {
-    expectRange(rangeOf({nan, 4, infinity, -2, -infinity}), -2, 4);
-    expectRange(rangeOf({nan, 4, infinity, -2, -infinity}, FieldDataType_Float), -2, 4);
+    expectRange(rangeOf({notANumber, 4, infinity, -2, -infinity}), -2, 4);
+    expectRange(rangeOf({notANumber, 4, infinity, -2, -infinity}, FieldDataType_Float), -2, 4);
 }
 
 TEST(Range, ReachesTheLargestFiniteValues)
@@ -61,8 +61,8 @@ TEST(Range, ReachesTheLargestFiniteValues)
 TEST(Range, WithoutAFiniteValueIsUnknown)
 {
     EXPECT_FALSE(rangeOf({}).isValid());
-    EXPECT_FALSE(rangeOf({nan, infinity, -infinity}).isValid());
-    EXPECT_FALSE(rangeOf({nan}, FieldDataType_Float).isValid());
+    EXPECT_FALSE(rangeOf({notANumber, infinity, -infinity}).isValid());
+    EXPECT_FALSE(rangeOf({notANumber}, FieldDataType_Float).isValid());
 }
 
 TEST(Range, OfManyValuesFindsTheExtremesWhereverTheyStand)
@@ -105,7 +105,7 @@ TEST(RangeOfParts, FollowsValuesAndLooksAgainAtPartsThatHaveLostALimitAlone)
     many.set(ManyZeros::count - 1, -7);
     many.buffer->setValue(ManyZeros::count / 2, 9); // behind its back
     expectRange(many.parts.range(*many.buffer, {}), -7, 5);
-    many.set(0, nan);
+    many.set(0, notANumber);
     many.set(1, 2);
     expectRange(many.parts.range(*many.buffer, {}), -7, 2);
     many.set(ManyZeros::count - 1, -infinity);

@@ -12,7 +12,7 @@ using namespace veldraw::kernel;
 namespace {
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
-constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
 TEST_F(EditValue, KeepsTheRangeRightWhateverIsWritten)
 {
@@ -24,8 +24,8 @@ TEST_F(EditValue, KeepsTheRangeRightWhateverIsWritten)
         EXPECT_EQ(known.max, fresh.range().max) << what;
     };
     int steps = 0;
-    for (double const value :
-         {1.0, 5.0, 5.0, -3.0, nan, 0.0, infinity, 2.0, -infinity, -8.0, 9.0, 9.0, 0.5, nan, nan}) {
+    for (double const value : {1.0, 5.0, 5.0, -3.0, notANumber, 0.0, infinity, 2.0, -infinity, -8.0, 9.0, 9.0, 0.5,
+                               notANumber, notANumber}) {
         for (std::int64_t index : {0, 5, 3}) {
             dataSet->zone(1)->range(1);
             ASSERT_TRUE(edit(1, 1, index, value));

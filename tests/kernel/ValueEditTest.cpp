@@ -21,7 +21,7 @@ using testing::IsEmpty;
 namespace {
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
-constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
 TEST_F(EditValue, StoresTheValueAndTakesItBack)
 {
@@ -160,19 +160,22 @@ TEST_F(EditValue, RefusesANumberBeyondTheLimitsOfItsTypeAndNamesThem)
     for (Case const& each : {
              Case{FieldDataType_Int16,
                   {32767, -32768, 32767.4, -32768.4},
-                  {40000, 32767.5, 32768, -32769, -32768.5, 1e300, infinity, -infinity, nan},
+                  {40000, 32767.5, 32768, -32769, -32768.5, 1e300, infinity, -infinity, notANumber},
                   "whole numbers from -32768 to 32767."},
              {FieldDataType_Int32,
               {2147483647.25, -2147483648.25},
-              {2147483648, -2147483649, 1e12, infinity, nan},
+              {2147483648, -2147483649, 1e12, infinity, notANumber},
               "whole numbers from -2147483648 to 2147483647."},
-             {FieldDataType_Byte, {255.25, -0.25}, {256, -1, 255.5, infinity, nan}, "whole numbers from 0 to 255."},
-             {FieldDataType_Bit, {1, 0, 0.5}, {2, -1, 1.5, -0.5, nan}, "whole numbers from 0 to 1."},
+             {FieldDataType_Byte,
+              {255.25, -0.25},
+              {256, -1, 255.5, infinity, notANumber},
+              "whole numbers from 0 to 255."},
+             {FieldDataType_Bit, {1, 0, 0.5}, {2, -1, 1.5, -0.5, notANumber}, "whole numbers from 0 to 1."},
              {FieldDataType_Float,
-              {largest, -largest, 3.40282347e38, infinity, -infinity, nan, 1e-60},
+              {largest, -largest, 3.40282347e38, infinity, -infinity, notANumber, 1e-60},
               {3.5e38, -3.5e38, 1e300, 0x1.ffffffp127},
               "single-precision numbers from -3.4028235e+38 to 3.4028235e+38."},
-             {FieldDataType_Double, {1e308, infinity, nan, 5e-324}, {}, ""},
+             {FieldDataType_Double, {1e308, infinity, notANumber, 5e-324}, {}, ""},
          }) {
         dataSet->zone(1)->fields[0] = sample::field({1, 1, 0, 1, 1, 1}, each.type);
         for (double const value : each.stored) {
@@ -204,14 +207,14 @@ TEST(StoredBits, AreRoundedAndCutToTheLimitsOfTheirType)
     for (Case const& each : {Case{FieldDataType_Byte, 300, 255},
                              {FieldDataType_Byte, -1, 0},
                              {FieldDataType_Byte, 2.5, 3},
-                             {FieldDataType_Byte, nan, 0},
+                             {FieldDataType_Byte, notANumber, 0},
                              {FieldDataType_Int16, 40000, 32767},
                              {FieldDataType_Int16, -40000, -32768},
                              {FieldDataType_Int32, 1e12, 2147483647},
                              {FieldDataType_Int32, -infinity, -2147483648.0},
                              {FieldDataType_Bit, -0.5, 1},
                              {FieldDataType_Bit, 0, 0},
-                             {FieldDataType_Bit, nan, 0},
+                             {FieldDataType_Bit, notANumber, 0},
                              {FieldDataType_Float, 0.1, static_cast<double>(0.1F)},
                              {FieldDataType_Float, infinity, infinity},
                              {FieldDataType_Double, 0.1, 0.1},

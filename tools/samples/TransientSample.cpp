@@ -24,7 +24,7 @@ namespace veldraw::samples {
 namespace {
 
 constexpr int along = 41;
-constexpr int across = 21;
+constexpr int rowsAcross = 21;
 constexpr int steps = 6;
 constexpr double timeStep = 0.5;
 
@@ -71,11 +71,11 @@ void addValues(vtkPointSet& grid, double time)
 vtkSmartPointer<vtkDataSet> plate(double time)
 {
     vtkNew<vtkStructuredGrid> grid;
-    grid->SetDimensions(along, across, 1);
+    grid->SetDimensions(along, rowsAcross, 1);
     vtkNew<vtkPoints> points;
-    for (int j = 0; j < across; ++j) {
+    for (int j = 0; j < rowsAcross; ++j) {
         for (int i = 0; i < along; ++i)
-            points->InsertNextPoint(2.0 * i / (along - 1), 1.0 * j / (across - 1), 0.0);
+            points->InsertNextPoint(2.0 * i / (along - 1), 1.0 * j / (rowsAcross - 1), 0.0);
     }
     grid->SetPoints(points);
     addValues(*grid, time);
@@ -88,8 +88,8 @@ vtkSmartPointer<vtkDataSet> probes(double time)
     vtkNew<vtkUnstructuredGrid> grid;
     vtkNew<vtkPoints> points;
     vtkNew<vtkCellArray> cells;
-    for (vtkIdType n = 0; n < across; ++n) {
-        points->InsertNextPoint(1.0, static_cast<double>(n) / (across - 1), 0.1);
+    for (vtkIdType n = 0; n < rowsAcross; ++n) {
+        points->InsertNextPoint(1.0, static_cast<double>(n) / (rowsAcross - 1), 0.1);
         vtkIdType const segment[2] = {n - 1, n};
         if (n > 0)
             cells->InsertNextCell(2, segment);

@@ -74,16 +74,11 @@ std::shared_ptr<kernel::Connectivity> takenOver(CellList const& list)
     return cells;
 }
 
-bool isFace(Shape shape)
-{
-    return shape == Shape::Triangle || shape == Shape::Quad || shape == Shape::Polygon;
-}
-
 ZoneType_e zoneTypeOf(kernel::Connectivity const& cells, ZoneType_e wanted)
 {
     Shape const* const last = cells.shapes + cells.cellCount;
     Shape const first = *cells.shapes;
-    bool const faces = std::all_of(cells.shapes, last, isFace);
+    bool const faces = std::all_of(cells.shapes, last, kernel::Connectivity::isFace);
     bool const polygons = std::find(cells.shapes, last, Shape::Polygon) != last;
     bool const same = std::all_of(cells.shapes, last, [first](Shape shape) { return shape == first; });
     if (wanted == ZoneType_FEMixed)

@@ -18,19 +18,19 @@ namespace {
 constexpr std::int64_t bytesOfChunk = 1 << 22;
 
 // Closes a file at the end of its scope.
-class OpenFile
+class StampedFile
 {
 public:
-    explicit OpenFile(FileStamp const& file)
+    explicit StampedFile(FileStamp const& file)
         : m_descriptor(file.open())
     {
     }
-    ~OpenFile() { ::close(m_descriptor); }
+    ~StampedFile() { ::close(m_descriptor); }
 
     int descriptor() const { return m_descriptor; }
 
-    OpenFile(OpenFile const&) = delete;
-    OpenFile& operator=(OpenFile const&) = delete;
+    StampedFile(StampedFile const&) = delete;
+    StampedFile& operator=(StampedFile const&) = delete;
 
 private:
     int m_descriptor;
@@ -104,7 +104,7 @@ void convertAny(RawArray const& array, std::vector<char> const& bytes, void* tar
 template <typename Take>
 void readInChunks(RawArray const& array, kernel::Progress& progress, Take const& take)
 {
-    OpenFile const file(array.file);
+    StampedFile const file(array.file);
     std::int64_t const bytesOfTuple = static_cast<std::int64_t>(bytesOf(array.type)) * array.components;
     std::int64_t const tuplesOfChunk = std::max<std::int64_t>(bytesOfChunk / bytesOfTuple, 1);
     std::vector<char> bytes;
@@ -125,7 +125,7 @@ void readInChunks(RawArray const& array, kernel::Progress& progress, Take const&
 
 SharedArray::Components mapComponents(RawArray const& array)
 {
-    OpenFile const file(array.file);
+    StampedFile const file(array.file);
     std::shared_ptr<void> const memory = mapFile(file.descriptor(), array.offset, array.bytes(), array.file.path());
     SharedArray::Components result;
     for (int component = 0; component < array.components; ++component) {

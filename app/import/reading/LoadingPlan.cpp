@@ -6,14 +6,14 @@ namespace veldraw::app {
 
 namespace {
 
-constexpr double shareOfMemory = 0.4; // plots and operations need some as well
+constexpr double shareForValues = 0.4; // plots and operations need some as well
 constexpr std::int64_t mostPointsToCompute = 100000000;
 
 } // namespace
 
 LoadingPlan::LoadingPlan(Deferral deferral, double memory)
     : m_deferral(deferral)
-    , m_free(deferral == Deferral::Auto ? shareOfMemory * memory : std::numeric_limits<double>::infinity())
+    , m_free(deferral == Deferral::Auto ? shareForValues * memory : std::numeric_limits<double>::infinity())
 {
 }
 

@@ -12,7 +12,7 @@ namespace veldraw::app {
 
 namespace {
 
-constexpr std::int64_t unknown = -1;
+constexpr std::int64_t unknownTuples = -1;
 constexpr std::int64_t mostComponents = 1000000;
 constexpr int mostNamedComponents = 1000;
 
@@ -90,18 +90,18 @@ XmlArrayList::XmlArrayList(std::string const& path)
     finish(m_ofPoints, m_points, path, start);
     finish(m_ofCells, m_cells, path, start);
     finish(m_coordinates, m_points, path, start);
-    finish(m_mesh, unknown, path, start);
+    finish(m_mesh, unknownTuples, path, start);
 }
 
 // @param start of the appended data, -1 where the arrays do not stand there as they are
 void XmlArrayList::finish(Section& section, std::int64_t tuples, std::string const& path, std::int64_t start)
 {
     for (Array& array : section.arrays) {
-        array.values = tuples == unknown ? 0 : asCount(array.components * static_cast<double>(tuples));
+        array.values = tuples == unknownTuples ? 0 : asCount(array.components * static_cast<double>(tuples));
         if (start < 0)
             array.offset.reset();
         else if (array.type && array.offset)
-            place(array, path, start, tuples == unknown);
+            place(array, path, start, tuples == unknownTuples);
     }
 }
 

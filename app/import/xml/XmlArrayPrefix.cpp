@@ -7,9 +7,9 @@ namespace veldraw::app {
 
 namespace {
 
-constexpr std::size_t mostBytes = 3 * 8;
+constexpr std::size_t longestPrefix = 3 * 8;
 
-using Bytes = std::array<unsigned char, mostBytes>;
+using Bytes = std::array<unsigned char, longestPrefix>;
 
 // The value of a base64 letter, -1 for others. As VTK does it, padding counts as 0 wherever it stands.
 int sextet(int letter)

@@ -10,7 +10,7 @@ namespace veldraw::app {
 
 namespace {
 
-constexpr double unknown = -1.0;
+constexpr double unknownCount = -1.0;
 constexpr double mostCompression = 1000.0; // a block takes at least its size in the header
 
 double bytesOfType(std::string const& type)
@@ -146,7 +146,7 @@ XmlHeaderCheck::Extent XmlHeaderCheck::extentOf(std::string const& text)
     return extent;
 }
 
-// The number of values in the array, or unknown where the header alone does not say it.
+// The number of values in the array, or unknownCount where the header alone does not say it.
 double XmlHeaderCheck::valuesOf(XmlTags::Tag const& tag) const
 {
     double const components = tag.count("NumberOfComponents", 1.0);
@@ -158,7 +158,7 @@ double XmlHeaderCheck::valuesOf(XmlTags::Tag const& tag) const
         return std::max(components, 3.0) * m_points;
     if (m_section == "FieldData" && tag.text("type") != "String")
         return components * tag.count("NumberOfTuples", 0.0);
-    return unknown;
+    return unknownCount;
 }
 
 void XmlHeaderCheck::lookAtArray(XmlTags::Tag const& tag)
@@ -174,7 +174,7 @@ void XmlHeaderCheck::lookAtArray(XmlTags::Tag const& tag)
         m_bits.emplace(m_section == "PointData", tag.text("Name"));
     // VTK walks over the components of an array even if it has no values.
     m_size.addStored(tag.count("NumberOfComponents", 1.0), 0.0, "components of \"" + tag.text("Name") + "\"");
-    if (values != unknown)
+    if (values != unknownCount)
         m_size.addStored(values, isCounted ? bytes : 0.0, "values of \"" + tag.text("Name") + "\"");
     if (tag.text("format") == "appended")
         m_appended.push_back({tag.count("offset", 0.0), std::max(values, 0.0) * bytes, tag.text("Name")});

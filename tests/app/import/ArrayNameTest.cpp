@@ -34,15 +34,6 @@ std::string namesOf(std::vector<app::XmlTags::Tag> const& tags)
     return text;
 }
 
-void loadAll(kernel::DataSet const& dataSet)
-{
-    for (auto const& variable : dataSet.variables()) {
-        if (!fieldOf(dataSet, 1, variable->name).isLoaded()) {
-            EXPECT_EQ(loadingProblem(dataSet, 1, variable->name), "");
-        }
-    }
-}
-
 void expectVectors(vtkDataSet& grid, std::string const& fileName, std::string const& name)
 {
     TemporaryFolder const folder;

@@ -75,7 +75,7 @@ void addArrays(vtkDataSet& grid)
     addRandom<vtkFloatArray>(ofCells, "stress", 6, cells, true);
 }
 
-vtkSmartPointer<vtkUnstructuredGrid> mesh()
+vtkSmartPointer<vtkUnstructuredGrid> tetrahedra()
 {
     std::vector<std::pair<int, std::vector<vtkIdType>>> cells;
     for (vtkIdType n = 0; n + 3 < 3000; ++n)
@@ -121,7 +121,7 @@ vtkSmartPointer<vtkPolyData> cloud()
 vtkSmartPointer<vtkDataSet> gridFor(std::string const& extension)
 {
     if (extension == "vtu")
-        return mesh();
+        return tetrahedra();
     if (extension == "vtp")
         return surface(false);
     if (extension == "vts") {
@@ -133,20 +133,6 @@ vtkSmartPointer<vtkDataSet> gridFor(std::string const& extension)
     image->SetDimensions(20, 15, 9);
     addArrays(*image);
     return image;
-}
-
-void save(kernel::DataSet const& data, std::string const& path)
-{
-    app::exportDataSet(data, QString::fromStdString(path));
-}
-
-void loadAll(kernel::DataSet const& data)
-{
-    for (auto const& variable : data.variables()) {
-        for (int zone = 1; zone <= data.zoneCount(); ++zone)
-            EXPECT_EQ(fieldOf(data, zone, variable->name).isLoaded() ? "" : loadingProblem(data, zone, variable->name),
-                      "");
-    }
 }
 
 /// A session that shows what a file holds.
@@ -194,7 +180,7 @@ TEST(ArrayRoundTrip, GivesAnotherProgramTheArraysThatItGave)
 TEST(ArrayRoundTrip, OfTheKernelKeepsItsVariablesThroughAnyNumberOfFiles)
 {
     TemporaryFolder const folder;
-    auto const first = import(writeXml(*mesh(), folder.path("a.vtu"))).dataSet;
+    auto const first = import(writeXml(*tetrahedra(), folder.path("a.vtu"))).dataSet;
     save(*first, folder.path("b.vtu"));
     auto const second = import(folder.path("b.vtu")).dataSet;
     EXPECT_EQ(variableNames(*first), variableNames(*second));
@@ -205,8 +191,11 @@ TEST(ArrayRoundTrip, OfTheKernelKeepsItsVariablesThroughAnyNumberOfFiles)
 TEST(ArrayRoundTrip, KeepsTheKindsAndArraysOfPieces)
 {
     TemporaryFolder const folder;
-    std::vector<std::pair<std::string, vtkSmartPointer<vtkDataSet>>> const pieces = {
-        {"vtu", mesh()}, {"vtp", surface(false)}, {"vts", gridFor("vts")}, {"vtp", surface(true)}, {"vtp", cloud()}};
+    std::vector<std::pair<std::string, vtkSmartPointer<vtkDataSet>>> const pieces = {{"vtu", tetrahedra()},
+                                                                                     {"vtp", surface(false)},
+                                                                                     {"vts", gridFor("vts")},
+                                                                                     {"vtp", surface(true)},
+                                                                                     {"vtp", cloud()}};
     std::string text = "<VTKFile type=\"vtkMultiBlockDataSet\" version=\"1.0\"><vtkMultiBlockDataSet>";
     int number = 0;
     for (auto const& [extension, grid] : pieces) {
@@ -236,7 +225,7 @@ TEST(ArrayRoundTrip, KeepsTheKindsAndArraysOfPieces)
 TEST(ArrayRoundTrip, PutsATurnedVectorTogetherAgain)
 {
     TemporaryFolder const folder;
-    auto const grid = mesh();
+    auto const grid = tetrahedra();
     OpenFile file(writeXml(*grid, folder.path("in.vtu")));
     kernel::SpatialVariables variables;
     variables.coordinates = {file.number("X"), file.number("Y"), file.number("Z")};
@@ -287,7 +276,7 @@ TEST(ArrayRoundTrip, PutsAnEditedComponentTogetherWithTheOthers)
 TEST(ArrayRoundTrip, WritesComponentsOneByOneWhenOneOfThemIsGoneOrRenamed)
 {
     TemporaryFolder const folder;
-    OpenFile file(writeXml(*mesh(), folder.path("in.vtu")));
+    OpenFile file(writeXml(*tetrahedra(), folder.path("in.vtu")));
     ASSERT_TRUE(file.session.deleteVariables(*file.data, {file.number("U_Y")}));
     ASSERT_TRUE(file.session.renameVariable(*file.data, file.number("stress_6 (2)"), "other"));
     save(*file.data, folder.path("out.vtu"));
@@ -302,7 +291,7 @@ TEST(ArrayRoundTrip, WritesComponentsOneByOneWhenOneOfThemIsGoneOrRenamed)
     ASSERT_TRUE(file.session.undo());
     ASSERT_TRUE(file.session.undo());
     save(*file.data, folder.path("undone.vtu"));
-    expectSameArrays(*mesh(), *readByVtk(folder.path("undone.vtu")));
+    expectSameArrays(*tetrahedra(), *readByVtk(folder.path("undone.vtu")));
 }
 
 TEST(ArrayRoundTrip, WritesComponentsOneByOneWhenTheyAreNoLongerOfOneType)
@@ -324,7 +313,7 @@ TEST(ArrayRoundTrip, WritesComponentsOneByOneWhenTheyAreNoLongerOfOneType)
 TEST(ArrayRoundTrip, LeavesAnArrayApartWhoseNameIsTaken)
 {
     TemporaryFolder const folder;
-    OpenFile file(writeXml(*mesh(), folder.path("in.vtu")));
+    OpenFile file(writeXml(*tetrahedra(), folder.path("in.vtu")));
     ASSERT_TRUE(file.session.renameVariable(*file.data, file.number("one"), "U"));
     save(*file.data, folder.path("out.vtu"));
     auto const found = readByVtk(folder.path("out.vtu"));
@@ -358,7 +347,7 @@ TEST(ArrayRoundTrip, LetsEachZoneHaveItsOwnArrays)
 TEST(ArrayRoundTrip, KeepsNamesThatXmlHasToWriteInAnotherWay)
 {
     TemporaryFolder const folder;
-    auto const data = import(writeXml(*mesh(), folder.path("in.vtu"))).dataSet;
+    auto const data = import(writeXml(*tetrahedra(), folder.path("in.vtu"))).dataSet;
     auto const array = std::make_shared<kernel::SourceArray>(*data->variable(data->findVariable("U_X"))->sourceArray);
     array->name = "a < b & \"c\"";
     array->componentNames = {"<x>", "", "&z"};
@@ -378,7 +367,7 @@ TEST(ArrayRoundTrip, KeepsNamesThatXmlHasToWriteInAnotherWay)
 TEST(ArrayRoundTrip, WrapsAnArrayThatIsStillInOnePieceAndSetsOthersSideBySide)
 {
     TemporaryFolder const folder;
-    OpenFile file(writeXml(*mesh(), folder.path("in.vtu")));
+    OpenFile file(writeXml(*tetrahedra(), folder.path("in.vtu")));
     kernel::Zone const& zone = *file.data->zone(1);
     auto const field = [&](char const* name) { return &fieldOf(*file.data, 1, name); };
     auto const together = app::vtkArrayOfFields(zone, {field("U_X"), field("U_Y"), field("U_Z")}, "U");

@@ -12,11 +12,11 @@ namespace veldraw::test {
 
 namespace {
 
-constexpr unsigned int seed = 20240614;
+constexpr unsigned int mutationSeed = 20240614;
 constexpr int mutationsOfAFile = 60;
 constexpr std::chrono::seconds timeLimit(60);
 
-vtkSmartPointer<vtkUnstructuredGrid> mesh()
+vtkSmartPointer<vtkUnstructuredGrid> mixedMesh()
 {
     auto grid = unstructuredGrid(
         12, {{VTK_TETRA, {0, 1, 2, 3}}, {VTK_HEXAHEDRON, {1, 2, 3, 4, 5, 6, 7, 8}}, {VTK_POLYGON, {8, 9, 10, 11, 7}}});
@@ -75,8 +75,8 @@ void expectSound(kernel::DataSet const& data)
 void storm(std::string const& whole, std::string const& name)
 {
     TemporaryFolder const folder;
-    std::mt19937 random(seed);
-    std::printf("seed %u, %s\n", seed, name.c_str());
+    std::mt19937 random(mutationSeed);
+    std::printf("seed %u, %s\n", mutationSeed, name.c_str());
     auto const start = std::chrono::steady_clock::now();
     int refused = 0;
     for (int n = 0; n < mutationsOfAFile; ++n) {
@@ -99,7 +99,7 @@ TEST(DamagedFile, XmlFilesNeverCrashTheImport)
 {
     TemporaryFolder const folder;
     for (Mode mode : {Mode::Ascii, Mode::Base64, Mode::Raw, Mode::RawCompressed}) {
-        storm(contentOf(writeXml(*mesh(), folder.path("m.vtu"), mode)), "mesh.vtu");
+        storm(contentOf(writeXml(*mixedMesh(), folder.path("m.vtu"), mode)), "mesh.vtu");
         storm(contentOf(writeXml(*polyhedra(), folder.path("p.vtu"), mode)), "polyhedra.vtu");
         auto const grid = structuredGrid(3, 4, 2);
         addCellValues(*grid, "c", {1, 2, 3, 4, 5, 6});
@@ -111,7 +111,7 @@ TEST(DamagedFile, LegacyFilesNeverCrashTheImport)
 {
     TemporaryFolder const folder;
     for (bool binary : {false, true}) {
-        storm(contentOf(writeLegacy(*mesh(), folder.path("m.vtk"), binary)), "mesh.vtk");
+        storm(contentOf(writeLegacy(*mixedMesh(), folder.path("m.vtk"), binary)), "mesh.vtk");
         storm(contentOf(writeLegacy(*structuredGrid(3, 4, 2), folder.path("g.vtk"), binary)), "grid.vtk");
     }
 }

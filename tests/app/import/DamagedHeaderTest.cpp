@@ -17,9 +17,9 @@ namespace veldraw::test {
 
 namespace {
 
-constexpr unsigned int seed = 911;
-constexpr int mutationsOfAFile = 40;
-constexpr std::chrono::seconds timeLimit(60);
+constexpr unsigned int headerSeed = 911;
+constexpr int mutationsOfAHeader = 40;
+constexpr std::chrono::seconds headerTimeLimit(60);
 constexpr std::int64_t mostValuesToLoad = 1 << 20;
 constexpr double mostMemory = 200e6; // the files have some kilobytes
 
@@ -109,13 +109,13 @@ void storm(std::string const& whole, std::size_t textSize, std::string const& na
 {
     TemporaryFolder const folder;
     folder.write("a.raw", std::string(48, '\7'));
-    std::mt19937 random(seed);
-    std::printf("seed %u, %s\n", seed, name.c_str());
+    std::mt19937 random(headerSeed);
+    std::printf("seed %u, %s\n", headerSeed, name.c_str());
     auto const start = std::chrono::steady_clock::now();
     double const memory = peakMemory();
     int opened = 0;
     int refused = 0;
-    for (int n = 0; n < mutationsOfAFile; ++n) {
+    for (int n = 0; n < mutationsOfAHeader; ++n) {
         SCOPED_TRACE(name + ", mutation " + std::to_string(n));
         std::string const text = mutated(whole, textSize, random);
         SCOPED_TRACE(text.substr(0, textSize));
@@ -130,7 +130,7 @@ void storm(std::string const& whole, std::size_t textSize, std::string const& na
             }
         }
         ASSERT_LT(peakMemory() - memory, mostMemory);
-        ASSERT_LT(std::chrono::steady_clock::now() - start, timeLimit);
+        ASSERT_LT(std::chrono::steady_clock::now() - start, headerTimeLimit);
     }
     EXPECT_GT(refused, 0) << "the damage is real";
     EXPECT_GT(opened, 0) << "the damage leaves something to look at";

@@ -27,7 +27,7 @@ namespace veldraw::test {
 
 namespace {
 
-constexpr unsigned int seed = 20261122;
+constexpr unsigned int choiceSeed = 20261122;
 constexpr double memoryForSome = 1500.0; // bytes: enough for the coordinates and one or the other array of a sample
 
 using Grid = vtkSmartPointer<vtkDataSet>;
@@ -230,7 +230,7 @@ std::vector<Sample> samples()
             {"surfaceInPieces", "vtp", {polygons, strips}, {}}};
 }
 
-void loadAll(kernel::DataSet const& dataSet)
+void loadEverything(kernel::DataSet const& dataSet)
 {
     kernel::Progress progress;
     for (auto const& zone : dataSet.zones()) {
@@ -308,7 +308,7 @@ void expectSame(kernel::DataSet const& dataSet, kernel::DataSet const& wanted)
     std::vector<FieldDataType_e> types;
     for (kernel::Field const& field : dataSet.zone(1)->fields)
         types.push_back(field.type());
-    loadAll(dataSet);
+    loadEverything(dataSet);
     kernel::Zone const& zone = *dataSet.zone(1);
     kernel::Zone const& wantedZone = *wanted.zone(1);
     ASSERT_EQ(dataSet.zoneCount(), 1);
@@ -335,7 +335,7 @@ void expectSame(kernel::DataSet const& dataSet, kernel::DataSet const& wanted)
 
 std::string write(Sample const& sample, TemporaryFolder const& folder, Encoding const& encoding)
 {
-    std::mt19937 random(seed);
+    std::mt19937 random(choiceSeed);
     bool const inText = encoding.data == Encoding::Data::Ascii;
     std::vector<Grid> grids;
     for (auto const& make : sample.pieces) {
@@ -363,7 +363,7 @@ class DeferralEquivalenceTest : public ::testing::TestWithParam<Sample>
 TEST_P(DeferralEquivalenceTest, BringsTheSameVariablesWheneverTheirValuesAreLoaded)
 {
     app::VtkErrorCapture const quiet; // VTK complains of lengths of vectors that are infinite
-    std::printf("seed %u\n", seed);
+    std::printf("seed %u\n", choiceSeed);
     TemporaryFolder const folder;
     std::vector<Encoding> const encodings = allEncodings();
     for (std::size_t n = 0; n < encodings.size(); n += GetParam().step) {

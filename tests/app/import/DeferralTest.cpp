@@ -26,8 +26,6 @@ using ::testing::HasSubstr;
 
 namespace {
 
-constexpr auto allModes = {Mode::Ascii, Mode::Base64, Mode::Base64Compressed, Mode::Raw, Mode::RawCompressed};
-
 vtkSmartPointer<vtkDataSet> structured()
 {
     auto const grid = structuredGrid(3, 2, 2);
@@ -48,7 +46,7 @@ vtkSmartPointer<vtkDataSet> structured()
     return grid;
 }
 
-vtkSmartPointer<vtkDataSet> mesh()
+vtkSmartPointer<vtkDataSet> meshWithVertex()
 {
     // A vertex among triangles is left out, so that the cells' values have to be picked.
     auto const grid = unstructuredGrid(5, {{VTK_TRIANGLE, {0, 1, 2}}, {VTK_VERTEX, {4}}, {VTK_TRIANGLE, {1, 2, 3}}});
@@ -74,16 +72,6 @@ std::string everythingIn(kernel::DataSet const& dataSet)
     for (int variable = 1; variable <= dataSet.variableCount(); ++variable)
         text += valuesOf(dataSet, 1, dataSet.variable(variable)->name) + "\n";
     return text;
-}
-
-void loadAll(kernel::DataSet const& dataSet)
-{
-    for (int variable = 1; variable <= dataSet.variableCount(); ++variable) {
-        std::string const& name = dataSet.variable(variable)->name;
-        if (!dataSet.field(1, variable)->isLoaded()) {
-            EXPECT_EQ(loadingProblem(dataSet, 1, name), "");
-        }
-    }
 }
 
 void expectSameLater(vtkDataSet& grid, std::string const& name)
@@ -138,14 +126,14 @@ std::string lineInPieces(std::vector<LinePiece> const& pieces, std::string const
 TEST(Deferral, BringsTheSameValuesLaterAsAtOnce)
 {
     expectSameLater(*structured(), "grid.vts");
-    expectSameLater(*mesh(), "mesh.vtu");
+    expectSameLater(*meshWithVertex(), "mesh.vtu");
     expectSameLater(*image(), "image.vti");
 }
 
 TEST(Deferral, KnowsTheRangeThatTheFileSaysAsAnEstimate)
 {
     TemporaryFolder const folder;
-    auto const grid = mesh();
+    auto const grid = meshWithVertex();
     addPointValues(*grid, "v", std::vector<double>(15, -2.5), 3);
     for (Mode const mode : allModes) {
         auto const dataSet = import(writeXml(*grid, folder.path("mesh.vtu"), mode), app::Deferral::Always).dataSet;
@@ -256,7 +244,7 @@ TEST(Deferral, LeavesTheOrderOfVariablesAlone)
     for (std::string const extension : {"vts", "vtu", "vti"}) {
         vtkSmartPointer<vtkDataSet> grid = structuredGrid(3, 2, 2);
         if (extension == "vtu")
-            grid = mesh();
+            grid = meshWithVertex();
         if (extension == "vti")
             grid = image();
         auto const points = static_cast<int>(grid->GetNumberOfPoints());
@@ -310,7 +298,7 @@ TEST(Deferral, TellsThatAFileHasVanishedOrChangedSince)
 {
     TemporaryFolder const folder;
     for (Mode const mode : allModes) {
-        std::string const path = writeXml(*mesh(), folder.path("mesh.vtu"), mode);
+        std::string const path = writeXml(*meshWithVertex(), folder.path("mesh.vtu"), mode);
         auto const dataSet = import(path, app::Deferral::Always).dataSet;
         std::filesystem::rename(path, folder.path("other.vtu"));
         EXPECT_THAT(loadingProblem(*dataSet, 1, "p"), HasSubstr("cannot be read any more: No such file or directory"));
@@ -326,7 +314,8 @@ TEST(Deferral, TellsThatAFileHasVanishedOrChangedSince)
 TEST(Deferral, LoadsWhatComesFromATemporaryFileAtOnce)
 {
     TemporaryFolder const folder;
-    auto const dataSet = import(writeLegacy(*mesh(), folder.path("mesh.vtk"), true), app::Deferral::Always).dataSet;
+    auto const dataSet =
+        import(writeLegacy(*meshWithVertex(), folder.path("mesh.vtk"), true), app::Deferral::Always).dataSet;
     EXPECT_EQ(valuesOf(*dataSet, 1, "p"), "1 2 3 4 5");
 }
 

@@ -24,7 +24,7 @@ namespace {
 // Points that take 18 MB: enough to be left in the file.
 constexpr int manyPoints = 1500000;
 
-vtkSmartPointer<vtkPoints> points()
+vtkSmartPointer<vtkPoints> scatteredPoints()
 {
     auto const result = vtkSmartPointer<vtkPoints>::New();
     result->SetNumberOfPoints(manyPoints);
@@ -43,7 +43,7 @@ void addRamp(vtkDataSet& grid)
     addCellValues(grid, "c", std::vector<double>(static_cast<std::size_t>(grid.GetNumberOfCells()), 3.0));
 }
 
-vtkSmartPointer<vtkDataSet> gridOf(std::string const& extension)
+vtkSmartPointer<vtkDataSet> gridWithPoints(std::string const& extension)
 {
     vtkSmartPointer<vtkPointSet> grid;
     vtkNew<vtkCellArray> triangles;
@@ -62,7 +62,7 @@ vtkSmartPointer<vtkDataSet> gridOf(std::string const& extension)
         surface->SetPolys(triangles);
         grid = surface;
     }
-    grid->SetPoints(points());
+    grid->SetPoints(scatteredPoints());
     addRamp(*grid);
     return grid;
 }
@@ -99,7 +99,7 @@ class DeferredPointsTest : public ::testing::TestWithParam<std::string>
 TEST_P(DeferredPointsTest, AreLeftInTheFileWhenTheyAreManyAndComeLater)
 {
     TemporaryFolder const folder;
-    auto const grid = gridOf(GetParam());
+    auto const grid = gridWithPoints(GetParam());
     for (Mode const mode : {Mode::Raw, Mode::RawCompressed, Mode::Base64}) {
         SCOPED_TRACE(static_cast<int>(mode));
         std::string const path = writeXml(*grid, folder.path("a." + GetParam()), mode);
@@ -124,7 +124,7 @@ TEST_P(DeferredPointsTest, AreToldWhenTheirFileHasGoneAndComeWhenItIsBack)
 {
     TemporaryFolder const folder;
     for (Mode const mode : {Mode::Raw, Mode::RawCompressed}) {
-        std::string const path = writeXml(*gridOf(GetParam()), folder.path("a." + GetParam()), mode);
+        std::string const path = writeXml(*gridWithPoints(GetParam()), folder.path("a." + GetParam()), mode);
         auto const dataSet = import(path, app::Deferral::Always).dataSet;
         std::filesystem::rename(path, folder.path("b"));
         EXPECT_THAT(loadingProblem(*dataSet, 1, "X"), HasSubstr("cannot be read any more: No such file or directory"));
@@ -137,7 +137,7 @@ TEST_P(DeferredPointsTest, AreToldWhenTheirFileHasGoneAndComeWhenItIsBack)
 TEST_P(DeferredPointsTest, AreReadAtOnceWhereThereIsMemory)
 {
     TemporaryFolder const folder;
-    auto const dataSet = import(writeXml(*gridOf(GetParam()), folder.path("a." + GetParam()))).dataSet;
+    auto const dataSet = import(writeXml(*gridWithPoints(GetParam()), folder.path("a." + GetParam()))).dataSet;
     for (char const* name : {"X", "Y", "Z", "p", "c"})
         EXPECT_TRUE(fieldOf(*dataSet, 1, name).isLoaded()) << name;
 }
@@ -145,7 +145,7 @@ TEST_P(DeferredPointsTest, AreReadAtOnceWhereThereIsMemory)
 TEST_P(DeferredPointsTest, AreNotReadForTheSakeOfAnythingElse)
 {
     TemporaryFolder const folder;
-    auto const grid = gridOf(GetParam());
+    auto const grid = gridWithPoints(GetParam());
     addFact(*grid, "TimeValue", 2.0);
     for (Mode const mode : {Mode::Raw, Mode::RawCompressed}) {
         std::string const path = writeXml(*grid, folder.path("a." + GetParam()), mode);
@@ -209,7 +209,7 @@ TEST(DeferredPoints, OfScatteredPointsNeedNoCells)
 {
     TemporaryFolder const folder;
     vtkNew<vtkPolyData> cloud;
-    cloud->SetPoints(points());
+    cloud->SetPoints(scatteredPoints());
     auto const dataSet = import(writeXml(*cloud, folder.path("a.vtp")), app::Deferral::Always).dataSet;
     EXPECT_TRUE(dataSet->zone(1)->isOrdered());
     EXPECT_EQ(dataSet->zone(1)->i, manyPoints);

@@ -24,13 +24,13 @@ namespace veldraw::test {
 
 namespace {
 
-constexpr unsigned int seed = 20251121;
+constexpr unsigned int valueSeed = 20251121;
 constexpr int pointCount = 12; // in all grids
 
 // Arrays of every type with random bits; such that are no numbers only where @p anyBits, since a text has none of them.
 void addArrays(vtkDataSet& grid, bool anyBits)
 {
-    std::mt19937 random(seed);
+    std::mt19937 random(valueSeed);
     for (auto const& [attributes, tuples] :
          {std::pair<vtkDataSetAttributes*, vtkIdType>{grid.GetPointData(), grid.GetNumberOfPoints()},
           std::pair<vtkDataSetAttributes*, vtkIdType>{grid.GetCellData(), grid.GetNumberOfCells()}}) {

@@ -46,11 +46,6 @@ std::shared_ptr<kernel::DataSet> gridData(int zones = 1)
     return dataSet;
 }
 
-std::vector<std::string> save(kernel::DataSet const& data, std::string const& path)
-{
-    return app::exportDataSet(data, QString::fromStdString(path));
-}
-
 std::string problemSaving(kernel::DataSet const& data, std::string const& path)
 {
     try {

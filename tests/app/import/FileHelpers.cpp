@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <gtest/gtest.h>
 #include <iterator>
 #include <sstream>
 #include <stdexcept>
@@ -77,6 +78,21 @@ std::string loadingProblem(kernel::DataSet const& dataSet, int zone, std::string
     } catch (std::runtime_error const& error) {
         return error.what();
     }
+}
+
+void loadAll(kernel::DataSet const& dataSet)
+{
+    for (auto const& variable : dataSet.variables()) {
+        for (int zone = 1; zone <= dataSet.zoneCount(); ++zone) {
+            bool const isLoaded = fieldOf(dataSet, zone, variable->name).isLoaded();
+            EXPECT_EQ(isLoaded ? "" : loadingProblem(dataSet, zone, variable->name), "");
+        }
+    }
+}
+
+std::vector<std::string> save(kernel::DataSet const& dataSet, std::string const& path)
+{
+    return app::exportDataSet(dataSet, QString::fromStdString(path));
 }
 
 std::string problemWith(std::string const& path)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/export/Exporter.h"
 #include "app/import/Importer.h"
 
 #include <string>
@@ -37,6 +38,12 @@ std::shared_ptr<kernel::DataSet> importWithMemory(double bytes, std::string cons
 
 /// Loads a field that is not loaded. @return what its loader complains about; empty when it succeeds
 std::string loadingProblem(kernel::DataSet const& dataSet, int zone, std::string const& variable);
+
+/// Loads all fields that are not loaded, and fails the test where a loader complains.
+void loadAll(kernel::DataSet const& dataSet);
+
+/// Saves all zones in the format of the path's extension. @return remarks
+std::vector<std::string> save(kernel::DataSet const& dataSet, std::string const& path);
 
 /// What the import complains about; empty when it succeeds.
 std::string problemWith(std::string const& path);

@@ -38,6 +38,8 @@ enum class Mode
     RawCompressed
 };
 
+constexpr Mode allModes[] = {Mode::Ascii, Mode::Base64, Mode::Base64Compressed, Mode::Raw, Mode::RawCompressed};
+
 /// Writes VTK XML for the grid's kind. @return path
 std::string writeXml(vtkDataSet& grid, std::string const& path, Mode mode = Mode::Raw);
 

@@ -20,7 +20,6 @@ namespace veldraw::test {
 
 namespace {
 
-constexpr Mode allModes[] = {Mode::Ascii, Mode::Base64, Mode::Base64Compressed, Mode::Raw, Mode::RawCompressed};
 constexpr app::Deferral allDeferrals[] = {app::Deferral::Never, app::Deferral::Auto, app::Deferral::Always};
 
 /// Marks with each bit in turn, none at most places.
@@ -49,7 +48,7 @@ void addMarkedValues(vtkDataSet& grid)
     }
 }
 
-vtkSmartPointer<vtkDataSet> gridFor(std::string const& extension)
+vtkSmartPointer<vtkDataSet> gridWithParts(std::string const& extension)
 {
     vtkSmartPointer<vtkDataSet> grid = structuredGrid(15, 12, 9);
     if (extension == "vti") {
@@ -73,12 +72,6 @@ vtkSmartPointer<vtkDataSet> gridFor(std::string const& extension)
     }
     addMarkedValues(*grid);
     return grid;
-}
-
-void loadAll(kernel::DataSet const& data)
-{
-    for (auto const& variable : data.variables())
-        EXPECT_EQ(fieldOf(data, 1, variable->name).isLoaded() ? "" : loadingProblem(data, 1, variable->name), "");
 }
 
 std::string marksOf(std::shared_ptr<kernel::Buffer const> const& marks)
@@ -111,7 +104,7 @@ TEST(HiddenParts, AreTheBlankingOfTheZoneInEveryKindOfFileAndNoVariable)
 {
     TemporaryFolder const folder;
     for (std::string const extension : {"vtu", "vts", "vti", "vtp"}) {
-        auto const grid = gridFor(extension);
+        auto const grid = gridWithParts(extension);
         for (Mode const mode : allModes) {
             for (app::Deferral const deferral : allDeferrals) {
                 SCOPED_TRACE(extension + " mode " + std::to_string(static_cast<int>(mode)) + " deferral " +
@@ -158,7 +151,7 @@ TEST(HiddenParts, AreLeftOutOfRanges)
 TEST(HiddenParts, OfALegacyFileAndOfAnOlderNameAreTheSame)
 {
     TemporaryFolder const folder;
-    auto const grid = gridFor("vtu");
+    auto const grid = gridWithParts("vtu");
     auto const legacy = import(writeLegacy(*grid, folder.path("a.vtk"), true)).dataSet;
     ASSERT_NE(legacy->zone(1)->blanking, nullptr);
     EXPECT_EQ(marksOf(legacy->zone(1)->blanking->marks().ofCells), marksOf(*marks(grid->GetNumberOfCells())));
@@ -291,7 +284,7 @@ TEST(HiddenParts, OfCellsThatAreLeftInTheFileComeWithThem)
 TEST(HiddenParts, AreSavedWithEveryKindOfCopyAndReadBack)
 {
     TemporaryFolder const folder;
-    auto const data = import(writeXml(*gridFor("vts"), folder.path("a.vts"))).dataSet;
+    auto const data = import(writeXml(*gridWithParts("vts"), folder.path("a.vts"))).dataSet;
     kernel::Session session;
     auto const frame = std::make_shared<kernel::Frame>("frame", kernel::Rectangle{});
     session.openPage({frame});
@@ -312,7 +305,7 @@ TEST(HiddenParts, AreSavedWithEveryKindOfCopyAndReadBack)
 TEST(HiddenParts, AreToldToBeRowsLikeOthersInATable)
 {
     TemporaryFolder const folder;
-    auto const data = import(writeXml(*gridFor("vts"), folder.path("a.vts"))).dataSet;
+    auto const data = import(writeXml(*gridWithParts("vts"), folder.path("a.vts"))).dataSet;
     auto const remarks = app::exportDataSet(*data, QString::fromStdString(folder.path("b.csv")));
     std::string all;
     for (std::string const& remark : remarks)

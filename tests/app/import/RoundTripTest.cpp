@@ -53,7 +53,7 @@ void expectSameField(kernel::Zone const& zone, kernel::Field const& left, kernel
     }
 }
 
-void expectSame(kernel::DataSet const& left, kernel::DataSet const& right)
+void expectSameZones(kernel::DataSet const& left, kernel::DataSet const& right)
 {
     ASSERT_EQ(variableNames(left), variableNames(right));
     ASSERT_EQ(left.zoneCount(), right.zoneCount());
@@ -89,7 +89,7 @@ void expectRoundTrip(kernel::DataSet const& data, std::string const& name)
     TemporaryFolder const folder;
     app::exportDataSet(data, QString::fromStdString(folder.path(name)));
     auto const result = import(folder.path(name));
-    expectSame(data, *result.dataSet);
+    expectSameZones(data, *result.dataSet);
     EXPECT_TRUE(result.remarks.empty()) << result.remarks.front();
 }
 

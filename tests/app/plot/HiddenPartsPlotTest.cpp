@@ -22,7 +22,7 @@ namespace {
 using Index = std::int64_t;
 
 /// A cell with the corners of one of its faces, in ascending order.
-using Face = std::pair<Index, std::set<Index>>;
+using CellFace = std::pair<Index, std::set<Index>>;
 
 std::shared_ptr<kernel::Buffer> marks(Index count, std::set<Index> const& places, int mark)
 {
@@ -44,13 +44,13 @@ void hidePoints(kernel::Zone& zone, std::set<Index> const& points)
         zone, kernel::Blanking::Marks{marks(zone.pointCount(), points, kernel::Blanking::hiddenPoint), nullptr});
 }
 
-std::set<Face> facesOf(app::ZoneShape const& shape)
+std::set<CellFace> shownFacesOf(app::ZoneShape const& shape)
 {
-    std::set<Face> faces;
+    std::set<CellFace> faces;
     vtkNew<vtkIdList> ids;
     for (vtkIdType n = 0; n < shape.polygons->GetNumberOfCells(); ++n) {
         shape.polygons->GetCellAtId(n, ids);
-        Face face{shape.cellOf(n), {}};
+        CellFace face{shape.cellOf(n), {}};
         for (vtkIdType const id : *ids)
             face.second.insert(shape.pointOf(id));
         EXPECT_TRUE(faces.insert(face).second) << "drawn twice";
@@ -59,9 +59,9 @@ std::set<Face> facesOf(app::ZoneShape const& shape)
 }
 
 /// By asking each cell of a volume on each of its sides whether somebody visible is there.
-std::set<Face> expectedFaces(kernel::Zone const& zone)
+std::set<CellFace> expectedFaces(kernel::Zone const& zone)
 {
-    std::set<Face> faces;
+    std::set<CellFace> faces;
     Index const counts[3] = {zone.i - 1, zone.j - 1, zone.k - 1};
     auto const point = [&zone](Index i, Index j, Index k) { return i + zone.i * (j + zone.j * k); };
     auto const isSeen = [&](Index i, Index j, Index k) {
@@ -123,9 +123,9 @@ TEST(HiddenParts, OfAnOrderedVolumeLetTheFacesBehindThemBeSeen)
     for (unsigned const share : {2U, 5U, 50U}) {
         kernel::Zone zone("z", ZoneType_Ordered, 13, 11, 9);
         hideCells(zone, some(zone.cellCount(), share));
-        EXPECT_EQ(facesOf(app::OrderedShape::create(zone, false)), expectedFaces(zone));
+        EXPECT_EQ(shownFacesOf(app::OrderedShape::create(zone, false)), expectedFaces(zone));
         hidePoints(zone, some(zone.pointCount(), 10 * share));
-        EXPECT_EQ(facesOf(app::OrderedShape::create(zone, false)), expectedFaces(zone));
+        EXPECT_EQ(shownFacesOf(app::OrderedShape::create(zone, false)), expectedFaces(zone));
     }
 }
 

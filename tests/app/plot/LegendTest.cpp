@@ -42,7 +42,7 @@ QString joined(QString name)
     return name.remove(QLatin1Char('\n'));
 }
 
-QColor mapColour(double share)
+QColor barColour(double share)
 {
     double rgb[3];
     app::ColourMap::create(0.0, 1.0)->GetColor(share, rgb);
@@ -73,8 +73,8 @@ TEST(Legend, ShowsAFieldThatIsTheSameEverywhereInOneColourWithOneNumber)
     PlotTestPage page({SampleData::frame("Sheet", sheetWith(101325.0, 101325.0), PlotType_Cartesian2D)});
     QImage const legend = legendOf(page, "legend-constant");
     EXPECT_THAT(page.field().legend().ticks().labels, ElementsAre("101325"));
-    EXPECT_GT(PlotTestPage::pixelsNear(page.plot(), mapColour(0.5), 3), 50000) << "the field";
-    int const bar = PlotTestPage::pixelsNear(legend, mapColour(0.5), 3);
+    EXPECT_GT(PlotTestPage::pixelsNear(page.plot(), barColour(0.5), 3), 50000) << "the field";
+    int const bar = PlotTestPage::pixelsNear(legend, barColour(0.5), 3);
     EXPECT_GT(bar, 2000) << "the bar";
     EXPECT_LT(PlotTestPage::colouredPixels(legend), bar + bar / 10) << "no other colour";
 }
@@ -84,7 +84,7 @@ TEST(Legend, ShowsEveryColourOfTheFlood)
     PlotTestPage page({SampleData::frame("Sheet", sheetWith(0.0, 1.0), PlotType_Cartesian2D)});
     QImage const legend = legendOf(page);
     for (double const share : {0.01, 0.25, 0.5, 0.75, 0.99})
-        EXPECT_GT(PlotTestPage::pixelsNear(legend, mapColour(share), 6), 15) << share;
+        EXPECT_GT(PlotTestPage::pixelsNear(legend, barColour(share), 6), 15) << share;
 }
 
 TEST(Legend, StandsHugeAndTinyRanges)
@@ -93,8 +93,8 @@ TEST(Legend, StandsHugeAndTinyRanges)
         PlotTestPage page({SampleData::frame("Sheet", sheetWith(-size, size), PlotType_Cartesian2D)});
         QImage const legend = legendOf(page);
         EXPECT_EQ(page.field().legend().ticks().labels.size(), 5U) << size;
-        EXPECT_GT(PlotTestPage::pixelsNear(legend, mapColour(0.01)), 10) << size;
-        EXPECT_GT(PlotTestPage::pixelsNear(legend, mapColour(0.99)), 10) << size;
+        EXPECT_GT(PlotTestPage::pixelsNear(legend, barColour(0.01)), 10) << size;
+        EXPECT_GT(PlotTestPage::pixelsNear(legend, barColour(0.99)), 10) << size;
     }
 }
 

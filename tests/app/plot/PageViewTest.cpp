@@ -57,7 +57,7 @@ TEST(PageView, TakesAPictureWithoutBordersAndHeadersOfEveryFrameInItsPlace)
     PlotTestPage page(twoFrames(), {1200, 620});
     QImage const screen = page.picture();
     QImage const picture = page.view().takePicture();
-    picture.save(QStringLiteral(VELDRAW_PLOT_PICTURES) + QStringLiteral("/taken-picture.png"));
+    PlotTestPage::save(picture, "taken-picture");
     EXPECT_EQ(picture.size(), screen.size());
     for (QColor const& colour : {app::PlotTheme::accent(), app::PlotTheme::accentHeader(), app::PlotTheme::desk()}) {
         EXPECT_GT(PlotTestPage::pixelsNear(screen, colour, 1), 100) << colour.name().toStdString();

@@ -49,12 +49,16 @@ QImage PlotTestPage::picture(std::string const& name)
 {
     settle();
     QImage const image = m_view->grabImage();
-    if (!name.empty()) {
-        QString const folder = QStringLiteral(VELDRAW_PLOT_PICTURES);
-        QDir().mkpath(folder);
-        image.save(folder + QLatin1Char('/') + QString::fromStdString(name) + QStringLiteral(".png"));
-    }
+    if (!name.empty())
+        save(image, name);
     return image;
+}
+
+void PlotTestPage::save(QImage const& image, std::string const& name)
+{
+    QString const folder = QStringLiteral(VELDRAW_PLOT_PICTURES);
+    QDir().mkpath(folder);
+    image.save(folder + QLatin1Char('/') + QString::fromStdString(name) + QStringLiteral(".png"));
 }
 
 QImage PlotTestPage::plot(std::size_t index, std::string const& name)

@@ -31,6 +31,9 @@ public:
     /// @param name also saved under this name for the eye
     QImage picture(std::string const& name = {});
 
+    /// Saves a picture under this name for the eye.
+    static void save(QImage const& image, std::string const& name);
+
     /// The frame's plot alone.
     QImage plot(std::size_t index = 0, std::string const& name = {});
 

@@ -97,7 +97,7 @@ TEST_F(ListModelProxyTest, ConnectsAnewAndTellsOnceWhenTheSameListIsSet)
 
 TEST_F(ListModelProxyTest, CallsTheConnectionHooksAgainWhenTheSameListIsSet)
 {
-    class HookedList : public ScriptedList
+    class CountingList : public ScriptedList
     {
     public:
         mutable int hooks = 0;
@@ -109,7 +109,7 @@ TEST_F(ListModelProxyTest, CallsTheConnectionHooksAgainWhenTheSameListIsSet)
         void signalItemsAboutToBeRemovedConnected() const override { ++hooks; }
         void signalItemsRemovedConnected() const override { ++hooks; }
     };
-    auto const list = boost::make_shared<HookedList>();
+    auto const list = boost::make_shared<CountingList>();
     ListModelProxy<int> const proxy(list);
     EXPECT_EQ(list->hooks, 5);
     proxy.setModel(list);

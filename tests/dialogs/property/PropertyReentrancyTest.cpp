@@ -1,5 +1,6 @@
 #include "dialogs/property/Property.h"
 #include "platform/signals/SignalConnectionCollection.h"
+#include "tests/dialogs/property/IgnoredSignals.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -12,8 +13,6 @@ namespace veldraw {
 namespace {
 
 using testing::ElementsAre;
-
-void ignoreValue(int) {}
 
 void refuseValue(int)
 {

@@ -4,6 +4,7 @@
 #include "dialogs/property/BoundedValueValidator.h"
 #include "dialogs/property/PropertyAbstract.ipp"
 #include "platform/exception/InvalidPropertyValueException.h"
+#include "tests/dialogs/property/IgnoredSignals.h"
 
 #include <boost/make_shared.hpp>
 
@@ -21,9 +22,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-void ignoreSignal() {}
-void ignoreValue(int) {}
 
 using IntBounds = BoundedValueValidator<int>;
 

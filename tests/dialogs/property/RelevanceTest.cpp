@@ -7,6 +7,7 @@
 #include "dialogs/property/SimpleBooleanRelevance.h"
 #include "dialogs/property/UIProperty.h"
 #include "dialogs/property/UIStylePropertyAbstract.h"
+#include "tests/dialogs/property/IgnoredSignals.h"
 #include "tests/dialogs/support/SwitchedRelevance.h"
 
 #include <boost/function.hpp>
@@ -21,8 +22,6 @@ namespace {
 
 using tests::SwitchedRelevance;
 using Rule = boost::shared_ptr<RelevanceInterface const>;
-
-void ignoreSignal() {}
 
 Rule constant(bool answer)
 {

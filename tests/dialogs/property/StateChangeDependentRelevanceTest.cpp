@@ -1,5 +1,6 @@
 #include "dialogs/property/StateChangeDependentRelevance.h"
 
+#include "tests/dialogs/property/IgnoredSignals.h"
 #include "tests/dialogs/support/FakeStateChange.h"
 
 #include <gtest/gtest.h>
@@ -10,8 +11,6 @@ namespace {
 using integration::StateChangeEventObservable;
 using tests::FakeStateChange;
 using Event = StateChangeDependentRelevance::Event;
-
-void ignoreSignal() {}
 
 bool isTitleChange(Event const& event)
 {

@@ -145,7 +145,7 @@ TEST_F(CheckButtonPropertyBindingTest, ShowsWhatThePropertyMadeOfAClick)
 }
 
 /// Takes every value for the one it has, and tells nothing.
-class Unmoved : public Stubborn
+class UnmovedSwitch : public Stubborn
 {
 protected:
     bool isEqual(bool const&) const override { return true; }
@@ -153,7 +153,7 @@ protected:
 
 TEST_F(CheckButtonPropertyBindingTest, GoesBackAfterAClickThatThePropertyTakesForNone)
 {
-    property = boost::make_shared<Unmoved>();
+    property = boost::make_shared<UnmovedSwitch>();
     bind();
     click();
     EXPECT_THAT(take(), IsEmpty());

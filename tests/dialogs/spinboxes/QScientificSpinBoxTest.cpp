@@ -1,5 +1,6 @@
 #include "dialogs/widgets/QScientificSpinBox.h"
 
+#include "tests/dialogs/spinboxes/SpecialNumbers.h"
 #include "tests/dialogs/spinboxes/SpinBoxDriver.h"
 
 #include <QApplication>
@@ -18,9 +19,6 @@ namespace veldraw::test {
 namespace {
 
 using veldraw::ui::QScientificSpinBox;
-
-constexpr double infinity = std::numeric_limits<double>::infinity();
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
 class QScientificSpinBoxTest : public ::testing::Test
 {

@@ -10,6 +10,7 @@
 #include "platform/exception/InvalidArgumentException.h"
 #include "platform/exception/InvalidPropertyValueException.h"
 #include "platform/vdsdkcommon/AppLock.h"
+#include "tests/dialogs/spinboxes/SpecialNumbers.h"
 #include "tests/dialogs/spinboxes/SpinBoxWindow.h"
 
 #include <QApplication>
@@ -36,8 +37,6 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using Validator = BoundedValueValidator<double>;
 
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
-constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr char refusal[] = "error: The value must be greater than or equal to 0 and less than or equal to 0.5.";
 
 class SpinBoxDoublePropertyBindingTest : public SpinBoxWindow<ui::QScientificSpinBox>

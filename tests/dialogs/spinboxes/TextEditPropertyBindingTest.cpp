@@ -189,7 +189,7 @@ TEST_F(TextEditPropertyBindingTest, TellsARefusalOnceRestoresTheTextAndKeepsTheF
 }
 
 /// Takes every text for the one it has, and tells nothing.
-class Unmoved : public Property<std::string>
+class UnmovedText : public Property<std::string>
 {
 public:
     using Property<std::string>::Property;
@@ -200,7 +200,7 @@ protected:
 
 TEST_F(TextEditPropertyBindingTest, ShowsThePropertyAgainAfterATextThatItTakesForEqual)
 {
-    property = boost::make_shared<Unmoved>("one");
+    property = boost::make_shared<UnmovedText>("one");
     bind();
     type("!");
     clickElsewhere();

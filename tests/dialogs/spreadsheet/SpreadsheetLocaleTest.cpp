@@ -1,3 +1,4 @@
+#include "tests/dialogs/spreadsheet/GermanNumbers.h"
 #include "tests/dialogs/spreadsheet/SpreadsheetDriver.h"
 
 #include <QClipboard>
@@ -8,15 +9,6 @@
 
 namespace veldraw::tests {
 namespace {
-
-/// Numbers with a comma and with points between groups of digits, as German programs write them.
-class GermanNumbers : public std::numpunct<char>
-{
-protected:
-    char do_decimal_point() const override { return ','; }
-    char do_thousands_sep() const override { return '.'; }
-    std::string do_grouping() const override { return "\3"; }
-};
 
 /// The spreadsheet in a process whose defaults are German.
 class SpreadsheetLocaleTest : public SpreadsheetDriver

@@ -6,6 +6,7 @@
 #include "platform/vdsdkcommon/AppLock.h"
 #include "platform/vdsdkcommon/StateChangeEventObservable.h"
 #include "tests/dialogs/spreadsheet/FakeTable.h"
+#include "tests/dialogs/spreadsheet/GermanNumbers.h"
 #include "tests/dialogs/spreadsheet/SheetStage.h"
 #include "tests/dialogs/spreadsheet/ValueChange.h"
 #include "tests/dialogs/support/RecordedMessages.h"
@@ -23,7 +24,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using toolbox::Set;
 
-int listenerCount()
+int eventListeners()
 {
     return sdk::integration::StateChangeEventObservable::getInstance().listenerCount();
 }
@@ -121,12 +122,6 @@ TEST_F(ZoneVarTableKernelTest, WritesZeroForATextThatIsNoNumberAndTheStartOfOneT
 
 TEST_F(ZoneVarTableKernelTest, ReadsAndWritesADecimalPointWhateverTheLocaleOfStreams)
 {
-    struct GermanNumbers : std::numpunct<char>
-    {
-        char do_decimal_point() const override { return ','; }
-        char do_thousands_sep() const override { return '.'; }
-        std::string do_grouping() const override { return "\3"; }
-    };
     std::locale const before = std::locale::global(std::locale(std::locale::classic(), new GermanNumbers));
     auto const table = lineTable(first);
     EXPECT_TRUE(table->setStr({0, 0}, "12345.5"));
@@ -158,7 +153,7 @@ public:
     void itemChanged(ModelIndex const&, TableModelInterface&) override
     {
         ++times;
-        kernelListeners = listenerCount();
+        kernelListeners = eventListeners();
         lockDepth = sdk::AppLock::depth();
     }
     void rowsInserted(unsigned long long, unsigned long long, TableModelInterface&) override {}
@@ -172,14 +167,14 @@ public:
 TEST_F(ZoneVarTableKernelTest, TellsTheCellUnderTheLockAndBeforeItListensToTheKernelAgain)
 {
     auto const table = lineTable(first);
-    int const before = listenerCount();
+    int const before = eventListeners();
     EditWatch watch;
     table->addListener(&watch);
     EXPECT_TRUE(table->setStr({0, 0}, "7"));
     EXPECT_EQ(watch.times, 1);
     EXPECT_EQ(watch.kernelListeners, before - 1);
     EXPECT_EQ(watch.lockDepth, 1);
-    EXPECT_EQ(listenerCount(), before);
+    EXPECT_EQ(eventListeners(), before);
     EXPECT_EQ(sdk::AppLock::depth(), 0);
 }
 
@@ -221,11 +216,11 @@ TEST_F(ZoneVarTableKernelTest, ListensAgainWhenSomebodyWhoHearsOfAnEditThrows)
         void rowsRemoved(unsigned long long, unsigned long long, TableModelInterface&) override {}
     };
     auto const table = lineTable(first);
-    int const before = listenerCount();
+    int const before = eventListeners();
     Thrower thrower;
     table->addListener(&thrower);
     EXPECT_THROW(table->setStr({0, 0}, "7"), std::runtime_error);
-    EXPECT_EQ(listenerCount(), before);
+    EXPECT_EQ(eventListeners(), before);
     EXPECT_EQ(sdk::AppLock::depth(), 0);
     EXPECT_EQ(spy.count("VelUtilArgListDealloc"), 1);
 }
@@ -233,14 +228,14 @@ TEST_F(ZoneVarTableKernelTest, ListensAgainWhenSomebodyWhoHearsOfAnEditThrows)
 TEST_F(ZoneVarTableKernelTest, TellsTheUserOfARefusalAndListensAgain)
 {
     auto const table = lineTable(first);
-    int const before = listenerCount();
+    int const before = eventListeners();
     TableLog log(*table);
     spy.failNext("VelUtilDataValueSetByZoneVarX");
     EXPECT_FALSE(table->setStr({0, 0}, "7"));
     EXPECT_THAT(messages.take(), ElementsAre("error: Error while setting variable value"));
     EXPECT_THAT(log.take(), IsEmpty());
     EXPECT_EQ(stage.stored(first, 1, 0), 100.0);
-    EXPECT_EQ(listenerCount(), before);
+    EXPECT_EQ(eventListeners(), before);
     EXPECT_EQ(sdk::AppLock::depth(), 0);
     lineTable(second)->setStr({0, 0}, "9");
     EXPECT_THAT(log.take(), ElementsAre("data")) << "a later change by somebody else";
@@ -257,7 +252,7 @@ TEST_F(ZoneVarTableKernelTest, TellsTheUserThatALockedDataSetRefuses)
 TEST_F(ZoneVarTableKernelTest, StaysWholeWhicheverKernelCallOfAnEditFails)
 {
     auto const table = lineTable(first);
-    int const before = listenerCount();
+    int const before = eventListeners();
     spy.reset();
     ASSERT_TRUE(table->setStr({0, 0}, "7"));
     std::vector<std::string> const calls = spy.calls();
@@ -274,7 +269,7 @@ TEST_F(ZoneVarTableKernelTest, StaysWholeWhicheverKernelCallOfAnEditFails)
         spy.reset();
         EXPECT_EQ(stage.stored(first, 1, 0), isRelease ? 7.0 : 100.0);
         EXPECT_EQ(messages.take().size(), isLoadedQuery || isRelease ? 0u : 1u);
-        EXPECT_EQ(listenerCount(), before);
+        EXPECT_EQ(eventListeners(), before);
         EXPECT_EQ(sdk::AppLock::depth(), 0);
         EXPECT_TRUE(table->setStr({0, 0}, "7")) << "a try without a failure succeeds";
     }
@@ -315,17 +310,17 @@ TEST_F(ZoneVarTableKernelTest, IgnoresAllOtherKindsOfChanges)
 
 TEST_F(ZoneVarTableKernelTest, ListensFromItsConstructionToItsEnd)
 {
-    int const before = listenerCount();
+    int const before = eventListeners();
     {
         auto const table = lineTable(first);
-        EXPECT_EQ(listenerCount(), before + 1);
+        EXPECT_EQ(eventListeners(), before + 1);
     }
-    EXPECT_EQ(listenerCount(), before);
+    EXPECT_EQ(eventListeners(), before);
 }
 
 TEST_F(ZoneVarTableKernelTest, RefusesAZoneWithoutDimensionsAndDoesNotListen)
 {
-    int const before = listenerCount();
+    int const before = eventListeners();
     spy.failNext("VelUtilZoneGetIJK");
     try {
         lineTable(first);
@@ -333,13 +328,13 @@ TEST_F(ZoneVarTableKernelTest, RefusesAZoneWithoutDimensionsAndDoesNotListen)
     } catch (IOException const& failure) {
         EXPECT_EQ(failure.message(), "Failed to load zone metrics.");
     }
-    EXPECT_EQ(listenerCount(), before);
+    EXPECT_EQ(eventListeners(), before);
     EXPECT_NO_THROW(lineTable(first));
 }
 
 TEST_F(ZoneVarTableKernelTest, ToldThatTheUserStoppedTheLoadingOfDimensionsSaysSoWithoutAText)
 {
-    int const before = listenerCount();
+    int const before = eventListeners();
     spy.failNext("VelUtilZoneGetIJK");
     stage.session().setInterrupted(true);
     try {
@@ -348,7 +343,7 @@ TEST_F(ZoneVarTableKernelTest, ToldThatTheUserStoppedTheLoadingOfDimensionsSaysS
     } catch (InterruptedException const& interrupted) {
         EXPECT_EQ(interrupted.message(), "");
     }
-    EXPECT_EQ(listenerCount(), before);
+    EXPECT_EQ(eventListeners(), before);
     stage.session().setInterrupted(false);
 }
 

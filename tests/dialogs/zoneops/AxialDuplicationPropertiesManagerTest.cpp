@@ -10,7 +10,7 @@
 namespace veldraw::tests {
 namespace {
 
-using Manager = AxialDuplicationPropertiesManager;
+using DuplicationManager = AxialDuplicationPropertiesManager;
 using testing::ElementsAre;
 
 /// The logic alone, without a dialog.
@@ -25,16 +25,16 @@ protected:
         return manager.numberOfSegmentsProperty()->value();
     }
 
-    Manager manager;
+    DuplicationManager manager;
 };
 
 TEST_F(AxialDuplicationPropertiesManagerTest, StartsWithTwoInstancesWithoutOffset)
 {
-    EXPECT_EQ(Manager::offsetAngle()->value(), 0.0);
-    EXPECT_EQ(Manager::offsetAngleUnits()->value(), ThetaMode_Degrees);
-    EXPECT_FALSE(Manager::fullRotation()->value());
-    EXPECT_EQ(Manager::numInstances()->value(), 2);
-    EXPECT_TRUE(Manager::addZonesToExistingStrands()->value());
+    EXPECT_EQ(DuplicationManager::offsetAngle()->value(), 0.0);
+    EXPECT_EQ(DuplicationManager::offsetAngleUnits()->value(), ThetaMode_Degrees);
+    EXPECT_FALSE(DuplicationManager::fullRotation()->value());
+    EXPECT_EQ(DuplicationManager::numInstances()->value(), 2);
+    EXPECT_TRUE(DuplicationManager::addZonesToExistingStrands()->value());
     EXPECT_EQ(manager.numberOfSegmentsProperty()->value(), 1);
 }
 
@@ -98,18 +98,18 @@ TEST_F(AxialDuplicationPropertiesManagerTest, TellsANewNumberOfSegmentsWhenTheAn
 
 TEST_F(AxialDuplicationPropertiesManagerTest, ShowsTheOffsetInItsOwnUnit)
 {
-    Manager::offsetAngle()->setValue(180.0);
-    Manager::offsetAngleUnits()->setValue(ThetaMode_Radians);
+    DuplicationManager::offsetAngle()->setValue(180.0);
+    DuplicationManager::offsetAngleUnits()->setValue(ThetaMode_Radians);
     EXPECT_DOUBLE_EQ(manager.displayedOffsetAngle()->value(), std::acos(-1.0));
     EXPECT_EQ(AxialRotationPropertiesManager::rotationAngleUnits()->value(), ThetaMode_Degrees);
     manager.displayedOffsetAngle()->setValue(std::acos(-1.0) / 4.0);
-    EXPECT_DOUBLE_EQ(Manager::offsetAngle()->value(), 45.0);
+    EXPECT_DOUBLE_EQ(DuplicationManager::offsetAngle()->value(), 45.0);
 }
 
 TEST_F(AxialDuplicationPropertiesManagerTest, WantsANumberOfInstancesForAPartOfTheCircleOnly)
 {
     EXPECT_TRUE(manager.partialRotationRelevance()->isRelevant());
-    Manager::fullRotation()->setValue(true);
+    DuplicationManager::fullRotation()->setValue(true);
     EXPECT_FALSE(manager.partialRotationRelevance()->isRelevant());
 }
 
@@ -149,15 +149,15 @@ protected:
 TEST_F(AxialDuplicationCountTest, IsOneLessThanTheInstances)
 {
     EXPECT_EQ(copies(), "1");
-    Manager::numInstances()->setValue(7);
+    DuplicationManager::numInstances()->setValue(7);
     EXPECT_EQ(copies(), "6");
-    Manager::numInstances()->setValue(1);
+    DuplicationManager::numInstances()->setValue(1);
     EXPECT_EQ(copies(), "0");
 }
 
 TEST_F(AxialDuplicationCountTest, IsOneLessThanTheSegmentsOfAFullCircle)
 {
-    Manager::fullRotation()->setValue(true);
+    DuplicationManager::fullRotation()->setValue(true);
     angle().setValue(30.0);
     EXPECT_EQ(copies(), "11");
     angle().setValue(7.0);
@@ -168,7 +168,7 @@ TEST_F(AxialDuplicationCountTest, IsOneLessThanTheSegmentsOfAFullCircle)
 
 TEST_F(AxialDuplicationCountTest, IsAtLeastOneInAFullCircle)
 {
-    Manager::fullRotation()->setValue(true);
+    DuplicationManager::fullRotation()->setValue(true);
     angle().setValue(360.0);
     EXPECT_EQ(copies(), "1");
     angle().setValue(500.0);

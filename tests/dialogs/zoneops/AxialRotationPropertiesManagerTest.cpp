@@ -9,7 +9,7 @@
 namespace veldraw::tests {
 namespace {
 
-using Manager = AxialRotationPropertiesManager;
+using RotationManager = AxialRotationPropertiesManager;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -30,7 +30,7 @@ class AxialRotationPropertiesManagerTest : public AxialRotationFixture
 protected:
     static Inputs inputs(std::set<int> const& zones = {1}, bool isGrouped = false)
     {
-        Manager const manager;
+        RotationManager const manager;
         manager.zoneListModel()->groupByTimeStrand()->setValue(isGrouped);
         manager.selectedZones()->setValue(zones);
         Inputs in;
@@ -48,33 +48,36 @@ protected:
         return "";
     }
 
-    static std::vector<int> zonesToProcess(Manager const& manager) { return manager.getZonesToProcess().members(); }
+    static std::vector<int> zonesToProcess(RotationManager const& manager)
+    {
+        return manager.getZonesToProcess().members();
+    }
 };
 
 TEST_F(AxialRotationPropertiesManagerTest, StartsWithAFullTurnAboutZThroughTheOrigin)
 {
-    EXPECT_EQ(Manager::rotationAngleUnits()->value(), ThetaMode_Degrees);
-    EXPECT_EQ(Manager::rotationAngle()->value(), 360.0);
-    EXPECT_EQ(Manager::rotationAxis()->value(), Manager::zRotationAxis);
-    ASSERT_EQ(Manager::rotationOrigin().size(), 3u);
+    EXPECT_EQ(RotationManager::rotationAngleUnits()->value(), ThetaMode_Degrees);
+    EXPECT_EQ(RotationManager::rotationAngle()->value(), 360.0);
+    EXPECT_EQ(RotationManager::rotationAxis()->value(), RotationManager::zRotationAxis);
+    ASSERT_EQ(RotationManager::rotationOrigin().size(), 3u);
     for (int dimension = 0; dimension < 3; ++dimension)
-        EXPECT_EQ(Manager::rotationOrigin().at(dimension)->value(), 0.0) << dimension;
-    ASSERT_EQ(Manager::angleUnitsListModel()->size(), 2);
-    EXPECT_EQ(Manager::angleUnitsListModel()->getStr(0), "Degrees");
-    EXPECT_EQ(Manager::angleUnitsListModel()->getStr(1), "Radians");
+        EXPECT_EQ(RotationManager::rotationOrigin().at(dimension)->value(), 0.0) << dimension;
+    ASSERT_EQ(RotationManager::angleUnitsListModel()->size(), 2);
+    EXPECT_EQ(RotationManager::angleUnitsListModel()->getStr(0), "Degrees");
+    EXPECT_EQ(RotationManager::angleUnitsListModel()->getStr(1), "Radians");
 }
 
 TEST_F(AxialRotationPropertiesManagerTest, NumbersTheAxesFromX)
 {
-    EXPECT_EQ(static_cast<int>(Manager::xRotationAxis), 0);
-    EXPECT_EQ(static_cast<int>(Manager::yRotationAxis), 1);
-    EXPECT_EQ(static_cast<int>(Manager::zRotationAxis), 2);
+    EXPECT_EQ(static_cast<int>(RotationManager::xRotationAxis), 0);
+    EXPECT_EQ(static_cast<int>(RotationManager::yRotationAxis), 1);
+    EXPECT_EQ(static_cast<int>(RotationManager::zRotationAxis), 2);
 }
 
 TEST_F(AxialRotationPropertiesManagerTest, SharesWhatTheUserSetsButNotTheSelection)
 {
-    Manager const first;
-    Manager const second;
+    RotationManager const first;
+    RotationManager const second;
     first.rotationAngle()->setValue(90.0);
     EXPECT_EQ(second.displayedAngle()->value(), 90.0);
     first.selectedZones()->setValue({2});
@@ -84,26 +87,26 @@ TEST_F(AxialRotationPropertiesManagerTest, SharesWhatTheUserSetsButNotTheSelecti
 
 TEST_F(AxialRotationPropertiesManagerTest, ShowsTheAngleInItsUnitAndKeepsItInDegrees)
 {
-    Manager const manager;
-    Manager::rotationAngleUnits()->setValue(ThetaMode_Radians);
+    RotationManager const manager;
+    RotationManager::rotationAngleUnits()->setValue(ThetaMode_Radians);
     EXPECT_DOUBLE_EQ(manager.displayedAngle()->value(), 2.0 * std::acos(-1.0));
     manager.displayedAngle()->setValue(std::acos(-1.0) / 2.0);
-    EXPECT_DOUBLE_EQ(Manager::rotationAngle()->value(), 90.0);
-    Manager::rotationAngleUnits()->setValue(ThetaMode_Degrees);
+    EXPECT_DOUBLE_EQ(RotationManager::rotationAngle()->value(), 90.0);
+    RotationManager::rotationAngleUnits()->setValue(ThetaMode_Degrees);
     EXPECT_DOUBLE_EQ(manager.displayedAngle()->value(), 90.0);
 }
 
 TEST_F(AxialRotationPropertiesManagerTest, SelectsThePickedZonesWhenItIsMade)
 {
     pick({zonePick(3), {7, 0}, zonePick(1), zonePick(3)});
-    EXPECT_THAT(Manager().selectedZones()->value(), ElementsAre(1, 3));
+    EXPECT_THAT(RotationManager().selectedZones()->value(), ElementsAre(1, 3));
 }
 
 TEST_F(AxialRotationPropertiesManagerTest, SelectsNothingWhenNoZoneIsPicked)
 {
-    EXPECT_THAT(Manager().selectedZones()->value(), IsEmpty());
+    EXPECT_THAT(RotationManager().selectedZones()->value(), IsEmpty());
     pick({{7, 0}});
-    EXPECT_THAT(Manager().selectedZones()->value(), IsEmpty());
+    EXPECT_THAT(RotationManager().selectedZones()->value(), IsEmpty());
 }
 
 TEST_F(AxialRotationPropertiesManagerTest, PassesOverAPickedZoneThatIsGone)
@@ -111,21 +114,21 @@ TEST_F(AxialRotationPropertiesManagerTest, PassesOverAPickedZoneThatIsGone)
     sample.session().duplicateZones(sample.dataSet(), kernel::NumberSet{1});
     pick({zonePick(2), zonePick(4)});
     sample.session().undo();
-    EXPECT_THAT(Manager().selectedZones()->value(), ElementsAre(2));
+    EXPECT_THAT(RotationManager().selectedZones()->value(), ElementsAre(2));
 }
 
 TEST_F(AxialRotationPropertiesManagerTest, PassesOverAPickedZoneThatIsDisabled)
 {
     pick({zonePick(2), zonePick(3)});
     sample.session().setZoneEnabled(sample.dataSet(), 3, false);
-    EXPECT_THAT(Manager().selectedZones()->value(), ElementsAre(2));
+    EXPECT_THAT(RotationManager().selectedZones()->value(), ElementsAre(2));
 }
 
 TEST_F(AxialRotationPropertiesManagerTest, ReadsThePickListOnceFromItsFirstEntryOn)
 {
     pick({{7, 0}, zonePick(2)});
     KernelSpy const spy;
-    Manager const manager;
+    RotationManager const manager;
     std::vector<std::string> const calls = spy.calls();
     ASSERT_GE(calls.size(), 4u);
     EXPECT_THAT(std::vector<std::string>(calls.end() - 4, calls.end()),
@@ -135,7 +138,7 @@ TEST_F(AxialRotationPropertiesManagerTest, ReadsThePickListOnceFromItsFirstEntry
 
 TEST_F(AxialRotationPropertiesManagerTest, LeavesTheSelectionAloneWhenSomethingIsPickedLater)
 {
-    Manager const manager;
+    RotationManager const manager;
     manager.selectedZones()->setValue({2});
     pick({zonePick(3)});
     IdleDispatcher::flush();
@@ -144,7 +147,7 @@ TEST_F(AxialRotationPropertiesManagerTest, LeavesTheSelectionAloneWhenSomethingI
 
 TEST_F(AxialRotationPropertiesManagerTest, ProcessesTheSelectedZones)
 {
-    Manager const manager;
+    RotationManager const manager;
     EXPECT_THAT(zonesToProcess(manager), IsEmpty());
     manager.selectedZones()->setValue({3, 1});
     EXPECT_THAT(zonesToProcess(manager), ElementsAre(1, 3));
@@ -153,7 +156,7 @@ TEST_F(AxialRotationPropertiesManagerTest, ProcessesTheSelectedZones)
 TEST_F(AxialRotationPropertiesManagerTest, ProcessesAllZonesOfTheSelectedStrands)
 {
     makeStrand();
-    Manager const manager;
+    RotationManager const manager;
     manager.zoneListModel()->groupByTimeStrand()->setValue(true);
     manager.selectedZones()->setValue({1});
     EXPECT_THAT(zonesToProcess(manager), ElementsAre(1, 3));
@@ -169,7 +172,7 @@ TEST_F(AxialRotationPropertiesManagerTest, ProcessesAllZonesOfTheSelectedStrands
 TEST_F(AxialRotationPropertiesManagerTest, LeavesTheDisabledZonesOfAStrandOut)
 {
     makeStrand();
-    Manager const manager;
+    RotationManager const manager;
     manager.zoneListModel()->groupByTimeStrand()->setValue(true);
     manager.selectedZones()->setValue({1});
     sample.session().setZoneEnabled(sample.dataSet(), 1, false);
@@ -180,7 +183,7 @@ TEST_F(AxialRotationPropertiesManagerTest, LeavesTheDisabledZonesOfAStrandOut)
 
 TEST_F(AxialRotationPropertiesManagerTest, TakesAStrandThatIsGoneForNoZones)
 {
-    Manager const manager;
+    RotationManager const manager;
     manager.zoneListModel()->groupByTimeStrand()->setValue(true);
     manager.selectedZones()->setValue({1, 99});
     EXPECT_THAT(zonesToProcess(manager), ElementsAre(1));
@@ -190,9 +193,9 @@ TEST_F(AxialRotationPropertiesManagerTest, TakesAStrandThatIsGoneForNoZones)
 
 TEST_F(AxialRotationPropertiesManagerTest, GathersPositionVectorOriginAndAxis)
 {
-    Manager::rotationAxis()->setValue(Manager::yRotationAxis);
-    Manager::rotationOrigin().at(0)->setValue(0.5);
-    Manager::rotationOrigin().at(2)->setValue(-2.0);
+    RotationManager::rotationAxis()->setValue(RotationManager::yRotationAxis);
+    RotationManager::rotationOrigin().at(0)->setValue(0.5);
+    RotationManager::rotationOrigin().at(2)->setValue(-2.0);
     Inputs const in = inputs();
     EXPECT_THAT(in.xyz, ElementsAre(1, 2, 3));
     EXPECT_THAT(in.uvw, ElementsAre(4, 5, 6));
@@ -200,9 +203,9 @@ TEST_F(AxialRotationPropertiesManagerTest, GathersPositionVectorOriginAndAxis)
     EXPECT_TRUE(in.hasVector);
     EXPECT_THAT(in.origin, ElementsAre(0.5, 0.0, -2.0));
     EXPECT_THAT(in.axis, ElementsAre(0.0, 1.0, 0.0));
-    Manager::rotationAxis()->setValue(Manager::xRotationAxis);
+    RotationManager::rotationAxis()->setValue(RotationManager::xRotationAxis);
     EXPECT_THAT(inputs().axis, ElementsAre(1.0, 0.0, 0.0));
-    Manager::rotationAxis()->setValue(Manager::zRotationAxis);
+    RotationManager::rotationAxis()->setValue(RotationManager::zRotationAxis);
     EXPECT_THAT(inputs().axis, ElementsAre(0.0, 0.0, 1.0));
 }
 
@@ -301,7 +304,7 @@ TEST_F(AxialRotationPropertiesManagerTest, TakesThePositionAsItsOwnVectorForNoVe
 
 TEST_F(AxialRotationPropertiesManagerTest, TellsAnyExceptionInAMessageAndEndsNormally)
 {
-    Manager manager;
+    RotationManager manager;
     manager.selectedZones()->setValue({1});
     EXPECT_THAT(toldWhenMemoryRunsOut([&manager] { manager.rotateZones(); }, messages),
                 testing::IsSupersetOf({"error: std::bad_alloc", "error: Failed to perform axial rotation."}));
@@ -356,19 +359,19 @@ TEST_F(AxialRotationInThePlaneTest, StillWantsDifferentVariables)
 
 TEST_F(AxialRotationInThePlaneTest, TurnsAboutZWhateverWasChosenInSpace)
 {
-    Manager::rotationAxis()->setValue(Manager::xRotationAxis);
-    Manager const manager;
-    EXPECT_EQ(Manager::rotationAxis()->value(), Manager::zRotationAxis);
+    RotationManager::rotationAxis()->setValue(RotationManager::xRotationAxis);
+    RotationManager const manager;
+    EXPECT_EQ(RotationManager::rotationAxis()->value(), RotationManager::zRotationAxis);
 }
 
 TEST_F(AxialRotationPropertiesManagerTest, TurnsToZAtIdleWhenThePlotTurnsFlat)
 {
-    Manager const manager;
-    Manager::rotationAxis()->setValue(Manager::yRotationAxis);
+    RotationManager const manager;
+    RotationManager::rotationAxis()->setValue(RotationManager::yRotationAxis);
     sample.session().setPlotType(sample.frame()->id, PlotType_Cartesian2D);
-    EXPECT_EQ(Manager::rotationAxis()->value(), Manager::yRotationAxis);
+    EXPECT_EQ(RotationManager::rotationAxis()->value(), RotationManager::yRotationAxis);
     IdleDispatcher::flush();
-    EXPECT_EQ(Manager::rotationAxis()->value(), Manager::zRotationAxis);
+    EXPECT_EQ(RotationManager::rotationAxis()->value(), RotationManager::zRotationAxis);
 }
 
 TEST_F(AxialRotationPropertiesManagerTest, TurnsToZAtIdleWhenAFlatFrameIsActivated)
@@ -378,45 +381,45 @@ TEST_F(AxialRotationPropertiesManagerTest, TurnsToZAtIdleWhenAFlatFrameIsActivat
     ASSERT_TRUE(sample.session().setPlotType(flat->id, PlotType_Cartesian2D));
     ASSERT_TRUE(sample.session().activateFrame(sample.frame()->id));
     IdleDispatcher::flush();
-    Manager const manager;
-    Manager::rotationAxis()->setValue(Manager::yRotationAxis);
+    RotationManager const manager;
+    RotationManager::rotationAxis()->setValue(RotationManager::yRotationAxis);
     ASSERT_TRUE(sample.session().activateFrame(flat->id));
-    EXPECT_EQ(Manager::rotationAxis()->value(), Manager::yRotationAxis);
+    EXPECT_EQ(RotationManager::rotationAxis()->value(), RotationManager::yRotationAxis);
     IdleDispatcher::flush();
-    EXPECT_EQ(Manager::rotationAxis()->value(), Manager::zRotationAxis);
+    EXPECT_EQ(RotationManager::rotationAxis()->value(), RotationManager::zRotationAxis);
 }
 
 TEST_F(AxialRotationPropertiesManagerTest, TurnsToZAtIdleWhenUndoAndRedoMakeThePlotFlat)
 {
     setPlotType(PlotType_Cartesian2D);
     setPlotType(PlotType_Cartesian3D);
-    Manager const manager;
-    Manager::rotationAxis()->setValue(Manager::yRotationAxis);
+    RotationManager const manager;
+    RotationManager::rotationAxis()->setValue(RotationManager::yRotationAxis);
     ASSERT_TRUE(sample.session().undo());
-    EXPECT_EQ(Manager::rotationAxis()->value(), Manager::yRotationAxis);
+    EXPECT_EQ(RotationManager::rotationAxis()->value(), RotationManager::yRotationAxis);
     IdleDispatcher::flush();
-    EXPECT_EQ(Manager::rotationAxis()->value(), Manager::zRotationAxis);
+    EXPECT_EQ(RotationManager::rotationAxis()->value(), RotationManager::zRotationAxis);
     ASSERT_TRUE(sample.session().undo());
     IdleDispatcher::flush();
-    Manager::rotationAxis()->setValue(Manager::xRotationAxis);
+    RotationManager::rotationAxis()->setValue(RotationManager::xRotationAxis);
     ASSERT_TRUE(sample.session().redo());
     IdleDispatcher::flush();
-    EXPECT_EQ(Manager::rotationAxis()->value(), Manager::zRotationAxis);
+    EXPECT_EQ(RotationManager::rotationAxis()->value(), RotationManager::zRotationAxis);
 }
 
 TEST_F(AxialRotationPropertiesManagerTest, LeavesTheAxisAloneInOtherPlots)
 {
-    Manager const manager;
-    Manager::rotationAxis()->setValue(Manager::yRotationAxis);
+    RotationManager const manager;
+    RotationManager::rotationAxis()->setValue(RotationManager::yRotationAxis);
     for (PlotType_e const plotType : {PlotType_XYLine, PlotType_PolarLine, PlotType_Sketch, PlotType_Cartesian3D}) {
         setPlotType(plotType);
-        EXPECT_EQ(Manager::rotationAxis()->value(), Manager::yRotationAxis) << plotType;
+        EXPECT_EQ(RotationManager::rotationAxis()->value(), RotationManager::yRotationAxis) << plotType;
     }
 }
 
 TEST_F(AxialRotationPropertiesManagerTest, KnowsWhetherThePlotHasThreeDimensions)
 {
-    Manager const manager;
+    RotationManager const manager;
     EXPECT_TRUE(manager.cartesian3DRelevance()->isRelevant());
     setPlotType(PlotType_Cartesian2D);
     EXPECT_FALSE(manager.cartesian3DRelevance()->isRelevant());
@@ -427,17 +430,17 @@ TEST_F(AxialRotationPropertiesManagerTest, KnowsWhetherThePlotHasThreeDimensions
 TEST_F(AxialRotationPropertiesManagerTest, ListensToNobodyAfterItsEnd)
 {
     {
-        Manager const manager;
+        RotationManager const manager;
     }
-    Manager::rotationAxis()->setValue(Manager::yRotationAxis);
+    RotationManager::rotationAxis()->setValue(RotationManager::yRotationAxis);
     setPlotType(PlotType_Cartesian2D);
-    EXPECT_EQ(Manager::rotationAxis()->value(), Manager::yRotationAxis);
+    EXPECT_EQ(RotationManager::rotationAxis()->value(), RotationManager::yRotationAxis);
 }
 
 TEST_F(AxialRotationPropertiesManagerTest, CanBeMadeWithoutAFrame)
 {
     sample.session().removeAllPages();
-    Manager const manager;
+    RotationManager const manager;
     EXPECT_THAT(manager.selectedZones()->value(), IsEmpty());
     EXPECT_EQ(manager.zoneListModel()->size(), 0);
     EXPECT_FALSE(manager.cartesian3DRelevance()->isRelevant());

@@ -8,8 +8,8 @@ namespace {
 
 using testing::ElementsAre;
 
-std::string const failed = "error: Error duplicating zone(s)";
-std::string const created = "information: Mirror zone creation successful.";
+std::string const mirrorFailed = "error: Error duplicating zone(s)";
+std::string const mirrorCreated = "information: Mirror zone creation successful.";
 
 class CreateMirrorZoneKernelTest : public ActionUnderSpy<CreateMirrorZoneFixture>
 {
@@ -87,14 +87,14 @@ TEST_F(CreateMirrorZoneKernelTest, TellsAFailureInTheWordsOfDuplicatingAndKeepsS
     std::string const stepBefore = sample.session().history().undoName();
     spy.failNext("VelUtilCreateMirrorZones");
     clickAction();
-    expectTold({failed}, "refused");
+    expectTold({mirrorFailed}, "refused");
     EXPECT_EQ(spy.count("VelUtilCreateMirrorZones"), 1) << "nothing tries again by itself";
     EXPECT_THAT(rows(), ElementsAre("*1: Wing", "*2: Body", "3: Tail"));
     EXPECT_THAT(visibleChoices(), ElementsAre("3DXY", "*3DXZ", "3DYZ"));
     EXPECT_EQ(sample.session().history().undoName(), stepBefore);
 
     clickAction();
-    expectTold({created}, "another try");
+    expectTold({mirrorCreated}, "another try");
     EXPECT_EQ(zoneNames().size(), 5u);
 }
 
@@ -103,7 +103,7 @@ TEST_F(CreateMirrorZoneKernelTest, TellsThatALockedDataSetRefuses)
     sample.session().setLock(sample.dataSet(), "another operation");
     clickRow(2);
     clickAction();
-    expectTold({failed}, "locked");
+    expectTold({mirrorFailed}, "locked");
     EXPECT_EQ(zoneNames().size(), 3u);
 }
 
@@ -139,7 +139,9 @@ protected:
             spy.reset();
             EXPECT_EQ(zoneNames().size(), succeeds ? 4u : 3u) << when;
             bool const told = !messagesToo && !isCallOf(calls[failing], "VelUtilDialogMessageBox");
-            expectTold(told ? std::vector<std::string>{succeeds ? created : failed} : std::vector<std::string>(), when);
+            expectTold(told ? std::vector<std::string>{succeeds ? mirrorCreated : mirrorFailed}
+                            : std::vector<std::string>(),
+                       when);
             if (!succeeds)
                 clickAction();
             EXPECT_THAT(zoneNames(), ElementsAre("Wing", "Body", "Tail", "Body")) << when << ", then nothing";

@@ -9,8 +9,8 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-std::string const failed = "error: Error duplicating zone(s)";
-std::string const created = "information: Duplicate zone(s) created";
+std::string const duplicateFailed = "error: Error duplicating zone(s)";
+std::string const duplicateCreated = "information: Duplicate zone(s) created";
 
 class DuplicateZoneKernelTest : public ActionUnderSpy<DuplicateZoneFixture>
 {
@@ -74,13 +74,13 @@ TEST_F(DuplicateZoneKernelTest, TellsAFailureAndKeepsTheSelectionForAnotherTry)
     std::string const stepBefore = sample.session().history().undoName();
     spy.failNext("VelUtilZoneCopyX");
     clickAction();
-    expectTold({failed}, "refused");
+    expectTold({duplicateFailed}, "refused");
     EXPECT_EQ(spy.count("VelUtilZoneCopyX"), 1) << "nothing tries again by itself";
     EXPECT_THAT(rows(), ElementsAre("*1: Wing", "*2: Body", "3: Tail"));
     EXPECT_EQ(sample.session().history().undoName(), stepBefore);
 
     clickAction();
-    expectTold({created}, "another try");
+    expectTold({duplicateCreated}, "another try");
     EXPECT_THAT(zoneNames(), ElementsAre("Wing", "Body", "Tail", "Wing", "Body"));
 }
 
@@ -89,7 +89,7 @@ TEST_F(DuplicateZoneKernelTest, TellsThatALockedDataSetRefuses)
     sample.session().setLock(sample.dataSet(), "another operation");
     clickRow(2);
     clickAction();
-    expectTold({failed}, "locked");
+    expectTold({duplicateFailed}, "locked");
     EXPECT_EQ(sample.session().lastError(), "The data set is locked.");
     EXPECT_EQ(zoneNames().size(), 3u);
 }
@@ -115,7 +115,7 @@ std::vector<std::string> toldWhenFailing(std::string const& call)
 {
     if (isCallOf(call, "VelUtilDialogMessageBox"))
         return {};
-    return {refuses(call) ? failed : created};
+    return {refuses(call) ? duplicateFailed : duplicateCreated};
 }
 
 TEST_F(DuplicateZoneKernelTest, StaysWholeAndReleasesItsGuardsWhicheverKernelCallFails)

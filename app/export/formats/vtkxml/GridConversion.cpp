@@ -43,11 +43,6 @@ bool samePoints(vtkDataSet& left, vtkDataSet& right)
 
 using Shape = kernel::Connectivity::Shape;
 
-bool isFace(Shape shape)
-{
-    return shape == Shape::Triangle || shape == Shape::Quad || shape == Shape::Polygon;
-}
-
 // Number of the leading cells of a finite-element zone that are lines.
 std::int64_t lineCount(kernel::Zone const& zone)
 {
@@ -68,7 +63,7 @@ bool areFacesFrom(kernel::Zone const& zone, std::int64_t first)
     if (zone.type != ZoneType_FEMixed || !zone.connectivity || !zone.connectivity->shapes)
         return first == zone.cellCount();
     Shape const* const shapes = zone.connectivity->shapes;
-    return std::all_of(shapes + first, shapes + zone.connectivity->cellCount, isFace);
+    return std::all_of(shapes + first, shapes + zone.connectivity->cellCount, kernel::Connectivity::isFace);
 }
 
 bool isListOfPoints(kernel::Zone const& zone)

@@ -13,7 +13,7 @@ namespace veldraw::app {
 
 namespace {
 
-constexpr std::size_t longestLine = 256; // of those with keywords
+constexpr std::size_t longestKeywordLine = 256; // of those with keywords
 
 std::string upper(std::string text)
 {
@@ -85,7 +85,7 @@ void checkLegacyHeader(std::string const& path, std::int64_t fileSize)
             break;
         if (c == '\n')
             flush();
-        else if (line.size() < longestLine)
+        else if (line.size() < longestKeywordLine)
             line += static_cast<char>(c);
         else
             tooLong = true;

@@ -17,7 +17,7 @@ namespace {
 constexpr double conversionShare = 0.7; // of the time for a file
 constexpr double bytesPerSecond = 2e6;  // slower than any machine reads numbers
 constexpr double startSeconds = 10.0;
-constexpr double shareOfMemory = 0.8;
+constexpr double shareForReader = 0.8;
 constexpr int pollMilliseconds = 100;
 
 std::filesystem::path converter()
@@ -33,7 +33,7 @@ bool startsWith(std::string const& text, std::string const& start)
 void convert(std::string const& path, std::string const& folder, kernel::Progress& progress,
              std::vector<std::string>& remarks)
 {
-    double const megabytes = std::min(availableMemory() * shareOfMemory / 1048576.0, 1e9);
+    double const megabytes = std::min(availableMemory() * shareForReader / 1048576.0, 1e9);
     double const seconds = startSeconds + static_cast<double>(std::filesystem::file_size(path)) / bytesPerSecond;
     ChildProcess child({converter().string(), std::filesystem::absolute(path).string(), folder,
                         std::to_string(static_cast<long>(megabytes)), std::to_string(static_cast<long>(seconds))});

@@ -12,7 +12,7 @@ namespace veldraw::app {
 namespace {
 
 template <typename Grid>
-std::array<std::int64_t, 3> dimensionsOf(Grid& grid)
+std::array<std::int64_t, 3> gridDimensions(Grid& grid)
 {
     int dims[3] = {0, 0, 0};
     grid.GetDimensions(dims);
@@ -24,14 +24,14 @@ std::shared_ptr<CoordinateLoader> ofImage(vtkImageData& image, int axis)
     int const* const extent = image.GetExtent();
     vtkMatrix4x4& matrix = *image.GetIndexToPhysicalMatrix();
     return std::make_shared<ImageCoordinateLoader>(
-        dimensionsOf(image), matrix.GetElement(axis, 3),
+        gridDimensions(image), matrix.GetElement(axis, 3),
         std::array<double, 3>{{matrix.GetElement(axis, 0), matrix.GetElement(axis, 1), matrix.GetElement(axis, 2)}},
         std::array<std::int64_t, 3>{{extent[0], extent[2], extent[4]}});
 }
 
 std::shared_ptr<CoordinateLoader> ofRectilinear(vtkRectilinearGrid& grid, int axis)
 {
-    auto const dims = dimensionsOf(grid);
+    auto const dims = gridDimensions(grid);
     vtkDataArray* const positions = axis == 0   ? grid.GetXCoordinates()
                                     : axis == 1 ? grid.GetYCoordinates()
                                                 : grid.GetZCoordinates();

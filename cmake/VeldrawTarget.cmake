@@ -1,4 +1,5 @@
-# What every target of ours has in common: warnings, sanitizers, coverage, how Qt and Boost are to be used.
+# What every target of ours has in common: warnings, sanitizers, coverage, how Qt and Boost are to be used, compiling in batches.
+include(VeldrawBatches)
 
 option(VELDRAW_COVERAGE "Count the lines of the dialog library that tests reach" OFF)
 
@@ -22,6 +23,10 @@ function(veldraw_target name)
       target_compile_options(${name} PRIVATE --coverage)
       target_link_options(${name} INTERFACE --coverage)
     endif()
+  endif()
+  if(VELDRAW_BATCHES)
+    # At the end of the folder: by then all is known of the sources.
+    cmake_language(EVAL CODE "cmake_language(DEFER CALL veldraw_compile_in_batches [[${name}]])")
   endif()
 endfunction()
 

@@ -160,7 +160,7 @@ def prepare(shadow, sources, mutants, asked):
     programs = asked.tests.split(',') if asked.tests else list(dict.fromkeys(
         name for source in sources for name in programs_for(os.path.dirname(str(source.relative_to(ROOT))))))
     if not asked.built:
-        subprocess.run([str(ROOT / 'tools' / 'build'), 'dev', *programs], check=True, stdout=subprocess.DEVNULL)
+        subprocess.run([str(ROOT / 'tools' / 'build'), 'no-unity', *programs], check=True, stdout=subprocess.DEVNULL)
     kept = shadow.compile(mutants, sources)
     tests = []
     for path in shadow.link_programs(programs):

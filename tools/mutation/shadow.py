@@ -33,11 +33,11 @@ def rendered(text, mutants):
 
 
 class Shadow:
-    """The sources under test with their mutants, beside the build of the dev preset, from which everything else comes."""
+    """The sources under test with their mutants, beside a build of one object a source, from which everything else comes."""
 
     def __init__(self, root, folder, jobs):
         self.root, self.folder, self.jobs = root, folder, jobs
-        self.build = root / 'build' / 'dev'
+        self.build = root / 'build' / 'no-unity'
         self.flags = ['-w', '-fpermissive', '-Wno-narrowing', '-O1', '-g0', '-Wno-error']
         for name in ('src', 'obj', 'bin', 'lib'):
             (folder / name).mkdir(parents=True, exist_ok=True)

@@ -4,6 +4,7 @@
 #include "app/import/Importer.h"
 
 #include <string>
+#include <vector>
 
 namespace veldraw::test {
 

@@ -2,7 +2,7 @@
 
 #include "host/MessageLog.h"
 #include "host/MessagePresenter.h"
-#include "kernel/frames/Session.h"
+#include "kernel/session/Session.h"
 #include "platform/vdsdkbase/VelUtilDialog.h"
 
 namespace veldraw::sdk {

@@ -1,7 +1,9 @@
 #include "platform/vdtoolbox/AuxData.h"
 
+#include "kernel/api/ApiSupport.h"
 #include "kernel/frames/AuxiliaryOwner.h"
-#include "kernel/frames/Session.h"
+#include "kernel/operations/SetAuxiliaryItem.h"
+#include "kernel/session/Session.h"
 
 #include <algorithm>
 #include <optional>
@@ -14,7 +16,7 @@ namespace {
 
 AuxiliaryData* dataAt(AuxDataLocation_e location, int object)
 {
-    return kernel::AuxiliaryOwner(kernel::Session::instance(), location, object).data();
+    return kernel::AuxiliaryOwner(kernel::Session::instance().pages(), location, object).data();
 }
 
 std::optional<AuxiliaryData::Item> itemAt(AuxDataLocation_e location, int object, int n)
@@ -77,7 +79,9 @@ bool AuxData::set(std::string const& name, bool value, bool retain) const
 
 bool AuxData::setText(std::string const& name, std::string const& value, bool retain) const
 {
-    return kernel::Session::instance().setAuxiliaryItem(m_location, m_object, name, value, retain);
+    return kernel::api::answerOr(false, [&] {
+        return kernel::Session::instance().perform(kernel::SetAuxiliaryItem(m_location, m_object, name, value, retain));
+    });
 }
 
 } // namespace veldraw::toolbox

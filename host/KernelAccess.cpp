@@ -1,6 +1,6 @@
 #include "host/KernelAccess.h"
 
-#include "kernel/frames/Session.h"
+#include "kernel/session/Session.h"
 
 namespace veldraw::host {
 

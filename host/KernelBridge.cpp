@@ -3,7 +3,7 @@
 #include "host/KernelStateChangeEvent.h"
 #include "host/MessageLog.h"
 #include "kernel/api/LoadFailure.h"
-#include "kernel/frames/Session.h"
+#include "kernel/session/Session.h"
 #include "platform/vdsdkcommon/StateChangeEventObservable.h"
 
 #include <chrono>

@@ -1,4 +1,4 @@
-#include "kernel/frames/Session.h"
+#include "kernel/session/Session.h"
 #include "platform/vdsdkcommon/Names.h"
 
 #include <cstddef>

@@ -1,6 +1,6 @@
 #include "host/KernelAccess.h"
 #include "kernel/data/FieldMaps.h"
-#include "kernel/frames/Session.h"
+#include "kernel/session/Session.h"
 #include "platform/vdsdkcommon/DataSetQueries.h"
 
 namespace veldraw::sdk {

@@ -1,7 +1,9 @@
 #include "platform/vdsdkcommon/Names.h"
 
 #include "host/KernelAccess.h"
-#include "kernel/frames/Session.h"
+#include "kernel/api/ApiSupport.h"
+#include "kernel/operations/RenameZone.h"
+#include "kernel/session/Session.h"
 
 namespace veldraw::sdk {
 
@@ -37,13 +39,17 @@ int zoneNumberByUniqueID(long long zoneID)
 char renameZoneForFrame(long long frameID, int zone, char const* name)
 {
     auto const dataSet = KernelAccess::dataSetOf(frameID);
-    return dataSet && name && kernel::Session::instance().renameZone(*dataSet, zone, name);
+    return dataSet && name && kernel::api::answerOr(false, [&] {
+               return kernel::Session::instance().perform(kernel::RenameZone(*dataSet, zone, name));
+           });
 }
 
 char renameVariableForFrame(long long frameID, int var, char const* name)
 {
     auto const dataSet = KernelAccess::dataSetOf(frameID);
-    return dataSet && name && kernel::Session::instance().renameVariable(*dataSet, var, name);
+    return dataSet && name && kernel::api::answerOr(false, [&] {
+               return kernel::Session::instance().perform(kernel::RenameVariable(*dataSet, var, name));
+           });
 }
 
 } // namespace veldraw::sdk

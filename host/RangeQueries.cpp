@@ -1,5 +1,6 @@
 #include "kernel/api/LoadFailure.h"
-#include "kernel/frames/Session.h"
+#include "kernel/operations/LoadVariables.h"
+#include "kernel/session/Session.h"
 #include "platform/vdsdkcommon/DataSetQueries.h"
 
 #include <algorithm>
@@ -27,7 +28,7 @@ void loadWhereUnknown(int var, Set const& zones)
         if (field && !field->isLoaded() && !rangeOf(var, zone).isValid())
             unknown.insert(zone);
     }
-    if (!unknown.empty() && !kernel::Session::instance().loadVariables(*dataSet, unknown, {var}))
+    if (!unknown.empty() && !kernel::Session::instance().perform(kernel::LoadVariables(*dataSet, unknown, {var})))
         kernel::api::tellLoadFailure();
 }
 

@@ -1,6 +1,6 @@
 #include "platform/vdtoolbox/Set.h"
 
-#include "kernel/data/NumberSet.h"
+#include "kernel/base/NumberSet.h"
 
 #include <limits>
 

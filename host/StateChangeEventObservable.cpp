@@ -1,7 +1,7 @@
 #include "platform/vdsdkcommon/StateChangeEventObservable.h"
 
 #include "host/MessageLog.h"
-#include "kernel/frames/Session.h"
+#include "kernel/session/Session.h"
 #include "platform/vdtoolbox/StateChangeListenerInterface.h"
 
 #include <boost/signals2/expired_slot.hpp>

@@ -1,6 +1,6 @@
 #include "platform/vdsdkcommon/UndoState.h"
 
-#include "kernel/frames/Session.h"
+#include "kernel/session/Session.h"
 
 namespace veldraw::sdk {
 

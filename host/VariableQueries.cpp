@@ -1,5 +1,5 @@
 #include "host/KernelAccess.h"
-#include "kernel/frames/Session.h"
+#include "kernel/session/Session.h"
 #include "platform/vdsdkcommon/DataSetQueries.h"
 #include "platform/vdsdkcommon/Names.h"
 

@@ -1,5 +1,5 @@
 #include "host/KernelAccess.h"
-#include "kernel/frames/Session.h"
+#include "kernel/session/Session.h"
 #include "platform/vdsdkcommon/DataSetQueries.h"
 
 namespace veldraw::sdk {

@@ -7,7 +7,7 @@
 #include "app/import/Importer.h"
 #include "app/plot/PageView.h"
 #include "app/window/PictureFile.h"
-#include "kernel/data/NumberSet.h"
+#include "kernel/base/NumberSet.h"
 #include "platform/vdsdkbase/VelUtilDataSet.h"
 #include "platform/vdsdkcommon/AppLock.h"
 

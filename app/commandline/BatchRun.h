@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/commandline/CommandLineOptions.h"
-#include "kernel/frames/Session.h"
+#include "kernel/session/Session.h"
 
 #include <QTextStream>
 

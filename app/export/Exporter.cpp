@@ -2,7 +2,8 @@
 
 #include "app/export/WritableFormats.h"
 #include "app/files/PathChecks.h"
-#include "kernel/compute/Interrupted.h"
+#include "kernel/base/Progress.h"
+#include "kernel/operations/LoadVariables.h"
 
 #include <new>
 
@@ -79,7 +80,7 @@ bool loadWholeDataSet(kernel::Session& session, kernel::DataSet& dataSet)
     kernel::NumberSet zones;
     kernel::NumberSet variables;
     for (int zone = 1; zone <= dataSet.zoneCount(); ++zone) {
-        if (dataSet.zone(zone)->isDeferred() && !session.loadDimensions(dataSet, zone))
+        if (dataSet.zone(zone)->isDeferred() && !session.perform(kernel::LoadDimensions(dataSet, zone)))
             return false;
         for (int variable = 1; variable <= dataSet.variableCount(); ++variable) {
             if (dataSet.field(zone, variable)->isLoaded())
@@ -88,7 +89,7 @@ bool loadWholeDataSet(kernel::Session& session, kernel::DataSet& dataSet)
             variables.insert(variable);
         }
     }
-    return zones.empty() || session.loadVariables(dataSet, zones, variables);
+    return zones.empty() || session.perform(kernel::LoadVariables(dataSet, zones, variables));
 }
 
 QStringList exportNameFilters()

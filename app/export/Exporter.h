@@ -1,8 +1,8 @@
 #pragma once
 
 #include "app/export/writing/ExportError.h"
-#include "kernel/compute/Progress.h"
-#include "kernel/frames/Session.h"
+#include "kernel/base/Progress.h"
+#include "kernel/session/Session.h"
 
 #include <QString>
 #include <QStringList>

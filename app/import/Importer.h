@@ -2,7 +2,7 @@
 
 #include "app/files/ImportError.h"
 #include "app/import/reading/Deferral.h"
-#include "kernel/compute/Progress.h"
+#include "kernel/base/Progress.h"
 #include "kernel/data/DataSet.h"
 
 #include <QString>

@@ -1,6 +1,6 @@
 #include "app/plot/FaceSearch.h"
 
-#include "kernel/compute/Parallel.h"
+#include "kernel/base/Parallel.h"
 
 #include <algorithm>
 #include <limits>

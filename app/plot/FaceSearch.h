@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/plot/CellFaces.h"
-#include "kernel/compute/Progress.h"
+#include "kernel/base/Progress.h"
 
 #include <cstdint>
 #include <vector>

@@ -4,7 +4,7 @@
 #include "app/plot/VisibleElements.h"
 #include "app/vtk/ProgressObserver.h"
 #include "app/vtk/ZoneToVtk.h"
-#include "kernel/compute/Parallel.h"
+#include "kernel/base/Parallel.h"
 #include "kernel/data/DataSet.h"
 
 #include <vtkCellData.h>

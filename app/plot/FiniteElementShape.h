@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/plot/ZoneShape.h"
-#include "kernel/compute/Progress.h"
+#include "kernel/base/Progress.h"
 #include "kernel/data/Zone.h"
 
 namespace veldraw::app {

@@ -1,6 +1,6 @@
 #include "app/plot/GeometryWork.h"
 
-#include "kernel/compute/Parallel.h"
+#include "kernel/base/Parallel.h"
 
 #include <algorithm>
 #include <chrono>

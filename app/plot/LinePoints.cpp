@@ -1,7 +1,7 @@
 #include "app/plot/LinePoints.h"
 
 #include "app/plot/FieldValues.h"
-#include "kernel/compute/Parallel.h"
+#include "kernel/base/Parallel.h"
 
 #include <vtkDoubleArray.h>
 

@@ -3,7 +3,7 @@
 #include "app/plot/CellFaces.h"
 #include "app/plot/FaceSearch.h"
 #include "app/plot/PointNumbering.h"
-#include "kernel/compute/Parallel.h"
+#include "kernel/base/Parallel.h"
 
 #include <vtkTypeInt64Array.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "kernel/frames/Display.h"
-#include "kernel/frames/Session.h"
+#include "kernel/session/Session.h"
 
 namespace veldraw::app {
 

@@ -3,7 +3,7 @@
 #include "app/plot/FrameNotice.h"
 #include "app/plot/FrameView.h"
 #include "app/plot/PageDisplay.h"
-#include "kernel/frames/Session.h"
+#include "kernel/session/Session.h"
 
 #include <QImage>
 #include <QWidget>

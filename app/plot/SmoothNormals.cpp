@@ -1,6 +1,6 @@
 #include "app/plot/SmoothNormals.h"
 
-#include "kernel/compute/Parallel.h"
+#include "kernel/base/Parallel.h"
 
 #include <vtkCellArray.h>
 #include <vtkPoints.h>

@@ -4,7 +4,7 @@
 #include "app/plot/OrderedShape.h"
 #include "app/plot/SmoothNormals.h"
 #include "app/vtk/ProgressObserver.h"
-#include "kernel/compute/Parallel.h"
+#include "kernel/base/Parallel.h"
 
 #include <vtkFloatArray.h>
 #include <vtkIdList.h>

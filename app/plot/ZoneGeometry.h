@@ -2,7 +2,7 @@
 
 #include "app/plot/ZoneShape.h"
 #include "app/plot/ZoneSource.h"
-#include "kernel/compute/Progress.h"
+#include "kernel/base/Progress.h"
 
 #include <vtkPolyData.h>
 #include <vtkSmartPointer.h>

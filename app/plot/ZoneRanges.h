@@ -1,7 +1,7 @@
 #pragma once
 
 #include "kernel/data/DataSet.h"
-#include "kernel/data/ValueRange.h"
+#include "kernel/storage/ValueRange.h"
 
 #include <vector>
 

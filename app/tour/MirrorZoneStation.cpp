@@ -3,7 +3,7 @@
 #include "app/tour/ZoneProbe.h"
 #include "app/window/HelpViewer.h"
 #include "dialogs/zoneops/CreateMirrorZoneDialog.h"
-#include "kernel/frames/Session.h"
+#include "kernel/session/Session.h"
 
 #include <QAction>
 #include <QListView>

@@ -10,7 +10,7 @@
 #include "app/tour/LongTableStation.h"
 #include "app/tour/MirrorZoneStation.h"
 #include "app/tour/SpreadsheetStation.h"
-#include "kernel/frames/Session.h"
+#include "kernel/session/Session.h"
 
 #include <QApplication>
 #include <QDir>

@@ -1,7 +1,7 @@
 #include "app/tour/TourContext.h"
 
 #include "app/window/VariableTableModel.h"
-#include "kernel/frames/Session.h"
+#include "kernel/session/Session.h"
 
 #include <QAbstractItemView>
 #include <QAbstractSpinBox>

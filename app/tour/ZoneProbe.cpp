@@ -1,6 +1,6 @@
 #include "app/tour/ZoneProbe.h"
 
-#include "kernel/frames/Session.h"
+#include "kernel/session/Session.h"
 
 #include <cmath>
 

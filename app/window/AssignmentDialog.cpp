@@ -1,6 +1,7 @@
 #include "app/window/AssignmentDialog.h"
 
 #include "app/window/AssignmentPanel.h"
+#include "kernel/operations/SetPlotType.h"
 
 #include <QDialogButtonBox>
 #include <QFormLayout>
@@ -58,7 +59,7 @@ bool AssignmentDialog::assign()
     m_session.history().beginGroup(m_kind == Kind::Vector ? "Assign Vector" : "Assign Axes");
     for (auto const& [assignment, chooser] : m_choosers)
         if (frame->variableNumber(assignment) != chooser->number())
-            isDone = m_session.assignVariable(m_frame, assignment, chooser->number()) && isDone;
+            isDone = m_session.perform(kernel::AssignVariable(m_frame, assignment, chooser->number())) && isDone;
     m_session.history().endGroup();
     return isDone;
 }

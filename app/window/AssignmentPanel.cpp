@@ -1,5 +1,7 @@
 #include "app/window/AssignmentPanel.h"
 
+#include "kernel/operations/LineMapOperation.h"
+#include "kernel/operations/SetPlotType.h"
 #include "platform/vdsdkcommon/AppLock.h"
 
 #include <QFormLayout>
@@ -148,7 +150,8 @@ void AssignmentPanel::assign(char assignment, int variable)
     if (!frame || sdk::AppLock::depth() > 0)
         return;
     sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
-    if (frame->variableNumber(assignment) != variable && !m_session.assignVariable(frame->id, assignment, variable)) {
+    if (frame->variableNumber(assignment) != variable &&
+        !m_session.perform(kernel::AssignVariable(frame->id, assignment, variable))) {
         m_follower.schedule();
         Q_EMIT editRefused();
     }
@@ -160,7 +163,8 @@ void AssignmentPanel::assignLine()
     if (!frame || sdk::AppLock::depth() > 0)
         return;
     sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
-    if (!m_session.setLinePlot(frame->id, m_lineZone->number(), m_lineX->number(), m_lineY->number())) {
+    if (!m_session.perform(
+            kernel::SetLinePlot(frame->id, m_lineZone->number(), m_lineX->number(), m_lineY->number()))) {
         m_follower.schedule();
         Q_EMIT editRefused();
     }

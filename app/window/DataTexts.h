@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kernel/frames/Session.h"
+#include "kernel/session/Session.h"
 
 #include <QString>
 

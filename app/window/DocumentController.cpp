@@ -4,7 +4,8 @@
 #include "app/window/PictureFile.h"
 #include "host/MessageLog.h"
 #include "host/MessagePresenter.h"
-#include "kernel/compute/Interrupted.h"
+#include "kernel/base/Progress.h"
+#include "kernel/operations/AddFrame.h"
 #include "platform/vdsdkcommon/AppLock.h"
 #include "platform/vdsdkcommon/WaitState.h"
 
@@ -173,7 +174,7 @@ bool DocumentController::addToPage(std::vector<Opened> const& opened)
     sdk::WaitState const busy;
     bool const wasClean = m_session.history().isClean();
     for (Opened const& file : opened) {
-        if (!m_session.addFrame(file.frame)) {
+        if (!m_session.perform(kernel::AddFrame(file.frame))) {
             tellError(QStringLiteral("%1: %2").arg(file.path, QString::fromStdString(m_session.lastError())));
             return false;
         }
@@ -273,7 +274,7 @@ std::vector<std::string> DocumentController::write(kernel::DataSet& dataSet, QSt
 void DocumentController::noteSaved()
 {
     m_savedDataSets.insert(m_session.activeDataSet()->id());
-    for (auto const& page : m_session.pages())
+    for (auto const& page : m_session.pages().all())
         for (auto const& frame : page->frames)
             if (frame->dataSet && m_savedDataSets.count(frame->dataSet->id()) == 0)
                 return;

@@ -2,7 +2,7 @@
 
 #include "app/import/Importer.h"
 #include "app/window/RecentFiles.h"
-#include "kernel/frames/Session.h"
+#include "kernel/session/Session.h"
 
 #include <QImage>
 #include <QObject>

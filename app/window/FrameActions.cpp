@@ -1,6 +1,8 @@
 #include "app/window/FrameActions.h"
 
 #include "app/window/Icons.h"
+#include "kernel/operations/AddFrame.h"
+#include "kernel/operations/SetPlotType.h"
 #include "platform/vdsdkcommon/AppLock.h"
 
 #include <QAction>
@@ -15,9 +17,12 @@ FrameActions::FrameActions(kernel::Session& session, QObject* parent)
     , m_session(session)
     , m_newFrame(makeAction("newFrameAction", makeIcon(Glyph::NewFrame), QStringLiteral("&New Frame"),
                             [this] { return createFrame(); }))
-    , m_deleteFrame(makeAction(
-          "deleteFrameAction", makeIcon(Glyph::DeleteFrame), QStringLiteral("&Delete Frame"),
-          [this] { return withActiveFrame([this](auto& frame) { return m_session.deleteFrame(frame.id); }); }))
+    , m_deleteFrame(makeAction("deleteFrameAction", makeIcon(Glyph::DeleteFrame), QStringLiteral("&Delete Frame"),
+                               [this] {
+                                   return withActiveFrame([this](auto& frame) {
+                                       return m_session.perform(kernel::DeleteFrame(frame.id));
+                                   });
+                               }))
     , m_tileFrames(makeAction("tileFramesAction", makeIcon(Glyph::TileFrames), QStringLiteral("&Tile Frames"),
                               [this] {
                                   m_session.tileFrames();
@@ -25,30 +30,10 @@ FrameActions::FrameActions(kernel::Session& session, QObject* parent)
                               }))
     , m_nextFrame(
           makeAction("nextFrameAction", {}, QStringLiteral("Ne&xt Frame"), [this] { return activateNextFrame(); }))
-    , m_contour(makeAction("contourAction", makeIcon(Glyph::Contour), QStringLiteral("&Contour"),
-                           [this] {
-                               return withActiveFrame([this](auto& frame) {
-                                   return m_session.setShowContour(frame.id, m_contour->isChecked());
-                               });
-                           }))
-    , m_mesh(makeAction("meshAction", makeIcon(Glyph::Mesh), QStringLiteral("&Mesh"),
-                        [this] {
-                            return withActiveFrame(
-                                [this](auto& frame) { return m_session.setShowMesh(frame.id, m_mesh->isChecked()); });
-                        }))
-    , m_stretchAxes(makeAction("stretchAxesAction", {}, QStringLiteral("Str&etch Axes"),
-                               [this] {
-                                   return withActiveFrame([this](auto& frame) {
-                                       return m_session.setStretchAxes(frame.id, m_stretchAxes->isChecked());
-                                   });
-                               }))
     , m_follower(session, [this] { refresh(); })
 {
     makePlotTypes();
-    m_stretchAxes->setCheckable(true);
-    m_stretchAxes->setToolTip(QStringLiteral("Give each axis a scale of its own, so that the plot fills the frame"));
-    m_contour->setCheckable(true);
-    m_mesh->setCheckable(true);
+    makePlotOptions();
     m_newFrame->setShortcut(Qt::CTRL + Qt::Key_N);
     m_nextFrame->setShortcut(Qt::Key_F6);
     refresh();
@@ -89,13 +74,42 @@ void FrameActions::makePlotTypes()
                                Entry{PlotType_Sketch, "plotTypeSketchAction", Glyph::PlotSketch, "&Sketch"}}) {
         QAction* const action =
             makeAction(entry.name, makeIcon(entry.glyph), QString::fromLatin1(entry.text), [this, type = entry.type] {
-                return withActiveFrame(
-                    [&](auto& frame) { return frame.plotType == type || m_session.setPlotType(frame.id, type); });
+                return withActiveFrame([&](auto& frame) {
+                    return frame.plotType == type || m_session.perform(kernel::SetPlotType(frame.id, type));
+                });
             });
         action->setCheckable(true);
         group->addAction(action);
         m_plotTypes[entry.type] = action;
     }
+}
+
+void FrameActions::makePlotOptions()
+{
+    for (kernel::PlotOption const& option : kernel::plotOptions()) {
+        if (*option.text == '\0')
+            continue;
+        QByteArray const name = QByteArray(option.value) + "Action";
+        QAction* const action =
+            makeAction(name.constData(), iconNamed(option.icon), QString::fromLatin1(option.text), [this, &option] {
+                return withActiveFrame([&](auto& frame) {
+                    bool const isOn = !(frame.*option.member); // the click has changed the check mark, not the frame
+                    return m_session.perform(kernel::SetPlotOption(frame.id, option.member, isOn));
+                });
+            });
+        action->setCheckable(true);
+        if (*option.toolTip != '\0')
+            action->setToolTip(QString::fromLatin1(option.toolTip));
+        m_plotOptions.push_back({&option, action});
+    }
+}
+
+QList<QAction*> FrameActions::plotOptions() const
+{
+    QList<QAction*> actions;
+    for (auto const& [option, action] : m_plotOptions)
+        actions.push_back(action);
+    return actions;
 }
 
 bool FrameActions::withActiveFrame(std::function<bool(kernel::Frame&)> const& function)
@@ -143,12 +157,12 @@ void FrameActions::refresh()
         action->setEnabled(hasData);
         action->setChecked(hasData && frame->plotType == type);
     }
-    m_contour->setEnabled(isField);
-    m_mesh->setEnabled(isField);
-    m_stretchAxes->setEnabled(isField);
-    m_stretchAxes->setChecked(isField && frame->stretchAxes);
-    m_contour->setChecked(isField && frame->showContour);
-    m_mesh->setChecked(isField && frame->showMesh);
+    bool const isLine = hasData && frame->plotType == PlotType_XYLine;
+    for (auto const& [option, action] : m_plotOptions) {
+        bool const applies = option->plots == kernel::PlotOption::Plots::Fields ? isField : isLine;
+        action->setEnabled(applies);
+        action->setChecked(applies && (*frame).*option->member);
+    }
 }
 
 } // namespace veldraw::app

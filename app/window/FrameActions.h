@@ -1,12 +1,16 @@
 #pragma once
 
 #include "app/window/SessionFollower.h"
+#include "kernel/frames/PlotOption.h"
 #include "platform/vdsdkbase/VelUtilTypes.h"
 
+#include <QList>
 #include <QObject>
 
 #include <functional>
 #include <map>
+#include <utility>
+#include <vector>
 
 class QAction;
 class QActionGroup;
@@ -27,9 +31,8 @@ public:
     QAction& tileFrames() { return *m_tileFrames; }
     QAction& nextFrame() { return *m_nextFrame; }
     QAction& plotType(PlotType_e type) { return *m_plotTypes.at(type); }
-    QAction& contour() { return *m_contour; }
-    QAction& mesh() { return *m_mesh; }
-    QAction& stretchAxes() { return *m_stretchAxes; }
+    /// One for each of kernel::plotOptions() with a text, in their order.
+    QList<QAction*> plotOptions() const;
 
 Q_SIGNALS:
     /// The session did not do what was asked for.
@@ -39,6 +42,7 @@ private:
     QAction* makeAction(char const* name, QIcon const& icon, QString const& text,
                         std::function<bool()> const& function);
     void makePlotTypes();
+    void makePlotOptions();
     bool createFrame();
     bool activateNextFrame();
     bool withActiveFrame(std::function<bool(kernel::Frame&)> const& function);
@@ -49,9 +53,7 @@ private:
     QAction* m_deleteFrame;
     QAction* m_tileFrames;
     QAction* m_nextFrame;
-    QAction* m_contour;
-    QAction* m_mesh;
-    QAction* m_stretchAxes;
+    std::vector<std::pair<kernel::PlotOption const*, QAction*>> m_plotOptions;
     std::map<PlotType_e, QAction*> m_plotTypes;
     SessionFollower m_follower;
 };

@@ -2,6 +2,7 @@
 
 #include "app/window/DataTexts.h"
 #include "app/window/Icons.h"
+#include "kernel/operations/RenameFrame.h"
 #include "platform/vdsdkcommon/AppLock.h"
 
 namespace veldraw::app {
@@ -52,7 +53,7 @@ bool FrameTableModel::activate(int row)
 
 bool FrameTableModel::rename(kernel::UniqueId id, QString const& name)
 {
-    return m_session.renameFrame(id, name.toStdString());
+    return m_session.perform(kernel::RenameFrame(id, name.toStdString()));
 }
 
 } // namespace veldraw::app

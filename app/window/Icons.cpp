@@ -8,6 +8,9 @@
 #include <QPainterPath>
 #include <QPalette>
 
+#include <map>
+#include <string_view>
+
 namespace veldraw::app {
 
 namespace {
@@ -76,6 +79,13 @@ QPixmap applicationPixmap(int side)
 QIcon makeIcon(Glyph glyph)
 {
     return QIcon(new GlyphIconEngine(glyph));
+}
+
+QIcon iconNamed(char const* name)
+{
+    static std::map<std::string_view, Glyph> const glyphs{{"Contour", Glyph::Contour}, {"Mesh", Glyph::Mesh}};
+    auto const found = glyphs.find(name);
+    return found == glyphs.end() ? QIcon() : makeIcon(found->second);
 }
 
 QIcon applicationIcon()

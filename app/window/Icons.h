@@ -34,6 +34,9 @@ enum class Glyph
 /// An icon drawn from lines in the palette's colours: sharp at every size and screen density, readable on dark palettes.
 QIcon makeIcon(Glyph glyph);
 
+/// The icon that a plot option names; none for an empty name.
+QIcon iconNamed(char const* name);
+
 /// The program's own icon.
 QIcon applicationIcon();
 

@@ -143,7 +143,7 @@ void MainWindow::makePlotMenu()
     for (PlotType_e const type : plotTypes)
         menu.addAction(&m_frames.plotType(type));
     menu.addSeparator();
-    menu.addActions({&m_frames.contour(), &m_frames.mesh(), &m_frames.stretchAxes()});
+    menu.addActions(m_frames.plotOptions());
     menu.addSeparator();
     menu.addActions({&m_plots.assignAxes(), &m_plots.assignVector(), &m_docks->focusOnPlot()});
 }
@@ -182,7 +182,10 @@ void MainWindow::makeToolBar()
     for (PlotType_e const type : plotTypes)
         bar->addAction(&m_frames.plotType(type));
     bar->addSeparator();
-    bar->addActions({&m_frames.mesh(), &m_frames.contour()});
+    for (QAction* const option : m_frames.plotOptions()) {
+        if (!option->icon().isNull())
+            bar->addAction(option);
+    }
     bar->addWidget(&m_plots.contourChooser());
     bar->addSeparator();
     bar->addActions({&m_plots.fit(), &m_frames.newFrame(), &m_frames.tileFrames()});

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "kernel/compute/Waiter.h"
-#include "kernel/frames/Session.h"
+#include "kernel/base/BackgroundWork.h"
+#include "kernel/session/Session.h"
 
 class QWidget;
 

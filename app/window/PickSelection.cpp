@@ -73,7 +73,7 @@ void PickSelection::takeSelection()
 void PickSelection::dropGonePicks()
 {
     std::set<kernel::UniqueId> zones;
-    for (auto const& page : m_session.pages())
+    for (auto const& page : m_session.pages().all())
         for (auto const& frame : page->frames)
             for (int number = 1; frame->dataSet && number <= frame->dataSet->zoneCount(); ++number)
                 zones.insert(frame->dataSet->zone(number)->id);

@@ -4,6 +4,7 @@
 #include "app/window/Icons.h"
 #include "app/window/NewAction.h"
 #include "app/window/NumberChooser.h"
+#include "kernel/operations/SetPlotType.h"
 #include "platform/vdsdkcommon/AppLock.h"
 
 #include <QAction>
@@ -50,7 +51,7 @@ void PlotActions::chooseContour(int variable)
     if (!frame || sdk::AppLock::depth() > 0 || frame->variableNumber('C') == variable)
         return;
     sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
-    if (!m_session.assignVariable(frame->id, 'C', variable)) {
+    if (!m_session.perform(kernel::AssignVariable(frame->id, 'C', variable))) {
         m_follower.schedule();
         Q_EMIT refused();
     }

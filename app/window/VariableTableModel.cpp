@@ -2,6 +2,8 @@
 
 #include "app/window/DataTexts.h"
 #include "app/window/VariableRange.h"
+#include "kernel/operations/EnableZone.h"
+#include "kernel/operations/RenameZone.h"
 #include "platform/vdsdkcommon/AppLock.h"
 
 namespace veldraw::app {
@@ -115,13 +117,14 @@ std::vector<SnapshotTableModel::Row> VariableTableModel::readRows() const
 bool VariableTableModel::rename(kernel::UniqueId id, QString const& name)
 {
     auto const dataSet = m_session.activeDataSet();
-    return dataSet && m_session.renameVariable(*dataSet, dataSet->variableNumber(id), name.toStdString());
+    return dataSet &&
+           m_session.perform(kernel::RenameVariable(*dataSet, dataSet->variableNumber(id), name.toStdString()));
 }
 
 bool VariableTableModel::setChecked(kernel::UniqueId id, bool checked)
 {
     auto const dataSet = m_session.activeDataSet();
-    return dataSet && m_session.setVariableEnabled(*dataSet, dataSet->variableNumber(id), checked);
+    return dataSet && m_session.perform(kernel::EnableVariable(*dataSet, dataSet->variableNumber(id), checked));
 }
 
 } // namespace veldraw::app

@@ -1,6 +1,8 @@
 #include "app/window/ZoneTableModel.h"
 
 #include "app/window/DataTexts.h"
+#include "kernel/operations/EnableZone.h"
+#include "kernel/operations/RenameZone.h"
 
 namespace veldraw::app {
 
@@ -47,13 +49,13 @@ std::vector<SnapshotTableModel::Row> ZoneTableModel::readRows() const
 bool ZoneTableModel::rename(kernel::UniqueId id, QString const& name)
 {
     auto const dataSet = m_session.activeDataSet();
-    return dataSet && m_session.renameZone(*dataSet, dataSet->zoneNumber(id), name.toStdString());
+    return dataSet && m_session.perform(kernel::RenameZone(*dataSet, dataSet->zoneNumber(id), name.toStdString()));
 }
 
 bool ZoneTableModel::setChecked(kernel::UniqueId id, bool checked)
 {
     auto const dataSet = m_session.activeDataSet();
-    return dataSet && m_session.setZoneEnabled(*dataSet, dataSet->zoneNumber(id), checked);
+    return dataSet && m_session.perform(kernel::EnableZone(*dataSet, dataSet->zoneNumber(id), checked));
 }
 
 } // namespace veldraw::app

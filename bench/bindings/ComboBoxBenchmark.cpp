@@ -3,7 +3,9 @@
 #include "dialogs/models/ZoneListModel.h"
 #include "dialogs/property/Property.h"
 #include "host/KernelBridge.h"
-#include "kernel/frames/Session.h"
+#include "kernel/operations/EnableZone.h"
+#include "kernel/operations/RenameZone.h"
+#include "kernel/session/Session.h"
 #include "platform/vdsdkcommon/DataSetQueries.h"
 #include "platform/vdsdkuicommon/IdleDispatcher.h"
 
@@ -69,7 +71,7 @@ void kernelChangeThatLeavesTheChoicesEqual(benchmark::State& state)
     bool plain = false;
     for (auto _ : state) {
         plain = !plain;
-        dialog.session.renameVariable(*dialog.dataSet, 1, plain ? "X" : "Y");
+        dialog.session.perform(kernel::RenameVariable(*dialog.dataSet, 1, plain ? "X" : "Y"));
         dialog.settle();
     }
     if (dialog.resets > 0)
@@ -85,7 +87,7 @@ void kernelChangeThatTakesAZoneFromTheChoices(benchmark::State& state)
     bool enabled = true;
     for (auto _ : state) {
         enabled = !enabled;
-        dialog.session.setZoneEnabled(*dialog.dataSet, count / 2, enabled);
+        dialog.session.perform(kernel::EnableZone(*dialog.dataSet, count / 2, enabled));
         dialog.settle();
     }
     if (dialog.zone->value() != count || dialog.comboBox.currentData().toInt() != count)
@@ -98,11 +100,11 @@ void kernelChangeThatTakesTheChosenZone(benchmark::State& state)
     Dialog dialog(count);
     for (auto _ : state) {
         state.PauseTiming();
-        dialog.session.setZoneEnabled(*dialog.dataSet, count, true);
+        dialog.session.perform(kernel::EnableZone(*dialog.dataSet, count, true));
         dialog.zone->setValue(count);
         dialog.settle();
         state.ResumeTiming();
-        dialog.session.setZoneEnabled(*dialog.dataSet, count, false);
+        dialog.session.perform(kernel::EnableZone(*dialog.dataSet, count, false));
         dialog.settle();
     }
     if (dialog.zone->value() != 1)

@@ -1,4 +1,6 @@
 #include "bench/bindings/ZoneListWindow.h"
+#include "kernel/operations/EnableZone.h"
+#include "kernel/operations/RenameZone.h"
 
 #include <benchmark/benchmark.h>
 
@@ -19,7 +21,7 @@ void changeTheList(benchmark::State& state, int zone, Values const& selected)
     bool enabled = true;
     for (auto _ : state) {
         enabled = !enabled;
-        window.session.setZoneEnabled(*window.dataSet, zone, enabled);
+        window.session.perform(kernel::EnableZone(*window.dataSet, zone, enabled));
         window.settle();
     }
     std::size_t rows = 0;
@@ -50,7 +52,7 @@ void kernelChangeThatLeavesTheListEqual(benchmark::State& state)
     bool plain = false;
     for (auto _ : state) {
         plain = !plain;
-        window.session.renameVariable(*window.dataSet, 1, plain ? "X" : "Y");
+        window.session.perform(kernel::RenameVariable(*window.dataSet, 1, plain ? "X" : "Y"));
         window.settle();
     }
     state.counters["resets"] = window.resets;

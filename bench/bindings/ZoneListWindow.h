@@ -3,7 +3,7 @@
 #include "dialogs/bindings/ListViewPropertyBinding.h"
 #include "dialogs/models/ZoneListModel.h"
 #include "dialogs/property/Property.h"
-#include "kernel/frames/Session.h"
+#include "kernel/session/Session.h"
 
 #include <QListView>
 

@@ -6,7 +6,8 @@
 #include "dialogs/zoneops/CreateMirrorZoneDialog.h"
 #include "dialogs/zoneops/DuplicateZoneDialog.h"
 #include "host/KernelBridge.h"
-#include "kernel/frames/Session.h"
+#include "kernel/operations/SetPlotType.h"
+#include "kernel/session/Session.h"
 #include "platform/vdsdkuicommon/IdleDispatcher.h"
 
 #include <QApplication>
@@ -36,7 +37,7 @@ public:
             dataSet->addZone(
                 std::make_shared<kernel::Zone>("Zone " + std::to_string(number), ZoneType_Ordered, 2, 2, 1));
         session.setFrameDataSet(frame->id, dataSet);
-        session.setPlotType(frame->id, PlotType_Cartesian3D);
+        session.perform(kernel::SetPlotType(frame->id, PlotType_Cartesian3D));
         mainWindow.show();
         settle();
     }

@@ -1,7 +1,7 @@
 #include "dialogs/spreadsheet/DataSpreadsheetDialog.h"
 #include "dialogs/spreadsheet/DataSpreadsheetPropertiesManager.h"
 #include "host/KernelBridge.h"
-#include "kernel/frames/Session.h"
+#include "kernel/session/Session.h"
 #include "platform/vdsdkuicommon/IdleDispatcher.h"
 
 #include <QApplication>

@@ -2,7 +2,7 @@
 #include "dialogs/models/TableModelProxy.h"
 #include "dialogs/spreadsheet/IJKLineZoneVarTableModel.h"
 #include "host/KernelBridge.h"
-#include "kernel/frames/Session.h"
+#include "kernel/session/Session.h"
 
 #include <QApplication>
 #include <QTableView>

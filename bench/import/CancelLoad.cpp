@@ -4,7 +4,8 @@
 
 #include "app/import/Importer.h"
 #include "bench/kernel/CancellingWaiter.h"
-#include "kernel/frames/Session.h"
+#include "kernel/operations/LoadVariables.h"
+#include "kernel/session/Session.h"
 
 #include <vtkFloatArray.h>
 #include <vtkImageData.h>
@@ -59,7 +60,7 @@ public:
     bool load()
     {
         int const last = m_dataSet->variableCount();
-        return m_session->loadVariables(*m_dataSet, {1}, {last});
+        return m_session->perform(kernel::LoadVariables(*m_dataSet, {1}, {last}));
     }
 
     veldraw::kernel::Session& session() { return *m_session; }

@@ -3,7 +3,10 @@
 #include "CancellingWaiter.h"
 #include "SpatialStage.h"
 #include "kernel/compute/Rotation.h"
-#include "kernel/data/AxialCopies.h"
+#include "kernel/operations/AxialCopies.h"
+#include "kernel/operations/DuplicateZonesAxially.h"
+#include "kernel/operations/MirrorZones.h"
+#include "kernel/operations/RotateZones.h"
 
 #include <algorithm>
 #include <benchmark/benchmark.h>
@@ -62,14 +65,15 @@ void cancel(benchmark::State& state, Session& session, Operation const& operatio
 void cancelRotation(benchmark::State& state, FieldDataType_e type)
 {
     SpatialStage stage(state.range(0), 1, type);
-    cancel(state, stage.session,
-           [&] { return stage.session.rotateZones(*stage.dataSet, {1}, stage.variables, slantingAxis, 33.0); });
+    cancel(state, stage.session, [&] {
+        return stage.session.perform(RotateZones(*stage.dataSet, {1}, stage.variables, slantingAxis, 33.0));
+    });
 }
 
 void cancelMirror(benchmark::State& state)
 {
     SpatialStage stage(state.range(0));
-    cancel(state, stage.session, [&] { return stage.session.mirrorZones(stage.frame, {1}, 'Y'); });
+    cancel(state, stage.session, [&] { return stage.session.perform(MirrorZones(stage.frame, {1}, 'Y')); });
 }
 
 /// Eleven copies of zones of as many points and as many zones as given.
@@ -79,7 +83,8 @@ void cancelAxialDuplication(benchmark::State& state)
     NumberSet const zones = stage.dataSet->enabledZones();
     AxialCopies const copies{30.0, 0.0, 11, true};
     cancel(state, stage.session, [&] {
-        return stage.session.duplicateZonesAxially(*stage.dataSet, zones, stage.variables, slantingAxis, copies);
+        return stage.session.perform(
+            DuplicateZonesAxially(*stage.dataSet, zones, stage.variables, slantingAxis, copies));
     });
 }
 

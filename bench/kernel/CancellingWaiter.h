@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kernel/compute/Waiter.h"
+#include "kernel/base/BackgroundWork.h"
 
 #include <chrono>
 

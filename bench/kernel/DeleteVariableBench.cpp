@@ -1,5 +1,6 @@
 // Deleting a variable and taking that back; both are to take the same time whatever the number of points.
 #include "LargeStage.h"
+#include "kernel/operations/DeleteVariables.h"
 
 #include <benchmark/benchmark.h>
 
@@ -9,7 +10,7 @@ void deleteVariable(benchmark::State& state)
 {
     LargeStage stage(state.range(0));
     for (auto _ : state) {
-        if (!stage.session.deleteVariables(*stage.dataSet, {4})) {
+        if (!stage.session.perform(kernel::DeleteVariables(*stage.dataSet, {4}))) {
             state.SkipWithError("the variable was not deleted");
         }
         state.PauseTiming();
@@ -23,7 +24,7 @@ void undoDeletion(benchmark::State& state)
     LargeStage stage(state.range(0));
     for (auto _ : state) {
         state.PauseTiming();
-        stage.session.deleteVariables(*stage.dataSet, {4});
+        stage.session.perform(kernel::DeleteVariables(*stage.dataSet, {4}));
         state.ResumeTiming();
         if (!stage.session.undo()) {
             state.SkipWithError("the deletion was not undone");

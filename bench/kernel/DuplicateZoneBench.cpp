@@ -1,5 +1,6 @@
 // Duplicating zones and taking that back; the number of points is to make no difference.
 #include "LargeStage.h"
+#include "kernel/operations/DuplicateZones.h"
 
 #include <benchmark/benchmark.h>
 
@@ -10,7 +11,7 @@ void duplicateZone(benchmark::State& state)
 {
     LargeStage stage(state.range(0), static_cast<int>(state.range(1)));
     for (auto _ : state) {
-        if (!stage.session.duplicateZones(*stage.dataSet, {1})) {
+        if (!stage.session.perform(kernel::DuplicateZones(*stage.dataSet, {1}))) {
             state.SkipWithError("the zone was not duplicated");
         }
         state.PauseTiming();
@@ -24,7 +25,7 @@ void undoDuplication(benchmark::State& state)
     LargeStage stage(state.range(0));
     for (auto _ : state) {
         state.PauseTiming();
-        stage.session.duplicateZones(*stage.dataSet, {1});
+        stage.session.perform(kernel::DuplicateZones(*stage.dataSet, {1}));
         state.ResumeTiming();
         if (!stage.session.undo()) {
             state.SkipWithError("the duplication was not undone");
@@ -35,7 +36,7 @@ void undoDuplication(benchmark::State& state)
 void redoDuplication(benchmark::State& state)
 {
     LargeStage stage(state.range(0));
-    stage.session.duplicateZones(*stage.dataSet, {1});
+    stage.session.perform(kernel::DuplicateZones(*stage.dataSet, {1}));
     for (auto _ : state) {
         state.PauseTiming();
         stage.session.undo();

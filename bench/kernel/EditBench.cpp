@@ -1,6 +1,9 @@
 // One value of a hundred million that is corrected, and taken back; and what it costs to branch a zone off.
-#include "kernel/data/ValueLoader.h"
-#include "kernel/frames/Session.h"
+#include "kernel/operations/DuplicateZones.h"
+#include "kernel/operations/LoadVariables.h"
+#include "kernel/operations/SetValue.h"
+#include "kernel/session/Session.h"
+#include "kernel/storage/ValueLoader.h"
 
 #include <benchmark/benchmark.h>
 #include <cstdlib>
@@ -71,7 +74,7 @@ struct OneVariable
         auto frame = std::make_shared<Frame>("frame", Rectangle{});
         frame->dataSet = dataSet;
         session.openPage({frame});
-        if (!session.loadVariables(*dataSet, {1}, {1})) {
+        if (!session.perform(LoadVariables(*dataSet, {1}, {1}))) {
             throw std::runtime_error(session.lastError());
         }
         dataSet->zone(1)->range(1);
@@ -83,7 +86,7 @@ struct OneVariable
     bool editNext()
     {
         m_place = (m_place + step) % count;
-        return session.setValue(*dataSet, 1, 1, m_place, 0.25 + static_cast<double>(m_place), true);
+        return session.perform(SetValue(*dataSet, 1, 1, m_place, 0.25 + static_cast<double>(m_place), true));
     }
 
     Session session;
@@ -144,10 +147,10 @@ void editLargestValue(benchmark::State& state)
     OneVariable stage(inMemory());
     for (auto _ : state) {
         state.PauseTiming();
-        stage.session.setValue(*stage.dataSet, 1, 1, 12345, 5000, true);
+        stage.session.perform(SetValue(*stage.dataSet, 1, 1, 12345, 5000, true));
         stage.dataSet->zone(1)->range(1);
         state.ResumeTiming();
-        stage.session.setValue(*stage.dataSet, 1, 1, 12345, 1, true);
+        stage.session.perform(SetValue(*stage.dataSet, 1, 1, 12345, 1, true));
         if (stage.dataSet->zone(1)->range(1).max != 999) {
             state.SkipWithError("the range is another one");
         }
@@ -157,9 +160,9 @@ void editLargestValue(benchmark::State& state)
 void editBranch(benchmark::State& state)
 {
     OneVariable stage(inMemory());
-    stage.session.duplicateZones(*stage.dataSet, {1});
+    stage.session.perform(DuplicateZones(*stage.dataSet, {1}));
     for (auto _ : state) {
-        if (!stage.session.setValue(*stage.dataSet, 2, 1, 12345, -5.0, true)) {
+        if (!stage.session.perform(SetValue(*stage.dataSet, 2, 1, 12345, -5.0, true))) {
             state.SkipWithError("the value was not edited");
         }
         state.PauseTiming();

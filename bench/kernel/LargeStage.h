@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kernel/frames/Session.h"
+#include "kernel/session/Session.h"
 
 /// A session that shows a large data set: ordered zones with six float variables each, every value written.
 struct LargeStage

@@ -1,5 +1,5 @@
 // The range of ten million values.
-#include "kernel/data/RangeOfParts.h"
+#include "kernel/storage/RangeOfParts.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,5 +1,7 @@
 #include "SpatialStage.h"
 
+#include "kernel/operations/SetPlotType.h"
+
 #include <stdexcept>
 
 using namespace veldraw::kernel;
@@ -56,9 +58,9 @@ SpatialStage::SpatialStage(std::int64_t points, int zones, FieldDataType_e type)
     session.openPage({shown});
     frame = shown->id;
     variables = {{1, 2, 3}, {4, 5, 6}, true, true};
-    session.setPlotType(frame, PlotType_Cartesian3D);
+    session.perform(SetPlotType(frame, PlotType_Cartesian3D));
     for (int component = 0; component < 3; ++component) {
-        session.assignVariable(frame, static_cast<char>('X' + component), 1 + component);
-        session.assignVariable(frame, static_cast<char>('U' + component), 4 + component);
+        session.perform(AssignVariable(frame, static_cast<char>('X' + component), 1 + component));
+        session.perform(AssignVariable(frame, static_cast<char>('U' + component), 4 + component));
     }
 }

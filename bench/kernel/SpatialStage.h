@@ -1,7 +1,7 @@
 #pragma once
 
-#include "kernel/data/SpatialVariables.h"
-#include "kernel/frames/Session.h"
+#include "kernel/operations/SpatialVariables.h"
+#include "kernel/session/Session.h"
 
 /// A session that shows ordered zones in space: coordinates X, Y, Z, a vector U, V, W on them, and a scalar, every value
 /// written.

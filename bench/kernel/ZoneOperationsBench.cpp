@@ -1,7 +1,10 @@
 // Turning, mirroring and duplicating a zone of ten million points, beside VTK's filter for the same work.
 #include "SpatialStage.h"
 #include "kernel/compute/Rotation.h"
-#include "kernel/data/AxialCopies.h"
+#include "kernel/operations/AxialCopies.h"
+#include "kernel/operations/DuplicateZonesAxially.h"
+#include "kernel/operations/MirrorZones.h"
+#include "kernel/operations/RotateZones.h"
 
 #include <vtkFloatArray.h>
 #include <vtkNew.h>
@@ -53,21 +56,23 @@ void measure(benchmark::State& state, SpatialStage& stage, Operation const& oper
 void rotate(benchmark::State& state, RotationAxis const& axis)
 {
     SpatialStage& stage = sharedStage();
-    measure(state, stage, [&] { return stage.session.rotateZones(*stage.dataSet, {1}, stage.variables, axis, 33.0); });
+    measure(state, stage,
+            [&] { return stage.session.perform(RotateZones(*stage.dataSet, {1}, stage.variables, axis, 33.0)); });
 }
 
 void mirror(benchmark::State& state)
 {
     SpatialStage& stage = sharedStage();
-    measure(state, stage, [&] { return stage.session.mirrorZones(stage.frame, {1}, 'Y'); });
+    measure(state, stage, [&] { return stage.session.perform(MirrorZones(stage.frame, {1}, 'Y')); });
 }
 
 void duplicateAxially(benchmark::State& state)
 {
     SpatialStage stage(pointCount / 10);
     AxialCopies const copies{30.0, 0.0, 11, true};
-    measure(state, stage,
-            [&] { return stage.session.duplicateZonesAxially(*stage.dataSet, {1}, stage.variables, zAxis, copies); });
+    measure(state, stage, [&] {
+        return stage.session.perform(DuplicateZonesAxially(*stage.dataSet, {1}, stage.variables, zAxis, copies));
+    });
 }
 
 vtkSmartPointer<vtkFloatArray> vectors(char const* name)

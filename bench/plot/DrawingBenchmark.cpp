@@ -1,6 +1,9 @@
 // How long a person waits for a picture of many zones, or of many cells, drawing included. Needs a display.
 #include "app/plot/FieldView.h"
 #include "app/plot/PageView.h"
+#include "kernel/operations/DuplicateZones.h"
+#include "kernel/operations/EnableZone.h"
+#include "kernel/operations/SetPlotType.h"
 
 #include <QApplication>
 
@@ -202,7 +205,7 @@ void hideOneOfFiveThousandZones(benchmark::State& state)
     int zone = 0;
     for (auto _ : state) {
         zone = zone % zoneCount + 1;
-        page.session().setZoneEnabled(page.dataSet(), zone, !page.dataSet().zone(zone)->enabled);
+        page.session().perform(kernel::EnableZone(page.dataSet(), zone, !page.dataSet().zone(zone)->enabled));
         page.prepare();
         if (isDrawn)
             page.draw();
@@ -221,7 +224,7 @@ void undoTheDuplicationOfFiveThousandZones(benchmark::State& state)
     kernel::NumberSet const all = page.dataSet().enabledZones();
     for (auto _ : state) {
         state.PauseTiming();
-        page.session().duplicateZones(page.dataSet(), all);
+        page.session().perform(kernel::DuplicateZones(page.dataSet(), all));
         page.draw();
         if (page.shownZones() != 2 * zoneCount)
             throw std::runtime_error("the copies are not shown");
@@ -296,7 +299,7 @@ void changeTheContourOfManyTetrahedra(benchmark::State& state)
     int variable = 4;
     for (auto _ : state) {
         variable = 9 - variable;
-        page.session().assignVariable(page.frame(), 'C', variable);
+        page.session().perform(kernel::AssignVariable(page.frame(), 'C', variable));
         page.prepare();
         if (isDrawn)
             page.draw();
@@ -311,10 +314,10 @@ void switchTheMeshOfManyTetrahedra(benchmark::State& state)
     bool isOn = false;
     for (auto _ : state) {
         isOn = !isOn;
-        page.session().setShowMesh(page.frame(), isOn);
+        page.session().perform(kernel::SetPlotOption(page.frame(), &kernel::Frame::showMesh, isOn));
         page.draw();
     }
-    page.session().setShowMesh(page.frame(), false);
+    page.session().perform(kernel::SetPlotOption(page.frame(), &kernel::Frame::showMesh, false));
 }
 BENCHMARK(switchTheMeshOfManyTetrahedra)->Apply(byTheClock);
 

@@ -1,6 +1,8 @@
 // How long a plot of many points takes to follow an edit, the drawing itself left out.
 #include "app/plot/PlaneView.h"
-#include "kernel/frames/Session.h"
+#include "kernel/operations/SetPlotType.h"
+#include "kernel/operations/SetValue.h"
+#include "kernel/session/Session.h"
 
 #include <benchmark/benchmark.h>
 #include <stdexcept>
@@ -41,8 +43,8 @@ public:
         dataSet->addZone(zone);
         m_frame->dataSet = dataSet;
         m_session.openPage({m_frame});
-        m_session.setPlotType(m_frame->id, PlotType_Cartesian2D);
-        m_session.assignVariable(m_frame->id, 'C', variableP);
+        m_session.perform(kernel::SetPlotType(m_frame->id, PlotType_Cartesian2D));
+        m_session.perform(kernel::AssignVariable(m_frame->id, 'C', variableP));
         m_view.show(*m_frame);
         if (m_view.zones().size() != 1)
             throw std::runtime_error("the sheet is not shown");
@@ -50,7 +52,7 @@ public:
 
     void edit(int variable, double value)
     {
-        if (!m_session.setValue(*m_frame->dataSet, 1, variable, 5000000, value, false))
+        if (!m_session.perform(kernel::SetValue(*m_frame->dataSet, 1, variable, 5000000, value, false)))
             throw std::runtime_error(m_session.lastError());
     }
     void show() { m_view.show(*m_frame); }

@@ -1,6 +1,9 @@
 // How long the main window takes with 5,000 zones in its lists, from the click to the painted window; plots not included.
 #include "app/window/MainWindow.h"
 #include "host/KernelBridge.h"
+#include "kernel/operations/DuplicateZones.h"
+#include "kernel/operations/EnableZone.h"
+#include "kernel/operations/RenameZone.h"
 #include "platform/vdsdkuicommon/IdleDispatcher.h"
 
 #include <QAbstractItemView>
@@ -129,7 +132,7 @@ void hideOne(benchmark::State& state)
     int zone = 0;
     for (auto _ : state) {
         zone = zone % zoneCount + 1;
-        shown.session().setZoneEnabled(shown.dataSet(), zone, !shown.dataSet().zone(zone)->enabled);
+        shown.session().perform(kernel::EnableZone(shown.dataSet(), zone, !shown.dataSet().zone(zone)->enabled));
         Window::settle();
     }
     while (shown.session().undo())
@@ -145,7 +148,7 @@ void duplicateOneAndUndo(benchmark::State& state)
 {
     Window& shown = window();
     for (auto _ : state) {
-        shown.session().duplicateZones(shown.dataSet(), {zoneCount / 2});
+        shown.session().perform(kernel::DuplicateZones(shown.dataSet(), {zoneCount / 2}));
         Window::settle();
         shown.session().undo();
         Window::settle();
@@ -158,7 +161,7 @@ void duplicateAllAndUndo(benchmark::State& state)
     Window& shown = window();
     kernel::NumberSet const all = shown.dataSet().enabledZones();
     for (auto _ : state) {
-        shown.session().duplicateZones(shown.dataSet(), all);
+        shown.session().perform(kernel::DuplicateZones(shown.dataSet(), all));
         Window::settle();
         shown.session().undo();
         Window::settle();
@@ -171,7 +174,7 @@ void renameOne(benchmark::State& state)
     Window& shown = window();
     int n = 0;
     for (auto _ : state) {
-        shown.session().renameZone(shown.dataSet(), 1 + n % zoneCount, "name " + std::to_string(n));
+        shown.session().perform(kernel::RenameZone(shown.dataSet(), 1 + n % zoneCount, "name " + std::to_string(n)));
         ++n;
         Window::settle();
     }

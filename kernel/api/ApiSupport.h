@@ -1,7 +1,8 @@
 #pragma once
 
-#include "kernel/frames/Session.h"
+#include "kernel/session/Session.h"
 
+#include <new>
 #include <string>
 
 namespace veldraw::kernel::api {
@@ -12,12 +13,16 @@ inline Session& session()
     return Session::instance();
 }
 
-/// What @p function answers, or @p failure when it throws: nothing may cross the C boundary.
+/// What @p function answers, or @p failure when it throws: nothing may cross the C boundary. Lack of memory is noted as the
+/// reason.
 template <typename Answer, typename Function>
 Answer answerOr(Answer failure, Function const& function) noexcept
 {
     try {
         return function();
+    } catch (std::bad_alloc const&) {
+        session().refuse("Out of memory.");
+        return failure;
     } catch (...) {
         return failure;
     }

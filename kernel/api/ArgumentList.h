@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kernel/data/NumberSet.h"
+#include "kernel/base/NumberSet.h"
 #include "platform/vdsdkbase/VelUtilTypes.h"
 
 #include <map>

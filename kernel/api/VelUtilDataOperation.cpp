@@ -2,8 +2,11 @@
 
 #include "kernel/api/ApiSupport.h"
 #include "kernel/compute/Rotation.h"
-#include "kernel/data/AxialCopies.h"
-#include "kernel/data/SpatialVariables.h"
+#include "kernel/operations/AxialCopies.h"
+#include "kernel/operations/DuplicateZonesAxially.h"
+#include "kernel/operations/MirrorZones.h"
+#include "kernel/operations/RotateZones.h"
+#include "kernel/operations/SpatialVariables.h"
 
 #include <optional>
 
@@ -48,7 +51,7 @@ bool VelUtilCreateMirrorZones(Set_s* sourceZones, char mirrorVar)
         if (sourceZones == nullptr || !frame) {
             return session().refuse(sourceZones == nullptr ? missing : "There is no frame.");
         }
-        return session().mirrorZones(frame->id, sourceZones->members, mirrorVar);
+        return session().perform(MirrorZones(frame->id, sourceZones->members, mirrorVar));
     });
 }
 
@@ -62,8 +65,9 @@ bool VelUtilDataAxialDuplicate(long long dataSetID, Set_s* zones, int const* xyz
         if (zones == nullptr || !variables || origin == nullptr || axis == nullptr || !dataSet) {
             return session().refuse(dataSet ? missing : "There is no such data set.");
         }
-        return session().duplicateZonesAxially(*dataSet, zones->members, *variables, {triple(origin), triple(axis)},
-                                               {angle, offset, copies, addToStrands});
+        return session().perform(DuplicateZonesAxially(*dataSet, zones->members, *variables,
+                                                       {triple(origin), triple(axis)},
+                                                       {angle, offset, copies, addToStrands}));
     });
 }
 
@@ -76,6 +80,7 @@ bool VelUtilDataRotate(long long dataSetID, Set_s* zones, int const* xyz, bool i
         if (zones == nullptr || !variables || origin == nullptr || axis == nullptr || !dataSet) {
             return session().refuse(dataSet ? missing : "There is no such data set.");
         }
-        return session().rotateZones(*dataSet, zones->members, *variables, {triple(origin), triple(axis)}, angle);
+        return session().perform(
+            RotateZones(*dataSet, zones->members, *variables, {triple(origin), triple(axis)}, angle));
     });
 }

@@ -2,6 +2,9 @@
 
 #include "kernel/api/ApiSupport.h"
 #include "kernel/api/LoadFailure.h"
+#include "kernel/operations/DeleteVariables.h"
+#include "kernel/operations/LoadVariables.h"
+#include "kernel/operations/RenameZone.h"
 
 using namespace veldraw::kernel;
 using veldraw::kernel::api::answerOr;
@@ -11,7 +14,7 @@ bool VelUtilDataSetDeleteVar(Set_s* vars)
 {
     return vars != nullptr && answerOr(false, [&] {
                std::shared_ptr<DataSet> const dataSet = session().activeDataSet();
-               return dataSet ? session().deleteVariables(*dataSet, vars->members)
+               return dataSet ? session().perform(DeleteVariables(*dataSet, vars->members))
                               : session().refuse("There is no data set.");
            });
 }
@@ -85,7 +88,8 @@ bool VelUtilDataSetMakeVarsAvailableByUniqueID(long long dataSetID, Set_s* zones
         if (!dataSet || zones == nullptr || vars == nullptr) {
             return session().refuse(dataSet ? "An argument is missing." : "There is no such data set.");
         }
-        return session().makeVariablesAvailable(*dataSet, zones->members, vars->members) || api::tellLoadFailure();
+        return session().perform(MakeVariablesAvailable(*dataSet, zones->members, vars->members)) ||
+               api::tellLoadFailure();
     });
 }
 
@@ -93,6 +97,6 @@ bool VelUtilDataSetSetTitle(char const* title)
 {
     return title != nullptr && answerOr(false, [&] {
                std::shared_ptr<DataSet> const dataSet = session().activeDataSet();
-               return dataSet && session().setTitle(*dataSet, title);
+               return dataSet && session().perform(SetTitle(*dataSet, title));
            });
 }

@@ -3,6 +3,8 @@
 #include "kernel/api/ApiSupport.h"
 #include "kernel/api/ArgumentList.h"
 #include "kernel/api/LoadFailure.h"
+#include "kernel/operations/LoadVariables.h"
+#include "kernel/operations/SetValue.h"
 
 #include <algorithm>
 #include <limits>
@@ -34,8 +36,8 @@ bool VelUtilDataValueSetByZoneVarX(ArgList_s* list)
                if (!zone || !variable || !index || !value || !autoBranch || !dataSet) {
                    return session().refuse(dataSet ? "An argument is missing." : "There is no data set.");
                }
-               return session().setValue(*dataSet, asNumber(*zone), asNumber(*variable), std::max(*index, 0LL) - 1,
-                                         *value, *autoBranch != 0);
+               return session().perform(SetValue(*dataSet, asNumber(*zone), asNumber(*variable),
+                                                 std::max(*index, 0LL) - 1, *value, *autoBranch != 0));
            });
 }
 
@@ -45,7 +47,7 @@ double VelUtilDataValueGetByZoneVar(int zone, int var, long long index)
         Field const* field = activeField(zone, var);
         if (field != nullptr && !field->isLoaded()) {
             bool const isLoaded =
-                session().loadVariables(*session().activeDataSet(), {zone}, {var}) || api::tellLoadFailure();
+                session().perform(LoadVariables(*session().activeDataSet(), {zone}, {var})) || api::tellLoadFailure();
             field = isLoaded ? activeField(zone, var) : nullptr; // listeners have heard of it
         }
         if (field == nullptr || field->isPassive() || !field->isLoaded()) {

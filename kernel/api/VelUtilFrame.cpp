@@ -2,6 +2,8 @@
 
 #include "kernel/api/ApiSupport.h"
 #include "kernel/frames/PageLayout.h"
+#include "kernel/operations/RenameFrame.h"
+#include "kernel/operations/SetPlotType.h"
 
 using namespace veldraw::kernel;
 using veldraw::kernel::api::answerOr;
@@ -108,7 +110,7 @@ bool VelUtilFrameSetDataSet(long long dataSetID, long long frameID)
 bool VelUtilFrameSetName(char const* name)
 {
     std::shared_ptr<Frame> const frame = session().activeFrame();
-    return frame && name != nullptr && answerOr(false, [&] { return session().renameFrame(frame->id, name); });
+    return frame && name != nullptr && answerOr(false, [&] { return session().perform(RenameFrame(frame->id, name)); });
 }
 
 SetValueReturnCode_e VelUtilFrameSetPlotType(int plotType)
@@ -120,12 +122,12 @@ SetValueReturnCode_e VelUtilFrameSetPlotType(int plotType)
     if (static_cast<int>(frame->plotType) == plotType) {
         return SetValueReturnCode_Duplicate;
     }
-    bool const done = session().setPlotType(frame->id, static_cast<PlotType_e>(plotType));
+    bool const done = session().perform(SetPlotType(frame->id, static_cast<PlotType_e>(plotType)));
     return done ? SetValueReturnCode_Ok : SetValueReturnCode_Refused;
 }
 
 bool VelUtilFrameSetPosAndSize(double x, double y, double width, double height)
 {
     std::shared_ptr<Frame> const frame = session().activeFrame();
-    return frame && session().setFrameRectangle(frame->id, {x, y, width, height});
+    return frame && session().perform(MoveFrame(frame->id, {x, y, width, height}));
 }

@@ -1,7 +1,10 @@
 #include "platform/vdsdkbase/VelUtilLineMap.h"
 
 #include "kernel/api/ApiSupport.h"
+#include "kernel/operations/LineMapOperation.h"
+#include "kernel/operations/SetPlotType.h"
 
+#include <algorithm>
 #include <optional>
 #include <string_view>
 
@@ -21,7 +24,7 @@ SetValueReturnCode_e alterMaps(Set_s const* maps, Alter const& alter)
 {
     return maps == nullptr ? SetValueReturnCode_Refused : answerOr(SetValueReturnCode_Refused, [&] {
         std::shared_ptr<Frame> const frame = session().activeFrame();
-        return code(frame && session().changeLineMaps(frame->id, maps->members, alter));
+        return code(frame && session().perform(ChangeLineMaps(frame->id, maps->members, alter)));
     });
 }
 
@@ -75,19 +78,30 @@ std::int64_t IndexRange::*limitOf(std::string_view subAttribute, long long value
     return subAttribute == "Min" ? &IndexRange::min : (subAttribute == "Skip" ? &IndexRange::skip : nullptr);
 }
 
+/// The layer of line plots of this name; null when there is none.
+PlotOption const* layerOf(std::string_view name)
+{
+    auto const& options = plotOptions();
+    auto const found = std::find_if(options.begin(), options.end(), [name](PlotOption const& option) {
+        return option.plots == PlotOption::Plots::Lines && option.value == name;
+    });
+    return found == options.end() ? nullptr : &*found;
+}
+
 } // namespace
 
 bool VelUtilLineMapCreate(void)
 {
     std::shared_ptr<Frame> const frame = session().activeFrame();
-    return frame && session().createLineMap(frame->id);
+    return frame && session().perform(CreateLineMap(frame->id));
 }
 
 bool VelUtilLineMapDelete(Set_s* lineMaps)
 {
     return answerOr(false, [&] {
         std::shared_ptr<Frame> const frame = session().activeFrame();
-        return frame && session().deleteLineMaps(frame->id, lineMaps == nullptr ? allMaps(*frame) : lineMaps->members);
+        return frame &&
+               session().perform(DeleteLineMaps(frame->id, lineMaps == nullptr ? allMaps(*frame) : lineMaps->members));
     });
 }
 
@@ -136,13 +150,12 @@ SetValueReturnCode_e VelUtilLineMapSetName(Set_s* lineMaps, char const* name)
 SetValueReturnCode_e VelUtilLinePlotLayerSetIsActive(char const* layer, bool isActive)
 {
     std::shared_ptr<Frame> const frame = session().activeFrame();
-    std::string_view const name = layer == nullptr ? "" : layer;
-    if (!frame || (name != "ShowLines" && name != "ShowSymbols")) {
+    PlotOption const* const option = layer == nullptr ? nullptr : layerOf(layer);
+    if (!frame || option == nullptr) {
         return SetValueReturnCode_Refused;
     }
-    bool const isLines = name == "ShowLines";
-    if ((isLines ? frame->showLines : frame->showSymbols) == isActive) {
+    if ((*frame).*option->member == isActive) {
         return SetValueReturnCode_Duplicate;
     }
-    return code(isLines ? session().setShowLines(frame->id, isActive) : session().setShowSymbols(frame->id, isActive));
+    return code(session().perform(SetPlotOption(frame->id, option->member, isActive)));
 }

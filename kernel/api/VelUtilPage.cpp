@@ -16,7 +16,7 @@ void VelUtilDrawGraphics(bool doDraw)
 
 int VelUtilPageGetCount(void)
 {
-    return static_cast<int>(session().pages().size());
+    return static_cast<int>(session().pages().all().size());
 }
 
 void VelUtilPaperGetDimensions(double* width, double* height)

@@ -3,6 +3,8 @@
 #include "kernel/api/ApiSupport.h"
 #include "kernel/api/ArgumentList.h"
 #include "kernel/api/LoadFailure.h"
+#include "kernel/operations/DuplicateZones.h"
+#include "kernel/operations/LoadVariables.h"
 
 using namespace veldraw::kernel;
 using veldraw::kernel::api::activeZone;
@@ -29,7 +31,7 @@ bool VelUtilZoneCopyX(ArgList_s* list)
                    return api::session().refuse(sources ? "There is no data set."
                                                         : "SourceZones must be a set of zones.");
                }
-               return api::session().duplicateZones(*dataSet, *sources);
+               return api::session().perform(DuplicateZones(*dataSet, *sources));
            });
 }
 
@@ -38,7 +40,7 @@ void VelUtilZoneGetIJK(int zone, long long* i, long long* j, long long* k)
     std::shared_ptr<Zone> const found = activeZone(zone);
     if (found && found->isDeferred()) {
         // A refusal leaves them unknown.
-        if (!api::session().loadDimensions(*api::session().activeDataSet(), zone)) {
+        if (!api::session().perform(LoadDimensions(*api::session().activeDataSet(), zone))) {
             api::tellLoadFailure();
         }
     }

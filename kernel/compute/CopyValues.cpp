@@ -1,7 +1,7 @@
 #include "kernel/compute/CopyValues.h"
 
-#include "kernel/compute/Parallel.h"
-#include "kernel/data/MemoryDemand.h"
+#include "kernel/base/MemoryDemand.h"
+#include "kernel/base/Parallel.h"
 
 #include <algorithm>
 #include <cstring>

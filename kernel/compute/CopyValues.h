@@ -1,7 +1,7 @@
 #pragma once
 
-#include "kernel/compute/Progress.h"
-#include "kernel/data/Buffer.h"
+#include "kernel/base/Progress.h"
+#include "kernel/storage/Buffer.h"
 
 namespace veldraw::kernel {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "kernel/compute/Progress.h"
+#include "kernel/base/Progress.h"
 #include "kernel/compute/Rotation.h"
-#include "kernel/data/Buffer.h"
+#include "kernel/storage/Buffer.h"
 
 #include <array>
 #include <memory>

@@ -1,6 +1,6 @@
 #include "kernel/compute/ValueBlock.h"
 
-#include "kernel/compute/Parallel.h"
+#include "kernel/base/Parallel.h"
 
 #include <algorithm>
 

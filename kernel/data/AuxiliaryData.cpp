@@ -1,6 +1,6 @@
 #include "kernel/data/AuxiliaryData.h"
 
-#include "kernel/data/Text.h"
+#include "kernel/base/Text.h"
 
 #include <algorithm>
 
@@ -18,12 +18,12 @@ bool isNamePart(char c)
     return isLetter(c) || (c >= '0' && c <= '9') || c == '_' || c == '.';
 }
 
-bool isValidName(std::string const& name)
-{
-    return !name.empty() && isLetter(name.front()) && std::all_of(name.begin(), name.end(), isNamePart);
-}
-
 } // namespace
+
+bool AuxiliaryData::isName(std::string const& text)
+{
+    return !text.empty() && isLetter(text.front()) && std::all_of(text.begin(), text.end(), isNamePart);
+}
 
 AuxiliaryData::Item const& AuxiliaryData::item(int number) const
 {
@@ -41,7 +41,7 @@ int AuxiliaryData::indexOf(std::string const& name) const
 
 bool AuxiliaryData::set(std::string const& name, std::string const& value, bool retain)
 {
-    if (!isValidName(name)) {
+    if (!isName(name)) {
         return false;
     }
     Item changed{name, value, retain};

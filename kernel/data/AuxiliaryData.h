@@ -24,8 +24,10 @@ public:
     /// One-based number of the item called @p name (case ignored), 0 if there is none.
     int indexOf(std::string const& name) const;
 
-    /// Adds the item or alters its value. @return false for a name that is not a letter followed by letters, digits, _
-    /// or .
+    /// Whether @p text can be a name: a letter, followed by letters, digits, _ or .
+    static bool isName(std::string const& text);
+
+    /// Adds the item or alters its value. @return false for a text that cannot be a name
     bool set(std::string const& name, std::string const& value, bool retain);
 
     /// @return false when there is no such item

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "kernel/data/Buffer.h"
-#include "kernel/data/HiddenSlots.h"
+#include "kernel/storage/Buffer.h"
+#include "kernel/storage/HiddenSlots.h"
 
 #include <memory>
 

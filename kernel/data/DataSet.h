@@ -1,9 +1,9 @@
 #pragma once
 
+#include "kernel/base/Identifier.h"
+#include "kernel/base/NumberSet.h"
 #include "kernel/data/AuxiliaryData.h"
-#include "kernel/data/Identifier.h"
 #include "kernel/data/LoaderInstructions.h"
-#include "kernel/data/NumberSet.h"
 #include "kernel/data/Variable.h"
 #include "kernel/data/Zone.h"
 

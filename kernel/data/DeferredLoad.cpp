@@ -1,6 +1,6 @@
 #include "kernel/data/DeferredLoad.h"
 
-#include "kernel/data/MemoryDemand.h"
+#include "kernel/base/MemoryDemand.h"
 
 #include <algorithm>
 #include <stdexcept>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kernel/compute/Progress.h"
+#include "kernel/base/Progress.h"
 #include "kernel/data/ZonesAndVariables.h"
 #include "kernel/events/StateChangeEvent.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kernel/data/ShareGroup.h"
+#include "kernel/storage/ShareGroup.h"
 
 #include <memory>
 

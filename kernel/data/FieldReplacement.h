@@ -2,8 +2,8 @@
 
 #include "kernel/data/DataSet.h"
 #include "kernel/data/NewField.h"
-#include "kernel/data/RetiredStorage.h"
 #include "kernel/events/EventHub.h"
+#include "kernel/storage/RetiredStorage.h"
 #include "kernel/undo/Change.h"
 
 #include <map>

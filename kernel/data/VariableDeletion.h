@@ -1,8 +1,8 @@
 #pragma once
 
 #include "kernel/data/DataSet.h"
-#include "kernel/data/RetiredStorage.h"
 #include "kernel/events/EventHub.h"
+#include "kernel/storage/RetiredStorage.h"
 #include "kernel/undo/Change.h"
 
 #include <map>

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "kernel/base/Identifier.h"
 #include "kernel/data/AuxiliaryData.h"
 #include "kernel/data/Blanking.h"
 #include "kernel/data/Connectivity.h"
 #include "kernel/data/DimensionsLoader.h"
 #include "kernel/data/Field.h"
-#include "kernel/data/Identifier.h"
 
 #include <cstdint>
 #include <memory>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "kernel/data/Identifier.h"
-#include "kernel/data/NumberSet.h"
+#include "kernel/base/Identifier.h"
+#include "kernel/base/NumberSet.h"
 #include "platform/vdsdkbase/StateChange.h"
 
 #include <cstdint>
@@ -19,6 +19,12 @@ struct StateChangeEvent
     std::vector<std::string> styleNames; ///< path of a style change, top-level name first
     UniqueId frame = 0;                  ///< the frame that a frame event is about
 };
+
+/// An event about a frame, with no lists.
+inline StateChangeEvent frameEvent(StateChange_e kind, UniqueId frame)
+{
+    return {kind, {}, {}, {}, frame};
+}
 
 /// Memory of the lists of numbers.
 inline std::int64_t bytesOfLists(StateChangeEvent const& event)

@@ -1,6 +1,6 @@
 #include "kernel/frames/AuxiliaryOwner.h"
 
-#include "kernel/frames/Session.h"
+#include "kernel/frames/Pages.h"
 
 #include <algorithm>
 
@@ -41,22 +41,22 @@ std::function<AuxiliaryData*()> findInLineMap(std::shared_ptr<Frame> frame, int 
     };
 }
 
-std::function<AuxiliaryData*()> finder(Session const& session, AuxDataLocation_e location, int object)
+std::function<AuxiliaryData*()> finder(Pages const& pages, AuxDataLocation_e location, int object)
 {
-    auto const dataSet = session.activeDataSet();
+    auto const dataSet = pages.activeDataSet();
     switch (location) {
     case AuxDataLocation_Zone:
         return findIn(dataSet ? dataSet->zone(object) : nullptr);
     case AuxDataLocation_DataSet:
         return findInDataSet(dataSet);
     case AuxDataLocation_Frame:
-        return findIn(session.activeFrame());
+        return findIn(pages.activeFrame());
     case AuxDataLocation_Var:
         return findIn(dataSet ? dataSet->variable(object) : nullptr);
     case AuxDataLocation_LineMap:
-        return findInLineMap(session.activeFrame(), object);
+        return findInLineMap(pages.activeFrame(), object);
     case AuxDataLocation_Page:
-        return findIn(session.activePage());
+        return findIn(pages.activePage());
     case AuxDataLocation_Layout:
         break; // the kernel has no layout of its own beside its pages
     }
@@ -65,8 +65,8 @@ std::function<AuxiliaryData*()> finder(Session const& session, AuxDataLocation_e
 
 } // namespace
 
-AuxiliaryOwner::AuxiliaryOwner(Session const& session, AuxDataLocation_e location, int object)
-    : m_find(finder(session, location, object))
+AuxiliaryOwner::AuxiliaryOwner(Pages const& pages, AuxDataLocation_e location, int object)
+    : m_find(finder(pages, location, object))
 {
 }
 

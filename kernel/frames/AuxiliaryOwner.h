@@ -1,14 +1,14 @@
 #pragma once
 
+#include "kernel/base/Identifier.h"
 #include "kernel/data/AuxiliaryData.h"
-#include "kernel/data/Identifier.h"
 #include "platform/vdsdkbase/VelUtilTypes.h"
 
 #include <functional>
 
 namespace veldraw::kernel {
 
-class Session;
+class Pages;
 
 /// Who owns auxiliary data, found once by its place and from then on by identity: it is still found when its number
 /// changes.
@@ -17,7 +17,7 @@ class AuxiliaryOwner
 public:
     /// @param location kind of owner; zones, variables and maps are those of the active frame
     /// @param object one-based number of a zone, variable or line map; unused for the other kinds
-    AuxiliaryOwner(Session const& session, AuxDataLocation_e location, int object);
+    AuxiliaryOwner(Pages const& pages, AuxDataLocation_e location, int object);
 
     /// The owner's data; null when there is, or is any more, no such owner.
     AuxiliaryData* data() const;

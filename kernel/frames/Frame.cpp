@@ -1,5 +1,7 @@
 #include "kernel/frames/Frame.h"
 
+#include "kernel/frames/PlotOption.h"
+
 namespace veldraw::kernel {
 
 Frame::Frame(std::string frameName, Rectangle frameRectangle)
@@ -7,6 +9,9 @@ Frame::Frame(std::string frameName, Rectangle frameRectangle)
     , name(std::move(frameName))
     , rectangle(frameRectangle)
 {
+    for (PlotOption const& option : plotOptions()) {
+        this->*option.member = option.isOnAtFirst;
+    }
 }
 
 std::array<int, 3> Frame::axisVariables() const

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "kernel/base/Identifier.h"
 #include "kernel/data/AuxiliaryData.h"
 #include "kernel/data/DataSet.h"
-#include "kernel/data/Identifier.h"
 #include "kernel/frames/LineMap.h"
 #include "kernel/frames/Rectangle.h"
 
@@ -36,11 +36,11 @@ struct Frame
     std::array<UniqueId, 3> axes3D{};
     std::array<UniqueId, 3> vector{}; ///< U, V, W
     UniqueId contourVariable = 0;
-    bool showContour = true;
-    bool showMesh = false;
-    bool stretchAxes = false; ///< of field plots: each axis has a scale of its own, so that they fill the frame
-    bool showLines = true;    ///< of line plots
-    bool showSymbols = false; ///< of line plots
+    bool showContour; ///< this and the next ones are plotOptions(), which tell their values at first
+    bool showMesh;
+    bool stretchAxes; ///< of field plots: each axis has a scale of its own, so that they fill the frame
+    bool showLines;   ///< of line plots
+    bool showSymbols; ///< of line plots
     std::vector<LineMap> lineMaps;
     AuxiliaryData auxiliaryData;
 };

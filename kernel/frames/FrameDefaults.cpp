@@ -1,6 +1,6 @@
 #include "kernel/frames/FrameDefaults.h"
 
-#include "kernel/data/Text.h"
+#include "kernel/base/Text.h"
 
 #include <algorithm>
 #include <initializer_list>
@@ -164,6 +164,13 @@ void layOut(Frame& frame)
     frame.axes2D = {axes[0], axes[1]};
     frame.lineMaps = std::move(lineMaps);
     frame.stretchAxes = needsStretching(frame);
+}
+
+void layOutIfFresh(Frame& frame)
+{
+    if (frame.plotType == PlotType_Sketch && frame.axes3D == decltype(frame.axes3D){}) {
+        layOut(frame);
+    }
 }
 
 std::array<int, 3> coordinatesByName(DataSet const& dataSet)

@@ -15,6 +15,9 @@ namespace veldraw::kernel {
 /// @throws std::bad_alloc
 void layOut(Frame& frame);
 
+/// The same for a frame that nobody has laid out yet; any other stays as it is.
+void layOutIfFresh(Frame& frame);
+
 /// Numbers of the variables called X, Y and Z as layOut() knows them; 0 for a Z that is not there, all 0 without both X and Y.
 std::array<int, 3> coordinatesByName(DataSet const& dataSet);
 

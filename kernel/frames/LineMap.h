@@ -1,7 +1,7 @@
 #pragma once
 
+#include "kernel/base/Identifier.h"
 #include "kernel/data/AuxiliaryData.h"
-#include "kernel/data/Identifier.h"
 #include "kernel/frames/IndexRange.h"
 
 #include <array>

@@ -20,6 +20,16 @@ std::vector<Rectangle> gridOver(Page const& page, std::size_t count)
     return places;
 }
 
+std::vector<FrameListChange::Placement> gridPlaces(Page const& page, std::vector<std::shared_ptr<Frame>> const& frames)
+{
+    std::vector<Rectangle> const places = gridOver(page, frames.size());
+    std::vector<FrameListChange::Placement> placements;
+    for (std::size_t at = 0; at < frames.size(); ++at) {
+        placements.push_back({frames[at], places[at]});
+    }
+    return placements;
+}
+
 Rectangle nextFreePlace(Page const& page)
 {
     double const step = 0.25 * static_cast<double>(page.frames.size() % 8);

@@ -1,18 +1,19 @@
 #include "kernel/style/LineMapStyleItem.h"
 
-#include "kernel/frames/Session.h"
+#include "kernel/frames/Pages.h"
+#include "kernel/operations/LineMapOperation.h"
 
 namespace veldraw::kernel {
 
-LineMapStyleItem::LineMapStyleItem(Session& session, StylePath path)
+LineMapStyleItem::LineMapStyleItem(Access const& access, StylePath path)
     : StyleItem(std::move(path))
-    , m_session(session)
+    , m_access(access)
 {
 }
 
 std::shared_ptr<Frame> LineMapStyleItem::frameAt(StyleAddress const& address) const
 {
-    return address.frame == 0 ? m_session.activeFrame() : m_session.frame(address.frame);
+    return address.frame == 0 ? m_access.pages.activeFrame() : m_access.pages.frame(address.frame);
 }
 
 LineMap const* LineMapStyleItem::mapAt(Frame const& frame, StyleAddress const& address) const
@@ -56,12 +57,12 @@ SetValueReturnCode_e LineMapStyleItem::write(StyleAddress const& address, StyleN
         return SetValueReturnCode_Duplicate;
     }
     StateChangeEvent event{StateChange_Style, {}, {}, path(), frame->id};
-    bool const isWritten = m_session.changeLineMaps(frame->id, {static_cast<int>(address.offset1)},
-                                                    [&](LineMap& map) { assign(map, dataSet, number.whole); });
+    bool const isWritten = m_access.performer.perform(ChangeLineMaps(
+        frame->id, {static_cast<int>(address.offset1)}, [&](LineMap& map) { assign(map, dataSet, number.whole); }));
     if (!isWritten) {
         return SetValueReturnCode_Refused;
     }
-    m_session.events().emitEvent(event);
+    m_access.events.emitEvent(event);
     return SetValueReturnCode_Ok;
 }
 

@@ -10,14 +10,24 @@ namespace veldraw::kernel {
 struct Frame;
 struct LineMap;
 class DataSet;
-class Session;
+class EventHub;
+class OperationPerformer;
+class Pages;
 
 /// A setting of each line map of each frame. It lives in the line map itself; the first offset is the one-based number
 /// of the map. Line maps are part of a document: a write is a step of the undo history called "Line Map".
 class LineMapStyleItem : public StyleItem
 {
 public:
-    LineMapStyleItem(Session& session, StylePath path);
+    /// What an item reads, tells and changes its line maps by.
+    struct Access
+    {
+        Pages const& pages;
+        EventHub& events;
+        OperationPerformer& performer;
+    };
+
+    LineMapStyleItem(Access const& access, StylePath path);
 
     std::optional<StyleNumber> read(StyleAddress const& address) const override;
     std::string refusal(StyleAddress const& address, StyleNumber const& number) const override;
@@ -36,7 +46,7 @@ private:
     std::shared_ptr<Frame> frameAt(StyleAddress const& address) const;
     LineMap const* mapAt(Frame const& frame, StyleAddress const& address) const;
 
-    Session& m_session;
+    Access m_access;
 };
 
 } // namespace veldraw::kernel

@@ -5,8 +5,8 @@
 
 namespace veldraw::kernel {
 
-LineMapVariableItem::LineMapVariableItem(Session& session, StylePath path, UniqueId LineMap::*variable)
-    : LineMapStyleItem(session, std::move(path))
+LineMapVariableItem::LineMapVariableItem(Access const& access, StylePath path, UniqueId LineMap::*variable)
+    : LineMapStyleItem(access, std::move(path))
     , m_variable(variable)
 {
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kernel/data/Identifier.h"
+#include "kernel/base/Identifier.h"
 #include "kernel/style/LineMapStyleItem.h"
 
 namespace veldraw::kernel {
@@ -9,7 +9,7 @@ namespace veldraw::kernel {
 class LineMapVariableItem : public LineMapStyleItem
 {
 public:
-    LineMapVariableItem(Session& session, StylePath path, UniqueId LineMap::*variable);
+    LineMapVariableItem(Access const& access, StylePath path, UniqueId LineMap::*variable);
 
 protected:
     long long numberOf(LineMap const& map, DataSet const* dataSet) const override;

@@ -2,10 +2,6 @@
 
 namespace veldraw::kernel {
 
-namespace {
-
-} // namespace
-
 SessionStyleItem::SessionStyleItem(EventHub& events, StylePath path, StyleRange range, StyleNumber initial)
     : StyleItem(std::move(path))
     , m_events(events)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kernel/data/Identifier.h"
+#include "kernel/base/Identifier.h"
 
 #include <string>
 #include <vector>

@@ -1,6 +1,6 @@
 #include "kernel/style/StyleRange.h"
 
-#include "kernel/data/Text.h"
+#include "kernel/base/Text.h"
 
 #include <cmath>
 

@@ -1,9 +1,11 @@
 #include "kernel/style/StyleTree.h"
 
-#include "kernel/frames/Session.h"
-#include "kernel/style/FrameSwitchItem.h"
+#include "kernel/frames/Pages.h"
+#include "kernel/frames/PlotOption.h"
+#include "kernel/operations/Operation.h"
 #include "kernel/style/LineMapDependencyItem.h"
 #include "kernel/style/LineMapVariableItem.h"
+#include "kernel/style/PlotOptionItem.h"
 #include "kernel/style/SessionStyleItem.h"
 
 #include <algorithm>
@@ -12,8 +14,10 @@
 
 namespace veldraw::kernel {
 
-StyleTree::StyleTree(Session& session)
-    : m_session(session)
+StyleTree::StyleTree(Pages const& pages, EventHub& events, OperationPerformer& performer)
+    : m_pages(pages)
+    , m_events(events)
+    , m_performer(performer)
 {
     addInterfaceItems();
     addLineMapItems();
@@ -32,7 +36,7 @@ void StyleTree::add(std::unique_ptr<StyleItem> item)
 void StyleTree::addInterfaceItems()
 {
     auto const addItem = [this](StylePath path, StyleRange range, StyleNumber initial) {
-        add(std::make_unique<SessionStyleItem>(m_session.events(), std::move(path), range, initial));
+        add(std::make_unique<SessionStyleItem>(m_events, std::move(path), range, initial));
     };
     auto const whole = &StyleNumber::ofWhole;
     auto const real = &StyleNumber::ofReal;
@@ -55,17 +59,17 @@ void StyleTree::addInterfaceItems()
 
 void StyleTree::addLineMapItems()
 {
-    add(std::make_unique<LineMapVariableItem>(m_session, StylePath{"LineMap", "Assign", "XAxisVar"},
-                                              &LineMap::xVariable));
-    add(std::make_unique<LineMapVariableItem>(m_session, StylePath{"LineMap", "Assign", "YAxisVar"},
-                                              &LineMap::yVariable));
-    add(std::make_unique<LineMapDependencyItem>(m_session, StylePath{"LineMap", "Assign", "FunctionDependency"}));
+    LineMapStyleItem::Access const access{m_pages, m_events, m_performer};
+    add(std::make_unique<LineMapVariableItem>(access, StylePath{"LineMap", "Assign", "XAxisVar"}, &LineMap::xVariable));
+    add(std::make_unique<LineMapVariableItem>(access, StylePath{"LineMap", "Assign", "YAxisVar"}, &LineMap::yVariable));
+    add(std::make_unique<LineMapDependencyItem>(access, StylePath{"LineMap", "Assign", "FunctionDependency"}));
 }
 
 void StyleTree::addFrameItems()
 {
-    add(std::make_unique<FrameSwitchItem>(m_session, StylePath{"FieldAxes", "Stretch"}, &Frame::stretchAxes,
-                                          &Session::setStretchAxes));
+    for (PlotOption const& option : plotOptions()) {
+        add(std::make_unique<PlotOptionItem>(m_pages, m_performer, option));
+    }
 }
 
 void StyleTree::collectNames()
@@ -110,13 +114,13 @@ SetValueReturnCode_e StyleTree::set(StyleAddress const& address, StyleNumber con
     }
     if (isOperationRunning()) {
         StyleAddress later = address;
-        std::shared_ptr<Frame> const active = m_session.activeFrame();
+        std::shared_ptr<Frame> const active = m_pages.activeFrame();
         later.frame = address.frame == 0 && active ? active->id : address.frame; // which is active may change till then
         m_pending.emplace_back(std::move(later), number);
         return SetValueReturnCode_Pending;
     }
     SetValueReturnCode_e const code = item->write(address, number);
-    return code == SetValueReturnCode_Refused ? refuse(m_session.lastError()) : code;
+    return code == SetValueReturnCode_Refused ? refuse(m_performer.lastError()) : code;
 }
 
 SetValueReturnCode_e StyleTree::refuse(std::string reason)
@@ -152,13 +156,13 @@ void StyleTree::endOperation() noexcept
     }
 }
 
-StyleTree::Operation::Operation(StyleTree& tree)
+StyleTree::Hold::Hold(StyleTree& tree)
     : m_tree(tree)
 {
     ++m_tree.m_operations;
 }
 
-StyleTree::Operation::~Operation()
+StyleTree::Hold::~Hold()
 {
     m_tree.endOperation();
 }

@@ -11,7 +11,9 @@
 
 namespace veldraw::kernel {
 
-class Session;
+class EventHub;
+class OperationPerformer;
+class Pages;
 
 /// The session's settings under typed paths with limits and start values.
 ///
@@ -24,7 +26,8 @@ class Session;
 class StyleTree
 {
 public:
-    explicit StyleTree(Session& session);
+    /// @param performer carries out what is undoable; not used before the first write
+    StyleTree(Pages const& pages, EventHub& events, OperationPerformer& performer);
     ~StyleTree();
 
     /// Whether there is a value at this path or below it.
@@ -49,13 +52,13 @@ public:
 
     /// Keeps the values as they are for its scope; scopes nest, and the end of the outermost carries out the writes that
     /// came meanwhile. A write that does not fit any more by then is dropped.
-    class Operation
+    class Hold
     {
     public:
-        explicit Operation(StyleTree& tree);
-        ~Operation();
-        Operation(Operation const&) = delete;
-        Operation& operator=(Operation const&) = delete;
+        explicit Hold(StyleTree& tree);
+        ~Hold();
+        Hold(Hold const&) = delete;
+        Hold& operator=(Hold const&) = delete;
 
     private:
         StyleTree& m_tree;
@@ -76,7 +79,9 @@ private:
     SetValueReturnCode_e refuse(std::string reason);
     void endOperation() noexcept;
 
-    Session& m_session;
+    Pages const& m_pages;
+    EventHub& m_events;
+    OperationPerformer& m_performer;
     std::map<StylePath, std::unique_ptr<StyleItem>> m_items;
     std::vector<std::string> m_names; // sorted; identifiers are positions
     std::vector<std::pair<StyleAddress, StyleNumber>> m_pending;

@@ -3,6 +3,7 @@
 #include "kernel/events/EventHub.h"
 #include "kernel/undo/Change.h"
 
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -51,5 +52,19 @@ private:
     Value m_other;
     std::vector<StateChangeEvent> m_events;
 };
+
+/// The step that gives @p target another value and sends @p event after each way; null when it has the value already.
+/// @param owner keeps @p target alive
+/// @throws std::bad_alloc
+template <typename Value>
+std::shared_ptr<Change> changeTo(EventHub& hub, std::shared_ptr<void> owner, Value& target, Value value,
+                                 StateChangeEvent event)
+{
+    if (target == value) {
+        return nullptr;
+    }
+    std::vector<StateChangeEvent> events{std::move(event)};
+    return std::make_shared<SwapChange<Value>>(hub, std::move(owner), target, std::move(value), std::move(events));
+}
 
 } // namespace veldraw::kernel

@@ -35,6 +35,9 @@ FORMATS_KNOWN = {'app/import/formats/vtklegacy': {'app/import/formats/vtkxml'},
                  'app/export/formats/vtkxml': {'app/import/formats/vtkxml'}}
 TABLES_OF_FORMATS = {'app/import/ReadableFormats.cpp', 'app/export/WritableFormats.cpp'}
 
+# The rooms of the kernel, in order: each may include itself and those before it.
+KERNEL_ROOMS = ['base', 'storage', 'compute', 'events', 'undo', 'data', 'frames', 'operations', 'style', 'session', 'api']
+
 QT_CORE = {'QtCore', 'Qt', 'QtGlobal', 'QObject', 'QString', 'QStringList', 'QByteArray', 'QVariant', 'QPointer', 'QVector', 'QList',
            'QMap', 'QHash', 'QSet', 'QTimer', 'QLocale', 'QEvent', 'QCoreApplication', 'QMetaObject', 'QMetaType', 'QScopedPointer',
            'QSharedPointer', 'QAbstractItemModel', 'QAbstractListModel', 'QAbstractTableModel', 'QAbstractProxyModel', 'QModelIndex',
@@ -83,9 +86,10 @@ def ours_allowed(folder, included):
     if layer == 'platform':
         return target_layer == 'platform'
     if layer == 'kernel':
-        if part in ('data', 'events', 'undo') and (target_layer, target_part) == ('kernel', 'api'):
-            return False
-        return target_layer == 'kernel' or included == 'platform/PlatformApi.h' or included.startswith('platform/vdsdkbase/')
+        if target_layer == 'kernel':
+            rooms = KERNEL_ROOMS
+            return part in rooms and target_part in rooms and rooms.index(target_part) <= rooms.index(part)
+        return included == 'platform/PlatformApi.h' or included.startswith('platform/vdsdkbase/')
     if layer == 'dialogs':
         return dialogs_allowed(part, target_layer, target_part, included)
     if layer == 'host':

@@ -30,7 +30,7 @@ class Includes(unittest.TestCase):
         self.refused(path, angled('QString'))
 
     def test_kernel_includes_the_kernel_functions_and_no_qt(self):
-        path = 'kernel/frames/Session.cpp'
+        path = 'kernel/session/Session.cpp'
         self.allowed(path, quoted('platform/vdsdkbase/VelUtilTypes.h') + quoted('platform/PlatformApi.h') +
                      quoted('kernel/data/Zone.h') + angled('omp.h') + angled('Eigen/Dense'))
         for name in ('platform/vdtoolbox/Set.h', 'host/IdleHold.h', 'dialogs/property/Property.h', 'app/Application.h'):
@@ -39,9 +39,16 @@ class Includes(unittest.TestCase):
         self.refused(path, angled('QtCore/QString'))
         self.refused(path, angled('vtkDataSet.h'))
 
-    def test_kernel_data_does_not_include_the_c_functions(self):
-        self.refused('kernel/data/Zone.h', quoted('kernel/api/ArgumentList.h'))
-        self.allowed('kernel/api/VelUtilZone.cpp', quoted('kernel/data/Zone.h'))
+    def test_rooms_of_the_kernel_include_what_is_before_them(self):
+        rooms = check_architecture.KERNEL_ROOMS
+        for place, room in enumerate(rooms):
+            for target_place, target in enumerate(rooms):
+                check = self.allowed if target_place <= place else self.refused
+                check(f'kernel/{room}/File.cpp', quoted(f'kernel/{target}/Other.h'))
+
+    def test_every_folder_of_the_kernel_has_its_place_in_the_order(self):
+        self.refused('kernel/attic/File.cpp', quoted('kernel/base/Progress.h'))
+        self.refused('kernel/api/File.cpp', quoted('kernel/attic/Other.h'))
 
     def test_the_dialog_library_never_includes_what_implements_the_platform(self):
         for part in ('property', 'models', 'widgets', 'bindings', 'frame', 'zoneops', 'spreadsheet'):
@@ -105,7 +112,7 @@ class Includes(unittest.TestCase):
     def test_the_application_knows_all_but_tests(self):
         path = 'app/window/MainWindow.cpp'
         self.allowed(path, angled('vtkRenderer.h') + angled('QVTKOpenGLNativeWidget.h') + quoted('host/MessageLog.h') +
-                     quoted('dialogs/frame/DialogInterface.h') + quoted('kernel/frames/Session.h'))
+                     quoted('dialogs/frame/DialogInterface.h') + quoted('kernel/session/Session.h'))
         self.refused(path, quoted('tests/support/KernelSpy.h'))
 
     def test_paths_start_at_the_root_of_the_project(self):

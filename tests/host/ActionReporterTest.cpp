@@ -1,6 +1,7 @@
 #include "platform/vdsdkcommon/ActionReporter.h"
 
 #include "host/MessageLog.h"
+#include "kernel/operations/DeleteVariables.h"
 #include "tests/host/MessageRecorder.h"
 #include "tests/host/SampleSession.h"
 
@@ -88,7 +89,7 @@ TEST_F(ActionReporter, WritesTheKernelsReasonToTheLogAlone)
     auto const dataSet = makeDataSet({"X"});
     addZone(*dataSet, "zone", 2);
     show(dataSet, PlotType_XYLine);
-    auto const refused = [&dataSet]() -> char { return session().deleteVariables(*dataSet, {5}); };
+    auto const refused = [&dataSet]() -> char { return session().perform(kernel::DeleteVariables(*dataSet, {5})); };
     velUtilActionReporter(refused, "Could not do it.", "");
     ASSERT_FALSE(session().lastError().empty());
     EXPECT_THAT(m_recorder.messages(), ElementsAre("0: Could not do it."));

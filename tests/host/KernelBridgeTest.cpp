@@ -2,6 +2,8 @@
 
 #include "host/KernelStateChangeEvent.h"
 #include "host/MessageLog.h"
+#include "kernel/operations/RenameFrame.h"
+#include "kernel/operations/RenameZone.h"
 #include "platform/vdsdkbase/VelUtilDataSet.h"
 #include "platform/vdsdkbase/VelUtilDataValue.h"
 #include "platform/vdsdkbase/VelUtilFrame.h"
@@ -82,7 +84,7 @@ TEST_F(Bridge, DeliversBeforeTheKernelReturns)
     std::string nameInTheEvent;
     boost::signals2::scoped_connection const reader = StateChangeEventObservable::getInstance().connectStateChanged(
         [&](StateChangeEventInterface const&) { nameInTheEvent = dataSet->zone(1)->name; });
-    session().renameZone(*dataSet, 1, "new");
+    session().perform(kernel::RenameZone(*dataSet, 1, "new"));
     EXPECT_THAT(m_kinds, ElementsAre(18));
     EXPECT_EQ(nameInTheEvent, "new");
 }
@@ -94,7 +96,7 @@ TEST_F(Bridge, IsNotHeldBackByALock)
     addZone(*dataSet, "zone", 4);
     auto const frame = show(dataSet, PlotType_XYLine);
     m_kinds.clear();
-    session().renameFrame(frame->id, "other");
+    session().perform(kernel::RenameFrame(frame->id, "other"));
     EXPECT_THAT(m_kinds, ElementsAre(11));
 }
 
@@ -104,7 +106,7 @@ TEST_F(Bridge, ForwardsOnceHoweverOftenItIsInstalled)
     auto const dataSet = makeDataSet({"X"});
     show(dataSet, PlotType_Sketch);
     m_kinds.clear();
-    session().setTitle(*dataSet, "title");
+    session().perform(kernel::SetTitle(*dataSet, "title"));
     EXPECT_THAT(m_kinds, ElementsAre(13));
 }
 
@@ -115,11 +117,11 @@ TEST_F(Bridge, TellsOnceThatTheKernelGoesDownAndNothingAfterwards)
     m_kinds.clear();
     KernelBridge::shutDown();
     KernelBridge::shutDown();
-    session().setTitle(*dataSet, "title");
+    session().perform(kernel::SetTitle(*dataSet, "title"));
     EXPECT_THAT(m_kinds, ElementsAre(15));
     KernelBridge::install();
     m_kinds.clear();
-    session().setTitle(*dataSet, "another title");
+    session().perform(kernel::SetTitle(*dataSet, "another title"));
     EXPECT_THAT(m_kinds, ElementsAre(13));
 }
 
@@ -144,7 +146,7 @@ TEST_F(Bridge, SetsAFrameLoopAsideWhileItTellsAnEvent)
             VelUtilFrameLightweightLoopStart(); // a walk of the listener's own, which it forgets to end
             VelUtilFrameLightweightLoopNext();
         });
-    session().setTitle(*first->dataSet, "new");
+    session().perform(kernel::SetTitle(*first->dataSet, "new"));
     EXPECT_THAT(seen, ElementsAre(second->id));
     EXPECT_EQ(VelUtilFrameGetUniqueID(), first->id);
     EXPECT_TRUE(VelUtilFrameLightweightLoopNext());

@@ -1,3 +1,6 @@
+#include "kernel/operations/EnableZone.h"
+#include "kernel/operations/LineMapOperation.h"
+#include "kernel/operations/SetPlotType.h"
 #include "platform/vdsdkcommon/DataSetQueries.h"
 #include "tests/host/SampleSession.h"
 
@@ -27,14 +30,14 @@ protected:
     /// Line maps of the zones 2, 4 and 1; the second is switched off.
     void makeLineMaps()
     {
-        session().deleteLineMaps(m_frame->id, {1});
+        session().perform(kernel::DeleteLineMaps(m_frame->id, {1}));
         for (int zone : {2, 4, 1}) {
-            session().createLineMap(m_frame->id);
+            session().perform(kernel::CreateLineMap(m_frame->id));
             int const number = static_cast<int>(m_frame->lineMaps.size());
-            session().changeLineMaps(m_frame->id, {number}, [this, zone](kernel::LineMap& lineMap) {
+            session().perform(kernel::ChangeLineMaps(m_frame->id, {number}, [this, zone](kernel::LineMap& lineMap) {
                 lineMap.zone = m_dataSet->zone(zone)->id;
                 lineMap.active = zone != 4;
-            });
+            }));
         }
         ASSERT_EQ(m_frame->lineMaps.size(), 3U);
     }
@@ -57,21 +60,21 @@ TEST_F(MapQueries, CountAZeroAsAStrandAndANumberBelowAsNone)
 
 TEST_F(MapQueries, LeaveOutFieldMapsWithoutAnEnabledZone)
 {
-    session().setZoneEnabled(*m_dataSet, 2, false);
+    session().perform(kernel::EnableZone(*m_dataSet, 2, false));
     EXPECT_THAT(getActiveFieldMaps().members(), ElementsAre(1, 2, 3));
-    session().setZoneEnabled(*m_dataSet, 4, false);
+    session().perform(kernel::EnableZone(*m_dataSet, 4, false));
     EXPECT_THAT(getActiveFieldMaps().members(), ElementsAre(1, 3));
 }
 
 TEST_F(MapQueries, FindTheZonesThatAFieldPlotDraws)
 {
-    session().setZoneEnabled(*m_dataSet, 2, false);
+    session().perform(kernel::EnableZone(*m_dataSet, 2, false));
     EXPECT_THAT(getActiveZones().members(), ElementsAre(1, 3, 4, 5));
 }
 
 TEST_F(MapQueries, FindTheZonesThatALinePlotDraws)
 {
-    session().setPlotType(m_frame->id, PlotType_XYLine);
+    session().perform(kernel::SetPlotType(m_frame->id, PlotType_XYLine));
     makeLineMaps();
     EXPECT_THAT(getActiveZones().members(), ElementsAre(1, 2));
     EXPECT_THAT(getZonesFromActiveLineMaps().members(), ElementsAre(1, 2));
@@ -79,7 +82,7 @@ TEST_F(MapQueries, FindTheZonesThatALinePlotDraws)
 
 TEST_F(MapQueries, FindNoZonesInASketch)
 {
-    session().setPlotType(m_frame->id, PlotType_Sketch);
+    session().perform(kernel::SetPlotType(m_frame->id, PlotType_Sketch));
     EXPECT_THAT(getActiveZones().members(), IsEmpty());
 }
 
@@ -93,7 +96,7 @@ TEST_F(MapQueries, TellActiveFromEnabledLineMaps)
 TEST_F(MapQueries, LeaveOutLineMapsOfDisabledZones)
 {
     makeLineMaps();
-    session().setZoneEnabled(*m_dataSet, 2, false);
+    session().perform(kernel::EnableZone(*m_dataSet, 2, false));
     EXPECT_THAT(getActiveLineMaps().members(), ElementsAre(3));
     EXPECT_THAT(getEnabledLineMapsForFrame(m_frame->id).members(), ElementsAre(2, 3));
     EXPECT_THAT(getZonesFromActiveLineMaps().members(), ElementsAre(1));

@@ -1,4 +1,5 @@
-#include "kernel/data/ShareGroup.h"
+#include "kernel/operations/EnableZone.h"
+#include "kernel/storage/ShareGroup.h"
 #include "platform/vdsdkcommon/DataSetQueries.h"
 #include "tests/host/SampleSession.h"
 
@@ -86,7 +87,7 @@ TEST_F(RangeQueries, TellWhetherARangeOfAnActiveZoneIsEstimated)
     m_dataSet->field(2, 2)->group()->setKnownRange({kernel::ValueRange::State::Estimated, 0, 1});
     EXPECT_TRUE(isVarRangeEstimatedForAnyActiveZones(2));
     EXPECT_FALSE(isVarRangeEstimatedForAnyActiveZones(1));
-    session().setZoneEnabled(*m_dataSet, 2, false);
+    session().perform(kernel::EnableZone(*m_dataSet, 2, false));
     EXPECT_FALSE(isVarRangeEstimatedForAnyActiveZones(2));
 }
 

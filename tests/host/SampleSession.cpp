@@ -1,7 +1,8 @@
 #include "tests/host/SampleSession.h"
 
-#include "kernel/data/Buffer.h"
-#include "kernel/data/ShareGroup.h"
+#include "kernel/operations/SetPlotType.h"
+#include "kernel/storage/Buffer.h"
+#include "kernel/storage/ShareGroup.h"
 
 namespace veldraw::tests {
 
@@ -57,7 +58,7 @@ std::shared_ptr<Frame> SampleSession::show(std::shared_ptr<DataSet> const& dataS
 {
     auto frame = session().createFrame("frame", {1, 1, 4, 3});
     session().setFrameDataSet(frame->id, dataSet);
-    session().setPlotType(frame->id, plotType);
+    session().perform(SetPlotType(frame->id, plotType));
     return frame;
 }
 

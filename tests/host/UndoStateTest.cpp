@@ -1,5 +1,7 @@
 #include "platform/vdsdkcommon/UndoState.h"
 
+#include "kernel/operations/RenameFrame.h"
+#include "kernel/operations/RenameZone.h"
 #include "tests/host/SampleSession.h"
 
 namespace veldraw::tests {
@@ -20,8 +22,8 @@ TEST_F(UndoStates, MakeOneStepOfTheirKernelCalls)
     session().history().clear();
     {
         UndoState const undo(UndoStateCategory_FrameContents, false, true, AppLock::RecordAsUsual);
-        session().renameZone(*dataSet, 1, "new");
-        session().renameFrame(frame->id, "other");
+        session().perform(kernel::RenameZone(*dataSet, 1, "new"));
+        session().perform(kernel::RenameFrame(frame->id, "other"));
     }
     EXPECT_EQ(session().history().undoName(), "Frame Contents");
     ASSERT_TRUE(session().undo());
@@ -49,10 +51,10 @@ TEST_F(UndoStates, AreNamedByTheOutermost)
     session().history().clear();
     {
         UndoState const outer(UndoStateCategory_FrameContents, false, true, AppLock::RecordAsUsual);
-        session().renameZone(*dataSet, 1, "first");
+        session().perform(kernel::RenameZone(*dataSet, 1, "first"));
         {
             UndoState const inner(UndoStateCategory_FrameContents, false, true, AppLock::RecordAsUsual);
-            session().renameZone(*dataSet, 1, "second");
+            session().perform(kernel::RenameZone(*dataSet, 1, "second"));
         }
         EXPECT_FALSE(session().undo());
     }

@@ -1,4 +1,6 @@
-#include "kernel/data/ShareGroup.h"
+#include "kernel/operations/EnableZone.h"
+#include "kernel/operations/SetPlotType.h"
+#include "kernel/storage/ShareGroup.h"
 #include "platform/vdsdkcommon/DataSetQueries.h"
 #include "tests/host/SampleSession.h"
 
@@ -29,7 +31,7 @@ protected:
 
 TEST_F(VariableQueries, FindTheEnabledVariables)
 {
-    session().setVariableEnabled(*m_dataSet, 3, false);
+    session().perform(kernel::EnableVariable(*m_dataSet, 3, false));
     EXPECT_THAT(getEnabledVars().members(), ElementsAre(1, 2, 4, 5));
     EXPECT_THAT(getEnabledVarsForFrame(m_frame->id).members(), ElementsAre(1, 2, 4, 5));
     EXPECT_THAT(getEnabledVarsForFrame(m_frame->id + 1000).members(), IsEmpty());
@@ -38,27 +40,27 @@ TEST_F(VariableQueries, FindTheEnabledVariables)
 TEST_F(VariableQueries, LeaveTheAxesOutIn3D)
 {
     EXPECT_THAT(getNonSpatialEnabledVars().members(), ElementsAre(1, 5));
-    session().setVariableEnabled(*m_dataSet, 5, false);
+    session().perform(kernel::EnableVariable(*m_dataSet, 5, false));
     EXPECT_THAT(getNonSpatialEnabledVarsForFrame(m_frame->id).members(), ElementsAre(1));
 }
 
 TEST_F(VariableQueries, LeaveOnlyTwoAxesOutIn2D)
 {
-    session().setPlotType(m_frame->id, PlotType_Cartesian2D);
+    session().perform(kernel::SetPlotType(m_frame->id, PlotType_Cartesian2D));
     EXPECT_THAT(getNonSpatialEnabledVars().members(), ElementsAre(1, 4, 5));
 }
 
 TEST_F(VariableQueries, LeaveNoAxisOutOfLinePlots)
 {
-    session().setPlotType(m_frame->id, PlotType_XYLine);
+    session().perform(kernel::SetPlotType(m_frame->id, PlotType_XYLine));
     EXPECT_THAT(getNonSpatialEnabledVars().members(), ElementsAre(1, 2, 3, 4, 5));
 }
 
 TEST_F(VariableQueries, FollowTheAxesOfTheFrame)
 {
-    session().assignVariable(m_frame->id, 'Z', 5);
+    session().perform(kernel::AssignVariable(m_frame->id, 'Z', 5));
     EXPECT_THAT(getNonSpatialEnabledVars().members(), ElementsAre(1, 4));
-    session().assignVariable(m_frame->id, 'Z', 0);
+    session().perform(kernel::AssignVariable(m_frame->id, 'Z', 0));
     EXPECT_THAT(getNonSpatialEnabledVars().members(), ElementsAre(1, 4, 5));
 }
 
@@ -76,14 +78,14 @@ TEST_F(VariableQueries, FindWhatWaitsToBeLoaded)
         auto group = std::make_shared<kernel::ShareGroup>(field.type(), field.group()->size(), nullptr);
         field = kernel::Field(std::move(group), field.location());
     }
-    session().setVariableEnabled(*m_dataSet, 4, false);
+    session().perform(kernel::EnableVariable(*m_dataSet, 4, false));
     EXPECT_THAT(getNotLoadedVariablesForZone(1).members(), ElementsAre(1, 5));
     EXPECT_THAT(getNotLoadedVariablesForZone(2).members(), IsEmpty());
 }
 
 TEST_F(VariableQueries, AllowRangesOfEnabledVariablesAlone)
 {
-    session().setVariableEnabled(*m_dataSet, 1, false);
+    session().perform(kernel::EnableVariable(*m_dataSet, 1, false));
     EXPECT_FALSE(okToQueryForVarInfo(1));
     EXPECT_TRUE(okToQueryForVarInfo(2));
     EXPECT_FALSE(okToQueryForVarInfo(0));
@@ -95,23 +97,23 @@ TEST_F(VariableQueries, AllowRangesOfEnabledVariablesAlone)
 TEST_F(VariableQueries, AllowInterpolationWithAFieldPlotTwoZonesAndAVariable)
 {
     EXPECT_TRUE(isOkToInterpolate());
-    session().setPlotType(m_frame->id, PlotType_Cartesian2D);
+    session().perform(kernel::SetPlotType(m_frame->id, PlotType_Cartesian2D));
     EXPECT_TRUE(isOkToInterpolate());
-    session().setPlotType(m_frame->id, PlotType_XYLine);
+    session().perform(kernel::SetPlotType(m_frame->id, PlotType_XYLine));
     EXPECT_FALSE(isOkToInterpolate());
 }
 
 TEST_F(VariableQueries, ForbidInterpolationWithOneEnabledZone)
 {
-    session().setZoneEnabled(*m_dataSet, 2, false);
+    session().perform(kernel::EnableZone(*m_dataSet, 2, false));
     EXPECT_FALSE(isOkToInterpolate());
 }
 
 TEST_F(VariableQueries, ForbidInterpolationWithoutAVariableBesideTheAxes)
 {
-    session().setVariableEnabled(*m_dataSet, 1, false);
+    session().perform(kernel::EnableVariable(*m_dataSet, 1, false));
     EXPECT_TRUE(isOkToInterpolate());
-    session().setVariableEnabled(*m_dataSet, 5, false);
+    session().perform(kernel::EnableVariable(*m_dataSet, 5, false));
     EXPECT_FALSE(isOkToInterpolate());
 }
 

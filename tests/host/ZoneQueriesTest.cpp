@@ -1,3 +1,4 @@
+#include "kernel/operations/EnableZone.h"
 #include "platform/vdsdkcommon/DataSetQueries.h"
 #include "tests/host/SampleSession.h"
 
@@ -36,22 +37,22 @@ protected:
 
 TEST_F(ZoneQueries, FindTheEnabledZones)
 {
-    session().setZoneEnabled(*m_dataSet, 2, false);
-    session().setZoneEnabled(*m_dataSet, 10, false);
+    session().perform(kernel::EnableZone(*m_dataSet, 2, false));
+    session().perform(kernel::EnableZone(*m_dataSet, 10, false));
     EXPECT_THAT(getEnabledZones().members(), ElementsAre(1, 3, 4, 5, 6, 7, 8, 9, 11));
     EXPECT_THAT(getEnabledZonesForFrame(m_frame->id).members(), ElementsAre(1, 3, 4, 5, 6, 7, 8, 9, 11));
 }
 
 TEST_F(ZoneQueries, FindTheZonesOfMoreThanOneDimension)
 {
-    session().setZoneEnabled(*m_dataSet, 5, false);
+    session().perform(kernel::EnableZone(*m_dataSet, 5, false));
     EXPECT_THAT(getNonLinearEnabledZones().members(), ElementsAre(4, 6, 7, 10, 11));
     EXPECT_THAT(getNonLinearEnabledZonesForFrame(m_frame->id).members(), ElementsAre(4, 6, 7, 10, 11));
 }
 
 TEST_F(ZoneQueries, FindTheOrderedZonesOfOneDimension)
 {
-    session().setZoneEnabled(*m_dataSet, 1, false);
+    session().perform(kernel::EnableZone(*m_dataSet, 1, false));
     EXPECT_THAT(getOrderedLinearZonesForFrame(m_frame->id).members(), ElementsAre(2, 3));
 }
 

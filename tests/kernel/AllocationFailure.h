@@ -1,5 +1,7 @@
 #pragma once
 
+#include "kernel/session/Session.h"
+
 #include <cstdint>
 
 /// Makes the n-th request for memory by this thread fail, and all others succeed.
@@ -15,6 +17,17 @@ public:
     AllocationFailure(AllocationFailure const&) = delete;
     AllocationFailure& operator=(AllocationFailure const&) = delete;
 };
+
+/// What @p operation answers; refused, as by the C functions, when there is no memory even to make the operation.
+template <typename Operation>
+bool refusedWithoutMemory(veldraw::kernel::Session& session, Operation const& operation)
+{
+    try {
+        return operation();
+    } catch (std::bad_alloc const&) {
+        return session.refuse("Out of memory.");
+    }
+}
 
 /// Memory that this thread has taken by new and not given back. Large buffers do not come that way.
 std::int64_t allocatedBytes();

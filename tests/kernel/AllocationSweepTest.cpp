@@ -1,8 +1,19 @@
 #include "AllocationFailure.h"
 #include "SessionFixture.h"
 #include "SpatialData.h"
-#include "kernel/data/AxialCopies.h"
-#include "kernel/data/SpatialVariables.h"
+#include "kernel/operations/AddFrame.h"
+#include "kernel/operations/AxialCopies.h"
+#include "kernel/operations/DeleteVariables.h"
+#include "kernel/operations/DuplicateZones.h"
+#include "kernel/operations/DuplicateZonesAxially.h"
+#include "kernel/operations/EnableZone.h"
+#include "kernel/operations/LineMapOperation.h"
+#include "kernel/operations/MirrorZones.h"
+#include "kernel/operations/RenameFrame.h"
+#include "kernel/operations/RenameZone.h"
+#include "kernel/operations/RotateZones.h"
+#include "kernel/operations/SetPlotType.h"
+#include "kernel/operations/SpatialVariables.h"
 
 using namespace veldraw::kernel;
 using sample::slanting;
@@ -16,8 +27,8 @@ struct Stage
     {
         frame->dataSet = dataSet;
         session.openPage({frame});
-        session.renameZone(*dataSet, 1, "named before"); // so that undo and redo have work
-        session.renameVariable(*dataSet, 1, "named before");
+        session.perform(RenameZone(*dataSet, 1, "named before")); // so that undo and redo have work
+        session.perform(RenameVariable(*dataSet, 1, "named before"));
         session.undo();
         recorder = std::make_unique<EventCounter>(session.events());
     }
@@ -56,7 +67,7 @@ int sweep(
         bool failedOnce = false;
         {
             AllocationFailure const failure(request);
-            succeeded = operation(stage);
+            succeeded = refusedWithoutMemory(stage.session, [&] { return operation(stage); });
             failedOnce = failure.hasHappened();
         }
         if (!failedOnce) {
@@ -82,14 +93,17 @@ int sweep(
 TEST(WithoutMemory, VariablesAreDeletedWhollyOrNotAtAll)
 {
     NumberSet const variables{1, 4, 5};
-    EXPECT_GE(sweep([&](Stage& stage) { return stage.session.deleteVariables(*stage.dataSet, variables); }), 15);
+    EXPECT_GE(sweep([&](Stage& stage) { return stage.session.perform(DeleteVariables(*stage.dataSet, variables)); }),
+              15);
 }
 
 TEST(WithoutMemory, VariablesOfASharedStorageAreDeletedWhollyOrNotAtAll)
 {
     NumberSet const variables{5};
     auto const share = [](Stage& stage) { stage.dataSet->zone(1)->fields[4] = stage.dataSet->zone(1)->fields[3]; };
-    EXPECT_GE(sweep([&](Stage& stage) { return stage.session.deleteVariables(*stage.dataSet, variables); }, share), 15);
+    EXPECT_GE(
+        sweep([&](Stage& stage) { return stage.session.perform(DeleteVariables(*stage.dataSet, variables)); }, share),
+        15);
 }
 
 TEST(WithoutMemory, ZonesAreDuplicatedWhollyOrNotAtAll)
@@ -99,16 +113,18 @@ TEST(WithoutMemory, ZonesAreDuplicatedWhollyOrNotAtAll)
         stage.dataSet->zone(1)->auxiliaryData.set("Origin", longText, true);
         stage.dataSet->zone(2)->name = longText;
     };
-    EXPECT_GE(sweep([&](Stage& stage) { return stage.session.duplicateZones(*stage.dataSet, zones); }, describe), 15);
+    EXPECT_GE(
+        sweep([&](Stage& stage) { return stage.session.perform(DuplicateZones(*stage.dataSet, zones)); }, describe),
+        15);
 }
 
 TEST(WithoutMemory, ZonesAreTurnedWhollyOrNotAtAll)
 {
     auto const turn = [](Stage& stage) {
-        return stage.session.rotateZones(*stage.dataSet, bothZones, planes, slanting, 30);
+        return stage.session.perform(RotateZones(*stage.dataSet, bothZones, planes, slanting, 30));
     };
     EXPECT_GE(sweep(turn), 30);
-    auto const share = [](Stage& stage) { stage.session.duplicateZones(*stage.dataSet, bothZones); };
+    auto const share = [](Stage& stage) { stage.session.perform(DuplicateZones(*stage.dataSet, bothZones)); };
     EXPECT_GE(sweep(turn, [&](Stage& stage) { share(stage), stage.recorder->events = 0; }), 30);
 }
 
@@ -117,7 +133,8 @@ TEST(WithoutMemory, ZonesAreDuplicatedAroundAnAxisWhollyOrNotAtAll)
     EXPECT_GE(sweep(
                   [](Stage& stage) {
                       AxialCopies const copies{30, 0, 2, false};
-                      return stage.session.duplicateZonesAxially(*stage.dataSet, bothZones, planes, slanting, copies);
+                      return stage.session.perform(
+                          DuplicateZonesAxially(*stage.dataSet, bothZones, planes, slanting, copies));
                   },
                   [](Stage& stage) { stage.dataSet->zone(1)->strand = 7; }),
               60);
@@ -125,15 +142,17 @@ TEST(WithoutMemory, ZonesAreDuplicatedAroundAnAxisWhollyOrNotAtAll)
 
 TEST(WithoutMemory, ZonesAreMirroredWhollyOrNotAtAll)
 {
-    EXPECT_GE(sweep([](Stage& stage) { return stage.session.mirrorZones(stage.frame->id, bothZones, 'X'); }), 20);
+    EXPECT_GE(sweep([](Stage& stage) { return stage.session.perform(MirrorZones(stage.frame->id, bothZones, 'X')); }),
+              20);
 }
 
 TEST(WithoutMemory, ZoneOperationsAreUndoneAndRedone)
 {
     Stage stage;
-    ASSERT_TRUE(stage.session.duplicateZonesAxially(*stage.dataSet, {1, 2}, planes, slanting, {30, 0, 2, false}));
-    ASSERT_TRUE(stage.session.rotateZones(*stage.dataSet, {1, 3}, planes, slanting, 30));
-    ASSERT_TRUE(stage.session.mirrorZones(stage.frame->id, {1, 2}, 'X'));
+    ASSERT_TRUE(
+        stage.session.perform(DuplicateZonesAxially(*stage.dataSet, {1, 2}, planes, slanting, {30, 0, 2, false})));
+    ASSERT_TRUE(stage.session.perform(RotateZones(*stage.dataSet, {1, 3}, planes, slanting, 30)));
+    ASSERT_TRUE(stage.session.perform(MirrorZones(stage.frame->id, {1, 2}, 'X')));
     AllocationFailure const failure(1);
     for (int round = 0; round < 2; ++round) {
         for (int step = 0; step < 3; ++step) {
@@ -148,25 +167,26 @@ TEST(WithoutMemory, ZoneOperationsAreUndoneAndRedone)
 
 TEST(WithoutMemory, NamesAreChangedWhollyOrNotAtAll)
 {
-    EXPECT_GE(sweep([](Stage& stage) { return stage.session.renameZone(*stage.dataSet, 2, longText); }), 3);
-    EXPECT_GE(sweep([](Stage& stage) { return stage.session.renameVariable(*stage.dataSet, 2, longText); }), 3);
-    EXPECT_GE(sweep([](Stage& stage) { return stage.session.renameFrame(stage.frame->id, longText); }), 3);
-    EXPECT_GE(sweep([](Stage& stage) { return stage.session.setTitle(*stage.dataSet, longText); }), 3);
+    EXPECT_GE(sweep([](Stage& stage) { return stage.session.perform(RenameZone(*stage.dataSet, 2, longText)); }), 3);
+    EXPECT_GE(sweep([](Stage& stage) { return stage.session.perform(RenameVariable(*stage.dataSet, 2, longText)); }),
+              3);
+    EXPECT_GE(sweep([](Stage& stage) { return stage.session.perform(RenameFrame(stage.frame->id, longText)); }), 3);
+    EXPECT_GE(sweep([](Stage& stage) { return stage.session.perform(SetTitle(*stage.dataSet, longText)); }), 3);
 }
 
 TEST(WithoutMemory, ZonesAndVariablesAreEnabledWhollyOrNotAtAll)
 {
-    EXPECT_GE(sweep([](Stage& stage) { return stage.session.setZoneEnabled(*stage.dataSet, 2, false); }), 4);
-    EXPECT_GE(sweep([](Stage& stage) { return stage.session.setVariableEnabled(*stage.dataSet, 2, false); }), 4);
+    EXPECT_GE(sweep([](Stage& stage) { return stage.session.perform(EnableZone(*stage.dataSet, 2, false)); }), 4);
+    EXPECT_GE(sweep([](Stage& stage) { return stage.session.perform(EnableVariable(*stage.dataSet, 2, false)); }), 4);
 }
 
 TEST(WithoutMemory, FramesComeAndGoWhollyOrNotAtAll)
 {
     EXPECT_GE(sweep([](Stage& stage) { return stage.session.createFrame(longText, {0, 0, 1, 1}) != nullptr; }), 5);
-    EXPECT_GE(sweep([](Stage& stage) { return stage.session.deleteFrame(stage.frame->id); }), 2);
+    EXPECT_GE(sweep([](Stage& stage) { return stage.session.perform(DeleteFrame(stage.frame->id)); }), 2);
     EXPECT_GE(sweep([](Stage& stage) {
                   auto const place = stage.frame->rectangle.x + 1.0;
-                  return stage.session.setFrameRectangle(stage.frame->id, {place, 1, 1, 1});
+                  return stage.session.perform(MoveFrame(stage.frame->id, {place, 1, 1, 1}));
               }),
               3);
 }
@@ -179,13 +199,17 @@ TEST(WithoutMemory, ADataSetIsGivenToAFrameWhollyOrNotAtAll)
 
 TEST(WithoutMemory, LineMapsAndStyleAreChangedWhollyOrNotAtAll)
 {
-    EXPECT_GE(sweep([](Stage& stage) { return stage.session.createLineMap(stage.frame->id); }), 4);
+    EXPECT_GE(sweep([](Stage& stage) { return stage.session.perform(CreateLineMap(stage.frame->id)); }), 4);
     NumberSet const first{1};
-    EXPECT_GE(sweep([&](Stage& stage) { return stage.session.deleteLineMaps(stage.frame->id, first); }), 3);
-    EXPECT_GE(sweep([](Stage& stage) { return stage.session.setLinePlot(stage.frame->id, 2, 4, 5); }), 4);
-    EXPECT_GE(sweep([](Stage& stage) { return stage.session.setPlotType(stage.frame->id, PlotType_XYLine); }), 4);
-    EXPECT_GE(sweep([](Stage& stage) { return stage.session.assignVariable(stage.frame->id, 'X', 4); }), 4);
-    EXPECT_GE(sweep([](Stage& stage) { return stage.session.setShowMesh(stage.frame->id, true); }), 4);
+    EXPECT_GE(sweep([&](Stage& stage) { return stage.session.perform(DeleteLineMaps(stage.frame->id, first)); }), 3);
+    EXPECT_GE(sweep([](Stage& stage) { return stage.session.perform(SetLinePlot(stage.frame->id, 2, 4, 5)); }), 4);
+    EXPECT_GE(sweep([](Stage& stage) { return stage.session.perform(SetPlotType(stage.frame->id, PlotType_XYLine)); }),
+              4);
+    EXPECT_GE(sweep([](Stage& stage) { return stage.session.perform(AssignVariable(stage.frame->id, 'X', 4)); }), 4);
+    EXPECT_GE(sweep([](Stage& stage) {
+                  return stage.session.perform(SetPlotOption(stage.frame->id, &Frame::showMesh, true));
+              }),
+              4);
 }
 
 TEST(WithoutMemory, UndoAndRedoNeedNone)
@@ -197,7 +221,7 @@ TEST(WithoutMemory, UndoAndRedoNeedNone)
 TEST(WithoutMemory, ADeletionIsUndoneAndRedone)
 {
     Stage stage;
-    ASSERT_TRUE(stage.session.deleteVariables(*stage.dataSet, {1, 4, 5}));
+    ASSERT_TRUE(stage.session.perform(DeleteVariables(*stage.dataSet, {1, 4, 5})));
     AllocationFailure const failure(1);
     EXPECT_TRUE(stage.session.undo());
     EXPECT_TRUE(stage.session.redo());
@@ -208,8 +232,8 @@ TEST(WithoutMemory, ADeletionIsUndoneAndRedone)
 TEST(WithoutMemory, ADuplicationIsUndoneAndRedone)
 {
     Stage stage;
-    ASSERT_TRUE(stage.session.duplicateZones(*stage.dataSet, {1, 2}));
-    ASSERT_TRUE(stage.session.deleteVariables(*stage.dataSet, {4}));
+    ASSERT_TRUE(stage.session.perform(DuplicateZones(*stage.dataSet, {1, 2})));
+    ASSERT_TRUE(stage.session.perform(DeleteVariables(*stage.dataSet, {4})));
     AllocationFailure const failure(1);
     for (int round = 0; round < 2; ++round) {
         EXPECT_TRUE(stage.session.undo());

@@ -1,7 +1,10 @@
 #include "SpatialFixture.h"
-#include "kernel/data/AxialCopies.h"
-#include "kernel/data/MemoryDemand.h"
+#include "kernel/base/MemoryDemand.h"
 #include "kernel/data/StrandNumbers.h"
+#include "kernel/operations/AxialCopies.h"
+#include "kernel/operations/DuplicateZones.h"
+#include "kernel/operations/DuplicateZonesAxially.h"
+#include "kernel/operations/RotateZones.h"
 #include "platform/vdsdkbase/VelUtil.h"
 
 #include <climits>
@@ -25,7 +28,7 @@ class DuplicateAxially : public SpatialFixture
 protected:
     bool duplicate(NumberSet const& zones, AxialCopies const& copies, RotationAxis const& axis = aboutZ)
     {
-        return session.duplicateZonesAxially(*dataSet, zones, inSpace, axis, copies);
+        return session.perform(DuplicateZonesAxially(*dataSet, zones, inSpace, axis, copies));
     }
 
     /// Storage of all fields, each counted once.
@@ -49,10 +52,10 @@ TEST_F(DuplicateAxially, PutsCopiesAtOffsetPlusMultiplesOfTheAngle)
 {
     ASSERT_TRUE(duplicate({1}, {20, 50, 2, true}));
     ASSERT_EQ(dataSet->zoneCount(), 3);
-    session.duplicateZones(*dataSet, {1, 1});
-    session.duplicateZones(*dataSet, {1});
-    ASSERT_TRUE(session.rotateZones(*dataSet, {4}, inSpace, aboutZ, 70));
-    ASSERT_TRUE(session.rotateZones(*dataSet, {5}, inSpace, aboutZ, 90));
+    session.perform(DuplicateZones(*dataSet, {1, 1}));
+    session.perform(DuplicateZones(*dataSet, {1}));
+    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {4}, inSpace, aboutZ, 70)));
+    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {5}, inSpace, aboutZ, 90)));
     for (int variable = 1; variable <= 7; ++variable) {
         EXPECT_EQ(values(*dataSet, 2, variable), values(*dataSet, 4, variable)) << variable;
         EXPECT_EQ(values(*dataSet, 3, variable), values(*dataSet, 5, variable)) << variable;
@@ -112,7 +115,7 @@ TEST_F(DuplicateAxially, SharesAllWithTheSourceAfterAFullTurn)
 
 TEST_F(DuplicateAxially, SharesAmongTheCopiesOfARoundWhatTheSourcesShare)
 {
-    session.duplicateZones(*dataSet, {1});
+    session.perform(DuplicateZones(*dataSet, {1}));
     ASSERT_TRUE(duplicate({1, 2}, {30, 0, 2, true}));
     EXPECT_EQ(field(3, 1).group(), field(4, 1).group());
     EXPECT_EQ(field(5, 1).group(), field(6, 1).group());
@@ -188,7 +191,7 @@ TEST_F(DuplicateAxially, FindsFreeStrandNumbersBelowTheHighest)
 
 TEST_F(DuplicateAxially, TurnsInThePlane)
 {
-    ASSERT_TRUE(session.duplicateZonesAxially(*dataSet, {1}, inPlane, aboutZ, {90, 0, 1, true}));
+    ASSERT_TRUE(session.perform(DuplicateZonesAxially(*dataSet, {1}, inPlane, aboutZ, {90, 0, 1, true})));
     EXPECT_EQ(values(*dataSet, 2, 2), values(*dataSet, 1, 1));
     EXPECT_EQ(field(2, 6).group(), field(1, 6).group());
 }
@@ -210,7 +213,8 @@ TEST_F(DuplicateAxially, RefusesWhatDoesNotFit)
     EXPECT_EQ(session.lastError(), "There would be too many zones.");
     refused({1}, {30, 0, 1, true}, {{}, {0, 0, 0}});
     expectRefused([&] {
-        return session.duplicateZonesAxially(*dataSet, {1}, {{1, 1, 3}, {}, true, false}, aboutZ, {30, 0, 1, true});
+        return session.perform(
+            DuplicateZonesAxially(*dataSet, {1}, {{1, 1, 3}, {}, true, false}, aboutZ, {30, 0, 1, true}));
     });
     session.setLock(*dataSet, "somebody");
     recorder.take();

@@ -4,7 +4,10 @@
 #include "SampleData.h"
 #include "SampleLoader.h"
 #include "SpatialFixture.h"
-#include "kernel/data/SpatialVariables.h"
+#include "kernel/operations/DeleteVariables.h"
+#include "kernel/operations/DuplicateZones.h"
+#include "kernel/operations/MirrorZones.h"
+#include "kernel/operations/SpatialVariables.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -291,8 +294,8 @@ protected:
 
 TEST_F(BlankedZone, SharesItsBlankingWithEveryKindOfCopy)
 {
-    ASSERT_TRUE(session.duplicateZones(*dataSet, {1}));
-    ASSERT_TRUE(session.mirrorZones(frame->id, {1}, 'X'));
+    ASSERT_TRUE(session.perform(DuplicateZones(*dataSet, {1})));
+    ASSERT_TRUE(session.perform(MirrorZones(frame->id, {1}, 'X')));
     EXPECT_EQ(dataSet->zone(2)->blanking, blanking);
     EXPECT_EQ(dataSet->zone(3)->blanking, blanking);
     ASSERT_TRUE(session.undo());
@@ -304,7 +307,7 @@ TEST_F(BlankedZone, SharesItsBlankingWithEveryKindOfCopy)
 
 TEST_F(BlankedZone, KeepsItThroughTheDeletionOfVariables)
 {
-    ASSERT_TRUE(session.deleteVariables(*dataSet, {dataSet->variableCount()}));
+    ASSERT_TRUE(session.perform(DeleteVariables(*dataSet, {dataSet->variableCount()})));
     EXPECT_EQ(dataSet->zone(1)->blanking, blanking);
     ASSERT_TRUE(session.undo());
     EXPECT_EQ(dataSet->zone(1)->blanking, blanking);

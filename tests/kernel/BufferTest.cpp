@@ -1,4 +1,4 @@
-#include "kernel/data/Buffer.h"
+#include "kernel/storage/Buffer.h"
 
 #include <cmath>
 #include <cstdint>

@@ -5,6 +5,8 @@
 #include "StateDigest.h"
 #include "kernel/api/ArgumentList.h"
 #include "kernel/api/StringList.h"
+#include "kernel/operations/EnableZone.h"
+#include "kernel/operations/LoadVariables.h"
 #include "platform/vdsdkbase/VelUtil.h"
 
 #include <climits>
@@ -142,7 +144,7 @@ TEST_F(CFunctions, UseTheValuesThatTheyRead)
     for (int zone : {1, 2}) {
         auto const loader = std::make_shared<sample::Loader>(std::vector<double>{1, 2, 3, 4, 5, 6});
         dataSet->zone(zone)->fields[0] = sample::Loader::field(loader);
-        ASSERT_TRUE(session.loadVariables(*dataSet, {zone}, {1}));
+        ASSERT_TRUE(session.perform(LoadVariables(*dataSet, {zone}, {1})));
     }
     EXPECT_EQ(VelUtilDataValueGetByZoneVar(1, 1, 2), 2.0);
     std::int64_t const limit = session.loadedValuesLimit();
@@ -231,7 +233,7 @@ TEST_F(CFunctions, SetOneValueByNamedArguments)
 TEST_F(CFunctions, DescribeVariables)
 {
     EXPECT_TRUE(VelUtilVarIsEnabled(1));
-    session.setVariableEnabled(*dataSet, 1, false);
+    session.perform(EnableVariable(*dataSet, 1, false));
     EXPECT_FALSE(VelUtilVarIsEnabled(1));
     long long const id = VelUtilVarGetUniqueIDForFrame(frame->id, 4);
     EXPECT_EQ(id, dataSet->variable(4)->id);
@@ -387,7 +389,7 @@ TEST_F(CFunctions, HandOutFieldMaps)
     std::unique_ptr<Set_s> const owned(zones);
     EXPECT_THAT(owned->members, ElementsAre(2));
     EXPECT_FALSE(VelUtilFieldMapGetZones(1, nullptr));
-    session.setZoneEnabled(*dataSet, 2, false);
+    session.perform(EnableZone(*dataSet, 2, false));
     EXPECT_TRUE(VelUtilFieldMapGetZones(2, &zones)) << "is there, without an enabled zone";
     std::unique_ptr<Set_s> const empty(zones);
     EXPECT_THAT(empty->members, testing::IsEmpty());
@@ -566,9 +568,9 @@ TEST_F(CFunctions, AskWhetherSmoothingCanRun)
     EXPECT_FALSE(VelUtilQueryOkToSmooth());
     VelUtilFrameSetPlotType(5);
     EXPECT_TRUE(VelUtilQueryOkToSmooth());
-    session.setZoneEnabled(*dataSet, 1, false);
+    session.perform(EnableZone(*dataSet, 1, false));
     EXPECT_TRUE(VelUtilQueryOkToSmooth());
-    session.setZoneEnabled(*dataSet, 2, false);
+    session.perform(EnableZone(*dataSet, 2, false));
     EXPECT_FALSE(VelUtilQueryOkToSmooth());
 }
 
@@ -583,7 +585,7 @@ TEST_F(CFunctions, AskWhichZonesCanBeTransformed)
     EXPECT_FALSE(VelUtilFourierTransformIsValidZone(5));
     EXPECT_TRUE(VelUtilFourierTransformIsValidZoneByDataSetID(dataSet->id(), 3));
     EXPECT_FALSE(VelUtilFourierTransformIsValidZoneByDataSetID(0, 3));
-    session.setZoneEnabled(*dataSet, 3, false);
+    session.perform(EnableZone(*dataSet, 3, false));
     EXPECT_FALSE(VelUtilFourierTransformIsValidZone(3));
 }
 
@@ -596,10 +598,10 @@ TEST_F(CFunctions, KnowPicksMouseInterruptAndPaper)
     EXPECT_EQ(VelUtilPickListGetZoneNumber(1), 2);
     EXPECT_EQ(VelUtilPickListGetType(2), 3);
     EXPECT_EQ(VelUtilPickListGetZoneNumber(2), 0);
-    session.setZoneEnabled(*dataSet, 2, false);
+    session.perform(EnableZone(*dataSet, 2, false));
     EXPECT_EQ(VelUtilPickListGetType(1), 0) << "is not shown";
     EXPECT_EQ(VelUtilPickListGetZoneNumber(1), 0);
-    session.setZoneEnabled(*dataSet, 2, true);
+    session.perform(EnableZone(*dataSet, 2, true));
     EXPECT_EQ(VelUtilPickListGetZoneNumber(1), 2);
     session.setPicks({{Pick::zoneType, dataSet->id()}});
     EXPECT_EQ(VelUtilPickListGetType(1), 0) << "no zone of the active data set";

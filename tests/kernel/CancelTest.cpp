@@ -1,8 +1,15 @@
 // Zone operations that are cancelled, or disturbed, while they compute.
 #include "SessionFixture.h"
 #include "SpatialData.h"
-#include "kernel/compute/Waiter.h"
-#include "kernel/data/AxialCopies.h"
+#include "kernel/base/BackgroundWork.h"
+#include "kernel/operations/AxialCopies.h"
+#include "kernel/operations/DeleteVariables.h"
+#include "kernel/operations/DuplicateZonesAxially.h"
+#include "kernel/operations/EnableZone.h"
+#include "kernel/operations/MirrorZones.h"
+#include "kernel/operations/RenameZone.h"
+#include "kernel/operations/RotateZones.h"
+#include "kernel/operations/SetPlotType.h"
 
 #include <chrono>
 #include <thread>
@@ -80,12 +87,14 @@ protected:
 
     std::vector<std::pair<std::string, std::function<bool()>>> operations()
     {
-        return {{"Axial Rotation", [&] { return session.rotateZones(*dataSet, {1}, sample::inSpace, slanting, 30); }},
+        return {{"Axial Rotation",
+                 [&] { return session.perform(RotateZones(*dataSet, {1}, sample::inSpace, slanting, 30)); }},
                 {"Axial Duplication",
                  [&] {
-                     return session.duplicateZonesAxially(*dataSet, {1}, sample::inSpace, slanting, {30, 0, 11, true});
+                     return session.perform(
+                         DuplicateZonesAxially(*dataSet, {1}, sample::inSpace, slanting, {30, 0, 11, true}));
                  }},
-                {"Create Mirror Zone", [&] { return session.mirrorZones(frame->id, {1}, 'Y'); }}};
+                {"Create Mirror Zone", [&] { return session.perform(MirrorZones(frame->id, {1}, 'Y')); }}};
     }
 };
 
@@ -106,11 +115,11 @@ TEST_F(LongOperation, IsCancelledWithoutATrace)
 TEST_F(LongOperation, ItsCancelIsTakenBackByTheNextOperationHoweverShort)
 {
     std::vector<std::function<bool()>> const shortOnes = {
-        [&] { return session.renameZone(*dataSet, 1, "keel"); },
+        [&] { return session.perform(RenameZone(*dataSet, 1, "keel")); },
         [&] { return session.undo(); },
-        [&] { return session.setZoneEnabled(*dataSet, 1, false); },
-        [&] { return session.setPlotType(frame->id, PlotType_Cartesian3D); },
-        [&] { return session.deleteVariables(*dataSet, {99}); }, // refused, but it has started
+        [&] { return session.perform(EnableZone(*dataSet, 1, false)); },
+        [&] { return session.perform(SetPlotType(frame->id, PlotType_Cartesian3D)); },
+        [&] { return session.perform(DeleteVariables(*dataSet, {99})); }, // refused, but it has started
     };
     for (auto const& shortOne : shortOnes) {
         session.setInterrupted(true);
@@ -190,10 +199,10 @@ TEST_F(LongOperation, HearsNothingElseMeanwhile)
             EXPECT_EQ(session.lastError(), "Another operation is running.") << name;
         }
         expectRefused([this] { return session.undo(); });
-        expectRefused([this] { return session.deleteVariables(*dataSet, {7}); });
+        expectRefused([this] { return session.perform(DeleteVariables(*dataSet, {7})); });
     });
     session.setWaiter(&waiter);
-    ASSERT_TRUE(session.rotateZones(*dataSet, {1}, sample::inSpace, slanting, 30));
+    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {1}, sample::inSpace, slanting, 30)));
     EXPECT_THAT(recorder.take(), ElementsAre("0 zones 1 variables 1 2 3 4 5 6"));
     EXPECT_TRUE(session.undo());
 }

@@ -1,6 +1,12 @@
 #include "SessionFixture.h"
 #include "kernel/api/ArgumentList.h"
 #include "kernel/data/FieldMaps.h"
+#include "kernel/operations/DeleteVariables.h"
+#include "kernel/operations/DuplicateZones.h"
+#include "kernel/operations/EnableZone.h"
+#include "kernel/operations/LineMapOperation.h"
+#include "kernel/operations/RenameZone.h"
+#include "kernel/operations/SetValue.h"
 #include "platform/vdsdkbase/VelUtil.h"
 
 #include <climits>
@@ -10,7 +16,7 @@ using testing::ElementsAre;
 
 namespace {
 
-class DuplicateZones : public SessionFixture
+class DuplicateZonesTest : public SessionFixture
 {
 protected:
     std::vector<std::string> names() const
@@ -50,15 +56,15 @@ std::shared_ptr<Connectivity const> twoTriangles()
 
 } // namespace
 
-TEST_F(DuplicateZones, AppendsACopyOfEachInTheOrderOfTheSources)
+TEST_F(DuplicateZonesTest, AppendsACopyOfEachInTheOrderOfTheSources)
 {
-    ASSERT_TRUE(session.duplicateZones(*dataSet, {2, 1}));
+    ASSERT_TRUE(session.perform(DuplicateZones(*dataSet, {2, 1})));
     EXPECT_THAT(names(), ElementsAre("lower", "upper", "lower", "upper"));
-    ASSERT_TRUE(session.duplicateZones(*dataSet, {2}));
+    ASSERT_TRUE(session.perform(DuplicateZones(*dataSet, {2})));
     EXPECT_THAT(names(), ElementsAre("lower", "upper", "lower", "upper", "upper"));
 }
 
-TEST_F(DuplicateZones, CopiesAllThatDescribesAZone)
+TEST_F(DuplicateZonesTest, CopiesAllThatDescribesAZone)
 {
     auto const triangles = std::make_shared<Zone>("skin", ZoneType_FETriangle, 4, 2, 0);
     triangles->solutionTime = 0.25;
@@ -66,7 +72,7 @@ TEST_F(DuplicateZones, CopiesAllThatDescribesAZone)
     triangles->connectivity = twoTriangles();
     triangles->auxiliaryData.set("Common.Part", "hull", false);
     dataSet->addZone(triangles);
-    ASSERT_TRUE(session.duplicateZones(*dataSet, {3}));
+    ASSERT_TRUE(session.perform(DuplicateZones(*dataSet, {3})));
     Zone const& copy = *dataSet->zone(4);
     EXPECT_EQ(copy.name, "skin");
     EXPECT_EQ(copy.type, ZoneType_FETriangle);
@@ -81,21 +87,21 @@ TEST_F(DuplicateZones, CopiesAllThatDescribesAZone)
     EXPECT_FALSE(copy.auxiliaryData.item(1).retain);
 }
 
-TEST_F(DuplicateZones, KeepsACopyInTheTimeStrandOfItsSource)
+TEST_F(DuplicateZonesTest, KeepsACopyInTheTimeStrandOfItsSource)
 {
     dataSet->zone(1)->strand = 3;
     dataSet->zone(1)->solutionTime = 1.5;
-    ASSERT_TRUE(session.duplicateZones(*dataSet, {1, 2}));
+    ASSERT_TRUE(session.perform(DuplicateZones(*dataSet, {1, 2})));
     EXPECT_EQ(dataSet->zone(3)->strand, 3);
     EXPECT_EQ(dataSet->zone(3)->solutionTime, 1.5);
     EXPECT_EQ(dataSet->zone(4)->strand, staticStrand);
     EXPECT_THAT(fieldMaps(*dataSet), ElementsAre(NumberSet{1, 3}, NumberSet{2}, NumberSet{4}));
 }
 
-TEST_F(DuplicateZones, SharesEveryFieldWithItsSource)
+TEST_F(DuplicateZonesTest, SharesEveryFieldWithItsSource)
 {
     EXPECT_THAT(shareCounts(1), ElementsAre(1, 1, 2, 1));
-    ASSERT_TRUE(session.duplicateZones(*dataSet, {1}));
+    ASSERT_TRUE(session.perform(DuplicateZones(*dataSet, {1})));
     EXPECT_THAT(shareCounts(1), ElementsAre(2, 2, 3, 2));
     EXPECT_THAT(shareCounts(2), ElementsAre(1, 1, 3, 1));
     EXPECT_THAT(shareCounts(3), ElementsAre(2, 2, 3, 2));
@@ -109,25 +115,25 @@ TEST_F(DuplicateZones, SharesEveryFieldWithItsSource)
     EXPECT_TRUE(dataSet->field(3, 3)->isPassive());
 }
 
-TEST_F(DuplicateZones, SharesAmongTheCopiesWhatTheSourcesShare)
+TEST_F(DuplicateZonesTest, SharesAmongTheCopiesWhatTheSourcesShare)
 {
-    ASSERT_TRUE(session.duplicateZones(*dataSet, {1, 2}));
+    ASSERT_TRUE(session.perform(DuplicateZones(*dataSet, {1, 2})));
     EXPECT_THAT(shareCounts(3), ElementsAre(2, 2, 4, 2));
     EXPECT_EQ(dataSet->field(3, 4)->group(), dataSet->field(4, 4)->group());
 }
 
-TEST_F(DuplicateZones, KeepsTheSourceWhenACopyIsBranchedOffAndWritten)
+TEST_F(DuplicateZonesTest, KeepsTheSourceWhenACopyIsBranchedOffAndWritten)
 {
-    ASSERT_TRUE(session.duplicateZones(*dataSet, {1}));
-    ASSERT_TRUE(session.setValue(*dataSet, 3, 1, 1, -8, true));
+    ASSERT_TRUE(session.perform(DuplicateZones(*dataSet, {1})));
+    ASSERT_TRUE(session.perform(SetValue(*dataSet, 3, 1, 1, -8, true)));
     EXPECT_EQ(dataSet->field(1, 1)->group()->buffer()->value(1), 1);
     EXPECT_EQ(dataSet->field(3, 1)->group()->buffer()->value(1), -8);
 }
 
-TEST_F(DuplicateZones, GivesACopyAnIdentifierAndAuxiliaryDataOfItsOwn)
+TEST_F(DuplicateZonesTest, GivesACopyAnIdentifierAndAuxiliaryDataOfItsOwn)
 {
     dataSet->zone(1)->auxiliaryData.set("Part", "hull", true);
-    ASSERT_TRUE(session.duplicateZones(*dataSet, {1}));
+    ASSERT_TRUE(session.perform(DuplicateZones(*dataSet, {1})));
     Zone& copy = *dataSet->zone(3);
     EXPECT_NE(copy.id, dataSet->zone(1)->id);
     EXPECT_EQ(dataSet->zoneNumber(copy.id), 3);
@@ -135,21 +141,21 @@ TEST_F(DuplicateZones, GivesACopyAnIdentifierAndAuxiliaryDataOfItsOwn)
     EXPECT_EQ(dataSet->zone(1)->auxiliaryData.item(1).value, "hull");
 }
 
-TEST_F(DuplicateZones, EnablesTheCopiesOfDisabledZonesToo)
+TEST_F(DuplicateZonesTest, EnablesTheCopiesOfDisabledZonesToo)
 {
-    ASSERT_TRUE(session.setZoneEnabled(*dataSet, 2, false));
-    ASSERT_TRUE(session.duplicateZones(*dataSet, {2}));
+    ASSERT_TRUE(session.perform(EnableZone(*dataSet, 2, false)));
+    ASSERT_TRUE(session.perform(DuplicateZones(*dataSet, {2})));
     EXPECT_FALSE(dataSet->zone(2)->enabled);
     EXPECT_TRUE(dataSet->zone(3)->enabled);
 }
 
-TEST_F(DuplicateZones, TellsTheNumbersOfTheCopies)
+TEST_F(DuplicateZonesTest, TellsTheNumbersOfTheCopies)
 {
-    ASSERT_TRUE(session.duplicateZones(*dataSet, {1, 2}));
+    ASSERT_TRUE(session.perform(DuplicateZones(*dataSet, {1, 2})));
     EXPECT_THAT(recorder.take(), ElementsAre("4 zones 3 4"));
 }
 
-TEST_F(DuplicateZones, IsConsistentWhenTheEventArrives)
+TEST_F(DuplicateZonesTest, IsConsistentWhenTheEventArrives)
 {
     std::size_t fieldsOfCopy = 0;
     session.events().subscribe([&](StateChangeEvent const& event) {
@@ -157,15 +163,15 @@ TEST_F(DuplicateZones, IsConsistentWhenTheEventArrives)
         fieldsOfCopy = dataSet->zone(*event.zones.begin())->fields.size();
         EXPECT_EQ(session.history().undoName(), "Create Duplicate Zone");
     });
-    ASSERT_TRUE(session.duplicateZones(*dataSet, {2}));
+    ASSERT_TRUE(session.perform(DuplicateZones(*dataSet, {2})));
     EXPECT_EQ(fieldsOfCopy, 5U);
 }
 
-TEST_F(DuplicateZones, CanBeUndoneAndRedoneAnyNumberOfTimes)
+TEST_F(DuplicateZonesTest, CanBeUndoneAndRedoneAnyNumberOfTimes)
 {
     dataSet->zone(1)->auxiliaryData.set("Part", "hull", true);
     std::string const before = withoutHistory();
-    ASSERT_TRUE(session.duplicateZones(*dataSet, {1, 2}));
+    ASSERT_TRUE(session.perform(DuplicateZones(*dataSet, {1, 2})));
     UniqueId const copy = dataSet->zone(4)->id;
     for (int round = 0; round < 3; ++round) {
         expectUndoAndRedo(before, {"5 zones 3 4"}, {"4 zones 3 4"});
@@ -173,21 +179,21 @@ TEST_F(DuplicateZones, CanBeUndoneAndRedoneAnyNumberOfTimes)
     EXPECT_EQ(dataSet->zoneNumber(copy), 4);
 }
 
-TEST_F(DuplicateZones, TakesTheCopiesOffTheSharedStorageWhileTheyAreOut)
+TEST_F(DuplicateZonesTest, TakesTheCopiesOffTheSharedStorageWhileTheyAreOut)
 {
-    session.duplicateZones(*dataSet, {1, 2});
+    session.perform(DuplicateZones(*dataSet, {1, 2}));
     session.undo();
     EXPECT_THAT(shareCounts(1), ElementsAre(1, 1, 2, 1));
     session.redo();
     EXPECT_THAT(shareCounts(1), ElementsAre(2, 2, 4, 2));
 }
 
-TEST_F(DuplicateZones, UndoesAndRedoesCopiesOfCopies)
+TEST_F(DuplicateZonesTest, UndoesAndRedoesCopiesOfCopies)
 {
     std::string const before = withoutHistory();
-    session.duplicateZones(*dataSet, {1});
-    session.duplicateZones(*dataSet, {1, 3});
-    session.renameZone(*dataSet, 5, "copy of a copy");
+    session.perform(DuplicateZones(*dataSet, {1}));
+    session.perform(DuplicateZones(*dataSet, {1, 3}));
+    session.perform(RenameZone(*dataSet, 5, "copy of a copy"));
     std::string const after = withoutHistory();
     EXPECT_THAT(shareCounts(5), ElementsAre(4, 4, 5, 4));
     for (int step = 0; step < 3; ++step) {
@@ -200,12 +206,12 @@ TEST_F(DuplicateZones, UndoesAndRedoesCopiesOfCopies)
     EXPECT_EQ(withoutHistory(), after);
 }
 
-TEST_F(DuplicateZones, GoesTogetherWithTheDeletionOfVariables)
+TEST_F(DuplicateZonesTest, GoesTogetherWithTheDeletionOfVariables)
 {
     std::string const before = withoutHistory();
-    session.duplicateZones(*dataSet, {1, 2});
-    session.deleteVariables(*dataSet, {1, 4});
-    session.duplicateZones(*dataSet, {4});
+    session.perform(DuplicateZones(*dataSet, {1, 2}));
+    session.perform(DeleteVariables(*dataSet, {1, 4}));
+    session.perform(DuplicateZones(*dataSet, {4}));
     std::string const after = withoutHistory();
     EXPECT_EQ(dataSet->zone(5)->fields.size(), 3U);
     EXPECT_THAT(shareCounts(5), ElementsAre(3, 3));
@@ -219,11 +225,11 @@ TEST_F(DuplicateZones, GoesTogetherWithTheDeletionOfVariables)
     }
 }
 
-TEST_F(DuplicateZones, LeavesALineMapOfACopyWithoutAZoneUntilItIsBack)
+TEST_F(DuplicateZonesTest, LeavesALineMapOfACopyWithoutAZoneUntilItIsBack)
 {
-    session.duplicateZones(*dataSet, {2});
+    session.perform(DuplicateZones(*dataSet, {2}));
     UniqueId const copy = dataSet->zone(3)->id;
-    ASSERT_TRUE(session.setLinePlot(frame->id, 3, 1, 4));
+    ASSERT_TRUE(session.perform(SetLinePlot(frame->id, 3, 1, 4)));
     EXPECT_EQ(frame->lineMaps.front().zone, copy);
     session.undo();
     session.undo();
@@ -233,9 +239,9 @@ TEST_F(DuplicateZones, LeavesALineMapOfACopyWithoutAZoneUntilItIsBack)
     EXPECT_EQ(dataSet->zoneNumber(frame->lineMaps.front().zone), 3);
 }
 
-TEST_F(DuplicateZones, HoldsNoValuesInTheHistory)
+TEST_F(DuplicateZonesTest, HoldsNoValuesInTheHistory)
 {
-    session.duplicateZones(*dataSet, {1, 2});
+    session.perform(DuplicateZones(*dataSet, {1, 2}));
     EXPECT_EQ(session.history().valueBytes(), 0);
     std::weak_ptr<Buffer const> const values = dataSet->field(1, 1)->group()->buffer();
     session.undo();
@@ -245,17 +251,17 @@ TEST_F(DuplicateZones, HoldsNoValuesInTheHistory)
     EXPECT_TRUE(values.expired());
 }
 
-TEST_F(DuplicateZones, WorksForZonesWithoutPointsOrVariables)
+TEST_F(DuplicateZonesTest, WorksForZonesWithoutPointsOrVariables)
 {
     auto const bare = std::make_shared<DataSet>("bare");
     bare->addZone(std::make_shared<Zone>("unknown", ZoneType_Ordered, -1, -1, -1));
     ASSERT_TRUE(session.setFrameDataSet(frame->id, bare));
-    ASSERT_TRUE(session.duplicateZones(*bare, {1}));
+    ASSERT_TRUE(session.perform(DuplicateZones(*bare, {1})));
     EXPECT_EQ(bare->zone(2)->i, -1);
     EXPECT_TRUE(bare->zone(2)->fields.empty());
 }
 
-TEST_F(DuplicateZones, GivesACopyTheSizeThatItsSourceHasLearntWhileTheCopyWasOut)
+TEST_F(DuplicateZonesTest, GivesACopyTheSizeThatItsSourceHasLearntWhileTheCopyWasOut)
 {
     class NoLoader : public DimensionsLoader
     {
@@ -266,7 +272,7 @@ TEST_F(DuplicateZones, GivesACopyTheSizeThatItsSourceHasLearntWhileTheCopyWasOut
     ZoneDimensions const size{source.i, source.j, source.k, source.connectivity};
     source.dimensionsLoader = std::make_shared<NoLoader>();
     source.setDimensions({-1, -1, -1, nullptr});
-    ASSERT_TRUE(session.duplicateZones(*dataSet, {1}));
+    ASSERT_TRUE(session.perform(DuplicateZones(*dataSet, {1})));
     EXPECT_TRUE(dataSet->zone(3)->isDeferred());
     ASSERT_TRUE(session.undo());
     source.setDimensions(size);
@@ -275,45 +281,45 @@ TEST_F(DuplicateZones, GivesACopyTheSizeThatItsSourceHasLearntWhileTheCopyWasOut
     EXPECT_EQ(dataSet->zone(3)->pointCount(), source.pointCount());
 }
 
-TEST_F(DuplicateZones, RefusesWhatCannotBeDuplicated)
+TEST_F(DuplicateZonesTest, RefusesWhatCannotBeDuplicated)
 {
-    expectRefused([&] { return session.duplicateZones(*dataSet, {}); });
-    expectRefused([&] { return session.duplicateZones(*dataSet, {0}); });
-    expectRefused([&] { return session.duplicateZones(*dataSet, {-1, 1}); });
-    expectRefused([&] { return session.duplicateZones(*dataSet, {1, 3}); });
-    expectRefused([&] { return session.duplicateZones(*dataSet, {INT_MIN, 1}); });
-    expectRefused([&] { return session.duplicateZones(*dataSet, {INT_MAX}); });
+    expectRefused([&] { return session.perform(DuplicateZones(*dataSet, {})); });
+    expectRefused([&] { return session.perform(DuplicateZones(*dataSet, {0})); });
+    expectRefused([&] { return session.perform(DuplicateZones(*dataSet, {-1, 1})); });
+    expectRefused([&] { return session.perform(DuplicateZones(*dataSet, {1, 3})); });
+    expectRefused([&] { return session.perform(DuplicateZones(*dataSet, {INT_MIN, 1})); });
+    expectRefused([&] { return session.perform(DuplicateZones(*dataSet, {INT_MAX})); });
 }
 
-TEST_F(DuplicateZones, RefusesALockedDataSet)
+TEST_F(DuplicateZonesTest, RefusesALockedDataSet)
 {
     session.setLock(*dataSet, "somebody");
     recorder.take();
-    expectRefused([&] { return session.duplicateZones(*dataSet, {1}); });
+    expectRefused([&] { return session.perform(DuplicateZones(*dataSet, {1})); });
     session.setLock(*dataSet, "");
-    EXPECT_TRUE(session.duplicateZones(*dataSet, {1}));
+    EXPECT_TRUE(session.perform(DuplicateZones(*dataSet, {1})));
 }
 
-TEST_F(DuplicateZones, RefusesADataSetThatNoFrameShows)
+TEST_F(DuplicateZonesTest, RefusesADataSetThatNoFrameShows)
 {
     auto const other = sample::twoPlanes();
     std::string const before = stateDigest(*other);
-    expectRefused([&] { return session.duplicateZones(*other, {1}); });
+    expectRefused([&] { return session.perform(DuplicateZones(*other, {1})); });
     EXPECT_EQ(stateDigest(*other), before);
 }
 
-TEST_F(DuplicateZones, TakesAnOldCancelBack)
+TEST_F(DuplicateZonesTest, TakesAnOldCancelBack)
 {
     session.setInterrupted(true);
-    EXPECT_TRUE(session.duplicateZones(*dataSet, {1}));
+    EXPECT_TRUE(session.perform(DuplicateZones(*dataSet, {1})));
     EXPECT_FALSE(session.isInterrupted());
 }
 
-TEST_F(DuplicateZones, ForgetsWhatCouldHaveBeenRedone)
+TEST_F(DuplicateZonesTest, ForgetsWhatCouldHaveBeenRedone)
 {
-    session.renameZone(*dataSet, 1, "keel");
+    session.perform(RenameZone(*dataSet, 1, "keel"));
     session.undo();
-    ASSERT_TRUE(session.duplicateZones(*dataSet, {1}));
+    ASSERT_TRUE(session.perform(DuplicateZones(*dataSet, {1})));
     EXPECT_FALSE(session.history().canRedo());
 }
 

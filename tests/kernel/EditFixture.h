@@ -1,6 +1,7 @@
 #pragma once
 
 #include "SessionFixture.h"
+#include "kernel/operations/SetValue.h"
 
 /// Edits single values of the two planes.
 class EditValue : public SessionFixture
@@ -9,7 +10,7 @@ protected:
     veldraw::kernel::Field const& field(int zone, int variable) { return *dataSet->field(zone, variable); }
     bool edit(int zone, int variable, std::int64_t index, double value, bool autoBranch = true)
     {
-        return session.setValue(*dataSet, zone, variable, index, value, autoBranch);
+        return session.perform(veldraw::kernel::SetValue(*dataSet, zone, variable, index, value, autoBranch));
     }
     double at(int zone, int variable, std::int64_t index)
     {

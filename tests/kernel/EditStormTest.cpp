@@ -1,5 +1,9 @@
 // Random edits, loads, unloads, copies, deletions, undos and redos, next to a plain model of what has to come out.
 #include "StormSession.h"
+#include "kernel/operations/DeleteVariables.h"
+#include "kernel/operations/DuplicateZones.h"
+#include "kernel/operations/LoadVariables.h"
+#include "kernel/operations/SetValue.h"
 
 #include <algorithm>
 #include <cmath>
@@ -46,7 +50,7 @@ protected:
         bool const exists = slot >= 0 && slot < slots && number != 0 && holdings[number].isLoaded &&
                             isUsed(state.storages[number].location, slot);
         bool const isTaken = exists && !isLocked && isWithinLimits(state.storages[number].type, value);
-        ASSERT_EQ(session.setValue(*dataSet, zone, variable, slot, value, autoBranch), isTaken);
+        ASSERT_EQ(session.perform(SetValue(*dataSet, zone, variable, slot, value, autoBranch)), isTaken);
         if (!isTaken) {
             return;
         }
@@ -78,7 +82,7 @@ protected:
             return;
         }
         int const zone = anyZone();
-        ASSERT_EQ(session.duplicateZones(*dataSet, {zone}), !isLocked);
+        ASSERT_EQ(session.perform(DuplicateZones(*dataSet, {zone})), !isLocked);
         if (!isLocked) {
             noteStep();
             auto const copy = state.zones[static_cast<std::size_t>(zone - 1)];
@@ -94,7 +98,7 @@ protected:
             return;
         }
         int const variable = anyVariable();
-        ASSERT_EQ(session.deleteVariables(*dataSet, {variable}), !isLocked);
+        ASSERT_EQ(session.perform(DeleteVariables(*dataSet, {variable})), !isLocked);
         if (!isLocked) {
             noteStep();
             for (auto& zone : state.zones) {
@@ -116,8 +120,8 @@ protected:
         std::set<int> const needed = storagesOf(zones, wanted);
         bool const tries = needsLoading(zones, wanted, needed);
         bool const succeeds = !tries || trouble == Trouble::None;
-        ASSERT_EQ(unloads ? session.makeVariablesAvailable(*dataSet, zones, wanted)
-                          : session.loadVariables(*dataSet, zones, wanted),
+        ASSERT_EQ(unloads ? session.perform(MakeVariablesAvailable(*dataSet, zones, wanted))
+                          : session.perform(LoadVariables(*dataSet, zones, wanted)),
                   succeeds);
         if (!succeeds) {
             ASSERT_NE(session.lastError(), "");
@@ -387,7 +391,7 @@ TEST_P(EditStorm, LeavesTheSameValuesAsAPlainModel)
     trouble = Trouble::None;
     for (int zone = 1; zone <= dataSet->zoneCount(); ++zone) {
         for (int variable = 1; variable <= dataSet->variableCount(); ++variable) {
-            ASSERT_TRUE(session.loadVariables(*dataSet, {zone}, {variable}));
+            ASSERT_TRUE(session.perform(LoadVariables(*dataSet, {zone}, {variable})));
             int const storage = state.number(zone, variable);
             if (storage != 0) {
                 ASSERT_EQ(valuesOf(*field(zone, variable).group()->buffer()), state.storages[storage].values);

@@ -1,5 +1,6 @@
 // Which slots of an array can be edited.
 #include "SessionFixture.h"
+#include "kernel/operations/SetValue.h"
 
 using namespace veldraw::kernel;
 
@@ -51,7 +52,7 @@ TEST_P(EditableSlots, AtCellsAreThoseOfTheirLowestCorners)
     }
     NumberSet editable;
     for (int slot = -2; slot < i * j * k + spare + 2; ++slot) {
-        if (session.setValue(*dataSet, 1, 2, slot, 1, true)) {
+        if (session.perform(SetValue(*dataSet, 1, 2, slot, 1, true))) {
             editable.insert(slot);
         }
     }
@@ -62,7 +63,7 @@ TEST_P(EditableSlots, AtPointsAreAll)
 {
     auto const [i, j, k] = GetParam();
     for (int slot = 0; slot < i * j * k; ++slot) {
-        EXPECT_TRUE(session.setValue(*dataSet, 1, 1, slot, 1, true)) << slot;
+        EXPECT_TRUE(session.perform(SetValue(*dataSet, 1, 1, slot, 1, true))) << slot;
     }
 }
 
@@ -83,9 +84,9 @@ TEST(EditableSlotsOfElements, AreAllOfThem)
     session.openPage({frame});
     EXPECT_EQ(zone->range(1).max, 9);
     for (int element = 0; element < 5; ++element) { // more than there are points
-        EXPECT_TRUE(session.setValue(*dataSet, 1, 1, element, 4 + element, true)) << element;
+        EXPECT_TRUE(session.perform(SetValue(*dataSet, 1, 1, element, 4 + element, true))) << element;
     }
-    EXPECT_FALSE(session.setValue(*dataSet, 1, 1, 5, 8, true));
+    EXPECT_FALSE(session.perform(SetValue(*dataSet, 1, 1, 5, 8, true)));
     EXPECT_EQ(zone->range(1).min, 4);
     EXPECT_EQ(zone->range(1).max, 8);
 }

@@ -2,7 +2,15 @@
 #include "AllocationFailure.h"
 #include "SessionFixture.h"
 #include "SpatialData.h"
-#include "kernel/data/AxialCopies.h"
+#include "kernel/operations/AddFrame.h"
+#include "kernel/operations/AxialCopies.h"
+#include "kernel/operations/DeleteVariables.h"
+#include "kernel/operations/DuplicateZones.h"
+#include "kernel/operations/DuplicateZonesAxially.h"
+#include "kernel/operations/MirrorZones.h"
+#include "kernel/operations/RenameZone.h"
+#include "kernel/operations/RotateZones.h"
+#include "kernel/operations/SetValue.h"
 
 using namespace veldraw::kernel;
 using sample::aboutZ;
@@ -33,7 +41,7 @@ protected:
     History const& history() const { return session.history(); }
     bool edit(int zone, std::int64_t index, double value)
     {
-        return session.setValue(*dataSet, zone, 7, index, value, true);
+        return session.perform(SetValue(*dataSet, zone, 7, index, value, true));
     }
 
     /// The values that the last step holds as it stands, once it is taken back, and once it is done again.
@@ -51,61 +59,61 @@ protected:
 
 TEST_F(HistoryMemory, IsThatOfTheOldValuesAfterARotationAndThatOfTheNewOnesWhenItIsTakenBack)
 {
-    ASSERT_TRUE(session.rotateZones(*dataSet, {1}, sample::inSpace, aboutZ, 30));
+    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {1}, sample::inSpace, aboutZ, 30)));
     expectValues(4 * array, 4 * array);
-    ASSERT_TRUE(session.rotateZones(*dataSet, {1}, sample::inSpace, slanting, 30));
+    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {1}, sample::inSpace, slanting, 30)));
     expectValues((4 + 6) * array, (4 + 6) * array);
 }
 
 TEST_F(HistoryMemory, IsThatOfNoValuesOnceARotationOfSharedValuesIsDone)
 {
-    ASSERT_TRUE(session.duplicateZones(*dataSet, {1}));
-    ASSERT_TRUE(session.rotateZones(*dataSet, {2}, sample::inSpace, aboutZ, 30));
+    ASSERT_TRUE(session.perform(DuplicateZones(*dataSet, {1})));
+    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {2}, sample::inSpace, aboutZ, 30)));
     expectValues(0, 4 * array);
 }
 
 TEST_F(HistoryMemory, IsThatOfTheTurnedArraysWhenAnAxialDuplicationIsTakenBack)
 {
     AxialCopies const copies{30, 0, 11, true};
-    ASSERT_TRUE(session.duplicateZonesAxially(*dataSet, {1}, sample::inSpace, aboutZ, copies));
+    ASSERT_TRUE(session.perform(DuplicateZonesAxially(*dataSet, {1}, sample::inSpace, aboutZ, copies)));
     expectValues(0, 11 * 4 * array);
 }
 
 TEST_F(HistoryMemory, IsThatOfTheTurnedArraysWhenAMirrorIsTakenBack)
 {
-    ASSERT_TRUE(session.mirrorZones(frame->id, {1}, 'Y'));
+    ASSERT_TRUE(session.perform(MirrorZones(frame->id, {1}, 'Y')));
     expectValues(0, 2 * array);
 }
 
 TEST_F(HistoryMemory, CountsOnceWhatSeveralMirrorsShare)
 {
-    ASSERT_TRUE(session.duplicateZones(*dataSet, {1, 1}));
-    ASSERT_TRUE(session.mirrorZones(frame->id, {1, 2}, 'Y'));
+    ASSERT_TRUE(session.perform(DuplicateZones(*dataSet, {1, 1})));
+    ASSERT_TRUE(session.perform(MirrorZones(frame->id, {1, 2}, 'Y')));
     expectValues(0, 2 * array);
 }
 
 TEST_F(HistoryMemory, IsThatOfNoValuesWhenZonesAreDuplicatedAsTheyAre)
 {
-    ASSERT_TRUE(session.duplicateZones(*dataSet, {1}));
+    ASSERT_TRUE(session.perform(DuplicateZones(*dataSet, {1})));
     expectValues(0, 0);
 }
 
 TEST_F(HistoryMemory, IsThatOfDeletedVariablesWhileTheyAreDeleted)
 {
-    ASSERT_TRUE(session.deleteVariables(*dataSet, {5, 7}));
+    ASSERT_TRUE(session.perform(DeleteVariables(*dataSet, {5, 7})));
     expectValues(2 * array, 0);
 }
 
 TEST_F(HistoryMemory, IsThatOfAnEditedCopyWhenTheBranchIsTakenBack)
 {
-    ASSERT_TRUE(session.duplicateZones(*dataSet, {1}));
+    ASSERT_TRUE(session.perform(DuplicateZones(*dataSet, {1})));
     ASSERT_TRUE(edit(2, 5, 1.5));
     expectValues(0, array);
 }
 
 TEST_F(HistoryMemory, IsThatOfADataSetWhoseLastFrameIsDeleted)
 {
-    ASSERT_TRUE(session.deleteFrame(frame->id));
+    ASSERT_TRUE(session.perform(DeleteFrame(frame->id)));
     expectValues(7 * array, 0);
 }
 
@@ -113,16 +121,16 @@ TEST_F(HistoryMemory, IsThatOfNoDataSetThatAnotherFrameShows)
 {
     auto const other = std::make_shared<Frame>("other", Rectangle{0, 0, 1, 1});
     other->dataSet = dataSet;
-    ASSERT_TRUE(session.addFrame(other));
-    ASSERT_TRUE(session.deleteFrame(frame->id));
+    ASSERT_TRUE(session.perform(AddFrame(other)));
+    ASSERT_TRUE(session.perform(DeleteFrame(frame->id)));
     expectValues(0, 0);
 }
 
 TEST_F(HistoryMemory, EndsWithTheStepsThatWereTakenBack)
 {
-    ASSERT_TRUE(session.mirrorZones(frame->id, {1}, 'Y'));
+    ASSERT_TRUE(session.perform(MirrorZones(frame->id, {1}, 'Y')));
     ASSERT_TRUE(session.undo());
-    ASSERT_TRUE(session.renameZone(*dataSet, 1, "keel"));
+    ASSERT_TRUE(session.perform(RenameZone(*dataSet, 1, "keel")));
     EXPECT_EQ(history().valueBytes(), 0);
     session.history().clear();
     EXPECT_EQ(history().bytes(), 0);
@@ -132,11 +140,11 @@ TEST_F(HistoryMemory, StaysWithinTheLimit)
 {
     session.history().setMemoryLimit(10 * array);
     for (int copy = 0; copy < 20; ++copy) {
-        ASSERT_TRUE(session.rotateZones(*dataSet, {1}, sample::inSpace, aboutZ, 30));
+        ASSERT_TRUE(session.perform(RotateZones(*dataSet, {1}, sample::inSpace, aboutZ, 30)));
         EXPECT_LE(history().bytes(), 10 * array);
         EXPECT_TRUE(history().canUndo());
     }
-    ASSERT_TRUE(session.duplicateZonesAxially(*dataSet, {1}, sample::inSpace, aboutZ, {30, 0, 11, true}));
+    ASSERT_TRUE(session.perform(DuplicateZonesAxially(*dataSet, {1}, sample::inSpace, aboutZ, {30, 0, 11, true})));
     ASSERT_TRUE(session.undo());
     EXPECT_LE(history().bytes(), 10 * array) << "eleven turned copies are too much to keep";
     EXPECT_FALSE(history().canRedo());
@@ -161,13 +169,13 @@ TEST_F(HistoryMemory, OfSingleEditsIsWhatTheyTake)
 TEST_F(HistoryMemory, OfEditsOfManyZonesThatShareCountsTheListsOfThese)
 {
     for (int round = 0; round < 9; ++round) {
-        ASSERT_TRUE(session.duplicateZones(*dataSet, dataSet->enabledZones()));
+        ASSERT_TRUE(session.perform(DuplicateZones(*dataSet, dataSet->enabledZones())));
     }
     ASSERT_EQ(dataSet->zoneCount(), 512);
     recorder.take();
     std::int64_t const taken = allocatedBytes();
     std::int64_t const counted = history().bytes();
-    ASSERT_TRUE(session.setValue(*dataSet, 1, 7, 5, 1.5, false));
+    ASSERT_TRUE(session.perform(SetValue(*dataSet, 1, 7, 5, 1.5, false)));
     recorder.take();
     std::int64_t const real = allocatedBytes() - taken;
     EXPECT_GT(history().bytes() - counted, 8 * real / 10);
@@ -178,7 +186,7 @@ TEST_F(HistoryMemory, OfZonesThatAreTakenBackCountsTheZones)
 {
     std::int64_t const taken = allocatedBytes();
     for (int round = 0; round < 9; ++round) {
-        ASSERT_TRUE(session.duplicateZones(*dataSet, dataSet->enabledZones()));
+        ASSERT_TRUE(session.perform(DuplicateZones(*dataSet, dataSet->enabledZones())));
     }
     while (session.undo()) {
     }
@@ -190,11 +198,11 @@ TEST_F(HistoryMemory, OfZonesThatAreTakenBackCountsTheZones)
 TEST_F(HistoryMemory, OfDeletionsInManyZonesCountsTheirLists)
 {
     for (int round = 0; round < 9; ++round) {
-        ASSERT_TRUE(session.duplicateZones(*dataSet, dataSet->enabledZones()));
+        ASSERT_TRUE(session.perform(DuplicateZones(*dataSet, dataSet->enabledZones())));
     }
     std::int64_t const taken = allocatedBytes();
     std::int64_t const counted = history().bytes();
-    ASSERT_TRUE(session.deleteVariables(*dataSet, {7}));
+    ASSERT_TRUE(session.perform(DeleteVariables(*dataSet, {7})));
     std::int64_t const real = allocatedBytes() - taken;
     EXPECT_GT(history().bytes() - counted, real / 2);
     EXPECT_LT(history().bytes() - counted, 2 * real + array);

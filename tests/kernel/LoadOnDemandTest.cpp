@@ -3,12 +3,20 @@
 #include "SampleLoader.h"
 #include "SessionFixture.h"
 #include "SpatialData.h"
-#include "kernel/compute/Interrupted.h"
+#include "kernel/base/BackgroundWork.h"
+#include "kernel/base/MemoryDemand.h"
+#include "kernel/base/Progress.h"
 #include "kernel/compute/Rotation.h"
-#include "kernel/compute/Waiter.h"
-#include "kernel/data/AxialCopies.h"
-#include "kernel/data/MemoryDemand.h"
-#include "kernel/data/SpatialVariables.h"
+#include "kernel/operations/AddFrame.h"
+#include "kernel/operations/AxialCopies.h"
+#include "kernel/operations/DeleteVariables.h"
+#include "kernel/operations/DuplicateZones.h"
+#include "kernel/operations/DuplicateZonesAxially.h"
+#include "kernel/operations/LoadVariables.h"
+#include "kernel/operations/MirrorZones.h"
+#include "kernel/operations/RotateZones.h"
+#include "kernel/operations/SetValue.h"
+#include "kernel/operations/SpatialVariables.h"
 #include "kernel/style/StyleTree.h"
 
 #include <utility>
@@ -43,7 +51,7 @@ protected:
     Field const& field(int zone, int variable) { return *dataSet->field(zone, variable); }
     bool available(NumberSet const& zones, NumberSet const& variables)
     {
-        return session.makeVariablesAvailable(*dataSet, zones, variables);
+        return session.perform(MakeVariablesAvailable(*dataSet, zones, variables));
     }
 
     /// Lets everything go that may go.
@@ -114,25 +122,25 @@ TEST_F(LoadOnDemand, LetsNothingGoThatIsNotWantedAnyMore)
 
 TEST_F(LoadOnDemand, LetsTheLeastRecentlyUsedValuesGoAboveTheLimit)
 {
-    session.loadVariables(*dataSet, {1}, {1});
-    session.loadVariables(*dataSet, {2}, {1});
+    session.perform(LoadVariables(*dataSet, {1}, {1}));
+    session.perform(LoadVariables(*dataSet, {2}, {1}));
     session.setLoadedValuesLimit(2 * bytesOfField);
     recorder.take();
     EXPECT_TRUE(field(1, 1).isLoaded() && field(2, 1).isLoaded()) << "just within it";
-    session.loadVariables(*dataSet, {1}, {1}); // a use
-    EXPECT_TRUE(session.loadVariables(*dataSet, {1}, {4}));
+    session.perform(LoadVariables(*dataSet, {1}, {1})); // a use
+    EXPECT_TRUE(session.perform(LoadVariables(*dataSet, {1}, {4})));
     EXPECT_TRUE(field(1, 1).isLoaded());
     EXPECT_FALSE(field(2, 1).isLoaded());
     EXPECT_TRUE(field(1, 4).isLoaded());
     EXPECT_THAT(recorder.take(), ElementsAre("21 zones 1 2 variables 4", "21 zones 2 variables 1"));
-    EXPECT_TRUE(session.loadVariables(*dataSet, {2}, {1}));
+    EXPECT_TRUE(session.perform(LoadVariables(*dataSet, {2}, {1})));
     EXPECT_EQ(values(*dataSet, 2, 1), (std::vector<double>{3, 4, 5, 3, 4, 5})) << "comes again";
     EXPECT_FALSE(field(1, 1).isLoaded()) << "went in its place";
 }
 
 TEST_F(LoadOnDemand, LetsGoAtOnceWhenTheLimitIsLowered)
 {
-    session.loadVariables(*dataSet, {1, 2}, {1, 4});
+    session.perform(LoadVariables(*dataSet, {1, 2}, {1, 4}));
     recorder.take();
     session.setLoadedValuesLimit(bytesOfField);
     EXPECT_FALSE(field(1, 1).isLoaded() || field(1, 4).isLoaded());
@@ -161,7 +169,7 @@ TEST_F(LoadOnDemand, KeepsWhatIsWantedAnywhere)
 TEST_F(LoadOnDemand, KeepsWhatACopyOfAZoneWants)
 {
     available({1}, {1});
-    ASSERT_TRUE(session.duplicateZones(*dataSet, {1}));
+    ASSERT_TRUE(session.perform(DuplicateZones(*dataSet, {1})));
     available({1}, {});
     unloadSpare();
     EXPECT_TRUE(field(1, 1).isLoaded());
@@ -173,8 +181,8 @@ TEST_F(LoadOnDemand, KeepsWhatACopyOfAZoneWants)
 TEST_F(LoadOnDemand, WantsVariablesWhateverTheirNumbersBecome)
 {
     available({1, 2}, {4});
-    session.loadVariables(*dataSet, {1}, {1});
-    ASSERT_TRUE(session.deleteVariables(*dataSet, {2}));
+    session.perform(LoadVariables(*dataSet, {1}, {1}));
+    ASSERT_TRUE(session.perform(DeleteVariables(*dataSet, {2})));
     unloadSpare();
     EXPECT_TRUE(field(1, 3).isLoaded());
     EXPECT_FALSE(field(1, 1).isLoaded());
@@ -186,7 +194,7 @@ TEST_F(LoadOnDemand, KeepsWhatAFrameShows)
     LineMap& map = frame->lineMaps[0];
     for (UniqueId* const shown : {&frame->contourVariable, &map.xVariable, &map.yVariable, &frame->axes2D[1],
                                   &frame->axes3D[2], &frame->vector[2]}) {
-        session.loadVariables(*dataSet, {1, 2}, {1, 4});
+        session.perform(LoadVariables(*dataSet, {1, 2}, {1, 4}));
         *shown = dataSet->variable(4)->id;
         recorder.take();
         unloadSpare();
@@ -201,25 +209,25 @@ TEST_F(LoadOnDemand, KeepsWhatAFrameShows)
 
 TEST_F(LoadOnDemand, LetsTheValuesOfOtherDataSetsGoToo)
 {
-    session.loadVariables(*dataSet, {1}, {1});
+    session.perform(LoadVariables(*dataSet, {1}, {1}));
     auto const second = std::make_shared<Frame>("second", Rectangle{});
     second->dataSet = std::make_shared<DataSet>("other");
     second->dataSet->addVariable(std::make_shared<Variable>("v"));
     auto const zone = std::make_shared<Zone>("z", ZoneType_Ordered, 6, 1, 1);
     zone->fields = {Loader::field(x2)};
     second->dataSet->addZone(zone);
-    session.addFrame(second);
+    session.perform(AddFrame(second));
     session.setLoadedValuesLimit(bytesOfField);
     recorder.take();
-    EXPECT_TRUE(session.loadVariables(*second->dataSet, {1}, {1}));
+    EXPECT_TRUE(session.perform(LoadVariables(*second->dataSet, {1}, {1})));
     EXPECT_TRUE(zone->fields[0].isLoaded());
     EXPECT_FALSE(field(1, 1).isLoaded());
 }
 
 TEST_F(LoadOnDemand, NeverUnloadsWhatHasBeenAltered)
 {
-    session.loadVariables(*dataSet, {1, 2}, {1, 4});
-    ASSERT_TRUE(session.setValue(*dataSet, 1, 1, 2, 77, false));
+    session.perform(LoadVariables(*dataSet, {1, 2}, {1, 4}));
+    ASSERT_TRUE(session.perform(SetValue(*dataSet, 1, 1, 2, 77, false)));
     ASSERT_TRUE(session.undo()) << "redo will write here again";
     unloadSpare();
     EXPECT_TRUE(field(1, 1).isLoaded());
@@ -248,8 +256,8 @@ TEST_F(LoadOnDemand, LetsTheComponentsOfAnArrayGoTogetherOrNotAtAll)
 
 TEST_F(LoadOnDemand, MakesRoomWhereMemoryIsRefused)
 {
-    session.loadVariables(*dataSet, {1}, {1});
-    session.loadVariables(*dataSet, {1}, {4});
+    session.perform(LoadVariables(*dataSet, {1}, {1}));
+    session.perform(LoadVariables(*dataSet, {1}, {4}));
     recorder.take();
     bool isFirst = true;
     x2->before = [&](Progress&) {
@@ -257,7 +265,7 @@ TEST_F(LoadOnDemand, MakesRoomWhereMemoryIsRefused)
             throw NotEnoughMemory(bytesOfField - 1);
         }
     };
-    EXPECT_TRUE(session.loadVariables(*dataSet, {2}, {1}));
+    EXPECT_TRUE(session.perform(LoadVariables(*dataSet, {2}, {1})));
     EXPECT_EQ(x2->loads, 1);
     EXPECT_TRUE(field(2, 1).isLoaded());
     EXPECT_FALSE(field(1, 1).isLoaded()) << "was not used for longest";
@@ -267,17 +275,17 @@ TEST_F(LoadOnDemand, MakesRoomWhereMemoryIsRefused)
 
 TEST_F(LoadOnDemand, LetsNothingGoWhereThatWouldNotSuffice)
 {
-    session.loadVariables(*dataSet, {1}, {1, 4});
+    session.perform(LoadVariables(*dataSet, {1}, {1, 4}));
     recorder.take();
     x2->before = [](Progress&) { throw NotEnoughMemory(2 * bytesOfField + 1); };
-    expectRefused([&] { return session.loadVariables(*dataSet, {2}, {1}); });
+    expectRefused([&] { return session.perform(LoadVariables(*dataSet, {2}, {1})); });
     EXPECT_EQ(session.lastError(), "Out of memory.");
     EXPECT_TRUE(field(1, 1).isLoaded() && field(1, 4).isLoaded());
 }
 
 TEST_F(LoadOnDemand, LetsAllGoWhereNobodyKnowsHowMuchIsMissing)
 {
-    session.loadVariables(*dataSet, {1}, {4});
+    session.perform(LoadVariables(*dataSet, {1}, {4}));
     available({1}, {1});
     recorder.take();
     int tries = 0;
@@ -285,7 +293,7 @@ TEST_F(LoadOnDemand, LetsAllGoWhereNobodyKnowsHowMuchIsMissing)
         ++tries;
         throw std::bad_alloc();
     };
-    EXPECT_FALSE(session.loadVariables(*dataSet, {2}, {1}));
+    EXPECT_FALSE(session.perform(LoadVariables(*dataSet, {2}, {1})));
     EXPECT_EQ(session.lastError(), "Out of memory.");
     EXPECT_EQ(tries, 2);
     EXPECT_FALSE(field(1, 4).isLoaded());
@@ -295,7 +303,7 @@ TEST_F(LoadOnDemand, LetsAllGoWhereNobodyKnowsHowMuchIsMissing)
 
 TEST_F(LoadOnDemand, GoesOnWithWhatIsMissingWhenRoomHasBeenMade)
 {
-    session.loadVariables(*dataSet, {1}, {4});
+    session.perform(LoadVariables(*dataSet, {1}, {4}));
     int tries = 0;
     x2->before = [&](Progress&) {
         if (++tries == 1) {
@@ -317,7 +325,7 @@ TEST_F(LoadOnDemand, MakesRoomForAnOperationButNotOfWhatItNeeds)
         session.history().clear();
         dataSet->zone(1)->fields[0] = Loader::field(x1);
         dataSet->zone(2)->fields[0] = Loader::field(x2);
-        session.loadVariables(*dataSet, {1}, {1, 4});
+        session.perform(LoadVariables(*dataSet, {1}, {1, 4}));
         frame->axes3D[0] = operation == 2 ? dataSet->variable(1)->id : 0;
         bool isFirst = true;
         x2->before = [&](Progress&) {
@@ -326,16 +334,16 @@ TEST_F(LoadOnDemand, MakesRoomForAnOperationButNotOfWhatItNeeds)
             }
         };
         if (operation == 0) {
-            EXPECT_TRUE(session.rotateZones(*dataSet, {1, 2}, inSpace, aboutZ, 90));
+            EXPECT_TRUE(session.perform(RotateZones(*dataSet, {1, 2}, inSpace, aboutZ, 90)));
             EXPECT_EQ(values(*dataSet, 1, 2), (std::vector<double>{0, 1, 2, 0, 1, 2}));
             EXPECT_EQ(values(*dataSet, 2, 2), (std::vector<double>{3, 4, 5, 3, 4, 5}));
             dataSet->zone(1)->fields[1] = sample::field({0, 0, 0, 1, 1, 1});
             dataSet->zone(2)->fields[1] = sample::field({0, 0, 0, 1, 1, 1});
         } else if (operation == 1) {
-            EXPECT_TRUE(session.duplicateZonesAxially(*dataSet, {1, 2}, inSpace, aboutZ, {90, 0, 1, false}));
+            EXPECT_TRUE(session.perform(DuplicateZonesAxially(*dataSet, {1, 2}, inSpace, aboutZ, {90, 0, 1, false})));
             EXPECT_EQ(dataSet->zoneCount(), 4) << "not twice as many copies";
         } else {
-            EXPECT_TRUE(session.mirrorZones(frame->id, {1, 2}, 'X'));
+            EXPECT_TRUE(session.perform(MirrorZones(frame->id, {1, 2}, 'X')));
             EXPECT_EQ(dataSet->zoneCount(), 4);
         }
         EXPECT_FALSE(isFirst);
@@ -352,12 +360,14 @@ TEST_F(LoadOnDemand, MakesCopiesOnceWhereverMemoryIsRefused)
     NumberSet const zones{1, 2};
     int retries = 0;
     for (int request = 1; request < 1000; ++request) {
-        session.loadVariables(*dataSet, {1}, {4});
+        session.perform(LoadVariables(*dataSet, {1}, {4}));
         bool isTurned = false;
         bool happened = false;
         {
             AllocationFailure const failure(request);
-            isTurned = session.duplicateZonesAxially(*dataSet, zones, inSpace, aboutZ, {90, 0, 2, false});
+            isTurned = refusedWithoutMemory(session, [&] {
+                return session.perform(DuplicateZonesAxially(*dataSet, zones, inSpace, aboutZ, {90, 0, 2, false}));
+            });
             happened = failure.hasHappened();
         }
         ASSERT_EQ(dataSet->zoneCount(), isTurned ? 6 : 2) << request;
@@ -389,7 +399,7 @@ TEST_F(LoadOnDemand, RefusesNumbersThatDoNotExist)
     expectRefused([&] { return available({1}, {0}); });
     expectRefused([&] { return available({1}, {6}); });
     DataSet stranger;
-    expectRefused([&] { return session.makeVariablesAvailable(stranger, {}, {}); });
+    expectRefused([&] { return session.perform(MakeVariablesAvailable(stranger, {}, {})); });
 }
 
 TEST_F(LoadOnDemand, ChangesNothingWhenOneLoaderFails)
@@ -457,7 +467,7 @@ TEST_F(LoadOnDemand, RunsOnAWorkerWhileEditsAreRefusedAndShareCountsStayTrue)
         double m_fraction = 0;
     };
     Prying waiter([this] {
-        EXPECT_FALSE(session.setValue(*dataSet, 1, 2, 0, 5, false));
+        EXPECT_FALSE(session.perform(SetValue(*dataSet, 1, 2, 0, 5, false)));
         EXPECT_FALSE(available({1}, {4}));
         EXPECT_FALSE(session.undo());
         EXPECT_EQ(field(1, 4).shareCount(), 2);
@@ -588,7 +598,7 @@ TEST_F(LoadOnDemand, RemembersAComputedRangeAfterAnUnload)
 
 TEST_F(LoadOnDemand, LoadsWhatARotationNeedsWithinIt)
 {
-    ASSERT_TRUE(session.rotateZones(*dataSet, {1}, inSpace, aboutZ, 90));
+    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {1}, inSpace, aboutZ, 90)));
     EXPECT_EQ(values(*dataSet, 1, 2), (std::vector<double>{0, 1, 2, 0, 1, 2}));
     EXPECT_THAT(recorder.take(), ElementsAre("0 zones 1 variables 1 2", "21 zones 1 variables 1"));
     EXPECT_FALSE(field(2, 1).isLoaded());
@@ -603,11 +613,11 @@ TEST_F(LoadOnDemand, LoadsWhatARotationNeedsWithinIt)
 TEST_F(LoadOnDemand, LoadsNothingForARotationThatFails)
 {
     x2->before = [](Progress&) { throw std::runtime_error("The file has gone."); };
-    expectRefused([&] { return session.rotateZones(*dataSet, {1, 2}, inSpace, aboutZ, 90); });
+    expectRefused([&] { return session.perform(RotateZones(*dataSet, {1, 2}, inSpace, aboutZ, 90)); });
     EXPECT_FALSE(field(1, 1).isLoaded());
     dataSet->zone(1)->fields[1] = sample::field({1, 2}); // not at the places of X
     x2->before = nullptr;
-    expectRefused([&] { return session.rotateZones(*dataSet, {1, 2}, inSpace, aboutZ, 90); });
+    expectRefused([&] { return session.perform(RotateZones(*dataSet, {1, 2}, inSpace, aboutZ, 90)); });
     EXPECT_FALSE(field(1, 1).isLoaded());
 }
 
@@ -615,11 +625,11 @@ TEST_F(LoadOnDemand, LoadsForMirrorsAndTurnedCopies)
 {
     frame->plotType = PlotType_Cartesian3D;
     frame->axes3D = {dataSet->variable(1)->id, dataSet->variable(2)->id, dataSet->variable(3)->id};
-    ASSERT_TRUE(session.mirrorZones(frame->id, {1}, 'X'));
+    ASSERT_TRUE(session.perform(MirrorZones(frame->id, {1}, 'X')));
     EXPECT_EQ(values(*dataSet, 3, 1), (std::vector<double>{0, -1, -2, 0, -1, -2}));
     EXPECT_FALSE(field(3, 4).isLoaded()) << "what is shared stays out of memory";
     EXPECT_EQ(field(3, 4).group(), field(1, 4).group());
-    ASSERT_TRUE(session.duplicateZonesAxially(*dataSet, {2}, inSpace, aboutZ, {90, 0, 1, true}));
+    ASSERT_TRUE(session.perform(DuplicateZonesAxially(*dataSet, {2}, inSpace, aboutZ, {90, 0, 1, true})));
     EXPECT_EQ(values(*dataSet, 4, 2), (std::vector<double>{3, 4, 5, 3, 4, 5}));
     EXPECT_TRUE(available({4}, {4}));
     EXPECT_TRUE(field(1, 4).isLoaded());
@@ -628,8 +638,8 @@ TEST_F(LoadOnDemand, LoadsForMirrorsAndTurnedCopies)
 TEST_F(LoadOnDemand, DeletesAndDuplicatesWithoutLoading)
 {
     std::string const before = withoutHistory();
-    ASSERT_TRUE(session.duplicateZones(*dataSet, {1}));
-    ASSERT_TRUE(session.deleteVariables(*dataSet, {4}));
+    ASSERT_TRUE(session.perform(DuplicateZones(*dataSet, {1})));
+    ASSERT_TRUE(session.perform(DeleteVariables(*dataSet, {4})));
     EXPECT_EQ(session.history().valueBytes(), 0);
     ASSERT_TRUE(session.undo());
     ASSERT_TRUE(session.undo());
@@ -640,7 +650,7 @@ TEST_F(LoadOnDemand, DeletesAndDuplicatesWithoutLoading)
 TEST_F(LoadOnDemand, TakesAnEditOfABranchBackToStorageThatHasBeenUnloaded)
 {
     available({1, 2}, {4});
-    ASSERT_TRUE(session.setValue(*dataSet, 1, 4, 0, -1, true));
+    ASSERT_TRUE(session.perform(SetValue(*dataSet, 1, 4, 0, -1, true)));
     EXPECT_TRUE(available({1, 2}, {}));
     unloadSpare();
     EXPECT_TRUE(field(1, 4).isLoaded()) << "altered";
@@ -665,7 +675,8 @@ TEST_F(LoadOnDemand, ChangesNothingWithoutMemory)
         bool succeeded = false;
         {
             AllocationFailure const failure(request);
-            succeeded = session.makeVariablesAvailable(*dataSet, zones, wanted);
+            succeeded = refusedWithoutMemory(
+                session, [&] { return session.perform(MakeVariablesAvailable(*dataSet, zones, wanted)); });
             failures += failure.hasHappened() ? 1 : 0;
             if (!failure.hasHappened()) {
                 request = 1000;
@@ -713,26 +724,26 @@ TEST_F(DeferredDimensions, ReadAsMinusOneUntilTheyAreLoaded)
     EXPECT_EQ(deferred->zone(1)->i, -1);
     EXPECT_EQ(deferred->zone(1)->pointCount(), 0);
     EXPECT_EQ(size->loads, 0);
-    EXPECT_TRUE(session.loadDimensions(*deferred, 1));
+    EXPECT_TRUE(session.perform(LoadDimensions(*deferred, 1)));
     EXPECT_EQ(deferred->zone(1)->pointCount(), 6);
     EXPECT_THAT(recorder.take(), ElementsAre("23 zones 1"));
-    EXPECT_TRUE(session.loadDimensions(*deferred, 1));
+    EXPECT_TRUE(session.perform(LoadDimensions(*deferred, 1)));
     EXPECT_EQ(size->loads, 1);
     EXPECT_THAT(recorder.take(), IsEmpty());
 }
 
 TEST_F(DeferredDimensions, AreLearntByCopiesOfTheZoneToo)
 {
-    ASSERT_TRUE(session.duplicateZones(*deferred, {1}));
+    ASSERT_TRUE(session.perform(DuplicateZones(*deferred, {1})));
     recorder.take();
-    EXPECT_TRUE(session.loadDimensions(*deferred, 2));
+    EXPECT_TRUE(session.perform(LoadDimensions(*deferred, 2)));
     EXPECT_EQ(deferred->zone(1)->pointCount(), 6);
     EXPECT_THAT(recorder.take(), ElementsAre("23 zones 1 2"));
 }
 
 TEST_F(DeferredDimensions, AreLoadedWithTheValues)
 {
-    EXPECT_TRUE(session.loadVariables(*deferred, {1}, {1}));
+    EXPECT_TRUE(session.perform(LoadVariables(*deferred, {1}, {1})));
     EXPECT_THAT(recorder.take(), ElementsAre("23 zones 1", "21 zones 1 variables 1"));
     EXPECT_EQ(deferred->field(1, 1)->group()->size(), 6);
 }
@@ -741,9 +752,9 @@ TEST_F(DeferredDimensions, AreLoadedForARotationAndStayUnknownWhenItFails)
 {
     SpatialVariables const inPlane{{1, 2, 0}, {}, false, false};
     x->before = [](Progress&) { throw std::runtime_error("The file has gone."); };
-    expectRefused([&] { return session.rotateZones(*deferred, {1}, inPlane, aboutZ, 90); });
+    expectRefused([&] { return session.perform(RotateZones(*deferred, {1}, inPlane, aboutZ, 90)); });
     x->before = nullptr;
-    EXPECT_TRUE(session.rotateZones(*deferred, {1}, inPlane, aboutZ, 90));
+    EXPECT_TRUE(session.perform(RotateZones(*deferred, {1}, inPlane, aboutZ, 90)));
     EXPECT_EQ(values(*deferred, 1, 2), (std::vector<double>{0, 1, 2, 0, 1, 2}));
     EXPECT_EQ(deferred->zone(1)->i, 3);
 }
@@ -751,7 +762,7 @@ TEST_F(DeferredDimensions, AreLoadedForARotationAndStayUnknownWhenItFails)
 TEST_F(DeferredDimensions, AreKnownToCopiesThatComeLater)
 {
     SpatialVariables const inPlane{{1, 2, 0}, {}, false, false};
-    ASSERT_TRUE(session.duplicateZonesAxially(*deferred, {1}, inPlane, aboutZ, {90, 0, 1, true}));
+    ASSERT_TRUE(session.perform(DuplicateZonesAxially(*deferred, {1}, inPlane, aboutZ, {90, 0, 1, true})));
     EXPECT_EQ(deferred->zone(2)->pointCount(), 6);
     EXPECT_EQ(deferred->zone(1)->pointCount(), 6);
     ASSERT_TRUE(session.undo());
@@ -764,21 +775,21 @@ TEST_F(DeferredDimensions, AreKnownToCopiesThatComeLater)
 TEST_F(DeferredDimensions, StayUnknownWhenTheyCannotBeRead)
 {
     size->before = [](Progress&) { throw std::runtime_error("The file has gone."); };
-    expectRefused([&] { return session.loadDimensions(*deferred, 1); });
+    expectRefused([&] { return session.perform(LoadDimensions(*deferred, 1)); });
     size->before = [this](Progress&) { session.setInterrupted(true); };
-    expectRefused([&] { return session.loadDimensions(*deferred, 1); });
+    expectRefused([&] { return session.perform(LoadDimensions(*deferred, 1)); });
     EXPECT_TRUE(session.isInterrupted());
-    expectRefused([&] { return session.loadDimensions(*deferred, 2); });
+    expectRefused([&] { return session.perform(LoadDimensions(*deferred, 2)); });
     for (ZoneDimensions const& wrong : {ZoneDimensions{-3, 2, 1, {}}, {3, -2, 1, {}}, {3, 2, -1, {}}}) {
         deferred->zone(1)->dimensionsLoader = std::make_shared<sample::SizeLoader>(wrong);
-        expectRefused([&] { return session.loadDimensions(*deferred, 1); });
+        expectRefused([&] { return session.perform(LoadDimensions(*deferred, 1)); });
     }
 }
 
 TEST_F(DeferredDimensions, RefuseValuesThatDoNotFillTheZone)
 {
     deferred->zone(1)->dimensionsLoader = std::make_shared<sample::SizeLoader>(ZoneDimensions{3, 3, 1, {}});
-    expectRefused([&] { return session.loadVariables(*deferred, {1}, {1}); });
+    expectRefused([&] { return session.perform(LoadVariables(*deferred, {1}, {1})); });
     EXPECT_TRUE(deferred->zone(1)->isDeferred());
 }
 

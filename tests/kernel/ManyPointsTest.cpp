@@ -2,6 +2,8 @@
 // plain loop of long doubles.
 #include "SpatialFixture.h"
 #include "kernel/compute/CopyValues.h"
+#include "kernel/operations/MirrorZones.h"
+#include "kernel/operations/RotateZones.h"
 
 #include <cmath>
 
@@ -112,7 +114,7 @@ TEST_F(ManyPoints, AreTurnedOneByOne)
         for (auto const& layouts : allLayouts()) {
             for (std::int64_t const size : sizes) {
                 int const zone = addZone(size, layouts);
-                ASSERT_TRUE(session.rotateZones(*dataSet, {zone}, noVector, axis, 33.0));
+                ASSERT_TRUE(session.perform(RotateZones(*dataSet, {zone}, noVector, axis, 33.0)));
                 for (std::int64_t point = 0; point < size; ++point) {
                     Point before;
                     for (int variable = 1; variable <= 3; ++variable) {
@@ -142,7 +144,7 @@ TEST_F(ManyPoints, AreMirroredOneByOne)
         for (std::int64_t const size : sizes) {
             int const zone = addZone(size, layouts);
             for (int axis = 1; axis <= 3; ++axis) {
-                ASSERT_TRUE(session.mirrorZones(frame->id, {zone}, "XYZ"[axis - 1]));
+                ASSERT_TRUE(session.perform(MirrorZones(frame->id, {zone}, "XYZ"[axis - 1])));
                 Layout const& layout = layouts[static_cast<std::size_t>(axis - 1)];
                 for (std::int64_t point = 0; point < size; ++point) {
                     ASSERT_EQ(value(zone + axis, axis, point), -plainNumber(point, axis, layout.type))

@@ -1,5 +1,9 @@
+#include "kernel/operations/MirrorZones.h"
+
 #include "CellMeasure.h"
 #include "SpatialFixture.h"
+#include "kernel/operations/DuplicateZones.h"
+#include "kernel/operations/SetPlotType.h"
 #include "platform/vdsdkbase/VelUtil.h"
 
 #include <cmath>
@@ -12,10 +16,13 @@ using testing::ElementsAre;
 
 namespace {
 
-class MirrorZones : public SpatialFixture
+class MirrorZonesTest : public SpatialFixture
 {
 protected:
-    bool mirror(NumberSet const& zones, char coordinate) { return session.mirrorZones(frame->id, zones, coordinate); }
+    bool mirror(NumberSet const& zones, char coordinate)
+    {
+        return session.perform(MirrorZones(frame->id, zones, coordinate));
+    }
 
     /// The variables of which a zone has storage of its own.
     NumberSet ownVariables(int zone, int source) const
@@ -47,7 +54,7 @@ std::string bytesOf(Field const& field)
 
 } // namespace
 
-TEST_F(MirrorZones, NegatesOneCoordinateAndTheComponentAlongIt)
+TEST_F(MirrorZonesTest, NegatesOneCoordinateAndTheComponentAlongIt)
 {
     char const letters[] = {'X', 'Y', 'Z'};
     for (int axis = 0; axis < 3; ++axis) {
@@ -59,36 +66,36 @@ TEST_F(MirrorZones, NegatesOneCoordinateAndTheComponentAlongIt)
     }
 }
 
-TEST_F(MirrorZones, NegatesTheCoordinateAloneWithoutAVector)
+TEST_F(MirrorZonesTest, NegatesTheCoordinateAloneWithoutAVector)
 {
-    session.assignVariable(frame->id, 'V', 0);
+    session.perform(AssignVariable(frame->id, 'V', 0));
     ASSERT_TRUE(mirror({1}, 'Y'));
     EXPECT_EQ(ownVariables(2, 1), NumberSet{2});
 }
 
-TEST_F(MirrorZones, NegatesAVectorThatIsThePositionOnce)
+TEST_F(MirrorZonesTest, NegatesAVectorThatIsThePositionOnce)
 {
     for (int component = 0; component < 3; ++component) {
-        session.assignVariable(frame->id, static_cast<char>('U' + component), 1 + component);
+        session.perform(AssignVariable(frame->id, static_cast<char>('U' + component), 1 + component));
     }
     ASSERT_TRUE(mirror({1}, 'Y'));
     EXPECT_EQ(ownVariables(2, 1), NumberSet{2});
 }
 
-TEST_F(MirrorZones, FollowsTheAxesOfThePlotType)
+TEST_F(MirrorZonesTest, FollowsTheAxesOfThePlotType)
 {
-    session.setPlotType(frame->id, PlotType_Cartesian2D);
-    session.assignVariable(frame->id, 'Y', 7);
+    session.perform(SetPlotType(frame->id, PlotType_Cartesian2D));
+    session.perform(AssignVariable(frame->id, 'Y', 7));
     ASSERT_TRUE(mirror({1}, 'Y'));
     EXPECT_EQ(ownVariables(2, 1), (NumberSet{5, 7}));
     recorder.take();
     expectRefused([&] { return mirror({1}, 'Z'); });
-    session.setPlotType(frame->id, PlotType_XYLine);
+    session.perform(SetPlotType(frame->id, PlotType_XYLine));
     ASSERT_TRUE(mirror({1}, 'X'));
     EXPECT_EQ(ownVariables(3, 1), (NumberSet{1, 4}));
 }
 
-TEST_F(MirrorZones, AppendsCopiesThatAreLikeTheirSources)
+TEST_F(MirrorZonesTest, AppendsCopiesThatAreLikeTheirSources)
 {
     auto const cells = sample::everyKindOfCells(3);
     frame = sample::show(session, cells);
@@ -111,7 +118,7 @@ TEST_F(MirrorZones, AppendsCopiesThatAreLikeTheirSources)
     EXPECT_EQ(copy.auxiliaryData.item(1).value, "hull");
 }
 
-TEST_F(MirrorZones, IsOneStepThatIsTakenBackAndDoneAgain)
+TEST_F(MirrorZonesTest, IsOneStepThatIsTakenBackAndDoneAgain)
 {
     std::string const before = withoutHistory();
     ASSERT_TRUE(mirror({1}, 'X'));
@@ -124,16 +131,16 @@ TEST_F(MirrorZones, IsOneStepThatIsTakenBackAndDoneAgain)
     EXPECT_EQ(field(1, 7).shareCount(), 1);
 }
 
-TEST_F(MirrorZones, SharesAmongTheCopiesWhatTheSourcesShare)
+TEST_F(MirrorZonesTest, SharesAmongTheCopiesWhatTheSourcesShare)
 {
-    session.duplicateZones(*dataSet, {1});
+    session.perform(DuplicateZones(*dataSet, {1}));
     ASSERT_TRUE(mirror({1, 2}, 'X'));
     EXPECT_EQ(field(3, 1).group(), field(4, 1).group());
     EXPECT_EQ(field(3, 1).shareCount(), 2);
     EXPECT_EQ(field(3, 2).shareCount(), 4);
 }
 
-TEST_F(MirrorZones, LeavesAVariableAloneThatSharesItsStorageWithTheCoordinate)
+TEST_F(MirrorZonesTest, LeavesAVariableAloneThatSharesItsStorageWithTheCoordinate)
 {
     field(1, 7) = field(1, 1);
     std::vector<double> const x = values(*dataSet, 1, 1);
@@ -143,7 +150,7 @@ TEST_F(MirrorZones, LeavesAVariableAloneThatSharesItsStorageWithTheCoordinate)
     EXPECT_EQ(field(2, 7).shareCount(), 3);
 }
 
-TEST_F(MirrorZones, KeepsComponentsAtTheMiddleOfCells)
+TEST_F(MirrorZonesTest, KeepsComponentsAtTheMiddleOfCells)
 {
     auto zone = std::make_shared<Zone>("cells", ZoneType_Ordered, 3, 1, 1);
     zone->fields.resize(7);
@@ -156,7 +163,7 @@ TEST_F(MirrorZones, KeepsComponentsAtTheMiddleOfCells)
     EXPECT_EQ(values(*dataSet, 3, 4)[1], -2);
 }
 
-TEST_F(MirrorZones, TwiceGivesTheSameBits)
+TEST_F(MirrorZonesTest, TwiceGivesTheSameBits)
 {
     float const quiet = std::numeric_limits<float>::quiet_NaN();
     float signalling = quiet;
@@ -184,7 +191,7 @@ TEST_F(MirrorZones, TwiceGivesTheSameBits)
     }
 }
 
-TEST_F(MirrorZones, TwiceGivesTheSameNumbersForEveryType)
+TEST_F(MirrorZonesTest, TwiceGivesTheSameNumbersForEveryType)
 {
     struct Case
     {
@@ -204,7 +211,7 @@ TEST_F(MirrorZones, TwiceGivesTheSameNumbersForEveryType)
     }
 }
 
-TEST_F(MirrorZones, KeepsPassiveFieldsPassive)
+TEST_F(MirrorZonesTest, KeepsPassiveFieldsPassive)
 {
     field(1, 1) = Field(FieldDataType_Double, ValueLocation_Nodal);
     field(1, 4) = Field(FieldDataType_Double, ValueLocation_CellCentered);
@@ -215,7 +222,7 @@ TEST_F(MirrorZones, KeepsPassiveFieldsPassive)
     EXPECT_EQ(field(2, 2).group(), field(1, 2).group());
 }
 
-TEST_F(MirrorZones, TurnsCellsInsideOutAndKeepsTheirMeasure)
+TEST_F(MirrorZonesTest, TurnsCellsInsideOutAndKeepsTheirMeasure)
 {
     auto const cells = sample::everyKindOfCells(11);
     frame = sample::show(session, cells);
@@ -234,7 +241,7 @@ TEST_F(MirrorZones, TurnsCellsInsideOutAndKeepsTheirMeasure)
     }
 }
 
-TEST_F(MirrorZones, RefusesWhatDoesNotFit)
+TEST_F(MirrorZonesTest, RefusesWhatDoesNotFit)
 {
     expectRefused([&] { return mirror({}, 'X'); });
     expectRefused([&] { return mirror({0}, 'X'); });
@@ -242,8 +249,8 @@ TEST_F(MirrorZones, RefusesWhatDoesNotFit)
     for (char const letter : {'x', 'U', 'W', '\0', '['}) {
         expectRefused([&] { return mirror({1}, letter); });
     }
-    expectRefused([&] { return session.mirrorZones(noFrame, {1}, 'X'); });
-    session.assignVariable(frame->id, 'U', 2);
+    expectRefused([&] { return session.perform(MirrorZones(noFrame, {1}, 'X')); });
+    session.perform(AssignVariable(frame->id, 'U', 2));
     recorder.take();
     expectRefused([&] { return mirror({1}, 'X'); });
     EXPECT_EQ(session.lastError(), "The spatial and vector variables must be unique.");

@@ -1,6 +1,14 @@
 #include "SessionFixture.h"
-#include "kernel/compute/Interrupted.h"
-#include "kernel/compute/Waiter.h"
+#include "kernel/base/BackgroundWork.h"
+#include "kernel/base/Progress.h"
+#include "kernel/operations/AddFrame.h"
+#include "kernel/operations/DeleteVariables.h"
+#include "kernel/operations/DuplicateZones.h"
+#include "kernel/operations/EnableZone.h"
+#include "kernel/operations/LineMapOperation.h"
+#include "kernel/operations/RenameFrame.h"
+#include "kernel/operations/RenameZone.h"
+#include "kernel/operations/SetPlotType.h"
 #include "kernel/style/StyleTree.h"
 
 #include <chrono>
@@ -33,10 +41,10 @@ private:
     std::function<void(Progress&)> m_action;
 };
 
-class Operation : public SessionFixture
+class OperationTest : public SessionFixture
 {
 protected:
-    ~Operation() override { session.setWaiter(nullptr); }
+    ~OperationTest() override { session.setWaiter(nullptr); }
 
     /// Lets @p action run while a computation waits for it to end.
     void whileBusy(std::function<void()> const& action)
@@ -66,14 +74,14 @@ void untilInterrupted(Progress& progress)
 
 } // namespace
 
-TEST_F(Operation, RunsHereWithoutAWaiter)
+TEST_F(OperationTest, RunsHereWithoutAWaiter)
 {
     std::thread::id thread;
     session.runOperation("Test", [&](Progress&) { thread = std::this_thread::get_id(); });
     EXPECT_EQ(thread, std::this_thread::get_id());
 }
 
-TEST_F(Operation, RunsOnAThreadOfItsOwnWhileTheWaiterWaits)
+TEST_F(OperationTest, RunsOnAThreadOfItsOwnWhileTheWaiterWaits)
 {
     ActingWaiter waiter;
     session.setWaiter(&waiter);
@@ -83,7 +91,7 @@ TEST_F(Operation, RunsOnAThreadOfItsOwnWhileTheWaiterWaits)
     EXPECT_THAT(waiter.names, ElementsAre("Test"));
 }
 
-TEST_F(Operation, TellsTheWaiterHowFarItHasCome)
+TEST_F(OperationTest, TellsTheWaiterHowFarItHasCome)
 {
     double fraction = -1;
     std::promise<void> half;
@@ -103,7 +111,7 @@ TEST_F(Operation, TellsTheWaiterHowFarItHasCome)
     EXPECT_EQ(fraction, 0.5);
 }
 
-TEST_F(Operation, RethrowsWhatItsWorkThrows)
+TEST_F(OperationTest, RethrowsWhatItsWorkThrows)
 {
     auto const failing = [](Progress&) { throw std::runtime_error("no luck"); };
     EXPECT_THROW(session.runOperation("Test", failing), std::runtime_error);
@@ -113,7 +121,7 @@ TEST_F(Operation, RethrowsWhatItsWorkThrows)
     EXPECT_FALSE(session.isBusy());
 }
 
-TEST_F(Operation, EndsItsWorkBeforeItTellsThatTheWaiterHasFailed)
+TEST_F(OperationTest, EndsItsWorkBeforeItTellsThatTheWaiterHasFailed)
 {
     ActingWaiter waiter([](Progress&) { throw std::runtime_error("no window"); });
     session.setWaiter(&waiter);
@@ -130,7 +138,7 @@ TEST_F(Operation, EndsItsWorkBeforeItTellsThatTheWaiterHasFailed)
     EXPECT_FALSE(session.isBusy());
 }
 
-TEST_F(Operation, IsInterruptedThroughTheSession)
+TEST_F(OperationTest, IsInterruptedThroughTheSession)
 {
     ActingWaiter waiter([this](Progress&) { session.setInterrupted(true); });
     session.setWaiter(&waiter);
@@ -139,14 +147,14 @@ TEST_F(Operation, IsInterruptedThroughTheSession)
     EXPECT_FALSE(session.isBusy());
 }
 
-TEST_F(Operation, IsInterruptedThroughItsProgress)
+TEST_F(OperationTest, IsInterruptedThroughItsProgress)
 {
     ActingWaiter waiter([](Progress& progress) { progress.interrupt(); });
     session.setWaiter(&waiter);
     EXPECT_THROW(session.runOperation("Test", untilInterrupted), Interrupted);
 }
 
-TEST_F(Operation, TakesBackTheCancelOfAnEarlierOne)
+TEST_F(OperationTest, TakesBackTheCancelOfAnEarlierOne)
 {
     session.setInterrupted(true);
     bool wasInterrupted = true;
@@ -155,7 +163,7 @@ TEST_F(Operation, TakesBackTheCancelOfAnEarlierOne)
     EXPECT_FALSE(session.isInterrupted());
 }
 
-TEST_F(Operation, IsBusyWhileItComputesOnly)
+TEST_F(OperationTest, IsBusyWhileItComputesOnly)
 {
     EXPECT_FALSE(session.isBusy());
     bool busy = false;
@@ -164,15 +172,15 @@ TEST_F(Operation, IsBusyWhileItComputesOnly)
     EXPECT_FALSE(session.isBusy());
 }
 
-TEST_F(Operation, LetsNoSecondOneStart)
+TEST_F(OperationTest, LetsNoSecondOneStart)
 {
     whileBusy([&] { EXPECT_THROW(session.runOperation("Second", [](Progress&) {}), std::logic_error); });
 }
 
-TEST_F(Operation, LetsNothingElseChangeMeanwhile)
+TEST_F(OperationTest, LetsNothingElseChangeMeanwhile)
 {
-    session.renameZone(*dataSet, 1, "renamed");
-    session.renameZone(*dataSet, 1, "renamed again");
+    session.perform(RenameZone(*dataSet, 1, "renamed"));
+    session.perform(RenameZone(*dataSet, 1, "renamed again"));
     session.undo();
     recorder.take();
     UniqueId const id = frame->id;
@@ -180,37 +188,37 @@ TEST_F(Operation, LetsNothingElseChangeMeanwhile)
     whileBusy([&] {
         expectRefused([&] { return session.undo(); });
         expectRefused([&] { return session.redo(); });
-        expectRefused([&] { return session.deleteVariables(*dataSet, {5}); });
-        expectRefused([&] { return session.duplicateZones(*dataSet, {1}); });
-        expectRefused([&] { return session.renameZone(*dataSet, 1, "a"); });
-        expectRefused([&] { return session.renameVariable(*dataSet, 1, "a"); });
-        expectRefused([&] { return session.setZoneEnabled(*dataSet, 1, false); });
-        expectRefused([&] { return session.setVariableEnabled(*dataSet, 1, false); });
-        expectRefused([&] { return session.setTitle(*dataSet, "a"); });
+        expectRefused([&] { return session.perform(DeleteVariables(*dataSet, {5})); });
+        expectRefused([&] { return session.perform(DuplicateZones(*dataSet, {1})); });
+        expectRefused([&] { return session.perform(RenameZone(*dataSet, 1, "a")); });
+        expectRefused([&] { return session.perform(RenameVariable(*dataSet, 1, "a")); });
+        expectRefused([&] { return session.perform(EnableZone(*dataSet, 1, false)); });
+        expectRefused([&] { return session.perform(EnableVariable(*dataSet, 1, false)); });
+        expectRefused([&] { return session.perform(SetTitle(*dataSet, "a")); });
         expectRefused([&] { return session.setLock(*dataSet, "a"), false; });
         expectRefused([&] { return session.createFrame("a", {}) != nullptr; });
-        expectRefused([&] { return session.addFrame(fresh); });
-        expectRefused([&] { return session.deleteFrame(id); });
+        expectRefused([&] { return session.perform(AddFrame(fresh)); });
+        expectRefused([&] { return session.perform(DeleteFrame(id)); });
         expectRefused([&] { return session.activateFrame(id); });
-        expectRefused([&] { return session.renameFrame(id, "a"); });
-        expectRefused([&] { return session.setFrameRectangle(id, {1, 1, 1, 1}); });
+        expectRefused([&] { return session.perform(RenameFrame(id, "a")); });
+        expectRefused([&] { return session.perform(MoveFrame(id, {1, 1, 1, 1})); });
         expectRefused([&] { return session.tileFrames(), false; });
         expectRefused([&] { return session.setFrameDataSet(id, sample::twoPlanes()); });
-        expectRefused([&] { return session.setPlotType(id, PlotType_XYLine); });
-        expectRefused([&] { return session.assignVariable(id, 'U', 1); });
-        expectRefused([&] { return session.setShowMesh(id, true); });
-        expectRefused([&] { return session.createLineMap(id); });
-        expectRefused([&] { return session.deleteLineMaps(id, {1}); });
-        expectRefused([&] { return session.changeLineMaps(id, {1}, [](LineMap& map) { map.name = "a"; }); });
-        expectRefused([&] { return session.setLinePlot(id, 1, 1, 2); });
+        expectRefused([&] { return session.perform(SetPlotType(id, PlotType_XYLine)); });
+        expectRefused([&] { return session.perform(AssignVariable(id, 'U', 1)); });
+        expectRefused([&] { return session.perform(SetPlotOption(id, &Frame::showMesh, true)); });
+        expectRefused([&] { return session.perform(CreateLineMap(id)); });
+        expectRefused([&] { return session.perform(DeleteLineMaps(id, {1})); });
+        expectRefused([&] { return session.perform(ChangeLineMaps(id, {1}, [](LineMap& map) { map.name = "a"; })); });
+        expectRefused([&] { return session.perform(SetLinePlot(id, 1, 1, 2)); });
         expectRefused([&] { return session.openPage({fresh}), false; });
         expectRefused([&] { return session.removeAllPages(), false; });
         expectRefused([&] { return session.clear(), false; });
     });
-    EXPECT_TRUE(session.renameZone(*dataSet, 1, "afterwards"));
+    EXPECT_TRUE(session.perform(RenameZone(*dataSet, 1, "afterwards")));
 }
 
-TEST_F(Operation, LetsFramesBeWalkedMeanwhile)
+TEST_F(OperationTest, LetsFramesBeWalkedMeanwhile)
 {
     whileBusy([&] {
         EXPECT_TRUE(session.startFrameLoop());
@@ -219,7 +227,7 @@ TEST_F(Operation, LetsFramesBeWalkedMeanwhile)
     });
 }
 
-TEST_F(Operation, CarriesStyleWritesOutWhenItHasEnded)
+TEST_F(OperationTest, CarriesStyleWritesOutWhenItHasEnded)
 {
     StyleAddress const exponent{{"Interface", "Data", "InvDistExponent"}};
     whileBusy([&] {

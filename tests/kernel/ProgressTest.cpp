@@ -1,6 +1,4 @@
-#include "kernel/compute/Progress.h"
-
-#include "kernel/compute/Interrupted.h"
+#include "kernel/base/Progress.h"
 
 #include <gtest/gtest.h>
 #include <memory>

@@ -1,6 +1,6 @@
 #include "SampleData.h"
-#include "kernel/compute/Parallel.h"
-#include "kernel/data/RangeOfParts.h"
+#include "kernel/base/Parallel.h"
+#include "kernel/storage/RangeOfParts.h"
 
 #include <atomic>
 #include <gtest/gtest.h>

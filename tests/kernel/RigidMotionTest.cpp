@@ -3,6 +3,10 @@
 #include "SessionFixture.h"
 #include "SpatialData.h"
 #include "kernel/compute/RotateValues.h"
+#include "kernel/operations/DuplicateZones.h"
+#include "kernel/operations/MirrorZones.h"
+#include "kernel/operations/RotateZones.h"
+#include "kernel/operations/SetPlotType.h"
 
 #include <cmath>
 #include <omp.h>
@@ -69,7 +73,7 @@ TEST_P(RigidMotion, KeepsTheMeasureOfEveryCellByRotation)
         all.insert(zone);
         before.push_back(cellMeasures(*dataSet, zone));
     }
-    ASSERT_TRUE(session.rotateZones(*dataSet, all, inSpace, randomAxis(), 180 * next()));
+    ASSERT_TRUE(session.perform(RotateZones(*dataSet, all, inSpace, randomAxis(), 180 * next())));
     for (int const zone : all) {
         std::vector<double> const after = cellMeasures(*dataSet, zone);
         std::vector<double> const& expected = before[static_cast<std::size_t>(zone - 1)];
@@ -89,10 +93,10 @@ TEST_P(RigidMotion, KeepsTheMagnitudeOfVectors)
     };
     int const count = dataSet->zoneCount();
     for (int zone = 1; zone <= count; ++zone) {
-        session.duplicateZones(*dataSet, {zone});
+        session.perform(DuplicateZones(*dataSet, {zone}));
         int const turned = dataSet->zoneCount();
-        ASSERT_TRUE(session.rotateZones(*dataSet, {turned}, inSpace, randomAxis(), 180 * next()));
-        ASSERT_TRUE(session.mirrorZones(frame->id, {turned}, 'Y'));
+        ASSERT_TRUE(session.perform(RotateZones(*dataSet, {turned}, inSpace, randomAxis(), 180 * next())));
+        ASSERT_TRUE(session.perform(MirrorZones(frame->id, {turned}, 'Y')));
         for (std::size_t at = 0; at < static_cast<std::size_t>(dataSet->zone(zone)->pointCount()); ++at) {
             EXPECT_NEAR(magnitude(turned, at), magnitude(zone, at), 1e-15) << "zone " << zone;
             EXPECT_NEAR(magnitude(turned + 1, at), magnitude(zone, at), 1e-15) << "zone " << zone;
@@ -109,14 +113,14 @@ TEST_P(RigidMotion, ThereAndBackGivesTheValuesWithin4Ulp)
         for (int round = 0; round < 20; ++round) {
             start(sample::emptySpace());
             sample::addOrdered(*dataSet, 7, 7, 7, type);
-            session.duplicateZones(*dataSet, {1});
+            session.perform(DuplicateZones(*dataSet, {1}));
             RotationAxis axis = randomAxis();
             axis.origin = round % 2 == 0 ? std::array<double, 3>{} : axis.origin;
             double const degrees = 180 * next();
-            ASSERT_TRUE(session.rotateZones(*dataSet, {2}, inSpace, axis, degrees));
+            ASSERT_TRUE(session.perform(RotateZones(*dataSet, {2}, inSpace, axis, degrees)));
             // What the first rotation has rounded, no second one brings back: its coordinates count as well.
             double const reach = round % 2 == 0 ? 0.0 : largest(2, inSpace.coordinates);
-            ASSERT_TRUE(session.rotateZones(*dataSet, {2}, inSpace, axis, -degrees));
+            ASSERT_TRUE(session.perform(RotateZones(*dataSet, {2}, inSpace, axis, -degrees)));
             for (int variable = 1; variable <= 6; ++variable) {
                 bool const isVector = variable > 3;
                 double const size =
@@ -137,10 +141,10 @@ TEST_P(RigidMotion, ClosesAfterAFullTurnInSteps)
     for (int const steps : {2, 4, 5, 7, 12, 360}) {
         start(sample::emptySpace());
         sample::addOrdered(*dataSet, 5, 5, 5);
-        session.duplicateZones(*dataSet, {1});
+        session.perform(DuplicateZones(*dataSet, {1}));
         RotationAxis const axis = steps % 2 == 0 ? RotationAxis{} : randomAxis();
         for (int step = 0; step < steps; ++step) {
-            ASSERT_TRUE(session.rotateZones(*dataSet, {2}, inSpace, axis, 360.0 / steps));
+            ASSERT_TRUE(session.perform(RotateZones(*dataSet, {2}, inSpace, axis, 360.0 / steps)));
         }
         for (int variable = 1; variable <= 6; ++variable) {
             auto const before = values(*dataSet, 1, variable);
@@ -157,14 +161,14 @@ TEST_P(RigidMotion, DoesNotDependOnTheNumberOfThreads)
 {
     start(sample::emptySpace());
     sample::addOrdered(*dataSet, 20, 25, 30, GetParam() % 2 == 0 ? FieldDataType_Float : FieldDataType_Double);
-    session.duplicateZones(*dataSet, {1});
-    session.assignVariable(frame->id, 'U', 0);
+    session.perform(DuplicateZones(*dataSet, {1}));
+    session.perform(AssignVariable(frame->id, 'U', 0));
     RotationAxis const axis = randomAxis();
     int const threads = omp_get_max_threads();
     omp_set_num_threads(1);
-    ASSERT_TRUE(session.rotateZones(*dataSet, {1}, inSpace, axis, 33));
+    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {1}, inSpace, axis, 33)));
     omp_set_num_threads(5);
-    ASSERT_TRUE(session.rotateZones(*dataSet, {2}, inSpace, axis, 33));
+    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {2}, inSpace, axis, 33)));
     omp_set_num_threads(threads);
     for (int variable = 1; variable <= 7; ++variable) {
         EXPECT_EQ(values(*dataSet, 1, variable), values(*dataSet, 2, variable)) << variable;
@@ -180,7 +184,7 @@ TEST_P(RigidMotion, RoundsAlikeWhereverAPointStands)
             zone->fields.push_back(sample::field(std::vector<double>(1037, 100 * next()), type));
         }
         dataSet->addZone(zone);
-        ASSERT_TRUE(session.rotateZones(*dataSet, {1}, noVector, randomAxis(), 33));
+        ASSERT_TRUE(session.perform(RotateZones(*dataSet, {1}, noVector, randomAxis(), 33)));
         for (int variable = 1; variable <= 3; ++variable) {
             auto const turned = values(*dataSet, 1, variable);
             EXPECT_EQ(turned, std::vector<double>(1037, turned.front())) << type;
@@ -195,7 +199,7 @@ TEST_P(RigidMotion, LosesLittleMoreThanOneRoundingInDouble)
     RotationAxis const axis = randomAxis();
     std::array<std::vector<double>, 3> const before{values(*dataSet, 1, 1), values(*dataSet, 1, 2),
                                                     values(*dataSet, 1, 3)};
-    ASSERT_TRUE(session.rotateZones(*dataSet, {1}, noVector, axis, 33));
+    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {1}, noVector, axis, 33)));
     Rotation const rotation(axis, 33);
     for (std::size_t row = 0; row < 3; ++row) {
         auto const after = values(*dataSet, 1, static_cast<int>(row) + 1);

@@ -1,5 +1,10 @@
+#include "kernel/operations/RotateZones.h"
+
 #include "SampleLoader.h"
 #include "SpatialFixture.h"
+#include "kernel/operations/DeleteVariables.h"
+#include "kernel/operations/DuplicateZones.h"
+#include "kernel/operations/SetValue.h"
 #include "platform/vdsdkbase/VelUtil.h"
 
 #include <climits>
@@ -21,7 +26,7 @@ namespace {
 constexpr double inf = std::numeric_limits<double>::infinity();
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
-class RotateZones : public SpatialFixture
+class RotateZonesTest : public SpatialFixture
 {
 protected:
     /// A zone of one point whose coordinates are of @p type and whose vector is (1, 0, 0).
@@ -47,27 +52,27 @@ protected:
 
 } // namespace
 
-TEST_F(RotateZones, TurnsPointsAndVectorsRightHandedAboutTheAxis)
+TEST_F(RotateZonesTest, TurnsPointsAndVectorsRightHandedAboutTheAxis)
 {
     int const zone = addPoint(3, 2, 7);
-    ASSERT_TRUE(session.rotateZones(*dataSet, {zone}, inSpace, {{1, 2, 9}, {0, 0, 1}}, 90));
+    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {zone}, inSpace, {{1, 2, 9}, {0, 0, 1}}, 90)));
     EXPECT_THAT(point(zone), ElementsAre(1, 4, 7));
     EXPECT_THAT(vector(zone), ElementsAre(0, 1, 0));
     EXPECT_EQ(values(*dataSet, zone, 7)[0], 5);
 }
 
-TEST_F(RotateZones, TellsTheZonesAndVariablesThatHaveOtherValues)
+TEST_F(RotateZonesTest, TellsTheZonesAndVariablesThatHaveOtherValues)
 {
-    ASSERT_TRUE(session.rotateZones(*dataSet, {1}, inSpace, slanting, 10));
+    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {1}, inSpace, slanting, 10)));
     EXPECT_THAT(recorder.take(), ElementsAre("0 zones 1 variables 1 2 3 4 5 6"));
-    ASSERT_TRUE(session.rotateZones(*dataSet, {1}, noVector, aboutX, 10));
+    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {1}, noVector, aboutX, 10)));
     EXPECT_THAT(recorder.take(), ElementsAre("0 zones 1 variables 2 3"));
 }
 
-TEST_F(RotateZones, IsOneStepThatIsTakenBackAndDoneAgain)
+TEST_F(RotateZonesTest, IsOneStepThatIsTakenBackAndDoneAgain)
 {
     std::string const before = withoutHistory();
-    ASSERT_TRUE(session.rotateZones(*dataSet, {1}, inSpace, slanting, 10));
+    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {1}, inSpace, slanting, 10)));
     EXPECT_EQ(session.history().undoName(), "Axial Rotation");
     std::string const event = "0 zones 1 variables 1 2 3 4 5 6";
     for (int round = 0; round < 3; ++round) {
@@ -75,39 +80,39 @@ TEST_F(RotateZones, IsOneStepThatIsTakenBackAndDoneAgain)
     }
 }
 
-TEST_F(RotateZones, CountsTheOldValuesInTheHistory)
+TEST_F(RotateZonesTest, CountsTheOldValuesInTheHistory)
 {
-    ASSERT_TRUE(session.rotateZones(*dataSet, {1}, noVector, slanting, 10));
+    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {1}, noVector, slanting, 10)));
     EXPECT_EQ(session.history().valueBytes(), 3 * 12 * 8);
 }
 
-TEST_F(RotateZones, ChangesNothingByAFullTurn)
+TEST_F(RotateZonesTest, ChangesNothingByAFullTurn)
 {
     std::string const before = stateDigest(session);
     for (double const degrees : {0.0, 360.0, -720.0, 360.0 * 1e12}) {
-        EXPECT_TRUE(session.rotateZones(*dataSet, {1}, inSpace, slanting, degrees));
+        EXPECT_TRUE(session.perform(RotateZones(*dataSet, {1}, inSpace, slanting, degrees)));
     }
     EXPECT_EQ(stateDigest(session), before);
     EXPECT_THAT(recorder.take(), testing::IsEmpty());
 }
 
-TEST_F(RotateZones, LeavesWhatLiesAlongTheAxisShared)
+TEST_F(RotateZonesTest, LeavesWhatLiesAlongTheAxisShared)
 {
     Field const z = field(1, 3);
     Field const scalar = field(1, 7);
-    ASSERT_TRUE(session.rotateZones(*dataSet, {1}, inSpace, aboutZ, 10));
+    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {1}, inSpace, aboutZ, 10)));
     EXPECT_EQ(field(1, 3).group(), z.group());
     EXPECT_EQ(field(1, 7).group(), scalar.group());
 }
 
-TEST_F(RotateZones, WritesToNewStorageForTheGivenZonesOnly)
+TEST_F(RotateZonesTest, WritesToNewStorageForTheGivenZonesOnly)
 {
-    ASSERT_TRUE(session.duplicateZones(*dataSet, {1, 1}));
-    ASSERT_TRUE(session.duplicateZones(*dataSet, {1}));
+    ASSERT_TRUE(session.perform(DuplicateZones(*dataSet, {1, 1})));
+    ASSERT_TRUE(session.perform(DuplicateZones(*dataSet, {1})));
     std::vector<double> const old = values(*dataSet, 1, 1);
     std::string const before = withoutHistory();
     recorder.take();
-    ASSERT_TRUE(session.rotateZones(*dataSet, {1, 3}, noVector, slanting, 10));
+    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {1, 3}, noVector, slanting, 10)));
     EXPECT_EQ(values(*dataSet, 2, 1), old);
     EXPECT_NE(values(*dataSet, 1, 1), old);
     EXPECT_EQ(field(1, 1).group(), field(3, 1).group()) << "computed once, and shared as before";
@@ -121,13 +126,13 @@ TEST_F(RotateZones, WritesToNewStorageForTheGivenZonesOnly)
     EXPECT_EQ(field(1, 1).shareCount(), 3);
 }
 
-TEST_F(RotateZones, TurnsAVectorAboutNoPointAlsoWhereItSharesItsStorageWithThePosition)
+TEST_F(RotateZonesTest, TurnsAVectorAboutNoPointAlsoWhereItSharesItsStorageWithThePosition)
 {
     int const zone = addPoint(3, 2, 7);
     for (int component = 1; component <= 3; ++component) {
         field(zone, 3 + component) = field(zone, component);
     }
-    ASSERT_TRUE(session.rotateZones(*dataSet, {zone}, inSpace, {{1, 2, 9}, {0, 0, 1}}, 90));
+    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {zone}, inSpace, {{1, 2, 9}, {0, 0, 1}}, 90)));
     EXPECT_THAT(point(zone), ElementsAre(1, 4, 7));
     EXPECT_THAT(vector(zone), ElementsAre(-2, 3, 7));
     EXPECT_EQ(field(zone, 3).group(), field(zone, 6).group()) << "what is along the axis is shared as before";
@@ -136,12 +141,12 @@ TEST_F(RotateZones, TurnsAVectorAboutNoPointAlsoWhereItSharesItsStorageWithThePo
     EXPECT_EQ(field(zone, 1).shareCount(), 2);
 }
 
-TEST_F(RotateZones, TurnsComponentsThatShareOneStorage)
+TEST_F(RotateZonesTest, TurnsComponentsThatShareOneStorage)
 {
     int const zone = addPoint(3, 3, 0);
     field(zone, 2) = field(zone, 1);
     field(zone, 7) = field(zone, 1);
-    ASSERT_TRUE(session.rotateZones(*dataSet, {zone}, noVector, aboutZ, 90));
+    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {zone}, noVector, aboutZ, 90)));
     EXPECT_THAT(point(zone), ElementsAre(-3, 3, 0));
     EXPECT_EQ(values(*dataSet, zone, 7)[0], 3) << "not one of the coordinates";
     EXPECT_EQ(field(zone, 7).shareCount(), 1);
@@ -149,22 +154,22 @@ TEST_F(RotateZones, TurnsComponentsThatShareOneStorage)
     EXPECT_EQ(field(zone, 7).shareCount(), 3);
 }
 
-TEST_F(RotateZones, KeepsStorageApartThatWasApart)
+TEST_F(RotateZonesTest, KeepsStorageApartThatWasApart)
 {
-    ASSERT_TRUE(session.duplicateZones(*dataSet, {1}));
+    ASSERT_TRUE(session.perform(DuplicateZones(*dataSet, {1})));
     ShareGroup const& shared = *field(2, 1).group();
     field(2, 1) = Field(shared.branch(shared.buffer()->clone()), ValueLocation_Nodal);
-    ASSERT_TRUE(session.rotateZones(*dataSet, {1, 2}, noVector, slanting, 10));
+    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {1, 2}, noVector, slanting, 10)));
     EXPECT_NE(field(1, 1).group(), field(2, 1).group());
     EXPECT_EQ(values(*dataSet, 1, 1), values(*dataSet, 2, 1));
 }
 
-TEST_F(RotateZones, BringsSharedStorageBackAfterItsOtherUsersHaveGone)
+TEST_F(RotateZonesTest, BringsSharedStorageBackAfterItsOtherUsersHaveGone)
 {
-    ASSERT_TRUE(session.duplicateZones(*dataSet, {1}));
-    ASSERT_TRUE(session.rotateZones(*dataSet, {2}, inSpace, slanting, 10));
+    ASSERT_TRUE(session.perform(DuplicateZones(*dataSet, {1})));
+    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {2}, inSpace, slanting, 10)));
     std::string const before = withoutHistory();
-    ASSERT_TRUE(session.deleteVariables(*dataSet, {1}));
+    ASSERT_TRUE(session.perform(DeleteVariables(*dataSet, {1})));
     ASSERT_TRUE(session.undo());
     EXPECT_EQ(withoutHistory(), before);
     ASSERT_TRUE(session.undo());
@@ -172,7 +177,7 @@ TEST_F(RotateZones, BringsSharedStorageBackAfterItsOtherUsersHaveGone)
     EXPECT_EQ(field(1, 1).group(), field(2, 1).group());
 }
 
-TEST_F(RotateZones, ReadsInterleavedStorage)
+TEST_F(RotateZonesTest, ReadsInterleavedStorage)
 {
     auto const owner = std::make_shared<std::vector<float>>(std::vector<float>{1, 2, 3, 4, 5, 6});
     auto zone = std::make_shared<Zone>("interleaved", ZoneType_Ordered, 2, 1, 1);
@@ -181,7 +186,7 @@ TEST_F(RotateZones, ReadsInterleavedStorage)
         zone->fields.emplace_back(std::make_shared<ShareGroup>(part), ValueLocation_Nodal);
     }
     dataSet->addZone(zone);
-    ASSERT_TRUE(session.rotateZones(*dataSet, {2}, noVector, aboutZ, 90));
+    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {2}, noVector, aboutZ, 90)));
     EXPECT_THAT(values(*dataSet, 2, 1), ElementsAre(-2, -5));
     EXPECT_THAT(values(*dataSet, 2, 2), ElementsAre(1, 4));
     EXPECT_THAT(values(*dataSet, 2, 3), ElementsAre(3, 6));
@@ -189,7 +194,7 @@ TEST_F(RotateZones, ReadsInterleavedStorage)
     EXPECT_THAT(*owner, ElementsAre(1, 2, 3, 4, 5, 6));
 }
 
-TEST_F(RotateZones, StoresWholeNumbersAsFloatingOnesThatHoldThem)
+TEST_F(RotateZonesTest, StoresWholeNumbersAsFloatingOnesThatHoldThem)
 {
     struct Case
     {
@@ -201,7 +206,7 @@ TEST_F(RotateZones, StoresWholeNumbersAsFloatingOnesThatHoldThem)
           Case{FieldDataType_Int32, FieldDataType_Double}, Case{FieldDataType_Int16, FieldDataType_Float},
           Case{FieldDataType_Byte, FieldDataType_Float}, Case{FieldDataType_Bit, FieldDataType_Float}}) {
         int const zone = addPoint(1, 0, 1, types.before);
-        ASSERT_TRUE(session.rotateZones(*dataSet, {zone}, inSpace, aboutZ, 45));
+        ASSERT_TRUE(session.perform(RotateZones(*dataSet, {zone}, inSpace, aboutZ, 45)));
         EXPECT_EQ(field(zone, 1).type(), types.after) << types.before;
         EXPECT_EQ(field(zone, 3).type(), types.before) << "was not turned";
         EXPECT_NEAR(values(*dataSet, zone, 1)[0], std::sqrt(0.5), 1e-7);
@@ -211,28 +216,28 @@ TEST_F(RotateZones, StoresWholeNumbersAsFloatingOnesThatHoldThem)
     }
 }
 
-TEST_F(RotateZones, KeepsThe32BitNumbersThatFloatDoesNotHold)
+TEST_F(RotateZonesTest, KeepsThe32BitNumbersThatFloatDoesNotHold)
 {
     int const zone = addPoint(INT_MAX, INT_MIN, 0, FieldDataType_Int32);
-    ASSERT_TRUE(session.rotateZones(*dataSet, {zone}, inSpace, aboutZ, 180));
+    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {zone}, inSpace, aboutZ, 180)));
     EXPECT_THAT(point(zone), ElementsAre(-2147483647.0, 2147483648.0, 0));
 }
 
-TEST_F(RotateZones, LeavesAPassiveCoordinatePassiveWhereItStaysZero)
+TEST_F(RotateZonesTest, LeavesAPassiveCoordinatePassiveWhereItStaysZero)
 {
     field(1, 3) = Field(FieldDataType_Float, ValueLocation_Nodal);
-    ASSERT_TRUE(session.rotateZones(*dataSet, {1}, inSpace, {{1, 1, 5}, {0, 0, 1}}, 30));
+    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {1}, inSpace, {{1, 1, 5}, {0, 0, 1}}, 30)));
     EXPECT_TRUE(field(1, 3).isPassive());
-    ASSERT_TRUE(session.rotateZones(*dataSet, {1}, inSpace, aboutX, 180));
+    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {1}, inSpace, aboutX, 180)));
     EXPECT_TRUE(field(1, 3).isPassive());
 }
 
-TEST_F(RotateZones, GivesAPassiveCoordinateValuesWhereTheZoneLeavesItsPlane)
+TEST_F(RotateZonesTest, GivesAPassiveCoordinateValuesWhereTheZoneLeavesItsPlane)
 {
     field(1, 3) = Field(FieldDataType_Float, ValueLocation_Nodal);
     std::vector<double> const y = values(*dataSet, 1, 2);
     std::string const before = withoutHistory();
-    ASSERT_TRUE(session.rotateZones(*dataSet, {1}, noVector, aboutX, 90));
+    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {1}, noVector, aboutX, 90)));
     ASSERT_FALSE(field(1, 3).isPassive());
     EXPECT_EQ(field(1, 3).type(), FieldDataType_Float);
     for (std::size_t at = 0; at < y.size(); ++at) {
@@ -244,7 +249,7 @@ TEST_F(RotateZones, GivesAPassiveCoordinateValuesWhereTheZoneLeavesItsPlane)
     expectUndoAndRedo(before, {event}, {event});
 }
 
-TEST_F(RotateZones, CarriesZonesOnALineAroundAnAxisBesideIt)
+TEST_F(RotateZonesTest, CarriesZonesOnALineAroundAnAxisBesideIt)
 {
     auto line = std::make_shared<Zone>("line", ZoneType_Ordered, 3, 1, 1);
     line->fields.resize(7);
@@ -252,7 +257,7 @@ TEST_F(RotateZones, CarriesZonesOnALineAroundAnAxisBesideIt)
     dataSet->addZone(line);
     field(1, 2) = Field();
     field(1, 3) = Field();
-    ASSERT_TRUE(session.rotateZones(*dataSet, {1, 2}, noVector, {{0, 1, 0}, {1, 0, 0}}, 180));
+    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {1, 2}, noVector, {{0, 1, 0}, {1, 0, 0}}, 180)));
     EXPECT_EQ(values(*dataSet, 1, 2), std::vector<double>(12, 2.0));
     EXPECT_EQ(values(*dataSet, 2, 2), std::vector<double>(3, 2.0));
     EXPECT_EQ(field(2, 2).group()->size(), 3) << "not that of the other zone";
@@ -260,7 +265,7 @@ TEST_F(RotateZones, CarriesZonesOnALineAroundAnAxisBesideIt)
     EXPECT_EQ(values(*dataSet, 2, 1)[2], 3);
 }
 
-TEST_F(RotateZones, MakesNoStorageSharedThatWasNot)
+TEST_F(RotateZonesTest, MakesNoStorageSharedThatWasNot)
 {
     for (int zone : {2, 3}) {
         addPoint(1, 2, 3);
@@ -268,18 +273,18 @@ TEST_F(RotateZones, MakesNoStorageSharedThatWasNot)
         field(zone, 2) = Field(FieldDataType_Double, ValueLocation_Nodal);
     }
     field(3, 3) = field(2, 3);
-    ASSERT_TRUE(session.rotateZones(*dataSet, {2, 3}, noVector, {{1, 0, 0}, {0, 0, 1}}, 90));
+    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {2, 3}, noVector, {{1, 0, 0}, {0, 0, 1}}, 90)));
     for (int const variable : {1, 2}) {
         EXPECT_EQ(field(2, variable).shareCount(), 1) << variable;
         EXPECT_EQ(field(3, variable).shareCount(), 1) << variable;
     }
     EXPECT_THAT(point(2), ElementsAre(1, -1, 3));
     EXPECT_THAT(point(3), ElementsAre(1, -1, 3));
-    ASSERT_TRUE(session.setValue(*dataSet, 2, 1, 0, 50, false));
+    ASSERT_TRUE(session.perform(SetValue(*dataSet, 2, 1, 0, 50, false)));
     EXPECT_THAT(point(3), ElementsAre(1, -1, 3)) << "an edit of the other zone";
 }
 
-TEST_F(RotateZones, SharesOnlyTheComponentsThatWereShared)
+TEST_F(RotateZonesTest, SharesOnlyTheComponentsThatWereShared)
 {
     for (int zone : {2, 3}) {
         addPoint(1, 2, 3);
@@ -287,7 +292,7 @@ TEST_F(RotateZones, SharesOnlyTheComponentsThatWereShared)
     }
     field(3, 1) = field(2, 1);
     field(3, 2) = field(2, 2);
-    ASSERT_TRUE(session.rotateZones(*dataSet, {2, 3}, noVector, aboutX, 90));
+    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {2, 3}, noVector, aboutX, 90)));
     EXPECT_EQ(field(2, 1).shareCount(), 2) << "is not turned";
     EXPECT_EQ(field(2, 2).group(), field(3, 2).group());
     EXPECT_EQ(field(2, 2).shareCount(), 2);
@@ -299,33 +304,33 @@ TEST_F(RotateZones, SharesOnlyTheComponentsThatWereShared)
     EXPECT_EQ(field(2, 2).shareCount(), 2);
 }
 
-TEST_F(RotateZones, KeepsTheTypesOfPassiveCoordinatesThatGetValues)
+TEST_F(RotateZonesTest, KeepsTheTypesOfPassiveCoordinatesThatGetValues)
 {
     field(1, 3) = Field(FieldDataType_Float, ValueLocation_Nodal);
-    ASSERT_TRUE(session.duplicateZones(*dataSet, {1}));
+    ASSERT_TRUE(session.perform(DuplicateZones(*dataSet, {1})));
     field(2, 3) = Field(FieldDataType_Double, ValueLocation_Nodal);
-    ASSERT_TRUE(session.rotateZones(*dataSet, {1, 2}, noVector, aboutX, 90));
+    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {1, 2}, noVector, aboutX, 90)));
     EXPECT_EQ(field(1, 3).type(), FieldDataType_Float);
     EXPECT_EQ(field(2, 3).type(), FieldDataType_Double);
 }
 
-TEST_F(RotateZones, LeavesAZoneWithoutCoordinatesOrWithoutAVectorAlone)
+TEST_F(RotateZonesTest, LeavesAZoneWithoutCoordinatesOrWithoutAVectorAlone)
 {
     for (int variable = 1; variable <= 6; ++variable) {
         field(1, variable) = Field();
     }
     std::string const before = stateDigest(session);
-    EXPECT_TRUE(session.rotateZones(*dataSet, {1}, inSpace, slanting, 30));
+    EXPECT_TRUE(session.perform(RotateZones(*dataSet, {1}, inSpace, slanting, 30)));
     EXPECT_EQ(stateDigest(session), before);
     int const zone = addPoint(1, 2, 3);
     recorder.take();
-    EXPECT_TRUE(session.rotateZones(*dataSet, {1, zone}, inSpace, aboutX, 30));
+    EXPECT_TRUE(session.perform(RotateZones(*dataSet, {1, zone}, inSpace, aboutX, 30)));
     EXPECT_THAT(recorder.take(), ElementsAre("0 zones 2 variables 2 3 5 6"));
     EXPECT_TRUE(field(1, 1).isPassive());
     EXPECT_FALSE(field(zone, 2).isPassive());
 }
 
-TEST_F(RotateZones, TurnsVectorsAtTheMiddleOfCells)
+TEST_F(RotateZonesTest, TurnsVectorsAtTheMiddleOfCells)
 {
     auto zone = std::make_shared<Zone>("cells", ZoneType_Ordered, 3, 1, 1);
     zone->fields = {sample::field({0, 1, 2}),
@@ -335,61 +340,69 @@ TEST_F(RotateZones, TurnsVectorsAtTheMiddleOfCells)
                     sample::field({0, 0, 99}, FieldDataType_Double, ValueLocation_CellCentered),
                     Field(FieldDataType_Double, ValueLocation_CellCentered)};
     dataSet->addZone(zone);
-    ASSERT_TRUE(session.rotateZones(*dataSet, {2}, inSpace, aboutZ, 90));
+    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {2}, inSpace, aboutZ, 90)));
     EXPECT_EQ(field(2, 5).location(), ValueLocation_CellCentered);
     EXPECT_EQ(values(*dataSet, 2, 5)[0], 1);
     EXPECT_EQ(values(*dataSet, 2, 5)[1], 2);
     EXPECT_EQ(values(*dataSet, 2, 2)[2], 2);
 }
 
-TEST_F(RotateZones, LoadsTheVectorThatItTurns)
+TEST_F(RotateZonesTest, LoadsTheVectorThatItTurns)
 {
     int const zone = addPoint(3, 2, 7);
     auto const loader = std::make_shared<sample::Loader>(std::vector<double>{1});
     field(zone, 4) = sample::Loader::field(loader);
-    ASSERT_TRUE(session.rotateZones(*dataSet, {zone}, inSpace, aboutZ, 90));
+    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {zone}, inSpace, aboutZ, 90)));
     EXPECT_THAT(vector(zone), ElementsAre(0, 1, 0));
     ASSERT_TRUE(session.undo());
     EXPECT_THAT(vector(zone), ElementsAre(1, 0, 0));
     EXPECT_EQ(loader->loads, 1);
 }
 
-TEST_F(RotateZones, RefusesAVectorWhoseComponentsAreAtDifferentPlaces)
+TEST_F(RotateZonesTest, RefusesAVectorWhoseComponentsAreAtDifferentPlaces)
 {
     field(1, 5) = sample::field(std::vector<double>(12, 1.0), FieldDataType_Float, ValueLocation_CellCentered);
-    expectRefused([&] { return session.rotateZones(*dataSet, {1}, inSpace, slanting, 30); });
+    expectRefused([&] { return session.perform(RotateZones(*dataSet, {1}, inSpace, slanting, 30)); });
     EXPECT_EQ(session.lastError(), "The components of a vector must have their values at the same places.");
-    EXPECT_TRUE(session.rotateZones(*dataSet, {1}, noVector, slanting, 30));
+    EXPECT_TRUE(session.perform(RotateZones(*dataSet, {1}, noVector, slanting, 30)));
     recorder.take();
     field(1, 1) = sample::field({1, 2});
-    expectRefused([&] { return session.rotateZones(*dataSet, {1}, noVector, slanting, 30); });
+    expectRefused([&] { return session.perform(RotateZones(*dataSet, {1}, noVector, slanting, 30)); });
 }
 
-TEST_F(RotateZones, NamesTheAxisThatHasNoVariable)
+TEST_F(RotateZonesTest, NamesTheAxisThatHasNoVariable)
 {
-    expectRefused([&] { return session.rotateZones(*dataSet, {1}, {{1, 2, 0}, {}, true, false}, aboutZ, 30); });
+    expectRefused([&] {
+        return session.perform(RotateZones(*dataSet, {1}, {{1, 2, 0}, {}, true, false}, aboutZ, 30));
+    });
     EXPECT_EQ(session.lastError(), "The Z axis has no variable.");
-    expectRefused([&] { return session.rotateZones(*dataSet, {1}, {{1, 0, 3}, {}, true, false}, aboutZ, 30); });
+    expectRefused([&] {
+        return session.perform(RotateZones(*dataSet, {1}, {{1, 0, 3}, {}, true, false}, aboutZ, 30));
+    });
     EXPECT_EQ(session.lastError(), "The Y axis has no variable.");
-    expectRefused([&] { return session.rotateZones(*dataSet, {1}, {{0, 0, 0}, {}, false, false}, aboutZ, 30); });
+    expectRefused([&] {
+        return session.perform(RotateZones(*dataSet, {1}, {{0, 0, 0}, {}, false, false}, aboutZ, 30));
+    });
     EXPECT_EQ(session.lastError(), "The X axis has no variable.");
 }
 
-TEST_F(RotateZones, RefusesAVectorThatIsThePositionButForOneComponent)
+TEST_F(RotateZonesTest, RefusesAVectorThatIsThePositionButForOneComponent)
 {
     for (auto const& vector : {std::array<int, 3>{1, 2, 6}, {1, 5, 3}, {4, 2, 3}}) {
-        expectRefused([&] { return session.rotateZones(*dataSet, {1}, {{1, 2, 3}, vector, true, true}, aboutZ, 30); });
+        expectRefused([&] {
+            return session.perform(RotateZones(*dataSet, {1}, {{1, 2, 3}, vector, true, true}, aboutZ, 30));
+        });
         EXPECT_EQ(session.lastError(), "The spatial and vector variables must be unique.");
     }
 }
 
-TEST_F(RotateZones, LeavesPointsThatAreNotFiniteAsTheyAre)
+TEST_F(RotateZonesTest, LeavesPointsThatAreNotFiniteAsTheyAre)
 {
     auto zone = std::make_shared<Zone>("strange", ZoneType_Ordered, 4, 1, 1);
     zone->fields = {sample::field({1, notANumber, inf, 2}), sample::field({0, 5, 6, -inf}),
                     sample::field({7, notANumber, 8, 9})};
     dataSet->addZone(zone);
-    ASSERT_TRUE(session.rotateZones(*dataSet, {2}, noVector, aboutZ, 90));
+    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {2}, noVector, aboutZ, 90)));
     std::vector<double> const x = values(*dataSet, 2, 1);
     EXPECT_EQ(x[0], 0);
     EXPECT_TRUE(std::isnan(x[1]));
@@ -398,46 +411,46 @@ TEST_F(RotateZones, LeavesPointsThatAreNotFiniteAsTheyAre)
     EXPECT_THAT(values(*dataSet, 2, 2), ElementsAre(1, 5, 6, -inf));
 }
 
-TEST_F(RotateZones, LeavesPointsAsTheyAreWhicheverCoordinateIsNotFinite)
+TEST_F(RotateZonesTest, LeavesPointsAsTheyAreWhicheverCoordinateIsNotFinite)
 {
     for (int strange = 1; strange <= 3; ++strange) {
         int const zone = addPoint(1, 2, 3);
         field(zone, strange) = sample::field({-inf});
         std::vector<double> const before = point(zone);
-        ASSERT_TRUE(session.rotateZones(*dataSet, {zone}, noVector, slanting, 90));
+        ASSERT_TRUE(session.perform(RotateZones(*dataSet, {zone}, noVector, slanting, 90)));
         EXPECT_EQ(point(zone), before) << strange;
     }
 }
 
-TEST_F(RotateZones, TurnsInThePlaneAboutZOnly)
+TEST_F(RotateZonesTest, TurnsInThePlaneAboutZOnly)
 {
     int const zone = addPoint(1, 0, 4);
-    ASSERT_TRUE(session.rotateZones(*dataSet, {zone}, inPlane, {{0, 0, 3}, {0, 0, -2}}, 90));
+    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {zone}, inPlane, {{0, 0, 3}, {0, 0, -2}}, 90)));
     EXPECT_THAT(point(zone), ElementsAre(0, -1, 4));
     EXPECT_THAT(vector(zone), ElementsAre(0, -1, 0));
     recorder.take();
-    expectRefused([&] { return session.rotateZones(*dataSet, {1}, inPlane, aboutX, 30); });
+    expectRefused([&] { return session.perform(RotateZones(*dataSet, {1}, inPlane, aboutX, 30)); });
     SpatialVariables unusedNumbers = inPlane;
     unusedNumbers.coordinates[2] = 99;
     unusedNumbers.vector[2] = -1;
-    EXPECT_TRUE(session.rotateZones(*dataSet, {1}, unusedNumbers, aboutZ, 30));
+    EXPECT_TRUE(session.perform(RotateZones(*dataSet, {1}, unusedNumbers, aboutZ, 30)));
 }
 
-TEST_F(RotateZones, TakesZonesWithoutPoints)
+TEST_F(RotateZonesTest, TakesZonesWithoutPoints)
 {
     auto zone = std::make_shared<Zone>("empty", ZoneType_Ordered, 0, 0, 0);
     zone->fields = {sample::field({}), sample::field({}), Field(), sample::field({}), sample::field({}), Field()};
     dataSet->addZone(zone);
-    ASSERT_TRUE(session.rotateZones(*dataSet, {2}, inSpace, slanting, 30));
+    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {2}, inSpace, slanting, 30)));
     EXPECT_EQ(field(2, 1).group()->buffer()->size(), 0);
     EXPECT_TRUE(session.undo());
 }
 
-TEST_F(RotateZones, RefusesWhatDoesNotFit)
+TEST_F(RotateZonesTest, RefusesWhatDoesNotFit)
 {
     auto const refused = [&](NumberSet const& zones, SpatialVariables const& variables, RotationAxis const& axis,
                              double degrees) {
-        expectRefused([&] { return session.rotateZones(*dataSet, zones, variables, axis, degrees); });
+        expectRefused([&] { return session.perform(RotateZones(*dataSet, zones, variables, axis, degrees)); });
     };
     refused({}, inSpace, aboutZ, 30);
     refused({0}, inSpace, aboutZ, 30);
@@ -456,7 +469,7 @@ TEST_F(RotateZones, RefusesWhatDoesNotFit)
     session.setLock(*dataSet, "somebody");
     recorder.take();
     refused({1}, inSpace, aboutZ, 30);
-    expectRefused([&] { return session.rotateZones(*sample::everyKindOfCells(1), {1}, inSpace, aboutZ, 30); });
+    expectRefused([&] { return session.perform(RotateZones(*sample::everyKindOfCells(1), {1}, inSpace, aboutZ, 30)); });
 }
 
 namespace {

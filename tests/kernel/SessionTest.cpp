@@ -1,4 +1,11 @@
 #include "SessionFixture.h"
+#include "kernel/operations/AddFrame.h"
+#include "kernel/operations/DeleteVariables.h"
+#include "kernel/operations/EnableZone.h"
+#include "kernel/operations/LineMapOperation.h"
+#include "kernel/operations/RenameFrame.h"
+#include "kernel/operations/RenameZone.h"
+#include "kernel/operations/SetPlotType.h"
 
 #include <limits>
 #include <stdexcept>
@@ -30,8 +37,8 @@ public:
 TEST(Session, StartsWithAnEmptyPage)
 {
     Session const session;
-    ASSERT_EQ(session.pages().size(), 1U);
-    EXPECT_EQ(session.activePage(), session.pages().front());
+    ASSERT_EQ(session.pages().all().size(), 1U);
+    EXPECT_EQ(session.activePage(), session.pages().all().front());
     EXPECT_EQ(session.activeFrame(), nullptr);
     EXPECT_EQ(session.activeDataSet(), nullptr);
 }
@@ -39,60 +46,60 @@ TEST(Session, StartsWithAnEmptyPage)
 TEST_F(SessionOperations, RenameAZone)
 {
     std::string const before = withoutHistory();
-    EXPECT_TRUE(session.renameZone(*dataSet, 2, "top \xC3\xA4"));
+    EXPECT_TRUE(session.perform(RenameZone(*dataSet, 2, "top \xC3\xA4")));
     EXPECT_EQ(dataSet->zone(2)->name, "top \xC3\xA4");
     EXPECT_THAT(recorder.take(), ElementsAre("18 zones 2"));
     EXPECT_EQ(session.history().undoName(), "Rename Zone");
     expectUndoAndRedo(before, {"18 zones 2"}, {"18 zones 2"});
-    expectRefused([&] { return session.renameZone(*dataSet, 3, "x"); });
-    expectRefused([&] { return session.renameZone(*dataSet, 0, "x"); });
-    expectRefused([&] { return session.renameZone(*dataSet, 1, ""); });
-    expectRefused([&] { return session.renameZone(*sample::twoPlanes(), 1, "x"); });
+    expectRefused([&] { return session.perform(RenameZone(*dataSet, 3, "x")); });
+    expectRefused([&] { return session.perform(RenameZone(*dataSet, 0, "x")); });
+    expectRefused([&] { return session.perform(RenameZone(*dataSet, 1, "")); });
+    expectRefused([&] { return session.perform(RenameZone(*sample::twoPlanes(), 1, "x")); });
 }
 
 TEST_F(SessionOperations, RenameAVariableAlsoToANameThatIsUsed)
 {
     std::string const before = withoutHistory();
-    EXPECT_TRUE(session.renameVariable(*dataSet, 4, "X"));
+    EXPECT_TRUE(session.perform(RenameVariable(*dataSet, 4, "X")));
     EXPECT_THAT(recorder.take(), ElementsAre("17 variables 4"));
     EXPECT_EQ(session.history().undoName(), "Rename Variable");
     expectUndoAndRedo(before, {"17 variables 4"}, {"17 variables 4"});
-    expectRefused([&] { return session.renameVariable(*dataSet, 6, "x"); });
-    expectRefused([&] { return session.renameVariable(*dataSet, 4, ""); });
+    expectRefused([&] { return session.perform(RenameVariable(*dataSet, 6, "x")); });
+    expectRefused([&] { return session.perform(RenameVariable(*dataSet, 4, "")); });
 }
 
 TEST_F(SessionOperations, EnableAndDisableZonesAndVariables)
 {
     std::string const before = withoutHistory();
-    EXPECT_TRUE(session.setZoneEnabled(*dataSet, 1, false));
+    EXPECT_TRUE(session.perform(EnableZone(*dataSet, 1, false)));
     EXPECT_THAT(recorder.take(), ElementsAre("6 zones 1"));
     EXPECT_EQ(session.history().undoName(), "Disable Zone");
     expectUndoAndRedo(before, {"6 zones 1"}, {"6 zones 1"});
-    EXPECT_TRUE(session.setZoneEnabled(*dataSet, 1, true));
+    EXPECT_TRUE(session.perform(EnableZone(*dataSet, 1, true)));
     EXPECT_EQ(session.history().undoName(), "Enable Zone");
     recorder.take();
     std::string const enabled = withoutHistory();
-    EXPECT_TRUE(session.setVariableEnabled(*dataSet, 3, false));
+    EXPECT_TRUE(session.perform(EnableVariable(*dataSet, 3, false)));
     EXPECT_THAT(recorder.take(), ElementsAre("3 variables 3"));
     EXPECT_EQ(session.history().undoName(), "Disable Variable");
     expectUndoAndRedo(enabled, {"3 variables 3"}, {"3 variables 3"});
-    EXPECT_TRUE(session.setVariableEnabled(*dataSet, 3, true));
+    EXPECT_TRUE(session.perform(EnableVariable(*dataSet, 3, true)));
     EXPECT_EQ(session.history().undoName(), "Enable Variable");
     recorder.take();
-    expectRefused([&] { return session.setZoneEnabled(*dataSet, 3, false); });
-    expectRefused([&] { return session.setVariableEnabled(*dataSet, -7, false); });
+    expectRefused([&] { return session.perform(EnableZone(*dataSet, 3, false)); });
+    expectRefused([&] { return session.perform(EnableVariable(*dataSet, -7, false)); });
 }
 
 TEST_F(SessionOperations, DoNothingWhenTheValueIsThereAlready)
 {
     std::string const before = stateDigest(session);
-    EXPECT_TRUE(session.renameZone(*dataSet, 1, "lower"));
-    EXPECT_TRUE(session.setZoneEnabled(*dataSet, 1, true));
-    EXPECT_TRUE(session.setVariableEnabled(*dataSet, 1, true));
-    EXPECT_TRUE(session.setTitle(*dataSet, "Two planes"));
-    EXPECT_TRUE(session.setPlotType(frame->id, frame->plotType));
-    EXPECT_TRUE(session.setFrameRectangle(frame->id, frame->rectangle));
-    EXPECT_TRUE(session.assignVariable(frame->id, 'X', 1));
+    EXPECT_TRUE(session.perform(RenameZone(*dataSet, 1, "lower")));
+    EXPECT_TRUE(session.perform(EnableZone(*dataSet, 1, true)));
+    EXPECT_TRUE(session.perform(EnableVariable(*dataSet, 1, true)));
+    EXPECT_TRUE(session.perform(SetTitle(*dataSet, "Two planes")));
+    EXPECT_TRUE(session.perform(SetPlotType(frame->id, frame->plotType)));
+    EXPECT_TRUE(session.perform(MoveFrame(frame->id, frame->rectangle)));
+    EXPECT_TRUE(session.perform(AssignVariable(frame->id, 'X', 1)));
     EXPECT_TRUE(session.activateFrame(frame->id));
     session.setLock(*dataSet, "");
     EXPECT_EQ(stateDigest(session), before);
@@ -102,12 +109,12 @@ TEST_F(SessionOperations, DoNothingWhenTheValueIsThereAlready)
 TEST_F(SessionOperations, SetTheTitle)
 {
     std::string const before = withoutHistory();
-    EXPECT_TRUE(session.setTitle(*dataSet, "A much longer title than there was before"));
+    EXPECT_TRUE(session.perform(SetTitle(*dataSet, "A much longer title than there was before")));
     EXPECT_EQ(dataSet->title(), "A much longer title than there was before");
     EXPECT_THAT(recorder.take(), ElementsAre("13"));
     EXPECT_EQ(session.history().undoName(), "Data Set Title");
     expectUndoAndRedo(before, {"13"}, {"13"});
-    expectRefused([&] { return session.setTitle(*sample::twoPlanes(), "x"); });
+    expectRefused([&] { return session.perform(SetTitle(*sample::twoPlanes(), "x")); });
 }
 
 TEST_F(SessionOperations, CreateAFrameAndTakeItBack)
@@ -130,14 +137,14 @@ TEST_F(SessionOperations, RefuseAFrameThatCannotBe)
     double const nan = std::numeric_limits<double>::quiet_NaN();
     expectRefused([&] { return session.createFrame("bad", {0, 0, -1, 1}) != nullptr; });
     expectRefused([&] { return session.createFrame("bad", {nan, 0, 1, 1}) != nullptr; });
-    expectRefused([&] { return session.setFrameRectangle(frame->id, {0, 0, 1, -1}); });
-    expectRefused([&] { return session.setFrameRectangle(noFrame, {0, 0, 1, 1}); });
-    expectRefused([&] { return session.addFrame(nullptr); });
-    expectRefused([&] { return session.addFrame(frame); });
+    expectRefused([&] { return session.perform(MoveFrame(frame->id, {0, 0, 1, -1})); });
+    expectRefused([&] { return session.perform(MoveFrame(noFrame, {0, 0, 1, 1})); });
+    expectRefused([&] { return session.perform(AddFrame(nullptr)); });
+    expectRefused([&] { return session.perform(AddFrame(frame)); });
     session.removeAllPages();
     EXPECT_THAT(recorder.take(), ElementsAre("16", "10"));
     expectRefused([&] { return session.createFrame("bad", {0, 0, 1, 1}) != nullptr; });
-    expectRefused([&] { return session.addFrame(std::make_shared<Frame>("f", Rectangle{})); });
+    expectRefused([&] { return session.perform(AddFrame(std::make_shared<Frame>("f", Rectangle{}))); });
     expectRefused([&] { return session.startFrameLoop(); });
     expectRefused([&] { return session.fitAllFrames(); });
     session.tileFrames();
@@ -149,7 +156,7 @@ TEST_F(SessionOperations, AddAFinishedFrameAndTileThePage)
     std::string const before = withoutHistory();
     auto const added = std::make_shared<Frame>("added", Rectangle{});
     added->dataSet = sample::ordered({"time", "force"}, 10);
-    EXPECT_TRUE(session.addFrame(added));
+    EXPECT_TRUE(session.perform(AddFrame(added)));
     EXPECT_THAT(recorder.take(), ElementsAre("8 frame", "10 frame"));
     EXPECT_EQ(added->plotType, PlotType_XYLine);
     EXPECT_EQ(frame->rectangle.width, 5.5);
@@ -163,7 +170,7 @@ TEST_F(SessionOperations, DeleteFramesAndActivateAnother)
     auto const second = session.createFrame("second", {0, 0, 1, 1});
     recorder.take();
     std::string const before = withoutHistory();
-    EXPECT_TRUE(session.deleteFrame(second->id));
+    EXPECT_TRUE(session.perform(DeleteFrame(second->id)));
     EXPECT_EQ(session.activeFrame(), frame);
     EXPECT_EQ(session.frame(second->id), nullptr);
     EXPECT_EQ(recorder.events().at(0).frame, second->id);
@@ -171,10 +178,10 @@ TEST_F(SessionOperations, DeleteFramesAndActivateAnother)
     EXPECT_THAT(recorder.take(), ElementsAre("9 frame", "10 frame"));
     EXPECT_EQ(session.history().undoName(), "Delete Frame");
     expectUndoAndRedo(before, {"8 frame", "10 frame"}, {"9 frame", "10 frame"});
-    EXPECT_TRUE(session.deleteFrame(frame->id));
+    EXPECT_TRUE(session.perform(DeleteFrame(frame->id)));
     EXPECT_EQ(session.activeFrame(), nullptr);
     EXPECT_THAT(recorder.take(), ElementsAre("9 frame", "10"));
-    expectRefused([&] { return session.deleteFrame(frame->id); });
+    expectRefused([&] { return session.perform(DeleteFrame(frame->id)); });
     EXPECT_TRUE(session.undo());
     EXPECT_EQ(session.activeFrame(), frame);
 }
@@ -193,16 +200,16 @@ TEST_F(SessionOperations, ActivateAFrameWithoutAStep)
 TEST_F(SessionOperations, RenameAndMoveAFrame)
 {
     std::string const before = withoutHistory();
-    EXPECT_TRUE(session.renameFrame(frame->id, "renamed"));
+    EXPECT_TRUE(session.perform(RenameFrame(frame->id, "renamed")));
     EXPECT_THAT(recorder.take(), ElementsAre("11 frame"));
     EXPECT_EQ(session.history().undoName(), "Rename Frame");
     expectUndoAndRedo(before, {"11 frame"}, {"11 frame"});
     std::string const renamed = withoutHistory();
-    EXPECT_TRUE(session.setFrameRectangle(frame->id, {1, 1, 0, 0}));
+    EXPECT_TRUE(session.perform(MoveFrame(frame->id, {1, 1, 0, 0})));
     EXPECT_THAT(recorder.take(), ElementsAre("11 frame"));
     EXPECT_EQ(session.history().undoName(), "Move Frame");
     expectUndoAndRedo(renamed, {"11 frame"}, {"11 frame"});
-    expectRefused([&] { return session.renameFrame(noFrame, "x"); });
+    expectRefused([&] { return session.perform(RenameFrame(noFrame, "x")); });
 }
 
 TEST_F(SessionOperations, TileTheFramesRowByRow)
@@ -219,87 +226,87 @@ TEST_F(SessionOperations, TileTheFramesRowByRow)
 TEST_F(SessionOperations, SetThePlotType)
 {
     std::string const before = withoutHistory();
-    EXPECT_TRUE(session.setPlotType(frame->id, PlotType_Cartesian3D));
+    EXPECT_TRUE(session.perform(SetPlotType(frame->id, PlotType_Cartesian3D)));
     EXPECT_THAT(recorder.take(), ElementsAre("7 PlotType frame"));
     EXPECT_EQ(session.history().undoName(), "Plot Type");
     expectUndoAndRedo(before, {"7 PlotType frame"}, {"7 PlotType frame"});
-    expectRefused([&] { return session.setPlotType(noFrame, PlotType_XYLine); });
-    expectRefused([&] { return session.setPlotType(frame->id, static_cast<PlotType_e>(0)); });
-    expectRefused([&] { return session.setPlotType(frame->id, static_cast<PlotType_e>(6)); });
+    expectRefused([&] { return session.perform(SetPlotType(noFrame, PlotType_XYLine)); });
+    expectRefused([&] { return session.perform(SetPlotType(frame->id, static_cast<PlotType_e>(0))); });
+    expectRefused([&] { return session.perform(SetPlotType(frame->id, static_cast<PlotType_e>(6))); });
 }
 
 TEST_F(SessionOperations, AssignVariablesIn2D)
 {
     ASSERT_EQ(frame->plotType, PlotType_Cartesian2D);
     std::string const before = withoutHistory();
-    EXPECT_TRUE(session.assignVariable(frame->id, 'Y', 4));
+    EXPECT_TRUE(session.perform(AssignVariable(frame->id, 'Y', 4)));
     EXPECT_THAT(recorder.take(), ElementsAre("7 TwoDAxis YVar frame"));
     EXPECT_EQ(frame->axisVariables(), (std::array<int, 3>{1, 4, 0}));
     EXPECT_EQ(session.history().undoName(), "Assign Variable");
     expectUndoAndRedo(before, {"7 TwoDAxis YVar frame"}, {"7 TwoDAxis YVar frame"});
-    EXPECT_TRUE(session.assignVariable(frame->id, 'U', 1));
+    EXPECT_TRUE(session.perform(AssignVariable(frame->id, 'U', 1)));
     EXPECT_EQ(frame->variableNumber('U'), 1);
     EXPECT_THAT(recorder.take(), ElementsAre("7 GlobalTwoDVector UVar frame"));
-    EXPECT_TRUE(session.assignVariable(frame->id, 'C', 0));
+    EXPECT_TRUE(session.perform(AssignVariable(frame->id, 'C', 0)));
     EXPECT_EQ(frame->variableNumber('C'), 0);
     EXPECT_THAT(recorder.take(), ElementsAre("7 GlobalContour Var frame"));
-    expectRefused([&] { return session.assignVariable(frame->id, 'Z', 1); });
+    expectRefused([&] { return session.perform(AssignVariable(frame->id, 'Z', 1)); });
 }
 
 TEST_F(SessionOperations, AssignVariablesIn3D)
 {
-    session.setPlotType(frame->id, PlotType_Cartesian3D);
+    session.perform(SetPlotType(frame->id, PlotType_Cartesian3D));
     recorder.take();
-    EXPECT_TRUE(session.assignVariable(frame->id, 'Z', 5));
+    EXPECT_TRUE(session.perform(AssignVariable(frame->id, 'Z', 5)));
     EXPECT_EQ(frame->axisVariables()[2], 5);
     EXPECT_THAT(recorder.take(), ElementsAre("7 ThreeDAxis ZVar frame"));
-    EXPECT_TRUE(session.assignVariable(frame->id, 'W', 5));
+    EXPECT_TRUE(session.perform(AssignVariable(frame->id, 'W', 5)));
     EXPECT_THAT(recorder.take(), ElementsAre("7 GlobalThreeDVector WVar frame"));
 }
 
 TEST_F(SessionOperations, RefuseAssignmentsThatMakeNoSense)
 {
-    expectRefused([&] { return session.assignVariable(frame->id, 'X', 6); });
-    expectRefused([&] { return session.assignVariable(frame->id, 'X', -1); });
-    expectRefused([&] { return session.assignVariable(frame->id, 'A', 1); });
-    expectRefused([&] { return session.assignVariable(frame->id, '\0', 1); });
-    expectRefused([&] { return session.assignVariable(noFrame, 'X', 1); });
+    expectRefused([&] { return session.perform(AssignVariable(frame->id, 'X', 6)); });
+    expectRefused([&] { return session.perform(AssignVariable(frame->id, 'X', -1)); });
+    expectRefused([&] { return session.perform(AssignVariable(frame->id, 'A', 1)); });
+    expectRefused([&] { return session.perform(AssignVariable(frame->id, '\0', 1)); });
+    expectRefused([&] { return session.perform(AssignVariable(noFrame, 'X', 1)); });
     auto const empty = session.createFrame("empty", {});
     recorder.take();
-    expectRefused([&] { return session.assignVariable(empty->id, 'X', 1); });
+    expectRefused([&] { return session.perform(AssignVariable(empty->id, 'X', 1)); });
 }
 
 TEST_F(SessionOperations, ShowAndHideLayers)
 {
     std::string const before = withoutHistory();
-    EXPECT_TRUE(session.setShowContour(frame->id, false));
+    EXPECT_TRUE(session.perform(SetPlotOption(frame->id, &Frame::showContour, false)));
     EXPECT_THAT(recorder.take(), ElementsAre("7 FieldLayers ShowContour frame"));
     EXPECT_EQ(session.history().undoName(), "Contour");
     expectUndoAndRedo(before, {"7 FieldLayers ShowContour frame"}, {"7 FieldLayers ShowContour frame"});
-    EXPECT_TRUE(session.setShowMesh(frame->id, true));
+    EXPECT_TRUE(session.perform(SetPlotOption(frame->id, &Frame::showMesh, true)));
     EXPECT_EQ(session.history().undoName(), "Mesh");
-    EXPECT_TRUE(session.setShowLines(frame->id, false));
-    EXPECT_TRUE(session.setShowSymbols(frame->id, true));
+    EXPECT_TRUE(session.perform(SetPlotOption(frame->id, &Frame::showLines, false)));
+    EXPECT_TRUE(session.perform(SetPlotOption(frame->id, &Frame::showSymbols, true)));
     EXPECT_THAT(recorder.take(), ElementsAre("7 FieldLayers ShowMesh frame", "7 LinePlotLayers ShowLines frame",
                                              "7 LinePlotLayers ShowSymbols frame"));
-    expectRefused([&] { return session.setShowMesh(noFrame, true); });
+    expectRefused([&] { return session.perform(SetPlotOption(noFrame, &Frame::showMesh, true)); });
 }
 
 TEST_F(SessionOperations, StretchTheAxes)
 {
     std::string const before = withoutHistory();
-    EXPECT_TRUE(session.setStretchAxes(frame->id, true));
+    EXPECT_TRUE(session.perform(SetPlotOption(frame->id, &Frame::stretchAxes, true)));
     EXPECT_TRUE(frame->stretchAxes);
     EXPECT_THAT(recorder.take(), ElementsAre("7 FieldAxes Stretch frame"));
     EXPECT_EQ(session.history().undoName(), "Stretch Axes");
     expectUndoAndRedo(before, {"7 FieldAxes Stretch frame"}, {"7 FieldAxes Stretch frame"});
-    expectRefused([&] { return session.setStretchAxes(noFrame, true); });
+    expectRefused([&] { return session.perform(SetPlotOption(noFrame, &Frame::stretchAxes, true)); });
 }
 
 TEST_F(SessionOperations, SetTheLinePlot)
 {
     std::string const before = withoutHistory();
-    EXPECT_TRUE(session.setLinePlot(frame->id, 2, 4, 5));
+    EXPECT_TRUE(session.perform(SetLinePlot(frame->id, 2, 4, 5)));
     ASSERT_EQ(frame->lineMaps.size(), 1U);
     EXPECT_EQ(frame->lineMaps[0].zone, dataSet->zone(2)->id);
     EXPECT_EQ(frame->lineMaps[0].xVariable, dataSet->variable(4)->id);
@@ -307,52 +314,52 @@ TEST_F(SessionOperations, SetTheLinePlot)
     EXPECT_THAT(recorder.take(), ElementsAre("19 frame"));
     EXPECT_EQ(session.history().undoName(), "Line Map");
     expectUndoAndRedo(before, {"19 frame"}, {"19 frame"});
-    expectRefused([&] { return session.setLinePlot(frame->id, 3, 1, 2); });
-    expectRefused([&] { return session.setLinePlot(frame->id, 1, 0, 2); });
-    expectRefused([&] { return session.setLinePlot(frame->id, 1, 1, 6); });
-    expectRefused([&] { return session.setLinePlot(noFrame, 1, 1, 2); });
+    expectRefused([&] { return session.perform(SetLinePlot(frame->id, 3, 1, 2)); });
+    expectRefused([&] { return session.perform(SetLinePlot(frame->id, 1, 0, 2)); });
+    expectRefused([&] { return session.perform(SetLinePlot(frame->id, 1, 1, 6)); });
+    expectRefused([&] { return session.perform(SetLinePlot(noFrame, 1, 1, 2)); });
 }
 
 TEST_F(SessionOperations, SetTheLinePlotOfAFrameWithoutLineMaps)
 {
-    session.deleteLineMaps(frame->id, {1});
-    EXPECT_TRUE(session.setLinePlot(frame->id, 1, 1, 4));
+    session.perform(DeleteLineMaps(frame->id, {1}));
+    EXPECT_TRUE(session.perform(SetLinePlot(frame->id, 1, 1, 4)));
     EXPECT_EQ(frame->lineMaps.size(), 1U);
 }
 
 TEST_F(SessionOperations, CreateChangeAndDeleteLineMaps)
 {
     std::string const before = withoutHistory();
-    EXPECT_TRUE(session.createLineMap(frame->id));
+    EXPECT_TRUE(session.perform(CreateLineMap(frame->id)));
     EXPECT_EQ(frame->lineMaps.size(), 2U);
     EXPECT_THAT(recorder.take(), ElementsAre("19 frame"));
     expectUndoAndRedo(before, {"19 frame"}, {"19 frame"});
-    EXPECT_TRUE(session.changeLineMaps(frame->id, {1, 2}, [](LineMap& map) { map.active = false; }));
+    EXPECT_TRUE(session.perform(ChangeLineMaps(frame->id, {1, 2}, [](LineMap& map) { map.active = false; })));
     EXPECT_FALSE(frame->lineMaps[1].active);
     recorder.take();
     expectRefused([&] {
-        return session.changeLineMaps(frame->id, {1}, [](LineMap& map) {
+        return session.perform(ChangeLineMaps(frame->id, {1}, [](LineMap& map) {
             map.name = "half done";
             throw std::runtime_error("no");
-        });
+        }));
     });
     EXPECT_EQ(session.lastError(), "no");
-    expectRefused([&] { return session.changeLineMaps(frame->id, {3}, [](LineMap&) {}); });
-    expectRefused([&] { return session.changeLineMaps(frame->id, {}, [](LineMap&) {}); });
-    expectRefused([&] { return session.deleteLineMaps(frame->id, {0}); });
-    EXPECT_TRUE(session.deleteLineMaps(frame->id, {1}));
+    expectRefused([&] { return session.perform(ChangeLineMaps(frame->id, {3}, [](LineMap&) {})); });
+    expectRefused([&] { return session.perform(ChangeLineMaps(frame->id, {}, [](LineMap&) {})); });
+    expectRefused([&] { return session.perform(DeleteLineMaps(frame->id, {0})); });
+    EXPECT_TRUE(session.perform(DeleteLineMaps(frame->id, {1})));
     EXPECT_EQ(frame->lineMaps.size(), 1U);
     EXPECT_THAT(recorder.take(), ElementsAre("19 frame"));
-    EXPECT_TRUE(session.deleteLineMaps(frame->id, {}));
+    EXPECT_TRUE(session.perform(DeleteLineMaps(frame->id, {})));
     EXPECT_THAT(recorder.take(), IsEmpty());
 }
 
 TEST_F(SessionOperations, ReplaceThePageAndForgetTheHistory)
 {
-    session.renameZone(*dataSet, 1, "x");
+    session.perform(RenameZone(*dataSet, 1, "x"));
     recorder.take();
     session.clear();
-    EXPECT_EQ(session.pages().size(), 1U);
+    EXPECT_EQ(session.pages().all().size(), 1U);
     EXPECT_EQ(session.activeFrame(), nullptr);
     EXPECT_FALSE(session.history().canUndo());
     EXPECT_THAT(recorder.take(), ElementsAre("16", "10"));
@@ -377,7 +384,7 @@ TEST_F(SessionOperations, GiveAFrameADataSetWithoutAStep)
     recorder.take();
     EXPECT_TRUE(session.setFrameDataSet(second->id, dataSet));
     EXPECT_THAT(recorder.take(), ElementsAre("12 frame"));
-    EXPECT_EQ(session.framesOf(*dataSet).size(), 2U);
+    EXPECT_EQ(session.pages().framesOf(*dataSet).size(), 2U);
     EXPECT_EQ(session.history().undoName(), "New Frame");
     expectRefused([&] { return session.setFrameDataSet(second->id, nullptr); });
     expectRefused([&] { return session.setFrameDataSet(noFrame, dataSet); });
@@ -385,7 +392,7 @@ TEST_F(SessionOperations, GiveAFrameADataSetWithoutAStep)
 
 TEST_F(SessionOperations, ForgetTheStepsOfADataSetThatNobodyShowsAnyMore)
 {
-    session.renameZone(*dataSet, 1, "x");
+    session.perform(RenameZone(*dataSet, 1, "x"));
     auto const second = session.createFrame("second", {});
     session.setFrameDataSet(second->id, dataSet);
     session.setFrameDataSet(frame->id, sample::twoPlanes());
@@ -419,10 +426,10 @@ TEST_F(SessionOperations, WalkPastFramesThatHaveGone)
     auto const second = session.createFrame("second", {});
     auto const third = session.createFrame("third", {});
     session.startFrameLoop();
-    session.deleteFrame(second->id);
+    session.perform(DeleteFrame(second->id));
     EXPECT_TRUE(session.nextFrameInLoop());
     EXPECT_EQ(session.activeFrame(), third);
-    session.deleteFrame(third->id);
+    session.perform(DeleteFrame(third->id));
     EXPECT_EQ(session.activeFrame(), frame) << "who has gone counts as active no more";
     session.endFrameLoop();
 }
@@ -475,8 +482,8 @@ TEST_F(SessionOperations, MakeOneStepOfAGroup)
 {
     std::string const before = withoutHistory();
     session.history().beginGroup("Both");
-    session.renameZone(*dataSet, 1, "x");
-    session.deleteVariables(*dataSet, {5});
+    session.perform(RenameZone(*dataSet, 1, "x"));
+    session.perform(DeleteVariables(*dataSet, {5}));
     EXPECT_FALSE(session.undo());
     session.history().endGroup();
     EXPECT_EQ(session.history().undoName(), "Both");
@@ -497,7 +504,7 @@ TEST_F(SessionOperations, SurviveAListenerThatUndoesWhatItHears)
             session.undo();
         }
     });
-    EXPECT_TRUE(session.deleteVariables(*dataSet, {1}));
+    EXPECT_TRUE(session.perform(DeleteVariables(*dataSet, {1})));
     EXPECT_EQ(withoutHistory(), before);
     EXPECT_TRUE(session.history().canRedo());
 }

@@ -1,6 +1,7 @@
 #include "SpatialData.h"
 
 #include "SampleData.h"
+#include "kernel/operations/SetPlotType.h"
 
 #include <numeric>
 
@@ -162,10 +163,10 @@ std::shared_ptr<Frame> show(Session& session, std::shared_ptr<DataSet> const& da
     auto frame = std::make_shared<Frame>("Frame 1", Rectangle{});
     frame->dataSet = dataSet;
     session.openPage({frame});
-    session.setPlotType(frame->id, PlotType_Cartesian3D);
+    session.perform(SetPlotType(frame->id, PlotType_Cartesian3D));
     for (int component = 0; component < 3; ++component) {
-        session.assignVariable(frame->id, static_cast<char>('X' + component), 1 + component);
-        session.assignVariable(frame->id, static_cast<char>('U' + component), 4 + component);
+        session.perform(AssignVariable(frame->id, static_cast<char>('X' + component), 1 + component));
+        session.perform(AssignVariable(frame->id, static_cast<char>('U' + component), 4 + component));
     }
     session.history().clear();
     return frame;

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "kernel/compute/Rotation.h"
-#include "kernel/data/SpatialVariables.h"
-#include "kernel/frames/Session.h"
+#include "kernel/operations/SpatialVariables.h"
+#include "kernel/session/Session.h"
 
 #include <random>
 

@@ -69,7 +69,7 @@ std::string stateDigest(DataSet const& dataSet)
 std::string stateDigest(Session const& session)
 {
     std::ostringstream out;
-    for (auto const& page : session.pages()) {
+    for (auto const& page : session.pages().all()) {
         out << "page " << page->id << " active " << page->activeFrame << '\n';
         for (auto const& frame : page->frames) {
             addFrame(out, *frame);

@@ -2,7 +2,7 @@
 
 #include "StormModel.h"
 #include "kernel/data/DimensionsLoader.h"
-#include "kernel/data/ValueLoader.h"
+#include "kernel/storage/ValueLoader.h"
 
 namespace storm {
 

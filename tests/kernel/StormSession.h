@@ -1,8 +1,8 @@
 #pragma once
 
 #include "StormLoader.h"
-#include "kernel/compute/Waiter.h"
-#include "kernel/frames/Session.h"
+#include "kernel/base/BackgroundWork.h"
+#include "kernel/session/Session.h"
 
 #include <random>
 

@@ -1,9 +1,12 @@
-#include "kernel/data/UnturnedVectors.h"
+#include "kernel/operations/UnturnedVectors.h"
 
 #include "SampleData.h"
 #include "SessionFixture.h"
 #include "SpatialData.h"
-#include "kernel/data/AxialCopies.h"
+#include "kernel/operations/AxialCopies.h"
+#include "kernel/operations/DuplicateZonesAxially.h"
+#include "kernel/operations/MirrorZones.h"
+#include "kernel/operations/RotateZones.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -103,16 +106,16 @@ TEST_F(UnturnedVectors, AreNamedOnceByEachOperationThatTurnsSomething)
     auto const shown = sample::show(session, data);
     std::string const rest = ": vectors and tensors that were left as they are: \"velocity\", \"stress\". Only the "
                              "frame's vector is transformed.";
-    ASSERT_TRUE(session.rotateZones(*data, {1}, sample::inSpace, sample::aboutX, 30));
+    ASSERT_TRUE(session.perform(RotateZones(*data, {1}, sample::inSpace, sample::aboutX, 30)));
     EXPECT_THAT(remarks, ElementsAre("Axial Rotation" + rest));
     remarks.clear();
     AxialCopies copies;
     copies.count = 2;
     copies.angle = 20;
-    ASSERT_TRUE(session.duplicateZonesAxially(*data, {1}, sample::inSpace, sample::aboutX, copies));
+    ASSERT_TRUE(session.perform(DuplicateZonesAxially(*data, {1}, sample::inSpace, sample::aboutX, copies)));
     EXPECT_THAT(remarks, ElementsAre("Axial Duplication" + rest));
     remarks.clear();
-    ASSERT_TRUE(session.mirrorZones(shown->id, {1}, 'Y'));
+    ASSERT_TRUE(session.perform(MirrorZones(shown->id, {1}, 'Y')));
     EXPECT_THAT(remarks, ElementsAre("Create Mirror Zone" + rest));
     remarks.clear();
     ASSERT_TRUE(session.undo());
@@ -124,15 +127,15 @@ TEST_F(UnturnedVectors, AreNotNamedWhenNothingIsTurned)
 {
     addArray("velocity", 3);
     sample::show(session, data);
-    ASSERT_TRUE(session.rotateZones(*data, {1}, sample::inSpace, sample::aboutX, 360));
-    EXPECT_FALSE(session.rotateZones(*data, {9}, sample::inSpace, sample::aboutX, 30));
+    ASSERT_TRUE(session.perform(RotateZones(*data, {1}, sample::inSpace, sample::aboutX, 360)));
+    EXPECT_FALSE(session.perform(RotateZones(*data, {9}, sample::inSpace, sample::aboutX, 30)));
     EXPECT_THAT(remarks, IsEmpty());
 }
 
 TEST_F(UnturnedVectors, NamesTheFramesVectorTooWhenItIsNotTurned)
 {
     sample::show(session, data);
-    ASSERT_TRUE(session.rotateZones(*data, {1}, sample::noVector, sample::aboutX, 30));
+    ASSERT_TRUE(session.perform(RotateZones(*data, {1}, sample::noVector, sample::aboutX, 30)));
     ASSERT_EQ(remarks.size(), 1U);
     EXPECT_NE(remarks.front().find("\"U, V, W\""), std::string::npos);
 }

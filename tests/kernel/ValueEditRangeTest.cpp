@@ -1,6 +1,7 @@
 // What is known of the range of values when one of them is corrected.
 #include "EditFixture.h"
 #include "SampleLoader.h"
+#include "kernel/operations/LoadVariables.h"
 
 #include <limits>
 #include <map>
@@ -143,7 +144,7 @@ protected:
         loader->mapped = true;
         loader->knownRange = {ValueRange::State::Estimated, -9, 9};
         dataSet->zone(1)->fields[3] = dataSet->zone(2)->fields[3] = sample::Loader::field(loader);
-        session.loadVariables(*dataSet, {1}, {4});
+        session.perform(LoadVariables(*dataSet, {1}, {4}));
     }
 
     std::shared_ptr<sample::Loader> loader = std::make_shared<sample::Loader>(std::vector<double>{1, 2, 3, 4, 5, 6});
@@ -165,7 +166,7 @@ TEST_F(EditMappedValue, TakesExactLimitsForAnEstimateWhenOneOfThemGoes)
 {
     loader->knownRange = {ValueRange::State::Exact, 1, 6};
     dataSet->zone(1)->fields[3] = sample::Loader::field(loader);
-    ASSERT_TRUE(session.loadVariables(*dataSet, {1}, {4}));
+    ASSERT_TRUE(session.perform(LoadVariables(*dataSet, {1}, {4})));
     EXPECT_TRUE(edit(1, 4, 5, -3));
     ValueRange const range = dataSet->zone(1)->range(4);
     EXPECT_EQ(range.state, ValueRange::State::Estimated) << "not gone through";
@@ -180,7 +181,7 @@ TEST_F(EditMappedValue, LeavesARangeUnknownThatIsNot)
 {
     loader->knownRange = {};
     dataSet->zone(1)->fields[3] = sample::Loader::field(loader);
-    ASSERT_TRUE(session.loadVariables(*dataSet, {1}, {4}));
+    ASSERT_TRUE(session.perform(LoadVariables(*dataSet, {1}, {4})));
     EXPECT_TRUE(edit(1, 4, 5, -3));
     EXPECT_FALSE(dataSet->zone(1)->range(4).isValid());
     EXPECT_TRUE(session.undo());

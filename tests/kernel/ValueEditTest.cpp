@@ -3,11 +3,14 @@
 #include "EditFixture.h"
 #include "SampleLoader.h"
 #include "SpatialData.h"
+#include "kernel/base/BackgroundWork.h"
+#include "kernel/base/Progress.h"
 #include "kernel/compute/CopyValues.h"
-#include "kernel/compute/Interrupted.h"
 #include "kernel/compute/Rotation.h"
-#include "kernel/compute/Waiter.h"
-#include "kernel/data/SpatialVariables.h"
+#include "kernel/operations/DuplicateZones.h"
+#include "kernel/operations/RotateZones.h"
+#include "kernel/operations/SetValue.h"
+#include "kernel/operations/SpatialVariables.h"
 
 #include <cmath>
 #include <cstring>
@@ -64,7 +67,7 @@ TEST_F(EditValue, GoesToAllWhoShareTheStorage)
 
 TEST_F(EditValue, BranchesOneOfThreeOff)
 {
-    ASSERT_TRUE(session.duplicateZones(*dataSet, {1}));
+    ASSERT_TRUE(session.perform(DuplicateZones(*dataSet, {1})));
     std::string const before = withoutHistory();
     void const* const memory = field(2, 4).group()->buffer()->data();
     EXPECT_EQ(dataSet->zone(2)->range(4).max, 15);
@@ -89,7 +92,7 @@ TEST_F(EditValue, BranchesOneOfThreeOff)
 TEST_F(EditValue, CopiesNothingForTheSakeOfTheHistory)
 {
     SpatialVariables const inSpace{{1, 2, 4}, {}, true, false};
-    ASSERT_TRUE(session.rotateZones(*dataSet, {1}, inSpace, RotationAxis{{0, 0, 0}, {1, 1, 1}}, 10));
+    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {1}, inSpace, RotationAxis{{0, 0, 0}, {1, 1, 1}}, 10)));
     void const* const memory = field(2, 4).group()->buffer()->data();
     EXPECT_TRUE(edit(2, 4, 1, 3));
     EXPECT_EQ(field(2, 4).group()->buffer()->data(), memory) << "was shared with the first zone before it was turned";
@@ -239,7 +242,7 @@ TEST_F(EditValue, TakesBackEveryPatternOfBits)
     }
     dataSet->zone(1)->fields[0] = Field(std::make_shared<ShareGroup>(buffer), ValueLocation_Nodal);
     for (std::int64_t at = 0; at < 5; ++at) {
-        ASSERT_TRUE(session.setValue(*dataSet, 1, 1, at, 1.25, true));
+        ASSERT_TRUE(session.perform(SetValue(*dataSet, 1, 1, at, 1.25, true)));
     }
     while (session.undo()) {
     }
@@ -266,10 +269,10 @@ TEST_F(EditValue, ReachesTheLastOfThreeThousandMillionValues)
     zone->fields = {Field(std::move(group), ValueLocation_Nodal)};
     large->addZone(zone);
     frame->dataSet = large;
-    EXPECT_TRUE(session.setValue(*large, 1, 1, count - 1, 17, true));
+    EXPECT_TRUE(session.perform(SetValue(*large, 1, 1, count - 1, 17, true)));
     EXPECT_EQ(static_cast<unsigned char*>(mapped)[count - 1], 17);
     EXPECT_EQ(zone->range(1).max, 17);
-    EXPECT_FALSE(session.setValue(*large, 1, 1, count, 17, true));
+    EXPECT_FALSE(session.perform(SetValue(*large, 1, 1, count, 17, true)));
     EXPECT_TRUE(session.undo());
     EXPECT_EQ(static_cast<unsigned char*>(mapped)[count - 1], 0);
     EXPECT_EQ(zone->range(1).max, 0);

@@ -2,7 +2,7 @@
 
 #include "host/KernelBridge.h"
 #include "kernel/data/DataSet.h"
-#include "kernel/frames/Session.h"
+#include "kernel/session/Session.h"
 
 namespace veldraw::gallery {
 

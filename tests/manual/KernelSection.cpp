@@ -9,7 +9,11 @@
 #include "dialogs/models/ZoneListModel.h"
 #include "dialogs/models/ZoneListModelGroupableByStrand.h"
 #include "kernel/data/DataSet.h"
-#include "kernel/frames/Session.h"
+#include "kernel/operations/DeleteVariables.h"
+#include "kernel/operations/DuplicateZones.h"
+#include "kernel/operations/EnableZone.h"
+#include "kernel/operations/RenameZone.h"
+#include "kernel/session/Session.h"
 #include "platform/vdsdkcommon/DataSetQueries.h"
 
 #include <QCheckBox>
@@ -114,9 +118,9 @@ void KernelSection::addActions()
     auto* const secondLine = new QHBoxLayout(moreButtons);
     secondLine->setContentsMargins(0, 0, 0, 0);
     addAction(secondLine, "duplicate", "Duplicate zones",
-              [this] { session().duplicateZones(*session().activeDataSet(), m_zones->value()); });
+              [this] { session().perform(kernel::DuplicateZones(*session().activeDataSet(), m_zones->value())); });
     addAction(secondLine, "delete", "Delete variables",
-              [this] { session().deleteVariables(*session().activeDataSet(), m_variables->value()); });
+              [this] { session().perform(kernel::DeleteVariables(*session().activeDataSet(), m_variables->value())); });
     addAction(secondLine, "undo", "Undo", [] { session().undo(); });
     addAction(secondLine, "redo", "Redo", [] { session().redo(); });
     addWide(moreButtons);
@@ -136,21 +140,21 @@ void KernelSection::rename()
 {
     std::set<int> const zones = m_zones->value();
     for (int const zone : zones)
-        session().renameZone(*session().activeDataSet(), zone, m_newName->value());
+        session().perform(kernel::RenameZone(*session().activeDataSet(), zone, m_newName->value()));
 }
 
 void KernelSection::disableZones()
 {
     std::set<int> const zones = m_zones->value(); // a zone that is disabled leaves the selection
     for (int const zone : zones)
-        session().setZoneEnabled(*session().activeDataSet(), zone, false);
+        session().perform(kernel::EnableZone(*session().activeDataSet(), zone, false));
 }
 
 void KernelSection::enableAll()
 {
     kernel::DataSet& dataSet = *session().activeDataSet();
     for (int zone = 1; zone <= dataSet.zoneCount(); ++zone)
-        session().setZoneEnabled(dataSet, zone, true);
+        session().perform(kernel::EnableZone(dataSet, zone, true));
 }
 
 } // namespace veldraw::gallery

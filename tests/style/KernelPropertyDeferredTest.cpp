@@ -112,7 +112,7 @@ TEST_F(KernelPropertyDeferredTest, TakesTheValueOfAnotherMemberAndDropsItsOwn)
 TEST_F(KernelPropertyDeferredTest, SubmitsAgainWhatIsStillPending)
 {
     {
-        kernel::StyleTree::Operation const operation(sample.tree());
+        kernel::StyleTree::Hold const operation(sample.tree());
         points.setValue(20);
         points.submit();
         points.setValue(8);

@@ -1,6 +1,7 @@
 #include "dialogs/property/KernelProperty.h"
 
 #include "dialogs/property/PropertyDependentRelevance.h"
+#include "kernel/operations/LineMapOperation.h"
 #include "platform/exception/InvalidPropertyValueException.h"
 #include "platform/vdsdkcommon/StateChangeEventObservable.h"
 #include "tests/dialogs/support/FakeStateChange.h"
@@ -296,7 +297,7 @@ TEST_F(KernelPropertyTest, ShowsTheKernelsValueAfterARefusedWriteEvenIfThatHasCh
 
 TEST_F(KernelPropertyTest, TakesAPendingValueWithoutShowingIt)
 {
-    kernel::StyleTree::Operation const operation(sample.tree());
+    kernel::StyleTree::Hold const operation(sample.tree());
     EXPECT_EQ(refusalOf(points, 20LL), "accepted");
     EXPECT_EQ(points.value(), 8);
 }
@@ -324,7 +325,7 @@ TEST_F(KernelPropertyTest, TellsAPendingValueWhenItComesInForce)
 {
     listen();
     {
-        kernel::StyleTree::Operation const operation(sample.tree());
+        kernel::StyleTree::Hold const operation(sample.tree());
         points.setValue(20);
         heard.clear();
     }
@@ -335,7 +336,7 @@ TEST_F(KernelPropertyTest, TellsAPendingValueWhenItComesInForce)
 TEST_F(KernelPropertyTest, WritesAfterAPendingOneEvenWhatLooksEqual)
 {
     {
-        kernel::StyleTree::Operation const operation(sample.tree());
+        kernel::StyleTree::Hold const operation(sample.tree());
         points.setValue(20);
         points.setValue(8);
     }
@@ -345,7 +346,7 @@ TEST_F(KernelPropertyTest, WritesAfterAPendingOneEvenWhatLooksEqual)
 TEST_F(KernelPropertyTest, ComparesAgainOnceAWriteIsInForce)
 {
     {
-        kernel::StyleTree::Operation const operation(sample.tree());
+        kernel::StyleTree::Hold const operation(sample.tree());
         points.setValue(20);
     }
     points.setValue(21);
@@ -421,7 +422,7 @@ TEST_F(KernelPropertyTest, KeepsTheLastKnownValueWhenItsMemberIsGone)
     sample.lineMap(2).yVariable = dataSet.variable(3)->id;
     KernelProperty<long long> variable{CheckedStyleValue(StyleValue("LineMap", "Assign", "YAxisVar"))};
     variable.setOffsets(2, -1);
-    sample.session().deleteLineMaps(sample.frame().id, {2});
+    sample.session().perform(kernel::DeleteLineMaps(sample.frame().id, {2}));
     EXPECT_EQ(variable.value(), 3);
     EXPECT_EQ(refusalOf(variable, 1LL),
               "LineMap, Assign, YAxisVar takes the number of a line map from 1 to 1 as its one offset; 2 is none.");

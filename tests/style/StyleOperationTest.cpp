@@ -1,3 +1,4 @@
+#include "kernel/operations/LineMapOperation.h"
 #include "tests/style/StyleSession.h"
 
 #include <gmock/gmock.h>
@@ -14,7 +15,7 @@ class StyleOperationTest : public testing::Test
 protected:
     StyleSession sample;
     kernel::StyleTree& tree = sample.tree();
-    std::optional<kernel::StyleTree::Operation> operation{std::in_place, tree};
+    std::optional<kernel::StyleTree::Hold> operation{std::in_place, tree};
 };
 
 TEST_F(StyleOperationTest, KeepsTheOldValueUntilTheOperationHasEnded)
@@ -58,7 +59,7 @@ TEST_F(StyleOperationTest, RefusesAtOnceWhatIsNotAllowed)
 TEST_F(StyleOperationTest, EndsWithTheOutermostScope)
 {
     {
-        kernel::StyleTree::Operation const inner(tree);
+        kernel::StyleTree::Hold const inner(tree);
         tree.set({pointsPath}, StyleNumber::ofWhole(20));
     }
     EXPECT_TRUE(tree.isOperationRunning());
@@ -79,7 +80,7 @@ TEST_F(StyleOperationTest, DropsAWriteThatDoesNotFitAnyMore)
     kernel::StyleAddress const thirdVariable{{"LineMap", "Assign", "YAxisVar"}, sample.frame().id, 2};
     EXPECT_EQ(tree.set(thirdVariable, StyleNumber::ofWhole(3)), SetValueReturnCode_Pending);
     tree.set({pointsPath}, StyleNumber::ofWhole(20));
-    ASSERT_TRUE(sample.session().deleteLineMaps(sample.frame().id, {2}));
+    ASSERT_TRUE(sample.session().perform(kernel::DeleteLineMaps(sample.frame().id, {2})));
     operation.reset();
     EXPECT_EQ(sample.frame().lineMaps.size(), 1U);
     EXPECT_EQ(tree.get({pointsPath}).value().whole, 20);
@@ -96,7 +97,7 @@ TEST_F(StyleOperationTest, WritesToTheFrameThatWasActiveThen)
 
 TEST_F(StyleOperationTest, QueuesWhatAListenerWritesWhenThatStartsAnOperation)
 {
-    std::optional<kernel::StyleTree::Operation> next;
+    std::optional<kernel::StyleTree::Hold> next;
     int const subscription = sample.session().events().subscribe([&](kernel::StateChangeEvent const&) {
         if (!next)
             next.emplace(tree);

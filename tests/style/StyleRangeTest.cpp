@@ -1,4 +1,4 @@
-#include "kernel/data/Text.h"
+#include "kernel/base/Text.h"
 #include "kernel/style/StyleRange.h"
 
 #include <cmath>

@@ -1,6 +1,7 @@
 #include "tests/style/StyleSession.h"
 
 #include "host/KernelBridge.h"
+#include "kernel/operations/LineMapOperation.h"
 
 #include <utility>
 
@@ -37,7 +38,7 @@ StyleSession::StyleSession()
     restoreStartValues();
     m_frame = addFrame();
     while (m_frame->lineMaps.size() < 2)
-        session().createLineMap(m_frame->id);
+        session().perform(kernel::CreateLineMap(m_frame->id));
     m_subscription = session().events().subscribe([this](kernel::StateChangeEvent const& event) {
         std::string const path = kernel::textOf(event.styleNames);
         m_events.push_back(std::to_string(event.kind) + (path.empty() ? "" : " " + path));

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kernel/frames/Session.h"
+#include "kernel/session/Session.h"
 #include "kernel/style/StyleTree.h"
 
 #include <string>

@@ -1,3 +1,4 @@
+#include "kernel/operations/LineMapOperation.h"
 #include "tests/style/StyleSession.h"
 
 #include <cmath>
@@ -267,7 +268,7 @@ TEST_F(StyleTreeTest, AnswersForTheFrameThatIsAskedFor)
     tree.set(ofMap("YAxisVar", 1, first), whole(3));
     std::shared_ptr<kernel::Frame> const second = sample.addFrame();
     if (second->lineMaps.empty())
-        sample.session().createLineMap(second->id);
+        sample.session().perform(kernel::CreateLineMap(second->id));
     tree.set(ofMap("YAxisVar", 1), whole(1));
     EXPECT_EQ(tree.get(ofMap("YAxisVar", 1, first)).value().whole, 3);
     EXPECT_EQ(tree.get(ofMap("YAxisVar", 1, second->id)).value().whole, 1);

@@ -1,4 +1,5 @@
 #include "kernel/api/StyleAccess.h"
+#include "kernel/operations/LineMapOperation.h"
 #include "platform/exception/InvalidArgumentException.h"
 #include "platform/styleproperties/CheckedStyleValue.h"
 #include "platform/vdsdkbase/VelUtilString.h"
@@ -174,7 +175,7 @@ TEST_F(StyleValueTest, NeverWritesSomewhereElseWhenMemoryFailsHalfWay)
     kernel::UniqueId const frame = sample.frame().id;
     sample.addFrame();
     while (sample.session().activeFrame()->lineMaps.empty())
-        sample.session().createLineMap(sample.session().activeFrame()->id);
+        sample.session().perform(kernel::CreateLineMap(sample.session().activeFrame()->id));
     StyleValue dependency(frame, "LineMap", "Assign", "FunctionDependency");
     int appends = 0;
     {

@@ -1,6 +1,6 @@
 #include "tests/support/KernelSpy.h"
 
-#include "kernel/data/NumberSet.h"
+#include "kernel/base/NumberSet.h"
 
 #include <dlfcn.h>
 

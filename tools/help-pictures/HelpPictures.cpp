@@ -2,7 +2,7 @@
 
 #include "app/window/DataOperation.h"
 #include "dialogs/frame/QtDialogAbstract.h"
-#include "kernel/frames/Session.h"
+#include "kernel/session/Session.h"
 
 #include <QAbstractButton>
 #include <QDir>

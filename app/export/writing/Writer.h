@@ -2,7 +2,7 @@
 
 #include "app/export/writing/AtomicFiles.h"
 #include "app/export/writing/ExportError.h"
-#include "kernel/compute/Progress.h"
+#include "kernel/base/Progress.h"
 #include "kernel/data/DataSet.h"
 
 #include <cstdint>

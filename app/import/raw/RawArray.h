@@ -3,8 +3,8 @@
 #include "app/files/FileStamp.h"
 #include "app/import/raw/RawType.h"
 #include "app/import/raw/SharedArray.h"
-#include "kernel/compute/Progress.h"
-#include "kernel/data/Buffer.h"
+#include "kernel/base/Progress.h"
+#include "kernel/storage/Buffer.h"
 
 #include <cstdint>
 #include <memory>

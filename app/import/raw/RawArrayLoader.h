@@ -2,7 +2,7 @@
 
 #include "app/import/raw/RawArray.h"
 #include "app/import/raw/SharedArray.h"
-#include "kernel/data/ValueLoader.h"
+#include "kernel/storage/ValueLoader.h"
 
 namespace veldraw::app {
 

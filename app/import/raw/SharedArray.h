@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kernel/data/Buffer.h"
+#include "kernel/storage/Buffer.h"
 
 #include <functional>
 #include <memory>

@@ -2,7 +2,7 @@
 
 #include "app/files/SizeCheck.h"
 #include "app/import/reading/Deferral.h"
-#include "kernel/data/ShareGroup.h"
+#include "kernel/storage/ShareGroup.h"
 
 #include <memory>
 

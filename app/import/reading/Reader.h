@@ -4,7 +4,7 @@
 #include "app/files/ImportError.h"
 #include "app/import/reading/LoadingPlan.h"
 #include "app/import/zones/ImportedZone.h"
-#include "kernel/compute/Progress.h"
+#include "kernel/base/Progress.h"
 
 #include <string>
 #include <vector>

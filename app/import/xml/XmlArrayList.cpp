@@ -1,6 +1,6 @@
 #include "app/import/xml/XmlArrayList.h"
 
-#include "kernel/data/Buffer.h"
+#include "kernel/storage/Buffer.h"
 
 #include <algorithm>
 #include <cmath>

@@ -3,7 +3,7 @@
 #include "app/import/raw/RawType.h"
 #include "app/import/xml/XmlArrayPrefix.h"
 #include "app/import/xml/XmlTags.h"
-#include "kernel/data/ValueRange.h"
+#include "kernel/storage/ValueRange.h"
 
 #include <cstdint>
 #include <optional>

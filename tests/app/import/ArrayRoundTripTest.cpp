@@ -1,8 +1,12 @@
 #include "app/export/Exporter.h"
 #include "app/vtk/ZoneToVtk.h"
 #include "kernel/compute/Rotation.h"
-#include "kernel/data/SpatialVariables.h"
-#include "kernel/frames/Session.h"
+#include "kernel/operations/DeleteVariables.h"
+#include "kernel/operations/RenameZone.h"
+#include "kernel/operations/RotateZones.h"
+#include "kernel/operations/SetValue.h"
+#include "kernel/operations/SpatialVariables.h"
+#include "kernel/session/Session.h"
 #include "tests/app/import/FileHelpers.h"
 #include "tests/app/import/GridComparison.h"
 #include "tests/app/import/GridSamples.h"
@@ -231,7 +235,7 @@ TEST(ArrayRoundTrip, PutsATurnedVectorTogetherAgain)
     variables.coordinates = {file.number("X"), file.number("Y"), file.number("Z")};
     variables.vector = {file.number("U_X"), file.number("U_Y"), file.number("U_Z")};
     variables.hasVector = true;
-    ASSERT_TRUE(file.session.rotateZones(*file.data, {1}, variables, {{0, 0, 0}, {0, 0, 1}}, 30));
+    ASSERT_TRUE(file.session.perform(kernel::RotateZones(*file.data, {1}, variables, {{0, 0, 0}, {0, 0, 1}}, 30)));
     ASSERT_NE(fieldOf(*file.data, 1, "U_X").group()->buffer()->owner(),
               fieldOf(*file.data, 1, "U_Z").group()->buffer()->owner());
     save(*file.data, folder.path("out.vtu"));
@@ -266,7 +270,7 @@ TEST(ArrayRoundTrip, PutsAnEditedComponentTogetherWithTheOthers)
     auto const grid = gridFor("vts");
     OpenFile file(writeXml(*grid, folder.path("in.vts")));
     for (char const* name : {"U_Y", "U_Y (2)"})
-        ASSERT_TRUE(file.session.setValue(*file.data, 1, file.number(name), 1, 77, false));
+        ASSERT_TRUE(file.session.perform(kernel::SetValue(*file.data, 1, file.number(name), 1, 77, false)));
     save(*file.data, folder.path("out.vts"));
     grid->GetPointData()->GetArray("U")->SetComponent(1, 1, 77);
     grid->GetCellData()->GetArray("U")->SetComponent(1, 1, 77);
@@ -277,8 +281,8 @@ TEST(ArrayRoundTrip, WritesComponentsOneByOneWhenOneOfThemIsGoneOrRenamed)
 {
     TemporaryFolder const folder;
     OpenFile file(writeXml(*tetrahedra(), folder.path("in.vtu")));
-    ASSERT_TRUE(file.session.deleteVariables(*file.data, {file.number("U_Y")}));
-    ASSERT_TRUE(file.session.renameVariable(*file.data, file.number("stress_6 (2)"), "other"));
+    ASSERT_TRUE(file.session.perform(kernel::DeleteVariables(*file.data, {file.number("U_Y")})));
+    ASSERT_TRUE(file.session.perform(kernel::RenameVariable(*file.data, file.number("stress_6 (2)"), "other")));
     save(*file.data, folder.path("out.vtu"));
     auto const found = readByVtk(folder.path("out.vtu"));
     EXPECT_THAT(arraysOf(*found->GetPointData()),
@@ -304,7 +308,7 @@ TEST(ArrayRoundTrip, WritesComponentsOneByOneWhenTheyAreNoLongerOfOneType)
     variables.coordinates = {1, 2, 3};
     variables.vector = {4, 5, 6};
     variables.hasVector = true;
-    ASSERT_TRUE(file.session.rotateZones(*file.data, {1}, variables, {{0, 0, 0}, {0, 0, 1}}, 30));
+    ASSERT_TRUE(file.session.perform(kernel::RotateZones(*file.data, {1}, variables, {{0, 0, 0}, {0, 0, 1}}, 30)));
     save(*file.data, folder.path("out.vts"));
     EXPECT_THAT(arraysOf(*readByVtk(folder.path("out.vts"))->GetPointData()),
                 ::testing::ElementsAre("U_X", "U_Y", "U_Z"));
@@ -314,7 +318,7 @@ TEST(ArrayRoundTrip, LeavesAnArrayApartWhoseNameIsTaken)
 {
     TemporaryFolder const folder;
     OpenFile file(writeXml(*tetrahedra(), folder.path("in.vtu")));
-    ASSERT_TRUE(file.session.renameVariable(*file.data, file.number("one"), "U"));
+    ASSERT_TRUE(file.session.perform(kernel::RenameVariable(*file.data, file.number("one"), "U")));
     save(*file.data, folder.path("out.vtu"));
     auto const found = readByVtk(folder.path("out.vtu"));
     EXPECT_EQ(found->GetPointData()->GetArray("U")->GetNumberOfComponents(), 1);

@@ -1,4 +1,4 @@
-#include "kernel/compute/Interrupted.h"
+#include "kernel/base/Progress.h"
 #include "tests/app/import/FileHelpers.h"
 #include "tests/app/import/WatchedProgress.h"
 

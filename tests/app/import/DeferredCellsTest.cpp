@@ -1,4 +1,5 @@
-#include "kernel/frames/Session.h"
+#include "kernel/operations/LoadVariables.h"
+#include "kernel/session/Session.h"
 #include "tests/app/import/FileHelpers.h"
 #include "tests/app/import/GridSamples.h"
 
@@ -148,7 +149,7 @@ TEST(DeferredCells, ComeWithTheFirstVariableThatIsLoaded)
     session.createFrame("Frame", {});
     auto const dataSet = import(writeXml(*meshEndingWith({}), folder.path("a.vtu")), app::Deferral::Always).dataSet;
     ASSERT_TRUE(session.setFrameDataSet(session.activeFrame()->id, dataSet));
-    ASSERT_TRUE(session.loadVariables(*dataSet, {1}, {dataSet->findVariable("c")}));
+    ASSERT_TRUE(session.perform(kernel::LoadVariables(*dataSet, {1}, {dataSet->findVariable("c")})));
     EXPECT_FALSE(dataSet->zone(1)->isDeferred());
     EXPECT_EQ(dataSet->zone(1)->cellCount(), manyCells);
     EXPECT_TRUE(fieldOf(*dataSet, 1, "c").isLoaded());

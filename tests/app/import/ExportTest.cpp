@@ -1,5 +1,5 @@
 #include "app/export/Exporter.h"
-#include "kernel/compute/Interrupted.h"
+#include "kernel/base/Progress.h"
 #include "tests/app/FullDisk.h"
 #include "tests/app/import/FileHelpers.h"
 #include "tests/app/import/GridSamples.h"

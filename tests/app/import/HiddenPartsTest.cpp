@@ -1,5 +1,7 @@
 #include "app/export/Exporter.h"
-#include "kernel/frames/Session.h"
+#include "kernel/operations/DuplicateZones.h"
+#include "kernel/operations/MirrorZones.h"
+#include "kernel/session/Session.h"
 #include "tests/app/import/FileHelpers.h"
 #include "tests/app/import/GridComparison.h"
 #include "tests/app/import/GridSamples.h"
@@ -289,8 +291,8 @@ TEST(HiddenParts, AreSavedWithEveryKindOfCopyAndReadBack)
     auto const frame = std::make_shared<kernel::Frame>("frame", kernel::Rectangle{});
     session.openPage({frame});
     ASSERT_TRUE(session.setFrameDataSet(frame->id, data));
-    ASSERT_TRUE(session.duplicateZones(*data, {1}));
-    ASSERT_TRUE(session.mirrorZones(frame->id, {1}, 'X'));
+    ASSERT_TRUE(session.perform(kernel::DuplicateZones(*data, {1})));
+    ASSERT_TRUE(session.perform(kernel::MirrorZones(frame->id, {1}, 'X')));
     app::exportDataSet(*data, QString::fromStdString(folder.path("b.vtm")));
     auto const again = import(folder.path("b.vtm")).dataSet;
     ASSERT_EQ(again->zoneCount(), 3);

@@ -1,7 +1,7 @@
 #include "FileHelpers.h"
 #include "app/import/Importer.h"
 #include "app/import/formats/vtkxml/InterruptibleReader.h"
-#include "kernel/compute/Interrupted.h"
+#include "kernel/base/Progress.h"
 #include "tests/app/import/WatchedProgress.h"
 
 #include <vtkFloatArray.h>

@@ -2,7 +2,7 @@
 
 #include "app/import/raw/RawArray.h"
 #include "app/import/raw/RawArrayLoader.h"
-#include "kernel/compute/Interrupted.h"
+#include "kernel/base/Progress.h"
 #include "tests/app/import/FileHelpers.h"
 
 #include <csignal>

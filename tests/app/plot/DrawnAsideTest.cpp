@@ -1,5 +1,10 @@
 // Shapes that take long are worked out beside the event loop, while anything can happen to what they belong to.
 #include "app/plot/GeometryWork.h"
+#include "kernel/operations/AddFrame.h"
+#include "kernel/operations/DeleteVariables.h"
+#include "kernel/operations/EnableZone.h"
+#include "kernel/operations/SetPlotType.h"
+#include "kernel/operations/SetValue.h"
 #include "tests/app/plot/PlotTestPage.h"
 #include "tests/app/plot/SampleData.h"
 
@@ -39,7 +44,7 @@ protected:
     // From here on the zone is being worked out.
     void start()
     {
-        ASSERT_TRUE(page.session().setZoneEnabled(*set, 1, true));
+        ASSERT_TRUE(page.session().perform(kernel::EnableZone(*set, 1, true)));
         follow();
         ASSERT_TRUE(page.view().isDrawing());
     }
@@ -91,8 +96,8 @@ TEST_F(DrawnAside, IsKeptWhenColoursMeshOrExtentChange)
     page.picture();
     auto const shape = page.field().zones().at(0)->geometry();
     auto const cells = shape->drawing().GetPolys();
-    ASSERT_TRUE(page.session().assignVariable(page.frame().id, 'C', 1));
-    ASSERT_TRUE(page.session().setShowMesh(page.frame().id, true));
+    ASSERT_TRUE(page.session().perform(kernel::AssignVariable(page.frame().id, 'C', 1)));
+    ASSERT_TRUE(page.session().perform(kernel::SetPlotOption(page.frame().id, &kernel::Frame::showMesh, true)));
     follow();
     EXPECT_FALSE(page.view().isDrawing());
     EXPECT_EQ(page.field().zones().at(0)->geometry(), shape);
@@ -100,8 +105,8 @@ TEST_F(DrawnAside, IsKeptWhenColoursMeshOrExtentChange)
     for (int axis = 0; axis < 3; ++axis)
         distant->zone(1)->fields[static_cast<std::size_t>(axis)].group()->writableBuffer().setValue(7, 4.0);
     set->addZone(distant->zone(1));
-    ASSERT_TRUE(page.session().setZoneEnabled(*set, 2, false));
-    ASSERT_TRUE(page.session().setZoneEnabled(*set, 2, true));
+    ASSERT_TRUE(page.session().perform(kernel::EnableZone(*set, 2, false)));
+    ASSERT_TRUE(page.session().perform(kernel::EnableZone(*set, 2, true)));
     follow();
     EXPECT_FALSE(page.view().isDrawing());
     EXPECT_NE(page.field().zones().at(0)->geometry(), shape);
@@ -112,7 +117,7 @@ TEST_F(DrawnAside, FollowsAnEditOfACoordinateMeanwhile)
 {
     start();
     for (double const x : {-1.0, -2.0, 2.5}) {
-        ASSERT_TRUE(page.session().setValue(*set, 1, 1, 0, x, false));
+        ASSERT_TRUE(page.session().perform(kernel::SetValue(*set, 1, 1, 0, x, false)));
         follow();
     }
     expectAsIfMadeAnew();
@@ -125,7 +130,7 @@ TEST_F(DrawnAside, FollowsAnEditOfACoordinateMeanwhile)
 TEST_F(DrawnAside, FollowsAnEditOfTheContourMeanwhile)
 {
     start();
-    ASSERT_TRUE(page.session().setValue(*set, 1, 4, 0, 20.0, false));
+    ASSERT_TRUE(page.session().perform(kernel::SetValue(*set, 1, 4, 0, 20.0, false)));
     follow();
     expectAsIfMadeAnew();
 }
@@ -133,12 +138,12 @@ TEST_F(DrawnAside, FollowsAnEditOfTheContourMeanwhile)
 TEST_F(DrawnAside, FollowsAnotherContourAndPlotTypeMeanwhile)
 {
     start();
-    ASSERT_TRUE(page.session().assignVariable(page.frame().id, 'C', 1));
+    ASSERT_TRUE(page.session().perform(kernel::AssignVariable(page.frame().id, 'C', 1)));
     follow();
-    ASSERT_TRUE(page.session().assignVariable(page.frame().id, 'C', 4));
-    ASSERT_TRUE(page.session().setPlotType(page.frame().id, PlotType_Cartesian2D));
+    ASSERT_TRUE(page.session().perform(kernel::AssignVariable(page.frame().id, 'C', 4)));
+    ASSERT_TRUE(page.session().perform(kernel::SetPlotType(page.frame().id, PlotType_Cartesian2D)));
     follow();
-    ASSERT_TRUE(page.session().setPlotType(page.frame().id, PlotType_Cartesian3D));
+    ASSERT_TRUE(page.session().perform(kernel::SetPlotType(page.frame().id, PlotType_Cartesian3D)));
     follow();
     expectAsIfMadeAnew();
 }
@@ -146,13 +151,13 @@ TEST_F(DrawnAside, FollowsAnotherContourAndPlotTypeMeanwhile)
 TEST_F(DrawnAside, IsDroppedWhenTheZoneIsHidden)
 {
     start();
-    ASSERT_TRUE(page.session().setZoneEnabled(*set, 1, false));
+    ASSERT_TRUE(page.session().perform(kernel::EnableZone(*set, 1, false)));
     follow();
     EXPECT_FALSE(page.view().isDrawing());
     QTest::qWait(200);
     EXPECT_EQ(page.notice(), QStringLiteral("No zone is enabled."));
     EXPECT_EQ(page.view().frameView(page.frame().id), nullptr);
-    ASSERT_TRUE(page.session().setZoneEnabled(*set, 1, true));
+    ASSERT_TRUE(page.session().perform(kernel::EnableZone(*set, 1, true)));
     expectAsIfMadeAnew();
 }
 
@@ -160,7 +165,7 @@ TEST_F(DrawnAside, IsDroppedWithItsFrame)
 {
     start();
     auto const frame = page.frame().id;
-    ASSERT_TRUE(page.session().deleteFrame(frame));
+    ASSERT_TRUE(page.session().perform(kernel::DeleteFrame(frame)));
     page.view().frameView(frame);
     QTest::qWait(100);
     EXPECT_EQ(page.view().frameView(frame), nullptr);
@@ -171,7 +176,7 @@ TEST_F(DrawnAside, IsDroppedWithItsFrame)
 TEST_F(DrawnAside, IsDroppedWithItsVariables)
 {
     start();
-    ASSERT_TRUE(page.session().deleteVariables(*set, {1}));
+    ASSERT_TRUE(page.session().perform(kernel::DeleteVariables(*set, {1})));
     follow();
     EXPECT_EQ(page.notice(), QStringLiteral("No variable is assigned to the X axis."));
     ASSERT_TRUE(page.session().undo());
@@ -184,7 +189,7 @@ TEST_F(DrawnAside, LeavesTheOtherZonesToBeSeen)
     auto const zone = small->zone(1);
     set->addZone(zone);
     page.view().scheduleRefresh();
-    ASSERT_TRUE(page.session().setZoneEnabled(*set, 1, true));
+    ASSERT_TRUE(page.session().perform(kernel::EnableZone(*set, 1, true)));
     follow();
     ASSERT_TRUE(page.view().isDrawing());
     expectAsIfMadeAnew();
@@ -210,7 +215,7 @@ TEST(DrawnAsideOnALeavingPage, IsGivenUp)
         values = set->field(1, 1)->group()->buffer();
         PlotTestPage page({SampleData::frame("Solid", set, PlotType_Cartesian3D)});
         page.view().scheduleRefresh();
-        ASSERT_TRUE(page.session().setValue(*set, 1, 1, 0, -3.0, false));
+        ASSERT_TRUE(page.session().perform(kernel::SetValue(*set, 1, 1, 0, -3.0, false)));
         page.view().frameView(page.frame().id);
     }
     QTest::qWait(50);

@@ -1,3 +1,4 @@
+#include "kernel/operations/SetValue.h"
 #include "tests/app/plot/PlotTestPage.h"
 #include "tests/app/plot/SampleData.h"
 
@@ -75,7 +76,7 @@ protected:
     void expectShown(int variable, std::int64_t index, double value)
     {
         void const* const memory = values(variable).buffer()->data();
-        ASSERT_TRUE(page.session().setValue(dataSet(), 1, variable, index, value, false));
+        ASSERT_TRUE(page.session().perform(kernel::SetValue(dataSet(), 1, variable, index, value, false)));
         QImage const after = page.plot(0, std::string("edited-") + GetParam().name);
         EXPECT_GT(PlotTestPage::differingPixels(before, after), 100);
         ASSERT_TRUE(page.session().undo());
@@ -112,7 +113,7 @@ TEST_P(EditedValue, OfTheContourIsShownAsInAFreshPictureButTheShapeIsKept)
     int const variable = page.frame().variableNumber('C');
     vtkPoints const* const points = page.field().zones().front()->surface().GetPoints();
     for (double const value : {0.5, 1e3}) {
-        ASSERT_TRUE(page.session().setValue(dataSet(), 1, variable, 1, value, false));
+        ASSERT_TRUE(page.session().perform(kernel::SetValue(dataSet(), 1, variable, 1, value, false)));
         QImage const followed = page.plot();
         EXPECT_EQ(page.field().zones().front()->surface().GetPoints(), points);
         PlotTestPage fresh({SampleData::frame("Data", page.frame().dataSet, GetParam().plotType)});
@@ -154,7 +155,7 @@ TEST(EditedValueOfACurve, IsShownAndTakenBack)
     for (int const variable : {1, 2, 3})
         for (double const value : {0.5, 20.0}) {
             void const* const memory = dataSet.field(1, variable)->group()->buffer()->data();
-            ASSERT_TRUE(page.session().setValue(dataSet, 1, variable, 60, value, false));
+            ASSERT_TRUE(page.session().perform(kernel::SetValue(dataSet, 1, variable, 60, value, false)));
             QImage const after = page.plot(0, "edited-curve");
             EXPECT_GT(PlotTestPage::differingPixels(before, after), 100) << variable << ": " << value;
             ASSERT_TRUE(page.session().undo());
@@ -170,7 +171,7 @@ TEST(EditedValueOfTheContour, IsShownInEveryFrameThatDrawsIt)
         {SampleData::frame("Plane", set, PlotType_Cartesian2D), SampleData::frame("Space", set, PlotType_Cartesian3D)});
     QImage const plane = page.plot(0);
     QImage const space = page.plot(1);
-    ASSERT_TRUE(page.session().setValue(*set, 1, 4, 4, 1e3, false));
+    ASSERT_TRUE(page.session().perform(kernel::SetValue(*set, 1, 4, 4, 1e3, false)));
     EXPECT_GT(PlotTestPage::differingPixels(plane, page.plot(0)), 100);
     EXPECT_GT(PlotTestPage::differingPixels(space, page.plot(1)), 100);
     ASSERT_TRUE(page.session().undo());
@@ -185,7 +186,7 @@ TEST(EditedValueOfTheContour, AtASharpEdgeIsShownOnAllItsSides)
     kernel::DataSet& set = *page.frame().dataSet;
     int const variable = page.frame().variableNumber('C');
     for (std::int64_t point : {0, 1, 15, 63}) {
-        ASSERT_TRUE(page.session().setValue(set, 1, variable, point, 0.25, false));
+        ASSERT_TRUE(page.session().perform(kernel::SetValue(set, 1, variable, point, 0.25, false)));
         QImage const followed = page.plot();
         PlotTestPage fresh({SampleData::frame("Data", page.frame().dataSet, PlotType_Cartesian3D)});
         EXPECT_EQ(PlotTestPage::differingPixels(followed, fresh.plot()), 0) << point;
@@ -202,7 +203,7 @@ TEST(EditedValueOfTheContour, BringsTheLegendWhereThereWereNoValues)
     page.picture();
     QString const gap = QStringLiteral("The contour variable has no values in the enabled zones.");
     EXPECT_EQ(page.notice(), gap);
-    ASSERT_TRUE(page.session().setValue(*set, 1, 4, 4, 7.0, false));
+    ASSERT_TRUE(page.session().perform(kernel::SetValue(*set, 1, 4, 4, 7.0, false)));
     page.picture();
     EXPECT_EQ(page.notice(), QString());
     EXPECT_TRUE(page.field().legend().isShown());

@@ -1,5 +1,8 @@
 #include "app/plot/ColourMap.h"
 #include "app/plot/PlotTheme.h"
+#include "kernel/operations/DeleteVariables.h"
+#include "kernel/operations/EnableZone.h"
+#include "kernel/operations/SetPlotType.h"
 #include "tests/app/plot/PlotTestPage.h"
 #include "tests/app/plot/SampleData.h"
 
@@ -51,7 +54,7 @@ TEST(FieldPlotInSpace, DrawsTheMeshOverTheSurface)
 {
     PlotTestPage page({SampleData::frame("Bent block", SampleData::block(40, 30, 20), PlotType_Cartesian3D)});
     QImage const plain = page.plot();
-    ASSERT_TRUE(page.session().setShowMesh(page.frame().id, true));
+    ASSERT_TRUE(page.session().perform(kernel::SetPlotOption(page.frame().id, &kernel::Frame::showMesh, true)));
     QImage const meshed = page.plot(0, "space-mesh");
     EXPECT_GT(PlotTestPage::pixelsNear(meshed, app::PlotTheme::mesh(), 40),
               PlotTestPage::pixelsNear(plain, app::PlotTheme::mesh(), 40) + 1000);
@@ -60,7 +63,7 @@ TEST(FieldPlotInSpace, DrawsTheMeshOverTheSurface)
 TEST(FieldPlotInSpace, ShowsBricksByTheirOuterFaces)
 {
     PlotTestPage page({SampleData::frame("Bricks", SampleData::bricks(8), PlotType_Cartesian3D)});
-    ASSERT_TRUE(page.session().setShowMesh(page.frame().id, true));
+    ASSERT_TRUE(page.session().perform(kernel::SetPlotOption(page.frame().id, &kernel::Frame::showMesh, true)));
     EXPECT_GT(PlotTestPage::colouredPixels(page.plot(0, "space-bricks")), 20000);
     EXPECT_EQ(page.field().zones().at(0)->cellCount(), 6 * 8 * 8);
 }
@@ -80,7 +83,7 @@ TEST(FieldPlotInSpace, ShowsPolyhedraAndMixedCells)
 TEST(FieldPlotInSpace, ShadesSurfacesWhenTheFloodIsOff)
 {
     PlotTestPage page({SampleData::frame("Bent block", SampleData::block(40, 30, 20), PlotType_Cartesian3D)});
-    ASSERT_TRUE(page.session().setShowContour(page.frame().id, false));
+    ASSERT_TRUE(page.session().perform(kernel::SetPlotOption(page.frame().id, &kernel::Frame::showContour, false)));
     QImage const plot = page.plot(0, "space-shaded");
     EXPECT_GT(PlotTestPage::inkedPixels(plot), 20000);
     EXPECT_LT(PlotTestPage::colouredPixels(plot), 2000);
@@ -111,10 +114,10 @@ TEST(FieldPlotInSpace, KeepsTheViewWhenValuesChangeAndFitsWhenTheExtentDoes)
     PlotTestPage page({SampleData::frame("Bent block", set, PlotType_Cartesian3D)});
     page.drag(page.at(0.4, 0.5), page.at(0.6, 0.4));
     auto const turned = cameraPosition(page.field());
-    ASSERT_TRUE(page.session().assignVariable(page.frame().id, 'C', 1));
+    ASSERT_TRUE(page.session().perform(kernel::AssignVariable(page.frame().id, 'C', 1)));
     page.picture();
     EXPECT_EQ(cameraPosition(page.field()), turned);
-    ASSERT_TRUE(page.session().assignVariable(page.frame().id, 'Z', 4));
+    ASSERT_TRUE(page.session().perform(kernel::AssignVariable(page.frame().id, 'Z', 4)));
     page.picture();
     EXPECT_NE(cameraPosition(page.field()), turned);
 }
@@ -172,7 +175,7 @@ TEST(FieldPlotInPlane, ShowsSeveralZonesOverOneCommonRange)
     PlotTestPage page({SampleData::frame("Two zones", set, PlotType_Cartesian2D)});
     EXPECT_DOUBLE_EQ(page.field().legend().max(), 35.0);
     int const both = PlotTestPage::colouredPixels(page.plot(0, "plane-zones"));
-    ASSERT_TRUE(page.session().setZoneEnabled(*page.frame().dataSet, 2, false));
+    ASSERT_TRUE(page.session().perform(kernel::EnableZone(*page.frame().dataSet, 2, false)));
     page.picture();
     EXPECT_DOUBLE_EQ(page.field().legend().max(), 15.0);
     EXPECT_EQ(page.field().zones().size(), 1U);
@@ -212,7 +215,7 @@ TEST(FieldPlotInSpace, DrawsAZoneWithoutTheContourVariableInShadesOfGrey)
     PlotTestPage page({SampleData::frame("Passive", set, PlotType_Cartesian3D)});
     EXPECT_EQ(page.notice(), QStringLiteral("The contour variable has no values in the enabled zones."));
     EXPECT_FALSE(page.field().legend().isShown());
-    ASSERT_TRUE(page.session().setZoneEnabled(*set, 1, true));
+    ASSERT_TRUE(page.session().perform(kernel::EnableZone(*set, 1, true)));
     QImage const plot = page.plot(0, "space-passive");
     EXPECT_LT(PlotTestPage::colouredPixels(plot.copy(0, 0, 700, plot.height())), 2000)
         << "the zones lie in one place, and the second is drawn over the first";
@@ -281,7 +284,7 @@ TEST(FieldPlot, SaysWhenTheContourVariableIsGoneAndBringsThePictureBackOnUndo)
 {
     PlotTestPage page({SampleData::frame("Sheet", SampleData::sheet(41, 21), PlotType_Cartesian2D)});
     QImage const before = page.plot();
-    ASSERT_TRUE(page.session().deleteVariables(*page.frame().dataSet, {3}));
+    ASSERT_TRUE(page.session().perform(kernel::DeleteVariables(*page.frame().dataSet, {3})));
     QImage const without = page.plot(0, "plane-no-contour");
     EXPECT_EQ(page.notice(), QStringLiteral("No variable is assigned to the contour."));
     EXPECT_GT(PlotTestPage::pixelsNear(without, app::PlotTheme::shade(), 4), 20000);
@@ -294,7 +297,7 @@ TEST(FieldPlot, SaysWhenAnAxisVariableIsGoneAndBringsThePictureBackOnUndo)
 {
     PlotTestPage page({SampleData::frame("Sheet", SampleData::sheet(41, 21), PlotType_Cartesian2D)});
     QImage const before = page.plot();
-    ASSERT_TRUE(page.session().deleteVariables(*page.frame().dataSet, {1}));
+    ASSERT_TRUE(page.session().perform(kernel::DeleteVariables(*page.frame().dataSet, {1})));
     QImage const without = page.plot(0, "plane-no-axis");
     EXPECT_EQ(page.notice(), QStringLiteral("No variable is assigned to the X axis."));
     EXPECT_EQ(PlotTestPage::colouredPixels(without), 0);
@@ -343,8 +346,8 @@ TEST(FieldPlot, SaysWhenNoZoneIsEnabledOrAnAxisHasItsValuesInCells)
 {
     PlotTestPage page({SampleData::frame("Sheet", SampleData::sheet(9, 9), PlotType_Cartesian2D),
                        SampleData::frame("Cells", SampleData::cellSheet(5, 3), PlotType_Cartesian2D)});
-    ASSERT_TRUE(page.session().setZoneEnabled(*page.frame(0).dataSet, 1, false));
-    ASSERT_TRUE(page.session().assignVariable(page.frame(1).id, 'Y', 3));
+    ASSERT_TRUE(page.session().perform(kernel::EnableZone(*page.frame(0).dataSet, 1, false)));
+    ASSERT_TRUE(page.session().perform(kernel::AssignVariable(page.frame(1).id, 'Y', 3)));
     page.picture();
     EXPECT_EQ(page.notice(0), QStringLiteral("No zone is enabled."));
     EXPECT_EQ(page.notice(1), QStringLiteral("The variable on the Y axis has values at cells, not at points."));

@@ -1,6 +1,12 @@
 // What a change leaves as it is in a plot of many zones, and that the picture is as if it had been made anew.
 #include "kernel/compute/Rotation.h"
-#include "kernel/data/SpatialVariables.h"
+#include "kernel/operations/DeleteVariables.h"
+#include "kernel/operations/DuplicateZones.h"
+#include "kernel/operations/EnableZone.h"
+#include "kernel/operations/RotateZones.h"
+#include "kernel/operations/SetPlotType.h"
+#include "kernel/operations/SetValue.h"
+#include "kernel/operations/SpatialVariables.h"
 #include "tests/app/plot/PlotTestPage.h"
 #include "tests/app/plot/SampleData.h"
 
@@ -103,7 +109,7 @@ TEST_P(KeptShapes, StayWhenAZoneIsHiddenAndShownAgain)
     auto const actors = page.field().actors();
     auto const shapes = drawn();
     QImage const before = page.plot();
-    ASSERT_TRUE(page.session().setZoneEnabled(*set, 151, false));
+    ASSERT_TRUE(page.session().perform(kernel::EnableZone(*set, 151, false)));
     page.picture();
     EXPECT_EQ(page.field().zones().size(), tileCount - 1U);
     EXPECT_EQ(page.field().actors(), actors);
@@ -122,7 +128,7 @@ TEST_P(KeptShapes, StayWhenCopiesComeAndGo)
     auto const actors = page.field().actors();
     auto const shapes = drawn();
     QImage const before = page.plot();
-    ASSERT_TRUE(page.session().duplicateZones(*set, set->enabledZones()));
+    ASSERT_TRUE(page.session().perform(kernel::DuplicateZones(*set, set->enabledZones())));
     page.picture();
     EXPECT_EQ(page.field().zones().size(), 2U * tileCount);
     expectAsIfMadeAnew();
@@ -136,16 +142,16 @@ TEST_P(KeptShapes, StayWhenTheContourBecomesAnotherOne)
 {
     auto const shapes = drawn();
     auto const placed = points();
-    ASSERT_TRUE(page.session().assignVariable(page.frame().id, 'C', 5));
+    ASSERT_TRUE(page.session().perform(kernel::AssignVariable(page.frame().id, 'C', 5)));
     page.picture();
     EXPECT_EQ(drawn(), shapes);
     EXPECT_EQ(points(), placed);
     expectAsIfMadeAnew();
-    ASSERT_TRUE(page.session().setShowMesh(page.frame().id, true));
+    ASSERT_TRUE(page.session().perform(kernel::SetPlotOption(page.frame().id, &kernel::Frame::showMesh, true)));
     page.picture();
     EXPECT_EQ(drawn(), shapes);
     expectAsIfMadeAnew();
-    ASSERT_TRUE(page.session().setShowContour(page.frame().id, false));
+    ASSERT_TRUE(page.session().perform(kernel::SetPlotOption(page.frame().id, &kernel::Frame::showContour, false)));
     EXPECT_LT(PlotTestPage::colouredPixels(page.plot()), 2000);
     EXPECT_EQ(points(), placed);
 }
@@ -153,7 +159,7 @@ TEST_P(KeptShapes, StayWhenTheContourBecomesAnotherOne)
 TEST_P(KeptShapes, FollowTheValuesOfOneZoneByItsColoursAlone)
 {
     auto const placed = points();
-    ASSERT_TRUE(page.session().setValue(*set, 77, 4, 4, 30.0, false));
+    ASSERT_TRUE(page.session().perform(kernel::SetValue(*set, 77, 4, 4, 30.0, false)));
     page.picture();
     EXPECT_EQ(points(), placed);
     expectAsIfMadeAnew();
@@ -163,7 +169,7 @@ TEST_P(KeptShapes, AreMadeAnewWhereACoordinateIsEdited)
 {
     auto const placed = points();
     QImage const before = page.plot();
-    ASSERT_TRUE(page.session().setValue(*set, 77, 1, 4, 5.0, false));
+    ASSERT_TRUE(page.session().perform(kernel::SetValue(*set, 77, 1, 4, 5.0, false)));
     page.picture();
     auto const moved = points();
     EXPECT_EQ(std::inner_product(placed.begin(), placed.end(), moved.begin(), 0, std::plus<>(), std::not_equal_to<>()),
@@ -177,9 +183,9 @@ TEST_P(KeptShapes, FollowAnotherExtent)
 {
     QImage const before = page.plot();
     for (int const number : {1, 300})
-        ASSERT_TRUE(page.session().setZoneEnabled(*set, number, false));
+        ASSERT_TRUE(page.session().perform(kernel::EnableZone(*set, number, false)));
     for (int column = 0; column < 20; ++column)
-        ASSERT_TRUE(page.session().setZoneEnabled(*set, 281 + column, false));
+        ASSERT_TRUE(page.session().perform(kernel::EnableZone(*set, 281 + column, false)));
     expectAsIfMadeAnew();
     while (page.session().undo())
         ;
@@ -193,7 +199,8 @@ TEST_P(KeptShapes, FollowARotationAndItsUndo)
     variables.coordinates = {1, 2, 3};
     kernel::RotationAxis axis;
     axis.direction = {0.0, 0.0, 1.0};
-    ASSERT_TRUE(page.session().rotateZones(*set, {140, 150, 160}, variables, axis, 25.0)) << page.session().lastError();
+    ASSERT_TRUE(page.session().perform(kernel::RotateZones(*set, {140, 150, 160}, variables, axis, 25.0)))
+        << page.session().lastError();
     EXPECT_GT(PlotTestPage::differingPixels(before, page.plot()), 20);
     expectAsIfMadeAnew();
     ASSERT_TRUE(page.session().undo());
@@ -206,7 +213,7 @@ TEST_P(KeptShapes, FollowDeletedAxesAndContours)
 {
     QImage const before = page.plot();
     for (int const variable : {1, 5}) {
-        ASSERT_TRUE(page.session().deleteVariables(*set, {variable}));
+        ASSERT_TRUE(page.session().perform(kernel::DeleteVariables(*set, {variable})));
         EXPECT_GT(PlotTestPage::differingPixels(before, page.plot()), 1000);
         ASSERT_TRUE(page.session().undo());
         EXPECT_EQ(PlotTestPage::differingPixels(before, page.plot()), 0);
@@ -218,7 +225,7 @@ TEST_P(KeptShapes, AreTheSameForACopyWithItsCells)
     auto const solid = SampleData::bricks(6);
     PlotTestPage other({frameOf(solid)});
     other.picture();
-    ASSERT_TRUE(other.session().duplicateZones(*solid, {1}));
+    ASSERT_TRUE(other.session().perform(kernel::DuplicateZones(*solid, {1})));
     other.picture();
     ASSERT_EQ(other.field().zones().size(), 2U);
     EXPECT_EQ(other.field().zones()[0]->geometry(), other.field().zones()[1]->geometry());
@@ -240,9 +247,9 @@ TEST(KeptShapesInThePlane, LieOverOneAnotherInTheOrderOfTheZonesAlsoWhenTheyCome
     PlotTestPage page({SampleData::frame("Piled", set, PlotType_Cartesian2D)});
     QImage const before = page.plot();
     for (int const number : {1, 2, 3, 4}) {
-        ASSERT_TRUE(page.session().setZoneEnabled(*set, number, false));
+        ASSERT_TRUE(page.session().perform(kernel::EnableZone(*set, number, false)));
         page.picture();
-        ASSERT_TRUE(page.session().setZoneEnabled(*set, number, true));
+        ASSERT_TRUE(page.session().perform(kernel::EnableZone(*set, number, true)));
         EXPECT_EQ(PlotTestPage::differingPixels(before, page.plot()), 0) << number;
     }
 }

@@ -2,6 +2,7 @@
 #include "app/plot/ColourMap.h"
 #include "app/plot/PlotTheme.h"
 #include "app/plot/TextFit.h"
+#include "kernel/operations/RenameZone.h"
 #include "tests/app/plot/PlotTestPage.h"
 #include "tests/app/plot/SampleData.h"
 
@@ -104,7 +105,7 @@ TEST(Legend, ShowsALongNameWholeAndClearOfTheEdge)
         auto const set = type == PlotType_Cartesian2D ? SampleData::sheet(9, 9) : SampleData::block(9, 9, 9);
         PlotTestPage page({SampleData::frame("Named", set, type)});
         for (std::string const& name : {std::string("p"), std::string("displacement_X"), std::string(longName)}) {
-            ASSERT_TRUE(page.session().renameVariable(*set, set->variableCount(), name));
+            ASSERT_TRUE(page.session().perform(kernel::RenameVariable(*set, set->variableCount(), name)));
             QImage const legend = legendOf(page, "legend-" + name.substr(0, 14) + std::to_string(type));
             EXPECT_EQ(PlotTestPage::inkedPixels(legend.copy(legend.width() - 5, 0, 5, legend.height())), 0) << name;
             EXPECT_GT(PlotTestPage::pixelsNear(legend, app::PlotTheme::text(), 40), name.size() > 1 ? 100 : 5) << name;

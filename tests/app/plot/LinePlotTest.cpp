@@ -1,5 +1,10 @@
 #include "app/plot/LinePoints.h"
 #include "app/plot/PlotTheme.h"
+#include "kernel/operations/DeleteVariables.h"
+#include "kernel/operations/LineMapOperation.h"
+#include "kernel/operations/RenameZone.h"
+#include "kernel/operations/SetPlotType.h"
+#include "kernel/operations/SetValue.h"
 #include "tests/app/plot/PlotTestPage.h"
 #include "tests/app/plot/SampleData.h"
 
@@ -89,10 +94,11 @@ TEST(LinePlot, ShowsLongNamesWhole)
     std::string const time = "simulated physical time since the start of the pump in seconds";
     std::string const force = "time_averaged_axial_force_on_the_first_row_of_blades_in_newtons_Z";
     PlotTestPage page({SampleData::waveFrame(set)}, {420, 380});
-    ASSERT_TRUE(page.session().renameVariable(*set, 1, time));
-    ASSERT_TRUE(page.session().renameVariable(*set, 2, force));
-    ASSERT_TRUE(page.session().deleteLineMaps(page.frame().id, {2}));
-    ASSERT_TRUE(page.session().changeLineMaps(page.frame().id, {1}, [](kernel::LineMap& map) { map.name.clear(); }));
+    ASSERT_TRUE(page.session().perform(kernel::RenameVariable(*set, 1, time)));
+    ASSERT_TRUE(page.session().perform(kernel::RenameVariable(*set, 2, force)));
+    ASSERT_TRUE(page.session().perform(kernel::DeleteLineMaps(page.frame().id, {2})));
+    ASSERT_TRUE(page.session().perform(
+        kernel::ChangeLineMaps(page.frame().id, {1}, [](kernel::LineMap& map) { map.name.clear(); })));
     QImage const plot = page.plot(0, "line-long-names");
     auto const whole = [](std::string text) {
         std::replace(text.begin(), text.end(), '\n', ' ');
@@ -204,7 +210,7 @@ TEST(CurveLegend, IsNotCoveredByWhatIsSaidOfAMissingCurve)
         QImage const plot = page.plot();
         EXPECT_EQ(PlotTestPage::pixelsNear(plot, ground, 4), 0) << width;
         EXPECT_GT(PlotTestPage::pixelsNear(legendIn(plot, page.lines()), app::PlotTheme::text(), 60), 20) << width;
-        ASSERT_TRUE(page.session().deleteLineMaps(page.frame().id, {2}));
+        ASSERT_TRUE(page.session().perform(kernel::DeleteLineMaps(page.frame().id, {2})));
         EXPECT_GT(page.plot().height(), plot.height()) << "the strip goes with the sentence, " << width;
     }
 }
@@ -221,12 +227,12 @@ TEST(LinePlot, ShowsSymbolsInPlaceOfLines)
 {
     PlotTestPage page({SampleData::waveFrame(SampleData::waves(40))});
     QImage const lines = page.plot();
-    ASSERT_TRUE(page.session().setShowSymbols(page.frame().id, true));
-    ASSERT_TRUE(page.session().setShowLines(page.frame().id, false));
+    ASSERT_TRUE(page.session().perform(kernel::SetPlotOption(page.frame().id, &kernel::Frame::showSymbols, true)));
+    ASSERT_TRUE(page.session().perform(kernel::SetPlotOption(page.frame().id, &kernel::Frame::showLines, false)));
     QImage const symbols = page.plot(0, "line-symbols");
     EXPECT_GT(PlotTestPage::pixelsNear(symbols, app::PlotTheme::curve(0), 30), 300);
     EXPECT_GT(PlotTestPage::differingPixels(lines, symbols), 1000);
-    ASSERT_TRUE(page.session().setShowSymbols(page.frame().id, false));
+    ASSERT_TRUE(page.session().perform(kernel::SetPlotOption(page.frame().id, &kernel::Frame::showSymbols, false)));
     page.picture();
     EXPECT_EQ(page.notice(), QStringLiteral("Neither lines nor symbols are switched on."));
 }
@@ -247,7 +253,7 @@ TEST(LinePlot, SaysWhenAVariableIsGoneAndBringsThePictureBackOnUndo)
 {
     PlotTestPage page({SampleData::waveFrame(SampleData::waves(100))});
     QImage const before = page.plot();
-    ASSERT_TRUE(page.session().deleteVariables(*page.frame().dataSet, {1}));
+    ASSERT_TRUE(page.session().perform(kernel::DeleteVariables(*page.frame().dataSet, {1})));
     EXPECT_LT(PlotTestPage::colouredPixels(page.plot(0, "line-no-axis")), 50);
     EXPECT_EQ(page.notice(), QStringLiteral("No variable is assigned to the X axis."));
     ASSERT_TRUE(page.session().undo());
@@ -257,7 +263,7 @@ TEST(LinePlot, SaysWhenAVariableIsGoneAndBringsThePictureBackOnUndo)
 TEST(LinePlot, ShowsTheOtherCurvesWhenOneIsGone)
 {
     PlotTestPage page({SampleData::waveFrame(SampleData::waves(100))});
-    ASSERT_TRUE(page.session().deleteVariables(*page.frame().dataSet, {3}));
+    ASSERT_TRUE(page.session().perform(kernel::DeleteVariables(*page.frame().dataSet, {3})));
     QImage const plot = page.plot(0, "line-one-left");
     EXPECT_GT(PlotTestPage::pixelsNear(plot, app::PlotTheme::curve(0), 30), 800);
     EXPECT_EQ(page.notice(), QStringLiteral("No variable is assigned to the Y axis."));
@@ -303,7 +309,7 @@ protected:
 
     void edit(double value)
     {
-        ASSERT_TRUE(page.session().setValue(*page.frame().dataSet, 1, 2, 60, value, false));
+        ASSERT_TRUE(page.session().perform(kernel::SetValue(*page.frame().dataSet, 1, 2, 60, value, false)));
         page.picture();
     }
 
@@ -374,7 +380,7 @@ TEST_F(LineViewAfterChange, OneThatWasMovedStaysWhileItsCurvesAreGone)
 {
     moveView();
     auto const before = limits();
-    ASSERT_TRUE(page.session().deleteVariables(*page.frame().dataSet, {1}));
+    ASSERT_TRUE(page.session().perform(kernel::DeleteVariables(*page.frame().dataSet, {1})));
     page.picture();
     ASSERT_NE(page.notice(), QString());
     ASSERT_TRUE(page.session().undo());
@@ -387,7 +393,7 @@ TEST_F(LineViewAfterChange, OneThatWasMovedStaysWhenACurveGoes)
     edit(30.0);
     moveView();
     auto const before = limits();
-    ASSERT_TRUE(page.session().deleteVariables(*page.frame().dataSet, {2}));
+    ASSERT_TRUE(page.session().perform(kernel::DeleteVariables(*page.frame().dataSet, {2})));
     page.picture();
     ASSERT_EQ(page.lines().chart().GetNumberOfPlots(), 1);
     EXPECT_EQ(before, limits());
@@ -397,8 +403,8 @@ TEST_F(LineViewAfterChange, OtherVariablesOnAnAxisAreShownWhole)
 {
     moveView();
     kernel::UniqueId const time = page.frame().lineMaps[0].xVariable;
-    ASSERT_TRUE(
-        page.session().changeLineMaps(page.frame().id, {1, 2}, [time](kernel::LineMap& map) { map.yVariable = time; }));
+    ASSERT_TRUE(page.session().perform(
+        kernel::ChangeLineMaps(page.frame().id, {1, 2}, [time](kernel::LineMap& map) { map.yVariable = time; })));
     page.picture();
     EXPECT_GT(limits()[3], 12.0);
     expectFitted();

@@ -1,3 +1,5 @@
+#include "kernel/operations/LoadVariables.h"
+#include "kernel/operations/SetValue.h"
 #include "tests/app/plot/PlotTestPage.h"
 #include "tests/app/plot/SampleData.h"
 
@@ -74,7 +76,7 @@ TEST(PlotOfWhatIsNotLoaded, IsDrawnOnceTheAxisIsLoaded)
     PlotTestPage page({frame});
     page.plot();
     EXPECT_EQ(page.notice(), QStringLiteral("The variable on the X axis is not loaded."));
-    ASSERT_TRUE(page.session().loadVariables(*frame->dataSet, {1}, {variable}));
+    ASSERT_TRUE(page.session().perform(kernel::LoadVariables(*frame->dataSet, {1}, {variable})));
     EXPECT_GT(PlotTestPage::colouredPixels(page.plot()), 10000);
     EXPECT_EQ(page.notice(), QString());
 }
@@ -93,7 +95,7 @@ TEST(PlotOfWhatIsNotLoaded, SaysThatAZoneOfUnknownSizeWaitsAndShowsItOnceItHasCo
     PlotTestPage page({frame});
     page.plot();
     EXPECT_EQ(page.notice(), QStringLiteral("The variable on the X axis is not loaded."));
-    ASSERT_TRUE(page.session().loadVariables(*frame->dataSet, {1}, axes));
+    ASSERT_TRUE(page.session().perform(kernel::LoadVariables(*frame->dataSet, {1}, axes)));
     EXPECT_GT(PlotTestPage::colouredPixels(page.plot()), 10000);
     EXPECT_EQ(page.notice(), QString());
 }
@@ -109,7 +111,7 @@ TEST(PlotOfWhatIsNotLoaded, ShowsTheZonesWithoutTheContourAndSaysSo)
     EXPECT_EQ(
         page.notice(),
         QStringLiteral("The contour variable \"%1\" is not loaded in all zones.").arg(QString::fromStdString(name)));
-    ASSERT_TRUE(page.session().loadVariables(*frame->dataSet, {1}, {variable}));
+    ASSERT_TRUE(page.session().perform(kernel::LoadVariables(*frame->dataSet, {1}, {variable})));
     EXPECT_GT(PlotTestPage::colouredPixels(page.plot()), 10000);
     EXPECT_EQ(page.notice(), QString());
 }
@@ -120,7 +122,7 @@ TEST(PlotOfWhatIsNotLoaded, FollowsTheEditOfOneValue)
     int const variable = frame->variableNumber('C');
     PlotTestPage page({frame});
     QImage const before = page.plot();
-    ASSERT_TRUE(page.session().setValue(*frame->dataSet, 1, variable, 0, 1e3, false));
+    ASSERT_TRUE(page.session().perform(kernel::SetValue(*frame->dataSet, 1, variable, 0, 1e3, false)));
     EXPECT_NE(page.plot(), before);
     ASSERT_TRUE(page.session().undo());
     EXPECT_EQ(page.plot(), before);

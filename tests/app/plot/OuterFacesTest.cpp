@@ -4,7 +4,7 @@
 #include "app/plot/FaceSearch.h"
 #include "app/plot/FiniteElementShape.h"
 #include "app/vtk/ZoneToVtk.h"
-#include "kernel/compute/Interrupted.h"
+#include "kernel/base/Progress.h"
 #include "tests/app/plot/SampleSolid.h"
 
 #include <vtkCellData.h>

@@ -1,4 +1,11 @@
 #include "app/plot/PlotTheme.h"
+#include "kernel/operations/AddFrame.h"
+#include "kernel/operations/DeleteVariables.h"
+#include "kernel/operations/DuplicateZones.h"
+#include "kernel/operations/EnableZone.h"
+#include "kernel/operations/LineMapOperation.h"
+#include "kernel/operations/RenameFrame.h"
+#include "kernel/operations/SetPlotType.h"
 #include "tests/app/plot/PlotTestPage.h"
 #include "tests/app/plot/SampleData.h"
 
@@ -85,7 +92,7 @@ TEST(PageView, TakesAPictureWithoutTheMarksOfWhatIsPicked)
 TEST(PageView, TakesAPictureThatSaysWhatIsMissingInIt)
 {
     PlotTestPage page({SampleData::frame("Sheet", SampleData::sheet(21, 11), PlotType_Cartesian2D)});
-    ASSERT_TRUE(page.session().deleteVariables(*page.frame().dataSet, {1}));
+    ASSERT_TRUE(page.session().perform(kernel::DeleteVariables(*page.frame().dataSet, {1})));
     EXPECT_GT(PlotTestPage::inkedPixels(page.view().takePicture()), 200);
 }
 
@@ -114,11 +121,11 @@ TEST(PageView, ShowsAnotherPictureForAnotherPlotType)
 {
     PlotTestPage page({SampleData::frame("Block", SampleData::block(30, 20, 12), PlotType_Cartesian3D)});
     QImage const space = page.plot();
-    ASSERT_TRUE(page.session().setPlotType(page.frame().id, PlotType_Cartesian2D));
+    ASSERT_TRUE(page.session().perform(kernel::SetPlotType(page.frame().id, PlotType_Cartesian2D)));
     QImage const plane = page.plot(0, "plane-of-block");
     EXPECT_GT(PlotTestPage::differingPixels(space, plane), 20000);
     EXPECT_NE(dynamic_cast<app::FieldView*>(page.view().frameView(page.frame().id)), nullptr);
-    ASSERT_TRUE(page.session().setPlotType(page.frame().id, PlotType_XYLine));
+    ASSERT_TRUE(page.session().perform(kernel::SetPlotType(page.frame().id, PlotType_XYLine)));
     page.picture("line-of-block");
     EXPECT_EQ(dynamic_cast<app::FieldView*>(page.view().frameView(page.frame().id)), nullptr);
     ASSERT_TRUE(page.session().undo());
@@ -132,7 +139,8 @@ TEST(PageView, DrawsOnceInTheNextTurnOfTheLoopHoweverManyEventsCome)
     app::FieldView& view = page.field();
     vtkActor* const actor = view.actors().at(0);
     for (int n = 0; n < 50; ++n)
-        ASSERT_TRUE(page.session().setShowMesh(page.frame().id, n % 2 == 0));
+        ASSERT_TRUE(
+            page.session().perform(kernel::SetPlotOption(page.frame().id, &kernel::Frame::showMesh, n % 2 == 0)));
     EXPECT_EQ(view.actors().at(0), actor) << "nothing is built inside an event";
     int draws = 0;
     vtkNew<vtkCallbackCommand> counter;
@@ -149,7 +157,7 @@ TEST(PageView, FollowsFramesThatComeAndGo)
 {
     PlotTestPage page(twoFrames());
     auto const second = page.frame(1).id;
-    ASSERT_TRUE(page.session().deleteFrame(second));
+    ASSERT_TRUE(page.session().perform(kernel::DeleteFrame(second)));
     page.picture();
     EXPECT_EQ(page.view().frameView(second), nullptr);
     ASSERT_TRUE(page.session().undo());
@@ -174,10 +182,10 @@ TEST(PageView, DrawsCopiesOfZonesInEveryFrameOfTheirDataSetUntilTheyAreUndone)
                                           page.field(2).zones().size()};
     };
     QImage const before = page.plot(1);
-    ASSERT_TRUE(page.session().duplicateZones(*sheet, {1}));
+    ASSERT_TRUE(page.session().perform(kernel::DuplicateZones(*sheet, {1})));
     EXPECT_EQ(drawn(), (std::array<std::size_t, 3>{2, 2, 1}));
     EXPECT_EQ(PlotTestPage::differingPixels(before, page.plot(1)), 0) << "a copy lies where its source lies";
-    ASSERT_TRUE(page.session().setZoneEnabled(*sheet, 1, false));
+    ASSERT_TRUE(page.session().perform(kernel::EnableZone(*sheet, 1, false)));
     EXPECT_EQ(drawn(), (std::array<std::size_t, 3>{1, 1, 1}));
     EXPECT_EQ(PlotTestPage::differingPixels(before, page.plot(1)), 0) << "and shows the same values";
     page.session().undo();
@@ -192,8 +200,8 @@ TEST(PageView, ShowsACurveOfACopyUntilItIsUndone)
 {
     auto const waves = SampleData::waves(30);
     PlotTestPage page({SampleData::waveFrame(waves)});
-    ASSERT_TRUE(page.session().duplicateZones(*waves, {1}));
-    ASSERT_TRUE(page.session().setLinePlot(page.frame().id, 2, 1, 2));
+    ASSERT_TRUE(page.session().perform(kernel::DuplicateZones(*waves, {1})));
+    ASSERT_TRUE(page.session().perform(kernel::SetLinePlot(page.frame().id, 2, 1, 2)));
     page.picture();
     EXPECT_EQ(page.notice(), QString());
     page.session().undo();
@@ -205,8 +213,8 @@ TEST(PageView, ShowsACurveOfACopyUntilItIsUndone)
 TEST(PageView, DrawsFramesThatLieOverEachOtherInTheirOrder)
 {
     PlotTestPage page(twoFrames(), {1000, 700});
-    ASSERT_TRUE(page.session().setFrameRectangle(page.frame(0).id, {0.0, 0.0, 11.0, 8.5}));
-    ASSERT_TRUE(page.session().setFrameRectangle(page.frame(1).id, {6.0, 0.5, 4.5, 3.5}));
+    ASSERT_TRUE(page.session().perform(kernel::MoveFrame(page.frame(0).id, {0.0, 0.0, 11.0, 8.5})));
+    ASSERT_TRUE(page.session().perform(kernel::MoveFrame(page.frame(1).id, {6.0, 0.5, 4.5, 3.5})));
     page.picture("overlap");
     QImage const upper = page.plot(1);
     EXPECT_GT(PlotTestPage::pixelsNear(upper, app::PlotTheme::curve(0), 30), 300);
@@ -219,7 +227,7 @@ TEST(PageView, WaitsWhileDrawingIsSuspended)
     PlotTestPage page({SampleData::frame("Sheet", SampleData::sheet(21, 11), PlotType_Cartesian2D)});
     QImage const before = page.picture();
     page.session().setDrawing(false);
-    ASSERT_TRUE(page.session().setShowMesh(page.frame().id, true));
+    ASSERT_TRUE(page.session().perform(kernel::SetPlotOption(page.frame().id, &kernel::Frame::showMesh, true)));
     EXPECT_EQ(PlotTestPage::differingPixels(before, page.picture()), 0);
     page.session().setDrawing(true);
     EXPECT_GT(PlotTestPage::differingPixels(before, page.picture()), 500);
@@ -259,10 +267,10 @@ TEST(PageView, KeepsWhatIsOnTheGraphicsCardWhileAPlotIsMovedOrOneIsBroughtUpToDa
     vtkRendererCollection& plots = *page.field().stage().GetRenderWindow()->GetRenderers();
     vtkMTimeType const time = plots.GetMTime();
     page.drag(page.at(0.4, 0.5), page.at(0.6, 0.6));
-    page.session().setShowMesh(page.frame(1).id, true);
+    page.session().perform(kernel::SetPlotOption(page.frame(1).id, &kernel::Frame::showMesh, true));
     EXPECT_GT(PlotTestPage::differingPixels(before, page.picture()), 100);
     EXPECT_EQ(time, plots.GetMTime());
-    page.session().deleteFrame(page.frame(1).id);
+    page.session().perform(kernel::DeleteFrame(page.frame(1).id));
     page.picture();
     EXPECT_NE(time, plots.GetMTime());
 }
@@ -279,5 +287,5 @@ TEST(PageView, StopsListeningWhenItGoes)
     }
     EXPECT_EQ(session.events().listenerCount(), before);
     EXPECT_EQ(session.display(), nullptr);
-    ASSERT_TRUE(session.setPlotType(session.activeFrame()->id, PlotType_Cartesian2D));
+    ASSERT_TRUE(session.perform(kernel::SetPlotType(session.activeFrame()->id, PlotType_Cartesian2D)));
 }

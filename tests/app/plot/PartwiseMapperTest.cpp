@@ -1,5 +1,6 @@
 #include "app/plot/PartwiseMapper.h"
 
+#include "kernel/operations/SetPlotType.h"
 #include "tests/app/plot/PlotTestPage.h"
 #include "tests/app/plot/SampleData.h"
 
@@ -41,7 +42,7 @@ TEST(PartwiseMapper, DrawsAFloodedBlockInPartsAsAtOnce)
 TEST(PartwiseMapper, DrawsTheMeshInPartsAsAtOnce)
 {
     PlotTestPage page({SampleData::frame("Block", SampleData::block(12, 9, 7), PlotType_Cartesian3D)});
-    ASSERT_TRUE(page.session().setShowMesh(page.frame().id, true));
+    ASSERT_TRUE(page.session().perform(kernel::SetPlotOption(page.frame().id, &kernel::Frame::showMesh, true)));
     expectTheSameInParts(page, 101, 8);
 }
 

@@ -1,4 +1,5 @@
 #include "app/plot/PlotTheme.h"
+#include "kernel/operations/EnableZone.h"
 #include "platform/vdsdkcommon/AppLock.h"
 #include "tests/app/plot/PlotTestPage.h"
 #include "tests/app/plot/SampleData.h"
@@ -212,7 +213,7 @@ TEST_P(PickTest, AllMarksAreOneThingForTheRenderer)
 TEST_P(PickTest, AMarkFollowsItsZone)
 {
     click(right());
-    page.session().setZoneEnabled(*set, 2, false);
+    page.session().perform(kernel::EnableZone(*set, 2, false));
     page.picture();
     EXPECT_TRUE(page.field().markedZones().empty()) << "what is not shown is not marked";
     page.session().undo();

@@ -3,7 +3,7 @@
 #include "app/plot/FieldView.h"
 #include "app/plot/LineView.h"
 #include "app/plot/PageView.h"
-#include "kernel/frames/Session.h"
+#include "kernel/session/Session.h"
 
 #include <QImage>
 

@@ -2,6 +2,8 @@
 #include "app/plot/PageOnScreen.h"
 #include "app/plot/PlaneView.h"
 #include "app/plot/PlotTheme.h"
+#include "kernel/operations/RenameZone.h"
+#include "kernel/operations/SetPlotType.h"
 #include "tests/app/plot/PlotTestPage.h"
 #include "tests/app/plot/SampleData.h"
 
@@ -66,7 +68,7 @@ TEST(Proportions, AreGivenUpOnRequestAndTheFrameSaysSo)
     PlotTestPage page({SampleData::frame("Plate", plate(300.0, 150.0, 2.0), PlotType_Cartesian3D)});
     QImage const before = page.plot();
     QRect const place = page.view().plotArea(page.frame().id);
-    ASSERT_TRUE(page.session().setStretchAxes(page.frame().id, true));
+    ASSERT_TRUE(page.session().perform(kernel::SetPlotOption(page.frame().id, &kernel::Frame::stretchAxes, true)));
     page.plot(0, "plate-stretched");
     for (double const side : shape(page.field()))
         EXPECT_NEAR(side, 1.0, 1e-6);
@@ -95,7 +97,7 @@ TEST(Proportions, TheRemarkStandsClearOfALongNameInTheLegendHoweverNarrowTheFram
         EXPECT_GT(remark, 60) << width;
         EXPECT_EQ(PlotTestPage::pixelsNear(strip, app::PlotTheme::text(), 8), 0) << "the legend's name, " << width;
         // The same strip with another name in the legend below it.
-        ASSERT_TRUE(page.session().renameVariable(*set, 4, "p"));
+        ASSERT_TRUE(page.session().perform(kernel::RenameVariable(*set, 4, "p")));
         EXPECT_EQ(PlotTestPage::differingPixels(strip, remarkOver(page)), 0) << width;
     }
 }
@@ -114,7 +116,7 @@ TEST(Proportions, ATinyFrameIsLeftToThePicture)
 TEST(Proportions, AreTheSameStretchedWhereAllSidesAreAsLong)
 {
     PlotTestPage page({SampleData::frame("Cube", plate(2.0, 2.0, 2.0), PlotType_Cartesian3D)});
-    ASSERT_TRUE(page.session().setStretchAxes(page.frame().id, true));
+    ASSERT_TRUE(page.session().perform(kernel::SetPlotOption(page.frame().id, &kernel::Frame::stretchAxes, true)));
     page.picture();
     EXPECT_EQ(page.view().remark(page.frame().id), QString());
 }
@@ -126,7 +128,7 @@ TEST(Proportions, APlotToScaleOfWhichNothingIsSeenNamesTheSwitch)
     EXPECT_EQ(page.notice(),
               QStringLiteral("To scale this is too thin to be seen. Plot > Stretch Axes gives each axis a "
                              "scale of its own."));
-    ASSERT_TRUE(page.session().setStretchAxes(page.frame().id, true));
+    ASSERT_TRUE(page.session().perform(kernel::SetPlotOption(page.frame().id, &kernel::Frame::stretchAxes, true)));
     EXPECT_GT(PlotTestPage::colouredPixels(page.plot(0, "plane-unequal")), 50000);
     EXPECT_EQ(page.notice(), QString());
     EXPECT_EQ(page.view().remark(page.frame().id), stretched);
@@ -137,7 +139,7 @@ TEST(Proportions, AViewThatWasMovedShowsTheWholeWhenTheAxesAreStretched)
     auto const set = plate(300.0, 100.0, 0.0);
     PlotTestPage page({SampleData::frame("Plate", set, PlotType_Cartesian2D)});
     page.wheel(page.at(0.3, 0.5), 6);
-    ASSERT_TRUE(page.session().setStretchAxes(page.frame().id, true));
+    ASSERT_TRUE(page.session().perform(kernel::SetPlotOption(page.frame().id, &kernel::Frame::stretchAxes, true)));
     auto const frame = SampleData::frame("Plate", set, PlotType_Cartesian2D);
     frame->stretchAxes = true;
     PlotTestPage fresh({frame});

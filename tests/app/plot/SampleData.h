@@ -1,7 +1,7 @@
 #pragma once
 
 #include "kernel/data/DataSet.h"
-#include "kernel/frames/Session.h"
+#include "kernel/session/Session.h"
 
 #include <functional>
 #include <memory>

@@ -1,5 +1,6 @@
 #include "app/plot/SmoothNormals.h"
-#include "kernel/compute/Interrupted.h"
+
+#include "kernel/base/Progress.h"
 
 #include <vtkCellArray.h>
 #include <vtkNew.h>

@@ -1,3 +1,7 @@
+#include "kernel/operations/DeleteVariables.h"
+#include "kernel/operations/EnableZone.h"
+#include "kernel/operations/MirrorZones.h"
+#include "kernel/operations/SetPlotType.h"
 #include "tests/app/plot/PlotTestPage.h"
 #include "tests/app/plot/SampleData.h"
 
@@ -39,7 +43,7 @@ protected:
     // The largest X becomes the smallest, so that the extent doubles.
     void mirror()
     {
-        ASSERT_TRUE(page.session().mirrorZones(page.frame().id, {1}, 'X'));
+        ASSERT_TRUE(page.session().perform(kernel::MirrorZones(page.frame().id, {1}, 'X')));
         page.picture();
     }
 
@@ -146,12 +150,12 @@ TEST_P(ViewAfterChange, OneThatWasMovedFollowsTheDataAgainAfterAFit)
 TEST_P(ViewAfterChange, OtherVariablesOnTheAxesAreShownWhole)
 {
     moveView();
-    ASSERT_TRUE(page.session().assignVariable(page.frame().id, 'X', 2));
-    ASSERT_TRUE(page.session().assignVariable(page.frame().id, 'Y', 1));
+    ASSERT_TRUE(page.session().perform(kernel::AssignVariable(page.frame().id, 'X', 2)));
+    ASSERT_TRUE(page.session().perform(kernel::AssignVariable(page.frame().id, 'Y', 1)));
     page.picture();
     PlotTestPage fresh({frame(set)});
-    ASSERT_TRUE(fresh.session().assignVariable(fresh.frame().id, 'X', 2));
-    ASSERT_TRUE(fresh.session().assignVariable(fresh.frame().id, 'Y', 1));
+    ASSERT_TRUE(fresh.session().perform(kernel::AssignVariable(fresh.frame().id, 'X', 2)));
+    ASSERT_TRUE(fresh.session().perform(kernel::AssignVariable(fresh.frame().id, 'Y', 1)));
     fresh.picture();
     vtkCamera* const other = fresh.field().stage().GetActiveCamera();
     EXPECT_NEAR(other->GetParallelScale(), camera().GetParallelScale(), 1e-9);
@@ -161,12 +165,12 @@ TEST_P(ViewAfterChange, OtherVariablesOnTheAxesAreShownWhole)
 
 TEST_P(ViewAfterChange, OneThatWasMovedStaysWhenItsVariablesGetOtherNumbers)
 {
-    ASSERT_TRUE(page.session().assignVariable(page.frame().id, 'X', set->variableCount()));
+    ASSERT_TRUE(page.session().perform(kernel::AssignVariable(page.frame().id, 'X', set->variableCount())));
     page.picture();
     moveView();
     double const scale = camera().GetParallelScale();
     double const distance = camera().GetDistance();
-    ASSERT_TRUE(page.session().deleteVariables(*set, {1}));
+    ASSERT_TRUE(page.session().perform(kernel::DeleteVariables(*set, {1})));
     page.picture();
     EXPECT_EQ(scale, camera().GetParallelScale());
     EXPECT_EQ(distance, camera().GetDistance());
@@ -176,9 +180,9 @@ TEST_P(ViewAfterChange, OneThatWasMovedStaysWhenItsZoneIsHiddenForAWhile)
 {
     moveView();
     auto const before = placesOnScreen();
-    ASSERT_TRUE(page.session().setZoneEnabled(*set, 1, false));
+    ASSERT_TRUE(page.session().perform(kernel::EnableZone(*set, 1, false)));
     page.picture();
-    ASSERT_TRUE(page.session().setZoneEnabled(*set, 1, true));
+    ASSERT_TRUE(page.session().perform(kernel::EnableZone(*set, 1, true)));
     page.picture();
     expectSamePlaces(before, "shown again");
 }
@@ -187,10 +191,10 @@ TEST_P(ViewAfterChange, AfterAnEmptyPictureOtherDataAreShownWhole)
 {
     mirror();
     moveView();
-    ASSERT_TRUE(page.session().setZoneEnabled(*set, 1, false));
-    ASSERT_TRUE(page.session().setZoneEnabled(*set, 2, false));
+    ASSERT_TRUE(page.session().perform(kernel::EnableZone(*set, 1, false)));
+    ASSERT_TRUE(page.session().perform(kernel::EnableZone(*set, 2, false)));
     page.picture();
-    ASSERT_TRUE(page.session().setZoneEnabled(*set, 2, true));
+    ASSERT_TRUE(page.session().perform(kernel::EnableZone(*set, 2, true)));
     page.picture();
     expectFitted("the other zone alone");
 }
@@ -206,7 +210,7 @@ TEST(ViewAfterChangeInThePlane, APartThatIsLookedAtKeepsItsPixels)
     page.picture();
     page.wheel(page.at(0.7, 0.5), 6);
     QImage const before = page.plot();
-    ASSERT_TRUE(page.session().mirrorZones(page.frame().id, {1}, 'X'));
+    ASSERT_TRUE(page.session().perform(kernel::MirrorZones(page.frame().id, {1}, 'X')));
     QImage const after = page.plot(0, "plane-part-after-mirror");
     EXPECT_EQ(2U, page.field().zones().size());
     EXPECT_LT(PlotTestPage::differingPixels(before, after), before.width() * before.height() / 100);
@@ -223,7 +227,7 @@ TEST(ViewAfterChangeInSpace, OneThatWasTurnedKeepsItsDirectionAndShowsTheCopies)
     vtkCamera* const camera = page.field().stage().GetActiveCamera();
     Point direction{};
     camera->GetDirectionOfProjection(direction.data());
-    ASSERT_TRUE(page.session().mirrorZones(page.frame().id, {1}, 'X'));
+    ASSERT_TRUE(page.session().perform(kernel::MirrorZones(page.frame().id, {1}, 'X')));
     page.picture("space-turned-mirrored");
     for (int axis = 0; axis < 3; ++axis)
         EXPECT_NEAR(direction[static_cast<std::size_t>(axis)], camera->GetDirectionOfProjection()[axis], 1e-9);

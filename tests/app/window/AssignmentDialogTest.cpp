@@ -1,5 +1,6 @@
 #include "app/window/AssignmentDialog.h"
 
+#include "kernel/operations/SetPlotType.h"
 #include "tests/app/window/WindowTest.h"
 
 #include <QAction>
@@ -85,7 +86,7 @@ TEST_F(AssignmentDialogTest, TheVectorOfAPlaneHasTwoComponents)
 
 TEST_F(AssignmentDialogTest, InSpaceThereIsAThirdOne)
 {
-    session.setPlotType(session.activeFrame()->id, PlotType_Cartesian3D);
+    session.perform(kernel::SetPlotType(session.activeFrame()->id, PlotType_Cartesian3D));
     settle();
     withDialog("assignVectorAction", [](QDialog& dialog) {
         QTest::keyClick(chooser(dialog, "chooseW"), Qt::Key_Down);
@@ -112,7 +113,7 @@ TEST_F(AssignmentDialogTest, CancelAndNothingChosenLeaveNoStep)
 TEST_F(AssignmentDialogTest, TheCommandsWaitForAFieldPlot)
 {
     EXPECT_TRUE(action("assignAxesAction").isEnabled());
-    session.setPlotType(session.activeFrame()->id, PlotType_XYLine);
+    session.perform(kernel::SetPlotType(session.activeFrame()->id, PlotType_XYLine));
     settle();
     EXPECT_FALSE(action("assignAxesAction").isEnabled());
     EXPECT_FALSE(action("assignVectorAction").isEnabled());

@@ -1,5 +1,8 @@
 #include "app/window/AssignmentPanel.h"
 
+#include "kernel/operations/EnableZone.h"
+#include "kernel/operations/RenameZone.h"
+#include "kernel/operations/SetPlotType.h"
 #include "platform/vdsdkcommon/AppLock.h"
 #include "tests/app/window/WindowTest.h"
 
@@ -49,9 +52,9 @@ TEST_F(AssignmentPanelTest, ShowsTheAxesOfThePlotType)
     EXPECT_TRUE(isShown("assignmentX"));
     EXPECT_FALSE(isShown("assignmentZ"));
     EXPECT_FALSE(isShown("lineZone"));
-    session.setPlotType(session.activeFrame()->id, PlotType_Cartesian3D);
+    session.perform(kernel::SetPlotType(session.activeFrame()->id, PlotType_Cartesian3D));
     EXPECT_TRUE(isShown("assignmentZ"));
-    session.setPlotType(session.activeFrame()->id, PlotType_XYLine);
+    session.perform(kernel::SetPlotType(session.activeFrame()->id, PlotType_XYLine));
     EXPECT_FALSE(isShown("assignmentX"));
     EXPECT_TRUE(isShown("lineZone"));
 }
@@ -101,7 +104,7 @@ TEST_F(AssignmentPanelTest, LeavesOutDisabledVariables)
 {
     openFlow();
     showWindow();
-    session.setVariableEnabled(*session.activeDataSet(), 2, false);
+    session.perform(kernel::EnableVariable(*session.activeDataSet(), 2, false));
     settle();
     EXPECT_EQ(-1, chooser("assignmentX").findData(2));
     EXPECT_NE(-1, chooser("assignmentX").findData(3));
@@ -138,8 +141,8 @@ TEST_F(AssignmentPanelTest, TheWheelOverABoxWithoutFocusChangesNothing)
 TEST_F(AssignmentPanelTest, OfALongNameBothEndsAreRead)
 {
     openFlow();
-    session.renameVariable(*session.activeDataSet(), 1,
-                           "pressure_coefficient_of_the_suction_side_of_the_first_blade_X");
+    session.perform(kernel::RenameVariable(*session.activeDataSet(), 1,
+                                           "pressure_coefficient_of_the_suction_side_of_the_first_blade_X"));
     showWindow();
     EXPECT_TRUE(isShown("assignmentX"));
     app::NumberChooser& box = chooser("assignmentX");

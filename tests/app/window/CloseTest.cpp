@@ -1,4 +1,5 @@
 #include "app/window/HelpViewer.h"
+#include "kernel/operations/DeleteVariables.h"
 #include "platform/vdsdkcommon/AppLock.h"
 #include "tests/app/window/WindowTest.h"
 
@@ -39,7 +40,7 @@ TEST_F(CloseTest, AsksAboutUnsavedChanges)
 {
     openFlow();
     showWindow();
-    session.deleteVariables(*session.activeDataSet(), {3});
+    session.perform(kernel::DeleteVariables(*session.activeDataSet(), {3}));
     QString question;
     answerModal(Qt::Key_Escape, &question);
     action("quitAction").trigger();

@@ -2,6 +2,7 @@
 
 #include "app/window/RecordView.h"
 #include "host/MessageLog.h"
+#include "kernel/operations/DeleteVariables.h"
 #include "tests/app/window/WindowTest.h"
 
 #include <QApplication>
@@ -138,7 +139,7 @@ TEST_F(DataPanelTest, KeepsTheSelectedRowWhenAnotherOneGoes)
 {
     app::RecordView& variables = view("variableView");
     focusOn(variables, 2);
-    ASSERT_TRUE(session.deleteVariables(*session.activeDataSet(), {1}));
+    ASSERT_TRUE(session.perform(kernel::DeleteVariables(*session.activeDataSet(), {1})));
     settle();
     EXPECT_EQ(1, variables.currentIndex().row());
     EXPECT_EQ(QStringLiteral("P"), variables.currentIndex().siblingAtColumn(1).data().toString());

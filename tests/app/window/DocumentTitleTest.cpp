@@ -1,4 +1,7 @@
 #include "host/MessagePresenter.h"
+#include "kernel/operations/DeleteVariables.h"
+#include "kernel/operations/RenameFrame.h"
+#include "kernel/operations/RenameZone.h"
 #include "platform/vdsdkcommon/ActionReporter.h"
 #include "platform/vdsdkcommon/AppLock.h"
 #include "tests/app/window/WindowTest.h"
@@ -46,7 +49,7 @@ TEST_F(DocumentTitleTest, StaysThatOfTheFileWhenTheFrameHasAnotherName)
 {
     showWindow();
     open({QStringLiteral("series.csv")});
-    session.renameFrame(session.activeFrame()->id, "left");
+    session.perform(kernel::RenameFrame(session.activeFrame()->id, "left"));
     settle();
     EXPECT_EQ(QStringLiteral("series.csv[*]"), title());
 }
@@ -73,7 +76,7 @@ TEST_F(DocumentTitleTest, HasTheMarkOfChangesUntilTheyAreSavedOrTakenBack)
     showWindow();
     open({QStringLiteral("series.csv")});
     EXPECT_FALSE(window->isWindowModified());
-    session.renameVariable(*session.activeDataSet(), 2, "height");
+    session.perform(kernel::RenameVariable(*session.activeDataSet(), 2, "height"));
     settle();
     EXPECT_TRUE(window->isWindowModified());
     action("undoAction").trigger();
@@ -105,7 +108,8 @@ TEST_F(DocumentTitleTest, AndTheListsAreNewAlreadyWhenAMessageComes)
     });
     sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
     sdk::velUtilActionReporter(
-        [&] { return static_cast<char>(session.deleteVariables(*session.activeDataSet(), {1})); }, "failed", "done");
+        [&] { return static_cast<char>(session.perform(kernel::DeleteVariables(*session.activeDataSet(), {1}))); },
+        "failed", "done");
     // Two doubles a point, of 12 + 4.
     EXPECT_EQ("done: 2 variables, changed, 256 bytes", seen);
 }

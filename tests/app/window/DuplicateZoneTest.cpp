@@ -1,5 +1,6 @@
 #include "dialogs/zoneops/DuplicateZoneDialog.h"
 #include "host/MessagePresenter.h"
+#include "kernel/operations/DuplicateZones.h"
 #include "tests/app/window/WindowTest.h"
 
 #include <QAbstractItemView>
@@ -119,7 +120,7 @@ TEST_F(DuplicateZoneTest, TheCopiesCountForTheMemoryOfTheirSourcesOnly)
 {
     std::string const before = status();
     ASSERT_EQ(0U, before.find("2 zones"));
-    ASSERT_TRUE(session.duplicateZones(*session.activeDataSet(), {1, 2}));
+    ASSERT_TRUE(session.perform(kernel::DuplicateZones(*session.activeDataSet(), {1, 2})));
     settle();
     EXPECT_EQ(0U, status().find("4 zones"));
     EXPECT_EQ(before.substr(before.rfind("·")), status().substr(status().rfind("·")));

@@ -1,4 +1,5 @@
 #include "host/MessageLog.h"
+#include "kernel/operations/SetPlotType.h"
 #include "tests/app/PictureDifference.h"
 #include "tests/app/window/DrawnWindowTest.h"
 #include "tools/samples/FlowSample.h"
@@ -63,7 +64,7 @@ TEST_F(EditedCellTest, IsSeenInThePlotItsLegendAndTheDockAndTakenBackAndRedone)
     openSample("flow.vtm", samples::writeFlow);
     int const temperature = dataSet().findVariable("temperature");
     ASSERT_GT(temperature, 0);
-    ASSERT_TRUE(session.assignVariable(session.activeFrame()->id, 'C', temperature));
+    ASSERT_TRUE(session.perform(kernel::AssignVariable(session.activeFrame()->id, 'C', temperature)));
     session.history().clear();
     settle();
     QTableView& table = openSpreadsheet();
@@ -140,7 +141,7 @@ TEST_F(EditedCellTest, OfWhatThePlotDoesNotShowLeavesThePlotAlone)
 {
     openSample("tetra.vtu", samples::writeTetrahedra);
     int const stress = dataSet().findVariable("stress");
-    ASSERT_TRUE(session.assignVariable(session.activeFrame()->id, 'C', 1));
+    ASSERT_TRUE(session.perform(kernel::AssignVariable(session.activeFrame()->id, 'C', 1)));
     settle();
     QTableView& table = openSpreadsheet();
     page().grabImage();

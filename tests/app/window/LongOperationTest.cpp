@@ -1,7 +1,11 @@
 #include "app/window/ProgressWindow.h"
 #include "host/MessageLog.h"
-#include "kernel/compute/Progress.h"
-#include "kernel/frames/SessionGuard.h"
+#include "kernel/base/Progress.h"
+#include "kernel/operations/DataSetOperation.h"
+#include "kernel/operations/DeleteVariables.h"
+#include "kernel/operations/DuplicateZones.h"
+#include "kernel/operations/RenameZone.h"
+#include "kernel/undo/Change.h"
 #include "platform/vdsdkbase/VelUtilQuery.h"
 #include "platform/vdsdkcommon/ActionReporter.h"
 #include "platform/vdsdkcommon/AppLock.h"
@@ -22,6 +26,38 @@ namespace veldraw::tests {
 namespace {
 
 using testing::ElementsAre;
+
+/// Takes its time, and changes nothing.
+class SlowOperation : public kernel::DataSetOperation
+{
+public:
+    SlowOperation(kernel::DataSet const& dataSet, int milliseconds)
+        : DataSetOperation(dataSet)
+        , m_milliseconds(milliseconds)
+    {
+    }
+
+    std::string name() const override { return "Rename Slowly"; }
+    bool isLong() const override { return true; }
+    std::shared_ptr<kernel::DeferredLoad> needs() override
+    {
+        return std::make_shared<kernel::DeferredLoad>(*dataSet());
+    }
+
+    void compute(kernel::Progress& progress) override
+    {
+        progress.setTotal(m_milliseconds);
+        for (int done = 0; done < m_milliseconds; ++done, progress.advance(1)) {
+            progress.check();
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        }
+    }
+
+    std::shared_ptr<kernel::Change> makeChange(kernel::EventHub&) override { return nullptr; }
+
+private:
+    int m_milliseconds;
+};
 
 /// An operation of the kernel that takes its time, started as a dialog starts it.
 class LongOperationTest : public WindowTest
@@ -53,21 +89,12 @@ protected:
     bool work(int milliseconds)
     {
         sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
-        auto const operation = [&] {
-            return kernel::guarded(session, [&] {
-                session.runOperation("Rename Slowly", [&](kernel::Progress& progress) {
-                    progress.setTotal(milliseconds);
-                    for (int done = 0; done < milliseconds; ++done, progress.advance(1)) {
-                        progress.check();
-                        std::this_thread::sleep_for(std::chrono::milliseconds(1));
-                    }
-                });
-                return true;
-            });
-        };
-        return sdk::velUtilActionReporter([&] { return static_cast<char>(operation()); }, "Error renaming",
-                                          "Renamed") &&
-               session.renameZone(*session.activeDataSet(), 1, "renamed");
+        return sdk::velUtilActionReporter(
+                   [&] {
+                       return static_cast<char>(session.perform(SlowOperation(*session.activeDataSet(), milliseconds)));
+                   },
+                   "Error renaming", "Renamed") &&
+               session.perform(kernel::RenameZone(*session.activeDataSet(), 1, "renamed"));
     }
 
     static std::vector<std::string> logged()
@@ -120,8 +147,9 @@ TEST_F(LongOperationTest, NoOtherOperationStartsMeanwhileOnAnyRoad)
 {
     bool wasAnyDone = true;
     whenItShows([&] {
-        wasAnyDone = session.duplicateZones(*session.activeDataSet(), {1}) ||
-                     session.deleteVariables(*session.activeDataSet(), {3}) || session.undo() || work(1);
+        wasAnyDone = session.perform(kernel::DuplicateZones(*session.activeDataSet(), {1})) ||
+                     session.perform(kernel::DeleteVariables(*session.activeDataSet(), {3})) || session.undo() ||
+                     work(1);
     });
     EXPECT_TRUE(work(700));
     EXPECT_FALSE(wasAnyDone);

@@ -1,4 +1,5 @@
 #include "app/window/DataOperation.h"
+#include "kernel/operations/SetPlotType.h"
 #include "tests/app/window/WindowTest.h"
 
 #include <QAction>
@@ -96,7 +97,7 @@ TEST_F(MenuTest, WithoutDataOnlyWhatNeedsNoneIsEnabled)
         EXPECT_TRUE(action(name).isEnabled()) << name;
     for (char const* name :
          {"saveAsAction", "savePictureAction", "undoAction", "redoAction", "fitAction", "deleteFrameAction",
-          "plotType2DAction", "contourAction", "meshAction", "stretchAxesAction", "deleteVariableAction"})
+          "plotType2DAction", "ShowContourAction", "ShowMeshAction", "StretchAction", "deleteVariableAction"})
         EXPECT_FALSE(action(name).isEnabled()) << name;
 }
 
@@ -105,7 +106,7 @@ TEST_F(MenuTest, DataEnablesWhatNeedsSome)
     showWindow();
     openFlow();
     for (char const* name : {"saveAsAction", "savePictureAction", "fitAction", "deleteFrameAction", "plotType2DAction",
-                             "contourAction", "meshAction", "stretchAxesAction", "deleteVariableAction"})
+                             "ShowContourAction", "ShowMeshAction", "StretchAction", "deleteVariableAction"})
         EXPECT_TRUE(action(name).isEnabled()) << name;
 }
 
@@ -114,9 +115,9 @@ TEST_F(MenuTest, LayersBelongToFieldPlots)
     openFrames({{"series", makeSeries()}});
     showWindow();
     EXPECT_TRUE(action("plotTypeLineAction").isChecked());
-    EXPECT_FALSE(action("contourAction").isEnabled());
-    EXPECT_FALSE(action("meshAction").isEnabled());
-    EXPECT_FALSE(action("stretchAxesAction").isEnabled());
+    EXPECT_FALSE(action("ShowContourAction").isEnabled());
+    EXPECT_FALSE(action("ShowMeshAction").isEnabled());
+    EXPECT_FALSE(action("StretchAction").isEnabled());
 }
 
 TEST_F(MenuTest, ADataOperationFollowsItsRule)
@@ -207,7 +208,7 @@ TEST_F(MenuTest, PlotTypeIsChosenInTheMenuAndFollowsTheSession)
     action("plotType3DAction").trigger();
     settle();
     EXPECT_EQ(PlotType_Cartesian3D, session.activeFrame()->plotType);
-    session.setPlotType(session.activeFrame()->id, PlotType_XYLine);
+    session.perform(kernel::SetPlotType(session.activeFrame()->id, PlotType_XYLine));
     settle();
     EXPECT_TRUE(action("plotTypeLineAction").isChecked());
 }
@@ -217,27 +218,46 @@ TEST_F(MenuTest, LayersAreSwitchedAndFollowTheSession)
     openFlow();
     showWindow();
     bool const hadMesh = session.activeFrame()->showMesh;
-    action("meshAction").trigger();
+    action("ShowMeshAction").trigger();
     settle();
     EXPECT_EQ(!hadMesh, session.activeFrame()->showMesh);
-    session.setShowContour(session.activeFrame()->id, false);
+    session.perform(kernel::SetPlotOption(session.activeFrame()->id, &kernel::Frame::showContour, false));
     settle();
-    EXPECT_FALSE(action("contourAction").isChecked());
+    EXPECT_FALSE(action("ShowContourAction").isChecked());
+}
+
+TEST_F(MenuTest, EveryPlotOptionWithATextHasItsItem)
+{
+    openFlow();
+    showWindow();
+    for (kernel::PlotOption const& option : kernel::plotOptions()) {
+        if (*option.text == '\0')
+            continue;
+        QAction& item = action((QByteArray(option.value) + "Action").constData());
+        EXPECT_EQ(item.text(), QString::fromLatin1(option.text));
+        EXPECT_EQ(item.icon().isNull(), *option.icon == '\0') << option.value;
+        bool const wasOn = (*session.activeFrame()).*option.member;
+        EXPECT_EQ(item.isChecked(), wasOn) << option.value;
+        item.trigger();
+        settle();
+        EXPECT_EQ((*session.activeFrame()).*option.member, !wasOn) << option.value;
+        EXPECT_EQ(item.isChecked(), !wasOn) << option.value;
+    }
 }
 
 TEST_F(MenuTest, TheAxesAreStretchedAndTheCheckFollowsTheSession)
 {
     openFlow();
     showWindow();
-    EXPECT_FALSE(action("stretchAxesAction").isChecked());
-    action("stretchAxesAction").trigger();
+    EXPECT_FALSE(action("StretchAction").isChecked());
+    action("StretchAction").trigger();
     settle();
     EXPECT_TRUE(session.activeFrame()->stretchAxes);
-    EXPECT_TRUE(action("stretchAxesAction").isChecked());
+    EXPECT_TRUE(action("StretchAction").isChecked());
     action("undoAction").trigger();
     settle();
     EXPECT_FALSE(session.activeFrame()->stretchAxes);
-    EXPECT_FALSE(action("stretchAxesAction").isChecked());
+    EXPECT_FALSE(action("StretchAction").isChecked());
 }
 
 TEST_F(MenuTest, KeysMoveTheFocusToTheLists)

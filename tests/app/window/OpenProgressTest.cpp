@@ -1,5 +1,6 @@
 #include "app/window/ProgressWindow.h"
-#include "kernel/compute/Interrupted.h"
+#include "kernel/base/Progress.h"
+#include "kernel/operations/RenameZone.h"
 #include "platform/vdsdkcommon/AppLock.h"
 #include "tests/app/window/WindowTest.h"
 
@@ -78,7 +79,7 @@ TEST_F(OpenProgressTest, TellsWhatTheReaderThrows)
 TEST_F(OpenProgressTest, IsAnOperationOfTheSessionSoThatNoOtherStarts)
 {
     reader = [this](kernel::Progress&) {
-        EXPECT_FALSE(session.renameZone(*session.activeDataSet(), 1, "renamed"));
+        EXPECT_FALSE(session.perform(kernel::RenameZone(*session.activeDataSet(), 1, "renamed")));
         return app::ImportResult{makeSeries(), {}};
     };
     EXPECT_TRUE(open());

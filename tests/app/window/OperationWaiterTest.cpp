@@ -1,7 +1,8 @@
 #include "app/window/OperationWaiter.h"
 
 #include "app/window/ProgressWindow.h"
-#include "kernel/compute/Interrupted.h"
+#include "kernel/base/Progress.h"
+#include "kernel/operations/RenameZone.h"
 #include "platform/vdsdkbase/VelUtilQuery.h"
 #include "platform/vdsdkcommon/AppLock.h"
 #include "platform/vdsdkcommon/WaitState.h"
@@ -258,7 +259,7 @@ TEST_F(OperationWaiterTest, IdleAndCommandsAreHeldBackUntilItHasEnded)
 
 TEST_F(OperationWaiterTest, KeysClicksAndDropsReachNoOtherWindow)
 {
-    session.renameZone(*session.activeDataSet(), 1, "renamed");
+    session.perform(kernel::RenameZone(*session.activeDataSet(), 1, "renamed"));
     settle();
     Witness dialogButton(QStringLiteral("&Create")); // of a dialog that stands beside the main window
     int clicks = 0;
@@ -292,7 +293,7 @@ TEST_F(OperationWaiterTest, KeysClicksAndDropsReachNoOtherWindow)
 
 TEST_F(OperationWaiterTest, CommandsThatAreStartedAllTheSameAreRefused)
 {
-    session.renameZone(*session.activeDataSet(), 1, "renamed");
+    session.perform(kernel::RenameZone(*session.activeDataSet(), 1, "renamed"));
     settle();
     QString const path = writeFile(QStringLiteral("other.csv"), goodTable());
     whileWaiting([&] {

@@ -1,3 +1,5 @@
+#include "kernel/operations/DuplicateZones.h"
+#include "kernel/operations/EnableZone.h"
 #include "platform/vdsdkbase/VelUtilPick.h"
 #include "platform/vdsdkcommon/AppLock.h"
 #include "tests/app/window/WindowTest.h"
@@ -107,7 +109,7 @@ TEST_F(PickSelectionTest, RowsThatAreSelectedAreThePickedZones)
 
 TEST_F(PickSelectionTest, ADisabledZoneCanBeSelectedButIsNotPicked)
 {
-    session.setZoneEnabled(*session.activeDataSet(), 2, false);
+    session.perform(kernel::EnableZone(*session.activeDataSet(), 2, false));
     settle();
     clickRow(1);
     EXPECT_THAT(picked(), ElementsAre());
@@ -116,7 +118,7 @@ TEST_F(PickSelectionTest, ADisabledZoneCanBeSelectedButIsNotPicked)
 
 TEST_F(PickSelectionTest, AZoneThatGoesIsNotPickedAnyMore)
 {
-    session.duplicateZones(*session.activeDataSet(), {1});
+    session.perform(kernel::DuplicateZones(*session.activeDataSet(), {1}));
     settle();
     pick({2, 3});
     session.undo();

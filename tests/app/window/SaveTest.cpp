@@ -1,5 +1,6 @@
 #include "app/import/Importer.h"
 #include "app/window/ProgressWindow.h"
+#include "kernel/operations/RenameZone.h"
 #include "tests/app/FullDisk.h"
 #include "tests/app/window/WindowTest.h"
 
@@ -126,7 +127,7 @@ TEST_F(SaveTest, AFolderOfTheFramesNameIsNotEntered)
 TEST_F(SaveTest, GivingUpAfterARefusalSavesNothing)
 {
     showWindow();
-    session.renameVariable(*session.activeDataSet(), 2, "height");
+    session.perform(kernel::RenameVariable(*session.activeDataSet(), 2, "height"));
     typeInDialog(folder.filePath(QStringLiteral("series.xyz")));
     QTimer look;
     QObject::connect(&look, &QTimer::timeout, &look, [&] {
@@ -141,7 +142,7 @@ TEST_F(SaveTest, GivingUpAfterARefusalSavesNothing)
 TEST_F(SaveTest, SavingMakesTheStateClean)
 {
     showWindow();
-    session.renameVariable(*session.activeDataSet(), 2, "height");
+    session.perform(kernel::RenameVariable(*session.activeDataSet(), 2, "height"));
     ASSERT_FALSE(session.history().isClean());
     EXPECT_TRUE(window->documents().save(folder.filePath(QStringLiteral("out.csv"))));
     EXPECT_TRUE(session.history().isClean());
@@ -161,7 +162,7 @@ TEST_F(SaveTest, ALongOneCanBeCancelledAndLeavesTheOldFileWhole)
     }
     openFrames({{"series", series}});
     showWindow();
-    session.renameVariable(*series, 1, "time");
+    session.perform(kernel::RenameVariable(*series, 1, "time"));
     QString const path = writeFile(QStringLiteral("out.csv"), "old");
     QString title;
     std::function<void()> const cancel = [&] {
@@ -189,7 +190,7 @@ TEST_F(SaveTest, EveryDataSetOnThePageHasToBeSaved)
 {
     openFrames({{"a", makeSeries()}, {"b", makeSeries()}});
     showWindow();
-    session.renameVariable(*session.activeDataSet(), 2, "height");
+    session.perform(kernel::RenameVariable(*session.activeDataSet(), 2, "height"));
     EXPECT_TRUE(window->documents().save(folder.filePath(QStringLiteral("a.csv"))));
     EXPECT_FALSE(session.history().isClean());
     session.activateFrame(session.activePage()->frames[1]->id);
@@ -200,7 +201,7 @@ TEST_F(SaveTest, EveryDataSetOnThePageHasToBeSaved)
 TEST_F(SaveTest, AnUnknownExtensionIsToldAndNothingIsClean)
 {
     showWindow();
-    session.renameVariable(*session.activeDataSet(), 2, "height");
+    session.perform(kernel::RenameVariable(*session.activeDataSet(), 2, "height"));
     EXPECT_FALSE(window->documents().save(folder.filePath(QStringLiteral("out.xyz"))));
     ASSERT_EQ(1u, messages.size());
     EXPECT_NE(std::string::npos, messages[0].find("out.xyz")) << messages[0];

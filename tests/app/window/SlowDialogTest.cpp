@@ -2,7 +2,8 @@
 #include "dialogs/zoneops/AxialDuplicationDialog.h"
 #include "dialogs/zoneops/AxialRotationDialog.h"
 #include "host/MessageLog.h"
-#include "kernel/data/ValueLoader.h"
+#include "kernel/operations/RenameZone.h"
+#include "kernel/storage/ValueLoader.h"
 #include "tests/app/window/WindowTest.h"
 
 #include <QAbstractSpinBox>
@@ -168,7 +169,7 @@ private:
 
 TEST_F(SlowDialogTest, EscapeInTheProgressWindowLeavesNoTraceButTheMessage)
 {
-    ASSERT_TRUE(session.renameZone(*session.activeDataSet(), 2, "exit"));
+    ASSERT_TRUE(session.perform(kernel::RenameZone(*session.activeDataSet(), 2, "exit")));
     AxialRotationDialog& dialog = openRotation();
     auto const groups = [this] {
         std::vector<kernel::ShareGroup const*> found;

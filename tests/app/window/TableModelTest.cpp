@@ -1,6 +1,9 @@
 #include "app/window/FrameTableModel.h"
 #include "app/window/VariableTableModel.h"
 #include "app/window/ZoneTableModel.h"
+#include "kernel/operations/DeleteVariables.h"
+#include "kernel/operations/EnableZone.h"
+#include "kernel/operations/RenameZone.h"
 #include "platform/vdsdkcommon/AppLock.h"
 #include "tests/app/window/WindowTest.h"
 
@@ -139,7 +142,7 @@ TEST_F(TableModelTest, TellsOnlyTheRowsThatWent)
     Tester const tester(&model, Tester::FailureReportingMode::Fatal);
     QSignalSpy removed(&model, &QAbstractItemModel::rowsRemoved);
     QSignalSpy resets(&model, &QAbstractItemModel::modelReset);
-    ASSERT_TRUE(session.deleteVariables(*session.activeDataSet(), {2}));
+    ASSERT_TRUE(session.perform(kernel::DeleteVariables(*session.activeDataSet(), {2})));
     model.refresh();
     ASSERT_EQ(1, removed.count());
     EXPECT_EQ(1, removed.at(0).at(1).toInt());
@@ -172,7 +175,7 @@ TEST_F(TableModelTest, EqualsAFreshReadingAfterAStormOfChanges)
             session.activateFrame(session.activePage()->frames[static_cast<std::size_t>(pick(2))]->id);
             break;
         case 1:
-            session.deleteVariables(*dataSet, {1 + pick(3)});
+            session.perform(kernel::DeleteVariables(*dataSet, {1 + pick(3)}));
             break;
         case 2:
             session.undo();
@@ -181,13 +184,13 @@ TEST_F(TableModelTest, EqualsAFreshReadingAfterAStormOfChanges)
             session.redo();
             break;
         case 4:
-            session.renameVariable(*dataSet, 1, "n" + std::to_string(step));
+            session.perform(kernel::RenameVariable(*dataSet, 1, "n" + std::to_string(step)));
             break;
         case 5:
-            session.setZoneEnabled(*dataSet, 1 + pick(2), pick(2) == 0);
+            session.perform(kernel::EnableZone(*dataSet, 1 + pick(2), pick(2) == 0));
             break;
         default:
-            session.setVariableEnabled(*dataSet, 1 + pick(3), pick(2) == 0);
+            session.perform(kernel::EnableVariable(*dataSet, 1 + pick(3), pick(2) == 0));
         }
         zones.refresh();
         variables.refresh();

@@ -1,4 +1,6 @@
 #include "app/window/NumberChooser.h"
+#include "kernel/operations/DeleteVariables.h"
+#include "kernel/operations/SetPlotType.h"
 #include "tests/app/window/WindowTest.h"
 
 #include <QAction>
@@ -53,7 +55,7 @@ TEST_F(ToolBarTest, TheContourBoxIsThereForContoursOnly)
     EXPECT_FALSE(contour().isEnabled());
     openFlow();
     EXPECT_TRUE(contour().isEnabled());
-    session.setShowContour(session.activeFrame()->id, false);
+    session.perform(kernel::SetPlotOption(session.activeFrame()->id, &kernel::Frame::showContour, false));
     settle();
     EXPECT_FALSE(contour().isEnabled());
 }
@@ -62,7 +64,7 @@ TEST_F(ToolBarTest, TheContourBoxFollowsDeletionAndUndo)
 {
     openFlow();
     showWindow();
-    session.deleteVariables(*session.activeDataSet(), {2});
+    session.perform(kernel::DeleteVariables(*session.activeDataSet(), {2}));
     settle();
     EXPECT_EQ(2, contour().count());
     session.undo();

@@ -1,3 +1,4 @@
+#include "kernel/operations/DeleteVariables.h"
 #include "platform/vdsdkcommon/AppLock.h"
 #include "tests/app/window/WindowTest.h"
 
@@ -19,7 +20,7 @@ protected:
 
     void deleteVariable(int number)
     {
-        ASSERT_TRUE(session.deleteVariables(*session.activeDataSet(), {number}));
+        ASSERT_TRUE(session.perform(kernel::DeleteVariables(*session.activeDataSet(), {number})));
         settle();
     }
 

@@ -1,4 +1,5 @@
 #include "dialogs/zoneops/CreateMirrorZoneDialog.h"
+#include "kernel/operations/SetPlotType.h"
 #include "tests/app/window/WindowTest.h"
 
 #include <QAction>
@@ -78,8 +79,8 @@ TEST_F(UnturnedVectorsTest, AreNamedInTheMessageLogAndInNoMessageBox)
 TEST_F(UnturnedVectorsTest, AreNotNamedWhenTheyAreTheFramesVector)
 {
     kernel::UniqueId const frame = session.activeFrame()->id;
-    ASSERT_TRUE(session.assignVariable(frame, 'U', 4));
-    ASSERT_TRUE(session.assignVariable(frame, 'V', 5));
+    ASSERT_TRUE(session.perform(kernel::AssignVariable(frame, 'U', 4)));
+    ASSERT_TRUE(session.perform(kernel::AssignVariable(frame, 'V', 5)));
     mirrorFirstZone();
     ASSERT_EQ(3, session.activeDataSet()->zoneCount());
     EXPECT_EQ(QStringList(), log());

@@ -1,4 +1,6 @@
 #include "host/MessageLog.h"
+#include "kernel/operations/LoadVariables.h"
+#include "kernel/operations/SetPlotType.h"
 #include "tests/app/window/DrawnWindowTest.h"
 #include "tools/samples/MeshSamples.h"
 #include "tools/samples/SparseSamples.h"
@@ -101,14 +103,14 @@ TEST_F(VanishedFileTest, IsSeenInThePlotThatWaitsForItsValues)
 {
     openTetrahedra();
     takeAway();
-    ASSERT_TRUE(session.assignVariable(session.activeFrame()->id, 'C', variable("temperature")));
+    ASSERT_TRUE(session.perform(kernel::AssignVariable(session.activeFrame()->id, 'C', variable("temperature"))));
     settle();
     page().grabImage();
     EXPECT_EQ(QStringLiteral("The contour variable \"temperature\" is not loaded in all zones."), notice());
     EXPECT_FALSE(view().zones().empty()) << "the coordinates are there";
     EXPECT_THAT(messages, IsEmpty());
     bringBack();
-    ASSERT_TRUE(session.loadVariables(dataSet(), {1}, {variable("temperature")}));
+    ASSERT_TRUE(session.perform(kernel::LoadVariables(dataSet(), {1}, {variable("temperature")})));
     settle();
     page().grabImage();
     EXPECT_EQ(QString(), notice());

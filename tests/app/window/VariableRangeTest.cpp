@@ -3,6 +3,7 @@
 #include "app/commandline/DataSetReport.h"
 #include "app/window/DataTexts.h"
 #include "app/window/VariableTableModel.h"
+#include "kernel/operations/LoadVariables.h"
 #include "tests/app/window/WindowTest.h"
 
 #include <QLabel>
@@ -60,7 +61,7 @@ protected:
     }
 
     kernel::DataSet& dataSet() { return *session.activeDataSet(); }
-    void load() { ASSERT_TRUE(session.loadVariables(dataSet(), {1}, {2})); }
+    void load() { ASSERT_TRUE(session.perform(kernel::LoadVariables(dataSet(), {1}, {2}))); }
     app::VariableRange range() { return app::VariableRange(dataSet(), 2); }
 
     void expectReport(QString const& words)

@@ -1,4 +1,6 @@
 #include "app/window/VariableRange.h"
+#include "kernel/operations/EnableZone.h"
+#include "kernel/operations/SetPlotType.h"
 #include "platform/vdsdkbase/VelUtilDataOperation.h"
 #include "platform/vdtoolbox/Set.h"
 #include "tests/app/PictureDifference.h"
@@ -58,10 +60,11 @@ protected:
     {
         showWindow();
         openSample(sample().file, sample().write);
-        EXPECT_TRUE(session.setPlotType(session.activeFrame()->id, PlotType_Cartesian3D));
-        EXPECT_TRUE(session.assignVariable(session.activeFrame()->id, 'C', 1)); // the legend shows how far X reaches
+        EXPECT_TRUE(session.perform(kernel::SetPlotType(session.activeFrame()->id, PlotType_Cartesian3D)));
+        EXPECT_TRUE(session.perform(
+            kernel::AssignVariable(session.activeFrame()->id, 'C', 1))); // the legend shows how far X reaches
         for (int other = dataSet().zoneCount(); other > 1; --other)
-            EXPECT_TRUE(session.setZoneEnabled(dataSet(), other, false));
+            EXPECT_TRUE(session.perform(kernel::EnableZone(dataSet(), other, false)));
         session.history().clear();
         settle();
     }

@@ -3,6 +3,9 @@
 #include "dialogs/models/ZoneListModel.h"
 #include "dialogs/models/ZoneListModelGroupableByStrand.h"
 #include "dialogs/property/Property.h"
+#include "kernel/operations/DeleteVariables.h"
+#include "kernel/operations/EnableZone.h"
+#include "kernel/operations/RenameZone.h"
 #include "platform/vdsdkcommon/AppLock.h"
 #include "platform/vdsdkcommon/DataSetQueries.h"
 #include "platform/vdsdkcommon/StateChangeEventObservable.h"
@@ -53,7 +56,7 @@ TEST_F(ListViewOverKernelTest, DropsANumberThatADeletionTookAway)
     variables.driver.click(1);
     variables.driver.click(3, Qt::ControlModifier);
     EXPECT_EQ(variables.driver.look(), "1: X [2: Y] 3: P [4: T]");
-    ASSERT_TRUE(session.deleteVariables(dataSet, {2}));
+    ASSERT_TRUE(session.perform(kernel::DeleteVariables(dataSet, {2})));
     EXPECT_EQ(text(variables.selected->value()), "2 4");
     IdleDispatcher::flush();
     EXPECT_EQ(variables.driver.look(), "1: X [2: P] 3: T");
@@ -63,7 +66,7 @@ TEST_F(ListViewOverKernelTest, DropsANumberThatADeletionTookAway)
 TEST_F(ListViewOverKernelTest, ShowsADeletedVariableAgainAfterUndo)
 {
     variables.driver.click(3);
-    ASSERT_TRUE(session.deleteVariables(dataSet, {4}));
+    ASSERT_TRUE(session.perform(kernel::DeleteVariables(dataSet, {4})));
     IdleDispatcher::flush();
     EXPECT_EQ(variables.driver.look(), "1: X 2: Y 3: P");
     EXPECT_EQ(text(variables.selected->value()), "");
@@ -79,7 +82,7 @@ TEST_F(ListViewOverKernelTest, ShowsADeletedVariableAgainAfterUndo)
 TEST_F(ListViewOverKernelTest, KeepsTheSelectionThroughAnUndoThatComesBeforeIdle)
 {
     variables.driver.click(3);
-    ASSERT_TRUE(session.deleteVariables(dataSet, {4}));
+    ASSERT_TRUE(session.perform(kernel::DeleteVariables(dataSet, {4})));
     ASSERT_TRUE(session.undo());
     IdleDispatcher::flush();
     EXPECT_EQ(variables.driver.look(), "1: X 2: Y 3: P [4: T]");
@@ -90,11 +93,11 @@ TEST_F(ListViewOverKernelTest, DropsWhatIsDisabledAndShowsItUnselectedWhenItIsBa
 {
     zones.driver.click(0);
     zones.driver.click(1, Qt::ShiftModifier);
-    ASSERT_TRUE(session.setZoneEnabled(dataSet, 2, false));
+    ASSERT_TRUE(session.perform(kernel::EnableZone(dataSet, 2, false)));
     IdleDispatcher::flush();
     EXPECT_EQ(zones.driver.look(), "[1: Wing] 3: Tail");
     EXPECT_EQ(text(zones.selected->value()), "1");
-    ASSERT_TRUE(session.setZoneEnabled(dataSet, 2, true));
+    ASSERT_TRUE(session.perform(kernel::EnableZone(dataSet, 2, true)));
     IdleDispatcher::flush();
     EXPECT_EQ(zones.driver.look(), "[1: Wing] 2: Body 3: Tail");
     EXPECT_EQ(text(zones.selected->value()), "1");
@@ -103,9 +106,9 @@ TEST_F(ListViewOverKernelTest, DropsWhatIsDisabledAndShowsItUnselectedWhenItIsBa
 TEST_F(ListViewOverKernelTest, LeavesTheOtherListAlone)
 {
     QSignalSpy const resets(zones.view.model(), &QAbstractItemModel::modelReset);
-    ASSERT_TRUE(session.deleteVariables(dataSet, {1}));
-    ASSERT_TRUE(session.setVariableEnabled(dataSet, 1, false));
-    ASSERT_TRUE(session.renameVariable(dataSet, 2, "Pressure"));
+    ASSERT_TRUE(session.perform(kernel::DeleteVariables(dataSet, {1})));
+    ASSERT_TRUE(session.perform(kernel::EnableVariable(dataSet, 1, false)));
+    ASSERT_TRUE(session.perform(kernel::RenameVariable(dataSet, 2, "Pressure")));
     EXPECT_EQ(resets.count(), 0);
 }
 
@@ -114,7 +117,7 @@ TEST_F(ListViewOverKernelTest, ShowsANewNameWithoutLosingSelectionOrPlace)
     zones.driver.click(1);
     QSignalSpy const resets(zones.view.model(), &QAbstractItemModel::modelReset);
     QModelIndex const current = zones.view.currentIndex();
-    ASSERT_TRUE(session.renameZone(dataSet, 2, "Hull"));
+    ASSERT_TRUE(session.perform(kernel::RenameZone(dataSet, 2, "Hull")));
     EXPECT_EQ(zones.driver.look(), "1: Wing [2: Hull] 3: Tail");
     EXPECT_EQ(zones.view.currentIndex(), current);
     EXPECT_EQ(resets.count(), 0);
@@ -160,7 +163,7 @@ TEST_F(ListViewOverKernelTest, FollowsAnActionUnderALockWhenTheLockIsReleased)
     variables.driver.click(0);
     {
         sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
-        ASSERT_TRUE(session.deleteVariables(dataSet, {4}));
+        ASSERT_TRUE(session.perform(kernel::DeleteVariables(dataSet, {4})));
         EXPECT_EQ(variables.driver.look(), "1: X 2: Y 3: P");
         EXPECT_EQ(text(variables.selected->value()), "1");
     }
@@ -195,7 +198,7 @@ TEST_F(ListViewOverKernelTest, MayGoBetweenAKernelEventAndIdle)
         std::make_unique<Bound>(boost::make_shared<models::ZoneListModel>(&sdk::getEnabledZonesForFrame, false));
     EXPECT_EQ(observable.listenerCount(), before + 1);
     list->driver.click(0);
-    ASSERT_TRUE(session.setZoneEnabled(dataSet, 1, false));
+    ASSERT_TRUE(session.perform(kernel::EnableZone(dataSet, 1, false)));
     list.reset();
     EXPECT_EQ(observable.listenerCount(), before);
     IdleDispatcher::flush();

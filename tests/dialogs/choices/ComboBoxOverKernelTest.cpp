@@ -2,6 +2,9 @@
 #include "dialogs/models/EnabledVariablesListModel.h"
 #include "dialogs/models/ZoneListModel.h"
 #include "dialogs/property/Property.h"
+#include "kernel/operations/DeleteVariables.h"
+#include "kernel/operations/EnableZone.h"
+#include "kernel/operations/RenameZone.h"
 #include "platform/vdsdkbase/VelUtilFrame.h"
 #include "platform/vdsdkcommon/AppLock.h"
 #include "platform/vdsdkcommon/DataSetQueries.h"
@@ -62,11 +65,11 @@ TEST_F(ComboBoxOverKernelTest, OffersTheZones)
 TEST_F(ComboBoxOverKernelTest, ChoosesTheFirstZoneWhenTheChosenOneIsDisabled)
 {
     zones.driver.press(Qt::Key_End);
-    ASSERT_TRUE(session.setZoneEnabled(dataSet, 3, false));
+    ASSERT_TRUE(session.perform(kernel::EnableZone(dataSet, 3, false)));
     EXPECT_EQ(zones.chosen->value(), 1);
     IdleDispatcher::flush();
     EXPECT_EQ(zones.driver.look(), "[1: Wing] 2: Body");
-    ASSERT_TRUE(session.setZoneEnabled(dataSet, 3, true));
+    ASSERT_TRUE(session.perform(kernel::EnableZone(dataSet, 3, true)));
     IdleDispatcher::flush();
     EXPECT_EQ(zones.driver.look(), "[1: Wing] 2: Body 3: Tail");
 }
@@ -74,7 +77,7 @@ TEST_F(ComboBoxOverKernelTest, ChoosesTheFirstZoneWhenTheChosenOneIsDisabled)
 TEST_F(ComboBoxOverKernelTest, StaysOnTheChosenZoneWhenAnotherOneIsDisabled)
 {
     zones.driver.press(Qt::Key_End);
-    ASSERT_TRUE(session.setZoneEnabled(dataSet, 1, false));
+    ASSERT_TRUE(session.perform(kernel::EnableZone(dataSet, 1, false)));
     EXPECT_EQ(zones.chosen->value(), 3);
     IdleDispatcher::flush();
     EXPECT_EQ(zones.driver.look(), "2: Body [3: Tail]");
@@ -83,7 +86,7 @@ TEST_F(ComboBoxOverKernelTest, StaysOnTheChosenZoneWhenAnotherOneIsDisabled)
 TEST_F(ComboBoxOverKernelTest, ChoosesTheFirstVariableWhenTheChosenOneIsDeleted)
 {
     variables.driver.press(Qt::Key_End);
-    ASSERT_TRUE(session.deleteVariables(dataSet, {4}));
+    ASSERT_TRUE(session.perform(kernel::DeleteVariables(dataSet, {4})));
     IdleDispatcher::flush();
     EXPECT_EQ(variables.driver.look(), "[1: X] 2: Y 3: P");
     EXPECT_EQ(variables.chosen->value(), 1);
@@ -95,7 +98,7 @@ TEST_F(ComboBoxOverKernelTest, ChoosesTheFirstVariableWhenTheChosenOneIsDeleted)
 TEST_F(ComboBoxOverKernelTest, ShowsANewNameWithoutAReset)
 {
     QSignalSpy const resets(zones.comboBox.model(), &QAbstractItemModel::modelReset);
-    ASSERT_TRUE(session.renameZone(dataSet, 1, "Fin"));
+    ASSERT_TRUE(session.perform(kernel::RenameZone(dataSet, 1, "Fin")));
     EXPECT_EQ(zones.driver.look(), "[1: Fin] 2: Body 3: Tail");
     EXPECT_EQ(resets.count(), 0);
 }
@@ -103,8 +106,8 @@ TEST_F(ComboBoxOverKernelTest, ShowsANewNameWithoutAReset)
 TEST_F(ComboBoxOverKernelTest, IsNotResetByChangesThatLeaveItsListEqual)
 {
     QSignalSpy const resets(zones.comboBox.model(), &QAbstractItemModel::modelReset);
-    ASSERT_TRUE(session.deleteVariables(dataSet, {2}));
-    ASSERT_TRUE(session.renameVariable(dataSet, 1, "Chord"));
+    ASSERT_TRUE(session.perform(kernel::DeleteVariables(dataSet, {2})));
+    ASSERT_TRUE(session.perform(kernel::RenameVariable(dataSet, 1, "Chord")));
     ASSERT_TRUE(session.undo());
     ASSERT_TRUE(session.undo());
     EXPECT_EQ(resets.count(), 0);
@@ -131,7 +134,7 @@ TEST_F(ComboBoxOverKernelTest, FollowsAnActionUnderALockWhenTheLockIsReleased)
     zones.driver.press(Qt::Key_End);
     {
         sdk::AppLock const lock(sdk::AppLock::ImplicitMacroRecording(0));
-        ASSERT_TRUE(session.setZoneEnabled(dataSet, 2, false));
+        ASSERT_TRUE(session.perform(kernel::EnableZone(dataSet, 2, false)));
         IdleDispatcher::flush();
         EXPECT_EQ(zones.driver.look(), "[1: Wing] 3: Tail"); // as Qt has left it
         EXPECT_EQ(zones.chosen->value(), 3);
@@ -150,13 +153,13 @@ protected:
         switch (random(8)) {
         case 0:
         case 1:
-            session.setZoneEnabled(dataSet, 1 + random(3), random(3) != 0);
+            session.perform(kernel::EnableZone(dataSet, 1 + random(3), random(3) != 0));
             break;
         case 2:
-            session.renameZone(dataSet, 1 + random(3), "Zone" + std::to_string(random(100)));
+            session.perform(kernel::RenameZone(dataSet, 1 + random(3), "Zone" + std::to_string(random(100))));
             break;
         case 3:
-            session.setVariableEnabled(dataSet, 1 + random(4), random(3) != 0);
+            session.perform(kernel::EnableVariable(dataSet, 1 + random(4), random(3) != 0));
             break;
         case 4:
             session.activateFrame(random(4) ? sample.frame()->id : emptyFrame->id); // which an undo may have taken away

@@ -2,7 +2,7 @@
 
 #include "kernel/data/DataSet.h"
 #include "kernel/frames/Frame.h"
-#include "kernel/frames/Session.h"
+#include "kernel/session/Session.h"
 
 #include <memory>
 #include <string>

@@ -3,6 +3,10 @@
 #include "dialogs/models/NonSpatialVariablesListModel.h"
 #include "dialogs/models/ZoneListModel.h"
 #include "dialogs/models/ZoneListModelGroupableByStrand.h"
+#include "kernel/operations/EnableZone.h"
+#include "kernel/operations/LineMapOperation.h"
+#include "kernel/operations/RenameZone.h"
+#include "kernel/operations/SetPlotType.h"
 #include "platform/vdsdkbase/VelUtilFieldMap.h"
 #include "platform/vdsdkbase/VelUtilFrame.h"
 #include "platform/vdsdkcommon/DataSetQueries.h"
@@ -29,7 +33,10 @@ protected:
     SampleSession sample{{"Wing"}, {"X", "Y", "Z", "P"}};
     kernel::Session& session = sample.session();
 
-    void SetUp() override { ASSERT_TRUE(session.setPlotType(sample.frame()->id, PlotType_Cartesian2D)); }
+    void SetUp() override
+    {
+        ASSERT_TRUE(session.perform(kernel::SetPlotType(sample.frame()->id, PlotType_Cartesian2D)));
+    }
 };
 
 TEST_F(NonSpatialVariablesListModelTest, LeavesTheCoordinatesOfThePlotOut)
@@ -43,7 +50,7 @@ TEST_F(NonSpatialVariablesListModelTest, FollowsThePlotType)
 {
     NonSpatialVariablesListModel const variables;
     ListLog log(variables);
-    ASSERT_TRUE(session.setPlotType(sample.frame()->id, PlotType_XYLine));
+    ASSERT_TRUE(session.perform(kernel::SetPlotType(sample.frame()->id, PlotType_XYLine)));
     EXPECT_EQ(rows(variables), "1=1: X | 2=2: Y | 3=3: Z | 4=4: P");
     EXPECT_EQ(log.take(), "data");
 }
@@ -52,12 +59,12 @@ TEST_F(NonSpatialVariablesListModelTest, FollowsTheAxes)
 {
     NonSpatialVariablesListModel const variables;
     ListLog log(variables);
-    ASSERT_TRUE(session.assignVariable(sample.frame()->id, 'Y', 3));
+    ASSERT_TRUE(session.perform(kernel::AssignVariable(sample.frame()->id, 'Y', 3)));
     EXPECT_EQ(rows(variables), "2=2: Y | 4=4: P");
     EXPECT_EQ(log.take(), "data");
-    ASSERT_TRUE(session.setPlotType(sample.frame()->id, PlotType_Cartesian3D));
+    ASSERT_TRUE(session.perform(kernel::SetPlotType(sample.frame()->id, PlotType_Cartesian3D)));
     log.take();
-    ASSERT_TRUE(session.assignVariable(sample.frame()->id, 'X', 4));
+    ASSERT_TRUE(session.perform(kernel::AssignVariable(sample.frame()->id, 'X', 4)));
     EXPECT_EQ(variables.indexOf(4), -1);
     EXPECT_EQ(log.take(), "data");
 }
@@ -66,8 +73,8 @@ TEST_F(NonSpatialVariablesListModelTest, TellsARenameAsAChangeOfTheRow)
 {
     NonSpatialVariablesListModel const variables;
     ListLog log(variables);
-    ASSERT_TRUE(session.renameVariable(sample.dataSet(), 4, "Pressure"));
-    ASSERT_TRUE(session.renameVariable(sample.dataSet(), 1, "Length"));
+    ASSERT_TRUE(session.perform(kernel::RenameVariable(sample.dataSet(), 4, "Pressure")));
+    ASSERT_TRUE(session.perform(kernel::RenameVariable(sample.dataSet(), 1, "Length")));
     EXPECT_EQ(log.take(), "item 1");
     EXPECT_EQ(rows(variables), "3=3: Z | 4=4: Pressure");
 }
@@ -141,13 +148,13 @@ TEST_F(ZoneListModelGroupableByStrandTest, NamesAStrandAfterItsLowestEnabledZone
 {
     ZoneListModelGroupableByStrand const zones;
     zones.groupByTimeStrand()->setValue(true);
-    ASSERT_TRUE(session.setZoneEnabled(sample.dataSet(), 1, false));
+    ASSERT_TRUE(session.perform(kernel::EnableZone(sample.dataSet(), 1, false)));
     EXPECT_EQ(rows(zones), "1=1: t1 (strand 7) | 2=2: Wall | 3=3: Probe | 4=4: s0 (strand 2)");
-    ASSERT_TRUE(session.setZoneEnabled(sample.dataSet(), 3, false));
+    ASSERT_TRUE(session.perform(kernel::EnableZone(sample.dataSet(), 3, false)));
     EXPECT_EQ(rows(zones), "2=2: Wall | 3=3: Probe | 4=4: s0 (strand 2)");
-    ASSERT_TRUE(session.setZoneEnabled(sample.dataSet(), 1, true));
+    ASSERT_TRUE(session.perform(kernel::EnableZone(sample.dataSet(), 1, true)));
     EXPECT_EQ(rows(zones), "1=1: t0 (strand 7) | 2=2: Wall | 3=3: Probe | 4=4: s0 (strand 2)");
-    ASSERT_TRUE(session.setZoneEnabled(sample.dataSet(), 5, false));
+    ASSERT_TRUE(session.perform(kernel::EnableZone(sample.dataSet(), 5, false)));
     EXPECT_EQ(rows(zones), "1=1: t0 (strand 7) | 2=2: Wall | 3=3: Probe");
 }
 
@@ -156,10 +163,10 @@ TEST_F(ZoneListModelGroupableByStrandTest, FollowsTheKernelInBothStates)
     ZoneListModelGroupableByStrand const zones;
     zones.groupByTimeStrand()->setValue(true);
     ListLog log(zones);
-    ASSERT_TRUE(session.renameZone(sample.dataSet(), 1, "start"));
+    ASSERT_TRUE(session.perform(kernel::RenameZone(sample.dataSet(), 1, "start")));
     EXPECT_EQ(log.take(), "item 0");
     EXPECT_EQ(zones.getStr(0), "1: start (strand 7)");
-    ASSERT_TRUE(session.setZoneEnabled(sample.dataSet(), 4, false));
+    ASSERT_TRUE(session.perform(kernel::EnableZone(sample.dataSet(), 4, false)));
     EXPECT_EQ(log.take(), "data");
     EXPECT_EQ(rows(zones), "1=1: start (strand 7) | 2=2: Wall | 4=4: s0 (strand 2)");
     zones.groupByTimeStrand()->setValue(false);
@@ -204,16 +211,17 @@ protected:
         kernel::NumberSet all;
         for (std::size_t map = 1; map <= sample.frame()->lineMaps.size(); ++map)
             all.insert(static_cast<int>(map));
-        session.deleteLineMaps(frame, all);
-        ASSERT_TRUE(session.createLineMap(frame));
-        ASSERT_TRUE(session.createLineMap(frame));
+        session.perform(kernel::DeleteLineMaps(frame, all));
+        ASSERT_TRUE(session.perform(kernel::CreateLineMap(frame)));
+        ASSERT_TRUE(session.perform(kernel::CreateLineMap(frame)));
         ASSERT_TRUE(rename(1, "lift"));
         ASSERT_TRUE(rename(2, "drag"));
     }
 
     bool rename(int map, std::string const& name)
     {
-        return session.changeLineMaps(frame, {map}, [&name](kernel::LineMap& lineMap) { lineMap.name = name; });
+        return session.perform(
+            kernel::ChangeLineMaps(frame, {map}, [&name](kernel::LineMap& lineMap) { lineMap.name = name; }));
     }
 };
 
@@ -228,7 +236,7 @@ TEST_F(LineMapListModelTest, FollowsCreationDeletionAndRenaming)
     ListLog log(lineMaps);
     ASSERT_TRUE(rename(2, "moment"));
     EXPECT_EQ(log.take(), "item 1");
-    ASSERT_TRUE(session.deleteLineMaps(frame, {1}));
+    ASSERT_TRUE(session.perform(kernel::DeleteLineMaps(frame, {1})));
     EXPECT_EQ(log.take(), "data");
     EXPECT_EQ(rows(lineMaps), "1=1: moment");
     ASSERT_TRUE(session.undo());
@@ -289,12 +297,12 @@ TEST(StockListModels, BelongToTheActiveFrameWhenAnEventComesInTheMiddleOfAFrameL
     ASSERT_TRUE(VelUtilFrameLightweightLoopStart());
     while (VelUtilFrameGetUniqueID() != other->id)
         ASSERT_TRUE(VelUtilFrameLightweightLoopNext());
-    session.createLineMap(other->id);
-    session.renameZone(*other->dataSet, 1, "C");
-    session.setVariableEnabled(*other->dataSet, 1, false);
+    session.perform(kernel::CreateLineMap(other->id));
+    session.perform(kernel::RenameZone(*other->dataSet, 1, "C"));
+    session.perform(kernel::EnableVariable(*other->dataSet, 1, false));
     EXPECT_EQ(all(), before);
     EXPECT_EQ(VelUtilFrameGetUniqueID(), other->id) << "the loop goes on where it stood";
-    session.renameZone(sample.dataSet(), 1, "Flap");
+    session.perform(kernel::RenameZone(sample.dataSet(), 1, "Flap"));
     VelUtilFrameLightweightLoopEnd();
 
     EXPECT_EQ(rows(zones), "1=1: Flap");

@@ -1,6 +1,9 @@
 #include "dialogs/models/EnabledVariablesListModel.h"
 #include "dialogs/models/QListModel.h"
 #include "dialogs/models/ZoneListModel.h"
+#include "kernel/operations/DeleteVariables.h"
+#include "kernel/operations/EnableZone.h"
+#include "kernel/operations/RenameZone.h"
 #include "platform/vdsdkcommon/DataSetQueries.h"
 #include "platform/vdsdkcommon/StateChangeEventObservable.h"
 #include "tests/dialogs/models/ListLog.h"
@@ -62,11 +65,11 @@ TEST_F(ZoneVarListModelTest, LeavesDisabledOnesOut)
     EnabledVariablesListModel const variables(getEnabledVarsForFrame, false);
     ListLog zoneLog(zones);
     ListLog variableLog(variables);
-    ASSERT_TRUE(session.setZoneEnabled(dataSet, 2, false));
+    ASSERT_TRUE(session.perform(kernel::EnableZone(dataSet, 2, false)));
     EXPECT_EQ(rows(zones), "1=1: Wing | 3=3: Tail");
     EXPECT_EQ(zoneLog.take(), "data");
     EXPECT_EQ(variableLog.take(), "");
-    ASSERT_TRUE(session.setVariableEnabled(dataSet, 1, false));
+    ASSERT_TRUE(session.perform(kernel::EnableVariable(dataSet, 1, false)));
     EXPECT_EQ(rows(variables), "2=2: Y | 3=3: P | 4=4: T");
     EXPECT_EQ(variableLog.take(), "data");
     EXPECT_EQ(zoneLog.take(), "");
@@ -79,7 +82,7 @@ TEST_F(ZoneVarListModelTest, FollowsADeletionAndItsUndo)
 {
     EnabledVariablesListModel const variables(getEnabledVarsForFrame, false);
     ListLog log(variables);
-    ASSERT_TRUE(session.deleteVariables(dataSet, {2}));
+    ASSERT_TRUE(session.perform(kernel::DeleteVariables(dataSet, {2})));
     EXPECT_EQ(rows(variables), "1=1: X | 2=2: P | 3=3: T");
     EXPECT_EQ(log.take(), "data");
     ASSERT_TRUE(session.undo());
@@ -96,10 +99,10 @@ TEST_F(ZoneVarListModelTest, TellsARenameAsAChangeOfTheRow)
     EnabledVariablesListModel const variables(getEnabledVarsForFrame, false);
     ListLog zoneLog(zones);
     ListLog variableLog(variables);
-    ASSERT_TRUE(session.renameZone(dataSet, 3, "Fin"));
+    ASSERT_TRUE(session.perform(kernel::RenameZone(dataSet, 3, "Fin")));
     EXPECT_EQ(zoneLog.take(), "item 2");
     EXPECT_EQ(rows(zones), "1=1: Wing | 2=2: Body | 3=3: Fin");
-    ASSERT_TRUE(session.renameVariable(dataSet, 1, "Length"));
+    ASSERT_TRUE(session.perform(kernel::RenameVariable(dataSet, 1, "Length")));
     EXPECT_EQ(variableLog.take(), "item 0");
     ASSERT_TRUE(session.undo());
     EXPECT_EQ(variableLog.take(), "item 0");
@@ -253,7 +256,7 @@ TEST_F(ZoneVarListModelTest, RenamesWhatTheRowShowsEvenWhenNumbersHaveMovedMeanw
     {
         EnabledVariablesListModel const variables(getEnabledVarsForFrame, true);
         editor.list = &variables;
-        ASSERT_TRUE(session.deleteVariables(dataSet, {2}));
+        ASSERT_TRUE(session.perform(kernel::DeleteVariables(dataSet, {2})));
         EXPECT_FALSE(editor.deletedWasRenamed);
         EXPECT_TRUE(editor.otherWasRenamed);
         EXPECT_EQ(rows(variables), "1=1: X | 2=2: Pressure | 3=3: T");
@@ -275,7 +278,7 @@ TEST_F(ZoneVarListModelTest, IsUpToDateForOtherListenersInsideTheEvent)
     boost::signals2::scoped_connection const connection =
         sdk::integration::StateChangeEventObservable::getInstance().connectStateChanged(
             [&](toolbox::StateChangeEventInterface const&) { seen = rows(zones); });
-    session.renameZone(dataSet, 1, "Flap");
+    session.perform(kernel::RenameZone(dataSet, 1, "Flap"));
     EXPECT_EQ(seen, "1=1: Flap | 2=2: Body | 3=3: Tail");
 }
 
@@ -285,12 +288,12 @@ TEST_F(ZoneVarListModelTest, StandsAListenerThatChangesTheKernel)
     bool done = false;
     boost::signals2::scoped_connection const connection = zones.connectItemChanged([&](int) {
         if (!std::exchange(done, true)) {
-            session.setZoneEnabled(dataSet, 3, false);
-            session.setZoneEnabled(dataSet, 2, false);
+            session.perform(kernel::EnableZone(dataSet, 3, false));
+            session.perform(kernel::EnableZone(dataSet, 2, false));
         }
     });
     ListLog log(zones);
-    session.renameZone(dataSet, 3, "Fin");
+    session.perform(kernel::RenameZone(dataSet, 3, "Fin"));
     EXPECT_EQ(rows(zones), "1=1: Wing");
     EXPECT_EQ(log.take(), "data; data; item 2");
 }
@@ -304,13 +307,13 @@ TEST_F(ZoneVarListModelTest, StaysTrueAfterAListenerHasThrown)
             throw std::runtime_error("");
     });
     EnabledVariablesListModel const later(getEnabledVarsForFrame, false);
-    session.renameZone(dataSet, 1, "Flap");
+    session.perform(kernel::RenameZone(dataSet, 1, "Flap"));
     EXPECT_EQ(rows(zones), "1=1: Flap | 2=2: Body | 3=3: Tail");
     fails = false;
     ListLog log(zones);
-    session.renameZone(dataSet, 2, "Hull");
+    session.perform(kernel::RenameZone(dataSet, 2, "Hull"));
     EXPECT_EQ(log.take(), "item 1");
-    session.renameVariable(dataSet, 1, "Length");
+    session.perform(kernel::RenameVariable(dataSet, 1, "Length"));
     EXPECT_EQ(later.getStr(0), "1: Length");
 }
 
@@ -397,19 +400,19 @@ TEST_P(ZoneVarListModelStorm, EqualsAFreshReadingOfTheKernel)
         int const zone = upTo(dataSet.zoneCount());
         switch (upTo(8)) {
         case 1:
-            session.renameZone(dataSet, zone, "zone " + std::to_string(step));
+            session.perform(kernel::RenameZone(dataSet, zone, "zone " + std::to_string(step)));
             break;
         case 2:
-            session.renameVariable(dataSet, variable, "variable " + std::to_string(step));
+            session.perform(kernel::RenameVariable(dataSet, variable, "variable " + std::to_string(step)));
             break;
         case 3:
-            session.setZoneEnabled(dataSet, zone, upTo(2) == 1);
+            session.perform(kernel::EnableZone(dataSet, zone, upTo(2) == 1));
             break;
         case 4:
-            session.setVariableEnabled(dataSet, variable, upTo(2) == 1);
+            session.perform(kernel::EnableVariable(dataSet, variable, upTo(2) == 1));
             break;
         case 5:
-            session.deleteVariables(dataSet, {variable});
+            session.perform(kernel::DeleteVariables(dataSet, {variable}));
             break;
         case 6:
             session.redo();

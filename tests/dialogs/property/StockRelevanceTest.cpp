@@ -2,6 +2,7 @@
 #include "dialogs/property/FieldPlotTypeDependentRelevance.h"
 #include "dialogs/property/LinePlotTypeDependentRelevance.h"
 #include "dialogs/property/PlotTypeDependentRelevance.h"
+#include "kernel/operations/SetPlotType.h"
 #include "tests/dialogs/models/SampleSession.h"
 
 #include <gtest/gtest.h>
@@ -23,7 +24,10 @@ protected:
         return text;
     }
 
-    void setPlotType(PlotType_e plotType) { sample.session().setPlotType(sample.frame()->id, plotType); }
+    void setPlotType(PlotType_e plotType)
+    {
+        sample.session().perform(kernel::SetPlotType(sample.frame()->id, plotType));
+    }
 
     test::SampleSession sample{{"Wing"}, {"X", "Y", "P"}};
     DataSetExistsRelevance dataSet;

@@ -1,3 +1,4 @@
+#include "kernel/operations/RenameZone.h"
 #include "tests/dialogs/spreadsheet/SpreadsheetDriver.h"
 #include "tests/support/KernelSpy.h"
 
@@ -83,8 +84,8 @@ TEST_F(ColumnFitterTest, WidensForANumberThatIsTyped)
 
 TEST_F(ColumnFitterTest, WidensForALongNameUpToALimit)
 {
-    stage.session().renameVariable(stage.dataSet(), 1, "Turbulent viscosity");
-    stage.session().renameVariable(stage.dataSet(), 3, std::string(500, 'x'));
+    stage.session().perform(kernel::RenameVariable(stage.dataSet(), 1, "Turbulent viscosity"));
+    stage.session().perform(kernel::RenameVariable(stage.dataSet(), 3, std::string(500, 'x')));
     settle();
     EXPECT_TRUE(isReadable(0, 0));
     EXPECT_EQ(width(2), 300);

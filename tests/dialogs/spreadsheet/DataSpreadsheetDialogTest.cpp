@@ -1,3 +1,4 @@
+#include "kernel/operations/LoadVariables.h"
 #include "tests/dialogs/spreadsheet/SpreadsheetDriver.h"
 #include "tests/dialogs/support/FormTable.h"
 #include "tests/dialogs/support/NotingTranslator.h"
@@ -443,7 +444,8 @@ TEST_F(DataSpreadsheetDialogTest, KeepsNotLoadedReadableInEveryFormat)
     edit(0, 1, "5");
     EXPECT_EQ(shown(0, 1), "Not Loaded");
     EXPECT_THAT(messages.take(), IsEmpty());
-    stage.session().makeVariablesAvailable(stage.dataSet(), kernel::NumberSet{1}, kernel::NumberSet{1, 2, 3});
+    stage.session().perform(
+        kernel::MakeVariablesAvailable(stage.dataSet(), kernel::NumberSet{1}, kernel::NumberSet{1, 2, 3}));
     settle();
     EXPECT_EQ(shown(0, 1), "7");
 }

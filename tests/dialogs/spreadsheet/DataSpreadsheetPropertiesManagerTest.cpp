@@ -5,6 +5,10 @@
 #include "dialogs/spreadsheet/FEZoneVarTableModel.h"
 #include "dialogs/spreadsheet/IJKLineZoneVarTableModel.h"
 #include "dialogs/spreadsheet/OrderedZoneVarTableModel.h"
+#include "kernel/operations/DeleteVariables.h"
+#include "kernel/operations/EnableZone.h"
+#include "kernel/operations/RenameZone.h"
+#include "kernel/operations/SetValue.h"
 #include "platform/exception/IOException.h"
 #include "platform/exception/InvalidPropertyValueException.h"
 #include "platform/vdsdkuicommon/IdleDispatcher.h"
@@ -383,8 +387,8 @@ TEST_F(DataSpreadsheetPropertiesManagerTest, LetsTheOldTableGo)
 TEST_F(DataSpreadsheetPropertiesManagerTest, GoesToTheFirstEnabledZoneAtIdleWhenTheSelectedOneIsDisabledOrDeleted)
 {
     choose(line);
-    stage.session().setZoneEnabled(stage.dataSet(), volume, false);
-    stage.session().setZoneEnabled(stage.dataSet(), line, false);
+    stage.session().perform(kernel::EnableZone(stage.dataSet(), volume, false));
+    stage.session().perform(kernel::EnableZone(stage.dataSet(), line, false));
     EXPECT_EQ(Manager::spreadsheetZone()->value(), line) << "not before idle";
     IdleDispatcher::flush();
     EXPECT_EQ(Manager::spreadsheetZone()->value(), planeIJ);
@@ -395,7 +399,7 @@ TEST_F(DataSpreadsheetPropertiesManagerTest, GoesToTheFirstEnabledVariableAtIdle
 {
     manager();
     Manager::spreadsheetVariable()->setValue(3);
-    stage.session().deleteVariables(stage.dataSet(), {1, 3});
+    stage.session().perform(kernel::DeleteVariables(stage.dataSet(), {1, 3}));
     IdleDispatcher::flush();
     EXPECT_EQ(Manager::spreadsheetVariable()->value(), 1);
     EXPECT_EQ(manager().tableModelProxy()->getStr({1, 0}), "201");
@@ -434,7 +438,7 @@ TEST_F(DataSpreadsheetPropertiesManagerTest, HasNoLocationToChooseWhenTheVariabl
     Manager::spreadsheetValueLocation()->setValue(ValueLocation_CellCentered);
     choose(triangles);
     EXPECT_EQ(size(), "3x1");
-    stage.session().setVariableEnabled(stage.dataSet(), 3, false);
+    stage.session().perform(kernel::EnableVariable(stage.dataSet(), 3, false));
     EXPECT_FALSE(manager().valueLocationRelevance()->isRelevant());
     IdleDispatcher::flush();
     EXPECT_EQ(size(), "5x2");
@@ -444,9 +448,9 @@ TEST_F(DataSpreadsheetPropertiesManagerTest, FollowsOnlyTheVariablesAtTheLocatio
 {
     choose(triangles);
     TableLog log(*manager().tableModelProxy());
-    stage.session().setValue(stage.dataSet(), triangles, 3, 0, -1.0, false);
+    stage.session().perform(kernel::SetValue(stage.dataSet(), triangles, 3, 0, -1.0, false));
     EXPECT_THAT(log.take(), IsEmpty()) << "a value at the cells";
-    stage.session().setValue(stage.dataSet(), triangles, 2, 0, -1.0, false);
+    stage.session().perform(kernel::SetValue(stage.dataSet(), triangles, 2, 0, -1.0, false));
     EXPECT_THAT(log.take(), ElementsAre("data"));
 }
 
@@ -510,7 +514,7 @@ TEST_F(DataSpreadsheetPropertiesManagerTest, LeavesTableAndChoicesUntilTheDataSe
     Manager::spreadsheetFormat()->setValue(NumberFormat_Integer);
     Manager::spreadsheetZone()->setValue(line);
     EXPECT_EQ(manager().tableModel(), before) << "choices are not followed";
-    stage.session().renameZone(stage.dataSet(), 1, "renamed");
+    stage.session().perform(kernel::RenameZone(stage.dataSet(), 1, "renamed"));
     IdleDispatcher::flush();
     EXPECT_EQ(size(), "6x3");
     Manager::spreadsheetZone()->setValue(volume);
@@ -535,7 +539,7 @@ TEST_F(DataSpreadsheetPropertiesManagerTest, TellsAFailureAtIdleOnce)
 {
     manager();
     KernelSpy spy;
-    stage.session().renameZone(stage.dataSet(), 1, "renamed");
+    stage.session().perform(kernel::RenameZone(stage.dataSet(), 1, "renamed"));
     spy.failNext("VelUtilZoneGetIJK", 2);
     IdleDispatcher::flush();
     EXPECT_THAT(messages.take(), ElementsAre("error: Failed to load zone metrics."));
@@ -546,7 +550,7 @@ TEST_F(DataSpreadsheetPropertiesManagerTest, TellsNothingAtIdleWhenTheUserStoppe
     manager();
     KernelSpy spy;
     auto const before = manager().tableModel();
-    stage.session().renameZone(stage.dataSet(), 1, "renamed");
+    stage.session().perform(kernel::RenameZone(stage.dataSet(), 1, "renamed"));
     stage.session().setInterrupted(true);
     spy.failNext("VelUtilZoneGetIJK", 2);
     IdleDispatcher::flush();
@@ -598,11 +602,11 @@ TEST_F(DataSpreadsheetPropertiesManagerTest, KeepsTheSelectionWhileAllZonesAreDi
 {
     choose(line);
     for (int zone = 1; zone <= 7; ++zone)
-        stage.session().setZoneEnabled(stage.dataSet(), zone, false);
+        stage.session().perform(kernel::EnableZone(stage.dataSet(), zone, false));
     IdleDispatcher::flush();
     EXPECT_EQ(Manager::spreadsheetZone()->value(), line);
     EXPECT_EQ(size(), "0x0");
-    stage.session().setZoneEnabled(stage.dataSet(), line, true);
+    stage.session().perform(kernel::EnableZone(stage.dataSet(), line, true));
     IdleDispatcher::flush();
     EXPECT_EQ(size(), "6x3");
 }
@@ -622,7 +626,7 @@ TEST_F(DataSpreadsheetPropertiesManagerTest, ListensToNothingOnceItIsGone)
     manager();
     m_manager.reset();
     Manager::spreadsheetZone()->setValue(line);
-    stage.session().renameZone(stage.dataSet(), 1, "renamed");
+    stage.session().perform(kernel::RenameZone(stage.dataSet(), 1, "renamed"));
     IdleDispatcher::flush();
     EXPECT_EQ(Manager::spreadsheetZone()->value(), line);
 }
@@ -651,7 +655,7 @@ TEST_F(DataSpreadsheetPropertiesManagerTest, OffersToAlterAllSharedZonesOnlyWher
     choose(planeIJ);
     EXPECT_FALSE(manager().alterRelevance()->isRelevant());
     choose(twin);
-    stage.session().setVariableEnabled(stage.dataSet(), 2, false);
+    stage.session().perform(kernel::EnableVariable(stage.dataSet(), 2, false));
     EXPECT_FALSE(manager().alterRelevance()->isRelevant());
 }
 
@@ -676,7 +680,7 @@ TEST_F(DataSpreadsheetPropertiesManagerTest, OffersOfADisabledZoneNothingButTheV
     stage.share(twin, 2, volume);
     for (int const zone : {volume, triangles}) {
         choose(zone);
-        stage.session().setZoneEnabled(stage.dataSet(), zone, false);
+        stage.session().perform(kernel::EnableZone(stage.dataSet(), zone, false));
         EXPECT_TRUE(manager().variableRelevance()->isRelevant()) << zone;
         EXPECT_FALSE(manager().alterRelevance()->isRelevant()) << zone;
         EXPECT_FALSE(manager().planeIndexRelevance()->isRelevant()) << zone;

@@ -1,3 +1,4 @@
+#include "kernel/operations/SetValue.h"
 #include "tests/dialogs/spreadsheet/KernelSheet.h"
 #include "tests/dialogs/spreadsheet/ShadowView.h"
 #include "tests/dialogs/spreadsheet/SpreadsheetDriver.h"
@@ -239,7 +240,7 @@ TEST_F(EditReachTest, IsFollowedAtOnceByAnotherSpreadsheetThatReadsWhatItShows)
 TEST_F(EditReachTest, IsFollowedByASpreadsheetOnAZoneThatSharesTheValue)
 {
     ShadowView const shadow(adapter());
-    stage.session().setValue(stage.dataSet(), 2, 1, 4, -3.0, false);
+    stage.session().perform(kernel::SetValue(stage.dataSet(), 2, 1, 4, -3.0, false));
     EXPECT_EQ(shadow.texts()[4][0], "-3") << "at once";
     stage.session().undo();
     settle();

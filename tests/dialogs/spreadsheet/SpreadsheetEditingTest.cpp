@@ -1,4 +1,5 @@
-#include "kernel/compute/Waiter.h"
+#include "kernel/base/BackgroundWork.h"
+#include "kernel/operations/SetValue.h"
 #include "tests/dialogs/spreadsheet/SpreadsheetDriver.h"
 
 #include <QComboBox>
@@ -87,7 +88,7 @@ TEST_F(SpreadsheetEditingTest, KeepsWhatIsTypedWhileTheFormatChanges)
 TEST_F(SpreadsheetEditingTest, KeepsWhatIsTypedWhileValuesOfTheTableAreAlteredElsewhere)
 {
     beginEdit(1, 0, "12");
-    ASSERT_TRUE(stage.session().setValue(stage.dataSet(), 1, 1, 2, 55.0, false));
+    ASSERT_TRUE(stage.session().perform(kernel::SetValue(stage.dataSet(), 1, 1, 2, 55.0, false)));
     settle();
     EXPECT_EQ(shown(2, 0), "55");
     ASSERT_TRUE(editor());
@@ -102,7 +103,7 @@ TEST_F(SpreadsheetEditingTest, ShowsTheNewValueInAnEditorInWhichNothingIsTyped)
     QTest::keyClick(&table(), Qt::Key_F2);
     ASSERT_TRUE(editor());
     EXPECT_EQ(editor()->text(), QStringLiteral("102"));
-    ASSERT_TRUE(stage.session().setValue(stage.dataSet(), 1, 1, 2, 55.0, false));
+    ASSERT_TRUE(stage.session().perform(kernel::SetValue(stage.dataSet(), 1, 1, 2, 55.0, false)));
     settle();
     EXPECT_EQ(editor()->text(), QStringLiteral("55"));
 }

@@ -1,3 +1,9 @@
+#include "kernel/operations/DeleteVariables.h"
+#include "kernel/operations/DuplicateZones.h"
+#include "kernel/operations/EnableZone.h"
+#include "kernel/operations/LoadVariables.h"
+#include "kernel/operations/RenameZone.h"
+#include "kernel/operations/SetValue.h"
 #include "tests/dialogs/spreadsheet/KernelSheet.h"
 #include "tests/dialogs/spreadsheet/ShadowView.h"
 #include "tests/dialogs/spreadsheet/SpreadsheetDriver.h"
@@ -110,8 +116,8 @@ protected:
     void loadAndUnload()
     {
         int const before = loadedFields();
-        stage.session().makeVariablesAvailable(
-            stage.dataSet(), below(2) == 0 ? allZones() : kernel::NumberSet{someZone()}, {someVariable()});
+        stage.session().perform(kernel::MakeVariablesAvailable(
+            stage.dataSet(), below(2) == 0 ? allZones() : kernel::NumberSet{someZone()}, {someVariable()}));
         std::int64_t const limit = stage.session().loadedValuesLimit();
         stage.session().setLoadedValuesLimit(0); // memory asks for what nobody wants
         stage.session().setLoadedValuesLimit(limit);
@@ -132,7 +138,7 @@ protected:
         kernel::DataSet& dataSet = stage.dataSet();
         switch (below(12)) {
         case 0:
-            session.setValue(dataSet, someZone(), someVariable(), below(6), below(100), below(2) == 0);
+            session.perform(kernel::SetValue(dataSet, someZone(), someVariable(), below(6), below(100), below(2) == 0));
             return;
         case 1:
         case 2:
@@ -140,20 +146,20 @@ protected:
         case 3:
             if (dataSet.zoneCount() == 8)
                 return undo();
-            session.duplicateZones(dataSet, {someZone()});
+            session.perform(kernel::DuplicateZones(dataSet, {someZone()}));
             return;
         case 4:
-            session.setZoneEnabled(dataSet, someZone(), below(4) != 0);
+            session.perform(kernel::EnableZone(dataSet, someZone(), below(4) != 0));
             return;
         case 5:
-            session.setVariableEnabled(dataSet, someVariable(), below(4) != 0);
+            session.perform(kernel::EnableVariable(dataSet, someVariable(), below(4) != 0));
             return;
         case 6:
             if (dataSet.variableCount() > 4)
-                m_done["variables gone"] += session.deleteVariables(dataSet, {someVariable()}) ? 1 : 0;
+                m_done["variables gone"] += session.perform(kernel::DeleteVariables(dataSet, {someVariable()})) ? 1 : 0;
             return;
         case 7:
-            session.renameVariable(dataSet, someVariable(), "name " + std::to_string(below(100)));
+            session.perform(kernel::RenameVariable(dataSet, someVariable(), "name " + std::to_string(below(100))));
             return;
         case 8:
             for (int steps = 1 + below(4); steps > 0; --steps)

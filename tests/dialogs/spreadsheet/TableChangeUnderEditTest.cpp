@@ -1,3 +1,6 @@
+#include "kernel/operations/DeleteVariables.h"
+#include "kernel/operations/DuplicateZones.h"
+#include "kernel/operations/SetValue.h"
 #include "tests/dialogs/spreadsheet/SpreadsheetDriver.h"
 
 #include <functional>
@@ -141,7 +144,7 @@ TEST_F(TableChangeUnderEditTest, KeepsTheEditorWhereTheSameValueStaysInTheCell)
     Choices::spreadsheetPrecision()->setValue(5);
     Choices::spreadsheetAlterShared()->setValue(true);
     Choices::spreadsheetVariable()->setValue(2);
-    ASSERT_TRUE(stage.session().setValue(stage.dataSet(), 1, 3, 2, 55.0, false));
+    ASSERT_TRUE(stage.session().perform(kernel::SetValue(stage.dataSet(), 1, 3, 2, 55.0, false)));
     settle();
     ASSERT_TRUE(editor());
     EXPECT_EQ(editor()->text(), QStringLiteral("7"));
@@ -154,7 +157,7 @@ TEST_F(TableChangeUnderEditTest, StoresTheTextInAVariableThatGotAnotherNumber)
 {
     Choices::spreadsheetVariable()->setValue(2);
     beginEdit(3, 1, 2, "7");
-    ASSERT_TRUE(stage.session().deleteVariables(stage.dataSet(), {1}));
+    ASSERT_TRUE(stage.session().perform(kernel::DeleteVariables(stage.dataSet(), {1})));
     settle();
     EXPECT_FALSE(editor());
     EXPECT_THAT(altered(), ElementsAre("Block T 7 = 7"));
@@ -164,7 +167,7 @@ TEST_F(TableChangeUnderEditTest, StoresTheTextInAVariableThatGotAnotherNumberAls
 {
     Choices::spreadsheetVariable()->setValue(2);
     beginEdit(3, 1, 2, "7");
-    ASSERT_TRUE(stage.session().deleteVariables(stage.dataSet(), {1}));
+    ASSERT_TRUE(stage.session().perform(kernel::DeleteVariables(stage.dataSet(), {1})));
     pressInEditor(Qt::Key_Return);
     EXPECT_THAT(altered(), ElementsAre("Block T 7 = 7"));
     beginEdit(1, 1, 1, "8");
@@ -177,7 +180,7 @@ TEST_F(TableChangeUnderEditTest, StoresTheTextInAVariableThatGotAnotherNumberAls
 TEST_F(TableChangeUnderEditTest, StoresTheTextWhenAColumnBeforeItGoes)
 {
     beginEdit(1, 2, 2, "7");
-    ASSERT_TRUE(stage.session().deleteVariables(stage.dataSet(), {1}));
+    ASSERT_TRUE(stage.session().perform(kernel::DeleteVariables(stage.dataSet(), {1})));
     settle();
     EXPECT_FALSE(editor());
     EXPECT_THAT(altered(), ElementsAre("Line V 2 = 7"));
@@ -188,7 +191,7 @@ TEST_F(TableChangeUnderEditTest, StoresTheTextWhenAColumnBeforeItGoes)
 TEST_F(TableChangeUnderEditTest, TellsThatTheTextIsDroppedWhenItsVariableIsGone)
 {
     beginEdit(1, 2, 1, "7");
-    ASSERT_TRUE(stage.session().deleteVariables(stage.dataSet(), {2}));
+    ASSERT_TRUE(stage.session().perform(kernel::DeleteVariables(stage.dataSet(), {2})));
     settle();
     EXPECT_FALSE(editor());
     EXPECT_THAT(messages.take(), ElementsAre(gone));
@@ -199,7 +202,7 @@ TEST_F(TableChangeUnderEditTest, TellsThatTheTextIsDroppedWhenItsVariableIsGone)
 
 TEST_F(TableChangeUnderEditTest, TellsThatTheTextIsDroppedWhenItsZoneIsGone)
 {
-    ASSERT_TRUE(stage.session().duplicateZones(stage.dataSet(), {1}));
+    ASSERT_TRUE(stage.session().perform(kernel::DuplicateZones(stage.dataSet(), {1})));
     settle();
     beginEdit(8, 2, 1, "7");
     ASSERT_TRUE(stage.session().undo());
@@ -237,7 +240,7 @@ TEST_F(TableChangeUnderEditTest, ClosesAnEditorInWhichNothingWasTypedWithoutAWor
 {
     for (auto const& change :
          {std::function<void()>([] { Choices::spreadsheetZone()->setValue(2); }),
-          std::function<void()>([this] { stage.session().deleteVariables(stage.dataSet(), {2}); })}) {
+          std::function<void()>([this] { stage.session().perform(kernel::DeleteVariables(stage.dataSet(), {2})); })}) {
         Choices::spreadsheetZone()->setValue(1);
         settle();
         goTo(2, 1);

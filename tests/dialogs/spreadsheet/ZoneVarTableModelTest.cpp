@@ -1,6 +1,7 @@
 #include "dialogs/spreadsheet/FEZoneVarTableModel.h"
 #include "dialogs/spreadsheet/IJKLineZoneVarTableModel.h"
 #include "dialogs/spreadsheet/OrderedZoneVarTableModel.h"
+#include "kernel/operations/EnableZone.h"
 #include "tests/dialogs/spreadsheet/FakeTable.h"
 #include "tests/dialogs/spreadsheet/SheetStage.h"
 
@@ -150,7 +151,7 @@ TEST_F(ZoneVarTableModelTest, TakesItsColumnsFromTheEnabledVariablesAndNotFromTh
     int const zone = stage.addZone("line", ZoneType_Ordered, 2, 1, 1);
     stage.fillAll(zone);
     stage.show();
-    stage.session().setVariableEnabled(stage.dataSet(), 2, false);
+    stage.session().perform(kernel::EnableVariable(stage.dataSet(), 2, false));
     IJKLineZoneVarTableModel const table(zone, Set(2), false, ValueLocation_Nodal);
     EXPECT_THAT(texts(table), ElementsAre("100 300", "101 301"));
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kernel/data/ValueLoader.h"
+#include "kernel/storage/ValueLoader.h"
 
 #include <cstdint>
 #include <stdexcept>

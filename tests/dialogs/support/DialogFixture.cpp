@@ -1,5 +1,6 @@
 #include "tests/dialogs/support/DialogFixture.h"
 
+#include "kernel/operations/SetPlotType.h"
 #include "platform/vdsdkuicommon/IdleDispatcher.h"
 #include "tests/dialogs/support/ConstantLoader.h"
 
@@ -24,7 +25,7 @@ DialogFixture::DialogFixture(DialogTraits dialogTraits)
 {
     if (traits.defersVariables)
         deferVariables();
-    sample.session().setPlotType(sample.frame()->id, traits.plotType);
+    sample.session().perform(kernel::SetPlotType(sample.frame()->id, traits.plotType));
     mainWindow->show();
 }
 

@@ -1,5 +1,8 @@
 #include "tests/dialogs/support/DialogLifecycleTest.h"
 
+#include "kernel/operations/DeleteVariables.h"
+#include "kernel/operations/DuplicateZones.h"
+#include "kernel/operations/EnableZone.h"
 #include "platform/vdsdkcommon/StateChangeEventObservable.h"
 #include "platform/vdsdkuicommon/HelpLauncher.h"
 #include "platform/vdsdkuicommon/IdleDispatcher.h"
@@ -29,9 +32,9 @@ using testing::StartsWith;
 
 void DialogLifecycleTest::changeTheDataSet()
 {
-    sample.session().duplicateZones(sample.dataSet(), kernel::NumberSet{1});
-    sample.session().setZoneEnabled(sample.dataSet(), 2, false);
-    sample.session().deleteVariables(sample.dataSet(), kernel::NumberSet{3});
+    sample.session().perform(kernel::DuplicateZones(sample.dataSet(), kernel::NumberSet{1}));
+    sample.session().perform(kernel::EnableZone(sample.dataSet(), 2, false));
+    sample.session().perform(kernel::DeleteVariables(sample.dataSet(), kernel::NumberSet{3}));
 }
 
 // Not in programs that have only dialogs without a button of their own.
@@ -233,7 +236,7 @@ TEST_P(DialogLifecycleTest, MayBeDestroyedInsideAChangeOfTheListThatItShows)
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(doomed.isNull());
     EXPECT_EQ(IdleDispatcher::pendingCount(), 0);
-    sample.session().setZoneEnabled(sample.dataSet(), 2, true);
+    sample.session().perform(kernel::EnableZone(sample.dataSet(), 2, true));
     EXPECT_EQ(zoneNames().size(), 4u);
 }
 

@@ -1,3 +1,6 @@
+#include "kernel/operations/DeleteVariables.h"
+#include "kernel/operations/EnableZone.h"
+#include "kernel/operations/RenameZone.h"
 #include "tests/dialogs/support/FormTable.h"
 #include "tests/dialogs/variableops/DeleteVariableFixture.h"
 
@@ -46,7 +49,7 @@ TEST_F(DeleteVariableDialogTest, ListsTheEnabledVariables)
 {
     launched();
     EXPECT_THAT(rows(), ElementsAre("1: X", "2: Y", "3: P", "4: T"));
-    sample.session().setVariableEnabled(sample.dataSet(), 2, false);
+    sample.session().perform(kernel::EnableVariable(sample.dataSet(), 2, false));
     EXPECT_THAT(rows(), ElementsAre("1: X", "3: P", "4: T"));
 }
 
@@ -95,7 +98,7 @@ TEST_F(DeleteVariableDialogTest, RefusesToDeleteAllEnabledVariablesHoweverMany)
 TEST_F(DeleteVariableDialogTest, NeverTakesTheOnlyEnabledVariable)
 {
     for (int const variable : {1, 2, 4})
-        sample.session().setVariableEnabled(sample.dataSet(), variable, false);
+        sample.session().perform(kernel::EnableVariable(sample.dataSet(), variable, false));
     launched();
     EXPECT_THAT(rows(), ElementsAre("3: P"));
     clickRow(0);
@@ -139,7 +142,7 @@ TEST_F(DeleteVariableDialogTest, FollowsUndoAndRenaming)
     EXPECT_EQ(rows().size(), 3u);
     sample.session().undo();
     EXPECT_EQ(rows().size(), 4u);
-    sample.session().renameVariable(sample.dataSet(), 4, "Temperature");
+    sample.session().perform(kernel::RenameVariable(sample.dataSet(), 4, "Temperature"));
     EXPECT_EQ(rows().back(), "4: Temperature");
     EXPECT_EQ(sample.session().history().redoName(), "");
 }
@@ -148,7 +151,7 @@ TEST_F(DeleteVariableDialogTest, KeepsItsSelectionThroughADeletionThatIsUndoneBe
 {
     launched();
     clickRow(3);
-    sample.session().deleteVariables(sample.dataSet(), kernel::NumberSet{4});
+    sample.session().perform(kernel::DeleteVariables(sample.dataSet(), kernel::NumberSet{4}));
     sample.session().undo();
     EXPECT_THAT(rows(), ElementsAre("1: X", "2: Y", "3: P", "*4: T"));
 }

@@ -1,4 +1,5 @@
 #include "dialogs/variableops/DeleteVariablePropertiesManager.h"
+#include "kernel/operations/EnableZone.h"
 #include "tests/dialogs/variableops/DeleteVariableFixture.h"
 #include "tests/support/KernelSpy.h"
 
@@ -44,7 +45,7 @@ TEST_F(DeleteVariableKernelTest, CallsNothingToDeleteWhenItRefuses)
 // A selection may name variables that are no longer enabled: the list lets go of them at idle only.
 TEST_F(DeleteVariableKernelTest, ComparesWholeSetsAndNotTheirSizes)
 {
-    ASSERT_TRUE(sample.session().setVariableEnabled(sample.dataSet(), 4, false));
+    ASSERT_TRUE(sample.session().perform(kernel::EnableVariable(sample.dataSet(), 4, false)));
     sdk::ui::propertymanager::DeleteVariablePropertiesManager manager;
     auto const callsFor = [&](std::set<int> const& selection) {
         spy.reset();

@@ -1,3 +1,5 @@
+#include "kernel/operations/EnableZone.h"
+#include "kernel/operations/RenameZone.h"
 #include "tests/dialogs/support/FakeStateChange.h"
 #include "tests/dialogs/support/FormTable.h"
 #include "tests/dialogs/support/NotingTranslator.h"
@@ -60,7 +62,7 @@ TEST_F(LoadVariablesDialogTest, ListsWhatIsNotLoadedInTheZone)
     launched();
     EXPECT_THAT(zonesOffered(), ElementsAre("1: Wing", "2: Body", "3: Tail"));
     EXPECT_THAT(rows(), ElementsAre("1: X", "3: P", "4: T"));
-    sample.session().setVariableEnabled(sample.dataSet(), 3, false);
+    sample.session().perform(kernel::EnableVariable(sample.dataSet(), 3, false));
     EXPECT_THAT(rows(), ElementsAre("1: X", "4: T"));
 }
 
@@ -147,7 +149,7 @@ TEST_F(LoadVariablesDialogTest, FollowsLoadsAndNamesOfOthers)
     launched();
     loadBehindTheDialog(1, {1, 2});
     EXPECT_THAT(rows(), ElementsAre("3: P", "4: T"));
-    sample.session().renameVariable(sample.dataSet(), 4, "Temperature");
+    sample.session().perform(kernel::RenameVariable(sample.dataSet(), 4, "Temperature"));
     EXPECT_THAT(rows(), ElementsAre("3: P", "4: Temperature"));
 }
 
@@ -177,7 +179,7 @@ TEST_F(LoadVariablesDialogTest, MovesToTheFirstZoneWhenItsOwnIsDisabled)
 {
     dialogs::data::LoadVariablesDialog::getInstance(*mainWindow, 2);
     launched();
-    sample.session().setZoneEnabled(sample.dataSet(), 2, false);
+    sample.session().perform(kernel::EnableZone(sample.dataSet(), 2, false));
     EXPECT_THAT(zonesOffered(), ElementsAre("1: Wing", "3: Tail"));
     EXPECT_EQ(zoneBox().currentText(), QStringLiteral("1: Wing"));
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dialogs/variableops/LoadVariablesDialog.h"
+#include "kernel/operations/LoadVariables.h"
 #include "platform/styleproperties/StyleValue.h"
 #include "platform/vdsdkuicommon/IdleDispatcher.h"
 #include "tests/dialogs/support/DialogFixture.h"
@@ -48,7 +49,7 @@ protected:
     /// Loads as something else than the dialog would.
     void loadBehindTheDialog(int zone, kernel::NumberSet const& variables)
     {
-        sample.session().makeVariablesAvailable(sample.dataSet(), kernel::NumberSet{zone}, variables);
+        sample.session().perform(kernel::MakeVariablesAvailable(sample.dataSet(), kernel::NumberSet{zone}, variables));
     }
 
     /// Whether a load goes to all zones that are drawn.

@@ -1,3 +1,5 @@
+#include "kernel/operations/EnableZone.h"
+#include "kernel/operations/SetPlotType.h"
 #include "platform/vdsdkcommon/AppLock.h"
 #include "platform/vdsdkcommon/WaitState.h"
 #include "tests/dialogs/support/ConstantLoader.h"
@@ -46,7 +48,7 @@ TEST_F(LoadVariablesKernelTest, StatesTheWholeWantedSetZonesFirst)
 TEST_F(LoadVariablesKernelTest, WantsNoDisabledVariableThoughItIsLoaded)
 {
     loadBehindTheDialog(1, {3, 4});
-    ASSERT_TRUE(sample.session().setVariableEnabled(sample.dataSet(), 4, false));
+    ASSERT_TRUE(sample.session().perform(kernel::EnableVariable(sample.dataSet(), 4, false)));
     setKeepsDrawnZones(false);
     launched();
     select(0);
@@ -56,7 +58,7 @@ TEST_F(LoadVariablesKernelTest, WantsNoDisabledVariableThoughItIsLoaded)
 
 TEST_F(LoadVariablesKernelTest, AddsTheDrawnZonesWhenTheSettingSaysSo)
 {
-    sample.session().setPlotType(sample.frame()->id, PlotType_Cartesian2D);
+    sample.session().perform(kernel::SetPlotType(sample.frame()->id, PlotType_Cartesian2D));
     setKeepsDrawnZones(true);
     launched();
     zoneBox().setFocus();
@@ -70,7 +72,7 @@ TEST_F(LoadVariablesKernelTest, AddsTheDrawnZonesWhenTheSettingSaysSo)
 
 TEST_F(LoadVariablesKernelTest, LetsNothingVanishThatTheDrawnZonesHave)
 {
-    sample.session().setPlotType(sample.frame()->id, PlotType_Cartesian2D);
+    sample.session().perform(kernel::SetPlotType(sample.frame()->id, PlotType_Cartesian2D));
     loadBehindTheDialog(2, {3, 4});
     setKeepsDrawnZones(true);
     launched();

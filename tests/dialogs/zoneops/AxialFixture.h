@@ -4,6 +4,7 @@
 #include "dialogs/zoneops/AxialDuplicationPropertiesManager.h"
 #include "dialogs/zoneops/AxialRotationDialog.h"
 #include "dialogs/zoneops/RotationAxisTemplates.h"
+#include "kernel/operations/SetPlotType.h"
 #include "platform/vdsdkcommon/AppLock.h"
 #include "platform/vdsdkuicommon/IdleDispatcher.h"
 #include "tests/dialogs/spinboxes/SpinBoxDriver.h"
@@ -94,12 +95,12 @@ protected:
     void assign(std::string const& letters, std::vector<int> const& variables)
     {
         for (std::size_t at = 0; at < letters.size(); ++at)
-            sample.session().assignVariable(sample.frame()->id, letters[at], variables[at]);
+            sample.session().perform(kernel::AssignVariable(sample.frame()->id, letters[at], variables[at]));
     }
 
     void setPlotType(PlotType_e plotType)
     {
-        sample.session().setPlotType(sample.frame()->id, plotType);
+        sample.session().perform(kernel::SetPlotType(sample.frame()->id, plotType));
         IdleDispatcher::flush();
     }
 

@@ -1,3 +1,4 @@
+#include "kernel/operations/EnableZone.h"
 #include "tests/dialogs/support/ActionUnderSpy.h"
 #include "tests/dialogs/support/RecordedGuards.h"
 #include "tests/dialogs/zoneops/AxialFixture.h"
@@ -111,7 +112,7 @@ TEST_F(AxialRotationKernelTest, TurnsNothingThatTheListDoesNotShow)
     makeStrand();
     click("selectByStrand");
     clickRow(0);
-    sample.session().setZoneEnabled(sample.dataSet(), 1, false);
+    sample.session().perform(kernel::EnableZone(sample.dataSet(), 1, false));
     IdleDispatcher::flush();
     EXPECT_THAT(rows(), ElementsAre("*1: Tail (strand 1)", "2: Body"));
     EXPECT_EQ(refusedCall("VelUtilDataRotate"),
@@ -123,7 +124,7 @@ TEST_F(AxialRotationKernelTest, TurnsNoZoneThatIsDisabledAfterItWasPicked)
 {
     delete &dialog();
     pick({zonePick(1), zonePick(2)});
-    sample.session().setZoneEnabled(sample.dataSet(), 1, false);
+    sample.session().perform(kernel::EnableZone(sample.dataSet(), 1, false));
     launched();
     EXPECT_EQ(refusedCall("VelUtilDataRotate"),
               "VelUtilDataRotate(" + dataSet() +

@@ -1,3 +1,6 @@
+#include "kernel/operations/DuplicateZones.h"
+#include "kernel/operations/EnableZone.h"
+#include "kernel/operations/SetPlotType.h"
 #include "tests/dialogs/zoneops/AxialFixture.h"
 #include "tests/dialogs/zoneops/MemoryRunsOut.h"
 #include "tests/support/KernelSpy.h"
@@ -111,7 +114,7 @@ TEST_F(AxialRotationPropertiesManagerTest, SelectsNothingWhenNoZoneIsPicked)
 
 TEST_F(AxialRotationPropertiesManagerTest, PassesOverAPickedZoneThatIsGone)
 {
-    sample.session().duplicateZones(sample.dataSet(), kernel::NumberSet{1});
+    sample.session().perform(kernel::DuplicateZones(sample.dataSet(), kernel::NumberSet{1}));
     pick({zonePick(2), zonePick(4)});
     sample.session().undo();
     EXPECT_THAT(RotationManager().selectedZones()->value(), ElementsAre(2));
@@ -120,7 +123,7 @@ TEST_F(AxialRotationPropertiesManagerTest, PassesOverAPickedZoneThatIsGone)
 TEST_F(AxialRotationPropertiesManagerTest, PassesOverAPickedZoneThatIsDisabled)
 {
     pick({zonePick(2), zonePick(3)});
-    sample.session().setZoneEnabled(sample.dataSet(), 3, false);
+    sample.session().perform(kernel::EnableZone(sample.dataSet(), 3, false));
     EXPECT_THAT(RotationManager().selectedZones()->value(), ElementsAre(2));
 }
 
@@ -175,9 +178,9 @@ TEST_F(AxialRotationPropertiesManagerTest, LeavesTheDisabledZonesOfAStrandOut)
     RotationManager const manager;
     manager.zoneListModel()->groupByTimeStrand()->setValue(true);
     manager.selectedZones()->setValue({1});
-    sample.session().setZoneEnabled(sample.dataSet(), 1, false);
+    sample.session().perform(kernel::EnableZone(sample.dataSet(), 1, false));
     EXPECT_THAT(zonesToProcess(manager), ElementsAre(3));
-    sample.session().setZoneEnabled(sample.dataSet(), 3, false);
+    sample.session().perform(kernel::EnableZone(sample.dataSet(), 3, false));
     EXPECT_THAT(zonesToProcess(manager), IsEmpty());
 }
 
@@ -368,7 +371,7 @@ TEST_F(AxialRotationPropertiesManagerTest, TurnsToZAtIdleWhenThePlotTurnsFlat)
 {
     RotationManager const manager;
     RotationManager::rotationAxis()->setValue(RotationManager::yRotationAxis);
-    sample.session().setPlotType(sample.frame()->id, PlotType_Cartesian2D);
+    sample.session().perform(kernel::SetPlotType(sample.frame()->id, PlotType_Cartesian2D));
     EXPECT_EQ(RotationManager::rotationAxis()->value(), RotationManager::yRotationAxis);
     IdleDispatcher::flush();
     EXPECT_EQ(RotationManager::rotationAxis()->value(), RotationManager::zRotationAxis);
@@ -378,7 +381,7 @@ TEST_F(AxialRotationPropertiesManagerTest, TurnsToZAtIdleWhenAFlatFrameIsActivat
 {
     auto const flat = sample.session().createFrame("Frame 002", kernel::Rectangle{0.0, 0.0, 2.0, 2.0});
     ASSERT_TRUE(sample.session().setFrameDataSet(flat->id, sample.frame()->dataSet));
-    ASSERT_TRUE(sample.session().setPlotType(flat->id, PlotType_Cartesian2D));
+    ASSERT_TRUE(sample.session().perform(kernel::SetPlotType(flat->id, PlotType_Cartesian2D)));
     ASSERT_TRUE(sample.session().activateFrame(sample.frame()->id));
     IdleDispatcher::flush();
     RotationManager const manager;

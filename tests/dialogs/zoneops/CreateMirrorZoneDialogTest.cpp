@@ -1,3 +1,5 @@
+#include "kernel/operations/EnableZone.h"
+#include "kernel/operations/SetPlotType.h"
 #include "tests/dialogs/zoneops/CreateMirrorZoneFixture.h"
 
 #include <gmock/gmock.h>
@@ -54,7 +56,7 @@ TEST_F(CreateMirrorZoneDialogTest, ShowsTheChoicesThatSuitThePlotType)
 TEST_F(CreateMirrorZoneDialogTest, FollowsThePlotTypeAtIdle)
 {
     launched();
-    sample.session().setPlotType(sample.frame()->id, PlotType_Cartesian2D);
+    sample.session().perform(kernel::SetPlotType(sample.frame()->id, PlotType_Cartesian2D));
     EXPECT_TRUE(choice("3DXY").isVisible()) << "not in the middle of the change";
     EXPECT_THAT(visibleChoices(), ElementsAre("*2DX", "2DY"));
 }
@@ -64,7 +66,7 @@ TEST_F(CreateMirrorZoneDialogTest, FollowsTheActiveFrame)
     launched();
     auto const flat = sample.session().createFrame("Flat", kernel::Rectangle{1.0, 1.0, 8.0, 6.0});
     sample.session().setFrameDataSet(flat->id, sample.frame()->dataSet);
-    sample.session().setPlotType(flat->id, PlotType_Cartesian2D);
+    sample.session().perform(kernel::SetPlotType(flat->id, PlotType_Cartesian2D));
     EXPECT_THAT(visibleChoices(), ElementsAre("*2DX", "2DY"));
     sample.session().activateFrame(sample.frame()->id);
     EXPECT_THAT(visibleChoices(), ElementsAre("*3DXY", "3DXZ", "3DYZ"));
@@ -128,7 +130,7 @@ TEST_F(CreateMirrorZoneDialogTest, ListsTheEnabledZonesAndLetsSeveralBeSelected)
     clickRow(0);
     clickRow(2, Qt::ControlModifier);
     EXPECT_THAT(rows(), ElementsAre("*1: Wing", "2: Body", "*3: Tail"));
-    sample.session().setZoneEnabled(sample.dataSet(), 2, false);
+    sample.session().perform(kernel::EnableZone(sample.dataSet(), 2, false));
     EXPECT_THAT(rows(), ElementsAre("*1: Wing", "*3: Tail"));
 }
 

@@ -2,6 +2,7 @@
 
 #include "dialogs/zoneops/CreateMirrorZoneDialog.h"
 #include "dialogs/zoneops/CreateMirrorZonePropertiesManager.h"
+#include "kernel/operations/SetPlotType.h"
 #include "platform/vdsdkcommon/AppLock.h"
 #include "platform/vdsdkcommon/WaitState.h"
 #include "platform/vdsdkuicommon/IdleDispatcher.h"
@@ -54,7 +55,7 @@ protected:
 
     void showAs(PlotType_e plotType)
     {
-        sample.session().setPlotType(sample.frame()->id, plotType);
+        sample.session().perform(kernel::SetPlotType(sample.frame()->id, plotType));
         IdleDispatcher::flush();
     }
 

@@ -1,3 +1,4 @@
+#include "kernel/operations/SetPlotType.h"
 #include "tests/dialogs/support/ActionUnderSpy.h"
 #include "tests/dialogs/zoneops/CreateMirrorZoneFixture.h"
 
@@ -74,7 +75,7 @@ TEST_F(CreateMirrorZoneKernelTest, ReadsThePlotTypeWhenItActs)
 {
     clickRow(0);
     // No idle moment passes, so the form still shows the planes.
-    sample.session().setPlotType(sample.frame()->id, PlotType_Cartesian2D);
+    sample.session().perform(kernel::SetPlotType(sample.frame()->id, PlotType_Cartesian2D));
     EXPECT_TRUE(choice("3DXY").isVisible());
     EXPECT_EQ(operationOfCreate(), "VelUtilCreateMirrorZones({1}, 'Y')");
 }

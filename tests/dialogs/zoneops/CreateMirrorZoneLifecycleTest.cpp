@@ -1,3 +1,4 @@
+#include "kernel/operations/SetPlotType.h"
 #include "tests/dialogs/support/DialogLifecycleTest.h"
 #include "tests/dialogs/zoneops/CreateMirrorZoneFixture.h"
 
@@ -14,7 +15,7 @@ INSTANTIATE_TEST_SUITE_P(CreateMirrorZone, DialogActionLifecycleTest, testing::V
 TEST_F(CreateMirrorZoneLifecycleTest, TakesItsPendingIdleWorkAlongWhenItIsDestroyed)
 {
     launched();
-    sample.session().setPlotType(sample.frame()->id, PlotType_Cartesian2D);
+    sample.session().perform(kernel::SetPlotType(sample.frame()->id, PlotType_Cartesian2D));
     CreateMirrorZonePropertiesManager::mirrorVar3D()->setValue('X');
     EXPECT_GT(IdleDispatcher::pendingCount(), 1);
     delete &dialog();

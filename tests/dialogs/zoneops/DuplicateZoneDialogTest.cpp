@@ -1,3 +1,5 @@
+#include "kernel/operations/EnableZone.h"
+#include "kernel/operations/RenameZone.h"
 #include "tests/dialogs/support/FormTable.h"
 #include "tests/dialogs/support/NotingTranslator.h"
 #include "tests/dialogs/zoneops/DuplicateZoneFixture.h"
@@ -54,7 +56,7 @@ TEST_F(DuplicateZoneDialogTest, ListsTheEnabledZones)
 {
     launched();
     EXPECT_THAT(rows(), ElementsAre("1: Wing", "2: Body", "3: Tail"));
-    sample.session().setZoneEnabled(sample.dataSet(), 2, false);
+    sample.session().perform(kernel::EnableZone(sample.dataSet(), 2, false));
     EXPECT_THAT(rows(), ElementsAre("1: Wing", "3: Tail"));
 }
 
@@ -156,7 +158,7 @@ TEST_F(DuplicateZoneDialogTest, AppliesItsSelectionToAChangedListAtIdle)
 {
     launched();
     clickRow(1);
-    sample.session().setZoneEnabled(sample.dataSet(), 1, false);
+    sample.session().perform(kernel::EnableZone(sample.dataSet(), 1, false));
     EXPECT_EQ(list().model()->rowCount(), 2);
     EXPECT_FALSE(list().selectionModel()->hasSelection());
     EXPECT_THAT(rows(), ElementsAre("*2: Body", "3: Tail"));
@@ -171,7 +173,7 @@ TEST_F(DuplicateZoneDialogTest, FollowsUndoRedoAndRenaming)
     EXPECT_THAT(rows(), ElementsAre("1: Wing", "*2: Body", "3: Tail"));
     sample.session().redo();
     EXPECT_THAT(rows(), ElementsAre("1: Wing", "*2: Body", "3: Tail", "4: Body"));
-    sample.session().renameZone(sample.dataSet(), 4, "Body 2");
+    sample.session().perform(kernel::RenameZone(sample.dataSet(), 4, "Body 2"));
     EXPECT_EQ(rows().back(), "4: Body 2");
 }
 

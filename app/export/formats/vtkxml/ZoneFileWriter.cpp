@@ -11,7 +11,7 @@
 #include "app/vtk/VtkErrorCapture.h"
 #include "app/vtk/XmlNames.h"
 #include "app/vtk/ZoneToVtk.h"
-#include "kernel/compute/Interrupted.h"
+#include "kernel/base/Progress.h"
 
 #include <vtkCellData.h>
 #include <vtkDoubleArray.h>

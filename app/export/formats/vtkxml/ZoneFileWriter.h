@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/export/formats/vtkxml/ArrayPlan.h"
-#include "kernel/compute/Progress.h"
+#include "kernel/base/Progress.h"
 #include "kernel/data/DataSet.h"
 
 #include <vtkDataSet.h>

@@ -3,7 +3,7 @@
 #include "app/import/formats/table/CsvTokenizer.h"
 #include "app/import/formats/table/TableProblems.h"
 #include "app/import/zones/ImportedZone.h"
-#include "kernel/compute/Progress.h"
+#include "kernel/base/Progress.h"
 
 #include <cstdint>
 #include <memory>

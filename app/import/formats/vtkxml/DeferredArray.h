@@ -2,7 +2,7 @@
 
 #include "app/files/FileStamp.h"
 #include "app/import/raw/RawType.h"
-#include "kernel/data/ShareGroup.h"
+#include "kernel/storage/ShareGroup.h"
 
 #include <cstdint>
 #include <functional>

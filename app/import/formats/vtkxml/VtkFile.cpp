@@ -10,7 +10,7 @@
 #include "app/import/xml/XmlHeaderCheck.h"
 #include "app/vtk/ProgressObserver.h"
 #include "app/vtk/VtkErrorCapture.h"
-#include "kernel/compute/Interrupted.h"
+#include "kernel/base/Progress.h"
 
 #include <vtkAlgorithm.h>
 #include <vtkDataArraySelection.h>

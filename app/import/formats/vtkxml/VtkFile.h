@@ -2,7 +2,7 @@
 
 #include "app/import/formats/vtkxml/DeferredArray.h"
 #include "app/import/reading/Reader.h"
-#include "kernel/compute/Progress.h"
+#include "kernel/base/Progress.h"
 
 #include <vtkDataObject.h>
 #include <vtkSmartPointer.h>

@@ -4,7 +4,7 @@
 #include "app/import/formats/vtkxml/VtkFile.h"
 #include "app/import/raw/RawType.h"
 #include "app/import/raw/SharedArray.h"
-#include "kernel/data/ValueLoader.h"
+#include "kernel/storage/ValueLoader.h"
 
 #include <vtkDataArray.h>
 

@@ -1,0 +1,35 @@
+#include "kernel/frames/PlotOption.h"
+
+#include "kernel/frames/Frame.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace veldraw::kernel {
+
+std::vector<PlotOption> const& plotOptions()
+{
+    using Plots = PlotOption::Plots;
+    static std::vector<PlotOption> const options{
+        {"FieldLayers", "ShowMesh", &Frame::showMesh, false, Plots::Fields, "Mesh", "&Mesh", "", "Mesh"},
+        {"FieldLayers", "ShowContour", &Frame::showContour, true, Plots::Fields, "Contour", "&Contour", "", "Contour"},
+        {"FieldAxes", "Stretch", &Frame::stretchAxes, false, Plots::Fields, "Stretch Axes", "Str&etch Axes",
+         "Give each axis a scale of its own, so that the plot fills the frame", ""},
+        {"LinePlotLayers", "ShowLines", &Frame::showLines, true, Plots::Lines, "Line Layers", "", "", ""},
+        {"LinePlotLayers", "ShowSymbols", &Frame::showSymbols, false, Plots::Lines, "Line Layers", "", "", ""},
+    };
+    return options;
+}
+
+PlotOption const& plotOption(bool Frame::*member)
+{
+    auto const& options = plotOptions();
+    auto const found = std::find_if(options.begin(), options.end(),
+                                    [member](PlotOption const& option) { return option.member == member; });
+    if (found == options.end()) {
+        throw std::out_of_range("There is no such plot option.");
+    }
+    return *found;
+}
+
+} // namespace veldraw::kernel

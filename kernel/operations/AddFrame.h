@@ -1,0 +1,58 @@
+#pragma once
+
+#include "kernel/events/EventHub.h"
+#include "kernel/frames/Page.h"
+#include "kernel/operations/Operation.h"
+
+namespace veldraw::kernel {
+
+/// Puts a frame on the active page, over the others, and makes it active. "New Frame"; events 8, 10.
+///
+/// A frame with a data set that nobody has laid out yet is laid out. Refused: no page, a frame that is on a page already, a size
+/// that is negative or not finite.
+class AddFrame : public Operation
+{
+public:
+    enum class Place
+    {
+        AsItStands, ///< the frame keeps its rectangle
+        Tiled       ///< all frames of the page are put side by side
+    };
+
+    explicit AddFrame(std::shared_ptr<Frame> frame, Place place = Place::Tiled)
+        : m_frame(std::move(frame))
+        , m_place(place)
+    {
+    }
+
+    std::string name() const override { return "New Frame"; }
+    std::string find(Pages const& pages) override;
+    std::string reasonAgainst() const override;
+    std::shared_ptr<Change> makeChange(EventHub& events) override;
+
+private:
+    std::shared_ptr<Frame> m_frame;
+    Place m_place;
+    std::shared_ptr<Page> m_page;
+    bool m_isOnPage = false;
+};
+
+/// Takes a frame off its page; the one in front is active then. "Delete Frame"; events 9, 10. Refused: a frame that does not exist.
+class DeleteFrame : public Operation
+{
+public:
+    explicit DeleteFrame(UniqueId frame)
+        : m_frame(frame)
+    {
+    }
+
+    std::string name() const override { return "Delete Frame"; }
+    std::string find(Pages const& pages) override;
+    std::shared_ptr<Change> makeChange(EventHub& events) override;
+
+private:
+    UniqueId m_frame;
+    std::shared_ptr<Page> m_page;
+};
+
+} // namespace veldraw::kernel

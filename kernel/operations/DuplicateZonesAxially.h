@@ -1,0 +1,36 @@
+#pragma once
+
+#include "kernel/data/ZoneAddition.h"
+#include "kernel/operations/AxialCopies.h"
+#include "kernel/operations/AxialOperation.h"
+
+namespace veldraw::kernel {
+
+/// Appends copies of zones, turned about an axis as AxialOperation says: first a copy of each zone at offset + angle, then at offset
+/// + 2 angle and so on. "Axial Duplication"; event 4 with the copies. The source itself stays where it is.
+///
+/// A copy is as that of DuplicateZones with the turned values of RotateZones; all that does not change is shared with its source.
+/// Also refused: fewer than one copy, and more zones than can be counted.
+class DuplicateZonesAxially : public AxialOperation
+{
+public:
+    /// @param zones one-based numbers
+    DuplicateZonesAxially(DataSet const& dataSet, NumberSet zones, SpatialVariables const& variables,
+                          RotationAxis const& axis, AxialCopies const& copies)
+        : AxialOperation(dataSet, std::move(zones), variables, axis)
+        , m_spread(copies)
+    {
+    }
+
+    std::string name() const override { return "Axial Duplication"; }
+    std::string reasonAgainst() const override;
+    std::shared_ptr<DeferredLoad> needs() override;
+    void compute(Progress& progress) override;
+    std::shared_ptr<Change> makeChange(EventHub& events) override;
+
+private:
+    AxialCopies m_spread;
+    std::vector<ZoneAddition::Copy> m_copies;
+};
+
+} // namespace veldraw::kernel

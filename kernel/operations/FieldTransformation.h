@@ -1,0 +1,62 @@
+#pragma once
+
+#include "kernel/base/Progress.h"
+#include "kernel/data/DeferredLoad.h"
+#include "kernel/data/FieldReplacement.h"
+#include "kernel/data/NewField.h"
+#include "kernel/data/Zone.h"
+
+#include <vector>
+
+namespace veldraw::kernel {
+
+/// Computes fields of zones anew, into storage of their own. First every zone is prepared, then all is computed.
+///
+/// What zones share before, they share afterwards: it is computed once.
+class FieldTransformation
+{
+public:
+    FieldTransformation() = default;
+    virtual ~FieldTransformation() = default;
+
+    /// Where the values are that are not loaded in the data set. To be told before the first zone is prepared; all that is
+    /// needed has been loaded by then.
+    void setDeferred(DeferredLoad const& deferred) { m_deferred = &deferred; }
+
+    /// The fields of @p zone that change, on storage that has yet to be filled.
+    /// @throws std::invalid_argument with a reason when the zone cannot be transformed, std::bad_alloc
+    virtual std::vector<NewField> prepare(Zone const& zone) = 0;
+
+    /// Fills the storage of all that has been prepared. @throws Interrupted
+    virtual void compute(Progress& progress) const = 0;
+
+    /// Work that compute() counts up.
+    virtual std::int64_t work() const = 0;
+
+    /// Memory of all that has been prepared.
+    virtual std::int64_t bytes() const = 0;
+
+    FieldTransformation(FieldTransformation const&) = delete;
+    FieldTransformation& operator=(FieldTransformation const&) = delete;
+
+protected:
+    std::shared_ptr<Buffer const> valuesOf(ShareGroup const& group) const
+    {
+        return m_deferred != nullptr ? m_deferred->valuesOf(group) : group.buffer();
+    }
+
+    std::int64_t valueCount(Zone const& zone, ValueLocation_e location) const
+    {
+        return m_deferred != nullptr ? m_deferred->valueCount(zone, location) : zone.valueCount(location);
+    }
+
+private:
+    DeferredLoad const* m_deferred = nullptr;
+};
+
+/// Prepares zones, then computes them. @param zones one-based numbers that exist. @return one part for each zone, in their order
+/// @throws what either throws; NotEnoughMemory before anything is computed
+std::vector<FieldReplacement::ZonePart> transformZones(DataSet const& dataSet, NumberSet const& zones,
+                                                       FieldTransformation& transformation, Progress& progress);
+
+} // namespace veldraw::kernel

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "kernel/events/EventHub.h"
+#include "kernel/frames/Frame.h"
+#include "kernel/operations/Operation.h"
+
+#include <vector>
+
+namespace veldraw::kernel {
+
+constexpr char noFrame[] = "There is no such frame.";
+
+/// An operation on a frame: what it is called, where it stands and what it shows. No lock of a data set forbids it.
+class FrameOperation : public Operation
+{
+public:
+    std::string find(Pages const& pages) override;
+
+protected:
+    explicit FrameOperation(UniqueId frame)
+        : m_id(frame)
+    {
+    }
+
+    /// From find() on.
+    std::shared_ptr<Frame> const& frame() const { return m_frame; }
+
+    /// Event @p kind about the frame.
+    StateChangeEvent eventOf(StateChange_e kind) const { return frameEvent(kind, m_id); }
+
+    /// Event 7 about a style value of the frame.
+    StateChangeEvent styleEvent(std::vector<std::string> path) const
+    {
+        return {StateChange_Style, {}, {}, std::move(path), m_id};
+    }
+
+private:
+    UniqueId m_id;
+    std::shared_ptr<Frame> m_frame;
+};
+
+} // namespace veldraw::kernel

@@ -1,0 +1,97 @@
+#include "kernel/operations/LineMapOperation.h"
+
+#include "kernel/frames/FrameDefaults.h"
+#include "kernel/undo/SwapChange.h"
+
+namespace veldraw::kernel {
+
+namespace {
+
+constexpr char noData[] = "The frame has no data set.";
+constexpr char noLineMap[] = "There is no such line map.";
+
+bool allExist(NumberSet const& numbers, std::size_t count)
+{
+    return numbers.empty() || (*numbers.begin() >= 1 && *numbers.rbegin() <= static_cast<int>(count));
+}
+
+} // namespace
+
+std::shared_ptr<Change> LineMapOperation::makeChange(EventHub& events)
+{
+    std::vector<StateChangeEvent> told{eventOf(StateChange_LineMaps)};
+    return std::make_shared<SwapChange<std::vector<LineMap>>>(events, frame(), frame()->lineMaps, alteredMaps(),
+                                                              std::move(told));
+}
+
+std::string CreateLineMap::reasonAgainst() const
+{
+    return frame()->dataSet ? "" : noData;
+}
+
+std::vector<LineMap> CreateLineMap::alteredMaps() const
+{
+    std::vector<LineMap> maps = frame()->lineMaps;
+    maps.push_back(defaultLineMap(*frame()->dataSet, maps.size() + 1));
+    return maps;
+}
+
+std::string DeleteLineMaps::reasonAgainst() const
+{
+    return allExist(m_maps, frame()->lineMaps.size()) ? "" : noLineMap;
+}
+
+std::shared_ptr<Change> DeleteLineMaps::makeChange(EventHub& events)
+{
+    return m_maps.empty() ? nullptr : LineMapOperation::makeChange(events);
+}
+
+std::vector<LineMap> DeleteLineMaps::alteredMaps() const
+{
+    std::vector<LineMap> kept;
+    for (std::size_t at = 0; at < frame()->lineMaps.size(); ++at) {
+        if (m_maps.count(static_cast<int>(at) + 1) == 0) {
+            kept.push_back(frame()->lineMaps[at]);
+        }
+    }
+    return kept;
+}
+
+std::string ChangeLineMaps::reasonAgainst() const
+{
+    return !m_maps.empty() && allExist(m_maps, frame()->lineMaps.size()) ? "" : noLineMap;
+}
+
+std::vector<LineMap> ChangeLineMaps::alteredMaps() const
+{
+    std::vector<LineMap> maps = frame()->lineMaps;
+    for (int const number : m_maps) {
+        m_alter(maps[static_cast<std::size_t>(number - 1)]);
+    }
+    return maps;
+}
+
+std::string SetLinePlot::reasonAgainst() const
+{
+    if (!frame()->dataSet) {
+        return noData;
+    }
+    DataSet const& dataSet = *frame()->dataSet;
+    bool const exist = dataSet.field(m_zone, m_x) != nullptr && dataSet.field(m_zone, m_y) != nullptr;
+    return exist ? "" : "There is no such zone or variable.";
+}
+
+std::vector<LineMap> SetLinePlot::alteredMaps() const
+{
+    DataSet const& dataSet = *frame()->dataSet;
+    std::vector<LineMap> maps = frame()->lineMaps;
+    if (maps.empty()) {
+        maps.push_back(defaultLineMap(dataSet, 1));
+    }
+    maps.front().zone = dataSet.zone(m_zone)->id;
+    maps.front().xVariable = dataSet.variable(m_x)->id;
+    maps.front().yVariable = dataSet.variable(m_y)->id;
+    return maps;
+}
+
+} // namespace veldraw::kernel

@@ -1,0 +1,109 @@
+#pragma once
+
+#include "kernel/base/NumberSet.h"
+#include "kernel/operations/FrameOperation.h"
+
+#include <functional>
+
+namespace veldraw::kernel {
+
+/// Alters the line maps of a frame; event 19. Line maps are given by one-based numbers.
+class LineMapOperation : public FrameOperation
+{
+public:
+    std::shared_ptr<Change> makeChange(EventHub& events) override;
+
+protected:
+    using FrameOperation::FrameOperation;
+
+    /// The line maps afterwards. @throws what keeps them from being altered
+    virtual std::vector<LineMap> alteredMaps() const = 0;
+};
+
+/// Appends a line map: first zone, second over first variable. "New Line Map". Refused without a data set.
+class CreateLineMap : public LineMapOperation
+{
+public:
+    explicit CreateLineMap(UniqueId frame)
+        : LineMapOperation(frame)
+    {
+    }
+
+    std::string name() const override { return "New Line Map"; }
+    std::string reasonAgainst() const override;
+
+protected:
+    std::vector<LineMap> alteredMaps() const override;
+};
+
+/// Deletes line maps; without a step when there is nothing to delete. "Delete Line Map". Refused: numbers that do not exist.
+class DeleteLineMaps : public LineMapOperation
+{
+public:
+    DeleteLineMaps(UniqueId frame, NumberSet maps)
+        : LineMapOperation(frame)
+        , m_maps(std::move(maps))
+    {
+    }
+
+    std::string name() const override { return "Delete Line Map"; }
+    std::string reasonAgainst() const override;
+    std::shared_ptr<Change> makeChange(EventHub& events) override;
+
+protected:
+    std::vector<LineMap> alteredMaps() const override;
+
+private:
+    NumberSet m_maps;
+};
+
+/// Alters line maps one by one. "Line Map". Refused: no numbers, numbers that do not exist, whatever the function throws.
+class ChangeLineMaps : public LineMapOperation
+{
+public:
+    /// @param alter called with a copy of each of the line maps
+    ChangeLineMaps(UniqueId frame, NumberSet maps, std::function<void(LineMap&)> alter)
+        : LineMapOperation(frame)
+        , m_maps(std::move(maps))
+        , m_alter(std::move(alter))
+    {
+    }
+
+    std::string name() const override { return "Line Map"; }
+    std::string reasonAgainst() const override;
+
+protected:
+    std::vector<LineMap> alteredMaps() const override;
+
+private:
+    NumberSet m_maps;
+    std::function<void(LineMap&)> m_alter;
+};
+
+/// The first line map, which is made if there is none, shows one variable of a zone over another. "Line Map". Refused: a frame
+/// without a data set, numbers that do not exist.
+class SetLinePlot : public LineMapOperation
+{
+public:
+    /// @param zone, x, y one-based numbers
+    SetLinePlot(UniqueId frame, int zone, int x, int y)
+        : LineMapOperation(frame)
+        , m_zone(zone)
+        , m_x(x)
+        , m_y(y)
+    {
+    }
+
+    std::string name() const override { return "Line Map"; }
+    std::string reasonAgainst() const override;
+
+protected:
+    std::vector<LineMap> alteredMaps() const override;
+
+private:
+    int m_zone;
+    int m_x;
+    int m_y;
+};
+
+} // namespace veldraw::kernel

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "kernel/data/ZoneAddition.h"
+#include "kernel/operations/DataSetOperation.h"
+#include "kernel/operations/FrameOperation.h"
+
+namespace veldraw::kernel {
+
+/// Appends a mirrored copy of each zone of a frame's data set. "Create Mirror Zone"; event 4 with the copies.
+///
+/// A copy is as that of DuplicateZones, but for the other sign of one coordinate and of the component of the frame's
+/// vector along it, in all zones where these are not passive. Cells keep their corners in their order, so that they
+/// are turned inside out: connectivity is shared, and its corners run the other way round.
+///
+/// Refused: as DuplicateZones; a coordinate that is not assigned; a component of the vector that is another coordinate.
+class MirrorZones : public FrameOperation
+{
+public:
+    /// @param zones one-based numbers; @param coordinate 'X', 'Y' or 'Z' as the frame's axes have them
+    MirrorZones(UniqueId frame, NumberSet zones, char coordinate)
+        : FrameOperation(frame)
+        , m_zones(std::move(zones))
+        , m_coordinate(coordinate)
+    {
+    }
+
+    std::string name() const override { return "Create Mirror Zone"; }
+    std::string find(Pages const& pages) override;
+    DataSet const* lockable() const override { return frame()->dataSet.get(); }
+    std::string reasonAgainst() const override;
+    bool isLong() const override { return true; }
+    std::shared_ptr<DeferredLoad> needs() override;
+    void compute(Progress& progress) override;
+    std::shared_ptr<Change> makeChange(EventHub& events) override;
+    std::string remark() const override { return m_remark; }
+
+private:
+    NumberSet mirroredVariables() const;
+
+    NumberSet m_zones;
+    char m_coordinate;
+    std::shared_ptr<DeferredLoad> m_load;
+    std::vector<ZoneAddition::Copy> m_copies;
+    std::string m_remark;
+};
+
+} // namespace veldraw::kernel

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "kernel/operations/DataSetOperation.h"
+
+namespace veldraw::kernel {
+
+// Names and titles may be altered in a locked data set as well. Nothing happens when there is nothing to alter.
+
+/// Gives a zone another name. "Rename Zone"; event 18. Refused: a number that does not exist, an empty name.
+class RenameZone : public DataSetOperation
+{
+public:
+    /// @param zone one-based number; @param newName UTF-8
+    RenameZone(DataSet const& dataSet, int zone, std::string newName)
+        : DataSetOperation(dataSet)
+        , m_zone(zone)
+        , m_newName(std::move(newName))
+    {
+    }
+
+    std::string name() const override { return "Rename Zone"; }
+    DataSet const* lockable() const override { return nullptr; }
+    std::string reasonAgainst() const override;
+    std::shared_ptr<Change> makeChange(EventHub& events) override;
+
+private:
+    int m_zone;
+    std::string m_newName;
+};
+
+/// Gives a variable another name. "Rename Variable"; event 17. Refused as RenameZone.
+class RenameVariable : public DataSetOperation
+{
+public:
+    /// @param variable one-based number; @param newName UTF-8
+    RenameVariable(DataSet const& dataSet, int variable, std::string newName)
+        : DataSetOperation(dataSet)
+        , m_variable(variable)
+        , m_newName(std::move(newName))
+    {
+    }
+
+    std::string name() const override { return "Rename Variable"; }
+    DataSet const* lockable() const override { return nullptr; }
+    std::string reasonAgainst() const override;
+    std::shared_ptr<Change> makeChange(EventHub& events) override;
+
+private:
+    int m_variable;
+    std::string m_newName;
+};
+
+/// Gives a data set another title. "Data Set Title"; event 13.
+class SetTitle : public DataSetOperation
+{
+public:
+    /// @param title UTF-8, may be empty
+    SetTitle(DataSet const& dataSet, std::string title)
+        : DataSetOperation(dataSet)
+        , m_title(std::move(title))
+    {
+    }
+
+    std::string name() const override { return "Data Set Title"; }
+    DataSet const* lockable() const override { return nullptr; }
+    std::shared_ptr<Change> makeChange(EventHub& events) override;
+
+private:
+    std::string m_title;
+};
+
+} // namespace veldraw::kernel

@@ -1,0 +1,96 @@
+#include "kernel/operations/SetValue.h"
+
+#include "kernel/compute/CopyValues.h"
+#include "kernel/data/BranchEdit.h"
+#include "kernel/storage/StorableNumber.h"
+
+namespace veldraw::kernel {
+
+namespace {
+
+/// Whether a slot of a field at the cells of an ordered zone belongs to one.
+bool isCell(Zone const& zone, std::int64_t index)
+{
+    std::int64_t const i = index % zone.i;
+    std::int64_t const j = index / zone.i % zone.j;
+    std::int64_t const k = index / zone.i / zone.j;
+    return (zone.i == 1 || i < zone.i - 1) && (zone.j == 1 || j < zone.j - 1) && (zone.k == 1 || k < zone.k - 1);
+}
+
+constexpr char noValues[] =
+    "The variable is passive in this zone: it has no values there, reads as 0 and cannot be edited.";
+
+} // namespace
+
+/// Why there is no value to edit, null when there is.
+char const* SetValue::reasonAgainstPlace() const
+{
+    Field const* const field = dataSet()->field(m_zone, m_variable);
+    if (field == nullptr) {
+        return dataSet()->zone(m_zone) ? noVariable : noZone;
+    }
+    if (field->isPassive() || !field->isLoaded()) {
+        return field->isPassive() ? noValues : "The values are not loaded.";
+    }
+    Zone const& zone = *dataSet()->zone(m_zone);
+    bool const isAtCells = zone.isOrdered() && field->location() == ValueLocation_CellCentered;
+    bool const exists = m_index >= 0 && m_index < field->group()->size() && (!isAtCells || zone.pointCount() > m_index);
+    return exists && (!isAtCells || isCell(zone, m_index)) ? nullptr : "There is no such value.";
+}
+
+std::string SetValue::reasonAgainst() const
+{
+    char const* const reason = reasonAgainstPlace();
+    return reason != nullptr ? reason : reasonAgainstStoring(m_value, field().group()->type());
+}
+
+bool SetValue::changesValue() const
+{
+    ShareGroup const& group = *field().group();
+    return group.buffer()->bits(m_index) != Buffer::bitsOf(group.type(), m_value);
+}
+
+bool SetValue::isLong() const
+{
+    return (branches() || field().group()->isHeld()) && changesValue();
+}
+
+std::shared_ptr<DeferredLoad> SetValue::needs()
+{
+    auto load = std::make_shared<DeferredLoad>(*dataSet());
+    load->addField(m_zone, m_variable); // is loaded, and must not make room for its own copy
+    return load;
+}
+
+void SetValue::compute(Progress& progress)
+{
+    m_copy = copyValues(*field().group()->buffer(), progress);
+}
+
+ZonesAndVariables SetValue::sharingFields() const
+{
+    if (field().shareCount() == 1) {
+        return {{m_zone}, {m_variable}};
+    }
+    ShareGroup const* const shared = field().group().get();
+    return fieldsWhere(*dataSet(), [shared](ShareGroup const* group) { return group == shared; });
+}
+
+std::shared_ptr<Change> SetValue::makeChange(EventHub& events)
+{
+    if (!changesValue()) {
+        return nullptr;
+    }
+    ValuePlace place{dataSet()->zone(m_zone), static_cast<std::size_t>(m_variable - 1), m_index};
+    std::uint64_t const bits = Buffer::bitsOf(field().group()->type(), m_value);
+    ZonesAndVariables sharing = sharingFields();
+    if (branches()) {
+        StateChangeEvent event{StateChange_ValuesAltered, {m_zone}, {m_variable}, {}, 0};
+        return std::make_shared<BranchEdit>(events, place, bits, std::move(m_copy), std::move(sharing),
+                                            std::move(event));
+    }
+    StateChangeEvent event{StateChange_ValuesAltered, std::move(sharing.zones), std::move(sharing.variables), {}, 0};
+    return std::make_shared<ValueEdit>(events, std::move(place), bits, std::move(m_copy), std::move(event));
+}
+
+} // namespace veldraw::kernel

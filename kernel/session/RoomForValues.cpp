@@ -1,0 +1,116 @@
+#include "kernel/session/RoomForValues.h"
+
+#include "kernel/base/MemoryDemand.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace veldraw::kernel {
+
+namespace {
+
+constexpr double unknownAmount = std::numeric_limits<double>::infinity();
+
+/// Numbers of the variables that @p frame shows, or would show in another type of plot.
+void addShown(Frame const& frame, NumberSet& variables)
+{
+    DataSet const& dataSet = *frame.dataSet;
+    auto const add = [&](UniqueId id) { variables.insert(dataSet.variableNumber(id)); };
+    std::for_each(frame.axes2D.begin(), frame.axes2D.end(), add);
+    std::for_each(frame.axes3D.begin(), frame.axes3D.end(), add);
+    std::for_each(frame.vector.begin(), frame.vector.end(), add);
+    add(frame.contourVariable);
+    for (LineMap const& map : frame.lineMaps) {
+        add(map.xVariable);
+        add(map.yVariable);
+    }
+}
+
+} // namespace
+
+RoomForValues::~RoomForValues()
+{
+    for (StateChangeEvent const& event : m_events) {
+        m_session.events().emitEvent(event);
+    }
+}
+
+void RoomForValues::run(std::string const& name, std::function<void(Progress&)> const& work)
+{
+    for (;;) {
+        double missing = unknownAmount;
+        try {
+            return m_session.runOperation(name, work);
+        } catch (NotEnoughMemory const& refusal) {
+            missing = refusal.missing;
+        } catch (std::bad_alloc const&) {
+            // Nobody knows how much would have sufficed.
+        }
+        makeRoom(missing);
+    }
+}
+
+/// @throws std::bad_alloc, with all as it was, when the spare values are not enough
+void RoomForValues::makeRoom(double bytes)
+{
+    SpareValues const spare = spareValues();
+    double const most = spare.bytes();
+    if (most == 0 || (std::isfinite(bytes) && most < bytes)) {
+        throw std::bad_alloc();
+    }
+    letGo(spare.leastRecentlyUsed(bytes));
+    returnFreedMemory();
+}
+
+void RoomForValues::keepWithinLimit() noexcept
+{
+    auto const limit = static_cast<double>(m_session.loadedValuesLimit());
+    try {
+        if (loadedBytesAtMost() <= limit) {
+            return;
+        }
+        SpareValues const spare = spareValues();
+        if (spare.loadedBytes() > limit) {
+            letGo(spare.leastRecentlyUsed(spare.loadedBytes() - limit));
+        }
+    } catch (std::bad_alloc const&) {
+        // The next load tries again.
+    }
+}
+
+/// Values that fields share count more than once, so that nobody has to remember which have been seen.
+double RoomForValues::loadedBytesAtMost() const
+{
+    double sum = 0;
+    for (auto const& dataSet : m_session.pages().dataSets()) {
+        for (auto const& zone : dataSet->zones()) {
+            for (Field const& field : zone->fields) {
+                bool const counts = !field.isPassive() && field.group()->canUnload();
+                sum += counts ? static_cast<double>(field.group()->bytesInMemory()) : 0;
+            }
+        }
+    }
+    return sum;
+}
+
+SpareValues RoomForValues::spareValues() const
+{
+    SpareValues spare;
+    for (auto const& dataSet : m_session.pages().dataSets()) {
+        NumberSet shown;
+        for (auto const& frame : m_session.pages().framesOf(*dataSet)) {
+            addShown(*frame, shown);
+        }
+        spare.add(dataSet, shown, [this](ShareGroup const& group) { return m_load.needs(group); });
+    }
+    return spare;
+}
+
+void RoomForValues::letGo(DeferredUnload const& unload)
+{
+    m_events.insert(m_events.end(), unload.events().begin(), unload.events().end());
+    unload.commit();
+}
+
+} // namespace veldraw::kernel

@@ -1,0 +1,105 @@
+// Operations and other long work.
+#include "kernel/operations/ChangeAfterLoad.h"
+#include "kernel/session/RoomForValues.h"
+#include "kernel/session/SessionGuard.h"
+#include "kernel/style/StyleTree.h"
+
+namespace veldraw::kernel {
+
+bool Session::perform(Operation& operation) noexcept
+{
+    return guarded([&] {
+        if (std::string reason = reasonAgainst(operation); !reason.empty()) {
+            return refuse(std::move(reason));
+        }
+        if (operation.isLong()) {
+            performLong(operation);
+        } else {
+            addStep(operation, operation.makeChange(m_events));
+        }
+        remark(operation.remark());
+        return true;
+    });
+}
+
+/// Why an operation cannot be carried out now; empty when it can.
+std::string Session::reasonAgainst(Operation& operation) const
+{
+    std::string reason = operation.find(m_pages);
+    if (!reason.empty()) {
+        return reason;
+    }
+    DataSet const* const lockable = operation.lockable();
+    return lockable != nullptr && !lockable->lockHolder().empty() ? "The data set is locked."
+                                                                  : operation.reasonAgainst();
+}
+
+void Session::performLong(Operation& operation)
+{
+    StyleTree::Hold const unchanged(*m_style); // ends last: the writes that came meanwhile are operations as well
+    std::shared_ptr<DeferredLoad> const load = operation.needs();
+    RoomForValues room(*this, *load);
+    if (!operation.onlyLoads() || !load->isEmpty()) {
+        room.run(operation.name(), [&](Progress& progress) {
+            if (!load->isEmpty()) {
+                load->load(progress);
+            }
+            operation.compute(progress);
+        });
+    }
+    if (operation.onlyLoads()) {
+        std::vector<StateChangeEvent> const events = load->events();
+        load->commit();
+        room.keepWithinLimit();
+        for (StateChangeEvent const& event : events) {
+            m_events.emitEvent(event);
+        }
+        return;
+    }
+    std::shared_ptr<Change> change = operation.makeChange(m_events);
+    if (change && !load->isEmpty()) {
+        change = std::make_shared<ChangeAfterLoad>(m_events, std::move(change), load);
+    }
+    addStep(operation, change);
+    if (!load->isEmpty()) {
+        room.keepWithinLimit();
+    }
+}
+
+void Session::addStep(Operation const& operation, std::shared_ptr<Change> const& change)
+{
+    if (change) {
+        m_history.perform(operation.name(), change);
+    }
+}
+
+void Session::remark(std::string const& text) noexcept
+{
+    try {
+        if (m_remarkListener && !text.empty()) {
+            m_remarkListener(text);
+        }
+    } catch (...) {
+        return; // what has been done is done, whether somebody could be told of it or not
+    }
+}
+
+void Session::runOperation(std::string const& name, std::function<void(Progress&)> const& work)
+{
+    StyleTree::Hold const unchanged(*m_style); // ends last: the writes that came meanwhile are operations as well
+    m_work.run(name, work);
+}
+
+void Session::setLoadedValuesLimit(std::int64_t bytes)
+{
+    m_loadedValuesLimit = bytes;
+    guarded([&] {
+        if (std::shared_ptr<DataSet> const any = activeDataSet()) {
+            DeferredLoad const nothing(*any);
+            RoomForValues(*this, nothing).keepWithinLimit();
+        }
+        return true;
+    });
+}
+
+} // namespace veldraw::kernel

@@ -1,0 +1,130 @@
+// Pages and frames of the session.
+#include "kernel/frames/FrameDefaults.h"
+#include "kernel/frames/PageLayout.h"
+#include "kernel/operations/AddFrame.h"
+#include "kernel/session/SessionGuard.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace veldraw::kernel {
+
+void Session::replacePages(std::vector<std::shared_ptr<Page>> pages)
+{
+    m_pages.replace(std::move(pages));
+    m_history.clear();
+    std::shared_ptr<Page> const page = activePage();
+    m_events.emitEvent(frameEvent(StateChange_PageReplaced, 0));
+    m_events.emitEvent(frameEvent(StateChange_NewActiveFrame, page ? page->activeFrame : 0));
+}
+
+void Session::clear()
+{
+    openPage({});
+}
+
+void Session::removeAllPages()
+{
+    guarded([&] {
+        replacePages({});
+        return true;
+    });
+}
+
+void Session::openPage(std::vector<std::shared_ptr<Frame>> frames)
+{
+    guarded([&] {
+        frames.erase(std::remove(frames.begin(), frames.end(), nullptr), frames.end());
+        std::vector<std::shared_ptr<Page>> pages{std::make_shared<Page>()};
+        Page& page = *pages.front();
+        std::vector<Rectangle> const places = gridOver(page, frames.size());
+        for (std::size_t at = 0; at < frames.size(); ++at) {
+            layOutIfFresh(*frames[at]);
+            frames[at]->rectangle = places[at];
+        }
+        page.frames = std::move(frames);
+        page.activeFrame = page.frames.empty() ? 0 : page.frames.front()->id;
+        replacePages(std::move(pages));
+        return true;
+    });
+}
+
+std::shared_ptr<Frame> Session::createFrame(std::string const& name, Rectangle const& rectangle)
+{
+    std::shared_ptr<Frame> frame;
+    bool const isMade = withoutThrowing([&] {
+        frame = std::make_shared<Frame>(name, rectangle);
+        return perform(AddFrame(frame, AddFrame::Place::AsItStands));
+    });
+    return isMade ? frame : nullptr;
+}
+
+bool Session::activateFrame(UniqueId frame)
+{
+    return guarded([&] {
+        std::shared_ptr<Page> const page = m_pages.pageOf(frame);
+        if (!page) {
+            return refuse("There is no such frame.");
+        }
+        if (m_pages.activate(*page, frame)) {
+            m_events.emitEvent(frameEvent(StateChange_NewActiveFrame, frame));
+        }
+        return true;
+    });
+}
+
+void Session::tileFrames()
+{
+    guarded([&] {
+        std::shared_ptr<Page> const page = activePage();
+        if (!page) {
+            return refuse("There is no page.");
+        }
+        std::vector<FrameListChange::Placement> const places = gridPlaces(*page, page->frames);
+        for (auto const& place : places) {
+            place.frame->rectangle = place.rectangle;
+        }
+        for (auto const& place : places) {
+            m_events.emitEvent(frameEvent(StateChange_FrameMovedOrRenamed, place.frame->id));
+        }
+        return true;
+    });
+}
+
+bool Session::setFrameDataSet(UniqueId frame, std::shared_ptr<DataSet> dataSet)
+{
+    return guarded([&] {
+        std::shared_ptr<Frame> const found = this->frame(frame);
+        if (!found || !dataSet) {
+            return refuse(found ? "There is no such data set." : "There is no such frame.");
+        }
+        std::shared_ptr<DataSet> const old = found->dataSet;
+        Frame changed = *found;
+        changed.dataSet = dataSet;
+        layOut(changed);
+        *found = std::move(changed);
+        if (old && !m_pages.dataSet(old->id())) {
+            m_history.clear(); // its steps belong to data that nobody sees any more
+        }
+        m_events.emitEvent(frameEvent(StateChange_FrameDataSet, frame));
+        return true;
+    });
+}
+
+void Session::setLock(DataSet& dataSet, std::string const& holder)
+{
+    guarded([&] {
+        if (dataSet.lockHolder() != holder) {
+            dataSet.setLockHolder(holder);
+            m_events.emitEvent({StateChange_DataSetLock, {}, {}, {}, 0});
+        }
+        return true;
+    });
+}
+
+bool Session::startFrameLoop()
+{
+    return withoutThrowing([&] { return m_pages.startLoop() || refuse("There is no frame."); });
+}
+
+} // namespace veldraw::kernel

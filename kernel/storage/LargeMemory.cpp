@@ -1,0 +1,43 @@
+#include "kernel/storage/LargeMemory.h"
+
+#include <cstring>
+#include <new>
+#include <sys/mman.h>
+
+namespace veldraw::kernel {
+
+namespace {
+
+constexpr std::size_t alignment = 64;
+constexpr std::size_t hugePage = std::size_t{2} << 20U;
+
+std::shared_ptr<void> allocateOnHugePages(std::size_t bytes)
+{
+    std::size_t const length = bytes + hugePage; // room to begin at a huge page's border
+    void* const mapped = mmap(nullptr, length, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    if (mapped == MAP_FAILED) {
+        throw std::bad_alloc();
+    }
+    std::shared_ptr<void> const mapping(mapped, [length](void* memory) { munmap(memory, length); });
+    std::size_t const misfit = reinterpret_cast<std::uintptr_t>(mapped) % hugePage;
+    void* const begin = static_cast<char*>(mapped) + (misfit == 0 ? 0 : hugePage - misfit);
+    madvise(begin, bytes, MADV_HUGEPAGE); // a hint: where the system has none, small pages do
+    return {mapping, begin};
+}
+
+std::shared_ptr<void> allocateOnHeap(std::size_t bytes)
+{
+    void* const memory = ::operator new (bytes, std::align_val_t{alignment});
+    std::memset(memory, 0, bytes);
+    return {memory, [](void* old) { ::operator delete (old, std::align_val_t{alignment}); }};
+}
+
+} // namespace
+
+std::shared_ptr<void> allocateZeroed(std::int64_t bytes)
+{
+    std::size_t const size = bytes < 1 ? 1 : static_cast<std::size_t>(bytes);
+    return size >= 2 * hugePage ? allocateOnHugePages(size) : allocateOnHeap(size);
+}
+
+} // namespace veldraw::kernel

@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 #include <stdexcept>
 
-namespace veldraw::sdk {
+namespace veldraw::tests {
+
+using sdk::AppLock;
 
 TEST(AppLock, Nests)
 {
@@ -51,4 +53,4 @@ TEST(AppLock, HasFixedNumbersForTheWaysOfRecording)
     EXPECT_EQ(static_cast<int>(AppLock::DoNotRecord), 1);
 }
 
-} // namespace veldraw::sdk
+} // namespace veldraw::tests

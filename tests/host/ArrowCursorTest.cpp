@@ -7,7 +7,9 @@
 
 #include <gtest/gtest.h>
 
-namespace veldraw::host {
+namespace veldraw::tests {
+
+using host::ArrowCursor;
 
 TEST(ArrowCursor, TakesThePlaceOfTheBusyCursorForItsScope)
 {
@@ -27,4 +29,4 @@ TEST(ArrowCursor, LeavesTheCursorsOfTheWidgetsAloneWhenNothingIsBusy)
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
-} // namespace veldraw::host
+} // namespace veldraw::tests

@@ -8,7 +8,7 @@
 #include <string>
 #include <type_traits>
 
-namespace veldraw {
+namespace veldraw::tests {
 
 namespace {
 
@@ -93,4 +93,4 @@ TEST(Exceptions, AreNotTakenForOneAnother)
     EXPECT_FALSE(caughtAsProperty);
 }
 
-} // namespace veldraw
+} // namespace veldraw::tests

@@ -6,10 +6,11 @@
 #include <limits>
 #include <set>
 
-namespace veldraw::toolbox {
+namespace veldraw::tests {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using toolbox::Set;
 
 TEST(Set, StartsEmpty)
 {
@@ -132,4 +133,4 @@ TEST(Set, CanBeChangedWhileItsMembersAreWalked)
     EXPECT_TRUE(set.isEmpty());
 }
 
-} // namespace veldraw::toolbox
+} // namespace veldraw::tests

@@ -5,7 +5,9 @@
 #include <gtest/gtest.h>
 #include <memory>
 
-namespace veldraw::sdk {
+namespace veldraw::tests {
+
+using sdk::SignalConnectionCollection;
 
 class SignalConnections : public ::testing::Test
 {
@@ -86,4 +88,4 @@ TEST_F(SignalConnections, OutliveTheirSignal)
     EXPECT_EQ(m_calls, 0);
 }
 
-} // namespace veldraw::sdk
+} // namespace veldraw::tests

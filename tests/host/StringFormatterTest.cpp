@@ -5,7 +5,9 @@
 #include <locale>
 #include <ostream>
 
-namespace veldraw::sdk {
+namespace veldraw::tests {
+
+using sdk::StringFormatter;
 
 namespace {
 
@@ -84,4 +86,4 @@ TEST(StringFormatter, WritesADecimalPointInEveryLocale)
     EXPECT_EQ(text, "1234.500");
 }
 
-} // namespace veldraw::sdk
+} // namespace veldraw::tests

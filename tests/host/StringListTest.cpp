@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 #include <stdexcept>
 
-namespace veldraw::toolbox {
+namespace veldraw::tests {
+
+using toolbox::StringList;
 
 namespace {
 
@@ -62,4 +64,4 @@ TEST(StringList, RefusesPositionsThatDoNotExist)
     EXPECT_THROW(list[-1], std::out_of_range);
 }
 
-} // namespace veldraw::toolbox
+} // namespace veldraw::tests

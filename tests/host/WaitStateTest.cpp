@@ -6,7 +6,9 @@
 #include <gtest/gtest.h>
 #include <string>
 
-namespace veldraw::sdk {
+namespace veldraw::tests {
+
+using sdk::WaitState;
 
 TEST(WaitState, ShowsTheBusyCursorForItsScope)
 {
@@ -39,4 +41,4 @@ TEST(WaitState, TellsWhenTheApplicationBecomesBusyAndWhenItIsNoMore)
     EXPECT_EQ(told, "busy free ");
 }
 
-} // namespace veldraw::sdk
+} // namespace veldraw::tests

@@ -17,7 +17,7 @@ EQUIVALENT = pathlib.Path(__file__).resolve().parent / 'equivalent.txt'
 
 # The test programs that are run for a folder, those that are the most about it first.
 PROGRAMS = {
-    'dialogs/property': ['dialogs_property_test', 'decorators_test', 'style_test', 'dialogs_spinboxes_test'],
+    'dialogs/property': ['dialogs_property_test', 'dialogs_kept_property_test', 'dialogs_spinboxes_test'],
     'dialogs/models': ['dialogs_models_test', 'dialogs_choices_test', 'dialogs_bindings_test'],
     'dialogs/bindings': ['dialogs_bindings_test', 'dialogs_choices_test', 'dialogs_spinboxes_test', 'dialogs_textbindings_test',
                          'dialogs_frame_test'],
@@ -26,9 +26,9 @@ PROGRAMS = {
     'dialogs/zoneops': ['dialogs_zoneops_test'],
     'dialogs/variableops': ['dialogs_variableops_test'],
     'dialogs/spreadsheet': ['dialogs_spreadsheet_test'],
-    'kernel/style': ['style_test', 'kernel_test'],
-    'kernel/api': ['kernel_test', 'style_test', 'host_tests'],
-    'kernel': ['kernel_test', 'host_tests'],
+    'kernel/style': ['kernel_style_test', 'kernel_test', 'dialogs_kept_property_test'],
+    'kernel/api': ['kernel_test', 'host_style_test', 'host_test'],
+    'kernel': ['kernel_test', 'host_test'],
 }
 MOST_TESTS = 400  # of one run, so that their names fit on a command line
 MEMORY = 6 << 30

@@ -6,7 +6,7 @@
 #include <locale>
 #include <string>
 
-namespace veldraw {
+namespace veldraw::tests {
 namespace {
 
 using IntBounds = BoundedValueValidator<int>;
@@ -114,4 +114,4 @@ TEST(ValidationResult, IsValidUntilItHasAnErrorEvenAnEmptyOne)
 }
 
 } // namespace
-} // namespace veldraw
+} // namespace veldraw::tests

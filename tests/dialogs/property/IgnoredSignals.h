@@ -1,9 +1,9 @@
 #pragma once
 
-namespace veldraw {
+namespace veldraw::tests {
 
 // Listeners that only count as connected.
 inline void ignoreSignal() {}
 inline void ignoreValue(int) {}
 
-} // namespace veldraw
+} // namespace veldraw::tests

@@ -7,21 +7,21 @@
 #include <gtest/gtest.h>
 #include <string>
 
-namespace veldraw {
+namespace veldraw::tests {
 namespace {
 
 std::size_t allocationsOfSetting(Property<int>& property, int value)
 {
-    std::size_t const before = tests::allocationCount();
+    std::size_t const before = allocationCount();
     property.setValue(value);
-    return tests::allocationCount() - before;
+    return allocationCount() - before;
 }
 
 TEST(PropertyMemory, IsCountedByThisTest)
 {
-    std::size_t const before = tests::allocationCount();
+    std::size_t const before = allocationCount();
     std::string const text(1000, 'x');
-    EXPECT_EQ(tests::allocationCount() - before, 1u) << text.size();
+    EXPECT_EQ(allocationCount() - before, 1u) << text.size();
 }
 
 TEST(PropertyMemory, IsNotAllocatedBySettingAValue)
@@ -39,4 +39,4 @@ TEST(PropertyMemory, IsNotAllocatedBySettingAValue)
 }
 
 } // namespace
-} // namespace veldraw
+} // namespace veldraw::tests

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-namespace veldraw {
+namespace veldraw::tests {
 namespace {
 
 using testing::ElementsAre;
@@ -181,4 +181,4 @@ TEST(PropertyListeners, MayOutliveTheProperty)
 }
 
 } // namespace
-} // namespace veldraw
+} // namespace veldraw::tests

@@ -17,7 +17,7 @@
 #include <type_traits>
 #include <vector>
 
-namespace veldraw {
+namespace veldraw::tests {
 namespace {
 
 using testing::ElementsAre;
@@ -294,4 +294,4 @@ TEST(Property, ComparesNumbersExactly)
 }
 
 } // namespace
-} // namespace veldraw
+} // namespace veldraw::tests

@@ -11,8 +11,10 @@
 #include <stdexcept>
 #include <string>
 
-namespace veldraw::sdk::ui::propertymanager {
+namespace veldraw::tests {
 namespace {
+
+using namespace sdk::ui::propertymanager;
 
 using Signal = boost::signals2::signal<void()>;
 
@@ -25,7 +27,7 @@ public:
     boost::signals2::connection connect(Signal::slot_type const& slot) { return m_rule.connectRelevanceChanged(slot); }
 
 private:
-    tests::SwitchedRelevance m_rule{false};
+    SwitchedRelevance m_rule{false};
 };
 
 class ExpressionSource
@@ -36,7 +38,7 @@ public:
     boost::signals2::connection connect(Signal::slot_type const& slot) { return m_rule.connectRelevanceChanged(slot); }
 
 private:
-    boost::shared_ptr<tests::SwitchedRelevance> const m_operand = boost::make_shared<tests::SwitchedRelevance>(false);
+    boost::shared_ptr<SwitchedRelevance> const m_operand = boost::make_shared<SwitchedRelevance>(false);
     RelevanceExpression m_rule{m_operand};
 };
 
@@ -173,4 +175,4 @@ TYPED_TEST(AnswerInItsSignal, HandsOnWhatASlotThrowsAndKeepsTheNewAnswer)
 }
 
 } // namespace
-} // namespace veldraw::sdk::ui::propertymanager
+} // namespace veldraw::tests

@@ -17,10 +17,11 @@
 #include <gtest/gtest.h>
 #include <string>
 
-namespace veldraw::sdk::ui::propertymanager {
+namespace veldraw::tests {
 namespace {
 
-using tests::SwitchedRelevance;
+using namespace sdk::ui::propertymanager;
+
 using Rule = boost::shared_ptr<RelevanceInterface const>;
 
 Rule constant(bool answer)
@@ -343,4 +344,4 @@ TEST(PropertyPredicateDependentRelevance, ThrowsWhenItHasNoPredicate)
 }
 
 } // namespace
-} // namespace veldraw::sdk::ui::propertymanager
+} // namespace veldraw::tests

@@ -5,11 +5,12 @@
 
 #include <gtest/gtest.h>
 
-namespace veldraw::sdk::ui::propertymanager {
+namespace veldraw::tests {
 namespace {
 
-using integration::StateChangeEventObservable;
-using tests::FakeStateChange;
+using namespace sdk::ui::propertymanager;
+
+using sdk::integration::StateChangeEventObservable;
 using Event = StateChangeDependentRelevance::Event;
 
 bool isTitleChange(Event const& event)
@@ -102,4 +103,4 @@ TEST(StateChangeDependentRelevance, ThrowsWhenItHasNoQuery)
 }
 
 } // namespace
-} // namespace veldraw::sdk::ui::propertymanager
+} // namespace veldraw::tests

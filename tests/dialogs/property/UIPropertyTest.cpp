@@ -8,8 +8,10 @@
 
 #include <gtest/gtest.h>
 
-namespace veldraw::sdk::ui::propertymanager {
+namespace veldraw::tests {
 namespace {
+
+using namespace sdk::ui::propertymanager;
 
 class UIPropertyTest : public testing::Test
 {
@@ -105,4 +107,4 @@ TEST(UIProperty, LeavesNothingBehindOnASharedRule)
 }
 
 } // namespace
-} // namespace veldraw::sdk::ui::propertymanager
+} // namespace veldraw::tests

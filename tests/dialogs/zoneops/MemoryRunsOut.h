@@ -1,7 +1,7 @@
 #pragma once
 
 #include "tests/dialogs/support/RecordedMessages.h"
-#include "tests/kernel/AllocationFailure.h"
+#include "tests/support/AllocationFailure.h"
 
 #include <gtest/gtest.h>
 #include <set>

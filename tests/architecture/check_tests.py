@@ -1,0 +1,119 @@
+#!/usr/bin/env python3
+"""Fails on tests that do not stand where the code stands that they test, or are not named after it.
+
+usage: check_tests.py ROOT
+
+A test stands in tests/FOLDER if it tests what is in FOLDER, is named <Class>Test.cpp or <Class><Aspect>Test.cpp after a class or file of
+that folder, and has the namespace veldraw::tests. Test programs are named ..._test.
+"""
+import pathlib
+import re
+import sys
+
+SUFFIXES = {'.h', '.cpp', '.ipp', '.ui'}
+
+# Where tests mirror the code: each folder below these has its double, but for those that hold what tests share.
+MIRRORED = ('kernel', 'host', 'dialogs/property')
+SHARED = {'kernel/support'}
+
+# What a whole folder, or several, are tested for.
+NAMED_OTHERWISE = {
+    'tests/host/ExceptionTest.cpp': 'all exceptions of the platform, which have one base',
+    'tests/host/IdleTest.cpp': 'all ways to wait for idle',
+    'tests/host/WithoutApplicationTest.cpp': 'all of the host, where there is no application object',
+    'tests/kernel/api/VelUtilTest.cpp': 'the C functions together',
+}
+
+# A test may be named after what a class is the base or the interface of: RelevanceTest of RelevanceInterface.
+ROLES = ('Abstract', 'Interface')
+
+
+def is_in(folder, roofs):
+    return any(folder == roof or folder.startswith(roof + '/') for roof in roofs)
+
+
+def folder_of(path):
+    return path.rpartition('/')[0]
+
+
+def has_tests(text):
+    return re.search(r'(?m)^\s*(TYPED_)?TEST(_[FP])?\(', text) is not None
+
+
+def subjects(files, folder):
+    """What a test of this folder may be named after."""
+    names = {pathlib.PurePosixPath(path).stem for path in files if folder_of(path) == folder}
+    return names | {name[:-len(role)] for name in names for role in ROLES if name.endswith(role)}
+
+
+def check_place(files, path):
+    folder = folder_of(path).removeprefix('tests/')
+    if is_in(folder, MIRRORED) and not is_in(folder, SHARED) and not subjects(files, folder):
+        yield f'{path}: there is no folder {folder} to be tested'
+
+
+def check_name(files, path, text):
+    folder = folder_of(path).removeprefix('tests/')
+    name = pathlib.PurePosixPath(path).stem
+    if not has_tests(text) or not is_in(folder, MIRRORED) or path in NAMED_OTHERWISE:
+        return
+    if not name.endswith('Test'):
+        yield f'{path}: has tests, but its name does not end in Test'
+    elif not any(name.startswith(subject) for subject in subjects(files, folder)):
+        yield f'{path}: is named after no class or file of {folder}'
+
+
+def check_namespace(path, text):
+    if is_in(folder_of(path).removeprefix('tests/'), MIRRORED) and path.endswith(('.h', '.cpp')):
+        others = sorted(set(re.findall(r'(?m)^namespace (veldraw\S*) \{', text)) - {'veldraw::tests'})
+        if others:
+            yield f'{path}: declares in {", ".join(others)}, not in veldraw::tests'
+        elif has_tests(text) and not re.search(r'(?m)^namespace veldraw::tests \{', text):
+            yield f'{path}: its tests have no namespace veldraw::tests'
+
+
+def check_programs(path, text):
+    for name in re.findall(r'(?m)^\s*veldraw_add_test\(\s*([a-z]\w*)', text):
+        if not name.endswith('_test'):
+            yield f'{path}: the test program {name} is not named ..._test'
+
+
+def check_list_of_names(files):
+    for path in sorted(NAMED_OTHERWISE):
+        if path not in files:
+            yield f'{path}: stands in the list of names, but is gone'
+
+
+def problems(files):
+    """All that is wrong with files, a mapping from path to text."""
+    found = list(check_list_of_names(files))
+    for path, text in sorted(files.items()):
+        if path.endswith('/CMakeLists.txt'):
+            found += check_programs(path, text)
+        elif path.startswith('tests/'):
+            found += check_place(files, path)
+            found += check_name(files, path, text)
+            found += check_namespace(path, text)
+    return found
+
+
+def read(root):
+    files = {}
+    for folder in ('tests',) + tuple(sorted({name.split('/')[0] for name in MIRRORED})):
+        for path in sorted((root / folder).rglob('*')):
+            if path.suffix in SUFFIXES or (folder == 'tests' and path.name == 'CMakeLists.txt'):
+                files[path.relative_to(root).as_posix()] = path.read_text(encoding='utf-8')
+    return files
+
+
+def main():
+    files = read(pathlib.Path(sys.argv[1]))
+    if not any(has_tests(text) for text in files.values()):
+        sys.exit('no tests: is this the root of the project?')
+    found = problems(files)
+    print('\n'.join(found) if found else f'{len(files)} files, nothing found')
+    sys.exit(1 if found else 0)
+
+
+if __name__ == '__main__':
+    main()

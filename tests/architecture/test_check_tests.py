@@ -1,0 +1,54 @@
+#!/usr/bin/env python3
+"""Proves that the check of tests finds what it is there for."""
+import pathlib
+import unittest
+
+import check_tests
+
+NAMESPACE = 'namespace veldraw::tests {\n\n'
+TEXT = NAMESPACE + 'TEST(Rotation, Turns)\n{\n}\n'
+
+
+def problems(path, text=TEXT):
+    named_otherwise = {name: TEXT for name in check_tests.NAMED_OTHERWISE}
+    rooms = {pathlib.PurePosixPath(name).parent.relative_to('tests') / 'Any.h' for name in named_otherwise}
+    code = {str(name): '' for name in rooms} | {'kernel/compute/Rotation.h': '', 'kernel/compute/VolumeAbstract.h': ''}
+    return check_tests.problems({**named_otherwise, **code, path: text})
+
+
+class Tests(unittest.TestCase):
+    def found(self, path, text=TEXT):
+        found = problems(path, text)
+        self.assertEqual(len(found), 1, found)
+        self.assertTrue(found[0].startswith(path + ':'), found[0])
+
+    def test_stand_where_the_code_stands_and_are_named_after_it(self):
+        for name in ('RotationTest', 'RotationManyPointsTest', 'VolumeTest', 'VolumeAbstractTest'):
+            self.assertEqual(problems(f'tests/kernel/compute/{name}.cpp'), [])
+
+    def test_are_not_named_after_what_is_elsewhere(self):
+        self.found('tests/kernel/compute/ZoneTest.cpp')
+        self.found('tests/kernel/compute/Rotation.cpp')
+
+    def test_are_not_in_folders_of_their_own(self):
+        self.found('tests/kernel/spin/Helper.h', NAMESPACE)
+        self.assertEqual(len(problems('tests/kernel/spin/RotationTest.cpp')), 2)
+        self.assertEqual(problems('tests/kernel/support/Helper.h', NAMESPACE), [])
+
+    def test_have_one_namespace(self):
+        path = 'tests/kernel/compute/RotationTest.cpp'
+        self.found(path, TEXT.replace('veldraw::tests', 'veldraw::test'))
+        self.found(path, TEXT.replace('veldraw::tests', 'veldraw::kernel'))
+        self.found(path, TEXT.replace(NAMESPACE, ''))
+
+    def test_programs_have_one_suffix(self):
+        path = 'tests/kernel/CMakeLists.txt'
+        self.assertEqual(problems(path, 'veldraw_add_test(kernel_test SOURCES RotationTest.cpp)'), [])
+        self.found(path, 'veldraw_add_test(kernel_tests SOURCES RotationTest.cpp)')
+
+    def test_are_in_the_list_of_names_while_they_exist(self):
+        self.assertEqual(len(check_tests.problems({})), len(check_tests.NAMED_OTHERWISE))
+
+
+if __name__ == '__main__':
+    unittest.main()

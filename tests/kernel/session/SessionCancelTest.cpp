@@ -1,0 +1,212 @@
+// Zone operations that are cancelled, or disturbed, while they compute.
+#include "kernel/base/BackgroundWork.h"
+#include "kernel/operations/AxialCopies.h"
+#include "kernel/operations/DeleteVariables.h"
+#include "kernel/operations/DuplicateZonesAxially.h"
+#include "kernel/operations/EnableZone.h"
+#include "kernel/operations/MirrorZones.h"
+#include "kernel/operations/RenameZone.h"
+#include "kernel/operations/RotateZones.h"
+#include "kernel/operations/SetPlotType.h"
+#include "tests/kernel/support/SessionFixture.h"
+#include "tests/kernel/support/SpatialData.h"
+
+#include <chrono>
+#include <thread>
+
+namespace veldraw::tests {
+
+using namespace kernel;
+using sample::slanting;
+using testing::ElementsAre;
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+/// Does something once while the work goes on, then waits for its end.
+class OnceWaiter : public Waiter
+{
+public:
+    explicit OnceWaiter(std::function<void(Progress&)> action)
+        : m_action(std::move(action))
+    {
+    }
+
+    void wait(std::string const& name, Progress& progress, std::shared_future<void> const& work) override
+    {
+        m_name = name;
+        m_action(progress);
+        auto const start = Clock::now();
+        work.wait();
+        m_rest = Clock::now() - start;
+    }
+
+    std::string const& name() const { return m_name; }
+    Clock::duration rest() const { return m_rest; } ///< time from the action to the end
+
+private:
+    std::function<void(Progress&)> m_action;
+    std::string m_name;
+    Clock::duration m_rest{};
+};
+
+/// Looks at the progress when the work has ended.
+class LateWaiter : public Waiter
+{
+public:
+    explicit LateWaiter(double& fraction)
+        : m_fraction(fraction)
+    {
+    }
+
+    void wait(std::string const&, Progress& progress, std::shared_future<void> const& work) override
+    {
+        work.wait();
+        m_fraction = progress.fraction();
+    }
+
+private:
+    double& m_fraction;
+};
+
+class LongOperation : public SessionFixture
+{
+protected:
+    LongOperation()
+    {
+        dataSet = sample::emptySpace();
+        auto zone = std::make_shared<Zone>("large", ZoneType_Ordered, 1000, 1000, 1);
+        for (int variable = 0; variable < 7; ++variable) {
+            auto const buffer = Buffer::allocate(FieldDataType_Int16, 1000000); // the slow way on purpose
+            zone->fields.emplace_back(std::make_shared<ShareGroup>(buffer), ValueLocation_Nodal);
+        }
+        dataSet->addZone(zone);
+        frame = sample::show(session, dataSet);
+        recorder.take();
+    }
+    ~LongOperation() override { session.setWaiter(nullptr); }
+
+    std::vector<std::pair<std::string, std::function<bool()>>> operations()
+    {
+        return {{"Axial Rotation",
+                 [&] { return session.perform(RotateZones(*dataSet, {1}, sample::inSpace, slanting, 30)); }},
+                {"Axial Duplication",
+                 [&] {
+                     return session.perform(
+                         DuplicateZonesAxially(*dataSet, {1}, sample::inSpace, slanting, {30, 0, 11, true}));
+                 }},
+                {"Create Mirror Zone", [&] { return session.perform(MirrorZones(frame->id, {1}, 'Y')); }}};
+    }
+};
+
+} // namespace
+
+TEST_F(LongOperation, IsCancelledWithoutATrace)
+{
+    for (auto const& [name, operation] : operations()) {
+        OnceWaiter waiter([this](Progress&) { session.setInterrupted(true); });
+        session.setWaiter(&waiter);
+        expectRefused(operation);
+        EXPECT_EQ(session.lastError(), "The operation was cancelled.") << name;
+        EXPECT_EQ(waiter.name(), name);
+        EXPECT_FALSE(session.isBusy());
+    }
+}
+
+TEST_F(LongOperation, ItsCancelIsTakenBackByTheNextOperationHoweverShort)
+{
+    std::vector<std::function<bool()>> const shortOnes = {
+        [&] { return session.perform(RenameZone(*dataSet, 1, "keel")); },
+        [&] { return session.undo(); },
+        [&] { return session.perform(EnableZone(*dataSet, 1, false)); },
+        [&] { return session.perform(SetPlotType(frame->id, PlotType_Cartesian3D)); },
+        [&] { return session.perform(DeleteVariables(*dataSet, {99})); }, // refused, but it has started
+    };
+    for (auto const& shortOne : shortOnes) {
+        session.setInterrupted(true);
+        shortOne();
+        EXPECT_FALSE(session.isInterrupted());
+    }
+}
+
+TEST_F(LongOperation, GivesItsMemoryBackWhenItIsCancelled)
+{
+    OnceWaiter waiter([this](Progress&) { session.setInterrupted(true); });
+    session.setWaiter(&waiter);
+    for (auto const& [name, operation] : operations()) {
+        EXPECT_FALSE(operation());
+        for (Field const& field : dataSet->zone(1)->fields) {
+            EXPECT_EQ(field.shareCount(), 1) << name;
+            EXPECT_EQ(field.group()->buffer().use_count(), 2) << name << ": the group's and this one";
+        }
+    }
+}
+
+TEST_F(LongOperation, IsDoneWhollyOrNotAtAllWheneverItIsCancelled)
+{
+    for (auto const& [name, operation] : operations()) {
+        for (int delay = 0; delay < 12; ++delay) {
+            std::string const before = stateDigest(session);
+            OnceWaiter waiter([&](Progress& progress) {
+                std::this_thread::sleep_for(std::chrono::milliseconds(delay));
+                progress.interrupt();
+            });
+            session.setWaiter(&waiter);
+            bool const done = operation();
+            session.setWaiter(nullptr);
+            EXPECT_EQ(recorder.take().size(), done ? 1U : 0U) << name;
+            if (done) {
+                EXPECT_EQ(session.history().undoName(), name);
+                session.undo();
+                session.history().clear();
+                recorder.take();
+            } else {
+                EXPECT_EQ(stateDigest(session), before) << name;
+            }
+        }
+    }
+}
+
+TEST_F(LongOperation, EndsSoonAfterACancel)
+{
+    for (auto const& [name, operation] : operations()) {
+        OnceWaiter waiter([this](Progress&) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(3));
+            session.setInterrupted(true);
+        });
+        session.setWaiter(&waiter);
+        operation();
+        // A tenth of a second is promised; tests may share their processor with many others.
+        EXPECT_LT(waiter.rest(), std::chrono::seconds(1)) << name;
+    }
+}
+
+TEST_F(LongOperation, CountsToItsEnd)
+{
+    for (auto const& [name, operation] : operations()) {
+        double end = 0;
+        LateWaiter waiter(end);
+        session.setWaiter(&waiter);
+        EXPECT_TRUE(operation()) << name;
+        EXPECT_EQ(end, 1.0) << name;
+    }
+}
+
+TEST_F(LongOperation, HearsNothingElseMeanwhile)
+{
+    OnceWaiter waiter([this](Progress&) {
+        for (auto const& [name, operation] : operations()) {
+            expectRefused(operation);
+            EXPECT_EQ(session.lastError(), "Another operation is running.") << name;
+        }
+        expectRefused([this] { return session.undo(); });
+        expectRefused([this] { return session.perform(DeleteVariables(*dataSet, {7})); });
+    });
+    session.setWaiter(&waiter);
+    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {1}, sample::inSpace, slanting, 30)));
+    EXPECT_THAT(recorder.take(), ElementsAre("0 zones 1 variables 1 2 3 4 5 6"));
+    EXPECT_TRUE(session.undo());
+}
+
+} // namespace veldraw::tests

@@ -1,0 +1,263 @@
+#include "kernel/operations/AddFrame.h"
+#include "kernel/operations/AxialCopies.h"
+#include "kernel/operations/DeleteVariables.h"
+#include "kernel/operations/DuplicateZones.h"
+#include "kernel/operations/DuplicateZonesAxially.h"
+#include "kernel/operations/EnableZone.h"
+#include "kernel/operations/LineMapOperation.h"
+#include "kernel/operations/MirrorZones.h"
+#include "kernel/operations/RenameFrame.h"
+#include "kernel/operations/RenameZone.h"
+#include "kernel/operations/RotateZones.h"
+#include "kernel/operations/SetPlotType.h"
+#include "kernel/operations/SpatialVariables.h"
+#include "tests/kernel/support/SessionFixture.h"
+#include "tests/kernel/support/SpatialData.h"
+#include "tests/support/AllocationFailure.h"
+
+namespace veldraw::tests {
+
+using namespace kernel;
+using sample::slanting;
+
+namespace {
+
+/// Everything that a sweep starts from, fresh for each request that fails.
+struct Stage
+{
+    Stage()
+    {
+        frame->dataSet = dataSet;
+        session.openPage({frame});
+        session.perform(RenameZone(*dataSet, 1, "named before")); // so that undo and redo have work
+        session.perform(RenameVariable(*dataSet, 1, "named before"));
+        session.undo();
+        recorder = std::make_unique<EventCounter>(session.events());
+    }
+
+    struct EventCounter
+    {
+        explicit EventCounter(EventHub& hub)
+        {
+            hub.subscribe([this](StateChangeEvent const&) { ++events; });
+        }
+        int events = 0;
+    };
+
+    std::shared_ptr<DataSet> dataSet = sample::twoPlanes();
+    std::shared_ptr<Frame> frame = std::make_shared<Frame>("Frame 1", Rectangle{});
+    Session session;
+    std::unique_ptr<EventCounter> recorder;
+};
+
+std::string const longText(200, 'n');
+
+/// The planes of the stage as things in space, their Z passive.
+NumberSet const bothZones{1, 2};
+SpatialVariables const planes{{1, 2, 3}, {}, true, false};
+
+/// Lets each request for memory of @p operation fail once: it succeeds, or nothing has changed and nothing was told.
+/// @return the number of requests that failed
+int sweep(
+    std::function<bool(Stage&)> const& operation, std::function<void(Stage&)> const& prepare = [](Stage&) {})
+{
+    for (int request = 1; request < 10000; ++request) {
+        Stage stage;
+        prepare(stage);
+        std::string const before = stateDigest(stage.session);
+        bool succeeded = false;
+        bool failedOnce = false;
+        {
+            AllocationFailure const failure(request);
+            succeeded = refusedWithoutMemory(stage.session, [&] { return operation(stage); });
+            failedOnce = failure.hasHappened();
+        }
+        if (!failedOnce) {
+            EXPECT_TRUE(succeeded) << "with all memory";
+            return request - 1;
+        }
+        if (!succeeded) {
+            EXPECT_EQ(stateDigest(stage.session), before) << "request " << request;
+            EXPECT_EQ(stage.recorder->events, 0) << "request " << request;
+            EXPECT_EQ(stage.session.lastError(), "Out of memory.") << "request " << request;
+            EXPECT_TRUE(operation(stage)) << "afterwards, request " << request;
+        } else {
+            EXPECT_NE(stateDigest(stage.session), before) << "request " << request;
+            EXPECT_GT(stage.recorder->events, 0) << "request " << request;
+        }
+    }
+    ADD_FAILURE() << "the operation never came to an end";
+    return 0;
+}
+
+} // namespace
+
+TEST(WithoutMemory, VariablesAreDeletedWhollyOrNotAtAll)
+{
+    NumberSet const variables{1, 4, 5};
+    EXPECT_GE(sweep([&](Stage& stage) { return stage.session.perform(DeleteVariables(*stage.dataSet, variables)); }),
+              15);
+}
+
+TEST(WithoutMemory, VariablesOfASharedStorageAreDeletedWhollyOrNotAtAll)
+{
+    NumberSet const variables{5};
+    auto const share = [](Stage& stage) { stage.dataSet->zone(1)->fields[4] = stage.dataSet->zone(1)->fields[3]; };
+    EXPECT_GE(
+        sweep([&](Stage& stage) { return stage.session.perform(DeleteVariables(*stage.dataSet, variables)); }, share),
+        15);
+}
+
+TEST(WithoutMemory, ZonesAreDuplicatedWhollyOrNotAtAll)
+{
+    NumberSet const zones{1, 2};
+    auto const describe = [](Stage& stage) {
+        stage.dataSet->zone(1)->auxiliaryData.set("Origin", longText, true);
+        stage.dataSet->zone(2)->name = longText;
+    };
+    EXPECT_GE(
+        sweep([&](Stage& stage) { return stage.session.perform(DuplicateZones(*stage.dataSet, zones)); }, describe),
+        15);
+}
+
+TEST(WithoutMemory, ZonesAreTurnedWhollyOrNotAtAll)
+{
+    auto const turn = [](Stage& stage) {
+        return stage.session.perform(RotateZones(*stage.dataSet, bothZones, planes, slanting, 30));
+    };
+    EXPECT_GE(sweep(turn), 30);
+    auto const share = [](Stage& stage) { stage.session.perform(DuplicateZones(*stage.dataSet, bothZones)); };
+    EXPECT_GE(sweep(turn, [&](Stage& stage) { share(stage), stage.recorder->events = 0; }), 30);
+}
+
+TEST(WithoutMemory, ZonesAreDuplicatedAroundAnAxisWhollyOrNotAtAll)
+{
+    EXPECT_GE(sweep(
+                  [](Stage& stage) {
+                      AxialCopies const copies{30, 0, 2, false};
+                      return stage.session.perform(
+                          DuplicateZonesAxially(*stage.dataSet, bothZones, planes, slanting, copies));
+                  },
+                  [](Stage& stage) { stage.dataSet->zone(1)->strand = 7; }),
+              60);
+}
+
+TEST(WithoutMemory, ZonesAreMirroredWhollyOrNotAtAll)
+{
+    EXPECT_GE(sweep([](Stage& stage) { return stage.session.perform(MirrorZones(stage.frame->id, bothZones, 'X')); }),
+              20);
+}
+
+TEST(WithoutMemory, ZoneOperationsAreUndoneAndRedone)
+{
+    Stage stage;
+    ASSERT_TRUE(
+        stage.session.perform(DuplicateZonesAxially(*stage.dataSet, {1, 2}, planes, slanting, {30, 0, 2, false})));
+    ASSERT_TRUE(stage.session.perform(RotateZones(*stage.dataSet, {1, 3}, planes, slanting, 30)));
+    ASSERT_TRUE(stage.session.perform(MirrorZones(stage.frame->id, {1, 2}, 'X')));
+    AllocationFailure const failure(1);
+    for (int round = 0; round < 2; ++round) {
+        for (int step = 0; step < 3; ++step) {
+            EXPECT_TRUE(stage.session.undo());
+        }
+        for (int step = 0; step < 3; ++step) {
+            EXPECT_TRUE(stage.session.redo());
+        }
+    }
+    EXPECT_FALSE(failure.hasHappened());
+}
+
+TEST(WithoutMemory, NamesAreChangedWhollyOrNotAtAll)
+{
+    EXPECT_GE(sweep([](Stage& stage) { return stage.session.perform(RenameZone(*stage.dataSet, 2, longText)); }), 3);
+    EXPECT_GE(sweep([](Stage& stage) { return stage.session.perform(RenameVariable(*stage.dataSet, 2, longText)); }),
+              3);
+    EXPECT_GE(sweep([](Stage& stage) { return stage.session.perform(RenameFrame(stage.frame->id, longText)); }), 3);
+    EXPECT_GE(sweep([](Stage& stage) { return stage.session.perform(SetTitle(*stage.dataSet, longText)); }), 3);
+}
+
+TEST(WithoutMemory, ZonesAndVariablesAreEnabledWhollyOrNotAtAll)
+{
+    EXPECT_GE(sweep([](Stage& stage) { return stage.session.perform(EnableZone(*stage.dataSet, 2, false)); }), 4);
+    EXPECT_GE(sweep([](Stage& stage) { return stage.session.perform(EnableVariable(*stage.dataSet, 2, false)); }), 4);
+}
+
+TEST(WithoutMemory, FramesComeAndGoWhollyOrNotAtAll)
+{
+    EXPECT_GE(sweep([](Stage& stage) { return stage.session.createFrame(longText, {0, 0, 1, 1}) != nullptr; }), 5);
+    EXPECT_GE(sweep([](Stage& stage) { return stage.session.perform(DeleteFrame(stage.frame->id)); }), 2);
+    EXPECT_GE(sweep([](Stage& stage) {
+                  auto const place = stage.frame->rectangle.x + 1.0;
+                  return stage.session.perform(MoveFrame(stage.frame->id, {place, 1, 1, 1}));
+              }),
+              3);
+}
+
+TEST(WithoutMemory, ADataSetIsGivenToAFrameWhollyOrNotAtAll)
+{
+    auto const other = sample::ordered({longText + "x", longText + "y", longText + "z"}, 3, 3);
+    EXPECT_GE(sweep([&](Stage& stage) { return stage.session.setFrameDataSet(stage.frame->id, other); }), 5);
+}
+
+TEST(WithoutMemory, LineMapsAndStyleAreChangedWhollyOrNotAtAll)
+{
+    EXPECT_GE(sweep([](Stage& stage) { return stage.session.perform(CreateLineMap(stage.frame->id)); }), 4);
+    NumberSet const first{1};
+    EXPECT_GE(sweep([&](Stage& stage) { return stage.session.perform(DeleteLineMaps(stage.frame->id, first)); }), 3);
+    EXPECT_GE(sweep([](Stage& stage) { return stage.session.perform(SetLinePlot(stage.frame->id, 2, 4, 5)); }), 4);
+    EXPECT_GE(sweep([](Stage& stage) { return stage.session.perform(SetPlotType(stage.frame->id, PlotType_XYLine)); }),
+              4);
+    EXPECT_GE(sweep([](Stage& stage) { return stage.session.perform(AssignVariable(stage.frame->id, 'X', 4)); }), 4);
+    EXPECT_GE(sweep([](Stage& stage) {
+                  return stage.session.perform(SetPlotOption(stage.frame->id, &Frame::showMesh, true));
+              }),
+              4);
+}
+
+TEST(WithoutMemory, UndoAndRedoNeedNone)
+{
+    EXPECT_EQ(sweep([](Stage& stage) { return stage.session.undo(); }), 0);
+    EXPECT_EQ(sweep([](Stage& stage) { return stage.session.redo(); }), 0);
+}
+
+TEST(WithoutMemory, ADeletionIsUndoneAndRedone)
+{
+    Stage stage;
+    ASSERT_TRUE(stage.session.perform(DeleteVariables(*stage.dataSet, {1, 4, 5})));
+    AllocationFailure const failure(1);
+    EXPECT_TRUE(stage.session.undo());
+    EXPECT_TRUE(stage.session.redo());
+    EXPECT_TRUE(stage.session.undo());
+    EXPECT_FALSE(failure.hasHappened());
+}
+
+TEST(WithoutMemory, ADuplicationIsUndoneAndRedone)
+{
+    Stage stage;
+    ASSERT_TRUE(stage.session.perform(DuplicateZones(*stage.dataSet, {1, 2})));
+    ASSERT_TRUE(stage.session.perform(DeleteVariables(*stage.dataSet, {4})));
+    AllocationFailure const failure(1);
+    for (int round = 0; round < 2; ++round) {
+        EXPECT_TRUE(stage.session.undo());
+        EXPECT_TRUE(stage.session.undo());
+        EXPECT_TRUE(stage.session.redo());
+        EXPECT_TRUE(stage.session.redo());
+    }
+    EXPECT_FALSE(failure.hasHappened());
+}
+
+TEST(WithoutMemory, AWriteToHeldStorageThrowsAndChangesNothing)
+{
+    Field const field = sample::field({1, 2, 3});
+    auto const held = field.group()->buffer();
+    for (int request = 1; request <= 3; ++request) {
+        AllocationFailure const failure(request);
+        try {
+            field.group()->writableBuffer();
+        } catch (std::bad_alloc const&) {
+            EXPECT_EQ(field.group()->buffer(), held);
+        }
+    }
+}
+
+} // namespace veldraw::tests

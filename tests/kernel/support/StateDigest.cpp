@@ -1,0 +1,85 @@
+#include "tests/kernel/support/StateDigest.h"
+
+#include <sstream>
+
+namespace veldraw::tests {
+
+using namespace kernel;
+
+namespace {
+
+void addField(std::ostream& out, Field const& field)
+{
+    out << " [" << field.type() << ' ' << field.location() << ' ';
+    if (field.isPassive()) {
+        out << "passive]";
+        return;
+    }
+    out << field.group().get() << ' ' << field.group()->buffer().get() << " x" << field.shareCount() << ']';
+}
+
+void addFrame(std::ostream& out, Frame const& frame)
+{
+    Rectangle const& place = frame.rectangle;
+    out << "frame " << frame.id << ' ' << frame.name << ' ' << place.x << ' ' << place.y << ' ' << place.width << ' '
+        << place.height << " type " << frame.plotType << " axes";
+    for (UniqueId const id : frame.axes2D) {
+        out << ' ' << id;
+    }
+    for (UniqueId const id : frame.axes3D) {
+        out << ' ' << id;
+    }
+    for (UniqueId const id : frame.vector) {
+        out << ' ' << id;
+    }
+    out << ' ' << frame.contourVariable << ' ' << frame.showContour << frame.showMesh << frame.stretchAxes
+        << frame.showLines << frame.showSymbols << '\n';
+    for (LineMap const& map : frame.lineMaps) {
+        out << "map " << map.id << ' ' << map.name << ' ' << map.zone << ' ' << map.xVariable << ' ' << map.yVariable
+            << ' ' << map.active << ' ' << map.indices[0].min << '\n';
+    }
+    if (frame.dataSet) {
+        out << stateDigest(*frame.dataSet);
+    }
+}
+
+} // namespace
+
+std::string stateDigest(DataSet const& dataSet)
+{
+    std::ostringstream out;
+    out << "data " << dataSet.id() << ' ' << dataSet.title() << " lock " << dataSet.lockHolder() << '\n';
+    for (auto const& variable : dataSet.variables()) {
+        out << "variable " << variable->id << ' ' << variable->name << ' ' << variable->enabled << '\n';
+    }
+    for (auto const& zone : dataSet.zones()) {
+        out << "zone " << zone->id << ' ' << zone->name << ' ' << zone->enabled << ' ' << zone->i << ' ' << zone->j
+            << ' ' << zone->k << " type " << zone->type << " time " << zone->solutionTime << " strand " << zone->strand
+            << " cells " << zone->connectivity.get();
+        for (int item = 1; item <= zone->auxiliaryData.size(); ++item) {
+            AuxiliaryData::Item const& text = zone->auxiliaryData.item(item);
+            out << " (" << text.name << '=' << text.value << ' ' << text.retain << ')';
+        }
+        for (Field const& field : zone->fields) {
+            addField(out, field);
+        }
+        out << '\n';
+    }
+    return out.str();
+}
+
+std::string stateDigest(Session const& session)
+{
+    std::ostringstream out;
+    for (auto const& page : session.pages().all()) {
+        out << "page " << page->id << " active " << page->activeFrame << '\n';
+        for (auto const& frame : page->frames) {
+            addFrame(out, *frame);
+        }
+    }
+    History const& history = session.history();
+    out << "undo " << history.undoName() << " redo " << history.redoName() << " bytes " << history.valueBytes();
+    return out.str();
+}
+
+} // namespace veldraw::tests

@@ -1,0 +1,107 @@
+#include "tests/support/AllocationFailure.h"
+
+#include <cstddef>
+#include <cstdlib>
+#include <malloc.h>
+#include <new>
+
+namespace {
+
+thread_local int requestsUntilFailure = 0; // 0: none fails
+thread_local std::int64_t bytesTaken = 0;
+
+bool failsNow()
+{
+    return requestsUntilFailure > 0 && --requestsUntilFailure == 0;
+}
+
+void* request(std::size_t bytes, std::size_t alignment)
+{
+    if (failsNow()) {
+        throw std::bad_alloc();
+    }
+    std::size_t const size = (bytes + alignment - 1) / alignment * alignment;
+    void* const memory = std::aligned_alloc(alignment, size == 0 ? alignment : size);
+    if (memory == nullptr) {
+        throw std::bad_alloc();
+    }
+    bytesTaken += static_cast<std::int64_t>(malloc_usable_size(memory));
+    return memory;
+}
+
+void release(void* memory) noexcept
+{
+    bytesTaken -= static_cast<std::int64_t>(malloc_usable_size(memory));
+    std::free(memory);
+}
+
+} // namespace
+
+namespace veldraw::tests {
+
+std::int64_t allocatedBytes()
+{
+    return bytesTaken;
+}
+
+AllocationFailure::AllocationFailure(int request)
+{
+    requestsUntilFailure = request;
+}
+
+AllocationFailure::~AllocationFailure()
+{
+    requestsUntilFailure = 0;
+}
+
+bool AllocationFailure::hasHappened() const
+{
+    return requestsUntilFailure == 0;
+}
+
+} // namespace veldraw::tests
+
+void* operator new(std::size_t bytes)
+{
+    return request(bytes, alignof(std::max_align_t));
+}
+
+void* operator new[](std::size_t bytes)
+{
+    return request(bytes, alignof(std::max_align_t));
+}
+
+void* operator new(std::size_t bytes, std::align_val_t alignment)
+{
+    return request(bytes, static_cast<std::size_t>(alignment));
+}
+
+void operator delete(void* memory) noexcept
+{
+    release(memory);
+}
+
+void operator delete[](void* memory) noexcept
+{
+    release(memory);
+}
+
+void operator delete(void* memory, std::size_t) noexcept
+{
+    release(memory);
+}
+
+void operator delete[](void* memory, std::size_t) noexcept
+{
+    release(memory);
+}
+
+void operator delete(void* memory, std::align_val_t) noexcept
+{
+    release(memory);
+}
+
+void operator delete(void* memory, std::size_t, std::align_val_t) noexcept
+{
+    release(memory);
+}

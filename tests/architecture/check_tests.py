@@ -13,19 +13,22 @@ import sys
 SUFFIXES = {'.h', '.cpp', '.ipp', '.ui'}
 
 # Where tests mirror the code: each folder below these has its double, but for those that hold what tests share.
-MIRRORED = ('kernel', 'host', 'dialogs/property')
+MIRRORED = ('kernel', 'host', 'dialogs/property', 'dialogs/models', 'dialogs/widgets', 'dialogs/bindings', 'dialogs/frame')
+# Where the namespace is asked for.
+ONE_NAMESPACE = ('kernel', 'host', 'dialogs/property')
 SHARED = {'kernel/support'}
 
 # What a whole folder, or several, are tested for.
 NAMED_OTHERWISE = {
+    'tests/dialogs/models/StockListModelsTest.cpp': 'all lists of zones, variables and line maps',
     'tests/host/ExceptionTest.cpp': 'all exceptions of the platform, which have one base',
     'tests/host/IdleTest.cpp': 'all ways to wait for idle',
     'tests/host/WithoutApplicationTest.cpp': 'all of the host, where there is no application object',
     'tests/kernel/api/VelUtilTest.cpp': 'the C functions together',
 }
 
-# A test may be named after what a class is the base or the interface of: RelevanceTest of RelevanceInterface.
-ROLES = ('Abstract', 'Interface')
+# A test may be named after what a class is the base, the interface or the binding of: RelevanceTest of RelevanceInterface.
+ROLES = ('Abstract', 'Interface', 'PropertyBinding')
 
 
 def is_in(folder, roofs):
@@ -64,7 +67,7 @@ def check_name(files, path, text):
 
 
 def check_namespace(path, text):
-    if is_in(folder_of(path).removeprefix('tests/'), MIRRORED) and path.endswith(('.h', '.cpp')):
+    if is_in(folder_of(path).removeprefix('tests/'), ONE_NAMESPACE) and path.endswith(('.h', '.cpp')):
         others = sorted(set(re.findall(r'(?m)^namespace (veldraw\S*) \{', text)) - {'veldraw::tests'})
         if others:
             yield f'{path}: declares in {", ".join(others)}, not in veldraw::tests'

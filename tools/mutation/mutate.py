@@ -17,11 +17,11 @@ EQUIVALENT = pathlib.Path(__file__).resolve().parent / 'equivalent.txt'
 
 # The test programs that are run for a folder, those that are the most about it first.
 PROGRAMS = {
-    'dialogs/property': ['dialogs_property_test', 'dialogs_kept_property_test', 'dialogs_spinboxes_test'],
-    'dialogs/models': ['dialogs_models_test', 'dialogs_choices_test', 'dialogs_bindings_test'],
-    'dialogs/bindings': ['dialogs_bindings_test', 'dialogs_choices_test', 'dialogs_spinboxes_test', 'dialogs_textbindings_test',
+    'dialogs/property': ['dialogs_property_test', 'dialogs_kept_property_test', 'dialogs_number_bindings_test'],
+    'dialogs/models': ['dialogs_models_test', 'dialogs_choice_bindings_test', 'dialogs_bindings_test'],
+    'dialogs/bindings': ['dialogs_bindings_test', 'dialogs_choice_bindings_test', 'dialogs_number_bindings_test', 'dialogs_text_bindings_test',
                          'dialogs_frame_test'],
-    'dialogs/widgets': ['dialogs_spinboxes_test', 'dialogs_frame_test', 'dialogs_spreadsheet_test'],
+    'dialogs/widgets': ['dialogs_widgets_test', 'dialogs_number_bindings_test', 'dialogs_spreadsheet_test'],
     'dialogs/frame': ['dialogs_frame_test', 'dialogs_variableops_test'],
     'dialogs/zoneops': ['dialogs_zoneops_test'],
     'dialogs/variableops': ['dialogs_variableops_test'],

@@ -7,8 +7,8 @@
 #include "kernel/operations/SetPlotType.h"
 #include "platform/vdsdkcommon/AppLock.h"
 #include "platform/vdsdkuicommon/IdleDispatcher.h"
-#include "tests/dialogs/spinboxes/SpinBoxDriver.h"
 #include "tests/dialogs/support/DialogFixture.h"
+#include "tests/dialogs/support/SpinBoxDriver.h"
 
 #include <QAbstractButton>
 #include <QComboBox>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/vdsdkuicommon/IdleDispatcher.h"
-#include "tests/dialogs/spinboxes/SpinBoxDriver.h"
 #include "tests/dialogs/support/RecordedMessages.h"
+#include "tests/dialogs/support/SpinBoxDriver.h"
 
 #include <QLineEdit>
 #include <QTest>

@@ -10,8 +10,8 @@
 #include "platform/exception/InvalidArgumentException.h"
 #include "platform/exception/InvalidPropertyValueException.h"
 #include "platform/vdsdkcommon/AppLock.h"
-#include "tests/dialogs/spinboxes/SpecialNumbers.h"
-#include "tests/dialogs/spinboxes/SpinBoxWindow.h"
+#include "tests/dialogs/bindings/SpinBoxWindow.h"
+#include "tests/dialogs/support/SpecialNumbers.h"
 
 #include <QApplication>
 #include <QPushButton>
@@ -35,7 +35,7 @@ using namespace sdk::ui::propertymanager;
 using sdk::ui::common::IdleDispatcher;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-using Validator = BoundedValueValidator<double>;
+using DoubleBounds = BoundedValueValidator<double>;
 
 constexpr char refusal[] = "error: The value must be greater than or equal to 0 and less than or equal to 0.5.";
 
@@ -52,7 +52,8 @@ protected:
     void bindKeepFactor()
     {
         property = boost::make_shared<Property<double>>(
-            0.25, boost::make_shared<Validator>(0.0, 0.5, Validator::LowerInclusive, Validator::UpperInclusive));
+            0.25,
+            boost::make_shared<DoubleBounds>(0.0, 0.5, DoubleBounds::LowerInclusive, DoubleBounds::UpperInclusive));
         box->setSingleStep(0.01);
         bind();
     }

@@ -1,6 +1,6 @@
 #include "dialogs/bindings/WheelGuard.h"
 
-#include "tests/dialogs/choices/Wheel.h"
+#include "tests/dialogs/support/Wheel.h"
 
 #include <QApplication>
 #include <QComboBox>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "dialogs/bindings/ComboBoxPropertyBinding.h"
-#include "tests/dialogs/choices/ComboBoxDriver.h"
+#include "tests/dialogs/bindings/ComboBoxDriver.h"
 #include "tests/dialogs/models/ScriptedList.h"
 
 #include <QAbstractItemModelTester>

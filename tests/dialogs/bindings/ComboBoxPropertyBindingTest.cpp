@@ -7,9 +7,9 @@
 #include "platform/vdsdkcommon/AppLock.h"
 #include "platform/vdsdkcommon/WaitState.h"
 #include "platform/vdsdkuicommon/IdleDispatcher.h"
-#include "tests/dialogs/choices/ComboBoxFixture.h"
-#include "tests/dialogs/choices/Wheel.h"
+#include "tests/dialogs/bindings/ComboBoxFixture.h"
 #include "tests/dialogs/support/RecordedMessages.h"
+#include "tests/dialogs/support/Wheel.h"
 
 #include <QLineEdit>
 #include <QListView>

@@ -1,6 +1,6 @@
-#include "tests/dialogs/spinboxes/SpinBoxDriver.h"
+#include "tests/dialogs/support/SpinBoxDriver.h"
 
-#include "tests/dialogs/choices/Wheel.h"
+#include "tests/dialogs/support/Wheel.h"
 
 #include <QStyleOptionSpinBox>
 #include <QTest>

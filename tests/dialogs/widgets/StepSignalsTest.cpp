@@ -1,6 +1,6 @@
 #include "dialogs/widgets/IntegralSpinBox.h"
 #include "dialogs/widgets/QScientificSpinBox.h"
-#include "tests/dialogs/spinboxes/SpinBoxDriver.h"
+#include "tests/dialogs/support/SpinBoxDriver.h"
 
 #include <QSignalSpy>
 #include <QTest>

@@ -4,7 +4,7 @@
 #include "dialogs/property/Property.h"
 #include "platform/vdsdkcommon/AppLock.h"
 #include "platform/vdsdkuicommon/IdleDispatcher.h"
-#include "tests/dialogs/textbindings/FieldWindow.h"
+#include "tests/dialogs/bindings/FieldWindow.h"
 
 #include <boost/make_shared.hpp>
 #include <boost/weak_ptr.hpp>

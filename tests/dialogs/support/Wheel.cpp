@@ -1,4 +1,4 @@
-#include "tests/dialogs/choices/Wheel.h"
+#include "tests/dialogs/support/Wheel.h"
 
 #include <QApplication>
 #include <QTest>

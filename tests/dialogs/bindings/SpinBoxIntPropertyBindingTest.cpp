@@ -1,10 +1,11 @@
 #include "dialogs/bindings/SpinBoxIntPropertyBinding.h"
+
 #include "dialogs/bindings/SpinBoxLgIndexPropertyBinding.h"
 #include "dialogs/property/BoundedValueValidator.h"
 #include "dialogs/property/Property.h"
 #include "dialogs/property/PropertyTypeAdapter.h"
 #include "platform/vdsdkcommon/AppLock.h"
-#include "tests/dialogs/spinboxes/SpinBoxWindow.h"
+#include "tests/dialogs/bindings/SpinBoxWindow.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -1,6 +1,6 @@
 #include "dialogs/bindings/QTextFieldObservable.h"
 
-#include "tests/dialogs/textbindings/FieldWindow.h"
+#include "tests/dialogs/bindings/FieldWindow.h"
 
 #include <QApplication>
 #include <QFocusEvent>

@@ -1,4 +1,4 @@
-#include "tests/dialogs/choices/ComboBoxDriver.h"
+#include "tests/dialogs/bindings/ComboBoxDriver.h"
 
 #include <QAbstractItemView>
 #include <QApplication>

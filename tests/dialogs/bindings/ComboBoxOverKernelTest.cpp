@@ -9,7 +9,7 @@
 #include "platform/vdsdkcommon/AppLock.h"
 #include "platform/vdsdkcommon/DataSetQueries.h"
 #include "platform/vdsdkuicommon/IdleDispatcher.h"
-#include "tests/dialogs/choices/ComboBoxDriver.h"
+#include "tests/dialogs/bindings/ComboBoxDriver.h"
 #include "tests/dialogs/models/SampleSession.h"
 
 #include <QAbstractItemModelTester>

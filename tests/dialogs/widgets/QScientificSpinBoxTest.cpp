@@ -1,7 +1,7 @@
 #include "dialogs/widgets/QScientificSpinBox.h"
 
-#include "tests/dialogs/spinboxes/SpecialNumbers.h"
-#include "tests/dialogs/spinboxes/SpinBoxDriver.h"
+#include "tests/dialogs/support/SpecialNumbers.h"
+#include "tests/dialogs/support/SpinBoxDriver.h"
 
 #include <QApplication>
 #include <QClipboard>

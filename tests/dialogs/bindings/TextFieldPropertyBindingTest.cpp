@@ -5,8 +5,8 @@
 #include "dialogs/property/UILocalStyleProperty.h"
 #include "platform/vdsdkcommon/AppLock.h"
 #include "platform/vdsdkuicommon/IdleDispatcher.h"
+#include "tests/dialogs/bindings/FieldWindow.h"
 #include "tests/dialogs/bindings/TestUIProperty.h"
-#include "tests/dialogs/textbindings/FieldWindow.h"
 
 #include <boost/format.hpp>
 #include <boost/make_shared.hpp>

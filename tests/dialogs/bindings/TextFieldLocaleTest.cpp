@@ -1,6 +1,6 @@
 #include "dialogs/bindings/TextFieldPropertyBinding.h"
 #include "dialogs/property/Property.h"
-#include "tests/dialogs/textbindings/FieldWindow.h"
+#include "tests/dialogs/bindings/FieldWindow.h"
 
 #include <QLocale>
 

@@ -7,7 +7,7 @@
 #include "platform/exception/InvalidPropertyValueException.h"
 #include "platform/vdsdkcommon/AppLock.h"
 #include "platform/vdsdkuicommon/IdleDispatcher.h"
-#include "tests/dialogs/textbindings/FieldWindow.h"
+#include "tests/dialogs/bindings/FieldWindow.h"
 
 #include <QApplication>
 #include <QClipboard>

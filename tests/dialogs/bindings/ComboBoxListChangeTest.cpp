@@ -1,7 +1,7 @@
 #include "dialogs/models/ListModelProxy.h"
 #include "platform/exception/InvalidPropertyValueException.h"
 #include "platform/vdsdkuicommon/IdleDispatcher.h"
-#include "tests/dialogs/choices/ComboBoxFixture.h"
+#include "tests/dialogs/bindings/ComboBoxFixture.h"
 
 #include <QSignalSpy>
 #include <QTest>

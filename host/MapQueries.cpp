@@ -1,5 +1,5 @@
 #include "host/KernelAccess.h"
-#include "kernel/data/FieldMaps.h"
+#include "kernel/data/TimeStrands.h"
 #include "kernel/session/Session.h"
 #include "platform/vdsdkcommon/DataSetQueries.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "kernel/data/DataSet.h"
-#include "kernel/frames/IndexRange.h"
+#include "kernel/frames/LineMap.h"
 
 #include <vtkSmartPointer.h>
 #include <vtkTable.h>

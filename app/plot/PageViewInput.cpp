@@ -1,7 +1,7 @@
 // What the user does with mouse and keys in a page view.
 #include "app/plot/FieldView.h"
 #include "app/plot/PageView.h"
-#include "kernel/frames/MouseMode.h"
+#include "kernel/frames/Display.h"
 #include "platform/vdsdkcommon/AppLock.h"
 
 #include <QKeyEvent>

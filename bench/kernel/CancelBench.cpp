@@ -3,7 +3,6 @@
 #include "CancellingWaiter.h"
 #include "SpatialStage.h"
 #include "kernel/compute/Rotation.h"
-#include "kernel/operations/AxialCopies.h"
 #include "kernel/operations/DuplicateZonesAxially.h"
 #include "kernel/operations/MirrorZones.h"
 #include "kernel/operations/RotateZones.h"

@@ -1,7 +1,6 @@
 // Turning, mirroring and duplicating a zone of ten million points, beside VTK's filter for the same work.
 #include "SpatialStage.h"
 #include "kernel/compute/Rotation.h"
-#include "kernel/operations/AxialCopies.h"
 #include "kernel/operations/DuplicateZonesAxially.h"
 #include "kernel/operations/MirrorZones.h"
 #include "kernel/operations/RotateZones.h"

@@ -1,9 +1,17 @@
 #pragma once
 
 #include "kernel/session/Session.h"
+#include "platform/vdsdkbase/VelUtilTypes.h"
 
 #include <new>
 #include <string>
+#include <vector>
+
+/// The list of texts (UTF-8) behind the C interface.
+struct StringList_s
+{
+    std::vector<std::string> texts;
+};
 
 namespace veldraw::kernel::api {
 

@@ -19,20 +19,18 @@ public:
     void setDouble(std::string const& name, double value) { m_values.insert_or_assign(name, Value(value)); }
     void setNumbers(std::string const& name, NumberSet value);
     void setText(std::string const& name, std::string value);
-    void setPointer(std::string const& name, void* value) { m_values.insert_or_assign(name, Value(value)); }
 
     /// What the name stands for; nothing when it is not there or of another kind.
     std::optional<long long> intValue(std::string const& name) const { return value<long long>(name); }
     std::optional<double> doubleValue(std::string const& name) const { return value<double>(name); }
     std::optional<NumberSet> numbers(std::string const& name) const { return value<NumberSet>(name); }
     std::optional<std::string> text(std::string const& name) const { return value<std::string>(name); }
-    std::optional<void*> pointer(std::string const& name) const { return value<void*>(name); }
 
     int size() const { return static_cast<int>(m_values.size()); }
     void clear() { m_values.clear(); }
 
 private:
-    using Value = std::variant<long long, double, NumberSet, std::string, void*>;
+    using Value = std::variant<long long, double, NumberSet, std::string>;
 
     template <typename Kind>
     std::optional<Kind> value(std::string const& name) const

@@ -2,7 +2,6 @@
 
 #include "kernel/api/ApiSupport.h"
 #include "kernel/compute/Rotation.h"
-#include "kernel/operations/AxialCopies.h"
 #include "kernel/operations/DuplicateZonesAxially.h"
 #include "kernel/operations/MirrorZones.h"
 #include "kernel/operations/RotateZones.h"

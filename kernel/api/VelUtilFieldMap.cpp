@@ -1,7 +1,7 @@
 #include "platform/vdsdkbase/VelUtilFieldMap.h"
 
 #include "kernel/api/ApiSupport.h"
-#include "kernel/data/FieldMaps.h"
+#include "kernel/data/TimeStrands.h"
 
 using namespace veldraw::kernel;
 

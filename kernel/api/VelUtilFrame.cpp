@@ -1,7 +1,7 @@
 #include "platform/vdsdkbase/VelUtilFrame.h"
 
 #include "kernel/api/ApiSupport.h"
-#include "kernel/frames/PageLayout.h"
+#include "kernel/frames/Page.h"
 #include "kernel/operations/RenameFrame.h"
 #include "kernel/operations/SetPlotType.h"
 

@@ -1,7 +1,6 @@
 #include "platform/vdsdkbase/VelUtilImport.h"
 
 #include "kernel/api/ApiSupport.h"
-#include "kernel/api/StringList.h"
 
 using namespace veldraw::kernel;
 

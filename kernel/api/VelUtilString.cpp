@@ -1,6 +1,6 @@
 #include "platform/vdsdkbase/VelUtilString.h"
 
-#include "kernel/api/StringList.h"
+#include "kernel/api/ApiSupport.h"
 
 #include <memory>
 

@@ -1,7 +1,7 @@
 #include "kernel/compute/CopyValues.h"
 
-#include "kernel/base/MemoryDemand.h"
 #include "kernel/base/Parallel.h"
+#include "kernel/base/SystemMemory.h"
 
 #include <algorithm>
 #include <cstring>

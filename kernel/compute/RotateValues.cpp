@@ -1,6 +1,6 @@
 #include "kernel/compute/RotateValues.h"
 
-#include "kernel/compute/TurnBlock.h"
+#include "kernel/compute/RotateBlock.h"
 #include "kernel/compute/ValueBlock.h"
 
 #include <algorithm>
@@ -15,7 +15,7 @@ namespace {
 
 /// The rotation of the @p Size components that take part, with everything at hand in one place.
 template <std::size_t Size>
-struct Turn
+struct InvolvedComponents
 {
     Buffer const* sources[Size];
     Buffer* targets[Size];
@@ -25,19 +25,20 @@ struct Turn
 };
 
 template <std::size_t Size>
-Turn<Size> turnOf(Rotation const& rotation, ComponentBuffers const& buffers, std::array<std::size_t, 3> const& parts)
+InvolvedComponents<Size> involvedComponents(Rotation const& rotation, ComponentBuffers const& buffers,
+                                            std::array<std::size_t, 3> const& parts)
 {
-    Turn<Size> turn{};
+    InvolvedComponents<Size> components{};
     for (std::size_t row = 0; row < Size; ++row) {
-        turn.sources[row] = buffers.sources[parts[row]].get();
-        turn.targets[row] = buffers.targets[parts[row]].get();
-        turn.origin[row] = rotation.origin()[parts[row]];
+        components.sources[row] = buffers.sources[parts[row]].get();
+        components.targets[row] = buffers.targets[parts[row]].get();
+        components.origin[row] = rotation.origin()[parts[row]];
         for (std::size_t column = 0; column < Size; ++column) {
-            turn.matrix[row][column] = rotation.entry(parts[row], parts[column]);
-            turn.matrixRest[row][column] = rotation.entryRest(parts[row], parts[column]);
+            components.matrix[row][column] = rotation.entry(parts[row], parts[column]);
+            components.matrixRest[row][column] = rotation.entryRest(parts[row], parts[column]);
         }
     }
-    return turn;
+    return components;
 }
 
 /// Whether all values are finite, by their exponents: one is added to each, and those of infinities and of what is not a
@@ -59,7 +60,7 @@ bool areFinite(Element const* values, std::int64_t count)
 }
 
 template <std::size_t Size, typename Element>
-void keepWhatIsNotFinite(TurnBlock<Size, Element> const& block)
+void keepWhatIsNotFinite(BlockToRotate<Size, Element> const& block)
 {
     for (std::int64_t at = 0; at < block.count; ++at) {
         bool const isFinite = std::all_of(block.from, block.from + Size,
@@ -71,9 +72,9 @@ void keepWhatIsNotFinite(TurnBlock<Size, Element> const& block)
 }
 
 template <std::size_t Size, typename Element>
-void turnFinite(TurnBlock<Size, Element> const& block)
+void rotateFinite(BlockToRotate<Size, Element> const& block)
 {
-    turn(block);
+    rotateBlock(block);
     // A component that is not finite spoils every result, also by a factor of 0, so looking at one is enough.
     if (!areFinite(block.to[0], block.count)) {
         keepWhatIsNotFinite(block);
@@ -82,7 +83,7 @@ void turnFinite(TurnBlock<Size, Element> const& block)
 
 /// Whether all components are stored side by side as @p type, and all are wanted.
 template <std::size_t Size>
-bool isAllOf(Turn<Size> const& rotation, FieldDataType_e type)
+bool isAllOf(InvolvedComponents<Size> const& rotation, FieldDataType_e type)
 {
     bool all = true;
     for (std::size_t part = 0; part < Size; ++part) {
@@ -94,25 +95,25 @@ bool isAllOf(Turn<Size> const& rotation, FieldDataType_e type)
     return all;
 }
 
-/// Turns a block where it lies.
+/// Rotates a block where it lies.
 template <std::size_t Size, typename Element>
-void turnDirectly(Turn<Size> const& rotation, std::int64_t first, std::int64_t count)
+void rotateDirectly(InvolvedComponents<Size> const& rotation, std::int64_t first, std::int64_t count)
 {
-    TurnBlock<Size, Element> block{rotation.matrix, rotation.matrixRest, rotation.origin, {}, {}, count};
+    BlockToRotate<Size, Element> block{rotation.matrix, rotation.matrixRest, rotation.origin, {}, {}, count};
     for (std::size_t part = 0; part < Size; ++part) {
         block.from[part] = static_cast<Element const*>(rotation.sources[part]->data()) + first;
         block.to[part] = static_cast<Element*>(rotation.targets[part]->mutableData()) + first;
     }
-    turnFinite(block);
+    rotateFinite(block);
 }
 
-/// Turns a block by way of double, for all other types and strides.
+/// Rotates a block by way of double, for all other types and strides.
 template <std::size_t Size>
-void turnWidened(Turn<Size> const& rotation, std::int64_t first, std::int64_t count)
+void rotateWidened(InvolvedComponents<Size> const& rotation, std::int64_t first, std::int64_t count)
 {
     double before[Size][blockSize];
     double after[Size][blockSize];
-    TurnBlock<Size, double> block{rotation.matrix, rotation.matrixRest, rotation.origin, {}, {}, count};
+    BlockToRotate<Size, double> block{rotation.matrix, rotation.matrixRest, rotation.origin, {}, {}, count};
     for (std::size_t part = 0; part < Size; ++part) {
         block.from[part] = before[part];
         block.to[part] = after[part];
@@ -122,7 +123,7 @@ void turnWidened(Turn<Size> const& rotation, std::int64_t first, std::int64_t co
             readBlock(*rotation.sources[part], first, count, before[part]);
         }
     }
-    turnFinite(block);
+    rotateFinite(block);
     for (std::size_t part = 0; part < Size; ++part) {
         if (rotation.targets[part] != nullptr) {
             writeBlock(after[part], first, count, *rotation.targets[part]);
@@ -131,16 +132,16 @@ void turnWidened(Turn<Size> const& rotation, std::int64_t first, std::int64_t co
 }
 
 template <std::size_t Size>
-void turnAll(Turn<Size> const& rotation, std::int64_t count, Progress& progress)
+void rotateAll(InvolvedComponents<Size> const& rotation, std::int64_t count, Progress& progress)
 {
-    auto turnBlock = &turnWidened<Size>;
+    auto rotatePart = &rotateWidened<Size>;
     if (isAllOf(rotation, FieldDataType_Float)) {
-        turnBlock = &turnDirectly<Size, float>;
+        rotatePart = &rotateDirectly<Size, float>;
     } else if (isAllOf(rotation, FieldDataType_Double)) {
-        turnBlock = &turnDirectly<Size, double>;
+        rotatePart = &rotateDirectly<Size, double>;
     }
     forEachBlock(count, progress,
-                 [&rotation, turnBlock](std::int64_t first, std::int64_t size) { turnBlock(rotation, first, size); });
+                 [&rotation, rotatePart](std::int64_t first, std::int64_t size) { rotatePart(rotation, first, size); });
 }
 
 } // namespace
@@ -155,9 +156,9 @@ void rotateValues(Rotation const& rotation, ComponentBuffers const& buffers, Pro
         }
     }
     if (size == 2) {
-        turnAll(turnOf<2>(rotation, buffers, parts), buffers.count, progress);
+        rotateAll(involvedComponents<2>(rotation, buffers, parts), buffers.count, progress);
     } else if (size == 3) {
-        turnAll(turnOf<3>(rotation, buffers, parts), buffers.count, progress);
+        rotateAll(involvedComponents<3>(rotation, buffers, parts), buffers.count, progress);
     }
 }
 

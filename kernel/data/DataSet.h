@@ -3,7 +3,6 @@
 #include "kernel/base/Identifier.h"
 #include "kernel/base/NumberSet.h"
 #include "kernel/data/AuxiliaryData.h"
-#include "kernel/data/LoaderInstructions.h"
 #include "kernel/data/Variable.h"
 #include "kernel/data/Zone.h"
 
@@ -12,6 +11,13 @@
 #include <vector>
 
 namespace veldraw::kernel {
+
+/// Where data of a data set came from: the loader's name and its words, for instance "FILENAME_" and a path.
+struct LoaderInstructions
+{
+    std::string loaderName;
+    std::vector<std::string> words;
+};
 
 /// Zones and variables that belong together. Frames share it; a frame shows one data set.
 ///

@@ -1,6 +1,6 @@
 #include "kernel/data/DeferredLoad.h"
 
-#include "kernel/base/MemoryDemand.h"
+#include "kernel/base/SystemMemory.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -52,7 +52,7 @@ void DeferredLoad::addField(int zone, int variable)
 
 void DeferredLoad::addWanted(int zone, std::shared_ptr<std::set<UniqueId> const> variables)
 {
-    m_wishes.push_back({m_dataSet.zone(zone), std::move(variables)});
+    m_wanted.push_back({m_dataSet.zone(zone), std::move(variables)});
 }
 
 void DeferredLoad::load(Progress& progress)
@@ -116,8 +116,8 @@ void DeferredLoad::commit() noexcept
     for (Values& values : m_values) {
         values.group->setLoaded(std::move(values.buffer));
     }
-    for (Wish& wish : m_wishes) {
-        wish.zone->wantedVariables = std::move(wish.variables);
+    for (Wanted& wanted : m_wanted) {
+        wanted.zone->wantedVariables = std::move(wanted.variables);
     }
 }
 

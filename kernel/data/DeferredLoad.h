@@ -67,7 +67,7 @@ private:
         bool isLoaded = false;
     };
 
-    struct Wish
+    struct Wanted
     {
         std::shared_ptr<Zone> zone;
         std::shared_ptr<std::set<UniqueId> const> variables;
@@ -81,7 +81,7 @@ private:
     DataSet const& m_dataSet;
     std::vector<Values> m_values; // in the order in which they are wanted, which is that of zones and variables
     std::vector<Size> m_sizes;
-    std::vector<Wish> m_wishes;
+    std::vector<Wanted> m_wanted;
     std::set<ShareGroup const*> m_needed;
     std::map<ShareGroup const*, std::size_t> m_placesOfValues;
     std::map<DimensionsLoader const*, std::size_t> m_placesOfSizes;

@@ -2,6 +2,7 @@
 
 #include "kernel/storage/ShareGroup.h"
 
+#include <cstddef>
 #include <memory>
 
 namespace veldraw::kernel {
@@ -39,6 +40,13 @@ private:
     std::shared_ptr<ShareGroup> m_group;
     FieldDataType_e m_type;
     ValueLocation_e m_location;
+};
+
+/// A field that an operation has made for a zone.
+struct NewField
+{
+    std::size_t position; ///< zero-based among the zone's fields
+    Field field;
 };
 
 } // namespace veldraw::kernel

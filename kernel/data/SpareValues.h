@@ -1,11 +1,32 @@
 #pragma once
 
-#include "kernel/data/DeferredUnload.h"
+#include "kernel/data/DataSet.h"
+#include "kernel/events/StateChangeEvent.h"
 
 #include <functional>
 #include <map>
+#include <set>
+#include <vector>
 
 namespace veldraw::kernel {
+
+/// Loaded values that go, and what is to be told of it. Taken down first, which needs memory; let go of later, which frees some.
+class DeferredUnload
+{
+public:
+    /// @param groups   not held, so that share counts stay true
+    /// @param dataSets where they stand
+    DeferredUnload(std::set<ShareGroup*> groups, std::vector<std::shared_ptr<DataSet>> const& dataSets);
+
+    void commit() const noexcept;
+
+    /// What is to be told after commit(): one event a data set.
+    std::vector<StateChangeEvent> const& events() const { return m_events; }
+
+private:
+    std::set<ShareGroup*> m_groups;
+    std::vector<StateChangeEvent> m_events;
+};
 
 /// Loaded values that may be let go of when memory asks for it: a loader can bring them again, since nobody has altered them, and
 /// nobody needs them now. Those on one piece of memory, as the components of an array are, go together or not at all.

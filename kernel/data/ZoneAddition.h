@@ -1,7 +1,7 @@
 #pragma once
 
 #include "kernel/data/DataSet.h"
-#include "kernel/data/NewField.h"
+#include "kernel/data/Field.h"
 #include "kernel/events/EventHub.h"
 #include "kernel/undo/Change.h"
 

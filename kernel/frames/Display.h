@@ -1,6 +1,26 @@
 #pragma once
 
+#include "kernel/base/Identifier.h"
+
 namespace veldraw::kernel {
+
+/// Something that the user has picked.
+struct Pick
+{
+    static constexpr int zoneType = 15;
+
+    int type = zoneType;
+    UniqueId zone = 0; ///< of a picked zone, else 0
+};
+
+/// What dragging with the mouse does in the work area.
+enum class MouseMode
+{
+    Select = 1,
+    Rotate = 2,
+    Pan = 3,
+    Zoom = 4
+};
 
 struct Frame;
 

@@ -26,7 +26,7 @@ std::int64_t bytesOfValues(DataSet const& dataSet) noexcept
 } // namespace
 
 FrameListChange::FrameListChange(EventHub& hub, std::shared_ptr<Page> page, std::vector<std::shared_ptr<Frame>> frames,
-                                 UniqueId active, std::vector<Placement> placements, StateChangeEvent applied,
+                                 UniqueId active, std::vector<FramePlacement> placements, StateChangeEvent applied,
                                  StateChangeEvent reverted)
     : m_hub(hub)
     , m_page(std::move(page))
@@ -52,7 +52,7 @@ void FrameListChange::exchange(StateChangeEvent const& event) noexcept
 {
     m_page->frames.swap(m_otherFrames);
     std::swap(m_page->activeFrame, m_otherActive);
-    for (Placement& place : m_otherPlaces) {
+    for (FramePlacement& place : m_otherPlaces) {
         std::swap(place.frame->rectangle, place.rectangle);
     }
     m_hub.emitEvent(event);

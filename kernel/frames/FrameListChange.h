@@ -10,19 +10,12 @@ namespace veldraw::kernel {
 class FrameListChange : public Change
 {
 public:
-    /// Where a frame stands once the change has been applied.
-    struct Placement
-    {
-        std::shared_ptr<Frame> frame;
-        Rectangle rectangle;
-    };
-
     /// @param frames   the page's frames afterwards
     /// @param active   its active frame afterwards
     /// @param applied  what is told, before the new active frame, when the change happens
     /// @param reverted the same for taking it back
     FrameListChange(EventHub& hub, std::shared_ptr<Page> page, std::vector<std::shared_ptr<Frame>> frames,
-                    UniqueId active, std::vector<Placement> placements, StateChangeEvent applied,
+                    UniqueId active, std::vector<FramePlacement> placements, StateChangeEvent applied,
                     StateChangeEvent reverted);
 
     void apply() noexcept override;
@@ -36,7 +29,7 @@ private:
     std::shared_ptr<Page> m_page;
     std::vector<std::shared_ptr<Frame>> m_otherFrames;
     UniqueId m_otherActive;
-    std::vector<Placement> m_otherPlaces;
+    std::vector<FramePlacement> m_otherPlaces;
     StateChangeEvent m_applied;
     StateChangeEvent m_reverted;
 };

@@ -2,12 +2,20 @@
 
 #include "kernel/base/Identifier.h"
 #include "kernel/data/AuxiliaryData.h"
-#include "kernel/frames/IndexRange.h"
 
 #include <array>
+#include <cstdint>
 #include <string>
 
 namespace veldraw::kernel {
+
+/// Points along one direction: from min to max (one-based, max 0 = the last one), each skip-th.
+struct IndexRange
+{
+    std::int64_t min = 1;
+    std::int64_t max = 0;
+    std::int64_t skip = 1;
+};
 
 /// One curve of a line plot: a variable over another in one zone. Zone and variables are kept by identifier,
 /// so that deleting a variable and taking it back needs no repair.

@@ -1,12 +1,20 @@
 #pragma once
 
-#include "kernel/frames/FrameLoop.h"
+#include "kernel/frames/Frame.h"
 #include "kernel/frames/Page.h"
 
+#include <cstddef>
 #include <memory>
 #include <vector>
 
 namespace veldraw::kernel {
+
+/// A walk over frames: which ones, and on which of them it stands. Empty: nobody walks.
+struct FrameLoop
+{
+    std::vector<std::weak_ptr<Frame>> frames;
+    std::size_t position = 0;
+};
 
 /// The pages of a session with their frames: who is where, which page and frame are active, and a walk over the frames.
 ///

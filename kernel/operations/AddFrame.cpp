@@ -2,7 +2,7 @@
 
 #include "kernel/frames/FrameDefaults.h"
 #include "kernel/frames/FrameListChange.h"
-#include "kernel/frames/PageLayout.h"
+#include "kernel/frames/Page.h"
 #include "kernel/frames/Pages.h"
 #include "kernel/operations/FrameOperation.h"
 
@@ -31,7 +31,7 @@ std::shared_ptr<Change> AddFrame::makeChange(EventHub& events)
     UniqueId const id = m_frame->id;
     std::vector<std::shared_ptr<Frame>> frames = m_page->frames;
     frames.push_back(m_frame);
-    std::vector<FrameListChange::Placement> places;
+    std::vector<FramePlacement> places;
     if (m_place == Place::Tiled) {
         places = gridPlaces(*m_page, frames);
     }
@@ -53,9 +53,9 @@ std::shared_ptr<Change> DeleteFrame::makeChange(EventHub& events)
                  [this](auto const& each) { return each->id != m_frame; });
     UniqueId const front = frames.empty() ? 0 : frames.back()->id;
     UniqueId const active = m_page->activeFrame == m_frame ? front : m_page->activeFrame;
-    return std::make_shared<FrameListChange>(
-        events, m_page, std::move(frames), active, std::vector<FrameListChange::Placement>(),
-        frameEvent(StateChange_FrameDeleted, m_frame), frameEvent(StateChange_FrameCreated, m_frame));
+    return std::make_shared<FrameListChange>(events, m_page, std::move(frames), active, std::vector<FramePlacement>(),
+                                             frameEvent(StateChange_FrameDeleted, m_frame),
+                                             frameEvent(StateChange_FrameCreated, m_frame));
 }
 
 } // namespace veldraw::kernel

@@ -1,12 +1,12 @@
 #include "kernel/operations/AxialOperation.h"
 
-#include "kernel/operations/UnturnedVectors.h"
+#include "kernel/operations/UntransformedVectors.h"
 
 namespace veldraw::kernel {
 
 namespace {
 
-/// Why these variables cannot be turned, null when they can.
+/// Why these variables cannot be rotated, null when they can.
 char const* reasonAgainstVariables(DataSet const& dataSet, SpatialVariables const& variables)
 {
     constexpr char const* unassigned[] = {"The X axis has no variable.", "The Y axis has no variable.",
@@ -30,15 +30,15 @@ char const* reasonAgainstVariables(DataSet const& dataSet, SpatialVariables cons
     return numbers.size() == count ? nullptr : "The spatial and vector variables must be unique.";
 }
 
-/// The variables that are turned, those along the axis included.
-NumberSet turnedVariables(SpatialVariables const& variables)
+/// The variables that are rotated, those along the axis included.
+NumberSet rotatedVariables(SpatialVariables const& variables)
 {
-    NumberSet turned;
+    NumberSet rotated;
     for (std::size_t component = 0; component < variables.dimensions(); ++component) {
-        turned.insert(variables.coordinates[component]);
-        turned.insert(variables.hasVector ? variables.vector[component] : 0);
+        rotated.insert(variables.coordinates[component]);
+        rotated.insert(variables.hasVector ? variables.vector[component] : 0);
     }
-    return turned;
+    return rotated;
 }
 
 } // namespace
@@ -65,13 +65,13 @@ std::string AxialOperation::reasonAgainst() const
         return "The axis needs an origin and a direction.";
     }
     bool const leavesPlane = m_axis.direction[0] != 0.0 || m_axis.direction[1] != 0.0;
-    return leavesPlane && !m_variables.isThreeD ? "A plane can only be turned about an axis along Z." : "";
+    return leavesPlane && !m_variables.isThreeD ? "A plane can only be rotated about an axis along Z." : "";
 }
 
 std::shared_ptr<DeferredLoad> AxialOperation::prepare(Rotation const& rotation)
 {
-    m_remark =
-        remarkOnUnturnedVectors(name(), *dataSet(), m_zones, turnedVariables(m_variables), m_variables.dimensions());
+    m_remark = remarkOnUntransformedVectors(name(), *dataSet(), m_zones, rotatedVariables(m_variables),
+                                            m_variables.dimensions());
     m_load = std::make_shared<DeferredLoad>(*dataSet());
     for (int const zone : m_zones) {
         for (std::size_t component = 0; component < m_variables.dimensions(); ++component) {

@@ -1,10 +1,18 @@
 #pragma once
 
 #include "kernel/data/ZoneAddition.h"
-#include "kernel/operations/AxialCopies.h"
 #include "kernel/operations/AxialOperation.h"
 
 namespace veldraw::kernel {
+
+/// How copies of a zone are spread about an axis: copy k, from 1 on, at offset + k * angle.
+struct AxialCopies
+{
+    double angle = 0.0;  ///< degrees
+    double offset = 0.0; ///< degrees
+    int count = 1;
+    bool addToStrands = true; ///< false: a strand of its own for each strand of the sources and each k
+};
 
 /// Appends copies of zones, turned about an axis as AxialOperation says: first a copy of each zone at offset + angle, then at offset
 /// + 2 angle and so on. "Axial Duplication"; event 4 with the copies. The source itself stays where it is.
@@ -18,7 +26,7 @@ public:
     DuplicateZonesAxially(DataSet const& dataSet, NumberSet zones, SpatialVariables const& variables,
                           RotationAxis const& axis, AxialCopies const& copies)
         : AxialOperation(dataSet, std::move(zones), variables, axis)
-        , m_spread(copies)
+        , m_arrangement(copies)
     {
     }
 
@@ -29,7 +37,7 @@ public:
     std::shared_ptr<Change> makeChange(EventHub& events) override;
 
 private:
-    AxialCopies m_spread;
+    AxialCopies m_arrangement;
     std::vector<ZoneAddition::Copy> m_copies;
 };
 

@@ -1,6 +1,6 @@
 #include "kernel/operations/FieldTransformation.h"
 
-#include "kernel/base/MemoryDemand.h"
+#include "kernel/base/SystemMemory.h"
 
 namespace veldraw::kernel {
 

@@ -2,8 +2,8 @@
 
 #include "kernel/base/Progress.h"
 #include "kernel/data/DeferredLoad.h"
+#include "kernel/data/Field.h"
 #include "kernel/data/FieldReplacement.h"
-#include "kernel/data/NewField.h"
 #include "kernel/data/Zone.h"
 
 #include <vector>

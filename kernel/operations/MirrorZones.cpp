@@ -1,7 +1,7 @@
 #include "kernel/operations/MirrorZones.h"
 
 #include "kernel/operations/FieldReflection.h"
-#include "kernel/operations/UnturnedVectors.h"
+#include "kernel/operations/UntransformedVectors.h"
 
 #include <algorithm>
 
@@ -63,8 +63,8 @@ NumberSet MirrorZones::mirroredVariables() const
 std::shared_ptr<DeferredLoad> MirrorZones::needs()
 {
     DataSet const& dataSet = *frame()->dataSet;
-    m_remark = remarkOnUnturnedVectors(name(), dataSet, m_zones, mirroredAsAWhole(*frame()),
-                                       frame()->variableNumber('Z') != 0 ? 3 : 2);
+    m_remark = remarkOnUntransformedVectors(name(), dataSet, m_zones, mirroredAsAWhole(*frame()),
+                                            frame()->variableNumber('Z') != 0 ? 3 : 2);
     m_load = std::make_shared<DeferredLoad>(dataSet);
     NumberSet const variables = mirroredVariables();
     for (int const zone : m_zones) {

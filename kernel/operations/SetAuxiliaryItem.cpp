@@ -1,8 +1,67 @@
 #include "kernel/operations/SetAuxiliaryItem.h"
 
-#include "kernel/frames/AuxiliaryEdit.h"
+#include "kernel/events/EventHub.h"
+#include "kernel/undo/Change.h"
+
+#include <utility>
 
 namespace veldraw::kernel {
+
+namespace {
+
+/// Gives an owner other auxiliary data, and the old ones back.
+class AuxiliaryEdit : public Change
+{
+public:
+    /// @param data what the owner gets
+    /// @param kind event when it gets them; the one of an addition when they are taken back is that of a deletion
+    AuxiliaryEdit(EventHub& hub, AuxiliaryOwner owner, AuxiliaryData data, StateChange_e kind);
+
+    void apply() noexcept override { exchange(m_kind); }
+    void revert() noexcept override;
+    HeldMemory held() const noexcept override;
+
+private:
+    void exchange(StateChange_e kind) noexcept;
+
+    EventHub& m_hub;
+    AuxiliaryOwner m_owner;
+    AuxiliaryData m_other;
+    StateChange_e m_kind;
+};
+
+AuxiliaryEdit::AuxiliaryEdit(EventHub& hub, AuxiliaryOwner owner, AuxiliaryData data, StateChange_e kind)
+    : m_hub(hub)
+    , m_owner(std::move(owner))
+    , m_other(std::move(data))
+    , m_kind(kind)
+{
+}
+
+void AuxiliaryEdit::revert() noexcept
+{
+    exchange(m_kind == StateChange_AuxDataAdded ? StateChange_AuxDataDeleted : m_kind);
+}
+
+void AuxiliaryEdit::exchange(StateChange_e kind) noexcept
+{
+    if (AuxiliaryData* const data = m_owner.data()) {
+        std::swap(*data, m_other);
+        m_hub.emitEvent({kind, {}, {}, {}, 0});
+    }
+}
+
+HeldMemory AuxiliaryEdit::held() const noexcept
+{
+    std::size_t bytes = 0;
+    for (int number = 1; number <= m_other.size(); ++number) {
+        AuxiliaryData::Item const& item = m_other.item(number);
+        bytes += sizeof item + item.name.size() + item.value.size();
+    }
+    return {0, static_cast<std::int64_t>(bytes)};
+}
+
+} // namespace
 
 SetAuxiliaryItem::SetAuxiliaryItem(AuxDataLocation_e location, int object, std::string itemName, std::string value,
                                    bool retain)

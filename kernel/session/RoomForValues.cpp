@@ -1,6 +1,6 @@
 #include "kernel/session/RoomForValues.h"
 
-#include "kernel/base/MemoryDemand.h"
+#include "kernel/base/SystemMemory.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,6 @@
 #include "kernel/session/Session.h"
 
-#include "kernel/frames/MouseMode.h"
+#include "kernel/frames/Display.h"
 #include "kernel/session/SessionGuard.h"
 #include "kernel/style/StyleTree.h"
 

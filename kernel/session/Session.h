@@ -3,7 +3,6 @@
 #include "kernel/events/EventHub.h"
 #include "kernel/frames/Display.h"
 #include "kernel/frames/Pages.h"
-#include "kernel/frames/Pick.h"
 #include "kernel/operations/Operation.h"
 #include "kernel/session/LongWork.h"
 #include "kernel/undo/History.h"

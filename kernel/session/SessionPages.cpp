@@ -1,6 +1,6 @@
 // Pages and frames of the session.
 #include "kernel/frames/FrameDefaults.h"
-#include "kernel/frames/PageLayout.h"
+#include "kernel/frames/Page.h"
 #include "kernel/operations/AddFrame.h"
 #include "kernel/session/SessionGuard.h"
 
@@ -80,7 +80,7 @@ void Session::tileFrames()
         if (!page) {
             return refuse("There is no page.");
         }
-        std::vector<FrameListChange::Placement> const places = gridPlaces(*page, page->frames);
+        std::vector<FramePlacement> const places = gridPlaces(*page, page->frames);
         for (auto const& place : places) {
             place.frame->rectangle = place.rectangle;
         }

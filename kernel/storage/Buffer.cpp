@@ -1,7 +1,7 @@
 #include "kernel/storage/Buffer.h"
 
 #include "kernel/base/Parallel.h"
-#include "kernel/storage/LargeMemory.h"
+#include "kernel/base/SystemMemory.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,11 +1,26 @@
 #pragma once
 
-#include "kernel/storage/Limits.h"
+#include "kernel/storage/Buffer.h"
+#include "kernel/storage/HiddenSlots.h"
 #include "kernel/storage/ValueRange.h"
 
+#include <limits>
 #include <vector>
 
 namespace veldraw::kernel {
+
+/// Smallest and largest of some values; the smallest is above the largest as long as there are none.
+struct Limits
+{
+    double min = std::numeric_limits<double>::infinity();
+    double max = -std::numeric_limits<double>::infinity();
+
+    void add(double low, double high)
+    {
+        min = low < min ? low : min;
+        max = high > max ? high : max;
+    }
+};
 
 /// The exact range of a buffer's finite values, computed on all cores. The limits of the parts of a large buffer are kept, so
 /// that after the change of one value no other part has to be looked at again.

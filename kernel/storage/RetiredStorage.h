@@ -39,7 +39,7 @@ public:
     {
         std::shared_ptr<ShareGroup> const group = m_group.lock();
         if (group.use_count() - 1 > m_fields) {
-            m_reserve = group->standIn();
+            m_reserve = group->makeReserve();
         }
     }
 

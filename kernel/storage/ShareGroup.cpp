@@ -1,7 +1,5 @@
 #include "kernel/storage/ShareGroup.h"
 
-#include <stdexcept>
-
 namespace veldraw::kernel {
 
 ShareGroup::ShareGroup(std::shared_ptr<Buffer> buffer)
@@ -49,21 +47,6 @@ void ShareGroup::unload() noexcept
         m_buffer.reset();
         m_parts.forget();
     }
-}
-
-Buffer& ShareGroup::writableBuffer()
-{
-    if (!m_buffer) {
-        throw std::logic_error("Values that are not loaded cannot be written.");
-    }
-    if (isHeld()) {
-        m_buffer = m_buffer->clone();
-    }
-    m_isAltered = true;
-    m_revision = nextUniqueId();
-    m_range.forget();
-    m_parts.forget();
-    return *m_buffer;
 }
 
 void ShareGroup::replaceByCopy(std::shared_ptr<Buffer> copy) noexcept
@@ -118,7 +101,7 @@ std::shared_ptr<ShareGroup> ShareGroup::branch(std::shared_ptr<Buffer> copy) con
     return group;
 }
 
-std::shared_ptr<ShareGroup> ShareGroup::standIn() const
+std::shared_ptr<ShareGroup> ShareGroup::makeReserve() const
 {
     auto group = std::make_shared<ShareGroup>(m_type, m_size, m_loader);
     group->m_range = m_range;

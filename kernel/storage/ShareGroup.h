@@ -2,8 +2,9 @@
 
 #include "kernel/base/Identifier.h"
 #include "kernel/storage/Buffer.h"
-#include "kernel/storage/KnownRange.h"
+#include "kernel/storage/RangeOfParts.h"
 #include "kernel/storage/ValueLoader.h"
+#include "kernel/storage/ValueRange.h"
 
 #include <cstdint>
 #include <memory>
@@ -59,10 +60,6 @@ public:
     /// Lets go of the values when it can. What was found out about their range stays known.
     void unload() noexcept;
 
-    /// The buffer for writing: the group's own if nobody else holds it, else a private copy put in its place.
-    /// The range is forgotten. @throws std::bad_alloc, std::logic_error while the values are not loaded
-    Buffer& writableBuffer();
-
     /// Whether somebody else holds the buffer, so that a write has to go to a copy.
     bool isHeld() const { return m_buffer.use_count() > 1; }
 
@@ -79,9 +76,6 @@ public:
     /// while the values are not loaded.
     ValueRange range(CountedValues const& counted = {}) const;
 
-    /// A range known without looking at the values, for instance from a file's header.
-    void setKnownRange(ValueRange const& range) { m_range.give(range); }
-
     /// What is known of the range, to be put back when a change of values is taken back.
     KnownRange const& knownRange() const { return m_range; }
     void restoreRange(KnownRange const& range) noexcept;
@@ -91,7 +85,7 @@ public:
 
     /// A group that can take this one's place, should it go. It has the same memory, but does not count as a holder of the
     /// buffer, and values that can be loaded again it does not hold at all.
-    std::shared_ptr<ShareGroup> standIn() const;
+    std::shared_ptr<ShareGroup> makeReserve() const;
 
     ShareGroup(ShareGroup const&) = delete;
     ShareGroup& operator=(ShareGroup const&) = delete;

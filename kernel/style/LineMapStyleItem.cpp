@@ -1,5 +1,7 @@
 #include "kernel/style/LineMapStyleItem.h"
 
+#include "kernel/data/DataSet.h"
+#include "kernel/frames/LineMap.h"
 #include "kernel/frames/Pages.h"
 #include "kernel/operations/LineMapOperation.h"
 
@@ -64,6 +66,45 @@ SetValueReturnCode_e LineMapStyleItem::write(StyleAddress const& address, StyleN
     }
     m_access.events.emitEvent(event);
     return SetValueReturnCode_Ok;
+}
+
+long long LineMapDependencyItem::numberOf(LineMap const& map, DataSet const*) const
+{
+    return map.xDependsOnY ? 1 : 0;
+}
+
+std::optional<StyleRange> LineMapDependencyItem::range(DataSet const*) const
+{
+    return StyleRange::onOff();
+}
+
+void LineMapDependencyItem::assign(LineMap& map, DataSet const*, long long number) const
+{
+    map.xDependsOnY = number != 0;
+}
+
+LineMapVariableItem::LineMapVariableItem(Access const& access, StylePath path, UniqueId LineMap::*variable)
+    : LineMapStyleItem(access, std::move(path))
+    , m_variable(variable)
+{
+}
+
+long long LineMapVariableItem::numberOf(LineMap const& map, DataSet const* dataSet) const
+{
+    return dataSet == nullptr ? 0 : dataSet->variableNumber(map.*m_variable);
+}
+
+std::optional<StyleRange> LineMapVariableItem::range(DataSet const* dataSet) const
+{
+    if (dataSet == nullptr || dataSet->variableCount() == 0) {
+        return std::nullopt;
+    }
+    return StyleRange::whole(1, dataSet->variableCount());
+}
+
+void LineMapVariableItem::assign(LineMap& map, DataSet const* dataSet, long long number) const
+{
+    map.*m_variable = dataSet->variable(static_cast<int>(number))->id;
 }
 
 } // namespace veldraw::kernel

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "kernel/base/Identifier.h"
 #include "kernel/style/StyleItem.h"
 #include "kernel/style/StyleRange.h"
 
@@ -47,6 +48,33 @@ private:
     LineMap const* mapAt(Frame const& frame, StyleAddress const& address) const;
 
     Access m_access;
+};
+
+/// Which variable of a line map is the function of the other: 0 for y = f(x), 1 for x = f(y).
+class LineMapDependencyItem : public LineMapStyleItem
+{
+public:
+    using LineMapStyleItem::LineMapStyleItem;
+
+protected:
+    long long numberOf(LineMap const& map, DataSet const* dataSet) const override;
+    std::optional<StyleRange> range(DataSet const* dataSet) const override;
+    void assign(LineMap& map, DataSet const* dataSet, long long number) const override;
+};
+
+/// The number of the variable on one axis of a line map; 0 when the variable is not there any more.
+class LineMapVariableItem : public LineMapStyleItem
+{
+public:
+    LineMapVariableItem(Access const& access, StylePath path, UniqueId LineMap::*variable);
+
+protected:
+    long long numberOf(LineMap const& map, DataSet const* dataSet) const override;
+    std::optional<StyleRange> range(DataSet const* dataSet) const override;
+    void assign(LineMap& map, DataSet const* dataSet, long long number) const override;
+
+private:
+    UniqueId LineMap::*m_variable;
 };
 
 } // namespace veldraw::kernel

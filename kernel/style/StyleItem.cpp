@@ -4,6 +4,17 @@
 
 namespace veldraw::kernel {
 
+std::string textOf(StylePath const& path)
+{
+    std::string text;
+    for (std::string const& name : path) {
+        if (!text.empty())
+            text += ", ";
+        text += name;
+    }
+    return text;
+}
+
 std::string StyleItem::refusalBy(StyleRange const& range, StyleNumber const& number) const
 {
     if (range.contains(number)) {

@@ -1,16 +1,34 @@
 #pragma once
 
-#include "kernel/style/StyleAddress.h"
-#include "kernel/style/StyleNumber.h"
+#include "kernel/base/Identifier.h"
+#include "kernel/style/StyleRange.h"
 #include "platform/vdsdkbase/VelUtilTypes.h"
 
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace veldraw::kernel {
 
-class StyleRange;
+/// Names from the top level of the style tree down to a value.
+using StylePath = std::vector<std::string>;
+
+/// The names with ", " between them.
+std::string textOf(StylePath const& path);
+
+/// Where a style value is: its path, the frame that it is in if it is in one, and its place in collections.
+struct StyleAddress
+{
+    static constexpr long long noOffset = -1;
+
+    StylePath path;
+    UniqueId frame = 0;           ///< 0: the active frame
+    long long offset1 = noOffset; ///< one-based number in the first collection of the path
+    long long offset2 = noOffset; ///< the same for the second; no value of the tree has one at present
+
+    bool hasOffsets() const { return offset1 != noOffset || offset2 != noOffset; }
+};
 
 /// One path of the style tree: where its numbers live, and which of them are allowed.
 class StyleItem

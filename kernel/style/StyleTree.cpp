@@ -3,8 +3,7 @@
 #include "kernel/frames/Pages.h"
 #include "kernel/frames/PlotOption.h"
 #include "kernel/operations/Operation.h"
-#include "kernel/style/LineMapDependencyItem.h"
-#include "kernel/style/LineMapVariableItem.h"
+#include "kernel/style/LineMapStyleItem.h"
 #include "kernel/style/PlotOptionItem.h"
 #include "kernel/style/SessionStyleItem.h"
 

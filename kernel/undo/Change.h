@@ -1,8 +1,31 @@
 #pragma once
 
-#include "kernel/undo/HeldMemory.h"
+#include <cstdint>
 
 namespace veldraw::kernel {
+
+/// Memory in bytes that a step of the history keeps alive.
+struct HeldMemory
+{
+    std::int64_t values = 0; ///< of fields, where nobody else holds them, as far as that is known
+    std::int64_t notes = 0;  ///< of the step itself: lists of what it is about, objects that stand nowhere else
+
+    std::int64_t sum() const { return values + notes; }
+
+    HeldMemory& operator+=(HeldMemory const& other)
+    {
+        values += other.values;
+        notes += other.notes;
+        return *this;
+    }
+
+    HeldMemory& operator-=(HeldMemory const& other)
+    {
+        values -= other.values;
+        notes -= other.notes;
+        return *this;
+    }
+};
 
 /// A change that is ready to happen: everything that it needs has been allocated, so that neither doing it nor taking it
 /// back can fail. Each way sends its events once the data is consistent. Both ways run with the data in exactly the state

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "kernel/data/Field.h"
-#include "kernel/data/SourceArray.h"
+#include "kernel/data/Variable.h"
 #include "kernel/data/Zone.h"
 
 #include <memory>

@@ -4,6 +4,7 @@
 #include "tests/app/import/FileHelpers.h"
 #include "tests/app/import/GridSamples.h"
 #include "tests/app/import/WatchedProgress.h"
+#include "tests/support/WriteValue.h"
 
 #include <vtkCellType.h>
 #include <vtkMultiBlockDataSet.h>
@@ -25,6 +26,7 @@ using ::testing::AllOf;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
+using veldraw::tests::writeValue;
 
 namespace {
 
@@ -175,7 +177,7 @@ TEST(Export, RefusesImageFilesForPointsThatAreNotUniform)
 {
     TemporaryFolder const folder;
     auto const data = gridData();
-    data->zone(1)->fields[0].group()->writableBuffer().setValue(2, 2.001);
+    writeValue(*data->zone(1)->fields[0].group(), 2, 2.001);
     EXPECT_THAT(problemSaving(*data, folder.path("a.vti")), HasSubstr("no uniform grid"));
 }
 

@@ -7,6 +7,7 @@
 #include "kernel/operations/SetValue.h"
 #include "tests/app/plot/PlotTestPage.h"
 #include "tests/app/plot/SampleData.h"
+#include "tests/support/WriteValue.h"
 
 #include <QTest>
 #include <QTimer>
@@ -17,6 +18,7 @@
 using namespace veldraw;
 using test::PlotTestPage;
 using test::SampleData;
+using veldraw::tests::writeValue;
 
 namespace {
 
@@ -103,7 +105,7 @@ TEST_F(DrawnAside, IsKeptWhenColoursMeshOrExtentChange)
     EXPECT_EQ(page.field().zones().at(0)->geometry(), shape);
     auto const distant = SampleData::bricks(1);
     for (int axis = 0; axis < 3; ++axis)
-        distant->zone(1)->fields[static_cast<std::size_t>(axis)].group()->writableBuffer().setValue(7, 4.0);
+        writeValue(*distant->zone(1)->fields[static_cast<std::size_t>(axis)].group(), 7, 4.0);
     set->addZone(distant->zone(1));
     ASSERT_TRUE(page.session().perform(kernel::EnableZone(*set, 2, false)));
     ASSERT_TRUE(page.session().perform(kernel::EnableZone(*set, 2, true)));

@@ -1,6 +1,7 @@
 #include "kernel/operations/SetValue.h"
 #include "tests/app/plot/PlotTestPage.h"
 #include "tests/app/plot/SampleData.h"
+#include "tests/support/WriteValue.h"
 
 #include <vtkPoints.h>
 #include <vtkPolyData.h>
@@ -14,6 +15,7 @@
 using namespace veldraw;
 using test::PlotTestPage;
 using test::SampleData;
+using veldraw::tests::writeValue;
 
 namespace {
 
@@ -196,9 +198,9 @@ TEST(EditedValueOfTheContour, AtASharpEdgeIsShownOnAllItsSides)
 TEST(EditedValueOfTheContour, BringsTheLegendWhereThereWereNoValues)
 {
     auto const set = SampleData::block(3, 3, 1);
-    kernel::Buffer& values = set->field(1, 4)->group()->writableBuffer();
+    kernel::ShareGroup& values = *set->field(1, 4)->group();
     for (std::int64_t n = 0; n < values.size(); ++n)
-        values.setValue(n, std::numeric_limits<double>::quiet_NaN());
+        writeValue(values, n, std::numeric_limits<double>::quiet_NaN());
     PlotTestPage page({SampleData::frame("Plane", set, PlotType_Cartesian2D)});
     page.picture();
     QString const gap = QStringLiteral("The contour variable has no values in the enabled zones.");

@@ -5,6 +5,7 @@
 #include "kernel/operations/SetPlotType.h"
 #include "tests/app/plot/PlotTestPage.h"
 #include "tests/app/plot/SampleData.h"
+#include "tests/support/WriteValue.h"
 
 #include <QTest>
 #include <vtkCamera.h>
@@ -17,6 +18,7 @@
 using namespace veldraw;
 using test::PlotTestPage;
 using test::SampleData;
+using veldraw::tests::writeValue;
 
 namespace {
 
@@ -185,9 +187,9 @@ TEST(FieldPlotInPlane, ShowsSeveralZonesOverOneCommonRange)
 TEST(FieldPlotInPlane, DrawsAZoneWithoutTheContourVariableInGreyAndLeavesItOutOfTheRange)
 {
     auto const set = SampleData::sheet(21, 11);
-    auto& values = set->field(1, 3)->group()->writableBuffer();
+    kernel::ShareGroup& values = *set->field(1, 3)->group();
     for (std::int64_t n = 0; n < values.size(); ++n)
-        values.setValue(n, 300.0 + static_cast<double>(n % 50));
+        writeValue(values, n, 300.0 + static_cast<double>(n % 50));
     auto bare = std::make_shared<kernel::Zone>("Bare", ZoneType_Ordered, 2, 2, 1);
     set->addZone(bare);
     SampleData::addField(*bare, {0.5, 1.5, 0.5, 1.5});
@@ -228,7 +230,7 @@ TEST(FieldPlotInPlane, LeavesOutCellsWithoutAPlaceAndGreysCellsWithoutAValue)
     auto const set = SampleData::sheet(21, 11);
     double const none = std::numeric_limits<double>::quiet_NaN();
     auto const write = [&set](int variable, std::int64_t index, double value) {
-        set->field(1, variable)->group()->writableBuffer().setValue(index, value);
+        writeValue(*set->field(1, variable)->group(), index, value);
     };
     write(1, 5 * 21 + 4, none);
     write(1, 5 * 21 + 5, std::numeric_limits<double>::infinity());
@@ -245,9 +247,9 @@ TEST(FieldPlotInPlane, LeavesOutCellsWithoutAPlaceAndGreysCellsWithoutAValue)
 TEST(FieldPlotInPlane, DrawsAVariableWithoutAnyFiniteValueInNeutralShadeAndSaysSo)
 {
     auto const set = SampleData::sheet(5, 5);
-    auto& values = set->field(1, 3)->group()->writableBuffer();
+    kernel::ShareGroup& values = *set->field(1, 3)->group();
     for (std::int64_t n = 0; n < values.size(); ++n)
-        values.setValue(n, std::numeric_limits<double>::quiet_NaN());
+        writeValue(values, n, std::numeric_limits<double>::quiet_NaN());
     PlotTestPage page({SampleData::frame("Nothing", set, PlotType_Cartesian2D)});
     EXPECT_GT(PlotTestPage::pixelsNear(page.plot(), app::PlotTheme::shade(), 4), 20000);
     EXPECT_EQ(page.notice(), QStringLiteral("The contour variable has no values in the enabled zones."));

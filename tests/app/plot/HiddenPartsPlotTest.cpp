@@ -3,6 +3,7 @@
 #include "app/plot/OrderedShape.h"
 #include "tests/app/plot/PlotTestPage.h"
 #include "tests/app/plot/SampleData.h"
+#include "tests/support/WriteValue.h"
 
 #include <vtkIdList.h>
 
@@ -23,6 +24,7 @@ using Index = std::int64_t;
 
 /// A cell with the corners of one of its faces, in ascending order.
 using CellFace = std::pair<Index, std::set<Index>>;
+using veldraw::tests::writeValue;
 
 std::shared_ptr<kernel::Buffer> marks(Index count, std::set<Index> const& places, int mark)
 {
@@ -184,8 +186,8 @@ TEST(HiddenParts, AreNeitherDrawnNorPickedNorInTheLegend)
         if (point % 21 < 12)
             left.insert(point);
     for (Index const point : left) {
-        zone.fields[0].group()->writableBuffer().setValue(point, -1e30);
-        zone.fields.back().group()->writableBuffer().setValue(point, 1e30);
+        writeValue(*zone.fields[0].group(), point, -1e30);
+        writeValue(*zone.fields.back().group(), point, 1e30);
     }
     hidePoints(zone, left);
     PlotTestPage page({SampleData::frame("Sheet", set, PlotType_Cartesian2D)});

@@ -9,6 +9,7 @@
 #include "kernel/operations/SpatialVariables.h"
 #include "tests/app/plot/PlotTestPage.h"
 #include "tests/app/plot/SampleData.h"
+#include "tests/support/WriteValue.h"
 
 #include <vtkActor.h>
 #include <vtkMapper.h>
@@ -22,6 +23,7 @@
 using namespace veldraw;
 using test::PlotTestPage;
 using test::SampleData;
+using veldraw::tests::writeValue;
 
 namespace {
 
@@ -239,9 +241,9 @@ TEST(KeptShapesInThePlane, LieOverOneAnotherInTheOrderOfTheZonesAlsoWhenTheyCome
     auto const set = SampleData::sheet(80, 60); // large: a batch of its own
     for (int n = 0; n < 3; ++n) {
         auto const other = SampleData::sheet(n == 1 ? 3 : 80, n == 1 ? 3 : 60);
-        auto& values = other->zone(1)->fields[2].group()->writableBuffer();
+        kernel::ShareGroup& values = *other->zone(1)->fields[2].group();
         for (std::int64_t slot = 0; slot < values.size(); ++slot)
-            values.setValue(slot, 10.0 * n);
+            writeValue(values, slot, 10.0 * n);
         set->addZone(other->zone(1));
     }
     PlotTestPage page({SampleData::frame("Piled", set, PlotType_Cartesian2D)});

@@ -5,6 +5,7 @@
 #include "kernel/operations/RenameZone.h"
 #include "tests/app/plot/PlotTestPage.h"
 #include "tests/app/plot/SampleData.h"
+#include "tests/support/WriteValue.h"
 
 #include <vtkTextProperty.h>
 
@@ -15,6 +16,7 @@ using namespace veldraw;
 using test::PlotTestPage;
 using test::SampleData;
 using testing::ElementsAre;
+using veldraw::tests::writeValue;
 
 namespace {
 
@@ -32,9 +34,9 @@ QImage legendOf(PlotTestPage& page, std::string const& name = {})
 std::shared_ptr<kernel::DataSet> sheetWith(double low, double high)
 {
     auto const set = SampleData::sheet(9, 9);
-    auto& values = set->field(1, 3)->group()->writableBuffer();
+    kernel::ShareGroup& values = *set->field(1, 3)->group();
     for (std::int64_t n = 0; n < values.size(); ++n)
-        values.setValue(n, n % 9 == 0 ? low : n % 9 == 8 ? high : 0.5 * low + 0.5 * high);
+        writeValue(values, n, n % 9 == 0 ? low : n % 9 == 8 ? high : 0.5 * low + 0.5 * high);
     return set;
 }
 

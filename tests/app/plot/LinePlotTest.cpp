@@ -7,6 +7,7 @@
 #include "kernel/operations/SetValue.h"
 #include "tests/app/plot/PlotTestPage.h"
 #include "tests/app/plot/SampleData.h"
+#include "tests/support/WriteValue.h"
 
 #include <vtkAxis.h>
 #include <vtkPlot.h>
@@ -22,6 +23,7 @@
 using namespace veldraw;
 using test::PlotTestPage;
 using test::SampleData;
+using veldraw::tests::writeValue;
 
 namespace {
 
@@ -74,9 +76,9 @@ TEST(LinePlot, SpansTheValues)
 TEST(LinePlot, HasRoundNumbersAtItsAxes)
 {
     auto const set = SampleData::waves(101);
-    auto& x = set->field(1, 1)->group()->writableBuffer();
+    kernel::ShareGroup& x = *set->field(1, 1)->group();
     for (std::int64_t n = 0; n < x.size(); ++n)
-        x.setValue(n, -0.3 + 0.006 * static_cast<double>(n));
+        writeValue(x, n, -0.3 + 0.006 * static_cast<double>(n));
     PlotTestPage page({SampleData::waveFrame(set)});
     page.picture("line-round");
     vtkStringArray& labels = *page.lines().chart().GetAxis(vtkAxis::BOTTOM)->GetTickLabels();
@@ -240,9 +242,9 @@ TEST(LinePlot, ShowsSymbolsInPlaceOfLines)
 TEST(LinePlot, LeavesGapsWhereAValueIsMissing)
 {
     auto const set = SampleData::waves(400);
-    auto& sine = set->field(1, 2)->group()->writableBuffer();
+    kernel::ShareGroup& sine = *set->field(1, 2)->group();
     for (std::int64_t n = 100; n < 200; ++n)
-        sine.setValue(n, n % 2 ? std::numeric_limits<double>::quiet_NaN() : std::numeric_limits<double>::infinity());
+        writeValue(sine, n, n % 2 ? std::numeric_limits<double>::quiet_NaN() : std::numeric_limits<double>::infinity());
     PlotTestPage page({SampleData::waveFrame(set)});
     QImage const plot = page.plot(0, "line-gap");
     EXPECT_GT(PlotTestPage::pixelsNear(plot, app::PlotTheme::curve(0), 30), 400);
@@ -441,7 +443,7 @@ TEST(LinePoints, ThinsALongCurveButKeepsItsPeaks)
 {
     constexpr int count = 2000000;
     auto const set = SampleData::waves(count);
-    set->field(1, 2)->group()->writableBuffer().setValue(1234567, 99.0);
+    writeValue(*set->field(1, 2)->group(), 1234567, 99.0);
     auto const points = app::LinePoints::create(*set, 1, 1, 2, {});
     EXPECT_LE(points->GetNumberOfRows(), 500000);
     double highest = 0.0;

@@ -3,6 +3,7 @@
 #include "platform/vdsdkcommon/AppLock.h"
 #include "tests/app/plot/PlotTestPage.h"
 #include "tests/app/plot/SampleData.h"
+#include "tests/support/WriteValue.h"
 
 #include <QElapsedTimer>
 #include <QTest>
@@ -16,6 +17,7 @@ using namespace veldraw;
 using test::PlotTestPage;
 using test::SampleData;
 using testing::ElementsAre;
+using veldraw::tests::writeValue;
 
 namespace {
 
@@ -278,7 +280,7 @@ TEST(Pick, CellsWithoutAPlaceArePickedNowhere)
 {
     auto const set = squareSet();
     addSquare(*set, 0.0, 0.0, 0.0);
-    set->field(1, 1)->group()->writableBuffer().setValue(12, std::numeric_limits<double>::quiet_NaN());
+    writeValue(*set->field(1, 1)->group(), 12, std::numeric_limits<double>::quiet_NaN());
     PlotTestPage page({frameOf(set, PlotType_Cartesian2D)});
     page.picture();
     page.click(placeOf(page, 0.1, 0.1, 0.0));

@@ -6,6 +6,7 @@
 #include "kernel/operations/SetPlotType.h"
 #include "tests/app/plot/PlotTestPage.h"
 #include "tests/app/plot/SampleData.h"
+#include "tests/support/WriteValue.h"
 
 #include <vtkPolyData.h>
 
@@ -15,6 +16,7 @@
 using namespace veldraw;
 using test::PlotTestPage;
 using test::SampleData;
+using veldraw::tests::writeValue;
 
 namespace {
 
@@ -23,9 +25,9 @@ std::shared_ptr<kernel::DataSet> plate(double x, double y, double z)
 {
     auto const set = SampleData::block(3, 3, 3);
     for (std::int64_t n = 0; n < 27; ++n) {
-        set->field(1, 1)->group()->writableBuffer().setValue(n, x * static_cast<double>(n % 3) / 2.0);
-        set->field(1, 2)->group()->writableBuffer().setValue(n, y * static_cast<double>(n / 3 % 3) / 2.0);
-        set->field(1, 3)->group()->writableBuffer().setValue(n, z * static_cast<double>(n / 9) / 2.0);
+        writeValue(*set->field(1, 1)->group(), n, x * static_cast<double>(n % 3) / 2.0);
+        writeValue(*set->field(1, 2)->group(), n, y * static_cast<double>(n / 3 % 3) / 2.0);
+        writeValue(*set->field(1, 3)->group(), n, z * static_cast<double>(n / 9) / 2.0);
     }
     return set;
 }

@@ -5,6 +5,7 @@
 #include "app/window/VariableTableModel.h"
 #include "kernel/operations/LoadVariables.h"
 #include "tests/app/window/WindowTest.h"
+#include "tests/support/WriteValue.h"
 
 #include <QLabel>
 #include <QTest>
@@ -96,9 +97,9 @@ TEST_F(VariableRangeTest, OfAVariableThatIsNotThereHasNoValues)
 TEST_F(VariableRangeTest, WithoutAFiniteValueIsKnownToBeNone)
 {
     auto const series = makeSeries();
-    kernel::Buffer& values = series->zone(1)->fields[1].group()->writableBuffer();
+    kernel::ShareGroup& values = *series->zone(1)->fields[1].group();
     for (int n = 0; n < 5; ++n)
-        values.setValue(n, std::numeric_limits<double>::quiet_NaN());
+        writeValue(values, n, std::numeric_limits<double>::quiet_NaN());
     EXPECT_EQ(QStringLiteral("no values"), app::VariableRange(*series, 2).text());
 }
 
@@ -197,7 +198,7 @@ TEST_F(VariableRangeTest, IsReportedByNineDigitsInDoublePrecisionAlsoBesideAZone
         values->setValue(n, -0.3F);
     other->fields[1] = kernel::Field(std::make_shared<kernel::ShareGroup>(values), ValueLocation_Nodal);
     series->addZone(other);
-    series->zone(1)->fields[1].group()->writableBuffer().setValue(4, 10.0 / 3.0 + 1.0);
+    writeValue(*series->zone(1)->fields[1].group(), 4, 10.0 / 3.0 + 1.0);
     EXPECT_EQ(QStringLiteral("-0.3 to 4.33333333"), app::VariableRange(*series, 2).reportText());
 }
 

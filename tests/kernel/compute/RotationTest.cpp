@@ -1,7 +1,5 @@
 #include "kernel/compute/Rotation.h"
 
-#include "kernel/compute/SineAndCosine.h"
-
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>

@@ -1,4 +1,4 @@
-#include "kernel/data/FieldMaps.h"
+#include "kernel/data/TimeStrands.h"
 #include "tests/kernel/support/SampleData.h"
 
 #include <climits>

@@ -1,10 +1,9 @@
 // Values and dimensions that are loaded when they are wanted.
 #include "kernel/base/BackgroundWork.h"
-#include "kernel/base/MemoryDemand.h"
 #include "kernel/base/Progress.h"
+#include "kernel/base/SystemMemory.h"
 #include "kernel/compute/Rotation.h"
 #include "kernel/operations/AddFrame.h"
-#include "kernel/operations/AxialCopies.h"
 #include "kernel/operations/DeleteVariables.h"
 #include "kernel/operations/DuplicateZones.h"
 #include "kernel/operations/DuplicateZonesAxially.h"

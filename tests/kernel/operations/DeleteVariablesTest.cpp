@@ -1,6 +1,7 @@
 #include "kernel/operations/DeleteVariables.h"
 
 #include "kernel/operations/EnableZone.h"
+#include "kernel/operations/SetValue.h"
 #include "tests/kernel/support/SessionFixture.h"
 
 namespace veldraw::tests {
@@ -164,9 +165,10 @@ TEST_F(DeleteVariablesTest, KeepsTheValuesOfDeletedFieldsApartFromLaterWrites)
     session.perform(DeleteVariables(*dataSet, {5}));
     auto const group = dataSet->field(1, 4)->group();
     auto const old = group->buffer();
-    group->writableBuffer().setValue(0, -1);
+    session.perform(SetValue(*dataSet, 1, 4, 0, -1, false));
+    EXPECT_EQ(group->buffer()->value(0), -1);
     EXPECT_EQ(old->value(0), 10);
-    group->writableBuffer().setValue(0, 10); // the reverse edit
+    session.undo();
     session.undo();
     EXPECT_EQ(dataSet->field(2, 5)->group()->buffer()->value(0), 10);
 }

@@ -1,12 +1,12 @@
 #include "kernel/operations/DuplicateZonesAxially.h"
 
-#include "kernel/base/MemoryDemand.h"
-#include "kernel/data/StrandNumbers.h"
-#include "kernel/operations/AxialCopies.h"
+#include "kernel/base/SystemMemory.h"
+#include "kernel/data/TimeStrands.h"
 #include "kernel/operations/DuplicateZones.h"
 #include "kernel/operations/RotateZones.h"
 #include "platform/vdsdkbase/VelUtil.h"
 #include "tests/kernel/support/SpatialFixture.h"
+#include "tests/support/WriteValue.h"
 
 #include <climits>
 #include <cmath>
@@ -136,8 +136,8 @@ TEST_F(DuplicateAxially, ClosesARingOfSectorsAtItsSeam)
         for (std::int64_t point = 0; point < 24; ++point) { // two radial planes, one angle apart
             double const radius = 1.0 + static_cast<double>(point % 4);
             double const radians = point / 4 % 2 == 0 ? 0.0 : angle * std::acos(-1.0) / 180;
-            zone->fields[0].group()->writableBuffer().setValue(point, radius * std::cos(radians));
-            zone->fields[1].group()->writableBuffer().setValue(point, radius * std::sin(radians));
+            writeValue(*zone->fields[0].group(), point, radius * std::cos(radians));
+            writeValue(*zone->fields[1].group(), point, radius * std::sin(radians));
         }
         sample::show(session, dataSet);
         ASSERT_TRUE(duplicate({1}, {angle, 0, sectors - 1, true}));

@@ -1,7 +1,7 @@
 #include "kernel/operations/DuplicateZones.h"
 
 #include "kernel/api/ArgumentList.h"
-#include "kernel/data/FieldMaps.h"
+#include "kernel/data/TimeStrands.h"
 #include "kernel/operations/DeleteVariables.h"
 #include "kernel/operations/EnableZone.h"
 #include "kernel/operations/LineMapOperation.h"

@@ -1,6 +1,5 @@
 // Zone operations that are cancelled, or disturbed, while they compute.
 #include "kernel/base/BackgroundWork.h"
-#include "kernel/operations/AxialCopies.h"
 #include "kernel/operations/DeleteVariables.h"
 #include "kernel/operations/DuplicateZonesAxially.h"
 #include "kernel/operations/EnableZone.h"

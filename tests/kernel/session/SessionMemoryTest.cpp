@@ -1,5 +1,4 @@
 #include "kernel/operations/AddFrame.h"
-#include "kernel/operations/AxialCopies.h"
 #include "kernel/operations/DeleteVariables.h"
 #include "kernel/operations/DuplicateZones.h"
 #include "kernel/operations/DuplicateZonesAxially.h"
@@ -244,20 +243,6 @@ TEST(WithoutMemory, ADuplicationIsUndoneAndRedone)
         EXPECT_TRUE(stage.session.redo());
     }
     EXPECT_FALSE(failure.hasHappened());
-}
-
-TEST(WithoutMemory, AWriteToHeldStorageThrowsAndChangesNothing)
-{
-    Field const field = sample::field({1, 2, 3});
-    auto const held = field.group()->buffer();
-    for (int request = 1; request <= 3; ++request) {
-        AllocationFailure const failure(request);
-        try {
-            field.group()->writableBuffer();
-        } catch (std::bad_alloc const&) {
-            EXPECT_EQ(field.group()->buffer(), held);
-        }
-    }
 }
 
 } // namespace veldraw::tests

@@ -229,16 +229,6 @@ TEST(Range, OfAPassiveFieldOrABadNumberIsUnknown)
     }
 }
 
-TEST(Range, ThatTheLoaderGaveIsKeptUntilTheValuesChange)
-{
-    Field const field = sample::field({1, 2, 3});
-    field.group()->setKnownRange({ValueRange::State::Estimated, 0, 10});
-    EXPECT_EQ(field.group()->range().state, ValueRange::State::Estimated);
-    EXPECT_EQ(field.group()->range({{3, 1, 1}, nullptr}).max, 10);
-    field.group()->writableBuffer().setValue(0, 5);
-    expectRange(field.group()->range(), 2, 5);
-}
-
 TEST(ParallelFor, VisitsEachIndexOnceInChunksThatTheCountAloneDecides)
 {
     for (std::int64_t const count : {0, 1, 63, 64, 65, 1000, 100001}) {

@@ -1,6 +1,5 @@
 // What the steps of the history hold in memory, counted for all that the user can do, taken back or not.
 #include "kernel/operations/AddFrame.h"
-#include "kernel/operations/AxialCopies.h"
 #include "kernel/operations/DeleteVariables.h"
 #include "kernel/operations/DuplicateZones.h"
 #include "kernel/operations/DuplicateZonesAxially.h"

@@ -1,9 +1,7 @@
-#include "kernel/operations/UnturnedVectors.h"
-
-#include "kernel/operations/AxialCopies.h"
 #include "kernel/operations/DuplicateZonesAxially.h"
 #include "kernel/operations/MirrorZones.h"
 #include "kernel/operations/RotateZones.h"
+#include "kernel/operations/UntransformedVectors.h"
 #include "tests/kernel/support/SampleData.h"
 #include "tests/kernel/support/SessionFixture.h"
 #include "tests/kernel/support/SpatialData.h"
@@ -20,10 +18,10 @@ using ::testing::IsEmpty;
 namespace {
 
 /// X, Y, Z, U, V, W, P in space, and whatever is added to one ordered zone of 3 x 2 x 2 points.
-class UnturnedVectors : public SessionFixture
+class UntransformedVectors : public SessionFixture
 {
 protected:
-    UnturnedVectors()
+    UntransformedVectors()
         : data(sample::emptySpace())
     {
         sample::addOrdered(*data, 3, 2, 2);
@@ -50,9 +48,10 @@ protected:
         }
     }
 
-    std::vector<std::string> unturned(NumberSet const& turned = {1, 2, 3, 4, 5, 6}, std::size_t dimensions = 3) const
+    std::vector<std::string> untransformed(NumberSet const& turned = {1, 2, 3, 4, 5, 6},
+                                           std::size_t dimensions = 3) const
     {
-        return unturnedVectors(*data, {1}, turned, dimensions);
+        return untransformedVectors(*data, {1}, turned, dimensions);
     }
 
     std::shared_ptr<DataSet> data;
@@ -61,47 +60,47 @@ protected:
 
 } // namespace
 
-TEST_F(UnturnedVectors, AreArraysOfThreeSixAndNineComponentsThatAreNoColours)
+TEST_F(UntransformedVectors, AreArraysOfThreeSixAndNineComponentsThatAreNoColours)
 {
-    EXPECT_THAT(unturned(), IsEmpty());
+    EXPECT_THAT(untransformed(), IsEmpty());
     addArray("velocity", 3);
     addArray("stress", 6);
     addArray("gradient", 9);
     addArray("pair", 2);
     addArray("quaternion", 4);
     addArray("colour", 3, FieldDataType_Byte);
-    EXPECT_THAT(unturned(), ElementsAre("velocity", "stress", "gradient"));
-    EXPECT_THAT(unturned({1, 2, 3, 8, 9, 10}), ElementsAre("U, V, W", "stress", "gradient"));
+    EXPECT_THAT(untransformed(), ElementsAre("velocity", "stress", "gradient"));
+    EXPECT_THAT(untransformed({1, 2, 3, 8, 9, 10}), ElementsAre("U, V, W", "stress", "gradient"));
 }
 
-TEST_F(UnturnedVectors, AreVariablesThatAreCalledAsTheComponentsOfOne)
+TEST_F(UntransformedVectors, AreVariablesThatAreCalledAsTheComponentsOfOne)
 {
     for (char const* name : {"vel_x [m/s]", "vel_y [m/s]", "vel_z [m/s]", "FX", "FY", "FZ", "xForce", "yForce",
                              "zForce", "max", "may", "box"}) {
         addScalar(name);
     }
-    EXPECT_THAT(unturned(),
+    EXPECT_THAT(untransformed(),
                 ElementsAre("vel_x [m/s], vel_y [m/s], vel_z [m/s]", "FX, FY, FZ", "xForce, yForce, zForce"));
 }
 
-TEST_F(UnturnedVectors, AreNoneWhereAComponentIsPassiveDeletedOrRenamed)
+TEST_F(UntransformedVectors, AreNoneWhereAComponentIsPassiveDeletedOrRenamed)
 {
     addArray("velocity", 3);
     data->zone(1)->fields.back() = Field();
-    EXPECT_THAT(unturned(), IsEmpty());
+    EXPECT_THAT(untransformed(), IsEmpty());
     addArray("force", 3);
     data->variables().back()->name = "other";
-    EXPECT_THAT(unturned(), IsEmpty());
+    EXPECT_THAT(untransformed(), IsEmpty());
 }
 
-TEST_F(UnturnedVectors, InThePlaneNeedNotTurnTheThirdComponent)
+TEST_F(UntransformedVectors, InThePlaneNeedNotTurnTheThirdComponent)
 {
     addArray("velocity", 3);
-    EXPECT_THAT(unturned({1, 2, 8, 9}, 2), ElementsAre("U, V, W"));
-    EXPECT_THAT(unturned({1, 2, 8, 9}, 3), ElementsAre("X, Y, Z", "U, V, W", "velocity"));
+    EXPECT_THAT(untransformed({1, 2, 8, 9}, 2), ElementsAre("U, V, W"));
+    EXPECT_THAT(untransformed({1, 2, 8, 9}, 3), ElementsAre("X, Y, Z", "U, V, W", "velocity"));
 }
 
-TEST_F(UnturnedVectors, AreNamedOnceByEachOperationThatTurnsSomething)
+TEST_F(UntransformedVectors, AreNamedOnceByEachOperationThatTurnsSomething)
 {
     addArray("velocity", 3);
     addArray("stress", 6);
@@ -125,7 +124,7 @@ TEST_F(UnturnedVectors, AreNamedOnceByEachOperationThatTurnsSomething)
     EXPECT_THAT(remarks, IsEmpty());
 }
 
-TEST_F(UnturnedVectors, AreNotNamedWhenNothingIsTurned)
+TEST_F(UntransformedVectors, AreNotNamedWhenNothingIsTurned)
 {
     addArray("velocity", 3);
     sample::show(session, data);
@@ -134,7 +133,7 @@ TEST_F(UnturnedVectors, AreNotNamedWhenNothingIsTurned)
     EXPECT_THAT(remarks, IsEmpty());
 }
 
-TEST_F(UnturnedVectors, NamesTheFramesVectorTooWhenItIsNotTurned)
+TEST_F(UntransformedVectors, NamesTheFramesVectorTooWhenItIsNotTurned)
 {
     sample::show(session, data);
     ASSERT_TRUE(session.perform(RotateZones(*data, {1}, sample::noVector, sample::aboutX, 30)));

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <memory>
 #include <new>
 
 namespace veldraw::kernel {
@@ -27,5 +29,12 @@ void requireMemory(double bytes, double available = availableMemory());
 
 /// Gives memory that has been freed back to the system, as far as that can be, so that it counts as available.
 void returnFreedMemory() noexcept;
+
+/// Zeroed memory, aligned to 64 bytes at least.
+///
+/// Large pieces come straight from the system on huge pages, since writing to fresh small pages costs more than the
+/// arithmetic; they go back to the system the moment the last holder lets go.
+/// @throws std::bad_alloc
+std::shared_ptr<void> allocateZeroed(std::int64_t bytes);
 
 } // namespace veldraw::kernel

@@ -1,4 +1,4 @@
-#include "kernel/storage/KnownRange.h"
+#include "kernel/storage/ValueRange.h"
 
 #include <algorithm>
 #include <cmath>

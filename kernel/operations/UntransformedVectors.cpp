@@ -1,4 +1,4 @@
-#include "kernel/operations/UnturnedVectors.h"
+#include "kernel/operations/UntransformedVectors.h"
 
 #include "kernel/base/Text.h"
 
@@ -10,11 +10,11 @@ namespace {
 
 using Components = std::vector<int>; // one-based numbers
 
-bool isTurned(Components const& components, NumberSet const& turned, std::size_t dimensions)
+bool isTransformed(Components const& components, NumberSet const& transformed, std::size_t dimensions)
 {
     auto const last =
         components.size() == 3 ? components.begin() + static_cast<std::ptrdiff_t>(dimensions) : components.end();
-    return std::all_of(components.begin(), last, [&](int number) { return turned.count(number) > 0; });
+    return std::all_of(components.begin(), last, [&](int number) { return transformed.count(number) > 0; });
 }
 
 /// Whether all components have values, which are no colours, in one of the zones.
@@ -87,25 +87,26 @@ std::string namesOf(DataSet const& dataSet, Components const& components)
 
 } // namespace
 
-std::vector<std::string> unturnedVectors(DataSet const& dataSet, NumberSet const& zones, NumberSet const& turned,
-                                         std::size_t dimensions)
+std::vector<std::string> untransformedVectors(DataSet const& dataSet, NumberSet const& zones,
+                                              NumberSet const& transformed, std::size_t dimensions)
 {
     std::vector<std::string> names;
     for (int first = 1; first <= dataSet.variableCount(); ++first) {
         Components const array = arrayFrom(dataSet, first);
         Components const components = array.empty() ? triadFrom(dataSet, first) : array;
-        if (!components.empty() && !isTurned(components, turned, dimensions) && hasValues(dataSet, zones, components)) {
+        if (!components.empty() && !isTransformed(components, transformed, dimensions) &&
+            hasValues(dataSet, zones, components)) {
             names.push_back(array.empty() ? namesOf(dataSet, components) : dataSet.variable(first)->sourceArray->name);
         }
     }
     return names;
 }
 
-std::string remarkOnUnturnedVectors(std::string const& operation, DataSet const& dataSet, NumberSet const& zones,
-                                    NumberSet const& turned, std::size_t dimensions)
+std::string remarkOnUntransformedVectors(std::string const& operation, DataSet const& dataSet, NumberSet const& zones,
+                                         NumberSet const& transformed, std::size_t dimensions)
 {
     std::string list;
-    for (std::string const& name : unturnedVectors(dataSet, zones, turned, dimensions)) {
+    for (std::string const& name : untransformedVectors(dataSet, zones, transformed, dimensions)) {
         list += (list.empty() ? "\"" : ", \"") + name + "\"";
     }
     return list.empty() ? list

@@ -1,4 +1,4 @@
-#include "kernel/compute/TurnBlock.h"
+#include "kernel/compute/RotateBlock.h"
 
 #include <cmath>
 
@@ -45,7 +45,7 @@ struct Row
     double origin;
 
     template <typename Element>
-    explicit Row(TurnBlock<Size, Element> const& block, std::size_t row)
+    explicit Row(BlockToRotate<Size, Element> const& block, std::size_t row)
         : origin(block.origin[row])
     {
         for (std::size_t column = 0; column < Size; ++column) {
@@ -56,7 +56,7 @@ struct Row
 
     // The distances come one by one: the compiler leaves a loop over three of them in memory.
     template <typename... Distances>
-    [[gnu::always_inline]] inline double turned(double distance, Distances... more) const
+    [[gnu::always_inline]] inline double rotated(double distance, Distances... more) const
     {
         double sum = factors[0] * distance;
         std::size_t column = 0;
@@ -65,7 +65,7 @@ struct Row
     }
 
     template <typename... Distances>
-    [[gnu::always_inline]] inline double turned(ExactSum const& distance, Distances const&... more) const
+    [[gnu::always_inline]] inline double rotated(ExactSum const& distance, Distances const&... more) const
     {
         ExactSum sum{origin, 0.0};
         std::size_t column = 0;
@@ -89,7 +89,7 @@ struct Row
 // What is written is apart from all that is read; without being told so the compiler does not work side by side on three
 // components, since it would have to test too many pairs.
 template <typename Distance, typename Element>
-[[gnu::always_inline]] inline void turnPlane(TurnBlock<2, Element> const& block)
+[[gnu::always_inline]] inline void rotatePlane(BlockToRotate<2, Element> const& block)
 {
     Row<2> const first(block, 0);
     Row<2> const second(block, 1);
@@ -104,13 +104,13 @@ template <typename Distance, typename Element>
         Distance dy;
         setDistance(dx, x[at], first.origin);
         setDistance(dy, y[at], second.origin);
-        p[at] = static_cast<Element>(first.turned(dx, dy));
-        q[at] = static_cast<Element>(second.turned(dx, dy));
+        p[at] = static_cast<Element>(first.rotated(dx, dy));
+        q[at] = static_cast<Element>(second.rotated(dx, dy));
     }
 }
 
 template <typename Distance, typename Element>
-[[gnu::always_inline]] inline void turnSpace(TurnBlock<3, Element> const& block)
+[[gnu::always_inline]] inline void rotateSpace(BlockToRotate<3, Element> const& block)
 {
     Row<3> const first(block, 0);
     Row<3> const second(block, 1);
@@ -130,32 +130,32 @@ template <typename Distance, typename Element>
         setDistance(dx, x[at], first.origin);
         setDistance(dy, y[at], second.origin);
         setDistance(dz, z[at], third.origin);
-        p[at] = static_cast<Element>(first.turned(dx, dy, dz));
-        q[at] = static_cast<Element>(second.turned(dx, dy, dz));
-        r[at] = static_cast<Element>(third.turned(dx, dy, dz));
+        p[at] = static_cast<Element>(first.rotated(dx, dy, dz));
+        q[at] = static_cast<Element>(second.rotated(dx, dy, dz));
+        r[at] = static_cast<Element>(third.rotated(dx, dy, dz));
     }
 }
 
 } // namespace
 
-VELDRAW_WIDE_LANES void turn(TurnBlock<2, float> const& block)
+VELDRAW_WIDE_LANES void rotateBlock(BlockToRotate<2, float> const& block)
 {
-    turnPlane<double>(block);
+    rotatePlane<double>(block);
 }
 
-VELDRAW_WIDE_LANES void turn(TurnBlock<2, double> const& block)
+VELDRAW_WIDE_LANES void rotateBlock(BlockToRotate<2, double> const& block)
 {
-    turnPlane<ExactSum>(block);
+    rotatePlane<ExactSum>(block);
 }
 
-VELDRAW_WIDE_LANES void turn(TurnBlock<3, float> const& block)
+VELDRAW_WIDE_LANES void rotateBlock(BlockToRotate<3, float> const& block)
 {
-    turnSpace<double>(block);
+    rotateSpace<double>(block);
 }
 
-VELDRAW_WIDE_LANES void turn(TurnBlock<3, double> const& block)
+VELDRAW_WIDE_LANES void rotateBlock(BlockToRotate<3, double> const& block)
 {
-    turnSpace<ExactSum>(block);
+    rotateSpace<ExactSum>(block);
 }
 
 } // namespace veldraw::kernel

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "kernel/data/DataSet.h"
+
+namespace veldraw::kernel {
+
+/// Names of the vectors and tensors that have values in some of @p zones and not all of whose components are in @p transformed.
+///
+/// These are arrays of a file with 3, 6 or 9 components, colours left out, and variables that came one by one but are called
+/// as the components of a vector: u, v, w, or alike but for an x, y, z in front or at the end, as "velocity_x [m/s]".
+/// @param transformed one-based numbers of the variables that an operation has transformed, coordinates included
+/// @param dimensions 3, or 2 in the plane, where the third component of a vector does not count
+std::vector<std::string> untransformedVectors(DataSet const& dataSet, NumberSet const& zones,
+                                              NumberSet const& transformed, std::size_t dimensions);
+
+/// What an operation leaves as it is though it is a vector or a tensor, in words for the message log; empty when there is no such
+/// thing. @param operation its name
+std::string remarkOnUntransformedVectors(std::string const& operation, DataSet const& dataSet, NumberSet const& zones,
+                                         NumberSet const& transformed, std::size_t dimensions);
+
+} // namespace veldraw::kernel

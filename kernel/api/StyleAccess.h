@@ -5,7 +5,7 @@
 #include <string>
 
 /// @file
-/// Style reads and writes by argument lists, for whoever implements the platform's style values.
+/// Style reads and writes by argument lists, for the implementation of the platform's style values.
 
 namespace veldraw::kernel::api {
 
@@ -21,13 +21,13 @@ constexpr char whole[] =
 constexpr char real[] = "DValue"; ///< write: the value as a double; read: address of a double for it, may be absent
 } // namespace styleArgument
 
-/// The assign operator for "becomes"; there is no other.
+/// The only assign operator: the value becomes the given one.
 constexpr long long plainAssignment = 255;
 
-/// Most names that a path can have.
+/// Maximum number of names in a path.
 constexpr int maxStyleNames = 7;
 
-/// Identifier of a name of the style tree, 0 for one that occurs in no path.
+/// Identifier of a name of the style tree, 0 for a name that is in no path.
 int styleNameId(std::string const& name) noexcept;
 
 /// Whether the list's names are a path with a value at it or below it.

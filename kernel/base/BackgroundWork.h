@@ -8,8 +8,8 @@
 
 namespace veldraw::kernel {
 
-/// Waits on the user-interface thread while worker threads compute: what an application installs to keep its window
-/// alive, to show progress and to offer a cancel.
+/// Waits on the user-interface thread while worker threads compute. An application installs a waiter to keep its window
+/// responsive, to show progress and to let the user cancel.
 class Waiter
 {
 public:
@@ -23,7 +23,7 @@ public:
 
 /// Runs @p work to its end: on a thread of its own while @p waiter waits for it on this one, or here when there is no
 /// waiter.
-/// @throws what the work throws, or what the waiter throws, which interrupts the work and is told when it has ended
+/// @throws what the work throws. An exception of the waiter interrupts the work and is rethrown when the work has ended.
 void runInBackground(Waiter* waiter, std::string const& name, Progress& progress,
                      std::function<void(Progress&)> const& work);
 

@@ -5,7 +5,7 @@ namespace veldraw::kernel {
 /// Process-unique number of a page, frame, data set, zone, variable or map. 0 stands for "none".
 using UniqueId = long long;
 
-/// A fresh identifier; none is ever handed out twice in a process, not even after its owner has gone.
+/// A new identifier. No identifier is given out twice in a process.
 UniqueId nextUniqueId();
 
 } // namespace veldraw::kernel

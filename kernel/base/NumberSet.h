@@ -13,7 +13,7 @@ using NumberSet = std::set<int>;
 /// The numbers of @p set in ascending order.
 inline std::vector<int> toVector(NumberSet const& set)
 {
-    // One walk: a range would be walked to count it, too, which is slow in a large tree.
+    // The constructor from a range would walk the tree twice, once to count it.
     std::vector<int> numbers;
     numbers.reserve(set.size());
     std::copy(set.begin(), set.end(), std::back_inserter(numbers));

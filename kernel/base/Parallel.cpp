@@ -52,7 +52,7 @@ void parallelFor(std::int64_t count, std::function<void(std::int64_t, std::int64
     std::int64_t const size = chunkSize(count, grain);
     std::int64_t const chunks = chunksOf(count, size);
     if (chunks == 1) {
-        body(0, count, 0); // to call the other threads together and dismiss them takes longer than little work
+        body(0, count, 0); // starting other threads would take longer than this little work
         return;
     }
     std::vector<std::exception_ptr> failures(static_cast<std::size_t>(chunks));
@@ -65,7 +65,7 @@ void parallelFor(std::int64_t count, std::function<void(std::int64_t, std::int64
             failures[static_cast<std::size_t>(chunk)] = std::current_exception();
         }
     }
-    // The lowest chunk's failure is told, so that the same failure is told every time.
+    // The exception of the lowest chunk, so that it is the same one every time.
     auto const failure = std::find_if(failures.begin(), failures.end(), [](auto const& f) { return f != nullptr; });
     if (failure != failures.end()) {
         std::rethrow_exception(*failure);

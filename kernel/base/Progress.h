@@ -6,38 +6,44 @@
 
 namespace veldraw::kernel {
 
-/// Ends an operation that the user has cancelled. It never leaves the kernel's C functions.
+/// Thrown to end an operation that the user has cancelled. No C function of the kernel lets it out.
 class Interrupted : public std::exception
 {
 public:
     char const* what() const noexcept override { return "The operation was cancelled."; }
 };
 
-/// How far a long operation has come, and whether the user wants it to end. Worker threads count up, the waiter reads and
+/// How much of a long operation is done, and whether the user has cancelled it. Worker threads count up, the waiter reads and
 /// interrupts; every member may be called on any thread.
+///
+///     progress.setTotal(count);
+///     for (...) {
+///         progress.check();     // throws Interrupted after a cancel
+///         ...
+///         progress.advance(512);
+///     }
 class Progress
 {
 public:
     Progress() = default;
 
-    /// Stands for a part of @p whole, which it moves on by @p units in all and which interrupts it. When its life ends, the part
-    /// counts as done.
-    /// @param units of the whole; the part has the same ones until it is told another total
+    /// The progress of a part of @p whole. It advances the whole by @p units altogether, is interrupted with it, and counts
+    /// as done when it is destroyed.
+    /// @param units of the whole; also the total of the part until setTotal() is called
     Progress(Progress& whole, std::int64_t units);
 
     virtual ~Progress();
     Progress(Progress const&) = delete;
     Progress& operator=(Progress const&) = delete;
 
-    /// Tells the work that there will be, in any unit. To be called before the first advance().
+    /// Sets the amount of work, in any unit. To be called before the first advance().
     void setTotal(std::int64_t total) { m_total = total; }
     std::int64_t total() const { return m_total; }
 
     /// Counts @p done more units as done.
     void advance(std::int64_t done);
 
-    /// Counts what is missing to this fraction of the total: for work on one thread that only knows how far it has come. It never
-    /// goes back.
+    /// Advances to a fraction of the total, and never back. For work on one thread that knows its fraction only.
     /// @param fraction from 0 to 1
     void reach(double fraction);
 
@@ -51,7 +57,7 @@ public:
     void interrupt() { m_interrupted = true; }
     virtual bool isInterrupted() const;
 
-    /// To be called by the workers often enough that a cancel is felt within 100 ms.
+    /// To be called by the workers at least every 100 ms, so that a cancel takes effect quickly.
     /// @throws Interrupted when the operation is to end
     void check() const;
 

@@ -6,10 +6,10 @@
 
 namespace veldraw::kernel {
 
-/// Bytes that can be had now without driving others out; infinite when the system does not tell.
+/// Bytes of memory, including free swap space, that the system has available now; infinite when it does not tell.
 double availableMemory();
 
-/// Memory was refused before anybody tried to take it, so that it is known how much is missing.
+/// Thrown by requireMemory(), before an allocation is tried, with the number of bytes that are missing.
 class NotEnoughMemory : public std::bad_alloc
 {
 public:
@@ -21,19 +21,19 @@ public:
     double missing; ///< bytes
 };
 
-/// Refuses what the machine cannot hold before a start is made with it: the system would promise the memory, and end the
-/// process when it is used.
-/// @param available what there was before any of @p bytes was taken
-/// @throws NotEnoughMemory when @p bytes are more
+/// Checks before a large computation that the machine has memory for it. Without the check an allocation would succeed and
+/// the system would end the process when it writes to the memory.
+/// @param available available memory before the first of @p bytes was allocated
+/// @throws NotEnoughMemory when @p bytes are more than that
 void requireMemory(double bytes, double available = availableMemory());
 
-/// Gives memory that has been freed back to the system, as far as that can be, so that it counts as available.
+/// Returns freed memory to the system as far as possible, so that it counts as available.
 void returnFreedMemory() noexcept;
 
 /// Zeroed memory, aligned to 64 bytes at least.
 ///
-/// Large pieces come straight from the system on huge pages, since writing to fresh small pages costs more than the
-/// arithmetic; they go back to the system the moment the last holder lets go.
+/// Large blocks are taken from the system on huge pages, since the first writes to small pages take longer than the
+/// arithmetic. They go back to the system as soon as the last holder releases them.
 /// @throws std::bad_alloc
 std::shared_ptr<void> allocateZeroed(std::int64_t bytes);
 

@@ -5,8 +5,8 @@
 
 namespace veldraw::kernel {
 
-/// A copy of @p source, bit for bit, with the values side by side.
-/// @throws Interrupted, std::bad_alloc also when the machine does not have the memory
+/// A contiguous copy of @p source, bit for bit.
+/// @throws Interrupted, std::bad_alloc, NotEnoughMemory
 std::shared_ptr<Buffer> copyValues(Buffer const& source, Progress& progress);
 
 } // namespace veldraw::kernel

@@ -5,8 +5,9 @@
 
 namespace veldraw::kernel {
 
-/// Stores the values of @p source with the other sign in @p target, which has as many, side by side, of the computed type.
-/// Of a float or double only the sign's bit changes, whatever the value is: twice is as it was, to the last bit.
+/// Stores the values of @p source with the opposite sign in @p target, a contiguous buffer of the same size and of the type
+/// that computedType() gives. In a float or double only the sign bit changes, also of NaN, so negating twice restores every
+/// bit.
 /// @throws Interrupted
 void negateValues(Buffer const& source, Buffer& target, Progress& progress);
 

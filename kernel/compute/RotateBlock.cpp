@@ -2,8 +2,8 @@
 
 #include <cmath>
 
-// Chosen when the library is loaded. This file is compiled without implicit fused multiplication, and explicit one rounds
-// alike everywhere, so all processors give the same results.
+// The variant for the processor is chosen when the library is loaded. The compiler may not fuse multiplications and
+// additions in this file, and std::fma rounds in the same way everywhere, so all processors give the same results.
 #if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__) && !defined(__SANITIZE_THREAD__)
 #define VELDRAW_WIDE_LANES __attribute__((target_clones("fma", "default")))
 #else
@@ -14,7 +14,7 @@ namespace veldraw::kernel {
 
 namespace {
 
-/// A sum with what rounding has taken from it.
+/// A sum and its rounding error.
 struct ExactSum
 {
     double value;
@@ -36,7 +36,7 @@ struct ExactSum
     }
 };
 
-/// One component of many, in variables of its own: the compiler would reload what it reaches by a pointer.
+/// A row of the matrix, copied to local variables: the compiler would load it again for each value through the pointer.
 template <std::size_t Size>
 struct Row
 {
@@ -54,7 +54,7 @@ struct Row
         }
     }
 
-    // The distances come one by one: the compiler leaves a loop over three of them in memory.
+    // The distances are separate arguments: the compiler would keep an array of three in memory instead of registers.
     template <typename... Distances>
     [[gnu::always_inline]] inline double rotated(double distance, Distances... more) const
     {
@@ -86,8 +86,8 @@ struct Row
     distance.add(-origin);
 }
 
-// What is written is apart from all that is read; without being told so the compiler does not work side by side on three
-// components, since it would have to test too many pairs.
+// The results overlap nothing that is read. Without the pragma the compiler does not use vector instructions for three
+// components, since it would have to check too many pairs of arrays for overlap.
 template <typename Distance, typename Element>
 [[gnu::always_inline]] inline void rotatePlane(BlockToRotate<2, Element> const& block)
 {

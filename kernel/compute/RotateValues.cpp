@@ -13,7 +13,7 @@ namespace veldraw::kernel {
 
 namespace {
 
-/// The rotation of the @p Size components that take part, with everything at hand in one place.
+/// The @p Size components that a rotation involves: their buffers, and their part of the matrix.
 template <std::size_t Size>
 struct InvolvedComponents
 {
@@ -41,8 +41,7 @@ InvolvedComponents<Size> involvedComponents(Rotation const& rotation, ComponentB
     return components;
 }
 
-/// Whether all values are finite, by their exponents: one is added to each, and those of infinities and of what is not a
-/// number run over into the sign's place.
+/// Whether all values are finite. Adding one to the exponent of an infinity or a NaN overflows into the sign bit.
 template <typename Element>
 bool areFinite(Element const* values, std::int64_t count)
 {
@@ -75,13 +74,13 @@ template <std::size_t Size, typename Element>
 void rotateFinite(BlockToRotate<Size, Element> const& block)
 {
     rotateBlock(block);
-    // A component that is not finite spoils every result, also by a factor of 0, so looking at one is enough.
+    // A component that is not finite makes every result not finite, also by a factor of 0, so checking one result is enough.
     if (!areFinite(block.to[0], block.count)) {
         keepWhatIsNotFinite(block);
     }
 }
 
-/// Whether all components are stored side by side as @p type, and all are wanted.
+/// Whether all components are contiguous values of @p type, and all results are needed.
 template <std::size_t Size>
 bool isAllOf(InvolvedComponents<Size> const& rotation, FieldDataType_e type)
 {
@@ -95,7 +94,7 @@ bool isAllOf(InvolvedComponents<Size> const& rotation, FieldDataType_e type)
     return all;
 }
 
-/// Rotates a block where it lies.
+/// Rotates a block directly from buffer to buffer.
 template <std::size_t Size, typename Element>
 void rotateDirectly(InvolvedComponents<Size> const& rotation, std::int64_t first, std::int64_t count)
 {
@@ -107,7 +106,7 @@ void rotateDirectly(InvolvedComponents<Size> const& rotation, std::int64_t first
     rotateFinite(block);
 }
 
-/// Rotates a block by way of double, for all other types and strides.
+/// Rotates a block through arrays of double, for all other types and strides.
 template <std::size_t Size>
 void rotateWidened(InvolvedComponents<Size> const& rotation, std::int64_t first, std::int64_t count)
 {

@@ -9,16 +9,16 @@
 
 namespace veldraw::kernel {
 
-/// Where the components of points or vectors come from and go to.
+/// Buffers with the components of points or vectors, and buffers for their rotated components.
 struct ComponentBuffers
 {
     std::int64_t count = 0;                               ///< of points or vectors
     std::array<std::shared_ptr<Buffer const>, 3> sources; ///< null: 0 everywhere
-    std::array<std::shared_ptr<Buffer>, 3> targets;       ///< null: not wanted; else contiguous, float or double
+    std::array<std::shared_ptr<Buffer>, 3> targets;       ///< null: result not needed; else contiguous, float or double
 };
 
-/// Rotates the components that take part in @p rotation; the others are not looked at. Everything is computed in double.
-/// A point or vector one of whose components is infinite or not a number stays as it is.
+/// Rotates the components that @p rotation involves; the others are neither read nor written. Everything is computed in double
+/// precision. A point or vector with a component that is infinite or NaN keeps its values.
 /// @throws Interrupted
 void rotateValues(Rotation const& rotation, ComponentBuffers const& buffers, Progress& progress);
 

@@ -57,13 +57,13 @@ Rotation::Rotation(RotationAxis const& axis, long double degrees)
     auto const [sine, cosine] = sineAndCosine(degrees);
     std::array<long double, 3> const k = unitVector(axis.direction);
     std::array<std::array<long double, 3>, 3> const cross{{{0, -k[2], k[1]}, {k[2], 0, -k[0]}, {-k[1], k[0], 0}}};
-    bool const isTurned = sine != 0.0L || cosine != 1.0L;
+    bool const isRotated = sine != 0.0L || cosine != 1.0L;
     for (std::size_t row = 0; row < 3; ++row) {
         for (std::size_t column = 0; column < 3; ++column) {
             long double const unity = row == column ? 1.0L : 0.0L;
             long double const along = k[row] * k[column];
-            long double const turned = along + cosine * (unity - along) + sine * cross[row][column];
-            m_matrix[row][column] = isTurned ? turned : unity;
+            long double const rotated = along + cosine * (unity - along) + sine * cross[row][column];
+            m_matrix[row][column] = isRotated ? rotated : unity;
         }
     }
 }

@@ -75,8 +75,8 @@ Blanking::Blanking(Zone const& zone, Marks marks)
         }
     }
     auto const cells = std::make_shared<HiddenSlots>(zone.valueCount(ValueLocation_CellCentered));
-    HiddenSlots lonely(pointCount);  // points with a cell that is marked
-    HiddenSlots visited(pointCount); // points with a cell that is not
+    HiddenSlots lonely(pointCount);  // points with a hidden cell
+    HiddenSlots visited(pointCount); // points with a visible cell
     forCells(zone, [&](std::int64_t cell, std::int64_t slot, std::int64_t const* first, std::int64_t const* last) {
         bool const isHidden = isMarked(m_marks.ofCells.get(), cell, hidingCellMarks);
         std::for_each(first, last, [&](std::int64_t point) { (isHidden ? lonely : visited).insert(point); });

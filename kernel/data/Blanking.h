@@ -9,12 +9,13 @@ namespace veldraw::kernel {
 
 struct Zone;
 
-/// Marks at the points and cells of a zone, as a file had them, and which of these they hide.
+/// The marks that a file has at the points and cells of a zone, and the points and cells that these marks hide.
 ///
-/// A mark is a byte of bits, which mean what they mean in VTK's files. A point is hidden by hiddenPoint, and when each of its
-/// cells is marked as hidden. A cell is hidden by duplicateCell (another zone has it too), refinedCell (finer cells stand in
-/// its place) and hiddenCell, and when one of its corners is marked as hidden. The other bits hide nothing.
-/// Nothing of it ever changes, so that copies of a zone share it.
+/// A mark is a byte of bits with the meaning that they have in VTK's files. A point is hidden by hiddenPoint, and when all
+/// of its cells are marked as hidden. A cell is hidden by duplicateCell (another zone has it too), refinedCell (finer cells
+/// replace it) and hiddenCell, and when one of its corners is marked as hidden. The other bits hide nothing.
+///
+/// A blanking never changes, so copies of a zone share it.
 class Blanking
 {
 public:
@@ -38,7 +39,7 @@ public:
 
     Marks const& marks() const { return m_marks; }
 
-    /// The points or cells that are hidden, by their value slots; null when none is.
+    /// The value slots of the hidden points or cells; null when none is hidden.
     std::shared_ptr<HiddenSlots const> const& hidden(ValueLocation_e location) const
     {
         return location == ValueLocation_Nodal ? m_points : m_cells;

@@ -12,17 +12,24 @@
 
 namespace veldraw::kernel {
 
-/// Where data of a data set came from: the loader's name and its words, for instance "FILENAME_" and a path.
+/// Where a part of a data set came from: the name of the loader and its instructions, for instance "FILENAME_" and a path.
 struct LoaderInstructions
 {
     std::string loaderName;
     std::vector<std::string> words;
 };
 
-/// Zones and variables that belong together. Frames share it; a frame shows one data set.
+/// Zones and variables that belong together. A frame shows one data set; several frames can show the same one.
 ///
-/// Importers fill a fresh data set by addVariable() and addZone() before any frame has it. Afterwards it is changed
-/// through the operations of Session only, which tell listeners and can be undone.
+/// An importer fills a new data set before any frame shows it:
+///
+///     auto const dataSet = std::make_shared<DataSet>("Wing");
+///     dataSet->addVariable(std::make_shared<Variable>("X"));
+///     dataSet->addZone(zone); // with its field of X
+///
+/// Afterwards change it by operations only (see Session::perform()): they send events and can be undone. Numbers of zones
+/// and variables are one-based positions, which change when a zone or a variable before them is deleted; to remember one, keep
+/// its identifier.
 class DataSet
 {
 public:
@@ -36,7 +43,7 @@ public:
     int zoneCount() const { return static_cast<int>(m_zones.size()); }
     int variableCount() const { return static_cast<int>(m_variables.size()); }
 
-    /// @param number one-based. @return null for a number that is out of range, as all look-ups here
+    /// @param number one-based. @return null for a number that is out of range
     std::shared_ptr<Zone> zone(int number) const;
     std::shared_ptr<Variable> variable(int number) const;
 
@@ -53,10 +60,10 @@ public:
     NumberSet enabledZones() const;
     NumberSet enabledVariables() const;
 
-    /// Appends a variable with a passive field in every zone. @return its number
+    /// Appends a variable, with a passive field in every zone. @return its number
     int addVariable(std::shared_ptr<Variable> variable);
 
-    /// Appends a zone; missing fields are filled up with passive ones. @return its number
+    /// Appends a zone. It gets a passive field for each variable for which it has none. @return its number
     int addZone(std::shared_ptr<Zone> zone);
 
     /// Name of the lock's holder, empty when the data set is not locked.
@@ -69,7 +76,7 @@ public:
     std::vector<LoaderInstructions>& loaderInstructions() { return m_loaderInstructions; }
     std::vector<LoaderInstructions> const& loaderInstructions() const { return m_loaderInstructions; }
 
-    /// The lists themselves, for the operations that take zones or variables out and put them back.
+    /// The lists themselves, for changes that remove or add zones or variables.
     std::vector<std::shared_ptr<Zone>>& zones() { return m_zones; }
     std::vector<std::shared_ptr<Zone>> const& zones() const { return m_zones; }
     std::vector<std::shared_ptr<Variable>>& variables() { return m_variables; }

@@ -11,10 +11,17 @@
 
 namespace veldraw::kernel {
 
-/// What an operation needs of a data set and is not loaded yet: values of fields and dimensions of zones.
+/// Loads what an operation needs of a data set, values of fields and dimensions of zones, so that the data set gets all of
+/// it or nothing.
 ///
-/// First it is told what is needed, then it loads that aside, on any thread, while the data set stays as it is; at last the
-/// data set takes all of it at once. Dropped before that, it leaves no trace.
+///     DeferredLoad load(dataSet);
+///     load.addField(1, 3);
+///     auto const events = load.events();
+///     load.load(progress); // on any thread; the data set stays as it is
+///     load.commit();       // the data set gets the values
+///
+/// Destroyed before commit(), it leaves the data set unchanged. Operations give theirs to the session (Operation::needs()),
+/// which carries out these steps and makes room for the values where memory is short.
 class DeferredLoad
 {
 public:
@@ -23,39 +30,41 @@ public:
     {
     }
 
-    /// Notes what is not loaded; what is there already, passive or noted is left out. Numbers are one-based and exist.
+    /// Adds the dimensions of a zone, or the values of a field, to what is needed. What is loaded already, passive or added
+    /// before is not loaded again. Numbers are one-based and exist.
     void addDimensions(int zone);
     void addField(int zone, int variable); ///< with the dimensions of the zone
 
-    /// Notes that from commit() on just these variables are wanted in a zone, so that their values stay loaded there.
+    /// Replaces, with commit(), the set of variables whose values stay loaded in a zone.
     void addWanted(int zone, std::shared_ptr<std::set<UniqueId> const> variables);
 
-    /// Whether the values of a group are needed, be they loaded or not.
+    /// Whether the values of a group were added, loaded or not.
     bool needs(ShareGroup const& group) const { return m_needed.count(&group) > 0; }
 
     bool isEmpty() const { return m_values.empty() && m_sizes.empty(); }
 
-    /// After a failure another try goes on with what is missing.
+    /// Loads what is needed. After a failure it can be called again and loads what is still missing.
     /// @throws std::runtime_error with a reason, std::bad_alloc, Interrupted
     void load(Progress& progress);
 
-    /// Hands all that has been loaded over to the data set.
+    /// Gives everything that was loaded to the data set.
     void commit() noexcept;
 
-    /// What is to be told after commit(). To be asked for before, as it needs memory.
+    /// The events to be sent after commit(). To be called before commit(), since it allocates memory and commit() must not
+    /// fail.
     std::vector<StateChangeEvent> events() const;
 
-    /// Values of a group, be they loaded in the data set or here.
+    /// Values of a group, from the data set or from what was loaded here.
     std::shared_ptr<Buffer const> valuesOf(ShareGroup const& group) const;
 
-    /// Slots of a field of @p zone, be its dimensions known in the data set or here.
+    /// Number of slots of a field of @p zone, by the dimensions that the zone has or that were loaded here.
     std::int64_t valueCount(Zone const& zone, ValueLocation_e location) const;
 
 private:
     struct Values
     {
         ShareGroup* group;          // not held, so that share counts stay true
-        std::shared_ptr<Zone> zone; // one whose field is on the group
+        std::shared_ptr<Zone> zone; // a zone with a field on the group
         ValueLocation_e location;
         std::shared_ptr<Buffer> buffer;
     };
@@ -75,11 +84,11 @@ private:
 
     void loadDimensions(Progress& progress);
     std::int64_t sizeOf(Values const& values) const;
-    ZoneDimensions const* sizeHere(Zone const& zone) const; // null for a zone that does not wait for one of these
+    ZoneDimensions const* sizeHere(Zone const& zone) const; // null for a zone whose dimensions are not loaded here
     void requireMemoryForValues() const;
 
     DataSet const& m_dataSet;
-    std::vector<Values> m_values; // in the order in which they are wanted, which is that of zones and variables
+    std::vector<Values> m_values; // in the order in which they were added
     std::vector<Size> m_sizes;
     std::vector<Wanted> m_wanted;
     std::set<ShareGroup const*> m_needed;

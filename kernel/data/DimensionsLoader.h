@@ -9,7 +9,7 @@
 
 namespace veldraw::kernel {
 
-/// Size of a zone, and what is known with it: its cells, and which of them are hidden.
+/// Dimensions of a zone, with its cells and what is hidden of it.
 struct ZoneDimensions
 {
     std::int64_t i = 0; ///< as in Zone
@@ -19,15 +19,15 @@ struct ZoneDimensions
     std::shared_ptr<Blanking const> blanking = nullptr; ///< null when no point and no cell is marked
 };
 
-/// Brings the dimensions of a zone whose size is not known yet. Zones with the same loader learn them together.
+/// Brings the dimensions of a zone when they are needed. Zones can share a loader: all of them get the dimensions at once.
 class DimensionsLoader
 {
 public:
     DimensionsLoader() = default;
     virtual ~DimensionsLoader() = default;
 
-    /// The dimensions, none of them negative. May run on a worker thread, never twice at a time; looks at the cancel often
-    /// (Progress::check()).
+    /// The dimensions, none of them negative. It may run on a worker thread, but never twice at a time. An implementation calls
+    /// Progress::check() often, so that the user can cancel.
     /// @throws std::runtime_error with a reason for the user, std::bad_alloc, Interrupted
     virtual ZoneDimensions load(Progress& progress) = 0;
 

@@ -9,11 +9,19 @@ namespace veldraw::kernel {
 
 /// One variable in one zone: where its values sit and the group that stores them.
 ///
-/// A passive field has a type and a location but no values; it reads as 0 everywhere. The values of any other field may
-/// not be loaded yet: its group then has no buffer.
+/// A passive field has a type and a location but no values; it reads as 0 everywhere. Any other field is on a share group,
+/// which has no buffer as long as the values are not loaded:
+///
+///     if (!field.isPassive() && field.isLoaded()) {
+///         double const first = field.group()->buffer()->value(0);
+///     }
+///
+/// A copy of a field is another field on the same group, and counts in shareCount(). So keep no copy of a field outside of a
+/// zone; to keep values alive, hold the buffer.
+///
 /// Cell-centred values of an ordered zone are addressed with nodal strides: the value of cell (i, j, k), zero-based, is
 /// at i + j * I + k * I * J with the zone's point dimensions I, J, K; a dimension of 1 has one layer of cells. The
-/// unused last slots are never read. Cell-centred values of a finite-element zone are one a cell.
+/// last slots of a row or layer belong to no cell and are never read. A finite-element zone has one cell-centred value a cell.
 class Field
 {
 public:

@@ -10,8 +10,8 @@
 
 namespace veldraw::kernel {
 
-/// Puts other fields in the place of fields of zones that stay, and the old ones back. No value is copied or looked at.
-/// The step holds the storage of whichever fields are out.
+/// Replaces fields of zones; reverting it puts the old fields back. No value is read or copied. The step holds the storage
+/// of the fields that are out of the zones.
 class FieldReplacement : public Change
 {
 public:
@@ -21,7 +21,7 @@ public:
         std::vector<NewField> fields;
     };
 
-    /// @param parts the new fields, on groups that nothing but they are on
+    /// @param parts the new fields, on groups that no other fields are on
     /// @param event sent after each way
     /// @throws std::bad_alloc
     FieldReplacement(EventHub& hub, std::vector<ZonePart> parts, StateChangeEvent event);
@@ -31,7 +31,7 @@ public:
     HeldMemory held() const noexcept override;
 
 private:
-    /// The fields that stand in the zones at one time, without their storage where they are out.
+    /// The old or the new fields. While they are out of the zones, their storage is kept beside them.
     struct Side
     {
         std::vector<Field> fields; // passive, with type and location

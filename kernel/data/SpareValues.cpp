@@ -42,7 +42,7 @@ void SpareValues::add(std::shared_ptr<DataSet> dataSet, NumberSet const& shown, 
         for (int variable = 1; variable <= dataSet->variableCount(); ++variable) {
             ShareGroup* const group = zone.fields[static_cast<std::size_t>(variable - 1)].group().get();
             if (group == nullptr || group->bytesInMemory() == 0) {
-                continue; // nothing to be won
+                continue; // unloading it would free nothing
             }
             auto const& wanted = zone.wantedVariables;
             bool const isWanted = wanted && wanted->count(dataSet->variable(variable)->id) > 0;

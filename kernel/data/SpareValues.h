@@ -10,17 +10,17 @@
 
 namespace veldraw::kernel {
 
-/// Loaded values that go, and what is to be told of it. Taken down first, which needs memory; let go of later, which frees some.
+/// A set of values that are to be unloaded. The constructor allocates what is needed for it, so that commit() cannot fail.
 class DeferredUnload
 {
 public:
-    /// @param groups   not held, so that share counts stay true
-    /// @param dataSets where they stand
+    /// @param groups   whose values are unloaded; not held, so that share counts stay true
+    /// @param dataSets the data sets with fields on the groups
     DeferredUnload(std::set<ShareGroup*> groups, std::vector<std::shared_ptr<DataSet>> const& dataSets);
 
     void commit() const noexcept;
 
-    /// What is to be told after commit(): one event a data set.
+    /// The events to be sent after commit(), one for each data set.
     std::vector<StateChangeEvent> const& events() const { return m_events; }
 
 private:
@@ -28,29 +28,31 @@ private:
     std::vector<StateChangeEvent> m_events;
 };
 
-/// Loaded values that may be let go of when memory asks for it: a loader can bring them again, since nobody has altered them, and
-/// nobody needs them now. Those on one piece of memory, as the components of an array are, go together or not at all.
+/// Finds loaded values that can be unloaded when memory is short: a loader can bring them again, nobody has altered them,
+/// and nobody needs them now. Values in the same piece of memory, such as the components of an array, are unloaded together
+/// or not at all.
 class SpareValues
 {
 public:
     using Predicate = std::function<bool(ShareGroup const&)>;
 
-    /// Looks through a data set. What is wanted in any of its zones is not spare.
-    /// @param shown    one-based numbers of variables that frames show; their values stay in all zones
+    /// Adds the values of a data set. Variables that are wanted in a zone are not spare there.
+    /// @param shown    one-based numbers of variables that frames show; they are not spare in any zone
     /// @param isNeeded whether an operation needs the values of a group
     void add(std::shared_ptr<DataSet> dataSet, NumberSet const& shown, Predicate const& isNeeded);
 
-    /// Memory of all loaded values that could be loaded again, be they spare or not.
+    /// Bytes of all loaded values that could be loaded again, spare or not.
     double loadedBytes() const;
 
-    /// Memory of the spare ones.
+    /// Bytes of the spare values.
     double bytes() const;
 
-    /// Those that have not been used for the longest time: as many as have @p bytes, or all.
+    /// The spare values that have not been used for the longest time, just enough to free @p bytes; all when that is not
+    /// enough.
     DeferredUnload leastRecentlyUsed(double bytes) const;
 
 private:
-    /// What stands on one piece of memory.
+    /// The groups with values in one piece of memory.
     struct Piece
     {
         std::set<ShareGroup*> groups;

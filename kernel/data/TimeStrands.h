@@ -6,26 +6,26 @@
 
 namespace veldraw::kernel {
 
-/// Numbers for time strands that a data set does not have yet.
+/// Gives out numbers for new time strands of a data set.
 class StrandNumbers
 {
 public:
     explicit StrandNumbers(DataSet const& dataSet);
 
-    /// The number above all that there are; the lowest free one when there is none above.
+    /// The number after the highest one in use or, when that would be too large, the lowest free number.
     int next();
 
-    /// Whether this is the number of a strand, not of a static zone.
+    /// Whether this is the number of a strand; false for the one of static zones.
     static bool isStrand(int strand) { return strand >= 0 && strand < staticStrand; }
 
 private:
     NumberSet m_used;
 };
 
-/// The enabled zones of each field map: one map a time strand and one a static zone. The map with number n stands at n - 1.
+/// The enabled zones of each field map. Each time strand is a map, and each static zone; map n is at index n - 1.
 ///
 /// Maps are numbered in the order of their lowest zones, enabled or not, so that a map keeps its number while zones are
-/// disabled; a map without an enabled zone is empty.
+/// disabled. The set of a map without an enabled zone is empty.
 std::vector<NumberSet> fieldMaps(DataSet const& dataSet);
 
 } // namespace veldraw::kernel

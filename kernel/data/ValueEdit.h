@@ -8,7 +8,7 @@
 
 namespace veldraw::kernel {
 
-/// The place of one value: a field of a zone, and where in its buffer.
+/// The place of one value: a field of a zone, and an index in its buffer.
 struct ValuePlace
 {
     std::shared_ptr<Zone> zone;
@@ -21,12 +21,13 @@ struct ValuePlace
     CountedValues countedValues() const { return zone->countedValues(zone->fields[position].location()); }
 };
 
-/// Stores one value in place, and the old bits again. No array is held: each way finds the group by the field, which stands
-/// where it stood when the step was made. A range that was known comes back with the bits, so that it is not computed again.
+/// Stores one value in place; reverting it stores the old bits again. The change holds no array: it finds the group by the
+/// place of the field, which is the same whenever the step is undone or redone. A range that was known is restored with the
+/// bits, so that it need not be computed again.
 class ValueEdit : public Change
 {
 public:
-    /// @param copy of the values, to be put in the place of a buffer that is held by others; else null
+    /// @param copy of all values, which replaces a buffer that others hold; null when nobody else holds it
     /// @param event sent after each way
     ValueEdit(EventHub& hub, ValuePlace place, std::uint64_t bits, std::shared_ptr<Buffer> copy,
               StateChangeEvent event);
@@ -41,18 +42,18 @@ private:
     EventHub& m_hub;
     ValuePlace m_place;
     std::uint64_t m_otherBits;
-    KnownRange m_otherRange; ///< what was known with the other bits in place
+    KnownRange m_otherRange; ///< the range as it was known with m_otherBits
     std::shared_ptr<Buffer> m_copy;
     StateChangeEvent m_event;
 };
 
-/// Stores one value in a copy of the values that its field shares with others, for this field alone; and puts the field
-/// back among them.
+/// Gives one of the fields that share values a copy of its own, with one value changed; reverting it puts the field back on the
+/// shared group.
 class BranchEdit : public Change
 {
 public:
     /// @param copy of the values of the shared storage
-    /// @param sharing fields that share it now, told after each way
+    /// @param sharing all fields that share the storage now; an event tells of them after each way
     /// @throws std::bad_alloc
     BranchEdit(EventHub& hub, ValuePlace const& place, std::uint64_t bits, std::shared_ptr<Buffer> copy,
                ZonesAndVariables sharing, StateChangeEvent event);

@@ -9,12 +9,12 @@
 
 namespace veldraw::kernel {
 
-/// An array as a file had it, whose components have become variables; a saver can put them together again.
+/// An array of a file whose components have become variables. When a zone is saved, they are put together again.
 struct SourceArray
 {
     std::string name;
-    std::vector<std::string> variables;      ///< names that the variables were given, one a component
-    std::vector<std::string> componentNames; ///< as the file had them, one a component; empty where it had none
+    std::vector<std::string> variables;      ///< names of the variables when they were imported, one for each component
+    std::vector<std::string> componentNames; ///< names of the components in the file; empty where it had none
 };
 
 /// A variable of a data set. Its number is its position in the data set; its identifier never changes.
@@ -31,10 +31,10 @@ struct Variable
     bool enabled = true;
     AuxiliaryData auxiliaryData;
 
-    /// The array of a file that the variable came from; null when it came from none, or from one of its own with its name. Under
-    /// another name than it was given then, the variable stands for itself.
+    /// The array of which this variable is a component; null when it is none, or the only one of an array with the
+    /// variable's name. A variable that has been renamed since the import counts as none.
     std::shared_ptr<SourceArray const> sourceArray;
-    int component = 0; ///< of it, from 0
+    int component = 0; ///< zero-based number of the component in sourceArray
 };
 
 } // namespace veldraw::kernel

@@ -9,9 +9,10 @@
 
 namespace veldraw::kernel {
 
-/// Takes variables out of a data set, in all zones, and puts them back where they stood. No value is copied or looked at.
+/// Removes variables from a data set, in all zones; reverting it puts them back in their old places. No value is read or
+/// copied.
 ///
-/// While they are out, the change holds their storage.
+/// While the variables are out, the change holds their storage.
 class VariableDeletion : public Change
 {
 public:

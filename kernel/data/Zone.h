@@ -18,10 +18,12 @@ namespace veldraw::kernel {
 /// Strand number of a zone that belongs to no time strand.
 constexpr int staticStrand = 2147483646;
 
-/// A block of points with its cells and one field a variable of the data set.
+/// A block of points with its cells, and one field for each variable of the data set.
 ///
-/// The dimensions may not be known yet: they are all -1 then, and a loader stands by for when they are asked for in earnest.
-/// Until then the zone has no points and no cells.
+/// Dimensions may be loaded on demand: as long as they are not known they are all -1, the zone has no points and no cells, and
+/// dimensionsLoader can bring them. LoadDimensions has it do so.
+///
+/// An importer sets the members of a zone before it adds the zone to a data set. From then on only operations change them.
 struct Zone
 {
     Zone(std::string zoneName, ZoneType_e zoneType, std::int64_t iDim, std::int64_t jDim, std::int64_t kDim);
@@ -41,18 +43,19 @@ struct Zone
     /// points.
     std::int64_t cellCount() const;
 
-    /// Slots that a field of this zone has in its buffer: points, or cells; ordered zones use nodal strides for both.
+    /// Number of slots that a field of this zone has in its buffer: that of points or of cells; for ordered zones always
+    /// that of points (see Field).
     std::int64_t valueCount(ValueLocation_e location) const;
 
     /// Number of dimensions above 1 for ordered zones; 1 for line segments, 2 for surface cells, 3 for volume cells.
     int dimensionality() const;
 
-    /// Range of a variable's finite values in this zone, without those of hidden points and cells and of slots that no cell has.
-    /// Never loads: what is known of values that are not loaded.
+    /// Range of a variable's finite values in this zone, without the values of hidden points and cells and of slots without
+    /// a cell. It never loads: for values that are not loaded it is what is known of their range.
     /// @param variable one-based number. @return Unknown for a bad number, a passive field, or when no value is finite
     ValueRange range(int variable) const;
 
-    /// The points or cells that are hidden, by their value slots; null when none is. They are in no plot and count in no range.
+    /// The value slots of hidden points or cells, which are in no plot and count in no range; null when none is hidden.
     std::shared_ptr<HiddenSlots const> hidden(ValueLocation_e location) const;
 
     /// @param slot zero-based; one that does not exist is not hidden
@@ -70,16 +73,16 @@ struct Zone
     double solutionTime = 0.0;
     int strand = staticStrand;
     bool enabled = true;
-    bool isScattered =
-        false; ///< of an ordered zone with one dimension: its points are no curve, but stand each for itself
+    bool isScattered = false; ///< the points of an ordered zone with one dimension are not joined to a curve
     std::shared_ptr<Connectivity const> connectivity; ///< null for ordered zones
     std::shared_ptr<Blanking const> blanking;         ///< null when no point and no cell is marked
     std::string
         fileFormat; ///< extension of the file that the zone came from, such as "vtp"; empty when it came from none
     AuxiliaryData auxiliaryData;
-    std::shared_ptr<DimensionsLoader> dimensionsLoader;        ///< null when the dimensions are known from the start
-    std::shared_ptr<std::set<UniqueId> const> wantedVariables; ///< whose values are to stay loaded here; null for none
-    std::vector<Field> fields;                                 ///< one a variable, in the order of the variables
+    std::shared_ptr<DimensionsLoader> dimensionsLoader; ///< null when the dimensions are known from the start
+    std::shared_ptr<std::set<UniqueId> const>
+        wantedVariables;       ///< variables whose values stay loaded in this zone; null for none
+    std::vector<Field> fields; ///< one a variable, in the order of the variables
 };
 
 } // namespace veldraw::kernel

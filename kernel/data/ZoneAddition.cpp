@@ -27,7 +27,7 @@ void makeRoom(std::vector<Element>& list, std::size_t more)
     }
 }
 
-/// What the copies take while they stand in no data set; what several share is counted once.
+/// Memory of the copies while they are in no data set; values that several of them share are counted once.
 HeldMemory memoryOf(std::vector<ZoneAddition::Copy> const& copies)
 {
     HeldMemory sum;
@@ -80,8 +80,8 @@ ZoneAddition::ZoneAddition(EventHub& hub, std::shared_ptr<DataSet> dataSet, std:
 void ZoneAddition::apply() noexcept
 {
     for (Copy& copy : m_copies) {
-        copy.zone->fields = copy.source->fields; // into the room that there is
-        if (copy.zone->isDeferred()) {           // what the source has learnt of itself meanwhile
+        copy.zone->fields = copy.source->fields; // within the reserved capacity
+        if (copy.zone->isDeferred()) {           // the dimensions of the source may have been loaded since
             Zone const& now = *copy.source;
             copy.zone->setDimensions({now.i, now.j, now.k, now.connectivity, now.blanking});
         }

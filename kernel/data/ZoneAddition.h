@@ -11,10 +11,10 @@ namespace veldraw::kernel {
 
 /// Appends copies of zones to a data set, and takes them away again. No value is copied or looked at.
 ///
-/// A copy that stands in the data set is on the share groups of its source, but for the fields that are its own. While it
-/// is out, it is on none, so that share counts always tell the fields that there are. The step runs with its source as it
-/// was at first, so the fields that the copy needs when it comes back are those of its source. The storage of its own
-/// fields is held by the step while it is out, and by the zone alone while it is in.
+/// A copy in the data set is on the share groups of its source, except for the fields that it has of its own. While the copy is
+/// out of the data set it is on no group, so that share counts stay true. Whenever the step runs, its source is in the state in
+/// which it was at first, so the copy gets its fields from the source again. The storage of its own fields is held by the step
+/// while the copy is out, and by the zone alone while the copy is in the data set.
 class ZoneAddition : public Change
 {
 public:
@@ -25,10 +25,10 @@ public:
 
         std::shared_ptr<Zone> zone;
         std::shared_ptr<Zone const> source;
-        std::vector<NewField> fields; ///< in the place of those of the source
+        std::vector<NewField> fields; ///< replace those of the source
     };
 
-    /// @param copies in the order in which they are to stand
+    /// @param copies in the order in which they are appended
     /// @throws std::bad_alloc
     ZoneAddition(EventHub& hub, std::shared_ptr<DataSet> dataSet, std::vector<Copy> copies);
 

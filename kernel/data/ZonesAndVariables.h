@@ -11,7 +11,7 @@ struct ZonesAndVariables
     NumberSet variables;
 };
 
-/// Where the fields of @p dataSet stand that have a group that @p isMeant accepts.
+/// The zones and variables of those fields of @p dataSet whose group @p isMeant accepts.
 template <typename Predicate>
 ZonesAndVariables fieldsWhere(DataSet const& dataSet, Predicate const& isMeant)
 {

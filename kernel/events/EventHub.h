@@ -10,9 +10,9 @@ namespace veldraw::kernel {
 
 /// Delivers events synchronously on the calling thread, in order of subscription, after the data is consistent.
 ///
-/// Listeners may subscribe and unsubscribe during a delivery: who left is not called any more, who came is not called
-/// yet. An exception of one listener does not keep the others from hearing the event; it is swallowed, since the change
-/// stands.
+/// Listeners may subscribe and unsubscribe during a delivery: one that has unsubscribed is not called any more, a new one is
+/// called from the next event on. An exception of a listener is ignored, since the change has been made; the other listeners
+/// still get the event.
 class EventHub
 {
 public:

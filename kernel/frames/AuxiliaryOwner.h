@@ -10,8 +10,8 @@ namespace veldraw::kernel {
 
 class Pages;
 
-/// Who owns auxiliary data, found once by its place and from then on by identity: it is still found when its number
-/// changes.
+/// The owner of auxiliary data. It is looked up by its number once and then kept by identity, so it is still found when its
+/// number has changed.
 class AuxiliaryOwner
 {
 public:
@@ -19,7 +19,7 @@ public:
     /// @param object one-based number of a zone, variable or line map; unused for the other kinds
     AuxiliaryOwner(Pages const& pages, AuxDataLocation_e location, int object);
 
-    /// The owner's data; null when there is, or is any more, no such owner.
+    /// The owner's data; null when there is no such owner, or not any more.
     AuxiliaryData* data() const;
 
 private:

@@ -24,13 +24,13 @@ enum class MouseMode
 
 struct Frame;
 
-/// What the kernel asks of whoever draws its pages on a screen.
+/// Draws the pages on a screen. Implemented by the application.
 class Display
 {
 public:
     virtual ~Display() = default;
 
-    /// Draws what has changed while drawing was suspended.
+    /// Draws everything that has changed while drawing was suspended.
     virtual void redraw() = 0;
 
     /// Fits the view of @p frame to its data. @return false when that failed

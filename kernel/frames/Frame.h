@@ -21,7 +21,7 @@ struct Rectangle
     double width = 0.0;
     double height = 0.0;
 
-    /// Whether a frame can stand there: all is finite and the size not negative.
+    /// Whether a frame can be there: all numbers are finite and the size is not negative.
     bool isPlace() const
     {
         bool const isFinite = std::isfinite(x) && std::isfinite(y) && std::isfinite(width) && std::isfinite(height);
@@ -37,7 +37,7 @@ inline bool operator==(Rectangle const& a, Rectangle const& b)
 
 /// A window on a data set: a plot type, the variables on its axes, what is drawn and how.
 ///
-/// Variables are kept by identifier: a deleted variable leaves its axis unassigned, and stands there again after undo.
+/// Variables are kept by identifier. The axis of a deleted variable is unassigned; undo assigns the variable again.
 struct Frame
 {
     Frame(std::string frameName, Rectangle frameRectangle);

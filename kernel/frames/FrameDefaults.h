@@ -15,7 +15,7 @@ namespace veldraw::kernel {
 /// @throws std::bad_alloc
 void layOut(Frame& frame);
 
-/// The same for a frame that nobody has laid out yet; any other stays as it is.
+/// The same for a frame that has not been laid out yet; any other frame stays as it is.
 void layOutIfFresh(Frame& frame);
 
 /// Numbers of the variables called X, Y and Z as layOut() knows them; 0 for a Z that is not there, all 0 without both X and Y.
@@ -24,8 +24,8 @@ std::array<int, 3> coordinatesByName(DataSet const& dataSet);
 /// Number of the variable called t or time, with or without a unit; 0 if there is none.
 int timeByName(DataSet const& dataSet);
 
-/// Whether a picture to scale of something with these lengths along the axes would show no more than a line: the longest is more
-/// than 500 times the next one. What is thinner than 1e-12 of it is a line indeed.
+/// Whether a picture to scale of something with these lengths along the axes would show no more than a line: the longest is
+/// more than 500 times the next one. What is thinner than 1e-12 of it is a line indeed.
 bool isMereLine(std::array<double, 3> lengths);
 
 /// A line map of the first zone, with the second variable over the first. @throws std::bad_alloc

@@ -6,14 +6,15 @@
 
 namespace veldraw::kernel {
 
-/// Puts a frame on a page or takes one off, with the frame that is active afterwards and the places of the others.
+/// Adds a frame to a page or removes one, with the active frame and the places of the other frames afterwards.
 class FrameListChange : public Change
 {
 public:
     /// @param frames   the page's frames afterwards
     /// @param active   its active frame afterwards
-    /// @param applied  what is told, before the new active frame, when the change happens
-    /// @param reverted the same for taking it back
+    /// @param placements places of frames afterwards; frames that are not named stay where they are
+    /// @param applied  event of apply(), sent before the one of the new active frame
+    /// @param reverted the same for revert()
     FrameListChange(EventHub& hub, std::shared_ptr<Page> page, std::vector<std::shared_ptr<Frame>> frames,
                     UniqueId active, std::vector<FramePlacement> placements, StateChangeEvent applied,
                     StateChangeEvent reverted);

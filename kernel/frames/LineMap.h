@@ -17,8 +17,8 @@ struct IndexRange
     std::int64_t skip = 1;
 };
 
-/// One curve of a line plot: a variable over another in one zone. Zone and variables are kept by identifier,
-/// so that deleting a variable and taking it back needs no repair.
+/// One curve of a line plot: a variable over another in one zone. Zone and variables are kept by identifier, so a deleted
+/// variable is shown again after undo.
 struct LineMap
 {
     UniqueId id = nextUniqueId();

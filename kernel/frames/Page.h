@@ -31,10 +31,10 @@ struct FramePlacement
     Rectangle rectangle;
 };
 
-/// Where @p count frames stand in a grid over the whole paper of @p page, row by row.
+/// The places of @p count frames in a grid over the whole paper of @p page, row by row.
 std::vector<Rectangle> gridOver(Page const& page, std::size_t count);
 
-/// The same for the frames that the page has or will have.
+/// These places for @p frames, which need not be on the page yet.
 std::vector<FramePlacement> gridPlaces(Page const& page, std::vector<std::shared_ptr<Frame>> const& frames);
 
 /// A place for one more frame: most of the paper, a little lower and further right for each frame that is there.

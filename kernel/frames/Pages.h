@@ -9,16 +9,16 @@
 
 namespace veldraw::kernel {
 
-/// A walk over frames: which ones, and on which of them it stands. Empty: nobody walks.
+/// A loop over frames: the frames, and the zero-based position of the present one. Empty when there is no loop.
 struct FrameLoop
 {
     std::vector<std::weak_ptr<Frame>> frames;
     std::size_t position = 0;
 };
 
-/// The pages of a session with their frames: who is where, which page and frame are active, and a walk over the frames.
+/// The pages of a session with their frames: the active page, its active frame, and a loop over its frames.
 ///
-/// Pages and frames are shared objects: an operation holds those that it is about. Changes of the lists tell nobody here; the
+/// Pages and frames are shared objects, so an operation can hold those that it changes. This class sends no events; the
 /// session and the steps of its history do.
 class Pages
 {
@@ -28,10 +28,10 @@ public:
 
     std::vector<std::shared_ptr<Page>> const& all() const { return m_pages; }
 
-    std::shared_ptr<Page> activePage() const;   ///< null when there is no page
-    std::shared_ptr<Frame> activeFrame() const; ///< where the walk stands, if there is one; null when there is no frame
-    std::shared_ptr<DataSet> activeDataSet() const;      ///< data set of the active frame, null when there is none
-    std::shared_ptr<Frame> frame(UniqueId id) const;     ///< null when there is none
+    std::shared_ptr<Page> activePage() const;        ///< null when there is no page
+    std::shared_ptr<Frame> activeFrame() const;      ///< during a loop its present frame; null when there is no frame
+    std::shared_ptr<DataSet> activeDataSet() const;  ///< data set of the active frame, null when there is none
+    std::shared_ptr<Frame> frame(UniqueId id) const; ///< null when there is none
     std::shared_ptr<Page> pageOf(UniqueId frame) const;  ///< null when no page has the frame
     std::shared_ptr<DataSet> dataSet(UniqueId id) const; ///< null when no frame shows it
 
@@ -41,19 +41,19 @@ public:
     /// The data sets that frames show, each once.
     std::vector<std::shared_ptr<DataSet>> dataSets() const;
 
-    /// Puts other pages in the place of all, the first of them active; ends the walk.
+    /// Replaces all pages, makes the first of the new ones active, and ends the loop.
     void replace(std::vector<std::shared_ptr<Page>> pages) noexcept;
 
     /// Makes a frame of @p page active, and the page with it. @return false when both are that already
     bool activate(Page& page, UniqueId frame) noexcept;
 
-    // ---- walk over the frames of the active page -------------------------------------------------------------------
-    /// Stands on the first frame, which counts as the active one until the walk goes on or ends.
-    /// @return false, with no walk, when there is no frame. @throws std::bad_alloc
+    // ---- loop over the frames of the active page -------------------------------------------------------------------
+    /// Starts a loop at the first frame. The present frame of the loop counts as the active one until the loop ends.
+    /// @return false, without a loop, when there is no frame. @throws std::bad_alloc
     bool startLoop();
-    bool nextInLoop(); ///< @return false, standing where it stood, when there is no further frame
+    bool nextInLoop(); ///< @return false, with the present frame unchanged, when it is the last
     void endLoop() noexcept { m_loop = {}; }
-    /// Puts another walk in the place of the present one, which it returns: an empty one sets the present one aside.
+    /// Replaces the present loop and returns it. An empty @p loop suspends the present one, which can be put back later.
     FrameLoop exchangeLoop(FrameLoop loop) noexcept;
 
 private:

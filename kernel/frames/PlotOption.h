@@ -7,8 +7,8 @@ namespace veldraw::kernel {
 
 struct Frame;
 
-/// Something that the plot of a frame shows or not. What the session, the style tree and the menus know of an option stands in
-/// plotOptions(); beside it there are the member of Frame and the view that draws it.
+/// Something that the plot of a frame shows or not. Session, style tree and menus take the options from plotOptions();
+/// otherwise an option is only a member of Frame and code in the view that draws it.
 struct PlotOption
 {
     enum class Plots

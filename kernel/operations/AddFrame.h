@@ -8,8 +8,8 @@ namespace veldraw::kernel {
 
 /// Puts a frame on the active page, over the others, and makes it active. "New Frame"; events 8, 10.
 ///
-/// A frame with a data set that nobody has laid out yet is laid out. Refused: no page, a frame that is on a page already, a size
-/// that is negative or not finite.
+/// A frame with a data set that nobody has laid out yet is laid out. Refused: no page, a frame that is on a page already, a
+/// size that is negative or not finite.
 class AddFrame : public Operation
 {
 public:
@@ -37,7 +37,8 @@ private:
     bool m_isOnPage = false;
 };
 
-/// Takes a frame off its page; the one in front is active then. "Delete Frame"; events 9, 10. Refused: a frame that does not exist.
+/// Takes a frame off its page; the one in front is active then. "Delete Frame"; events 9, 10. Refused: a frame that does
+/// not exist.
 class DeleteFrame : public Operation
 {
 public:

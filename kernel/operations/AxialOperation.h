@@ -6,14 +6,15 @@
 
 namespace veldraw::kernel {
 
-/// Turns zones about an axis, their vectors with them: what a rotation in place and a duplication have in common.
+/// Rotates zones and their vectors about an axis: what RotateZones and DuplicateZonesAxially have in common.
 ///
-/// All is computed in double and stored as float or double: whole numbers become floating ones that hold them. A passive component
-/// counts as 0 and stays passive where it stays 0. Points and vectors that are not finite stay as they are.
+/// Results are computed in double precision and stored as float or double; integer types become a floating-point type that
+/// holds all their values. A passive component counts as 0 and stays passive where it stays 0. Points and vectors that are
+/// not finite keep their values.
 ///
-/// Refused: a locked data set, an empty set of zones, zones or variables that do not exist, variables named twice, an axis without
-/// direction or not finite, a plane turned out of itself, an angle that is not finite, a vector (or point) whose components have
-/// their values at different places.
+/// Refused: a locked data set, an empty set of zones, zones or variables that do not exist, variables named twice, an axis
+/// without direction or not finite, a plane that would be rotated out of itself, an angle that is not finite, a vector (or
+/// point) whose components have their values at different places.
 class AxialOperation : public DataSetOperation
 {
 public:
@@ -29,7 +30,7 @@ protected:
     SpatialVariables const& variables() const { return m_variables; }
     RotationAxis const& axis() const { return m_axis; }
 
-    /// Sees to it that all which @p rotation involves is loaded, and that what it leaves as it is will be told.
+    /// The load of everything that @p rotation involves. Also notes for remark() the vectors that are not rotated.
     std::shared_ptr<DeferredLoad> prepare(Rotation const& rotation);
     DeferredLoad const& load() const { return *m_load; }
 

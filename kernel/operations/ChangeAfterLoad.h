@@ -6,8 +6,8 @@
 
 namespace veldraw::kernel {
 
-/// A change that needed values which were not loaded: the first time it happens, the data set takes these as well. To take
-/// the change back does not unload them.
+/// A change for which values had to be loaded. The first apply() also gives the loaded values to the data set; revert()
+/// does not unload them.
 class ChangeAfterLoad : public Change
 {
 public:

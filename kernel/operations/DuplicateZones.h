@@ -4,12 +4,12 @@
 
 namespace veldraw::kernel {
 
-/// Appends a copy of each zone, in the order of the zones. "Create Duplicate Zone"; event 4 with the copies. Constant time in the
-/// number of points.
+/// Appends a copy of each zone, in the order of the zones. "Create Duplicate Zone"; event 4 with the copies. Constant time
+/// in the number of points.
 ///
 /// A copy has the name, type, dimensions, solution time, strand and auxiliary data of its source, and shares its
 /// connectivity and all its values: every field is on the share group of the source's field, so that nothing is
-/// copied until one of them is branched off to be written. A copy in a time strand thus stands beside its source at
+/// copied until one of them is branched off to be written. A copy in a time strand thus has its source beside it at
 /// the same moment, and a copy of a static zone is static. It has an identifier of its own and is enabled, also when
 /// its source is not.
 ///

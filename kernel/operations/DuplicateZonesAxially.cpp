@@ -21,7 +21,7 @@ public:
     AxialDuplication(DataSet const& dataSet, NumberSet const& zones, SpatialVariables const& variables,
                      RotationAxis const& axis, AxialCopies const& copies);
 
-    /// Where the values are that are not loaded in the data set; to be told before run().
+    /// Sets the load that has the values which are not in the data set yet. To be called before run().
     void setDeferred(DeferredLoad const& deferred) { m_deferred = &deferred; }
 
     /// Makes all copies with their values. May run on any thread as long as the data set stays as it is.
@@ -89,10 +89,11 @@ void AxialDuplication::run(Progress& progress)
 
 void AxialDuplication::requireMemoryForAll(Progress& progress) const
 {
-    double const available = availableMemory(); // asked before: small storage is in use as soon as it is there
+    double const available =
+        availableMemory(); // before prepare(): small storage takes memory as soon as it is allocated
     double most = 0;
     for (int number = 1; number <= std::min(m_arrangement.count, 2);
-         ++number) { // one of the two may stand on its source
+         ++number) { // one of the two may be at 0 degrees and need no values
         std::unique_ptr<FieldRotation> const rotation = rotationOfCopy(number);
         double bytes = 0;
         for (auto const& source : m_sources) {
@@ -144,7 +145,7 @@ std::string DuplicateZonesAxially::reasonAgainst() const
 
 std::shared_ptr<DeferredLoad> DuplicateZonesAxially::needs()
 {
-    constexpr long double anyAngle = 1; // the copies may turn by different ones
+    constexpr long double anyAngle = 1; // the copies have different ones
     return prepare(Rotation(axis(), anyAngle));
 }
 

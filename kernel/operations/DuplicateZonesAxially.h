@@ -5,20 +5,21 @@
 
 namespace veldraw::kernel {
 
-/// How copies of a zone are spread about an axis: copy k, from 1 on, at offset + k * angle.
+/// The angles of the copies of a zone about an axis: copy k, from 1 on, is at offset + k * angle.
 struct AxialCopies
 {
     double angle = 0.0;  ///< degrees
     double offset = 0.0; ///< degrees
     int count = 1;
-    bool addToStrands = true; ///< false: a strand of its own for each strand of the sources and each k
+    bool addToStrands = true; ///< false: each strand of the sources gets a new strand for each k
 };
 
-/// Appends copies of zones, turned about an axis as AxialOperation says: first a copy of each zone at offset + angle, then at offset
-/// + 2 angle and so on. "Axial Duplication"; event 4 with the copies. The source itself stays where it is.
+/// Appends copies of zones, rotated about an axis as AxialOperation says: first a copy of each zone at offset + angle, then
+/// a copy of each at offset + 2 * angle, and so on. "Axial Duplication"; event 4 with the copies. The sources are not
+/// changed.
 ///
-/// A copy is as that of DuplicateZones with the turned values of RotateZones; all that does not change is shared with its source.
-/// Also refused: fewer than one copy, and more zones than can be counted.
+/// A copy is like one of DuplicateZones, with rotated values as by RotateZones. What the rotation does not change is shared
+/// with the source. Also refused: fewer than one copy, and more zones than can be counted.
 class DuplicateZonesAxially : public AxialOperation
 {
 public:

@@ -4,8 +4,8 @@
 
 namespace veldraw::kernel {
 
-/// Lets a zone take part in plots and operations, or not. "Enable Zone", "Disable Zone"; event 6. Refused: a number that does not
-/// exist. A lock does not forbid it.
+/// Lets a zone take part in plots and operations, or keeps it out of them. "Enable Zone", "Disable Zone"; event 6. Refused:
+/// a number that does not exist. A lock does not forbid it.
 class EnableZone : public DataSetOperation
 {
 public:

@@ -9,7 +9,7 @@ namespace veldraw::kernel {
 
 namespace {
 
-/// Where the values of the components are, which must be the same place for all.
+/// The location of the values of the components, which must be the same for all.
 struct Place
 {
     ValueLocation_e location = ValueLocation_Nodal;
@@ -92,13 +92,13 @@ FieldRotation::Results FieldRotation::resultsOf(Sources const& sources, bool isV
     Results results = known->second;
     addTask(sources, isVector ? m_ofVectors : m_ofPoints, count, results);
     for (std::size_t component = 0; component < 3 && isNew; ++component) {
-        // What was passive was on no storage with others, so what becomes of it is of this zone alone.
+        // A passive component shared no storage, so its new values are those of this zone alone.
         known->second[component] = sources[component].hasValues() ? results[component] : nullptr;
     }
     return results;
 }
 
-/// Whether the rotation leaves a component 0 everywhere that is so before, as the others are whose field is passive.
+/// Whether a component that is passive stays 0: all components that the rotation mixes into it are passive as well.
 bool FieldRotation::staysZero(Rotation const& rotation, std::size_t row, FieldRotation::Sources const& sources)
 {
     double constant = rotation.origin()[row];

@@ -9,10 +9,10 @@
 
 namespace veldraw::kernel {
 
-/// Turns the coordinates of zones, and with them their vectors.
+/// Rotates the coordinates of zones and their vectors.
 ///
-/// A passive component counts as 0, as everywhere. It stays passive where the rotation leaves it 0, and gets values
-/// where it does not; a zone without any coordinate, or without any component of the vector, keeps what it has.
+/// A passive component counts as 0. It stays passive if the rotation leaves it 0, and gets values if not. A zone whose
+/// coordinates are all passive keeps them as they are; so does a zone whose vector is passive.
 class FieldRotation : public FieldTransformation
 {
 public:

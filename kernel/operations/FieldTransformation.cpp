@@ -8,7 +8,8 @@ std::vector<FieldReplacement::ZonePart> transformZones(DataSet const& dataSet, N
                                                        FieldTransformation& transformation, Progress& progress)
 {
     std::vector<FieldReplacement::ZonePart> parts;
-    double const available = availableMemory(); // asked before: small storage is in use as soon as it is there
+    double const available =
+        availableMemory(); // before prepare(): small storage takes memory as soon as it is allocated
     for (int const number : zones) {
         progress.check();
         std::shared_ptr<Zone> const zone = dataSet.zone(number);

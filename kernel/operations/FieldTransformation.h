@@ -10,17 +10,17 @@
 
 namespace veldraw::kernel {
 
-/// Computes fields of zones anew, into storage of their own. First every zone is prepared, then all is computed.
+/// Computes new values for fields of zones, in new storage. First every zone is prepared, then everything is computed.
 ///
-/// What zones share before, they share afterwards: it is computed once.
+/// Zones that shared values before share the new ones afterwards; they are computed once.
 class FieldTransformation
 {
 public:
     FieldTransformation() = default;
     virtual ~FieldTransformation() = default;
 
-    /// Where the values are that are not loaded in the data set. To be told before the first zone is prepared; all that is
-    /// needed has been loaded by then.
+    /// Sets the load that has the values which are not in the data set yet. To be called before the first prepare(), when
+    /// everything that is needed has been loaded.
     void setDeferred(DeferredLoad const& deferred) { m_deferred = &deferred; }
 
     /// The fields of @p zone that change, on storage that has yet to be filled.
@@ -30,10 +30,10 @@ public:
     /// Fills the storage of all that has been prepared. @throws Interrupted
     virtual void compute(Progress& progress) const = 0;
 
-    /// Work that compute() counts up.
+    /// Units of work that compute() adds to the progress.
     virtual std::int64_t work() const = 0;
 
-    /// Memory of all that has been prepared.
+    /// Bytes of the storage of all fields that have been prepared.
     virtual std::int64_t bytes() const = 0;
 
     FieldTransformation(FieldTransformation const&) = delete;
@@ -54,8 +54,9 @@ private:
     DeferredLoad const* m_deferred = nullptr;
 };
 
-/// Prepares zones, then computes them. @param zones one-based numbers that exist. @return one part for each zone, in their order
-/// @throws what either throws; NotEnoughMemory before anything is computed
+/// Prepares zones, then computes them. @param zones one-based numbers that exist. @return one part for each zone, in their
+/// order
+/// @throws what prepare() and compute() throw; NotEnoughMemory before anything is computed
 std::vector<FieldReplacement::ZonePart> transformZones(DataSet const& dataSet, NumberSet const& zones,
                                                        FieldTransformation& transformation, Progress& progress);
 

@@ -10,7 +10,7 @@ namespace veldraw::kernel {
 
 constexpr char noFrame[] = "There is no such frame.";
 
-/// An operation on a frame: what it is called, where it stands and what it shows. No lock of a data set forbids it.
+/// An operation on a frame: its name, its place or what it shows. No lock of a data set forbids it.
 class FrameOperation : public Operation
 {
 public:

@@ -4,12 +4,12 @@
 
 namespace veldraw::kernel {
 
-/// Brings values or dimensions that are not loaded.
+/// Loads values or dimensions.
 ///
-/// Loading changes no value: it is no step of the history, and a locked data set can be loaded as well. What is loaded for one
-/// field is loaded for all that share its storage. Event 21 with the fields whose values have come or gone, after event 23
-/// with the zones whose dimensions have become known. Refused, with all as it was: numbers that do not exist, a loader that fails,
-/// no memory, a cancel.
+/// Loading changes no value, so it is no step of the history, and it is allowed in a locked data set. Values are loaded for
+/// all fields that share their storage. Event 23 with the zones whose dimensions have become known, then event 21 with the
+/// fields whose values were loaded or unloaded. Refused, with nothing changed: numbers that do not exist, a loader that
+/// fails, no memory, a cancel.
 class LoadOperation : public DataSetOperation
 {
 public:
@@ -22,7 +22,7 @@ protected:
     using DataSetOperation::DataSetOperation;
 };
 
-/// Loads variables in zones; what is wanted there stays as it was.
+/// Loads variables in zones. The set of wanted variables of the zones does not change.
 class LoadVariables : public LoadOperation
 {
 public:
@@ -47,7 +47,7 @@ private:
     NumberSet m_variables;
 };
 
-/// Makes variables available in zones, and takes them for all that is wanted there from now on.
+/// Loads variables in zones and makes them the set of wanted variables there, whose values stay loaded.
 class MakeVariablesAvailable : public LoadVariables
 {
 public:
@@ -56,7 +56,7 @@ public:
     std::shared_ptr<DeferredLoad> needs() override;
 };
 
-/// Finds out the dimensions of a zone.
+/// Loads the dimensions of a zone.
 class LoadDimensions : public LoadOperation
 {
 public:

@@ -8,9 +8,9 @@ namespace veldraw::kernel {
 
 /// Appends a mirrored copy of each zone of a frame's data set. "Create Mirror Zone"; event 4 with the copies.
 ///
-/// A copy is as that of DuplicateZones, but for the other sign of one coordinate and of the component of the frame's
-/// vector along it, in all zones where these are not passive. Cells keep their corners in their order, so that they
-/// are turned inside out: connectivity is shared, and its corners run the other way round.
+/// A copy is like one of DuplicateZones, but one coordinate and the component of the frame's vector along it have the opposite
+/// sign, unless they are passive. Connectivity is shared with the source, so the corners of the mirrored cells are in the
+/// opposite sense of rotation.
 ///
 /// Refused: as DuplicateZones; a coordinate that is not assigned; a component of the vector that is another coordinate.
 class MirrorZones : public FrameOperation

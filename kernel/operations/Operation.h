@@ -20,9 +20,12 @@ class Pages;
 ///
 ///     bool const isDone = session.perform(DeleteVariables(dataSet, {3, 5}));
 ///
-/// The members below are called by the session alone, in the order in which they stand here. What all operations have in
-/// common (one at a time, the data set's lock, loading, the thread that computes, cancel, history, the reason of a refusal) is
-/// the session's work. Derive from DataSetOperation or FrameOperation. What changes no data and no page, such as a pick, is none.
+/// Only the session calls the members below, in the order in which they are declared. It also does what all operations have in
+/// common: it lets one run at a time, heeds the data set's lock, loads, computes on a thread of its own, ends after a cancel,
+/// fills the history and keeps the reason of a refusal.
+///
+/// Derive a new operation from DataSetOperation or FrameOperation. Make none for what changes no data and no page, such as
+/// a pick.
 class Operation
 {
 public:
@@ -32,47 +35,49 @@ public:
     /// What the undo menu and the progress window call it, for instance "Delete Variable".
     virtual std::string name() const = 0;
 
-    /// Finds what the operation is about. @return why it is not there, empty when it is. @throws std::bad_alloc
+    /// Finds the data set, frame or page that the operation changes. @return why there is none, empty when it was found.
+    /// @throws std::bad_alloc
     virtual std::string find(Pages const& pages) = 0;
 
     /// The data set whose lock forbids the operation; null when no lock does.
     virtual DataSet const* lockable() const { return nullptr; }
 
-    /// Why it cannot be carried out, empty when it can. It may be told in a message box. @throws std::bad_alloc
+    /// Why the operation cannot be carried out, as a sentence for a message box; empty when it can. @throws std::bad_alloc
     virtual std::string reasonAgainst() const { return {}; }
 
-    /// Whether it needs values that may have to be loaded, or computes: then needs() and compute() are called.
+    /// Whether needs() and compute() are called: true for an operation that computes, or needs values that may not be loaded.
     virtual bool isLong() const { return false; }
 
     /// The values and dimensions that compute() reads. @return never null. @throws std::bad_alloc
     virtual std::shared_ptr<DeferredLoad> needs() { return nullptr; }
 
-    /// Computes aside, with all that is needed at hand and nothing changed. May be called on any thread, and again when memory
-    /// was refused and room has been made. @throws Interrupted, std::bad_alloc, std::exception with a reason
+    /// Computes the results, without changing the data set, once all that needs() names has been loaded. It may run on any
+    /// thread. When it throws std::bad_alloc, the session may free memory and call it again.
+    /// @throws Interrupted, std::bad_alloc, std::exception with a reason
     virtual void compute(Progress& progress) { static_cast<void>(progress); }
 
-    /// The step for the history; null when nothing changes. @param events where the step tells of itself
+    /// The step for the history; null when nothing changes. @param events takes the events of the step
     /// @throws std::bad_alloc
     virtual std::shared_ptr<Change> makeChange(EventHub& events) = 0;
 
-    /// Whether what has been loaded stays also without a change. Loading alone is no step of the history.
+    /// Whether the operation does nothing but load: what was loaded stays, though there is no step for the history.
     virtual bool onlyLoads() const { return false; }
 
-    /// What an operation that has succeeded did not do, in words for the message log; empty when there is no such thing.
+    /// Text for the message log on what an operation that succeeded did not do; empty when it did everything.
     virtual std::string remark() const { return {}; }
 
     Operation(Operation const&) = delete;
     Operation& operator=(Operation const&) = delete;
 };
 
-/// Who carries out operations: the session, for those who need no more of it.
+/// Carries out operations. The session implements it; code that needs no more of the session takes this.
 class OperationPerformer
 {
 public:
     OperationPerformer() = default;
     virtual ~OperationPerformer() = default;
 
-    /// @return false when it was refused or failed: nothing has changed then, and lastError() tells the reason
+    /// @return false when the operation was refused or failed. Nothing has changed then, and lastError() gives the reason.
     virtual bool perform(Operation& operation) noexcept = 0;
     bool perform(Operation&& operation) noexcept { return perform(operation); }
 

@@ -5,11 +5,11 @@
 
 namespace veldraw::kernel {
 
-/// Turns zones in place about an axis, as AxialOperation says. "Axial Rotation"; event 0 with the zones and the variables that got
-/// other values. Without an event and a step when no value changes, as after a full turn.
+/// Rotates zones in place about an axis, as AxialOperation says. "Axial Rotation"; event 0 with the zones and the variables
+/// that got other values. No event and no step when no value changes, as in a rotation by 360 degrees.
 ///
-/// The new values stand on storage of their own; what the given zones shared among themselves they go on sharing, and zones that are
-/// not given keep what they have.
+/// The new values are in new storage. What the given zones shared among themselves they still share; zones that are not
+/// given keep their values.
 class RotateZones : public AxialOperation
 {
 public:

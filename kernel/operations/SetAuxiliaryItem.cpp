@@ -9,12 +9,12 @@ namespace veldraw::kernel {
 
 namespace {
 
-/// Gives an owner other auxiliary data, and the old ones back.
+/// Replaces the auxiliary data of an owner.
 class AuxiliaryEdit : public Change
 {
 public:
-    /// @param data what the owner gets
-    /// @param kind event when it gets them; the one of an addition when they are taken back is that of a deletion
+    /// @param data the owner's new data
+    /// @param kind event of apply(), and of revert(), which tells an addition as a deletion
     AuxiliaryEdit(EventHub& hub, AuxiliaryOwner owner, AuxiliaryData data, StateChange_e kind);
 
     void apply() noexcept override { exchange(m_kind); }

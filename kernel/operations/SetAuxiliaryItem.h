@@ -7,8 +7,8 @@
 
 namespace veldraw::kernel {
 
-/// Adds or alters an item of auxiliary data. "Auxiliary Data"; event 41 or 43, and 42 when an addition is taken back. Without a step
-/// when the item is there already. Refused: no such owner, a name that is none. A lock does not forbid it.
+/// Adds or alters an item of auxiliary data. "Auxiliary Data"; event 41 or 43, and 42 when an addition is taken back.
+/// Without a step when the item is there already. Refused: no such owner, a name that is none. A lock does not forbid it.
 class SetAuxiliaryItem : public Operation
 {
 public:

@@ -23,9 +23,9 @@ private:
     PlotType_e m_plotType;
 };
 
-/// Puts a variable on an axis of a frame, makes it a component of its vector or its contour variable. "Assign Variable"; event 7:
-/// "TwoDAxis" or "ThreeDAxis", "GlobalTwoDVector" or "GlobalThreeDVector", "GlobalContour". Refused: a frame without a data set, a
-/// letter that the plot type has no place for, a variable that does not exist.
+/// Puts a variable on an axis of a frame, makes it a component of its vector or its contour variable. "Assign Variable";
+/// event 7: "TwoDAxis" or "ThreeDAxis", "GlobalTwoDVector" or "GlobalThreeDVector", "GlobalContour". Refused: a frame
+/// without a data set, a letter that the plot type has no place for, a variable that does not exist.
 class AssignVariable : public FrameOperation
 {
 public:

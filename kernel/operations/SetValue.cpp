@@ -11,7 +11,7 @@ namespace veldraw::kernel {
 
 namespace {
 
-/// Whether a slot of a field at the cells of an ordered zone belongs to one.
+/// Whether a slot of a cell-centred field of an ordered zone belongs to a cell.
 bool isCell(Zone const& zone, std::int64_t index)
 {
     std::int64_t const i = index % zone.i;
@@ -61,12 +61,13 @@ bool fits(double value, FieldDataType_e type, Span const& span)
     if (type == FieldDataType_Float) {
         return !std::isfinite(value) || std::isfinite(static_cast<float>(value));
     }
-    double const stored = type == FieldDataType_Bit ? value : std::round(value); // any part of 1 is a bit that is set
+    double const stored =
+        type == FieldDataType_Bit ? value : std::round(value); // anything between 0 and 1 sets the bit
     return stored >= span.min && stored <= span.max;
 }
 
-/// Why a number cannot be stored as @p type without becoming quite another one, in words that name the limits; empty when it
-/// can. Integer types round it first. Single precision takes infinities and NaN, but no finite number that would become infinite.
+/// Why a number is beyond the limits of @p type, with these limits; empty when it can be stored. Integer types round it
+/// first. Single precision takes infinities and NaN, but no finite number that would become infinite.
 std::string reasonAgainstStoring(double value, FieldDataType_e type)
 {
     Span const span = spanOf(type);
@@ -119,7 +120,7 @@ bool SetValue::isLong() const
 std::shared_ptr<DeferredLoad> SetValue::needs()
 {
     auto load = std::make_shared<DeferredLoad>(*dataSet());
-    load->addField(m_zone, m_variable); // is loaded, and must not make room for its own copy
+    load->addField(m_zone, m_variable); // is loaded; named so that it is not unloaded to make room for its copy
     return load;
 }
 

@@ -6,12 +6,11 @@
 namespace veldraw::kernel {
 
 /// Stores one value, converted to the type of the field: rounded for whole numbers. "Edit Value"; event 0 with the zones
-/// and variables that see the new value, and event 22 after it when storage was branched. Without a step when the value is that
-/// already.
+/// and variables that have the new value, then event 22 if storage was branched. No step when the field has the value already.
 ///
-/// An edit of storage that is shared goes to all its fields, or, with automatic branching, to this field alone, which gets a
-/// copy of the values first. No other edit copies any, unless somebody reads the buffer at that moment. To take an edit
-/// back is to store the old bits again.
+/// An edit of shared storage changes all fields on it. With automatic branching it changes this field only, which first gets a
+/// copy of the values. No other edit copies values, unless something else holds the buffer at that moment. Undo stores the old
+/// bits again.
 ///
 /// Refused: a locked data set, numbers that do not exist, an index past the values or in a slot of no cell, a passive
 /// field, values that are not loaded, a number beyond the limits of the type.

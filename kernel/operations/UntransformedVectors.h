@@ -8,13 +8,13 @@ namespace veldraw::kernel {
 ///
 /// These are arrays of a file with 3, 6 or 9 components, colours left out, and variables that came one by one but are called
 /// as the components of a vector: u, v, w, or alike but for an x, y, z in front or at the end, as "velocity_x [m/s]".
-/// @param transformed one-based numbers of the variables that an operation has transformed, coordinates included
+/// @param transformed one-based numbers of the variables that an operation has rotated or mirrored, coordinates included
 /// @param dimensions 3, or 2 in the plane, where the third component of a vector does not count
 std::vector<std::string> untransformedVectors(DataSet const& dataSet, NumberSet const& zones,
                                               NumberSet const& transformed, std::size_t dimensions);
 
-/// What an operation leaves as it is though it is a vector or a tensor, in words for the message log; empty when there is no such
-/// thing. @param operation its name
+/// Text for the message log on the vectors and tensors that an operation did not transform; empty when there are none.
+/// @param operation name of the operation
 std::string remarkOnUntransformedVectors(std::string const& operation, DataSet const& dataSet, NumberSet const& zones,
                                          NumberSet const& transformed, std::size_t dimensions);
 

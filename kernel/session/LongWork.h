@@ -7,19 +7,19 @@
 
 namespace veldraw::kernel {
 
-/// Runs computations, one at a time, and knows of the user's cancel.
+/// Runs computations, one at a time, and lets the user cancel them.
 class LongWork
 {
 public:
-    /// What waits while a computation runs; null (as at first) for nothing but the wait itself. Not owned: to be taken
-    /// back before it goes.
+    /// Sets what waits while a computation runs; with null (as at first) work runs on the calling thread. Not owned: set null
+    /// before the waiter is destroyed.
     void setWaiter(Waiter* waiter) { m_waiter = waiter; }
 
     /// Whether a computation runs. Ask on the user-interface thread.
     bool isBusy() const { return m_isBusy; }
 
-    /// Set by the user's cancel, taken back when the next computation starts. May be asked for and set on any thread; setting
-    /// it interrupts the computation that is running.
+    /// Whether the user has cancelled; false again when the next computation starts. Setting it interrupts the computation
+    /// that is running. Both may be called on any thread.
     bool isInterrupted() const { return m_isInterrupted; }
     void setInterrupted(bool interrupted);
 

@@ -45,7 +45,7 @@ void RoomForValues::run(std::string const& name, std::function<void(Progress&)> 
         } catch (NotEnoughMemory const& refusal) {
             missing = refusal.missing;
         } catch (std::bad_alloc const&) {
-            // Nobody knows how much would have sufficed.
+            // The exception does not tell how much memory is missing.
         }
         makeRoom(missing);
     }
@@ -79,7 +79,7 @@ void RoomForValues::keepWithinLimit() noexcept
     }
 }
 
-/// Values that fields share count more than once, so that nobody has to remember which have been seen.
+/// Shared values count once for each field, so that no list of the groups is needed.
 double RoomForValues::loadedBytesAtMost() const
 {
     double sum = 0;

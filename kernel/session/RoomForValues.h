@@ -6,12 +6,12 @@
 
 namespace veldraw::kernel {
 
-/// Lets spare values of a session go where an operation with a load needs their room, and tells of it at the end of its scope,
-/// when the operation is done with the data sets.
+/// Unloads spare values of a session when an operation needs their memory. The events are sent by the destructor, when the
+/// operation no longer reads the data sets.
 class RoomForValues
 {
 public:
-    /// @param load what the operation needs, which is never let go of
+    /// @param load what the operation needs, which is never unloaded
     RoomForValues(Session& session, DeferredLoad const& load)
         : m_session(session)
         , m_load(load)
@@ -19,11 +19,11 @@ public:
     }
     ~RoomForValues();
 
-    /// Runs an operation of the session. Where memory is refused, spare values make room as far as that can suffice, and the
-    /// work begins again; so it must be able to. @throws what the work throws
+    /// Runs the work of an operation. When it throws for lack of memory, spare values are unloaded, if they can be enough,
+    /// and the work is called again; so @p work must be able to start anew. @throws what the work throws
     void run(std::string const& name, std::function<void(Progress&)> const& work);
 
-    /// Lets spare values go above the session's limit.
+    /// Unloads spare values until the loaded values are within the session's limit.
     void keepWithinLimit() noexcept;
 
     RoomForValues(RoomForValues const&) = delete;

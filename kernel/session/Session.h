@@ -18,11 +18,18 @@ class StyleTree;
 
 /// The one kernel of the process: pages, their frames, the data sets in them, events and history.
 ///
-/// Data and pages are changed by operations (see Operation), each given to perform(): it is checked first, then carried out
-/// whole or not at all, told to the listeners, and can be undone under the name that the user saw. An operation that is refused
-/// changes nothing, sends nothing and leaves its reason in lastError(). What is not undoable (which page there is, which
-/// frame is active, the state of the work area) is done by members of this class, which are refused in the same way. All
-/// calls belong to the user-interface thread. While an operation waits for its computation, every other one is refused.
+/// Data and pages are changed by operations (see Operation):
+///
+///     if (!session.perform(RenameZone(*dataSet, 1, "Wing"))) {
+///         show(session.lastError());
+///     }
+///
+/// An operation is checked first, then carried out as a whole or not at all. It sends its events and becomes a step of the
+/// history. An operation that is refused changes nothing, sends nothing and leaves its reason in lastError(). Members of
+/// this class do what cannot be undone: opening pages, activating a frame, changing the state of the work area. They are
+/// refused in the same way.
+///
+/// Call the session on the user-interface thread only. While an operation computes, every other one is refused.
 class Session final : public OperationPerformer
 {
 public:
@@ -43,7 +50,7 @@ public:
     using OperationPerformer::perform;
     bool perform(Operation& operation) noexcept override;
 
-    /// Takes the newest step back. The step's own events, then event 24. @return false when there is none
+    /// Undoes the newest step. Sends the events of the step, then event 24. @return false when there is no step
     bool undo();
     bool redo();
 
@@ -51,11 +58,11 @@ public:
     std::string const& lastError() const override { return m_lastError; }
     void setLastError(std::string error) { m_lastError = std::move(error); }
 
-    /// Notes why something is refused; always false.
+    /// Stores the reason of a refusal for lastError(). @return false
     bool refuse(char const* reason) noexcept;
     bool refuse(std::string reason) noexcept;
 
-    /// Who hears what an operation that has succeeded did not do, in words for the message log; nobody at first.
+    /// Sets the function that is called with the remark of an operation (see Operation::remark()); none at first.
     void setRemarkListener(std::function<void(std::string const&)> listener) { m_remarkListener = std::move(listener); }
 
     // ---- pages and frames ------------------------------------------------------------------------------------------
@@ -66,17 +73,16 @@ public:
     std::shared_ptr<Frame> frame(UniqueId id) const { return m_pages.frame(id); }      ///< null when there is none
     std::shared_ptr<DataSet> dataSet(UniqueId id) const { return m_pages.dataSet(id); } ///< null when no frame shows it
 
-    /// Throws all pages away and starts with an empty page; the history is forgotten. Events 16, 10.
+    /// Replaces all pages by an empty one and clears the history. Events 16, 10.
     void clear();
 
-    /// Throws even the page away (nothing left at all). Events 16.
+    /// Removes all pages and clears the history. Event 16.
     void removeAllPages();
 
-    /// Puts @p frames on one fresh page, side by side in a grid, the first active; the history is forgotten. Events
-    /// 16, 10.
+    /// Replaces all pages by one with @p frames in a grid, the first of them active, and clears the history. Events 16, 10.
     void openPage(std::vector<std::shared_ptr<Frame>> frames);
 
-    /// Adds a new frame without data (see AddFrame). @return null when it is refused
+    /// Adds a new frame without data (see AddFrame). @return null when that is refused
     std::shared_ptr<Frame> createFrame(std::string const& name, Rectangle const& rectangle);
 
     /// Not undoable. Event 10 when another frame becomes active.
@@ -89,20 +95,20 @@ public:
 
     void setLock(DataSet& dataSet, std::string const& holder); ///< empty holder = unlock; event 14
 
-    /// A walk over the frames of the active page (see Pages). Nothing is sent.
+    /// A loop over the frames of the active page (see Pages). No events.
     bool startFrameLoop();
     bool nextFrameInLoop() { return m_pages.nextInLoop(); }
     void endFrameLoop() { m_pages.endLoop(); }
     FrameLoop exchangeFrameLoop(FrameLoop loop) { return m_pages.exchangeLoop(std::move(loop)); }
 
     // ---- values on demand ------------------------------------------------------------------------------------------
-    /// Bytes that loaded values may take that can be loaded again; half of the machine's memory at first. To set it lets go at
-    /// once of what is above it.
+    /// Limit in bytes for loaded values that could be loaded again; half of the machine's memory at first. Setting it
+    /// unloads values above the limit at once.
     ///
-    /// Values are let go of only when memory asks for it: those loaded take more than the limit, or memory is refused to a load
-    /// or to an operation. Those that have not been used for the longest time go first; those never that have been
-    /// altered or cannot be loaded again, that are wanted in some zone, or whose variable a frame shows. What has made room
-    /// for a load that fails after all does not come back.
+    /// Values are unloaded only when they exceed the limit, or when a load or an operation does not get memory; those that
+    /// have not been used for the longest time are unloaded first. Values stay loaded if they have been altered, cannot be
+    /// loaded again, are wanted in some zone, or are those of a variable that a frame shows. Values that were unloaded for
+    /// a load that then fails are not loaded again.
     std::int64_t loadedValuesLimit() const { return m_loadedValuesLimit; }
     void setLoadedValuesLimit(std::int64_t bytes);
 
@@ -112,8 +118,8 @@ public:
     void setInterrupted(bool interrupted) { m_work.setInterrupted(interrupted); }
     void setWaiter(Waiter* waiter) { m_work.setWaiter(waiter); }
 
-    /// Runs work that changes nothing in the session, such as saving (see LongWork). What the work reads in the session stays as it
-    /// is meanwhile: operations are refused, style writes are carried out afterwards.
+    /// Runs work that changes nothing in the session, such as saving (see LongWork). The session does not change while the
+    /// work reads it: operations are refused, style writes are carried out afterwards.
     /// @throws what the work throws, Interrupted when the user has cancelled; std::logic_error while another one runs
     void runOperation(std::string const& name, std::function<void(Progress&)> const& work);
 
@@ -126,7 +132,7 @@ public:
     bool setMouseMode(int mode); ///< event 26 when it is another mode; false for a number that is no mode
 
     // ---- the screen ------------------------------------------------------------------------------------------------
-    /// What draws the pages; null (as at first) when nothing does. Not owned: to be taken back before it goes.
+    /// Sets what draws the pages; null (as at first) for nothing. Not owned: set null before the display is destroyed.
     void setDisplay(Display* display) { m_display = display; }
     Display* display() const { return m_display; }
 
@@ -140,7 +146,7 @@ public:
     /// Brings all frames of the page into view. @return false when there is no page
     bool fitAllFrames();
 
-    /// Tells the listeners that the process ends. Event 15; nothing follows it.
+    /// Tells the listeners that the process ends. Event 15, the last one.
     void goDown();
 
 private:

@@ -7,8 +7,8 @@
 
 namespace veldraw::kernel {
 
-/// Runs something that either does its work or throws before it has changed anything. Nothing leaves it: what is
-/// thrown becomes false, with the reason in the session.
+/// Runs work that throws only before it has changed anything. An exception becomes the result false, with its reason in
+/// lastError().
 template <typename Work>
 bool Session::withoutThrowing(Work const& work) noexcept
 {
@@ -23,7 +23,7 @@ bool Session::withoutThrowing(Work const& work) noexcept
     }
 }
 
-/// The same for what changes something: it is refused while an operation computes, and takes an old cancel back.
+/// The same for work that changes something: it is refused while an operation computes, and it resets an old cancel.
 template <typename Work>
 bool Session::guarded(Work const& work) noexcept
 {

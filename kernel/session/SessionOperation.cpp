@@ -36,7 +36,8 @@ std::string Session::reasonAgainst(Operation& operation) const
 
 void Session::performLong(Operation& operation)
 {
-    StyleTree::Hold const unchanged(*m_style); // ends last: the writes that came meanwhile are operations as well
+    StyleTree::Hold const unchanged(
+        *m_style); // destroyed last: the style writes that it carries out are operations as well
     std::shared_ptr<DeferredLoad> const load = operation.needs();
     RoomForValues room(*this, *load);
     if (!operation.onlyLoads() || !load->isEmpty()) {
@@ -80,13 +81,14 @@ void Session::remark(std::string const& text) noexcept
             m_remarkListener(text);
         }
     } catch (...) {
-        return; // what has been done is done, whether somebody could be told of it or not
+        return; // the operation has succeeded, though its remark is lost
     }
 }
 
 void Session::runOperation(std::string const& name, std::function<void(Progress&)> const& work)
 {
-    StyleTree::Hold const unchanged(*m_style); // ends last: the writes that came meanwhile are operations as well
+    StyleTree::Hold const unchanged(
+        *m_style); // destroyed last: the style writes that it carries out are operations as well
     m_work.run(name, work);
 }
 

@@ -9,10 +9,14 @@ namespace veldraw::kernel {
 
 /// Typed values of one field: a pointer, a length and a stride over memory that somebody keeps alive.
 ///
-/// A buffer never knows which fields use it. The memory is either the buffer's own (allocate()) or adopted from whoever
+/// A buffer does not know which fields use it. The memory is either the buffer's own (allocate()) or adopted from whoever
 /// made it, such as a file reader (adopt()); a stride lets the components of an interleaved array be fields without a
-/// second copy. Values are immutable for everybody but the single holder of the last reference (see
-/// ShareGroup::writableBuffer()).
+/// second copy:
+///
+///     auto const y = Buffer::adopt(FieldDataType_Float, pointCount, xyz + 1, 3, owner);
+///
+/// A buffer is filled by whoever made it, before others see it. From then on its values change only through
+/// ShareGroup::writeBits(), when a user edits one.
 class Buffer
 {
 public:
@@ -22,7 +26,7 @@ public:
     /// @throws std::bad_alloc when there is no memory
     static std::shared_ptr<Buffer> allocate(FieldDataType_e type, std::int64_t size);
 
-    /// A buffer over somebody's memory, without a copy.
+    /// A buffer over memory that already exists, without a copy.
     /// @param data   first value; for bits the first byte, the highest bit of a byte coming first
     /// @param stride distance of two values in values, at least 1; always 1 for bits
     /// @param owner  keeps @p data alive as long as this buffer lives
@@ -41,14 +45,15 @@ public:
     /// What keeps the memory alive; two buffers with the same owner are parts of one array.
     std::shared_ptr<void> const& owner() const { return m_owner; }
 
-    /// Bytes that this buffer alone would need if its values stood side by side.
+    /// Bytes that the values of this buffer would take without a stride.
     std::int64_t bytes() const;
 
     /// Value at a zero-based @p index as a double. 32-bit and shorter integers are exact. No check of the index.
     double value(std::int64_t index) const;
 
-    /// Stores @p value at a zero-based @p index, rounded to nearest and cut to the limits for the integer types,
-    /// narrowed for float, non-zero = 1 for bits; NaN becomes 0 in the integer types. No check of the index.
+    /// Stores @p value at a zero-based @p index, rounded to nearest and cut to the limits for the integer types, converted
+    /// to single precision for float; a bit is set by any value but 0; NaN becomes 0 in the integer types. No check of the
+    /// index.
     void setValue(std::int64_t index, double value);
 
     /// The value at a zero-based @p index as it is stored, in the lowest bits. No check of the index.
@@ -58,7 +63,7 @@ public:
     /// What setValue() stores for @p value.
     static std::uint64_t bitsOf(FieldDataType_e type, double value);
 
-    /// Bytes of @p size values that stand side by side.
+    /// Bytes of @p size values without a stride.
     static std::int64_t bytesOf(FieldDataType_e type, std::int64_t size);
 
     /// A contiguous copy. @throws std::bad_alloc

@@ -23,12 +23,12 @@ public:
     /// @param slot that exists
     void insert(std::int64_t slot) { m_words[word(slot)] |= std::uint64_t{1} << bit(slot); }
 
-    /// The first slot from @p first on that is hidden, or not; @p last when there is none before it. Slots that do not exist are
+    /// The first slot in [first, last) whose state is @p hidden; @p last when there is none. Slots that do not exist are
     /// not hidden.
     std::int64_t find(bool hidden, std::int64_t first, std::int64_t last) const;
 
     std::int64_t size() const { return m_size; }
-    std::int64_t count() const; ///< of those that are hidden
+    std::int64_t count() const; ///< number of hidden slots
 
 private:
     static constexpr std::int64_t wordSize = 64;
@@ -43,10 +43,10 @@ private:
 /// Which values of a buffer count in a range.
 struct CountedValues
 {
-    /// Point dimensions of an ordered zone that has the values at its cells: slots without a cell do not count. Else zeros.
+    /// Point dimensions of the ordered zone whose cells have the values, where slots without a cell do not count; else zeros.
     std::array<std::int64_t, 3> cellsOf{};
 
-    /// Slots that do not count either; null for none.
+    /// More slots that do not count; null for none.
     std::shared_ptr<HiddenSlots const> hidden;
 
     bool areAll() const { return !hidden && cellsOf == std::array<std::int64_t, 3>{}; }

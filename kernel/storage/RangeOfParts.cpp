@@ -10,7 +10,7 @@ namespace veldraw::kernel {
 
 namespace {
 
-/// Limits of the values first ... last - 1; kept in the values' own type, which the compiler can work on side by side.
+/// Adds the values first ... last - 1. They are compared in their own type, for which the compiler uses vector instructions.
 template <typename Element>
 void addRun(Element const* values, std::int64_t stride, std::int64_t first, std::int64_t last, Limits& limits)
 {
@@ -59,7 +59,7 @@ void addValues(Buffer const& buffer, std::int64_t first, std::int64_t last, Limi
     }
 }
 
-/// Limits of the values that no slot hides, run by run.
+/// Adds the values in slots that are not hidden, run by run.
 void addVisible(Buffer const& buffer, HiddenSlots const* hidden, std::int64_t first, std::int64_t last, Limits& limits)
 {
     if (hidden == nullptr) {
@@ -73,7 +73,7 @@ void addVisible(Buffer const& buffer, HiddenSlots const* hidden, std::int64_t fi
     }
 }
 
-/// Limits of the slots first ... last - 1 that belong to a cell, row by row.
+/// Adds the values in slots that belong to a cell, row by row.
 void addCells(Buffer const& buffer, CountedValues const& counted, std::int64_t first, std::int64_t last, Limits& limits)
 {
     auto const [iDim, jDim, kDim] = counted.cellsOf;
@@ -100,8 +100,8 @@ Limits limitsOf(Buffer const& buffer, CountedValues const& counted, std::int64_t
     return limits;
 }
 
-constexpr std::ptrdiff_t fewParts = 2;                    // sooner looked at than other threads are called together
-constexpr std::int64_t fewValues = std::int64_t{1} << 20; // looked at in less than a millisecond
+constexpr std::ptrdiff_t fewParts = 2;                    // read faster than other threads can be started
+constexpr std::int64_t fewValues = std::int64_t{1} << 20; // read in less than a millisecond
 
 std::int64_t countOf(Buffer const& buffer, CountedValues const& counted)
 {

@@ -9,7 +9,7 @@
 
 namespace veldraw::kernel {
 
-/// Smallest and largest of some values; the smallest is above the largest as long as there are none.
+/// Smallest and largest of some values. As long as there is no value, min is above max.
 struct Limits
 {
     double min = std::numeric_limits<double>::infinity();
@@ -22,20 +22,21 @@ struct Limits
     }
 };
 
-/// The exact range of a buffer's finite values, computed on all cores. The limits of the parts of a large buffer are kept, so
-/// that after the change of one value no other part has to be looked at again.
+/// The exact range of a buffer's finite values, computed on all cores. The limits of each part of a large buffer are kept, so
+/// that after the change of one value only the part with this value is read again.
 class RangeOfParts
 {
 public:
-    /// Range of the values that count; Unknown when none is finite. Looks at the parts that are not known.
-    /// @param buffer the same as in the last call, with the same values but for what was followed since
+    /// Range of the values that count; Unknown when none of them is finite. Reads only parts whose limits are not known.
+    /// @param buffer the same values as in the last call, except for changes that follow() was told of
     /// @throws std::bad_alloc
     ValueRange range(Buffer const& buffer, CountedValues const& counted);
 
-    /// The value at a zero-based @p index has become another one. @param counted as in range(), of the zone that it was changed in
+    /// To be told when the value at a zero-based @p index has changed.
+    /// @param counted as in range(), of the zone in which the value was changed
     void follow(std::int64_t index, double before, double after, CountedValues const& counted) noexcept;
 
-    /// All may have become others.
+    /// To be told when any number of values may have changed.
     void forget() noexcept { m_parts.clear(); }
 
 private:

@@ -8,13 +8,13 @@ namespace veldraw::kernel {
 
 /// The storage of fields that a step of the history takes out of a data set and puts back, all on one group.
 ///
-/// A group that other fields still use is remembered without being held, so that share counts stay true; should it have
-/// gone by the time the fields come back, they get a group of their own over the same memory, and still share it among
-/// themselves. Nothing here stands in the way of a write in place or of an unload. A group that nobody else uses is held.
+/// A group that other fields still use is not held, so that share counts stay true. If that group no longer exists when the
+/// fields come back, they get a reserve group over the same memory, which they still share among themselves. The reserve
+/// prevents neither a write in place nor an unload. A group that no other field uses is held.
 class RetiredStorage
 {
 public:
-    /// The number of no storage, where steps number theirs.
+    /// In lists of storage numbers: no storage.
     static constexpr std::size_t none = static_cast<std::size_t>(-1);
 
     explicit RetiredStorage(std::shared_ptr<ShareGroup> const& group)
@@ -30,10 +30,10 @@ public:
         return storage;
     }
 
-    /// Counts one more field that will be taken out; to be called for each before prepare().
+    /// Counts a field that will be taken out. To be called for each of them before prepare().
     void addField() { ++m_fields; }
 
-    /// Allocates what taking the fields out and putting them back needs, while they still stand in the data set.
+    /// Allocates what is needed to take the fields out and put them back. To be called while they are in the data set.
     /// @throws std::bad_alloc
     void prepare()
     {
@@ -43,8 +43,8 @@ public:
         }
     }
 
-    /// Bytes of values that are kept in memory for these fields alone, as far as this can tell: not while the fields stand in
-    /// the data set, not while others use the same memory, not where a file stands for it.
+    /// Bytes of values that are kept in memory only for these fields: 0 while the fields are in the data set, while other
+    /// fields use the same memory, and for mapped values.
     std::int64_t heldBytes() const noexcept
     {
         if (!m_reserve || !m_reserve->isLoaded()) {
@@ -56,7 +56,7 @@ public:
         return isOfOthers ? 0 : m_reserve->bytesInMemory();
     }
 
-    /// Takes over the group of a field that goes out.
+    /// Takes the group of a field that is taken out.
     void retire(std::shared_ptr<ShareGroup> const& group) noexcept
     {
         m_group = group;
@@ -76,7 +76,7 @@ public:
         return group;
     }
 
-    /// Lets go of a group that fields are on again; to be called when all of them are back.
+    /// Drops the reserve. To be called when all fields are back on the group.
     void release() noexcept
     {
         if (m_group.lock() == m_reserve) {

@@ -60,7 +60,7 @@ void ShareGroup::restoreRange(KnownRange const& range) noexcept
 {
     m_range = range;
     if (!isMapped()) {
-        m_range.forgetUnlessExact(); // known while the values were mapped
+        m_range.forgetUnlessExact(); // an estimate from when the values were mapped
     }
 }
 
@@ -74,7 +74,7 @@ void ShareGroup::writeBits(std::int64_t index, std::uint64_t bits, CountedValues
     m_parts.follow(index, before, after, counted);
     KnownRange known = m_range;
     m_range.follow(index, before, after, counted);
-    if (isMapped() && !m_range.isKnownFor(counted)) { // not to be computed
+    if (isMapped() && !m_range.isKnownFor(counted)) { // mapped values are not read for a range
         known.makeEstimate();
         m_range = known;
         m_range.follow(index, before, after, counted);

@@ -11,9 +11,15 @@
 
 namespace veldraw::kernel {
 
-/// The fields that share one storage. Two fields share data exactly when they point at the same group; the group points
-/// at a buffer, or at a loader that can bring it. Undo history holds buffers, never groups, so a share count is the number
-/// of live fields on the group.
+/// The storage that one or more fields share: a buffer, or a loader that can bring it.
+///
+/// Two fields share their values exactly when they point at the same group, so the number of holders of a group is the
+/// number of its fields. Whatever else needs the values (the undo history, a plot, a computation) holds the buffer and
+/// never the group, since it would count as a field:
+///
+///     std::shared_ptr<Buffer const> const values = field.group()->buffer(); // null while nothing is loaded
+///
+/// Values are written through operations such as SetValue, which call writeBits() or replaceByCopy() in a step of the history.
 class ShareGroup
 {
 public:
@@ -29,8 +35,8 @@ public:
     FieldDataType_e type() const { return m_type; }
     std::int64_t size() const { return m_size; }
 
-    /// Stands for the present values: a change gives another number, and no other values ever have this one. What was worked
-    /// out from the values holds as long as the number is the same.
+    /// A number for the present values. It changes with every change of the values and is used for no other values, so a
+    /// result that was computed from the values is valid as long as the revision is the same.
     UniqueId revision() const { return m_revision; }
 
     /// Null while the values are not loaded.
@@ -39,52 +45,55 @@ public:
     /// Null when the values cannot be loaded (again).
     std::shared_ptr<ValueLoader> const& loader() const { return m_loader; }
 
-    /// Whether the values are mapped from a file, or will be, and so many that nobody should go through all of them unasked.
+    /// Whether the values are mapped from a file, or will be. They are then so many that no code may read all of them
+    /// unless the user has asked for it.
     bool isMapped() const { return m_loader && m_loader->isMapped(); }
 
-    /// Memory of the values; 0 while they are not loaded, and where a file stands for them.
+    /// Bytes of memory that the values take; 0 while they are not loaded, and for mapped values that nobody has altered.
     std::int64_t bytesInMemory() const { return !m_buffer || (canUnload() && isMapped()) ? 0 : m_buffer->bytes(); }
 
-    /// Notes that somebody uses the values now. Belongs to the user-interface thread.
+    /// Notes that the values are used now. To be called on the user-interface thread.
     void noteUse() noexcept;
 
-    /// The moment of the last use, counted up over all groups; to have been loaded is a use.
+    /// Place of the last use in the order of the uses of all groups; loading counts as a use.
     std::int64_t lastUse() const { return m_lastUse; }
 
     /// Takes the values that the loader has brought, for all fields of the group.
     void setLoaded(std::shared_ptr<Buffer> buffer) noexcept;
 
-    /// Whether the values can be let go of: a loader can bring the same again, since nobody has altered them.
+    /// Whether the values can be unloaded: nobody has altered them, and a loader can bring them again.
     bool canUnload() const { return m_buffer && m_loader && !m_isAltered; }
 
-    /// Lets go of the values when it can. What was found out about their range stays known.
+    /// Frees the values if canUnload(). What is known of their range stays known.
     void unload() noexcept;
 
     /// Whether somebody else holds the buffer, so that a write has to go to a copy.
     bool isHeld() const { return m_buffer.use_count() > 1; }
 
-    /// Puts a copy of the same values in the place of a buffer that is held, to be written: the values are in memory then
-    /// and never loaded again. An exact range holds on.
+    /// Replaces a buffer that others hold by @p copy, which has the same values and can be written. From then on the values
+    /// stay in memory and are never loaded again. An exact range stays known.
     void replaceByCopy(std::shared_ptr<Buffer> copy) noexcept;
 
-    /// Writes one value as it is stored, in place, also when the buffer is held, and keeps the range up to date.
+    /// Writes the bits of one value in place and keeps the range up to date. Other holders of the buffer see the new value;
+    /// where they must not, call replaceByCopy() first.
     /// @param index zero-based, not checked; the values are loaded
-    /// @param counted values that count in the zone that it is changed in
+    /// @param counted values that count in the zone in which the value is changed
     void writeBits(std::int64_t index, std::uint64_t bits, CountedValues const& counted) noexcept;
 
-    /// Range of those of the finite values that count, computed on the first call after a change and kept; what is known of it
-    /// while the values are not loaded.
+    /// Range of the finite values that count. It is computed on the first call after a change and then kept. While the
+    /// values are not loaded, nothing is computed: the result is what is known of the range.
     ValueRange range(CountedValues const& counted = {}) const;
 
     /// What is known of the range, to be put back when a change of values is taken back.
     KnownRange const& knownRange() const { return m_range; }
     void restoreRange(KnownRange const& range) noexcept;
 
-    /// A new group over @p copy, which has the same values in memory of its own. An exact range holds for it too.
+    /// A new group over @p copy, which has the same values in memory of its own. An exact range is taken over.
     std::shared_ptr<ShareGroup> branch(std::shared_ptr<Buffer> copy) const;
 
-    /// A group that can take this one's place, should it go. It has the same memory, but does not count as a holder of the
-    /// buffer, and values that can be loaded again it does not hold at all.
+    /// Another group with the same values, for a step of the history that may outlive this group (see RetiredStorage). It
+    /// keeps the memory alive without being a holder of this group's buffer; values that can be loaded again are not kept
+    /// at all.
     std::shared_ptr<ShareGroup> makeReserve() const;
 
     ShareGroup(ShareGroup const&) = delete;

@@ -8,26 +8,27 @@
 
 namespace veldraw::kernel {
 
-/// Brings the values of a share group when they are wanted, for instance from a file; made by whoever registers the group.
+/// Brings the values of a share group when they are needed, for instance from a file. A file reader derives from it and
+/// gives an object of it to the group that it makes.
 class ValueLoader
 {
 public:
     ValueLoader() = default;
     virtual ~ValueLoader() = default;
 
-    /// The values, of the type and number that the group was made with. Called as often as they are wanted again after
-    /// an unload; may run on a worker thread, never twice at a time. It looks at the cancel often (Progress::check()), and
-    /// may count values as done, at most as many as there are.
+    /// The values, with the type and number that the group was made with. Called again when the values are needed after an
+    /// unload. It may run on a worker thread, but never twice at a time. An implementation calls Progress::check() often, so
+    /// that the user can cancel, and may count values as done, at most as many as there are.
     /// @throws std::runtime_error with a reason for the user, std::bad_alloc, Interrupted
     virtual std::shared_ptr<Buffer> load(Progress& progress) = 0;
 
-    /// What is known of the range without reading the values: nothing, an estimate, or the exact limits. Once the values
-    /// are loaded, exact limits are kept, and others computed when they are asked for; not so while they are mapped.
+    /// What is known of the range without reading the values: nothing, an estimate, or the exact limits. Exact limits are kept
+    /// when the values have been loaded. Others are then computed on demand, except for mapped values.
     virtual ValueRange range() const { return {}; }
 
-    /// Whether load() maps the values, so that they come from the file piece by piece as they are looked at. Nothing of
-    /// the kernel goes through all of them unasked then: an estimated range is kept, an unknown one stays unknown. No
-    /// memory is asked for beforehand either.
+    /// Whether load() maps the values, so that the system reads a piece of the file when it is accessed. The kernel then never
+    /// reads all values on its own account: an estimated range is kept, an unknown one stays unknown. Nor does it require
+    /// memory for the values before it loads them.
     virtual bool isMapped() const { return false; }
 
     ValueLoader(ValueLoader const&) = delete;

@@ -75,7 +75,7 @@ void KnownRange::follow(std::int64_t index, double before, double after, Counted
         bool const wasMax = before >= m_range.max;
         bool const goesBeyond = isFinite && (wasMin ? after <= before : after >= before);
         if ((wasMin || wasMax) && (!goesBeyond || (wasMin && wasMax))) {
-            forget(); // others may or may not have the old limit as well
+            forget(); // another value may be at the old limit too
             return;
         }
     }

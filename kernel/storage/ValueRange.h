@@ -21,8 +21,10 @@ struct ValueRange
     bool isValid() const { return state != State::Unknown; }
 };
 
-/// What is known of the range of a group's values. A range is of the values that count in some zone; one that was given is of
-/// all values. That holds for the cells of an ordered zone too, and is an estimate where some of them are hidden.
+/// What is known of the range of a group's values.
+///
+/// A range that was computed holds for the values that count in one zone. A range that was given, by a loader, is of all
+/// values; it holds for the cells of an ordered zone too, but is only an estimate where points or cells are hidden.
 class KnownRange
 {
 public:
@@ -30,27 +32,28 @@ public:
     bool isKnown() const { return m_isKnown; }
     ValueRange const& range() const { return m_range; }
 
-    /// What the range of all values says of some of them; Unknown when it is not known.
+    /// The range of all values, as an estimate for a part of them; Unknown when it is not known.
     ValueRange estimate() const;
 
-    /// Takes a range that was found out elsewhere; an unknown one is forgotten.
+    /// Takes the range that a loader gives; with an Unknown one nothing is known.
     void give(ValueRange const& range) noexcept;
 
-    /// From now on what is known is an estimate.
+    /// Makes an exact range an estimate.
     void makeEstimate() noexcept;
 
-    /// Nothing is known, and nothing is to be computed.
+    /// Makes the range Unknown and keeps it from being computed. For mapped values without a range.
     void leaveUnknown() noexcept;
 
-    /// Takes the range that has been computed of these values.
+    /// Takes a range that was computed of the @p counted values.
     void setComputed(ValueRange const& range, CountedValues const& counted) noexcept;
     void forget() noexcept { *this = KnownRange(); }
 
-    /// For values that have come into memory: anything but exact limits is computed when it is asked for.
+    /// Keeps exact limits and forgets an estimate, which can be computed exactly once the values are in memory.
     void forgetUnlessExact() noexcept;
 
-    /// Follows the change of the value at @p index from @p before to @p after: stays exact where that is certain, else is
-    /// forgotten; an estimate is widened. @param counted of the zone that it was changed in
+    /// Updates the range after the value at @p index has changed from @p before to @p after. An exact range stays exact or is
+    /// forgotten; an estimate is widened.
+    /// @param counted values that count in the zone in which the value was changed
     void follow(std::int64_t index, double before, double after, CountedValues const& counted) noexcept;
 
 private:

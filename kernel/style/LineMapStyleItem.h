@@ -20,7 +20,7 @@ class Pages;
 class LineMapStyleItem : public StyleItem
 {
 public:
-    /// What an item reads, tells and changes its line maps by.
+    /// What an item uses to find and change line maps and to send events.
     struct Access
     {
         Pages const& pages;
@@ -38,7 +38,7 @@ protected:
     /// @param dataSet of the frame that has the map; null when it shows none
     virtual long long numberOf(LineMap const& map, DataSet const* dataSet) const = 0;
 
-    /// What can be written; nothing when @p dataSet, which may be null, has nothing to choose from.
+    /// The numbers that can be written; nothing when there are none, as without variables. @param dataSet may be null
     virtual std::optional<StyleRange> range(DataSet const* dataSet) const = 0;
 
     virtual void assign(LineMap& map, DataSet const* dataSet, long long number) const = 0;
@@ -62,7 +62,7 @@ protected:
     void assign(LineMap& map, DataSet const* dataSet, long long number) const override;
 };
 
-/// The number of the variable on one axis of a line map; 0 when the variable is not there any more.
+/// The number of the variable on one axis of a line map; 0 when the variable has been deleted.
 class LineMapVariableItem : public LineMapStyleItem
 {
 public:

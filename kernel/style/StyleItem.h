@@ -17,7 +17,7 @@ using StylePath = std::vector<std::string>;
 /// The names with ", " between them.
 std::string textOf(StylePath const& path);
 
-/// Where a style value is: its path, the frame that it is in if it is in one, and its place in collections.
+/// Where a style value is: its path, its frame if it belongs to one, and its number in collections such as the line maps.
 struct StyleAddress
 {
     static constexpr long long noOffset = -1;
@@ -42,14 +42,14 @@ public:
 
     StylePath const& path() const { return m_path; }
 
-    /// @return nothing when @p address picks nothing that exists
+    /// @return nothing when there is no such frame or line map
     virtual std::optional<StyleNumber> read(StyleAddress const& address) const = 0;
 
-    /// Why @p number can't be written at @p address, in one sentence; empty when it can.
+    /// Why @p number cannot be written at @p address, in one sentence; empty when it can.
     virtual std::string refusal(StyleAddress const& address, StyleNumber const& number) const = 0;
 
-    /// Writes a number for which there is no refusal, then tells the listeners. A number that is in force already is
-    /// neither written nor told. Refused only when there was no memory; then nothing has changed.
+    /// Writes a number that refusal() does not refuse, then sends the event. A number that is set already is neither
+    /// written nor told. Refused only for lack of memory; nothing has changed then.
     virtual SetValueReturnCode_e write(StyleAddress const& address, StyleNumber const& number) = 0;
 
     StyleItem(StyleItem const&) = delete;

@@ -4,16 +4,16 @@
 
 namespace veldraw::kernel {
 
-/// A number as style writes and reads carry it: as a whole number and with a fraction, side by side. Whole values look
-/// at the first and stay exact beyond 2^53, the others look at the second.
+/// A number in style writes and reads: the same number as an integer and as a double. Values of whole type use the integer,
+/// which is exact beyond 2^53; the others use the double.
 struct StyleNumber
 {
     static StyleNumber ofWhole(long long whole);
 
-    /// The whole part is cut off towards zero, and 0 for not a number.
+    /// The integer is the number rounded towards zero; 0 for NaN.
     static StyleNumber ofReal(double real);
 
-    /// False when the two sides tell different numbers, for instance 2 and 2.5.
+    /// Whether both members are the same number; false for 2 and 2.5.
     bool isWhole() const;
 
     long long whole = 0;
@@ -41,10 +41,10 @@ public:
     /// Whether two numbers are the same value of this type.
     bool areEqual(StyleNumber const& left, StyleNumber const& right) const;
 
-    /// What fits, to be read after "must be", for instance "a number greater than 0 and less than or equal to 10".
+    /// The allowed numbers, to be read after "must be", for instance "a number greater than 0 and less than or equal to 10".
     std::string text() const;
 
-    /// @p number as this type sees it.
+    /// Text of @p number by the type of this range.
     std::string textOfNumber(StyleNumber const& number) const;
 
 private:

@@ -17,12 +17,16 @@ class Pages;
 
 /// The session's settings under typed paths with limits and start values.
 ///
-/// A write is checked against the type and the limits of its path first. A refused one leaves the old value and a
-/// sentence in lastError() that names the value, the limits and the path. One that changes something sends event 7 with
-/// the whole path. While an operation runs, what it has read must not change under it: writes that pass the check are
-/// answered with "pending" and carried out, in order, when the operation has ended.
+///     StyleAddress const mesh{{"FieldLayers", "ShowMesh"}, frame->id};
+///     tree.set(mesh, StyleNumber::ofWhole(1));
 ///
-/// Interface settings are no part of a document and not in the undo history; the settings of frames and line maps are.
+/// A write is first checked against the type and the limits of its path. If it is refused, the value stays as it was, and
+/// lastError() names the value, the limits and the path. A write that changes the value sends event 7 with the whole path.
+/// While an operation runs, its settings must not change: writes that pass the check return "pending" and are carried out, in
+/// order, when the operation has ended.
+///
+/// Settings of frames and line maps belong to the document and are in the undo history; those of the interface do not and
+/// are not.
 class StyleTree
 {
 public:
@@ -33,7 +37,7 @@ public:
     /// Whether there is a value at this path or below it.
     bool hasPath(StylePath const& path) const;
 
-    /// @return nothing for a path without a value and for an address that picks nothing
+    /// @return nothing for a path without a value, or when the address has no such frame or line map
     std::optional<StyleNumber> get(StyleAddress const& address) const;
 
     SetValueReturnCode_e set(StyleAddress const& address, StyleNumber const& number);
@@ -44,14 +48,14 @@ public:
     /// Forgets the reason of an earlier refusal.
     void clearLastError() { m_lastError.clear(); }
 
-    /// Identifier of a name that occurs in some path, from 1 on; 0 for any other text.
+    /// Identifier, from 1 on, of a name that is part of some path; 0 for any other text.
     int nameId(std::string const& name) const;
 
-    /// The name of an identifier, empty for 0 and numbers that are none.
+    /// The name with this identifier; empty for a number that is no identifier.
     std::string nameOfId(long long id) const;
 
-    /// Keeps the values as they are for its scope; scopes nest, and the end of the outermost carries out the writes that
-    /// came meanwhile. A write that does not fit any more by then is dropped.
+    /// Keeps all values unchanged for a scope. Scopes nest; the end of the outermost carries out the writes that were made
+    /// meanwhile. A write that is not allowed any more by then is dropped.
     class Hold
     {
     public:

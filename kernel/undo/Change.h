@@ -7,8 +7,8 @@ namespace veldraw::kernel {
 /// Memory in bytes that a step of the history keeps alive.
 struct HeldMemory
 {
-    std::int64_t values = 0; ///< of fields, where nobody else holds them, as far as that is known
-    std::int64_t notes = 0;  ///< of the step itself: lists of what it is about, objects that stand nowhere else
+    std::int64_t values = 0; ///< values of fields that nobody else holds, as far as that is known
+    std::int64_t notes = 0;  ///< lists and objects of the step itself
 
     std::int64_t sum() const { return values + notes; }
 
@@ -27,9 +27,11 @@ struct HeldMemory
     }
 };
 
-/// A change that is ready to happen: everything that it needs has been allocated, so that neither doing it nor taking it
-/// back can fail. Each way sends its events once the data is consistent. Both ways run with the data in exactly the state
-/// that the other left it in, so they need no checks.
+/// What an operation does to data or pages, ready to be applied and reverted.
+///
+/// The constructor allocates everything that is needed, so neither apply() nor revert() can fail. Each sends its events
+/// once the data is consistent. Each finds the data in exactly the state in which the other left it, so neither needs to
+/// check anything.
 class Change
 {
 public:
@@ -39,7 +41,7 @@ public:
     virtual void apply() noexcept = 0;
     virtual void revert() noexcept = 0;
 
-    /// What the change holds now, be it applied or reverted, above the little that every change needs.
+    /// Memory that the change holds now, applied or reverted, beyond the size of the object itself.
     virtual HeldMemory held() const noexcept { return {}; }
 
     Change(Change const&) = delete;

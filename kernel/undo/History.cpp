@@ -127,7 +127,7 @@ bool History::undo()
     --m_position;
     run(running.front(), &Change::revert);
     if (m_addedWhileRunning || m_clearedWhileRunning) {
-        drop(running, running.begin()); // what a listener did since then stands in the way of doing it again
+        drop(running, running.begin()); // redoing it is impossible after the steps that a listener added
     }
     m_undone.splice(m_undone.begin(), running);
     trim();
@@ -235,7 +235,7 @@ void History::changed()
     try {
         m_listener();
     } catch (...) {
-        // A menu that fails to follow must not undo what has happened.
+        // The step has been carried out; that a menu could not follow does not matter.
     }
 }
 

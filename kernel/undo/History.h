@@ -9,17 +9,24 @@
 
 namespace veldraw::kernel {
 
-/// Steps that can be taken back and done again, bounded by the memory that they hold; the oldest goes first.
+/// Steps that can be undone and redone. When they hold more memory than the limit, the oldest are dropped.
+///
+/// A step is a name and a Change. The session adds the changes of its operations; a group makes one step of several:
+///
+///     session.history().beginGroup("Assign Axes");
+///     session.perform(AssignVariable(frame, 'X', 1));
+///     session.perform(AssignVariable(frame, 'Y', 2));
+///     session.history().endGroup(); // undo() takes both back
 class History
 {
 public:
-    /// What each step takes beside what its change tells: its place here, the change itself and short lists of numbers.
+    /// Memory that is counted for each step beyond Change::held(): its list entry, the change object and short lists.
     static constexpr std::int64_t bytesOfStep = 768;
 
     explicit History(std::int64_t memoryLimit);
 
-    /// Puts @p change in as the newest step, forgets what could have been redone, and applies the change. Within a group the
-    /// step becomes a part of the group's one step.
+    /// Adds @p change as the newest step, drops the steps that could be redone, and applies the change. Within a group the
+    /// change becomes a part of the group's step.
     /// @param name what the user sees, for instance "Delete Variable"
     /// @throws std::bad_alloc before anything has changed
     void perform(std::string name, std::shared_ptr<Change> const& change);
@@ -37,22 +44,22 @@ public:
     bool undo();
     bool redo();
 
-    /// Forgets all steps, also those of an open group, which then goes on with what comes after.
+    /// Drops all steps, also those of an open group; the group stays open.
     void clear();
 
-    /// Marks the present state as saved; isClean() is true exactly while the history stands there.
+    /// Marks the present state as saved. isClean() is true in this state, also when undo or redo comes back to it.
     void setClean();
     bool isClean() const;
 
-    /// Memory that the steps hold, those that can be redone included. Each is counted whenever it has run; the limit is for
-    /// all of it.
+    /// Memory that all steps hold, including those that can be redone. The limit is for this sum. A step is counted anew
+    /// whenever it has run.
     std::int64_t bytes() const { return m_held.sum(); }
     void setMemoryLimit(std::int64_t bytes);
 
-    /// The part of it that holds values of fields.
+    /// The part of bytes() that is values of fields.
     std::int64_t valueBytes() const { return m_held.values; }
 
-    /// Called after each change of the history, for menus. What it throws is swallowed.
+    /// Sets the function that is called after each change of the history, for menus. Its exceptions are ignored.
     void setListener(std::function<void()> listener) { m_listener = std::move(listener); }
 
 private:

@@ -9,7 +9,7 @@
 
 namespace veldraw::kernel {
 
-/// Exchanges one value for another: both ways are the same swap and send the same events.
+/// Swaps a value with another one. Applying and reverting are the same swap and send the same events.
 template <typename Value>
 class SwapChange : public Change
 {

@@ -224,7 +224,7 @@ TEST_F(DuplicateAxially, RefusesWhatDoesNotFit)
     refused({1}, {30, 0, 1, true});
 }
 
-TEST(MemoryDemand, IsRefusedAboveWhatThereWas)
+TEST(SystemMemory, IsRefusedAboveWhatThereWas)
 {
     EXPECT_NO_THROW(requireMemory(1, 1));
     EXPECT_THROW(requireMemory(2, 1), std::bad_alloc);

@@ -4,21 +4,26 @@
 
 namespace veldraw::sdk::ui::dialogs::propertybindings {
 
-/// The root of every binding: a tie between a widget and a property, for the life of a dialog.
+/// A binding keeps a widget and a property equal for the life of a dialog. All bindings derive from this class.
 ///
-/// A dialog builds its bindings once, after the form, and keeps them as pointers to this class; it never reads or
-/// writes a widget itself. Bindings are destroyed with the dialog, before the widgets.
+/// A dialog makes its bindings once, after the form, and then neither reads nor writes a widget itself:
+///
+///     ui.setupUi(&dialog);
+///     bindings.add<LabelPropertyBinding>(ui.unitLabel, manager.unitText());
+///     bindings.add<ButtonBinding>(*ui.createButton, [this] { manager.create(); });
+///
+/// Bindings are destroyed before the widgets and the manager; see `BindingList`.
 class VDSDKDIALOGS_DATA_QT_API BindingInterface
 {
 public:
-    /// When a widget follows a change of its property.
+    /// When a binding updates its widget after a change of the property.
     enum WidgetUpdateMode_e
     {
         UpdateImmediately = 0, ///< inside the property's signal
         UpdateOnIdle = 1       ///< at the next idle moment of the user-interface loop, once for any number of changes
     };
 
-    /// How a binding to a list follows a change of the list.
+    /// When a binding updates its widget after a change of the list that the widget shows.
     enum ModelUpdateMode
     {
         ModelUpdateUndeferred = 0,    ///< at once

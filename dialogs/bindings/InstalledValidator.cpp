@@ -1,7 +1,6 @@
 #include "dialogs/bindings/InstalledValidator.h"
 
-#include "dialogs/widgets/NumberValidator.h"
-#include "dialogs/widgets/WholeNumberValidator.h"
+#include "dialogs/widgets/NumberValidators.h"
 
 #include <QLineEdit>
 #include <QLocale>

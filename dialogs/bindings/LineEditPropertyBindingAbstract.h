@@ -13,24 +13,27 @@ class QLineEdit;
 
 namespace veldraw::sdk::ui::dialogs::propertybindings {
 
-/// The road from the text of a line edit to a property. A concrete binding adds the road back.
+/// Sets a property from the text of a line edit. A concrete binding adds the other direction: it writes the property's
+/// value into the field with `showText`.
 ///
-/// The text is taken when the user has finished with the field, never key by key; see `QTextFieldObservable`. A text
-/// that is refused ends in one of three ways, and in none does the property change:
+/// The property is set when the user has finished with the field, not at each key; see `QTextFieldObservable`. A refused
+/// text does not change the property:
 ///
-/// - The line edit's validator refuses it: the property's value silently stands in the field again.
-/// - The property refuses it: the reason is told, then as above.
-/// - It passes the validator and can't be read: the field keeps it.
+/// | who refuses | message box | the field afterwards |
+/// |---|---|---|
+/// | the line edit's validator | none | shows the property's value and keeps the focus |
+/// | the property | with the reason | shows the property's value and keeps the focus |
+/// | the conversion, after the validator accepted | none | keeps the text |
 ///
-/// In the first two the field keeps the focus. A field that the user left as the binding wrote it stands for the property's
-/// value with all its digits; what was typed counts as it stands. Blanks around a number don't count where the binding's
-/// own validator looks after the field. Text that is unfinished when the window goes off the screen is dropped.
+/// A field whose text the user has not changed stands for the property's value with all its digits, however few the field
+/// shows. With the binding's own validator, blanks around a number don't count. Text that is unfinished when the window
+/// goes off the screen is dropped.
 template <typename T>
 class LineEditPropertyBindingAbstract : public UIPropertyBindingAbstract<T>
 {
 public:
     /// Keeps the property alive.
-    /// @param lineEdit may be null: there is nothing to type into, and the text is never taken
+    /// @param lineEdit may be null; the binding then never sets the property
     LineEditPropertyBindingAbstract(QLineEdit* lineEdit, boost::shared_ptr<PropertyAbstract<T>> property);
     ~LineEditPropertyBindingAbstract() override;
 
@@ -38,7 +41,7 @@ protected:
     /// The caller keeps the property alive.
     LineEditPropertyBindingAbstract(QLineEdit* lineEdit, UIStylePropertyAbstract<T>& uiProperty);
 
-    /// Writes the field.
+    /// Writes the field and remembers the text, so that an unchanged field is known as such.
     void showText(QString const& text);
 
 private:

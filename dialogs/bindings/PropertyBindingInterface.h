@@ -5,11 +5,11 @@
 
 namespace veldraw::sdk::ui::dialogs::propertybindings {
 
-/// What a binding of one widget to one property can do: bring the widget up to date.
+/// A binding of one widget to one property. Its operations update the widget from the property.
 class VDSDKDIALOGS_DATA_QT_API PropertyBindingInterface : public virtual BindingInterface
 {
 public:
-    /// Reads the property, writes the widget.
+    /// Writes the property's value into the widget.
     virtual void updateWidgetValue() = 0;
     /// Shows or hides the widget as the property's user-interface side says.
     virtual void updateWidgetVisibility() = 0;

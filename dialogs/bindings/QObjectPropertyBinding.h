@@ -9,9 +9,9 @@
 
 namespace veldraw::sdk::ui::dialogs::propertybindings {
 
-/// The base of bindings that are `QObject`s with slots of their own. The road from the property to the widget is that
-/// of `UIPropertyBindingAbstract`, with its rules. A concrete class puts this base first and may carry `Q_OBJECT`; the
-/// template can't.
+/// The base of bindings that are `QObject`s with slots of their own. It listens to the property and has the widget
+/// updated by the rules of `UIPropertyBindingAbstract`. A concrete class names this base first, since moc wants the
+/// `QObject` there, and may have `Q_OBJECT`, which a template can't.
 template <typename T>
 class QObjectPropertyBinding : public QObject, public virtual PropertyBindingInterface
 {
@@ -20,7 +20,7 @@ public:
     QObjectPropertyBinding(UIStylePropertyAbstract<T>& uiProperty, WidgetUpdateMode_e mode);
     /// Follows the value; keeps the property alive.
     QObjectPropertyBinding(boost::shared_ptr<PropertyAbstract<T>> property, WidgetUpdateMode_e mode);
-    /// The same for a widget that only shows: nothing may be written through property().
+    /// The same for a widget that only shows the value; a binding made this way must not set property().
     QObjectPropertyBinding(boost::shared_ptr<PropertyAbstract<T> const> property, WidgetUpdateMode_e mode);
     ~QObjectPropertyBinding() override;
 
@@ -36,8 +36,8 @@ protected:
     void stopListeningToProperty();
 
 private:
-    class Road;
-    std::unique_ptr<Road> const m_road;
+    class PropertyFollower;
+    std::unique_ptr<PropertyFollower> const m_follower;
 };
 
 #define VELDRAW_DECLARE(T) extern template class VDSDKDIALOGS_DATA_QT_API QObjectPropertyBinding<T>;

@@ -13,14 +13,30 @@ namespace veldraw::sdk::ui::dialogs::propertybindings {
 using propertymanager::UIPropertyInterface;
 using propertymanager::UIStylePropertyAbstract;
 
-/// A binding's road from the property to the widget; a concrete binding adds the road back and says how its widget is
-/// written.
+/// The base of bindings, for one direction: it listens to a property and has its widget updated. A concrete binding says
+/// how the widget is written, and adds the other direction by calling `setPropertyValue` when the user changes the widget:
 ///
-/// There is no flag for "updating". A widget and a property don't feed each other because setting an equal value
-/// changes nothing, and because with `UpdateOnIdle` the widget is never written inside the property's signal. Any
-/// number of changes before the next idle moment make one write, with the value that holds then.
+///     SwitchBinding::SwitchBinding(QCheckBox& box, boost::shared_ptr<PropertyAbstract<bool>> on)
+///         : UIPropertyBindingAbstract<bool>(on, BindingInterface::UpdateOnIdle)
+///         , m_box(box)
+///     {
+///         SwitchBinding::updateWidgetValue(); // the base can't: there was no widget yet
+///         m_connections.add(QObject::connect(&box, &QCheckBox::clicked, [this](bool isOn) { setPropertyValue(isOn); }));
+///     }
 ///
-/// Catches nothing that `setValue` throws. May be destroyed inside its property's signal; nothing due runs then.
+///     void SwitchBinding::updateWidgetValue()
+///     {
+///         m_box.setChecked(property().value());
+///     }
+///
+/// A binding that needs `Q_OBJECT` derives from `QObjectPropertyBinding` instead.
+///
+/// Widget and property cannot set each other for ever, though no flag says "updating": setting an equal value changes
+/// nothing, and with `UpdateOnIdle` the widget is never written inside the property's signal. Several changes before the
+/// next idle moment cause one write, of the value that the property has at that moment.
+///
+/// Exceptions of `setValue` reach the caller. A binding may be destroyed inside its property's signal; updates that are
+/// still scheduled are then cancelled.
 template <typename T>
 class UIPropertyBindingAbstract : public virtual PropertyBindingInterface
 {

@@ -22,17 +22,26 @@ class RelevanceApplier;
 
 namespace veldraw::dialogs::common {
 
-/// What all dialogs have in common. A dialog builds its form on it and overrides nothing but the destructor.
+/// The base of all dialogs. A derived class sets up its form in the constructor and overrides only the destructor:
 ///
-/// - Modeless or modal as its form says; `launch()` never blocks. Closing only hides: the object, its settings and its
-///   bindings stay, until the parent widget dies. Idle work that is pending then goes along.
-/// - Close and Escape hide it, and drop what is being typed. No button is a default or auto-default one: Return in a field or a list must not run an
-///   action that may delete data.
-/// - With a rule, its content and its action buttons can be used only while the rule is true; Close and Help always.
-/// - Inputs that Qt does not name by their label, such as lists, get its text as their accessible name.
-/// - It opens at the size of its form; one without a size at the size that its content prefers, as far as the screen has
-///   room.
-/// - Registered state is restored when the dialog appears and saved when it goes, by whatever way.
+///     DeleteVariableDialog::DeleteVariableDialog(QWidget& parent)
+///         : QtDialogAbstract(parent, relevance())
+///         , m_impl(std::make_unique<Impl>(*this)) // form, manager, bindings
+///     {
+///         setHelpAction(new LaunchHelpAction("delete_variable.html", *this));
+///     }
+///
+/// What every dialog gets by it:
+///
+/// - **Opening.** The form says whether the dialog is modal; `launch()` returns at once in either case. The dialog opens at
+///   the size of its form or, if the form has none, at the size that its content prefers and the screen has room for.
+/// - **Closing** hides the dialog and drops unfinished text; Escape does the same. Object, settings and bindings stay until
+///   the parent widget is destroyed. Then pending idle work is cancelled.
+/// - **Relevance.** While the dialog's rule is false, the content and the action buttons are disabled, Close and Help are not.
+/// - **Keys.** No button is a default or auto-default one, so that Return in a field or a list cannot run an action that
+///   deletes data.
+/// - **Accessible names.** Inputs that Qt does not name after their label, such as lists, get the label's text.
+/// - **State** that was added by `addPersistentState` is restored when the dialog appears and saved when it disappears.
 class VDSDKDIALOGS_DATA_QT_API QtDialogAbstract : public QDialog, public virtual DialogInterface
 {
     Q_OBJECT
@@ -43,24 +52,25 @@ public:
     QtDialogAbstract(QWidget& parent, boost::shared_ptr<sdk::ui::propertymanager::RelevanceInterface const> relevance);
     ~QtDialogAbstract() override;
 
-    /// Asks no rule: the application asked before. A visible dialog comes to the front and is otherwise left alone.
+    /// Opens the dialog without asking the rule, which the application has asked before. A visible dialog only comes to the
+    /// front.
     void launch() override;
     void drop() override;
-    /// Runs what is due at idle and asks the dialog's rule again.
+    /// Runs the pending idle work and applies the dialog's rule again.
     void updateContent() override;
 
     void done(int result) override;
-    /// At least the size that the form was given.
+    /// The preferred size, and at least that of the form.
     QSize sizeHint() const override;
 
-    /// Takes over the help action: F1 and a Help button trigger it. To be called once, after the form stands.
+    /// Has F1 and the Help button trigger the action, and takes ownership. To be called once, after the form is set up.
     void setHelpAction(QAction* action);
 
 protected:
     void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
-    /// Registers state to be restored at each opening and saved at each closing.
+    /// Adds state that is restored at each opening and saved at each closing.
     void addPersistentState(boost::shared_ptr<veldraw::common::SerializerInterface> const& state);
 
 private:

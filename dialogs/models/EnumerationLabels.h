@@ -4,7 +4,7 @@
 /// What a person reads for the values of the kernel's enumerations, in the order in which dialogs offer them, which is not
 /// always that of the values.
 
-#include "dialogs/models/LabelledValue.h"
+#include "dialogs/models/PremappedListModel.h"
 #include "platform/vdsdkbase/VelUtilTypes.h"
 
 namespace veldraw::sdk::ui::dialogs::propertybindings::models {

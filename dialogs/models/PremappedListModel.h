@@ -1,12 +1,20 @@
 #pragma once
 
-#include "dialogs/models/LabelledValue.h"
 #include "dialogs/models/ListModelAbstract.h"
 
 #include <string>
 #include <vector>
 
 namespace veldraw::sdk::ui::dialogs::propertybindings::models {
+
+/// A value and what a person reads for it, UTF-8. Tables of these are constants that need no code at load, so any object
+/// of static lifetime may read them.
+template <typename T>
+struct LabelledValue
+{
+    char const* label;
+    T value;
+};
 
 /// A choice that is known when the program is written: labels and the values that they stand for, in the order in which
 /// a person sees them. It never changes and so never signals.

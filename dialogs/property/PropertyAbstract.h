@@ -16,19 +16,29 @@ namespace veldraw {
 template <typename T>
 class PropertyProxy;
 
-/// One typed value with a validator and a change signal: the unit of dialog state. Where the value lives is up to the
-/// derived class: in itself (`Property`), in another property, in the kernel's style tree.
+/// A property is one typed value with a validator and a signal that tells changes. All state of a dialog consists of
+/// properties, so that bindings, rules and the program itself share it without knowing each other:
 ///
-/// Setting a value always runs the same steps: validate, compare, store, read back, signal. So a signal always means a
-/// real change, and it carries the value that is now in force, which may differ from the one that was asked for.
+///     Property<int> count(1);
+///     boost::signals2::scoped_connection const listening =
+///         count.connectValueChanged([](int value) { std::cout << value; });
+///     count.setValue(5); // prints 5
+///     count.setValue(5); // prints nothing: an equal value is no change
+///
+/// A derived class says where the value is stored: in itself (`Property`), in another property (`PropertyTypeAdapter`) or
+/// in the kernel's style tree (`KernelProperty`).
+///
+/// `setValue` validates, compares with the present value, stores, reads the stored value back, and then sends the signal.
+/// So a signal always means a change, and it carries the value that was stored, which may differ from the one passed to
+/// `setValue`.
 ///
 /// While the signal runs:
-/// - A slot may set the property again. The new value's signal runs to its end first; the outer run then goes on and
-///   hands its own, by now older, value to the slots that are left. Who needs the value that holds asks `value()`.
-/// - A slot may connect and disconnect. Who came is called from the next signal on, who left is not called any more.
-/// - A slot may destroy any listener, itself included, as long as that listener disconnects.
-/// - A slot that throws ends the run; its exception reaches the caller of `setValue`, and the new value stays.
-/// - The property itself has to live until `setValue` returns.
+/// - A slot may set the property again. That change is signalled to all slots at once, inside; afterwards the remaining
+///   slots of the first signal are still called with the older value. A slot that needs the present one asks `value()`.
+/// - A slot may connect and disconnect slots. New ones are called from the next signal on, disconnected ones no more.
+/// - A slot may destroy any listener, itself included, provided that the listener disconnects.
+/// - An exception of a slot ends the signal and reaches the caller of `setValue`; the new value stays.
+/// - The property itself must live until `setValue` returns.
 template <typename T>
 class PropertyAbstract : public PropertyItemInterface
 {
@@ -38,11 +48,11 @@ public:
     /// Every value is allowed.
     PropertyAbstract();
     explicit PropertyAbstract(boost::shared_ptr<ValidatorInterface<T> const> validator);
-    /// Takes the value only, as `setValue` would; validator and listeners stay those of the left side.
+    /// Sets the value of @p other by `setValue`; validator and listeners are not copied.
     PropertyAbstract& operator=(PropertyAbstract const& other);
 
-    /// Throws `InvalidPropertyValueException` for an invalid value, also for one that equals the present one;
-    /// nothing has changed then.
+    /// Throws `InvalidPropertyValueException`, and changes nothing, if the validator refuses the value; also if it is the
+    /// present one.
     void setValue(T const& newValue);
     T value() const;
     operator T() const;
@@ -51,8 +61,8 @@ public:
 
     boost::shared_ptr<ValidatorInterface<T> const> validator() const;
 
-    /// Connects a slot and then runs the hook `signalValueChangedConnected()`. Listeners to the untyped signal hear a
-    /// change before all slots connected at the back.
+    /// Connects a slot and then calls the virtual function `signalValueChangedConnected()`. Slots of the untyped signal
+    /// of `PropertyItemInterface` are called before all slots that are connected at the back here.
     boost::signals2::connection
     connectValueChanged(typename ValueChangedSignal::slot_type const& slot,
                         boost::signals2::connect_position position = boost::signals2::at_back) const;

@@ -1,7 +1,9 @@
 #include "dialogs/property/PropertyTypeAdapter.h"
 
+#include "platform/exception/ExceptionBase.h"
 #include "platform/exception/InvalidPropertyValueException.h"
 
+#include <boost/lexical_cast.hpp>
 #include <boost/make_shared.hpp>
 #include <boost/signals2/shared_connection_block.hpp>
 
@@ -80,5 +82,23 @@ Outer PropertyTypeAdapter<Outer, Inner>::retrieveValue() const
 
 template class PropertyTypeAdapter<int, double>;
 template class PropertyTypeAdapter<std::string, long long>;
+
+std::string wholeNumberToText(long long number)
+{
+    try {
+        return boost::lexical_cast<std::string>(number);
+    } catch (boost::bad_lexical_cast const&) {
+        throw ExceptionBase();
+    }
+}
+
+long long textToWholeNumber(std::string const& text)
+{
+    try {
+        return boost::lexical_cast<long long>(text);
+    } catch (boost::bad_lexical_cast const&) {
+        throw ExceptionBase();
+    }
+}
 
 } // namespace veldraw

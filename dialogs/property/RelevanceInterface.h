@@ -6,10 +6,16 @@
 
 namespace veldraw::sdk::ui::propertymanager {
 
-/// A yes-or-no question whose answer can change, with a signal that says that it may have.
+/// A relevance rule: a condition that is true or false, and a signal that tells when that may have changed. Rules decide
+/// what is enabled and what is visible: commands, widgets, properties.
 ///
-/// Availability of commands, of widgets and of properties is asked through rules. The answer is right at any time, also
-/// when nobody listens; a listener asks `isRelevant()` again on each signal. Implementers inherit it virtually.
+///     boost::shared_ptr<RelevanceInterface const> const rule = boost::make_shared<DataSetExistsRelevance>();
+///     RelevanceApplier const applier(rule, form.deleteButton, RelevanceApplier::EnableDisable,
+///                                    BindingInterface::UpdateOnIdle);
+///
+/// `isRelevant()` is right at any time, whether or not anybody listens. The signal does not carry the answer, and it may
+/// come when nothing changed: a listener asks `isRelevant()` again. `RelevanceExpression` combines rules, `InvertingRelevance` turns one
+/// round. Derived classes inherit this one virtually.
 class VDSDKDIALOGS_DATA_QT_API RelevanceInterface
 {
 public:
@@ -21,7 +27,8 @@ public:
 
     virtual bool isRelevant() const = 0;
 
-    /// Connects a slot, then runs the hook `signalRelevanceChangedConnected()`. Inside signals: see `PropertyAbstract`.
+    /// Connects a slot, then calls the virtual function `signalRelevanceChangedConnected()`. What a slot may do while the
+    /// signal runs stands at `PropertyAbstract`.
     boost::signals2::connection connectRelevanceChanged(RelevanceChangedSignal::slot_type const& slot) const;
 
 private:

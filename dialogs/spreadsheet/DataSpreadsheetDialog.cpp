@@ -16,8 +16,8 @@
 #include "dialogs/spreadsheet/EditedCell.h"
 #include "dialogs/spreadsheet/EnterKeyTableNavigator.h"
 #include "dialogs/spreadsheet/GoToRowAction.h"
-#include "dialogs/spreadsheet/LongTableKeys.h"
-#include "dialogs/spreadsheet/LongTableMouse.h"
+#include "dialogs/spreadsheet/LongTableKeyNavigator.h"
+#include "dialogs/spreadsheet/LongTableMouseSelector.h"
 #include "dialogs/spreadsheet/SelectionText.h"
 #include "dialogs/spreadsheet/TableWindow.h"
 #include "dialogs/spreadsheet/WindowScrollBar.h"
@@ -57,8 +57,8 @@ using propertymanager::CornerButtonEventFilter;
 using propertymanager::DataSpreadsheetPropertiesManager;
 using propertymanager::EnterKeyTableNavigator;
 using propertymanager::GoToRowAction;
-using propertymanager::LongTableKeys;
-using propertymanager::LongTableMouse;
+using propertymanager::LongTableKeyNavigator;
+using propertymanager::LongTableMouseSelector;
 using propertymanager::RelevanceInterface;
 using propertymanager::SelectionText;
 using propertymanager::TableWindow;
@@ -164,8 +164,8 @@ void DataSpreadsheetDialog::Impl::makeLongTablesReachable()
     table->setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
     table->setHorizontalScrollMode(QAbstractItemView::ScrollPerItem);
     auto* const window = new TableWindow(*table, adapter);
-    new LongTableKeys(*window, *table);
-    new LongTableMouse(*window, *table);
+    new LongTableKeyNavigator(*window, *table);
+    new LongTableMouseSelector(*window, *table);
     new WindowScrollBar(Qt::Vertical, *window, *table);
     new WindowScrollBar(Qt::Horizontal, *window, *table);
     SelectionText::giveTo(*copyHandler, *window, [this](TableWindow::Cell const& cell) {

@@ -4,7 +4,6 @@
 #include "dialogs/property/AllowAnyValueValidator.h"
 #include "dialogs/property/DataSetExistsRelevance.h"
 #include "dialogs/property/FormattingPrecisionValidator.h"
-#include "dialogs/spreadsheet/EmptyTableModel.h"
 #include "dialogs/spreadsheet/FEZoneVarTableModel.h"
 #include "dialogs/spreadsheet/IJKLineZoneVarTableModel.h"
 #include "dialogs/spreadsheet/OrderedZoneVarTableModel.h"
@@ -24,6 +23,17 @@ namespace veldraw::sdk::ui::propertymanager {
 using namespace dialogs::propertybindings::models;
 
 namespace {
+
+// Shown while the zone has no values: a table without rows and columns.
+class EmptyTableModel : public TableModelAbstract
+{
+public:
+    unsigned long long columnCount() const override { return 0; }
+    unsigned long long rowCount() const override { return 0; }
+    std::string columnName(unsigned long long) const override { return std::string(); }
+    std::string rowName(unsigned long long) const override { return std::string(); }
+    std::string getStr(ModelIndex const&) const override { return std::string(); }
+};
 
 // Made when the library is loaded; every dialog that comes shows the last choices.
 auto const theZone = boost::make_shared<Property<int>>(1);

@@ -4,6 +4,8 @@
 
 #include <QModelIndex>
 
+#include <algorithm>
+
 class QTableView;
 
 namespace veldraw::sdk::ui::propertymanager {
@@ -29,5 +31,12 @@ private:
     QAbstractItemModel const* const m_items;                                // null for a view without a model
     dialogs::propertybindings::models::QTableModelAdapter* const m_adapter; // null when the items are the whole table
 };
+
+/// Saturating subtraction, for positions and counts, which have no sign.
+/// @return @p number less @p by, and 0 where that would be below 0
+inline unsigned long long subtractSaturating(unsigned long long number, unsigned long long by)
+{
+    return number - std::min(number, by);
+}
 
 } // namespace veldraw::sdk::ui::propertymanager

@@ -1,6 +1,5 @@
 #include "dialogs/spreadsheet/TableWindow.h"
 
-#include "dialogs/spreadsheet/ReducedNumber.h"
 #include "dialogs/widgets/TableViewWithPreferredDimensions.h"
 
 #include <QApplication>
@@ -28,7 +27,7 @@ void widen(unsigned long long& first, unsigned long long& last, int windowSize, 
     if (last - first + 1 != wide(windowSize))
         return;
     first = 0;
-    last = reduced(total, 1);
+    last = subtractSaturating(total, 1);
 }
 
 } // namespace
@@ -76,7 +75,7 @@ int TableWindow::pageSize(Qt::Orientation direction) const
 
 unsigned long long TableWindow::lastPosition(Qt::Orientation direction) const
 {
-    return reduced(total(direction), wide(pageSize(direction)));
+    return subtractSaturating(total(direction), wide(pageSize(direction)));
 }
 
 void TableWindow::scrollTo(Qt::Orientation direction, unsigned long long position)
@@ -258,7 +257,7 @@ bool TableWindow::wouldLose(Cell const& cell, Qt::Orientation direction, unsigne
 
 void TableWindow::moveWindowAround(Qt::Orientation direction, unsigned long long center)
 {
-    moveWindow(direction, reduced(center, wide(windowSize(direction) / 2)));
+    moveWindow(direction, subtractSaturating(center, wide(windowSize(direction) / 2)));
 }
 
 void TableWindow::ensureInWindow(Qt::Orientation direction, unsigned long long place)
@@ -306,8 +305,8 @@ TableWindow::Ranges TableWindow::rangesInView() const
 CellRange TableWindow::window() const
 {
     return CellRange{Cell(m_adapter.firstRow(), m_adapter.firstColumn()),
-                     Cell(m_adapter.firstRow() + reduced(wide(m_adapter.rowCount()), 1),
-                          m_adapter.firstColumn() + reduced(wide(m_adapter.columnCount()), 1))};
+                     Cell(m_adapter.firstRow() + subtractSaturating(wide(m_adapter.rowCount()), 1),
+                          m_adapter.firstColumn() + subtractSaturating(wide(m_adapter.columnCount()), 1))};
 }
 
 QScrollBar& TableWindow::scrollBar(Qt::Orientation direction) const

@@ -5,8 +5,7 @@
 #include "dialogs/spreadsheet/DataSpreadsheetPropertiesManager.h"
 #include "dialogs/spreadsheet/EditedCell.h"
 #include "dialogs/spreadsheet/ZoneVarTableModelAbstract.h"
-#include "dialogs/widgets/NumberValidator.h"
-#include "dialogs/widgets/WholeNumberValidator.h"
+#include "dialogs/widgets/NumberValidators.h"
 #include "platform/vdsdkbase/VelUtilDataValue.h"
 
 #include <QAbstractItemView>

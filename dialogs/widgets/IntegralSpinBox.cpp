@@ -1,7 +1,6 @@
 #include "dialogs/widgets/IntegralSpinBox.h"
 
-#include "dialogs/widgets/NumberText.h"
-#include "dialogs/widgets/WholeNumberValidator.h"
+#include "dialogs/widgets/NumberValidators.h"
 
 #include <QHideEvent>
 #include <QLocale>

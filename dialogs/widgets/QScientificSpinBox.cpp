@@ -1,7 +1,6 @@
 #include "dialogs/widgets/QScientificSpinBox.h"
 
-#include "dialogs/widgets/NumberText.h"
-#include "dialogs/widgets/NumberValidator.h"
+#include "dialogs/widgets/NumberValidators.h"
 
 #include <QHideEvent>
 #include <QLineEdit>

@@ -2,7 +2,6 @@
 
 #include "dialogs/property/BoundedValueValidator.h"
 #include "dialogs/property/Property.h"
-#include "dialogs/property/TextConversions.h"
 #include "tests/dialogs/property/RefusalOf.h"
 
 #include <boost/function/function_base.hpp>

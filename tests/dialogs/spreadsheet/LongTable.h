@@ -3,8 +3,8 @@
 #include "dialogs/models/QTableModelAdapter.h"
 #include "dialogs/spreadsheet/EnterKeyTableNavigator.h"
 #include "dialogs/spreadsheet/GoToRowAction.h"
-#include "dialogs/spreadsheet/LongTableKeys.h"
-#include "dialogs/spreadsheet/LongTableMouse.h"
+#include "dialogs/spreadsheet/LongTableKeyNavigator.h"
+#include "dialogs/spreadsheet/LongTableMouseSelector.h"
 #include "dialogs/spreadsheet/SelectionText.h"
 #include "dialogs/spreadsheet/TableWindow.h"
 #include "dialogs/spreadsheet/WindowScrollBar.h"
@@ -89,8 +89,8 @@ protected:
     } view{adapter};
     veldraw::ui::TableCopyHandler& copyHandler = *new veldraw::ui::TableCopyHandler(&view);
     TableWindow& window = *new TableWindow(view, adapter);
-    LongTableKeys& keys = *new LongTableKeys(window, view);
-    LongTableMouse& mouse = *new LongTableMouse(window, view);
+    LongTableKeyNavigator& keys = *new LongTableKeyNavigator(window, view);
+    LongTableMouseSelector& mouse = *new LongTableMouseSelector(window, view);
     WindowScrollBar& bar = *new WindowScrollBar(Qt::Vertical, window, view);
     WindowScrollBar& columnBar = *new WindowScrollBar(Qt::Horizontal, window, view);
     EnterKeyTableNavigator& navigator = *new EnterKeyTableNavigator(view);

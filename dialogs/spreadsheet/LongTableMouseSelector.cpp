@@ -1,4 +1,4 @@
-#include "dialogs/spreadsheet/LongTableMouse.h"
+#include "dialogs/spreadsheet/LongTableMouseSelector.h"
 
 #include "dialogs/spreadsheet/TableCells.h"
 #include "dialogs/spreadsheet/TableWindow.h"
@@ -35,7 +35,7 @@ void scroll(TableWindow& window, Qt::Orientation direction, long long steps)
 
 } // namespace
 
-LongTableMouse::LongTableMouse(TableWindow& window, View& view)
+LongTableMouseSelector::LongTableMouseSelector(TableWindow& window, View& view)
     : QObject(&view)
     , m_window(window)
     , m_view(view)
@@ -45,9 +45,9 @@ LongTableMouse::LongTableMouse(TableWindow& window, View& view)
     view.horizontalHeader()->viewport()->installEventFilter(this);
 }
 
-LongTableMouse::~LongTableMouse() = default;
+LongTableMouseSelector::~LongTableMouseSelector() = default;
 
-bool LongTableMouse::eventFilter(QObject* watched, QEvent* event)
+bool LongTableMouseSelector::eventFilter(QObject* watched, QEvent* event)
 {
     bool const isMouse = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseMove ||
                          event->type() == QEvent::MouseButtonRelease;
@@ -64,7 +64,7 @@ bool LongTableMouse::eventFilter(QObject* watched, QEvent* event)
 }
 
 // True for what is dealt with here and kept from the view.
-bool LongTableMouse::cellsEvent(QMouseEvent const& mouse)
+bool LongTableMouseSelector::cellsEvent(QMouseEvent const& mouse)
 {
     if (mouse.type() == QEvent::MouseButtonPress)
         return pressOnCell(mouse);
@@ -83,7 +83,7 @@ bool LongTableMouse::cellsEvent(QMouseEvent const& mouse)
     return true;
 }
 
-bool LongTableMouse::pressOnCell(QMouseEvent const& mouse)
+bool LongTableMouseSelector::pressOnCell(QMouseEvent const& mouse)
 {
     endDrag();
     QModelIndex const index = m_view.indexAt(mouse.pos());
@@ -99,7 +99,8 @@ bool LongTableMouse::pressOnCell(QMouseEvent const& mouse)
     return extends;
 }
 
-bool LongTableMouse::pressOnHeader(Qt::Orientation direction, QHeaderView const& header, QMouseEvent const& mouse)
+bool LongTableMouseSelector::pressOnHeader(Qt::Orientation direction, QHeaderView const& header,
+                                           QMouseEvent const& mouse)
 {
     int const section = header.logicalIndexAt(mouse.pos());
     if (m_window.showsAll(direction) || mouse.button() != Qt::LeftButton || section < 0)
@@ -115,13 +116,13 @@ bool LongTableMouse::pressOnHeader(Qt::Orientation direction, QHeaderView const&
     return extends;
 }
 
-void LongTableMouse::endDrag()
+void LongTableMouseSelector::endDrag()
 {
     m_isDragging = false;
     m_scrollTimer.stop();
 }
 
-void LongTableMouse::timerEvent(QTimerEvent* event)
+void LongTableMouseSelector::timerEvent(QTimerEvent* event)
 {
     if (event->timerId() != m_scrollTimer.timerId())
         return;
@@ -131,7 +132,7 @@ void LongTableMouse::timerEvent(QTimerEvent* event)
 }
 
 // To the cell under the mouse, or to the one nearest to it.
-void LongTableMouse::extendToMouse()
+void LongTableMouseSelector::extendToMouse()
 {
     QRect const cells = m_view.viewport()->rect();
     int const row = m_view.rowAt(std::max(0, std::min(m_mouse.y(), cells.bottom())));

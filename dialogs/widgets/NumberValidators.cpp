@@ -1,7 +1,4 @@
-#include "dialogs/widgets/NumberText.h"
-
-#include "dialogs/widgets/NumberValidator.h"
-#include "dialogs/widgets/WholeNumberValidator.h"
+#include "dialogs/widgets/NumberValidators.h"
 
 #include <QLineEdit>
 
@@ -17,6 +14,24 @@ bool isBlank(QChar character)
 }
 
 } // namespace
+
+NumberValidator::~NumberValidator() = default;
+
+QValidator::State NumberValidator::validate(QString& text, int& pos) const
+{
+    QString number = withoutBlanksAround(text);
+    State const state = QDoubleValidator::validate(number, pos);
+    return state == Invalid ? Intermediate : state;
+}
+
+WholeNumberValidator::~WholeNumberValidator() = default;
+
+QValidator::State WholeNumberValidator::validate(QString& text, int& pos) const
+{
+    QString number = withoutBlanksAround(text);
+    State const state = QIntValidator::validate(number, pos);
+    return state == Invalid ? Intermediate : state;
+}
 
 QString withoutBlanksAround(QString const& text)
 {

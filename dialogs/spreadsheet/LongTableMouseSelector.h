@@ -19,7 +19,7 @@ class TableWindow;
 /// Selecting with the mouse over all of a table that is longer than its view can hold: by Shift and a click on a cell or on a
 /// row's name, and by dragging, which scrolls while the mouse is beside the table. The view itself would begin from what it
 /// has of the selection, which may reach out of the window. In a shorter table it sees to its mouse itself.
-class LongTableMouse : public QObject
+class LongTableMouseSelector : public QObject
 {
     Q_OBJECT
 
@@ -27,8 +27,8 @@ public:
     using View = veldraw::dialogs::common::TableViewWithPreferredDimensions;
 
     /// Belongs to the window's view and filters the events of its cells and headers.
-    LongTableMouse(TableWindow& window, View& view);
-    ~LongTableMouse() override;
+    LongTableMouseSelector(TableWindow& window, View& view);
+    ~LongTableMouseSelector() override;
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -14,14 +14,14 @@ class TableWindow;
 
 /// The keys that move the current cell, over all of a table that is longer than its view can hold: arrows, Page Up and Page
 /// Down, Home, End and Tab, with Control and, to select, with Shift. In a shorter table the view sees to its keys itself.
-class LongTableKeys : public QObject
+class LongTableKeyNavigator : public QObject
 {
     Q_OBJECT
 
 public:
     /// Belongs to the window's view and filters its events.
-    LongTableKeys(TableWindow& window, QObject& view);
-    ~LongTableKeys() override;
+    LongTableKeyNavigator(TableWindow& window, QObject& view);
+    ~LongTableKeyNavigator() override;
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -1,6 +1,5 @@
-#include "dialogs/spreadsheet/LongTableKeys.h"
+#include "dialogs/spreadsheet/LongTableKeyNavigator.h"
 
-#include "dialogs/spreadsheet/ReducedNumber.h"
 #include "dialogs/spreadsheet/TableWindow.h"
 
 #include <QKeyEvent>
@@ -9,16 +8,16 @@
 
 namespace veldraw::sdk::ui::propertymanager {
 
-LongTableKeys::LongTableKeys(TableWindow& window, QObject& view)
+LongTableKeyNavigator::LongTableKeyNavigator(TableWindow& window, QObject& view)
     : QObject(&view)
     , m_window(window)
 {
     view.installEventFilter(this);
 }
 
-LongTableKeys::~LongTableKeys() = default;
+LongTableKeyNavigator::~LongTableKeyNavigator() = default;
 
-bool LongTableKeys::eventFilter(QObject* watched, QEvent* event)
+bool LongTableKeyNavigator::eventFilter(QObject* watched, QEvent* event)
 {
     bool const isLong = !m_window.showsAll(Qt::Vertical) || !m_window.showsAll(Qt::Horizontal);
     if (event->type() != QEvent::KeyPress || !isLong)
@@ -32,7 +31,7 @@ bool LongTableKeys::eventFilter(QObject* watched, QEvent* event)
     return true;
 }
 
-std::optional<LongTableKeys::Cell> LongTableKeys::target(QKeyEvent const& key) const
+std::optional<LongTableKeyNavigator::Cell> LongTableKeyNavigator::target(QKeyEvent const& key) const
 {
     unsigned long long const rows = m_window.total(Qt::Vertical);
     if (rows == 0 || m_window.total(Qt::Horizontal) == 0 || (key.modifiers() & (Qt::AltModifier | Qt::MetaModifier)))
@@ -44,11 +43,11 @@ std::optional<LongTableKeys::Cell> LongTableKeys::target(QKeyEvent const& key) c
     bool const toTheEnd = key.modifiers() & Qt::ControlModifier;
     switch (key.key()) {
     case Qt::Key_Up:
-        return Cell(toTheEnd ? 0 : reduced(cell.row, 1), cell.column);
+        return Cell(toTheEnd ? 0 : subtractSaturating(cell.row, 1), cell.column);
     case Qt::Key_Down:
         return Cell(toTheEnd ? lastRow : std::min(cell.row + 1, lastRow), cell.column);
     case Qt::Key_PageUp:
-        return Cell(reduced(cell.row, page), cell.column);
+        return Cell(subtractSaturating(cell.row, page), cell.column);
     case Qt::Key_PageDown:
         return Cell(std::min(cell.row + page, lastRow), cell.column);
     default:
@@ -56,13 +55,14 @@ std::optional<LongTableKeys::Cell> LongTableKeys::target(QKeyEvent const& key) c
     }
 }
 
-std::optional<LongTableKeys::Cell> LongTableKeys::targetInRow(QKeyEvent const& key, Cell const& cell) const
+std::optional<LongTableKeyNavigator::Cell> LongTableKeyNavigator::targetInRow(QKeyEvent const& key,
+                                                                              Cell const& cell) const
 {
     unsigned long long const lastColumn = m_window.total(Qt::Horizontal) - 1;
     bool const toTheEnd = key.modifiers() & Qt::ControlModifier;
     switch (key.key()) {
     case Qt::Key_Left:
-        return Cell(cell.row, toTheEnd ? 0 : reduced(cell.column, 1));
+        return Cell(cell.row, toTheEnd ? 0 : subtractSaturating(cell.column, 1));
     case Qt::Key_Right:
         return Cell(cell.row, toTheEnd ? lastColumn : std::min(cell.column + 1, lastColumn));
     case Qt::Key_Home:
@@ -79,14 +79,14 @@ std::optional<LongTableKeys::Cell> LongTableKeys::targetInRow(QKeyEvent const& k
 }
 
 // Along the rows, from the last cell to the first.
-LongTableKeys::Cell LongTableKeys::nextInReading(Cell const& cell) const
+LongTableKeyNavigator::Cell LongTableKeyNavigator::nextInReading(Cell const& cell) const
 {
     if (cell.column + 1 < m_window.total(Qt::Horizontal))
         return Cell(cell.row, cell.column + 1);
     return cell.row + 1 < m_window.total(Qt::Vertical) ? Cell(cell.row + 1, 0) : Cell(0, 0);
 }
 
-LongTableKeys::Cell LongTableKeys::previousInReading(Cell const& cell) const
+LongTableKeyNavigator::Cell LongTableKeyNavigator::previousInReading(Cell const& cell) const
 {
     if (cell.column > 0)
         return Cell(cell.row, cell.column - 1);

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QDoubleValidator>
+#include <QIntValidator>
+#include <QString>
+
+class QLineEdit;
+
+namespace veldraw::ui {
+
+/// A `QDoubleValidator` that swallows no key. What can't become a number is `Intermediate` and not `Invalid`: a line edit
+/// drops the key that would make its text invalid, so that "1,5" became 15. The text stays as it was typed, and whoever
+/// takes it refuses it as a whole.
+///
+/// Blanks and line ends around the number don't count.
+class NumberValidator : public QDoubleValidator
+{
+public:
+    using QDoubleValidator::QDoubleValidator;
+    ~NumberValidator() override;
+
+    State validate(QString& text, int& pos) const override;
+};
+
+/// The same for whole numbers as `NumberValidator` is for others: a `QIntValidator` that swallows no key.
+class WholeNumberValidator : public QIntValidator
+{
+public:
+    using QIntValidator::QIntValidator;
+    ~WholeNumberValidator() override;
+
+    State validate(QString& text, int& pos) const override;
+};
+
+/// A text without the blanks, tabs and line ends at both ends, which come along when a number is copied from elsewhere.
+QString withoutBlanksAround(QString const& text);
+
+/// Takes them off what stands in a line edit whose validator is a `NumberValidator` or a `WholeNumberValidator`. Whether
+/// the text counts as typed stays as it is.
+void dropBlanksAround(QLineEdit& lineEdit);
+
+} // namespace veldraw::ui

@@ -1,6 +1,6 @@
 #include "app/commandline/DataSetReport.h"
 
-#include "app/window/DataTexts.h"
+#include "app/window/DataDescription.h"
 #include "app/window/VariableRange.h"
 
 namespace veldraw::app {

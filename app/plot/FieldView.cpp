@@ -191,7 +191,7 @@ void FieldView::clear()
     m_legend->hide();
 }
 
-FrameNotice FieldView::show(kernel::Frame const& frame)
+FrameMessage FieldView::show(kernel::Frame const& frame)
 {
     clearMarks();
     bool const wasShown = std::exchange(m_isShown, false);

@@ -29,7 +29,7 @@ public:
     void addTo(vtkRenderWindow& window) override;
     void removeFrom(vtkRenderWindow& window) override;
     void setArea(ViewArea const& area) override;
-    FrameNotice show(kernel::Frame const& frame) override;
+    FrameMessage show(kernel::Frame const& frame) override;
     bool isWaiting() const override { return m_scene.isWaiting(); }
     void wait() override { m_scene.wait(); }
     bool dependsOn(kernel::Frame const& frame, int variable) const override;

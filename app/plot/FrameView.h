@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/plot/FrameNotice.h"
+#include "app/plot/FrameMessage.h"
 #include "kernel/frames/Frame.h"
 
 #include <QPointF>
@@ -14,16 +14,23 @@ class vtkRenderWindow;
 
 namespace veldraw::app {
 
-/// Where a view stands in the window of VTK.
+/// The place of a view in VTK's window.
 struct ViewArea
 {
-    QRectF fraction;    ///< of the window, origin at the bottom left as VTK counts
+    QRectF fraction;    ///< of the window, from its bottom left corner as in VTK
     double width = 1.0; ///< device pixels
     double height = 1.0;
     double pixelRatio = 1.0; ///< device pixels a logical pixel
 };
 
-/// The content of one frame, below its header. Positions are shares of the area, (0, 0) at the bottom left.
+/// The plot in one frame, below the frame's header. There is a derived class for each kind of plot; `PageView` drives them:
+///
+///     view.addTo(window);
+///     view.setArea(area);
+///     FrameMessage const message = view.show(frame); // and again after each change of the frame
+///     view.zoom(1.25, {0.5, 0.5});                   // the user turns the wheel
+///
+/// Positions are fractions of the area's width and height, (0, 0) at the bottom left.
 class FrameView
 {
 public:
@@ -34,34 +41,37 @@ public:
     virtual void removeFrom(vtkRenderWindow& window);
     virtual void setArea(ViewArea const& area);
 
-    /// Shows the frame as it is now. A view that shows the whole goes on doing so when the extent of what is shown changes; one
-    /// that the user has moved or enlarged stays at the same place of the data.
-    /// @return what is missing, if anything
-    virtual FrameNotice show(kernel::Frame const& frame) = 0;
+    /// Shows the present state of the frame. A view that is fitted stays fitted when the extent of the data changes; a view
+    /// that the user has moved or zoomed keeps showing the same part of the data.
+    /// @return what is missing in the picture, if anything
+    virtual FrameMessage show(kernel::Frame const& frame) = 0;
 
-    /// Whether something is being worked out for the picture that show() has left out.
+    /// Whether a part of the picture, which show() has left out, is still being computed in the background.
     virtual bool isWaiting() const { return false; }
 
-    /// Waits until that is there for show() to take.
+    /// Waits until the background computation is done; the next show() uses its result.
     virtual void wait() {}
 
     /// Whether the picture depends on a variable (one-based number) of the frame's data set.
     virtual bool dependsOn(kernel::Frame const& frame, int variable) const = 0;
 
-    /// Marks zones (one-based numbers) as picked, and no others. show() takes all marks away.
+    /// Marks these zones (one-based numbers) as picked, and no others. show() removes all marks.
     virtual void markZones(std::set<int> const& /*zones*/) {}
 
+    /// Brings the whole plot into view.
     virtual void fit() = 0;
+    /// Turns the plot as the mouse goes; a plot without a third dimension is moved instead.
     virtual void rotate(QPointF const& from, QPointF const& to) { pan(from, to); }
     virtual void pan(QPointF const& from, QPointF const& to) = 0;
-    /// @param factor above 1 shows less, larger; @param at stays where it is, if the projection allows
+    /// @param factor above 1 enlarges
+    /// @param at position that stays in place, as far as the projection allows
     virtual void zoom(double factor, QPointF const& at) = 0;
 
     FrameView(FrameView const&) = delete;
     FrameView& operator=(FrameView const&) = delete;
 
 protected:
-    vtkRenderer& ground() { return *m_ground; } ///< covers the area, white; axes and legends go here
+    vtkRenderer& ground() { return *m_ground; } ///< white, covers the area, has axes and legends
     ViewArea const& area() const { return m_area; }
 
 private:

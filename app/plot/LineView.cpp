@@ -100,7 +100,7 @@ void LineView::placeLegend()
     m_chart->SetSize(vtkRectf(0.0F, 0.0F, static_cast<float>(area().width), height));
 }
 
-FrameNotice LineView::show(kernel::Frame const& frame)
+FrameMessage LineView::show(kernel::Frame const& frame)
 {
     m_chart->ClearPlots();
     m_curves.clear();

@@ -27,7 +27,7 @@ public:
     ~LineView() override;
 
     void setArea(ViewArea const& area) override;
-    FrameNotice show(kernel::Frame const& frame) override;
+    FrameMessage show(kernel::Frame const& frame) override;
     bool dependsOn(kernel::Frame const& frame, int variable) const override;
     void fit() override;
     void pan(QPointF const& from, QPointF const& to) override;

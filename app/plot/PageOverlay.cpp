@@ -65,10 +65,10 @@ void PageOverlay::paintEvent(QPaintEvent* event)
 
 void PageOverlay::paintMark(QPainter& painter, Mark const& mark) const
 {
-    painter.fillRect(strip(mark.content, mark.notice), PlotTheme::paper());
-    if (!mark.notice.remark.isEmpty())
+    painter.fillRect(strip(mark.content, mark.message), PlotTheme::paper());
+    if (!mark.message.remark.isEmpty())
         paintRemark(painter, mark);
-    if (!mark.notice.sentence.isEmpty())
+    if (!mark.message.sentence.isEmpty())
         paintNotice(painter, mark);
     if (m_isBare)
         return;
@@ -101,22 +101,22 @@ void PageOverlay::paintHeader(QPainter& painter, Mark const& mark) const
 
 void PageOverlay::paintNotice(QPainter& painter, Mark const& mark) const
 {
-    if (mark.notice.coversPicture) {
+    if (mark.message.replacesPicture) {
         painter.fillRect(mark.content, PlotTheme::paper());
         painter.setFont(noticeFont(font(), 15));
         painter.setPen(PlotTheme::quietText());
         painter.drawText(mark.content.adjusted(16, 8, -16, -8), Qt::AlignCenter | Qt::TextWordWrap,
-                         mark.notice.sentence);
+                         mark.message.sentence);
         return;
     }
     painter.setFont(noticeFont(font(), sentenceSize));
-    int const top = mark.notice.standsAbove ? 0 : strip(mark.content, mark.notice).height();
-    QRect const text = sentenceIn(mark.content.adjusted(0, top, 0, 0), mark.notice.sentence);
+    int const top = mark.message.hasOwnStrip ? 0 : strip(mark.content, mark.message).height();
+    QRect const text = sentenceIn(mark.content.adjusted(0, top, 0, 0), mark.message.sentence);
     painter.setPen(Qt::NoPen);
     painter.setBrush(QColor(0xFF, 0xF4, 0xD6, 235));
     painter.drawRoundedRect(text.adjusted(-9, -4, 9, 4), 4, 4);
     painter.setPen(QColor(0x6B, 0x4E, 0x00));
-    painter.drawText(text, Qt::AlignCenter | Qt::TextWordWrap, mark.notice.sentence);
+    painter.drawText(text, Qt::AlignCenter | Qt::TextWordWrap, mark.message.sentence);
 }
 
 QRect PageOverlay::sentenceIn(QRect const& content, QString const& sentence) const
@@ -125,28 +125,28 @@ QRect PageOverlay::sentenceIn(QRect const& content, QString const& sentence) con
         .boundingRect(content.marginsRemoved(aroundSentence), sentenceFlags, sentence);
 }
 
-QRect PageOverlay::strip(QRect const& content, FrameNotice const& notice) const
+QRect PageOverlay::strip(QRect const& content, FrameMessage const& message) const
 {
     int height = 0;
-    if (!notice.remark.isEmpty())
+    if (!message.remark.isEmpty())
         height = QFontMetrics(noticeFont(font(), remarkSize))
-                     .boundingRect(content.marginsRemoved(aroundRemark), remarkFlags, notice.remark)
+                     .boundingRect(content.marginsRemoved(aroundRemark), remarkFlags, message.remark)
                      .height() +
                  aroundRemark.top() + aroundRemark.bottom();
-    if (notice.standsAbove && !notice.sentence.isEmpty())
-        height = sentenceIn(content, notice.sentence).height() + aroundSentence.top() + aroundSentence.bottom();
+    if (message.hasOwnStrip && !message.sentence.isEmpty())
+        height = sentenceIn(content, message.sentence).height() + aroundSentence.top() + aroundSentence.bottom();
     return height == 0 || 3 * height > content.height() ? QRect()
                                                         : QRect(content.topLeft(), QSize(content.width(), height));
 }
 
 void PageOverlay::paintRemark(QPainter& painter, Mark const& mark) const
 {
-    QRect const room = strip(mark.content, mark.notice);
+    QRect const room = strip(mark.content, mark.message);
     if (room.isEmpty())
         return;
     painter.setFont(noticeFont(font(), remarkSize));
     painter.setPen(PlotTheme::quietText());
-    painter.drawText(room.marginsRemoved(aroundRemark), remarkFlags, mark.notice.remark);
+    painter.drawText(room.marginsRemoved(aroundRemark), remarkFlags, mark.message.remark);
 }
 
 void PageOverlay::paintEmptyPage(QPainter& painter) const

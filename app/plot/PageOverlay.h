@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/plot/FrameNotice.h"
+#include "app/plot/FrameMessage.h"
 
 #include <QRect>
 #include <QRegion>
@@ -11,7 +11,7 @@
 
 namespace veldraw::app {
 
-/// Borders, headers and notices of the frames, drawn by Qt over the picture, so that names in any script are sharp and readable.
+/// Borders, headers and messages of the frames, drawn by Qt over the picture, so that names in any script are sharp and readable.
 /// Lets the mouse through.
 class PageOverlay : public QWidget
 {
@@ -24,19 +24,19 @@ public:
         QRect area;    ///< with border and header
         QRect content; ///< below the header, inside the border
         QString name;
-        FrameNotice notice;
+        FrameMessage message;
         bool isActive = false;
     };
 
     explicit PageOverlay(QWidget* parent);
 
     /// @param marks in drawing order, the last on top; none: @p emptyText is shown instead
-    /// @param isBare notices only: no borders and no headers
+    /// @param isBare messages only: no borders and no headers
     void setMarks(std::vector<Mark> marks, QString const& emptyText, bool isBare = false);
 
     /// The strip at the top of a frame's content for what is said there and must not run into the picture: the remark, and a
     /// sentence that stands above. Empty without them, and where it would leave too little of the picture.
-    QRect strip(QRect const& content, FrameNotice const& notice) const;
+    QRect strip(QRect const& content, FrameMessage const& message) const;
 
     static constexpr int headerHeight = 26;
     static constexpr int borderWidth = 2;

@@ -162,7 +162,7 @@ void PageView::refresh()
 void PageView::giveUpDrawing(std::exception const& failure)
 {
     for (auto& [id, slot] : m_slots)
-        slot.notice = {tr("This frame cannot be drawn: %1").arg(QString::fromUtf8(failure.what())), true};
+        slot.message = {tr("This frame cannot be drawn: %1").arg(QString::fromUtf8(failure.what())), true};
     orderRenderers();
     updateOverlay();
 }
@@ -221,7 +221,7 @@ void PageView::layOut()
 
 void PageView::placePicture(Slot& slot) const
 {
-    slot.picture = slot.content.adjusted(0, m_overlay->strip(slot.content, slot.notice).height(), 0, 0);
+    slot.picture = slot.content.adjusted(0, m_overlay->strip(slot.content, slot.message).height(), 0, 0);
 }
 
 void PageView::updateStale()
@@ -239,7 +239,7 @@ void PageView::updateStale()
             slot.isStale = false;
         } catch (std::exception const& failure) {
             slot.isStale = false;
-            slot.notice = {tr("This frame cannot be drawn: %1").arg(QString::fromUtf8(failure.what())), true};
+            slot.message = {tr("This frame cannot be drawn: %1").arg(QString::fromUtf8(failure.what())), true};
         }
     }
     orderRenderers();
@@ -275,15 +275,15 @@ void PageView::updatePlot(kernel::Frame const& frame, Slot& slot)
     }
     if (slot.view) {
         slot.view->setArea(areaOf(slot));
-        slot.notice = slot.view->show(frame);
+        slot.message = slot.view->show(frame);
         return;
     }
     if (!frame.dataSet)
-        slot.notice = {tr("This frame has no data set."), true};
+        slot.message = {tr("This frame has no data set."), true};
     else if (frame.plotType == PlotType_PolarLine)
-        slot.notice = {tr("Polar line plots are not drawn. Choose another plot type."), true};
+        slot.message = {tr("Polar line plots are not drawn. Choose another plot type."), true};
     else
-        slot.notice = {tr("A sketch shows no data. Choose another plot type."), true};
+        slot.message = {tr("A sketch shows no data. Choose another plot type."), true};
 }
 
 std::unique_ptr<FrameView> PageView::createView(kernel::Frame const& frame)
@@ -354,9 +354,9 @@ void PageView::updateOverlay()
             if (slot.area.width() < 4 || slot.area.height() < 4)
                 continue;
             QString const name = QString::fromStdString(frame->name);
-            FrameNotice const shown = m_canvas || slot.hidesPicture()
-                                          ? slot.notice
-                                          : FrameNotice{tr("Plots cannot be drawn without a screen."), true};
+            FrameMessage const shown = m_canvas || slot.hidesPicture()
+                                           ? slot.message
+                                           : FrameMessage{tr("Plots cannot be drawn without a screen."), true};
             marks.push_back({slot.area, slot.content, name, shown, frame->id == page->activeFrame});
             for (QString const& sentence : {shown.sentence, shown.remark})
                 if (!sentence.isEmpty())
@@ -382,16 +382,16 @@ FrameView* PageView::frameView(kernel::UniqueId frame)
     return shownView(frame);
 }
 
-QString PageView::notice(kernel::UniqueId frame) const
+QString PageView::message(kernel::UniqueId frame) const
 {
     auto const slot = m_slots.find(frame);
-    return slot == m_slots.end() ? QString() : slot->second.notice.sentence;
+    return slot == m_slots.end() ? QString() : slot->second.message.sentence;
 }
 
 QString PageView::remark(kernel::UniqueId frame) const
 {
     auto const slot = m_slots.find(frame);
-    return slot == m_slots.end() ? QString() : slot->second.notice.remark;
+    return slot == m_slots.end() ? QString() : slot->second.message.remark;
 }
 
 QRect PageView::plotArea(kernel::UniqueId frame) const

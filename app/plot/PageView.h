@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/plot/FrameNotice.h"
+#include "app/plot/FrameMessage.h"
 #include "app/plot/FrameView.h"
 #include "app/plot/PageDisplay.h"
 #include "kernel/session/Session.h"
@@ -20,14 +20,24 @@ namespace veldraw::app {
 
 class PageOverlay;
 
-/// The active page: its frames as they lie on the paper, each with its plot. The paper fills the widget.
+/// Shows the active page of a session: the sheet of paper, which fills the widget, and its frames with their plots.
 ///
-/// Listens to the session by itself. An event only marks what is out of date; the picture is brought up to date once in the
-/// next turn of the event loop, however many events came, and not while the session has drawing suspended. Large shapes are worked out
-/// aside; their frames say so until they are there. Left drag turns (3D) or moves (2D, lines), middle drag moves, right
-/// drag and wheel enlarge, a double click fits; the same by the keys: arrows, plus, minus and Home. A press in a frame makes it
-/// the active one. A click picks the zone under the mouse and nothing else, or nothing where there is none; with Ctrl it adds
-/// the zone to what is picked, or takes it out.
+///     auto* const page = new PageView(session, &window); // follows the session from now on
+///     page->fitAllFrames();
+///
+/// Events of the session only mark frames as out of date. They are drawn once in the next turn of the event loop, however
+/// many events there were, unless the session has drawing suspended. Large geometries are computed in the background; their
+/// frames say so meanwhile.
+///
+/// | mouse | keys | effect |
+/// |---|---|---|
+/// | left drag | arrows | rotates a 3D plot, moves any other |
+/// | middle drag | | moves |
+/// | right drag, wheel | plus, minus | zooms |
+/// | double click | Home | fits |
+/// | press | | makes the frame the active one |
+/// | click | | picks the zone under the mouse, and no other |
+/// | click with Ctrl | | adds the zone to the picks, or removes it |
 class PageView : public QWidget
 {
     Q_OBJECT
@@ -40,35 +50,35 @@ public:
     void fitActiveFrame();
     void fitAllFrames();
 
-    /// Fits the view of one frame once the picture is brought up to date next; unknown frames are left out.
+    /// Fits the view of one frame at the next refresh. Does nothing for an unknown frame.
     void fitFrame(kernel::UniqueId frame);
 
-    /// Has the picture brought up to date in the next turn of the event loop.
+    /// Schedules a refresh for the next turn of the event loop.
     void scheduleRefresh();
 
-    /// What is on the screen, in device pixels, brought up to date first; waits for what is being worked out aside.
+    /// The picture on the screen, in device pixels, after a refresh and the end of all background computations.
     QImage grabImage();
 
-    /// The page for a document: its plots in their places, as large as on the screen, and what has to be said about them, but no
-    /// borders, no headers and no marks of what is picked. What is on the screen stays as it is.
+    /// The page as a picture for a document: plots and messages in the places and sizes that they have on the screen, without
+    /// borders, headers and marks of picked zones. The screen does not change.
     QImage takePicture();
 
-    /// Whether parts of the picture are being worked out aside.
+    /// Whether parts of the picture are still being computed in the background.
     bool isDrawing() const;
 
-    /// The sentence shown in a frame, empty when nothing is missing or there is no such frame.
-    QString notice(kernel::UniqueId frame) const;
+    /// The sentence that says what is missing in a frame; empty for an unknown frame and when nothing is.
+    QString message(kernel::UniqueId frame) const;
 
-    /// What is said of a picture that lacks nothing, empty as a rule.
+    /// The remark about a picture in which nothing is missing; usually empty.
     QString remark(kernel::UniqueId frame) const;
 
-    /// The plot in a frame below its header and a remark, logical pixels of this widget; null for an unknown frame.
+    /// The rectangle of a frame's plot, below header and remark, in logical pixels of this widget; null for an unknown frame.
     QRect plotArea(kernel::UniqueId frame) const;
 
-    /// The plot in a frame, null when there is none, as in a frame without data. Brought up to date first.
+    /// The plot in a frame, after a refresh; null if there is none, as in a frame without data.
     FrameView* frameView(kernel::UniqueId frame);
 
-    /// Brings everything up to date at once, unless the session has drawing suspended.
+    /// Draws everything that is out of date now, unless the session has drawing suspended.
     void refresh();
 
     QSize sizeHint() const override { return {960, 720}; }
@@ -87,16 +97,16 @@ protected:
 private:
     struct Slot
     {
-        std::unique_ptr<FrameView> view; ///< null until the plot type is one that draws
+        std::unique_ptr<FrameView> view; ///< null for a plot type that is not drawn
         PlotType_e plotType = PlotType_Sketch;
-        FrameNotice notice;
+        FrameMessage message;
         QRect area;
-        QRect content; ///< what the frame has below its header
-        QRect picture; ///< what of that the view has
+        QRect content; ///< the frame below its header
+        QRect picture; ///< the part of the content that the view gets
         bool isStale = true;
         bool isToFit = false;
 
-        bool hidesPicture() const { return notice.coversPicture && !notice.sentence.isEmpty(); }
+        bool hidesPicture() const { return message.replacesPicture && !message.sentence.isEmpty(); }
     };
 
     void createCanvas();
@@ -143,7 +153,7 @@ private:
     QPointF m_pressPosition;
     QPointF m_dragPosition;
     Qt::MouseButton m_dragButton = Qt::NoButton;
-    bool m_isDragging = false; // the mouse has gone so far that it is no click any more
+    bool m_isDragging = false; // the mouse has moved too far for a click
 };
 
 } // namespace veldraw::app

@@ -16,7 +16,7 @@ public:
     static QColor desk() { return {0xE6, 0xE9, 0xEE}; }         ///< between and around the frames
     static QColor paper() { return {0xFF, 0xFF, 0xFF}; }        ///< inside a frame
     static QColor text() { return {0x2B, 0x33, 0x3F}; }         ///< axis titles, legends
-    static QColor quietText() { return {0x5B, 0x66, 0x75}; }    ///< numbers, notices, headers of inactive frames
+    static QColor quietText() { return {0x5B, 0x66, 0x75}; }    ///< numbers, messages, headers of inactive frames
     static QColor axis() { return {0x7A, 0x85, 0x94}; }         ///< axis lines and outlines
     static QColor grid() { return {0xE4, 0xE8, 0xED}; }         ///< grid lines
     static QColor spaceGrid() { return {0xD3, 0xD9, 0xE1}; }    ///< grid lines behind a scene

@@ -1,6 +1,6 @@
 #include "app/window/DataPanel.h"
 
-#include "app/window/RecordView.h"
+#include "app/window/DockTableView.h"
 
 #include <QLabel>
 #include <QSplitter>
@@ -13,9 +13,9 @@ DataPanel::DataPanel(kernel::Session& session, QWidget* parent)
     , m_frames(session)
     , m_zones(session)
     , m_variables(session)
-    , m_frameView(new RecordView(m_frames, QStringLiteral("frameView"), QStringLiteral("Frames")))
-    , m_zoneView(new RecordView(m_zones, QStringLiteral("zoneView"), QStringLiteral("Zones")))
-    , m_variableView(new RecordView(m_variables, QStringLiteral("variableView"), QStringLiteral("Variables")))
+    , m_frameView(new DockTableView(m_frames, QStringLiteral("frameView"), QStringLiteral("Frames")))
+    , m_zoneView(new DockTableView(m_zones, QStringLiteral("zoneView"), QStringLiteral("Zones")))
+    , m_variableView(new DockTableView(m_variables, QStringLiteral("variableView"), QStringLiteral("Variables")))
     , m_picks(session, m_zones, *m_zoneView)
     , m_splitter(new QSplitter(Qt::Vertical))
     , m_follower(session, [this] { refresh(); })
@@ -49,11 +49,11 @@ DataPanel::DataPanel(kernel::Session& session, QWidget* parent)
 // The models are members and go before the child views do.
 DataPanel::~DataPanel()
 {
-    for (RecordView* view : {m_frameView, m_zoneView, m_variableView})
+    for (DockTableView* view : {m_frameView, m_zoneView, m_variableView})
         delete view;
 }
 
-void DataPanel::addSection(QSplitter& splitter, QString const& title, RecordView& view, QLabel*& label)
+void DataPanel::addSection(QSplitter& splitter, QString const& title, DockTableView& view, QLabel*& label)
 {
     auto* const section = new QWidget;
     auto* const layout = new QVBoxLayout(section);

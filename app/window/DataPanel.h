@@ -13,7 +13,7 @@ class QSplitter;
 
 namespace veldraw::app {
 
-class RecordView;
+class DockTableView;
 
 /// What the "Data" dock shows: frames, and zones and variables of the active frame's data set, one below the other.
 /// The zones that are selected are those that are picked in the plots. Double click or Return on a frame activates it; F2 renames, Space or a click on the box enables and disables.
@@ -25,9 +25,9 @@ public:
     explicit DataPanel(kernel::Session& session, QWidget* parent = nullptr);
     ~DataPanel() override;
 
-    RecordView& frameView() { return *m_frameView; }
-    RecordView& zoneView() { return *m_zoneView; }
-    RecordView& variableView() { return *m_variableView; }
+    DockTableView& frameView() { return *m_frameView; }
+    DockTableView& zoneView() { return *m_zoneView; }
+    DockTableView& variableView() { return *m_variableView; }
 
     /// How high the user has made the lists, and the same again. A state that is none changes nothing.
     QByteArray saveSizes() const;
@@ -38,7 +38,7 @@ Q_SIGNALS:
     void editRefused();
 
 private:
-    void addSection(QSplitter& splitter, QString const& title, RecordView& view, QLabel*& label);
+    void addSection(QSplitter& splitter, QString const& title, DockTableView& view, QLabel*& label);
     void activateFrame(QModelIndex const& index);
     void refresh();
     void updateTitles();
@@ -46,9 +46,9 @@ private:
     FrameTableModel m_frames;
     ZoneTableModel m_zones;
     VariableTableModel m_variables;
-    RecordView* m_frameView;
-    RecordView* m_zoneView;
-    RecordView* m_variableView;
+    DockTableView* m_frameView;
+    DockTableView* m_zoneView;
+    DockTableView* m_variableView;
     PickSelection m_picks;
     QSplitter* m_splitter;
     QLabel* m_frameTitle = nullptr;

@@ -1,6 +1,7 @@
 #include "app/window/DataSetStatus.h"
 
-#include "app/window/DataTexts.h"
+#include "app/window/DataDescription.h"
+#include "app/window/DataSetSize.h"
 
 #include <QPainter>
 #include <QStringList>

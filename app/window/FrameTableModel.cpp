@@ -1,6 +1,6 @@
 #include "app/window/FrameTableModel.h"
 
-#include "app/window/DataTexts.h"
+#include "app/window/DataDescription.h"
 #include "app/window/Icons.h"
 #include "kernel/operations/RenameFrame.h"
 #include "platform/vdsdkcommon/AppLock.h"

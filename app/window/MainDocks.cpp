@@ -2,9 +2,9 @@
 
 #include "app/window/AssignmentPanel.h"
 #include "app/window/DataPanel.h"
+#include "app/window/DockTableView.h"
 #include "app/window/MessagePanel.h"
 #include "app/window/NewAction.h"
-#include "app/window/RecordView.h"
 
 #include <QDockWidget>
 #include <QListWidget>

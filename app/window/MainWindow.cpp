@@ -1,7 +1,7 @@
 #include "app/window/MainWindow.h"
 
+#include "app/window/DataDescription.h"
 #include "app/window/DataSetStatus.h"
-#include "app/window/DataTexts.h"
 #include "app/window/HelpViewer.h"
 #include "app/window/Icons.h"
 #include "app/window/MainDocks.h"

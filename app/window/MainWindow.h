@@ -23,22 +23,32 @@ class MainDocks;
 
 /// The application's window: menus, tool bar, the page in the middle, docks with data, plot and messages, status bar.
 ///
-/// The window only puts things together and tells what happens; what commands do stands in FileActions, FrameActions, PlotActions,
-/// DataActions and UndoActions, what stands around the page in MainDocks. Geometry and docks are kept in the
-/// user's settings. Objects have names, so that tests and the tour find them.
+/// This class puts the parts together and tells in the status bar what happens. It does no work of its own:
+///
+/// | part | class |
+/// |---|---|
+/// | commands of the menus | FileActions, UndoActions, FrameActions, PlotActions, DataActions |
+/// | opening, saving, questions about unsaved changes | DocumentController |
+/// | docks around the page | MainDocks |
+/// | waiting for long operations | OperationWaiter |
+///
+/// The user's settings keep the geometry and the arrangement of the docks. All widgets and actions have object names, by
+/// which tests and the tour find them.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
 
 public:
-    /// @param session must outlive the window; @param view goes into the middle
+    /// @param session must outlive the window
+    /// @param view the widget in the middle, with what the window asks of it
+    /// @param reader reads the files that the user opens
     MainWindow(kernel::Session& session, CentralView view, DocumentController::FileReader reader);
     ~MainWindow() override;
 
     DocumentController& documents() { return *m_documents; }
     HelpViewer& helpViewer();
 
-    /// Opens files and tells the outcome as the menu does.
+    /// Opens files and tells the outcome in the status bar. @return false when nothing was opened
     bool openFiles(QStringList const& paths, DocumentController::Place place);
 
 protected:
@@ -74,7 +84,7 @@ private:
     PlotActions m_plots;
     DataActions m_operations;
     MainDocks* m_docks = nullptr;
-    std::vector<kernel::UniqueId> m_toldPicks; // what the status bar has told last
+    std::vector<kernel::UniqueId> m_toldPicks; // that the status bar named last
     std::unique_ptr<HelpViewer> m_helpViewer;
     OperationWaiter m_waiter;
     SessionFollower m_follower;

@@ -1,6 +1,6 @@
 #include "app/window/VariableTableModel.h"
 
-#include "app/window/DataTexts.h"
+#include "app/window/DataDescription.h"
 #include "app/window/VariableRange.h"
 #include "kernel/operations/EnableZone.h"
 #include "kernel/operations/RenameZone.h"

@@ -1,6 +1,6 @@
 #include "app/window/ZoneTableModel.h"
 
-#include "app/window/DataTexts.h"
+#include "app/window/DataDescription.h"
 #include "kernel/operations/EnableZone.h"
 #include "kernel/operations/RenameZone.h"
 

@@ -70,7 +70,7 @@ protected:
 TEST_F(DrawnAside, SaysSoAndLetsTheWindowLiveUntilItIsThere)
 {
     start();
-    EXPECT_EQ(page.notice(), drawing);
+    EXPECT_EQ(page.message(), drawing);
     EXPECT_TRUE(page.view().accessibleDescription().contains(drawing));
     EXPECT_TRUE(page.field().zones().empty());
     int turns = 0;
@@ -79,7 +79,7 @@ TEST_F(DrawnAside, SaysSoAndLetsTheWindowLiveUntilItIsThere)
     ticking.start(0);
     ASSERT_TRUE(QTest::qWaitFor([this] { return !page.view().isDrawing(); }, 60000));
     EXPECT_GE(turns, 1);
-    EXPECT_EQ(page.notice(), QString()) << "shown without anybody's asking";
+    EXPECT_EQ(page.message(), QString()) << "shown without anybody's asking";
     ASSERT_EQ(page.field().zones().size(), 1U);
     EXPECT_EQ(page.field().zones().at(0)->cellCount(), 6 * edge * edge);
     expectAsIfMadeAnew();
@@ -89,7 +89,7 @@ TEST_F(DrawnAside, IsWaitedForByAPicture)
 {
     start();
     EXPECT_GT(PlotTestPage::colouredPixels(page.view().grabImage()), 20000);
-    EXPECT_EQ(page.notice(), QString());
+    EXPECT_EQ(page.message(), QString());
 }
 
 TEST_F(DrawnAside, IsKeptWhenColoursMeshOrExtentChange)
@@ -157,7 +157,7 @@ TEST_F(DrawnAside, IsDroppedWhenTheZoneIsHidden)
     follow();
     EXPECT_FALSE(page.view().isDrawing());
     QTest::qWait(200);
-    EXPECT_EQ(page.notice(), QStringLiteral("No zone is enabled."));
+    EXPECT_EQ(page.message(), QStringLiteral("No zone is enabled."));
     EXPECT_EQ(page.view().frameView(page.frame().id), nullptr);
     ASSERT_TRUE(page.session().perform(kernel::EnableZone(*set, 1, true)));
     expectAsIfMadeAnew();
@@ -180,7 +180,7 @@ TEST_F(DrawnAside, IsDroppedWithItsVariables)
     start();
     ASSERT_TRUE(page.session().perform(kernel::DeleteVariables(*set, {1})));
     follow();
-    EXPECT_EQ(page.notice(), QStringLiteral("No variable is assigned to the X axis."));
+    EXPECT_EQ(page.message(), QStringLiteral("No variable is assigned to the X axis."));
     ASSERT_TRUE(page.session().undo());
     expectAsIfMadeAnew();
 }

@@ -96,7 +96,7 @@ protected:
 
 TEST_P(EditedValue, OfTheContourColoursItsPlaceInTheSameRange)
 {
-    ASSERT_EQ(page.notice(), QString());
+    ASSERT_EQ(page.message(), QString());
     int const variable = page.frame().variableNumber('C');
     kernel::ValueRange const range = dataSet().zone(1)->range(variable);
     double const value = values(variable).buffer()->value(1); // before the edit: who reads holds the buffer
@@ -204,12 +204,12 @@ TEST(EditedValueOfTheContour, BringsTheLegendWhereThereWereNoValues)
     PlotTestPage page({SampleData::frame("Plane", set, PlotType_Cartesian2D)});
     page.picture();
     QString const gap = QStringLiteral("The contour variable has no values in the enabled zones.");
-    EXPECT_EQ(page.notice(), gap);
+    EXPECT_EQ(page.message(), gap);
     ASSERT_TRUE(page.session().perform(kernel::SetValue(*set, 1, 4, 4, 7.0, false)));
     page.picture();
-    EXPECT_EQ(page.notice(), QString());
+    EXPECT_EQ(page.message(), QString());
     EXPECT_TRUE(page.field().legend().isShown());
     ASSERT_TRUE(page.session().undo());
     page.picture();
-    EXPECT_EQ(page.notice(), gap);
+    EXPECT_EQ(page.message(), gap);
 }

@@ -49,7 +49,7 @@ TEST(FieldPlotInSpace, ShowsTheContourFloodOfABlock)
     PlotTestPage page({SampleData::frame("Bent block", SampleData::block(40, 30, 20), PlotType_Cartesian3D)});
     QImage const plot = page.plot(0, "space-block");
     EXPECT_GT(PlotTestPage::colouredPixels(plot), 20000);
-    EXPECT_EQ(page.notice(), QString());
+    EXPECT_EQ(page.message(), QString());
 }
 
 TEST(FieldPlotInSpace, DrawsTheMeshOverTheSurface)
@@ -202,7 +202,7 @@ TEST(FieldPlotInPlane, DrawsAZoneWithoutTheContourVariableInGreyAndLeavesItOutOf
     QColor const middle = plot.pixelColor((plot.width() - legendArea(plot).width()) / 2, plot.height() / 2);
     EXPECT_EQ(middle, app::PlotTheme::noValue());
     EXPECT_GT(PlotTestPage::pixelsNear(plot, app::PlotTheme::noValue(), 2), 20000);
-    EXPECT_EQ(page.notice(), QString());
+    EXPECT_EQ(page.message(), QString());
 }
 
 TEST(FieldPlotInSpace, DrawsAZoneWithoutTheContourVariableInShadesOfGrey)
@@ -215,14 +215,14 @@ TEST(FieldPlotInSpace, DrawsAZoneWithoutTheContourVariableInShadesOfGrey)
     set->zone(2)->fields[3] = kernel::Field();
     set->zone(1)->enabled = false;
     PlotTestPage page({SampleData::frame("Passive", set, PlotType_Cartesian3D)});
-    EXPECT_EQ(page.notice(), QStringLiteral("The contour variable has no values in the enabled zones."));
+    EXPECT_EQ(page.message(), QStringLiteral("The contour variable has no values in the enabled zones."));
     EXPECT_FALSE(page.field().legend().isShown());
     ASSERT_TRUE(page.session().perform(kernel::EnableZone(*set, 1, true)));
     QImage const plot = page.plot(0, "space-passive");
     EXPECT_LT(PlotTestPage::colouredPixels(plot.copy(0, 0, 700, plot.height())), 2000)
         << "the zones lie in one place, and the second is drawn over the first";
     EXPECT_TRUE(page.field().legend().isShown());
-    EXPECT_EQ(page.notice(), QString());
+    EXPECT_EQ(page.message(), QString());
 }
 
 TEST(FieldPlotInPlane, LeavesOutCellsWithoutAPlaceAndGreysCellsWithoutAValue)
@@ -252,7 +252,7 @@ TEST(FieldPlotInPlane, DrawsAVariableWithoutAnyFiniteValueInNeutralShadeAndSaysS
         writeValue(values, n, std::numeric_limits<double>::quiet_NaN());
     PlotTestPage page({SampleData::frame("Nothing", set, PlotType_Cartesian2D)});
     EXPECT_GT(PlotTestPage::pixelsNear(page.plot(), app::PlotTheme::shade(), 4), 20000);
-    EXPECT_EQ(page.notice(), QStringLiteral("The contour variable has no values in the enabled zones."));
+    EXPECT_EQ(page.message(), QStringLiteral("The contour variable has no values in the enabled zones."));
 }
 
 TEST(FieldPlotInPlane, MovesByADragButNeverTurns)
@@ -288,11 +288,11 @@ TEST(FieldPlot, SaysWhenTheContourVariableIsGoneAndBringsThePictureBackOnUndo)
     QImage const before = page.plot();
     ASSERT_TRUE(page.session().perform(kernel::DeleteVariables(*page.frame().dataSet, {3})));
     QImage const without = page.plot(0, "plane-no-contour");
-    EXPECT_EQ(page.notice(), QStringLiteral("No variable is assigned to the contour."));
+    EXPECT_EQ(page.message(), QStringLiteral("No variable is assigned to the contour."));
     EXPECT_GT(PlotTestPage::pixelsNear(without, app::PlotTheme::shade(), 4), 20000);
     ASSERT_TRUE(page.session().undo());
     EXPECT_EQ(PlotTestPage::differingPixels(before, page.plot()), 0);
-    EXPECT_EQ(page.notice(), QString());
+    EXPECT_EQ(page.message(), QString());
 }
 
 TEST(FieldPlot, SaysWhenAnAxisVariableIsGoneAndBringsThePictureBackOnUndo)
@@ -301,7 +301,7 @@ TEST(FieldPlot, SaysWhenAnAxisVariableIsGoneAndBringsThePictureBackOnUndo)
     QImage const before = page.plot();
     ASSERT_TRUE(page.session().perform(kernel::DeleteVariables(*page.frame().dataSet, {1})));
     QImage const without = page.plot(0, "plane-no-axis");
-    EXPECT_EQ(page.notice(), QStringLiteral("No variable is assigned to the X axis."));
+    EXPECT_EQ(page.message(), QStringLiteral("No variable is assigned to the X axis."));
     EXPECT_EQ(PlotTestPage::colouredPixels(without), 0);
     EXPECT_GT(PlotTestPage::inkedPixels(without), 200) << "the sentence is to be read";
     EXPECT_EQ(page.view().frameView(page.frame().id), nullptr);
@@ -339,9 +339,9 @@ TEST(FieldPlot, SaysWhatIsMissing)
     PlotTestPage page({blank, SampleData::frame("Empty", noPoints, PlotType_Cartesian2D),
                        SampleData::frame("Sketch", SampleData::sheet(3, 3), PlotType_Sketch)});
     page.picture("notices");
-    EXPECT_EQ(page.notice(0), QStringLiteral("This frame has no data set."));
-    EXPECT_EQ(page.notice(1), QStringLiteral("The enabled zones have no points."));
-    EXPECT_EQ(page.notice(2), QStringLiteral("A sketch shows no data. Choose another plot type."));
+    EXPECT_EQ(page.message(0), QStringLiteral("This frame has no data set."));
+    EXPECT_EQ(page.message(1), QStringLiteral("The enabled zones have no points."));
+    EXPECT_EQ(page.message(2), QStringLiteral("A sketch shows no data. Choose another plot type."));
 }
 
 TEST(FieldPlot, SaysWhenNoZoneIsEnabledOrAnAxisHasItsValuesInCells)
@@ -351,8 +351,8 @@ TEST(FieldPlot, SaysWhenNoZoneIsEnabledOrAnAxisHasItsValuesInCells)
     ASSERT_TRUE(page.session().perform(kernel::EnableZone(*page.frame(0).dataSet, 1, false)));
     ASSERT_TRUE(page.session().perform(kernel::AssignVariable(page.frame(1).id, 'Y', 3)));
     page.picture();
-    EXPECT_EQ(page.notice(0), QStringLiteral("No zone is enabled."));
-    EXPECT_EQ(page.notice(1), QStringLiteral("The variable on the Y axis has values at cells, not at points."));
+    EXPECT_EQ(page.message(0), QStringLiteral("No zone is enabled."));
+    EXPECT_EQ(page.message(1), QStringLiteral("The variable on the Y axis has values at cells, not at points."));
 }
 
 TEST(FieldPlot, LeavesOutCellsThatNamePointsWhichDoNotExist)

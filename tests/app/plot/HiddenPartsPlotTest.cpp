@@ -192,7 +192,7 @@ TEST(HiddenParts, AreNeitherDrawnNorPickedNorInTheLegend)
     hidePoints(zone, left);
     PlotTestPage page({SampleData::frame("Sheet", set, PlotType_Cartesian2D)});
     page.picture("hidden-parts");
-    EXPECT_EQ(page.notice(), QString());
+    EXPECT_EQ(page.message(), QString());
     ASSERT_EQ(page.field().zones().size(), 1U);
     EXPECT_EQ(page.field().zones()[0]->cellCount(), 8 * 10);
     EXPECT_NEAR(page.field().legend().max(), 15.0, 1e-6);

@@ -44,7 +44,7 @@ TEST(LinePlot, ShowsACurveForEachActiveLineMap)
     EXPECT_EQ(page.lines().chart().GetPlot(1)->GetLabel(), "cosine");
     EXPECT_EQ(page.lines().chart().GetAxis(vtkAxis::BOTTOM)->GetTitle(), "t");
     EXPECT_EQ(page.lines().chart().GetAxis(vtkAxis::LEFT)->GetTitle(), "sine, cosine");
-    EXPECT_EQ(page.notice(), QString());
+    EXPECT_EQ(page.message(), QString());
 }
 
 TEST(LinePlot, HasNoCurveOfAVariableThatIsPassiveInTheZone)
@@ -56,11 +56,11 @@ TEST(LinePlot, HasNoCurveOfAVariableThatIsPassiveInTheZone)
     QString const missing = QStringLiteral("The variable \"cosine\" has no values in the zone of the line map.");
     EXPECT_EQ(page.lines().chart().GetNumberOfPlots(), 1);
     EXPECT_EQ(page.lines().chart().GetPlot(0)->GetLabel(), "sine");
-    EXPECT_EQ(page.notice(), missing);
+    EXPECT_EQ(page.message(), missing);
     set->zone(1)->fields[1] = kernel::Field();
     PlotTestPage empty({SampleData::waveFrame(set)});
     EXPECT_EQ(empty.view().frameView(empty.frame().id), nullptr) << "no picture";
-    EXPECT_EQ(empty.notice(), missing);
+    EXPECT_EQ(empty.message(), missing);
 }
 
 TEST(LinePlot, SpansTheValues)
@@ -236,7 +236,7 @@ TEST(LinePlot, ShowsSymbolsInPlaceOfLines)
     EXPECT_GT(PlotTestPage::differingPixels(lines, symbols), 1000);
     ASSERT_TRUE(page.session().perform(kernel::SetPlotOption(page.frame().id, &kernel::Frame::showSymbols, false)));
     page.picture();
-    EXPECT_EQ(page.notice(), QStringLiteral("Neither lines nor symbols are switched on."));
+    EXPECT_EQ(page.message(), QStringLiteral("Neither lines nor symbols are switched on."));
 }
 
 TEST(LinePlot, LeavesGapsWhereAValueIsMissing)
@@ -257,7 +257,7 @@ TEST(LinePlot, SaysWhenAVariableIsGoneAndBringsThePictureBackOnUndo)
     QImage const before = page.plot();
     ASSERT_TRUE(page.session().perform(kernel::DeleteVariables(*page.frame().dataSet, {1})));
     EXPECT_LT(PlotTestPage::colouredPixels(page.plot(0, "line-no-axis")), 50);
-    EXPECT_EQ(page.notice(), QStringLiteral("No variable is assigned to the X axis."));
+    EXPECT_EQ(page.message(), QStringLiteral("No variable is assigned to the X axis."));
     ASSERT_TRUE(page.session().undo());
     EXPECT_EQ(PlotTestPage::differingPixels(before, page.plot()), 0);
 }
@@ -268,7 +268,7 @@ TEST(LinePlot, ShowsTheOtherCurvesWhenOneIsGone)
     ASSERT_TRUE(page.session().perform(kernel::DeleteVariables(*page.frame().dataSet, {3})));
     QImage const plot = page.plot(0, "line-one-left");
     EXPECT_GT(PlotTestPage::pixelsNear(plot, app::PlotTheme::curve(0), 30), 800);
-    EXPECT_EQ(page.notice(), QStringLiteral("No variable is assigned to the Y axis."));
+    EXPECT_EQ(page.message(), QStringLiteral("No variable is assigned to the Y axis."));
 }
 
 TEST(LinePlot, SaysWhenNoLineMapIsActive)
@@ -277,7 +277,7 @@ TEST(LinePlot, SaysWhenNoLineMapIsActive)
     for (kernel::LineMap& map : frame->lineMaps)
         map.active = false;
     PlotTestPage page({frame});
-    EXPECT_EQ(page.notice(), QStringLiteral("No line map is active."));
+    EXPECT_EQ(page.message(), QStringLiteral("No line map is active."));
 }
 
 TEST(LinePlot, MovesAndEnlargesByTheMouseAndFits)
@@ -384,7 +384,7 @@ TEST_F(LineViewAfterChange, OneThatWasMovedStaysWhileItsCurvesAreGone)
     auto const before = limits();
     ASSERT_TRUE(page.session().perform(kernel::DeleteVariables(*page.frame().dataSet, {1})));
     page.picture();
-    ASSERT_NE(page.notice(), QString());
+    ASSERT_NE(page.message(), QString());
     ASSERT_TRUE(page.session().undo());
     page.picture();
     EXPECT_EQ(before, limits());

@@ -65,7 +65,7 @@ TEST(PlotOfWhatIsNotLoaded, SaysWhichAxisWaitsForItsValues)
     defer(*frame->dataSet, frame->dataSet->variable(frame->axisVariables()[1])->name);
     PlotTestPage page({frame});
     page.plot();
-    EXPECT_EQ(page.notice(), QStringLiteral("The variable on the Y axis is not loaded."));
+    EXPECT_EQ(page.message(), QStringLiteral("The variable on the Y axis is not loaded."));
 }
 
 TEST(PlotOfWhatIsNotLoaded, IsDrawnOnceTheAxisIsLoaded)
@@ -75,10 +75,10 @@ TEST(PlotOfWhatIsNotLoaded, IsDrawnOnceTheAxisIsLoaded)
     defer(*frame->dataSet, frame->dataSet->variable(variable)->name);
     PlotTestPage page({frame});
     page.plot();
-    EXPECT_EQ(page.notice(), QStringLiteral("The variable on the X axis is not loaded."));
+    EXPECT_EQ(page.message(), QStringLiteral("The variable on the X axis is not loaded."));
     ASSERT_TRUE(page.session().perform(kernel::LoadVariables(*frame->dataSet, {1}, {variable})));
     EXPECT_GT(PlotTestPage::colouredPixels(page.plot()), 10000);
-    EXPECT_EQ(page.notice(), QString());
+    EXPECT_EQ(page.message(), QString());
 }
 
 TEST(PlotOfWhatIsNotLoaded, SaysThatAZoneOfUnknownSizeWaitsAndShowsItOnceItHasCome)
@@ -94,10 +94,10 @@ TEST(PlotOfWhatIsNotLoaded, SaysThatAZoneOfUnknownSizeWaitsAndShowsItOnceItHasCo
     zone.setDimensions({-1, -1, -1, {}});
     PlotTestPage page({frame});
     page.plot();
-    EXPECT_EQ(page.notice(), QStringLiteral("The variable on the X axis is not loaded."));
+    EXPECT_EQ(page.message(), QStringLiteral("The variable on the X axis is not loaded."));
     ASSERT_TRUE(page.session().perform(kernel::LoadVariables(*frame->dataSet, {1}, axes)));
     EXPECT_GT(PlotTestPage::colouredPixels(page.plot()), 10000);
-    EXPECT_EQ(page.notice(), QString());
+    EXPECT_EQ(page.message(), QString());
 }
 
 TEST(PlotOfWhatIsNotLoaded, ShowsTheZonesWithoutTheContourAndSaysSo)
@@ -109,11 +109,11 @@ TEST(PlotOfWhatIsNotLoaded, ShowsTheZonesWithoutTheContourAndSaysSo)
     PlotTestPage page({frame});
     EXPECT_LT(PlotTestPage::colouredPixels(page.plot()), 5000);
     EXPECT_EQ(
-        page.notice(),
+        page.message(),
         QStringLiteral("The contour variable \"%1\" is not loaded in all zones.").arg(QString::fromStdString(name)));
     ASSERT_TRUE(page.session().perform(kernel::LoadVariables(*frame->dataSet, {1}, {variable})));
     EXPECT_GT(PlotTestPage::colouredPixels(page.plot()), 10000);
-    EXPECT_EQ(page.notice(), QString());
+    EXPECT_EQ(page.message(), QString());
 }
 
 TEST(PlotOfWhatIsNotLoaded, FollowsTheEditOfOneValue)

@@ -166,7 +166,7 @@ TEST(PageView, FollowsFramesThatComeAndGo)
     auto const fresh = page.session().createFrame("New", {2.0, 2.0, 4.0, 3.0});
     ASSERT_TRUE(fresh);
     page.picture("third-on-top");
-    EXPECT_EQ(page.view().notice(fresh->id), QStringLiteral("This frame has no data set."));
+    EXPECT_EQ(page.view().message(fresh->id), QStringLiteral("This frame has no data set."));
 }
 
 TEST(PageView, DrawsCopiesOfZonesInEveryFrameOfTheirDataSetUntilTheyAreUndone)
@@ -203,11 +203,11 @@ TEST(PageView, ShowsACurveOfACopyUntilItIsUndone)
     ASSERT_TRUE(page.session().perform(kernel::DuplicateZones(*waves, {1})));
     ASSERT_TRUE(page.session().perform(kernel::SetLinePlot(page.frame().id, 2, 1, 2)));
     page.picture();
-    EXPECT_EQ(page.notice(), QString());
+    EXPECT_EQ(page.message(), QString());
     page.session().undo();
     page.session().undo();
     page.picture();
-    EXPECT_EQ(page.notice(), QString()) << "the map shows the source again";
+    EXPECT_EQ(page.message(), QString()) << "the map shows the source again";
 }
 
 TEST(PageView, DrawsFramesThatLieOverEachOtherInTheirOrder)

@@ -37,7 +37,7 @@ public:
     /// The frame's plot alone.
     QImage plot(std::size_t index = 0, std::string const& name = {});
 
-    QString notice(std::size_t index = 0) { return m_view->notice(frame(index).id); }
+    QString message(std::size_t index = 0) { return m_view->message(frame(index).id); }
 
     /// Real events through the window, at a share of the plot (0, 0 at the top left).
     QPoint at(double x, double y, std::size_t index = 0);

@@ -62,7 +62,7 @@ TEST(Proportions, AThinPlateKeepsItsOwn)
     EXPECT_NEAR(y, 0.5, 1e-6);
     EXPECT_NEAR(z, 2.0 / 300.0, 1e-6);
     EXPECT_EQ(page.view().remark(page.frame().id), QString());
-    EXPECT_EQ(page.notice(), QString());
+    EXPECT_EQ(page.message(), QString());
 }
 
 TEST(Proportions, AreGivenUpOnRequestAndTheFrameSaysSo)
@@ -75,7 +75,7 @@ TEST(Proportions, AreGivenUpOnRequestAndTheFrameSaysSo)
     for (double const side : shape(page.field()))
         EXPECT_NEAR(side, 1.0, 1e-6);
     EXPECT_EQ(page.view().remark(page.frame().id), stretched);
-    EXPECT_EQ(page.notice(), QString()) << "nothing is missing";
+    EXPECT_EQ(page.message(), QString()) << "nothing is missing";
     EXPECT_TRUE(page.view().accessibleDescription().contains(stretched));
     EXPECT_GT(PlotTestPage::inkedPixels(remarkOver(page)), 100);
     ASSERT_TRUE(page.session().undo());
@@ -127,12 +127,12 @@ TEST(Proportions, APlotToScaleOfWhichNothingIsSeenNamesTheSwitch)
 {
     PlotTestPage page({SampleData::frame("Unequal", plate(2.0, 5e4, 0.0), PlotType_Cartesian2D)});
     page.picture("plane-thin");
-    EXPECT_EQ(page.notice(),
+    EXPECT_EQ(page.message(),
               QStringLiteral("To scale this is too thin to be seen. Plot > Stretch Axes gives each axis a "
                              "scale of its own."));
     ASSERT_TRUE(page.session().perform(kernel::SetPlotOption(page.frame().id, &kernel::Frame::stretchAxes, true)));
     EXPECT_GT(PlotTestPage::colouredPixels(page.plot(0, "plane-unequal")), 50000);
-    EXPECT_EQ(page.notice(), QString());
+    EXPECT_EQ(page.message(), QString());
     EXPECT_EQ(page.view().remark(page.frame().id), stretched);
 }
 

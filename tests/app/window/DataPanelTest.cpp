@@ -1,6 +1,6 @@
 #include "app/window/DataPanel.h"
 
-#include "app/window/RecordView.h"
+#include "app/window/DockTableView.h"
 #include "host/MessageLog.h"
 #include "kernel/operations/DeleteVariables.h"
 #include "tests/app/window/WindowTest.h"
@@ -24,9 +24,12 @@ protected:
         showWindow();
     }
 
-    app::RecordView& view(char const* name) { return *window->findChild<app::RecordView*>(QString::fromLatin1(name)); }
+    app::DockTableView& view(char const* name)
+    {
+        return *window->findChild<app::DockTableView*>(QString::fromLatin1(name));
+    }
 
-    static void clickCheckBox(app::RecordView& view, int row)
+    static void clickCheckBox(app::DockTableView& view, int row)
     {
         QModelIndex const index = view.model()->index(row, 0);
         QStyleOptionViewItem option;
@@ -40,12 +43,12 @@ protected:
         settle();
     }
 
-    static QPoint nameCell(app::RecordView& view, int row)
+    static QPoint nameCell(app::DockTableView& view, int row)
     {
         return view.visualRect(view.model()->index(row, 1)).center();
     }
 
-    static void focusOn(app::RecordView& view, int row)
+    static void focusOn(app::DockTableView& view, int row)
     {
         view.setFocus();
         view.setCurrentIndex(view.model()->index(row, 1));
@@ -72,7 +75,7 @@ TEST_F(DataPanelTest, FollowsAnotherActiveFrameAtIdle)
 
 TEST_F(DataPanelTest, ADoubleClickActivatesAFrame)
 {
-    app::RecordView& frames = view("frameView");
+    app::DockTableView& frames = view("frameView");
     QTest::mouseClick(frames.viewport(), Qt::LeftButton, {}, nameCell(frames, 1));
     QTest::mouseDClick(frames.viewport(), Qt::LeftButton, {}, nameCell(frames, 1));
     settle();
@@ -81,7 +84,7 @@ TEST_F(DataPanelTest, ADoubleClickActivatesAFrame)
 
 TEST_F(DataPanelTest, ReturnActivatesAFrame)
 {
-    app::RecordView& frames = view("frameView");
+    app::DockTableView& frames = view("frameView");
     focusOn(frames, 1);
     QTest::keyClick(&frames, Qt::Key_Return);
     settle();
@@ -99,7 +102,7 @@ TEST_F(DataPanelTest, AClickOnTheBoxDisablesAZone)
 
 TEST_F(DataPanelTest, SpaceDisablesAVariableWhereverTheCursorStandsInItsRow)
 {
-    app::RecordView& variables = view("variableView");
+    app::DockTableView& variables = view("variableView");
     focusOn(variables, 2);
     QTest::keyClick(&variables, Qt::Key_Space);
     settle();
@@ -109,7 +112,7 @@ TEST_F(DataPanelTest, SpaceDisablesAVariableWhereverTheCursorStandsInItsRow)
 
 TEST_F(DataPanelTest, F2RenamesInPlace)
 {
-    app::RecordView& zones = view("zoneView");
+    app::DockTableView& zones = view("zoneView");
     focusOn(zones, 0);
     QTest::keyClick(&zones, Qt::Key_F2);
     auto* const editor = qobject_cast<QLineEdit*>(QApplication::focusWidget());
@@ -124,7 +127,7 @@ TEST_F(DataPanelTest, F2RenamesInPlace)
 
 TEST_F(DataPanelTest, EscapeLeavesTheNameAlone)
 {
-    app::RecordView& zones = view("zoneView");
+    app::DockTableView& zones = view("zoneView");
     focusOn(zones, 0);
     QTest::keyClick(&zones, Qt::Key_F2);
     auto* const editor = qobject_cast<QLineEdit*>(QApplication::focusWidget());
@@ -137,7 +140,7 @@ TEST_F(DataPanelTest, EscapeLeavesTheNameAlone)
 
 TEST_F(DataPanelTest, KeepsTheSelectedRowWhenAnotherOneGoes)
 {
-    app::RecordView& variables = view("variableView");
+    app::DockTableView& variables = view("variableView");
     focusOn(variables, 2);
     ASSERT_TRUE(session.perform(kernel::DeleteVariables(*session.activeDataSet(), {1})));
     settle();
@@ -147,7 +150,7 @@ TEST_F(DataPanelTest, KeepsTheSelectedRowWhenAnotherOneGoes)
 
 TEST_F(DataPanelTest, TellsWhyTheKernelRefusesAnEdit)
 {
-    app::RecordView& zones = view("zoneView");
+    app::DockTableView& zones = view("zoneView");
     focusOn(zones, 0);
     QTest::keyClick(&zones, Qt::Key_F2);
     auto* const editor = qobject_cast<QLineEdit*>(QApplication::focusWidget());

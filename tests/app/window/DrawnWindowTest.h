@@ -35,7 +35,7 @@ protected:
 
     /// The field plot in the active frame.
     app::FieldView& view() { return dynamic_cast<app::FieldView&>(*page().frameView(session.activeFrame()->id)); }
-    QString notice() { return page().notice(session.activeFrame()->id); }
+    QString message() { return page().message(session.activeFrame()->id); }
     Limits legendLimits();
 
     /// Texts of a column of one of the dock's tables.

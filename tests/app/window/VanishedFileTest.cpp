@@ -106,14 +106,14 @@ TEST_F(VanishedFileTest, IsSeenInThePlotThatWaitsForItsValues)
     ASSERT_TRUE(session.perform(kernel::AssignVariable(session.activeFrame()->id, 'C', variable("temperature"))));
     settle();
     page().grabImage();
-    EXPECT_EQ(QStringLiteral("The contour variable \"temperature\" is not loaded in all zones."), notice());
+    EXPECT_EQ(QStringLiteral("The contour variable \"temperature\" is not loaded in all zones."), message());
     EXPECT_FALSE(view().zones().empty()) << "the coordinates are there";
     EXPECT_THAT(messages, IsEmpty());
     bringBack();
     ASSERT_TRUE(session.perform(kernel::LoadVariables(dataSet(), {1}, {variable("temperature")})));
     settle();
     page().grabImage();
-    EXPECT_EQ(QString(), notice());
+    EXPECT_EQ(QString(), message());
 }
 
 TEST_F(VanishedFileTest, LeavesTheSpreadsheetReadableAndTakesNoEdit)

@@ -1,7 +1,8 @@
 #include "app/window/VariableRange.h"
 
 #include "app/commandline/DataSetReport.h"
-#include "app/window/DataTexts.h"
+#include "app/window/DataDescription.h"
+#include "app/window/DataSetSize.h"
 #include "app/window/VariableTableModel.h"
 #include "kernel/operations/LoadVariables.h"
 #include "tests/app/window/WindowTest.h"

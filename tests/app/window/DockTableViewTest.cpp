@@ -1,4 +1,4 @@
-#include "app/window/RecordView.h"
+#include "app/window/DockTableView.h"
 
 #include "app/window/VariableTableModel.h"
 #include "tests/app/window/WindowTest.h"
@@ -15,10 +15,10 @@ namespace veldraw::tests {
 namespace {
 
 /// The lists of the dock over many variables, some of which have ranges that take a lot of room.
-class RecordViewTest : public WindowTest
+class DockTableViewTest : public WindowTest
 {
 protected:
-    ~RecordViewTest() override
+    ~DockTableViewTest() override
     {
         window.reset();
         QApplication::setFont(m_font);
@@ -48,9 +48,9 @@ protected:
         showWindow();
     }
 
-    app::RecordView& view(char const* name = "variableView")
+    app::DockTableView& view(char const* name = "variableView")
     {
-        return *window->findChild<app::RecordView*>(QString::fromLatin1(name));
+        return *window->findChild<app::DockTableView*>(QString::fromLatin1(name));
     }
 
     std::vector<int> widths()
@@ -87,7 +87,7 @@ private:
 
 } // namespace
 
-TEST_F(RecordViewTest, ColumnsDoNotChangeWithTheRowsInSight)
+TEST_F(DockTableViewTest, ColumnsDoNotChangeWithTheRowsInSight)
 {
     showVariables(60, 12);
     seeAllRanges();
@@ -100,7 +100,7 @@ TEST_F(RecordViewTest, ColumnsDoNotChangeWithTheRowsInSight)
     EXPECT_EQ(before, widths());
 }
 
-TEST_F(RecordViewTest, TheLayoutComesToRestAtEveryHeight)
+TEST_F(DockTableViewTest, TheLayoutComesToRestAtEveryHeight)
 {
     showVariables(14, 12);
     seeAllRanges();
@@ -119,7 +119,7 @@ TEST_F(RecordViewTest, TheLayoutComesToRestAtEveryHeight)
     }
 }
 
-TEST_F(RecordViewTest, EveryRangeIsReadWhole)
+TEST_F(DockTableViewTest, EveryRangeIsReadWhole)
 {
     showVariables(14, 12);
     seeAllRanges();
@@ -127,7 +127,7 @@ TEST_F(RecordViewTest, EveryRangeIsReadWhole)
         EXPECT_GE(view().columnWidth(2), textWidth(cell(row, 2))) << cell(row, 2).toStdString();
 }
 
-TEST_F(RecordViewTest, ARangeThatNobodyLooksAtIsNotComputedForTheWidth)
+TEST_F(DockTableViewTest, ARangeThatNobodyLooksAtIsNotComputedForTheWidth)
 {
     showVariables(400, 12);
     auto const& model = dynamic_cast<app::VariableTableModel const&>(*view().model());
@@ -139,7 +139,7 @@ TEST_F(RecordViewTest, ARangeThatNobodyLooksAtIsNotComputedForTheWidth)
     EXPECT_EQ(QString::fromUtf8("…"), cell(399, 2));
 }
 
-TEST_F(RecordViewTest, ShortNamesAreReadWholeWithLargeFonts)
+TEST_F(DockTableViewTest, ShortNamesAreReadWholeWithLargeFonts)
 {
     showVariables(14, 18, "pressure_");
     seeAllRanges();
@@ -147,7 +147,7 @@ TEST_F(RecordViewTest, ShortNamesAreReadWholeWithLargeFonts)
     EXPECT_GT(view("zoneView").columnWidth(1), textWidth(QStringLiteral("zone")));
 }
 
-TEST_F(RecordViewTest, OfLongNamesTwentyLettersAreReadBesideTheWidestRanges)
+TEST_F(DockTableViewTest, OfLongNamesTwentyLettersAreReadBesideTheWidestRanges)
 {
     for (int const size : {9, 18}) {
         showVariables(14, size, "pressure_coefficient_of_the_suction_side_of_the_first_blade_");
@@ -158,7 +158,7 @@ TEST_F(RecordViewTest, OfLongNamesTwentyLettersAreReadBesideTheWidestRanges)
     }
 }
 
-TEST_F(RecordViewTest, TheNameHasWhatTheOthersLeave)
+TEST_F(DockTableViewTest, TheNameHasWhatTheOthersLeave)
 {
     showVariables(3, 9);
     seeAllRanges();
@@ -166,13 +166,13 @@ TEST_F(RecordViewTest, TheNameHasWhatTheOthersLeave)
     EXPECT_EQ(view().viewport()->width(), found[0] + found[1] + found[2] + found[3]);
 }
 
-TEST_F(RecordViewTest, NamesAreNoMarkupInToolTips)
+TEST_F(DockTableViewTest, NamesAreNoMarkupInToolTips)
 {
     showVariables(1, 9, "<b>");
     EXPECT_TRUE(view().model()->index(0, 1).data(Qt::ToolTipRole).toString().contains(QStringLiteral("&lt;b&gt;1")));
 }
 
-TEST_F(RecordViewTest, TheListWithTheKeyboardIsSeenToHaveIt)
+TEST_F(DockTableViewTest, TheListWithTheKeyboardIsSeenToHaveIt)
 {
     showVariables(3, 9);
     auto const frameOf = [&] { return view().grab().toImage().pixelColor(0, view().height() / 2); };
@@ -183,7 +183,7 @@ TEST_F(RecordViewTest, TheListWithTheKeyboardIsSeenToHaveIt)
     EXPECT_EQ(view().palette().color(QPalette::Highlight), frameOf());
 }
 
-TEST_F(RecordViewTest, AListWithTheKeyboardHasACurrentRowAsSoonAsItHasRows)
+TEST_F(DockTableViewTest, AListWithTheKeyboardHasACurrentRowAsSoonAsItHasRows)
 {
     showWindow();
     view().setFocus();

@@ -1,4 +1,4 @@
-#include "app/window/RecordView.h"
+#include "app/window/DockTableView.h"
 
 #include "app/window/SnapshotTableModel.h"
 
@@ -17,8 +17,8 @@ constexpr int readableCharacters = 22; // of a name, which no other column takes
 
 } // namespace
 
-RecordView::RecordView(SnapshotTableModel& tableModel, QString const& name, QString const& accessibleText,
-                       QWidget* parent)
+DockTableView::DockTableView(SnapshotTableModel& tableModel, QString const& name, QString const& accessibleText,
+                             QWidget* parent)
     : QTreeView(parent)
     , m_table(tableModel)
 {
@@ -40,9 +40,9 @@ RecordView::RecordView(SnapshotTableModel& tableModel, QString const& name, QStr
     measureAll();
 }
 
-void RecordView::listen()
+void DockTableView::listen()
 {
-    connect(&m_table, &QAbstractItemModel::modelReset, this, &RecordView::measureAll);
+    connect(&m_table, &QAbstractItemModel::modelReset, this, &DockTableView::measureAll);
     connect(&m_table, &QAbstractItemModel::rowsRemoved, this, [this] {
         if (m_table.rowCount() == 0) // other data comes next
             measureAll();
@@ -60,14 +60,14 @@ void RecordView::listen()
             });
 }
 
-QSize RecordView::sizeHint() const
+QSize DockTableView::sizeHint() const
 {
     int const rowHeight = fontMetrics().height() + 4;
     return {widthInCharacters * fontMetrics().averageCharWidth(),
             header()->sizeHint().height() + m_preferredRows * rowHeight + 2 * frameWidth()};
 }
 
-void RecordView::measureAll()
+void DockTableView::measureAll()
 {
     m_widths.assign(static_cast<std::size_t>(m_table.columnCount()), 0);
     for (int column = 0; column < m_table.columnCount(); ++column)
@@ -76,7 +76,7 @@ void RecordView::measureAll()
 }
 
 // Widths only grow: if the rows in sight counted, the scroll bar that comes with wider columns would change which they are.
-void RecordView::measure(int firstRow, int lastRow, int firstColumn, int lastColumn)
+void DockTableView::measure(int firstRow, int lastRow, int firstColumn, int lastColumn)
 {
     for (int column = firstColumn; column <= lastColumn; ++column) {
         int& width = m_widths[static_cast<std::size_t>(column)];
@@ -91,7 +91,7 @@ void RecordView::measure(int firstRow, int lastRow, int firstColumn, int lastCol
 }
 
 // As the delegate has it, but for the text, which it would ask the model to find out.
-int RecordView::widthOf(int row, int column) const
+int DockTableView::widthOf(int row, int column) const
 {
     QModelIndex const index = m_table.index(row, column);
     QStyleOptionViewItem option = viewOptions();
@@ -111,12 +111,12 @@ int RecordView::widthOf(int row, int column) const
     return style()->sizeFromContents(QStyle::CT_ItemViewItem, &option, {}, this).width();
 }
 
-int RecordView::widestName() const
+int DockTableView::widestName() const
 {
     return readableCharacters * fontMetrics().averageCharWidth();
 }
 
-void RecordView::fitColumns()
+void DockTableView::fitColumns()
 {
     int others = 0;
     for (int column = 0; column < m_table.columnCount(); ++column) {
@@ -130,33 +130,33 @@ void RecordView::fitColumns()
     header()->resizeSection(SnapshotTableModel::NameColumn, std::max(readable, viewport()->width() - others));
 }
 
-void RecordView::resizeEvent(QResizeEvent* event)
+void DockTableView::resizeEvent(QResizeEvent* event)
 {
     QTreeView::resizeEvent(event);
     fitColumns();
 }
 
-void RecordView::changeEvent(QEvent* event)
+void DockTableView::changeEvent(QEvent* event)
 {
     QTreeView::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
         measureAll();
 }
 
-void RecordView::focusInEvent(QFocusEvent* event)
+void DockTableView::focusInEvent(QFocusEvent* event)
 {
     QTreeView::focusInEvent(event);
     update();
 }
 
-void RecordView::focusOutEvent(QFocusEvent* event)
+void DockTableView::focusOutEvent(QFocusEvent* event)
 {
     QTreeView::focusOutEvent(event);
     update();
 }
 
 // The frame of the list that has the keyboard is drawn as that of a text field: a list without rows has nothing else to show it by.
-bool RecordView::event(QEvent* event)
+bool DockTableView::event(QEvent* event)
 {
     bool const handled = QTreeView::event(event);
     if (event->type() == QEvent::Paint && hasFocus()) {
@@ -167,7 +167,7 @@ bool RecordView::event(QEvent* event)
     return handled;
 }
 
-bool RecordView::edit(QModelIndex const& index, EditTrigger trigger, QEvent* event)
+bool DockTableView::edit(QModelIndex const& index, EditTrigger trigger, QEvent* event)
 {
     if (trigger == EditKeyPressed)
         return QTreeView::edit(index.siblingAtColumn(SnapshotTableModel::NameColumn), trigger, event);

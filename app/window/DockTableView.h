@@ -13,14 +13,14 @@ class SnapshotTableModel;
 ///
 /// Columns are as wide as the widest of their texts, whichever rows are in sight, and never become narrower while the table has
 /// rows; the name has what the others leave, but always enough to be read. What does not fit is scrolled to.
-class RecordView : public QTreeView
+class DockTableView : public QTreeView
 {
     Q_OBJECT
 
 public:
     /// @param name object name; @param accessibleText what the list contains, for screen readers
-    RecordView(SnapshotTableModel& model, QString const& name, QString const& accessibleText,
-               QWidget* parent = nullptr);
+    DockTableView(SnapshotTableModel& model, QString const& name, QString const& accessibleText,
+                  QWidget* parent = nullptr);
 
     QSize sizeHint() const override;
 

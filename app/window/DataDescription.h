@@ -24,19 +24,6 @@ QString variableLocationText(kernel::DataSet const& dataSet, int variable);
 /// "Picked zone 2: outlet", "Picked zones 1, 2, 5", "Picked 12 zones" or "No zone is picked"; zones of the active data set.
 QString pickText(kernel::Session const& session);
 
-std::int64_t pointCount(kernel::DataSet const& dataSet);
-std::int64_t cellCount(kernel::DataSet const& dataSet);
-
-/// Where the loaded values of a data set are, in bytes.
-struct ValueBytes
-{
-    std::int64_t inMemory = 0;
-    std::int64_t mapped = 0; ///< from files, of which only what is looked at comes into memory
-};
-
-/// Storage that fields share counts once.
-ValueBytes valueBytes(kernel::DataSet const& dataSet);
-
 /// "1 234 567" with thin spaces between groups of three.
 QString countText(std::int64_t count);
 

@@ -1,25 +1,26 @@
-#include "app/window/DataTexts.h"
+#include "app/window/DataDescription.h"
 
+#include "app/window/DataSetSize.h"
 #include "tests/app/window/WindowTest.h"
 
 namespace veldraw::tests {
 
 namespace {
 
-class DataTextsTest : public WindowTest
+class DataDescriptionTest : public WindowTest
 {
 };
 
 } // namespace
 
-TEST_F(DataTextsTest, GroupsTheDigitsOfLargeNumbers)
+TEST_F(DataDescriptionTest, GroupsTheDigitsOfLargeNumbers)
 {
     EXPECT_EQ(QStringLiteral("0"), app::countText(0));
     EXPECT_EQ(QStringLiteral("999"), app::countText(999));
     EXPECT_EQ(QString::fromUtf8("1\u2009234\u2009567"), app::countText(1234567));
 }
 
-TEST_F(DataTextsTest, TellsTheCommonLocation)
+TEST_F(DataDescriptionTest, TellsTheCommonLocation)
 {
     auto const flow = makeFlow();
     EXPECT_EQ(QStringLiteral("nodal"), app::variableLocationText(*flow, 1));
@@ -28,7 +29,7 @@ TEST_F(DataTextsTest, TellsTheCommonLocation)
     EXPECT_EQ(QStringLiteral("passive"), app::variableLocationText(*flow, 4));
 }
 
-TEST_F(DataTextsTest, SharedStorageCountsOnce)
+TEST_F(DataDescriptionTest, SharedStorageCountsOnce)
 {
     auto const flow = makeFlow();
     std::int64_t const before = app::valueBytes(*flow).inMemory;

@@ -15,7 +15,7 @@ struct RoundStep
     double factor = 1.0;
     int exponent = 0;
 
-    // Division gives the decimal number itself, where a multiple of 0.1 is off by its rounding.
+    // A quotient is the nearest double to the decimal number; a multiple of 0.1 would add its rounding error.
     double times(double n) const
     {
         double const power = std::pow(10.0, std::abs(exponent));
@@ -48,7 +48,7 @@ AxisTicks AxisTicks::create(double min, double max, int count)
         return {};
     if (min == max)
         return {{min}, {TickLabels::alone(min)}};
-    // Halves: the whole may be beyond the largest number.
+    // Computed by halves, since the full difference may overflow.
     double const step = (0.5 * max - 0.5 * min) / std::max(count, 1) * 2.0;
     double const largest = std::max(std::abs(min), std::abs(max));
     if (!(step > 0.0) || largest / step > 1e14)

@@ -16,8 +16,8 @@ struct AxisTicks
     ///        round number between them are the ticks themselves; limits that are the same are one tick
     static AxisTicks create(double min, double max, int count);
 
-    /// As many as stand clear of one another along @p length, about one in 60 pixels at most.
-    /// @param roomOf what a label takes along the axis; all in logical pixels
+    /// As many ticks as have labels that do not touch along @p length, at most about one in 60 pixels.
+    /// @param roomOf length of a label along the axis; all lengths in logical pixels
     static AxisTicks along(double min, double max, double length,
                            std::function<double(std::string const&)> const& roomOf);
 };

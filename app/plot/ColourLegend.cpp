@@ -140,7 +140,7 @@ void ColourLegend::paintTicks(vtkContext2D& painter)
     auto const text = static_cast<float>(m_bar.right() + (tickLength + textGap) * m_ratio);
     painter.ApplyTextProp(m_labelText);
     for (std::size_t n = 0; n < m_ticks.values.size(); ++n) {
-        // Halves: the whole may be beyond the largest number.
+        // Computed by halves, since the full difference may overflow.
         double const share = isOneValue() ? 0.5 : (0.5 * m_ticks.values[n] - 0.5 * m_min) / (0.5 * m_max - 0.5 * m_min);
         auto const y = static_cast<float>(m_bar.top() + std::clamp(share, 0.0, 1.0) * m_bar.height());
         painter.DrawLine(edge, y, end, y);

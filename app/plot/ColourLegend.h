@@ -29,13 +29,13 @@ public:
     double min() const { return m_min; }
     double max() const { return m_max; }
 
-    /// Width that it wants in a frame, logical pixels; 0 when it is not shown there.
+    /// Preferred width in a frame, logical pixels; 0 if the frame has no room for a legend.
     double widthIn(QSizeF const& frame, double pixelRatio) const;
 
     /// @param column where it stands, device pixels of the frame, origin at the bottom left
     void place(QRectF const& column, double pixelRatio);
 
-    /// What stands above the bar, with line ends where it is broken.
+    /// The text above the bar, with line ends where it is broken.
     QString const& shownName() const { return m_shownName; }
     AxisTicks const& ticks() const { return m_ticks; }
 

@@ -80,7 +80,7 @@ void CurveLegend::layOut()
     countTheRest(room);
 }
 
-// One below the other. @return false when there is not enough room
+// Places the names one below the other. @return false if there is not enough room
 bool CurveLegend::list(QSizeF const& room, int mostLines, bool canShorten)
 {
     m_cells.clear();
@@ -97,7 +97,7 @@ bool CurveLegend::list(QSizeF const& room, int mostLines, bool canShorten)
     return (areWhole || canShorten) && contentHeight() <= room.height();
 }
 
-// In as few columns as hold all names whole, a line each. @return false when they are too wide
+// Places all names, uncut and in one line each, in as few columns as possible. @return false if they are too wide
 bool CurveLegend::standInColumns(QSizeF const& room)
 {
     for (int const size : {PlotTheme::labelSize, smallestLabel}) {
@@ -114,7 +114,7 @@ bool CurveLegend::standInColumns(QSizeF const& room)
     return false;
 }
 
-// As many names as there is room for, a line each and without their middles if need be.
+// Places as many names as there is room for, in one line each, and leaves out the middle of long ones.
 void CurveLegend::countTheRest(QSizeF const& room)
 {
     m_text->SetFontSize(smallestLabel);

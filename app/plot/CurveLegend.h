@@ -38,10 +38,10 @@ public:
     /// @param area device pixels of the frame; the legend stands at its top
     void place(QSizeF const& area, double pixelRatio);
 
-    /// What it takes of the area, from the top, device pixels; 0 when there is nothing to be shown or no room for it.
+    /// Height of the legend at the top of the area, device pixels; 0 without curves and without room.
     double height() const;
 
-    /// The texts as they stand in the columns, with line ends where they are broken.
+    /// The shown texts, column by column, with line ends where they are broken.
     QStringList shownNames() const;
 
     bool Paint(vtkContext2D* painter) override;

@@ -126,7 +126,7 @@ void DrawingBatch::showColours(Drawings const& drawings)
 
 void DrawingBatch::setDepthOrder(std::size_t position, std::size_t count)
 {
-    // As far from its neighbours as 50 batches stand, if there are no more: nearer ones a wall between them would not hide.
+    // Up to 50 batches have the distance of 50: if they were nearer, a wall between two of them would not hide the rear one.
     constexpr double usual = 50.0;
     double const order = static_cast<double>(count - 1 - position) / std::max(usual, static_cast<double>(count));
     m_mapper->setDepthOrder(count > 1 ? order : -1.0);

@@ -12,7 +12,7 @@
 
 namespace veldraw::app {
 
-/// Drawings of one style that are shown as one, since each thing that a renderer shows costs it time, however small it is.
+/// Drawings of one style that are shown by a single actor, since each actor costs the renderer time, however small it is.
 class DrawingBatch
 {
 public:
@@ -20,11 +20,11 @@ public:
 
     explicit DrawingBatch(vtkLookupTable& colours);
 
-    /// Shows @p drawings, in this order, which is not empty. What is as it was is left as it is.
+    /// Shows @p drawings in this order; there must be at least one. Unchanged drawings are not built again.
     void show(Drawings const& drawings, bool mesh);
 
-    /// Has surfaces at the same place shown in a firm order, those of the last batch over the others, in place of a pattern that
-    /// flickers. @param position of this batch among @p count, from 0
+    /// Makes one of several surfaces at the same place visible, that of the last batch; without it the picture would flicker
+    /// between them. @param position of this batch among @p count, from 0
     void setDepthOrder(std::size_t position, std::size_t count);
 
     vtkActor* actor() const { return m_actor; }

@@ -101,7 +101,8 @@ void FaceSearch::count()
     });
 }
 
-// The bins from firstBin on that have no more faces than a round takes, but one at least. Lays out where they go.
+// Chooses the bins of the next round, from firstBin on: at least one, and no more than a round has memory for. Computes where
+// the faces of each bin begin.
 std::int64_t FaceSearch::endOfRound(std::int64_t firstBin)
 {
     m_starts.assign(1, 0);

@@ -6,7 +6,7 @@
 
 namespace veldraw::app {
 
-/// What one field plot shows and how, worked out once for all of its zones.
+/// What one field plot shows and how; computed once for all of its zones.
 struct FieldLook
 {
     PlotSpace space;

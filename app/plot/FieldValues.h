@@ -9,8 +9,8 @@
 
 namespace veldraw::app {
 
-/// Reading access to the values of a coordinate or a curve while something is being built; holds the buffer no longer than
-/// it lives itself.
+/// Reads the values of a coordinate or a curve while a drawing is built. It holds the kernel's buffer only for its own
+/// lifetime.
 class FieldValues
 {
 public:

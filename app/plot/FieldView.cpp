@@ -33,7 +33,7 @@ std::array<kernel::UniqueId, 3> identifiersOf(kernel::DataSet const& dataSet, st
     return identifiers;
 }
 
-// More points than that cannot be drawn one by one; of a solid only the faces are.
+// A volume with more points is still drawn, since only its outer faces are.
 constexpr std::int64_t mostPointsDrawn = 500000000;
 
 bool hasValues(kernel::DataSet const& dataSet, int zone, int variable)
@@ -42,7 +42,7 @@ bool hasValues(kernel::DataSet const& dataSet, int zone, int variable)
     return !field || field->isLoaded();
 }
 
-// Zones with points, be their number known or not, switched on.
+// Enabled zones that have points, or may turn out to have some when they are loaded.
 std::vector<int> zonesWithPoints(kernel::DataSet const& dataSet)
 {
     std::vector<int> zones;
@@ -52,7 +52,7 @@ std::vector<int> zonesWithPoints(kernel::DataSet const& dataSet)
     return zones;
 }
 
-// Those of them whose points can be placed with what is loaded, and that are not too many to be drawn.
+// Those zones with points whose coordinates are loaded and that do not have too many points to be drawn.
 std::vector<int> shownZones(kernel::Frame const& frame, bool inSpace)
 {
     std::array<int, 3> const axes = frame.axisVariables();
@@ -69,7 +69,7 @@ std::vector<int> shownZones(kernel::Frame const& frame, bool inSpace)
     return zones;
 }
 
-// Why the contour is not seen in all zones, when that is because of values that nobody has loaded or looked through.
+// Why the contour is missing in some zones, if their values are not loaded or their range is not known yet.
 QString contourGap(kernel::Frame const& frame, std::vector<int> const& zones, bool isShown)
 {
     int const variable = frame.variableNumber('C');
@@ -215,7 +215,7 @@ FrameMessage FieldView::show(kernel::Frame const& frame)
     return {isComplete ? gap(frame, shown) : tr("Drawing\u2026"), false, remark()};
 }
 
-// What of the data is not seen in the picture.
+// Says which part of the data the picture does not show.
 QString FieldView::gap(kernel::Frame const& frame, std::vector<int> const& zones) const
 {
     if (zones.size() < zonesWithPoints(*frame.dataSet).size())
@@ -234,7 +234,7 @@ QString FieldView::remark() const
     return m_look.space.isStretched() ? tr("Axes stretched, not to scale") : QString();
 }
 
-// Where the user has looked at a part of the data, that part stays in view; who saw the whole goes on seeing the whole.
+// A view that the user has moved keeps showing the same part of the data; a fitted view is fitted again.
 void FieldView::placeView(bool isNew)
 {
     if (isNew || (m_isFitted && m_viewSpace != m_look.space))

@@ -15,14 +15,14 @@
 
 namespace veldraw::app {
 
-/// What field plots in a plane and in space have in common: zones, contour flood and its legend.
+/// The base of field plots in a plane and in space: shows the zones, the contour flood and its legend.
 class FieldView : public FrameView
 {
     Q_DECLARE_TR_FUNCTIONS(veldraw::app::FieldView)
 
 public:
-    /// @param ready called on another thread when there is more to be shown than when show() was called last; empty: show()
-    ///        always shows everything
+    /// @param ready called on another thread when a background computation is done, so that show() should be called
+    ///        again; empty: show() computes everything at once
     FieldView(bool inSpace, std::function<void()> ready);
     ~FieldView() override;
 
@@ -44,34 +44,34 @@ public:
     /// Zones that are shown and marked as picked.
     std::set<int> const& markedZones() const { return m_markedZones; }
 
-    /// One-based number of the zone seen at a position of the area, 0 when there is none. Of zones at the same place it is the
-    /// one that is drawn over the others.
+    /// One-based number of the zone seen at a position of the area, 0 if there is none. Of several zones at the same place
+    /// it is the one that is drawn on top.
     int zoneAt(QPointF const& inArea) const;
 
 protected:
-    /// Free space that is wanted between the area's edges and the stage, logical pixels.
+    /// Space between the edges of the area and the stage, logical pixels.
     virtual QMarginsF margins() const = 0;
 
-    /// What it was when the stage was placed last.
+    /// The margins() with which the stage was placed last.
     QMarginsF const& shownMargins() const { return m_margins; }
 
-    /// The axes' names and the space may have changed.
+    /// Called when the names of the axes or the space may have changed.
     virtual void updateAxes(std::array<QString, 3> const& names) = 0;
 
-    /// Looks at the same place of the data as it did in another space.
+    /// Moves the camera to the part of the data that it showed in the space @p before.
     virtual void carryView(PlotSpace const& before) = 0;
 
-    /// What the legend takes at the right of the frame; 0 when there is none. Logical pixels.
+    /// Width of the legend at the right of the frame, logical pixels; 0 without a legend.
     double legendWidth() const;
 
     double stageWidth() const { return m_stageWidth; }   ///< device pixels
     double stageHeight() const { return m_stageHeight; } ///< device pixels
 
-    /// A fitted view is fitted again when the area or the extent of the data changes; one that the user has moved or enlarged
-    /// stays where it is. Turning leaves it fitted: the whole is still in view, and a fit keeps the direction.
+    /// Whether the view is fitted again when the area or the extent of the data changes, as it is until the user moves or
+    /// zooms it. A rotated view counts as fitted: the whole plot is in view, and fitting keeps the direction.
     void setFitted(bool isFitted) { m_isFitted = isFitted; }
 
-    /// A position of the area as a position of the stage.
+    /// Converts a position of the area to one of the stage.
     QPointF onStage(QPointF const& inArea) const;
 
 private:
@@ -88,9 +88,9 @@ private:
     void placeLegend();
 
     bool m_inSpace;
-    bool m_isShown = false; // there was a picture when the frame was shown last
+    bool m_isShown = false; // the last show() made a picture
     std::array<kernel::UniqueId, 3> m_shownAxes{};
-    PlotSpace m_viewSpace; // that the camera stands in
+    PlotSpace m_viewSpace; // in which the camera was placed
     bool m_isFitted = false;
     bool m_isStretched = false;
     FieldLook m_look;

@@ -144,7 +144,7 @@ ZoneShape facesFoundByVtk(kernel::Zone const& zone, kernel::Progress const& prog
     vtkNew<vtkGeometryFilter> filter;
     vtkNew<ProgressObserver> observer;
     observer->watch(*filter, progress);
-    // The filter's own notes of what comes from where are missing when there are cells without a volume.
+    // The filter's own arrays of original cells are missing if some cells have no volume.
     addNumbers(*grid->GetPointData(), zone.pointCount());
     addNumbers(*grid->GetCellData(), zone.cellCount());
     filter->SetInputData(grid);
@@ -163,7 +163,7 @@ ZoneShape facesFoundByVtk(kernel::Zone const& zone, kernel::Progress const& prog
     return shape;
 }
 
-// The faces of cells that are seen, also those towards cells that are not.
+// Outer faces of the visible cells, also where the neighbour is hidden.
 ZoneShape withoutHidden(kernel::Zone const& zone, kernel::Progress const& progress)
 {
     VisibleElements const visible = VisibleElements::of(zone);

@@ -11,7 +11,7 @@
 
 namespace veldraw::app {
 
-/// One run on a thread of its own, which ends with it.
+/// One background computation, with its thread.
 class GeometryWork::Job
 {
 public:
@@ -49,7 +49,7 @@ public:
     Job& operator=(Job const&) = delete;
 
 private:
-    // No values are held any more when somebody learns that it is done.
+    // The requests hold values; they are released before anybody is told that the job is done.
     void finish(Requests requests)
     {
         try {
@@ -79,7 +79,7 @@ GeometryWork::~GeometryWork() = default;
 GeometryWork::Results GeometryWork::run(Requests const& requests, kernel::Progress const& progress)
 {
     Results results(requests.size());
-    // Many zones go side by side; in a zone by itself the work on its points does.
+    // Several zones are computed in parallel; for a single one its points are.
     kernel::parallelFor(
         static_cast<std::int64_t>(requests.size()), [&](std::int64_t first, std::int64_t last, std::int64_t) {
             for (auto n = static_cast<std::size_t>(first); n < static_cast<std::size_t>(last); ++n) {

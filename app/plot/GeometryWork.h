@@ -8,55 +8,55 @@
 
 namespace veldraw::app {
 
-/// A zone whose geometry is wanted.
+/// A zone whose geometry is to be computed.
 struct GeometryRequest
 {
     kernel::UniqueId zone = 0;
     ZoneSource source;
-    std::shared_ptr<ZoneGeometry const> before; ///< to take from what is as it has to be; may be null
+    std::shared_ptr<ZoneGeometry const> before; ///< an older geometry whose unchanged parts are reused; may be null
 };
 
-/// A geometry and the zone that it was wanted for.
+/// The computed geometry of a zone.
 struct GeometryResult
 {
     kernel::UniqueId zone = 0;
     std::shared_ptr<ZoneGeometry const> geometry;
 };
 
-/// Works out geometries of zones on all cores, here or aside.
+/// Computes geometries of zones on all cores, either at once (`run`) or in the background (`start`).
 ///
-/// There is one job at a time; another one takes its place, and nobody hears of the old one any more.
+/// There is one background job at a time. Starting another one interrupts it and discards its result.
 class GeometryWork
 {
 public:
     using Requests = std::vector<GeometryRequest>;
     using Results = std::vector<GeometryResult>;
 
-    /// @param ready called on another thread when the job aside is done; empty: there is nobody to tell, and nothing is done aside
+    /// @param ready called on another thread when the background job is done; empty: background jobs are not possible
     explicit GeometryWork(std::function<void()> ready);
     ~GeometryWork();
 
     bool canWorkAside() const { return static_cast<bool>(m_ready); }
 
-    /// Does it now, on this thread. @throws std::bad_alloc
+    /// Computes the geometries and returns them. @throws std::bad_alloc
     static Results run(Requests const& requests, kernel::Progress const& progress);
 
-    /// Starts a job; one that runs is interrupted.
+    /// Starts a background job in place of the present one.
     void start(Requests requests);
 
-    /// Whether there is a job that has been started and not been taken.
+    /// Whether a job was started whose result has not been taken yet.
     bool hasJob() const { return m_job != nullptr; }
 
-    /// Whether the job brings any of these geometries.
+    /// Whether the job computes any of these geometries.
     bool isWanted(Requests const& requests) const;
 
-    /// Interrupts the job, if there is one.
+    /// Interrupts the job, if there is one, and discards it.
     void drop();
 
     /// Waits until the job is done.
     void wait();
 
-    /// What has come of the job, if it is done. @throws what the job has thrown
+    /// The result of the job; empty while it runs. @throws the exception that ended the job
     Results take();
 
     GeometryWork(GeometryWork const&) = delete;

@@ -64,7 +64,7 @@ Values valuesAt(kernel::Field const& field, bool inCells)
     return [values](std::int64_t n) { return values.at(n); };
 }
 
-// What is hidden has no value, so that the curve has a gap there.
+// Hidden points get no value, so that the curve has a gap there.
 Values visible(kernel::Zone const& zone, ValueLocation_e location, Values const& values)
 {
     auto const hidden = zone.hidden(location);

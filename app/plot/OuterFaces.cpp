@@ -19,7 +19,7 @@ using kernel::Zone;
 
 constexpr std::int64_t placesOfCell = FaceSearch::placesOfCell;
 
-// Cells to be drawn, each named by its place: a cell, or a face of one.
+// The drawn cells; each is a cell of the zone or a face of one.
 class DrawnCells
 {
 public:

@@ -8,8 +8,8 @@
 
 namespace veldraw::app {
 
-/// Where the frames of a page stand in the widget that the paper fills. Frames that lie beside the paper shrink the scale, so that
-/// everything is in view.
+/// Places the frames of a page in the widget that shows it. The scale is chosen so that the paper and all frames, also those
+/// beside the paper, are in view.
 class PageOnScreen
 {
 public:
@@ -19,7 +19,7 @@ public:
     /// The frame with its header and border. Neighbours on the paper are neighbours on the screen.
     QRect frameOf(kernel::Rectangle const& onPaper) const;
 
-    /// The plot in it, below the header.
+    /// The rectangle of the plot in a frame, below the header.
     static QRect contentOf(QRect const& frame);
 
     /// The same for VTK, which counts from the bottom. @param widget size of the widget; @param pixelRatio device pixels a

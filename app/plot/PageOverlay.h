@@ -34,8 +34,8 @@ public:
     /// @param isBare messages only: no borders and no headers
     void setMarks(std::vector<Mark> marks, QString const& emptyText, bool isBare = false);
 
-    /// The strip at the top of a frame's content for what is said there and must not run into the picture: the remark, and a
-    /// sentence that stands above. Empty without them, and where it would leave too little of the picture.
+    /// The strip at the top of a frame's content that holds the remark and a sentence with a strip of its own. Empty if
+    /// there is neither, or if it would leave too little room for the picture.
     QRect strip(QRect const& content, FrameMessage const& message) const;
 
     static constexpr int headerHeight = 26;

@@ -125,7 +125,7 @@ void PageView::markAll()
     scheduleRefresh();
 }
 
-// More of a frame can be shown than when it was last.
+// A background computation for a frame is done.
 void PageView::markReady(kernel::UniqueId frame)
 {
     auto const slot = m_slots.find(frame);
@@ -158,7 +158,7 @@ void PageView::refresh()
     }
 }
 
-// Drawing failed as a whole, for want of memory most likely: the frames say so until something changes.
+// Drawing failed as a whole, most likely for lack of memory. The frames say so until the next change.
 void PageView::giveUpDrawing(std::exception const& failure)
 {
     for (auto& [id, slot] : m_slots)
@@ -288,7 +288,7 @@ void PageView::updatePlot(kernel::Frame const& frame, Slot& slot)
 
 std::unique_ptr<FrameView> PageView::createView(kernel::Frame const& frame)
 {
-    // Called on another thread, but never after the view has gone.
+    // Called on another thread, but never after the view is destroyed.
     auto const ready = [this, id = frame.id] {
         QMetaObject::invokeMethod(
             this, [this, id] { markReady(id); }, Qt::QueuedConnection);

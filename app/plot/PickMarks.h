@@ -9,8 +9,8 @@
 
 namespace veldraw::app {
 
-/// Shows which zones are picked: the box around each, with a handle at each corner. All are one thing to the renderer, since each
-/// thing costs it time.
+/// Shows which zones are picked: a box around each, with a handle at each corner. One actor draws all of them, since each
+/// actor costs the renderer time.
 class PickMarks
 {
 public:
@@ -18,7 +18,7 @@ public:
 
     PickMarks();
 
-    /// Marks what lies in the boxes, and nothing else. @param inSpace false: rectangles over the plane
+    /// Replaces all marks by these boxes. @param inSpace false: draws rectangles in the plane
     void show(std::vector<Box> const& boxes, bool inSpace);
 
     vtkActor* actor() const { return m_actor; }

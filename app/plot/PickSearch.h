@@ -10,10 +10,10 @@ class vtkPolyData;
 
 namespace veldraw::app {
 
-/// One walk over the cells of a drawing in search of the nearest that a ray meets.
+/// Searches the cells of a drawing for the nearest one that a ray meets.
 ///
-/// The scene is looked at along the ray: a point has a position across it, and the ray is the origin there. Points that are no
-/// numbers meet nothing.
+/// Points are projected along the ray: the ray itself is the origin of the two coordinates across it. Cells with a point that
+/// is not a number are never met.
 class PickSearch
 {
 public:

@@ -24,7 +24,7 @@ QMarginsF PlaneView::margins() const
     return margins;
 }
 
-// The room that the numbers need depends on what is in view, and that a little on the room that is left.
+// The margins depend on the numbers at the axes, hence on the visible part of the data, which depends on the margins.
 void PlaneView::setArea(ViewArea const& viewArea)
 {
     constexpr int mostRounds = 3;

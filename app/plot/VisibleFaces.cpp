@@ -26,7 +26,7 @@ public:
     {
     }
 
-    // The faces that lie across @p normal, on the high or the low side of their cells.
+    // Faces perpendicular to the direction @p normal, on the high or the low side of their cells.
     Side facesOf(std::size_t normal, bool high) const
     {
         Side side;

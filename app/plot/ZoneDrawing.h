@@ -29,7 +29,7 @@ class ZoneDrawing
 public:
     ZoneDrawing(kernel::UniqueId zone, std::shared_ptr<ZoneGeometry const> geometry);
 
-    /// Shows another geometry, if it is another one.
+    /// Shows a geometry; does nothing if it is the present one.
     void setGeometry(std::shared_ptr<ZoneGeometry const> geometry);
 
     /// Gives the zone, which has a one-based number, the colours of the contour variable, unless it has them already.
@@ -45,7 +45,7 @@ public:
     /// Positions in the range of the contour for each drawn point or cell; null without a flood.
     vtkFloatArray* shares() const { return m_shares; }
 
-    /// Stands for the present colours: other ones have another number.
+    /// A number that changes whenever the colours change.
     kernel::UniqueId colouring() const { return m_colouring; }
 
     /// What is drawn, in the scene.
@@ -58,7 +58,7 @@ public:
     long long bytes() const;
 
 private:
-    /// What the colours have been worked out from.
+    /// The data from which the colours were computed.
     struct Colours
     {
         bool isFlooded = false;

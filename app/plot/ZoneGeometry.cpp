@@ -116,7 +116,7 @@ PlacedPoints placePoints(std::int64_t count, std::vector<std::int64_t> const& nu
     return placed;
 }
 
-// Points that no cell touches any more: bounds and the graphics card want numbers.
+// Points without a place are in no cell, but bounds and the graphics card need finite coordinates.
 void zeroUnplaced(vtkPoints& points)
 {
     for (vtkIdType n = 0; n < points.GetNumberOfPoints(); ++n)
@@ -124,7 +124,7 @@ void zeroUnplaced(vtkPoints& points)
             points.SetPoint(n, 0.0, 0.0, 0.0);
 }
 
-// A note at each point which one of the zone it is, for a filter that doubles points.
+// Stores at each point its number in the zone, for a filter that duplicates points.
 void numberPoints(vtkPolyData& drawing, ZoneGeometry::Numbers const& points)
 {
     vtkNew<vtkIdTypeArray> numbers;
@@ -137,7 +137,7 @@ void numberPoints(vtkPolyData& drawing, ZoneGeometry::Numbers const& points)
     drawing.GetPointData()->AddArray(numbers);
 }
 
-// Takes the notes off again.
+// Removes these numbers again.
 ZoneGeometry::Numbers takeNumbers(vtkPolyData& drawing)
 {
     auto* const notes = vtkIdTypeArray::SafeDownCast(drawing.GetPointData()->GetArray(pointNumberName));

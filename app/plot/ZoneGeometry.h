@@ -21,12 +21,12 @@ class ZoneGeometry
 public:
     using Numbers = std::vector<std::int64_t>;
 
-    /// @param before of the same or of another zone, or null: what of it is as it has to be is taken over
+    /// @param before an older geometry, whose unchanged parts are reused; may be null
     /// @throws kernel::Interrupted, std::bad_alloc
     static std::shared_ptr<ZoneGeometry const> create(ZoneSource const& source, ZoneGeometry const* before,
                                                       kernel::Progress const& progress);
 
-    /// Roughly how many points and corners of cells create() will have to go through.
+    /// Roughly the number of points and corners of cells that create() would read.
     static std::int64_t work(GeometryKey const& key, ZoneGeometry const* before);
 
     GeometryKey const& key() const { return m_key; }

@@ -33,7 +33,7 @@ GeometriesByCells byCells(Geometries const& known)
     return cells;
 }
 
-// What the zone's geometry can be made from: its own, or that of another zone with the same cells, as a copy has them.
+// A geometry to reuse parts of: the zone's own, or that of another zone with the same cells, such as a copy.
 std::shared_ptr<ZoneGeometry const> nearestTo(GeometryKey const& key, kernel::UniqueId zone, Geometries const& known,
                                               GeometriesByCells const& cells)
 {
@@ -102,7 +102,7 @@ bool ZoneScene::show(kernel::DataSet const& dataSet, std::vector<int> const& zon
     return isComplete;
 }
 
-// Has all geometries that are not as wanted worked out, at once or aside. @return false when some are not known yet
+// Computes all missing and outdated geometries, now or in the background. @return false when some are not ready yet
 bool ZoneScene::workOutMissing(kernel::DataSet const& dataSet, std::vector<int> const& zones, FieldLook const& look,
                                Geometries& known)
 {
@@ -138,7 +138,7 @@ bool ZoneScene::workOutMissing(kernel::DataSet const& dataSet, std::vector<int> 
     return true;
 }
 
-// While a geometry is worked out, the former one stays, unless it would lie at a wrong place.
+// While a geometry is computed, the former one is shown, unless its place is wrong.
 std::unique_ptr<ZoneDrawing> ZoneScene::drawingOf(kernel::UniqueId zone, GeometryKey const& key,
                                                   Geometries const& known, ById& drawn)
 {

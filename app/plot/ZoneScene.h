@@ -16,9 +16,9 @@ namespace veldraw::app {
 
 /// The zones of a field plot in its renderer.
 ///
-/// What was worked out for a zone is kept as long as its cells and coordinates are what they were, so that a change costs as much as
-/// what it changes: colours follow by themselves, and zones come and go without the others. Large geometries are worked out
-/// aside; the zone is shown, or shown anew, when they are there.
+/// The geometry of a zone is kept until its cells or coordinates change. So a change of colours computes colours only, and a
+/// zone that is added or removed does not touch the others. Large geometries are computed in the background; until one is
+/// ready its zone is missing, or shown as before.
 class ZoneScene
 {
 public:
@@ -30,16 +30,16 @@ public:
     ~ZoneScene();
 
     /// Shows zones, by their one-based numbers in ascending order, and no others.
-    /// @return false when some of them are being worked out aside
+    /// @return false when some geometries are still being computed in the background
     bool show(kernel::DataSet const& dataSet, std::vector<int> const& zones, FieldLook const& look);
 
-    /// Shows nothing, and has nothing worked out.
+    /// Shows nothing and discards the background job.
     void clear();
 
-    /// Whether something is being worked out aside.
+    /// Whether there is a background job.
     bool isWaiting() const { return m_work.hasJob(); }
 
-    /// Waits for what is being worked out aside. show() takes it.
+    /// Waits until the background job is done; the next show() uses its result.
     void wait() { m_work.wait(); }
 
     Drawings const& drawings() const { return m_drawings; }

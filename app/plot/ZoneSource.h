@@ -10,7 +10,7 @@
 
 namespace veldraw::app {
 
-/// What the geometry of a zone in a plot depends on, in numbers that are compared quickly.
+/// Numbers that tell quickly whether two geometries are built from the same data.
 struct GeometryKey
 {
     ZoneType_e type = ZoneType_Ordered;
@@ -29,8 +29,8 @@ struct GeometryKey
     bool operator!=(GeometryKey const& other) const { return !(*this == other); }
 };
 
-/// What the geometry of one zone is worked out from, held so that it can be done on any thread: an edit meanwhile goes to a copy
-/// of the values.
+/// The data from which the geometry of one zone is computed. It may be read on any thread: as long as it is held, an edit
+/// goes to a copy of the values.
 class ZoneSource
 {
 public:

@@ -12,14 +12,14 @@ class Session;
 
 namespace veldraw::app {
 
-/// What the main window has in its middle and what it asks of it. A view of the page in the program; anything in tests that
-/// have no display.
+/// The widget in the middle of the main window, and the functions by which the window uses it. In the program it shows the
+/// page; tests without a display use any other widget.
 struct CentralView
 {
     QWidget* widget = nullptr; ///< becomes the main window's
     std::function<void()> fitActiveFrame = [] {};
     std::function<void()> fitAllFrames = [] {};
-    /// The page without borders and headers.
+    /// A picture of the page without borders and headers.
     std::function<QImage()> grabImage = [] { return QImage(); };
 
     /// The page of @p session, drawn by VTK.

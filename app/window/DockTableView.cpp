@@ -44,12 +44,12 @@ void DockTableView::listen()
 {
     connect(&m_table, &QAbstractItemModel::modelReset, this, &DockTableView::measureAll);
     connect(&m_table, &QAbstractItemModel::rowsRemoved, this, [this] {
-        if (m_table.rowCount() == 0) // other data comes next
+        if (m_table.rowCount() == 0) // the next rows belong to other data
             measureAll();
     });
     connect(&m_table, &QAbstractItemModel::rowsInserted, this, [this](QModelIndex const&, int first, int last) {
         measure(first, last, 0, m_table.columnCount() - 1);
-        // Without a current row nobody would see where the keyboard is.
+        // Without a current row nothing would show the keyboard focus.
         if (hasFocus() && !currentIndex().isValid())
             selectionModel()->setCurrentIndex(m_table.index(0, SnapshotTableModel::NameColumn),
                                               QItemSelectionModel::NoUpdate);
@@ -75,7 +75,7 @@ void DockTableView::measureAll()
     measure(0, m_table.rowCount() - 1, 0, m_table.columnCount() - 1);
 }
 
-// Widths only grow: if the rows in sight counted, the scroll bar that comes with wider columns would change which they are.
+// Measures all rows, not only the visible ones: wider columns bring a scroll bar, which changes what rows are visible.
 void DockTableView::measure(int firstRow, int lastRow, int firstColumn, int lastColumn)
 {
     for (int column = firstColumn; column <= lastColumn; ++column) {
@@ -90,7 +90,7 @@ void DockTableView::measure(int firstRow, int lastRow, int firstColumn, int last
     fitColumns();
 }
 
-// As the delegate has it, but for the text, which it would ask the model to find out.
+// The size hint of the delegate, but for the known text: the delegate would make the model compute it.
 int DockTableView::widthOf(int row, int column) const
 {
     QModelIndex const index = m_table.index(row, column);
@@ -155,7 +155,7 @@ void DockTableView::focusOutEvent(QFocusEvent* event)
     update();
 }
 
-// The frame of the list that has the keyboard is drawn as that of a text field: a list without rows has nothing else to show it by.
+// Draws a focus frame as text fields have it, since a table without rows has nothing else that shows the focus.
 bool DockTableView::event(QEvent* event)
 {
     bool const handled = QTreeView::event(event);

@@ -8,11 +8,11 @@ namespace veldraw::app {
 
 class SnapshotTableModel;
 
-/// A plain table for the lists in the docks: whole rows, no grid, F2 edits the name and Space ticks the check box of the
-/// current row wherever the cursor stands in it.
+/// The table of frames, zones or variables in a dock. It selects whole rows and has no grid. In any column of the current
+/// row, F2 edits the name and Space switches the check box.
 ///
-/// Columns are as wide as the widest of their texts, whichever rows are in sight, and never become narrower while the table has
-/// rows; the name has what the others leave, but always enough to be read. What does not fit is scrolled to.
+/// A column is as wide as the widest text of all rows, and becomes narrower only when the table is empty. The column of the
+/// name gets the rest of the width, but at least enough to be read; the view scrolls if that does not fit.
 class DockTableView : public QTreeView
 {
     Q_OBJECT
@@ -24,7 +24,7 @@ public:
 
     QSize sizeHint() const override;
 
-    /// Rows that the view would like to show without scrolling.
+    /// Number of rows that the preferred height has room for.
     void setPreferredRows(int rows) { m_preferredRows = rows; }
 
 protected:

@@ -58,8 +58,8 @@ void useFilter(QFileDialog& dialog, QString const& filter)
         dialog.selectFile(named.path() + QLatin1Char('/') + named.completeBaseName() + extensionOf(filter));
 }
 
-// Asks for the name of a file to write, again and with what was typed until @p write is done with it. Beginning with a whole name, since
-// a name without an extension may be that of a folder, which the dialog would enter.
+// Asks for the name of a file and calls @p write, again with the typed name until it succeeds or the user cancels. The suggested
+// name has an extension, since the dialog would enter a folder of the same name without one.
 void askForName(QWidget& window, QString const& title, QString const& baseName, QStringList const& filters,
                 std::function<bool(QString const& path)> const& write)
 {
@@ -100,7 +100,7 @@ bool DocumentController::open(QStringList const& paths, Place place)
     return put(readAll(paths), place);
 }
 
-// As a long operation of the session: with a progress window, and what is open stays as it is meanwhile.
+// Runs as a long operation of the session, with a progress window; nothing else can change meanwhile.
 ImportResult DocumentController::read(QString const& path)
 {
     sdk::AppLock const lock(sdk::AppLock::DoNotRecord);
@@ -255,7 +255,7 @@ DocumentController::Outcome DocumentController::writeTo(QString const& path)
     return Outcome::Saved;
 }
 
-// As a long operation of the session: with a progress window, and the data stays as it is meanwhile.
+// Runs as a long operation of the session, with a progress window; the data cannot change meanwhile.
 std::vector<std::string> DocumentController::write(kernel::DataSet& dataSet, QString const& path)
 {
     if (!loadWholeDataSet(m_session, dataSet)) {

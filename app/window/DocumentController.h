@@ -21,12 +21,12 @@ class DocumentController : public QObject
     Q_OBJECT
 
 public:
-    /// Reads a file: importFile() in the program. Throws what that throws.
+    /// Reads a file. In the program it is importFile(), with its exceptions.
     using FileReader = std::function<ImportResult(QString const& path, kernel::Progress& progress)>;
 
     enum class Place
     {
-        FreshPage, ///< what was open goes; each file gets a frame on a page of its own
+        FreshPage, ///< closes what is open; each file gets a frame on a new page
         NewFrames  ///< each file gets a frame on the present page
     };
 
@@ -38,14 +38,14 @@ public:
     /// when no file at all can be read. @return false when nothing was opened
     bool open(QStringList const& paths, Place place);
 
-    /// Asks for files first.
+    /// Asks for files and opens them.
     bool openByDialog(Place place);
 
-    /// Opens a file of the list of recent files; tells and forgets it when it is no longer there.
+    /// Opens a file of the list of recent files. A file that no longer exists is told and leaves the list.
     bool openRecent(QString const& path);
 
-    /// Asks for a name and writes the active data set; the extension chooses the format. What cannot be written is told, and the
-    /// question stays with what was typed, until the data is saved or the user gives up.
+    /// Asks for a name and writes the active data set; the extension chooses the format. After a failure, which is told, it
+    /// asks again with the same name, until the data is saved or the user cancels.
     bool saveAs();
     bool save(QString const& path);
 
@@ -53,7 +53,7 @@ public:
     bool savePictureAs(QImage const& picture);
     bool savePicture(QImage const& picture, QString const& path);
 
-    /// Asks what to do about unsaved changes, if there are any. @return false when what is open has to stay
+    /// Asks what to do about unsaved changes, if there are any. @return false when the user wants to go on with them
     bool mayCloseData();
 
     /// The history has changed, so what was saved before may be out of date.

@@ -16,7 +16,7 @@ class AssignmentPanel;
 class DataPanel;
 class MessagePanel;
 
-/// What stands around the page: docks with data, plot and messages, and the actions that lead the keyboard there.
+/// The docks around the page, with data, plot and messages, and the actions that move the keyboard focus to them.
 class MainDocks : public QObject
 {
     Q_OBJECT
@@ -25,13 +25,13 @@ public:
     /// Puts the docks into @p window, which owns them and this.
     MainDocks(kernel::Session& session, QMainWindow& window, QWidget& page);
 
-    /// Adds what brings the focus to frames, zones, variables, messages and the page.
+    /// Adds the actions that move the focus to frames, zones, variables, messages and the page.
     void addFocusActions(QMenu& menu);
 
-    /// Brings the focus to the variables that the plot shows.
+    /// Moves the focus to the variables of the plot.
     QAction& focusOnPlot() { return *m_focusOnPlot; }
 
-    /// Adds what shows and hides each dock.
+    /// Adds the actions that show and hide each dock.
     void addToggles(QMenu& menu);
 
     /// Puts the focus on the list of frames, in sight.

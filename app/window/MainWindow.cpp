@@ -92,7 +92,8 @@ void MainWindow::connectParts()
     connect(&m_frames, &FrameActions::refused, this, &MainWindow::tellRefusal);
     connect(&m_plots, &PlotActions::refused, this, &MainWindow::tellRefusal);
     connect(m_docks, &MainDocks::refused, this, &MainWindow::tellRefusal);
-    // A message tells what has been done, so that has to be seen behind it, though the command still holds idle back.
+    // A message box tells what a command has done. The window behind it must show that already, though no idle moment comes before
+    // the command ends.
     m_connections.add(host::MessagePresenter::connectAboutToPresent(&SessionFollower::catchUp));
     m_session.history().setListener([this] {
         m_documents->noteChange();
@@ -210,7 +211,7 @@ void MainWindow::refresh()
     tellPicks();
 }
 
-// The file of the active frame's data; data that stands in no file is called after its frame.
+// The name of the active frame's file, or of the frame itself if its data is in no file.
 QString MainWindow::documentName() const
 {
     auto const frame = m_session.activeFrame();
@@ -270,7 +271,7 @@ void MainWindow::dropEvent(QDropEvent* event)
     event->acceptProposedAction();
     bool const adds = (event->keyboardModifiers() & Qt::ShiftModifier) != 0;
     auto const place = adds ? DocumentController::Place::NewFrames : DocumentController::Place::FreshPage;
-    // Whoever dragged the files must not wait until they are read.
+    // Reads the files later, so that the program from which they were dragged need not wait.
     QTimer::singleShot(0, this, [this, paths, place] { openFiles(paths, place); });
 }
 
@@ -291,7 +292,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
     event->accept();
 }
 
-// Nobody shall have to look for a focus that is on no widget, or on one that does not show it.
+// Moves the focus if no widget has it, or one that does not show it.
 void MainWindow::showEvent(QShowEvent* event)
 {
     QMainWindow::showEvent(event);

@@ -13,10 +13,10 @@ namespace veldraw::app {
 
 class ZoneTableModel;
 
-/// Keeps what is selected in the table of zones and what is picked in the plots the same, for enabled zones: whoever has no
-/// mouse picks with the arrow keys.
+/// Keeps the selection in the table of zones equal to the picks in the plots, so that zones can be picked by the keyboard.
 ///
-/// Zones that are in no data set any more are not picked any more. Picked zones of other data sets than the active frame's stay picked. Disabled zones can be selected, but are not picked.
+/// Disabled zones can be selected, but are not picked. Zones of other data sets than the active frame's stay picked. A deleted
+/// zone is no longer picked.
 class PickSelection : public QObject
 {
     Q_OBJECT
@@ -25,7 +25,7 @@ public:
     /// @param view shows @p model; both must outlive this object
     PickSelection(kernel::Session& session, ZoneTableModel& model, QAbstractItemView& view);
 
-    /// Brings the model up to date, takes zones that are gone out of the picks, and selects what is picked.
+    /// Updates the model, removes deleted zones from the picks, and selects the picked zones.
     void refresh();
 
 private:

@@ -23,7 +23,7 @@ ProgressWindow::ProgressWindow(QString const& operation, QWidget* parent)
 {
     setObjectName(QStringLiteral("progressWindow"));
     setWindowTitle(operation);
-    // The dialogs stand beside the main window, so being modal for one window would leave the others open.
+    // Modal for the application: dialogs are windows beside the main window and must not get input either.
     setWindowModality(Qt::ApplicationModal);
     auto* const label = new QLabel(operation + QStringLiteral(" ..."));
     label->setObjectName(QStringLiteral("progressLabel"));

@@ -13,14 +13,15 @@ namespace veldraw::app {
 class SessionFollower
 {
 public:
-    /// @param action must not outlive what it touches: keep the follower as a member of that, declared last
+    /// @param action usually updates the object that owns the follower. Declare the follower as its last member, so that
+    ///               the action does not run while the object is destroyed.
     SessionFollower(kernel::Session& session, std::function<void()> action);
     ~SessionFollower();
 
     /// Schedules the action without a change of the session.
     void schedule();
 
-    /// Runs the actions that wait for idle at once, for all followers.
+    /// Runs the pending actions of all followers now.
     static void catchUp();
 
     SessionFollower(SessionFollower const&) = delete;

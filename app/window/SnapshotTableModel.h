@@ -38,8 +38,7 @@ public:
     /// Row of the thing, -1 if it is not shown.
     int rowOf(kernel::UniqueId id) const;
 
-    /// The text of a cell as far as it is known; asks for nothing that is yet to be computed. A text of usual width where there
-    /// is none yet.
+    /// The text of a cell without computing it; a text of usual width if it is not known yet.
     virtual QString knownText(int row, int column) const;
 
     int rowCount(QModelIndex const& parent = {}) const override;

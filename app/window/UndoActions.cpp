@@ -21,7 +21,7 @@ UndoActions::UndoActions(kernel::Session& session, QObject* parent)
     m_redo->setIconText(QStringLiteral("Redo"));
     m_undo->setShortcut(Qt::CTRL + Qt::Key_Z);
     m_redo->setShortcut(Qt::CTRL + Qt::SHIFT + Qt::Key_Z);
-    // In the dialogs too, which stand beside the window: what was done there is taken back there.
+    // The shortcuts work in the dialogs too, so that their operations can be undone there.
     m_undo->setShortcutContext(Qt::ApplicationShortcut);
     m_redo->setShortcutContext(Qt::ApplicationShortcut);
     connect(m_undo, &QAction::triggered, this, [this] { run(true); });

@@ -10,7 +10,7 @@ using State = kernel::ValueRange::State;
 
 namespace {
 
-// Single precision by the digits that tell it from its neighbours: nine would turn 0.1 into 0.100000001.
+// The shortest text that reads back as the same float: with nine digits 0.1 would become 0.100000001.
 QString reportedNumber(double value, FieldDataType_e type)
 {
     if (type != FieldDataType_Float)

@@ -14,14 +14,14 @@ namespace veldraw::sdk::integration {
 
 namespace {
 
-/// Sets a walk over frames aside for a scope: who hears of a change in the middle of it asks about the active frame.
-class FrameLoopAside
+/// Suspends a loop over frames for a scope, so that listeners who are told in the middle of it ask about the active frame.
+class SuspendedFrameLoop
 {
 public:
-    FrameLoopAside() = default;
-    ~FrameLoopAside() { kernel::Session::instance().exchangeFrameLoop(std::move(m_loop)); }
-    FrameLoopAside(FrameLoopAside const&) = delete;
-    FrameLoopAside& operator=(FrameLoopAside const&) = delete;
+    SuspendedFrameLoop() = default;
+    ~SuspendedFrameLoop() { kernel::Session::instance().exchangeFrameLoop(std::move(m_loop)); }
+    SuspendedFrameLoop(SuspendedFrameLoop const&) = delete;
+    SuspendedFrameLoop& operator=(SuspendedFrameLoop const&) = delete;
 
 private:
     kernel::FrameLoop m_loop = kernel::Session::instance().exchangeFrameLoop({});
@@ -65,7 +65,7 @@ boost::signals2::connection StateChangeEventObservable::connectStateChanged(Stat
 
 void StateChangeEventObservable::notify(toolbox::StateChangeEventInterface const& event)
 {
-    FrameLoopAside const aside;
+    SuspendedFrameLoop const suspended;
     std::vector<Entry> const entries = m_listeners;
     for (Entry const& entry : entries) {
         if (!isPresent(entry.number))

@@ -133,8 +133,8 @@ FrameMessage LineView::show(kernel::Frame const& frame)
     return {hasAll ? QString() : reason, false, {}, true};
 }
 
-// Where the user has looked at a part of the curves, that part stays in view, also when curves come and go. Curves of
-// other variables are shown whole.
+// A view that the user has moved stays where it is, also when curves are added or removed. With other variables the view is
+// fitted again.
 void LineView::placeView(bool isNew)
 {
     for (std::size_t axis = 0; axis < 2; ++axis)

@@ -16,7 +16,8 @@ namespace veldraw::app {
 class DockTableView;
 
 /// What the "Data" dock shows: frames, and zones and variables of the active frame's data set, one below the other.
-/// The zones that are selected are those that are picked in the plots. Double click or Return on a frame activates it; F2 renames, Space or a click on the box enables and disables.
+/// The selected zones are those that are picked in the plots. Double click or Return on a frame activates it; F2 renames; Space,
+/// or a click on the box, enables and disables.
 class DataPanel : public QWidget
 {
     Q_OBJECT

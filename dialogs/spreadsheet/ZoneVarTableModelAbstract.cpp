@@ -1,5 +1,6 @@
 #include "dialogs/spreadsheet/ZoneVarTableModelAbstract.h"
 
+#include "dialogs/bindings/ScopedExitAction.h"
 #include "dialogs/spreadsheet/ValueWrite.h"
 #include "platform/exception/IOException.h"
 #include "platform/exception/InterruptedException.h"
@@ -143,13 +144,10 @@ bool ZoneVarTableModelAbstract::setStr(ModelIndex const& index, std::string cons
     AppLock const lock(AppLock::RecordAsUsual);
     ValueWrite write(m_zone, variable, valueOffset(index), text, m_alterInAllSharedZones);
 
-    // The table's own edit is one cell's change and not news about everything; so the listener is out of the way until
-    // that has been told, and comes back however the edit ends.
-    struct BackAtTheEnd
-    {
-        toolbox::StateChangeListenerInterface* listener;
-        ~BackAtTheEnd() { StateChangeEventObservable::getInstance().addListener(listener); }
-    } const backAtTheEnd{m_listener.get()};
+    // Listeners hear of the table's own edit as the change of one cell, not of the whole table. So the table does not listen to
+    // the kernel meanwhile, and does so again however the edit ends.
+    ScopedExitAction const listenAgain(
+        [listener = m_listener.get()] { StateChangeEventObservable::getInstance().addListener(listener); });
     bool const isWritten =
         write.run([this] { StateChangeEventObservable::getInstance().removeListener(m_listener.get()); });
     if (isWritten)

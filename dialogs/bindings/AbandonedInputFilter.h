@@ -8,16 +8,16 @@ class QWidget;
 
 namespace veldraw::sdk::ui::dialogs::propertybindings {
 
-/// Tells when what is being typed into a widget is given up, as its window goes off the screen: by Escape, by Close or by
-/// any other way. It tells before the widget itself takes notice, since a spin box takes its text when it is hidden.
+/// Calls a function when the window of a widget disappears from the screen, so that unfinished text is dropped. The call
+/// comes before the widget's own event, at which a spin box would accept its text.
 class AbandonedInputFilter : public QObject
 {
 public:
-    /// @param abandoned puts back what was there before; may be called more than once
+    /// @param abandoned restores the former text; may be called more than once
     AbandonedInputFilter(QWidget& widget, std::function<void()> const& abandoned);
     ~AbandonedInputFilter() override;
 
-    /// Whether an event comes to a widget because its window goes off the screen.
+    /// Whether a widget gets an event because its window disappears from the screen.
     static bool isAbandoned(QWidget const& widget, QEvent const& event);
 
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -12,7 +12,7 @@ void BindingList::adopt(std::unique_ptr<BindingInterface> binding)
     m_bindings.push_back(std::move(binding));
 }
 
-// A vector does not say in which order its elements end.
+// The standard does not say in which order a vector destroys its elements.
 void BindingList::clear()
 {
     for (std::unique_ptr<BindingInterface>& binding : m_bindings)

@@ -8,8 +8,8 @@
 
 namespace veldraw::sdk::ui::dialogs::propertybindings {
 
-/// The bindings of a dialog, which end in the order of their creation. Declared behind the manager and the form, it ends
-/// before both.
+/// The bindings of a dialog. They are destroyed in the order of their creation. A dialog declares the list after manager and
+/// form, so that it is destroyed before both.
 class BindingList
 {
 public:
@@ -18,17 +18,17 @@ public:
     BindingList& operator=(BindingList const&) = delete;
     ~BindingList();
 
-    /// Makes a binding at the end of the list.
+    /// Makes a binding and appends it.
     template <typename Binding, typename... Arguments>
     void add(Arguments&&... arguments)
     {
         adopt(std::make_unique<Binding>(std::forward<Arguments>(arguments)...));
     }
 
-    /// Puts a binding that somebody else has made at the end of the list.
+    /// Appends a binding.
     void adopt(std::unique_ptr<BindingInterface> binding);
 
-    /// Ends all bindings.
+    /// Destroys all bindings.
     void clear();
 
 private:

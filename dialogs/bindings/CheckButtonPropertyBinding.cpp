@@ -33,7 +33,7 @@ void CheckButtonPropertyBinding::onToggled(bool isChecked)
 {
     QPointer<QObject> const self = this;
     boost::shared_ptr<PropertyAbstract<bool>> const property = m_property;
-    // What the property makes of the value is shown whatever happens, also if it stays as it was.
+    // Writes the widget in any case: the property may have refused or altered the value.
     updateValueOnIdle();
     bool const isTaken = commitValue(*property, isChecked != m_isInverted);
     if (self && !isTaken)

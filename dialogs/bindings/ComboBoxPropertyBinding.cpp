@@ -13,9 +13,9 @@
 
 namespace veldraw::sdk::ui::dialogs::propertybindings {
 
-/// How many texts Qt may measure to find the width of a box without anybody noticing.
+/// How many texts Qt may measure to find the width of a box without a delay that a user notices.
 constexpr int mostMeasuredTexts = 2000;
-/// The width, in letters, of a box with more.
+/// The width, in letters, of a box with more texts than that.
 constexpr int lettersOfUnmeasuredBox = 20;
 
 template <typename T>
@@ -157,7 +157,7 @@ void ComboBoxPropertyBinding<T>::currentIndexChanged(int index)
     try {
         this->setPropertyValue(m_comboModel->get(index));
     } catch (...) {
-        // A refused choice changes no property, so nothing else would take it out of the box again.
+        // A refused choice does not change the property, so no signal would bring the box back.
         if (self)
             this->updateValueOnIdle();
         throw;

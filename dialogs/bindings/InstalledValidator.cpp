@@ -9,7 +9,7 @@ namespace veldraw::sdk::ui::dialogs::propertybindings {
 
 namespace {
 
-// How a binding tells its own validators from those of the form.
+// Marks the validators of bindings, so that those of the form are left alone.
 QString installedName()
 {
     return QStringLiteral("VeldrawBindingInstalledValidator");
@@ -31,7 +31,7 @@ QValidator* newValidator(QLineEdit& lineEdit, AcceptedText accepted)
 QLocale typedNumbers()
 {
     QLocale locale(QLocale::English, QLocale::UnitedStates);
-    // "1,000" would pass and be read as 1.
+    // With group separators "1,000" would be accepted and then read as 1.
     locale.setNumberOptions(QLocale::RejectGroupSeparator | QLocale::OmitGroupSeparator);
     return locale;
 }

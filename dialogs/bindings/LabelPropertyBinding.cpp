@@ -9,7 +9,7 @@ namespace veldraw::sdk::ui::dialogs::propertybindings {
 
 namespace {
 
-// A name or a title that looks like markup is none.
+// Names and titles are plain text, even if they look like markup.
 void showAsItIs(QLabel& label)
 {
     if (label.textFormat() == Qt::AutoText)

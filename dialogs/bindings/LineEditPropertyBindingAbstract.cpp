@@ -102,7 +102,7 @@ bool LineEditPropertyBindingAbstract<T>::isAcceptable()
     return state == QValidator::Acceptable;
 }
 
-// Reads the field itself: nothing that made a text acceptable counts here.
+// Converts the text of the field itself, not the one that was made acceptable for the validator.
 template <typename T>
 T LineEditPropertyBindingAbstract<T>::enteredValue()
 {
@@ -111,8 +111,8 @@ T LineEditPropertyBindingAbstract<T>::enteredValue()
     return intern::convertTo<T>(intern::StringConverter(m_lineEdit->text().toStdString()));
 }
 
-// A text that the user left as it was must not cost the value the digits that it doesn't show. The same text, typed, is
-// meant as it stands.
+// An unchanged text must not replace the value, which may have more digits than the text. The same text, typed by the user,
+// does replace it.
 template <typename T>
 bool LineEditPropertyBindingAbstract<T>::isUntouched() const
 {

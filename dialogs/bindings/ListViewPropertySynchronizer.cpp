@@ -9,7 +9,7 @@
 
 namespace veldraw::sdk::ui::dialogs::propertybindings {
 
-/// How many pairs of ranges Qt may compare without anybody noticing.
+/// How many pairs of ranges Qt may compare without a delay that a user notices.
 constexpr long long mostComparedRanges = 10000;
 
 template <typename V>

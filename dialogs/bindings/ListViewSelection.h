@@ -10,8 +10,8 @@ class QAbstractItemModel;
 
 namespace veldraw::sdk::ui::dialogs::propertybindings {
 
-/// Between a set of values and the selected rows of a list. Both directions work on ranges of rows, never on single
-/// rows: lists have 100,000 of them.
+/// Conversions between a set of values and the selected rows of a list. Both work on ranges of rows, since lists can have
+/// 100,000 rows.
 
 /// The rows that hold the values; a value may stand on several rows, or on none. Neighbouring rows become one range.
 /// @param itemModel shows @p list, row by row

@@ -131,7 +131,7 @@ bool SpinBoxPropertyBinding<T, Box>::commit(T value)
         if (self)
             m_isCommitting = false;
     });
-    // What the property makes of the value is shown whatever happens, also if it stays as it was.
+    // Writes the box in any case: the property may have refused or altered the value.
     typingIsHandled();
     this->updateValueOnIdle();
     // An arrow that is held down must not go on stepping under the message.

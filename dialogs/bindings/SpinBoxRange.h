@@ -1,7 +1,7 @@
 #pragma once
 
 /// @file
-/// How values get along with the range of a spin box.
+/// Conversions between values and the range of a spin box.
 
 #include "dialogs/property/BoundedValueValidator.h"
 
@@ -12,7 +12,7 @@
 
 namespace veldraw::sdk::ui::dialogs::propertybindings {
 
-/// The value as a box can be given it; the box itself brings it into its range.
+/// The value in the number type of a box, clamped to what that type holds; the box clamps it to its range.
 template <typename Number, typename T>
 Number shownIn(T value)
 {
@@ -23,7 +23,7 @@ Number shownIn(T value)
         return value;
 }
 
-/// The value next to @p target that lies between the limits; a whole one for integral types.
+/// The value between the limits that is nearest to @p target; a whole number for integral types.
 /// @param target any number; not NaN
 template <typename T, typename Number>
 T withinRange(double target, Number lowest, Number highest)
@@ -38,7 +38,7 @@ T withinRange(double target, Number lowest, Number highest)
         return target;
 }
 
-/// The lowest whole number that the limits allow, cut to `int`; @p present when they don't look at the low side.
+/// The lowest whole number that the limits allow, cut to `int`; @p present if they have no lower limit.
 template <typename T>
 int lowestInRange(BoundedValueValidator<T> const& limits, int present)
 {
@@ -49,7 +49,7 @@ int lowestInRange(BoundedValueValidator<T> const& limits, int present)
     return isChecked ? shownIn<int>(lowest) : present;
 }
 
-/// The highest whole number that the limits allow, cut to `int`; @p present when they don't look at the high side.
+/// The highest whole number that the limits allow, cut to `int`; @p present if they have no upper limit.
 template <typename T>
 int highestInRange(BoundedValueValidator<T> const& limits, int present)
 {

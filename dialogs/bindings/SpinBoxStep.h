@@ -4,17 +4,17 @@
 
 namespace veldraw::sdk::ui::dialogs::propertybindings {
 
-/// A number of steps of a spin box, from a value to where they lead.
+/// Some steps of a spin box in one direction.
 struct SpinBoxStep
 {
-    /// Asked once for each step; null: a step is as wide as the box's own.
+    /// Says where each step leads; null: each step has the width @c singleStep.
     propertymanager::SpinBoxIncDecCalculatorBase* calculator;
     double singleStep;
     int count;
     bool isUp;
 
-    /// Not a number stays what it is. The rounding noise of a sum is taken away where a decimal number of 12 digits is so
-    /// near that it must be meant, so that forty steps of 0.01 from 0.1 reach 0.5 and nothing beside it.
+    /// The value after the steps from @p value; not-a-number stays so. A result that differs only by rounding errors from a
+    /// decimal number of 12 digits becomes that number, so that forty steps of 0.01 from 0.1 lead to exactly 0.5.
     double from(double value) const;
 
 private:

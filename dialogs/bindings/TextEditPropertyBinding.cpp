@@ -40,7 +40,7 @@ void TextEditPropertyBinding::applyText()
     QPointer<QObject> const self = &m_observable;
     boost::shared_ptr<PropertyAbstract<std::string>> const property = m_property;
     m_textEdit->document()->setModified(false);
-    // What the property makes of the text is shown whatever happens, also if it stays as it was.
+    // Writes the widget in any case: the property may have refused or altered the text.
     updateValueOnIdle();
     bool const isTaken = commitValue(*property, m_textEdit->toPlainText().toStdString());
     if (isTaken || !self || !m_textEdit)

@@ -10,9 +10,9 @@
 
 namespace veldraw::sdk::ui::dialogs::propertybindings {
 
-/// Sets what the user entered, under the application's lock. A refusal is told in a message box, if it has a text.
-/// @param beforeTold called before the box opens
-/// @return whether the property took the value. What else the property throws leaves the function.
+/// Sets a property to a value that the user entered, under the application's lock. A refusal with a text opens a message box.
+/// @param beforeTold called before the message box opens
+/// @return whether the property accepted the value. Other exceptions of the property reach the caller.
 template <typename T>
 bool commitValue(
     PropertyAbstract<T>& property, T const& value, std::function<void()> const& beforeTold = [] {})
@@ -27,7 +27,7 @@ bool commitValue(
             VelUtilDialogMessageBox(refusal.what(), MessageBoxType_Error);
         }
     } catch (InvalidArgumentException const&) {
-        // Nothing to say: the value never became one.
+        // No message: the text could not be converted to a value.
     }
     return false;
 }

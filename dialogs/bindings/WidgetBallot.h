@@ -9,7 +9,7 @@
 
 namespace veldraw::sdk::ui::dialogs::propertybindings {
 
-/// The votes on one widget or action; its child, so that it ends with it.
+/// All votes on one widget or action. A child object of it, so that both are destroyed together.
 class WidgetBallot : public QObject
 {
     Q_OBJECT

@@ -8,11 +8,11 @@ namespace veldraw::sdk::ui::dialogs::propertybindings {
 
 class WidgetBallot;
 
-/// One voice in whether a widget, or an action of a menu, can be used or is shown.
+/// One of several votes that decide whether a widget, or an action of a menu, is enabled or visible.
 ///
-/// Several rules may sit on the same widget: the dialog's, the widget's own, a binding's. If each set the state by its
-/// own answer they would overwrite one another; so each holds a vote, and the widget has the state only if all votes
-/// say yes. A vote that ends leaves the decision to the others; when the last one ends the widget stays as it is.
+/// A widget may follow several rules: the dialog's, its own, and that of a binding. Each of them holds a vote, and the widget
+/// is enabled, or visible, only if all votes say yes. A destroyed vote no longer counts; after the last one the widget keeps
+/// its state.
 class WidgetVote
 {
 public:

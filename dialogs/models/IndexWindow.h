@@ -12,26 +12,26 @@ public:
     /// @param mostAtOnce 1 or more
     explicit IndexWindow(int mostAtOnce);
 
-    /// There are this many things now; the window begins with the first.
+    /// Sets the number of things and moves the window to the first one.
     void setTotal(unsigned long long total);
     unsigned long long total() const { return m_total; }
 
     unsigned long long first() const { return m_first; }
     int size() const { return m_size; }
-    /// Where the window can begin at most.
+    /// The last thing with which the window can begin.
     unsigned long long lastFirst() const;
     bool showsAll() const { return lastFirst() == 0; }
 
     unsigned long long thing(int inWindow) const;
-    /// Place in the window, -1 for what isn't in it.
+    /// Place of a thing in the window, -1 if it is outside.
     int inWindow(unsigned long long thing) const;
 
-    /// The four steps of a move; the window is smaller in between.
+    /// The four steps of a move, between which the window is smaller.
     void dropFront(int count);
     void dropBack(int count);
     void growFront(int count);
     void growBack(int count);
-    /// Puts the window of no size somewhere.
+    /// Moves an empty window.
     void restartAt(unsigned long long first);
 
 private:

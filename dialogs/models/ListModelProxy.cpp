@@ -26,7 +26,7 @@ ListModelProxy<T>::~ListModelProxy() = default;
 template <typename T>
 void ListModelProxy<T>::setModel(boost::shared_ptr<ListModelInterface<T>> const& model) const
 {
-    // The argument may be the record's own pointer; the old list goes last, when nothing is connected to it any more.
+    // The argument may refer to the record's own pointer. The old list is released last, after all its connections.
     boost::shared_ptr<ListModelInterface<T>> const newModel = model;
     boost::shared_ptr<ListModelInterface<T>> const oldModel = std::exchange(m_record->model, newModel);
 

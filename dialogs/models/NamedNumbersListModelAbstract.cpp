@@ -9,7 +9,7 @@ namespace veldraw::sdk::ui::dialogs::propertybindings::models {
 
 namespace {
 
-// Each row that is told makes a list view read its whole selection; beyond this one reset is cheaper for everybody.
+// At each changed row a list view reads its whole selection; for more rows than this one reset is cheaper.
 constexpr std::size_t mostRowsToldOneByOne = 100;
 
 } // namespace
@@ -59,7 +59,7 @@ NamedNumbers const& NamedNumbersListModelAbstract::shown() const
 
 void NamedNumbersListModelAbstract::show(NamedNumbers&& snapshot) const
 {
-    // A listener may give this list up: behind a proxy, by choosing another one.
+    // A listener may release this list, for instance by giving a proxy another one.
     boost::shared_ptr<NamedNumbersListModelAbstract const> const aliveWhileItTells = weak_from_this().lock();
     NamedNumbers const before = std::exchange(m_shown, std::move(snapshot));
     if (m_shown.numbers != before.numbers) {

@@ -10,8 +10,8 @@
 
 namespace veldraw::sdk::ui::propertymanager {
 
-/// Answers from the value of a property, and on request also from whether its control can be seen and used: a value
-/// that matches but stands on a disabled or hidden control then counts as not relevant.
+/// A rule that depends on the value of a property and, if asked for, on the state of its control: with that, a matching value
+/// on a disabled or hidden control makes the rule false.
 ///
 /// A rule made from a shared pointer keeps the property alive; one made from a reference must end before the property.
 template <typename T>

@@ -19,7 +19,7 @@ public:
     PropertyItemInterface(PropertyItemInterface const&) = delete;
     PropertyItemInterface& operator=(PropertyItemInterface const&) = delete;
 
-    /// Connects a slot and then runs the hook `signalPropertyChangedConnected()`.
+    /// Connects a slot and then calls the virtual function `signalPropertyChangedConnected()`.
     ///
     /// Nothing is owned: a listener that ends first disconnects, best through a `SignalConnectionCollection`.
     boost::signals2::connection

@@ -38,9 +38,9 @@ public:
     virtual int collectionOffset() const = 0;
     virtual ~UIKernelStylePropertiesInterface();
 
-    /// Connects a slot and then runs the hook `signalInitializedConnected()`.
+    /// Connects a slot and then calls the virtual function `signalInitializedConnected()`.
     boost::signals2::connection connectInitialized(Signal::slot_type const& slot) const;
-    /// Connects a slot and then runs the hook `signalSubmittedConnected()`.
+    /// Connects a slot and then calls the virtual function `signalSubmittedConnected()`.
     boost::signals2::connection connectSubmitted(Signal::slot_type const& slot) const;
 
 protected:

@@ -7,7 +7,7 @@
 
 namespace veldraw::sdk::ui::propertymanager {
 
-/// Holds visibility and sensitivity, both true at first; a member of the properties that have them.
+/// Stores visibility and sensitivity, both true at first, for the properties that have them.
 ///
 /// A flag's setter signals only when the answer changed; a rule's signal is passed on as it comes, since it too says
 /// only "may have changed".

@@ -8,7 +8,7 @@
 
 namespace veldraw::sdk::ui::propertymanager {
 
-/// What a control needs to know besides its value: whether it is shown and whether it can be used.
+/// Whether the control of a property is visible and whether it is enabled.
 ///
 /// Each answer is a flag and, if there is one, a rule: both have to say yes.
 class VDSDKDIALOGS_DATA_QT_API UIPropertyInterface
@@ -21,17 +21,17 @@ public:
     UIPropertyInterface& operator=(UIPropertyInterface const&) = delete;
 
     virtual void setVisible(bool visible) = 0;
-    /// An empty pointer takes the rule away.
+    /// An empty pointer removes the rule.
     virtual void setVisibilityRelevance(boost::shared_ptr<RelevanceInterface const> const& relevance) = 0;
     virtual bool isVisible() const = 0;
     virtual void setSensitive(bool sensitive) = 0;
-    /// An empty pointer takes the rule away.
+    /// An empty pointer removes the rule.
     virtual void setSensitivityRelevance(boost::shared_ptr<RelevanceInterface const> const& relevance) = 0;
     virtual bool isSensitive() const = 0;
 
-    /// Connects a slot, then runs the hook `signalVisibilityChangedConnected()`. Inside it: see `PropertyAbstract`.
+    /// Connects a slot, then calls the virtual function `signalVisibilityChangedConnected()`.
     boost::signals2::connection connectVisibilityChanged(Signal::slot_type const& slot) const;
-    /// Connects a slot, then runs the hook `signalSensitivityChangedConnected()`. Inside it: see `PropertyAbstract`.
+    /// Connects a slot, then calls the virtual function `signalSensitivityChangedConnected()`.
     boost::signals2::connection connectSensitivityChanged(Signal::slot_type const& slot) const;
 
 private:

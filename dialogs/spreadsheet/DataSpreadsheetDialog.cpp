@@ -286,7 +286,7 @@ DataSpreadsheetDialog::DataSpreadsheetDialog(QWidget& parent)
 
 DataSpreadsheetDialog::~DataSpreadsheetDialog()
 {
-    // First of all, so that nobody is handed a dialog that is being torn down.
+    // First of all, so that getInstance() never returns a dialog that is being destroyed.
     s_instance = nullptr;
     m_impl.reset();
 }

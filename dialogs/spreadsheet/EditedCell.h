@@ -13,8 +13,8 @@ namespace veldraw::sdk::ui::dialogs::propertybindings::models {
 class TableModelInterface;
 class ZoneVarTableModelAbstract;
 
-/// What an open cell editor belongs to: the value that the cell stood for when the editor was opened. The table may become
-/// another one under the editor, and zones and variables may get other numbers; so the value is known by what stays.
+/// The value that an open cell editor edits. While the editor is open the table may be replaced and zones and variables may be
+/// renumbered; so this object identifies the value by unique identifiers.
 class EditedCell : public QObject
 {
     Q_OBJECT

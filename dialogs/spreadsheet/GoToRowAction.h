@@ -8,7 +8,8 @@ namespace veldraw::sdk::ui::propertymanager {
 
 class TableWindow;
 
-/// Asks for the number of a row, from 1, and goes there in the current column. Ctrl+G in the table triggers it.
+/// Asks for a row number, one-based, and makes the cell of the current column in that row the current one. Its shortcut is
+/// Ctrl+G.
 class GoToRowAction : public QAction
 {
     Q_OBJECT

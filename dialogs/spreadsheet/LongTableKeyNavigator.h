@@ -12,8 +12,8 @@ namespace veldraw::sdk::ui::propertymanager {
 
 class TableWindow;
 
-/// The keys that move the current cell, over all of a table that is longer than its view can hold: arrows, Page Up and Page
-/// Down, Home, End and Tab, with Control and, to select, with Shift. In a shorter table the view sees to its keys itself.
+/// Moves the current cell by keys in a table that has more rows or columns than its view: arrows, Page Up, Page Down, Home,
+/// End and Tab, with Control, and with Shift to select. A table that the view shows whole is left to the view.
 class LongTableKeyNavigator : public QObject
 {
     Q_OBJECT

@@ -18,7 +18,7 @@ namespace {
 constexpr int scrollInterval = 50; // milliseconds
 constexpr int pixelsPerStep = 12;  // the farther away the mouse is, the faster goes the scrolling
 
-// Rows or columns by which to scroll for a mouse at a place of a viewport's edge: none while it is inside.
+// Number of rows or columns to scroll by, from how far the mouse is outside the viewport; 0 while it is inside.
 long long stepsTowards(int place, int end)
 {
     int const beyond = place < 0 ? place : std::max(place - end + 1, 0);
@@ -63,7 +63,7 @@ bool LongTableMouseSelector::eventFilter(QObject* watched, QEvent* event)
                : pressOnHeader(Qt::Horizontal, *m_view.horizontalHeader(), mouse);
 }
 
-// True for what is dealt with here and kept from the view.
+// True for an event that is handled here and must not reach the view.
 bool LongTableMouseSelector::cellsEvent(QMouseEvent const& mouse)
 {
     if (mouse.type() == QEvent::MouseButtonPress)
@@ -131,7 +131,7 @@ void LongTableMouseSelector::timerEvent(QTimerEvent* event)
     extendToMouse();
 }
 
-// To the cell under the mouse, or to the one nearest to it.
+// Extends the selection to the cell under the mouse, or to the nearest one.
 void LongTableMouseSelector::extendToMouse()
 {
     QRect const cells = m_view.viewport()->rect();

@@ -16,9 +16,9 @@ namespace veldraw::sdk::ui::propertymanager {
 
 class TableWindow;
 
-/// Selecting with the mouse over all of a table that is longer than its view can hold: by Shift and a click on a cell or on a
-/// row's name, and by dragging, which scrolls while the mouse is beside the table. The view itself would begin from what it
-/// has of the selection, which may reach out of the window. In a shorter table it sees to its mouse itself.
+/// Selects cells with the mouse in a table that has more rows or columns than its view: by Shift and a click on a cell or on
+/// the name of a row or column, and by dragging, which scrolls while the mouse is outside the view. Qt's view would extend
+/// only the part of the selection that it has. A table that the view shows whole is left to the view.
 class LongTableMouseSelector : public QObject
 {
     Q_OBJECT
@@ -45,7 +45,7 @@ private:
     TableWindow& m_window;
     View& m_view;
     bool m_isDragging = false;
-    QPoint m_mouse; // where a drag has come to, in the viewport
+    QPoint m_mouse; // position of the drag in the viewport
     QBasicTimer m_scrollTimer;
 };
 

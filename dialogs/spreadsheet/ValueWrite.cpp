@@ -10,7 +10,7 @@ namespace veldraw::sdk::ui::dialogs::propertybindings::models {
 
 namespace {
 
-// Zero for what is no number: who lets people type looks at their text first.
+// Zero for a text that is no number; the cell editor has validated what the user typed.
 double numberOf(std::string const& text)
 {
     double number = 0.0;

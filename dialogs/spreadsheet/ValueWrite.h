@@ -7,7 +7,7 @@
 
 namespace veldraw::sdk::ui::dialogs::propertybindings::models {
 
-/// One value of the active data set that is to be written, as the kernel wants it told.
+/// One value of the active data set that is to be written, as the arguments of the kernel's function.
 class ValueWrite
 {
 public:
@@ -17,9 +17,9 @@ public:
     /// @param alterInAllSharedZones whether the zones that share the values get the value, too
     ValueWrite(int zone, int variable, long long offset, std::string const& text, bool alterInAllSharedZones);
 
-    /// Writes, and tells the user when the kernel refuses.
+    /// Writes the value, and tells the user if the kernel refuses.
     /// @param beforeWrite called right before the kernel
-    /// @return whether the kernel took it
+    /// @return whether the kernel accepted the value
     bool run(std::function<void()> const& beforeWrite = [] {});
 
 private:

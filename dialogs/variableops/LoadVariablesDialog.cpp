@@ -99,7 +99,7 @@ LoadVariablesDialog::LoadVariablesDialog(QWidget& parent, int zone)
 
 LoadVariablesDialog::~LoadVariablesDialog()
 {
-    // First of all, so that nobody is handed a dialog that is being torn down.
+    // First of all, so that getInstance() never returns a dialog that is being destroyed.
     s_instance = nullptr;
     m_impl.reset();
 }

@@ -62,7 +62,7 @@ AxialRotationDialog::AxialRotationDialog(QWidget& parent)
 
 AxialRotationDialog::~AxialRotationDialog()
 {
-    // First of all, so that nobody is handed a dialog that is being torn down.
+    // First of all, so that getInstance() never returns a dialog that is being destroyed.
     s_instance = nullptr;
     m_impl.reset();
 }

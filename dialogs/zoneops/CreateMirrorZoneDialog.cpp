@@ -99,7 +99,7 @@ CreateMirrorZoneDialog::CreateMirrorZoneDialog(QWidget& parent)
 
 CreateMirrorZoneDialog::~CreateMirrorZoneDialog()
 {
-    // First of all, so that nobody is handed a dialog that is being torn down.
+    // First of all, so that getInstance() never returns a dialog that is being destroyed.
     s_instance = nullptr;
     m_impl.reset();
 }

@@ -75,21 +75,23 @@ std::vector<std::string> exportDataSet(kernel::DataSet const& dataSet, QString c
     return exportDataSet(dataSet, path, unwatched);
 }
 
+// All is asked for, also what is loaded: it would be let go of to make room for the rest.
 bool loadWholeDataSet(kernel::Session& session, kernel::DataSet& dataSet)
 {
     kernel::NumberSet zones;
     kernel::NumberSet variables;
+    bool isMissing = false;
     for (int zone = 1; zone <= dataSet.zoneCount(); ++zone) {
         if (dataSet.zone(zone)->isDeferred() && !session.perform(kernel::LoadDimensions(dataSet, zone)))
             return false;
-        for (int variable = 1; variable <= dataSet.variableCount(); ++variable) {
-            if (dataSet.field(zone, variable)->isLoaded())
-                continue;
-            zones.insert(zone);
-            variables.insert(variable);
-        }
+        zones.insert(zones.end(), zone);
     }
-    return zones.empty() || session.perform(kernel::LoadVariables(dataSet, zones, variables));
+    for (int variable = 1; variable <= dataSet.variableCount(); ++variable) {
+        variables.insert(variables.end(), variable);
+        for (int const zone : zones)
+            isMissing = isMissing || !dataSet.field(zone, variable)->isLoaded();
+    }
+    return !isMissing || session.perform(kernel::LoadVariables(dataSet, zones, variables));
 }
 
 QStringList exportNameFilters()

@@ -154,11 +154,46 @@ void XmlArrayList::lookAtPiece(XmlTags::Tag const& tag)
     m_inAll.cells += m_inPiece.cells;
 }
 
+// Pieces without points or cells have no values that could go astray, and often no arrays.
 void XmlArrayList::finishPiece()
 {
     for (Section* const section : {&m_ofPoints, &m_ofCells, &m_coordinates, &m_mesh}) {
-        m_isConsistent = m_isConsistent && section->seen == section->arrays.size();
-        section->seen = 0;
+        double const tuples = section == &m_ofCells ? m_inPiece.cells : m_inPiece.points;
+        if (m_pieces > 1 && tuples > 0.0)
+            section->comparePiece();
+        section->here.clear();
+    }
+}
+
+void XmlArrayList::Section::comparePiece()
+{
+    auto const areAlike = [](Array const& a, Array const& b) {
+        return a.name == b.name && a.type == b.type && a.components == b.components;
+    };
+    auto const indexIn = [](std::vector<Array> const& list, std::string const& name) {
+        auto const found =
+            std::find_if(list.begin(), list.end(), [&](Array const& array) { return array.name == name; });
+        return static_cast<std::size_t>(found - list.begin());
+    };
+    if (std::equal(arrays.begin(), arrays.end(), here.begin(), here.end(), areAlike)) {
+        for (std::size_t n = 0; n < arrays.size(); ++n)
+            arrays[n].range = joined(arrays[n].range, here[n].range);
+        return;
+    }
+    for (Array const& array : here) {
+        if (indexIn(arrays, array.name) == arrays.size())
+            uneven.insert(array.name);
+    }
+    std::size_t last = 0;
+    for (Array& array : arrays) {
+        std::size_t const index = indexIn(here, array.name);
+        if (index == here.size() || !areAlike(array, here[index])) {
+            uneven.insert(array.name);
+            continue;
+        }
+        array.range = joined(array.range, here[index].range);
+        isReordered = isReordered || index < last;
+        last = index;
     }
 }
 
@@ -187,19 +222,9 @@ void XmlArrayList::lookAtArray(XmlTags::Tag const& tag, Section& section)
     array.componentNames = componentNamesIn(tag, array.components);
     if (tag.text("format") == "appended")
         array.offset = asCount(tag.count("offset", 0.0));
-    std::size_t const number = section.seen++;
-    double const tuples = &section == &m_ofCells ? m_inPiece.cells : m_inPiece.points;
-    if (m_pieces == 1) {
-        if (array.components == 1)
-            array.range = rangeIn(tag);
-        section.arrays.push_back(array);
-    } else if (number < section.arrays.size()) {
-        Array& first = section.arrays[number];
-        m_isConsistent = m_isConsistent && first.name == array.name && first.type == array.type &&
-                         first.components == array.components;
-        if (tuples > 0.0)
-            first.range = joined(first.range, rangeIn(tag));
-    }
+    if (array.components == 1)
+        array.range = rangeIn(tag);
+    (m_pieces == 1 ? section.arrays : section.here).push_back(std::move(array));
 }
 
 // Each array starts with its size; one of another size than its grid asks for is left to VTK's reader to complain about.

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -24,7 +25,7 @@ public:
         std::vector<std::string> componentNames; ///< empty where they have none
         std::int64_t values = 0; ///< of all components in all pieces; 0 where the header does not say it
 
-        /// Of the first value in the file, where all stand there uncompressed in one piece.
+        /// Place of the first value in the file, in bytes; none unless all values stand there uncompressed, one after the other.
         std::optional<std::int64_t> offset;
 
         /// Limits that the file says, as an estimate. Those of vectors are about their lengths, so that nothing is known of
@@ -49,14 +50,28 @@ public:
     std::int64_t cellCount() const { return m_cells; } ///< cells of unstructured grids as the file counts them
     bool isBigEndian() const { return m_format.isBigEndian; }
 
-    /// Each piece has the same arrays in the same order; else nothing is known of them.
-    bool isConsistent() const { return m_isConsistent; }
+    /// Whether the pieces agree about coordinates and cells; else nothing is known of these.
+    bool isConsistent() const { return m_coordinates.isAlike() && m_mesh.isAlike(); }
+
+    /// Names of the arrays that not every piece with values has, or has with another type or number of components. VTK's reader would
+    /// leave memory as it was where a piece has none.
+    std::set<std::string> const& unevenOfPoints() const { return m_ofPoints.uneven; }
+    std::set<std::string> const& unevenOfCells() const { return m_ofCells.uneven; }
+
+    /// Whether a piece has its arrays in another order than the first one: VTK's reader counts arrays in a piece and does not look at their
+    /// names, so that each has to be read alone.
+    bool isReordered() const { return m_ofPoints.isReordered || m_ofCells.isReordered; }
 
 private:
     struct Section
     {
-        std::vector<Array> arrays;
-        std::size_t seen = 0; // of them in the present piece
+        std::vector<Array> arrays; // of the first piece
+        std::vector<Array> here;   // of the present one, if it is another
+        std::set<std::string> uneven;
+        bool isReordered = false;
+
+        bool isAlike() const { return uneven.empty() && !isReordered; }
+        void comparePiece();
     };
     struct Counts
     {
@@ -79,7 +94,6 @@ private:
     Section m_coordinates;
     Section m_mesh;
     bool m_isCompressed = false;
-    bool m_isConsistent = true;
     XmlArrayPrefix::Format m_format;
     int m_pieces = 0;
     std::string m_wholeExtent;

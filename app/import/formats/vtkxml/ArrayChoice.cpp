@@ -1,5 +1,6 @@
 #include "app/import/formats/vtkxml/ArrayChoice.h"
 
+#include "app/files/ImportError.h"
 #include "app/import/formats/vtkxml/XmlArrayLoader.h"
 #include "app/import/raw/RawArrayLoader.h"
 
@@ -52,6 +53,8 @@ void ArrayChoice::run(DeferredArrays& deferred)
     if (!m_list.isConsistent())
         return;
     bool const canWait = areKnown(ofPoints, m_list.ofPoints().size()) && areKnown(ofCells, m_list.ofCells().size());
+    if (!canWait && m_list.isReordered())
+        throw ImportError("its pieces have their arrays in different orders, and two arrays have one name");
     if (canWait)
         chooseCells(deferred);
     choosePoints(deferred);
@@ -90,7 +93,7 @@ void ArrayChoice::choosePoints(DeferredArrays& deferred)
     if (now && !isMapped)
         return;
     deferred.points = described(array, "Points", XmlSection::Points);
-    deferred.points->isMapped = now;
+    deferred.points->isLoadedAtOnce = now;
     deferred.pointCount = m_list.pointCount();
 }
 
@@ -105,16 +108,20 @@ std::vector<DeferredArray> ArrayChoice::choose(vtkDataArraySelection& selection,
         if (!selection.ArrayIsEnabled(selection.GetArrayName(n)))
             continue;
         ++position;
+        if (!array.type && m_list.isReordered()) {
+            selection.DisableArray(selection.GetArrayName(n));
+            --position;
+        }
         if (!array.type || hasMarks(array))
             continue;
         bool const isMapped = !inCells && m_arrays.canBeMapped(array);
         bool const isFirst = position == 0 && !inCells;
         bool const now = loadsNow(array, isMapped, isFirst ? LoadingPlan::Need::FirstPlot : LoadingPlan::Need::Later);
-        if (now && !isMapped)
+        if (now && !isMapped && !m_list.isReordered())
             continue;
         result.push_back(described(array, selection.GetArrayName(n), section));
         result.back().position = position;
-        result.back().isMapped = now;
+        result.back().isLoadedAtOnce = now;
     }
     for (DeferredArray const& array : result)
         selection.DisableArray(array.name.c_str());

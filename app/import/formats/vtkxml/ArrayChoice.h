@@ -15,7 +15,8 @@ namespace veldraw::app {
 
 /// Chooses the arrays of a VTK XML file that its reader is to read now, coordinates included, and describes the others.
 ///
-/// Files whose pieces have different arrays, and files with two arrays of one name in a section, are read whole.
+/// Files with two arrays of one name in a section are read whole. Where pieces have their arrays in another order, each array is brought by
+/// a loader of its own, also one that is loaded at once.
 class ArrayChoice
 {
 public:

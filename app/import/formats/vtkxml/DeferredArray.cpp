@@ -35,7 +35,7 @@ std::shared_ptr<kernel::ShareGroup> DeferredArray::group(int component, std::int
     if (arrange)
         loader = std::make_shared<ArrangedLoader>(loader, arrange);
     auto group = std::make_shared<kernel::ShareGroup>(kernelTypeOf(type), size, loader);
-    if (isMapped) {
+    if (isLoadedAtOnce) {
         kernel::Progress progress;
         group->setLoaded(loader->load(progress));
     }

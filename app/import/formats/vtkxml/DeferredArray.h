@@ -27,7 +27,7 @@ struct DeferredArray
     RawType type = RawType::Float32;
     int components = 1;
     std::vector<std::string> componentNames; ///< empty where they have none
-    bool isMapped = false;                   ///< loading takes neither time nor memory, so that it is done at once
+    bool isLoadedAtOnce = false; ///< when the zone is made: it takes no time, or is wanted and must be read alone
     LoaderFactory makeLoader;
 
     /// The storage of a field for one component; its values are mapped at once or left to a loader.

@@ -92,6 +92,20 @@ void leaveOut(std::vector<XmlHeaderCheck::Useless> const& arrays, vtkXMLReader& 
     }
 }
 
+// Values that a piece lacks would be whatever stood in memory.
+void leaveOutUneven(XmlArrayList const& list, vtkXMLReader& reader, std::vector<std::string>& remarks)
+{
+    auto const leaveOutOf = [&](vtkDataArraySelection& selection, std::set<std::string> const& names) {
+        for (std::string const& name : names) {
+            if (selection.ArrayExists(name.c_str()))
+                selection.DisableArray(name.c_str());
+            remarks.push_back("\"" + name + "\" is not alike in all pieces of the file and was left out");
+        }
+    };
+    leaveOutOf(*reader.GetPointDataArraySelection(), list.unevenOfPoints());
+    leaveOutOf(*reader.GetCellDataArraySelection(), list.unevenOfCells());
+}
+
 vtkSmartPointer<vtkDataObject> readXml(vtkXMLReader& reader, std::string const& path, VtkErrorCapture const& errors,
                                        ImportContext const& context, DeferredArrays& deferred)
 {
@@ -111,8 +125,10 @@ vtkSmartPointer<vtkDataObject> readXml(vtkXMLReader& reader, std::string const& 
     updateInformation(reader, *observer);
     throwOnError(errors);
     leaveOut(check.useless(), reader, deferred.remarks);
-    if (mayDefer) {
-        ArrayChoice(reader, GridArrays(path, extension), context.plan).run(deferred);
+    GridArrays const arrays(path, extension);
+    leaveOutUneven(arrays.list(), reader, deferred.remarks);
+    if (mayDefer || arrays.list().isReordered()) {
+        ArrayChoice(reader, arrays, context.plan).run(deferred);
         auto* const parts = dynamic_cast<GridParts*>(&reader);
         if (deferred.points && parts)
             parts->leaveOutPoints();

@@ -1,5 +1,8 @@
+#include "app/export/Exporter.h"
 #include "app/import/formats/vtkxml/ArrayChoice.h"
 #include "app/import/reading/LoadingPlan.h"
+#include "kernel/operations/LoadVariables.h"
+#include "kernel/session/Session.h"
 #include "tests/app/import/FileHelpers.h"
 #include "tests/app/import/GridSamples.h"
 #include "tools/samples/SparseSamples.h"
@@ -261,6 +264,24 @@ TEST(Deferral, TakesPiecesWithoutPointsForNone)
         EXPECT_EQ(valuesOf(*imported.dataSet, 1, "r"), "7 8 9");
         EXPECT_THAT(imported.remarks, testing::IsEmpty());
     }
+}
+
+TEST(Deferral, BringsAllForSavingWithoutLettingGoOfWhatIsLoaded)
+{
+    TemporaryFolder const folder;
+    auto const grid = structuredGrid(3, 2, 2);
+    for (char const* name : {"p", "q", "r"})
+        addPointValues(*grid, name, std::vector<double>(12, 2.5));
+    auto const dataSet = import(writeXml(*grid, folder.path("grid.vts")), app::Deferral::Always).dataSet;
+    auto const frame = std::make_shared<kernel::Frame>("Frame 1", kernel::Rectangle{});
+    frame->dataSet = dataSet;
+    kernel::Session session;
+    session.openPage({frame});
+    session.setLoadedValuesLimit(0);
+    ASSERT_TRUE(session.perform(kernel::LoadVariables(*dataSet, {1}, {dataSet->findVariable("q")})));
+    ASSERT_TRUE(app::loadWholeDataSet(session, *dataSet));
+    for (char const* name : {"p", "q", "r"})
+        EXPECT_NE(valuesOf(*dataSet, 1, name), "not loaded") << name;
 }
 
 TEST(Deferral, LoadsTheComponentsOfAVectorOfAnyKindOfFile)

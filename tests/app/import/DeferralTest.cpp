@@ -220,6 +220,23 @@ TEST(Deferral, GivesEachArrayItsValuesWhateverOrderAPieceHasThemIn)
     }
 }
 
+TEST(Deferral, GivesEachArrayItsValuesAlsoWhereTheCellsStandInAnotherOrder)
+{
+    TemporaryFolder const folder;
+    std::string second = trianglePiece({{"r", "400 500 600"}, {"p", "4 5 6"}}, {});
+    std::string const offsets = R"(<DataArray type="Int64" Name="offsets" format="ascii">3</DataArray>)";
+    second.erase(second.find(offsets), offsets.size());
+    second.insert(second.find("<Cells>") + 7, offsets);
+    std::string const path =
+        folder.write("a.vtu", meshInPieces({trianglePiece({{"p", "1 2 3"}, {"r", "100 200 300"}}, {}), second}));
+    for (app::Deferral const deferral : {app::Deferral::Always, app::Deferral::Never}) {
+        auto const imported = import(path, deferral);
+        loadAll(*imported.dataSet);
+        EXPECT_EQ(valuesOf(*imported.dataSet, 1, "p"), "1 2 3 4 5 6");
+        EXPECT_EQ(valuesOf(*imported.dataSet, 1, "r"), "100 200 300 400 500 600");
+    }
+}
+
 TEST(Deferral, LoadsWhatIsWantedAtOnceAlsoWherePiecesHaveAnotherOrder)
 {
     TemporaryFolder const folder;

@@ -50,14 +50,14 @@ void ArrayChoice::run(DeferredArrays& deferred)
                              m_plan.loadsNow(m_arrays.bytesOfComputedCoordinates(), LoadingPlan::Need::FirstPlot));
     vtkDataArraySelection& ofPoints = *m_reader.GetPointDataArraySelection();
     vtkDataArraySelection& ofCells = *m_reader.GetCellDataArraySelection();
-    if (!m_list.isConsistent())
-        return;
     bool const canWait = areKnown(ofPoints, m_list.ofPoints().size()) && areKnown(ofCells, m_list.ofCells().size());
     if (!canWait && m_list.isReordered())
         throw ImportError("its pieces have their arrays in different orders, and two arrays have one name");
-    if (canWait)
-        chooseCells(deferred);
-    choosePoints(deferred);
+    if (m_list.isConsistent()) {
+        if (canWait)
+            chooseCells(deferred);
+        choosePoints(deferred);
+    }
     if (!canWait)
         return;
     deferred.ofPoints = choose(ofPoints, m_list.ofPoints(), XmlSection::PointData);

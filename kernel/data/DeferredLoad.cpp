@@ -147,11 +147,16 @@ std::shared_ptr<Buffer const> DeferredLoad::valuesOf(ShareGroup const& group) co
     return found == m_placesOfValues.end() ? group.buffer() : m_values[found->second].buffer;
 }
 
-std::int64_t DeferredLoad::valueCount(Zone const& zone, ValueLocation_e location) const
+ZoneDimensions DeferredLoad::dimensionsOf(Zone const& zone) const
 {
     ZoneDimensions const* const size = sizeHere(zone);
-    return size == nullptr ? zone.valueCount(location)
-                           : Zone({}, zone.type, size->i, size->j, size->k).valueCount(location);
+    return size != nullptr ? *size : ZoneDimensions{zone.i, zone.j, zone.k, zone.connectivity, zone.blanking};
+}
+
+std::int64_t DeferredLoad::valueCount(Zone const& zone, ValueLocation_e location) const
+{
+    ZoneDimensions const size = dimensionsOf(zone);
+    return Zone({}, zone.type, size.i, size.j, size.k).valueCount(location);
 }
 
 ZoneDimensions const* DeferredLoad::sizeHere(Zone const& zone) const

@@ -57,6 +57,9 @@ public:
     /// Values of a group, from the data set or from what was loaded here.
     std::shared_ptr<Buffer const> valuesOf(ShareGroup const& group) const;
 
+    /// The dimensions, cells and blanking that the zone has or that were loaded here.
+    ZoneDimensions dimensionsOf(Zone const& zone) const;
+
     /// Number of slots of a field of @p zone, by the dimensions that the zone has or that were loaded here.
     std::int64_t valueCount(Zone const& zone, ValueLocation_e location) const;
 

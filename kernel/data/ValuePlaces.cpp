@@ -1,0 +1,86 @@
+#include "kernel/data/ValuePlaces.h"
+
+#include "kernel/data/Zone.h"
+
+#include <algorithm>
+
+namespace veldraw::kernel {
+
+ValuePlaces::ValuePlaces(ZoneType_e type, ZoneDimensions dimensions, Coordinates coordinates, int count,
+                         ValueLocation_e location)
+    : m_isOrdered(type == ZoneType_Ordered)
+    , m_dimensions(std::move(dimensions))
+    , m_coordinates(std::move(coordinates))
+    , m_count(count)
+    , m_location(location)
+    , m_slotCount(Zone({}, type, m_dimensions.i, m_dimensions.j, m_dimensions.k).valueCount(location))
+    , m_hidden(m_dimensions.blanking ? m_dimensions.blanking->hidden(location) : nullptr)
+{
+}
+
+bool ValuePlaces::exists(std::int64_t slot) const
+{
+    if (m_location == ValueLocation_Nodal || !m_isOrdered) {
+        return slot < m_slotCount;
+    }
+    auto const isInCell = [](std::int64_t index, std::int64_t points) { return points == 1 || index < points - 1; };
+    return isInCell(slot % m_dimensions.i, m_dimensions.i) &&
+           isInCell(slot / m_dimensions.i % m_dimensions.j, m_dimensions.j) &&
+           isInCell(slot / m_dimensions.i / m_dimensions.j, m_dimensions.k);
+}
+
+void ValuePlaces::read(std::int64_t slot, double* place) const
+{
+    if (m_location == ValueLocation_Nodal) {
+        return readPoint(slot, place);
+    }
+    return m_isOrdered ? readOrderedCell(slot, place) : readCell(slot, place);
+}
+
+void ValuePlaces::readPoint(std::int64_t point, double* place) const
+{
+    for (int axis = 0; axis < m_count; ++axis) {
+        Buffer const* const values = m_coordinates[static_cast<std::size_t>(axis)].get();
+        place[axis] = values != nullptr ? values->value(point) : 0.0;
+    }
+}
+
+void ValuePlaces::readOrderedCell(std::int64_t slot, double* place) const
+{
+    std::array<std::int64_t, 3> const strides{1, m_dimensions.i, m_dimensions.i * m_dimensions.j};
+    std::array<std::int64_t, 3> const points{m_dimensions.i, m_dimensions.j, m_dimensions.k};
+    std::fill_n(place, m_count, 0.0);
+    int corners = 0;
+    for (unsigned corner = 0; corner < 8; ++corner) {
+        std::int64_t point = slot;
+        bool isCorner = true;
+        for (unsigned axis = 0; axis < 3; ++axis) {
+            bool const isUpper = ((corner >> axis) & 1U) != 0;
+            isCorner = isCorner && (!isUpper || points[axis] > 1);
+            point += isUpper ? strides[axis] : 0;
+        }
+        if (isCorner) {
+            std::array<double, 3> at{};
+            readPoint(point, at.data());
+            std::transform(place, place + m_count, at.begin(), place, std::plus<>());
+            ++corners;
+        }
+    }
+    std::transform(place, place + m_count, place, [=](double sum) { return sum / corners; });
+}
+
+void ValuePlaces::readCell(std::int64_t cell, double* place) const
+{
+    Connectivity const& cells = *m_dimensions.connectivity;
+    std::fill_n(place, m_count, 0.0);
+    std::int64_t const first = cells.offsets[cell];
+    std::int64_t const last = cells.offsets[cell + 1];
+    for (std::int64_t corner = first; corner < last; ++corner) {
+        std::array<double, 3> at{};
+        readPoint(cells.indices[corner], at.data());
+        std::transform(place, place + m_count, at.begin(), place, std::plus<>());
+    }
+    std::transform(place, place + m_count, place, [=](double sum) { return sum / static_cast<double>(last - first); });
+}
+
+} // namespace veldraw::kernel

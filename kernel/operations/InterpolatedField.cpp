@@ -1,0 +1,106 @@
+#include "kernel/operations/InterpolatedField.h"
+
+#include "kernel/base/SystemMemory.h"
+#include "kernel/compute/CopyValues.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace veldraw::kernel {
+
+namespace {
+
+template <typename Integer>
+double highest()
+{
+    return static_cast<double>(std::numeric_limits<Integer>::max());
+}
+
+/// The largest value that a type of whole numbers, or single precision, can store.
+double largest(FieldDataType_e type)
+{
+    switch (type) {
+    case FieldDataType_Float:
+        return highest<float>();
+    case FieldDataType_Int32:
+        return highest<std::int32_t>();
+    case FieldDataType_Int16:
+        return highest<std::int16_t>();
+    case FieldDataType_Byte:
+        return highest<std::uint8_t>();
+    case FieldDataType_Bit:
+        return 1.0;
+    case FieldDataType_Double:
+        break;
+    }
+    return highest<double>();
+}
+
+double smallest(FieldDataType_e type)
+{
+    switch (type) {
+    case FieldDataType_Byte:
+    case FieldDataType_Bit:
+        return 0.0;
+    case FieldDataType_Int32:
+    case FieldDataType_Int16:
+        return -largest(type) - 1.0;
+    case FieldDataType_Float:
+    case FieldDataType_Double:
+        break;
+    }
+    return -largest(type);
+}
+
+std::shared_ptr<Buffer> converted(Buffer const& source, FieldDataType_e type)
+{
+    std::shared_ptr<Buffer> const result = Buffer::allocate(type, source.size());
+    for (std::int64_t slot = 0; slot < source.size(); ++slot) {
+        result->setBits(slot, source.bits(slot));
+    }
+    return result;
+}
+
+} // namespace
+
+InterpolatedField::InterpolatedField(DeferredLoad const& load, Zone const& zone, int variable,
+                                     FieldDataType_e passiveType, Progress& progress)
+    : m_variable(variable)
+    , m_location(zone.fields[static_cast<std::size_t>(variable - 1)].location())
+{
+    Field const& field = zone.fields[static_cast<std::size_t>(variable - 1)];
+    m_type = field.isPassive() ? passiveType : field.type();
+    if (field.isPassive()) {
+        std::int64_t const count = load.valueCount(zone, m_location);
+        requireMemory(static_cast<double>(Buffer::bytesOf(m_type, count)));
+        m_values = Buffer::allocate(m_type, count);
+        return;
+    }
+    std::shared_ptr<Buffer const> const old = load.valuesOf(*field.group());
+    m_values = m_type == FieldDataType_Bit ? converted(*old, FieldDataType_Byte) : copyValues(*old, progress);
+}
+
+void InterpolatedField::set(std::int64_t slot, double value)
+{
+    double stored = value;
+    if (std::isfinite(value)) {
+        double const whole = isOfWholeNumbers() ? std::round(value) : value;
+        stored = std::clamp(whole, smallest(m_type), largest(m_type));
+        if (stored < whole || stored > whole) {
+            ++m_cutCount;
+        }
+    }
+    m_values->setValue(slot, stored);
+}
+
+NewField InterpolatedField::take()
+{
+    std::shared_ptr<Buffer> values = std::move(m_values);
+    if (m_type == FieldDataType_Bit) {
+        values = converted(*values, FieldDataType_Bit);
+    }
+    return {static_cast<std::size_t>(m_variable - 1), Field(std::make_shared<ShareGroup>(values), m_location)};
+}
+
+} // namespace veldraw::kernel

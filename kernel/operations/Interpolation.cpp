@@ -1,0 +1,201 @@
+#include "kernel/operations/Interpolation.h"
+
+#include "kernel/compute/ValueBlock.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+
+namespace veldraw::kernel {
+
+namespace {
+
+std::string quoted(std::string const& name)
+{
+    return "\"" + name + "\"";
+}
+
+double secondsSince(std::chrono::steady_clock::time_point start)
+{
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+std::string twoDigits(double number)
+{
+    char text[32];
+    std::snprintf(text, sizeof text, "%.2g", number);
+    return text;
+}
+
+} // namespace
+
+std::string counted(std::int64_t count, std::string const& noun)
+{
+    return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
+}
+
+Interpolation::Interpolation(UniqueId frame, NumberSet sources, int destination, NumberSet variables)
+    : FrameOperation(frame)
+    , m_sources(std::move(sources))
+    , m_destination(destination)
+    , m_variables(std::move(variables))
+{
+}
+
+std::string Interpolation::find(Pages const& pages)
+{
+    bool const hasData = FrameOperation::find(pages).empty() && frame()->dataSet;
+    return hasData ? "" : "There is no data set.";
+}
+
+std::string Interpolation::reasonAgainst() const
+{
+    bool const isFieldPlot = frame()->plotType == PlotType_Cartesian2D || frame()->plotType == PlotType_Cartesian3D;
+    if (!isFieldPlot) {
+        return "Only a 2D or 3D plot tells where the points are.";
+    }
+    if (m_sources.empty()) {
+        return "No source zones were given.";
+    }
+    NumberSet zones = m_sources;
+    zones.insert(m_destination);
+    if (char const* const reason = reasonAgainstZones(dataSet(), zones)) {
+        return reason;
+    }
+    std::string const reason = reasonAgainstAxes();
+    return reason.empty() ? reasonAgainstVariables() : reason;
+}
+
+std::string Interpolation::reasonAgainstAxes() const
+{
+    NumberSet zones = m_sources;
+    zones.insert(m_destination);
+    for (int axis = 0; axis < dimensions(); ++axis) {
+        int const variable = frame()->axisVariables()[static_cast<std::size_t>(axis)];
+        if (variable == 0) {
+            return std::string("The ") + "XYZ"[axis] + " axis has no variable.";
+        }
+        for (int const zone : zones) {
+            Field const& field = *dataSet().field(zone, variable);
+            if (!field.isPassive() && field.location() != ValueLocation_Nodal) {
+                return "The coordinate " + quoted(dataSet().variable(variable)->name) + " of zone " +
+                       quoted(dataSet().zone(zone)->name) + " has its values at the cells.";
+            }
+        }
+    }
+    return {};
+}
+
+std::string Interpolation::reasonAgainstVariables() const
+{
+    if (m_variables.empty()) {
+        return "No variables were given.";
+    }
+    if (*m_variables.begin() < 1 || *m_variables.rbegin() > dataSet().variableCount()) {
+        return noVariable;
+    }
+    std::array<int, 3> const axes = frame()->axisVariables();
+    for (int const variable : m_variables) {
+        std::string const name = quoted(dataSet().variable(variable)->name);
+        if (std::count(axes.begin(), axes.end(), variable) > 0) {
+            return "The variable " + name + " is on an axis.";
+        }
+        for (int const zone : m_sources) {
+            if (dataSet().field(zone, variable)->isPassive()) {
+                return "The variable " + name + " is passive in the source zone " + quoted(dataSet().zone(zone)->name) +
+                       ": it has no values there.";
+            }
+        }
+    }
+    return {};
+}
+
+std::shared_ptr<DeferredLoad> Interpolation::needs()
+{
+    m_load = std::make_shared<DeferredLoad>(dataSet());
+    NumberSet zones = m_sources;
+    zones.insert(m_destination);
+    for (int const zone : zones) {
+        for (int axis = 0; axis < dimensions(); ++axis) {
+            m_load->addField(zone, frame()->axisVariables()[static_cast<std::size_t>(axis)]);
+        }
+        for (int const variable : m_variables) {
+            m_load->addField(zone, variable);
+        }
+    }
+    return m_load;
+}
+
+ValuePlaces Interpolation::places(int zone, ValueLocation_e location) const
+{
+    Zone const& found = *dataSet().zone(zone);
+    ValuePlaces::Coordinates coordinates;
+    for (int axis = 0; axis < dimensions(); ++axis) {
+        coordinates[static_cast<std::size_t>(axis)] =
+            values(zone, frame()->axisVariables()[static_cast<std::size_t>(axis)]);
+    }
+    return {found.type, m_load->dimensionsOf(found), std::move(coordinates), dimensions(), location};
+}
+
+std::shared_ptr<Buffer const> Interpolation::values(int zone, int variable) const
+{
+    Field const& field = *dataSet().field(zone, variable);
+    return field.isPassive() ? nullptr : m_load->valuesOf(*field.group());
+}
+
+/// The type for the values of a variable that is passive in the destination: one that holds what the sources hold.
+FieldDataType_e Interpolation::typeForPassive(int variable) const
+{
+    bool const isWide = std::any_of(m_sources.begin(), m_sources.end(), [&](int zone) {
+        return computedType(dataSet().field(zone, variable)->type()) == FieldDataType_Double;
+    });
+    return isWide ? FieldDataType_Double : FieldDataType_Float;
+}
+
+void Interpolation::compute(Progress& progress)
+{
+    auto const start = std::chrono::steady_clock::now();
+    m_results.clear();
+    Zone const& zone = *dataSet().zone(m_destination);
+    Fields fields;
+    for (int const variable : m_variables) {
+        progress.check();
+        Progress copying(progress, 0);
+        fields.push_back(
+            std::make_unique<InterpolatedField>(*m_load, zone, variable, typeForPassive(variable), copying));
+    }
+    std::string const details = interpolate(fields, progress);
+    m_report = report(fields, details, secondsSince(start));
+    for (auto const& field : fields) {
+        m_results.push_back(field->take());
+    }
+}
+
+std::string Interpolation::report(Fields const& fields, std::string const& details, double seconds) const
+{
+    std::int64_t cut = 0;
+    bool hasRounded = false;
+    for (auto const& field : fields) {
+        cut += field->cutCount();
+        hasRounded = hasRounded || field->isOfWholeNumbers();
+    }
+    std::int64_t const points = places(m_destination, ValueLocation_Nodal).slotCount();
+    std::string text = name() + ": " + counted(static_cast<std::int64_t>(m_variables.size()), "variable") + " from " +
+                       counted(static_cast<std::int64_t>(m_sources.size()), "zone") + " to zone " +
+                       quoted(dataSet().zone(m_destination)->name) + " with " + counted(points, "point") + ", in " +
+                       twoDigits(seconds) + " s.";
+    text += details.empty() ? "" : " " + details;
+    text += hasRounded ? " Results of whole-number variables were rounded." : "";
+    text += cut > 0 ? " Beyond the limits of their type and cut to them: " + counted(cut, "value") + "." : "";
+    return text;
+}
+
+std::shared_ptr<Change> Interpolation::makeChange(EventHub& events)
+{
+    std::vector<FieldReplacement::ZonePart> parts;
+    parts.push_back({dataSet().zone(m_destination), std::move(m_results)});
+    StateChangeEvent event{StateChange_ValuesAltered, {m_destination}, m_variables, {}, 0};
+    return std::make_shared<FieldReplacement>(events, std::move(parts), std::move(event));
+}
+
+} // namespace veldraw::kernel

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/tour/UserDriver.h"
 #include "app/window/MainWindow.h"
+#include "tests/tour/UserDriver.h"
 #include "tools/help-pictures/HelpSubject.h"
 
 #include <QString>

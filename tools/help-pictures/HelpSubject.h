@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/import/reading/Deferral.h"
-#include "app/tour/UserDriver.h"
+#include "tests/tour/UserDriver.h"
 
 #include <QString>
 

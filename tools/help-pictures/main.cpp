@@ -1,4 +1,4 @@
-#include "app/tour/DrivenProgram.h"
+#include "tests/tour/DrivenProgram.h"
 #include "tools/help-pictures/HelpPictures.h"
 
 #include <cstdio>

@@ -5,7 +5,7 @@
 #include "app/plot/FiniteElementShape.h"
 #include "app/vtk/ZoneToVtk.h"
 #include "kernel/base/Progress.h"
-#include "tests/app/plot/SampleSolid.h"
+#include "tests/app/support/SampleSolid.h"
 
 #include <vtkCellData.h>
 #include <vtkGeometryFilter.h>

@@ -6,8 +6,8 @@
 #include "kernel/operations/LineMapOperation.h"
 #include "kernel/operations/RenameFrame.h"
 #include "kernel/operations/SetPlotType.h"
-#include "tests/app/plot/PlotTestPage.h"
-#include "tests/app/plot/SampleData.h"
+#include "tests/app/support/PlotTestPage.h"
+#include "tests/app/support/SampleData.h"
 
 #include <QApplication>
 #include <QTest>

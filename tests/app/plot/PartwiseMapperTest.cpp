@@ -1,8 +1,8 @@
 #include "app/plot/PartwiseMapper.h"
 
 #include "kernel/operations/SetPlotType.h"
-#include "tests/app/plot/PlotTestPage.h"
-#include "tests/app/plot/SampleData.h"
+#include "tests/app/support/PlotTestPage.h"
+#include "tests/app/support/SampleData.h"
 
 #include <gtest/gtest.h>
 

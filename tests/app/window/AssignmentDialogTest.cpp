@@ -1,7 +1,7 @@
 #include "app/window/AssignmentDialog.h"
 
 #include "kernel/operations/SetPlotType.h"
-#include "tests/app/window/WindowTest.h"
+#include "tests/app/support/WindowTest.h"
 
 #include <QAction>
 #include <QApplication>

@@ -4,7 +4,7 @@
 #include "kernel/operations/RenameZone.h"
 #include "kernel/operations/SetPlotType.h"
 #include "platform/vdsdkcommon/AppLock.h"
-#include "tests/app/window/WindowTest.h"
+#include "tests/app/support/WindowTest.h"
 
 #include <QAbstractItemView>
 #include <QAction>

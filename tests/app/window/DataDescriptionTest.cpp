@@ -1,7 +1,7 @@
 #include "app/window/DataDescription.h"
 
 #include "app/window/DataSetSize.h"
-#include "tests/app/window/WindowTest.h"
+#include "tests/app/support/WindowTest.h"
 
 namespace veldraw::tests {
 

@@ -3,7 +3,7 @@
 #include "app/window/DockTableView.h"
 #include "host/MessageLog.h"
 #include "kernel/operations/DeleteVariables.h"
-#include "tests/app/window/WindowTest.h"
+#include "tests/app/support/WindowTest.h"
 
 #include <QApplication>
 #include <QLabel>

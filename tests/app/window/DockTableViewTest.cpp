@@ -1,7 +1,7 @@
 #include "app/window/DockTableView.h"
 
 #include "app/window/VariableTableModel.h"
-#include "tests/app/window/WindowTest.h"
+#include "tests/app/support/WindowTest.h"
 
 #include <QApplication>
 #include <QDockWidget>

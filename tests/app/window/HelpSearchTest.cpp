@@ -1,6 +1,6 @@
 #include "app/window/HelpSearch.h"
 
-#include "tests/app/window/WindowTest.h"
+#include "tests/app/support/WindowTest.h"
 
 #include <gmock/gmock.h>
 

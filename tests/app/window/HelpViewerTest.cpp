@@ -1,7 +1,7 @@
 #include "app/window/HelpViewer.h"
 
 #include "platform/vdsdkuicommon/HelpLauncher.h"
-#include "tests/app/window/WindowTest.h"
+#include "tests/app/support/WindowTest.h"
 
 #include <QAction>
 #include <QLineEdit>

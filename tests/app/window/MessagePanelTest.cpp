@@ -2,7 +2,7 @@
 
 #include "host/MessageLog.h"
 #include "platform/vdsdkbase/VelUtilDialog.h"
-#include "tests/app/window/WindowTest.h"
+#include "tests/app/support/WindowTest.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

@@ -8,7 +8,7 @@
 #include "platform/vdsdkcommon/WaitState.h"
 #include "platform/vdsdkuicommon/IdleDispatcher.h"
 #include "platform/vdsdkuicommon/OnIdleActionPerformerSingleShot.h"
-#include "tests/app/window/WindowTest.h"
+#include "tests/app/support/WindowTest.h"
 
 #include <QAction>
 #include <QApplication>

@@ -2,7 +2,7 @@
 #include "kernel/operations/EnableZone.h"
 #include "platform/vdsdkbase/VelUtilPick.h"
 #include "platform/vdsdkcommon/AppLock.h"
-#include "tests/app/window/WindowTest.h"
+#include "tests/app/support/WindowTest.h"
 
 #include <QAction>
 #include <QApplication>

@@ -1,6 +1,6 @@
 #include "app/window/RecentFiles.h"
 
-#include "tests/app/window/WindowTest.h"
+#include "tests/app/support/WindowTest.h"
 
 #include <QAction>
 #include <QMenu>

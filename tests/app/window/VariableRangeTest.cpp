@@ -5,7 +5,7 @@
 #include "app/window/DataSetSize.h"
 #include "app/window/VariableTableModel.h"
 #include "kernel/operations/LoadVariables.h"
-#include "tests/app/window/WindowTest.h"
+#include "tests/app/support/WindowTest.h"
 #include "tests/support/WriteValue.h"
 
 #include <QLabel>

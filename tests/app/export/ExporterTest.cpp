@@ -1,0 +1,251 @@
+#include "app/export/Exporter.h"
+
+#include "kernel/base/Progress.h"
+#include "tests/app/support/FileHelpers.h"
+#include "tests/app/support/FullDisk.h"
+#include "tests/app/support/GridSamples.h"
+#include "tests/app/support/WatchedProgress.h"
+#include "tests/support/WriteValue.h"
+
+#include <vtkCellType.h>
+#include <vtkMultiBlockDataSet.h>
+#include <vtkNew.h>
+#include <vtkPointData.h>
+#include <vtkXMLMultiBlockDataReader.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace veldraw::test {
+
+using ::testing::AllOf;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+using veldraw::tests::writeValue;
+
+namespace {
+
+std::shared_ptr<kernel::DataSet> gridData(int zones = 1)
+{
+    auto dataSet = std::make_shared<kernel::DataSet>();
+    dataSet->addVariable(std::make_shared<kernel::Variable>("X"));
+    dataSet->addVariable(std::make_shared<kernel::Variable>("p"));
+    for (int n = 0; n < zones; ++n) {
+        auto zone = std::make_shared<kernel::Zone>("zone " + std::to_string(n + 1), ZoneType_Ordered, 3, 1, 1);
+        auto x = kernel::Buffer::allocate(FieldDataType_Double, 3);
+        for (int i = 0; i < 3; ++i)
+            x->setValue(i, i + 10.0 * n);
+        auto p = kernel::Buffer::allocate(FieldDataType_Float, 3);
+        zone->fields = {kernel::Field(std::make_shared<kernel::ShareGroup>(x), ValueLocation_Nodal),
+                        kernel::Field(std::make_shared<kernel::ShareGroup>(p), ValueLocation_CellCentered)};
+        dataSet->addZone(zone);
+    }
+    return dataSet;
+}
+
+std::string problemSaving(kernel::DataSet const& data, std::string const& path)
+{
+    try {
+        save(data, path);
+        return {};
+    } catch (app::ExportError const& error) {
+        return error.what();
+    }
+}
+
+} // namespace
+
+TEST(Export, WritesTablesAsTheyAreUsuallyWritten)
+{
+    TemporaryFolder const folder;
+    auto const remarks = save(*gridData(), folder.path("table.csv"));
+    EXPECT_EQ(contentOf(folder.path("table.csv")), "X\n0\n1\n2\n");
+    EXPECT_THAT(remarks, ElementsAre("Zone \"zone 1\": \"p\" is cell-centred and was left out"));
+    EXPECT_EQ(folder.listing(), "table.csv") << "no temporary file is left";
+}
+
+TEST(Export, LeavesADeviceAlone)
+{
+    TemporaryFolder const folder;
+    std::filesystem::create_symlink("/dev/full", folder.path("a.csv"));
+    EXPECT_THAT(problemSaving(*gridData(), folder.path("a.csv")), HasSubstr("no file but a device"));
+    EXPECT_TRUE(std::filesystem::is_character_file("/dev/full"));
+}
+
+TEST(Export, WritesAZoneATableAndSaysSo)
+{
+    TemporaryFolder const folder;
+    auto const remarks = save(*gridData(2), folder.path("table.csv"));
+    EXPECT_EQ(folder.listing(), "table_1.csv table_2.csv");
+    EXPECT_EQ(contentOf(folder.path("table_2.csv")), "X\n10\n11\n12\n");
+    EXPECT_THAT(remarks, ::testing::Contains(HasSubstr("2 files were written")));
+}
+
+TEST(Export, TellsHowFarItIs)
+{
+    TemporaryFolder const folder;
+    for (char const* name : {"a.csv", "a.vtm"}) {
+        std::vector<double> fractions;
+        WatchedProgress progress([&](double fraction) {
+            fractions.push_back(fraction);
+            return true;
+        });
+        app::exportDataSet(*gridData(3), QString::fromStdString(folder.path(name)), progress);
+        EXPECT_TRUE(std::is_sorted(fractions.begin(), fractions.end())) << name;
+        ASSERT_GT(fractions.size(), 6U) << name;
+        EXPECT_EQ(fractions.front(), 0.0) << name;
+        EXPECT_GT(fractions[fractions.size() / 2], 0.0) << name;
+        EXPECT_LE(fractions.back(), 1.0) << name;
+    }
+}
+
+TEST(Export, ThatIsCancelledAtAnyMomentLeavesEverythingAsItWas)
+{
+    TemporaryFolder const folder;
+    for (char const* name : {"a_2.csv", "a.csv", "a.vtm", "b.vts"})
+        folder.write(name, "old");
+    std::string const before = folder.listing();
+    for (char const* name : {"a.csv", "a.vtm", "b.vts"}) {
+        auto const data = gridData(std::string(name) == "b.vts" ? 1 : 3);
+        int calls = 0;
+        bool isDone = false;
+        for (int last = 0; !isDone; ++last) {
+            calls = 0;
+            try {
+                WatchedProgress progress([&](double) { return calls++ < last; });
+                app::exportDataSet(*data, QString::fromStdString(folder.path(name)), progress);
+                isDone = true;
+            } catch (kernel::Interrupted const&) {
+                ASSERT_EQ(calls, last + 1) << name << ": it is not asked again";
+                ASSERT_EQ(folder.listing(), before) << name;
+                ASSERT_EQ(contentOf(folder.path(name)), "old") << name;
+                ASSERT_EQ(contentOf(folder.path("a_2.csv")), "old") << name;
+            }
+        }
+        EXPECT_GT(calls, 2) << name;
+        for (char const* old : {"a_2.csv", "a.csv", "a.vtm", "b.vts"})
+            folder.write(old, "old");
+        for (char const* added : {"a_1.csv", "a_3.csv", "a"})
+            std::filesystem::remove_all(folder.path(added));
+    }
+}
+
+TEST(Export, PutsThePiecesOfAMultiBlockFileIntoAFolderBesideIt)
+{
+    TemporaryFolder const folder;
+    save(*gridData(2), folder.path("my data.vtm"));
+    EXPECT_EQ(folder.listing(), "my data my data.vtm my data/my data_1.vts my data/my data_2.vts");
+}
+
+TEST(Export, WritesMultiBlockFilesThatVtkReads)
+{
+    TemporaryFolder const folder;
+    save(*gridData(2), folder.path("data.vtm"));
+    vtkNew<vtkXMLMultiBlockDataReader> reader;
+    std::string const path = folder.path("data.vtm");
+    reader->SetFileName(path.c_str());
+    reader->Update();
+    auto* const blocks = vtkMultiBlockDataSet::SafeDownCast(reader->GetOutputDataObject(0));
+    ASSERT_NE(blocks, nullptr);
+    ASSERT_EQ(blocks->GetNumberOfBlocks(), 2U);
+    auto* const second = vtkDataSet::SafeDownCast(blocks->GetBlock(1));
+    ASSERT_NE(second, nullptr);
+    EXPECT_EQ(second->GetPoint(2)[0], 12.0);
+}
+
+TEST(Export, RefusesFormatsThatDoNotFit)
+{
+    TemporaryFolder const folder;
+    auto const mesh = import(writeXml(*unstructuredGrid(4, {{VTK_TETRA, {0, 1, 2, 3}}}), folder.path("m.vtu"))).dataSet;
+    EXPECT_THAT(problemSaving(*gridData(2), folder.path("a.vts")), HasSubstr("there are 2; .vtm takes them all"));
+    EXPECT_THAT(problemSaving(*gridData(), folder.path("a.vtu")), HasSubstr(".vts takes it"));
+    EXPECT_THAT(problemSaving(*gridData(), folder.path("a.vtp")), HasSubstr(".vts takes it"));
+    EXPECT_THAT(problemSaving(*mesh, folder.path("a.vts")), HasSubstr(".vtu takes it"));
+    EXPECT_THAT(problemSaving(*mesh, folder.path("a.vti")), HasSubstr(".vtu takes it"));
+    EXPECT_THAT(problemSaving(*mesh, folder.path("a.vtp")), HasSubstr(".vtu takes it"));
+    EXPECT_THAT(problemSaving(*gridData(), folder.path("a.png")), HasSubstr("(.png) cannot be written"));
+    EXPECT_THAT(problemSaving(kernel::DataSet(), folder.path("a.vtm")), HasSubstr("no zones"));
+    EXPECT_EQ(folder.listing(), "m.vtu");
+}
+
+TEST(Export, RefusesImageFilesForPointsThatAreNotUniform)
+{
+    TemporaryFolder const folder;
+    auto const data = gridData();
+    writeValue(*data->zone(1)->fields[0].group(), 2, 2.001);
+    EXPECT_THAT(problemSaving(*data, folder.path("a.vti")), HasSubstr("no uniform grid"));
+}
+
+TEST(Export, LeavesTheOldFilesAloneWhenTheDiskIsFull)
+{
+    TemporaryFolder const folder;
+    for (char const* name : {"a.vts", "a.vtm", "a.csv"}) {
+        SCOPED_TRACE(name);
+        folder.write(name, "old");
+        std::string problem;
+        {
+            FullDisk const fullDisk;
+            problem = problemSaving(*gridData(), folder.path(name));
+        }
+        EXPECT_THAT(problem, AllOf(StartsWith("Cannot save \""), HasSubstr(name)));
+        EXPECT_EQ(contentOf(folder.path(name)), "old");
+    }
+    EXPECT_EQ(folder.listing(), "a.csv a.vtm a.vts");
+}
+
+TEST(Export, SaysWhenItCannotWriteThere)
+{
+    TemporaryFolder const folder;
+    EXPECT_THAT(problemSaving(*gridData(), folder.path("no/such/folder.vts")), HasSubstr("No such file or directory"));
+    std::filesystem::create_directory(folder.path("taken.vts"));
+    EXPECT_THAT(problemSaving(*gridData(), folder.path("taken.vts")), HasSubstr("there is a folder of this name"));
+    folder.write("blocked", "a file where the folder should be");
+    EXPECT_THAT(problemSaving(*gridData(), folder.path("blocked.vtm")), HasSubstr("cannot be made"));
+    std::filesystem::create_directory(folder.path("locked"));
+    ::chmod(folder.path("locked").c_str(), 0500);
+    std::string const problem = problemSaving(*gridData(), folder.path("locked/a.vts"));
+    if (::geteuid() != 0)
+        EXPECT_THAT(problem, HasSubstr("no permission"));
+    else
+        EXPECT_EQ(problem, "") << "root may write everywhere";
+}
+
+TEST(Export, KeepsPermissionsAndWritesThroughLinks)
+{
+    TemporaryFolder const folder;
+    std::string const target = folder.write("target.csv", "old");
+    ::chmod(target.c_str(), 0640);
+    std::filesystem::create_symlink(target, folder.path("link.csv"));
+    save(*gridData(), folder.path("link.csv"));
+    EXPECT_TRUE(std::filesystem::is_symlink(folder.path("link.csv")));
+    EXPECT_EQ(contentOf(target), "X\n0\n1\n2\n");
+    EXPECT_EQ(static_cast<unsigned>(std::filesystem::status(target).permissions()), 0640U);
+}
+
+TEST(Export, DoesNotChangeTheData)
+{
+    TemporaryFolder const folder;
+    auto const data = gridData();
+    auto const buffer = data->field(1, 1)->group()->buffer();
+    auto const holders = buffer.use_count();
+    save(*data, folder.path("a.vtm"));
+    EXPECT_EQ(data->field(1, 1)->group()->buffer(), buffer);
+    EXPECT_EQ(buffer.use_count(), holders) << "nothing holds on to the values";
+    EXPECT_EQ(data->field(1, 1)->shareCount(), 1);
+}
+
+TEST(Export, RefusesTablesWithoutNodalValues)
+{
+    TemporaryFolder const folder;
+    auto const data = gridData();
+    data->zone(1)->fields[0] = kernel::Field();
+    EXPECT_THAT(problemSaving(*data, folder.path("a.csv")), HasSubstr("no nodal values"));
+}
+
+} // namespace veldraw::test

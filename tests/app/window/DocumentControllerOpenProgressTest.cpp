@@ -1,0 +1,130 @@
+#include "app/window/ProgressWindow.h"
+#include "kernel/base/Progress.h"
+#include "kernel/operations/RenameZone.h"
+#include "platform/vdsdkcommon/AppLock.h"
+#include "tests/app/support/WindowTest.h"
+
+#include <QApplication>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QTest>
+#include <QTimer>
+
+#include <atomic>
+#include <thread>
+
+namespace veldraw::tests {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+/// Files that take as long to open as the test wants.
+class OpenProgressTest : public WindowTest
+{
+protected:
+    OpenProgressTest()
+    {
+        openFlow();
+        showWindow();
+    }
+
+    app::DocumentController::FileReader makeReader() override
+    {
+        return [this](QString const& path, kernel::Progress& progress) {
+            readPath = path;
+            depthWhileReading = sdk::AppLock::depth();
+            return reader(progress);
+        };
+    }
+
+    bool open()
+    {
+        return window->openFiles({QStringLiteral("/data/big.vtu")}, app::DocumentController::Place::FreshPage);
+    }
+
+    static app::ProgressWindow* progressWindow()
+    {
+        return qobject_cast<app::ProgressWindow*>(QApplication::activeModalWidget());
+    }
+
+    std::function<app::ImportResult(kernel::Progress&)> reader;
+    QString readPath;
+    std::atomic<int> depthWhileReading{0};
+};
+
+} // namespace
+
+TEST_F(OpenProgressTest, ShowsWhatTheReaderBringsAndHoldsTheLockMeanwhile)
+{
+    auto const series = makeSeries();
+    reader = [&](kernel::Progress&) { return app::ImportResult{series, {}}; };
+    EXPECT_TRUE(open());
+    EXPECT_EQ(QStringLiteral("/data/big.vtu"), readPath);
+    EXPECT_EQ(series, session.activeDataSet());
+    EXPECT_EQ(1, depthWhileReading);
+    EXPECT_EQ(0, sdk::AppLock::depth());
+}
+
+TEST_F(OpenProgressTest, TellsWhatTheReaderThrows)
+{
+    reader = [](kernel::Progress&) -> app::ImportResult { throw app::ImportError("big.vtu: it is empty"); };
+    EXPECT_FALSE(open());
+    EXPECT_EQ(std::vector<std::string>{"big.vtu: it is empty"}, messages);
+    EXPECT_EQ("flow", session.activeFrame()->name);
+    EXPECT_EQ(0, sdk::AppLock::depth());
+}
+
+TEST_F(OpenProgressTest, IsAnOperationOfTheSessionSoThatNoOtherStarts)
+{
+    reader = [this](kernel::Progress&) {
+        EXPECT_FALSE(session.perform(kernel::RenameZone(*session.activeDataSet(), 1, "renamed")));
+        return app::ImportResult{makeSeries(), {}};
+    };
+    EXPECT_TRUE(open());
+}
+
+TEST_F(OpenProgressTest, AShortReadShowsNoProgressWindow)
+{
+    bool wasSeen = false;
+    reader = [](kernel::Progress&) {
+        std::this_thread::sleep_for(100ms);
+        return app::ImportResult{makeSeries(), {}};
+    };
+    QTimer look;
+    look.start(10);
+    QObject::connect(&look, &QTimer::timeout, qApp, [&] { wasSeen = wasSeen || progressWindow(); });
+    EXPECT_TRUE(open());
+    EXPECT_FALSE(wasSeen);
+}
+
+TEST_F(OpenProgressTest, ALongReadShowsHowFarItIsAndCanBeCancelled)
+{
+    reader = [](kernel::Progress& progress) -> app::ImportResult {
+        progress.setTotal(4);
+        for (progress.advance(1);; std::this_thread::sleep_for(1ms))
+            progress.check();
+    };
+    int value = -1;
+    QTimer user;
+    user.start(50);
+    QObject::connect(&user, &QTimer::timeout, qApp, [&] {
+        app::ProgressWindow* const shown = progressWindow();
+        auto* const bar = shown ? shown->findChild<QProgressBar*>() : nullptr;
+        if (!bar || bar->value() <= 0)
+            return;
+        value = bar->value();
+        EXPECT_EQ(QStringLiteral("Open big.vtu"), shown->windowTitle());
+        user.stop();
+        QTest::mouseClick(shown->windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                          shown->findChild<QPushButton*>()->geometry().center());
+    });
+    EXPECT_FALSE(open());
+    EXPECT_EQ(250, value);
+    EXPECT_TRUE(messages.empty());
+    EXPECT_EQ(QStringLiteral("Opening was cancelled."), window->statusBar()->currentMessage());
+    EXPECT_EQ("flow", session.activeFrame()->name);
+}
+
+} // namespace veldraw::tests

@@ -1,0 +1,252 @@
+#include "app/import/Importer.h"
+#include "app/window/ProgressWindow.h"
+#include "kernel/operations/RenameZone.h"
+#include "tests/app/support/FullDisk.h"
+#include "tests/app/support/WindowTest.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QImage>
+#include <QLineEdit>
+#include <QSettings>
+#include <QStatusBar>
+#include <QTest>
+#include <QTimer>
+#include <QWindow>
+
+namespace veldraw::tests {
+
+namespace {
+
+class SaveTest : public WindowTest
+{
+protected:
+    SaveTest() { openFrames({{"series", makeSeries()}}); }
+
+    void typeInDialog(QString const& name)
+    {
+        QTimer::singleShot(100, window.get(), [=] {
+            auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(nullptr, dialog);
+            auto* const edit = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+            edit->setText(name);
+            QTest::keyClick(edit, Qt::Key_Return);
+        });
+    }
+};
+
+} // namespace
+
+TEST_F(SaveTest, TheExtensionChoosesTheFormat)
+{
+    showWindow();
+    QString const path = folder.filePath(QStringLiteral("out.csv"));
+    typeInDialog(path);
+    action("saveAsAction").trigger();
+    app::ImportResult const back = app::importFile(path);
+    EXPECT_EQ(2, back.dataSet->variableCount());
+    EXPECT_EQ(5, back.dataSet->zone(1)->pointCount());
+    EXPECT_TRUE(messages.empty());
+}
+
+TEST_F(SaveTest, ANameWithoutExtensionGetsTheOneOfTheFilter)
+{
+    showWindow();
+    typeInDialog(folder.filePath(QStringLiteral("bare")));
+    action("saveAsAction").trigger();
+    EXPECT_FALSE(QFileInfo(folder.filePath(QStringLiteral("bare"))).isFile());
+    EXPECT_EQ(1, QDir(folder.path()).entryList({QStringLiteral("bare.*")}, QDir::Files).size());
+}
+
+TEST_F(SaveTest, WhatAFormatRefusesIsAskedForAgainWithWhatWasTyped)
+{
+    showWindow();
+    QString const path = folder.filePath(QStringLiteral("series.xyz"));
+    typeInDialog(path);
+    QString kept;
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, &look, [&] {
+        auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        if (!dialog || messages.empty())
+            return;
+        look.stop();
+        auto* const edit = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        kept = edit->text();
+        edit->setText(folder.filePath(QStringLiteral("series.csv")));
+        QTest::keyClick(edit, Qt::Key_Return);
+    });
+    look.start(50);
+    action("saveAsAction").trigger();
+    EXPECT_EQ(1u, messages.size());
+    EXPECT_EQ(QStringLiteral("series.xyz"), QFileInfo(kept).fileName());
+    EXPECT_TRUE(QFileInfo::exists(folder.filePath(QStringLiteral("series.csv"))));
+}
+
+TEST_F(SaveTest, AnotherFilterGivesTheNameItsExtension)
+{
+    showWindow();
+    QStringList names;
+    QTimer::singleShot(100, window.get(), [&] {
+        auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(nullptr, dialog);
+        auto const noteName = [&] { names << dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->text(); };
+        noteName();
+        auto* const filters = dialog->findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+        filters->setFocus();
+        QTest::keyClick(filters, Qt::Key_End);
+        noteName();
+        QTest::keyClick(dialog, Qt::Key_Escape);
+    });
+    EXPECT_FALSE(window->documents().saveAs());
+    ASSERT_EQ(2, names.size());
+    EXPECT_EQ(QStringLiteral("series.vtm"), QFileInfo(names[0]).fileName());
+    EXPECT_EQ(QStringLiteral("series.tsv"), QFileInfo(names[1]).fileName());
+}
+
+TEST_F(SaveTest, AFolderOfTheFramesNameIsNotEntered)
+{
+    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("series")));
+    QSettings().setValue(QStringLiteral("lastFolder"), folder.path());
+    showWindow();
+    QString directory;
+    QTimer::singleShot(100, window.get(), [&] {
+        auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(nullptr, dialog);
+        directory = dialog->directory().absolutePath();
+        QTest::keyClick(dialog, Qt::Key_Escape);
+    });
+    window->documents().saveAs();
+    EXPECT_EQ(QDir(folder.path()).absolutePath(), directory);
+}
+
+TEST_F(SaveTest, GivingUpAfterARefusalSavesNothing)
+{
+    showWindow();
+    session.perform(kernel::RenameVariable(*session.activeDataSet(), 2, "height"));
+    typeInDialog(folder.filePath(QStringLiteral("series.xyz")));
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, &look, [&] {
+        if (QWidget* const dialog = QApplication::activeModalWidget(); dialog && !messages.empty())
+            QTest::keyClick(dialog, Qt::Key_Escape);
+    });
+    look.start(50);
+    EXPECT_FALSE(window->documents().saveAs());
+    EXPECT_FALSE(session.history().isClean());
+}
+
+TEST_F(SaveTest, SavingMakesTheStateClean)
+{
+    showWindow();
+    session.perform(kernel::RenameVariable(*session.activeDataSet(), 2, "height"));
+    ASSERT_FALSE(session.history().isClean());
+    EXPECT_TRUE(window->documents().save(folder.filePath(QStringLiteral("out.csv"))));
+    EXPECT_TRUE(session.history().isClean());
+    settle();
+    EXPECT_FALSE(window->isWindowModified());
+}
+
+TEST_F(SaveTest, ALongOneCanBeCancelledAndLeavesTheOldFileWhole)
+{
+    auto const series = std::make_shared<kernel::DataSet>("long series");
+    constexpr int rows = 10000000; // of text, which takes many seconds
+    series->addZone(std::make_shared<kernel::Zone>("probe", ZoneType_Ordered, rows, 1, 1));
+    auto const values = std::make_shared<kernel::ShareGroup>(kernel::Buffer::allocate(FieldDataType_Double, rows));
+    for (int variable = 0; variable < 30; ++variable) {
+        series->addVariable(std::make_shared<kernel::Variable>("v" + std::to_string(variable)));
+        series->zone(1)->fields.back() = kernel::Field(values, ValueLocation_Nodal);
+    }
+    openFrames({{"series", series}});
+    showWindow();
+    session.perform(kernel::RenameVariable(*series, 1, "time"));
+    QString const path = writeFile(QStringLiteral("out.csv"), "old");
+    QString title;
+    std::function<void()> const cancel = [&] {
+        auto* const progress = dynamic_cast<app::ProgressWindow*>(QApplication::activeModalWidget());
+        if (!progress) {
+            QTimer::singleShot(5, window.get(), cancel);
+            return;
+        }
+        title = progress->windowTitle();
+        QTest::keyClick(progress->windowHandle(), Qt::Key_Escape);
+    };
+    QTimer::singleShot(5, window.get(), cancel);
+    EXPECT_FALSE(window->documents().save(path));
+    EXPECT_EQ(QStringLiteral("Save out.csv"), title);
+    EXPECT_TRUE(messages.empty()) << "the user knows";
+    EXPECT_EQ(QStringLiteral("Saving was cancelled."), window->statusBar()->currentMessage());
+    EXPECT_FALSE(session.history().isClean());
+    EXPECT_EQ(1, QDir(folder.path()).entryList({QStringLiteral("out*")}, QDir::Files).size());
+    QFile old(path);
+    ASSERT_TRUE(old.open(QIODevice::ReadOnly));
+    EXPECT_EQ("old", old.readAll());
+}
+
+TEST_F(SaveTest, EveryDataSetOnThePageHasToBeSaved)
+{
+    openFrames({{"a", makeSeries()}, {"b", makeSeries()}});
+    showWindow();
+    session.perform(kernel::RenameVariable(*session.activeDataSet(), 2, "height"));
+    EXPECT_TRUE(window->documents().save(folder.filePath(QStringLiteral("a.csv"))));
+    EXPECT_FALSE(session.history().isClean());
+    session.activateFrame(session.activePage()->frames[1]->id);
+    EXPECT_TRUE(window->documents().save(folder.filePath(QStringLiteral("b.csv"))));
+    EXPECT_TRUE(session.history().isClean());
+}
+
+TEST_F(SaveTest, AnUnknownExtensionIsToldAndNothingIsClean)
+{
+    showWindow();
+    session.perform(kernel::RenameVariable(*session.activeDataSet(), 2, "height"));
+    EXPECT_FALSE(window->documents().save(folder.filePath(QStringLiteral("out.xyz"))));
+    ASSERT_EQ(1u, messages.size());
+    EXPECT_NE(std::string::npos, messages[0].find("out.xyz")) << messages[0];
+    EXPECT_FALSE(session.history().isClean());
+}
+
+TEST_F(SaveTest, AFolderThatIsNotThereIsTold)
+{
+    showWindow();
+    EXPECT_FALSE(window->documents().save(folder.filePath(QStringLiteral("nowhere/out.csv"))));
+    ASSERT_EQ(1u, messages.size());
+    EXPECT_NE(std::string::npos, messages[0].find("out.csv")) << messages[0];
+}
+
+TEST_F(SaveTest, PicturesAreWritten)
+{
+    showWindow();
+    QString const path = folder.filePath(QStringLiteral("page.png"));
+    typeInDialog(path);
+    action("savePictureAction").trigger();
+    EXPECT_EQ(QSize(8, 6), QImage(path).size());
+}
+
+TEST_F(SaveTest, APictureThatCannotBeWrittenIsTold)
+{
+    showWindow();
+    QImage const picture(2, 2, QImage::Format_RGB32);
+    EXPECT_FALSE(window->documents().savePicture(picture, folder.filePath(QStringLiteral("nowhere/page.png"))));
+    ASSERT_EQ(1u, messages.size());
+    EXPECT_NE(std::string::npos, messages[0].find("page.png"));
+}
+
+TEST_F(SaveTest, APictureThatDoesNotFitOnTheDiskIsToldAndLeavesTheOldOne)
+{
+    showWindow();
+    QString const path = writeFile(QStringLiteral("page.png"), "old");
+    {
+        test::FullDisk const full;
+        EXPECT_FALSE(window->documents().savePicture(QImage(200, 200, QImage::Format_RGB32), path));
+    }
+    ASSERT_EQ(1u, messages.size());
+    EXPECT_NE(std::string::npos, messages[0].find("page.png: the picture could not be written: the disk may be full"))
+        << messages[0];
+    EXPECT_EQ(QStringList{QStringLiteral("page.png")}, QDir(folder.path()).entryList(QDir::Files));
+    EXPECT_EQ(3, QFileInfo(path).size());
+}
+
+} // namespace veldraw::tests

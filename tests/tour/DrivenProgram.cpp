@@ -1,0 +1,52 @@
+#include "tests/tour/DrivenProgram.h"
+
+#include "app/import/Importer.h"
+#include "app/window/CentralView.h"
+#include "app/window/MainWindow.h"
+#include "host/KernelBridge.h"
+
+#include <QCommandLineParser>
+#include <QSettings>
+
+namespace veldraw::app {
+
+DrivenProgram::OwnSettings::OwnSettings()
+{
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
+}
+
+DrivenProgram::DrivenProgram(int& argc, char** argv, QString const& description, QSize const& windowSize)
+    : m_application(argc, argv)
+{
+    host::KernelBridge::install();
+    parse(description);
+    auto const reader = [this](QString const& path, kernel::Progress& progress) {
+        return importFile(path, m_deferral, progress);
+    };
+    kernel::Session& session = kernel::Session::instance();
+    m_window = std::make_unique<MainWindow>(session, CentralView::ofPage(session), reader);
+    m_window->move(0, 0);
+    m_window->resize(windowSize);
+    m_window->show();
+}
+
+DrivenProgram::~DrivenProgram()
+{
+    m_window.reset();
+    host::KernelBridge::shutDown();
+}
+
+void DrivenProgram::parse(QString const& description)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(description);
+    parser.addHelpOption();
+    parser.addOption({QStringLiteral("samples"), QStringLiteral("Folder of the samples."), QStringLiteral("folder")});
+    parser.addOption(
+        {QStringLiteral("out"), QStringLiteral("Folder for pictures and results."), QStringLiteral("folder")});
+    parser.process(m_application);
+    m_samples = parser.value(QStringLiteral("samples"));
+    m_out = parser.value(QStringLiteral("out"));
+}
+
+} // namespace veldraw::app

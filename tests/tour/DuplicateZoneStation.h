@@ -1,0 +1,23 @@
+#pragma once
+
+#include "tests/tour/TourContext.h"
+
+namespace veldraw::app {
+
+/// Duplicates two zones by the keyboard alone, takes it back and does it again.
+class DuplicateZoneStation
+{
+public:
+    explicit DuplicateZoneStation(TourContext& context);
+    void run();
+
+private:
+    void duplicateByKeyboard();
+    void undoAndRedo();
+
+    TourContext& m_tour;
+    QString m_namesAtStart;
+    int m_countAtStart;
+};
+
+} // namespace veldraw::app

@@ -13,10 +13,10 @@ import sys
 SUFFIXES = {'.h', '.cpp', '.ipp', '.ui'}
 
 # Where tests mirror the code: each folder below these has its double, but for those that hold what tests share.
-MIRRORED = ('kernel', 'host', 'dialogs/property', 'dialogs/models', 'dialogs/widgets', 'dialogs/bindings', 'dialogs/frame')
+MIRRORED = ('kernel', 'host', 'app', 'dialogs/property', 'dialogs/models', 'dialogs/widgets', 'dialogs/bindings', 'dialogs/frame')
 # Where the namespace is asked for.
-ONE_NAMESPACE = ('kernel', 'host', 'dialogs/property')
-SHARED = {'kernel/support'}
+ONE_NAMESPACE = ('kernel', 'host', 'app', 'support', 'dialogs/property')
+SHARED = {'kernel/support', 'app/support'}
 
 # What a whole folder, or several, are tested for.
 NAMED_OTHERWISE = {

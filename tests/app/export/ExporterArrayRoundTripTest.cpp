@@ -32,7 +32,7 @@
 #include <gtest/gtest.h>
 #include <random>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 namespace {
 
@@ -385,4 +385,4 @@ TEST(ArrayRoundTrip, WrapsAnArrayThatIsStillInOnePieceAndSetsOthersSideBySide)
     }
 }
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

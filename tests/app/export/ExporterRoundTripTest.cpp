@@ -9,7 +9,7 @@
 #include <gtest/gtest.h>
 #include <limits>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 namespace {
 
@@ -273,4 +273,4 @@ TEST(RoundTrip, ReadsFloatsOfTablesBackAsTheSameNumbers)
                   static_cast<float>(zone->fields[0].group()->buffer()->value(n)));
 }
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

@@ -21,13 +21,12 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 using ::testing::AllOf;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
-using veldraw::tests::writeValue;
 
 namespace {
 
@@ -248,4 +247,4 @@ TEST(Export, RefusesTablesWithoutNodalValues)
     EXPECT_THAT(problemSaving(*data, folder.path("a.csv")), HasSubstr("no nodal values"));
 }
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

@@ -7,7 +7,7 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 namespace {
 
@@ -160,4 +160,4 @@ TEST(MappedFile, GivesNoFurtherComponentOnceTheFileHasChanged)
     EXPECT_THROW(app::RawArrayLoader(array, whole).load(progress), app::ImportError);
 }
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

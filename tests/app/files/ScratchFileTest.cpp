@@ -12,7 +12,7 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 using ::testing::HasSubstr;
 
@@ -134,4 +134,4 @@ TEST_F(ScratchFileTest, IsUsedForWhatTakesMuchOfTheMemoryAndCannotBeMapped)
     EXPECT_FALSE(app::RawArrayLoader(array, std::make_shared<app::SharedArray>()).isMapped());
 }
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

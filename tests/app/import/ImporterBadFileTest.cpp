@@ -14,7 +14,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 using ::testing::AllOf;
 using ::testing::HasSubstr;
@@ -289,4 +289,4 @@ TEST(BadFile, ClaimsNumbersOfCellsOrPointsThatAreNone)
             << counts;
 }
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

@@ -8,7 +8,7 @@
 #include <gtest/gtest.h>
 #include <random>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 namespace {
 
@@ -128,4 +128,4 @@ TEST(DamagedFile, ImagesNeverCrashTheImport)
           "image.mha");
 }
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

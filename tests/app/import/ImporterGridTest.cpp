@@ -21,7 +21,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
@@ -338,4 +338,4 @@ TEST(GridImport, StopsWhenTheUserCancels)
     EXPECT_THROW(app::importFile(QString::fromStdString(path), app::Deferral::Auto, progress), kernel::Interrupted);
 }
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

@@ -18,7 +18,7 @@
 
 #include <gtest/gtest.h>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 namespace {
 
@@ -315,4 +315,4 @@ TEST(HiddenParts, AreToldToBeRowsLikeOthersInATable)
     EXPECT_NE(all.find("hidden points are rows like others"), std::string::npos) << all;
 }
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

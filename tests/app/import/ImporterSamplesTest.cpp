@@ -8,7 +8,7 @@
 #include <gtest/gtest.h>
 #include <set>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 namespace {
 
@@ -115,4 +115,4 @@ TEST(Samples, TheLargeGridHasSixFloatVariables)
         EXPECT_EQ(data->field(1, variable)->type(), FieldDataType_Float);
 }
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

@@ -9,7 +9,7 @@
 #include <set>
 #include <sstream>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 namespace {
 
@@ -112,4 +112,4 @@ TEST(FormatList, IsToldToWhoComesWithAnotherKindOfFile)
     }
 }
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

@@ -8,7 +8,10 @@
 #include <random>
 #include <set>
 
-using namespace veldraw::app;
+namespace veldraw::tests {
+
+using app::AxisTicks;
+using app::TickLabels;
 using testing::ElementsAre;
 
 namespace {
@@ -113,3 +116,5 @@ TEST(TickLabels, ShowANumberForItselfByItsFewestDigits)
     EXPECT_EQ(TickLabels::alone(-1e-7), "-1e-7");
     EXPECT_EQ(TickLabels::alone(1.0 / 3.0), "0.3333333333333333");
 }
+
+} // namespace veldraw::tests

@@ -13,11 +13,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-using namespace veldraw;
-using test::PlotTestPage;
-using test::SampleData;
+namespace veldraw::tests {
+
 using testing::ElementsAre;
-using veldraw::tests::writeValue;
 
 namespace {
 
@@ -190,3 +188,5 @@ TEST_F(TextFitTest, LeavesOutTheMiddleOfWhatFitsOnNoNumberOfLines)
         EXPECT_GT(joined(fitted.text).size(), 8 * lines);
     }
 }
+
+} // namespace veldraw::tests

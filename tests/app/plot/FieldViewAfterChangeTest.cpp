@@ -11,9 +11,7 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
-using namespace veldraw;
-using test::PlotTestPage;
-using test::SampleData;
+namespace veldraw::tests {
 
 namespace {
 
@@ -241,3 +239,5 @@ TEST(ViewAfterChangeInSpace, OneThatWasTurnedKeepsItsDirectionAndShowsTheCopies)
             EXPECT_LT(std::abs(view.stage().GetViewPoint()[axis]), 1.0) << "corner " << corner;
     }
 }
+
+} // namespace veldraw::tests

@@ -12,10 +12,7 @@
 #include <ostream>
 #include <string>
 
-using namespace veldraw;
-using test::PlotTestPage;
-using test::SampleData;
-using veldraw::tests::writeValue;
+namespace veldraw::tests {
 
 namespace {
 
@@ -213,3 +210,5 @@ TEST(EditedValueOfTheContour, BringsTheLegendWhereThereWereNoValues)
     page.picture();
     EXPECT_EQ(page.message(), gap);
 }
+
+} // namespace veldraw::tests

@@ -5,9 +5,7 @@
 
 #include <gtest/gtest.h>
 
-using namespace veldraw;
-using test::PlotTestPage;
-using test::SampleData;
+namespace veldraw::tests {
 
 namespace {
 
@@ -127,3 +125,5 @@ TEST(PlotOfWhatIsNotLoaded, FollowsTheEditOfOneValue)
     ASSERT_TRUE(page.session().undo());
     EXPECT_EQ(page.plot(), before);
 }
+
+} // namespace veldraw::tests

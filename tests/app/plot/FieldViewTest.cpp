@@ -15,10 +15,7 @@
 #include <gtest/gtest.h>
 #include <limits>
 
-using namespace veldraw;
-using test::PlotTestPage;
-using test::SampleData;
-using veldraw::tests::writeValue;
+namespace veldraw::tests {
 
 namespace {
 
@@ -374,3 +371,5 @@ TEST(FieldPlot, PicksTheZoneUnderTheMouse)
     page.click(page.at(0.45, 0.04));
     EXPECT_TRUE(page.session().picks().empty());
 }
+
+} // namespace veldraw::tests

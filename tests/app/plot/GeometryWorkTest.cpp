@@ -16,10 +16,7 @@
 #include <atomic>
 #include <gtest/gtest.h>
 
-using namespace veldraw;
-using test::PlotTestPage;
-using test::SampleData;
-using veldraw::tests::writeValue;
+namespace veldraw::tests {
 
 namespace {
 
@@ -255,3 +252,5 @@ TEST(GeometryWork, TellsOfTheLastJobOnly)
     work.wait();
     EXPECT_TRUE(work.take().empty());
 }
+
+} // namespace veldraw::tests

@@ -20,10 +20,7 @@
 #include <gtest/gtest.h>
 #include <limits>
 
-using namespace veldraw;
-using test::PlotTestPage;
-using test::SampleData;
-using veldraw::tests::writeValue;
+namespace veldraw::tests {
 
 namespace {
 
@@ -451,3 +448,5 @@ TEST(LinePoints, ThinsALongCurveButKeepsItsPeaks)
         highest = std::max(highest, points->GetValue(n, 1).ToDouble());
     EXPECT_DOUBLE_EQ(highest, 99.0);
 }
+
+} // namespace veldraw::tests

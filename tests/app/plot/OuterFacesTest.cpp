@@ -20,8 +20,7 @@
 #include <ostream>
 #include <set>
 
-using namespace veldraw;
-using test::SampleSolid;
+namespace veldraw::tests {
 
 namespace {
 
@@ -207,3 +206,5 @@ TEST(OuterFaces, AreNotLookedForAnyMoreWhenNobodyWantsThem)
     progress.interrupt();
     EXPECT_THROW(app::FiniteElementShape::create(*zone, progress), kernel::Interrupted);
 }
+
+} // namespace veldraw::tests

@@ -20,9 +20,7 @@
 #include <array>
 #include <gtest/gtest.h>
 
-using namespace veldraw;
-using test::PlotTestPage;
-using test::SampleData;
+namespace veldraw::tests {
 
 namespace {
 
@@ -289,3 +287,5 @@ TEST(PageView, StopsListeningWhenItGoes)
     EXPECT_EQ(session.display(), nullptr);
     ASSERT_TRUE(session.perform(kernel::SetPlotType(session.activeFrame()->id, PlotType_Cartesian2D)));
 }
+
+} // namespace veldraw::tests

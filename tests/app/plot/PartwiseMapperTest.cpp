@@ -6,9 +6,7 @@
 
 #include <gtest/gtest.h>
 
-using namespace veldraw;
-using test::PlotTestPage;
-using test::SampleData;
+namespace veldraw::tests {
 
 namespace {
 
@@ -67,3 +65,5 @@ TEST(PartwiseMapper, LeavesLinesAndPointsWhole)
     EXPECT_GT(PlotTestPage::colouredPixels(page.plot()), 3000);
     EXPECT_EQ(mapperOf(page).partCount(), 1);
 }
+
+} // namespace veldraw::tests

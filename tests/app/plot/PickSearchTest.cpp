@@ -13,11 +13,9 @@
 #include <gmock/gmock.h>
 #include <limits>
 
-using namespace veldraw;
-using test::PlotTestPage;
-using test::SampleData;
+namespace veldraw::tests {
+
 using testing::ElementsAre;
-using veldraw::tests::writeValue;
 
 namespace {
 
@@ -85,7 +83,7 @@ protected:
         page.picture();
     }
 
-    QPoint placeOf(double x, double y, double z) { return ::placeOf(page, x, y, z); }
+    QPoint placeOf(double x, double y, double z) { return tests::placeOf(page, x, y, z); }
 
     void click(QPoint const& place, Qt::KeyboardModifiers modifiers = {})
     {
@@ -309,3 +307,5 @@ TEST(Pick, ALinePlotPicksNothing)
         page.click(page.at(0.5, y));
     EXPECT_TRUE(page.session().picks().empty());
 }
+
+} // namespace veldraw::tests

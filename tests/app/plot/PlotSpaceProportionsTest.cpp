@@ -13,10 +13,7 @@
 #include <array>
 #include <gtest/gtest.h>
 
-using namespace veldraw;
-using test::PlotTestPage;
-using test::SampleData;
-using veldraw::tests::writeValue;
+namespace veldraw::tests {
 
 namespace {
 
@@ -213,3 +210,5 @@ TEST(CoincidentSurfaces, ShowTheLastZoneWhicheverWayTheyAreTurned)
         page.drag(page.at(0.4, 0.5), page.at(0.46, 0.53));
     }
 }
+
+} // namespace veldraw::tests

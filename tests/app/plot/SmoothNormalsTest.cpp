@@ -12,7 +12,7 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
-using namespace veldraw;
+namespace veldraw::tests {
 
 namespace {
 
@@ -95,3 +95,5 @@ TEST(SmoothNormals, CanBeInterrupted)
     progress.interrupt();
     EXPECT_THROW(app::SmoothNormals::create(*sheet(false), progress), kernel::Interrupted);
 }
+
+} // namespace veldraw::tests

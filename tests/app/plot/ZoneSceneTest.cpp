@@ -20,10 +20,7 @@
 #include <gtest/gtest.h>
 #include <numeric>
 
-using namespace veldraw;
-using test::PlotTestPage;
-using test::SampleData;
-using veldraw::tests::writeValue;
+namespace veldraw::tests {
 
 namespace {
 
@@ -255,3 +252,5 @@ TEST(KeptShapesInThePlane, LieOverOneAnotherInTheOrderOfTheZonesAlsoWhenTheyCome
         EXPECT_EQ(PlotTestPage::differingPixels(before, page.plot()), 0) << number;
     }
 }
+
+} // namespace veldraw::tests

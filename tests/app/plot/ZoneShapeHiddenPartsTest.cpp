@@ -14,9 +14,7 @@
 #include <set>
 #include <tuple>
 
-using namespace veldraw;
-using test::PlotTestPage;
-using test::SampleData;
+namespace veldraw::tests {
 
 namespace {
 
@@ -24,7 +22,6 @@ using Index = std::int64_t;
 
 /// A cell with the corners of one of its faces, in ascending order.
 using CellFace = std::pair<Index, std::set<Index>>;
-using veldraw::tests::writeValue;
 
 std::shared_ptr<kernel::Buffer> marks(Index count, std::set<Index> const& places, int mark)
 {
@@ -229,3 +226,5 @@ TEST(HiddenParts, AreGapsOfACurve)
         ASSERT_EQ(isGap, zone.isHidden(ValueLocation_Nodal, n)) << n;
     }
 }
+
+} // namespace veldraw::tests

@@ -10,8 +10,7 @@
 #include <limits>
 #include <set>
 
-using namespace veldraw;
-using test::SampleData;
+namespace veldraw::tests {
 
 namespace {
 
@@ -151,3 +150,5 @@ TEST(ColourMap, GetsLighterInEvenSteps)
         last = now;
     }
 }
+
+} // namespace veldraw::tests

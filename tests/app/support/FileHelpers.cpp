@@ -14,7 +14,7 @@
 #include <stdexcept>
 #include <vector>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 TemporaryFolder::TemporaryFolder()
     : m_path((std::filesystem::temp_directory_path() / "veldraw-test-XXXXXX").string())
@@ -146,4 +146,4 @@ std::string cellsOf(kernel::Zone const& zone)
     return text.str();
 }
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 /// A folder that goes away with its contents.
 class TemporaryFolder
@@ -60,4 +60,4 @@ kernel::Field const& fieldOf(kernel::DataSet const& dataSet, int zone, std::stri
 /// All cells of a zone as "0 1 2 | 1 2 3".
 std::string cellsOf(kernel::Zone const& zone);
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

@@ -3,7 +3,7 @@
 #include <csignal>
 #include <sys/resource.h>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 /// Lets no file of the process grow beyond a few bytes, as on a full disk.
 class FullDisk
@@ -32,4 +32,4 @@ private:
     void (*m_signal)(int);
 };
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

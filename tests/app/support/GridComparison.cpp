@@ -9,7 +9,7 @@
 #include <gtest/gtest.h>
 #include <set>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 namespace {
 
@@ -78,4 +78,4 @@ void expectSameArrays(vtkDataSet& expected, vtkDataSet& found)
     expectSameArrays(*expected.GetCellData(), *found.GetCellData());
 }
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

@@ -5,7 +5,7 @@
 
 #include <string>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 /// What VTK's own reader for the extension finds in a file.
 vtkSmartPointer<vtkDataSet> readByVtk(std::string const& path);
@@ -14,4 +14,4 @@ vtkSmartPointer<vtkDataSet> readByVtk(std::string const& path);
 /// bit.
 void expectSameArrays(vtkDataSet& expected, vtkDataSet& found);
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

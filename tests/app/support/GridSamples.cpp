@@ -11,7 +11,7 @@
 #include <vtkPoints.h>
 #include <vtkXMLDataSetWriter.h>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 namespace {
 
@@ -114,4 +114,4 @@ std::string writeLegacy(vtkDataSet& grid, std::string const& path, bool binary)
     return path;
 }
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

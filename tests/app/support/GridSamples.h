@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 /// Adds an array of doubles to the points or cells.
 void addPointValues(vtkDataSet& grid, std::string const& name, std::vector<double> const& values, int components = 1);
@@ -46,4 +46,4 @@ std::string writeXml(vtkDataSet& grid, std::string const& path, Mode mode = Mode
 /// Writes a legacy file, binary or not. @return path
 std::string writeLegacy(vtkDataSet& grid, std::string const& path, bool binary);
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

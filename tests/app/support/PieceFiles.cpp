@@ -9,7 +9,7 @@
 #include <regex>
 #include <stdexcept>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 namespace {
 
@@ -108,4 +108,4 @@ std::string writePieces(std::vector<vtkSmartPointer<vtkDataSet>> const& pieces, 
     return path;
 }
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

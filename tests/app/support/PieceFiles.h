@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 /// How VTK's writers can store the values of a file.
 struct Encoding
@@ -39,4 +39,4 @@ std::string writeXml(vtkDataSet& grid, std::string const& path, Encoding const& 
 std::string writePieces(std::vector<vtkSmartPointer<vtkDataSet>> const& pieces, std::string const& wholeExtent,
                         std::string const& path, Encoding const& encoding);
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

@@ -12,7 +12,7 @@
 #include <cstdlib>
 #include <stdexcept>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 PlotTestPage::PlotTestPage(std::vector<std::shared_ptr<kernel::Frame>> frames, QSize size)
 {
@@ -143,4 +143,4 @@ int PlotTestPage::differingPixels(QImage const& a, QImage const& b)
     return tests::differingPixels(a, b);
 }
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 /// A session with a page on the screen.
 class PlotTestPage
@@ -61,4 +61,4 @@ private:
     std::unique_ptr<app::PageView> m_view;
 };
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

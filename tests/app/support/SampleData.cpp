@@ -4,7 +4,7 @@
 #include <initializer_list>
 #include <utility>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 using kernel::Buffer;
 using kernel::Connectivity;
@@ -337,4 +337,4 @@ std::shared_ptr<Frame> SampleData::waveFrame(DataSetPtr const& dataSet)
     return frame;
 }
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

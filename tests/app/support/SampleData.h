@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 /// Data sets of every kind, made by formulas, and sessions that show them.
 class SampleData
@@ -58,4 +58,4 @@ public:
                          ValueLocation_e location = ValueLocation_Nodal, int number = 0);
 };
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

@@ -7,7 +7,7 @@
 #include <random>
 #include <vector>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 namespace {
 
@@ -143,4 +143,4 @@ std::shared_ptr<Zone> SampleSolid::everything(int n, bool withLine)
     return lattice.zone(ZoneType_FEMixed);
 }
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

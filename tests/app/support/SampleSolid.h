@@ -4,7 +4,7 @@
 
 #include <memory>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 /// Zones of volume cells of every shape, made of the cubes of a lattice.
 class SampleSolid
@@ -20,4 +20,4 @@ public:
     static std::shared_ptr<kernel::Zone> everything(int n, bool withLine);
 };
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

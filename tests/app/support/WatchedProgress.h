@@ -4,7 +4,7 @@
 
 #include <functional>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 /// Is told how far the work has come whenever that asks whether it is to go on; the answer false ends it.
 class WatchedProgress : public kernel::Progress
@@ -28,4 +28,4 @@ public:
     InterruptedProgress() { interrupt(); }
 };
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

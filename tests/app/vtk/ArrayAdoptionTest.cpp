@@ -18,7 +18,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 using ::testing::HasSubstr;
 
@@ -122,4 +122,4 @@ TEST(ArrayAdoption, SeparatesInterleavedBits)
     EXPECT_EQ(adopted.components[1]->value(1), 1.0);
 }
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

@@ -12,7 +12,7 @@
 #include <gtest/gtest.h>
 #include <initializer_list>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 namespace {
 
@@ -238,4 +238,4 @@ TEST(ZoneToVtk, ShowsAnEmptyZoneAsAnEmptyGrid)
     EXPECT_EQ(grid->GetNumberOfPoints(), 0);
 }
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

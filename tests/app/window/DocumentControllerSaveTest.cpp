@@ -239,7 +239,7 @@ TEST_F(SaveTest, APictureThatDoesNotFitOnTheDiskIsToldAndLeavesTheOldOne)
     showWindow();
     QString const path = writeFile(QStringLiteral("page.png"), "old");
     {
-        test::FullDisk const full;
+        FullDisk const full;
         EXPECT_FALSE(window->documents().savePicture(QImage(200, 200, QImage::Format_RGB32), path));
     }
     ASSERT_EQ(1u, messages.size());

@@ -10,7 +10,7 @@
 #include <gtest/gtest.h>
 #include <numeric>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
@@ -227,4 +227,4 @@ TEST(CellImport, RefusesCellsThatNamePointsWhichDoNotExist)
     EXPECT_THAT(problemWith(writeXml(*grid, folder.path("bad.vtu"))), HasSubstr("names point 7 of 3 points"));
 }
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

@@ -8,7 +8,7 @@
 
 #include <gtest/gtest.h>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 namespace {
 
@@ -70,4 +70,4 @@ TEST(SharedArray, NeverGivesAComponentThatMayHaveBeenAltered)
     EXPECT_EQ(source.loads, 2);
 }
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

@@ -23,7 +23,7 @@
 #include <limits>
 #include <random>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 namespace {
 
@@ -382,4 +382,4 @@ TEST_P(DeferralEquivalenceTest, BringsTheSameVariablesWheneverTheirValuesAreLoad
 INSTANTIATE_TEST_SUITE_P(AllGrids, DeferralEquivalenceTest, ::testing::ValuesIn(samples()),
                          [](auto const& instance) { return instance.param.name; });
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

@@ -23,7 +23,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 using ::testing::HasSubstr;
 
@@ -514,4 +514,4 @@ TEST(Deferral, CanBeForcedOrForbidden)
     EXPECT_TRUE(never.loadsNow(1.0, app::LoadingPlan::Need::Later));
 }
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

@@ -13,7 +13,7 @@
 #include <random>
 #include <sys/resource.h>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 namespace {
 
@@ -207,4 +207,4 @@ TEST(DamagedHeader, OfAUniformGridNeverCrashesTheImportNorFillsTheMemory)
     stormOfXml(*grid, "image.vti");
 }
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

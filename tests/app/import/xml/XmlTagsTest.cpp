@@ -11,7 +11,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 using ::testing::HasSubstr;
 
@@ -122,4 +122,4 @@ TEST(XmlTags, AreRefusedWhereTheFileDeclaresWhatTheyMean)
     EXPECT_THAT(problemWith(path), HasSubstr("entities of its own"));
 }
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

@@ -10,7 +10,7 @@
 #include <sstream>
 #include <vector>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 namespace {
 
@@ -110,4 +110,4 @@ TEST(TableNumbers, AreTheShortestThatReadBackTheSame)
     expectShortest(FieldDataType_Double, doubles, [](char const* text, char** end) { return std::strtod(text, end); });
 }
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

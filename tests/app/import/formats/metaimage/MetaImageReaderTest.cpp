@@ -10,7 +10,7 @@
 #include <limits>
 #include <random>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
@@ -355,4 +355,4 @@ TEST(MetaImage, OpensThreeThousandMillionPointsWithoutReadingThem)
     EXPECT_EQ(dataSet->zone(1)->range(1).max, 2999999999.0);
 }
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

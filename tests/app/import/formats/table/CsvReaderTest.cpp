@@ -7,7 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 using ::testing::AllOf;
 using ::testing::ElementsAre;
@@ -204,4 +204,4 @@ TEST(CsvImport, StopsWhenTheUserCancels)
     EXPECT_THROW(app::importFile(path, app::Deferral::Auto, progress), kernel::Interrupted);
 }
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 namespace {
 
@@ -74,4 +74,4 @@ TEST(CsvTokenizer, NoticesAnOpenQuote)
     EXPECT_EQ(rowsOf("\"a\n1\n"), "open quote");
 }
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

@@ -13,7 +13,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 using ::testing::HasSubstr;
 
@@ -156,4 +156,4 @@ TEST(DeferredCells, ComeWithTheFirstVariableThatIsLoaded)
     EXPECT_FALSE(fieldOf(*dataSet, 1, "p").isLoaded());
 }
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

@@ -20,7 +20,7 @@
 #include <gtest/gtest.h>
 #include <random>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 namespace {
 
@@ -187,4 +187,4 @@ TEST_P(EncodingTest, IsReadBitByBitAsVtkReadsItWhenValuesAreLoadedLater)
 INSTANTIATE_TEST_SUITE_P(AllGrids, EncodingTest, ::testing::Values("vti", "vtr", "vts", "vtu", "vtp"),
                          [](auto const& instance) { return instance.param; });
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

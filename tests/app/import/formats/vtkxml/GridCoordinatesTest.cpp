@@ -15,7 +15,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 using ::testing::HasSubstr;
 
@@ -249,4 +249,4 @@ TEST(XmlArrayList, DoesNotMixUpSectionsThatAreEmpty)
     EXPECT_EQ(list.coordinates()[0].values, 6);
 }
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

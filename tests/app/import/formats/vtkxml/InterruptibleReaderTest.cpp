@@ -17,7 +17,7 @@
 #include <sstream>
 #include <string>
 
-using namespace veldraw;
+namespace veldraw::tests {
 
 namespace {
 
@@ -114,7 +114,7 @@ TEST(TextImport, HearsACancelWithinAnArray)
     vtkNew<vtkImageData> image;
     image->SetDimensions(points, 1, 1);
     image->GetPointData()->AddArray(values);
-    test::TemporaryFolder const folder;
+    TemporaryFolder const folder;
     std::string const path = folder.path("text.vti");
     vtkNew<vtkXMLImageDataWriter> writer;
     writer->SetFileName(path.c_str());
@@ -125,7 +125,7 @@ TEST(TextImport, HearsACancelWithinAnArray)
     for (bool isDone = false; !isDone && last < 100; ++last) {
         int calls = 0;
         try {
-            test::WatchedProgress progress([&](double) { return ++calls <= last; });
+            WatchedProgress progress([&](double) { return ++calls <= last; });
             app::importFile(QString::fromStdString(path), app::Deferral::Auto, progress);
             isDone = true;
         } catch (kernel::Interrupted const&) {
@@ -135,3 +135,5 @@ TEST(TextImport, HearsACancelWithinAnArray)
     EXPECT_GT(last, 6);
     EXPECT_LT(last, 100);
 }
+
+} // namespace veldraw::tests

@@ -22,10 +22,6 @@ endfunction()
 
 # veldraw_compile_in_batches(NAME): all sources of the tree that have no options of their own.
 function(veldraw_compile_in_batches name)
-  get_target_property(one_by_one ${name} VELDRAW_ONE_BY_ONE)
-  if(one_by_one)
-    return()
-  endif()
   get_target_property(sources ${name} SOURCES)
   set(batched "")
   foreach(source IN LISTS sources)

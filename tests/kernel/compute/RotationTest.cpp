@@ -1,8 +1,9 @@
 #include "kernel/compute/Rotation.h"
 
+#include "tests/support/SpecialNumbers.h"
+
 #include <cmath>
 #include <gtest/gtest.h>
-#include <limits>
 #include <random>
 
 namespace veldraw::tests {
@@ -10,9 +11,6 @@ namespace veldraw::tests {
 using namespace kernel;
 
 namespace {
-
-constexpr double inf = std::numeric_limits<double>::infinity();
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
 std::array<double, 3> turned(Rotation const& rotation, std::array<double, 3> const& vector)
 {
@@ -65,9 +63,9 @@ TEST(AxisOfRotation, IsValidWithFiniteNumbersAndADirection)
     EXPECT_TRUE(isValid({1, 2, 3}, {0, 0, -1e-300}));
     EXPECT_FALSE(isValid({1, 2, 3}, {0, 0, 0}));
     EXPECT_FALSE(isValid({1, 2, 3}, {0, notANumber, 1}));
-    EXPECT_FALSE(isValid({1, 2, 3}, {inf, 0, 1}));
+    EXPECT_FALSE(isValid({1, 2, 3}, {infinity, 0, 1}));
     EXPECT_FALSE(isValid({1, notANumber, 3}, {0, 0, 1}));
-    EXPECT_FALSE(isValid({-inf, 2, 3}, {0, 0, 1}));
+    EXPECT_FALSE(isValid({-infinity, 2, 3}, {0, 0, 1}));
 }
 
 TEST(Rotation, IsRightHanded)

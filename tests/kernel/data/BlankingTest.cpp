@@ -45,7 +45,7 @@ void blank(Zone& zone, std::vector<int> const& ofPoints, std::vector<int> const&
 }
 
 /// Cells over a list of corners that lives as long as the object.
-std::shared_ptr<Connectivity const> cellsOf(std::vector<std::vector<std::int64_t>> const& corners)
+std::shared_ptr<Connectivity const> meshOf(std::vector<std::vector<std::int64_t>> const& corners)
 {
     struct Lists
     {
@@ -102,7 +102,7 @@ TEST(Blanking, KeepsAVisiblePointAmongHiddenOnes)
 TEST(Blanking, FollowsTheCornersOfElements)
 {
     Zone zone("z", ZoneType_FETriangle, 6, 3, 0);
-    zone.connectivity = cellsOf({{0, 1, 2}, {1, 2, 3}, {3, 2, 4}});
+    zone.connectivity = meshOf({{0, 1, 2}, {1, 2, 3}, {3, 2, 4}});
     blank(zone, {0, 0, 0, 0, 2, 0}, {32, 0, 0});
     EXPECT_EQ(hiddenOf(zone, ValueLocation_Nodal), "0 4") << "point 5 has no cell at all";
     EXPECT_EQ(hiddenOf(zone, ValueLocation_CellCentered), "0 2");

@@ -23,15 +23,14 @@
 namespace veldraw::tests {
 
 using namespace kernel;
+using sample::aboutZ;
 using sample::Loader;
+using sample::noVector;
 using sample::values;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace {
-
-SpatialVariables const inSpace{{1, 2, 3}, {}, true, false};
-RotationAxis const aboutZ{};
 
 /// The two planes with X of both zones and the shared P not loaded. Nothing of the deferred variables is shown.
 class LoadOnDemand : public SessionFixture
@@ -335,13 +334,13 @@ TEST_F(LoadOnDemand, MakesRoomForAnOperationButNotOfWhatItNeeds)
             }
         };
         if (operation == 0) {
-            EXPECT_TRUE(session.perform(RotateZones(*dataSet, {1, 2}, inSpace, aboutZ, 90)));
+            EXPECT_TRUE(session.perform(RotateZones(*dataSet, {1, 2}, noVector, aboutZ, 90)));
             EXPECT_EQ(values(*dataSet, 1, 2), (std::vector<double>{0, 1, 2, 0, 1, 2}));
             EXPECT_EQ(values(*dataSet, 2, 2), (std::vector<double>{3, 4, 5, 3, 4, 5}));
             dataSet->zone(1)->fields[1] = sample::field({0, 0, 0, 1, 1, 1});
             dataSet->zone(2)->fields[1] = sample::field({0, 0, 0, 1, 1, 1});
         } else if (operation == 1) {
-            EXPECT_TRUE(session.perform(DuplicateZonesAxially(*dataSet, {1, 2}, inSpace, aboutZ, {90, 0, 1, false})));
+            EXPECT_TRUE(session.perform(DuplicateZonesAxially(*dataSet, {1, 2}, noVector, aboutZ, {90, 0, 1, false})));
             EXPECT_EQ(dataSet->zoneCount(), 4) << "not twice as many copies";
         } else {
             EXPECT_TRUE(session.perform(MirrorZones(frame->id, {1, 2}, 'X')));
@@ -367,7 +366,7 @@ TEST_F(LoadOnDemand, MakesCopiesOnceWhereverMemoryIsRefused)
         {
             AllocationFailure const failure(request);
             isTurned = refusedWithoutMemory(session, [&] {
-                return session.perform(DuplicateZonesAxially(*dataSet, zones, inSpace, aboutZ, {90, 0, 2, false}));
+                return session.perform(DuplicateZonesAxially(*dataSet, zones, noVector, aboutZ, {90, 0, 2, false}));
             });
             happened = failure.hasHappened();
         }
@@ -599,7 +598,7 @@ TEST_F(LoadOnDemand, RemembersAComputedRangeAfterAnUnload)
 
 TEST_F(LoadOnDemand, LoadsWhatARotationNeedsWithinIt)
 {
-    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {1}, inSpace, aboutZ, 90)));
+    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {1}, noVector, aboutZ, 90)));
     EXPECT_EQ(values(*dataSet, 1, 2), (std::vector<double>{0, 1, 2, 0, 1, 2}));
     EXPECT_THAT(recorder.take(), ElementsAre("0 zones 1 variables 1 2", "21 zones 1 variables 1"));
     EXPECT_FALSE(field(2, 1).isLoaded());
@@ -614,11 +613,11 @@ TEST_F(LoadOnDemand, LoadsWhatARotationNeedsWithinIt)
 TEST_F(LoadOnDemand, LoadsNothingForARotationThatFails)
 {
     x2->before = [](Progress&) { throw std::runtime_error("The file has gone."); };
-    expectRefused([&] { return session.perform(RotateZones(*dataSet, {1, 2}, inSpace, aboutZ, 90)); });
+    expectRefused([&] { return session.perform(RotateZones(*dataSet, {1, 2}, noVector, aboutZ, 90)); });
     EXPECT_FALSE(field(1, 1).isLoaded());
     dataSet->zone(1)->fields[1] = sample::field({1, 2}); // not at the places of X
     x2->before = nullptr;
-    expectRefused([&] { return session.perform(RotateZones(*dataSet, {1, 2}, inSpace, aboutZ, 90)); });
+    expectRefused([&] { return session.perform(RotateZones(*dataSet, {1, 2}, noVector, aboutZ, 90)); });
     EXPECT_FALSE(field(1, 1).isLoaded());
 }
 
@@ -630,7 +629,7 @@ TEST_F(LoadOnDemand, LoadsForMirrorsAndTurnedCopies)
     EXPECT_EQ(values(*dataSet, 3, 1), (std::vector<double>{0, -1, -2, 0, -1, -2}));
     EXPECT_FALSE(field(3, 4).isLoaded()) << "what is shared stays out of memory";
     EXPECT_EQ(field(3, 4).group(), field(1, 4).group());
-    ASSERT_TRUE(session.perform(DuplicateZonesAxially(*dataSet, {2}, inSpace, aboutZ, {90, 0, 1, true})));
+    ASSERT_TRUE(session.perform(DuplicateZonesAxially(*dataSet, {2}, noVector, aboutZ, {90, 0, 1, true})));
     EXPECT_EQ(values(*dataSet, 4, 2), (std::vector<double>{3, 4, 5, 3, 4, 5}));
     EXPECT_TRUE(available({4}, {4}));
     EXPECT_TRUE(field(1, 4).isLoaded());

@@ -2,8 +2,8 @@
 #include "kernel/operations/LoadVariables.h"
 #include "tests/kernel/data/EditFixture.h"
 #include "tests/kernel/support/SampleLoader.h"
+#include "tests/support/SpecialNumbers.h"
 
-#include <limits>
 #include <map>
 #include <random>
 #include <set>
@@ -13,9 +13,6 @@ namespace veldraw::tests {
 using namespace kernel;
 
 namespace {
-
-constexpr double infinity = std::numeric_limits<double>::infinity();
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
 TEST_F(EditValue, KeepsTheRangeRightWhateverIsWritten)
 {

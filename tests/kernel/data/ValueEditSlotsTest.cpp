@@ -8,7 +8,7 @@ using namespace kernel;
 
 namespace {
 
-struct Shape
+struct Size
 {
     std::int64_t i;
     std::int64_t j;
@@ -16,7 +16,7 @@ struct Shape
 };
 
 /// One slot for each point of a zone of this shape.
-class EditableSlots : public testing::TestWithParam<Shape>
+class EditableSlots : public testing::TestWithParam<Size>
 {
 protected:
     static constexpr std::int64_t spare = 7; // more slots than the zone has
@@ -70,8 +70,8 @@ TEST_P(EditableSlots, AtPointsAreAll)
 }
 
 INSTANTIATE_TEST_SUITE_P(Shapes, EditableSlots,
-                         testing::Values(Shape{1, 1, 1}, Shape{4, 1, 1}, Shape{1, 4, 1}, Shape{1, 1, 4}, Shape{3, 2, 1},
-                                         Shape{3, 1, 2}, Shape{1, 3, 2}, Shape{2, 2, 2}, Shape{4, 3, 3}));
+                         testing::Values(Size{1, 1, 1}, Size{4, 1, 1}, Size{1, 4, 1}, Size{1, 1, 4}, Size{3, 2, 1},
+                                         Size{3, 1, 2}, Size{1, 3, 2}, Size{2, 2, 2}, Size{4, 3, 3}));
 
 TEST(EditableSlotsOfElements, AreAllOfThem)
 {

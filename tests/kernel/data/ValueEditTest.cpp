@@ -11,6 +11,7 @@
 #include "tests/kernel/support/SampleLoader.h"
 #include "tests/kernel/support/SpatialData.h"
 #include "tests/support/AllocationFailure.h"
+#include "tests/support/SpecialNumbers.h"
 
 #include <cmath>
 #include <cstring>
@@ -24,9 +25,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace {
-
-constexpr double infinity = std::numeric_limits<double>::infinity();
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
 TEST_F(EditValue, StoresTheValueAndTakesItBack)
 {

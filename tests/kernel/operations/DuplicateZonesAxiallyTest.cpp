@@ -6,11 +6,11 @@
 #include "kernel/operations/RotateZones.h"
 #include "platform/vdsdkbase/VelUtil.h"
 #include "tests/kernel/support/SpatialFixture.h"
+#include "tests/support/SpecialNumbers.h"
 #include "tests/support/WriteValue.h"
 
 #include <climits>
 #include <cmath>
-#include <limits>
 #include <set>
 
 namespace veldraw::tests {
@@ -201,8 +201,6 @@ TEST_F(DuplicateAxially, TurnsInThePlane)
 
 TEST_F(DuplicateAxially, RefusesWhatDoesNotFit)
 {
-    double const inf = std::numeric_limits<double>::infinity();
-    double const notANumber = std::numeric_limits<double>::quiet_NaN();
     auto const refused = [&](NumberSet const& zones, AxialCopies const& copies, RotationAxis const& axis = aboutZ) {
         expectRefused([&] { return duplicate(zones, copies, axis); });
     };
@@ -211,7 +209,7 @@ TEST_F(DuplicateAxially, RefusesWhatDoesNotFit)
     refused({1}, {30, 0, 0, true});
     refused({1}, {30, 0, -5, true});
     refused({1}, {notANumber, 0, 1, true});
-    refused({1}, {30, inf, 1, true});
+    refused({1}, {30, infinity, 1, true});
     refused({1}, {30, 0, INT_MAX, true});
     EXPECT_EQ(session.lastError(), "There would be too many zones.");
     refused({1}, {30, 0, 1, true}, {{}, {0, 0, 0}});

@@ -17,7 +17,7 @@ using sample::slanting;
 
 namespace {
 
-using Point = std::array<long double, 3>;
+using ExactPoint = std::array<long double, 3>;
 
 /// How the values of a variable lie in memory.
 struct Layout
@@ -71,18 +71,18 @@ protected:
 };
 
 /// The rotation by the formula of Rodrigues.
-Point turned(Point const& point, RotationAxis const& axis, long double degrees)
+ExactPoint turned(ExactPoint const& point, RotationAxis const& axis, long double degrees)
 {
     long double const angle = degrees * std::acos(-1.0L) / 180;
-    Point k{axis.direction[0], axis.direction[1], axis.direction[2]};
+    ExactPoint k{axis.direction[0], axis.direction[1], axis.direction[2]};
     long double const length = std::sqrt(k[0] * k[0] + k[1] * k[1] + k[2] * k[2]);
-    Point v;
+    ExactPoint v;
     for (std::size_t at = 0; at < 3; ++at) {
         k[at] /= length;
         v[at] = point[at] - axis.origin[at];
     }
     long double const along = (k[0] * v[0] + k[1] * v[1] + k[2] * v[2]) * (1 - std::cos(angle));
-    Point result;
+    ExactPoint result;
     for (std::size_t at = 0; at < 3; ++at) {
         std::size_t const next = (at + 1) % 3;
         std::size_t const last = (at + 2) % 3;
@@ -118,12 +118,12 @@ TEST_F(ManyPoints, AreTurnedOneByOne)
                 int const zone = addZone(size, layouts);
                 ASSERT_TRUE(session.perform(RotateZones(*dataSet, {zone}, noVector, axis, 33.0)));
                 for (std::int64_t point = 0; point < size; ++point) {
-                    Point before;
+                    ExactPoint before;
                     for (int variable = 1; variable <= 3; ++variable) {
                         auto const place = static_cast<std::size_t>(variable - 1);
                         before[place] = plainNumber(point, variable, layouts[place].type);
                     }
-                    Point const expected = turned(before, axis, 33.0L);
+                    ExactPoint const expected = turned(before, axis, 33.0L);
                     for (int variable = 1; variable <= 3; ++variable) {
                         long double const wanted = expected[static_cast<std::size_t>(variable - 1)];
                         bool const isDouble = field(zone, variable).type() == FieldDataType_Double;

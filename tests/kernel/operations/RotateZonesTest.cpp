@@ -6,10 +6,10 @@
 #include "platform/vdsdkbase/VelUtil.h"
 #include "tests/kernel/support/SampleLoader.h"
 #include "tests/kernel/support/SpatialFixture.h"
+#include "tests/support/SpecialNumbers.h"
 
 #include <climits>
 #include <cmath>
-#include <limits>
 
 namespace veldraw::tests {
 
@@ -24,9 +24,6 @@ using sample::values;
 using testing::ElementsAre;
 
 namespace {
-
-constexpr double inf = std::numeric_limits<double>::infinity();
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
 class RotateZonesTest : public SpatialFixture
 {
@@ -401,23 +398,23 @@ TEST_F(RotateZonesTest, RefusesAVectorThatIsThePositionButForOneComponent)
 TEST_F(RotateZonesTest, LeavesPointsThatAreNotFiniteAsTheyAre)
 {
     auto zone = std::make_shared<Zone>("strange", ZoneType_Ordered, 4, 1, 1);
-    zone->fields = {sample::field({1, notANumber, inf, 2}), sample::field({0, 5, 6, -inf}),
+    zone->fields = {sample::field({1, notANumber, infinity, 2}), sample::field({0, 5, 6, -infinity}),
                     sample::field({7, notANumber, 8, 9})};
     dataSet->addZone(zone);
     ASSERT_TRUE(session.perform(RotateZones(*dataSet, {2}, noVector, aboutZ, 90)));
     std::vector<double> const x = values(*dataSet, 2, 1);
     EXPECT_EQ(x[0], 0);
     EXPECT_TRUE(std::isnan(x[1]));
-    EXPECT_EQ(x[2], inf);
+    EXPECT_EQ(x[2], infinity);
     EXPECT_EQ(x[3], 2);
-    EXPECT_THAT(values(*dataSet, 2, 2), ElementsAre(1, 5, 6, -inf));
+    EXPECT_THAT(values(*dataSet, 2, 2), ElementsAre(1, 5, 6, -infinity));
 }
 
 TEST_F(RotateZonesTest, LeavesPointsAsTheyAreWhicheverCoordinateIsNotFinite)
 {
     for (int strange = 1; strange <= 3; ++strange) {
         int const zone = addPoint(1, 2, 3);
-        field(zone, strange) = sample::field({-inf});
+        field(zone, strange) = sample::field({-infinity});
         std::vector<double> const before = point(zone);
         ASSERT_TRUE(session.perform(RotateZones(*dataSet, {zone}, noVector, slanting, 90)));
         EXPECT_EQ(point(zone), before) << strange;
@@ -465,9 +462,9 @@ TEST_F(RotateZonesTest, RefusesWhatDoesNotFit)
     refused({1}, {{1, 2, 3}, {4, 5, 0}, true, true}, aboutZ, 30);
     refused({1}, inSpace, {{}, {0, 0, 0}}, 30);
     refused({1}, inSpace, {{}, {0, notANumber, 1}}, 30);
-    refused({1}, inSpace, {{0, inf, 0}, {0, 0, 1}}, 30);
+    refused({1}, inSpace, {{0, infinity, 0}, {0, 0, 1}}, 30);
     refused({1}, inSpace, aboutZ, notANumber);
-    refused({1}, inSpace, aboutZ, -inf);
+    refused({1}, inSpace, aboutZ, -infinity);
     session.setLock(*dataSet, "somebody");
     recorder.take();
     refused({1}, inSpace, aboutZ, 30);

@@ -6,8 +6,8 @@
 #include "kernel/operations/RenameZone.h"
 #include "kernel/operations/SetPlotType.h"
 #include "tests/kernel/support/SessionFixture.h"
+#include "tests/support/SpecialNumbers.h"
 
-#include <limits>
 #include <stdexcept>
 
 namespace veldraw::tests {
@@ -136,9 +136,8 @@ TEST_F(SessionOperations, CreateAFrameAndTakeItBack)
 
 TEST_F(SessionOperations, RefuseAFrameThatCannotBe)
 {
-    double const nan = std::numeric_limits<double>::quiet_NaN();
     expectRefused([&] { return session.createFrame("bad", {0, 0, -1, 1}) != nullptr; });
-    expectRefused([&] { return session.createFrame("bad", {nan, 0, 1, 1}) != nullptr; });
+    expectRefused([&] { return session.createFrame("bad", {notANumber, 0, 1, 1}) != nullptr; });
     expectRefused([&] { return session.perform(MoveFrame(frame->id, {0, 0, 1, -1})); });
     expectRefused([&] { return session.perform(MoveFrame(noFrame, {0, 0, 1, 1})); });
     expectRefused([&] { return session.perform(AddFrame(nullptr)); });

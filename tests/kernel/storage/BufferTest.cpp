@@ -1,5 +1,7 @@
 #include "kernel/storage/Buffer.h"
 
+#include "tests/support/SpecialNumbers.h"
+
 #include <cmath>
 #include <cstdint>
 #include <gtest/gtest.h>
@@ -131,7 +133,6 @@ TEST(Buffer, RoundsToTheNearestInteger)
 
 TEST(Buffer, CutsAtTheLimitsOfTheIntegerTypes)
 {
-    double const infinity = std::numeric_limits<double>::infinity();
     auto const expectLimits = [&](FieldDataType_e type, double lowest, double highest) {
         auto const buffer = Buffer::allocate(type, 4);
         buffer->setValue(0, -1e30);
@@ -150,16 +151,15 @@ TEST(Buffer, CutsAtTheLimitsOfTheIntegerTypes)
 
 TEST(Buffer, TurnsNotANumberIntoZeroWhereThereIsNone)
 {
-    double const nan = std::numeric_limits<double>::quiet_NaN();
     for (FieldDataType_e const type :
          {FieldDataType_Int32, FieldDataType_Int16, FieldDataType_Byte, FieldDataType_Bit}) {
         auto const buffer = Buffer::allocate(type, 1);
         buffer->setValue(0, 1.0);
-        buffer->setValue(0, nan);
+        buffer->setValue(0, notANumber);
         EXPECT_EQ(buffer->value(0), 0.0);
     }
     auto const floats = Buffer::allocate(FieldDataType_Float, 1);
-    floats->setValue(0, nan);
+    floats->setValue(0, notANumber);
     EXPECT_TRUE(std::isnan(floats->value(0)));
 }
 

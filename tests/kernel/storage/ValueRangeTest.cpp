@@ -1,6 +1,7 @@
 #include "kernel/base/Parallel.h"
 #include "kernel/storage/RangeOfParts.h"
 #include "tests/kernel/support/SampleData.h"
+#include "tests/support/SpecialNumbers.h"
 
 #include <atomic>
 #include <gtest/gtest.h>
@@ -13,9 +14,6 @@ namespace veldraw::tests {
 using namespace kernel;
 
 namespace {
-
-double const notANumber = std::numeric_limits<double>::quiet_NaN();
-double const infinity = std::numeric_limits<double>::infinity();
 
 ValueRange rangeOf(std::vector<double> const& values, FieldDataType_e type = FieldDataType_Double)
 {

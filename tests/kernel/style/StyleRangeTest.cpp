@@ -1,6 +1,7 @@
 #include "kernel/style/StyleRange.h"
 
 #include "kernel/base/Text.h"
+#include "tests/support/SpecialNumbers.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -13,7 +14,6 @@ using kernel::StyleRange;
 
 namespace {
 
-constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr long long maxWhole = std::numeric_limits<long long>::max();
 
 } // namespace

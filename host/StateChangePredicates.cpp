@@ -26,11 +26,13 @@ bool isStyleChange(StateChangeEventInterface const& event, std::initializer_list
 
 bool isDataRelatedStateChange(StateChangeEventInterface const& event)
 {
-    return isOneOf(event, {StateChange_ValuesAltered, StateChange_VariablesAdded, StateChange_VariablesDeleted,
+    // Another frame shows other data.
+    return isNewActiveFrameStateChange(event) ||
+           isOneOf(event, {StateChange_ValuesAltered, StateChange_VariablesAdded, StateChange_VariablesDeleted,
                            StateChange_VariablesEnabled, StateChange_ZonesAdded, StateChange_ZonesDeleted,
                            StateChange_ZonesEnabled, StateChange_FrameDataSet, StateChange_VariablesRenamed,
                            StateChange_ZonesRenamed, StateChange_VariablesLoaded, StateChange_SharingChanged,
-                           StateChange_ZoneMetricsLoaded, StateChange_StateRestored});
+                           StateChange_ZoneMetricsLoaded});
 }
 
 bool isZoneStateChange(StateChangeEventInterface const& event)

@@ -10,7 +10,7 @@ namespace veldraw::sdk::ui::common {
 
 using toolbox::StateChangeEventInterface;
 
-/// Values, variables, zones, a frame's data set or a restored state.
+/// Values, variables, zones, a frame's data set, or another active frame with its data.
 VELDRAW_PLATFORM_API bool isDataRelatedStateChange(StateChangeEventInterface const& event);
 
 /// Zones added, deleted, enabled, restructured, renamed, or with metrics that have become known.

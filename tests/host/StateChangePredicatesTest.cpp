@@ -68,7 +68,7 @@ INSTANTIATE_TEST_SUITE_P(
             isFieldStyleStateChange,
             {},
             {"ActiveFieldMaps", "ActiveFieldZones", "FieldMap", "FieldLayers"}},
-        Row{"dataRelated", isDataRelatedStateChange, {0, 1, 2, 3, 4, 5, 6, 12, 17, 18, 21, 22, 23, 24}, {}},
+        Row{"dataRelated", isDataRelatedStateChange, {0, 1, 2, 3, 4, 5, 6, 10, 12, 16, 17, 18, 21, 22, 23, 24}, {}},
         Row{"engine", engineStateChanged, {1, 2, 3, 4, 5, 6, 8, 9, 10, 12, 16, 17, 18, 21, 23, 24}, {"PlotType"}}),
     [](auto const& row) { return std::string(row.param.name); });
 

@@ -1,6 +1,7 @@
 #include "tools/samples/FlowSample.h"
 #include "tools/samples/LargeGrid.h"
 #include "tools/samples/MeshSamples.h"
+#include "tools/samples/RainfallSample.h"
 #include "tools/samples/SparseSamples.h"
 #include "tools/samples/TableSamples.h"
 #include "tools/samples/TransientSample.h"
@@ -21,6 +22,7 @@ void writeAll(std::filesystem::path const& folder)
     writeTetrahedra((folder / "tetra.vtu").string());
     writeTriangles((folder / "triangles.vtu").string());
     writeTransient((folder / "transient.vtm").string());
+    writeRainfall((folder / "rainfall.vtm").string());
     writeTimeSeries((folder / "timeseries.csv").string());
     writeScatter((folder / "scatter.csv").string());
 }

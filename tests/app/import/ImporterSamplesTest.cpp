@@ -2,6 +2,7 @@
 #include "tools/samples/FlowSample.h"
 #include "tools/samples/LargeGrid.h"
 #include "tools/samples/MeshSamples.h"
+#include "tools/samples/RainfallSample.h"
 #include "tools/samples/TableSamples.h"
 #include "tools/samples/TransientSample.h"
 
@@ -81,6 +82,20 @@ TEST(Samples, TransientHasTwoStrandsOfSixSteps)
     EXPECT_EQ(strands.count(1), 6U);
     EXPECT_EQ(strands.count(2), 6U);
     EXPECT_EQ(times, (std::set<double>{0.0, 0.5, 1.0, 1.5, 2.0, 2.5}));
+}
+
+TEST(Samples, RainfallIsKnownEverywhereButOnTheMap)
+{
+    auto const data = sample(&samples::writeRainfall, "rainfall.vtm").dataSet;
+    ASSERT_EQ(data->zoneCount(), 3);
+    EXPECT_EQ(data->zone(1)->name, "Gauges");
+    EXPECT_EQ(data->zone(2)->name, "Forecast");
+    EXPECT_EQ(data->zone(3)->name, "Map");
+    int const rainfall = data->findVariable("rainfall");
+    ASSERT_GT(rainfall, 0);
+    EXPECT_FALSE(data->field(1, rainfall)->isPassive());
+    EXPECT_FALSE(data->field(2, rainfall)->isPassive());
+    EXPECT_TRUE(data->field(3, rainfall)->isPassive());
 }
 
 TEST(Samples, TablesHaveATimeSeriesAndScatteredPoints)

@@ -80,9 +80,12 @@ GetValueReturnCode_e getStyleValue(ArgList_s const* list) noexcept
         if (!number) {
             return GetValueReturnCode_Unknown;
         }
-        storeAt(list->arguments.intValue(styleArgument::whole), number->whole);
-        storeAt(list->arguments.intValue(styleArgument::real), number->real);
-        return GetValueReturnCode_Ok;
+        std::optional<long long> const whole = list->arguments.intValue(styleArgument::whole);
+        std::optional<long long> const real = list->arguments.intValue(styleArgument::real);
+        storeAt(whole, number->whole);
+        storeAt(real, number->real);
+        // Who gave no place for the value has not got it.
+        return whole || real ? GetValueReturnCode_Ok : GetValueReturnCode_Unknown;
     });
 }
 

@@ -202,6 +202,25 @@ TEST_F(StyleValueTest, NeverWritesSomewhereElseWhenMemoryFailsHalfWay)
     EXPECT_EQ(number, 5);
 }
 
+TEST_F(StyleValueTest, NeverAnswersWithAValueThatItHasNotReadWhenMemoryFailsHalfWay)
+{
+    int appends = 0;
+    {
+        KernelSpy const spy;
+        double number = 0.0;
+        exponent.getValue(number);
+        appends = spy.count("VelUtilArgListAppendInt");
+        ASSERT_GE(appends, 7);
+    }
+    for (int n = 1; n <= appends; ++n) {
+        KernelSpy spy;
+        double number = 5.0;
+        spy.failNext("VelUtilArgListAppendInt", n);
+        EXPECT_EQ(exponent.getValue(number), GetValueReturnCode_Unknown) << n;
+        EXPECT_EQ(number, 5.0) << n;
+    }
+}
+
 TEST_F(StyleValueTest, KnowsPlainAssignmentOnly)
 {
     toolbox::ArgList list;

@@ -14,6 +14,12 @@
 
 namespace veldraw::tests {
 
+namespace {
+
+constexpr int patience = 10000; // milliseconds
+
+} // namespace
+
 PlotTestPage::PlotTestPage(std::vector<std::shared_ptr<kernel::Frame>> frames, QSize size)
 {
     if (frames.empty())
@@ -32,7 +38,8 @@ PlotTestPage::~PlotTestPage() = default;
 
 void PlotTestPage::settle()
 {
-    QTest::qWait(30);
+    QGuiApplication::sync();
+    QCoreApplication::processEvents(QEventLoop::AllEvents, patience);
 }
 
 app::FieldView& PlotTestPage::field(std::size_t index)
@@ -47,7 +54,6 @@ app::LineView& PlotTestPage::lines(std::size_t index)
 
 QImage PlotTestPage::picture(std::string const& name)
 {
-    settle();
     QImage const image = m_view->grabImage();
     if (!name.empty())
         save(image, name);
@@ -108,10 +114,12 @@ namespace {
 template <typename Predicate>
 int count(QImage const& image, Predicate predicate)
 {
+    QImage const plain = image.convertToFormat(QImage::Format_RGB32);
     int pixels = 0;
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x)
-            pixels += predicate(image.pixel(x, y)) ? 1 : 0;
+    for (int y = 0; y < plain.height(); ++y) {
+        auto const* const row = reinterpret_cast<QRgb const*>(plain.constScanLine(y));
+        pixels += static_cast<int>(std::count_if(row, row + plain.width(), predicate));
+    }
     return pixels;
 }
 

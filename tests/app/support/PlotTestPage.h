@@ -27,7 +27,7 @@ public:
     app::FieldView& field(std::size_t index = 0);
     app::LineView& lines(std::size_t index = 0);
 
-    /// Lets the event loop run until the picture is up to date, then takes it.
+    /// The picture when it is up to date, which it need not be yet on the screen.
     /// @param name also saved under this name for the eye
     QImage picture(std::string const& name = {});
 
@@ -46,6 +46,7 @@ public:
               Qt::KeyboardModifiers modifiers = {});
     void wheel(QPoint const& position, int notches);
 
+    /// Lets the event loop run until the display has told all it has and nothing is left to do; work aside may go on.
     static void settle();
 
     /// Pixels that are neither white nor any grey.

@@ -3,7 +3,7 @@
 
 usage: check_architecture.py ROOT
 
-Also checked: platform/vdsdkbase declares exactly 101 kernel functions, each once; a header that declares classes and no
+Also checked: platform/vdsdkbase declares as many kernel functions as are stated below, each once; a header that declares classes and no
 functions is named as one of its classes.
 """
 import pathlib

@@ -175,13 +175,14 @@ class KernelFunctions(unittest.TestCase):
     def problems(self, text):
         return list(check_architecture.check_kernel_functions({'platform/vdsdkbase/VelUtilTest.h': text}))
 
-    def test_are_exactly_101(self):
-        self.assertEqual(self.problems(self.declarations(101)), [])
-        self.assertEqual(len(self.problems(self.declarations(100))), 1)
-        self.assertEqual(len(self.problems(self.declarations(102))), 1)
+    def test_are_as_many_as_is_stated(self):
+        count = check_architecture.KERNEL_FUNCTIONS
+        self.assertEqual(self.problems(self.declarations(count)), [])
+        self.assertEqual(len(self.problems(self.declarations(count - 1))), 1)
+        self.assertEqual(len(self.problems(self.declarations(count + 1))), 1)
 
     def test_are_declared_once(self):
-        twice = self.declarations(101) + 'int VelUtilF0(int a, int b);\n'
+        twice = self.declarations(check_architecture.KERNEL_FUNCTIONS) + 'int VelUtilF0(int a, int b);\n'
         self.assertEqual(len(self.problems(twice)), 1)
 
 

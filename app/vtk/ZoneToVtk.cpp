@@ -1,6 +1,7 @@
 #include "app/vtk/ZoneToVtk.h"
 
 #include "app/vtk/CellShapes.h"
+#include "app/vtk/DataTypes.h"
 #include "app/vtk/JoinedArray.h"
 #include "app/vtk/OrderedCells.h"
 #include "app/vtk/PointsOfAxes.h"
@@ -80,6 +81,25 @@ vtkSmartPointer<vtkDataSet> gridOfOrdered(kernel::Zone const& zone)
     return grid;
 }
 
+FieldDataType_e commonTypeOf(std::vector<kernel::Field const*> const& fields)
+{
+    FieldDataType_e type = fields.front()->type();
+    for (kernel::Field const* const field : fields)
+        type = commonType(type, field->type());
+    return type;
+}
+
+std::shared_ptr<kernel::Buffer const> converted(std::shared_ptr<kernel::Buffer const> const& values,
+                                                FieldDataType_e type)
+{
+    if (values->type() == type)
+        return values;
+    auto const result = kernel::Buffer::allocate(type, values->size());
+    for (std::int64_t n = 0; n < values->size(); ++n)
+        result->setValue(n, values->value(n));
+    return result;
+}
+
 std::string uniqueName(vtkDataSet& grid, std::string const& name)
 {
     std::string result = name;
@@ -97,15 +117,16 @@ vtkSmartPointer<vtkDataArray> vtkArrayOfFields(kernel::Zone const& zone,
     bool const orderedCells = zone.isOrdered() && location == ValueLocation_CellCentered;
     OrderedCells const cells(zone);
     std::int64_t const count = orderedCells ? cells.count() : zone.valueCount(location);
+    FieldDataType_e const type = commonTypeOf(fields);
     std::vector<std::shared_ptr<kernel::Buffer const>> components;
     for (kernel::Field const* const field : fields) {
         if (!field->isLoaded())
             throw std::logic_error("the values of \"" + name + "\" are not loaded");
         std::shared_ptr<kernel::Buffer const> values =
-            field->isPassive() ? kernel::Buffer::allocate(field->type(), count) : field->group()->buffer();
+            field->isPassive() ? kernel::Buffer::allocate(type, count) : field->group()->buffer();
         if (orderedCells && !field->isPassive() && !(cells.isPrefix() && values->isContiguous()))
             values = cells.compact(*values);
-        components.push_back(std::move(values));
+        components.push_back(converted(values, type));
     }
     auto array = joinedArray(components, count);
     array->SetName(name.c_str());

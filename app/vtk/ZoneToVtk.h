@@ -32,8 +32,8 @@ vtkSmartPointer<vtkDataSet> vtkDataSetOfZone(kernel::DataSet const& dataSet, int
                                              std::vector<int> const& variables);
 
 /// The values of fields as the components of a VTK array called @p name: a tuple a point or a cell, without unused slots. Memory is
-/// shared as joinedArray() does it.
-/// @param fields at least one, all of one type and location; a passive one stands for zeros
+/// shared as joinedArray() does it; where types differ the array has the one that holds all values, and the others are copied.
+/// @param fields at least one, all of one location; a passive one stands for zeros
 /// @throws std::bad_alloc
 vtkSmartPointer<vtkDataArray>
 vtkArrayOfFields(kernel::Zone const& zone, std::vector<kernel::Field const*> const& fields, std::string const& name);

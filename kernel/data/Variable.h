@@ -32,7 +32,7 @@ struct Variable
     AuxiliaryData auxiliaryData;
 
     /// The array of which this variable is a component; null when it is none, or the only one of an array with the
-    /// variable's name. A variable that has been renamed since the import counts as none.
+    /// variable's name. When a zone is saved, a variable that was renamed since the import counts as none.
     std::shared_ptr<SourceArray const> sourceArray;
     int component = 0; ///< zero-based number of the component in sourceArray
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kernel/base/Identifier.h"
+#include "kernel/data/ActiveArray.h"
 #include "kernel/data/AuxiliaryData.h"
 #include "kernel/data/Blanking.h"
 #include "kernel/data/Connectivity.h"
@@ -78,6 +79,7 @@ struct Zone
     std::shared_ptr<Blanking const> blanking;         ///< null when no point and no cell is marked
     std::string
         fileFormat; ///< extension of the file that the zone came from, such as "vtp"; empty when it came from none
+    std::vector<ActiveArray> activeArrays; ///< as the file names them, to be named again when the zone is saved
     AuxiliaryData auxiliaryData;
     std::shared_ptr<DimensionsLoader> dimensionsLoader; ///< null when the dimensions are known from the start
     std::shared_ptr<std::set<UniqueId> const>

@@ -1,68 +1,119 @@
 #include "kernel/operations/UntransformedVectors.h"
 
 #include "kernel/base/Text.h"
+#include "kernel/data/ArrayComponents.h"
 
 #include <algorithm>
+#include <map>
 
 namespace veldraw::kernel {
 
 namespace {
 
-using Components = std::vector<int>; // one-based numbers
-
-bool isTransformed(Components const& components, NumberSet const& transformed, std::size_t dimensions)
+/// A vector or a tensor: the one-based numbers of its components, and what the user knows it by.
+struct Candidate
 {
-    auto const last =
-        components.size() == 3 ? components.begin() + static_cast<std::ptrdiff_t>(dimensions) : components.end();
-    return std::all_of(components.begin(), last, [&](int number) { return transformed.count(number) > 0; });
+    std::vector<int> components;
+    std::string name;
+};
+
+bool isTransformed(Candidate const& candidate, NumberSet const& transformed)
+{
+    return std::all_of(candidate.components.begin(), candidate.components.end(),
+                       [&](int number) { return transformed.count(number) > 0; });
 }
 
-/// Whether all components have values, which are no colours, in one of the zones.
-bool hasValues(DataSet const& dataSet, NumberSet const& zones, Components const& components)
+/// Whether a component has values, which are no colours, in one of the zones.
+bool hasValues(DataSet const& dataSet, NumberSet const& zones, Candidate const& candidate)
 {
     return std::any_of(zones.begin(), zones.end(), [&](int zone) {
-        return std::all_of(components.begin(), components.end(), [&](int number) {
+        return std::any_of(candidate.components.begin(), candidate.components.end(), [&](int number) {
             Field const& field = *dataSet.field(zone, number);
             return !field.isPassive() && field.type() != FieldDataType_Byte;
         });
     });
 }
 
-/// The components of the array that starts with this variable; none when it does not, or has not kept its names.
-Components arrayFrom(DataSet const& dataSet, int first)
+std::string namesOf(DataSet const& dataSet, std::vector<int> const& components)
 {
-    Variable const& variable = *dataSet.variable(first);
-    if (!variable.sourceArray || variable.component != 0) {
+    std::string text;
+    for (int const number : components) {
+        text += (text.empty() ? "" : ", ") + dataSet.variable(number)->name;
+    }
+    return text;
+}
+
+bool areNamedAsImported(DataSet const& dataSet, ArrayComponents const& array)
+{
+    return std::equal(
+        array.variables.begin(), array.variables.end(), array.array->variables.begin(),
+        [&](int number, std::string const& name) { return number != 0 && dataSet.variable(number)->name == name; });
+}
+
+/// What is left of an array; no components when it is neither a vector nor a tensor.
+Candidate candidateOf(DataSet const& dataSet, ArrayComponents const& array, std::size_t dimensions)
+{
+    std::size_t const count = array.variables.size();
+    if (count != 2 && count != 3 && count != 6 && count != 9) {
         return {};
     }
-    Components components;
-    for (std::string const& name : variable.sourceArray->variables) {
-        components.push_back(dataSet.findVariable(name));
+    Candidate candidate;
+    for (std::size_t component = 0; component < count; ++component) {
+        bool const counts = count != 3 || component < dimensions;
+        if (counts && array.variables[component] != 0) {
+            candidate.components.push_back(array.variables[component]);
+        }
     }
-    std::size_t const count = components.size();
-    bool const isWhole = std::count(components.begin(), components.end(), 0) == 0;
-    return isWhole && (count == 3 || count == 6 || count == 9) ? components : Components();
+    candidate.name = areNamedAsImported(dataSet, array) ? array.array->name : namesOf(dataSet, candidate.components);
+    return candidate;
+}
+
+/// Whether a variable is no component of an array of several.
+bool standsAlone(Variable const& variable)
+{
+    return !variable.sourceArray || variable.sourceArray->variables.size() == 1;
+}
+
+bool isCapital(char letter)
+{
+    return letter >= 'A' && letter <= 'Z';
+}
+
+bool isLetter(char letter)
+{
+    return isCapital(letter) || (letter >= 'a' && letter <= 'z');
+}
+
+/// Whether the letter at the start or end of a name is no part of a word: "v_x", "vx" and "velocityX", but not "max".
+bool isSetApart(std::string const& name, std::size_t place)
+{
+    if (name.size() <= 2) {
+        return true;
+    }
+    char const neighbour = name[place == 0 ? 1 : place - 1];
+    return !isLetter(neighbour) || isCapital(neighbour) != isCapital(name[place]);
 }
 
 /// Number of the variable called as @p name but for another letter at one place, 0 when there is none.
 int alike(DataSet const& dataSet, std::string name, std::size_t place, char letter)
 {
-    bool const isCapital = name[place] >= 'A' && name[place] <= 'Z';
-    name[place] = static_cast<char>(isCapital ? letter - 'a' + 'A' : letter);
+    name[place] = static_cast<char>(isCapital(name[place]) ? letter - 'a' + 'A' : letter);
     int const number = dataSet.findVariable(name);
-    return number != 0 && !dataSet.variable(number)->sourceArray ? number : 0;
+    return number != 0 && standsAlone(*dataSet.variable(number)) ? number : 0;
 }
 
-/// The variables that are called as if this one were the first component of a vector; none when there are no such.
-Components triadFrom(DataSet const& dataSet, int first)
+/// The variables that are called as if this one were the first component of a vector; none when there are no such. Two
+/// are enough where the letters that tell them apart cannot be a part of words.
+std::vector<int> componentsByName(DataSet const& dataSet, int first)
 {
     Variable const& variable = *dataSet.variable(first);
-    std::string const name = lowered(variable.name);
-    std::size_t const end = std::min(name.find_first_of(" [({"), name.size());
-    if (variable.sourceArray || end == 0) {
+    std::size_t const end = std::min(variable.name.find_first_of(" [({"), variable.name.size());
+    std::string const bare = variable.name.substr(0, end);
+    if (!standsAlone(variable) || end == 0) {
         return {};
     }
-    bool const isU = end == 1 && name[0] == 'u';
+    std::string const name = lowered(bare);
+    bool const isU = name == "u";
     for (std::size_t const place : {end - 1, std::size_t{0}}) {
         if (name[place] != (isU ? 'u' : 'x')) {
             continue;
@@ -72,17 +123,42 @@ Components triadFrom(DataSet const& dataSet, int first)
         if (second != 0 && third != 0) {
             return {first, second, third};
         }
+        if (second != 0 && isSetApart(bare, place)) {
+            return {first, second};
+        }
     }
     return {};
 }
 
-std::string namesOf(DataSet const& dataSet, Components const& components)
+Candidate candidateByName(DataSet const& dataSet, int first, std::size_t dimensions)
 {
-    std::string text;
-    for (int const number : components) {
-        text += (text.empty() ? "" : ", ") + dataSet.variable(number)->name;
+    std::vector<int> components = componentsByName(dataSet, first);
+    std::string name = namesOf(dataSet, components);
+    components.resize(std::min(components.size(), dimensions));
+    return {std::move(components), std::move(name)};
+}
+
+/// All of them, in the order of their first components.
+std::vector<Candidate> candidates(DataSet const& dataSet, std::size_t dimensions)
+{
+    std::map<int, Candidate> byFirst;
+    for (ArrayComponents const& array : componentsByArray(dataSet)) {
+        Candidate candidate = candidateOf(dataSet, array, dimensions);
+        if (!candidate.components.empty()) {
+            byFirst[candidate.components.front()] = std::move(candidate);
+        }
     }
-    return text;
+    for (int first = 1; first <= dataSet.variableCount(); ++first) {
+        Candidate candidate = candidateByName(dataSet, first, dimensions);
+        if (!candidate.components.empty()) {
+            byFirst[first] = std::move(candidate);
+        }
+    }
+    std::vector<Candidate> result;
+    for (auto& [first, candidate] : byFirst) {
+        result.push_back(std::move(candidate));
+    }
+    return result;
 }
 
 } // namespace
@@ -91,12 +167,9 @@ std::vector<std::string> untransformedVectors(DataSet const& dataSet, NumberSet 
                                               NumberSet const& transformed, std::size_t dimensions)
 {
     std::vector<std::string> names;
-    for (int first = 1; first <= dataSet.variableCount(); ++first) {
-        Components const array = arrayFrom(dataSet, first);
-        Components const components = array.empty() ? triadFrom(dataSet, first) : array;
-        if (!components.empty() && !isTransformed(components, transformed, dimensions) &&
-            hasValues(dataSet, zones, components)) {
-            names.push_back(array.empty() ? namesOf(dataSet, components) : dataSet.variable(first)->sourceArray->name);
+    for (Candidate const& candidate : candidates(dataSet, dimensions)) {
+        if (!isTransformed(candidate, transformed) && hasValues(dataSet, zones, candidate)) {
+            names.push_back(candidate.name);
         }
     }
     return names;

@@ -2,6 +2,8 @@
 
 #include "kernel/storage/Buffer.h"
 
+#include <vtkDataSetAttributes.h>
+
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
@@ -57,6 +59,17 @@ std::vector<std::string> componentNamesIn(XmlTags::Tag const& tag, int component
         isNamed = isNamed || !names.back().empty();
     }
     return isNamed ? names : std::vector<std::string>();
+}
+
+std::vector<std::pair<std::string, std::string>> activeArraysIn(XmlTags::Tag const& tag)
+{
+    std::vector<std::pair<std::string, std::string>> result;
+    for (int n = 0; n < vtkDataSetAttributes::NUM_ATTRIBUTES; ++n) {
+        char const* const purpose = vtkDataSetAttributes::GetAttributeTypeAsString(n);
+        if (std::string name = tag.text(purpose); !name.empty())
+            result.emplace_back(purpose, std::move(name));
+    }
+    return result;
 }
 
 // Counts beyond what a file could hold are no counts; whoever reads the file finds out.
@@ -120,6 +133,7 @@ void XmlArrayList::look(XmlTags::Tag const& tag)
         m_openTag.clear();
     } else if (tag.name[0] != '/' && tag.name != "InformationKey" && tag.name != "Value") {
         m_openTag = tag.name;
+        m_activeArrays = activeArraysIn(tag);
         if (!tag.text("WholeExtent").empty())
             m_wholeExtent = tag.text("WholeExtent");
     }
@@ -220,6 +234,10 @@ void XmlArrayList::lookAtArray(XmlTags::Tag const& tag, Section& section)
     array.components =
         static_cast<int>(std::clamp<std::int64_t>(asCount(tag.count("NumberOfComponents", 1.0)), 1, mostComponents));
     array.componentNames = componentNamesIn(tag, array.components);
+    for (auto const& [purpose, name] : m_activeArrays) {
+        if (name == array.name)
+            array.purposes.push_back(purpose);
+    }
     if (tag.text("format") == "appended")
         array.offset = asCount(tag.count("offset", 0.0));
     if (array.components == 1)

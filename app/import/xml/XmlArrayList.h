@@ -9,6 +9,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace veldraw::app {
@@ -23,6 +24,7 @@ public:
         std::optional<RawType> type; ///< none: no numbers that can be loaded later
         int components = 1;
         std::vector<std::string> componentNames; ///< empty where they have none
+        std::vector<std::string> purposes;       ///< for which its section names it, such as "Vectors"
         std::int64_t values = 0; ///< of all components in all pieces; 0 where the header does not say it
 
         /// Place of the first value in the file, in bytes; none unless all values stand there uncompressed, one after the other.
@@ -103,6 +105,7 @@ private:
     std::int64_t m_points = 0;
     std::int64_t m_cells = 0;
     std::string m_openTag;
+    std::vector<std::pair<std::string, std::string>> m_activeArrays; // of the open section: purpose and name
 };
 
 } // namespace veldraw::app

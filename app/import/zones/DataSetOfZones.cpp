@@ -73,8 +73,13 @@ std::shared_ptr<kernel::DataSet> dataSetOf(std::vector<ImportedZone> zones, std:
     for (ImportedZone& imported : zones) {
         assignArrays(*dataSet, imported);
         std::vector<kernel::Field> fields(positions.size());
-        for (ImportedZone::NamedField& field : imported.fields)
-            fields[positions.at(field.name)] = std::move(field.field);
+        for (ImportedZone::NamedField& field : imported.fields) {
+            std::size_t const position = positions.at(field.name);
+            for (std::string const& purpose : field.purposes)
+                imported.zone->activeArrays.push_back(
+                    {purpose, field.field.location(), dataSet->variables()[position]->id});
+            fields[position] = std::move(field.field);
+        }
         imported.zone->fields = std::move(fields);
         dataSet->addZone(imported.zone);
     }

@@ -14,11 +14,12 @@ void ImportedZone::addField(std::string const& name, kernel::Field field)
     std::string unique = wanted;
     for (int n = 2; isTaken(unique); ++n)
         unique = wanted + " (" + std::to_string(n) + ")";
-    fields.push_back({unique, std::move(field), nullptr, 0});
+    fields.push_back({unique, std::move(field), nullptr, 0, {}});
 }
 
 void ImportedZone::addArray(std::string const& name, std::vector<kernel::Field> components,
-                            std::vector<std::string> const& variables, std::vector<std::string> componentNames)
+                            std::vector<std::string> const& variables, std::vector<std::string> componentNames,
+                            std::vector<std::string> purposes)
 {
     auto const array = std::make_shared<kernel::SourceArray>();
     array->name = name;
@@ -30,6 +31,8 @@ void ImportedZone::addArray(std::string const& name, std::vector<kernel::Field> 
                  std::move(components[n]));
         array->variables.push_back(fields.back().name);
     }
+    if (count > 0)
+        fields[fields.size() - static_cast<std::size_t>(count)].purposes = std::move(purposes);
     bool const isItself = count == 1 && array->variables.front() == name && array->componentNames.empty();
     for (int component = 0; component < count && !name.empty() && !isItself; ++component) {
         NamedField& field = fields[fields.size() - components.size() + static_cast<std::size_t>(component)];

@@ -21,6 +21,7 @@ struct ImportedZone
         std::shared_ptr<kernel::SourceArray const>
             array; ///< that it is a component of; null where that is the field itself
         int component = 0;
+        std::vector<std::string> purposes; ///< of the array that starts with the field (see kernel::ActiveArray)
     };
 
     std::shared_ptr<kernel::Zone> zone;
@@ -34,8 +35,10 @@ struct ImportedZone
     /// Adds the components of an array that is called @p name.
     /// @param variables names that they are to have; another number of them than of components stands for the usual names
     /// @param componentNames as the file has them; empty where it has none
+    /// @param purposes for which the file names the array
     void addArray(std::string const& name, std::vector<kernel::Field> components,
-                  std::vector<std::string> const& variables, std::vector<std::string> componentNames);
+                  std::vector<std::string> const& variables, std::vector<std::string> componentNames,
+                  std::vector<std::string> purposes);
 };
 
 /// Name of the variable for one component of an array: "v" of one, "v_X", "v_Y", "v_Z" of up to three, else "v_1" and so on.

@@ -2,6 +2,7 @@
 #include "app/vtk/ZoneToVtk.h"
 #include "kernel/compute/Rotation.h"
 #include "kernel/operations/DeleteVariables.h"
+#include "kernel/operations/MirrorZones.h"
 #include "kernel/operations/RenameZone.h"
 #include "kernel/operations/RotateZones.h"
 #include "kernel/operations/SetValue.h"
@@ -16,6 +17,7 @@
 #include <vtkCellData.h>
 #include <vtkCellType.h>
 #include <vtkDoubleArray.h>
+#include <vtkFieldData.h>
 #include <vtkFloatArray.h>
 #include <vtkImageData.h>
 #include <vtkIntArray.h>
@@ -30,6 +32,7 @@
 #include <filesystem>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <map>
 #include <random>
 
 namespace veldraw::tests {
@@ -139,6 +142,29 @@ vtkSmartPointer<vtkDataSet> gridFor(std::string const& extension)
     return image;
 }
 
+/// Names and purposes of the arrays that a program is to show first.
+std::map<std::string, std::string> activeArraysOf(vtkDataSetAttributes& attributes)
+{
+    std::map<std::string, std::string> result;
+    for (int n = 0; n < vtkDataSetAttributes::NUM_ATTRIBUTES; ++n) {
+        if (vtkAbstractArray* const array = attributes.GetAbstractAttribute(n))
+            result[vtkDataSetAttributes::GetAttributeTypeAsString(n)] = array->GetName();
+    }
+    return result;
+}
+
+void nameActiveArrays(vtkDataSet& grid)
+{
+    grid.GetPointData()->SetActiveScalars("p");
+    grid.GetPointData()->SetActiveVectors("U");
+    grid.GetPointData()->SetActiveNormals("U");
+    grid.GetPointData()->SetActiveTensors("grad U");
+    grid.GetPointData()->SetActiveTCoords("pair");
+    grid.GetCellData()->SetActiveScalars("colour");
+    grid.GetCellData()->SetActiveGlobalIds("id");
+    grid.GetCellData()->SetActiveTensors("stress");
+}
+
 /// A session that shows what a file holds.
 struct OpenFile
 {
@@ -155,6 +181,16 @@ struct OpenFile
     std::shared_ptr<kernel::DataSet> data;
     kernel::Session session;
 };
+
+/// The coordinates of a file, and a vector by the name of its array.
+kernel::SpatialVariables vectorIn(OpenFile const& file, std::string const& vector)
+{
+    kernel::SpatialVariables variables;
+    variables.coordinates = {file.number("X"), file.number("Y"), file.number("Z")};
+    variables.vector = {file.number(vector + "_X"), file.number(vector + "_Y"), file.number(vector + "_Z")};
+    variables.hasVector = true;
+    return variables;
+}
 
 std::set<std::string> arraysOf(vtkDataSetAttributes& attributes)
 {
@@ -179,6 +215,72 @@ TEST(ArrayRoundTrip, GivesAnotherProgramTheArraysThatItGave)
             expectSameArrays(*grid, *readByVtk(folder.path("out." + extension)));
         }
     }
+}
+
+TEST(ArrayRoundTrip, NamesTheArraysThatAProgramIsToShowFirst)
+{
+    TemporaryFolder const folder;
+    for (std::string const extension : {"vtu", "vts", "vti", "vtp"}) {
+        auto const grid = gridFor(extension);
+        nameActiveArrays(*grid);
+        auto const ofPoints = activeArraysOf(*grid->GetPointData());
+        auto const ofCells = activeArraysOf(*grid->GetCellData());
+        ASSERT_EQ(ofPoints.size() + ofCells.size(), 7U);
+        writeXml(*grid, folder.path("in." + extension));
+        for (app::Deferral const deferral : {app::Deferral::Never, app::Deferral::Always}) {
+            SCOPED_TRACE(extension);
+            auto const data = import(folder.path("in." + extension), deferral).dataSet;
+            loadAll(*data);
+            save(*data, folder.path("out." + extension));
+            auto const found = readByVtk(folder.path("out." + extension));
+            EXPECT_EQ(activeArraysOf(*found->GetPointData()), ofPoints);
+            EXPECT_EQ(activeArraysOf(*found->GetCellData()), ofCells);
+        }
+    }
+}
+
+TEST(ArrayRoundTrip, NamesTheActiveArraysOfCopiesAndOfARenamedVariableButNoPartOfAnArray)
+{
+    TemporaryFolder const folder;
+    auto const grid = tetrahedra();
+    nameActiveArrays(*grid);
+    OpenFile file(writeXml(*grid, folder.path("in.vtu")));
+    ASSERT_TRUE(file.session.perform(kernel::RenameVariable(*file.data, file.number("p"), "a < b & c")));
+    ASSERT_TRUE(file.session.perform(kernel::DeleteVariables(*file.data, {file.number("grad U_2")})));
+    ASSERT_TRUE(file.session.perform(kernel::MirrorZones(file.session.activeFrame()->id, {1}, 'X')));
+    save(*file.data, folder.path("out.vtm"));
+    for (char const* name : {"out/out_1.vtu", "out/out_2.vtu"}) {
+        auto const found = readByVtk(folder.path(name));
+        std::map<std::string, std::string> const expected = {
+            {"Scalars", "a < b & c"}, {"Vectors", "U"}, {"Normals", "U"}, {"TCoords", "pair"}};
+        EXPECT_EQ(activeArraysOf(*found->GetPointData()), expected);
+        EXPECT_EQ(activeArraysOf(*found->GetCellData()), activeArraysOf(*grid->GetCellData()));
+    }
+}
+
+TEST(ArrayRoundTrip, SaysWhatFieldDataAreNotKept)
+{
+    TemporaryFolder const folder;
+    auto const grid = tetrahedra();
+    EXPECT_THAT(import(writeXml(*grid, folder.path("none.vtu"))).remarks, ::testing::IsEmpty());
+    for (char const* name : {"TimeValue", "CYCLE", "units"}) {
+        vtkNew<vtkDoubleArray> array;
+        array->SetName(name);
+        array->InsertNextValue(2.5);
+        grid->GetFieldData()->AddArray(array);
+    }
+    auto const opened = import(writeXml(*grid, folder.path("in.vtu")));
+    EXPECT_THAT(opened.remarks,
+                ::testing::ElementsAre("Zone \"in\": field data \"CYCLE\", \"units\" will not be in a saved file"));
+    EXPECT_EQ(opened.dataSet->zone(1)->solutionTime, 2.5);
+    save(*opened.dataSet, folder.path("out.vtu"));
+    EXPECT_THAT(import(folder.path("out.vtu")).remarks, ::testing::IsEmpty());
+
+    folder.write("in.vtm", "<VTKFile type=\"vtkMultiBlockDataSet\" version=\"1.0\"><vtkMultiBlockDataSet>"
+                           "<DataSet file=\"none.vtu\"/></vtkMultiBlockDataSet><FieldData><DataArray type=\"Float64\" "
+                           "Name=\"CYCLE\" NumberOfTuples=\"1\" format=\"ascii\">1</DataArray></FieldData></VTKFile>");
+    EXPECT_THAT(import(folder.path("in.vtm")).remarks,
+                ::testing::ElementsAre("All zones: field data \"CYCLE\" will not be in a saved file"));
 }
 
 TEST(ArrayRoundTrip, OfTheKernelKeepsItsVariablesThroughAnyNumberOfFiles)
@@ -231,11 +333,8 @@ TEST(ArrayRoundTrip, PutsATurnedVectorTogetherAgain)
     TemporaryFolder const folder;
     auto const grid = tetrahedra();
     OpenFile file(writeXml(*grid, folder.path("in.vtu")));
-    kernel::SpatialVariables variables;
-    variables.coordinates = {file.number("X"), file.number("Y"), file.number("Z")};
-    variables.vector = {file.number("U_X"), file.number("U_Y"), file.number("U_Z")};
-    variables.hasVector = true;
-    ASSERT_TRUE(file.session.perform(kernel::RotateZones(*file.data, {1}, variables, {{0, 0, 0}, {0, 0, 1}}, 30)));
+    ASSERT_TRUE(
+        file.session.perform(kernel::RotateZones(*file.data, {1}, vectorIn(file, "U"), {{0, 0, 0}, {0, 0, 1}}, 30)));
     ASSERT_NE(fieldOf(*file.data, 1, "U_X").group()->buffer()->owner(),
               fieldOf(*file.data, 1, "U_Z").group()->buffer()->owner());
     save(*file.data, folder.path("out.vtu"));
@@ -298,20 +397,57 @@ TEST(ArrayRoundTrip, WritesComponentsOneByOneWhenOneOfThemIsGoneOrRenamed)
     expectSameArrays(*tetrahedra(), *readByVtk(folder.path("undone.vtu")));
 }
 
-TEST(ArrayRoundTrip, WritesComponentsOneByOneWhenTheyAreNoLongerOfOneType)
+TEST(ArrayRoundTrip, PutsAVectorOfWholeNumbersTogetherOfWhichARotationComputedSomeComponents)
 {
     TemporaryFolder const folder;
-    auto const grid = structuredGrid(5, 4, 3);
-    addRandom<vtkIntArray>(*grid->GetPointData(), "U", 3, 60);
+    for (int const type : {VTK_INT, VTK_SHORT}) {
+        SCOPED_TRACE(type);
+        auto const grid = structuredGrid(17, 15, 11);
+        if (type == VTK_INT)
+            addRandom<vtkIntArray>(*grid->GetPointData(), "U", 3, 17 * 15 * 11, true);
+        else
+            addRandom<vtkShortArray>(*grid->GetPointData(), "U", 3, 17 * 15 * 11, true);
+        OpenFile file(writeXml(*grid, folder.path("in.vts")));
+        ASSERT_TRUE(file.session.perform(
+            kernel::RotateZones(*file.data, {1}, vectorIn(file, "U"), {{0, 0, 0}, {0, 0, 1}}, 90)));
+        ASSERT_NE(fieldOf(*file.data, 1, "U_X").type(), fieldOf(*file.data, 1, "U_Z").type());
+        save(*file.data, folder.path("out.vts"));
+        auto const found = readByVtk(folder.path("out.vts"));
+        EXPECT_THAT(arraysOf(*found->GetPointData()), ::testing::ElementsAre("U"));
+        vtkDataArray& before = *grid->GetPointData()->GetArray("U");
+        vtkDataArray& after = *found->GetPointData()->GetArray("U");
+        EXPECT_EQ(after.GetDataType(), type == VTK_INT ? VTK_DOUBLE : VTK_FLOAT);
+        EXPECT_STREQ(after.GetComponentName(2), "name 2>1");
+        for (vtkIdType n = 0; n < before.GetNumberOfTuples(); ++n) {
+            ASSERT_EQ(after.GetComponent(n, 0), -before.GetComponent(n, 1));
+            ASSERT_EQ(after.GetComponent(n, 1), before.GetComponent(n, 0));
+            ASSERT_EQ(after.GetComponent(n, 2), before.GetComponent(n, 2));
+        }
+        ASSERT_TRUE(file.session.undo());
+        save(*file.data, folder.path("undone.vts"));
+        expectSameArrays(*grid, *readByVtk(folder.path("undone.vts")));
+    }
+}
+
+TEST(ArrayRoundTrip, PutsAVectorOfWholeNumbersAtCellsTogetherThatWasMirrored)
+{
+    TemporaryFolder const folder;
+    auto const grid = structuredGrid(21, 15, 11);
+    addRandom<vtkIntArray>(*grid->GetCellData(), "U", 3, 20 * 14 * 10);
     OpenFile file(writeXml(*grid, folder.path("in.vts")));
-    kernel::SpatialVariables variables;
-    variables.coordinates = {1, 2, 3};
-    variables.vector = {4, 5, 6};
-    variables.hasVector = true;
-    ASSERT_TRUE(file.session.perform(kernel::RotateZones(*file.data, {1}, variables, {{0, 0, 0}, {0, 0, 1}}, 30)));
-    save(*file.data, folder.path("out.vts"));
-    EXPECT_THAT(arraysOf(*readByVtk(folder.path("out.vts"))->GetPointData()),
-                ::testing::ElementsAre("U_X", "U_Y", "U_Z"));
+    ASSERT_TRUE(file.session.perform(kernel::MirrorZones(file.session.activeFrame()->id, {1}, 'Y')));
+    save(*file.data, folder.path("out.vtm"));
+    expectSameArrays(*grid, *readByVtk(folder.path("out/out_1.vts")));
+    auto const found = readByVtk(folder.path("out/out_2.vts"));
+    vtkDataArray& before = *grid->GetCellData()->GetArray("U");
+    vtkDataArray* const after = found->GetCellData()->GetArray("U");
+    ASSERT_NE(after, nullptr);
+    ASSERT_EQ(after->GetNumberOfComponents(), 3);
+    for (vtkIdType n = 0; n < before.GetNumberOfTuples(); ++n) {
+        ASSERT_EQ(after->GetComponent(n, 0), before.GetComponent(n, 0));
+        ASSERT_EQ(after->GetComponent(n, 1), -before.GetComponent(n, 1));
+        ASSERT_EQ(after->GetComponent(n, 2), before.GetComponent(n, 2));
+    }
 }
 
 TEST(ArrayRoundTrip, LeavesAnArrayApartWhoseNameIsTaken)

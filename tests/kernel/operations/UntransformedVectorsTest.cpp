@@ -1,7 +1,9 @@
+#include "kernel/operations/UntransformedVectors.h"
+
+#include "kernel/operations/DeleteVariables.h"
 #include "kernel/operations/DuplicateZonesAxially.h"
 #include "kernel/operations/MirrorZones.h"
 #include "kernel/operations/RotateZones.h"
-#include "kernel/operations/UntransformedVectors.h"
 #include "tests/kernel/support/SampleData.h"
 #include "tests/kernel/support/SessionFixture.h"
 #include "tests/kernel/support/SpatialData.h"
@@ -60,7 +62,7 @@ protected:
 
 } // namespace
 
-TEST_F(UntransformedVectors, AreArraysOfThreeSixAndNineComponentsThatAreNoColours)
+TEST_F(UntransformedVectors, AreArraysOfTwoThreeSixAndNineComponentsThatAreNoColours)
 {
     EXPECT_THAT(untransformed(), IsEmpty());
     addArray("velocity", 3);
@@ -69,8 +71,9 @@ TEST_F(UntransformedVectors, AreArraysOfThreeSixAndNineComponentsThatAreNoColour
     addArray("pair", 2);
     addArray("quaternion", 4);
     addArray("colour", 3, FieldDataType_Byte);
-    EXPECT_THAT(untransformed(), ElementsAre("velocity", "stress", "gradient"));
-    EXPECT_THAT(untransformed({1, 2, 3, 8, 9, 10}), ElementsAre("U, V, W", "stress", "gradient"));
+    EXPECT_THAT(untransformed(), ElementsAre("velocity", "stress", "gradient", "pair"));
+    EXPECT_THAT(untransformed({1, 2, 3, 8, 9, 10}), ElementsAre("U, V, W", "stress", "gradient", "pair"));
+    EXPECT_THAT(untransformed({1, 2, 3, 4, 5, 6, 26, 27}), ElementsAre("velocity", "stress", "gradient"));
 }
 
 TEST_F(UntransformedVectors, AreVariablesThatAreCalledAsTheComponentsOfOne)
@@ -83,14 +86,59 @@ TEST_F(UntransformedVectors, AreVariablesThatAreCalledAsTheComponentsOfOne)
                 ElementsAre("vel_x [m/s], vel_y [m/s], vel_z [m/s]", "FX, FY, FZ", "xForce, yForce, zForce"));
 }
 
-TEST_F(UntransformedVectors, AreNoneWhereAComponentIsPassiveDeletedOrRenamed)
+TEST_F(UntransformedVectors, ArePairsOfVariablesWhereTheLetterIsNoPartOfAWord)
+{
+    for (char const* name : {"vx", "vy", "grad_x [1/m]", "grad_y [1/m]", "forceX", "forceY", "x-flux", "y-flux", "max",
+                             "may", "xenon", "yenon", "box (1)", "boy (1)"}) {
+        addScalar(name);
+    }
+    EXPECT_THAT(untransformed(),
+                ElementsAre("vx, vy", "grad_x [1/m], grad_y [1/m]", "forceX, forceY", "x-flux, y-flux"));
+    data->variable(6)->name = "other";
+    EXPECT_THAT(untransformed({1, 2, 3, 8, 9, 10, 11, 12, 13, 14, 15}), ElementsAre("U, V"));
+    EXPECT_THAT(untransformed({1, 2, 4, 5, 8, 9, 10, 11, 12, 13, 14, 15}, 2), IsEmpty());
+}
+
+TEST_F(UntransformedVectors, AreArraysThatAComponentOfWasRenamedOrDeleted)
+{
+    addArray("velocity", 3);
+    addArray("force", 3);
+    data->variable(9)->name = "upwards";
+    EXPECT_THAT(untransformed(), ElementsAre("velocity_0, upwards, velocity_2", "force"));
+    auto const shown = sample::show(session, data);
+    ASSERT_TRUE(session.perform(DeleteVariables(*data, {11})));
+    EXPECT_THAT(untransformed(), ElementsAre("velocity_0, upwards, velocity_2", "force_1, force_2"));
+}
+
+TEST_F(UntransformedVectors, AreArraysThatHaveValuesInSomeComponent)
 {
     addArray("velocity", 3);
     data->zone(1)->fields.back() = Field();
+    EXPECT_THAT(untransformed(), ElementsAre("velocity"));
+    data->zone(1)->fields[7] = Field();
+    data->zone(1)->fields[8] = Field();
     EXPECT_THAT(untransformed(), IsEmpty());
-    addArray("force", 3);
-    data->variables().back()->name = "other";
-    EXPECT_THAT(untransformed(), IsEmpty());
+}
+
+TEST_F(UntransformedVectors, InThePlaneAreNotThoseThatHaveOnlyAThirdComponent)
+{
+    addArray("velocity", 3);
+    auto const shown = sample::show(session, data);
+    ASSERT_TRUE(session.perform(DeleteVariables(*data, {8, 9})));
+    EXPECT_THAT(untransformed({1, 2, 4, 5}, 2), IsEmpty());
+    EXPECT_THAT(untransformed(), ElementsAre("velocity_2"));
+}
+
+TEST_F(UntransformedVectors, AreFoundByNameAlsoWhereEachIsAnArrayOfItsOwn)
+{
+    for (char const* name : {"Fx", "Fy", "Fz"}) {
+        addScalar(name);
+        auto const array = std::make_shared<SourceArray>();
+        array->name = name;
+        array->variables = {name};
+        data->variables().back()->sourceArray = array;
+    }
+    EXPECT_THAT(untransformed(), ElementsAre("Fx, Fy, Fz"));
 }
 
 TEST_F(UntransformedVectors, InThePlaneNeedNotTurnTheThirdComponent)

@@ -1,5 +1,7 @@
 #include "app/export/formats/vtkxml/ArrayPlan.h"
 
+#include "kernel/data/ArrayComponents.h"
+
 #include <vtkDataSetAttributes.h>
 
 #include <algorithm>
@@ -7,35 +9,16 @@
 
 namespace veldraw::app {
 
-namespace {
-
-// Each variable under the array that it came from, where it still has the name that it came with.
-std::map<kernel::SourceArray const*, std::vector<int>> componentsOfArrays(kernel::DataSet const& dataSet)
-{
-    std::map<kernel::SourceArray const*, std::vector<int>> result;
-    for (int number = 1; number <= dataSet.variableCount(); ++number) {
-        kernel::Variable const& variable = *dataSet.variable(number);
-        if (!variable.sourceArray)
-            continue;
-        std::vector<std::string> const& names = variable.sourceArray->variables;
-        auto const component = static_cast<std::size_t>(variable.component);
-        auto& components = result[variable.sourceArray.get()];
-        components.resize(names.size());
-        if (component < names.size() && names[component] == variable.name)
-            components[component] = number;
-    }
-    return result;
-}
-
-} // namespace
-
 ArrayPlan::ArrayPlan(kernel::DataSet const& dataSet, std::vector<std::string> const& names)
     : m_dataSet(dataSet)
 {
     for (std::string const& name : names)
         m_single.push_back({name, {static_cast<int>(m_single.size()) + 1}, {}});
-    for (auto const& [array, components] : componentsOfArrays(dataSet)) {
-        if (std::count(components.begin(), components.end(), 0) == 0)
+    auto const hasItsName = [&dataSet](int variable, std::string const& name) {
+        return variable != 0 && dataSet.variable(variable)->name == name;
+    };
+    for (auto const& [array, components] : kernel::componentsByArray(dataSet)) {
+        if (std::equal(components.begin(), components.end(), array->variables.begin(), hasItsName))
             m_arrays.push_back({array->name, components, array->componentNames});
     }
 }
@@ -45,8 +28,8 @@ bool ArrayPlan::fits(int zone, PlannedArray const& array, std::set<int> const& p
     kernel::Field const& first = *m_dataSet.field(zone, array.variables.front());
     return std::all_of(array.variables.begin(), array.variables.end(), [&](int variable) {
         kernel::Field const& field = *m_dataSet.field(zone, variable);
-        return !field.isPassive() && points.count(variable) == 0 && field.type() == first.type() &&
-               field.location() == first.location() && field.group()->size() == first.group()->size();
+        return !field.isPassive() && points.count(variable) == 0 && field.location() == first.location() &&
+               field.group()->size() == first.group()->size();
     });
 }
 

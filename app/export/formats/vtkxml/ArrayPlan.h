@@ -18,8 +18,8 @@ struct PlannedArray
 
 /// Puts variables together again to the arrays that they came from (kernel::SourceArray).
 ///
-/// An array needs all of its components, under the names that they came with, and in a zone all of one type and at one place.
-/// What does not fit, or would stand under a name that something else has there, is written variable by variable.
+/// An array needs all of its components, under the names that they came with, and in a zone all at one place. What does not
+/// fit, or would stand under a name that something else has there, is written variable by variable.
 class ArrayPlan
 {
 public:

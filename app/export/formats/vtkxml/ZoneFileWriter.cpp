@@ -84,6 +84,16 @@ void addMarks(vtkDataSet& grid, kernel::Zone const& zone)
     addMarks(*grid.GetCellData(), zone.blanking->marks().ofCells);
 }
 
+// VTK's number of a purpose, which is spelled as VTK does it; NUM_ATTRIBUTES for one that VTK does not know.
+int attributeType(std::string const& purpose)
+{
+    int type = 0;
+    while (type < vtkDataSetAttributes::NUM_ATTRIBUTES &&
+           purpose != vtkDataSetAttributes::GetAttributeTypeAsString(type))
+        ++type;
+    return type;
+}
+
 } // namespace
 
 ZoneFileWriter::ZoneFileWriter(kernel::DataSet const& dataSet)
@@ -173,10 +183,31 @@ void ZoneFileWriter::addArray(vtkDataSet& grid, int zone, PlannedArray const& pl
         if (!planned.componentNames[n].empty())
             array->SetComponentName(static_cast<vtkIdType>(n), planned.componentNames[n].c_str());
     }
-    if (fields.front()->location() == ValueLocation_Nodal)
-        grid.GetPointData()->AddArray(array);
-    else
-        grid.GetCellData()->AddArray(array);
+    bool const isNodal = fields.front()->location() == ValueLocation_Nodal;
+    vtkDataSetAttributes& attributes = isNodal ? static_cast<vtkDataSetAttributes&>(*grid.GetPointData())
+                                               : static_cast<vtkDataSetAttributes&>(*grid.GetCellData());
+    attributes.AddArray(array);
+    for (int const purpose : purposesOf(zone, planned))
+        attributes.SetActiveAttribute(planned.name.c_str(), purpose);
+}
+
+// VTK's numbers of what the file of the zone named the array for; none for a part of an array.
+std::vector<int> ZoneFileWriter::purposesOf(int zone, PlannedArray const& planned) const
+{
+    int const first = planned.variables.front();
+    kernel::Variable const& variable = *m_dataSet.variable(first);
+    ValueLocation_e const location = m_dataSet.field(zone, first)->location();
+    std::size_t const whole = variable.sourceArray ? variable.sourceArray->variables.size() : 1;
+    std::vector<int> result;
+    if (planned.variables.size() != whole)
+        return result;
+    for (kernel::ActiveArray const& active : m_dataSet.zone(zone)->activeArrays) {
+        int const type = attributeType(active.purpose);
+        bool const isIt = active.variable == variable.id && active.location == location;
+        if (isIt && type < vtkDataSetAttributes::NUM_ATTRIBUTES)
+            result.push_back(type);
+    }
+    return result;
 }
 
 // Names of variables that a reader could not tell from the names of their arrays.

@@ -34,6 +34,7 @@ public:
 private:
     vtkSmartPointer<vtkDataSet> gridOf(int zone) const;
     void addArray(vtkDataSet& grid, int zone, PlannedArray const& planned) const;
+    std::vector<int> purposesOf(int zone, PlannedArray const& planned) const;
     void addArrayFacts(vtkDataSet& grid, int zone, std::vector<PlannedArray> const& arrays) const;
     void addFacts(vtkDataSet& grid, kernel::Zone const& zone, std::vector<std::string> const& coordinateNames) const;
 

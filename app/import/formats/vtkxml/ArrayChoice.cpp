@@ -136,6 +136,7 @@ DeferredArray ArrayChoice::described(XmlArrayList::Array const& array, std::stri
     result.type = *array.type;
     result.components = array.components;
     result.componentNames = array.componentNames;
+    result.purposes = array.purposes;
     auto const whole = std::make_shared<SharedArray>();
     if (array.offset) {
         result.makeLoader = [raw = m_arrays.rawArray(array), whole, range = array.range](int component,

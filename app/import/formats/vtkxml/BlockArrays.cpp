@@ -17,6 +17,16 @@ bool areMarks(vtkDataArray& array)
            array.GetDataType() == VTK_UNSIGNED_CHAR && array.GetNumberOfComponents() == 1;
 }
 
+std::vector<std::string> purposesOf(vtkDataArray const& array, vtkDataSetAttributes& attributes)
+{
+    std::vector<std::string> purposes;
+    for (int n = 0; n < vtkDataSetAttributes::NUM_ATTRIBUTES; ++n) {
+        if (attributes.GetAbstractAttribute(n) == &array)
+            purposes.emplace_back(vtkDataSetAttributes::GetAttributeTypeAsString(n));
+    }
+    return purposes;
+}
+
 std::vector<std::string> componentNamesOf(vtkDataArray& array)
 {
     std::vector<std::string> names;
@@ -79,9 +89,9 @@ void BlockArrays::addPointArrays(vtkDataSetAttributes& read, std::vector<Deferre
 {
     inFileOrder(
         read, deferred,
-        [this](vtkDataArray& array) {
+        [&](vtkDataArray& array) {
             checkTuples(array, m_block.pointCount, "points");
-            addPointArray(array);
+            addPointArray(array, purposesOf(array, read));
         },
         [this](DeferredArray const& array) { addFields(array, m_block.pointCount, ValueLocation_Nodal, {}); });
 }
@@ -90,9 +100,9 @@ void BlockArrays::addCellArrays(vtkDataSetAttributes& read, std::vector<Deferred
 {
     inFileOrder(
         read, deferred,
-        [this](vtkDataArray& array) {
+        [&](vtkDataArray& array) {
             checkTuples(array, m_block.cellCount, "cells");
-            addCellArray(array);
+            addCellArray(array, purposesOf(array, read));
         },
         [this](DeferredArray const& array) { addCellArray(array); });
 }
@@ -102,12 +112,12 @@ void BlockArrays::remarkLeftOut(std::string const& array)
     m_remarks.push_back("cell values of scattered points left out: \"" + array + "\"");
 }
 
-void BlockArrays::addPointArray(vtkDataArray& array)
+void BlockArrays::addPointArray(vtkDataArray& array, Purposes const& purposes)
 {
     if (areMarks(array))
         m_marks.ofPoints = adoptArray(array).components.front();
     else
-        addFields(array, ValueLocation_Nodal);
+        addFields(array, purposes, ValueLocation_Nodal);
 }
 
 // Scattered points have no cells: a vertex that is hidden hides its point.
@@ -130,20 +140,20 @@ void BlockArrays::takeCellMarks(vtkDataArray& marks)
     m_marks.ofPoints = ofPoints;
 }
 
-void BlockArrays::addCellArray(vtkDataArray& array)
+void BlockArrays::addCellArray(vtkDataArray& array, Purposes const& purposes)
 {
     if (areMarks(array)) {
         takeCellMarks(array);
         return;
     }
     if (m_zone.zone->isScattered && m_block.cells.cellsArePoints)
-        addFields(array, ValueLocation_Nodal);
+        addFields(array, purposes, ValueLocation_Nodal);
     else if (m_zone.zone->isScattered)
         remarkLeftOut(array.GetName() ? array.GetName() : "");
     else if (m_block.cells.sameCells)
-        addFields(array, ValueLocation_CellCentered);
+        addFields(array, purposes, ValueLocation_CellCentered);
     else
-        addFields(*gathered(array, m_block.cells.sources), ValueLocation_CellCentered);
+        addFields(*gathered(array, m_block.cells.sources), purposes, ValueLocation_CellCentered);
 }
 
 void BlockArrays::addCellArray(DeferredArray const& array)
@@ -176,10 +186,10 @@ void BlockArrays::addFields(DeferredArray const& array, std::int64_t tuples, Val
     for (int component = 0; component < array.components; ++component)
         components.emplace_back(array.group(component, tuples, size, arrange), location);
     m_zone.addArray(array.name, std::move(components), m_block.facts.variablesOf(location, array.name),
-                    array.componentNames);
+                    array.componentNames, array.purposes);
 }
 
-void BlockArrays::addFields(vtkDataArray& array, ValueLocation_e location)
+void BlockArrays::addFields(vtkDataArray& array, Purposes const& purposes, ValueLocation_e location)
 {
     std::string const name = array.GetName() ? array.GetName() : "";
     AdoptedArray adopted = adoptArray(array);
@@ -191,7 +201,8 @@ void BlockArrays::addFields(vtkDataArray& array, ValueLocation_e location)
             values = OrderedCells(*m_zone.zone).expand(*values);
         components.emplace_back(std::make_shared<kernel::ShareGroup>(std::move(values)), location);
     }
-    m_zone.addArray(name, std::move(components), m_block.facts.variablesOf(location, name), componentNamesOf(array));
+    m_zone.addArray(name, std::move(components), m_block.facts.variablesOf(location, name), componentNamesOf(array),
+                    purposes);
 }
 
 void BlockArrays::checkTuples(vtkDataArray& array, std::int64_t expected, char const* what) const

@@ -43,10 +43,12 @@ public:
     kernel::Blanking::Marks const& marks() const { return m_marks; }
 
 private:
-    void addPointArray(vtkDataArray& array);
-    void addCellArray(vtkDataArray& array);
+    using Purposes = std::vector<std::string>; // for which the file names an array
+
+    void addPointArray(vtkDataArray& array, Purposes const& purposes);
+    void addCellArray(vtkDataArray& array, Purposes const& purposes);
     void addCellArray(DeferredArray const& array);
-    void addFields(vtkDataArray& array, ValueLocation_e location);
+    void addFields(vtkDataArray& array, Purposes const& purposes, ValueLocation_e location);
     void addFields(DeferredArray const& array, std::int64_t tuples, ValueLocation_e location,
                    DeferredArray::Arrangement const& arrange);
     void takeCellMarks(vtkDataArray& marks);

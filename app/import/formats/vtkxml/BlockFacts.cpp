@@ -7,6 +7,7 @@
 
 #include <cmath>
 #include <cstdlib>
+#include <set>
 
 namespace veldraw::app {
 
@@ -51,6 +52,21 @@ void readArrayVariables(std::vector<std::string> const& list, BlockFacts& facts)
     }
 }
 
+std::vector<std::string> namesOfOthers(vtkFieldData& fieldData)
+{
+    static std::set<std::string> const known = {
+        blockfact::timeValue,       blockfact::timeStep,      blockfact::strandId,
+        blockfact::zoneName,        blockfact::zoneType,      blockfact::isScattered,
+        blockfact::coordinateNames, blockfact::variableNames, blockfact::arrayVariables};
+    std::vector<std::string> names;
+    for (int n = 0; n < fieldData.GetNumberOfArrays(); ++n) {
+        char const* const name = fieldData.GetArrayName(n);
+        if (known.count(name ? name : "") == 0)
+            names.emplace_back(name ? name : "");
+    }
+    return names;
+}
+
 } // namespace
 
 BlockFacts BlockFacts::of(vtkFieldData* fieldData)
@@ -74,6 +90,7 @@ BlockFacts BlockFacts::of(vtkFieldData* fieldData)
         facts.coordinateNames[axis] = coordinates[axis];
     facts.variableNames = texts(*fieldData, blockfact::variableNames);
     readArrayVariables(texts(*fieldData, blockfact::arrayVariables), facts);
+    facts.others = namesOfOthers(*fieldData);
     return facts;
 }
 
@@ -81,6 +98,14 @@ std::vector<std::string> BlockFacts::variablesOf(ValueLocation_e location, std::
 {
     auto const found = arrayVariables.find({location, array});
     return found == arrayVariables.end() ? std::vector<std::string>() : found->second;
+}
+
+std::string remarkOnFieldData(std::vector<std::string> const& names)
+{
+    std::string list;
+    for (std::string const& name : names)
+        list += (list.empty() ? "\"" : ", \"") + name + "\"";
+    return "field data " + list + " will not be in a saved file";
 }
 
 } // namespace veldraw::app

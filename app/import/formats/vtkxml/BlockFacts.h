@@ -33,6 +33,7 @@ struct BlockFacts
     bool isScattered = false;                                    ///< the points of an ordered zone are no curve
     std::array<std::string, 3> coordinateNames{{"X", "Y", "Z"}}; ///< empty: the coordinate is not a variable
     std::vector<std::string> variableNames;
+    std::vector<std::string> others; ///< names of all other field data, of which nothing is kept
 
     /// Names that the components of arrays have as variables, where these are not the usual ones.
     std::map<std::pair<ValueLocation_e, std::string>, std::vector<std::string>> arrayVariables;
@@ -40,6 +41,9 @@ struct BlockFacts
     /// Those of one array, none for the usual ones.
     std::vector<std::string> variablesOf(ValueLocation_e location, std::string const& array) const;
 };
+
+/// What the user is told of field data that are not kept. @param names at least one
+std::string remarkOnFieldData(std::vector<std::string> const& names);
 
 /// Names of the field data.
 namespace blockfact {

@@ -72,6 +72,8 @@ ImportedZone BlockImport::run()
     makeZone();
     for (std::string const& text : m_deferred.remarks)
         remark(text);
+    if (!m_facts.others.empty())
+        remark(remarkOnFieldData(m_facts.others));
     addCoordinates();
     addArrays();
     return std::move(m_result);

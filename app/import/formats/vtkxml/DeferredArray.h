@@ -27,6 +27,7 @@ struct DeferredArray
     RawType type = RawType::Float32;
     int components = 1;
     std::vector<std::string> componentNames; ///< empty where they have none
+    std::vector<std::string> purposes;       ///< for which the file names the array
     bool isLoadedAtOnce = false; ///< when the zone is made: it takes no time, or is wanted and must be read alone
     LoaderFactory makeLoader;
 

@@ -1,6 +1,7 @@
 #include "app/import/formats/vtkxml/VtkXmlReader.h"
 
 #include "app/files/PathChecks.h"
+#include "app/import/formats/vtkxml/BlockFacts.h"
 #include "app/import/formats/vtkxml/BlockImport.h"
 #include "app/import/formats/vtkxml/GridArrays.h"
 #include "app/import/formats/vtkxml/VtkFile.h"
@@ -68,8 +69,13 @@ bool isBlock(QXmlStreamReader const& xml)
     return xml.name() == QLatin1String("Block") || xml.name() == QLatin1String("Piece");
 }
 
-// Those in the file's order; blocks without a file are left out.
-std::vector<MultiBlockPiece> piecesIn(std::string const& path)
+struct MultiBlockFile
+{
+    std::vector<MultiBlockPiece> pieces; // in the file's order; blocks without a file are left out
+    std::vector<std::string> fieldData;  // names of what stands beside the pieces
+};
+
+MultiBlockFile multiBlockFile(std::string const& path)
 {
     std::ifstream file(path, std::ios::binary);
     std::string const content{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
@@ -78,12 +84,12 @@ std::vector<MultiBlockPiece> piecesIn(std::string const& path)
     if (!xml.readNextStartElement() || xml.name() != QLatin1String("VTKFile") ||
         attribute(xml, "type") != QLatin1String("vtkMultiBlockDataSet"))
         throw ImportError("it is no VTK XML multi-block file");
-    std::vector<MultiBlockPiece> pieces;
+    MultiBlockFile result;
     QStringList names;
     while (!xml.atEnd()) {
         xml.readNext();
         if (xml.isStartElement() && xml.name() == QLatin1String("AppendedData"))
-            return pieces; // what follows need not be XML
+            return result; // what follows need not be XML
         if (xml.isStartElement() && isBlock(xml)) {
             names.append(attribute(xml, "name"));
         } else if (xml.isEndElement() && isBlock(xml)) {
@@ -94,13 +100,15 @@ std::vector<MultiBlockPiece> piecesIn(std::string const& path)
             for (int n = names.size(); name.isEmpty() && n > 0; --n)
                 name = names[n - 1];
             if (!piece.empty())
-                pieces.push_back({(folder / piece).string(), piece, name.toStdString()});
+                result.pieces.push_back({(folder / piece).string(), piece, name.toStdString()});
+        } else if (xml.isStartElement() && xml.name().endsWith(QLatin1String("Array"))) {
+            result.fieldData.push_back(attribute(xml, "Name").toStdString());
         }
     }
     if (xml.hasError())
         throw ImportError("it is damaged or incomplete (" + xml.errorString().toStdString() + ", line " +
                           std::to_string(xml.lineNumber()) + ")");
-    return pieces;
+    return result;
 }
 
 void checkPiece(std::string const& path)
@@ -131,7 +139,9 @@ void planFor(std::vector<MultiBlockPiece> const& pieces, LoadingPlan& plan)
 
 void readPieces(std::string const& path, ImportContext const& context, std::vector<ImportedZone>& zones)
 {
-    auto const pieces = piecesIn(path);
+    auto const [pieces, fieldData] = multiBlockFile(path);
+    if (!fieldData.empty())
+        context.remarks.push_back("All zones: " + remarkOnFieldData(fieldData));
     planFor(pieces, context.plan);
     for (std::size_t n = 0; n < pieces.size(); ++n) {
         MultiBlockPiece const& piece = pieces[n];

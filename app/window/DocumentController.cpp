@@ -125,7 +125,8 @@ std::vector<DocumentController::Opened> DocumentController::readAll(QStringList 
             takeDown(path, result.remarks);
         } catch (kernel::Interrupted const&) {
             Q_EMIT told(QStringLiteral("Opening was cancelled."));
-            return {};
+            opened.clear();
+            break;
         } catch (std::exception const& error) {
             errors.push_back(QString::fromStdString(error.what()));
         }
@@ -173,11 +174,16 @@ bool DocumentController::addToPage(std::vector<Opened> const& opened)
     sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
     sdk::WaitState const busy;
     bool const wasClean = m_session.history().isClean();
+    std::vector<std::shared_ptr<kernel::Frame>> frames;
+    QStringList paths;
     for (Opened const& file : opened) {
-        if (!m_session.perform(kernel::AddFrame(file.frame))) {
-            tellError(QStringLiteral("%1: %2").arg(file.path, QString::fromStdString(m_session.lastError())));
-            return false;
-        }
+        frames.push_back(file.frame);
+        paths.push_back(file.path);
+    }
+    if (!m_session.perform(kernel::AddFrame(std::move(frames)))) {
+        tellError(QStringLiteral("%1: %2").arg(paths.join(QStringLiteral(", ")),
+                                               QString::fromStdString(m_session.lastError())));
+        return false;
     }
     if (wasClean)
         m_session.history().setClean();

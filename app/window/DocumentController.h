@@ -35,7 +35,8 @@ public:
     ~DocumentController() override;
 
     /// Opens files. Files that cannot be read are told in one message and change nothing; on a fresh page, what was open stays
-    /// when no file at all can be read. @return false when nothing was opened
+    /// when no file at all can be read. A cancel opens none of them. New frames are one step of the history.
+    /// @return false when nothing was opened
     bool open(QStringList const& paths, Place place);
 
     /// Asks for files and opens them.

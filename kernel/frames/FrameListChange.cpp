@@ -26,8 +26,8 @@ std::int64_t bytesOfValues(DataSet const& dataSet) noexcept
 } // namespace
 
 FrameListChange::FrameListChange(EventHub& hub, std::shared_ptr<Page> page, std::vector<std::shared_ptr<Frame>> frames,
-                                 UniqueId active, std::vector<FramePlacement> placements, StateChangeEvent applied,
-                                 StateChangeEvent reverted)
+                                 UniqueId active, std::vector<FramePlacement> placements,
+                                 std::vector<StateChangeEvent> applied, std::vector<StateChangeEvent> reverted)
     : m_hub(hub)
     , m_page(std::move(page))
     , m_otherFrames(std::move(frames))
@@ -48,14 +48,16 @@ void FrameListChange::revert() noexcept
     exchange(m_reverted);
 }
 
-void FrameListChange::exchange(StateChangeEvent const& event) noexcept
+void FrameListChange::exchange(std::vector<StateChangeEvent> const& events) noexcept
 {
     m_page->frames.swap(m_otherFrames);
     std::swap(m_page->activeFrame, m_otherActive);
     for (FramePlacement& place : m_otherPlaces) {
         std::swap(place.frame->rectangle, place.rectangle);
     }
-    m_hub.emitEvent(event);
+    for (StateChangeEvent const& event : events) {
+        m_hub.emitEvent(event);
+    }
     m_hub.emitEvent({StateChange_NewActiveFrame, {}, {}, {}, m_page->activeFrame});
 }
 

@@ -13,31 +13,40 @@ namespace veldraw::kernel {
 std::string AddFrame::find(Pages const& pages)
 {
     m_page = pages.activePage();
-    m_isOnPage = m_frame && pages.pageOf(m_frame->id);
+    m_isOnPage = std::any_of(m_frames.begin(), m_frames.end(),
+                             [&pages](auto const& frame) { return frame && pages.pageOf(frame->id); });
     return m_page ? "" : "There is no page.";
 }
 
 std::string AddFrame::reasonAgainst() const
 {
-    if (!m_frame || m_isOnPage) {
+    bool const isMissing = std::count(m_frames.begin(), m_frames.end(), nullptr) > 0;
+    if (m_frames.empty() || isMissing || m_isOnPage) {
         return "There is no frame to add.";
     }
-    return m_frame->rectangle.isPlace() ? "" : "The frame's size is not allowed.";
+    bool const havePlaces =
+        std::all_of(m_frames.begin(), m_frames.end(), [](auto const& frame) { return frame->rectangle.isPlace(); });
+    return havePlaces ? "" : "The frame's size is not allowed.";
 }
 
 std::shared_ptr<Change> AddFrame::makeChange(EventHub& events)
 {
-    layOutIfFresh(*m_frame);
-    UniqueId const id = m_frame->id;
     std::vector<std::shared_ptr<Frame>> frames = m_page->frames;
-    frames.push_back(m_frame);
+    std::vector<StateChangeEvent> created;
+    std::vector<StateChangeEvent> deleted;
+    for (std::shared_ptr<Frame> const& frame : m_frames) {
+        layOutIfFresh(*frame);
+        frames.push_back(frame);
+        created.push_back(frameEvent(StateChange_FrameCreated, frame->id));
+        deleted.push_back(frameEvent(StateChange_FrameDeleted, frame->id));
+    }
+    std::reverse(deleted.begin(), deleted.end());
     std::vector<FramePlacement> places;
     if (m_place == Place::Tiled) {
         places = gridPlaces(*m_page, frames);
     }
-    return std::make_shared<FrameListChange>(events, m_page, std::move(frames), id, std::move(places),
-                                             frameEvent(StateChange_FrameCreated, id),
-                                             frameEvent(StateChange_FrameDeleted, id));
+    return std::make_shared<FrameListChange>(events, m_page, std::move(frames), m_frames.back()->id, std::move(places),
+                                             std::move(created), std::move(deleted));
 }
 
 std::string DeleteFrame::find(Pages const& pages)
@@ -54,8 +63,8 @@ std::shared_ptr<Change> DeleteFrame::makeChange(EventHub& events)
     UniqueId const front = frames.empty() ? 0 : frames.back()->id;
     UniqueId const active = m_page->activeFrame == m_frame ? front : m_page->activeFrame;
     return std::make_shared<FrameListChange>(events, m_page, std::move(frames), active, std::vector<FramePlacement>(),
-                                             frameEvent(StateChange_FrameDeleted, m_frame),
-                                             frameEvent(StateChange_FrameCreated, m_frame));
+                                             std::vector{frameEvent(StateChange_FrameDeleted, m_frame)},
+                                             std::vector{frameEvent(StateChange_FrameCreated, m_frame)});
 }
 
 } // namespace veldraw::kernel

@@ -4,12 +4,15 @@
 #include "kernel/frames/Page.h"
 #include "kernel/operations/Operation.h"
 
+#include <vector>
+
 namespace veldraw::kernel {
 
-/// Puts a frame on the active page, over the others, and makes it active. "New Frame"; events 8, 10.
+/// Adds a frame, or several, to the active page, over the others, and makes the last one active. Step "New Frame" or "New
+/// Frames"; an event 8 for each, event 10.
 ///
-/// A frame with a data set that nobody has laid out yet is laid out. Refused: no page, a frame that is on a page already, a
-/// size that is negative or not finite.
+/// A frame with a data set for which layOut() has not been called yet is laid out. Refused: no page, no frame, a frame that is
+/// on a page already, a size that is negative or not finite. Then none of the frames is added.
 class AddFrame : public Operation
 {
 public:
@@ -20,18 +23,24 @@ public:
     };
 
     explicit AddFrame(std::shared_ptr<Frame> frame, Place place = Place::Tiled)
-        : m_frame(std::move(frame))
+        : m_frames{std::move(frame)}
         , m_place(place)
     {
     }
 
-    std::string name() const override { return "New Frame"; }
+    explicit AddFrame(std::vector<std::shared_ptr<Frame>> frames)
+        : m_frames(std::move(frames))
+        , m_place(Place::Tiled)
+    {
+    }
+
+    std::string name() const override { return m_frames.size() > 1 ? "New Frames" : "New Frame"; }
     std::string find(Pages const& pages) override;
     std::string reasonAgainst() const override;
     std::shared_ptr<Change> makeChange(EventHub& events) override;
 
 private:
-    std::shared_ptr<Frame> m_frame;
+    std::vector<std::shared_ptr<Frame>> m_frames;
     Place m_place;
     std::shared_ptr<Page> m_page;
     bool m_isOnPage = false;

@@ -76,6 +76,46 @@ TEST_F(OpenProgressTest, TellsWhatTheReaderThrows)
     EXPECT_EQ(0, sdk::AppLock::depth());
 }
 
+TEST_F(OpenProgressTest, TellsWhatCouldNotBeReadAlsoWhenALaterFileIsCancelled)
+{
+    int files = 0;
+    reader = [&](kernel::Progress&) -> app::ImportResult {
+        if (++files == 1)
+            throw app::ImportError("a.vtu: it is empty");
+        if (files == 2)
+            return {makeSeries(), {}};
+        throw kernel::Interrupted();
+    };
+    QStringList const paths = {QStringLiteral("a.vtu"), QStringLiteral("b.vtu"), QStringLiteral("c.vtu"),
+                               QStringLiteral("d.vtu")};
+    EXPECT_FALSE(window->openFiles(paths, app::DocumentController::Place::FreshPage));
+    EXPECT_EQ(3, files) << "a cancel is for all files";
+    EXPECT_EQ(std::vector<std::string>{"a.vtu: it is empty"}, messages);
+    EXPECT_EQ(QStringLiteral("Opening was cancelled."), window->statusBar()->currentMessage());
+    EXPECT_EQ("flow", session.activeFrame()->name);
+    EXPECT_EQ(1u, session.activePage()->frames.size());
+}
+
+TEST_F(OpenProgressTest, AddsSeveralFramesAsOneStepOrNone)
+{
+    reader = [&](kernel::Progress&) { return app::ImportResult{makeSeries(), {}}; };
+    QStringList const paths = {QStringLiteral("/data/a.vtu"), QStringLiteral("/data/b.vtu")};
+    ASSERT_TRUE(window->openFiles(paths, app::DocumentController::Place::NewFrames));
+    EXPECT_EQ(3u, session.activePage()->frames.size());
+    EXPECT_EQ("b", session.activeFrame()->name);
+    EXPECT_TRUE(session.history().isClean());
+    EXPECT_EQ("New Frames", session.history().undoName());
+    ASSERT_TRUE(session.undo());
+    EXPECT_EQ(1u, session.activePage()->frames.size());
+    EXPECT_FALSE(session.history().canUndo());
+    EXPECT_EQ("flow", session.activeFrame()->name);
+    QStringList const recent = window->documents().recentFiles().list();
+    session.removeAllPages();
+    EXPECT_FALSE(window->openFiles(paths, app::DocumentController::Place::NewFrames));
+    EXPECT_EQ(std::vector<std::string>{"/data/a.vtu, /data/b.vtu: There is no page."}, messages);
+    EXPECT_EQ(recent, window->documents().recentFiles().list());
+}
+
 TEST_F(OpenProgressTest, IsAnOperationOfTheSessionSoThatNoOtherStarts)
 {
     reader = [this](kernel::Progress&) {

@@ -136,12 +136,17 @@ TEST_F(SessionOperations, CreateAFrameAndTakeItBack)
 
 TEST_F(SessionOperations, RefuseAFrameThatCannotBe)
 {
+    using Frames = std::vector<std::shared_ptr<Frame>>;
     expectRefused([&] { return session.createFrame("bad", {0, 0, -1, 1}) != nullptr; });
     expectRefused([&] { return session.createFrame("bad", {notANumber, 0, 1, 1}) != nullptr; });
     expectRefused([&] { return session.perform(MoveFrame(frame->id, {0, 0, 1, -1})); });
     expectRefused([&] { return session.perform(MoveFrame(noFrame, {0, 0, 1, 1})); });
     expectRefused([&] { return session.perform(AddFrame(nullptr)); });
     expectRefused([&] { return session.perform(AddFrame(frame)); });
+    auto const good = std::make_shared<Frame>("good", Rectangle{});
+    expectRefused([&] { return session.perform(AddFrame(Frames{good, frame})); });
+    expectRefused([&] { return session.perform(AddFrame(Frames{good, nullptr})); });
+    expectRefused([&] { return session.perform(AddFrame(Frames{})); });
     session.removeAllPages();
     EXPECT_THAT(recorder.take(), ElementsAre("16", "10"));
     expectRefused([&] { return session.createFrame("bad", {0, 0, 1, 1}) != nullptr; });
@@ -164,6 +169,21 @@ TEST_F(SessionOperations, AddAFinishedFrameAndTileThePage)
     EXPECT_EQ(added->rectangle.x, 5.5);
     EXPECT_EQ(added->rectangle.height, 8.5);
     expectUndoAndRedo(before, {"9 frame", "10 frame"}, {"8 frame", "10 frame"});
+}
+
+TEST_F(SessionOperations, AddSeveralFramesInOneStep)
+{
+    using Frames = std::vector<std::shared_ptr<Frame>>;
+    std::string const before = withoutHistory();
+    auto const first = std::make_shared<Frame>("first", Rectangle{});
+    auto const second = std::make_shared<Frame>("second", Rectangle{});
+    second->dataSet = sample::ordered({"time", "force"}, 10);
+    EXPECT_TRUE(session.perform(AddFrame(Frames{first, second})));
+    EXPECT_THAT(recorder.take(), ElementsAre("8 frame", "8 frame", "10 frame"));
+    EXPECT_EQ(session.activeFrame(), second);
+    EXPECT_EQ(second->plotType, PlotType_XYLine);
+    EXPECT_EQ(session.history().undoName(), "New Frames");
+    expectUndoAndRedo(before, {"9 frame", "9 frame", "10 frame"}, {"8 frame", "8 frame", "10 frame"});
 }
 
 TEST_F(SessionOperations, DeleteFramesAndActivateAnother)

@@ -60,7 +60,7 @@ std::vector<XmlHeaderCheck::Useless> XmlHeaderCheck::useless() const
         result.push_back({ofPoints, name, "has no numbers"});
     // VTK puts pieces together byte by byte.
     for (auto const& [ofPoints, name] : m_bits) {
-        if (m_pieces > 1)
+        if (hasSeveralPieces())
             result.push_back({ofPoints, name, "has single bits in several pieces"});
     }
     return result;

@@ -37,6 +37,9 @@ public:
     /// After run(): those arrays, each once.
     std::vector<Useless> useless() const;
 
+    /// After run(): whether the grid stands in more than one piece.
+    bool hasSeveralPieces() const { return m_pieces > 1; }
+
     /// After run(): false when the header says that there are no points at all.
     bool hasPoints() const { return m_allPoints > 0.0; }
 

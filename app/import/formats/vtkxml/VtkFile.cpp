@@ -106,6 +106,19 @@ void leaveOutUneven(XmlArrayList const& list, vtkXMLReader& reader, std::vector<
     leaveOutOf(*reader.GetCellDataArraySelection(), list.unevenOfCells());
 }
 
+void chooseArrays(GridArrays const& arrays, vtkXMLReader& reader, LoadingPlan& plan, DeferredArrays& deferred)
+{
+    leaveOutUneven(arrays.list(), reader, deferred.remarks);
+    if (plan.deferral() == Deferral::Never && !arrays.list().isReordered())
+        return;
+    ArrayChoice(reader, arrays, plan).run(deferred);
+    auto* const parts = dynamic_cast<GridParts*>(&reader);
+    if (deferred.points && parts)
+        parts->leaveOutPoints();
+    if (deferred.cells && parts)
+        parts->leaveOutCells();
+}
+
 vtkSmartPointer<vtkDataObject> readXml(vtkXMLReader& reader, std::string const& path, VtkErrorCapture const& errors,
                                        ImportContext const& context, DeferredArrays& deferred)
 {
@@ -125,16 +138,8 @@ vtkSmartPointer<vtkDataObject> readXml(vtkXMLReader& reader, std::string const& 
     updateInformation(reader, *observer);
     throwOnError(errors);
     leaveOut(check.useless(), reader, deferred.remarks);
-    GridArrays const arrays(path, extension);
-    leaveOutUneven(arrays.list(), reader, deferred.remarks);
-    if (mayDefer || arrays.list().isReordered()) {
-        ArrayChoice(reader, arrays, context.plan).run(deferred);
-        auto* const parts = dynamic_cast<GridParts*>(&reader);
-        if (deferred.points && parts)
-            parts->leaveOutPoints();
-        if (deferred.cells && parts)
-            parts->leaveOutCells();
-    }
+    if (mayDefer || check.hasSeveralPieces())
+        chooseArrays(GridArrays(path, extension), reader, context.plan, deferred);
     return run(reader, errors, *observer);
 }
 

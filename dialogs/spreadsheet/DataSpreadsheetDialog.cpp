@@ -19,6 +19,7 @@
 #include "dialogs/spreadsheet/LongTableKeyNavigator.h"
 #include "dialogs/spreadsheet/LongTableMouseSelector.h"
 #include "dialogs/spreadsheet/SelectionText.h"
+#include "dialogs/spreadsheet/ShownTableValues.h"
 #include "dialogs/spreadsheet/TableWindow.h"
 #include "dialogs/spreadsheet/WindowScrollBar.h"
 #include "dialogs/spreadsheet/ZoneVarTableItemDelegate.h"
@@ -61,6 +62,7 @@ using propertymanager::LongTableKeyNavigator;
 using propertymanager::LongTableMouseSelector;
 using propertymanager::RelevanceInterface;
 using propertymanager::SelectionText;
+using propertymanager::ShownTableValues;
 using propertymanager::TableWindow;
 using propertymanager::WindowScrollBar;
 
@@ -155,7 +157,12 @@ void DataSpreadsheetDialog::Impl::setUpTable()
     table->setPreferredNumberOfColumns(columnsAtFirst);
     ui.dataSpreadsheet_Index_SpinBox->setRange(1, highestIndex);
     corner = new CornerButtonEventFilter(*table, manager.cornerLabel());
-    manager.setBeforeTableChanges([this](Manager::TableModel const& next) { finishEditUnlessIn(next); });
+    auto* const shownValues = new ShownTableValues(*table);
+    shownValues->follow(*manager.tableModel());
+    manager.setBeforeTableChanges([this, shownValues](Manager::TableModel const& next) {
+        finishEditUnlessIn(next);
+        shownValues->follow(next);
+    });
 }
 
 void DataSpreadsheetDialog::Impl::makeLongTablesReachable()

@@ -48,6 +48,8 @@ public:
     std::string shortestStr(ModelIndex const& index) const;
     /// One-based number of the zone that the table was made for.
     int zone() const { return m_zone; }
+    /// The variables whose changes the table follows.
+    toolbox::Set const& variables() const { return m_variables; }
     /// How the cell's value is stored.
     virtual FieldDataType_e fieldDataType(ModelIndex const& index) const;
     /// The kernel's number of the variable of a one-based column.

@@ -38,7 +38,7 @@ public:
 
     /// Adds the values of a data set. Variables that are wanted in a zone are not spare there.
     /// @param shown    one-based numbers of variables that frames show; they are not spare in any zone
-    /// @param isNeeded whether an operation needs the values of a group
+    /// @param isNeeded whether somebody else needs the values of a group; called before add() returns
     void add(std::shared_ptr<DataSet> dataSet, NumberSet const& shown, Predicate const& isNeeded);
 
     /// Bytes of all loaded values that could be loaded again, spare or not.

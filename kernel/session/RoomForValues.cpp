@@ -5,12 +5,26 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <set>
 
 namespace veldraw::kernel {
 
 namespace {
 
 constexpr double unknownAmount = std::numeric_limits<double>::infinity();
+
+using Groups = std::set<ShareGroup const*>;
+
+/// The storage of values of @p dataSet that are shown beside the frames.
+void addShown(DataSet const& dataSet, ShownValues const& values, Groups& groups)
+{
+    int const zone = dataSet.zoneNumber(values.zone);
+    for (int number = 1; zone != 0 && number <= dataSet.variableCount(); ++number) {
+        if (values.variables.count(dataSet.variable(number)->id) > 0) {
+            groups.insert(dataSet.field(zone, number)->group().get());
+        }
+    }
+}
 
 /// Numbers of the variables that @p frame shows, or would show in another type of plot.
 void addShown(Frame const& frame, NumberSet& variables)
@@ -97,12 +111,18 @@ double RoomForValues::loadedBytesAtMost() const
 SpareValues RoomForValues::spareValues() const
 {
     SpareValues spare;
+    Groups shownGroups;
+    auto const isNeeded = [&](ShareGroup const& group) { return shownGroups.count(&group) > 0 || m_load.needs(group); };
+    auto const shownBesideFrames = m_session.shownValues();
     for (auto const& dataSet : m_session.pages().dataSets()) {
+        for (auto const& values : shownBesideFrames) {
+            addShown(*dataSet, *values, shownGroups);
+        }
         NumberSet shown;
         for (auto const& frame : m_session.pages().framesOf(*dataSet)) {
             addShown(*frame, shown);
         }
-        spare.add(dataSet, shown, [this](ShareGroup const& group) { return m_load.needs(group); });
+        spare.add(dataSet, shown, isNeeded);
     }
     return spare;
 }

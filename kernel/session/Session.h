@@ -5,6 +5,7 @@
 #include "kernel/frames/Pages.h"
 #include "kernel/operations/Operation.h"
 #include "kernel/session/LongWork.h"
+#include "kernel/session/ShownValues.h"
 #include "kernel/undo/History.h"
 
 #include <functional>
@@ -107,10 +108,17 @@ public:
     ///
     /// Values are unloaded only when they exceed the limit, or when a load or an operation does not get memory; those that
     /// have not been used for the longest time are unloaded first. Values stay loaded if they have been altered, cannot be
-    /// loaded again, are wanted in some zone, or are those of a variable that a frame shows. Values that were unloaded for
-    /// a load that then fails are not loaded again.
+    /// loaded again, are wanted in some zone, are declared by declareShown(), or are those of a variable that a frame
+    /// shows. Values that were unloaded for a load that then fails are not loaded again.
     std::int64_t loadedValuesLimit() const { return m_loadedValuesLimit; }
     void setLoadedValuesLimit(std::int64_t bytes);
+
+    /// Declares values that something beside the frames shows. They stay loaded as long as the result lives.
+    /// @throws std::bad_alloc
+    std::shared_ptr<ShownValues const> declareShown(ShownValues values);
+
+    /// All that is declared. @throws std::bad_alloc
+    std::vector<std::shared_ptr<ShownValues const>> shownValues() const;
 
     // ---- long work -------------------------------------------------------------------------------------------------
     bool isBusy() const { return m_work.isBusy(); } ///< every operation is refused then
@@ -165,6 +173,7 @@ private:
     Pages m_pages;
     LongWork m_work;
     std::int64_t m_loadedValuesLimit;
+    std::vector<std::weak_ptr<ShownValues const>> m_shownValues;
     std::vector<Pick> m_picks;
     int m_mouseMode;
     Display* m_display = nullptr;

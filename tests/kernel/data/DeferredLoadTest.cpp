@@ -207,6 +207,27 @@ TEST_F(LoadOnDemand, KeepsWhatAFrameShows)
     EXPECT_FALSE(field(1, 4).isLoaded());
 }
 
+TEST_F(LoadOnDemand, KeepsWhatIsDeclaredAsShownAsLongAsTheDeclarationLives)
+{
+    UniqueId const x = dataSet->variable(1)->id;
+    UniqueId const pressure = dataSet->variable(4)->id;
+    auto first = session.declareShown({dataSet->zone(1)->id, {x, 12345678}});
+    auto second = session.declareShown({dataSet->zone(2)->id, {pressure}});
+    auto const ofNoZone = session.declareShown({12345678, {x}});
+    session.perform(LoadVariables(*dataSet, {1, 2}, {1, 4}));
+    unloadSpare();
+    EXPECT_TRUE(field(1, 1).isLoaded());
+    EXPECT_FALSE(field(2, 1).isLoaded()) << "that zone is not in the table";
+    EXPECT_TRUE(field(1, 4).isLoaded()) << "the zone of the other table shares it";
+    first.reset();
+    unloadSpare();
+    EXPECT_FALSE(field(1, 1).isLoaded());
+    EXPECT_TRUE(field(1, 4).isLoaded());
+    second.reset();
+    unloadSpare();
+    EXPECT_FALSE(field(1, 4).isLoaded());
+}
+
 TEST_F(LoadOnDemand, LetsTheValuesOfOtherDataSetsGoToo)
 {
     session.perform(LoadVariables(*dataSet, {1}, {1}));

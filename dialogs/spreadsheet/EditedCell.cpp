@@ -11,6 +11,8 @@
 
 #include <QWidget>
 
+#include <memory>
+
 namespace veldraw::sdk::ui::dialogs::propertybindings::models {
 
 namespace {
@@ -24,6 +26,29 @@ long long variableID(ZoneVarTableModelAbstract const& table, ModelIndex const& c
 {
     return VelUtilVarGetUniqueIDForFrame(VelUtilFrameGetUniqueID(), table.variableNumber(cell.column + 1));
 }
+
+// Has a frame that shows the zone's data set count as the active one. Only while the kernel is called: an event loop, such as
+// that of a message, must find the frame that the user has made active.
+class FrameOfZone
+{
+public:
+    explicit FrameOfZone(long long zoneID)
+        : m_isWalking(zoneNumberByUniqueID(zoneID) == 0 && VelUtilFrameLightweightLoopStart())
+    {
+        while (m_isWalking && zoneNumberByUniqueID(zoneID) == 0 && VelUtilFrameLightweightLoopNext()) {
+        }
+    }
+    ~FrameOfZone()
+    {
+        if (m_isWalking)
+            VelUtilFrameLightweightLoopEnd();
+    }
+    FrameOfZone(FrameOfZone const&) = delete;
+    FrameOfZone& operator=(FrameOfZone const&) = delete;
+
+private:
+    bool const m_isWalking;
+};
 
 } // namespace
 
@@ -52,15 +77,20 @@ bool EditedCell::isAt(ModelIndex const& cell, TableModelInterface const& table) 
 
 void EditedCell::write(std::string const& text, bool alterInAllSharedZones) const
 {
+    AppLock const lock(AppLock::RecordAsUsual);
+    auto frame = std::make_unique<FrameOfZone>(m_zoneID);
     int const zone = zoneNumberByUniqueID(m_zoneID);
     int const variable = VelUtilVarGetNumByUniqueID(m_variableID);
-    AppLock const lock(AppLock::RecordAsUsual);
-    if (zone == 0 || variable == 0) {
-        std::string const message = "The value " + text + " was not set: its zone or variable is not there any more.";
-        VelUtilDialogErrMsg(message.c_str());
-    } else if (VelUtilDataValueIsLoaded(zone, variable)) {
-        ValueWrite(zone, variable, m_offset, text, alterInAllSharedZones).run();
+    bool const isLoaded = VelUtilDataValueIsLoaded(zone, variable);
+    frame.reset();
+    if (isLoaded) {
+        ValueWrite(zone, variable, m_offset, text, alterInAllSharedZones)
+            .run([&] { frame = std::make_unique<FrameOfZone>(m_zoneID); }, [&] { frame.reset(); });
+        return;
     }
+    std::string const reason = zone == 0 || variable == 0 ? "its zone or variable is not there any more."
+                                                          : "the values of its variable are not loaded any more.";
+    VelUtilDialogErrMsg(("The value " + text + " was not set: " + reason).c_str());
 }
 
 } // namespace veldraw::sdk::ui::dialogs::propertybindings::models

@@ -33,7 +33,8 @@ public:
     /// Whether a cell of a table stands for the value now. The table has such a cell.
     bool isAt(ModelIndex const& cell, TableModelInterface const& table) const;
 
-    /// Writes the value, whichever table is shown. The user is told when the kernel refuses, and when the value is gone.
+    /// Writes the value, whichever table is shown and whichever frame is active. The user is told when the kernel refuses, and when
+    /// the value is gone or not loaded any more.
     /// @param alterInAllSharedZones whether the zones that share the values get the value, too
     void write(std::string const& text, bool alterInAllSharedZones) const;
 

@@ -1,5 +1,6 @@
 #include "dialogs/spreadsheet/ValueWrite.h"
 
+#include "dialogs/bindings/ScopedExitAction.h"
 #include "platform/vdsdkbase/VelUtilDataValue.h"
 #include "platform/vdsdkcommon/ActionReporter.h"
 
@@ -31,10 +32,11 @@ ValueWrite::ValueWrite(int zone, int variable, long long offset, std::string con
     m_arguments.appendInt("AutoBranch", alterInAllSharedZones ? 0 : 1);
 }
 
-bool ValueWrite::run(std::function<void()> const& beforeWrite)
+bool ValueWrite::run(std::function<void()> const& beforeWrite, std::function<void()> const& afterWrite)
 {
-    auto const write = [this, &beforeWrite] {
+    auto const write = [&] {
         beforeWrite();
+        ScopedExitAction const after(afterWrite);
         return static_cast<char>(VelUtilDataValueSetByZoneVarX(m_arguments.getRef()));
     };
     return velUtilActionReporter(write, "Error while setting variable value", "") != 0;

@@ -19,8 +19,10 @@ public:
 
     /// Writes the value, and tells the user if the kernel refuses.
     /// @param beforeWrite called right before the kernel
+    /// @param afterWrite called right after it, before the user is told anything
     /// @return whether the kernel accepted the value
-    bool run(std::function<void()> const& beforeWrite = [] {});
+    bool run(
+        std::function<void()> const& beforeWrite, std::function<void()> const& afterWrite = [] {});
 
 private:
     toolbox::ArgList m_arguments;

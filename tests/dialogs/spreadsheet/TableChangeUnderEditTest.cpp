@@ -1,3 +1,4 @@
+#include "kernel/operations/AddFrame.h"
 #include "kernel/operations/DeleteVariables.h"
 #include "kernel/operations/DuplicateZones.h"
 #include "kernel/operations/SetValue.h"
@@ -212,10 +213,56 @@ TEST_F(TableChangeUnderEditTest, TellsThatTheTextIsDroppedWhenItsZoneIsGone)
     EXPECT_THAT(altered(), IsEmpty());
 }
 
-TEST_F(TableChangeUnderEditTest, TellsThatTheTextIsDroppedWhenTheDataSetIsNotShownAnyMore)
+TEST_F(TableChangeUnderEditTest, StoresTheTextInItsDataSetWhenAnotherFrameWasActivated)
 {
     beginEdit(1, 2, 1, "7");
     stage.hide();
+    settle();
+    EXPECT_FALSE(editor());
+    EXPECT_THAT(altered(), ElementsAre("Line T 2 = 7"));
+    EXPECT_THAT(messages.take(), IsEmpty());
+    EXPECT_EQ(stage.session().activeFrame()->name, "Empty");
+    EXPECT_EQ(stage.session().history().undoName(), "Edit Value");
+}
+
+TEST_F(TableChangeUnderEditTest, StoresTheTextInItsDataSetWhenAFrameWithAnotherOneWasActivated)
+{
+    beginEdit(1, 2, 1, "7");
+    auto const other = std::make_shared<kernel::DataSet>("Other");
+    for (char const* name : {"P", "T"})
+        other->addVariable(std::make_shared<kernel::Variable>(name));
+    auto const zone = std::make_shared<kernel::Zone>("Line", ZoneType_Ordered, 4, 1, 1);
+    for (int variable = 0; variable < 2; ++variable) {
+        auto const zeros = kernel::Buffer::allocate(FieldDataType_Float, 4);
+        zone->fields.emplace_back(std::make_shared<kernel::ShareGroup>(zeros), ValueLocation_Nodal);
+    }
+    other->addZone(zone);
+    auto const frame = stage.session().createFrame("Other", kernel::Rectangle{0.0, 0.0, 1.0, 1.0});
+    ASSERT_TRUE(stage.session().setFrameDataSet(frame->id, other));
+    settle();
+    EXPECT_FALSE(editor());
+    EXPECT_THAT(altered(), ElementsAre("Line T 2 = 7"));
+    EXPECT_EQ(zone->fields[1].group()->buffer()->value(2), 0.0);
+    EXPECT_EQ(shown(2, 1), "0");
+    EXPECT_THAT(messages.take(), IsEmpty());
+    EXPECT_EQ(stage.session().activeFrame(), frame);
+}
+
+TEST_F(TableChangeUnderEditTest, TellsARefusalInAnotherFrameWhenThatOneIsNotActiveAnyMore)
+{
+    beginEdit(1, 2, 1, "7");
+    stage.session().setLock(stage.dataSet(), "another operation");
+    stage.hide();
+    settle();
+    EXPECT_THAT(messages.take(), ElementsAre("error: Error while setting variable value"));
+    EXPECT_THAT(altered(), IsEmpty());
+    EXPECT_EQ(stage.session().activeFrame()->name, "Empty");
+}
+
+TEST_F(TableChangeUnderEditTest, TellsThatTheTextIsDroppedWhenTheDataSetIsNotShownAnyMore)
+{
+    beginEdit(1, 2, 1, "7");
+    ASSERT_TRUE(stage.session().perform(kernel::DeleteFrame(stage.frame()->id)));
     settle();
     EXPECT_FALSE(editor());
     EXPECT_THAT(messages.take(), ElementsAre(gone));

@@ -1,3 +1,4 @@
+#include "kernel/operations/DuplicateZones.h"
 #include "kernel/operations/EnableZone.h"
 #include "tests/dialogs/support/ActionUnderSpy.h"
 #include "tests/dialogs/support/RecordedGuards.h"
@@ -118,6 +119,20 @@ TEST_F(AxialRotationKernelTest, TurnsNothingThatTheListDoesNotShow)
     EXPECT_EQ(refusedCall("VelUtilDataRotate"),
               "VelUtilDataRotate(" + dataSet() +
                   ", {3}, (1, 2, 3), true, (4), (5), (6), true, 360, (0, 0, 0), (0, 0, 1))");
+}
+
+TEST_F(AxialRotationKernelTest, TurnsTheCopiesOfAStrandWhoseLowestZoneIsDisabled)
+{
+    makeStrand();
+    click("selectByStrand");
+    clickRow(0);
+    sample.session().perform(kernel::EnableZone(sample.dataSet(), 1, false));
+    ASSERT_TRUE(sample.session().perform(kernel::DuplicateZones(sample.dataSet(), {3})));
+    IdleDispatcher::flush();
+    EXPECT_THAT(rows(), ElementsAre("*1: Tail (strand 1)", "2: Body"));
+    EXPECT_EQ(refusedCall("VelUtilDataRotate"),
+              "VelUtilDataRotate(" + dataSet() +
+                  ", {3, 4}, (1, 2, 3), true, (4), (5), (6), true, 360, (0, 0, 0), (0, 0, 1))");
 }
 
 TEST_F(AxialRotationKernelTest, TurnsNoZoneThatIsDisabledAfterItWasPicked)

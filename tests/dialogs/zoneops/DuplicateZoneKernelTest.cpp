@@ -1,3 +1,4 @@
+#include "kernel/operations/EnableZone.h"
 #include "tests/dialogs/support/ActionUnderSpy.h"
 #include "tests/dialogs/zoneops/DuplicateZoneFixture.h"
 
@@ -25,6 +26,21 @@ TEST_F(DuplicateZoneKernelTest, CopiesTheWholeSelectionInOneCall)
                             "VelUtilZoneCopyX(list)",
                             "VelUtilFrameGetUniqueID()", // the list, which hears of the copies
                             "VelUtilArgListDealloc(out)", "VelUtilDialogMessageBox(\"Duplicate zone(s) created\", 2)"));
+}
+
+TEST_F(DuplicateZoneKernelTest, CopiesAZoneOfAStrandWhoseLowestZoneIsDisabled)
+{
+    sample.dataSet().zone(1)->strand = sample.dataSet().zone(3)->strand = 1;
+    ASSERT_TRUE(sample.session().perform(kernel::EnableZone(sample.dataSet(), 1, false)));
+    IdleDispatcher::flush();
+    ASSERT_THAT(rows(), ElementsAre("2: Body", "3: Tail"));
+    clickRow(1);
+    clickAction();
+    expectTold({duplicateCreated}, "created");
+    EXPECT_THAT(zoneNames(), ElementsAre("Wing", "Body", "Tail", "Tail"));
+    EXPECT_EQ(sample.dataSet().zone(4)->strand, 1);
+    EXPECT_TRUE(sample.dataSet().zone(4)->enabled);
+    EXPECT_FALSE(sample.dataSet().zone(1)->enabled);
 }
 
 TEST_F(DuplicateZoneKernelTest, AllocatesAndCallsNothingWithoutASelection)

@@ -67,6 +67,22 @@ TEST_F(DuplicateZonesTest, AppendsACopyOfEachInTheOrderOfTheSources)
     EXPECT_THAT(names(), ElementsAre("lower", "upper", "lower", "upper", "upper"));
 }
 
+TEST_F(DuplicateZonesTest, OfAStrandWhoseLowestZoneIsDisabledStandInItsFieldMap)
+{
+    dataSet->zone(1)->strand = dataSet->zone(2)->strand = 7;
+    dataSet->addZone(std::make_shared<Zone>("wall", ZoneType_Ordered, 1, 1, 1));
+    ASSERT_TRUE(session.perform(EnableZone(*dataSet, 1, false)));
+    ASSERT_EQ(fieldMaps(*dataSet), (std::vector<NumberSet>{{2}, {3}}));
+    ASSERT_TRUE(session.perform(DuplicateZones(*dataSet, {2})));
+    EXPECT_EQ(fieldMaps(*dataSet), (std::vector<NumberSet>{{2, 4}, {3}}));
+    ASSERT_TRUE(session.perform(DuplicateZones(*dataSet, {1})));
+    EXPECT_EQ(fieldMaps(*dataSet), (std::vector<NumberSet>{{2, 4, 5}, {3}})) << "a copy is enabled";
+    ASSERT_TRUE(session.perform(EnableZone(*dataSet, 2, false)));
+    EXPECT_EQ(fieldMaps(*dataSet), (std::vector<NumberSet>{{4, 5}, {3}}));
+    ASSERT_TRUE(session.undo() && session.undo() && session.undo() && session.undo());
+    EXPECT_EQ(fieldMaps(*dataSet), (std::vector<NumberSet>{{1, 2}, {3}}));
+}
+
 TEST_F(DuplicateZonesTest, CopiesAllThatDescribesAZone)
 {
     auto const triangles = std::make_shared<Zone>("skin", ZoneType_FETriangle, 4, 2, 0);

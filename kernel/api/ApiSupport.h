@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-/// The list of texts (UTF-8) behind the C interface.
+/// The handle StringList of the C interface: a list of UTF-8 texts.
 struct StringList_s
 {
     std::vector<std::string> texts;
@@ -15,14 +15,14 @@ struct StringList_s
 
 namespace veldraw::kernel::api {
 
-/// The session behind the C functions.
+/// The session that the C functions work on.
 inline Session& session()
 {
     return Session::instance();
 }
 
-/// What @p function answers, or @p failure when it throws: nothing may cross the C boundary. Lack of memory is noted as the
-/// reason.
+/// The result of @p function, or @p failure if it throws, since no exception may leave a C function. std::bad_alloc is also
+/// stored as the session's last error.
 template <typename Answer, typename Function>
 Answer answerOr(Answer failure, Function const& function) noexcept
 {
@@ -39,7 +39,7 @@ Answer answerOr(Answer failure, Function const& function) noexcept
 /// A copy that VelUtilStringDealloc() gives back. @throws std::bad_alloc
 char* copyText(std::string const& text);
 
-/// Stores @p value where @p target points, if it points anywhere.
+/// Stores @p value at @p target unless that is null.
 template <typename Value>
 void store(Value* target, Value value) noexcept
 {

@@ -10,7 +10,7 @@
 
 namespace veldraw::kernel {
 
-/// Named arguments of a call. A name that is set again takes the new value, of whatever kind it is.
+/// Named arguments of a call. Setting a name again replaces its value, also by one of another kind.
 class ArgumentList
 {
 public:
@@ -20,7 +20,7 @@ public:
     void setNumbers(std::string const& name, NumberSet value);
     void setText(std::string const& name, std::string value);
 
-    /// What the name stands for; nothing when it is not there or of another kind.
+    /// The value of a name; none if the list has no such name or its value is of another kind.
     std::optional<long long> intValue(std::string const& name) const { return value<long long>(name); }
     std::optional<double> doubleValue(std::string const& name) const { return value<double>(name); }
     std::optional<NumberSet> numbers(std::string const& name) const { return value<NumberSet>(name); }
@@ -45,7 +45,7 @@ private:
 
 } // namespace veldraw::kernel
 
-/// The kernel's argument list behind the C interface.
+/// The handle ArgList of the C interface.
 struct ArgList_s
 {
     veldraw::kernel::ArgumentList arguments;

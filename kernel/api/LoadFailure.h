@@ -5,15 +5,15 @@
 
 namespace veldraw::kernel::api {
 
-/// Called with the reason when a C function could not load the values or dimensions that it was asked for. The caller of the C
-/// function does not get the reason.
+/// Function that is called with the reason when a C function could not load values or dimensions. The caller of the C function
+/// only learns that they are not there.
 using LoadFailureListener = std::function<void(std::string const& reason)>;
 
-/// One listener for the process, called on the user-interface thread; empty (as at first) for none.
+/// Sets the listener of the process, which is called on the user-interface thread. Empty for none, as at first.
 void setLoadFailureListener(LoadFailureListener listener);
 
-/// Calls the listener with the reason for which the session has just refused to load, except while another operation
-/// computes, when loading is not tried. @return false
+/// Calls the listener with the session's last error. Does not call it while another operation computes, when loading is
+/// always refused. @return false
 bool tellLoadFailure() noexcept;
 
 } // namespace veldraw::kernel::api

@@ -23,7 +23,7 @@ StylePath pathOf(ArgumentList const& arguments)
     return path;
 }
 
-// Nothing when an argument is missing: a half address could be somebody else's.
+// None if an argument is missing: an incomplete address could be that of another value.
 std::optional<StyleAddress> addressOf(ArgumentList const& arguments)
 {
     std::optional<long long> const frame = arguments.intValue(styleArgument::frame);

@@ -9,11 +9,11 @@
 
 namespace veldraw::kernel::api {
 
-/// Names of the arguments of a style read or write, all of them needed except where told.
+/// Names of the arguments of a style read or write. All are needed unless the comment says otherwise.
 namespace styleArgument {
 constexpr char frame[] = "Frame";     ///< unique identifier; 0: the active frame
-constexpr char name[] = "Name";       ///< with 1 to 7 behind it: identifiers of the path's names, from the top down
-constexpr char offset1[] = "Offset1"; ///< one-based number in the path's first collection; -1: none
+constexpr char name[] = "Name";       ///< followed by 1 to 7: identifiers of the names in the path, from the top
+constexpr char offset1[] = "Offset1"; ///< one-based number in the first collection of the path; -1 for none
 constexpr char offset2[] = "Offset2"; ///< the same for the second collection
 constexpr char assignOperator[] = "AssignOperator"; ///< writes only
 constexpr char whole[] =
@@ -21,22 +21,22 @@ constexpr char whole[] =
 constexpr char real[] = "DValue"; ///< write: the value as a double; read: address of a double for it, may be absent
 } // namespace styleArgument
 
-/// The only assign operator: the value becomes the given one.
+/// The only assign operator: the given value replaces the present one.
 constexpr long long plainAssignment = 255;
 
 /// Maximum number of names in a path.
 constexpr int maxStyleNames = 7;
 
-/// Identifier of a name of the style tree, 0 for a name that is in no path.
+/// Identifier of a name in the style tree; 0 for a name that no path has.
 int styleNameId(std::string const& name) noexcept;
 
-/// Whether the list's names are a path with a value at it or below it.
+/// Whether the names in the list are a path of a value, or the start of one.
 bool isStylePath(ArgList_s const* list) noexcept;
 
-/// Writes a value. A refusal leaves its reason for VelUtilStyleGetLastErrorString().
+/// Writes a value. If it is refused, VelUtilStyleGetLastErrorString() has the reason.
 SetValueReturnCode_e setStyleValue(ArgList_s const* list) noexcept;
 
-/// Reads a value into the addresses in the list, which stay as they are when there is no such value.
+/// Reads a value to the addresses in the list. If there is no such value nothing is written.
 GetValueReturnCode_e getStyleValue(ArgList_s const* list) noexcept;
 
 } // namespace veldraw::kernel::api

@@ -16,14 +16,14 @@ namespace {
 
 constexpr char missing[] = "An argument is missing.";
 
-/// Three numbers behind a pointer.
+/// The three numbers that @p numbers points at.
 template <typename Number>
 std::array<Number, 3> triple(Number const* numbers)
 {
     return {numbers[0], numbers[1], numbers[2]};
 }
 
-/// Nothing when a pointer is null that is needed.
+/// The variables that the arguments of a C function name; none if a pointer that is needed is null.
 std::optional<SpatialVariables> spatialVariables(int const* xyz, bool is3D, int const* u, int const* v, int const* w,
                                                  bool hasVector)
 {

@@ -74,7 +74,7 @@ bool VelUtilDataSetIsLocked(char** lockerName)
     if (!dataSet || dataSet->lockHolder().empty()) {
         return false;
     }
-    // Locked all the same when there is no memory for the name.
+    // Without memory for the name the answer is still true.
     if (lockerName != nullptr) {
         *lockerName = answerOr<char*>(nullptr, [&] { return api::copyText(dataSet->lockHolder()); });
     }

@@ -15,7 +15,7 @@ using veldraw::kernel::api::session;
 
 namespace {
 
-/// A number of a zone or variable; 0, which none has, for what is no such number.
+/// @p number as the number of a zone or variable; 0, which is the number of none, if it is negative or too large.
 int asNumber(long long number)
 {
     return number > 0 && number <= std::numeric_limits<int>::max() ? static_cast<int>(number) : 0;
@@ -48,7 +48,7 @@ double VelUtilDataValueGetByZoneVar(int zone, int var, long long index)
         if (field != nullptr && !field->isLoaded()) {
             bool const isLoaded =
                 session().perform(LoadVariables(*session().activeDataSet(), {zone}, {var})) || api::tellLoadFailure();
-            field = isLoaded ? activeField(zone, var) : nullptr; // listeners have heard of it
+            field = isLoaded ? activeField(zone, var) : nullptr; // listeners of the load may have changed the data set
         }
         if (field == nullptr || field->isPassive() || !field->isLoaded()) {
             return 0.0;

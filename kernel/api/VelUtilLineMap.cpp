@@ -37,7 +37,7 @@ NumberSet allMaps(Frame const& frame)
     return numbers;
 }
 
-/// Which identifier of a line map an attribute sets; null when it sets none.
+/// The member of a line map that an attribute assigns; null for another attribute.
 UniqueId LineMap::*assignmentOf(std::string_view attribute)
 {
     if (attribute == "XAxisVar") {
@@ -78,7 +78,7 @@ std::int64_t IndexRange::*limitOf(std::string_view subAttribute, long long value
     return subAttribute == "Min" ? &IndexRange::min : (subAttribute == "Skip" ? &IndexRange::skip : nullptr);
 }
 
-/// The layer of line plots of this name; null when there is none.
+/// The plot option that a layer of line plots is; null if there is no layer of this name.
 PlotOption const* layerOf(std::string_view name)
 {
     auto const& options = plotOptions();

@@ -14,7 +14,7 @@ Pick const* pick(int number)
     return exists ? &picks[static_cast<std::size_t>(number - 1)] : nullptr;
 }
 
-/// Number of a picked zone that the active data set has and that is enabled, else 0.
+/// One-based number of the picked zone; 0 if it is disabled or not in the active data set.
 int zoneNumber(Pick const* found)
 {
     std::shared_ptr<DataSet> const dataSet = session().activeDataSet();
@@ -36,7 +36,7 @@ int VelUtilPickListGetType(int number)
     if (found == nullptr) {
         return 0;
     }
-    // To the caller a zone without a number is no picked zone.
+    // A zone without a number cannot be told to the caller, so it does not count as picked.
     bool const isHidden = found->type == Pick::zoneType && zoneNumber(found) == 0;
     return isHidden ? 0 : found->type;
 }

@@ -41,7 +41,7 @@ bool VelUtilVarIsEnabled(int var)
 
 bool VelUtilVarIsSZLData(int zone, int var)
 {
-    // Only estimates that a file's index of pieces gave come from such a file; no loader of ours has such an index.
+    // True only for estimates from a file that indexes its pieces; none of our loaders reads such an index.
     static_cast<void>(zone);
     static_cast<void>(var);
     return false;

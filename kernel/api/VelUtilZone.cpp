@@ -11,7 +11,7 @@ using veldraw::kernel::api::activeZone;
 
 namespace {
 
-// The C functions never call one another: each call by name is one that the outside made.
+// Two C functions share this: they must not call one another, so that whoever counts calls counts those of callers only.
 void storeDimensions(int zone, long long* i, long long* j, long long* k)
 {
     std::shared_ptr<Zone> const found = activeZone(zone);
@@ -39,7 +39,7 @@ void VelUtilZoneGetIJK(int zone, long long* i, long long* j, long long* k)
 {
     std::shared_ptr<Zone> const found = activeZone(zone);
     if (found && found->isDeferred()) {
-        // A refusal leaves them unknown.
+        // If loading is refused, the dimensions stay -1.
         if (!api::session().perform(LoadDimensions(*api::session().activeDataSet(), zone))) {
             api::tellLoadFailure();
         }

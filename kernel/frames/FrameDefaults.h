@@ -4,31 +4,34 @@
 
 namespace veldraw::kernel {
 
-/// Lays out a frame for its data set: axes and vector by the variables' names, contour variable, plot type, one line map.
+/// Sets what a frame shows of its data set at first: axes, vector, contour variable, plot type, a line map, stretched axes.
 ///
-/// Axes are X, Y, Z in either case, with or without a unit ("x [m]"), or CoordinateX and the like; without an X and a Y the
-/// first three variables. All zones curves (I-ordered, not scattered) and two or more variables: a line plot; a zone with three
-/// dimensions, or a Z that is not the same everywhere: 3D; else 2D. Without zones or variables: a sketch. The axes are
-/// stretched where a picture to scale would be a mere line.
+/// - Axes: the variables called X, Y and Z in either case, with or without a unit ("x [m]"), or CoordinateX and the like. If X or
+///   Y is missing, the first three variables.
+/// - Vector: the variables called U, V and W or as a velocity, else the first ones called "name_X", "name_Y", "name_Z".
+/// - Contour variable: the first enabled variable that is on no axis.
+/// - Plot type: a line plot if all zones are curves (I-ordered, not scattered) and there are two or more variables; 3D if a
+///   zone has three dimensions or Z is not constant; else 2D. A sketch if there are no zones or no variables.
+/// - Stretched axes: if a picture to scale would be a mere line (see isMereLine()).
 ///
-/// The vector is U, V, W or a velocity, else the first one whose components are called "name_X", "name_Y", "name_Z".
-/// @throws std::bad_alloc
+/// A frame without a data set is not changed. @throws std::bad_alloc
 void layOut(Frame& frame);
 
-/// The same for a frame that has not been laid out yet; any other frame stays as it is.
+/// Calls layOut() if it has not been called for the frame, which is then a sketch without axes.
 void layOutIfFresh(Frame& frame);
 
-/// Numbers of the variables called X, Y and Z as layOut() knows them; 0 for a Z that is not there, all 0 without both X and Y.
+/// One-based numbers of the variables whose names layOut() takes for X, Y and Z. All are 0 if X or Y is missing; the third
+/// is 0 if only Z is missing.
 std::array<int, 3> coordinatesByName(DataSet const& dataSet);
 
-/// Number of the variable called t or time, with or without a unit; 0 if there is none.
+/// One-based number of the variable called t or time, with or without a unit; 0 if there is none.
 int timeByName(DataSet const& dataSet);
 
-/// Whether a picture to scale of something with these lengths along the axes would show no more than a line: the longest is
-/// more than 500 times the next one. What is thinner than 1e-12 of it is a line indeed.
+/// Whether data with these extents along the axes would look like a line in a picture to scale: the longest extent is more than
+/// 500 times the second longest. False for data that really are a line: the second longest is less than 1e-12 of the longest.
 bool isMereLine(std::array<double, 3> lengths);
 
-/// A line map of the first zone, with the second variable over the first. @throws std::bad_alloc
+/// A line map called "Map @p number" of the first zone: the first variable along X, the second along Y. @throws std::bad_alloc
 LineMap defaultLineMap(DataSet const& dataSet, std::size_t number);
 
 } // namespace veldraw::kernel

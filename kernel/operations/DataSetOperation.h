@@ -9,7 +9,7 @@ namespace veldraw::kernel {
 constexpr char noZone[] = "There is no such zone.";
 constexpr char noVariable[] = "There is no such variable.";
 
-/// An operation on a data set that a frame shows. It heeds the data set's lock.
+/// An operation on a data set that a frame shows. It is refused while the data set is locked.
 class DataSetOperation : public Operation
 {
 public:
@@ -22,7 +22,7 @@ protected:
     {
     }
 
-    /// From find() on.
+    /// The data set that find() has found; null before.
     std::shared_ptr<DataSet> const& dataSet() const { return m_dataSet; }
 
 private:

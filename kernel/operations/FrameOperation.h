@@ -10,7 +10,7 @@ namespace veldraw::kernel {
 
 constexpr char noFrame[] = "There is no such frame.";
 
-/// An operation on a frame: its name, its place or what it shows. No lock of a data set forbids it.
+/// An operation that changes a frame's name, place, or what it shows. It is allowed while the frame's data set is locked.
 class FrameOperation : public Operation
 {
 public:
@@ -22,7 +22,7 @@ protected:
     {
     }
 
-    /// From find() on.
+    /// The frame that find() has found; null before.
     std::shared_ptr<Frame> const& frame() const { return m_frame; }
 
     /// Event @p kind about the frame.

@@ -21,8 +21,8 @@ class Pages;
 ///     bool const isDone = session.perform(DeleteVariables(dataSet, {3, 5}));
 ///
 /// Only the session calls the members below, in the order in which they are declared. It also does what all operations have in
-/// common: it lets one run at a time, heeds the data set's lock, loads, computes on a thread of its own, ends after a cancel,
-/// fills the history and keeps the reason of a refusal.
+/// common: it runs one at a time, refuses one whose data set is locked, loads values, computes on a separate thread, stops after a
+/// cancel, adds the step to the history and stores the reason of a refusal.
 ///
 /// Derive a new operation from DataSetOperation or FrameOperation. Make none for what changes no data and no page, such as
 /// a pick.
@@ -39,7 +39,7 @@ public:
     /// @throws std::bad_alloc
     virtual std::string find(Pages const& pages) = 0;
 
-    /// The data set whose lock forbids the operation; null when no lock does.
+    /// The data set that must not be locked for the operation; null when a lock does not matter, as for a new name.
     virtual DataSet const* lockable() const { return nullptr; }
 
     /// Why the operation cannot be carried out, as a sentence for a message box; empty when it can. @throws std::bad_alloc

@@ -4,9 +4,10 @@
 
 namespace veldraw::kernel {
 
-// Names and titles may be altered in a locked data set as well. Nothing happens when there is nothing to alter.
+// These operations are allowed on a locked data set, too. With the present name or title they succeed without a step of the
+// history and without an event.
 
-/// Gives a zone another name. "Rename Zone"; event 18. Refused: a number that does not exist, an empty name.
+/// Changes the name of a zone. Step "Rename Zone"; event 18. Refused: a zone that does not exist, an empty name.
 class RenameZone : public DataSetOperation
 {
 public:
@@ -28,7 +29,7 @@ private:
     std::string m_newName;
 };
 
-/// Gives a variable another name. "Rename Variable"; event 17. Refused as RenameZone.
+/// Changes the name of a variable. Step "Rename Variable"; event 17. Refused: a variable that does not exist, an empty name.
 class RenameVariable : public DataSetOperation
 {
 public:
@@ -50,7 +51,7 @@ private:
     std::string m_newName;
 };
 
-/// Gives a data set another title. "Data Set Title"; event 13.
+/// Changes the title of a data set. Step "Data Set Title"; event 13.
 class SetTitle : public DataSetOperation
 {
 public:

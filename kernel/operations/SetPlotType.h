@@ -5,7 +5,8 @@
 
 namespace veldraw::kernel {
 
-/// Plots a frame's data in another way. "Plot Type"; event 7 "PlotType". Refused: a number that is no plot type.
+/// Changes the plot type of a frame. Step "Plot Type"; event 7 with the path "PlotType". Refused: a number that is no plot
+/// type.
 class SetPlotType : public FrameOperation
 {
 public:
@@ -23,13 +24,16 @@ private:
     PlotType_e m_plotType;
 };
 
-/// Puts a variable on an axis of a frame, makes it a component of its vector or its contour variable. "Assign Variable";
-/// event 7: "TwoDAxis" or "ThreeDAxis", "GlobalTwoDVector" or "GlobalThreeDVector", "GlobalContour". Refused: a frame
-/// without a data set, a letter that the plot type has no place for, a variable that does not exist.
+/// Assigns a variable to an axis of a frame, to a component of its vector, or as its contour variable. Step "Assign Variable";
+/// event 7 with a path below "TwoDAxis" or "ThreeDAxis", "GlobalTwoDVector" or "GlobalThreeDVector", or "GlobalContour".
+///
+/// Refused: a frame without a data set, an assignment that the frame's plot type does not have (Z in 2D), a variable that
+/// does not exist.
 class AssignVariable : public FrameOperation
 {
 public:
-    /// @param assignment X, Y, Z, U, V, W or C (contour); @param variable one-based number, 0 for none
+    /// @param assignment 'X', 'Y' or 'Z' for an axis, 'U', 'V' or 'W' for a component of the vector, 'C' for the contour variable
+    /// @param variable one-based number; 0 to assign none
     AssignVariable(UniqueId frame, char assignment, int variable)
         : FrameOperation(frame)
         , m_assignment(assignment)
@@ -42,13 +46,15 @@ public:
     std::shared_ptr<Change> makeChange(EventHub& events) override;
 
 private:
-    UniqueId* place() const; // null when the plot type has none
+    UniqueId*
+    place() const; // member of the frame that holds the variable; null if the plot type has no such assignment
 
     char m_assignment;
     int m_variable;
 };
 
-/// Switches something that a frame's plot shows. The name of the step and the event 7 are those of the option.
+/// Switches a plot option of a frame on or off. The step has the name, and event 7 the path, that plotOptions() gives for the
+/// option.
 class SetPlotOption : public FrameOperation
 {
 public:

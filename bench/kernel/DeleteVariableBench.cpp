@@ -4,13 +4,15 @@
 
 #include <benchmark/benchmark.h>
 
+using namespace veldraw::kernel;
+
 namespace {
 
 void deleteVariable(benchmark::State& state)
 {
     LargeStage stage(state.range(0));
     for (auto _ : state) {
-        if (!stage.session.perform(kernel::DeleteVariables(*stage.dataSet, {4}))) {
+        if (!stage.session.perform(DeleteVariables(*stage.dataSet, {4}))) {
             state.SkipWithError("the variable was not deleted");
         }
         state.PauseTiming();
@@ -24,7 +26,7 @@ void undoDeletion(benchmark::State& state)
     LargeStage stage(state.range(0));
     for (auto _ : state) {
         state.PauseTiming();
-        stage.session.perform(kernel::DeleteVariables(*stage.dataSet, {4}));
+        stage.session.perform(DeleteVariables(*stage.dataSet, {4}));
         state.ResumeTiming();
         if (!stage.session.undo()) {
             state.SkipWithError("the deletion was not undone");

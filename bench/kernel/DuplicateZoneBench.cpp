@@ -4,6 +4,8 @@
 
 #include <benchmark/benchmark.h>
 
+using namespace veldraw::kernel;
+
 namespace {
 
 // Duplicates one zone of so many points, in a data set of so many zones.
@@ -11,7 +13,7 @@ void duplicateZone(benchmark::State& state)
 {
     LargeStage stage(state.range(0), static_cast<int>(state.range(1)));
     for (auto _ : state) {
-        if (!stage.session.perform(kernel::DuplicateZones(*stage.dataSet, {1}))) {
+        if (!stage.session.perform(DuplicateZones(*stage.dataSet, {1}))) {
             state.SkipWithError("the zone was not duplicated");
         }
         state.PauseTiming();
@@ -25,7 +27,7 @@ void undoDuplication(benchmark::State& state)
     LargeStage stage(state.range(0));
     for (auto _ : state) {
         state.PauseTiming();
-        stage.session.perform(kernel::DuplicateZones(*stage.dataSet, {1}));
+        stage.session.perform(DuplicateZones(*stage.dataSet, {1}));
         state.ResumeTiming();
         if (!stage.session.undo()) {
             state.SkipWithError("the duplication was not undone");
@@ -36,7 +38,7 @@ void undoDuplication(benchmark::State& state)
 void redoDuplication(benchmark::State& state)
 {
     LargeStage stage(state.range(0));
-    stage.session.perform(kernel::DuplicateZones(*stage.dataSet, {1}));
+    stage.session.perform(DuplicateZones(*stage.dataSet, {1}));
     for (auto _ : state) {
         state.PauseTiming();
         stage.session.undo();

@@ -31,7 +31,7 @@ void rangeOfCellsInOrder(benchmark::State& state)
 {
     std::shared_ptr<Buffer> const buffer = filled(FieldDataType_Float);
     for (auto _ : state) {
-        benchmark::DoNotOptimize(RangeOfParts().range(*buffer, {1000, 100, 100}));
+        benchmark::DoNotOptimize(RangeOfParts().range(*buffer, {{1000, 100, 100}, nullptr}));
     }
     state.SetBytesProcessed(state.iterations() * buffer->bytes());
 }

@@ -36,7 +36,7 @@ FORMATS_KNOWN = {'app/import/formats/vtklegacy': {'app/import/formats/vtkxml'},
 TABLES_OF_FORMATS = {'app/import/ReadableFormats.cpp', 'app/export/WritableFormats.cpp'}
 
 # The rooms of the kernel, in order: each may include itself and those before it.
-KERNEL_ROOMS = ['base', 'storage', 'compute', 'events', 'undo', 'data', 'frames', 'operations', 'style', 'session', 'api']
+KERNEL_ROOMS = ['base', 'storage', 'compute', 'events', 'undo', 'data', 'mesh', 'frames', 'operations', 'style', 'session', 'api']
 
 QT_CORE = {'QtCore', 'Qt', 'QtGlobal', 'QObject', 'QString', 'QStringList', 'QByteArray', 'QVariant', 'QPointer', 'QVector', 'QList',
            'QMap', 'QHash', 'QSet', 'QTimer', 'QLocale', 'QEvent', 'QCoreApplication', 'QMetaObject', 'QMetaType', 'QScopedPointer',

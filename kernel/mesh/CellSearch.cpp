@@ -1,0 +1,200 @@
+#include "kernel/mesh/CellSearch.h"
+
+#include "kernel/base/Parallel.h"
+#include "kernel/compute/ValueBlock.h"
+#include "kernel/mesh/CellOrder.h"
+
+#include <stdexcept>
+
+namespace veldraw::kernel {
+
+namespace {
+
+constexpr std::int64_t cellsForAllThreads = 4096;
+constexpr std::size_t visitsUnchecked = 4096; // of places; takes less than a millisecond
+
+/// Into how many parts the places are cut, each of which is searched by itself, so that all threads have work where there
+/// are few cells.
+std::int64_t partsFor(std::int64_t cells)
+{
+    return std::max<std::int64_t>(1, cellsForAllThreads / std::max<std::int64_t>(cells, 1));
+}
+
+} // namespace
+
+/// Goes through cells on one thread.
+class CellSearch::Worker
+{
+public:
+    Worker(CellSearch& search, ZoneCells const& cells, Progress& progress)
+        : m_search(search)
+        , m_points(search.m_points)
+        , m_cells(cells)
+        , m_firstNumber(search.m_firstNumbers.back())
+        , m_progress(progress)
+    {
+    }
+
+    /// Looks for places of a part of all positions that a cell contains. @param isFirst whether the cell is to be counted
+    void visit(std::int64_t slot, std::size_t first, std::size_t last, bool isFirst)
+    {
+        Cell const cell = m_cells.cell(slot, m_room);
+        if (cell.cornerCount == 0) {
+            return;
+        }
+        if (m_cells.isHidden(slot)) {
+            m_hidden += isFirst ? 1 : 0;
+            return;
+        }
+        std::optional<Box> const found =
+            m_cells.isOrdered() ? boxInRow(slot, cell) : m_cells.box(cell.corners, cell.cornerCount);
+        if (!found) {
+            m_unplaced += isFirst ? 1 : 0;
+            return;
+        }
+        Box const& box = *found;
+        m_cell = cell;
+        m_isRead = false;
+        auto const number = static_cast<Number>(m_firstNumber + slot);
+        m_points.forPositions(box, [&](std::size_t begin, std::size_t end) {
+            begin = std::max(begin, first);
+            end = std::min(end, last);
+            m_visits += end > begin ? end - begin : 0;
+            if (m_visits > visitsUnchecked) { // a large cell may have any number of places in its box
+                m_progress.check();
+                m_visits = 0;
+            }
+            for (std::size_t position = begin; position < end; ++position) {
+                visitPlace(position, number, box);
+            }
+        });
+    }
+
+    /// Adds what was counted to the counts of the search.
+    void finish()
+    {
+        m_search.m_hiddenCount += m_hidden;
+        m_search.m_unplacedCount += m_unplaced;
+    }
+
+private:
+    /// The box of a cell of an ordered zone. The cell before in the row, which most often comes before, has half of the corners
+    /// too.
+    std::optional<Box> boxInRow(std::int64_t slot, Cell const& cell)
+    {
+        std::array<std::int64_t, 4> lower{};
+        std::array<std::int64_t, 4> upper{};
+        std::size_t const half = cell.cornerCount / 2;
+        for (std::size_t at = 0; at < half; ++at) {
+            lower[at] =
+                cell.corners[at < 2 ? 3 * at : 3 * at - 2]; // corners 0, 3, 4, 7; the others are the next points
+            upper[at] = lower[at] + 1;
+        }
+        std::optional<Box> box = slot == m_slotBefore + 1 ? m_upperBefore : m_cells.box(lower.data(), half);
+        m_upperBefore = m_cells.box(upper.data(), half);
+        m_slotBefore = slot;
+        if (box && m_upperBefore) {
+            box->add(*m_upperBefore);
+            return box;
+        }
+        return std::nullopt;
+    }
+
+    void visitPlace(std::size_t position, Number number, Box const& box)
+    {
+        Point const point = m_points.point(position);
+        bool const isOpen = box.contains(point) && m_search.m_found[position].load(std::memory_order_relaxed) > number;
+        if (!isOpen) {
+            return;
+        }
+        if (!m_isRead) {
+            m_geometry.read(m_cells, m_cell);
+            m_isRead = true;
+        }
+        if (m_geometry.locate(point)) {
+            m_search.take(position, number);
+        }
+    }
+
+    CellSearch& m_search;
+    PointBins const& m_points;
+    ZoneCells const& m_cells;
+    std::int64_t m_firstNumber;
+    Progress& m_progress;
+    ZoneCells::Corners m_room{};
+    Cell m_cell{};
+    CellGeometry m_geometry; // of m_cell
+    bool m_isRead = false;   // once a place is in the box of m_cell
+    std::int64_t m_slotBefore = -2;
+    std::optional<Box> m_upperBefore; // of the corners that the next cell of the row has too
+    std::size_t m_visits = 0;
+    std::int64_t m_hidden = 0;
+    std::int64_t m_unplaced = 0;
+};
+
+CellSearch::CellSearch(PointBins const& points)
+    : m_points(points)
+    , m_found(points.size())
+    , m_firstNumbers{0}
+{
+    for (std::atomic<Number>& number : m_found) {
+        number.store(none, std::memory_order_relaxed);
+    }
+}
+
+void CellSearch::addZone(ZoneCells const& cells, Progress& progress)
+{
+    std::int64_t const count = cells.slotCount();
+    if (m_firstNumbers.back() + count >= none) {
+        throw std::runtime_error("The source zones have too many cells.");
+    }
+    std::int64_t const parts = partsFor(count);
+    std::size_t const size = m_points.size();
+    auto const begin = [&](std::int64_t part) {
+        return size * static_cast<std::size_t>(part) / static_cast<std::size_t>(parts);
+    };
+    progress.setTotal(2 * count * parts);
+    std::optional<Progress> half;
+    half.emplace(progress, count * parts);
+    CellOrder const order(cells, m_points.box(), *half);
+    half.emplace(progress, count * parts);
+    parallelFor(count * parts, [&](std::int64_t first, std::int64_t last, std::int64_t) {
+        Worker worker(*this, cells, *half);
+        for (std::int64_t block = first; block < last; block += blockSize) {
+            half->check();
+            std::int64_t const end = std::min(block + blockSize, last);
+            for (std::int64_t task = block; task < end; ++task) {
+                for (int step = 0; step < 3 && !cells.isOrdered(); ++step) {
+                    cells.fetchAhead(order.slot(std::min(task / parts + 24 - 8 * step, count - 1)), step);
+                }
+                std::int64_t const part = task % parts;
+                worker.visit(order.slot(task / parts), begin(part), begin(part + 1), part == 0);
+            }
+            half->advance(end - block);
+        }
+        worker.finish();
+    });
+    m_firstNumbers.push_back(m_firstNumbers.back() + count);
+}
+
+/// Notes that a cell contains a place, unless a lower one does.
+void CellSearch::take(std::size_t position, Number number)
+{
+    std::atomic<Number>& found = m_found[position];
+    Number present = found.load(std::memory_order_relaxed);
+    while (number < present && !found.compare_exchange_weak(present, number, std::memory_order_relaxed)) {
+    }
+}
+
+std::optional<CellSearch::Found> CellSearch::cellAt(std::size_t position) const
+{
+    Number const number = m_found[position].load(std::memory_order_relaxed);
+    if (number == none) {
+        return std::nullopt;
+    }
+    auto const next = std::upper_bound(m_firstNumbers.begin(), m_firstNumbers.end(), std::int64_t{number});
+    auto const zone = static_cast<std::size_t>(next - m_firstNumbers.begin()) - 1;
+    return Found{zone, number - m_firstNumbers[zone]};
+}
+
+} // namespace veldraw::kernel

@@ -1,0 +1,132 @@
+#include "kernel/mesh/ZoneCells.h"
+
+#include "kernel/data/Zone.h"
+
+namespace veldraw::kernel {
+
+namespace {
+
+using Shape = Connectivity::Shape;
+
+/// The shape of the cells of a finite-element zone that has one for all.
+Shape shapeOf(ZoneType_e type)
+{
+    switch (type) {
+    case ZoneType_FELineSeg:
+        return Shape::LineSegment;
+    case ZoneType_FETriangle:
+        return Shape::Triangle;
+    case ZoneType_FEQuad:
+        return Shape::Quad;
+    case ZoneType_FETetra:
+        return Shape::Tetrahedron;
+    case ZoneType_FEPolygon:
+        return Shape::Polygon;
+    case ZoneType_FEPolyhedron:
+        return Shape::Polyhedron;
+    case ZoneType_FEBrick:
+    case ZoneType_Ordered:
+    case ZoneType_FEMixed:
+        break;
+    }
+    return Shape::Brick;
+}
+
+} // namespace
+
+ZoneCells::ZoneCells(ZoneType_e type, ZoneDimensions dimensions, Coordinates coordinates)
+    : m_type(type)
+    , m_dimensions(std::move(dimensions))
+    , m_slotCount(Zone({}, type, m_dimensions.i, m_dimensions.j, m_dimensions.k).valueCount(ValueLocation_CellCentered))
+    , m_hidden(m_dimensions.blanking ? m_dimensions.blanking->hidden(ValueLocation_CellCentered) : nullptr)
+    , m_shape(shapeOf(type))
+    , m_steps{}
+{
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+        if (std::shared_ptr<Buffer const> const& buffer = coordinates[axis]) {
+            m_numbers[axis] = {buffer, buffer->data(), buffer->stride(), buffer->type()};
+        }
+    }
+    if (type != ZoneType_Ordered) {
+        m_slotCount = m_dimensions.connectivity ? m_dimensions.connectivity->cellCount : 0;
+        return;
+    }
+    auto const& [i, j, k] = std::array{m_dimensions.i, m_dimensions.j, m_dimensions.k};
+    std::vector<std::int64_t> strides;
+    for (auto const& [points, stride] : {std::pair(i, std::int64_t{1}), {j, i}, {k, i * j}}) {
+        if (points > 1) {
+            strides.push_back(stride);
+        }
+    }
+    if (strides.size() < 2) {
+        return;
+    }
+    m_shape = strides.size() == 2 ? Shape::Quad : Shape::Brick;
+    m_cornerCount = strides.size() == 2 ? 4 : 8;
+    for (std::size_t corner = 0; corner < m_cornerCount; ++corner) {
+        std::size_t const around = corner % 4;
+        m_steps[corner] = (around == 1 || around == 2 ? strides[0] : 0) + (around >= 2 ? strides[1] : 0) +
+                          (corner >= 4 ? strides[2] : 0);
+    }
+}
+
+Cell ZoneCells::cell(std::int64_t slot, Corners& room) const
+{
+    if (isOrdered()) {
+        return orderedCell(slot, room);
+    }
+    Connectivity const& cells = *m_dimensions.connectivity;
+    Shape const shape = cells.shapes != nullptr ? cells.shapes[slot] : m_shape;
+    std::int64_t const first = cells.offsets[slot];
+    Cell cell{shape, cells.indices + first, static_cast<std::size_t>(cells.offsets[slot + 1] - first)};
+    if (shape == Shape::Polyhedron && cells.faceOffsets != nullptr && cells.faceOffsets[slot] >= 0) {
+        cell.faces = cells.faceStream + cells.faceOffsets[slot];
+    }
+    bool const isSolidWithoutFaces = shape == Shape::Polyhedron && cell.faces == nullptr;
+    if (shape == Shape::LineSegment || isSolidWithoutFaces) {
+        cell.cornerCount = 0;
+    }
+    return cell;
+}
+
+void ZoneCells::fetchPoint(std::int64_t number) const
+{
+    for (Numbers const& numbers : m_numbers) {
+        numbers.fetch(number);
+    }
+}
+
+void ZoneCells::fetchAhead(std::int64_t slot, int step) const
+{
+    if (isOrdered()) {
+        for (std::size_t corner = 0; step == 2 && corner < m_cornerCount; ++corner) {
+            fetchPoint(slot + m_steps[corner]);
+        }
+        return;
+    }
+    Connectivity const& cells = *m_dimensions.connectivity;
+    if (step == 0) {
+        __builtin_prefetch(cells.offsets + slot);
+    } else if (step == 1) {
+        __builtin_prefetch(cells.indices + cells.offsets[slot]);
+    } else {
+        for (std::int64_t at = cells.offsets[slot]; at < cells.offsets[slot + 1]; ++at) {
+            fetchPoint(cells.indices[at]);
+        }
+    }
+}
+
+Cell ZoneCells::orderedCell(std::int64_t slot, Corners& room) const
+{
+    std::int64_t const row = slot / m_dimensions.i;
+    std::int64_t const layer = row / m_dimensions.j;
+    auto const isInCell = [](std::int64_t index, std::int64_t points) { return points == 1 || index < points - 1; };
+    bool const exists = isInCell(slot - row * m_dimensions.i, m_dimensions.i) &&
+                        isInCell(row - layer * m_dimensions.j, m_dimensions.j) && isInCell(layer, m_dimensions.k);
+    for (std::size_t corner = 0; corner < m_cornerCount; ++corner) {
+        room[corner] = slot + m_steps[corner];
+    }
+    return {m_shape, room.data(), exists ? m_cornerCount : 0};
+}
+
+} // namespace veldraw::kernel

@@ -12,23 +12,26 @@ import sys
 
 SUFFIXES = {'.h', '.cpp', '.ipp', '.ui'}
 
-# Where tests mirror the code: each folder below these has its double, but for those that hold what tests share.
-MIRRORED = ('kernel', 'host', 'app', 'dialogs/property', 'dialogs/models', 'dialogs/widgets', 'dialogs/bindings', 'dialogs/frame')
+# Where tests mirror the code: each folder below these has its double, but for those that hold what tests share or that test the
+# library as a whole.
+MIRRORED = ('kernel', 'host', 'app', 'dialogs')
 # Where the namespace is asked for.
-ONE_NAMESPACE = ('kernel', 'host', 'app', 'support', 'dialogs/property')
-SHARED = {'kernel/support', 'app/support'}
+ONE_NAMESPACE = ('kernel', 'host', 'app', 'support', 'dialogs')
+SHARED = {'app/support', 'dialogs/library', 'dialogs/support', 'kernel/support'}
 
 # What a whole folder, or several, are tested for.
 NAMED_OTHERWISE = {
     'tests/dialogs/models/StockListModelsTest.cpp': 'all lists of zones, variables and line maps',
+    'tests/dialogs/zoneops/CreationGuardsTest.cpp': 'all dialogs that create zones',
     'tests/host/ExceptionTest.cpp': 'all exceptions of the platform, which have one base',
     'tests/host/IdleTest.cpp': 'all ways to wait for idle',
     'tests/host/WithoutApplicationTest.cpp': 'all of the host, where there is no application object',
     'tests/kernel/api/VelUtilTest.cpp': 'the C functions together',
 }
 
-# A test may be named after what a class is the base, the interface or the binding of: RelevanceTest of RelevanceInterface.
-ROLES = ('Abstract', 'Interface', 'PropertyBinding')
+# A test may be named after what a class is the base, the interface, the binding, the dialog or the manager of: RelevanceTest of
+# RelevanceInterface.
+ROLES = ('Abstract', 'Dialog', 'Interface', 'PropertiesManager', 'PropertyBinding')
 
 
 def is_in(folder, roofs):
@@ -58,7 +61,7 @@ def check_place(files, path):
 def check_name(files, path, text):
     folder = folder_of(path).removeprefix('tests/')
     name = pathlib.PurePosixPath(path).stem
-    if not has_tests(text) or not is_in(folder, MIRRORED) or path in NAMED_OTHERWISE:
+    if not has_tests(text) or not is_in(folder, MIRRORED) or is_in(folder, SHARED) or path in NAMED_OTHERWISE:
         return
     if not name.endswith('Test'):
         yield f'{path}: has tests, but its name does not end in Test'

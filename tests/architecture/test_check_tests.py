@@ -13,6 +13,7 @@ def problems(path, text=TEXT):
     named_otherwise = {name: TEXT for name in check_tests.NAMED_OTHERWISE}
     rooms = {pathlib.PurePosixPath(name).parent.relative_to('tests') / 'Any.h' for name in named_otherwise}
     code = {str(name): '' for name in rooms} | {'kernel/compute/Rotation.h': '', 'kernel/compute/VolumeAbstract.h': ''}
+    code |= {'dialogs/zoneops/CutZoneDialog.ui': ''}
     return check_tests.problems({**named_otherwise, **code, path: text})
 
 
@@ -25,6 +26,14 @@ class Tests(unittest.TestCase):
     def test_stand_where_the_code_stands_and_are_named_after_it(self):
         for name in ('RotationTest', 'RotationManyPointsTest', 'VolumeTest', 'VolumeAbstractTest'):
             self.assertEqual(problems(f'tests/kernel/compute/{name}.cpp'), [])
+
+    def test_of_dialogs_are_named_after_dialog_or_manager(self):
+        for name in ('CutZoneTest', 'CutZoneDialogTest', 'CutZoneLifecycleTest'):
+            self.assertEqual(problems(f'tests/dialogs/zoneops/{name}.cpp'), [])
+        self.found('tests/dialogs/zoneops/CuttingTest.cpp')
+
+    def test_of_a_whole_library_have_names_of_their_own(self):
+        self.assertEqual(problems('tests/dialogs/library/ExportedTest.cpp'), [])
 
     def test_are_not_named_after_what_is_elsewhere(self):
         self.found('tests/kernel/compute/ZoneTest.cpp')

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <string>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 namespace {
 
 using namespace sdk::ui::dialogs::propertybindings;
@@ -50,4 +50,4 @@ TEST(BindingList, EndsThemOnceWhenItIsCleared)
 }
 
 } // namespace
-} // namespace veldraw::test
+} // namespace veldraw::tests

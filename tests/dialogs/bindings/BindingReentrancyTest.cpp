@@ -24,7 +24,7 @@
 #include <ostream>
 #include <stdexcept>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 namespace {
 
 using namespace sdk::ui::dialogs::propertybindings;
@@ -316,4 +316,4 @@ TEST(ButtonsInAPropertysSignal, ShowTheValueThatAListenerSet)
 }
 
 } // namespace
-} // namespace veldraw::test
+} // namespace veldraw::tests

@@ -13,7 +13,7 @@
 #include <memory>
 #include <utility>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 /// A control that is bound to a property with three values, whatever kind of binding it is.
 struct BoundControl
@@ -57,4 +57,4 @@ std::unique_ptr<BoundControl> boundControl(std::array<T, 3> const& values, std::
     return made;
 }
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

@@ -12,9 +12,10 @@
 #include <string>
 #include <vector>
 
-namespace veldraw::sdk::ui::dialogs::propertybindings {
+namespace veldraw::tests {
 namespace {
 
+using sdk::ui::dialogs::propertybindings::ButtonBinding;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -142,4 +143,4 @@ TEST_F(ButtonBindingTest, EndsTheConnectionWithItself)
 }
 
 } // namespace
-} // namespace veldraw::sdk::ui::dialogs::propertybindings
+} // namespace veldraw::tests

@@ -16,7 +16,7 @@
 #include <memory>
 #include <vector>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 namespace {
 
 using namespace sdk::ui::dialogs::propertybindings;
@@ -47,7 +47,7 @@ protected:
     boost::shared_ptr<PropertyAbstract<bool>> property = boost::make_shared<Property<bool>>(true);
     std::unique_ptr<CheckButtonPropertyBinding> binding;
     std::vector<bool> changes;
-    tests::RecordedMessages messages;
+    RecordedMessages messages;
 };
 
 TEST_F(CheckButtonPropertyBindingTest, ShowsThePropertyFromTheStart)
@@ -197,4 +197,4 @@ TEST_F(CheckButtonPropertyBindingTest, MayBeDestroyedByAListenerOfItsOwnClick)
 }
 
 } // namespace
-} // namespace veldraw::test
+} // namespace veldraw::tests

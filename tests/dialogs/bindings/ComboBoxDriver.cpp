@@ -8,7 +8,7 @@
 
 #include <gtest/gtest.h>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 ComboBoxDriver::ComboBoxDriver(QComboBox& comboBox)
     : m_comboBox(comboBox)
@@ -73,4 +73,4 @@ std::string ComboBoxDriver::look() const
     return seen;
 }
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 /// A person in front of a combo box: looks at it, presses keys, opens it and picks a row.
 class ComboBoxDriver
@@ -31,4 +31,4 @@ private:
     QComboBox& m_comboBox;
 };
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

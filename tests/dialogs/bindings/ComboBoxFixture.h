@@ -13,7 +13,7 @@
 #include <memory>
 #include <string>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 /// Writes down each value that is stored, and lets a test refuse or alter values.
 class NotedProperty : public PropertyAbstract<int>
@@ -72,4 +72,4 @@ protected:
     std::unique_ptr<Binding> binding;
 };
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

@@ -8,7 +8,7 @@
 
 #include <random>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 namespace {
 
 using sdk::ui::common::IdleDispatcher;
@@ -481,4 +481,4 @@ TEST_P(ComboBoxStormTest, ShowsTheValueThatThePropertyHasWheneverTheListHasIt)
 INSTANTIATE_TEST_SUITE_P(Seeds, ComboBoxStormTest, ::testing::Values(1u, 2u, 3u, 20261121u));
 
 } // namespace
-} // namespace veldraw::test
+} // namespace veldraw::tests

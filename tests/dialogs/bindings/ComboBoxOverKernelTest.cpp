@@ -23,7 +23,7 @@
 #include <random>
 #include <vector>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 namespace {
 
 using namespace sdk::ui::dialogs::propertybindings;
@@ -214,4 +214,4 @@ TEST_P(ComboBoxKernelStormTest, OffersWhatTheKernelHasAndShowsWhatIsChosen)
 INSTANTIATE_TEST_SUITE_P(Seeds, ComboBoxKernelStormTest, ::testing::Values(1u, 7u, 20261121u));
 
 } // namespace
-} // namespace veldraw::test
+} // namespace veldraw::tests

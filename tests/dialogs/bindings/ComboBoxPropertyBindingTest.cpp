@@ -24,7 +24,7 @@
 #include <string>
 #include <vector>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 namespace {
 
 using namespace sdk::ui::dialogs::propertybindings;
@@ -346,7 +346,7 @@ TEST_F(ComboBoxPropertyBindingTest, ReadsNoEnumerationFromTheTextOfAnEditableBox
                                                  BindingInterface::ModelUpdateUndeferred);
     driver = std::make_unique<ComboBoxDriver>(*comboBox);
     driver->show();
-    tests::RecordedMessages messages;
+    RecordedMessages messages;
     comboBox->lineEdit()->selectAll();
     QTest::keyClicks(comboBox->lineEdit(), QStringLiteral("2"));
     QTest::keyClick(comboBox->lineEdit(), Qt::Key_Return);
@@ -377,7 +377,7 @@ protected:
     void finish() { QTest::keyClick(comboBox->lineEdit(), Qt::Key_Return); }
     std::string text() const { return comboBox->currentText().toStdString(); }
 
-    tests::RecordedMessages messages;
+    RecordedMessages messages;
 };
 
 TEST_F(EditableComboBoxTest, SilentlyRestoresTheValueForATextThatIsNoNumber)
@@ -564,4 +564,4 @@ TEST_F(ComboBoxPropertyBindingTest, KeepsListAndPropertyAlive)
 }
 
 } // namespace
-} // namespace veldraw::test
+} // namespace veldraw::tests

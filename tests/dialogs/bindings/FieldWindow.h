@@ -14,7 +14,7 @@
 #include <gtest/gtest.h>
 #include <string>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 /// A dialog with two fields and a default button, driven as a person does; what the user is told is recorded.
 class FieldWindow
@@ -65,7 +65,7 @@ public:
     QLineEdit* const after = new QLineEdit;
     QPushButton* const button = new QPushButton(QStringLiteral("&Apply"));
     int clicks = 0;
-    tests::RecordedMessages messages;
+    RecordedMessages messages;
 };
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

@@ -11,7 +11,7 @@
 #include <limits>
 #include <string>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 namespace {
 
 using namespace sdk::ui::dialogs::propertybindings;
@@ -123,4 +123,4 @@ TEST_F(InstalledValidatorTest, StaysWhenItsBindingEnds)
 }
 
 } // namespace
-} // namespace veldraw::test
+} // namespace veldraw::tests

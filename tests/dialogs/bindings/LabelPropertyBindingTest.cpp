@@ -19,7 +19,7 @@
 #include <memory>
 #include <string>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 namespace {
 
 using namespace sdk::ui::dialogs::propertybindings;
@@ -53,7 +53,7 @@ TEST(LabelPropertyBinding, AgreesByVoteWithARuleOnTheSameLabel)
     QLabel label;
     TestUIProperty<std::string> property;
     LabelPropertyBinding const binding(&label, property);
-    auto const rule = boost::make_shared<tests::SwitchedRelevance>(false);
+    auto const rule = boost::make_shared<SwitchedRelevance>(false);
     RelevanceApplier const applier(rule, &label, RelevanceApplier::EnableDisable, BindingInterface::UpdateOnIdle);
     property.setSensitive(false);
     property.setSensitive(true);
@@ -204,4 +204,4 @@ TEST(LabelPropertyBinding, OutlivesItsWidgetAndKeepsThePropertyAlive)
 }
 
 } // namespace
-} // namespace veldraw::test
+} // namespace veldraw::tests

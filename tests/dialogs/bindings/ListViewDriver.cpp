@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 ListViewDriver::ListViewDriver(QListView& view)
     : m_view(view)
@@ -64,4 +64,4 @@ std::string text(std::set<int> const& values)
     return joined;
 }
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

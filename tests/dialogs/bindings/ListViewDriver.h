@@ -6,7 +6,7 @@
 #include <set>
 #include <string>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 /// A person in front of a list view: looks at it, clicks, presses keys.
 class ListViewDriver
@@ -31,4 +31,4 @@ private:
 /// "2 4"
 std::string text(std::set<int> const& values);
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

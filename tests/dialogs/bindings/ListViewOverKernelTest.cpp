@@ -20,7 +20,7 @@
 #include <gtest/gtest.h>
 #include <memory>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 namespace {
 
 using namespace sdk::ui::dialogs::propertybindings;
@@ -208,4 +208,4 @@ TEST_F(ListViewOverKernelTest, MayGoBetweenAKernelEventAndIdle)
 }
 
 } // namespace
-} // namespace veldraw::test
+} // namespace veldraw::tests

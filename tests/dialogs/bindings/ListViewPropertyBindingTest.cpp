@@ -24,7 +24,7 @@
 #include <random>
 #include <stdexcept>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 namespace {
 
 using namespace sdk::ui::dialogs::propertybindings;
@@ -443,7 +443,7 @@ TEST_F(ListViewPropertyBindingTest, AppliesTheUserInterfaceSideWithEverySelectio
 
 TEST_F(ListViewPropertyBindingTest, SharesTheViewsStateWithRulesOnTheSameView)
 {
-    auto const rule = boost::make_shared<tests::SwitchedRelevance>(true);
+    auto const rule = boost::make_shared<SwitchedRelevance>(true);
     TestUIProperty<Values> uiProperty(Values{1});
     ListViewPropertyBinding const bound(&view, list, uiProperty, undeferred);
     uiProperty.setSensitive(false);
@@ -702,4 +702,4 @@ TEST_P(ListViewPropertyBindingStorm, EndsWithViewAndPropertyEqual)
 INSTANTIATE_TEST_SUITE_P(Seeds, ListViewPropertyBindingStorm, ::testing::Range(1u, 13u));
 
 } // namespace
-} // namespace veldraw::test
+} // namespace veldraw::tests

@@ -12,7 +12,7 @@
 #include <gtest/gtest.h>
 #include <memory>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 namespace {
 
 using sdk::ui::common::IdleDispatcher;
@@ -97,4 +97,4 @@ TEST_F(OnIdleAfterPropertyChangeActionPerformerTest, KeepsASharedPropertyAlive)
 }
 
 } // namespace
-} // namespace veldraw::test
+} // namespace veldraw::tests

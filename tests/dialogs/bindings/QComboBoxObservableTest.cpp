@@ -1,5 +1,6 @@
-#include "dialogs/bindings/QButtonObservable.h"
 #include "dialogs/bindings/QComboBoxObservable.h"
+
+#include "dialogs/bindings/QButtonObservable.h"
 
 #include <QButtonGroup>
 #include <QComboBox>
@@ -13,7 +14,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 namespace {
 
 using namespace sdk::ui::dialogs::propertybindings;
@@ -205,4 +206,4 @@ TEST_F(QButtonObservableTest, KnowsItsButtonAsLongAsThereIsOne)
 }
 
 } // namespace
-} // namespace veldraw::test
+} // namespace veldraw::tests

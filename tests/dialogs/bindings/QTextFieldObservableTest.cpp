@@ -11,7 +11,7 @@
 #include <memory>
 #include <stdexcept>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 namespace {
 
 using sdk::ui::dialogs::propertybindings::QTextFieldObservable;
@@ -252,4 +252,4 @@ TEST(QTextFieldObservable, SurvivesThatTheFieldEndsWithinItsCall)
 }
 
 } // namespace
-} // namespace veldraw::test
+} // namespace veldraw::tests

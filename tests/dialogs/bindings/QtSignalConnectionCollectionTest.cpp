@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 #include <memory>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 namespace {
 
 using sdk::ui::dialogs::propertybindings::QtSignalConnectionCollection;
@@ -64,4 +64,4 @@ TEST(QtSignalConnectionCollection, MayBeClearedByOneOfItsSlots)
 }
 
 } // namespace
-} // namespace veldraw::test
+} // namespace veldraw::tests

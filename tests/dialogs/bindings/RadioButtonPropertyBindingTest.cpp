@@ -23,12 +23,11 @@
 #include <memory>
 #include <stdexcept>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 namespace {
 
 using namespace sdk::ui::dialogs::propertybindings;
 using sdk::ui::common::IdleDispatcher;
-using tests::RecordedMessages;
 
 /// Counts how often it is set, and can be told to refuse.
 class CountedProperty : public PropertyAbstract<char>
@@ -386,4 +385,4 @@ TEST_F(RadioButtonPropertyBindingTest, ServesEnumerations)
 }
 
 } // namespace
-} // namespace veldraw::test
+} // namespace veldraw::tests

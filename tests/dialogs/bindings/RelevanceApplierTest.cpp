@@ -14,11 +14,12 @@
 #include <memory>
 #include <vector>
 
-namespace veldraw::sdk::ui::dialogs::propertybindings {
+namespace veldraw::tests {
 namespace {
 
+using namespace sdk::ui::dialogs::propertybindings;
+using sdk::AppLock;
 using sdk::ui::common::IdleDispatcher;
-using tests::SwitchedRelevance;
 
 boost::shared_ptr<SwitchedRelevance> rule(bool answer)
 {
@@ -199,4 +200,4 @@ TEST_F(RelevanceApplierTest, DoesNothingMoreAfterItsEnd)
 }
 
 } // namespace
-} // namespace veldraw::sdk::ui::dialogs::propertybindings
+} // namespace veldraw::tests

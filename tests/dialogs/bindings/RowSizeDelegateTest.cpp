@@ -16,7 +16,7 @@
 #include <gtest/gtest.h>
 #include <memory>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 namespace {
 
 using namespace sdk::ui::dialogs::propertybindings;
@@ -196,4 +196,4 @@ TEST_F(RowSizeDelegateTest, MeasuresTheRowsOfOtherModelsAsEver)
 }
 
 } // namespace
-} // namespace veldraw::test
+} // namespace veldraw::tests

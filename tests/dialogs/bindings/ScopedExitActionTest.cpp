@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <stdexcept>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 namespace {
 
 using sdk::ui::dialogs::propertybindings::ScopedExitAction;
@@ -59,4 +59,4 @@ TEST(ScopedExitAction, LetsOutWhatTheActionThrows)
 }
 
 } // namespace
-} // namespace veldraw::test
+} // namespace veldraw::tests

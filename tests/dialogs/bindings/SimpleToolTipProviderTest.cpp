@@ -12,10 +12,10 @@
 
 #include <gtest/gtest.h>
 
-namespace veldraw::sdk::ui::dialogs::propertybindings {
+namespace veldraw::tests {
 namespace {
 
-using tests::SwitchedRelevance;
+using namespace sdk::ui::dialogs::propertybindings;
 
 // What the user reads when the mouse rests on the widget.
 QString toolTipOver(QWidget& widget)
@@ -115,4 +115,4 @@ TEST_F(ToolTipUnderTwoRulesTest, LeavesOtherEventsToTheWidget)
 }
 
 } // namespace
-} // namespace veldraw::sdk::ui::dialogs::propertybindings
+} // namespace veldraw::tests

@@ -27,7 +27,7 @@
 #include <limits>
 #include <vector>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 namespace {
 
 using namespace sdk::ui::dialogs::propertybindings;
@@ -821,4 +821,4 @@ TEST_F(SpinBoxDoublePropertyBindingTest, MayBeDestroyedByAListenerOfItsOwnCommit
 }
 
 } // namespace
-} // namespace veldraw::test
+} // namespace veldraw::tests

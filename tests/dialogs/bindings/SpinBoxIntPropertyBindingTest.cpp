@@ -19,7 +19,7 @@
 #include <type_traits>
 #include <vector>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 namespace {
 
 using namespace sdk::ui::dialogs::propertybindings;
@@ -471,4 +471,4 @@ TEST_F(SpinBoxIntPropertyBindingTest, StepsTheNumberOfPartsThroughEveryNumber)
 }
 
 } // namespace
-} // namespace veldraw::test
+} // namespace veldraw::tests

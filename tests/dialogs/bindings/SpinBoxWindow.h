@@ -13,7 +13,7 @@
 #include <memory>
 #include <string>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 /// A window with a spin box and another field, as a dialog has them.
 template <typename Box>
@@ -53,7 +53,7 @@ protected:
     Box* box = nullptr; // the window's
     QLineEdit* elsewhere = nullptr;
     std::unique_ptr<SpinBoxDriver> driver;
-    tests::RecordedMessages messages;
+    RecordedMessages messages;
 };
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

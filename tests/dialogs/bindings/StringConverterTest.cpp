@@ -6,7 +6,7 @@
 #include <limits>
 #include <string>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 namespace {
 
 using namespace sdk::ui::dialogs::propertybindings::intern;
@@ -78,4 +78,4 @@ TEST(StringConverter, RefusesEveryEnumeration)
 }
 
 } // namespace
-} // namespace veldraw::test
+} // namespace veldraw::tests

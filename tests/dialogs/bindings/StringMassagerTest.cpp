@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 namespace {
 
 TEST(StringMassager, LeavesEveryTextAndTheValueAlone)
@@ -21,4 +21,4 @@ TEST(StringMassager, LeavesEveryTextAndTheValueAlone)
 }
 
 } // namespace
-} // namespace veldraw::test
+} // namespace veldraw::tests

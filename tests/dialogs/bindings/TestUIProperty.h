@@ -3,7 +3,7 @@
 #include "dialogs/property/UIProperty.h"
 #include "dialogs/property/UIStylePropertyAbstract.h"
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 /// A value with visibility and sensitivity, held in itself.
 template <typename T>
@@ -25,4 +25,4 @@ private:
     T m_value;
 };
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

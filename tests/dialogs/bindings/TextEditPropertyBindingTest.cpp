@@ -24,7 +24,7 @@
 #include <string>
 #include <vector>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 namespace {
 
 using namespace sdk::ui::dialogs::propertybindings;
@@ -87,7 +87,7 @@ protected:
         boost::make_shared<Property<std::string>>("one\ntwo", boost::make_shared<NoX>());
     std::unique_ptr<TextEditPropertyBinding> binding;
     std::vector<std::string> changes;
-    tests::RecordedMessages messages;
+    RecordedMessages messages;
 };
 
 TEST_F(TextEditPropertyBindingTest, ShowsTheTextFromTheStartAndFollowsItAtIdle)
@@ -297,4 +297,4 @@ TEST_F(TextEditPropertyBindingTest, MayBeDestroyedByAListenerOfItsOwnCommit)
 }
 
 } // namespace
-} // namespace veldraw::test
+} // namespace veldraw::tests

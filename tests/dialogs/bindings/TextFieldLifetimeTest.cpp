@@ -14,7 +14,7 @@
 #include <memory>
 #include <stdexcept>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 namespace {
 
 using namespace sdk::ui::dialogs::propertybindings;
@@ -251,4 +251,4 @@ TEST_F(TextFieldBesideAButton, KeepsAClickFromTheButtonWhenItIsRefused)
 }
 
 } // namespace
-} // namespace veldraw::test
+} // namespace veldraw::tests

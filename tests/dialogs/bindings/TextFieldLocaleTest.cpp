@@ -12,7 +12,7 @@
 #include <random>
 #include <string>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 namespace {
 
 using namespace sdk::ui::dialogs::propertybindings;
@@ -149,4 +149,4 @@ TEST_P(TextFieldLocale, NeverReadsHalfOfAText)
 }
 
 } // namespace
-} // namespace veldraw::test
+} // namespace veldraw::tests

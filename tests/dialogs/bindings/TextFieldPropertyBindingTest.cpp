@@ -17,7 +17,7 @@
 #include <string>
 #include <vector>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 namespace {
 
 using namespace sdk::ui::dialogs::propertybindings;
@@ -415,4 +415,4 @@ TEST(LineEditPropertyBinding, HasNothingToDoWithoutALineEdit)
 }
 
 } // namespace
-} // namespace veldraw::test
+} // namespace veldraw::tests

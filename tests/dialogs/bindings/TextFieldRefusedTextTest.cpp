@@ -25,7 +25,7 @@
 #include <string>
 #include <vector>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 namespace {
 
 using namespace sdk::ui::dialogs::propertybindings;
@@ -432,4 +432,4 @@ TEST(RefusedTextExceptions, LetsOthersPassWithTheLockReleased)
 }
 
 } // namespace
-} // namespace veldraw::test
+} // namespace veldraw::tests

@@ -17,7 +17,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 namespace {
 
 using namespace sdk::ui::dialogs::propertybindings;
@@ -251,4 +251,4 @@ TEST(UIPropertyBinding, ConnectsTheValueSignalOnlyWhenMadeWithASharedPointer)
 }
 
 } // namespace
-} // namespace veldraw::test
+} // namespace veldraw::tests

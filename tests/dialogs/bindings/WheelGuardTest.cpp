@@ -14,7 +14,7 @@
 
 #include <gtest/gtest.h>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 namespace {
 
 using sdk::ui::dialogs::propertybindings::WheelGuard;
@@ -149,4 +149,4 @@ TEST_F(WheelGuardTest, MayStandTwiceOnOneWidget)
 }
 
 } // namespace
-} // namespace veldraw::test
+} // namespace veldraw::tests

@@ -9,7 +9,7 @@
 #include <gtest/gtest.h>
 #include <memory>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 namespace {
 
 using sdk::WaitState;
@@ -132,4 +132,4 @@ TEST_F(WidgetUpdateDeferrerOnBusyTest, GoesWithItsWidgetAlsoWhileBusy)
 }
 
 } // namespace
-} // namespace veldraw::test
+} // namespace veldraw::tests

@@ -27,16 +27,14 @@
 #include <set>
 #include <string>
 
-namespace veldraw::dialogs::common {
+namespace veldraw::tests {
 namespace {
 
+using namespace dialogs::common;
 using sdk::ui::common::HelpLauncher;
 using sdk::ui::common::IdleDispatcher;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using tests::RecordingState;
-using tests::SampleDialog;
-using tests::SwitchedRelevance;
 
 class QtDialogAbstractTest : public testing::Test
 {
@@ -258,7 +256,7 @@ TEST_F(QtDialogAbstractTest, OpensAtTheWidthOfItsFormThoughItHasAHelpButton)
 {
     SampleDialog dialog(parent);
     dialog.resize(180, 200);
-    dialog.setHelpAction(new common::LaunchHelpAction("sample.html", dialog));
+    dialog.setHelpAction(new LaunchHelpAction("sample.html", dialog));
     ASSERT_GT(dialog.buttons->sizeHint().width(), 180);
     dialog.launch();
     EXPECT_EQ(dialog.width(), 180);
@@ -276,7 +274,7 @@ TEST_F(QtDialogAbstractTest, OpensAtTheSizeThatItsContentPrefersWhenItsFormHasNo
     EXPECT_GT(dialog.height(), 610) << "which is more than two thirds of this screen";
     SampleDialog large(parent);
     large.setAttribute(Qt::WA_Resized, false);
-    auto* const table = new common::TableViewWithPreferredDimensions(&large);
+    auto* const table = new TableViewWithPreferredDimensions(&large);
     table->setPreferredNumberOfRows(1000);
     large.layout()->addWidget(table);
     large.launch();
@@ -309,7 +307,7 @@ TEST_F(QtDialogAbstractTest, DropsWhatIsBeingTypedWhenItGoesByWhateverWay)
     TextFieldPropertyBinding<double> const fieldBinding(dialog.field, number);
     SpinBoxDoublePropertyBinding const angleBinding(angle, number, nullptr);
     SpinBoxIntPropertyBinding const countBinding(count, wholeNumber, nullptr);
-    tests::RecordedMessages messages;
+    RecordedMessages messages;
     for (auto const& [way, close] : closings) {
         for (QWidget* const input :
              {static_cast<QWidget*>(dialog.field), static_cast<QWidget*>(angle), static_cast<QWidget*>(count)}) {
@@ -497,4 +495,4 @@ TEST_F(HelpTest, DoesNothingWhenTheApplicationHasNoHelp)
 }
 
 } // namespace
-} // namespace veldraw::dialogs::common
+} // namespace veldraw::tests

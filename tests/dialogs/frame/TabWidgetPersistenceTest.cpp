@@ -1,5 +1,6 @@
-#include "dialogs/frame/TabWidgetLaunchHelpAction.h"
 #include "dialogs/frame/TabWidgetPersistence.h"
+
+#include "dialogs/frame/TabWidgetLaunchHelpAction.h"
 #include "platform/vdsdkuicommon/HelpLauncher.h"
 
 #include <QTabWidget>
@@ -11,9 +12,10 @@
 #include <string>
 #include <vector>
 
-namespace veldraw::dialogs::common {
+namespace veldraw::tests {
 namespace {
 
+using namespace dialogs::common;
 using sdk::ui::common::HelpLauncher;
 using testing::ElementsAre;
 
@@ -135,4 +137,4 @@ TEST_F(TabWidgetHelpTest, MayOutliveTheTabs)
 }
 
 } // namespace
-} // namespace veldraw::dialogs::common
+} // namespace veldraw::tests

@@ -6,7 +6,7 @@
 
 #include <utility>
 
-namespace veldraw {
+namespace veldraw::tests {
 
 /// A property of the application's own, on a base that the library exports.
 template <typename T>
@@ -58,4 +58,4 @@ private:
     sdk::ui::propertymanager::UIProperty m_state;
 };
 
-} // namespace veldraw
+} // namespace veldraw::tests

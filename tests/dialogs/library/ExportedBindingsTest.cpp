@@ -29,7 +29,7 @@
 
 #include <gtest/gtest.h>
 
-namespace veldraw {
+namespace veldraw::tests {
 namespace {
 
 using namespace sdk::ui::dialogs::propertybindings;
@@ -212,4 +212,4 @@ TEST(ExportedObservables, HoldBackAndPrepare)
 }
 
 } // namespace
-} // namespace veldraw
+} // namespace veldraw::tests

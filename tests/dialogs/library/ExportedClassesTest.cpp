@@ -10,7 +10,7 @@
 
 #include <gtest/gtest.h>
 
-namespace veldraw {
+namespace veldraw::tests {
 namespace {
 
 using dialogs::data::AxialDuplicationDialog;
@@ -50,4 +50,4 @@ TEST(DialogLibrary, GivesTheApplicationItsDialogsThroughTheCommonInterface)
 }
 
 } // namespace
-} // namespace veldraw
+} // namespace veldraw::tests

@@ -13,7 +13,7 @@
 
 #include <gtest/gtest.h>
 
-namespace veldraw {
+namespace veldraw::tests {
 namespace {
 
 using namespace sdk::ui::dialogs::propertybindings::models;
@@ -79,7 +79,7 @@ TEST(ExportedLists, CanBeFilledByTheApplication)
     };
     Own const list;
     list.resetListModelState();
-    tests::FakeStateChange(StateChange_ZonesAdded).send();
+    FakeStateChange(StateChange_ZonesAdded).send();
     EXPECT_EQ(list.size(), 0) << "there is no frame";
 }
 
@@ -122,4 +122,4 @@ TEST(ExportedTables, StandBehindProxiesAndQtsViews)
 }
 
 } // namespace
-} // namespace veldraw
+} // namespace veldraw::tests

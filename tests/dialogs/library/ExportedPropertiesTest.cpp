@@ -12,7 +12,7 @@
 
 #include <gtest/gtest.h>
 
-namespace veldraw {
+namespace veldraw::tests {
 namespace {
 
 using namespace sdk::ui::propertymanager;
@@ -181,4 +181,4 @@ TEST(ExportedCalculators, StepAnglesAndIndices)
 }
 
 } // namespace
-} // namespace veldraw
+} // namespace veldraw::tests

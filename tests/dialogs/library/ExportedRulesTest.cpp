@@ -18,7 +18,7 @@
 
 #include <gtest/gtest.h>
 
-namespace veldraw {
+namespace veldraw::tests {
 namespace {
 
 using namespace sdk::ui::propertymanager;
@@ -92,7 +92,7 @@ TEST(ExportedRules, AskTheKernel)
     EXPECT_FALSE(PlotTypeDependentRelevance(PlotType_XYLine).isRelevant());
     bool answer = false;
     StateChangeDependentRelevance const own([&answer] { return answer; });
-    EXPECT_EQ(changesHeard(own, [] { tests::FakeStateChange(StateChange_ZonesAdded).send(); }), 1);
+    EXPECT_EQ(changesHeard(own, [] { FakeStateChange(StateChange_ZonesAdded).send(); }), 1);
     answer = true;
     EXPECT_TRUE(own.isRelevant());
 }
@@ -112,4 +112,4 @@ TEST(ExportedRules, SwitchWidgetsAndExplainThemselves)
 }
 
 } // namespace
-} // namespace veldraw
+} // namespace veldraw::tests

@@ -18,7 +18,7 @@
 
 #include <gtest/gtest.h>
 
-namespace veldraw {
+namespace veldraw::tests {
 namespace {
 
 using namespace veldraw::dialogs::common;
@@ -101,4 +101,4 @@ TEST(ExportedFrame, LaunchesHelp)
 }
 
 } // namespace
-} // namespace veldraw
+} // namespace veldraw::tests

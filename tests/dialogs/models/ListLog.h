@@ -6,7 +6,7 @@
 #include <string>
 #include <utility>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 /// Writes down what a list tells, in its order: "data; item 3; inserted 1-2; removing 1-2; removed".
 class ListLog
@@ -39,4 +39,4 @@ private:
     SignalConnectionCollection m_connections;
 };
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

@@ -9,7 +9,7 @@
 #include <limits>
 #include <stdexcept>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 namespace {
 
 using namespace sdk::ui::dialogs::propertybindings::models;
@@ -205,4 +205,4 @@ TEST(ListModel, TellsAChangeFromWithinASignalAtOnce)
 }
 
 } // namespace
-} // namespace veldraw::test
+} // namespace veldraw::tests

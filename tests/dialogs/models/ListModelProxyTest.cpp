@@ -13,7 +13,7 @@
 #include <type_traits>
 #include <utility>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 namespace {
 
 using namespace sdk::ui::dialogs::propertybindings::models;
@@ -267,4 +267,4 @@ TEST_F(ListModelProxyTest, ShowsTheNewListAndLeavesTheOldOneBeforeItConnectsInTu
 }
 
 } // namespace
-} // namespace veldraw::test
+} // namespace veldraw::tests

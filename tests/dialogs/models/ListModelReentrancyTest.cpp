@@ -13,14 +13,13 @@
 #include <memory>
 #include <string>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 namespace {
 
 using sdk::ui::dialogs::propertybindings::models::ListModelInterface;
 using sdk::ui::dialogs::propertybindings::models::ListModelProxy;
 using sdk::ui::dialogs::propertybindings::models::NamedNumbersListModelAbstract;
 using sdk::ui::dialogs::propertybindings::models::ZoneListModelGroupableByStrand;
-using tests::FakeStateChange;
 
 /// Writes a letter at each change of a list, for as long as it lives.
 class Listener
@@ -123,4 +122,4 @@ TEST(ListModelInItsSignal, MayBeReplacedByAnotherGroupingWhileItTellsSeveralName
 }
 
 } // namespace
-} // namespace veldraw::test
+} // namespace veldraw::tests

@@ -8,7 +8,7 @@
 #include <limits>
 #include <stdexcept>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 namespace {
 
 using namespace sdk::ui::dialogs::propertybindings::models;
@@ -119,4 +119,4 @@ TEST(EnumerationLabels, AreWhatPeopleReadInTheOrderInWhichTheyReadIt)
 }
 
 } // namespace
-} // namespace veldraw::test
+} // namespace veldraw::tests

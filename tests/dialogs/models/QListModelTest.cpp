@@ -11,7 +11,7 @@
 #include <random>
 #include <stdexcept>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 namespace {
 
 using namespace sdk::ui::dialogs::propertybindings::models;
@@ -267,4 +267,4 @@ TEST_P(QListModelStorm, StaysEqualToTheList)
 INSTANTIATE_TEST_SUITE_P(Seeds, QListModelStorm, ::testing::Range(1u, 21u));
 
 } // namespace
-} // namespace veldraw::test
+} // namespace veldraw::tests

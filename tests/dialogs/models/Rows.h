@@ -6,7 +6,7 @@
 
 #include <string>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 /// A whole list as one text: "1=Alpha | 2=Beta", the value and the display text of each row.
 template <typename T>
@@ -30,4 +30,4 @@ inline std::string rows(QAbstractItemModel const& model)
     return text.toStdString();
 }
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

@@ -2,7 +2,7 @@
 
 #include "host/KernelBridge.h"
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 SampleSession::SampleSession()
 {
@@ -47,4 +47,4 @@ std::vector<std::string> SampleSession::numberedNames(int count)
     return names;
 }
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

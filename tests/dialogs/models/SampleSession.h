@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 /// The real kernel with one frame that shows one data set, as the application has it after a file was opened. The kernel
 /// is empty again when the sample goes.
@@ -38,4 +38,4 @@ private:
     std::shared_ptr<kernel::Frame> m_frame;
 };
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

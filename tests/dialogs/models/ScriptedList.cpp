@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 std::vector<ScriptedList::Item> ScriptedList::numbered(int count)
 {
@@ -49,4 +49,4 @@ void ScriptedList::remove(int first, int last)
     signalItemsRemoved();
 }
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 /// A list that a test changes at will. Values are kept beside their texts; a change is told as the test says.
 class ScriptedList : public sdk::ui::dialogs::propertybindings::models::ListModelAbstract<int>
@@ -60,4 +60,4 @@ private:
     std::vector<Item> m_items;
 };
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

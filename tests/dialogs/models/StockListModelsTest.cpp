@@ -17,13 +17,12 @@
 
 #include <gtest/gtest.h>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 namespace {
 
 using namespace sdk::ui::dialogs::propertybindings::models;
 using sdk::getEnabledVarsForFrame;
 using sdk::getEnabledZonesForFrame;
-using tests::FakeStateChange;
 
 // ---- variables that are no coordinates ----------------------------------------------------------------------------
 
@@ -312,4 +311,4 @@ TEST(StockListModels, BelongToTheActiveFrameWhenAnEventComesInTheMiddleOfAFrameL
 }
 
 } // namespace
-} // namespace veldraw::test
+} // namespace veldraw::tests

@@ -18,13 +18,12 @@
 #include <random>
 #include <stdexcept>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 namespace {
 
 using namespace sdk::ui::dialogs::propertybindings::models;
 using sdk::getEnabledVarsForFrame;
 using sdk::getEnabledZonesForFrame;
-using tests::FakeStateChange;
 
 class ZoneVarListModelTest : public ::testing::Test
 {
@@ -430,4 +429,4 @@ TEST_P(ZoneVarListModelStorm, EqualsAFreshReadingOfTheKernel)
 INSTANTIATE_TEST_SUITE_P(Seeds, ZoneVarListModelStorm, ::testing::Range(1u, 9u));
 
 } // namespace
-} // namespace veldraw::test
+} // namespace veldraw::tests

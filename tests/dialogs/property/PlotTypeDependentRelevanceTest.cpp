@@ -1,7 +1,8 @@
+#include "dialogs/property/PlotTypeDependentRelevance.h"
+
 #include "dialogs/property/DataSetExistsRelevance.h"
 #include "dialogs/property/FieldPlotTypeDependentRelevance.h"
 #include "dialogs/property/LinePlotTypeDependentRelevance.h"
-#include "dialogs/property/PlotTypeDependentRelevance.h"
 #include "kernel/operations/SetPlotType.h"
 #include "tests/dialogs/models/SampleSession.h"
 
@@ -31,7 +32,7 @@ protected:
         sample.session().perform(kernel::SetPlotType(sample.frame()->id, plotType));
     }
 
-    test::SampleSession sample{{"Wing"}, {"X", "Y", "P"}};
+    SampleSession sample{{"Wing"}, {"X", "Y", "P"}};
     DataSetExistsRelevance dataSet;
     FieldPlotTypeDependentRelevance fieldPlot;
     LinePlotTypeDependentRelevance linePlot;
@@ -92,7 +93,7 @@ TEST_F(StockRelevanceTest, SignalsWhenTheAnswerMayHaveChanged)
 
     dataSetSignals = 0;
     sample.session().setFrameDataSet(sample.session().activeFrame()->id,
-                                     test::SampleSession::makeDataSet({"Tail"}, {"X", "Y"}));
+                                     SampleSession::makeDataSet({"Tail"}, {"X", "Y"}));
     EXPECT_GE(dataSetSignals, 1);
     EXPECT_TRUE(dataSet.isRelevant());
 }

@@ -71,7 +71,7 @@ protected:
     double up(double value) { return calculator.increment(value); }
     double down(double value) { return calculator.decrement(value); }
 
-    test::SampleSession session;
+    SampleSession session;
     boost::shared_ptr<Property<IJKPlanes_e>> const plane = boost::make_shared<Property<IJKPlanes_e>>(IJKPlanes_I);
     boost::shared_ptr<Property<int>> const zone = boost::make_shared<Property<int>>(1);
     boost::shared_ptr<Property<int>> const variable = boost::make_shared<Property<int>>(1);

@@ -12,7 +12,7 @@
 #include "platform/exception/IOException.h"
 #include "platform/exception/InvalidPropertyValueException.h"
 #include "platform/vdsdkuicommon/IdleDispatcher.h"
-#include "tests/dialogs/spreadsheet/FakeTable.h"
+#include "tests/dialogs/models/FakeTable.h"
 #include "tests/dialogs/spreadsheet/SheetStage.h"
 #include "tests/dialogs/support/FakeStateChange.h"
 #include "tests/dialogs/support/RecordedMessages.h"

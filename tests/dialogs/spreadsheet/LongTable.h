@@ -10,7 +10,7 @@
 #include "dialogs/spreadsheet/WindowScrollBar.h"
 #include "dialogs/widgets/TableCopyHandler.h"
 #include "dialogs/widgets/TableViewWithPreferredDimensions.h"
-#include "tests/dialogs/spreadsheet/FakeTable.h"
+#include "tests/dialogs/models/FakeTable.h"
 #include "tests/dialogs/support/RecordedMessages.h"
 
 #include <QApplication>

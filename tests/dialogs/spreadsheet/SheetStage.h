@@ -53,7 +53,7 @@ public:
 private:
     kernel::Field& field(int zone, int variable);
 
-    test::SampleSession m_sample;
+    SampleSession m_sample;
     std::shared_ptr<kernel::DataSet> m_dataSet = std::make_shared<kernel::DataSet>("Sheets");
 };
 

@@ -2,7 +2,7 @@
 #include "dialogs/spreadsheet/IJKLineZoneVarTableModel.h"
 #include "dialogs/spreadsheet/OrderedZoneVarTableModel.h"
 #include "kernel/operations/EnableZone.h"
-#include "tests/dialogs/spreadsheet/FakeTable.h"
+#include "tests/dialogs/models/FakeTable.h"
 #include "tests/dialogs/spreadsheet/SheetStage.h"
 
 #include <gmock/gmock.h>

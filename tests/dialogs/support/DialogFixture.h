@@ -56,7 +56,7 @@ protected:
 
     DialogTraits const traits;
     RecordedMessages messages;
-    test::SampleSession sample{{"Wing", "Body", "Tail"}, {"X", "Y", "P", "T"}};
+    SampleSession sample{{"Wing", "Body", "Tail"}, {"X", "Y", "P", "T"}};
     std::unique_ptr<QWidget> mainWindow;
 };
 

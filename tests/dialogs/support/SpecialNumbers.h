@@ -2,10 +2,10 @@
 
 #include <limits>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 // What a field for numbers may be given and cannot show as digits.
 constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

@@ -5,7 +5,7 @@
 #include <QStyleOptionSpinBox>
 #include <QTest>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 SpinBoxDriver::SpinBoxDriver(QAbstractSpinBox& box)
     : m_box(box)
@@ -47,7 +47,7 @@ void SpinBoxDriver::releaseUp()
 
 void SpinBoxDriver::turnWheel(int notches)
 {
-    veldraw::test::turnWheel(m_box, notches);
+    tests::turnWheel(m_box, notches);
 }
 
 std::string SpinBoxDriver::text() const
@@ -64,4 +64,4 @@ QPoint SpinBoxDriver::arrow(QStyle::SubControl control) const
     return m_box.style()->subControlRect(QStyle::CC_SpinBox, &option, control, &m_box).center();
 }
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

@@ -7,7 +7,7 @@
 
 #include <string>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 /// A user's hands on a spin box: keys, typed text, clicks on the arrows, the wheel.
 class SpinBoxDriver
@@ -33,4 +33,4 @@ private:
     QAbstractSpinBox& m_box;
 };
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

@@ -7,7 +7,7 @@
 #include <QWindow>
 #include <qtestspontaneevent.h>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 
 void turnWheel(QWidget& widget, int notches)
 {
@@ -19,4 +19,4 @@ void turnWheel(QWidget& widget, int notches)
     qApp->notify(window.windowHandle(), &event);
 }
 
-} // namespace veldraw::test
+} // namespace veldraw::tests

@@ -11,7 +11,7 @@ namespace {
 
 TEST(DeleteVariablePropertiesManager, StartsEmptyAndSharesItsMembers)
 {
-    test::SampleSession const sample({"Wing"}, {"X", "Y"});
+    SampleSession const sample({"Wing"}, {"X", "Y"});
     boost::weak_ptr<Property<std::set<int>>> selection;
     boost::shared_ptr<sdk::ui::propertymanager::DeleteVariablePropertiesManager::VariablesListModel> model;
     {

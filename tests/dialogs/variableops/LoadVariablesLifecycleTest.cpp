@@ -11,7 +11,7 @@ namespace {
 
 TEST(LoadVariablesPropertiesManager, BeginsWithItsZoneAndNothingSelected)
 {
-    test::SampleSession const sample({"Wing", "Body"}, {"X", "Y"});
+    SampleSession const sample({"Wing", "Body"}, {"X", "Y"});
     dialogs::data::LoadVariablesPropertiesManager const manager(2);
     EXPECT_EQ(manager.zone()->value(), 2);
     EXPECT_TRUE(manager.selectedVariables()->value().empty());

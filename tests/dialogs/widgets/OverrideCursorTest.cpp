@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 #include <stdexcept>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 namespace {
 
 using veldraw::ui::OverrideCursor;
@@ -38,4 +38,4 @@ TEST(OverrideCursor, GoesWhenAnExceptionLeavesItsScope)
 }
 
 } // namespace
-} // namespace veldraw::test
+} // namespace veldraw::tests

@@ -15,7 +15,7 @@
 #include <limits>
 #include <random>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 namespace {
 
 using veldraw::ui::QScientificSpinBox;
@@ -224,4 +224,4 @@ TEST_F(QScientificSpinBoxTest, IsWideEnoughForItsLongestText)
 }
 
 } // namespace
-} // namespace veldraw::test
+} // namespace veldraw::tests

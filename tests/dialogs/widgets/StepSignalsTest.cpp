@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-namespace veldraw::test {
+namespace veldraw::tests {
 namespace {
 
 using ::testing::ElementsAre;
@@ -129,4 +129,4 @@ TYPED_TEST(StepSignals, RepeatWhileAnArrowIsHeldUntilTheyAreStopped)
 }
 
 } // namespace
-} // namespace veldraw::test
+} // namespace veldraw::tests

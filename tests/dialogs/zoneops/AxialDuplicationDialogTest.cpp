@@ -320,7 +320,7 @@ TEST_F(AxialDuplicationDialogTest, SharesAxisOriginAngleAndUnitWithTheRotation)
     EXPECT_EQ(in("yOrgBox")->text(), QStringLiteral("3"));
     EXPECT_EQ(in("angle_spinBox")->text(), QStringLiteral("1.57079633"));
     EXPECT_TRUE(QTest::qWaitFor([&rotation] { return QApplication::activeWindow() == &rotation; }));
-    test::SpinBoxDriver angleThere(*in("angle_spinBox"));
+    SpinBoxDriver angleThere(*in("angle_spinBox"));
     angleThere.type("3.2");
     angleThere.press(Qt::Key_Tab);
     EXPECT_EQ(shown("angle_spinBox"), "3.2");

@@ -163,7 +163,7 @@ protected:
         IdleDispatcher::flush();
     }
 
-    test::SpinBoxDriver box(char const* name) { return test::SpinBoxDriver(find<QAbstractSpinBox>(name)); }
+    SpinBoxDriver box(char const* name) { return SpinBoxDriver(find<QAbstractSpinBox>(name)); }
 
     std::string shown(char const* name)
     {

@@ -39,7 +39,7 @@ TEST_F(CreateMirrorZoneLifecycleTest, MayBeDestroyedWhenAChoiceIsMade)
 
 TEST(CreateMirrorZonePropertiesManager, StartsEmptyAndSharesItsMembers)
 {
-    test::SampleSession const sample({"Wing", "Body"}, {"X"});
+    SampleSession const sample({"Wing", "Body"}, {"X"});
     boost::weak_ptr<Property<std::set<int>>> selection;
     boost::shared_ptr<CreateMirrorZonePropertiesManager::ZonesListModel> model;
     {
@@ -58,7 +58,7 @@ TEST(CreateMirrorZonePropertiesManager, StartsEmptyAndSharesItsMembers)
 
 TEST(CreateMirrorZonePropertiesManager, SharesItsChoicesWithEveryOther)
 {
-    test::SampleSession const sample({"Wing"}, {"X"});
+    SampleSession const sample({"Wing"}, {"X"});
     CreateMirrorZonePropertiesManager const one;
     CreateMirrorZonePropertiesManager const other;
     EXPECT_EQ(one.mirrorVar2D(), other.mirrorVar2D());

@@ -11,7 +11,7 @@ namespace {
 
 TEST(DuplicateZonePropertiesManager, StartsEmptyAndSharesItsMembers)
 {
-    test::SampleSession const sample({"Wing", "Body"}, {"X"});
+    SampleSession const sample({"Wing", "Body"}, {"X"});
     boost::weak_ptr<Property<std::set<int>>> selection;
     boost::shared_ptr<sdk::ui::propertymanager::DuplicateZonePropertiesManager::ZonesListModel> model;
     {

@@ -1,7 +1,7 @@
 #include "dialogs/models/QTableModelAdapter.h"
 
 #include "dialogs/models/TableModelProxy.h"
-#include "tests/dialogs/spreadsheet/FakeTable.h"
+#include "tests/dialogs/models/FakeTable.h"
 
 #include <QAbstractItemModelTester>
 #include <QItemSelectionModel>

@@ -16,10 +16,10 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 /// Edits beside which something else happens. The first zone is a line of four points, its third variable not loaded.
-class SpreadsheetEditingTest : public SpreadsheetDriver
+class DataSpreadsheetEditingTest : public SpreadsheetDriver
 {
 protected:
-    SpreadsheetEditingTest()
+    DataSpreadsheetEditingTest()
     {
         stage.addZone("Line", ZoneType_Ordered, 4, 1, 1);
         stage.addZone("Other", ZoneType_Ordered, 4, 1, 1);
@@ -73,7 +73,7 @@ protected:
     std::shared_ptr<ConstantLoader> loader;
 };
 
-TEST_F(SpreadsheetEditingTest, KeepsWhatIsTypedWhileTheFormatChanges)
+TEST_F(DataSpreadsheetEditingTest, KeepsWhatIsTypedWhileTheFormatChanges)
 {
     beginEdit(1, 0, "12");
     Choices::spreadsheetFormat()->setValue(NumberFormat_Exponent);
@@ -85,7 +85,7 @@ TEST_F(SpreadsheetEditingTest, KeepsWhatIsTypedWhileTheFormatChanges)
     EXPECT_EQ(shown(1, 0), "1.200E+01");
 }
 
-TEST_F(SpreadsheetEditingTest, KeepsWhatIsTypedWhileValuesOfTheTableAreAlteredElsewhere)
+TEST_F(DataSpreadsheetEditingTest, KeepsWhatIsTypedWhileValuesOfTheTableAreAlteredElsewhere)
 {
     beginEdit(1, 0, "12");
     ASSERT_TRUE(stage.session().perform(kernel::SetValue(stage.dataSet(), 1, 1, 2, 55.0, false)));
@@ -97,7 +97,7 @@ TEST_F(SpreadsheetEditingTest, KeepsWhatIsTypedWhileValuesOfTheTableAreAlteredEl
     EXPECT_EQ(stage.stored(1, 1, 1), 101.0);
 }
 
-TEST_F(SpreadsheetEditingTest, ShowsTheNewValueInAnEditorInWhichNothingIsTyped)
+TEST_F(DataSpreadsheetEditingTest, ShowsTheNewValueInAnEditorInWhichNothingIsTyped)
 {
     goTo(2, 0);
     QTest::keyClick(&table(), Qt::Key_F2);
@@ -108,7 +108,7 @@ TEST_F(SpreadsheetEditingTest, ShowsTheNewValueInAnEditorInWhichNothingIsTyped)
     EXPECT_EQ(editor()->text(), QStringLiteral("55"));
 }
 
-TEST_F(SpreadsheetEditingTest, TakesWhatIsTypedBeforeAnotherZoneIsChosen)
+TEST_F(DataSpreadsheetEditingTest, TakesWhatIsTypedBeforeAnotherZoneIsChosen)
 {
     beginEdit(1, 0, "12");
     auto& zones = widget<QComboBox>("Zone_ComboBox");
@@ -121,7 +121,7 @@ TEST_F(SpreadsheetEditingTest, TakesWhatIsTypedBeforeAnotherZoneIsChosen)
     EXPECT_EQ(stage.stored(2, 1, 1), 101.0);
 }
 
-TEST_F(SpreadsheetEditingTest, ShowsWhatWasNotLoadedOnceItIs)
+TEST_F(DataSpreadsheetEditingTest, ShowsWhatWasNotLoadedOnceItIs)
 {
     EXPECT_EQ(shown(0, 2), "Not Loaded");
     load();
@@ -131,7 +131,7 @@ TEST_F(SpreadsheetEditingTest, ShowsWhatWasNotLoadedOnceItIs)
     EXPECT_THAT(messages.take(), IsEmpty());
 }
 
-TEST_F(SpreadsheetEditingTest, LosesNothingWhenTheFileHasGone)
+TEST_F(DataSpreadsheetEditingTest, LosesNothingWhenTheFileHasGone)
 {
     loader->fails = true;
     load();
@@ -175,7 +175,7 @@ private:
     std::function<void()> m_act;
 };
 
-TEST_F(SpreadsheetEditingTest, RefusesAnEditWhileValuesAreBeingLoadedAndTellsIt)
+TEST_F(DataSpreadsheetEditingTest, RefusesAnEditWhileValuesAreBeingLoadedAndTellsIt)
 {
     BusyUser user(stage.session(), [this] { edit(1, 0, "12"); });
     load();

@@ -1,8 +1,6 @@
 #include "kernel/operations/DuplicateZones.h"
 #include "kernel/operations/EnableZone.h"
-#include "tests/dialogs/support/ActionUnderSpy.h"
-#include "tests/dialogs/support/RecordedGuards.h"
-#include "tests/dialogs/zoneops/AxialFixture.h"
+#include "tests/dialogs/zoneops/AxialKernelFixture.h"
 
 #include <cmath>
 #include <gmock/gmock.h>
@@ -14,47 +12,9 @@ using testing::ElementsAre;
 using testing::ElementsAreArray;
 using testing::IsEmpty;
 
-/// The buttons of both dialogs as the kernel sees them.
-template <typename Fixture>
-class AxialKernelTest : public ActionUnderSpy<Fixture>
-{
-protected:
-    using ActionUnderSpy<Fixture>::spy;
-
-    /// The one call of a function; fails in the kernel, which is not the matter here.
-    std::string refusedCall(char const* function)
-    {
-        spy.reset();
-        spy.failNext(function);
-        this->clickAction();
-        std::vector<std::string> const calls = spy.callsOf(function);
-        EXPECT_EQ(calls.size(), 1u);
-        return calls.empty() ? "" : calls.front();
-    }
-
-    std::string dataSet() const { return std::to_string(this->sample.dataSet().id()); }
-
-    void expectNothingHeld()
-    {
-        EXPECT_EQ(sdk::AppLock::depth(), 0);
-        EXPECT_TRUE(this->dialog().isVisible());
-    }
-};
-
-class AxialRotationKernelTest : public AxialKernelTest<AxialRotationFixture>
+class AxialRotationKernelTest : public AxialKernelFixture<AxialRotationFixture>
 {
 };
-
-std::vector<std::string> const questions{
-    "VelUtilFrameGetPlotType()",         "VelUtilAxisGetVarAssignments(out, out, out)",
-    "VelUtilVarGetNumByAssignment('U')", "VelUtilVarGetNumByAssignment('V')",
-    "VelUtilVarGetNumByAssignment('W')", "VelUtilDataSetGetUniqueID()"};
-
-std::vector<std::string> after(std::vector<std::string> calls, std::vector<std::string> const& more)
-{
-    calls.insert(calls.end(), more.begin(), more.end());
-    return calls;
-}
 
 TEST_F(AxialRotationKernelTest, AsksForTheRotationWithAllItsArguments)
 {
@@ -245,165 +205,9 @@ TEST_F(AxialRotationKernelTest, StaysWholeAndReleasesItsGuardsWhicheverKernelCal
     }
 }
 
-class AxialDuplicationKernelTest : public AxialKernelTest<AxialDuplicationFixture>
-{
-};
-
-TEST_F(AxialDuplicationKernelTest, AsksForTheCopiesWithAllTheirArguments)
-{
-    clickRow(0);
-    clickRow(2, Qt::ControlModifier);
-    click("xAxisButton");
-    enter("yOrgBox", "0.5");
-    enter("numberOfSegments", "8");
-    enter("offsetAngle", "10");
-    enter("numOfInstances", "4");
-    spy.reset();
-    spy.failNext("VelUtilDataAxialDuplicate");
-    clickAction();
-    EXPECT_THAT(spy.calls(),
-                ElementsAreArray(after(questions, {"VelUtilDataAxialDuplicate(" + dataSet() +
-                                                       ", {1, 3}, (1, 2, 3), true, (4), (5), (6), true, 45, 10, 3, "
-                                                       "(0, 0.5, 0), (1, 0, 0), true)",
-                                                   "VelUtilDialogErrMsg(\"Failed to perform axial duplication.\")"})));
-}
-
-TEST_F(AxialDuplicationKernelTest, FillsTheCircle)
-{
-    clickRow(1);
-    enter("numberOfSegments", "8");
-    click("fullRotation_radioButton");
-    click("addZonesToExistingStrands_checkBox");
-    EXPECT_EQ(refusedCall("VelUtilDataAxialDuplicate"),
-              "VelUtilDataAxialDuplicate(" + dataSet() +
-                  ", {2}, (1, 2, 3), true, (4), (5), (6), true, 45, 0, 7, (0, 0, 0), (0, 0, 1), false)");
-    enter("numberOfSegments", "1");
-    EXPECT_EQ(refusedCall("VelUtilDataAxialDuplicate"),
-              "VelUtilDataAxialDuplicate(" + dataSet() +
-                  ", {2}, (1, 2, 3), true, (4), (5), (6), true, 360, 0, 1, (0, 0, 0), (0, 0, 1), false)");
-}
-
-TEST_F(AxialDuplicationKernelTest, GivesBothAnglesInDegreesWhateverIsShown)
-{
-    clickRow(1);
-    enter("angle_spinBox", "90");
-    enter("offsetAngle", "180");
-    chooseRadians("angleUnits_comboBox");
-    chooseRadians("offsetAngleUnits");
-    EXPECT_EQ(refusedCall("VelUtilDataAxialDuplicate"),
-              "VelUtilDataAxialDuplicate(" + dataSet() +
-                  ", {2}, (1, 2, 3), true, (4), (5), (6), true, 90, 180, 1, (0, 0, 0), (0, 0, 1), true)");
-}
-
-TEST_F(AxialDuplicationKernelTest, MakesARingOfTheChosenZoneByItsButton)
-{
-    for (int variable = 1; variable <= 6; ++variable)
-        fill(2, variable, {1.0 * variable, 0.0, 0.0, 0.0, 0.0, 0.0});
-    clickRow(1);
-    click("fullRotation_radioButton");
-    enter("numberOfSegments", "4");
-    clickAction();
-    EXPECT_THAT(messages.take(), IsEmpty());
-    ASSERT_EQ(zoneNames().size(), 6u);
-    EXPECT_EQ(rows().size(), 6u);
-    EXPECT_DOUBLE_EQ(values(2, 1).front(), 1.0);
-    std::vector<double> x;
-    for (int zone = 4; zone <= 6; ++zone)
-        x.push_back(std::round(values(zone, 1).front()));
-    EXPECT_THAT(x, testing::UnorderedElementsAre(-2.0, -1.0, 2.0));
-    sample.session().undo();
-    EXPECT_EQ(zoneNames().size(), 3u);
-    expectNothingHeld();
-}
-
-TEST_F(AxialDuplicationKernelTest, TellsRefusalsWithItsTitleFirst)
-{
-    EXPECT_THAT(
-        callsOfAction(),
-        ElementsAre("VelUtilDialogMessageBox(\"Axial Duplication requires selection of one or more zones.\", 0)"));
-    click("selectByStrand");
-    EXPECT_THAT(
-        callsOfAction(),
-        ElementsAre("VelUtilDialogMessageBox(\"Axial Duplication requires selection of one or more strands.\", 0)"));
-    clickRow(0);
-    assign("Y", {1});
-    messages.take();
-    clickAction();
-    EXPECT_THAT(messages.take(),
-                ElementsAre("error: Axial Duplication requires that the spatial variables are unique."));
-    expectNothingHeld();
-}
-
-TEST_F(AxialDuplicationKernelTest, LeavesAllAsItWasWhenTheKernelRefuses)
-{
-    clickRow(1);
-    std::string const stepBefore = sample.session().history().undoName();
-    refusedCall("VelUtilDataAxialDuplicate");
-    EXPECT_THAT(messages.take(), ElementsAre("error: Failed to perform axial duplication."));
-    EXPECT_EQ(sample.session().history().undoName(), stepBefore);
-    EXPECT_THAT(rows(), ElementsAre("1: Wing", "*2: Body", "3: Tail"));
-    expectNothingHeld();
-}
-
-TEST_F(AxialDuplicationKernelTest, StaysWholeAndReleasesItsGuardsWhicheverKernelCallFails)
-{
-    for (auto const fail : {&KernelSpy::failCall, &KernelSpy::failFrom}) {
-        clickRow(1);
-        std::vector<std::string> const calls = callsOfAction();
-        ASSERT_GE(calls.size(), 7u);
-        for (std::size_t failing = 0; failing < calls.size(); ++failing) {
-            std::string const when = calls[failing] + " fails";
-            sample.session().undo();
-            EXPECT_THAT(zoneNames(), ElementsAre("Wing", "Body", "Tail")) << when;
-            clickRow(1);
-            messages.take();
-            spy.reset();
-            (spy.*fail)(static_cast<int>(failing) + 1);
-            clickAction();
-            bool const canTell = fail == &KernelSpy::failCall; // a message is a kernel call as well
-            spy.reset();
-            bool const isDone = zoneNames().size() > 3;
-            EXPECT_EQ(messages.take().empty(), isDone || !canTell) << when;
-            expectNothingHeld();
-            if (!isDone)
-                clickAction();
-            EXPECT_THAT(messages.take(), IsEmpty()) << when << ", then nothing";
-            EXPECT_THAT(zoneNames(), ElementsAre("Wing", "Body", "Tail", "Body")) << when << ", then nothing";
-        }
-        sample.session().undo();
-    }
-}
-
-/// How the application is held while a message is on the screen.
-template <typename Fixture>
-class AxialGuardsTest : public Fixture
-{
-protected:
-    AxialGuardsTest() { this->launched(); }
-
-    /// First without a selection, then on a locked data set.
-    void refuseTwice()
-    {
-        this->clickAction();
-        this->sample.session().setLock(this->sample.dataSet(), "another operation");
-        this->clickRow(0);
-        this->clickAction();
-        EXPECT_EQ(told.guards(), (RecordedGuards::Guards{{0, 0}, {1, 0}})) << "what is read before needs no lock";
-        EXPECT_EQ(sdk::AppLock::depth(), 0);
-    }
-
-    RecordedGuards told;
-};
-
-using AxialRotationGuardsTest = AxialGuardsTest<AxialRotationFixture>;
-using AxialDuplicationGuardsTest = AxialGuardsTest<AxialDuplicationFixture>;
+using AxialRotationGuardsTest = AxialGuardsFixture<AxialRotationFixture>;
 
 TEST_F(AxialRotationGuardsTest, LocksTheApplicationWhileItTurnsAndTellsTheOutcome)
-{
-    refuseTwice();
-}
-
-TEST_F(AxialDuplicationGuardsTest, LocksTheApplicationWhileItCopiesAndTellsTheOutcome)
 {
     refuseTwice();
 }

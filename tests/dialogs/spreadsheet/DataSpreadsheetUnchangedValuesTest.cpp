@@ -65,11 +65,11 @@ std::initializer_list<T> edgesOf()
 
 /// The spreadsheet over values of one type with random bits: every pattern that a file may bring, subnormal numbers,
 /// infinities and payloads of what is no number included. The first ones of the floating types are the edges of their range.
-class UnchangedValuesTest : public SpreadsheetDriver,
-                            public testing::WithParamInterface<std::tuple<FieldDataType_e, unsigned>>
+class DataSpreadsheetUnchangedValuesTest : public SpreadsheetDriver,
+                                           public testing::WithParamInterface<std::tuple<FieldDataType_e, unsigned>>
 {
 protected:
-    UnchangedValuesTest()
+    DataSpreadsheetUnchangedValuesTest()
     {
         auto const [type, seed] = GetParam();
         std::shared_ptr<kernel::Buffer> buffer = kernel::Buffer::allocate(type, valueCount);
@@ -109,7 +109,7 @@ protected:
     std::string before;
 };
 
-TEST_P(UnchangedValuesTest, AreWhatWasStoredBitForBitAfterTheyWereShownInEveryFormat)
+TEST_P(DataSpreadsheetUnchangedValuesTest, AreWhatWasStoredBitForBitAfterTheyWereShownInEveryFormat)
 {
     SCOPED_TRACE("seed " + std::to_string(std::get<1>(GetParam())));
     launched();
@@ -124,7 +124,7 @@ TEST_P(UnchangedValuesTest, AreWhatWasStoredBitForBitAfterTheyWereShownInEveryFo
     expectUntouched();
 }
 
-TEST_P(UnchangedValuesTest, AreCopiedWithAllThatTellsOneFromAnother)
+TEST_P(DataSpreadsheetUnchangedValuesTest, AreCopiedWithAllThatTellsOneFromAnother)
 {
     SCOPED_TRACE("seed " + std::to_string(std::get<1>(GetParam())));
     launched();
@@ -149,7 +149,7 @@ TEST_P(UnchangedValuesTest, AreCopiedWithAllThatTellsOneFromAnother)
     expectUntouched();
 }
 
-TEST_P(UnchangedValuesTest, AreWhatWasStoredBitForBitAfterTheirEditorsWereClosedByReturn)
+TEST_P(DataSpreadsheetUnchangedValuesTest, AreWhatWasStoredBitForBitAfterTheirEditorsWereClosedByReturn)
 {
     SCOPED_TRACE("seed " + std::to_string(std::get<1>(GetParam())));
     launched();
@@ -166,7 +166,7 @@ TEST_P(UnchangedValuesTest, AreWhatWasStoredBitForBitAfterTheirEditorsWereClosed
     expectUntouched();
 }
 
-TEST_P(UnchangedValuesTest, AreWhatWasStoredBitForBitAfterTheirOwnTextWasWritten)
+TEST_P(DataSpreadsheetUnchangedValuesTest, AreWhatWasStoredBitForBitAfterTheirOwnTextWasWritten)
 {
     SCOPED_TRACE("seed " + std::to_string(std::get<1>(GetParam())));
     IJKLineZoneVarTableModel table(zone, toolbox::Set(1), false, ValueLocation_Nodal);
@@ -180,7 +180,7 @@ TEST_P(UnchangedValuesTest, AreWhatWasStoredBitForBitAfterTheirOwnTextWasWritten
     expectUntouched();
 }
 
-INSTANTIATE_TEST_SUITE_P(AllTypes, UnchangedValuesTest,
+INSTANTIATE_TEST_SUITE_P(AllTypes, DataSpreadsheetUnchangedValuesTest,
                          testing::Combine(testing::Values(FieldDataType_Float, FieldDataType_Double,
                                                           FieldDataType_Int32, FieldDataType_Int16, FieldDataType_Byte,
                                                           FieldDataType_Bit),

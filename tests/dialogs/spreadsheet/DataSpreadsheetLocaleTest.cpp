@@ -11,10 +11,10 @@ namespace veldraw::tests {
 namespace {
 
 /// The spreadsheet in a process whose defaults are German.
-class SpreadsheetLocaleTest : public SpreadsheetDriver
+class DataSpreadsheetLocaleTest : public SpreadsheetDriver
 {
 protected:
-    SpreadsheetLocaleTest()
+    DataSpreadsheetLocaleTest()
     {
         QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
         stage.addZone("line", ZoneType_Ordered, 2000, 1, 1);
@@ -22,7 +22,7 @@ protected:
         stage.show();
         launched();
     }
-    ~SpreadsheetLocaleTest() override
+    ~DataSpreadsheetLocaleTest() override
     {
         QLocale::setDefault(m_qt);
         std::locale::global(m_streams);
@@ -34,7 +34,7 @@ private:
         std::locale::global(std::locale(std::locale::classic(), new GermanNumbers)); // owned by the locale
 };
 
-TEST_F(SpreadsheetLocaleTest, ShowsNumbersWithADecimalPointInEveryFormat)
+TEST_F(DataSpreadsheetLocaleTest, ShowsNumbersWithADecimalPointInEveryFormat)
 {
     auto const inFormat = [this](int format) {
         Choices::spreadsheetFormat()->setValue(static_cast<NumberFormat_e>(format));
@@ -47,7 +47,7 @@ TEST_F(SpreadsheetLocaleTest, ShowsNumbersWithADecimalPointInEveryFormat)
     EXPECT_EQ(adapter().headerData(1233, Qt::Vertical).toString(), QStringLiteral("1234"));
 }
 
-TEST_F(SpreadsheetLocaleTest, TakesAndCopiesNumbersWithADecimalPoint)
+TEST_F(DataSpreadsheetLocaleTest, TakesAndCopiesNumbersWithADecimalPoint)
 {
     edit(0, 0, "4321.25");
     EXPECT_EQ(stage.stored(1, 1, 0), 4321.25);

@@ -16,10 +16,10 @@ using testing::IsEmpty;
 
 /// What becomes of a text that is being typed into a cell when the table becomes another one. There are two lines of four
 /// points, two blocks of 3 by 3 by 2, a longer line, triangles with values at their cells besides, and a line without values.
-class TableChangeUnderEditTest : public SpreadsheetDriver
+class EditedCellTest : public SpreadsheetDriver
 {
 protected:
-    TableChangeUnderEditTest()
+    EditedCellTest()
     {
         stage.addZone("Line", ZoneType_Ordered, 4, 1, 1);
         stage.addZone("Other", ZoneType_Ordered, 4, 1, 1);
@@ -84,7 +84,7 @@ protected:
 
 constexpr char gone[] = "error: The value 7 was not set: its zone or variable is not there any more.";
 
-TEST_F(TableChangeUnderEditTest, StoresTheTextInItsZoneWhenAnotherOfTheSameSizeIsShown)
+TEST_F(EditedCellTest, StoresTheTextInItsZoneWhenAnotherOfTheSameSizeIsShown)
 {
     beginEdit(1, 2, 1, "7");
     Choices::spreadsheetZone()->setValue(2);
@@ -96,7 +96,7 @@ TEST_F(TableChangeUnderEditTest, StoresTheTextInItsZoneWhenAnotherOfTheSameSizeI
     EXPECT_THAT(messages.take(), IsEmpty());
 }
 
-TEST_F(TableChangeUnderEditTest, StoresTheTextInItsZoneWhenOneOfAnotherSizeIsShown)
+TEST_F(EditedCellTest, StoresTheTextInItsZoneWhenOneOfAnotherSizeIsShown)
 {
     beginEdit(1, 3, 0, "7");
     Choices::spreadsheetZone()->setValue(5);
@@ -106,7 +106,7 @@ TEST_F(TableChangeUnderEditTest, StoresTheTextInItsZoneWhenOneOfAnotherSizeIsSho
     EXPECT_EQ(table().model()->rowCount(), 9);
 }
 
-TEST_F(TableChangeUnderEditTest, StoresTheTextInItsVariableWhenABlockShowsAnother)
+TEST_F(EditedCellTest, StoresTheTextInItsVariableWhenABlockShowsAnother)
 {
     beginEdit(3, 1, 2, "7");
     Choices::spreadsheetVariable()->setValue(3);
@@ -115,7 +115,7 @@ TEST_F(TableChangeUnderEditTest, StoresTheTextInItsVariableWhenABlockShowsAnothe
     EXPECT_THAT(altered(), ElementsAre("Block P 7 = 7"));
 }
 
-TEST_F(TableChangeUnderEditTest, StoresTheTextInItsPlaneWhenABlockShowsAnother)
+TEST_F(EditedCellTest, StoresTheTextInItsPlaneWhenABlockShowsAnother)
 {
     beginEdit(3, 1, 2, "7");
     Choices::spreadsheetKIndex()->setValue(2);
@@ -129,7 +129,7 @@ TEST_F(TableChangeUnderEditTest, StoresTheTextInItsPlaneWhenABlockShowsAnother)
     EXPECT_THAT(altered(), ElementsAre("Block P 16 = 8"));
 }
 
-TEST_F(TableChangeUnderEditTest, StoresTheTextAtItsLocationWhenTheOtherOneIsShown)
+TEST_F(EditedCellTest, StoresTheTextAtItsLocationWhenTheOtherOneIsShown)
 {
     beginEdit(6, 1, 0, "7");
     Choices::spreadsheetValueLocation()->setValue(ValueLocation_CellCentered);
@@ -138,7 +138,7 @@ TEST_F(TableChangeUnderEditTest, StoresTheTextAtItsLocationWhenTheOtherOneIsShow
     EXPECT_THAT(altered(), ElementsAre("Mixed P 1 = 7"));
 }
 
-TEST_F(TableChangeUnderEditTest, KeepsTheEditorWhereTheSameValueStaysInTheCell)
+TEST_F(EditedCellTest, KeepsTheEditorWhereTheSameValueStaysInTheCell)
 {
     stage.share(2, 1, 1);
     beginEdit(1, 1, 0, "7");
@@ -154,7 +154,7 @@ TEST_F(TableChangeUnderEditTest, KeepsTheEditorWhereTheSameValueStaysInTheCell)
         << "as the check box says now";
 }
 
-TEST_F(TableChangeUnderEditTest, StoresTheTextInAVariableThatGotAnotherNumber)
+TEST_F(EditedCellTest, StoresTheTextInAVariableThatGotAnotherNumber)
 {
     Choices::spreadsheetVariable()->setValue(2);
     beginEdit(3, 1, 2, "7");
@@ -164,7 +164,7 @@ TEST_F(TableChangeUnderEditTest, StoresTheTextInAVariableThatGotAnotherNumber)
     EXPECT_THAT(altered(), ElementsAre("Block T 7 = 7"));
 }
 
-TEST_F(TableChangeUnderEditTest, StoresTheTextInAVariableThatGotAnotherNumberAlsoBeforeTheTableHasFollowed)
+TEST_F(EditedCellTest, StoresTheTextInAVariableThatGotAnotherNumberAlsoBeforeTheTableHasFollowed)
 {
     Choices::spreadsheetVariable()->setValue(2);
     beginEdit(3, 1, 2, "7");
@@ -178,7 +178,7 @@ TEST_F(TableChangeUnderEditTest, StoresTheTextInAVariableThatGotAnotherNumberAls
     EXPECT_THAT(altered(), ElementsAre("Block T 7 = 207", "Line V 1 = 8"));
 }
 
-TEST_F(TableChangeUnderEditTest, StoresTheTextWhenAColumnBeforeItGoes)
+TEST_F(EditedCellTest, StoresTheTextWhenAColumnBeforeItGoes)
 {
     beginEdit(1, 2, 2, "7");
     ASSERT_TRUE(stage.session().perform(kernel::DeleteVariables(stage.dataSet(), {1})));
@@ -189,7 +189,7 @@ TEST_F(TableChangeUnderEditTest, StoresTheTextWhenAColumnBeforeItGoes)
     EXPECT_THAT(messages.take(), IsEmpty());
 }
 
-TEST_F(TableChangeUnderEditTest, TellsThatTheTextIsDroppedWhenItsVariableIsGone)
+TEST_F(EditedCellTest, TellsThatTheTextIsDroppedWhenItsVariableIsGone)
 {
     beginEdit(1, 2, 1, "7");
     ASSERT_TRUE(stage.session().perform(kernel::DeleteVariables(stage.dataSet(), {2})));
@@ -201,7 +201,7 @@ TEST_F(TableChangeUnderEditTest, TellsThatTheTextIsDroppedWhenItsVariableIsGone)
     EXPECT_THAT(messages.take(), IsEmpty());
 }
 
-TEST_F(TableChangeUnderEditTest, TellsThatTheTextIsDroppedWhenItsZoneIsGone)
+TEST_F(EditedCellTest, TellsThatTheTextIsDroppedWhenItsZoneIsGone)
 {
     ASSERT_TRUE(stage.session().perform(kernel::DuplicateZones(stage.dataSet(), {1})));
     settle();
@@ -213,7 +213,7 @@ TEST_F(TableChangeUnderEditTest, TellsThatTheTextIsDroppedWhenItsZoneIsGone)
     EXPECT_THAT(altered(), IsEmpty());
 }
 
-TEST_F(TableChangeUnderEditTest, StoresTheTextInItsDataSetWhenAnotherFrameWasActivated)
+TEST_F(EditedCellTest, StoresTheTextInItsDataSetWhenAnotherFrameWasActivated)
 {
     beginEdit(1, 2, 1, "7");
     stage.hide();
@@ -225,7 +225,7 @@ TEST_F(TableChangeUnderEditTest, StoresTheTextInItsDataSetWhenAnotherFrameWasAct
     EXPECT_EQ(stage.session().history().undoName(), "Edit Value");
 }
 
-TEST_F(TableChangeUnderEditTest, StoresTheTextInItsDataSetWhenAFrameWithAnotherOneWasActivated)
+TEST_F(EditedCellTest, StoresTheTextInItsDataSetWhenAFrameWithAnotherOneWasActivated)
 {
     beginEdit(1, 2, 1, "7");
     auto const other = std::make_shared<kernel::DataSet>("Other");
@@ -248,7 +248,7 @@ TEST_F(TableChangeUnderEditTest, StoresTheTextInItsDataSetWhenAFrameWithAnotherO
     EXPECT_EQ(stage.session().activeFrame(), frame);
 }
 
-TEST_F(TableChangeUnderEditTest, TellsARefusalInAnotherFrameWhenThatOneIsNotActiveAnyMore)
+TEST_F(EditedCellTest, TellsARefusalInAnotherFrameWhenThatOneIsNotActiveAnyMore)
 {
     beginEdit(1, 2, 1, "7");
     stage.session().setLock(stage.dataSet(), "another operation");
@@ -259,7 +259,7 @@ TEST_F(TableChangeUnderEditTest, TellsARefusalInAnotherFrameWhenThatOneIsNotActi
     EXPECT_EQ(stage.session().activeFrame()->name, "Empty");
 }
 
-TEST_F(TableChangeUnderEditTest, TellsThatTheTextIsDroppedWhenTheDataSetIsNotShownAnyMore)
+TEST_F(EditedCellTest, TellsThatTheTextIsDroppedWhenTheDataSetIsNotShownAnyMore)
 {
     beginEdit(1, 2, 1, "7");
     ASSERT_TRUE(stage.session().perform(kernel::DeleteFrame(stage.frame()->id)));
@@ -269,7 +269,7 @@ TEST_F(TableChangeUnderEditTest, TellsThatTheTextIsDroppedWhenTheDataSetIsNotSho
     EXPECT_THAT(altered(), IsEmpty());
 }
 
-TEST_F(TableChangeUnderEditTest, DropsATextThatIsNoNumberWithoutAWord)
+TEST_F(EditedCellTest, DropsATextThatIsNoNumberWithoutAWord)
 {
     beginEdit(1, 2, 1, "1,5");
     Choices::spreadsheetZone()->setValue(2);
@@ -283,7 +283,7 @@ TEST_F(TableChangeUnderEditTest, DropsATextThatIsNoNumberWithoutAWord)
     EXPECT_THAT(messages.take(), IsEmpty());
 }
 
-TEST_F(TableChangeUnderEditTest, ClosesAnEditorInWhichNothingWasTypedWithoutAWord)
+TEST_F(EditedCellTest, ClosesAnEditorInWhichNothingWasTypedWithoutAWord)
 {
     for (auto const& change :
          {std::function<void()>([] { Choices::spreadsheetZone()->setValue(2); }),
@@ -302,7 +302,7 @@ TEST_F(TableChangeUnderEditTest, ClosesAnEditorInWhichNothingWasTypedWithoutAWor
     EXPECT_THAT(messages.take(), IsEmpty());
 }
 
-TEST_F(TableChangeUnderEditTest, TellsARefusalOfTheTextThatIsStoredFirst)
+TEST_F(EditedCellTest, TellsARefusalOfTheTextThatIsStoredFirst)
 {
     beginEdit(7, 2, 1, "7");
     Choices::spreadsheetZone()->setValue(2);

@@ -13,7 +13,7 @@ constexpr int manyColumns = 1500000;
 constexpr int manyVariables = 1000100;
 
 /// Three rows and more columns than a Qt view can be given: a plane of one variable.
-class WideTableTest : public SpreadsheetDriver
+class DataSpreadsheetWideTableTest : public SpreadsheetDriver
 {
 protected:
     void open()
@@ -88,7 +88,7 @@ protected:
     }
 };
 
-TEST_F(WideTableTest, IsEditedInItsLastColumnAndTakenBack)
+TEST_F(DataSpreadsheetWideTableTest, IsEditedInItsLastColumnAndTakenBack)
 {
     openAPlane();
     EXPECT_EQ(columnName(0), "1");
@@ -107,7 +107,7 @@ TEST_F(WideTableTest, IsEditedInItsLastColumnAndTakenBack)
     EXPECT_EQ(place(), "0, 1");
 }
 
-TEST_F(WideTableTest, IsWalkedAndCopiedOverTheBorderOfWhatAViewHolds)
+TEST_F(DataSpreadsheetWideTableTest, IsWalkedAndCopiedOverTheBorderOfWhatAViewHolds)
 {
     openAPlane();
     scrollTo(999990);
@@ -127,14 +127,14 @@ TEST_F(WideTableTest, IsWalkedAndCopiedOverTheBorderOfWhatAViewHolds)
               QStringLiteral("3000091\t3000094\t3000097\t3000100\t3000103\t3000106\t3000109"));
 }
 
-TEST_F(WideTableTest, CostsNoMoreReadsThanCellsAreSeenToScroll)
+TEST_F(DataSpreadsheetWideTableTest, CostsNoMoreReadsThanCellsAreSeenToScroll)
 {
     openAPlane();
     scrollTo(700000);
     expectFewReadsToScroll();
 }
 
-TEST_F(WideTableTest, StaysWhereItIsWhenTheFormatChanges)
+TEST_F(DataSpreadsheetWideTableTest, StaysWhereItIsWhenTheFormatChanges)
 {
     openAPlane();
     scrollTo(1200000);
@@ -146,7 +146,7 @@ TEST_F(WideTableTest, StaysWhereItIsWhenTheFormatChanges)
     EXPECT_EQ(shownHere(), "3600103.000");
 }
 
-TEST_F(WideTableTest, ShowsAndEditsMoreVariablesThanAViewHoldsColumns)
+TEST_F(DataSpreadsheetWideTableTest, ShowsAndEditsMoreVariablesThanAViewHoldsColumns)
 {
     openManyVariables();
     EXPECT_EQ(columnName(0), "P");

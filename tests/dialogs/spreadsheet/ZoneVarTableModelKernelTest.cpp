@@ -5,7 +5,7 @@
 #include "platform/exception/InterruptedException.h"
 #include "platform/vdsdkcommon/AppLock.h"
 #include "platform/vdsdkcommon/StateChangeEventObservable.h"
-#include "tests/dialogs/spreadsheet/FakeTable.h"
+#include "tests/dialogs/models/FakeTable.h"
 #include "tests/dialogs/spreadsheet/GermanNumbers.h"
 #include "tests/dialogs/spreadsheet/SheetStage.h"
 #include "tests/dialogs/spreadsheet/ValueChange.h"
@@ -31,10 +31,10 @@ int eventListeners()
 
 /// How the tables talk to the kernel. Three lines of four points with the variables X, Y and P; the third has P not loaded,
 /// and shares X with the second.
-class ZoneVarTableKernelTest : public testing::Test
+class ZoneVarTableModelKernelTest : public testing::Test
 {
 protected:
-    ZoneVarTableKernelTest()
+    ZoneVarTableModelKernelTest()
     {
         for (char const* const name : {"first", "second", "third"})
             stage.fillAll(stage.addZone(name, ZoneType_Ordered, 4, 1, 1));
@@ -57,7 +57,7 @@ protected:
     KernelSpy spy;
 };
 
-TEST_F(ZoneVarTableKernelTest, ReadsACellByThreeCalls)
+TEST_F(ZoneVarTableModelKernelTest, ReadsACellByThreeCalls)
 {
     auto const table = lineTable(first);
     spy.reset();
@@ -66,7 +66,7 @@ TEST_F(ZoneVarTableKernelTest, ReadsACellByThreeCalls)
                                          "VelUtilDataValueGetByZoneVar(1, 2, 3)"));
 }
 
-TEST_F(ZoneVarTableKernelTest, ReadsNothingAndLoadsNothingWhereValuesAreNotLoaded)
+TEST_F(ZoneVarTableModelKernelTest, ReadsNothingAndLoadsNothingWhereValuesAreNotLoaded)
 {
     auto const table = lineTable(third);
     spy.reset();
@@ -78,7 +78,7 @@ TEST_F(ZoneVarTableKernelTest, ReadsNothingAndLoadsNothingWhereValuesAreNotLoade
     EXPECT_FALSE(stage.dataSet().field(third, 3)->isLoaded());
 }
 
-TEST_F(ZoneVarTableKernelTest, WritesACellByNamedArgumentsAndGivesTheListBackLast)
+TEST_F(ZoneVarTableModelKernelTest, WritesACellByNamedArgumentsAndGivesTheListBackLast)
 {
     auto const table = lineTable(first);
     spy.reset();
@@ -95,7 +95,7 @@ TEST_F(ZoneVarTableKernelTest, WritesACellByNamedArgumentsAndGivesTheListBackLas
     EXPECT_THAT(messages.take(), IsEmpty());
 }
 
-TEST_F(ZoneVarTableKernelTest, EditsThisZoneAloneUnlessAllSharingZonesAreMeant)
+TEST_F(ZoneVarTableModelKernelTest, EditsThisZoneAloneUnlessAllSharingZonesAreMeant)
 {
     lineTable(second)->setStr({0, 0}, "1");
     EXPECT_EQ(stage.stored(second, 1, 0), 1.0);
@@ -109,7 +109,7 @@ TEST_F(ZoneVarTableKernelTest, EditsThisZoneAloneUnlessAllSharingZonesAreMeant)
     EXPECT_EQ(stage.stored(third, 1, 0), 2.0);
 }
 
-TEST_F(ZoneVarTableKernelTest, WritesZeroForATextThatIsNoNumberAndTheStartOfOneThatIsNoneAsAWhole)
+TEST_F(ZoneVarTableModelKernelTest, WritesZeroForATextThatIsNoNumberAndTheStartOfOneThatIsNoneAsAWhole)
 {
     auto const table = lineTable(first);
     EXPECT_TRUE(table->setStr({1, 0}, "abc"));
@@ -120,7 +120,7 @@ TEST_F(ZoneVarTableKernelTest, WritesZeroForATextThatIsNoNumberAndTheStartOfOneT
     EXPECT_EQ(stage.stored(first, 1, 3), 0.0);
 }
 
-TEST_F(ZoneVarTableKernelTest, ReadsAndWritesADecimalPointWhateverTheLocaleOfStreams)
+TEST_F(ZoneVarTableModelKernelTest, ReadsAndWritesADecimalPointWhateverTheLocaleOfStreams)
 {
     std::locale const before = std::locale::global(std::locale(std::locale::classic(), new GermanNumbers));
     auto const table = lineTable(first);
@@ -131,7 +131,7 @@ TEST_F(ZoneVarTableKernelTest, ReadsAndWritesADecimalPointWhateverTheLocaleOfStr
     EXPECT_EQ(stage.stored(first, 1, 0), 12345.5);
 }
 
-TEST_F(ZoneVarTableKernelTest, TellsOneCellForItsOwnEditAndEverythingForTheEditsOfOthers)
+TEST_F(ZoneVarTableModelKernelTest, TellsOneCellForItsOwnEditAndEverythingForTheEditsOfOthers)
 {
     auto const table = lineTable(first);
     auto const other = lineTable(second);
@@ -164,7 +164,7 @@ public:
     int lockDepth = 0;
 };
 
-TEST_F(ZoneVarTableKernelTest, TellsTheCellUnderTheLockAndBeforeItListensToTheKernelAgain)
+TEST_F(ZoneVarTableModelKernelTest, TellsTheCellUnderTheLockAndBeforeItListensToTheKernelAgain)
 {
     auto const table = lineTable(first);
     int const before = eventListeners();
@@ -194,7 +194,7 @@ public:
     mutable bool isRecording = true;
 };
 
-TEST_F(ZoneVarTableKernelTest, HoldsTheLockForEachReadAndEachWriteAndNoLonger)
+TEST_F(ZoneVarTableModelKernelTest, HoldsTheLockForEachReadAndEachWriteAndNoLonger)
 {
     WatchedLine table(first, Set(std::set<int>{1, 2, 3}), false, ValueLocation_Nodal);
     table.getStr({0, 0});
@@ -205,7 +205,7 @@ TEST_F(ZoneVarTableKernelTest, HoldsTheLockForEachReadAndEachWriteAndNoLonger)
     EXPECT_TRUE(table.isRecording);
 }
 
-TEST_F(ZoneVarTableKernelTest, ListensAgainWhenSomebodyWhoHearsOfAnEditThrows)
+TEST_F(ZoneVarTableModelKernelTest, ListensAgainWhenSomebodyWhoHearsOfAnEditThrows)
 {
     class Thrower : public TableModelListenerInterface
     {
@@ -225,7 +225,7 @@ TEST_F(ZoneVarTableKernelTest, ListensAgainWhenSomebodyWhoHearsOfAnEditThrows)
     EXPECT_EQ(spy.count("VelUtilArgListDealloc"), 1);
 }
 
-TEST_F(ZoneVarTableKernelTest, TellsTheUserOfARefusalAndListensAgain)
+TEST_F(ZoneVarTableModelKernelTest, TellsTheUserOfARefusalAndListensAgain)
 {
     auto const table = lineTable(first);
     int const before = eventListeners();
@@ -241,7 +241,7 @@ TEST_F(ZoneVarTableKernelTest, TellsTheUserOfARefusalAndListensAgain)
     EXPECT_THAT(log.take(), ElementsAre("data")) << "a later change by somebody else";
 }
 
-TEST_F(ZoneVarTableKernelTest, TellsTheUserThatALockedDataSetRefuses)
+TEST_F(ZoneVarTableModelKernelTest, TellsTheUserThatALockedDataSetRefuses)
 {
     stage.session().setLock(stage.dataSet(), "another operation");
     EXPECT_FALSE(lineTable(first)->setStr({0, 0}, "7"));
@@ -249,7 +249,7 @@ TEST_F(ZoneVarTableKernelTest, TellsTheUserThatALockedDataSetRefuses)
     EXPECT_EQ(stage.stored(first, 1, 0), 100.0);
 }
 
-TEST_F(ZoneVarTableKernelTest, StaysWholeWhicheverKernelCallOfAnEditFails)
+TEST_F(ZoneVarTableModelKernelTest, StaysWholeWhicheverKernelCallOfAnEditFails)
 {
     auto const table = lineTable(first);
     int const before = eventListeners();
@@ -275,7 +275,7 @@ TEST_F(ZoneVarTableKernelTest, StaysWholeWhicheverKernelCallOfAnEditFails)
     }
 }
 
-TEST_F(ZoneVarTableKernelTest, FollowsAlteredValuesOfItsVariablesInWhateverZone)
+TEST_F(ZoneVarTableModelKernelTest, FollowsAlteredValuesOfItsVariablesInWhateverZone)
 {
     OrderedZoneVarTableModel table(first, 2, IJKPlanes_K, 1, false);
     TableLog log(table);
@@ -287,7 +287,7 @@ TEST_F(ZoneVarTableKernelTest, FollowsAlteredValuesOfItsVariablesInWhateverZone)
     EXPECT_THAT(log.take(), IsEmpty());
 }
 
-TEST_F(ZoneVarTableKernelTest, TakesAChangeOfUnknownExtentAsItsOwn)
+TEST_F(ZoneVarTableModelKernelTest, TakesAChangeOfUnknownExtentAsItsOwn)
 {
     OrderedZoneVarTableModel table(first, 2, IJKPlanes_K, 1, false);
     TableLog log(table);
@@ -297,7 +297,7 @@ TEST_F(ZoneVarTableKernelTest, TakesAChangeOfUnknownExtentAsItsOwn)
     EXPECT_THAT(log.take(), ElementsAre("data", "data", "data"));
 }
 
-TEST_F(ZoneVarTableKernelTest, IgnoresAllOtherKindsOfChanges)
+TEST_F(ZoneVarTableModelKernelTest, IgnoresAllOtherKindsOfChanges)
 {
     auto const table = lineTable(first);
     TableLog log(*table);
@@ -308,7 +308,7 @@ TEST_F(ZoneVarTableKernelTest, IgnoresAllOtherKindsOfChanges)
     EXPECT_THAT(log.take(), IsEmpty());
 }
 
-TEST_F(ZoneVarTableKernelTest, ListensFromItsConstructionToItsEnd)
+TEST_F(ZoneVarTableModelKernelTest, ListensFromItsConstructionToItsEnd)
 {
     int const before = eventListeners();
     {
@@ -318,7 +318,7 @@ TEST_F(ZoneVarTableKernelTest, ListensFromItsConstructionToItsEnd)
     EXPECT_EQ(eventListeners(), before);
 }
 
-TEST_F(ZoneVarTableKernelTest, RefusesAZoneWithoutDimensionsAndDoesNotListen)
+TEST_F(ZoneVarTableModelKernelTest, RefusesAZoneWithoutDimensionsAndDoesNotListen)
 {
     int const before = eventListeners();
     spy.failNext("VelUtilZoneGetIJK");
@@ -332,7 +332,7 @@ TEST_F(ZoneVarTableKernelTest, RefusesAZoneWithoutDimensionsAndDoesNotListen)
     EXPECT_NO_THROW(lineTable(first));
 }
 
-TEST_F(ZoneVarTableKernelTest, ToldThatTheUserStoppedTheLoadingOfDimensionsSaysSoWithoutAText)
+TEST_F(ZoneVarTableModelKernelTest, ToldThatTheUserStoppedTheLoadingOfDimensionsSaysSoWithoutAText)
 {
     int const before = eventListeners();
     spy.failNext("VelUtilZoneGetIJK");
@@ -347,7 +347,7 @@ TEST_F(ZoneVarTableKernelTest, ToldThatTheUserStoppedTheLoadingOfDimensionsSaysS
     stage.session().setInterrupted(false);
 }
 
-TEST_F(ZoneVarTableKernelTest, AsksForDimensionsOnceHoweverOftenItIsAsked)
+TEST_F(ZoneVarTableModelKernelTest, AsksForDimensionsOnceHoweverOftenItIsAsked)
 {
     auto const table = lineTable(first);
     EXPECT_EQ(spy.count("VelUtilZoneGetIJK"), 1);

@@ -6,10 +6,10 @@ namespace veldraw::tests {
 namespace {
 
 /// Where the text of a cell stands.
-class SpreadsheetAlignmentTest : public SpreadsheetDriver
+class DataSpreadsheetAlignmentTest : public SpreadsheetDriver
 {
 protected:
-    SpreadsheetAlignmentTest()
+    DataSpreadsheetAlignmentTest()
     {
         stage.addZone("Line", ZoneType_Ordered, 5, 1, 1);
         stage.fillAll(1);
@@ -34,7 +34,7 @@ protected:
     }
 };
 
-TEST_F(SpreadsheetAlignmentTest, NumbersStandToTheRight)
+TEST_F(DataSpreadsheetAlignmentTest, NumbersStandToTheRight)
 {
     goTo(0, 0);
     table().clearSelection();
@@ -45,7 +45,7 @@ TEST_F(SpreadsheetAlignmentTest, NumbersStandToTheRight)
     }
 }
 
-TEST_F(SpreadsheetAlignmentTest, AndStayThereWhileTheyAreEdited)
+TEST_F(DataSpreadsheetAlignmentTest, AndStayThereWhileTheyAreEdited)
 {
     goTo(0, 0);
     type("7");

@@ -18,10 +18,10 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 /// Three lines of 300 points whose first variable has one storage, 100 to 399, and what the edit of one of them does.
-class EditReachTest : public SpreadsheetDriver
+class DataSpreadsheetEditReachTest : public SpreadsheetDriver
 {
 protected:
-    EditReachTest()
+    DataSpreadsheetEditReachTest()
     {
         for (char const* const name : {"first", "second", "third"})
             stage.fillAll(stage.addZone(name, ZoneType_Ordered, 300, 1, 1));
@@ -74,7 +74,7 @@ protected:
 
 constexpr char untouched[] = "100, 399, 100 to 399";
 
-TEST_F(EditReachTest, BranchesOneOfThreeSharingZonesAndLeavesTheOthersWithTheirRange)
+TEST_F(DataSpreadsheetEditReachTest, BranchesOneOfThreeSharingZonesAndLeavesTheOthersWithTheirRange)
 {
     ASSERT_THAT(summaries(), ElementsAre(untouched, untouched, untouched));
     showZone(2);
@@ -97,7 +97,7 @@ TEST_F(EditReachTest, BranchesOneOfThreeSharingZonesAndLeavesTheOthersWithTheirR
     EXPECT_THAT(summaries(), ElementsAre(untouched, "-5, 399, -5 to 399", untouched));
 }
 
-TEST_F(EditReachTest, BranchesTheNextZoneOffToo)
+TEST_F(DataSpreadsheetEditReachTest, BranchesTheNextZoneOffToo)
 {
     alterAllSharedZones(false);
     edit(0, 0, "-5");
@@ -113,7 +113,7 @@ TEST_F(EditReachTest, BranchesTheNextZoneOffToo)
     EXPECT_THAT(shareCounts(), ElementsAre(3, 3, 3));
 }
 
-TEST_F(EditReachTest, AltersAllSharingZonesAndTheirRangeWhenThatIsMeant)
+TEST_F(DataSpreadsheetEditReachTest, AltersAllSharingZonesAndTheirRangeWhenThatIsMeant)
 {
     showZone(3);
     alterAllSharedZones(true);
@@ -129,7 +129,7 @@ TEST_F(EditReachTest, AltersAllSharingZonesAndTheirRangeWhenThatIsMeant)
     EXPECT_EQ(shown(0, 0), "100");
 }
 
-TEST_F(EditReachTest, AltersTheTwoThatStillShareAfterTheThirdWasBranchedOff)
+TEST_F(DataSpreadsheetEditReachTest, AltersTheTwoThatStillShareAfterTheThirdWasBranchedOff)
 {
     alterAllSharedZones(false);
     edit(0, 0, "-5");
@@ -168,7 +168,7 @@ private:
 };
 
 /// Both ways of editing shared values, and values of one zone alone.
-class OneCellsWork : public EditReachTest, public testing::WithParamInterface<std::tuple<bool, int>>
+class OneCellsWork : public DataSpreadsheetEditReachTest, public testing::WithParamInterface<std::tuple<bool, int>>
 {
 };
 
@@ -210,7 +210,7 @@ TEST_P(OneCellsWork, IsToReadTheCellAgainWhereNoEditorCloses)
 
 INSTANTIATE_TEST_SUITE_P(SharedAndOwn, OneCellsWork, testing::Combine(testing::Bool(), testing::Values(0, 2)));
 
-TEST_F(EditReachTest, IsFollowedAtOnceByAnotherSpreadsheetThatReadsWhatItShows)
+TEST_F(DataSpreadsheetEditReachTest, IsFollowedAtOnceByAnotherSpreadsheetThatReadsWhatItShows)
 {
     Choices other(dialog());
     sdk::ui::dialogs::propertybindings::models::QTableModelAdapter otherAdapter(*other.tableModelProxy());
@@ -237,7 +237,7 @@ TEST_F(EditReachTest, IsFollowedAtOnceByAnotherSpreadsheetThatReadsWhatItShows)
     EXPECT_LE(spy.count("VelUtilDataValueGetByZoneVar"), visible + visibleCells() + 2);
 }
 
-TEST_F(EditReachTest, IsFollowedByASpreadsheetOnAZoneThatSharesTheValue)
+TEST_F(DataSpreadsheetEditReachTest, IsFollowedByASpreadsheetOnAZoneThatSharesTheValue)
 {
     ShadowView const shadow(adapter());
     stage.session().perform(kernel::SetValue(stage.dataSet(), 2, 1, 4, -3.0, false));
@@ -248,7 +248,7 @@ TEST_F(EditReachTest, IsFollowedByASpreadsheetOnAZoneThatSharesTheValue)
     EXPECT_EQ(shadow.texts(), KernelSheet(stage).texts);
 }
 
-TEST_F(EditReachTest, IsTakenBackAtTheCostOfTheCellsThatAreSeen)
+TEST_F(DataSpreadsheetEditReachTest, IsTakenBackAtTheCostOfTheCellsThatAreSeen)
 {
     edit(2, 1, "12");
     comeToRest();

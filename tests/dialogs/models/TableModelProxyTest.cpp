@@ -1,6 +1,6 @@
 #include "dialogs/models/TableModelProxy.h"
 
-#include "tests/dialogs/spreadsheet/FakeTable.h"
+#include "tests/dialogs/models/FakeTable.h"
 
 #include <boost/make_shared.hpp>
 #include <boost/weak_ptr.hpp>

@@ -21,10 +21,10 @@ namespace {
 
 /// Random edits, undos, loads, unloads, choices, and zones, variables and frames that come and go, with the dialog open: what
 /// its view was told must be what the kernel has, name by name and cell by cell.
-class SpreadsheetStorm : public SpreadsheetDriver, public testing::WithParamInterface<unsigned>
+class DataSpreadsheetStormTest : public SpreadsheetDriver, public testing::WithParamInterface<unsigned>
 {
 protected:
-    SpreadsheetStorm()
+    DataSpreadsheetStormTest()
     {
         for (char const* const name : {"A", "B", "C"})
             stage.dataSet().addVariable(std::make_shared<kernel::Variable>(name));
@@ -203,7 +203,7 @@ protected:
     std::unique_ptr<ShadowView> shadow;
 };
 
-TEST_P(SpreadsheetStorm, ShowsWhatTheKernelHasAfterEachStep)
+TEST_P(DataSpreadsheetStormTest, ShowsWhatTheKernelHasAfterEachStep)
 {
     SCOPED_TRACE("seed " + std::to_string(GetParam()));
     for (int count = 0; count < 600 && !HasFatalFailure(); ++count) {
@@ -221,7 +221,7 @@ TEST_P(SpreadsheetStorm, ShowsWhatTheKernelHasAfterEachStep)
         EXPECT_GT(m_done[kind], 0) << kind;
 }
 
-INSTANTIATE_TEST_SUITE_P(Seeds, SpreadsheetStorm, testing::Range(1u, 13u));
+INSTANTIATE_TEST_SUITE_P(Seeds, DataSpreadsheetStormTest, testing::Range(1u, 13u));
 
 } // namespace
 } // namespace veldraw::tests

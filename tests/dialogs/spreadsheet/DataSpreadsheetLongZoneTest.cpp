@@ -12,10 +12,10 @@ namespace {
 constexpr std::int64_t manyRows = 3000000000;
 
 /// A line of three thousand million floats in memory of which no page has been touched, as a sparse file gives it.
-class LongZoneTest : public SpreadsheetDriver
+class DataSpreadsheetLongZoneTest : public SpreadsheetDriver
 {
 protected:
-    LongZoneTest()
+    DataSpreadsheetLongZoneTest()
     {
         stage.addZone("Line", ZoneType_Ordered, manyRows, 1, 1);
         std::size_t const bytes = static_cast<std::size_t>(manyRows) * sizeof(float);
@@ -37,7 +37,7 @@ protected:
     }
 };
 
-TEST_F(LongZoneTest, IsEditedInItsLastRowAndTakenBack)
+TEST_F(DataSpreadsheetLongZoneTest, IsEditedInItsLastRowAndTakenBack)
 {
     QTest::keyClick(&table(), Qt::Key_End, Qt::ControlModifier);
     QTest::keyClick(&table(), Qt::Key_Home);
@@ -57,7 +57,7 @@ TEST_F(LongZoneTest, IsEditedInItsLastRowAndTakenBack)
     EXPECT_EQ(currentRowName(), "1");
 }
 
-TEST_F(LongZoneTest, CostsNoMoreReadsThanCellsAreSeenToScroll)
+TEST_F(DataSpreadsheetLongZoneTest, CostsNoMoreReadsThanCellsAreSeenToScroll)
 {
     auto& bar = widget<QScrollBar>("Row_ScrollBar");
     ASSERT_TRUE(bar.isVisible());

@@ -19,10 +19,10 @@ std::ostream& operator<<(std::ostream& stream, RefusedText const& refused)
 }
 
 /// Texts that a cell of a type must not take, however they get into its editor. The cell holds 1.
-class RefusedValuesTest : public SpreadsheetDriver, public testing::WithParamInterface<RefusedText>
+class DataSpreadsheetRefusedValuesTest : public SpreadsheetDriver, public testing::WithParamInterface<RefusedText>
 {
 protected:
-    RefusedValuesTest()
+    DataSpreadsheetRefusedValuesTest()
     {
         stage.addZone("line", ZoneType_Ordered, 3, 1, 1);
         stage.fill(1, 1, GetParam().type, ValueLocation_Nodal, [](int, std::int64_t) { return 1.0; });
@@ -48,7 +48,7 @@ protected:
     }
 };
 
-TEST_P(RefusedValuesTest, AlterNothingWhenTheyArePasted)
+TEST_P(DataSpreadsheetRefusedValuesTest, AlterNothingWhenTheyArePasted)
 {
     QApplication::clipboard()->setText(QString::fromUtf8(GetParam().text));
     QLineEdit& editor = openEditor();
@@ -58,7 +58,7 @@ TEST_P(RefusedValuesTest, AlterNothingWhenTheyArePasted)
     expectUntouched();
 }
 
-TEST_P(RefusedValuesTest, AlterNothingWhenAnEditorHoldsThem)
+TEST_P(DataSpreadsheetRefusedValuesTest, AlterNothingWhenAnEditorHoldsThem)
 {
     QLineEdit& editor = openEditor();
     editor.setText(QString::fromUtf8(GetParam().text));
@@ -67,7 +67,7 @@ TEST_P(RefusedValuesTest, AlterNothingWhenAnEditorHoldsThem)
     expectUntouched();
 }
 
-TEST_P(RefusedValuesTest, AlterNothingWhenAnEditorThatHoldsThemLosesTheFocus)
+TEST_P(DataSpreadsheetRefusedValuesTest, AlterNothingWhenAnEditorThatHoldsThemLosesTheFocus)
 {
     openEditor().setText(QString::fromUtf8(GetParam().text));
     widget<QWidget>("Zone_ComboBox").setFocus();
@@ -77,7 +77,7 @@ TEST_P(RefusedValuesTest, AlterNothingWhenAnEditorThatHoldsThemLosesTheFocus)
 }
 
 /// Texts of which no key that is taken makes a number.
-class TypedWordsTest : public RefusedValuesTest
+class TypedWordsTest : public DataSpreadsheetRefusedValuesTest
 {
 };
 
@@ -126,7 +126,7 @@ std::vector<RefusedText> refusedTexts()
     return texts;
 }
 
-INSTANTIATE_TEST_SUITE_P(OfEachType, RefusedValuesTest, testing::ValuesIn(refusedTexts()));
+INSTANTIATE_TEST_SUITE_P(OfEachType, DataSpreadsheetRefusedValuesTest, testing::ValuesIn(refusedTexts()));
 
 } // namespace
 } // namespace veldraw::tests

@@ -7,10 +7,10 @@ namespace veldraw::tests {
 namespace {
 
 /// Numbers that pass the editor of a cell and are too large for the type of its variable.
-class OutOfRangeTest : public SpreadsheetDriver
+class DataSpreadsheetOutOfRangeTest : public SpreadsheetDriver
 {
 protected:
-    OutOfRangeTest()
+    DataSpreadsheetOutOfRangeTest()
     {
         stage.addZone("line", ZoneType_Ordered, 3, 1, 1);
         stage.fill(1, 1, FieldDataType_Int16, ValueLocation_Nodal, [](int, std::int64_t) { return 1.0; });
@@ -21,7 +21,7 @@ protected:
     }
 };
 
-TEST_F(OutOfRangeTest, AreRefusedWithTheLimitsInTheMessageLog)
+TEST_F(DataSpreadsheetOutOfRangeTest, AreRefusedWithTheLimitsInTheMessageLog)
 {
     host::MessageLog::instance().clear();
     edit(1, 0, "40000");

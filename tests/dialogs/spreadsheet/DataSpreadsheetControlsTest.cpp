@@ -11,10 +11,10 @@ namespace veldraw::tests {
 namespace {
 
 /// The controls over the table. The zones are a block of 3 by 3 by 2 points, four points with values at two places, and a line.
-class SpreadsheetControlsTest : public SpreadsheetDriver
+class DataSpreadsheetControlsTest : public SpreadsheetDriver
 {
 protected:
-    SpreadsheetControlsTest()
+    DataSpreadsheetControlsTest()
     {
         stage.addZone("Block", ZoneType_Ordered, 3, 3, 2);
         stage.addZone("Skin", ZoneType_FETriangle, 4, 2, 0);
@@ -58,7 +58,7 @@ protected:
     bool isShown(char const* outline) { return widget<QWidget>(outline).isVisible(); }
 };
 
-TEST_F(SpreadsheetControlsTest, WalkThroughThePlanesOfABlock)
+TEST_F(DataSpreadsheetControlsTest, WalkThroughThePlanesOfABlock)
 {
     EXPECT_EQ(shown(0, 0), "100");
     typeNumber("Index_SpinBox", "2");
@@ -78,13 +78,13 @@ TEST_F(SpreadsheetControlsTest, WalkThroughThePlanesOfABlock)
     EXPECT_EQ(shown(0, 0), "109");
 }
 
-TEST_F(SpreadsheetControlsTest, ChooseTheVariableOfABlock)
+TEST_F(DataSpreadsheetControlsTest, ChooseTheVariableOfABlock)
 {
     choose("Variable_ComboBox", Qt::Key_Down);
     EXPECT_EQ(shown(0, 0), "200");
 }
 
-TEST_F(SpreadsheetControlsTest, ChooseHowNumbersAreWritten)
+TEST_F(DataSpreadsheetControlsTest, ChooseHowNumbersAreWritten)
 {
     choose("Format_ComboBox", Qt::Key_Home);
     EXPECT_EQ(widget<QComboBox>("Format_ComboBox").currentText(), QStringLiteral("Integer"));
@@ -105,7 +105,7 @@ TEST_F(SpreadsheetControlsTest, ChooseHowNumbersAreWritten)
     EXPECT_FALSE(isOffered("Precision", "_SpinBox"));
 }
 
-TEST_F(SpreadsheetControlsTest, AreOfferedTogetherWithTheirLabelsWhereTheyApply)
+TEST_F(DataSpreadsheetControlsTest, AreOfferedTogetherWithTheirLabelsWhereTheyApply)
 {
     EXPECT_TRUE(isOffered("Plane", "_ComboBox") && isOffered("Index", "_SpinBox"));
     EXPECT_TRUE(isOffered("Variable", "_ComboBox"));
@@ -121,7 +121,7 @@ TEST_F(SpreadsheetControlsTest, AreOfferedTogetherWithTheirLabelsWhereTheyApply)
     EXPECT_FALSE(isShown("Variable_Outline") || isShown("ValueLocation_Outline"));
 }
 
-TEST_F(SpreadsheetControlsTest, AreReachedByTheirLetters)
+TEST_F(DataSpreadsheetControlsTest, AreReachedByTheirLetters)
 {
     auto const reached = [this](Qt::Key letter) {
         table().setFocus();
@@ -139,7 +139,7 @@ TEST_F(SpreadsheetControlsTest, AreReachedByTheirLetters)
     EXPECT_EQ(reached(Qt::Key_V), &widget<QComboBox>("ValueLocation_ComboBox"));
 }
 
-TEST_F(SpreadsheetControlsTest, LeaveTheTableUnpaintedWhileTheApplicationIsBusy)
+TEST_F(DataSpreadsheetControlsTest, LeaveTheTableUnpaintedWhileTheApplicationIsBusy)
 {
     {
         sdk::WaitState const busy;

@@ -1,8 +1,9 @@
 #include "app/Application.h"
 
-#include "platform/vdsdkbase/VelUtilDialog.h"
+#include "host/KernelReason.h"
 
 #include <QLocale>
+#include <QThread>
 
 #include <clocale>
 #include <exception>
@@ -24,11 +25,14 @@ Application::Application(int& argc, char** argv)
 
 bool Application::notify(QObject* receiver, QEvent* event)
 {
+    if (QThread::currentThread() != thread())
+        return QApplication::notify(receiver, event); // the session belongs to the user-interface thread
+    host::KernelReason const reason;
     try {
         return QApplication::notify(receiver, event);
     } catch (std::exception const& error) {
         if (*error.what() != '\0')
-            VelUtilDialogErrMsg(error.what());
+            reason.tellFailure(error.what());
         return true;
     }
 }

@@ -10,7 +10,8 @@ class Application : public QApplication
 public:
     Application(int& argc, char** argv);
 
-    /// Delivers the event; a std::exception that escapes is shown (unless its text is empty) and the loop goes on.
+    /// Delivers the event. A std::exception that escapes on the user-interface thread is told, with the kernel's reason under
+    /// "Show Details", unless its text is empty; the loop goes on.
     bool notify(QObject* receiver, QEvent* event) override;
 };
 

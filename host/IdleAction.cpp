@@ -1,6 +1,6 @@
 #include "host/IdleAction.h"
 
-#include "platform/vdsdkbase/VelUtilDialog.h"
+#include "host/KernelReason.h"
 
 #include <exception>
 #include <utility>
@@ -17,17 +17,23 @@ void IdleAction::run()
     if (m_cancelled || m_action.empty())
         return;
     ++m_running;
+    runAndTell();
+    --m_running;
+    if (m_cancelled && m_running == 0)
+        m_action.clear();
+}
+
+void IdleAction::runAndTell()
+{
+    host::KernelReason const reason;
     try {
         m_action();
     } catch (std::exception const& error) {
         if (*error.what() != '\0')
-            VelUtilDialogErrMsg(error.what());
+            reason.tellFailure(error.what());
     } catch (...) {
-        VelUtilDialogErrMsg("Unknown error");
+        reason.tellFailure("Unknown error");
     }
-    --m_running;
-    if (m_cancelled && m_running == 0)
-        m_action.clear();
 }
 
 void IdleAction::cancel()

@@ -10,8 +10,8 @@ class IdleAction
 public:
     explicit IdleAction(boost::function<void()> action);
 
-    /// Runs the action unless it was cancelled. What it throws is told to the user and goes no further; an exception
-    /// without a text is silent.
+    /// Runs the action unless it was cancelled. What it throws is told to the user, with the kernel's reason if there is
+    /// one, and goes no further; an exception without a text is silent.
     void run();
 
     /// The action will not run any more; it is destroyed at once, or when it returns.
@@ -22,6 +22,8 @@ public:
     void setWaiting(bool waiting) { m_waiting = waiting; }
 
 private:
+    void runAndTell();
+
     boost::function<void()> m_action;
     int m_running = 0; // a nested event loop may bring the action into itself
     bool m_waiting = false;

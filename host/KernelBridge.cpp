@@ -6,8 +6,6 @@
 #include "kernel/session/Session.h"
 #include "platform/vdsdkcommon/StateChangeEventObservable.h"
 
-#include <chrono>
-
 namespace veldraw::host {
 
 namespace {
@@ -15,14 +13,9 @@ namespace {
 bool isForwarding = false;
 kernel::EventHub::Subscription subscription{};
 
-// Who asks for many values of one variable is told once.
 void noteLoadFailure(std::string const& reason)
 {
-    MessageLog& log = MessageLog::instance();
-    bool const isNew = log.entries().empty() || log.entries().back().text != reason ||
-                       std::chrono::system_clock::now() - log.entries().back().time > std::chrono::seconds(1);
-    if (isNew)
-        log.add(MessageBoxType_Error, reason);
+    MessageLog::instance().addUnlessJustSaid(MessageBoxType_Error, reason);
 }
 
 void endForwarding()

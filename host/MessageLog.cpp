@@ -24,6 +24,14 @@ void MessageLog::add(MessageBoxType_e type, std::string const& text)
     m_entryAdded(Entry(m_entries.back())); // a copy: a listener may add or clear
 }
 
+void MessageLog::addUnlessJustSaid(MessageBoxType_e type, std::string const& text)
+{
+    bool const isNew = m_entries.empty() || m_entries.back().text != text ||
+                       std::chrono::system_clock::now() - m_entries.back().time > std::chrono::seconds(1);
+    if (isNew)
+        add(type, text);
+}
+
 void MessageLog::clear()
 {
     m_entries.clear();

@@ -29,6 +29,10 @@ public:
     /// Takes a text down; an empty one is left out.
     void add(MessageBoxType_e type, std::string const& text);
 
+    /// The same, but for what the last entry says that is younger than a second: who asks for many values of one variable is
+    /// told once why none of them can be had.
+    void addUnlessJustSaid(MessageBoxType_e type, std::string const& text);
+
     std::deque<Entry> const& entries() const { return m_entries; }
     void clear();
 

@@ -98,15 +98,11 @@ TEST_F(ActionReporter, WritesTheKernelsReasonToTheLogAlone)
 
 TEST_F(ActionReporter, GivesTheKernelsReasonAsTheDetailsOfTheMessage)
 {
-    std::vector<std::string> details;
-    auto const previous = host::MessagePresenter::install(
-        [&details](auto const&...) { details.push_back(host::MessagePresenter::details()); });
     auto const refused = []() -> char { return session().refuse("The Z axis has no variable."); };
     velUtilActionReporter(refused, "Could not do it.", "");
     velUtilActionReporter(action(0), "Could not do it.", "");
     velUtilActionReporter(action(1), "", "Done.");
-    host::MessagePresenter::install(previous);
-    EXPECT_THAT(details, ElementsAre("The Z axis has no variable.", "", ""));
+    EXPECT_THAT(m_recorder.details(), ElementsAre("The Z axis has no variable.", "", ""));
     EXPECT_EQ(host::MessagePresenter::details(), "");
 }
 

@@ -1,4 +1,6 @@
 #include "host/IdleHold.h"
+#include "kernel/session/Session.h"
+#include "platform/exception/IOException.h"
 #include "platform/exception/InterruptedException.h"
 #include "platform/vdsdkcommon/AppLock.h"
 #include "platform/vdsdkuicommon/IdleDispatcher.h"
@@ -283,6 +285,21 @@ TEST_F(Idle, TellsWhatAnActionThrowsAndGoesOn)
     turn();
     EXPECT_EQ(m_text, "b");
     EXPECT_THAT(m_recorder.messages(), ElementsAre("0: went wrong"));
+}
+
+TEST_F(Idle, GivesTheKernelsReasonForWhatFailedAsDetails)
+{
+    kernel::Session& session = kernel::Session::instance();
+    Performer refused([&session] {
+        session.refuse("The file has gone.");
+        throw IOException("Failed to load.");
+    });
+    Performer other([] { throw std::runtime_error("went wrong"); });
+    refused.enableNotification();
+    other.enableNotification();
+    turn();
+    EXPECT_THAT(m_recorder.messages(), ElementsAre("0: Failed to load.", "0: went wrong"));
+    EXPECT_THAT(m_recorder.details(), ElementsAre("The file has gone.", ""));
 }
 
 TEST_F(Idle, IsSilentAboutAnExceptionWithoutText)

@@ -16,11 +16,15 @@ public:
 
     std::vector<std::string> const& messages() const { return m_messages; }
 
+    /// What each of them has under "Show Details".
+    std::vector<std::string> const& details() const { return m_details; }
+
     MessageRecorder(MessageRecorder const&) = delete;
     MessageRecorder& operator=(MessageRecorder const&) = delete;
 
 private:
     std::vector<std::string> m_messages;
+    std::vector<std::string> m_details;
     host::MessagePresenter::Presenter m_previous;
 };
 

@@ -545,6 +545,25 @@ TEST_F(DataSpreadsheetPropertiesManagerTest, TellsAFailureAtIdleOnce)
     EXPECT_THAT(messages.take(), ElementsAre("error: Failed to load zone metrics."));
 }
 
+/// A zone whose file cannot be read any more.
+class NoDimensions : public kernel::DimensionsLoader
+{
+public:
+    kernel::ZoneDimensions load(kernel::Progress&) override { throw std::runtime_error("The file has gone."); }
+};
+
+TEST_F(DataSpreadsheetPropertiesManagerTest, TellsAtIdleWhyDimensionsCannotBeHad)
+{
+    int const later = stage.addDeferredZone("later", 1, 4, 5);
+    stage.dataSet().zone(later)->dimensionsLoader = std::make_shared<NoDimensions>();
+    choose(big);
+    for (int zone = 1; zone < later; ++zone)
+        stage.session().perform(kernel::EnableZone(stage.dataSet(), zone, false));
+    IdleDispatcher::flush();
+    EXPECT_THAT(messages.take(), ElementsAre("error: Failed to load zone metrics."));
+    EXPECT_EQ(messages.details(), "The file has gone.");
+}
+
 TEST_F(DataSpreadsheetPropertiesManagerTest, TellsNothingAtIdleWhenTheUserStoppedTheLoadingOfDimensions)
 {
     manager();

@@ -13,8 +13,10 @@ class RecordedMessages
 {
 public:
     RecordedMessages()
-        : m_previous(host::MessagePresenter::install(
-              [this](std::string const& text, MessageBoxType_e type) { m_texts.push_back(kind(type) + ": " + text); }))
+        : m_previous(host::MessagePresenter::install([this](std::string const& text, MessageBoxType_e type) {
+            m_texts.push_back(kind(type) + ": " + text);
+            m_details = host::MessagePresenter::details();
+        }))
     {
     }
     ~RecordedMessages() { host::MessagePresenter::install(m_previous); }
@@ -23,6 +25,9 @@ public:
 
     /// What was told since the last call.
     std::vector<std::string> take() { return std::exchange(m_texts, {}); }
+
+    /// What the last of them has under "Show Details".
+    std::string const& details() const { return m_details; }
 
 private:
     static std::string kind(MessageBoxType_e type)
@@ -33,6 +38,7 @@ private:
     }
 
     std::vector<std::string> m_texts;
+    std::string m_details;
     host::MessagePresenter::Presenter m_previous;
 };
 

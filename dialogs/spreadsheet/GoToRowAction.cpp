@@ -1,6 +1,7 @@
 #include "dialogs/spreadsheet/GoToRowAction.h"
 
 #include "dialogs/spreadsheet/TableWindow.h"
+#include "dialogs/widgets/NumberValidators.h"
 
 #include <QDialog>
 #include <QDialogButtonBox>
@@ -17,7 +18,7 @@ namespace {
 unsigned long long rowIn(QString const& text)
 {
     bool isNumber = false;
-    unsigned long long const row = text.trimmed().toULongLong(&isNumber);
+    unsigned long long const row = veldraw::ui::withoutBlanksAround(text).toULongLong(&isNumber);
     return isNumber ? row : 0;
 }
 

@@ -18,26 +18,24 @@
 
 #include <charconv>
 #include <cstddef>
-#include <limits>
 #include <optional>
 #include <string>
 
 namespace veldraw::sdk::ui::dialogs::propertybindings::models {
 
 using veldraw::ui::NumberValidator;
+using veldraw::ui::SinglePrecisionValidator;
 using veldraw::ui::WholeNumberValidator;
 
 namespace {
 
-constexpr int mostDecimals = 1000;
 constexpr int widestShort = 2147483646;
 
 QValidator* validatorFor(FieldDataType_e type, QLineEdit& editor)
 {
-    constexpr double largestFloat = std::numeric_limits<float>::max();
     switch (type) {
     case FieldDataType_Float:
-        return new NumberValidator(-largestFloat, largestFloat, mostDecimals, &editor);
+        return new SinglePrecisionValidator(&editor);
     case FieldDataType_Double:
         return new NumberValidator(&editor);
     case FieldDataType_Int32:
@@ -141,9 +139,12 @@ void ZoneVarTableItemDelegate::setEditorData(QWidget* editor, QModelIndex const&
 
 void ZoneVarTableItemDelegate::setModelData(QWidget* editor, QAbstractItemModel* model, QModelIndex const& index) const
 {
-    auto const* const lineEdit = qobject_cast<QLineEdit const*>(editor);
-    if (lineEdit && !isAcceptable(*lineEdit))
-        return;
+    auto* const lineEdit = qobject_cast<QLineEdit*>(editor);
+    if (lineEdit) {
+        veldraw::ui::dropBlanksAround(*lineEdit); // the table knows the plain ones only
+        if (!isAcceptable(*lineEdit))
+            return;
+    }
     EditedCell const* const edited = EditedCell::of(*editor);
     if (!edited || edited->isAt(tableIndex(index), *m_manager.tableModel()))
         QStyledItemDelegate::setModelData(editor, model, index);

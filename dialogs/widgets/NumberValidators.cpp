@@ -3,14 +3,22 @@
 #include <QLineEdit>
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 
 namespace veldraw::ui {
 
 namespace {
 
+constexpr int mostDecimals = 1000;
+
+constexpr QChar zeroWidthSpace(0x200b);
+constexpr QChar wordJoiner(0x2060);
+constexpr QChar byteOrderMark(0xfeff);
+
 bool isBlank(QChar character)
 {
-    return character == QLatin1Char(' ') || (character >= QLatin1Char('\t') && character <= QLatin1Char('\r'));
+    return character.isSpace() || character == zeroWidthSpace || character == wordJoiner || character == byteOrderMark;
 }
 
 } // namespace
@@ -22,6 +30,22 @@ QValidator::State NumberValidator::validate(QString& text, int& pos) const
     QString number = withoutBlanksAround(text);
     State const state = QDoubleValidator::validate(number, pos);
     return state == Invalid ? Intermediate : state;
+}
+
+SinglePrecisionValidator::SinglePrecisionValidator(QObject* parent)
+    : NumberValidator(-std::numeric_limits<float>::max(), std::numeric_limits<float>::max(), mostDecimals, parent)
+{
+}
+
+SinglePrecisionValidator::~SinglePrecisionValidator() = default;
+
+QValidator::State SinglePrecisionValidator::validate(QString& text, int& pos) const
+{
+    State const state = NumberValidator::validate(text, pos);
+    bool isNumber = false;
+    double const number = locale().toDouble(withoutBlanksAround(text), &isNumber);
+    bool const isRoundedToTheLimit = isNumber && std::fabs(number) > top() && std::isfinite(static_cast<float>(number));
+    return isRoundedToTheLimit ? Acceptable : state;
 }
 
 WholeNumberValidator::~WholeNumberValidator() = default;

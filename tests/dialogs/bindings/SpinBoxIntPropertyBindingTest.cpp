@@ -258,7 +258,7 @@ TYPED_TEST(IntegralSpinBoxBinding, StoresNothingForATextWithAWrongCharacter)
 TYPED_TEST(IntegralSpinBoxBinding, TakesANumberThatIsPastedWithBlanksAround)
 {
     this->bind();
-    QApplication::clipboard()->setText(QStringLiteral(" 12\n"));
+    QApplication::clipboard()->setText(QStringLiteral(" \u202f12\ufeff\n"));
     this->box->setFocus();
     this->box->selectAll();
     this->driver->press(Qt::Key_V, Qt::ControlModifier);

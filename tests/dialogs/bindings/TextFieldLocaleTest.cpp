@@ -113,7 +113,7 @@ TEST_P(TextFieldLocale, TakesTheDigitsOfOtherScriptsForNone)
     auto const number = boost::make_shared<Property<double>>(2.0);
     TextFieldPropertyBinding<double> const binding(window.field, number);
     window.field->setFocus();
-    for (char const* const text : {"\xD9\xA1", "\xEF\xBC\x95", "\xE2\x88\x92\x35", "5\xC2\xA0",
+    for (char const* const text : {"\xD9\xA1", "\xEF\xBC\x95", "\xE2\x88\x92\x35",
                                    "1\xE2\x80\x89"
                                    "0"}) {
         window.field->setText(QString::fromUtf8(text));

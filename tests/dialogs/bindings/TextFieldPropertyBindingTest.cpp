@@ -259,6 +259,10 @@ TEST_F(NumberField, TakesTheShownTextAsItStandsWhenItIsTyped)
     }
     property->setValue(0.123456789);
     IdleDispatcher::flush();
+    window.enter(" 0.123457 ");
+    EXPECT_EQ(property->value(), 0.123457) << "blanks around it make no difference";
+    property->setValue(0.123456789);
+    IdleDispatcher::flush();
     window.type("0.12345");
     QTest::keyClicks(window.field, QStringLiteral("7"));
     window.press(Qt::Key_Return);

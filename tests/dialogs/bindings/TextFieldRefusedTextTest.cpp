@@ -378,8 +378,13 @@ TEST(PastedText, CountsAsItsNumberWithBlanksAround)
     EXPECT_EQ(number->value(), 3.25);
     paste(window, "\t-1e3\r\n");
     EXPECT_EQ(number->value(), -1000.0);
+    paste(window, "\u00a02\u202f");
+    EXPECT_EQ(number->value(), 2.0);
+    paste(window, "\u00a0\ufeff7.5");
+    EXPECT_EQ(number->value(), 7.5);
+    EXPECT_EQ(window.shown(), "7.5");
     paste(window, "1 2");
-    EXPECT_EQ(number->value(), -1000.0);
+    EXPECT_EQ(number->value(), 7.5);
 }
 
 TEST(PastedText, CountsAsItsWholeNumberWithBlanksAround)

@@ -157,7 +157,11 @@ TEST_F(DataSpreadsheetDialogTest, TakesANumberThatIsPastedWithBlanksAround)
 {
     stage.show();
     launched();
-    std::vector<std::pair<char const*, double>> const pasted{{" 4.5 ", 4.5}, {"3.25\n", 3.25}, {"\t-1e3\r\n", -1000.0}};
+    std::vector<std::pair<char const*, double>> const pasted{{" 4.5 ", 4.5},
+                                                             {"3.25\n", 3.25},
+                                                             {"\t-1e3\r\n", -1000.0},
+                                                             {"\u00a05\u202f", 5.0},
+                                                             {"\u00a0\ufeff6.5", 6.5}};
     for (auto const& [text, number] : pasted) {
         QApplication::clipboard()->setText(QString::fromUtf8(text));
         goTo(0, 0);

@@ -1,7 +1,9 @@
 #include "host/MessageLog.h"
 #include "tests/dialogs/spreadsheet/SpreadsheetDriver.h"
 
+#include <cfloat>
 #include <gmock/gmock.h>
+#include <utility>
 
 namespace veldraw::tests {
 namespace {
@@ -14,6 +16,7 @@ protected:
     {
         stage.addZone("line", ZoneType_Ordered, 3, 1, 1);
         stage.fill(1, 1, FieldDataType_Int16, ValueLocation_Nodal, [](int, std::int64_t) { return 1.0; });
+        stage.fill(1, 2, FieldDataType_Float, ValueLocation_Nodal, [](int, std::int64_t) { return 1.0; });
         stage.show();
         stage.session().history().clear();
         launched();
@@ -36,6 +39,17 @@ TEST_F(DataSpreadsheetOutOfRangeTest, AreRefusedWithTheLimitsInTheMessageLog)
     edit(1, 0, "32767");
     EXPECT_THAT(messages.take(), testing::IsEmpty());
     EXPECT_EQ(stage.stored(1, 1, 1), 32767.0);
+}
+
+TEST_F(DataSpreadsheetOutOfRangeTest, AreNotTheOnesThatAreRoundedToTheLargest)
+{
+    for (auto const& [text, number] :
+         {std::pair<char const*, float>{"3.4028235e+38", FLT_MAX}, {"-3.4028235e+38", -FLT_MAX}}) {
+        edit(1, 1, text);
+        settle();
+        EXPECT_THAT(messages.take(), testing::IsEmpty());
+        EXPECT_EQ(stage.stored(1, 2, 1), number) << text;
+    }
 }
 
 } // namespace

@@ -197,8 +197,8 @@ TEST_F(QScientificSpinBoxTest, RestoresItsValueWhenTheTextIsNoNumber)
 TEST_F(QScientificSpinBoxTest, TakesANumberThatIsPastedWithBlanksAround)
 {
     box.show();
-    for (auto const& [text, number] :
-         {std::pair(" 4.5 ", 4.5), std::pair("3.25\n", 3.25), std::pair("\t-1\r\n", -1.0)}) {
+    for (auto const& [text, number] : {std::pair(" 4.5 ", 4.5), std::pair("3.25\n", 3.25), std::pair("\t-1\r\n", -1.0),
+                                       std::pair("\u00a05\u202f\ufeff", 5.0)}) {
         QApplication::clipboard()->setText(QString::fromUtf8(text));
         box.selectAll();
         driver.press(Qt::Key_V, Qt::ControlModifier);

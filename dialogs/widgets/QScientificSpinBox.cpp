@@ -2,7 +2,6 @@
 
 #include "dialogs/widgets/NumberValidators.h"
 
-#include <QHideEvent>
 #include <QLineEdit>
 #include <QLocale>
 
@@ -51,7 +50,7 @@ QString nameOf(double notFinite)
 } // namespace
 
 QScientificSpinBox::QScientificSpinBox(QWidget* parent)
-    : QDoubleSpinBox(parent)
+    : StepSignalSpinBox(parent)
 {
     QDoubleSpinBox::setDecimals(heldDigits);
     setRange(-DBL_MAX, DBL_MAX);
@@ -87,8 +86,6 @@ QValidator::State QScientificSpinBox::validate(QString& text, int& pos) const
     return validator.validate(text, pos);
 }
 
-void QScientificSpinBox::fixup(QString&) const {}
-
 double QScientificSpinBox::valueFromText(QString const& text) const
 {
     bool const isHeld = text != m_typedText && text == textFromValue(value());
@@ -109,35 +106,5 @@ QString QScientificSpinBox::digitsOf(double value) const
     QLocale const locale = plainLocale();
     return withoutTrailingZeros(locale.toString(value == 0.0 ? 0.0 : value, isFixed ? 'f' : 'e', m_digits), locale);
 }
-
-void QScientificSpinBox::stepBy(int steps)
-{
-    m_steps.tell(steps);
-}
-
-// Qt ends the repetition when the box is hidden; it has no function for that.
-void QScientificSpinBox::stopStepping()
-{
-    QHideEvent event;
-    hideEvent(&event);
-}
-
-boost::signals2::connection QScientificSpinBox::connectIncrement(boost::function<void(int)> const& slot)
-{
-    boost::signals2::connection connection = m_steps.connectIncrement(slot);
-    signalIncrementConnected();
-    return connection;
-}
-
-boost::signals2::connection QScientificSpinBox::connectDecrement(boost::function<void(int)> const& slot)
-{
-    boost::signals2::connection connection = m_steps.connectDecrement(slot);
-    signalDecrementConnected();
-    return connection;
-}
-
-void QScientificSpinBox::signalIncrementConnected() const {}
-
-void QScientificSpinBox::signalDecrementConnected() const {}
 
 } // namespace veldraw::ui

@@ -29,7 +29,8 @@ TEST(ExportedWidgets, AskForStepsInsteadOfStepping)
     veldraw::ui::IntegralSpinBox whole;
     int steps = 0;
     real.connectIncrement([&steps](int count) { steps += count; });
-    whole.connectDecrement([&steps](int count) { steps += 10 * count; });
+    veldraw::ui::StepSignalSpinBox<QSpinBox>& base = whole;
+    base.connectDecrement([&steps](int count) { steps += 10 * count; });
     real.stepBy(2);
     whole.stepBy(-3);
     EXPECT_EQ(steps, 32);

@@ -1,26 +1,20 @@
 #include "dialogs/variableops/DeleteVariableDialog.h"
 
+#include "dialogs/bindings/ActionOnSelection.h"
 #include "dialogs/bindings/BindingList.h"
-#include "dialogs/bindings/ButtonBinding.h"
-#include "dialogs/bindings/ListViewPropertyBinding.h"
 #include "dialogs/frame/LaunchHelpAction.h"
 #include "dialogs/property/DataSetExistsRelevance.h"
 #include "dialogs/variableops/DeleteVariablePropertiesManager.h"
 #include "ui_DeleteVariableDialog.h"
 
-#include <QPushButton>
-
 #include <boost/make_shared.hpp>
 
-#include <set>
 #include <string>
 
 namespace veldraw::dialogs::data {
 
-using sdk::ui::dialogs::propertybindings::BindingInterface;
+using sdk::ui::dialogs::propertybindings::ActionOnSelection;
 using sdk::ui::dialogs::propertybindings::BindingList;
-using sdk::ui::dialogs::propertybindings::ButtonBinding;
-using sdk::ui::dialogs::propertybindings::ListViewPropertyBinding;
 using sdk::ui::propertymanager::DataSetExistsRelevance;
 using sdk::ui::propertymanager::DeleteVariablePropertiesManager;
 using sdk::ui::propertymanager::RelevanceInterface;
@@ -37,11 +31,9 @@ struct DeleteVariableDialog::Impl
 DeleteVariableDialog::Impl::Impl(DeleteVariableDialog& dialog)
 {
     ui.setupUi(&dialog);
-    QPushButton* const deleteButton = ui.buttonBox->addButton(QStringLiteral("&Delete"), QDialogButtonBox::ActionRole);
-    bindings.add<ButtonBinding>(*deleteButton, [this] { manager.deleteSelectedVariables(); });
-    boost::shared_ptr<PropertyAbstract<std::set<int>>> const selection = manager.selectedVariables();
-    bindings.add<ListViewPropertyBinding>(ui.deleteVariable_Select_MList, manager.variablesListModel(), selection,
-                                          BindingInterface::ModelUpdateDeferredOnBusy);
+    ActionOnSelection const choice{QStringLiteral("&Delete"), [this] { manager.deleteSelectedVariables(); },
+                                   manager.variablesListModel(), manager.selectedVariables()};
+    choice.bind(*ui.buttonBox, *ui.deleteVariable_Select_MList, bindings);
 }
 
 DeleteVariableDialog* DeleteVariableDialog::s_instance = nullptr;

@@ -1,8 +1,7 @@
 #include "dialogs/zoneops/CreateMirrorZoneDialog.h"
 
+#include "dialogs/bindings/ActionOnSelection.h"
 #include "dialogs/bindings/BindingList.h"
-#include "dialogs/bindings/ButtonBinding.h"
-#include "dialogs/bindings/ListViewPropertyBinding.h"
 #include "dialogs/bindings/RadioButtonPropertyBinding.h"
 #include "dialogs/bindings/RelevanceApplier.h"
 #include "dialogs/frame/LaunchHelpAction.h"
@@ -10,20 +9,17 @@
 #include "dialogs/zoneops/CreateMirrorZonePropertiesManager.h"
 #include "ui_CreateMirrorZoneDialog.h"
 
-#include <QPushButton>
 #include <QStackedLayout>
 
 #include <boost/make_shared.hpp>
 
-#include <set>
 #include <string>
 
 namespace veldraw::dialogs::data {
 
+using sdk::ui::dialogs::propertybindings::ActionOnSelection;
 using sdk::ui::dialogs::propertybindings::BindingInterface;
 using sdk::ui::dialogs::propertybindings::BindingList;
-using sdk::ui::dialogs::propertybindings::ButtonBinding;
-using sdk::ui::dialogs::propertybindings::ListViewPropertyBinding;
 using sdk::ui::dialogs::propertybindings::RadioButtonPropertyBinding;
 using sdk::ui::dialogs::propertybindings::RelevanceApplier;
 using sdk::ui::propertymanager::CreateMirrorZonePropertiesManager;
@@ -49,11 +45,9 @@ CreateMirrorZoneDialog::Impl::Impl(CreateMirrorZoneDialog& dialog)
     // The rules show and hide the pages; in this mode also a page that is not the current one fills its place.
     if (auto* const pages = qobject_cast<QStackedLayout*>(ui.createMirrorZone_Axis_Marker->layout()))
         pages->setStackingMode(QStackedLayout::StackAll);
-    QPushButton* const createButton = ui.buttonBox->addButton(QStringLiteral("C&reate"), QDialogButtonBox::ActionRole);
-    bindings.add<ButtonBinding>(*createButton, [this] { manager.createMirrorZones(); });
-    boost::shared_ptr<PropertyAbstract<std::set<int>>> const selection = manager.sourceZones();
-    bindings.add<ListViewPropertyBinding>(ui.createMirrorZone_Source_MList, manager.zonesListModel(), selection,
-                                          BindingInterface::ModelUpdateDeferredOnBusy);
+    ActionOnSelection const choice{QStringLiteral("C&reate"), [this] { manager.createMirrorZones(); },
+                                   manager.zonesListModel(), manager.sourceZones()};
+    choice.bind(*ui.buttonBox, *ui.createMirrorZone_Source_MList, bindings);
     bindMirrorChoice(ui.createMirrorZone_Axis2DX_RadioButton, CreateMirrorZonePropertiesManager::mirrorVar2D(), 'Y');
     bindMirrorChoice(ui.createMirrorZone_Axis2DY_RadioButton, CreateMirrorZonePropertiesManager::mirrorVar2D(), 'X');
     bindMirrorChoice(ui.createMirrorZone_Axis3DXY_RadioButton, CreateMirrorZonePropertiesManager::mirrorVar3D(), 'Z');

@@ -1,26 +1,20 @@
 #include "dialogs/zoneops/DuplicateZoneDialog.h"
 
+#include "dialogs/bindings/ActionOnSelection.h"
 #include "dialogs/bindings/BindingList.h"
-#include "dialogs/bindings/ButtonBinding.h"
-#include "dialogs/bindings/ListViewPropertyBinding.h"
 #include "dialogs/frame/LaunchHelpAction.h"
 #include "dialogs/property/DataSetExistsRelevance.h"
 #include "dialogs/zoneops/DuplicateZonePropertiesManager.h"
 #include "ui_DuplicateZoneDialog.h"
 
-#include <QPushButton>
-
 #include <boost/make_shared.hpp>
 
-#include <set>
 #include <string>
 
 namespace veldraw::dialogs::data {
 
-using sdk::ui::dialogs::propertybindings::BindingInterface;
+using sdk::ui::dialogs::propertybindings::ActionOnSelection;
 using sdk::ui::dialogs::propertybindings::BindingList;
-using sdk::ui::dialogs::propertybindings::ButtonBinding;
-using sdk::ui::dialogs::propertybindings::ListViewPropertyBinding;
 using sdk::ui::propertymanager::DataSetExistsRelevance;
 using sdk::ui::propertymanager::DuplicateZonePropertiesManager;
 using sdk::ui::propertymanager::RelevanceInterface;
@@ -37,11 +31,9 @@ struct DuplicateZoneDialog::Impl
 DuplicateZoneDialog::Impl::Impl(DuplicateZoneDialog& dialog)
 {
     ui.setupUi(&dialog);
-    QPushButton* const createButton = ui.buttonBox->addButton(QStringLiteral("C&reate"), QDialogButtonBox::ActionRole);
-    bindings.add<ButtonBinding>(*createButton, [this] { manager.createDuplicateZones(); });
-    boost::shared_ptr<PropertyAbstract<std::set<int>>> const selection = manager.sourceZones();
-    bindings.add<ListViewPropertyBinding>(ui.duplicateZone_Source_MList, manager.zonesListModel(), selection,
-                                          BindingInterface::ModelUpdateDeferredOnBusy);
+    ActionOnSelection const choice{QStringLiteral("C&reate"), [this] { manager.createDuplicateZones(); },
+                                   manager.zonesListModel(), manager.sourceZones()};
+    choice.bind(*ui.buttonBox, *ui.duplicateZone_Source_MList, bindings);
 }
 
 DuplicateZoneDialog* DuplicateZoneDialog::s_instance = nullptr;

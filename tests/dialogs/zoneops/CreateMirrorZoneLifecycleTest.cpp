@@ -1,5 +1,6 @@
 #include "kernel/operations/SetPlotType.h"
 #include "tests/dialogs/support/DialogLifecycleTest.h"
+#include "tests/dialogs/support/EventsWhileMade.h"
 #include "tests/dialogs/zoneops/CreateMirrorZoneFixture.h"
 
 #include <QPointer>
@@ -22,6 +23,33 @@ TEST_F(CreateMirrorZoneLifecycleTest, TakesItsPendingIdleWorkAlongWhenItIsDestro
     EXPECT_EQ(IdleDispatcher::pendingCount(), 0);
     CreateMirrorZonePropertiesManager::mirrorVar3D()->setValue('Y');
     EXPECT_EQ(IdleDispatcher::pendingCount(), 0) << "the choice, which lives on, has let the dialog go";
+}
+
+TEST_F(CreateMirrorZoneLifecycleTest, MakesItsBindingsBeforeItsRules)
+{
+    bool wasBound = false;
+    EventsWhileMade const hidden(QStringLiteral("createMirrorZone_Axis2DObj_Outline"), QEvent::HideToParent,
+                                 [&wasBound](QWidget& window) {
+                                     auto const* const list = window.findChild<QListView*>();
+                                     wasBound = list && list->model();
+                                 });
+    EXPECT_TRUE(page("2D").isHidden()) << "by a rule, in a 3D plot";
+    EXPECT_TRUE(wasBound);
+}
+
+TEST_F(CreateMirrorZoneLifecycleTest, EndsItsBindingsBeforeItsRules)
+{
+    launched();
+    QWidget const& page3D = page("3D");
+    bool isBindingGone = false;
+    QObject::connect(&boundModel(traits.list), &QObject::destroyed, mainWindow.get(), [&] {
+        isBindingGone = true;
+        EXPECT_FALSE(page3D.isHidden());
+        showAs(PlotType_Cartesian2D);
+        EXPECT_TRUE(page3D.isHidden()) << "the rule is applied still";
+    });
+    delete &dialog();
+    EXPECT_TRUE(isBindingGone);
 }
 
 TEST_F(CreateMirrorZoneLifecycleTest, MayBeDestroyedWhenAChoiceIsMade)

@@ -25,7 +25,7 @@ SpinBoxPropertyBinding<T, Box>::SpinBoxPropertyBinding(Box* const box, boost::sh
     , m_calculator(calculator)
     , m_abandonedInput(*box, [this] { dropTypedText(); })
 {
-    // Else each key would set the property, and the box would be rewritten under the user's fingers.
+    // With keyboard tracking each key would set the property, and the binding would rewrite the text while the user types.
     box->setKeyboardTracking(false);
     new WheelGuard(*box);
     SpinBoxPropertyBinding::updateWidgetValue();
@@ -35,7 +35,8 @@ SpinBoxPropertyBinding<T, Box>::SpinBoxPropertyBinding(Box* const box, boost::sh
 template <typename T, typename Box>
 SpinBoxPropertyBinding<T, Box>::~SpinBoxPropertyBinding() = default;
 
-// Qt doesn't tell a new value that differs by a tiny fraction only, hence also the end of editing.
+// Qt does not signal a value that differs from the last one by a tiny fraction only, so the binding listens to the end of editing
+// too.
 template <typename T, typename Box>
 void SpinBoxPropertyBinding<T, Box>::listenToBox()
 {
@@ -108,7 +109,7 @@ void SpinBoxPropertyBinding<T, Box>::step(int count, bool isUp)
         signalArrowsUsed();
 }
 
-// False when what was typed was refused, or when committing it ended this binding or its box.
+// Returns false when the property refused the typed text, or when a listener destroyed this binding or its box.
 template <typename T, typename Box>
 bool SpinBoxPropertyBinding<T, Box>::commitTypedText()
 {
@@ -120,7 +121,7 @@ bool SpinBoxPropertyBinding<T, Box>::commitTypedText()
     return self && m_box && !m_wasRefused;
 }
 
-// False also when the property's listeners ended this binding.
+// Returns false when the property refused the value, or when a listener destroyed this binding.
 template <typename T, typename Box>
 bool SpinBoxPropertyBinding<T, Box>::commit(T value)
 {
@@ -131,10 +132,10 @@ bool SpinBoxPropertyBinding<T, Box>::commit(T value)
         if (self)
             m_isCommitting = false;
     });
-    // Writes the box in any case: the property may have refused or altered the value.
+    // The box is written in any case: the property may have refused or altered the value.
     typingIsHandled();
     this->updateValueOnIdle();
-    // An arrow that is held down must not go on stepping under the message.
+    // An arrow that is held down must not go on stepping while the message is shown.
     bool const isTaken = commitValue(*property, value, [this] { m_box->stopStepping(); });
     if (!self)
         return false;
@@ -162,15 +163,16 @@ void SpinBoxPropertyBinding<T, Box>::takeLimits()
     }
 }
 
-// What was typed and finished has been brought into the box's own form, or been dropped.
+// A typed text is unfinished as long as it differs from the text that the box writes: when editing ends, the box replaces the
+// typed text by its own.
 template <typename T, typename Box>
 bool SpinBoxPropertyBinding<T, Box>::isBeingTyped() const
 {
     return m_isTyped && m_box->text() != m_shownText;
 }
 
-// A number that the box shows already doesn't change it, but is meant: a limit that stands for a value beyond it, or what
-// the property had before it moved on. A text that is none is dropped by the box and means nothing.
+// The user may type the very number that the box shows. The box does not change then, but the property must: the box may show
+// its limit in place of a value beyond it, or an older value of the property. A text that is no number counts for nothing.
 template <typename T, typename Box>
 bool SpinBoxPropertyBinding<T, Box>::isRetyped() const
 {

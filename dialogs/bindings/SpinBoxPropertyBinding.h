@@ -76,12 +76,12 @@ private:
     QPointer<Box> const m_box;
     boost::shared_ptr<PropertyAbstract<T>> const m_property;
     boost::shared_ptr<SpinBoxIncDecCalculatorBase> const m_calculator;
-    Number m_shown{};             // what the box held when it was written or read last
-    QString m_shownText;          // and its text
-    bool m_isTyped = false;       // the user has edited the text since then
-    bool m_isNumberTyped = false; // and what they left there is one
-    bool m_isWriteDue = false;    // the property changed under the user's fingers
-    bool m_isCommitting = false;  // a refusal's message box must not lead to another commit
+    Number m_shown{};             // value of the box when it was written or read last
+    QString m_shownText;          // text of the box at that time
+    bool m_isTyped = false;       // the user has edited the text since that time
+    bool m_isNumberTyped = false; // the edited text is a number
+    bool m_isWriteDue = false;    // the property changed while the user was typing
+    bool m_isCommitting = false;  // the message box of a refusal must not cause another commit
     bool m_wasRefused = false;
     QtSignalConnectionCollection m_qtConnections;
     SignalConnectionCollection m_connections;

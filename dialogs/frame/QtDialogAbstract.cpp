@@ -23,14 +23,14 @@ namespace {
 
 QString withoutMnemonic(QString text)
 {
-    // "&&" stands for one that is read.
+    // "&&" stands for an ampersand of the text.
     return text.remove(QRegularExpression(QStringLiteral("&(?!&)")));
 }
 
-// Beside the text of a button that has to be narrow, in pixels.
+// Room on each side of the text of a button that has to be narrow, in pixels.
 constexpr int leastMargin = 4;
 
-// For the text, a little room around it, and the icon that some styles add.
+// The width of the text, of a little room around it, and of the icon that some styles add.
 int neededWidth(QAbstractButton const& button)
 {
     int const text = button.fontMetrics().horizontalAdvance(withoutMnemonic(button.text()));
@@ -38,7 +38,7 @@ int neededWidth(QAbstractButton const& button)
     return text + icon + 2 * leastMargin;
 }
 
-// The widgets of a form, without those of dialogs that were opened from it, which are its children too.
+// The widgets of a form without those of dialogs that were opened from it: these dialogs are children of the form too.
 template <typename Widget>
 QList<Widget*> widgetsOf(QDialog const& dialog)
 {
@@ -112,7 +112,7 @@ void QtDialogAbstract::setHelpAction(QAction* action)
 void QtDialogAbstract::showEvent(QShowEvent* event)
 {
     wireOnce();
-    setAttribute(Qt::WA_KeyboardFocusChange); // or the style shows no focus before the first Tab
+    setAttribute(Qt::WA_KeyboardFocusChange); // without it the style shows no focus before the first Tab
     if (!std::exchange(m_wasShown, true) && !focusWidget())
         focusFirstWidget();
     restoreState();
@@ -130,7 +130,7 @@ void QtDialogAbstract::addPersistentState(boost::shared_ptr<veldraw::common::Ser
     m_states.push_back(state);
 }
 
-// Done as late as possible, when the form and all buttons that were added to it stand.
+// Runs at the first opening, when the form and all buttons that were added to it are there.
 void QtDialogAbstract::wireOnce()
 {
     if (m_isWired)
@@ -150,10 +150,10 @@ void QtDialogAbstract::wireOnce()
 
 void QtDialogAbstract::wireCloseButtons()
 {
-    // By name, so that a form that makes the same connection itself does not close the dialog twice.
+    // Connections by name can be unique: a form that makes the same connection itself does not close the dialog twice.
     for (QDialogButtonBox* const box : buttonBoxes()) {
         connect(box, SIGNAL(rejected()), this, SLOT(reject()), Qt::UniqueConnection);
-        // A click that took the focus would take what is being typed, too, which closing drops.
+        // Close must not take the focus by a click: the field that loses the focus would take its unfinished text, which closing drops.
         if (QPushButton* const close = box->button(QDialogButtonBox::Close))
             close->setFocusPolicy(Qt::TabFocus);
     }
@@ -167,8 +167,8 @@ void QtDialogAbstract::takeDefaultsOffButtons()
     }
 }
 
-// Styles make buttons wider than their texts need, and Help is none of the form's: a narrow form has room for all of them
-// in this way only.
+// Styles make buttons wider than their texts need. Without this a narrow form would have no room for the Help button, for which it
+// was not designed.
 void QtDialogAbstract::letButtonsBeNarrow()
 {
     for (QDialogButtonBox* const box : buttonBoxes())

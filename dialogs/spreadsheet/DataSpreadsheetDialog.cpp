@@ -122,11 +122,11 @@ DataSpreadsheetDialog::Impl::Impl(DataSpreadsheetDialog& owner)
 
 DataSpreadsheetDialog::Impl::~Impl()
 {
-    // In the order of their creation; the manager and the widgets are still there.
+    // Bindings and rules end in the order of their creation, while the manager and the widgets are still there.
     bindings.clear();
     for (std::unique_ptr<RelevanceApplier>& applier : appliers)
         applier.reset();
-    // What filters the table's events must not meet a table without its model.
+    // The table goes before its model: the event filters of the table rely on the model.
     delete ui.dataSpreadsheet_Array_TableView;
 }
 
@@ -145,7 +145,7 @@ void DataSpreadsheetDialog::Impl::setUpTable()
     table->setItemDelegate(new ZoneVarTableItemDelegate(manager, table));
     table->setModel(&adapter);
     table->setContextMenuPolicy(Qt::CustomContextMenu);
-    // A number that is too long for its cell is cut at its end, not broken at its point.
+    // A number that is too long for its cell is cut at its end; with word wrap it would be broken at its point.
     table->setWordWrap(false);
     makeLongTablesReachable();
     new EnterKeyTableNavigator(*table);
@@ -183,7 +183,7 @@ void DataSpreadsheetDialog::Impl::makeLongTablesReachable()
     table->addAction(goToRow);
 }
 
-// What is typed in a cell belongs to the value there. It stays open where the next table has that value in the same cell.
+// An edit belongs to the value that it was begun on. The editor stays open if the next table has that value in the same cell.
 void DataSpreadsheetDialog::Impl::finishEditUnlessIn(Manager::TableModel const& next)
 {
     auto* const table = ui.dataSpreadsheet_Array_TableView;

@@ -24,7 +24,7 @@ using namespace dialogs::propertybindings::models;
 
 namespace {
 
-// Shown while the zone has no values: a table without rows and columns.
+// A table without rows and columns, shown while there is no zone or no variable.
 class EmptyTableModel : public TableModelAbstract
 {
 public:
@@ -35,7 +35,7 @@ public:
     std::string getStr(ModelIndex const&) const override { return std::string(); }
 };
 
-// Made when the library is loaded; every dialog that comes shows the last choices.
+// The choices live as long as the library: each new dialog shows the last ones.
 auto const theZone = boost::make_shared<Property<int>>(1);
 auto const theVariable = boost::make_shared<Property<int>>(1);
 auto const thePlane = boost::make_shared<Property<IJKPlanes_e>>(IJKPlanes_K);
@@ -94,7 +94,7 @@ boost::shared_ptr<Property<long long>> indexOfPlane()
     }
 }
 
-// Its type has room for numbers that are no location, as the kernel gives them for what does not exist.
+// For a field that does not exist the kernel gives a number that is no location; the type can hold it.
 ValueLocation_e shownLocation(int zone, int variable, bool isMixed)
 {
     return isMixed ? theValueLocation->value()
@@ -220,12 +220,13 @@ void DataSpreadsheetPropertiesManager::connectToChoices()
 
 void DataSpreadsheetPropertiesManager::update()
 {
-    // First of all, so that the corrections don't come back here. Whoever throws below leaves it at that.
+    // Disconnected first, so that corrections of the choices do not call this function again. When something below throws, the
+    // choices stay disconnected until the kernel tells the next change.
     m_connections.clear();
     if (hasDataSet())
         bringInLine();
     else
-        show(m_tableModel); // it has no rows now, which nobody else tells
+        show(m_tableModel); // the table has no rows without a data set, and nothing else tells its view
     connectToChoices();
 }
 
@@ -236,7 +237,7 @@ void DataSpreadsheetPropertiesManager::bringInLine()
         return;
     }
     int const zone = theZone->value();
-    // Nothing is corrected by a shape that cannot be had; the table says so.
+    // Plane and indices are corrected by a shape that is known. A table of a zone without one throws when it is made.
     bool const hasShape = loadShape(zone);
     if (hasShape)
         thePlane->setValue(planeOfZone(zone, thePlane->value()));
@@ -268,7 +269,7 @@ boost::shared_ptr<DataSpreadsheetPropertiesManager::TableModel> DataSpreadsheetP
     int const zone = theZone->value();
     int const variable = theVariable->value();
     bool const alterShared = theAlterShared->value();
-    Set const enabled = getEnabledVars(); // once: there may be very many
+    Set const enabled = getEnabledVars(); // asked for once: there may be very many
     bool const isMixed = hasMixedValueLocations(zone, enabled);
     ValueLocation_e const location = shownLocation(zone, variable, isMixed);
     bool const isFiniteElement = VelUtilZoneIsFiniteElement(zone);

@@ -13,7 +13,7 @@ namespace veldraw::sdk::ui::propertymanager {
 
 namespace {
 
-// So many pages from the window's end it moves on, before anybody can scroll there.
+// The window moves on when the view comes this number of pages near its end, so that nobody scrolls into the end.
 constexpr int pagesOfRoom = 64;
 
 unsigned long long wide(int count)
@@ -21,7 +21,7 @@ unsigned long long wide(int count)
     return static_cast<unsigned long long>(count);
 }
 
-// All of the table if it is all of the window.
+// Turns a range that covers the whole window into one that covers the whole table.
 void widen(unsigned long long& first, unsigned long long& last, int windowSize, unsigned long long total)
 {
     if (last - first + 1 != wide(windowSize))
@@ -84,7 +84,7 @@ void TableWindow::scrollTo(Qt::Orientation direction, unsigned long long positio
     unsigned long long const begin = first(direction);
     if (target < begin || target + wide(pageSize(direction)) > begin + wide(windowSize(direction)))
         moveWindowAround(direction, target);
-    // Longer row names there may have taken room, so that fewer rows fit.
+    // Longer row names at the new position take room, so that fewer rows may fit: the last position is asked for again.
     unsigned long long const reached = std::min(position, lastPosition(direction));
     scrollBar(direction).setValue(static_cast<int>(reached - first(direction)));
 }
@@ -120,7 +120,7 @@ void TableWindow::extendLines(Qt::Orientation direction, unsigned long long plac
 void TableWindow::beginAt(Cell const& cell, bool adds)
 {
     m_anchor = cell;
-    // Nothing tells of it when the view's part stays the same.
+    // The view signals no change when the selected cells in the window stay the same.
     if (!adds)
         m_selection = rangesInView();
 }
@@ -160,7 +160,7 @@ void TableWindow::onSelectionChanged()
     if (m_isMoving)
         return;
     Ranges selected = rangesInView();
-    // What is picked besides does not undo what was picked where the window is not now.
+    // A click with Control keeps the selected cells outside the window.
     if (QApplication::keyboardModifiers() & Qt::ControlModifier)
         addElsewhere(selected);
     m_selection = selected;
@@ -172,7 +172,7 @@ void TableWindow::addElsewhere(Ranges& selected) const
     for (CellRange const& range : m_selection) {
         bool const isSeen = std::any_of(seen.begin(), seen.end(),
                                         [&range](CellRange const& other) { return !range.inside(other).empty(); });
-        // A whole column of which nothing is left here was taken out of the selection, and not the window's part alone.
+        // A range over the whole table of which the window has no selected cell left was deselected as a whole.
         if (isSeen || !reachesOverAll(range)) {
             Ranges const elsewhere = range.outside(window());
             selected.insert(selected.end(), elsewhere.begin(), elsewhere.end());
@@ -180,7 +180,7 @@ void TableWindow::addElsewhere(Ranges& selected) const
     }
 }
 
-// In a direction in which the window has not all.
+// Whether the range covers the whole table in a direction in which the window shows a part of it.
 bool TableWindow::reachesOverAll(CellRange const& range) const
 {
     bool const hasAllRows = range.last.row - range.first.row + 1 == m_adapter.totalRows();
@@ -208,7 +208,7 @@ void TableWindow::onScrolled()
     Q_EMIT positionChanged();
     if (m_willMakeRoom)
         return;
-    // Later, as the view may be in the middle of scrolling.
+    // The window moves at the next turn of the event loop: the view may be in the middle of scrolling now.
     m_willMakeRoom = true;
     QTimer::singleShot(0, this, [this] {
         m_willMakeRoom = false;
@@ -231,7 +231,7 @@ void TableWindow::makeRoom(Qt::Orientation direction)
 
 void TableWindow::moveWindow(Qt::Orientation direction, unsigned long long newFirst)
 {
-    // The view drops the editor of a cell that leaves it; what was typed there is meant, as when the focus leaves.
+    // The view drops the editor of a cell that leaves the window. Its text is stored first, as when the editor loses the focus.
     if (m_current && wouldLose(*m_current, direction, newFirst))
         m_view.finishEdit();
     unsigned long long const shown = position(direction);
@@ -266,7 +266,7 @@ void TableWindow::ensureInWindow(Qt::Orientation direction, unsigned long long p
         moveWindowAround(direction, place);
 }
 
-// The part of the selection that the window has.
+// Selects in the view the part of the selection that lies in the window.
 void TableWindow::showSelection()
 {
     QItemSelection shown;

@@ -31,7 +31,7 @@ public:
     using View = veldraw::dialogs::common::TableViewWithPreferredDimensions;
     using Adapter = dialogs::propertybindings::models::QTableModelAdapter;
 
-    /// Belongs to the view, which shows the adapter already and goes first.
+    /// Belongs to the view, which already shows the adapter and is destroyed before it.
     TableWindow(View& view, Adapter& adapter);
     ~TableWindow() override;
 
@@ -42,7 +42,7 @@ public:
     unsigned long long total(Qt::Orientation direction) const;
     /// Whether the view holds all there is, so that its own scroll bar reaches everything.
     bool showsAll(Qt::Orientation direction) const;
-    /// The first row or column in view, how many fit whole, and where the view can begin at most.
+    /// The first row or column in view, how many fit whole, and the last one with which the view can begin.
     unsigned long long position(Qt::Orientation direction) const;
     int pageSize(Qt::Orientation direction) const;
     unsigned long long lastPosition(Qt::Orientation direction) const;
@@ -59,8 +59,8 @@ public:
     void setCurrent(Cell const& cell, bool extend);
     /// Selects whole rows, or whole columns, from where the selection began to a place, and goes there.
     void extendLines(Qt::Orientation direction, unsigned long long place);
-    /// From here on a selection is extended; what is selected at the moment is the view's to change.
-    /// @param adds keeps what is selected out of the window
+    /// Sets the cell from which a selection is extended. The selection itself is left to the view.
+    /// @param adds keeps what is selected outside the window
     void beginAt(Cell const& cell, bool adds);
 
 Q_SIGNALS:
@@ -97,7 +97,7 @@ private:
     std::optional<Cell> m_current;
     std::optional<Cell> m_anchor; // where the selection began
     Ranges m_selection;
-    bool m_isMoving = false; // what the view tells is our own doing
+    bool m_isMoving = false; // signals of the view come from this class, not from the user
     bool m_willMakeRoom = false;
 };
 

@@ -60,13 +60,13 @@ QLocale localeOfTheTable()
     return locale;
 }
 
-// One that belongs to a number: `from_chars` reads none.
+// Whether the text has a plus sign that belongs to a number; `from_chars` reads no plus.
 bool hasPlus(std::string const& text)
 {
     return text.size() > 1 && text[0] == '+' && text[1] != '-';
 }
 
-// All of the text, as the table writes it, so not in the locale of the process; "nan" and "inf" are numbers.
+// The number that the whole text stands for, as the table writes numbers, whatever the locale; "nan" and "inf" are numbers.
 std::optional<double> numberIn(std::string const& text)
 {
     double number = 0.0;
@@ -160,7 +160,7 @@ void ZoneVarTableItemDelegate::initStyleOption(QStyleOptionViewItem* option, QMo
 
 QString ZoneVarTableItemDelegate::displayText(QVariant const& value, QLocale const&) const
 {
-    // A text and not a number goes to the base class, which would write a number in its own way.
+    // The base class gets a text: it would write a number in its own format.
     return QStyledItemDelegate::displayText(shownText(value), QLocale(QLocale::English, QLocale::UnitedStates));
 }
 

@@ -45,8 +45,7 @@ private:
     UpperBound m_upper;
 };
 
-extern template class VDSDKDIALOGS_DATA_QT_API BoundedValueValidator<long long>;
-#define VELDRAW_DECLARE(T) extern template class BoundedValueValidator<T>;
+#define VELDRAW_DECLARE(T) extern template class VDSDKDIALOGS_DATA_QT_API BoundedValueValidator<T>;
 VELDRAW_FOR_EACH_BOUNDED_TYPE(VELDRAW_DECLARE)
 #undef VELDRAW_DECLARE
 

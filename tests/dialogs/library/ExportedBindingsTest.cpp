@@ -2,11 +2,14 @@
 #include "dialogs/bindings/CheckButtonPropertyBinding.h"
 #include "dialogs/bindings/LabelPropertyBinding.h"
 #include "dialogs/bindings/ListViewPropertyBinding.h"
+#include "dialogs/bindings/ListViewPropertySynchronizer.h"
 #include "dialogs/bindings/QButtonListenerInterface.h"
 #include "dialogs/bindings/QButtonObservable.h"
 #include "dialogs/bindings/QComboBoxListenerInterface.h"
 #include "dialogs/bindings/QComboBoxObservable.h"
+#include "dialogs/bindings/QTextEditObservable.h"
 #include "dialogs/bindings/QTextFieldObservable.h"
+#include "dialogs/bindings/QtSignalConnectionCollection.h"
 #include "dialogs/bindings/SpinBoxDoublePropertyBinding.h"
 #include "dialogs/bindings/SpinBoxIntPropertyBinding.h"
 #include "dialogs/bindings/SpinBoxLgIndexPropertyBinding.h"
@@ -14,6 +17,7 @@
 #include "dialogs/bindings/TextEditPropertyBinding.h"
 #include "dialogs/bindings/WidgetUpdateDeferrerOnBusy.h"
 #include "dialogs/models/ListModelAbstract.h"
+#include "dialogs/property/BoundedValueValidator.h"
 #include "platform/vdsdkuicommon/IdleDispatcher.h"
 #include "tests/dialogs/library/ApplicationProperty.h"
 
@@ -24,10 +28,12 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTextEdit>
+#include <QTreeView>
 
 #include <boost/make_shared.hpp>
 
 #include <gtest/gtest.h>
+#include <memory>
 
 namespace veldraw::tests {
 namespace {
@@ -97,6 +103,37 @@ TEST(ExportedBindings, TieSpinBoxes)
     expectTied<SpinBoxLgIndexPropertyBinding, veldraw::ui::IntegralSpinBox>(5LL, 6LL);
 }
 
+template <typename Binding, typename T>
+void expectLimited()
+{
+    using Bounds = BoundedValueValidator<T>;
+    veldraw::ui::IntegralSpinBox box;
+    auto const bounds = boost::make_shared<Bounds>(T{2}, T{8}, Bounds::LowerInclusive, Bounds::UpperInclusive);
+    auto const property = boost::make_shared<ApplicationProperty<T>>(bounds);
+    Binding const binding(&box, property, {});
+    EXPECT_EQ(box.minimum(), 2);
+    EXPECT_EQ(box.maximum(), 8);
+}
+
+TEST(ExportedBindings, TakeTheRangeOfASpinBoxFromTheBoundsOfItsProperty)
+{
+    expectLimited<SpinBoxIntPropertyBinding, int>();
+    expectLimited<SpinBoxLgIndexPropertyBinding, long long>();
+}
+
+TEST(ExportedBindings, AreWrittenToThroughTheirInterfaces)
+{
+    using Base = SpinBoxPropertyBinding<double, veldraw::ui::QScientificSpinBox>;
+    veldraw::ui::QScientificSpinBox box;
+    auto const property = make(1.0);
+    std::unique_ptr<Base> const binding = std::make_unique<SpinBoxDoublePropertyBinding>(
+        &box, property, boost::shared_ptr<sdk::ui::propertymanager::SpinBoxIncDecCalculatorBase>());
+    property->setValue(2.0);
+    PropertyBindingInterface& untyped = *binding;
+    untyped.updateWidgetValue();
+    EXPECT_EQ(box.value(), 2.0);
+}
+
 /// 1, 2, 3
 class Numbers : public models::ListModelAbstract<int>
 {
@@ -122,6 +159,20 @@ TEST(ExportedBindings, TieSelections)
     ListViewPropertyBinding const uiBinding(&second, boost::make_shared<Numbers>(), uiSelection,
                                             BindingInterface::ModelUpdateUndeferred);
     EXPECT_TRUE(second.selectionModel()->isRowSelected(0, {}));
+}
+
+TEST(ExportedBindings, KeepTheSelectionOfAnyViewAndAPropertyEqual)
+{
+    QTreeView view;
+    auto const selection = make(std::set<int>{2});
+    ListViewPropertySynchronizer<std::set<int>> synchronizer(&view, boost::make_shared<Numbers>(), selection,
+                                                             BindingInterface::ModelUpdateUndeferred);
+    WidgetPropertySynchronizerInterface& base = synchronizer;
+    base.updateWidget();
+    EXPECT_TRUE(view.selectionModel()->isRowSelected(1, {}));
+    view.selectionModel()->select(view.model()->index(0, 0), QItemSelectionModel::ClearAndSelect);
+    base.updateProperty();
+    EXPECT_EQ(selection->value(), (std::set<int>{1}));
 }
 
 /// A binding of the application's own between a line edit's text and a property.
@@ -198,6 +249,35 @@ TEST(ExportedObservables, WatchWidgets)
     QTest::keyClicks(&field, QStringLiteral("a"));
     QTest::keyClick(&field, Qt::Key_Return);
     EXPECT_EQ(listener.told, "button 1 text");
+}
+
+TEST(ExportedObservables, TellTheEndOfAText)
+{
+    QWidget window;
+    QTextEdit text(&window);
+    QLineEdit other(&window);
+    int finished = 0;
+    QTextEditObservable const observable(text, [&finished] { ++finished; });
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    text.setFocus();
+    QTest::keyClicks(&text, QStringLiteral("a"));
+    EXPECT_EQ(finished, 0);
+    other.setFocus();
+    EXPECT_EQ(finished, 1);
+}
+
+TEST(ExportedObservables, AreHeardAsLongAsACollectionHoldsTheConnection)
+{
+    QLineEdit field;
+    int changes = 0;
+    {
+        QtSignalConnectionCollection connections;
+        connections.add(QObject::connect(&field, &QLineEdit::textChanged, [&changes] { ++changes; }));
+        field.setText(QStringLiteral("a"));
+    }
+    field.setText(QStringLiteral("b"));
+    EXPECT_EQ(changes, 1);
 }
 
 TEST(ExportedObservables, HoldBackAndPrepare)

@@ -83,6 +83,28 @@ TEST(ExportedLists, CanBeFilledByTheApplication)
     EXPECT_EQ(list.size(), 0) << "there is no frame";
 }
 
+TEST(ExportedLists, CanShowNumbersAndNamesOfTheApplication)
+{
+    class Own : public NamedNumbersListModelAbstract
+    {
+    public:
+        Own() { show({{3, 7}, {"three", "seven"}}); }
+    };
+    auto const list = boost::make_shared<Own>();
+    EXPECT_EQ(list->size(), 2);
+    EXPECT_EQ(list->get(1), 7);
+    EXPECT_EQ(list->getStr(1), "7: seven");
+}
+
+TEST(ExportedLists, CanBeReadWithoutTheirType)
+{
+    Tens<int> const list;
+    GenericModelWrapper<int> const wrapper(&list);
+    GenericModelWrapperInterface const& untyped = wrapper;
+    EXPECT_EQ(untyped.size(), 3);
+    EXPECT_EQ(untyped.get(2).toInt(), 20);
+}
+
 /// A table of the application's own: two rows, one column, a text that can be edited.
 class Cells : public TableModelAbstract
 {
@@ -103,6 +125,41 @@ public:
 private:
     std::string m_text = "old";
 };
+
+TEST(ExportedTables, AreListenedTo)
+{
+    class Listener : public TableModelListenerInterface
+    {
+    public:
+        void dataChanged(TableModelInterface&) override { told += "data "; }
+        void itemChanged(ModelIndex const& index, TableModelInterface& table) override
+        {
+            told += table.getStr(index) + " ";
+        }
+        void rowsInserted(unsigned long long, unsigned long long, TableModelInterface&) override {}
+        void rowsRemoved(unsigned long long, unsigned long long, TableModelInterface&) override {}
+        std::string told;
+    } listener;
+    Cells cells;
+    TableModelInterface& table = cells;
+    table.addListener(&listener);
+    table.setStr({1, 0}, "new");
+    table.removeListener(&listener);
+    table.setStr({1, 0}, "newer");
+    EXPECT_EQ(listener.told, "new ");
+}
+
+TEST(ExportedTables, AreSeenThroughAWindow)
+{
+    IndexWindow window(1000);
+    window.setTotal(3000000000ULL);
+    window.dropFront(window.size());
+    window.restartAt(2999999000ULL);
+    window.growBack(1000);
+    EXPECT_EQ(window.thing(999), 2999999999ULL);
+    EXPECT_EQ(window.inWindow(5), -1);
+    EXPECT_FALSE(window.showsAll());
+}
 
 TEST(ExportedTables, StandBehindProxiesAndQtsViews)
 {

@@ -91,12 +91,29 @@ TYPED_TEST(ExportedProperty, HasAFormWithVisibilityAndSensitivity)
     EXPECT_EQ(property.value(), Values<TypeParam>::other());
 }
 
-TEST(ExportedValidators, HaveBounds)
+template <typename T>
+class ExportedBounds : public ::testing::Test
 {
-    using Bounds = BoundedValueValidator<long long>;
-    Bounds bounds(0, 10, Bounds::LowerInclusive, Bounds::UpperInclusive);
-    bounds.resetMinMaxValue(2, 4);
-    EXPECT_FALSE(bounds.validate(5).isValid());
+};
+using BoundedTypes = ::testing::Types<int, long long, double>;
+TYPED_TEST_SUITE(ExportedBounds, BoundedTypes);
+
+TYPED_TEST(ExportedBounds, LimitPropertiesOfTheApplication)
+{
+    using Bounds = BoundedValueValidator<TypeParam>;
+    auto const bounds =
+        boost::make_shared<Bounds>(TypeParam{0}, TypeParam{10}, Bounds::LowerInclusive, Bounds::UpperInclusive);
+    ApplicationProperty<TypeParam> property(bounds);
+    EXPECT_NO_THROW(property.setValue(TypeParam{5}));
+    bounds->resetMinMaxValue(TypeParam{2}, TypeParam{4});
+    EXPECT_EQ(bounds->minValue(), TypeParam{2});
+    EXPECT_EQ(bounds->maxValue(), TypeParam{4});
+    EXPECT_FALSE(bounds->validate(TypeParam{5}).isValid());
+    EXPECT_THROW(property.setValue(TypeParam{7}), InvalidPropertyValueException);
+}
+
+TEST(ExportedValidators, HaveThePrecisionOfNumbers)
+{
     FormattingPrecisionValidator const precision;
     EXPECT_TRUE(precision.validate(3).isValid());
     EXPECT_FALSE(precision.validate(-1).isValid());

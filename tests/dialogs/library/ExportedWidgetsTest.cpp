@@ -64,6 +64,31 @@ TEST(ExportedWidgets, ShowACursorForAScope)
     EXPECT_FALSE(QApplication::overrideCursor());
 }
 
+TEST(ExportedFrame, KeepsStatesOfTheApplication)
+{
+    class Own : public QtDialogAbstract
+    {
+    public:
+        Own(QWidget& parent, boost::shared_ptr<veldraw::common::SerializerInterface> const& state)
+            : QtDialogAbstract(parent, boost::make_shared<sdk::ui::propertymanager::SimpleBooleanRelevance>(true))
+        {
+            addPersistentState(state);
+        }
+    };
+    struct State : veldraw::common::SerializerInterface
+    {
+        void save() const override { told += "save "; }
+        void restore() const override { told += "restore "; }
+        mutable std::string told;
+    };
+    auto const state = boost::make_shared<State>();
+    QWidget window;
+    Own own(window, state);
+    own.launch();
+    own.drop();
+    EXPECT_EQ(state->told, "restore save ");
+}
+
 TEST(ExportedFrame, IsABaseForDialogsOfTheApplication)
 {
     class Own : public QtDialogAbstract

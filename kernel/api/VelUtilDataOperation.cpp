@@ -3,6 +3,8 @@
 #include "kernel/api/ApiSupport.h"
 #include "kernel/compute/Rotation.h"
 #include "kernel/operations/DuplicateZonesAxially.h"
+#include "kernel/operations/InterpolateByInverseDistance.h"
+#include "kernel/operations/Krige.h"
 #include "kernel/operations/MirrorZones.h"
 #include "kernel/operations/RotateZones.h"
 #include "kernel/operations/SpatialVariables.h"
@@ -39,6 +41,17 @@ std::optional<SpatialVariables> spatialVariables(int const* xyz, bool is3D, int 
         variables.vector = {*u, *v, is3D ? *w : 0};
     }
     return variables;
+}
+
+constexpr char noSelection[] = "There is no such selection of points.";
+
+/// The frame and the sets that all interpolations need. @return why they cannot be used, null when they can
+char const* reasonAgainstInterpolation(Frame const* frame, Set_s const* sourceZones, Set_s const* variables)
+{
+    if (sourceZones == nullptr || variables == nullptr) {
+        return missing;
+    }
+    return frame == nullptr ? "There is no frame." : nullptr;
 }
 
 } // namespace
@@ -81,5 +94,42 @@ bool VelUtilDataRotate(long long dataSetID, Set_s* zones, int const* xyz, bool i
         }
         return session().perform(
             RotateZones(*dataSet, zones->members, *variables, {triple(origin), triple(axis)}, angle));
+    });
+}
+
+bool VelUtilInverseDistInterpolation(Set_s* sourceZones, int destinationZone, Set_s* variables, double exponent,
+                                     double minRadius, int ptSelection, int numPoints)
+{
+    return api::answerOr(false, [&] {
+        std::shared_ptr<Frame> const frame = session().activeFrame();
+        if (char const* const reason = reasonAgainstInterpolation(frame.get(), sourceZones, variables)) {
+            return session().refuse(reason);
+        }
+        if (ptSelection < PtSelection_All || ptSelection > PtSelection_Octant) {
+            return session().refuse(noSelection);
+        }
+        return session().perform(InterpolateByInverseDistance(
+            frame->id, sourceZones->members, destinationZone, variables->members,
+            {static_cast<PtSelection_e>(ptSelection), numPoints}, {exponent, minRadius}));
+    });
+}
+
+bool VelUtilKrig(Set_s* sourceZones, int destinationZone, Set_s* variables, double range, double zeroValue, int drift,
+                 int ptSelection, long long numPoints)
+{
+    return api::answerOr(false, [&] {
+        std::shared_ptr<Frame> const frame = session().activeFrame();
+        if (char const* const reason = reasonAgainstInterpolation(frame.get(), sourceZones, variables)) {
+            return session().refuse(reason);
+        }
+        if (ptSelection < PtSelection_All || ptSelection > PtSelection_Octant) {
+            return session().refuse(noSelection);
+        }
+        if (drift < Drift_None || drift > Drift_Quadratic) {
+            return session().refuse("There is no such drift.");
+        }
+        return session().perform(Krige(frame->id, sourceZones->members, destinationZone, variables->members,
+                                       {static_cast<PtSelection_e>(ptSelection), numPoints},
+                                       {range, zeroValue, static_cast<Drift_e>(drift)}));
     });
 }

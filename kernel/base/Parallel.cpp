@@ -55,17 +55,24 @@ void parallelFor(std::int64_t count, std::function<void(std::int64_t, std::int64
         body(0, count, 0); // starting other threads would take longer than this little work
         return;
     }
-    std::vector<std::exception_ptr> failures(static_cast<std::size_t>(chunks));
+    forEachInParallel(chunks, [&](std::int64_t chunk) {
+        std::int64_t const first = chunk * size;
+        body(first, std::min(first + size, count), chunk);
+    });
+}
+
+void forEachInParallel(std::int64_t count, std::function<void(std::int64_t)> const& body)
+{
+    std::vector<std::exception_ptr> failures(static_cast<std::size_t>(count));
 #pragma omp parallel for schedule(dynamic)
-    for (std::int64_t chunk = 0; chunk < chunks; ++chunk) {
+    for (std::int64_t task = 0; task < count; ++task) {
         try {
-            std::int64_t const first = chunk * size;
-            body(first, std::min(first + size, count), chunk);
+            body(task);
         } catch (...) {
-            failures[static_cast<std::size_t>(chunk)] = std::current_exception();
+            failures[static_cast<std::size_t>(task)] = std::current_exception();
         }
     }
-    // The exception of the lowest chunk, so that it is the same one every time.
+    // The exception of the lowest task, so that it is the same one every time.
     auto const failure = std::find_if(failures.begin(), failures.end(), [](auto const& f) { return f != nullptr; });
     if (failure != failures.end()) {
         std::rethrow_exception(*failure);

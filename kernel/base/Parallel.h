@@ -15,6 +15,10 @@ namespace veldraw::kernel {
 void parallelFor(std::int64_t count, std::function<void(std::int64_t, std::int64_t, std::int64_t)> const& body,
                  std::int64_t grain = 64);
 
+/// Runs @p body for each number in [0, count) on all cores, and returns when all of them have ended. For few tasks that take
+/// long. When bodies throw, the exception of the lowest number is rethrown on the calling thread.
+void forEachInParallel(std::int64_t count, std::function<void(std::int64_t)> const& body);
+
 /// The grain for a body that does a little arithmetic on each of @p count values and writes the results to newly allocated
 /// memory. A chunk is at least large enough to be worth a second thread. For many values it covers whole huge pages,
 /// because two threads that touch the same new page would both clear one, and one of the two would be thrown away.

@@ -1,14 +1,10 @@
 #include "kernel/compute/RotateBlock.h"
 
+#include "kernel/compute/WideLanes.h"
+
 #include <cmath>
 
-// The variant for the processor is chosen when the library is loaded. The compiler may not fuse multiplications and
-// additions in this file, and std::fma rounds in the same way everywhere, so all processors give the same results.
-#if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__) && !defined(__SANITIZE_THREAD__)
-#define VELDRAW_WIDE_LANES __attribute__((target_clones("fma", "default")))
-#else
-#define VELDRAW_WIDE_LANES
-#endif
+// std::fma rounds in the same way everywhere, so all processors give the same results.
 
 namespace veldraw::kernel {
 
@@ -138,22 +134,22 @@ template <typename Distance, typename Element>
 
 } // namespace
 
-VELDRAW_WIDE_LANES void rotateBlock(BlockToRotate<2, float> const& block)
+VELDRAW_WIDE_LANES("fma") void rotateBlock(BlockToRotate<2, float> const& block)
 {
     rotatePlane<double>(block);
 }
 
-VELDRAW_WIDE_LANES void rotateBlock(BlockToRotate<2, double> const& block)
+VELDRAW_WIDE_LANES("fma") void rotateBlock(BlockToRotate<2, double> const& block)
 {
     rotatePlane<ExactSum>(block);
 }
 
-VELDRAW_WIDE_LANES void rotateBlock(BlockToRotate<3, float> const& block)
+VELDRAW_WIDE_LANES("fma") void rotateBlock(BlockToRotate<3, float> const& block)
 {
     rotateSpace<double>(block);
 }
 
-VELDRAW_WIDE_LANES void rotateBlock(BlockToRotate<3, double> const& block)
+VELDRAW_WIDE_LANES("fma") void rotateBlock(BlockToRotate<3, double> const& block)
 {
     rotateSpace<ExactSum>(block);
 }

@@ -24,6 +24,16 @@ void widen(Buffer const& source, std::int64_t first, std::int64_t count, double*
     }
 }
 
+template <typename Element>
+void gather(Buffer const& source, std::uint32_t const* indices, std::size_t count, double* values)
+{
+    auto const* const elements = static_cast<Element const*>(source.data());
+    std::int64_t const stride = source.stride();
+    for (std::size_t at = 0; at < count; ++at) {
+        values[at] = static_cast<double>(elements[indices[at] * stride]);
+    }
+}
+
 } // namespace
 
 void readBlock(Buffer const& source, std::int64_t first, std::int64_t count, double* values)
@@ -42,6 +52,26 @@ void readBlock(Buffer const& source, std::int64_t first, std::int64_t count, dou
     case FieldDataType_Bit:
         for (std::int64_t at = 0; at < count; ++at) {
             values[at] = source.value(first + at);
+        }
+    }
+}
+
+void gatherValues(Buffer const& source, std::uint32_t const* indices, std::size_t count, double* values)
+{
+    switch (source.type()) {
+    case FieldDataType_Float:
+        return gather<float>(source, indices, count, values);
+    case FieldDataType_Double:
+        return gather<double>(source, indices, count, values);
+    case FieldDataType_Int32:
+        return gather<std::int32_t>(source, indices, count, values);
+    case FieldDataType_Int16:
+        return gather<std::int16_t>(source, indices, count, values);
+    case FieldDataType_Byte:
+        return gather<unsigned char>(source, indices, count, values);
+    case FieldDataType_Bit:
+        for (std::size_t at = 0; at < count; ++at) {
+            values[at] = source.value(indices[at]);
         }
     }
 }

@@ -13,6 +13,9 @@ constexpr std::int64_t blockSize = 512;
 /// Reads @p count values of any type and stride, from the zero-based @p first on.
 void readBlock(Buffer const& source, std::int64_t first, std::int64_t count, double* values);
 
+/// Reads the values at @p count zero-based indices.
+void gatherValues(Buffer const& source, std::uint32_t const* indices, std::size_t count, double* values);
+
 /// Stores @p count values in a contiguous buffer of float or double.
 void writeBlock(double const* values, std::int64_t first, std::int64_t count, Buffer& target);
 

@@ -59,7 +59,7 @@ VELDRAW_PLATFORM_API bool VelUtilDataRotate(long long dataSetID, Set_s* zones, i
 
 /// Interpolates variables into a zone, weighted by the inverse distance from the source points.
 /// @param sourceZones one-based numbers, not empty; stays the caller's
-/// @param destinationZone one-based number, not one of the sources
+/// @param destinationZone one-based number; one of the sources too, whose values before the call count
 /// @param variables one-based numbers, not empty, no axis variable; stays the caller's
 /// @param exponent of the distance, above 0
 /// @param minRadius smallest distance that counts, in units of the coordinates, at least 0
@@ -72,7 +72,7 @@ VELDRAW_PLATFORM_API bool VelUtilInverseDistInterpolation(Set_s* sourceZones, in
 
 /// Interpolates variables into a zone by kriging.
 /// @param sourceZones one-based numbers, not empty; stays the caller's
-/// @param destinationZone one-based number, not one of the sources
+/// @param destinationZone one-based number; one of the sources too, whose values before the call count
 /// @param variables one-based numbers, not empty, no axis variable; stays the caller's
 /// @param range of the variogram, as a fraction of the diagonal of the source points' bounding box
 /// @param zeroValue semivariance at distance 0 (nugget), with a sill of 1
@@ -85,7 +85,7 @@ VELDRAW_PLATFORM_API bool VelUtilKrig(Set_s* sourceZones, int destinationZone, S
 
 /// Interpolates variables into a zone by the shape functions of the source cells.
 /// @param sourceZones one-based numbers, not empty, of more than one dimension; stays the caller's
-/// @param destinationZone one-based number, not one of the sources
+/// @param destinationZone one-based number; one of the sources too, whose values before the call count
 /// @param variables one-based numbers, not empty, no axis variable; stays the caller's
 /// @param constant value of points that lie in no source cell, for LinearInterpMode_SetToConstant
 /// @param mode LinearInterpMode_e as a number

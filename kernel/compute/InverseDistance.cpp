@@ -1,0 +1,139 @@
+#include "kernel/compute/InverseDistance.h"
+
+#include "kernel/compute/Powers.h"
+#include "kernel/compute/WideLanes.h"
+
+#include <algorithm>
+#include <limits>
+#include <numeric>
+
+namespace veldraw::kernel {
+
+namespace {
+
+constexpr std::size_t block = 512;
+constexpr std::size_t lanes = 8;
+
+[[gnu::always_inline]] inline double larger(double a, double b)
+{
+    return a > b ? a : b;
+}
+
+VELDRAW_WIDE_LANES("avx512f", "avx2")
+void divide(double numerator, double least, double* squares, std::size_t count)
+{
+    for (std::size_t point = 0; point < count; ++point) {
+        squares[point] = numerator / larger(squares[point], least);
+    }
+}
+
+/// Sums in as many parts as there are lanes, so that the result is the same on all processors.
+VELDRAW_WIDE_LANES("avx512f", "avx2")
+double sumOfProducts(double const* weights, double const* values, std::size_t count)
+{
+    double parts[lanes] = {};
+    std::size_t first = 0;
+    for (; first + lanes <= count; first += lanes) {
+        for (std::size_t lane = 0; lane < lanes; ++lane) {
+            parts[lane] += weights[first + lane] * values[first + lane];
+        }
+    }
+    for (; first < count; ++first) {
+        parts[0] += weights[first] * values[first];
+    }
+    double sum = 0.0;
+    for (double const part : parts) {
+        sum += part;
+    }
+    return sum;
+}
+
+double smallestSquare(PointColumns const& points, double const* target, Progress const& progress)
+{
+    double smallest = std::numeric_limits<double>::infinity();
+    double squares[block];
+    for (std::size_t first = 0; first < points[0].size(); first += block) {
+        if (first % (block * 1024) == 0) {
+            progress.check();
+        }
+        std::size_t const count = std::min(block, points[0].size() - first);
+        measureSquares(points, first, count, target, squares);
+        smallest = std::min(smallest, *std::min_element(squares, squares + count));
+    }
+    return smallest;
+}
+
+} // namespace
+
+/// Turns squared distances into the powers of their fractions of the smallest one.
+void InverseDistance::makeFractions(double smallest, double* squares, std::size_t count) const
+{
+    double const numerator = larger(smallest, m_minimumSquare);
+    if (numerator > 0.0) {
+        divide(numerator, m_minimumSquare, squares, count);
+    } else {
+        std::transform(squares, squares + count, squares, [](double square) { return square > 0.0 ? 0.0 : 1.0; });
+    }
+}
+
+void InverseDistance::weigh(Neighborhoods const& neighborhoods, std::vector<double>& weights) const
+{
+    weights.resize(neighborhoods.neighbors.size());
+    std::transform(neighborhoods.neighbors.begin(), neighborhoods.neighbors.end(), weights.begin(),
+                   [](Neighbor const& neighbor) { return neighbor.squaredDistance; });
+    for (std::size_t target = 0; target < neighborhoods.targetCount(); ++target) {
+        double* const first = weights.data() + neighborhoods.begins[target];
+        std::size_t const count = neighborhoods.begins[target + 1] - neighborhoods.begins[target];
+        if (count > 0) {
+            makeFractions(*first, first, count); // the nearest one stands first
+        }
+    }
+    raiseFractions(weights.data(), weights.size(), m_exponent);
+    for (std::size_t target = 0; target < neighborhoods.targetCount(); ++target) {
+        double* const first = weights.data() + neighborhoods.begins[target];
+        double* const last = weights.data() + neighborhoods.begins[target + 1];
+        double const sum = std::accumulate(first, last, 0.0);
+        std::transform(first, last, first, [sum](double weight) { return weight / sum; });
+    }
+}
+
+void InverseDistance::average(PointColumns const& points, std::vector<double> const& targets, std::size_t variables,
+                              ReadValues const& read, std::vector<double>& means, Progress const& progress) const
+{
+    std::size_t const axes = points[2].empty() ? 2 : 3;
+    std::size_t const targetCount = targets.size() / axes;
+    std::size_t const pointCount = points[0].size();
+    std::vector<double> smallest(targetCount);
+    for (std::size_t target = 0; target < targetCount; ++target) {
+        smallest[target] = smallestSquare(points, targets.data() + target * axes, progress);
+    }
+    means.assign(targetCount * variables, 0.0);
+    std::vector<double> sums(targetCount, 0.0);
+    std::vector<double> values(variables * block);
+    double weights[block];
+    double ones[block];
+    std::fill_n(ones, block, 1.0);
+    for (std::size_t first = 0; first < pointCount; first += block) {
+        progress.check();
+        std::size_t const count = std::min(block, pointCount - first);
+        for (std::size_t variable = 0; variable < variables; ++variable) {
+            read(variable, first, count, values.data() + variable * block);
+        }
+        for (std::size_t target = 0; target < targetCount; ++target) {
+            measureSquares(points, first, count, targets.data() + target * axes, weights);
+            makeFractions(smallest[target], weights, count);
+            raiseFractions(weights, count, m_exponent);
+            sums[target] += sumOfProducts(weights, ones, count);
+            for (std::size_t variable = 0; variable < variables; ++variable) {
+                means[target * variables + variable] += sumOfProducts(weights, values.data() + variable * block, count);
+            }
+        }
+    }
+    for (std::size_t target = 0; target < targetCount; ++target) {
+        for (std::size_t variable = 0; variable < variables; ++variable) {
+            means[target * variables + variable] /= sums[target];
+        }
+    }
+}
+
+} // namespace veldraw::kernel

@@ -1,0 +1,153 @@
+#include "kernel/compute/LocalKriging.h"
+
+#include "kernel/compute/CarefulKriging.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace veldraw::kernel {
+
+/// Targets that follow each other and have the same neighbors.
+struct LocalKriging::Group
+{
+    std::size_t firstTarget;
+    std::size_t lastTarget;
+    std::size_t begin; ///< of the first target's neighbors
+    std::size_t count; ///< of neighbors
+};
+
+LocalKriging::LocalKriging(NeighborSearch const& search, KrigingModel const& model, std::size_t axes,
+                           Progress const& progress)
+    : m_search(search)
+    , m_model(model)
+    , m_axes(axes)
+    , m_progress(progress)
+    , m_small(model, axes)
+{
+}
+
+LocalKriging::~LocalKriging() = default;
+
+std::int64_t LocalKriging::weigh(double const* targets, Neighborhoods const& neighborhoods,
+                                 std::vector<double>& weights)
+{
+    m_targets = targets;
+    m_neighborhoods = &neighborhoods;
+    m_weights = &weights;
+    m_lowered = 0;
+    weights.assign(neighborhoods.neighbors.size(), 0.0);
+    findGroups(neighborhoods);
+    std::map<std::size_t, std::vector<Group const*>> groupsBySize;
+    for (Group const& group : m_groups) {
+        bool const isSmall =
+            group.count <= SmallKriging::mostPoints && group.count >= driftTermCount(m_model.drift, m_axes);
+        if (!isSmall) {
+            solveAlone(group);
+            continue;
+        }
+        std::vector<Group const*>& waiting = groupsBySize[group.count];
+        waiting.push_back(&group);
+        if (waiting.size() == SmallKriging::lanes) {
+            solveTogether(waiting);
+            waiting.clear();
+        }
+    }
+    for (auto const& [count, waiting] : groupsBySize) {
+        if (!waiting.empty()) {
+            solveTogether(waiting);
+        }
+    }
+    return m_lowered;
+}
+
+void LocalKriging::findGroups(Neighborhoods const& neighborhoods)
+{
+    std::vector<Neighbor> const& neighbors = neighborhoods.neighbors;
+    m_order.resize(neighbors.size());
+    std::iota(m_order.begin(), m_order.end(), std::size_t{0});
+    m_groups.clear();
+    for (std::size_t target = 0; target < neighborhoods.targetCount(); ++target) {
+        std::size_t const begin = neighborhoods.begins[target];
+        std::size_t const count = neighborhoods.begins[target + 1] - begin;
+        auto const first = m_order.begin() + static_cast<std::ptrdiff_t>(begin);
+        auto const last = first + static_cast<std::ptrdiff_t>(count);
+        std::sort(first, last, [&](std::size_t a, std::size_t b) { return neighbors[a].place < neighbors[b].place; });
+        bool const isLikeLast =
+            !m_groups.empty() && m_groups.back().count == count &&
+            std::equal(first, last, m_order.begin() + static_cast<std::ptrdiff_t>(m_groups.back().begin),
+                       [&](std::size_t a, std::size_t b) { return neighbors[a].place == neighbors[b].place; });
+        if (isLikeLast) {
+            m_groups.back().lastTarget = target;
+        } else if (count > 0) {
+            m_groups.push_back({target, target, begin, count});
+        }
+    }
+}
+
+std::vector<double> LocalKriging::placesOf(Group const& group) const
+{
+    std::vector<double> places(group.count * m_axes);
+    for (std::size_t point = 0; point < group.count; ++point) {
+        m_search.read(m_neighborhoods->neighbors[m_order[group.begin + point]].place, &places[point * m_axes]);
+    }
+    return places;
+}
+
+/// @param point in the order of the places of the target's neighbors
+void LocalKriging::store(std::size_t target, std::size_t point, double weight)
+{
+    (*m_weights)[m_order[m_neighborhoods->begins[target] + point]] = weight;
+}
+
+/// @param groups at most as many as there are lanes, of equally many points; what is missing repeats the first one
+void LocalKriging::solveTogether(std::vector<Group const*> const& groups)
+{
+    std::size_t const count = groups.front()->count;
+    m_progress.check();
+    m_small.setPointCount(count);
+    std::size_t rounds = 0;
+    for (std::size_t lane = 0; lane < SmallKriging::lanes; ++lane) {
+        Group const& group = *groups[lane < groups.size() ? lane : 0];
+        std::vector<double> const places = placesOf(group);
+        for (std::size_t point = 0; point < count; ++point) {
+            m_small.setPoint(lane, point, &places[point * m_axes]);
+        }
+        rounds = std::max(rounds, group.lastTarget - group.firstTarget + 1);
+    }
+    unsigned const singular = m_small.factorize();
+    for (std::size_t round = 0; round < rounds; ++round) {
+        for (std::size_t lane = 0; lane < SmallKriging::lanes; ++lane) {
+            Group const& group = *groups[lane < groups.size() ? lane : 0];
+            m_small.setTarget(lane, target(std::min(group.firstTarget + round, group.lastTarget)));
+        }
+        m_small.solve();
+        for (std::size_t lane = 0; lane < groups.size(); ++lane) {
+            std::size_t const number = groups[lane]->firstTarget + round;
+            bool const isWanted = number <= groups[lane]->lastTarget && (singular >> lane & 1U) == 0;
+            for (std::size_t point = 0; isWanted && point < count; ++point) {
+                store(number, point, m_small.weight(lane, point));
+            }
+        }
+    }
+    for (std::size_t lane = 0; lane < groups.size(); ++lane) {
+        if ((singular >> lane & 1U) != 0) {
+            solveAlone(*groups[lane]);
+        }
+    }
+}
+
+void LocalKriging::solveAlone(Group const& group)
+{
+    CarefulKriging const kriging(m_model, placesOf(group), m_axes, m_progress);
+    std::vector<double> weights;
+    for (std::size_t number = group.firstTarget; number <= group.lastTarget; ++number) {
+        m_progress.check();
+        kriging.weigh(target(number), weights);
+        for (std::size_t point = 0; point < group.count; ++point) {
+            store(number, point, weights[point]);
+        }
+        m_lowered += kriging.drift() != m_model.drift ? 1 : 0;
+    }
+}
+
+} // namespace veldraw::kernel

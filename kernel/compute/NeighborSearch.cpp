@@ -1,0 +1,653 @@
+#include "kernel/compute/NeighborSearch.h"
+
+#include "kernel/base/Parallel.h"
+#include "kernel/compute/WideLanes.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <limits>
+
+#define VELDRAW_INLINE [[gnu::always_inline]] inline
+
+namespace veldraw::kernel {
+
+namespace {
+
+constexpr double infinity = std::numeric_limits<double>::infinity();
+constexpr std::size_t width = 8; // points of a leaf, and children of a node
+constexpr std::size_t mostLevels = 12;
+constexpr std::size_t manyNeighbors = 64; // from here on a heap is quicker than a sorted list
+
+/// The points in leaves of eight, and boxes of boxes over them. Coordinates of a leaf stand side by side, axis after axis, and so do
+/// those of the boxes of eight siblings, first the low ones; what a last leaf or family lacks is filled up at infinity.
+template <std::size_t Axes>
+struct Tree
+{
+    static constexpr std::size_t leafSize = Axes * width;
+    static constexpr std::size_t familySize = 2 * Axes * width;
+
+    std::vector<double> leaves;
+    std::vector<std::vector<double>> levels; ///< from the boxes of leaves up to the last family
+    std::vector<std::uint32_t> points;
+};
+
+/// Which boxes and points lie on which sides of a target: a bit for each octant.
+template <std::size_t Axes>
+struct Sides
+{
+    static constexpr unsigned all = (1U << (1U << Axes)) - 1U;
+};
+
+/// The octants in which the coordinate along an axis is not negative.
+constexpr std::array<unsigned, 3> upperOctants{0xaaU, 0xccU, 0xf0U};
+
+/// Nearer neighbors first; where distances are equal, the lower number first.
+struct NearestFirst
+{
+    std::uint32_t const* points;
+
+    VELDRAW_INLINE bool operator()(Neighbor const& a, Neighbor const& b) const
+    {
+        if (a.squaredDistance < b.squaredDistance || a.squaredDistance > b.squaredDistance) {
+            return a.squaredDistance < b.squaredDistance;
+        }
+        return points[a.place] < points[b.place];
+    }
+};
+
+/// Nearest points of all, or of one octant: sorted, or from many on as a heap with the farthest on top.
+class NearestList
+{
+public:
+    void reset(std::size_t capacity, double bound, std::vector<std::uint32_t> const& points)
+    {
+        m_capacity = capacity;
+        m_bound = bound;
+        m_isBefore.points = points.data();
+        m_list.clear();
+    }
+
+    /// What is farther away is not among the nearest.
+    VELDRAW_INLINE double worst() const { return m_bound; }
+
+    VELDRAW_INLINE void offer(double squaredDistance, std::uint32_t place)
+    {
+        Neighbor const neighbor{squaredDistance, place};
+        if (m_list.size() == m_capacity && !m_isBefore(neighbor, worstOne())) {
+            return;
+        }
+        insert(neighbor);
+    }
+
+    void sort()
+    {
+        if (isHeap()) {
+            std::sort_heap(m_list.begin(), m_list.end(), m_isBefore);
+        }
+    }
+
+    std::vector<Neighbor> const& list() const { return m_list; }
+
+private:
+    bool isHeap() const { return m_capacity > manyNeighbors; }
+    Neighbor const& worstOne() const { return isHeap() ? m_list.front() : m_list.back(); }
+
+    void insert(Neighbor const& neighbor)
+    {
+        bool const isFull = m_list.size() == m_capacity;
+        if (isHeap()) {
+            if (isFull) {
+                std::pop_heap(m_list.begin(), m_list.end(), m_isBefore);
+                m_list.pop_back();
+            }
+            m_list.push_back(neighbor);
+            std::push_heap(m_list.begin(), m_list.end(), m_isBefore);
+        } else {
+            if (!isFull) {
+                m_list.push_back(neighbor);
+            }
+            std::size_t at = m_list.size() - 1;
+            for (; at > 0 && m_isBefore(neighbor, m_list[at - 1]); --at) {
+                m_list[at] = m_list[at - 1];
+            }
+            m_list[at] = neighbor;
+        }
+        if (m_list.size() == m_capacity) {
+            m_bound = std::min(m_bound, worstOne().squaredDistance);
+        }
+    }
+
+    std::size_t m_capacity = 0;
+    double m_bound = infinity;
+    NearestFirst m_isBefore{nullptr};
+    std::vector<Neighbor> m_list;
+};
+
+/// The nearest N of all points.
+struct NearestResult
+{
+    static constexpr bool needsOctants = false;
+
+    VELDRAW_INLINE double worst(unsigned) const { return nearest.worst(); }
+    VELDRAW_INLINE void offer(double squaredDistance, std::uint32_t place, unsigned)
+    {
+        nearest.offer(squaredDistance, place);
+    }
+
+    NearestList nearest;
+};
+
+/// The nearest points of each octant.
+struct OctantResult
+{
+    static constexpr bool needsOctants = true;
+
+    VELDRAW_INLINE double worst(unsigned octants) const
+    {
+        double worst = -1.0;
+        for (unsigned left = octants; left != 0; left &= left - 1) {
+            double const bound = nearest[static_cast<unsigned>(__builtin_ctz(left))].worst();
+            worst = bound > worst ? bound : worst;
+        }
+        return worst;
+    }
+
+    VELDRAW_INLINE void offer(double squaredDistance, std::uint32_t place, unsigned octant)
+    {
+        nearest[octant].offer(squaredDistance, place);
+    }
+
+    std::array<NearestList, 8> nearest;
+};
+
+/// The parts of the tree that are still to be looked at. Distances and nodes stand in arrays of their own, which are quicker to
+/// move about than structures.
+struct OpenNodes
+{
+    double squares[mostLevels * width];
+    std::uint64_t nodes[mostLevels * width];
+    std::size_t size = 0;
+
+    VELDRAW_INLINE void insert(std::size_t bottom, double square, std::uint64_t node)
+    {
+        std::size_t at = size++;
+        for (; at > bottom && squares[at - 1] < square; --at) {
+            squares[at] = squares[at - 1];
+            nodes[at] = nodes[at - 1];
+        }
+        squares[at] = square;
+        nodes[at] = node;
+    }
+};
+
+/// A node in one number: its place in its level, the level (0: a leaf) and the octants that it reaches into.
+VELDRAW_INLINE std::uint64_t packed(std::size_t level, std::size_t place, unsigned octants)
+{
+    return place | std::uint64_t{level} << 40U | std::uint64_t{octants} << 48U;
+}
+
+VELDRAW_INLINE std::size_t placeOf(std::uint64_t node)
+{
+    return node & 0xffffffffffU;
+}
+
+VELDRAW_INLINE std::size_t levelOf(std::uint64_t node)
+{
+    return node >> 40U & 0xffU;
+}
+
+VELDRAW_INLINE unsigned octantsOf(std::uint64_t node)
+{
+    return static_cast<unsigned>(node >> 48U);
+}
+
+/// Squared distances from a target to the eight boxes of a family, and the octants that each box reaches into.
+template <std::size_t Axes, bool NeedsOctants>
+VELDRAW_INLINE void measureBoxes(double const* family, double const* target, double* squares, unsigned* octants)
+{
+    for (std::size_t child = 0; child < width; ++child) {
+        squares[child] = 0.0;
+        octants[child] = Sides<Axes>::all;
+    }
+    for (std::size_t axis = 0; axis < Axes; ++axis) {
+        double const* const low = family + 2 * axis * width;
+        double const* const high = low + width;
+        double const at = target[axis];
+        for (std::size_t child = 0; child < width; ++child) {
+            double const below = low[child] - at;
+            double const above = at - high[child];
+            double const positive = below > above ? below : above;
+            double const distance = positive > 0.0 ? positive : 0.0;
+            squares[child] += distance * distance;
+        }
+        if constexpr (NeedsOctants) {
+            for (std::size_t child = 0; child < width; ++child) {
+                unsigned const reached =
+                    (high[child] >= at ? upperOctants[axis] : 0U) | (low[child] < at ? ~upperOctants[axis] : 0U);
+                octants[child] &= reached;
+            }
+        }
+    }
+}
+
+template <std::size_t Axes, typename Result>
+VELDRAW_INLINE void lookAtLeaf(Tree<Axes> const& tree, std::size_t leaf, double const* target, Result& result)
+{
+    double const* const places = tree.leaves.data() + leaf * Tree<Axes>::leafSize;
+    double squares[width] = {};
+    unsigned octants[width] = {};
+    for (std::size_t axis = 0; axis < Axes; ++axis) {
+        double const at = target[axis];
+        for (std::size_t point = 0; point < width; ++point) {
+            double const difference = places[axis * width + point] - at;
+            squares[point] += difference * difference;
+        }
+        if constexpr (Result::needsOctants) {
+            for (std::size_t point = 0; point < width; ++point) {
+                octants[point] |= places[axis * width + point] >= at ? 1U << axis : 0U;
+            }
+        }
+    }
+    for (std::size_t point = 0; point < width; ++point) {
+        bool const isNear = squares[point] <= result.worst(1U << octants[point]) && squares[point] < infinity;
+        if (isNear) {
+            result.offer(squares[point], static_cast<std::uint32_t>(leaf * width + point), octants[point]);
+        }
+    }
+}
+
+/// Opens the children of a node that may have nearer points, so that the nearest one is next.
+template <std::size_t Axes, typename Result>
+VELDRAW_INLINE void open(Tree<Axes> const& tree, std::uint64_t parent, double const* target, Result const& result,
+                         OpenNodes& open)
+{
+    std::size_t const level = levelOf(parent) - 1;
+    std::size_t const place = placeOf(parent);
+    double squares[width];
+    unsigned octants[width];
+    measureBoxes<Axes, Result::needsOctants>(tree.levels[level].data() + place * Tree<Axes>::familySize, target,
+                                             squares, octants);
+    std::size_t const bottom = open.size;
+    for (std::size_t child = 0; child < width; ++child) {
+        if (squares[child] < infinity && squares[child] <= result.worst(octants[child])) {
+            open.insert(bottom, squares[child], packed(level, place * width + child, octants[child]));
+        }
+    }
+}
+
+/// Looks at the whole tree, nearest parts first.
+template <std::size_t Axes, typename Result>
+VELDRAW_INLINE void search(Tree<Axes> const& tree, double const* target, Result& result)
+{
+    OpenNodes nodes;
+    nodes.insert(0, 0.0, packed(tree.levels.size(), 0, Sides<Axes>::all));
+    while (nodes.size > 0) {
+        --nodes.size;
+        std::uint64_t const node = nodes.nodes[nodes.size];
+        if (nodes.squares[nodes.size] > result.worst(octantsOf(node))) {
+            continue;
+        }
+        if (levelOf(node) == 0) {
+            lookAtLeaf(tree, placeOf(node), target, result);
+        } else {
+            open(tree, node, target, result, nodes);
+        }
+    }
+}
+
+VELDRAW_WIDE_LANES("avx2")
+void searchTree(Tree<2> const& tree, double const* target, NearestResult& result)
+{
+    search(tree, target, result);
+}
+
+VELDRAW_WIDE_LANES("avx2")
+void searchTree(Tree<3> const& tree, double const* target, NearestResult& result)
+{
+    search(tree, target, result);
+}
+
+VELDRAW_WIDE_LANES("avx2")
+void searchTree(Tree<2> const& tree, double const* target, OctantResult& result)
+{
+    search(tree, target, result);
+}
+
+VELDRAW_WIDE_LANES("avx2")
+void searchTree(Tree<3> const& tree, double const* target, OctantResult& result)
+{
+    search(tree, target, result);
+}
+
+template <std::size_t Axes>
+double squaredDistance(Tree<Axes> const& tree, std::uint32_t place, double const* target)
+{
+    double const* const leaf = tree.leaves.data() + place / width * Tree<Axes>::leafSize + place % width;
+    double square = 0.0;
+    for (std::size_t axis = 0; axis < Axes; ++axis) {
+        double const difference = leaf[axis * width] - target[axis];
+        square += difference * difference;
+    }
+    return square;
+}
+
+/// Puts points in an order in which those of each leaf, and of each box of leaves, are near each other: the points are divided at the
+/// median of the longest side of their box, again and again (J. L. Bentley, 1975).
+template <std::size_t Axes>
+class PointDivision
+{
+public:
+    /// @param places coordinates, one point after the other; they and @p points are put in the same order
+    PointDivision(double* places, std::vector<std::uint32_t>& points, Progress const& progress)
+        : m_places(places)
+        , m_points(points)
+        , m_progress(progress)
+    {
+    }
+
+    void divide()
+    {
+        std::vector<Part> parts{{0, m_points.size(), fullSize()}};
+        while (!parts.empty()) {
+            std::vector<std::array<Part, 2>> halves(parts.size());
+            forEachInParallel(static_cast<std::int64_t>(parts.size()), [&](std::int64_t part) {
+                auto const at = static_cast<std::size_t>(part);
+                halves[at] = parts.size() < manyParts ? divided(parts[at]) : dividedToTheEnd(parts[at]);
+            });
+            parts.clear();
+            for (auto const& pair : halves) {
+                std::copy_if(pair.begin(), pair.end(), std::back_inserter(parts),
+                             [](Part const& part) { return part.last - part.first > width; });
+            }
+        }
+    }
+
+private:
+    static constexpr std::size_t manyParts = 64;
+
+    struct Part
+    {
+        std::size_t first = 0;
+        std::size_t last = 0;
+        std::size_t size = 0; ///< that it would have if it were full: 8 times a power of 2
+    };
+
+    std::size_t fullSize() const
+    {
+        std::size_t size = width;
+        while (size < m_points.size()) {
+            size *= 2;
+        }
+        return size;
+    }
+
+    /// Its first half is full, so that leaves and families are full up to the last one.
+    std::array<Part, 2> divided(Part const& part)
+    {
+        m_progress.check();
+        std::size_t size = part.size / 2;
+        while (size >= part.last - part.first) {
+            size /= 2;
+        }
+        std::size_t const middle = part.first + size;
+        select(part, middle, longestSide(part));
+        return {Part{part.first, middle, size}, Part{middle, part.last, size}};
+    }
+
+    std::array<Part, 2> dividedToTheEnd(Part const& part)
+    {
+        std::vector<Part> parts{part};
+        while (!parts.empty()) {
+            Part const next = parts.back();
+            parts.pop_back();
+            if (next.last - next.first > width) {
+                std::array<Part, 2> const halves = divided(next);
+                parts.insert(parts.end(), halves.begin(), halves.end());
+            }
+        }
+        return {};
+    }
+
+    std::size_t longestSide(Part const& part) const
+    {
+        std::array<double, Axes> low;
+        low.fill(infinity);
+        std::array<double, Axes> high;
+        high.fill(-infinity);
+        for (std::size_t at = part.first; at < part.last; ++at) {
+            for (std::size_t axis = 0; axis < Axes; ++axis) {
+                double const coordinate = m_places[at * Axes + axis];
+                low[axis] = std::min(low[axis], coordinate);
+                high[axis] = std::max(high[axis], coordinate);
+            }
+        }
+        std::size_t longest = 0;
+        for (std::size_t axis = 1; axis < Axes; ++axis) {
+            longest = high[axis] - low[axis] > high[longest] - low[longest] ? axis : longest;
+        }
+        return longest;
+    }
+
+    double coordinate(std::size_t at, std::size_t axis) const { return m_places[at * Axes + axis]; }
+
+    void swap(std::size_t a, std::size_t b)
+    {
+        std::swap_ranges(m_places + a * Axes, m_places + (a + 1) * Axes, m_places + b * Axes);
+        std::swap(m_points[a], m_points[b]);
+    }
+
+    /// Puts the points before @p middle that have the smaller coordinates (C. A. R. Hoare, 1961: Find).
+    void select(Part const& part, std::size_t middle, std::size_t axis)
+    {
+        std::size_t first = part.first;
+        std::size_t last = part.last - 1;
+        while (first < last) {
+            m_progress.check();
+            double const pivot = medianOfThree(first, last, axis);
+            std::size_t low = first;
+            std::size_t high = last;
+            while (true) {
+                for (; coordinate(low, axis) < pivot; ++low) {
+                }
+                for (; coordinate(high, axis) > pivot; --high) {
+                }
+                if (low >= high) {
+                    break;
+                }
+                swap(low++, high--);
+            }
+            // Up to high nothing is above the pivot, after it nothing is below.
+            if (middle == high + 1) {
+                return;
+            }
+            if (middle <= high) {
+                last = high;
+            } else {
+                first = high + 1;
+            }
+        }
+    }
+
+    double medianOfThree(std::size_t first, std::size_t last, std::size_t axis) const
+    {
+        double const a = coordinate(first, axis);
+        double const b = coordinate(first + (last - first) / 2, axis);
+        double const c = coordinate(last, axis);
+        return std::max(std::min(a, b), std::min(std::max(a, b), c));
+    }
+
+    double* m_places;
+    std::vector<std::uint32_t>& m_points;
+    Progress const& m_progress;
+};
+
+template <std::size_t Axes>
+class TreeSearch : public NeighborSearch
+{
+public:
+    TreeSearch(PointReader const& reader, std::vector<std::uint32_t> points, Progress const& progress)
+    {
+        m_tree.points = std::move(points);
+        fillLeaves(reader, progress);
+        addLevel(m_tree.leaves, m_tree.points.size(), false, progress);
+        std::size_t nodes = leafCount();
+        while (nodes > width) {
+            addLevel(m_tree.levels.back(), nodes, true, progress);
+            nodes = (nodes + width - 1) / width;
+        }
+    }
+
+    void find(double const* targets, std::size_t count, NeighborChoice const& choice,
+              Neighborhoods& found) const override
+    {
+        found.neighbors.clear();
+        found.begins.assign(1, 0);
+        bool const isOctant = choice.selection == PtSelection_Octant;
+        NearestResult nearest;
+        OctantResult octants;
+        for (std::size_t target = 0; target < count; ++target) {
+            if (isOctant) {
+                findInOctants(targets + target * Axes, choice.count, octants, found);
+            } else {
+                findNearest(targets + target * Axes, choice.count, nearest, found);
+            }
+            found.begins.push_back(found.neighbors.size());
+        }
+    }
+
+    std::uint32_t size() const override { return static_cast<std::uint32_t>(m_tree.points.size()); }
+    std::uint32_t point(std::uint32_t place) const override { return m_tree.points[place]; }
+
+    void read(std::uint32_t place, double* coordinates) const override
+    {
+        double const* const leaf = m_tree.leaves.data() + place / width * Tree<Axes>::leafSize + place % width;
+        for (std::size_t axis = 0; axis < Axes; ++axis) {
+            coordinates[axis] = leaf[axis * width];
+        }
+    }
+
+private:
+    std::size_t leafCount() const { return (m_tree.points.size() + width - 1) / width; }
+
+    void fillLeaves(PointReader const& reader, Progress const& progress)
+    {
+        m_tree.leaves.assign(leafCount() * Tree<Axes>::leafSize, infinity);
+        double* const places = m_tree.leaves.data();
+        parallelFor(static_cast<std::int64_t>(size()), [&](std::int64_t first, std::int64_t last, std::int64_t) {
+            progress.check();
+            for (auto at = static_cast<std::size_t>(first); at < static_cast<std::size_t>(last); ++at) {
+                reader.read(m_tree.points[at], places + at * Axes);
+            }
+        });
+        PointDivision<Axes>(places, m_tree.points, progress).divide();
+        parallelFor(static_cast<std::int64_t>(leafCount()), [&](std::int64_t first, std::int64_t last, std::int64_t) {
+            progress.check();
+            for (auto leaf = static_cast<std::size_t>(first); leaf < static_cast<std::size_t>(last); ++leaf) {
+                transpose(places + leaf * Tree<Axes>::leafSize);
+            }
+        });
+    }
+
+    /// Puts the coordinates of a leaf, point after point, in the order of axes.
+    static void transpose(double* leaf)
+    {
+        std::array<double, Tree<Axes>::leafSize> copy;
+        std::copy_n(leaf, copy.size(), copy.begin());
+        for (std::size_t point = 0; point < width; ++point) {
+            for (std::size_t axis = 0; axis < Axes; ++axis) {
+                leaf[axis * width + point] = copy[point * Axes + axis];
+            }
+        }
+    }
+
+    /// Adds the boxes of all leaves or families of @p parts, which hold @p count points or boxes.
+    void addLevel(std::vector<double> const& parts, std::size_t count, bool areBoxes, Progress const& progress)
+    {
+        std::size_t const boxes = (count + width - 1) / width;
+        std::vector<double> level((boxes + width - 1) / width * Tree<Axes>::familySize);
+        std::size_t const partSize = areBoxes ? Tree<Axes>::familySize : Tree<Axes>::leafSize;
+        auto const fill = [&](std::int64_t first, std::int64_t last, std::int64_t) {
+            progress.check();
+            for (auto box = static_cast<std::size_t>(first); box < static_cast<std::size_t>(last); ++box) {
+                std::size_t const inPart = std::min(count - std::min(count, box * width), width);
+                for (std::size_t axis = 0; axis < Axes; ++axis) {
+                    double const* const low = parts.data() + box * partSize + axis * width * (areBoxes ? 2 : 1);
+                    double const* const high = low + (areBoxes ? width : 0);
+                    double* const target = level.data() + box / width * Tree<Axes>::familySize + 2 * axis * width;
+                    target[box % width] = inPart > 0 ? *std::min_element(low, low + inPart) : infinity;
+                    target[width + box % width] = inPart > 0 ? *std::max_element(high, high + inPart) : -infinity;
+                }
+            }
+        };
+        parallelFor(static_cast<std::int64_t>((boxes + width - 1) / width * width), fill);
+        m_tree.levels.push_back(std::move(level));
+    }
+
+    /// The neighbors of the target before are as many points, so none that is farther away than all of these is needed.
+    double boundFor(double const* target, std::size_t capacity, Neighborhoods const& found) const
+    {
+        std::size_t const last = found.begins.size() - 1;
+        if (last == 0 || found.begins[last] - found.begins[last - 1] != capacity) {
+            return infinity;
+        }
+        double bound = 0.0;
+        for (std::size_t at = found.begins[last - 1]; at < found.begins[last]; ++at) {
+            bound = std::max(bound, squaredDistance(m_tree, found.neighbors[at].place, target));
+        }
+        return bound;
+    }
+
+    void findNearest(double const* target, std::int64_t count, NearestResult& result, Neighborhoods& found) const
+    {
+        auto const capacity = static_cast<std::size_t>(std::min<std::int64_t>(count, size()));
+        result.nearest.reset(capacity, boundFor(target, capacity, found), m_tree.points);
+        searchTree(m_tree, target, result);
+        result.nearest.sort();
+        found.neighbors.insert(found.neighbors.end(), result.nearest.list().begin(), result.nearest.list().end());
+    }
+
+    void findInOctants(double const* target, std::int64_t count, OctantResult& result, Neighborhoods& found) const
+    {
+        constexpr std::int64_t octants = std::int64_t{1} << Axes;
+        std::int64_t const share = count / octants;
+        auto const rest = static_cast<std::size_t>(count % octants);
+        auto const capacity = static_cast<std::size_t>(std::min<std::int64_t>(share + (rest > 0 ? 1 : 0), size()));
+        for (std::size_t octant = 0; octant < octants; ++octant) {
+            result.nearest[octant].reset(capacity, infinity, m_tree.points);
+        }
+        searchTree(m_tree, target, result);
+        std::vector<Neighbor> next; // of each octant that has more than its share
+        auto const begin = static_cast<std::ptrdiff_t>(found.neighbors.size());
+        for (std::size_t octant = 0; octant < octants; ++octant) {
+            result.nearest[octant].sort();
+            std::vector<Neighbor> const& list = result.nearest[octant].list();
+            std::size_t const own = std::min(list.size(), static_cast<std::size_t>(share));
+            found.neighbors.insert(found.neighbors.end(), list.begin(),
+                                   list.begin() + static_cast<std::ptrdiff_t>(own));
+            if (own < list.size()) {
+                next.push_back(list[own]);
+            }
+        }
+        NearestFirst const isBefore{m_tree.points.data()};
+        std::sort(next.begin(), next.end(), isBefore);
+        next.resize(std::min(next.size(), rest));
+        found.neighbors.insert(found.neighbors.end(), next.begin(), next.end());
+        std::sort(found.neighbors.begin() + begin, found.neighbors.end(), isBefore);
+    }
+
+    Tree<Axes> m_tree;
+};
+
+} // namespace
+
+std::unique_ptr<NeighborSearch> NeighborSearch::make(PointReader const& reader, std::vector<std::uint32_t> points,
+                                                     Progress& progress)
+{
+    if (reader.dimensions() == 2) {
+        return std::make_unique<TreeSearch<2>>(reader, std::move(points), progress);
+    }
+    return std::make_unique<TreeSearch<3>>(reader, std::move(points), progress);
+}
+
+} // namespace veldraw::kernel

@@ -1,0 +1,12 @@
+#pragma once
+
+/// @file
+/// For functions with long loops: the compiler makes variants for wide vectors beside the plain one, and the variant for
+/// the processor is chosen when the library is loaded. Results are to be the same on all processors, so a source that uses it
+/// is compiled without fusing multiplications and additions (kernel/CMakeLists.txt).
+
+#if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__) && !defined(__SANITIZE_THREAD__)
+#define VELDRAW_WIDE_LANES(...) __attribute__((target_clones(__VA_ARGS__, "default")))
+#else
+#define VELDRAW_WIDE_LANES(...)
+#endif

@@ -1,0 +1,74 @@
+#include "kernel/operations/InterpolateByInverseDistance.h"
+
+#include "kernel/base/Parallel.h"
+#include "kernel/compute/InverseDistance.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+
+namespace veldraw::kernel {
+
+namespace {
+
+constexpr std::size_t targetsForAllPoints = 64;
+
+} // namespace
+
+std::string InterpolateByInverseDistance::reasonAgainst() const
+{
+    if (!std::isfinite(m_formula.exponent) || m_formula.exponent <= 0.0) {
+        return "The exponent must be above 0.";
+    }
+    if (!std::isfinite(m_formula.minimumDistance) || m_formula.minimumDistance < 0.0) {
+        return "The minimum distance must be at least 0.";
+    }
+    return PointInterpolation::reasonAgainst();
+}
+
+void InterpolateByInverseDistance::estimate(Task const& task, Progress& progress)
+{
+    progress.setTotal(static_cast<std::int64_t>(task.targetPoints.size()));
+    bool const takesAll = choice().selection == PtSelection_All ||
+                          (choice().selection == PtSelection_NearestN &&
+                           choice().count >= static_cast<std::int64_t>(task.sourcePoints.size()));
+    if (takesAll) {
+        averageAll(task, progress);
+    } else {
+        averageNeighbors(task, progress);
+    }
+}
+
+void InterpolateByInverseDistance::averageAll(Task const& task, Progress& progress) const
+{
+    PointColumns const points = task.sourceColumns();
+    InverseDistance const formula(m_formula.minimumDistance * task.scale, m_formula.exponent);
+    auto const read = [&task](std::size_t variable, std::size_t first, std::size_t count, double* values) {
+        task.gather(variable, &task.sourcePoints[first], count, values);
+    };
+    task.forEachBlock(targetsForAllPoints, progress,
+                      [&](std::uint32_t const* targets, std::vector<double> const& places) {
+                          std::vector<double> means;
+                          formula.average(points, places, task.variableCount(), read, means, progress);
+                          for (std::size_t at = 0; at < means.size(); ++at) {
+                              task.store(at % task.variableCount(), targets[at / task.variableCount()], means[at]);
+                          }
+                      });
+}
+
+void InterpolateByInverseDistance::averageNeighbors(Task const& task, Progress& progress) const
+{
+    auto const search = NeighborSearch::make(task.sources, task.sourcePoints, progress);
+    InverseDistance const formula(m_formula.minimumDistance * task.scale, m_formula.exponent);
+    task.forEachBlock(
+        task.blockSize(choice()), progress, [&](std::uint32_t const* targets, std::vector<double> const& places) {
+            Neighborhoods found;
+            std::vector<double> weights;
+            search->find(places.data(), places.size() / static_cast<std::size_t>(task.sources.dimensions()), choice(),
+                         found);
+            formula.weigh(found, weights);
+            task.storeSums(*search, found, weights, targets);
+        });
+}
+
+} // namespace veldraw::kernel

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "kernel/operations/PointInterpolation.h"
+
+namespace veldraw::kernel {
+
+/// "Inverse-Distance Interpolation": each value becomes a mean of source values, each with the weight
+/// max(distance, minimum distance)^-exponent (InverseDistance). With the minimum distance 0 a place at a source point gets the
+/// value there; where several source points coincide with it, their mean.
+///
+/// Refused: as PointInterpolation; an exponent that is not above 0; a negative minimum distance; numbers that are not finite.
+class InterpolateByInverseDistance : public PointInterpolation
+{
+public:
+    struct Formula
+    {
+        double exponent;
+        double minimumDistance; ///< in units of the coordinates
+    };
+
+    InterpolateByInverseDistance(UniqueId frame, NumberSet sources, int destination, NumberSet variables,
+                                 NeighborChoice choice, Formula formula)
+        : PointInterpolation(frame, std::move(sources), destination, std::move(variables), choice)
+        , m_formula(formula)
+    {
+    }
+
+    std::string name() const override { return "Inverse-Distance Interpolation"; }
+    std::string reasonAgainst() const override;
+
+protected:
+    void estimate(Task const& task, Progress& progress) override;
+
+private:
+    void averageAll(Task const& task, Progress& progress) const;
+    void averageNeighbors(Task const& task, Progress& progress) const;
+
+    Formula m_formula;
+};
+
+} // namespace veldraw::kernel

@@ -1,0 +1,290 @@
+#include "kernel/operations/PointInterpolation.h"
+
+#include "kernel/base/Parallel.h"
+#include "kernel/compute/SpatialOrder.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <map>
+#include <numeric>
+#include <stdexcept>
+
+namespace veldraw::kernel {
+
+namespace {
+
+constexpr std::int64_t unitsForALayout = 100000;
+constexpr std::size_t valuesAtATime = 4096;
+constexpr std::int64_t neighborsAtATime = 65536;
+constexpr double hugeValue = 1e280;
+constexpr double divisorOfHugeValues = 0x1p64;
+constexpr int extremeExponent = 400; // squares of larger or smaller coordinates are not numbers of double precision
+
+/// Factor that brings coordinates of extreme size near 1.
+double scaleFor(double largest)
+{
+    int const exponent = largest > 0.0 ? std::ilogb(largest) : 0;
+    return std::abs(exponent) > extremeExponent ? std::ldexp(1.0, -exponent) : 1.0;
+}
+
+} // namespace
+
+/// Variables whose values are at the same places, in the source zones and in the destination.
+struct PointInterpolation::Layout
+{
+    std::vector<ValueLocation_e> sourceLocations;
+    ValueLocation_e destinationLocation;
+    std::vector<InterpolatedField*> fields;
+};
+
+PointInterpolation::PointInterpolation(UniqueId frame, NumberSet sources, int destination, NumberSet variables,
+                                       NeighborChoice choice)
+    : Interpolation(frame, std::move(sources), destination, std::move(variables))
+    , m_choice(choice)
+{
+}
+
+std::string PointInterpolation::reasonAgainst() const
+{
+    if (m_choice.selection != PtSelection_All && m_choice.count < 1) {
+        return "The number of points must be at least 1.";
+    }
+    return Interpolation::reasonAgainst();
+}
+
+std::int64_t PointInterpolation::Task::mergeCoincidentPoints(Progress& progress)
+{
+    sortInSpace(sources, sourcePoints, progress); // equal points follow each other
+    std::array<double, 3> last{};
+    std::size_t kept = 0;
+    for (std::size_t at = 0; at < sourcePoints.size(); ++at) {
+        std::array<double, 3> place{};
+        sources.read(sourcePoints[at], place.data());
+        if (at > 0 && place == last) {
+            m_coincident[sourcePoints[kept - 1]].push_back(sourcePoints[at]);
+        } else {
+            sourcePoints[kept++] = sourcePoints[at];
+        }
+        last = place;
+    }
+    auto const merged = static_cast<std::int64_t>(sourcePoints.size() - kept);
+    sourcePoints.resize(kept);
+    return merged;
+}
+
+PointColumns PointInterpolation::Task::sourceColumns() const
+{
+    PointColumns columns;
+    auto const axes = static_cast<std::size_t>(sources.dimensions());
+    for (std::size_t axis = 0; axis < axes; ++axis) {
+        columns[axis].resize(sourcePoints.size());
+    }
+    parallelFor(static_cast<std::int64_t>(sourcePoints.size()),
+                [&](std::int64_t first, std::int64_t last, std::int64_t) {
+                    for (auto at = static_cast<std::size_t>(first); at < static_cast<std::size_t>(last); ++at) {
+                        std::array<double, 3> place{};
+                        sources.read(sourcePoints[at], place.data());
+                        for (std::size_t axis = 0; axis < axes; ++axis) {
+                            columns[axis][at] = place[axis];
+                        }
+                    }
+                });
+    return columns;
+}
+
+void PointInterpolation::Task::gather(std::size_t variable, std::uint32_t const* points, std::size_t count,
+                                      double* values) const
+{
+    std::size_t const position = m_variables[variable].position;
+    sources.gather(position, points, count, values);
+    double const divisor = m_variables[variable].divisor;
+    if (divisor > 1.0) {
+        std::transform(values, values + count, values, [divisor](double value) { return value / divisor; });
+    }
+    for (std::size_t at = 0; at < count && !m_coincident.empty(); ++at) {
+        auto const others = m_coincident.find(points[at]);
+        if (others != m_coincident.end()) {
+            values[at] += sumOf(position, others->second) / divisor;
+            values[at] /= static_cast<double>(others->second.size() + 1);
+        }
+    }
+}
+
+double PointInterpolation::Task::sumOf(std::size_t position, std::vector<std::uint32_t> const& points) const
+{
+    std::vector<double> values(points.size());
+    sources.gather(position, points.data(), points.size(), values.data());
+    return std::accumulate(values.begin(), values.end(), 0.0);
+}
+
+void PointInterpolation::Task::forEachBlock(std::size_t size, Progress& progress, UseTargets const& use) const
+{
+    auto const axes = static_cast<std::size_t>(targets.dimensions());
+    auto const workOnChunk = [&](std::int64_t begin, std::int64_t end, std::int64_t) {
+        std::vector<double> places;
+        for (auto first = static_cast<std::size_t>(begin); first < static_cast<std::size_t>(end); first += size) {
+            progress.check();
+            std::size_t const count = std::min(size, static_cast<std::size_t>(end) - first);
+            places.resize(count * axes);
+            for (std::size_t at = 0; at < count; ++at) {
+                targets.read(targetPoints[first + at], &places[at * axes]);
+            }
+            use(&targetPoints[first], places);
+            progress.advance(static_cast<std::int64_t>(count));
+        }
+    };
+    parallelFor(static_cast<std::int64_t>(targetPoints.size()), workOnChunk);
+}
+
+std::size_t PointInterpolation::Task::blockSize(NeighborChoice const& choice)
+{
+    return static_cast<std::size_t>(std::clamp<std::int64_t>(neighborsAtATime / choice.count, 1, 512));
+}
+
+void PointInterpolation::Task::storeSums(NeighborSearch const& search, Neighborhoods const& found,
+                                         std::vector<double> const& weights, std::uint32_t const* targetNumbers) const
+{
+    std::vector<std::uint32_t> points(found.neighbors.size());
+    std::transform(found.neighbors.begin(), found.neighbors.end(), points.begin(),
+                   [&search](Neighbor const& neighbor) { return search.point(neighbor.place); });
+    std::vector<double> values(points.size());
+    for (std::size_t variable = 0; variable < m_variables.size(); ++variable) {
+        gather(variable, points.data(), points.size(), values.data());
+        for (std::size_t target = 0; target < found.targetCount(); ++target) {
+            std::size_t const first = found.begins[target];
+            std::size_t const last = found.begins[target + 1];
+            double sum = 0.0;
+            for (std::size_t at = first; at < last; ++at) {
+                sum += weights[at] * values[at];
+            }
+            store(variable, targetNumbers[target], sum);
+        }
+    }
+}
+
+void PointInterpolation::Task::store(std::size_t variable, std::uint32_t target, double estimate) const
+{
+    double const value = estimate * m_variables[variable].divisor;
+    double const largest = std::numeric_limits<double>::max();
+    m_variables[variable].field->set(target, std::clamp(value, -largest, largest));
+}
+
+std::string PointInterpolation::interpolate(Fields const& fields, Progress& progress)
+{
+    m_pointsLeftOut = 0;
+    m_valuesLeftOut = 0;
+    m_targetsLeftOut = 0;
+    std::vector<Layout> const all = layouts(fields);
+    progress.setTotal(progress.done() + unitsForALayout * static_cast<std::int64_t>(all.size()));
+    for (Layout const& layout : all) {
+        Progress part(progress, unitsForALayout);
+        work(layout, part);
+    }
+    std::string text = details();
+    auto const add = [&text](std::int64_t count, std::string const& noun, char const* what) {
+        text += count > 0 ? (text.empty() ? "" : " ") + counted(count, noun) + what : "";
+    };
+    add(m_pointsLeftOut, "source point", " left out: hidden or without a finite place.");
+    add(m_valuesLeftOut, "source value", " left out: not finite.");
+    add(m_targetsLeftOut, "point", " of the destination without a finite place left as before.");
+    return text;
+}
+
+std::vector<PointInterpolation::Layout> PointInterpolation::layouts(Fields const& fields) const
+{
+    std::vector<Layout> all;
+    for (auto const& field : fields) {
+        std::vector<ValueLocation_e> locations;
+        for (int const zone : sources()) {
+            locations.push_back(dataSet().field(zone, field->variable())->location());
+        }
+        auto const isAlike = [&](Layout const& layout) {
+            return layout.destinationLocation == field->location() && layout.sourceLocations == locations;
+        };
+        auto found = std::find_if(all.begin(), all.end(), isAlike);
+        if (found == all.end()) {
+            all.push_back({std::move(locations), field->location(), {}});
+            found = all.end() - 1;
+        }
+        found->fields.push_back(field.get());
+    }
+    return all;
+}
+
+void PointInterpolation::work(Layout const& layout, Progress& progress)
+{
+    SourcePoints sourcePlaces(dimensions());
+    auto location = layout.sourceLocations.begin();
+    for (int const zone : sources()) {
+        std::vector<std::shared_ptr<Buffer const>> buffers;
+        for (InterpolatedField const* const field : layout.fields) {
+            buffers.push_back(values(zone, field->variable()));
+        }
+        sourcePlaces.add(places(zone, *location++), std::move(buffers));
+    }
+    SourcePoints targetPlaces(dimensions());
+    targetPlaces.add(places(destination(), layout.destinationLocation), {});
+    SourcePoints::Selection sources = sourcePlaces.select(false, progress);
+    SourcePoints::Selection targets = targetPlaces.select(true, progress);
+    m_pointsLeftOut = std::max(m_pointsLeftOut, sources.leftOut);
+    m_targetsLeftOut = std::max(m_targetsLeftOut, targets.leftOut);
+    if (targets.points.empty()) {
+        return;
+    }
+    double const scale = scaleFor(std::max(sources.largest, targets.largest));
+    sourcePlaces.setScale(scale);
+    targetPlaces.setScale(scale);
+    sortInSpace(targetPlaces, targets.points, progress);
+    Task common(sourcePlaces, targetPlaces, scale);
+    common.sourcePoints = std::move(sources.points);
+    common.targetPoints = std::move(targets.points);
+    std::vector<Task> const tasks = divide(layout, sourcePlaces, common, progress);
+    for (Task const& task : tasks) {
+        Progress part(progress, unitsForALayout / static_cast<std::int64_t>(tasks.size()));
+        estimate(task, part);
+    }
+}
+
+/// Tasks of the variables that have finite values at the same points.
+std::vector<PointInterpolation::Task> PointInterpolation::divide(Layout const& layout, SourcePoints const& sources,
+                                                                 Task const& common, Progress const& progress)
+{
+    std::map<std::vector<std::uint32_t>, Task> tasks; // by the points that are left out
+    for (std::size_t position = 0; position < layout.fields.size(); ++position) {
+        std::vector<std::uint32_t> leftOut;
+        double largest = 0.0;
+        std::vector<double> block(valuesAtATime);
+        for (std::size_t first = 0; first < common.sourcePoints.size(); first += valuesAtATime) {
+            progress.check();
+            std::size_t const count = std::min(valuesAtATime, common.sourcePoints.size() - first);
+            sources.gather(position, &common.sourcePoints[first], count, block.data());
+            for (std::size_t at = 0; at < count; ++at) {
+                if (std::isfinite(block[at])) {
+                    largest = std::max(largest, std::abs(block[at]));
+                } else {
+                    leftOut.push_back(common.sourcePoints[first + at]);
+                }
+            }
+        }
+        m_valuesLeftOut += static_cast<std::int64_t>(leftOut.size());
+        Task& task = tasks.try_emplace(std::move(leftOut), common.sources, common.targets, common.scale).first->second;
+        task.m_variables.push_back(
+            {position, layout.fields[position], largest > hugeValue ? divisorOfHugeValues : 1.0});
+    }
+    std::vector<Task> result;
+    for (auto& [leftOut, task] : tasks) {
+        std::set_difference(common.sourcePoints.begin(), common.sourcePoints.end(), leftOut.begin(), leftOut.end(),
+                            std::back_inserter(task.sourcePoints));
+        if (task.sourcePoints.empty()) {
+            int const variable = task.m_variables.front().field->variable();
+            throw std::runtime_error("No source point has a finite value of the variable \"" +
+                                     dataSet().variable(variable)->name + "\".");
+        }
+        task.targetPoints = common.targetPoints;
+        result.push_back(std::move(task));
+    }
+    return result;
+}
+
+} // namespace veldraw::kernel

@@ -1,0 +1,113 @@
+#pragma once
+
+#include "kernel/compute/NeighborSearch.h"
+#include "kernel/compute/PointColumns.h"
+#include "kernel/operations/Interpolation.h"
+#include "kernel/operations/SourcePoints.h"
+
+#include <functional>
+#include <unordered_map>
+
+namespace veldraw::kernel {
+
+/// An interpolation that takes the source zones as points, without their cells: InterpolateByInverseDistance and Krige.
+///
+/// Source points that are hidden, without a finite place or without a finite value of a variable are left out. Places of the
+/// destination that are not finite keep their values.
+class PointInterpolation : public Interpolation
+{
+public:
+    std::string reasonAgainst() const override;
+
+protected:
+    /// @param choice PtSelection_All takes all points, whatever the count
+    PointInterpolation(UniqueId frame, NumberSet sources, int destination, NumberSet variables, NeighborChoice choice);
+
+    /// Variables that have finite values at the same source points, and are wanted at the same places.
+    class Task
+    {
+    public:
+        Task(SourcePoints const& sourceReader, SourcePoints const& targetReader, double scaleOfLengths)
+            : sources(sourceReader)
+            , targets(targetReader)
+            , scale(scaleOfLengths)
+        {
+        }
+
+        SourcePoints const& sources;
+        SourcePoints const& targets;
+        double scale; ///< of all coordinates: a power of 2
+
+        std::vector<std::uint32_t> sourcePoints; ///< at least one
+        std::vector<std::uint32_t> targetPoints; ///< those that follow each other are mostly near each other
+
+        std::size_t variableCount() const { return m_variables.size(); }
+
+        /// Keeps one source point of those at the same place, with the means of their values, and sorts the source points in
+        /// space. @return number of points that were merged into others
+        std::int64_t mergeCoincidentPoints(Progress& progress);
+
+        /// The coordinates of the source points.
+        PointColumns sourceColumns() const;
+
+        /// Copies the values of a variable at source points, divided so that no sum of them overflows.
+        void gather(std::size_t variable, std::uint32_t const* points, std::size_t count, double* values) const;
+
+        /// Called with target points and their coordinates, one target after the other.
+        using UseTargets = std::function<void(std::uint32_t const* targets, std::vector<double> const& places)>;
+
+        /// Calls @p use for all targets, on all cores, @p size at a time, and counts them as done.
+        void forEachBlock(std::size_t size, Progress& progress, UseTargets const& use) const;
+
+        /// Number of targets whose neighborhoods are found at a time.
+        static std::size_t blockSize(NeighborChoice const& choice);
+
+        /// Stores the weighted sums of the values of neighbors. Thread-safe.
+        void storeSums(NeighborSearch const& search, Neighborhoods const& found, std::vector<double> const& weights,
+                       std::uint32_t const* targets) const;
+
+        /// Stores an estimate that was computed from such values. Thread-safe.
+        void store(std::size_t variable, std::uint32_t target, double estimate) const;
+
+    private:
+        friend class PointInterpolation;
+
+        struct Variable
+        {
+            std::size_t position; ///< among the variables of the sources
+            InterpolatedField* field;
+            double divisor;
+        };
+
+        double sumOf(std::size_t position, std::vector<std::uint32_t> const& points) const;
+
+        std::vector<Variable> m_variables;
+        std::unordered_map<std::uint32_t, std::vector<std::uint32_t>>
+            m_coincident; ///< points at the place of another one
+    };
+
+    /// Estimates all variables at all targets of a task. @throws Interrupted, std::bad_alloc, std::runtime_error
+    virtual void estimate(Task const& task, Progress& progress) = 0;
+
+    /// More sentences for the report.
+    virtual std::string details() const { return {}; }
+
+    NeighborChoice const& choice() const { return m_choice; }
+
+    std::string interpolate(Fields const& fields, Progress& progress) final;
+
+private:
+    struct Layout;
+
+    std::vector<Layout> layouts(Fields const& fields) const;
+    void work(Layout const& layout, Progress& progress);
+    std::vector<Task> divide(Layout const& layout, SourcePoints const& sources, Task const& common,
+                             Progress const& progress);
+
+    NeighborChoice m_choice;
+    std::int64_t m_pointsLeftOut = 0;
+    std::int64_t m_valuesLeftOut = 0;
+    std::int64_t m_targetsLeftOut = 0;
+};
+
+} // namespace veldraw::kernel

@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
-"""Fails when a message in a help page is not one of the program's.
+"""Fails when a message in a help page is not one of the program's, or the page on saving names other endings than the program writes.
 
 usage: check_help.py ROOT
 
-The messages of a page are the first cells of the table under its heading "Messages".
+The messages of a page are the first cells of the table under its heading "Messages", the endings those of the table with the header
+"Ending".
 """
 import html
 import pathlib
@@ -20,6 +21,28 @@ def messages(page):
         for cell in re.findall(r'(?s)<tr>\s*<td>(.*?)</td>', table):
             found.append(' '.join(html.unescape(re.sub(r'<[^>]+>', '', cell)).split()))
     return found
+
+
+def endings(page):
+    """As help/saving.html lists them."""
+    table = re.search(r'(?s)<tr><th[^>]*>Ending</th>.*?</table>', page)
+    cells = re.findall(r'(?s)<tr>\s*<td>(.*?)</td>', table.group()) if table else []
+    return [ending for cell in cells for ending in re.findall(r'\.(\w+)', cell)]
+
+
+def written_endings(source):
+    """As app/export/WritableFormats.cpp has them in its table."""
+    return [ending for entry in re.findall(r'\{\{"[^"]*", \{([^}]*)\}\}', source) for ending in re.findall(r'"(\w+)"', entry)]
+
+
+def ending_problems(page, source):
+    said, written = endings(page), written_endings(source)
+    if not written:
+        yield 'the table of writable formats has no endings'
+    for ending in sorted(set(written) - set(said)):
+        yield f'saving.html does not say what .{ending} takes'
+    for ending in sorted(set(said) - set(written)):
+        yield f'saving.html: the program does not write .{ending}'
 
 
 def literals(source):
@@ -52,8 +75,9 @@ def main():
     count = sum(len(messages(page)) for page in pages.values())
     if count == 0:
         sys.exit('no help page has a table of messages')
-    found = list(problems(pages, texts))
-    print('\n'.join(found) if found else f'{count} messages, all of them the program\'s')
+    formats = (root / 'app/export/WritableFormats.cpp').read_text(encoding='utf-8')
+    found = list(problems(pages, texts)) + list(ending_problems(pages['saving.html'], formats))
+    print('\n'.join(found) if found else f'{count} messages and {len(written_endings(formats))} endings, all of them the program\'s')
     sys.exit(1 if found else 0)
 
 

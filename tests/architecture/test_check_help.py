@@ -11,6 +11,14 @@ selected</td><td>Select some.</td></tr>
 <tr><td>Axial Rotation &amp; more failed.</td><td>Look.</td></tr></table>
 <table><tr><td>no message</td></tr></table>"""
 
+SAVING = """<table><tr><th align="left">Ending</th><th>What it takes</th></tr>
+<tr><td>.abc</td><td>Everything, as .other</td></tr>
+<tr><td>.de, .fg</td><td>A table</td></tr></table>
+<p>As .png</p>"""
+
+FORMATS = """{{"First", {"abc"}}, writerOf<One>},
+{{"Second", {"de", "fg"}}, writerOf<Two>},"""
+
 
 class Help(unittest.TestCase):
     def found(self, *texts):
@@ -29,6 +37,16 @@ class Help(unittest.TestCase):
 
     def test_a_title_may_stand_in_front(self):
         self.assertEqual(self.found('No zones are selected', 'Axial Rotation', ' & more failed.'), [])
+
+    def test_endings_are_the_first_cells_of_their_table(self):
+        self.assertEqual(check_help.endings(SAVING), ['abc', 'de', 'fg'])
+        self.assertEqual(check_help.written_endings(FORMATS), ['abc', 'de', 'fg'])
+
+    def test_every_ending_that_is_written_is_said_and_no_other(self):
+        self.assertEqual(list(check_help.ending_problems(SAVING, FORMATS)), [])
+        self.assertEqual(len(list(check_help.ending_problems(SAVING, FORMATS.replace('"fg"', '"hi"')))), 2)
+        self.assertEqual(len(list(check_help.ending_problems(SAVING.replace('Ending', 'Name'), FORMATS))), 3)
+        self.assertNotEqual(list(check_help.ending_problems(SAVING, '')), [])
 
 
 if __name__ == '__main__':

@@ -9,12 +9,15 @@
 #include <vtkProperty.h>
 
 #include <algorithm>
+#include <functional>
 
 namespace veldraw::app {
 
 namespace {
 
 using Drawings = DrawingBatch::Drawings;
+
+constexpr char depthOrderName[] = "depth order";
 
 // The same array of all drawings, one after the other.
 template <typename ArrayOf>
@@ -72,6 +75,18 @@ vtkSmartPointer<vtkPolyData> joinedShapes(Drawings const& drawings)
     return all;
 }
 
+// The number of each drawing at all of its points.
+vtkSmartPointer<vtkFloatArray> spread(std::vector<float> const& numbers,
+                                      std::vector<std::shared_ptr<ZoneGeometry const>> const& shapes)
+{
+    auto all = vtkSmartPointer<vtkFloatArray>::New();
+    all->SetName(depthOrderName);
+    for (std::size_t n = 0; n < numbers.size(); ++n)
+        for (vtkIdType count = shapes[n]->drawing().GetNumberOfPoints(); count > 0; --count)
+            all->InsertNextValue(numbers[n]);
+    return all;
+}
+
 } // namespace
 
 DrawingBatch::DrawingBatch(vtkLookupTable& colours)
@@ -109,6 +124,7 @@ void DrawingBatch::showShapes(Drawings const& drawings)
         m_drawing->ShallowCopy(&drawings.front()->surface());
     }
     m_mapper->SetInputData(m_drawing);
+    m_depthOrders.clear();
 }
 
 void DrawingBatch::showColours(Drawings const& drawings)
@@ -124,12 +140,18 @@ void DrawingBatch::showColours(Drawings const& drawings)
     m_drawing->GetCellData()->SetScalars(isNodal ? nullptr : shares.Get());
 }
 
-void DrawingBatch::setDepthOrder(std::size_t position, std::size_t count)
+void DrawingBatch::setDepthOrders(std::vector<float> const& orders)
 {
-    // Up to 50 batches have the distance of 50: if they were nearer, a wall between two of them would not hide the rear one.
-    constexpr double usual = 50.0;
-    double const order = static_cast<double>(count - 1 - position) / std::max(usual, static_cast<double>(count));
-    m_mapper->setDepthOrder(count > 1 ? order : -1.0);
+    bool const areAlike = std::adjacent_find(orders.begin(), orders.end(), std::not_equal_to<>()) == orders.end();
+    m_mapper->setDepthOrder(areAlike && !orders.empty() ? static_cast<double>(orders.front()) : -1.0);
+    m_mapper->setDepthOrderArray(areAlike ? std::string() : depthOrderName);
+    if (areAlike) {
+        m_depthOrders.clear();
+        m_drawing->GetPointData()->RemoveArray(depthOrderName);
+    } else if (orders != m_depthOrders) {
+        m_depthOrders = orders;
+        m_drawing->GetPointData()->AddArray(spread(orders, m_shown));
+    }
 }
 
 void DrawingBatch::styleActor(DrawingStyle const& style, bool mesh)

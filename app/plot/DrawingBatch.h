@@ -23,9 +23,9 @@ public:
     /// Shows @p drawings in this order; there must be at least one. Unchanged drawings are not built again.
     void show(Drawings const& drawings, bool mesh);
 
-    /// Makes one of several surfaces at the same place visible, that of the last batch; without it the picture would flicker
-    /// between them. @param position of this batch among @p count, from 0
-    void setDepthOrder(std::size_t position, std::size_t count);
+    /// Makes one of several surfaces at the same place visible; without it the picture would flicker between them.
+    /// @param orders of each drawing: 0 stands before all others, 1 behind; empty: nothing lies over another
+    void setDepthOrders(std::vector<float> const& orders);
 
     vtkActor* actor() const { return m_actor; }
 
@@ -39,6 +39,7 @@ private:
 
     std::vector<std::shared_ptr<ZoneGeometry const>> m_shown; // must outlive the mapper: memory of cells is theirs
     std::vector<kernel::UniqueId> m_colourings;
+    std::vector<float> m_depthOrders; // of each drawing, where there are several
     vtkSmartPointer<vtkPolyData> m_drawing;
     vtkNew<PartwiseMapper> m_mapper;
     vtkNew<vtkActor> m_actor;

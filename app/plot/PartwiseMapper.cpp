@@ -3,16 +3,25 @@
 #include <QOpenGLContext>
 #include <QOpenGLFunctions>
 #include <vtkActor.h>
+#include <vtkDataObject.h>
 #include <vtkObjectFactory.h>
 #include <vtkOpenGLIndexBufferObject.h>
 #include <vtkProperty.h>
 #include <vtkRenderWindow.h>
 #include <vtkRenderer.h>
+#include <vtkShaderProgram.h>
 
 #include <algorithm>
 #include <cstdint>
 
 namespace veldraw::app {
+
+namespace {
+
+constexpr float depthRoom = 1e-4F;
+constexpr char depthAttribute[] = "depthOrder";
+
+} // namespace
 
 vtkStandardNewMacro(PartwiseMapper)
 
@@ -26,16 +35,43 @@ vtkStandardNewMacro(PartwiseMapper)
            QOpenGLContext::currentContext();
 }
 
+void PartwiseMapper::setDepthOrderArray(std::string const& name)
+{
+    if (name == m_depthOrderArray)
+        return;
+    m_depthOrderArray = name;
+    RemoveVertexAttributeMapping(depthAttribute);
+    if (!name.empty())
+        MapDataArrayToVertexAttribute(depthAttribute, name.c_str(), vtkDataObject::FIELD_ASSOCIATION_POINTS, -1);
+    Modified(); // another shader
+}
+
+// Moves depths as RenderPieceDraw() does, by the point, so that no other drawing call is needed.
+void PartwiseMapper::ReplaceShaderPositionVC(std::map<vtkShader::Type, vtkShader*> shaders, vtkRenderer* renderer,
+                                             vtkActor* actor)
+{
+    if (!m_depthOrderArray.empty()) {
+        std::string source = shaders[vtkShader::Vertex]->GetSource();
+        vtkShaderProgram::Substitute(source, "//VTK::PositionVC::Dec", "in float depthOrder;\n//VTK::PositionVC::Dec");
+        std::string const room = std::to_string(depthRoom);
+        vtkShaderProgram::Substitute(source, "//VTK::PositionVC::Impl",
+                                     "//VTK::PositionVC::Impl\n"
+                                     "gl_Position.z += " +
+                                         room + " * (gl_Position.w * (2.0 * depthOrder - 1.0) - gl_Position.z);\n");
+        shaders[vtkShader::Vertex]->SetSource(source);
+    }
+    Superclass::ReplaceShaderPositionVC(shaders, renderer, actor);
+}
+
 void PartwiseMapper::RenderPieceDraw(vtkRenderer* renderer, vtkActor* actor)
 {
-    constexpr float room = 1e-4F;
     QOpenGLContext* const context = m_depthOrder >= 0.0 ? QOpenGLContext::currentContext() : nullptr;
     if (!context) {
         draw(*renderer, *actor);
         return;
     }
-    float const nearest = room * static_cast<float>(m_depthOrder);
-    context->functions()->glDepthRangef(nearest, 1.0F - room + nearest);
+    float const nearest = depthRoom * static_cast<float>(m_depthOrder);
+    context->functions()->glDepthRangef(nearest, 1.0F - depthRoom + nearest);
     draw(*renderer, *actor);
     context->functions()->glDepthRangef(0.0F, 1.0F);
 }

@@ -1,6 +1,10 @@
 #pragma once
 
 #include <vtkOpenGLPolyDataMapper.h>
+#include <vtkShader.h>
+
+#include <map>
+#include <string>
 
 namespace veldraw::app {
 
@@ -23,6 +27,9 @@ public:
     /// the depths goes; below 0, as at first, leaves the depths alone.
     void setDepthOrder(double order) { m_depthOrder = order; }
 
+    /// Takes such a place for each point from an array of its data with this name; empty, as at first: all are at one place.
+    void setDepthOrderArray(std::string const& name);
+
     void RenderPieceDraw(vtkRenderer* renderer, vtkActor* actor) override;
 
     PartwiseMapper(PartwiseMapper const&) = delete;
@@ -32,6 +39,9 @@ protected:
     PartwiseMapper() = default;
     ~PartwiseMapper() override = default;
 
+    void ReplaceShaderPositionVC(std::map<vtkShader::Type, vtkShader*> shaders, vtkRenderer* renderer,
+                                 vtkActor* actor) override;
+
 private:
     void draw(vtkRenderer& renderer, vtkActor& actor);
     bool drawsLargeSurfaceOnly(vtkRenderer& renderer, vtkActor& actor) const;
@@ -40,6 +50,7 @@ private:
     int m_trianglesInPart = 32768;
     int m_partCount = 0;
     double m_depthOrder = -1.0;
+    std::string m_depthOrderArray;
 };
 
 } // namespace veldraw::app

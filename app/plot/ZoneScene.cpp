@@ -1,6 +1,7 @@
 #include "app/plot/ZoneScene.h"
 
 #include "app/plot/ColourMap.h"
+#include "app/plot/DepthLayers.h"
 
 #include <vtkPropCollection.h>
 
@@ -52,7 +53,6 @@ std::int64_t workOf(GeometryWork::Requests const& requests)
                            });
 }
 
-// Each of few zones does, so that each has a depth of its own among those at the same place.
 bool standsAlone(ZoneDrawing const& drawing, std::size_t count)
 {
     return count <= static_cast<std::size_t>(zonesInBatch) || drawing.surface().GetNumberOfPoints() > mostPointsInBatch;
@@ -63,6 +63,27 @@ bool canShareBatch(ZoneDrawing const& a, ZoneDrawing const& b, std::size_t count
     // By the numbers, so that a zone that comes or goes moves no border.
     return (a.zoneNumber() - 1) / zonesInBatch == (b.zoneNumber() - 1) / zonesInBatch && !standsAlone(a, count) &&
            !standsAlone(b, count) && a.style() == b.style();
+}
+
+// From 0 for what lies before all others to 1 for what lies behind; empty where nothing lies over another.
+std::vector<float> depthOrders(ZoneScene::Drawings const& drawings)
+{
+    std::vector<DepthLayers::Bounds> bounds(drawings.size());
+    for (std::size_t n = 0; n < drawings.size(); ++n)
+        drawings[n]->surface().GetBounds(bounds[n].data());
+    std::vector<int> const layers = DepthLayers::of(bounds);
+    int const top = layers.empty() ? 0 : *std::max_element(layers.begin(), layers.end());
+    if (top == 0)
+        return {};
+    // A few layers stand as near as 50 do: farther apart, a wall between two of them would not hide the rear one. In steps, so
+    // that one more layer moves no other.
+    int most = 50;
+    while (most < top)
+        most *= 2;
+    std::vector<float> orders;
+    for (int const layer : layers)
+        orders.push_back(1.0F - static_cast<float>(layer) / static_cast<float>(most));
+    return orders;
 }
 
 } // namespace
@@ -164,6 +185,7 @@ void ZoneScene::clear()
 
 void ZoneScene::updateBatches(bool mesh)
 {
+    std::vector<float> const orders = depthOrders(m_drawings);
     Batches batches;
     std::vector<vtkActor*> actors;
     for (auto first = m_drawings.begin(); first != m_drawings.end();) {
@@ -176,13 +198,14 @@ void ZoneScene::updateBatches(bool mesh)
         auto const old = m_batches.find(id);
         auto batch = old == m_batches.end() ? std::make_unique<DrawingBatch>(*m_colours) : std::move(old->second);
         batch->show(together, mesh);
+        if (orders.empty())
+            batch->setDepthOrders({});
+        else
+            batch->setDepthOrders(
+                {orders.begin() + (first - m_drawings.begin()), orders.begin() + (last - m_drawings.begin())});
         actors.push_back(batch->actor());
         batches[id] = std::move(batch);
         first = last;
-    }
-    for (auto const& [id, batch] : batches) {
-        auto const place = std::find(actors.begin(), actors.end(), batch->actor());
-        batch->setDepthOrder(static_cast<std::size_t>(place - actors.begin()), actors.size());
     }
     orderActors(actors);
     m_batches = std::move(batches);

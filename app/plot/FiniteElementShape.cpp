@@ -166,11 +166,13 @@ ZoneShape facesFoundByVtk(kernel::Zone const& zone, kernel::Progress const& prog
 // Outer faces of the visible cells, also where the neighbour is hidden.
 ZoneShape withoutHidden(kernel::Zone const& zone, kernel::Progress const& progress)
 {
-    VisibleElements const visible = VisibleElements::of(zone);
+    VisibleElements const visible = VisibleElements::of(zone, progress);
     ZoneShape shape = FiniteElementShape::create(*visible.zone, progress);
-    std::vector<std::int64_t> cells;
-    for (std::int64_t n = 0; n < shape.cellCount(); ++n)
-        cells.push_back(visible.cells[static_cast<std::size_t>(shape.cellOf(n))]);
+    std::vector<std::int64_t> cells(static_cast<std::size_t>(shape.cellCount()));
+    kernel::parallelFor(shape.cellCount(), [&](std::int64_t first, std::int64_t last, std::int64_t) {
+        for (std::int64_t n = first; n < last; ++n)
+            cells[static_cast<std::size_t>(n)] = visible.cells[static_cast<std::size_t>(shape.cellOf(n))];
+    });
     shape.cells = std::move(cells);
     return shape;
 }

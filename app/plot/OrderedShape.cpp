@@ -85,7 +85,7 @@ std::vector<Plane> outerPlanes(kernel::Zone const& zone)
 
 } // namespace
 
-ZoneShape OrderedShape::create(kernel::Zone const& zone, bool asPoints)
+ZoneShape OrderedShape::create(kernel::Zone const& zone, bool asPoints, kernel::Progress const& progress)
 {
     ZoneShape shape;
     std::vector<Plane> const planes = outerPlanes(zone);
@@ -98,7 +98,7 @@ ZoneShape OrderedShape::create(kernel::Zone const& zone, bool asPoints)
         return shape;
     }
     if (zone.hidden(ValueLocation_CellCentered))
-        return VisibleFaces::create(zone);
+        return VisibleFaces::create(zone, progress);
 
     Index points = 0;
     Index cells = 0;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/plot/ZoneShape.h"
+#include "kernel/base/Progress.h"
 #include "kernel/data/Zone.h"
 
 namespace veldraw::app {
@@ -11,7 +12,8 @@ class OrderedShape
 {
 public:
     /// @param asPoints draw the points of a one-dimensional zone rather than the line through them
-    static ZoneShape create(kernel::Zone const& zone, bool asPoints);
+    /// @throws kernel::Interrupted, std::bad_alloc
+    static ZoneShape create(kernel::Zone const& zone, bool asPoints, kernel::Progress const& progress = {});
 };
 
 } // namespace veldraw::app

@@ -1,37 +1,60 @@
 #include "app/plot/VisibleElements.h"
 
+#include "app/plot/GatherInOrder.h"
+
+#include <algorithm>
+
 namespace veldraw::app {
 
 namespace {
 
 using kernel::Connectivity;
+using Numbers = std::vector<std::int64_t>;
 
 struct Lists
 {
-    std::vector<std::int64_t> offsets{0};
-    std::vector<std::int64_t> indices;
+    Numbers offsets{0};
+    Numbers indices;
     std::vector<Connectivity::Shape> shapes;
-    std::vector<std::int64_t> faceOffsets;
+    Numbers faceOffsets;
     std::shared_ptr<Connectivity const> source; // keeps the faces of polyhedra
 };
 
-std::shared_ptr<Connectivity const> some(std::shared_ptr<Connectivity const> const& cells,
-                                         std::vector<std::int64_t> const& numbers)
+// Where the corners of each of some cells begin when they stand one behind the other, with the end.
+Numbers offsetsOf(Connectivity const& cells, Numbers const& numbers)
+{
+    Numbers offsets{0};
+    offsets.reserve(numbers.size() + 1);
+    for (std::int64_t const cell : numbers)
+        offsets.push_back(offsets.back() + cells.offsets[cell + 1] - cells.offsets[cell]);
+    return offsets;
+}
+
+std::shared_ptr<Connectivity const> some(std::shared_ptr<Connectivity const> const& cells, Numbers const& numbers,
+                                         kernel::Progress const& progress)
 {
     auto const lists = std::make_shared<Lists>();
     lists->source = cells;
-    for (std::int64_t const cell : numbers) {
-        lists->indices.insert(lists->indices.end(), cells->indices + cells->offsets[cell],
-                              cells->indices + cells->offsets[cell + 1]);
-        lists->offsets.push_back(static_cast<std::int64_t>(lists->indices.size()));
-        if (cells->shapes)
-            lists->shapes.push_back(cells->shapes[cell]);
-        if (cells->faceOffsets)
-            lists->faceOffsets.push_back(cells->faceOffsets[cell]);
-    }
+    lists->offsets = offsetsOf(*cells, numbers);
+    lists->indices.resize(static_cast<std::size_t>(lists->offsets.back()));
+    lists->shapes.resize(cells->shapes ? numbers.size() : 0);
+    lists->faceOffsets.resize(cells->faceOffsets ? numbers.size() : 0);
+    auto const count = static_cast<std::int64_t>(numbers.size());
+    kernel::parallelFor(count, [&](std::int64_t first, std::int64_t last, std::int64_t) {
+        progress.check();
+        for (auto n = static_cast<std::size_t>(first); n < static_cast<std::size_t>(last); ++n) {
+            std::int64_t const cell = numbers[n];
+            std::copy(cells->indices + cells->offsets[cell], cells->indices + cells->offsets[cell + 1],
+                      lists->indices.data() + lists->offsets[n]);
+            if (cells->shapes)
+                lists->shapes[n] = cells->shapes[cell];
+            if (cells->faceOffsets)
+                lists->faceOffsets[n] = cells->faceOffsets[cell];
+        }
+    });
     auto const result = std::make_shared<Connectivity>();
-    result->cellCount = static_cast<std::int64_t>(numbers.size());
-    result->indexCount = static_cast<std::int64_t>(lists->indices.size());
+    result->cellCount = count;
+    result->indexCount = lists->offsets.back();
     result->offsets = lists->offsets.data();
     result->indices = lists->indices.data();
     result->shapes = cells->shapes ? lists->shapes.data() : nullptr;
@@ -44,15 +67,19 @@ std::shared_ptr<Connectivity const> some(std::shared_ptr<Connectivity const> con
 
 } // namespace
 
-VisibleElements VisibleElements::of(kernel::Zone const& zone)
+VisibleElements VisibleElements::of(kernel::Zone const& zone, kernel::Progress const& progress)
 {
     VisibleElements result;
-    for (std::int64_t cell = 0; cell < zone.connectivity->cellCount; ++cell)
-        if (!zone.isHidden(ValueLocation_CellCentered, cell))
-            result.cells.push_back(cell);
+    auto const hidden = zone.hidden(ValueLocation_CellCentered);
+    auto const find = [&hidden](std::int64_t first, std::int64_t last, auto const& take) {
+        for (std::int64_t cell = first; cell < last; ++cell)
+            if (!hidden || !hidden->contains(cell))
+                take(cell);
+    };
+    result.cells = gatherInOrder(zone.connectivity->cellCount, find, progress);
     auto const visible = std::make_shared<kernel::Zone>(zone.name, zone.type, zone.i,
                                                         static_cast<std::int64_t>(result.cells.size()), zone.k);
-    visible->connectivity = some(zone.connectivity, result.cells);
+    visible->connectivity = some(zone.connectivity, result.cells, progress);
     result.zone = visible;
     return result;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "kernel/base/Progress.h"
 #include "kernel/data/Zone.h"
 
 #include <cstdint>
@@ -15,7 +16,8 @@ struct VisibleElements
     std::vector<std::int64_t> cells;    ///< which cell of the other zone each one is
 
     /// @param zone whose cells name points that exist
-    static VisibleElements of(kernel::Zone const& zone);
+    /// @throws kernel::Interrupted, std::bad_alloc
+    static VisibleElements of(kernel::Zone const& zone, kernel::Progress const& progress);
 };
 
 } // namespace veldraw::app

@@ -217,7 +217,7 @@ void ZoneGeometry::build(ZoneSource const& source, kernel::Progress const& progr
     kernel::Zone const& zone = source.zone();
     if (!m_shape) {
         m_isOfPoints = isScattered(source);
-        m_shape = std::make_shared<ZoneShape>(zone.isOrdered() ? OrderedShape::create(zone, m_isOfPoints)
+        m_shape = std::make_shared<ZoneShape>(zone.isOrdered() ? OrderedShape::create(zone, m_isOfPoints, progress)
                                                                : FiniteElementShape::create(zone, progress));
     }
     progress.check();

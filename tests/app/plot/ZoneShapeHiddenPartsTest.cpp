@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
+#include <omp.h>
 #include <random>
 #include <set>
 #include <tuple>
@@ -55,6 +56,17 @@ std::set<CellFace> shownFacesOf(app::ZoneShape const& shape)
         EXPECT_TRUE(faces.insert(face).second) << "drawn twice";
     }
     return faces;
+}
+
+std::vector<Index> cornersOf(app::ZoneShape const& shape)
+{
+    std::vector<Index> corners;
+    vtkNew<vtkIdList> ids;
+    for (vtkIdType n = 0; n < shape.polygons->GetNumberOfCells(); ++n) {
+        shape.polygons->GetCellAtId(n, ids);
+        corners.insert(corners.end(), ids->begin(), ids->end());
+    }
+    return corners;
 }
 
 /// By asking each cell of a volume on each of its sides whether somebody visible is there.
@@ -161,6 +173,44 @@ TEST(HiddenParts, OfElementsLetTheFacesBehindThemBeSeen)
         all.insert(cell);
     hideCells(zone, all);
     EXPECT_EQ(app::FiniteElementShape::create(zone).cellCount(), 0);
+}
+
+TEST(HiddenParts, LeaveTheSameShapeForEachNumberOfThreads)
+{
+    kernel::Zone block("z", ZoneType_Ordered, 61, 47, 31);
+    hideCells(block, some(block.cellCount(), 5));
+    auto const set = SampleData::bricks(20);
+    kernel::Zone& bricks = *set->zone(1);
+    hideCells(bricks, some(bricks.cellCount(), 5));
+    std::set<CellFace> const expected = expectedFaces(block);
+    int const threads = omp_get_max_threads();
+    std::vector<app::ZoneShape> ofBlock;
+    std::vector<app::ZoneShape> ofBricks;
+    for (int const count : {1, 2, 5}) {
+        omp_set_num_threads(count);
+        ofBlock.push_back(app::OrderedShape::create(block, false));
+        ofBricks.push_back(app::FiniteElementShape::create(bricks));
+    }
+    omp_set_num_threads(threads);
+    EXPECT_EQ(shownFacesOf(ofBlock[0]), expected);
+    for (auto const& shapes : {ofBlock, ofBricks})
+        for (app::ZoneShape const& shape : shapes) {
+            EXPECT_EQ(shape.points, shapes[0].points);
+            EXPECT_EQ(shape.cells, shapes[0].cells);
+            EXPECT_EQ(cornersOf(shape), cornersOf(shapes[0]));
+        }
+}
+
+TEST(HiddenParts, AreNotLookedForAnyMoreWhenNobodyWantsThem)
+{
+    kernel::Progress progress;
+    progress.interrupt();
+    kernel::Zone block("z", ZoneType_Ordered, 5, 5, 5);
+    hideCells(block, {3});
+    EXPECT_THROW(app::OrderedShape::create(block, false, progress), kernel::Interrupted);
+    auto const set = SampleData::triangles(3);
+    hideCells(*set->zone(1), {0, 5});
+    EXPECT_THROW(app::FiniteElementShape::create(*set->zone(1), progress), kernel::Interrupted);
 }
 
 TEST(HiddenParts, OfSurfaceElementsAreLeftOut)

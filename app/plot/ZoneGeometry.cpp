@@ -5,6 +5,7 @@
 #include "app/plot/SmoothNormals.h"
 #include "app/vtk/ProgressObserver.h"
 #include "kernel/base/Parallel.h"
+#include "kernel/compute/PointSequence.h"
 
 #include <vtkFloatArray.h>
 #include <vtkIdList.h>
@@ -29,13 +30,7 @@ bool isFinite(std::array<double, 3> const& position)
     return std::isfinite(position[0]) && std::isfinite(position[1]) && std::isfinite(position[2]);
 }
 
-double distance(std::array<double, 3> const& a, std::array<double, 3> const& b)
-{
-    return std::sqrt((a[0] - b[0]) * (a[0] - b[0]) + (a[1] - b[1]) * (a[1] - b[1]) + (a[2] - b[2]) * (a[2] - b[2]));
-}
-
 // A one-dimensional ordered zone is a curve or a list of scattered points; where its file did not say which, the points tell.
-// On a curve neighbours are close compared with the whole, or there are few and the way along them is short.
 bool isScattered(ZoneSource const& source)
 {
     kernel::Zone const& zone = source.zone();
@@ -45,28 +40,10 @@ bool isScattered(ZoneSource const& source)
         return true;
     if (zone.dimensionality() > 1 || zone.pointCount() < 3)
         return zone.pointCount() < 2;
-    std::array<double, 3> low = {1e30, 1e30, 1e30};
-    std::array<double, 3> high = {-1e30, -1e30, -1e30};
-    std::array<double, 3> last{};
-    double way = 0.0;
-    double longestStep = 0.0;
-    bool first = true;
-    for (std::int64_t n = 0; n < zone.pointCount(); ++n) {
-        auto const here = source.scenePosition(n);
-        if (!isFinite(here))
-            continue;
-        for (std::size_t axis = 0; axis < 3; ++axis) {
-            low[axis] = std::min(low[axis], here[axis]);
-            high[axis] = std::max(high[axis], here[axis]);
-        }
-        double const step = first ? 0.0 : distance(last, here);
-        way += step;
-        longestStep = std::max(longestStep, step);
-        last = here;
-        first = false;
-    }
-    double const diagonal = first ? 0.0 : distance(low, high);
-    return longestStep > 0.2 * diagonal && way > 3.0 * diagonal;
+    kernel::PointSequence points;
+    for (std::int64_t n = 0; n < zone.pointCount(); ++n)
+        points.add(source.scenePosition(n));
+    return points.jump();
 }
 
 // The cells of @p array all of whose points have a place. Counts on through the shape's cells, and notes the kept ones.

@@ -1,45 +1,36 @@
 #include "app/import/formats/table/TableReader.h"
 
 #include "app/import/formats/table/CsvReader.h"
+#include "kernel/compute/PointSequence.h"
 #include "kernel/frames/FrameDefaults.h"
 
-#include <algorithm>
-#include <array>
-#include <cmath>
 #include <cstdint>
 
 namespace veldraw::app {
 
 namespace {
 
-// How the finite values of a column follow one another.
-struct Course
+/// A column as numbers; 0 where there is none.
+class Column
 {
-    std::int64_t up = 0;
-    std::int64_t down = 0;
-    std::int64_t steps = 0; // from one value to the next, the same one or another
+public:
+    Column(ImportedZone const& table, int number)
+        : m_values(number > 0 ? table.fields[static_cast<std::size_t>(number - 1)].field.group()->buffer() : nullptr)
+    {
+    }
 
-    bool varies() const { return up + down > 0; }
-    bool runsOn() const { return std::min(up, down) == 0 && 2 * std::max(up, down) > steps; }
+    double operator()(std::int64_t row) const { return m_values ? m_values->value(row) : 0.0; }
+
+private:
+    std::shared_ptr<kernel::Buffer const> m_values;
 };
 
-Course courseOf(ImportedZone const& table, int column)
+bool isInOrderOf(Column const& time, std::int64_t rows)
 {
-    Course course;
-    if (column == 0)
-        return course;
-    auto const values = table.fields[static_cast<std::size_t>(column - 1)].field.group()->buffer();
-    double before = std::nan("");
-    for (std::int64_t row = 0; row < values->size(); ++row) {
-        double const value = values->value(row);
-        if (!std::isfinite(value))
-            continue;
-        course.up += value > before ? 1 : 0;
-        course.down += value < before ? 1 : 0;
-        course.steps += std::isnan(before) ? 0 : 1;
-        before = value;
-    }
-    return course;
+    kernel::PointSequence moments;
+    for (std::int64_t row = 0; row < rows; ++row)
+        moments.add({time(row), 0.0, 0.0});
+    return moments.runsOnAlong(0);
 }
 
 bool hasScatteredRows(ImportedZone const& table)
@@ -47,14 +38,17 @@ bool hasScatteredRows(ImportedZone const& table)
     kernel::DataSet columns; // the kernel finds coordinates and time by the names of variables
     for (ImportedZone::NamedField const& field : table.fields)
         columns.addVariable(std::make_shared<kernel::Variable>(field.name));
-    if (courseOf(table, kernel::timeByName(columns)).runsOn())
+    std::int64_t const rows = table.zone->i;
+    if (isInOrderOf(Column(table, kernel::timeByName(columns)), rows))
         return false;
-    std::array<Course, 3> courses;
-    std::array<int, 3> const coordinates = kernel::coordinatesByName(columns);
-    std::transform(coordinates.begin(), coordinates.end(), courses.begin(),
-                   [&table](int column) { return courseOf(table, column); });
-    auto const vary = std::count_if(courses.begin(), courses.end(), [](Course const& c) { return c.varies(); });
-    return vary >= 2 && std::none_of(courses.begin(), courses.end(), [](Course const& c) { return c.runsOn(); });
+    auto const [x, y, z] = kernel::coordinatesByName(columns);
+    Column const ofX(table, x);
+    Column const ofY(table, y);
+    Column const ofZ(table, z);
+    kernel::PointSequence points;
+    for (std::int64_t row = 0; row < rows; ++row)
+        points.add({ofX(row), ofY(row), ofZ(row)});
+    return points.arePlaces();
 }
 
 } // namespace

@@ -58,7 +58,9 @@ TEST(CsvImport, TellsPointsInAPlaneOrInSpaceFromCurves)
     EXPECT_TRUE(isScattered("x,y\nnan,0\n1,2\n0,1\ninf,0\n3,0\n")) << "what is no number counts for nothing";
 
     EXPECT_FALSE(isScattered("x,y\n0,5\n1,-5\n2,5\n3,1\n")) << "a curve over X";
-    EXPECT_FALSE(isScattered("x,y,z\n5,0,1\n-5,-1,9\n5,-2,1\n1,-3,9\n")) << "a curve over Y, backwards";
+    EXPECT_TRUE(isScattered("x,y,z\n0,5,1\n1,-5,9\n2,5,1\n3,1,9\n")) << "strewn in space, sorted by X";
+    EXPECT_FALSE(isScattered("x,y,z\n5,0,1\n-5,-1,1\n5,-2,1\n1,-3,1\n")) << "a curve over Y, backwards";
+    EXPECT_FALSE(isScattered("time,x,y,z\n0,0,5,1\n1,1,-5,9\n2,2,5,1\n")) << "a way in space and time";
     EXPECT_FALSE(isScattered("x,y\n0,5\n1,-5\n1,5\n2,1\n3,0\n")) << "a step does not end a curve";
     EXPECT_FALSE(isScattered("x,y,p\n1,0,1\n3,0,2\n2,0,3\n")) << "along one axis";
     EXPECT_FALSE(isScattered("time [s],x,y\n0,5,0\n1,1,1\n2,2,-1\n")) << "a way in time";

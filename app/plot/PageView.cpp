@@ -362,7 +362,7 @@ void PageView::updateOverlay()
                 if (!sentence.isEmpty())
                     sentences << name + QStringLiteral(": ") + sentence;
         }
-    QString const emptyText = tr("Open a file to begin.");
+    QString const emptyText = m_opening.isEmpty() ? tr("Open a file to begin.") : tr("Opening %1…").arg(m_opening);
     setAccessibleDescription(marks.empty() ? emptyText : sentences.join(QLatin1Char('\n')));
     m_overlay->setMarks(std::move(marks), emptyText, m_isBare);
 }
@@ -398,6 +398,13 @@ QRect PageView::plotArea(kernel::UniqueId frame) const
 {
     auto const slot = m_slots.find(frame);
     return slot == m_slots.end() ? QRect() : slot->second.picture;
+}
+
+void PageView::showOpening(QString const& fileName)
+{
+    m_opening = fileName;
+    updateOverlay();
+    m_overlay->repaint(); // the event loop may not run for a while
 }
 
 void PageView::fitActiveFrame()

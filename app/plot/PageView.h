@@ -63,6 +63,9 @@ public:
     /// borders, headers and marks of picked zones. The screen does not change.
     QImage takePicture();
 
+    /// Says on a page without frames that a file is being opened, at once; without a name, how to begin.
+    void showOpening(QString const& fileName);
+
     /// Whether parts of the picture are still being computed in the background.
     bool isDrawing() const;
 
@@ -147,6 +150,7 @@ private:
     vtkNew<vtkRenderer> m_desk;
     std::map<kernel::UniqueId, Slot> m_slots;
     std::vector<FrameView*> m_drawn; // the plots in the window, in their order
+    QString m_opening;               // name of the file
     bool m_isBare = false;           // without borders and headers, while a picture is taken
 
     kernel::UniqueId m_draggedFrame = 0;

@@ -11,6 +11,7 @@ CentralView CentralView::ofPage(kernel::Session& session)
     view.widget = page;
     view.fitActiveFrame = [page] { page->fitActiveFrame(); };
     view.fitAllFrames = [page] { page->fitAllFrames(); };
+    view.showOpening = [page](QString const& fileName) { page->showOpening(fileName); };
     view.grabImage = [page] { return page->takePicture(); };
     return view;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QImage>
+#include <QString>
 
 #include <functional>
 
@@ -19,6 +20,8 @@ struct CentralView
     QWidget* widget = nullptr; ///< becomes the main window's
     std::function<void()> fitActiveFrame = [] {};
     std::function<void()> fitAllFrames = [] {};
+    /// Says that a file is being opened, by its name; empty: none is any more.
+    std::function<void(QString const& fileName)> showOpening = [](QString const&) {};
     /// A picture of the page without borders and headers.
     std::function<QImage()> grabImage = [] { return QImage(); };
 

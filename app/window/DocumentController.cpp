@@ -13,6 +13,7 @@
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QSettings>
 
 #include <functional>
@@ -105,8 +106,11 @@ ImportResult DocumentController::read(QString const& path)
 {
     sdk::AppLock const lock(sdk::AppLock::DoNotRecord);
     sdk::WaitState const busy;
+    QString const name = QFileInfo(path).fileName();
+    Q_EMIT opening(name);
+    auto const end = qScopeGuard([this] { Q_EMIT opening({}); });
     ImportResult result;
-    m_session.runOperation("Open " + QFileInfo(path).fileName().toStdString(),
+    m_session.runOperation("Open " + name.toStdString(),
                            [&](kernel::Progress& progress) { result = m_reader(path, progress); });
     return result;
 }

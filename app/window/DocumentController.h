@@ -69,6 +69,8 @@ Q_SIGNALS:
     /// One sentence for the status bar.
     void told(QString const& text);
     void recentFilesChanged();
+    /// A file is being opened; without a name, none is any more.
+    void opening(QString const& fileName);
     /// A data set has another file now.
     void fileChanged();
 

@@ -86,6 +86,7 @@ MainWindow::~MainWindow()
 void MainWindow::connectParts()
 {
     connect(m_documents.get(), &DocumentController::told, this, &MainWindow::tell);
+    connect(m_documents.get(), &DocumentController::opening, this, m_view.showOpening);
     connect(m_documents.get(), &DocumentController::fileChanged, this, &MainWindow::refresh);
     connect(&m_undo, &UndoActions::done, this, &MainWindow::tell);
     connect(&m_operations, &DataActions::told, this, &MainWindow::tell);

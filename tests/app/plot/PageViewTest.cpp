@@ -40,6 +40,18 @@ TEST(PageView, InvitesToOpenAFileWhenThePageIsEmpty)
     EXPECT_GT(PlotTestPage::pixelsNear(picture, app::PlotTheme::quietText(), 30), 100);
 }
 
+TEST(PageView, SaysOnAnEmptyPageWhichFileIsBeingOpened)
+{
+    PlotTestPage page({});
+    QImage const before = page.picture();
+    page.view().showOpening(QStringLiteral("wing.vtm"));
+    EXPECT_EQ(page.view().accessibleDescription(), QStringLiteral("Opening wing.vtm…"));
+    EXPECT_NE(page.picture("page-opening"), before);
+    page.view().showOpening({});
+    EXPECT_EQ(page.view().accessibleDescription(), QStringLiteral("Open a file to begin."));
+    EXPECT_EQ(page.picture(), before);
+}
+
 TEST(PageView, StandsASessionWithoutAnyPage)
 {
     PlotTestPage page(twoFrames());

@@ -104,6 +104,7 @@ app::CentralView WindowTest::makeView()
     view.widget = new QWidget;
     view.widget->setFocusPolicy(Qt::StrongFocus);
     view.fitActiveFrame = [this] { ++fits; };
+    view.showOpening = [this](QString const& fileName) { openings << fileName; };
     view.grabImage = [] {
         QImage picture(8, 6, QImage::Format_RGB32);
         picture.fill(Qt::blue);

@@ -56,6 +56,7 @@ protected:
     QTemporaryDir folder;
     std::vector<std::string> messages; ///< errors and informations, in order
     int fits = 0;                      ///< calls of the view's fit
+    QStringList openings;              ///< what the view was told to say of files that are being opened
     QWidget* middle = nullptr;
     std::unique_ptr<app::MainWindow> window;
 };

@@ -116,6 +116,21 @@ TEST_F(OpenProgressTest, AddsSeveralFramesAsOneStepOrNone)
     EXPECT_EQ(recent, window->documents().recentFiles().list());
 }
 
+TEST_F(OpenProgressTest, SaysOnThePageWhatIsBeingOpenedUntilItIsOpenOrRefused)
+{
+    QStringList whileReading;
+    reader = [&](kernel::Progress&) {
+        whileReading = openings;
+        return app::ImportResult{makeSeries(), {}};
+    };
+    EXPECT_TRUE(open());
+    EXPECT_EQ(QStringList{QStringLiteral("big.vtu")}, whileReading);
+    EXPECT_EQ((QStringList{QStringLiteral("big.vtu"), QString()}), openings);
+    reader = [](kernel::Progress&) -> app::ImportResult { throw app::ImportError("big.vtu: it is empty"); };
+    EXPECT_FALSE(open());
+    EXPECT_EQ((QStringList{QStringLiteral("big.vtu"), QString()}), openings.mid(2));
+}
+
 TEST_F(OpenProgressTest, IsAnOperationOfTheSessionSoThatNoOtherStarts)
 {
     reader = [this](kernel::Progress&) {

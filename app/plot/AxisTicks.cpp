@@ -47,12 +47,12 @@ AxisTicks AxisTicks::create(double min, double max, int count)
     if (!std::isfinite(min) || !std::isfinite(max) || max < min)
         return {};
     if (min == max)
-        return {{min}, {TickLabels::alone(min)}};
+        return {{min}, TickLabels::exactly({min})};
     // Computed by halves, since the full difference may overflow.
     double const step = (0.5 * max - 0.5 * min) / std::max(count, 1) * 2.0;
     double const largest = std::max(std::abs(min), std::abs(max));
     if (!(step > 0.0) || largest / step > 1e14)
-        return {{min, max}, {TickLabels::alone(min), TickLabels::alone(max)}};
+        return {{min, max}, TickLabels::exactly({min, max})};
     RoundStep const round = roundStep(step);
     double const width = round.times(1.0);
     AxisTicks ticks;

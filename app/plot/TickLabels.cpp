@@ -31,8 +31,20 @@ std::string withPlainExponent(std::string text)
         return text;
     std::string exponent = text.substr(mark + 1);
     std::string const sign = exponent[0] == '-' ? "-" : "";
-    exponent.erase(0, exponent.find_first_not_of("+-0"));
+    exponent.erase(0, std::min(exponent.find_first_not_of("+-0"), exponent.size() - 1));
     return text.substr(0, mark) + "e" + sign + exponent;
+}
+
+// By the fewest digits that read back as the same number. What came as single precision needs no more digits than that.
+std::string shortest(double value, std::chars_format style)
+{
+    char text[400];
+    auto const write = [&](auto number) { return std::to_chars(text, text + sizeof text, number, style).ptr; };
+    auto const single = static_cast<float>(value);
+    if (value == 0.0)
+        return "0"; // a zero may have a sign
+    bool const isSingle = std::isfinite(single) && static_cast<double>(single) == value;
+    return {text, isSingle ? write(single) : write(value)};
 }
 
 std::size_t widest(std::vector<std::string> const& labels)
@@ -83,14 +95,15 @@ std::vector<std::string> TickLabels::of(std::vector<double> const& values, doubl
     return isPlain ? plain : multiples;
 }
 
-std::string TickLabels::alone(double value)
+std::vector<std::string> TickLabels::exactly(std::vector<double> const& values)
 {
-    char text[64];
-    auto const write = [&text](auto number) { return std::to_chars(text, text + sizeof text, number).ptr; };
-    // What came as single precision needs no more digits than that.
-    auto const single = static_cast<float>(value);
-    bool const isSingle = std::isfinite(single) && static_cast<double>(single) == value;
-    return withPlainExponent({text, isSingle ? write(single) : write(value)});
+    std::vector<std::string> plain;
+    std::vector<std::string> scientific;
+    for (double const value : values) {
+        plain.push_back(shortest(value, std::chars_format::fixed));
+        scientific.push_back(value == 0.0 ? "0" : withPlainExponent(shortest(value, std::chars_format::scientific)));
+    }
+    return widest(plain) <= comfortable || widest(plain) < widest(scientific) ? plain : scientific;
 }
 
 } // namespace veldraw::app

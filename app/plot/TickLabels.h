@@ -13,8 +13,8 @@ public:
     /// multiples of one power of ten, such as 0.5e7 and 1.0e7.
     static std::vector<std::string> of(std::vector<double> const& values, double step);
 
-    /// One number for itself, by the fewest digits that read back as the same number, up to 17.
-    static std::string alone(double value);
+    /// Labels of numbers that are not round, all in one style: each by the fewest digits that read back as the same number, up to 17.
+    static std::vector<std::string> exactly(std::vector<double> const& values);
 };
 
 } // namespace veldraw::app

@@ -20,6 +20,12 @@ QString reportedNumber(double value, FieldDataType_e type)
     return QString::fromStdString(text);
 }
 
+// As people write it.
+double withoutSignOfZero(double value)
+{
+    return value == 0.0 ? 0.0 : value;
+}
+
 } // namespace
 
 VariableRange::VariableRange(kernel::DataSet const& dataSet, int variable)
@@ -38,11 +44,11 @@ void VariableRange::add(kernel::Field const& field, kernel::ValueRange const& ra
     if (range.isValid()) {
         bool const isFirst = !m_limits.isValid();
         if (isFirst || range.min < m_limits.min) {
-            m_limits.min = range.min;
+            m_limits.min = withoutSignOfZero(range.min);
             m_minType = field.type();
         }
         if (isFirst || range.max > m_limits.max) {
-            m_limits.max = range.max;
+            m_limits.max = withoutSignOfZero(range.max);
             m_maxType = field.type();
         }
         m_limits.state = range.state;

@@ -111,10 +111,24 @@ TEST(AxisTicks, StandClearOfOneAnother)
 
 TEST(TickLabels, ShowANumberForItselfByItsFewestDigits)
 {
-    EXPECT_EQ(TickLabels::alone(1e6), "1e6");
-    EXPECT_EQ(TickLabels::alone(123456.0), "123456");
-    EXPECT_EQ(TickLabels::alone(-1e-7), "-1e-7");
-    EXPECT_EQ(TickLabels::alone(1.0 / 3.0), "0.3333333333333333");
+    auto const alone = [](double value) { return TickLabels::exactly({value}).front(); };
+    EXPECT_EQ(alone(1e6), "1e6");
+    EXPECT_EQ(alone(1e10), "1e10");
+    EXPECT_EQ(alone(123456.0), "123456");
+    EXPECT_EQ(alone(-1e-7), "-1e-7");
+    EXPECT_EQ(alone(1.0 / 3.0), "0.3333333333333333");
+    EXPECT_EQ(alone(-0.0), "0");
+    EXPECT_EQ(alone(std::numeric_limits<double>::max()), "1.7976931348623157e308");
+}
+
+TEST(TickLabels, ShowNumbersThatAreHardlyApartInOneStyle)
+{
+    double const million = 1e6;
+    EXPECT_THAT(TickLabels::exactly({std::nextafter(million, 0.0), million}),
+                ElementsAre("999999.9999999999", "1000000"));
+    EXPECT_THAT(TickLabels::exactly({1e20, std::nextafter(1e20, 2e20)}), ElementsAre("1e20", "1.0000000000000002e20"));
+    EXPECT_THAT(TickLabels::exactly({-0.0, 5e-324}), ElementsAre("0", "5e-324"));
+    EXPECT_THAT(labels(std::nextafter(1e-5, 0.0), 1e-5), ElementsAre("9.999999999999999e-6", "1e-5"));
 }
 
 } // namespace veldraw::tests

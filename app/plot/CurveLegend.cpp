@@ -144,8 +144,10 @@ void CurveLegend::arrange(std::size_t columns)
     auto const shown = static_cast<double>(ceilOfQuotient(m_cells.size(), rows));
     QSizeF const content(shown * m_columnWidth + (shown - 1.0) * columnGap * m_ratio, contentHeight());
     QSizeF const size = content + 2.0 * padding * m_ratio * QSizeF(1.0, 1.0);
-    m_box = QRectF(
+    QRectF const exact(
         QPointF(0.5 * (m_area.width() - size.width()), m_area.height() - boxMargin * m_ratio - size.height()), size);
+    // Lines between two pixels are lost at some sizes: sides go through the middles of pixels.
+    m_box = QRectF(exact.toRect()).translated(0.5, 0.5);
 }
 
 // Of one line each.

@@ -180,8 +180,12 @@ void SpaceAxes::labelEdge(std::size_t axis, Edge const& edge)
     if (QPointF::dotProduct(outward, middle - project({0.0, 0.0, 0.0})) < 0.0)
         outward = -outward;
     double const length = std::hypot(to.x() - from.x(), to.y() - from.y());
-    if (length < 24.0 * m_ratio)
+    if (length < m_ratio)
+        return; // looked along
+    if (length < 24.0 * m_ratio) {
+        addNameOfShortEdge(m_names[axis], middle, outward);
         return;
+    }
 
     int const number = static_cast<int>(axis);
     AxisTicks const ticks = AxisTicks::create(m_space.min(number), m_space.max(number), roughTickCount);
@@ -245,12 +249,34 @@ void SpaceAxes::addName(QString const& name, QPointF const& at, QPointF const& o
     show(actor, fit.text, at, outward, true);
 }
 
+// It has no numbers, and those of the other axes are near: the name stands where there is room beside its edge.
+void SpaceAxes::addNameOfShortEdge(QString const& name, QPointF const& middle, QPointF const& outward)
+{
+    vtkTextActor& actor = nextText();
+    PlotTheme::apply(*actor.GetTextProperty(), PlotTheme::text(), PlotTheme::titleSize, true);
+    QSizeF const size = TextFit::sizeOf(name, *actor.GetTextProperty(), m_ratio);
+    QPointF const aside(-outward.y(), outward.x());
+    for (double distance = 12.0; distance < 90.0; distance += 8.0)
+        for (QPointF const& direction : {outward, unit(outward + aside), unit(outward - aside), aside, -aside}) {
+            QPointF const at = middle + direction * (distance * m_ratio);
+            if (isFree(roomFor(size, at, direction))) {
+                addName(name, at, direction);
+                return;
+            }
+        }
+    addName(name, middle + outward * (12.0 * m_ratio), outward);
+}
+
+bool SpaceAxes::isFree(QRectF const& room) const
+{
+    return std::none_of(m_taken.begin(), m_taken.end(),
+                        [&room](QRectF const& taken) { return taken.intersects(room); });
+}
+
 void SpaceAxes::show(vtkTextActor& actor, QString const& text, QPointF const& at, QPointF const& outward, bool always)
 {
     QRectF const room = roomFor(TextFit::sizeOf(text, *actor.GetTextProperty(), m_ratio), at, outward);
-    bool const isFree =
-        std::none_of(m_taken.begin(), m_taken.end(), [&room](QRectF const& r) { return r.intersects(room); });
-    if (!always && !isFree)
+    if (!always && !isFree(room))
         return;
     m_taken.push_back(room);
     actor.SetInput(text.toUtf8().constData());

@@ -52,6 +52,8 @@ private:
     /// Leaves a number out that would cover another text.
     void addNumber(std::string const& text, QPointF const& at, QPointF const& outward);
     void addName(QString const& name, QPointF const& at, QPointF const& outward);
+    void addNameOfShortEdge(QString const& name, QPointF const& middle, QPointF const& outward);
+    bool isFree(QRectF const& room) const;
     void show(vtkTextActor& actor, QString const& text, QPointF const& at, QPointF const& outward, bool always);
     vtkTextActor& nextText();
     QRectF roomFor(QSizeF const& size, QPointF const& at, QPointF const& outward) const;

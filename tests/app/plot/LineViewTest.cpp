@@ -214,6 +214,20 @@ TEST(CurveLegend, IsNotCoveredByWhatIsSaidOfAMissingCurve)
     }
 }
 
+TEST(CurveLegend, StandsInABoxWithAllItsSidesWhateverTheSize)
+{
+    for (int width = 500; width < 512; ++width) {
+        auto const page = curves(2, " force", {width, 400 + width % 5});
+        QImage const plot = page->plot(0, "line-legend-box-" + std::to_string(width));
+        QImage const drawn = legendIn(plot, page->lines());
+        int sides = 0;
+        for (int x = 0; x < drawn.width(); ++x)
+            sides += PlotTestPage::pixelsNear(drawn.copy(x, 0, 1, drawn.height()), app::PlotTheme::border(), 24) >
+                     drawn.height() / 2;
+        EXPECT_EQ(sides, 2) << width;
+    }
+}
+
 TEST(CurveLegend, LeavesATinyFrameToTheCurves)
 {
     auto const page = curves(2, longCurve, {420, 110});

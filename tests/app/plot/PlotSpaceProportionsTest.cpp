@@ -62,6 +62,18 @@ TEST(Proportions, AThinPlateKeepsItsOwn)
     EXPECT_EQ(page.message(), QString());
 }
 
+TEST(Proportions, OfAThinPlateLeaveRoomForTheNameOfItsShortAxis)
+{
+    auto const set = plate(300.0, 150.0, 2.0);
+    PlotTestPage page({SampleData::frame("Plate", set, PlotType_Cartesian3D)});
+    QImage const before = page.plot();
+    ASSERT_TRUE(page.session().perform(kernel::RenameVariable(*set, 3, "thickness")));
+    QImage const after = page.plot(0, "plate-short-axis");
+    int const letters = PlotTestPage::pixelsNear(after, app::PlotTheme::text(), 60) -
+                        PlotTestPage::pixelsNear(before, app::PlotTheme::text(), 60);
+    EXPECT_GT(letters, 100);
+}
+
 TEST(Proportions, AreGivenUpOnRequestAndTheFrameSaysSo)
 {
     PlotTestPage page({SampleData::frame("Plate", plate(300.0, 150.0, 2.0), PlotType_Cartesian3D)});

@@ -21,6 +21,24 @@ namespace {
 constexpr float depthRoom = 1e-4F;
 constexpr char depthAttribute[] = "depthOrder";
 
+// Where a mesh is drawn, VTK widens each triangle by the line but leaves the depths of its corners, which tilts it, small ones more than
+// large ones. Its corners are put back into its plane, so that surfaces at the same place stay there.
+void keepDepthOfWidenedTriangles(vtkShader& shader)
+{
+    std::string const widening = "gl_Position.xy = gl_Position.xy + offsets[i]*gl_Position.w;";
+    std::string source = shader.GetSource();
+    vtkShaderProgram::Substitute(
+        source, widening,
+        widening + "\nvec3 a = gl_in[0].gl_Position.xyz / gl_in[0].gl_Position.w;\n"
+                   "vec3 b = gl_in[1].gl_Position.xyz / gl_in[1].gl_Position.w;\n"
+                   "vec3 c = gl_in[2].gl_Position.xyz / gl_in[2].gl_Position.w;\n"
+                   "vec3 across = cross(b - a, c - a);\n"
+                   "vec2 slope = across.z == 0.0 ? vec2(0.0) : -across.xy / across.z;\n"
+                   "float reach = max(a.z, max(b.z, c.z)) - min(a.z, min(b.z, c.z));\n"
+                   "gl_Position.z += clamp(dot(slope, offsets[i]), -reach, reach) * gl_Position.w;\n");
+    shader.SetSource(source);
+}
+
 } // namespace
 
 vtkStandardNewMacro(PartwiseMapper)
@@ -60,6 +78,7 @@ void PartwiseMapper::ReplaceShaderPositionVC(std::map<vtkShader::Type, vtkShader
                                          room + " * (gl_Position.w * (2.0 * depthOrder - 1.0) - gl_Position.z);\n");
         shaders[vtkShader::Vertex]->SetSource(source);
     }
+    keepDepthOfWidenedTriangles(*shaders[vtkShader::Geometry]);
     Superclass::ReplaceShaderPositionVC(shaders, renderer, actor);
 }
 

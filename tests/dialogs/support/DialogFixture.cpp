@@ -91,10 +91,18 @@ QPushButton& DialogFixture::actionButton()
     throw std::logic_error("there is no button " + traits.action);
 }
 
-void DialogFixture::clickRow(int row, Qt::KeyboardModifiers modifiers)
+void DialogFixture::clickRowOf(QAbstractItemView& view, int row, Qt::KeyboardModifiers modifiers)
 {
-    QRect const place = view().visualRect(view().model()->index(row, 0));
-    QTest::mouseClick(view().viewport(), Qt::LeftButton, modifiers, place.center());
+    QRect const place = view.visualRect(view.model()->index(row, 0));
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, modifiers, place.center());
+}
+
+void DialogFixture::selectForAction()
+{
+    clickRow(0);
+    if (traits.selectMore)
+        traits.selectMore(dialog());
+    IdleDispatcher::flush();
 }
 
 void DialogFixture::clickAction()
@@ -107,13 +115,13 @@ void DialogFixture::clickClose()
     QTest::mouseClick(buttonBox().button(QDialogButtonBox::Close), Qt::LeftButton);
 }
 
-std::vector<std::string> DialogFixture::rows()
+std::vector<std::string> DialogFixture::rowsOf(QAbstractItemView const& view)
 {
     IdleDispatcher::flush();
     std::vector<std::string> texts;
-    for (int row = 0; row < view().model()->rowCount(); ++row) {
-        QModelIndex const index = view().model()->index(row, 0);
-        std::string const mark = view().selectionModel()->isSelected(index) ? "*" : "";
+    for (int row = 0; row < view.model()->rowCount(); ++row) {
+        QModelIndex const index = view.model()->index(row, 0);
+        std::string const mark = view.selectionModel()->isSelected(index) ? "*" : "";
         texts.push_back(mark + index.data().toString().toStdString());
     }
     return texts;

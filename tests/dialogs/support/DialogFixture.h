@@ -41,12 +41,16 @@ protected:
     bool hasAction() const { return !traits.action.empty(); }
     QPushButton& actionButton();
 
-    void clickRow(int row, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    void clickRow(int row, Qt::KeyboardModifiers modifiers = Qt::NoModifier) { clickRowOf(view(), row, modifiers); }
+    static void clickRowOf(QAbstractItemView& view, int row, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    /// Selects what a button needs that is disabled otherwise.
+    void selectForAction();
     void clickAction();
     void clickClose();
 
     /// Texts of all rows, selected ones with a star.
-    std::vector<std::string> rows();
+    std::vector<std::string> rows() { return rowsOf(view()); }
+    static std::vector<std::string> rowsOf(QAbstractItemView const& view);
 
     std::vector<std::string> zoneNames() const;
     std::vector<std::string> variableNames() const;

@@ -139,8 +139,7 @@ TEST_P(DialogActionLifecycleTest, EndsTheBindingOfItsButtonInTurn)
     });
     if (traits.actionNeedsSelection) {
         launched();
-        clickRow(0);
-        IdleDispatcher::flush();
+        selectForAction();
         EXPECT_TRUE(button.isEnabled());
     } else {
         clickAction();
@@ -303,8 +302,7 @@ TEST_P(DialogLifecycleTest, CannotBeUsedWithoutADataSet)
 {
     launched();
     if (traits.actionNeedsSelection)
-        clickRow(0);
-    IdleDispatcher::flush();
+        selectForAction();
     EXPECT_TRUE(view().isEnabled());
     EXPECT_TRUE(!hasAction() || actionButton().isEnabled());
     sample.session().clear();

@@ -38,8 +38,9 @@ struct DialogTraits
     PlotType_e plotType = PlotType_Sketch;      ///< of the frame; for dialogs that want a field plot
     std::vector<std::string> repeatedMnemonics; ///< where the form's own texts share a letter
     bool actionNeedsSelection = false; ///< the button is disabled, instead of refusing, while nothing is chosen
-    bool defersVariables = false;      ///< all values wait to be loaded
-    bool bindsActionBeforeList = true; ///< which of the two bindings is made, and ends, first
+    void (*selectMore)(QDialog& dialog) = nullptr; ///< what the button needs besides a row; null for nothing
+    bool defersVariables = false;                  ///< all values wait to be loaded
+    bool bindsActionBeforeList = true;             ///< which of the two bindings is made, and ends, first
     /// Object names of combo boxes and lists in the order in which their bindings are made; the list alone when empty.
     std::vector<std::string> boundInOrder;
 };

@@ -1,5 +1,6 @@
 #include "app/window/DataOperation.h"
 
+#include "dialogs/interpolation/InverseDistanceInterpolationDialog.h"
 #include "dialogs/spreadsheet/DataSpreadsheetDialog.h"
 #include "dialogs/variableops/DeleteVariableDialog.h"
 #include "dialogs/variableops/LoadVariablesDialog.h"
@@ -43,6 +44,8 @@ std::vector<DataOperation> const& dataOperations()
         {"deleteVariableAction", "&Delete Variable...", &DeleteVariableDialog::relevance,
          &dialog<DeleteVariableDialog>},
         {"loadVariableAction", "&Load Variable...", &LoadVariablesDialog::relevance, &loadVariablesDialog},
+        {"inverseDistanceInterpolationAction", "&Inverse-Distance Interpolation...",
+         &InverseDistanceInterpolationDialog::relevance, &dialog<InverseDistanceInterpolationDialog>},
         {"dataSpreadsheetAction", "Data &Spreadsheet...", &DataSpreadsheetDialog::relevance,
          &dialog<DataSpreadsheetDialog>},
     };

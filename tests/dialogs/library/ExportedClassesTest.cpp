@@ -1,3 +1,4 @@
+#include "dialogs/interpolation/InverseDistanceInterpolationDialog.h"
 #include "dialogs/spreadsheet/DataSpreadsheetDialog.h"
 #include "dialogs/variableops/DeleteVariableDialog.h"
 #include "dialogs/variableops/LoadVariablesDialog.h"
@@ -18,6 +19,7 @@ using dialogs::data::AxialRotationDialog;
 using dialogs::data::CreateMirrorZoneDialog;
 using dialogs::data::DeleteVariableDialog;
 using dialogs::data::DuplicateZoneDialog;
+using dialogs::data::InverseDistanceInterpolationDialog;
 using dialogs::data::LoadVariablesDialog;
 using sdk::ui::dialogs::DataSpreadsheetDialog;
 
@@ -45,6 +47,7 @@ TEST(DialogLibrary, GivesTheApplicationItsDialogsThroughTheCommonInterface)
     expectDrivenThroughTheCommonInterface<CreateMirrorZoneDialog>();
     expectDrivenThroughTheCommonInterface<DeleteVariableDialog>();
     expectDrivenThroughTheCommonInterface<DuplicateZoneDialog>();
+    expectDrivenThroughTheCommonInterface<InverseDistanceInterpolationDialog>();
     expectDrivenThroughTheCommonInterface<LoadVariablesDialog>(1);
     expectDrivenThroughTheCommonInterface<DataSpreadsheetDialog>();
 }

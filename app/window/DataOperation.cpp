@@ -1,6 +1,7 @@
 #include "app/window/DataOperation.h"
 
 #include "dialogs/interpolation/InverseDistanceInterpolationDialog.h"
+#include "dialogs/interpolation/KrigingDialog.h"
 #include "dialogs/spreadsheet/DataSpreadsheetDialog.h"
 #include "dialogs/variableops/DeleteVariableDialog.h"
 #include "dialogs/variableops/LoadVariablesDialog.h"
@@ -46,6 +47,7 @@ std::vector<DataOperation> const& dataOperations()
         {"loadVariableAction", "&Load Variable...", &LoadVariablesDialog::relevance, &loadVariablesDialog},
         {"inverseDistanceInterpolationAction", "&Inverse-Distance Interpolation...",
          &InverseDistanceInterpolationDialog::relevance, &dialog<InverseDistanceInterpolationDialog>},
+        {"krigingAction", "&Kriging...", &KrigingDialog::relevance, &dialog<KrigingDialog>},
         {"dataSpreadsheetAction", "Data &Spreadsheet...", &DataSpreadsheetDialog::relevance,
          &dialog<DataSpreadsheetDialog>},
     };

@@ -1,4 +1,5 @@
 #include "dialogs/interpolation/InverseDistanceInterpolationDialog.h"
+#include "dialogs/interpolation/KrigingDialog.h"
 #include "dialogs/spreadsheet/DataSpreadsheetDialog.h"
 #include "dialogs/variableops/DeleteVariableDialog.h"
 #include "dialogs/variableops/LoadVariablesDialog.h"
@@ -20,6 +21,7 @@ using dialogs::data::CreateMirrorZoneDialog;
 using dialogs::data::DeleteVariableDialog;
 using dialogs::data::DuplicateZoneDialog;
 using dialogs::data::InverseDistanceInterpolationDialog;
+using dialogs::data::KrigingDialog;
 using dialogs::data::LoadVariablesDialog;
 using sdk::ui::dialogs::DataSpreadsheetDialog;
 
@@ -48,6 +50,7 @@ TEST(DialogLibrary, GivesTheApplicationItsDialogsThroughTheCommonInterface)
     expectDrivenThroughTheCommonInterface<DeleteVariableDialog>();
     expectDrivenThroughTheCommonInterface<DuplicateZoneDialog>();
     expectDrivenThroughTheCommonInterface<InverseDistanceInterpolationDialog>();
+    expectDrivenThroughTheCommonInterface<KrigingDialog>();
     expectDrivenThroughTheCommonInterface<LoadVariablesDialog>(1);
     expectDrivenThroughTheCommonInterface<DataSpreadsheetDialog>();
 }

@@ -1,0 +1,84 @@
+#include "kernel/operations/EnableZone.h"
+#include "tests/dialogs/interpolation/KrigingFixture.h"
+#include "tests/dialogs/support/DialogLifecycleTest.h"
+#include "tests/dialogs/support/FakeStateChange.h"
+
+#include <QPointer>
+
+#include <gmock/gmock.h>
+
+namespace veldraw::tests {
+
+INSTANTIATE_TEST_SUITE_P(Kriging, DialogLifecycleTest, testing::Values(kriging()));
+INSTANTIATE_TEST_SUITE_P(Kriging, DialogActionLifecycleTest, testing::Values(kriging()));
+
+namespace {
+
+using KrigingLifecycleTest = KrigingFixture;
+
+TEST_F(KrigingLifecycleTest, BindsItsFieldsInOrder)
+{
+    AdditionsToWidgets const additions;
+    dialog();
+    EXPECT_THAT(additions.names, testing::ElementsAre(traits.list, variables, destination, pointSelection, drift, range,
+                                                      zeroValue, numberOfPoints));
+}
+
+TEST_F(KrigingLifecycleTest, HandsOutTheRuleOfItsManager)
+{
+    EXPECT_EQ(traits.relevance(), KrigingPropertiesManager::relevance());
+}
+
+TEST_F(KrigingLifecycleTest, AsksItsRuleAgainWhenTheEngineOrThePlotTypeChange)
+{
+    int signals = 0;
+    boost::signals2::scoped_connection const listening =
+        traits.relevance()->connectRelevanceChanged([&signals] { ++signals; });
+    for (int const kind : {StateChange_VariablesEnabled, StateChange_ZonesEnabled, StateChange_FrameDataSet,
+                           StateChange_NewActiveFrame, StateChange_StateRestored}) {
+        signals = 0;
+        FakeStateChange(kind).send();
+        EXPECT_EQ(signals, 1) << "kind " << kind;
+    }
+    signals = 0;
+    FakeStateChange(StateChange_ValuesAltered).send();
+    EXPECT_EQ(signals, 0);
+    FakeStateChange(StateChange_Style, {"PlotType"}).send();
+    EXPECT_EQ(signals, 1);
+}
+
+TEST_F(KrigingLifecycleTest, NeedsASecondZone)
+{
+    launched();
+    sample.session().perform(kernel::EnableZone(sample.dataSet(), 2, false));
+    IdleDispatcher::flush();
+    EXPECT_TRUE(list().isEnabled());
+    sample.session().perform(kernel::EnableZone(sample.dataSet(), 3, false));
+    IdleDispatcher::flush();
+    EXPECT_FALSE(list().isEnabled());
+}
+
+TEST_F(KrigingLifecycleTest, LetsGoOfItsSettingsWhichLiveOn)
+{
+    launched();
+    choose(pointSelection, 2);
+    delete &dialog();
+    KrigingPropertiesManager::krigPtSelection()->setValue(PtSelection_NearestN);
+    KrigingPropertiesManager::krigRange()->setValue(0.5);
+    EXPECT_EQ(IdleDispatcher::pendingCount(), 0);
+}
+
+TEST_F(KrigingLifecycleTest, MayBeDestroyedWhenAChoiceIsMade)
+{
+    launched();
+    QPointer<QDialog> const doomed = &dialog();
+    boost::signals2::scoped_connection const listening =
+        KrigingPropertiesManager::krigDrift()->connectValueChanged([&doomed](Drift_e) { doomed->deleteLater(); });
+    choose(drift, 2);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(doomed.isNull());
+    EXPECT_EQ(KrigingPropertiesManager::krigDrift()->value(), Drift_Quadratic);
+}
+
+} // namespace
+} // namespace veldraw::tests

@@ -4,6 +4,7 @@
 #include "kernel/compute/Rotation.h"
 #include "kernel/operations/DuplicateZonesAxially.h"
 #include "kernel/operations/InterpolateByInverseDistance.h"
+#include "kernel/operations/InterpolateLinearly.h"
 #include "kernel/operations/Krige.h"
 #include "kernel/operations/MirrorZones.h"
 #include "kernel/operations/RotateZones.h"
@@ -108,9 +109,9 @@ bool VelUtilInverseDistInterpolation(Set_s* sourceZones, int destinationZone, Se
         if (ptSelection < PtSelection_All || ptSelection > PtSelection_Octant) {
             return session().refuse(noSelection);
         }
-        return session().perform(InterpolateByInverseDistance(
-            frame->id, sourceZones->members, destinationZone, variables->members,
-            {static_cast<PtSelection_e>(ptSelection), numPoints}, {exponent, minRadius}));
+        return session().perform(
+            InterpolateByInverseDistance(frame->id, sourceZones->members, destinationZone, variables->members,
+                                         {static_cast<PtSelection_e>(ptSelection), numPoints}, {exponent, minRadius}));
     });
 }
 
@@ -131,5 +132,21 @@ bool VelUtilKrig(Set_s* sourceZones, int destinationZone, Set_s* variables, doub
         return session().perform(Krige(frame->id, sourceZones->members, destinationZone, variables->members,
                                        {static_cast<PtSelection_e>(ptSelection), numPoints},
                                        {range, zeroValue, static_cast<Drift_e>(drift)}));
+    });
+}
+
+bool VelUtilLinearInterpolate(Set_s* sourceZones, int destinationZone, Set_s* variables, double constant, int mode)
+{
+    return api::answerOr(false, [&] {
+        std::shared_ptr<Frame> const frame = session().activeFrame();
+        if (char const* const reason = reasonAgainstInterpolation(frame.get(), sourceZones, variables)) {
+            return session().refuse(reason);
+        }
+        if (mode != LinearInterpMode_DontChange && mode != LinearInterpMode_SetToConstant) {
+            return session().refuse("There is no such mode for points outside.");
+        }
+        return session().perform(InterpolateLinearly(frame->id, sourceZones->members, destinationZone,
+                                                     variables->members, constant,
+                                                     static_cast<LinearInterpMode_e>(mode)));
     });
 }

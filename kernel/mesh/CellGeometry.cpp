@@ -43,8 +43,10 @@ void CellGeometry::read(ZoneCells const& cells, Cell const& cell)
                    [&cells](std::int64_t corner) { return cells.point(corner); });
     if (consistsOfParts(cell.shape)) {
         prepareParts();
+        m_isFlat = std::all_of(m_parts.begin(), m_parts.end(), [](Part const& part) { return part.map.isFlat(); });
     } else {
         m_map.set(cell.shape, m_corners.data());
+        m_isFlat = m_map.isFlat();
     }
 }
 

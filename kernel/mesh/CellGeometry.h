@@ -38,6 +38,9 @@ public:
     /// Takes a cell that has corners, all of them with finite coordinates.
     void read(ZoneCells const& cells, Cell const& cell);
 
+    /// Whether the cell contains nothing.
+    bool isFlat() const { return m_isFlat; }
+
     /// Where in the cell a point is; nothing when it is outside.
     std::optional<Place> locate(Point const& point) const;
 
@@ -64,6 +67,7 @@ private:
     std::vector<Point> m_corners;
     Point m_middle{};
     CellMap m_map;
+    bool m_isFlat = true;
     std::vector<Part> m_parts; // of a polygon or polyhedron
 };
 

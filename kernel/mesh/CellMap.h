@@ -33,6 +33,9 @@ public:
     /// @param shape with a reference cell; @param corners finite, as many as the shape has
     void set(Shape shape, Point const* corners);
 
+    /// Whether the cell contains nothing.
+    bool isFlat() const { return m_isFlat; }
+
     /// Reference coordinates of a finite point; nothing when the cell does not contain it.
     std::optional<Point> locate(Point const& point) const;
 

@@ -57,16 +57,7 @@ public:
         m_isRead = false;
         auto const number = static_cast<Number>(m_firstNumber + slot);
         m_points.forPositions(box, [&](std::size_t begin, std::size_t end) {
-            begin = std::max(begin, first);
-            end = std::min(end, last);
-            m_visits += end > begin ? end - begin : 0;
-            if (m_visits > visitsUnchecked) { // a large cell may have any number of places in its box
-                m_progress.check();
-                m_visits = 0;
-            }
-            for (std::size_t position = begin; position < end; ++position) {
-                visitPlace(position, number, box);
-            }
+            visitPlaces(std::max(begin, first), std::min(end, last), number, box);
         });
     }
 
@@ -100,13 +91,21 @@ private:
         return std::nullopt;
     }
 
-    void visitPlace(std::size_t position, Number number, Box const& box)
+    void visitPlaces(std::size_t first, std::size_t last, Number number, Box const& box)
     {
-        Point const point = m_points.point(position);
-        bool const isOpen = box.contains(point) && m_search.m_found[position].load(std::memory_order_relaxed) > number;
-        if (!isOpen) {
-            return;
+        for (std::size_t position = first; position < last && !isFlat(); ++position) {
+            if (++m_visits % visitsUnchecked == 0) {
+                m_progress.check(); // a large cell may have any number of places in its box
+            }
+            Point const point = m_points.point(position);
+            if (box.contains(point) && m_search.m_found[position].load(std::memory_order_relaxed) > number) {
+                visitPlace(position, point, number);
+            }
         }
+    }
+
+    void visitPlace(std::size_t position, Point const& point, Number number)
+    {
         if (!m_isRead) {
             m_geometry.read(m_cells, m_cell);
             m_isRead = true;
@@ -115,6 +114,9 @@ private:
             m_search.take(position, number);
         }
     }
+
+    /// Whether the cell is known to contain nothing, however many places are in its box.
+    bool isFlat() const { return m_isRead && m_geometry.isFlat(); }
 
     CellSearch& m_search;
     PointBins const& m_points;

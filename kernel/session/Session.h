@@ -165,7 +165,7 @@ private:
     std::string reasonAgainst(Operation& operation) const;
     void performLong(Operation& operation);
     void addStep(Operation const& operation, std::shared_ptr<Change> const& change);
-    void remark(std::string const& text) noexcept;
+    void tellRemark(Operation const& operation) noexcept;
     void replacePages(std::vector<std::shared_ptr<Page>> pages);
 
     EventHub m_events;

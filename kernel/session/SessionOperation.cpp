@@ -19,7 +19,7 @@ bool Session::perform(Operation& operation) noexcept
         } else {
             addStep(operation, operation.makeChange(m_events));
         }
-        remark(operation.remark());
+        tellRemark(operation);
         return true;
     });
 }
@@ -76,9 +76,10 @@ void Session::addStep(Operation const& operation, std::shared_ptr<Change> const&
     }
 }
 
-void Session::remark(std::string const& text) noexcept
+void Session::tellRemark(Operation const& operation) noexcept
 {
     try {
+        std::string const text = operation.remark();
         if (m_remarkListener && !text.empty()) {
             m_remarkListener(text);
         }

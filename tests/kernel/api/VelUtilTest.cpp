@@ -631,4 +631,24 @@ TEST_F(CFunctions, KnowPicksMouseInterruptAndPaper)
     EXPECT_TRUE(VelUtilWorkViewFitAllFrames());
 }
 
+TEST_F(CFunctions, InterpolateLinearlyInTheActiveFrame)
+{
+    VelUtilFrameSetPlotType(PlotType_Cartesian2D);
+    session.history().clear();
+    dataSet->zone(2)->fields[0] = sample::field({0.5, 1.5, 2.5, 0.5, 1.5, 2.5});
+    Set_s zones{{1}};
+    Set_s variables{{4}};
+    EXPECT_FALSE(VelUtilLinearInterpolate(nullptr, 2, &variables, 0, LinearInterpMode_DontChange));
+    EXPECT_FALSE(VelUtilLinearInterpolate(&zones, 2, nullptr, 0, LinearInterpMode_DontChange));
+    EXPECT_FALSE(VelUtilLinearInterpolate(&zones, 2, &variables, 0, 2));
+    EXPECT_FALSE(VelUtilLinearInterpolate(&zones, 2, &variables, 0, -1));
+    EXPECT_FALSE(VelUtilLinearInterpolate(&zones, 3, &variables, 0, LinearInterpMode_DontChange));
+    EXPECT_FALSE(session.history().canUndo());
+    ASSERT_TRUE(VelUtilLinearInterpolate(&zones, 2, &variables, -4, LinearInterpMode_SetToConstant));
+    auto const value = [](long long point) { return VelUtilDataValueGetByZoneVar(2, 4, point); };
+    EXPECT_NEAR(value(1), 10.5, 1e-6);
+    EXPECT_NEAR(value(2), 11.5, 1e-6);
+    EXPECT_EQ(value(3), -4);
+}
+
 } // namespace veldraw::tests

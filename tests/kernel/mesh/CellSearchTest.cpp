@@ -399,6 +399,16 @@ TEST(CellSearch, LeavesOutCellsWithACornerNowhereAndCountsThem)
     }
 }
 
+TEST(CellSearch, TakesNoLongTimeOverFlatCellsWithAllPointsInThem)
+{
+    sample::CellLists lists = sample::fillOf(Shape::Brick, 30, 0, 0);
+    std::fill(lists.points.begin(), lists.points.end(), Point{1, 1, 1});
+    std::vector<Point> const points(300000, Point{1, 1, 1}); // 27,000 times as many visits would take minutes
+    CellsFound const search({lists.zone(ZoneType_FEBrick).get()}, points);
+    EXPECT_EQ(search.slot(0), -1);
+    EXPECT_EQ(search.slot(299999), -1);
+}
+
 TEST(CellSearch, ReadsCoordinatesOfEveryType)
 {
     auto const lists = sample::fillOf(Shape::Brick, 4, 0, 0);

@@ -3,6 +3,7 @@
 #include "kernel/operations/DeleteVariables.h"
 #include "kernel/operations/DuplicateZonesAxially.h"
 #include "kernel/operations/EnableZone.h"
+#include "kernel/operations/InterpolateLinearly.h"
 #include "kernel/operations/MirrorZones.h"
 #include "kernel/operations/RenameZone.h"
 #include "kernel/operations/RotateZones.h"
@@ -95,7 +96,11 @@ protected:
                      return session.perform(
                          DuplicateZonesAxially(*dataSet, {1}, sample::inSpace, slanting, {30, 0, 11, true}));
                  }},
-                {"Create Mirror Zone", [&] { return session.perform(MirrorZones(frame->id, {1}, 'Y')); }}};
+                {"Create Mirror Zone", [&] { return session.perform(MirrorZones(frame->id, {1}, 'Y')); }},
+                {"Linear Interpolation", [&] {
+                     return session.perform(
+                         InterpolateLinearly(frame->id, {1}, 1, {7}, 0, LinearInterpMode_DontChange));
+                 }}};
     }
 };
 

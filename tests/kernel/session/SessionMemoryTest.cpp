@@ -3,6 +3,7 @@
 #include "kernel/operations/DuplicateZones.h"
 #include "kernel/operations/DuplicateZonesAxially.h"
 #include "kernel/operations/EnableZone.h"
+#include "kernel/operations/InterpolateLinearly.h"
 #include "kernel/operations/LineMapOperation.h"
 #include "kernel/operations/MirrorZones.h"
 #include "kernel/operations/RenameFrame.h"
@@ -145,6 +146,19 @@ TEST(WithoutMemory, ZonesAreMirroredWhollyOrNotAtAll)
 {
     EXPECT_GE(sweep([](Stage& stage) { return stage.session.perform(MirrorZones(stage.frame->id, bothZones, 'X')); }),
               20);
+}
+
+TEST(WithoutMemory, ValuesAreInterpolatedLinearlyWhollyOrNotAtAll)
+{
+    auto const interpolate = [](Stage& stage) {
+        return stage.session.perform(
+            InterpolateLinearly(stage.frame->id, {1}, 2, {4, 5}, 0, LinearInterpMode_SetToConstant));
+    };
+    auto const show = [](Stage& stage) {
+        stage.session.perform(SetPlotType(stage.frame->id, PlotType_Cartesian2D));
+        stage.recorder->events = 0;
+    };
+    EXPECT_GE(sweep(interpolate, show), 40);
 }
 
 TEST(WithoutMemory, ZoneOperationsAreUndoneAndRedone)

@@ -1,0 +1,235 @@
+#include "kernel/operations/InterpolateLinearly.h"
+
+#include "kernel/base/Parallel.h"
+#include "kernel/base/Text.h"
+#include "kernel/compute/ValueBlock.h"
+
+#include <cmath>
+#include <numeric>
+#include <stdexcept>
+
+namespace veldraw::kernel {
+
+namespace {
+
+/// What the values at some points mix to; no finite number when one of the values is none.
+double mixed(Buffer const& values, std::vector<WeightedPoint> const& weights)
+{
+    // By differences, so that equal values give just this value.
+    double const first = values.value(weights.front().point);
+    double sum = 0;
+    for (WeightedPoint const& corner : weights) {
+        sum += corner.weight * (values.value(corner.point) - first);
+    }
+    return first + sum;
+}
+
+/// The cells in which places are, one place after the other; most lie in the cell of the one before.
+class CellReader
+{
+public:
+    explicit CellReader(std::vector<ZoneCells> const& zones)
+        : m_zones(zones)
+    {
+    }
+
+    /// The weights of the corners at a place in a cell that contains it.
+    std::vector<WeightedPoint> const& weights(CellSearch::Found const& found, Point const& place)
+    {
+        if (found.slot != m_slot || found.zone != m_zone) {
+            m_zone = found.zone;
+            m_slot = found.slot;
+            m_geometry.read(m_zones[m_zone], m_zones[m_zone].cell(m_slot, m_room));
+        }
+        m_geometry.weigh(m_geometry.locate(place).value(), m_weights);
+        return m_weights;
+    }
+
+private:
+    std::vector<ZoneCells> const& m_zones;
+    std::size_t m_zone = 0;
+    std::int64_t m_slot = -1;
+    ZoneCells::Corners m_room{};
+    CellGeometry m_geometry;
+    std::vector<WeightedPoint> m_weights;
+};
+
+} // namespace
+
+std::string InterpolateLinearly::reasonAgainst() const
+{
+    std::string reason = Interpolation::reasonAgainst();
+    if (!reason.empty()) {
+        return reason;
+    }
+    for (int const number : sources()) {
+        Zone const& zone = *dataSet().zone(number);
+        reason = zone.isDeferred() ? "" : reasonAgainstSource(zone.name, zone.dimensionality());
+        if (!reason.empty()) {
+            return reason;
+        }
+    }
+    return {};
+}
+
+/// Why a zone cannot be a source; empty when it can.
+std::string InterpolateLinearly::reasonAgainstSource(std::string const& name, int dimensionality) const
+{
+    if (dimensionality < 2) {
+        return "The source zone \"" + name + "\" has no cells with an area or a volume.";
+    }
+    return dimensionality <= dimensions()
+               ? ""
+               : "The source zone \"" + name + "\" has cells with a volume, which have no place in a 2D plot.";
+}
+
+InterpolateLinearly::Sources InterpolateLinearly::sourceCells() const
+{
+    Sources cells;
+    for (int const number : sources()) {
+        Zone const& zone = *dataSet().zone(number);
+        ZoneDimensions const size = load().dimensionsOf(zone);
+        Zone measured({}, zone.type, size.i, size.j, size.k);
+        measured.connectivity = size.connectivity;
+        std::string const reason = reasonAgainstSource(zone.name, measured.dimensionality());
+        if (!reason.empty()) {
+            throw std::runtime_error(reason);
+        }
+        ZoneCells::Coordinates coordinates;
+        for (std::size_t axis = 0; axis < static_cast<std::size_t>(dimensions()); ++axis) {
+            coordinates[axis] = values(number, frame()->axisVariables()[axis]);
+        }
+        cells.emplace_back(zone.type, size, std::move(coordinates));
+    }
+    return cells;
+}
+
+std::string InterpolateLinearly::interpolate(Fields const& fields, Progress& progress)
+{
+    Sources const cells = sourceCells();
+    std::vector<Group> groups;
+    for (ValueLocation_e const location : {ValueLocation_Nodal, ValueLocation_CellCentered}) {
+        Group group{places(destination(), location), {}};
+        for (auto const& field : fields) {
+            if (field->location() == location) {
+                group.targets.push_back(field.get());
+            }
+        }
+        if (!group.targets.empty()) {
+            groups.push_back(std::move(group));
+        }
+    }
+    std::int64_t const cellCount = std::accumulate(cells.begin(), cells.end(), std::int64_t{0},
+                                                   [](auto sum, auto const& zone) { return sum + zone.slotCount(); });
+    std::int64_t total = progress.done();
+    for (Group const& group : groups) {
+        total += cellCount + 2 * group.places.slotCount();
+    }
+    progress.setTotal(total);
+    Counts counts;
+    for (Group const& group : groups) {
+        interpolateGroup(group, cells, counts, progress);
+    }
+    return report(counts);
+}
+
+void InterpolateLinearly::interpolateGroup(Group const& group, Sources const& cells, Counts& counts,
+                                           Progress& progress) const
+{
+    std::optional<Progress> part;
+    part.emplace(progress, group.places.slotCount());
+    PointBins const bins(group.places, dimensions(), *part);
+    CellSearch search(bins);
+    for (ZoneCells const& zone : cells) {
+        part.emplace(progress, zone.slotCount());
+        search.addZone(zone, *part);
+    }
+    part.emplace(progress, group.places.slotCount());
+    fill(group, search, bins, cells, counts, *part);
+    for (std::int64_t const slot : bins.leftOut()) {
+        for (InterpolatedField* const target : group.targets) {
+            fillOutside(*target, slot);
+        }
+    }
+    auto const misplaced = static_cast<std::int64_t>(bins.leftOut().size());
+    counts.outside += misplaced;
+    counts.misplaced += misplaced;
+    counts.hiddenCells = search.hiddenCount();
+    counts.unplacedCells = search.unplacedCount();
+}
+
+/// Stores the values of all places whose coordinates are finite.
+void InterpolateLinearly::fill(Group const& group, CellSearch const& search, PointBins const& bins,
+                               Sources const& cells, Counts& counts, Progress& progress) const
+{
+    std::vector<std::vector<SourceValues>> values; // by variable and zone
+    for (InterpolatedField const* const target : group.targets) {
+        values.emplace_back();
+        for (int const zone : sources()) {
+            values.back().push_back(
+                {this->values(zone, target->variable()), dataSet().field(zone, target->variable())->location()});
+        }
+    }
+    auto const count = static_cast<std::int64_t>(bins.size());
+    progress.setTotal(count);
+    parallelFor(count, [&](std::int64_t first, std::int64_t last, std::int64_t) {
+        CellReader reader(cells);
+        for (std::int64_t at = first; at < last; ++at) {
+            if (at % blockSize == 0) {
+                progress.check();
+                progress.advance(std::min(blockSize, last - at));
+            }
+            for (int step = 0; step < 3; ++step) {
+                auto const ahead = static_cast<std::size_t>(std::min(at + 24 - 8 * step, count - 1));
+                if (auto const soon = search.cellAt(ahead)) {
+                    cells[soon->zone].fetchAhead(soon->slot, step);
+                }
+            }
+            auto const position = static_cast<std::size_t>(at);
+            std::optional<CellSearch::Found> const found = search.cellAt(position);
+            counts.outside += found ? 0 : 1;
+            auto const* const weights = found ? &reader.weights(*found, bins.point(position)) : nullptr;
+            for (std::size_t variable = 0; variable < group.targets.size(); ++variable) {
+                double value = std::numeric_limits<double>::quiet_NaN();
+                if (found) {
+                    SourceValues const& source = values[variable][found->zone];
+                    value = source.location == ValueLocation_Nodal ? mixed(*source.values, *weights)
+                                                                   : source.values->value(found->slot);
+                    counts.withoutNumber += std::isfinite(value) ? 0 : 1;
+                }
+                InterpolatedField& target = *group.targets[variable];
+                if (std::isfinite(value)) {
+                    target.set(bins.slot(position), value);
+                } else {
+                    fillOutside(target, bins.slot(position));
+                }
+            }
+        }
+    });
+}
+
+void InterpolateLinearly::fillOutside(InterpolatedField& target, std::int64_t slot) const
+{
+    if (m_mode == LinearInterpMode_SetToConstant) {
+        target.set(slot, m_constant);
+    }
+}
+
+std::string InterpolateLinearly::report(Counts const& counts) const
+{
+    std::string const fate = m_mode == LinearInterpMode_SetToConstant ? "got the constant " + textOf(m_constant)
+                                                                      : std::string("kept what they had");
+    std::string text = counts.outside == 0 ? "No point was outside the source cells."
+                                           : "Outside the source cells: " + counted(counts.outside, "point") +
+                                                 "; outside points " + fate + ".";
+    auto const add = [&text](std::int64_t count, std::string const& noun, std::string const& what) {
+        text += count == 0 ? "" : " " + counted(count, noun) + what;
+    };
+    add(counts.misplaced, "point", " of these without finite coordinates.");
+    add(counts.withoutNumber, "value", " treated as outside, where a source value is not finite.");
+    add(counts.hiddenCells, "hidden source cell", " left out.");
+    add(counts.unplacedCells, "source cell", " without finite coordinates left out.");
+    return text;
+}
+
+} // namespace veldraw::kernel

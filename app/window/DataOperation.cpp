@@ -2,6 +2,7 @@
 
 #include "dialogs/interpolation/InverseDistanceInterpolationDialog.h"
 #include "dialogs/interpolation/KrigingDialog.h"
+#include "dialogs/interpolation/LinearInterpDialog.h"
 #include "dialogs/spreadsheet/DataSpreadsheetDialog.h"
 #include "dialogs/variableops/DeleteVariableDialog.h"
 #include "dialogs/variableops/LoadVariablesDialog.h"
@@ -48,6 +49,8 @@ std::vector<DataOperation> const& dataOperations()
         {"inverseDistanceInterpolationAction", "&Inverse-Distance Interpolation...",
          &InverseDistanceInterpolationDialog::relevance, &dialog<InverseDistanceInterpolationDialog>},
         {"krigingAction", "&Kriging...", &KrigingDialog::relevance, &dialog<KrigingDialog>},
+        {"linearInterpolationAction", "Linear I&nterpolation...", &LinearInterpDialog::relevance,
+         &dialog<LinearInterpDialog>},
         {"dataSpreadsheetAction", "Data &Spreadsheet...", &DataSpreadsheetDialog::relevance,
          &dialog<DataSpreadsheetDialog>},
     };

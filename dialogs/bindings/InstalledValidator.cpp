@@ -3,7 +3,6 @@
 #include "dialogs/widgets/NumberValidators.h"
 
 #include <QLineEdit>
-#include <QLocale>
 
 namespace veldraw::sdk::ui::dialogs::propertybindings {
 
@@ -28,14 +27,6 @@ QValidator* newValidator(QLineEdit& lineEdit, AcceptedText accepted)
     return nullptr;
 }
 
-QLocale typedNumbers()
-{
-    QLocale locale(QLocale::English, QLocale::UnitedStates);
-    // With group separators "1,000" would be accepted and then read as 1.
-    locale.setNumberOptions(QLocale::RejectGroupSeparator | QLocale::OmitGroupSeparator);
-    return locale;
-}
-
 } // namespace
 
 void installValidator(QLineEdit& lineEdit, AcceptedText accepted)
@@ -46,10 +37,18 @@ void installValidator(QLineEdit& lineEdit, AcceptedText accepted)
     QValidator* const validator = newValidator(lineEdit, accepted);
     if (validator) {
         validator->setObjectName(installedName());
-        validator->setLocale(typedNumbers());
+        validator->setLocale(localeOfTypedNumbers());
     }
     lineEdit.setValidator(validator);
     delete present;
+}
+
+QLocale localeOfTypedNumbers()
+{
+    QLocale locale(QLocale::English, QLocale::UnitedStates);
+    // With group separators "1,000" would be accepted and then read as 1.
+    locale.setNumberOptions(QLocale::RejectGroupSeparator | QLocale::OmitGroupSeparator);
+    return locale;
 }
 
 } // namespace veldraw::sdk::ui::dialogs::propertybindings

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QLocale>
+
 class QLineEdit;
 
 namespace veldraw::sdk::ui::dialogs::propertybindings {
@@ -15,8 +17,11 @@ enum class AcceptedText
 /// Gives a line edit the validator of a binding, or none if it accepts anything. A validator that the form or a dialog
 /// has set stays; one that an earlier binding installed goes.
 ///
-/// Numbers are typed as the bindings read them: with a point, without group separators, whatever the default locale. No
-/// key is swallowed; see `NumberValidator`.
+/// Numbers are typed in `localeOfTypedNumbers()`. No key is swallowed; see `NumberValidator`.
 void installValidator(QLineEdit& lineEdit, AcceptedText accepted);
+
+/// How bindings read numbers, whatever the default locale: with a point, without group separators. For validators that a dialog
+/// sets itself.
+QLocale localeOfTypedNumbers();
 
 } // namespace veldraw::sdk::ui::dialogs::propertybindings

@@ -1,5 +1,6 @@
 #include "dialogs/interpolation/InverseDistanceInterpolationDialog.h"
 #include "dialogs/interpolation/KrigingDialog.h"
+#include "dialogs/interpolation/LinearInterpDialog.h"
 #include "dialogs/spreadsheet/DataSpreadsheetDialog.h"
 #include "dialogs/variableops/DeleteVariableDialog.h"
 #include "dialogs/variableops/LoadVariablesDialog.h"
@@ -22,6 +23,7 @@ using dialogs::data::DeleteVariableDialog;
 using dialogs::data::DuplicateZoneDialog;
 using dialogs::data::InverseDistanceInterpolationDialog;
 using dialogs::data::KrigingDialog;
+using dialogs::data::LinearInterpDialog;
 using dialogs::data::LoadVariablesDialog;
 using sdk::ui::dialogs::DataSpreadsheetDialog;
 
@@ -51,6 +53,7 @@ TEST(DialogLibrary, GivesTheApplicationItsDialogsThroughTheCommonInterface)
     expectDrivenThroughTheCommonInterface<DuplicateZoneDialog>();
     expectDrivenThroughTheCommonInterface<InverseDistanceInterpolationDialog>();
     expectDrivenThroughTheCommonInterface<KrigingDialog>();
+    expectDrivenThroughTheCommonInterface<LinearInterpDialog>();
     expectDrivenThroughTheCommonInterface<LoadVariablesDialog>(1);
     expectDrivenThroughTheCommonInterface<DataSpreadsheetDialog>();
 }

@@ -1,0 +1,80 @@
+#pragma once
+
+#include "dialogs/interpolation/LinearInterpDialog.h"
+#include "dialogs/interpolation/LinearInterpPropertiesManager.h"
+#include "tests/dialogs/interpolation/InterpolationFixture.h"
+
+#include <QRadioButton>
+
+namespace veldraw::tests {
+
+using dialogs::data::LinearInterpPropertiesManager;
+
+inline DialogTraits linearInterp()
+{
+    auto traits = DialogTraits::of<dialogs::data::LinearInterpDialog>();
+    traits.list = "LinearIterp_SourceZones_ListView";
+    traits.action = "&Interpolate";
+    traits.refusal = "error: No source zones were specified.";
+    traits.helpTopic = "interpolate_linear.html";
+    traits.plotType = PlotType_Cartesian2D;
+    traits.bindsActionBeforeList = false;
+    traits.boundInOrder = {"LinearIterp_SourceZones_ListView", "LinearIterp_SourceVariables_ListView",
+                           "LinearIterp_DestZone_ComboBox"};
+    return traits;
+}
+
+/// The dialog with its settings, which outlive every dialog, as they are at first.
+class LinearInterpFixture : public InterpolationFixture
+{
+protected:
+    static constexpr char kernelFunction[] = "VelUtilLinearInterpolate";
+    static constexpr char failed[] = "error: Linear interpolation error";
+    static constexpr char done[] = "information: Linear interpolation successful.";
+    static constexpr char variables[] = "LinearIterp_SourceVariables_ListView";
+    static constexpr char destination[] = "LinearIterp_DestZone_ComboBox";
+    static constexpr char noChange[] = "LinearIterp_NoChange_RadioButton";
+    static constexpr char constant[] = "LinearIterp_Constant_RadioButton";
+    static constexpr char constantLabel[] = "LinearIterp_ConstValue_Label";
+    static constexpr char constantValue[] = "LinearIterp_ConstValue_LineEdit";
+
+    LinearInterpFixture()
+        : InterpolationFixture(linearInterp())
+    {
+        resetSettings();
+    }
+    ~LinearInterpFixture() override { resetSettings(); }
+
+    static void resetSettings()
+    {
+        LinearInterpPropertiesManager::outsidePointValue()->setValue(0.0);
+        LinearInterpPropertiesManager::linearInterpMode()->setValue(LinearInterpMode_DontChange);
+    }
+
+    /// P from Wing to Body.
+    void selectWingToBody()
+    {
+        clickRow(0);
+        clickRowOf(variables, 0);
+        choose(destination, 1);
+    }
+
+    bool isChecked(std::string const& button)
+    {
+        IdleDispatcher::flush();
+        return child<QRadioButton>(button).isChecked();
+    }
+
+    /// On the mark of the button, where a person clicks.
+    void clickMark(std::string const& name)
+    {
+        auto& button = child<QRadioButton>(name);
+        QTest::mouseClick(&button, Qt::LeftButton, Qt::NoModifier, QPoint(8, button.height() / 2));
+        IdleDispatcher::flush();
+    }
+
+    /// A zone without cells that could contain a point.
+    void addLine() { sample.dataSet().addZone(std::make_shared<kernel::Zone>("Line", ZoneType_Ordered, 6, 1, 1)); }
+};
+
+} // namespace veldraw::tests

@@ -48,9 +48,25 @@ double sumOfProducts(double const* weights, double const* values, std::size_t co
     return sum;
 }
 
+VELDRAW_WIDE_LANES("avx512f", "avx2")
+double smallest(double const* squares, std::size_t count)
+{
+    double parts[lanes];
+    std::fill_n(parts, lanes, std::numeric_limits<double>::infinity());
+    std::size_t first = 0;
+    for (; first + lanes <= count; first += lanes) {
+        for (std::size_t lane = 0; lane < lanes; ++lane) {
+            double const square = squares[first + lane];
+            parts[lane] = square < parts[lane] ? square : parts[lane];
+        }
+    }
+    double const rest = first < count ? *std::min_element(squares + first, squares + count) : parts[0];
+    return std::min(rest, *std::min_element(parts, parts + lanes));
+}
+
 double smallestSquare(PointColumns const& points, double const* target, Progress const& progress)
 {
-    double smallest = std::numeric_limits<double>::infinity();
+    double least = std::numeric_limits<double>::infinity();
     double squares[block];
     for (std::size_t first = 0; first < points[0].size(); first += block) {
         if (first % (block * 1024) == 0) {
@@ -58,9 +74,9 @@ double smallestSquare(PointColumns const& points, double const* target, Progress
         }
         std::size_t const count = std::min(block, points[0].size() - first);
         measureSquares(points, first, count, target, squares);
-        smallest = std::min(smallest, *std::min_element(squares, squares + count));
+        least = std::min(least, smallest(squares, count));
     }
-    return smallest;
+    return least;
 }
 
 } // namespace
@@ -103,9 +119,9 @@ void InverseDistance::average(PointColumns const& points, std::vector<double> co
     std::size_t const axes = points[2].empty() ? 2 : 3;
     std::size_t const targetCount = targets.size() / axes;
     std::size_t const pointCount = points[0].size();
-    std::vector<double> smallest(targetCount);
+    std::vector<double> leasts(targetCount);
     for (std::size_t target = 0; target < targetCount; ++target) {
-        smallest[target] = smallestSquare(points, targets.data() + target * axes, progress);
+        leasts[target] = smallestSquare(points, targets.data() + target * axes, progress);
     }
     means.assign(targetCount * variables, 0.0);
     std::vector<double> sums(targetCount, 0.0);
@@ -121,7 +137,7 @@ void InverseDistance::average(PointColumns const& points, std::vector<double> co
         }
         for (std::size_t target = 0; target < targetCount; ++target) {
             measureSquares(points, first, count, targets.data() + target * axes, weights);
-            makeFractions(smallest[target], weights, count);
+            makeFractions(leasts[target], weights, count);
             raiseFractions(weights, count, m_exponent);
             sums[target] += sumOfProducts(weights, ones, count);
             for (std::size_t variable = 0; variable < variables; ++variable) {

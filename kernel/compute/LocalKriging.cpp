@@ -3,6 +3,7 @@
 #include "kernel/compute/CarefulKriging.h"
 
 #include <algorithm>
+#include <array>
 #include <numeric>
 
 namespace veldraw::kernel {
@@ -62,38 +63,57 @@ std::int64_t LocalKriging::weigh(double const* targets, Neighborhoods const& nei
 
 void LocalKriging::findGroups(Neighborhoods const& neighborhoods)
 {
-    std::vector<Neighbor> const& neighbors = neighborhoods.neighbors;
-    m_order.resize(neighbors.size());
+    m_order.resize(neighborhoods.neighbors.size());
     std::iota(m_order.begin(), m_order.end(), std::size_t{0});
     m_groups.clear();
+    std::uint64_t lastSum = 0;
     for (std::size_t target = 0; target < neighborhoods.targetCount(); ++target) {
         std::size_t const begin = neighborhoods.begins[target];
         std::size_t const count = neighborhoods.begins[target + 1] - begin;
-        auto const first = m_order.begin() + static_cast<std::ptrdiff_t>(begin);
-        auto const last = first + static_cast<std::ptrdiff_t>(count);
-        std::sort(first, last, [&](std::size_t a, std::size_t b) { return neighbors[a].place < neighbors[b].place; });
-        bool const isLikeLast =
-            !m_groups.empty() && m_groups.back().count == count &&
-            std::equal(first, last, m_order.begin() + static_cast<std::ptrdiff_t>(m_groups.back().begin),
-                       [&](std::size_t a, std::size_t b) { return neighbors[a].place == neighbors[b].place; });
+        std::uint64_t sum = 0; // equal for equal sets, and only seldom else
+        for (std::size_t at = begin; at < begin + count; ++at) {
+            std::uint64_t const place = neighborhoods.neighbors[at].place;
+            sum += (place + 1) * (place + 0x9e3779b97f4a7c15U);
+        }
+        bool const isLikeLast = !m_groups.empty() && m_groups.back().count == count && sum == lastSum &&
+                                matchOrder(m_groups.back().begin, begin, count);
         if (isLikeLast) {
             m_groups.back().lastTarget = target;
         } else if (count > 0) {
             m_groups.push_back({target, target, begin, count});
         }
+        lastSum = sum;
     }
+}
+
+/// Brings the neighbors of a target in the order of those of the first one of a group. @return whether they are the same ones
+bool LocalKriging::matchOrder(std::size_t groupBegin, std::size_t begin, std::size_t count)
+{
+    std::vector<Neighbor> const& neighbors = m_neighborhoods->neighbors;
+    for (std::size_t at = 0; at < count; ++at) {
+        std::uint32_t const wanted = neighbors[groupBegin + at].place;
+        std::size_t found = begin;
+        while (found < begin + count && neighbors[found].place != wanted) {
+            ++found;
+        }
+        if (found == begin + count) {
+            return false;
+        }
+        m_order[begin + at] = found;
+    }
+    return true;
 }
 
 std::vector<double> LocalKriging::placesOf(Group const& group) const
 {
     std::vector<double> places(group.count * m_axes);
     for (std::size_t point = 0; point < group.count; ++point) {
-        m_search.read(m_neighborhoods->neighbors[m_order[group.begin + point]].place, &places[point * m_axes]);
+        m_search.read(m_neighborhoods->neighbors[group.begin + point].place, &places[point * m_axes]);
     }
     return places;
 }
 
-/// @param point in the order of the places of the target's neighbors
+/// @param point in the order of the neighbors of the group's first target
 void LocalKriging::store(std::size_t target, std::size_t point, double weight)
 {
     (*m_weights)[m_order[m_neighborhoods->begins[target] + point]] = weight;
@@ -108,9 +128,10 @@ void LocalKriging::solveTogether(std::vector<Group const*> const& groups)
     std::size_t rounds = 0;
     for (std::size_t lane = 0; lane < SmallKriging::lanes; ++lane) {
         Group const& group = *groups[lane < groups.size() ? lane : 0];
-        std::vector<double> const places = placesOf(group);
         for (std::size_t point = 0; point < count; ++point) {
-            m_small.setPoint(lane, point, &places[point * m_axes]);
+            std::array<double, 3> place{};
+            m_search.read(m_neighborhoods->neighbors[group.begin + point].place, place.data());
+            m_small.setPoint(lane, point, place.data());
         }
         rounds = std::max(rounds, group.lastTarget - group.firstTarget + 1);
     }

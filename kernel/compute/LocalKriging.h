@@ -30,6 +30,7 @@ private:
     struct Group;
 
     void findGroups(Neighborhoods const& neighborhoods);
+    bool matchOrder(std::size_t groupBegin, std::size_t begin, std::size_t count);
     void solveTogether(std::vector<Group const*> const& groups);
     void solveAlone(Group const& group);
     std::vector<double> placesOf(Group const& group) const;
@@ -45,7 +46,7 @@ private:
     Neighborhoods const* m_neighborhoods = nullptr;
     std::vector<double>* m_weights = nullptr;
     std::vector<Group> m_groups;
-    std::vector<std::size_t> m_order; ///< of each target's neighbors: by place
+    std::vector<std::size_t> m_order; ///< of each target's neighbors: that of its group's first target
     std::int64_t m_lowered = 0;
 };
 

@@ -231,6 +231,18 @@ VELDRAW_INLINE void measureBoxes(double const* family, double const* target, dou
     }
 }
 
+/// A bit for each square that is finite and not above a limit: most are, so that looking at them one by one would be slow.
+VELDRAW_INLINE unsigned hits(double const* squares, double limit)
+{
+    constexpr double largest = std::numeric_limits<double>::max();
+    double const bound = limit < largest ? limit : largest;
+    unsigned bits = 0;
+    for (std::size_t at = 0; at < width; ++at) {
+        bits |= static_cast<unsigned>(squares[at] <= bound) << at;
+    }
+    return bits;
+}
+
 template <std::size_t Axes, typename Result>
 VELDRAW_INLINE void lookAtLeaf(Tree<Axes> const& tree, std::size_t leaf, double const* target, Result& result)
 {
@@ -249,9 +261,9 @@ VELDRAW_INLINE void lookAtLeaf(Tree<Axes> const& tree, std::size_t leaf, double 
             }
         }
     }
-    for (std::size_t point = 0; point < width; ++point) {
-        bool const isNear = squares[point] <= result.worst(1U << octants[point]) && squares[point] < infinity;
-        if (isNear) {
+    for (unsigned left = hits(squares, result.worst(Sides<Axes>::all)); left != 0; left &= left - 1) {
+        auto const point = static_cast<unsigned>(__builtin_ctz(left));
+        if (squares[point] <= result.worst(1U << octants[point])) {
             result.offer(squares[point], static_cast<std::uint32_t>(leaf * width + point), octants[point]);
         }
     }
@@ -269,8 +281,9 @@ VELDRAW_INLINE void open(Tree<Axes> const& tree, std::uint64_t parent, double co
     measureBoxes<Axes, Result::needsOctants>(tree.levels[level].data() + place * Tree<Axes>::familySize, target,
                                              squares, octants);
     std::size_t const bottom = open.size;
-    for (std::size_t child = 0; child < width; ++child) {
-        if (squares[child] < infinity && squares[child] <= result.worst(octants[child])) {
+    for (unsigned left = hits(squares, result.worst(Sides<Axes>::all)); left != 0; left &= left - 1) {
+        auto const child = static_cast<unsigned>(__builtin_ctz(left));
+        if (squares[child] <= result.worst(octants[child])) {
             open.insert(bottom, squares[child], packed(level, place * width + child, octants[child]));
         }
     }

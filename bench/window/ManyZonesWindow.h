@@ -26,6 +26,8 @@ public:
         auto const frame = std::make_shared<kernel::Frame>("many", kernel::Rectangle{});
         frame->dataSet = manyZones();
         frame->plotType = PlotType_Cartesian2D;
+        frame->axes2D = {frame->dataSet->variable(1)->id, frame->dataSet->variable(2)->id};
+        frame->contourVariable = frame->dataSet->variable(3)->id;
         m_session.openPage({frame});
         m_window = std::make_unique<app::MainWindow>(m_session, view, app::DocumentController::FileReader());
         m_window->show();

@@ -1,6 +1,7 @@
 #include "kernel/compute/CarefulKriging.h"
 
-#include <Eigen/Dense>
+#include "kernel/compute/DriftBasis.h"
+
 #include <algorithm>
 
 namespace veldraw::kernel {
@@ -24,23 +25,18 @@ struct CarefulKriging::System
     std::size_t axes;
     std::vector<double> const places;
     std::vector<std::size_t> used; ///< the points that count
-    std::array<double, 3> origin{};
-    double scale = 1.0;
     Eigen::MatrixXd factor;
-    Eigen::MatrixXd basis;
-    Eigen::MatrixXd triangle;
+    DriftBasis drift;
 
     System(KrigingModel const& krigingModel, std::vector<double> points, std::size_t axisCount,
            Progress const& progress)
         : model(krigingModel)
         , axes(axisCount)
         , places(std::move(points))
+        , drift(krigingModel.drift, axisCount)
     {
         factorizeCovariances(progress);
-        placeDrift();
-        while (!factorizeDrift()) {
-            model.drift = lowerDrift(model.drift);
-        }
+        factorizeDrift();
     }
 
     double distance(double const* a, double const* b) const
@@ -78,51 +74,26 @@ struct CarefulKriging::System
         factor = Eigen::MatrixXd(factor.topLeftCorner(size, size));
     }
 
-    void placeDrift()
+    /// Centred at the first point and scaled to the farthest.
+    void factorizeDrift()
     {
-        std::copy_n(place(0), axes, origin.begin());
-        double size = 0.0;
+        double extent = 0.0;
         for (std::size_t const point : used) {
             for (std::size_t axis = 0; axis < axes; ++axis) {
-                size = std::max(size, std::abs(place(point)[axis] - origin[axis]));
+                extent = std::max(extent, std::abs(place(point)[axis] - place(0)[axis]));
             }
         }
-        scale = size > 0.0 ? size : 1.0;
+        drift.setScale(placeOf(0), extent);
+        drift.factorize(
+            static_cast<Index>(used.size()), [this](Index at) { return placeOf(used[number(at)]); },
+            [this](Eigen::MatrixXd& terms) { factor.triangularView<Eigen::Lower>().solveInPlace(terms); });
     }
 
-    Eigen::VectorXd driftTerms(double const* at) const
+    std::array<double, 3> placeOf(std::size_t point) const
     {
-        std::array<double, 3> scaled{};
-        for (std::size_t axis = 0; axis < axes; ++axis) {
-            scaled[axis] = (at[axis] - origin[axis]) / scale;
-        }
-        Eigen::VectorXd terms(static_cast<Index>(mostDriftTerms));
-        setDriftTerms(scaled.data(), axes, terms.data());
-        return terms.head(static_cast<Index>(driftTermCount(model.drift, axes)));
-    }
-
-    /// @return whether the points tell of every term of the drift; with the constant alone they always do
-    bool factorizeDrift()
-    {
-        auto const terms = static_cast<Index>(driftTermCount(model.drift, axes));
-        auto const count = static_cast<Index>(used.size());
-        if (count < terms) {
-            return false;
-        }
-        basis.resize(count, terms);
-        for (Index row = 0; row < count; ++row) {
-            basis.row(row) = driftTerms(place(used[number(row)])).transpose();
-        }
-        factor.triangularView<Eigen::Lower>().solveInPlace(basis);
-        Eigen::HouseholderQR<Eigen::MatrixXd> const qr(basis);
-        triangle = qr.matrixQR().topRows(terms).triangularView<Eigen::Upper>();
-        for (Index term = 1; term < terms; ++term) {
-            if (!(std::abs(triangle(term, term)) > leastRest * std::abs(triangle(0, 0)))) {
-                return false;
-            }
-        }
-        basis = qr.householderQ() * Eigen::MatrixXd::Identity(count, terms);
-        return true;
+        std::array<double, 3> result{};
+        std::copy_n(place(point), axes, result.begin());
+        return result;
     }
 };
 
@@ -136,7 +107,7 @@ CarefulKriging::~CarefulKriging() = default;
 
 Drift_e CarefulKriging::drift() const
 {
-    return m_system->model.drift;
+    return m_system->drift.drift();
 }
 
 void CarefulKriging::weigh(double const* target, std::vector<double>& weights) const
@@ -149,9 +120,10 @@ void CarefulKriging::weigh(double const* target, std::vector<double>& weights) c
     }
     auto const lower = system.factor.triangularView<Eigen::Lower>();
     lower.solveInPlace(solution);
-    Eigen::VectorXd terms = system.driftTerms(target);
-    system.triangle.transpose().triangularView<Eigen::Lower>().solveInPlace(terms);
-    solution -= system.basis * (system.basis.transpose() * solution - terms);
+    Eigen::VectorXd terms = system.drift.terms(target);
+    system.drift.triangle().transpose().triangularView<Eigen::Lower>().solveInPlace(terms);
+    Eigen::MatrixXd const& basis = system.drift.orthogonal();
+    solution -= basis * (basis.transpose() * solution - terms);
     lower.transpose().solveInPlace(solution);
     weights.assign(system.places.size() / system.axes, 0.0);
     for (std::size_t at = 0; at < system.used.size(); ++at) {

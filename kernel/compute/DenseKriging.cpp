@@ -3,6 +3,7 @@
 #include "kernel/base/Parallel.h"
 #include "kernel/base/SystemMemory.h"
 #include "kernel/compute/CovarianceColumn.h"
+#include "kernel/compute/DriftBasis.h"
 
 #include <Eigen/Dense>
 #include <algorithm>
@@ -30,11 +31,8 @@ struct DenseKriging::System
     PointColumns points;
     std::size_t axes;
     Index count;
-    std::array<double, 3> origin{};
-    double scale = 1.0;
     Eigen::MatrixXd factor; ///< below the diagonal and on it
-    Eigen::MatrixXd basis;
-    Eigen::MatrixXd triangle;
+    DriftBasis drift;
     std::vector<Eigen::VectorXd> pointWeights; ///< one a variable
     std::vector<Eigen::VectorXd> driftWeights;
 
@@ -43,6 +41,7 @@ struct DenseKriging::System
         , points(std::move(columns))
         , axes(points[2].empty() ? 2 : 3)
         , count(static_cast<Index>(points[0].size()))
+        , drift(krigingModel.drift, axes)
     {
     }
 
@@ -136,53 +135,29 @@ struct DenseKriging::System
         }
     }
 
-    void placeDrift()
+    /// Centred in the points' box and scaled to half of its longest side.
+    void factorizeDrift(Progress const& progress)
     {
-        double size = 0.0;
+        std::array<double, 3> origin{};
+        double extent = 0.0;
         for (std::size_t axis = 0; axis < axes; ++axis) {
             auto const [low, high] = std::minmax_element(points[axis].begin(), points[axis].end());
             origin[axis] = 0.5 * *low + 0.5 * *high;
-            size = std::max(size, 0.5 * (*high - *low));
+            extent = std::max(extent, 0.5 * (*high - *low));
         }
-        scale = size > 0.0 ? size : 1.0;
+        drift.setScale(origin, extent);
+        drift.factorize(
+            count, [this](Index point) { return placeOf(static_cast<std::size_t>(point)); },
+            [&](Eigen::MatrixXd& terms) { solveForward(terms, progress); });
     }
 
-    Eigen::VectorXd driftTerms(std::array<double, 3> const& place) const
+    std::array<double, 3> placeOf(std::size_t point) const
     {
-        std::array<double, 3> scaled{};
+        std::array<double, 3> place{};
         for (std::size_t axis = 0; axis < axes; ++axis) {
-            scaled[axis] = (place[axis] - origin[axis]) / scale;
+            place[axis] = points[axis][point];
         }
-        Eigen::VectorXd terms(static_cast<Index>(mostDriftTerms));
-        setDriftTerms(scaled.data(), axes, terms.data());
-        return terms.head(static_cast<Index>(driftTermCount(model.drift, axes)));
-    }
-
-    /// @return whether the points tell of every term of the drift; with the constant alone they always do
-    bool factorizeDrift(Progress const& progress)
-    {
-        auto const terms = static_cast<Index>(driftTermCount(model.drift, axes));
-        if (count < terms) {
-            return false;
-        }
-        basis.resize(count, terms);
-        for (Index point = 0; point < count; ++point) {
-            std::array<double, 3> place{};
-            for (std::size_t axis = 0; axis < axes; ++axis) {
-                place[axis] = points[axis][static_cast<std::size_t>(point)];
-            }
-            basis.row(point) = driftTerms(place).transpose();
-        }
-        solveForward(basis, progress);
-        Eigen::HouseholderQR<Eigen::MatrixXd> const qr(basis);
-        triangle = qr.matrixQR().topRows(terms).triangularView<Eigen::Upper>();
-        for (Index term = 1; term < terms; ++term) {
-            if (!(std::abs(triangle(term, term)) > leastRest * std::abs(triangle(0, 0)))) {
-                return false;
-            }
-        }
-        basis = qr.householderQ() * Eigen::MatrixXd::Identity(count, terms);
-        return true;
+        return place;
     }
 };
 
@@ -209,17 +184,14 @@ DenseKriging::DenseKriging(KrigingModel const& model, PointColumns points, Progr
         Progress again(progress, 0);
         system.factorizeCovariances(1.0 + tinyNugget, again);
     }
-    system.placeDrift();
-    while (!system.factorizeDrift(progress)) {
-        system.model.drift = lowerDrift(system.model.drift);
-    }
+    system.factorizeDrift(progress);
 }
 
 DenseKriging::~DenseKriging() = default;
 
 Drift_e DenseKriging::drift() const
 {
-    return m_system->model.drift;
+    return m_system->drift.drift();
 }
 
 void DenseKriging::addVariable(std::vector<double> const& values, Progress const& progress)
@@ -227,9 +199,9 @@ void DenseKriging::addVariable(std::vector<double> const& values, Progress const
     System& system = *m_system;
     Eigen::VectorXd numbers = Eigen::Map<Eigen::VectorXd const>(values.data(), system.count);
     system.solveForward(numbers, progress);
-    Eigen::VectorXd const share = system.basis.transpose() * numbers;
-    system.driftWeights.emplace_back(system.triangle.triangularView<Eigen::Upper>().solve(share));
-    numbers -= system.basis * share;
+    Eigen::VectorXd const share = system.drift.orthogonal().transpose() * numbers;
+    system.driftWeights.emplace_back(system.drift.triangle().triangularView<Eigen::Upper>().solve(share));
+    numbers -= system.drift.orthogonal() * share;
     system.solveBackward(numbers, progress);
     system.pointWeights.push_back(std::move(numbers));
 }
@@ -247,7 +219,7 @@ void DenseKriging::estimate(std::vector<double> const& targets, std::vector<doub
         std::array<double, 3> place{};
         std::copy_n(&targets[target * system.axes], system.axes, place.begin());
         covarianceColumn(system.points, system.model, place, covariances.data());
-        Eigen::VectorXd const terms = system.driftTerms(place);
+        Eigen::VectorXd const terms = system.drift.terms(place.data());
         for (std::size_t variable = 0; variable < variables; ++variable) {
             estimates[target * variables + variable] =
                 covariances.dot(system.pointWeights[variable]) + terms.dot(system.driftWeights[variable]);

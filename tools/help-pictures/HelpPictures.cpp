@@ -80,6 +80,8 @@ QStringList HelpPictures::take()
     takePlot(QStringLiteral("bar"));
     open(QStringLiteral("timeseries.csv"), Deferral::Auto);
     takePlot(QStringLiteral("line_plot"));
+    open(QStringLiteral("rainfall.vtm"), Deferral::Auto);
+    takePlot(QStringLiteral("rainfall"));
     for (HelpSubject const& subject : helpSubjects())
         takeOf(subject);
     m_problems += m_user.unexpectedMessages();

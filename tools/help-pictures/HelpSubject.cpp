@@ -83,6 +83,37 @@ void selectVariables(QDialog& dialog, UserDriver& user)
     user.clickRow(list, 2, Qt::ShiftModifier);
 }
 
+// The rainfall, which stands behind Z in its list, to the map, which is the last zone.
+void enterRainfall(QDialog& dialog, UserDriver& user, char const* sources, char const* variables,
+                   char const* destination)
+{
+    user.clickRow(child<QListView>(dialog, sources), 0);
+    user.clickRow(child<QListView>(dialog, variables), 1);
+    child<QWidget>(dialog, destination).setFocus();
+    user.key(Qt::Key_End);
+}
+
+void enterInverseDistance(QDialog& dialog, UserDriver& user)
+{
+    enterRainfall(dialog, user, "invDistInterp_Source_MList", "invDistInterp_Variable_MList",
+                  "invDistInterp_DestZone_CmbBox");
+}
+
+void enterKriging(QDialog& dialog, UserDriver& user)
+{
+    enterRainfall(dialog, user, "krigingDlg_SourceZone_ListView", "krigingDlg_Variables_ListView",
+                  "krigingDlg_DestZone_ComboBox");
+}
+
+void enterLinear(QDialog& dialog, UserDriver& user)
+{
+    enterRainfall(dialog, user, "LinearIterp_SourceZones_ListView", "LinearIterp_SourceVariables_ListView",
+                  "LinearIterp_DestZone_ComboBox");
+    turnOn(dialog, user, "LinearIterp_Constant_RadioButton");
+    user.settle();
+    enterNumber(dialog, user, "LinearIterp_ConstValue_LineEdit", "10");
+}
+
 } // namespace
 
 std::vector<HelpSubject> const& helpSubjects()
@@ -94,6 +125,10 @@ std::vector<HelpSubject> const& helpSubjects()
         {"duplicateZoneAction", "create_zone_duplicate", nullptr, enterDuplicate},
         {"dataSpreadsheetAction", "spreadsheet", nullptr, showTable},
         {"loadVariableAction", "load_variable", nullptr, selectVariables, "tetra.vtu", Deferral::Always},
+        {"inverseDistanceInterpolationAction", "interpolate_inverse_distance", "&Interpolate", enterInverseDistance,
+         "rainfall.vtm"},
+        {"krigingAction", "interpolate_kriging", "&Interpolate", enterKriging, "rainfall.vtm"},
+        {"linearInterpolationAction", "interpolate_linear", "&Interpolate", enterLinear, "rainfall.vtm"},
         {"dataSpreadsheetAction", "spreadsheet_long", nullptr, showLastRow, "line.mhd"},
     };
     return subjects;

@@ -62,9 +62,11 @@ protected:
 
 TEST_F(HelpPagesTest, AreThere)
 {
-    for (char const* page : {"index.html", "axial_duplication.html", "axial_rotation.html", "create_zone_mirror.html",
-                             "create_zone_duplicate.html", "delete_variable.html", "load_variable.html", "opening.html",
-                             "spreadsheet.html", "plots.html", "line_plots.html", "tables.html", "saving.html"})
+    for (char const* page :
+         {"index.html", "axial_duplication.html", "axial_rotation.html", "create_zone_mirror.html",
+          "create_zone_duplicate.html", "delete_variable.html", "load_variable.html",
+          "interpolate_inverse_distance.html", "interpolate_kriging.html", "interpolate_linear.html", "opening.html",
+          "spreadsheet.html", "plots.html", "line_plots.html", "tables.html", "saving.html"})
         EXPECT_TRUE(pages.contains(QString::fromLatin1(page))) << page;
 }
 

@@ -7,6 +7,7 @@
 #include "tests/tour/CancelledSaveStation.h"
 #include "tests/tour/DeleteVariableStation.h"
 #include "tests/tour/DuplicateZoneStation.h"
+#include "tests/tour/InterpolationStation.h"
 #include "tests/tour/LoadVariableStation.h"
 #include "tests/tour/LongTableStation.h"
 #include "tests/tour/MirrorZoneStation.h"
@@ -47,6 +48,7 @@ TourReport const& Tour::run()
     DuplicateZoneStation(m_tour).run();
     AxialRotationStation(m_tour).run();
     saveResult();
+    InterpolationStation(m_tour, m_samples + QStringLiteral("/rainfall.vtm")).run();
     LoadVariableStation(m_tour, m_samples + QStringLiteral("/tetra.vtu")).run();
     LongTableStation(m_tour, m_samples + QStringLiteral("/line.mhd")).run();
     CancelledSaveStation(m_tour, m_out).run();

@@ -23,7 +23,8 @@ struct HelpSubject
     Deferral deferral = Deferral::Auto;
 };
 
-/// All of them. Those of one file follow each other; it is the sample of a bar that ends at x = 0 but for what is about large files.
+/// All of them. Those of one file follow each other: the bar that ends at x = 0 for most, the rainfall for interpolations, a line
+/// for what is about long tables.
 std::vector<HelpSubject> const& helpSubjects();
 
 } // namespace veldraw::app

@@ -14,7 +14,7 @@ namespace {
 constexpr std::size_t block = 512;
 constexpr std::size_t lanes = 8;
 
-[[gnu::always_inline]] inline double larger(double a, double b)
+VELDRAW_INLINE double larger(double a, double b)
 {
     return a > b ? a : b;
 }

@@ -1,14 +1,13 @@
 #include "kernel/compute/NeighborSearch.h"
 
 #include "kernel/base/Parallel.h"
+#include "kernel/compute/NearestList.h"
+#include "kernel/compute/PointDivision.h"
 #include "kernel/compute/WideLanes.h"
 
 #include <algorithm>
 #include <array>
-#include <iterator>
 #include <limits>
-
-#define VELDRAW_INLINE [[gnu::always_inline]] inline
 
 namespace veldraw::kernel {
 
@@ -17,7 +16,6 @@ namespace {
 constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr std::size_t width = 8; // points of a leaf, and children of a node
 constexpr std::size_t mostLevels = 12;
-constexpr std::size_t manyNeighbors = 64; // from here on a heap is quicker than a sorted list
 
 /// The points in leaves of eight, and boxes of boxes over them. Coordinates of a leaf stand side by side, axis after axis, and so do
 /// those of the boxes of eight siblings, first the low ones; what a last leaf or family lacks is filled up at infinity.
@@ -41,88 +39,6 @@ struct Sides
 
 /// The octants in which the coordinate along an axis is not negative.
 constexpr std::array<unsigned, 3> upperOctants{0xaaU, 0xccU, 0xf0U};
-
-/// Nearer neighbors first; where distances are equal, the lower number first.
-struct NearestFirst
-{
-    std::uint32_t const* points;
-
-    VELDRAW_INLINE bool operator()(Neighbor const& a, Neighbor const& b) const
-    {
-        if (a.squaredDistance < b.squaredDistance || a.squaredDistance > b.squaredDistance) {
-            return a.squaredDistance < b.squaredDistance;
-        }
-        return points[a.place] < points[b.place];
-    }
-};
-
-/// Nearest points of all, or of one octant: sorted, or from many on as a heap with the farthest on top.
-class NearestList
-{
-public:
-    void reset(std::size_t capacity, double bound, std::vector<std::uint32_t> const& points)
-    {
-        m_capacity = capacity;
-        m_bound = bound;
-        m_isBefore.points = points.data();
-        m_list.clear();
-    }
-
-    /// What is farther away is not among the nearest.
-    VELDRAW_INLINE double worst() const { return m_bound; }
-
-    VELDRAW_INLINE void offer(double squaredDistance, std::uint32_t place)
-    {
-        Neighbor const neighbor{squaredDistance, place};
-        if (m_list.size() == m_capacity && !m_isBefore(neighbor, worstOne())) {
-            return;
-        }
-        insert(neighbor);
-    }
-
-    void sort()
-    {
-        if (isHeap()) {
-            std::sort_heap(m_list.begin(), m_list.end(), m_isBefore);
-        }
-    }
-
-    std::vector<Neighbor> const& list() const { return m_list; }
-
-private:
-    bool isHeap() const { return m_capacity > manyNeighbors; }
-    Neighbor const& worstOne() const { return isHeap() ? m_list.front() : m_list.back(); }
-
-    void insert(Neighbor const& neighbor)
-    {
-        bool const isFull = m_list.size() == m_capacity;
-        if (isHeap()) {
-            if (isFull) {
-                std::pop_heap(m_list.begin(), m_list.end(), m_isBefore);
-                m_list.pop_back();
-            }
-            m_list.push_back(neighbor);
-            std::push_heap(m_list.begin(), m_list.end(), m_isBefore);
-        } else {
-            if (!isFull) {
-                m_list.push_back(neighbor);
-            }
-            std::size_t at = m_list.size() - 1;
-            for (; at > 0 && m_isBefore(neighbor, m_list[at - 1]); --at) {
-                m_list[at] = m_list[at - 1];
-            }
-            m_list[at] = neighbor;
-        }
-        if (m_list.size() == m_capacity) {
-            m_bound = std::min(m_bound, worstOne().squaredDistance);
-        }
-    }
-
-    std::size_t m_capacity = 0;
-    double m_bound = infinity;
-    NearestFirst m_isBefore{nullptr};
-    std::vector<Neighbor> m_list;
-};
 
 /// The nearest N of all points.
 struct NearestResult
@@ -345,156 +261,6 @@ double squaredDistance(Tree<Axes> const& tree, std::uint32_t place, double const
     return square;
 }
 
-/// Puts points in an order in which those of each leaf, and of each box of leaves, are near each other: the points are divided at the
-/// median of the longest side of their box, again and again (J. L. Bentley, 1975).
-template <std::size_t Axes>
-class PointDivision
-{
-public:
-    /// @param places coordinates, one point after the other; they and @p points are put in the same order
-    PointDivision(double* places, std::vector<std::uint32_t>& points, Progress const& progress)
-        : m_places(places)
-        , m_points(points)
-        , m_progress(progress)
-    {
-    }
-
-    void divide()
-    {
-        std::vector<Part> parts{{0, m_points.size(), fullSize()}};
-        while (!parts.empty()) {
-            std::vector<std::array<Part, 2>> halves(parts.size());
-            forEachInParallel(static_cast<std::int64_t>(parts.size()), [&](std::int64_t part) {
-                auto const at = static_cast<std::size_t>(part);
-                halves[at] = parts.size() < manyParts ? divided(parts[at]) : dividedToTheEnd(parts[at]);
-            });
-            parts.clear();
-            for (auto const& pair : halves) {
-                std::copy_if(pair.begin(), pair.end(), std::back_inserter(parts),
-                             [](Part const& part) { return part.last - part.first > width; });
-            }
-        }
-    }
-
-private:
-    static constexpr std::size_t manyParts = 64;
-
-    struct Part
-    {
-        std::size_t first = 0;
-        std::size_t last = 0;
-        std::size_t size = 0; ///< that it would have if it were full: 8 times a power of 2
-    };
-
-    std::size_t fullSize() const
-    {
-        std::size_t size = width;
-        while (size < m_points.size()) {
-            size *= 2;
-        }
-        return size;
-    }
-
-    /// Its first half is full, so that leaves and families are full up to the last one.
-    std::array<Part, 2> divided(Part const& part)
-    {
-        m_progress.check();
-        std::size_t size = part.size / 2;
-        while (size >= part.last - part.first) {
-            size /= 2;
-        }
-        std::size_t const middle = part.first + size;
-        select(part, middle, longestSide(part));
-        return {Part{part.first, middle, size}, Part{middle, part.last, size}};
-    }
-
-    std::array<Part, 2> dividedToTheEnd(Part const& part)
-    {
-        std::vector<Part> parts{part};
-        while (!parts.empty()) {
-            Part const next = parts.back();
-            parts.pop_back();
-            if (next.last - next.first > width) {
-                std::array<Part, 2> const halves = divided(next);
-                parts.insert(parts.end(), halves.begin(), halves.end());
-            }
-        }
-        return {};
-    }
-
-    std::size_t longestSide(Part const& part) const
-    {
-        std::array<double, Axes> low;
-        low.fill(infinity);
-        std::array<double, Axes> high;
-        high.fill(-infinity);
-        for (std::size_t at = part.first; at < part.last; ++at) {
-            for (std::size_t axis = 0; axis < Axes; ++axis) {
-                double const coordinate = m_places[at * Axes + axis];
-                low[axis] = std::min(low[axis], coordinate);
-                high[axis] = std::max(high[axis], coordinate);
-            }
-        }
-        std::size_t longest = 0;
-        for (std::size_t axis = 1; axis < Axes; ++axis) {
-            longest = high[axis] - low[axis] > high[longest] - low[longest] ? axis : longest;
-        }
-        return longest;
-    }
-
-    double coordinate(std::size_t at, std::size_t axis) const { return m_places[at * Axes + axis]; }
-
-    void swap(std::size_t a, std::size_t b)
-    {
-        std::swap_ranges(m_places + a * Axes, m_places + (a + 1) * Axes, m_places + b * Axes);
-        std::swap(m_points[a], m_points[b]);
-    }
-
-    /// Puts the points before @p middle that have the smaller coordinates (C. A. R. Hoare, 1961: Find).
-    void select(Part const& part, std::size_t middle, std::size_t axis)
-    {
-        std::size_t first = part.first;
-        std::size_t last = part.last - 1;
-        while (first < last) {
-            m_progress.check();
-            double const pivot = medianOfThree(first, last, axis);
-            std::size_t low = first;
-            std::size_t high = last;
-            while (true) {
-                for (; coordinate(low, axis) < pivot; ++low) {
-                }
-                for (; coordinate(high, axis) > pivot; --high) {
-                }
-                if (low >= high) {
-                    break;
-                }
-                swap(low++, high--);
-            }
-            // Up to high nothing is above the pivot, after it nothing is below.
-            if (middle == high + 1) {
-                return;
-            }
-            if (middle <= high) {
-                last = high;
-            } else {
-                first = high + 1;
-            }
-        }
-    }
-
-    double medianOfThree(std::size_t first, std::size_t last, std::size_t axis) const
-    {
-        double const a = coordinate(first, axis);
-        double const b = coordinate(first + (last - first) / 2, axis);
-        double const c = coordinate(last, axis);
-        return std::max(std::min(a, b), std::min(std::max(a, b), c));
-    }
-
-    double* m_places;
-    std::vector<std::uint32_t>& m_points;
-    Progress const& m_progress;
-};
-
 template <std::size_t Axes>
 class TreeSearch : public NeighborSearch
 {
@@ -553,7 +319,7 @@ private:
                 reader.read(m_tree.points[at], places + at * Axes);
             }
         });
-        PointDivision<Axes>(places, m_tree.points, progress).divide();
+        dividePoints(Axes, width, places, m_tree.points, progress);
         parallelFor(static_cast<std::int64_t>(leafCount()), [&](std::int64_t first, std::int64_t last, std::int64_t) {
             progress.check();
             for (auto leaf = static_cast<std::size_t>(first); leaf < static_cast<std::size_t>(last); ++leaf) {

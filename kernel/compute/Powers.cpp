@@ -14,14 +14,14 @@ namespace {
 constexpr double ln2 = 0.693147180559945309417232121458;
 constexpr double rounder = 6755399441055744.0; // 1.5 * 2^52: a sum with it has no fraction
 
-[[gnu::always_inline]] inline std::uint64_t bitsOf(double number)
+VELDRAW_INLINE std::uint64_t bitsOf(double number)
 {
     std::uint64_t bits = 0;
     std::memcpy(&bits, &number, sizeof bits);
     return bits;
 }
 
-[[gnu::always_inline]] inline double numberOf(std::uint64_t bits)
+VELDRAW_INLINE double numberOf(std::uint64_t bits)
 {
     double number = 0.0;
     std::memcpy(&number, &bits, sizeof number);
@@ -30,7 +30,7 @@ constexpr double rounder = 6755399441055744.0; // 1.5 * 2^52: a sum with it has 
 
 /// Logarithm to base 2 of a normal number above 0: that of the mantissa m, brought to [0.7, 1.5), by the series of
 /// ln m = 2 artanh((m - 1) / (m + 1)).
-[[gnu::always_inline]] inline double log2Of(double number)
+VELDRAW_INLINE double log2Of(double number)
 {
     std::uint64_t const bits = bitsOf(number);
     double exponent = numberOf((bits >> 52U) | 0x4330000000000000U) - 4503599627371519.0; // 2^52 + 1023
@@ -53,7 +53,7 @@ constexpr double rounder = 6755399441055744.0; // 1.5 * 2^52: a sum with it has 
 
 /// 2 to the power of a number from -1020 to 0: a power of two for the whole part, the series of the exponential function for
 /// what is left, which is at most ln 2 / 2.
-[[gnu::always_inline]] inline double exp2Of(double power)
+VELDRAW_INLINE double exp2Of(double power)
 {
     double const shifted = power + rounder;
     double const whole = shifted - rounder;
@@ -88,7 +88,7 @@ constexpr std::size_t few = 64;
 
 /// Powers of quarters, which most exponents are, by square roots: numbers^(whole + quarters / 4). At most 64 numbers.
 template <int Quarters>
-[[gnu::always_inline]] inline void raiseByRoots(double* numbers, std::size_t count, int whole)
+VELDRAW_INLINE void raiseByRoots(double* numbers, std::size_t count, int whole)
 {
     double factors[few];
     for (std::size_t at = 0; at < count; ++at) {

@@ -5,8 +5,6 @@
 #include <algorithm>
 #include <vector>
 
-#define VELDRAW_INLINE [[gnu::always_inline]] inline
-
 namespace veldraw::kernel {
 
 namespace {

@@ -10,3 +10,6 @@
 #else
 #define VELDRAW_WIDE_LANES(...)
 #endif
+
+/// For what such a function calls: only what is inlined becomes a part of all variants.
+#define VELDRAW_INLINE [[gnu::always_inline]] inline

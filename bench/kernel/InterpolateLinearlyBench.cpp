@@ -1,4 +1,5 @@
 // Linear interpolation to random points, beside VTK's probe filter on the same data.
+#include "kernel/base/SystemMemory.h"
 #include "kernel/operations/InterpolateLinearly.h"
 #include "kernel/operations/SetPlotType.h"
 #include "kernel/session/Session.h"
@@ -16,6 +17,7 @@
 #include <benchmark/benchmark.h>
 #include <chrono>
 #include <cmath>
+#include <fstream>
 #include <numeric>
 #include <random>
 
@@ -202,6 +204,36 @@ std::pair<double, std::vector<double>> probe(vtkPointSet& source, Places const& 
     return {seconds, found};
 }
 
+/// Megabytes of the process: "VmRSS:" now, or "VmHWM:" at most since forgetPeak().
+double megabytes(std::string const& which)
+{
+    std::ifstream file("/proc/self/status");
+    std::string word;
+    double kibibytes = 0;
+    while (file >> word && word != which) {
+    }
+    file >> kibibytes;
+    return kibibytes / 1024;
+}
+
+void forgetPeak()
+{
+    std::ofstream("/proc/self/clear_refs") << "5";
+}
+
+/// What an interpolation takes at most beyond the new array, for each byte of coordinates of the source and the target.
+double memoryOf(Stage& stage)
+{
+    auto const points = [&](int zone) { return static_cast<double>(stage.dataSet->zone(zone)->pointCount()); };
+    constexpr double bytesOfMegabyte = 1024 * 1024;
+    returnFreedMemory();
+    forgetPeak();
+    double const before = megabytes("VmRSS:");
+    stage.interpolate();
+    double const taken = megabytes("VmHWM:") - before - points(2) * sizeof(double) / bytesOfMegabyte;
+    return taken * bytesOfMegabyte / ((points(1) + points(2)) * 3 * sizeof(double));
+}
+
 /// Measures the interpolation, and tells how long it takes for each second of VTK's filter, which has to find the same values.
 void compare(benchmark::State& state, Stage& stage, vtkPointSet* peer, Places const& targets)
 {
@@ -217,6 +249,7 @@ void compare(benchmark::State& state, Stage& stage, vtkPointSet* peer, Places co
         stage.session.history().clear();
         state.ResumeTiming();
     }
+    state.counters["memory"] = memoryOf(stage);
     if (peer == nullptr) {
         return;
     }

@@ -3,24 +3,25 @@
 #include "kernel/compute/ValueBlock.h"
 
 #include <atomic>
+#include <vector>
 
 namespace veldraw::kernel {
 
 namespace {
 
 constexpr std::int64_t fewCells = 10000; // have place in the cache
-constexpr std::uint16_t binsAlong = 32;
+constexpr unsigned binsAlong = 32;
 constexpr std::size_t gridSize = std::size_t{binsAlong} * binsAlong * binsAlong;
 
 /// The bin of a place, in a grid over the whole box; of places outside, that at the border.
-std::uint16_t binOf(Point const& place, Box const& box)
+unsigned binOf(Point const& place, Box const& box)
 {
     unsigned bin = 0;
     for (std::size_t axis = 3; axis-- > 0;) {
         double const share = (place[axis] - box.low[axis]) / (box.high[axis] - box.low[axis]) * binsAlong;
         bin = bin * binsAlong + (share > 0 ? static_cast<unsigned>(std::min(share, binsAlong - 1.0)) : 0U);
     }
-    return static_cast<std::uint16_t>(bin);
+    return bin;
 }
 
 } // namespace
@@ -31,29 +32,25 @@ CellOrder::CellOrder(ZoneCells const& cells, Box const& box, Progress& progress)
     if (cells.isOrdered() || count <= fewCells) {
         return;
     }
-    std::vector<std::uint16_t> bins(static_cast<std::size_t>(count));
+    auto const forBins = [&](auto const& body) { // twice, so that they need no memory
+        forEachBlock(count, progress, [&](std::int64_t first, std::int64_t size) {
+            ZoneCells::Corners room;
+            for (std::int64_t slot = first; slot < first + size; ++slot) {
+                Cell const cell = cells.cell(slot, room);
+                body(slot, cell.cornerCount == 0 ? 0U : binOf(cells.point(cell.corners[0]), box));
+            }
+        });
+    };
     std::vector<std::atomic<std::uint32_t>> ends(gridSize); // at first numbers of cells, then where the next one goes
     progress.setTotal(2 * count);
-    forEachBlock(count, progress, [&](std::int64_t first, std::int64_t size) {
-        ZoneCells::Corners room;
-        for (std::int64_t slot = first; slot < first + size; ++slot) {
-            Cell const cell = cells.cell(slot, room);
-            std::uint16_t const bin =
-                cell.cornerCount == 0 ? std::uint16_t{0} : binOf(cells.point(cell.corners[0]), box);
-            bins[static_cast<std::size_t>(slot)] = bin;
-            ends[bin].fetch_add(1, std::memory_order_relaxed);
-        }
-    });
+    forBins([&](std::int64_t, unsigned bin) { ends[bin].fetch_add(1, std::memory_order_relaxed); });
     std::uint32_t next = 0;
     for (std::atomic<std::uint32_t>& end : ends) {
         next += end.exchange(next, std::memory_order_relaxed);
     }
-    m_slots.resize(static_cast<std::size_t>(count));
-    forEachBlock(count, progress, [&](std::int64_t first, std::int64_t size) {
-        for (std::int64_t slot = first; slot < first + size; ++slot) {
-            std::uint16_t const bin = bins[static_cast<std::size_t>(slot)];
-            m_slots[ends[bin].fetch_add(1, std::memory_order_relaxed)] = static_cast<std::uint32_t>(slot);
-        }
+    m_slots = ZeroedArray<std::uint32_t>(static_cast<std::size_t>(count));
+    forBins([&](std::int64_t slot, unsigned bin) {
+        m_slots[ends[bin].fetch_add(1, std::memory_order_relaxed)] = static_cast<std::uint32_t>(slot);
     });
 }
 

@@ -51,7 +51,7 @@ private:
     void take(std::size_t position, Number number);
 
     PointBins const& m_points;
-    std::vector<std::atomic<Number>> m_found; // numbers of cells, through all zones, by position
+    ZeroedArray<std::atomic<Number>> m_found; // numbers of cells, through all zones, by position
     std::vector<std::int64_t> m_firstNumbers; // of the zones; at the end, of the next one
     std::atomic<std::int64_t> m_hiddenCount{0};
     std::atomic<std::int64_t> m_unplacedCount{0};

@@ -65,21 +65,23 @@ public:
     void build()
     {
         collect();
-        if (m_bins.m_slots.empty()) {
+        if (m_bins.m_slots.isEmpty()) {
             return;
         }
         addGrid(m_bins.m_box, 0, m_bins.m_slots.size());
         for (std::size_t grid = 0; grid < m_bins.m_grids.size(); ++grid) {
             addGridsWithin(grid);
         }
+        returnFreedMemory(); // of sorting; the coordinates take the most
         readCoordinates();
     }
 
 private:
-    struct Collected
+    /// What is found in a chunk of all slots.
+    struct Chunk
     {
         Box box;
-        std::vector<std::uint32_t> slots;
+        std::size_t count = 0; ///< of finite places
         std::vector<std::int64_t> leftOut;
     };
 
@@ -90,7 +92,7 @@ private:
         return point;
     }
 
-    void collectBlock(std::int64_t first, std::int64_t count, Collected& collected) const
+    void lookAtBlock(std::int64_t first, std::int64_t count, Chunk& chunk) const
     {
         for (std::int64_t slot = first; slot < first + count; ++slot) {
             if (!m_places.exists(slot)) {
@@ -98,10 +100,10 @@ private:
             }
             Point const point = placeOf(slot);
             if (isFinite(point)) {
-                collected.box.add(point);
-                collected.slots.push_back(static_cast<std::uint32_t>(slot));
+                chunk.box.add(point);
+                ++chunk.count;
             } else {
-                collected.leftOut.push_back(slot);
+                chunk.leftOut.push_back(slot);
             }
         }
     }
@@ -110,24 +112,34 @@ private:
     void collect()
     {
         std::int64_t const count = m_places.slotCount();
-        std::vector<Collected> chunks(static_cast<std::size_t>(parallelChunkCount(count)));
+        std::vector<Chunk> chunks(static_cast<std::size_t>(parallelChunkCount(count)));
         parallelFor(count, [&](std::int64_t first, std::int64_t last, std::int64_t chunk) {
-            Collected& collected = chunks[static_cast<std::size_t>(chunk)];
-            collected.slots.reserve(static_cast<std::size_t>(last - first));
             for (std::int64_t begin = first; begin < last; begin += blockSize) {
                 m_progress.check();
                 std::int64_t const size = std::min(blockSize, last - begin);
-                collectBlock(begin, size, collected);
+                lookAtBlock(begin, size, chunks[static_cast<std::size_t>(chunk)]);
                 m_progress.advance(size);
             }
         });
-        m_bins.m_slots.reserve(static_cast<std::size_t>(count));
-        for (Collected& collected : chunks) {
-            m_bins.m_box.add(collected.box);
-            m_bins.m_slots.insert(m_bins.m_slots.end(), collected.slots.begin(), collected.slots.end());
-            m_bins.m_leftOut.insert(m_bins.m_leftOut.end(), collected.leftOut.begin(), collected.leftOut.end());
-            collected.slots = {};
+        std::vector<std::size_t> starts{0};
+        for (Chunk const& chunk : chunks) {
+            m_bins.m_box.add(chunk.box);
+            m_bins.m_leftOut.insert(m_bins.m_leftOut.end(), chunk.leftOut.begin(), chunk.leftOut.end());
+            starts.push_back(starts.back() + chunk.count);
         }
+        m_bins.m_slots = ZeroedArray<std::uint32_t>(starts.back());
+        parallelFor(count, [&](std::int64_t first, std::int64_t last, std::int64_t chunk) {
+            auto const& leftOut = chunks[static_cast<std::size_t>(chunk)].leftOut;
+            auto next = leftOut.begin();
+            std::uint32_t* slots = m_bins.m_slots.begin() + starts[static_cast<std::size_t>(chunk)];
+            for (std::int64_t slot = first; slot < last; ++slot) {
+                if (next != leftOut.end() && *next == slot) {
+                    ++next;
+                } else if (m_places.exists(slot)) {
+                    *slots++ = static_cast<std::uint32_t>(slot);
+                }
+            }
+        });
     }
 
     /// Adds a grid for the slots at the positions from @p first to @p last and puts these into the order of its bins.
@@ -149,7 +161,7 @@ private:
     void sort(Grid const& grid, std::size_t first, std::size_t last)
     {
         auto const count = static_cast<std::int64_t>(last - first);
-        std::vector<std::uint32_t> binOf(last - first);
+        ZeroedArray<std::uint32_t> binOf(last - first);
         std::vector<std::atomic<Position>> ends(
             grid.binCount());                        // at first the numbers of slots, then where the next one goes
         bool const isWhole = m_bins.m_grids.empty(); // the grids within count for nothing in the progress
@@ -167,8 +179,8 @@ private:
             next += ends[bin].exchange(next, std::memory_order_relaxed);
         }
         m_bins.m_starts[grid.firstBin + grid.binCount()] = next;
-        std::vector<std::uint32_t> const slots(m_bins.m_slots.begin() + static_cast<std::ptrdiff_t>(first),
-                                               m_bins.m_slots.begin() + static_cast<std::ptrdiff_t>(last));
+        ZeroedArray<std::uint32_t> slots(last - first);
+        std::copy(m_bins.m_slots.begin() + first, m_bins.m_slots.begin() + last, slots.begin());
         forEachBlock(count, part, [&](std::int64_t begin, std::int64_t size) {
             for (auto at = static_cast<std::size_t>(begin); at < static_cast<std::size_t>(begin + size); ++at) {
                 m_bins.m_slots[ends[binOf[at]].fetch_add(1, std::memory_order_relaxed)] = slots[at];
@@ -216,10 +228,10 @@ private:
     void readCoordinates()
     {
         std::size_t const count = m_bins.m_slots.size();
-        m_bins.m_coordinates.resize(count * m_bins.m_dimensions);
+        m_bins.m_coordinates = ZeroedArray<double>(count * m_bins.m_dimensions);
         forEachBlock(static_cast<std::int64_t>(count), m_progress, [&](std::int64_t first, std::int64_t size) {
             for (auto at = static_cast<std::size_t>(first); at < static_cast<std::size_t>(first + size); ++at) {
-                m_places.read(m_bins.m_slots[at], m_bins.m_coordinates.data() + at * m_bins.m_dimensions);
+                m_places.read(m_bins.m_slots[at], m_bins.m_coordinates.begin() + at * m_bins.m_dimensions);
             }
         });
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kernel/base/Progress.h"
+#include "kernel/base/ZeroedArray.h"
 #include "kernel/data/ValuePlaces.h"
 #include "kernel/mesh/Box.h"
 
@@ -29,7 +30,7 @@ public:
 
     Point point(std::size_t position) const
     {
-        double const* const numbers = m_coordinates.data() + position * m_dimensions;
+        double const* const numbers = m_coordinates.begin() + position * m_dimensions;
         return {numbers[0], numbers[1], m_dimensions == 3 ? numbers[2] : 0.0};
     }
 
@@ -83,8 +84,8 @@ private:
     class Builder;
 
     std::size_t m_dimensions;
-    std::vector<double> m_coordinates;      // 2 or 3 of each position
-    std::vector<std::uint32_t> m_slots;     // by position
+    ZeroedArray<double> m_coordinates;      // 2 or 3 of each position
+    ZeroedArray<std::uint32_t> m_slots;     // by position
     std::vector<Position> m_starts;         // first position of each bin
     std::vector<std::uint32_t> m_gridOfBin; // 0: the bin has none
     std::vector<Grid> m_grids;              // the first one has all places

@@ -1,6 +1,7 @@
 #include "kernel/base/Parallel.h"
 
 #include <algorithm>
+#include <atomic>
 #include <exception>
 #include <vector>
 
@@ -64,12 +65,19 @@ void parallelFor(std::int64_t count, std::function<void(std::int64_t, std::int64
 void forEachInParallel(std::int64_t count, std::function<void(std::int64_t)> const& body)
 {
     std::vector<std::exception_ptr> failures(static_cast<std::size_t>(count));
+    std::atomic<std::int64_t> lowestFailure{count};
 #pragma omp parallel for schedule(dynamic)
     for (std::int64_t task = 0; task < count; ++task) {
+        if (task > lowestFailure) {
+            continue; // those before it may fail as well, and the lowest one counts
+        }
         try {
             body(task);
         } catch (...) {
             failures[static_cast<std::size_t>(task)] = std::current_exception();
+            std::int64_t lowest = lowestFailure;
+            while (task < lowest && !lowestFailure.compare_exchange_weak(lowest, task)) {
+            }
         }
     }
     // The exception of the lowest task, so that it is the same one every time.

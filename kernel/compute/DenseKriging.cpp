@@ -7,6 +7,7 @@
 
 #include <Eigen/Dense>
 #include <algorithm>
+#include <stdexcept>
 
 namespace veldraw::kernel {
 
@@ -16,6 +17,8 @@ using Index = Eigen::Index;
 
 constexpr Index tile = 128;
 constexpr double shareOfMemory = 0.7;
+constexpr double leastRoot =
+    1e-6; // on the diagonal of the factor: of points that are all but equal it is rounding errors
 constexpr double tinyNugget = 1e-10; // makes a matrix regular whose points are all but equal
 
 Index tilesOf(Index count)
@@ -83,7 +86,9 @@ struct DenseKriging::System
         for (Index column = 0; column < tiles; ++column) {
             updateTile(column, column, diagonal, progress);
             Eigen::LLT<Eigen::MatrixXd> const small(block(column, column).selfadjointView<Eigen::Lower>());
-            if (small.info() != Eigen::Success) {
+            bool const isRegular =
+                small.info() == Eigen::Success && small.matrixLLT().diagonal().minCoeff() > leastRoot;
+            if (!isRegular) {
                 return false;
             }
             block(column, column) = Eigen::MatrixXd(small.matrixL());
@@ -182,7 +187,9 @@ DenseKriging::DenseKriging(KrigingModel const& model, PointColumns points, Progr
     system.factor.resize(system.count, system.count);
     if (!system.factorizeCovariances(1.0, progress)) {
         Progress again(progress, 0);
-        system.factorizeCovariances(1.0 + tinyNugget, again);
+        if (!system.factorizeCovariances(1.0 + tinyNugget, again)) {
+            throw std::runtime_error("The points lie too close to each other to be taken all at once.");
+        }
     }
     system.factorizeDrift(progress);
 }

@@ -16,11 +16,11 @@ namespace veldraw::kernel {
 class DenseKriging
 {
 public:
-    /// The most points whose system fits into the memory that the machine has now.
+    /// The most points whose system fits into 0.7 of the memory that is available now.
     static std::int64_t mostPoints();
 
     /// Factorizes the system, on all cores; the work is one unit of @p progress for each tile of the matrix.
-    /// @param points at least one, no two of them equal. @throws Interrupted, std::bad_alloc
+    /// @param points at least one, no two of them equal. @throws Interrupted, std::bad_alloc, std::runtime_error
     DenseKriging(KrigingModel const& model, PointColumns points, Progress& progress);
     ~DenseKriging();
 

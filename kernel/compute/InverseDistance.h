@@ -3,7 +3,9 @@
 #include "kernel/compute/NeighborSearch.h"
 #include "kernel/compute/PointColumns.h"
 
+#include <algorithm>
 #include <functional>
+#include <limits>
 #include <vector>
 
 namespace veldraw::kernel {
@@ -17,7 +19,7 @@ class InverseDistance
 public:
     /// @param minimumDistance at least 0; @param exponent above 0
     InverseDistance(double minimumDistance, double exponent)
-        : m_minimumSquare(minimumDistance * minimumDistance)
+        : m_minimumSquare(std::min(minimumDistance * minimumDistance, std::numeric_limits<double>::max()))
         , m_exponent(0.5 * exponent)
     {
     }

@@ -29,10 +29,7 @@ std::string InterpolateByInverseDistance::reasonAgainst() const
 void InterpolateByInverseDistance::estimate(Task const& task, Progress& progress)
 {
     progress.setTotal(static_cast<std::int64_t>(task.targetPoints.size()));
-    bool const takesAll = choice().selection == PtSelection_All ||
-                          (choice().selection == PtSelection_NearestN &&
-                           choice().count >= static_cast<std::int64_t>(task.sourcePoints.size()));
-    if (takesAll) {
+    if (task.takesAll(choice())) {
         averageAll(task, progress);
     } else {
         averageNeighbors(task, progress);

@@ -20,6 +20,17 @@ double secondsSince(std::chrono::steady_clock::time_point start)
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
+/// The names, up to a few of them.
+std::string listed(std::vector<std::string> const& names)
+{
+    constexpr std::size_t most = 8;
+    std::string text;
+    for (std::size_t at = 0; at < std::min(names.size(), most); ++at) {
+        text += (at > 0 ? ", " : "") + quoted(names[at]);
+    }
+    return names.size() > most ? text + " and " + std::to_string(names.size() - most) + " more" : text;
+}
+
 std::string twoDigits(double number)
 {
     char text[32];
@@ -180,8 +191,15 @@ std::string Interpolation::report(Fields const& fields, std::string const& detai
         hasRounded = hasRounded || field->isOfWholeNumbers();
     }
     std::int64_t const points = places(m_destination, ValueLocation_Nodal).slotCount();
-    std::string text = name() + ": " + counted(static_cast<std::int64_t>(m_variables.size()), "variable") + " from " +
-                       counted(static_cast<std::int64_t>(m_sources.size()), "zone") + " to zone " +
+    std::vector<std::string> variableNames;
+    for (int const variable : m_variables) {
+        variableNames.push_back(dataSet().variable(variable)->name);
+    }
+    std::vector<std::string> zoneNames;
+    for (int const zone : m_sources) {
+        zoneNames.push_back(dataSet().zone(zone)->name);
+    }
+    std::string text = name() + ": " + listed(variableNames) + " from " + listed(zoneNames) + " to " +
                        quoted(dataSet().zone(m_destination)->name) + " with " + counted(points, "point") + ", in " +
                        twoDigits(seconds) + " s.";
     text += details.empty() ? "" : " " + details;

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <stdexcept>
+#include <thread>
 
 namespace veldraw::kernel {
 
@@ -28,6 +29,16 @@ double diagonalOf(PointColumns const& points)
         }
     }
     return std::sqrt(square);
+}
+
+/// Checks that a system of so many points fits into the memory. @throws std::runtime_error
+void requireRoom(std::int64_t points, std::int64_t most)
+{
+    if (points > most) {
+        throw std::runtime_error("Kriging from " + counted(points, "point") +
+                                 " at once takes more memory than there is: " + std::to_string(most) +
+                                 " points would fit.");
+    }
 }
 
 } // namespace
@@ -54,9 +65,10 @@ std::string Krige::details() const
 {
     std::string text;
     text += m_merged > 0 ? counted(m_merged, "source point") + " merged with others at the same place." : "";
-    text += m_lowered > 0 ? (text.empty() ? "" : " ") + counted(m_lowered, "kriging system") +
-                                " solved with a lower drift, since the points did not tell of the whole one."
-                          : "";
+    text += m_lowered > 0
+                ? (text.empty() ? "" : " ") + std::string("A lower drift was taken at ") + counted(m_lowered, "point") +
+                      ", whose source points are too few or lie in a plane or on a line."
+                : "";
     return text;
 }
 
@@ -64,10 +76,7 @@ void Krige::estimate(Task const& given, Progress& progress)
 {
     Task task = given;
     m_merged = std::max(m_merged, task.mergeCoincidentPoints(progress));
-    bool const takesAll = choice().selection == PtSelection_All ||
-                          (choice().selection == PtSelection_NearestN &&
-                           choice().count >= static_cast<std::int64_t>(task.sourcePoints.size()));
-    if (takesAll) {
+    if (task.takesAll(choice())) {
         estimateFromAll(task, progress);
     } else {
         estimateFromNeighbors(task, progress);
@@ -77,11 +86,7 @@ void Krige::estimate(Task const& given, Progress& progress)
 void Krige::estimateFromAll(Task const& task, Progress& progress)
 {
     auto const points = static_cast<std::int64_t>(task.sourcePoints.size());
-    if (points > DenseKriging::mostPoints()) {
-        throw std::runtime_error(
-            "Kriging from all of " + counted(points, "point") + " at once takes more memory than there is: " +
-            std::to_string(DenseKriging::mostPoints()) + " points would fit. Take the nearest points instead.");
-    }
+    requireRoom(points, DenseKriging::mostPoints());
     auto const targets = static_cast<std::int64_t>(task.targetPoints.size());
     progress.setTotal(DenseKriging::workFor(points) + targets);
     PointColumns columns = task.sourceColumns();
@@ -92,7 +97,7 @@ void Krige::estimateFromAll(Task const& task, Progress& progress)
         task.gather(variable, task.sourcePoints.data(), values.size(), values.data());
         kriging.addVariable(values, progress);
     }
-    m_lowered += kriging.drift() != m_model.drift ? 1 : 0;
+    m_lowered += kriging.drift() != m_model.drift ? targets : 0;
     task.forEachBlock(targetsForTheSystem, progress,
                       [&](std::uint32_t const* numbers, std::vector<double> const& places) {
                           std::vector<double> estimates;
@@ -105,6 +110,10 @@ void Krige::estimateFromAll(Task const& task, Progress& progress)
 
 void Krige::estimateFromNeighbors(Task const& task, Progress& progress)
 {
+    // Each thread has a system of its own, and a copy of it for a moment.
+    double const systems = 2.0 * static_cast<double>(std::max(std::thread::hardware_concurrency(), 1U));
+    requireRoom(std::min(choice().count, static_cast<std::int64_t>(task.sourcePoints.size())),
+                static_cast<std::int64_t>(static_cast<double>(DenseKriging::mostPoints()) / std::sqrt(systems)));
     progress.setTotal(static_cast<std::int64_t>(task.targetPoints.size()));
     KrigingModel const model{m_model.range * diagonalOf(task.sourceColumns()), m_model.zeroValue, m_model.drift};
     auto const search = NeighborSearch::make(task.sources, task.sourcePoints, progress);

@@ -7,7 +7,6 @@
 #include <cmath>
 #include <limits>
 #include <map>
-#include <numeric>
 #include <stdexcept>
 
 namespace veldraw::kernel {
@@ -19,13 +18,18 @@ constexpr std::size_t valuesAtATime = 4096;
 constexpr std::int64_t neighborsAtATime = 65536;
 constexpr double hugeValue = 1e280;
 constexpr double divisorOfHugeValues = 0x1p64;
-constexpr int extremeExponent = 400; // squares of larger or smaller coordinates are not numbers of double precision
+constexpr int extremeExponent = 500; // squares of larger or smaller coordinates are not numbers of double precision
+constexpr int largestExponent = 1023;
 
-/// Factor that brings coordinates of extreme size near 1.
+/// Factor for coordinates of extreme size. Large ones stay as large as their squares allow, since the distances of most points
+/// may be far smaller.
 double scaleFor(double largest)
 {
     int const exponent = largest > 0.0 ? std::ilogb(largest) : 0;
-    return std::abs(exponent) > extremeExponent ? std::ldexp(1.0, -exponent) : 1.0;
+    if (exponent > extremeExponent) {
+        return std::ldexp(1.0, extremeExponent - exponent);
+    }
+    return exponent < -extremeExponent ? std::ldexp(1.0, std::min(-exponent, largestExponent)) : 1.0;
 }
 
 } // namespace
@@ -56,21 +60,56 @@ std::string PointInterpolation::reasonAgainst() const
 std::int64_t PointInterpolation::Task::mergeCoincidentPoints(Progress& progress)
 {
     sortInSpace(sources, sourcePoints, progress); // equal points follow each other
-    std::array<double, 3> last{};
     std::size_t kept = 0;
-    for (std::size_t at = 0; at < sourcePoints.size(); ++at) {
-        std::array<double, 3> place{};
-        sources.read(sourcePoints[at], place.data());
-        if (at > 0 && place == last) {
-            m_coincident[sourcePoints[kept - 1]].push_back(sourcePoints[at]);
-        } else {
-            sourcePoints[kept++] = sourcePoints[at];
+    std::size_t first = 0;
+    while (first < sourcePoints.size()) {
+        std::size_t const end = endOfPlace(first, progress);
+        if (end - first > 1) {
+            m_merged.emplace(sourcePoints[first], meansOf(&sourcePoints[first], end - first, progress));
         }
-        last = place;
+        sourcePoints[kept++] = sourcePoints[first];
+        first = end;
     }
     auto const merged = static_cast<std::int64_t>(sourcePoints.size() - kept);
     sourcePoints.resize(kept);
     return merged;
+}
+
+/// The end of the points that are at the same place as the one at @p first.
+std::size_t PointInterpolation::Task::endOfPlace(std::size_t first, Progress const& progress) const
+{
+    std::array<double, 3> place{};
+    sources.read(sourcePoints[first], place.data());
+    for (std::size_t at = first + 1; at < sourcePoints.size(); ++at) {
+        if (at % valuesAtATime == 0) {
+            progress.check();
+        }
+        std::array<double, 3> other{};
+        sources.read(sourcePoints[at], other.data());
+        if (other != place) {
+            return at;
+        }
+    }
+    return sourcePoints.size();
+}
+
+/// The means of the values of each variable, divided as gather() does it.
+std::vector<double> PointInterpolation::Task::meansOf(std::uint32_t const* points, std::size_t count,
+                                                      Progress const& progress) const
+{
+    std::vector<double> means(m_variables.size(), 0.0);
+    std::vector<double> values(std::min(count, valuesAtATime));
+    for (std::size_t variable = 0; variable < means.size(); ++variable) {
+        for (std::size_t first = 0; first < count; first += valuesAtATime) {
+            progress.check();
+            std::size_t const size = std::min(valuesAtATime, count - first);
+            sources.gather(m_variables[variable].position, points + first, size, values.data());
+            for (std::size_t at = 0; at < size; ++at) {
+                means[variable] += values[at] / m_variables[variable].divisor / static_cast<double>(count);
+            }
+        }
+    }
+    return means;
 }
 
 PointColumns PointInterpolation::Task::sourceColumns() const
@@ -96,26 +135,17 @@ PointColumns PointInterpolation::Task::sourceColumns() const
 void PointInterpolation::Task::gather(std::size_t variable, std::uint32_t const* points, std::size_t count,
                                       double* values) const
 {
-    std::size_t const position = m_variables[variable].position;
-    sources.gather(position, points, count, values);
+    sources.gather(m_variables[variable].position, points, count, values);
     double const divisor = m_variables[variable].divisor;
     if (divisor > 1.0) {
         std::transform(values, values + count, values, [divisor](double value) { return value / divisor; });
     }
-    for (std::size_t at = 0; at < count && !m_coincident.empty(); ++at) {
-        auto const others = m_coincident.find(points[at]);
-        if (others != m_coincident.end()) {
-            values[at] += sumOf(position, others->second) / divisor;
-            values[at] /= static_cast<double>(others->second.size() + 1);
+    for (std::size_t at = 0; at < count && !m_merged.empty(); ++at) {
+        auto const merged = m_merged.find(points[at]);
+        if (merged != m_merged.end()) {
+            values[at] = merged->second[variable];
         }
     }
-}
-
-double PointInterpolation::Task::sumOf(std::size_t position, std::vector<std::uint32_t> const& points) const
-{
-    std::vector<double> values(points.size());
-    sources.gather(position, points.data(), points.size(), values.data());
-    return std::accumulate(values.begin(), values.end(), 0.0);
 }
 
 void PointInterpolation::Task::forEachBlock(std::size_t size, Progress& progress, UseTargets const& use) const
@@ -140,6 +170,13 @@ void PointInterpolation::Task::forEachBlock(std::size_t size, Progress& progress
 std::size_t PointInterpolation::Task::blockSize(NeighborChoice const& choice)
 {
     return static_cast<std::size_t>(std::clamp<std::int64_t>(neighborsAtATime / choice.count, 1, 512));
+}
+
+bool PointInterpolation::Task::takesAll(NeighborChoice const& choice) const
+{
+    std::int64_t const shares = choice.selection == PtSelection_Octant ? std::int64_t{1} << sources.dimensions() : 1;
+    return choice.selection == PtSelection_All ||
+           choice.count / shares >= static_cast<std::int64_t>(sourcePoints.size());
 }
 
 void PointInterpolation::Task::storeSums(NeighborSearch const& search, Neighborhoods const& found,

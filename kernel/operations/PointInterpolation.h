@@ -62,6 +62,9 @@ protected:
         /// Number of targets whose neighborhoods are found at a time.
         static std::size_t blockSize(NeighborChoice const& choice);
 
+        /// Whether a choice takes all source points.
+        bool takesAll(NeighborChoice const& choice) const;
+
         /// Stores the weighted sums of the values of neighbors. Thread-safe.
         void storeSums(NeighborSearch const& search, Neighborhoods const& found, std::vector<double> const& weights,
                        std::uint32_t const* targets) const;
@@ -79,11 +82,12 @@ protected:
             double divisor;
         };
 
-        double sumOf(std::size_t position, std::vector<std::uint32_t> const& points) const;
+        std::size_t endOfPlace(std::size_t first, Progress const& progress) const;
+        std::vector<double> meansOf(std::uint32_t const* points, std::size_t count, Progress const& progress) const;
 
         std::vector<Variable> m_variables;
-        std::unordered_map<std::uint32_t, std::vector<std::uint32_t>>
-            m_coincident; ///< points at the place of another one
+        std::unordered_map<std::uint32_t, std::vector<double>>
+            m_merged; ///< means of the variables, by the point that was kept
     };
 
     /// Estimates all variables at all targets of a task. @throws Interrupted, std::bad_alloc, std::runtime_error

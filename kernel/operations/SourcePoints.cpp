@@ -13,6 +13,8 @@ namespace veldraw::kernel {
 namespace {
 
 constexpr std::int64_t mostPoints = std::numeric_limits<std::uint32_t>::max();
+constexpr double largestCoordinate =
+    1e280; // beyond it, beside others of common size, distances are not numbers of double precision
 
 /// The largest of some numbers without their signs; infinite when one of them is not finite.
 double largestOf(double const* numbers, int count)
@@ -79,7 +81,7 @@ SourcePoints::Selection SourcePoints::select(bool withHidden, Progress const& pr
             double place[3];
             part.places.read(slot, place);
             double const largest = largestOf(place, m_dimensions);
-            if (std::isfinite(largest) && (withHidden || !part.places.isHidden(slot))) {
+            if (largest <= largestCoordinate && (withHidden || !part.places.isHidden(slot))) {
                 selection.points.push_back(point);
                 selection.largest = std::max(selection.largest, largest);
             } else {

@@ -38,7 +38,8 @@ public:
         double largest = 0.0; ///< of the coordinates of the selected points, without signs
     };
 
-    /// The points with a finite place, those apart that are hidden unless @p withHidden. @throws Interrupted
+    /// The points with a place, those apart that are hidden unless @p withHidden. Coordinates beyond 1e280 are no place, as
+    /// those that are not finite. @throws Interrupted
     Selection select(bool withHidden, Progress const& progress) const;
 
 private:

@@ -315,14 +315,41 @@ TEST_F(InterpolateByInverseDistanceTest, GivesAPassiveDestinationTheTypeOfTheSou
 
 TEST_F(InterpolateByInverseDistanceTest, TakesCoordinatesAndValuesOfExtremeSize)
 {
-    for (double const size : {1e200, 1e-200, 1e300}) {
+    for (double const size : {1e200, 1e-200, 1e270, 1e-310}) {
         int const from = addPoints({2, {0.0, 0.0, size, 0.0}}, zero, zero);
         setField(from, P, {1.0, 3.0});
         setField(from, Q, {1.7e308, 1.7e308});
         int const to = addPoints({2, {0.5 * size, 0.0, 0.25 * size, 0.0}}, zero, zero);
         ASSERT_TRUE(interpolate({from}, to, {P, Q}, {PtSelection_NearestN, 2}, {1.0, 0.0}));
-        EXPECT_THAT(valuesOf(to, P), ElementsAre(testing::DoubleEq(2.0), testing::DoubleEq(1.5))) << size;
+        EXPECT_THAT(valuesOf(to, P), ElementsAre(testing::DoubleNear(2.0, 1e-12), testing::DoubleNear(1.5, 1e-12)))
+            << size;
         EXPECT_THAT(valuesOf(to, Q), testing::Each(testing::DoubleEq(1.7e308))) << size;
+    }
+}
+
+TEST_F(InterpolateByInverseDistanceTest, KeepsDistancesBesideAPointThatIsFarOff)
+{
+    listenToRemarks();
+    for (double const far : {1e200, 1e279, std::numeric_limits<double>::max()}) {
+        int const from = addPoints({2, {0.0, 0.0, 1.0, 0.0, far, 0.0}}, zero, zero);
+        setField(from, P, {1.0, 3.0, 1e9});
+        int const to = addPoints({2, {0.25, 0.0, 1.0, 0.0}}, zero, zero);
+        ASSERT_TRUE(interpolate({from}, to, {P}, {PtSelection_NearestN, 2}, {1.0, 0.0}));
+        EXPECT_THAT(valuesOf(to, P), ElementsAre(testing::DoubleEq(1.5), 3.0)) << far;
+    }
+    EXPECT_THAT(remarks.back(), HasSubstr("1 source point left out"));
+}
+
+TEST_F(InterpolateByInverseDistanceTest, IsThePlainMeanWithinALargeMinimumDistance)
+{
+    int const from = addPoints({2, {0.0, 0.0, 1.0, 0.0}}, zero, zero);
+    setField(from, P, {1.0, 4.0});
+    int const to = addPoints({2, {0.1, 0.0}}, zero, zero);
+    for (double const distance : {10.0, 1e160, 1e300}) {
+        for (NeighborChoice const choice : {NeighborChoice{PtSelection_NearestN, 2}, all}) {
+            ASSERT_TRUE(interpolate({from}, to, {P}, choice, {3.3, distance}));
+            EXPECT_THAT(valuesOf(to, P), ElementsAre(2.5)) << distance;
+        }
     }
 }
 
@@ -365,8 +392,20 @@ TEST_F(InterpolateByInverseDistanceTest, ReportsWhatItDid)
     int const to = addPoints(ScatteredPoints::random(3, 800, 2), zero, zero);
     ASSERT_TRUE(interpolate({from, more}, to, {P, Q}, {PtSelection_NearestN, 8}, {2.0, 0.0}));
     ASSERT_EQ(remarks.size(), 1U);
-    EXPECT_THAT(remarks[0], testing::StartsWith("Inverse-Distance Interpolation: 2 variables from 2 zones to zone "
-                                                "\"Z3\" with 800 points, in "));
+    EXPECT_THAT(remarks[0],
+                testing::StartsWith("Inverse-Distance Interpolation: \"P\", \"Q\" from \"Z1\", \"Z2\" to \"Z3\" "
+                                    "with 800 points, in "));
+}
+
+TEST_F(InterpolateByInverseDistanceTest, NamesAFewOfManyZonesInItsReport)
+{
+    listenToRemarks();
+    NumberSet sources;
+    for (int zone = 1; zone <= 11; ++zone) {
+        sources.insert(addPoints({3, {0.0, 0.0, 0.0}}, wave, slope));
+    }
+    ASSERT_TRUE(interpolate(sources, 11));
+    EXPECT_THAT(remarks[0], HasSubstr("\"Z7\", \"Z8\" and 3 more to \"Z11\""));
 }
 
 TEST_F(InterpolateByInverseDistanceTest, IsRefusedWithAReason)

@@ -26,12 +26,14 @@ PROGRAMS = {
     'dialogs/zoneops': ['dialogs_zoneops_test'],
     'dialogs/variableops': ['dialogs_variableops_test'],
     'dialogs/spreadsheet': ['dialogs_spreadsheet_test'],
+    'dialogs/interpolation': ['dialogs_interpolation_test'],
     'kernel/style': ['kernel_style_test', 'kernel_test', 'dialogs_kept_property_test'],
     'kernel/api': ['kernel_test', 'host_style_test', 'host_test'],
     'kernel': ['kernel_test', 'host_test'],
 }
+FAILED = 'fails in'
 MOST_TESTS = 400  # of one run, so that their names fit on a command line
-MEMORY = 6 << 30
+MEMORY = 24 << 30  # addresses; the longest zone of the tests takes many and touches few
 
 
 def programs_for(folder):
@@ -61,7 +63,9 @@ class Tests:
 
     def record(self):
         path = self.program.with_suffix('.reached')
-        self.run([], {'VELDRAW_MUTATION_RECORD': str(path)}, 1800, 3600)
+        outcome = self.run([], {'VELDRAW_MUTATION_RECORD': str(path)}, 1800, 3600)
+        if outcome and not outcome.startswith(f'{self.program.name} {FAILED}'):
+            raise SystemExit(f'without a mutant: {outcome}')  # the tests after it would not be known
         broken = []
         for line in path.read_text(encoding='utf-8').splitlines():
             name, seconds, numbers = line.split('\t')
@@ -96,6 +100,7 @@ class Tests:
 
     def run(self, names, environment, processor_seconds, seconds):
         def limit():
+            pathlib.Path('/proc/self/oom_score_adj').write_text('1000', encoding='utf-8')  # the first to go
             resource.setrlimit(resource.RLIMIT_CPU, (processor_seconds, processor_seconds + 1))
             resource.setrlimit(resource.RLIMIT_AS, (MEMORY, MEMORY))
             resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
@@ -111,7 +116,7 @@ class Tests:
         if run.returncode == 0:
             return None
         failed = [line.split(']')[1].split()[0] for line in run.stdout.splitlines() if line.startswith('[  FAILED  ]')]
-        return f'{self.program.name} {failed[0].rstrip(",")}' if failed else f'{self.program.name} ends by {run.returncode}'
+        return f'{self.program.name} {FAILED} {failed[0].rstrip(",")}' if failed else f'{self.program.name} ends by {run.returncode}'
 
 
 class Results:
@@ -146,7 +151,7 @@ def options():
     parser.add_argument('paths', nargs='+', help='sources, or folders of them, below dialogs/ or kernel/')
     parser.add_argument('--every', type=int, default=1, help='only each n-th mutant')
     parser.add_argument('--from', dest='start', type=int, default=0, help='number of the first one of --every')
-    parser.add_argument('--again', action='store_true', help='tries those that survived before once more')
+    parser.add_argument('--again', action='store_true', help='tries only those that survived before, once more')
     parser.add_argument('--list', action='store_true', help='lists the mutants and runs nothing')
     parser.add_argument('--report', action='store_true', help='tells what is known from earlier runs and runs nothing')
     parser.add_argument('--tests', help='test programs to run instead of those of the folder, parted by commas')
@@ -160,8 +165,8 @@ def prepare(shadow, sources, mutants, asked):
     programs = asked.tests.split(',') if asked.tests else list(dict.fromkeys(
         name for source in sources for name in programs_for(os.path.dirname(str(source.relative_to(ROOT))))))
     if not asked.built:
-        subprocess.run([str(ROOT / 'tools' / 'build'), 'no-unity', *programs], check=True, stdout=subprocess.DEVNULL)
-    kept = shadow.compile(mutants, sources)
+        subprocess.run([str(ROOT / 'tools' / 'build'), 'dev', *programs], check=True, stdout=subprocess.DEVNULL)
+    kept = shadow.compile(mutants)
     tests = []
     for path in shadow.link_programs(programs):
         each = Tests(path)
@@ -221,12 +226,14 @@ def main():
     elif asked.report:
         report(mutants, results, equivalent, 0)
     else:
-        kept, tests = prepare(shadow, sources, mutants, asked)
-        open_ones = [m for m in kept[asked.start::asked.every]
-                     if m.key not in equivalent and (not results.of(m) or (
-                         asked.again and not results.of(m).startswith('noticed')))]
+        if asked.again:
+            open_ones = [m for m in mutants if results.of(m) and not results.of(m).startswith('noticed')]
+        else:
+            open_ones = [m for m in mutants[asked.start::asked.every] if not results.of(m)]
+        open_ones = [m for m in open_ones if m.key not in equivalent]
+        open_ones, tests = prepare(shadow, sources, open_ones, asked)
         try_out(open_ones, tests, results, deadline)
-        report(kept, results, equivalent, shadow.uncompilable)
+        report(mutants, results, equivalent, shadow.uncompilable)
     return 0
 
 

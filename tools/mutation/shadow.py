@@ -5,6 +5,7 @@ import os
 import pathlib
 import re
 import shlex
+import shutil
 import subprocess
 
 from finder import Finder
@@ -33,18 +34,29 @@ def rendered(text, mutants):
 
 
 class Shadow:
-    """The sources under test with their mutants, beside a build of one object a source, from which everything else comes."""
+    """The sources under test with their mutants, beside the daily build, from which everything else comes."""
 
     def __init__(self, root, folder, jobs):
         self.root, self.folder, self.jobs = root, folder, jobs
-        self.build = root / 'build' / 'no-unity'
+        self.build = root / 'build' / 'dev'
         self.flags = ['-w', '-fpermissive', '-Wno-narrowing', '-O1', '-g0', '-Wno-error']
+        # What is left of another run would be compiled into the batches of this one.
+        shutil.rmtree(folder / 'src', ignore_errors=True)
         for name in ('src', 'obj', 'bin', 'lib'):
             (folder / name).mkdir(parents=True, exist_ok=True)
+        self.commands = {}  # source -> how the batch is compiled that includes it
         with open(self.build / 'compile_commands.json', encoding='utf-8') as file:
-            self.commands = {entry['file']: entry for entry in json.load(file) if f'{os.sep}tests{os.sep}' not in entry['file']}
+            for entry in json.load(file):
+                if f'{os.sep}tests{os.sep}' not in entry['file']:
+                    self.commands.update({source: entry for source in self.sources_of(pathlib.Path(entry['file']))})
         self.objects = {}  # object of the build -> mutated object
         self.uncompilable = 0
+
+    def sources_of(self, compiled):
+        """A source that is compiled by itself, or those that a batch of the build includes."""
+        if self.build not in compiled.parents or not compiled.exists():
+            return [str(compiled)]
+        return [str(self.root / name) for name in re.findall(r'^#include "(.+\.cpp)"$', compiled.read_text(encoding='utf-8'), re.M)]
 
     # ---- finding --------------------------------------------------------------------------------------------------------
 
@@ -88,20 +100,20 @@ class Shadow:
             target.write_bytes(content)
         return target
 
-    def compile_source(self, source, mutants):
+    def compile_batch(self, entry, mutants):
         """@return the mutants that could be compiled"""
-        entry = self.commands[str(source)]
         words = shlex.split(entry['command'])
         original = words[words.index('-o') + 1]
         target = self.folder / 'obj' / (original.replace('/', '_'))
         words[words.index('-o') + 1] = str(target)
         words = [w for w in words if not re.fullmatch(r'-Werror|-W[a-z].*|-O\d|-g\d?', w)]
+        # First of all folders, so that a batch includes the sources with mutants.
         words[1:1] = ['-I', str(self.folder / 'src')]
+        files = {mutant.file for mutant in mutants}
         for _ in range(MOST_TRIES):
-            files = {mutant.file for mutant in mutants} | {str(source)}
             for file in files:
                 written = self.write(file, [m for m in mutants if m.file == file])
-                if file == str(source):
+                if file == entry['file']:
                     words[words.index('-c') + 1] = str(written)
             run = subprocess.run(['ccache', *words, *self.flags], cwd=entry['directory'], capture_output=True, text=True)
             if run.returncode == 0:
@@ -115,17 +127,18 @@ class Shadow:
                 print(run.stderr[:2000])
                 break
             mutants = kept
-        print(f'{source}: cannot be compiled with mutants')
+        print(f'{entry["file"]}: cannot be compiled with mutants')
         return []
 
-    def compile(self, mutants, sources):
+    def compile(self, mutants):
+        batches = {}
+        for mutant in mutants:
+            source = mutant.file if mutant.file in self.commands else str(pathlib.Path(mutant.file).with_suffix('.cpp'))
+            entry = self.commands[source]
+            batches.setdefault(entry['file'], (entry, []))[1].append(mutant)
         kept = []
         with concurrent.futures.ThreadPoolExecutor(self.jobs) as pool:
-            groups = []
-            for source in sources:
-                names = {str(source), str(source.with_suffix('.ipp'))}
-                groups.append((source, [m for m in mutants if m.file in names]))
-            for left in pool.map(lambda group: self.compile_source(*group), groups):
+            for left in pool.map(lambda batch: self.compile_batch(*batch), batches.values()):
                 kept += left
         self.uncompilable = len(mutants) - len(kept)
         return sorted(kept, key=lambda m: m.number)

@@ -44,7 +44,7 @@ long long IJKSpinBoxIncDecCalculator::lastIndex() const
     IJKPlanes_e const plane = m_plane->value();
     long long const dimension = plane == IJKPlanes_I ? i : plane == IJKPlanes_J ? j : k;
     bool const isCellCentred = VelUtilDataValueGetLocation(zone, m_variable->value()) == ValueLocation_CellCentered;
-    return std::max(1LL, isCellCentred ? dimension - 1 : dimension);
+    return isCellCentred ? dimension - 1 : dimension;
 }
 
 } // namespace veldraw::sdk::ui::propertymanager

@@ -129,6 +129,16 @@ TEST_F(ComboBoxListChangeTest, LeavesAValueAloneThatWaitsForItsItem)
     EXPECT_EQ(look(), "1 2 3 4 5 6 [7]");
 }
 
+TEST_F(ComboBoxListChangeTest, ShowsTheOnlyItemWhileAValueWaits)
+{
+    property = boost::make_shared<NotedProperty>(7);
+    bind();
+    list->reset({{8, "8"}});
+    IdleDispatcher::flush();
+    EXPECT_EQ(look(), "[8]");
+    EXPECT_EQ(property->stores, "");
+}
+
 TEST_F(ComboBoxListChangeTest, LeavesAValueAloneThatWasSetAheadOfItsList)
 {
     bind();

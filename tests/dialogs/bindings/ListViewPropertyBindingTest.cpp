@@ -309,6 +309,17 @@ TEST_F(ListViewPropertyBindingTest, DropsRemovedRowsAtOnce)
     EXPECT_EQ(chosen(), "3");
 }
 
+TEST_F(ListViewPropertyBindingTest, DropsANumberThatTheListLacksWhenAnotherRowIsRemoved)
+{
+    bind();
+    property->setValue({3, 77});
+    IdleDispatcher::flush();
+    list->remove(4, 4);
+    IdleDispatcher::flush();
+    EXPECT_EQ(driver.look(), "1 2 [3] 4");
+    EXPECT_EQ(chosen(), "3");
+}
+
 TEST_F(ListViewPropertyBindingTest, KeepsTheSelectionWhenRowsAreInserted)
 {
     bind();

@@ -252,6 +252,36 @@ TEST_F(QtDialogAbstractTest, IsAtLeastAsLargeAsItsForm)
     EXPECT_GT(dialog.sizeHint().height(), 600);
 }
 
+TEST_F(QtDialogAbstractTest, OpensItsHelpByKeyFromEveryFieldWhateverActionItWasGiven)
+{
+    SampleDialog dialog(parent);
+    auto* const help = new QAction(&parent);
+    help->setShortcutContext(Qt::WidgetShortcut);
+    QSignalSpy const opened(help, &QAction::triggered);
+    dialog.setHelpAction(help);
+    dialog.launch();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &dialog; }));
+    QTest::keyClick(dialog.field, Qt::Key_F1);
+    QTest::keyClick(dialog.box, Qt::Key_F1);
+    EXPECT_EQ(opened.count(), 2);
+}
+
+TEST_F(QtDialogAbstractTest, KnowsTheSizeOfItsFormThoughNobodyAskedBeforeItWasShown)
+{
+    SampleDialog dialog(parent);
+    dialog.launch();
+    EXPECT_EQ(dialog.sizeHint(), QSize(300, 200));
+}
+
+TEST_F(QtDialogAbstractTest, OpensInTheMiddleOfTheWindowThatItBelongsTo)
+{
+    parent.setGeometry(250, 200, 500, 400);
+    SampleDialog dialog(parent);
+    dialog.launch();
+    QPoint const apart = dialog.geometry().center() - parent.geometry().center();
+    EXPECT_LT(apart.manhattanLength(), 60);
+}
+
 TEST_F(QtDialogAbstractTest, OpensAtTheWidthOfItsFormThoughItHasAHelpButton)
 {
     SampleDialog dialog(parent);
@@ -260,8 +290,10 @@ TEST_F(QtDialogAbstractTest, OpensAtTheWidthOfItsFormThoughItHasAHelpButton)
     ASSERT_GT(dialog.buttons->sizeHint().width(), 180);
     dialog.launch();
     EXPECT_EQ(dialog.width(), 180);
-    for (QAbstractButton* const button : dialog.buttons->buttons())
-        EXPECT_GT(button->width(), button->fontMetrics().horizontalAdvance(button->text().remove(QLatin1Char('&'))));
+    for (QAbstractButton* const button : dialog.buttons->buttons()) {
+        int const text = button->fontMetrics().horizontalAdvance(button->text().remove(QLatin1Char('&')));
+        EXPECT_GE(button->minimumWidth(), text + 8) << "with a little room on both sides";
+    }
 }
 
 TEST_F(QtDialogAbstractTest, OpensAtTheSizeThatItsContentPrefersWhenItsFormHasNone)

@@ -157,11 +157,8 @@ TEST_F(DataSpreadsheetDialogTest, TakesANumberThatIsPastedWithBlanksAround)
 {
     stage.show();
     launched();
-    std::vector<std::pair<char const*, double>> const pasted{{" 4.5 ", 4.5},
-                                                             {"3.25\n", 3.25},
-                                                             {"\t-1e3\r\n", -1000.0},
-                                                             {"\u00a05\u202f", 5.0},
-                                                             {"\u00a0\ufeff6.5", 6.5}};
+    std::vector<std::pair<char const*, double>> const pasted{
+        {" 4.5 ", 4.5}, {"3.25\n", 3.25}, {"\t-1e3\r\n", -1000.0}, {"\u00a05\u202f", 5.0}, {"\u00a0\ufeff6.5", 6.5}};
     for (auto const& [text, number] : pasted) {
         QApplication::clipboard()->setText(QString::fromUtf8(text));
         goTo(0, 0);
@@ -220,14 +217,29 @@ TEST_P(ClosedUnderEdit, DropsTheEdit)
 
 INSTANTIATE_TEST_SUITE_P(Ways, ClosedUnderEdit, testing::Values("Close", "drop", "window"));
 
-/// The tool tip of a cell.
-QString tipAt(QTableView& table, QModelIndex const& index)
+/// The tool tip at a place of a table.
+QString tipAt(QTableView& table, QPoint const& place)
 {
     QToolTip::hideText();
-    QPoint const place = table.visualRect(index).center();
     QHelpEvent event(QEvent::ToolTip, place, table.viewport()->mapToGlobal(place));
     QApplication::sendEvent(table.viewport(), &event);
     return QToolTip::text();
+}
+
+/// The tool tip of a cell.
+QString tipAt(QTableView& table, QModelIndex const& index)
+{
+    return tipAt(table, table.visualRect(index).center());
+}
+
+TEST_F(DataSpreadsheetDialogTest, SaysNothingBelowItsLastRow)
+{
+    stage.addZone("Bare", ZoneType_Ordered, 4, 1, 1);
+    stage.show();
+    launched();
+    QPoint const below = table().viewport()->rect().bottomLeft() + QPoint(20, -2);
+    ASSERT_FALSE(table().indexAt(below).isValid());
+    EXPECT_EQ(tipAt(table(), below), QString());
 }
 
 TEST_F(DataSpreadsheetDialogTest, SaysWhyACellWithoutValuesCannotBeEdited)

@@ -67,6 +67,9 @@ TEST(NumberValidators, DropBlanksInAFieldForNumbersAndKeepWhetherItWasTyped)
     dropBlanksAround(field);
     EXPECT_EQ(field.text(), QStringLiteral("42"));
     EXPECT_TRUE(field.isModified());
+    field.setCursorPosition(1);
+    dropBlanksAround(field);
+    EXPECT_EQ(field.cursorPosition(), 1) << "nothing is written where there is nothing to drop";
 }
 
 std::string shortest(float number)

@@ -4,6 +4,7 @@
 #include "tests/kernel/support/SampleData.h"
 #include "tests/support/SpecialNumbers.h"
 
+#include <atomic>
 #include <cmath>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -430,6 +431,32 @@ TEST(CellSearch, EndsWhenItIsInterrupted)
     interrupted.interrupt();
     auto const lists = sample::fillOf(Shape::Brick, 4, 0, 0);
     EXPECT_THROW(search.addZone(sample::cellsOf(*lists.zone(ZoneType_FEBrick)), interrupted), Interrupted);
+}
+
+/// Counts how often it is asked in the second half of the work, but not at its very start or end.
+class WatchedProgress : public Progress
+{
+public:
+    bool isInterrupted() const override
+    {
+        if (fraction() > 0.5 && fraction() < 1) {
+            ++seenInside;
+        }
+        return false;
+    }
+    mutable std::atomic<int> seenInside{0};
+};
+
+TEST(CellSearch, TellsHowFarItIsWhileItGoesThroughTheCells)
+{
+    std::vector<Point> const points = somePoints(100, 0, 4, false, 8);
+    Progress progress;
+    PointBins const bins(sample::placesOf(points, 3), 3, progress);
+    CellSearch search(bins);
+    WatchedProgress watched;
+    auto const lists = sample::fillOf(Shape::Brick, 20, 0, 0);
+    search.addZone(sample::cellsOf(*lists.zone(ZoneType_FEBrick)), watched);
+    EXPECT_GT(watched.seenInside, 0);
 }
 
 } // namespace veldraw::tests

@@ -334,24 +334,43 @@ TEST(CellSearch, FindsPointsOfASurfaceInSpace)
     }
 }
 
-TEST(CellSearch, LeavesOutTheNotchOfAPolygon)
+/// Planes in space that a polygon may lie in: places of them by two coordinates.
+using Plane = Point (*)(double, double);
+constexpr Plane planes[] = {
+    [](double x, double y) {
+        return Point{x, y, 0};
+    },
+    [](double x, double y) {
+        return Point{0, x, y};
+    },
+    [](double x, double y) {
+        return Point{y, 0, x};
+    },
+    [](double x, double y) {
+        return Point{x, y, x + y + 1};
+    },
+};
+
+TEST(CellSearch, LeavesOutTheNotchOfAPolygonInWhateverPlane)
 {
-    sample::CellLists lists;
-    lists.points = {{0, 0, 0}, {4, 0, 0}, {4, 4, 0}, {2, 1, 0}, {0, 4, 0}};
-    for (bool const isReversed : {false, true}) {
-        lists.indices.clear();
-        lists.offsets = {0};
-        lists.shapes.clear();
-        lists.faceOffsets.clear();
-        lists.add(Shape::Polygon,
-                  isReversed ? std::vector<std::int64_t>{4, 3, 2, 1, 0} : std::vector<std::int64_t>{0, 1, 2, 3, 4});
-        std::vector<Point> const points = somePoints(3001, -1, 5, true, 8);
-        CellsFound const search({lists.zone(ZoneType_FEPolygon).get()}, points);
-        for (std::size_t point = 0; point < points.size(); ++point) {
-            auto const [x, y, z] = points[point];
-            bool const isBelowNotch = y < 1 + 1.5 * std::abs(x - 2);
-            bool const isIn = x > 0 && x < 4 && y > 0 && isBelowNotch;
-            EXPECT_EQ(search.slot(point), isIn ? 0 : -1) << x << " " << y;
+    for (Plane const plane : planes) {
+        for (bool const isReversed : {false, true}) {
+            sample::CellLists lists;
+            lists.points = {plane(0, 0), plane(4, 0), plane(4, 4), plane(2, 1), plane(0, 4)};
+            lists.add(Shape::Polygon,
+                      isReversed ? std::vector<std::int64_t>{4, 3, 2, 1, 0} : std::vector<std::int64_t>{0, 1, 2, 3, 4});
+            std::vector<Point> const flat = somePoints(3001, -1, 5, true, 8);
+            std::vector<Point> points;
+            for (Point const& point : flat) {
+                points.push_back(plane(point[0], point[1]));
+            }
+            CellsFound const search({lists.zone(ZoneType_FEPolygon).get()}, points);
+            for (std::size_t point = 0; point < points.size(); ++point) {
+                auto const [x, y, z] = flat[point];
+                bool const isBelowNotch = y < 1 + 1.5 * std::abs(x - 2);
+                bool const isIn = x > 0 && x < 4 && y > 0 && isBelowNotch;
+                EXPECT_EQ(search.slot(point), isIn ? 0 : -1) << x << " " << y;
+            }
         }
     }
 }

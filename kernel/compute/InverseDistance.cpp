@@ -64,6 +64,19 @@ double smallest(double const* squares, std::size_t count)
     return std::min(rest, *std::min_element(parts, parts + lanes));
 }
 
+VELDRAW_WIDE_LANES("avx512f", "avx2")
+double sumOf(double const* weights, std::size_t count)
+{
+    double parts[lanes] = {};
+    std::size_t first = 0;
+    for (; first + lanes <= count; first += lanes) {
+        for (std::size_t lane = 0; lane < lanes; ++lane) {
+            parts[lane] += weights[first + lane];
+        }
+    }
+    return std::accumulate(parts, parts + lanes, std::accumulate(weights + first, weights + count, 0.0));
+}
+
 double smallestSquare(PointColumns const& points, double const* target, Progress const& progress)
 {
     double least = std::numeric_limits<double>::infinity();
@@ -127,8 +140,6 @@ void InverseDistance::average(PointColumns const& points, std::vector<double> co
     std::vector<double> sums(targetCount, 0.0);
     std::vector<double> values(variables * block);
     double weights[block];
-    double ones[block];
-    std::fill_n(ones, block, 1.0);
     for (std::size_t first = 0; first < pointCount; first += block) {
         progress.check();
         std::size_t const count = std::min(block, pointCount - first);
@@ -139,7 +150,7 @@ void InverseDistance::average(PointColumns const& points, std::vector<double> co
             measureSquares(points, first, count, targets.data() + target * axes, weights);
             makeFractions(leasts[target], weights, count);
             raiseFractions(weights, count, m_exponent);
-            sums[target] += sumOfProducts(weights, ones, count);
+            sums[target] += sumOf(weights, count);
             for (std::size_t variable = 0; variable < variables; ++variable) {
                 means[target * variables + variable] += sumOfProducts(weights, values.data() + variable * block, count);
             }

@@ -8,9 +8,6 @@
 #include <new>
 #include <sys/mman.h>
 
-#ifdef __GLIBC__
-#endif
-
 namespace veldraw::kernel {
 
 double availableMemory()

@@ -23,7 +23,7 @@ public:
     using Shape = Connectivity::Shape;
 
     static constexpr double tolerance = 1e-10;       ///< of reference coordinates
-    static constexpr double surfaceTolerance = 1e-4; ///< relative to the diagonal of the cell's box
+    static constexpr double surfaceTolerance = 1e-4; ///< relative to the sum of the sides of the cell's box
     static constexpr std::size_t mostCorners = 8;
 
     /// Number of corners of a shape that has a reference cell; 0 for others.

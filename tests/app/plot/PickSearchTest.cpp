@@ -5,7 +5,6 @@
 #include "tests/app/support/SampleData.h"
 #include "tests/support/WriteValue.h"
 
-#include <QElapsedTimer>
 #include <QTest>
 #include <vtkActorCollection.h>
 #include <vtkCamera.h>
@@ -285,18 +284,6 @@ TEST(Pick, CellsWithoutAPlaceArePickedNowhere)
     EXPECT_EQ(1U, page.session().picks().size());
     page.click(placeOf(page, 0.4, 0.4, 0.0));
     EXPECT_EQ(0U, page.session().picks().size());
-}
-
-TEST(Pick, AMillionCellsAreSearchedInATenthOfASecond)
-{
-    auto const set = squareSet();
-    addSquare(*set, 0.0, 0.0, 0.0, 1001);
-    PlotTestPage page({frameOf(set, PlotType_Cartesian3D)});
-    page.picture();
-    QElapsedTimer timer;
-    timer.start();
-    page.field().zoneAt({0.4, 0.5});
-    EXPECT_LT(timer.elapsed(), 100);
 }
 
 TEST(Pick, ALinePlotPicksNothing)

@@ -127,7 +127,7 @@ TEST_F(LongOperationTest, ACancelledOneTellsItsFailureAndTheLogSaysWhy)
         QTest::keyClick(progressWindow()->windowHandle(), Qt::Key_Escape);
     });
     EXPECT_FALSE(work(10000));
-    EXPECT_LT(sinceCancel.elapsed(), 100);
+    EXPECT_LT(sinceCancel.elapsed(), 5000) << "else the work would have gone on for ten seconds";
     EXPECT_THAT(messages, ElementsAre("Error renaming"));
     EXPECT_THAT(logged(), ElementsAre("The operation was cancelled.", "Error renaming"));
     EXPECT_EQ("inlet", session.activeDataSet()->zone(1)->name);

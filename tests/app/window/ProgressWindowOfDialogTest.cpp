@@ -187,7 +187,7 @@ TEST_F(SlowDialogTest, EscapeInTheProgressWindowLeavesNoTraceButTheMessage)
         QTest::keyClick(progressWindow()->windowHandle(), Qt::Key_Escape);
     });
     ASSERT_TRUE(sinceEscape.isValid()) << "the progress window has been there";
-    EXPECT_LT(sinceEscape.elapsed(), 500);
+    EXPECT_LT(sinceEscape.elapsed(), 5000) << "else reading the values would have gone on for ten seconds";
     EXPECT_THAT(messages, ElementsAre("Failed to perform axial rotation."));
     EXPECT_THAT(logged(), ElementsAre("The operation was cancelled.", "Failed to perform axial rotation."));
     EXPECT_EQ(before, groups());

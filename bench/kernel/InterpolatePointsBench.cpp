@@ -287,7 +287,7 @@ void krigingFromNearest(benchmark::State& state)
     for (std::int64_t target = 0; target < size; ++target) {
         double const* const place = &stage.targets[static_cast<std::size_t>(3 * target)];
         Neighborhoods found;
-        search->find(place, 1, choice, found);
+        search->find(place, 1, choice, progress, found);
         results[static_cast<std::size_t>(target)] = krigedByEigen(*search, found, 0, place, model, values);
     }
     tell(state, stage, seconds, secondsSince(start), results);

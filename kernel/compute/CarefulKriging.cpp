@@ -17,6 +17,37 @@ std::size_t number(Index index)
     return static_cast<std::size_t>(index);
 }
 
+constexpr Index columnsAtATime = 256;
+
+/// Replaces @p right by inv(L) @p right, with the first rows and columns of @p lower, and looks for a cancel now and then.
+void solveForward(Eigen::MatrixXd const& lower, Index size, Eigen::Ref<Eigen::MatrixXd> right, Progress const& progress)
+{
+    for (Index first = 0; first < size; first += columnsAtATime) {
+        progress.check();
+        Index const columns = std::min(columnsAtATime, size - first);
+        Index const below = size - first - columns;
+        auto part = right.middleRows(first, columns);
+        lower.block(first, first, columns, columns).triangularView<Eigen::Lower>().solveInPlace(part);
+        right.middleRows(first + columns, below).noalias() -=
+            lower.block(first + columns, first, below, columns) * part;
+    }
+}
+
+/// Replaces @p right by inv(L') @p right.
+void solveBackward(Eigen::MatrixXd const& lower, Eigen::VectorXd& right, Progress const& progress)
+{
+    for (Index end = lower.rows(); end > 0;) {
+        progress.check();
+        Index const columns = std::min(columnsAtATime, end);
+        Index const first = end - columns;
+        Index const below = lower.rows() - end;
+        auto part = right.segment(first, columns);
+        part.noalias() -= lower.block(end, first, below, columns).transpose() * right.tail(below);
+        lower.block(first, first, columns, columns).triangularView<Eigen::Lower>().transpose().solveInPlace(part);
+        end = first;
+    }
+}
+
 } // namespace
 
 struct CarefulKriging::System
@@ -36,7 +67,7 @@ struct CarefulKriging::System
         , drift(krigingModel.drift, axisCount)
     {
         factorizeCovariances(progress);
-        factorizeDrift();
+        factorizeDrift(progress);
     }
 
     double distance(double const* a, double const* b) const
@@ -56,13 +87,12 @@ struct CarefulKriging::System
         auto const count = static_cast<Index>(places.size() / axes);
         factor.setZero(count, count);
         for (std::size_t point = 0; point < number(count); ++point) {
-            progress.check();
             auto const row = static_cast<Index>(used.size());
             for (Index column = 0; column < row; ++column) {
                 factor(row, column) = model.covariance(distance(place(point), place(used[number(column)])));
             }
-            auto const before = factor.topLeftCorner(row, row).triangularView<Eigen::Lower>();
-            Eigen::VectorXd const rest = before.solve(factor.row(row).head(row).transpose());
+            Eigen::VectorXd rest = factor.row(row).head(row).transpose();
+            solveForward(factor, row, rest, progress);
             double const pivot = 1.0 - rest.squaredNorm();
             if (pivot > leastPivot) {
                 factor.row(row).head(row) = rest.transpose();
@@ -71,11 +101,13 @@ struct CarefulKriging::System
             }
         }
         auto const size = static_cast<Index>(used.size());
-        factor = Eigen::MatrixXd(factor.topLeftCorner(size, size));
+        if (size < count) {
+            factor = Eigen::MatrixXd(factor.topLeftCorner(size, size));
+        }
     }
 
     /// Centred at the first point and scaled to the farthest.
-    void factorizeDrift()
+    void factorizeDrift(Progress const& progress)
     {
         double extent = 0.0;
         for (std::size_t const point : used) {
@@ -86,7 +118,7 @@ struct CarefulKriging::System
         drift.setScale(placeOf(0), extent);
         drift.factorize(
             static_cast<Index>(used.size()), [this](Index at) { return placeOf(used[number(at)]); },
-            [this](Eigen::MatrixXd& terms) { factor.triangularView<Eigen::Lower>().solveInPlace(terms); });
+            [&](Eigen::MatrixXd& terms) { solveForward(factor, factor.rows(), terms, progress); });
     }
 
     std::array<double, 3> placeOf(std::size_t point) const
@@ -110,7 +142,7 @@ Drift_e CarefulKriging::drift() const
     return m_system->drift.drift();
 }
 
-void CarefulKriging::weigh(double const* target, std::vector<double>& weights) const
+void CarefulKriging::weigh(double const* target, std::vector<double>& weights, Progress const& progress) const
 {
     System const& system = *m_system;
     Eigen::VectorXd solution(static_cast<Index>(system.used.size()));
@@ -118,13 +150,12 @@ void CarefulKriging::weigh(double const* target, std::vector<double>& weights) c
         double const distance = system.distance(system.place(system.used[at]), target);
         solution(static_cast<Index>(at)) = system.model.covariance(distance);
     }
-    auto const lower = system.factor.triangularView<Eigen::Lower>();
-    lower.solveInPlace(solution);
+    solveForward(system.factor, system.factor.rows(), solution, progress);
     Eigen::VectorXd terms = system.drift.terms(target);
     system.drift.triangle().transpose().triangularView<Eigen::Lower>().solveInPlace(terms);
     Eigen::MatrixXd const& basis = system.drift.orthogonal();
     solution -= basis * (basis.transpose() * solution - terms);
-    lower.transpose().solveInPlace(solution);
+    solveBackward(system.factor, solution, progress);
     weights.assign(system.places.size() / system.axes, 0.0);
     for (std::size_t at = 0; at < system.used.size(); ++at) {
         weights[system.used[at]] = solution(static_cast<Index>(at));

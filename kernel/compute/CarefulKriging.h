@@ -21,8 +21,8 @@ public:
     /// The drift of the system: the model's or a lower one.
     Drift_e drift() const;
 
-    /// Computes the weights of the points for a target.
-    void weigh(double const* target, std::vector<double>& weights) const;
+    /// Computes the weights of the points for a target. @throws Interrupted
+    void weigh(double const* target, std::vector<double>& weights, Progress const& progress) const;
 
     CarefulKriging(CarefulKriging const&) = delete;
     CarefulKriging& operator=(CarefulKriging const&) = delete;

@@ -163,7 +163,7 @@ void LocalKriging::solveAlone(Group const& group)
     std::vector<double> weights;
     for (std::size_t number = group.firstTarget; number <= group.lastTarget; ++number) {
         m_progress.check();
-        kriging.weigh(target(number), weights);
+        kriging.weigh(target(number), weights, m_progress);
         for (std::size_t point = 0; point < group.count; ++point) {
             store(number, point, weights[point]);
         }

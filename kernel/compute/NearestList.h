@@ -10,6 +10,7 @@
 namespace veldraw::kernel {
 
 constexpr std::size_t manyOnTheList = 64; ///< from here on a heap is quicker than a sorted list
+constexpr std::size_t comparisonsBetweenChecks = 65536;
 
 /// Nearer neighbors first; where distances are equal, the lower number first.
 struct NearestFirst
@@ -50,11 +51,19 @@ public:
         insert(neighbor);
     }
 
-    void sort()
+    /// @throws Interrupted
+    void sort(Progress const& progress)
     {
-        if (isHeap()) {
-            std::sort_heap(m_list.begin(), m_list.end(), m_isBefore);
+        if (!isHeap()) {
+            return;
         }
+        std::size_t comparisons = 0;
+        std::sort(m_list.begin(), m_list.end(), [&](Neighbor const& a, Neighbor const& b) {
+            if (++comparisons % comparisonsBetweenChecks == 0) {
+                progress.check();
+            }
+            return m_isBefore(a, b);
+        });
     }
 
     std::vector<Neighbor> const& list() const { return m_list; }

@@ -1,8 +1,7 @@
 #include "kernel/compute/NeighborSearch.h"
 
-#include "kernel/base/Parallel.h"
 #include "kernel/compute/NearestList.h"
-#include "kernel/compute/PointDivision.h"
+#include "kernel/compute/SearchTree.h"
 #include "kernel/compute/WideLanes.h"
 
 #include <algorithm>
@@ -14,21 +13,9 @@ namespace veldraw::kernel {
 namespace {
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
-constexpr std::size_t width = 8; // points of a leaf, and children of a node
+constexpr std::size_t width = familyWidth;
 constexpr std::size_t mostLevels = 12;
-
-/// The points in leaves of eight, and boxes of boxes over them. Coordinates of a leaf stand side by side, axis after axis, and so do
-/// those of the boxes of eight siblings, first the low ones; what a last leaf or family lacks is filled up at infinity.
-template <std::size_t Axes>
-struct Tree
-{
-    static constexpr std::size_t leafSize = Axes * width;
-    static constexpr std::size_t familySize = 2 * Axes * width;
-
-    std::vector<double> leaves;
-    std::vector<std::vector<double>> levels; ///< from the boxes of leaves up to the last family
-    std::vector<std::uint32_t> points;
-};
+constexpr std::size_t looksBetweenChecks = 4096;
 
 /// Which boxes and points lie on which sides of a target: a bit for each octant.
 template <std::size_t Axes>
@@ -160,9 +147,9 @@ VELDRAW_INLINE unsigned hits(double const* squares, double limit)
 }
 
 template <std::size_t Axes, typename Result>
-VELDRAW_INLINE void lookAtLeaf(Tree<Axes> const& tree, std::size_t leaf, double const* target, Result& result)
+VELDRAW_INLINE void lookAtLeaf(SearchTree<Axes> const& tree, std::size_t leaf, double const* target, Result& result)
 {
-    double const* const places = tree.leaves.data() + leaf * Tree<Axes>::leafSize;
+    double const* const places = tree.leaves.data() + leaf * SearchTree<Axes>::leafSize;
     double squares[width] = {};
     unsigned octants[width] = {};
     for (std::size_t axis = 0; axis < Axes; ++axis) {
@@ -187,14 +174,14 @@ VELDRAW_INLINE void lookAtLeaf(Tree<Axes> const& tree, std::size_t leaf, double 
 
 /// Opens the children of a node that may have nearer points, so that the nearest one is next.
 template <std::size_t Axes, typename Result>
-VELDRAW_INLINE void open(Tree<Axes> const& tree, std::uint64_t parent, double const* target, Result const& result,
+VELDRAW_INLINE void open(SearchTree<Axes> const& tree, std::uint64_t parent, double const* target, Result const& result,
                          OpenNodes& open)
 {
     std::size_t const level = levelOf(parent) - 1;
     std::size_t const place = placeOf(parent);
     double squares[width];
     unsigned octants[width];
-    measureBoxes<Axes, Result::needsOctants>(tree.levels[level].data() + place * Tree<Axes>::familySize, target,
+    measureBoxes<Axes, Result::needsOctants>(tree.levels[level].data() + place * SearchTree<Axes>::familySize, target,
                                              squares, octants);
     std::size_t const bottom = open.size;
     for (unsigned left = hits(squares, result.worst(Sides<Axes>::all)); left != 0; left &= left - 1) {
@@ -207,12 +194,16 @@ VELDRAW_INLINE void open(Tree<Axes> const& tree, std::uint64_t parent, double co
 
 /// Looks at the whole tree, nearest parts first.
 template <std::size_t Axes, typename Result>
-VELDRAW_INLINE void search(Tree<Axes> const& tree, double const* target, Result& result)
+VELDRAW_INLINE void search(SearchTree<Axes> const& tree, double const* target, Progress const& progress, Result& result)
 {
     OpenNodes nodes;
+    std::size_t looks = 0;
     nodes.insert(0, 0.0, packed(tree.levels.size(), 0, Sides<Axes>::all));
     while (nodes.size > 0) {
         --nodes.size;
+        if (++looks % looksBetweenChecks == 0) {
+            progress.check();
+        }
         std::uint64_t const node = nodes.nodes[nodes.size];
         if (nodes.squares[nodes.size] > result.worst(octantsOf(node))) {
             continue;
@@ -226,33 +217,33 @@ VELDRAW_INLINE void search(Tree<Axes> const& tree, double const* target, Result&
 }
 
 VELDRAW_WIDE_LANES("avx2")
-void searchTree(Tree<2> const& tree, double const* target, NearestResult& result)
+void searchTree(SearchTree<2> const& tree, double const* target, Progress const& progress, NearestResult& result)
 {
-    search(tree, target, result);
+    search(tree, target, progress, result);
 }
 
 VELDRAW_WIDE_LANES("avx2")
-void searchTree(Tree<3> const& tree, double const* target, NearestResult& result)
+void searchTree(SearchTree<3> const& tree, double const* target, Progress const& progress, NearestResult& result)
 {
-    search(tree, target, result);
+    search(tree, target, progress, result);
 }
 
 VELDRAW_WIDE_LANES("avx2")
-void searchTree(Tree<2> const& tree, double const* target, OctantResult& result)
+void searchTree(SearchTree<2> const& tree, double const* target, Progress const& progress, OctantResult& result)
 {
-    search(tree, target, result);
+    search(tree, target, progress, result);
 }
 
 VELDRAW_WIDE_LANES("avx2")
-void searchTree(Tree<3> const& tree, double const* target, OctantResult& result)
+void searchTree(SearchTree<3> const& tree, double const* target, Progress const& progress, OctantResult& result)
 {
-    search(tree, target, result);
+    search(tree, target, progress, result);
 }
 
 template <std::size_t Axes>
-double squaredDistance(Tree<Axes> const& tree, std::uint32_t place, double const* target)
+double squaredDistance(SearchTree<Axes> const& tree, std::uint32_t place, double const* target)
 {
-    double const* const leaf = tree.leaves.data() + place / width * Tree<Axes>::leafSize + place % width;
+    double const* const leaf = tree.leaf(place);
     double square = 0.0;
     for (std::size_t axis = 0; axis < Axes; ++axis) {
         double const difference = leaf[axis * width] - target[axis];
@@ -265,19 +256,12 @@ template <std::size_t Axes>
 class TreeSearch : public NeighborSearch
 {
 public:
-    TreeSearch(PointReader const& reader, std::vector<std::uint32_t> points, Progress const& progress)
+    TreeSearch(PointReader const& reader, std::vector<std::uint32_t> points, Progress& progress)
+        : m_tree(reader, std::move(points), progress)
     {
-        m_tree.points = std::move(points);
-        fillLeaves(reader, progress);
-        addLevel(m_tree.leaves, m_tree.points.size(), false, progress);
-        std::size_t nodes = leafCount();
-        while (nodes > width) {
-            addLevel(m_tree.levels.back(), nodes, true, progress);
-            nodes = (nodes + width - 1) / width;
-        }
     }
 
-    void find(double const* targets, std::size_t count, NeighborChoice const& choice,
+    void find(double const* targets, std::size_t count, NeighborChoice const& choice, Progress const& progress,
               Neighborhoods& found) const override
     {
         found.neighbors.clear();
@@ -287,9 +271,9 @@ public:
         OctantResult octants;
         for (std::size_t target = 0; target < count; ++target) {
             if (isOctant) {
-                findInOctants(targets + target * Axes, choice.count, octants, found);
+                findInOctants(targets + target * Axes, choice.count, octants, progress, found);
             } else {
-                findNearest(targets + target * Axes, choice.count, nearest, found);
+                findNearest(targets + target * Axes, choice.count, nearest, progress, found);
             }
             found.begins.push_back(found.neighbors.size());
         }
@@ -300,69 +284,13 @@ public:
 
     void read(std::uint32_t place, double* coordinates) const override
     {
-        double const* const leaf = m_tree.leaves.data() + place / width * Tree<Axes>::leafSize + place % width;
+        double const* const leaf = m_tree.leaf(place);
         for (std::size_t axis = 0; axis < Axes; ++axis) {
             coordinates[axis] = leaf[axis * width];
         }
     }
 
 private:
-    std::size_t leafCount() const { return (m_tree.points.size() + width - 1) / width; }
-
-    void fillLeaves(PointReader const& reader, Progress const& progress)
-    {
-        m_tree.leaves.assign(leafCount() * Tree<Axes>::leafSize, infinity);
-        double* const places = m_tree.leaves.data();
-        parallelFor(static_cast<std::int64_t>(size()), [&](std::int64_t first, std::int64_t last, std::int64_t) {
-            progress.check();
-            for (auto at = static_cast<std::size_t>(first); at < static_cast<std::size_t>(last); ++at) {
-                reader.read(m_tree.points[at], places + at * Axes);
-            }
-        });
-        dividePoints(Axes, width, places, m_tree.points, progress);
-        parallelFor(static_cast<std::int64_t>(leafCount()), [&](std::int64_t first, std::int64_t last, std::int64_t) {
-            progress.check();
-            for (auto leaf = static_cast<std::size_t>(first); leaf < static_cast<std::size_t>(last); ++leaf) {
-                transpose(places + leaf * Tree<Axes>::leafSize);
-            }
-        });
-    }
-
-    /// Puts the coordinates of a leaf, point after point, in the order of axes.
-    static void transpose(double* leaf)
-    {
-        std::array<double, Tree<Axes>::leafSize> copy;
-        std::copy_n(leaf, copy.size(), copy.begin());
-        for (std::size_t point = 0; point < width; ++point) {
-            for (std::size_t axis = 0; axis < Axes; ++axis) {
-                leaf[axis * width + point] = copy[point * Axes + axis];
-            }
-        }
-    }
-
-    /// Adds the boxes of all leaves or families of @p parts, which hold @p count points or boxes.
-    void addLevel(std::vector<double> const& parts, std::size_t count, bool areBoxes, Progress const& progress)
-    {
-        std::size_t const boxes = (count + width - 1) / width;
-        std::vector<double> level((boxes + width - 1) / width * Tree<Axes>::familySize);
-        std::size_t const partSize = areBoxes ? Tree<Axes>::familySize : Tree<Axes>::leafSize;
-        auto const fill = [&](std::int64_t first, std::int64_t last, std::int64_t) {
-            progress.check();
-            for (auto box = static_cast<std::size_t>(first); box < static_cast<std::size_t>(last); ++box) {
-                std::size_t const inPart = std::min(count - std::min(count, box * width), width);
-                for (std::size_t axis = 0; axis < Axes; ++axis) {
-                    double const* const low = parts.data() + box * partSize + axis * width * (areBoxes ? 2 : 1);
-                    double const* const high = low + (areBoxes ? width : 0);
-                    double* const target = level.data() + box / width * Tree<Axes>::familySize + 2 * axis * width;
-                    target[box % width] = inPart > 0 ? *std::min_element(low, low + inPart) : infinity;
-                    target[width + box % width] = inPart > 0 ? *std::max_element(high, high + inPart) : -infinity;
-                }
-            }
-        };
-        parallelFor(static_cast<std::int64_t>((boxes + width - 1) / width * width), fill);
-        m_tree.levels.push_back(std::move(level));
-    }
-
     /// The neighbors of the target before are as many points, so none that is farther away than all of these is needed.
     double boundFor(double const* target, std::size_t capacity, Neighborhoods const& found) const
     {
@@ -377,16 +305,18 @@ private:
         return bound;
     }
 
-    void findNearest(double const* target, std::int64_t count, NearestResult& result, Neighborhoods& found) const
+    void findNearest(double const* target, std::int64_t count, NearestResult& result, Progress const& progress,
+                     Neighborhoods& found) const
     {
         auto const capacity = static_cast<std::size_t>(std::min<std::int64_t>(count, size()));
         result.nearest.reset(capacity, boundFor(target, capacity, found), m_tree.points);
-        searchTree(m_tree, target, result);
-        result.nearest.sort();
+        searchTree(m_tree, target, progress, result);
+        result.nearest.sort(progress);
         found.neighbors.insert(found.neighbors.end(), result.nearest.list().begin(), result.nearest.list().end());
     }
 
-    void findInOctants(double const* target, std::int64_t count, OctantResult& result, Neighborhoods& found) const
+    void findInOctants(double const* target, std::int64_t count, OctantResult& result, Progress const& progress,
+                       Neighborhoods& found) const
     {
         constexpr std::int64_t octants = std::int64_t{1} << Axes;
         std::int64_t const share = count / octants;
@@ -395,11 +325,11 @@ private:
         for (std::size_t octant = 0; octant < octants; ++octant) {
             result.nearest[octant].reset(capacity, infinity, m_tree.points);
         }
-        searchTree(m_tree, target, result);
+        searchTree(m_tree, target, progress, result);
         std::vector<Neighbor> next; // of each octant that has more than its share
         auto const begin = static_cast<std::ptrdiff_t>(found.neighbors.size());
         for (std::size_t octant = 0; octant < octants; ++octant) {
-            result.nearest[octant].sort();
+            result.nearest[octant].sort(progress);
             std::vector<Neighbor> const& list = result.nearest[octant].list();
             std::size_t const own = std::min(list.size(), static_cast<std::size_t>(share));
             found.neighbors.insert(found.neighbors.end(), list.begin(),
@@ -415,7 +345,7 @@ private:
         std::sort(found.neighbors.begin() + begin, found.neighbors.end(), isBefore);
     }
 
-    Tree<Axes> m_tree;
+    SearchTree<Axes> m_tree;
 };
 
 } // namespace

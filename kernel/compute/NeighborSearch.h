@@ -41,6 +41,7 @@ class NeighborSearch
 {
 public:
     /// @param points the source points, at least one, all of them finite
+    /// @param progress all of it is for this
     /// @throws Interrupted, std::bad_alloc
     static std::unique_ptr<NeighborSearch> make(PointReader const& reader, std::vector<std::uint32_t> points,
                                                 Progress& progress);
@@ -54,7 +55,8 @@ public:
     /// difference of 0 counts as positive. Each gives its nearest N / 8, rounded down; the rest are the nearest of those that
     /// come next in each octant. An octant without enough points is not made up for by others.
     /// @param targets their coordinates, one target after the other
-    virtual void find(double const* targets, std::size_t count, NeighborChoice const& choice,
+    /// @throws Interrupted, std::bad_alloc
+    virtual void find(double const* targets, std::size_t count, NeighborChoice const& choice, Progress const& progress,
                       Neighborhoods& found) const = 0;
 
     virtual std::uint32_t size() const = 0;

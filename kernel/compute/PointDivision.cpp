@@ -17,7 +17,7 @@ template <std::size_t Axes>
 class PointDivision
 {
 public:
-    PointDivision(std::size_t leafSize, double* places, std::vector<std::uint32_t>& points, Progress const& progress)
+    PointDivision(std::size_t leafSize, double* places, std::vector<std::uint32_t>& points, Progress& progress)
         : m_leafSize(leafSize)
         , m_places(places)
         , m_points(points)
@@ -28,6 +28,7 @@ public:
     void divide()
     {
         std::vector<Part> parts{{0, m_points.size(), fullSize()}};
+        countLevels(parts.front());
         while (!parts.empty()) {
             std::vector<std::array<Part, 2>> halves(parts.size());
             forEachInParallel(static_cast<std::int64_t>(parts.size()), [&](std::int64_t part) {
@@ -61,6 +62,16 @@ private:
         return size;
     }
 
+    /// Each point is in one part of each level.
+    void countLevels(Part const& whole)
+    {
+        std::size_t levels = 0;
+        for (std::size_t size = whole.size; size > m_leafSize; size /= 2) {
+            ++levels;
+        }
+        m_progress.setTotal(static_cast<std::int64_t>(levels * m_points.size()));
+    }
+
     /// Its first half is full, so that leaves and families are full up to the last one.
     std::array<Part, 2> divided(Part const& part)
     {
@@ -71,6 +82,7 @@ private:
         }
         std::size_t const middle = part.first + size;
         select(part, middle, longestSide(part));
+        m_progress.advance(static_cast<std::int64_t>(part.last - part.first));
         return {Part{part.first, middle, size}, Part{middle, part.last, size}};
     }
 
@@ -121,9 +133,10 @@ private:
     {
         std::size_t first = part.first;
         std::size_t last = part.last - 1;
+        std::uint64_t seed = part.first;
         while (first < last) {
             m_progress.check();
-            double const pivot = medianOfThree(first, last, axis);
+            double const pivot = medianOfThree(first, last, axis, seed++);
             std::size_t low = first;
             std::size_t high = last;
             while (true) {
@@ -136,36 +149,42 @@ private:
                 }
                 swap(low++, high--);
             }
-            // Up to high nothing is above the pivot, after it nothing is below.
-            if (middle == high + 1) {
+            // Before low nothing is above the pivot, after high nothing is below; where they meet is the pivot itself.
+            bool const isMet = low == high;
+            if (middle == high + 1 || (isMet && middle == high)) {
                 return;
             }
             if (middle <= high) {
-                last = high;
+                last = isMet ? high - 1 : high;
             } else {
                 first = high + 1;
             }
         }
     }
 
-    double medianOfThree(std::size_t first, std::size_t last, std::size_t axis) const
+    /// The median of three coordinates at scattered places: at fixed ones, some orders of points would take quadratic time.
+    double medianOfThree(std::size_t first, std::size_t last, std::size_t axis, std::uint64_t seed) const
     {
-        double const a = coordinate(first, axis);
-        double const b = coordinate(first + (last - first) / 2, axis);
-        double const c = coordinate(last, axis);
+        auto const scattered = [&](std::uint64_t number) {
+            std::uint64_t const mixed = (3 * seed + number + 1) * 0x9e3779b97f4a7c15U;
+            return coordinate(first + (mixed >> 24U) % (last - first + 1), axis);
+        };
+        double const a = scattered(0);
+        double const b = scattered(1);
+        double const c = scattered(2);
         return std::max(std::min(a, b), std::min(std::max(a, b), c));
     }
 
     std::size_t m_leafSize;
     double* m_places;
     std::vector<std::uint32_t>& m_points;
-    Progress const& m_progress;
+    Progress& m_progress;
 };
 
 } // namespace
 
 void dividePoints(std::size_t axes, std::size_t leafSize, double* places, std::vector<std::uint32_t>& points,
-                  Progress const& progress)
+                  Progress& progress)
 {
     if (axes == 2) {
         PointDivision<2>(leafSize, places, points, progress).divide();

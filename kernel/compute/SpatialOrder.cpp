@@ -1,6 +1,7 @@
 #include "kernel/compute/SpatialOrder.h"
 
 #include "kernel/base/Parallel.h"
+#include "kernel/compute/PointBox.h"
 
 #include <algorithm>
 #include <array>
@@ -11,45 +12,10 @@ namespace veldraw::kernel {
 
 namespace {
 
-using Place = std::array<double, 3>;
-
 constexpr int bitsOfKey = 21; // for each coordinate; three of them fit in 64 bits
 constexpr std::int64_t crowd = 64;
 constexpr unsigned digits = 256;
 constexpr unsigned bitsOfDigit = 8;
-
-struct Box
-{
-    Place low{};
-    Place high{};
-};
-
-Box boxOf(PointReader const& reader, std::uint32_t const* points, std::int64_t count, Progress const& progress)
-{
-    constexpr double infinity = std::numeric_limits<double>::infinity();
-    Box const nothing{{infinity, infinity, infinity}, {-infinity, -infinity, -infinity}};
-    std::vector<Box> boxes(static_cast<std::size_t>(parallelChunkCount(count)), nothing);
-    auto const axes = static_cast<std::size_t>(reader.dimensions());
-    auto const include = [axes](Box& box, Place const& low, Place const& high) {
-        for (std::size_t axis = 0; axis < axes; ++axis) {
-            box.low[axis] = std::min(box.low[axis], low[axis]);
-            box.high[axis] = std::max(box.high[axis], high[axis]);
-        }
-    };
-    parallelFor(count, [&](std::int64_t first, std::int64_t last, std::int64_t chunk) {
-        progress.check();
-        for (std::int64_t at = first; at < last; ++at) {
-            Place place{};
-            reader.read(points[at], place.data());
-            include(boxes[static_cast<std::size_t>(chunk)], place, place);
-        }
-    });
-    Box whole = nothing;
-    for (Box const& box : boxes) {
-        include(whole, box.low, box.high);
-    }
-    return whole;
-}
 
 /// The lowest 21 bits of @p number, each followed by @p gap zero bits.
 std::uint64_t spread(std::uint64_t number, int gap)
@@ -112,7 +78,7 @@ public:
 
     std::uint64_t keyOf(std::uint32_t point) const
     {
-        Place place{};
+        Point place{};
         m_reader.read(point, place.data());
         std::uint64_t key = 0;
         for (int axis = 0; axis < m_reader.dimensions(); ++axis) {
@@ -124,7 +90,7 @@ public:
 
 private:
     PointReader const& m_reader;
-    Place m_low;
+    Point m_low;
     SpreadTable m_table;
     double m_scale = 0.0;
 };
@@ -133,7 +99,7 @@ private:
 class RadixSort
 {
 public:
-    RadixSort(std::uint32_t* points, std::vector<std::uint64_t>& keys, Progress const& progress)
+    RadixSort(std::uint32_t* points, std::vector<std::uint64_t>& keys, Progress& progress)
         : m_points(points)
         , m_count(static_cast<std::int64_t>(keys.size()))
         , m_progress(progress)
@@ -147,6 +113,8 @@ public:
     {
         for (unsigned shift = 0; shift < 64; shift += bitsOfDigit) {
             sortByDigit(shift);
+            m_progress.reach((shift + bitsOfDigit) /
+                             64.0); // once for all points, then again for those of crowded cells
         }
     }
 
@@ -204,7 +172,7 @@ private:
 
     std::uint32_t* m_points;
     std::int64_t m_count;
-    Progress const& m_progress;
+    Progress& m_progress;
     std::vector<std::uint64_t>& m_keys;
     std::vector<std::uint64_t> m_otherKeys;
     std::vector<std::uint32_t> m_otherPoints;
@@ -213,7 +181,7 @@ private:
 /// Sorts a few points by their coordinates, then by number.
 void sortFew(PointReader const& reader, std::uint32_t* points, std::int64_t count)
 {
-    std::vector<std::pair<Place, std::uint32_t>> places(static_cast<std::size_t>(count));
+    std::vector<std::pair<Point, std::uint32_t>> places(static_cast<std::size_t>(count));
     for (std::size_t at = 0; at < places.size(); ++at) {
         places[at].second = points[at];
         reader.read(points[at], places[at].first.data());
@@ -222,11 +190,11 @@ void sortFew(PointReader const& reader, std::uint32_t* points, std::int64_t coun
     std::transform(places.begin(), places.end(), points, [](auto const& place) { return place.second; });
 }
 
-void sortPart(PointReader const& reader, std::uint32_t* points, std::int64_t count, Progress const& progress);
+void sortPart(PointReader const& reader, std::uint32_t* points, std::int64_t count, Progress& progress);
 
 /// Sorts the points of each run of equal keys.
 void sortRuns(PointReader const& reader, std::vector<std::uint64_t> const& keys, std::uint32_t* points,
-              Progress const& progress)
+              Progress& progress)
 {
     auto run = keys.begin();
     while (run != keys.end()) {
@@ -244,7 +212,7 @@ void sortRuns(PointReader const& reader, std::vector<std::uint64_t> const& keys,
 
 /// The keys of points, which are sorted by them.
 std::vector<std::uint64_t> sortByKeys(MortonKeys const& morton, std::uint32_t* points, std::int64_t count,
-                                      Progress const& progress)
+                                      Progress& progress)
 {
     std::vector<std::uint64_t> keys(static_cast<std::size_t>(count));
     parallelFor(count, [&](std::int64_t first, std::int64_t last, std::int64_t) {
@@ -257,7 +225,7 @@ std::vector<std::uint64_t> sortByKeys(MortonKeys const& morton, std::uint32_t* p
     return keys;
 }
 
-void sortPart(PointReader const& reader, std::uint32_t* points, std::int64_t count, Progress const& progress)
+void sortPart(PointReader const& reader, std::uint32_t* points, std::int64_t count, Progress& progress)
 {
     progress.check();
     MortonKeys const morton(reader, boxOf(reader, points, count, progress));

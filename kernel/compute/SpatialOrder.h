@@ -12,7 +12,7 @@ namespace veldraw::kernel {
 ///
 /// Equal points are neighbours in the result. The result does not depend on the number of threads.
 /// @param points the points to be sorted, all of them finite; in ascending order at first
-/// @throws Interrupted, std::bad_alloc
+/// @param progress all of it is for this. @throws Interrupted, std::bad_alloc
 void sortInSpace(PointReader const& reader, std::vector<std::uint32_t>& points, Progress& progress);
 
 } // namespace veldraw::kernel

@@ -2,9 +2,49 @@
 
 #include "kernel/data/Zone.h"
 
-#include <algorithm>
+#include <array>
+#include <cmath>
 
 namespace veldraw::kernel {
+
+namespace {
+
+/// The mean of coordinates of corners, also where their sum overflows.
+class CornerMean
+{
+public:
+    explicit CornerMean(int axes)
+        : m_axes(axes)
+    {
+    }
+
+    void add(std::array<double, 3> const& corner)
+    {
+        ++m_count;
+        for (std::size_t axis = 0; axis < corner.size(); ++axis) {
+            m_sum[axis] += corner[axis];
+            m_smallSum[axis] += corner[axis] * small;
+        }
+    }
+
+    void write(double* place) const
+    {
+        for (int axis = 0; axis < m_axes; ++axis) {
+            auto const at = static_cast<std::size_t>(axis);
+            place[axis] = std::isfinite(m_sum[at]) ? m_sum[at] / m_count : m_smallSum[at] / m_count / small;
+        }
+    }
+
+private:
+    static constexpr double small = 0x1p-64;
+
+    int m_axes;
+    double m_count = 0.0;
+    std::array<double, 3> m_sum{};
+    std::array<double, 3> m_smallSum{};
+};
+
+} // namespace
 
 ValuePlaces::ValuePlaces(ZoneType_e type, ZoneDimensions dimensions, Coordinates coordinates, int count,
                          ValueLocation_e location)
@@ -49,8 +89,7 @@ void ValuePlaces::readOrderedCell(std::int64_t slot, double* place) const
 {
     std::array<std::int64_t, 3> const strides{1, m_dimensions.i, m_dimensions.i * m_dimensions.j};
     std::array<std::int64_t, 3> const points{m_dimensions.i, m_dimensions.j, m_dimensions.k};
-    std::fill_n(place, m_count, 0.0);
-    int corners = 0;
+    CornerMean mean(m_count);
     for (unsigned corner = 0; corner < 8; ++corner) {
         std::int64_t point = slot;
         bool isCorner = true;
@@ -62,25 +101,24 @@ void ValuePlaces::readOrderedCell(std::int64_t slot, double* place) const
         if (isCorner) {
             std::array<double, 3> at{};
             readPoint(point, at.data());
-            std::transform(place, place + m_count, at.begin(), place, std::plus<>());
-            ++corners;
+            mean.add(at);
         }
     }
-    std::transform(place, place + m_count, place, [=](double sum) { return sum / corners; });
+    mean.write(place);
 }
 
 void ValuePlaces::readCell(std::int64_t cell, double* place) const
 {
     Connectivity const& cells = *m_dimensions.connectivity;
-    std::fill_n(place, m_count, 0.0);
+    CornerMean mean(m_count);
     std::int64_t const first = cells.offsets[cell];
     std::int64_t const last = cells.offsets[cell + 1];
     for (std::int64_t corner = first; corner < last; ++corner) {
         std::array<double, 3> at{};
         readPoint(cells.indices[corner], at.data());
-        std::transform(place, place + m_count, at.begin(), place, std::plus<>());
+        mean.add(at);
     }
-    std::transform(place, place + m_count, place, [=](double sum) { return sum / static_cast<double>(last - first); });
+    mean.write(place);
 }
 
 } // namespace veldraw::kernel

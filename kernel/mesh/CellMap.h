@@ -1,7 +1,7 @@
 #pragma once
 
+#include "kernel/compute/Box.h"
 #include "kernel/data/Connectivity.h"
-#include "kernel/mesh/Box.h"
 
 #include <optional>
 

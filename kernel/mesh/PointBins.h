@@ -2,8 +2,8 @@
 
 #include "kernel/base/Progress.h"
 #include "kernel/base/ZeroedArray.h"
+#include "kernel/compute/Box.h"
 #include "kernel/data/ValuePlaces.h"
-#include "kernel/mesh/Box.h"
 
 #include <vector>
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "kernel/compute/Box.h"
 #include "kernel/data/DimensionsLoader.h"
-#include "kernel/mesh/Box.h"
 #include "kernel/storage/Buffer.h"
 #include "platform/vdsdkbase/VelUtilTypes.h"
 

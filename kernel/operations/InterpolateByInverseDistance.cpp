@@ -12,6 +12,7 @@ namespace veldraw::kernel {
 namespace {
 
 constexpr std::size_t targetsForAllPoints = 64;
+constexpr std::int64_t sourcesForATarget = 4; // that are put in the tree in the time that a target takes
 
 } // namespace
 
@@ -26,10 +27,9 @@ std::string InterpolateByInverseDistance::reasonAgainst() const
     return PointInterpolation::reasonAgainst();
 }
 
-void InterpolateByInverseDistance::estimate(Task const& task, Progress& progress)
+void InterpolateByInverseDistance::estimate(Task& task, Progress& progress)
 {
-    progress.setTotal(static_cast<std::int64_t>(task.targetPoints.size()));
-    if (task.takesAll(choice())) {
+    if (takesAll(static_cast<std::int64_t>(task.sourcePoints.size()))) {
         averageAll(task, progress);
     } else {
         averageNeighbors(task, progress);
@@ -38,7 +38,8 @@ void InterpolateByInverseDistance::estimate(Task const& task, Progress& progress
 
 void InterpolateByInverseDistance::averageAll(Task const& task, Progress& progress) const
 {
-    PointColumns const points = task.sourceColumns();
+    progress.setTotal(static_cast<std::int64_t>(task.targetPoints.size()));
+    PointColumns const points = task.sourceColumns(progress);
     InverseDistance const formula(m_formula.minimumDistance * task.scale, m_formula.exponent);
     auto const read = [&task](std::size_t variable, std::size_t first, std::size_t count, double* values) {
         task.gather(variable, &task.sourcePoints[first], count, values);
@@ -53,16 +54,21 @@ void InterpolateByInverseDistance::averageAll(Task const& task, Progress& progre
                       });
 }
 
-void InterpolateByInverseDistance::averageNeighbors(Task const& task, Progress& progress) const
+void InterpolateByInverseDistance::averageNeighbors(Task& task, Progress& progress) const
 {
-    auto const search = NeighborSearch::make(task.sources, task.sourcePoints, progress);
+    std::int64_t const buildingUnits = static_cast<std::int64_t>(task.sourcePoints.size()) / sourcesForATarget;
+    progress.setTotal(buildingUnits + static_cast<std::int64_t>(task.targetPoints.size()));
+    auto const search = [&] {
+        Progress building(progress, buildingUnits);
+        return NeighborSearch::make(task.sources, std::move(task.sourcePoints), building);
+    }();
     InverseDistance const formula(m_formula.minimumDistance * task.scale, m_formula.exponent);
     task.forEachBlock(
         task.blockSize(choice()), progress, [&](std::uint32_t const* targets, std::vector<double> const& places) {
             Neighborhoods found;
             std::vector<double> weights;
             search->find(places.data(), places.size() / static_cast<std::size_t>(task.sources.dimensions()), choice(),
-                         found);
+                         progress, found);
             formula.weigh(found, weights);
             task.storeSums(*search, found, weights, targets);
         });

@@ -29,11 +29,11 @@ public:
     std::string reasonAgainst() const override;
 
 protected:
-    void estimate(Task const& task, Progress& progress) override;
+    void estimate(Task& task, Progress& progress) override;
 
 private:
     void averageAll(Task const& task, Progress& progress) const;
-    void averageNeighbors(Task const& task, Progress& progress) const;
+    void averageNeighbors(Task& task, Progress& progress) const;
 
     Formula m_formula;
 };

@@ -4,7 +4,9 @@
 #include "kernel/base/Text.h"
 #include "kernel/compute/ValueBlock.h"
 
+#include <algorithm>
 #include <cmath>
+#include <limits>
 #include <numeric>
 #include <stdexcept>
 
@@ -12,16 +14,28 @@ namespace veldraw::kernel {
 
 namespace {
 
+double mixed(Buffer const& values, std::vector<WeightedPoint> const& weights, double scale)
+{
+    // By differences, so that equal values give just this value.
+    double const first = scale * values.value(weights.front().point);
+    double sum = 0;
+    for (WeightedPoint const& corner : weights) {
+        sum += corner.weight * (scale * values.value(corner.point) - first);
+    }
+    return first + sum;
+}
+
 /// What the values at some points mix to; no finite number when one of the values is none.
 double mixed(Buffer const& values, std::vector<WeightedPoint> const& weights)
 {
-    // By differences, so that equal values give just this value.
-    double const first = values.value(weights.front().point);
-    double sum = 0;
-    for (WeightedPoint const& corner : weights) {
-        sum += corner.weight * (values.value(corner.point) - first);
+    double const value = mixed(values, weights, 1.0);
+    if (std::isfinite(value)) {
+        return value;
     }
-    return first + sum;
+    constexpr double small = 0x1p-64; // differences of values of extreme size overflow
+    double const largest = std::numeric_limits<double>::max();
+    double const smallValue = mixed(values, weights, small);
+    return std::isfinite(smallValue) ? std::clamp(smallValue / small, -largest, largest) : smallValue;
 }
 
 /// The cells in which places are, one place after the other; most lie in the cell of the one before.

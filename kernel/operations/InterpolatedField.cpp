@@ -1,5 +1,6 @@
 #include "kernel/operations/InterpolatedField.h"
 
+#include "kernel/base/Parallel.h"
 #include "kernel/base/SystemMemory.h"
 #include "kernel/compute/CopyValues.h"
 
@@ -53,12 +54,15 @@ double smallest(FieldDataType_e type)
     return -largest(type);
 }
 
-std::shared_ptr<Buffer> converted(Buffer const& source, FieldDataType_e type)
+std::shared_ptr<Buffer> converted(Buffer const& source, FieldDataType_e type, Progress const& progress)
 {
     std::shared_ptr<Buffer> const result = Buffer::allocate(type, source.size());
-    for (std::int64_t slot = 0; slot < source.size(); ++slot) {
-        result->setBits(slot, source.bits(slot));
-    }
+    parallelFor(source.size(), [&](std::int64_t first, std::int64_t last, std::int64_t) {
+        progress.check();
+        for (std::int64_t slot = first; slot < last; ++slot) {
+            result->setBits(slot, source.bits(slot));
+        }
+    });
     return result;
 }
 
@@ -78,7 +82,7 @@ InterpolatedField::InterpolatedField(DeferredLoad const& load, Zone const& zone,
         return;
     }
     std::shared_ptr<Buffer const> const old = load.valuesOf(*field.group());
-    m_values = m_type == FieldDataType_Bit ? converted(*old, FieldDataType_Byte) : copyValues(*old, progress);
+    m_values = m_type == FieldDataType_Bit ? converted(*old, FieldDataType_Byte, progress) : copyValues(*old, progress);
 }
 
 void InterpolatedField::set(std::int64_t slot, double value)
@@ -94,11 +98,11 @@ void InterpolatedField::set(std::int64_t slot, double value)
     m_values->setValue(slot, stored);
 }
 
-NewField InterpolatedField::take()
+NewField InterpolatedField::take(Progress const& progress)
 {
     std::shared_ptr<Buffer> values = std::move(m_values);
     if (m_type == FieldDataType_Bit) {
-        values = converted(*values, FieldDataType_Bit);
+        values = converted(*values, FieldDataType_Bit, progress);
     }
     return {static_cast<std::size_t>(m_variable - 1), Field(std::make_shared<ShareGroup>(values), m_location)};
 }

@@ -30,8 +30,8 @@ public:
 
     bool isOfWholeNumbers() const { return m_type != FieldDataType_Float && m_type != FieldDataType_Double; }
 
-    /// The field for the zone, once all values have been stored. @throws std::bad_alloc
-    NewField take();
+    /// The field for the zone, once all values have been stored. @throws Interrupted, std::bad_alloc
+    NewField take(Progress const& progress);
 
 private:
     int m_variable;

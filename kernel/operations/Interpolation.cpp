@@ -178,7 +178,7 @@ void Interpolation::compute(Progress& progress)
     std::string const details = interpolate(fields, progress);
     m_report = report(fields, details, secondsSince(start));
     for (auto const& field : fields) {
-        m_results.push_back(field->take());
+        m_results.push_back(field->take(progress));
     }
 }
 

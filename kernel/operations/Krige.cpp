@@ -2,10 +2,10 @@
 
 #include "kernel/compute/DenseKriging.h"
 #include "kernel/compute/LocalKriging.h"
+#include "kernel/compute/PointBox.h"
 
 #include <algorithm>
 #include <cmath>
-#include <stdexcept>
 #include <thread>
 
 namespace veldraw::kernel {
@@ -13,32 +13,22 @@ namespace veldraw::kernel {
 namespace {
 
 constexpr std::size_t targetsForTheSystem = 16;
+constexpr std::int64_t sourcesForASystem = 16; // that are put in the tree in the time that a target takes
 
 bool isFraction(double number)
 {
     return number >= 0.0 && number <= 1.0;
 }
 
-double diagonalOf(PointColumns const& points)
+/// Of the box of all points.
+double diagonalOf(PointReader const& reader, std::vector<std::uint32_t> const& points, Progress const& progress)
 {
+    Box const box = boxOf(reader, points.data(), static_cast<std::int64_t>(points.size()), progress);
     double square = 0.0;
-    for (std::vector<double> const& coordinates : points) {
-        if (!coordinates.empty()) {
-            auto const [low, high] = std::minmax_element(coordinates.begin(), coordinates.end());
-            square += (*high - *low) * (*high - *low);
-        }
+    for (std::size_t axis = 0; axis < box.low.size(); ++axis) {
+        square += (box.high[axis] - box.low[axis]) * (box.high[axis] - box.low[axis]);
     }
     return std::sqrt(square);
-}
-
-/// Checks that a system of so many points fits into the memory. @throws std::runtime_error
-void requireRoom(std::int64_t points, std::int64_t most)
-{
-    if (points > most) {
-        throw std::runtime_error("Kriging from " + counted(points, "point") +
-                                 " at once takes more memory than there is: " + std::to_string(most) +
-                                 " points would fit.");
-    }
 }
 
 } // namespace
@@ -72,26 +62,46 @@ std::string Krige::details() const
     return text;
 }
 
-void Krige::estimate(Task const& given, Progress& progress)
+std::string Krige::reasonAgainstPoints(std::int64_t count) const
 {
-    Task task = given;
-    m_merged = std::max(m_merged, task.mergeCoincidentPoints(progress));
-    if (task.takesAll(choice())) {
-        estimateFromAll(task, progress);
+    double most = static_cast<double>(DenseKriging::mostPoints());
+    std::int64_t needed = count;
+    if (!takesAll(count)) {
+        // Each thread has a system of its own, and a copy of it for a moment.
+        most /= std::sqrt(2.0 * static_cast<double>(std::max(std::thread::hardware_concurrency(), 1U)));
+        needed = std::min(choice().count, count);
+    }
+    if (static_cast<double>(needed) <= most) {
+        return {};
+    }
+    return "Kriging from " + counted(needed, "point") +
+           " at once takes more memory than there is: " + std::to_string(static_cast<std::int64_t>(most)) +
+           " points would fit.";
+}
+
+void Krige::estimate(Task& task, Progress& progress)
+{
+    std::int64_t const unitsForMerging = progress.total() / 20;
+    {
+        Progress merging(progress, unitsForMerging);
+        m_merged = std::max(m_merged, task.mergeCoincidentPoints(merging));
+    }
+    Progress estimating(progress, progress.total() - unitsForMerging);
+    if (takesAll(static_cast<std::int64_t>(task.sourcePoints.size()))) {
+        estimateFromAll(task, estimating);
     } else {
-        estimateFromNeighbors(task, progress);
+        estimateFromNeighbors(task, estimating);
     }
 }
 
 void Krige::estimateFromAll(Task const& task, Progress& progress)
 {
     auto const points = static_cast<std::int64_t>(task.sourcePoints.size());
-    requireRoom(points, DenseKriging::mostPoints());
     auto const targets = static_cast<std::int64_t>(task.targetPoints.size());
     progress.setTotal(DenseKriging::workFor(points) + targets);
-    PointColumns columns = task.sourceColumns();
-    KrigingModel const model{m_model.range * diagonalOf(columns), m_model.zeroValue, m_model.drift};
-    DenseKriging kriging(model, std::move(columns), progress);
+    KrigingModel const model{m_model.range * diagonalOf(task.sources, task.sourcePoints, progress), m_model.zeroValue,
+                             m_model.drift};
+    DenseKriging kriging(model, task.sourceColumns(progress), progress);
     for (std::size_t variable = 0; variable < task.variableCount(); ++variable) {
         std::vector<double> values(task.sourcePoints.size());
         task.gather(variable, task.sourcePoints.data(), values.size(), values.data());
@@ -108,21 +118,22 @@ void Krige::estimateFromAll(Task const& task, Progress& progress)
                       });
 }
 
-void Krige::estimateFromNeighbors(Task const& task, Progress& progress)
+void Krige::estimateFromNeighbors(Task& task, Progress& progress)
 {
-    // Each thread has a system of its own, and a copy of it for a moment.
-    double const systems = 2.0 * static_cast<double>(std::max(std::thread::hardware_concurrency(), 1U));
-    requireRoom(std::min(choice().count, static_cast<std::int64_t>(task.sourcePoints.size())),
-                static_cast<std::int64_t>(static_cast<double>(DenseKriging::mostPoints()) / std::sqrt(systems)));
-    progress.setTotal(static_cast<std::int64_t>(task.targetPoints.size()));
-    KrigingModel const model{m_model.range * diagonalOf(task.sourceColumns()), m_model.zeroValue, m_model.drift};
-    auto const search = NeighborSearch::make(task.sources, task.sourcePoints, progress);
+    auto const points = static_cast<std::int64_t>(task.sourcePoints.size());
+    progress.setTotal(points / sourcesForASystem + static_cast<std::int64_t>(task.targetPoints.size()));
+    KrigingModel const model{m_model.range * diagonalOf(task.sources, task.sourcePoints, progress), m_model.zeroValue,
+                             m_model.drift};
+    auto const search = [&] {
+        Progress building(progress, points / sourcesForASystem);
+        return NeighborSearch::make(task.sources, std::move(task.sourcePoints), building);
+    }();
     auto const axes = static_cast<std::size_t>(task.sources.dimensions());
     task.forEachBlock(Task::blockSize(choice()), progress,
                       [&](std::uint32_t const* targets, std::vector<double> const& places) {
                           Neighborhoods found;
                           std::vector<double> weights;
-                          search->find(places.data(), places.size() / axes, choice(), found);
+                          search->find(places.data(), places.size() / axes, choice(), progress, found);
                           LocalKriging kriging(*search, model, axes, progress);
                           m_lowered += kriging.weigh(places.data(), found, weights);
                           task.storeSums(*search, found, weights, targets);

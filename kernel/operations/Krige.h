@@ -33,12 +33,13 @@ public:
     void compute(Progress& progress) override;
 
 protected:
-    void estimate(Task const& task, Progress& progress) override;
+    std::string reasonAgainstPoints(std::int64_t count) const override;
+    void estimate(Task& task, Progress& progress) override;
     std::string details() const override;
 
 private:
     void estimateFromAll(Task const& task, Progress& progress);
-    void estimateFromNeighbors(Task const& task, Progress& progress);
+    void estimateFromNeighbors(Task& task, Progress& progress);
 
     Model m_model;
     std::int64_t m_merged = 0;

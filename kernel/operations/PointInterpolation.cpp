@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <map>
 #include <stdexcept>
 
 namespace veldraw::kernel {
@@ -112,7 +111,7 @@ std::vector<double> PointInterpolation::Task::meansOf(std::uint32_t const* point
     return means;
 }
 
-PointColumns PointInterpolation::Task::sourceColumns() const
+PointColumns PointInterpolation::Task::sourceColumns(Progress const& progress) const
 {
     PointColumns columns;
     auto const axes = static_cast<std::size_t>(sources.dimensions());
@@ -121,6 +120,7 @@ PointColumns PointInterpolation::Task::sourceColumns() const
     }
     parallelFor(static_cast<std::int64_t>(sourcePoints.size()),
                 [&](std::int64_t first, std::int64_t last, std::int64_t) {
+                    progress.check();
                     for (auto at = static_cast<std::size_t>(first); at < static_cast<std::size_t>(last); ++at) {
                         std::array<double, 3> place{};
                         sources.read(sourcePoints[at], place.data());
@@ -172,13 +172,6 @@ std::size_t PointInterpolation::Task::blockSize(NeighborChoice const& choice)
     return static_cast<std::size_t>(std::clamp<std::int64_t>(neighborsAtATime / choice.count, 1, 512));
 }
 
-bool PointInterpolation::Task::takesAll(NeighborChoice const& choice) const
-{
-    std::int64_t const shares = choice.selection == PtSelection_Octant ? std::int64_t{1} << sources.dimensions() : 1;
-    return choice.selection == PtSelection_All ||
-           choice.count / shares >= static_cast<std::int64_t>(sourcePoints.size());
-}
-
 void PointInterpolation::Task::storeSums(NeighborSearch const& search, Neighborhoods const& found,
                                          std::vector<double> const& weights, std::uint32_t const* targetNumbers) const
 {
@@ -207,6 +200,12 @@ void PointInterpolation::Task::store(std::size_t variable, std::uint32_t target,
     m_variables[variable].field->set(target, std::clamp(value, -largest, largest));
 }
 
+bool PointInterpolation::takesAll(std::int64_t sourcePoints) const
+{
+    std::int64_t const shares = m_choice.selection == PtSelection_Octant ? std::int64_t{1} << dimensions() : 1;
+    return m_choice.selection == PtSelection_All || m_choice.count / shares >= sourcePoints;
+}
+
 std::string PointInterpolation::interpolate(Fields const& fields, Progress& progress)
 {
     m_pointsLeftOut = 0;
@@ -214,6 +213,9 @@ std::string PointInterpolation::interpolate(Fields const& fields, Progress& prog
     m_targetsLeftOut = 0;
     std::vector<Layout> const all = layouts(fields);
     progress.setTotal(progress.done() + unitsForALayout * static_cast<std::int64_t>(all.size()));
+    for (Layout const& layout : all) {
+        checkCount(layout, progress);
+    }
     for (Layout const& layout : all) {
         Progress part(progress, unitsForALayout);
         work(layout, part);
@@ -249,17 +251,50 @@ std::vector<PointInterpolation::Layout> PointInterpolation::layouts(Fields const
     return all;
 }
 
-void PointInterpolation::work(Layout const& layout, Progress& progress)
+void PointInterpolation::addSources(Layout const& layout, SourcePoints& points) const
 {
-    SourcePoints sourcePlaces(dimensions());
     auto location = layout.sourceLocations.begin();
     for (int const zone : sources()) {
         std::vector<std::shared_ptr<Buffer const>> buffers;
         for (InterpolatedField const* const field : layout.fields) {
             buffers.push_back(values(zone, field->variable()));
         }
-        sourcePlaces.add(places(zone, *location++), std::move(buffers));
+        points.add(places(zone, *location++), std::move(buffers));
     }
+}
+
+/// Only where there are too many points are those counted that are left when equal ones are merged.
+void PointInterpolation::checkCount(Layout const& layout, Progress const& progress) const
+{
+    SourcePoints sources(dimensions());
+    addSources(layout, sources);
+    SourcePoints::Selection selected = sources.select(false, progress);
+    if (reasonAgainstPoints(static_cast<std::int64_t>(selected.points.size())).empty()) {
+        return;
+    }
+    sources.setScale(scaleFor(selected.largest));
+    std::vector<std::uint32_t> const noTargets;
+    Task task(sources, sources, noTargets, 1.0);
+    task.sourcePoints = std::move(selected.points);
+    Progress counting;
+    task.mergeCoincidentPoints(counting);
+    std::string const reason = reasonAgainstPoints(static_cast<std::int64_t>(task.sourcePoints.size()));
+    if (!reason.empty()) {
+        throw std::runtime_error(reason);
+    }
+}
+
+/// Variables that have finite values at the same source points.
+struct PointInterpolation::Group
+{
+    std::vector<bool> leftOut; ///< of the selected points; empty when none is
+    std::vector<Task::Variable> variables;
+};
+
+void PointInterpolation::work(Layout const& layout, Progress& progress)
+{
+    SourcePoints sourcePlaces(dimensions());
+    addSources(layout, sourcePlaces);
     SourcePoints targetPlaces(dimensions());
     targetPlaces.add(places(destination(), layout.destinationLocation), {});
     SourcePoints::Selection sources = sourcePlaces.select(false, progress);
@@ -272,56 +307,81 @@ void PointInterpolation::work(Layout const& layout, Progress& progress)
     double const scale = scaleFor(std::max(sources.largest, targets.largest));
     sourcePlaces.setScale(scale);
     targetPlaces.setScale(scale);
-    sortInSpace(targetPlaces, targets.points, progress);
-    Task common(sourcePlaces, targetPlaces, scale);
-    common.sourcePoints = std::move(sources.points);
-    common.targetPoints = std::move(targets.points);
-    std::vector<Task> const tasks = divide(layout, sourcePlaces, common, progress);
-    for (Task const& task : tasks) {
-        Progress part(progress, unitsForALayout / static_cast<std::int64_t>(tasks.size()));
-        estimate(task, part);
+    {
+        Progress sorting(progress, unitsForALayout / 10);
+        sortInSpace(targetPlaces, targets.points, sorting);
+    }
+    std::vector<Group> const groups = divide(layout, sourcePlaces, sources.points, progress);
+    for (Group const& group : groups) {
+        Task task(sourcePlaces, targetPlaces, targets.points, scale);
+        if (&group == &groups.back()) {
+            task.sourcePoints = std::move(sources.points);
+        } else {
+            task.sourcePoints = sources.points;
+        }
+        Progress part(progress, unitsForALayout * 9 / 10 / static_cast<std::int64_t>(groups.size()));
+        workOn(group, task, part);
     }
 }
 
-/// Tasks of the variables that have finite values at the same points.
-std::vector<PointInterpolation::Task> PointInterpolation::divide(Layout const& layout, SourcePoints const& sources,
-                                                                 Task const& common, Progress const& progress)
+/// Takes what is left out away from the points of a task, and estimates the variables.
+void PointInterpolation::workOn(Group const& group, Task& task, Progress& progress)
 {
-    std::map<std::vector<std::uint32_t>, Task> tasks; // by the points that are left out
-    for (std::size_t position = 0; position < layout.fields.size(); ++position) {
-        std::vector<std::uint32_t> leftOut;
-        double largest = 0.0;
-        std::vector<double> block(valuesAtATime);
-        for (std::size_t first = 0; first < common.sourcePoints.size(); first += valuesAtATime) {
+    std::vector<std::uint32_t>& points = task.sourcePoints;
+    std::size_t kept = 0;
+    for (std::size_t at = 0; at < group.leftOut.size(); ++at) {
+        if (at % valuesAtATime == 0) {
             progress.check();
-            std::size_t const count = std::min(valuesAtATime, common.sourcePoints.size() - first);
-            sources.gather(position, &common.sourcePoints[first], count, block.data());
+        }
+        if (!group.leftOut[at]) {
+            points[kept++] = points[at];
+        }
+    }
+    if (!group.leftOut.empty()) {
+        points.resize(kept);
+    }
+    task.m_variables = group.variables;
+    if (points.empty()) {
+        int const variable = task.m_variables.front().field->variable();
+        throw std::runtime_error("No source point has a finite value of the variable \"" +
+                                 dataSet().variable(variable)->name + "\".");
+    }
+    estimate(task, progress);
+}
+
+std::vector<PointInterpolation::Group> PointInterpolation::divide(Layout const& layout, SourcePoints const& sources,
+                                                                  std::vector<std::uint32_t> const& points,
+                                                                  Progress const& progress)
+{
+    std::vector<Group> groups;
+    std::vector<double> block(valuesAtATime);
+    for (std::size_t position = 0; position < layout.fields.size(); ++position) {
+        std::vector<bool> leftOut;
+        double largest = 0.0;
+        for (std::size_t first = 0; first < points.size(); first += valuesAtATime) {
+            progress.check();
+            std::size_t const count = std::min(valuesAtATime, points.size() - first);
+            sources.gather(position, &points[first], count, block.data());
             for (std::size_t at = 0; at < count; ++at) {
                 if (std::isfinite(block[at])) {
                     largest = std::max(largest, std::abs(block[at]));
                 } else {
-                    leftOut.push_back(common.sourcePoints[first + at]);
+                    leftOut.resize(points.size());
+                    leftOut[first + at] = true;
+                    ++m_valuesLeftOut;
                 }
             }
         }
-        m_valuesLeftOut += static_cast<std::int64_t>(leftOut.size());
-        Task& task = tasks.try_emplace(std::move(leftOut), common.sources, common.targets, common.scale).first->second;
-        task.m_variables.push_back(
+        auto found = std::find_if(groups.begin(), groups.end(),
+                                  [&leftOut](Group const& group) { return group.leftOut == leftOut; });
+        if (found == groups.end()) {
+            groups.push_back({std::move(leftOut), {}});
+            found = groups.end() - 1;
+        }
+        found->variables.push_back(
             {position, layout.fields[position], largest > hugeValue ? divisorOfHugeValues : 1.0});
     }
-    std::vector<Task> result;
-    for (auto& [leftOut, task] : tasks) {
-        std::set_difference(common.sourcePoints.begin(), common.sourcePoints.end(), leftOut.begin(), leftOut.end(),
-                            std::back_inserter(task.sourcePoints));
-        if (task.sourcePoints.empty()) {
-            int const variable = task.m_variables.front().field->variable();
-            throw std::runtime_error("No source point has a finite value of the variable \"" +
-                                     dataSet().variable(variable)->name + "\".");
-        }
-        task.targetPoints = common.targetPoints;
-        result.push_back(std::move(task));
-    }
-    return result;
+    return groups;
 }
 
 } // namespace veldraw::kernel

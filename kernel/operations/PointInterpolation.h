@@ -27,28 +27,30 @@ protected:
     class Task
     {
     public:
-        Task(SourcePoints const& sourceReader, SourcePoints const& targetReader, double scaleOfLengths)
+        Task(SourcePoints const& sourceReader, SourcePoints const& targetReader,
+             std::vector<std::uint32_t> const& allTargets, double scaleOfLengths)
             : sources(sourceReader)
             , targets(targetReader)
+            , targetPoints(allTargets)
             , scale(scaleOfLengths)
         {
         }
 
         SourcePoints const& sources;
         SourcePoints const& targets;
-        double scale; ///< of all coordinates: a power of 2
+        std::vector<std::uint32_t> const& targetPoints; ///< those that follow each other are mostly near each other
+        double scale;                                   ///< of all coordinates: a power of 2
 
-        std::vector<std::uint32_t> sourcePoints; ///< at least one
-        std::vector<std::uint32_t> targetPoints; ///< those that follow each other are mostly near each other
+        std::vector<std::uint32_t> sourcePoints; ///< at least one; may be taken away when they are needed no more
 
         std::size_t variableCount() const { return m_variables.size(); }
 
         /// Keeps one source point of those at the same place, with the means of their values, and sorts the source points in
-        /// space. @return number of points that were merged into others
+        /// space. @param progress all of it is for this. @return number of points that were merged into others
         std::int64_t mergeCoincidentPoints(Progress& progress);
 
         /// The coordinates of the source points.
-        PointColumns sourceColumns() const;
+        PointColumns sourceColumns(Progress const& progress) const;
 
         /// Copies the values of a variable at source points, divided so that no sum of them overflows.
         void gather(std::size_t variable, std::uint32_t const* points, std::size_t count, double* values) const;
@@ -61,9 +63,6 @@ protected:
 
         /// Number of targets whose neighborhoods are found at a time.
         static std::size_t blockSize(NeighborChoice const& choice);
-
-        /// Whether a choice takes all source points.
-        bool takesAll(NeighborChoice const& choice) const;
 
         /// Stores the weighted sums of the values of neighbors. Thread-safe.
         void storeSums(NeighborSearch const& search, Neighborhoods const& found, std::vector<double> const& weights,
@@ -90,23 +89,33 @@ protected:
             m_merged; ///< means of the variables, by the point that was kept
     };
 
+    /// Why an interpolation from so many points cannot be done; empty when it can. Asked before anything is estimated.
+    virtual std::string reasonAgainstPoints(std::int64_t /*count*/) const { return {}; }
+
     /// Estimates all variables at all targets of a task. @throws Interrupted, std::bad_alloc, std::runtime_error
-    virtual void estimate(Task const& task, Progress& progress) = 0;
+    virtual void estimate(Task& task, Progress& progress) = 0;
 
     /// More sentences for the report.
     virtual std::string details() const { return {}; }
 
     NeighborChoice const& choice() const { return m_choice; }
 
+    /// Whether the choice takes all of so many source points.
+    bool takesAll(std::int64_t sourcePoints) const;
+
     std::string interpolate(Fields const& fields, Progress& progress) final;
 
 private:
     struct Layout;
+    struct Group;
 
     std::vector<Layout> layouts(Fields const& fields) const;
+    void addSources(Layout const& layout, SourcePoints& points) const;
+    void checkCount(Layout const& layout, Progress const& progress) const;
     void work(Layout const& layout, Progress& progress);
-    std::vector<Task> divide(Layout const& layout, SourcePoints const& sources, Task const& common,
-                             Progress const& progress);
+    std::vector<Group> divide(Layout const& layout, SourcePoints const& sources,
+                              std::vector<std::uint32_t> const& points, Progress const& progress);
+    void workOn(Group const& group, Task& task, Progress& progress);
 
     NeighborChoice m_choice;
     std::int64_t m_pointsLeftOut = 0;

@@ -1,5 +1,6 @@
 #include "kernel/compute/NeighborSearch.h"
 
+#include "tests/kernel/support/LookCounter.h"
 #include "tests/kernel/support/ScatteredPoints.h"
 
 #include <algorithm>
@@ -73,7 +74,8 @@ void expectFound(ScatteredPoints const& points, ScatteredPoints const& targets, 
 {
     auto const search = searchIn(points);
     Neighborhoods found;
-    search->find(targets.places().data(), targets.count(), choice, found);
+    Progress progress;
+    search->find(targets.places().data(), targets.count(), choice, progress, found);
     ASSERT_EQ(found.targetCount(), targets.count());
     for (std::size_t target = 0; target < targets.count(); ++target) {
         Numbers numbers;
@@ -185,6 +187,21 @@ TEST(NeighborSearchTest, EndsWhenItIsCancelled)
     Progress progress;
     progress.interrupt();
     EXPECT_THROW(NeighborSearch::make(points, points.numbers(), progress), Interrupted);
+}
+
+TEST(NeighborSearchTest, LooksForACancelAmongTheNeighborsOfOneTarget)
+{
+    ScatteredPoints const points = ScatteredPoints::random(3, 100003, 5);
+    auto const search = searchIn(points);
+    std::array<double, 3> const target{0.5, 0.5, 0.5};
+    Neighborhoods found;
+    for (PtSelection_e const selection : {PtSelection_NearestN, PtSelection_Octant}) {
+        LookCounter counter;
+        search->find(target.data(), 1, {selection, 80000}, counter, found);
+        EXPECT_GT(counter.looks(), 15) << "in the tree and while the neighbors are sorted";
+        LookCounter last(counter.looks());
+        EXPECT_THROW(search->find(target.data(), 1, {selection, 80000}, last, found), Interrupted);
+    }
 }
 
 } // namespace veldraw::tests

@@ -137,6 +137,19 @@ TEST_F(InterpolateLinearlyTest, GivesATrilinearFieldInBoxes)
     }
 }
 
+TEST_F(InterpolateLinearlyTest, GivesMeansOfValuesWhoseDifferenceIsNoNumber)
+{
+    double const huge = 1.7e308;
+    addSource(sample::orderedFill(3, 3, 3, 0, 0), [huge](Point const& place) { return (1 - place[0]) * huge; });
+    addTarget({{0.5, 1, 1}, {1.25, 0.5, 0.5}, {0, 2, 2}, {2, 0.1, 0.1}});
+    ASSERT_TRUE(interpolate({1}, 2, {pressure}));
+    std::vector<double> const found = sample::values(*dataSet, 2, pressure);
+    EXPECT_DOUBLE_EQ(found[0], huge / 2);
+    EXPECT_DOUBLE_EQ(found[1], -huge / 4);
+    EXPECT_DOUBLE_EQ(found[2], huge);
+    EXPECT_DOUBLE_EQ(found[3], -huge);
+}
+
 TEST_F(InterpolateLinearlyTest, KeepsEqualValuesToTheLastBit)
 {
     addSource(sample::fillOf(Shape::Brick, 5, 0.25, 1).zone(ZoneType_FEBrick), [](Point const&) { return 0.1; });

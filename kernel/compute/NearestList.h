@@ -30,6 +30,7 @@ struct NearestFirst
 class NearestList
 {
 public:
+    /// Takes all the memory that the list will need: offer() is called where nothing may be thrown.
     /// @param capacity at least 1; @param bound of the squared distances; @param points numbers of the points by place
     void reset(std::size_t capacity, double bound, std::vector<std::uint32_t> const& points)
     {
@@ -37,6 +38,7 @@ public:
         m_bound = bound;
         m_isBefore.points = points.data();
         m_list.clear();
+        m_list.reserve(capacity);
     }
 
     /// What is farther away is not among the nearest.

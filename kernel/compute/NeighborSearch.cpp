@@ -192,17 +192,17 @@ VELDRAW_INLINE void open(SearchTree<Axes> const& tree, std::uint64_t parent, dou
     }
 }
 
-/// Looks at the whole tree, nearest parts first.
+/// Looks at the whole tree, nearest parts first. @return false when the progress was interrupted meanwhile
 template <std::size_t Axes, typename Result>
-VELDRAW_INLINE void search(SearchTree<Axes> const& tree, double const* target, Progress const& progress, Result& result)
+VELDRAW_INLINE bool search(SearchTree<Axes> const& tree, double const* target, Progress const& progress, Result& result)
 {
     OpenNodes nodes;
     std::size_t looks = 0;
     nodes.insert(0, 0.0, packed(tree.levels.size(), 0, Sides<Axes>::all));
     while (nodes.size > 0) {
         --nodes.size;
-        if (++looks % looksBetweenChecks == 0) {
-            progress.check();
+        if (++looks % looksBetweenChecks == 0 && progress.isInterrupted()) {
+            return false;
         }
         std::uint64_t const node = nodes.nodes[nodes.size];
         if (nodes.squares[nodes.size] > result.worst(octantsOf(node))) {
@@ -214,30 +214,35 @@ VELDRAW_INLINE void search(SearchTree<Axes> const& tree, double const* target, P
             open(tree, node, target, result, nodes);
         }
     }
+    return true;
 }
 
 VELDRAW_WIDE_LANES("avx2")
-void searchTree(SearchTree<2> const& tree, double const* target, Progress const& progress, NearestResult& result)
+bool searchTree(SearchTree<2> const& tree, double const* target, Progress const& progress,
+                NearestResult& result) noexcept
 {
-    search(tree, target, progress, result);
+    return search(tree, target, progress, result);
 }
 
 VELDRAW_WIDE_LANES("avx2")
-void searchTree(SearchTree<3> const& tree, double const* target, Progress const& progress, NearestResult& result)
+bool searchTree(SearchTree<3> const& tree, double const* target, Progress const& progress,
+                NearestResult& result) noexcept
 {
-    search(tree, target, progress, result);
+    return search(tree, target, progress, result);
 }
 
 VELDRAW_WIDE_LANES("avx2")
-void searchTree(SearchTree<2> const& tree, double const* target, Progress const& progress, OctantResult& result)
+bool searchTree(SearchTree<2> const& tree, double const* target, Progress const& progress,
+                OctantResult& result) noexcept
 {
-    search(tree, target, progress, result);
+    return search(tree, target, progress, result);
 }
 
 VELDRAW_WIDE_LANES("avx2")
-void searchTree(SearchTree<3> const& tree, double const* target, Progress const& progress, OctantResult& result)
+bool searchTree(SearchTree<3> const& tree, double const* target, Progress const& progress,
+                OctantResult& result) noexcept
 {
-    search(tree, target, progress, result);
+    return search(tree, target, progress, result);
 }
 
 template <std::size_t Axes>
@@ -250,6 +255,14 @@ double squaredDistance(SearchTree<Axes> const& tree, std::uint32_t place, double
         square += difference * difference;
     }
     return square;
+}
+
+/// @throws Interrupted
+void throwUnless(bool isComplete)
+{
+    if (!isComplete) {
+        throw Interrupted();
+    }
 }
 
 template <std::size_t Axes>
@@ -310,7 +323,7 @@ private:
     {
         auto const capacity = static_cast<std::size_t>(std::min<std::int64_t>(count, size()));
         result.nearest.reset(capacity, boundFor(target, capacity, found), m_tree.points);
-        searchTree(m_tree, target, progress, result);
+        throwUnless(searchTree(m_tree, target, progress, result));
         result.nearest.sort(progress);
         found.neighbors.insert(found.neighbors.end(), result.nearest.list().begin(), result.nearest.list().end());
     }
@@ -325,7 +338,7 @@ private:
         for (std::size_t octant = 0; octant < octants; ++octant) {
             result.nearest[octant].reset(capacity, infinity, m_tree.points);
         }
-        searchTree(m_tree, target, progress, result);
+        throwUnless(searchTree(m_tree, target, progress, result));
         std::vector<Neighbor> next; // of each octant that has more than its share
         auto const begin = static_cast<std::ptrdiff_t>(found.neighbors.size());
         for (std::size_t octant = 0; octant < octants; ++octant) {

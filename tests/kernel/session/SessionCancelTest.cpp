@@ -3,15 +3,19 @@
 #include "kernel/operations/DeleteVariables.h"
 #include "kernel/operations/DuplicateZonesAxially.h"
 #include "kernel/operations/EnableZone.h"
+#include "kernel/operations/InterpolateByInverseDistance.h"
 #include "kernel/operations/InterpolateLinearly.h"
+#include "kernel/operations/Krige.h"
 #include "kernel/operations/MirrorZones.h"
 #include "kernel/operations/RenameZone.h"
 #include "kernel/operations/RotateZones.h"
 #include "kernel/operations/SetPlotType.h"
+#include "tests/kernel/support/LookCounter.h"
 #include "tests/kernel/support/SessionFixture.h"
 #include "tests/kernel/support/SpatialData.h"
 
 #include <chrono>
+#include <omp.h>
 #include <thread>
 
 namespace veldraw::tests {
@@ -82,6 +86,7 @@ protected:
             zone->fields.emplace_back(std::make_shared<ShareGroup>(buffer), ValueLocation_Nodal);
         }
         dataSet->addZone(zone);
+        sample::addOrdered(*dataSet, 30, 30, 30); // scattered at random
         frame = sample::show(session, dataSet);
         recorder.take();
     }
@@ -89,18 +94,54 @@ protected:
 
     std::vector<std::pair<std::string, std::function<bool()>>> operations()
     {
-        return {{"Axial Rotation",
-                 [&] { return session.perform(RotateZones(*dataSet, {1}, sample::inSpace, slanting, 30)); }},
-                {"Axial Duplication",
-                 [&] {
-                     return session.perform(
-                         DuplicateZonesAxially(*dataSet, {1}, sample::inSpace, slanting, {30, 0, 11, true}));
-                 }},
-                {"Create Mirror Zone", [&] { return session.perform(MirrorZones(frame->id, {1}, 'Y')); }},
-                {"Linear Interpolation", [&] {
-                     return session.perform(
-                         InterpolateLinearly(frame->id, {1}, 1, {7}, 0, LinearInterpMode_DontChange));
-                 }}};
+        return {
+            {"Axial Rotation",
+             [&] { return session.perform(RotateZones(*dataSet, {1}, sample::inSpace, slanting, 30)); }},
+            {"Axial Duplication",
+             [&] {
+                 return session.perform(
+                     DuplicateZonesAxially(*dataSet, {1}, sample::inSpace, slanting, {30, 0, 11, true}));
+             }},
+            {"Create Mirror Zone", [&] { return session.perform(MirrorZones(frame->id, {1}, 'Y')); }},
+            {"Linear Interpolation",
+             [&] {
+                 return session.perform(InterpolateLinearly(frame->id, {1}, 1, {7}, 0, LinearInterpMode_DontChange));
+             }},
+            {"Inverse-Distance Interpolation",
+             [&] {
+                 return session.perform(
+                     InterpolateByInverseDistance(frame->id, {2}, 2, {7}, {PtSelection_Octant, 8}, {3.5, 0.0}));
+             }},
+            {"Kriging", [&] {
+                 return session.perform(
+                     Krige(frame->id, {2}, 2, {7}, {PtSelection_NearestN, 8}, Krige::Model{0.3, 0.1, Drift_Linear}));
+             }}};
+    }
+
+    using MakeOperation = std::function<std::shared_ptr<Operation>()>;
+
+    /// Cancels an operation at each of its looks, one after the other. @return the number of looks
+    std::int64_t cancelAtEachLook(MakeOperation const& make)
+    {
+        LookCounter whole;
+        computeWith(whole, *make());
+        for (std::int64_t look = 1; look <= whole.looks(); ++look) {
+            std::string const before = stateDigest(session);
+            LookCounter cancelled(look);
+            EXPECT_THROW(computeWith(cancelled, *make()), Interrupted) << "look " << look;
+            EXPECT_EQ(stateDigest(session), before) << "look " << look;
+        }
+        EXPECT_TRUE(session.perform(*make())) << "afterwards";
+        return whole.looks();
+    }
+
+    void computeWith(Progress& progress, Operation& operation)
+    {
+        ASSERT_EQ(operation.find(session.pages()), "");
+        ASSERT_EQ(operation.reasonAgainst(), "");
+        Progress loading;
+        operation.needs()->load(loading);
+        operation.compute(progress);
     }
 };
 
@@ -140,9 +181,11 @@ TEST_F(LongOperation, GivesItsMemoryBackWhenItIsCancelled)
     session.setWaiter(&waiter);
     for (auto const& [name, operation] : operations()) {
         EXPECT_FALSE(operation());
-        for (Field const& field : dataSet->zone(1)->fields) {
-            EXPECT_EQ(field.shareCount(), 1) << name;
-            EXPECT_EQ(field.group()->buffer().use_count(), 2) << name << ": the group's and this one";
+        for (auto const& zone : dataSet->zones()) {
+            for (Field const& field : zone->fields) {
+                EXPECT_EQ(field.shareCount(), 1) << name;
+                EXPECT_EQ(field.group()->buffer().use_count(), 2) << name << ": the group's and this one";
+            }
         }
     }
 }
@@ -170,6 +213,37 @@ TEST_F(LongOperation, IsDoneWhollyOrNotAtAllWheneverItIsCancelled)
             }
         }
     }
+}
+
+TEST_F(LongOperation, EndsWithoutATraceAtWhicheverLookItSeesACancel)
+{
+    sample::addOrdered(*dataSet, 6, 5, 5);
+    sample::addOrdered(*dataSet, 2, 3, 1);
+    int const usual = omp_get_max_threads();
+    omp_set_num_threads(1); // one look after the other
+    auto const byInverseDistance = [this](NeighborChoice choice) -> MakeOperation {
+        return [this, choice] {
+            return std::make_shared<InterpolateByInverseDistance>(frame->id, NumberSet{3}, 4, NumberSet{6, 7}, choice,
+                                                                  InterpolateByInverseDistance::Formula{3.5, 0.0});
+        };
+    };
+    auto const byKriging = [this](NeighborChoice choice) -> MakeOperation {
+        return [this, choice] {
+            return std::make_shared<Krige>(frame->id, NumberSet{3}, 4, NumberSet{6, 7}, choice,
+                                           Krige::Model{0.3, 0.1, Drift_Quadratic});
+        };
+    };
+    MakeOperation const linearly = [this] {
+        return std::make_shared<InterpolateLinearly>(frame->id, NumberSet{3}, 4, NumberSet{6, 7}, 0.0,
+                                                     LinearInterpMode_DontChange);
+    };
+    for (auto const& make : {linearly, byInverseDistance({PtSelection_NearestN, 8}),
+                             byInverseDistance({PtSelection_Octant, 9}), byInverseDistance({PtSelection_All, 1}),
+                             byKriging({PtSelection_NearestN, 12}), byKriging({PtSelection_Octant, 17}),
+                             byKriging({PtSelection_NearestN, 60}), byKriging({PtSelection_All, 1})}) {
+        EXPECT_GE(cancelAtEachLook(make), 9);
+    }
+    omp_set_num_threads(usual);
 }
 
 TEST_F(LongOperation, EndsSoonAfterACancel)

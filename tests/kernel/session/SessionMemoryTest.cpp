@@ -3,7 +3,9 @@
 #include "kernel/operations/DuplicateZones.h"
 #include "kernel/operations/DuplicateZonesAxially.h"
 #include "kernel/operations/EnableZone.h"
+#include "kernel/operations/InterpolateByInverseDistance.h"
 #include "kernel/operations/InterpolateLinearly.h"
+#include "kernel/operations/Krige.h"
 #include "kernel/operations/LineMapOperation.h"
 #include "kernel/operations/MirrorZones.h"
 #include "kernel/operations/RenameFrame.h"
@@ -14,6 +16,8 @@
 #include "tests/kernel/support/SessionFixture.h"
 #include "tests/kernel/support/SpatialData.h"
 #include "tests/support/AllocationFailure.h"
+
+#include <limits>
 
 namespace veldraw::tests {
 
@@ -55,6 +59,22 @@ std::string const longText(200, 'n');
 /// The planes of the stage as things in space, their Z passive.
 NumberSet const bothZones{1, 2};
 SpatialVariables const planes{{1, 2, 3}, {}, true, false};
+
+NeighborChoice const everyChoice[] = {{PtSelection_NearestN, 4}, {PtSelection_Octant, 5}, {PtSelection_All, 1}};
+
+void showPlane(Stage& stage)
+{
+    stage.session.perform(SetPlotType(stage.frame->id, PlotType_Cartesian2D));
+    stage.recorder->events = 0;
+}
+
+/// With P of the second zone as bits, and one source value that does not count.
+void showPlaneOfWholeNumbers(Stage& stage)
+{
+    stage.dataSet->zone(1)->fields[3] = sample::field({1, 0, std::numeric_limits<double>::quiet_NaN(), 0, 1, 0});
+    stage.dataSet->zone(2)->fields[3] = sample::field({0, 1, 1, 0, 0, 1}, FieldDataType_Bit);
+    showPlane(stage);
+}
 
 /// Lets each request for memory of @p operation fail once: it succeeds, or nothing has changed and nothing was told.
 /// @return the number of requests that failed
@@ -154,11 +174,31 @@ TEST(WithoutMemory, ValuesAreInterpolatedLinearlyWhollyOrNotAtAll)
         return stage.session.perform(
             InterpolateLinearly(stage.frame->id, {1}, 2, {4, 5}, 0, LinearInterpMode_SetToConstant));
     };
-    auto const show = [](Stage& stage) {
-        stage.session.perform(SetPlotType(stage.frame->id, PlotType_Cartesian2D));
-        stage.recorder->events = 0;
-    };
-    EXPECT_GE(sweep(interpolate, show), 40);
+    EXPECT_GE(sweep(interpolate, showPlane), 40);
+}
+
+// Values at the points and at the cells, whole numbers among them, of two zones at the same places.
+TEST(WithoutMemory, ValuesAreInterpolatedByInverseDistanceWhollyOrNotAtAll)
+{
+    for (NeighborChoice const choice : everyChoice) {
+        auto const interpolate = [&choice](Stage& stage) {
+            return stage.session.perform(
+                InterpolateByInverseDistance(stage.frame->id, {1, 2}, 2, {4, 5}, choice, {3.5, 0.1}));
+        };
+        EXPECT_GE(sweep(interpolate, showPlaneOfWholeNumbers), 60) << choice.selection;
+    }
+}
+
+// The quadratic drift falls back to a lower one.
+TEST(WithoutMemory, ValuesAreKrigedWhollyOrNotAtAll)
+{
+    for (NeighborChoice const choice : everyChoice) {
+        Drift_e const drift = choice.selection == PtSelection_NearestN ? Drift_None : Drift_Quadratic;
+        auto const krige = [&choice, drift](Stage& stage) {
+            return stage.session.perform(Krige(stage.frame->id, {1}, 2, {4, 5}, choice, Krige::Model{0.5, 0.1, drift}));
+        };
+        EXPECT_GE(sweep(krige, showPlaneOfWholeNumbers), 80) << choice.selection;
+    }
 }
 
 TEST(WithoutMemory, ZoneOperationsAreUndoneAndRedone)

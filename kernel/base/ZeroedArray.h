@@ -4,8 +4,11 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <memory>
+#include <new>
 #include <type_traits>
+#include <utility>
 
 namespace veldraw::kernel {
 
@@ -22,7 +25,7 @@ public:
     /// @throws std::bad_alloc
     explicit ZeroedArray(std::size_t size)
         : m_size(size)
-        , m_memory(allocateZeroed(static_cast<std::int64_t>(size * sizeof(Element))))
+        , m_memory(allocateZeroed(bytesOf(size)))
     {
     }
 
@@ -37,10 +40,29 @@ public:
     Element& operator[](std::size_t index) { return begin()[index]; }
     Element const& operator[](std::size_t index) const { return begin()[index]; }
 
-    ZeroedArray(ZeroedArray&&) noexcept = default;
-    ZeroedArray& operator=(ZeroedArray&&) noexcept = default;
+    /// The other one is empty then.
+    ZeroedArray(ZeroedArray&& other) noexcept
+        : m_size(std::exchange(other.m_size, 0))
+        , m_memory(std::move(other.m_memory))
+    {
+    }
+
+    ZeroedArray& operator=(ZeroedArray&& other) noexcept
+    {
+        m_size = std::exchange(other.m_size, 0);
+        m_memory = std::move(other.m_memory);
+        return *this;
+    }
 
 private:
+    static std::int64_t bytesOf(std::size_t size)
+    {
+        if (size > static_cast<std::size_t>(std::numeric_limits<std::int64_t>::max()) / sizeof(Element)) {
+            throw std::bad_array_new_length();
+        }
+        return static_cast<std::int64_t>(size * sizeof(Element));
+    }
+
     std::size_t m_size = 0;
     std::shared_ptr<void> m_memory;
 };

@@ -61,15 +61,15 @@ TEST_F(AxialRotationDialogTest, SetsUpItsControls)
 {
     launched();
     for (char const* const name : {"xOrgBox", "yOrgBox", "zOrgBox"})
-        EXPECT_EQ(child<QScientificSpinBox>(name).decimals(), 6) << name;
-    EXPECT_EQ(child<QScientificSpinBox>("angle_spinBox").decimals(), 8);
-    EXPECT_FALSE(child<QScientificSpinBox>("angle_spinBox").keyboardTracking());
+        EXPECT_EQ(find<QScientificSpinBox>(name).decimals(), 6) << name;
+    EXPECT_EQ(find<QScientificSpinBox>("angle_spinBox").decimals(), 8);
+    EXPECT_FALSE(find<QScientificSpinBox>("angle_spinBox").keyboardTracking());
     auto const* const group = dialog().findChild<QButtonGroup*>(QStringLiteral("axisGroup"));
     ASSERT_TRUE(group);
     EXPECT_THAT(group->buttons(),
-                ElementsAre(&child<QAbstractButton>("xAxisButton"), &child<QAbstractButton>("yAxisButton"),
-                            &child<QAbstractButton>("zAxisButton")));
-    QComboBox const& units = child<QComboBox>("angleUnits_comboBox");
+                ElementsAre(&find<QAbstractButton>("xAxisButton"), &find<QAbstractButton>("yAxisButton"),
+                            &find<QAbstractButton>("zAxisButton")));
+    QComboBox const& units = find<QComboBox>("angleUnits_comboBox");
     ASSERT_EQ(units.count(), 2);
     EXPECT_EQ(units.itemText(0), QStringLiteral("Degrees"));
     EXPECT_EQ(units.itemText(1), QStringLiteral("Radians"));
@@ -101,7 +101,7 @@ TEST_F(AxialRotationDialogTest, StartsWithTheDefaultsAndNoSelection)
     EXPECT_EQ(shown("angle_spinBox"), "360");
     EXPECT_TRUE(isChecked("zAxisButton"));
     EXPECT_FALSE(isChecked("xAxisButton") || isChecked("yAxisButton") || isChecked("selectByStrand"));
-    EXPECT_EQ(child<QComboBox>("angleUnits_comboBox").currentIndex(), 0);
+    EXPECT_EQ(find<QComboBox>("angleUnits_comboBox").currentIndex(), 0);
 }
 
 TEST_F(AxialRotationDialogTest, ShowsThePickedZonesSelected)
@@ -114,13 +114,13 @@ TEST_F(AxialRotationDialogTest, ShowsThePickedZonesSelected)
 TEST_F(AxialRotationDialogTest, TakesTheAxisByTheMouse)
 {
     launched();
-    clickMark("xAxisButton");
+    click("xAxisButton");
     EXPECT_EQ(axis(), 0);
-    clickMark("yAxisButton");
+    click("yAxisButton");
     EXPECT_EQ(axis(), 1);
     EXPECT_TRUE(isChecked("yAxisButton"));
     EXPECT_FALSE(isChecked("xAxisButton") || isChecked("zAxisButton"));
-    clickMark("zAxisButton");
+    click("zAxisButton");
     EXPECT_EQ(axis(), 2);
 }
 
@@ -180,11 +180,11 @@ TEST_F(AxialRotationDialogTest, ListsStrandsInsteadOfZones)
 {
     makeStrand();
     launched();
-    clickMark("selectByStrand");
+    click("selectByStrand");
     EXPECT_THAT(rows(), ElementsAre("1: Wing (strand 1)", "2: Body"));
     clickRow(0);
     EXPECT_THAT(rows(), ElementsAre("*1: Wing (strand 1)", "2: Body"));
-    clickMark("selectByStrand");
+    click("selectByStrand");
     EXPECT_EQ(rows().size(), 3u);
 }
 
@@ -193,13 +193,13 @@ TEST_F(AxialRotationDialogTest, OffersTheAxisInThreeDimensionsOnly)
     launched();
     for (std::string const& name : axisControls)
         EXPECT_TRUE(isEnabled(name.c_str())) << name;
-    clickMark("xAxisButton");
-    showAs(PlotType_Cartesian2D);
+    click("xAxisButton");
+    setPlotType(PlotType_Cartesian2D);
     for (std::string const& name : axisControls)
         EXPECT_FALSE(isEnabled(name.c_str())) << name;
     EXPECT_TRUE(isEnabled("xOrgBox") && isEnabled("yOrgBox") && isEnabled("angle_spinBox"));
     EXPECT_TRUE(isChecked("zAxisButton"));
-    showAs(PlotType_Cartesian3D);
+    setPlotType(PlotType_Cartesian3D);
     for (std::string const& name : axisControls)
         EXPECT_TRUE(isEnabled(name.c_str())) << name;
     EXPECT_TRUE(isChecked("zAxisButton"));
@@ -208,11 +208,11 @@ TEST_F(AxialRotationDialogTest, OffersTheAxisInThreeDimensionsOnly)
 TEST_F(AxialRotationDialogTest, OpensInTheRightStateInThePlane)
 {
     AxialRotationPropertiesManager::rotationAxis()->setValue(AxialRotationPropertiesManager::xRotationAxis);
-    showAs(PlotType_Cartesian2D);
+    setPlotType(PlotType_Cartesian2D);
     dialog().launch();
-    EXPECT_TRUE(child<QAbstractButton>("zAxisButton").isChecked());
+    EXPECT_TRUE(find<QAbstractButton>("zAxisButton").isChecked());
     for (std::string const& name : axisControls)
-        EXPECT_FALSE(child<QWidget>(name.c_str()).isEnabled()) << name;
+        EXPECT_FALSE(find<QWidget>(name.c_str()).isEnabled()) << name;
 }
 
 TEST_F(AxialRotationDialogTest, CanBeUsedInFieldPlotsOnly)
@@ -220,12 +220,12 @@ TEST_F(AxialRotationDialogTest, CanBeUsedInFieldPlotsOnly)
     auto const rule = traits.relevance();
     launched();
     for (PlotType_e const plotType : {PlotType_XYLine, PlotType_PolarLine, PlotType_Sketch}) {
-        showAs(plotType);
+        setPlotType(plotType);
         EXPECT_FALSE(rule->isRelevant());
         EXPECT_FALSE(actionButton().isEnabled());
         EXPECT_FALSE(list().isEnabled());
     }
-    showAs(PlotType_Cartesian2D);
+    setPlotType(PlotType_Cartesian2D);
     EXPECT_TRUE(rule->isRelevant());
     EXPECT_TRUE(actionButton().isEnabled());
 }
@@ -234,7 +234,7 @@ TEST_F(AxialRotationDialogTest, RemembersItsSettingsButNotItsSelectionInItsNextL
 {
     launched();
     clickRow(1);
-    clickMark("yAxisButton");
+    click("yAxisButton");
     enter("xOrgBox", "2.5");
     chooseRadians("angleUnits_comboBox");
     enter("angle_spinBox", "1");
@@ -244,7 +244,7 @@ TEST_F(AxialRotationDialogTest, RemembersItsSettingsButNotItsSelectionInItsNextL
     EXPECT_TRUE(isChecked("yAxisButton"));
     EXPECT_EQ(shown("xOrgBox"), "2.5");
     EXPECT_EQ(shown("angle_spinBox"), "1");
-    EXPECT_EQ(child<QComboBox>("angleUnits_comboBox").currentText(), QStringLiteral("Radians"));
+    EXPECT_EQ(find<QComboBox>("angleUnits_comboBox").currentText(), QStringLiteral("Radians"));
 }
 
 TEST_F(AxialRotationDialogTest, IgnoresTheWheelOverAControlWithoutFocus)
@@ -262,7 +262,7 @@ TEST_F(AxialRotationDialogTest, TellsRefusalsInAMessageWithItsTitleFirst)
     launched();
     clickAction();
     EXPECT_THAT(messages.take(), ElementsAre("error: Axial Rotation requires selection of one or more zones."));
-    clickMark("selectByStrand");
+    click("selectByStrand");
     clickAction();
     EXPECT_THAT(messages.take(), ElementsAre("error: Axial Rotation requires selection of one or more strands."));
     clickRow(0);
@@ -289,7 +289,7 @@ TEST_F(AxialRotationDialogTest, TellsAScreenReaderWhatListAndUnitAreFor)
 {
     launched();
     EXPECT_EQ(list().accessibleName(), QStringLiteral("Zones to rotate"));
-    EXPECT_EQ(child<QComboBox>("angleUnits_comboBox").accessibleName(), QStringLiteral("Unit of the angle"));
+    EXPECT_EQ(find<QComboBox>("angleUnits_comboBox").accessibleName(), QStringLiteral("Unit of the angle"));
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 #include "dialogs/interpolation/KrigingPropertiesManager.h"
 
 #include "dialogs/models/EnumerationLabels.h"
-#include "dialogs/property/BoundedValueValidator.h"
+#include "dialogs/property/BoundedProperty.h"
 #include "dialogs/property/InvertingRelevance.h"
 #include "dialogs/property/PropertyDependentRelevance.h"
 #include "dialogs/property/PropertyPredicateDependentRelevance.h"
@@ -27,14 +27,6 @@ using sdk::ui::propertymanager::StateChangeDependentRelevance;
 using toolbox::Set;
 
 namespace {
-
-template <typename T>
-boost::shared_ptr<Property<T>> boundedProperty(T value, T min, T max)
-{
-    using Validator = BoundedValueValidator<T>;
-    return boost::make_shared<Property<T>>(
-        value, boost::make_shared<Validator>(min, max, Validator::LowerInclusive, Validator::UpperInclusive));
-}
 
 // Made when the library is loaded; every dialog that comes shows what was set last.
 boost::shared_ptr<Property<double>> const theKrigRange = boundedProperty(0.3, 0.0, 1.0);

@@ -4,8 +4,6 @@
 #include "dialogs/interpolation/LinearInterpPropertiesManager.h"
 #include "tests/dialogs/interpolation/InterpolationFixture.h"
 
-#include <QRadioButton>
-
 namespace veldraw::tests {
 
 using dialogs::data::LinearInterpPropertiesManager;
@@ -57,20 +55,6 @@ protected:
         clickRow(0);
         clickRowOf(variables, 0);
         choose(destination, 1);
-    }
-
-    bool isChecked(std::string const& button)
-    {
-        IdleDispatcher::flush();
-        return child<QRadioButton>(button).isChecked();
-    }
-
-    /// On the mark of the button, where a person clicks.
-    void clickMark(std::string const& name)
-    {
-        auto& button = child<QRadioButton>(name);
-        QTest::mouseClick(&button, Qt::LeftButton, Qt::NoModifier, QPoint(8, button.height() / 2));
-        IdleDispatcher::flush();
     }
 
     /// A zone without cells that could contain a point.

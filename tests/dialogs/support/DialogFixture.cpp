@@ -8,6 +8,7 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QItemSelectionModel>
+#include <QLineEdit>
 #include <QListView>
 #include <QPushButton>
 #include <QTest>
@@ -50,14 +51,6 @@ dialogs::common::QtDialogAbstract& DialogFixture::launched()
     return dialog();
 }
 
-QAbstractItemView& DialogFixture::view()
-{
-    auto* const found = dialog().findChild<QAbstractItemView*>(QString::fromStdString(traits.list));
-    if (!found)
-        throw std::logic_error("there is no list " + traits.list);
-    return *found;
-}
-
 QListView& DialogFixture::list()
 {
     return dynamic_cast<QListView&>(view());
@@ -91,10 +84,50 @@ QPushButton& DialogFixture::actionButton()
     throw std::logic_error("there is no button " + traits.action);
 }
 
+void DialogFixture::clickRow(int row, Qt::KeyboardModifiers modifiers)
+{
+    if (qobject_cast<QComboBox*>(&chooser()))
+        choose(traits.list, row);
+    else
+        clickRowOf(view(), row, modifiers);
+}
+
 void DialogFixture::clickRowOf(QAbstractItemView& view, int row, Qt::KeyboardModifiers modifiers)
 {
     QRect const place = view.visualRect(view.model()->index(row, 0));
     QTest::mouseClick(view.viewport(), Qt::LeftButton, modifiers, place.center());
+}
+
+void DialogFixture::clickRowOf(std::string const& list, int row)
+{
+    clickRowOf(child<QListView>(list), row);
+}
+
+void DialogFixture::choose(std::string const& comboBox, int row)
+{
+    auto& box = child<QComboBox>(comboBox);
+    box.setFocus();
+    QTest::keyClick(&box, Qt::Key_Home);
+    for (int step = 0; step < row; ++step)
+        QTest::keyClick(&box, Qt::Key_Down);
+    IdleDispatcher::flush();
+}
+
+void DialogFixture::clickMark(std::string const& button)
+{
+    auto& mark = child<QAbstractButton>(button);
+    QTest::mouseClick(&mark, Qt::LeftButton, Qt::NoModifier, QPoint(8, mark.height() / 2));
+    IdleDispatcher::flush();
+}
+
+void DialogFixture::enter(std::string const& field, std::string const& text)
+{
+    auto& edit = child<QLineEdit>(field);
+    edit.setFocus();
+    edit.selectAll();
+    QTest::keyClicks(&edit, QString::fromStdString(text));
+    QTest::keyClick(&edit, Qt::Key_Tab);
+    IdleDispatcher::flush();
 }
 
 void DialogFixture::selectForAction()
@@ -115,6 +148,17 @@ void DialogFixture::clickClose()
     QTest::mouseClick(buttonBox().button(QDialogButtonBox::Close), Qt::LeftButton);
 }
 
+std::vector<std::string> DialogFixture::rows()
+{
+    auto const* const box = qobject_cast<QComboBox*>(&chooser());
+    if (!box)
+        return rowsOf(view());
+    std::vector<std::string> texts = choicesOf(traits.list);
+    if (box->currentIndex() >= 0)
+        texts.at(static_cast<std::size_t>(box->currentIndex())).insert(0, "*");
+    return texts;
+}
+
 std::vector<std::string> DialogFixture::rowsOf(QAbstractItemView const& view)
 {
     IdleDispatcher::flush();
@@ -125,6 +169,66 @@ std::vector<std::string> DialogFixture::rowsOf(QAbstractItemView const& view)
         texts.push_back(mark + index.data().toString().toStdString());
     }
     return texts;
+}
+
+std::vector<std::string> DialogFixture::rowsOf(std::string const& list)
+{
+    return rowsOf(child<QListView>(list));
+}
+
+std::vector<std::string> DialogFixture::choicesOf(std::string const& comboBox)
+{
+    IdleDispatcher::flush();
+    auto const& box = child<QComboBox>(comboBox);
+    std::vector<std::string> texts;
+    for (int row = 0; row < box.count(); ++row)
+        texts.push_back(box.itemText(row).toStdString());
+    return texts;
+}
+
+std::string DialogFixture::chosen(std::string const& comboBox)
+{
+    IdleDispatcher::flush();
+    return child<QComboBox>(comboBox).currentText().toStdString();
+}
+
+std::string DialogFixture::shown(std::string const& field)
+{
+    IdleDispatcher::flush();
+    return child<QLineEdit>(field).text().toStdString();
+}
+
+bool DialogFixture::isChecked(std::string const& button)
+{
+    IdleDispatcher::flush();
+    return child<QAbstractButton>(button).isChecked();
+}
+
+bool DialogFixture::isEnabled(std::string const& name)
+{
+    IdleDispatcher::flush();
+    return child<QWidget>(name).isEnabled();
+}
+
+bool DialogFixture::canAct()
+{
+    IdleDispatcher::flush();
+    return actionButton().isEnabled();
+}
+
+void DialogFixture::showAs(PlotType_e plotType)
+{
+    sample.session().perform(kernel::SetPlotType(sample.frame()->id, plotType));
+    IdleDispatcher::flush();
+}
+
+std::vector<double> DialogFixture::values(int zone, int variable) const
+{
+    std::vector<double> values;
+    auto const buffer = sample.dataSet().field(zone, variable)->group()->buffer();
+    for (int at = 0; at < 6; ++at)
+        values.push_back(buffer->value(at));
+    return values;
 }
 
 std::vector<std::string> DialogFixture::zoneNames() const

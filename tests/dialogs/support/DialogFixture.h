@@ -4,13 +4,18 @@
 #include "tests/dialogs/support/DialogTraits.h"
 #include "tests/dialogs/support/RecordedMessages.h"
 
+#include <QDialog>
+#include <QWidget>
+
 #include <gtest/gtest.h>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
 class QAbstractItemModel;
 class QAbstractItemView;
+class QComboBox;
 class QDialogButtonBox;
 class QListView;
 class QPushButton;
@@ -29,9 +34,21 @@ protected:
     /// The dialog on the screen, in front, with nothing left to do.
     dialogs::common::QtDialogAbstract& launched();
 
-    /// The list or table.
-    QAbstractItemView& view();
+    /// The list, table or combo box that the dialog's things are chosen in.
+    QWidget& chooser() { return child<QWidget>(traits.list); }
+    /// The same where it is a list or table.
+    QAbstractItemView& view() { return child<QAbstractItemView>(traits.list); }
     QListView& list();
+
+    /// A widget by its object name. @throws std::logic_error when there is none of this class
+    template <typename Widget>
+    Widget& child(std::string const& name)
+    {
+        auto* const widget = dialog().findChild<Widget*>(QString::fromStdString(name));
+        if (!widget)
+            throw std::logic_error("there is no widget " + name);
+        return *widget;
+    }
     /// What a combo box or list got from its binding and loses with it.
     QAbstractItemModel& boundModel(std::string const& objectName);
     /// Of the first of those bindings.
@@ -41,16 +58,39 @@ protected:
     bool hasAction() const { return !traits.action.empty(); }
     QPushButton& actionButton();
 
-    void clickRow(int row, Qt::KeyboardModifiers modifiers = Qt::NoModifier) { clickRowOf(view(), row, modifiers); }
+    /// Clicks a row of the list or table, or goes to it in the combo box.
+    void clickRow(int row, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     static void clickRowOf(QAbstractItemView& view, int row, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    void clickRowOf(std::string const& list, int row);
+    /// Goes to a row of a combo box by Home and the arrow.
+    void choose(std::string const& comboBox, int row);
+    /// Clicks a check box or radio button on its mark, where a person clicks.
+    void clickMark(std::string const& button);
+    /// Types over what a field shows and leaves it by Tab.
+    void enter(std::string const& field, std::string const& text);
     /// Selects what a button needs that is disabled otherwise.
     void selectForAction();
     void clickAction();
     void clickClose();
 
     /// Texts of all rows, selected ones with a star.
-    std::vector<std::string> rows() { return rowsOf(view()); }
+    std::vector<std::string> rows();
     static std::vector<std::string> rowsOf(QAbstractItemView const& view);
+    std::vector<std::string> rowsOf(std::string const& list);
+    /// All texts that a combo box offers.
+    std::vector<std::string> choicesOf(std::string const& comboBox);
+    std::string chosen(std::string const& comboBox);
+    /// The text of a field.
+    std::string shown(std::string const& field);
+    bool isChecked(std::string const& button);
+    bool isEnabled(std::string const& name);
+    /// Whether the action button is enabled.
+    bool canAct();
+
+    /// Has the frame show another plot.
+    void showAs(PlotType_e plotType);
+    /// The six values of a variable in a zone, both from 1.
+    std::vector<double> values(int zone, int variable) const;
 
     std::vector<std::string> zoneNames() const;
     std::vector<std::string> variableNames() const;

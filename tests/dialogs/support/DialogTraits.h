@@ -12,8 +12,8 @@
 
 namespace veldraw::tests {
 
-/// What the common tests have to know of a dialog that shows rows to choose from, in a list or a table, and mostly has a button
-/// that does something with them.
+/// What the common tests have to know of a dialog that shows rows to choose from, in a list, a table or a combo box, and mostly has
+/// a button that does something with them.
 struct DialogTraits
 {
     /// The traits of a class of dialogs, with the words still to be filled in.
@@ -30,7 +30,7 @@ struct DialogTraits
 
     dialogs::common::QtDialogAbstract& (*instance)(QWidget& parent) = nullptr;
     boost::shared_ptr<sdk::ui::propertymanager::RelevanceInterface const> (*relevance)() = nullptr;
-    std::string list;                           ///< object name of the list or table
+    std::string list;                           ///< object name of the list, table or combo box
     std::string action;                         ///< text of the button that does it; empty if there is none
     std::string buttonBox = "buttonBox";        ///< object name of the box that has it
     std::string refusal;                        ///< what the button says while nothing is chosen
@@ -39,6 +39,8 @@ struct DialogTraits
     std::vector<std::string> repeatedMnemonics; ///< where the form's own texts share a letter
     bool actionNeedsSelection = false; ///< the button is disabled, instead of refusing, while nothing is chosen
     void (*selectMore)(QDialog& dialog) = nullptr; ///< what the button needs besides a row; null for nothing
+    bool isChoiceOfLibrary = false;                ///< there always is one, and it outlives the dialog
+    bool followsItsRule = true;                    ///< the controls are disabled while the rule is false
     bool defersVariables = false;                  ///< all values wait to be loaded
     bool bindsActionBeforeList = true;             ///< which of the two bindings is made, and ends, first
     /// Object names of combo boxes and lists in the order in which their bindings are made; the list alone when empty.

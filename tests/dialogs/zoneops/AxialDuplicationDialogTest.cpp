@@ -90,25 +90,25 @@ TEST_F(AxialDuplicationDialogTest, SetsUpItsControls)
     EXPECT_EQ(buttonBox().orientation(), Qt::Horizontal);
     EXPECT_EQ(buttonBox().buttonRole(&actionButton()), QDialogButtonBox::ActionRole);
     for (char const* const name : {"angle_spinBox", "offsetAngle"}) {
-        EXPECT_EQ(find<QScientificSpinBox>(name).decimals(), 8) << name;
-        EXPECT_FALSE(find<QScientificSpinBox>(name).keyboardTracking()) << name;
+        EXPECT_EQ(child<QScientificSpinBox>(name).decimals(), 8) << name;
+        EXPECT_FALSE(child<QScientificSpinBox>(name).keyboardTracking()) << name;
     }
     for (char const* const name : {"xOrgBox", "yOrgBox", "zOrgBox"})
-        EXPECT_EQ(find<QScientificSpinBox>(name).decimals(), 6) << name;
+        EXPECT_EQ(child<QScientificSpinBox>(name).decimals(), 6) << name;
     auto const* const group = dialog().findChild<QButtonGroup*>(QStringLiteral("axisGroup"));
     ASSERT_TRUE(group);
     EXPECT_THAT(group->buttons(),
-                ElementsAre(&find<QAbstractButton>("xAxisButton"), &find<QAbstractButton>("yAxisButton"),
-                            &find<QAbstractButton>("zAxisButton")));
-    EXPECT_EQ(find<IntegralSpinBox>("numOfInstances").minimum(), 2);
-    EXPECT_EQ(find<IntegralSpinBox>("numOfInstances").maximum(), 999999999);
-    EXPECT_EQ(find<IntegralSpinBox>("numberOfSegments").minimum(), 1);
-    EXPECT_EQ(find<IntegralSpinBox>("numberOfSegments").maximum(), 999999999);
-    EXPECT_EQ(find<QFrame>("line").styleSheet(), QStringLiteral("Line {color: black;}"));
-    EXPECT_EQ(find<QLabel>("threeSixtyLabel").alignment(), Qt::AlignCenter);
+                ElementsAre(&child<QAbstractButton>("xAxisButton"), &child<QAbstractButton>("yAxisButton"),
+                            &child<QAbstractButton>("zAxisButton")));
+    EXPECT_EQ(child<IntegralSpinBox>("numOfInstances").minimum(), 2);
+    EXPECT_EQ(child<IntegralSpinBox>("numOfInstances").maximum(), 999999999);
+    EXPECT_EQ(child<IntegralSpinBox>("numberOfSegments").minimum(), 1);
+    EXPECT_EQ(child<IntegralSpinBox>("numberOfSegments").maximum(), 999999999);
+    EXPECT_EQ(child<QFrame>("line").styleSheet(), QStringLiteral("Line {color: black;}"));
+    EXPECT_EQ(child<QLabel>("threeSixtyLabel").alignment(), Qt::AlignCenter);
     for (char const* const name : {"angleUnits_comboBox", "offsetAngleUnits"}) {
-        EXPECT_EQ(find<QComboBox>(name).itemText(0), QStringLiteral("Degrees")) << name;
-        EXPECT_EQ(find<QComboBox>(name).itemText(1), QStringLiteral("Radians")) << name;
+        EXPECT_EQ(child<QComboBox>(name).itemText(0), QStringLiteral("Degrees")) << name;
+        EXPECT_EQ(child<QComboBox>(name).itemText(1), QStringLiteral("Radians")) << name;
     }
 }
 
@@ -149,11 +149,11 @@ TEST_F(AxialDuplicationDialogTest, StartsWithAPartOfTheCircle)
 TEST_F(AxialDuplicationDialogTest, WantsANumberOfInstancesForAPartOfTheCircleOnly)
 {
     launched();
-    click("fullRotation_radioButton");
+    clickMark("fullRotation_radioButton");
     EXPECT_TRUE(AxialDuplicationPropertiesManager::fullRotation()->value());
     EXPECT_FALSE(isEnabled("numOfInstances"));
     EXPECT_TRUE(isEnabled("numberOfSegments"));
-    click("partialRotation_radioButton");
+    clickMark("partialRotation_radioButton");
     EXPECT_FALSE(AxialDuplicationPropertiesManager::fullRotation()->value());
     EXPECT_TRUE(isEnabled("numOfInstances"));
     enter("numOfInstances", "5");
@@ -166,11 +166,11 @@ TEST_F(AxialDuplicationDialogTest, IsOfferedInFieldPlotsOnly)
     int changes = 0;
     boost::signals2::scoped_connection const connection = rule->connectRelevanceChanged([&changes] { ++changes; });
     for (PlotType_e const plotType : {PlotType_XYLine, PlotType_PolarLine, PlotType_Sketch}) {
-        setPlotType(plotType);
+        showAs(plotType);
         EXPECT_FALSE(rule->isRelevant()) << plotType;
     }
     for (PlotType_e const plotType : {PlotType_Cartesian2D, PlotType_Cartesian3D}) {
-        setPlotType(plotType);
+        showAs(plotType);
         EXPECT_TRUE(rule->isRelevant()) << plotType;
     }
     EXPECT_EQ(changes, 5);
@@ -179,7 +179,7 @@ TEST_F(AxialDuplicationDialogTest, IsOfferedInFieldPlotsOnly)
 TEST_F(AxialDuplicationDialogTest, EndsItsBindingsBeforeItsRules)
 {
     launched();
-    QWidget const& instances = find<QWidget>("numOfInstances");
+    QWidget const& instances = child<QWidget>("numOfInstances");
     bool isBindingGone = false;
     QObject::connect(&boundModel("offsetAngleUnits"), &QObject::destroyed, mainWindow.get(), [&] {
         isBindingGone = true;
@@ -291,8 +291,8 @@ TEST_F(AxialDuplicationDialogTest, RemembersItsSettingsInItsNextLife)
     enter("numOfInstances", "4");
     enter("offsetAngle", "15");
     chooseRadians("offsetAngleUnits");
-    click("fullRotation_radioButton");
-    click("addZonesToExistingStrands_checkBox");
+    clickMark("fullRotation_radioButton");
+    clickMark("addZonesToExistingStrands_checkBox");
     clickClose();
     delete &dialog();
     launched();
@@ -312,7 +312,7 @@ TEST_F(AxialDuplicationDialogTest, SharesAxisOriginAngleAndUnitWithTheRotation)
     auto const in = [&rotation](char const* name) {
         return rotation.findChild<QAbstractSpinBox*>(QLatin1String(name));
     };
-    click("xAxisButton");
+    clickMark("xAxisButton");
     enter("yOrgBox", "3");
     enter("numberOfSegments", "4");
     chooseRadians("angleUnits_comboBox");
@@ -334,7 +334,7 @@ TEST_F(AxialDuplicationDialogTest, HasASelectionAndAGroupingOfItsOwn)
     QWidget other;
     auto& rotation = dialogs::data::AxialRotationDialog::getInstance(other);
     rotation.launch();
-    click("selectByStrand");
+    clickMark("selectByStrand");
     auto const& zones = *rotation.findChild<QListView*>(QStringLiteral("zoneList"));
     EXPECT_FALSE(zones.selectionModel()->hasSelection());
     EXPECT_FALSE(rotation.findChild<QAbstractButton*>(QStringLiteral("selectByStrand"))->isChecked());
@@ -343,8 +343,8 @@ TEST_F(AxialDuplicationDialogTest, HasASelectionAndAGroupingOfItsOwn)
 TEST_F(AxialDuplicationDialogTest, FollowsThePlotType)
 {
     launched();
-    click("yAxisButton");
-    setPlotType(PlotType_Cartesian2D);
+    clickMark("yAxisButton");
+    showAs(PlotType_Cartesian2D);
     EXPECT_TRUE(isChecked("zAxisButton"));
     for (char const* const name : {"xAxisButton", "yAxisButton", "zAxisButton", "zOrgLabel", "zOrgBox"})
         EXPECT_FALSE(isEnabled(name)) << name;

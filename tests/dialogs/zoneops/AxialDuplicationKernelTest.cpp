@@ -18,7 +18,7 @@ TEST_F(AxialDuplicationKernelTest, AsksForTheCopiesWithAllTheirArguments)
 {
     clickRow(0);
     clickRow(2, Qt::ControlModifier);
-    click("xAxisButton");
+    clickMark("xAxisButton");
     enter("yOrgBox", "0.5");
     enter("numberOfSegments", "8");
     enter("offsetAngle", "10");
@@ -37,8 +37,8 @@ TEST_F(AxialDuplicationKernelTest, FillsTheCircle)
 {
     clickRow(1);
     enter("numberOfSegments", "8");
-    click("fullRotation_radioButton");
-    click("addZonesToExistingStrands_checkBox");
+    clickMark("fullRotation_radioButton");
+    clickMark("addZonesToExistingStrands_checkBox");
     EXPECT_EQ(refusedCall("VelUtilDataAxialDuplicate"),
               "VelUtilDataAxialDuplicate(" + dataSet() +
                   ", {2}, (1, 2, 3), true, (4), (5), (6), true, 45, 0, 7, (0, 0, 0), (0, 0, 1), false)");
@@ -65,7 +65,7 @@ TEST_F(AxialDuplicationKernelTest, MakesARingOfTheChosenZoneByItsButton)
     for (int variable = 1; variable <= 6; ++variable)
         fill(2, variable, {1.0 * variable, 0.0, 0.0, 0.0, 0.0, 0.0});
     clickRow(1);
-    click("fullRotation_radioButton");
+    clickMark("fullRotation_radioButton");
     enter("numberOfSegments", "4");
     clickAction();
     EXPECT_THAT(messages.take(), IsEmpty());
@@ -86,7 +86,7 @@ TEST_F(AxialDuplicationKernelTest, TellsRefusalsWithItsTitleFirst)
     EXPECT_THAT(
         callsOfAction(),
         ElementsAre("VelUtilDialogMessageBox(\"Axial Duplication requires selection of one or more zones.\", 0)"));
-    click("selectByStrand");
+    clickMark("selectByStrand");
     EXPECT_THAT(
         callsOfAction(),
         ElementsAre("VelUtilDialogMessageBox(\"Axial Duplication requires selection of one or more strands.\", 0)"));

@@ -17,7 +17,6 @@
 
 #include <array>
 #include <memory>
-#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -98,12 +97,6 @@ protected:
             sample.session().perform(kernel::AssignVariable(sample.frame()->id, letters[at], variables[at]));
     }
 
-    void setPlotType(PlotType_e plotType)
-    {
-        sample.session().perform(kernel::SetPlotType(sample.frame()->id, plotType));
-        IdleDispatcher::flush();
-    }
-
     /// Wing and Tail, zones 1 and 3, become one time strand; they are then field map 1, Body is field map 2.
     void makeStrand()
     {
@@ -125,45 +118,7 @@ protected:
             kernel::Field(std::make_shared<kernel::ShareGroup>(std::move(buffer)), ValueLocation_Nodal);
     }
 
-    std::vector<double> values(int zone, int variable) const
-    {
-        std::vector<double> values;
-        auto const buffer = sample.dataSet().field(zone, variable)->group()->buffer();
-        for (int at = 0; at < 6; ++at)
-            values.push_back(buffer->value(at));
-        return values;
-    }
-
-    template <typename Widget>
-    Widget& find(char const* name)
-    {
-        auto* const widget = dialog().findChild<Widget*>(QLatin1String(name));
-        if (!widget)
-            throw std::logic_error(std::string("there is no widget ") + name);
-        return *widget;
-    }
-
-    bool isEnabled(char const* name)
-    {
-        IdleDispatcher::flush();
-        return find<QWidget>(name).isEnabled();
-    }
-
-    bool isChecked(char const* name)
-    {
-        IdleDispatcher::flush();
-        return find<QAbstractButton>(name).isChecked();
-    }
-
-    /// Clicks a button on its mark, left of its text.
-    void click(char const* name)
-    {
-        QAbstractButton& button = find<QAbstractButton>(name);
-        QTest::mouseClick(&button, Qt::LeftButton, Qt::NoModifier, QPoint(8, button.height() / 2));
-        IdleDispatcher::flush();
-    }
-
-    SpinBoxDriver box(char const* name) { return SpinBoxDriver(find<QAbstractSpinBox>(name)); }
+    SpinBoxDriver box(char const* name) { return SpinBoxDriver(child<QAbstractSpinBox>(name)); }
 
     std::string shown(char const* name)
     {
@@ -184,8 +139,8 @@ protected:
 
     void press(char const* name, Qt::Key key)
     {
-        find<QWidget>(name).setFocus();
-        QTest::keyClick(&find<QWidget>(name), key);
+        child<QWidget>(name).setFocus();
+        QTest::keyClick(&child<QWidget>(name), key);
         IdleDispatcher::flush();
     }
 

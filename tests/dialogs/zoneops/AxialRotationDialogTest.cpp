@@ -61,15 +61,15 @@ TEST_F(AxialRotationDialogTest, SetsUpItsControls)
 {
     launched();
     for (char const* const name : {"xOrgBox", "yOrgBox", "zOrgBox"})
-        EXPECT_EQ(find<QScientificSpinBox>(name).decimals(), 6) << name;
-    EXPECT_EQ(find<QScientificSpinBox>("angle_spinBox").decimals(), 8);
-    EXPECT_FALSE(find<QScientificSpinBox>("angle_spinBox").keyboardTracking());
+        EXPECT_EQ(child<QScientificSpinBox>(name).decimals(), 6) << name;
+    EXPECT_EQ(child<QScientificSpinBox>("angle_spinBox").decimals(), 8);
+    EXPECT_FALSE(child<QScientificSpinBox>("angle_spinBox").keyboardTracking());
     auto const* const group = dialog().findChild<QButtonGroup*>(QStringLiteral("axisGroup"));
     ASSERT_TRUE(group);
     EXPECT_THAT(group->buttons(),
-                ElementsAre(&find<QAbstractButton>("xAxisButton"), &find<QAbstractButton>("yAxisButton"),
-                            &find<QAbstractButton>("zAxisButton")));
-    QComboBox const& units = find<QComboBox>("angleUnits_comboBox");
+                ElementsAre(&child<QAbstractButton>("xAxisButton"), &child<QAbstractButton>("yAxisButton"),
+                            &child<QAbstractButton>("zAxisButton")));
+    QComboBox const& units = child<QComboBox>("angleUnits_comboBox");
     ASSERT_EQ(units.count(), 2);
     EXPECT_EQ(units.itemText(0), QStringLiteral("Degrees"));
     EXPECT_EQ(units.itemText(1), QStringLiteral("Radians"));
@@ -101,7 +101,7 @@ TEST_F(AxialRotationDialogTest, StartsWithTheDefaultsAndNoSelection)
     EXPECT_EQ(shown("angle_spinBox"), "360");
     EXPECT_TRUE(isChecked("zAxisButton"));
     EXPECT_FALSE(isChecked("xAxisButton") || isChecked("yAxisButton") || isChecked("selectByStrand"));
-    EXPECT_EQ(find<QComboBox>("angleUnits_comboBox").currentIndex(), 0);
+    EXPECT_EQ(child<QComboBox>("angleUnits_comboBox").currentIndex(), 0);
 }
 
 TEST_F(AxialRotationDialogTest, ShowsThePickedZonesSelected)
@@ -114,13 +114,13 @@ TEST_F(AxialRotationDialogTest, ShowsThePickedZonesSelected)
 TEST_F(AxialRotationDialogTest, TakesTheAxisByTheMouse)
 {
     launched();
-    click("xAxisButton");
+    clickMark("xAxisButton");
     EXPECT_EQ(axis(), 0);
-    click("yAxisButton");
+    clickMark("yAxisButton");
     EXPECT_EQ(axis(), 1);
     EXPECT_TRUE(isChecked("yAxisButton"));
     EXPECT_FALSE(isChecked("xAxisButton") || isChecked("zAxisButton"));
-    click("zAxisButton");
+    clickMark("zAxisButton");
     EXPECT_EQ(axis(), 2);
 }
 
@@ -180,11 +180,11 @@ TEST_F(AxialRotationDialogTest, ListsStrandsInsteadOfZones)
 {
     makeStrand();
     launched();
-    click("selectByStrand");
+    clickMark("selectByStrand");
     EXPECT_THAT(rows(), ElementsAre("1: Wing (strand 1)", "2: Body"));
     clickRow(0);
     EXPECT_THAT(rows(), ElementsAre("*1: Wing (strand 1)", "2: Body"));
-    click("selectByStrand");
+    clickMark("selectByStrand");
     EXPECT_EQ(rows().size(), 3u);
 }
 
@@ -193,13 +193,13 @@ TEST_F(AxialRotationDialogTest, OffersTheAxisInThreeDimensionsOnly)
     launched();
     for (std::string const& name : axisControls)
         EXPECT_TRUE(isEnabled(name.c_str())) << name;
-    click("xAxisButton");
-    setPlotType(PlotType_Cartesian2D);
+    clickMark("xAxisButton");
+    showAs(PlotType_Cartesian2D);
     for (std::string const& name : axisControls)
         EXPECT_FALSE(isEnabled(name.c_str())) << name;
     EXPECT_TRUE(isEnabled("xOrgBox") && isEnabled("yOrgBox") && isEnabled("angle_spinBox"));
     EXPECT_TRUE(isChecked("zAxisButton"));
-    setPlotType(PlotType_Cartesian3D);
+    showAs(PlotType_Cartesian3D);
     for (std::string const& name : axisControls)
         EXPECT_TRUE(isEnabled(name.c_str())) << name;
     EXPECT_TRUE(isChecked("zAxisButton"));
@@ -208,11 +208,11 @@ TEST_F(AxialRotationDialogTest, OffersTheAxisInThreeDimensionsOnly)
 TEST_F(AxialRotationDialogTest, OpensInTheRightStateInThePlane)
 {
     AxialRotationPropertiesManager::rotationAxis()->setValue(AxialRotationPropertiesManager::xRotationAxis);
-    setPlotType(PlotType_Cartesian2D);
+    showAs(PlotType_Cartesian2D);
     dialog().launch();
-    EXPECT_TRUE(find<QAbstractButton>("zAxisButton").isChecked());
+    EXPECT_TRUE(child<QAbstractButton>("zAxisButton").isChecked());
     for (std::string const& name : axisControls)
-        EXPECT_FALSE(find<QWidget>(name.c_str()).isEnabled()) << name;
+        EXPECT_FALSE(child<QWidget>(name.c_str()).isEnabled()) << name;
 }
 
 TEST_F(AxialRotationDialogTest, CanBeUsedInFieldPlotsOnly)
@@ -220,12 +220,12 @@ TEST_F(AxialRotationDialogTest, CanBeUsedInFieldPlotsOnly)
     auto const rule = traits.relevance();
     launched();
     for (PlotType_e const plotType : {PlotType_XYLine, PlotType_PolarLine, PlotType_Sketch}) {
-        setPlotType(plotType);
+        showAs(plotType);
         EXPECT_FALSE(rule->isRelevant());
         EXPECT_FALSE(actionButton().isEnabled());
         EXPECT_FALSE(list().isEnabled());
     }
-    setPlotType(PlotType_Cartesian2D);
+    showAs(PlotType_Cartesian2D);
     EXPECT_TRUE(rule->isRelevant());
     EXPECT_TRUE(actionButton().isEnabled());
 }
@@ -234,7 +234,7 @@ TEST_F(AxialRotationDialogTest, RemembersItsSettingsButNotItsSelectionInItsNextL
 {
     launched();
     clickRow(1);
-    click("yAxisButton");
+    clickMark("yAxisButton");
     enter("xOrgBox", "2.5");
     chooseRadians("angleUnits_comboBox");
     enter("angle_spinBox", "1");
@@ -244,7 +244,7 @@ TEST_F(AxialRotationDialogTest, RemembersItsSettingsButNotItsSelectionInItsNextL
     EXPECT_TRUE(isChecked("yAxisButton"));
     EXPECT_EQ(shown("xOrgBox"), "2.5");
     EXPECT_EQ(shown("angle_spinBox"), "1");
-    EXPECT_EQ(find<QComboBox>("angleUnits_comboBox").currentText(), QStringLiteral("Radians"));
+    EXPECT_EQ(child<QComboBox>("angleUnits_comboBox").currentText(), QStringLiteral("Radians"));
 }
 
 TEST_F(AxialRotationDialogTest, IgnoresTheWheelOverAControlWithoutFocus)
@@ -262,7 +262,7 @@ TEST_F(AxialRotationDialogTest, TellsRefusalsInAMessageWithItsTitleFirst)
     launched();
     clickAction();
     EXPECT_THAT(messages.take(), ElementsAre("error: Axial Rotation requires selection of one or more zones."));
-    click("selectByStrand");
+    clickMark("selectByStrand");
     clickAction();
     EXPECT_THAT(messages.take(), ElementsAre("error: Axial Rotation requires selection of one or more strands."));
     clickRow(0);
@@ -289,7 +289,7 @@ TEST_F(AxialRotationDialogTest, TellsAScreenReaderWhatListAndUnitAreFor)
 {
     launched();
     EXPECT_EQ(list().accessibleName(), QStringLiteral("Zones to rotate"));
-    EXPECT_EQ(find<QComboBox>("angleUnits_comboBox").accessibleName(), QStringLiteral("Unit of the angle"));
+    EXPECT_EQ(child<QComboBox>("angleUnits_comboBox").accessibleName(), QStringLiteral("Unit of the angle"));
 }
 
 } // namespace

@@ -20,7 +20,7 @@ TEST_F(AxialRotationKernelTest, AsksForTheRotationWithAllItsArguments)
 {
     clickRow(0);
     clickRow(2, Qt::ControlModifier);
-    click("yAxisButton");
+    clickMark("yAxisButton");
     enter("xOrgBox", "1");
     enter("zOrgBox", "-3.5");
     enter("angle_spinBox", "30");
@@ -51,7 +51,7 @@ TEST_F(AxialRotationKernelTest, TellsThatThereIsNoVectorOrNoThirdDimension)
     EXPECT_EQ(refusedCall("VelUtilDataRotate"),
               "VelUtilDataRotate(" + dataSet() +
                   ", {2}, (1, 2, 3), true, (0), (5), (6), false, 360, (0, 0, 0), (0, 0, 1))");
-    setPlotType(PlotType_Cartesian2D);
+    showAs(PlotType_Cartesian2D);
     assign("XYUV", {2, 1, 4, 5});
     EXPECT_EQ(refusedCall("VelUtilDataRotate"),
               "VelUtilDataRotate(" + dataSet() +
@@ -61,7 +61,7 @@ TEST_F(AxialRotationKernelTest, TellsThatThereIsNoVectorOrNoThirdDimension)
 TEST_F(AxialRotationKernelTest, TurnsTheZonesOfTheSelectedStrands)
 {
     makeStrand();
-    click("selectByStrand");
+    clickMark("selectByStrand");
     clickRow(0);
     EXPECT_EQ(refusedCall("VelUtilDataRotate"),
               "VelUtilDataRotate(" + dataSet() +
@@ -71,7 +71,7 @@ TEST_F(AxialRotationKernelTest, TurnsTheZonesOfTheSelectedStrands)
 TEST_F(AxialRotationKernelTest, TurnsNothingThatTheListDoesNotShow)
 {
     makeStrand();
-    click("selectByStrand");
+    clickMark("selectByStrand");
     clickRow(0);
     sample.session().perform(kernel::EnableZone(sample.dataSet(), 1, false));
     IdleDispatcher::flush();
@@ -84,7 +84,7 @@ TEST_F(AxialRotationKernelTest, TurnsNothingThatTheListDoesNotShow)
 TEST_F(AxialRotationKernelTest, TurnsTheCopiesOfAStrandWhoseLowestZoneIsDisabled)
 {
     makeStrand();
-    click("selectByStrand");
+    clickMark("selectByStrand");
     clickRow(0);
     sample.session().perform(kernel::EnableZone(sample.dataSet(), 1, false));
     ASSERT_TRUE(sample.session().perform(kernel::DuplicateZones(sample.dataSet(), {3})));

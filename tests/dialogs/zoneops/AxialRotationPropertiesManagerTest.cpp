@@ -319,7 +319,7 @@ class AxialRotationInThePlaneTest : public AxialRotationPropertiesManagerTest
 protected:
     AxialRotationInThePlaneTest()
     {
-        setPlotType(PlotType_Cartesian2D);
+        showAs(PlotType_Cartesian2D);
         assign("XY", {1, 2});
         assign("UV", {4, 5});
     }
@@ -394,8 +394,8 @@ TEST_F(AxialRotationPropertiesManagerTest, TurnsToZAtIdleWhenAFlatFrameIsActivat
 
 TEST_F(AxialRotationPropertiesManagerTest, TurnsToZAtIdleWhenUndoAndRedoMakeThePlotFlat)
 {
-    setPlotType(PlotType_Cartesian2D);
-    setPlotType(PlotType_Cartesian3D);
+    showAs(PlotType_Cartesian2D);
+    showAs(PlotType_Cartesian3D);
     RotationManager const manager;
     RotationManager::rotationAxis()->setValue(RotationManager::yRotationAxis);
     ASSERT_TRUE(sample.session().undo());
@@ -415,7 +415,7 @@ TEST_F(AxialRotationPropertiesManagerTest, LeavesTheAxisAloneInOtherPlots)
     RotationManager const manager;
     RotationManager::rotationAxis()->setValue(RotationManager::yRotationAxis);
     for (PlotType_e const plotType : {PlotType_XYLine, PlotType_PolarLine, PlotType_Sketch, PlotType_Cartesian3D}) {
-        setPlotType(plotType);
+        showAs(plotType);
         EXPECT_EQ(RotationManager::rotationAxis()->value(), RotationManager::yRotationAxis) << plotType;
     }
 }
@@ -424,9 +424,9 @@ TEST_F(AxialRotationPropertiesManagerTest, KnowsWhetherThePlotHasThreeDimensions
 {
     RotationManager const manager;
     EXPECT_TRUE(manager.cartesian3DRelevance()->isRelevant());
-    setPlotType(PlotType_Cartesian2D);
+    showAs(PlotType_Cartesian2D);
     EXPECT_FALSE(manager.cartesian3DRelevance()->isRelevant());
-    setPlotType(PlotType_XYLine);
+    showAs(PlotType_XYLine);
     EXPECT_FALSE(manager.cartesian3DRelevance()->isRelevant());
 }
 
@@ -436,7 +436,7 @@ TEST_F(AxialRotationPropertiesManagerTest, ListensToNobodyAfterItsEnd)
         RotationManager const manager;
     }
     RotationManager::rotationAxis()->setValue(RotationManager::yRotationAxis);
-    setPlotType(PlotType_Cartesian2D);
+    showAs(PlotType_Cartesian2D);
     EXPECT_EQ(RotationManager::rotationAxis()->value(), RotationManager::yRotationAxis);
 }
 

@@ -2,7 +2,6 @@
 
 #include "dialogs/zoneops/CreateMirrorZoneDialog.h"
 #include "dialogs/zoneops/CreateMirrorZonePropertiesManager.h"
-#include "kernel/operations/SetPlotType.h"
 #include "platform/vdsdkcommon/AppLock.h"
 #include "platform/vdsdkcommon/WaitState.h"
 #include "platform/vdsdkuicommon/IdleDispatcher.h"
@@ -53,18 +52,6 @@ protected:
         CreateMirrorZonePropertiesManager::mirrorVar3D()->setValue('Z');
     }
 
-    void showAs(PlotType_e plotType)
-    {
-        sample.session().perform(kernel::SetPlotType(sample.frame()->id, plotType));
-        IdleDispatcher::flush();
-    }
-
-    template <typename Widget>
-    Widget& child(std::string const& objectName)
-    {
-        return *dialog().findChild<Widget*>(QString::fromStdString(objectName));
-    }
-
     /// "2DX", "3DYZ" and so on.
     QRadioButton& choice(std::string const& name)
     {
@@ -74,11 +61,7 @@ protected:
     QWidget& page(std::string const& name) { return child<QWidget>("createMirrorZone_Axis" + name + "Obj_Outline"); }
 
     /// On the mark of the button, where a person clicks.
-    void clickChoice(std::string const& name)
-    {
-        QTest::mouseClick(&choice(name), Qt::LeftButton, Qt::NoModifier, QPoint(8, choice(name).height() / 2));
-        IdleDispatcher::flush();
-    }
+    void clickChoice(std::string const& name) { clickMark("createMirrorZone_Axis" + name + "_RadioButton"); }
 
     /// Names of the choices that are on the screen, the one that is on with a star.
     std::vector<std::string> visibleChoices()

@@ -45,12 +45,21 @@ int FileStamp::open() const
     if (same)
         return descriptor;
     ::close(descriptor);
-    throw ImportError("\"" + m_path + "\" has been changed by another program since it was opened; open it again");
+    throw ImportError("\"" + m_path + "\" has been changed since it was opened; open it again");
 }
 
 void FileStamp::checkUnchanged() const
 {
     ::close(open());
+}
+
+bool FileStamp::isUnchanged() const
+{
+    try {
+        return !differsFrom(FileStamp(m_path));
+    } catch (ImportError const&) {
+        return false;
+    }
 }
 
 bool FileStamp::isSame(int descriptor) const

@@ -25,6 +25,9 @@ public:
     /// @throws ImportError as open() does
     void checkUnchanged() const;
 
+    /// Whether the file is there and as noted.
+    bool isUnchanged() const;
+
     /// Whether an open file is still as noted. @throws ImportError
     bool isSame(int descriptor) const;
 

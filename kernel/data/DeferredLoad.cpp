@@ -3,6 +3,7 @@
 #include "kernel/base/SystemMemory.h"
 
 #include <algorithm>
+#include <set>
 #include <stdexcept>
 
 namespace veldraw::kernel {
@@ -89,10 +90,17 @@ void DeferredLoad::loadDimensions(Progress& progress)
 void DeferredLoad::requireMemoryForValues() const
 {
     double needed = 0;
+    std::set<void const*> arrays;
     for (Values const& values : m_values) {
         ShareGroup const& group = *values.group;
-        if (!values.buffer && group.loader() && !group.isMapped()) {
+        if (values.buffer || !group.loader() || group.isMapped()) {
+            continue;
+        }
+        ValueLoader::Array const array = group.loader()->array();
+        if (array.identity == nullptr) {
             needed += static_cast<double>(Buffer::bytesOf(group.type(), sizeOf(values)));
+        } else if (arrays.insert(array.identity).second) {
+            needed += static_cast<double>(array.bytes);
         }
     }
     if (needed > 0) {

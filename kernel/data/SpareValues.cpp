@@ -29,10 +29,14 @@ void DeferredUnload::commit() const noexcept
 double SpareValues::Piece::bytes() const
 {
     double sum = 0;
+    double array = 0;
     for (ShareGroup const* const group : groups) {
-        sum += group->canUnload() ? static_cast<double>(group->bytesInMemory()) : 0;
+        if (group->canUnload()) {
+            sum += static_cast<double>(group->bytesInMemory());
+            array = std::max(array, static_cast<double>(group->bytesOfArrayInMemory()));
+        }
     }
-    return sum;
+    return std::max(sum, array);
 }
 
 void SpareValues::add(std::shared_ptr<DataSet> dataSet, NumberSet const& shown, Predicate const& isNeeded)
@@ -49,8 +53,8 @@ void SpareValues::add(std::shared_ptr<DataSet> dataSet, NumberSet const& shown, 
             Piece& piece = m_pieces[group->buffer()->owner().get()];
             piece.groups.insert(group);
             piece.lastUse = std::max(piece.lastUse, group->lastUse());
-            piece.isNeeded =
-                piece.isNeeded || isWanted || !group->canUnload() || shown.count(variable) > 0 || isNeeded(*group);
+            piece.isNeeded = piece.isNeeded || isWanted || !group->canUnload() || shown.count(variable) > 0 ||
+                             isNeeded(*group) || !group->loader()->canLoad();
         }
     }
     m_dataSets.push_back(std::move(dataSet));

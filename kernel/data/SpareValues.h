@@ -28,8 +28,8 @@ private:
     std::vector<StateChangeEvent> m_events;
 };
 
-/// Finds loaded values that can be unloaded when memory is short: a loader can bring them again, nobody has altered them,
-/// and nobody needs them now. Values in the same piece of memory, such as the components of an array, are unloaded together
+/// Finds loaded values that can be unloaded when memory is short: a loader can still bring them again, nobody has altered
+/// them, and nobody needs them now. Values in the same piece of memory, such as the components of an array, are unloaded together
 /// or not at all.
 class SpareValues
 {

@@ -1,6 +1,28 @@
 #include "kernel/data/ValueEdit.h"
 
+#include "kernel/base/SystemMemory.h"
+
+#include <exception>
+
 namespace veldraw::kernel {
+
+namespace {
+
+/// Gives a group a copy of values that others hold, such as a picture that is made on another thread.
+void detachFromHolders(ShareGroup& group) noexcept
+{
+    if (!group.isHeld()) {
+        return;
+    }
+    try {
+        requireMemory(static_cast<double>(group.buffer()->bytes()));
+        group.replaceByCopy(group.buffer()->clone());
+    } catch (std::exception const&) {
+        // Without memory for a copy the holders see the other value, which is better than a step that cannot be undone.
+    }
+}
+
+} // namespace
 
 ValueEdit::ValueEdit(EventHub& hub, ValuePlace place, std::uint64_t bits, std::shared_ptr<Buffer> copy,
                      StateChangeEvent event)
@@ -16,12 +38,15 @@ void ValueEdit::apply() noexcept
 {
     if (m_copy) {
         m_place.group().replaceByCopy(std::move(m_copy));
+    } else {
+        detachFromHolders(m_place.group());
     }
     exchange();
 }
 
 void ValueEdit::revert() noexcept
 {
+    detachFromHolders(m_place.group());
     exchange();
 }
 

@@ -101,7 +101,7 @@ double RoomForValues::loadedBytesAtMost() const
         for (auto const& zone : dataSet->zones()) {
             for (Field const& field : zone->fields) {
                 bool const counts = !field.isPassive() && field.group()->canUnload();
-                sum += counts ? static_cast<double>(field.group()->bytesInMemory()) : 0;
+                sum += counts ? static_cast<double>(field.group()->bytesOfArrayInMemory()) : 0;
             }
         }
     }

@@ -48,6 +48,9 @@ public:
     /// Bytes that the values of this buffer would take without a stride.
     std::int64_t bytes() const;
 
+    /// Bytes from the first value to the last, with what stands between them: the other components of an array.
+    std::int64_t bytesWithStride() const { return bytesOf(m_type, m_size * m_stride); }
+
     /// Value at a zero-based @p index as a double. 32-bit and shorter integers are exact. No check of the index.
     double value(std::int64_t index) const;
 

@@ -52,6 +52,9 @@ public:
     /// Bytes of memory that the values take; 0 while they are not loaded, and for mapped values that nobody has altered.
     std::int64_t bytesInMemory() const { return !m_buffer || (canUnload() && isMapped()) ? 0 : m_buffer->bytes(); }
 
+    /// The same with the other components of the array that the memory is of: these go only when all of them do.
+    std::int64_t bytesOfArrayInMemory() const { return bytesInMemory() == 0 ? 0 : m_buffer->bytesWithStride(); }
+
     /// Notes that the values are used now. To be called on the user-interface thread.
     void noteUse() noexcept;
 

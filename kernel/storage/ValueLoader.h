@@ -4,6 +4,7 @@
 #include "kernel/storage/Buffer.h"
 #include "kernel/storage/ValueRange.h"
 
+#include <cstdint>
 #include <memory>
 
 namespace veldraw::kernel {
@@ -30,6 +31,19 @@ public:
     /// reads all values on its own account: an estimated range is kept, an unknown one stays unknown. Nor does it require
     /// memory for the values before it loads them.
     virtual bool isMapped() const { return false; }
+
+    /// Whether load() would still bring the values: not when the file that has them has been changed or removed. Quick.
+    virtual bool canLoad() const { return true; }
+
+    /// Memory for an array whose values come together.
+    struct Array
+    {
+        void const* identity = nullptr; ///< the same for all loaders of the array; null: the values come alone
+        std::int64_t bytes = 0;         ///< that load() would take; 0 while the array is in memory
+    };
+
+    /// The array that load() brings, where the values are a part of one.
+    virtual Array array() const { return {}; }
 
     ValueLoader(ValueLoader const&) = delete;
     ValueLoader& operator=(ValueLoader const&) = delete;

@@ -20,6 +20,7 @@ public:
 
     std::shared_ptr<kernel::Buffer> load(kernel::Progress& progress) override;
     kernel::ValueRange range() const override { return m_range; }
+    bool canLoad() const override { return m_array.file.isUnchanged(); }
 
     /// Whether the array is mapped and so large that nobody should go through all of it unasked.
     bool isMapped() const override { return m_isHuge; }

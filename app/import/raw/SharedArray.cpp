@@ -21,4 +21,11 @@ std::shared_ptr<kernel::Buffer> SharedArray::take(int component, std::function<C
     return all[number];
 }
 
+bool SharedArray::isAtHand(int component)
+{
+    std::lock_guard<std::mutex> const lock(m_mutex);
+    auto const number = static_cast<std::size_t>(component);
+    return number < m_parts.size() && !m_parts[number].owner.expired();
+}
+
 } // namespace veldraw::app

@@ -22,6 +22,9 @@ public:
     /// @param load      brings all components where the memory at hand does not have the wanted one
     std::shared_ptr<kernel::Buffer> take(int component, std::function<Components()> const& load);
 
+    /// Whether take() would find this component in memory that somebody holds.
+    bool isAtHand(int component);
+
     SharedArray() = default;
     SharedArray(SharedArray const&) = delete;
     SharedArray& operator=(SharedArray const&) = delete;

@@ -257,6 +257,41 @@ TEST_F(LoadOnDemand, NeverUnloadsWhatHasBeenAltered)
     EXPECT_EQ(values(*dataSet, 1, 1)[2], 77);
 }
 
+TEST_F(LoadOnDemand, NeverUnloadsWhatCannotBeLoadedAnyMore)
+{
+    session.perform(LoadVariables(*dataSet, {1, 2}, {1}));
+    x1->isThere = false; // its file has been saved over
+    unloadSpare();
+    EXPECT_TRUE(field(1, 1).isLoaded());
+    EXPECT_FALSE(field(2, 1).isLoaded());
+}
+
+TEST_F(LoadOnDemand, CountsTheWholeArrayForOneComponent)
+{
+    auto const array = std::make_shared<std::vector<float>>(12, 1.0F);
+    auto const group = std::make_shared<ShareGroup>(FieldDataType_Float, 6, x1);
+    group->setLoaded(Buffer::adopt(FieldDataType_Float, 6, array->data(), 2, array));
+    dataSet->zone(1)->fields[0] = Field(group, ValueLocation_Nodal);
+    session.setLoadedValuesLimit(2 * bytesOfField);
+    EXPECT_TRUE(field(1, 1).isLoaded());
+    session.setLoadedValuesLimit(2 * bytesOfField - 1);
+    EXPECT_FALSE(field(1, 1).isLoaded());
+}
+
+TEST_F(LoadOnDemand, AsksForTheMemoryOfAnArrayOnce)
+{
+    double const available = availableMemory();
+    std::int64_t const most = static_cast<std::int64_t>(0.6 * available);
+    x1->wholeArray = {this, most};
+    x2->wholeArray = {this, most};
+    EXPECT_TRUE(session.perform(LoadVariables(*dataSet, {1, 2}, {1})));
+    unloadSpare();
+    recorder.take();
+    x2->wholeArray.identity = &x2;
+    expectRefused([&] { return session.perform(LoadVariables(*dataSet, {1, 2}, {1})); });
+    EXPECT_EQ(session.lastError(), "Out of memory.");
+}
+
 TEST_F(LoadOnDemand, LetsTheComponentsOfAnArrayGoTogetherOrNotAtAll)
 {
     auto const array = std::make_shared<std::vector<float>>(12, 1.0F);

@@ -205,10 +205,6 @@ protected:
 
     void goBackOrForth()
     {
-        readers.clear(); // the ways of the history write in place
-        for (auto& [number, holding] : holdings) {
-            holding.isRead = false;
-        }
         bool const back = below(2) == 0;
         std::vector<State>& from = back ? done : undone;
         std::vector<State>& to = back ? undone : done;

@@ -104,6 +104,19 @@ TEST_F(EditValue, CopiesNothingForTheSakeOfTheHistory)
     EXPECT_EQ(field(1, 4).group(), field(2, 4).group());
 }
 
+TEST_F(EditValue, GoesBackAndForthInACopyWhileOthersRead)
+{
+    EXPECT_TRUE(edit(1, 1, 2, 7.5));
+    std::shared_ptr<Buffer const> const edited = field(1, 1).group()->buffer();
+    EXPECT_TRUE(session.undo());
+    EXPECT_EQ(at(1, 1, 2), 2);
+    EXPECT_EQ(edited->value(2), 7.5);
+    std::shared_ptr<Buffer const> const original = field(1, 1).group()->buffer();
+    EXPECT_TRUE(session.redo());
+    EXPECT_EQ(at(1, 1, 2), 7.5);
+    EXPECT_EQ(original->value(2), 2);
+}
+
 TEST_F(EditValue, CopiesNothingForThoseWhoHoldTheMemoryAlone)
 {
     auto const keeper = field(1, 1).group()->buffer()->owner();

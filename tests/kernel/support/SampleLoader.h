@@ -21,12 +21,16 @@ public:
     std::shared_ptr<kernel::Buffer> load(kernel::Progress& progress) override;
     kernel::ValueRange range() const override { return knownRange; }
     bool isMapped() const override { return mapped; }
+    bool canLoad() const override { return isThere; }
+    Array array() const override { return wholeArray; }
 
     /// A field whose values this loader brings.
     static kernel::Field field(std::shared_ptr<Loader> const& loader, ValueLocation_e location = ValueLocation_Nodal);
 
     int loads = 0;
     bool mapped = false;
+    bool isThere = true;
+    Array wholeArray;
     kernel::ValueRange knownRange;
     std::function<void(kernel::Progress&)> before; ///< may throw
 

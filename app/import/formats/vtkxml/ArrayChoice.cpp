@@ -148,7 +148,7 @@ DeferredArray ArrayChoice::described(XmlArrayList::Array const& array, std::stri
         };
         return result;
     }
-    XmlArrayLoader::Place const place{m_arrays.file(), m_arrays.extension(), section, name, 0};
+    XmlArrayLoader::Place const place{m_arrays.file(), m_arrays.extension(), section, name, array.components, 0};
     result.makeLoader = [place, type = *array.type, whole, range = array.range](int component, std::int64_t tuples) {
         XmlArrayLoader::Place one = place;
         one.component = component;

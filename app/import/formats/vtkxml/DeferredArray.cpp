@@ -20,6 +20,7 @@ public:
     }
 
     kernel::ValueRange range() const override { return m_source->range(); }
+    bool canLoad() const override { return m_source->canLoad(); }
 
 private:
     std::shared_ptr<kernel::ValueLoader> m_source;

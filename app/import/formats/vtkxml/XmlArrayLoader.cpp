@@ -42,6 +42,12 @@ std::shared_ptr<kernel::Buffer> XmlArrayLoader::load(kernel::Progress& progress)
     return asType(values, kernelTypeOf(m_type));
 }
 
+kernel::ValueLoader::Array XmlArrayLoader::array() const
+{
+    std::int64_t const bytes = kernel::Buffer::bytesOf(kernelTypeOf(m_type), m_tuples * m_place.components);
+    return {m_whole.get(), m_whole->isAtHand(m_place.component) ? 0 : bytes};
+}
+
 SharedArray::Components XmlArrayLoader::read(kernel::Progress& progress) const
 {
     auto const grid = readVtkArray(m_place.file.path(), m_place.extension, m_place.section, m_place.name, progress);

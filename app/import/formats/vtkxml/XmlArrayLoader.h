@@ -21,7 +21,8 @@ public:
         FileStamp file;
         std::string extension; ///< lower case, without the dot
         XmlSection section;
-        std::string name;  ///< of the array, as VTK says it
+        std::string name; ///< of the array, as VTK says it
+        int components = 1;
         int component = 0; ///< from 0
     };
 
@@ -34,6 +35,8 @@ public:
 
     std::shared_ptr<kernel::Buffer> load(kernel::Progress& progress) override;
     kernel::ValueRange range() const override { return m_range; }
+    bool canLoad() const override { return m_place.file.isUnchanged(); }
+    Array array() const override;
 
 private:
     SharedArray::Components read(kernel::Progress& progress) const;

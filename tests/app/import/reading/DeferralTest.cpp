@@ -311,7 +311,13 @@ TEST(Deferral, LoadsTheComponentsOfAVectorOfAnyKindOfFile)
     addPointValues(*grid, "w", values, 3);
     for (Mode const mode : allModes) {
         auto const dataSet = import(writeXml(*grid, folder.path("grid.vts"), mode), app::Deferral::Always).dataSet;
-        for (char const* name : {"w_Z", "w_X", "w_Y"})
+        auto const arrayOf = [&](char const* name) { return fieldOf(*dataSet, 1, name).group()->loader()->array(); };
+        EXPECT_EQ(arrayOf("w_X").identity, arrayOf("w_Z").identity);
+        bool const comesWhole = arrayOf("w_X").identity != nullptr;
+        EXPECT_EQ(arrayOf("w_X").bytes, comesWhole ? 36 * 8 : 0);
+        EXPECT_EQ(loadingProblem(*dataSet, 1, "w_Z"), "");
+        EXPECT_EQ(arrayOf("w_X").bytes, 0) << "it is in memory now";
+        for (char const* name : {"w_X", "w_Y"})
             EXPECT_EQ(loadingProblem(*dataSet, 1, name), "");
         EXPECT_EQ(valuesOf(*dataSet, 1, "w_X"), "0 3 6 9 12 15 18 21 24 27 30 33");
         EXPECT_EQ(valuesOf(*dataSet, 1, "w_Y"), "1 4 7 10 13 16 19 22 25 28 31 34");
@@ -422,10 +428,14 @@ TEST(Deferral, TellsThatAFileHasVanishedOrChangedSince)
     for (Mode const mode : allModes) {
         std::string const path = writeXml(*meshWithVertex(), folder.path("mesh.vtu"), mode);
         auto const dataSet = import(path, app::Deferral::Always).dataSet;
+        kernel::ValueLoader const& loader = *fieldOf(*dataSet, 1, "p").group()->loader();
+        EXPECT_TRUE(loader.canLoad());
         std::filesystem::rename(path, folder.path("other.vtu"));
+        EXPECT_FALSE(loader.canLoad());
         EXPECT_THAT(loadingProblem(*dataSet, 1, "p"), HasSubstr("cannot be read any more: No such file or directory"));
         folder.write("mesh.vtu", "something else");
-        EXPECT_THAT(loadingProblem(*dataSet, 1, "p"), HasSubstr("has been changed by another program"));
+        EXPECT_FALSE(loader.canLoad());
+        EXPECT_THAT(loadingProblem(*dataSet, 1, "p"), HasSubstr("has been changed since it was opened"));
         EXPECT_EQ(valuesOf(*dataSet, 1, "p"), "not loaded");
         std::filesystem::rename(folder.path("other.vtu"), path);
         EXPECT_EQ(loadingProblem(*dataSet, 1, "p"), "");

@@ -268,8 +268,7 @@ TEST(MetaImage, TellsThatAFileHasVanishedOrChangedBeforeItsValuesWereLoaded)
               "\"" + folder.path("a.raw") + "\" cannot be read any more: No such file or directory");
     folder.write("a.raw", "\1\2\3\4");
     EXPECT_EQ(loadingProblem(*dataSet, 1, "Value"),
-              "\"" + folder.path("a.raw") +
-                  "\" has been changed by another program since it was opened; open it again");
+              "\"" + folder.path("a.raw") + "\" has been changed since it was opened; open it again");
     EXPECT_EQ(valuesOf(*dataSet, 1, "Value"), "not loaded");
     std::filesystem::rename(folder.path("b.raw"), folder.path("a.raw"));
     EXPECT_EQ(loadingProblem(*dataSet, 1, "Value"), "");

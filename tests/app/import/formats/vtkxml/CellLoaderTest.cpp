@@ -136,7 +136,7 @@ TEST(DeferredCells, AreToldWhenTheirFileHasGoneAndComeWhenItIsBack)
     std::filesystem::rename(path, folder.path("b"));
     EXPECT_THAT(loadingProblemOfCells(*dataSet->zone(1)), HasSubstr("cannot be read any more"));
     folder.write("a.vtu", "something else");
-    EXPECT_THAT(loadingProblemOfCells(*dataSet->zone(1)), HasSubstr("has been changed by another program"));
+    EXPECT_THAT(loadingProblemOfCells(*dataSet->zone(1)), HasSubstr("has been changed since it was opened"));
     EXPECT_TRUE(dataSet->zone(1)->isDeferred());
     std::filesystem::rename(folder.path("b"), path);
     EXPECT_EQ(loadingProblemOfCells(*dataSet->zone(1)), "");

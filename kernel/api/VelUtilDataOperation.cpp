@@ -9,6 +9,7 @@
 #include "kernel/operations/MirrorZones.h"
 #include "kernel/operations/RotateZones.h"
 #include "kernel/operations/SpatialVariables.h"
+#include "kernel/operations/Triangulate.h"
 
 #include <optional>
 
@@ -148,5 +149,30 @@ bool VelUtilLinearInterpolate(Set_s* sourceZones, int destinationZone, Set_s* va
         return session().perform(InterpolateLinearly(frame->id, sourceZones->members, destinationZone,
                                                      variables->members, constant,
                                                      static_cast<LinearInterpMode_e>(mode)));
+    });
+}
+
+bool VelUtilTriangulate(Set_s* sourceZones, bool useBoundaryZones, Set_s* boundaryZones, bool includeBoundaryPoints,
+                        long long* count, double keepFactor)
+{
+    return api::answerOr(false, [&] {
+        std::shared_ptr<Frame> const frame = session().activeFrame();
+        if (sourceZones == nullptr || (useBoundaryZones && boundaryZones == nullptr)) {
+            return session().refuse(missing);
+        }
+        if (!frame) {
+            return session().refuse("There is no frame.");
+        }
+        if (useBoundaryZones && boundaryZones->members.empty()) {
+            return session().refuse("No boundary zones were given.");
+        }
+        Triangulate triangulate(frame->id, sourceZones->members,
+                                useBoundaryZones ? boundaryZones->members : NumberSet(), includeBoundaryPoints,
+                                keepFactor);
+        bool const isDone = session().perform(triangulate);
+        if (isDone) {
+            api::store<long long>(count, triangulate.duplicateCount());
+        }
+        return isDone;
     });
 }

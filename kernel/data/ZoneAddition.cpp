@@ -35,6 +35,7 @@ HeldMemory memoryOf(std::vector<ZoneAddition::Copy> const& copies)
     for (ZoneAddition::Copy const& copy : copies) {
         std::size_t const fields = copy.source->fields.size() * sizeof(Field); // their room stays
         sum.notes += static_cast<std::int64_t>(sizeof(Zone) + fields);
+        sum.values += copy.ownBytes;
         for (NewField const& own : copy.fields) {
             bool const isNew = !own.field.isPassive() && seen.insert(own.field.group().get()).second;
             sum.values += isNew ? own.field.group()->buffer()->bytes() : 0;

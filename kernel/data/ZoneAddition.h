@@ -9,7 +9,8 @@
 
 namespace veldraw::kernel {
 
-/// Appends copies of zones to a data set, and takes them away again. No value is copied or looked at.
+/// Appends copies of zones to a data set, and takes them away again. No value is copied or looked at. A new zone is a copy of one
+/// that is in no data set and has passive fields only, with fields of its own for all variables.
 ///
 /// A copy in the data set is on the share groups of its source, except for the fields that it has of its own. While the copy is
 /// out of the data set it is on no group, so that share counts stay true. Whenever the step runs, its source is in the state in
@@ -26,6 +27,7 @@ public:
         std::shared_ptr<Zone> zone;
         std::shared_ptr<Zone const> source;
         std::vector<NewField> fields; ///< replace those of the source
+        std::int64_t ownBytes = 0;    ///< of what else the source shares with nobody, such as the cells of a new zone
     };
 
     /// @param copies in the order in which they are appended

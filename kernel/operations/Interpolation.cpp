@@ -4,46 +4,8 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cstdio>
 
 namespace veldraw::kernel {
-
-namespace {
-
-std::string quoted(std::string const& name)
-{
-    return "\"" + name + "\"";
-}
-
-double secondsSince(std::chrono::steady_clock::time_point start)
-{
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-/// The names, up to a few of them.
-std::string listed(std::vector<std::string> const& names)
-{
-    constexpr std::size_t most = 8;
-    std::string text;
-    for (std::size_t at = 0; at < std::min(names.size(), most); ++at) {
-        text += (at > 0 ? ", " : "") + quoted(names[at]);
-    }
-    return names.size() > most ? text + " and " + std::to_string(names.size() - most) + " more" : text;
-}
-
-std::string twoDigits(double number)
-{
-    char text[32];
-    std::snprintf(text, sizeof text, "%.2g", number);
-    return text;
-}
-
-} // namespace
-
-std::string counted(std::int64_t count, std::string const& noun)
-{
-    return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
-}
 
 Interpolation::Interpolation(UniqueId frame, NumberSet sources, int destination, NumberSet variables)
     : FrameOperation(frame)

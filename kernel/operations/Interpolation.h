@@ -5,6 +5,7 @@
 #include "kernel/operations/DataSetOperation.h"
 #include "kernel/operations/FrameOperation.h"
 #include "kernel/operations/InterpolatedField.h"
+#include "kernel/operations/ReportText.h"
 
 namespace veldraw::kernel {
 
@@ -65,8 +66,5 @@ private:
     std::vector<NewField> m_results;
     std::string m_report;
 };
-
-/// "1 point", "2 points".
-std::string counted(std::int64_t count, std::string const& noun);
 
 } // namespace veldraw::kernel

@@ -103,12 +103,15 @@ VELDRAW_PLATFORM_API bool VelUtilLinearInterpolate(Set_s* sourceZones, int desti
 VELDRAW_PLATFORM_API bool VelUtilSmooth(int zone, int variable, int numberOfPasses, double weight,
                                         int boundaryCondition);
 
-/// Appends a zone of triangles between the points of zones, in the plane of X and Y.
+/// Appends a zone of triangles between the points of zones, in the plane of X and Y: their Delaunay triangulation. For 2D plots.
 /// @param sourceZones one-based numbers, not empty; stays the caller's
-/// @param useBoundaryZones true: the edges of @p boundaryZones become edges of triangles and cut away what lies outside
-/// @param boundaryZones one-based numbers of one-dimensional zones; unused (may be null) without @p useBoundaryZones
-/// @param includeBoundaryPoints true: the points of the boundary zones are triangulated with the others
-/// @param count receives the number of coincident points that were left out; may be null
+/// @param useBoundaryZones true: the edges of @p boundaryZones become edges of triangles, and closed ones cut away what is outside
+/// @param boundaryZones one-based numbers of ordered zones of one dimension, not empty; unused (may be null) without
+///        @p useBoundaryZones
+/// @param includeBoundaryPoints true: the points of the boundaries have the values of their zones; false: they get values
+///        that are interpolated from the source zones
+/// @param count receives the number of points that were left out since another one is at the same place, if it succeeds: of
+///        the source zones, and with @p includeBoundaryPoints of the boundaries; may be null
 /// @param keepFactor outer triangles whose inradius / circumradius is below it are removed, 0 to 0.5
 /// @return false when an argument does not fit the active data set, without memory, or when it was interrupted
 VELDRAW_PLATFORM_API bool VelUtilTriangulate(Set_s* sourceZones, bool useBoundaryZones, Set_s* boundaryZones,

@@ -651,4 +651,24 @@ TEST_F(CFunctions, InterpolateLinearlyInTheActiveFrame)
     EXPECT_EQ(value(3), -4);
 }
 
+TEST_F(CFunctions, TriangulateInTheActiveFrame)
+{
+    VelUtilFrameSetPlotType(PlotType_Cartesian2D);
+    session.history().clear();
+    Set_s planes{{1, 2}};
+    Set_s none;
+    long long count = -7;
+    EXPECT_FALSE(VelUtilTriangulate(nullptr, false, nullptr, false, &count, 0.25));
+    EXPECT_FALSE(VelUtilTriangulate(&planes, true, nullptr, false, &count, 0.25));
+    EXPECT_FALSE(VelUtilTriangulate(&planes, true, &none, false, &count, 0.25));
+    EXPECT_FALSE(VelUtilTriangulate(&planes, true, &planes, false, &count, 0.25)) << "no lines";
+    EXPECT_FALSE(VelUtilTriangulate(&planes, false, nullptr, false, &count, 0.6));
+    EXPECT_FALSE(session.history().canUndo());
+    EXPECT_EQ(count, -7);
+    ASSERT_TRUE(VelUtilTriangulate(&planes, false, nullptr, false, &count, 0.25));
+    EXPECT_EQ(count, 6) << "the planes have the same points";
+    EXPECT_EQ(dataSet->zone(3)->cellCount(), 4);
+    EXPECT_TRUE(VelUtilTriangulate(&planes, false, nullptr, false, nullptr, 0.25));
+}
+
 } // namespace veldraw::tests

@@ -1,0 +1,560 @@
+#include "kernel/compute/PlaneTriangulation.h"
+
+#include <CGAL/Constrained_Delaunay_triangulation_2.h>
+#include <CGAL/Constrained_triangulation_plus_2.h>
+#include <CGAL/Exact_predicates_inexact_constructions_kernel.h>
+#include <CGAL/Triangulation_face_base_with_info_2.h>
+#include <CGAL/Triangulation_vertex_base_with_info_2.h>
+#include <algorithm>
+#include <cmath>
+
+namespace veldraw::kernel {
+
+namespace {
+
+using Number = PlaneTriangulation::Number;
+
+constexpr Number noNumber = std::numeric_limits<Number>::max();
+
+/// Looks for a cancel now and then. The library gives no other chance to do so while it inserts one point or edge, which
+/// may change all triangles.
+class Watch
+{
+public:
+    explicit Watch(Progress const& progress)
+        : m_progress(progress)
+    {
+    }
+
+    void count()
+    {
+        if (--m_left == 0) {
+            m_left = most;
+            m_progress.check();
+        }
+    }
+
+private:
+    static constexpr int most = 256;
+
+    Progress const& m_progress;
+    int m_left = most;
+};
+
+template <typename Predicate>
+class Watched : public Predicate
+{
+public:
+    using result_type = typename Predicate::result_type;
+
+    explicit Watched(Watch& watch)
+        : m_watch(&watch)
+    {
+    }
+
+    template <typename... Arguments>
+    result_type operator()(Arguments const&... arguments) const
+    {
+        m_watch->count();
+        return Predicate::operator()(arguments...);
+    }
+
+private:
+    Watch* m_watch;
+};
+
+using Kernel = CGAL::Exact_predicates_inexact_constructions_kernel;
+
+/// The library's geometry, with a look for a cancel in the predicates of which everything consists.
+class Geometry : public Kernel
+{
+public:
+    using Orientation_2 = Watched<Kernel::Orientation_2>;
+    using Side_of_oriented_circle_2 = Watched<Kernel::Side_of_oriented_circle_2>;
+
+    explicit Geometry(Watch& watch)
+        : m_watch(&watch)
+    {
+    }
+
+    Orientation_2 orientation_2_object() const { return Orientation_2(*m_watch); }
+    Side_of_oriented_circle_2 side_of_oriented_circle_2_object() const { return Side_of_oriented_circle_2(*m_watch); }
+
+private:
+    Watch* m_watch;
+};
+
+/// What is noted at a triangle.
+struct Marks
+{
+    bool isTaken = false;              ///< away
+    bool isReached = false;            ///< by cutOutside()
+    std::array<bool, 3> isOfLoops{{}}; ///< its edges are edges of an odd number of loops
+};
+
+/// The number of a point; none at first.
+struct PointNumber
+{
+    Number value = noNumber;
+};
+
+using VertexBase = CGAL::Triangulation_vertex_base_with_info_2<PointNumber, Geometry>;
+using FaceBase =
+    CGAL::Triangulation_face_base_with_info_2<Marks, Geometry, CGAL::Constrained_triangulation_face_base_2<Geometry>>;
+using Structure = CGAL::Triangulation_data_structure_2<VertexBase, FaceBase>;
+using Unlined = CGAL::Constrained_Delaunay_triangulation_2<Geometry, Structure, CGAL::Exact_predicates_tag>;
+using Triangulation = CGAL::Constrained_triangulation_plus_2<Unlined>;
+using Vertex = Triangulation::Vertex_handle;
+using Face = Triangulation::Face_handle;
+
+Kernel::Point_2 pointOf(PlanePlace const& place)
+{
+    return {place[0], place[1]};
+}
+
+PlanePlace placeOf(Vertex vertex)
+{
+    return {vertex->point().x(), vertex->point().y()};
+}
+
+double distance(PlanePlace const& a, PlanePlace const& b)
+{
+    return std::hypot(b[0] - a[0], b[1] - a[1]);
+}
+
+/// Twice the area of a triangle, positive against the clock's sense.
+double doubleArea(PlanePlace const& a, PlanePlace const& b, PlanePlace const& c)
+{
+    return (b[0] - a[0]) * (c[1] - a[1]) - (b[1] - a[1]) * (c[0] - a[0]);
+}
+
+/// The inradius of a triangle divided by its circumradius: r / R = 2 (2 A)^2 / ((a + b + c) a b c) for the area A.
+double roundness(Face face)
+{
+    std::array<PlanePlace, 3> const corners{placeOf(face->vertex(0)), placeOf(face->vertex(1)),
+                                            placeOf(face->vertex(2))};
+    double const a = distance(corners[1], corners[2]);
+    double const b = distance(corners[2], corners[0]);
+    double const c = distance(corners[0], corners[1]);
+    double const longest = std::max({a, b, c}); // by its sides' shares of it, since products of lengths may overflow
+    auto const scaled = [&](std::size_t corner) {
+        return PlanePlace{(corners[corner][0] - corners[0][0]) / longest,
+                          (corners[corner][1] - corners[0][1]) / longest};
+    };
+    double const area = doubleArea(scaled(0), scaled(1), scaled(2));
+    return 2 * area * area / ((a + b + c) / longest * (a / longest) * (b / longest) * (c / longest));
+}
+
+/// The share of the way from @p a to @p b at which the place on it is that is nearest to @p place.
+double nearestShare(PlanePlace const& place, PlanePlace const& a, PlanePlace const& b)
+{
+    double const length = distance(a, b);
+    double const along = (place[0] - a[0]) * ((b[0] - a[0]) / length) + (place[1] - a[1]) * ((b[1] - a[1]) / length);
+    return std::clamp(along / length, 0.0, 1.0);
+}
+
+PlaneTriangulation::Mix onlyOf(Vertex vertex)
+{
+    return {{vertex->info().value, vertex->info().value, vertex->info().value}, {1.0, 0.0, 0.0}};
+}
+
+/// What makes up a value at the place on an edge that is nearest to @p place. @param index of the corner across the edge
+PlaneTriangulation::Mix mixOnEdge(PlanePlace const& place, Face face, int index)
+{
+    Vertex const from = face->vertex(Triangulation::ccw(index));
+    Vertex const to = face->vertex(Triangulation::cw(index));
+    double const share = nearestShare(place, placeOf(from), placeOf(to));
+    return {{from->info().value, to->info().value, from->info().value}, {1.0 - share, share, 0.0}};
+}
+
+double distanceToEdge(PlanePlace const& place, Face face, int index)
+{
+    PlanePlace const from = placeOf(face->vertex(Triangulation::ccw(index)));
+    PlanePlace const to = placeOf(face->vertex(Triangulation::cw(index)));
+    double const share = nearestShare(place, from, to);
+    return distance(place, {from[0] + share * (to[0] - from[0]), from[1] + share * (to[1] - from[1])});
+}
+
+} // namespace
+
+class PlaneTriangulation::Implementation
+{
+public:
+    explicit Implementation(Progress const& progress)
+        : m_watch(progress)
+        , m_triangulation(Geometry(m_watch))
+    {
+    }
+
+    bool insertPoints(PlanePlace const* places, std::vector<Number> const& order, Progress& progress);
+    Mix mixAt(PlanePlace const& place);
+    std::int64_t insertLine(std::vector<PlanePlace> const& places, std::vector<Number> const& numbers, bool isOfLoop);
+    void joinLines(Number firstNew);
+    std::vector<Crossing> const& crossings() const { return m_crossings; }
+    std::int64_t cutOutside();
+    std::int64_t removeSlivers(double keepFactor);
+    std::int64_t triangleCount() const
+    {
+        return static_cast<std::int64_t>(m_triangulation.number_of_faces()) - m_taken;
+    }
+    void writeTriangles(std::int64_t* corners, Progress& progress) const;
+
+private:
+    /// An edge of a line, or of several. It becomes several edges of triangles where there are points on it.
+    struct Edge
+    {
+        Vertex from;
+        Vertex to;
+        bool isOfLoops; ///< of an odd number of them
+
+        std::pair<Number, Number> ends() const { return std::minmax({from->info().value, to->info().value}); }
+    };
+
+    /// An edge of lines, with the library's name for the points on it.
+    struct Chain
+    {
+        Edge edge;
+        Triangulation::Constraint_id id;
+    };
+
+    void insertPoint(PlanePlace const& place, Number number);
+    Mix mixInside(PlanePlace const& place, Face face) const;
+    Mix mixOutside(PlanePlace const& place, Face face) const;
+    void mergeEqualEdges();
+    void numberCrossings(Chain const& chain, Number firstNew);
+    void markEdges(Chain const& chain);
+    void take(Face face);
+
+    mutable Watch m_watch;
+    Triangulation m_triangulation;
+    Face m_near; // where the next point is likely to be
+    std::vector<Edge> m_edges;
+    std::vector<Crossing> m_crossings;
+    bool m_hasLoops = false;
+    std::int64_t m_taken = 0;
+};
+
+void PlaneTriangulation::Implementation::insertPoint(PlanePlace const& place, Number number)
+{
+    // There is no line yet, so the base will do, which does not look for one.
+    Vertex const vertex = m_triangulation.Unlined::insert(pointOf(place), m_near);
+    vertex->info().value = number;
+    m_near = vertex->face();
+}
+
+/// In rounds, each of which goes through the whole plane: few points first, then four times as many. So triangles are small where
+/// the next point goes, however the points are spread (N. Amenta, S. Choi, G. Rote, 2003).
+bool PlaneTriangulation::Implementation::insertPoints(PlanePlace const* places, std::vector<Number> const& order,
+                                                      Progress& progress)
+{
+    auto const isOffTheLine = [&, turn = Geometry(m_watch).orientation_2_object()](Number point) {
+        return turn(pointOf(places[order[0]]), pointOf(places[order[1]]), pointOf(places[point])) != CGAL::COLLINEAR;
+    };
+    auto const third = order.size() < 3 ? order.end() : std::find_if(order.begin() + 2, order.end(), isOffTheLine);
+    if (third == order.end()) {
+        return false;
+    }
+    for (Number const point : {order[0], order[1], *third}) { // inserting is slow while all points are on a line
+        insertPoint(places[point], point);
+    }
+    progress.setTotal(static_cast<std::int64_t>(order.size()));
+    constexpr std::size_t growth = 4;
+    constexpr std::size_t fewest = 1000;
+    std::size_t step = 1;
+    while (order.size() / step > fewest) {
+        step *= growth;
+    }
+    for (std::size_t before = 0; step > 0; before = step, step /= growth) {
+        std::int64_t inserted = 0;
+        for (std::size_t at = 0; at < order.size(); at += step) {
+            if (before == 0 || at % before != 0) {
+                insertPoint(places[order[at]], order[at]);
+                ++inserted;
+            }
+            if (inserted == 512) {
+                progress.advance(inserted);
+                inserted = 0;
+            }
+        }
+        progress.advance(inserted);
+    }
+    return true;
+}
+
+PlaneTriangulation::Mix PlaneTriangulation::Implementation::mixAt(PlanePlace const& place)
+{
+    Triangulation::Locate_type type{};
+    int index = 0;
+    Face const face = m_triangulation.locate(pointOf(place), type, index, m_near);
+    m_near = face;
+    switch (type) {
+    case Triangulation::VERTEX:
+        return onlyOf(face->vertex(index));
+    case Triangulation::EDGE:
+        return mixOnEdge(place, face, index);
+    case Triangulation::FACE:
+        return mixInside(place, face);
+    default:
+        return mixOutside(place, face);
+    }
+}
+
+PlaneTriangulation::Mix PlaneTriangulation::Implementation::mixInside(PlanePlace const& place, Face face) const
+{
+    Mix mix{};
+    double sum = 0.0;
+    for (int corner = 0; corner < 3; ++corner) {
+        double const area = doubleArea(place, placeOf(face->vertex(Triangulation::ccw(corner))),
+                                       placeOf(face->vertex(Triangulation::cw(corner))));
+        auto const at = static_cast<std::size_t>(corner);
+        mix.points[at] = face->vertex(corner)->info().value;
+        mix.shares[at] = std::max(area, 0.0); // rounding can turn a flat triangle around
+        sum += mix.shares[at];
+    }
+    if (!(sum > 0.0) || !std::isfinite(sum)) {
+        return onlyOf(face->vertex(0)); // too flat to tell the corners apart
+    }
+    for (double& share : mix.shares) {
+        share /= sum;
+    }
+    return mix;
+}
+
+/// From the edge of the hull that @p face is at, along the hull as long as its edges come nearer.
+PlaneTriangulation::Mix PlaneTriangulation::Implementation::mixOutside(PlanePlace const& place, Face face) const
+{
+    auto const infinityOf = [this](Face outside) { return outside->index(m_triangulation.infinite_vertex()); };
+    auto const distanceTo = [&](Face outside) {
+        int const infinity = infinityOf(outside);
+        return distanceToEdge(place, outside, infinity);
+    };
+    double least = distanceTo(face);
+    for (bool const isForward : {true, false}) {
+        while (true) {
+            int const infinity = infinityOf(face);
+            Face const next = face->neighbor(isForward ? Triangulation::ccw(infinity) : Triangulation::cw(infinity));
+            double const found = distanceTo(next);
+            if (!(found < least)) {
+                break;
+            }
+            least = found;
+            face = next;
+        }
+    }
+    return mixOnEdge(place, face, infinityOf(face));
+}
+
+std::int64_t PlaneTriangulation::Implementation::insertLine(std::vector<PlanePlace> const& places,
+                                                            std::vector<Number> const& numbers, bool isOfLoop)
+{
+    std::int64_t known = 0;
+    Vertex before;
+    for (std::size_t at = 0; at < places.size(); ++at) {
+        Vertex const vertex = m_triangulation.insert(pointOf(places[at]), m_near);
+        m_near = vertex->face();
+        if (vertex->info().value == noNumber) {
+            vertex->info().value = numbers[at];
+        } else {
+            ++known;
+        }
+        if (at > 0 && vertex != before) {
+            m_edges.push_back({before, vertex, isOfLoop});
+        }
+        before = vertex;
+    }
+    m_hasLoops = m_hasLoops || isOfLoop;
+    return known;
+}
+
+/// So that an edge that several lines have is inserted once.
+void PlaneTriangulation::Implementation::mergeEqualEdges()
+{
+    std::sort(m_edges.begin(), m_edges.end(), [](Edge const& a, Edge const& b) { return a.ends() < b.ends(); });
+    std::vector<Edge> merged;
+    for (Edge const& edge : m_edges) {
+        if (!merged.empty() && merged.back().ends() == edge.ends()) {
+            merged.back().isOfLoops = merged.back().isOfLoops != edge.isOfLoops;
+        } else {
+            merged.push_back(edge);
+        }
+    }
+    m_edges.swap(merged);
+}
+
+void PlaneTriangulation::Implementation::joinLines(Number firstNew)
+{
+    mergeEqualEdges();
+    std::vector<Chain> chains;
+    chains.reserve(m_edges.size());
+    for (Edge const& edge : m_edges) {
+        chains.push_back({edge, m_triangulation.insert_constraint(edge.from, edge.to)});
+    }
+    for (Chain const& chain : chains) {
+        numberCrossings(chain, firstNew);
+        if (chain.edge.isOfLoops) {
+            markEdges(chain);
+        }
+    }
+}
+
+void PlaneTriangulation::Implementation::numberCrossings(Chain const& chain, Number firstNew)
+{
+    for (Vertex const vertex : m_triangulation.vertices_in_constraint(chain.id)) {
+        if (vertex->info().value == noNumber) {
+            vertex->info().value = firstNew + static_cast<Number>(m_crossings.size());
+            PlanePlace const place = placeOf(vertex);
+            m_crossings.push_back({place, chain.edge.from->info().value, chain.edge.to->info().value,
+                                   nearestShare(place, placeOf(chain.edge.from), placeOf(chain.edge.to))});
+        }
+    }
+}
+
+void PlaneTriangulation::Implementation::markEdges(Chain const& chain)
+{
+    Vertex before;
+    for (Vertex const vertex : m_triangulation.vertices_in_constraint(chain.id)) {
+        Face face;
+        int index = 0;
+        if (before != Vertex() && m_triangulation.is_edge(before, vertex, face, index)) {
+            Face const other = face->neighbor(index);
+            for (bool* const mark : {&face->info().isOfLoops[static_cast<std::size_t>(index)],
+                                     &other->info().isOfLoops[static_cast<std::size_t>(other->index(face))]}) {
+                *mark = !*mark;
+            }
+        }
+        before = vertex;
+    }
+}
+
+void PlaneTriangulation::Implementation::take(Face face)
+{
+    face->info().isTaken = true;
+    ++m_taken;
+}
+
+/// Goes from outside through all triangles, and counts the loops on the way.
+std::int64_t PlaneTriangulation::Implementation::cutOutside()
+{
+    if (!m_hasLoops) {
+        return 0;
+    }
+    std::int64_t const before = m_taken;
+    std::vector<std::pair<Face, bool>> reached{{m_triangulation.infinite_face(), false}}; // and whether within loops
+    reached.back().first->info().isReached = true;
+    while (!reached.empty()) {
+        auto const [face, isWithin] = reached.back();
+        reached.pop_back();
+        m_watch.count();
+        if (!isWithin && !m_triangulation.is_infinite(face)) {
+            take(face);
+        }
+        for (int index = 0; index < 3; ++index) {
+            Face const next = face->neighbor(index);
+            if (!next->info().isReached) {
+                next->info().isReached = true;
+                reached.emplace_back(next, isWithin != face->info().isOfLoops[static_cast<std::size_t>(index)]);
+            }
+        }
+    }
+    return m_taken - before;
+}
+
+std::int64_t PlaneTriangulation::Implementation::removeSlivers(double keepFactor)
+{
+    // Sides of equal length are no numbers that a computer has, and the largest factor is to keep them.
+    double const least = keepFactor * (1 - 1e-12);
+    std::int64_t const before = m_taken;
+    std::vector<Face> gone;
+    auto const start = m_triangulation.incident_faces(m_triangulation.infinite_vertex());
+    auto outside = start;
+    do {
+        gone.push_back(outside);
+    } while (++outside != start);
+    while (!gone.empty()) {
+        Face const face = gone.back();
+        gone.pop_back();
+        for (int index = 0; index < 3; ++index) {
+            m_watch.count();
+            Face const next = face->neighbor(index);
+            bool const isOpen = !face->is_constrained(index) && !m_triangulation.is_infinite(next);
+            if (isOpen && !next->info().isTaken && roundness(next) < least) {
+                take(next);
+                gone.push_back(next);
+            }
+        }
+    }
+    return m_taken - before;
+}
+
+void PlaneTriangulation::Implementation::writeTriangles(std::int64_t* corners, Progress& progress) const
+{
+    progress.setTotal(triangleCount());
+    std::int64_t done = 0;
+    for (Face const face : m_triangulation.finite_face_handles()) {
+        m_watch.count();
+        if (face->info().isTaken) {
+            continue;
+        }
+        for (int corner = 0; corner < 3; ++corner) {
+            *corners++ = face->vertex(corner)->info().value;
+        }
+        if (++done % 512 == 0) {
+            progress.advance(512);
+        }
+    }
+}
+
+PlaneTriangulation::PlaneTriangulation(Progress const& progress)
+    : m_implementation(std::make_unique<Implementation>(progress))
+{
+}
+
+PlaneTriangulation::~PlaneTriangulation() = default;
+
+bool PlaneTriangulation::insertPoints(PlanePlace const* places, std::vector<Number> const& order, Progress& progress)
+{
+    return m_implementation->insertPoints(places, order, progress);
+}
+
+PlaneTriangulation::Mix PlaneTriangulation::mixAt(PlanePlace const& place)
+{
+    return m_implementation->mixAt(place);
+}
+
+std::int64_t PlaneTriangulation::insertLine(std::vector<PlanePlace> const& places, std::vector<Number> const& numbers,
+                                            bool isOfLoop)
+{
+    return m_implementation->insertLine(places, numbers, isOfLoop);
+}
+
+void PlaneTriangulation::joinLines(Number firstNew)
+{
+    m_implementation->joinLines(firstNew);
+}
+
+std::vector<PlaneTriangulation::Crossing> const& PlaneTriangulation::crossings() const
+{
+    return m_implementation->crossings();
+}
+
+std::int64_t PlaneTriangulation::cutOutside()
+{
+    return m_implementation->cutOutside();
+}
+
+std::int64_t PlaneTriangulation::removeSlivers(double keepFactor)
+{
+    return m_implementation->removeSlivers(keepFactor);
+}
+
+std::int64_t PlaneTriangulation::triangleCount() const
+{
+    return m_implementation->triangleCount();
+}
+
+void PlaneTriangulation::writeTriangles(std::int64_t* corners, Progress& progress) const
+{
+    m_implementation->writeTriangles(corners, progress);
+}
+
+} // namespace veldraw::kernel

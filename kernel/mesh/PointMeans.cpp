@@ -1,0 +1,85 @@
+#include "kernel/mesh/PointMeans.h"
+
+#include "kernel/base/ZeroedArray.h"
+#include "kernel/compute/ValueBlock.h"
+#include "kernel/data/Zone.h"
+
+#include <limits>
+
+namespace veldraw::kernel {
+
+namespace {
+
+/// Calls @p body (slot, points, number of points) for each cell with its points.
+template <typename Body>
+void forOrderedCells(ZoneDimensions const& size, Body const& body)
+{
+    std::vector<std::int64_t> steps{0}; // from the first corner of a cell to all
+    for (auto const& [points, stride] :
+         {std::pair(size.i, std::int64_t{1}), std::pair(size.j, size.i), std::pair(size.k, size.i * size.j)}) {
+        std::size_t const known = steps.size();
+        for (std::size_t at = 0; at < known && points > 1; ++at) {
+            steps.push_back(steps[at] + stride);
+        }
+    }
+    auto const cellsOf = [](std::int64_t points) { return points > 1 ? points - 1 : points; };
+    std::vector<std::int64_t> corners(steps.size());
+    for (std::int64_t k = 0; k < cellsOf(size.k); ++k) {
+        for (std::int64_t j = 0; j < cellsOf(size.j); ++j) {
+            for (std::int64_t i = 0; i < cellsOf(size.i); ++i) {
+                std::int64_t const slot = i + size.i * (j + size.j * k);
+                for (std::size_t at = 0; at < steps.size(); ++at) {
+                    corners[at] = slot + steps[at];
+                }
+                body(slot, corners.data(), steps.size());
+            }
+        }
+    }
+}
+
+template <typename Body>
+void forListedCells(Connectivity const& cells, Body const& body)
+{
+    for (std::int64_t cell = 0; cell < cells.cellCount; ++cell) {
+        std::int64_t const first = cells.offsets[cell];
+        body(cell, cells.indices + first, static_cast<std::size_t>(cells.offsets[cell + 1] - first));
+    }
+}
+
+} // namespace
+
+std::shared_ptr<Buffer const> meansAtPoints(ZoneType_e type, ZoneDimensions const& dimensions, Buffer const& values,
+                                            Progress const& progress)
+{
+    std::int64_t const points = Zone({}, type, dimensions.i, dimensions.j, dimensions.k).pointCount();
+    ZeroedArray<double> sums(static_cast<std::size_t>(points));
+    ZeroedArray<std::uint32_t> counts(static_cast<std::size_t>(points));
+    auto const hidden = dimensions.blanking ? dimensions.blanking->hidden(ValueLocation_CellCentered) : nullptr;
+    auto const add = [&](std::int64_t slot, std::int64_t const* corners, std::size_t count) {
+        if (slot % blockSize == 0) {
+            progress.check();
+        }
+        if (hidden && hidden->contains(slot)) {
+            return;
+        }
+        double const value = values.value(slot);
+        for (std::size_t at = 0; at < count; ++at) {
+            sums[static_cast<std::size_t>(corners[at])] += value;
+            ++counts[static_cast<std::size_t>(corners[at])];
+        }
+    };
+    if (type == ZoneType_Ordered) {
+        forOrderedCells(dimensions, add);
+    } else if (dimensions.connectivity) {
+        forListedCells(*dimensions.connectivity, add);
+    }
+    std::shared_ptr<Buffer> const result = Buffer::allocate(computedType(values.type()), points);
+    for (std::int64_t point = 0; point < points; ++point) {
+        auto const at = static_cast<std::size_t>(point);
+        double const count = counts[at];
+        result->setValue(point, counts[at] > 0 ? sums[at] / count : std::numeric_limits<double>::quiet_NaN());
+    }
+    return result;
+}
+
+} // namespace veldraw::kernel

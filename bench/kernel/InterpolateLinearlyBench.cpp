@@ -1,5 +1,5 @@
 // Linear interpolation to random points, beside VTK's probe filter on the same data.
-#include "kernel/base/SystemMemory.h"
+#include "PeakMemory.h"
 #include "kernel/operations/InterpolateLinearly.h"
 #include "kernel/operations/SetPlotType.h"
 #include "kernel/session/Session.h"
@@ -211,34 +211,12 @@ std::pair<double, std::vector<double>> probe(vtkPointSet& source, Places const& 
     return {seconds, found};
 }
 
-/// Megabytes of the process: "VmRSS:" now, or "VmHWM:" at most since forgetPeak().
-double megabytes(std::string const& which)
-{
-    std::ifstream file("/proc/self/status");
-    std::string word;
-    double kibibytes = 0;
-    while (file >> word && word != which) {
-    }
-    file >> kibibytes;
-    return kibibytes / 1024;
-}
-
-void forgetPeak()
-{
-    std::ofstream("/proc/self/clear_refs") << "5";
-}
-
 /// What an interpolation takes at most beyond the new array, for each byte of coordinates of the source and the target.
 double memoryOf(Stage& stage)
 {
     auto const points = [&](int zone) { return static_cast<double>(stage.dataSet->zone(zone)->pointCount()); };
-    constexpr double bytesOfMegabyte = 1024 * 1024;
-    returnFreedMemory();
-    forgetPeak();
-    double const before = megabytes("VmRSS:");
-    stage.interpolate();
-    double const taken = megabytes("VmHWM:") - before - points(2) * sizeof(double) / bytesOfMegabyte;
-    return taken * bytesOfMegabyte / ((points(1) + points(2)) * 3 * sizeof(double));
+    double const taken = peakBytes([&] { stage.interpolate(); }) - points(2) * sizeof(double);
+    return taken / ((points(1) + points(2)) * 3 * sizeof(double));
 }
 
 /// Measures the interpolation, and tells how long it takes for each second of VTK's filter, which has to find the same values.

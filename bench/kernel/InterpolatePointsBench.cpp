@@ -1,5 +1,6 @@
 // Inverse distance and kriging between random points, each beside its peer on the same data in the same run.
 #include "CancellingWaiter.h"
+#include "PeakMemory.h"
 #include "kernel/compute/KrigingModel.h"
 #include "kernel/compute/NeighborSearch.h"
 #include "kernel/compute/SpatialOrder.h"
@@ -290,7 +291,32 @@ void krigingFromNearest(benchmark::State& state)
         search->find(place, 1, choice, progress, found);
         results[static_cast<std::size_t>(target)] = krigedByEigen(*search, found, 0, place, model, values);
     }
-    tell(state, stage, seconds, secondsSince(start), results);
+    double const peerSeconds = secondsSince(start);
+    tell(state, stage, seconds, peerSeconds, results);
+    auto const startOfSearch = Clock::now();
+#pragma omp parallel for schedule(dynamic, 512)
+    for (std::int64_t target = 0; target < size; ++target) {
+        Neighborhoods found;
+        search->find(&stage.targets[static_cast<std::size_t>(3 * target)], 1, choice, progress, found);
+    }
+    double const searchSeconds = secondsSince(startOfSearch);
+    state.counters["search_s"] = searchSeconds;
+    state.counters["ratio_without_search"] = (seconds - searchSeconds) / (peerSeconds - searchSeconds);
+}
+
+/// What an interpolation takes at most beyond the new array, for each byte of coordinates of sources and targets.
+template <bool isKriging>
+void memoryOfNearest(benchmark::State& state)
+{
+    ScatteredStage stage(state.range(0), state.range(1));
+    NeighborChoice const choice{PtSelection_NearestN, 8};
+    double taken = 0.0;
+    for (auto _ : state) {
+        taken = peakBytes([&] { isKriging ? stage.krige(choice) : stage.byInverseDistance(choice, 2.0); });
+    }
+    auto const targets = static_cast<double>(state.range(1));
+    auto const points = static_cast<double>(state.range(0)) + targets;
+    state.counters["memory"] = (taken - targets * sizeof(double)) / (points * 3 * sizeof(double));
 }
 
 /// The longest time from a cancel to the end of the operation, cancelled at points of time all over its course.
@@ -339,7 +365,17 @@ BENCHMARK(inverseDistanceFromNearest)
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
 BENCHMARK(inverseDistanceFromAll)->Arg(10000)->Unit(benchmark::kMillisecond)->UseRealTime();
-BENCHMARK(krigingFromNearest)->Arg(10000)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(krigingFromNearest)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK_TEMPLATE(memoryOfNearest, false)
+    ->ArgsProduct({{100000, 8000000}, {100000, 8000000}})
+    ->Iterations(1)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+BENCHMARK_TEMPLATE(memoryOfNearest, true)
+    ->ArgsProduct({{100000, 8000000}, {100000}})
+    ->Iterations(1)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
 BENCHMARK(cancelInverseDistance)->Iterations(20)->Unit(benchmark::kMillisecond)->UseManualTime();
 BENCHMARK(cancelKriging)->Iterations(20)->Unit(benchmark::kMillisecond)->UseManualTime();
 

@@ -1,5 +1,6 @@
 #include "kernel/operations/Krige.h"
 
+#include "kernel/base/SystemMemory.h"
 #include "kernel/compute/DenseKriging.h"
 #include "kernel/compute/LocalKriging.h"
 #include "kernel/compute/PointBox.h"
@@ -86,6 +87,7 @@ void Krige::estimate(Task& task, Progress& progress)
         Progress merging(progress, unitsForMerging);
         m_merged = std::max(m_merged, task.mergeCoincidentPoints(merging));
     }
+    returnFreedMemory(); // what sorting took is not to be added to what the search takes
     Progress estimating(progress, progress.total() - unitsForMerging);
     if (takesAll(static_cast<std::int64_t>(task.sourcePoints.size()))) {
         estimateFromAll(task, estimating);

@@ -7,6 +7,7 @@
 #include <cmath>
 #include <limits>
 #include <stdexcept>
+#include <utility>
 
 namespace veldraw::kernel {
 
@@ -65,36 +66,62 @@ void SourcePoints::gather(std::size_t variable, std::uint32_t const* points, std
     }
 }
 
+/// Calls @p take for each point of a range with its largest coordinate, or infinity where it is not to be taken; slots without a
+/// value are passed over.
+template <typename Take>
+void SourcePoints::look(std::int64_t first, std::int64_t last, bool withHidden, Take const& take) const
+{
+    for (auto point = static_cast<std::uint32_t>(first); point < last; ++point) {
+        Part const& part = partOf(point);
+        std::int64_t const slot = point - part.first;
+        if (!part.places.exists(slot)) {
+            continue;
+        }
+        double place[3];
+        part.places.read(slot, place);
+        double const largest = largestOf(place, m_dimensions);
+        bool const isTaken = largest <= largestCoordinate && (withHidden || !part.places.isHidden(slot));
+        take(point, isTaken ? largest : std::numeric_limits<double>::infinity());
+    }
+}
+
 SourcePoints::Selection SourcePoints::select(bool withHidden, Progress const& progress) const
 {
-    auto const chunks = static_cast<std::size_t>(parallelChunkCount(m_end));
-    std::vector<Selection> parts(chunks);
+    struct Count
+    {
+        std::size_t points = 0;
+        std::int64_t leftOut = 0;
+        double largest = 0.0;
+    };
+    // Counted first, since lists of all chunks beside the whole one would take twice the memory.
+    std::vector<Count> counts(static_cast<std::size_t>(parallelChunkCount(m_end)));
     parallelFor(m_end, [&](std::int64_t first, std::int64_t last, std::int64_t chunk) {
         progress.check();
-        Selection& selection = parts[static_cast<std::size_t>(chunk)];
-        for (auto point = static_cast<std::uint32_t>(first); point < last; ++point) {
-            Part const& part = partOf(point);
-            std::int64_t const slot = point - part.first;
-            if (!part.places.exists(slot)) {
-                continue;
-            }
-            double place[3];
-            part.places.read(slot, place);
-            double const largest = largestOf(place, m_dimensions);
-            if (largest <= largestCoordinate && (withHidden || !part.places.isHidden(slot))) {
-                selection.points.push_back(point);
-                selection.largest = std::max(selection.largest, largest);
-            } else {
-                ++selection.leftOut;
-            }
-        }
+        Count& count = counts[static_cast<std::size_t>(chunk)];
+        look(first, last, withHidden, [&count](std::uint32_t, double largest) {
+            bool const isTaken = std::isfinite(largest);
+            count.points += isTaken ? 1 : 0;
+            count.leftOut += isTaken ? 0 : 1;
+            count.largest = std::max(count.largest, isTaken ? largest : 0.0);
+        });
     });
     Selection whole;
-    for (Selection const& part : parts) {
-        whole.points.insert(whole.points.end(), part.points.begin(), part.points.end());
-        whole.leftOut += part.leftOut;
-        whole.largest = std::max(whole.largest, part.largest);
+    std::size_t size = 0;
+    for (Count& count : counts) {
+        size += std::exchange(count.points, size);
+        whole.leftOut += count.leftOut;
+        whole.largest = std::max(whole.largest, count.largest);
     }
+    whole.points.resize(size);
+    parallelFor(m_end, [&](std::int64_t first, std::int64_t last, std::int64_t chunk) {
+        progress.check();
+        std::uint32_t* next = whole.points.data() + counts[static_cast<std::size_t>(chunk)].points;
+        look(first, last, withHidden, [&next](std::uint32_t point, double largest) {
+            if (std::isfinite(largest)) {
+                *next++ = point;
+            }
+        });
+    });
     return whole;
 }
 

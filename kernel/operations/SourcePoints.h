@@ -52,6 +52,9 @@ private:
 
     Part const& partOf(std::uint32_t point) const;
 
+    template <typename Take>
+    void look(std::int64_t first, std::int64_t last, bool withHidden, Take const& take) const;
+
     int m_dimensions;
     double m_scale = 1.0;
     std::vector<Part> m_parts;

@@ -19,7 +19,7 @@ bool allExist(NumberSet const& numbers, std::size_t count)
 
 std::shared_ptr<Change> LineMapOperation::makeChange(EventHub& events)
 {
-    std::vector<StateChangeEvent> told{eventOf(StateChange_LineMaps)};
+    std::vector<StateChangeEvent> told{eventOf(StateChange_LineMaps), styleEvent(alteredStyle())};
     return std::make_shared<SwapChange<std::vector<LineMap>>>(events, frame(), frame()->lineMaps, alteredMaps(),
                                                               std::move(told));
 }

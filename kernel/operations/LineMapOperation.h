@@ -4,10 +4,12 @@
 #include "kernel/operations/FrameOperation.h"
 
 #include <functional>
+#include <string>
+#include <vector>
 
 namespace veldraw::kernel {
 
-/// Alters the line maps of a frame; event 19. Line maps are given by one-based numbers.
+/// Alters the line maps of a frame; event 19, and event 7 about what they assign. Line maps are given by one-based numbers.
 class LineMapOperation : public FrameOperation
 {
 public:
@@ -15,6 +17,9 @@ public:
 
 protected:
     using FrameOperation::FrameOperation;
+
+    /// The style values that the line maps have otherwise afterwards.
+    virtual std::vector<std::string> alteredStyle() const { return {"LineMap", "Assign"}; }
 
     /// The line maps afterwards. @throws what keeps them from being altered
     virtual std::vector<LineMap> alteredMaps() const = 0;
@@ -62,10 +67,13 @@ class ChangeLineMaps : public LineMapOperation
 {
 public:
     /// @param alter called with a copy of each of the line maps
-    ChangeLineMaps(UniqueId frame, NumberSet maps, std::function<void(LineMap&)> alter)
+    /// @param style the style values that it alters
+    ChangeLineMaps(UniqueId frame, NumberSet maps, std::function<void(LineMap&)> alter,
+                   std::vector<std::string> style = {"LineMap"})
         : LineMapOperation(frame)
         , m_maps(std::move(maps))
         , m_alter(std::move(alter))
+        , m_style(std::move(style))
     {
     }
 
@@ -73,11 +81,13 @@ public:
     std::string reasonAgainst() const override;
 
 protected:
+    std::vector<std::string> alteredStyle() const override { return m_style; }
     std::vector<LineMap> alteredMaps() const override;
 
 private:
     NumberSet m_maps;
     std::function<void(LineMap&)> m_alter;
+    std::vector<std::string> m_style;
 };
 
 /// The first line map, which is made if there is none, shows one variable of a zone over another. "Line Map". Refused: a frame

@@ -58,14 +58,10 @@ SetValueReturnCode_e LineMapStyleItem::write(StyleAddress const& address, StyleN
     if (numberOf(*mapAt(*frame, address), dataSet) == number.whole) {
         return SetValueReturnCode_Duplicate;
     }
-    StateChangeEvent event{StateChange_Style, {}, {}, path(), frame->id};
     bool const isWritten = m_access.performer.perform(ChangeLineMaps(
-        frame->id, {static_cast<int>(address.offset1)}, [&](LineMap& map) { assign(map, dataSet, number.whole); }));
-    if (!isWritten) {
-        return SetValueReturnCode_Refused;
-    }
-    m_access.events.emitEvent(event);
-    return SetValueReturnCode_Ok;
+        frame->id, {static_cast<int>(address.offset1)}, [&](LineMap& map) { assign(map, dataSet, number.whole); },
+        path()));
+    return isWritten ? SetValueReturnCode_Ok : SetValueReturnCode_Refused;
 }
 
 long long LineMapDependencyItem::numberOf(LineMap const& map, DataSet const*) const

@@ -11,7 +11,6 @@ namespace veldraw::kernel {
 struct Frame;
 struct LineMap;
 class DataSet;
-class EventHub;
 class OperationPerformer;
 class Pages;
 
@@ -20,11 +19,10 @@ class Pages;
 class LineMapStyleItem : public StyleItem
 {
 public:
-    /// What an item uses to find and change line maps and to send events.
+    /// What an item uses to find and change line maps.
     struct Access
     {
         Pages const& pages;
-        EventHub& events;
         OperationPerformer& performer;
     };
 

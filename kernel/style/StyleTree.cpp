@@ -58,7 +58,7 @@ void StyleTree::addInterfaceItems()
 
 void StyleTree::addLineMapItems()
 {
-    LineMapStyleItem::Access const access{m_pages, m_events, m_performer};
+    LineMapStyleItem::Access const access{m_pages, m_performer};
     add(std::make_unique<LineMapVariableItem>(access, StylePath{"LineMap", "Assign", "XAxisVar"}, &LineMap::xVariable));
     add(std::make_unique<LineMapVariableItem>(access, StylePath{"LineMap", "Assign", "YAxisVar"}, &LineMap::yVariable));
     add(std::make_unique<LineMapDependencyItem>(access, StylePath{"LineMap", "Assign", "FunctionDependency"}));

@@ -332,9 +332,9 @@ TEST_F(SessionOperations, SetTheLinePlot)
     EXPECT_EQ(frame->lineMaps[0].zone, dataSet->zone(2)->id);
     EXPECT_EQ(frame->lineMaps[0].xVariable, dataSet->variable(4)->id);
     EXPECT_EQ(frame->lineMaps[0].yVariable, dataSet->variable(5)->id);
-    EXPECT_THAT(recorder.take(), ElementsAre("19 frame"));
+    EXPECT_THAT(recorder.take(), ElementsAre("19 frame", "7 LineMap Assign frame"));
     EXPECT_EQ(session.history().undoName(), "Line Map");
-    expectUndoAndRedo(before, {"19 frame"}, {"19 frame"});
+    expectUndoAndRedo(before, {"19 frame", "7 LineMap Assign frame"}, {"19 frame", "7 LineMap Assign frame"});
     expectRefused([&] { return session.perform(SetLinePlot(frame->id, 3, 1, 2)); });
     expectRefused([&] { return session.perform(SetLinePlot(frame->id, 1, 0, 2)); });
     expectRefused([&] { return session.perform(SetLinePlot(frame->id, 1, 1, 6)); });
@@ -353,8 +353,8 @@ TEST_F(SessionOperations, CreateChangeAndDeleteLineMaps)
     std::string const before = withoutHistory();
     EXPECT_TRUE(session.perform(CreateLineMap(frame->id)));
     EXPECT_EQ(frame->lineMaps.size(), 2U);
-    EXPECT_THAT(recorder.take(), ElementsAre("19 frame"));
-    expectUndoAndRedo(before, {"19 frame"}, {"19 frame"});
+    EXPECT_THAT(recorder.take(), ElementsAre("19 frame", "7 LineMap Assign frame"));
+    expectUndoAndRedo(before, {"19 frame", "7 LineMap Assign frame"}, {"19 frame", "7 LineMap Assign frame"});
     EXPECT_TRUE(session.perform(ChangeLineMaps(frame->id, {1, 2}, [](LineMap& map) { map.active = false; })));
     EXPECT_FALSE(frame->lineMaps[1].active);
     recorder.take();
@@ -370,7 +370,7 @@ TEST_F(SessionOperations, CreateChangeAndDeleteLineMaps)
     expectRefused([&] { return session.perform(DeleteLineMaps(frame->id, {0})); });
     EXPECT_TRUE(session.perform(DeleteLineMaps(frame->id, {1})));
     EXPECT_EQ(frame->lineMaps.size(), 1U);
-    EXPECT_THAT(recorder.take(), ElementsAre("19 frame"));
+    EXPECT_THAT(recorder.take(), ElementsAre("19 frame", "7 LineMap Assign frame"));
     EXPECT_TRUE(session.perform(DeleteLineMaps(frame->id, {})));
     EXPECT_THAT(recorder.take(), IsEmpty());
 }

@@ -152,6 +152,11 @@ bool VelUtilLinearInterpolate(Set_s* sourceZones, int destinationZone, Set_s* va
     });
 }
 
+bool VelUtilSmooth(int, int, int, double, int)
+{
+    return api::answerOr(false, [] { return session().refuse("There is no smoothing yet."); });
+}
+
 bool VelUtilTriangulate(Set_s* sourceZones, bool useBoundaryZones, Set_s* boundaryZones, bool includeBoundaryPoints,
                         long long* count, double keepFactor)
 {

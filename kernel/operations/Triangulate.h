@@ -10,7 +10,7 @@
 namespace veldraw::kernel {
 
 /// Appends a zone of triangles between the points of zones in the plane of a 2D plot: their Delaunay triangulation.
-/// "Triangulate"; event 4 with the new zone.
+/// "2D Triangulation"; event 4 with the new zone.
 ///
 /// Boundary zones are lines whose edges become edges of triangles. Those that are loops (findLoops()) cut away what is not
 /// within an odd number of them. Their points are corners as well; included, they have the values of their zone, else, and for
@@ -43,7 +43,7 @@ public:
     /// Number of points that were left out since another one is at the same place, when the operation was performed.
     std::int64_t duplicateCount() const { return m_counts.duplicates; }
 
-    std::string name() const override { return "Triangulate"; }
+    std::string name() const override { return "2D Triangulation"; }
     std::string find(Pages const& pages) override;
     DataSet const* lockable() const override { return &dataSet(); }
     std::string reasonAgainst() const override;

@@ -1,6 +1,8 @@
 #include "dialogs/interpolation/InverseDistanceInterpolationDialog.h"
 #include "dialogs/interpolation/KrigingDialog.h"
 #include "dialogs/interpolation/LinearInterpDialog.h"
+#include "dialogs/smoothing/SmoothDialog.h"
+#include "dialogs/smoothing/TriangulateDialog.h"
 #include "dialogs/spreadsheet/DataSpreadsheetDialog.h"
 #include "dialogs/variableops/DeleteVariableDialog.h"
 #include "dialogs/variableops/LoadVariablesDialog.h"
@@ -25,6 +27,8 @@ using dialogs::data::InverseDistanceInterpolationDialog;
 using dialogs::data::KrigingDialog;
 using dialogs::data::LinearInterpDialog;
 using dialogs::data::LoadVariablesDialog;
+using dialogs::data::SmoothDialog;
+using dialogs::data::TriangulateDialog;
 using sdk::ui::dialogs::DataSpreadsheetDialog;
 
 /// Drives a dialog as an application does that knows no more of it than its class.
@@ -56,6 +60,8 @@ TEST(DialogLibrary, GivesTheApplicationItsDialogsThroughTheCommonInterface)
     expectDrivenThroughTheCommonInterface<LinearInterpDialog>();
     expectDrivenThroughTheCommonInterface<LoadVariablesDialog>(1);
     expectDrivenThroughTheCommonInterface<DataSpreadsheetDialog>();
+    expectDrivenThroughTheCommonInterface<SmoothDialog>();
+    expectDrivenThroughTheCommonInterface<TriangulateDialog>();
 }
 
 } // namespace

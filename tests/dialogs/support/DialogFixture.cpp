@@ -226,7 +226,7 @@ std::vector<double> DialogFixture::values(int zone, int variable) const
 {
     std::vector<double> values;
     auto const buffer = sample.dataSet().field(zone, variable)->group()->buffer();
-    for (int at = 0; at < 6; ++at)
+    for (std::int64_t at = 0; at < buffer->size(); ++at)
         values.push_back(buffer->value(at));
     return values;
 }

@@ -89,7 +89,7 @@ protected:
 
     /// Has the frame show another plot.
     void showAs(PlotType_e plotType);
-    /// The six values of a variable in a zone, both from 1.
+    /// The values of a variable in a zone, both from 1.
     std::vector<double> values(int zone, int variable) const;
 
     std::vector<std::string> zoneNames() const;

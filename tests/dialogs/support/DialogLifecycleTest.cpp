@@ -236,7 +236,7 @@ TEST_P(DialogLifecycleTest, MayBeDestroyedInsideAChangeOfTheListThatItShows)
     launched();
     QPointer<QDialog> const doomed = &dialog();
     // Runs inside the kernel's event, when the list has changed and before the dialog's idle work.
-    QObject::connect(&firstBoundModel(), &QAbstractItemModel::modelReset, mainWindow.get(),
+    QObject::connect(&boundModel(traits.list), &QAbstractItemModel::modelReset, mainWindow.get(),
                      [&doomed] { doomed->deleteLater(); });
     changeTheDataSet();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

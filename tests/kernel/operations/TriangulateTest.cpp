@@ -132,7 +132,7 @@ TEST_F(TriangulateTest, AddsAnEnabledZoneOfTrianglesInOneStep)
     for (int variable = 1; variable <= dataSet->variableCount(); ++variable) {
         EXPECT_EQ(dataSet->field(2, variable)->shareCount(), 1);
     }
-    EXPECT_EQ(session.history().undoName(), "Triangulate");
+    EXPECT_EQ(session.history().undoName(), "2D Triangulation");
     expectUndoAndRedo(before, {"5 zones 2"}, {"4 zones 2"});
 }
 

@@ -1,0 +1,106 @@
+#include "tests/dialogs/smoothing/SmoothFixture.h"
+#include "tests/dialogs/support/ActionUnderSpy.h"
+#include "tests/dialogs/support/RecordedGuards.h"
+#include "tests/support/StyleSession.h"
+
+#include <gmock/gmock.h>
+
+namespace veldraw::tests {
+namespace {
+
+using testing::ElementsAre;
+
+std::string const failed = "error: Error while computing smooth.";
+
+class SmoothKernelTest : public ActionUnderSpy<SmoothFixture>
+{
+protected:
+    /// What the kernel is asked for by a click on the button, when it refuses.
+    std::vector<std::string> refusedCallsOfClick()
+    {
+        spy.reset();
+        spy.failNext("VelUtilSmooth");
+        clickAction();
+        return spy.callsOf("VelUtilSmooth");
+    }
+};
+
+TEST_F(SmoothKernelTest, PassesItsSettingsAsTheyStandInOneCall)
+{
+    EXPECT_THAT(refusedCallsOfClick(), ElementsAre("VelUtilSmooth(1, 3, 1, 0.5, 0)"));
+    choose(zone, 3);
+    choose(variable, 1);
+    enter(passes, "2147483647");
+    enter(coefficient, "0.25");
+    choose(boundary, 2);
+    EXPECT_THAT(refusedCallsOfClick(), ElementsAre("VelUtilSmooth(4, 4, 2147483647, 0.25, 2)"));
+    choose(boundary, 1);
+    EXPECT_THAT(refusedCallsOfClick(), ElementsAre("VelUtilSmooth(4, 4, 2147483647, 0.25, 1)"));
+    choose(zone, 1);
+    EXPECT_THAT(refusedCallsOfClick(), ElementsAre("VelUtilSmooth(2, 4, 2147483647, 0.25, 0)"));
+}
+
+TEST_F(SmoothKernelTest, ChecksNothingItself)
+{
+    SmoothPropertiesManager manager;
+    SmoothPropertiesManager::selectedZone()->setValue(99);
+    SmoothPropertiesManager::selectedVariable()->setValue(-1);
+    spy.reset();
+    manager.smooth();
+    EXPECT_THAT(spy.callsOf("VelUtilSmooth"), ElementsAre("VelUtilSmooth(99, -1, 1, 0.5, 0)"));
+    EXPECT_EQ(spy.calls().front(), "VelUtilSmooth(99, -1, 1, 0.5, 0)");
+    expectTold({failed}, "no such zone");
+}
+
+TEST_F(SmoothKernelTest, HoldsTheApplicationButNotTheCursorWhileItTellsTheOutcome)
+{
+    selectBump();
+    RecordedGuards const recorded;
+    clickAction();
+    spy.failNext("VelUtilSmooth");
+    clickAction();
+    EXPECT_EQ(recorded.guards(), (RecordedGuards::Guards{{1, 0}, {1, 0}}));
+    EXPECT_EQ(sdk::AppLock::depth(), 0);
+}
+
+TEST_F(SmoothKernelTest, IsAvailableWhenTheKernelSaysSoAndAsksNothingElse)
+{
+    for (bool const isOk : {true, false}) {
+        spy.reset();
+        if (!isOk)
+            spy.failNext("VelUtilQueryOkToSmooth");
+        EXPECT_EQ(traits.relevance()->isRelevant(), isOk);
+        EXPECT_THAT(spy.calls(), ElementsAre("VelUtilQueryOkToSmooth()"));
+    }
+}
+
+TEST_F(SmoothKernelTest, AsksWhetherTheZoneIsOrderedInOrderAndNoFurtherThanNeeded)
+{
+    SmoothPropertiesManager const manager;
+    auto const asked = [&](char const* failing) {
+        spy.reset();
+        spy.failNext(failing);
+        EXPECT_FALSE(manager.boundaryRelevance()->isRelevant()) << failing;
+        return spy.calls();
+    };
+    EXPECT_THAT(asked("VelUtilDataSetIsAvailable"), ElementsAre("VelUtilDataSetIsAvailable()"));
+    EXPECT_THAT(asked("VelUtilZoneIsEnabled"), ElementsAre("VelUtilDataSetIsAvailable()", "VelUtilZoneIsEnabled(1)"));
+    EXPECT_THAT(asked("VelUtilZoneIsOrdered"),
+                ElementsAre("VelUtilDataSetIsAvailable()", "VelUtilZoneIsEnabled(1)", "VelUtilZoneIsOrdered(1)"));
+}
+
+TEST_F(SmoothKernelTest, ChangesNoSettingOfTheKernel)
+{
+    selectBump();
+    enter(passes, "3");
+    enter(coefficient, "0.25");
+    choose(boundary, 1);
+    clickAction();
+    auto const styleNumber = [](char const* name) { return StyleSession::number({"Interface", "Data", name}); };
+    EXPECT_EQ(styleNumber("NumSmoothPasses"), 1.0);
+    EXPECT_EQ(styleNumber("SmoothWeight"), 0.5);
+    EXPECT_EQ(styleNumber("SmoothBndryCond"), 0.0);
+}
+
+} // namespace
+} // namespace veldraw::tests

@@ -50,7 +50,8 @@ ValuePlaces::ValuePlaces(ZoneType_e type, ZoneDimensions dimensions, Coordinates
                          ValueLocation_e location)
     : m_isOrdered(type == ZoneType_Ordered)
     , m_dimensions(std::move(dimensions))
-    , m_coordinates(std::move(coordinates))
+    , m_coordinates{QuickReader(std::move(coordinates[0])), QuickReader(std::move(coordinates[1])),
+                    QuickReader(std::move(coordinates[2]))}
     , m_count(count)
     , m_location(location)
     , m_slotCount(Zone({}, type, m_dimensions.i, m_dimensions.j, m_dimensions.k).valueCount(location))
@@ -80,8 +81,7 @@ void ValuePlaces::read(std::int64_t slot, double* place) const
 void ValuePlaces::readPoint(std::int64_t point, double* place) const
 {
     for (int axis = 0; axis < m_count; ++axis) {
-        Buffer const* const values = m_coordinates[static_cast<std::size_t>(axis)].get();
-        place[axis] = values != nullptr ? values->value(point) : 0.0;
+        place[axis] = m_coordinates[static_cast<std::size_t>(axis)].at(point);
     }
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "kernel/data/DimensionsLoader.h"
-#include "kernel/storage/Buffer.h"
+#include "kernel/storage/QuickReader.h"
 #include "platform/vdsdkbase/VelUtilTypes.h"
 
 #include <array>
@@ -40,7 +40,7 @@ private:
 
     bool m_isOrdered;
     ZoneDimensions m_dimensions;
-    Coordinates m_coordinates;
+    std::array<QuickReader, 3> m_coordinates;
     int m_count;
     ValueLocation_e m_location;
     std::int64_t m_slotCount;

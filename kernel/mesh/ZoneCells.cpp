@@ -43,9 +43,7 @@ ZoneCells::ZoneCells(ZoneType_e type, ZoneDimensions dimensions, Coordinates coo
     , m_steps{}
 {
     for (std::size_t axis = 0; axis < 3; ++axis) {
-        if (std::shared_ptr<Buffer const> const& buffer = coordinates[axis]) {
-            m_numbers[axis] = {buffer, buffer->data(), buffer->stride(), buffer->type()};
-        }
+        m_numbers[axis] = QuickReader(std::move(coordinates[axis]));
     }
     if (type != ZoneType_Ordered) {
         m_slotCount = m_dimensions.connectivity ? m_dimensions.connectivity->cellCount : 0;
@@ -91,7 +89,7 @@ Cell ZoneCells::cell(std::int64_t slot, Corners& room) const
 
 void ZoneCells::fetchPoint(std::int64_t number) const
 {
-    for (Numbers const& numbers : m_numbers) {
+    for (QuickReader const& numbers : m_numbers) {
         numbers.fetch(number);
     }
 }

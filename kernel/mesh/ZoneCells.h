@@ -2,7 +2,7 @@
 
 #include "kernel/compute/Box.h"
 #include "kernel/data/DimensionsLoader.h"
-#include "kernel/storage/Buffer.h"
+#include "kernel/storage/QuickReader.h"
 #include "platform/vdsdkbase/VelUtilTypes.h"
 
 #include <cmath>
@@ -66,43 +66,13 @@ public:
     }
 
 private:
-    /// Values of a buffer, the usual types without a call.
-    struct Numbers
-    {
-        double at(std::int64_t index) const
-        {
-            switch (type) {
-            case FieldDataType_Double:
-                return static_cast<double const*>(data)[index * stride];
-            case FieldDataType_Float:
-                return static_cast<double>(static_cast<float const*>(data)[index * stride]);
-            default:
-                return buffer ? buffer->value(index) : 0.0;
-            }
-        }
-
-        void fetch(std::int64_t index) const
-        {
-            if (type == FieldDataType_Double) {
-                __builtin_prefetch(static_cast<double const*>(data) + index * stride);
-            } else if (type == FieldDataType_Float) {
-                __builtin_prefetch(static_cast<float const*>(data) + index * stride);
-            }
-        }
-
-        std::shared_ptr<Buffer const> buffer;
-        void const* data = nullptr;
-        std::int64_t stride = 0;
-        FieldDataType_e type = FieldDataType_Byte;
-    };
-
     void fetchPoint(std::int64_t number) const;
     Cell orderedCell(std::int64_t slot, Corners& room) const;
 
     ZoneType_e m_type;
     ZoneDimensions m_dimensions;
     std::int64_t m_slotCount;
-    std::array<Numbers, 3> m_numbers;
+    std::array<QuickReader, 3> m_numbers;
     std::shared_ptr<HiddenSlots const> m_hidden;
     Connectivity::Shape m_shape;         // of cells that have no shape of their own
     std::size_t m_cornerCount = 0;       // of an ordered zone's cells

@@ -1,5 +1,6 @@
 #include "kernel/data/ValuePlaces.h"
 
+#include "kernel/data/CellSlots.h"
 #include "kernel/data/Zone.h"
 
 #include <array>
@@ -64,10 +65,7 @@ bool ValuePlaces::exists(std::int64_t slot) const
     if (m_location == ValueLocation_Nodal || !m_isOrdered) {
         return slot < m_slotCount;
     }
-    auto const isInCell = [](std::int64_t index, std::int64_t points) { return points == 1 || index < points - 1; };
-    return isInCell(slot % m_dimensions.i, m_dimensions.i) &&
-           isInCell(slot / m_dimensions.i % m_dimensions.j, m_dimensions.j) &&
-           isInCell(slot / m_dimensions.i / m_dimensions.j, m_dimensions.k);
+    return hasCell(slot, m_dimensions.i, m_dimensions.j, m_dimensions.k);
 }
 
 void ValuePlaces::read(std::int64_t slot, double* place) const

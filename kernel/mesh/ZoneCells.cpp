@@ -1,5 +1,6 @@
 #include "kernel/mesh/ZoneCells.h"
 
+#include "kernel/data/CellSlots.h"
 #include "kernel/data/Zone.h"
 
 namespace veldraw::kernel {
@@ -116,11 +117,7 @@ void ZoneCells::fetchAhead(std::int64_t slot, int step) const
 
 Cell ZoneCells::orderedCell(std::int64_t slot, Corners& room) const
 {
-    std::int64_t const row = slot / m_dimensions.i;
-    std::int64_t const layer = row / m_dimensions.j;
-    auto const isInCell = [](std::int64_t index, std::int64_t points) { return points == 1 || index < points - 1; };
-    bool const exists = isInCell(slot - row * m_dimensions.i, m_dimensions.i) &&
-                        isInCell(row - layer * m_dimensions.j, m_dimensions.j) && isInCell(layer, m_dimensions.k);
+    bool const exists = hasCell(slot, m_dimensions.i, m_dimensions.j, m_dimensions.k);
     for (std::size_t corner = 0; corner < m_cornerCount; ++corner) {
         room[corner] = slot + m_steps[corner];
     }

@@ -10,4 +10,10 @@ std::string FrameOperation::find(Pages const& pages)
     return m_frame ? "" : noFrame;
 }
 
+std::string FrameDataOperation::find(Pages const& pages)
+{
+    bool const hasData = FrameOperation::find(pages).empty() && frame()->dataSet;
+    return hasData ? "" : "There is no data set.";
+}
+
 } // namespace veldraw::kernel

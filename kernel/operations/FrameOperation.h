@@ -39,4 +39,18 @@ private:
     std::shared_ptr<Frame> m_frame;
 };
 
+/// An operation on the data set of a frame, in which the frame's plot type or axis variables count. It is refused while the data
+/// set is locked.
+class FrameDataOperation : public FrameOperation
+{
+public:
+    std::string find(Pages const& pages) override;
+    DataSet const* lockable() const override { return frame()->dataSet.get(); }
+
+protected:
+    using FrameOperation::FrameOperation;
+
+    DataSet const& dataSet() const { return *frame()->dataSet; }
+};
+
 } // namespace veldraw::kernel

@@ -8,17 +8,11 @@
 namespace veldraw::kernel {
 
 Interpolation::Interpolation(UniqueId frame, NumberSet sources, int destination, NumberSet variables)
-    : FrameOperation(frame)
+    : FrameDataOperation(frame)
     , m_sources(std::move(sources))
     , m_destination(destination)
     , m_variables(std::move(variables))
 {
-}
-
-std::string Interpolation::find(Pages const& pages)
-{
-    bool const hasData = FrameOperation::find(pages).empty() && frame()->dataSet;
-    return hasData ? "" : "There is no data set.";
 }
 
 std::string Interpolation::reasonAgainst() const

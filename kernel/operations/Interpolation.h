@@ -18,11 +18,9 @@ namespace veldraw::kernel {
 ///
 /// Refused: no 2D or 3D plot; an empty set; zones or variables that do not exist; an axis variable among the variables; an
 /// axis without a variable or with its values at the cells; a variable that is passive in a source zone.
-class Interpolation : public FrameOperation
+class Interpolation : public FrameDataOperation
 {
 public:
-    std::string find(Pages const& pages) override;
-    DataSet const* lockable() const override { return &dataSet(); }
     std::string reasonAgainst() const override;
     bool isLong() const override { return true; }
     std::shared_ptr<DeferredLoad> needs() override;
@@ -40,7 +38,6 @@ protected:
     /// @throws Interrupted, std::bad_alloc, std::runtime_error with a reason
     virtual std::string interpolate(Fields const& fields, Progress& progress) = 0;
 
-    DataSet const& dataSet() const { return *frame()->dataSet; }
     NumberSet const& sources() const { return m_sources; }
     int destination() const { return m_destination; }
     NumberSet const& variables() const { return m_variables; }

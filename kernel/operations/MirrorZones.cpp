@@ -27,15 +27,9 @@ NumberSet mirroredAsAWhole(Frame const& frame)
 
 } // namespace
 
-std::string MirrorZones::find(Pages const& pages)
-{
-    bool const hasData = FrameOperation::find(pages).empty() && frame()->dataSet;
-    return hasData ? "" : "There is no data set.";
-}
-
 std::string MirrorZones::reasonAgainst() const
 {
-    if (char const* const reason = reasonAgainstZones(*frame()->dataSet, m_zones)) {
+    if (char const* const reason = reasonAgainstZones(dataSet(), m_zones)) {
         return reason;
     }
     if (m_coordinate < 'X' || m_coordinate > 'Z') {
@@ -62,10 +56,9 @@ NumberSet MirrorZones::mirroredVariables() const
 
 std::shared_ptr<DeferredLoad> MirrorZones::needs()
 {
-    DataSet const& dataSet = *frame()->dataSet;
-    m_remark = remarkOnUntransformedVectors(name(), dataSet, m_zones, mirroredAsAWhole(*frame()),
+    m_remark = remarkOnUntransformedVectors(name(), dataSet(), m_zones, mirroredAsAWhole(*frame()),
                                             frame()->variableNumber('Z') != 0 ? 3 : 2);
-    m_load = std::make_shared<DeferredLoad>(dataSet);
+    m_load = std::make_shared<DeferredLoad>(dataSet());
     NumberSet const variables = mirroredVariables();
     for (int const zone : m_zones) {
         for (int const variable : variables) {
@@ -80,7 +73,7 @@ void MirrorZones::compute(Progress& progress)
     m_copies.clear();
     FieldReflection reflection(mirroredVariables());
     reflection.setDeferred(*m_load);
-    for (FieldReplacement::ZonePart& part : transformZones(*frame()->dataSet, m_zones, reflection, progress)) {
+    for (FieldReplacement::ZonePart& part : transformZones(dataSet(), m_zones, reflection, progress)) {
         m_copies.emplace_back(std::move(part.zone), std::move(part.fields));
     }
 }

@@ -13,20 +13,18 @@ namespace veldraw::kernel {
 /// opposite sense of rotation.
 ///
 /// Refused: as DuplicateZones; a coordinate that is not assigned; a component of the vector that is another coordinate.
-class MirrorZones : public FrameOperation
+class MirrorZones : public FrameDataOperation
 {
 public:
     /// @param zones one-based numbers; @param coordinate 'X', 'Y' or 'Z' as the frame's axes have them
     MirrorZones(UniqueId frame, NumberSet zones, char coordinate)
-        : FrameOperation(frame)
+        : FrameDataOperation(frame)
         , m_zones(std::move(zones))
         , m_coordinate(coordinate)
     {
     }
 
     std::string name() const override { return "Create Mirror Zone"; }
-    std::string find(Pages const& pages) override;
-    DataSet const* lockable() const override { return frame()->dataSet.get(); }
     std::string reasonAgainst() const override;
     bool isLong() const override { return true; }
     std::shared_ptr<DeferredLoad> needs() override;

@@ -2,6 +2,7 @@
 
 #include "kernel/base/Text.h"
 #include "kernel/compute/CopyValues.h"
+#include "kernel/data/CellSlots.h"
 #include "kernel/data/ValueEdit.h"
 
 #include <cmath>
@@ -10,15 +11,6 @@
 namespace veldraw::kernel {
 
 namespace {
-
-/// Whether a slot of a cell-centred field of an ordered zone belongs to a cell.
-bool isCell(Zone const& zone, std::int64_t index)
-{
-    std::int64_t const i = index % zone.i;
-    std::int64_t const j = index / zone.i % zone.j;
-    std::int64_t const k = index / zone.i / zone.j;
-    return (zone.i == 1 || i < zone.i - 1) && (zone.j == 1 || j < zone.j - 1) && (zone.k == 1 || k < zone.k - 1);
-}
 
 constexpr char noValues[] =
     "The variable is passive in this zone: it has no values there, reads as 0 and cannot be edited.";
@@ -97,7 +89,7 @@ char const* SetValue::reasonAgainstPlace() const
     Zone const& zone = *dataSet()->zone(m_zone);
     bool const isAtCells = zone.isOrdered() && field->location() == ValueLocation_CellCentered;
     bool const exists = m_index >= 0 && m_index < field->group()->size() && (!isAtCells || zone.pointCount() > m_index);
-    return exists && (!isAtCells || isCell(zone, m_index)) ? nullptr : "There is no such value.";
+    return exists && (!isAtCells || hasCell(m_index, zone.i, zone.j, zone.k)) ? nullptr : "There is no such value.";
 }
 
 std::string SetValue::reasonAgainst() const

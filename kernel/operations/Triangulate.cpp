@@ -63,12 +63,6 @@ struct Triangles : Connectivity
 
 } // namespace
 
-std::string Triangulate::find(Pages const& pages)
-{
-    bool const hasData = FrameOperation::find(pages).empty() && frame()->dataSet;
-    return hasData ? "" : "There is no data set.";
-}
-
 NumberSet Triangulate::allZones() const
 {
     NumberSet zones = m_sources;

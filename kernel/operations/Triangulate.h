@@ -26,13 +26,13 @@ namespace veldraw::kernel {
 /// Refused: no 2D plot; no source zones; zones that do not exist or are disabled; an axis without a variable or with its values
 /// at the cells; a boundary that is no ordered zone of one dimension; a keep factor not between 0 and 0.5; coordinates that are not
 /// finite; fewer than three different source points, or all on one line; nothing left.
-class Triangulate : public FrameOperation
+class Triangulate : public FrameDataOperation
 {
 public:
     /// @param frame whose X and Y count; @param sources one-based numbers of zones, @param boundaries likewise, may be empty
     /// @param keepFactor least inradius / circumradius of a triangle at the rim, 0 to 0.5
     Triangulate(UniqueId frame, NumberSet sources, NumberSet boundaries, bool includeBoundaryPoints, double keepFactor)
-        : FrameOperation(frame)
+        : FrameDataOperation(frame)
         , m_sources(std::move(sources))
         , m_boundaries(std::move(boundaries))
         , m_includeBoundaryPoints(includeBoundaryPoints)
@@ -44,8 +44,6 @@ public:
     std::int64_t duplicateCount() const { return m_counts.duplicates; }
 
     std::string name() const override { return "2D Triangulation"; }
-    std::string find(Pages const& pages) override;
-    DataSet const* lockable() const override { return &dataSet(); }
     std::string reasonAgainst() const override;
     bool isLong() const override { return true; }
     std::shared_ptr<DeferredLoad> needs() override;
@@ -66,7 +64,6 @@ private:
         std::int64_t different = 0; ///< points in the triangulation
     };
 
-    DataSet const& dataSet() const { return *frame()->dataSet; }
     NumberSet allZones() const;
     std::string reasonAgainstZone(int zone) const;
     static std::string reasonAgainstBoundary(Zone const& zone);

@@ -8,6 +8,7 @@
 #include "kernel/operations/Krige.h"
 #include "kernel/operations/MirrorZones.h"
 #include "kernel/operations/RotateZones.h"
+#include "kernel/operations/SmoothVariable.h"
 #include "kernel/operations/SpatialVariables.h"
 #include "kernel/operations/Triangulate.h"
 
@@ -152,9 +153,19 @@ bool VelUtilLinearInterpolate(Set_s* sourceZones, int destinationZone, Set_s* va
     });
 }
 
-bool VelUtilSmooth(int, int, int, double, int)
+bool VelUtilSmooth(int zone, int variable, int numberOfPasses, double weight, int boundaryCondition)
 {
-    return api::answerOr(false, [] { return session().refuse("There is no smoothing yet."); });
+    return api::answerOr(false, [&] {
+        std::shared_ptr<Frame> const frame = session().activeFrame();
+        if (!frame) {
+            return session().refuse("There is no frame.");
+        }
+        if (boundaryCondition < BoundaryCondition_Fixed || boundaryCondition > BoundaryCondition_SecondOrder) {
+            return session().refuse("There is no such boundary condition.");
+        }
+        return session().perform(SmoothVariable(frame->id, zone, variable, numberOfPasses, weight,
+                                                static_cast<BoundaryCondition_e>(boundaryCondition)));
+    });
 }
 
 bool VelUtilTriangulate(Set_s* sourceZones, bool useBoundaryZones, Set_s* boundaryZones, bool includeBoundaryPoints,

@@ -52,10 +52,6 @@ void parallelFor(std::int64_t count, std::function<void(std::int64_t, std::int64
     }
     std::int64_t const size = chunkSize(count, grain);
     std::int64_t const chunks = chunksOf(count, size);
-    if (chunks == 1) {
-        body(0, count, 0); // starting other threads would take longer than this little work
-        return;
-    }
     forEachInParallel(chunks, [&](std::int64_t chunk) {
         std::int64_t const first = chunk * size;
         body(first, std::min(first + size, count), chunk);
@@ -64,6 +60,10 @@ void parallelFor(std::int64_t count, std::function<void(std::int64_t, std::int64
 
 void forEachInParallel(std::int64_t count, std::function<void(std::int64_t)> const& body)
 {
+    if (count == 1) {
+        body(0); // no other thread is to be started, which may take longer than a little work
+        return;
+    }
     std::vector<std::exception_ptr> failures(static_cast<std::size_t>(count));
     std::atomic<std::int64_t> lowestFailure{count};
 #pragma omp parallel for schedule(dynamic)

@@ -9,8 +9,9 @@ namespace {
 
 using Shape = Connectivity::Shape;
 
-/// The shape of the cells of a finite-element zone that has one for all.
-Shape shapeOf(ZoneType_e type)
+} // namespace
+
+Connectivity::Shape shapeOfCells(ZoneType_e type)
 {
     switch (type) {
     case ZoneType_FELineSeg:
@@ -33,14 +34,12 @@ Shape shapeOf(ZoneType_e type)
     return Shape::Brick;
 }
 
-} // namespace
-
 ZoneCells::ZoneCells(ZoneType_e type, ZoneDimensions dimensions, Coordinates coordinates)
     : m_type(type)
     , m_dimensions(std::move(dimensions))
     , m_slotCount(Zone({}, type, m_dimensions.i, m_dimensions.j, m_dimensions.k).valueCount(ValueLocation_CellCentered))
     , m_hidden(m_dimensions.blanking ? m_dimensions.blanking->hidden(ValueLocation_CellCentered) : nullptr)
-    , m_shape(shapeOf(type))
+    , m_shape(shapeOfCells(type))
     , m_steps{}
 {
     for (std::size_t axis = 0; axis < 3; ++axis) {

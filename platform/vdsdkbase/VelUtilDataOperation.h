@@ -93,13 +93,13 @@ VELDRAW_PLATFORM_API bool VelUtilKrig(Set_s* sourceZones, int destinationZone, S
 VELDRAW_PLATFORM_API bool VelUtilLinearInterpolate(Set_s* sourceZones, int destinationZone, Set_s* variables,
                                                    double constant, int mode);
 
-/// Smooths a variable of a zone of the active data set.
+/// Smooths a variable of a zone of the active frame's data set.
 /// @param zone one-based number
-/// @param variable one-based number
+/// @param variable one-based number; in a field plot none that is on an axis, in a line plot the function of a line map
 /// @param numberOfPasses at least 1
-/// @param weight fraction by which a pass moves a value towards the mean of its neighbours
-/// @param boundaryCondition BoundaryCondition_e as a number
-/// @return false when an argument does not fit the active data set, without memory, or when it was interrupted
+/// @param weight fraction by which a pass moves a value towards the mean of its neighbours, above 0 and at most 0.95
+/// @param boundaryCondition BoundaryCondition_e as a number; the border of a finite-element zone is fixed whatever it is
+/// @return false when an argument does not fit the frame and its data, without memory, or when it was interrupted
 VELDRAW_PLATFORM_API bool VelUtilSmooth(int zone, int variable, int numberOfPasses, double weight,
                                         int boundaryCondition);
 

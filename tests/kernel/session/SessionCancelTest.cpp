@@ -10,7 +10,9 @@
 #include "kernel/operations/RenameZone.h"
 #include "kernel/operations/RotateZones.h"
 #include "kernel/operations/SetPlotType.h"
+#include "kernel/operations/SmoothVariable.h"
 #include "tests/kernel/support/LookCounter.h"
+#include "tests/kernel/support/MeshData.h"
 #include "tests/kernel/support/SessionFixture.h"
 #include "tests/kernel/support/SpatialData.h"
 
@@ -83,6 +85,7 @@ protected:
         auto zone = std::make_shared<Zone>("large", ZoneType_Ordered, 1000, 1000, 1);
         for (int variable = 0; variable < 7; ++variable) {
             auto const buffer = Buffer::allocate(FieldDataType_Int16, 1000000); // the slow way on purpose
+            buffer->setValue(500500, 100.0);
             zone->fields.emplace_back(std::make_shared<ShareGroup>(buffer), ValueLocation_Nodal);
         }
         dataSet->addZone(zone);
@@ -112,10 +115,13 @@ protected:
                  return session.perform(
                      InterpolateByInverseDistance(frame->id, {2}, 2, {7}, {PtSelection_Octant, 8}, {3.5, 0.0}));
              }},
-            {"Kriging", [&] {
+            {"Kriging",
+             [&] {
                  return session.perform(
                      Krige(frame->id, {2}, 2, {7}, {PtSelection_NearestN, 8}, Krige::Model{0.3, 0.1, Drift_Linear}));
-             }}};
+             }},
+            {"Smooth",
+             [&] { return session.perform(SmoothVariable(frame->id, 1, 7, 40, 0.5, BoundaryCondition_Fixed)); }}};
     }
 
     using MakeOperation = std::function<std::shared_ptr<Operation>()>;
@@ -219,6 +225,11 @@ TEST_F(LongOperation, EndsWithoutATraceAtWhicheverLookItSeesACancel)
 {
     sample::addOrdered(*dataSet, 6, 5, 5);
     sample::addOrdered(*dataSet, 2, 3, 1);
+    auto const cells = sample::fillOf(Connectivity::Shape::Tetrahedron, 4, 0.2, 1).zone(ZoneType_FETetra);
+    for (std::size_t variable = 3; variable < 7; ++variable) {
+        cells->fields.push_back(cells->fields[variable - 3]);
+    }
+    dataSet->addZone(cells);
     int const usual = omp_get_max_threads();
     omp_set_num_threads(1); // one look after the other
     auto const byInverseDistance = [this](NeighborChoice choice) -> MakeOperation {
@@ -237,7 +248,12 @@ TEST_F(LongOperation, EndsWithoutATraceAtWhicheverLookItSeesACancel)
         return std::make_shared<InterpolateLinearly>(frame->id, NumberSet{3}, 4, NumberSet{6, 7}, 0.0,
                                                      LinearInterpMode_DontChange);
     };
-    for (auto const& make : {linearly, byInverseDistance({PtSelection_NearestN, 8}),
+    auto const smoothing = [this](int zone) -> MakeOperation {
+        return [this, zone] {
+            return std::make_shared<SmoothVariable>(frame->id, zone, 7, 20, 0.5, BoundaryCondition_FirstOrder);
+        };
+    };
+    for (auto const& make : {smoothing(3), smoothing(5), linearly, byInverseDistance({PtSelection_NearestN, 8}),
                              byInverseDistance({PtSelection_Octant, 9}), byInverseDistance({PtSelection_All, 1}),
                              byKriging({PtSelection_NearestN, 12}), byKriging({PtSelection_Octant, 17}),
                              byKriging({PtSelection_NearestN, 60}), byKriging({PtSelection_All, 1})}) {

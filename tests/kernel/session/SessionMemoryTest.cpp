@@ -12,7 +12,9 @@
 #include "kernel/operations/RenameZone.h"
 #include "kernel/operations/RotateZones.h"
 #include "kernel/operations/SetPlotType.h"
+#include "kernel/operations/SmoothVariable.h"
 #include "kernel/operations/SpatialVariables.h"
+#include "tests/kernel/support/MeshData.h"
 #include "tests/kernel/support/SessionFixture.h"
 #include "tests/kernel/support/SpatialData.h"
 #include "tests/support/AllocationFailure.h"
@@ -199,6 +201,29 @@ TEST(WithoutMemory, ValuesAreKrigedWhollyOrNotAtAll)
         };
         EXPECT_GE(sweep(krige, showPlaneOfWholeNumbers), 80) << choice.selection;
     }
+}
+
+TEST(WithoutMemory, ValuesAreSmoothedWhollyOrNotAtAll)
+{
+    auto const smooth = [](Stage& stage) {
+        int const zone = stage.dataSet->zoneCount();
+        return stage.session.perform(SmoothVariable(stage.frame->id, zone, 4, 9, 0.5, BoundaryCondition_FirstOrder));
+    };
+    auto const add = [](Stage& stage, std::shared_ptr<Zone> const& zone) {
+        std::vector<double> values(static_cast<std::size_t>(zone->pointCount()));
+        std::iota(values.begin(), values.end(), 0.0);
+        std::rotate(values.begin(), values.begin() + 7, values.end());
+        zone->fields.resize(3);
+        zone->fields.push_back(sample::field(values));
+        zone->fields.emplace_back();
+        stage.dataSet->addZone(zone);
+        stage.session.perform(SetPlotType(stage.frame->id, PlotType_Cartesian2D));
+        stage.recorder->events = 0;
+    };
+    auto const block = std::make_shared<Zone>("block", ZoneType_Ordered, 5, 4, 3);
+    EXPECT_GE(sweep(smooth, [&](Stage& stage) { add(stage, std::make_shared<Zone>(*block)); }), 20);
+    auto const cells = sample::fillOf(Connectivity::Shape::Tetrahedron, 2, 0.2, 1).zone(ZoneType_FETetra);
+    EXPECT_GE(sweep(smooth, [&](Stage& stage) { add(stage, std::make_shared<Zone>(*cells)); }), 30);
 }
 
 TEST(WithoutMemory, ZoneOperationsAreUndoneAndRedone)

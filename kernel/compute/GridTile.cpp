@@ -1,0 +1,225 @@
+#include "kernel/compute/GridTile.h"
+
+#include "kernel/compute/SmoothRow.h"
+
+#include <algorithm>
+
+namespace veldraw::kernel {
+
+GridTile::GridTile(GridAxes const& axes, double weight, bool hasHoles, std::int64_t passes, GridPlace const& from,
+                   GridPlace const& to, Spans const& spans, double* room)
+    : m_axes(axes)
+    , m_weight(weight)
+    , m_hasHoles(hasHoles)
+    , m_passes(passes)
+    , m_from(from)
+    , m_to(to)
+    , m_spans(spans)
+    , m_room(room)
+{
+}
+
+/// What is computed of an axis in a pass, or read in pass 0, so that the last pass can compute the part.
+IndexSpan GridTile::span(std::size_t axis, std::int64_t pass) const
+{
+    std::int64_t const around = m_passes - pass;
+    return {std::max<std::int64_t>(m_spans[axis].first - around, 0),
+            std::min(m_spans[axis].last + around, m_axes.axes[axis].count)};
+}
+
+/// The part of that which is not held.
+IndexSpan GridTile::movedSpan(std::size_t axis, std::int64_t pass) const
+{
+    IndexSpan const all = span(axis, pass);
+    IndexSpan const moving = m_axes.axes[axis].moving();
+    return {std::max(all.first, moving.first), std::min(all.last, moving.last)};
+}
+
+std::int64_t GridTile::slot(std::int64_t i, std::int64_t j, std::int64_t k) const
+{
+    return i * m_axes.axes[0].stride + j * m_axes.axes[1].stride + k * m_axes.axes[2].stride;
+}
+
+GridTile::Plane GridTile::plane(std::int64_t pass, std::int64_t k) const
+{
+    double* const array = pass == 0 ? m_from.array : pass == m_passes ? m_to.array : nullptr;
+    if (array != nullptr) {
+        return {array + slot(0, 0, k), m_axes.axes[1].stride, 0, 0};
+    }
+    IndexSpan const i = span(0, 0);
+    IndexSpan const j = span(1, 0);
+    std::int64_t const size = i.count() * j.count();
+    return {m_room + (3 * pass + k % 3) * size, i.count(), i.first, j.first};
+}
+
+double GridTile::run(Progress& progress)
+{
+    IndexSpan const read = span(2, 0);
+    IndexSpan const& made = m_spans[2];
+    constexpr std::int64_t delay = 2; // a plane at the end changes until the second one after it is there
+    for (std::int64_t step = read.first; step < made.last + m_passes + delay; ++step) {
+        progress.check();
+        if (read.contains(step) && m_from.array == nullptr) {
+            readPlane(step);
+        }
+        for (std::int64_t pass = 1; pass <= m_passes; ++pass) {
+            if (span(2, pass).contains(step - pass)) {
+                makePlane(pass, step - pass);
+            }
+        }
+        std::int64_t const finished = step - m_passes - delay;
+        if (made.contains(finished)) {
+            if (m_to.array == nullptr) {
+                storePlane(finished);
+            }
+            progress.advance(m_passes);
+        }
+    }
+    return m_largestChange;
+}
+
+void GridTile::readPlane(std::int64_t k) const
+{
+    IndexSpan const i = span(0, 0);
+    IndexSpan const j = span(1, 0);
+    Plane const values = plane(0, k);
+    for (std::int64_t row = j.first; row < j.last; ++row) {
+        m_from.values->read(slot(i.first, row, k), i.count(), values.at(i.first, row));
+    }
+}
+
+void GridTile::storePlane(std::int64_t k) const
+{
+    IndexSpan const i = m_spans[0];
+    Plane const values = plane(m_passes, k);
+    for (std::int64_t row = m_spans[1].first; row < m_spans[1].last; ++row) {
+        m_to.values->store(slot(i.first, row, k), i.count(), values.at(i.first, row));
+    }
+}
+
+void GridTile::makePlane(std::int64_t pass, std::int64_t k)
+{
+    GridAxis const& axis = m_axes.axes[2];
+    bool const followsTwo = m_axes.condition == BoundaryCondition_SecondOrder;
+    if (axis.isEnd(k)) {
+        keepPlane(pass, k); // the first one moves later, when the planes are there that it follows
+        if (axis.movesEnds && k > 0) {
+            movePlane(pass, k, -1);
+        }
+        return;
+    }
+    smoothPlane(pass, k);
+    bool const startsHere = span(2, pass).first == 0;
+    if (axis.movesEnds && startsHere && k == (followsTwo ? 2 : 1)) {
+        movePlane(pass, 0, 1);
+    }
+}
+
+void GridTile::keepPlane(std::int64_t pass, std::int64_t k) const
+{
+    IndexSpan const i = span(0, pass);
+    IndexSpan const j = span(1, pass);
+    Plane const before = plane(pass - 1, k);
+    Plane const after = plane(pass, k);
+    for (std::int64_t row = j.first; row < j.last; ++row) {
+        std::copy_n(before.at(i.first, row), i.count(), after.at(i.first, row));
+    }
+}
+
+void GridTile::smoothPlane(std::int64_t pass, std::int64_t k)
+{
+    IndexSpan const i = span(0, pass);
+    IndexSpan const j = span(1, pass);
+    Plane const before = plane(pass - 1, k);
+    Plane const after = plane(pass, k);
+    for (std::int64_t row = j.first; row < j.last; ++row) {
+        if (m_axes.axes[1].isEnd(row)) {
+            std::copy_n(before.at(i.first, row), i.count(), after.at(i.first, row));
+        } else {
+            smoothInside(pass, row, k);
+        }
+    }
+    moveEndsInPlane(pass, k);
+}
+
+/// Smooths a row that is at no end of the other axes; its own ends stay for now.
+void GridTile::smoothInside(std::int64_t pass, std::int64_t j, std::int64_t k)
+{
+    IndexSpan const all = span(0, pass);
+    IndexSpan const inside = m_axes.axes[0].inside();
+    Plane const before = plane(pass - 1, k);
+    Plane const after = plane(pass, k);
+    for (std::int64_t const end : {all.first, all.last - 1}) {
+        *after.at(end, j) = *before.at(end, j);
+    }
+    std::int64_t const first = std::max(all.first, inside.first);
+    std::int64_t const count = std::min(all.last, inside.last) - first;
+    if (count < 1) {
+        return;
+    }
+    double const* const row = before.at(first, j);
+    double* const result = after.at(first, j);
+    NeighborRows neighbors;
+    if (m_axes.axes[0].hasEnds()) {
+        neighbors.add(row - 1, row + 1);
+    }
+    if (m_axes.axes[1].hasEnds()) {
+        neighbors.add(before.at(first, j - 1), before.at(first, j + 1));
+    }
+    if (m_axes.axes[2].hasEnds()) {
+        neighbors.add(plane(pass - 1, k - 1).at(first, j), plane(pass - 1, k + 1).at(first, j));
+    }
+    (m_hasHoles ? smoothRowWithHoles : smoothRow)(row, neighbors, m_weight, count, result);
+    if (pass == m_passes) {
+        noteChange(pass, largestDifference(row, result, count));
+    }
+}
+
+/// Moves the ends of the first two axes in a plane that is at no end of the last one.
+void GridTile::moveEndsInPlane(std::int64_t pass, std::int64_t k)
+{
+    Plane const values = plane(pass, k);
+    bool const followsTwo = m_axes.condition == BoundaryCondition_SecondOrder;
+    auto const move = [&](double* border, std::int64_t inwards, std::int64_t step, std::int64_t count) {
+        double const* const inner = followsTwo ? border + 2 * inwards : nullptr;
+        noteChange(pass, extrapolateRow(border + inwards, inner, step, count, border));
+    };
+    IndexSpan const rows = span(1, pass);
+    IndexSpan const insideRows = m_axes.axes[1].inside();
+    for (std::int64_t const end : {std::int64_t{0}, m_axes.axes[0].count - 1}) {
+        if (m_axes.axes[0].movesEnds && span(0, pass).contains(end)) {
+            std::int64_t const first = std::max(rows.first, insideRows.first);
+            std::int64_t const last = std::min(rows.last, insideRows.last);
+            move(values.at(end, first), end == 0 ? 1 : -1, values.stride, last - first);
+        }
+    }
+    IndexSpan const i = movedSpan(0, pass);
+    for (std::int64_t const end : {std::int64_t{0}, m_axes.axes[1].count - 1}) {
+        if (m_axes.axes[1].movesEnds && rows.contains(end)) {
+            move(values.at(i.first, end), end == 0 ? values.stride : -values.stride, 1, i.count());
+        }
+    }
+}
+
+/// Moves a plane at an end of the last axis. @param inwards step to the plane that it follows
+void GridTile::movePlane(std::int64_t pass, std::int64_t k, std::int64_t inwards)
+{
+    IndexSpan const i = movedSpan(0, pass);
+    IndexSpan const j = movedSpan(1, pass);
+    Plane const border = plane(pass, k);
+    Plane const next = plane(pass, k + inwards);
+    bool const followsTwo = m_axes.condition == BoundaryCondition_SecondOrder;
+    for (std::int64_t row = j.first; row < j.last; ++row) {
+        double const* const inner = followsTwo ? plane(pass, k + 2 * inwards).at(i.first, row) : nullptr;
+        noteChange(pass, extrapolateRow(next.at(i.first, row), inner, 1, i.count(), border.at(i.first, row)));
+    }
+}
+
+void GridTile::noteChange(std::int64_t pass, double change)
+{
+    if (pass == m_passes) {
+        m_largestChange = std::max(m_largestChange, change);
+    }
+}
+
+} // namespace veldraw::kernel

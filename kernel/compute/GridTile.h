@@ -1,0 +1,81 @@
+#pragma once
+
+#include "kernel/base/Progress.h"
+#include "kernel/compute/GridAxes.h"
+#include "kernel/compute/SmoothingValues.h"
+
+namespace veldraw::kernel {
+
+/// Where the values of a grid are read from, or go to: an array with the strides of the grid, or where that is null, values of any
+/// type.
+struct GridPlace
+{
+    SmoothingValues* values = nullptr;
+    double* array = nullptr;
+};
+
+/// Makes some passes over a part of a grid while it is in the cache: the planes along the last axis come in one by one, each
+/// pass follows the one before by a plane, and of each pass the last three planes are kept. What lies around the part is
+/// computed as far as the part depends on it.
+class GridTile
+{
+public:
+    /// The part of each axis.
+    using Spans = std::array<IndexSpan, 3>;
+
+    /// @param passes at least 1
+    /// @param from is not @p to
+    /// @param room for roomFor() doubles
+    GridTile(GridAxes const& axes, double weight, bool hasHoles, std::int64_t passes, GridPlace const& from,
+             GridPlace const& to, Spans const& spans, double* room);
+
+    /// Doubles that the passes over a part need, at most. @param i, j values of the part along the first two axes
+    static std::int64_t roomFor(std::int64_t passes, std::int64_t i, std::int64_t j)
+    {
+        return 3 * (passes + 1) * (i + 2 * passes) * (j + 2 * passes);
+    }
+
+    /// Computes the part, of which each span is a whole axis or at least 4 long. Counts each plane and pass.
+    /// @return the largest change in the last pass
+    /// @throws Interrupted
+    double run(Progress& progress);
+
+private:
+    /// A plane of values after some pass.
+    struct Plane
+    {
+        double* values;
+        std::int64_t stride;
+        std::int64_t firstI;
+        std::int64_t firstJ;
+
+        double* at(std::int64_t i, std::int64_t j) const { return values + (j - firstJ) * stride + (i - firstI); }
+    };
+
+    IndexSpan span(std::size_t axis, std::int64_t pass) const;
+    IndexSpan movedSpan(std::size_t axis, std::int64_t pass) const;
+    std::int64_t slot(std::int64_t i, std::int64_t j, std::int64_t k) const;
+    Plane plane(std::int64_t pass, std::int64_t k) const;
+
+    void readPlane(std::int64_t k) const;
+    void storePlane(std::int64_t k) const;
+    void makePlane(std::int64_t pass, std::int64_t k);
+    void keepPlane(std::int64_t pass, std::int64_t k) const;
+    void smoothPlane(std::int64_t pass, std::int64_t k);
+    void smoothInside(std::int64_t pass, std::int64_t j, std::int64_t k);
+    void moveEndsInPlane(std::int64_t pass, std::int64_t k);
+    void movePlane(std::int64_t pass, std::int64_t k, std::int64_t inwards);
+    void noteChange(std::int64_t pass, double change);
+
+    GridAxes const& m_axes;
+    double m_weight;
+    bool m_hasHoles;
+    std::int64_t m_passes;
+    GridPlace m_from;
+    GridPlace m_to;
+    Spans m_spans;
+    double* m_room;
+    double m_largestChange = 0.0;
+};
+
+} // namespace veldraw::kernel

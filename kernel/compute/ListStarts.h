@@ -1,0 +1,39 @@
+#pragma once
+
+#include "kernel/base/ZeroedArray.h"
+
+#include <atomic>
+
+namespace veldraw::kernel {
+
+/// Where lists begin that are filled on several threads: first all entries are counted, then each gets its place. The order of the
+/// entries in a list is that in which threads come.
+class ListStarts
+{
+public:
+    /// @throws std::bad_alloc
+    explicit ListStarts(std::int64_t lists)
+        : m_ends(static_cast<std::size_t>(lists) + 1)
+    {
+    }
+
+    void count(std::size_t list) { m_ends[list + 1].fetch_add(1, std::memory_order_relaxed); }
+
+    /// To be called when all have been counted. @return the number of entries
+    std::int64_t close();
+
+    /// The place of the next entry of a list.
+    std::size_t next(std::size_t list)
+    {
+        return static_cast<std::size_t>(m_ends[list + 1].fetch_add(1, std::memory_order_relaxed));
+    }
+
+    /// The starts, with the end of the last list, when all entries have their place.
+    ZeroedArray<std::int64_t> take();
+
+private:
+    // Of list n at n + 1: first its number of entries, then the place of its next entry, in the end that after its last.
+    ZeroedArray<std::atomic<std::int64_t>> m_ends;
+};
+
+} // namespace veldraw::kernel

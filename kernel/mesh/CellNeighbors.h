@@ -1,0 +1,22 @@
+#pragma once
+
+#include "kernel/base/Progress.h"
+#include "kernel/compute/NeighborLists.h"
+#include "kernel/compute/SmoothingValues.h"
+#include "kernel/mesh/CellParts.h"
+
+namespace veldraw::kernel {
+
+/// The neighbors of the values of a finite-element zone: of a point those at the other ends of the edges of cells, each once
+/// however many cells have the edge; of a cell those with which it has a side in common.
+///
+/// The border has no neighbors: points on a side that one cell alone has, and cells with such a side. Solids, surfaces and
+/// lines of a mixed zone have each their own border. Holes neither have nor are neighbors.
+/// @param values examined
+/// @throws Interrupted, std::bad_alloc, std::runtime_error with a reason
+NeighborLists neighborsOfPoints(CellParts const& cells, std::int64_t pointCount, SmoothingValues const& values,
+                                Progress const& progress);
+NeighborLists neighborsOfCells(CellParts const& cells, std::int64_t pointCount, SmoothingValues const& values,
+                               Progress const& progress);
+
+} // namespace veldraw::kernel

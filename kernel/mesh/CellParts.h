@@ -1,0 +1,122 @@
+#pragma once
+
+#include "kernel/data/Connectivity.h"
+#include "platform/vdsdkbase/VelUtilTypes.h"
+
+#include <array>
+#include <cstddef>
+
+namespace veldraw::kernel {
+
+/// The edges and sides of the cells of a finite-element zone. Sides are the faces of a solid, the edges of a surface cell and
+/// the ends of a line: what it has in common with the cell beside it.
+class CellParts
+{
+public:
+    using Shape = Connectivity::Shape;
+
+    /// @param cells outlives this
+    CellParts(ZoneType_e type, Connectivity const& cells);
+
+    std::int64_t cellCount() const { return m_cells.cellCount; }
+
+    /// Whether all cells are surfaces, whose edges are their sides.
+    bool areSurfaces() const { return m_cells.shapes == nullptr && Connectivity::isFace(m_shape); }
+
+    /// Calls @p body with the two points of each edge of a cell. An edge of a polyhedron comes up more than once.
+    template <typename Body>
+    void forEachEdge(std::int64_t cell, Body const& body) const;
+
+    /// Calls @p body with the points of each side of a cell, as an array and its length.
+    template <typename Body>
+    void forEachSide(std::int64_t cell, Body const& body) const;
+
+private:
+    using Edge = std::array<std::uint8_t, 2>;
+    using Side = std::array<std::uint8_t, 4>; // the last two are the same in a triangle
+
+    struct Solid
+    {
+        Edge const* edges;
+        std::size_t edgeCount;
+        Side const* sides;
+        std::size_t sideCount;
+    };
+
+    static Solid solid(Shape shape);
+
+    Shape shapeOf(std::int64_t cell) const { return m_cells.shapes != nullptr ? m_cells.shapes[cell] : m_shape; }
+    bool isPolyhedron(std::int64_t cell, Shape shape) const
+    {
+        return shape == Shape::Polyhedron && m_cells.faceOffsets != nullptr && m_cells.faceOffsets[cell] >= 0;
+    }
+
+    Connectivity const& m_cells;
+    Shape m_shape; // of all cells where they have none of their own
+};
+
+template <typename Body>
+void CellParts::forEachEdge(std::int64_t cell, Body const& body) const
+{
+    Shape const shape = shapeOf(cell);
+    std::int64_t const* const points = m_cells.indices + m_cells.offsets[cell];
+    std::int64_t const count = m_cells.offsets[cell + 1] - m_cells.offsets[cell];
+    auto const around = [&body](std::int64_t const* polygon, std::int64_t corners) {
+        for (std::int64_t at = 0; at < corners; ++at) {
+            body(polygon[at], polygon[at + 1 < corners ? at + 1 : 0]);
+        }
+    };
+    if (shape == Shape::LineSegment) {
+        for (std::int64_t at = 0; at + 1 < count; ++at) {
+            body(points[at], points[at + 1]);
+        }
+    } else if (Connectivity::isFace(shape)) {
+        around(points, count);
+    } else if (isPolyhedron(cell, shape)) {
+        std::int64_t const* face = m_cells.faceStream + m_cells.faceOffsets[cell];
+        for (std::int64_t left = *face++; left > 0; --left) {
+            around(face + 1, *face);
+            face += *face + 1;
+        }
+    } else {
+        Solid const parts = solid(shape);
+        for (std::size_t at = 0; at < parts.edgeCount; ++at) {
+            body(points[parts.edges[at][0]], points[parts.edges[at][1]]);
+        }
+    }
+}
+
+template <typename Body>
+void CellParts::forEachSide(std::int64_t cell, Body const& body) const
+{
+    Shape const shape = shapeOf(cell);
+    std::int64_t const* const points = m_cells.indices + m_cells.offsets[cell];
+    std::int64_t const count = m_cells.offsets[cell + 1] - m_cells.offsets[cell];
+    if (shape == Shape::LineSegment) {
+        for (std::int64_t const end : {std::int64_t{0}, count - 1}) {
+            body(points + end, std::int64_t{1});
+        }
+    } else if (Connectivity::isFace(shape)) {
+        forEachEdge(cell, [&body](std::int64_t first, std::int64_t second) {
+            std::int64_t const side[] = {first, second};
+            body(side, std::int64_t{2});
+        });
+    } else if (isPolyhedron(cell, shape)) {
+        std::int64_t const* face = m_cells.faceStream + m_cells.faceOffsets[cell];
+        for (std::int64_t left = *face++; left > 0; --left) {
+            body(face + 1, *face);
+            face += *face + 1;
+        }
+    } else {
+        Solid const parts = solid(shape);
+        for (std::size_t at = 0; at < parts.sideCount; ++at) {
+            std::int64_t side[4];
+            for (std::size_t corner = 0; corner < 4; ++corner) {
+                side[corner] = points[parts.sides[at][corner]];
+            }
+            body(side, std::int64_t{4});
+        }
+    }
+}
+
+} // namespace veldraw::kernel

@@ -139,12 +139,18 @@ void InverseDistance::average(PointColumns const& points, std::vector<double> co
     means.assign(targetCount * variables, 0.0);
     std::vector<double> sums(targetCount, 0.0);
     std::vector<double> values(variables * block);
+    std::vector<double> firsts(variables); // means of differences from them, so that equal values give just this value
+    for (std::size_t variable = 0; variable < variables; ++variable) {
+        read(variable, 0, 1, &firsts[variable]);
+    }
     double weights[block];
     for (std::size_t first = 0; first < pointCount; first += block) {
         progress.check();
         std::size_t const count = std::min(block, pointCount - first);
         for (std::size_t variable = 0; variable < variables; ++variable) {
-            read(variable, first, count, values.data() + variable * block);
+            double* const part = values.data() + variable * block;
+            read(variable, first, count, part);
+            std::transform(part, part + count, part, [from = firsts[variable]](double value) { return value - from; });
         }
         for (std::size_t target = 0; target < targetCount; ++target) {
             measureSquares(points, first, count, targets.data() + target * axes, weights);
@@ -158,7 +164,8 @@ void InverseDistance::average(PointColumns const& points, std::vector<double> co
     }
     for (std::size_t target = 0; target < targetCount; ++target) {
         for (std::size_t variable = 0; variable < variables; ++variable) {
-            means[target * variables + variable] /= sums[target];
+            double& mean = means[target * variables + variable];
+            mean = firsts[variable] + mean / sums[target];
         }
     }
 }

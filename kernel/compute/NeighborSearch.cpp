@@ -149,7 +149,7 @@ VELDRAW_INLINE unsigned hits(double const* squares, double limit)
 template <std::size_t Axes, typename Result>
 VELDRAW_INLINE void lookAtLeaf(SearchTree<Axes> const& tree, std::size_t leaf, double const* target, Result& result)
 {
-    double const* const places = tree.leaves.data() + leaf * SearchTree<Axes>::leafSize;
+    double const* const places = tree.leaves.begin() + leaf * SearchTree<Axes>::leafSize;
     double squares[width] = {};
     unsigned octants[width] = {};
     for (std::size_t axis = 0; axis < Axes; ++axis) {

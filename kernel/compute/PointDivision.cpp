@@ -11,6 +11,7 @@ namespace veldraw::kernel {
 
 namespace {
 
+constexpr std::size_t pointsBetweenChecks = 1 << 20;
 constexpr double noLimit = std::numeric_limits<double>::infinity();
 
 template <std::size_t Axes>
@@ -107,6 +108,9 @@ private:
         std::array<double, Axes> high;
         high.fill(-noLimit);
         for (std::size_t at = part.first; at < part.last; ++at) {
+            if (at % pointsBetweenChecks == 0) {
+                m_progress.check();
+            }
             for (std::size_t axis = 0; axis < Axes; ++axis) {
                 double const coordinate = m_places[at * Axes + axis];
                 low[axis] = std::min(low[axis], coordinate);
@@ -148,6 +152,9 @@ private:
                     break;
                 }
                 swap(low++, high--);
+                if (low % pointsBetweenChecks == 0) {
+                    m_progress.check();
+                }
             }
             // Before low nothing is above the pivot, after high nothing is below; where they meet is the pivot itself.
             bool const isMet = low == high;

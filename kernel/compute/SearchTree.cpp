@@ -34,10 +34,10 @@ SearchTree<Axes>::SearchTree(PointReader const& reader, std::vector<std::uint32_
     : points(std::move(numbers))
 {
     fillLeaves(reader, progress);
-    addLevel(leaves, points.size(), false, progress);
+    addLevel(leaves.begin(), points.size(), false, progress);
     std::size_t nodes = leafCount();
     while (nodes > width) {
-        addLevel(levels.back(), nodes, true, progress);
+        addLevel(levels.back().data(), nodes, true, progress);
         nodes = (nodes + width - 1) / width;
     }
 }
@@ -45,8 +45,9 @@ SearchTree<Axes>::SearchTree(PointReader const& reader, std::vector<std::uint32_
 template <std::size_t Axes>
 void SearchTree<Axes>::fillLeaves(PointReader const& reader, Progress& progress)
 {
-    leaves.assign(leafCount() * leafSize, infinity);
-    double* const places = leaves.data();
+    leaves = ZeroedArray<double>(leafCount() * leafSize);
+    std::fill(leaves.begin() + points.size() * Axes, leaves.end(), infinity);
+    double* const places = leaves.begin();
     parallelFor(static_cast<std::int64_t>(points.size()), [&](std::int64_t first, std::int64_t last, std::int64_t) {
         progress.check();
         for (auto at = static_cast<std::size_t>(first); at < static_cast<std::size_t>(last); ++at) {
@@ -64,8 +65,7 @@ void SearchTree<Axes>::fillLeaves(PointReader const& reader, Progress& progress)
 
 /// Adds the boxes of all leaves or families of @p parts, which hold @p count points or boxes.
 template <std::size_t Axes>
-void SearchTree<Axes>::addLevel(std::vector<double> const& parts, std::size_t count, bool areBoxes,
-                                Progress const& progress)
+void SearchTree<Axes>::addLevel(double const* parts, std::size_t count, bool areBoxes, Progress const& progress)
 {
     std::size_t const boxes = (count + width - 1) / width;
     std::vector<double> level((boxes + width - 1) / width * familySize);
@@ -75,7 +75,7 @@ void SearchTree<Axes>::addLevel(std::vector<double> const& parts, std::size_t co
         for (auto box = static_cast<std::size_t>(first); box < static_cast<std::size_t>(last); ++box) {
             std::size_t const inPart = std::min(count - std::min(count, box * width), width);
             for (std::size_t axis = 0; axis < Axes; ++axis) {
-                double const* const low = parts.data() + box * partSize + axis * width * (areBoxes ? 2 : 1);
+                double const* const low = parts + box * partSize + axis * width * (areBoxes ? 2 : 1);
                 double const* const high = low + (areBoxes ? width : 0);
                 double* const target = level.data() + box / width * familySize + 2 * axis * width;
                 target[box % width] = inPart > 0 ? *std::min_element(low, low + inPart) : infinity;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kernel/base/Progress.h"
+#include "kernel/base/ZeroedArray.h"
 #include "kernel/compute/PointReader.h"
 
 #include <vector>
@@ -19,7 +20,7 @@ struct SearchTree
     static constexpr std::size_t familySize = 2 * Axes * familyWidth;
 
     std::vector<std::uint32_t> points; ///< their numbers, in the order of the leaves
-    std::vector<double> leaves;
+    ZeroedArray<double> leaves;
     std::vector<std::vector<double>> levels; ///< from the boxes of leaves up to the last family
 
     /// Builds the tree on all cores. @param progress all of it is for this. @throws Interrupted, std::bad_alloc
@@ -28,13 +29,13 @@ struct SearchTree
     /// The first coordinate of the point at a place; the next ones follow at a distance of familyWidth.
     double const* leaf(std::size_t place) const
     {
-        return leaves.data() + place / familyWidth * leafSize + place % familyWidth;
+        return leaves.begin() + place / familyWidth * leafSize + place % familyWidth;
     }
 
 private:
     std::size_t leafCount() const { return (points.size() + familyWidth - 1) / familyWidth; }
     void fillLeaves(PointReader const& reader, Progress& progress);
-    void addLevel(std::vector<double> const& parts, std::size_t count, bool areBoxes, Progress const& progress);
+    void addLevel(double const* parts, std::size_t count, bool areBoxes, Progress const& progress);
 };
 
 extern template struct SearchTree<2>;

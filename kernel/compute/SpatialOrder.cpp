@@ -14,6 +14,7 @@ namespace {
 
 constexpr int bitsOfKey = 21; // for each coordinate; three of them fit in 64 bits
 constexpr std::int64_t crowd = 64;
+constexpr std::size_t runsBetweenChecks = 1024;
 constexpr unsigned digits = 256;
 constexpr unsigned bitsOfDigit = 8;
 
@@ -178,10 +179,12 @@ private:
     std::vector<std::uint32_t> m_otherPoints;
 };
 
-/// Sorts a few points by their coordinates, then by number.
-void sortFew(PointReader const& reader, std::uint32_t* points, std::int64_t count)
+using PlacesOfPoints = std::vector<std::pair<Point, std::uint32_t>>;
+
+/// Sorts a few points by their coordinates, then by number. @param places room for them
+void sortFew(PointReader const& reader, std::uint32_t* points, std::int64_t count, PlacesOfPoints& places)
 {
-    std::vector<std::pair<Point, std::uint32_t>> places(static_cast<std::size_t>(count));
+    places.assign(static_cast<std::size_t>(count), {});
     for (std::size_t at = 0; at < places.size(); ++at) {
         places[at].second = points[at];
         reader.read(points[at], places[at].first.data());
@@ -197,14 +200,18 @@ void sortRuns(PointReader const& reader, std::vector<std::uint64_t> const& keys,
               Progress& progress)
 {
     auto run = keys.begin();
-    while (run != keys.end()) {
+    PlacesOfPoints places;
+    for (std::size_t number = 0; run != keys.end(); ++number) {
+        if (number % runsBetweenChecks == 0) {
+            progress.check();
+        }
         auto const end = std::find_if(run, keys.end(), [run](std::uint64_t key) { return key != *run; });
         std::int64_t const count = end - run;
         std::uint32_t* const first = points + (run - keys.begin());
         if (count > crowd) {
             sortPart(reader, first, count, progress);
         } else if (count > 1) {
-            sortFew(reader, first, count);
+            sortFew(reader, first, count, places);
         }
         run = end;
     }
@@ -233,7 +240,8 @@ void sortPart(PointReader const& reader, std::uint32_t* points, std::int64_t cou
         return;
     }
     if (!morton.canDivide()) {
-        return sortFew(reader, points, count);
+        PlacesOfPoints places;
+        return sortFew(reader, points, count, places);
     }
     sortRuns(reader, sortByKeys(morton, points, count, progress), points, progress);
 }

@@ -2,10 +2,6 @@
 
 namespace veldraw::kernel {
 
-namespace {
-
-} // namespace
-
 FieldReplacement::FieldReplacement(EventHub& hub, std::vector<ZonePart> parts, StateChangeEvent event)
     : m_hub(hub)
     , m_event(std::move(event))

@@ -1,15 +1,14 @@
 #include "kernel/mesh/CellGeometry.h"
 
+#include <algorithm>
+#include <cmath>
+#include <functional>
+
 namespace veldraw::kernel {
 
 namespace {
 
 using Shape = Connectivity::Shape;
-
-bool consistsOfParts(Shape shape)
-{
-    return shape == Shape::Polygon || shape == Shape::Polyhedron;
-}
 
 Point normalOf(Point const& a, Point const& b, Point const& c)
 {
@@ -34,6 +33,11 @@ Point meanOf(std::size_t count, PointAt const& pointAt)
 
 } // namespace
 
+bool CellGeometry::consistsOfParts() const
+{
+    return m_cell.shape == Shape::Polygon || m_cell.shape == Shape::Polyhedron;
+}
+
 void CellGeometry::read(ZoneCells const& cells, Cell const& cell)
 {
     m_cells = &cells;
@@ -41,7 +45,7 @@ void CellGeometry::read(ZoneCells const& cells, Cell const& cell)
     m_corners.resize(cell.cornerCount);
     std::transform(cell.corners, cell.corners + cell.cornerCount, m_corners.begin(),
                    [&cells](std::int64_t corner) { return cells.point(corner); });
-    if (consistsOfParts(cell.shape)) {
+    if (consistsOfParts()) {
         prepareParts();
         m_isFlat = std::all_of(m_parts.begin(), m_parts.end(), [](Part const& part) { return part.map.isFlat(); });
     } else {
@@ -53,6 +57,7 @@ void CellGeometry::read(ZoneCells const& cells, Cell const& cell)
 void CellGeometry::prepareParts()
 {
     m_parts.clear();
+    m_turnsIn = false;
     m_middle = meanOf(m_corners.size(), [this](std::size_t corner) { return m_corners[corner]; });
     if (m_cell.shape == Shape::Polygon) {
         addFan(nullptr);
@@ -77,19 +82,23 @@ void CellGeometry::addFan(std::int64_t const* face)
         Point const normal = normalOf(middle, pointAt(corner), pointAt(corner + 1));
         std::transform(whole.begin(), whole.end(), normal.begin(), whole.begin(), std::plus<>());
     }
+    auto const isLess = [](double a, double b) { return std::abs(a) < std::abs(b); };
+    auto const across = static_cast<std::size_t>(std::max_element(whole.begin(), whole.end(), isLess) - whole.begin());
+    m_axes = {(across + 1) % 3, (across + 2) % 3};
     for (std::size_t corner = 0; corner < count; ++corner) {
         Point const corners[4] = {middle, pointAt(corner), pointAt(corner + 1), m_middle};
         Point const normal = normalOf(corners[0], corners[1], corners[2]);
         double const sense = whole[0] * normal[0] + whole[1] * normal[1] + whole[2] * normal[2];
-        Part part{{points[corner], points[(corner + 1) % count]}, face, sense >= 0, {}};
+        Part part{{points[corner], points[(corner + 1) % count]}, face, {}};
         part.map.set(face != nullptr ? Shape::Tetrahedron : Shape::Triangle, corners);
+        m_turnsIn = m_turnsIn || (face == nullptr && sense < 0);
         m_parts.push_back(part);
     }
 }
 
 std::optional<CellGeometry::Place> CellGeometry::locate(Point const& point) const
 {
-    if (consistsOfParts(m_cell.shape)) {
+    if (consistsOfParts()) {
         return locateInParts(point);
     }
     std::optional<Point> const reference = m_map.locate(point);
@@ -98,25 +107,45 @@ std::optional<CellGeometry::Place> CellGeometry::locate(Point const& point) cons
 
 std::optional<CellGeometry::Place> CellGeometry::locateInParts(Point const& point) const
 {
-    std::optional<Place> first;
-    int turns = 0; // how often a polygon goes around the point
     for (std::size_t part = 0; part < m_parts.size(); ++part) {
         if (std::optional<Point> const reference = m_parts[part].map.locate(point)) {
-            bool const counts = m_cell.shape == Shape::Polyhedron || m_parts[part].isForward;
-            turns += counts ? 1 : -1;
-            if (counts && !first) {
-                first = Place{part, *reference};
-            }
+            bool const isIn = !m_turnsIn || isInOutline(point);
+            return isIn ? std::optional<Place>({part, *reference}) : std::nullopt;
         }
     }
-    return turns > 0 ? first : std::nullopt;
+    return std::nullopt;
+}
+
+/// Whether a ray from the point crosses the outline of the polygon an odd number of times, or the point is on the outline. As seen
+/// along the axis in which the polygon is the largest.
+bool CellGeometry::isInOutline(Point const& point) const
+{
+    auto const [x, y] = m_axes;
+    bool isIn = false;
+    for (std::size_t corner = 0; corner < m_corners.size(); ++corner) {
+        Point const& a = m_corners[corner];
+        Point const& b = m_corners[(corner + 1) % m_corners.size()];
+        double const alongX = b[x] - a[x];
+        double const alongY = b[y] - a[y];
+        double const fromX = point[x] - a[x];
+        double const fromY = point[y] - a[y];
+        double const square = alongX * alongX + alongY * alongY;
+        double const side = alongX * fromY - alongY * fromX;
+        double const share = alongX * fromX + alongY * fromY;
+        if (std::abs(side) <= CellMap::tolerance * square && share >= 0 && share <= square) {
+            return true;
+        }
+        bool const isCrossed = (a[y] > point[y]) != (b[y] > point[y]);
+        isIn = isCrossed && (side > 0) == (alongY > 0) ? !isIn : isIn;
+    }
+    return isIn;
 }
 
 void CellGeometry::weigh(Place const& place, std::vector<WeightedPoint>& weights) const
 {
     weights.clear();
     std::array<double, CellMap::mostCorners> shares{};
-    if (!consistsOfParts(m_cell.shape)) {
+    if (!consistsOfParts()) {
         std::size_t const count = m_map.weigh(place.reference, shares.data());
         for (std::size_t corner = 0; corner < count; ++corner) {
             weights.push_back({m_cell.corners[corner], shares[corner]});

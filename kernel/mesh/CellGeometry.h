@@ -19,7 +19,7 @@ struct WeightedPoint
 ///
 /// Polygons and polyhedra consist of triangles and tetrahedra around the means of their corners, polyhedra with the means of
 /// the corners of their faces. The values there are means as well, so that linear fields stay as they are. A place that
-/// these parts cover is in the cell; of a polygon that turns in somewhere, what they cover there and back is not.
+/// these parts cover is in the cell; of a polygon that turns in somewhere, only what is within its outline.
 ///
 ///     geometry.read(cells, cell);
 ///     if (auto const place = geometry.locate(point)) { ... geometry.weigh(*place, weights) ... }
@@ -41,6 +41,9 @@ public:
     /// Whether the cell contains nothing.
     bool isFlat() const { return m_isFlat; }
 
+    /// Number of triangles or tetrahedra that a polygon or polyhedron consists of; 0 for other cells.
+    std::size_t partCount() const { return consistsOfParts() ? m_parts.size() : 0; }
+
     /// Where in the cell a point is; nothing when it is outside.
     std::optional<Place> locate(Point const& point) const;
 
@@ -54,18 +57,21 @@ private:
     {
         std::array<std::int64_t, 2> points;
         std::int64_t const* face; ///< number of points and points; null in a polygon
-        bool isForward;           ///< turns in the sense in which the whole polygon does
         CellMap map;
     };
 
+    bool consistsOfParts() const;
     void prepareParts();
     void addFan(std::int64_t const* face);
     std::optional<Place> locateInParts(Point const& point) const;
+    bool isInOutline(Point const& point) const;
 
     ZoneCells const* m_cells = nullptr;
     Cell m_cell{};
     std::vector<Point> m_corners;
     Point m_middle{};
+    std::array<std::size_t, 2> m_axes{}; // along which the outline of a polygon is looked at
+    bool m_turnsIn = false;              // whether a polygon does so somewhere, as its middle sees it
     CellMap m_map;
     bool m_isFlat = true;
     std::vector<Part> m_parts; // of a polygon or polyhedron

@@ -11,7 +11,8 @@ namespace veldraw::kernel {
 namespace {
 
 constexpr std::int64_t cellsForAllThreads = 4096;
-constexpr std::size_t visitsUnchecked = 4096; // of places; takes less than a millisecond
+constexpr std::size_t effortUnchecked = 16384; // in places that are looked at; takes some milliseconds
+constexpr std::size_t effortToLocate = 16;     // a place in a cell, with one more for each part of it
 
 /// Into how many parts the places are cut, each of which is searched by itself, so that all threads have work where there
 /// are few cells.
@@ -52,7 +53,7 @@ public:
             m_unplaced += isFirst ? 1 : 0;
             return;
         }
-        Box const& box = *found;
+        Box const box = withTolerance(*found, cell.shape);
         m_cell = cell;
         m_isRead = false;
         auto const number = static_cast<Number>(m_firstNumber + slot);
@@ -69,6 +70,19 @@ public:
     }
 
 private:
+    /// The box with all that the cell takes though it is a little outside (see CellMap).
+    Box withTolerance(Box box, Connectivity::Shape shape) const
+    {
+        bool const isSurfaceInSpace = Connectivity::isFace(shape) && m_points.dimensions() == 3;
+        double const sides = (box.high[0] - box.low[0]) + (box.high[1] - box.low[1]) + (box.high[2] - box.low[2]);
+        double const margin = sides * (isSurfaceInSpace ? CellMap::surfaceTolerance : CellMap::tolerance);
+        for (std::size_t axis = 0; axis < m_points.dimensions(); ++axis) {
+            box.low[axis] -= margin;
+            box.high[axis] += margin;
+        }
+        return box;
+    }
+
     /// The box of a cell of an ordered zone. The cell before in the row, which most often comes before, has half of the corners
     /// too.
     std::optional<Box> boxInRow(std::int64_t slot, Cell const& cell)
@@ -94,8 +108,9 @@ private:
     void visitPlaces(std::size_t first, std::size_t last, Number number, Box const& box)
     {
         for (std::size_t position = first; position < last && !isFlat(); ++position) {
-            if (++m_visits % visitsUnchecked == 0) {
-                m_progress.check(); // a large cell may have any number of places in its box
+            if (++m_effort > effortUnchecked) { // a large cell may have any number of places in its box
+                m_progress.check();
+                m_effort = 0;
             }
             Point const point = m_points.point(position);
             if (box.contains(point) && m_search.m_found[position].load(std::memory_order_relaxed) > number) {
@@ -110,6 +125,7 @@ private:
             m_geometry.read(m_cells, m_cell);
             m_isRead = true;
         }
+        m_effort += effortToLocate + m_geometry.partCount();
         if (m_geometry.locate(point)) {
             m_search.take(position, number);
         }
@@ -129,7 +145,7 @@ private:
     bool m_isRead = false;   // once a place is in the box of m_cell
     std::int64_t m_slotBefore = -2;
     std::optional<Box> m_upperBefore; // of the corners that the next cell of the row has too
-    std::size_t m_visits = 0;
+    std::size_t m_effort = 0;         // since the last look for a cancel
     std::int64_t m_hidden = 0;
     std::int64_t m_unplaced = 0;
 };

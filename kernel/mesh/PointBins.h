@@ -34,6 +34,9 @@ public:
         return {numbers[0], numbers[1], m_dimensions == 3 ? numbers[2] : 0.0};
     }
 
+    /// Number of coordinates of a place: 2 or 3.
+    std::size_t dimensions() const { return m_dimensions; }
+
     /// Slots of the places that were left out.
     std::vector<std::int64_t> const& leftOut() const { return m_leftOut; }
 

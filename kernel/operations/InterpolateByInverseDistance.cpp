@@ -18,11 +18,11 @@ constexpr std::int64_t sourcesForATarget = 4; // that are put in the tree in the
 
 std::string InterpolateByInverseDistance::reasonAgainst() const
 {
-    if (!std::isfinite(m_formula.exponent) || m_formula.exponent <= 0.0) {
-        return "The exponent must be above 0.";
+    if (!(m_formula.exponent > 0.0 && m_formula.exponent <= 100.0)) {
+        return "The exponent must be a number above 0 and at most 100.";
     }
     if (!std::isfinite(m_formula.minimumDistance) || m_formula.minimumDistance < 0.0) {
-        return "The minimum distance must be at least 0.";
+        return "The minimum distance must be a number of at least 0.";
     }
     return PointInterpolation::reasonAgainst();
 }

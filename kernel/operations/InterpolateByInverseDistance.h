@@ -6,9 +6,10 @@ namespace veldraw::kernel {
 
 /// "Inverse-Distance Interpolation": each value becomes a mean of source values, each with the weight
 /// max(distance, minimum distance)^-exponent (InverseDistance). With the minimum distance 0 a place at a source point gets the
-/// value there; where several source points coincide with it, their mean.
+/// value there; where several source points of those that are chosen coincide with it, their mean.
 ///
-/// Refused: as PointInterpolation; an exponent that is not above 0; a negative minimum distance; numbers that are not finite.
+/// Refused: as PointInterpolation; an exponent that is not above 0, or above 100; a negative or infinite minimum
+/// distance.
 class InterpolateByInverseDistance : public PointInterpolation
 {
 public:

@@ -14,19 +14,21 @@ namespace veldraw::kernel {
 
 namespace {
 
-double mixed(Buffer const& values, std::vector<WeightedPoint> const& weights, double scale)
+constexpr std::size_t effortUnchecked = 16384; // in parts of cells that are looked at
+
+double mixed(QuickReader const& values, std::vector<WeightedPoint> const& weights, double scale)
 {
     // By differences, so that equal values give just this value.
-    double const first = scale * values.value(weights.front().point);
+    double const first = scale * values.at(weights.front().point);
     double sum = 0;
     for (WeightedPoint const& corner : weights) {
-        sum += corner.weight * (scale * values.value(corner.point) - first);
+        sum += corner.weight * (scale * values.at(corner.point) - first);
     }
     return first + sum;
 }
 
 /// What the values at some points mix to; no finite number when one of the values is none.
-double mixed(Buffer const& values, std::vector<WeightedPoint> const& weights)
+double mixed(QuickReader const& values, std::vector<WeightedPoint> const& weights)
 {
     double const value = mixed(values, weights, 1.0);
     if (std::isfinite(value)) {
@@ -46,6 +48,9 @@ public:
         : m_zones(zones)
     {
     }
+
+    /// Number of parts that the cell of the last place consists of.
+    std::size_t partCount() const { return m_geometry.partCount(); }
 
     /// The weights of the corners at a place in a cell that contains it.
     std::vector<WeightedPoint> const& weights(CellSearch::Found const& found, Point const& place)
@@ -141,6 +146,7 @@ std::string InterpolateLinearly::interpolate(Fields const& fields, Progress& pro
     }
     progress.setTotal(total);
     Counts counts;
+    counts.areOfCellsToo = groups.size() > 1;
     for (Group const& group : groups) {
         interpolateGroup(group, cells, counts, progress);
     }
@@ -180,14 +186,17 @@ void InterpolateLinearly::fill(Group const& group, CellSearch const& search, Poi
     for (InterpolatedField const* const target : group.targets) {
         values.emplace_back();
         for (int const zone : sources()) {
-            values.back().push_back(
-                {this->values(zone, target->variable()), dataSet().field(zone, target->variable())->location()});
+            values.back().push_back({QuickReader(this->values(zone, target->variable())),
+                                     dataSet().field(zone, target->variable())->location()});
         }
     }
     auto const count = static_cast<std::int64_t>(bins.size());
     progress.setTotal(count);
     parallelFor(count, [&](std::int64_t first, std::int64_t last, std::int64_t) {
         CellReader reader(cells);
+        std::int64_t outside = 0; // what all threads count is not counted one by one
+        std::int64_t withoutNumber = 0;
+        std::size_t effort = 0;
         for (std::int64_t at = first; at < last; ++at) {
             if (at % blockSize == 0) {
                 progress.check();
@@ -201,15 +210,20 @@ void InterpolateLinearly::fill(Group const& group, CellSearch const& search, Poi
             }
             auto const position = static_cast<std::size_t>(at);
             std::optional<CellSearch::Found> const found = search.cellAt(position);
-            counts.outside += found ? 0 : 1;
+            outside += found ? 0 : 1;
             auto const* const weights = found ? &reader.weights(*found, bins.point(position)) : nullptr;
+            effort += reader.partCount();
+            if (effort > effortUnchecked) {
+                progress.check();
+                effort = 0;
+            }
             for (std::size_t variable = 0; variable < group.targets.size(); ++variable) {
                 double value = std::numeric_limits<double>::quiet_NaN();
                 if (found) {
                     SourceValues const& source = values[variable][found->zone];
-                    value = source.location == ValueLocation_Nodal ? mixed(*source.values, *weights)
-                                                                   : source.values->value(found->slot);
-                    counts.withoutNumber += std::isfinite(value) ? 0 : 1;
+                    value = source.location == ValueLocation_Nodal ? mixed(source.values, *weights)
+                                                                   : source.values.at(found->slot);
+                    withoutNumber += std::isfinite(value) ? 0 : 1;
                 }
                 InterpolatedField& target = *group.targets[variable];
                 if (std::isfinite(value)) {
@@ -219,6 +233,8 @@ void InterpolateLinearly::fill(Group const& group, CellSearch const& search, Poi
                 }
             }
         }
+        counts.outside += outside;
+        counts.withoutNumber += withoutNumber;
     });
 }
 
@@ -231,16 +247,19 @@ void InterpolateLinearly::fillOutside(InterpolatedField& target, std::int64_t sl
 
 std::string InterpolateLinearly::report(Counts const& counts) const
 {
-    std::string const fate = m_mode == LinearInterpMode_SetToConstant ? "got the constant " + textOf(m_constant)
-                                                                      : std::string("kept what they had");
-    std::string text = counts.outside == 0 ? "No point was outside the source cells."
-                                           : "Outside the source cells: " + counted(counts.outside, "point") +
-                                                 "; outside points " + fate + ".";
-    auto const add = [&text](std::int64_t count, std::string const& noun, std::string const& what) {
-        text += count == 0 ? "" : " " + counted(count, noun) + what;
+    std::string const noun = counts.areOfCellsToo ? "place" : "point";
+    std::string text = counts.outside == 0 ? "No " + noun + " was outside the source cells."
+                                           : "Outside the source cells: " + counted(counts.outside, noun) + ".";
+    auto const add = [&text](std::int64_t count, std::string const& what, std::string const& fate) {
+        text += count == 0 ? "" : " " + counted(count, what) + fate;
     };
-    add(counts.misplaced, "point", " of these without finite coordinates.");
+    add(counts.misplaced, noun, " of these without finite coordinates.");
     add(counts.withoutNumber, "value", " treated as outside, where a source value is not finite.");
+    if (counts.outside + counts.withoutNumber > 0) {
+        text += m_mode == LinearInterpMode_SetToConstant
+                    ? " What is outside got the constant " + textOf(m_constant) + "."
+                    : std::string(" What is outside kept what it had.");
+    }
     add(counts.hiddenCells, "hidden source cell", " left out.");
     add(counts.unplacedCells, "source cell", " without finite coordinates left out.");
     return text;

@@ -38,6 +38,7 @@ private:
         std::atomic<std::int64_t> outside{0};
         std::atomic<std::int64_t> withoutNumber{0}; ///< values for which the cell has something that is not finite
         std::int64_t misplaced = 0;                 ///< places whose coordinates are not finite
+        bool areOfCellsToo = false;                 ///< whether places of points and of cells were counted
         std::int64_t hiddenCells = 0;
         std::int64_t unplacedCells = 0;
     };
@@ -45,7 +46,7 @@ private:
     /// The values of a variable in a source zone.
     struct SourceValues
     {
-        std::shared_ptr<Buffer const> values;
+        QuickReader values;
         ValueLocation_e location;
     };
 

@@ -6,7 +6,9 @@
 #include "kernel/compute/PointBox.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cmath>
+#include <numeric>
 #include <thread>
 
 namespace veldraw::kernel {
@@ -104,18 +106,27 @@ void Krige::estimateFromAll(Task const& task, Progress& progress)
     KrigingModel const model{m_model.range * diagonalOf(task.sources, task.sourcePoints, progress), m_model.zeroValue,
                              m_model.drift};
     DenseKriging kriging(model, task.sourceColumns(progress), progress);
+    std::vector<double> firsts; // differences from them are estimated, so that equal values give just this value
+    std::vector<double> means;
     for (std::size_t variable = 0; variable < task.variableCount(); ++variable) {
         std::vector<double> values(task.sourcePoints.size());
         task.gather(variable, task.sourcePoints.data(), values.size(), values.data());
+        firsts.push_back(values.front());
+        std::transform(values.begin(), values.end(), values.begin(),
+                       [first = firsts.back()](double value) { return value - first; });
+        means.push_back(std::accumulate(values.begin(), values.end(), 0.0) / static_cast<double>(values.size()));
         kriging.addVariable(values, progress);
     }
-    m_lowered += kriging.drift() != m_model.drift ? targets : 0;
+    m_lowered = std::max(m_lowered, kriging.drift() != m_model.drift ? targets : 0);
     task.forEachBlock(targetsForTheSystem, progress,
                       [&](std::uint32_t const* numbers, std::vector<double> const& places) {
                           std::vector<double> estimates;
                           kriging.estimate(places, estimates, progress);
                           for (std::size_t at = 0; at < estimates.size(); ++at) {
-                              task.store(at % task.variableCount(), numbers[at / task.variableCount()], estimates[at]);
+                              std::size_t const variable = at % task.variableCount();
+                              // A drift far outside may be too large for a number.
+                              double const estimate = std::isfinite(estimates[at]) ? estimates[at] : means[variable];
+                              task.store(variable, numbers[at / task.variableCount()], firsts[variable] + estimate);
                           }
                       });
 }
@@ -131,15 +142,17 @@ void Krige::estimateFromNeighbors(Task& task, Progress& progress)
         return NeighborSearch::make(task.sources, std::move(task.sourcePoints), building);
     }();
     auto const axes = static_cast<std::size_t>(task.sources.dimensions());
+    std::atomic<std::int64_t> lowered{0};
     task.forEachBlock(Task::blockSize(choice()), progress,
                       [&](std::uint32_t const* targets, std::vector<double> const& places) {
                           Neighborhoods found;
                           std::vector<double> weights;
                           search->find(places.data(), places.size() / axes, choice(), progress, found);
                           LocalKriging kriging(*search, model, axes, progress);
-                          m_lowered += kriging.weigh(places.data(), found, weights);
+                          lowered += kriging.weigh(places.data(), found, weights);
                           task.storeSums(*search, found, weights, targets);
                       });
+    m_lowered = std::max(m_lowered, lowered.load());
 }
 
 } // namespace veldraw::kernel

@@ -2,8 +2,6 @@
 
 #include "kernel/operations/PointInterpolation.h"
 
-#include <atomic>
-
 namespace veldraw::kernel {
 
 /// "Kriging": the linear unbiased estimate with the smallest variance, from the points that the choice takes (KrigingModel,
@@ -43,7 +41,7 @@ private:
 
     Model m_model;
     std::int64_t m_merged = 0;
-    std::atomic<std::int64_t> m_lowered{0};
+    std::int64_t m_lowered = 0;
 };
 
 } // namespace veldraw::kernel

@@ -14,6 +14,7 @@ namespace {
 
 constexpr std::int64_t unitsForALayout = 100000;
 constexpr std::size_t valuesAtATime = 4096;
+constexpr std::size_t valuesOfAPlace = 64; // at a time
 constexpr std::int64_t neighborsAtATime = 65536;
 constexpr double hugeValue = 1e280;
 constexpr double divisorOfHugeValues = 0x1p64;
@@ -29,6 +30,20 @@ double scaleFor(double largest)
         return std::ldexp(1.0, extremeExponent - exponent);
     }
     return exponent < -extremeExponent ? std::ldexp(1.0, std::min(-exponent, largestExponent)) : 1.0;
+}
+
+/// By differences from the first value, so that equal values give just this value. Weights far outside may be too large for
+/// numbers; there the plain mean is given.
+double weightedMean(double const* weights, double const* values, std::size_t count)
+{
+    double const first = count > 0 ? values[0] : 0.0;
+    double sum = 0.0;
+    double plainSum = 0.0;
+    for (std::size_t at = 0; at < count; ++at) {
+        sum += weights[at] * (values[at] - first);
+        plainSum += values[at] - first;
+    }
+    return first + (std::isfinite(sum) ? sum : plainSum / static_cast<double>(count));
 }
 
 } // namespace
@@ -64,11 +79,13 @@ std::int64_t PointInterpolation::Task::mergeCoincidentPoints(Progress& progress)
     while (first < sourcePoints.size()) {
         std::size_t const end = endOfPlace(first, progress);
         if (end - first > 1) {
-            m_merged.emplace(sourcePoints[first], meansOf(&sourcePoints[first], end - first, progress));
+            m_merged.push_back({sourcePoints[first], static_cast<std::uint32_t>(m_merged.size())});
+            addMeansOf(&sourcePoints[first], end - first, progress);
         }
         sourcePoints[kept++] = sourcePoints[first];
         first = end;
     }
+    std::sort(m_merged.begin(), m_merged.end());
     auto const merged = static_cast<std::int64_t>(sourcePoints.size() - kept);
     sourcePoints.resize(kept);
     return merged;
@@ -92,23 +109,24 @@ std::size_t PointInterpolation::Task::endOfPlace(std::size_t first, Progress con
     return sourcePoints.size();
 }
 
-/// The means of the values of each variable, divided as gather() does it.
-std::vector<double> PointInterpolation::Task::meansOf(std::uint32_t const* points, std::size_t count,
-                                                      Progress const& progress) const
+/// Notes the means of the values of each variable, divided as gather() does it.
+void PointInterpolation::Task::addMeansOf(std::uint32_t const* points, std::size_t count, Progress const& progress)
 {
-    std::vector<double> means(m_variables.size(), 0.0);
-    std::vector<double> values(std::min(count, valuesAtATime));
-    for (std::size_t variable = 0; variable < means.size(); ++variable) {
-        for (std::size_t first = 0; first < count; first += valuesAtATime) {
+    std::array<double, valuesOfAPlace> values{};
+    for (Variable const& variable : m_variables) {
+        double first = 0.0;
+        double sum = 0.0; // of the differences, so that equal values give just this value
+        for (std::size_t at = 0; at < count; at += values.size()) {
             progress.check();
-            std::size_t const size = std::min(valuesAtATime, count - first);
-            sources.gather(m_variables[variable].position, points + first, size, values.data());
-            for (std::size_t at = 0; at < size; ++at) {
-                means[variable] += values[at] / m_variables[variable].divisor / static_cast<double>(count);
+            std::size_t const size = std::min(values.size(), count - at);
+            sources.gather(variable.position, points + at, size, values.data());
+            first = at == 0 ? values[0] / variable.divisor : first;
+            for (std::size_t value = 0; value < size; ++value) {
+                sum += (values[value] / variable.divisor - first) / static_cast<double>(count);
             }
         }
+        m_means.push_back(first + sum);
     }
-    return means;
 }
 
 PointColumns PointInterpolation::Task::sourceColumns(Progress const& progress) const
@@ -141,9 +159,9 @@ void PointInterpolation::Task::gather(std::size_t variable, std::uint32_t const*
         std::transform(values, values + count, values, [divisor](double value) { return value / divisor; });
     }
     for (std::size_t at = 0; at < count && !m_merged.empty(); ++at) {
-        auto const merged = m_merged.find(points[at]);
-        if (merged != m_merged.end()) {
-            values[at] = merged->second[variable];
+        auto const merged = std::lower_bound(m_merged.begin(), m_merged.end(), std::pair(points[at], std::uint32_t{0}));
+        if (merged != m_merged.end() && merged->first == points[at]) {
+            values[at] = m_means[merged->second * m_variables.size() + variable];
         }
     }
 }
@@ -184,11 +202,7 @@ void PointInterpolation::Task::storeSums(NeighborSearch const& search, Neighborh
         for (std::size_t target = 0; target < found.targetCount(); ++target) {
             std::size_t const first = found.begins[target];
             std::size_t const last = found.begins[target + 1];
-            double sum = 0.0;
-            for (std::size_t at = first; at < last; ++at) {
-                sum += weights[at] * values[at];
-            }
-            store(variable, targetNumbers[target], sum);
+            store(variable, targetNumbers[target], weightedMean(&weights[first], &values[first], last - first));
         }
     }
 }
@@ -208,14 +222,14 @@ bool PointInterpolation::takesAll(std::int64_t sourcePoints) const
 
 std::string PointInterpolation::interpolate(Fields const& fields, Progress& progress)
 {
-    m_pointsLeftOut = 0;
-    m_valuesLeftOut = 0;
-    m_targetsLeftOut = 0;
     std::vector<Layout> const all = layouts(fields);
     progress.setTotal(progress.done() + unitsForALayout * static_cast<std::int64_t>(all.size()));
     for (Layout const& layout : all) {
         checkCount(layout, progress);
     }
+    m_pointsLeftOut = 0;
+    m_valuesLeftOut = 0;
+    m_targetsLeftOut = 0;
     for (Layout const& layout : all) {
         Progress part(progress, unitsForALayout);
         work(layout, part);
@@ -263,33 +277,53 @@ void PointInterpolation::addSources(Layout const& layout, SourcePoints& points) 
     }
 }
 
-/// Only where there are too many points are those counted that are left when equal ones are merged.
-void PointInterpolation::checkCount(Layout const& layout, Progress const& progress) const
-{
-    SourcePoints sources(dimensions());
-    addSources(layout, sources);
-    SourcePoints::Selection selected = sources.select(false, progress);
-    if (reasonAgainstPoints(static_cast<std::int64_t>(selected.points.size())).empty()) {
-        return;
-    }
-    sources.setScale(scaleFor(selected.largest));
-    std::vector<std::uint32_t> const noTargets;
-    Task task(sources, sources, noTargets, 1.0);
-    task.sourcePoints = std::move(selected.points);
-    Progress counting;
-    task.mergeCoincidentPoints(counting);
-    std::string const reason = reasonAgainstPoints(static_cast<std::int64_t>(task.sourcePoints.size()));
-    if (!reason.empty()) {
-        throw std::runtime_error(reason);
-    }
-}
-
 /// Variables that have finite values at the same source points.
 struct PointInterpolation::Group
 {
     std::vector<bool> leftOut; ///< of the selected points; empty when none is
     std::vector<Task::Variable> variables;
+
+    void takeAway(std::vector<std::uint32_t>& points, Progress const& progress) const
+    {
+        if (leftOut.empty()) {
+            return;
+        }
+        std::size_t kept = 0;
+        for (std::size_t at = 0; at < points.size(); ++at) {
+            if (at % valuesAtATime == 0) {
+                progress.check();
+            }
+            if (!leftOut[at]) {
+                points[kept++] = points[at];
+            }
+        }
+        points.resize(kept);
+    }
 };
+
+/// Only where there are too many points are those counted that have values and are left when equal ones are merged.
+void PointInterpolation::checkCount(Layout const& layout, Progress& progress)
+{
+    SourcePoints sources(dimensions());
+    addSources(layout, sources);
+    if (reasonAgainstPoints(sources.size()).empty()) {
+        return;
+    }
+    SourcePoints::Selection const selected = sources.select(false, progress);
+    sources.setScale(scaleFor(selected.largest));
+    for (Group const& group : divide(layout, sources, selected.points, progress)) {
+        std::vector<std::uint32_t> const noTargets;
+        Task task(sources, sources, noTargets, 1.0);
+        task.sourcePoints = selected.points;
+        group.takeAway(task.sourcePoints, progress);
+        Progress counting(progress, 0);
+        task.mergeCoincidentPoints(counting);
+        std::string const reason = reasonAgainstPoints(static_cast<std::int64_t>(task.sourcePoints.size()));
+        if (!reason.empty()) {
+            throw std::runtime_error(reason);
+        }
+    }
+}
 
 void PointInterpolation::work(Layout const& layout, Progress& progress)
 {
@@ -324,22 +358,11 @@ void PointInterpolation::work(Layout const& layout, Progress& progress)
     }
 }
 
-/// Takes what is left out away from the points of a task, and estimates the variables.
+/// Estimates the variables of a group. @param task with all points, from which those that are left out are taken away
 void PointInterpolation::workOn(Group const& group, Task& task, Progress& progress)
 {
     std::vector<std::uint32_t>& points = task.sourcePoints;
-    std::size_t kept = 0;
-    for (std::size_t at = 0; at < group.leftOut.size(); ++at) {
-        if (at % valuesAtATime == 0) {
-            progress.check();
-        }
-        if (!group.leftOut[at]) {
-            points[kept++] = points[at];
-        }
-    }
-    if (!group.leftOut.empty()) {
-        points.resize(kept);
-    }
+    group.takeAway(points, progress);
     task.m_variables = group.variables;
     if (points.empty()) {
         int const variable = task.m_variables.front().field->variable();

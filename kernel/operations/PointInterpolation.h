@@ -6,7 +6,8 @@
 #include "kernel/operations/SourcePoints.h"
 
 #include <functional>
-#include <unordered_map>
+#include <utility>
+#include <vector>
 
 namespace veldraw::kernel {
 
@@ -82,11 +83,12 @@ protected:
         };
 
         std::size_t endOfPlace(std::size_t first, Progress const& progress) const;
-        std::vector<double> meansOf(std::uint32_t const* points, std::size_t count, Progress const& progress) const;
+        void addMeansOf(std::uint32_t const* points, std::size_t count, Progress const& progress);
 
         std::vector<Variable> m_variables;
-        std::unordered_map<std::uint32_t, std::vector<double>>
-            m_merged; ///< means of the variables, by the point that was kept
+        std::vector<std::pair<std::uint32_t, std::uint32_t>>
+            m_merged;                ///< points that were kept, with the place of their means
+        std::vector<double> m_means; ///< one a variable, place after place
     };
 
     /// Why an interpolation from so many points cannot be done; empty when it can. Asked before anything is estimated.
@@ -111,7 +113,7 @@ private:
 
     std::vector<Layout> layouts(Fields const& fields) const;
     void addSources(Layout const& layout, SourcePoints& points) const;
-    void checkCount(Layout const& layout, Progress const& progress) const;
+    void checkCount(Layout const& layout, Progress& progress);
     void work(Layout const& layout, Progress& progress);
     std::vector<Group> divide(Layout const& layout, SourcePoints const& sources,
                               std::vector<std::uint32_t> const& points, Progress const& progress);

@@ -22,6 +22,9 @@ public:
     /// @throws std::runtime_error when there are more points than numbers for them
     void add(ValuePlaces places, std::vector<std::shared_ptr<Buffer const>> values);
 
+    /// Number of points that there may be: of all slots.
+    std::int64_t size() const { return m_end; }
+
     /// Sets the factor for all coordinates; 1 at first.
     void setScale(double scale) { m_scale = scale; }
 

@@ -334,6 +334,45 @@ TEST(CellSearch, FindsPointsOfASurfaceInSpace)
     }
 }
 
+TEST(CellSearch, FindsPointsBesideASurfaceAlongTheAxes)
+{
+    for (std::size_t across = 0; across < 3; ++across) {
+        auto lists = sample::fillOf(Shape::Quad, 6, 0.2, 2);
+        std::vector<Point> points = somePoints(2003, 0.01, 5.99, true, 7);
+        auto const turn = [across](Point& point, double height) {
+            point[2] = height;
+            std::swap(point[2], point[across]);
+        };
+        for (Point& point : lists.points) {
+            turn(point, 0.1);
+        }
+        for (std::size_t at = 0; at < points.size(); ++at) {
+            turn(points[at], 0.1 + (at % 4 == 0 ? 1e-5 : at % 4 == 1 ? -1e-5 : at % 4 == 2 ? 0.0 : 1e-2));
+        }
+        CellsFound const search({lists.zone(ZoneType_FEQuad).get()}, points);
+        for (std::size_t point = 0; point < points.size(); ++point) {
+            EXPECT_EQ(search.found(point).has_value(), point % 4 != 3) << across << " " << point;
+        }
+    }
+}
+
+TEST(CellSearch, FindsPointsThatRoundingPutsBesideTheOutermostFace)
+{
+    double const edge = 0.3;
+    double const beside = 3 * 0.1; // the next number
+    ASSERT_GT(beside, edge);
+    std::vector<Point> const points = {{beside, 0.1, 0.1}, {0.1, beside, 0.1}, {0.1, 0.1, beside}, {0.30001, 0.1, 0.1}};
+    auto const ordered = sample::orderedFill(2, 2, 2, 0, 0);
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+        std::vector<double> coordinates;
+        for (std::size_t point = 0; point < 8; ++point) {
+            coordinates.push_back((point >> axis & 1U) != 0 ? edge : 0.0);
+        }
+        ordered->fields[axis] = sample::field(coordinates, FieldDataType_Double);
+    }
+    EXPECT_THAT(CellsFound({ordered.get()}, points).slots(), ElementsAre(0, 0, 0, -1));
+}
+
 /// Planes in space that a polygon may lie in: places of them by two coordinates.
 using Plane = Point (*)(double, double);
 constexpr Plane planes[] = {
@@ -371,6 +410,31 @@ TEST(CellSearch, LeavesOutTheNotchOfAPolygonInWhateverPlane)
                 bool const isIn = x > 0 && x < 4 && y > 0 && isBelowNotch;
                 EXPECT_EQ(search.slot(point), isIn ? 0 : -1) << x << " " << y;
             }
+        }
+    }
+}
+
+TEST(CellSearch, LeavesOutTheGapOfAPolygonAlsoWhereItsPartsMeet)
+{
+    for (Plane const plane : planes) {
+        sample::CellLists lists;
+        lists.points = {plane(0, 0), plane(4, 0), plane(4, 4), plane(3, 4),
+                        plane(3, 1), plane(1, 1), plane(1, 4), plane(0, 4)};
+        lists.add(Shape::Polygon, {0, 1, 2, 3, 4, 5, 6, 7});
+        std::vector<Point> points;
+        std::vector<bool> areIn;
+        for (int i = -8; i <= 72; ++i) { // through the middle at (2, 2.25), where all parts meet, and along their edges
+            for (int j = -8; j <= 72; ++j) {
+                double const x = i / 16.0;
+                double const y = j / 16.0;
+                points.push_back(plane(x, y));
+                bool const isInGap = x > 1 && x < 3 && y > 1;
+                areIn.push_back(x >= 0 && x <= 4 && y >= 0 && y <= 4 && !isInGap);
+            }
+        }
+        CellsFound const search({lists.zone(ZoneType_FEPolygon).get()}, points);
+        for (std::size_t point = 0; point < points.size(); ++point) {
+            EXPECT_EQ(search.found(point).has_value(), areIn[point]) << points[point][0] << " " << points[point][1];
         }
     }
 }

@@ -147,6 +147,19 @@ TEST_F(InterpolateByInverseDistanceTest, TakesTheMeanOfSourcePointsAtOnePlace)
     EXPECT_THAT(valuesOf(to, P), ElementsAre(3.0));
 }
 
+TEST_F(InterpolateByInverseDistanceTest, KeepsEqualValuesToTheLastBit)
+{
+    for (double const value : {0.1, 2.5, -1.0 / 3.0}) {
+        auto const constant = [value](double const*) { return value; };
+        int const from = addPoints(ScatteredPoints::random(3, 5003, 3), constant, zero);
+        int const to = addPoints(ScatteredPoints::random(3, 3001, 4), zero, zero);
+        for (NeighborChoice const choice : {NeighborChoice{PtSelection_NearestN, 7}, {PtSelection_Octant, 13}, all}) {
+            ASSERT_TRUE(interpolate({from}, to, {P}, choice, {3.5, 0.0}));
+            EXPECT_EQ(valuesOf(to, P), std::vector<double>(3001, value));
+        }
+    }
+}
+
 TEST_F(InterpolateByInverseDistanceTest, TakesTheOneSourcePointThereIs)
 {
     int const from = addPoints({3, {4.0, 5.0, 6.0}}, wave, zero);
@@ -431,9 +444,10 @@ TEST_F(InterpolateByInverseDistanceTest, IsRefusedWithAReason)
              Case{{from}, to, {P, 6}, nearest, {2.0, 0.0}, "There is no such variable."},
              Case{{from}, to, {2}, nearest, {2.0, 0.0}, "The variable \"Y\" is on an axis."},
              Case{{from}, to, {P}, {PtSelection_NearestN, 0}, {2.0, 0.0}, "The number of points must be at least 1."},
-             Case{{from}, to, {P}, nearest, {0.0, 0.0}, "The exponent must be above 0."},
-             Case{{from}, to, {P}, nearest, {nan, 0.0}, "The exponent must be above 0."},
-             Case{{from}, to, {P}, nearest, {2.0, -1.0}, "The minimum distance must be at least 0."},
+             Case{{from}, to, {P}, nearest, {0.0, 0.0}, "The exponent must be a number above 0 and at most 100."},
+             Case{{from}, to, {P}, nearest, {101.0, 0.0}, "The exponent must be a number above 0 and at most 100."},
+             Case{{from}, to, {P}, nearest, {nan, 0.0}, "The exponent must be a number above 0 and at most 100."},
+             Case{{from}, to, {P}, nearest, {2.0, -1.0}, "The minimum distance must be a number of at least 0."},
          }) {
         expectRefused(
             [&] { return interpolate(one.sources, one.destination, one.variables, one.choice, one.formula); });

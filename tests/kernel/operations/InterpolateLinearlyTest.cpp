@@ -210,8 +210,8 @@ TEST_F(InterpolateLinearlyTest, LeavesPointsOutsideOrGivesThemTheConstant)
             EXPECT_NEAR(found[point], isInside ? linearPressure(points[point]) : constant.value_or(-7), 1e-12);
         }
         EXPECT_THAT(remark,
-                    HasSubstr("Outside the source cells: " + std::to_string(outside) + " points; outside points " +
-                              (constant ? "got the constant 12.5." : "kept what they had.")));
+                    HasSubstr("Outside the source cells: " + std::to_string(outside) + " points. What is outside " +
+                              (constant ? "got the constant 12.5." : "kept what it had.")));
         EXPECT_EQ(sample::values(*dataSet, target, temperature), std::vector<double>(points.size(), -7));
     }
 }
@@ -306,7 +306,7 @@ TEST_F(InterpolateLinearlyTest, CountsAPointAsOutsideWhereASourceValueIsNotFinit
                 ElementsAre(100, 100, testing::DoubleNear(linearPressure({1.5, 0.5, 0.5}), 1e-12), 100));
     EXPECT_THAT(sample::values(*dataSet, 2, temperature), ElementsAre(0, 0, 100, 13));
     EXPECT_THAT(remark, HasSubstr("No point was outside the source cells. 4 values treated as outside, where a source "
-                                  "value is not finite."));
+                                  "value is not finite. What is outside got the constant 100."));
 }
 
 TEST_F(InterpolateLinearlyTest, CountsAPointThatIsNowhereAsOutside)
@@ -315,9 +315,8 @@ TEST_F(InterpolateLinearlyTest, CountsAPointThatIsNowhereAsOutside)
     addTarget({{1, 1, 1}, {notANumber, 1, 1}, {1, infinity, 1}, {7, 7, 7}});
     ASSERT_TRUE(interpolate({1}, 2, {pressure}, 100));
     EXPECT_THAT(sample::values(*dataSet, 2, pressure), ElementsAre(testing::DoubleNear(4.5, 1e-12), 100, 100, 100));
-    EXPECT_THAT(remark,
-                HasSubstr("Outside the source cells: 3 points; outside points got the constant 100. 2 points of "
-                          "these without finite coordinates."));
+    EXPECT_THAT(remark, HasSubstr("Outside the source cells: 3 points. 2 points of these without finite coordinates. "
+                                  "What is outside got the constant 100."));
 }
 
 TEST_F(InterpolateLinearlyTest, TellsOfCellsThatWereLeftOut)
@@ -338,7 +337,7 @@ TEST_F(InterpolateLinearlyTest, TellsOfCellsThatWereLeftOut)
                 testing::MatchesRegex(
                     "Linear Interpolation: \"[^\"]*\", \"[^\"]*\" from \"[^\"]*\" to \"target\" with 3 points, in .*"));
     EXPECT_THAT(remark,
-                HasSubstr("Outside the source cells: 2 points; outside points kept what they had. 2 hidden source "
+                HasSubstr("Outside the source cells: 2 points. What is outside kept what it had. 2 hidden source "
                           "cells left out. 1 source cell without finite coordinates left out."));
 }
 

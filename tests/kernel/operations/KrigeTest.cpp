@@ -1,6 +1,7 @@
 #include "kernel/operations/Krige.h"
 
 #include "tests/kernel/support/InterpolationFixture.h"
+#include "tests/kernel/support/LookCounter.h"
 #include "tests/kernel/support/ReferenceKriging.h"
 
 #include <algorithm>
@@ -383,6 +384,73 @@ TEST_F(KrigeTest, IsRefusedWhenTheSystemOfAllPointsIsLargerThanTheMemory)
                                                            "there is: [0-9]+ points would fit."));
     expectRefused([&] { return krige({from}, to, {PtSelection_NearestN, 400002}, {0.3, 0.0, Drift_None}); });
     EXPECT_THAT(session.lastError(), testing::StartsWith("Kriging from 400002 points at once takes more memory"));
+}
+
+TEST_F(KrigeTest, KeepsEqualValuesToTheLastBit)
+{
+    for (double const value : {0.1, 2.5}) {
+        auto const constant = [value](double const*) { return value; };
+        int const from = addPoints(ScatteredPoints::random(3, 603, 3), constant, zero);
+        int const to = addPoints(ScatteredPoints::random(3, 1001, 4), zero, zero);
+        for (NeighborChoice const choice : {nearest16, octant16, everyPoint}) {
+            EXPECT_EQ(kriged(from, to, choice, {0.3, 0.1, Drift_Linear}), std::vector<double>(1001, value));
+        }
+    }
+}
+
+TEST_F(KrigeTest, GivesANumberHoweverFarAPlaceIsOutside)
+{
+    int const from = addPoints(ScatteredPoints::random(3, 200, 3), wave, zero);
+    int const to = addPoints({3, {1e155, 0.0, 0.0, -1e200, 1e200, 1e210, 1e279, 0.5, 0.5}}, zero, zero);
+    for (NeighborChoice const choice : {nearest16, everyPoint}) {
+        for (Drift_e const drift : {Drift_None, Drift_Linear, Drift_Quadratic}) {
+            EXPECT_THAT(kriged(from, to, choice, {0.3, 0.0, drift}),
+                        testing::Each(testing::Truly([](double value) { return std::isfinite(value); })));
+        }
+    }
+}
+
+TEST_F(KrigeTest, CanBeCancelledWhileItsPointsAreCountedForARefusal)
+{
+    std::vector<double> places(3 * 400003);
+    std::iota(places.begin(), places.end(), 0.0);
+    int const from = addPoints({3, places}, zero, zero);
+    int const to = addPoints({3, {0.0, 0.0, 0.0}}, zero, zero);
+    Krige kriging(frame->id, {from}, to, {P}, everyPoint, {0.3, 0.0, Drift_None});
+    ASSERT_EQ(kriging.find(session.pages()), "");
+    ASSERT_EQ(kriging.reasonAgainst(), "");
+    kriging.needs();
+    LookCounter counter;
+    EXPECT_THROW(kriging.compute(counter), std::runtime_error);
+    LookCounter last(counter.looks());
+    kriging.needs();
+    EXPECT_THROW(kriging.compute(last), Interrupted);
+}
+
+TEST_F(KrigeTest, TakesPlacesWithoutAValueForNoPointsOfTheSystem)
+{
+    std::vector<double> places(3 * 400003);
+    std::iota(places.begin(), places.end(), 0.0);
+    int const from = addPoints({3, places}, zero, zero);
+    std::vector<double> numbers(400003, std::numeric_limits<double>::quiet_NaN());
+    numbers[7] = 3.0;
+    numbers[11] = 4.0;
+    setField(from, P, numbers);
+    int const to = addPoints({3, {21.0, 22.0, 23.0}}, zero, zero);
+    EXPECT_THAT(kriged(from, to, everyPoint, {0.3, 0.0, Drift_None}), ElementsAre(3.0));
+}
+
+TEST_F(KrigeTest, TellsOfAPlaceWithALowerDriftOnce)
+{
+    listenToRemarks();
+    int const from = addPoints({2, {0.0, 0.0, 1.0, 0.0, 2.0, 0.0}}, wave, slope);
+    showPlane();
+    std::vector<double> numbers = valuesOf(from, P);
+    numbers[1] = std::numeric_limits<double>::quiet_NaN();
+    setField(from, P, numbers);
+    int const to = addPoints(ScatteredPoints::random(2, 10, 4), zero, zero);
+    ASSERT_TRUE(session.perform(Krige(frame->id, {from}, to, {P, Q}, everyPoint, {0.3, 0.0, Drift_Quadratic})));
+    EXPECT_THAT(remarks.back(), HasSubstr("A lower drift was taken at 10 points"));
 }
 
 TEST_F(KrigeTest, IsRefusedWithAReason)

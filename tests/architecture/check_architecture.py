@@ -4,7 +4,7 @@
 usage: check_architecture.py ROOT
 
 Also checked: platform/vdsdkbase declares as many kernel functions as are stated below, each once; a header that declares classes and no
-functions is named as one of its classes.
+functions is named as one of its classes; each numerical library has its own sources.
 """
 import pathlib
 import re
@@ -23,7 +23,7 @@ WITHIN_DIALOGS = {
     'bindings': {'models', 'property', 'widgets'},
     'frame': {'property', 'bindings'},
 }
-SIDEWAYS = {'spreadsheet': {'variableops'}, 'datasetinfo': {'variableops'}}
+SIDEWAYS = {'spreadsheet': {'variableops'}}
 # Every part exports by this header.
 FOR_ALL_DIALOGS = 'dialogs/property/DialogsApi.h'
 
@@ -37,6 +37,28 @@ TABLES_OF_FORMATS = {'app/import/ReadableFormats.cpp', 'app/export/WritableForma
 
 # The rooms of the kernel, in order: each may include itself and those before it.
 KERNEL_ROOMS = ['base', 'storage', 'compute', 'events', 'undo', 'data', 'mesh', 'frames', 'operations', 'style', 'session', 'api']
+
+# The parts of the application above the rooms of files, in order: each may include itself and those before it.
+APP_PARTS = ['app/plot', 'app/window', 'app/commandline']
+
+# The sources that use a numerical library; the others have what they need from these.
+NUMERICS = {
+    'CGAL': {'kernel/compute/PlaneTriangulation.cpp'},
+    'Eigen': {'kernel/compute/DenseKriging.cpp', 'kernel/compute/DriftBasis.h'},
+    'OpenMP': {'kernel/base/Parallel.cpp'},
+}
+
+# Headers of the standard library, of C and of the system. Any other in angle brackets is refused as long as it stands neither here nor above.
+STANDARD = set('''
+    algorithm any array atomic bitset cassert cctype cerrno cfenv cfloat charconv chrono cinttypes climits clocale cmath complex
+    condition_variable csetjmp csignal cstdarg cstddef cstdint cstdio cstdlib cstring ctime cuchar cwchar cwctype deque exception execution
+    filesystem forward_list fstream functional future initializer_list iomanip ios iosfwd iostream istream iterator limits list locale map
+    memory memory_resource mutex new numeric optional ostream queue random ratio regex scoped_allocator set shared_mutex sstream stack
+    stdexcept streambuf string string_view system_error thread tuple type_traits typeindex typeinfo unordered_map unordered_set utility
+    valarray variant vector
+    assert.h ctype.h errno.h float.h limits.h locale.h math.h signal.h stdarg.h stdbool.h stddef.h stdint.h stdio.h stdlib.h string.h time.h
+    fcntl.h malloc.h poll.h pthread.h spawn.h sys/mman.h sys/prctl.h sys/resource.h sys/stat.h sys/types.h sys/wait.h unistd.h
+'''.split())
 
 QT_CORE = {'QtCore', 'Qt', 'QtGlobal', 'QObject', 'QString', 'QStringList', 'QByteArray', 'QVariant', 'QPointer', 'QVector', 'QList',
            'QMap', 'QHash', 'QSet', 'QTimer', 'QLocale', 'QEvent', 'QCoreApplication', 'QMetaObject', 'QMetaType', 'QScopedPointer',
@@ -55,9 +77,15 @@ def kind_of(name):
     if re.match(r'Q[A-Z]', first) or first.startswith('Qt') or first == 'qglobal.h':
         base = name.split('/')[-1]
         return 'qtcore' if base in QT_CORE or first == 'QtCore' else 'qt'
-    if first in ('Eigen', 'CGAL', 'nanoflann.hpp', 'fftw3.h', 'omp.h'):
+    if numerical_library(name):
         return 'numerics'
-    return 'std'
+    return 'std' if name in STANDARD else 'unknown'
+
+
+def numerical_library(name):
+    """The key in NUMERICS of what <name> belongs to, or None."""
+    first = name.split('/')[0]
+    return 'OpenMP' if first == 'omp.h' else first if first in NUMERICS else None
 
 
 def outside_allowed(folder):
@@ -149,6 +177,29 @@ def check_file_rooms(path, text):
             yield f'{path}:{number}: must not include {name}'
 
 
+def check_app_parts(path, text):
+    own = next((part for part in APP_PARTS if is_below(path.rpartition('/')[0], part)), None)
+    for number, name, _ in includes(text):
+        other = next((part for part in APP_PARTS if name.startswith(part + '/')), None)
+        if own and other and APP_PARTS.index(other) > APP_PARTS.index(own):
+            yield f'{path}:{number}: {own} must not include {name}'
+
+
+def check_numerics(path, text):
+    for number, name, _ in includes(text):
+        library = numerical_library(name)
+        if library and path not in NUMERICS[library]:
+            yield f'{path}:{number}: must not use {library}'
+    if path not in NUMERICS['OpenMP'] and re.search(r'(?m)^\s*#\s*pragma\s+omp\b|\b_Pragma\s*\(\s*"omp\b', text):
+        yield f'{path}: must not use OpenMP'
+
+
+def check_users_of_numerics(files):
+    for library, users in NUMERICS.items():
+        for path in sorted(users - set(files)):
+            yield f'{path}: stands in the list of what uses {library}, but is gone'
+
+
 def includes(text):
     """(line number, name, is in quotes) of each include."""
     for number, line in enumerate(text.splitlines(), 1):
@@ -224,8 +275,11 @@ def problems(files):
     for path, text in sorted(files.items()):
         found += check_includes(path, text)
         found += check_file_rooms(path, text)
+        found += check_app_parts(path, text)
+        found += check_numerics(path, text)
         found += check_class_name(path, text)
     found += check_kernel_functions(files)
+    found += check_users_of_numerics(files)
     return found
 
 

@@ -94,10 +94,9 @@ class Includes(unittest.TestCase):
         self.refused(path, quoted('dialogs/variableops/File.h'))
         self.refused('dialogs/variableops/File.cpp', quoted('dialogs/spreadsheet/File.h'))
 
-    def test_two_dialog_folders_know_the_variable_operations(self):
-        for part in ('spreadsheet', 'datasetinfo'):
-            self.allowed(f'dialogs/{part}/File.cpp', quoted('dialogs/variableops/LoadVariables.h'))
-            self.refused(f'dialogs/{part}/File.cpp', quoted('dialogs/zoneops/File.h'))
+    def test_the_spreadsheet_knows_the_variable_operations(self):
+        self.allowed('dialogs/spreadsheet/File.cpp', quoted('dialogs/variableops/LoadVariables.h'))
+        self.refused('dialogs/spreadsheet/File.cpp', quoted('dialogs/zoneops/File.h'))
 
     def test_forms_belong_to_dialog_folders(self):
         self.refused('dialogs/bindings/Binding.cpp', quoted('ui_MirrorDialog.h'))
@@ -114,6 +113,12 @@ class Includes(unittest.TestCase):
         self.allowed(path, angled('vtkRenderer.h') + angled('QVTKOpenGLNativeWidget.h') + quoted('host/MessageLog.h') +
                      quoted('dialogs/frame/DialogInterface.h') + quoted('kernel/session/Session.h'))
         self.refused(path, quoted('tests/support/KernelSpy.h'))
+
+    def test_headers_that_nobody_knows_are_refused(self):
+        for path in ('kernel/base/Parallel.cpp', 'app/plot/PageView.cpp', 'host/IdleQueue.cpp'):
+            self.allowed(path, angled('vector') + angled('sys/mman.h'))
+            for name in ('tbb/tbb.h', 'fftw3.h', 'xml.h', 'vectors'):
+                self.refused(path, angled(name))
 
     def test_paths_start_at_the_root_of_the_project(self):
         self.refused('host/IdleQueue.cpp', quoted('IdleQueue.h'))
@@ -164,6 +169,43 @@ class FileRooms(unittest.TestCase):
         self.assertEqual(len(self.problems('app/import/odds/Ends.h', '#pragma once\n')), 1)
         self.assertEqual(self.problems('app/import/formats/new/Ends.h', '#pragma once\n'), [])
         self.assertEqual(self.problems('app/window/Ends.h', quoted('app/import/odds/Ends.h')), [])
+
+
+class PartsOfTheApplication(unittest.TestCase):
+    def problems(self, path, included):
+        return list(check_architecture.check_app_parts(path, quoted(included)))
+
+    def test_include_what_is_before_them(self):
+        parts = check_architecture.APP_PARTS
+        for place, part in enumerate(parts):
+            for target_place, target in enumerate(parts):
+                self.assertEqual(len(self.problems(f'{part}/File.cpp', f'{target}/Other.h')), 0 if target_place <= place else 1)
+
+    def test_are_free_beside_that(self):
+        self.assertEqual(self.problems('app/plot/File.cpp', 'app/vtk/CellShapes.h'), [])
+        self.assertEqual(self.problems('app/main.cpp', 'app/commandline/Program.h'), [])
+
+
+class NumericalLibraries(unittest.TestCase):
+    def problems(self, path, text):
+        return list(check_architecture.check_numerics(path, text))
+
+    def test_are_used_by_their_own_sources(self):
+        for library, header in (('CGAL', 'CGAL/Triangulation_2.h'), ('Eigen', 'Eigen/Dense'), ('OpenMP', 'omp.h')):
+            for path in check_architecture.NUMERICS[library]:
+                self.assertEqual(self.problems(path, angled(header)), [])
+            self.assertEqual(len(self.problems('kernel/mesh/CellMap.cpp', angled(header))), 1)
+
+    def test_are_not_used_by_pragmas_elsewhere(self):
+        for text in ('#pragma omp parallel for\n', '    #  pragma omp simd\n', '_Pragma("omp simd")\n'):
+            self.assertEqual(self.problems('kernel/base/Parallel.cpp', text), [])
+            self.assertEqual(len(self.problems('kernel/mesh/CellMap.cpp', text)), 1, text)
+        self.assertEqual(self.problems('kernel/mesh/CellMap.cpp', '#pragma once\n// omp\n'), [])
+
+    def test_are_in_the_table_while_their_sources_exist(self):
+        sources = {path: '' for paths in check_architecture.NUMERICS.values() for path in paths}
+        self.assertEqual(list(check_architecture.check_users_of_numerics(sources)), [])
+        self.assertEqual(len(list(check_architecture.check_users_of_numerics({}))), len(sources))
 
 
 class KernelFunctions(unittest.TestCase):

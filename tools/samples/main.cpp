@@ -1,4 +1,5 @@
 #include "tools/samples/FlowSample.h"
+#include "tools/samples/IslandSample.h"
 #include "tools/samples/LargeGrid.h"
 #include "tools/samples/MeshSamples.h"
 #include "tools/samples/RainfallSample.h"
@@ -23,6 +24,7 @@ void writeAll(std::filesystem::path const& folder)
     writeTriangles((folder / "triangles.vtu").string());
     writeTransient((folder / "transient.vtm").string());
     writeRainfall((folder / "rainfall.vtm").string());
+    writeIsland((folder / "island.vtm").string());
     writeTimeSeries((folder / "timeseries.csv").string());
     writeScatter((folder / "scatter.csv").string());
 }

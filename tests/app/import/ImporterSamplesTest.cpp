@@ -1,5 +1,6 @@
 #include "tests/app/support/FileHelpers.h"
 #include "tools/samples/FlowSample.h"
+#include "tools/samples/IslandSample.h"
 #include "tools/samples/LargeGrid.h"
 #include "tools/samples/MeshSamples.h"
 #include "tools/samples/RainfallSample.h"
@@ -96,6 +97,25 @@ TEST(Samples, RainfallIsKnownEverywhereButOnTheMap)
     EXPECT_FALSE(data->field(1, rainfall)->isPassive());
     EXPECT_FALSE(data->field(2, rainfall)->isPassive());
     EXPECT_TRUE(data->field(3, rainfall)->isPassive());
+}
+
+TEST(Samples, TheIslandHasMarksWithinAShoreAndRoundALake)
+{
+    auto const data = sample(&samples::writeIsland, "island.vtm").dataSet;
+    ASSERT_EQ(data->zoneCount(), 3);
+    EXPECT_EQ(data->zone(1)->name, "Marks");
+    EXPECT_GT(data->zone(1)->pointCount(), 150);
+    for (int const line : {2, 3}) {
+        kernel::Zone const& zone = *data->zone(line);
+        EXPECT_EQ(zone.name, line == 2 ? "Shore" : "Lake");
+        EXPECT_TRUE(zone.isOrdered());
+        EXPECT_EQ(zone.dimensionality(), 1);
+        for (int const variable : {1, 2}) {
+            auto const values = data->field(line, variable)->group()->buffer();
+            EXPECT_EQ(values->value(0), values->value(zone.i - 1)) << "it is closed";
+        }
+    }
+    EXPECT_EQ(variableNames(*data), "X,Y,Z,height");
 }
 
 TEST(Samples, TablesHaveATimeSeriesAndScatteredPoints)

@@ -1,16 +1,23 @@
+#include "app/window/DataOperation.h"
 #include "app/window/HelpViewer.h"
+#include "platform/vdsdkuicommon/HelpLauncher.h"
 #include "tests/app/support/WindowTest.h"
 
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QFile>
 #include <QImage>
+#include <QPushButton>
 #include <QRegularExpression>
+#include <QTest>
 #include <QTextBlock>
 #include <QTextBrowser>
 
 namespace veldraw::tests {
 
 namespace {
+
+using sdk::ui::common::HelpLauncher;
 
 constexpr int widestPicture = 584; // the viewer as it opens, less margins and scroll bar
 
@@ -54,20 +61,35 @@ protected:
         return names;
     }
 
+    /// On the one visible dialog.
+    void clickHelp() const
+    {
+        for (QDialogButtonBox const* const box : window->findChildren<QDialogButtonBox*>())
+            if (QPushButton* const button = box->button(QDialogButtonBox::Help); button && button->isVisible())
+                QTest::mouseClick(button, Qt::LeftButton);
+    }
+
     QDir help;
     QStringList pages;
 };
 
 } // namespace
 
-TEST_F(HelpPagesTest, AreThere)
+TEST_F(HelpPagesTest, HaveOneForEachEntryOfTheDataMenu)
 {
-    for (char const* page :
-         {"index.html", "axial_duplication.html", "axial_rotation.html", "create_zone_mirror.html",
-          "create_zone_duplicate.html", "delete_variable.html", "load_variable.html",
-          "interpolate_inverse_distance.html", "interpolate_kriging.html", "interpolate_linear.html", "opening.html",
-          "spreadsheet.html", "plots.html", "line_plots.html", "tables.html", "saving.html"})
-        EXPECT_TRUE(pages.contains(QString::fromLatin1(page))) << page;
+    showWindow();
+    QStringList topics;
+    HelpLauncher::install([&topics](std::string const& topic) { topics.push_back(QString::fromStdString(topic)); });
+    for (app::DataOperation const& operation : app::dataOperations()) {
+        operation.dialog(*window).launch();
+        clickHelp();
+        operation.dialog(*window).drop();
+    }
+    HelpLauncher::install(HelpLauncher::Opener());
+    ASSERT_EQ(topics.size(), static_cast<int>(app::dataOperations().size()));
+    for (QString const& topic : topics)
+        EXPECT_TRUE(pages.contains(topic)) << topic.toStdString();
+    EXPECT_EQ(topics.removeDuplicates(), 0) << "no two share one";
 }
 
 TEST_F(HelpPagesTest, LinkOnlyToPagesThatAreThere)

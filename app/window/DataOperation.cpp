@@ -3,6 +3,8 @@
 #include "dialogs/interpolation/InverseDistanceInterpolationDialog.h"
 #include "dialogs/interpolation/KrigingDialog.h"
 #include "dialogs/interpolation/LinearInterpDialog.h"
+#include "dialogs/smoothing/SmoothDialog.h"
+#include "dialogs/smoothing/TriangulateDialog.h"
 #include "dialogs/spreadsheet/DataSpreadsheetDialog.h"
 #include "dialogs/variableops/DeleteVariableDialog.h"
 #include "dialogs/variableops/LoadVariablesDialog.h"
@@ -51,6 +53,8 @@ std::vector<DataOperation> const& dataOperations()
         {"krigingAction", "&Kriging...", &KrigingDialog::relevance, &dialog<KrigingDialog>},
         {"linearInterpolationAction", "Linear I&nterpolation...", &LinearInterpDialog::relevance,
          &dialog<LinearInterpDialog>},
+        {"triangulateAction", "2D &Triangulation...", &TriangulateDialog::relevance, &dialog<TriangulateDialog>},
+        {"smoothAction", "Sm&ooth...", &SmoothDialog::relevance, &dialog<SmoothDialog>},
         {"dataSpreadsheetAction", "Data &Spreadsheet...", &DataSpreadsheetDialog::relevance,
          &dialog<DataSpreadsheetDialog>},
     };

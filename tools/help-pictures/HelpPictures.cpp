@@ -6,6 +6,7 @@
 
 #include <QAbstractButton>
 #include <QDir>
+#include <QFileInfo>
 #include <QImageWriter>
 #include <QPainter>
 #include <QSet>
@@ -76,27 +77,22 @@ HelpPictures::HelpPictures(MainWindow& window, QString samples, QString out, std
 
 QStringList HelpPictures::take()
 {
-    open(QStringLiteral("tetra.vtu"), Deferral::Auto);
-    takePlot(QStringLiteral("bar"));
-    open(QStringLiteral("timeseries.csv"), Deferral::Auto);
-    takePlot(QStringLiteral("line_plot"));
-    open(QStringLiteral("rainfall.vtm"), Deferral::Auto);
-    takePlot(QStringLiteral("rainfall"));
     for (HelpSubject const& subject : helpSubjects())
         takeOf(subject);
     m_problems += m_user.unexpectedMessages();
     return m_problems;
 }
 
-void HelpPictures::open(QString const& sample, Deferral deferral)
+bool HelpPictures::open(QString const& sample, Deferral deferral)
 {
     if (sample == m_open && deferral == m_deferral)
-        return;
+        return false;
     m_open = sample;
     m_deferral = deferral;
     m_user.activate(m_window);
     m_window.openFiles({m_samples + QLatin1Char('/') + sample}, DocumentController::Place::FreshPage);
     m_user.settle(1500);
+    return true;
 }
 
 void HelpPictures::takeOf(HelpSubject const& subject)
@@ -107,7 +103,9 @@ void HelpPictures::takeOf(HelpSubject const& subject)
         return;
     }
     QString const topic = QString::fromLatin1(subject.topic);
-    open(QString::fromLatin1(subject.sample), subject.deferral);
+    QString const sample = QString::fromLatin1(subject.sample);
+    if (open(sample, subject.deferral) && subject.button)
+        takePlot(QFileInfo(sample).baseName());
     operation->dialog(m_window).launch();
     auto* const dialog = UserDriver::visibleWindow<dialogs::common::QtDialogAbstract>();
     m_user.activate(*dialog);

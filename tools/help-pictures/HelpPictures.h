@@ -11,8 +11,8 @@
 
 namespace veldraw::app {
 
-/// Opens each dialog that has a help page, enters something sensible by clicks and keys, and takes pictures of the dialog and of the
-/// plot that comes of it.
+/// Opens each dialog that has a help page, enters something sensible by clicks and keys, and takes pictures of the dialog, of the plot
+/// that comes of it, and of the sample as it was, under the name of its file.
 class HelpPictures
 {
 public:
@@ -24,7 +24,8 @@ public:
     QStringList take();
 
 private:
-    void open(QString const& sample, Deferral deferral);
+    /// @return false when it is open already
+    bool open(QString const& sample, Deferral deferral);
     void takeOf(HelpSubject const& subject);
     void takePlot(QString const& name);
     void takeDialog(QDialog& dialog, QString const& name);

@@ -114,6 +114,25 @@ void enterLinear(QDialog& dialog, UserDriver& user)
     enterNumber(dialog, user, "LinearIterp_ConstValue_LineEdit", "10");
 }
 
+// The marks and, held in by both lines, the island.
+void enterTriangulation(QDialog& dialog, UserDriver& user)
+{
+    user.clickRow(child<QListView>(dialog, "sourceZonesListView"), 0);
+    turnOn(dialog, user, "useBoundaryZonesCheckBox");
+    user.settle();
+    turnOn(dialog, user, "includeBoundaryPointsCheckBox");
+    auto& boundaries = child<QListView>(dialog, "boundaryZonesListView");
+    int const last = boundaries.model()->rowCount() - 1;
+    user.clickRow(boundaries, last - 1);
+    user.clickRow(boundaries, last, Qt::ShiftModifier);
+}
+
+// Enough for the quick one of the two tones to go.
+void enterSmoothing(QDialog& dialog, UserDriver& user)
+{
+    enterNumber(dialog, user, "smoothDlg_NumOfPasses_LineEdit", "20");
+}
+
 } // namespace
 
 std::vector<HelpSubject> const& helpSubjects()
@@ -129,6 +148,8 @@ std::vector<HelpSubject> const& helpSubjects()
          "rainfall.vtm"},
         {"krigingAction", "interpolate_kriging", "&Interpolate", enterKriging, "rainfall.vtm"},
         {"linearInterpolationAction", "interpolate_linear", "&Interpolate", enterLinear, "rainfall.vtm"},
+        {"triangulateAction", "triangulate", "&Triangulate", enterTriangulation, "island.vtm"},
+        {"smoothAction", "alter_smooth", "&Smooth", enterSmoothing, "timeseries.csv"},
         {"dataSpreadsheetAction", "spreadsheet_long", nullptr, showLastRow, "line.mhd"},
     };
     return subjects;

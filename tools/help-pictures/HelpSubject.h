@@ -23,8 +23,8 @@ struct HelpSubject
     Deferral deferral = Deferral::Auto;
 };
 
-/// All of them. Those of one file follow each other: the bar that ends at x = 0 for most, the rainfall for interpolations, a line
-/// for what is about long tables.
+/// All of them. Those of one file follow each other: the bar that ends at x = 0 for most, the rainfall for interpolations, an island
+/// to triangulate, two tones in time to smooth, a line for what is about long tables.
 std::vector<HelpSubject> const& helpSubjects();
 
 } // namespace veldraw::app

@@ -292,5 +292,42 @@ TEST_F(SmoothDialogTest, KeepsAllItsSettingsWhenItIsMadeAnew)
     EXPECT_EQ(chosen(boundary), "Second Order");
 }
 
+TEST_F(SmoothDialogTest, CanBeUsedByKeyboardAlone)
+{
+    launched();
+    auto const alt = [this](Qt::Key key) {
+        QTest::keyClick(dialog().focusWidget(), key, Qt::AltModifier);
+        return dialog().focusWidget()->objectName().toStdString();
+    };
+    EXPECT_EQ(alt(Qt::Key_B), boundary);
+    QTest::keyClick(dialog().focusWidget(), Qt::Key_Down);
+    EXPECT_EQ(alt(Qt::Key_V), variable);
+    EXPECT_EQ(alt(Qt::Key_Z), zone);
+    QTest::keyClick(dialog().focusWidget(), Qt::Key_End);
+    EXPECT_EQ(alt(Qt::Key_N), passes);
+    EXPECT_EQ(alt(Qt::Key_O), coefficient);
+    QTest::keyClicks(dialog().focusWidget(), QStringLiteral("0.25"));
+    QTest::keyClick(dialog().focusWidget(), Qt::Key_S, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return values(line, 3) != bump; }));
+    // The coefficient was being typed, and counts. The boundary has the values beside it.
+    EXPECT_EQ(values(line, 3), (std::vector<double>{0.125, 0.125, 0.75, 0.125, 0.125}));
+    EXPECT_THAT(messages.take(), ElementsAre("information: Smoothing was successful."));
+}
+
+TEST_F(SmoothDialogTest, SmoothsInPlaceAsOneStepAndKeepsItsSettings)
+{
+    launched();
+    selectBump();
+    clickAction();
+    EXPECT_THAT(messages.take(), ElementsAre("information: Smoothing was successful."));
+    EXPECT_EQ(values(line, 3), smoothBump);
+    EXPECT_EQ(values(line, 4), std::vector<double>(5, 2.0));
+    EXPECT_TRUE(dialog().isVisible());
+    EXPECT_EQ(chosen(zone), "4: Line");
+    EXPECT_EQ(chosen(variable), "3: P");
+    sample.session().undo();
+    EXPECT_EQ(values(line, 3), bump);
+}
+
 } // namespace
 } // namespace veldraw::tests

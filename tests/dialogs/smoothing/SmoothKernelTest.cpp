@@ -1,7 +1,10 @@
+#include "platform/vdsdkcommon/StateChangeEventObservable.h"
 #include "tests/dialogs/smoothing/SmoothFixture.h"
 #include "tests/dialogs/support/ActionUnderSpy.h"
 #include "tests/dialogs/support/RecordedGuards.h"
 #include "tests/support/StyleSession.h"
+
+#include <QApplication>
 
 #include <gmock/gmock.h>
 
@@ -11,6 +14,7 @@ namespace {
 using testing::ElementsAre;
 
 std::string const failed = "error: Error while computing smooth.";
+std::string const done = "information: Smoothing was successful.";
 
 class SmoothKernelTest : public ActionUnderSpy<SmoothFixture>
 {
@@ -50,6 +54,55 @@ TEST_F(SmoothKernelTest, ChecksNothingItself)
     EXPECT_THAT(spy.callsOf("VelUtilSmooth"), ElementsAre("VelUtilSmooth(99, -1, 1, 0.5, 0)"));
     EXPECT_EQ(spy.calls().front(), "VelUtilSmooth(99, -1, 1, 0.5, 0)");
     expectTold({failed}, "no such zone");
+}
+
+TEST_F(SmoothKernelTest, TellsAFailureOnceAndKeepsTheSettingsForAnotherTry)
+{
+    selectBump();
+    enter(passes, "2");
+    spy.failNext("VelUtilSmooth");
+    clickAction();
+    expectTold({failed}, "refused");
+    EXPECT_EQ(spy.count("VelUtilSmooth"), 1) << "nothing tries again by itself";
+    EXPECT_EQ(values(line, 3), bump);
+    EXPECT_EQ(chosen(zone), "4: Line");
+    EXPECT_EQ(chosen(variable), "3: P");
+    EXPECT_EQ(shown(passes), "2");
+    clickAction();
+    expectTold({done}, "another try");
+    EXPECT_NE(values(line, 3), bump);
+}
+
+TEST_F(SmoothKernelTest, TellsTheOutcomeByTheReporter)
+{
+    selectBump();
+    std::vector<std::string> const calls = callsOfAction();
+    EXPECT_EQ(calls.front(), "VelUtilSmooth(4, 3, 1, 0.5, 0)");
+    EXPECT_EQ(calls.back(), "VelUtilDialogMessageBox(\"Smoothing was successful.\", 2)");
+    spy.failNext("VelUtilSmooth");
+    EXPECT_EQ(spy.count("VelUtilDialogErrMsg"), 0);
+    clickAction();
+    EXPECT_THAT(spy.callsOf("VelUtilDialogErrMsg"),
+                ElementsAre("VelUtilDialogErrMsg(\"Error while computing smooth.\")"));
+}
+
+TEST_F(SmoothKernelTest, ShowsThatItIsBusyAndHoldsTheApplicationWhileTheKernelWorks)
+{
+    selectBump();
+    std::vector<std::pair<int, int>> seen;
+    auto const look = [&seen](auto const&) {
+        QCursor const* const cursor = QApplication::overrideCursor();
+        seen.emplace_back(sdk::AppLock::depth(), cursor ? cursor->shape() : -1);
+    };
+    {
+        boost::signals2::scoped_connection const listening =
+            sdk::integration::StateChangeEventObservable::getInstance().connectStateChanged(look);
+        clickAction();
+    }
+    ASSERT_FALSE(seen.empty());
+    for (auto const& each : seen)
+        EXPECT_EQ(each, (std::pair<int, int>{1, Qt::WaitCursor}));
+    EXPECT_FALSE(QApplication::overrideCursor());
 }
 
 TEST_F(SmoothKernelTest, HoldsTheApplicationButNotTheCursorWhileItTellsTheOutcome)
@@ -100,6 +153,30 @@ TEST_F(SmoothKernelTest, ChangesNoSettingOfTheKernel)
     EXPECT_EQ(styleNumber("NumSmoothPasses"), 1.0);
     EXPECT_EQ(styleNumber("SmoothWeight"), 0.5);
     EXPECT_EQ(styleNumber("SmoothBndryCond"), 0.0);
+}
+
+TEST_F(SmoothKernelTest, StaysWholeAndReleasesItsGuardsWhicheverKernelCallFails)
+{
+    selectBump();
+    std::vector<std::string> const calls = callsOfAction();
+    for (auto const fail : {&KernelSpy::failCall, &KernelSpy::failFrom})
+        for (std::size_t failing = 0; failing < calls.size(); ++failing) {
+            std::string const when = calls[failing] + " fails";
+            sample.session().undo();
+            selectBump();
+            ASSERT_EQ(values(line, 3), bump) << when;
+            messages.take();
+            spy.reset();
+            (spy.*fail)(static_cast<int>(failing) + 1);
+            clickAction();
+            spy.reset();
+            EXPECT_EQ(values(line, 3), failing == 0 ? bump : smoothBump) << when;
+            bool const isTold = fail == &KernelSpy::failCall && failing + 1 < calls.size();
+            expectTold(isTold ? std::vector{failing == 0 ? failed : done} : std::vector<std::string>(), when);
+            if (failing == 0)
+                clickAction();
+            EXPECT_EQ(values(line, 3), smoothBump) << when << ", then nothing";
+        }
 }
 
 } // namespace

@@ -150,6 +150,16 @@ TEST_F(SmoothPropertiesManagerTest, FixesTheBoundaryOfAnUnorderedZoneAtEachChang
     EXPECT_FALSE(fixedBy(FakeStateChange(StateChange_StateRestored))) << "the zone is disabled";
 }
 
+TEST_F(SmoothPropertiesManagerTest, SmoothsWithoutADialog)
+{
+    SmoothPropertiesManager manager;
+    SmoothPropertiesManager::selectedZone()->setValue(line);
+    SmoothPropertiesManager::selectedVariable()->setValue(3);
+    manager.smooth();
+    EXPECT_THAT(messages.take(), ElementsAre("information: Smoothing was successful."));
+    EXPECT_EQ(values(line, 3), smoothBump);
+}
+
 TEST_F(SmoothPropertiesManagerTest, TellsThatItsVariablesChangedWhenTheyDid)
 {
     SmoothPropertiesManager const manager;

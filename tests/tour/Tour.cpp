@@ -12,6 +12,7 @@
 #include "tests/tour/LongTableStation.h"
 #include "tests/tour/MirrorZoneStation.h"
 #include "tests/tour/SpreadsheetStation.h"
+#include "tests/tour/TriangulationStation.h"
 
 #include <QApplication>
 #include <QDir>
@@ -49,6 +50,7 @@ TourReport const& Tour::run()
     AxialRotationStation(m_tour).run();
     saveResult();
     InterpolationStation(m_tour, m_samples + QStringLiteral("/rainfall.vtm")).run();
+    TriangulationStation(m_tour, m_samples + QStringLiteral("/island.vtm")).run();
     LoadVariableStation(m_tour, m_samples + QStringLiteral("/tetra.vtu")).run();
     LongTableStation(m_tour, m_samples + QStringLiteral("/line.mhd")).run();
     CancelledSaveStation(m_tour, m_out).run();

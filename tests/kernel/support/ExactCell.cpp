@@ -58,6 +58,9 @@ ExactCell::ExactCell(sample::CellLists const& cells, std::size_t cell, std::vect
         corner.place[2] += 1;
         return corner;
     };
+    if (Connectivity::isFace(cells.shapes[cell])) {
+        m_box.high[2] += 1;
+    }
     switch (cells.shapes[cell]) {
     case Shape::Triangle:
         c.push_back(c[2]);

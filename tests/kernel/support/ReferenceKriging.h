@@ -85,18 +85,24 @@ private:
                 pivot = std::abs(matrix[row][step]) > std::abs(matrix[pivot][step]) ? row : pivot;
             }
             std::swap(matrix[step], matrix[pivot]);
-            for (std::size_t row = 0; row < size; ++row) {
-                long double const factor = row == step ? 0.0L : matrix[row][step] / matrix[step][step];
-                for (std::size_t column = step; column <= size && row != step; ++column) {
-                    matrix[row][column] -= factor * matrix[step][column];
+            long double const* const source = matrix[step].data();
+            for (std::size_t row = step + 1; row < size; ++row) {
+                long double* const target = matrix[row].data();
+                long double const factor = target[step] / source[step];
+                for (std::size_t column = step; column <= size; ++column) {
+                    target[column] -= factor * source[column];
                 }
             }
         }
-        std::vector<double> solution;
-        for (std::size_t row = 0; row < size; ++row) {
-            solution.push_back(static_cast<double>(matrix[row][size] / matrix[row][row]));
+        std::vector<long double> solution(size);
+        for (std::size_t row = size; row-- > 0;) {
+            long double rest = matrix[row][size];
+            for (std::size_t column = row + 1; column < size; ++column) {
+                rest -= matrix[row][column] * solution[column];
+            }
+            solution[row] = rest / matrix[row][row];
         }
-        return solution;
+        return {solution.begin(), solution.end()};
     }
 
     std::vector<Place> m_points;

@@ -21,6 +21,7 @@ SHARED = {'app/support', 'dialogs/library', 'dialogs/support', 'kernel/support'}
 
 # What a whole folder, or several, are tested for.
 NAMED_OTHERWISE = {
+    'tests/dialogs/interpolation/InterpolationsTest.cpp': 'all dialogs that interpolate',
     'tests/dialogs/models/StockListModelsTest.cpp': 'all lists of zones, variables and line maps',
     'tests/dialogs/zoneops/CreationGuardsTest.cpp': 'all dialogs that create zones',
     'tests/host/ExceptionTest.cpp': 'all exceptions of the platform, which have one base',

@@ -53,6 +53,37 @@ protected:
             kernel::Field(std::make_shared<kernel::ShareGroup>(std::move(buffer)), ValueLocation_Nodal);
     }
 
+    /// P from Wing to Body.
+    void selectWingToBody()
+    {
+        clickRow(0);
+        clickRowOf(traits.boundInOrder.at(1), 0);
+        choose(traits.boundInOrder.at(2), 1);
+    }
+
+    /// What has the focus after Alt and a letter.
+    std::string focusAfterAlt(Qt::Key letter)
+    {
+        QTest::keyClick(dialog().focusWidget(), letter, Qt::AltModifier);
+        return dialog().focusWidget()->objectName().toStdString();
+    }
+
+    /// The widgets, in the order of their bindings, that had theirs before that of the action button; a click tells, which is refused
+    /// while nothing is selected.
+    std::vector<std::string> boundBeforeTheButton(std::string const& failure)
+    {
+        std::vector<std::string> before;
+        AdditionsToWidgets const additions([&](QWidget& widget) {
+            for (auto* const button : widget.window()->findChildren<QPushButton*>())
+                if (button->text() == QString::fromStdString(traits.action))
+                    button->click();
+            if (messages.take() != std::vector<std::string>{failure})
+                before.push_back(widget.objectName().toStdString());
+        });
+        dialog();
+        return before;
+    }
+
     /// Whether Body has the values of Wing, but for rounding.
     bool bodyIsLikeWing(int variable) const
     {

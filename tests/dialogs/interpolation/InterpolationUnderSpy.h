@@ -8,8 +8,7 @@
 namespace veldraw::tests {
 
 /// An interpolation dialog on the screen as the kernel sees it.
-/// @tparam Fixture the dialog's, an InterpolationFixture with the name of its `kernelFunction`, the messages `failed` and `done`, and
-/// `selectWingToBody()`
+/// @tparam Fixture the dialog's, an InterpolationFixture with the name of its `kernelFunction`, and the messages `failed` and `done`
 template <typename Fixture>
 class InterpolationUnderSpy : public ActionUnderSpy<Fixture>
 {

@@ -48,14 +48,6 @@ protected:
         StyleSession::setNumber(pointsPath, 8.0);
         StyleSession::setNumber(selectionPath, PtSelection_Octant);
     }
-
-    /// P from Wing to Body.
-    void selectWingToBody()
-    {
-        clickRow(0);
-        clickRowOf(variables, 0);
-        choose(destination, 1);
-    }
 };
 
 } // namespace veldraw::tests

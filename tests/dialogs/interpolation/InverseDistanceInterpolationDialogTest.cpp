@@ -89,13 +89,9 @@ TEST_F(InverseDistanceInterpolationDialogTest, TranslatesTheTextsOfItsFormOnly)
     EXPECT_THAT(choicesOf(pointSelection), ElementsAre("Nearest N", "Octant", "All")) << "of the list, not of the form";
 }
 
-TEST_F(InverseDistanceInterpolationDialogTest, StartsWithNothingSelectedTheFirstZoneAndTheSettingsOfTheKernel)
+TEST_F(InverseDistanceInterpolationDialogTest, StartsWithTheSettingsOfTheKernel)
 {
     launched();
-    EXPECT_THAT(rows(), ElementsAre("1: Wing", "2: Body", "3: Tail"));
-    EXPECT_THAT(rowsOf(variables), ElementsAre("3: P", "4: T"));
-    EXPECT_THAT(choicesOf(destination), ElementsAre("1: Wing", "2: Body", "3: Tail"));
-    EXPECT_EQ(chosen(destination), "1: Wing");
     EXPECT_EQ(shown(minimumDistance), "0");
     EXPECT_EQ(shown(exponent), "2");
     EXPECT_EQ(chosen(pointSelection), "Octant");
@@ -208,21 +204,6 @@ TEST_F(InverseDistanceInterpolationDialogTest, AcceptsTheLimitsThemselves)
     EXPECT_THAT(messages.take(), testing::IsEmpty());
 }
 
-TEST_F(InverseDistanceInterpolationDialogTest, InterpolatesBetweenTheSelectedZonesAndKeepsTheSelections)
-{
-    launched();
-    selectWingToBody();
-    clickAction();
-    EXPECT_THAT(messages.take(), ElementsAre(done));
-    EXPECT_TRUE(bodyIsLikeWing(3)) << "the points are the same, so are the values";
-    EXPECT_EQ(values(2, 4), untouched);
-    EXPECT_EQ(values(3, 3), untouched);
-    EXPECT_TRUE(dialog().isVisible());
-    EXPECT_THAT(rows(), ElementsAre("*1: Wing", "2: Body", "3: Tail"));
-    EXPECT_THAT(rowsOf(variables), ElementsAre("*3: P", "4: T"));
-    EXPECT_EQ(chosen(destination), "2: Body");
-}
-
 TEST_F(InverseDistanceInterpolationDialogTest, WeighsAllPointsByTheExponentThatWasTyped)
 {
     launched();
@@ -252,18 +233,6 @@ TEST_F(InverseDistanceInterpolationDialogTest, WeighsAllPointsByTheExponentThatW
     }
 }
 
-TEST_F(InverseDistanceInterpolationDialogTest, IsOneStepThatIsTakenBack)
-{
-    launched();
-    selectWingToBody();
-    clickAction();
-    sample.session().undo();
-    EXPECT_EQ(values(2, 3), untouched);
-    sample.session().redo();
-    EXPECT_TRUE(bodyIsLikeWing(3));
-    EXPECT_THAT(rows(), ElementsAre("*1: Wing", "2: Body", "3: Tail"));
-}
-
 TEST_F(InverseDistanceInterpolationDialogTest, LetsTheKernelRefuseAnEmptySelection)
 {
     launched();
@@ -277,62 +246,22 @@ TEST_F(InverseDistanceInterpolationDialogTest, LetsTheKernelRefuseAnEmptySelecti
     EXPECT_THAT(rows(), ElementsAre("*1: Wing", "2: Body", "3: Tail"));
 }
 
-TEST_F(InverseDistanceInterpolationDialogTest, CanBeUsedByKeyboardAlone)
+TEST_F(InverseDistanceInterpolationDialogTest, ReachesItsSettingsByTheirLetters)
 {
     launched();
-    auto const alt = [this](Qt::Key key) {
-        QTest::keyClick(dialog().focusWidget(), key, Qt::AltModifier);
-        return dialog().focusWidget()->objectName().toStdString();
-    };
-    EXPECT_EQ(alt(Qt::Key_M), minimumDistance);
-    EXPECT_EQ(alt(Qt::Key_E), exponent);
-    EXPECT_EQ(alt(Qt::Key_P), pointSelection);
-    EXPECT_EQ(alt(Qt::Key_N), numberOfPoints);
-    EXPECT_EQ(alt(Qt::Key_S), traits.list);
-    QTest::keyClick(&list(), Qt::Key_Home);
-    QTest::keyClick(&list(), Qt::Key_Space);
-    EXPECT_EQ(alt(Qt::Key_V), variables);
-    QTest::keyClick(&child<QListView>(variables), Qt::Key_A, Qt::ControlModifier);
-    EXPECT_EQ(alt(Qt::Key_D), destination);
-    QTest::keyClick(&child<QComboBox>(destination), Qt::Key_Down);
-    IdleDispatcher::flush();
-    QTest::keyClick(dialog().focusWidget(), Qt::Key_I, Qt::AltModifier);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return bodyIsLikeWing(4); }));
-    EXPECT_THAT(messages.take(), ElementsAre(done));
-    EXPECT_TRUE(bodyIsLikeWing(3));
+    EXPECT_EQ(focusAfterAlt(Qt::Key_M), minimumDistance);
+    EXPECT_EQ(focusAfterAlt(Qt::Key_E), exponent);
+    EXPECT_EQ(focusAfterAlt(Qt::Key_P), pointSelection);
+    EXPECT_EQ(focusAfterAlt(Qt::Key_N), numberOfPoints);
 }
 
-TEST_F(InverseDistanceInterpolationDialogTest, CannotBeUsedOutsideFieldPlots)
+TEST_F(InverseDistanceInterpolationDialogTest, BeginsAnewWithTheSettingsOfTheKernel)
 {
     launched();
-    showAs(PlotType_XYLine);
-    EXPECT_FALSE(list().isEnabled());
-    EXPECT_FALSE(canAct());
-    showAs(PlotType_Cartesian2D);
-    EXPECT_TRUE(list().isEnabled());
-    EXPECT_TRUE(canAct());
-}
-
-TEST_F(InverseDistanceInterpolationDialogTest, NeedsASecondZone)
-{
-    launched();
-    sample.session().perform(kernel::EnableZone(sample.dataSet(), 2, false));
-    EXPECT_TRUE(canAct());
-    sample.session().perform(kernel::EnableZone(sample.dataSet(), 3, false));
-    EXPECT_FALSE(canAct());
-}
-
-TEST_F(InverseDistanceInterpolationDialogTest, BeginsAnewWithoutSelectionsAndWithTheSettingsOfTheKernel)
-{
-    launched();
-    selectWingToBody();
     enter(exponent, "3.5");
     choose(pointSelection, 2);
     delete &dialog();
     launched();
-    EXPECT_THAT(rows(), ElementsAre("1: Wing", "2: Body", "3: Tail"));
-    EXPECT_THAT(rowsOf(variables), ElementsAre("3: P", "4: T"));
-    EXPECT_EQ(chosen(destination), "1: Wing");
     EXPECT_EQ(shown(exponent), "3.5");
     EXPECT_EQ(chosen(pointSelection), "All");
 }

@@ -54,31 +54,6 @@ TEST_F(InverseDistanceInterpolationKernelTest, AsksTheKernelAlsoWhenTheDestinati
                 ElementsAre("VelUtilInverseDistInterpolation({1}, 1, {3}, 2, 0, 2, 8)"));
 }
 
-TEST_F(InverseDistanceInterpolationKernelTest, TellsAFailureAndKeepsTheSelectionsForAnotherTry)
-{
-    selectWingToBody();
-    spy.failNext("VelUtilInverseDistInterpolation");
-    clickAction();
-    expectTold({failed}, "refused");
-    EXPECT_EQ(spy.count("VelUtilInverseDistInterpolation"), 1) << "nothing tries again by itself";
-    EXPECT_EQ(values(2, 3), untouched);
-    EXPECT_THAT(rows(), ElementsAre("*1: Wing", "2: Body", "3: Tail"));
-    EXPECT_THAT(rowsOf(variables), ElementsAre("*3: P", "4: T"));
-    EXPECT_EQ(chosen(destination), "2: Body");
-
-    clickAction();
-    expectTold({done}, "another try");
-    EXPECT_TRUE(bodyIsLikeWing(3));
-}
-
-TEST_F(InverseDistanceInterpolationKernelTest, TellsThatALockedDataSetRefuses)
-{
-    selectWingToBody();
-    sample.session().setLock(sample.dataSet(), "another operation");
-    clickAction();
-    expectTold({failed}, "locked");
-}
-
 TEST_F(InverseDistanceInterpolationKernelTest, HoldsTheApplicationWhileItTellsTheOutcome)
 {
     RecordedGuards const recorded;
@@ -136,16 +111,6 @@ TEST_F(InverseDistanceInterpolationKernelTest, TakesTheDestinationThatIsLeftWhen
     sample.session().perform(kernel::EnableZone(sample.dataSet(), 1, false));
     EXPECT_EQ(chosen(destination), "2: Body");
     EXPECT_THAT(interpolationsOfClick(), ElementsAre("VelUtilInverseDistInterpolation({3}, 2, {3}, 2, 0, 2, 8)"));
-}
-
-TEST_F(InverseDistanceInterpolationKernelTest, StaysWholeAndReleasesItsGuardsWhicheverKernelCallFails)
-{
-    sweep(&KernelSpy::failCall);
-}
-
-TEST_F(InverseDistanceInterpolationKernelTest, StaysWholeAndReleasesItsGuardsWhenAllKernelCallsFailFromOneOn)
-{
-    sweep(&KernelSpy::failFrom);
 }
 
 } // namespace

@@ -34,6 +34,14 @@ TEST_F(InverseDistanceLifecycleTest, BindsItsFieldsInOrder)
                                                       pointSelection, numberOfPoints));
 }
 
+TEST_F(InverseDistanceLifecycleTest, BindsItsButtonLast)
+{
+    EXPECT_THAT(boundBeforeTheButton(failed), testing::ElementsAre(traits.list, variables, destination, minimumDistance,
+                                                                   exponent, pointSelection, numberOfPoints));
+    actionButton().click();
+    EXPECT_THAT(messages.take(), testing::ElementsAre(failed));
+}
+
 TEST_F(InverseDistanceLifecycleTest, AsksItsRuleAgainWhenThePlotTypeOrTheDataChange)
 {
     for (int const kind : {StateChange_ValuesAltered, StateChange_VariablesAdded, StateChange_ZonesEnabled,
@@ -66,17 +74,6 @@ TEST_F(InverseDistanceLifecycleTest, IsAvailableInFieldPlotsOfSeveralZonesWithSo
     EXPECT_TRUE(rule->isRelevant());
     sample.session().perform(kernel::EnableZone(sample.dataSet(), 2, false));
     EXPECT_FALSE(rule->isRelevant()) << "one zone is no use";
-}
-
-TEST_F(InverseDistanceLifecycleTest, FollowsTheActiveFrame)
-{
-    launched();
-    auto const other = sample.session().createFrame("Empty", kernel::Rectangle{1.0, 1.0, 8.0, 6.0});
-    EXPECT_FALSE(canAct());
-    sample.session().activateFrame(sample.frame()->id);
-    EXPECT_TRUE(canAct());
-    sample.session().activateFrame(other->id);
-    EXPECT_FALSE(canAct());
 }
 
 TEST_F(InverseDistanceLifecycleTest, MayBeDestroyedWhenAChoiceIsMade)

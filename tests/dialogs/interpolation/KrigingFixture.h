@@ -57,14 +57,6 @@ protected:
         KrigingPropertiesManager::krigPtSelection()->setValue(PtSelection_Octant);
         KrigingPropertiesManager::krigNumPoints()->setValue(8);
     }
-
-    /// P from Wing to Body.
-    void selectWingToBody()
-    {
-        clickRow(0);
-        clickRowOf(variables, 0);
-        choose(destination, 1);
-    }
 };
 
 } // namespace veldraw::tests

@@ -50,22 +50,6 @@ TEST_F(KrigingKernelTest, ChecksNothingItselfAndCountsPointsIn64Bits)
     expectTold({failed}, "nothing selected");
 }
 
-TEST_F(KrigingKernelTest, TellsAFailureAndKeepsTheSelectionsForAnotherTry)
-{
-    selectWingToBody();
-    IdleDispatcher::flush();
-    spy.failNext(kernelFunction);
-    clickAction();
-    expectTold({failed}, "refused");
-    EXPECT_EQ(spy.count(kernelFunction), 1) << "nothing tries again by itself";
-    EXPECT_EQ(values(2, 3), untouched);
-    EXPECT_THAT(rows(), ElementsAre("*1: Wing", "2: Body", "3: Tail"));
-    EXPECT_THAT(rowsOf(variables), ElementsAre("*3: P", "4: T"));
-    clickAction();
-    expectTold({done}, "another try");
-    EXPECT_TRUE(bodyIsLikeWing(3));
-}
-
 TEST_F(KrigingKernelTest, HoldsTheApplicationWhileItTellsTheOutcome)
 {
     RecordedGuards const recorded;
@@ -122,16 +106,6 @@ TEST_F(KrigingKernelTest, HasARuleThatSignalsForEachOfThreePropertiesAndOutlives
         manager.destinationZone()->setValue(3);
     }
     EXPECT_TRUE(rule->isRelevant());
-}
-
-TEST_F(KrigingKernelTest, StaysWholeAndReleasesItsGuardsWhicheverKernelCallFails)
-{
-    sweep(&KernelSpy::failCall);
-}
-
-TEST_F(KrigingKernelTest, StaysWholeAndReleasesItsGuardsWhenAllKernelCallsFailFromOneOn)
-{
-    sweep(&KernelSpy::failFrom);
 }
 
 } // namespace

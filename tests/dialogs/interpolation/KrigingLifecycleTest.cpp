@@ -24,6 +24,22 @@ TEST_F(KrigingLifecycleTest, BindsItsFieldsInOrder)
                                                       zeroValue, numberOfPoints));
 }
 
+TEST_F(KrigingLifecycleTest, BindsItsButtonFirst)
+{
+    EXPECT_THAT(boundBeforeTheButton(failed), testing::IsEmpty());
+}
+
+TEST_F(KrigingLifecycleTest, IsAcceptedByItsButtonBoxToo)
+{
+    launched();
+    int ends = 0;
+    QObject::connect(&dialog(), &QDialog::finished, &dialog(), [&ends] { ++ends; });
+    Q_EMIT buttonBox().accepted();
+    EXPECT_FALSE(dialog().isVisible());
+    EXPECT_EQ(dialog().result(), QDialog::Accepted);
+    EXPECT_EQ(ends, 1);
+}
+
 TEST_F(KrigingLifecycleTest, HandsOutTheRuleOfItsManager)
 {
     EXPECT_EQ(traits.relevance(), KrigingPropertiesManager::relevance());
@@ -45,17 +61,6 @@ TEST_F(KrigingLifecycleTest, AsksItsRuleAgainWhenTheEngineOrThePlotTypeChange)
     EXPECT_EQ(signals, 0);
     FakeStateChange(StateChange_Style, {"PlotType"}).send();
     EXPECT_EQ(signals, 1);
-}
-
-TEST_F(KrigingLifecycleTest, NeedsASecondZone)
-{
-    launched();
-    sample.session().perform(kernel::EnableZone(sample.dataSet(), 2, false));
-    IdleDispatcher::flush();
-    EXPECT_TRUE(list().isEnabled());
-    sample.session().perform(kernel::EnableZone(sample.dataSet(), 3, false));
-    IdleDispatcher::flush();
-    EXPECT_FALSE(list().isEnabled());
 }
 
 TEST_F(KrigingLifecycleTest, LetsGoOfItsSettingsWhichLiveOn)

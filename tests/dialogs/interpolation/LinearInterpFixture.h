@@ -49,14 +49,6 @@ protected:
         LinearInterpPropertiesManager::linearInterpMode()->setValue(LinearInterpMode_DontChange);
     }
 
-    /// P from Wing to Body.
-    void selectWingToBody()
-    {
-        clickRow(0);
-        clickRowOf(variables, 0);
-        choose(destination, 1);
-    }
-
     /// A zone without cells that could contain a point.
     void addLine() { sample.dataSet().addZone(std::make_shared<kernel::Zone>("Line", ZoneType_Ordered, 6, 1, 1)); }
 };

@@ -54,21 +54,6 @@ TEST_F(LinearInterpKernelTest, TellsSuccessItselfAsAnInformation)
     EXPECT_EQ(spy.count("VelUtilDialogErrMsg"), 0);
 }
 
-TEST_F(LinearInterpKernelTest, TellsAFailureOnceAndKeepsTheSelectionsForAnotherTry)
-{
-    selectWingToBody();
-    spy.failNext(kernelFunction);
-    clickAction();
-    expectTold({failed}, "refused");
-    EXPECT_EQ(spy.count("VelUtilDialogMessageBox"), 0) << "no second message";
-    EXPECT_EQ(spy.count(kernelFunction), 1) << "nothing tries again by itself";
-    EXPECT_EQ(values(2, 3), untouched);
-    EXPECT_THAT(rows(), ElementsAre("*1: Wing", "2: Body", "3: Tail"));
-    clickAction();
-    expectTold({done}, "another try");
-    EXPECT_TRUE(bodyIsLikeWing(3));
-}
-
 TEST_F(LinearInterpKernelTest, ShowsThatItIsBusyOnlyWhenItHasSomethingToDo)
 {
     RecordedGuards const recorded;
@@ -134,16 +119,6 @@ TEST_F(LinearInterpKernelTest, AsksWhetherItIsAvailableInOrderAndNoFurtherThanNe
                                                               "VelUtilFrameGetCount()", "VelUtilFrameGetPlotType()"));
     asked("");
     EXPECT_EQ(sdk::AppLock::depth(), 0);
-}
-
-TEST_F(LinearInterpKernelTest, StaysWholeAndReleasesItsGuardsWhicheverKernelCallFails)
-{
-    sweep(&KernelSpy::failCall);
-}
-
-TEST_F(LinearInterpKernelTest, StaysWholeAndReleasesItsGuardsWhenAllKernelCallsFailFromOneOn)
-{
-    sweep(&KernelSpy::failFrom);
 }
 
 } // namespace

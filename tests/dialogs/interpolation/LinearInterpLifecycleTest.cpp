@@ -4,6 +4,7 @@
 #include "tests/dialogs/support/FakeStateChange.h"
 
 #include <QPointer>
+#include <QRadioButton>
 
 #include <gmock/gmock.h>
 
@@ -30,6 +31,81 @@ TEST_F(LinearInterpLifecycleTest, BindsItsFieldsInOrder)
     AdditionsToWidgets const additions;
     dialog();
     EXPECT_THAT(additions.names, testing::ElementsAre(traits.list, variables, destination, constantValue));
+}
+
+TEST_F(LinearInterpLifecycleTest, BindsItsButtonLast)
+{
+    EXPECT_THAT(boundBeforeTheButton(traits.refusal),
+                testing::ElementsAre(traits.list, variables, destination, constantValue));
+    actionButton().click();
+    EXPECT_THAT(messages.take(), testing::ElementsAre(traits.refusal));
+}
+
+// A mark that is bound sets the property.
+TEST_F(LinearInterpLifecycleTest, BindsItsMarksAfterTheSelectionsAndBeforeTheConstant)
+{
+    auto const mode = LinearInterpPropertiesManager::linearInterpMode();
+    std::vector<std::string> boundAfterMarks;
+    AdditionsToWidgets const additions([&](QWidget& widget) {
+        auto const mark = [&widget](char const* name) {
+            return widget.window()->findChild<QRadioButton*>(QLatin1String(name));
+        };
+        mark(noChange)->setChecked(true);
+        mode->setValue(LinearInterpMode_DontChange);
+        mark(constant)->setChecked(true);
+        bool const isConstantBound = mode->value() == LinearInterpMode_SetToConstant;
+        mode->setValue(LinearInterpMode_SetToConstant);
+        mark(noChange)->setChecked(true);
+        bool const isNoChangeBound = mode->value() == LinearInterpMode_DontChange;
+        EXPECT_EQ(isConstantBound, isNoChangeBound) << widget.objectName().toStdString();
+        if (isConstantBound)
+            boundAfterMarks.push_back(widget.objectName().toStdString());
+    });
+    dialog();
+    EXPECT_THAT(boundAfterMarks, testing::ElementsAre(constantValue));
+}
+
+// The field gets its text from its binding; a label that is bound shows its text as it is.
+TEST_F(LinearInterpLifecycleTest, BindsItsLabelAfterTheConstant)
+{
+    std::vector<Qt::TextFormat> formats;
+    AdditionsToWidgets const additions([&](QWidget& widget) {
+        auto const* const label = widget.window()->findChild<QLabel*>(QLatin1String(constantLabel));
+        if (auto const* const field = qobject_cast<QLineEdit*>(&widget))
+            QObject::connect(field, &QLineEdit::textChanged, label,
+                             [&formats, label] { formats.push_back(label->textFormat()); });
+    });
+    dialog();
+    EXPECT_THAT(formats, testing::ElementsAre(Qt::AutoText));
+    EXPECT_EQ(child<QLabel>(constantLabel).textFormat(), Qt::PlainText);
+    QObject::disconnect(&child<QLineEdit>(constantValue), &QLineEdit::textChanged, &child<QLabel>(constantLabel),
+                        nullptr);
+}
+
+TEST_F(LinearInterpLifecycleTest, BindsTheMarkOfTheConstantBeforeTheOther)
+{
+    LinearInterpPropertiesManager::linearInterpMode()->setValue(LinearInterpMode_SetToConstant);
+    std::vector<std::string> order;
+    AdditionsToWidgets const additions([&](QWidget& widget) {
+        if (!order.empty())
+            return;
+        order.emplace_back("list");
+        auto* const ofConstant = widget.window()->findChild<QRadioButton*>(QLatin1String(constant));
+        auto* const ofNoChange = widget.window()->findChild<QRadioButton*>(QLatin1String(noChange));
+        // Its binding sets the mark of the value that holds; the other mark has no binding yet then, and changes nothing.
+        QObject::connect(ofConstant, &QRadioButton::toggled, &widget, [&order, ofNoChange](bool isOn) {
+            if (!isOn || order.size() > 1)
+                return;
+            order.emplace_back("constant");
+            ofNoChange->setChecked(true);
+            order.emplace_back(LinearInterpPropertiesManager::linearInterpMode()->value() ==
+                                       LinearInterpMode_SetToConstant
+                                   ? "no other yet"
+                                   : "the other before");
+        });
+    });
+    dialog();
+    EXPECT_THAT(order, testing::ElementsAre("list", "constant", "no other yet"));
 }
 
 TEST_F(LinearInterpLifecycleTest, AsksItsRuleAgainWhenThePlotTypeTheActiveFieldMapsOrTheDataChange)
@@ -83,15 +159,6 @@ TEST_F(LinearInterpLifecycleTest, NeedsTwoZonesOneOfThemWithCells)
     addLine();
     enableZone(1, false);
     EXPECT_FALSE(isAvailable()) << "two lines";
-}
-
-TEST_F(LinearInterpLifecycleTest, FollowsTheActiveFrame)
-{
-    launched();
-    sample.session().createFrame("Empty", kernel::Rectangle{1.0, 1.0, 8.0, 6.0});
-    EXPECT_FALSE(canAct());
-    sample.session().activateFrame(sample.frame()->id);
-    EXPECT_TRUE(canAct());
 }
 
 TEST_F(LinearInterpLifecycleTest, LetsGoOfItsSettingsWhichLiveOn)

@@ -8,7 +8,9 @@
 #include <QObject>
 
 #include <algorithm>
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace veldraw::tests {
@@ -18,7 +20,14 @@ namespace veldraw::tests {
 class AdditionsToWidgets : public QObject
 {
 public:
-    AdditionsToWidgets() { qApp->installEventFilter(this); }
+    /// Called with each widget when its binding is being made, to see what else the window has by then.
+    using Look = std::function<void(QWidget& widget)>;
+
+    explicit AdditionsToWidgets(Look look = {})
+        : m_look(std::move(look))
+    {
+        qApp->installEventFilter(this);
+    }
 
     bool eventFilter(QObject* watched, QEvent* event) override
     {
@@ -26,12 +35,18 @@ public:
         bool const isNew = std::find(names.begin(), names.end(), name) == names.end();
         bool const isBound =
             qobject_cast<QLineEdit*>(watched) || qobject_cast<QComboBox*>(watched) || qobject_cast<QListView*>(watched);
-        if (event->type() == QEvent::ChildAdded && isBound && isNew && !name.empty())
+        if (event->type() == QEvent::ChildAdded && isBound && isNew && !name.empty()) {
             names.push_back(name);
+            if (m_look)
+                m_look(*static_cast<QWidget*>(watched));
+        }
         return false;
     }
 
     std::vector<std::string> names;
+
+private:
+    Look m_look;
 };
 
 } // namespace veldraw::tests

@@ -344,6 +344,31 @@ TEST_F(HistoryOfText, MayBeClearedByAStep)
     EXPECT_EQ(units(), 0);
 }
 
+TEST_F(HistoryOfText, KeepsStepsAgainAfterOneHasClearedIt)
+{
+    performScript("clearing", nothing, [this] { history.clear(); });
+    EXPECT_TRUE(history.undo());
+    perform('a', 5);
+    EXPECT_TRUE(history.undo());
+    EXPECT_TRUE(history.canRedo());
+    EXPECT_TRUE(history.redo());
+    EXPECT_TRUE(history.canUndo());
+    EXPECT_EQ(units(), 5);
+}
+
+TEST_F(HistoryOfText, MayBeClearedByAStepThatIsDoneAgain)
+{
+    bool clears = false;
+    performScript(
+        "clearing", [&] { clears ? history.clear() : nothing(); }, nothing, 4, 4);
+    EXPECT_TRUE(history.undo());
+    clears = true;
+    EXPECT_TRUE(history.redo());
+    EXPECT_FALSE(history.canUndo());
+    EXPECT_FALSE(history.canRedo());
+    EXPECT_EQ(units(), 0);
+}
+
 TEST_F(HistoryOfText, MayBeClearedByAStepThatHappensForTheFirstTime)
 {
     perform('a', 5);

@@ -1,9 +1,12 @@
 #include "kernel/operations/Triangulate.h"
 
 #include "tests/kernel/support/InterpolationFixture.h"
+#include "tests/kernel/support/MeshData.h"
 #include "tests/kernel/support/PlaneTriangles.h"
+#include "tests/kernel/support/SampleLoader.h"
 
-#include <random>
+#include <omp.h>
+#include <optional>
 
 namespace veldraw::tests {
 
@@ -12,6 +15,7 @@ using testing::Each;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::Not;
 
 namespace {
 
@@ -68,6 +72,37 @@ protected:
         EXPECT_THAT(remarks, IsEmpty());
     }
 
+    /// Adds a line that P and Q are passive on, or have these numbers everywhere.
+    int addLine(Places places, bool isClosed = true, std::optional<double> value = {})
+    {
+        if (isClosed) {
+            places.push_back(places.front());
+        }
+        int const zone = add(places);
+        for (int const variable : {P, Q}) {
+            field(zone, variable) = Field();
+            if (value) {
+                setField(zone, variable, std::vector<double>(places.size(), *value));
+            }
+        }
+        return zone;
+    }
+
+    /// The values of a variable in the last zone at some places; none where no point is.
+    std::vector<double> valuesAt(Places const& places, int variable) const
+    {
+        PlaneTriangles const triangles = made();
+        std::vector<double> const values = valuesOf(dataSet->zoneCount(), variable);
+        std::vector<double> found;
+        for (PlanePlace const& place : places) {
+            auto const at = std::find(triangles.places.begin(), triangles.places.end(), place);
+            if (at != triangles.places.end()) {
+                found.push_back(values[static_cast<std::size_t>(at - triangles.places.begin())]);
+            }
+        }
+        return found;
+    }
+
     /// The triangles of the last zone, with the places of its points.
     PlaneTriangles made() const
     {
@@ -90,6 +125,8 @@ protected:
 
     std::int64_t duplicates = -1;
 };
+
+Places const innerSquare{{0.25, 0.25}, {0.75, 0.25}, {0.75, 0.75}, {0.25, 0.75}};
 
 } // namespace
 
@@ -233,6 +270,224 @@ TEST_F(TriangulateTest, RefusesAFrameThatShowsNoPlane)
     session.perform(SetPlotType(frame->id, PlotType_Cartesian3D));
     recorder.take();
     expectRefusal("Only a 2D plot tells where points are in a plane.", {1});
+}
+
+TEST_F(TriangulateTest, CutsAwayWhatIsOutsideABoundaryWithItsPoints)
+{
+    addRandom(3000);
+    int const outline = addLine(innerSquare);
+    ASSERT_TRUE(triangulate({1}, {outline}));
+    PlaneTriangles const triangles = made();
+    EXPECT_EQ(triangles.doubleArea(), 2 * 0.25);
+    EXPECT_EQ(triangles.eulerCharacteristic(), 1) << "no other points";
+    for (PlanePlace const& place : triangles.places) {
+        for (double const number : place) {
+            EXPECT_TRUE(number >= 0.25 && number <= 0.75);
+        }
+    }
+}
+
+TEST_F(TriangulateTest, JoinsZonesToABoundary)
+{
+    addRandom(500);
+    NumberSet sides;
+    for (std::size_t side = 0; side < 4; ++side) {
+        sides.insert(addLine({innerSquare[side], innerSquare[(side + 1) % 4]}, false));
+    }
+    ASSERT_TRUE(triangulate({1}, sides));
+    EXPECT_EQ(made().doubleArea(), 2 * 0.25);
+}
+
+TEST_F(TriangulateTest, GivesPointsOfABoundaryTheValuesOfItsZoneWhenTheyAreIncluded)
+{
+    addRandom(500);
+    int const outline = addLine(innerSquare, true, 77);
+    ASSERT_TRUE(triangulate({1}, {outline}, true));
+    EXPECT_THAT(valuesAt(innerSquare, P), ElementsAre(77, 77, 77, 77));
+    EXPECT_EQ(duplicates, 1) << "the end of the outline is its beginning";
+    EXPECT_THAT(remarks, ElementsAre(Not(HasSubstr("interpolated"))));
+    ASSERT_TRUE(triangulate({1}, {outline}, false));
+    EXPECT_THAT(valuesAt(innerSquare, P), Each(testing::Lt(10)));
+    EXPECT_EQ(duplicates, 0);
+}
+
+TEST_F(TriangulateTest, InterpolatesWhatPointsOfABoundaryDoNotHave)
+{
+    addRandom(2000);
+    int const outline = addLine(innerSquare, true, 77);
+    field(outline, Q) = Field();
+    for (bool const isIncluded : {false, true}) {
+        ASSERT_TRUE(triangulate({1}, {outline}, isIncluded));
+        std::vector<double> const found = valuesAt(innerSquare, Q);
+        ASSERT_EQ(found.size(), 4U);
+        for (std::size_t corner = 0; corner < 4; ++corner) {
+            EXPECT_NEAR(found[corner], slope(innerSquare[corner].data()), 1e-12);
+        }
+        EXPECT_THAT(remarks, ElementsAre(HasSubstr(" 4 points of boundaries with interpolated values.")));
+    }
+}
+
+TEST_F(TriangulateTest, TakesTheNearestValueForABoundaryAroundTheSources)
+{
+    add({{0, 0}, {2, 0}, {2, 2}, {0, 2}});
+    setField(1, P, {1, 3, 5, 7});
+    int const outline = addLine({{-1, -1}, {3, -1}, {3, 1}, {3, 3}, {-1, 3}});
+    ASSERT_TRUE(triangulate({1}, {outline}));
+    EXPECT_THAT(valuesAt({{-1, -1}, {3, -1}, {3, 1}, {3, 3}, {-1, 3}}, P), ElementsAre(1, 3, 4, 5, 7));
+    EXPECT_EQ(made().doubleArea(), 2 * 16);
+}
+
+TEST_F(TriangulateTest, KeepsTheValuesOfSourcePointsOnABoundary)
+{
+    add({{0, 0}, {4, 0}, {4, 4}, {0, 4}, {2, 0}, {2, 2}});
+    setField(1, P, {1, 2, 3, 4, 5, 6});
+    int const outline = addLine({{0, 0}, {4, 0}, {4, 4}}, true, 77);
+    ASSERT_TRUE(triangulate({1}, {outline}, true));
+    EXPECT_THAT(valuesOf(3, P), ElementsAre(1, 2, 3, 5, 6));
+    EXPECT_EQ(duplicates, 4);
+    EXPECT_THAT(remarks, ElementsAre(HasSubstr(" 1 point left out that no triangle uses.")));
+}
+
+TEST_F(TriangulateTest, InterpolatesAlongTheFirstBoundaryWhereTwoCross)
+{
+    add({{-9, -9}, {9, -9}, {0, 9}});
+    int const first = addLine({{-4, 0}, {4, 0}}, false);
+    int const second = addLine({{1, -3}, {1, 1}}, false, 50);
+    setField(first, P, {10, 26});
+    ASSERT_TRUE(triangulate({1}, {first, second}, true));
+    EXPECT_THAT(valuesAt({{1, 0}}, P), ElementsAre(20));
+    EXPECT_THAT(remarks, ElementsAre(HasSubstr(" 1 new point where boundaries cross, with interpolated values.")));
+    EXPECT_EQ(valuesOf(dataSet->zoneCount(), P).size(), 8U);
+}
+
+TEST_F(TriangulateTest, RoundsWhatItInterpolatesForWholeNumbers)
+{
+    for (auto const& [type, expected] : {std::pair(FieldDataType_Int16, 3.0), std::pair(FieldDataType_Bit, 1.0)}) {
+        int const sources = add({{0, 0}, {4, 0}, {4, 4}, {0, 4}});
+        double const most = expected * 1.2;
+        setField(sources, P, {0, most, most, 0}, type);
+        int const line = addLine({{3, 1}, {1, 2}}, false);
+        ASSERT_TRUE(triangulate({sources}, {line}));
+        EXPECT_EQ(dataSet->field(dataSet->zoneCount(), P)->type(), type);
+        double const full = valuesOf(sources, P)[1];
+        EXPECT_THAT(valuesAt({{3, 1}, {1, 2}}, P), ElementsAre(std::round(0.75 * full), std::round(0.25 * full)));
+    }
+}
+
+TEST_F(TriangulateTest, KeepsCoordinatesOfBoundariesWhereTheSourcesAreNarrower)
+{
+    add({{0, 0}, {1, 0}, {1, 1}, {0, 1}}, FieldDataType_Float);
+    setField(1, 1, {0, 1, 1, 0}, FieldDataType_Int16);
+    setField(1, 2, {0, 0, 1, 1}, FieldDataType_Float);
+    int const line = addLine({{0.1, 0.2}, {0.3, 0.9}}, false);
+    ASSERT_TRUE(triangulate({1}, {line}));
+    EXPECT_EQ(made().places[4], (PlanePlace{0.1, 0.2}));
+}
+
+TEST_F(TriangulateTest, TakesTheKeepFactorFromTheRimInwards)
+{
+    addRandom(1000);
+    ASSERT_TRUE(triangulate({1}, {}, false, 0.0));
+    std::size_t const all = made().triangles.size();
+    EXPECT_THAT(remarks, ElementsAre(Not(HasSubstr("keep factor"))));
+    ASSERT_TRUE(triangulate({1}, {}, false, 0.25));
+    std::size_t const kept = made().triangles.size();
+    EXPECT_LT(kept, all);
+    EXPECT_GT(kept, all - 200);
+    EXPECT_THAT(remarks, ElementsAre(HasSubstr(" " + std::to_string(all - kept) +
+                                               " triangles at the rim removed by the keep factor 0.25.")));
+}
+
+TEST_F(TriangulateTest, RefusesWhenNothingWouldBeLeft)
+{
+    add({{0, 0}, {10, 0}, {20, 0.001}});
+    expectRefusal("A triangle keep factor of 0.25 leaves no triangle.", {1}, {}, false, 0.25);
+    int const flat = addLine({{1, 1}, {5, 5}});
+    expectRefusal("Nothing is within the boundary.", {1}, {flat});
+}
+
+TEST_F(TriangulateTest, RefusesBoundariesThatAreNoLines)
+{
+    addRandom(10);
+    addRandom(6);
+    dataSet->zone(2)->i = 3;
+    dataSet->zone(2)->j = 2;
+    expectRefusal("The boundary zone \"Z2\" is not an ordered zone of one dimension.", {1}, {2});
+    int const line = addLine({{0, 0}, {0, std::nan("")}}, false);
+    expectRefusal("The zone \"Z3\" has 1 point without finite coordinates.", {1}, {line});
+    dataSet->zone(line)->enabled = false;
+    expectRefusal("The zone \"Z3\" is disabled.", {1}, {line});
+}
+
+TEST_F(TriangulateTest, LeavesHiddenPointsOutAndCountsThem)
+{
+    add({{0, 0}, {1, 0}, {std::nan(""), 5}, {1, 1}, {0, 1}});
+    Zone& zone = *dataSet->zone(1);
+    std::vector<double> const marks{0, 0, Blanking::hiddenPoint, 0, 0};
+    zone.blanking = std::make_shared<Blanking>(
+        zone, Blanking::Marks{sample::field(marks, FieldDataType_Byte).group()->buffer(), nullptr});
+    ASSERT_TRUE(triangulate({1}));
+    EXPECT_EQ(made().places.size(), 4U);
+    EXPECT_THAT(remarks, ElementsAre(HasSubstr(" 1 hidden point left out.")));
+}
+
+TEST_F(TriangulateTest, BringsValuesAtCellsToThePoints)
+{
+    add({{0, 0}, {1, 0}, {2, 0.5}});
+    setField(1, P, {4, 7, 0}, FieldDataType_Int32, ValueLocation_CellCentered);
+    ASSERT_TRUE(triangulate({1}));
+    EXPECT_THAT(valuesOf(2, P), ElementsAre(4, 5.5, 7));
+    EXPECT_EQ(dataSet->field(2, P)->location(), ValueLocation_Nodal);
+    EXPECT_EQ(dataSet->field(2, P)->type(), FieldDataType_Double);
+}
+
+TEST_F(TriangulateTest, LoadsWhatItNeeds)
+{
+    addRandom(100);
+    int const outline = addLine(innerSquare, true, 5);
+    std::vector<double> const p = valuesOf(1, P);
+    auto const source = std::make_shared<sample::Loader>(p);
+    field(1, P) = sample::Loader::field(source);
+    auto const unused = std::make_shared<sample::Loader>(std::vector<double>(5, 5.0));
+    field(outline, P) = sample::Loader::field(unused);
+    ASSERT_TRUE(triangulate({1}, {outline}));
+    EXPECT_TRUE(field(1, P).isLoaded());
+    EXPECT_FALSE(field(outline, P).isLoaded()) << "the boundary's values do not count";
+    ASSERT_TRUE(triangulate({1}, {outline}, true));
+    EXPECT_TRUE(field(outline, P).isLoaded());
+    EXPECT_THAT(valuesAt(innerSquare, P), Each(5));
+}
+
+TEST_F(TriangulateTest, GivesTheSameForAnyNumberOfThreads)
+{
+    addRandom(20000);
+    int const outline = addLine(innerSquare);
+    std::vector<std::vector<double>> results;
+    for (int const threads : {1, 2, 3, 7}) {
+        omp_set_num_threads(threads);
+        ASSERT_TRUE(triangulate({1}, {outline}, false, 0.25));
+        results.push_back(valuesOf(dataSet->zoneCount(), P));
+        for (PlaneTriangles::Triangle const& triangle : made().triangles) {
+            results.back().insert(results.back().end(), triangle.corners.begin(), triangle.corners.end());
+        }
+        EXPECT_EQ(results.back(), results.front()) << threads;
+    }
+    omp_set_num_threads(omp_get_num_procs());
+}
+
+TEST_F(TriangulateTest, TriangulatesThePointsOfZonesOfAnyType)
+{
+    sample::CellLists const cells = sample::mixedFill(4, 0.2, 3);
+    auto const zone = cells.zone(ZoneType_FEMixed);
+    zone->name = "cells";
+    dataSet->addZone(zone);
+    add({{9, 9}});
+    ASSERT_TRUE(triangulate({1, 2}));
+    EXPECT_THAT(remarks, ElementsAre(HasSubstr(" from \"cells\", \"Z2\", in ")));
+    PlaneTriangles const triangles = made();
+    EXPECT_EQ(triangles.nonDelaunayCount(), 0);
+    EXPECT_EQ(triangles.doubleArea(), doubleAreaOfHull(triangles.places));
+    EXPECT_EQ(static_cast<std::int64_t>(triangles.places.size()) + duplicates, zone->pointCount() + 1);
 }
 
 } // namespace veldraw::tests

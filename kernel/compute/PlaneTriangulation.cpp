@@ -1,10 +1,5 @@
-#include "kernel/compute/PlaneTriangulation.h"
+#include "kernel/compute/LinedTriangulation.h"
 
-#include <CGAL/Constrained_Delaunay_triangulation_2.h>
-#include <CGAL/Constrained_triangulation_plus_2.h>
-#include <CGAL/Exact_predicates_inexact_constructions_kernel.h>
-#include <CGAL/Triangulation_face_base_with_info_2.h>
-#include <CGAL/Triangulation_vertex_base_with_info_2.h>
 #include <algorithm>
 #include <cmath>
 
@@ -12,102 +7,13 @@ namespace veldraw::kernel {
 
 namespace {
 
+using Face = plane::FaceHandle;
+using plane::noNumber;
+using Vertex = plane::VertexHandle;
 using Number = PlaneTriangulation::Number;
+using Triangulation = plane::LinedTriangulation;
 
-constexpr Number noNumber = std::numeric_limits<Number>::max();
-
-/// Looks for a cancel now and then. The library gives no other chance to do so while it inserts one point or edge, which
-/// may change all triangles.
-class Watch
-{
-public:
-    explicit Watch(Progress const& progress)
-        : m_progress(progress)
-    {
-    }
-
-    void count()
-    {
-        if (--m_left == 0) {
-            m_left = most;
-            m_progress.check();
-        }
-    }
-
-private:
-    static constexpr int most = 256;
-
-    Progress const& m_progress;
-    int m_left = most;
-};
-
-template <typename Predicate>
-class Watched : public Predicate
-{
-public:
-    using result_type = typename Predicate::result_type;
-
-    explicit Watched(Watch& watch)
-        : m_watch(&watch)
-    {
-    }
-
-    template <typename... Arguments>
-    result_type operator()(Arguments const&... arguments) const
-    {
-        m_watch->count();
-        return Predicate::operator()(arguments...);
-    }
-
-private:
-    Watch* m_watch;
-};
-
-using Kernel = CGAL::Exact_predicates_inexact_constructions_kernel;
-
-/// The library's geometry, with a look for a cancel in the predicates of which everything consists.
-class Geometry : public Kernel
-{
-public:
-    using Orientation_2 = Watched<Kernel::Orientation_2>;
-    using Side_of_oriented_circle_2 = Watched<Kernel::Side_of_oriented_circle_2>;
-
-    explicit Geometry(Watch& watch)
-        : m_watch(&watch)
-    {
-    }
-
-    Orientation_2 orientation_2_object() const { return Orientation_2(*m_watch); }
-    Side_of_oriented_circle_2 side_of_oriented_circle_2_object() const { return Side_of_oriented_circle_2(*m_watch); }
-
-private:
-    Watch* m_watch;
-};
-
-/// What is noted at a triangle.
-struct Marks
-{
-    bool isTaken = false;              ///< away
-    bool isReached = false;            ///< by cutOutside()
-    std::array<bool, 3> isOfLoops{{}}; ///< its edges are edges of an odd number of loops
-};
-
-/// The number of a point; none at first.
-struct PointNumber
-{
-    Number value = noNumber;
-};
-
-using VertexBase = CGAL::Triangulation_vertex_base_with_info_2<PointNumber, Geometry>;
-using FaceBase =
-    CGAL::Triangulation_face_base_with_info_2<Marks, Geometry, CGAL::Constrained_triangulation_face_base_2<Geometry>>;
-using Structure = CGAL::Triangulation_data_structure_2<VertexBase, FaceBase>;
-using Unlined = CGAL::Constrained_Delaunay_triangulation_2<Geometry, Structure, CGAL::Exact_predicates_tag>;
-using Triangulation = CGAL::Constrained_triangulation_plus_2<Unlined>;
-using Vertex = Triangulation::Vertex_handle;
-using Face = Triangulation::Face_handle;
-
-Kernel::Point_2 pointOf(PlanePlace const& place)
+plane::Kernel::Point_2 pointOf(PlanePlace const& place)
 {
     return {place[0], place[1]};
 }
@@ -182,7 +88,7 @@ class PlaneTriangulation::Implementation
 public:
     explicit Implementation(Progress const& progress)
         : m_watch(progress)
-        , m_triangulation(Geometry(m_watch))
+        , m_triangulation(plane::Geometry(m_watch))
     {
     }
 
@@ -200,35 +106,18 @@ public:
     void writeTriangles(std::int64_t* corners, Progress& progress) const;
 
 private:
-    /// An edge of a line, or of several. It becomes several edges of triangles where there are points on it.
-    struct Edge
-    {
-        Vertex from;
-        Vertex to;
-        bool isOfLoops; ///< of an odd number of them
-
-        std::pair<Number, Number> ends() const { return std::minmax({from->info().value, to->info().value}); }
-    };
-
-    /// An edge of lines, with the library's name for the points on it.
-    struct Chain
-    {
-        Edge edge;
-        Triangulation::Constraint_id id;
-    };
-
     void insertPoint(PlanePlace const& place, Number number);
     Mix mixInside(PlanePlace const& place, Face face) const;
     Mix mixOutside(PlanePlace const& place, Face face) const;
     void mergeEqualEdges();
-    void numberCrossings(Chain const& chain, Number firstNew);
-    void markEdges(Chain const& chain);
     void take(Face face);
 
-    mutable Watch m_watch;
+    mutable plane::Watch m_watch;
+    BlockMemory m_memory; // is there longer than what is in it
+    plane::UseOfBlocks m_use{m_memory};
     Triangulation m_triangulation;
     Face m_near; // where the next point is likely to be
-    std::vector<Edge> m_edges;
+    std::vector<Triangulation::Line> m_edges;
     std::vector<Crossing> m_crossings;
     bool m_hasLoops = false;
     std::int64_t m_taken = 0;
@@ -236,8 +125,7 @@ private:
 
 void PlaneTriangulation::Implementation::insertPoint(PlanePlace const& place, Number number)
 {
-    // There is no line yet, so the base will do, which does not look for one.
-    Vertex const vertex = m_triangulation.Unlined::insert(pointOf(place), m_near);
+    Vertex const vertex = m_triangulation.insert(pointOf(place), m_near);
     vertex->info().value = number;
     m_near = vertex->face();
 }
@@ -247,7 +135,7 @@ void PlaneTriangulation::Implementation::insertPoint(PlanePlace const& place, Nu
 bool PlaneTriangulation::Implementation::insertPoints(PlanePlace const* places, std::vector<Number> const& order,
                                                       Progress& progress)
 {
-    auto const isOffTheLine = [&, turn = Geometry(m_watch).orientation_2_object()](Number point) {
+    auto const isOffTheLine = [&, turn = plane::Geometry(m_watch).orientation_2_object()](Number point) {
         return turn(pointOf(places[order[0]]), pointOf(places[order[1]]), pointOf(places[point])) != CGAL::COLLINEAR;
     };
     auto const third = order.size() < 3 ? order.end() : std::find_if(order.begin() + 2, order.end(), isOffTheLine);
@@ -369,10 +257,12 @@ std::int64_t PlaneTriangulation::Implementation::insertLine(std::vector<PlanePla
 /// So that an edge that several lines have is inserted once.
 void PlaneTriangulation::Implementation::mergeEqualEdges()
 {
-    std::sort(m_edges.begin(), m_edges.end(), [](Edge const& a, Edge const& b) { return a.ends() < b.ends(); });
-    std::vector<Edge> merged;
-    for (Edge const& edge : m_edges) {
-        if (!merged.empty() && merged.back().ends() == edge.ends()) {
+    using Line = Triangulation::Line;
+    auto const endsOf = [](Line const& line) { return std::minmax({line.from->info().value, line.to->info().value}); };
+    std::sort(m_edges.begin(), m_edges.end(), [&](Line const& a, Line const& b) { return endsOf(a) < endsOf(b); });
+    std::vector<Line> merged;
+    for (Line const& edge : m_edges) {
+        if (!merged.empty() && endsOf(merged.back()) == endsOf(edge)) {
             merged.back().isOfLoops = merged.back().isOfLoops != edge.isOfLoops;
         } else {
             merged.push_back(edge);
@@ -384,46 +274,19 @@ void PlaneTriangulation::Implementation::mergeEqualEdges()
 void PlaneTriangulation::Implementation::joinLines(Number firstNew)
 {
     mergeEqualEdges();
-    std::vector<Chain> chains;
-    chains.reserve(m_edges.size());
-    for (Edge const& edge : m_edges) {
-        chains.push_back({edge, m_triangulation.insert_constraint(edge.from, edge.to)});
-    }
-    for (Chain const& chain : chains) {
-        numberCrossings(chain, firstNew);
-        if (chain.edge.isOfLoops) {
-            markEdges(chain);
-        }
-    }
-}
-
-void PlaneTriangulation::Implementation::numberCrossings(Chain const& chain, Number firstNew)
-{
-    for (Vertex const vertex : m_triangulation.vertices_in_constraint(chain.id)) {
-        if (vertex->info().value == noNumber) {
+    for (Triangulation::Line const& edge : m_edges) {
+        m_triangulation.insertLine(edge, [&](Vertex vertex, Triangulation::Line const& first) {
             vertex->info().value = firstNew + static_cast<Number>(m_crossings.size());
             PlanePlace const place = placeOf(vertex);
-            m_crossings.push_back({place, chain.edge.from->info().value, chain.edge.to->info().value,
-                                   nearestShare(place, placeOf(chain.edge.from), placeOf(chain.edge.to))});
-        }
+            m_crossings.push_back({place, first.from->info().value, first.to->info().value,
+                                   nearestShare(place, placeOf(first.from), placeOf(first.to))});
+        });
     }
-}
-
-void PlaneTriangulation::Implementation::markEdges(Chain const& chain)
-{
-    Vertex before;
-    for (Vertex const vertex : m_triangulation.vertices_in_constraint(chain.id)) {
-        Face face;
-        int index = 0;
-        if (before != Vertex() && m_triangulation.is_edge(before, vertex, face, index)) {
-            Face const other = face->neighbor(index);
-            for (bool* const mark : {&face->info().isOfLoops[static_cast<std::size_t>(index)],
-                                     &other->info().isOfLoops[static_cast<std::size_t>(other->index(face))]}) {
-                *mark = !*mark;
-            }
-        }
-        before = vertex;
-    }
+    m_triangulation.forLoops([](Face face, int index) {
+        Face const other = face->neighbor(index);
+        face->info().isOfLoops[static_cast<std::size_t>(index)] = true;
+        other->info().isOfLoops[static_cast<std::size_t>(other->index(face))] = true;
+    });
 }
 
 void PlaneTriangulation::Implementation::take(Face face)

@@ -43,7 +43,7 @@ APP_PARTS = ['app/plot', 'app/window', 'app/commandline']
 
 # The sources that use a numerical library; the others have what they need from these.
 NUMERICS = {
-    'CGAL': {'kernel/compute/PlaneTriangulation.cpp'},
+    'CGAL': {'kernel/compute/LinedTriangulation.h', 'kernel/compute/PlaneTriangulation.cpp'},
     'Eigen': {'kernel/compute/DenseKriging.cpp', 'kernel/compute/DriftBasis.h'},
     'OpenMP': {'kernel/base/Parallel.cpp'},
 }

@@ -1,7 +1,9 @@
 #include "kernel/compute/PlaneTriangulation.h"
 
+#include "tests/kernel/support/LookCounter.h"
 #include "tests/kernel/support/PlaneTriangles.h"
 #include "tests/kernel/support/ScatteredPoints.h"
+#include "tests/support/AllocationFailure.h"
 
 #include <boost/polygon/voronoi.hpp>
 
@@ -190,21 +192,6 @@ PlaneTriangles withoutSlivers(PlaneTriangles triangles, double factor, std::set<
     }
     return triangles;
 }
-
-/// Is interrupted when it is asked for the n-th time.
-class CountingProgress : public Progress
-{
-public:
-    explicit CountingProgress(int asked)
-        : m_left(asked)
-    {
-    }
-
-    bool isInterrupted() const override { return m_left-- <= 0; }
-
-private:
-    mutable int m_left;
-};
 
 } // namespace
 
@@ -407,6 +394,34 @@ TEST(PlaneTriangulation, TellsWhereLinesCross)
     EXPECT_DOUBLE_EQ(crossing.share, 5.0 / 8);
 }
 
+TEST(PlaneTriangulation, StaysWholeHoweverManyLinesCross)
+{
+    for (unsigned const seed : {1U, 2U, 3U, 4U, 5U, 6U}) {
+        // On a grid many lines meet in one point, and many points are on lines, almost or wholly.
+        double const grid = seed % 2 == 0 ? 1.0 : 0.1;
+        Places ends = randomPlaces(160, seed);
+        for (PlanePlace& place : ends) {
+            for (double& number : place) {
+                number = std::floor(12 * number) * grid;
+            }
+        }
+        Plane plane({{-1, -1}, {20, -1}, {20, 20}, {-1, 20}});
+        std::vector<PlaneLine> lines;
+        for (std::size_t at = 0; at + 8 <= ends.size(); at += 8) {
+            auto const first = ends.begin() + static_cast<std::ptrdiff_t>(at);
+            lines.push_back(seed < 4 ? loop({first, first + 8}) : PlaneLine{{first, first + 8}});
+        }
+        plane.draw(lines);
+        EXPECT_GT(plane.triangulation.crossings().size(), 200U);
+        PlaneTriangles const triangles = plane.triangles();
+        EXPECT_TRUE(triangles.areAllForward());
+        EXPECT_EQ(triangles.doubleArea(), 2 * 21 * 21);
+        std::int64_t const cut = plane.triangulation.cutOutside();
+        EXPECT_EQ(cut > 0, seed < 4);
+        EXPECT_GT(plane.triangulation.triangleCount(), 100);
+    }
+}
+
 TEST(PlaneTriangulation, MakesNoNewPointWhereLinesTouchOrRunTogether)
 {
     Plane plane({{-9, -9}, {9, -9}, {0, 9}, {2, 0}});
@@ -547,24 +562,55 @@ TEST(PlaneTriangulation, TakesNoTriangleAwayThroughALine)
     EXPECT_EQ(closed.triangulation.removeSlivers(0.5), 0) << "the rim is the boundary";
 }
 
-TEST(PlaneTriangulation, StopsWheneverItIsInterrupted)
+/// Does all that there is to do.
+void goThroughAll(Progress const& progress)
 {
-    Places const places = placesOf(200, [](double t) { return PlanePlace{std::cos(t), std::sin(t)}; });
-    int asked = 0;
-    for (bool isDone = false; !isDone; ++asked) {
-        CountingProgress const progress(asked);
-        try {
-            Plane plane(places, progress);
-            plane.draw({square(-0.5, 0.5), {{{-2, 0}, {2, 0.1}}}});
-            plane.triangulation.cutOutside();
-            plane.triangulation.removeSlivers(0.2);
-            static_cast<void>(plane.triangles());
-            isDone = true;
-        } catch (Interrupted const&) {
-            isDone = false;
+    static Places const places = placesOf(200, [](double t) { return PlanePlace{std::cos(t), std::sin(t)}; });
+    Plane plane(places, progress);
+    plane.draw({square(-0.5, 0.5), {{{-2, 0}, {2, 0.1}}}});
+    plane.triangulation.cutOutside();
+    plane.triangulation.removeSlivers(0.2);
+    static_cast<void>(plane.triangles());
+}
+
+TEST(PlaneTriangulation, StopsAtWhicheverLookItSeesACancel)
+{
+    LookCounter whole;
+    goThroughAll(whole);
+    EXPECT_GT(whole.looks(), 20);
+    for (std::int64_t look = 1; look <= whole.looks(); ++look) {
+        LookCounter const cancelled(look);
+        std::int64_t const before = allocatedBytes();
+        EXPECT_THROW(goThroughAll(cancelled), Interrupted) << look;
+        EXPECT_EQ(allocatedBytes(), before) << look;
+    }
+}
+
+TEST(PlaneTriangulation, GivesItsMemoryBackWhenThereIsNoMore)
+{
+    Progress const progress;
+    goThroughAll(progress);
+    for (int request = 1;; ++request) {
+        std::int64_t const before = allocatedBytes();
+        bool isDone = false;
+        bool hasFailed = false;
+        {
+            AllocationFailure const failure(request);
+            try {
+                goThroughAll(progress);
+                isDone = true;
+            } catch (std::bad_alloc const&) {
+                isDone = false;
+            }
+            hasFailed = failure.hasHappened();
+        }
+        EXPECT_EQ(allocatedBytes(), before) << request;
+        EXPECT_EQ(isDone, !hasFailed) << request;
+        if (!hasFailed) {
+            EXPECT_GT(request, 50);
+            break;
         }
     }
-    EXPECT_GT(asked, 20);
 }
 
 } // namespace veldraw::tests

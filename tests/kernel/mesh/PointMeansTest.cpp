@@ -67,7 +67,8 @@ TEST(PointMeans, AreThoseOfTheListedCellsAtEachPoint)
 TEST(PointMeans, LeaveHiddenCellsOutAndPointsWithoutACellWithoutANumber)
 {
     Zone zone("line", ZoneType_Ordered, 4, 1, 1);
-    auto const marks = sample::bufferOf(sample::field({0, Blanking::hiddenCell, Blanking::hiddenCell}, FieldDataType_Byte));
+    auto const marks =
+        sample::bufferOf(sample::field({0, Blanking::hiddenCell, Blanking::hiddenCell}, FieldDataType_Byte));
     zone.blanking = std::make_shared<Blanking>(zone, Blanking::Marks{nullptr, marks});
     std::vector<double> const found = meansOf(zone, {1, 3, 8, -99});
     EXPECT_EQ(found[0], 1);

@@ -11,6 +11,7 @@
 #include "kernel/operations/RotateZones.h"
 #include "kernel/operations/SetPlotType.h"
 #include "kernel/operations/SmoothVariable.h"
+#include "kernel/operations/Triangulate.h"
 #include "tests/kernel/support/LookCounter.h"
 #include "tests/kernel/support/MeshData.h"
 #include "tests/kernel/support/SessionFixture.h"
@@ -85,6 +86,10 @@ protected:
         dataSet->addZone(zone);
         sample::addOrdered(*dataSet, 30, 30, 30); // scattered at random
         frame = sample::show(session, dataSet);
+        plane->dataSet = dataSet;
+        plane->plotType = PlotType_Cartesian2D;
+        plane->axes2D = {frame->axes3D[0], frame->axes3D[1]};
+        session.openPage({frame, plane});
         recorder.take();
     }
     ~LongOperation() override { session.setWaiter(nullptr); }
@@ -115,8 +120,11 @@ protected:
                      Krige(frame->id, {2}, 2, {7}, {PtSelection_NearestN, 8}, Krige::Model{0.3, 0.1, Drift_Linear}));
              }},
             {"Smooth",
-             [&] { return session.perform(SmoothVariable(frame->id, 1, 7, 40, 0.5, BoundaryCondition_Fixed)); }}};
+             [&] { return session.perform(SmoothVariable(frame->id, 1, 7, 40, 0.5, BoundaryCondition_Fixed)); }},
+            {"2D Triangulation", [&] { return session.perform(Triangulate(plane->id, {2}, {}, false, 0.25)); }}};
     }
+
+    std::shared_ptr<Frame> plane = std::make_shared<Frame>("Plane", Rectangle{});
 
     using MakeOperation = std::function<std::shared_ptr<Operation>()>;
 
@@ -247,10 +255,15 @@ TEST_F(LongOperation, EndsWithoutATraceAtWhicheverLookItSeesACancel)
             return std::make_shared<SmoothVariable>(frame->id, zone, 7, 20, 0.5, BoundaryCondition_FirstOrder);
         };
     };
-    for (auto const& make : {smoothing(3), smoothing(5), linearly, byInverseDistance({PtSelection_NearestN, 8}),
-                             byInverseDistance({PtSelection_Octant, 9}), byInverseDistance({PtSelection_All, 1}),
-                             byKriging({PtSelection_NearestN, 12}), byKriging({PtSelection_Octant, 17}),
-                             byKriging({PtSelection_NearestN, 60}), byKriging({PtSelection_All, 1})}) {
+    sample::addOrdered(*dataSet, 4, 1, 1);
+    MakeOperation const inTriangles = [this] {
+        return std::make_shared<Triangulate>(plane->id, NumberSet{3, 4}, NumberSet{6}, true, 0.25);
+    };
+    for (auto const& make :
+         {smoothing(3), smoothing(5), linearly, inTriangles, byInverseDistance({PtSelection_NearestN, 8}),
+          byInverseDistance({PtSelection_Octant, 9}), byInverseDistance({PtSelection_All, 1}),
+          byKriging({PtSelection_NearestN, 12}), byKriging({PtSelection_Octant, 17}),
+          byKriging({PtSelection_NearestN, 60}), byKriging({PtSelection_All, 1})}) {
         EXPECT_GE(cancelAtEachLook(make), 9);
     }
     omp_set_num_threads(usual);

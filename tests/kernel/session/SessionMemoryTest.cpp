@@ -14,6 +14,7 @@
 #include "kernel/operations/SetPlotType.h"
 #include "kernel/operations/SmoothVariable.h"
 #include "kernel/operations/SpatialVariables.h"
+#include "kernel/operations/Triangulate.h"
 #include "tests/kernel/support/MeshData.h"
 #include "tests/kernel/support/SessionFixture.h"
 #include "tests/kernel/support/SpatialData.h"
@@ -224,6 +225,26 @@ TEST(WithoutMemory, ValuesAreSmoothedWhollyOrNotAtAll)
     EXPECT_GE(sweep(smooth, [&](Stage& stage) { add(stage, std::make_shared<Zone>(*block)); }), 20);
     auto const cells = sample::fillOf(Connectivity::Shape::Tetrahedron, 2, 0.2, 1).zone(ZoneType_FETetra);
     EXPECT_GE(sweep(smooth, [&](Stage& stage) { add(stage, std::make_shared<Zone>(*cells)); }), 30);
+}
+
+// T is at the cells; the boundary is a loop that a line crosses, with P alone.
+TEST(WithoutMemory, ZonesAreTriangulatedWhollyOrNotAtAll)
+{
+    auto const addBoundaries = [](Stage& stage) {
+        for (std::vector<double> const& x : {std::vector<double>{0.2, 1.8, 1, 0.2}, {1, 1}}) {
+            std::vector<double> const y =
+                x.size() == 4 ? std::vector<double>{0.1, 0.1, 0.9, 0.1} : std::vector<double>{0, 1};
+            auto zone = std::make_shared<Zone>(longText, ZoneType_Ordered, static_cast<std::int64_t>(x.size()), 1, 1);
+            zone->fields = {sample::field(x, FieldDataType_Double), sample::field(y, FieldDataType_Double), Field(),
+                            sample::field(y), Field()};
+            stage.dataSet->addZone(zone);
+        }
+        showPlane(stage);
+    };
+    auto const triangulate = [](Stage& stage) {
+        return stage.session.perform(Triangulate(stage.frame->id, bothZones, {3, 4}, true, 0.25));
+    };
+    EXPECT_GE(sweep(triangulate, addBoundaries), 100);
 }
 
 TEST(WithoutMemory, ZoneOperationsAreUndoneAndRedone)

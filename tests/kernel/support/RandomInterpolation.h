@@ -23,14 +23,14 @@ protected:
     using Results = std::vector<std::vector<double>>; ///< by variable and slot
 
     /// Shows a data set without zones.
-    void begin(bool inPlane)
+    void begin(bool isFlat)
     {
         dataSet = std::make_shared<kernel::DataSet>("Random");
         for (char const* const name : {"X", "Y", "Z", "P", "Q"}) {
             dataSet->addVariable(std::make_shared<kernel::Variable>(name));
         }
         frame = sample::show(session, dataSet);
-        if (inPlane) {
+        if (isFlat) {
             session.perform(kernel::SetPlotType(frame->id, PlotType_Cartesian2D));
         }
         zones.clear();

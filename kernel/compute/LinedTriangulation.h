@@ -1,0 +1,335 @@
+#pragma once
+
+#include "kernel/base/BlockMemory.h"
+#include "kernel/compute/PlaneTriangulation.h"
+
+namespace veldraw::kernel::plane {
+
+/// The memory of the triangulation that a thread works on.
+inline thread_local BlockMemory* blocksInUse = nullptr;
+
+/// Gives the library its memory. It has lists of blocks, of which it loses one when there is no memory for the list itself.
+template <typename Element>
+class BlockAllocator
+{
+public:
+    using value_type = Element;
+
+    BlockAllocator() = default;
+    template <typename Other>
+    explicit BlockAllocator(BlockAllocator<Other> const&)
+    {
+    }
+
+    Element* allocate(std::size_t count)
+    {
+        return isBlock(count) ? static_cast<Element*>(blocksInUse->take(count * sizeof(Element)))
+                              : std::allocator<Element>().allocate(count);
+    }
+
+    void deallocate(Element* elements, std::size_t count)
+    {
+        if (!isBlock(count)) {
+            std::allocator<Element>().deallocate(elements, count);
+        }
+    }
+
+private:
+    static bool isBlock(std::size_t count) { return count > 1; } // exact numbers are made one by one
+};
+
+/// Has the triangulation that this thread works on take its memory from @p blocks.
+class UseOfBlocks
+{
+public:
+    explicit UseOfBlocks(BlockMemory& blocks)
+        : m_before(blocksInUse)
+    {
+        blocksInUse = &blocks;
+    }
+
+    ~UseOfBlocks() { blocksInUse = m_before; }
+
+    UseOfBlocks(UseOfBlocks const&) = delete;
+    UseOfBlocks& operator=(UseOfBlocks const&) = delete;
+
+private:
+    BlockMemory* m_before;
+};
+
+} // namespace veldraw::kernel::plane
+
+#define CGAL_ALLOCATOR(Element) veldraw::kernel::plane::BlockAllocator<Element> // as CGAL/memory.h says
+
+#include <CGAL/Constrained_Delaunay_triangulation_2.h>
+#include <CGAL/Exact_predicates_inexact_constructions_kernel.h>
+#include <CGAL/Triangulation_face_base_with_info_2.h>
+#include <CGAL/Triangulation_vertex_base_with_info_2.h>
+#include <functional>
+#include <map>
+#include <stack>
+#include <stdexcept>
+
+namespace veldraw::kernel::plane {
+
+using Number = PlaneTriangulation::Number;
+
+constexpr Number noNumber = std::numeric_limits<Number>::max();
+
+/// Looks for a cancel now and then. The library gives no other chance to do so while it inserts one point or edge, which
+/// may change all triangles.
+class Watch
+{
+public:
+    explicit Watch(Progress const& progress)
+        : m_progress(progress)
+    {
+    }
+
+    void count()
+    {
+        if (--m_left == 0) {
+            m_left = most;
+            m_progress.check();
+        }
+    }
+
+private:
+    static constexpr int most = 256;
+
+    Progress const& m_progress;
+    int m_left = most;
+};
+
+template <typename Predicate>
+class Watched : public Predicate
+{
+public:
+    using result_type = typename Predicate::result_type;
+
+    explicit Watched(Watch& watch)
+        : m_watch(&watch)
+    {
+    }
+
+    template <typename... Arguments>
+    result_type operator()(Arguments const&... arguments) const
+    {
+        m_watch->count();
+        return Predicate::operator()(arguments...);
+    }
+
+private:
+    Watch* m_watch;
+};
+
+using Kernel = CGAL::Exact_predicates_inexact_constructions_kernel;
+
+/// The library's geometry, with a look for a cancel in the predicates of which everything consists.
+class Geometry : public Kernel
+{
+public:
+    using Orientation_2 = Watched<Kernel::Orientation_2>;
+    using Side_of_oriented_circle_2 = Watched<Kernel::Side_of_oriented_circle_2>;
+
+    explicit Geometry(Watch& watch)
+        : m_watch(&watch)
+    {
+    }
+
+    Orientation_2 orientation_2_object() const { return Orientation_2(*m_watch); }
+    Side_of_oriented_circle_2 side_of_oriented_circle_2_object() const { return Side_of_oriented_circle_2(*m_watch); }
+
+private:
+    Watch* m_watch;
+};
+
+/// What is noted at a triangle.
+struct Marks
+{
+    bool isTaken = false;              ///< away
+    bool isReached = false;            ///< by cutOutside()
+    std::array<bool, 3> isOfLoops{{}}; ///< its edges are edges of an odd number of loops
+};
+
+/// The number of a point; none at first.
+struct PointNumber
+{
+    Number value = noNumber;
+};
+
+using VertexBase = CGAL::Triangulation_vertex_base_with_info_2<PointNumber, Geometry>;
+using FaceBase =
+    CGAL::Triangulation_face_base_with_info_2<Marks, Geometry, CGAL::Constrained_triangulation_face_base_2<Geometry>>;
+using Structure = CGAL::Triangulation_data_structure_2<VertexBase, FaceBase>;
+using Unlined = CGAL::Constrained_Delaunay_triangulation_2<Geometry, Structure, CGAL::Exact_predicates_tag>;
+using VertexHandle = Unlined::Vertex_handle;
+using FaceHandle = Unlined::Face_handle;
+
+/// A triangulation that knows of which lines the edges of its triangles are, also where lines cross: the library's own
+/// notes on that would neither give their memory back nor stay whole where there is no more of it.
+class LinedTriangulation : public Unlined
+{
+public:
+    /// An edge of lines, which becomes a chain of pieces where there are points on it.
+    struct Line
+    {
+        VertexHandle from;
+        VertexHandle to;
+        bool isOfLoops; ///< of an odd number of them
+    };
+
+    /// Gets a point at which lines cross and which has no number, with the one of them that was inserted before.
+    using OnCrossing = std::function<void(VertexHandle, Line const&)>;
+
+    explicit LinedTriangulation(Geometry const& geometry)
+        : Unlined(geometry)
+    {
+    }
+
+    /// Makes a line a chain of edges. @param line lives as long as the object
+    void insertLine(Line const& line, OnCrossing const& onCrossing)
+    {
+        m_onCrossing = &onCrossing;
+        insertChain({line.from, line.to, line.isOfLoops, &line});
+    }
+
+    /// Calls @p body with all edges of an odd number of loops, with the triangle at one side.
+    template <typename Body>
+    void forLoops(Body const& body)
+    {
+        for (auto const& [ends, piece] : m_pieces) {
+            FaceHandle face;
+            int index = 0;
+            if (!is_edge(piece.from, piece.to, face, index)) {
+                throw std::logic_error("An edge of a line is none of a triangle.");
+            }
+            if (piece.isOfLoops) {
+                body(face, index);
+            }
+        }
+    }
+
+protected:
+    /// Called by the library where an edge that is being inserted crosses the edge of a line.
+    VertexHandle intersect(Face_handle face, int index, VertexHandle from, VertexHandle to) override
+    {
+        VertexHandle const first = face->vertex(cw(index));
+        VertexHandle const second = face->vertex(ccw(index));
+        Piece const crossed = pieceAt(first, second);
+        m_crossed = crossed.line;
+        VertexHandle const crossing =
+            insert_intersection(face, index, from, to, first, second, from->point(), to->point(), first->point(),
+                                second->point(), CGAL::Exact_predicates_tag());
+        replace(crossed, crossing);
+        return crossing;
+    }
+
+    /// Called by the library to insert the point at which lines cross. By rounding it may come to be on the edge of another line.
+    VertexHandle virtual_insert(Point const& place, FaceHandle start) override
+    {
+        Locate_type type{};
+        int index = 0;
+        FaceHandle const face = locate(place, type, index, start);
+        bool const isOnLine = type == EDGE && face->is_constrained(index);
+        VertexHandle const first = isOnLine ? face->vertex(cw(index)) : VertexHandle();
+        VertexHandle const second = isOnLine ? face->vertex(ccw(index)) : VertexHandle();
+        VertexHandle const crossing = insert(place, type, face, index);
+        if (crossing->info().value == noNumber) {
+            (*m_onCrossing)(crossing, *m_crossed);
+        }
+        if (isOnLine) {
+            replace(pieceAt(first, second), crossing);
+        }
+        return crossing;
+    }
+
+private:
+    /// An edge of triangles that is one of lines.
+    struct Piece
+    {
+        VertexHandle from;
+        VertexHandle to;
+        bool isOfLoops;
+        Line const* line; ///< the first of those that it is of
+    };
+
+    static std::pair<Number, Number> endsOf(VertexHandle a, VertexHandle b)
+    {
+        return std::minmax({a->info().value, b->info().value});
+    }
+
+    Piece const& pieceAt(VertexHandle from, VertexHandle to) const
+    {
+        auto const piece = m_pieces.find(endsOf(from, to));
+        if (piece == m_pieces.end()) {
+            throw std::logic_error("An edge of no line was taken for one.");
+        }
+        return piece->second;
+    }
+
+    /// Replaces a piece that may be no edge any more by two that meet at @p middle, which may be an end of it.
+    void replace(Piece const& old, VertexHandle middle)
+    {
+        Piece const piece = old;
+        m_pieces.erase(endsOf(piece.from, piece.to));
+        for (auto const& [from, to] : {std::pair(piece.from, middle), std::pair(middle, piece.to)}) {
+            if (from != to) {
+                insertChain({from, to, piece.isOfLoops, piece.line});
+            }
+        }
+    }
+
+    /// Inserts what becomes several pieces where there are points on it.
+    void insertChain(Piece const& whole)
+    {
+        std::stack<std::pair<VertexHandle, VertexHandle>> rest;
+        rest.emplace(whole.from, whole.to);
+        while (!rest.empty()) {
+            auto const [start, end] = rest.top();
+            rest.pop();
+            VertexHandle reached;
+            if (!insertPiece(start, end, reached)) {
+                // Lines cross: once more, now by the point that is there.
+                bool const isBetween = reached != start && reached != end;
+                rest.emplace(isBetween ? reached : start, end);
+                if (isBetween) {
+                    rest.emplace(start, reached);
+                }
+                continue;
+            }
+            Piece const fresh{start, reached, false, whole.line};
+            Piece& piece = m_pieces.try_emplace(endsOf(start, reached), fresh).first->second;
+            piece.isOfLoops = piece.isOfLoops != whole.isOfLoops;
+            if (reached != end) {
+                rest.emplace(reached, end);
+            }
+        }
+    }
+
+    /// Inserts an edge up to the first point on the way. @param reached that point
+    /// @return false when another line was in the way and was crossed at @p reached, and the edge is still to be inserted
+    bool insertPiece(VertexHandle from, VertexHandle to, VertexHandle& reached)
+    {
+        FaceHandle face;
+        int index = 0;
+        if (includes_edge(from, to, reached, face, index)) {
+            mark_constraint(face, index);
+            return true;
+        }
+        List_faces crossed;
+        List_edges left;
+        List_edges right;
+        if (find_intersected_faces(from, to, crossed, left, right, reached)) {
+            return false;
+        }
+        triangulate_hole(crossed, left, right);
+        return true;
+    }
+
+    std::map<std::pair<Number, Number>, Piece> m_pieces;
+    OnCrossing const* m_onCrossing = nullptr;
+    Line const* m_crossed = nullptr; ///< that is being crossed
+};
+
+} // namespace veldraw::kernel::plane

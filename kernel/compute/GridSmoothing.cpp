@@ -12,14 +12,15 @@ namespace veldraw::kernel {
 
 namespace {
 
-constexpr std::int64_t cachedDoubles = 96 * 1024; // of three quarters of a megabyte, a usual second-level cache
+constexpr std::int64_t cachedDoubles =
+    256 * 1024; // what is used at a time of these fits into a usual second-level cache
 constexpr std::int64_t examinedAtOnce = 65536;
 constexpr std::int64_t wantedParts = 32; // so that all threads have work until the end
 
 /// Passes that are made over a part at a time: the more axes, the more is computed around it for each of them.
 std::int64_t passesAtATime(GridAxes const& axes)
 {
-    return axes.axes[1].hasEnds() ? 4 : 16;
+    return axes.axes[1].hasEnds() ? 6 : 16;
 }
 
 /// The parts into which a grid is divided.
@@ -33,7 +34,7 @@ public:
         }
         std::int64_t const planes = (passes + 1) * std::min<std::int64_t>(3, m_counts[2]);
         std::int64_t const most = cachedDoubles / planes;
-        std::int64_t const least = 8 * passes; // so that what is computed around a part is not much beside it
+        std::int64_t const least = 6 * passes; // so that what is computed around a part is not much beside it
         std::int64_t i = std::min(m_counts[0], std::max(least, most / (std::min(m_counts[1], least) + 2 * passes)));
         m_parts[0] = (m_counts[0] + i - 1) / i;
         std::int64_t const j = std::max(least, most / (i + 2 * passes) - 2 * passes);
@@ -176,6 +177,9 @@ double smoothInParts(GridAxes const& axes, SmoothingRule const& rule, SmoothingV
         forEachInParallel(parts.size(), [&](std::int64_t number) {
             Rooms::Room room = rooms.take();
             GridTile tile(axes, rule.weight, values.hasHoles(), passes, from, to, parts[number], room.get());
+            if (left == 0) {
+                tile.measure();
+            }
             changes[static_cast<std::size_t>(number)] = tile.run(progress);
             rooms.giveBack(std::move(room));
         });

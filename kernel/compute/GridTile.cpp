@@ -17,14 +17,14 @@ GridTile::GridTile(GridAxes const& axes, double weight, bool hasHoles, std::int6
     , m_spans(spans)
     , m_room(room)
 {
-}
-
-/// What is computed of an axis in a pass, or read in pass 0, so that the last pass can compute the part.
-IndexSpan GridTile::span(std::size_t axis, std::int64_t pass) const
-{
-    std::int64_t const around = m_passes - pass;
-    return {std::max<std::int64_t>(m_spans[axis].first - around, 0),
-            std::min(m_spans[axis].last + around, m_axes.axes[axis].count)};
+    for (std::int64_t around = m_passes; around >= 0; --around) {
+        Spans computed;
+        for (std::size_t axis = 0; axis < 3; ++axis) {
+            computed[axis] = {std::max<std::int64_t>(m_spans[axis].first - around, 0),
+                              std::min(m_spans[axis].last + around, m_axes.axes[axis].count)};
+        }
+        m_computed.push_back(computed);
+    }
 }
 
 /// The part of that which is not held.
@@ -46,8 +46,8 @@ GridTile::Plane GridTile::plane(std::int64_t pass, std::int64_t k) const
     if (array != nullptr) {
         return {array + slot(0, 0, k), m_axes.axes[1].stride, 0, 0};
     }
-    IndexSpan const i = span(0, 0);
-    IndexSpan const j = span(1, 0);
+    IndexSpan const& i = span(0, 0);
+    IndexSpan const& j = span(1, 0);
     std::int64_t const size = i.count() * j.count();
     return {m_room + (3 * pass + k % 3) * size, i.count(), i.first, j.first};
 }
@@ -170,7 +170,7 @@ void GridTile::smoothInside(std::int64_t pass, std::int64_t j, std::int64_t k)
         neighbors.add(plane(pass - 1, k - 1).at(first, j), plane(pass - 1, k + 1).at(first, j));
     }
     (m_hasHoles ? smoothRowWithHoles : smoothRow)(row, neighbors, m_weight, count, result);
-    if (pass == m_passes) {
+    if (m_measures && pass == m_passes) {
         noteChange(pass, largestDifference(row, result, count));
     }
 }
@@ -217,7 +217,7 @@ void GridTile::movePlane(std::int64_t pass, std::int64_t k, std::int64_t inwards
 
 void GridTile::noteChange(std::int64_t pass, double change)
 {
-    if (pass == m_passes) {
+    if (m_measures && pass == m_passes) {
         m_largestChange = std::max(m_largestChange, change);
     }
 }

@@ -4,6 +4,8 @@
 #include "kernel/compute/GridAxes.h"
 #include "kernel/compute/SmoothingValues.h"
 
+#include <vector>
+
 namespace veldraw::kernel {
 
 /// Where the values of a grid are read from, or go to: an array with the strides of the grid, or where that is null, values of any
@@ -29,6 +31,9 @@ public:
     GridTile(GridAxes const& axes, double weight, bool hasHoles, std::int64_t passes, GridPlace const& from,
              GridPlace const& to, Spans const& spans, double* room);
 
+    /// Has run() look for the largest change.
+    void measure() { m_measures = true; }
+
     /// Doubles that the passes over a part need, at most. @param i, j values of the part along the first two axes
     static std::int64_t roomFor(std::int64_t passes, std::int64_t i, std::int64_t j)
     {
@@ -36,7 +41,7 @@ public:
     }
 
     /// Computes the part, of which each span is a whole axis or at least 4 long. Counts each plane and pass.
-    /// @return the largest change in the last pass
+    /// @return the largest change in the last pass, 0 where it is not measured
     /// @throws Interrupted
     double run(Progress& progress);
 
@@ -52,7 +57,10 @@ private:
         double* at(std::int64_t i, std::int64_t j) const { return values + (j - firstJ) * stride + (i - firstI); }
     };
 
-    IndexSpan span(std::size_t axis, std::int64_t pass) const;
+    IndexSpan const& span(std::size_t axis, std::int64_t pass) const
+    {
+        return m_computed[static_cast<std::size_t>(pass)][axis];
+    }
     IndexSpan movedSpan(std::size_t axis, std::int64_t pass) const;
     std::int64_t slot(std::int64_t i, std::int64_t j, std::int64_t k) const;
     Plane plane(std::int64_t pass, std::int64_t k) const;
@@ -74,7 +82,9 @@ private:
     GridPlace m_from;
     GridPlace m_to;
     Spans m_spans;
+    std::vector<Spans> m_computed; // in each pass, or read in pass 0
     double* m_room;
+    bool m_measures = false;
     double m_largestChange = 0.0;
 };
 

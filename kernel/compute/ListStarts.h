@@ -17,15 +17,18 @@ public:
     {
     }
 
-    void count(std::size_t list) { m_ends[list + 1].fetch_add(1, std::memory_order_relaxed); }
+    void count(std::size_t list, std::int64_t entries = 1)
+    {
+        m_ends[list + 1].fetch_add(entries, std::memory_order_relaxed);
+    }
 
     /// To be called when all have been counted. @return the number of entries
     std::int64_t close();
 
-    /// The place of the next entry of a list.
-    std::size_t next(std::size_t list)
+    /// The place of the next entry of a list, or the first place of some.
+    std::size_t next(std::size_t list, std::int64_t entries = 1)
     {
-        return static_cast<std::size_t>(m_ends[list + 1].fetch_add(1, std::memory_order_relaxed));
+        return static_cast<std::size_t>(m_ends[list + 1].fetch_add(entries, std::memory_order_relaxed));
     }
 
     /// The starts, with the end of the last list, when all entries have their place.

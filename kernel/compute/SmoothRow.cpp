@@ -25,6 +25,7 @@ VELDRAW_INLINE void smooth(SmoothedRow const& work)
     double* __restrict const result = work.result;
     double const share = work.weight / (2 * axes);
     std::int64_t const count = work.count;
+#pragma GCC ivdep
     for (std::int64_t at = 0; at < count; ++at) {
         // By pairs: the sum of equal values is then the value times their number, rounded once, and the difference is 0.
         double sum = a[at] + b[at];
@@ -53,6 +54,7 @@ VELDRAW_INLINE void smoothWithHoles(SmoothedRow const& work)
     double const* __restrict const row = work.row;
     double* __restrict const result = work.result;
     std::int64_t const count = work.count;
+#pragma GCC ivdep
     for (std::int64_t at = 0; at < count; ++at) {
         double sum = 0.0;
         double numbers = 0.0;

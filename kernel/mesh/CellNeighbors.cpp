@@ -1,7 +1,8 @@
 #include "kernel/mesh/CellNeighbors.h"
 
-#include "kernel/base/Parallel.h"
+#include "kernel/base/CheckedLoop.h"
 #include "kernel/compute/ListStarts.h"
+#include "kernel/mesh/PointOrder.h"
 #include "kernel/mesh/SideMatch.h"
 
 #include <algorithm>
@@ -15,116 +16,123 @@ namespace {
 using Flags = ZeroedArray<std::atomic<bool>>;
 using Pair = std::array<std::uint32_t, 2>;
 
-constexpr std::int64_t checkedAtOnce = 512;
-constexpr std::int64_t valuesForAThread = 1024; // some ten microseconds
-
 /// Neighbors as they come up, some more than once.
 struct RawLists
 {
     ZeroedArray<std::int64_t> starts;
     ZeroedArray<std::uint32_t> neighbors;
 
-    std::uint32_t* begin(std::int64_t value) { return neighbors.begin() + starts[static_cast<std::size_t>(value)]; }
-    std::uint32_t* end(std::int64_t value) { return begin(value + 1); }
+    std::uint32_t* begin(std::int64_t list) { return neighbors.begin() + starts[static_cast<std::size_t>(list)]; }
+    std::uint32_t* end(std::int64_t list) { return begin(list + 1); }
 };
 
 void requireSmall(std::int64_t count, char const* things)
 {
-    if (count > std::numeric_limits<std::uint32_t>::max()) {
+    if (count >= std::numeric_limits<std::uint32_t>::max()) {
         throw std::runtime_error(std::string("The zone has too many ") + things + " to be smoothed.");
     }
 }
 
-/// @param forEachPair calls its argument with two different values for each pair of neighbors, on all threads; called twice
-template <typename ForEachPair>
-RawLists listPairs(std::int64_t count, ForEachPair const& forEachPair)
+/// @param forEachEntry calls its argument with a list, one or two neighbors in it, and their number; on all threads, and twice
+template <typename ForEachEntry>
+RawLists makeLists(std::int64_t count, ForEachEntry const& forEachEntry)
 {
     ListStarts lists(count);
-    forEachPair([&lists](std::size_t first, std::size_t second) {
-        lists.count(first);
-        lists.count(second);
-    });
+    forEachEntry([&lists](std::uint32_t list, Pair const&, std::int64_t entries) { lists.count(list, entries); });
     RawLists raw;
     raw.neighbors = ZeroedArray<std::uint32_t>(static_cast<std::size_t>(lists.close()));
-    forEachPair([&](std::size_t first, std::size_t second) {
-        raw.neighbors[lists.next(first)] = static_cast<std::uint32_t>(second);
-        raw.neighbors[lists.next(second)] = static_cast<std::uint32_t>(first);
+    forEachEntry([&](std::uint32_t list, Pair const& neighbors, std::int64_t entries) {
+        std::copy_n(neighbors.begin(), entries, raw.neighbors.begin() + lists.next(list, entries));
     });
     raw.starts = lists.take();
     return raw;
 }
 
-template <typename Body>
-void forEachChecked(std::int64_t count, Progress const& progress, Body const& body)
+/// The ends of all edges, by places.
+RawLists edgesOf(CellParts const& cells, PointOrder const& order, std::int64_t pointCount, Progress const& progress)
 {
-    parallelFor(
-        count,
-        [&](std::int64_t first, std::int64_t last, std::int64_t chunk) {
-            for (std::int64_t at = first; at < last; ++at) {
-                if (at % checkedAtOnce == 0) {
-                    progress.check();
-                }
-                body(at, chunk);
-            }
-        },
-        valuesForAThread);
-}
-
-RawLists edgesOf(CellParts const& cells, std::int64_t pointCount, Progress const& progress)
-{
-    return listPairs(pointCount, [&](auto const& addPair) {
-        forEachChecked(cells.cellCount(), progress, [&](std::int64_t cell, std::int64_t) {
+    return makeLists(pointCount, [&](auto const& add) {
+        forEachChecked(cells.cellCount(), progress, [&](std::int64_t cell) {
             cells.forEachEdge(cell, [&](std::int64_t first, std::int64_t second) {
                 if (first != second) {
-                    addPair(static_cast<std::size_t>(first), static_cast<std::size_t>(second));
+                    std::uint32_t const one = order.placeOf(first);
+                    std::uint32_t const other = order.placeOf(second);
+                    add(one, {other}, 1);
+                    add(other, {one}, 1);
                 }
             });
         });
     });
 }
 
-/// Marks the points at the border of cells whose edges are their sides: the edge comes up once alone. Lists are sorted.
-void markBorderByEdges(RawLists& edges, Flags& border, Progress const& progress)
+/// The same of surfaces, where each corner has two edges, which is quicker.
+RawLists cornersOf(CellParts const& cells, PointOrder const& order, std::int64_t pointCount, Progress const& progress)
 {
-    forEachChecked(static_cast<std::int64_t>(border.size()), progress, [&](std::int64_t point, std::int64_t) {
-        std::uint32_t const* const end = edges.end(point);
-        for (std::uint32_t const* at = edges.begin(point); at < end;) {
-            std::uint32_t const* const next = std::upper_bound(at, end, *at);
-            if (next - at == 1) {
-                border[static_cast<std::size_t>(point)].store(true, std::memory_order_relaxed);
-                return;
+    return makeLists(pointCount, [&](auto const& add) {
+        forEachChecked(cells.cellCount(), progress, [&](std::int64_t cell) {
+            auto const [begin, end] = cells.corners(cell);
+            for (std::int64_t const* corner = begin; corner < end; ++corner) {
+                std::int64_t const before = corner == begin ? end[-1] : corner[-1];
+                std::int64_t const after = corner + 1 == end ? *begin : corner[1];
+                Pair neighbors{};
+                std::size_t entries = 0;
+                for (std::int64_t const neighbor : {before, after}) {
+                    if (neighbor != *corner) {
+                        neighbors[entries++] = order.placeOf(neighbor);
+                    }
+                }
+                add(order.placeOf(*corner), neighbors, static_cast<std::int64_t>(entries));
             }
-            at = next;
-        }
+        });
     });
 }
 
-void markBorderBySides(SideMatch const& sides, Flags& border, Progress const& progress)
+/// Whether a neighbor comes up once in a sorted list: in the list of a surface's corner the edge is one that one cell alone has.
+bool hasLonely(std::uint32_t const* begin, std::uint32_t const* end)
 {
-    sides.forEach(
-        [&border](SideMatch::Match const& match, std::int64_t) {
-            for (std::size_t at = 0; match.cells.size() == 1 && at < match.points.size(); ++at) {
-                border[match.points[at]].store(true, std::memory_order_relaxed);
-            }
-        },
-        progress);
+    for (std::uint32_t const* at = begin; at < end;) {
+        std::uint32_t const* next = at + 1;
+        while (next < end && *next == *at) {
+            ++next;
+        }
+        if (next - at == 1) {
+            return true;
+        }
+        at = next;
+    }
+    return false;
+}
+
+void raiseTo(std::int64_t value, std::atomic<std::int64_t>& highest)
+{
+    std::int64_t known = highest.load(std::memory_order_relaxed);
+    while (value > known && !highest.compare_exchange_weak(known, value, std::memory_order_relaxed)) {
+    }
 }
 
 /// Makes lists of the neighbors that count.
-NeighborLists finish(RawLists& raw, Flags const& border, SmoothingValues const& values, Progress const& progress)
+/// @param order the value at each place; empty: the same
+/// @param isBorder (value, begin, end) whether a value is at the border, whose neighbors stand sorted between these
+template <typename IsBorder>
+NeighborLists finish(RawLists& raw, ZeroedArray<std::uint32_t> order, SmoothingValues const& values,
+                     IsBorder const& isBorder, Progress const& progress)
 {
-    auto const count = static_cast<std::int64_t>(border.size());
-    auto const isHole = [&values](std::int64_t value) { return values.hasHoles() && values.isHole(value); };
+    auto const count = static_cast<std::int64_t>(raw.starts.size()) - 1;
+    auto const valueAt = [&order](std::int64_t place) {
+        return order.isEmpty() ? place : std::int64_t{order[static_cast<std::size_t>(place)]};
+    };
+    auto const isHole = [&](std::int64_t place) { return values.hasHoles() && values.isHole(valueAt(place)); };
     NeighborLists lists;
     lists.starts = ZeroedArray<std::int64_t>(static_cast<std::size_t>(count) + 1);
     std::atomic<std::int64_t> held{0};
-    forEachChecked(count, progress, [&](std::int64_t value, std::int64_t) {
-        bool const isOut = isHole(value);
-        bool const isHeld = border[static_cast<std::size_t>(value)].load(std::memory_order_relaxed);
-        std::uint32_t* const begin = raw.begin(value);
-        std::uint32_t* end = std::unique(begin, raw.end(value));
-        end = std::remove_if(begin, end, isHole);
-        lists.starts[static_cast<std::size_t>(value) + 1] = isOut || isHeld ? 0 : end - begin;
+    forEachChecked(count, progress, [&](std::int64_t place) {
+        std::uint32_t* const begin = raw.begin(place);
+        std::uint32_t* end = raw.end(place);
+        std::sort(begin, end);
+        bool const isOut = isHole(place);
+        bool const isHeld = isBorder(valueAt(place), begin, end);
+        end = std::remove_if(begin, std::unique(begin, end), isHole);
+        lists.starts[static_cast<std::size_t>(place) + 1] = isOut || isHeld ? 0 : end - begin;
         if (isHeld && !isOut) {
             held.fetch_add(1, std::memory_order_relaxed);
         }
@@ -135,19 +143,20 @@ NeighborLists finish(RawLists& raw, Flags const& border, SmoothingValues const& 
         start = sum;
     }
     lists.neighbors = ZeroedArray<std::uint32_t>(static_cast<std::size_t>(sum));
-    forEachChecked(count, progress, [&](std::int64_t value, std::int64_t) {
-        std::int64_t const start = lists.starts[static_cast<std::size_t>(value)];
-        std::copy_n(raw.begin(value), lists.starts[static_cast<std::size_t>(value) + 1] - start,
-                    lists.neighbors.begin() + start);
+    std::atomic<std::int64_t> reach{0};
+    forEachChecked(count, progress, [&](std::int64_t place) {
+        std::int64_t const start = lists.starts[static_cast<std::size_t>(place)];
+        std::int64_t const length = lists.starts[static_cast<std::size_t>(place) + 1] - start;
+        if (length > 0) {
+            std::uint32_t const* const from = raw.begin(place);
+            std::copy_n(from, length, lists.neighbors.begin() + start);
+            raiseTo(std::max(place - std::int64_t{from[0]}, std::int64_t{from[length - 1]} - place), reach);
+        }
     });
     lists.held = held;
+    lists.reach = reach;
+    lists.order = std::move(order);
     return lists;
-}
-
-void sortLists(RawLists& raw, std::int64_t count, Progress const& progress)
-{
-    forEachChecked(count, progress,
-                   [&raw](std::int64_t value, std::int64_t) { std::sort(raw.begin(value), raw.end(value)); });
 }
 
 } // namespace
@@ -157,16 +166,28 @@ NeighborLists neighborsOfPoints(CellParts const& cells, std::int64_t pointCount,
 {
     requireSmall(pointCount, "points");
     requireSmall(cells.cellCount(), "cells");
-    Flags border(static_cast<std::size_t>(pointCount));
-    if (!cells.areSurfaces()) {
-        markBorderBySides(SideMatch(cells, pointCount, progress), border, progress);
-    }
-    RawLists edges = edgesOf(cells, pointCount, progress);
-    sortLists(edges, pointCount, progress);
+    PointOrder const order(cells, pointCount, progress);
     if (cells.areSurfaces()) {
-        markBorderByEdges(edges, border, progress);
+        RawLists corners = cornersOf(cells, order, pointCount, progress);
+        auto const isBorder = [](std::int64_t, std::uint32_t const* begin, std::uint32_t const* end) {
+            return hasLonely(begin, end);
+        };
+        return finish(corners, order.points(), values, isBorder, progress);
     }
-    return finish(edges, border, values, progress);
+    Flags border(static_cast<std::size_t>(pointCount));
+    SideMatch(cells, pointCount, progress)
+        .forEach(
+            [&border](SideMatch::Match const& match, std::int64_t) {
+                for (std::size_t at = 0; match.cells.size() == 1 && at < match.points.size(); ++at) {
+                    border[match.points[at]].store(true, std::memory_order_relaxed);
+                }
+            },
+            progress);
+    RawLists edges = edgesOf(cells, order, pointCount, progress);
+    auto const isBorder = [&border](std::int64_t point, std::uint32_t const*, std::uint32_t const*) {
+        return border[static_cast<std::size_t>(point)].load(std::memory_order_relaxed);
+    };
+    return finish(edges, order.points(), values, isBorder, progress);
 }
 
 NeighborLists neighborsOfCells(CellParts const& cells, std::int64_t pointCount, SmoothingValues const& values,
@@ -189,17 +210,20 @@ NeighborLists neighborsOfCells(CellParts const& cells, std::int64_t pointCount, 
                 }
             },
             progress);
-    RawLists sides = listPairs(cells.cellCount(), [&pairs](auto const& addPair) {
+    RawLists sides = makeLists(cells.cellCount(), [&pairs](auto const& add) {
         forEachInParallel(static_cast<std::int64_t>(pairs.size()), [&](std::int64_t chunk) {
             for (Pair const& pair : pairs[static_cast<std::size_t>(chunk)]) {
                 if (pair[0] != pair[1]) {
-                    addPair(pair[0], pair[1]);
+                    add(pair[0], {pair[1]}, 1);
+                    add(pair[1], {pair[0]}, 1);
                 }
             }
         });
     });
-    sortLists(sides, cells.cellCount(), progress);
-    return finish(sides, border, values, progress);
+    auto const isBorder = [&border](std::int64_t cell, std::uint32_t const*, std::uint32_t const*) {
+        return border[static_cast<std::size_t>(cell)].load(std::memory_order_relaxed);
+    };
+    return finish(sides, {}, values, isBorder, progress);
 }
 
 } // namespace veldraw::kernel

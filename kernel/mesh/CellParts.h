@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstddef>
+#include <utility>
 
 namespace veldraw::kernel {
 
@@ -19,6 +20,12 @@ public:
     CellParts(ZoneType_e type, Connectivity const& cells);
 
     std::int64_t cellCount() const { return m_cells.cellCount; }
+
+    /// The first and behind the last of a cell's corners.
+    std::pair<std::int64_t const*, std::int64_t const*> corners(std::int64_t cell) const
+    {
+        return {m_cells.indices + m_cells.offsets[cell], m_cells.indices + m_cells.offsets[cell + 1]};
+    }
 
     /// Whether all cells are surfaces, whose edges are their sides.
     bool areSurfaces() const { return m_cells.shapes == nullptr && Connectivity::isFace(m_shape); }

@@ -1,6 +1,6 @@
 #include "kernel/mesh/SideMatch.h"
 
-#include "kernel/base/Parallel.h"
+#include "kernel/base/CheckedLoop.h"
 #include "kernel/compute/ListStarts.h"
 
 #include <algorithm>
@@ -14,19 +14,14 @@ namespace {
 template <typename Body>
 void forEachSide(CellParts const& cells, Progress const& progress, Body const& body)
 {
-    parallelFor(cells.cellCount(), [&](std::int64_t first, std::int64_t last, std::int64_t) {
-        for (std::int64_t cell = first; cell < last; ++cell) {
-            if (cell % 512 == 0) {
-                progress.check();
+    forEachChecked(cells.cellCount(), progress, [&](std::int64_t cell) {
+        std::uint32_t number = 0;
+        cells.forEachSide(cell, [&](std::int64_t const* points, std::int64_t count) {
+            if (count > 0) {
+                body(cell, number, points, count);
             }
-            std::uint32_t number = 0;
-            cells.forEachSide(cell, [&](std::int64_t const* points, std::int64_t count) {
-                if (count > 0) {
-                    body(cell, number, points, count);
-                }
-                ++number;
-            });
-        }
+            ++number;
+        });
     });
 }
 

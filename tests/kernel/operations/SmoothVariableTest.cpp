@@ -223,6 +223,46 @@ TEST_F(SmoothVariableTest, SmoothsByEdgesInEveryKindOfCells)
     }
 }
 
+TEST_F(SmoothVariableTest, SmoothsManyCellsInPartsAndInWhateverOrderTheirPointsAre)
+{
+    auto const triangles = [](int width, int length, std::vector<std::int64_t> const& numbers) {
+        sample::CellLists cells;
+        for (int j = 0; j < length; ++j) {
+            for (int i = 0; i < width; ++i) {
+                auto const first = numbers.begin() + j * (width + 1) + i;
+                cells.add(Shape::Triangle, {first[0], first[1], first[width + 2]});
+                cells.add(Shape::Triangle, {first[0], first[width + 2], first[width + 1]});
+            }
+        }
+        cells.points.resize(numbers.size());
+        return cells.zone(ZoneType_FETriangle);
+    };
+    for (auto const& [width, length] : {std::pair(3, 9000), {185, 180}}) {
+        std::vector<std::int64_t> numbers(static_cast<std::size_t>((width + 1) * (length + 1)));
+        std::iota(numbers.begin(), numbers.end(), 0);
+        std::vector<double> const values = randomValues(static_cast<std::int64_t>(numbers.size()));
+        auto const zone = triangles(width, length, numbers);
+        int const inOrder = addCells(zone, values);
+        ASSERT_TRUE(smooth(inOrder, 11, 0.9));
+        reference::Numbers const wanted =
+            reference::smoothMesh(asReference(values), reference::meshOfPoints(*zone), 11, 0.9L);
+        expectNear(valuesOf(inOrder), wanted, 1e-14);
+
+        std::shuffle(numbers.begin(), numbers.end(), std::mt19937(9));
+        std::vector<double> shuffled(values.size());
+        std::vector<double> found(values.size());
+        for (std::size_t at = 0; at < values.size(); ++at) {
+            shuffled[static_cast<std::size_t>(numbers[at])] = values[at];
+        }
+        int const outOfOrder = addCells(triangles(width, length, numbers), shuffled);
+        ASSERT_TRUE(smooth(outOfOrder, 11, 0.9));
+        shuffled = valuesOf(outOfOrder);
+        std::transform(numbers.begin(), numbers.end(), found.begin(),
+                       [&](std::int64_t number) { return shuffled[static_cast<std::size_t>(number)]; });
+        expectNear(found, wanted, 1e-14);
+    }
+}
+
 TEST_F(SmoothVariableTest, SmoothsAlongLinesOfSegments)
 {
     sample::CellLists lines; // a curve of 4000 points in random order, and a star of three curves

@@ -52,10 +52,10 @@ protected:
         for (int const number : {2, 3})
             sample.dataSet().zone(number)->type = ZoneType_FETriangle;
         sample.dataSet().addZone(std::make_shared<kernel::Zone>("Line", ZoneType_Ordered, 5, 1, 1));
-        fillLine(1, {0.0, 1.0, 2.0, 3.0, 4.0});
-        fillLine(2, {0.0, 0.0, 0.0, 0.0, 0.0});
-        fillLine(3, bump);
-        fillLine(4, {2.0, 2.0, 2.0, 2.0, 2.0});
+        setValues(line, 1, {0.0, 1.0, 2.0, 3.0, 4.0});
+        setValues(line, 2, {0.0, 0.0, 0.0, 0.0, 0.0});
+        setValues(line, 3, bump);
+        setValues(line, 4, {2.0, 2.0, 2.0, 2.0, 2.0});
         // Shown once more, now that there is something to assign to the axes.
         sample.session().setFrameDataSet(sample.frame()->id, sample.frame()->dataSet);
         showAs(PlotType_Cartesian2D);
@@ -72,15 +72,6 @@ protected:
         SmoothPropertiesManager::numberOfPasses()->setValue(1);
         SmoothPropertiesManager::smoothWeight()->setValue(0.5);
         SmoothPropertiesManager::boundaryCondition()->setValue(BoundaryCondition_Fixed);
-    }
-
-    void fillLine(int number, std::vector<double> const& values)
-    {
-        auto buffer = kernel::Buffer::allocate(FieldDataType_Double, 5);
-        for (std::size_t at = 0; at < values.size(); ++at)
-            buffer->setValue(static_cast<std::int64_t>(at), values[at]);
-        sample.dataSet().zone(line)->fields[static_cast<std::size_t>(number - 1)] =
-            kernel::Field(std::make_shared<kernel::ShareGroup>(std::move(buffer)), ValueLocation_Nodal);
     }
 
     void enableZone(int number, bool isEnabled)

@@ -70,6 +70,11 @@ TEST_F(TriangulateDialogTest, LaysTheBoundaryOutBesideTheSources)
             "horizontalLayout | 1 | triangleKeepFactorSpinBox", "horizontalLayout | 2 | spacer"));
 }
 
+TEST_F(TriangulateDialogTest, HasItsFocusInTheListOfSourcesBeforeItIsShown)
+{
+    EXPECT_EQ(dialog().focusWidget(), &list());
+}
+
 TEST_F(TriangulateDialogTest, CanBeWalkedByTab)
 {
     EXPECT_THAT(tabOrder(launched()), ElementsAre(traits.list, useBoundary, includePoints, boundaries, keepFactor,

@@ -51,7 +51,7 @@ protected:
     TriangulateFixture()
         : DialogFixture(triangulate())
     {
-        setPoints(1, {{0.0, 0.0}, {1.0, 0.0}, {1.0, 1.0}, {0.0, 1.0}, {0.5, 0.25}, {0.5, 0.75}});
+        setPoints(1, {0.0, 1.0, 1.0, 0.0, 0.5, 0.5}, {0.0, 0.0, 1.0, 1.0, 0.25, 0.75});
         showAgain();
         resetSettings();
     }
@@ -68,7 +68,7 @@ protected:
     void addBoundary()
     {
         sample.dataSet().addZone(std::make_shared<kernel::Zone>("Rim", ZoneType_Ordered, 5, 1, 1));
-        setPoints(4, {{0.0, 0.0}, {1.0, 0.0}, {1.0, 0.75}, {0.0, 0.75}, {0.0, 0.0}});
+        setPoints(4, {0.0, 1.0, 1.0, 0.0, 0.0}, {0.0, 0.0, 0.75, 0.75, 0.0});
         showAgain();
     }
 
@@ -88,17 +88,12 @@ protected:
 
 private:
     /// Gives a zone X and Y; its other variables are 0.
-    void setPoints(int zone, std::vector<std::pair<double, double>> const& points)
+    void setPoints(int zone, std::vector<double> const& x, std::vector<double> const& y)
     {
-        for (std::size_t variable = 0; variable < 4; ++variable) {
-            auto buffer = kernel::Buffer::allocate(FieldDataType_Double, static_cast<std::int64_t>(points.size()));
-            for (std::size_t at = 0; at < points.size(); ++at)
-                buffer->setValue(static_cast<std::int64_t>(at), variable == 0   ? points[at].first
-                                                                : variable == 1 ? points[at].second
-                                                                                : 0.0);
-            sample.dataSet().zone(zone)->fields[variable] =
-                kernel::Field(std::make_shared<kernel::ShareGroup>(std::move(buffer)), ValueLocation_Nodal);
-        }
+        setValues(zone, 1, x);
+        setValues(zone, 2, y);
+        for (int const other : {3, 4})
+            setValues(zone, other, std::vector<double>(x.size(), 0.0));
     }
 
     // Now that there is something to assign to the axes.

@@ -222,6 +222,15 @@ void DialogFixture::showAs(PlotType_e plotType)
     IdleDispatcher::flush();
 }
 
+void DialogFixture::setValues(int zone, int variable, std::vector<double> const& values)
+{
+    auto buffer = kernel::Buffer::allocate(FieldDataType_Double, static_cast<std::int64_t>(values.size()));
+    for (std::size_t at = 0; at < values.size(); ++at)
+        buffer->setValue(static_cast<std::int64_t>(at), values[at]);
+    sample.dataSet().zone(zone)->fields.at(static_cast<std::size_t>(variable - 1)) =
+        kernel::Field(std::make_shared<kernel::ShareGroup>(std::move(buffer)), ValueLocation_Nodal);
+}
+
 std::vector<double> DialogFixture::values(int zone, int variable) const
 {
     std::vector<double> values;

@@ -89,7 +89,9 @@ protected:
 
     /// Has the frame show another plot.
     void showAs(PlotType_e plotType);
-    /// The values of a variable in a zone, both from 1.
+    /// Gives a zone values of a variable at its points, both from 1, behind the kernel's back.
+    void setValues(int zone, int variable, std::vector<double> const& values);
+    /// The values of a variable in a zone.
     std::vector<double> values(int zone, int variable) const;
 
     std::vector<std::string> zoneNames() const;

@@ -63,7 +63,7 @@ TEST_F(AxialDuplicationKernelTest, GivesBothAnglesInDegreesWhateverIsShown)
 TEST_F(AxialDuplicationKernelTest, MakesARingOfTheChosenZoneByItsButton)
 {
     for (int variable = 1; variable <= 6; ++variable)
-        fill(2, variable, {1.0 * variable, 0.0, 0.0, 0.0, 0.0, 0.0});
+        setValues(2, variable, {1.0 * variable, 0.0, 0.0, 0.0, 0.0, 0.0});
     clickRow(1);
     clickMark("fullRotation_radioButton");
     enter("numberOfSegments", "4");

@@ -15,7 +15,6 @@
 #include <QListView>
 #include <QTest>
 
-#include <array>
 #include <memory>
 #include <string>
 #include <utility>
@@ -107,16 +106,6 @@ protected:
 
     void pick(std::vector<kernel::Pick> const& picks) { sample.session().setPicks(picks); }
     kernel::Pick zonePick(int zone) { return {kernel::Pick::zoneType, sample.dataSet().zone(zone)->id}; }
-
-    /// Gives a zone's six points the values of a variable.
-    void fill(int zone, int variable, std::array<double, 6> const& values)
-    {
-        auto buffer = kernel::Buffer::allocate(FieldDataType_Double, 6);
-        for (int at = 0; at < 6; ++at)
-            buffer->setValue(at, values[static_cast<std::size_t>(at)]);
-        sample.dataSet().zone(zone)->fields[static_cast<std::size_t>(variable - 1)] =
-            kernel::Field(std::make_shared<kernel::ShareGroup>(std::move(buffer)), ValueLocation_Nodal);
-    }
 
     SpinBoxDriver box(char const* name) { return SpinBoxDriver(child<QAbstractSpinBox>(name)); }
 

@@ -157,7 +157,7 @@ TEST_F(AxialRotationKernelTest, TurnsPositionAndVectorOfTheChosenZoneByItsButton
 {
     for (int const zone : {1, 2})
         for (int variable = 1; variable <= 6; ++variable)
-            fill(zone, variable, {1.0 * variable, 2.0 * variable, 3.0, 4.0, 5.0, 6.0});
+            setValues(zone, variable, {1.0 * variable, 2.0 * variable, 3.0, 4.0, 5.0, 6.0});
     clickRow(1);
     enter("angle_spinBox", "90");
     clickAction();
@@ -178,7 +178,7 @@ TEST_F(AxialRotationKernelTest, TurnsPositionAndVectorOfTheChosenZoneByItsButton
 TEST_F(AxialRotationKernelTest, StaysWholeAndReleasesItsGuardsWhicheverKernelCallFails)
 {
     for (int variable = 1; variable <= 6; ++variable)
-        fill(2, variable, {1.0 * variable, 2.0, 3.0, 4.0, 5.0, 6.0});
+        setValues(2, variable, {1.0 * variable, 2.0, 3.0, 4.0, 5.0, 6.0});
     clickRow(1);
     enter("angle_spinBox", "90");
     std::string const before = sample.session().history().undoName();

@@ -75,6 +75,34 @@ vtkSmartPointer<vtkPolyData> joinedShapes(Drawings const& drawings)
     return all;
 }
 
+// Of the cells of all drawings, which are numbered kind by kind: all vertices, all lines, all polygons.
+vtkSmartPointer<vtkFloatArray> joinedCellShares(Drawings const& drawings)
+{
+    auto all = vtkSmartPointer<vtkFloatArray>::New();
+    vtkIdType count = 0;
+    for (ZoneDrawing const* const drawing : drawings)
+        count += drawing->shares()->GetNumberOfValues();
+    all->SetNumberOfValues(count);
+    float* target = all->GetPointer(0);
+    std::vector<vtkIdType> taken(drawings.size(), 0);
+    for (auto const countOf :
+         {&vtkPolyData::GetNumberOfVerts, &vtkPolyData::GetNumberOfLines, &vtkPolyData::GetNumberOfPolys})
+        for (std::size_t n = 0; n < drawings.size(); ++n) {
+            vtkIdType const cells = (drawings[n]->surface().*countOf)();
+            target = std::copy_n(drawings[n]->shares()->GetPointer(taken[n]), cells, target);
+            taken[n] += cells;
+        }
+    return all;
+}
+
+vtkSmartPointer<vtkFloatArray> joinedShares(Drawings const& drawings, bool areNodal)
+{
+    if (drawings.size() == 1)
+        return drawings.front()->shares();
+    return areNodal ? joined(drawings, 1, [](ZoneDrawing const& drawing) { return drawing.shares(); })
+                    : joinedCellShares(drawings);
+}
+
 // The number of each drawing at all of its points.
 vtkSmartPointer<vtkFloatArray> spread(std::vector<float> const& numbers,
                                       std::vector<std::shared_ptr<ZoneGeometry const>> const& shapes)
@@ -131,11 +159,10 @@ void DrawingBatch::showColours(Drawings const& drawings)
 {
     DrawingStyle const style = drawings.front()->style();
     m_mapper->SetScalarVisibility(style.isFlooded);
+    bool const isNodal = style.valuesAt == ValueLocation_Nodal;
     vtkSmartPointer<vtkFloatArray> shares;
     if (style.isFlooded)
-        shares = drawings.size() > 1 ? joined(drawings, 1, [](ZoneDrawing const& drawing) { return drawing.shares(); })
-                                     : vtkSmartPointer<vtkFloatArray>(drawings.front()->shares());
-    bool const isNodal = style.valuesAt == ValueLocation_Nodal;
+        shares = joinedShares(drawings, isNodal);
     m_drawing->GetPointData()->SetScalars(isNodal ? shares.Get() : nullptr);
     m_drawing->GetCellData()->SetScalars(isNodal ? nullptr : shares.Get());
 }

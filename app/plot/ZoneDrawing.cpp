@@ -74,13 +74,14 @@ void ZoneDrawing::computeShares(kernel::Field const& field)
         m_shares->FillValue(std::numeric_limits<float>::quiet_NaN());
         return;
     }
-    double const min = m_colours.min;
-    double const width = m_colours.max - min;
+    // Halves first: the whole difference may be beyond the largest number.
+    double const min = 0.5 * m_colours.min;
+    double const width = 0.5 * m_colours.max - min;
     float* const target = m_shares->GetPointer(0);
     auto const work = [&](std::int64_t first, std::int64_t last, std::int64_t) {
         for (std::int64_t n = first; n < last; ++n) {
             double const value = values.at(slots.empty() ? n : slots[static_cast<std::size_t>(n)]);
-            double const share = width > 0.0 ? (value - min) / width : value - value + 0.5;
+            double const share = width > 0.0 ? (0.5 * value - min) / width : value - value + 0.5;
             target[n] = static_cast<float>(share);
         }
     };

@@ -241,6 +241,21 @@ TEST(FieldPlotInPlane, LeavesOutCellsWithoutAPlaceAndGreysCellsWithoutAValue)
     EXPECT_GT(PlotTestPage::colouredPixels(plot), 20000);
 }
 
+TEST(FieldPlotInPlane, ColoursValuesWhoseDifferenceIsBeyondTheLargestNumber)
+{
+    auto const set = SampleData::sheet(5, 2);
+    double const most = std::numeric_limits<double>::max();
+    kernel::ShareGroup& values = *set->field(1, 3)->group();
+    for (std::int64_t point = 0; point < 10; ++point)
+        writeValue(values, point, most * (static_cast<double>(point % 5) / 2.0 - 1.0));
+    PlotTestPage page({SampleData::frame("Sheet", set, PlotType_Cartesian2D)});
+    page.picture("beyond-the-largest-number");
+    vtkFloatArray* const shares = page.field().zones().at(0)->shares();
+    ASSERT_EQ(shares->GetNumberOfValues(), 10);
+    for (int point = 0; point < 10; ++point)
+        EXPECT_NEAR(shares->GetValue(point), static_cast<float>(point % 5) / 4.0F, 1e-6F);
+}
+
 TEST(FieldPlotInPlane, DrawsAVariableWithoutAnyFiniteValueInNeutralShadeAndSaysSo)
 {
     auto const set = SampleData::sheet(5, 5);

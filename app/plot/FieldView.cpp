@@ -170,8 +170,8 @@ void FieldView::markZones(std::set<int> const& wanted)
         return;
     std::vector<PickMarks::Box> boxes;
     for (auto const& zone : zones())
-        if (shown.count(zone->zoneNumber()) != 0)
-            zone->surface().GetBounds(boxes.emplace_back().data());
+        if (shown.count(zone->zoneNumber()) != 0 && zone->cellCount() > 0)
+            boxes.push_back(zone->geometry()->bounds());
     m_marks.show(boxes, m_inSpace);
     m_stage->RemoveActor(m_marks.actor());
     if (!boxes.empty())

@@ -93,7 +93,7 @@ PlacedPoints placePoints(std::int64_t count, std::vector<std::int64_t> const& nu
     return placed;
 }
 
-// Points without a place are in no cell, but bounds and the graphics card need finite coordinates.
+// Points without a place are in no cell, but the graphics card needs finite coordinates.
 void zeroUnplaced(vtkPoints& points)
 {
     for (vtkIdType n = 0; n < points.GetNumberOfPoints(); ++n)
@@ -185,7 +185,7 @@ bool ZoneGeometry::takeOver(ZoneSource const& source, ZoneGeometry const& before
     if (!placed.areAllPlaced)
         zeroUnplaced(*placed.points);
     m_drawing->SetPoints(placed.points);
-    m_drawing->ComputeBounds();
+    findBounds(placed.areAllPlaced);
     return true;
 }
 
@@ -211,7 +211,17 @@ void ZoneGeometry::build(ZoneSource const& source, kernel::Progress const& progr
         leaveOutUnplaced(*placed.points);
     if (m_key.inSpace && m_drawing->GetNumberOfPolys() > 0)
         addNormals(!zone.isOrdered(), progress);
-    m_drawing->ComputeBounds(); // now, since others only read
+    findBounds(placed.areAllPlaced);
+}
+
+// Now, since others only read. Where all of an ordered zone is drawn, each point is in a cell, and points are quicker to look through.
+void ZoneGeometry::findBounds(bool areAllPlaced)
+{
+    m_drawing->ComputeBounds();
+    if (areAllPlaced && m_key.type == ZoneType_Ordered && !m_key.blanking)
+        m_drawing->GetBounds(m_bounds.data());
+    else
+        m_drawing->GetCellsBounds(m_bounds.data());
 }
 
 void ZoneGeometry::leaveOutUnplaced(vtkPoints& points)

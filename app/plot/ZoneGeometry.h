@@ -7,6 +7,7 @@
 #include <vtkPolyData.h>
 #include <vtkSmartPointer.h>
 
+#include <array>
 #include <memory>
 #include <vector>
 
@@ -20,6 +21,7 @@ class ZoneGeometry
 {
 public:
     using Numbers = std::vector<std::int64_t>;
+    using Bounds = std::array<double, 6>;
 
     /// @param before an older geometry, whose unchanged parts are reused; may be null
     /// @throws kernel::Interrupted, std::bad_alloc
@@ -36,6 +38,10 @@ public:
     Numbers const& points() const { return m_ownPoints ? *m_ownPoints : m_shape->points; }
     Numbers const& cells() const { return m_ownCells ? *m_ownCells : m_shape->cells; }
 
+    /// Low and high end of the drawn cells along each axis of the scene; a low end above the high one where none is drawn. Points
+    /// in no cell do not count: what is hidden or has no place would stand for a place where nothing is seen.
+    Bounds const& bounds() const { return m_bounds; }
+
     long long bytes() const;
 
     ZoneGeometry(ZoneGeometry const&) = delete;
@@ -45,6 +51,7 @@ private:
     explicit ZoneGeometry(GeometryKey key);
     bool takeOver(ZoneSource const& source, ZoneGeometry const& before);
     void build(ZoneSource const& source, kernel::Progress const& progress);
+    void findBounds(bool areAllPlaced);
     void leaveOutUnplaced(vtkPoints& points);
     void addNormals(bool hasSharpEdges, kernel::Progress const& progress);
 
@@ -52,6 +59,7 @@ private:
     bool m_isOfPoints = false;                // a one-dimensional ordered zone that is no curve
     std::shared_ptr<ZoneShape const> m_shape; // also keeps memory that the cells of the drawing stand in
     vtkSmartPointer<vtkPolyData> m_drawing;
+    Bounds m_bounds{};
     std::shared_ptr<Numbers const> m_ownPoints; // where points were doubled at sharp edges; else null
     std::shared_ptr<Numbers const> m_ownCells;  // where cells were left out; else null
 };

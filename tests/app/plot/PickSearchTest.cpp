@@ -71,6 +71,12 @@ QPoint placeOf(PlotTestPage& page, double x, double y, double z)
     return {static_cast<int>(shown[0] / ratio), page.view().height() - static_cast<int>(shown[1] / ratio)};
 }
 
+// The boxes around what is picked are the last thing in the stage.
+vtkActor& marksOf(PlotTestPage& page)
+{
+    return *page.field().stage().GetActors()->GetLastActor();
+}
+
 /// A user who clicks on places of the data.
 class PickTest : public ::testing::TestWithParam<PlotType_e>
 {
@@ -284,6 +290,45 @@ TEST(Pick, CellsWithoutAPlaceArePickedNowhere)
     EXPECT_EQ(1U, page.session().picks().size());
     page.click(placeOf(page, 0.4, 0.4, 0.0));
     EXPECT_EQ(0U, page.session().picks().size());
+}
+
+TEST(Pick, TheBoxGoesRoundWhatIsSeenOfTheZone)
+{
+    // A disc far to the left of a sheet, one of whose points has no place.
+    auto const set = SampleData::triangles(1);
+    for (std::int64_t point = 0; point < set->zone(1)->pointCount(); ++point) {
+        writeValue(*set->field(1, 1)->group(), point, -4.0 + 0.5 * static_cast<double>(point % 2));
+        writeValue(*set->field(1, 2)->group(), point, 2.0 + 0.1 * static_cast<double>(point % 3));
+    }
+    writeValue(*set->field(1, 1)->group(), 7, std::numeric_limits<double>::quiet_NaN());
+    set->addZone(SampleData::sheet(3, 3)->zone(1));
+    PlotTestPage page({SampleData::frame("Apart", set, PlotType_Cartesian2D)});
+    page.session().setPicks({{kernel::Pick::zoneType, set->zone(1)->id}});
+    page.picture("box-round-what-is-seen");
+    app::PlotSpace const& space = page.field().space();
+    double const* const box = marksOf(page).GetBounds();
+    EXPECT_NEAR(space.toValue(0, box[0]), -4.0, 0.1);
+    EXPECT_NEAR(space.toValue(0, box[1]), -3.5, 0.1);
+    EXPECT_NEAR(space.toValue(1, box[2]), 2.0, 0.1);
+    EXPECT_NEAR(space.toValue(1, box[3]), 2.2, 0.1);
+}
+
+TEST(Pick, AZoneOfWhichNothingIsSeenHasNoBox)
+{
+    auto const set = squareSet();
+    addSquare(*set, 0.0, 0.0, 0.0);
+    addSquare(*set, 2.0, 0.0, 0.0);
+    auto const hidden = kernel::Buffer::allocate(FieldDataType_Byte, 25);
+    for (std::int64_t point = 0; point < 25; ++point)
+        hidden->setValue(point, kernel::Blanking::hiddenPoint);
+    set->zone(2)->blanking =
+        std::make_shared<kernel::Blanking>(*set->zone(2), kernel::Blanking::Marks{hidden, nullptr});
+    for (PlotType_e const plotType : {PlotType_Cartesian2D, PlotType_Cartesian3D}) {
+        PlotTestPage page({frameOf(set, plotType)});
+        page.session().setPicks({{kernel::Pick::zoneType, set->zone(2)->id}});
+        page.picture();
+        EXPECT_EQ(PlotTestPage::pixelsNear(page.plot(), app::PlotTheme::picked(), 20), 0);
+    }
 }
 
 TEST(Pick, ALinePlotPicksNothing)

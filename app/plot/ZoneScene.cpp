@@ -1,7 +1,6 @@
 #include "app/plot/ZoneScene.h"
 
 #include "app/plot/ColourMap.h"
-#include "app/plot/DepthLayers.h"
 
 #include <vtkPropCollection.h>
 
@@ -65,25 +64,12 @@ bool canShareBatch(ZoneDrawing const& a, ZoneDrawing const& b, std::size_t count
            !standsAlone(b, count) && a.style() == b.style();
 }
 
-// From 0 for what lies before all others to 1 for what lies behind; empty where nothing lies over another.
-std::vector<float> depthOrders(ZoneScene::Drawings const& drawings)
+std::vector<DepthOrders::Place> placesOf(ZoneScene::Drawings const& drawings)
 {
-    std::vector<DepthLayers::Bounds> bounds(drawings.size());
-    for (std::size_t n = 0; n < drawings.size(); ++n)
-        drawings[n]->surface().GetBounds(bounds[n].data());
-    std::vector<int> const layers = DepthLayers::of(bounds);
-    int const top = layers.empty() ? 0 : *std::max_element(layers.begin(), layers.end());
-    if (top == 0)
-        return {};
-    // A few layers stand as near as 50 do: farther apart, a wall between two of them would not hide the rear one. In steps, so
-    // that one more layer moves no other.
-    int most = 50;
-    while (most < top)
-        most *= 2;
-    std::vector<float> orders;
-    for (int const layer : layers)
-        orders.push_back(1.0F - static_cast<float>(layer) / static_cast<float>(most));
-    return orders;
+    std::vector<DepthOrders::Place> places;
+    for (auto const& drawing : drawings)
+        places.push_back({drawing->zone(), drawing->geometry()->bounds()});
+    return places;
 }
 
 } // namespace
@@ -185,7 +171,7 @@ void ZoneScene::clear()
 
 void ZoneScene::updateBatches(bool mesh)
 {
-    std::vector<float> const orders = depthOrders(m_drawings);
+    std::vector<float> const& orders = m_depthOrders.of(placesOf(m_drawings));
     Batches batches;
     std::vector<vtkActor*> actors;
     for (auto first = m_drawings.begin(); first != m_drawings.end();) {

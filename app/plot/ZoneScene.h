@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/plot/DepthOrders.h"
 #include "app/plot/DrawingBatch.h"
 #include "app/plot/GeometryWork.h"
 #include "app/plot/ZoneDrawing.h"
@@ -64,6 +65,7 @@ private:
     Drawings m_drawings;                       // in the order of the zones
     Batches m_batches;                         // by the first zone of each
     std::vector<vtkActor*> m_actors;           // of the batches, in the order of the zones
+    DepthOrders m_depthOrders;
     GeometryWork m_work;
 };
 

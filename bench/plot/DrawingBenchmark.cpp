@@ -7,6 +7,7 @@
 
 #include <QApplication>
 
+#include <array>
 #include <benchmark/benchmark.h>
 #include <memory>
 #include <stdexcept>
@@ -49,23 +50,34 @@ void addFields(kernel::Zone& zone, std::vector<float> const& x, std::vector<floa
     zone.fields = {fieldOf(x), fieldOf(y), fieldOf(z), fieldOf(p), fieldOf(q)};
 }
 
+void addSheet(kernel::DataSet& set, std::array<float, 3> const& corner, float width)
+{
+    std::vector<float> x;
+    std::vector<float> y;
+    for (std::int64_t point = 0; point < zoneEdge * zoneEdge; ++point) {
+        x.push_back(corner[0] + width * static_cast<float>(point % zoneEdge) / zoneEdge);
+        y.push_back(corner[1] + width * static_cast<float>(point / zoneEdge) / zoneEdge);
+    }
+    auto zone = std::make_shared<kernel::Zone>("sheet", ZoneType_Ordered, zoneEdge, zoneEdge, 1);
+    addFields(*zone, x, y, std::vector<float>(x.size(), corner[2]));
+    set.addZone(zone);
+}
+
 // Small sheets side by side.
 std::shared_ptr<kernel::DataSet> manySheets()
 {
     auto set = emptySet();
-    for (int n = 0; n < zoneCount; ++n) {
-        std::vector<float> x;
-        std::vector<float> y;
-        std::vector<float> z;
-        for (std::int64_t point = 0; point < zoneEdge * zoneEdge; ++point) {
-            x.push_back(static_cast<float>(n % 100) + static_cast<float>(point % zoneEdge) / zoneEdge);
-            y.push_back(static_cast<float>(n / 100) + static_cast<float>(point / zoneEdge) / zoneEdge);
-            z.push_back(static_cast<float>(n % 7));
-        }
-        auto zone = std::make_shared<kernel::Zone>("sheet", ZoneType_Ordered, zoneEdge, zoneEdge, 1);
-        addFields(*zone, x, y, z);
-        set->addZone(zone);
-    }
+    for (int n = 0; n < zoneCount; ++n)
+        addSheet(*set, {static_cast<float>(n % 100), static_cast<float>(n / 100), static_cast<float>(n % 7)}, 1.0F);
+    return set;
+}
+
+// Sheets that lie on each other, each a little larger than the one below.
+std::shared_ptr<kernel::DataSet> pileOfSheets()
+{
+    auto set = emptySet();
+    for (int n = 0; n < zoneCount; ++n)
+        addSheet(*set, {0.0F, 0.0F, 0.0F}, 1.0F + static_cast<float>(n) / zoneCount);
     return set;
 }
 
@@ -178,6 +190,12 @@ Page& zones()
     return page;
 }
 
+Page& pile()
+{
+    static Page& page = *new Page(pileOfSheets());
+    return page;
+}
+
 Page& tetrahedra()
 {
     static Page& page = *new Page(manyTetrahedra());
@@ -199,9 +217,8 @@ void drawFiveThousandZonesAgain(benchmark::State& state)
 BENCHMARK(drawFiveThousandZonesAgain)->Apply(byTheClock);
 
 template <bool isDrawn>
-void hideOneOfFiveThousandZones(benchmark::State& state)
+void hideOneOf(Page& page, benchmark::State& state)
 {
-    Page& page = zones();
     int zone = 0;
     for (auto _ : state) {
         zone = zone % zoneCount + 1;
@@ -214,8 +231,22 @@ void hideOneOfFiveThousandZones(benchmark::State& state)
         ;
     page.draw();
 }
+
+template <bool isDrawn>
+void hideOneOfFiveThousandZones(benchmark::State& state)
+{
+    hideOneOf<isDrawn>(zones(), state);
+}
 BENCHMARK_TEMPLATE(hideOneOfFiveThousandZones, false)->Apply(byTheClock);
 BENCHMARK_TEMPLATE(hideOneOfFiveThousandZones, true)->Apply(byTheClock);
+
+template <bool isDrawn>
+void hideOneOfFiveThousandZonesThatLieOnEachOther(benchmark::State& state)
+{
+    hideOneOf<isDrawn>(pile(), state);
+}
+BENCHMARK_TEMPLATE(hideOneOfFiveThousandZonesThatLieOnEachOther, false)->Apply(byTheClock);
+BENCHMARK_TEMPLATE(hideOneOfFiveThousandZonesThatLieOnEachOther, true)->Apply(byTheClock);
 
 template <bool isDrawn>
 void undoTheDuplicationOfFiveThousandZones(benchmark::State& state)

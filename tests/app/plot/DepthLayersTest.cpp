@@ -1,8 +1,10 @@
 #include "app/plot/DepthLayers.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <numeric>
 #include <random>
+#include <sys/resource.h>
 
 namespace veldraw::tests {
 
@@ -72,14 +74,48 @@ TEST(DepthLayers, AreInTheOrderOfTheDrawingsWhereverBoundsShareRoom)
     EXPECT_GT(sharing, 1000);
 }
 
-TEST(DepthLayers, AreTheOrderItselfWhereToCompareAllBoundsWouldTakeLong)
+namespace {
+
+/// Boxes around boxes.
+std::vector<DepthLayers::Bounds> shells(int count)
 {
     std::vector<DepthLayers::Bounds> nested;
-    for (int n = 0; n < 6000; ++n)
+    for (int n = 0; n < count; ++n)
         nested.push_back(box(-1.0 - n, -1.0 - n, -1.0 - n, 2.0 + 2.0 * n, 2.0 + 2.0 * n, 2.0 + 2.0 * n));
-    Layers all(nested.size());
-    std::iota(all.begin(), all.end(), 0);
-    EXPECT_EQ(DepthLayers::of(nested), all);
+    return nested;
+}
+
+long mostMemory()
+{
+    rusage usage{};
+    ::getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_maxrss / 1024; // from kibibytes
+}
+
+} // namespace
+
+TEST(DepthLayers, AreTheOrderItselfWhereToCompareAllBoundsWouldTakeLong)
+{
+    for (int const count : {3000, 50000}) {
+        std::vector<DepthLayers::Bounds> bounds = shells(count);
+        bounds.push_back(box(1e6, 0, 0, 1, 1, 1)); // which would share a layer with the first if they were compared
+        Layers all(bounds.size());
+        std::iota(all.begin(), all.end(), 0);
+        long const before = mostMemory();
+        EXPECT_EQ(DepthLayers::of(bounds), all);
+        EXPECT_LT(mostMemory() - before, 400) << "MiB";
+    }
+}
+
+TEST(DepthLayers, AreComparedForThousandsOfBlocksSideBySide)
+{
+    std::vector<DepthLayers::Bounds> bounds;
+    for (int n = 0; n < 18 * 18 * 18; ++n)
+        bounds.push_back(box(n % 18 / 18.0, n / 18 % 18 / 18.0, n / (18 * 18) / 18.0, 1 / 18.0, 1 / 18.0, 1 / 18.0));
+    bounds.push_back(bounds.front());
+    Layers const layers = DepthLayers::of(bounds);
+    EXPECT_EQ(std::count(layers.begin(), layers.end(), 0), 18 * 18 * 18);
+    EXPECT_EQ(layers.back(), 1);
 }
 
 } // namespace veldraw::tests

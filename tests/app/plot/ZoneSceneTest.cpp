@@ -13,6 +13,7 @@
 
 #include <vtkActor.h>
 #include <vtkMapper.h>
+#include <vtkPointData.h>
 #include <vtkPolyData.h>
 
 #include <algorithm>
@@ -232,6 +233,31 @@ TEST_P(KeptShapes, AreTheSameForACopyWithItsCells)
 
 INSTANTIATE_TEST_SUITE_P(FieldPlots, KeptShapes, ::testing::Values(PlotType_Cartesian2D, PlotType_Cartesian3D),
                          [](auto const& type) { return type.param == PlotType_Cartesian2D ? "Plane" : "Space"; });
+
+TEST(KeptShapesInSpace, OfAPileKeepTheirDepthsWhenOneIsHidden)
+{
+    auto const set = tiles(tileCount);
+    for (int number = 1; number < tileCount; ++number)
+        for (std::size_t axis = 0; axis < 2; ++axis)
+            set->zone(number)->fields[axis] = set->zone(50)->fields[axis];
+    PlotTestPage page({SampleData::frame("Pile", set, PlotType_Cartesian3D)});
+    auto const depths = [&page] {
+        page.picture();
+        std::vector<vtkDataArray*> all;
+        for (vtkActor* const actor : page.field().actors())
+            all.push_back(
+                vtkPolyData::SafeDownCast(actor->GetMapper()->GetInput())->GetPointData()->GetArray("depth order"));
+        return all;
+    };
+    auto const before = depths();
+    ASSERT_EQ(std::count(before.begin(), before.end(), nullptr), 0);
+    ASSERT_TRUE(page.session().perform(kernel::EnableZone(*set, 70, false)));
+    auto const after = depths();
+    ASSERT_EQ(before.size(), after.size());
+    EXPECT_EQ(std::inner_product(before.begin(), before.end(), after.begin(), 0, std::plus<>(), std::not_equal_to<>()),
+              1)
+        << "one batch is put together anew";
+}
 
 TEST(KeptShapesInThePlane, LieOverOneAnotherInTheOrderOfTheZonesAlsoWhenTheyComeBack)
 {

@@ -162,7 +162,7 @@ void PageView::refresh()
 void PageView::giveUpDrawing(std::exception const& failure)
 {
     for (auto& [id, slot] : m_slots)
-        slot.message = {tr("This frame cannot be drawn: %1").arg(QString::fromUtf8(failure.what())), true};
+        slot.message = FrameMessage::ofFailure(failure);
     orderRenderers();
     updateOverlay();
 }
@@ -239,7 +239,7 @@ void PageView::updateStale()
             slot.isStale = false;
         } catch (std::exception const& failure) {
             slot.isStale = false;
-            slot.message = {tr("This frame cannot be drawn: %1").arg(QString::fromUtf8(failure.what())), true};
+            slot.message = FrameMessage::ofFailure(failure);
         }
     }
     orderRenderers();

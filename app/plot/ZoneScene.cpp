@@ -85,18 +85,27 @@ ZoneScene::~ZoneScene() = default;
 
 bool ZoneScene::show(kernel::DataSet const& dataSet, std::vector<int> const& zones, FieldLook const& look)
 {
-    ById drawn;
-    for (std::unique_ptr<ZoneDrawing>& drawing : m_drawings)
-        drawn[drawing->zone()] = std::move(drawing);
-    m_drawings.clear();
+    try {
+        return tryToShow(dataSet, zones, look);
+    } catch (...) {
+        clear(); // what is not seen must not stay in memory, which may be what is missing
+        throw;
+    }
+}
 
+bool ZoneScene::tryToShow(kernel::DataSet const& dataSet, std::vector<int> const& zones, FieldLook const& look)
+{
     Geometries known;
-    for (auto const& [zone, drawing] : drawn)
-        known[zone] = drawing->geometry();
+    for (auto const& drawing : m_drawings)
+        known[drawing->zone()] = drawing->geometry();
     for (GeometryResult& result : m_work.take())
         known[result.zone] = std::move(result.geometry);
     bool const isComplete = workOutMissing(dataSet, zones, look, known);
 
+    ById drawn;
+    for (std::unique_ptr<ZoneDrawing>& drawing : m_drawings)
+        drawn[drawing->zone()] = std::move(drawing);
+    m_drawings.clear();
     for (int const number : zones) {
         kernel::UniqueId const zone = dataSet.zones()[static_cast<std::size_t>(number - 1)]->id;
         auto drawing = drawingOf(zone, geometryKeyOf(dataSet, number, look), known, drawn);

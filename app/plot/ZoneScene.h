@@ -32,6 +32,7 @@ public:
 
     /// Shows zones, by their one-based numbers in ascending order, and no others.
     /// @return false when some geometries are still being computed in the background
+    /// @throws std::bad_alloc, and what else ended the background job; nothing is shown then
     bool show(kernel::DataSet const& dataSet, std::vector<int> const& zones, FieldLook const& look);
 
     /// Shows nothing and discards the background job.
@@ -53,6 +54,7 @@ private:
     using ById = std::unordered_map<kernel::UniqueId, std::unique_ptr<ZoneDrawing>>;
     using Batches = std::map<kernel::UniqueId, std::unique_ptr<DrawingBatch>>;
 
+    bool tryToShow(kernel::DataSet const& dataSet, std::vector<int> const& zones, FieldLook const& look);
     bool workOutMissing(kernel::DataSet const& dataSet, std::vector<int> const& zones, FieldLook const& look,
                         Geometries& known);
     static std::unique_ptr<ZoneDrawing> drawingOf(kernel::UniqueId zone, GeometryKey const& key,

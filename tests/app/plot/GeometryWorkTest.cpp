@@ -22,6 +22,16 @@ namespace {
 
 constexpr int edge = 44; // bricks: too many to be looked through at once
 
+/// Adds a zone whose shape fits into no memory, at the place of the first point of the others.
+void addBoundlessZone(kernel::DataSet& set)
+{
+    constexpr std::int64_t points = std::int64_t{1} << 45;
+    auto const one = SampleData::mixed()->zone(1);
+    auto const zone = std::make_shared<kernel::Zone>("boundless", one->type, points, one->j, one->k);
+    zone->connectivity = one->connectivity;
+    set.addZone(zone);
+}
+
 /// A page whose only zone is large and not shown yet.
 class DrawnAside : public ::testing::Test
 {
@@ -205,6 +215,24 @@ TEST_F(DrawnAside, HoldsNoValuesWhenItIsDone)
     page.picture();
     for (auto const& buffer : buffers)
         EXPECT_EQ(buffer.use_count(), 1);
+}
+
+TEST(DrawnAsideWithoutMemory, SaysSoAndKeepsNothingOfThePicture)
+{
+    auto const set = SampleData::bricks(4);
+    addBoundlessZone(*set);
+    set->zone(2)->enabled = false;
+    PlotTestPage page({SampleData::frame("Solid", set, PlotType_Cartesian3D)});
+    page.picture();
+    std::weak_ptr<app::ZoneGeometry const> const shape = page.field().zones().at(0)->geometry();
+    ASSERT_TRUE(page.session().perform(kernel::EnableZone(*set, 2, true)));
+    page.view().frameView(page.frame().id);
+    page.picture("without-memory");
+    EXPECT_EQ(page.message().toStdString(), "This frame cannot be drawn: there is not enough memory for it.");
+    EXPECT_TRUE(shape.expired()) << "the memory is what is missing";
+    ASSERT_TRUE(page.session().undo());
+    EXPECT_GT(PlotTestPage::colouredPixels(page.plot()), 20000);
+    EXPECT_EQ(page.message(), QString());
 }
 
 TEST(DrawnAsideOnALeavingPage, IsGivenUp)

@@ -57,11 +57,16 @@ void PointSequence::add(Point const& point)
     m_isStarted = true;
 }
 
+bool PointSequence::varyInSpace() const
+{
+    return std::all_of(m_courses.begin(), m_courses.end(), [](Course const& c) { return c.varies(); });
+}
+
 bool PointSequence::arePlaces() const
 {
     auto const varying = std::count_if(m_courses.begin(), m_courses.end(), [](Course const& c) { return c.varies(); });
-    return varying == 3 || (varying == 2 && std::none_of(m_courses.begin(), m_courses.end(),
-                                                         [](Course const& c) { return c.runsOn(); }));
+    return varyInSpace() || (varying == 2 && std::none_of(m_courses.begin(), m_courses.end(),
+                                                          [](Course const& c) { return c.runsOn(); }));
 }
 
 bool PointSequence::jump() const

@@ -23,6 +23,9 @@ public:
     /// an axis has a coordinate that never turns back and goes on in more than half of the steps.
     bool arePlaces() const;
 
+    /// Whether all three coordinates vary.
+    bool varyInSpace() const;
+
     /// Whether the points go along an axis, from 0 to 2, without turning back.
     bool runsOnAlong(std::size_t axis) const { return m_courses[axis].runsOn(); }
 

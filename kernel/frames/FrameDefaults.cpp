@@ -13,10 +13,15 @@ namespace {
 using Axes = std::array<UniqueId, 3>;
 using Names = std::initializer_list<char const*>;
 
+std::string withoutUnit(std::string const& name)
+{
+    return name.substr(0, name.find_first_of("[({"));
+}
+
 /// The letters and digits of @p name before its unit, made small: "Velocity_X (m/s)" gives "velocityx".
 std::string bareName(std::string const& name)
 {
-    std::string bare = lowered(name.substr(0, name.find_first_of("[({")));
+    std::string bare = lowered(withoutUnit(name));
     auto const isOther = [](char c) { return !((c >= 'a' && c <= 'z') || (c >= '0' && c <= '9')); };
     bare.erase(std::remove_if(bare.begin(), bare.end(), isOther), bare.end());
     return bare;
@@ -184,7 +189,18 @@ std::array<int, 3> coordinatesByName(DataSet const& dataSet)
 
 int timeByName(DataSet const& dataSet)
 {
-    return dataSet.variableNumber(variableNamed(dataSet, {"t", "time", "solutiontime", "timevalue", "physicaltime"}));
+    return dataSet.variableNumber(variableNamed(dataSet, {"time", "solutiontime", "timevalue", "physicaltime"}));
+}
+
+int timeByLetter(DataSet const& dataSet)
+{
+    for (auto const& variable : dataSet.variables()) {
+        bool const isSmall = withoutUnit(variable->name).find('T') == std::string::npos;
+        if (isSmall && bareName(variable->name) == "t") {
+            return dataSet.variableNumber(variable->id);
+        }
+    }
+    return 0;
 }
 
 bool isMereLine(std::array<double, 3> lengths)

@@ -24,8 +24,12 @@ void layOutIfFresh(Frame& frame);
 /// is 0 if only Z is missing.
 std::array<int, 3> coordinatesByName(DataSet const& dataSet);
 
-/// One-based number of the variable called t or time, with or without a unit; 0 if there is none.
+/// One-based number of the variable called time in either case, with or without a unit; 0 if there is none.
 int timeByName(DataSet const& dataSet);
+
+/// One-based number of the variable called t, with or without a unit; 0 if there is none. A large T is a temperature, and a small
+/// one may be.
+int timeByLetter(DataSet const& dataSet);
 
 /// Whether data with these extents along the axes would look like a line in a picture to scale: the longest extent is more than
 /// 500 times the second longest. False for data that really are a line: the second longest is less than 1e-12 of the longest.

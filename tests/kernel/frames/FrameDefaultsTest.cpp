@@ -48,7 +48,9 @@ TEST(FrameDefaults, TellWhichVariablesArePlacesAndTimes)
     EXPECT_EQ(coordinatesByName(*sample::ordered({"Points:0", "Points:1", "Points:2"}, 3)), (Numbers{1, 2, 3}));
     EXPECT_EQ(coordinatesByName(*sample::ordered({"x", "z", "p"}, 3)), (Numbers{0, 0, 0}));
     EXPECT_EQ(timeByName(*sample::ordered({"x", "Time (s)"}, 3)), 2);
-    EXPECT_EQ(timeByName(*sample::ordered({"times", "temperature"}, 3)), 0);
+    EXPECT_EQ(timeByName(*sample::ordered({"times", "temperature", "t"}, 3)), 0);
+    EXPECT_EQ(timeByLetter(*sample::ordered({"T", "time", "t [s]"}, 3)), 3);
+    EXPECT_EQ(timeByLetter(*sample::ordered({"x", "T (K)", "tt"}, 3)), 0);
 }
 
 TEST(FrameDefaults, FindTheVectorByName)

@@ -39,8 +39,6 @@ bool hasScatteredRows(ImportedZone const& table)
     for (ImportedZone::NamedField const& field : table.fields)
         columns.addVariable(std::make_shared<kernel::Variable>(field.name));
     std::int64_t const rows = table.zone->i;
-    if (isInOrderOf(Column(table, kernel::timeByName(columns)), rows))
-        return false;
     auto const [x, y, z] = kernel::coordinatesByName(columns);
     Column const ofX(table, x);
     Column const ofY(table, y);
@@ -48,7 +46,9 @@ bool hasScatteredRows(ImportedZone const& table)
     kernel::PointSequence points;
     for (std::int64_t row = 0; row < rows; ++row)
         points.add({ofX(row), ofY(row), ofZ(row)});
-    return points.arePlaces();
+    bool const isSeries = isInOrderOf(Column(table, kernel::timeByName(columns)), rows) ||
+                          (!points.varyInSpace() && isInOrderOf(Column(table, kernel::timeByLetter(columns)), rows));
+    return !isSeries && points.arePlaces();
 }
 
 } // namespace

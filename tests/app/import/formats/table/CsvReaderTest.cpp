@@ -64,6 +64,10 @@ TEST(CsvImport, TellsPointsInAPlaneOrInSpaceFromCurves)
     EXPECT_FALSE(isScattered("x,y\n0,5\n1,-5\n1,5\n2,1\n3,0\n")) << "a step does not end a curve";
     EXPECT_FALSE(isScattered("x,y,p\n1,0,1\n3,0,2\n2,0,3\n")) << "along one axis";
     EXPECT_FALSE(isScattered("time [s],x,y\n0,5,0\n1,1,1\n2,2,-1\n")) << "a way in time";
+    EXPECT_FALSE(isScattered("t (s),x,y\n0,5,0\n1,1,1\n2,2,-1\n")) << "a way in time";
+    EXPECT_TRUE(isScattered("T,x,y\n300,5,0\n301,1,1\n302,2,-1\n")) << "a temperature is no time";
+    EXPECT_TRUE(isScattered("X,Y,Z,T\n0,0,0,300\n1,2,1,310\n2,1,3,320\n3,5,2,330\n")) << "nor is it in space";
+    EXPECT_TRUE(isScattered("x,y,z,t\n0,0,0,300\n1,2,1,310\n2,1,3,320\n3,5,2,330\n")) << "however it is written";
     EXPECT_TRUE(isScattered("time,x,y\n7,5,0\n7,1,1\n7,2,-1\n")) << "one moment is no series";
     EXPECT_FALSE(isScattered("a,b\n1,0\n3,1\n2,0\n")) << "without an X and a Y nobody says that it is places";
     EXPECT_FALSE(isScattered("x,y\n1,2\n")) << "a single row";

@@ -21,7 +21,7 @@ std::vector<WritableFormat> const& writableFormats()
         {{"VTK XML, all zones", {"vtm"}}, writerOf<VtkXmlWriter>},
         {{"VTK XML, one ordered zone", {"vts"}}, writerOf<VtkXmlWriter>},
         {{"VTK XML, one finite-element zone", {"vtu"}}, writerOf<VtkXmlWriter>},
-        {{"VTK XML, one surface zone", {"vtp"}}, writerOf<VtkXmlWriter>},
+        {{"VTK XML, one zone of points, lines or faces", {"vtp"}}, writerOf<VtkXmlWriter>},
         {{"VTK XML, one uniform grid", {"vti"}}, writerOf<VtkXmlWriter>},
         {{"Comma-separated values", {"csv"}}, writerOf<TableWriter>},
         {{"Tab-separated values", {"tsv"}}, writerOf<TableWriter>},

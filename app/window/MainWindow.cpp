@@ -255,8 +255,8 @@ void MainWindow::showAbout()
         this, QStringLiteral("About Veldraw"),
         QStringLiteral("<h3>Veldraw " VELDRAW_VERSION "</h3>"
                        "<p>Opens simulation results, shows them, changes them and saves what comes out.</p>"
-                       "<p>Our own code is under the MIT licence. This program uses Qt, VTK and CGAL; "
-                       "because of the latter it is given on under the GPL 3 or later.</p>"));
+                       "<p>Our own code is under the MIT licence. This program uses Qt, VTK, Eigen and CGAL; "
+                       "because of the last it is given on under the GPL 3 or later.</p>"));
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)

@@ -7,8 +7,8 @@
 
 namespace veldraw::app {
 
-/// Files that appear all together or not at all: they are written beside their targets under other names and renamed by
-/// commit(). What was not committed is removed again.
+/// Files that appear once all of them are complete: they are written beside their targets under other names and renamed by
+/// commit(), one after the other. What was not committed is removed again.
 class AtomicFiles
 {
 public:

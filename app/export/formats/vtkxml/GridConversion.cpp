@@ -159,7 +159,7 @@ vtkSmartPointer<vtkDataSet> asPolyData(vtkDataSet& grid, kernel::Zone const& zon
 {
     if (!fitsPolyData(zone))
         throw ExportError(zone.isOrdered() ? "an ordered zone is no surface mesh; .vts takes it"
-                                           : "its cells are not all lines or all faces; .vtu takes it");
+                                           : "its cells are not lines, faces, or lines before faces; .vtu takes it");
     vtkNew<vtkPolyData> surface;
     surface->SetPoints(vtkPointSet::SafeDownCast(&grid)->GetPoints());
     setCells(*surface, grid, zone);

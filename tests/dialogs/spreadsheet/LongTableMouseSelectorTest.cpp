@@ -140,7 +140,8 @@ TEST_F(LongTableByMouse, CopiesPiecesWhereverTheyWerePicked)
     click(1000000, 2, Qt::ControlModifier);
     EXPECT_EQ(copied(), "999998,0\t\t\n\t999999,1\t\n\t\t1000000,2");
     click(999999, 1, Qt::ControlModifier);
-    EXPECT_EQ(copied(), "999998,0\t\t\n\t\t\n\t\t1000000,2") << "picked once more it is left out";
+    EXPECT_EQ(copied(), "999998,0\t\n\t1000000,2")
+        << "picked once more it is left out, and so are the row and the column that nothing else is picked of";
 }
 
 TEST_F(LongTableByMouse, KeepsPiecesOutOfTheWindowWhileOthersArePicked)
@@ -150,8 +151,7 @@ TEST_F(LongTableByMouse, KeepsPiecesOutOfTheWindowWhileOthersArePicked)
     scrollTo(1000000000);
     click(1000000001, 1, Qt::ControlModifier);
     EXPECT_EQ(selected(), "2 pieces");
-    EXPECT_EQ(copied(), "nothing") << "too much lies between them";
-    EXPECT_EQ(messages.take().size(), 1u);
+    EXPECT_EQ(copied(), "300000,0\t\n\t1000000001,1") << "what lies between them is not selected";
     click(1000000001, 1);
     EXPECT_EQ(selected(), "1000000001,1 - 1000000001,1") << "without Control the selection begins anew";
 }

@@ -2,6 +2,7 @@
 
 #include <QDialog>
 #include <QDialogButtonBox>
+#include <QItemSelectionModel>
 #include <QPushButton>
 #include <QWheelEvent>
 
@@ -214,6 +215,40 @@ TEST_F(LongTable, RefusesToCopyMoreThanTheMemoryHolds)
     EXPECT_EQ(copied(), "nothing");
     EXPECT_THAT(messages.take(),
                 ElementsAre("error: Too many cells are selected: no more than 1000000 can be copied."));
+}
+
+TEST_F(LongTable, CopiesPiecesThatOverlapOnce)
+{
+    auto const select = [this](int top, int left, int bottom, int right) {
+        view.selectionModel()->select(QItemSelection(adapter.index(top, left), adapter.index(bottom, right)),
+                                      QItemSelectionModel::Select);
+    };
+    select(4, 0, 6, 0);
+    select(6, 0, 8, 1);
+    select(5, 2, 5, 2);
+    settle();
+    EXPECT_EQ(copied(), "4,0\t\t\n5,0\t\t5,2\n6,0\t6,1\t\n7,0\t7,1\t\n8,0\t8,1\t");
+}
+
+/// Of 600,000 rows and columns.
+class VastTable : public LongTable
+{
+protected:
+    VastTable()
+        : LongTable(600000, 600000)
+    {
+    }
+};
+
+TEST_F(VastTable, TellsFewCellsInTooManyRowsAndColumnsFromTooManyCells)
+{
+    QItemSelection cross(adapter.index(0, 0), adapter.index(0, 5999));
+    cross.merge(QItemSelection(adapter.index(1, 0), adapter.index(5999, 0)), QItemSelectionModel::Select);
+    view.selectionModel()->select(cross, QItemSelectionModel::Select);
+    settle();
+    EXPECT_EQ(copied(), "nothing");
+    EXPECT_THAT(messages.take(),
+                ElementsAre("error: The selected cells are in too many rows and columns to be copied at once."));
 }
 
 TEST_F(LongTable, GoesToARowByItsNumber)

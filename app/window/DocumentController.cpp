@@ -177,7 +177,6 @@ bool DocumentController::addToPage(std::vector<Opened> const& opened)
 {
     sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
     sdk::WaitState const busy;
-    bool const wasClean = m_session.history().isClean();
     std::vector<std::shared_ptr<kernel::Frame>> frames;
     QStringList paths;
     for (Opened const& file : opened) {
@@ -189,8 +188,6 @@ bool DocumentController::addToPage(std::vector<Opened> const& opened)
                                                QString::fromStdString(m_session.lastError())));
         return false;
     }
-    if (wasClean)
-        m_session.history().setClean();
     return true;
 }
 
@@ -252,16 +249,13 @@ DocumentController::Outcome DocumentController::writeTo(QString const& path)
         tellError(QString::fromStdString(error.what()));
         return Outcome::Refused;
     }
-    noteSaved();
+    m_session.history().setClean(dataSet->id());
     keepFolder(path);
     m_files[dataSet->id()] = path;
     m_recentFiles.add(path);
     Q_EMIT recentFilesChanged();
     Q_EMIT fileChanged();
-    Q_EMIT told(
-        m_session.history().isClean()
-            ? QStringLiteral("Saved %1").arg(QFileInfo(path).fileName())
-            : QStringLiteral("Saved %1. Other frames still have unsaved data.").arg(QFileInfo(path).fileName()));
+    Q_EMIT told(QStringLiteral("Saved %1%2").arg(QFileInfo(path).fileName(), whatIsUnsaved()));
     return Outcome::Saved;
 }
 
@@ -280,17 +274,15 @@ std::vector<std::string> DocumentController::write(kernel::DataSet& dataSet, QSt
     return remarks;
 }
 
-// Nothing is unsaved any more once each data set has been saved since the last change.
-void DocumentController::noteSaved()
+// What is told after the name of a file that has been saved.
+QString DocumentController::whatIsUnsaved() const
 {
-    m_savedDataSets.insert(m_session.activeDataSet()->id());
+    kernel::History const& history = m_session.history();
     for (auto const& page : m_session.pages().all())
         for (auto const& frame : page->frames)
-            if (frame->dataSet && m_savedDataSets.count(frame->dataSet->id()) == 0)
-                return;
-    auto const saved = m_savedDataSets;
-    m_session.history().setClean();
-    m_savedDataSets = saved;
+            if (frame->dataSet && !history.isClean(frame->dataSet->id()))
+                return QStringLiteral(". Other frames still have unsaved data.");
+    return history.isClean() ? QString() : QStringLiteral(". A frame that was deleted has unsaved data.");
 }
 
 QString DocumentController::fileOf(kernel::DataSet const& dataSet) const

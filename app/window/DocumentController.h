@@ -9,7 +9,6 @@
 
 #include <functional>
 #include <map>
-#include <set>
 
 class QWidget;
 
@@ -57,9 +56,6 @@ public:
     /// Asks what to do about unsaved changes, if there are any. @return false when the user wants to go on with them
     bool mayCloseData();
 
-    /// The history has changed, so what was saved before may be out of date.
-    void noteChange() { m_savedDataSets.clear(); }
-
     /// The file that a data set was opened from or saved to last, empty if there is none.
     QString fileOf(kernel::DataSet const& dataSet) const;
 
@@ -95,7 +91,7 @@ private:
 
     Outcome writeTo(QString const& path);
     std::vector<std::string> write(kernel::DataSet& dataSet, QString const& path);
-    void noteSaved();
+    QString whatIsUnsaved() const;
     bool isLocked();
     QString lastFolder() const;
     void keepFolder(QString const& path);
@@ -104,7 +100,6 @@ private:
     QWidget& m_window;
     FileReader m_reader;
     RecentFiles m_recentFiles;
-    std::set<kernel::UniqueId> m_savedDataSets;  // since the last change
     std::map<kernel::UniqueId, QString> m_files; // of data sets
 };
 

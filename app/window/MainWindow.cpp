@@ -97,7 +97,6 @@ void MainWindow::connectParts()
     // the command ends.
     m_connections.add(host::MessagePresenter::connectAboutToPresent(&SessionFollower::catchUp));
     m_session.history().setListener([this] {
-        m_documents->noteChange();
         m_undo.scheduleRefresh();
         m_follower.schedule();
     });

@@ -42,6 +42,9 @@ public:
     /// The data set that must not be locked for the operation; null when a lock does not matter, as for a new name.
     virtual DataSet const* lockable() const { return nullptr; }
 
+    /// The data set that differs from its file when the step is done; null where nothing changes that a file holds, as in plots.
+    virtual DataSet const* altered() const { return lockable(); }
+
     /// Why the operation cannot be carried out, as a sentence for a message box; empty when it can. @throws std::bad_alloc
     virtual std::string reasonAgainst() const { return {}; }
 

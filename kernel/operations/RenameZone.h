@@ -21,6 +21,7 @@ public:
 
     std::string name() const override { return "Rename Zone"; }
     DataSet const* lockable() const override { return nullptr; }
+    DataSet const* altered() const override { return dataSet().get(); }
     std::string reasonAgainst() const override;
     std::shared_ptr<Change> makeChange(EventHub& events) override;
 
@@ -43,6 +44,7 @@ public:
 
     std::string name() const override { return "Rename Variable"; }
     DataSet const* lockable() const override { return nullptr; }
+    DataSet const* altered() const override { return dataSet().get(); }
     std::string reasonAgainst() const override;
     std::shared_ptr<Change> makeChange(EventHub& events) override;
 

@@ -72,7 +72,8 @@ void Session::performLong(Operation& operation)
 void Session::addStep(Operation const& operation, std::shared_ptr<Change> const& change)
 {
     if (change) {
-        m_history.perform(operation.name(), change);
+        DataSet const* const altered = operation.altered();
+        m_history.perform(operation.name(), change, altered != nullptr ? altered->id() : 0);
     }
 }
 

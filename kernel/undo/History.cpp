@@ -37,10 +37,16 @@ History::History(std::int64_t memoryLimit)
 {
 }
 
-void History::perform(std::string name, std::shared_ptr<Change> const& change)
+void History::perform(std::string name, std::shared_ptr<Change> const& change, UniqueId altered)
 {
     Steps added;
-    added.push_back({std::move(name), change, {}});
+    added.push_back({std::move(name), change, {}, ++m_lastNumber, {}});
+    if (altered != 0) {
+        m_states[altered];
+        Step& step = m_groupDepth > 0 ? m_open.front() : added.front();
+        step.dataSets.insert(altered);
+        step.number = m_lastNumber;
+    }
     m_addedWhileRunning = m_isRunning;
     if (m_groupDepth > 0) {
         m_group->parts.splice(m_group->parts.end(), added);
@@ -57,7 +63,6 @@ void History::add(Steps& step)
 {
     forgetUndone();
     m_done.splice(m_done.end(), step);
-    ++m_position;
 }
 
 /// Counts the step of a change that has just happened. Listeners may have added others since, or cleared all.
@@ -86,7 +91,7 @@ void History::beginGroup(std::string name)
 {
     if (m_groupDepth == 0) {
         auto group = std::make_shared<Group>();
-        m_open.push_back({std::move(name), group, {}});
+        m_open.push_back({std::move(name), group, {}, 0, {}});
         m_group = std::move(group);
     }
     ++m_groupDepth;
@@ -124,7 +129,6 @@ bool History::undo()
     }
     Steps running;
     running.splice(running.end(), m_done, std::prev(m_done.end()));
-    --m_position;
     run(running.front(), &Change::revert);
     if (m_addedWhileRunning || m_clearedWhileRunning) {
         drop(running, running.begin()); // redoing it is impossible after the steps that a listener added
@@ -143,10 +147,9 @@ bool History::redo()
     auto const stepsBefore = static_cast<std::ptrdiff_t>(m_done.size());
     Steps running;
     running.splice(running.end(), m_undone, m_undone.begin());
-    ++m_position;
     run(running.front(), &Change::apply);
     if (m_clearedWhileRunning) {
-        drop(running, running.begin());
+        dropDone(running, running.begin());
     } else {
         m_done.splice(std::next(m_done.begin(), stepsBefore), running); // before what a listener added
     }
@@ -167,28 +170,55 @@ void History::run(Step& step, void (Change::*way)())
 
 void History::clear()
 {
-    bool const wasClean = isClean();
     m_clearedWhileRunning = m_isRunning;
     while (!m_done.empty()) {
-        drop(m_done, m_done.begin());
+        dropDone(m_done, m_done.begin());
     }
     forgetUndone();
     if (m_group) {
+        keepStatesOf(m_open.front());
+        m_open.front().dataSets.clear();
         m_group->parts.clear();
     }
-    m_cleanPosition = wasClean ? m_position : -1;
     changed();
+}
+
+void History::setClean(UniqueId dataSet)
+{
+    auto const states = m_states.find(dataSet);
+    if (states != m_states.end()) {
+        states->second.saved = stateOf(dataSet);
+        changed();
+    }
+}
+
+bool History::isClean(UniqueId dataSet) const
+{
+    auto const states = m_states.find(dataSet);
+    return states == m_states.end() || states->second.saved == stateOf(dataSet);
 }
 
 void History::setClean()
 {
-    m_cleanPosition = m_position;
+    for (auto& [dataSet, states] : m_states) {
+        states.saved = stateOf(dataSet);
+    }
     changed();
 }
 
 bool History::isClean() const
 {
-    return m_position == m_cleanPosition && (!m_group || m_group->parts.empty());
+    return std::all_of(m_states.begin(), m_states.end(), [this](auto const& entry) { return isClean(entry.first); });
+}
+
+std::int64_t History::stateOf(UniqueId dataSet) const
+{
+    auto const changes = [dataSet](Step const& step) { return step.dataSets.count(dataSet) != 0; };
+    if (std::any_of(m_open.begin(), m_open.end(), changes)) {
+        return m_open.front().number;
+    }
+    auto const newest = std::find_if(m_done.rbegin(), m_done.rend(), changes);
+    return newest != m_done.rend() ? newest->number : m_states.at(dataSet).dropped;
 }
 
 void History::setMemoryLimit(std::int64_t bytes)
@@ -200,9 +230,6 @@ void History::setMemoryLimit(std::int64_t bytes)
 
 void History::forgetUndone()
 {
-    if (m_cleanPosition > m_position) {
-        m_cleanPosition = -1;
-    }
     while (!m_undone.empty()) {
         drop(m_undone, m_undone.begin());
     }
@@ -214,10 +241,24 @@ void History::trim()
         return; // the running step may be among them; it is done when the step has ended
     }
     while (bytes() > m_memoryLimit && !m_done.empty()) {
-        drop(m_done, m_done.begin());
+        dropDone(m_done, m_done.begin());
     }
     while (bytes() > m_memoryLimit && !m_undone.empty()) {
         drop(m_undone, std::prev(m_undone.end()));
+    }
+}
+
+/// Drops a step whose change stays.
+void History::dropDone(Steps& steps, Steps::iterator step)
+{
+    keepStatesOf(*step);
+    drop(steps, step);
+}
+
+void History::keepStatesOf(Step const& step)
+{
+    for (UniqueId const dataSet : step.dataSets) {
+        m_states.at(dataSet).dropped = step.number;
     }
 }
 

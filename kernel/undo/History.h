@@ -1,10 +1,13 @@
 #pragma once
 
+#include "kernel/base/Identifier.h"
 #include "kernel/undo/Change.h"
 
 #include <functional>
 #include <list>
+#include <map>
 #include <memory>
+#include <set>
 #include <string>
 
 namespace veldraw::kernel {
@@ -21,15 +24,16 @@ class History
 {
 public:
     /// Memory that is counted for each step beyond Change::held(): its list entry, the change object and short lists.
-    static constexpr std::int64_t bytesOfStep = 768;
+    static constexpr std::int64_t bytesOfStep = 896;
 
     explicit History(std::int64_t memoryLimit);
 
     /// Adds @p change as the newest step, drops the steps that could be redone, and applies the change. Within a group the
     /// change becomes a part of the group's step.
     /// @param name what the user sees, for instance "Delete Variable"
+    /// @param altered the data set that differs from its file by the change; 0 when nothing changes that a file holds
     /// @throws std::bad_alloc before anything has changed
-    void perform(std::string name, std::shared_ptr<Change> const& change);
+    void perform(std::string name, std::shared_ptr<Change> const& change, UniqueId altered = 0);
 
     /// Steps between the outermost begin and end become one step called @p name; groups nest, the outermost names it.
     void beginGroup(std::string name);
@@ -47,7 +51,12 @@ public:
     /// Drops all steps, also those of an open group; the group stays open.
     void clear();
 
-    /// Marks the present state as saved. isClean() is true in this state, also when undo or redo comes back to it.
+    /// Marks the present state of a data set as saved. isClean() is true in this state, also when undo or redo comes back to it. A
+    /// data set that no step has changed is clean.
+    void setClean(UniqueId dataSet);
+    bool isClean(UniqueId dataSet) const;
+
+    /// The same for all data sets.
     void setClean();
     bool isClean() const;
 
@@ -68,6 +77,15 @@ private:
         std::string name;
         std::shared_ptr<Change> change;
         HeldMemory held;
+        std::int64_t number = 0;     // of no other step
+        std::set<UniqueId> dataSets; // that differ from their files by it
+    };
+
+    // The state of a data set is the number of the newest step that has changed it.
+    struct States
+    {
+        std::int64_t saved = 0;
+        std::int64_t dropped = 0; // when all its steps that are left are undone
     };
     using Steps = std::list<Step>; // steps move between the lists without memory being asked for
 
@@ -81,6 +99,9 @@ private:
     void trim();
     void changed();
     void drop(Steps& steps, Steps::iterator step);
+    void dropDone(Steps& steps, Steps::iterator step);
+    void keepStatesOf(Step const& step);
+    std::int64_t stateOf(UniqueId dataSet) const;
 
     Steps m_done;   // oldest first
     Steps m_undone; // the one to be done again next first
@@ -92,8 +113,8 @@ private:
     bool m_clearedWhileRunning = false;
     HeldMemory m_held;
     std::int64_t m_memoryLimit;
-    std::int64_t m_position = 0;      // counts steps; grows and shrinks with do and undo
-    std::int64_t m_cleanPosition = 0; // -1: the clean state cannot be reached any more
+    std::int64_t m_lastNumber = 0;
+    std::map<UniqueId, States> m_states; // of data sets that steps have changed
     std::function<void()> m_listener;
 };
 

@@ -1,6 +1,9 @@
 #include "app/import/Importer.h"
 #include "app/window/ProgressWindow.h"
+#include "kernel/operations/AddFrame.h"
+#include "kernel/operations/EnableZone.h"
 #include "kernel/operations/RenameZone.h"
+#include "kernel/operations/SetPlotType.h"
 #include "tests/app/support/FullDisk.h"
 #include "tests/app/support/WindowTest.h"
 
@@ -27,6 +30,8 @@ class SaveTest : public WindowTest
 {
 protected:
     SaveTest() { openFrames({{"series", makeSeries()}}); }
+
+    std::string status() { return window->statusBar()->currentMessage().toStdString(); }
 
     void typeInDialog(QString const& name)
     {
@@ -186,16 +191,67 @@ TEST_F(SaveTest, ALongOneCanBeCancelledAndLeavesTheOldFileWhole)
     EXPECT_EQ("old", old.readAll());
 }
 
-TEST_F(SaveTest, EveryDataSetOnThePageHasToBeSaved)
+TEST_F(SaveTest, EveryDataSetThatWasChangedHasToBeSaved)
+{
+    openFrames({{"a", makeSeries()}, {"b", makeSeries()}});
+    showWindow();
+    auto const frames = session.activePage()->frames;
+    for (auto const& frame : frames)
+        session.perform(kernel::RenameVariable(*frame->dataSet, 2, "height"));
+    EXPECT_TRUE(window->documents().save(folder.filePath(QStringLiteral("a.csv"))));
+    EXPECT_EQ("Saved a.csv. Other frames still have unsaved data.", status());
+    EXPECT_FALSE(session.history().isClean());
+    session.activateFrame(frames[1]->id);
+    EXPECT_TRUE(window->documents().save(folder.filePath(QStringLiteral("b.csv"))));
+    EXPECT_EQ("Saved b.csv", status());
+    EXPECT_TRUE(session.history().isClean());
+}
+
+TEST_F(SaveTest, ADataSetThatNobodyTouchedIsNothingToSave)
 {
     openFrames({{"a", makeSeries()}, {"b", makeSeries()}});
     showWindow();
     session.perform(kernel::RenameVariable(*session.activeDataSet(), 2, "height"));
     EXPECT_TRUE(window->documents().save(folder.filePath(QStringLiteral("a.csv"))));
-    EXPECT_FALSE(session.history().isClean());
-    session.activateFrame(session.activePage()->frames[1]->id);
+    EXPECT_EQ("Saved a.csv", status());
+    settle();
+    ASSERT_FALSE(window->isWindowModified());
+    EXPECT_TRUE(window->close()) << "without a question";
+}
+
+TEST_F(SaveTest, OneThatWasSavedStaysSavedWhileOthersChange)
+{
+    openFrames({{"a", makeSeries()}, {"b", makeSeries()}});
+    showWindow();
+    auto const frames = session.activePage()->frames;
+    session.perform(kernel::RenameVariable(*frames[0]->dataSet, 2, "height"));
+    EXPECT_TRUE(window->documents().save(folder.filePath(QStringLiteral("a.csv"))));
+    session.perform(kernel::RenameVariable(*frames[1]->dataSet, 2, "width"));
+    session.activateFrame(frames[1]->id);
     EXPECT_TRUE(window->documents().save(folder.filePath(QStringLiteral("b.csv"))));
+    EXPECT_EQ("Saved b.csv", status()) << "the first need not be saved again";
+}
+
+TEST_F(SaveTest, ChangesOfADeletedFrameAreTold)
+{
+    openFrames({{"a", makeSeries()}, {"b", makeSeries()}});
+    showWindow();
+    auto const first = session.activePage()->frames[0];
+    session.perform(kernel::RenameVariable(*first->dataSet, 2, "height"));
+    ASSERT_TRUE(session.perform(kernel::DeleteFrame(first->id)));
+    EXPECT_TRUE(window->documents().save(folder.filePath(QStringLiteral("b.csv"))));
+    EXPECT_EQ("Saved b.csv. A frame that was deleted has unsaved data.", status());
+    EXPECT_FALSE(session.history().isClean());
+}
+
+TEST_F(SaveTest, WhatNoFileHoldsIsNothingToSave)
+{
+    showWindow();
+    ASSERT_TRUE(session.perform(kernel::SetPlotType(session.activeFrame()->id, PlotType_Cartesian2D)));
+    ASSERT_TRUE(session.perform(kernel::EnableVariable(*session.activeDataSet(), 2, false)));
     EXPECT_TRUE(session.history().isClean());
+    ASSERT_TRUE(session.perform(kernel::RenameZone(*session.activeDataSet(), 1, "probe 2")));
+    EXPECT_FALSE(session.history().isClean()) << "files hold the names of zones";
 }
 
 TEST_F(SaveTest, AnUnknownExtensionIsToldAndNothingIsClean)

@@ -78,7 +78,7 @@ class HistoryOfText : public testing::Test
 protected:
     void perform(char letter, std::int64_t units = 0)
     {
-        history.perform(std::string(1, letter), std::make_shared<Letter>(text, letter, units));
+        history.perform(std::string(1, letter), std::make_shared<Letter>(text, letter, units), dataSet);
     }
 
     void performScript(char const* name, Script::Action applied, Script::Action reverted, std::int64_t unitsApplied = 0,
@@ -90,6 +90,8 @@ protected:
 
     std::int64_t units() const { return history.valueBytes() / unit; }
 
+    static constexpr UniqueId dataSet = 7;
+    static constexpr UniqueId otherDataSet = 8;
     std::string text;
     History history{100 * unit + unit / 2};
 };
@@ -222,6 +224,79 @@ TEST_F(HistoryOfText, IsCleanExactlyWhereItWasSaved)
     EXPECT_FALSE(history.isClean());
     history.redo();
     EXPECT_TRUE(history.isClean());
+}
+
+TEST_F(HistoryOfText, IsCleanForEachDataSetByItself)
+{
+    auto const change = [this](UniqueId id) { history.perform("x", std::make_shared<Letter>(text, 'x', 0), id); };
+    change(dataSet);
+    EXPECT_FALSE(history.isClean(dataSet));
+    EXPECT_TRUE(history.isClean(otherDataSet)) << "no step has changed it";
+    history.setClean(dataSet);
+    EXPECT_TRUE(history.isClean());
+    change(otherDataSet);
+    change(dataSet);
+    history.setClean(otherDataSet);
+    EXPECT_TRUE(history.isClean(otherDataSet));
+    EXPECT_FALSE(history.isClean(dataSet));
+    EXPECT_FALSE(history.isClean());
+    history.undo();
+    EXPECT_TRUE(history.isClean()) << "each is as it was saved";
+    history.undo();
+    EXPECT_FALSE(history.isClean(otherDataSet));
+    EXPECT_TRUE(history.isClean(dataSet));
+}
+
+TEST_F(HistoryOfText, IsCleanAfterStepsThatChangeNothingThatIsSaved)
+{
+    performScript("plot", nothing, nothing);
+    EXPECT_TRUE(history.isClean());
+    perform('a');
+    history.setClean();
+    history.undo();
+    history.undo();
+    history.redo();
+    history.redo();
+    EXPECT_TRUE(history.isClean());
+}
+
+TEST_F(HistoryOfText, KnowsWhatWasSavedWhenItsStepHasBeenDropped)
+{
+    perform('a', 60);
+    history.setClean(dataSet);
+    performScript("large", nothing, nothing, 60);
+    EXPECT_EQ(history.undoName(), "large");
+    EXPECT_TRUE(history.isClean());
+    perform('b', 10);
+    EXPECT_FALSE(history.isClean());
+    history.undo();
+    EXPECT_TRUE(history.isClean());
+}
+
+TEST_F(HistoryOfText, IsNotCleanAfterAGroupWhoseStepsWereForgottenMeanwhile)
+{
+    history.beginGroup("group");
+    perform('a');
+    history.clear();
+    EXPECT_FALSE(history.isClean());
+    history.endGroup();
+    EXPECT_FALSE(history.isClean()) << "the letter is still there";
+}
+
+TEST_F(HistoryOfText, IsNotCleanWhenAStepThatIsDoneAgainClearsAll)
+{
+    bool clears = false;
+    auto const clear = [&] {
+        if (clears)
+            history.clear();
+    };
+    history.perform("clear", std::make_shared<Script>(clear, nothing), dataSet);
+    history.undo();
+    EXPECT_TRUE(history.isClean());
+    clears = true;
+    history.redo();
+    EXPECT_FALSE(history.canUndo());
+    EXPECT_FALSE(history.isClean());
 }
 
 TEST_F(HistoryOfText, IsNeverCleanAgainOnceTheSavedStateIsForgotten)

@@ -231,13 +231,14 @@ TEST_P(DialogLifecycleTest, MayBeDestroyedByIdleWorkThatRunsBeforeItsOwn)
     EXPECT_EQ(IdleDispatcher::pendingCount(), 0);
 }
 
-TEST_P(DialogLifecycleTest, MayBeDestroyedInsideAChangeOfTheListThatItShows)
+TEST_P(DialogLifecycleTest, MayBeDestroyedInsideAChangeOfAListThatItShows)
 {
     launched();
     QPointer<QDialog> const doomed = &dialog();
     // Runs inside the kernel's event, when the list has changed and before the dialog's idle work.
-    QObject::connect(&boundModel(traits.list), &QAbstractItemModel::modelReset, mainWindow.get(),
-                     [&doomed] { doomed->deleteLater(); });
+    for (std::string const& name : boundInOrder())
+        QObject::connect(&boundModel(name), &QAbstractItemModel::modelReset, mainWindow.get(),
+                         [&doomed] { doomed->deleteLater(); });
     changeTheDataSet();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(doomed.isNull());

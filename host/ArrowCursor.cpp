@@ -1,14 +1,12 @@
 #include "host/ArrowCursor.h"
 
-#include "platform/vdsdkcommon/WaitState.h"
-
 #include <QCursor>
 #include <QGuiApplication>
 
 namespace veldraw::host {
 
 ArrowCursor::ArrowCursor()
-    : m_isPushed(sdk::WaitState::depth() > 0 && qobject_cast<QGuiApplication*>(QCoreApplication::instance()))
+    : m_isPushed(qobject_cast<QGuiApplication*>(QCoreApplication::instance()) && QGuiApplication::overrideCursor())
 {
     if (m_isPushed)
         QGuiApplication::setOverrideCursor(Qt::ArrowCursor);

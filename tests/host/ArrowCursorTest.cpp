@@ -23,6 +23,17 @@ TEST(ArrowCursor, TakesThePlaceOfTheBusyCursorForItsScope)
     EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
 }
 
+TEST(ArrowCursor, TakesThePlaceOfABusyCursorThatSomebodyElseShows)
+{
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    {
+        ArrowCursor const arrow;
+        EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::ArrowCursor);
+    }
+    EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    QApplication::restoreOverrideCursor();
+}
+
 TEST(ArrowCursor, LeavesTheCursorsOfTheWidgetsAloneWhenNothingIsBusy)
 {
     ArrowCursor const arrow;

@@ -22,7 +22,7 @@ using PlanePlace = std::array<double, 2>;
 ///     triangulation.joinLines(firstNewNumber);
 ///     triangulation.cutOutside();
 ///     triangulation.removeSlivers(0.25);
-///     triangulation.writeTriangles(corners);
+///     triangulation.writeTriangles(corners, progress);
 ///
 /// Points have numbers, which the caller chooses. Nothing depends on the number of threads: one does the work.
 class PlaneTriangulation

@@ -1,10 +1,13 @@
 #include "kernel/mesh/PointMeans.h"
 
+#include "kernel/base/Parallel.h"
 #include "kernel/base/ZeroedArray.h"
 #include "kernel/compute/ValueBlock.h"
 #include "kernel/data/Zone.h"
 
+#include <cmath>
 #include <limits>
+#include <utility>
 
 namespace veldraw::kernel {
 
@@ -54,6 +57,8 @@ std::shared_ptr<Buffer const> meansAtPoints(ZoneType_e type, ZoneDimensions cons
     std::int64_t const points = Zone({}, type, dimensions.i, dimensions.j, dimensions.k).pointCount();
     ZeroedArray<double> sums(static_cast<std::size_t>(points));
     ZeroedArray<std::uint32_t> counts(static_cast<std::size_t>(points));
+    ZeroedArray<std::int64_t> lastCells(
+        static_cast<std::size_t>(points)); // one more than the slot of the last cell that counted
     auto const hidden = dimensions.blanking ? dimensions.blanking->hidden(ValueLocation_CellCentered) : nullptr;
     auto const add = [&](std::int64_t slot, std::int64_t const* corners, std::size_t count) {
         if (slot % blockSize == 0) {
@@ -63,9 +68,15 @@ std::shared_ptr<Buffer const> meansAtPoints(ZoneType_e type, ZoneDimensions cons
             return;
         }
         double const value = values.value(slot);
+        if (!std::isfinite(value)) {
+            return;
+        }
         for (std::size_t at = 0; at < count; ++at) {
-            sums[static_cast<std::size_t>(corners[at])] += value;
-            ++counts[static_cast<std::size_t>(corners[at])];
+            auto const point = static_cast<std::size_t>(corners[at]);
+            if (std::exchange(lastCells[point], slot + 1) != slot + 1) { // a collapsed cell has a point several times
+                sums[point] += value;
+                ++counts[point];
+            }
         }
     };
     if (type == ZoneType_Ordered) {
@@ -74,11 +85,14 @@ std::shared_ptr<Buffer const> meansAtPoints(ZoneType_e type, ZoneDimensions cons
         forListedCells(*dimensions.connectivity, add);
     }
     std::shared_ptr<Buffer> const result = Buffer::allocate(computedType(values.type()), points);
-    for (std::int64_t point = 0; point < points; ++point) {
-        auto const at = static_cast<std::size_t>(point);
-        double const count = counts[at];
-        result->setValue(point, counts[at] > 0 ? sums[at] / count : std::numeric_limits<double>::quiet_NaN());
-    }
+    parallelFor(points, [&](std::int64_t first, std::int64_t last, std::int64_t) {
+        progress.check();
+        for (std::int64_t point = first; point < last; ++point) {
+            auto const at = static_cast<std::size_t>(point);
+            double const count = counts[at];
+            result->setValue(point, counts[at] > 0 ? sums[at] / count : std::numeric_limits<double>::quiet_NaN());
+        }
+    });
     return result;
 }
 

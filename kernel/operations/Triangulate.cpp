@@ -20,7 +20,9 @@ namespace veldraw::kernel {
 namespace {
 
 constexpr std::int64_t mostNumbers = std::numeric_limits<std::uint32_t>::max() / 2;
-constexpr double bytesOfPoint = 260; // with the new cells, without values
+constexpr double bytesOfPoint = 260;         // with the new cells, without values
+constexpr double farthestCoordinate = 1e150; // squares of differences are numbers
+constexpr std::size_t pointsBetweenChecks = 65536;
 
 class PlaceReader : public PointReader
 {
@@ -160,7 +162,8 @@ void Triangulate::compute(Progress& progress)
     collectZones();
     m_areMixed.assign(m_points.parts.size(), false);
     std::int64_t const points = m_points.firstCrossing();
-    requireMemory(bytesOfPoint * static_cast<double>(points));
+    double const bytesOfValues = sizeof(double) * static_cast<double>(dataSet().variableCount());
+    requireMemory((bytesOfPoint + bytesOfValues) * static_cast<double>(points));
     constexpr std::int64_t effort = 20; // of the triangles, beside that of a variable
     progress.setTotal(points * (effort + dataSet().variableCount()));
     std::optional<Progress> part;
@@ -219,16 +222,20 @@ void Triangulate::readZone(TriangulatedPoints::Part const& part, PlanePlace* pla
         progress.check();
         for (std::int64_t slot = first; slot < last; ++slot) {
             source.read(slot, places[slot].data());
-            bool const isPlace = std::isfinite(places[slot][0]) && std::isfinite(places[slot][1]);
+            bool const isPlace =
+                std::abs(places[slot][0]) <= farthestCoordinate && std::abs(places[slot][1]) <= farthestCoordinate;
             misplaced[static_cast<std::size_t>(chunk)] += isPlace || source.isHidden(slot) ? 0 : 1;
         }
     });
     std::int64_t const wrong = std::accumulate(misplaced.begin(), misplaced.end(), std::int64_t{0});
     if (wrong > 0) {
         throw std::runtime_error("The zone " + quoted(dataSet().zone(part.zone)->name) + " has " +
-                                 counted(wrong, "point") + " without finite coordinates.");
+                                 counted(wrong, "point") + " whose coordinates are not numbers up to 1e150.");
     }
     for (Number point = part.first; point < part.end; ++point) {
+        if (point % pointsBetweenChecks == 0) {
+            progress.check();
+        }
         bool const isHidden = source.isHidden(point - part.first);
         m_counts.hidden += isHidden ? 1 : 0;
         if (!isHidden) {
@@ -244,7 +251,11 @@ std::vector<Triangulate::Number> Triangulate::orderOfDifferent(PlanePlace const*
     sortInSpace(PlaceReader(places), points, progress);
     auto const areSame = [places](Number a, Number b) { return places[a] == places[b]; };
     auto end = points.begin();
+    std::size_t number = 0;
     for (auto at = points.begin(); at != points.end();) {
+        if (++number % pointsBetweenChecks == 0) {
+            progress.check();
+        }
         auto const next = std::find_if(at + 1, points.end(), [&](Number point) { return !areSame(point, *at); });
         *end++ = *std::min_element(at, next);
         at = next;
@@ -268,7 +279,10 @@ ZeroedArray<std::int64_t> Triangulate::makeTriangles(Progress& progress)
                 readZone(part, places.begin() + part.first, order, progress);
             }
         }
-        order = orderOfDifferent(places.begin(), std::move(order), progress);
+        {
+            Progress sorting(progress, progress.total() / 10);
+            order = orderOfDifferent(places.begin(), std::move(order), sorting);
+        }
         Progress inserting(progress, progress.total() * 8 / 10);
         if (!triangulation.insertPoints(places.begin(), order, inserting)) {
             throw std::runtime_error(order.size() < 3 ? "The source zones have fewer than three different points."
@@ -309,6 +323,8 @@ void Triangulate::addBoundaries(PlaneTriangulation& triangulation, Progress cons
         }
     }
     std::vector<bool> const areLoops = findLoops(lines);
+    m_counts.boundaries = static_cast<std::int64_t>(lines.size());
+    m_counts.closed = std::count(areLoops.begin(), areLoops.end(), true);
     for (std::size_t line = 0; line < lines.size(); ++line) {
         std::int64_t const known = triangulation.insertLine(lines[line], numbers[line], areLoops[line]);
         m_counts.duplicates += m_includeBoundaryPoints ? known : 0;
@@ -321,11 +337,16 @@ void Triangulate::addBoundaries(PlaneTriangulation& triangulation, Progress cons
 void Triangulate::numberPoints(ZeroedArray<std::int64_t>& corners, Progress const& progress)
 {
     ZeroedArray<Number> indices(m_points.firstCrossing() + m_points.crossings.size()); // one more than the index
-    for (std::int64_t const corner : corners) {
-        indices[static_cast<std::size_t>(corner)] = 1;
+    for (std::size_t at = 0; at < corners.size(); ++at) {
+        if (at % pointsBetweenChecks == 0) {
+            progress.check();
+        }
+        indices[static_cast<std::size_t>(corners[at])] = 1;
     }
-    progress.check();
     for (Number point = 0; point < indices.size(); ++point) {
+        if (point % pointsBetweenChecks == 0) {
+            progress.check();
+        }
         if (indices[point] > 0) {
             m_points.points.push_back(point);
             indices[point] = static_cast<Number>(m_points.points.size());
@@ -408,6 +429,11 @@ std::string Triangulate::report(double seconds) const
     };
     add(m_counts.duplicates, "point", "left out where another one is at the same place");
     add(m_counts.hidden, "hidden point", "left out");
+    if (m_counts.closed < m_counts.boundaries) {
+        text += m_counts.closed == 0 ? " No boundary is closed, so that nothing was cut away."
+                                     : " " + std::to_string(m_counts.closed) + " of " +
+                                           counted(m_counts.boundaries, "boundary line") + " are closed.";
+    }
     add(m_counts.cut, "triangle", "outside the boundary cut away");
     add(m_counts.slivers, "triangle", "at the rim removed by the keep factor " + textOf(m_keepFactor));
     auto const crossings = static_cast<std::int64_t>(m_points.crossings.size());

@@ -62,6 +62,8 @@ private:
         std::int64_t cut = 0;
         std::int64_t slivers = 0;
         std::int64_t different = 0; ///< points in the triangulation
+        std::int64_t boundaries = 0;
+        std::int64_t closed = 0; ///< of the boundaries
     };
 
     NumberSet allZones() const;

@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <gmock/gmock.h>
+#include <limits>
 
 namespace veldraw::tests {
 
@@ -62,6 +63,26 @@ TEST(PointMeans, AreThoseOfTheListedCellsAtEachPoint)
     for (std::size_t point = 0; point < sums.size(); ++point) {
         EXPECT_DOUBLE_EQ(found[point], sums[point] / counts[point]);
     }
+}
+
+TEST(PointMeans, CountACollapsedCellOnceAtEachPoint)
+{
+    sample::CellLists lists;
+    lists.points = {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {2, 0, 0}, {2, 1, 0}, {1, 2, 0}};
+    lists.add(Connectivity::Shape::Quad, {0, 1, 2, 2});
+    lists.add(Connectivity::Shape::Quad, {2, 3, 4, 5});
+    EXPECT_THAT(meansOf(*lists.zone(ZoneType_FEQuad), {10, 1}), ElementsAre(10, 10, 5.5, 1, 1, 1));
+}
+
+TEST(PointMeans, LeaveOutWhatIsNoNumber)
+{
+    Zone const line("line", ZoneType_Ordered, 4, 1, 1);
+    double const nan = std::numeric_limits<double>::quiet_NaN();
+    double const endless = std::numeric_limits<double>::infinity();
+    EXPECT_THAT(meansOf(line, {1, nan, 8, -99}), ElementsAre(1, 1, 8, 8));
+    std::vector<double> const found = meansOf(line, {nan, endless, 8, -99});
+    EXPECT_TRUE(std::isnan(found[0]) && std::isnan(found[1]));
+    EXPECT_EQ(found[2], 8);
 }
 
 TEST(PointMeans, LeaveHiddenCellsOutAndPointsWithoutACellWithoutANumber)

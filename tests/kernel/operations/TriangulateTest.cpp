@@ -5,8 +5,10 @@
 #include "tests/kernel/support/PlaneTriangles.h"
 #include "tests/kernel/support/SampleLoader.h"
 
+#include <mutex>
 #include <omp.h>
 #include <optional>
+#include <set>
 
 namespace veldraw::tests {
 
@@ -243,7 +245,52 @@ TEST_F(TriangulateTest, RefusesWhatMakesNoTriangles)
 TEST_F(TriangulateTest, RefusesCoordinatesThatAreNotFinite)
 {
     add({{0, 0}, {1, 0}, {std::nan(""), 1}, {1, 1}, {0, INFINITY}});
-    expectRefusal("The zone \"Z1\" has 2 points without finite coordinates.", {1});
+    expectRefusal("The zone \"Z1\" has 2 points whose coordinates are not numbers up to 1e150.", {1});
+}
+
+TEST_F(TriangulateTest, RefusesCoordinatesWhoseSquaresAreNoNumbers)
+{
+    add({{0, 0}, {1e151, 0}, {1, 1}});
+    expectRefusal("The zone \"Z1\" has 1 point whose coordinates are not numbers up to 1e150.", {1});
+}
+
+TEST_F(TriangulateTest, SaysHowManyBoundariesAreClosed)
+{
+    add({{0, 0}, {3, 0}, {3, 3}, {0, 3}, {1, 1}});
+    int const open = add({{0.5, 0.5}, {2, 0.5}, {2, 2}, {0.5, 0.5000000001}});
+    int const closed = add({{0.2, 0.2}, {2.5, 0.2}, {2.5, 2.5}, {0.2, 0.2}});
+    remarks.clear();
+    ASSERT_TRUE(session.perform(Triangulate(frame->id, {1}, {open}, false, 0.0)));
+    ASSERT_TRUE(session.perform(Triangulate(frame->id, {1}, {open, closed}, false, 0.0)));
+    ASSERT_TRUE(session.perform(Triangulate(frame->id, {1}, {closed}, false, 0.0)));
+    EXPECT_THAT(remarks, ElementsAre(HasSubstr(" No boundary is closed, so that nothing was cut away."),
+                                     HasSubstr(" 1 of 2 boundary lines are closed."), Not(HasSubstr("closed"))));
+}
+
+TEST_F(TriangulateTest, ShowsHowFarItIsAllTheTime)
+{
+    /// Notes the tenth in which each look at it falls.
+    struct Tenths : Progress
+    {
+        bool isInterrupted() const override
+        {
+            std::lock_guard const lock(mutex);
+            seen.insert(static_cast<int>(10 * fraction()));
+            return false;
+        }
+
+        mutable std::mutex mutex;
+        mutable std::set<int> seen;
+    };
+    addPoints(ScatteredPoints::random(2, 50000, 3), wave, slope);
+    Triangulate triangulate(frame->id, {1}, {}, false, 0.0);
+    ASSERT_EQ(triangulate.find(session.pages()), "");
+    triangulate.needs();
+    Tenths progress;
+    triangulate.compute(progress);
+    for (int tenth = 1; tenth < 8; ++tenth) {
+        EXPECT_EQ(progress.seen.count(tenth), 1U) << tenth;
+    }
 }
 
 TEST_F(TriangulateTest, RefusesZonesAndSettingsThatDoNotFit)
@@ -414,7 +461,7 @@ TEST_F(TriangulateTest, RefusesBoundariesThatAreNoLines)
     dataSet->zone(2)->j = 2;
     expectRefusal("The boundary zone \"Z2\" is not an ordered zone of one dimension.", {1}, {2});
     int const line = addLine({{0, 0}, {0, std::nan("")}}, false);
-    expectRefusal("The zone \"Z3\" has 1 point without finite coordinates.", {1}, {line});
+    expectRefusal("The zone \"Z3\" has 1 point whose coordinates are not numbers up to 1e150.", {1}, {line});
     dataSet->zone(line)->enabled = false;
     expectRefusal("The zone \"Z3\" is disabled.", {1}, {line});
 }

@@ -20,7 +20,7 @@ constexpr std::int64_t wantedParts = 32; // so that all threads have work until 
 /// Passes that are made over a part at a time: the more axes, the more is computed around it for each of them.
 std::int64_t passesAtATime(GridAxes const& axes)
 {
-    return axes.axes[1].hasEnds() ? 6 : 16;
+    return axes.axes[1].hasEnds() ? 5 : 16;
 }
 
 /// The parts into which a grid is divided.

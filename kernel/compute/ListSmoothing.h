@@ -11,6 +11,7 @@ namespace veldraw::kernel {
 ///
 /// Beyond the results it takes two arrays of doubles. Results do not depend on the number of threads.
 /// @param lists without holes
+/// @param progress of this part of the work alone; its total is set
 /// @param values examined; when it returns, all new values have been stored
 /// @throws Interrupted, std::bad_alloc
 SmoothingOutcome smoothByLists(NeighborLists const& lists, SmoothingRule const& rule, SmoothingValues& values,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "kernel/base/Progress.h"
 #include "kernel/base/ZeroedArray.h"
 
 #include <atomic>
@@ -22,8 +23,8 @@ public:
         m_ends[list + 1].fetch_add(entries, std::memory_order_relaxed);
     }
 
-    /// To be called when all have been counted. @return the number of entries
-    std::int64_t close();
+    /// To be called when all have been counted. @return the number of entries. @throws Interrupted
+    std::int64_t close(Progress const& progress);
 
     /// The place of the next entry of a list, or the first place of some.
     std::size_t next(std::size_t list, std::int64_t entries = 1)
@@ -31,8 +32,8 @@ public:
         return static_cast<std::size_t>(m_ends[list + 1].fetch_add(entries, std::memory_order_relaxed));
     }
 
-    /// The starts, with the end of the last list, when all entries have their place.
-    ZeroedArray<std::int64_t> take();
+    /// The starts, with the end of the last list, when all entries have their place. @throws Interrupted, std::bad_alloc
+    ZeroedArray<std::int64_t> take(Progress const& progress) const;
 
 private:
     // Of list n at n + 1: first its number of entries, then the place of its next entry, in the end that after its last.

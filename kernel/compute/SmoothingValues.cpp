@@ -168,15 +168,18 @@ void SmoothingValues::store(std::int64_t first, std::int64_t count, double const
     }
 }
 
-std::shared_ptr<Buffer> SmoothingValues::take()
+std::shared_ptr<Buffer> SmoothingValues::take(Progress& progress)
 {
     if (m_old->type() != FieldDataType_Bit) {
         return std::move(m_new);
     }
     std::shared_ptr<Buffer> bits = Buffer::allocate(FieldDataType_Bit, m_new->size());
-    for (std::int64_t slot = 0; slot < bits->size(); ++slot) {
-        bits->setBits(slot, m_new->bits(slot));
-    }
+    Progress packing(progress, 0);
+    forEachBlock(bits->size(), packing, [&](std::int64_t first, std::int64_t count) { // of whole bytes
+        for (std::int64_t slot = first; slot < first + count; ++slot) {
+            bits->setBits(slot, m_new->bits(slot));
+        }
+    });
     return bits;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "kernel/base/Progress.h"
 #include "kernel/storage/Buffer.h"
 #include "kernel/storage/HiddenSlots.h"
 
@@ -48,8 +49,8 @@ public:
 
     bool isOfWholeNumbers() const;
 
-    /// The new values. @throws std::bad_alloc
-    std::shared_ptr<Buffer> take();
+    /// The new values. @throws Interrupted, std::bad_alloc
+    std::shared_ptr<Buffer> take(Progress& progress);
 
 private:
     template <typename Element>

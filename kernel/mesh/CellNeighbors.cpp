@@ -35,56 +35,62 @@ void requireSmall(std::int64_t count, char const* things)
 
 /// @param forEachEntry calls its argument with a list, one or two neighbors in it, and their number; on all threads, and twice
 template <typename ForEachEntry>
-RawLists makeLists(std::int64_t count, ForEachEntry const& forEachEntry)
+RawLists makeLists(std::int64_t count, ForEachEntry const& forEachEntry, Progress const& progress)
 {
     ListStarts lists(count);
     forEachEntry([&lists](std::uint32_t list, Pair const&, std::int64_t entries) { lists.count(list, entries); });
     RawLists raw;
-    raw.neighbors = ZeroedArray<std::uint32_t>(static_cast<std::size_t>(lists.close()));
+    raw.neighbors = ZeroedArray<std::uint32_t>(static_cast<std::size_t>(lists.close(progress)));
     forEachEntry([&](std::uint32_t list, Pair const& neighbors, std::int64_t entries) {
         std::copy_n(neighbors.begin(), entries, raw.neighbors.begin() + lists.next(list, entries));
     });
-    raw.starts = lists.take();
+    raw.starts = lists.take(progress);
     return raw;
 }
 
 /// The ends of all edges, by places.
 RawLists edgesOf(CellParts const& cells, PointOrder const& order, std::int64_t pointCount, Progress const& progress)
 {
-    return makeLists(pointCount, [&](auto const& add) {
-        forEachChecked(cells.cellCount(), progress, [&](std::int64_t cell) {
-            cells.forEachEdge(cell, [&](std::int64_t first, std::int64_t second) {
-                if (first != second) {
-                    std::uint32_t const one = order.placeOf(first);
-                    std::uint32_t const other = order.placeOf(second);
-                    add(one, {other}, 1);
-                    add(other, {one}, 1);
-                }
+    return makeLists(
+        pointCount,
+        [&](auto const& add) {
+            forEachChecked(cells.cellCount(), progress, [&](std::int64_t cell) {
+                cells.forEachEdge(cell, [&](std::int64_t first, std::int64_t second) {
+                    if (first != second) {
+                        std::uint32_t const one = order.placeOf(first);
+                        std::uint32_t const other = order.placeOf(second);
+                        add(one, {other}, 1);
+                        add(other, {one}, 1);
+                    }
+                });
             });
-        });
-    });
+        },
+        progress);
 }
 
 /// The same of surfaces, where each corner has two edges, which is quicker.
 RawLists cornersOf(CellParts const& cells, PointOrder const& order, std::int64_t pointCount, Progress const& progress)
 {
-    return makeLists(pointCount, [&](auto const& add) {
-        forEachChecked(cells.cellCount(), progress, [&](std::int64_t cell) {
-            auto const [begin, end] = cells.corners(cell);
-            for (std::int64_t const* corner = begin; corner < end; ++corner) {
-                std::int64_t const before = corner == begin ? end[-1] : corner[-1];
-                std::int64_t const after = corner + 1 == end ? *begin : corner[1];
-                Pair neighbors{};
-                std::size_t entries = 0;
-                for (std::int64_t const neighbor : {before, after}) {
-                    if (neighbor != *corner) {
-                        neighbors[entries++] = order.placeOf(neighbor);
+    return makeLists(
+        pointCount,
+        [&](auto const& add) {
+            forEachChecked(cells.cellCount(), progress, [&](std::int64_t cell) {
+                auto const [begin, end] = cells.corners(cell);
+                for (std::int64_t const* corner = begin; corner < end; ++corner) {
+                    std::int64_t const before = corner == begin ? end[-1] : corner[-1];
+                    std::int64_t const after = corner + 1 == end ? *begin : corner[1];
+                    Pair neighbors{};
+                    std::size_t entries = 0;
+                    for (std::int64_t const neighbor : {before, after}) {
+                        if (neighbor != *corner) {
+                            neighbors[entries++] = order.placeOf(neighbor);
+                        }
                     }
+                    add(order.placeOf(*corner), neighbors, static_cast<std::int64_t>(entries));
                 }
-                add(order.placeOf(*corner), neighbors, static_cast<std::int64_t>(entries));
-            }
-        });
-    });
+            });
+        },
+        progress);
 }
 
 /// Whether a neighbor comes up once in a sorted list: in the list of a surface's corner the edge is one that one cell alone has.
@@ -138,9 +144,12 @@ NeighborLists finish(RawLists& raw, ZeroedArray<std::uint32_t> order, SmoothingV
         }
     });
     std::int64_t sum = 0;
-    for (std::int64_t& start : lists.starts) {
-        sum += start;
-        start = sum;
+    for (std::size_t at = 0; at < lists.starts.size(); ++at) {
+        if (at % 65536 == 0) {
+            progress.check();
+        }
+        sum += lists.starts[at];
+        lists.starts[at] = sum;
     }
     lists.neighbors = ZeroedArray<std::uint32_t>(static_cast<std::size_t>(sum));
     std::atomic<std::int64_t> reach{0};
@@ -162,17 +171,19 @@ NeighborLists finish(RawLists& raw, ZeroedArray<std::uint32_t> order, SmoothingV
 } // namespace
 
 NeighborLists neighborsOfPoints(CellParts const& cells, std::int64_t pointCount, SmoothingValues const& values,
-                                Progress const& progress)
+                                Progress& progress)
 {
     requireSmall(pointCount, "points");
     requireSmall(cells.cellCount(), "cells");
+    progress.setTotal(3); // steps that take about as long
     PointOrder const order(cells, pointCount, progress);
     if (cells.areSurfaces()) {
         RawLists corners = cornersOf(cells, order, pointCount, progress);
+        progress.advance(2);
         auto const isBorder = [](std::int64_t, std::uint32_t const* begin, std::uint32_t const* end) {
             return hasLonely(begin, end);
         };
-        return finish(corners, order.points(), values, isBorder, progress);
+        return finish(corners, order.points(progress), values, isBorder, progress);
     }
     Flags border(static_cast<std::size_t>(pointCount));
     SideMatch(cells, pointCount, progress)
@@ -183,18 +194,21 @@ NeighborLists neighborsOfPoints(CellParts const& cells, std::int64_t pointCount,
                 }
             },
             progress);
+    progress.advance(1);
     RawLists edges = edgesOf(cells, order, pointCount, progress);
+    progress.advance(1);
     auto const isBorder = [&border](std::int64_t point, std::uint32_t const*, std::uint32_t const*) {
         return border[static_cast<std::size_t>(point)].load(std::memory_order_relaxed);
     };
-    return finish(edges, order.points(), values, isBorder, progress);
+    return finish(edges, order.points(progress), values, isBorder, progress);
 }
 
 NeighborLists neighborsOfCells(CellParts const& cells, std::int64_t pointCount, SmoothingValues const& values,
-                               Progress const& progress)
+                               Progress& progress)
 {
     requireSmall(pointCount, "points");
     requireSmall(cells.cellCount(), "cells");
+    progress.setTotal(2); // steps that take about as long
     Flags border(static_cast<std::size_t>(cells.cellCount()));
     std::vector<std::vector<Pair>> pairs(static_cast<std::size_t>(parallelChunkCount(pointCount)));
     SideMatch(cells, pointCount, progress)
@@ -210,16 +224,21 @@ NeighborLists neighborsOfCells(CellParts const& cells, std::int64_t pointCount, 
                 }
             },
             progress);
-    RawLists sides = makeLists(cells.cellCount(), [&pairs](auto const& add) {
-        forEachInParallel(static_cast<std::int64_t>(pairs.size()), [&](std::int64_t chunk) {
-            for (Pair const& pair : pairs[static_cast<std::size_t>(chunk)]) {
-                if (pair[0] != pair[1]) {
-                    add(pair[0], {pair[1]}, 1);
-                    add(pair[1], {pair[0]}, 1);
+    progress.advance(1);
+    RawLists sides = makeLists(
+        cells.cellCount(),
+        [&](auto const& add) {
+            forEachInParallel(static_cast<std::int64_t>(pairs.size()), [&](std::int64_t chunk) {
+            progress.check();
+                for (Pair const& pair : pairs[static_cast<std::size_t>(chunk)]) {
+                    if (pair[0] != pair[1]) {
+                        add(pair[0], {pair[1]}, 1);
+                        add(pair[1], {pair[0]}, 1);
+                    }
                 }
-            }
-        });
-    });
+            });
+        },
+        progress);
     auto const isBorder = [&border](std::int64_t cell, std::uint32_t const*, std::uint32_t const*) {
         return border[static_cast<std::size_t>(cell)].load(std::memory_order_relaxed);
     };

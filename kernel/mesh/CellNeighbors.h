@@ -13,10 +13,11 @@ namespace veldraw::kernel {
 /// The border has no neighbors: points on a side that one cell alone has, and cells with such a side. Solids, surfaces and
 /// lines of a mixed zone have each their own border. Holes neither have nor are neighbors.
 /// @param values examined
+/// @param progress of this part of the work alone; its total is set
 /// @throws Interrupted, std::bad_alloc, std::runtime_error with a reason
 NeighborLists neighborsOfPoints(CellParts const& cells, std::int64_t pointCount, SmoothingValues const& values,
-                                Progress const& progress);
+                                Progress& progress);
 NeighborLists neighborsOfCells(CellParts const& cells, std::int64_t pointCount, SmoothingValues const& values,
-                               Progress const& progress);
+                               Progress& progress);
 
 } // namespace veldraw::kernel

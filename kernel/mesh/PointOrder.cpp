@@ -1,5 +1,7 @@
 #include "kernel/mesh/PointOrder.h"
 
+#include "kernel/base/CheckedLoop.h"
+
 #include <algorithm>
 #include <limits>
 
@@ -34,7 +36,8 @@ PointOrder::PointOrder(CellParts const& cells, std::int64_t pointCount, Progress
         return;
     }
     m_places = ZeroedArray<std::uint32_t>(static_cast<std::size_t>(pointCount));
-    std::fill(m_places.begin(), m_places.end(), unplaced);
+    forEachChecked(pointCount, progress,
+                   [this](std::int64_t point) { m_places[static_cast<std::size_t>(point)] = unplaced; });
     std::uint32_t next = 0;
     auto const place = [&next](std::uint32_t& mine) {
         if (mine == unplaced) {
@@ -48,17 +51,21 @@ PointOrder::PointOrder(CellParts const& cells, std::int64_t pointCount, Progress
         auto const [begin, end] = cells.corners(cell);
         std::for_each(begin, end, [&](std::int64_t corner) { place(m_places[static_cast<std::size_t>(corner)]); });
     }
-    std::for_each(m_places.begin(), m_places.end(), place); // of no cell
+    for (std::int64_t point = 0; point < pointCount; ++point) { // of no cell
+        if (point % 65536 == 0) {
+            progress.check();
+        }
+        place(m_places[static_cast<std::size_t>(point)]);
+    }
 }
 
-ZeroedArray<std::uint32_t> PointOrder::points() const
+ZeroedArray<std::uint32_t> PointOrder::points(Progress const& progress) const
 {
     ZeroedArray<std::uint32_t> points;
     if (!isNatural()) {
         points = ZeroedArray<std::uint32_t>(m_places.size());
-        for (std::size_t point = 0; point < m_places.size(); ++point) {
-            points[m_places[point]] = static_cast<std::uint32_t>(point);
-        }
+        forEachChecked(static_cast<std::int64_t>(m_places.size()), progress,
+                       [&](std::int64_t point) { points[placeOf(point)] = static_cast<std::uint32_t>(point); });
     }
     return points;
 }

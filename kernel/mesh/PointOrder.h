@@ -23,8 +23,8 @@ public:
         return isNatural() ? static_cast<std::uint32_t>(point) : m_places[static_cast<std::size_t>(point)];
     }
 
-    /// The point at each place; empty when the order is natural.
-    ZeroedArray<std::uint32_t> points() const;
+    /// The point at each place; empty when the order is natural. @throws Interrupted, std::bad_alloc
+    ZeroedArray<std::uint32_t> points(Progress const& progress) const;
 
 private:
     ZeroedArray<std::uint32_t> m_places;

@@ -118,12 +118,12 @@ SideMatch::SideMatch(CellParts const& cells, std::int64_t pointCount, Progress c
     forEachSide(cells, progress, [&](std::int64_t, std::uint32_t, std::int64_t const* points, std::int64_t count) {
         lists.count(lowest(points, count));
     });
-    m_places = ZeroedArray<Place>(static_cast<std::size_t>(lists.close()));
+    m_places = ZeroedArray<Place>(static_cast<std::size_t>(lists.close(progress)));
     forEachSide(cells, progress,
                 [&](std::int64_t cell, std::uint32_t side, std::int64_t const* points, std::int64_t count) {
                     m_places[lists.next(lowest(points, count))] = {static_cast<std::uint32_t>(cell), side};
                 });
-    m_starts = lists.take();
+    m_starts = lists.take(progress);
 }
 
 void SideMatch::forEach(std::function<void(Match const&, std::int64_t)> const& body, Progress const& progress) const

@@ -10,6 +10,7 @@
 #include "kernel/operations/ReportText.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace veldraw::kernel {
 
@@ -133,7 +134,7 @@ void SmoothVariable::compute(Progress& progress)
     SmoothingOutcome const outcome = smooth(values, progress);
     m_report = report(values, outcome, secondsSince(start));
     if (values.changedCount() > 0) {
-        m_result = values.take();
+        m_result = values.take(progress);
     }
 }
 
@@ -148,13 +149,18 @@ SmoothingOutcome SmoothVariable::smooth(SmoothingValues& values, Progress& progr
         throw std::runtime_error("The zone \"" + zone().name + "\" has no cells.");
     }
     std::int64_t const count = m_load->valueCount(zone(), location);
+    std::int64_t const listing = 16 * count; // takes about as long as so many passes
+    progress.setTotal(progress.done() + listing + m_rule.passes * count);
     Progress examining(progress, 0);
     forEachBlock(count, examining,
                  [&values](std::int64_t first, std::int64_t length) { values.examine(first, length); });
     CellParts const cells(zone().type, *size.connectivity);
-    NeighborLists const lists = location == ValueLocation_Nodal ? neighborsOfPoints(cells, size.i, values, progress)
-                                                                : neighborsOfCells(cells, size.i, values, progress);
-    return smoothByLists(lists, m_rule, values, progress);
+    std::optional<Progress> part;
+    part.emplace(progress, listing);
+    NeighborLists const lists = location == ValueLocation_Nodal ? neighborsOfPoints(cells, size.i, values, *part)
+                                                                : neighborsOfCells(cells, size.i, values, *part);
+    part.emplace(progress, m_rule.passes * count);
+    return smoothByLists(lists, m_rule, values, *part);
 }
 
 std::string SmoothVariable::report(SmoothingValues const& values, SmoothingOutcome const& outcome, double seconds) const

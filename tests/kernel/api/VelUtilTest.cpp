@@ -576,6 +576,24 @@ TEST_F(CFunctions, AskWhetherSmoothingCanRun)
     EXPECT_FALSE(VelUtilQueryOkToSmooth());
 }
 
+TEST_F(CFunctions, SmoothAVariableOfAZone)
+{
+    auto const zone = std::make_shared<Zone>("row", ZoneType_Ordered, 5, 1, 1);
+    zone->fields.resize(dataSet->zone(1)->fields.size());
+    zone->fields[3] = sample::field({0, 4, 0, 8, 0});
+    int const number = dataSet->addZone(zone);
+    for (int const condition : {-1, 3}) {
+        EXPECT_FALSE(VelUtilSmooth(number, 4, 1, 0.5, condition));
+        EXPECT_EQ(session.lastError(), "There is no such boundary condition.");
+    }
+    EXPECT_FALSE(VelUtilSmooth(number, 4, 0, 0.5, BoundaryCondition_Fixed));
+    ASSERT_TRUE(VelUtilSmooth(number, 4, 1, 0.5, BoundaryCondition_FirstOrder)) << session.lastError();
+    Buffer const& values = *dataSet->field(number, 4)->group()->buffer();
+    EXPECT_EQ(values.value(0), 2.0);
+    EXPECT_EQ(values.value(2), 3.0);
+    EXPECT_EQ(values.value(4), 4.0);
+}
+
 TEST_F(CFunctions, AskWhichZonesCanBeTransformed)
 {
     EXPECT_FALSE(VelUtilFourierTransformIsValidZone(1));

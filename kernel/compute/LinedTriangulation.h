@@ -62,6 +62,7 @@ private:
 #define CGAL_ALLOCATOR(Element) veldraw::kernel::plane::BlockAllocator<Element> // as CGAL/memory.h says
 
 #include <CGAL/Constrained_Delaunay_triangulation_2.h>
+#include <CGAL/Delaunay_triangulation_2.h>
 #include <CGAL/Exact_predicates_inexact_constructions_kernel.h>
 #include <CGAL/Triangulation_face_base_with_info_2.h>
 #include <CGAL/Triangulation_vertex_base_with_info_2.h>
@@ -162,6 +163,8 @@ using VertexBase = CGAL::Triangulation_vertex_base_with_info_2<PointNumber, Geom
 using FaceBase =
     CGAL::Triangulation_face_base_with_info_2<Marks, Geometry, CGAL::Constrained_triangulation_face_base_2<Geometry>>;
 using Structure = CGAL::Triangulation_data_structure_2<VertexBase, FaceBase>;
+/// Has no lines, and is quicker to fill. Its triangles can become those of a triangulation that has some.
+using PlainTriangulation = CGAL::Delaunay_triangulation_2<Geometry, Structure>;
 using Unlined = CGAL::Constrained_Delaunay_triangulation_2<Geometry, Structure, CGAL::Exact_predicates_tag>;
 using VertexHandle = Unlined::Vertex_handle;
 using FaceHandle = Unlined::Face_handle;
@@ -186,6 +189,9 @@ public:
         : Unlined(geometry)
     {
     }
+
+    /// Exchanges all points and triangles with another triangulation, while there are no lines.
+    void swapPoints(PlainTriangulation& other) { Triangulation::swap(other); }
 
     /// Makes a line a chain of edges. @param line lives as long as the object
     void insertLine(Line const& line, OnCrossing const& onCrossing)

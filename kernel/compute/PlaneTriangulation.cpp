@@ -106,7 +106,7 @@ public:
     void writeTriangles(std::int64_t* corners, Progress& progress) const;
 
 private:
-    void insertPoint(PlanePlace const& place, Number number);
+    void insertPoint(plane::PlainTriangulation& plain, PlanePlace const& place, Number number);
     Mix mixInside(PlanePlace const& place, Face face) const;
     Mix mixOutside(PlanePlace const& place, Face face) const;
     void mergeEqualEdges();
@@ -123,14 +123,15 @@ private:
     std::int64_t m_taken = 0;
 };
 
-void PlaneTriangulation::Implementation::insertPoint(PlanePlace const& place, Number number)
+void PlaneTriangulation::Implementation::insertPoint(plane::PlainTriangulation& plain, PlanePlace const& place,
+                                                     Number number)
 {
-    Vertex const vertex = m_triangulation.insert(pointOf(place), m_near);
+    Vertex const vertex = plain.insert(pointOf(place), m_near);
     vertex->info().value = number;
     m_near = vertex->face();
 }
 
-/// In rounds, each of which goes through the whole plane: few points first, then four times as many. So triangles are small where
+/// In rounds, each of which goes through the whole plane: few points first, then eight times as many. So triangles are small where
 /// the next point goes, however the points are spread (N. Amenta, S. Choi, G. Rote, 2003).
 bool PlaneTriangulation::Implementation::insertPoints(PlanePlace const* places, std::vector<Number> const& order,
                                                       Progress& progress)
@@ -142,11 +143,12 @@ bool PlaneTriangulation::Implementation::insertPoints(PlanePlace const* places, 
     if (third == order.end()) {
         return false;
     }
+    plane::PlainTriangulation plain{plane::Geometry(m_watch)};
     for (Number const point : {order[0], order[1], *third}) { // inserting is slow while all points are on a line
-        insertPoint(places[point], point);
+        insertPoint(plain, places[point], point);
     }
     progress.setTotal(static_cast<std::int64_t>(order.size()));
-    constexpr std::size_t growth = 4;
+    constexpr std::size_t growth = 8;
     constexpr std::size_t fewest = 1000;
     std::size_t step = 1;
     while (order.size() / step > fewest) {
@@ -155,8 +157,10 @@ bool PlaneTriangulation::Implementation::insertPoints(PlanePlace const* places, 
     for (std::size_t before = 0; step > 0; before = step, step /= growth) {
         std::int64_t inserted = 0;
         for (std::size_t at = 0; at < order.size(); at += step) {
+            // Points come from all over the memory.
+            __builtin_prefetch(places + order[std::min(at + 8 * step, order.size() - 1)]);
             if (before == 0 || at % before != 0) {
-                insertPoint(places[order[at]], order[at]);
+                insertPoint(plain, places[order[at]], order[at]);
                 ++inserted;
             }
             if (inserted == 512) {
@@ -166,6 +170,7 @@ bool PlaneTriangulation::Implementation::insertPoints(PlanePlace const* places, 
         }
         progress.advance(inserted);
     }
+    m_triangulation.swapPoints(plain);
     return true;
 }
 
@@ -295,27 +300,34 @@ void PlaneTriangulation::Implementation::take(Face face)
     ++m_taken;
 }
 
-/// Goes from outside through all triangles, and counts the loops on the way.
+/// Goes from outside through all triangles, in waves, and counts the loops on the way.
 std::int64_t PlaneTriangulation::Implementation::cutOutside()
 {
     if (!m_hasLoops) {
         return 0;
     }
     std::int64_t const before = m_taken;
-    std::vector<std::pair<Face, bool>> reached{{m_triangulation.infinite_face(), false}}; // and whether within loops
-    reached.back().first->info().isReached = true;
-    while (!reached.empty()) {
-        auto const [face, isWithin] = reached.back();
-        reached.pop_back();
-        m_watch.count();
-        if (!isWithin && !m_triangulation.is_infinite(face)) {
-            take(face);
-        }
-        for (int index = 0; index < 3; ++index) {
-            Face const next = face->neighbor(index);
-            if (!next->info().isReached) {
-                next->info().isReached = true;
-                reached.emplace_back(next, isWithin != face->info().isOfLoops[static_cast<std::size_t>(index)]);
+    using Reached = std::vector<std::pair<Face, bool>>; // and whether within loops
+    Reached wave{{m_triangulation.infinite_face(), false}};
+    Reached next;
+    wave.back().first->info().isReached = true;
+    for (; !wave.empty(); wave.swap(next), next.clear()) {
+        for (std::size_t at = 0; at < wave.size(); ++at) {
+            constexpr std::size_t ahead = 8; // triangles are all over the memory
+            for (int index = 0; index < 3 && at + ahead < wave.size(); ++index) {
+                __builtin_prefetch(&*wave[at + ahead].first->neighbor(index));
+            }
+            m_watch.count();
+            auto const [face, isWithin] = wave[at];
+            if (!isWithin && !m_triangulation.is_infinite(face)) {
+                take(face);
+            }
+            for (int index = 0; index < 3; ++index) {
+                Face const neighbor = face->neighbor(index);
+                if (!neighbor->info().isReached) {
+                    neighbor->info().isReached = true;
+                    next.emplace_back(neighbor, isWithin != face->info().isOfLoops[static_cast<std::size_t>(index)]);
+                }
             }
         }
     }

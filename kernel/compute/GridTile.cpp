@@ -110,6 +110,10 @@ void GridTile::makePlane(std::int64_t pass, std::int64_t k)
     }
     smoothPlane(pass, k);
     bool const startsHere = span(2, pass).first == 0;
+    bool const isMeasured = m_measures && pass == m_passes;
+    if (axis.movesEnds && startsHere && k == 1 && isMeasured) {
+        keepPlane(pass, 0); // only now is it what the pass before has left there
+    }
     if (axis.movesEnds && startsHere && k == (followsTwo ? 2 : 1)) {
         movePlane(pass, 0, 1);
     }

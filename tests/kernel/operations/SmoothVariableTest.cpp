@@ -100,6 +100,20 @@ protected:
         EXPECT_EQ(session.lastError(), reason);
     }
 
+    /// Compares the largest change that was told with that between two passes.
+    void expectLastChange(reference::Numbers const& before, reference::Numbers const& after) const
+    {
+        long double largest = 0;
+        for (std::size_t at = 0; at < after.size(); ++at) {
+            largest = std::max(largest, std::abs(after[at] - before[at]));
+        }
+        std::string const words = "the largest change of the last pass was ";
+        std::size_t const place = remark.find(words);
+        ASSERT_NE(place, std::string::npos) << remark;
+        double const told = std::stod(remark.substr(place + words.size()));
+        EXPECT_NEAR(told, static_cast<double>(largest), static_cast<double>(0.06L * largest) + 1e-14);
+    }
+
     std::string remark;
 };
 
@@ -146,8 +160,10 @@ TEST_F(SmoothVariableTest, GivesWhatPlainLoopsGiveInBlocksOfEverySizeAndConditio
                 SCOPED_TRACE(testing::PrintToString(size) + " condition " + std::to_string(condition) + " passes " +
                              std::to_string(passes));
                 ASSERT_TRUE(smooth(zone, passes, 0.8, condition));
-                expectNear(valuesOf(zone), reference::smoothGrid(asReference(values), size, passes, 0.8L, condition),
-                           1e-14);
+                reference::Numbers const wanted =
+                    reference::smoothGrid(asReference(values), size, passes, 0.8L, condition);
+                expectNear(valuesOf(zone), wanted, 1e-14);
+                expectLastChange(reference::smoothGrid(asReference(values), size, passes - 1, 0.8L, condition), wanted);
             }
         }
     }
@@ -161,7 +177,9 @@ TEST_F(SmoothVariableTest, GivesWhatPlainLoopsGiveInABlockOfManyParts)
             SCOPED_TRACE(testing::PrintToString(size) + " condition " + std::to_string(condition));
             int const zone = addOrdered(size, values);
             ASSERT_TRUE(smooth(zone, 6, 0.95, condition));
-            expectNear(valuesOf(zone), reference::smoothGrid(asReference(values), size, 6, 0.95L, condition), 1e-14);
+            reference::Numbers const wanted = reference::smoothGrid(asReference(values), size, 6, 0.95L, condition);
+            expectNear(valuesOf(zone), wanted, 1e-14);
+            expectLastChange(reference::smoothGrid(asReference(values), size, 5, 0.95L, condition), wanted);
         }
     }
 }

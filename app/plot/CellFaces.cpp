@@ -1,7 +1,5 @@
 #include "app/plot/CellFaces.h"
 
-#include "app/vtk/CellShapes.h"
-
 namespace veldraw::app {
 
 namespace {
@@ -36,14 +34,14 @@ Table const& facesOf(CellFaces::Shape shape)
 
 CellFaces::CellFaces(kernel::Zone const& zone)
     : m_cells(*zone.connectivity)
-    , m_shape(shapeOf(zone.type))
+    , m_shape(kernel::Connectivity::shapeOf(zone.type))
 {
 }
 
 CellFaces::Table const& CellFaces::faces(std::int64_t cell) const
 {
     Shape const ofCell = shape(cell);
-    return cornerCount(cell) == app::cornerCount(ofCell) ? facesOf(ofCell) : noFaces;
+    return cornerCount(cell) == kernel::Connectivity::cornerCount(ofCell) ? facesOf(ofCell) : noFaces;
 }
 
 bool CellFaces::isFlat(Shape shape)

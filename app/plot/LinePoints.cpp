@@ -2,6 +2,7 @@
 
 #include "app/plot/FieldValues.h"
 #include "kernel/base/Parallel.h"
+#include "kernel/storage/CellSlots.h"
 
 #include <vtkDoubleArray.h>
 
@@ -41,7 +42,7 @@ std::vector<std::int64_t> slotsOf(kernel::Zone const& zone, ValueLocation_e loca
     bool const nodal = location == ValueLocation_Nodal;
     if (!zone.isOrdered())
         return positionsAlong(indices[0], nodal ? zone.pointCount() : zone.cellCount());
-    auto const count = [nodal](std::int64_t points) { return nodal ? points : std::max<std::int64_t>(points - 1, 1); };
+    auto const count = [nodal](std::int64_t points) { return nodal ? points : kernel::cellsAlong(points); };
     auto const along = [&](std::size_t n, std::int64_t points) { return positionsAlong(indices[n], count(points)); };
     std::vector<std::int64_t> const alongI = along(0, zone.i);
     std::vector<std::int64_t> const alongJ = along(1, zone.j);

@@ -2,6 +2,7 @@
 
 #include "app/plot/GatherInOrder.h"
 #include "app/plot/PointNumbering.h"
+#include "kernel/storage/CellSlots.h"
 
 #include <vtkTypeInt64Array.h>
 
@@ -64,7 +65,7 @@ public:
     }
 
 private:
-    Index cellsAlong(std::size_t axis) const { return std::max<Index>(m_counts[axis] - 1, 1); }
+    Index cellsAlong(std::size_t axis) const { return kernel::cellsAlong(m_counts[axis]); }
 
     bool isHidden(Index slot) const { return m_hidden && m_hidden->contains(slot); }
 

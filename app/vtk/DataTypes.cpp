@@ -23,21 +23,6 @@ int vtkTypeOf(FieldDataType_e type)
     return VTK_BIT;
 }
 
-FieldDataType_e commonType(FieldDataType_e a, FieldDataType_e b)
-{
-    auto const isOneOf = [a, b](FieldDataType_e type) { return a == type || b == type; };
-    if (a == b)
-        return a;
-    bool const exceedsFloat = isOneOf(FieldDataType_Double) || isOneOf(FieldDataType_Int32);
-    if (isOneOf(FieldDataType_Double) || (isOneOf(FieldDataType_Float) && exceedsFloat))
-        return FieldDataType_Double;
-    for (FieldDataType_e const type : {FieldDataType_Float, FieldDataType_Int32, FieldDataType_Int16}) {
-        if (isOneOf(type))
-            return type;
-    }
-    return FieldDataType_Byte;
-}
-
 int bytesOf(FieldDataType_e type)
 {
     switch (type) {

@@ -7,9 +7,6 @@ namespace veldraw::app {
 /// VTK's number for a kernel data type: VTK_FLOAT for FieldDataType_Float and so on.
 int vtkTypeOf(FieldDataType_e type);
 
-/// The type that holds all values of both.
-FieldDataType_e commonType(FieldDataType_e a, FieldDataType_e b);
-
 /// Bytes of one value; 0 for bits.
 int bytesOf(FieldDataType_e type);
 

@@ -1,18 +1,13 @@
 #include "app/vtk/OrderedCells.h"
 
 #include "app/vtk/DataTypes.h"
+#include "kernel/storage/CellSlots.h"
 
-#include <algorithm>
 #include <cstring>
 
 namespace veldraw::app {
 
 namespace {
-
-std::int64_t cellsAlong(std::int64_t points)
-{
-    return points == 0 ? 0 : std::max<std::int64_t>(points - 1, 1);
-}
 
 // Copies a run of values; runs of contiguous bytes in one go, bits and strided values one by one.
 void copyRun(kernel::Buffer const& from, std::int64_t fromStart, kernel::Buffer& to, std::int64_t toStart,
@@ -32,9 +27,9 @@ void copyRun(kernel::Buffer const& from, std::int64_t fromStart, kernel::Buffer&
 } // namespace
 
 OrderedCells::OrderedCells(kernel::Zone const& zone)
-    : m_rowLength(cellsAlong(zone.i))
-    , m_rows(cellsAlong(zone.j))
-    , m_layers(cellsAlong(zone.k))
+    : m_rowLength(kernel::cellsAlong(zone.i))
+    , m_rows(kernel::cellsAlong(zone.j))
+    , m_layers(kernel::cellsAlong(zone.k))
     , m_rowStride(zone.i)
     , m_layerStride(zone.i * zone.j)
     , m_slots(zone.i * zone.j * zone.k)

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "kernel/storage/Buffer.h"
 #include "kernel/data/Zone.h"
+#include "kernel/storage/Buffer.h"
 
 #include <memory>
 

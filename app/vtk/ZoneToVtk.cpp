@@ -6,6 +6,7 @@
 #include "app/vtk/OrderedCells.h"
 #include "app/vtk/PointsOfAxes.h"
 #include "app/vtk/WrappedMemory.h"
+#include "kernel/storage/ValueType.h"
 
 #include <vtkCellArray.h>
 #include <vtkCellData.h>
@@ -43,7 +44,7 @@ vtkSmartPointer<vtkUnsignedCharArray> cellTypesOf(kernel::Zone const& zone, kern
     vtkNew<vtkUnsignedCharArray> types;
     types->SetNumberOfValues(cells.cellCount);
     for (std::int64_t c = 0; c < cells.cellCount; ++c)
-        types->SetValue(c, vtkCellTypeOf(cells.shapes ? cells.shapes[c] : shapeOf(zone.type)));
+        types->SetValue(c, vtkCellTypeOf(cells.shapes ? cells.shapes[c] : kernel::Connectivity::shapeOf(zone.type)));
     return types;
 }
 
@@ -85,7 +86,7 @@ FieldDataType_e commonTypeOf(std::vector<kernel::Field const*> const& fields)
 {
     FieldDataType_e type = fields.front()->type();
     for (kernel::Field const* const field : fields)
-        type = commonType(type, field->type());
+        type = kernel::commonType(type, field->type());
     return type;
 }
 

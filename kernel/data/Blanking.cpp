@@ -1,6 +1,7 @@
 #include "kernel/data/Blanking.h"
 
 #include "kernel/data/Zone.h"
+#include "kernel/storage/CellSlots.h"
 
 #include <algorithm>
 
@@ -8,47 +9,20 @@ namespace veldraw::kernel {
 
 namespace {
 
-/// Calls @p body with the number of each cell of an ordered zone, its slot, and its corners.
-template <typename Body>
-void forOrderedCells(Zone const& zone, Body const& body)
-{
-    auto const cellsAlong = [](std::int64_t points) { return std::max<std::int64_t>(points - 1, 1); };
-    std::vector<std::int64_t> steps{0}; // from the first corner to all
-    for (auto const& [points, step] :
-         {std::pair(zone.i, std::int64_t{1}), {zone.j, zone.i}, {zone.k, zone.i * zone.j}}) {
-        for (std::size_t at = 0, count = points > 1 ? steps.size() : 0; at < count; ++at) {
-            steps.push_back(steps[at] + step);
-        }
-    }
-    std::vector<std::int64_t> corners(steps.size());
-    std::int64_t cell = 0;
-    for (std::int64_t k = 0; k < cellsAlong(zone.k); ++k) {
-        for (std::int64_t j = 0; j < cellsAlong(zone.j); ++j) {
-            for (std::int64_t i = 0; i < cellsAlong(zone.i); ++i) {
-                std::int64_t const slot = i + zone.i * (j + zone.j * k);
-                std::transform(steps.begin(), steps.end(), corners.begin(), [slot](auto step) { return slot + step; });
-                body(cell++, slot, corners.data(), corners.data() + corners.size());
-            }
-        }
-    }
-}
-
-/// The same for a finite-element zone, whose slots are its cells.
-template <typename Body>
-void forElements(Connectivity const& cells, Body const& body)
-{
-    for (std::int64_t cell = 0; cell < cells.cellCount; ++cell) {
-        body(cell, cell, cells.indices + cells.offsets[cell], cells.indices + cells.offsets[cell + 1]);
-    }
-}
-
+/// Calls @p body with the number of each cell of a zone, its slot, and its corners.
 template <typename Body>
 void forCells(Zone const& zone, Body const& body)
 {
-    if (zone.pointCount() > 0 && zone.isOrdered()) {
-        forOrderedCells(zone, body);
-    } else if (zone.connectivity) {
-        forElements(*zone.connectivity, body);
+    std::int64_t cell = 0;
+    if (zone.isOrdered()) {
+        forOrderedCells(zone.i, zone.j, zone.k, [&](std::int64_t slot, std::int64_t const* points, std::size_t count) {
+            body(cell++, slot, points, points + count);
+        });
+        return;
+    }
+    Connectivity const* const cells = zone.connectivity.get();
+    for (; cells != nullptr && cell < cells->cellCount; ++cell) {
+        body(cell, cell, cells->indices + cells->offsets[cell], cells->indices + cells->offsets[cell + 1]);
     }
 }
 

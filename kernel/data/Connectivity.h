@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/vdsdkbase/VelUtilTypes.h"
+
 #include <cstdint>
 #include <memory>
 #include <vector>
@@ -32,6 +34,12 @@ struct Connectivity
     {
         return shape == Shape::Triangle || shape == Shape::Quad || shape == Shape::Polygon;
     }
+
+    /// The one shape of the cells of a finite-element zone. Not for FEMixed and Ordered, which have none.
+    static Shape shapeOf(ZoneType_e type);
+
+    /// Corners of a cell of @p shape; 0 for polygons and polyhedra, which have any number.
+    static int cornerCount(Shape shape);
 
     std::int64_t cellCount = 0;
     std::int64_t indexCount = 0;

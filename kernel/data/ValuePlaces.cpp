@@ -1,6 +1,5 @@
 #include "kernel/data/ValuePlaces.h"
 
-#include "kernel/data/CellSlots.h"
 #include "kernel/data/Zone.h"
 
 #include <array>
@@ -56,6 +55,7 @@ ValuePlaces::ValuePlaces(ZoneType_e type, ZoneDimensions dimensions, Coordinates
     , m_count(count)
     , m_location(location)
     , m_slotCount(Zone({}, type, m_dimensions.i, m_dimensions.j, m_dimensions.k).valueCount(location))
+    , m_corners(m_dimensions.i, m_dimensions.j, m_dimensions.k)
     , m_hidden(m_dimensions.blanking ? m_dimensions.blanking->hidden(location) : nullptr)
 {
 }
@@ -85,22 +85,11 @@ void ValuePlaces::readPoint(std::int64_t point, double* place) const
 
 void ValuePlaces::readOrderedCell(std::int64_t slot, double* place) const
 {
-    std::array<std::int64_t, 3> const strides{1, m_dimensions.i, m_dimensions.i * m_dimensions.j};
-    std::array<std::int64_t, 3> const points{m_dimensions.i, m_dimensions.j, m_dimensions.k};
     CornerMean mean(m_count);
-    for (unsigned corner = 0; corner < 8; ++corner) {
-        std::int64_t point = slot;
-        bool isCorner = true;
-        for (unsigned axis = 0; axis < 3; ++axis) {
-            bool const isUpper = ((corner >> axis) & 1U) != 0;
-            isCorner = isCorner && (!isUpper || points[axis] > 1);
-            point += isUpper ? strides[axis] : 0;
-        }
-        if (isCorner) {
-            std::array<double, 3> at{};
-            readPoint(point, at.data());
-            mean.add(at);
-        }
+    for (std::size_t corner = 0; corner < m_corners.count(); ++corner) {
+        std::array<double, 3> at{};
+        readPoint(m_corners.point(slot, corner), at.data());
+        mean.add(at);
     }
     mean.write(place);
 }

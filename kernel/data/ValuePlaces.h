@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kernel/data/DimensionsLoader.h"
+#include "kernel/storage/CellSlots.h"
 #include "kernel/storage/QuickReader.h"
 #include "platform/vdsdkbase/VelUtilTypes.h"
 
@@ -44,6 +45,7 @@ private:
     int m_count;
     ValueLocation_e m_location;
     std::int64_t m_slotCount;
+    CellCorners m_corners; // of an ordered zone
     std::shared_ptr<HiddenSlots const> m_hidden;
 };
 

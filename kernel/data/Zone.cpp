@@ -1,5 +1,7 @@
 #include "kernel/data/Zone.h"
 
+#include "kernel/storage/CellSlots.h"
+
 #include <algorithm>
 
 namespace veldraw::kernel {
@@ -77,8 +79,7 @@ std::int64_t Zone::cellCount() const
     if (!isOrdered()) {
         return std::max<std::int64_t>(j, 0);
     }
-    std::int64_t const one = 1;
-    return std::max(i - 1, one) * std::max(j - 1, one) * std::max(k - 1, one);
+    return cellsAlong(i) * cellsAlong(j) * cellsAlong(k);
 }
 
 std::int64_t Zone::valueCount(ValueLocation_e location) const

@@ -83,29 +83,12 @@ Point referenceCorner(Shape shape, std::size_t corner)
     return shape == Shape::Prism ? ofPrism[corner] : corners[corner];
 }
 
-} // namespace
-
-std::size_t CellMap::cornerCount(Shape shape)
+std::size_t cornerCount(Shape shape)
 {
-    switch (shape) {
-    case Shape::Triangle:
-        return 3;
-    case Shape::Quad:
-    case Shape::Tetrahedron:
-        return 4;
-    case Shape::Pyramid:
-        return 5;
-    case Shape::Prism:
-        return 6;
-    case Shape::Brick:
-        return 8;
-    case Shape::LineSegment:
-    case Shape::Polygon:
-    case Shape::Polyhedron:
-        break;
-    }
-    return 0;
+    return static_cast<std::size_t>(Connectivity::cornerCount(shape));
 }
+
+} // namespace
 
 void CellMap::set(Shape shape, Point const* corners)
 {

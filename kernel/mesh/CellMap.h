@@ -26,11 +26,8 @@ public:
     static constexpr double surfaceTolerance = 1e-4; ///< relative to the sum of the sides of the cell's box
     static constexpr std::size_t mostCorners = 8;
 
-    /// Number of corners of a shape that has a reference cell; 0 for others.
-    static std::size_t cornerCount(Shape shape);
-
     /// Sets the cell.
-    /// @param shape with a reference cell; @param corners finite, as many as the shape has
+    /// @param shape of a fixed number of corners, and no line; @param corners finite, as many as the shape has
     void set(Shape shape, Point const* corners);
 
     /// Whether the cell contains nothing.

@@ -6,7 +6,7 @@ namespace veldraw::kernel {
 
 CellParts::CellParts(ZoneType_e type, Connectivity const& cells)
     : m_cells(cells)
-    , m_shape(shapeOfCells(type))
+    , m_shape(Connectivity::shapeOf(type))
 {
 }
 

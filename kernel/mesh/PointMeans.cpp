@@ -4,6 +4,7 @@
 #include "kernel/base/ZeroedArray.h"
 #include "kernel/compute/ValueBlock.h"
 #include "kernel/data/Zone.h"
+#include "kernel/storage/CellSlots.h"
 
 #include <cmath>
 #include <limits>
@@ -14,32 +15,6 @@ namespace veldraw::kernel {
 namespace {
 
 /// Calls @p body (slot, points, number of points) for each cell with its points.
-template <typename Body>
-void forOrderedCells(ZoneDimensions const& size, Body const& body)
-{
-    std::vector<std::int64_t> steps{0}; // from the first corner of a cell to all
-    for (auto const& [points, stride] :
-         {std::pair(size.i, std::int64_t{1}), std::pair(size.j, size.i), std::pair(size.k, size.i * size.j)}) {
-        std::size_t const known = steps.size();
-        for (std::size_t at = 0; at < known && points > 1; ++at) {
-            steps.push_back(steps[at] + stride);
-        }
-    }
-    auto const cellsOf = [](std::int64_t points) { return points > 1 ? points - 1 : points; };
-    std::vector<std::int64_t> corners(steps.size());
-    for (std::int64_t k = 0; k < cellsOf(size.k); ++k) {
-        for (std::int64_t j = 0; j < cellsOf(size.j); ++j) {
-            for (std::int64_t i = 0; i < cellsOf(size.i); ++i) {
-                std::int64_t const slot = i + size.i * (j + size.j * k);
-                for (std::size_t at = 0; at < steps.size(); ++at) {
-                    corners[at] = slot + steps[at];
-                }
-                body(slot, corners.data(), steps.size());
-            }
-        }
-    }
-}
-
 template <typename Body>
 void forListedCells(Connectivity const& cells, Body const& body)
 {
@@ -80,7 +55,7 @@ std::shared_ptr<Buffer const> meansAtPoints(ZoneType_e type, ZoneDimensions cons
         }
     };
     if (type == ZoneType_Ordered) {
-        forOrderedCells(dimensions, add);
+        forOrderedCells(dimensions.i, dimensions.j, dimensions.k, add);
     } else if (dimensions.connectivity) {
         forListedCells(*dimensions.connectivity, add);
     }

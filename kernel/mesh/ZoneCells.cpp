@@ -1,7 +1,7 @@
 #include "kernel/mesh/ZoneCells.h"
 
-#include "kernel/data/CellSlots.h"
 #include "kernel/data/Zone.h"
+#include "kernel/storage/CellSlots.h"
 
 namespace veldraw::kernel {
 
@@ -11,35 +11,12 @@ using Shape = Connectivity::Shape;
 
 } // namespace
 
-Connectivity::Shape shapeOfCells(ZoneType_e type)
-{
-    switch (type) {
-    case ZoneType_FELineSeg:
-        return Shape::LineSegment;
-    case ZoneType_FETriangle:
-        return Shape::Triangle;
-    case ZoneType_FEQuad:
-        return Shape::Quad;
-    case ZoneType_FETetra:
-        return Shape::Tetrahedron;
-    case ZoneType_FEPolygon:
-        return Shape::Polygon;
-    case ZoneType_FEPolyhedron:
-        return Shape::Polyhedron;
-    case ZoneType_FEBrick:
-    case ZoneType_Ordered:
-    case ZoneType_FEMixed:
-        break;
-    }
-    return Shape::Brick;
-}
-
 ZoneCells::ZoneCells(ZoneType_e type, ZoneDimensions dimensions, Coordinates coordinates)
     : m_type(type)
     , m_dimensions(std::move(dimensions))
     , m_slotCount(Zone({}, type, m_dimensions.i, m_dimensions.j, m_dimensions.k).valueCount(ValueLocation_CellCentered))
     , m_hidden(m_dimensions.blanking ? m_dimensions.blanking->hidden(ValueLocation_CellCentered) : nullptr)
-    , m_shape(shapeOfCells(type))
+    , m_shape(Connectivity::shapeOf(type))
     , m_steps{}
 {
     for (std::size_t axis = 0; axis < 3; ++axis) {

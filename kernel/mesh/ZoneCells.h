@@ -20,9 +20,6 @@ struct Cell
     std::int64_t const* faces = nullptr; ///< of a polyhedron, as in Connectivity::faceStream
 };
 
-/// The shape of the cells of a finite-element zone that has one for all.
-Connectivity::Shape shapeOfCells(ZoneType_e type);
-
 /// The cells of a zone, and where their corners are. Cells of an ordered zone are made when they are asked for: bricks, or
 /// quadrilaterals when one dimension is 1.
 class ZoneCells

@@ -6,53 +6,10 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace veldraw::kernel {
 
 namespace {
-
-template <typename Integer>
-double highest()
-{
-    return static_cast<double>(std::numeric_limits<Integer>::max());
-}
-
-/// The largest value that a type of whole numbers, or single precision, can store.
-double largest(FieldDataType_e type)
-{
-    switch (type) {
-    case FieldDataType_Float:
-        return highest<float>();
-    case FieldDataType_Int32:
-        return highest<std::int32_t>();
-    case FieldDataType_Int16:
-        return highest<std::int16_t>();
-    case FieldDataType_Byte:
-        return highest<std::uint8_t>();
-    case FieldDataType_Bit:
-        return 1.0;
-    case FieldDataType_Double:
-        break;
-    }
-    return highest<double>();
-}
-
-double smallest(FieldDataType_e type)
-{
-    switch (type) {
-    case FieldDataType_Byte:
-    case FieldDataType_Bit:
-        return 0.0;
-    case FieldDataType_Int32:
-    case FieldDataType_Int16:
-        return -largest(type) - 1.0;
-    case FieldDataType_Float:
-    case FieldDataType_Double:
-        break;
-    }
-    return -largest(type);
-}
 
 std::shared_ptr<Buffer> converted(Buffer const& source, FieldDataType_e type, Progress const& progress)
 {
@@ -90,7 +47,7 @@ void InterpolatedField::set(std::int64_t slot, double value)
     double stored = value;
     if (std::isfinite(value)) {
         double const whole = isOfWholeNumbers() ? std::round(value) : value;
-        stored = std::clamp(whole, smallest(m_type), largest(m_type));
+        stored = std::clamp(whole, leastOf(m_type), largestOf(m_type));
         if (stored < whole || stored > whole) {
             ++m_cutCount;
         }

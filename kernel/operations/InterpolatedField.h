@@ -2,6 +2,7 @@
 
 #include "kernel/base/Progress.h"
 #include "kernel/data/DeferredLoad.h"
+#include "kernel/storage/ValueType.h"
 
 #include <atomic>
 
@@ -28,7 +29,7 @@ public:
     /// Number of values that were cut to the limits of their type.
     std::int64_t cutCount() const { return m_cutCount; }
 
-    bool isOfWholeNumbers() const { return m_type != FieldDataType_Float && m_type != FieldDataType_Double; }
+    bool isOfWholeNumbers() const { return kernel::isOfWholeNumbers(m_type); }
 
     /// The field for the zone, once all values have been stored. @throws Interrupted, std::bad_alloc
     NewField take(Progress const& progress);

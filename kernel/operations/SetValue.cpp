@@ -2,11 +2,11 @@
 
 #include "kernel/base/Text.h"
 #include "kernel/compute/CopyValues.h"
-#include "kernel/data/CellSlots.h"
 #include "kernel/data/ValueEdit.h"
+#include "kernel/storage/CellSlots.h"
+#include "kernel/storage/ValueType.h"
 
 #include <cmath>
-#include <limits>
 
 namespace veldraw::kernel {
 
@@ -15,63 +15,30 @@ namespace {
 constexpr char noValues[] =
     "The variable is passive in this zone: it has no values there, reads as 0 and cannot be edited.";
 
-struct Span
+bool fits(double value, FieldDataType_e type)
 {
-    char const* kind; ///< what the numbers are called; null when every number can be stored
-    double min;
-    double max;
-};
-
-template <typename Number>
-Span spanOf(char const* kind)
-{
-    using Limits = std::numeric_limits<Number>;
-    return {kind, static_cast<double>(Limits::lowest()), static_cast<double>(Limits::max())};
-}
-
-Span spanOf(FieldDataType_e type)
-{
-    switch (type) {
-    case FieldDataType_Float:
-        return spanOf<float>("single-precision numbers");
-    case FieldDataType_Int32:
-        return spanOf<std::int32_t>("whole numbers");
-    case FieldDataType_Int16:
-        return spanOf<std::int16_t>("whole numbers");
-    case FieldDataType_Byte:
-        return spanOf<std::uint8_t>("whole numbers");
-    case FieldDataType_Bit:
-        return {"whole numbers", 0.0, 1.0};
-    case FieldDataType_Double:
-        break;
-    }
-    return {nullptr, 0.0, 0.0};
-}
-
-bool fits(double value, FieldDataType_e type, Span const& span)
-{
-    if (type == FieldDataType_Float) {
-        return !std::isfinite(value) || std::isfinite(static_cast<float>(value));
+    if (type == FieldDataType_Double || type == FieldDataType_Float) {
+        return type == FieldDataType_Double || !std::isfinite(value) || std::isfinite(static_cast<float>(value));
     }
     double const stored =
         type == FieldDataType_Bit ? value : std::round(value); // anything between 0 and 1 sets the bit
-    return stored >= span.min && stored <= span.max;
+    return stored >= leastOf(type) && stored <= largestOf(type);
 }
 
 /// Why a number is beyond the limits of @p type, with these limits; empty when it can be stored. Integer types round it
 /// first. Single precision takes infinities and NaN, but no finite number that would become infinite.
 std::string reasonAgainstStoring(double value, FieldDataType_e type)
 {
-    Span const span = spanOf(type);
-    if (span.kind == nullptr || fits(value, type, span)) {
+    if (fits(value, type)) {
         return {};
     }
-    bool const isSingle = type == FieldDataType_Float;
-    auto const limit = [isSingle](double number) {
-        return isSingle ? textOf(static_cast<float>(number)) : std::to_string(static_cast<long long>(number));
+    bool const isWhole = isOfWholeNumbers(type);
+    auto const limit = [isWhole](double number) {
+        return isWhole ? std::to_string(static_cast<long long>(number)) : textOf(static_cast<float>(number));
     };
-    return "The value " + textOf(value) + " cannot be stored: the variable has " + span.kind + " from " +
-           limit(span.min) + " to " + limit(span.max) + ".";
+    return "The value " + textOf(value) + " cannot be stored: the variable has " +
+           (isWhole ? "whole" : "single-precision") + " numbers from " + limit(leastOf(type)) + " to " +
+           limit(largestOf(type)) + ".";
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 #include "kernel/compute/ValueBlock.h"
 #include "kernel/mesh/PointMeans.h"
 #include "kernel/operations/ReportText.h"
+#include "kernel/storage/ValueType.h"
 
 #include <cmath>
 #include <limits>

@@ -1,6 +1,7 @@
 #include "kernel/operations/TriangulatedField.h"
 
 #include "kernel/compute/ValueBlock.h"
+#include "kernel/storage/ValueType.h"
 
 #include <cmath>
 
@@ -9,11 +10,6 @@ namespace veldraw::kernel {
 namespace {
 
 using Number = TriangulatedPoints::Number;
-
-bool isOfWholeNumbers(FieldDataType_e type)
-{
-    return type != FieldDataType_Float && type != FieldDataType_Double;
-}
 
 void store(double const* values, std::int64_t first, std::int64_t count, Buffer& target)
 {
@@ -89,16 +85,6 @@ std::shared_ptr<Buffer> TriangulatedField::make(FieldDataType_e type, Progress& 
         store(values, first, number, *result);
     });
     return result;
-}
-
-FieldDataType_e commonType(FieldDataType_e a, FieldDataType_e b)
-{
-    constexpr std::array<FieldDataType_e, 6> byWidth{FieldDataType_Bit,   FieldDataType_Byte,  FieldDataType_Int16,
-                                                     FieldDataType_Int32, FieldDataType_Float, FieldDataType_Double};
-    auto const widthOf = [&](FieldDataType_e type) { return std::find(byWidth.begin(), byWidth.end(), type); };
-    FieldDataType_e const narrow = widthOf(a) < widthOf(b) ? a : b;
-    FieldDataType_e const wide = widthOf(a) < widthOf(b) ? b : a;
-    return narrow == FieldDataType_Int32 && wide == FieldDataType_Float ? FieldDataType_Double : wide;
 }
 
 } // namespace veldraw::kernel

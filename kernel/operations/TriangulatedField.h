@@ -41,7 +41,4 @@ private:
     int m_axis;
 };
 
-/// The narrowest type that holds each value of both types; for 32-bit whole numbers and single precision that is double.
-FieldDataType_e commonType(FieldDataType_e a, FieldDataType_e b);
-
 } // namespace veldraw::kernel

@@ -1,6 +1,7 @@
 #include "kernel/storage/RangeOfParts.h"
 
 #include "kernel/base/Parallel.h"
+#include "kernel/storage/CellSlots.h"
 
 #include <algorithm>
 #include <cmath>
@@ -78,12 +79,10 @@ void addCells(Buffer const& buffer, CountedValues const& counted, std::int64_t f
 {
     auto const [iDim, jDim, kDim] = counted.cellsOf;
     for (std::int64_t row = first / iDim; row * iDim < last; ++row) {
-        bool const unusedJ = jDim > 1 && row % jDim == jDim - 1;
-        bool const unusedK = kDim > 1 && row / jDim == kDim - 1;
-        if (unusedJ || unusedK) {
+        if (!hasCell(row * iDim, iDim, jDim, kDim)) {
             continue;
         }
-        std::int64_t const rowEnd = row * iDim + std::max<std::int64_t>(iDim - 1, 1);
+        std::int64_t const rowEnd = row * iDim + cellsAlong(iDim);
         addVisible(buffer, counted.hidden.get(), std::max(first, row * iDim), std::min(last, rowEnd), limits);
     }
 }

@@ -3,7 +3,6 @@
 #include "app/import/cells/CellConversion.h"
 #include "app/import/cells/CellList.h"
 #include "app/import/cells/FaceCount.h"
-#include "app/vtk/CellShapes.h"
 
 #include <vtkCellType.h>
 
@@ -88,7 +87,7 @@ ZoneType_e zoneTypeOf(kernel::Connectivity const& cells, ZoneType_e wanted)
     if (same) {
         for (auto type : {ZoneType_FETriangle, ZoneType_FEQuad, ZoneType_FETetra, ZoneType_FEBrick, ZoneType_FELineSeg,
                           ZoneType_FEPolyhedron}) {
-            if (shapeOf(type) == first)
+            if (kernel::Connectivity::shapeOf(type) == first)
                 return type;
         }
     }

@@ -21,7 +21,7 @@ void ShownValues::set(int zone, toolbox::Set const& variables)
         if (auto const variable = dataSet->variable(number))
             values.variables.insert(variable->id);
     }
-    m_declared = session.declareShown(std::move(values));
+    m_declared = session.loadedValues().declareShown(std::move(values));
 }
 
 void ShownValues::clear()

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "kernel/base/Identifier.h"
-#include "kernel/data/ActiveArray.h"
 #include "kernel/data/AuxiliaryData.h"
 #include "kernel/data/Blanking.h"
 #include "kernel/data/Connectivity.h"
@@ -18,6 +17,14 @@ namespace veldraw::kernel {
 
 /// Strand number of a zone that belongs to no time strand.
 constexpr int staticStrand = 2147483646;
+
+/// An array that the file of a zone names for a purpose, for instance as the vectors that a program is to show first.
+struct ActiveArray
+{
+    std::string purpose; ///< as the file spells it: "Scalars", "Vectors" and so on
+    ValueLocation_e location;
+    UniqueId variable; ///< of the array's first component
+};
 
 /// A block of points with its cells, and one field for each variable of the data set.
 ///

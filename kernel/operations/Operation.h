@@ -20,7 +20,8 @@ class Pages;
 ///
 ///     bool const isDone = session.perform(DeleteVariables(dataSet, {3, 5}));
 ///
-/// Only the session calls the members below, in the order in which they are declared. It also does what all operations have in
+/// Only the session calls the members below: find() first, then the reasons against the operation, needs() and compute() where it
+/// is long, makeChange(), and remark() when it has succeeded; name() and onlyLoads() at any time after find(). It also does what all operations have in
 /// common: it runs one at a time, refuses one whose data set is locked, loads values, computes on a separate thread, stops after a
 /// cancel, adds the step to the history and stores the reason of a refusal.
 ///

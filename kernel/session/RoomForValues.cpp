@@ -79,7 +79,7 @@ void RoomForValues::makeRoom(double bytes)
 
 void RoomForValues::keepWithinLimit() noexcept
 {
-    auto const limit = static_cast<double>(m_session.loadedValuesLimit());
+    auto const limit = static_cast<double>(m_session.loadedValues().limit());
     try {
         if (loadedBytesAtMost() <= limit) {
             return;
@@ -113,7 +113,7 @@ SpareValues RoomForValues::spareValues() const
     SpareValues spare;
     Groups shownGroups;
     auto const isNeeded = [&](ShareGroup const& group) { return shownGroups.count(&group) > 0 || m_load.needs(group); };
-    auto const shownBesideFrames = m_session.shownValues();
+    auto const shownBesideFrames = m_session.loadedValues().shown();
     for (auto const& dataSet : m_session.pages().dataSets()) {
         for (auto const& values : shownBesideFrames) {
             addShown(*dataSet, *values, shownGroups);

@@ -29,7 +29,7 @@ Session& Session::instance()
 
 Session::Session()
     : m_history(partOfMemory(4))
-    , m_loadedValuesLimit(partOfMemory(2))
+    , m_loadedValues(*this, partOfMemory(2))
     , m_mouseMode(static_cast<int>(MouseMode::Select))
     , m_style(std::make_unique<StyleTree>(m_pages, m_events, *this))
 {

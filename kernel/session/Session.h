@@ -4,8 +4,8 @@
 #include "kernel/frames/Display.h"
 #include "kernel/frames/Pages.h"
 #include "kernel/operations/Operation.h"
+#include "kernel/session/LoadedValues.h"
 #include "kernel/session/LongWork.h"
-#include "kernel/session/ShownValues.h"
 #include "kernel/undo/History.h"
 
 #include <functional>
@@ -27,8 +27,8 @@ class StyleTree;
 ///
 /// An operation is checked first, then carried out as a whole or not at all. It sends its events and becomes a step of the
 /// history. An operation that is refused changes nothing, sends nothing and leaves its reason in lastError(). Members of
-/// this class do what cannot be undone: opening pages, activating a frame, changing the state of the work area. They are
-/// refused in the same way.
+/// this class do what cannot be undone: those for pages and frames are refused in the same way. What the user does in the
+/// work area and what the screen does goes on while an operation computes, since it touches no data.
 ///
 /// Call the session on the user-interface thread only. While an operation computes, every other one is refused.
 class Session final : public OperationPerformer
@@ -45,6 +45,10 @@ public:
     History& history() { return m_history; }
     History const& history() const { return m_history; }
     StyleTree& style() { return *m_style; }
+
+    /// What stays loaded of values on demand; at most half of the machine's memory at first.
+    LoadedValues& loadedValues() { return m_loadedValues; }
+    LoadedValues const& loadedValues() const { return m_loadedValues; }
 
     // ---- operations ------------------------------------------------------------------------------------------------
     /// Carries out an operation. Refused while another one computes.
@@ -77,7 +81,8 @@ public:
     /// Replaces all pages by an empty one and clears the history. Events 16, 10.
     void clear();
 
-    /// Removes all pages and clears the history. Event 16.
+    /// Removes all pages and clears the history. Event 16. For an application that starts without a page; ours always
+    /// has one.
     void removeAllPages();
 
     /// Replaces all pages by one with @p frames in a grid, the first of them active, and clears the history. Events 16, 10.
@@ -101,24 +106,6 @@ public:
     bool nextFrameInLoop() { return m_pages.nextInLoop(); }
     void endFrameLoop() { m_pages.endLoop(); }
     FrameLoop exchangeFrameLoop(FrameLoop loop) { return m_pages.exchangeLoop(std::move(loop)); }
-
-    // ---- values on demand ------------------------------------------------------------------------------------------
-    /// Limit in bytes for loaded values that could be loaded again; half of the machine's memory at first. Setting it
-    /// unloads values above the limit at once.
-    ///
-    /// Values are unloaded only when they exceed the limit, or when a load or an operation does not get memory; those that
-    /// have not been used for the longest time are unloaded first. Values stay loaded if they have been altered, cannot be
-    /// loaded again, are wanted in some zone, are declared by declareShown(), or are those of a variable that a frame
-    /// shows. Values that were unloaded for a load that then fails are not loaded again.
-    std::int64_t loadedValuesLimit() const { return m_loadedValuesLimit; }
-    void setLoadedValuesLimit(std::int64_t bytes);
-
-    /// Declares values that something beside the frames shows. They stay loaded as long as the result lives.
-    /// @throws std::bad_alloc
-    std::shared_ptr<ShownValues const> declareShown(ShownValues values);
-
-    /// All that is declared. @throws std::bad_alloc
-    std::vector<std::shared_ptr<ShownValues const>> shownValues() const;
 
     // ---- long work -------------------------------------------------------------------------------------------------
     bool isBusy() const { return m_work.isBusy(); } ///< every operation is refused then
@@ -172,8 +159,7 @@ private:
     History m_history;
     Pages m_pages;
     LongWork m_work;
-    std::int64_t m_loadedValuesLimit;
-    std::vector<std::weak_ptr<ShownValues const>> m_shownValues;
+    LoadedValues m_loadedValues;
     std::vector<Pick> m_picks;
     int m_mouseMode;
     Display* m_display = nullptr;

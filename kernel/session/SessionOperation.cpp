@@ -4,8 +4,6 @@
 #include "kernel/session/SessionGuard.h"
 #include "kernel/style/StyleTree.h"
 
-#include <algorithm>
-
 namespace veldraw::kernel {
 
 bool Session::perform(Operation& operation) noexcept
@@ -94,40 +92,6 @@ void Session::runOperation(std::string const& name, std::function<void(Progress&
     StyleTree::Hold const unchanged(
         *m_style); // destroyed last: the style writes that it carries out are operations as well
     m_work.run(name, work);
-}
-
-void Session::setLoadedValuesLimit(std::int64_t bytes)
-{
-    m_loadedValuesLimit = bytes;
-    guarded([&] {
-        auto const dataSets = m_pages.dataSets();
-        if (!dataSets.empty()) {
-            DeferredLoad const nothing(*dataSets.front());
-            RoomForValues(*this, nothing).keepWithinLimit();
-        }
-        return true;
-    });
-}
-
-std::shared_ptr<ShownValues const> Session::declareShown(ShownValues values)
-{
-    m_shownValues.erase(std::remove_if(m_shownValues.begin(), m_shownValues.end(),
-                                       [](auto const& declared) { return declared.expired(); }),
-                        m_shownValues.end());
-    auto declared = std::make_shared<ShownValues const>(std::move(values));
-    m_shownValues.push_back(declared);
-    return declared;
-}
-
-std::vector<std::shared_ptr<ShownValues const>> Session::shownValues() const
-{
-    std::vector<std::shared_ptr<ShownValues const>> result;
-    for (std::weak_ptr<ShownValues const> const& declared : m_shownValues) {
-        if (auto values = declared.lock()) {
-            result.push_back(std::move(values));
-        }
-    }
-    return result;
 }
 
 } // namespace veldraw::kernel

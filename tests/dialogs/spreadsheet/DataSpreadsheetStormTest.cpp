@@ -118,9 +118,9 @@ protected:
         int const before = loadedFields();
         stage.session().perform(kernel::MakeVariablesAvailable(
             stage.dataSet(), below(2) == 0 ? allZones() : kernel::NumberSet{someZone()}, {someVariable()}));
-        std::int64_t const limit = stage.session().loadedValuesLimit();
-        stage.session().setLoadedValuesLimit(0); // memory asks for what nobody wants
-        stage.session().setLoadedValuesLimit(limit);
+        std::int64_t const limit = stage.session().loadedValues().limit();
+        stage.session().loadedValues().setLimit(0); // memory asks for what nobody wants
+        stage.session().loadedValues().setLimit(limit);
         m_done["load"] += loadedFields() > before ? 1 : 0;
         m_done["unload"] += loadedFields() < before ? 1 : 0;
     }

@@ -44,9 +44,9 @@ protected:
     {
         kernel::Session& session = stage.session();
         EXPECT_TRUE(session.perform(kernel::LoadVariables(stage.dataSet(), {1, 2, 3}, {1, 2, 3})));
-        std::int64_t const limit = session.loadedValuesLimit();
-        session.setLoadedValuesLimit(0);
-        session.setLoadedValuesLimit(limit);
+        std::int64_t const limit = session.loadedValues().limit();
+        session.loadedValues().setLimit(0);
+        session.loadedValues().setLimit(limit);
         std::vector<std::string> left;
         for (int zone = 1; zone <= 3; ++zone) {
             for (int variable = 1; variable <= 3; ++variable) {

@@ -151,11 +151,11 @@ TEST_F(CFunctions, UseTheValuesThatTheyRead)
         ASSERT_TRUE(session.perform(LoadVariables(*dataSet, {zone}, {1})));
     }
     EXPECT_EQ(VelUtilDataValueGetByZoneVar(1, 1, 2), 2.0);
-    std::int64_t const limit = session.loadedValuesLimit();
-    session.setLoadedValuesLimit(6 * 4);
+    std::int64_t const limit = session.loadedValues().limit();
+    session.loadedValues().setLimit(6 * 4);
     EXPECT_TRUE(VelUtilDataValueIsLoaded(1, 1)) << "was read last";
     EXPECT_FALSE(VelUtilDataValueIsLoaded(2, 1));
-    session.setLoadedValuesLimit(limit);
+    session.loadedValues().setLimit(limit);
 }
 
 TEST_F(CFunctions, MakeVariablesAvailable)

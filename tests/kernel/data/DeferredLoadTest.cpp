@@ -57,9 +57,9 @@ protected:
     /// Lets everything go that may go.
     void unloadSpare()
     {
-        std::int64_t const limit = session.loadedValuesLimit();
-        session.setLoadedValuesLimit(0);
-        session.setLoadedValuesLimit(limit);
+        std::int64_t const limit = session.loadedValues().limit();
+        session.loadedValues().setLimit(0);
+        session.loadedValues().setLimit(limit);
     }
 
     static constexpr int bytesOfField = 6 * 4;
@@ -124,7 +124,7 @@ TEST_F(LoadOnDemand, LetsTheLeastRecentlyUsedValuesGoAboveTheLimit)
 {
     session.perform(LoadVariables(*dataSet, {1}, {1}));
     session.perform(LoadVariables(*dataSet, {2}, {1}));
-    session.setLoadedValuesLimit(2 * bytesOfField);
+    session.loadedValues().setLimit(2 * bytesOfField);
     recorder.take();
     EXPECT_TRUE(field(1, 1).isLoaded() && field(2, 1).isLoaded()) << "just within it";
     session.perform(LoadVariables(*dataSet, {1}, {1})); // a use
@@ -142,7 +142,7 @@ TEST_F(LoadOnDemand, LetsGoAtOnceWhenTheLimitIsLowered)
 {
     session.perform(LoadVariables(*dataSet, {1, 2}, {1, 4}));
     recorder.take();
-    session.setLoadedValuesLimit(bytesOfField);
+    session.loadedValues().setLimit(bytesOfField);
     EXPECT_FALSE(field(1, 1).isLoaded() || field(1, 4).isLoaded());
     EXPECT_TRUE(field(2, 1).isLoaded()) << "was loaded last";
     EXPECT_THAT(recorder.take(), ElementsAre("21 zones 1 2 variables 1 4"));
@@ -211,9 +211,9 @@ TEST_F(LoadOnDemand, KeepsWhatIsDeclaredAsShownAsLongAsTheDeclarationLives)
 {
     UniqueId const x = dataSet->variable(1)->id;
     UniqueId const pressure = dataSet->variable(4)->id;
-    auto first = session.declareShown({dataSet->zone(1)->id, {x, 12345678}});
-    auto second = session.declareShown({dataSet->zone(2)->id, {pressure}});
-    auto const ofNoZone = session.declareShown({12345678, {x}});
+    auto first = session.loadedValues().declareShown({dataSet->zone(1)->id, {x, 12345678}});
+    auto second = session.loadedValues().declareShown({dataSet->zone(2)->id, {pressure}});
+    auto const ofNoZone = session.loadedValues().declareShown({12345678, {x}});
     session.perform(LoadVariables(*dataSet, {1, 2}, {1, 4}));
     unloadSpare();
     EXPECT_TRUE(field(1, 1).isLoaded());
@@ -238,7 +238,7 @@ TEST_F(LoadOnDemand, LetsTheValuesOfOtherDataSetsGoToo)
     zone->fields = {Loader::field(x2)};
     second->dataSet->addZone(zone);
     session.perform(AddFrame(second));
-    session.setLoadedValuesLimit(bytesOfField);
+    session.loadedValues().setLimit(bytesOfField);
     recorder.take();
     EXPECT_TRUE(session.perform(LoadVariables(*second->dataSet, {1}, {1})));
     EXPECT_TRUE(zone->fields[0].isLoaded());
@@ -272,9 +272,9 @@ TEST_F(LoadOnDemand, CountsTheWholeArrayForOneComponent)
     auto const group = std::make_shared<ShareGroup>(FieldDataType_Float, 6, x1);
     group->setLoaded(Buffer::adopt(FieldDataType_Float, 6, array->data(), 2, array));
     dataSet->zone(1)->fields[0] = Field(group, ValueLocation_Nodal);
-    session.setLoadedValuesLimit(2 * bytesOfField);
+    session.loadedValues().setLimit(2 * bytesOfField);
     EXPECT_TRUE(field(1, 1).isLoaded());
-    session.setLoadedValuesLimit(2 * bytesOfField - 1);
+    session.loadedValues().setLimit(2 * bytesOfField - 1);
     EXPECT_FALSE(field(1, 1).isLoaded());
 }
 
@@ -306,7 +306,7 @@ TEST_F(LoadOnDemand, LetsTheComponentsOfAnArrayGoTogetherOrNotAtAll)
     unloadSpare();
     EXPECT_TRUE(field(1, 1).isLoaded()) << "its memory stays for the other component";
     available({1}, {});
-    session.setLoadedValuesLimit(bytesOfField);
+    session.loadedValues().setLimit(bytesOfField);
     EXPECT_FALSE(field(1, 1).isLoaded() || field(1, 2).isLoaded());
 }
 

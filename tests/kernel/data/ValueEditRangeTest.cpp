@@ -207,7 +207,7 @@ TEST_F(EditMappedValue, GivesTheCopyARangeThatTakesThePlaceOfMappedValuesInUse)
     EXPECT_TRUE(session.undo());
     EXPECT_EQ(dataSet->zone(2)->range(4).min, 1);
     EXPECT_EQ(dataSet->zone(2)->range(4).max, 6);
-    session.setLoadedValuesLimit(0);
+    session.loadedValues().setLimit(0);
     EXPECT_TRUE(field(1, 4).isLoaded()) << "altered: the history writes there again";
 }
 

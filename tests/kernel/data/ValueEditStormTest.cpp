@@ -142,8 +142,8 @@ protected:
         }
         if (unloads) {
             noteWishes(zones, wanted);
-            session.setLoadedValuesLimit(0);
-            session.setLoadedValuesLimit(std::numeric_limits<std::int64_t>::max());
+            session.loadedValues().setLimit(0);
+            session.loadedValues().setLimit(std::numeric_limits<std::int64_t>::max());
             noteUnloads({});
         }
     }

@@ -294,7 +294,7 @@ TEST(Deferral, BringsAllForSavingWithoutLettingGoOfWhatIsLoaded)
     frame->dataSet = dataSet;
     kernel::Session session;
     session.openPage({frame});
-    session.setLoadedValuesLimit(0);
+    session.loadedValues().setLimit(0);
     ASSERT_TRUE(session.perform(kernel::LoadVariables(*dataSet, {1}, {dataSet->findVariable("q")})));
     ASSERT_TRUE(app::loadWholeDataSet(session, *dataSet));
     for (char const* name : {"p", "q", "r"})

@@ -72,7 +72,7 @@ void CurveLegend::layOut()
         return;
     bool const canList = m_curves.size() <= rowsIn(room);
     constexpr int linesOfWholeNames = 8;
-    if ((canList && list(room, linesOfWholeNames, false)) || standInColumns(room))
+    if ((canList && list(room, linesOfWholeNames, false)) || placeInColumns(room))
         return;
     for (int lines = linesOfWholeNames - 1; canList && lines > 1; --lines)
         if (list(room, lines, true))
@@ -98,7 +98,7 @@ bool CurveLegend::list(QSizeF const& room, int mostLines, bool canShorten)
 }
 
 // Places all names, uncut and in one line each, in as few columns as possible. @return false if they are too wide
-bool CurveLegend::standInColumns(QSizeF const& room)
+bool CurveLegend::placeInColumns(QSizeF const& room)
 {
     for (int const size : {PlotTheme::labelSize, smallestLabel}) {
         m_text->SetFontSize(size);

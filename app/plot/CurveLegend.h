@@ -63,7 +63,7 @@ private:
 
     void layOut();
     bool list(QSizeF const& room, int mostLines, bool canShorten);
-    bool standInColumns(QSizeF const& room);
+    bool placeInColumns(QSizeF const& room);
     void countTheRest(QSizeF const& room);
     void arrange(std::size_t columns);
     std::size_t rowsIn(QSizeF const& room) const;

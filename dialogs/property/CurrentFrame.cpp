@@ -21,4 +21,10 @@ bool currentFrameHasPlotType(PlotType_e plotType)
     return hasCurrentFrame() && VelUtilFrameGetPlotType() == plotType;
 }
 
+bool currentFrameShowsFieldPlot()
+{
+    return currentFrameHasDataSet() &&
+           (currentFrameHasPlotType(PlotType_Cartesian3D) || currentFrameHasPlotType(PlotType_Cartesian2D));
+}
+
 } // namespace veldraw::sdk::ui::propertymanager

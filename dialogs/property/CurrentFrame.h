@@ -13,4 +13,7 @@ bool currentFrameHasDataSet();
 /// There is a current frame and it has this plot type.
 bool currentFrameHasPlotType(PlotType_e plotType);
 
+/// The current frame has a data set and shows it in two or three dimensions.
+bool currentFrameShowsFieldPlot();
+
 } // namespace veldraw::sdk::ui::propertymanager

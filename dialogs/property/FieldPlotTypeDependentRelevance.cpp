@@ -5,18 +5,8 @@
 
 namespace veldraw::sdk::ui::propertymanager {
 
-namespace {
-
-bool showsFieldPlot()
-{
-    return currentFrameHasDataSet() &&
-           (currentFrameHasPlotType(PlotType_Cartesian3D) || currentFrameHasPlotType(PlotType_Cartesian2D));
-}
-
-} // namespace
-
 FieldPlotTypeDependentRelevance::FieldPlotTypeDependentRelevance()
-    : StateChangeDependentRelevance(common::isPlotTypeStateChange, showsFieldPlot)
+    : StateChangeDependentRelevance(common::isPlotTypeStateChange, currentFrameShowsFieldPlot)
 {
 }
 

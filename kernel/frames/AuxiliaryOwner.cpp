@@ -17,22 +17,25 @@ std::function<AuxiliaryData*()> findNothing()
 template <typename Owner>
 std::function<AuxiliaryData*()> findIn(std::shared_ptr<Owner> owner)
 {
-    if (!owner)
+    if (!owner) {
         return findNothing();
+    }
     return [owner] { return &owner->auxiliaryData; };
 }
 
 std::function<AuxiliaryData*()> findInDataSet(std::shared_ptr<DataSet> dataSet)
 {
-    if (!dataSet)
+    if (!dataSet) {
         return findNothing();
+    }
     return [dataSet] { return &dataSet->auxiliaryData(); };
 }
 
 std::function<AuxiliaryData*()> findInLineMap(std::shared_ptr<Frame> frame, int number)
 {
-    if (!frame || number < 1 || number > static_cast<int>(frame->lineMaps.size()))
+    if (!frame || number < 1 || number > static_cast<int>(frame->lineMaps.size())) {
         return findNothing();
+    }
     UniqueId const id = frame->lineMaps[static_cast<std::size_t>(number - 1)].id;
     return [frame, id]() -> AuxiliaryData* {
         auto const found = std::find_if(frame->lineMaps.begin(), frame->lineMaps.end(),

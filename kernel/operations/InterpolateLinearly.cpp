@@ -73,6 +73,17 @@ private:
     std::vector<WeightedPoint> m_weights;
 };
 
+/// Has what the next places need brought into the cache: the farther ahead, the less of their cells is known yet.
+void fetchAhead(CellSearch const& search, std::vector<ZoneCells> const& cells, std::int64_t at, std::int64_t count)
+{
+    for (int step = 0; step < 3; ++step) {
+        auto const ahead = static_cast<std::size_t>(std::min(at + 24 - 8 * step, count - 1));
+        if (auto const soon = search.cellAt(ahead)) {
+            cells[soon->zone].fetchAhead(soon->slot, step);
+        }
+    }
+}
+
 } // namespace
 
 std::string InterpolateLinearly::reasonAgainst() const
@@ -167,9 +178,7 @@ void InterpolateLinearly::interpolateGroup(Group const& group, Sources const& ce
     part.emplace(progress, group.places.slotCount());
     fill(group, search, bins, cells, counts, *part);
     for (std::int64_t const slot : bins.leftOut()) {
-        for (InterpolatedField* const target : group.targets) {
-            fillOutside(*target, slot);
-        }
+        fillOutside(group, slot);
     }
     auto const misplaced = static_cast<std::int64_t>(bins.leftOut().size());
     counts.outside += misplaced;
@@ -178,18 +187,24 @@ void InterpolateLinearly::interpolateGroup(Group const& group, Sources const& ce
     counts.unplacedCells = search.unplacedCount();
 }
 
+InterpolateLinearly::ValuesOfGroup InterpolateLinearly::valuesOf(Group const& group) const
+{
+    ValuesOfGroup result;
+    for (InterpolatedField const* const target : group.targets) {
+        result.emplace_back();
+        for (int const zone : sources()) {
+            result.back().push_back(
+                {QuickReader(values(zone, target->variable())), dataSet().field(zone, target->variable())->location()});
+        }
+    }
+    return result;
+}
+
 /// Stores the values of all places whose coordinates are finite.
 void InterpolateLinearly::fill(Group const& group, CellSearch const& search, PointBins const& bins,
                                Sources const& cells, Counts& counts, Progress& progress) const
 {
-    std::vector<std::vector<SourceValues>> values; // by variable and zone
-    for (InterpolatedField const* const target : group.targets) {
-        values.emplace_back();
-        for (int const zone : sources()) {
-            values.back().push_back({QuickReader(this->values(zone, target->variable())),
-                                     dataSet().field(zone, target->variable())->location()});
-        }
-    }
+    ValuesOfGroup const values = valuesOf(group);
     auto const count = static_cast<std::int64_t>(bins.size());
     progress.setTotal(count);
     parallelFor(count, [&](std::int64_t first, std::int64_t last, std::int64_t) {
@@ -202,40 +217,52 @@ void InterpolateLinearly::fill(Group const& group, CellSearch const& search, Poi
                 progress.check();
                 progress.advance(std::min(blockSize, last - at));
             }
-            for (int step = 0; step < 3; ++step) {
-                auto const ahead = static_cast<std::size_t>(std::min(at + 24 - 8 * step, count - 1));
-                if (auto const soon = search.cellAt(ahead)) {
-                    cells[soon->zone].fetchAhead(soon->slot, step);
-                }
-            }
+            fetchAhead(search, cells, at, count);
             auto const position = static_cast<std::size_t>(at);
             std::optional<CellSearch::Found> const found = search.cellAt(position);
-            outside += found ? 0 : 1;
-            auto const* const weights = found ? &reader.weights(*found, bins.point(position)) : nullptr;
+            if (found) {
+                auto const& weights = reader.weights(*found, bins.point(position));
+                withoutNumber += fillInside(group, values, *found, weights, bins.slot(position));
+            } else {
+                fillOutside(group, bins.slot(position));
+                ++outside;
+            }
             effort += reader.partCount();
             if (effort > effortUnchecked) {
                 progress.check();
                 effort = 0;
             }
-            for (std::size_t variable = 0; variable < group.targets.size(); ++variable) {
-                double value = std::numeric_limits<double>::quiet_NaN();
-                if (found) {
-                    SourceValues const& source = values[variable][found->zone];
-                    value = source.location == ValueLocation_Nodal ? mixed(source.values, *weights)
-                                                                   : source.values.at(found->slot);
-                    withoutNumber += std::isfinite(value) ? 0 : 1;
-                }
-                InterpolatedField& target = *group.targets[variable];
-                if (std::isfinite(value)) {
-                    target.set(bins.slot(position), value);
-                } else {
-                    fillOutside(target, bins.slot(position));
-                }
-            }
         }
         counts.outside += outside;
         counts.withoutNumber += withoutNumber;
     });
+}
+
+/// Stores what the values at the corners mix to, for all variables. @return how many values are no finite number
+std::int64_t InterpolateLinearly::fillInside(Group const& group, ValuesOfGroup const& values,
+                                             CellSearch::Found const& cell, std::vector<WeightedPoint> const& weights,
+                                             std::int64_t slot) const
+{
+    std::int64_t withoutNumber = 0;
+    for (std::size_t variable = 0; variable < group.targets.size(); ++variable) {
+        SourceValues const& source = values[variable][cell.zone];
+        double const value =
+            source.location == ValueLocation_Nodal ? mixed(source.values, weights) : source.values.at(cell.slot);
+        if (std::isfinite(value)) {
+            group.targets[variable]->set(slot, value);
+        } else {
+            fillOutside(*group.targets[variable], slot);
+            ++withoutNumber;
+        }
+    }
+    return withoutNumber;
+}
+
+void InterpolateLinearly::fillOutside(Group const& group, std::int64_t slot) const
+{
+    for (InterpolatedField* const target : group.targets) {
+        fillOutside(*target, slot);
+    }
 }
 
 void InterpolateLinearly::fillOutside(InterpolatedField& target, std::int64_t slot) const

@@ -58,12 +58,17 @@ private:
     };
 
     using Sources = std::vector<ZoneCells>;
+    using ValuesOfGroup = std::vector<std::vector<SourceValues>>; ///< by variable and source zone
 
     std::string reasonAgainstSource(std::string const& name, int dimensionality) const;
     Sources sourceCells() const;
     void interpolateGroup(Group const& group, Sources const& cells, Counts& counts, Progress& progress) const;
     void fill(Group const& group, CellSearch const& search, PointBins const& bins, Sources const& cells, Counts& counts,
               Progress& progress) const;
+    ValuesOfGroup valuesOf(Group const& group) const;
+    std::int64_t fillInside(Group const& group, ValuesOfGroup const& values, CellSearch::Found const& cell,
+                            std::vector<WeightedPoint> const& weights, std::int64_t slot) const;
+    void fillOutside(Group const& group, std::int64_t slot) const;
     void fillOutside(InterpolatedField& target, std::int64_t slot) const;
     std::string report(Counts const& counts) const;
 

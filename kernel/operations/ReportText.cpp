@@ -27,9 +27,9 @@ std::string twoDigits(double number)
     return text;
 }
 
-std::string counted(std::int64_t count, std::string const& noun)
+std::string counted(std::int64_t count, std::string const& noun, std::string const& nouns)
 {
-    return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
+    return std::to_string(count) + " " + (count == 1 ? noun : nouns.empty() ? noun + "s" : nouns);
 }
 
 double secondsSince(std::chrono::steady_clock::time_point start)

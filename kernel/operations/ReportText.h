@@ -9,8 +9,8 @@ namespace veldraw::kernel {
 
 /// Pieces of what operations tell the message log.
 
-/// "1 point", "2 points".
-std::string counted(std::int64_t count, std::string const& noun);
+/// "1 point", "2 points". @param nouns for more than one; empty where they end in s
+std::string counted(std::int64_t count, std::string const& noun, std::string const& nouns = {});
 
 /// A name in quotation marks.
 std::string quoted(std::string const& name);

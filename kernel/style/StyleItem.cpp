@@ -8,8 +8,9 @@ std::string textOf(StylePath const& path)
 {
     std::string text;
     for (std::string const& name : path) {
-        if (!text.empty())
+        if (!text.empty()) {
             text += ", ";
+        }
         text += name;
     }
     return text;

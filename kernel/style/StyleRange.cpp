@@ -13,12 +13,15 @@ constexpr double twoToThe63 = 9223372036854775808.0;
 
 long long cutOff(double real)
 {
-    if (std::isnan(real))
+    if (std::isnan(real)) {
         return 0;
-    if (real >= twoToThe63)
+    }
+    if (real >= twoToThe63) {
         return std::numeric_limits<long long>::max();
-    if (real < -twoToThe63)
+    }
+    if (real < -twoToThe63) {
         return std::numeric_limits<long long>::min();
+    }
     return static_cast<long long>(real);
 }
 
@@ -69,8 +72,9 @@ StyleRange StyleRange::above(double min, double max)
 
 bool StyleRange::contains(StyleNumber const& number) const
 {
-    if (m_type == Type::Whole)
+    if (m_type == Type::Whole) {
         return number.isWhole() && number.whole >= m_min.whole && number.whole <= m_max.whole;
+    }
     bool const passesMin = m_includesMin ? number.real >= m_min.real : number.real > m_min.real;
     return std::isfinite(number.real) && passesMin && number.real <= m_max.real;
 }
@@ -93,11 +97,13 @@ std::string StyleRange::wholeText() const
 std::string StyleRange::realText() const
 {
     std::string text = "a number greater than ";
-    if (m_includesMin)
+    if (m_includesMin) {
         text += "or equal to ";
+    }
     text += textOf(m_min.real);
-    if (std::isfinite(m_max.real))
+    if (std::isfinite(m_max.real)) {
         text += " and less than or equal to " + textOf(m_max.real);
+    }
     return text;
 }
 

@@ -24,7 +24,6 @@ NAMED_OTHERWISE = {
     'tests/dialogs/interpolation/InterpolationsTest.cpp': 'all dialogs that interpolate',
     'tests/dialogs/models/StockListModelsTest.cpp': 'all lists of zones, variables and line maps',
     'tests/dialogs/zoneops/CreationGuardsTest.cpp': 'all dialogs that create zones',
-    'tests/host/ExceptionTest.cpp': 'all exceptions of the platform, which have one base',
     'tests/host/IdleTest.cpp': 'all ways to wait for idle',
     'tests/host/WithoutApplicationTest.cpp': 'all of the host, where there is no application object',
     'tests/kernel/api/VelUtilTest.cpp': 'the C functions together',

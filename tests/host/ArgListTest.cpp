@@ -4,7 +4,6 @@
 #include "platform/vdtoolbox/Set.h"
 
 #include <gtest/gtest.h>
-
 #include <set>
 
 namespace veldraw::tests {

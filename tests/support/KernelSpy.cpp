@@ -2,12 +2,11 @@
 
 #include "kernel/base/NumberSet.h"
 
-#include <dlfcn.h>
-
 #include <algorithm>
 #include <cassert>
 #include <cstdio>
 #include <cstdlib>
+#include <dlfcn.h>
 #include <map>
 #include <sstream>
 

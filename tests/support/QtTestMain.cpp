@@ -2,10 +2,9 @@
 #include <QLocale>
 #include <QString>
 
-#include <gtest/gtest.h>
-
 #include <clocale>
 #include <cstdio>
+#include <gtest/gtest.h>
 
 namespace {
 

@@ -1,11 +1,10 @@
 // Linked into test programs over mutants: says which mutant is in force, and takes down which tests reach which.
 #include "Mutation.h"
 
-#include <gtest/gtest.h>
-
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
+#include <gtest/gtest.h>
 #include <vector>
 
 namespace {

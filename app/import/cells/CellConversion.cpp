@@ -2,6 +2,7 @@
 
 #include "app/files/ImportError.h"
 #include "app/vtk/CellShapes.h"
+#include "kernel/operations/ReportText.h"
 
 #include <vtkCellType.h>
 #include <vtkCellTypes.h>
@@ -67,18 +68,13 @@ bool hasKernelShape(unsigned char type)
            type == VTK_POLYHEDRON;
 }
 
-std::string counted(std::int64_t count, char const* one, char const* many)
-{
-    return std::to_string(count) + " " + (count == 1 ? one : many);
-}
-
 } // namespace
 
 bool isKernelCell(unsigned char vtkType, std::int64_t pointCount)
 {
     if (!hasKernelShape(vtkType))
         return false;
-    int const corners = cornerCount(kernelShapeOf(vtkType));
+    int const corners = kernel::Connectivity::cornerCount(kernelShapeOf(vtkType));
     return corners == 0 ? pointCount >= 3 : pointCount == corners;
 }
 
@@ -157,7 +153,7 @@ void CellConversion::addCell(CellList const& list, std::int64_t cell)
     if (addReordered(type, points, size) || addDecomposed(type, points, size) || addCorners(type, points, size))
         return;
     throw ImportError("its cell " + std::to_string(m_source + 1) + " of type " +
-                      vtkCellTypes::GetClassNameFromTypeId(type) + " with " + counted(size, "point", "points") +
+                      vtkCellTypes::GetClassNameFromTypeId(type) + " with " + kernel::counted(size, "point") +
                       " cannot be read");
 }
 
@@ -206,9 +202,10 @@ bool CellConversion::addCorners(unsigned char type, std::int64_t const* points, 
     if (straight < 0)
         return false;
     Shape const shape = kernelShapeOf(static_cast<unsigned char>(straight));
-    if (size < cornerCount(shape))
+    int const corners = kernel::Connectivity::cornerCount(shape);
+    if (size < corners)
         return false;
-    m_cells.add(shape, points, cornerCount(shape), m_source);
+    m_cells.add(shape, points, corners, m_source);
     ++m_linearised;
     return true;
 }
@@ -217,15 +214,16 @@ std::vector<std::string> CellConversion::remarks() const
 {
     std::vector<std::string> result;
     if (m_linearised > 0)
-        result.push_back(counted(m_linearised, "cell", "cells") +
+        result.push_back(kernel::counted(m_linearised, "cell") +
                          " of higher order became straight; their inner points belong to no cell");
     if (m_decomposed > 0)
-        result.push_back(counted(m_decomposed, "polyline or triangle strip was", "polylines or triangle strips were") +
-                         " taken apart");
+        result.push_back(
+            kernel::counted(m_decomposed, "polyline or triangle strip was", "polylines or triangle strips were") +
+            " taken apart");
     if (m_vertices > 0)
-        result.push_back(counted(m_vertices, "vertex", "vertices") + " among other cells left out");
+        result.push_back(kernel::counted(m_vertices, "vertex", "vertices") + " among other cells left out");
     if (m_degenerate > 0)
-        result.push_back(counted(m_degenerate, "cell", "cells") + " with too few points left out");
+        result.push_back(kernel::counted(m_degenerate, "cell") + " with too few points left out");
     return result;
 }
 

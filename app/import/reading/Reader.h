@@ -22,6 +22,19 @@ struct ImportContext
 };
 
 /// Reads the files of one format.
+///
+///     std::vector<ImportedZone> ListReader::read(std::string const& path, ImportContext const& context)
+///     {
+///         std::shared_ptr<kernel::Buffer> const values = readList(path, context.progress); // throws ImportError("The list has no end.")
+///         ImportedZone zone;
+///         zone.zone = std::make_shared<kernel::Zone>(context.title, ZoneType_Ordered, values->size(), 1, 1);
+///         zone.addField("X", kernel::Field(std::make_shared<kernel::ShareGroup>(values), ValueLocation_Nodal));
+///         return {zone};
+///     }
+///
+/// A reader is made by the table ReadableFormats for one file, and runs on a thread of its own. Write none for another extension of a
+/// format that has one: that is a word in the table. A library that damaged files can crash is not called here but by a process of its
+/// own, as VtkLegacyReader does.
 class Reader
 {
 public:

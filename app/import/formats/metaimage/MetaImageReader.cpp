@@ -6,6 +6,7 @@
 #include "app/import/zones/CoordinateLoader.h"
 #include "app/import/zones/ImportedZone.h"
 
+#include <algorithm>
 #include <filesystem>
 
 namespace veldraw::app {

@@ -35,7 +35,8 @@ public:
     bool dependsOn(kernel::Frame const& frame, int variable) const override;
     void markZones(std::set<int> const& zones) override;
 
-    vtkRenderer& stage() const { return *m_stage; } ///< shows the zones
+    /// Shows the zones. It is drawn over the ground(), inside its margins().
+    vtkRenderer& stage() const { return *m_stage; }
     ColourLegend& legend() const { return *m_legend; }
     PlotSpace const& space() const { return m_look.space; }
     ZoneScene::Drawings const& zones() const { return m_scene.drawings(); }

@@ -60,7 +60,7 @@ public:
 
     /// Brings the whole plot into view.
     virtual void fit() = 0;
-    /// Turns the plot as the mouse goes; a plot without a third dimension is moved instead.
+    /// Rotates the plot as the mouse goes; a plot without a third dimension is moved instead.
     virtual void rotate(QPointF const& from, QPointF const& to) { pan(from, to); }
     virtual void pan(QPointF const& from, QPointF const& to) = 0;
     /// @param factor above 1 enlarges

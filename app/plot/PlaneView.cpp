@@ -40,7 +40,7 @@ void PlaneView::placeAxes()
 {
     QRectF const box(shownMargins().left() * area().pixelRatio, shownMargins().bottom() * area().pixelRatio,
                      stageWidth(), stageHeight());
-    // The stage is drawn over the ground: the lines around it stand one pixel outside.
+    // The renderer of the zones covers what is below it: the lines around it stand one pixel outside.
     m_axes.setBox(box.adjusted(-1, -1, 1, 1), area().pixelRatio);
     updateTicks();
 }

@@ -5,7 +5,7 @@
 
 namespace veldraw::app {
 
-/// A field plot in the plane of X and Y: seen straight from above, moved and enlarged but never turned.
+/// A field plot in the plane of X and Y: seen straight from above, moved and enlarged but never rotated.
 class PlaneView : public FieldView
 {
 public:

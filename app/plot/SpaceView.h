@@ -5,7 +5,7 @@
 
 namespace veldraw::app {
 
-/// A field plot in space: a lit scene inside a box of axes, turned, moved and enlarged at will.
+/// A field plot in space: a lit scene inside a box of axes, rotated, moved and enlarged at will.
 class SpaceView : public FieldView
 {
 public:

@@ -7,7 +7,7 @@
 
 namespace veldraw::app {
 
-/// Limits of the finite values of variables over several zones.
+/// Range of the finite values of variables over several zones.
 class ZoneRanges
 {
 public:

@@ -236,7 +236,7 @@ void inverseDistanceFromAll(benchmark::State& state)
     tell(state, stage, seconds, secondsSince(start), results);
 }
 
-/// The estimate at one target from its neighbors, by a factorization of Eigen's.
+/// The estimate at one target from its neighbours, by a factorization of Eigen's.
 double krigedByEigen(NeighborSearch const& search, Neighborhoods const& found, std::size_t target, double const* place,
                      KrigingModel const& model, std::vector<double> const& values)
 {

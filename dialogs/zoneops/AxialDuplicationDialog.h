@@ -8,7 +8,7 @@
 
 namespace veldraw::dialogs::data {
 
-/// Lets the user make copies of zones of the data set of the current frame, each turned further about an axis.
+/// Lets the user make copies of zones of the data set of the current frame, each rotated further about an axis.
 /// It stays open afterwards.
 class VDSDKDIALOGS_DATA_QT_API AxialDuplicationDialog : public common::QtDialogAbstract, public virtual DialogInterface
 {

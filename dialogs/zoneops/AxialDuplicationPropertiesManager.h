@@ -11,7 +11,7 @@ namespace veldraw::dialogs::data {
 
 class AxialRotationPropertiesManager;
 
-/// The logic of making turned copies of zones, so that a sector becomes a ring. It takes zones, axis and angle from a
+/// The logic of making rotated copies of zones, so that a sector becomes a ring. It takes zones, axis and angle from a
 /// rotation's logic that it owns, and so shares axis and angle with all others.
 ///
 /// What the user sets is kept for the life of the library.

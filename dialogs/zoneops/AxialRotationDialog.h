@@ -8,7 +8,7 @@
 
 namespace veldraw::dialogs::data {
 
-/// Lets the user turn zones of the data set of the current frame about an axis, in place.
+/// Lets the user rotate zones of the data set of the current frame about an axis, in place.
 /// It stays open afterwards.
 class VDSDKDIALOGS_DATA_QT_API AxialRotationDialog : public common::QtDialogAbstract, public virtual DialogInterface
 {

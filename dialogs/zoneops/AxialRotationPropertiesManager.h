@@ -15,8 +15,8 @@
 
 namespace veldraw::dialogs::data {
 
-/// The logic of turning zones about an axis: which zones, about what, by how much. It is also the core of the axial
-/// duplication, which turns copies.
+/// The logic of rotating zones about an axis: which zones, about what, by how much. It is also the core of the axial
+/// duplication, which rotates copies.
 ///
 /// What the user sets is kept for the life of the library and shared by all managers, but for the zones, which a manager
 /// takes from the pick list when it is made.
@@ -66,13 +66,13 @@ public:
     /// selected or the variables of the frame don't allow a rotation.
     /// @param xyz numbers of the coordinate variables, 0 = none; the third is 0 unless @p is3D
     /// @param uvw numbers of the vector variables, 0 = none; the third is 0 unless @p is3D
-    /// @param hasVector whether there is a vector to be turned that is not the position itself
+    /// @param hasVector whether there is a vector to be rotated that is not the position itself
     /// @param origin a point on the axis
     /// @param axis the axis' direction, of length 1
     void getRotationInputs(std::string const& title, int xyz[3], int uvw[3], bool& is3D, bool& hasVector,
                            double origin[3], double axis[3]) const;
 
-    /// Turns the zones and tells the user when it can't be done. Nothing is changed then.
+    /// Rotates the zones and tells the user when it can't be done. Nothing is changed then.
     void rotateZones();
 
 private:

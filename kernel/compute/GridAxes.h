@@ -31,7 +31,7 @@ struct GridAxis
     std::int64_t stride = 1;
     bool movesEnds = false; ///< whether the values at the ends follow the inner ones; else they are held
 
-    /// An axis with one value has no ends and no neighbors.
+    /// An axis with one value has no ends and no neighbours.
     bool hasEnds() const { return count > 1; }
     bool isEnd(std::int64_t index) const { return hasEnds() && (index == 0 || index == count - 1); }
 
@@ -43,7 +43,7 @@ struct GridAxis
 };
 
 /// The axes of a grid, in the order in which planes are made up: rows along the first one; if there is only one axis more with
-/// neighbors, it is the last.
+/// neighbours, it is the last.
 struct GridAxes
 {
     GridAxes(ValueGrid const& grid, BoundaryCondition_e boundary);

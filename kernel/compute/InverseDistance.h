@@ -24,7 +24,7 @@ public:
     {
     }
 
-    /// The weights of neighbors, in their order; those of each target add up to 1.
+    /// The weights of neighbours, in their order; those of each target add up to 1.
     void weigh(Neighborhoods const& neighborhoods, std::vector<double>& weights) const;
 
     /// Copies the values of a variable of @p count points from @p first on to @p values.

@@ -8,13 +8,13 @@
 
 namespace veldraw::kernel {
 
-/// Targets that follow each other and have the same neighbors.
+/// Targets that follow each other and have the same neighbours.
 struct LocalKriging::Group
 {
     std::size_t firstTarget;
     std::size_t lastTarget;
-    std::size_t begin; ///< of the first target's neighbors
-    std::size_t count; ///< of neighbors
+    std::size_t begin; ///< of the first target's neighbours
+    std::size_t count; ///< of neighbours
 };
 
 LocalKriging::LocalKriging(NeighborSearch const& search, KrigingModel const& model, std::size_t axes,
@@ -86,7 +86,7 @@ void LocalKriging::findGroups(Neighborhoods const& neighborhoods)
     }
 }
 
-/// Brings the neighbors of a target in the order of those of the first one of a group. @return whether they are the same ones
+/// Brings the neighbours of a target in the order of those of the first one of a group. @return whether they are the same ones
 bool LocalKriging::matchOrder(std::size_t groupBegin, std::size_t begin, std::size_t count)
 {
     std::vector<Neighbor> const& neighbors = m_neighborhoods->neighbors;
@@ -113,7 +113,7 @@ std::vector<double> LocalKriging::placesOf(Group const& group) const
     return places;
 }
 
-/// @param point in the order of the neighbors of the group's first target
+/// @param point in the order of the neighbours of the group's first target
 void LocalKriging::store(std::size_t target, std::size_t point, double weight)
 {
     (*m_weights)[m_order[m_neighborhoods->begins[target] + point]] = weight;

@@ -9,7 +9,7 @@
 
 namespace veldraw::kernel {
 
-/// Kriging of targets from their neighbors. Targets that follow each other and have the same neighbors share one factorization.
+/// Kriging of targets from their neighbours. Targets that follow each other and have the same neighbours share one factorization.
 /// An object is for one thread.
 class LocalKriging
 {
@@ -17,10 +17,10 @@ public:
     LocalKriging(NeighborSearch const& search, KrigingModel const& model, std::size_t axes, Progress const& progress);
     ~LocalKriging();
 
-    /// Computes the weights of the neighbors of targets, in their order; those of each target add up to 1.
+    /// Computes the weights of the neighbours of targets, in their order; those of each target add up to 1.
     /// @param targets their coordinates, one target after the other
     /// @throws Interrupted
-    /// @return number of targets whose neighbors do not tell of the whole drift, so that a lower one was taken
+    /// @return number of targets whose neighbours do not tell of the whole drift, so that a lower one was taken
     std::int64_t weigh(double const* targets, Neighborhoods const& neighborhoods, std::vector<double>& weights);
 
     LocalKriging(LocalKriging const&) = delete;
@@ -46,7 +46,7 @@ private:
     Neighborhoods const* m_neighborhoods = nullptr;
     std::vector<double>* m_weights = nullptr;
     std::vector<Group> m_groups;
-    std::vector<std::size_t> m_order; ///< of each target's neighbors: that of its group's first target
+    std::vector<std::size_t> m_order; ///< of each target's neighbours: that of its group's first target
     std::int64_t m_lowered = 0;
 };
 

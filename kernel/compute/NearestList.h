@@ -12,7 +12,7 @@ namespace veldraw::kernel {
 constexpr std::size_t manyOnTheList = 64; ///< from here on a heap is quicker than a sorted list
 constexpr std::size_t comparisonsBetweenChecks = 65536;
 
-/// Nearer neighbors first; where distances are equal, the lower number first.
+/// Nearer neighbours first; where distances are equal, the lower number first.
 struct NearestFirst
 {
     std::uint32_t const* points;

@@ -304,7 +304,7 @@ public:
     }
 
 private:
-    /// The neighbors of the target before are as many points, so none that is farther away than all of these is needed.
+    /// @return a distance, squared, within which there are enough points: that of the farthest of the neighbours of the target before
     double boundFor(double const* target, std::size_t capacity, Neighborhoods const& found) const
     {
         std::size_t const last = found.begins.size() - 1;

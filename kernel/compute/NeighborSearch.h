@@ -16,14 +16,14 @@ struct Neighbor
     std::uint32_t place; ///< in the order of NeighborSearch
 };
 
-/// Which source points are neighbors of a target.
+/// Which source points are neighbours of a target.
 struct NeighborChoice
 {
     PtSelection_e selection = PtSelection_NearestN; ///< PtSelection_NearestN or PtSelection_Octant
     std::int64_t count = 1;                         ///< at least 1
 };
 
-/// The neighbors of a block of targets, nearest first; where distances are equal, the lower number first.
+/// The neighbours of a block of targets, nearest first; where distances are equal, the lower number first.
 struct Neighborhoods
 {
     std::vector<Neighbor> neighbors;
@@ -49,7 +49,7 @@ public:
     NeighborSearch() = default;
     virtual ~NeighborSearch() = default;
 
-    /// Finds the neighbors of @p count targets. Quickest where each target is near the one before it. Thread-safe.
+    /// Finds the neighbours of @p count targets. Quickest where each target is near the one before it. Thread-safe.
     ///
     /// Octants: N points are shared out evenly over the eight octants around a target (four quadrants in 2D), where a coordinate
     /// difference of 0 counts as positive. Each gives its nearest N / 8, rounded down; the rest are the nearest of those that

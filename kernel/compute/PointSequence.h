@@ -5,7 +5,7 @@
 
 namespace veldraw::kernel {
 
-/// How the points of a list follow one another, which tells curves from scattered points where nobody said it.
+/// How the points of a list follow one another. It tells curves from scattered points where a file does not say which they are.
 ///
 ///     PointSequence points;
 ///     for (...)

@@ -62,7 +62,7 @@ VariableDeletion::VariableDeletion(EventHub& hub, std::shared_ptr<DataSet> dataS
         m_positions.push_back(static_cast<std::size_t>(number - 1));
         m_removed.push_back(m_dataSet->variable(number));
     }
-    // Both lists change places at each way, so each needs room for all.
+    // apply() and revert() exchange this list and the data set's, so that both need room for all variables.
     m_spareVariables.reserve(m_dataSet->variables().size());
     m_zones.reserve(m_dataSet->zones().size());
     for (auto const& zone : m_dataSet->zones()) {

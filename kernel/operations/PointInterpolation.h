@@ -62,10 +62,10 @@ protected:
         /// Calls @p use for all targets, on all cores, @p size at a time, and counts them as done.
         void forEachBlock(std::size_t size, Progress& progress, UseTargets const& use) const;
 
-        /// Number of targets whose neighborhoods are found at a time.
+        /// Number of targets whose neighbourhoods are found at a time.
         static std::size_t blockSize(NeighborChoice const& choice);
 
-        /// Stores the weighted sums of the values of neighbors. Thread-safe.
+        /// Stores the weighted sums of the values of neighbours. Thread-safe.
         void storeSums(NeighborSearch const& search, Neighborhoods const& found, std::vector<double> const& weights,
                        std::uint32_t const* targets) const;
 

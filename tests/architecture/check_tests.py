@@ -16,7 +16,7 @@ SUFFIXES = {'.h', '.cpp', '.ipp', '.ui'}
 # library as a whole.
 MIRRORED = ('kernel', 'host', 'app', 'dialogs')
 # Where the namespace is asked for.
-ONE_NAMESPACE = ('kernel', 'host', 'app', 'support', 'dialogs')
+ONE_NAMESPACE = ('kernel', 'host', 'app', 'support', 'dialogs', 'manual')
 SHARED = {'app/support', 'dialogs/library', 'dialogs/support', 'kernel/support'}
 
 # What a whole folder, or several, are tested for.

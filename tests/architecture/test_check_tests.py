@@ -49,6 +49,7 @@ class Tests(unittest.TestCase):
         self.found(path, TEXT.replace('veldraw::tests', 'veldraw::test'))
         self.found(path, TEXT.replace('veldraw::tests', 'veldraw::kernel'))
         self.found(path, TEXT.replace(NAMESPACE, ''))
+        self.found('tests/manual/Window.cpp', NAMESPACE.replace('veldraw::tests', 'veldraw::gallery'))
 
     def test_programs_have_one_suffix(self):
         path = 'tests/kernel/CMakeLists.txt'

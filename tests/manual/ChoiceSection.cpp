@@ -21,7 +21,7 @@
 
 #include <boost/make_shared.hpp>
 
-namespace veldraw::gallery {
+namespace veldraw::tests {
 
 using namespace sdk::ui::dialogs::propertybindings;
 using sdk::ui::propertymanager::BooleanPropertyDependentRelevance;
@@ -134,4 +134,4 @@ void ChoiceSection::addGovernedField()
                                                   QStringLiteral("Check \"The field can be used\" first"));
 }
 
-} // namespace veldraw::gallery
+} // namespace veldraw::tests

@@ -4,7 +4,7 @@
 
 class QLayout;
 
-namespace veldraw::gallery {
+namespace veldraw::tests {
 
 /// Combo boxes over fixed lists, radio buttons, check boxes, a button, and a control that two rules govern.
 class ChoiceSection : public GallerySection
@@ -19,4 +19,4 @@ private:
     void addGovernedField();
 };
 
-} // namespace veldraw::gallery
+} // namespace veldraw::tests

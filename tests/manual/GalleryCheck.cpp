@@ -14,7 +14,7 @@
 
 #include <cstdio>
 
-namespace veldraw::gallery {
+namespace veldraw::tests {
 
 namespace {
 
@@ -264,4 +264,4 @@ Widget& GalleryCheck::find(char const* name) const
     return *widget;
 }
 
-} // namespace veldraw::gallery
+} // namespace veldraw::tests

@@ -10,7 +10,7 @@
 class QAbstractButton;
 class QListView;
 
-namespace veldraw::gallery {
+namespace veldraw::tests {
 
 class GalleryWindow;
 
@@ -52,4 +52,4 @@ private:
     int m_failures = 0;
 };
 
-} // namespace veldraw::gallery
+} // namespace veldraw::tests

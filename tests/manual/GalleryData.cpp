@@ -4,7 +4,7 @@
 #include "kernel/data/DataSet.h"
 #include "kernel/session/Session.h"
 
-namespace veldraw::gallery {
+namespace veldraw::tests {
 
 namespace {
 
@@ -45,4 +45,4 @@ GalleryData::~GalleryData()
     kernel::Session::instance().clear();
 }
 
-} // namespace veldraw::gallery
+} // namespace veldraw::tests

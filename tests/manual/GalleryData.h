@@ -1,6 +1,6 @@
 #pragma once
 
-namespace veldraw::gallery {
+namespace veldraw::tests {
 
 /// A small data set in the kernel's one session, with two static zones, a time strand of three, and four variables, for
 /// its life.
@@ -13,4 +13,4 @@ public:
     GalleryData& operator=(GalleryData const&) = delete;
 };
 
-} // namespace veldraw::gallery
+} // namespace veldraw::tests

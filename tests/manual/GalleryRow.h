@@ -5,7 +5,7 @@
 
 #include <functional>
 
-namespace veldraw::gallery {
+namespace veldraw::tests {
 
 /// A control that is bound to a property, the text of the property's value beside it, and the way back to its start.
 struct GalleryRow
@@ -15,4 +15,4 @@ struct GalleryRow
     std::function<void()> reset;
 };
 
-} // namespace veldraw::gallery
+} // namespace veldraw::tests

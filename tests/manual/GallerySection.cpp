@@ -4,7 +4,7 @@
 #include <QListView>
 #include <QTextEdit>
 
-namespace veldraw::gallery {
+namespace veldraw::tests {
 
 GallerySection::GallerySection(QString const& title)
     : QGroupBox(title)
@@ -55,4 +55,4 @@ void GallerySection::show(QLabel* label, QString const& text)
     label->setToolTip(text);
 }
 
-} // namespace veldraw::gallery
+} // namespace veldraw::tests

@@ -15,7 +15,7 @@
 #include <utility>
 #include <vector>
 
-namespace veldraw::gallery {
+namespace veldraw::tests {
 
 /// A titled group of rows: a caption, a control, and the value of the property that the control is bound to. The value is
 /// written inside the property's own signal, so it shows what the property holds and not what the control shows.
@@ -62,4 +62,4 @@ private:
     std::vector<std::unique_ptr<sdk::ui::dialogs::propertybindings::BindingInterface>> m_bindings;
 };
 
-} // namespace veldraw::gallery
+} // namespace veldraw::tests

@@ -8,7 +8,7 @@
 #include <string>
 #include <type_traits>
 
-namespace veldraw::gallery {
+namespace veldraw::tests {
 
 inline QString valueText(bool value)
 {
@@ -48,4 +48,4 @@ std::enable_if_t<std::is_enum_v<T> || std::is_integral_v<T>, QString> valueText(
     return QString::number(static_cast<long long>(value));
 }
 
-} // namespace veldraw::gallery
+} // namespace veldraw::tests

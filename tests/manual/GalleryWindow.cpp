@@ -10,7 +10,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-namespace veldraw::gallery {
+namespace veldraw::tests {
 
 namespace {
 
@@ -80,4 +80,4 @@ void GalleryWindow::reset()
         row.reset();
 }
 
-} // namespace veldraw::gallery
+} // namespace veldraw::tests

@@ -9,7 +9,7 @@
 
 class QVBoxLayout;
 
-namespace veldraw::gallery {
+namespace veldraw::tests {
 
 class GallerySection;
 
@@ -33,4 +33,4 @@ private:
     std::unique_ptr<QObject> m_resetBinding;
 };
 
-} // namespace veldraw::gallery
+} // namespace veldraw::tests

@@ -24,7 +24,7 @@
 
 #include <boost/make_shared.hpp>
 
-namespace veldraw::gallery {
+namespace veldraw::tests {
 
 using namespace sdk::ui::dialogs::propertybindings;
 
@@ -157,4 +157,4 @@ void KernelSection::enableAll()
         session().perform(kernel::EnableZone(dataSet, zone, true));
 }
 
-} // namespace veldraw::gallery
+} // namespace veldraw::tests

@@ -9,7 +9,7 @@
 
 class QHBoxLayout;
 
-namespace veldraw::gallery {
+namespace veldraw::tests {
 
 /// Lists over the zones and variables of the session's data set, and buttons that change the data set under them.
 class KernelSection : public GallerySection
@@ -32,4 +32,4 @@ private:
     boost::shared_ptr<PropertyAbstract<std::string>> const m_newName;
 };
 
-} // namespace veldraw::gallery
+} // namespace veldraw::tests

@@ -15,7 +15,7 @@
 
 #include <boost/make_shared.hpp>
 
-namespace veldraw::gallery {
+namespace veldraw::tests {
 
 using namespace sdk::ui::dialogs::propertybindings;
 using sdk::ui::propertymanager::AngleDecorator;
@@ -66,4 +66,4 @@ void NumberSection::addAngle()
         BindingInterface::ModelUpdateUndeferred);
 }
 
-} // namespace veldraw::gallery
+} // namespace veldraw::tests

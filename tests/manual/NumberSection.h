@@ -2,7 +2,7 @@
 
 #include "tests/manual/GallerySection.h"
 
-namespace veldraw::gallery {
+namespace veldraw::tests {
 
 /// Spin boxes: whole numbers, 64-bit indices, floating-point numbers, and an angle in the unit of one's choice.
 class NumberSection : public GallerySection
@@ -14,4 +14,4 @@ private:
     void addAngle();
 };
 
-} // namespace veldraw::gallery
+} // namespace veldraw::tests

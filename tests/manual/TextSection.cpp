@@ -12,7 +12,7 @@
 
 #include <boost/make_shared.hpp>
 
-namespace veldraw::gallery {
+namespace veldraw::tests {
 
 using namespace sdk::ui::dialogs::propertybindings;
 
@@ -70,4 +70,4 @@ TextSection::TextSection()
         title, BindingInterface::UpdateImmediately);
 }
 
-} // namespace veldraw::gallery
+} // namespace veldraw::tests

@@ -2,7 +2,7 @@
 
 #include "tests/manual/GallerySection.h"
 
-namespace veldraw::gallery {
+namespace veldraw::tests {
 
 /// Fields of text and numbers, a multi-line text, and a label that repeats one of them.
 class TextSection : public GallerySection
@@ -11,4 +11,4 @@ public:
     TextSection();
 };
 
-} // namespace veldraw::gallery
+} // namespace veldraw::tests

@@ -11,7 +11,7 @@
 
 namespace {
 
-using veldraw::gallery::GalleryWindow;
+using veldraw::tests::GalleryWindow;
 
 /// Saves a picture as soon as the window is drawn, and ends the program.
 void takePicture(GalleryWindow& window, QString const& file)
@@ -36,11 +36,11 @@ int main(int argc, char** argv)
     english.setNumberOptions(QLocale::RejectGroupSeparator | QLocale::OmitGroupSeparator);
     QLocale::setDefault(english);
 
-    veldraw::gallery::GalleryData const data;
+    veldraw::tests::GalleryData const data;
     GalleryWindow window;
     QStringList const arguments = QApplication::arguments();
     if (arguments.contains(QStringLiteral("--check")))
-        return veldraw::gallery::GalleryCheck(window).run() ? 0 : 1;
+        return veldraw::tests::GalleryCheck(window).run() ? 0 : 1;
     window.show();
     int const picture = arguments.indexOf(QStringLiteral("--picture"));
     if (picture > 0 && picture + 1 < arguments.size())

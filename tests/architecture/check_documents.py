@@ -27,7 +27,7 @@ def names(text):
 
 
 def is_path(name):
-    if name in OF_OTHERS or name.startswith(('/', './')):
+    if name in OF_OTHERS or name.startswith(('/', './')) or re.search(r'/\d+$', name):  # /0: a benchmark's argument
         return False
     return re.fullmatch(r'[\w.-]+(/[\w.-]*)+|\w[\w-]*\.(h|cpp|ipp|py|txt|md)', name) is not None
 

@@ -16,14 +16,16 @@ SUFFIXES = {'.h', '.cpp', '.ipp'}
 LINES_OF_A_FILE = 400
 LONG_FILES = {
     'app/plot/PageView.cpp': 485,
-    'kernel/compute/PlaneTriangulation.cpp': 570,
-    'kernel/operations/PointInterpolation.cpp': 420,
-    'kernel/operations/Triangulate.cpp': 440,
+    'kernel/compute/PlaneTriangulation.cpp': 435,
+    'kernel/operations/PointInterpolation.cpp': 410,
+    'kernel/operations/Triangulate.cpp': 456,
 }
 
 LINES_OF_A_FUNCTION = 45
 # By file and name.
-LONG_FUNCTIONS = {}
+LONG_FUNCTIONS = {
+    'kernel/mesh/CellNeighbors.cpp': {'finish': 48},
+}
 
 # What a brace of its own line can belong to besides a function.
 NO_FUNCTION = re.compile(r'\s*(?:template\b.*>\s*)?(?:class|struct|enum|union|namespace|extern\s+"C")\b(?!.*\)\s*(?:const|noexcept|override|final)?\s*$)')

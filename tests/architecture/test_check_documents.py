@@ -24,7 +24,7 @@ class Documents(unittest.TestCase):
             self.assertEqual(problems(f'See `{name}`.'), [f'docs/page.md: {name} is in no source'])
 
     def test_may_name_other_things(self):
-        self.assertEqual(problems('`./run FILE`, `.vts`, `--help`, `/tmp`, `softpipe`, `app/formats/*`'), [])
+        self.assertEqual(problems('`./run FILE`, `.vts`, `--help`, `/tmp`, `softpipe`, `app/formats/*`, `run/10`'), [])
 
     def test_may_show_blocks_of_code(self):
         self.assertEqual(problems('```\nsee `Serial`\n```\n'), [])

@@ -184,10 +184,10 @@ struct Triangles
 /// Compressed rows of neighbors, each once; those of the rim are empty.
 struct Rows
 {
-    Rows(std::vector<std::int64_t> const& corners, std::size_t count)
+    Rows(std::vector<std::int64_t> const& corners, std::size_t pointCount)
     {
         std::vector<std::int32_t> raw(2 * corners.size());
-        std::vector<std::int32_t> rawStarts(count + 1);
+        std::vector<std::int32_t> rawStarts(pointCount + 1);
         for (std::int64_t const corner : corners) {
             rawStarts[static_cast<std::size_t>(corner) + 1] += 2;
         }
@@ -200,9 +200,9 @@ struct Rows
                 raw[static_cast<std::size_t>(place++)] = static_cast<std::int32_t>(corners[at + (corner + 2) % 3]);
             }
         }
-        starts.resize(count + 1);
+        starts.resize(pointCount + 1);
 #pragma omp parallel for schedule(static)
-        for (std::size_t row = 0; row < count; ++row) {
+        for (std::size_t row = 0; row < pointCount; ++row) {
             auto const begin = raw.begin() + rawStarts[row];
             auto const end = raw.begin() + rawStarts[row + 1];
             std::sort(begin, end);
@@ -216,7 +216,7 @@ struct Rows
         std::partial_sum(starts.begin(), starts.end(), starts.begin());
         neighbors.resize(static_cast<std::size_t>(starts.back()));
 #pragma omp parallel for schedule(static)
-        for (std::size_t row = 0; row < count; ++row) {
+        for (std::size_t row = 0; row < pointCount; ++row) {
             std::copy_n(raw.begin() + rawStarts[row], starts[row + 1] - starts[row], neighbors.begin() + starts[row]);
         }
     }

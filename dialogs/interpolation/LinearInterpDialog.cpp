@@ -11,10 +11,12 @@
 #include "dialogs/bindings/TextFieldPropertyBinding.h"
 #include "dialogs/frame/LaunchHelpAction.h"
 #include "dialogs/interpolation/LinearInterpPropertiesManager.h"
-#include "dialogs/property/CurrentFrame.h"
 #include "dialogs/property/StateChangeDependentRelevance.h"
 #include "dialogs/widgets/NumberValidators.h"
 #include "platform/vdsdkbase/StateChange.h"
+#include "platform/vdsdkbase/VelUtilDataSet.h"
+#include "platform/vdsdkbase/VelUtilFrame.h"
+#include "platform/vdsdkbase/VelUtilPage.h"
 #include "platform/vdsdkcommon/AppLock.h"
 #include "platform/vdsdkcommon/DataSetQueries.h"
 #include "platform/vdsdkuicommon/StateChangePredicates.h"
@@ -39,7 +41,6 @@ using sdk::ui::dialogs::propertybindings::ListViewPropertyBinding;
 using sdk::ui::dialogs::propertybindings::RadioButtonPropertyBinding;
 using sdk::ui::dialogs::propertybindings::RelevanceApplier;
 using sdk::ui::dialogs::propertybindings::TextFieldPropertyBinding;
-using sdk::ui::propertymanager::currentFrameShowsFieldPlot;
 using sdk::ui::propertymanager::RelevanceInterface;
 using sdk::ui::propertymanager::StateChangeDependentRelevance;
 
@@ -55,9 +56,18 @@ bool isLinearInterpStateChange(toolbox::StateChangeEventInterface const& event)
     return sdk::ui::common::isDataRelatedStateChange(event);
 }
 
+/// The data set is asked for first, unlike in currentFrameShowsFieldPlot().
+bool showsDataInFieldPlot()
+{
+    if (!VelUtilDataSetIsAvailable() || VelUtilPageGetCount() <= 0 || VelUtilFrameGetCount() <= 0)
+        return false;
+    int const plotType = VelUtilFrameGetPlotType();
+    return plotType == PlotType_Cartesian3D || plotType == PlotType_Cartesian2D;
+}
+
 bool isOkToLinearInterpolate()
 {
-    if (!currentFrameShowsFieldPlot())
+    if (!showsDataInFieldPlot())
         return false;
     AppLock const lock(AppLock::RecordAsUsual);
     return !sdk::getNonSpatialEnabledVars().isEmpty() && !sdk::getNonLinearEnabledZones().isEmpty() &&

@@ -57,6 +57,12 @@ public:
     /// Values of a group, from the data set or from what was loaded here.
     std::shared_ptr<Buffer const> valuesOf(ShareGroup const& group) const;
 
+    /// Those of a field; null for a passive one.
+    std::shared_ptr<Buffer const> valuesOf(Field const& field) const
+    {
+        return field.isPassive() ? nullptr : valuesOf(*field.group());
+    }
+
     /// The dimensions, cells and blanking that the zone has or that were loaded here.
     ZoneDimensions dimensionsOf(Zone const& zone) const;
 

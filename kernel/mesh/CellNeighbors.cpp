@@ -116,6 +116,20 @@ void raiseTo(std::int64_t value, std::atomic<std::int64_t>& highest)
     }
 }
 
+/// Replaces each number by the sum of all up to it. @return the whole sum
+std::int64_t sumUp(ZeroedArray<std::int64_t>& numbers, Progress const& progress)
+{
+    std::int64_t sum = 0;
+    for (std::size_t at = 0; at < numbers.size(); ++at) {
+        if (at % 65536 == 0) {
+            progress.check();
+        }
+        sum += numbers[at];
+        numbers[at] = sum;
+    }
+    return sum;
+}
+
 /// Makes lists of the neighbors that count.
 /// @param order the value at each place; empty: the same
 /// @param isBorder (value, begin, end) whether a value is at the border, whose neighbors stand sorted between these
@@ -143,15 +157,7 @@ NeighborLists finish(RawLists& raw, ZeroedArray<std::uint32_t> order, SmoothingV
             held.fetch_add(1, std::memory_order_relaxed);
         }
     });
-    std::int64_t sum = 0;
-    for (std::size_t at = 0; at < lists.starts.size(); ++at) {
-        if (at % 65536 == 0) {
-            progress.check();
-        }
-        sum += lists.starts[at];
-        lists.starts[at] = sum;
-    }
-    lists.neighbors = ZeroedArray<std::uint32_t>(static_cast<std::size_t>(sum));
+    lists.neighbors = ZeroedArray<std::uint32_t>(static_cast<std::size_t>(sumUp(lists.starts, progress)));
     std::atomic<std::int64_t> reach{0};
     forEachChecked(count, progress, [&](std::int64_t place) {
         std::int64_t const start = lists.starts[static_cast<std::size_t>(place)];
@@ -229,7 +235,7 @@ NeighborLists neighborsOfCells(CellParts const& cells, std::int64_t pointCount, 
         cells.cellCount(),
         [&](auto const& add) {
             forEachInParallel(static_cast<std::int64_t>(pairs.size()), [&](std::int64_t chunk) {
-            progress.check();
+                progress.check();
                 for (Pair const& pair : pairs[static_cast<std::size_t>(chunk)]) {
                     if (pair[0] != pair[1]) {
                         add(pair[0], {pair[1]}, 1);

@@ -51,6 +51,10 @@ protected:
     using FrameOperation::FrameOperation;
 
     DataSet const& dataSet() const { return *frame()->dataSet; }
+
+    /// Why the variable of an axis, 0 to 2, cannot tell where the points are; empty when it can. Of the second one: in a zone.
+    std::string reasonAgainstAxis(std::size_t axis) const;
+    std::string reasonAgainstCoordinate(std::size_t axis, int zone) const;
 };
 
 } // namespace veldraw::kernel

@@ -37,20 +37,14 @@ std::string Interpolation::reasonAgainstAxes() const
 {
     NumberSet zones = m_sources;
     zones.insert(m_destination);
-    for (int axis = 0; axis < dimensions(); ++axis) {
-        int const variable = frame()->axisVariables()[static_cast<std::size_t>(axis)];
-        if (variable == 0) {
-            return std::string("The ") + "XYZ"[axis] + " axis has no variable.";
-        }
-        for (int const zone : zones) {
-            Field const& field = *dataSet().field(zone, variable);
-            if (!field.isPassive() && field.location() != ValueLocation_Nodal) {
-                return "The coordinate " + quoted(dataSet().variable(variable)->name) + " of zone " +
-                       quoted(dataSet().zone(zone)->name) + " has its values at the cells.";
-            }
+    std::string reason;
+    for (std::size_t axis = 0; axis < static_cast<std::size_t>(dimensions()) && reason.empty(); ++axis) {
+        reason = reasonAgainstAxis(axis);
+        for (auto zone = zones.begin(); zone != zones.end() && reason.empty(); ++zone) {
+            reason = reasonAgainstCoordinate(axis, *zone);
         }
     }
-    return {};
+    return reason;
 }
 
 std::string Interpolation::reasonAgainstVariables() const
@@ -106,8 +100,7 @@ ValuePlaces Interpolation::places(int zone, ValueLocation_e location) const
 
 std::shared_ptr<Buffer const> Interpolation::values(int zone, int variable) const
 {
-    Field const& field = *dataSet().field(zone, variable);
-    return field.isPassive() ? nullptr : m_load->valuesOf(*field.group());
+    return m_load->valuesOf(*dataSet().field(zone, variable));
 }
 
 /// The type for the values of a variable that is passive in the destination: one that holds what the sources hold.

@@ -8,6 +8,7 @@
 #include "kernel/data/FieldReplacement.h"
 #include "kernel/mesh/CellNeighbors.h"
 #include "kernel/operations/ReportText.h"
+#include "kernel/storage/CellSlots.h"
 
 #include <algorithm>
 #include <optional>
@@ -22,7 +23,7 @@ ValueGrid gridOf(ZoneDimensions const& size, ValueLocation_e location)
     ValueGrid grid{{size.i, size.j, size.k}, {1, size.i, size.i * size.j}};
     if (location == ValueLocation_CellCentered) {
         for (std::int64_t& count : grid.counts) {
-            count = std::max<std::int64_t>(count - 1, 1);
+            count = cellsAlong(count);
         }
     }
     return grid;

@@ -8,7 +8,6 @@
 #include <limits>
 #include <stdexcept>
 #include <string>
-#include <utility>
 
 namespace veldraw::kernel {
 
@@ -67,11 +66,31 @@ void SourcePoints::gather(std::size_t variable, std::uint32_t const* points, std
     }
 }
 
-/// Calls @p take for each point of a range with its largest coordinate, or infinity where it is not to be taken; slots without a
-/// value are passed over.
-template <typename Take>
-void SourcePoints::look(std::int64_t first, std::int64_t last, bool withHidden, Take const& take) const
+SourcePoints::Selection SourcePoints::select(bool withHidden, Progress const& progress) const
 {
+    Selection whole;
+    whole.points.resize(
+        m_end); // each chunk has its own part; lists of chunks beside the whole one would take twice the memory
+    std::vector<Chunk> chunks(static_cast<std::size_t>(parallelChunkCount(m_end)));
+    parallelFor(m_end, [&](std::int64_t first, std::int64_t last, std::int64_t chunk) {
+        progress.check();
+        chunks[static_cast<std::size_t>(chunk)] = selectChunk(first, last, withHidden, whole.points.data() + first);
+    });
+    auto end = whole.points.begin();
+    for (Chunk const& chunk : chunks) {
+        end = std::copy_n(whole.points.begin() + chunk.first, chunk.count, end);
+        whole.leftOut += chunk.leftOut;
+        whole.largest = std::max(whole.largest, chunk.largest);
+    }
+    whole.points.erase(end, whole.points.end());
+    return whole;
+}
+
+/// Writes the selected points of a range one after the other.
+SourcePoints::Chunk SourcePoints::selectChunk(std::int64_t first, std::int64_t last, bool withHidden,
+                                              std::uint32_t* points) const
+{
+    Chunk chunk{first};
     for (auto point = static_cast<std::uint32_t>(first); point < last; ++point) {
         Part const& part = partOf(point);
         std::int64_t const slot = point - part.first;
@@ -81,49 +100,14 @@ void SourcePoints::look(std::int64_t first, std::int64_t last, bool withHidden, 
         double place[3];
         part.places.read(slot, place);
         double const largest = largestOf(place, m_dimensions);
-        bool const isTaken = largest <= largestCoordinate && (withHidden || !part.places.isHidden(slot));
-        take(point, isTaken ? largest : std::numeric_limits<double>::infinity());
+        if (largest <= largestCoordinate && (withHidden || !part.places.isHidden(slot))) {
+            points[chunk.count++] = point;
+            chunk.largest = std::max(chunk.largest, largest);
+        } else {
+            ++chunk.leftOut;
+        }
     }
-}
-
-SourcePoints::Selection SourcePoints::select(bool withHidden, Progress const& progress) const
-{
-    struct Count
-    {
-        std::size_t points = 0;
-        std::int64_t leftOut = 0;
-        double largest = 0.0;
-    };
-    // Counted first, since lists of all chunks beside the whole one would take twice the memory.
-    std::vector<Count> counts(static_cast<std::size_t>(parallelChunkCount(m_end)));
-    parallelFor(m_end, [&](std::int64_t first, std::int64_t last, std::int64_t chunk) {
-        progress.check();
-        Count& count = counts[static_cast<std::size_t>(chunk)];
-        look(first, last, withHidden, [&count](std::uint32_t, double largest) {
-            bool const isTaken = std::isfinite(largest);
-            count.points += isTaken ? 1 : 0;
-            count.leftOut += isTaken ? 0 : 1;
-            count.largest = std::max(count.largest, isTaken ? largest : 0.0);
-        });
-    });
-    Selection whole;
-    std::size_t size = 0;
-    for (Count& count : counts) {
-        size += std::exchange(count.points, size);
-        whole.leftOut += count.leftOut;
-        whole.largest = std::max(whole.largest, count.largest);
-    }
-    whole.points.resize(size);
-    parallelFor(m_end, [&](std::int64_t first, std::int64_t last, std::int64_t chunk) {
-        progress.check();
-        std::uint32_t* next = whole.points.data() + counts[static_cast<std::size_t>(chunk)].points;
-        look(first, last, withHidden, [&next](std::uint32_t point, double largest) {
-            if (std::isfinite(largest)) {
-                *next++ = point;
-            }
-        });
-    });
-    return whole;
+    return chunk;
 }
 
 } // namespace veldraw::kernel

@@ -55,8 +55,16 @@ private:
 
     Part const& partOf(std::uint32_t point) const;
 
-    template <typename Take>
-    void look(std::int64_t first, std::int64_t last, bool withHidden, Take const& take) const;
+    /// What is found in a chunk of all slots.
+    struct Chunk
+    {
+        std::int64_t first = 0;
+        std::int64_t count = 0; ///< of the selected points
+        std::int64_t leftOut = 0;
+        double largest = 0.0;
+    };
+
+    Chunk selectChunk(std::int64_t first, std::int64_t last, bool withHidden, std::uint32_t* points) const;
 
     int m_dimensions;
     double m_scale = 1.0;

@@ -87,9 +87,10 @@ std::string Triangulate::reasonAgainst() const
     if (!(m_keepFactor >= 0.0 && m_keepFactor <= 0.5)) {
         return "The triangle keep factor has to be between 0 and 0.5.";
     }
-    for (int axis = 0; axis < 2; ++axis) {
-        if (frame()->axisVariables()[static_cast<std::size_t>(axis)] == 0) {
-            return std::string("The ") + "XY"[axis] + " axis has no variable.";
+    for (std::size_t axis = 0; axis < 2; ++axis) {
+        std::string reason = reasonAgainstAxis(axis);
+        if (!reason.empty()) {
+            return reason;
         }
     }
     for (int const zone : allZones()) {
@@ -110,19 +111,11 @@ std::string Triangulate::reasonAgainst() const
 
 std::string Triangulate::reasonAgainstZone(int zone) const
 {
-    std::string const name = quoted(dataSet().zone(zone)->name);
     if (!dataSet().zone(zone)->enabled) {
-        return "The zone " + name + " is disabled.";
+        return "The zone " + quoted(dataSet().zone(zone)->name) + " is disabled.";
     }
-    for (std::size_t axis = 0; axis < 2; ++axis) {
-        int const variable = frame()->axisVariables()[axis];
-        Field const& field = *dataSet().field(zone, variable);
-        if (!field.isPassive() && field.location() != ValueLocation_Nodal) {
-            return "The coordinate " + quoted(dataSet().variable(variable)->name) + " of zone " + name +
-                   " has its values at the cells.";
-        }
-    }
-    return {};
+    std::string reason = reasonAgainstCoordinate(0, zone);
+    return reason.empty() ? reasonAgainstCoordinate(1, zone) : reason;
 }
 
 /// Why a zone whose dimensions are known cannot be a boundary; empty when it can.
@@ -145,13 +138,6 @@ std::shared_ptr<DeferredLoad> Triangulate::needs()
         }
     }
     return m_load;
-}
-
-/// The values of a field; null for a passive one.
-std::shared_ptr<Buffer const> Triangulate::loaded(int zone, int variable) const
-{
-    Field const& field = *dataSet().field(zone, variable);
-    return field.isPassive() ? nullptr : m_load->valuesOf(*field.group());
 }
 
 void Triangulate::compute(Progress& progress)
@@ -184,6 +170,9 @@ void Triangulate::collectZones()
 {
     m_places.clear();
     std::int64_t end = 0;
+    auto const coordinate = [this](int zone, std::size_t axis) {
+        return m_load->valuesOf(*dataSet().field(zone, frame()->axisVariables()[axis]));
+    };
     auto const add = [&](int number, bool isBoundary) {
         Zone const& zone = *dataSet().zone(number);
         ZoneDimensions const size = m_load->dimensionsOf(zone);
@@ -192,9 +181,8 @@ void Triangulate::collectZones()
         if (!reason.empty()) {
             throw std::runtime_error(reason);
         }
-        std::array<int, 3> const axes = frame()->axisVariables();
         m_places.emplace_back(zone.type, size,
-                              ValuePlaces::Coordinates{loaded(number, axes[0]), loaded(number, axes[1]), nullptr}, 2,
+                              ValuePlaces::Coordinates{coordinate(number, 0), coordinate(number, 1), nullptr}, 2,
                               ValueLocation_Nodal);
         std::int64_t const first = end;
         end += m_places.back().slotCount();
@@ -384,7 +372,7 @@ NewField Triangulate::makeField(int variable, Progress& progress)
             values.push_back({nullptr, part.isBoundary && axis < 0});
             continue;
         }
-        std::shared_ptr<Buffer const> buffer = loaded(part.zone, variable);
+        std::shared_ptr<Buffer const> buffer = m_load->valuesOf(field);
         if (field.location() == ValueLocation_CellCentered) {
             Zone const& zone = *dataSet().zone(part.zone);
             buffer = meansAtPoints(zone.type, m_load->dimensionsOf(zone), *buffer, progress);

@@ -69,7 +69,6 @@ private:
     NumberSet allZones() const;
     std::string reasonAgainstZone(int zone) const;
     static std::string reasonAgainstBoundary(Zone const& zone);
-    std::shared_ptr<Buffer const> loaded(int zone, int variable) const;
     void collectZones();
     void readZone(TriangulatedPoints::Part const& part, PlanePlace* places, std::vector<Number>& kept,
                   Progress const& progress);

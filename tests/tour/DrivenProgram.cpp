@@ -6,7 +6,11 @@
 #include "host/KernelBridge.h"
 
 #include <QCommandLineParser>
+#include <QFileInfo>
 #include <QSettings>
+
+#include <cstdio>
+#include <cstdlib>
 
 namespace veldraw::app {
 
@@ -46,6 +50,11 @@ void DrivenProgram::parse(QString const& description)
         {QStringLiteral("out"), QStringLiteral("Folder for pictures and results."), QStringLiteral("folder")});
     parser.process(m_application);
     m_samples = parser.value(QStringLiteral("samples"));
+    if (!QFileInfo::exists(m_samples + QStringLiteral("/.complete"))) {
+        std::fprintf(stderr, "%s: --samples has to name the folder that veldraw_make_samples filled for ./run\n",
+                     qUtf8Printable(QFileInfo(m_application.applicationFilePath()).fileName()));
+        std::exit(2);
+    }
     m_out = parser.value(QStringLiteral("out"));
 }
 

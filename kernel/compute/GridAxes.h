@@ -24,6 +24,9 @@ struct IndexSpan
     bool contains(std::int64_t index) const { return index >= first && index < last; }
 };
 
+/// A part of a grid: that of each axis.
+using GridSpans = std::array<IndexSpan, 3>;
+
 /// An axis of a grid whose values are smoothed.
 struct GridAxis
 {

@@ -18,7 +18,8 @@ namespace veldraw::kernel {
 /// Holes have no part in the means of their neighbors. A value whose neighbors are all holes stays.
 ///
 /// Several passes are made over a part of the grid while it is in the cache. Results depend neither on the parts nor on the
-/// number of threads. Beyond the results it takes two arrays of doubles at most, none for few passes.
+/// number of threads. Beyond the results it takes two arrays of doubles at most, none for few passes; for some tens of passes over
+/// floats it computes in floats, and takes two arrays of these.
 /// @param values not examined yet; when it returns, all new values have been stored
 /// @throws Interrupted, std::bad_alloc
 SmoothingOutcome smoothGrid(ValueGrid const& grid, SmoothingRule const& rule, BoundaryCondition_e condition,

@@ -6,8 +6,10 @@
 
 namespace veldraw::kernel {
 
-GridTile::GridTile(GridAxes const& axes, double weight, bool hasHoles, std::int64_t passes, GridPlace const& from,
-                   GridPlace const& to, Spans const& spans, double* room)
+template <typename Number>
+GridTile<Number>::GridTile(GridAxes const& axes, double weight, bool hasHoles, std::int64_t passes,
+                           GridPlace<Number> const& from, GridPlace<Number> const& to, GridSpans const& spans,
+                           Number* room)
     : m_axes(axes)
     , m_weight(weight)
     , m_hasHoles(hasHoles)
@@ -18,7 +20,7 @@ GridTile::GridTile(GridAxes const& axes, double weight, bool hasHoles, std::int6
     , m_room(room)
 {
     for (std::int64_t around = m_passes; around >= 0; --around) {
-        Spans computed;
+        GridSpans computed;
         for (std::size_t axis = 0; axis < 3; ++axis) {
             computed[axis] = {std::max<std::int64_t>(m_spans[axis].first - around, 0),
                               std::min(m_spans[axis].last + around, m_axes.axes[axis].count)};
@@ -28,21 +30,24 @@ GridTile::GridTile(GridAxes const& axes, double weight, bool hasHoles, std::int6
 }
 
 /// The part of that which is not held.
-IndexSpan GridTile::movedSpan(std::size_t axis, std::int64_t pass) const
+template <typename Number>
+IndexSpan GridTile<Number>::movedSpan(std::size_t axis, std::int64_t pass) const
 {
     IndexSpan const all = span(axis, pass);
     IndexSpan const moving = m_axes.axes[axis].moving();
     return {std::max(all.first, moving.first), std::min(all.last, moving.last)};
 }
 
-std::int64_t GridTile::slot(std::int64_t i, std::int64_t j, std::int64_t k) const
+template <typename Number>
+std::int64_t GridTile<Number>::slot(std::int64_t i, std::int64_t j, std::int64_t k) const
 {
     return i * m_axes.axes[0].stride + j * m_axes.axes[1].stride + k * m_axes.axes[2].stride;
 }
 
-GridTile::Plane GridTile::plane(std::int64_t pass, std::int64_t k) const
+template <typename Number>
+typename GridTile<Number>::Plane GridTile<Number>::plane(std::int64_t pass, std::int64_t k) const
 {
-    double* const array = pass == 0 ? m_from.array : pass == m_passes ? m_to.array : nullptr;
+    Number* const array = pass == 0 ? m_from.array : pass == m_passes ? m_to.array : nullptr;
     if (array != nullptr) {
         return {array + slot(0, 0, k), m_axes.axes[1].stride, 0, 0};
     }
@@ -52,7 +57,8 @@ GridTile::Plane GridTile::plane(std::int64_t pass, std::int64_t k) const
     return {m_room + (3 * pass + k % 3) * size, i.count(), i.first, j.first};
 }
 
-double GridTile::run(Progress& progress)
+template <typename Number>
+double GridTile<Number>::run(Progress& progress)
 {
     IndexSpan const read = span(2, 0);
     IndexSpan const& made = m_spans[2];
@@ -78,7 +84,8 @@ double GridTile::run(Progress& progress)
     return m_largestChange;
 }
 
-void GridTile::readPlane(std::int64_t k) const
+template <typename Number>
+void GridTile<Number>::readPlane(std::int64_t k) const
 {
     IndexSpan const i = span(0, 0);
     IndexSpan const j = span(1, 0);
@@ -88,7 +95,8 @@ void GridTile::readPlane(std::int64_t k) const
     }
 }
 
-void GridTile::storePlane(std::int64_t k) const
+template <typename Number>
+void GridTile<Number>::storePlane(std::int64_t k) const
 {
     IndexSpan const i = m_spans[0];
     Plane const values = plane(m_passes, k);
@@ -97,7 +105,8 @@ void GridTile::storePlane(std::int64_t k) const
     }
 }
 
-void GridTile::makePlane(std::int64_t pass, std::int64_t k)
+template <typename Number>
+void GridTile<Number>::makePlane(std::int64_t pass, std::int64_t k)
 {
     GridAxis const& axis = m_axes.axes[2];
     bool const followsTwo = m_axes.condition == BoundaryCondition_SecondOrder;
@@ -119,7 +128,8 @@ void GridTile::makePlane(std::int64_t pass, std::int64_t k)
     }
 }
 
-void GridTile::keepPlane(std::int64_t pass, std::int64_t k) const
+template <typename Number>
+void GridTile<Number>::keepPlane(std::int64_t pass, std::int64_t k) const
 {
     IndexSpan const i = span(0, pass);
     IndexSpan const j = span(1, pass);
@@ -130,7 +140,8 @@ void GridTile::keepPlane(std::int64_t pass, std::int64_t k) const
     }
 }
 
-void GridTile::smoothPlane(std::int64_t pass, std::int64_t k)
+template <typename Number>
+void GridTile<Number>::smoothPlane(std::int64_t pass, std::int64_t k)
 {
     IndexSpan const i = span(0, pass);
     IndexSpan const j = span(1, pass);
@@ -139,31 +150,33 @@ void GridTile::smoothPlane(std::int64_t pass, std::int64_t k)
     for (std::int64_t row = j.first; row < j.last; ++row) {
         if (m_axes.axes[1].isEnd(row)) {
             std::copy_n(before.at(i.first, row), i.count(), after.at(i.first, row));
-        } else {
-            smoothInside(pass, row, k);
         }
+    }
+    IndexSpan const inside = m_axes.axes[1].inside();
+    IndexSpan const rows{std::max(j.first, inside.first), std::min(j.last, inside.last)};
+    bool const isOneRun = i.count() == before.stride && i.count() == after.stride; // without a gap between the rows
+    std::int64_t const atATime = isOneRun ? rows.count() : 1;
+    for (std::int64_t row = rows.first; row < rows.last; row += atATime) {
+        smoothRows(pass, row, atATime, k);
     }
     moveEndsInPlane(pass, k);
 }
 
-/// Smooths a row that is at no end of the other axes; its own ends stay for now.
-void GridTile::smoothInside(std::int64_t pass, std::int64_t j, std::int64_t k)
+/// Smooths rows that are at no end of the other axes; the ends of each stay for now. Several ones are computed as one long row,
+/// their ends with it, which are then put back.
+template <typename Number>
+void GridTile<Number>::smoothRows(std::int64_t pass, std::int64_t j, std::int64_t rows, std::int64_t k)
 {
     IndexSpan const all = span(0, pass);
     IndexSpan const inside = m_axes.axes[0].inside();
     Plane const before = plane(pass - 1, k);
     Plane const after = plane(pass, k);
-    for (std::int64_t const end : {all.first, all.last - 1}) {
-        *after.at(end, j) = *before.at(end, j);
-    }
     std::int64_t const first = std::max(all.first, inside.first);
-    std::int64_t const count = std::min(all.last, inside.last) - first;
-    if (count < 1) {
-        return;
-    }
-    double const* const row = before.at(first, j);
-    double* const result = after.at(first, j);
-    NeighborRows neighbors;
+    std::int64_t const inner = std::min(all.last, inside.last) - first;
+    std::int64_t const count = (rows - 1) * before.stride + inner;
+    Number const* const row = before.at(first, j);
+    Number* const result = after.at(first, j);
+    NeighborRows<Number> neighbors;
     if (m_axes.axes[0].hasEnds()) {
         neighbors.add(row - 1, row + 1);
     }
@@ -173,19 +186,27 @@ void GridTile::smoothInside(std::int64_t pass, std::int64_t j, std::int64_t k)
     if (m_axes.axes[2].hasEnds()) {
         neighbors.add(plane(pass - 1, k - 1).at(first, j), plane(pass - 1, k + 1).at(first, j));
     }
-    (m_hasHoles ? smoothRowWithHoles : smoothRow)(row, neighbors, m_weight, count, result);
+    (m_hasHoles ? smoothRowWithHoles<Number> : smoothRow<Number>)(row, neighbors, m_weight, count, result);
+    for (std::int64_t changed = j; changed < j + rows; ++changed) {
+        for (std::int64_t const end : {all.first, all.last - 1}) {
+            if (m_axes.axes[0].isEnd(end)) {
+                *after.at(end, changed) = *before.at(end, changed);
+            }
+        }
+    }
     if (m_measures && pass == m_passes) {
         noteChange(pass, largestDifference(row, result, count));
     }
 }
 
 /// Moves the ends of the first two axes in a plane that is at no end of the last one.
-void GridTile::moveEndsInPlane(std::int64_t pass, std::int64_t k)
+template <typename Number>
+void GridTile<Number>::moveEndsInPlane(std::int64_t pass, std::int64_t k)
 {
     Plane const values = plane(pass, k);
     bool const followsTwo = m_axes.condition == BoundaryCondition_SecondOrder;
-    auto const move = [&](double* border, std::int64_t inwards, std::int64_t step, std::int64_t count) {
-        double const* const inner = followsTwo ? border + 2 * inwards : nullptr;
+    auto const move = [&](Number* border, std::int64_t inwards, std::int64_t step, std::int64_t count) {
+        Number const* const inner = followsTwo ? border + 2 * inwards : nullptr;
         noteChange(pass, extrapolateRow(border + inwards, inner, step, count, border));
     };
     IndexSpan const rows = span(1, pass);
@@ -206,7 +227,8 @@ void GridTile::moveEndsInPlane(std::int64_t pass, std::int64_t k)
 }
 
 /// Moves a plane at an end of the last axis. @param inwards step to the plane that it follows
-void GridTile::movePlane(std::int64_t pass, std::int64_t k, std::int64_t inwards)
+template <typename Number>
+void GridTile<Number>::movePlane(std::int64_t pass, std::int64_t k, std::int64_t inwards)
 {
     IndexSpan const i = movedSpan(0, pass);
     IndexSpan const j = movedSpan(1, pass);
@@ -214,16 +236,20 @@ void GridTile::movePlane(std::int64_t pass, std::int64_t k, std::int64_t inwards
     Plane const next = plane(pass, k + inwards);
     bool const followsTwo = m_axes.condition == BoundaryCondition_SecondOrder;
     for (std::int64_t row = j.first; row < j.last; ++row) {
-        double const* const inner = followsTwo ? plane(pass, k + 2 * inwards).at(i.first, row) : nullptr;
+        Number const* const inner = followsTwo ? plane(pass, k + 2 * inwards).at(i.first, row) : nullptr;
         noteChange(pass, extrapolateRow(next.at(i.first, row), inner, 1, i.count(), border.at(i.first, row)));
     }
 }
 
-void GridTile::noteChange(std::int64_t pass, double change)
+template <typename Number>
+void GridTile<Number>::noteChange(std::int64_t pass, double change)
 {
     if (m_measures && pass == m_passes) {
         m_largestChange = std::max(m_largestChange, change);
     }
 }
+
+template class GridTile<float>;
+template class GridTile<double>;
 
 } // namespace veldraw::kernel

@@ -10,31 +10,31 @@ namespace veldraw::kernel {
 
 /// Where the values of a grid are read from, or go to: an array with the strides of the grid, or where that is null, values of any
 /// type.
+template <typename Number>
 struct GridPlace
 {
     SmoothingValues* values = nullptr;
-    double* array = nullptr;
+    Number* array = nullptr;
 };
 
 /// Makes some passes over a part of a grid while it is in the cache: the planes along the last axis come in one by one, each
 /// pass follows the one before by a plane, and of each pass the last three planes are kept. What lies around the part is
 /// computed as far as the part depends on it.
+/// @tparam Number float or double: what the passes compute in
+template <typename Number>
 class GridTile
 {
 public:
-    /// The part of each axis.
-    using Spans = std::array<IndexSpan, 3>;
-
     /// @param passes at least 1
     /// @param from is not @p to
-    /// @param room for roomFor() doubles
-    GridTile(GridAxes const& axes, double weight, bool hasHoles, std::int64_t passes, GridPlace const& from,
-             GridPlace const& to, Spans const& spans, double* room);
+    /// @param room for roomFor() numbers
+    GridTile(GridAxes const& axes, double weight, bool hasHoles, std::int64_t passes, GridPlace<Number> const& from,
+             GridPlace<Number> const& to, GridSpans const& spans, Number* room);
 
     /// Has run() look for the largest change.
     void measure() { m_measures = true; }
 
-    /// Doubles that the passes over a part need, at most. @param i, j values of the part along the first two axes
+    /// Numbers that the passes over a part need, at most. @param i, j values of the part along the first two axes
     static std::int64_t roomFor(std::int64_t passes, std::int64_t i, std::int64_t j)
     {
         return 3 * (passes + 1) * (i + 2 * passes) * (j + 2 * passes);
@@ -49,12 +49,12 @@ private:
     /// A plane of values after some pass.
     struct Plane
     {
-        double* values;
+        Number* values;
         std::int64_t stride;
         std::int64_t firstI;
         std::int64_t firstJ;
 
-        double* at(std::int64_t i, std::int64_t j) const { return values + (j - firstJ) * stride + (i - firstI); }
+        Number* at(std::int64_t i, std::int64_t j) const { return values + (j - firstJ) * stride + (i - firstI); }
     };
 
     IndexSpan const& span(std::size_t axis, std::int64_t pass) const
@@ -70,7 +70,7 @@ private:
     void makePlane(std::int64_t pass, std::int64_t k);
     void keepPlane(std::int64_t pass, std::int64_t k) const;
     void smoothPlane(std::int64_t pass, std::int64_t k);
-    void smoothInside(std::int64_t pass, std::int64_t j, std::int64_t k);
+    void smoothRows(std::int64_t pass, std::int64_t j, std::int64_t rows, std::int64_t k);
     void moveEndsInPlane(std::int64_t pass, std::int64_t k);
     void movePlane(std::int64_t pass, std::int64_t k, std::int64_t inwards);
     void noteChange(std::int64_t pass, double change);
@@ -79,11 +79,11 @@ private:
     double m_weight;
     bool m_hasHoles;
     std::int64_t m_passes;
-    GridPlace m_from;
-    GridPlace m_to;
-    Spans m_spans;
-    std::vector<Spans> m_computed; // in each pass, or read in pass 0
-    double* m_room;
+    GridPlace<Number> m_from;
+    GridPlace<Number> m_to;
+    GridSpans m_spans;
+    std::vector<GridSpans> m_computed; // in each pass, or read in pass 0
+    Number* m_room;
     bool m_measures = false;
     double m_largestChange = 0.0;
 };

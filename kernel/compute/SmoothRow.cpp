@@ -3,61 +3,66 @@
 #include "kernel/compute/WideLanes.h"
 
 #include <cmath>
+#include <cstring>
+#include <limits>
 
 namespace veldraw::kernel {
 
 namespace {
 
+template <typename Number>
 struct SmoothedRow
 {
-    double const* __restrict row;
-    NeighborRows const& neighbors;
-    double weight;
+    Number const* __restrict row;
+    NeighborRows<Number> const& neighbors;
+    Number weight;
     std::int64_t count;
-    double* __restrict result;
+    Number* __restrict result;
 };
 
-template <int axes>
-VELDRAW_INLINE void smooth(SmoothedRow const& work)
+template <int axes, typename Number>
+VELDRAW_INLINE void smooth(SmoothedRow<Number> const& work)
 {
     auto const [a, b, c, d, e, f] = work.neighbors.rows;
-    double const* __restrict const row = work.row;
-    double* __restrict const result = work.result;
-    double const share = work.weight / (2 * axes);
+    Number const* __restrict const row = work.row;
+    Number* __restrict const result = work.result;
+    constexpr Number neighbors = 2 * axes;
+    Number const share = work.weight / neighbors;
     std::int64_t const count = work.count;
 #pragma GCC ivdep
     for (std::int64_t at = 0; at < count; ++at) {
         // By pairs: the sum of equal values is then the value times their number, rounded once, and the difference is 0.
-        double sum = a[at] + b[at];
+        Number sum = a[at] + b[at];
         if constexpr (axes > 1) {
             sum += c[at] + d[at];
         }
         if constexpr (axes > 2) {
             sum += e[at] + f[at];
         }
-        result[at] = row[at] + share * (sum - 2 * axes * row[at]);
+        result[at] = row[at] + share * (sum - neighbors * row[at]);
     }
 }
 
-VELDRAW_INLINE void addDifference(double neighbor, double value, double& sum, double& count)
+template <typename Number>
+VELDRAW_INLINE void addDifference(Number neighbor, Number value, Number& sum, Number& count)
 {
-    double const difference = neighbor - value;
+    Number const difference = neighbor - value;
     bool const isNumber = !std::isnan(difference);
-    sum += isNumber ? difference : 0.0;
-    count += isNumber ? 1.0 : 0.0;
+    sum += isNumber ? difference : Number(0);
+    count += isNumber ? Number(1) : Number(0);
 }
 
-template <int axes>
-VELDRAW_INLINE void smoothWithHoles(SmoothedRow const& work)
+template <int axes, typename Number>
+VELDRAW_INLINE void smoothWithHoles(SmoothedRow<Number> const& work)
 {
     auto const [a, b, c, d, e, f] = work.neighbors.rows;
-    double const* __restrict const row = work.row;
-    double* __restrict const result = work.result;
+    Number const* __restrict const row = work.row;
+    Number* __restrict const result = work.result;
     std::int64_t const count = work.count;
 #pragma GCC ivdep
     for (std::int64_t at = 0; at < count; ++at) {
-        double sum = 0.0;
-        double numbers = 0.0;
+        Number sum = 0;
+        Number numbers = 0;
         addDifference(a[at], row[at], sum, numbers);
         addDifference(b[at], row[at], sum, numbers);
         if constexpr (axes > 1) {
@@ -68,86 +73,126 @@ VELDRAW_INLINE void smoothWithHoles(SmoothedRow const& work)
             addDifference(e[at], row[at], sum, numbers);
             addDifference(f[at], row[at], sum, numbers);
         }
-        result[at] = row[at] + work.weight * sum / (numbers > 0.0 ? numbers : 1.0);
+        result[at] = row[at] + work.weight * sum / (numbers > 0 ? numbers : Number(1));
     }
 }
 
-VELDRAW_WIDE_LANES("avx512f", "avx2")
-void smoothOne(SmoothedRow const& work)
+template <typename Number>
+VELDRAW_INLINE void smoothAlongAxes(SmoothedRow<Number> const& work)
 {
-    smooth<1>(work);
+    work.neighbors.axes == 3 ? smooth<3>(work) : work.neighbors.axes == 2 ? smooth<2>(work) : smooth<1>(work);
+}
+
+template <typename Number>
+VELDRAW_INLINE void smoothAlongAxesWithHoles(SmoothedRow<Number> const& work)
+{
+    work.neighbors.axes == 3   ? smoothWithHoles<3>(work)
+    : work.neighbors.axes == 2 ? smoothWithHoles<2>(work)
+                               : smoothWithHoles<1>(work);
+}
+
+/// Compares the bits, which stand in the order of the numbers: the compiler does that for several numbers at a time.
+template <typename Bits, typename Number>
+VELDRAW_INLINE Number largestOf(Number const* left, Number const* right, std::int64_t count)
+{
+    constexpr Number infinity = std::numeric_limits<Number>::infinity();
+    Bits limit;
+    std::memcpy(&limit, &infinity, sizeof limit);
+    Bits largest = 0;
+    for (std::int64_t at = 0; at < count; ++at) {
+        Number const difference = std::fabs(left[at] - right[at]);
+        Bits bits;
+        std::memcpy(&bits, &difference, sizeof bits);
+        bits = bits > limit ? 0 : bits;
+        largest = bits > largest ? bits : largest;
+    }
+    Number result;
+    std::memcpy(&result, &largest, sizeof result);
+    return result;
+}
+
+// No templates, since the compiler makes no variants of these.
+
+VELDRAW_WIDE_LANES("avx512f", "avx2")
+void run(SmoothedRow<float> const& work)
+{
+    smoothAlongAxes(work);
 }
 
 VELDRAW_WIDE_LANES("avx512f", "avx2")
-void smoothTwo(SmoothedRow const& work)
+void run(SmoothedRow<double> const& work)
 {
-    smooth<2>(work);
+    smoothAlongAxes(work);
 }
 
 VELDRAW_WIDE_LANES("avx512f", "avx2")
-void smoothThree(SmoothedRow const& work)
+void runWithHoles(SmoothedRow<float> const& work)
 {
-    smooth<3>(work);
+    smoothAlongAxesWithHoles(work);
 }
 
 VELDRAW_WIDE_LANES("avx512f", "avx2")
-void smoothOneWithHoles(SmoothedRow const& work)
+void runWithHoles(SmoothedRow<double> const& work)
 {
-    smoothWithHoles<1>(work);
+    smoothAlongAxesWithHoles(work);
 }
 
 VELDRAW_WIDE_LANES("avx512f", "avx2")
-void smoothTwoWithHoles(SmoothedRow const& work)
+double compare(float const* left, float const* right, std::int64_t count)
 {
-    smoothWithHoles<2>(work);
+    return static_cast<double>(largestOf<std::int32_t>(left, right, count));
 }
 
 VELDRAW_WIDE_LANES("avx512f", "avx2")
-void smoothThreeWithHoles(SmoothedRow const& work)
+double compare(double const* left, double const* right, std::int64_t count)
 {
-    smoothWithHoles<3>(work);
+    return largestOf<std::int64_t>(left, right, count);
 }
 
 } // namespace
 
-void smoothRow(double const* row, NeighborRows const& neighbors, double weight, std::int64_t count, double* result)
+template <typename Number>
+void smoothRow(Number const* row, NeighborRows<Number> const& neighbors, double weight, std::int64_t count,
+               Number* result)
 {
-    SmoothedRow const work{row, neighbors, weight, count, result};
-    neighbors.axes == 3 ? smoothThree(work) : neighbors.axes == 2 ? smoothTwo(work) : smoothOne(work);
+    run(SmoothedRow<Number>{row, neighbors, static_cast<Number>(weight), count, result});
 }
 
-void smoothRowWithHoles(double const* row, NeighborRows const& neighbors, double weight, std::int64_t count,
-                        double* result)
+template <typename Number>
+void smoothRowWithHoles(Number const* row, NeighborRows<Number> const& neighbors, double weight, std::int64_t count,
+                        Number* result)
 {
-    SmoothedRow const work{row, neighbors, weight, count, result};
-    neighbors.axes == 3   ? smoothThreeWithHoles(work)
-    : neighbors.axes == 2 ? smoothTwoWithHoles(work)
-                          : smoothOneWithHoles(work);
+    runWithHoles(SmoothedRow<Number>{row, neighbors, static_cast<Number>(weight), count, result});
 }
 
-double extrapolateRow(double const* next, double const* inner, std::int64_t step, std::int64_t count, double* border)
+template <typename Number>
+double extrapolateRow(Number const* next, Number const* inner, std::int64_t step, std::int64_t count, Number* border)
 {
-    double largest = 0.0;
+    Number largest = 0;
     for (std::int64_t at = 0; at < count * step; at += step) {
-        double const value = inner != nullptr ? 2 * next[at] - inner[at] : next[at];
-        double const change = std::fabs(value - border[at]);
+        Number const value = inner != nullptr ? 2 * next[at] - inner[at] : next[at];
+        Number const change = std::fabs(value - border[at]);
         if (std::isfinite(change)) { // neither the value nor what it follows from is a hole
             largest = change > largest ? change : largest;
             border[at] = value;
         }
     }
-    return largest;
+    return static_cast<double>(largest);
 }
 
-VELDRAW_WIDE_LANES("avx512f", "avx2")
-double largestDifference(double const* left, double const* right, std::int64_t count)
+template <typename Number>
+double largestDifference(Number const* left, Number const* right, std::int64_t count)
 {
-    double largest = 0.0;
-    for (std::int64_t at = 0; at < count; ++at) {
-        double const difference = std::fabs(left[at] - right[at]);
-        largest = difference > largest ? difference : largest;
-    }
-    return largest;
+    return compare(left, right, count);
 }
+
+#define VELDRAW_SMOOTH_ROWS_OF(Number)                                                                                 \
+    template void smoothRow(Number const*, NeighborRows<Number> const&, double, std::int64_t, Number*);                \
+    template void smoothRowWithHoles(Number const*, NeighborRows<Number> const&, double, std::int64_t, Number*);       \
+    template double extrapolateRow(Number const*, Number const*, std::int64_t, std::int64_t, Number*);                 \
+    template double largestDifference(Number const*, Number const*, std::int64_t)
+
+VELDRAW_SMOOTH_ROWS_OF(float);
+VELDRAW_SMOOTH_ROWS_OF(double);
 
 } // namespace veldraw::kernel

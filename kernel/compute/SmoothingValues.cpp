@@ -12,6 +12,7 @@ namespace veldraw::kernel {
 namespace {
 
 constexpr double huge = 0x1p970; // a million times it is finite
+constexpr double largeFloat = 0x1p107;
 
 /// The new number for an element, as the element will have it; it may be cut.
 template <typename Element>
@@ -22,6 +23,32 @@ double fitting(double value, bool& isCut)
     double const whole = std::is_integral_v<Element> ? std::round(value) : value;
     isCut = whole < low || whole > high;
     return static_cast<double>(static_cast<Element>(std::clamp(whole, low, high)));
+}
+
+void readFloats(Buffer const& buffer, std::int64_t first, std::int64_t count, float* values)
+{
+    std::int64_t const stride = buffer.stride();
+    auto const* const elements = static_cast<float const*>(buffer.data()) + first * stride;
+    if (stride == 1) {
+        std::copy_n(elements, count, values);
+        return;
+    }
+    for (std::int64_t at = 0; at < count; ++at) {
+        values[at] = elements[at * stride];
+    }
+}
+
+/// Stores values, or the old one where the new one is the same number or no number. @return how many are other numbers
+std::int64_t takeOver(float const* __restrict values, float const* __restrict old, std::int64_t count,
+                      float* __restrict results)
+{
+    std::int32_t changed = 0;
+    for (std::int64_t at = 0; at < count; ++at) {
+        bool const isOther = values[at] < old[at] || values[at] > old[at];
+        results[at] = isOther ? values[at] : old[at];
+        changed += isOther ? 1 : 0;
+    }
+    return changed;
 }
 
 /// A bit as a byte.
@@ -74,7 +101,7 @@ void SmoothingValues::examine(std::int64_t first, std::int64_t count)
         return;
     }
     std::int64_t holes = 0;
-    bool hasHuge = false;
+    double largest = 0.0;
     for (std::int64_t begin = first; begin < first + count; begin += blockSize) {
         double values[blockSize];
         std::int64_t const size = std::min(blockSize, first + count - begin);
@@ -82,15 +109,18 @@ void SmoothingValues::examine(std::int64_t first, std::int64_t count)
         for (std::int64_t at = 0; at < size; ++at) {
             bool const isNumber = std::fabs(values[at]) <= std::numeric_limits<double>::max();
             holes += isNumber ? 0 : 1;
-            hasHuge = hasHuge || (isNumber && std::fabs(values[at]) > huge);
+            largest = isNumber && std::fabs(values[at]) > largest ? std::fabs(values[at]) : largest;
         }
         for (std::int64_t at = 0; m_hidden && at < size; ++at) {
             holes += m_hidden->contains(begin + at) && std::isfinite(values[at]) ? 1 : 0;
         }
     }
     m_leftOut += holes;
-    if (hasHuge) {
+    if (largest > huge) {
         m_hasHuge = true;
+    }
+    if (largest > largeFloat) {
+        m_hasLarge = true;
     }
 }
 
@@ -105,12 +135,24 @@ void SmoothingValues::read(std::int64_t first, std::int64_t count, double* value
     if (m_hasHuge) {
         std::transform(values, values + count, values, [this](double value) { return value * scale(); });
     }
+    markHoles(first, count, values);
+}
+
+void SmoothingValues::read(std::int64_t first, std::int64_t count, float* values) const
+{
+    readFloats(*m_old, first, count, values);
+    markHoles(first, count, values);
+}
+
+template <typename Number>
+void SmoothingValues::markHoles(std::int64_t first, std::int64_t count, Number* values) const
+{
     if (!hasHoles()) {
         return;
     }
-    constexpr double nothing = std::numeric_limits<double>::quiet_NaN();
+    constexpr Number nothing = std::numeric_limits<Number>::quiet_NaN();
     std::replace_if(
-        values, values + count, [](double value) { return !std::isfinite(value); }, nothing);
+        values, values + count, [](Number value) { return !std::isfinite(value); }, nothing);
     for (std::int64_t at = 0; m_hidden && at < count; ++at) {
         values[at] = m_hidden->contains(first + at) ? nothing : values[at];
     }
@@ -165,6 +207,17 @@ void SmoothingValues::store(std::int64_t first, std::int64_t count, double const
             storeAs<Flag>(first + done, size, values + done);
             break;
         }
+    }
+}
+
+void SmoothingValues::store(std::int64_t first, std::int64_t count, float const* values)
+{
+    auto* const elements = static_cast<float*>(m_new->mutableData()) + first;
+    for (std::int64_t done = 0; done < count; done += blockSize) {
+        float old[blockSize];
+        std::int64_t const size = std::min(blockSize, count - done);
+        readFloats(*m_old, first + done, size, old);
+        m_changed += takeOver(values + done, old, size, elements + done);
     }
 }
 

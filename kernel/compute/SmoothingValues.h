@@ -5,10 +5,11 @@
 #include "kernel/storage/HiddenSlots.h"
 
 #include <atomic>
+#include <type_traits>
 
 namespace veldraw::kernel {
 
-/// The values that a smoothing starts from, as doubles, and the new ones, each rounded to the type of the old ones once.
+/// The values that a smoothing starts from, as doubles or floats, and the new ones, each rounded to the type of the old ones once.
 ///
 /// A value that is hidden or no finite number is a hole: it reads as NaN, and keeps its bits. Whole numbers are rounded to
 /// nearest and cut to the limits of their type; a bit is 1 from 0.5 on.
@@ -34,11 +35,24 @@ public:
     bool hasHoles() const { return m_leftOut > 0; }
     bool isHole(std::int64_t slot) const;
 
+    /// Whether values and sums of some are floats.
+    bool fitSingle() const { return m_old->type() == FieldDataType_Float && !m_hasLarge; }
+
     void read(std::int64_t first, std::int64_t count, double* values) const;
+    void read(std::int64_t first, std::int64_t count, float* values) const; ///< where they fitSingle()
     double read(std::int64_t slot) const;
 
     /// Stores new values; NaN where the old one stays.
     void store(std::int64_t first, std::int64_t count, double const* values);
+    void store(std::int64_t first, std::int64_t count, float const* values); ///< where they fitSingle()
+
+    /// The array of the new values where they are Numbers, float or double, else null. It is free for anything until the first is stored.
+    template <typename Number>
+    Number* newValues()
+    {
+        constexpr FieldDataType_e type = std::is_same_v<Number, float> ? FieldDataType_Float : FieldDataType_Double;
+        return m_new->type() == type ? static_cast<Number*>(m_new->mutableData()) : nullptr;
+    }
 
     /// A number in the unit of the values that are read, in that of the variable.
     double inUnits(double number) const { return number / scale(); }
@@ -53,6 +67,9 @@ public:
     std::shared_ptr<Buffer> take(Progress& progress);
 
 private:
+    template <typename Number>
+    void markHoles(std::int64_t first, std::int64_t count, Number* values) const;
+
     template <typename Element>
     void storeAs(std::int64_t first, std::int64_t count, double const* values);
 
@@ -63,6 +80,7 @@ private:
     std::shared_ptr<HiddenSlots const> m_hidden;
     std::shared_ptr<Buffer> m_new; ///< bits as bytes, since two threads must not write to the same byte
     std::atomic<bool> m_hasHuge{false};
+    std::atomic<bool> m_hasLarge{false}; ///< beyond what sums of floats hold
     std::atomic<std::int64_t> m_leftOut{0};
     std::atomic<std::int64_t> m_changed{0};
     std::atomic<std::int64_t> m_cut{0};

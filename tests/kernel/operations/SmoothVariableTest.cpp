@@ -171,7 +171,8 @@ TEST_F(SmoothVariableTest, GivesWhatPlainLoopsGiveInBlocksOfEverySizeAndConditio
 
 TEST_F(SmoothVariableTest, GivesWhatPlainLoopsGiveInABlockOfManyParts)
 {
-    for (Size const& size : {Size{40001, 1, 1}, {901, 61, 1}, {9, 6001, 1}, {83, 79, 11}, {5, 43, 301}, {301, 5, 41}}) {
+    for (Size const& size :
+         {Size{40001, 1, 1}, {901, 61, 1}, {9, 6001, 1}, {83, 79, 11}, {5, 43, 301}, {301, 5, 41}, {1201, 41, 5}}) {
         std::vector<double> const values = randomValues(size[0] * size[1] * size[2]);
         for (BoundaryCondition_e const condition : conditions) {
             SCOPED_TRACE(testing::PrintToString(size) + " condition " + std::to_string(condition));
@@ -379,9 +380,11 @@ TEST_F(SmoothVariableTest, RoundsToTheTypeOnceAtTheEnd)
     {
         FieldDataType_e type;
         double low, high;
+        int passes = 10;
     };
     Size const size{23, 17, 13};
-    for (Type const& each : {Type{FieldDataType_Float, -1, 1},
+    for (Type const& each : {Type{FieldDataType_Float, -1, 1, 65}, // fewer passes are made in single precision
+                             {FieldDataType_Float, -1e38, 1e38},
                              {FieldDataType_Int32, -2e9, 2e9},
                              {FieldDataType_Int16, -32000, 32000},
                              {FieldDataType_Byte, 0, 255},
@@ -392,14 +395,32 @@ TEST_F(SmoothVariableTest, RoundsToTheTypeOnceAtTheEnd)
                                                     : std::floor(value);
         });
         int const zone = addOrdered(size, values, each.type);
-        ASSERT_TRUE(smooth(zone, 10, 0.5));
+        ASSERT_TRUE(smooth(zone, each.passes, 0.5));
         ASSERT_EQ(dataSet->field(zone, smoothed)->type(), each.type);
-        reference::Numbers const wanted = reference::smoothGrid(asReference(values), size, 10, 0.5L, fixedBorder);
+        reference::Numbers const wanted =
+            reference::smoothGrid(asReference(values), size, each.passes, 0.5L, fixedBorder);
         std::vector<double> const found = valuesOf(zone);
         for (std::size_t at = 0; at < found.size(); ++at) {
             double const unit = each.type == FieldDataType_Float ? std::ldexp(1.0, std::ilogb(found[at]) - 23) : 1.0;
             ASSERT_NEAR(found[at], static_cast<double>(wanted[at]), 0.5000001 * unit)
                 << "type " << each.type << " value " << at;
+        }
+    }
+}
+
+TEST_F(SmoothVariableTest, IsExactToSomeLastPlacesAfterTensOfPassesOverFloats)
+{
+    Size const size{41, 37, 19};
+    std::vector<double> values = randomValues(41 * 37 * 19);
+    std::transform(values.begin(), values.end(), values.begin(),
+                   [](double value) { return static_cast<double>(static_cast<float>(value)); });
+    double const lastPlace = 0x1p-23; // of the largest values
+    for (int const passes : {1, 11, 64}) {
+        for (BoundaryCondition_e const condition : conditions) {
+            int const zone = addOrdered(size, values, FieldDataType_Float);
+            ASSERT_TRUE(smooth(zone, passes, 0.6, condition));
+            reference::Numbers const wanted = reference::smoothGrid(asReference(values), size, passes, 0.6L, condition);
+            expectNear(valuesOf(zone), wanted, 8 * lastPlace);
         }
     }
 }
@@ -428,9 +449,9 @@ TEST_F(SmoothVariableTest, LeavesHolesAsTheyAreAndOutOfTheMeans)
         for (BoundaryCondition_e const condition : conditions) {
             int const zone = addOrdered(size, values, type);
             std::vector<double> const old = valuesOf(zone);
-            ASSERT_TRUE(smooth(zone, 9, 0.6, condition));
+            ASSERT_TRUE(smooth(zone, 12, 0.6, condition));
             std::vector<double> const found = valuesOf(zone);
-            expectNear(found, reference::smoothGrid(asReference(old), size, 9, 0.6L, condition),
+            expectNear(found, reference::smoothGrid(asReference(old), size, 12, 0.6L, condition),
                        type == FieldDataType_Double ? 1e-14 : 1e-6);
             for (std::size_t at = 0; at < old.size(); ++at) {
                 if (!std::isfinite(old[at])) {

@@ -165,7 +165,8 @@ void SmoothingValues::storeAs(std::int64_t first, std::int64_t count, double con
     double old[blockSize];
     readBlock(*m_old, first, count, old);
     auto* const elements = static_cast<Stored*>(m_new->mutableData()) + first;
-    double const unit = 1.0 / scale();
+    double const toRead = scale();
+    double const unit = 1.0 / toRead;
     std::int64_t changed = 0;
     std::int64_t cut = 0;
     for (std::int64_t at = 0; at < count; ++at) {
@@ -175,8 +176,10 @@ void SmoothingValues::storeAs(std::int64_t first, std::int64_t count, double con
         }
         bool isCut = false;
         double const value = fitting<Element>(values[at] * unit, isCut);
-        elements[at] = static_cast<Stored>(value);
-        changed += value < old[at] || value > old[at] ? 1 : 0;
+        // An equal value keeps its bits: scaled it may have lost some, and it may be zero with the other sign.
+        bool const isEqual = values[at] == old[at] * toRead || value == old[at];
+        elements[at] = static_cast<Stored>(isEqual ? old[at] : value);
+        changed += isEqual ? 0 : 1;
         cut += isCut ? 1 : 0;
     }
     m_changed += changed;

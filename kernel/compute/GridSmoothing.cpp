@@ -166,7 +166,8 @@ public:
     {
         std::size_t const count = m_results != nullptr ? 1 : 2;
         m_own.resize(std::min(count, static_cast<std::size_t>(rounds - 1)));
-        requireMemory(static_cast<double>(m_own.size() * sizeof(Number)) * static_cast<double>(slots));
+        requireMemory(values.promisedBytes() +
+                      static_cast<double>(m_own.size() * sizeof(Number)) * static_cast<double>(slots));
         for (ZeroedArray<Number>& array : m_own) {
             array = ZeroedArray<Number>(static_cast<std::size_t>(slots));
         }

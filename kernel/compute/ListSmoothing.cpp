@@ -201,7 +201,7 @@ SmoothingOutcome smoothByLists(NeighborLists const& lists, SmoothingRule const& 
 {
     std::int64_t const count = lists.count();
     progress.setTotal(rule.passes * count);
-    requireMemory(2.0 * sizeof(double) * static_cast<double>(count));
+    requireMemory(values.promisedBytes() + 2.0 * sizeof(double) * static_cast<double>(count));
     ZeroedArray<double> before(static_cast<std::size_t>(count));
     ZeroedArray<double> after(static_cast<std::size_t>(count));
     Progress moving(progress, 0);

@@ -20,8 +20,9 @@ std::int64_t ListStarts::close(Progress const& progress)
 
 ZeroedArray<std::int64_t> ListStarts::take(Progress const& progress) const
 {
-    ZeroedArray<std::int64_t> starts(m_ends.size());
-    forEachChecked(static_cast<std::int64_t>(m_ends.size()), progress, [&](std::int64_t number) {
+    auto const size = static_cast<std::int64_t>(m_ends.size());
+    ZeroedArray<std::int64_t> starts = m_room.array<std::int64_t>(size);
+    forEachChecked(size, progress, [&](std::int64_t number) {
         auto const at = static_cast<std::size_t>(number);
         starts[at] = m_ends[at].load(std::memory_order_relaxed);
     });

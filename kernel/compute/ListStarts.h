@@ -1,7 +1,7 @@
 #pragma once
 
 #include "kernel/base/Progress.h"
-#include "kernel/base/ZeroedArray.h"
+#include "kernel/base/RoomBeside.h"
 
 #include <atomic>
 
@@ -13,8 +13,9 @@ class ListStarts
 {
 public:
     /// @throws std::bad_alloc
-    explicit ListStarts(std::int64_t lists)
-        : m_ends(static_cast<std::size_t>(lists) + 1)
+    ListStarts(std::int64_t lists, RoomBeside const& room)
+        : m_room(room)
+        , m_ends(room.array<std::atomic<std::int64_t>>(lists + 1))
     {
     }
 
@@ -36,6 +37,7 @@ public:
     ZeroedArray<std::int64_t> take(Progress const& progress) const;
 
 private:
+    RoomBeside m_room;
     // Of list n at n + 1: first its number of entries, then the place of its next entry, in the end that after its last.
     ZeroedArray<std::atomic<std::int64_t>> m_ends;
 };

@@ -8,7 +8,7 @@ namespace veldraw::kernel {
 
 /// How values are smoothed.
 ///
-/// A pass moves each inner value by @c weight times the difference between the mean of its neighbors and itself, all from the values
+/// A pass moves each inner value by @c weight times the difference between the mean of its neighbours and itself, all from the values
 /// before the pass. What it does to the values at the border is said where borders are.
 struct SmoothingRule
 {

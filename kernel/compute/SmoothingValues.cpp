@@ -1,5 +1,6 @@
 #include "kernel/compute/SmoothingValues.h"
 
+#include "kernel/base/SystemMemory.h"
 #include "kernel/compute/ValueBlock.h"
 
 #include <algorithm>
@@ -81,8 +82,21 @@ struct StoredAs<Flag>
 SmoothingValues::SmoothingValues(std::shared_ptr<Buffer const> old, std::shared_ptr<HiddenSlots const> hidden)
     : m_old(std::move(old))
     , m_hidden(std::move(hidden))
-    , m_new(Buffer::allocate(m_old->type() == FieldDataType_Bit ? FieldDataType_Byte : m_old->type(), m_old->size()))
+    , m_new(makeNew(*m_old))
 {
+}
+
+/// Bits take a byte each at first.
+double SmoothingValues::bytesOfNew(Buffer const& old)
+{
+    std::int64_t const bytes = old.type() == FieldDataType_Bit ? old.size() + old.bytes() : old.bytes();
+    return static_cast<double>(bytes);
+}
+
+std::shared_ptr<Buffer> SmoothingValues::makeNew(Buffer const& old)
+{
+    requireMemory(bytesOfNew(old));
+    return Buffer::allocate(old.type() == FieldDataType_Bit ? FieldDataType_Byte : old.type(), old.size());
 }
 
 bool SmoothingValues::isOfWholeNumbers() const

@@ -26,7 +26,7 @@ class SmoothingValues
 {
 public:
     /// @param hidden slots that are left out; null for none
-    /// @throws std::bad_alloc
+    /// @throws std::bad_alloc, NotEnoughMemory
     SmoothingValues(std::shared_ptr<Buffer const> old, std::shared_ptr<HiddenSlots const> hidden);
 
     /// Looks for holes in @p count values from the zero-based slot @p first on. All that is read is to be examined before.
@@ -63,10 +63,16 @@ public:
 
     bool isOfWholeNumbers() const;
 
+    /// Memory for the new values, which is not in use before they are stored.
+    double promisedBytes() const { return bytesOfNew(*m_old); }
+
     /// The new values. @throws Interrupted, std::bad_alloc
     std::shared_ptr<Buffer> take(Progress& progress);
 
 private:
+    static double bytesOfNew(Buffer const& old);
+    static std::shared_ptr<Buffer> makeNew(Buffer const& old);
+
     template <typename Number>
     void markHoles(std::int64_t first, std::int64_t count, Number* values) const;
 

@@ -14,9 +14,8 @@ namespace veldraw::kernel {
 namespace {
 
 using Flags = ZeroedArray<std::atomic<bool>>;
-using Pair = std::array<std::uint32_t, 2>;
 
-/// Neighbors as they come up, some more than once.
+/// Neighbours as they come up, some more than once.
 struct RawLists
 {
     ZeroedArray<std::int64_t> starts;
@@ -26,81 +25,127 @@ struct RawLists
     std::uint32_t* end(std::int64_t list) { return begin(list + 1); }
 };
 
-void requireSmall(std::int64_t count, char const* things)
+/// What all steps need.
+struct Work
 {
-    if (count >= std::numeric_limits<std::uint32_t>::max()) {
-        throw std::runtime_error(std::string("The zone has too many ") + things + " to be smoothed.");
+    CellParts const& cells;
+    std::int64_t pointCount;
+    SmoothingValues const& values;
+    RoomBeside room;
+    Progress& progress;
+};
+
+Work prepare(CellParts const& cells, std::int64_t pointCount, SmoothingValues const& values, Progress& progress)
+{
+    for (auto const& [count, things] : {std::pair(pointCount, "points"), {cells.cellCount(), "cells"}}) {
+        if (count >= std::numeric_limits<std::uint32_t>::max()) {
+            throw std::runtime_error(std::string("The zone has too many ") + things + " to be smoothed.");
+        }
     }
+    auto const bytesOfFlags = static_cast<double>(std::max(pointCount, cells.cellCount()));
+    return {cells, pointCount, values, RoomBeside(values.promisedBytes() + bytesOfFlags), progress};
 }
 
-/// @param forEachEntry calls its argument with a list, one or two neighbors in it, and their number; on all threads, and twice
+/// @param forEachEntry calls its argument, on all threads and when called twice the same way, with a list, a number of neighbours in
+///        it, and a function that writes them
 template <typename ForEachEntry>
-RawLists makeLists(std::int64_t count, ForEachEntry const& forEachEntry, Progress const& progress)
+RawLists makeLists(Work const& work, std::int64_t count, ForEachEntry const& forEachEntry)
 {
-    ListStarts lists(count);
-    forEachEntry([&lists](std::uint32_t list, Pair const&, std::int64_t entries) { lists.count(list, entries); });
+    ListStarts lists(count, work.room);
+    forEachEntry([&lists](std::uint32_t list, std::int64_t entries, auto const&) { lists.count(list, entries); });
     RawLists raw;
-    raw.neighbors = ZeroedArray<std::uint32_t>(static_cast<std::size_t>(lists.close(progress)));
-    forEachEntry([&](std::uint32_t list, Pair const& neighbors, std::int64_t entries) {
-        std::copy_n(neighbors.begin(), entries, raw.neighbors.begin() + lists.next(list, entries));
+    raw.neighbors = work.room.array<std::uint32_t>(lists.close(work.progress));
+    forEachEntry([&](std::uint32_t list, std::int64_t entries, auto const& write) {
+        write(raw.neighbors.begin() + lists.next(list, entries));
     });
-    raw.starts = lists.take(progress);
+    raw.starts = lists.take(work.progress);
     return raw;
 }
 
 /// The ends of all edges, by places.
-RawLists edgesOf(CellParts const& cells, PointOrder const& order, std::int64_t pointCount, Progress const& progress)
+RawLists edgesOf(Work const& work, PointOrder const& order)
 {
-    return makeLists(
-        pointCount,
-        [&](auto const& add) {
-            forEachChecked(cells.cellCount(), progress, [&](std::int64_t cell) {
-                cells.forEachEdge(cell, [&](std::int64_t first, std::int64_t second) {
-                    if (first != second) {
-                        std::uint32_t const one = order.placeOf(first);
-                        std::uint32_t const other = order.placeOf(second);
-                        add(one, {other}, 1);
-                        add(other, {one}, 1);
-                    }
-                });
+    return makeLists(work, work.pointCount, [&](auto const& add) {
+        forEachWatched(work.cells.cellCount(), work.progress, [&](std::int64_t cell, Watch& watch) {
+            work.cells.forEachEdge(cell, [&](std::int64_t first, std::int64_t second) {
+                watch.count();
+                if (first != second) {
+                    std::uint32_t const one = order.placeOf(first);
+                    std::uint32_t const other = order.placeOf(second);
+                    add(one, 1, [other](std::uint32_t* entry) { *entry = other; });
+                    add(other, 1, [one](std::uint32_t* entry) { *entry = one; });
+                }
             });
-        },
-        progress);
+        });
+    });
 }
 
 /// The same of surfaces, where each corner has two edges, which is quicker.
-RawLists cornersOf(CellParts const& cells, PointOrder const& order, std::int64_t pointCount, Progress const& progress)
+RawLists cornersOf(Work const& work, PointOrder const& order)
 {
-    return makeLists(
-        pointCount,
-        [&](auto const& add) {
-            forEachChecked(cells.cellCount(), progress, [&](std::int64_t cell) {
-                auto const [begin, end] = cells.corners(cell);
-                for (std::int64_t const* corner = begin; corner < end; ++corner) {
-                    std::int64_t const before = corner == begin ? end[-1] : corner[-1];
-                    std::int64_t const after = corner + 1 == end ? *begin : corner[1];
-                    Pair neighbors{};
-                    std::size_t entries = 0;
-                    for (std::int64_t const neighbor : {before, after}) {
-                        if (neighbor != *corner) {
-                            neighbors[entries++] = order.placeOf(neighbor);
-                        }
+    return makeLists(work, work.pointCount, [&](auto const& add) {
+        forEachWatched(work.cells.cellCount(), work.progress, [&](std::int64_t cell, Watch& watch) {
+            auto const [begin, end] = work.cells.corners(cell);
+            for (std::int64_t const* corner = begin; corner < end; ++corner) {
+                watch.count();
+                std::int64_t const before = corner == begin ? end[-1] : corner[-1];
+                std::int64_t const after = corner + 1 == end ? *begin : corner[1];
+                std::array<std::uint32_t, 2> neighbors{};
+                std::size_t entries = 0;
+                for (std::int64_t const neighbor : {before, after}) {
+                    if (neighbor != *corner) {
+                        neighbors[entries++] = order.placeOf(neighbor);
                     }
-                    add(order.placeOf(*corner), neighbors, static_cast<std::int64_t>(entries));
                 }
-            });
-        },
-        progress);
+                add(order.placeOf(*corner), static_cast<std::int64_t>(entries),
+                    [&](std::uint32_t* entry) { std::copy_n(neighbors.begin(), entries, entry); });
+            }
+        });
+    });
 }
 
-/// Whether a neighbor comes up once in a sorted list: in the list of a surface's corner the edge is one that one cell alone has.
-bool hasLonely(std::uint32_t const* begin, std::uint32_t const* end)
+/// Whether a surface has each of its edges once: it comes to at least three points, and to none of them again after others.
+bool hasEdgesOnce(std::int64_t const* begin, std::int64_t const* end, Watch& watch)
+{
+    std::array<std::int64_t, 8> few{};
+    std::vector<std::int64_t> many;
+    bool const areMany = end - begin > static_cast<std::ptrdiff_t>(few.size());
+    if (areMany) {
+        many.resize(static_cast<std::size_t>(end - begin));
+    }
+    std::int64_t* const points = areMany ? many.data() : few.data();
+    std::int64_t* last = points;
+    for (std::int64_t const* corner = begin; corner < end; ++corner) {
+        watch.count();
+        if (*corner != (corner == begin ? end[-1] : corner[-1])) {
+            *last++ = *corner;
+        }
+    }
+    sortWatched(points, last, watch);
+    return last - points >= 3 && std::adjacent_find(points, last) == last;
+}
+
+bool haveEdgesOnce(Work const& work)
+{
+    std::atomic<bool> areOnce{true};
+    forEachWatched(work.cells.cellCount(), work.progress, [&](std::int64_t cell, Watch& watch) {
+        auto const [begin, end] = work.cells.corners(cell);
+        if (areOnce.load(std::memory_order_relaxed) && !hasEdgesOnce(begin, end, watch)) {
+            areOnce.store(false, std::memory_order_relaxed);
+        }
+    });
+    return areOnce;
+}
+
+/// Whether a neighbour comes up once in a sorted list: in the list of a surface's corner the edge is one that one cell alone has.
+bool hasLonely(std::uint32_t const* begin, std::uint32_t const* end, Watch& watch)
 {
     for (std::uint32_t const* at = begin; at < end;) {
         std::uint32_t const* next = at + 1;
         while (next < end && *next == *at) {
             ++next;
         }
+        watch.count(next - at);
         if (next - at == 1) {
             return true;
         }
@@ -130,40 +175,59 @@ std::int64_t sumUp(ZeroedArray<std::int64_t>& numbers, Progress const& progress)
     return sum;
 }
 
-/// Makes lists of the neighbors that count.
+/// Drops what comes up again from a sorted list, and holes. @return the end of what is left
+template <typename IsHole>
+std::uint32_t* dropRepeatedAndHoles(std::uint32_t* begin, std::uint32_t const* end, IsHole const& isHole, Watch& watch)
+{
+    std::uint32_t* kept = begin;
+    for (std::uint32_t const* at = begin; at < end;) {
+        std::uint32_t const neighbor = *at;
+        for (; at < end && *at == neighbor; ++at) {
+            watch.count();
+        }
+        if (!isHole(neighbor)) {
+            *kept++ = neighbor;
+        }
+    }
+    return kept;
+}
+
+/// Makes lists of the neighbours that count.
 /// @param order the value at each place; empty: the same
-/// @param isBorder (value, begin, end) whether a value is at the border, whose neighbors stand sorted between these
+/// @param isBorder (value, begin, end, watch) whether a value is at the border, whose neighbours stand sorted between these
 template <typename IsBorder>
-NeighborLists finish(RawLists& raw, ZeroedArray<std::uint32_t> order, SmoothingValues const& values,
-                     IsBorder const& isBorder, Progress const& progress)
+NeighborLists finish(Work const& work, RawLists& raw, ZeroedArray<std::uint32_t> order, IsBorder const& isBorder)
 {
     auto const count = static_cast<std::int64_t>(raw.starts.size()) - 1;
     auto const valueAt = [&order](std::int64_t place) {
         return order.isEmpty() ? place : std::int64_t{order[static_cast<std::size_t>(place)]};
     };
-    auto const isHole = [&](std::int64_t place) { return values.hasHoles() && values.isHole(valueAt(place)); };
+    auto const isHole = [&](std::int64_t place) {
+        return work.values.hasHoles() && work.values.isHole(valueAt(place));
+    };
     NeighborLists lists;
-    lists.starts = ZeroedArray<std::int64_t>(static_cast<std::size_t>(count) + 1);
+    lists.starts = work.room.array<std::int64_t>(count + 1);
     std::atomic<std::int64_t> held{0};
-    forEachChecked(count, progress, [&](std::int64_t place) {
+    forEachWatched(count, work.progress, [&](std::int64_t place, Watch& watch) {
         std::uint32_t* const begin = raw.begin(place);
-        std::uint32_t* end = raw.end(place);
-        std::sort(begin, end);
+        std::uint32_t* const end = raw.end(place);
+        sortWatched(begin, end, watch);
         bool const isOut = isHole(place);
-        bool const isHeld = isBorder(valueAt(place), begin, end);
-        end = std::remove_if(begin, std::unique(begin, end), isHole);
-        lists.starts[static_cast<std::size_t>(place) + 1] = isOut || isHeld ? 0 : end - begin;
+        bool const isHeld = isBorder(valueAt(place), begin, end, watch);
+        std::int64_t const left = dropRepeatedAndHoles(begin, end, isHole, watch) - begin;
+        lists.starts[static_cast<std::size_t>(place) + 1] = isOut || isHeld ? 0 : left;
         if (isHeld && !isOut) {
             held.fetch_add(1, std::memory_order_relaxed);
         }
     });
-    lists.neighbors = ZeroedArray<std::uint32_t>(static_cast<std::size_t>(sumUp(lists.starts, progress)));
+    lists.neighbors = work.room.array<std::uint32_t>(sumUp(lists.starts, work.progress));
     std::atomic<std::int64_t> reach{0};
-    forEachChecked(count, progress, [&](std::int64_t place) {
+    forEachWatched(count, work.progress, [&](std::int64_t place, Watch& watch) {
         std::int64_t const start = lists.starts[static_cast<std::size_t>(place)];
         std::int64_t const length = lists.starts[static_cast<std::size_t>(place) + 1] - start;
         if (length > 0) {
             std::uint32_t const* const from = raw.begin(place);
+            watch.count(length);
             std::copy_n(from, length, lists.neighbors.begin() + start);
             raiseTo(std::max(place - std::int64_t{from[0]}, std::int64_t{from[length - 1]} - place), reach);
         }
@@ -174,25 +238,85 @@ NeighborLists finish(RawLists& raw, ZeroedArray<std::uint32_t> order, SmoothingV
     return lists;
 }
 
+/// Lists in which it is marked which values are at the border.
+NeighborLists finish(Work const& work, RawLists& raw, ZeroedArray<std::uint32_t> order, Flags const& border)
+{
+    return finish(work, raw, std::move(order),
+                  [&border](std::int64_t value, std::uint32_t const*, std::uint32_t const*, Watch&) {
+                      return border[static_cast<std::size_t>(value)].load(std::memory_order_relaxed);
+                  });
+}
+
+/// The cells that have a side in common with others, for each such side their number and they.
+using SharedSides = std::vector<std::vector<std::uint32_t>>;
+
+SharedSides sharedSides(Work const& work, Flags& border)
+{
+    SideMatch const sides(work.cells, work.pointCount, work.room, work.progress);
+    SharedSides shared(static_cast<std::size_t>(parallelChunkCount(work.pointCount)));
+    double bytes = 0;
+    for (std::size_t chunk = 0; chunk < shared.size(); ++chunk) {
+        // Two cells and their number are the most for two sides.
+        std::int64_t const most = sides.sidesOfChunk(static_cast<std::int64_t>(chunk)) / 2 * 3 + 1;
+        bytes += static_cast<double>(most) * sizeof(std::uint32_t);
+        work.room.require(bytes);
+        shared[chunk].reserve(static_cast<std::size_t>(most));
+    }
+    sides.forEach(
+        [&](SideMatch::Match const& match, std::int64_t chunk) {
+            if (match.cells.size() == 1) {
+                border[match.cells.front()].store(true, std::memory_order_relaxed);
+                return;
+            }
+            std::vector<std::uint32_t>& here = shared[static_cast<std::size_t>(chunk)];
+            here.push_back(static_cast<std::uint32_t>(match.cells.size()));
+            here.insert(here.end(), match.cells.begin(), match.cells.end());
+        },
+        work.progress);
+    return shared;
+}
+
+/// For each cell the others at its sides.
+RawLists cellsBeside(Work const& work, SharedSides const& shared)
+{
+    return makeLists(work, work.cells.cellCount(), [&](auto const& add) {
+        forEachInParallel(static_cast<std::int64_t>(shared.size()), [&](std::int64_t chunk) {
+            Watch watch(work.progress);
+            std::vector<std::uint32_t> const& here = shared[static_cast<std::size_t>(chunk)];
+            for (std::uint32_t const* at = here.data(); at < here.data() + here.size();) {
+                std::uint32_t const* const begin = at + 1;
+                std::uint32_t const* const end = begin + *at;
+                for (std::uint32_t const* cell = begin; cell < end; ++cell) {
+                    watch.count();
+                    add(*cell, end - begin - 1, [&](std::uint32_t* others) {
+                        watch.count(end - begin);
+                        std::copy(cell + 1, end, std::copy(begin, cell, others));
+                    });
+                }
+                at = end;
+            }
+        });
+    });
+}
+
 } // namespace
 
 NeighborLists neighborsOfPoints(CellParts const& cells, std::int64_t pointCount, SmoothingValues const& values,
                                 Progress& progress)
 {
-    requireSmall(pointCount, "points");
-    requireSmall(cells.cellCount(), "cells");
+    Work const work = prepare(cells, pointCount, values, progress);
     progress.setTotal(3); // steps that take about as long
-    PointOrder const order(cells, pointCount, progress);
-    if (cells.areSurfaces()) {
-        RawLists corners = cornersOf(cells, order, pointCount, progress);
+    PointOrder const order(cells, pointCount, work.room, progress);
+    if (cells.areSurfaces() && haveEdgesOnce(work)) {
+        RawLists corners = cornersOf(work, order);
         progress.advance(2);
-        auto const isBorder = [](std::int64_t, std::uint32_t const* begin, std::uint32_t const* end) {
-            return hasLonely(begin, end);
-        };
-        return finish(corners, order.points(progress), values, isBorder, progress);
+        return finish(work, corners, order.points(work.room, progress),
+                      [](std::int64_t, std::uint32_t const* begin, std::uint32_t const* end, Watch& watch) {
+                          return hasLonely(begin, end, watch);
+                      });
     }
     Flags border(static_cast<std::size_t>(pointCount));
-    SideMatch(cells, pointCount, progress)
+    SideMatch(cells, pointCount, work.room, progress)
         .forEach(
             [&border](SideMatch::Match const& match, std::int64_t) {
                 for (std::size_t at = 0; match.cells.size() == 1 && at < match.points.size(); ++at) {
@@ -201,54 +325,21 @@ NeighborLists neighborsOfPoints(CellParts const& cells, std::int64_t pointCount,
             },
             progress);
     progress.advance(1);
-    RawLists edges = edgesOf(cells, order, pointCount, progress);
+    RawLists edges = edgesOf(work, order);
     progress.advance(1);
-    auto const isBorder = [&border](std::int64_t point, std::uint32_t const*, std::uint32_t const*) {
-        return border[static_cast<std::size_t>(point)].load(std::memory_order_relaxed);
-    };
-    return finish(edges, order.points(progress), values, isBorder, progress);
+    return finish(work, edges, order.points(work.room, progress), border);
 }
 
 NeighborLists neighborsOfCells(CellParts const& cells, std::int64_t pointCount, SmoothingValues const& values,
                                Progress& progress)
 {
-    requireSmall(pointCount, "points");
-    requireSmall(cells.cellCount(), "cells");
+    Work const work = prepare(cells, pointCount, values, progress);
     progress.setTotal(2); // steps that take about as long
     Flags border(static_cast<std::size_t>(cells.cellCount()));
-    std::vector<std::vector<Pair>> pairs(static_cast<std::size_t>(parallelChunkCount(pointCount)));
-    SideMatch(cells, pointCount, progress)
-        .forEach(
-            [&](SideMatch::Match const& match, std::int64_t chunk) {
-                if (match.cells.size() == 1) {
-                    border[match.cells.front()].store(true, std::memory_order_relaxed);
-                }
-                for (std::size_t first = 0; first < match.cells.size(); ++first) {
-                    for (std::size_t second = first + 1; second < match.cells.size(); ++second) {
-                        pairs[static_cast<std::size_t>(chunk)].push_back({match.cells[first], match.cells[second]});
-                    }
-                }
-            },
-            progress);
+    SharedSides const shared = sharedSides(work, border);
     progress.advance(1);
-    RawLists sides = makeLists(
-        cells.cellCount(),
-        [&](auto const& add) {
-            forEachInParallel(static_cast<std::int64_t>(pairs.size()), [&](std::int64_t chunk) {
-                progress.check();
-                for (Pair const& pair : pairs[static_cast<std::size_t>(chunk)]) {
-                    if (pair[0] != pair[1]) {
-                        add(pair[0], {pair[1]}, 1);
-                        add(pair[1], {pair[0]}, 1);
-                    }
-                }
-            });
-        },
-        progress);
-    auto const isBorder = [&border](std::int64_t cell, std::uint32_t const*, std::uint32_t const*) {
-        return border[static_cast<std::size_t>(cell)].load(std::memory_order_relaxed);
-    };
-    return finish(sides, {}, values, isBorder, progress);
+    RawLists beside = cellsBeside(work, shared);
+    return finish(work, beside, {}, border);
 }
 
 } // namespace veldraw::kernel

@@ -7,14 +7,15 @@
 
 namespace veldraw::kernel {
 
-/// The neighbors of the values of a finite-element zone: of a point those at the other ends of the edges of cells, each once
+/// The neighbours of the values of a finite-element zone: of a point those at the other ends of the edges of cells, each once
 /// however many cells have the edge; of a cell those with which it has a side in common.
 ///
-/// The border has no neighbors: points on a side that one cell alone has, and cells with such a side. Solids, surfaces and
-/// lines of a mixed zone have each their own border. Holes neither have nor are neighbors.
-/// @param values examined
+/// The border has no neighbours: points on a side that one cell alone has, and cells with such a side. Solids, surfaces and
+/// lines of a mixed zone have each their own border. Holes neither have nor are neighbours.
+/// A cell that has a side twice, since it is collapsed there, does not count at it (SideMatch).
+/// @param values examined; memory for the new ones counts as taken
 /// @param progress of this part of the work alone; its total is set
-/// @throws Interrupted, std::bad_alloc, std::runtime_error with a reason
+/// @throws Interrupted, NotEnoughMemory before lists are made, std::bad_alloc, std::runtime_error with a reason
 NeighborLists neighborsOfPoints(CellParts const& cells, std::int64_t pointCount, SmoothingValues const& values,
                                 Progress& progress);
 NeighborLists neighborsOfCells(CellParts const& cells, std::int64_t pointCount, SmoothingValues const& values,

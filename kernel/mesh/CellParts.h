@@ -34,9 +34,14 @@ public:
     template <typename Body>
     void forEachEdge(std::int64_t cell, Body const& body) const;
 
-    /// Calls @p body with the points of each side of a cell, as an array and its length.
+    /// Calls @p body with a number for each side of a cell, its points as an array, and their number, 1 or more. The number is
+    /// withSide()'s for that side.
     template <typename Body>
     void forEachSide(std::int64_t cell, Body const& body) const;
+
+    /// Calls @p body with the points of a side and their number, without going through the other sides.
+    template <typename Body>
+    void withSide(std::int64_t cell, std::int64_t number, Body const& body) const;
 
 private:
     using Edge = std::array<std::uint8_t, 2>;
@@ -97,32 +102,50 @@ template <typename Body>
 void CellParts::forEachSide(std::int64_t cell, Body const& body) const
 {
     Shape const shape = shapeOf(cell);
-    std::int64_t const* const points = m_cells.indices + m_cells.offsets[cell];
-    std::int64_t const count = m_cells.offsets[cell + 1] - m_cells.offsets[cell];
+    std::int64_t const corners = m_cells.offsets[cell + 1] - m_cells.offsets[cell];
+    auto const give = [&](std::int64_t number) {
+        withSide(cell, number, [&](std::int64_t const* points, std::int64_t count) { body(number, points, count); });
+    };
     if (shape == Shape::LineSegment) {
-        for (std::int64_t const end : {std::int64_t{0}, count - 1}) {
-            body(points + end, std::int64_t{1});
+        for (std::int64_t number = 0; number < 2 && corners > 0; ++number) {
+            give(number);
         }
-    } else if (Connectivity::isFace(shape)) {
-        forEachEdge(cell, [&body](std::int64_t first, std::int64_t second) {
-            std::int64_t const side[] = {first, second};
-            body(side, std::int64_t{2});
-        });
     } else if (isPolyhedron(cell, shape)) {
-        std::int64_t const* face = m_cells.faceStream + m_cells.faceOffsets[cell];
-        for (std::int64_t left = *face++; left > 0; --left) {
-            body(face + 1, *face);
-            face += *face + 1;
+        std::int64_t const* const stream = m_cells.faceStream + m_cells.faceOffsets[cell];
+        std::int64_t number = 1;
+        for (std::int64_t left = *stream; left > 0; --left) {
+            constexpr std::int64_t fewest = 3; // fewer enclose nothing
+            if (stream[number] >= fewest) {
+                give(number);
+            }
+            number += stream[number] + 1;
         }
     } else {
-        Solid const parts = solid(shape);
-        for (std::size_t at = 0; at < parts.sideCount; ++at) {
-            std::int64_t side[4];
-            for (std::size_t corner = 0; corner < 4; ++corner) {
-                side[corner] = points[parts.sides[at][corner]];
-            }
-            body(side, std::int64_t{4});
+        std::int64_t const sides =
+            Connectivity::isFace(shape) ? corners : static_cast<std::int64_t>(solid(shape).sideCount);
+        for (std::int64_t number = 0; number < sides; ++number) {
+            give(number);
         }
+    }
+}
+
+template <typename Body>
+void CellParts::withSide(std::int64_t cell, std::int64_t number, Body const& body) const
+{
+    Shape const shape = shapeOf(cell);
+    auto const [points, end] = corners(cell);
+    if (shape == Shape::LineSegment) {
+        body(number == 0 ? points : end - 1, std::int64_t{1});
+    } else if (Connectivity::isFace(shape)) {
+        std::int64_t const side[] = {points[number], points + number + 1 < end ? points[number + 1] : *points};
+        body(side, std::int64_t{2});
+    } else if (isPolyhedron(cell, shape)) {
+        std::int64_t const* const face = m_cells.faceStream + m_cells.faceOffsets[cell] + number;
+        body(face + 1, *face);
+    } else {
+        Side const& corners = solid(shape).sides[number];
+        std::int64_t const side[] = {points[corners[0]], points[corners[1]], points[corners[2]], points[corners[3]]};
+        body(side, std::int64_t{4});
     }
 }
 

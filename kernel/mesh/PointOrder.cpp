@@ -14,13 +14,14 @@ constexpr std::int64_t nearPlaces = 32768; // of doubles, a part of a usual seco
 constexpr std::uint32_t unplaced = std::numeric_limits<std::uint32_t>::max();
 
 /// Whether the corners of most cells are near each other, as far as a sample tells.
-bool areNear(CellParts const& cells)
+bool areNear(CellParts const& cells, Watch& watch)
 {
     std::int64_t const samples = std::min(cells.cellCount(), mostSamples);
     std::int64_t wide = 0;
     for (std::int64_t sample = 0; sample < samples; ++sample) {
         auto const [begin, end] = cells.corners(sample * (cells.cellCount() / samples));
         if (begin != end) {
+            watch.count(end - begin);
             auto const [low, high] = std::minmax_element(begin, end);
             wide += *high - *low > nearPlaces ? 1 : 0;
         }
@@ -30,12 +31,14 @@ bool areNear(CellParts const& cells)
 
 } // namespace
 
-PointOrder::PointOrder(CellParts const& cells, std::int64_t pointCount, Progress const& progress)
+PointOrder::PointOrder(CellParts const& cells, std::int64_t pointCount, RoomBeside const& room,
+                       Progress const& progress)
 {
-    if (pointCount <= nearPlaces || areNear(cells)) {
+    Watch watch(progress);
+    if (pointCount <= nearPlaces || areNear(cells, watch)) {
         return;
     }
-    m_places = ZeroedArray<std::uint32_t>(static_cast<std::size_t>(pointCount));
+    m_places = room.array<std::uint32_t>(pointCount);
     forEachChecked(pointCount, progress,
                    [this](std::int64_t point) { m_places[static_cast<std::size_t>(point)] = unplaced; });
     std::uint32_t next = 0;
@@ -45,10 +48,8 @@ PointOrder::PointOrder(CellParts const& cells, std::int64_t pointCount, Progress
         }
     };
     for (std::int64_t cell = 0; cell < cells.cellCount(); ++cell) {
-        if (cell % 512 == 0) {
-            progress.check();
-        }
         auto const [begin, end] = cells.corners(cell);
+        watch.count(end - begin + 1);
         std::for_each(begin, end, [&](std::int64_t corner) { place(m_places[static_cast<std::size_t>(corner)]); });
     }
     for (std::int64_t point = 0; point < pointCount; ++point) { // of no cell
@@ -59,11 +60,11 @@ PointOrder::PointOrder(CellParts const& cells, std::int64_t pointCount, Progress
     }
 }
 
-ZeroedArray<std::uint32_t> PointOrder::points(Progress const& progress) const
+ZeroedArray<std::uint32_t> PointOrder::points(RoomBeside const& room, Progress const& progress) const
 {
     ZeroedArray<std::uint32_t> points;
     if (!isNatural()) {
-        points = ZeroedArray<std::uint32_t>(m_places.size());
+        points = room.array<std::uint32_t>(static_cast<std::int64_t>(m_places.size()));
         forEachChecked(static_cast<std::int64_t>(m_places.size()), progress,
                        [&](std::int64_t point) { points[placeOf(point)] = static_cast<std::uint32_t>(point); });
     }

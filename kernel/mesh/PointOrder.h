@@ -1,7 +1,7 @@
 #pragma once
 
 #include "kernel/base/Progress.h"
-#include "kernel/base/ZeroedArray.h"
+#include "kernel/base/RoomBeside.h"
 #include "kernel/mesh/CellParts.h"
 
 namespace veldraw::kernel {
@@ -13,7 +13,7 @@ class PointOrder
 public:
     /// @param pointCount less than 2^32; the corners of the cells are below it
     /// @throws Interrupted, std::bad_alloc
-    PointOrder(CellParts const& cells, std::int64_t pointCount, Progress const& progress);
+    PointOrder(CellParts const& cells, std::int64_t pointCount, RoomBeside const& room, Progress const& progress);
 
     /// Whether all points have the place of their number.
     bool isNatural() const { return m_places.isEmpty(); }
@@ -24,7 +24,7 @@ public:
     }
 
     /// The point at each place; empty when the order is natural. @throws Interrupted, std::bad_alloc
-    ZeroedArray<std::uint32_t> points(Progress const& progress) const;
+    ZeroedArray<std::uint32_t> points(RoomBeside const& room, Progress const& progress) const;
 
 private:
     ZeroedArray<std::uint32_t> m_places;

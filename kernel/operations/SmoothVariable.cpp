@@ -130,7 +130,6 @@ void SmoothVariable::compute(Progress& progress)
     m_result.reset();
     ZoneDimensions const size = m_load->dimensionsOf(zone());
     std::shared_ptr<Buffer const> const old = m_load->valuesOf(*field().group());
-    requireMemory(static_cast<double>(old->bytes()));
     SmoothingValues values(old, size.blanking ? size.blanking->hidden(field().location()) : nullptr);
     SmoothingOutcome const outcome = smooth(values, progress);
     m_report = report(values, outcome, secondsSince(start));

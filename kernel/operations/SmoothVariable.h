@@ -9,7 +9,7 @@ namespace veldraw::kernel {
 
 /// Smooths a variable in one zone. "Smooth"; event 0 with the zone and the variable. No step when no value changes.
 ///
-/// In an ordered zone a value's neighbors are the next ones along each index. In a finite-element zone those of a point are at the
+/// In an ordered zone a value's neighbours are the next ones along each index. In a finite-element zone those of a point are at the
 /// other ends of its edges, those of a cell are the cells with which it has a side in common. See smoothGrid(),
 /// neighborsOfPoints() and smoothByLists(). The border of a finite-element zone is held whatever the condition; there are no
 /// unique next values inwards.
@@ -27,7 +27,7 @@ public:
     static constexpr double mostWeight = 0.95;
 
     /// @param zone, variable one-based numbers
-    /// @param weight how far a pass moves a value towards the mean of its neighbors: 1 would be all the way
+    /// @param weight how far a pass moves a value towards the mean of its neighbours: 1 would be all the way
     SmoothVariable(UniqueId frame, int zone, int variable, int passes, double weight, BoundaryCondition_e condition);
 
     std::string name() const override { return "Smooth"; }

@@ -78,7 +78,7 @@ protected:
         return std::inner_product(a.begin(), a.end(), b.begin(), 0.0L);
     }
 
-    /// The drift that the neighbors tell of; none of these where they hardly do, so that rounding errors decide.
+    /// The drift that the neighbours tell of; none of these where they hardly do, so that rounding errors decide.
     static std::optional<Drift_e> driftOf(Drift_e wanted, Sources const& neighbors, std::size_t axes)
     {
         long double const evidence = wanted == Drift_None ? 1.0L : evidenceOf(wanted, neighbors, axes);

@@ -28,7 +28,7 @@ public:
     /// Number of triangles at each edge.
     std::map<Edge, int> edges() const;
 
-    /// Number of edges with a neighbor beyond the circumcircle of whose triangle the other corner is not, of all that are not in
+    /// Number of edges with a neighbour beyond the circumcircle of whose triangle the other corner is not, of all that are not in
     /// @p lines. A triangulation without one is a Delaunay triangulation.
     int nonDelaunayCount(std::set<Edge> const& lines = {}) const;
 

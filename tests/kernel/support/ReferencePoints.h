@@ -9,7 +9,7 @@
 
 namespace veldraw::tests {
 
-/// The source points of one variable that count, and which of them are the neighbors of a place: by going through all of them.
+/// The source points of one variable that count, and which of them are the neighbours of a place: by going through all of them.
 class ReferencePoints
 {
 public:
@@ -61,7 +61,7 @@ public:
         m_sources = std::move(merged);
     }
 
-    /// The neighbors of a place, the nearest first, and of equally near ones the one that was added first.
+    /// The neighbours of a place, the nearest first, and of equally near ones the one that was added first.
     std::vector<Source> neighbors(Place const& target, kernel::NeighborChoice const& choice) const
     {
         std::vector<std::pair<long double, std::size_t>> order;

@@ -168,24 +168,39 @@ Edges edgesOf(std::vector<Points> const& faces, Shape shape)
     return edges;
 }
 
-/// The sides of all cells, as sets of points with the cells that have them.
-std::map<std::set<std::int64_t>, std::vector<std::size_t>> sidesOf(Zone const& zone)
+using Sides = std::map<std::set<std::int64_t>, std::vector<std::size_t>>;
+
+/// Adds the sides that a cell has an odd number of times.
+void addSides(std::size_t cell, std::vector<Points> const& sides, std::size_t fewestPoints, Sides& ofAll)
 {
-    std::map<std::set<std::int64_t>, std::vector<std::size_t>> sides;
+    std::map<std::set<std::int64_t>, int> counts;
+    for (Points const& side : sides) {
+        ++counts[std::set<std::int64_t>(side.begin(), side.end())];
+    }
+    for (auto const& [points, count] : counts) {
+        if (points.size() >= fewestPoints && count % 2 == 1) {
+            ofAll[points].push_back(cell);
+        }
+    }
+}
+
+/// The sides of all cells, as sets of points with the cells that have them.
+Sides sidesOf(Zone const& zone)
+{
+    Sides sides;
     for (std::size_t cell = 0; cell < static_cast<std::size_t>(zone.connectivity->cellCount); ++cell) {
         Shape const shape = shapeOf(zone, cell);
         std::vector<Points> const faces = facesOf(*zone.connectivity, cell, shape);
         if (shape == Shape::LineSegment) {
-            sides[{faces[0].front()}].push_back(cell);
-            sides[{faces[0].back()}].push_back(cell);
+            addSides(cell, {{faces[0].front()}, {faces[0].back()}}, 1, sides);
         } else if (Connectivity::isFace(shape)) {
+            std::vector<Points> edges;
             for (auto const& edge : edgesOf(faces, shape)) {
-                sides[{edge[0], edge[1]}].push_back(cell);
+                edges.push_back({edge[0], edge[1]});
             }
+            addSides(cell, edges, 2, sides);
         } else {
-            for (Points const& face : faces) {
-                sides[std::set<std::int64_t>(face.begin(), face.end())].push_back(cell);
-            }
+            addSides(cell, faces, 3, sides);
         }
     }
     return sides;
@@ -212,8 +227,10 @@ Mesh meshOfPoints(Zone const& zone)
     for (std::size_t cell = 0; cell < static_cast<std::size_t>(zone.connectivity->cellCount); ++cell) {
         Shape const shape = shapeOf(zone, cell);
         for (auto const& [first, second] : edgesOf(facesOf(*zone.connectivity, cell, shape), shape)) {
-            mesh.neighbors[static_cast<std::size_t>(first)].insert(static_cast<std::size_t>(second));
-            mesh.neighbors[static_cast<std::size_t>(second)].insert(static_cast<std::size_t>(first));
+            if (first != second) {
+                mesh.neighbors[static_cast<std::size_t>(first)].insert(static_cast<std::size_t>(second));
+                mesh.neighbors[static_cast<std::size_t>(second)].insert(static_cast<std::size_t>(first));
+            }
         }
     }
     for (auto const& [points, cells] : sidesOf(zone)) {

@@ -3,6 +3,7 @@
 #include "kernel/base/Parallel.h"
 #include "kernel/compute/ValueBlock.h"
 #include "kernel/mesh/CellOrder.h"
+#include "kernel/mesh/RowBoxes.h"
 
 #include <stdexcept>
 
@@ -33,28 +34,29 @@ public:
         , m_cells(cells)
         , m_firstNumber(search.m_firstNumbers.back())
         , m_progress(progress)
+        , m_rowBoxes(cells)
     {
     }
 
     /// Looks for places of a part of all positions that a cell contains. @param isFirst whether the cell is to be counted
     void visit(std::int64_t slot, std::size_t first, std::size_t last, bool isFirst)
     {
-        Cell const cell = m_cells.cell(slot, m_room);
-        if (cell.cornerCount == 0) {
+        bool const isOrdered = m_cells.isOrdered(); // then the corners are asked for when a place is in the box
+        Cell const cell = isOrdered ? Cell{m_cells.orderedShape(), nullptr, 0} : m_cells.cell(slot, m_room);
+        if (isOrdered ? !m_rowBoxes.reach(slot) : cell.cornerCount == 0) {
             return;
         }
         if (m_cells.isHidden(slot)) {
             m_hidden += isFirst ? 1 : 0;
             return;
         }
-        std::optional<Box> const found =
-            m_cells.isOrdered() ? boxInRow(slot, cell) : m_cells.box(cell.corners, cell.cornerCount);
+        std::optional<Box> const found = isOrdered ? m_rowBoxes.box(slot) : m_cells.box(cell.corners, cell.cornerCount);
         if (!found) {
             m_unplaced += isFirst ? 1 : 0;
             return;
         }
         Box const box = withTolerance(*found, cell.shape);
-        m_cell = cell;
+        m_slot = slot;
         m_isRead = false;
         auto const number = static_cast<Number>(m_firstNumber + slot);
         m_points.forPositions(box, [&](std::size_t begin, std::size_t end) {
@@ -83,28 +85,6 @@ private:
         return box;
     }
 
-    /// The box of a cell of an ordered zone. The cell before in the row, which most often comes before, has half of the corners
-    /// too.
-    std::optional<Box> boxInRow(std::int64_t slot, Cell const& cell)
-    {
-        std::array<std::int64_t, 4> lower{};
-        std::array<std::int64_t, 4> upper{};
-        std::size_t const half = cell.cornerCount / 2;
-        for (std::size_t at = 0; at < half; ++at) {
-            lower[at] =
-                cell.corners[at < 2 ? 3 * at : 3 * at - 2]; // corners 0, 3, 4, 7; the others are the next points
-            upper[at] = lower[at] + 1;
-        }
-        std::optional<Box> box = slot == m_slotBefore + 1 ? m_upperBefore : m_cells.box(lower.data(), half);
-        m_upperBefore = m_cells.box(upper.data(), half);
-        m_slotBefore = slot;
-        if (box && m_upperBefore) {
-            box->add(*m_upperBefore);
-            return box;
-        }
-        return std::nullopt;
-    }
-
     void visitPlaces(std::size_t first, std::size_t last, Number number, Box const& box)
     {
         for (std::size_t position = first; position < last && !isFlat(); ++position) {
@@ -122,7 +102,7 @@ private:
     void visitPlace(std::size_t position, Point const& point, Number number)
     {
         if (!m_isRead) {
-            m_geometry.read(m_cells, m_cell);
+            m_geometry.read(m_cells, m_cells.cell(m_slot, m_room));
             m_isRead = true;
         }
         m_effort += effortToLocate + m_geometry.partCount();
@@ -139,13 +119,12 @@ private:
     ZoneCells const& m_cells;
     std::int64_t m_firstNumber;
     Progress& m_progress;
+    RowBoxes m_rowBoxes;
     ZoneCells::Corners m_room{};
-    Cell m_cell{};
-    CellGeometry m_geometry; // of m_cell
-    bool m_isRead = false;   // once a place is in the box of m_cell
-    std::int64_t m_slotBefore = -2;
-    std::optional<Box> m_upperBefore; // of the corners that the next cell of the row has too
-    std::size_t m_effort = 0;         // since the last look for a cancel
+    std::int64_t m_slot = 0;
+    CellGeometry m_geometry;  // of the cell with that slot
+    bool m_isRead = false;    // once a place is in the box of that cell
+    std::size_t m_effort = 0; // since the last look for a cancel
     std::int64_t m_hidden = 0;
     std::int64_t m_unplaced = 0;
 };

@@ -91,13 +91,23 @@ void ZoneCells::fetchAhead(std::int64_t slot, int step) const
     }
 }
 
+bool ZoneCells::hasOrderedCell(std::int64_t slot) const
+{
+    return m_cornerCount > 0 && hasCell(slot, m_dimensions.i, m_dimensions.j, m_dimensions.k);
+}
+
+std::int64_t ZoneCells::cellsInRowFrom(std::int64_t slot) const
+{
+    std::int64_t const points = m_dimensions.i > 1 ? m_dimensions.i : m_dimensions.j;
+    return points - 1 - slot % points;
+}
+
 Cell ZoneCells::orderedCell(std::int64_t slot, Corners& room) const
 {
-    bool const exists = hasCell(slot, m_dimensions.i, m_dimensions.j, m_dimensions.k);
     for (std::size_t corner = 0; corner < m_cornerCount; ++corner) {
         room[corner] = slot + m_steps[corner];
     }
-    return {m_shape, room.data(), exists ? m_cornerCount : 0};
+    return {m_shape, room.data(), hasOrderedCell(slot) ? m_cornerCount : 0};
 }
 
 } // namespace veldraw::kernel

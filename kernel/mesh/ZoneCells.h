@@ -65,6 +65,27 @@ public:
         return {m_numbers[0].at(number), m_numbers[1].at(number), m_numbers[2].at(number)};
     }
 
+    QuickReader const& coordinate(std::size_t axis) const { return m_numbers[axis]; }
+
+    /// The shape of all cells of an ordered zone.
+    Connectivity::Shape orderedShape() const { return m_shape; }
+
+    /// Whether a slot of an ordered zone has a cell with an area or a volume.
+    bool hasOrderedCell(std::int64_t slot) const;
+
+    /// Number of cells from this one on to the end of its row, the one along the first dimension above 1. For an ordered zone.
+    std::int64_t cellsInRowFrom(std::int64_t slot) const;
+
+    /// Calls @p body with the first point of each row of points that a cell of an ordered zone is between; the cell's other
+    /// corners are the next points of these rows.
+    template <typename Body>
+    void forCornerRows(std::int64_t slot, Body const& body) const
+    {
+        for (std::size_t corner = 0; corner < m_cornerCount; corner += corner % 4 == 0 ? 3 : 1) { // 0, 3, 4, 7
+            body(slot + m_steps[corner]);
+        }
+    }
+
 private:
     void fetchPoint(std::int64_t number) const;
     Cell orderedCell(std::int64_t slot, Corners& room) const;

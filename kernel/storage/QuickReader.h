@@ -2,6 +2,8 @@
 
 #include "kernel/storage/Buffer.h"
 
+#include <algorithm>
+
 namespace veldraw::kernel {
 
 /// Reads the values of a buffer one by one, those of the usual types without a call.
@@ -29,6 +31,20 @@ public:
             return static_cast<double>(static_cast<float const*>(m_data)[index * m_stride]);
         default:
             return m_buffer ? m_buffer->value(index) : 0.0;
+        }
+    }
+
+    /// Reads @p count values from the zero-based @p first on.
+    void read(std::int64_t first, std::int64_t count, double* values) const
+    {
+        if (m_type == FieldDataType_Double && m_stride == 1) { // loops that the compiler can work on side by side
+            std::copy_n(static_cast<double const*>(m_data) + first, count, values);
+        } else if (m_type == FieldDataType_Float && m_stride == 1) {
+            std::copy_n(static_cast<float const*>(m_data) + first, count, values);
+        } else {
+            for (std::int64_t index = 0; index < count; ++index) {
+                values[index] = at(first + index);
+            }
         }
     }
 

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "kernel/mesh/ZoneCells.h"
+
+namespace veldraw::kernel {
+
+/// The boxes of the cells of an ordered zone, for those who go through the cells row by row: the corners of some tens of cells
+/// of a row are read at a time, each once.
+class RowBoxes
+{
+public:
+    /// @param cells of an ordered zone; live as long as this does
+    explicit RowBoxes(ZoneCells const& cells)
+        : m_cells(cells)
+    {
+    }
+
+    /// Goes to a cell. @return false when the slot has none
+    bool reach(std::int64_t slot) { return (slot >= m_first && slot < m_first + m_count) || read(slot); }
+
+    /// The box of the cell that was reached; nothing when a coordinate of a corner is not finite.
+    std::optional<Box> box(std::int64_t slot) const
+    {
+        auto const at = static_cast<std::size_t>(slot - m_first);
+        if (std::isnan(m_check[at])) {
+            return std::nullopt;
+        }
+        Box box;
+        for (std::size_t axis = 0; axis < 3; ++axis) {
+            box.low[axis] = m_low[axis][at];
+            box.high[axis] = m_high[axis][at];
+        }
+        return box;
+    }
+
+private:
+    static constexpr std::int64_t cellsAtATime = 64;
+
+    /// Numbers of each of some points that follow each other in a row, then of the cells between each and the next one.
+    using Numbers = std::array<double, cellsAtATime + 1>;
+
+    bool read(std::int64_t slot);
+
+    ZoneCells const& m_cells;
+    std::int64_t m_first = 0; // slot of the first cell that has been read
+    std::int64_t m_count = 0;
+    std::array<Numbers, 3> m_low;
+    std::array<Numbers, 3> m_high;
+    Numbers m_check; // no number where a coordinate is not finite
+};
+
+} // namespace veldraw::kernel

@@ -1,0 +1,76 @@
+#include "kernel/mesh/RowBoxes.h"
+
+#include "tests/kernel/support/SampleData.h"
+#include "tests/support/SpecialNumbers.h"
+
+#include <gtest/gtest.h>
+#include <random>
+
+namespace veldraw::tests {
+
+using namespace kernel;
+
+namespace {
+
+/// Coordinates without any order, some of which are not finite.
+ZoneCells wildCells(std::array<std::int64_t, 3> const& points, FieldDataType_e type)
+{
+    std::mt19937 random(7);
+    ZoneCells::Coordinates coordinates;
+    for (auto& buffer : coordinates) {
+        std::vector<double> numbers;
+        for (std::int64_t at = 0; at < points[0] * points[1] * points[2]; ++at) {
+            bool const isNowhere = type != FieldDataType_Int32 && random() % 50 == 0;
+            numbers.push_back(isNowhere ? notANumber : static_cast<double>(random() % 100000));
+        }
+        buffer = sample::field(numbers, type).group()->buffer();
+    }
+    return ZoneCells(ZoneType_Ordered, ZoneDimensions{points[0], points[1], points[2], nullptr}, coordinates);
+}
+
+void expectTheBoxesOfTheirCorners(ZoneCells const& cells, std::int64_t step)
+{
+    RowBoxes boxes(cells);
+    int found = 0;
+    for (std::int64_t slot = 0; slot < cells.slotCount(); slot += step) {
+        ZoneCells::Corners room;
+        Cell const cell = cells.cell(slot, room);
+        ASSERT_EQ(boxes.reach(slot), cell.cornerCount > 0) << slot;
+        if (cell.cornerCount == 0) {
+            continue;
+        }
+        std::optional<Box> const wanted = cells.box(cell.corners, cell.cornerCount);
+        std::optional<Box> const box = boxes.box(slot);
+        ASSERT_EQ(box.has_value(), wanted.has_value()) << slot;
+        if (box) {
+            ASSERT_EQ(box->low, wanted->low) << slot;
+            ASSERT_EQ(box->high, wanted->high) << slot;
+            ++found;
+        }
+    }
+    EXPECT_GT(found, 100 / step);
+}
+
+} // namespace
+
+TEST(RowBoxes, AreThoseOfTheCornersOfEachCell)
+{
+    for (auto const& points :
+         {std::array<std::int64_t, 3>{150, 5, 4}, {66, 9, 7}, {2, 30, 20}, {1, 200, 3}, {300, 2, 1}, {70, 1, 9}}) {
+        for (FieldDataType_e const type : {FieldDataType_Double, FieldDataType_Float, FieldDataType_Int32}) {
+            SCOPED_TRACE(testing::PrintToString(points) + " type " + std::to_string(type));
+            expectTheBoxesOfTheirCorners(wildCells(points, type), 1);
+            expectTheBoxesOfTheirCorners(wildCells(points, type), 3); // as cells are left out
+        }
+    }
+}
+
+TEST(RowBoxes, AreNoneWithoutCells)
+{
+    for (auto const& points : {std::array<std::int64_t, 3>{9, 1, 1}, {1, 1, 1}, {1, 9, 1}}) {
+        ZoneCells const cells = wildCells(points, FieldDataType_Double);
+        EXPECT_FALSE(RowBoxes(cells).reach(0));
+    }
+}
+
+} // namespace veldraw::tests

@@ -30,7 +30,7 @@ vtkSmartPointer<vtkUnsignedCharArray> marks(vtkIdType count, char const* name = 
     auto array = vtkSmartPointer<vtkUnsignedCharArray>::New();
     array->SetName(name);
     for (vtkIdType n = 0; n < count; ++n)
-        array->InsertNextValue(n % 7 == 3 ? static_cast<unsigned char>(1 << (n / 7 % 6)) : 0);
+        array->InsertNextValue(static_cast<unsigned char>(n % 7 == 3 ? 1 << (n / 7 % 6) : 0));
     return array;
 }
 

@@ -15,7 +15,7 @@ namespace {
 
 using Index = Eigen::Index;
 
-constexpr Index tile = 128;
+constexpr Index tileLength = 128;
 constexpr double shareOfMemory = 0.7;
 constexpr double leastRoot =
     1e-6; // on the diagonal of the factor: of points that are all but equal it is rounding errors
@@ -23,7 +23,7 @@ constexpr double tinyNugget = 1e-10; // makes a matrix regular whose points are 
 
 Index tilesOf(Index count)
 {
-    return (count + tile - 1) / tile;
+    return (count + tileLength - 1) / tileLength;
 }
 
 } // namespace
@@ -48,13 +48,16 @@ struct DenseKriging::System
     {
     }
 
-    Index sizeOf(Index tileNumber) const { return std::min(tile, count - tileNumber * tile); }
+    Index sizeOf(Index tileNumber) const { return std::min(tileLength, count - tileNumber * tileLength); }
 
-    auto block(Index row, Index column) { return factor.block(row * tile, column * tile, sizeOf(row), sizeOf(column)); }
+    auto block(Index row, Index column)
+    {
+        return factor.block(row * tileLength, column * tileLength, sizeOf(row), sizeOf(column));
+    }
 
     auto block(Index row, Index column) const
     {
-        return factor.block(row * tile, column * tile, sizeOf(row), sizeOf(column));
+        return factor.block(row * tileLength, column * tileLength, sizeOf(row), sizeOf(column));
     }
 
     double covariance(Index a, Index b) const
@@ -70,8 +73,8 @@ struct DenseKriging::System
 
     void fillTile(Index row, Index column, double diagonal)
     {
-        for (Index b = column * tile; b < column * tile + sizeOf(column); ++b) {
-            for (Index a = row * tile; a < row * tile + sizeOf(row); ++a) {
+        for (Index b = column * tileLength; b < column * tileLength + sizeOf(column); ++b) {
+            for (Index a = row * tileLength; a < row * tileLength + sizeOf(row); ++a) {
                 factor(a, b) = a == b ? diagonal : covariance(a, b);
             }
         }
@@ -119,9 +122,9 @@ struct DenseKriging::System
     {
         for (Index row = 0; row < tilesOf(count); ++row) {
             progress.check();
-            auto part = numbers.middleRows(row * tile, sizeOf(row));
+            auto part = numbers.middleRows(row * tileLength, sizeOf(row));
             for (Index column = 0; column < row; ++column) {
-                part.noalias() -= block(row, column) * numbers.middleRows(column * tile, sizeOf(column));
+                part.noalias() -= block(row, column) * numbers.middleRows(column * tileLength, sizeOf(column));
             }
             block(row, row).triangularView<Eigen::Lower>().solveInPlace(part);
         }
@@ -132,9 +135,9 @@ struct DenseKriging::System
     {
         for (Index row = tilesOf(count); row-- > 0;) {
             progress.check();
-            auto part = numbers.middleRows(row * tile, sizeOf(row));
+            auto part = numbers.middleRows(row * tileLength, sizeOf(row));
             for (Index below = row + 1; below < tilesOf(count); ++below) {
-                part.noalias() -= block(below, row).transpose() * numbers.middleRows(below * tile, sizeOf(below));
+                part.noalias() -= block(below, row).transpose() * numbers.middleRows(below * tileLength, sizeOf(below));
             }
             block(row, row).transpose().triangularView<Eigen::Upper>().solveInPlace(part);
         }

@@ -45,6 +45,7 @@ APP_PARTS = ['app/plot', 'app/window', 'app/commandline']
 NUMERICS = {
     'CGAL': {'kernel/compute/LinedTriangulation.h', 'kernel/compute/PlaneTriangulation.cpp'},
     'Eigen': {'kernel/compute/DenseKriging.cpp', 'kernel/compute/DriftBasis.h'},
+    'FFTW': {'kernel/compute/FourierPlan.cpp'},
     'OpenMP': {'kernel/base/Parallel.cpp'},
 }
 
@@ -85,7 +86,7 @@ def kind_of(name):
 def numerical_library(name):
     """The key in NUMERICS of what <name> belongs to, or None."""
     first = name.split('/')[0]
-    return 'OpenMP' if first == 'omp.h' else first if first in NUMERICS else None
+    return {'omp.h': 'OpenMP', 'fftw3.h': 'FFTW'}.get(first, first if first in NUMERICS else None)
 
 
 def outside_allowed(folder):

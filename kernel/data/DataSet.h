@@ -3,6 +3,7 @@
 #include "kernel/base/Identifier.h"
 #include "kernel/base/NumberSet.h"
 #include "kernel/data/AuxiliaryData.h"
+#include "kernel/data/TransformRecord.h"
 #include "kernel/data/Variable.h"
 #include "kernel/data/Zone.h"
 
@@ -73,6 +74,9 @@ public:
     AuxiliaryData& auxiliaryData() { return m_auxiliaryData; }
     AuxiliaryData const& auxiliaryData() const { return m_auxiliaryData; }
 
+    TransformRecord& transformRecord() { return m_transformRecord; }
+    TransformRecord const& transformRecord() const { return m_transformRecord; }
+
     std::vector<LoaderInstructions>& loaderInstructions() { return m_loaderInstructions; }
     std::vector<LoaderInstructions> const& loaderInstructions() const { return m_loaderInstructions; }
 
@@ -92,6 +96,7 @@ private:
     std::vector<std::shared_ptr<Zone>> m_zones;
     std::vector<std::shared_ptr<Variable>> m_variables;
     AuxiliaryData m_auxiliaryData;
+    TransformRecord m_transformRecord;
     std::vector<LoaderInstructions> m_loaderInstructions;
 };
 

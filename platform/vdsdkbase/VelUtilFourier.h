@@ -10,15 +10,18 @@
 extern "C" {
 #endif
 
-/// Transforms dependent variables along one-dimensional ordered zones of the active data set; appends one result zone a
-/// source zone and three result variables a dependent variable: frequency, amplitude, phase. Arguments:
-/// "IndependentVar" (int, one-based), "WindowFunction" (int, WindowFunction_e), "DependentVars" (set), "SourceZones"
-/// (set), "IncludeConjugates" (int 0/1), "ObeySourceZoneBlanking" (int 0/1), "ReplaceMatchingResultZones" (int 0/1),
-/// "ReplaceMatchingResultVariables" (int 0/1), "FourierTransformResultingZones" (int, address of a Set_s*),
-/// "FourierTransformResultingVars" (int, address of a Set_s*). The sets behind the two addresses belong to the caller
-/// afterwards; they are null on failure.
+/// Transforms dependent variables along one-dimensional ordered zones of the active data set: a result zone a source zone, and
+/// three result variables a dependent variable, which follow each other: frequency, amplitude, phase in degrees. Arguments:
+/// "IndependentVar" (int, one-based), "WindowFunction" (int, WindowFunction_e), "DependentVars" (set, without the
+/// independent one), "SourceZones" (set), "IncludeConjugates" (int 0/1), "ObeySourceZoneBlanking" (int 0/1),
+/// "ReplaceMatchingResultZones" (int 0/1), "ReplaceMatchingResultVariables" (int 0/1),
+/// "FourierTransformResultingZones" (int, address of a Set_s*), "FourierTransformResultingVars" (int, address of a
+/// Set_s*). The two handles have to be those of sets of the caller's, which get the numbers of the zones and variables
+/// with the results; the handles stay as they are. Matching results, which may be replaced, are the latest ones of the
+/// same source zone or variable.
 /// @param list stays the caller's
-/// @return false when an argument is missing or does not fit, or when it was interrupted; nothing changed then
+/// @return false when an argument is missing or does not fit, or when it was interrupted; nothing changed then, the two
+///         sets included
 VELDRAW_PLATFORM_API bool VelUtilFourierTransformX(ArgList_s* list);
 
 /// Whether a zone of the active data set can be transformed: enabled, ordered, one dimension above 1, at least four

@@ -1,0 +1,536 @@
+#include "kernel/operations/FourierTransform.h"
+
+#include "kernel/operations/EnableZone.h"
+#include "tests/kernel/support/FourierFixture.h"
+#include "tests/kernel/support/SampleLoader.h"
+#include "tests/support/SpecialNumbers.h"
+
+#include <omp.h>
+
+namespace veldraw::tests {
+
+using namespace kernel;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+namespace {
+
+constexpr WindowFunction_e windows[] = {WindowFunction_Rectangular, WindowFunction_Triangular, WindowFunction_Hann,
+                                        WindowFunction_Hamming};
+
+class FourierTransformTest : public FourierFixture
+{
+protected:
+    /// The value of an item of auxiliary data of a zone; empty when there is none.
+    std::string note(int zone, std::string const& name) const
+    {
+        AuxiliaryData const& data = dataSet->zone(zone)->auxiliaryData;
+        return data.item(data.indexOf(name)).value;
+    }
+
+    /// Blanks points, and so the cells beside them. @param points zero-based
+    void hide(int zone, std::vector<std::int64_t> const& points)
+    {
+        auto const marks = Buffer::allocate(FieldDataType_Byte, dataSet->zone(zone)->pointCount());
+        for (std::int64_t const point : points) {
+            marks->setValue(point, Blanking::hiddenPoint);
+        }
+        dataSet->zone(zone)->blanking =
+            std::make_shared<Blanking>(*dataSet->zone(zone), Blanking::Marks{marks, nullptr});
+    }
+
+    static Choice obeying()
+    {
+        Choice choice;
+        choice.obeyBlanking = true;
+        return choice;
+    }
+
+    static Numbers tone(std::size_t count, double cycles, double amplitude, double degrees)
+    {
+        Numbers values;
+        for (std::size_t at = 0; at < count; ++at) {
+            double const turns = cycles * static_cast<double>(at) / static_cast<double>(count) + degrees / 360.0;
+            values.push_back(amplitude * std::cos(2.0 * M_PI * turns));
+        }
+        return values;
+    }
+};
+
+} // namespace
+
+TEST_F(FourierTransformTest, GivesTheDirectSumsOfEveryLengthAndWindow)
+{
+    for (std::size_t length = 4; length <= 200; length += length < 36 ? 1 : 41) {
+        int const zone = addNoise(length);
+        for (WindowFunction_e const window : windows) {
+            for (bool const includeConjugates : {false, true}) {
+                ASSERT_TRUE(transform({zone}, {U}, with(window, includeConjugates))) << session.lastError();
+                expectSpectrum(resultZones[0], resultVariables[0], valuesOf(zone, U), 0.25,
+                               {window, includeConjugates});
+                ASSERT_TRUE(session.undo());
+            }
+        }
+    }
+}
+
+TEST_F(FourierTransformTest, GivesTheDirectSumsOfEveryLengthFrom4To200)
+{
+    for (std::size_t length = 4; length <= 200; ++length) {
+        int const zone = addNoise(length);
+        ASSERT_TRUE(transform({zone}, {U}, with(WindowFunction_Hann)));
+        expectSpectrum(resultZones[0], resultVariables[0], valuesOf(zone, U), 0.25, {WindowFunction_Hann, false});
+        ASSERT_TRUE(session.undo());
+    }
+}
+
+TEST_F(FourierTransformTest, ShowsTheAmplitudeAndThePhaseOfATone)
+{
+    for (WindowFunction_e const window : windows) {
+        int const zone = add(evenTimes(1000, 0.001), tone(1000, 50, 3.0, 30.0), tone(1000, 120, 0.25, -100.0));
+        ASSERT_TRUE(transform({zone}, {U, V}, with(window)));
+        Numbers const frequencies = valuesOf(resultZones[0], resultVariables[0]);
+        EXPECT_NEAR(frequencies[50], 50.0, 1e-9);
+        EXPECT_NEAR(valuesOf(resultZones[0], resultVariables[1])[50], 3.0, 1e-12);
+        EXPECT_NEAR(valuesOf(resultZones[0], resultVariables[2])[50], 30.0, 1e-9);
+        EXPECT_NEAR(valuesOf(resultZones[0], resultVariables[4])[120], 0.25, 1e-12);
+        EXPECT_NEAR(valuesOf(resultZones[0], resultVariables[5])[120], -100.0, 1e-9);
+    }
+}
+
+TEST_F(FourierTransformTest, NeitherDoublesTheMeanNorTheHighestFrequency)
+{
+    int const zone = add(evenTimes(64), Numbers(64, 7.0), tone(64, 32, 5.0, 0.0));
+    ASSERT_TRUE(transform({zone}, {U, V}));
+    Numbers const amplitudesOfU = valuesOf(resultZones[0], resultVariables[1]);
+    Numbers const amplitudesOfV = valuesOf(resultZones[0], resultVariables[4]);
+    EXPECT_NEAR(amplitudesOfU[0], 7.0, 1e-13);
+    EXPECT_NEAR(amplitudesOfV[32], 5.0, 1e-13);
+    ASSERT_TRUE(transform({zone}, {U, V}, with(WindowFunction_Rectangular, true)));
+    EXPECT_NEAR(valuesOf(resultZones[0], resultVariables[1])[0], 7.0, 1e-13);
+    EXPECT_NEAR(valuesOf(resultZones[0], resultVariables[4])[32], 5.0, 1e-13);
+}
+
+TEST_F(FourierTransformTest, SplitsATonesAmplitudeAmongTheConjugates)
+{
+    int const zone = add(evenTimes(100), tone(100, 10, 4.0, 25.0), Numbers(100, 0.0));
+    ASSERT_TRUE(transform({zone}, {U}, with(WindowFunction_Hann, true)));
+    Numbers const frequencies = valuesOf(resultZones[0], resultVariables[0]);
+    Numbers const amplitudes = valuesOf(resultZones[0], resultVariables[1]);
+    Numbers const phases = valuesOf(resultZones[0], resultVariables[2]);
+    EXPECT_NEAR(frequencies[10], 0.4, 1e-13);
+    EXPECT_NEAR(frequencies[90], -0.4, 1e-13);
+    EXPECT_NEAR(amplitudes[10], 2.0, 1e-13);
+    EXPECT_NEAR(amplitudes[90], 2.0, 1e-13);
+    EXPECT_NEAR(phases[10], 25.0, 1e-10);
+    EXPECT_NEAR(phases[90], -25.0, 1e-10);
+}
+
+TEST_F(FourierTransformTest, ShowsAToneBetweenTwoBinsInBothByTheHannWindow)
+{
+    // Midway between two bins the window's transform is 8 / (3 pi) of that at its middle.
+    int const zone = add(evenTimes(4096), tone(4096, 100.5, 1.0, 0.0), Numbers(4096, 0.0));
+    ASSERT_TRUE(transform({zone}, {U}, with(WindowFunction_Hann)));
+    Numbers const amplitudes = valuesOf(resultZones[0], resultVariables[1]);
+    EXPECT_NEAR(amplitudes[100], 8.0 / (3.0 * M_PI), 1e-5);
+    EXPECT_NEAR(amplitudes[101], 8.0 / (3.0 * M_PI), 1e-5);
+}
+
+TEST_F(FourierTransformTest, GivesZonesAndVariablesThatFollowEachOtherInOneStep)
+{
+    addNoise(16);
+    addNoise(16);
+    std::string const before = withoutHistory();
+    ASSERT_TRUE(transform({1, 2}, {U, V}));
+    EXPECT_THAT(recorder.take(), ElementsAre("1 variables 4 5 6 7 8 9", "4 zones 3 4"));
+    EXPECT_THAT(resultZones, ElementsAre(3, 4));
+    EXPECT_THAT(resultVariables, ElementsAre(4, 5, 6, 7, 8, 9));
+    EXPECT_EQ(dataSet->variable(4)->name, "Frequency of U");
+    EXPECT_EQ(dataSet->variable(5)->name, "Amplitude of U");
+    EXPECT_EQ(dataSet->variable(6)->name, "Phase of U in degrees");
+    EXPECT_EQ(dataSet->variable(7)->name, "Frequency of V");
+    Zone const& zone = *dataSet->zone(3);
+    EXPECT_EQ(zone.name, "Fourier Transform of S1");
+    EXPECT_EQ(zone.type, ZoneType_Ordered);
+    EXPECT_EQ(zone.i, 9);
+    EXPECT_EQ(zone.j * zone.k, 1);
+    EXPECT_EQ(session.history().undoName(), "Fourier Transform");
+    expectUndoAndRedo(before, {"5 zones 3 4", "2 variables 4 5 6 7 8 9"}, {"1 variables 4 5 6 7 8 9", "4 zones 3 4"});
+}
+
+TEST_F(FourierTransformTest, KeepsResultsPassiveInOtherZonesAndOtherVariablesInResults)
+{
+    addNoise(16);
+    addNoise(20);
+    ASSERT_TRUE(transform({1}));
+    for (int variable = 1; variable <= 6; ++variable) {
+        EXPECT_EQ(dataSet->field(1, variable)->isPassive(), variable > 3) << variable;
+        EXPECT_EQ(dataSet->field(2, variable)->isPassive(), variable > 3) << variable;
+        EXPECT_EQ(dataSet->field(3, variable)->isPassive(), variable <= 3) << variable;
+    }
+}
+
+TEST_F(FourierTransformTest, SharesFrequenciesWhereTheyAreTheSame)
+{
+    addNoise(16);
+    addNoise(16);
+    addNoise(16, 0.5);
+    addNoise(17);
+    ASSERT_TRUE(transform({1, 2, 3, 4}, {U, V}));
+    EXPECT_EQ(dataSet->field(5, 4)->group(), dataSet->field(6, 7)->group());
+    EXPECT_EQ(dataSet->field(5, 4)->shareCount(), 4);
+    EXPECT_EQ(dataSet->field(7, 4)->shareCount(), 2);
+    EXPECT_EQ(dataSet->field(8, 4)->shareCount(), 2);
+    EXPECT_EQ(dataSet->field(5, 5)->shareCount(), 1);
+}
+
+TEST_F(FourierTransformTest, ReadsEveryTypeAndStride)
+{
+    std::size_t const count = 3001;
+    for (FieldDataType_e const type : {FieldDataType_Float, FieldDataType_Double, FieldDataType_Int32,
+                                       FieldDataType_Int16, FieldDataType_Byte, FieldDataType_Bit}) {
+        Numbers values = noise(count);
+        std::transform(values.begin(), values.end(), values.begin(), [](double value) { return 100.0 + 50.0 * value; });
+        int const zone = addNoise(count);
+        setField(zone, U, values, type);
+        ASSERT_TRUE(transform({zone})) << session.lastError();
+        Numbers const stored = valuesOf(zone, U);
+        expectSpectrum(resultZones[0], resultVariables[0], stored, 0.25);
+        EXPECT_EQ(dataSet->field(resultZones[0], resultVariables[1])->type(), FieldDataType_Double);
+    }
+    auto const interleaved = std::make_shared<std::vector<float>>();
+    for (double const value : noise(3 * count)) {
+        interleaved->push_back(static_cast<float>(value));
+    }
+    int const zone = addNoise(count);
+    field(zone, V) =
+        Field(std::make_shared<ShareGroup>(Buffer::adopt(FieldDataType_Float, static_cast<std::int64_t>(count),
+                                                         interleaved->data() + 1, 3, interleaved)),
+              ValueLocation_Nodal);
+    ASSERT_TRUE(transform({zone}, {V}));
+    expectSpectrum(resultZones[0], resultVariables[0], valuesOf(zone, V), 0.25);
+}
+
+TEST_F(FourierTransformTest, ReadsLinesAlongJAndK)
+{
+    for (int const direction : {1, 2}) {
+        int const number = addNoise(50);
+        Zone& zone = *dataSet->zone(number);
+        zone.i = 1;
+        (direction == 1 ? zone.j : zone.k) = 50;
+        ASSERT_TRUE(transform({number}));
+        EXPECT_EQ(dataSet->zone(resultZones[0])->i, 26);
+        expectSpectrum(resultZones[0], resultVariables[0], valuesOf(number, U), 0.25);
+    }
+}
+
+TEST_F(FourierTransformTest, TurnsASignalAroundWhoseIndependentVariableFalls)
+{
+    Numbers times = evenTimes(2000);
+    std::reverse(times.begin(), times.end());
+    int const zone = add(times, noise(2000), noise(2000));
+    ASSERT_TRUE(transform({zone}));
+    Numbers signal = noise(2000);
+    std::reverse(signal.begin(), signal.end());
+    expectSpectrum(resultZones[0], resultVariables[0], signal, 0.25);
+    EXPECT_EQ(note(resultZones[0], "Fourier.Resampled"), "");
+}
+
+TEST_F(FourierTransformTest, ResamplesUnevenStepsAndSaysSo)
+{
+    // Between these times the signal is a straight line, so that resampling does not change it.
+    Numbers times = evenTimes(101, 0.1, 0.0);
+    Numbers values;
+    for (std::size_t at = 0; at < times.size(); ++at) {
+        times[at] += at % 10 == 0 ? 0.0 : 0.03 * std::sin(static_cast<double>(at));
+        values.push_back(3.0 - 2.0 * times[at]);
+    }
+    int const zone = add(times, values, values);
+    ASSERT_TRUE(transform({zone}));
+    Numbers line;
+    for (double const moment : evenTimes(101, 0.1, 0.0)) {
+        line.push_back(3.0 - 2.0 * moment);
+    }
+    expectSpectrum(resultZones[0], resultVariables[0], line, 0.1);
+    EXPECT_EQ(note(resultZones[0], "Fourier.Resampled"), "to even steps, linearly");
+    EXPECT_THAT(remark, HasSubstr(" The steps are not even in \"S1\": resampled linearly."));
+}
+
+TEST_F(FourierTransformTest, TakesStepsAsEvenThatDifferByTheRoundingOfTheirType)
+{
+    std::size_t const count = 5000;
+    int const zone = addNoise(count);
+    setField(zone, time, evenTimes(count, 0.001), FieldDataType_Float);
+    ASSERT_TRUE(transform({zone}));
+    EXPECT_EQ(note(resultZones[0], "Fourier.Resampled"), "");
+    Numbers sums{0.0};
+    while (sums.size() < count) {
+        sums.push_back(sums.back() + 0.1);
+    }
+    setField(zone, time, sums);
+    ASSERT_TRUE(transform({zone}));
+    EXPECT_EQ(note(resultZones[0], "Fourier.Resampled"), "");
+    sums[100] += 2.1e-7;
+    setField(zone, time, sums);
+    ASSERT_TRUE(transform({zone}));
+    EXPECT_NE(note(resultZones[0], "Fourier.Resampled"), "");
+}
+
+TEST_F(FourierTransformTest, BridgesValuesThatAreNoNumbers)
+{
+    Numbers values = noise(1500);
+    Numbers bridged = values;
+    values[0] = notANumber;
+    bridged[0] = bridged[1];
+    for (std::size_t at = 700; at < 704; ++at) {
+        values[at] = at == 701 ? infinity : notANumber;
+        bridged[at] = values[699] + static_cast<double>(at - 699) / 5.0 * (noise(1500)[704] - values[699]);
+    }
+    values[1498] = values[1499] = -infinity;
+    bridged[1498] = bridged[1499] = bridged[1497];
+    int const zone = add(evenTimes(1500), values, noise(1500, 2));
+    ASSERT_TRUE(transform({zone}, {U, V}));
+    expectSpectrum(resultZones[0], resultVariables[0], bridged, 0.25);
+    expectSpectrum(resultZones[0], resultVariables[3], noise(1500, 2), 0.25);
+    EXPECT_EQ(note(resultZones[0], "Fourier.Bridged"), "U: 7");
+    EXPECT_THAT(remark, HasSubstr(" Hidden or no numbers, and bridged linearly: 7 values."));
+}
+
+TEST_F(FourierTransformTest, BridgesHiddenPointsWhenItIsToObeyBlanking)
+{
+    Numbers const values = noise(40);
+    int const zone = add(evenTimes(40), values, values);
+    hide(zone, {10, 39});
+    ASSERT_TRUE(transform({zone}));
+    expectSpectrum(resultZones[0], resultVariables[0], values, 0.25);
+    Numbers bridged = values;
+    bridged[10] = 0.5 * (values[9] + values[11]);
+    bridged[39] = values[38];
+    ASSERT_TRUE(transform({zone}, {U}, obeying()));
+    expectSpectrum(resultZones[0], resultVariables[0], bridged, 0.25);
+    EXPECT_EQ(note(resultZones[0], "Fourier.Bridged"), "U: 2");
+}
+
+TEST_F(FourierTransformTest, NeedsNoTimesOfHiddenPoints)
+{
+    Numbers times = evenTimes(40);
+    Numbers const values = noise(40);
+    times[0] = notANumber;
+    times[20] = -1e6;
+    int const zone = add(times, values, values);
+    hide(zone, {20});
+    ASSERT_TRUE(transform({zone}, {U}, obeying())) << session.lastError();
+    Numbers bridged = values;
+    bridged[0] = values[1];
+    bridged[20] = 0.5 * (values[19] + values[21]);
+    expectSpectrum(resultZones[0], resultVariables[0], bridged, 0.25);
+}
+
+TEST_F(FourierTransformTest, TransformsAPassiveVariableAsZeros)
+{
+    addNoise(30);
+    field(1, U) = Field();
+    ASSERT_TRUE(transform({1}, {U, V}));
+    EXPECT_EQ(valuesOf(resultZones[0], resultVariables[1]), Numbers(16, 0.0));
+    EXPECT_EQ(valuesOf(resultZones[0], resultVariables[2]), Numbers(16, 0.0));
+    EXPECT_FALSE(dataSet->field(resultZones[0], resultVariables[1])->isPassive());
+    expectSpectrum(resultZones[0], resultVariables[3], valuesOf(1, V), 0.25);
+}
+
+TEST_F(FourierTransformTest, TransformsCellsOverThePlacesHalfwayBetweenPoints)
+{
+    Numbers times{0.0};
+    while (times.size() < 21) {
+        times.push_back(times.back() + (times.size() % 2 == 0 ? 0.5 : 1.5)); // their means are even
+    }
+    Numbers cells = noise(21);
+    int const zone = addNoise(21);
+    setField(zone, time, times);
+    setField(zone, U, cells, FieldDataType_Double, ValueLocation_CellCentered);
+    ASSERT_TRUE(transform({zone}));
+    cells.pop_back(); // of no cell
+    expectSpectrum(resultZones[0], resultVariables[0], cells, 1.0);
+    EXPECT_EQ(note(resultZones[0], "Fourier.Values"), "20");
+    EXPECT_EQ(note(resultZones[0], "Fourier.Resampled"), "");
+}
+
+TEST_F(FourierTransformTest, TransformsCellsOverAnIndependentVariableAtTheCells)
+{
+    int const zone = addNoise(21);
+    Numbers times = evenTimes(21, 2.0);
+    times.back() = notANumber; // of no cell
+    Numbers cells = noise(21);
+    setField(zone, time, times, FieldDataType_Double, ValueLocation_CellCentered);
+    setField(zone, U, cells, FieldDataType_Double, ValueLocation_CellCentered);
+    ASSERT_TRUE(transform({zone}));
+    cells.pop_back();
+    expectSpectrum(resultZones[0], resultVariables[0], cells, 2.0);
+    expectRefusal(
+        "The independent variable \"Time\" has its values at the cells of the zone \"S1\", the dependent ones "
+        "have theirs at the points.",
+        {zone}, {V});
+}
+
+TEST_F(FourierTransformTest, LoadsWhatIsDeferred)
+{
+    auto const values = std::make_shared<sample::Loader>(noise(64), FieldDataType_Double);
+    auto const times = std::make_shared<sample::Loader>(evenTimes(64), FieldDataType_Double);
+    auto const others = std::make_shared<sample::Loader>(noise(64), FieldDataType_Double);
+    addNoise(64);
+    field(1, U) = sample::Loader::field(values);
+    field(1, time) = sample::Loader::field(times);
+    field(1, V) = sample::Loader::field(others);
+    ASSERT_TRUE(transform({1}));
+    expectSpectrum(resultZones[0], resultVariables[0], noise(64), 0.25);
+    EXPECT_EQ(values->loads, 1);
+    EXPECT_EQ(others->loads, 0);
+    ASSERT_TRUE(session.undo());
+    ASSERT_TRUE(session.redo());
+    expectSpectrum(resultZones[0], resultVariables[0], noise(64), 0.25);
+}
+
+TEST_F(FourierTransformTest, LoadsTheDimensionsOfAZone)
+{
+    for (std::int64_t const layers : {1, 2}) {
+        int const zone = addNoise(64);
+        dataSet->zone(zone)->i = dataSet->zone(zone)->j = dataSet->zone(zone)->k = -1;
+        dataSet->zone(zone)->dimensionsLoader =
+            std::make_shared<sample::SizeLoader>(ZoneDimensions{64 / layers, layers, 1, nullptr, nullptr});
+        if (layers == 1) {
+            ASSERT_TRUE(transform({zone}));
+            expectSpectrum(resultZones[0], resultVariables[0], noise(64), 0.25);
+        } else {
+            expectRefusal("The zone \"S3\" is not an ordered zone of one dimension.", {zone});
+        }
+    }
+}
+
+TEST_F(FourierTransformTest, WorksOnNumbersNearTheirLimits)
+{
+    for (double const scale : {1e300, 1e-300, 5e-324 / 1e-16}) {
+        Numbers values = noise(600);
+        std::transform(values.begin(), values.end(), values.begin(), [=](double value) { return value * scale; });
+        int const zone = add(evenTimes(600), values, values);
+        ASSERT_TRUE(transform({zone}));
+        expectSpectrum(resultZones[0], resultVariables[0], values, 0.25);
+    }
+}
+
+TEST_F(FourierTransformTest, GivesTheSameBitsWithAnyNumberOfThreads)
+{
+    addNoise(1000);
+    addNoise(997);
+    int const threads = omp_get_max_threads();
+    omp_set_num_threads(1);
+    ASSERT_TRUE(transform({1, 2}, {U, V}, with(WindowFunction_Hamming)));
+    omp_set_num_threads(3);
+    ASSERT_TRUE(transform({1, 2}, {U, V}, with(WindowFunction_Hamming)));
+    omp_set_num_threads(threads);
+    for (int zone : {3, 4}) {
+        for (int variable = 4; variable <= 9; ++variable) {
+            EXPECT_EQ(valuesOf(zone, variable), valuesOf(zone + 2, variable + 6));
+        }
+    }
+}
+
+TEST_F(FourierTransformTest, SaysInTheZoneAndInTheLogHowItWasMade)
+{
+    addNoise(50, 0.5);
+    ASSERT_TRUE(transform({1}, {U, V}, with(WindowFunction_Hamming, true)));
+    EXPECT_EQ(note(2, "Fourier.SourceZone"), "S1");
+    EXPECT_EQ(note(2, "Fourier.IndependentVariable"), "Time");
+    EXPECT_EQ(note(2, "Fourier.DependentVariables"), "U, V");
+    EXPECT_EQ(note(2, "Fourier.Window"), "Hamming");
+    EXPECT_EQ(note(2, "Fourier.Conjugates"), "included");
+    EXPECT_EQ(note(2, "Fourier.Values"), "50");
+    EXPECT_EQ(note(2, "Fourier.Spacing"), "0.5");
+    EXPECT_EQ(dataSet->zone(2)->auxiliaryData.size(), 7);
+    EXPECT_THAT(remark,
+                testing::StartsWith("Fourier Transform: \"U\", \"V\" over \"Time\" in \"S1\", window Hamming, in "));
+}
+
+TEST_F(FourierTransformTest, RefusesZonesThatCannotBeTransformed)
+{
+    addNoise(20);
+    addNoise(3);
+    int const plane = addNoise(20);
+    dataSet->zone(plane)->i = 10;
+    dataSet->zone(plane)->j = 2;
+    int const cells = addNoise(20);
+    dataSet->zone(cells)->type = ZoneType_FELineSeg;
+    int const disabled = addNoise(20);
+    session.perform(EnableZone(*dataSet, disabled, false));
+    expectRefusal("No zones were given.", {});
+    expectRefusal("There is no such zone.", {0, 1});
+    expectRefusal("There is no such zone.", {1, 6});
+    expectRefusal("The zone \"S2\" has fewer than 4 points.", {1, 2});
+    expectRefusal("The zone \"S3\" is not an ordered zone of one dimension.", {1, plane});
+    expectRefusal("The zone \"S4\" is not an ordered zone of one dimension.", {cells});
+    expectRefusal("The zone \"S5\" is disabled.", {disabled});
+    dataSet->setLockHolder("somebody");
+    expectRefusal("The data set is locked.", {1});
+}
+
+TEST_F(FourierTransformTest, RefusesVariablesThatCannotBeTransformed)
+{
+    addNoise(20);
+    expectRefusal("No dependent variables were given.", {1}, {});
+    expectRefusal("There is no such variable.", {1}, {0});
+    expectRefusal("There is no such variable.", {1}, {4});
+    expectRefusal("There is no such variable.", {1}, {U}, {}, 0);
+    expectRefusal("There is no such variable.", {1}, {U}, {}, 4);
+    expectRefusal("The independent variable \"Time\" is among the dependent ones.", {1}, {time, U});
+    setField(1, U, noise(20), FieldDataType_Double, ValueLocation_CellCentered);
+    expectRefusal("The zone \"S1\" has the values of \"U\" at its cells and those of \"V\" at its points: transform "
+                  "them one after the other.",
+                  {1}, {U, V});
+    field(1, time) = Field();
+    expectRefusal("The independent variable \"Time\" is passive in the zone \"S1\": it has no values there.", {1});
+}
+
+TEST_F(FourierTransformTest, RefusesAnIndependentVariableThatIsNoAxis)
+{
+    addNoise(20);
+    setField(1, time, Numbers(20, 4.0));
+    expectRefusal("The independent variable \"Time\" is constant in the zone \"S1\".", {1});
+    Numbers times = evenTimes(20);
+    times[7] = times[6];
+    setField(1, time, times);
+    expectRefusal("The independent variable \"Time\" neither rises nor falls all the way through the zone \"S1\": look "
+                  "at point 8.",
+                  {1});
+    times[7] = times[5] - 1.0;
+    setField(1, time, times);
+    expectRefusal("The independent variable \"Time\" neither rises nor falls all the way through the zone \"S1\": look "
+                  "at point 8.",
+                  {1});
+    setField(1, time, evenTimes(20, 1e307, -1e308));
+    expectRefusal("The steps of the independent variable \"Time\" in the zone \"S1\" are too large or too small.", {1});
+    setField(1, time, evenTimes(20, 1e-310, 0.0));
+    expectRefusal("The steps of the independent variable \"Time\" in the zone \"S1\" are too large or too small.", {1});
+    std::fill(times.begin(), times.begin() + 11, notANumber);
+    setField(1, time, times);
+    expectRefusal("More than half of the values of the variable \"Time\" in the zone \"S1\" are hidden or no numbers.",
+                  {1});
+}
+
+TEST_F(FourierTransformTest, RefusesValuesMoreThanHalfOfWhichAreNotKnown)
+{
+    Numbers values = noise(20);
+    std::fill(values.begin(), values.begin() + 10, notANumber);
+    add(evenTimes(20), values, values);
+    ASSERT_TRUE(transform({1})) << session.lastError();
+    ASSERT_TRUE(session.undo());
+    values[15] = notANumber;
+    setField(1, U, values);
+    expectRefusal("More than half of the values of the variable \"U\" in the zone \"S1\" are hidden or no numbers.",
+                  {1});
+    setField(1, U, noise(20));
+    std::vector<std::int64_t> points(11);
+    std::iota(points.begin(), points.end(), 4);
+    hide(1, points);
+    expectRefusal("More than half of the values of the variable \"Time\" in the zone \"S1\" are hidden or no numbers.",
+                  {1}, {U}, obeying());
+}
+
+} // namespace veldraw::tests

@@ -1,0 +1,99 @@
+#include "kernel/compute/LongTransform.h"
+
+#include "kernel/base/Parallel.h"
+#include "kernel/base/ZeroedArray.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace veldraw::kernel {
+
+namespace {
+
+constexpr std::int64_t linesAtOnce = 16; // neighbours in memory are moved together
+
+/// The largest divisor up to the square root.
+std::int64_t squarestDivisor(std::int64_t number)
+{
+    auto divisor = static_cast<std::int64_t>(std::sqrt(static_cast<double>(number)));
+    while (number % divisor != 0) {
+        --divisor;
+    }
+    return divisor;
+}
+
+/// Calls @p body with (first, count, two rooms of some lines) for all @p lines on all cores.
+template <typename Body>
+void forLines(std::int64_t lines, std::int64_t length, Progress const& progress, Body const& body)
+{
+    std::int64_t const groups = (lines + linesAtOnce - 1) / linesAtOnce;
+    forEachInParallel(groups, [&](std::int64_t group) {
+        progress.check();
+        auto const size = static_cast<std::size_t>(linesAtOnce * length);
+        ZeroedArray<LongTransform::Bin> room(2 * size);
+        std::int64_t const first = group * linesAtOnce;
+        body(first, std::min(linesAtOnce, lines - first), room.begin(), room.begin() + size);
+    });
+}
+
+} // namespace
+
+LongTransform::LongTransform(std::int64_t length, std::int64_t longest)
+    : m_length(length)
+    , m_rows(length)
+{
+    if (length > longest) {
+        m_columns = squarestDivisor(length);
+        m_rows = length / m_columns;
+        m_planOfRow = FourierPlan::ofComplex(m_columns);
+        m_roots.emplace(static_cast<std::uint64_t>(length));
+    }
+    m_planOfColumn = FourierPlan::ofComplex(m_rows);
+}
+
+void LongTransform::run(Bin* signal, Bin* bins, Progress const& progress) const
+{
+    progress.check();
+    if (m_columns == 1) {
+        m_planOfColumn->run(signal, bins);
+        return;
+    }
+    transformColumns(signal, progress);
+    transformRows(signal, bins, progress);
+}
+
+void LongTransform::transformColumns(Bin* signal, Progress const& progress) const
+{
+    forLines(m_columns, m_rows, progress, [&](std::int64_t first, std::int64_t count, Bin* columns, Bin* results) {
+        for (std::int64_t row = 0; row < m_rows; ++row) {
+            for (std::int64_t column = 0; column < count; ++column) {
+                columns[column * m_rows + row] = signal[row * m_columns + first + column];
+            }
+        }
+        for (std::int64_t column = 0; column < count; ++column) {
+            m_planOfColumn->run(columns + column * m_rows, results + column * m_rows);
+        }
+        for (std::int64_t row = 0; row < m_rows; ++row) {
+            for (std::int64_t column = 0; column < count; ++column) {
+                Bin const root = m_roots->at(static_cast<std::uint64_t>(row * (first + column)));
+                signal[row * m_columns + first + column] = product(results[column * m_rows + row], root);
+            }
+        }
+    });
+}
+
+void LongTransform::transformRows(Bin* signal, Bin* bins, Progress const& progress) const
+{
+    forLines(m_rows, m_columns, progress, [&](std::int64_t first, std::int64_t count, Bin* rows, Bin*) {
+        for (std::int64_t row = 0; row < count; ++row) {
+            m_planOfRow->run(signal + (first + row) * m_columns, rows + row * m_columns);
+        }
+        for (std::int64_t column = 0; column < m_columns; ++column) {
+            for (std::int64_t row = 0; row < count; ++row) {
+                bins[column * m_rows + first + row] = rows[row * m_columns + column];
+            }
+        }
+    });
+}
+
+} // namespace veldraw::kernel

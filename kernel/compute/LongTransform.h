@@ -1,0 +1,45 @@
+#pragma once
+
+#include "kernel/base/Progress.h"
+#include "kernel/compute/FourierPlan.h"
+#include "kernel/compute/UnitRoots.h"
+
+#include <cstddef>
+#include <optional>
+
+namespace veldraw::kernel {
+
+/// Transforms complex signals of any length without large prime factors, on all cores, and can be cancelled on the way.
+///
+/// A long one is laid out as a table, whose columns and rows are transformed one after the other, with a factor for each number
+/// in between (Gentleman and Sande 1966, "Fast Fourier transforms for fun and profit").
+class LongTransform
+{
+public:
+    using Bin = FourierPlan::Bin;
+
+    /// A transform up to this length takes some ten milliseconds and is not cut.
+    static constexpr std::int64_t longestWhole = std::int64_t{1} << 21;
+
+    /// @param longest length that is transformed as a whole
+    /// @throws std::bad_alloc
+    explicit LongTransform(std::int64_t length, std::int64_t longest = longestWhole);
+
+    std::int64_t length() const { return m_length; }
+
+    /// @param signal of the length, is lost; @param bins are no part of it. @throws Interrupted
+    void run(Bin* signal, Bin* bins, Progress const& progress) const;
+
+private:
+    void transformColumns(Bin* signal, Progress const& progress) const;
+    void transformRows(Bin* signal, Bin* bins, Progress const& progress) const;
+
+    std::int64_t m_length;
+    std::int64_t m_columns = 1; // of the table; 1 for a transform as a whole
+    std::int64_t m_rows;
+    std::shared_ptr<FourierPlan const> m_planOfColumn;
+    std::shared_ptr<FourierPlan const> m_planOfRow;
+    std::optional<UnitRoots> m_roots;
+};
+
+} // namespace veldraw::kernel

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "kernel/base/Progress.h"
+#include "kernel/compute/LongTransform.h"
+
+#include <complex>
+#include <cstdint>
+#include <memory>
+
+namespace veldraw::kernel {
+
+/// The discrete Fourier transform of real signals of one length, whatever its prime factors:
+///
+///     auto const transform = RealTransform::make(1000, progress);
+///     transform->run(signal, bins, room, progress);
+///
+/// Bin k, from 0 to length / 2, is the sum of x[n] exp(-2 pi i k n / length); the others are the conjugates of these. Results
+/// do not depend on the number of threads. Threads may use a transform at a time, and a long one is itself done on all
+/// cores unless it is called by one of several threads.
+class RealTransform
+{
+public:
+    using Bin = std::complex<double>;
+
+    /// @param length at least 1
+    /// @param longest length that is transformed as a whole
+    /// @throws Interrupted, std::bad_alloc
+    static std::unique_ptr<RealTransform const> make(std::int64_t length, Progress const& progress,
+                                                     std::int64_t longest = LongTransform::longestWhole);
+
+    /// Bytes that the tables of make() take, and the longest room.
+    static double bytesOf(std::int64_t length);
+
+    virtual ~RealTransform() = default;
+    RealTransform(RealTransform const&) = delete;
+    RealTransform& operator=(RealTransform const&) = delete;
+
+    /// How many numbers run() needs room for.
+    virtual std::size_t roomSize() const = 0;
+
+    /// All arrays begin at multiples of 16 bytes. @param signal is lost; @param room of roomSize() numbers
+    /// @throws Interrupted
+    virtual void run(double* signal, Bin* bins, Bin* room, Progress const& progress) const = 0;
+
+protected:
+    RealTransform() = default;
+};
+
+} // namespace veldraw::kernel

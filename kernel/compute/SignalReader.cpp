@@ -1,0 +1,118 @@
+#include "kernel/compute/SignalReader.h"
+
+#include "kernel/compute/ValueBlock.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace veldraw::kernel {
+
+namespace {
+
+constexpr std::int64_t stepsBetweenChecks = 65536;
+
+/// Fills a signal from known values that come one after the other, each further along it than the one before.
+class SignalLine
+{
+public:
+    SignalLine(double* signal, std::int64_t count)
+        : m_signal(signal)
+        , m_count(count)
+    {
+    }
+
+    /// @param steps of the spacing to where the value is
+    void add(double steps, double value)
+    {
+        for (; m_next < m_count && static_cast<double>(m_next) <= steps; ++m_next) {
+            m_signal[m_next] = at(static_cast<double>(m_next), steps, value);
+        }
+        m_hasBefore = true;
+        m_steps = steps;
+        m_value = value;
+    }
+
+    void end() { std::fill(m_signal + std::min(m_next, m_count), m_signal + m_count, m_value); }
+
+private:
+    double at(double step, double steps, double value) const
+    {
+        if (!m_hasBefore || !(step < steps)) {
+            return value;
+        }
+        double const share = (step - m_steps) / (steps - m_steps);
+        return (1.0 - share) * m_value + share * value; // no difference, which may be infinite
+    }
+
+    double* m_signal;
+    std::int64_t m_count;
+    std::int64_t m_next = 0; // the value of the signal that is to come
+    bool m_hasBefore = false;
+    double m_steps = 0.0; // of the value before
+    double m_value = 0.0;
+};
+
+} // namespace
+
+bool SignalReader::read(double* signal, Progress const& progress)
+{
+    m_unknown = 0;
+    m_largest = 0.0;
+    bool const isPlain = m_axis.isEven() && m_axis.isWhole();
+    if (!isPlain || !readAll(signal, progress)) {
+        readKnown(signal, progress);
+    }
+    return 2 * m_unknown <= m_axis.count();
+}
+
+/// Reads a signal of which all is known. @return false when a value turns out to be no finite number
+bool SignalReader::readAll(double* signal, Progress const& progress)
+{
+    std::int64_t const count = m_axis.count();
+    for (std::int64_t first = 0; first < count; first += blockSize) {
+        if (first % stepsBetweenChecks == 0) {
+            progress.check();
+        }
+        std::int64_t const size = std::min(blockSize, count - first);
+        double* const block = signal + (m_axis.isFalling() ? count - first - size : first);
+        readBlock(*m_values, first, size, block);
+        double sum = 0.0; // of products with 0: no number as soon as one of them is none
+        double largest = m_largest;
+        for (std::int64_t at = 0; at < size; ++at) {
+            sum += 0.0 * block[at];
+            largest = std::max(largest, std::abs(block[at]));
+        }
+        if (std::isnan(sum)) {
+            return false;
+        }
+        m_largest = largest;
+        if (m_axis.isFalling()) {
+            std::reverse(block, block + size);
+        }
+    }
+    return true;
+}
+
+/// Reads what is known, and draws lines between that.
+void SignalReader::readKnown(double* signal, Progress const& progress)
+{
+    std::int64_t const count = m_axis.count();
+    SignalLine line(signal, count);
+    for (std::int64_t step = 0; step < count; ++step) {
+        if (step % stepsBetweenChecks == 0) {
+            progress.check();
+        }
+        std::int64_t const number = m_axis.isFalling() ? count - 1 - step : step;
+        double const value = m_values->value(number);
+        if (std::isfinite(value) && m_axis.isKnown(number)) {
+            m_largest = std::max(m_largest, std::abs(value));
+            line.add(m_axis.stepsTo(number), value);
+        } else {
+            ++m_unknown;
+        }
+    }
+    line.end();
+}
+
+} // namespace veldraw::kernel

@@ -31,10 +31,11 @@ void save(std::string const& path, std::string const& text)
         throw std::runtime_error("cannot write " + path);
 }
 
+// The first number with so many digits that steps of 1/256 are even.
 std::string row(double a, double b, double c, double d)
 {
     char text[120];
-    std::snprintf(text, sizeof text, "%.6g,%.6g,%.6g,%.6g\n", a, b, c, d);
+    std::snprintf(text, sizeof text, "%.9g,%.6g,%.6g,%.6g\n", a, b, c, d);
     return text;
 }
 

@@ -123,6 +123,8 @@ TEST(Samples, TablesHaveATimeSeriesAndScatteredPoints)
     auto const series = sample(&samples::writeTimeSeries, "timeseries.csv").dataSet;
     EXPECT_EQ(series->zone(1)->i, 512);
     EXPECT_EQ(variableNames(*series), "time,signal,envelope,temperature");
+    for (int const at : {0, 1, 255, 511})
+        EXPECT_EQ(series->field(1, 1)->group()->buffer()->value(at), at / 256.0) << "in even steps";
     auto const points = sample(&samples::writeScatter, "scatter.csv").dataSet;
     EXPECT_EQ(points->zone(1)->i, 400);
     EXPECT_EQ(variableNames(*points), "X,Y,Z,rainfall");

@@ -18,6 +18,7 @@ namespace veldraw::app {
 namespace {
 
 constexpr int plotWidth = 280; // two stand side by side in the help viewer
+constexpr int mostSteps = 20;  // of one press of a button, with the frame that it makes
 
 DataOperation const* operationOf(char const* action)
 {
@@ -113,11 +114,12 @@ void HelpPictures::takeOf(HelpSubject const& subject)
     m_user.settle(300);
     takeDialog(*dialog, topic);
     if (QAbstractButton* const button = subject.button ? buttonOf(*dialog, subject.button) : nullptr) {
-        m_user.messagesDuring([&] { m_user.click(*button); },
-                              [] { return kernel::Session::instance().history().canUndo(); });
+        kernel::History const& history = kernel::Session::instance().history();
+        m_user.messagesDuring([&] { m_user.click(*button); }, [&history] { return history.canUndo(); });
         m_user.settle(500);
         takePlot(topic + QStringLiteral("_after"));
-        m_user.key(Qt::Key_Z, Qt::ControlModifier);
+        for (int step = 0; step < mostSteps && history.canUndo(); ++step)
+            m_user.key(Qt::Key_Z, Qt::ControlModifier);
     }
     dialog->close();
 }

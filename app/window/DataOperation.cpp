@@ -1,5 +1,6 @@
 #include "app/window/DataOperation.h"
 
+#include "dialogs/fourier/FourierTransformDialog.h"
 #include "dialogs/interpolation/InverseDistanceInterpolationDialog.h"
 #include "dialogs/interpolation/KrigingDialog.h"
 #include "dialogs/interpolation/LinearInterpDialog.h"
@@ -22,6 +23,11 @@ template <typename Dialog>
 DialogInterface& dialog(QWidget& parent)
 {
     return Dialog::getInstance(parent);
+}
+
+DialogInterface& fourierTransformDialog(QWidget& parent)
+{
+    return dialogs::data::FourierTransformDialog::instance(parent);
 }
 
 // The menu has no zone in mind; the user chooses one in the dialog.
@@ -55,6 +61,8 @@ std::vector<DataOperation> const& dataOperations()
          &dialog<LinearInterpDialog>},
         {"triangulateAction", "2D &Triangulation...", &TriangulateDialog::relevance, &dialog<TriangulateDialog>},
         {"smoothAction", "Sm&ooth...", &SmoothDialog::relevance, &dialog<SmoothDialog>},
+        {"fourierTransformAction", "Discrete &Fourier Transform...", &FourierTransformDialog::relevance,
+         &fourierTransformDialog},
         {"dataSpreadsheetAction", "Data &Spreadsheet...", &DataSpreadsheetDialog::relevance,
          &dialog<DataSpreadsheetDialog>},
     };

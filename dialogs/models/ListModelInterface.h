@@ -83,6 +83,8 @@ protected:
 
 extern template class VDSDKDIALOGS_DATA_QT_API ListModelInterface<int>;
 extern template class VDSDKDIALOGS_DATA_QT_API ListModelInterface<double>;
+extern template class VDSDKDIALOGS_DATA_QT_API ListModelInterface<FourierPlotDisplayType_e>;
+extern template class VDSDKDIALOGS_DATA_QT_API ListModelInterface<WindowFunction_e>;
 #define VELDRAW_DECLARE(T) extern template class ListModelInterface<T>;
 VELDRAW_FOR_EACH_CHOICE_TYPE(VELDRAW_DECLARE)
 #undef VELDRAW_DECLARE

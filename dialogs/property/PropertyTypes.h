@@ -43,9 +43,11 @@
     M(double)                                                                                                          \
     M(std::string)                                                                                                     \
     M(std::set<int>)                                                                                                   \
+    M(FourierPlotDisplayType_e)                                                                                        \
     M(IJKPlanes_e)                                                                                                     \
     M(PtSelection_e)                                                                                                   \
-    M(ThetaMode_e)
+    M(ThetaMode_e)                                                                                                     \
+    M(WindowFunction_e)
 
 /// Calls M(T) for each type that has bounds.
 #define VELDRAW_FOR_EACH_BOUNDED_TYPE(M)                                                                               \

@@ -133,6 +133,14 @@ void enterSmoothing(QDialog& dialog, UserDriver& user)
     enterNumber(dialog, user, "smoothDlg_NumOfPasses_LineEdit", "20");
 }
 
+// The signal over the time, both of which come first in their lists.
+void enterFourierTransform(QDialog& dialog, UserDriver& user)
+{
+    user.clickRow(child<QListView>(dialog, "dependentVariablesListView"), 1);
+    child<QWidget>(dialog, "windowFunctionComboBox").setFocus();
+    user.key(Qt::Key_H);
+}
+
 } // namespace
 
 std::vector<HelpSubject> const& helpSubjects()
@@ -150,6 +158,7 @@ std::vector<HelpSubject> const& helpSubjects()
         {"linearInterpolationAction", "interpolate_linear", "&Interpolate", enterLinear, "rainfall.vtm"},
         {"triangulateAction", "triangulate", "&Triangulate", enterTriangulation, "island.vtm"},
         {"smoothAction", "alter_smooth", "&Smooth", enterSmoothing, "timeseries.csv"},
+        {"fourierTransformAction", "fourier_transform", "&Transform", enterFourierTransform, "timeseries.csv"},
         {"dataSpreadsheetAction", "spreadsheet_long", nullptr, showLastRow, "line.mhd"},
     };
     return subjects;

@@ -24,7 +24,7 @@ struct HelpSubject
 };
 
 /// All of them. Those of one file follow each other: the bar that ends at x = 0 for most, the rainfall for interpolations, an island
-/// to triangulate, two tones in time to smooth, a line for what is about long tables.
+/// to triangulate, two tones in time to smooth and to transform, a line for what is about long tables.
 std::vector<HelpSubject> const& helpSubjects();
 
 } // namespace veldraw::app

@@ -1,3 +1,4 @@
+#include "dialogs/fourier/FourierTransformDialog.h"
 #include "dialogs/interpolation/InverseDistanceInterpolationDialog.h"
 #include "dialogs/interpolation/KrigingDialog.h"
 #include "dialogs/interpolation/LinearInterpDialog.h"
@@ -23,6 +24,7 @@ using dialogs::data::AxialRotationDialog;
 using dialogs::data::CreateMirrorZoneDialog;
 using dialogs::data::DeleteVariableDialog;
 using dialogs::data::DuplicateZoneDialog;
+using dialogs::data::FourierTransformDialog;
 using dialogs::data::InverseDistanceInterpolationDialog;
 using dialogs::data::KrigingDialog;
 using dialogs::data::LinearInterpDialog;
@@ -32,36 +34,47 @@ using dialogs::data::TriangulateDialog;
 using sdk::ui::dialogs::DataSpreadsheetDialog;
 
 /// Drives a dialog as an application does that knows no more of it than its class.
-template <typename Dialog, typename... Arguments>
-void expectDrivenThroughTheCommonInterface(Arguments... arguments)
+/// @param dialogIn gives the dialog of a window
+template <typename Dialog, typename DialogIn>
+void expectDrivenThroughTheCommonInterface(DialogIn const& dialogIn)
 {
     auto const rule = Dialog::relevance();
     EXPECT_FALSE(rule->isRelevant()) << "no data set is open";
     QWidget window;
-    DialogInterface& dialog = Dialog::getInstance(window, arguments...);
+    Dialog& instance = dialogIn(window);
+    DialogInterface& dialog = instance;
     dialog.launch();
-    EXPECT_TRUE(Dialog::getInstance(window, arguments...).isVisible());
+    EXPECT_TRUE(instance.isVisible());
     dialog.updateContent();
     dialog.drop();
-    EXPECT_FALSE(Dialog::getInstance(window, arguments...).isVisible());
+    EXPECT_FALSE(instance.isVisible());
+    EXPECT_EQ(&dialogIn(window), &instance);
     EXPECT_EQ(Dialog::relevance(), rule);
     EXPECT_TRUE(dynamic_cast<Dialog*>(&dialog));
 }
 
+template <typename Dialog, typename... Arguments>
+void expectDriven(Arguments... arguments)
+{
+    expectDrivenThroughTheCommonInterface<Dialog>(
+        [=](QWidget& window) -> Dialog& { return Dialog::getInstance(window, arguments...); });
+}
+
 TEST(DialogLibrary, GivesTheApplicationItsDialogsThroughTheCommonInterface)
 {
-    expectDrivenThroughTheCommonInterface<AxialDuplicationDialog>();
-    expectDrivenThroughTheCommonInterface<AxialRotationDialog>();
-    expectDrivenThroughTheCommonInterface<CreateMirrorZoneDialog>();
-    expectDrivenThroughTheCommonInterface<DeleteVariableDialog>();
-    expectDrivenThroughTheCommonInterface<DuplicateZoneDialog>();
-    expectDrivenThroughTheCommonInterface<InverseDistanceInterpolationDialog>();
-    expectDrivenThroughTheCommonInterface<KrigingDialog>();
-    expectDrivenThroughTheCommonInterface<LinearInterpDialog>();
-    expectDrivenThroughTheCommonInterface<LoadVariablesDialog>(1);
-    expectDrivenThroughTheCommonInterface<DataSpreadsheetDialog>();
-    expectDrivenThroughTheCommonInterface<SmoothDialog>();
-    expectDrivenThroughTheCommonInterface<TriangulateDialog>();
+    expectDriven<AxialDuplicationDialog>();
+    expectDriven<AxialRotationDialog>();
+    expectDriven<CreateMirrorZoneDialog>();
+    expectDriven<DeleteVariableDialog>();
+    expectDriven<DuplicateZoneDialog>();
+    expectDrivenThroughTheCommonInterface<FourierTransformDialog>(&FourierTransformDialog::instance);
+    expectDriven<InverseDistanceInterpolationDialog>();
+    expectDriven<KrigingDialog>();
+    expectDriven<LinearInterpDialog>();
+    expectDriven<LoadVariablesDialog>(1);
+    expectDriven<DataSpreadsheetDialog>();
+    expectDriven<SmoothDialog>();
+    expectDriven<TriangulateDialog>();
 }
 
 } // namespace

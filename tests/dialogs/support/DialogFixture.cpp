@@ -26,6 +26,8 @@ DialogFixture::DialogFixture(DialogTraits dialogTraits)
 {
     if (traits.defersVariables)
         deferVariables();
+    if (traits.zonesAreLines)
+        makeLines();
     sample.session().perform(kernel::SetPlotType(sample.frame()->id, traits.plotType));
     mainWindow->show();
 }
@@ -41,6 +43,14 @@ void DialogFixture::deferVariables()
             field = kernel::Field(std::make_shared<kernel::ShareGroup>(FieldDataType_Float, points, loader),
                                   ValueLocation_Nodal);
         }
+}
+
+void DialogFixture::makeLines()
+{
+    for (auto const& zone : sample.dataSet().zones()) {
+        zone->i *= zone->j;
+        zone->j = 1;
+    }
 }
 
 dialogs::common::QtDialogAbstract& DialogFixture::launched()

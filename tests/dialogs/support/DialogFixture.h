@@ -99,6 +99,8 @@ protected:
 
     /// Lets the values of all fields wait to be loaded.
     void deferVariables();
+    /// Puts the points of each zone into one row.
+    void makeLines();
 
     DialogTraits const traits;
     RecordedMessages messages;

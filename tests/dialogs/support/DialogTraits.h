@@ -42,6 +42,7 @@ struct DialogTraits
     bool isChoiceOfLibrary = false;                ///< there always is one, and it outlives the dialog
     bool followsItsRule = true;                    ///< the controls are disabled while the rule is false
     bool defersVariables = false;                  ///< all values wait to be loaded
+    bool zonesAreLines = false;                    ///< of six points, instead of blocks of three by two
     bool bindsActionBeforeList = true;             ///< which of the two bindings is made, and ends, first
     /// Object names of combo boxes and lists in the order in which their bindings are made; the list alone when empty.
     std::vector<std::string> boundInOrder;

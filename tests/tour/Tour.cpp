@@ -7,6 +7,7 @@
 #include "tests/tour/CancelledSaveStation.h"
 #include "tests/tour/DeleteVariableStation.h"
 #include "tests/tour/DuplicateZoneStation.h"
+#include "tests/tour/FourierStation.h"
 #include "tests/tour/InterpolationStation.h"
 #include "tests/tour/LoadVariableStation.h"
 #include "tests/tour/LongTableStation.h"
@@ -51,6 +52,7 @@ TourReport const& Tour::run()
     saveResult();
     InterpolationStation(m_tour, m_samples + QStringLiteral("/rainfall.vtm")).run();
     TriangulationStation(m_tour, m_samples + QStringLiteral("/island.vtm")).run();
+    FourierStation(m_tour, m_samples + QStringLiteral("/timeseries.csv")).run();
     LoadVariableStation(m_tour, m_samples + QStringLiteral("/tetra.vtu")).run();
     LongTableStation(m_tour, m_samples + QStringLiteral("/line.mhd")).run();
     CancelledSaveStation(m_tour, m_out).run();

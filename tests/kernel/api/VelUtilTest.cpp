@@ -587,11 +587,26 @@ TEST_F(CFunctions, SmoothAVariableOfAZone)
         EXPECT_EQ(session.lastError(), "There is no such boundary condition.");
     }
     EXPECT_FALSE(VelUtilSmooth(number, 4, 0, 0.5, BoundaryCondition_Fixed));
+    EXPECT_EQ(session.lastError(), "The number of passes must be at least 1.");
     ASSERT_TRUE(VelUtilSmooth(number, 4, 1, 0.5, BoundaryCondition_FirstOrder)) << session.lastError();
     Buffer const& values = *dataSet->field(number, 4)->group()->buffer();
     EXPECT_EQ(values.value(0), 2.0);
     EXPECT_EQ(values.value(2), 3.0);
     EXPECT_EQ(values.value(4), 4.0);
+}
+
+TEST_F(CFunctions, SmoothAndTriangulateNothingWithoutAFrame)
+{
+    session.clear();
+    EXPECT_FALSE(VelUtilQueryOkToSmooth());
+    EXPECT_FALSE(VelUtilSmooth(1, 4, 1, 0.5, BoundaryCondition_Fixed));
+    EXPECT_EQ(session.lastError(), "There is no frame.");
+    session.setLastError({});
+    Set_s zones{{1}};
+    long long count = 77;
+    EXPECT_FALSE(VelUtilTriangulate(&zones, false, nullptr, false, &count, 0.25));
+    EXPECT_EQ(session.lastError(), "There is no frame.");
+    EXPECT_EQ(count, 77);
 }
 
 TEST_F(CFunctions, AskWhichZonesCanBeTransformed)

@@ -505,6 +505,26 @@ TEST_F(TriangulateTest, LoadsWhatItNeeds)
     EXPECT_THAT(valuesAt(innerSquare, P), Each(5));
 }
 
+TEST_F(TriangulateTest, LoadsHowManyPointsABoundaryHasAndOfWhatKindItIs)
+{
+    addRandom(500);
+    int const outline = addLine(innerSquare);
+    ASSERT_TRUE(triangulate({1}, {outline}));
+    PlaneTriangles const known = made();
+    auto const ofSize = [&](std::int64_t i, std::int64_t j) {
+        auto const later = std::make_shared<Zone>("later", ZoneType_Ordered, -1, -1, -1);
+        later->dimensionsLoader = std::make_shared<sample::SizeLoader>(ZoneDimensions{i, j, 1, nullptr});
+        later->fields = dataSet->zone(outline)->fields;
+        return dataSet->addZone(later);
+    };
+    ASSERT_TRUE(triangulate({1}, {ofSize(5, 1)})) << session.lastError();
+    EXPECT_EQ(made().sorted(), known.sorted());
+    EXPECT_EQ(made().places, known.places);
+    int const plane = ofSize(5, 2);
+    EXPECT_FALSE(triangulate({1}, {plane}));
+    EXPECT_EQ(session.lastError(), "The boundary zone \"later\" is not an ordered zone of one dimension.");
+}
+
 TEST_F(TriangulateTest, GivesTheSameForAnyNumberOfThreads)
 {
     addRandom(20000);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kernel/base/BlockMemory.h"
+#include "kernel/base/Watch.h"
 #include "kernel/compute/PlaneTriangulation.h"
 
 namespace veldraw::kernel::plane {
@@ -77,31 +78,8 @@ using Number = PlaneTriangulation::Number;
 
 constexpr Number noNumber = std::numeric_limits<Number>::max();
 
-/// Looks for a cancel now and then. The library gives no other chance to do so while it inserts one point or edge, which
-/// may change all triangles.
-class Watch
-{
-public:
-    explicit Watch(Progress const& progress)
-        : m_progress(progress)
-    {
-    }
-
-    void count()
-    {
-        if (--m_left == 0) {
-            m_left = most;
-            m_progress.check();
-        }
-    }
-
-private:
-    static constexpr int most = 256;
-
-    Progress const& m_progress;
-    int m_left = most;
-};
-
+/// A predicate that looks for a cancel. The library gives no other chance to do so while it inserts one point or edge, which may
+/// change all triangles.
 template <typename Predicate>
 class Watched : public Predicate
 {
@@ -200,19 +178,25 @@ public:
         insertChain({line.from, line.to, line.isOfLoops, &line});
     }
 
-    /// Calls @p body with all edges of an odd number of loops, with the triangle at one side.
+    /// Calls @p body with all edges of an odd number of loops, with the triangle at either side. It goes through all triangles, since
+    /// to find an edge at a point of many takes as many steps.
     template <typename Body>
-    void forLoops(Body const& body)
+    void forLoops(Watch& watch, Body const& body)
     {
-        for (auto const& [ends, piece] : m_pieces) {
-            FaceHandle face;
-            int index = 0;
-            if (!is_edge(piece.from, piece.to, face, index)) {
-                throw std::logic_error("An edge of a line is none of a triangle.");
+        std::size_t sides = 0;
+        for (FaceHandle const face : all_face_handles()) {
+            watch.count(3);
+            for (int index = 0; index < 3 && !m_pieces.empty(); ++index) {
+                if (face->is_constrained(index)) {
+                    ++sides;
+                    if (pieceAt(face->vertex(cw(index)), face->vertex(ccw(index))).isOfLoops) {
+                        body(face, index);
+                    }
+                }
             }
-            if (piece.isOfLoops) {
-                body(face, index);
-            }
+        }
+        if (sides != 2 * m_pieces.size()) {
+            throw std::logic_error("An edge of a line is none of a triangle.");
         }
     }
 

@@ -1,4 +1,5 @@
 #include "kernel/compute/LinedTriangulation.h"
+#include "kernel/compute/PlaneGeometry.h"
 
 #include <algorithm>
 #include <cmath>
@@ -23,40 +24,9 @@ PlanePlace placeOf(Vertex vertex)
     return {vertex->point().x(), vertex->point().y()};
 }
 
-double distance(PlanePlace const& a, PlanePlace const& b)
+double roundnessOf(Face face)
 {
-    return std::hypot(b[0] - a[0], b[1] - a[1]);
-}
-
-/// Twice the area of a triangle, positive against the clock's sense.
-double doubleArea(PlanePlace const& a, PlanePlace const& b, PlanePlace const& c)
-{
-    return (b[0] - a[0]) * (c[1] - a[1]) - (b[1] - a[1]) * (c[0] - a[0]);
-}
-
-/// The inradius of a triangle divided by its circumradius: r / R = 2 (2 A)^2 / ((a + b + c) a b c) for the area A.
-double roundness(Face face)
-{
-    std::array<PlanePlace, 3> const corners{placeOf(face->vertex(0)), placeOf(face->vertex(1)),
-                                            placeOf(face->vertex(2))};
-    double const a = distance(corners[1], corners[2]);
-    double const b = distance(corners[2], corners[0]);
-    double const c = distance(corners[0], corners[1]);
-    double const longest = std::max({a, b, c}); // by its sides' shares of it, since products of lengths may overflow
-    auto const scaled = [&](std::size_t corner) {
-        return PlanePlace{(corners[corner][0] - corners[0][0]) / longest,
-                          (corners[corner][1] - corners[0][1]) / longest};
-    };
-    double const area = doubleArea(scaled(0), scaled(1), scaled(2));
-    return 2 * area * area / ((a + b + c) / longest * (a / longest) * (b / longest) * (c / longest));
-}
-
-/// The share of the way from @p a to @p b at which the place on it is that is nearest to @p place.
-double nearestShare(PlanePlace const& place, PlanePlace const& a, PlanePlace const& b)
-{
-    double const length = distance(a, b);
-    double const along = (place[0] - a[0]) * ((b[0] - a[0]) / length) + (place[1] - a[1]) * ((b[1] - a[1]) / length);
-    return std::clamp(along / length, 0.0, 1.0);
+    return roundness(placeOf(face->vertex(0)), placeOf(face->vertex(1)), placeOf(face->vertex(2)));
 }
 
 PlaneTriangulation::Mix onlyOf(Vertex vertex)
@@ -75,10 +45,8 @@ PlaneTriangulation::Mix mixOnEdge(PlanePlace const& place, Face face, int index)
 
 double distanceToEdge(PlanePlace const& place, Face face, int index)
 {
-    PlanePlace const from = placeOf(face->vertex(Triangulation::ccw(index)));
-    PlanePlace const to = placeOf(face->vertex(Triangulation::cw(index)));
-    double const share = nearestShare(place, from, to);
-    return distance(place, {from[0] + share * (to[0] - from[0]), from[1] + share * (to[1] - from[1])});
+    return distanceToLine(place, placeOf(face->vertex(Triangulation::ccw(index))),
+                          placeOf(face->vertex(Triangulation::cw(index))));
 }
 
 } // namespace
@@ -112,7 +80,7 @@ private:
     void mergeEqualEdges();
     void take(Face face);
 
-    mutable plane::Watch m_watch;
+    mutable Watch m_watch;
     BlockMemory m_memory; // is there longer than what is in it
     plane::UseOfBlocks m_use{m_memory};
     Triangulation m_triangulation;
@@ -195,21 +163,12 @@ PlaneTriangulation::Mix PlaneTriangulation::Implementation::mixAt(PlanePlace con
 PlaneTriangulation::Mix PlaneTriangulation::Implementation::mixInside(PlanePlace const& place, Face face) const
 {
     Mix mix{};
-    double sum = 0.0;
+    std::array<PlanePlace, 3> corners{};
     for (int corner = 0; corner < 3; ++corner) {
-        double const area = doubleArea(place, placeOf(face->vertex(Triangulation::ccw(corner))),
-                                       placeOf(face->vertex(Triangulation::cw(corner))));
-        auto const at = static_cast<std::size_t>(corner);
-        mix.points[at] = face->vertex(corner)->info().value;
-        mix.shares[at] = std::max(area, 0.0); // rounding can turn a flat triangle around
-        sum += mix.shares[at];
+        corners[static_cast<std::size_t>(corner)] = placeOf(face->vertex(corner));
+        mix.points[static_cast<std::size_t>(corner)] = face->vertex(corner)->info().value;
     }
-    if (!(sum > 0.0) || !std::isfinite(sum)) {
-        return onlyOf(face->vertex(0)); // too flat to tell the corners apart
-    }
-    for (double& share : mix.shares) {
-        share /= sum;
-    }
+    mix.shares = cornerShares(place, corners);
     return mix;
 }
 
@@ -264,9 +223,11 @@ void PlaneTriangulation::Implementation::mergeEqualEdges()
 {
     using Line = Triangulation::Line;
     auto const endsOf = [](Line const& line) { return std::minmax({line.from->info().value, line.to->info().value}); };
-    std::sort(m_edges.begin(), m_edges.end(), [&](Line const& a, Line const& b) { return endsOf(a) < endsOf(b); });
+    sortWatched(m_edges.begin(), m_edges.end(), m_watch,
+                [&](Line const& a, Line const& b) { return endsOf(a) < endsOf(b); });
     std::vector<Line> merged;
     for (Line const& edge : m_edges) {
+        m_watch.count();
         if (!merged.empty() && endsOf(merged.back()) == endsOf(edge)) {
             merged.back().isOfLoops = merged.back().isOfLoops != edge.isOfLoops;
         } else {
@@ -287,11 +248,8 @@ void PlaneTriangulation::Implementation::joinLines(Number firstNew)
                                    nearestShare(place, placeOf(first.from), placeOf(first.to))});
         });
     }
-    m_triangulation.forLoops([](Face face, int index) {
-        Face const other = face->neighbor(index);
-        face->info().isOfLoops[static_cast<std::size_t>(index)] = true;
-        other->info().isOfLoops[static_cast<std::size_t>(other->index(face))] = true;
-    });
+    m_triangulation.forLoops(
+        m_watch, [](Face face, int index) { face->info().isOfLoops[static_cast<std::size_t>(index)] = true; });
 }
 
 void PlaneTriangulation::Implementation::take(Face face)
@@ -352,7 +310,7 @@ std::int64_t PlaneTriangulation::Implementation::removeSlivers(double keepFactor
             m_watch.count();
             Face const next = face->neighbor(index);
             bool const isOpen = !face->is_constrained(index) && !m_triangulation.is_infinite(next);
-            if (isOpen && !next->info().isTaken && roundness(next) < least) {
+            if (isOpen && !next->info().isTaken && roundnessOf(next) < least) {
                 take(next);
                 gone.push_back(next);
             }

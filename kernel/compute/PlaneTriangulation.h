@@ -1,17 +1,14 @@
 #pragma once
 
 #include "kernel/base/Progress.h"
+#include "kernel/compute/PlaneGeometry.h"
 
-#include <array>
 #include <cstdint>
 #include <limits>
 #include <memory>
 #include <vector>
 
 namespace veldraw::kernel {
-
-/// A place in the plane: X and Y.
-using PlanePlace = std::array<double, 2>;
 
 /// The Delaunay triangulation of points in the plane, constrained by lines. Built with CGAL, whose predicates are exact: no
 /// triangle overlaps another, however near points are to each other.

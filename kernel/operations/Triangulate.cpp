@@ -3,8 +3,8 @@
 #include "kernel/base/Parallel.h"
 #include "kernel/base/SystemMemory.h"
 #include "kernel/base/Text.h"
+#include "kernel/compute/DifferentPlaces.h"
 #include "kernel/compute/LoopLines.h"
-#include "kernel/compute/SpatialOrder.h"
 #include "kernel/compute/ValueBlock.h"
 #include "kernel/mesh/PointMeans.h"
 #include "kernel/operations/ReportText.h"
@@ -24,25 +24,6 @@ constexpr std::int64_t mostNumbers = std::numeric_limits<std::uint32_t>::max() /
 constexpr double bytesOfPoint = 260;         // with the new cells, without values
 constexpr double farthestCoordinate = 1e150; // squares of differences are numbers
 constexpr std::size_t pointsBetweenChecks = 65536;
-
-class PlaceReader : public PointReader
-{
-public:
-    explicit PlaceReader(PlanePlace const* places)
-        : m_places(places)
-    {
-    }
-
-    int dimensions() const override { return 2; }
-
-    void read(std::uint32_t point, double* place) const override
-    {
-        std::copy(m_places[point].begin(), m_places[point].end(), place);
-    }
-
-private:
-    PlanePlace const* m_places;
-};
 
 /// The cells of a zone of triangles, with their memory.
 struct Triangles : Connectivity
@@ -162,7 +143,8 @@ void Triangulate::compute(Progress& progress)
         part.emplace(progress, points);
         m_fields.push_back(makeField(variable, *part));
     }
-    m_report = report(secondsSince(start));
+    countMade();
+    m_report = m_counts.text(name(), secondsSince(start));
 }
 
 /// Numbers the points of all zones.
@@ -233,28 +215,6 @@ void Triangulate::readZone(TriangulatedPoints::Part const& part, PlanePlace* pla
     }
 }
 
-/// The points in a spatial order, of those at the same place only the first.
-std::vector<Triangulate::Number> Triangulate::orderOfDifferent(PlanePlace const* places, std::vector<Number> points,
-                                                               Progress& progress)
-{
-    sortInSpace(PlaceReader(places), points, progress);
-    auto const areSame = [places](Number a, Number b) { return places[a] == places[b]; };
-    auto end = points.begin();
-    std::size_t number = 0;
-    for (auto at = points.begin(); at != points.end();) {
-        if (++number % pointsBetweenChecks == 0) {
-            progress.check();
-        }
-        auto const next = std::find_if(at + 1, points.end(), [&](Number point) { return !areSame(point, *at); });
-        *end++ = *std::min_element(at, next);
-        at = next;
-    }
-    m_counts.duplicates += points.end() - end;
-    points.erase(end, points.end());
-    m_counts.different += static_cast<std::int64_t>(points.size());
-    return points;
-}
-
 /// Triangulates. @return the numbers of the corners of all triangles
 ZeroedArray<std::int64_t> Triangulate::makeTriangles(Progress& progress)
 {
@@ -270,7 +230,10 @@ ZeroedArray<std::int64_t> Triangulate::makeTriangles(Progress& progress)
         }
         {
             Progress sorting(progress, progress.total() / 10);
-            order = orderOfDifferent(places.begin(), std::move(order), sorting);
+            auto const all = static_cast<std::int64_t>(order.size());
+            order = differentInSpace(places.begin(), std::move(order), sorting);
+            m_counts.different = static_cast<std::int64_t>(order.size());
+            m_counts.duplicates = all - m_counts.different;
         }
         Progress inserting(progress, progress.total() * 8 / 10);
         if (!triangulation.insertPoints(places.begin(), order, inserting)) {
@@ -404,32 +367,16 @@ std::int64_t Triangulate::mixedCount() const
     return count;
 }
 
-std::string Triangulate::report(double seconds) const
+void Triangulate::countMade()
 {
-    std::vector<std::string> names;
     for (int const zone : m_sources) {
-        names.push_back(dataSet().zone(zone)->name);
+        m_counts.sources.push_back(dataSet().zone(zone)->name);
     }
-    std::string text = name() + ": " + counted(m_zone->cellCount(), "triangle") + " between " +
-                       counted(m_zone->pointCount(), "point") + ", from " + listed(names) + ", in " +
-                       twoDigits(seconds) + " s.";
-    auto const add = [&text](std::int64_t count, std::string const& noun, std::string const& what) {
-        text += count == 0 ? "" : " " + counted(count, noun) + " " + what + ".";
-    };
-    add(m_counts.duplicates, "point", "left out where another one is at the same place");
-    add(m_counts.hidden, "hidden point", "left out");
-    if (m_counts.closed < m_counts.boundaries) {
-        text += m_counts.closed == 0 ? " No boundary is closed, so that nothing was cut away."
-                                     : " " + std::to_string(m_counts.closed) + " of " +
-                                           counted(m_counts.boundaries, "boundary line") + " are closed.";
-    }
-    add(m_counts.cut, "triangle", "outside the boundary cut away");
-    add(m_counts.slivers, "triangle", "at the rim removed by the keep factor " + textOf(m_keepFactor));
-    auto const crossings = static_cast<std::int64_t>(m_points.crossings.size());
-    add(m_counts.different + crossings - m_zone->pointCount(), "point", "left out that no triangle uses");
-    add(mixedCount(), "point", "of boundaries with interpolated values");
-    add(crossings, "new point", "where boundaries cross, with interpolated values");
-    return text;
+    m_counts.keepFactor = m_keepFactor;
+    m_counts.triangles = m_zone->cellCount();
+    m_counts.points = m_zone->pointCount();
+    m_counts.crossings = static_cast<std::int64_t>(m_points.crossings.size());
+    m_counts.mixed = mixedCount();
 }
 
 std::shared_ptr<Change> Triangulate::makeChange(EventHub& events)

@@ -6,6 +6,7 @@
 #include "kernel/operations/DataSetOperation.h"
 #include "kernel/operations/FrameOperation.h"
 #include "kernel/operations/TriangulatedField.h"
+#include "kernel/operations/TriangulationReport.h"
 
 namespace veldraw::kernel {
 
@@ -54,32 +55,19 @@ public:
 private:
     using Number = PlaneTriangulation::Number;
 
-    /// What is told of the points and triangles.
-    struct Counts
-    {
-        std::int64_t duplicates = 0;
-        std::int64_t hidden = 0;
-        std::int64_t cut = 0;
-        std::int64_t slivers = 0;
-        std::int64_t different = 0; ///< points in the triangulation
-        std::int64_t boundaries = 0;
-        std::int64_t closed = 0; ///< of the boundaries
-    };
-
     NumberSet allZones() const;
     std::string reasonAgainstZone(int zone) const;
     static std::string reasonAgainstBoundary(Zone const& zone);
     void collectZones();
     void readZone(TriangulatedPoints::Part const& part, PlanePlace* places, std::vector<Number>& kept,
                   Progress const& progress);
-    std::vector<Number> orderOfDifferent(PlanePlace const* places, std::vector<Number> points, Progress& progress);
     void addBoundaries(PlaneTriangulation& triangulation, Progress const& progress);
     ZeroedArray<std::int64_t> makeTriangles(Progress& progress);
     void numberPoints(ZeroedArray<std::int64_t>& corners, Progress const& progress);
     void makeZone(ZeroedArray<std::int64_t> corners);
     NewField makeField(int variable, Progress& progress);
     std::int64_t mixedCount() const;
-    std::string report(double seconds) const;
+    void countMade();
 
     NumberSet m_sources;
     NumberSet m_boundaries;
@@ -91,7 +79,7 @@ private:
     std::shared_ptr<Zone> m_zone;
     std::vector<NewField> m_fields;
     std::vector<bool> m_areMixed; ///< of each part, whether a variable has interpolated values there
-    Counts m_counts;
+    TriangulationReport m_counts;
     std::string m_report;
 };
 

@@ -13,7 +13,7 @@ using namespace kernel;
 
 namespace {
 
-using Numbers = std::vector<std::uint32_t>;
+using PointNumbers = std::vector<std::uint32_t>;
 using Found = std::pair<double, std::uint32_t>; // squared distance and number
 
 std::unique_ptr<NeighborSearch> searchIn(ScatteredPoints const& points)
@@ -32,15 +32,15 @@ std::vector<Found> sortedByDistance(ScatteredPoints const& points, double const*
     return all;
 }
 
-Numbers numbersOf(std::vector<Found> const& found)
+PointNumbers numbersOf(std::vector<Found> const& found)
 {
-    Numbers numbers;
+    PointNumbers numbers;
     std::transform(found.begin(), found.end(), std::back_inserter(numbers),
                    [](Found const& one) { return one.second; });
     return numbers;
 }
 
-Numbers nearestByHand(ScatteredPoints const& points, double const* target, std::size_t count)
+PointNumbers nearestByHand(ScatteredPoints const& points, double const* target, std::size_t count)
 {
     std::vector<Found> all = sortedByDistance(points, target);
     all.resize(std::min(count, all.size()));
@@ -48,7 +48,7 @@ Numbers nearestByHand(ScatteredPoints const& points, double const* target, std::
 }
 
 /// A share of each octant, and what is left of the count from those that come next.
-Numbers octantsByHand(ScatteredPoints const& points, double const* target, std::size_t count)
+PointNumbers octantsByHand(ScatteredPoints const& points, double const* target, std::size_t count)
 {
     std::size_t const octants = std::size_t{1} << points.dimensions();
     std::vector<std::vector<Found>> lists(octants);
@@ -78,7 +78,7 @@ void expectFound(ScatteredPoints const& points, ScatteredPoints const& targets, 
     search->find(targets.places().data(), targets.count(), choice, progress, found);
     ASSERT_EQ(found.targetCount(), targets.count());
     for (std::size_t target = 0; target < targets.count(); ++target) {
-        Numbers numbers;
+        PointNumbers numbers;
         for (std::size_t at = found.begins[target]; at < found.begins[target + 1]; ++at) {
             numbers.push_back(search->point(found.neighbors[at].place));
             EXPECT_EQ(found.neighbors[at].squaredDistance, points.squaredDistance(numbers.back(), targets.at(target)));

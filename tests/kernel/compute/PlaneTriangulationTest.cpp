@@ -562,6 +562,33 @@ TEST(PlaneTriangulation, TakesNoTriangleAwayThroughALine)
     EXPECT_EQ(closed.triangulation.removeSlivers(0.5), 0) << "the rim is the boundary";
 }
 
+TEST(PlaneTriangulation, LooksForACancelWhileItGoesThroughAllTriangles)
+{
+    constexpr std::int64_t points = 20000;
+    LookCounter counter;
+    Plane plane(randomPlaces(points, 5), counter);
+    std::int64_t const before = counter.looks();
+    plane.draw({loop({plane.places[0], plane.places[1], plane.places[2]})});
+    EXPECT_GE(counter.looks() - before, 2 * points / 512);
+}
+
+TEST(PlaneTriangulation, LooksForACancelAmongVeryManyEdgesOfLines)
+{
+    constexpr std::int64_t edges = 30000;
+    LookCounter counter;
+    Plane plane({{0, 0}, {1, 0}, {0, 1}, {1, 1}}, counter);
+    PlaneLine back;
+    std::vector<Number> numbers;
+    for (std::int64_t edge = 0; edge <= edges; ++edge) {
+        back.places.push_back(plane.places[static_cast<std::size_t>(edge % 2)]);
+        numbers.push_back(4);
+    }
+    plane.triangulation.insertLine(back.places, numbers, false);
+    std::int64_t const before = counter.looks();
+    plane.triangulation.joinLines(4);
+    EXPECT_GE(counter.looks() - before, 10 * edges / 512) << "it sorts them, and one is left";
+}
+
 /// Does all that there is to do.
 void goThroughAll(Progress const& progress)
 {

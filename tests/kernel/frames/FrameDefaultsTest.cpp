@@ -18,9 +18,9 @@ Frame laidOut(std::shared_ptr<DataSet> dataSet)
     return frame;
 }
 
-using Numbers = std::array<int, 3>;
+using AxisNumbers = std::array<int, 3>;
 
-Numbers axes(Frame frame)
+AxisNumbers axes(Frame frame)
 {
     frame.plotType = PlotType_Cartesian3D;
     return frame.axisVariables();
@@ -30,23 +30,24 @@ Numbers axes(Frame frame)
 
 TEST(FrameDefaults, FindTheAxesByName)
 {
-    EXPECT_EQ(axes(laidOut(sample::ordered({"p", "z", "y", "x"}, 3, 3))), (Numbers{4, 3, 2}));
-    EXPECT_EQ(axes(laidOut(sample::ordered({"CoordinateX", "CoordinateY", "CoordinateZ"}, 3, 3))), (Numbers{1, 2, 3}));
-    EXPECT_EQ(axes(laidOut(sample::ordered({"rho", "x [m]", "y [m]", "z (mm)"}, 3, 3))), (Numbers{2, 3, 4}));
-    EXPECT_EQ(axes(laidOut(sample::ordered({"rho", "X", "Y"}, 3, 3))), (Numbers{2, 3, 0}));
+    EXPECT_EQ(axes(laidOut(sample::ordered({"p", "z", "y", "x"}, 3, 3))), (AxisNumbers{4, 3, 2}));
+    EXPECT_EQ(axes(laidOut(sample::ordered({"CoordinateX", "CoordinateY", "CoordinateZ"}, 3, 3))),
+              (AxisNumbers{1, 2, 3}));
+    EXPECT_EQ(axes(laidOut(sample::ordered({"rho", "x [m]", "y [m]", "z (mm)"}, 3, 3))), (AxisNumbers{2, 3, 4}));
+    EXPECT_EQ(axes(laidOut(sample::ordered({"rho", "X", "Y"}, 3, 3))), (AxisNumbers{2, 3, 0}));
 }
 
 TEST(FrameDefaults, TakeTheFirstThreeVariablesWithoutAnXAndAY)
 {
-    EXPECT_EQ(axes(laidOut(sample::ordered({"a", "b", "c", "y"}, 3, 3))), (Numbers{1, 2, 3}));
-    EXPECT_EQ(axes(laidOut(sample::ordered({"a"}, 3, 3))), (Numbers{1, 0, 0}));
+    EXPECT_EQ(axes(laidOut(sample::ordered({"a", "b", "c", "y"}, 3, 3))), (AxisNumbers{1, 2, 3}));
+    EXPECT_EQ(axes(laidOut(sample::ordered({"a"}, 3, 3))), (AxisNumbers{1, 0, 0}));
 }
 
 TEST(FrameDefaults, TellWhichVariablesArePlacesAndTimes)
 {
-    EXPECT_EQ(coordinatesByName(*sample::ordered({"p", "Y [m]", "X [m]"}, 3)), (Numbers{3, 2, 0}));
-    EXPECT_EQ(coordinatesByName(*sample::ordered({"Points:0", "Points:1", "Points:2"}, 3)), (Numbers{1, 2, 3}));
-    EXPECT_EQ(coordinatesByName(*sample::ordered({"x", "z", "p"}, 3)), (Numbers{0, 0, 0}));
+    EXPECT_EQ(coordinatesByName(*sample::ordered({"p", "Y [m]", "X [m]"}, 3)), (AxisNumbers{3, 2, 0}));
+    EXPECT_EQ(coordinatesByName(*sample::ordered({"Points:0", "Points:1", "Points:2"}, 3)), (AxisNumbers{1, 2, 3}));
+    EXPECT_EQ(coordinatesByName(*sample::ordered({"x", "z", "p"}, 3)), (AxisNumbers{0, 0, 0}));
     EXPECT_EQ(timeByName(*sample::ordered({"x", "Time (s)"}, 3)), 2);
     EXPECT_EQ(timeByName(*sample::ordered({"times", "temperature", "t"}, 3)), 0);
     EXPECT_EQ(timeByLetter(*sample::ordered({"T", "time", "t [s]"}, 3)), 3);
@@ -57,15 +58,15 @@ TEST(FrameDefaults, FindTheVectorByName)
 {
     auto const vector = [](std::vector<std::string> const& names) {
         Frame const frame = laidOut(sample::ordered(names, 3, 3));
-        return Numbers{frame.variableNumber('U'), frame.variableNumber('V'), frame.variableNumber('W')};
+        return AxisNumbers{frame.variableNumber('U'), frame.variableNumber('V'), frame.variableNumber('W')};
     };
-    EXPECT_EQ(vector({"x", "y", "u", "v", "w"}), (Numbers{3, 4, 5}));
-    EXPECT_EQ(vector({"Velocity_X", "Velocity_Y", "Velocity_Z"}), (Numbers{1, 2, 3}));
-    EXPECT_EQ(vector({"velocity_x [m/s]", "velocity_y [m/s]"}), (Numbers{1, 2, 0}));
-    EXPECT_EQ(vector({"X", "Y", "p", "Momentum_X", "Momentum_Y", "Momentum_Z"}), (Numbers{4, 5, 6}));
-    EXPECT_EQ(vector({"Momentum_X", "Momentum_Y", "Velocity_X", "Velocity_Y"}), (Numbers{3, 4, 0}));
-    EXPECT_EQ(vector({"Points_X", "Points_Y", "tau_xx", "tau_xy", "flux_X"}), (Numbers{0, 0, 0}));
-    EXPECT_EQ(vector({"u", "w"}), (Numbers{0, 0, 0}));
+    EXPECT_EQ(vector({"x", "y", "u", "v", "w"}), (AxisNumbers{3, 4, 5}));
+    EXPECT_EQ(vector({"Velocity_X", "Velocity_Y", "Velocity_Z"}), (AxisNumbers{1, 2, 3}));
+    EXPECT_EQ(vector({"velocity_x [m/s]", "velocity_y [m/s]"}), (AxisNumbers{1, 2, 0}));
+    EXPECT_EQ(vector({"X", "Y", "p", "Momentum_X", "Momentum_Y", "Momentum_Z"}), (AxisNumbers{4, 5, 6}));
+    EXPECT_EQ(vector({"Momentum_X", "Momentum_Y", "Velocity_X", "Velocity_Y"}), (AxisNumbers{3, 4, 0}));
+    EXPECT_EQ(vector({"Points_X", "Points_Y", "tau_xx", "tau_xy", "flux_X"}), (AxisNumbers{0, 0, 0}));
+    EXPECT_EQ(vector({"u", "w"}), (AxisNumbers{0, 0, 0}));
 }
 
 TEST(FrameDefaults, ChooseThePlotTypeByTheZones)
@@ -144,7 +145,7 @@ TEST(FrameDefaults, LeaveAFrameWithoutDataAlone)
     layOut(frame);
     EXPECT_EQ(frame.plotType, PlotType_Sketch);
     EXPECT_EQ(frame.variableNumber('X'), 0);
-    EXPECT_EQ(frame.axisVariables(), (Numbers{0, 0, 0}));
+    EXPECT_EQ(frame.axisVariables(), (AxisNumbers{0, 0, 0}));
 }
 
 } // namespace veldraw::tests

@@ -30,6 +30,7 @@ using sdk::ui::propertymanager::RelevanceInterface;
 struct FourierTransformDialog::Impl
 {
     explicit Impl(FourierTransformDialog& owner);
+    ~Impl();
 
     void bindSelections();
     void bindOptions();
@@ -55,6 +56,12 @@ FourierTransformDialog::Impl::Impl(FourierTransformDialog& owner)
                                    RelevanceApplier::EnableDisable, BindingInterface::UpdateOnIdle);
     selectFirstZone();
     dialog.setHelpAction(new common::LaunchHelpAction(std::string("fourier_transform.html"), dialog));
+}
+
+// The button follows its rule until the last binding has gone.
+FourierTransformDialog::Impl::~Impl()
+{
+    bindings.clear();
 }
 
 void FourierTransformDialog::Impl::bindSelections()

@@ -42,6 +42,23 @@ TEST_F(FourierTransformLifecycleTest, BindsItsButtonAfterTheListsAndBeforeTheOpt
     EXPECT_THAT(wasBound, testing::Each(true)) << "its text is there before the first binding";
 }
 
+TEST_F(FourierTransformLifecycleTest, EndsItsBindingsBeforeTheRuleOfItsButton)
+{
+    launched();
+    clickRow(2);
+    ASSERT_TRUE(canAct());
+    QPushButton const& button = actionButton();
+    bool wasEnabled = true;
+    // The first binding goes; the one of the list of zones is still there.
+    QObject::connect(&boundModel(independent), &QObject::destroyed, mainWindow.get(), [&] {
+        enableZone(1, false);
+        IdleDispatcher::flush();
+        wasEnabled = button.isEnabled();
+    });
+    delete &dialog();
+    EXPECT_FALSE(wasEnabled);
+}
+
 TEST_F(FourierTransformLifecycleTest, SharesItsRuleWithTheManager)
 {
     EXPECT_EQ(dialogs::data::FourierTransformDialog::relevance(), FourierTransformPropertiesManager::relevance());

@@ -5,7 +5,7 @@
 
 namespace veldraw::kernel {
 
-/// "Fourier Transform": frequencies, amplitudes and phases of dependent variables along ordered zones of one dimension.
+/// "Discrete Fourier Transform": frequencies, amplitudes and phases of dependent variables along ordered zones of one dimension.
 ///
 /// Each source zone gets a result zone, with a point for each frequency, and each dependent variable three variables that follow each
 /// other. Results are in double precision; those that have the same frequencies share these. Where the steps of the
@@ -36,7 +36,7 @@ public:
     /// @param independent one-based number, @param dependents, @param sources one-based numbers
     FourierTransform(DataSet const& dataSet, int independent, NumberSet dependents, NumberSet sources, Choice choice);
 
-    std::string name() const override { return "Fourier Transform"; }
+    std::string name() const override { return "Discrete Fourier Transform"; }
     std::string reasonAgainst() const override;
     bool isLong() const override { return true; }
     std::shared_ptr<DeferredLoad> needs() override;

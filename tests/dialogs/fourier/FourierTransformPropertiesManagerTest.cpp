@@ -490,7 +490,7 @@ TEST_F(FourierTransformPropertiesManagerTest, IsTakenBackStepByStepAndDoneAgainW
         states.push_back(state());
     }
     EXPECT_THAT(names, ElementsAre("Frame Contents", "Move Frame", "Delete Line Map", "Auxiliary Data", "Rename Frame",
-                                   "New Frame", "Fourier Transform"));
+                                   "New Frame", "Discrete Fourier Transform"));
     EXPECT_THAT(states.back(), ElementsAre("3 zones, 4 variables", "Frame 001 at 1, 1, 8, 6, marked: 0, maps: 1"));
     EXPECT_THAT(states.front(), ElementsAre("4 zones, 7 variables", "Frame 001 at 1, 1, 8, 6, marked: 0, maps: 1",
                                             "Fourier Transform (Frame 2) at 5, 1, 4, 3, marked: 1, maps: 1"));

@@ -154,7 +154,7 @@ TEST_F(FourierTransformTest, GivesZonesAndVariablesThatFollowEachOtherInOneStep)
     EXPECT_EQ(zone.type, ZoneType_Ordered);
     EXPECT_EQ(zone.i, 9);
     EXPECT_EQ(zone.j * zone.k, 1);
-    EXPECT_EQ(session.history().undoName(), "Fourier Transform");
+    EXPECT_EQ(session.history().undoName(), "Discrete Fourier Transform");
     expectUndoAndRedo(before, {"5 zones 3 4", "2 variables 4 5 6 7 8 9"}, {"1 variables 4 5 6 7 8 9", "4 zones 3 4"});
 }
 
@@ -445,8 +445,8 @@ TEST_F(FourierTransformTest, SaysInTheZoneAndInTheLogHowItWasMade)
     EXPECT_EQ(note(2, "Fourier.Values"), "50");
     EXPECT_EQ(note(2, "Fourier.Spacing"), "0.5");
     EXPECT_EQ(dataSet->zone(2)->auxiliaryData.size(), 7);
-    EXPECT_THAT(remark,
-                testing::StartsWith("Fourier Transform: \"U\", \"V\" over \"Time\" in \"S1\", window Hamming, in "));
+    EXPECT_THAT(remark, testing::StartsWith(
+                            "Discrete Fourier Transform: \"U\", \"V\" over \"Time\" in \"S1\", window Hamming, in "));
 }
 
 TEST_F(FourierTransformTest, RefusesZonesThatCannotBeTransformed)

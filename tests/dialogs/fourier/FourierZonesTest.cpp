@@ -59,6 +59,21 @@ TEST_F(FourierZonesTest, AreNoneWithoutFrameDataSetOrZones)
     EXPECT_FALSE(activeFrameHasFourierZone());
 }
 
+TEST_F(FourierZonesTest, MayBeTheOnlyZoneThereIs)
+{
+    sample.dataSet().zones().pop_back();
+    EXPECT_THAT(valid(), ElementsAre(1));
+    EXPECT_TRUE(activeFrameHasFourierZone());
+}
+
+TEST_F(FourierZonesTest, AreNotAskedForOfNoDataSet)
+{
+    long long const empty = addFrame(false);
+    spy.reset();
+    validFourierZonesForFrame(empty);
+    EXPECT_EQ(spy.count("VelUtilDataSetGetNumZonesByUniqueID"), 0);
+}
+
 TEST_F(FourierZonesTest, AreAskedForByIdentities)
 {
     spy.reset();

@@ -38,6 +38,14 @@ TEST_F(FramePlacementTest, PutsAFrameOverTheQuarterFromTheMiddleOfTheUpperEdge)
     EXPECT_EQ(active(), added);
 }
 
+TEST_F(FramePlacementTest, GivesAFrameNoSizeWhenTheOtherOneTellsNone)
+{
+    long long const added = addFrame(true);
+    spy.failNext("VelUtilFrameGetPosAndSize");
+    placeFrameInCorner(source(), added);
+    EXPECT_EQ(frame(added).rectangle, (Rectangle{0.0, 0.0, 0.0, 0.0}));
+}
+
 TEST_F(FramePlacementTest, StacksTwoFramesWhateverTheShapeOfThePaper)
 {
     for (auto const& [width, height] : {std::pair{11.0, 8.5}, std::pair{3.0, 10.0}, std::pair{20.0, 1.0}})
@@ -91,6 +99,9 @@ TEST_F(FramePlacementTest, LeavesFramesWhereTheyAreOnAPaperWithoutASize)
     Rectangle const place = frame(added).rectangle;
     setPaper(0.0, 8.5);
     tileFrames();
+    setPaper(11.0, 0.0);
+    tileFrames();
+    setPaper(11.0, 8.5);
     spy.failNext("VelUtilPaperGetDimensions");
     tileFrames();
     EXPECT_EQ(frame(added).rectangle, place);

@@ -1,6 +1,7 @@
 // Triangulation of random points, with and without a boundary, beside CGAL's own with what is needed to make a zone of it.
 #include "CancellingWaiter.h"
 #include "PeakMemory.h"
+#include "Times.h"
 #include "kernel/operations/SetPlotType.h"
 #include "kernel/operations/Triangulate.h"
 #include "kernel/session/Session.h"
@@ -10,9 +11,7 @@
 #include <CGAL/Exact_predicates_inexact_constructions_kernel.h>
 #include <algorithm>
 #include <benchmark/benchmark.h>
-#include <chrono>
 #include <cmath>
-#include <ctime>
 #include <random>
 #include <unordered_map>
 
@@ -20,17 +19,10 @@ using namespace veldraw::kernel;
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
 using Places = std::vector<PlanePlace>;
 using Library = CGAL::Exact_predicates_inexact_constructions_kernel;
 using Plain = CGAL::Delaunay_triangulation_2<Library>;
 using Constrained = CGAL::Constrained_Delaunay_triangulation_2<Library, CGAL::Default, CGAL::Exact_predicates_tag>;
-
-/// Processor time of all threads, which is hardly longer while other programs run.
-double processorSeconds()
-{
-    return static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
-}
 
 Places randomPlaces(std::int64_t count)
 {
@@ -157,23 +149,6 @@ std::size_t triangulateByLibrary(Places const& points, Places const& boundary)
     }
     return extract(triangulation);
 }
-
-/// Times of a function: by the clock, and of the processor.
-struct Times
-{
-    double clock = 1e300;
-    double processor = 1e300;
-
-    template <typename Function>
-    void measure(Function const& function)
-    {
-        auto const start = Clock::now();
-        double const startOfProcessor = processorSeconds();
-        function();
-        clock = std::min(clock, std::chrono::duration<double>(Clock::now() - start).count());
-        processor = std::min(processor, processorSeconds() - startOfProcessor);
-    }
-};
 
 void triangulate(benchmark::State& state)
 {

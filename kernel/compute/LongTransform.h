@@ -19,7 +19,7 @@ public:
     using Bin = FourierPlan::Bin;
 
     /// A transform up to this length takes some ten milliseconds and is not cut.
-    static constexpr std::int64_t longestWhole = std::int64_t{1} << 21;
+    static constexpr std::int64_t longestWhole = std::int64_t{1} << 20;
 
     /// @param longest length that is transformed as a whole
     /// @throws std::bad_alloc

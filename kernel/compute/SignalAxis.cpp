@@ -1,5 +1,7 @@
 #include "kernel/compute/SignalAxis.h"
 
+#include "kernel/compute/ValueBlock.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -8,8 +10,13 @@ namespace veldraw::kernel {
 
 namespace {
 
-constexpr std::int64_t valuesBetweenChecks = 65536;
 constexpr double tolerance = 1e-6;
+
+/// Also where the sum would be infinite.
+double middle(double one, double other)
+{
+    return 0.5 * one + 0.5 * other;
+}
 
 /// How far a step may be off because both of its ends were rounded to their type, perhaps after a sum of rounded steps.
 double roundingOfSteps(FieldDataType_e type, double largestPlace)
@@ -19,19 +26,26 @@ double roundingOfSteps(FieldDataType_e type, double largestPlace)
     return 2.0 * share * largestPlace;
 }
 
+/// Whether steps between these two all rise, all fall, or are none.
+bool isAxisSoFar(double leastStep, double largestStep)
+{
+    bool const isConstant = !(leastStep < 0.0) && !(largestStep > 0.0);
+    return leastStep > 0.0 || largestStep < 0.0 || isConstant;
+}
+
 } // namespace
 
 SignalAxis::SignalAxis(std::shared_ptr<Buffer const> const& places, Values values, Progress const& progress)
     : m_places(places)
     , m_values(std::move(values))
 {
-    examine(places->type(), progress);
+    examine(*places, progress);
 }
 
 double SignalAxis::placeOf(std::int64_t number) const
 {
     double const place = m_places.at(number);
-    return m_values.areBetween ? 0.5 * place + 0.5 * m_places.at(number + 1) : place;
+    return m_values.areBetween ? middle(place, m_places.at(number + 1)) : place;
 }
 
 bool SignalAxis::isKnown(std::int64_t number) const
@@ -48,22 +62,60 @@ double SignalAxis::stepsTo(std::int64_t number) const
     return (placeOf(number) - std::min(m_firstPlace, m_lastPlace)) / m_spacing;
 }
 
-void SignalAxis::examine(FieldDataType_e type, Progress const& progress)
+void SignalAxis::examine(Buffer const& places, Progress const& progress)
 {
-    for (std::int64_t number = 0; number < count() && m_fault == Fault::None; ++number) {
-        if (number % valuesBetweenChecks == 0) {
-            progress.check();
+    for (std::int64_t first = 0; first < count() && m_fault == Fault::None; first += blockSize) {
+        progress.check();
+        std::int64_t const number = std::min(blockSize, count() - first);
+        double block[blockSize + 1];
+        readBlock(places, first, m_values.areBetween ? number + 1 : number, block);
+        for (std::int64_t at = 0; m_values.areBetween && at < number; ++at) {
+            block[at] = middle(block[at], block[at + 1]);
         }
-        if (isKnown(number)) {
-            follow(number, placeOf(number));
+        if (m_values.hidden || !followAll(first, block, number)) {
+            for (std::int64_t at = 0; at < number && m_fault == Fault::None; ++at) {
+                if (isKnown(first + at)) {
+                    follow(first + at, block[at]);
+                }
+            }
         }
     }
-    if (2 * m_knownCount < count() || m_knownCount < 2) {
-        m_fault = m_fault == Fault::None ? Fault::HasGaps : m_fault;
+    if (m_fault == Fault::None && (2 * m_knownCount < count() || m_knownCount < 2)) {
+        m_fault = Fault::HasGaps;
     }
     if (m_fault == Fault::None) {
-        measure(type);
+        measure(places.type());
     }
+}
+
+/// Takes places that all follow the last one, which is what they mostly do. @return false, with nothing taken, if they do not
+bool SignalAxis::followAll(std::int64_t first, double const* places, std::int64_t number)
+{
+    if (m_knownCount == 0 || m_last != first - 1) {
+        return false;
+    }
+    double before = m_lastPlace;
+    double least = places[0] - before;
+    double largest = least;
+    double sum = 0.0; // of products with 0: no number as soon as one of them is none
+    for (std::int64_t at = 0; at < number; ++at) {
+        double const step = places[at] - before;
+        least = step < least ? step : least;
+        largest = step > largest ? step : largest;
+        sum += 0.0 * places[at];
+        before = places[at];
+    }
+    least = m_knownCount == 1 ? least : std::min(m_leastStep, least);
+    largest = m_knownCount == 1 ? largest : std::max(m_largestStep, largest);
+    if (std::isnan(sum) || !isAxisSoFar(least, largest)) {
+        return false;
+    }
+    m_leastStep = least;
+    m_largestStep = largest;
+    m_last = first + number - 1;
+    m_lastPlace = before;
+    m_knownCount += number;
+    return true;
 }
 
 /// Takes the next known place.
@@ -77,9 +129,7 @@ void SignalAxis::follow(std::int64_t number, double place)
         double const step = number - m_last == 1 ? difference : difference / static_cast<double>(number - m_last);
         m_leastStep = m_knownCount == 1 ? step : std::min(m_leastStep, step);
         m_largestStep = m_knownCount == 1 ? step : std::max(m_largestStep, step);
-        bool const isSteady = m_leastStep > 0.0 || m_largestStep < 0.0;
-        bool const canBeConstant = !(m_leastStep < 0.0) && !(m_largestStep > 0.0);
-        if (!isSteady && !canBeConstant) {
+        if (!isAxisSoFar(m_leastStep, m_largestStep)) {
             m_fault = Fault::IsNotSteady;
             m_faultAt = number;
         }

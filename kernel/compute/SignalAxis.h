@@ -57,7 +57,8 @@ public:
 
 private:
     double placeOf(std::int64_t number) const;
-    void examine(FieldDataType_e type, Progress const& progress);
+    void examine(Buffer const& places, Progress const& progress);
+    bool followAll(std::int64_t first, double const* places, std::int64_t number);
     void follow(std::int64_t number, double place);
     void measure(FieldDataType_e type);
 

@@ -21,7 +21,7 @@ class SpectrumWindow
 {
 public:
     /// @param length N of the signals. @throws Interrupted, std::bad_alloc
-    SpectrumWindow(WindowFunction_e function, std::int64_t length, Progress const& progress);
+    SpectrumWindow(WindowFunction_e function, std::int64_t length, Progress& progress);
 
     /// Mean of the factors: by it the amplitude of a tone becomes less.
     double mean() const;

@@ -76,7 +76,7 @@ double scaleOf(double largest)
 class SpectrumMaker
 {
 public:
-    SpectrumMaker(std::int64_t length, SpectrumChoice const& choice, Progress const& progress)
+    SpectrumMaker(std::int64_t length, SpectrumChoice const& choice, Progress& progress)
         : m_length(length)
         , m_choice(choice)
         , m_window(choice.window, length, progress)

@@ -36,7 +36,8 @@ TEST(SpectrumWindowTest, MultipliesByTheFactorsOfItsDefinition)
 {
     for (WindowFunction_e const function : functions) {
         for (std::int64_t length = 3; length <= 5000; length += length < 40 ? 1 : 997) {
-            SpectrumWindow const window(function, length, Progress());
+            Progress progress;
+            SpectrumWindow const window(function, length, progress);
             std::vector<double> values(static_cast<std::size_t>(length), 2.0);
             std::int64_t const cut = length / 3; // in two parts that do not end in the middle
             window.apply(0, cut, values.data());

@@ -5,6 +5,7 @@
 #include "tests/kernel/support/SampleLoader.h"
 #include "tests/support/SpecialNumbers.h"
 
+#include <numeric>
 #include <omp.h>
 
 namespace veldraw::tests {
@@ -186,7 +187,7 @@ TEST_F(FourierTransformTest, SharesFrequenciesWhereTheyAreTheSame)
 
 TEST_F(FourierTransformTest, ReadsEveryTypeAndStride)
 {
-    std::size_t const count = 3001;
+    std::size_t const count = 1301;
     for (FieldDataType_e const type : {FieldDataType_Float, FieldDataType_Double, FieldDataType_Int32,
                                        FieldDataType_Int16, FieldDataType_Byte, FieldDataType_Bit}) {
         Numbers values = noise(count);
@@ -431,6 +432,32 @@ TEST_F(FourierTransformTest, GivesTheSameBitsWithAnyNumberOfThreads)
             EXPECT_EQ(valuesOf(zone, variable), valuesOf(zone + 2, variable + 6));
         }
     }
+}
+
+TEST_F(FourierTransformTest, CountsToItsEnd)
+{
+    addNoise(1000);
+    addNoise(997);
+    FourierTransform operation(*dataSet, time, {U, V}, {1, 2}, {});
+    Progress progress;
+    ASSERT_EQ(operation.find(session.pages()), "");
+    operation.needs()->load(progress);
+    operation.compute(progress);
+    EXPECT_EQ(progress.fraction(), 1.0);
+}
+
+TEST_F(FourierTransformTest, IsRefusedWhereTheResultsDoNotFitIntoTheMemory)
+{
+    addNoise(std::size_t{1} << 21U);
+    Field const shared = field(1, U);
+    NumberSet dependents;
+    for (int count = 0; count < 30000; ++count) { // a terabyte of results
+        dependents.insert(dataSet->addVariable(std::make_shared<Variable>("W")));
+        dataSet->zone(1)->fields.back() = shared;
+    }
+    EXPECT_FALSE(transform({1}, dependents));
+    EXPECT_EQ(session.lastError(), "Out of memory.");
+    EXPECT_EQ(dataSet->zoneCount(), 1);
 }
 
 TEST_F(FourierTransformTest, SaysInTheZoneAndInTheLogHowItWasMade)

@@ -3,6 +3,7 @@
 #include "kernel/operations/DeleteVariables.h"
 #include "kernel/operations/DuplicateZonesAxially.h"
 #include "kernel/operations/EnableZone.h"
+#include "kernel/operations/FourierTransform.h"
 #include "kernel/operations/InterpolateByInverseDistance.h"
 #include "kernel/operations/InterpolateLinearly.h"
 #include "kernel/operations/Krige.h"
@@ -18,6 +19,7 @@
 #include "tests/kernel/support/SpatialData.h"
 
 #include <chrono>
+#include <numeric>
 #include <omp.h>
 #include <thread>
 
@@ -259,11 +261,19 @@ TEST_F(LongOperation, EndsWithoutATraceAtWhicheverLookItSeesACancel)
     MakeOperation const inTriangles = [this] {
         return std::make_shared<Triangulate>(plane->id, NumberSet{3, 4}, NumberSet{6}, true, 0.25);
     };
+    std::vector<double> rising(1601); // a prime number
+    std::iota(rising.begin(), rising.end(), 0.0);
+    sample::addOrdered(*dataSet, 1601, 1, 1)->fields[0] = sample::field(rising);
+    MakeOperation const alongALine = [this] {
+        FourierTransform::Choice choice;
+        choice.spectrum = {WindowFunction_Hann, true};
+        return std::make_shared<FourierTransform>(*dataSet, 1, NumberSet{6, 7}, NumberSet{7}, choice);
+    };
     for (auto const& make :
          {smoothing(3), smoothing(5), linearly, inTriangles, byInverseDistance({PtSelection_NearestN, 8}),
           byInverseDistance({PtSelection_Octant, 9}), byInverseDistance({PtSelection_All, 1}),
           byKriging({PtSelection_NearestN, 12}), byKriging({PtSelection_Octant, 17}),
-          byKriging({PtSelection_NearestN, 60}), byKriging({PtSelection_All, 1})}) {
+          byKriging({PtSelection_NearestN, 60}), byKriging({PtSelection_All, 1}), alongALine}) {
         EXPECT_GE(cancelAtEachLook(make), 9);
     }
     omp_set_num_threads(usual);

@@ -3,6 +3,7 @@
 #include "kernel/operations/DuplicateZones.h"
 #include "kernel/operations/DuplicateZonesAxially.h"
 #include "kernel/operations/EnableZone.h"
+#include "kernel/operations/FourierTransform.h"
 #include "kernel/operations/InterpolateByInverseDistance.h"
 #include "kernel/operations/InterpolateLinearly.h"
 #include "kernel/operations/Krige.h"
@@ -228,6 +229,28 @@ TEST(WithoutMemory, ValuesAreSmoothedWhollyOrNotAtAll)
 }
 
 // T is at the cells; the boundary is a loop that a line crosses, with P alone.
+TEST(WithoutMemory, VariablesAreTransformedWhollyOrNotAtAll)
+{
+    FourierTransform::Choice const choice{{WindowFunction_Hann, true}, false, true, true};
+    auto const unrollPlanes = [](Stage& stage) {
+        for (auto const& zone : stage.dataSet->zones()) {
+            zone->i = 6;
+            zone->j = 1;
+            zone->fields[0] = sample::field({0, 1, 2, 3, 4, 5});
+        }
+    };
+    auto const transform = [&](Stage& stage) {
+        return stage.session.perform(FourierTransform(*stage.dataSet, 1, {2, 4}, bothZones, choice));
+    };
+    EXPECT_GE(sweep(transform, unrollPlanes), 60);
+    auto const transformOne = [&](Stage& stage) {
+        unrollPlanes(stage);
+        stage.session.perform(FourierTransform(*stage.dataSet, 1, {2}, {1}, choice));
+        stage.recorder->events = 0;
+    };
+    EXPECT_GE(sweep(transform, transformOne), 60);
+}
+
 TEST(WithoutMemory, ZonesAreTriangulatedWhollyOrNotAtAll)
 {
     auto const addBoundaries = [](Stage& stage) {

@@ -8,13 +8,18 @@ using namespace kernel;
 
 namespace sample {
 
+std::shared_ptr<Buffer> buffer(std::vector<double> const& values, FieldDataType_e type)
+{
+    auto result = Buffer::allocate(type, static_cast<std::int64_t>(values.size()));
+    for (std::size_t at = 0; at < values.size(); ++at) {
+        result->setValue(static_cast<std::int64_t>(at), values[at]);
+    }
+    return result;
+}
+
 Field field(std::vector<double> const& values, FieldDataType_e type, ValueLocation_e location)
 {
-    auto buffer = Buffer::allocate(type, static_cast<std::int64_t>(values.size()));
-    for (std::size_t at = 0; at < values.size(); ++at) {
-        buffer->setValue(static_cast<std::int64_t>(at), values[at]);
-    }
-    return {std::make_shared<ShareGroup>(std::move(buffer)), location};
+    return {std::make_shared<ShareGroup>(buffer(values, type)), location};
 }
 
 std::shared_ptr<DataSet> twoPlanes()

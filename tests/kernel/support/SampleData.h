@@ -7,6 +7,9 @@ namespace veldraw::tests {
 /// Data sets and fields for tests.
 namespace sample {
 
+/// The given values, stored as @p type.
+std::shared_ptr<kernel::Buffer> buffer(std::vector<double> const& values, FieldDataType_e type = FieldDataType_Double);
+
 /// A nodal field of the given values, stored as @p type.
 kernel::Field field(std::vector<double> const& values, FieldDataType_e type = FieldDataType_Float,
                     ValueLocation_e location = ValueLocation_Nodal);

@@ -3,6 +3,7 @@
 #include "app/plot/TickLabels.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 
 namespace veldraw::app {
@@ -40,6 +41,60 @@ RoundStep roundStep(double step)
     return {1.0, exponent + 1};
 }
 
+int mostTicks(double length)
+{
+    constexpr double usual = 60.0;
+    return std::max(1, static_cast<int>(length / usual));
+}
+
+// Whether no label touches the next one.
+bool standClear(AxisTicks const& ticks, double min, double max, double length,
+                std::function<double(std::string const&)> const& roomOf)
+{
+    double room = 0.0;
+    for (std::string const& label : ticks.labels)
+        room = std::max(room, roomOf(label));
+    for (std::size_t n = 1; n < ticks.values.size(); ++n) {
+        double const share = (0.5 * ticks.values[n] - 0.5 * ticks.values[n - 1]) / (0.5 * max - 0.5 * min);
+        if (share * length < room)
+            return false;
+    }
+    return true;
+}
+
+AxisTicks onLogarithms(std::vector<double> const& numbers)
+{
+    AxisTicks ticks;
+    for (double const number : numbers)
+        ticks.values.push_back(std::log10(number));
+    ticks.labels = TickLabels::exactly(numbers);
+    return ticks;
+}
+
+// The nearest double to the decimal number, as a power of ten that is computed may not be.
+double numberOf(int factor, int exponent)
+{
+    std::string const text = std::to_string(factor) + "e" + std::to_string(exponent);
+    double number = 0.0;
+    std::from_chars(text.data(), text.data() + text.size(), number);
+    return number;
+}
+
+// Multiples of powers of ten. @param min, max logarithms; @param step between the exponents
+AxisTicks powersOfTen(double min, double max, std::vector<int> const& factors, int step)
+{
+    constexpr double noise = 1e-9;
+    std::vector<double> numbers;
+    for (int exponent = static_cast<int>(std::floor(min / step)) * step; exponent <= max + noise; exponent += step)
+        for (int const factor : factors) {
+            double const number = numberOf(factor, exponent);
+            double const place = std::log10(number);
+            if (number > 0.0 && place >= min - noise && place <= max + noise)
+                numbers.push_back(number);
+        }
+    return onLogarithms(numbers);
+}
+
 } // namespace
 
 AxisTicks AxisTicks::create(double min, double max, int count)
@@ -69,18 +124,31 @@ AxisTicks AxisTicks::create(double min, double max, int count)
 AxisTicks AxisTicks::along(double min, double max, double length,
                            std::function<double(std::string const&)> const& roomOf)
 {
-    constexpr double usual = 60.0;
     AxisTicks ticks;
-    for (int count = std::max(1, static_cast<int>(length / usual)); count >= 1; --count) {
+    for (int count = mostTicks(length); count >= 1; --count) {
         ticks = create(min, max, count);
-        double room = 0.0;
-        for (std::string const& label : ticks.labels)
-            room = std::max(room, roomOf(label));
-        if (ticks.values.size() < 2)
+        if (standClear(ticks, min, max, length, roomOf))
             break;
-        double const share = (0.5 * ticks.values[1] - 0.5 * ticks.values[0]) / (0.5 * max - 0.5 * min);
-        if (share * length >= room)
+    }
+    return ticks;
+}
+
+AxisTicks AxisTicks::logarithmicAlong(double min, double max, double length,
+                                      std::function<double(std::string const&)> const& roomOf)
+{
+    if (!std::isfinite(min) || !std::isfinite(max) || max < min)
+        return {};
+    AxisTicks ticks;
+    for (int count = mostTicks(length); max - min < 1.0 && count >= 2; --count) {
+        ticks = onLogarithms(create(std::pow(10.0, min), std::pow(10.0, max), count).values);
+        if (ticks.values.size() >= 2 && standClear(ticks, min, max, length, roomOf))
+            return ticks;
+    }
+    ticks = powersOfTen(min, max, {1, 2, 5}, 1);
+    for (int const step : {1, 2, 3, 5, 10, 20, 50, 100, 200}) {
+        if (standClear(ticks, min, max, length, roomOf))
             break;
+        ticks = powersOfTen(min, max, {1}, step);
     }
     return ticks;
 }

@@ -20,6 +20,11 @@ struct AxisTicks
     /// @param roomOf length of a label along the axis; all lengths in logical pixels
     static AxisTicks along(double min, double max, double length,
                            std::function<double(std::string const&)> const& roomOf);
+
+    /// The same for a logarithmic axis: powers of ten, with 2 and 5 times these where there is room, or round numbers within one power.
+    /// @param min, max common logarithms, and so are the values of the ticks; their labels are the numbers
+    static AxisTicks logarithmicAlong(double min, double max, double length,
+                                      std::function<double(std::string const&)> const& roomOf);
 };
 
 } // namespace veldraw::app

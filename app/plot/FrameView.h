@@ -5,6 +5,7 @@
 
 #include <QPointF>
 #include <QRectF>
+#include <QString>
 #include <vtkNew.h>
 #include <vtkRenderer.h>
 
@@ -57,6 +58,9 @@ public:
 
     /// Marks these zones (one-based numbers) as picked, and no others. show() removes all marks.
     virtual void markZones(std::set<int> const& /*zones*/) {}
+
+    /// What is to be told of the part of the plot under the mouse, as rich text; empty for nothing.
+    virtual QString tipAt(QPointF const& /*position*/) const { return {}; }
 
     /// Brings the whole plot into view.
     virtual void fit() = 0;

@@ -76,6 +76,37 @@ Values visible(kernel::Zone const& zone, ValueLocation_e location, Values const&
     };
 }
 
+// Places along an axis.
+Values placesOf(Values const& values, bool isLogarithmic)
+{
+    if (!isLogarithmic)
+        return values;
+    return [values](std::int64_t slot) {
+        double const value = values(slot);
+        return value > 0.0 ? std::log10(value) : std::numeric_limits<double>::quiet_NaN();
+    };
+}
+
+vtkSmartPointer<vtkDoubleArray> columnOf(char const* name, std::vector<std::int64_t> const& slots, Values const& values)
+{
+    auto column = vtkSmartPointer<vtkDoubleArray>::New();
+    column->SetName(name);
+    column->SetNumberOfValues(static_cast<vtkIdType>(slots.size()));
+    std::transform(slots.begin(), slots.end(), column->Begin(), values);
+    return column;
+}
+
+// How many of the points have a value that is not positive along a logarithmic axis.
+std::int64_t countNotPositive(std::vector<std::int64_t> const& slots, std::array<Values, 2> const& values,
+                              std::array<bool, 2> isLogarithmic)
+{
+    if (!isLogarithmic[0] && !isLogarithmic[1])
+        return 0;
+    return std::count_if(slots.begin(), slots.end(), [&](std::int64_t slot) {
+        return (isLogarithmic[0] && values[0](slot) <= 0.0) || (isLogarithmic[1] && values[1](slot) <= 0.0);
+    });
+}
+
 // The ends of a stretch of the curve and its extremes, in their order.
 std::array<std::int64_t, 4> outlineOf(std::int64_t const* first, std::int64_t const* end, Values const& y)
 {
@@ -123,8 +154,8 @@ std::vector<std::int64_t> thinned(std::vector<std::int64_t> const& slots, Values
 
 } // namespace
 
-vtkSmartPointer<vtkTable> LinePoints::create(kernel::DataSet const& dataSet, int zoneNumber, int x, int y,
-                                             Indices const& indices)
+LinePoints LinePoints::create(kernel::DataSet const& dataSet, int zoneNumber, int x, int y, Indices const& indices,
+                              std::array<bool, 2> isLogarithmic)
 {
     kernel::Zone const& zone = *dataSet.zone(zoneNumber);
     kernel::Field const& xField = *dataSet.field(zoneNumber, x);
@@ -132,29 +163,25 @@ vtkSmartPointer<vtkTable> LinePoints::create(kernel::DataSet const& dataSet, int
     bool const mixed = xField.location() != yField.location();
     bool const isLine = zone.isOrdered() && zone.j == 1 && zone.k == 1;
     if (mixed && !isLine)
-        return nullptr;
+        return {};
 
     bool const inCells = mixed || xField.location() == ValueLocation_CellCentered;
     ValueLocation_e const location = inCells ? ValueLocation_CellCentered : ValueLocation_Nodal;
-    Values const xValues = visible(zone, location, valuesAt(xField, inCells));
-    Values const yValues = visible(zone, location, valuesAt(yField, inCells));
-    std::vector<std::int64_t> const slots = thinned(slotsOf(zone, location, indices), yValues);
+    std::array<Values, 2> const values{visible(zone, location, valuesAt(xField, inCells)),
+                                       visible(zone, location, valuesAt(yField, inCells))};
+    Values const xPlaces = placesOf(values[0], isLogarithmic[0]);
+    Values const yPlaces = placesOf(values[1], isLogarithmic[1]);
+    std::vector<std::int64_t> const allSlots = slotsOf(zone, location, indices);
+    std::vector<std::int64_t> const slots = thinned(allSlots, yPlaces);
 
-    vtkNew<vtkDoubleArray> xColumn;
-    vtkNew<vtkDoubleArray> yColumn;
-    auto const count = static_cast<vtkIdType>(slots.size());
-    xColumn->SetNumberOfValues(count);
-    yColumn->SetNumberOfValues(count);
-    for (vtkIdType n = 0; n < count; ++n) {
-        xColumn->SetValue(n, xValues(slots[static_cast<std::size_t>(n)]));
-        yColumn->SetValue(n, yValues(slots[static_cast<std::size_t>(n)]));
-    }
-    auto table = vtkSmartPointer<vtkTable>::New();
-    xColumn->SetName("x");
-    yColumn->SetName("y");
-    table->AddColumn(xColumn);
-    table->AddColumn(yColumn);
-    return table;
+    LinePoints points;
+    points.table = vtkSmartPointer<vtkTable>::New();
+    points.table->AddColumn(columnOf("x", slots, xPlaces));
+    points.table->AddColumn(columnOf("y", slots, yPlaces));
+    points.table->AddColumn(columnOf("x value", slots, values[0]));
+    points.table->AddColumn(columnOf("y value", slots, values[1]));
+    points.notPositive = countNotPositive(allSlots, values, isLogarithmic);
+    return points;
 }
 
 } // namespace veldraw::app

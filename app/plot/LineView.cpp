@@ -4,6 +4,7 @@
 #include "app/plot/PenColour.h"
 #include "app/plot/PlaneAxes.h"
 #include "app/plot/PlotTheme.h"
+#include "app/plot/TickLabels.h"
 
 #include <QStringList>
 #include <vtkAxis.h>
@@ -33,6 +34,11 @@ QString joinedNames(QStringList names)
 {
     names.removeDuplicates();
     return names.size() > 3 ? QString() : names.join(QStringLiteral(", "));
+}
+
+double valueOf(vtkTable& points, vtkIdType row, vtkIdType column)
+{
+    return static_cast<vtkDoubleArray*>(points.GetColumn(column))->GetValue(row);
 }
 
 bool areDisjoint(std::set<kernel::UniqueId> const& a, std::set<kernel::UniqueId> const& b)
@@ -89,8 +95,8 @@ void LineView::labelAxes()
     vtkAxis& left = *m_chart->GetAxis(vtkAxis::LEFT);
     PlaneAxes::setTitle(bottom, m_titles[0], width, ratio, mostLines);
     PlaneAxes::setTitle(left, m_titles[1], height, ratio, mostLines);
-    PlaneAxes::setTicks(bottom, width, ratio);
-    PlaneAxes::setTicks(left, height, ratio);
+    PlaneAxes::setTicks(bottom, width, ratio, m_scales[0]);
+    PlaneAxes::setTicks(left, height, ratio, m_scales[1]);
 }
 
 void LineView::placeLegend()
@@ -104,6 +110,9 @@ FrameMessage LineView::show(kernel::Frame const& frame)
 {
     m_chart->ClearPlots();
     m_curves.clear();
+    m_shown.clear();
+    m_leftOut = 0;
+    m_scales = {frame.logX, frame.logY};
     m_legend->show({});
     bool const wasShown = m_limits.isValid;
     m_limits = {};
@@ -126,23 +135,36 @@ FrameMessage LineView::show(kernel::Frame const& frame)
     setTitles(frame);
     m_legend->show(m_curves);
     if (!m_limits.isValid)
-        return {tr("The curves have no finite values."), true};
+        return {m_leftOut > 0 ? tr("The curves have no positive values for a logarithmic axis.")
+                              : tr("The curves have no finite values."),
+                true};
     setArea(area());
     placeView(!wasShown && m_viewLimits != m_limits);
     bool const hasAll = index == m_chart->GetNumberOfPlots();
-    return {hasAll ? QString() : reason, false, {}, true};
+    return {hasAll ? QString() : reason, false, remark(), true};
+}
+
+QString LineView::remark() const
+{
+    if (m_leftOut == 0)
+        return {};
+    return m_leftOut == 1 ? tr("1 point is not shown: its value is not positive, and an axis is logarithmic.")
+                          : tr("%1 points are not shown: their values are not positive, and an axis is logarithmic.")
+                                .arg(m_leftOut);
 }
 
 // A view that the user has moved stays where it is, also when curves are added or removed. With other variables the view is
-// fitted again.
+// fitted again, and so it is with another scale.
 void LineView::placeView(bool isNew)
 {
+    isNew = isNew || m_scales != m_viewScales;
     for (std::size_t axis = 0; axis < 2; ++axis)
         isNew = isNew || areDisjoint(m_variables[axis], m_viewVariables[axis]);
     if (isNew || (m_isFitted && m_viewLimits != m_limits))
         fit();
     m_viewLimits = m_limits;
     m_viewVariables = m_variables;
+    m_viewScales = m_scales;
 }
 
 QString LineView::addCurve(kernel::Frame const& frame, kernel::LineMap const& map, int index)
@@ -169,20 +191,23 @@ QString LineView::addCurve(kernel::Frame const& frame, kernel::LineMap const& ma
         if (!dataSet.field(zone, variable)->isLoaded())
             return tr("The variable \"%1\" is not loaded.")
                 .arg(QString::fromStdString(dataSet.variable(variable)->name));
-    auto const points = LinePoints::create(dataSet, zone, x, y, map.indices);
-    if (!points)
+    LinePoints const points = LinePoints::create(dataSet, zone, x, y, map.indices, m_scales);
+    if (!points.table)
         return tr("One variable has values at points and the other in cells.");
 
     vtkNew<vtkPlotLine> curve;
-    curve->SetInputData(points, 0, 1);
-    styleCurve(*curve, PlotTheme::curve(index), frame, points->GetNumberOfRows() == 1);
+    curve->SetInputData(points.table, 0, 1);
+    styleCurve(*curve, PlotTheme::curve(index), frame, points.table->GetNumberOfRows() == 1);
     m_chart->AddPlot(curve);
     QString const name = QString::fromStdString(map.name.empty() ? dataSet.variable(y)->name : map.name);
     curve->SetLabel(name.toStdString());
     m_curves.push_back({name, curve.Get()});
+    auto const nameOf = [&](int variable) { return QString::fromStdString(dataSet.variable(variable)->name); };
+    m_shown.push_back({name, {nameOf(x), nameOf(y)}, points.table});
+    m_leftOut += points.notPositive;
     m_variables[0].insert(map.xVariable);
     m_variables[1].insert(map.yVariable);
-    include(*points);
+    include(*points.table);
     return {};
 }
 
@@ -196,10 +221,8 @@ void LineView::styleCurve(vtkPlotLine& curve, QColor const& colour, kernel::Fram
 
 void LineView::include(vtkTable& points)
 {
-    vtkDataArray* const x = vtkDataArray::SafeDownCast(points.GetColumn(0));
-    vtkDataArray* const y = vtkDataArray::SafeDownCast(points.GetColumn(1));
     for (vtkIdType n = 0; n < points.GetNumberOfRows(); ++n) {
-        std::array<double, 2> const point = {x->GetComponent(n, 0), y->GetComponent(n, 0)};
+        std::array<double, 2> const point = {valueOf(points, n, 0), valueOf(points, n, 1)};
         if (!std::isfinite(point[0]) || !std::isfinite(point[1]))
             continue;
         for (std::size_t axis = 0; axis < 2; ++axis) {
@@ -281,6 +304,46 @@ void LineView::zoom(double factor, QPointF const& at)
     scale(*m_chart->GetAxis(vtkAxis::BOTTOM), fixed.x());
     scale(*m_chart->GetAxis(vtkAxis::LEFT), fixed.y());
     labelAxes();
+}
+
+QString LineView::tipAt(QPointF const& position) const
+{
+    constexpr double reach = 8.0; // logical pixels
+    QPointF const mouse = inBox(position);
+    int const* const first = m_chart->GetPoint1();
+    int const* const last = m_chart->GetPoint2();
+    auto const pixelsAlong = [&](int side, double place, double share) {
+        vtkAxis& axis = *m_chart->GetAxis(side);
+        std::size_t const n = side == vtkAxis::BOTTOM ? 0 : 1;
+        double const at = (place - axis.GetMinimum()) / (axis.GetMaximum() - axis.GetMinimum());
+        return (at - share) * (last[n] - first[n]) / area().pixelRatio;
+    };
+    Curve const* nearest = nullptr;
+    vtkIdType nearestRow = 0;
+    double least = reach;
+    for (Curve const& curve : m_shown)
+        for (vtkIdType row = 0; row < curve.points->GetNumberOfRows(); ++row) {
+            double const x = pixelsAlong(vtkAxis::BOTTOM, valueOf(*curve.points, row, 0), mouse.x());
+            double const y = pixelsAlong(vtkAxis::LEFT, valueOf(*curve.points, row, 1), mouse.y());
+            double const distance = std::hypot(x, y); // no number where the curve has a gap
+            if (distance < least) {
+                least = distance;
+                nearest = &curve;
+                nearestRow = row;
+            }
+        }
+    return nearest == nullptr ? QString() : nearest->tip(nearestRow);
+}
+
+QString LineView::Curve::tip(vtkIdType row) const
+{
+    QString text = QStringLiteral("<b>%1</b>").arg(name.toHtmlEscaped());
+    for (std::size_t axis = 0; axis < 2; ++axis) {
+        double const value = valueOf(*points, row, static_cast<vtkIdType>(2 + axis));
+        QString const number = QString::fromStdString(TickLabels::exactly({value}).front());
+        text += QStringLiteral("<br>%1 = %2").arg(variables[axis].toHtmlEscaped(), number);
+    }
+    return QStringLiteral("<p style='white-space:pre'>%1</p>").arg(text);
 }
 
 } // namespace veldraw::app

@@ -17,7 +17,8 @@ class vtkTable;
 
 namespace veldraw::app {
 
-/// A line plot: for each active line map one variable over another.
+/// A line plot: for each active line map one variable over another. Along a logarithmic axis all places and limits here are common
+/// logarithms.
 class LineView : public FrameView
 {
     Q_DECLARE_TR_FUNCTIONS(veldraw::app::LineView)
@@ -33,6 +34,9 @@ public:
     void pan(QPointF const& from, QPointF const& to) override;
     void zoom(double factor, QPointF const& at) override;
 
+    /// The curve's name and the values of its nearest point, if that is near.
+    QString tipAt(QPointF const& position) const override;
+
     vtkChartXY& chart() const { return *m_chart; }
     CurveLegend const& legend() const { return *m_legend; }
 
@@ -46,6 +50,16 @@ private:
     };
 
     using Variables = std::set<kernel::UniqueId>;
+    using Scales = std::array<bool, 2>; // which axes are logarithmic
+
+    struct Curve
+    {
+        QString name;
+        std::array<QString, 2> variables;
+        vtkSmartPointer<vtkTable> points;
+
+        QString tip(vtkIdType row) const;
+    };
 
     void styleChart();
     QString addCurve(kernel::Frame const& frame, kernel::LineMap const& map, int index);
@@ -54,6 +68,7 @@ private:
     void placeView(bool isNew);
     void setTitles(kernel::Frame const& frame);
     void labelAxes();
+    QString remark() const;
     void placeLegend();
 
     /// A position of the area as a share of the box between the axes.
@@ -66,9 +81,13 @@ private:
     Limits m_viewLimits;                      // of what was shown when the view was placed
     std::array<Variables, 2> m_variables;     // that the curves have along each axis
     std::array<Variables, 2> m_viewVariables; // that they had when the view was placed
+    Scales m_scales{};
+    Scales m_viewScales{}; // when the view was placed
     bool m_isFitted = false;
     std::array<QString, 2> m_titles; // of the axes
     std::vector<CurveLegend::Curve> m_curves;
+    std::vector<Curve> m_shown; // the same, with their points
+    std::int64_t m_leftOut = 0; // points without a place along a logarithmic axis
 };
 
 } // namespace veldraw::app

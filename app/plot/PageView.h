@@ -14,6 +14,7 @@
 #include <memory>
 
 class QVTKOpenGLNativeWidget;
+class QHelpEvent;
 class QTimer;
 
 namespace veldraw::app {
@@ -38,6 +39,7 @@ class PageOverlay;
 /// | press | | makes the frame the active one |
 /// | click | | picks the zone under the mouse, and no other |
 /// | click with Ctrl | | adds the zone to the picks, or removes it |
+/// | resting over a line plot | | shows the values of the point under the mouse |
 class PageView : public QWidget
 {
     Q_OBJECT
@@ -139,6 +141,7 @@ private:
     void dragInView(FrameView& view, QPointF const& from, QPointF const& to, Qt::KeyboardModifiers modifiers);
     void pickAt(QPoint const& position, bool isAdding);
     bool moveByKey(FrameView& view, int key);
+    void showTip(QHelpEvent const& event);
 
     kernel::Session& m_session;
     kernel::EventHub::Subscription m_subscription = 0;

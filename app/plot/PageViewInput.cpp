@@ -4,9 +4,11 @@
 #include "kernel/frames/Display.h"
 #include "platform/vdsdkcommon/AppLock.h"
 
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QTimer>
+#include <QToolTip>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -131,6 +133,16 @@ void PageView::wheelEvent(QWheelEvent* event)
     view->zoom(std::pow(1.15, event->angleDelta().y() / 120.0), inPicture(m_slots.at(frame->id), event->position()));
     scheduleRefresh();
     event->accept();
+}
+
+void PageView::showTip(QHelpEvent const& event)
+{
+    auto const frame = frameAt(event.pos());
+    FrameView const* const view = frame ? shownView(frame->id) : nullptr;
+    QString const tip = view == nullptr ? QString() : view->tipAt(inPicture(m_slots.at(frame->id), event.pos()));
+    constexpr int around = 8; // the tip goes when the mouse leaves this
+    QToolTip::showText(event.globalPos(), tip, this,
+                       QRect(event.pos(), QSize(1, 1)).adjusted(-around, -around, around, around));
 }
 
 void PageView::keyPressEvent(QKeyEvent* event)

@@ -58,7 +58,7 @@ void PlaneAxes::prepare(vtkAxis& axis, int position)
     m_actor->GetScene()->AddItem(&axis);
 }
 
-AxisTicks PlaneAxes::setTicks(vtkAxis& axis, double length, double pixelRatio)
+AxisTicks PlaneAxes::setTicks(vtkAxis& axis, double length, double pixelRatio, bool isLogarithmic)
 {
     bool const isVertical = axis.GetPosition() == vtkAxis::LEFT;
     auto const roomOf = [&](std::string const& label) {
@@ -68,7 +68,8 @@ AxisTicks PlaneAxes::setTicks(vtkAxis& axis, double length, double pixelRatio)
         return isVertical ? lineHeight
                           : gap + TextFit::sizeOf(text, *axis.GetLabelProperties(), pixelRatio).width() / pixelRatio;
     };
-    AxisTicks ticks = AxisTicks::along(axis.GetMinimum(), axis.GetMaximum(), length / pixelRatio, roomOf);
+    auto const along = isLogarithmic ? &AxisTicks::logarithmicAlong : &AxisTicks::along;
+    AxisTicks ticks = along(axis.GetMinimum(), axis.GetMaximum(), length / pixelRatio, roomOf);
     vtkNew<vtkDoubleArray> positions;
     vtkNew<vtkStringArray> labels;
     for (std::size_t n = 0; n < ticks.values.size(); ++n) {

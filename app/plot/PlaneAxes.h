@@ -32,7 +32,8 @@ public:
 
     /// Gives an axis round ticks that stand clear of one another, in its present range.
     /// @param length of the axis, device pixels
-    static AxisTicks setTicks(vtkAxis& axis, double length, double pixelRatio);
+    /// @param isLogarithmic the range is one of common logarithms
+    static AxisTicks setTicks(vtkAxis& axis, double length, double pixelRatio, bool isLogarithmic = false);
 
     /// Gives an axis a name in as many lines as it needs, up to @p mostLines. @param length device pixels
     static void setTitle(vtkAxis& axis, QString const& title, double length, double pixelRatio, int mostLines);

@@ -63,6 +63,8 @@ struct Frame
     bool stretchAxes; ///< of field plots: each axis has a scale of its own, so that they fill the frame
     bool showLines;   ///< of line plots
     bool showSymbols; ///< of line plots
+    bool logX;        ///< of line plots: the horizontal axis is logarithmic
+    bool logY;        ///< of line plots: the vertical one
     std::vector<LineMap> lineMaps;
     AuxiliaryData auxiliaryData;
 };

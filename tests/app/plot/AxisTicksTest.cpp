@@ -21,6 +21,16 @@ std::vector<std::string> labels(double min, double max, int count = 5)
     return AxisTicks::create(min, max, count).labels;
 }
 
+double widthOf(std::string const& label)
+{
+    return 18.0 + 8.0 * static_cast<double>(label.size());
+}
+
+std::vector<std::string> logarithmic(double min, double max, double length)
+{
+    return AxisTicks::logarithmicAlong(min, max, length, widthOf).labels;
+}
+
 } // namespace
 
 TEST(AxisTicks, HaveRoundStepsAndTheDecimalsThatTheyNeed)
@@ -129,6 +139,43 @@ TEST(TickLabels, ShowNumbersThatAreHardlyApartInOneStyle)
     EXPECT_THAT(TickLabels::exactly({1e20, std::nextafter(1e20, 2e20)}), ElementsAre("1e20", "1.0000000000000002e20"));
     EXPECT_THAT(TickLabels::exactly({-0.0, 5e-324}), ElementsAre("0", "5e-324"));
     EXPECT_THAT(labels(std::nextafter(1e-5, 0.0), 1e-5), ElementsAre("9.999999999999999e-6", "1e-5"));
+}
+
+TEST(LogarithmicTicks, ArePowersOfTenWithSomethingBetweenWhereThereIsRoom)
+{
+    EXPECT_THAT(logarithmic(0.0, 2.0, 600), ElementsAre("1", "2", "5", "10", "20", "50", "100"));
+    EXPECT_THAT(logarithmic(-1.2, 4.1, 400), ElementsAre("0.1", "1", "10", "100", "1000", "10000"));
+    EXPECT_THAT(logarithmic(-12.0, 0.0, 250), ElementsAre("1e-12", "1e-9", "1e-6", "1e-3", "1e0"));
+    EXPECT_THAT(logarithmic(-307.0, 308.0, 200), ElementsAre("1e-200", "1e0", "1e200"));
+}
+
+TEST(LogarithmicTicks, AreRoundNumbersWithinAPowerOfTen)
+{
+    EXPECT_THAT(logarithmic(std::log10(2.0), std::log10(6.0), 400), ElementsAre("2", "3", "4", "5", "6"));
+    EXPECT_THAT(logarithmic(std::log10(99.0), std::log10(101.0), 300),
+                ElementsAre("99.0", "99.5", "100.0", "100.5", "101.0"));
+}
+
+TEST(LogarithmicTicks, StandWhereTheirNumbersAre)
+{
+    for (double const min : {-300.0, -3.3, 0.0, 2.2}) {
+        for (double const width : {0.01, 0.4, 1.0, 3.0, 90.0}) {
+            AxisTicks const ticks = AxisTicks::logarithmicAlong(min, min + width, 500, widthOf);
+            ASSERT_GE(ticks.values.size(), 2U) << min << ' ' << width;
+            ASSERT_LE(ticks.values.size(), 13U) << min << ' ' << width;
+            for (std::size_t n = 0; n < ticks.values.size(); ++n) {
+                EXPECT_NEAR(ticks.values[n], static_cast<double>(std::log10(std::stold(ticks.labels[n]))), 1e-12);
+                EXPECT_GE(ticks.values[n], min - 1e-6);
+                EXPECT_LE(ticks.values[n], min + width + 1e-6);
+            }
+        }
+    }
+}
+
+TEST(LogarithmicTicks, AreNoneWithoutLimits)
+{
+    EXPECT_TRUE(logarithmic(std::nan(""), 1.0, 300).empty());
+    EXPECT_TRUE(logarithmic(1.0, 0.0, 300).empty());
 }
 
 } // namespace veldraw::tests

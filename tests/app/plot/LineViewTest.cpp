@@ -427,7 +427,7 @@ TEST(LinePoints, TakesTheMiddleOfTwoPointsForAValueInACell)
 {
     auto const set = SampleData::waves(5);
     SampleData::addField(*set->zone(1), {1.0, 2.0, 3.0, 4.0, 1e9}, ValueLocation_CellCentered, 2);
-    auto const points = app::LinePoints::create(*set, 1, 1, 2, {});
+    auto const points = app::LinePoints::create(*set, 1, 1, 2, {}).table;
     ASSERT_EQ(points->GetNumberOfRows(), 4);
     double const step = 3.14159265358979323846;
     for (vtkIdType n = 0; n < 4; ++n) {
@@ -438,14 +438,14 @@ TEST(LinePoints, TakesTheMiddleOfTwoPointsForAValueInACell)
 
 TEST(LinePoints, RefusesToPairPointsWithCellsOfASheet)
 {
-    EXPECT_EQ(app::LinePoints::create(*SampleData::cellSheet(4, 3), 1, 1, 3, {}), nullptr);
+    EXPECT_EQ(app::LinePoints::create(*SampleData::cellSheet(4, 3), 1, 1, 3, {}).table, nullptr);
 }
 
 TEST(LinePoints, TakesTheChosenPointsOnly)
 {
     std::array<kernel::IndexRange, 3> indices{};
     indices[0] = {2, 8, 3};
-    auto const points = app::LinePoints::create(*SampleData::waves(11), 1, 1, 2, indices);
+    auto const points = app::LinePoints::create(*SampleData::waves(11), 1, 1, 2, indices).table;
     ASSERT_EQ(points->GetNumberOfRows(), 3);
     EXPECT_NEAR(points->GetValue(2, 0).ToDouble(), 4.0 * 3.14159265358979 * 7 / 10, 1e-9);
 }
@@ -455,7 +455,7 @@ TEST(LinePoints, ThinsALongCurveButKeepsItsPeaks)
     constexpr int count = 2000000;
     auto const set = SampleData::waves(count);
     writeValue(*set->field(1, 2)->group(), 1234567, 99.0);
-    auto const points = app::LinePoints::create(*set, 1, 1, 2, {});
+    auto const points = app::LinePoints::create(*set, 1, 1, 2, {}).table;
     EXPECT_LE(points->GetNumberOfRows(), 500000);
     double highest = 0.0;
     for (vtkIdType n = 0; n < points->GetNumberOfRows(); ++n)

@@ -269,7 +269,7 @@ TEST(HiddenParts, AreGapsOfACurve)
     auto const set = SampleData::waves(3000);
     kernel::Zone& zone = *set->zone(1);
     hidePoints(zone, some(3000, 9));
-    auto const table = app::LinePoints::create(*set, 1, 1, 2, {});
+    auto const table = app::LinePoints::create(*set, 1, 1, 2, {}).table;
     ASSERT_EQ(table->GetNumberOfRows(), 3000);
     for (Index n = 0; n < 3000; ++n) {
         bool const isGap = std::isnan(table->GetValue(n, 0).ToDouble()) && std::isnan(table->GetValue(n, 1).ToDouble());

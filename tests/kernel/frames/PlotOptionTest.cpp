@@ -30,6 +30,8 @@ TEST_F(PlotOptionTest, AFrameStartsWithTheValuesOfTheTable)
     EXPECT_FALSE(fresh.stretchAxes);
     EXPECT_TRUE(fresh.showLines);
     EXPECT_FALSE(fresh.showSymbols);
+    EXPECT_FALSE(fresh.logX);
+    EXPECT_FALSE(fresh.logY);
 }
 
 TEST_F(PlotOptionTest, EachHasAMemberAndAPathOfItsOwn)

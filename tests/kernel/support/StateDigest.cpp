@@ -33,7 +33,7 @@ void addFrame(std::ostream& out, Frame const& frame)
         out << ' ' << id;
     }
     out << ' ' << frame.contourVariable << ' ' << frame.showContour << frame.showMesh << frame.stretchAxes
-        << frame.showLines << frame.showSymbols << '\n';
+        << frame.showLines << frame.showSymbols << frame.logX << frame.logY << '\n';
     for (LineMap const& map : frame.lineMaps) {
         out << "map " << map.id << ' ' << map.name << ' ' << map.zone << ' ' << map.xVariable << ' ' << map.yVariable
             << ' ' << map.active << ' ' << map.indices[0].min << '\n';

@@ -62,12 +62,11 @@ bool standClear(AxisTicks const& ticks, double min, double max, double length,
     return true;
 }
 
-AxisTicks onLogarithms(std::vector<double> const& numbers)
+// Ticks at numbers, put to the places of these.
+AxisTicks atLogarithms(AxisTicks ticks)
 {
-    AxisTicks ticks;
-    for (double const number : numbers)
-        ticks.values.push_back(std::log10(number));
-    ticks.labels = TickLabels::exactly(numbers);
+    for (double& value : ticks.values)
+        value = std::log10(value);
     return ticks;
 }
 
@@ -92,7 +91,7 @@ AxisTicks powersOfTen(double min, double max, std::vector<int> const& factors, i
             if (number > 0.0 && place >= min - noise && place <= max + noise)
                 numbers.push_back(number);
         }
-    return onLogarithms(numbers);
+    return atLogarithms({numbers, TickLabels::exactly(numbers)});
 }
 
 } // namespace
@@ -140,7 +139,7 @@ AxisTicks AxisTicks::logarithmicAlong(double min, double max, double length,
         return {};
     AxisTicks ticks;
     for (int count = mostTicks(length); max - min < 1.0 && count >= 2; --count) {
-        ticks = onLogarithms(create(std::pow(10.0, min), std::pow(10.0, max), count).values);
+        ticks = atLogarithms(create(std::pow(10.0, min), std::pow(10.0, max), count));
         if (ticks.values.size() >= 2 && standClear(ticks, min, max, length, roomOf))
             return ticks;
     }

@@ -17,9 +17,9 @@ std::vector<PlotOption> const& plotOptions()
          "Give each axis a scale of its own, so that the plot fills the frame", ""},
         {"LinePlotLayers", "ShowLines", &Frame::showLines, true, Plots::Lines, "Line Layers", "", "", ""},
         {"LinePlotLayers", "ShowSymbols", &Frame::showSymbols, false, Plots::Lines, "Line Layers", "", "", ""},
-        {"LinePlotAxes", "LogX", &Frame::logX, false, Plots::Lines, "Logarithmic Axis", "Logarithmic &X Axis",
+        {"LinePlotAxes", "LogX", &Frame::logX, false, Plots::Lines, "Logarithmic Axis", "L&ogarithmic X Axis",
          "Show powers of ten at equal distances along the horizontal axis of a line plot", ""},
-        {"LinePlotAxes", "LogY", &Frame::logY, false, Plots::Lines, "Logarithmic Axis", "Logarithmic &Y Axis",
+        {"LinePlotAxes", "LogY", &Frame::logY, false, Plots::Lines, "Logarithmic Axis", "Lo&garithmic Y Axis",
          "Show powers of ten at equal distances along the vertical axis of a line plot", ""},
     };
     return options;

@@ -233,6 +233,10 @@ TEST_F(MenuTest, EveryPlotOptionWithATextHasItsItem)
     for (kernel::PlotOption const& option : kernel::plotOptions()) {
         if (*option.text == '\0')
             continue;
+        bool const isOfLines = option.plots == kernel::PlotOption::Plots::Lines;
+        session.perform(
+            kernel::SetPlotType(session.activeFrame()->id, isOfLines ? PlotType_XYLine : PlotType_Cartesian3D));
+        settle();
         QAction& item = action((QByteArray(option.value) + "Action").constData());
         EXPECT_EQ(item.text(), QString::fromLatin1(option.text));
         EXPECT_EQ(item.icon().isNull(), *option.icon == '\0') << option.value;

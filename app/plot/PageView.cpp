@@ -475,15 +475,4 @@ void PageView::showEvent(QShowEvent* event)
     scheduleRefresh();
 }
 
-bool PageView::event(QEvent* event)
-{
-    if (event->type() == QEvent::ScreenChangeInternal || event->type() == QEvent::LanguageChange)
-        markAll();
-    if (event->type() == QEvent::ToolTip) {
-        showTip(*static_cast<QHelpEvent*>(event));
-        return true;
-    }
-    return QWidget::event(event);
-}
-
 } // namespace veldraw::app

@@ -135,6 +135,17 @@ void PageView::wheelEvent(QWheelEvent* event)
     event->accept();
 }
 
+bool PageView::event(QEvent* event)
+{
+    if (event->type() == QEvent::ScreenChangeInternal || event->type() == QEvent::LanguageChange)
+        markAll();
+    if (event->type() == QEvent::ToolTip) {
+        showTip(*static_cast<QHelpEvent*>(event));
+        return true;
+    }
+    return QWidget::event(event);
+}
+
 void PageView::showTip(QHelpEvent const& event)
 {
     auto const frame = frameAt(event.pos());

@@ -15,7 +15,7 @@ SUFFIXES = {'.h', '.cpp', '.ipp'}
 
 LINES_OF_A_FILE = 400
 LONG_FILES = {
-    'app/plot/PageView.cpp': 485,
+    'app/plot/PageView.cpp': 478,
     'kernel/operations/PointInterpolation.cpp': 410,
 }
 

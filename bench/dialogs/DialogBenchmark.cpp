@@ -1,3 +1,8 @@
+#include "dialogs/interpolation/InverseDistanceInterpolationDialog.h"
+#include "dialogs/interpolation/KrigingDialog.h"
+#include "dialogs/interpolation/LinearInterpDialog.h"
+#include "dialogs/smoothing/SmoothDialog.h"
+#include "dialogs/smoothing/TriangulateDialog.h"
 #include "dialogs/spreadsheet/DataSpreadsheetDialog.h"
 #include "dialogs/variableops/DeleteVariableDialog.h"
 #include "dialogs/variableops/LoadVariablesDialog.h"
@@ -108,7 +113,12 @@ void measure(std::string const& name)
     measure<sdk::ui::dialogs::DataSpreadsheetDialog>("DataSpreadsheet");
     measure<dialogs::data::DeleteVariableDialog>("DeleteVariable");
     measure<dialogs::data::DuplicateZoneDialog>("DuplicateZone");
+    measure<dialogs::data::InverseDistanceInterpolationDialog>("InverseDistanceInterpolation");
+    measure<dialogs::data::KrigingDialog>("Kriging");
+    measure<dialogs::data::LinearInterpDialog>("LinearInterpolation");
     measure<dialogs::data::LoadVariablesDialog>("LoadVariables");
+    measure<dialogs::data::SmoothDialog>("Smooth");
+    measure<dialogs::data::TriangulateDialog>("Triangulate");
     return true;
 }();
 

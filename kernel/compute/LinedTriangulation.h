@@ -208,9 +208,21 @@ protected:
         VertexHandle const second = face->vertex(ccw(index));
         Piece const crossed = pieceAt(first, second);
         m_crossed = crossed.line;
-        VertexHandle const crossing =
-            insert_intersection(face, index, from, to, first, second, from->point(), to->point(), first->point(),
-                                second->point(), CGAL::Exact_predicates_tag());
+        VertexHandle crossing = insert_intersection(face, index, from, to, first, second, from->point(), to->point(),
+                                                    first->point(), second->point(), CGAL::Exact_predicates_tag());
+        // Where rounding puts the point beyond the triangles beside the edge, the library takes an end of the edge, however far that
+        // is. Mostly lines touch there, and the point is the end of the other one.
+        bool const isUntouched =
+            face->is_constrained(index) && face->vertex(cw(index)) == first && face->vertex(ccw(index)) == second;
+        if (isUntouched) {
+            Point const place = CGAL::almost_exact_intersection(geom_traits(), from->point(), to->point(),
+                                                                first->point(), second->point());
+            VertexHandle const near = isNearer(place, from, to) ? from : to;
+            if (isNearer(place, near, crossing)) {
+                remove_constrained_edge(face, index);
+                crossing = near;
+            }
+        }
         replace(crossed, crossing);
         return crossing;
     }
@@ -247,6 +259,11 @@ private:
     static std::pair<Number, Number> endsOf(VertexHandle a, VertexHandle b)
     {
         return std::minmax({a->info().value, b->info().value});
+    }
+
+    static bool isNearer(Point const& place, VertexHandle a, VertexHandle b)
+    {
+        return CGAL::compare_distance_to_point(place, a->point(), b->point()) == CGAL::SMALLER;
     }
 
     Piece const& pieceAt(VertexHandle from, VertexHandle to) const

@@ -11,6 +11,7 @@ namespace veldraw::kernel {
 namespace {
 
 constexpr std::int64_t linesAtOnce = 16; // neighbours in memory are moved together
+constexpr std::int64_t mostTasks = 16;
 
 /// The largest divisor up to the square root.
 std::int64_t squarestDivisor(std::int64_t number)
@@ -27,12 +28,15 @@ template <typename Body>
 void forLines(std::int64_t lines, std::int64_t length, Progress const& progress, Body const& body)
 {
     std::int64_t const groups = (lines + linesAtOnce - 1) / linesAtOnce;
-    forEachInParallel(groups, [&](std::int64_t group) {
-        progress.check();
+    std::int64_t const tasks = std::min(groups, mostTasks); // fresh memory takes time, so that a task has many groups
+    forEachInParallel(tasks, [&](std::int64_t task) {
         auto const size = static_cast<std::size_t>(linesAtOnce * length);
         ZeroedArray<LongTransform::Bin> room(2 * size);
-        std::int64_t const first = group * linesAtOnce;
-        body(first, std::min(linesAtOnce, lines - first), room.begin(), room.begin() + size);
+        for (std::int64_t group = task; group < groups; group += tasks) {
+            progress.check();
+            std::int64_t const first = group * linesAtOnce;
+            body(first, std::min(linesAtOnce, lines - first), room.begin(), room.begin() + size);
+        }
     });
 }
 

@@ -16,19 +16,19 @@ namespace {
 constexpr int variables = 10;
 
 /// A session with one series of noise in ten variables.
-struct Stage
+struct SignalStage
 {
-    explicit Stage(std::int64_t count)
+    explicit SignalStage(std::int64_t length)
         : dataSet(std::make_shared<DataSet>("Bench"))
     {
         std::mt19937_64 random(4);
         std::uniform_real_distribution<double> distribution(-1.0, 1.0);
-        auto const zone = std::make_shared<Zone>("series", ZoneType_Ordered, count, 1, 1);
+        auto const zone = std::make_shared<Zone>("series", ZoneType_Ordered, length, 1, 1);
         for (int variable = 0; variable <= variables; ++variable) {
             dataSet->addVariable(std::make_shared<Variable>("V" + std::to_string(variable)));
-            auto const buffer = Buffer::allocate(FieldDataType_Double, count);
+            auto const buffer = Buffer::allocate(FieldDataType_Double, length);
             auto* const values = static_cast<double*>(buffer->mutableData());
-            for (std::int64_t at = 0; at < count; ++at) {
+            for (std::int64_t at = 0; at < length; ++at) {
                 values[at] = variable == 0 ? 0.001 * static_cast<double>(at) : distribution(random);
             }
             zone->fields.emplace_back(std::make_shared<ShareGroup>(buffer), ValueLocation_Nodal);
@@ -64,14 +64,14 @@ struct Stage
 class Bare
 {
 public:
-    explicit Bare(std::int64_t count)
-        : m_count(static_cast<int>(count))
+    explicit Bare(std::int64_t length)
+        : m_count(static_cast<int>(length))
     {
         for (int variable = 0; variable < variables; ++variable) {
-            m_signals.push_back(fftw_alloc_real(static_cast<std::size_t>(count)));
-            m_bins.push_back(fftw_alloc_complex(static_cast<std::size_t>(count / 2 + 1)));
-            std::fill_n(m_signals.back(), count, 0.5);
-            std::fill_n(reinterpret_cast<double*>(m_bins.back()), 2 * (count / 2 + 1), 0.0);
+            m_signals.push_back(fftw_alloc_real(static_cast<std::size_t>(length)));
+            m_bins.push_back(fftw_alloc_complex(static_cast<std::size_t>(length / 2 + 1)));
+            std::fill_n(m_signals.back(), length, 0.5);
+            std::fill_n(reinterpret_cast<double*>(m_bins.back()), 2 * (length / 2 + 1), 0.0);
         }
     }
 
@@ -100,7 +100,7 @@ private:
 
 void fourierTransform(benchmark::State& state)
 {
-    Stage stage(state.range(0));
+    SignalStage stage(state.range(0));
     Bare bare(state.range(0));
     Times ours;
     Times peer;
@@ -120,7 +120,7 @@ void fourierTransform(benchmark::State& state)
 /// How soon it ends after a cancel, which comes at points of time spread evenly over its whole course.
 void cancelFourierTransform(benchmark::State& state)
 {
-    Stage stage(state.range(0));
+    SignalStage stage(state.range(0));
     Times whole;
     whole.measure([&] { stage.transform(); });
     stage.takeBack();
@@ -129,8 +129,8 @@ void cancelFourierTransform(benchmark::State& state)
     CancellingWaiter::Seconds longest{};
     int number = 0;
     for (auto _ : state) {
-        constexpr int cancels = 32;
-        waiter.setDelay(CancellingWaiter::Seconds(whole.clock) * (number++ % cancels) / cancels);
+        constexpr int cancelCount = 32;
+        waiter.setDelay(CancellingWaiter::Seconds(whole.clock) * (number++ % cancelCount) / cancelCount);
         bool const isDone = stage.transform();
         CancellingWaiter::Seconds const rest = waiter.sinceCancel();
         state.SetIterationTime(rest.count());

@@ -127,6 +127,13 @@ TEST_F(FourierTransformTest, SplitsATonesAmplitudeAmongTheConjugates)
     EXPECT_NEAR(phases[90], -25.0, 1e-10);
 }
 
+TEST_F(FourierTransformTest, GivesANegativeRealBinAndItsConjugateTheSamePhase)
+{
+    int const zone = add(evenTimes(4), {-1.0, 0.0, 1.0, 0.0}, Numbers(4, 0.0));
+    ASSERT_TRUE(transform({zone}, {U}, with(WindowFunction_Rectangular, true)));
+    EXPECT_THAT(valuesOf(resultZones[0], resultVariables[2]), ElementsAre(0.0, 180.0, 0.0, 180.0));
+}
+
 TEST_F(FourierTransformTest, ShowsAToneBetweenTwoBinsInBothByTheHannWindow)
 {
     // Midway between two bins the window's transform is 8 / (3 pi) of that at its middle.

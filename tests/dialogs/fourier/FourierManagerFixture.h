@@ -8,7 +8,7 @@
 
 namespace veldraw::tests {
 
-/// A manager that is to transform Y over X in the zone Wing, as the kernel sees it.
+/// A manager that is to transform Y over X in the zone Wing, with the spy on the kernel.
 class FourierManagerFixture : public FourierFixture
 {
 protected:

@@ -1,6 +1,8 @@
 #include "app/Application.h"
 
 #include "host/KernelReason.h"
+#include "kernel/session/Session.h"
+#include "platform/vdsdkcommon/AppLock.h"
 
 #include <QLocale>
 #include <QThread>
@@ -31,6 +33,9 @@ bool Application::notify(QObject* receiver, QEvent* event)
     try {
         return QApplication::notify(receiver, event);
     } catch (std::exception const& error) {
+        // What threw may have suspended drawing, and nobody is left to resume it; an action that still runs does so itself.
+        if (sdk::AppLock::depth() == 0)
+            kernel::Session::instance().setDrawing(true);
         if (*error.what() != '\0')
             reason.tellFailure(error.what());
         return true;

@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 
 namespace veldraw::app {
 
@@ -32,8 +33,11 @@ std::array<double, 2> roomy(double min, double max, double air)
 
 QString joinedNames(QStringList names)
 {
+    constexpr int most = 3;
     names.removeDuplicates();
-    return names.size() > 3 ? QString() : names.join(QStringLiteral(", "));
+    if (names.size() <= most)
+        return names.join(QStringLiteral(", "));
+    return LineView::tr("%1, %2 and %3 more").arg(names[0], names[1]).arg(names.size() - 2);
 }
 
 double valueOf(vtkTable& points, vtkIdType row, vtkIdType column)
@@ -133,6 +137,7 @@ FrameMessage LineView::show(kernel::Frame const& frame)
     if (m_chart->GetNumberOfPlots() == 0)
         return {reason, true};
     setTitles(frame);
+    tellApart();
     m_legend->show(m_curves);
     if (!m_limits.isValid)
         return {m_leftOut > 0 ? tr("The curves have no positive values for a logarithmic axis.")
@@ -142,6 +147,22 @@ FrameMessage LineView::show(kernel::Frame const& frame)
     placeView(!wasShown && m_viewLimits != m_limits);
     bool const hasAll = index == m_chart->GetNumberOfPlots();
     return {hasAll ? QString() : reason, false, remark(), true};
+}
+
+// Curves of one name, such as those of several variables in one zone, are named with their variables too.
+void LineView::tellApart()
+{
+    std::map<QString, int> counts;
+    for (Curve const& curve : m_shown)
+        ++counts[curve.name];
+    for (std::size_t n = 0; n < m_shown.size(); ++n) {
+        QString const name = m_shown[n].name;
+        if (counts[name] == 1)
+            continue;
+        m_shown[n].name = name + QStringLiteral(": ") + m_shown[n].variables[1];
+        m_curves[n].name = m_shown[n].name;
+        m_curves[n].plot->SetLabel(m_shown[n].name.toStdString());
+    }
 }
 
 QString LineView::remark() const

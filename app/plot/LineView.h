@@ -68,6 +68,7 @@ private:
     void placeView(bool isNew);
     void setTitles(kernel::Frame const& frame);
     void labelAxes();
+    void tellApart();
     QString remark() const;
     void placeLegend();
 

@@ -88,9 +88,15 @@ std::vector<LineMap> SetLinePlot::alteredMaps() const
     if (maps.empty()) {
         maps.push_back(defaultLineMap(dataSet, 1));
     }
-    maps.front().zone = dataSet.zone(m_zone)->id;
-    maps.front().xVariable = dataSet.variable(m_x)->id;
-    maps.front().yVariable = dataSet.variable(m_y)->id;
+    LineMap map = defaultLineMap(dataSet, 1);
+    map.zone = dataSet.zone(m_zone)->id;
+    map.xVariable = dataSet.variable(m_x)->id;
+    map.yVariable = dataSet.variable(m_y)->id;
+    LineMap& first = maps.front();
+    bool const isOther = first.zone != map.zone || first.xVariable != map.xVariable || first.yVariable != map.yVariable;
+    if (isOther) { // what it was called, and which points it had, was for another curve
+        first = std::move(map);
+    }
     return maps;
 }
 

@@ -4,6 +4,7 @@
 #include "kernel/session/Session.h"
 #include "platform/exception/IOException.h"
 #include "platform/exception/InterruptedException.h"
+#include "platform/vdsdkcommon/AppLock.h"
 
 #include <QEvent>
 #include <QThread>
@@ -71,6 +72,27 @@ TEST_F(ApplicationTest, TellsWhatAnEventThrowsWithTheKernelsReasonAsDetails)
         throw IOException("Could not do it.");
     });
     EXPECT_THAT(told, ElementsAre("Could not do it. (The file has gone.)"));
+}
+
+TEST_F(ApplicationTest, DrawsAgainAfterAnEventThatSuspendedDrawingAndThrew)
+{
+    kernel::Session& session = kernel::Session::instance();
+    deliver([&] {
+        sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
+        session.setDrawing(false);
+        throw IOException("Could not do it.");
+    });
+    EXPECT_TRUE(session.isDrawing());
+}
+
+TEST_F(ApplicationTest, LeavesDrawingSuspendedWhereAnActionStillRuns)
+{
+    kernel::Session& session = kernel::Session::instance();
+    sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
+    session.setDrawing(false);
+    deliver([] { throw IOException("Could not do it."); });
+    EXPECT_FALSE(session.isDrawing());
+    session.setDrawing(true);
 }
 
 TEST_F(ApplicationTest, GivesNoReasonOfAnEarlierEvent)

@@ -44,6 +44,33 @@ TEST(LinePlot, ShowsACurveForEachActiveLineMap)
     EXPECT_EQ(page.message(), QString());
 }
 
+TEST(LinePlot, TellsCurvesOfOneNameApartByTheirVariables)
+{
+    auto frame = SampleData::waveFrame(SampleData::waves(50));
+    for (kernel::LineMap& map : frame->lineMaps)
+        map.name = "Probe";
+    PlotTestPage page({frame});
+    page.picture("line-one-name");
+    EXPECT_EQ(page.lines().chart().GetPlot(0)->GetLabel(), "Probe: sine");
+    EXPECT_EQ(page.lines().chart().GetPlot(1)->GetLabel(), "Probe: cosine");
+}
+
+TEST(LinePlot, NamesTheFirstOfManyVariablesAtAnAxis)
+{
+    auto const set = SampleData::waves(50);
+    auto frame = SampleData::waveFrame(set);
+    kernel::LineMap const map = frame->lineMaps.front();
+    for (int n = 4; n <= 6; ++n) {
+        set->addVariable(std::make_shared<kernel::Variable>("wave " + std::to_string(n)));
+        set->zone(1)->fields[static_cast<std::size_t>(n - 1)] = *set->field(1, 2);
+        frame->lineMaps.push_back(map);
+        frame->lineMaps.back().yVariable = set->variable(n)->id;
+    }
+    PlotTestPage page({frame});
+    page.picture("line-many-names");
+    EXPECT_EQ(page.lines().chart().GetAxis(vtkAxis::LEFT)->GetTitle(), "sine, cosine and 3 more");
+}
+
 TEST(LinePlot, HasNoCurveOfAVariableThatIsPassiveInTheZone)
 {
     auto const set = SampleData::waves(100);

@@ -348,6 +348,20 @@ TEST_F(SessionOperations, SetTheLinePlotOfAFrameWithoutLineMaps)
     EXPECT_EQ(frame->lineMaps.size(), 1U);
 }
 
+TEST_F(SessionOperations, SetTheLinePlotKeepsNothingOfWhatWasShownBefore)
+{
+    LineMap& map = frame->lineMaps.front();
+    map.name = "Fourier Transform of Probe";
+    map.indices[0] = {2, 9, 3};
+    session.perform(SetLinePlot(frame->id, dataSet->zoneNumber(map.zone), dataSet->variableNumber(map.xVariable),
+                                dataSet->variableNumber(map.yVariable)));
+    EXPECT_EQ(frame->lineMaps.front().name, "Fourier Transform of Probe") << "the same curve";
+    EXPECT_TRUE(session.perform(SetLinePlot(frame->id, 2, 4, 5)));
+    EXPECT_EQ(frame->lineMaps.front().name, "Map 1");
+    EXPECT_EQ(frame->lineMaps.front().indices[0].min, IndexRange().min);
+    EXPECT_EQ(frame->lineMaps.front().indices[0].max, IndexRange().max);
+}
+
 TEST_F(SessionOperations, CreateChangeAndDeleteLineMaps)
 {
     std::string const before = withoutHistory();

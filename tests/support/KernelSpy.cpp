@@ -9,6 +9,7 @@
 #include <dlfcn.h>
 #include <map>
 #include <sstream>
+#include <utility>
 
 namespace veldraw::tests {
 
@@ -27,6 +28,7 @@ struct Record
     std::map<std::string, std::vector<int>> failures; // calls still to go, a function
     int failCall = 0;                                 // calls of any function still to go, 0 = off
     bool failAllFromThere = false;
+    std::function<void(std::string const& function)> listener;
 };
 
 Record& record()
@@ -143,6 +145,11 @@ void KernelSpy::failFrom(int n)
     record().failAllFromThere = true;
 }
 
+void KernelSpy::onCall(std::function<void(std::string const& function)> listener)
+{
+    record().listener = std::move(listener);
+}
+
 void KernelSpy::reset()
 {
     record() = Record();
@@ -157,6 +164,8 @@ bool KernelSpy::isWatching()
 bool KernelSpy::noteCall(char const* function, std::vector<std::string> const& arguments)
 {
     record().calls.push_back({function, std::string(function) + "(" + join(arguments) + ")"});
+    if (auto const listener = record().listener)
+        listener(function);
     bool const functionIsDue = isDueForFunction(function);
     return isDueForAnyFunction() || functionIsDue;
 }

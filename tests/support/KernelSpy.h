@@ -2,6 +2,7 @@
 
 #include "platform/vdsdkbase/VelUtilTypes.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -37,7 +38,11 @@ public:
     void failCall(int n);
     void failFrom(int n);
 
-    /// Forgets calls and failures.
+    /// Has every call told to @p listener before it is forwarded or fails. What the listener throws the caller gets instead of an
+    /// answer.
+    void onCall(std::function<void(std::string const& function)> listener);
+
+    /// Forgets calls, failures and the listener.
     void reset();
 
     KernelSpy(KernelSpy const&) = delete;

@@ -8,6 +8,7 @@
 #include <boost/make_shared.hpp>
 
 #include <gmock/gmock.h>
+#include <utility>
 
 namespace veldraw::tests {
 namespace {
@@ -15,6 +16,29 @@ namespace {
 using sdk::ui::propertymanager::FourierTransformButtonRelevance;
 using testing::ElementsAre;
 using testing::IsEmpty;
+
+/// A value that tells how deep the lock is whenever it is read.
+template <typename T>
+class LockWatchingProperty : public PropertyAbstract<T>
+{
+public:
+    LockWatchingProperty(T value, std::vector<int>& depths)
+        : m_value(std::move(value))
+        , m_depths(depths)
+    {
+    }
+
+private:
+    void storeValue(T const& newValue) override { m_value = newValue; }
+    T retrieveValue() const override
+    {
+        m_depths.push_back(sdk::AppLock::depth());
+        return m_value;
+    }
+
+    T m_value;
+    std::vector<int>& m_depths;
+};
 
 class FourierTransformButtonRelevanceTest : public FourierFrames
 {
@@ -73,11 +97,21 @@ TEST_F(FourierTransformButtonRelevanceTest, IsFalseForOneZoneThatCannotBeTransfo
     EXPECT_FALSE(rule.isRelevant()) << "there is no zone 3";
 }
 
-TEST_F(FourierTransformButtonRelevanceTest, LeavesNoLockBehind)
+TEST_F(FourierTransformButtonRelevanceTest, TakesTheLockToAskTheKernelAndForNothingElse)
 {
-    dependent->setValue({4});
-    zones->setValue({1});
-    EXPECT_TRUE(rule.isRelevant());
+    using Numbers = LockWatchingProperty<std::set<int>>;
+    std::vector<int> whenRead;
+    FourierTransformButtonRelevance const watched{
+        boost::make_shared<LockWatchingProperty<int>>(3, whenRead),
+        boost::make_shared<Numbers>(std::set<int>{4}, whenRead),
+        boost::make_shared<Numbers>(std::set<int>{1, 2}, whenRead),
+    };
+    std::vector<int> whenAsked;
+    spy.onCall([&whenAsked](std::string const&) { whenAsked.push_back(sdk::AppLock::depth()); });
+    whenRead.clear();
+    EXPECT_TRUE(watched.isRelevant());
+    EXPECT_THAT(whenRead, ElementsAre(0, 0, 0));
+    EXPECT_THAT(whenAsked, ElementsAre(1, 1));
     EXPECT_EQ(sdk::AppLock::depth(), 0);
 }
 

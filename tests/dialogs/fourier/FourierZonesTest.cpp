@@ -39,6 +39,20 @@ TEST_F(FourierZonesTest, AreTheEnabledLinesOfFourPointsOrMore)
     EXPECT_EQ(sdk::AppLock::depth(), 0);
 }
 
+TEST_F(FourierZonesTest, AreAskedForUnderTheLockOnly)
+{
+    std::vector<int> depths;
+    spy.onCall([&depths](std::string const&) { depths.push_back(sdk::AppLock::depth()); });
+    EXPECT_TRUE(activeFrameHasFourierZone());
+    EXPECT_GE(depths.size(), 5u);
+    EXPECT_THAT(depths, testing::Each(testing::Ge(1)));
+    depths.clear();
+    EXPECT_THAT(valid(), ElementsAre(1, 2));
+    EXPECT_GE(depths.size(), 5u);
+    EXPECT_THAT(depths, testing::Each(testing::Ge(1)));
+    EXPECT_EQ(sdk::AppLock::depth(), 0);
+}
+
 TEST_F(FourierZonesTest, AreFoundInAFrameThatIsNotActive)
 {
     addFrame(false);

@@ -20,8 +20,8 @@ extern "C" {
 /// with the results; the handles stay as they are. Matching results, which may be replaced, are the latest ones of the
 /// same source zone or variable.
 /// @param list stays the caller's
-/// @return false when an argument is missing or does not fit, or when it was interrupted; nothing changed then, the two
-///         sets included
+/// @return false when an argument is missing or does not fit, when it was interrupted, or when the kernel refused, see the
+///         last error; nothing changed then, the two sets included
 VELDRAW_PLATFORM_API bool VelUtilFourierTransformX(ArgList_s* list);
 
 /// Whether a zone of the active data set can be transformed: enabled, ordered, one dimension above 1, at least four

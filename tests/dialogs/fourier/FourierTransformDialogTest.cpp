@@ -225,6 +225,47 @@ TEST_F(FourierTransformDialogTest, TransformsWithoutAWordAndStaysOpen)
     EXPECT_EQ(rowsOf(sources).front(), "*1: Wing");
 }
 
+TEST_F(FourierTransformDialogTest, HasAPointForEachNegativeFrequencyTooIfConjugatesAreWanted)
+{
+    launched();
+    clickRow(1);
+    IdleDispatcher::flush();
+    clickAction();
+    ASSERT_EQ(sample.dataSet().zoneCount(), 4);
+    EXPECT_EQ(sample.dataSet().zone(4)->pointCount(), 4) << "frequencies of six points from zero on";
+    clickMark(replaceZones);
+    clickMark(conjugates);
+    clickAction();
+    ASSERT_EQ(sample.dataSet().zoneCount(), 5);
+    EXPECT_EQ(sample.dataSet().zone(5)->pointCount(), 6);
+    EXPECT_THAT(messages.take(), IsEmpty());
+}
+
+// Its results may become a source. Of four points there are four frequencies with conjugates and three without.
+TEST_F(FourierTransformDialogTest, DropsAZoneThatGetsTooShort)
+{
+    sample.dataSet().zone(1)->i = 4;
+    for (int const variable : {1, 2, 3, 4})
+        setValues(1, variable, {0.0, 1.0, 2.0, 3.0});
+    launched();
+    clickRow(1);
+    clickMark(conjugates);
+    clickAction();
+    ASSERT_EQ(sample.dataSet().zoneCount(), 4);
+    ASSERT_EQ(rowsOf(sources).size(), 4u);
+    clickRowOf(child<QListView>(sources), 3, Qt::ControlModifier);
+    ASSERT_EQ(rowsOf(sources).back().front(), '*');
+    FourierTransformPropertiesManager other;
+    other.dependentVariables()->setValue({2});
+    other.sourceZones()->setValue({1});
+    FourierTransformPropertiesManager::includeConjugates()->setValue(false);
+    other.transform();
+    IdleDispatcher::flush();
+    ASSERT_EQ(sample.dataSet().zoneCount(), 4) << "the results took the place of the old ones";
+    EXPECT_THAT(rowsOf(sources), ElementsAre("*1: Wing", "2: Body", "3: Tail"));
+    EXPECT_TRUE(canAct());
+}
+
 TEST_F(FourierTransformDialogTest, CanBeDrivenByItsMnemonics)
 {
     launched();

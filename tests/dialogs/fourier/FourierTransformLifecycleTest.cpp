@@ -4,9 +4,13 @@
 #include "tests/dialogs/support/DialogLifecycleTest.h"
 #include "tests/dialogs/support/FakeStateChange.h"
 
+#include <QButtonGroup>
+#include <QCheckBox>
 #include <QPointer>
 
+#include <functional>
 #include <gmock/gmock.h>
+#include <optional>
 
 namespace veldraw::tests {
 
@@ -22,6 +26,29 @@ class FourierTransformLifecycleTest : public FourierFixture
 {
 protected:
     bool isAvailable() const { return traits.relevance()->isRelevant(); }
+
+    /// The button of the dialog that a widget belongs to.
+    static QPushButton& transformButtonOf(QWidget const& widget)
+    {
+        return *widget.window()->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Apply);
+    }
+};
+
+/// Tells when a box gets checked, also while its signals are blocked: the other box of an exclusive group gives way then.
+class CheckWatch
+{
+public:
+    CheckWatch(QCheckBox& watched, std::function<void()> const& onChecked)
+    {
+        m_group.addButton(&m_other);
+        m_other.setChecked(true);
+        m_group.addButton(&watched);
+        QObject::connect(&m_other, &QCheckBox::toggled, &m_group, onChecked);
+    }
+
+private:
+    QCheckBox m_other;
+    QButtonGroup m_group;
 };
 
 TEST_F(FourierTransformLifecycleTest, BindsItsBoxesAndListsInOrder)
@@ -31,15 +58,36 @@ TEST_F(FourierTransformLifecycleTest, BindsItsBoxesAndListsInOrder)
     EXPECT_THAT(additions.names, ElementsAre(independent, window, dependent, sources, placement));
 }
 
+TEST_F(FourierTransformLifecycleTest, NamesItsButtonBeforeTheFirstBinding)
+{
+    std::vector<QString> texts;
+    AdditionsToWidgets const additions([&](QWidget& widget) { texts.push_back(transformButtonOf(widget).text()); });
+    dialog();
+    EXPECT_EQ(texts.size(), 5u);
+    EXPECT_THAT(texts, testing::Each(QStringLiteral("&Transform")));
+}
+
 TEST_F(FourierTransformLifecycleTest, BindsItsButtonAfterTheListsAndBeforeTheOptions)
 {
-    std::vector<bool> wasBound;
+    // The first of the options has to be checked when it is bound.
+    FourierTransformPropertiesManager::includeConjugates()->setValue(true);
+    std::vector<std::string> acts;
+    auto const click = [&](QWidget const& widget) {
+        transformButtonOf(widget).click();
+        bool const isBound = !messages.take().empty(); // there is nothing to transform
+        acts.push_back(widget.objectName().toStdString() + (isBound ? ": acts" : ": does not act"));
+    };
+    std::optional<CheckWatch> watch;
     AdditionsToWidgets const additions([&](QWidget& widget) {
-        auto const* const box = widget.window()->findChild<QDialogButtonBox*>();
-        wasBound.push_back(box->button(QDialogButtonBox::Apply)->text() == QStringLiteral("&Transform"));
+        auto* const box = widget.window()->findChild<QCheckBox*>(QString::fromLatin1(conjugates));
+        if (!watch)
+            watch.emplace(*box, [&click, box] { click(*box); });
+        click(widget);
     });
     dialog();
-    EXPECT_THAT(wasBound, testing::Each(true)) << "its text is there before the first binding";
+    EXPECT_THAT(acts, ElementsAre("independentVariablesComboBox: does not act", "windowFunctionComboBox: does not act",
+                                  "dependentVariablesListView: does not act", "sourceZonesListView: does not act",
+                                  "includeConjugatesCheckBox: acts", "plotPlacementComboBox: acts"));
 }
 
 TEST_F(FourierTransformLifecycleTest, EndsItsBindingsBeforeTheRuleOfItsButton)

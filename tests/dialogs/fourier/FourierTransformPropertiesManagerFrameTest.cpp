@@ -141,6 +141,26 @@ TEST_F(FourierTransformPropertiesManagerFrameTest, ShowsAmplitudesOverFrequencie
     expectAtRest("a run");
 }
 
+TEST_F(FourierTransformPropertiesManagerFrameTest, HasACurveForEachVariableInEachZone)
+{
+    manager.dependentVariables()->setValue({2, 3});
+    manager.sourceZones()->setValue({1, 3});
+    manager.transform();
+    std::vector<std::vector<int>> curves;
+    for (kernel::LineMap const& map : resultsFrame().lineMaps)
+        curves.push_back({sample.dataSet().zoneNumber(map.zone), sample.dataSet().variableNumber(map.xVariable),
+                          sample.dataSet().variableNumber(map.yVariable)});
+    EXPECT_THAT(curves,
+                ElementsAre(ElementsAre(4, 5, 6), ElementsAre(4, 8, 9), ElementsAre(5, 5, 6), ElementsAre(5, 8, 9)));
+    for (int const zone : {4, 5}) {
+        EXPECT_THAT(values(zone, 5),
+                    ElementsAre(0.0, testing::DoubleNear(1.0 / 3.0, 1e-12), // of three seconds
+                                testing::DoubleNear(2.0 / 3.0, 1e-12), testing::DoubleNear(1.0, 1e-12)));
+        EXPECT_NEAR(values(zone, 6).at(1), 1.0, 1e-12) << "the amplitude of the cosine";
+        EXPECT_NEAR(values(zone, 9).at(0), 23.0 / 6.0, 1e-12) << "the mean of the other signal";
+    }
+}
+
 TEST_F(FourierTransformPropertiesManagerFrameTest, SwitchesLinesOnWhereTheUserHadNone)
 {
     manager.transform();
@@ -296,15 +316,16 @@ TEST_F(FourierTransformPropertiesManagerFrameTest, IsTakenBackStepByStepAndDoneA
     EXPECT_THAT(states.back(), ElementsAre("3 zones, 4 variables", "Frame 001 at 1, 1, 8, 6, marked: 0, maps: 1"));
     EXPECT_THAT(states.front(), ElementsAre("4 zones, 7 variables", "Frame 001 at 1, 1, 8, 6, marked: 0, maps: 1",
                                             "Fourier Transform (Frame 2) at 5, 1, 4, 3, marked: 1, maps: 1"));
+    EXPECT_EQ(sample.session().activeFrame(), sample.frame());
     for (std::size_t step = states.size() - 1; step > 0; --step) {
         EXPECT_EQ(state(), states[step]);
         ASSERT_TRUE(sample.session().redo());
     }
     EXPECT_EQ(state(), states.front());
     EXPECT_FALSE(history.canRedo());
+    EXPECT_EQ(sample.session().activeFrame(), sample.frame()) << "as after the run";
     EXPECT_EQ(resultsFrame().plotType, PlotType_XYLine);
     EXPECT_EQ(resultsFrame().lineMaps.front().indices[0].min, 2);
-    sample.session().activateFrame(sample.frame()->id);
     manager.transform();
     EXPECT_EQ(frames().size(), 2u) << "the frame that came back is found";
 }

@@ -142,6 +142,31 @@ TEST_F(FourierTransformPropertiesManagerTest, PassesTenArgumentsInOrder)
     EXPECT_NE(calls.at(9).substr(calls.at(9).rfind(' ')), calls.at(10).substr(calls.at(10).rfind(' ')));
 }
 
+TEST_F(FourierTransformPropertiesManagerTest, PassesEachSwitchUnderItsOwnName)
+{
+    struct Switch
+    {
+        boost::shared_ptr<PropertyAbstract<bool>> property;
+        std::string argument;
+    };
+    std::vector<Switch> const switches{{Manager::includeConjugates(), "IncludeConjugates"},
+                                       {Manager::obeySourceZoneBlanking(), "ObeySourceZoneBlanking"},
+                                       {Manager::replaceLatestResultZones(), "ReplaceMatchingResultZones"},
+                                       {Manager::replaceLatestResultVars(), "ReplaceMatchingResultVariables"}};
+    for (Switch const& on : switches) {
+        std::vector<std::string> expected;
+        for (Switch const& each : switches) {
+            bool const isOn = each.argument == on.argument;
+            each.property->setValue(isOn);
+            expected.push_back("VelUtilArgListAppendInt(list, \"" + each.argument + (isOn ? "\", 1)" : "\", 0)"));
+        }
+        spy.reset();
+        spy.failNext(kernelFunction);
+        manager.transform();
+        EXPECT_THAT(spy.callsOf("VelUtilArgListAppendInt"), testing::IsSupersetOf(expected)) << on.argument;
+    }
+}
+
 TEST_F(FourierTransformPropertiesManagerTest, LeavesTheIndependentVariableOutOfTheDependentOnesForTheKernelOnly)
 {
     manager.independentVariable()->setValue(3);

@@ -35,7 +35,7 @@ std::int64_t ChirpTransform::paddedLength(std::int64_t length)
 }
 
 ChirpTransform::ChirpTransform(std::int64_t length, Progress const& progress, std::int64_t longest)
-    : m_length(length)
+    : RealTransform(length)
     , m_convolution(paddedLength(length), longest)
     , m_chirp(static_cast<std::size_t>(length))
     , m_filter(static_cast<std::size_t>(m_convolution.length()))
@@ -48,17 +48,17 @@ ChirpTransform::ChirpTransform(std::int64_t length, Progress const& progress, st
 void ChirpTransform::makeChirp(Progress const& progress)
 {
     constexpr std::int64_t blockLength = 512;
-    auto const turn = 2 * static_cast<std::uint64_t>(m_length);
+    auto const turn = 2 * static_cast<std::uint64_t>(length());
     std::vector<std::uint64_t> starts; // of the blocks: n^2 modulo turn
     std::uint64_t square = 0;
-    for (std::int64_t first = 0; first < m_length; first += blockLength) {
+    for (std::int64_t first = 0; first < length(); first += blockLength) {
         starts.push_back(square);
         square = (square + static_cast<std::uint64_t>(2 * first + blockLength) * blockLength) % turn;
     }
     forEachChecked(static_cast<std::int64_t>(starts.size()), progress, [&](std::int64_t block) {
         std::uint64_t number = starts[static_cast<std::size_t>(block)];
         std::int64_t const first = block * blockLength;
-        for (std::int64_t n = first; n < std::min(first + blockLength, m_length); ++n) {
+        for (std::int64_t n = first; n < std::min(first + blockLength, length()); ++n) {
             m_chirp[static_cast<std::size_t>(n)] = unitRoot(number, turn);
             number = (number + 2 * static_cast<std::uint64_t>(n) + 1) % turn;
         }
@@ -71,9 +71,9 @@ void ChirpTransform::makeFilter(Progress const& progress)
     ZeroedArray<Bin> lags(size);
     double const share = 1.0 / static_cast<double>(size);
     Bin* const end = lags.end();
-    forEachChecked(m_length, progress, [&](std::int64_t lag) {
+    forEachChecked(length(), progress, [&](std::int64_t lag) {
         Bin const inverse = std::conj(m_chirp[static_cast<std::size_t>(lag)]) * share;
-        if (lag <= m_length / 2) {
+        if (lag <= length() / 2) {
             lags[static_cast<std::size_t>(lag)] = inverse;
         }
         if (lag > 0) {
@@ -83,19 +83,19 @@ void ChirpTransform::makeFilter(Progress const& progress)
     m_convolution.run(lags.begin(), m_filter.begin(), progress);
 }
 
-void ChirpTransform::run(double* signal, Bin* bins, Bin* room, Progress const& progress) const
+void ChirpTransform::transform(double* signal, Bin* bins, Bin* room, Progress const& progress) const
 {
     std::int64_t const size = m_convolution.length();
     Bin* const first = room;
     Bin* const second = room + size;
     Bin const* const chirp = m_chirp.begin();
     Bin const* const filter = m_filter.begin();
-    forEachChecked(size, progress, [&](std::int64_t n) { first[n] = n < m_length ? chirp[n] * signal[n] : Bin(); });
+    forEachChecked(size, progress, [&](std::int64_t n) { first[n] = n < length() ? chirp[n] * signal[n] : Bin(); });
     m_convolution.run(first, second, progress);
     // The way back is a transform too, of conjugates.
     forEachChecked(size, progress, [&](std::int64_t k) { second[k] = std::conj(product(second[k], filter[k])); });
     m_convolution.run(second, first, progress);
-    forEachChecked(m_length / 2 + 1, progress,
+    forEachChecked(length() / 2 + 1, progress,
                    [&](std::int64_t k) { bins[k] = product(chirp[k], std::conj(first[k])); });
 }
 

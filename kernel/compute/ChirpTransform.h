@@ -16,16 +16,15 @@ public:
     ChirpTransform(std::int64_t length, Progress const& progress, std::int64_t longest);
 
     std::size_t roomSize() const override { return 2 * static_cast<std::size_t>(m_convolution.length()); }
-    void run(double* signal, Bin* bins, Bin* room, Progress const& progress) const override;
 
     /// The length of the convolution.
     static std::int64_t paddedLength(std::int64_t length);
 
 private:
+    void transform(double* signal, Bin* bins, Bin* room, Progress const& progress) const override;
     void makeChirp(Progress const& progress);
     void makeFilter(Progress const& progress);
 
-    std::int64_t m_length;
     LongTransform m_convolution;
     ZeroedArray<Bin> m_chirp;  // c[n]
     ZeroedArray<Bin> m_filter; // the transform of 1 / c[n], divided by its length

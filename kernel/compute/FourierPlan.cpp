@@ -14,7 +14,7 @@ namespace {
 
 using Bin = FourierPlan::Bin;
 
-/// Guards the planner of FFTW and the plans that are kept: only transforms may run at a time.
+/// Guards the planner of FFTW and the plans that are kept: only transforms may run at the same time.
 std::mutex& planner()
 {
     static std::mutex mutex;
@@ -65,7 +65,7 @@ private:
     fftw_plan m_plan = nullptr;
 };
 
-/// The plans in use, and some of the short ones that were used last.
+/// The plans in use, and some of the short ones that were made last.
 class PlanStore
 {
 public:

@@ -11,7 +11,8 @@ namespace veldraw::kernel {
 ///     auto const plan = FourierPlan::ofReal(1000); // from those that are kept, if it is among them
 ///     plan->run(signal, bins);
 ///
-/// Plans are estimated, never measured, so that a length gives the same result each time. Threads may use a plan at a time.
+/// Plans are estimated, never measured, so that a length gives the same result each time. Several threads may use a plan at
+/// the same time.
 class FourierPlan
 {
 public:

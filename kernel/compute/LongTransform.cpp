@@ -23,19 +23,19 @@ std::int64_t squarestDivisor(std::int64_t number)
     return divisor;
 }
 
-/// Calls @p body with (first, count, two rooms of some lines) for all @p lines on all cores.
+/// Calls @p body with (first, count, room) for all @p lines, some at once, on all cores.
+/// @param roomLength numbers of room for each of those lines
 template <typename Body>
-void forLines(std::int64_t lines, std::int64_t length, Progress const& progress, Body const& body)
+void forLines(std::int64_t lines, std::int64_t roomLength, Progress const& progress, Body const& body)
 {
     std::int64_t const groups = (lines + linesAtOnce - 1) / linesAtOnce;
     std::int64_t const tasks = std::min(groups, mostTasks); // fresh memory takes time, so that a task has many groups
     forEachInParallel(tasks, [&](std::int64_t task) {
-        auto const size = static_cast<std::size_t>(linesAtOnce * length);
-        ZeroedArray<LongTransform::Bin> room(2 * size);
+        ZeroedArray<LongTransform::Bin> room(static_cast<std::size_t>(linesAtOnce * roomLength));
         for (std::int64_t group = task; group < groups; group += tasks) {
             progress.check();
             std::int64_t const first = group * linesAtOnce;
-            body(first, std::min(linesAtOnce, lines - first), room.begin(), room.begin() + size);
+            body(first, std::min(linesAtOnce, lines - first), room.begin());
         }
     });
 }
@@ -68,7 +68,8 @@ void LongTransform::run(Bin* signal, Bin* bins, Progress const& progress) const
 
 void LongTransform::transformColumns(Bin* signal, Progress const& progress) const
 {
-    forLines(m_columns, m_rows, progress, [&](std::int64_t first, std::int64_t count, Bin* columns, Bin* results) {
+    forLines(m_columns, 2 * m_rows, progress, [&](std::int64_t first, std::int64_t count, Bin* columns) {
+        Bin* const results = columns + linesAtOnce * m_rows;
         for (std::int64_t row = 0; row < m_rows; ++row) {
             for (std::int64_t column = 0; column < count; ++column) {
                 columns[column * m_rows + row] = signal[row * m_columns + first + column];
@@ -88,7 +89,7 @@ void LongTransform::transformColumns(Bin* signal, Progress const& progress) cons
 
 void LongTransform::transformRows(Bin* signal, Bin* bins, Progress const& progress) const
 {
-    forLines(m_rows, m_columns, progress, [&](std::int64_t first, std::int64_t count, Bin* rows, Bin*) {
+    forLines(m_rows, m_columns, progress, [&](std::int64_t first, std::int64_t count, Bin* rows) {
         for (std::int64_t row = 0; row < count; ++row) {
             m_planOfRow->run(signal + (first + row) * m_columns, rows + row * m_columns);
         }

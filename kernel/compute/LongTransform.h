@@ -27,7 +27,7 @@ public:
 
     std::int64_t length() const { return m_length; }
 
-    /// @param signal of the length, is lost; @param bins are no part of it. @throws Interrupted
+    /// @param signal of the length, is lost; @param bins are no part of it. @throws Interrupted, std::bad_alloc
     void run(Bin* signal, Bin* bins, Progress const& progress) const;
 
 private:

@@ -8,7 +8,7 @@ namespace veldraw::kernel {
 
 namespace {
 
-/// The angle in degrees of a slope up to tan(pi / 8): the polynomial that equals the arcus tangent at the zeros of a Chebyshev
+/// The angle in degrees of a slope up to tan(pi / 8): the polynomial that equals the arctangent at the zeros of a Chebyshev
 /// polynomial of the square, with an error below 1e-17.
 VELDRAW_INLINE double smallAngle(double slope)
 {
@@ -43,7 +43,7 @@ VELDRAW_INLINE double angleOf(double x, double y)
     angle = isSteep ? 45.0 + angle : angle;
     angle = isHigh ? 90.0 - angle : angle;
     angle = x < 0.0 ? 180.0 - angle : angle;
-    return y < 0.0 ? -angle : angle;
+    return y < 0.0 && angle < 180.0 ? 0.0 - angle : angle; // never -180, and 0 without a sign
 }
 
 VELDRAW_WIDE_LANES("avx512f", "avx2")

@@ -39,19 +39,20 @@ class WholeTransform : public RealTransform
 {
 public:
     explicit WholeTransform(std::int64_t length)
-        : m_plan(FourierPlan::ofReal(length))
+        : RealTransform(length)
+        , m_plan(FourierPlan::ofReal(length))
     {
     }
 
     std::size_t roomSize() const override { return 0; }
 
-    void run(double* signal, Bin* bins, Bin*, Progress const& progress) const override
+private:
+    void transform(double* signal, Bin* bins, Bin*, Progress const& progress) const override
     {
         progress.check();
         m_plan->run(signal, bins);
     }
 
-private:
     std::shared_ptr<FourierPlan const> m_plan;
 };
 
@@ -61,14 +62,16 @@ class PackedTransform : public RealTransform
 {
 public:
     PackedTransform(std::int64_t length, std::int64_t longest)
-        : m_half(length / 2, longest)
+        : RealTransform(length)
+        , m_half(length / 2, longest)
         , m_roots(static_cast<std::uint64_t>(length))
     {
     }
 
     std::size_t roomSize() const override { return static_cast<std::size_t>(m_half.length()); }
 
-    void run(double* signal, Bin* bins, Bin* room, Progress const& progress) const override
+private:
+    void transform(double* signal, Bin* bins, Bin* room, Progress const& progress) const override
     {
         std::int64_t const half = m_half.length();
         m_half.run(reinterpret_cast<Bin*>(signal), room, progress);
@@ -81,7 +84,6 @@ public:
         });
     }
 
-private:
     LongTransform m_half;
     UnitRoots m_roots;
 };
@@ -99,6 +101,16 @@ std::unique_ptr<RealTransform const> RealTransform::make(std::int64_t length, Pr
         return std::make_unique<PackedTransform>(length, longest);
     }
     return std::make_unique<WholeTransform>(length);
+}
+
+/// The sums of bins without a partner are real; what rounding has left there would turn the phase of a negative one to -180.
+void RealTransform::run(double* signal, Bin* bins, Bin* room, Progress const& progress) const
+{
+    transform(signal, bins, room, progress);
+    bins[0].imag(0.0);
+    if (m_length % 2 == 0) {
+        bins[m_length / 2].imag(0.0);
+    }
 }
 
 double RealTransform::bytesOf(std::int64_t length)

@@ -14,9 +14,9 @@ namespace veldraw::kernel {
 ///     auto const transform = RealTransform::make(1000, progress);
 ///     transform->run(signal, bins, room, progress);
 ///
-/// Bin k, from 0 to length / 2, is the sum of x[n] exp(-2 pi i k n / length); the others are the conjugates of these. Results
-/// do not depend on the number of threads. Threads may use a transform at a time, and a long one is itself done on all
-/// cores unless it is called by one of several threads.
+/// Bin k, from 0 to length / 2, is the sum of x[n] exp(-2 pi i k n / length); the others are the conjugates of these. Bin 0 and,
+/// of an even length, the last one are real. Results do not depend on the number of threads. Several threads may use a transform at
+/// the same time, and a long one is itself done on all cores unless it is called by one of several threads.
 class RealTransform
 {
 public:
@@ -39,11 +39,22 @@ public:
     virtual std::size_t roomSize() const = 0;
 
     /// All arrays begin at multiples of 16 bytes. @param signal is lost; @param room of roomSize() numbers
-    /// @throws Interrupted
-    virtual void run(double* signal, Bin* bins, Bin* room, Progress const& progress) const = 0;
+    /// @throws Interrupted, std::bad_alloc
+    void run(double* signal, Bin* bins, Bin* room, Progress const& progress) const;
 
 protected:
-    RealTransform() = default;
+    explicit RealTransform(std::int64_t length)
+        : m_length(length)
+    {
+    }
+
+    std::int64_t length() const { return m_length; }
+
+private:
+    /// Writes the bins for run(). Those that are real may have some rounding in their imaginary parts.
+    virtual void transform(double* signal, Bin* bins, Bin* room, Progress const& progress) const = 0;
+
+    std::int64_t m_length;
 };
 
 } // namespace veldraw::kernel

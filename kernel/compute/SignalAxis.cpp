@@ -26,11 +26,16 @@ double roundingOfSteps(FieldDataType_e type, double largestPlace)
     return 2.0 * share * largestPlace;
 }
 
+/// Whether steps between these two are none.
+bool isFlat(double leastStep, double largestStep)
+{
+    return !(leastStep < 0.0) && !(largestStep > 0.0);
+}
+
 /// Whether steps between these two all rise, all fall, or are none.
 bool isAxisSoFar(double leastStep, double largestStep)
 {
-    bool const isConstant = !(leastStep < 0.0) && !(largestStep > 0.0);
-    return leastStep > 0.0 || largestStep < 0.0 || isConstant;
+    return leastStep > 0.0 || largestStep < 0.0 || isFlat(leastStep, largestStep);
 }
 
 } // namespace
@@ -110,6 +115,7 @@ bool SignalAxis::followAll(std::int64_t first, double const* places, std::int64_
     if (std::isnan(sum) || !isAxisSoFar(least, largest)) {
         return false;
     }
+    m_second = m_knownCount == 1 ? first : m_second;
     m_leastStep = least;
     m_largestStep = largest;
     m_last = first + number - 1;
@@ -127,11 +133,13 @@ void SignalAxis::follow(std::int64_t number, double place)
     } else {
         double const difference = place - m_lastPlace;
         double const step = number - m_last == 1 ? difference : difference / static_cast<double>(number - m_last);
+        bool const wasFlat = m_knownCount > 1 && isFlat(m_leastStep, m_largestStep);
+        m_second = m_knownCount == 1 ? number : m_second;
         m_leastStep = m_knownCount == 1 ? step : std::min(m_leastStep, step);
         m_largestStep = m_knownCount == 1 ? step : std::max(m_largestStep, step);
         if (!isAxisSoFar(m_leastStep, m_largestStep)) {
             m_fault = Fault::IsNotSteady;
-            m_faultAt = number;
+            m_faultAt = wasFlat ? m_second : number; // where the axis stood still it is not the first step to blame
         }
     }
     m_last = number;
@@ -141,7 +149,7 @@ void SignalAxis::follow(std::int64_t number, double place)
 
 void SignalAxis::measure(FieldDataType_e type)
 {
-    if (!(m_leastStep < 0.0) && !(m_largestStep > 0.0)) {
+    if (isFlat(m_leastStep, m_largestStep)) {
         m_fault = Fault::IsConstant;
         return;
     }

@@ -38,7 +38,7 @@ public:
     SignalAxis(std::shared_ptr<Buffer const> const& places, Values values, Progress const& progress);
 
     Fault fault() const { return m_fault; }
-    std::int64_t faultAt() const { return m_faultAt; } ///< zero-based value that does not go on as those before it
+    std::int64_t faultAt() const { return m_faultAt; } ///< zero-based value that does not go on as the others
 
     std::int64_t count() const { return m_values.count; }
 
@@ -67,7 +67,8 @@ private:
     Fault m_fault = Fault::None;
     std::int64_t m_faultAt = 0;
     std::int64_t m_knownCount = 0;
-    std::int64_t m_first = 0; // the first and the last value whose places are known
+    std::int64_t m_first = 0; // the first, the second and the last value whose places are known
+    std::int64_t m_second = 0;
     std::int64_t m_last = 0;
     double m_firstPlace = 0.0;
     double m_lastPlace = 0.0;

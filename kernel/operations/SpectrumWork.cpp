@@ -139,16 +139,16 @@ private:
         if (m_choice.includeConjugates) {
             writeConjugates(amplitudes, phases, progress);
         } else {
-            halveLonely(amplitudes);
+            writeLonely(bins, share, backScale, amplitudes);
         }
     }
 
-    /// The bins that are their own conjugates are not doubled.
-    void halveLonely(double* amplitudes) const
+    /// The bins that are their own conjugates, and real, are not doubled, not even on the way: it might be too much for a number.
+    void writeLonely(Bin const* bins, double share, double backScale, double* amplitudes) const
     {
-        amplitudes[0] *= 0.5;
+        amplitudes[0] = std::abs(bins[0].real()) * share * backScale;
         if (m_length % 2 == 0) {
-            amplitudes[m_length / 2] *= 0.5;
+            amplitudes[m_length / 2] = std::abs(bins[m_length / 2].real()) * share * backScale;
         }
     }
 
@@ -160,7 +160,7 @@ private:
             }
             amplitudes[bin] = amplitudes[m_length - bin];
             double const phase = phases[m_length - bin];
-            phases[bin] = phase < 180.0 ? -phase : phase;
+            phases[bin] = phase < 180.0 ? 0.0 - phase : phase;
         }
     }
 

@@ -53,6 +53,14 @@ TEST(PolarFormTest, GivesRoundAnglesExactly)
     EXPECT_EQ(polar(numbers).degrees, (std::vector<double>{0, 45, 90, 135, 180, 180, -135, -90, -45}));
 }
 
+TEST(PolarFormTest, StaysAboveMinus180JustBelowTheNegativeNumbers)
+{
+    std::vector<Complex> const numbers{{-1, -1e-20}, {-1e30, -1e-30}, {-5, -5e-324}};
+    EXPECT_EQ(polar(numbers).degrees, (std::vector<double>{180, 180, 180}));
+    EXPECT_GT(polar({{-1, -1e-13}}).degrees[0], -180.0);
+    EXPECT_LT(polar({{-1, -1e-13}}).degrees[0], -179.0);
+}
+
 TEST(PolarFormTest, GivesTheNumberZeroAnAngleOfZero)
 {
     Polar const result = polar({{0.0, 0.0}});

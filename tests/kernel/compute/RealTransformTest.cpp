@@ -146,6 +146,17 @@ TEST(RealTransformTest, GivesEachBinTheSameForADelta)
     }
 }
 
+TEST(RealTransformTest, GivesRealNumbersInTheBinsThatAreTheirOwnConjugates)
+{
+    for (std::size_t const length : {360U, 6U * 61U, 1009U, 2U * 997U, 30000U}) {
+        for (std::int64_t const longest : {std::int64_t{100}, LongTransform::longestWhole}) {
+            Bins const bins = transformed(randomSignal(length), longest);
+            EXPECT_EQ(bins[0].imag(), 0.0) << length;
+            EXPECT_EQ(bins[length / 2].imag() == 0.0, length % 2 == 0) << length;
+        }
+    }
+}
+
 TEST(RealTransformTest, IsLinear)
 {
     for (std::size_t const length : {360U, 1009U}) {
@@ -194,7 +205,7 @@ TEST(RealTransformTest, GivesTheSameBitsWithAnyNumberOfThreads)
     }
 }
 
-TEST(RealTransformTest, IsUsedByThreadsAtATimeAndMadeByThemToo)
+TEST(RealTransformTest, IsUsedBySeveralThreadsAtTheSameTimeAndMadeByThemToo)
 {
     std::vector<Numbers> signals;
     std::vector<Bins> expected;

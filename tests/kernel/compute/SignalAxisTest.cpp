@@ -48,14 +48,29 @@ TEST(SignalAxisTest, FindsThePlaceThatTurnsBackWhereverItIs)
                 for (double& place : places) {
                     place = falls ? -place : place;
                 }
-                if (at == 1) {
-                    places[2] = places[0] + (falls ? -3.0 : 3.0); // else the whole would go on from there
-                }
                 SignalAxis const axis = axisOf(places);
                 EXPECT_EQ(axis.fault(), Fault::IsNotSteady) << at;
-                EXPECT_EQ(axis.faultAt(), at == 1 ? 2 : static_cast<std::int64_t>(at)) << falls << ' ' << step;
+                bool const beginsToTurn = at == 1 && step < 0.0; // the first step is right, and the second one turns
+                EXPECT_EQ(axis.faultAt(), beginsToTurn ? 2 : static_cast<std::int64_t>(at)) << falls << ' ' << step;
             }
         }
+    }
+}
+
+TEST(SignalAxisTest, BlamesTheSecondPlaceWhereItStandsStillAtFirst)
+{
+    EXPECT_EQ(axisOf({0, 0, 0, 1, 2}).faultAt(), 1);
+    EXPECT_EQ(axisOf({0, 0, 0, -1, -2}).faultAt(), 1);
+    EXPECT_EQ(axisOf({notANumber, 0, infinity, 0, 1, 2}).faultAt(), 3);
+    EXPECT_EQ(axisOf({0, 1, 1, 2, 3}).faultAt(), 2);
+    for (std::size_t const still : anywhere) {
+        Numbers places = even();
+        std::fill(places.begin(), places.begin() + static_cast<std::ptrdiff_t>(still), places[still]);
+        SignalAxis const axis = axisOf(places);
+        EXPECT_EQ(axis.fault(), still < 1599 ? Fault::IsNotSteady : Fault::IsConstant) << still;
+        EXPECT_EQ(axis.faultAt(), still < 1599 ? 1 : 0) << still;
+        places.insert(places.begin(), 511, notANumber); // the second place is the first one of a block
+        EXPECT_EQ(axisOf(places).faultAt(), still < 1599 ? 512 : 0) << still;
     }
 }
 

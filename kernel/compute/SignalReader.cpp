@@ -16,16 +16,18 @@ constexpr std::int64_t stepsBetweenChecks = 65536;
 class SignalLine
 {
 public:
-    SignalLine(double* signal, std::int64_t count)
+    SignalLine(double* signal, std::int64_t count, Progress const& progress)
         : m_signal(signal)
         , m_count(count)
+        , m_progress(progress)
     {
     }
 
-    /// @param steps of the spacing to where the value is
+    /// @param steps of the spacing to where the value is. @throws Interrupted
     void add(double steps, double value)
     {
         for (; m_next < m_count && static_cast<double>(m_next) <= steps; ++m_next) {
+            look();
             m_signal[m_next] = at(static_cast<double>(m_next), steps, value);
         }
         m_hasBefore = true;
@@ -33,9 +35,24 @@ public:
         m_value = value;
     }
 
-    void end() { std::fill(m_signal + std::min(m_next, m_count), m_signal + m_count, m_value); }
+    /// @throws Interrupted
+    void end()
+    {
+        for (; m_next < m_count; ++m_next) {
+            look();
+            m_signal[m_next] = m_value;
+        }
+    }
 
 private:
+    /// Looks for a cancel every now and then, also within long gaps.
+    void look() const
+    {
+        if (m_next % stepsBetweenChecks == 0) {
+            m_progress.check();
+        }
+    }
+
     double at(double step, double steps, double value) const
     {
         if (!m_hasBefore || !(step < steps)) {
@@ -47,6 +64,7 @@ private:
 
     double* m_signal;
     std::int64_t m_count;
+    Progress const& m_progress;
     std::int64_t m_next = 0; // the value of the signal that is to come
     bool m_hasBefore = false;
     double m_steps = 0.0; // of the value before
@@ -98,7 +116,7 @@ bool SignalReader::readAll(double* signal, Progress const& progress)
 void SignalReader::readKnown(double* signal, Progress const& progress)
 {
     std::int64_t const count = m_axis.count();
-    SignalLine line(signal, count);
+    SignalLine line(signal, count, progress);
     for (std::int64_t step = 0; step < count; ++step) {
         if (step % stepsBetweenChecks == 0) {
             progress.check();

@@ -66,8 +66,9 @@ int FourierResults::earlierVariables(int dependent) const
 {
     std::vector<TransformRecord::ResultVariables> const& known = m_parts.record.variables;
     for (auto result = known.rbegin(); result != known.rend(); ++result) {
-        int const first = m_dataSet->variableNumber(result->variables[0]);
-        bool areThere = first > 0 && result->source == m_dataSet->variable(dependent)->id;
+        bool const isOfThis = result->source == m_dataSet->variable(dependent)->id;
+        int const first = isOfThis ? m_dataSet->variableNumber(result->variables[0]) : 0;
+        bool areThere = first > 0;
         for (int place = 0; place < 3 && areThere; ++place) {
             std::shared_ptr<Variable> const variable = m_dataSet->variable(first + place);
             areThere =

@@ -140,10 +140,10 @@ std::shared_ptr<DeferredLoad> FourierTransform::needs()
 void FourierTransform::compute(Progress& progress)
 {
     auto const start = std::chrono::steady_clock::now();
-    double const available = availableMemory();
-    m_axes.assign(m_sources.size(), nullptr);
+    m_axes.assign(m_sources.size(), nullptr); // a first try may have left its results
     m_frequencies.clear();
     m_spectra.clear();
+    double const available = availableMemory();
     std::vector<int> const sources = toVector(m_sources);
     forEachInParallel(static_cast<std::int64_t>(sources.size()), [&](std::int64_t at) {
         m_axes[static_cast<std::size_t>(at)] = makeAxis(sources[static_cast<std::size_t>(at)], progress);

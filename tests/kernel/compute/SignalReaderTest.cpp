@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
+#include <numeric>
 #include <random>
 #include <vector>
 
@@ -115,6 +116,29 @@ TEST(SignalReaderTest, TellsTheLargestMagnitude)
     LookCounter counter;
     ASSERT_TRUE(bridged.read(signal.data(), counter));
     EXPECT_GE(counter.looks(), 2);
+}
+
+TEST(SignalReaderTest, LooksForACancelWhileItFillsALongGap)
+{
+    constexpr std::size_t count = 1000000;
+    Numbers places(count);
+    std::iota(places.begin(), places.end(), 0.0);
+    SignalAxis const axis(sample::buffer(places), {count, false, nullptr}, Progress());
+    auto const looksWithGap = [&](std::size_t first, std::size_t last) {
+        Numbers values(count, 1.0);
+        std::fill(values.begin() + static_cast<std::ptrdiff_t>(first),
+                  values.begin() + static_cast<std::ptrdiff_t>(last), notANumber);
+        SignalReader reader(sample::buffer(values), axis);
+        Numbers signal(count);
+        LookCounter counter;
+        EXPECT_TRUE(reader.read(signal.data(), counter));
+        EXPECT_EQ(signal, Numbers(count, 1.0));
+        return counter.looks();
+    };
+    // One look for each 65536 values that are read, and one for as many that are written.
+    EXPECT_GE(looksWithGap(0, 480000), 1 + 16 + 16);
+    EXPECT_GE(looksWithGap(1000, 490000), 1 + 16 + 16);
+    EXPECT_GE(looksWithGap(520000, count), 8 + 16 + 16);
 }
 
 } // namespace veldraw::tests

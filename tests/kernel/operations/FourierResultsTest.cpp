@@ -248,17 +248,28 @@ TEST_F(FourierResultsTest, KeepsTheUsersNotesAndDropsThoseThatHoldNoMore)
     EXPECT_EQ(data.item(data.indexOf("Fourier.Bridged")).value, "U: 1");
 }
 
-TEST_F(FourierResultsTest, ReplacesAZoneThatIsASourceItself)
+TEST_F(FourierResultsTest, TransformsAResult)
 {
     ASSERT_TRUE(transform({1}, {U}));
-    Numbers const amplitudes = valuesOf(3, 5);
     int const frequency = 4;
-    Choice choice = replacing();
-    ASSERT_TRUE(transform({3}, {5}, choice, frequency));
+    ASSERT_TRUE(transform({3}, {5}, replacing(), frequency));
     EXPECT_THAT(resultZones, ElementsAre(4));
-    expectSpectrum(4, 7, amplitudes, 0.1);
+    expectSpectrum(4, 7, valuesOf(3, 5), 0.1);
     EXPECT_EQ(dataSet->zone(4)->name, "Fourier Transform of Fourier Transform of S1");
     EXPECT_EQ(dataSet->variable(8)->name, "Amplitude of Amplitude of U");
+}
+
+TEST_F(FourierResultsTest, ReadsAZoneThatItReplacesInTheSameRunAsItWas)
+{
+    ASSERT_TRUE(transform({1}, {U}));
+    setField(3, time, evenTimes(21));
+    Numbers const amplitudes = valuesOf(3, 5);
+    alter(1, U, 70);
+    ASSERT_TRUE(transform({1, 3}, {U, 5}, replacing()));
+    EXPECT_THAT(resultZones, ElementsAre(3, 4));
+    EXPECT_THAT(resultVariables, ElementsAre(4, 5, 6, 7, 8, 9));
+    expectSpectrum(3, 4, noise(40, 70), 0.25);
+    expectSpectrum(4, 7, amplitudes, 0.25);
 }
 
 TEST_F(FourierResultsTest, GoesBackAndForthThroughRunsOfAllKindsToTheLastBit)

@@ -65,6 +65,13 @@ std::string stateDigest(DataSet const& dataSet)
         }
         out << '\n';
     }
+    for (TransformRecord::ResultZone const& result : dataSet.transformRecord().zones) {
+        out << "zone " << result.zone << " transformed from " << result.source << '\n';
+    }
+    for (TransformRecord::ResultVariables const& result : dataSet.transformRecord().variables) {
+        out << "variables " << result.variables[0] << ' ' << result.variables[1] << ' ' << result.variables[2]
+            << " transformed from " << result.source << '\n';
+    }
     return out.str();
 }
 

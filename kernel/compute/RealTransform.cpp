@@ -113,14 +113,24 @@ void RealTransform::run(double* signal, Bin* bins, Bin* room, Progress const& pr
     }
 }
 
-double RealTransform::bytesOf(std::int64_t length)
+double RealTransform::bytesOfTables(std::int64_t length)
 {
     constexpr double bytesOfBin = sizeof(Bin);
     if (isConvolution(length, LongTransform::longestWhole)) {
         auto const padded = static_cast<double>(ChirpTransform::paddedLength(length));
-        return bytesOfBin * (static_cast<double>(length) + 5.0 * padded); // with the tables of FFTW
+        return bytesOfBin *
+               (static_cast<double>(length) + 3.0 * padded); // with those of FFTW, and what makes the filter
     }
-    return bytesOfBin * 2.0 * static_cast<double>(length);
+    return bytesOfBin * static_cast<double>(length);
+}
+
+double RealTransform::bytesOfRoom(std::int64_t length)
+{
+    constexpr double bytesOfBin = sizeof(Bin);
+    if (isConvolution(length, LongTransform::longestWhole)) {
+        return bytesOfBin * 2.0 * static_cast<double>(ChirpTransform::paddedLength(length));
+    }
+    return isCut(length, LongTransform::longestWhole) ? bytesOfBin * 0.5 * static_cast<double>(length) : 0.0;
 }
 
 } // namespace veldraw::kernel

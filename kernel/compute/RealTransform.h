@@ -28,8 +28,9 @@ public:
     static std::unique_ptr<RealTransform const> make(std::int64_t length, Progress const& progress,
                                                      std::int64_t longest = LongTransform::longestWhole);
 
-    /// Bytes that the tables of make() take, and the longest room.
-    static double bytesOf(std::int64_t length);
+    /// Bytes that make() takes for its tables, and run() for the room of one thread.
+    static double bytesOfTables(std::int64_t length);
+    static double bytesOfRoom(std::int64_t length);
 
     virtual ~RealTransform() = default;
     RealTransform(RealTransform const&) = delete;

@@ -27,7 +27,7 @@ double roundingOfSteps(FieldDataType_e type, double largestPlace)
 }
 
 /// Whether steps between these two are none.
-bool isFlat(double leastStep, double largestStep)
+bool standsStill(double leastStep, double largestStep)
 {
     return !(leastStep < 0.0) && !(largestStep > 0.0);
 }
@@ -35,7 +35,7 @@ bool isFlat(double leastStep, double largestStep)
 /// Whether steps between these two all rise, all fall, or are none.
 bool isAxisSoFar(double leastStep, double largestStep)
 {
-    return leastStep > 0.0 || largestStep < 0.0 || isFlat(leastStep, largestStep);
+    return leastStep > 0.0 || largestStep < 0.0 || standsStill(leastStep, largestStep);
 }
 
 } // namespace
@@ -133,7 +133,7 @@ void SignalAxis::follow(std::int64_t number, double place)
     } else {
         double const difference = place - m_lastPlace;
         double const step = number - m_last == 1 ? difference : difference / static_cast<double>(number - m_last);
-        bool const wasFlat = m_knownCount > 1 && isFlat(m_leastStep, m_largestStep);
+        bool const wasFlat = m_knownCount > 1 && standsStill(m_leastStep, m_largestStep);
         m_second = m_knownCount == 1 ? number : m_second;
         m_leastStep = m_knownCount == 1 ? step : std::min(m_leastStep, step);
         m_largestStep = m_knownCount == 1 ? step : std::max(m_largestStep, step);
@@ -149,7 +149,7 @@ void SignalAxis::follow(std::int64_t number, double place)
 
 void SignalAxis::measure(FieldDataType_e type)
 {
-    if (isFlat(m_leastStep, m_largestStep)) {
+    if (standsStill(m_leastStep, m_largestStep)) {
         m_fault = Fault::IsConstant;
         return;
     }

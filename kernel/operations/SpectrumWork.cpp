@@ -9,8 +9,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <map>
 #include <mutex>
+#include <numeric>
+#include <set>
 #include <stdexcept>
 #include <thread>
 
@@ -72,6 +75,9 @@ double scaleOf(double largest)
     return isUsual || !(largest > 0.0) ? 1.0 : std::ldexp(1.0, std::clamp(-std::ilogb(largest), -1000, 1000));
 }
 
+/// A spectrum is counted as done by thirds: when its signal has been read, transformed, and written.
+constexpr std::int64_t stagesOfSpectrum = 3;
+
 /// Makes spectra of signals of one length.
 class SpectrumMaker
 {
@@ -94,12 +100,13 @@ public:
             std::unique_ptr<WorkRoom> room = m_rooms.take();
             transform(spectrum, *room, progress);
             m_rooms.giveBack(std::move(room));
+        } else {
+            progress.advance(stagesOfSpectrum * m_length);
         }
-        progress.advance(m_length);
     }
 
 private:
-    void transform(Spectrum& spectrum, WorkRoom& room, Progress const& progress) const
+    void transform(Spectrum& spectrum, WorkRoom& room, Progress& progress) const
     {
         double* const signal = room.signal.begin();
         SignalReader reader(spectrum.values, *spectrum.axis);
@@ -117,8 +124,11 @@ private:
             }
             m_window.apply(first, size, signal + first);
         }
+        progress.advance(m_length);
         m_transform->run(signal, room.bins.begin(), room.others.begin(), progress);
+        progress.advance(m_length);
         write(room.bins.begin(), scale, spectrum, progress);
+        progress.advance(m_length);
     }
 
     void write(Bin const* bins, double scale, Spectrum& spectrum, Progress const& progress) const
@@ -173,16 +183,59 @@ private:
     WorkRooms m_rooms;
 };
 
-using Group = std::vector<Spectrum*>;
+/// By length, the places of the spectra among all.
+using PlacesByLength = std::map<std::int64_t, std::vector<std::size_t>>;
 
-/// Signals of one length, for all lengths.
-std::map<std::int64_t, Group> groupsOf(std::vector<Spectrum>& spectra)
+PlacesByLength placesByLength(std::vector<Spectrum> const& spectra)
 {
-    std::map<std::int64_t, Group> groups;
-    for (Spectrum& spectrum : spectra) {
-        groups[spectrum.axis->count()].push_back(&spectrum);
+    PlacesByLength groups;
+    for (std::size_t at = 0; at < spectra.size(); ++at) {
+        groups[spectra[at].axis->count()].push_back(at);
     }
     return groups;
+}
+
+/// Whether a thread makes all spectra of one length, while others make those of other lengths. All threads make those of a length
+/// together where that keeps at least as many of them busy, or where the transform itself takes all cores.
+bool isForOneThread(PlacesByLength::value_type const& group, std::size_t lengths)
+{
+    return group.first <= LongTransform::longestWhole && group.second.size() < lengths;
+}
+
+/// Bytes of the frequencies, which those spectra share that have the same.
+double bytesOfFrequencies(std::vector<Spectrum> const& spectra, SpectrumChoice const& choice)
+{
+    std::set<std::pair<std::int64_t, double>> known;
+    double sum = 0.0;
+    for (Spectrum const& spectrum : spectra) {
+        std::int64_t const count = spectrum.axis->count();
+        if (known.insert({count, spectrum.axis->spacing()}).second) {
+            sum += static_cast<double>(Buffer::bytesOf(FieldDataType_Double, choice.binCount(count)));
+        }
+    }
+    return sum;
+}
+
+/// The most bytes that makeSpectra() takes at a time beside the results.
+double bytesOfWork(std::vector<Spectrum> const& spectra)
+{
+    std::size_t const threads = std::max(1U, std::thread::hardware_concurrency());
+    double most = 0.0;
+    std::vector<double> atTheSameTime; // of groups that are for one thread
+    PlacesByLength const groups = placesByLength(spectra);
+    for (auto const& group : groups) {
+        auto const length = static_cast<double>(group.first);
+        double const tables = RealTransform::bytesOfTables(group.first) + 4.0 * length; // half a window
+        double const room = RealTransform::bytesOfRoom(group.first) + 16.0 * length;
+        if (isForOneThread(group, groups.size())) {
+            atTheSameTime.push_back(tables + room);
+        } else {
+            most = std::max(most, tables + static_cast<double>(std::min(threads, group.second.size())) * room);
+        }
+    }
+    std::sort(atTheSameTime.begin(), atTheSameTime.end(), std::greater<>());
+    atTheSameTime.resize(std::min(threads, atTheSameTime.size()));
+    return std::max(most, std::accumulate(atTheSameTime.begin(), atTheSameTime.end(), 0.0));
 }
 
 } // namespace
@@ -201,35 +254,44 @@ std::shared_ptr<Buffer> frequenciesOf(SignalAxis const& axis, SpectrumChoice con
 
 void makeSpectra(std::vector<Spectrum>& spectra, SpectrumChoice const& choice, Progress& progress)
 {
-    for (auto const& [length, group] : groupsOf(spectra)) {
-        SpectrumMaker maker(length, choice, progress);
-        Group const& signals = group;
-        forEachInParallel(static_cast<std::int64_t>(signals.size()),
-                          [&](std::int64_t at) { maker.make(*signals[static_cast<std::size_t>(at)], progress); });
+    PlacesByLength const groups = placesByLength(spectra);
+    std::vector<PlacesByLength::const_pointer> forOneThread;
+    for (auto const& group : groups) {
+        if (isForOneThread(group, groups.size())) {
+            forOneThread.push_back(&group);
+        } else {
+            SpectrumMaker maker(group.first, choice, progress);
+            forEachInParallel(static_cast<std::int64_t>(group.second.size()), [&](std::int64_t at) {
+                maker.make(spectra[group.second[static_cast<std::size_t>(at)]], progress);
+            });
+        }
     }
+    forEachInParallel(static_cast<std::int64_t>(forOneThread.size()), [&](std::int64_t at) {
+        auto const& [length, places] = *forOneThread[static_cast<std::size_t>(at)];
+        SpectrumMaker maker(length, choice, progress);
+        for (std::size_t const place : places) {
+            maker.make(spectra[place], progress);
+        }
+    });
 }
 
 std::int64_t effortOf(std::vector<Spectrum> const& spectra)
 {
     std::int64_t sum = 0;
     for (Spectrum const& spectrum : spectra) {
-        sum += spectrum.axis->count();
+        sum += stagesOfSpectrum * spectrum.axis->count();
     }
     return sum;
 }
 
 double bytesOf(std::vector<Spectrum> const& spectra, SpectrumChoice const& choice)
 {
-    double sum = 0.0;
-    std::int64_t longest = 0;
+    double results = bytesOfFrequencies(spectra, choice);
     for (Spectrum const& spectrum : spectra) {
-        sum +=
-            2.0 * static_cast<double>(Buffer::bytesOf(FieldDataType_Double, choice.binCount(spectrum.axis->count())));
-        longest = std::max(longest, spectrum.axis->count());
+        std::int64_t const bins = choice.binCount(spectrum.axis->count());
+        results += 2.0 * static_cast<double>(Buffer::bytesOf(FieldDataType_Double, bins));
     }
-    double const threads = std::min(static_cast<double>(spectra.size()),
-                                    std::max(1.0, static_cast<double>(std::thread::hardware_concurrency())));
-    return sum + threads * (RealTransform::bytesOf(longest) + 16.0 * static_cast<double>(longest));
+    return results + bytesOfWork(spectra);
 }
 
 } // namespace veldraw::kernel

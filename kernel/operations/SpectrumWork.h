@@ -36,7 +36,8 @@ struct Spectrum
 /// The frequencies of spectra over an axis: cycles in a unit of the independent variable. @throws Interrupted, std::bad_alloc
 std::shared_ptr<Buffer> frequenciesOf(SignalAxis const& axis, SpectrumChoice const& choice, Progress const& progress);
 
-/// Makes the spectra of all signals on all cores.
+/// Makes the spectra of all signals on all cores: those of one length side by side, or those of several lengths where there are
+/// more of these.
 ///
 /// The amplitude of a bin is its magnitude divided by the sum of the window's factors; without conjugates it is doubled but for the
 /// zero bin and, of an even number of values, the last one, which have no conjugate. So a tone shows its amplitude.
@@ -47,7 +48,7 @@ void makeSpectra(std::vector<Spectrum>& spectra, SpectrumChoice const& choice, P
 /// Units by which makeSpectra() advances the progress.
 std::int64_t effortOf(std::vector<Spectrum> const& spectra);
 
-/// Bytes that makeSpectra() takes, results included.
+/// Bytes that makeSpectra() takes at most at a time, with its results and their frequencies.
 double bytesOf(std::vector<Spectrum> const& spectra, SpectrumChoice const& choice);
 
 } // namespace veldraw::kernel

@@ -5,8 +5,12 @@
 #include "tests/kernel/support/SampleLoader.h"
 #include "tests/support/SpecialNumbers.h"
 
+#include <condition_variable>
+#include <mutex>
 #include <numeric>
 #include <omp.h>
+#include <set>
+#include <thread>
 
 namespace veldraw::tests {
 
@@ -18,6 +22,46 @@ namespace {
 
 constexpr WindowFunction_e windows[] = {WindowFunction_Rectangular, WindowFunction_Triangular, WindowFunction_Hann,
                                         WindowFunction_Hamming};
+
+/// Notes how much is done at each look for a cancel.
+class FractionLog : public Progress
+{
+public:
+    bool isInterrupted() const override
+    {
+        std::lock_guard<std::mutex> const lock(m_mutex);
+        m_fractions.insert(fraction());
+        return Progress::isInterrupted();
+    }
+
+    std::set<double> const& fractions() const { return m_fractions; }
+
+private:
+    mutable std::mutex m_mutex;
+    mutable std::set<double> m_fractions;
+};
+
+/// Holds the first thread that looks for a cancel until another one does too.
+class SecondThread : public Progress
+{
+public:
+    bool isInterrupted() const override
+    {
+        std::unique_lock<std::mutex> lock(m_mutex);
+        m_threads.insert(std::this_thread::get_id());
+        m_changed.notify_all();
+        m_hasGivenUp = m_hasGivenUp || !m_changed.wait_for(lock, std::chrono::minutes(1), [this] { return hasCome(); });
+        return m_hasGivenUp;
+    }
+
+    bool hasCome() const { return m_threads.size() > 1; }
+
+private:
+    mutable std::mutex m_mutex;
+    mutable std::condition_variable m_changed;
+    mutable std::set<std::thread::id> m_threads;
+    mutable bool m_hasGivenUp = false;
+};
 
 class FourierTransformTest : public FourierFixture
 {
@@ -46,6 +90,19 @@ protected:
         choice.obeyBlanking = true;
         return choice;
     }
+
+    /// A signal of zeros.
+    static Spectrum silence(std::size_t length)
+    {
+        Spectrum spectrum;
+        auto const count = static_cast<std::int64_t>(length);
+        spectrum.axis = std::make_shared<SignalAxis>(sample::buffer(evenTimes(length)),
+                                                     SignalAxis::Values{count, false, nullptr}, Progress());
+        return spectrum;
+    }
+
+    /// Bytes of the amplitudes and phases of a signal.
+    static double bytesOfResults(std::size_t length) { return 16.0 * static_cast<double>(length / 2 + 1); }
 
     static Numbers tone(std::size_t count, double cycles, double amplitude, double degrees)
     {
@@ -505,6 +562,59 @@ TEST_F(FourierTransformTest, CountsToItsEnd)
     operation.needs()->load(progress);
     operation.compute(progress);
     EXPECT_EQ(progress.fraction(), 1.0);
+}
+
+TEST_F(FourierTransformTest, CountsAlsoWithinOneSpectrum)
+{
+    addNoise(300000);
+    FourierTransform operation(*dataSet, time, {U}, {1}, {});
+    FractionLog log;
+    ASSERT_EQ(operation.find(session.pages()), "");
+    Progress loading;
+    operation.needs()->load(loading);
+    operation.compute(log);
+    EXPECT_THAT(log.fractions(), ElementsAre(0.0, testing::DoubleEq(1.0 / 3.0), testing::DoubleEq(2.0 / 3.0)));
+    EXPECT_EQ(log.fraction(), 1.0);
+}
+
+TEST_F(FourierTransformTest, TransformsSignalsOfSeveralLengthsAtTheSameTime)
+{
+    for (std::size_t const length : {100U, 101U, 102U, 103U}) {
+        ASSERT_TRUE(addNoise(length));
+    }
+    ASSERT_TRUE(transform({1, 2, 3, 4}));
+    for (int source = 1; source <= 4; ++source) {
+        expectSpectrum(source + 4, 4, valuesOf(source, U), 0.25);
+    }
+    std::vector<Spectrum> spectra{silence(100), silence(101), silence(102), silence(103)};
+    int const threads = omp_get_max_threads();
+    omp_set_num_threads(2);
+    SecondThread progress;
+    EXPECT_NO_THROW(makeSpectra(spectra, {}, progress));
+    omp_set_num_threads(threads);
+    EXPECT_TRUE(progress.hasCome());
+}
+
+TEST_F(FourierTransformTest, EstimatesTheTablesOfALengthOnceAndRoomForEachThread)
+{
+    constexpr double length = 100003.0; // a prime number
+    constexpr double padded = 150005.0; // at least, of the convolution
+    Spectrum const spectrum = silence(100003);
+    double const one = bytesOf({spectrum}, {});
+    double const two = bytesOf({spectrum, spectrum}, {});
+    double const ofTables = 16.0 * (length + padded);
+    double const ofRoom = 16.0 * (length + 2.0 * padded);
+    EXPECT_GT(one, bytesOfResults(100003) * 1.5 + ofTables + ofRoom);
+    EXPECT_LT(one, bytesOfResults(100003) * 1.5 + 3.0 * (ofTables + ofRoom));
+    EXPECT_LT(two - one, bytesOfResults(100003) + 1.1 * ofRoom);
+    EXPECT_GE(two - one, bytesOfResults(100003) + (std::thread::hardware_concurrency() > 1 ? ofRoom : 0.0));
+}
+
+TEST_F(FourierTransformTest, EstimatesTheMemoryOfTheLengthThatTakesMostNotOfTheLongest)
+{
+    std::size_t const longest = std::size_t{1} << 20U; // without large prime factors
+    Spectrum const convolved = silence(1000003);
+    EXPECT_GE(bytesOf({silence(longest), convolved}, {}), bytesOf({convolved}, {}) + bytesOfResults(longest));
 }
 
 TEST_F(FourierTransformTest, IsRefusedWhereTheResultsDoNotFitIntoTheMemory)

@@ -1,5 +1,5 @@
 // Fourier transforms of ten variables, with their result zones, beside bare calls of FFTW by two threads.
-#include "CancellingWaiter.h"
+#include "CancelMeasure.h"
 #include "Times.h"
 #include "kernel/operations/FourierTransform.h"
 #include "kernel/session/Session.h"
@@ -121,27 +121,8 @@ void fourierTransform(benchmark::State& state)
 void cancelFourierTransform(benchmark::State& state)
 {
     SignalStage stage(state.range(0));
-    Times whole;
-    whole.measure([&] { stage.transform(); });
-    stage.takeBack();
-    CancellingWaiter waiter;
-    stage.session.setWaiter(&waiter);
-    CancellingWaiter::Seconds longest{};
-    int number = 0;
-    for (auto _ : state) {
-        constexpr int cancelCount = 32;
-        waiter.setDelay(CancellingWaiter::Seconds(whole.clock) * (number++ % cancelCount) / cancelCount);
-        bool const isDone = stage.transform();
-        CancellingWaiter::Seconds const rest = waiter.sinceCancel();
-        state.SetIterationTime(rest.count());
-        longest = std::max(longest, rest);
-        if (isDone) {
-            stage.takeBack();
-        }
-    }
-    stage.session.setWaiter(nullptr);
-    state.counters["longest_ms"] = 1e3 * longest.count();
-    state.counters["whole_ms"] = 1e3 * whole.clock;
+    measureCancels(
+        state, stage.session, [&] { return stage.transform(); }, [&] { stage.takeBack(); });
 }
 
 } // namespace

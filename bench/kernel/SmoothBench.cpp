@@ -1,5 +1,6 @@
 // Smoothing of a block and of triangles, each beside plain loops that do the same, in the same run.
 #include "PeakMemory.h"
+#include "Times.h"
 #include "kernel/compute/WideLanes.h"
 #include "kernel/operations/SmoothVariable.h"
 #include "kernel/session/Session.h"
@@ -7,7 +8,6 @@
 #include <algorithm>
 #include <benchmark/benchmark.h>
 #include <cmath>
-#include <ctime>
 #include <numeric>
 #include <random>
 
@@ -15,27 +15,8 @@ using namespace veldraw::kernel;
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
 constexpr int passes = 50;
 constexpr double weight = 0.5;
-
-/// The least time of several runs, by the clock and of all processors.
-struct Least
-{
-    double seconds = 1e300;
-    double processorSeconds = 1e300;
-
-    template <typename Body>
-    void run(Body const& body)
-    {
-        std::clock_t const processor = std::clock();
-        auto const start = Clock::now();
-        body();
-        seconds = std::min(seconds, std::chrono::duration<double>(Clock::now() - start).count());
-        processorSeconds = std::min(processorSeconds, static_cast<double>(std::clock() - processor) / CLOCKS_PER_SEC);
-    }
-};
 
 /// A session in space over one zone with the variable P.
 class Stage
@@ -73,12 +54,12 @@ private:
 template <typename Peer>
 void compare(benchmark::State& state, Stage& stage, Peer const& peer)
 {
-    Least ours;
-    Least theirs;
+    Times ours;
+    Times theirs;
     double difference = 0;
     for (auto _ : state) {
         bool isDone = false;
-        ours.run([&] { isDone = stage.smooth(); });
+        ours.measure([&] { isDone = stage.smooth(); });
         if (!isDone) {
             state.SkipWithError("the smoothing was refused");
             return;
@@ -92,10 +73,10 @@ void compare(benchmark::State& state, Stage& stage, Peer const& peer)
         stage.takeBack();
         state.ResumeTiming();
     }
-    state.counters["peer_s"] = theirs.seconds;
-    state.counters["ratio"] = ours.seconds / theirs.seconds;
-    state.counters["processor_s"] = ours.processorSeconds;
-    state.counters["processor_ratio"] = ours.processorSeconds / theirs.processorSeconds;
+    state.counters["peer_s"] = theirs.clock;
+    state.counters["ratio"] = ours.clock / theirs.clock;
+    state.counters["processor_s"] = ours.processor;
+    state.counters["processor_ratio"] = ours.processor / theirs.processor;
     state.counters["difference"] = difference;
 }
 
@@ -111,11 +92,11 @@ void smoothRow(float const* __restrict row, std::int64_t edge, float* __restrict
 }
 
 /// The seven-point loop between two arrays; the time of the loops alone.
-std::vector<float> smoothBetweenArrays(std::vector<float> const& values, std::int64_t edge, Least& least)
+std::vector<float> smoothBetweenArrays(std::vector<float> const& values, std::int64_t edge, Times& least)
 {
     std::vector<float> before = values;
     std::vector<float> after = values;
-    least.run([&] {
+    least.measure([&] {
         for (int pass = 0; pass < passes; ++pass) {
             float const* const from = before.data();
             float* const to = after.data();
@@ -140,7 +121,7 @@ void block(benchmark::State& state)
     auto const buffer = Buffer::allocate(FieldDataType_Float, edge * edge * edge);
     std::copy(values.begin(), values.end(), static_cast<float*>(buffer->mutableData()));
     Stage stage(std::make_shared<Zone>("block", ZoneType_Ordered, edge, edge, edge), buffer);
-    compare(state, stage, [&](Least& least) { return smoothBetweenArrays(values, edge, least); });
+    compare(state, stage, [&](Times& least) { return smoothBetweenArrays(values, edge, least); });
     double const arrays = peakBytes([&] { stage.smooth(); }) / static_cast<double>(buffer->bytes()) - 1;
     state.counters["memory"] = arrays; // beyond the result, for each byte of it
 }
@@ -227,11 +208,11 @@ struct Rows
 
 /// The loop over compressed rows, with the making of the rows.
 std::vector<double> smoothByRows(std::vector<double> const& values, std::vector<std::int64_t> const& corners,
-                                 Least& least)
+                                 Times& least)
 {
     std::vector<double> before = values;
     std::vector<double> after = values;
-    least.run([&] {
+    least.measure([&] {
         Rows const rows(corners, values.size());
         for (int pass = 0; pass < passes; ++pass) {
 #pragma omp parallel for schedule(static)
@@ -259,7 +240,7 @@ void triangles(benchmark::State& state)
     auto const buffer = Buffer::allocate(FieldDataType_Double, 1000 * 1000);
     std::copy(values.begin(), values.end(), static_cast<double*>(buffer->mutableData()));
     Stage stage(mesh.zone, buffer);
-    compare(state, stage, [&](Least& least) { return smoothByRows(values, mesh.corners, least); });
+    compare(state, stage, [&](Times& least) { return smoothByRows(values, mesh.corners, least); });
     double const arrays = peakBytes([&] { stage.smooth(); }) / static_cast<double>(buffer->bytes()) - 1;
     state.counters["memory"] = arrays;
 }

@@ -1,5 +1,5 @@
 // Triangulation of random points, with and without a boundary, beside CGAL's own with what is needed to make a zone of it.
-#include "CancellingWaiter.h"
+#include "CancelMeasure.h"
 #include "PeakMemory.h"
 #include "Times.h"
 #include "kernel/operations/SetPlotType.h"
@@ -179,27 +179,8 @@ void triangulate(benchmark::State& state)
 void cancelTriangulation(benchmark::State& state)
 {
     Stage stage(randomPlaces(state.range(0)), outline(2000));
-    Times whole;
-    whole.measure([&] { stage.triangulate(); });
-    stage.takeBack();
-    CancellingWaiter waiter;
-    stage.session.setWaiter(&waiter);
-    CancellingWaiter::Seconds longest{};
-    int number = 0;
-    for (auto _ : state) {
-        constexpr int cancels = 32;
-        waiter.setDelay(CancellingWaiter::Seconds(whole.clock) * (number++ % cancels) / cancels);
-        bool const isDone = stage.triangulate();
-        CancellingWaiter::Seconds const rest = waiter.sinceCancel();
-        state.SetIterationTime(rest.count());
-        longest = std::max(longest, rest);
-        if (isDone) {
-            stage.takeBack();
-        }
-    }
-    stage.session.setWaiter(nullptr);
-    state.counters["longest_ms"] = 1e3 * longest.count();
-    state.counters["whole_ms"] = 1e3 * whole.clock;
+    measureCancels(
+        state, stage.session, [&] { return stage.triangulate(); }, [&] { stage.takeBack(); });
 }
 
 BENCHMARK(triangulate)

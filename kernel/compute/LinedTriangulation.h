@@ -62,11 +62,13 @@ private:
 
 #define CGAL_ALLOCATOR(Element) veldraw::kernel::plane::BlockAllocator<Element> // as CGAL/memory.h says
 
+#include <CGAL/Cartesian_converter.h>
 #include <CGAL/Constrained_Delaunay_triangulation_2.h>
 #include <CGAL/Delaunay_triangulation_2.h>
 #include <CGAL/Exact_predicates_inexact_constructions_kernel.h>
 #include <CGAL/Triangulation_face_base_with_info_2.h>
 #include <CGAL/Triangulation_vertex_base_with_info_2.h>
+#include <algorithm>
 #include <functional>
 #include <map>
 #include <stack>
@@ -175,7 +177,12 @@ public:
     void insertLine(Line const& line, OnCrossing const& onCrossing)
     {
         m_onCrossing = &onCrossing;
-        insertChain({line.from, line.to, line.isOfLoops, &line});
+        putOff({line.from, line.to, line.isOfLoops, &line});
+        while (!m_putOff.empty()) {
+            Piece const piece = m_putOff.top();
+            m_putOff.pop();
+            insertChain(piece);
+        }
     }
 
     /// Calls @p body with all edges of an odd number of loops, with the triangle at either side. It goes through all triangles, since
@@ -201,48 +208,22 @@ public:
     }
 
 protected:
-    /// Called by the library where an edge that is being inserted crosses the edge of a line.
+    /// Called by the library where an edge that is being inserted crosses the edge of a line. The edge of the line goes, and its two
+    /// pieces are inserted later like any others: rounding may have put the crossing beyond the triangles beside it, and the pieces
+    /// cross others then. They come to an end, since each piece has a smaller bounding box than the whole.
     VertexHandle intersect(Face_handle face, int index, VertexHandle from, VertexHandle to) override
     {
-        VertexHandle const first = face->vertex(cw(index));
-        VertexHandle const second = face->vertex(ccw(index));
-        Piece const crossed = pieceAt(first, second);
-        m_crossed = crossed.line;
-        VertexHandle crossing = insert_intersection(face, index, from, to, first, second, from->point(), to->point(),
-                                                    first->point(), second->point(), CGAL::Exact_predicates_tag());
-        // Where rounding puts the point beyond the triangles beside the edge, the library takes an end of the edge, however far that
-        // is. Mostly lines touch there, and the point is the end of the other one.
-        bool const isUntouched =
-            face->is_constrained(index) && face->vertex(cw(index)) == first && face->vertex(ccw(index)) == second;
-        if (isUntouched) {
-            Point const place = CGAL::almost_exact_intersection(geom_traits(), from->point(), to->point(),
-                                                                first->point(), second->point());
-            VertexHandle const near = isNearer(place, from, to) ? from : to;
-            if (isNearer(place, near, crossing)) {
-                remove_constrained_edge(face, index);
-                crossing = near;
+        Piece const crossed = pieceAt(face->vertex(cw(index)), face->vertex(ccw(index)));
+        Point const place = placeOfCrossing(from->point(), to->point(), crossed.from->point(), crossed.to->point());
+        for (VertexHandle const end : {crossed.from, crossed.to}) {
+            if (end->point() == place) {
+                return end;
             }
         }
-        replace(crossed, crossing);
-        return crossing;
-    }
-
-    /// Called by the library to insert the point at which lines cross. By rounding it may come to be on the edge of another line.
-    VertexHandle virtual_insert(Point const& place, FaceHandle start) override
-    {
-        Locate_type type{};
-        int index = 0;
-        FaceHandle const face = locate(place, type, index, start);
-        bool const isOnLine = type == EDGE && face->is_constrained(index);
-        VertexHandle const first = isOnLine ? face->vertex(cw(index)) : VertexHandle();
-        VertexHandle const second = isOnLine ? face->vertex(ccw(index)) : VertexHandle();
-        VertexHandle const crossing = insert(place, type, face, index);
-        if (crossing->info().value == noNumber) {
-            (*m_onCrossing)(crossing, *m_crossed);
-        }
-        if (isOnLine) {
-            replace(pieceAt(first, second), crossing);
-        }
+        remove_constrained_edge(face, index);
+        m_pieces.erase(endsOf(crossed.from, crossed.to));
+        VertexHandle const crossing = insertCrossing(place, face, *crossed.line);
+        putOffParts(crossed, crossing);
         return crossing;
     }
 
@@ -261,9 +242,43 @@ private:
         return std::minmax({a->info().value, b->info().value});
     }
 
-    static bool isNearer(Point const& place, VertexHandle a, VertexHandle b)
+    /// The crossing of two edges, computed exactly, rounded, and kept within their bounding boxes.
+    static Point placeOfCrossing(Point const& from, Point const& to, Point const& first, Point const& second)
     {
-        return CGAL::compare_distance_to_point(place, a->point(), b->point()) == CGAL::SMALLER;
+        using Exact = Kernel::Exact_kernel;
+        CGAL::Cartesian_converter<Kernel, Exact> const toExact;
+        Exact::Vector_2 const way = toExact(to) - toExact(from);
+        Exact::Vector_2 const across = toExact(second) - toExact(first);
+        Exact::FT const share =
+            CGAL::determinant(toExact(first) - toExact(from), across) / CGAL::determinant(way, across);
+        Exact::Point_2 const place = toExact(from) + share * way;
+        CGAL::Bbox_2 const one = from.bbox() + to.bbox();
+        CGAL::Bbox_2 const other = first.bbox() + second.bbox();
+        return {std::clamp(CGAL::to_double(place.x()), std::max(one.xmin(), other.xmin()),
+                           std::min(one.xmax(), other.xmax())),
+                std::clamp(CGAL::to_double(place.y()), std::max(one.ymin(), other.ymin()),
+                           std::min(one.ymax(), other.ymax()))};
+    }
+
+    /// Inserts the point at which lines cross. By rounding it may come to be a point that is there, or on the edge of another line.
+    /// @param start where the search begins
+    VertexHandle insertCrossing(Point const& place, FaceHandle start, Line const& first)
+    {
+        Locate_type type{};
+        int index = 0;
+        FaceHandle const face = locate(place, type, index, start);
+        bool const isOnLine = type == EDGE && face->is_constrained(index);
+        Piece const halved = isOnLine ? pieceAt(face->vertex(cw(index)), face->vertex(ccw(index))) : Piece{};
+        VertexHandle const crossing = insert(place, type, face, index);
+        if (crossing->info().value == noNumber) {
+            (*m_onCrossing)(crossing, first);
+        }
+        if (isOnLine) {
+            m_pieces.erase(endsOf(halved.from, halved.to));
+            addPiece({halved.from, crossing, halved.isOfLoops, halved.line});
+            addPiece({crossing, halved.to, halved.isOfLoops, halved.line});
+        }
+        return crossing;
     }
 
     Piece const& pieceAt(VertexHandle from, VertexHandle to) const
@@ -275,42 +290,39 @@ private:
         return piece->second;
     }
 
-    /// Replaces a piece that may be no edge any more by two that meet at @p middle, which may be an end of it.
-    void replace(Piece const& old, VertexHandle middle)
+    /// Notes that an edge of triangles is one of a line, or of one more.
+    void addPiece(Piece const& fresh)
     {
-        Piece const piece = old;
-        m_pieces.erase(endsOf(piece.from, piece.to));
-        for (auto const& [from, to] : {std::pair(piece.from, middle), std::pair(middle, piece.to)}) {
-            if (from != to) {
-                insertChain({from, to, piece.isOfLoops, piece.line});
-            }
+        auto const [at, isNew] = m_pieces.try_emplace(endsOf(fresh.from, fresh.to), fresh);
+        if (!isNew) {
+            at->second.isOfLoops = at->second.isOfLoops != fresh.isOfLoops;
         }
     }
 
-    /// Inserts what becomes several pieces where there are points on it.
+    void putOff(Piece const& piece)
+    {
+        if (piece.from != piece.to) {
+            m_putOff.push(piece);
+        }
+    }
+
+    /// Puts off what a piece consists of on either side of @p middle, which may be an end of it.
+    void putOffParts(Piece const& whole, VertexHandle middle)
+    {
+        putOff({middle, whole.to, whole.isOfLoops, whole.line});
+        putOff({whole.from, middle, whole.isOfLoops, whole.line});
+    }
+
+    /// Inserts a piece up to the first point on the way, and puts off the rest; puts off all where another line is in the way and
+    /// has been crossed.
     void insertChain(Piece const& whole)
     {
-        std::stack<std::pair<VertexHandle, VertexHandle>> rest;
-        rest.emplace(whole.from, whole.to);
-        while (!rest.empty()) {
-            auto const [start, end] = rest.top();
-            rest.pop();
-            VertexHandle reached;
-            if (!insertPiece(start, end, reached)) {
-                // Lines cross: once more, now by the point that is there.
-                bool const isBetween = reached != start && reached != end;
-                rest.emplace(isBetween ? reached : start, end);
-                if (isBetween) {
-                    rest.emplace(start, reached);
-                }
-                continue;
-            }
-            Piece const fresh{start, reached, false, whole.line};
-            Piece& piece = m_pieces.try_emplace(endsOf(start, reached), fresh).first->second;
-            piece.isOfLoops = piece.isOfLoops != whole.isOfLoops;
-            if (reached != end) {
-                rest.emplace(reached, end);
-            }
+        VertexHandle reached;
+        if (insertPiece(whole.from, whole.to, reached)) {
+            addPiece({whole.from, reached, whole.isOfLoops, whole.line});
+            putOff({reached, whole.to, whole.isOfLoops, whole.line});
+        } else {
+            putOffParts(whole, reached);
         }
     }
 
@@ -335,8 +347,8 @@ private:
     }
 
     std::map<std::pair<Number, Number>, Piece> m_pieces;
+    std::stack<Piece, std::vector<Piece>> m_putOff; ///< that are to be inserted
     OnCrossing const* m_onCrossing = nullptr;
-    Line const* m_crossed = nullptr; ///< that is being crossed
 };
 
 } // namespace veldraw::kernel::plane

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <atomic>
 #include <exception>
+#include <omp.h>
 #include <vector>
 
 namespace veldraw::kernel {
@@ -28,6 +29,11 @@ std::int64_t chunksOf(std::int64_t count, std::int64_t size)
 }
 
 } // namespace
+
+std::int64_t threadCount()
+{
+    return omp_get_max_threads();
+}
 
 std::int64_t parallelChunkCount(std::int64_t count)
 {

@@ -19,6 +19,9 @@ void parallelFor(std::int64_t count, std::function<void(std::int64_t, std::int64
 /// long. When bodies throw, the exception of the lowest number is rethrown on the calling thread.
 void forEachInParallel(std::int64_t count, std::function<void(std::int64_t)> const& body);
 
+/// Number of threads that the functions above use.
+std::int64_t threadCount();
+
 /// The grain for a body that does a little arithmetic on each of @p count values and writes the results to newly allocated
 /// memory. A chunk is at least large enough to be worth a second thread. For many values it covers whole huge pages,
 /// because two threads that touch the same new page would both clear one, and one of the two would be thrown away.

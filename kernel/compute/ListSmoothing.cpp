@@ -20,24 +20,42 @@ constexpr std::int64_t cachedPlaces = 12288; // with their values and lists in a
 constexpr std::int64_t mostPassesAtATime = 8;
 constexpr std::int64_t placesAhead = 2048;
 
+/// The differences of six neighbours to a value: of equal values they are 0 to the last bit. By pairs, since an addition waits for the one before.
+double differencesOfSix(double const* before, std::uint32_t const* neighbor, double value)
+{
+    double const one = (before[neighbor[0]] - value) + (before[neighbor[1]] - value);
+    double const two = (before[neighbor[2]] - value) + (before[neighbor[3]] - value);
+    double const three = (before[neighbor[4]] - value) + (before[neighbor[5]] - value);
+    return (one + two) + three;
+}
+
+double meanDifference(double const* before, std::uint32_t const* begin, std::uint32_t const* end, double value)
+{
+    double sum = 0.0;
+    std::uint32_t const* neighbor = begin;
+    for (; end - neighbor >= 6; neighbor += 6) {
+        sum += differencesOfSix(before, neighbor, value);
+    }
+    for (; neighbor < end; ++neighbor) {
+        sum += before[*neighbor] - value;
+    }
+    return end > begin ? sum / static_cast<double>(end - begin) : 0.0;
+}
+
 /// One pass over the places from first to before last. @return the largest change
 double makePassOver(NeighborLists const& lists, double weight, double const* before, double* after, std::int64_t first,
                     std::int64_t last)
 {
     double largest = 0.0;
+    double const shareOfSix = weight / 6;
     std::uint32_t const* neighbor = lists.neighbors.begin() + lists.starts[static_cast<std::size_t>(first)];
     for (std::int64_t place = first; place < last; ++place) {
         double const value = before[place];
-        std::uint32_t const* const begin = neighbor;
         std::uint32_t const* const end = lists.neighbors.begin() + lists.starts[static_cast<std::size_t>(place) + 1];
-        double sum = 0.0;                            // by differences, so that equal values stay to the last bit
-        for (; end - neighbor >= 2; neighbor += 2) { // two at a time, since an addition waits for the one before
-            sum += (before[neighbor[0]] - value) + (before[neighbor[1]] - value);
-        }
-        if (neighbor < end) {
-            sum += before[*neighbor++] - value;
-        }
-        double const change = end > begin ? weight * sum / static_cast<double>(end - begin) : 0.0;
+        double const change = end - neighbor == 6 // the most frequent number
+                                  ? shareOfSix * differencesOfSix(before, neighbor, value)
+                                  : weight * meanDifference(before, neighbor, end, value);
+        neighbor = end;
         after[place] = value + change;
         largest = std::max(largest, std::fabs(change));
     }

@@ -1,7 +1,8 @@
 #include "kernel/mesh/CellNeighbors.h"
 
 #include "kernel/base/CheckedLoop.h"
-#include "kernel/compute/ListStarts.h"
+#include "kernel/mesh/FirstNeighbors.h"
+#include "kernel/mesh/NeighborFill.h"
 #include "kernel/mesh/PointOrder.h"
 #include "kernel/mesh/SideMatch.h"
 
@@ -14,16 +15,6 @@ namespace veldraw::kernel {
 namespace {
 
 using Flags = ZeroedArray<std::atomic<bool>>;
-
-/// Neighbours as they come up, some more than once.
-struct RawLists
-{
-    ZeroedArray<std::int64_t> starts;
-    ZeroedArray<std::uint32_t> neighbors;
-
-    std::uint32_t* begin(std::int64_t list) { return neighbors.begin() + starts[static_cast<std::size_t>(list)]; }
-    std::uint32_t* end(std::int64_t list) { return begin(list + 1); }
-};
 
 /// What all steps need.
 struct Work
@@ -46,27 +37,24 @@ Work prepare(CellParts const& cells, std::int64_t pointCount, SmoothingValues co
     return {cells, pointCount, values, RoomBeside(values.promisedBytes() + bytesOfFlags), progress};
 }
 
-/// @param forEachEntry calls its argument, on all threads and when called twice the same way, with a list, a number of neighbours in
-///        it, and a function that writes them
-template <typename ForEachEntry>
-RawLists makeLists(Work const& work, std::int64_t count, ForEachEntry const& forEachEntry)
+constexpr std::int64_t cellsOfGroup = 1024;
+
+/// Calls @p body for each cell of a group.
+template <typename Body>
+void forEachCell(CellParts const& cells, std::int64_t group, Watch& watch, Body const& body)
 {
-    ListStarts lists(count, work.room);
-    forEachEntry([&lists](std::uint32_t list, std::int64_t entries, auto const&) { lists.count(list, entries); });
-    RawLists raw;
-    raw.neighbors = work.room.array<std::uint32_t>(lists.close(work.progress));
-    forEachEntry([&](std::uint32_t list, std::int64_t entries, auto const& write) {
-        write(raw.neighbors.begin() + lists.next(list, entries));
-    });
-    raw.starts = lists.take(work.progress);
-    return raw;
+    std::int64_t const end = std::min((group + 1) * cellsOfGroup, cells.cellCount());
+    for (std::int64_t cell = group * cellsOfGroup; cell < end; ++cell) {
+        watch.count();
+        body(cell);
+    }
 }
 
 /// The ends of all edges, by places.
-RawLists edgesOf(Work const& work, PointOrder const& order)
+RawLists edgesOf(Work const& work, PointOrder const& order, ZeroedArray<ListSpan> const& spans)
 {
-    return makeLists(work, work.pointCount, [&](auto const& add) {
-        forEachWatched(work.cells.cellCount(), work.progress, [&](std::int64_t cell, Watch& watch) {
+    auto const forEachEnd = [&](std::int64_t group, Watch& watch, auto const& add) {
+        forEachCell(work.cells, group, watch, [&](std::int64_t cell) {
             work.cells.forEachEdge(cell, [&](std::int64_t first, std::int64_t second) {
                 watch.count();
                 if (first != second) {
@@ -77,18 +65,19 @@ RawLists edgesOf(Work const& work, PointOrder const& order)
                 }
             });
         });
-    });
+    };
+    return fillLists(work.pointCount, spans, work.room, work.progress, forEachEnd);
 }
 
 /// The same of surfaces, where each corner has two edges, which is quicker.
-RawLists cornersOf(Work const& work, PointOrder const& order)
+RawLists cornersOf(Work const& work, PointOrder const& order, ZeroedArray<ListSpan> const& spans)
 {
-    return makeLists(work, work.pointCount, [&](auto const& add) {
-        forEachWatched(work.cells.cellCount(), work.progress, [&](std::int64_t cell, Watch& watch) {
+    auto const forEachCorner = [&](std::int64_t group, Watch& watch, auto const& add) {
+        forEachCell(work.cells, group, watch, [&](std::int64_t cell) {
             auto const [begin, end] = work.cells.corners(cell);
+            watch.count(end - begin);
+            std::int64_t before = begin == end ? 0 : end[-1];
             for (std::int64_t const* corner = begin; corner < end; ++corner) {
-                watch.count();
-                std::int64_t const before = corner == begin ? end[-1] : corner[-1];
                 std::int64_t const after = corner + 1 == end ? *begin : corner[1];
                 std::array<std::uint32_t, 2> neighbors{};
                 std::size_t entries = 0;
@@ -99,9 +88,11 @@ RawLists cornersOf(Work const& work, PointOrder const& order)
                 }
                 add(order.placeOf(*corner), static_cast<std::int64_t>(entries),
                     [&](std::uint32_t* entry) { std::copy_n(neighbors.begin(), entries, entry); });
+                before = *corner;
             }
         });
-    });
+    };
+    return fillLists(work.pointCount, spans, work.room, work.progress, forEachCorner);
 }
 
 /// Whether a surface has each of its edges once: it comes to at least three points, and to none of them again after others.
@@ -129,33 +120,44 @@ bool hasEdgesOnce(std::int64_t const* begin, std::int64_t const* end, Watch& wat
     return last - points >= 3 && std::adjacent_find(points, last) == last;
 }
 
-bool haveEdgesOnce(Work const& work)
+/// What is to be known of the cells of a zone before neighbours are listed.
+struct Survey
 {
-    std::atomic<bool> areOnce{true};
-    forEachWatched(work.cells.cellCount(), work.progress, [&](std::int64_t cell, Watch& watch) {
-        auto const [begin, end] = work.cells.corners(cell);
-        if (areOnce.load(std::memory_order_relaxed) && !hasEdgesOnce(begin, end, watch)) {
-            areOnce.store(false, std::memory_order_relaxed);
+    ZeroedArray<ListSpan> spans; ///< the places of the points of each group of cells
+    bool haveEdgesOnce;          ///< all are surfaces, and each has each of its edges once
+};
+
+Survey surveyCells(Work const& work, PointOrder const& order)
+{
+    std::int64_t const groups = (work.cells.cellCount() + cellsOfGroup - 1) / cellsOfGroup;
+    ZeroedArray<ListSpan> spans = work.room.array<ListSpan>(groups);
+    std::atomic<bool> areOnce{work.cells.areSurfaces()};
+    parallelFor(groups, [&](std::int64_t first, std::int64_t last, std::int64_t) {
+        Watch watch(work.progress);
+        for (std::int64_t group = first; group < last; ++group) {
+            bool isLookedAt = areOnce.load(std::memory_order_relaxed);
+            ListSpan span;
+            forEachCell(work.cells, group, watch, [&](std::int64_t cell) {
+                auto const [begin, end] = work.cells.corners(cell);
+                watch.count(end - begin);
+                if (work.cells.areSurfaces()) {
+                    std::for_each(begin, end, [&](std::int64_t corner) { span.include(order.placeOf(corner)); });
+                } else {
+                    work.cells.forEachEdge(cell, [&](std::int64_t one, std::int64_t other) {
+                        watch.count();
+                        span.include(order.placeOf(one));
+                        span.include(order.placeOf(other));
+                    });
+                }
+                if (isLookedAt && !hasEdgesOnce(begin, end, watch)) {
+                    isLookedAt = false;
+                    areOnce.store(false, std::memory_order_relaxed);
+                }
+            });
+            spans[static_cast<std::size_t>(group)] = span;
         }
     });
-    return areOnce;
-}
-
-/// Whether a neighbour comes up once in a sorted list: in the list of a surface's corner the edge is one that one cell alone has.
-bool hasLonely(std::uint32_t const* begin, std::uint32_t const* end, Watch& watch)
-{
-    for (std::uint32_t const* at = begin; at < end;) {
-        std::uint32_t const* next = at + 1;
-        while (next < end && *next == *at) {
-            ++next;
-        }
-        watch.count(next - at);
-        if (next - at == 1) {
-            return true;
-        }
-        at = next;
-    }
-    return false;
+    return {std::move(spans), areOnce};
 }
 
 void raiseTo(std::int64_t value, std::atomic<std::int64_t>& highest)
@@ -179,26 +181,9 @@ std::int64_t sumUp(ZeroedArray<std::int64_t>& numbers, Progress const& progress)
     return sum;
 }
 
-/// Drops what comes up again from a sorted list, and holes. @return the end of what is left
-template <typename IsHole>
-std::uint32_t* dropRepeatedAndHoles(std::uint32_t* begin, std::uint32_t const* end, IsHole const& isHole, Watch& watch)
-{
-    std::uint32_t* kept = begin;
-    for (std::uint32_t const* at = begin; at < end;) {
-        std::uint32_t const neighbor = *at;
-        for (; at < end && *at == neighbor; ++at) {
-            watch.count();
-        }
-        if (!isHole(neighbor)) {
-            *kept++ = neighbor;
-        }
-    }
-    return kept;
-}
-
 /// Makes lists of the neighbours that count.
 /// @param order the value at each place; empty: the same
-/// @param isBorder (value, begin, end, watch) whether a value is at the border, whose neighbours stand sorted between these
+/// @param isBorder (value, isAnyLonely) whether a value is at the border
 template <typename IsBorder>
 NeighborLists finish(Work const& work, RawLists& raw, ZeroedArray<std::uint32_t> order, IsBorder const& isBorder)
 {
@@ -215,11 +200,12 @@ NeighborLists finish(Work const& work, RawLists& raw, ZeroedArray<std::uint32_t>
     forEachWatched(count, work.progress, [&](std::int64_t place, Watch& watch) {
         std::uint32_t* const begin = raw.begin(place);
         std::uint32_t* const end = raw.end(place);
-        sortWatched(begin, end, watch);
+        FirstNeighbors const firsts = keepFirsts(begin, end, watch);
         bool const isOut = isHole(place);
-        bool const isHeld = isBorder(valueAt(place), begin, end, watch);
-        std::int64_t const left = dropRepeatedAndHoles(begin, end, isHole, watch) - begin;
-        lists.starts[static_cast<std::size_t>(place) + 1] = isOut || isHeld ? 0 : left;
+        bool const isHeld = isBorder(valueAt(place), firsts.isAnyLonely);
+        std::uint32_t const* const left =
+            work.values.hasHoles() ? std::remove_if(begin, firsts.end, isHole) : firsts.end;
+        lists.starts[static_cast<std::size_t>(place) + 1] = isOut || isHeld ? 0 : left - begin;
         if (isHeld && !isOut) {
             held.fetch_add(1, std::memory_order_relaxed);
         }
@@ -232,8 +218,14 @@ NeighborLists finish(Work const& work, RawLists& raw, ZeroedArray<std::uint32_t>
         if (length > 0) {
             std::uint32_t const* const from = raw.begin(place);
             watch.count(length);
-            std::copy_n(from, length, lists.neighbors.begin() + start);
-            raiseTo(std::max(place - std::int64_t{from[0]}, std::int64_t{from[length - 1]} - place), reach);
+            std::uint32_t low = from[0];
+            std::uint32_t high = from[0];
+            for (std::int64_t at = 0; at < length; ++at) {
+                lists.neighbors[static_cast<std::size_t>(start + at)] = from[at];
+                low = std::min(low, from[at]);
+                high = std::max(high, from[at]);
+            }
+            raiseTo(std::max(place - std::int64_t{low}, std::int64_t{high} - place), reach);
         }
     });
     lists.held = held;
@@ -245,10 +237,9 @@ NeighborLists finish(Work const& work, RawLists& raw, ZeroedArray<std::uint32_t>
 /// Lists in which it is marked which values are at the border.
 NeighborLists finish(Work const& work, RawLists& raw, ZeroedArray<std::uint32_t> order, Flags const& border)
 {
-    return finish(work, raw, std::move(order),
-                  [&border](std::int64_t value, std::uint32_t const*, std::uint32_t const*, Watch&) {
-                      return border[static_cast<std::size_t>(value)].load(std::memory_order_relaxed);
-                  });
+    return finish(work, raw, std::move(order), [&border](std::int64_t value, bool) {
+        return border[static_cast<std::size_t>(value)].load(std::memory_order_relaxed);
+    });
 }
 
 /// The cells that have a side in common with others, for each such side their number and they.
@@ -280,27 +271,40 @@ SharedSides sharedSides(Work const& work, Flags& border)
     return shared;
 }
 
+/// Calls @p body with the cells that have a side in common.
+template <typename Body>
+void forEachShared(std::vector<std::uint32_t> const& shared, Watch& watch, Body const& body)
+{
+    for (std::uint32_t const* at = shared.data(); at < shared.data() + shared.size(); at += *at + 1) {
+        watch.count(*at);
+        body(at + 1, at + 1 + *at);
+    }
+}
+
 /// For each cell the others at its sides.
 RawLists cellsBeside(Work const& work, SharedSides const& shared)
 {
-    return makeLists(work, work.cells.cellCount(), [&](auto const& add) {
-        forEachInParallel(static_cast<std::int64_t>(shared.size()), [&](std::int64_t chunk) {
-            Watch watch(work.progress);
-            std::vector<std::uint32_t> const& here = shared[static_cast<std::size_t>(chunk)];
-            for (std::uint32_t const* at = here.data(); at < here.data() + here.size();) {
-                std::uint32_t const* const begin = at + 1;
-                std::uint32_t const* const end = begin + *at;
-                for (std::uint32_t const* cell = begin; cell < end; ++cell) {
-                    watch.count();
-                    add(*cell, end - begin - 1, [&](std::uint32_t* others) {
-                        watch.count(end - begin);
-                        std::copy(cell + 1, end, std::copy(begin, cell, others));
-                    });
-                }
-                at = end;
-            }
+    ZeroedArray<ListSpan> spans = work.room.array<ListSpan>(static_cast<std::int64_t>(shared.size()));
+    Watch watch(work.progress);
+    for (std::size_t chunk = 0; chunk < shared.size(); ++chunk) {
+        ListSpan span;
+        forEachShared(shared[chunk], watch, [&](std::uint32_t const* begin, std::uint32_t const* end) {
+            std::for_each(begin, end, [&](std::uint32_t cell) { span.include(cell); });
         });
-    });
+        spans[chunk] = span;
+    }
+    auto const forEachCellBeside = [&](std::int64_t chunk, Watch& own, auto const& add) {
+        forEachShared(shared[static_cast<std::size_t>(chunk)], own,
+                      [&](std::uint32_t const* begin, std::uint32_t const* end) {
+                          for (std::uint32_t const* cell = begin; cell < end; ++cell) {
+                              add(*cell, end - begin - 1, [&](std::uint32_t* others) {
+                                  own.count(end - begin);
+                                  std::copy(cell + 1, end, std::copy(begin, cell, others));
+                              });
+                          }
+                      });
+    };
+    return fillLists(work.cells.cellCount(), spans, work.room, work.progress, forEachCellBeside);
 }
 
 } // namespace
@@ -311,13 +315,12 @@ NeighborLists neighborsOfPoints(CellParts const& cells, std::int64_t pointCount,
     Work const work = prepare(cells, pointCount, values, progress);
     progress.setTotal(3); // steps that take about as long
     PointOrder const order(cells, pointCount, work.room, progress);
-    if (cells.areSurfaces() && haveEdgesOnce(work)) {
-        RawLists corners = cornersOf(work, order);
+    Survey const survey = surveyCells(work, order);
+    if (survey.haveEdgesOnce) {
+        RawLists corners = cornersOf(work, order, survey.spans);
         progress.advance(2);
         return finish(work, corners, order.points(work.room, progress),
-                      [](std::int64_t, std::uint32_t const* begin, std::uint32_t const* end, Watch& watch) {
-                          return hasLonely(begin, end, watch);
-                      });
+                      [](std::int64_t, bool isAnyLonely) { return isAnyLonely; });
     }
     Flags border(static_cast<std::size_t>(pointCount));
     SideMatch(cells, pointCount, work.room, progress)
@@ -329,7 +332,7 @@ NeighborLists neighborsOfPoints(CellParts const& cells, std::int64_t pointCount,
             },
             progress);
     progress.advance(1);
-    RawLists edges = edgesOf(work, order);
+    RawLists edges = edgesOf(work, order, survey.spans);
     progress.advance(1);
     return finish(work, edges, order.points(work.room, progress), border);
 }

@@ -181,6 +181,30 @@ std::int64_t sumUp(ZeroedArray<std::int64_t>& numbers, Progress const& progress)
     return sum;
 }
 
+/// Brings what is left of the lists together. @param lists with the length of each list in its start
+void gather(Work const& work, RawLists& raw, NeighborLists& lists)
+{
+    lists.neighbors = work.room.array<std::uint32_t>(sumUp(lists.starts, work.progress));
+    std::atomic<std::int64_t> reach{0};
+    forEachWatched(lists.count(), work.progress, [&](std::int64_t place, Watch& watch) {
+        std::int64_t const start = lists.starts[static_cast<std::size_t>(place)];
+        std::int64_t const length = lists.starts[static_cast<std::size_t>(place) + 1] - start;
+        if (length > 0) {
+            std::uint32_t const* const from = raw.begin(place);
+            watch.count(length);
+            std::uint32_t low = from[0];
+            std::uint32_t high = from[0];
+            for (std::int64_t at = 0; at < length; ++at) {
+                lists.neighbors[static_cast<std::size_t>(start + at)] = from[at];
+                low = std::min(low, from[at]);
+                high = std::max(high, from[at]);
+            }
+            raiseTo(std::max(place - std::int64_t{low}, std::int64_t{high} - place), reach);
+        }
+    });
+    lists.reach = reach;
+}
+
 /// Makes lists of the neighbours that count.
 /// @param order the value at each place; empty: the same
 /// @param isBorder (value, isAnyLonely) whether a value is at the border
@@ -210,26 +234,8 @@ NeighborLists finish(Work const& work, RawLists& raw, ZeroedArray<std::uint32_t>
             held.fetch_add(1, std::memory_order_relaxed);
         }
     });
-    lists.neighbors = work.room.array<std::uint32_t>(sumUp(lists.starts, work.progress));
-    std::atomic<std::int64_t> reach{0};
-    forEachWatched(count, work.progress, [&](std::int64_t place, Watch& watch) {
-        std::int64_t const start = lists.starts[static_cast<std::size_t>(place)];
-        std::int64_t const length = lists.starts[static_cast<std::size_t>(place) + 1] - start;
-        if (length > 0) {
-            std::uint32_t const* const from = raw.begin(place);
-            watch.count(length);
-            std::uint32_t low = from[0];
-            std::uint32_t high = from[0];
-            for (std::int64_t at = 0; at < length; ++at) {
-                lists.neighbors[static_cast<std::size_t>(start + at)] = from[at];
-                low = std::min(low, from[at]);
-                high = std::max(high, from[at]);
-            }
-            raiseTo(std::max(place - std::int64_t{low}, std::int64_t{high} - place), reach);
-        }
-    });
     lists.held = held;
-    lists.reach = reach;
+    gather(work, raw, lists);
     lists.order = std::move(order);
     return lists;
 }

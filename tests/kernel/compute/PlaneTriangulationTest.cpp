@@ -36,10 +36,12 @@ PlaneLine square(double low, double high)
     return loop({{low, low}, {high, low}, {high, high}, {low, high}});
 }
 
+Progress const unwatched; // as long as any triangulation that asks it
+
 /// Points in the plane, with lines, and what becomes of them.
 struct Plane
 {
-    explicit Plane(Places const& points, Progress const& progress = {})
+    explicit Plane(Places const& points, Progress const& progress = unwatched)
         : triangulation(progress)
         , places(points)
     {

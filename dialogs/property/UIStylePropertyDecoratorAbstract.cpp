@@ -86,6 +86,7 @@ void UIStylePropertyDecoratorAbstract<T, U>::tellListeners() const
 }
 
 template class UIStylePropertyDecoratorAbstract<std::string, double>;
+template class UIStylePropertyDecoratorAbstract<std::string, int>;
 template class UIStylePropertyDecoratorAbstract<std::set<int>, std::set<int>>;
 template class UIStylePropertyDecoratorAbstract<std::string, VarStatus_e>;
 

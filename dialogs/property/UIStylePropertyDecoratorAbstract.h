@@ -36,11 +36,11 @@ protected:
     U decoratedValue() const;
     /// Sets the decorated property; its echo is not passed on.
     void setDecoratedValue(U const& newValue);
-
-private:
-    // A value that can't be converted must not fail a set that nobody wants to hear of.
+    /// Tells the listeners, if there are any, the value that the decorator shows now. A value that can't be converted must not fail
+    /// a set that nobody wants to hear of.
     void tellListeners() const;
 
+private:
     boost::shared_ptr<UIStylePropertyAbstract<U>> m_decorated;
     boost::signals2::scoped_connection m_valueConnection;
     boost::signals2::scoped_connection m_visibilityConnection;
@@ -48,6 +48,7 @@ private:
 };
 
 extern template class UIStylePropertyDecoratorAbstract<std::string, double>;
+extern template class UIStylePropertyDecoratorAbstract<std::string, int>;
 extern template class UIStylePropertyDecoratorAbstract<std::set<int>, std::set<int>>;
 extern template class UIStylePropertyDecoratorAbstract<std::string, VarStatus_e>;
 

@@ -23,7 +23,7 @@ WITHIN_DIALOGS = {
     'bindings': {'models', 'property', 'widgets'},
     'frame': {'property', 'bindings'},
 }
-SIDEWAYS = {'spreadsheet': {'variableops'}}
+SIDEWAYS = {'datasetinfo': {'variableops'}, 'spreadsheet': {'variableops'}}
 # Every part exports by this header.
 FOR_ALL_DIALOGS = 'dialogs/property/DialogsApi.h'
 

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "dialogs/models/ListModelInterface.h"
+
+#include <boost/shared_ptr.hpp>
+
+#include <string>
+
+namespace veldraw::sdk::ui::propertymanager {
+
+/// The zones or variables of a list, to be renamed by unique identifier: while somebody types a name, numbers may change and another
+/// frame may become active, and the name belongs to what it was typed for.
+class NamedThings
+{
+public:
+    using List = boost::shared_ptr<dialogs::propertybindings::models::ListModelInterface<int> const>;
+
+    static NamedThings zones(List list);
+    static NamedThings variables(List list);
+
+    /// The unique identifier of what has a number in the active data set, 0 if there is none.
+    long long idOf(int number) const;
+
+    /// The name that the list has for a thing, empty if it is not in the list.
+    std::string name(long long id) const;
+
+    /// Renames a thing of the list, as one undo step, to the text without the blanks around it. A refusal is told to the user, also when
+    /// the thing is not in the list any more.
+    /// @return whether it was renamed, or is called so already
+    bool rename(long long id, std::string const& name) const;
+
+private:
+    using NumberOfID = int (*)(long long id);
+    using IDOfNumber = long long (*)(long long frame, int number);
+
+    NamedThings(List list, NumberOfID numberOf, IDOfNumber idOfNumber, char const* kind);
+
+    /// -1 if it is not in the list.
+    int rowOf(long long id) const;
+
+    List m_list;
+    NumberOfID m_numberOf;
+    IDOfNumber m_idOf;
+    char const* m_kind; // as messages call them
+};
+
+} // namespace veldraw::sdk::ui::propertymanager

@@ -1,0 +1,35 @@
+#include "dialogs/datasetinfo/NoActiveMapDecorator.h"
+
+#include "dialogs/datasetinfo/NumberProperty.h"
+#include "dialogs/datasetinfo/ZoneVarInfoStateChange.h"
+
+#include <utility>
+
+namespace veldraw::sdk::ui::propertymanager {
+
+NoActiveMapDecorator::NoActiveMapDecorator(boost::shared_ptr<UIStylePropertyAbstract<double>> limit,
+                                           boost::shared_ptr<PropertyAbstract<bool> const> isKnown,
+                                           Selection const& selectedVars,
+                                           boost::shared_ptr<ActiveZoneAnswers> const& answers)
+    : UIStylePropertyDecoratorAbstract<std::string, double>(std::move(limit))
+    , m_isKnown(std::move(isKnown))
+    , m_selectedVars(selectedVars)
+    , m_answers(answers)
+    , m_performer([this] { tellListeners(); }, isZoneVarInfoStateChange)
+{
+    m_connections.add(m_isKnown->connectValueChanged([this](bool) { tellListeners(); }));
+    m_connections.add(m_selectedVars->connectValueChanged([this](std::set<int> const&) { tellListeners(); }));
+}
+
+NoActiveMapDecorator::~NoActiveMapDecorator() = default;
+
+void NoActiveMapDecorator::storeValue(std::string const&) {}
+
+std::string NoActiveMapDecorator::retrieveValue() const
+{
+    // A range that is not known leaves the limits of another variable behind, which nobody may take for this one's.
+    bool const isShown = m_answers->hasActiveMaps() && m_isKnown->value();
+    return isShown ? numberText(decoratedValue()) : "--------";
+}
+
+} // namespace veldraw::sdk::ui::propertymanager

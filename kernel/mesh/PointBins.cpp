@@ -11,7 +11,7 @@ namespace veldraw::kernel {
 
 namespace {
 
-constexpr double pointsInBin = 2;
+constexpr double pointsInBin = 1;
 constexpr std::size_t manyInBin = 64; // more get a grid of their own
 
 bool isFinite(Point const& point)

@@ -14,7 +14,7 @@ namespace veldraw::kernel {
 /// The box of all places is cut into a grid of bins; a bin with many places has a grid of its own, and so on, so that it does
 /// not matter how unevenly they are spread. Places that are not finite are left out.
 ///
-/// Memory: the coordinates as doubles, 4 bytes a place for its slot, and 2 for the bins, or 4 where bins have grids.
+/// Memory: the coordinates as doubles, 4 bytes a place for its slot, and 4 for the bins, or 8 where bins have grids.
 class PointBins
 {
 public:

@@ -18,7 +18,6 @@
 #include <boost/make_shared.hpp>
 #include <boost/weak_ptr.hpp>
 
-#include <chrono>
 #include <gtest/gtest.h>
 #include <memory>
 #include <random>
@@ -617,7 +616,7 @@ TEST(ListViewPropertyBindingOfManyRows, SelectsNeighboursAsOneRange)
     EXPECT_EQ(view.selectionModel()->selection().size(), 2);
 }
 
-TEST(ListViewPropertyBindingOfManyRows, ReplacesOneScatteredSelectionByAnotherInReasonableTime)
+TEST(ListViewPropertyBindingOfManyRows, ReplacesOneScatteredSelectionByAnotherInOneChange)
 {
     auto const list = boost::make_shared<ScriptedList>(ScriptedList::numbered(40000));
     Values odd;
@@ -629,14 +628,13 @@ TEST(ListViewPropertyBindingOfManyRows, ReplacesOneScatteredSelectionByAnotherIn
     auto const property = boost::make_shared<ValuesProperty>(odd);
     QListView view;
     ListViewPropertyBinding const bound(&view, list, property, deferred);
-    auto const start = std::chrono::steady_clock::now();
+    QSignalSpy const changes(view.selectionModel(), &QItemSelectionModel::selectionChanged);
     property->setValue(even);
     IdleDispatcher::flush();
-    std::chrono::duration<double> const taken = std::chrono::steady_clock::now() - start;
+    EXPECT_EQ(changes.count(), 1) << "each goes through all ranges";
     EXPECT_EQ(view.selectionModel()->selection().size(), 20000);
     EXPECT_FALSE(view.selectionModel()->isSelected(view.model()->index(0, 0)));
     EXPECT_TRUE(view.selectionModel()->isSelected(view.model()->index(1, 0)));
-    EXPECT_LT(taken.count(), 2.0);
 }
 
 // ---- storms -------------------------------------------------------------------------------------------------------

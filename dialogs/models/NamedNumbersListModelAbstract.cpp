@@ -78,4 +78,13 @@ void NamedNumbersListModelAbstract::show(NamedNumbers&& snapshot) const
     }
 }
 
+void NamedNumbersListModelAbstract::showName(int row, std::string&& name) const
+{
+    std::string& present = m_shown.names.at(static_cast<std::size_t>(row));
+    if (present == name)
+        return;
+    present = std::move(name);
+    signalItemChanged(row);
+}
+
 } // namespace veldraw::sdk::ui::dialogs::propertybindings::models

@@ -48,6 +48,9 @@ protected:
     /// differ, `signalDataChanged` if the numbers do, or if so many names do that the list has become another one.
     void show(NamedNumbers&& snapshot) const;
 
+    /// Takes another name in one row and tells it if it is one. Whoever calls holds on to a shared list meanwhile.
+    void showName(int row, std::string&& name) const;
+
 private:
     mutable NamedNumbers m_shown;
 };

@@ -5,6 +5,7 @@
 #include "platform/vdsdkuicommon/StateChangePredicates.h"
 #include "platform/vdtoolbox/StateChangeEventInterface.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <utility>
 
@@ -70,6 +71,10 @@ void ZoneVarListModelAbstract::stateChanged(toolbox::StateChangeEventInterface c
 {
     if (!concerns(event))
         return;
+    if (isRenamingOfShown(event)) {
+        readNames(event.hasZones() ? event.zones() : event.vars());
+        return;
+    }
     long long const frame = VelUtilFrameGetUniqueID();
     toolbox::Set::Members numbers = currentNumbers(frame);
     // An edit of values in a data set of many zones must not cost the reading of all their names.
@@ -94,6 +99,27 @@ bool ZoneVarListModelAbstract::leavesNames(toolbox::StateChangeEventInterface co
         return event.kind() != m_stateChange;
     default:
         return false;
+    }
+}
+
+// A new name brings nothing into a list and nothing out of it.
+bool ZoneVarListModelAbstract::isRenamingOfShown(toolbox::StateChangeEventInterface const& event) const
+{
+    bool const isRenaming = event.kind() == StateChange_ZonesRenamed
+                                ? event.hasZones()
+                                : event.kind() == StateChange_VariablesRenamed && event.hasVars();
+    return isRenaming && event.kind() == m_stateChange && VelUtilFrameGetUniqueID() == m_frame;
+}
+
+void ZoneVarListModelAbstract::readNames(toolbox::Set const& numbers) const
+{
+    // A listener may release this list, or change what it shows.
+    boost::shared_ptr<NamedNumbersListModelAbstract const> const aliveWhileItTells = weak_from_this().lock();
+    for (int const number : numbers.members()) {
+        std::vector<int> const& shownNumbers = shown().numbers;
+        auto const found = std::lower_bound(shownNumbers.begin(), shownNumbers.end(), number);
+        if (found != shownNumbers.end() && *found == number)
+            showName(static_cast<int>(found - shownNumbers.begin()), m_name(m_frame, number));
     }
 }
 

@@ -55,6 +55,8 @@ private:
 
     bool concerns(toolbox::StateChangeEventInterface const& event) const;
     bool leavesNames(toolbox::StateChangeEventInterface const& event) const;
+    bool isRenamingOfShown(toolbox::StateChangeEventInterface const& event) const;
+    void readNames(toolbox::Set const& numbers) const;
     toolbox::Set::Members currentNumbers(long long frame) const;
     void read(long long frame, toolbox::Set::Members&& numbers) const;
 

@@ -92,6 +92,25 @@ TEST_F(ZoneVarListModelTest, FollowsADeletionAndItsUndo)
     EXPECT_EQ(log.take(), "data");
 }
 
+TEST_F(ZoneVarListModelTest, ReadsNothingButTheNameAfterARename)
+{
+    int timesAsked = 0;
+    ZoneListModel const zones(
+        [&timesAsked](long long) {
+            ++timesAsked;
+            return toolbox::Set(std::set<int>{1, 3});
+        },
+        true);
+    ListLog log(zones);
+    timesAsked = 0;
+    dataSet.zone(1)->name = "altered behind the list's back";
+    ASSERT_TRUE(session.perform(kernel::RenameZone(dataSet, 3, "Fin")));
+    ASSERT_TRUE(session.perform(kernel::RenameZone(dataSet, 2, "not in the list")));
+    EXPECT_EQ(rows(zones), "1=1: Wing | 3=3: Fin");
+    EXPECT_EQ(log.take(), "item 1");
+    EXPECT_EQ(timesAsked, 0);
+}
+
 TEST_F(ZoneVarListModelTest, TellsARenameAsAChangeOfTheRow)
 {
     ZoneListModel const zones(getEnabledZonesForFrame, false);

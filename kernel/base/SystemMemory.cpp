@@ -44,10 +44,13 @@ namespace {
 
 constexpr std::size_t alignment = 64;
 constexpr std::size_t hugePage = std::size_t{2} << 20U;
+constexpr std::size_t worthAHugePage = hugePage / 4 * 3; // of the last one of an array
 
 std::shared_ptr<void> allocateOnHugePages(std::size_t bytes)
 {
-    std::size_t const length = bytes + hugePage; // room to begin at a huge page's border
+    std::size_t const rest = bytes % hugePage;
+    std::size_t const advised = rest < worthAHugePage ? bytes : bytes - rest + hugePage;
+    std::size_t const length = advised + hugePage; // room to begin at a huge page's border
     void* const mapped = mmap(nullptr, length, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
     if (mapped == MAP_FAILED) {
         throw std::bad_alloc();
@@ -55,7 +58,7 @@ std::shared_ptr<void> allocateOnHugePages(std::size_t bytes)
     std::shared_ptr<void> const mapping(mapped, [length](void* memory) { munmap(memory, length); });
     std::size_t const misfit = reinterpret_cast<std::uintptr_t>(mapped) % hugePage;
     void* const begin = static_cast<char*>(mapped) + (misfit == 0 ? 0 : hugePage - misfit);
-    madvise(begin, bytes, MADV_HUGEPAGE); // a hint: where the system has none, small pages do
+    madvise(begin, advised, MADV_HUGEPAGE); // a hint: where the system has none, small pages do
     return {mapping, begin};
 }
 
@@ -71,7 +74,7 @@ std::shared_ptr<void> allocateOnHeap(std::size_t bytes)
 std::shared_ptr<void> allocateZeroed(std::int64_t bytes)
 {
     std::size_t const size = bytes < 1 ? 1 : static_cast<std::size_t>(bytes);
-    return size >= 2 * hugePage ? allocateOnHugePages(size) : allocateOnHeap(size);
+    return size >= hugePage + worthAHugePage ? allocateOnHugePages(size) : allocateOnHeap(size);
 }
 
 } // namespace veldraw::kernel

@@ -21,7 +21,8 @@ public:
         std::vector<NewField> fields;
     };
 
-    /// @param parts the new fields, on groups that no other fields are on
+    /// @param parts the new fields, on groups that no other fields are on but those that come and go with them, in another part of the
+    /// same step; the step counts the values of such a group once
     /// @param event sent after each way
     /// @throws std::bad_alloc
     FieldReplacement(EventHub& hub, std::vector<ZonePart> parts, StateChangeEvent event);

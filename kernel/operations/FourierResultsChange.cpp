@@ -1,12 +1,14 @@
 #include "kernel/operations/FourierResultsChange.h"
 
 #include <algorithm>
+#include <set>
 
 namespace veldraw::kernel {
 
 FourierResultsChange::FourierResultsChange(EventHub& hub, std::shared_ptr<DataSet> dataSet, Parts parts)
     : m_hub(hub)
     , m_dataSet(std::move(dataSet))
+    , m_bytesOfResults(bytesOfResults(parts))
     , m_variables(m_silent, m_dataSet, parts.variables, std::move(parts.newFields))
     , m_zones(m_silent, m_dataSet, parts.zones)
     , m_fields(m_silent, std::move(parts.replacements), {})
@@ -14,6 +16,30 @@ FourierResultsChange::FourierResultsChange(EventHub& hub, std::shared_ptr<DataSe
     prepareEvents(parts);
     m_states = std::move(parts.states);
     m_record = std::move(parts.record);
+}
+
+/// Values that several fields share are counted once, wherever these are.
+std::int64_t FourierResultsChange::bytesOfResults(Parts const& parts)
+{
+    std::set<std::shared_ptr<ShareGroup>> groups;
+    for (VariableAddition::OwnField const& own : parts.newFields) {
+        groups.insert(own.field.field.group());
+    }
+    for (ZoneAddition::Copy const& copy : parts.zones) {
+        for (NewField const& own : copy.fields) {
+            groups.insert(own.field.group());
+        }
+    }
+    for (FieldReplacement::ZonePart const& part : parts.replacements) {
+        for (NewField const& replacement : part.fields) {
+            groups.insert(replacement.field.group());
+        }
+    }
+    std::int64_t sum = 0;
+    for (std::shared_ptr<ShareGroup> const& group : groups) {
+        sum += group->bytesInMemory();
+    }
+    return sum;
 }
 
 void FourierResultsChange::prepareEvents(Parts const& parts)
@@ -61,6 +87,7 @@ void FourierResultsChange::apply() noexcept
     m_zones.apply();
     m_fields.apply();
     exchangeStates();
+    m_areOut = false;
     tell(m_events);
 }
 
@@ -70,6 +97,7 @@ void FourierResultsChange::revert() noexcept
     m_fields.revert();
     m_zones.revert();
     m_variables.revert();
+    m_areOut = true;
     tell(m_eventsBack);
 }
 
@@ -94,6 +122,10 @@ HeldMemory FourierResultsChange::held() const noexcept
     HeldMemory sum = m_variables.held();
     sum += m_zones.held();
     sum += m_fields.held();
+    if (m_areOut) {
+        sum.values =
+            m_bytesOfResults; // and not those of each part, which may be the same; what they replace is in the data set
+    }
     std::size_t const lists = m_record.zones.size() * sizeof(TransformRecord::ResultZone) +
                               m_record.variables.size() * sizeof(TransformRecord::ResultVariables) +
                               m_states.size() * sizeof(ZoneState);

@@ -7,7 +7,7 @@
 namespace veldraw::kernel {
 
 /// Puts the results of a Fourier transform into a data set: new variables, new zones, and other values in zones that there are. All
-/// of it is there before the first event is sent.
+/// of it is there before the first event is sent. Frequencies may be shared by fields of all three kinds, which come and go together.
 class FourierResultsChange : public Change
 {
 public:
@@ -40,6 +40,7 @@ public:
 
 private:
     void prepareEvents(Parts const& parts);
+    static std::int64_t bytesOfResults(Parts const& parts);
     void exchangeStates() noexcept;
     void tell(std::vector<StateChangeEvent> const& events) noexcept;
 
@@ -50,6 +51,8 @@ private:
     std::vector<StateChangeEvent> m_eventsBack;
     std::vector<ZoneState> m_states;
     TransformRecord m_record;
+    std::int64_t m_bytesOfResults; // each values once
+    bool m_areOut = true;
     VariableAddition m_variables;
     ZoneAddition m_zones;
     FieldReplacement m_fields;

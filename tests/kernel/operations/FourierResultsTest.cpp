@@ -325,4 +325,21 @@ TEST_F(FourierResultsTest, CountsTheMemoryOfResultsThatAreTakenBack)
     EXPECT_EQ(session.history().valueBytes(), results);
 }
 
+TEST_F(FourierResultsTest, CountsFrequenciesOnceThatNewAndReplacedResultsShare)
+{
+    ASSERT_TRUE(transform({1}, {V}));
+    ASSERT_TRUE(transform({1, 2}, {U, V}, replacing())); // U and the second zone are new, V of the first is replaced
+    EXPECT_EQ(dataSet->field(3, 4)->group(), dataSet->field(3, 7)->group());
+    EXPECT_EQ(dataSet->field(3, 4)->group(), dataSet->field(4, 4)->group());
+    EXPECT_EQ(dataSet->field(3, 4)->shareCount(), 4);
+    constexpr std::int64_t ofOne = 21 * std::int64_t{sizeof(double)};
+    EXPECT_EQ(session.history().valueBytes(), 3 * ofOne) << "what was replaced";
+    ASSERT_TRUE(session.undo());
+    EXPECT_EQ(session.history().valueBytes(), (1 + 4 * 2) * ofOne) << "what was taken back";
+    EXPECT_EQ(dataSet->field(3, 4)->shareCount(), 1);
+    ASSERT_TRUE(session.redo());
+    EXPECT_EQ(session.history().valueBytes(), 3 * ofOne);
+    EXPECT_EQ(dataSet->field(3, 4)->shareCount(), 4);
+}
+
 } // namespace veldraw::tests

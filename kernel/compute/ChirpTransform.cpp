@@ -8,6 +8,8 @@ namespace veldraw::kernel {
 
 namespace {
 
+constexpr std::int64_t effortOfRoot = 4;
+
 /// The smallest multiple of 32 from @p least on that has no other factors than 2, 3 and 5: FFTW is quickest with these.
 std::int64_t smoothLength(std::int64_t least)
 {
@@ -34,7 +36,18 @@ std::int64_t ChirpTransform::paddedLength(std::int64_t length)
     return smoothLength(length + length / 2); // differences k - n from 1 - length to length / 2
 }
 
-ChirpTransform::ChirpTransform(std::int64_t length, Progress const& progress, std::int64_t longest)
+std::int64_t ChirpTransform::effortOfTables(std::int64_t length)
+{
+    return (effortOfRoot + 1) * length + LongTransform::effortOf(paddedLength(length));
+}
+
+std::int64_t ChirpTransform::effortOfRun(std::int64_t length)
+{
+    std::int64_t const padded = paddedLength(length);
+    return 2 * padded + 2 * LongTransform::effortOf(padded) + length / 2;
+}
+
+ChirpTransform::ChirpTransform(std::int64_t length, Progress& progress, std::int64_t longest)
     : RealTransform(length)
     , m_convolution(paddedLength(length), longest)
     , m_chirp(static_cast<std::size_t>(length))
@@ -45,7 +58,7 @@ ChirpTransform::ChirpTransform(std::int64_t length, Progress const& progress, st
 }
 
 /// Angles are by whole numbers, n^2 modulo 2 length, since n^2 itself has lost its last digits long before 1e9.
-void ChirpTransform::makeChirp(Progress const& progress)
+void ChirpTransform::makeChirp(Progress& progress)
 {
     constexpr std::int64_t blockLength = 512;
     auto const turn = 2 * static_cast<std::uint64_t>(length());
@@ -63,9 +76,10 @@ void ChirpTransform::makeChirp(Progress const& progress)
             number = (number + 2 * static_cast<std::uint64_t>(n) + 1) % turn;
         }
     });
+    progress.advance(effortOfRoot * length());
 }
 
-void ChirpTransform::makeFilter(Progress const& progress)
+void ChirpTransform::makeFilter(Progress& progress)
 {
     std::size_t const size = m_filter.size();
     ZeroedArray<Bin> lags(size);
@@ -80,10 +94,11 @@ void ChirpTransform::makeFilter(Progress const& progress)
             end[-lag] = inverse; // negative ones stand at the end
         }
     });
+    progress.advance(length());
     m_convolution.run(lags.begin(), m_filter.begin(), progress);
 }
 
-void ChirpTransform::transform(double* signal, Bin* bins, Bin* room, Progress const& progress) const
+void ChirpTransform::transform(double* signal, Bin* bins, Bin* room, Progress& progress) const
 {
     std::int64_t const size = m_convolution.length();
     Bin* const first = room;
@@ -91,12 +106,15 @@ void ChirpTransform::transform(double* signal, Bin* bins, Bin* room, Progress co
     Bin const* const chirp = m_chirp.begin();
     Bin const* const filter = m_filter.begin();
     forEachChecked(size, progress, [&](std::int64_t n) { first[n] = n < length() ? chirp[n] * signal[n] : Bin(); });
+    progress.advance(size);
     m_convolution.run(first, second, progress);
     // The way back is a transform too, of conjugates.
     forEachChecked(size, progress, [&](std::int64_t k) { second[k] = std::conj(product(second[k], filter[k])); });
+    progress.advance(size);
     m_convolution.run(second, first, progress);
     forEachChecked(length() / 2 + 1, progress,
                    [&](std::int64_t k) { bins[k] = product(chirp[k], std::conj(first[k])); });
+    progress.advance(length() / 2);
 }
 
 } // namespace veldraw::kernel

@@ -13,17 +13,21 @@ class ChirpTransform : public RealTransform
 {
 public:
     /// @throws Interrupted, std::bad_alloc
-    ChirpTransform(std::int64_t length, Progress const& progress, std::int64_t longest);
+    ChirpTransform(std::int64_t length, Progress& progress, std::int64_t longest);
 
     std::size_t roomSize() const override { return 2 * static_cast<std::size_t>(m_convolution.length()); }
 
     /// The length of the convolution.
     static std::int64_t paddedLength(std::int64_t length);
 
+    /// Units by which the constructor and run() advance the progress.
+    static std::int64_t effortOfTables(std::int64_t length);
+    static std::int64_t effortOfRun(std::int64_t length);
+
 private:
-    void transform(double* signal, Bin* bins, Bin* room, Progress const& progress) const override;
-    void makeChirp(Progress const& progress);
-    void makeFilter(Progress const& progress);
+    void transform(double* signal, Bin* bins, Bin* room, Progress& progress) const override;
+    void makeChirp(Progress& progress);
+    void makeFilter(Progress& progress);
 
     LongTransform m_convolution;
     ZeroedArray<Bin> m_chirp;  // c[n]

@@ -14,6 +14,8 @@ namespace {
 
 using Bin = FourierPlan::Bin;
 
+constexpr double bytesOfPlanner = 0x1p18; // measured, as those for each number of plans with many and with few factors
+
 /// Guards the planner of FFTW and the plans that are kept: only transforms may run at the same time.
 std::mutex& planner()
 {
@@ -125,6 +127,16 @@ std::shared_ptr<FourierPlan const> FourierPlan::ofReal(std::int64_t length)
 std::shared_ptr<FourierPlan const> FourierPlan::ofComplex(std::int64_t length)
 {
     return store().plan(length, false);
+}
+
+double FourierPlan::bytesOfReal(std::int64_t length)
+{
+    return bytesOfPlanner + 9.0 * static_cast<double>(length);
+}
+
+double FourierPlan::bytesOfComplex(std::int64_t length)
+{
+    return bytesOfPlanner + 16.0 * static_cast<double>(length);
 }
 
 } // namespace veldraw::kernel

@@ -24,6 +24,10 @@ public:
     /// A plan for @p length complex numbers. @throws std::bad_alloc
     static std::shared_ptr<FourierPlan const> ofComplex(std::int64_t length);
 
+    /// Bytes of the factors that FFTW keeps, at most.
+    static double bytesOfReal(std::int64_t length);
+    static double bytesOfComplex(std::int64_t length);
+
     virtual ~FourierPlan() = default;
     FourierPlan(FourierPlan const&) = delete;
     FourierPlan& operator=(FourierPlan const&) = delete;

@@ -25,14 +25,23 @@ public:
     /// @throws std::bad_alloc
     explicit LongTransform(std::int64_t length, std::int64_t longest = longestWhole);
 
+    /// Bytes of the tables, and of what run() takes for each thread.
+    static double bytesOfTables(std::int64_t length);
+    static double bytesOfThread(std::int64_t length);
+
+    /// Units by which run() advances the progress: one is about the time that it takes to read a value.
+    static std::int64_t effortOf(std::int64_t length) { return 2 * effortOfLine * length; }
+
     std::int64_t length() const { return m_length; }
 
     /// @param signal of the length, is lost; @param bins are no part of it. @throws Interrupted, std::bad_alloc
-    void run(Bin* signal, Bin* bins, Progress const& progress) const;
+    void run(Bin* signal, Bin* bins, Progress& progress) const;
 
 private:
-    void transformColumns(Bin* signal, Progress const& progress) const;
-    void transformRows(Bin* signal, Bin* bins, Progress const& progress) const;
+    static constexpr std::int64_t effortOfLine = 4; // for each of its values
+
+    void transformColumns(Bin* signal, Progress& progress) const;
+    void transformRows(Bin* signal, Bin* bins, Progress& progress) const;
 
     std::int64_t m_length;
     std::int64_t m_columns = 1; // of the table; 1 for a transform as a whole

@@ -12,6 +12,9 @@ using Bin = RealTransform::Bin;
 /// Up to here FFTW takes a prime factor by itself about as quickly as a longer convolution takes.
 constexpr std::int64_t largestPlainFactor = 50;
 
+constexpr std::int64_t effortOfWhole = 4; // for each value
+constexpr double bytesOfBin = sizeof(Bin);
+
 std::int64_t largestFactor(std::int64_t number)
 {
     std::int64_t largest = 1;
@@ -24,14 +27,22 @@ std::int64_t largestFactor(std::int64_t number)
     return number > 1 ? number : largest;
 }
 
-bool isCut(std::int64_t length, std::int64_t longest)
+/// How a length is transformed.
+enum class Kind
 {
-    return length > longest;
-}
+    Whole,       ///< by FFTW as it is
+    Packed,      ///< as complex numbers, in columns and rows
+    Convolution, ///< as one of another length
+};
 
-bool isConvolution(std::int64_t length, std::int64_t longest)
+/// @param longest length that is transformed as a whole
+Kind kindOf(std::int64_t length, std::int64_t longest = LongTransform::longestWhole)
 {
-    return largestFactor(length) > largestPlainFactor || (isCut(length, longest) && length % 2 != 0);
+    bool const isCut = length > longest;
+    if (largestFactor(length) > largestPlainFactor || (isCut && length % 2 != 0)) {
+        return Kind::Convolution;
+    }
+    return isCut ? Kind::Packed : Kind::Whole;
 }
 
 /// A signal that FFTW takes as it is.
@@ -47,10 +58,11 @@ public:
     std::size_t roomSize() const override { return 0; }
 
 private:
-    void transform(double* signal, Bin* bins, Bin*, Progress const& progress) const override
+    void transform(double* signal, Bin* bins, Bin*, Progress& progress) const override
     {
         progress.check();
         m_plan->run(signal, bins);
+        progress.advance(effortOfWhole * length());
     }
 
     std::shared_ptr<FourierPlan const> m_plan;
@@ -71,7 +83,7 @@ public:
     std::size_t roomSize() const override { return static_cast<std::size_t>(m_half.length()); }
 
 private:
-    void transform(double* signal, Bin* bins, Bin* room, Progress const& progress) const override
+    void transform(double* signal, Bin* bins, Bin* room, Progress& progress) const override
     {
         std::int64_t const half = m_half.length();
         m_half.run(reinterpret_cast<Bin*>(signal), room, progress);
@@ -82,6 +94,7 @@ private:
             Bin const odd = product({0.0, -0.5}, forward - backward);
             bins[k] = even + product(m_roots.at(static_cast<std::uint64_t>(k)), odd);
         });
+        progress.advance(half);
     }
 
     LongTransform m_half;
@@ -90,21 +103,22 @@ private:
 
 } // namespace
 
-std::unique_ptr<RealTransform const> RealTransform::make(std::int64_t length, Progress const& progress,
-                                                         std::int64_t longest)
+std::unique_ptr<RealTransform const> RealTransform::make(std::int64_t length, Progress& progress, std::int64_t longest)
 {
     progress.check();
-    if (isConvolution(length, longest)) {
+    switch (kindOf(length, longest)) {
+    case Kind::Convolution:
         return std::make_unique<ChirpTransform>(length, progress, longest);
-    }
-    if (isCut(length, longest)) {
+    case Kind::Packed:
         return std::make_unique<PackedTransform>(length, longest);
+    case Kind::Whole:
+        break;
     }
     return std::make_unique<WholeTransform>(length);
 }
 
 /// The sums of bins without a partner are real; what rounding has left there would turn the phase of a negative one to -180.
-void RealTransform::run(double* signal, Bin* bins, Bin* room, Progress const& progress) const
+void RealTransform::run(double* signal, Bin* bins, Bin* room, Progress& progress) const
 {
     transform(signal, bins, room, progress);
     bins[0].imag(0.0);
@@ -115,22 +129,61 @@ void RealTransform::run(double* signal, Bin* bins, Bin* room, Progress const& pr
 
 double RealTransform::bytesOfTables(std::int64_t length)
 {
-    constexpr double bytesOfBin = sizeof(Bin);
-    if (isConvolution(length, LongTransform::longestWhole)) {
-        auto const padded = static_cast<double>(ChirpTransform::paddedLength(length));
-        return bytesOfBin *
-               (static_cast<double>(length) + 3.0 * padded); // with those of FFTW, and what makes the filter
+    switch (kindOf(length)) {
+    case Kind::Convolution: {
+        std::int64_t const padded = ChirpTransform::paddedLength(length);
+        return bytesOfBin * static_cast<double>(length + padded) + LongTransform::bytesOfTables(padded);
     }
-    return bytesOfBin * static_cast<double>(length);
+    case Kind::Packed:
+        return LongTransform::bytesOfTables(length / 2) + UnitRoots::bytesOf(length);
+    case Kind::Whole:
+        break;
+    }
+    return FourierPlan::bytesOfReal(length);
 }
 
 double RealTransform::bytesOfRoom(std::int64_t length)
 {
-    constexpr double bytesOfBin = sizeof(Bin);
-    if (isConvolution(length, LongTransform::longestWhole)) {
+    switch (kindOf(length)) {
+    case Kind::Convolution:
         return bytesOfBin * 2.0 * static_cast<double>(ChirpTransform::paddedLength(length));
+    case Kind::Packed:
+        return bytesOfBin * static_cast<double>(length / 2);
+    case Kind::Whole:
+        break;
     }
-    return isCut(length, LongTransform::longestWhole) ? bytesOfBin * 0.5 * static_cast<double>(length) : 0.0;
+    return 0.0;
+}
+
+double RealTransform::bytesOfThread(std::int64_t length)
+{
+    switch (kindOf(length)) {
+    case Kind::Convolution:
+        return LongTransform::bytesOfThread(ChirpTransform::paddedLength(length));
+    case Kind::Packed:
+        return LongTransform::bytesOfThread(length / 2);
+    case Kind::Whole:
+        break;
+    }
+    return 0.0;
+}
+
+std::int64_t RealTransform::effortOfTables(std::int64_t length)
+{
+    return kindOf(length) == Kind::Convolution ? ChirpTransform::effortOfTables(length) : 0;
+}
+
+std::int64_t RealTransform::effortOfRun(std::int64_t length)
+{
+    switch (kindOf(length)) {
+    case Kind::Convolution:
+        return ChirpTransform::effortOfRun(length);
+    case Kind::Packed:
+        return LongTransform::effortOf(length / 2) + length / 2;
+    case Kind::Whole:
+        break;
+    }
+    return effortOfWhole * length;
 }
 
 } // namespace veldraw::kernel

@@ -25,12 +25,17 @@ public:
     /// @param length at least 1
     /// @param longest length that is transformed as a whole
     /// @throws Interrupted, std::bad_alloc
-    static std::unique_ptr<RealTransform const> make(std::int64_t length, Progress const& progress,
+    static std::unique_ptr<RealTransform const> make(std::int64_t length, Progress& progress,
                                                      std::int64_t longest = LongTransform::longestWhole);
 
-    /// Bytes that make() takes for its tables, and run() for the room of one thread.
+    /// Bytes that make() takes for its tables, that run() needs as room, and that it takes itself for each thread that it runs on.
     static double bytesOfTables(std::int64_t length);
     static double bytesOfRoom(std::int64_t length);
+    static double bytesOfThread(std::int64_t length);
+
+    /// Units by which make() and run() advance the progress: one is about the time that it takes to read a value.
+    static std::int64_t effortOfTables(std::int64_t length);
+    static std::int64_t effortOfRun(std::int64_t length);
 
     virtual ~RealTransform() = default;
     RealTransform(RealTransform const&) = delete;
@@ -41,7 +46,7 @@ public:
 
     /// All arrays begin at multiples of 16 bytes. @param signal is lost; @param room of roomSize() numbers
     /// @throws Interrupted, std::bad_alloc
-    void run(double* signal, Bin* bins, Bin* room, Progress const& progress) const;
+    void run(double* signal, Bin* bins, Bin* room, Progress& progress) const;
 
 protected:
     explicit RealTransform(std::int64_t length)
@@ -53,7 +58,7 @@ protected:
 
 private:
     /// Writes the bins for run(). Those that are real may have some rounding in their imaginary parts.
-    virtual void transform(double* signal, Bin* bins, Bin* room, Progress const& progress) const = 0;
+    virtual void transform(double* signal, Bin* bins, Bin* room, Progress& progress) const = 0;
 
     std::int64_t m_length;
 };

@@ -11,8 +11,13 @@ namespace veldraw::kernel {
 /// The independent variable of signals, such as time: where each of the values stands, and how far apart they are.
 ///
 /// Places that are hidden or no finite numbers are not known, and nothing is known of the values there. The known ones have to
-/// rise, or fall, from each to the next. Their steps are even when each is the mean one within a millionth, or within what the
-/// type of the places can tell apart.
+/// rise, or fall, from each to the next. Steps are even in two cases, which are told apart from others by what the type of the places
+/// can tell apart there, its unit (1 for whole numbers):
+///
+/// - Each step is the mean one within a millionth and what rounding makes of it, and each place is where even steps would lead, within a
+///   hundredth of a step and a unit. Places are looked at beside steps since small differences of steps may add up.
+/// - All steps come from one that was added again and again, each sum rounded to a number of the type. Wherever this has led
+///   in the end, it was not meant to be uneven.
 class SignalAxis
 {
 public:
@@ -44,7 +49,7 @@ public:
 
     // What follows holds without a fault.
 
-    double spacing() const { return m_spacing; } ///< above 0; that of the signal where the steps are not even
+    double spacing() const { return m_spacing; } ///< above 0: the mean step between the first known place and the last
     bool isEven() const { return m_isEven; }
     bool isFalling() const { return m_isFalling; }
     bool isWhole() const { return m_knownCount == count(); } ///< all places are known
@@ -52,15 +57,19 @@ public:
     /// Whether the place of a value is known and the value is not hidden. @param number zero-based
     bool isKnown(std::int64_t number) const;
 
-    /// How many spacings a value whose place is known is above the lowest one.
+    /// Where in even steps a value stands whose place is known: the first and the last known one at their own numbers, counted from the end
+    /// of the signal with the lowest place.
     double stepsTo(std::int64_t number) const;
 
 private:
     double placeOf(std::int64_t number) const;
-    void examine(Buffer const& places, Progress const& progress);
-    bool followAll(std::int64_t first, double const* places, std::int64_t number);
+    void readPlaces(Buffer const& places, std::int64_t first, std::int64_t number, double* block) const;
+    bool takeAll(Buffer const& places, Progress const& progress);
+    void takeKnown(Buffer const& places, Progress const& progress);
     void follow(std::int64_t number, double place);
-    void measure(FieldDataType_e type);
+    void measure(Buffer const& places, Progress const& progress);
+    bool hasEvenSteps(Buffer const& places, double mean, Progress const& progress) const;
+    std::int64_t knownBefore(std::int64_t number) const;
 
     QuickReader m_places;
     Values m_values;

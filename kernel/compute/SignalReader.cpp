@@ -73,27 +73,35 @@ private:
 
 } // namespace
 
-bool SignalReader::read(double* signal, Progress const& progress)
+bool SignalReader::read(double* signal, Progress& progress)
 {
     m_unknown = 0;
     m_largest = 0.0;
+    std::int64_t const count = m_axis.count();
     bool const isPlain = m_axis.isEven() && m_axis.isWhole();
-    if (!isPlain || !readAll(signal, progress)) {
-        readKnown(signal, progress);
+    if (isPlain && readAll(signal, progress)) {
+        return true;
     }
-    return 2 * m_unknown <= m_axis.count();
+    readKnown(signal, progress);
+    if (2 * m_unknown > count) {
+        return false;
+    }
+    for (std::int64_t first = 0; first < count; first += blockSize) {
+        look(first, progress);
+        finish(first, std::min(blockSize, count - first), signal + first);
+    }
+    return true;
 }
 
 /// Reads a signal of which all is known. @return false when a value turns out to be no finite number
-bool SignalReader::readAll(double* signal, Progress const& progress)
+bool SignalReader::readAll(double* signal, Progress& progress)
 {
     std::int64_t const count = m_axis.count();
     for (std::int64_t first = 0; first < count; first += blockSize) {
-        if (first % stepsBetweenChecks == 0) {
-            progress.check();
-        }
+        look(first, progress);
         std::int64_t const size = std::min(blockSize, count - first);
-        double* const block = signal + (m_axis.isFalling() ? count - first - size : first);
+        std::int64_t const place = m_axis.isFalling() ? count - first - size : first;
+        double* const block = signal + place;
         readBlock(*m_values, first, size, block);
         double sum = 0.0; // of products with 0: no number as soon as one of them is none
         double largest = m_largest;
@@ -108,19 +116,19 @@ bool SignalReader::readAll(double* signal, Progress const& progress)
         if (m_axis.isFalling()) {
             std::reverse(block, block + size);
         }
+        finish(place, size, block);
     }
     return true;
 }
 
 /// Reads what is known, and draws lines between that.
-void SignalReader::readKnown(double* signal, Progress const& progress)
+void SignalReader::readKnown(double* signal, Progress& progress)
 {
     std::int64_t const count = m_axis.count();
     SignalLine line(signal, count, progress);
+    m_largest = 0.0;
     for (std::int64_t step = 0; step < count; ++step) {
-        if (step % stepsBetweenChecks == 0) {
-            progress.check();
-        }
+        look(step, progress);
         std::int64_t const number = m_axis.isFalling() ? count - 1 - step : step;
         double const value = m_values->value(number);
         if (std::isfinite(value) && m_axis.isKnown(number)) {
@@ -131,6 +139,22 @@ void SignalReader::readKnown(double* signal, Progress const& progress)
         }
     }
     line.end();
+}
+
+void SignalReader::finish(std::int64_t first, std::int64_t count, double* values) const
+{
+    if (m_finish) {
+        m_finish(first, count, values);
+    }
+}
+
+/// Every now and then. @param done of the values
+void SignalReader::look(std::int64_t done, Progress& progress) const
+{
+    if (done % stepsBetweenChecks == 0) {
+        progress.check();
+        progress.reach(static_cast<double>(done) / static_cast<double>(m_axis.count()));
+    }
 }
 
 } // namespace veldraw::kernel

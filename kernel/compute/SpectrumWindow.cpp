@@ -65,6 +65,11 @@ SpectrumWindow::SpectrumWindow(WindowFunction_e function, std::int64_t length, P
     });
 }
 
+double SpectrumWindow::bytesOf(WindowFunction_e function, std::int64_t length)
+{
+    return function == WindowFunction_Rectangular ? 0.0 : 8.0 * static_cast<double>(length / 2 + 1);
+}
+
 double SpectrumWindow::mean() const
 {
     auto const length = static_cast<double>(m_length);

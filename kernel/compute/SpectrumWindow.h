@@ -23,6 +23,9 @@ public:
     /// @param length N of the signals. @throws Interrupted, std::bad_alloc
     SpectrumWindow(WindowFunction_e function, std::int64_t length, Progress& progress);
 
+    /// Bytes of the factors that are kept.
+    static double bytesOf(WindowFunction_e function, std::int64_t length);
+
     /// Mean of the factors: by it the amplitude of a tone becomes less.
     double mean() const;
 

@@ -22,6 +22,9 @@ public:
     /// @throws std::bad_alloc
     explicit UnitRoots(std::uint64_t count);
 
+    /// Bytes of the tables.
+    static double bytesOf(std::int64_t count);
+
     /// @param number below count
     std::complex<double> at(std::uint64_t number) const
     {

@@ -3,6 +3,7 @@
 #include "kernel/base/ZeroedArray.h"
 #include "tests/kernel/support/LookCounter.h"
 #include "tests/kernel/support/ReferenceSpectrum.h"
+#include "tests/kernel/support/StepLog.h"
 
 #include <gtest/gtest.h>
 #include <numeric>
@@ -28,7 +29,7 @@ Numbers randomSignal(std::size_t length)
     return values;
 }
 
-Bins transformed(RealTransform const& transform, Numbers const& values, Progress const& progress = Progress())
+Bins transformed(RealTransform const& transform, Numbers const& values, Progress& progress)
 {
     ZeroedArray<double> signal(values.size());
     std::copy(values.begin(), values.end(), signal.begin());
@@ -41,8 +42,9 @@ Bins transformed(RealTransform const& transform, Numbers const& values, Progress
 /// @param longest length that is transformed as a whole
 Bins transformed(Numbers const& values, std::int64_t longest = LongTransform::longestWhole)
 {
-    auto const transform = RealTransform::make(static_cast<std::int64_t>(values.size()), Progress(), longest);
-    return transformed(*transform, values);
+    Progress progress;
+    auto const transform = RealTransform::make(static_cast<std::int64_t>(values.size()), progress, longest);
+    return transformed(*transform, values, progress);
 }
 
 double largest(Bins const& bins)
@@ -230,7 +232,7 @@ TEST(RealTransformTest, LooksForACancelAllTheTime)
 {
     for (std::size_t const length : {1U << 14U, 16411U}) {
         LookCounter whole;
-        auto const make = [&](Progress const& progress) {
+        auto const make = [&](Progress& progress) {
             return RealTransform::make(static_cast<std::int64_t>(length), progress, 256);
         };
         auto const transform = make(whole);
@@ -240,6 +242,23 @@ TEST(RealTransformTest, LooksForACancelAllTheTime)
         for (std::int64_t look = 1; look <= whole.looks(); look += 1 + whole.looks() / 20) {
             LookCounter cancelled(look);
             EXPECT_THROW(transformed(*make(cancelled), values, cancelled), Interrupted) << length << ", look " << look;
+        }
+    }
+}
+
+TEST(RealTransformTest, AdvancesByItsEffortInStepsThatAreNeverLarge)
+{
+    // Whole; a convolution of a whole length; cut; a convolution of a cut length.
+    for (std::int64_t const length : {1000, 1009, 3 << 20, 1100009}) {
+        Progress ofTables;
+        auto const transform = RealTransform::make(length, ofTables);
+        EXPECT_EQ(ofTables.done(), RealTransform::effortOfTables(length)) << length;
+        StepLog ofRun;
+        ofRun.setTotal(RealTransform::effortOfRun(length));
+        transformed(*transform, randomSignal(static_cast<std::size_t>(length)), ofRun);
+        EXPECT_EQ(ofRun.done(), ofRun.total()) << length;
+        if (length > LongTransform::longestWhole) {
+            EXPECT_LT(ofRun.largestStep(), 0.15) << length;
         }
     }
 }

@@ -61,6 +61,7 @@ TEST(SignalReaderTest, DrawsLinesThroughWhatIsKnownOfSeveralThousandValues)
         auto const hidden = std::make_shared<HiddenSlots>(static_cast<std::int64_t>(count));
         std::int64_t left = 0;
         Known known;
+        std::vector<std::size_t> steps; // at which something is known
         for (std::size_t at = 0; at < count; ++at) {
             bool const isInside = at > 0 && at + 1 < count;
             double const place = 3.0 * (static_cast<double>(at) + (isInside ? each.unevenness * uniform(random) : 0.0));
@@ -76,19 +77,26 @@ TEST(SignalReaderTest, DrawsLinesThroughWhatIsKnownOfSeveralThousandValues)
                 }
             } else {
                 known.emplace_back(place, values[slot]);
+                steps.push_back(at);
             }
         }
-        // Hidden places count for the spacing of uneven steps, so that the ends have to be known there.
         SignalAxis const axis(sample::buffer(places), {count, false, each.hides ? hidden : nullptr}, Progress());
         ASSERT_EQ(axis.fault(), SignalAxis::Fault::None);
         ASSERT_EQ(axis.isEven(), each.unevenness == 0);
         SignalReader reader(sample::buffer(values), axis);
         Numbers signal(count);
-        ASSERT_TRUE(reader.read(signal.data(), Progress()));
+        Progress progress;
+        ASSERT_TRUE(reader.read(signal.data(), progress));
         EXPECT_EQ(reader.unknownCount(), left);
-        double const first = axis.isEven() || !each.hides ? 0.0 : known.front().first;
+        // Where only values are not known, the places at the ends are.
+        std::size_t const begin = each.hides ? steps.front() : 0;
+        std::size_t const end = each.hides ? steps.back() : count - 1;
+        double const first = each.hides ? known.front().first : 0.0;
+        double const last = each.hides ? known.back().first : 3.0 * static_cast<double>(count - 1);
+        double const spacing = (last - first) / static_cast<double>(end - begin);
+        EXPECT_NEAR(axis.spacing(), spacing, 1e-12);
         for (std::size_t step = 0; step < count; ++step) {
-            double const place = first + axis.spacing() * static_cast<double>(step);
+            double const place = first + spacing * (static_cast<double>(step) - static_cast<double>(begin));
             ASSERT_NEAR(signal[step], onLines(known, place), 1e-9) << step << ' ' << each.unevenness << each.unknown;
         }
     }
@@ -106,16 +114,48 @@ TEST(SignalReaderTest, TellsTheLargestMagnitude)
                           {1300, false, nullptr}, Progress());
     Numbers signal(1300);
     SignalReader whole(sample::buffer(values), axis);
-    ASSERT_TRUE(whole.read(signal.data(), Progress()));
+    Progress progress;
+    ASSERT_TRUE(whole.read(signal.data(), progress));
     EXPECT_EQ(whole.largest(), 8.0);
     values[1200] = infinity;
     SignalReader bridged(sample::buffer(values), axis);
-    ASSERT_TRUE(bridged.read(signal.data(), Progress()));
+    ASSERT_TRUE(bridged.read(signal.data(), progress));
     EXPECT_EQ(bridged.largest(), 8.0);
     EXPECT_EQ(signal[1200], 0.5);
     LookCounter counter;
     ASSERT_TRUE(bridged.read(signal.data(), counter));
     EXPECT_GE(counter.looks(), 2);
+}
+
+TEST(SignalReaderTest, FinishesEachValueOnceWithItsPlaceInTheSignal)
+{
+    constexpr std::size_t count = 3000;
+    Numbers places(count);
+    std::iota(places.begin(), places.end(), 0.0);
+    for (bool const falls : {false, true}) {
+        for (bool const hasGap : {false, true}) {
+            Numbers values(count);
+            std::iota(values.begin(), values.end(), 100.0);
+            values[2900] = hasGap ? notANumber : values[2900];
+            Numbers signal(count);
+            SignalAxis const axis(sample::buffer(falls ? Numbers(places.rbegin(), places.rend()) : places),
+                                  {count, false, nullptr}, Progress());
+            SignalReader reader(sample::buffer(values), axis,
+                                [](std::int64_t first, std::int64_t number, double* part) {
+                                    for (std::int64_t at = 0; at < number; ++at) {
+                                        part[at] = 2.0 * part[at] + 1e6 * static_cast<double>(first + at);
+                                    }
+                                });
+            Progress progress;
+            progress.setTotal(count);
+            ASSERT_TRUE(reader.read(signal.data(), progress));
+            for (std::size_t step = 0; step < count; ++step) {
+                double const value = 100.0 + static_cast<double>(falls ? count - 1 - step : step);
+                ASSERT_EQ(signal[step], 2.0 * value + 1e6 * static_cast<double>(step)) << falls << hasGap;
+            }
+            EXPECT_EQ(reader.largest(), 3099.0) << "as it was read";
+        }
+    }
 }
 
 TEST(SignalReaderTest, LooksForACancelWhileItFillsALongGap)

@@ -3,12 +3,15 @@
 #include "kernel/operations/EnableZone.h"
 #include "tests/kernel/support/FourierFixture.h"
 #include "tests/kernel/support/SampleLoader.h"
+#include "tests/kernel/support/StepLog.h"
+#include "tests/kernel/support/Threads.h"
 #include "tests/support/SpecialNumbers.h"
 
+#include <atomic>
+#include <chrono>
 #include <condition_variable>
 #include <mutex>
 #include <numeric>
-#include <omp.h>
 #include <set>
 #include <thread>
 
@@ -23,30 +26,21 @@ namespace {
 constexpr WindowFunction_e windows[] = {WindowFunction_Rectangular, WindowFunction_Triangular, WindowFunction_Hann,
                                         WindowFunction_Hamming};
 
-/// Notes how much is done at each look for a cancel.
-class FractionLog : public Progress
-{
-public:
-    bool isInterrupted() const override
-    {
-        std::lock_guard<std::mutex> const lock(m_mutex);
-        m_fractions.insert(fraction());
-        return Progress::isInterrupted();
-    }
-
-    std::set<double> const& fractions() const { return m_fractions; }
-
-private:
-    mutable std::mutex m_mutex;
-    mutable std::set<double> m_fractions;
-};
-
 /// Holds the first thread that looks for a cancel until another one does too.
 class SecondThread : public Progress
 {
 public:
+    /// @param from how much has to be done before looks count
+    explicit SecondThread(double from = 0.0)
+        : m_from(from)
+    {
+    }
+
     bool isInterrupted() const override
     {
+        if (fraction() < m_from) {
+            return false;
+        }
         std::unique_lock<std::mutex> lock(m_mutex);
         m_threads.insert(std::this_thread::get_id());
         m_changed.notify_all();
@@ -57,10 +51,39 @@ public:
     bool hasCome() const { return m_threads.size() > 1; }
 
 private:
+    double m_from;
     mutable std::mutex m_mutex;
     mutable std::condition_variable m_changed;
     mutable std::set<std::thread::id> m_threads;
     mutable bool m_hasGivenUp = false;
+};
+
+/// Takes its time at each look from some part of the work on, and notes how much was done at the last one.
+class SlowProgress : public Progress
+{
+public:
+    explicit SlowProgress(double from)
+        : m_from(from)
+    {
+    }
+
+    bool isInterrupted() const override
+    {
+        double const done = fraction();
+        if (done > m_from) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(2));
+        }
+        double most = m_most;
+        while (done > most && !m_most.compare_exchange_weak(most, done)) {
+        }
+        return false;
+    }
+
+    double most() const { return m_most; }
+
+private:
+    double m_from;
+    mutable std::atomic<double> m_most{0.0};
 };
 
 class FourierTransformTest : public FourierFixture
@@ -101,8 +124,47 @@ protected:
         return spectrum;
     }
 
-    /// Bytes of the amplitudes and phases of a signal.
-    static double bytesOfResults(std::size_t length) { return 16.0 * static_cast<double>(length / 2 + 1); }
+    /// A signal of a constant.
+    static Spectrum hum(std::size_t length, double value = 1.0)
+    {
+        Spectrum spectrum = silence(length);
+        spectrum.values = sample::buffer(Numbers(length, value));
+        spectrum.reasonAgainstGaps = "gaps in " + std::to_string(length);
+        return spectrum;
+    }
+
+    static double bytesOfBins(std::size_t length) { return 8.0 * static_cast<double>(length / 2 + 1); }
+
+    /// What is taken at a time for spectra beside frequencies, amplitudes and phases. @param lengths of which none have the same frequencies
+    static double bytesOfWork(std::vector<std::size_t> const& lengths, SpectrumChoice const& choice = {})
+    {
+        std::vector<Spectrum> spectra;
+        double results = 0.0;
+        std::set<std::size_t> known;
+        for (std::size_t const length : lengths) {
+            spectra.push_back(hum(length));
+            results += (known.insert(length).second ? 3.0 : 2.0) * bytesOfBins(length);
+        }
+        return bytesOf(spectra, choice) - results;
+    }
+
+    /// Values at as many even steps from the first time to the last, on the lines between those there are.
+    static Numbers onEvenSteps(Numbers const& times, Numbers const& values)
+    {
+        Numbers signal;
+        Numbers since;
+        for (double const moment : times) {
+            since.push_back(moment - times.front());
+        }
+        for (std::size_t step = 0; step < times.size(); ++step) {
+            double const moment = since.back() * static_cast<double>(step) / static_cast<double>(times.size() - 1);
+            auto const after = std::lower_bound(since.begin() + 1, since.end() - 1, moment) - since.begin();
+            auto const at = static_cast<std::size_t>(after);
+            double const part = (moment - since[at - 1]) / (since[at] - since[at - 1]);
+            signal.push_back((1.0 - part) * values[at - 1] + part * values[at]);
+        }
+        return signal;
+    }
 
     static Numbers tone(std::size_t count, double cycles, double amplitude, double degrees)
     {
@@ -373,6 +435,63 @@ TEST_F(FourierTransformTest, TakesStepsAsEvenThatDifferByTheRoundingOfTheirType)
     EXPECT_NE(note(resultZones[0], "Fourier.Resampled"), "");
 }
 
+TEST_F(FourierTransformTest, ShowsAToneOverTwoSetsOfStepsAtItsOwnFrequency)
+{
+    Numbers times{1e5};
+    while (times.size() < 2001) {
+        times.push_back(times.back() + (times.size() <= 1000 ? 0.03125 : 0.0703125));
+    }
+    Numbers cosine;
+    for (double const moment : times) {
+        cosine.push_back(std::cos(2.0 * M_PI * 2.0 * (moment - times[0])));
+    }
+    int const zone = add(times, cosine, cosine);
+    setField(zone, time, times, FieldDataType_Float);
+    ASSERT_TRUE(transform({zone}, {U}, with(WindowFunction_Hann)));
+    EXPECT_NE(note(resultZones[0], "Fourier.Resampled"), "");
+    Numbers const amplitudes = valuesOf(resultZones[0], resultVariables[1]);
+    auto const largest = std::max_element(amplitudes.begin(), amplitudes.end());
+    Numbers const frequencies = valuesOf(resultZones[0], resultVariables[0]);
+    EXPECT_NEAR(frequencies[static_cast<std::size_t>(largest - amplitudes.begin())], 2.0, 0.006);
+    EXPECT_GT(*largest, 0.9);
+    expectSpectrum(resultZones[0], resultVariables[0], onEvenSteps(times, cosine), 101.5625 / 2000.0,
+                   {WindowFunction_Hann, false});
+}
+
+TEST_F(FourierTransformTest, HoldsUnknownPlacesAtTheEndsForAsManyStepsMoreWhetherStepsAreEvenOrNot)
+{
+    for (bool const isUneven : {false, true}) {
+        for (bool const falls : {false, true}) {
+            constexpr std::size_t count = 3000;
+            constexpr std::size_t begin = 40; // of the known ones
+            constexpr std::size_t end = 2900;
+            Numbers times = evenTimes(count);
+            Numbers values = noise(count, 7);
+            for (std::size_t at = begin + 1; isUneven && at + 1 < end; ++at) {
+                times[at] += 0.1 * std::sin(static_cast<double>(at));
+            }
+            Numbers const known = onEvenSteps({times.begin() + begin, times.begin() + end},
+                                              {values.begin() + begin, values.begin() + end});
+            Numbers signal(begin, values[begin]);
+            signal.insert(signal.end(), known.begin(), known.end());
+            signal.resize(count, values[end - 1]);
+            std::fill(times.begin(), times.begin() + begin, notANumber);
+            std::fill(times.begin() + end, times.end(), infinity);
+            if (falls) {
+                std::reverse(times.begin(), times.end());
+                std::reverse(values.begin(), values.end());
+            }
+            int const zone = add(times, values, values);
+            ASSERT_TRUE(transform({zone})) << session.lastError();
+            expectSpectrum(resultZones[0], resultVariables[0], signal, 0.25);
+            EXPECT_EQ(note(resultZones[0], "Fourier.Values"), "3000");
+            EXPECT_EQ(note(resultZones[0], "Fourier.Spacing"), "0.25");
+            EXPECT_EQ(note(resultZones[0], "Fourier.Bridged"), "U: 140");
+            EXPECT_EQ(note(resultZones[0], "Fourier.Resampled") != "", isUneven);
+        }
+    }
+}
+
 TEST_F(FourierTransformTest, BridgesValuesThatAreNoNumbers)
 {
     Numbers values = noise(1500);
@@ -539,12 +658,10 @@ TEST_F(FourierTransformTest, GivesTheSameBitsWithAnyNumberOfThreads)
 {
     addNoise(1000);
     addNoise(997);
-    int const threads = omp_get_max_threads();
-    omp_set_num_threads(1);
-    ASSERT_TRUE(transform({1, 2}, {U, V}, with(WindowFunction_Hamming)));
-    omp_set_num_threads(3);
-    ASSERT_TRUE(transform({1, 2}, {U, V}, with(WindowFunction_Hamming)));
-    omp_set_num_threads(threads);
+    for (int const threads : {1, 3}) {
+        Threads const some(threads);
+        ASSERT_TRUE(transform({1, 2}, {U, V}, with(WindowFunction_Hamming)));
+    }
     for (int zone : {3, 4}) {
         for (int variable = 4; variable <= 9; ++variable) {
             EXPECT_EQ(valuesOf(zone, variable), valuesOf(zone + 2, variable + 6));
@@ -564,17 +681,19 @@ TEST_F(FourierTransformTest, CountsToItsEnd)
     EXPECT_EQ(progress.fraction(), 1.0);
 }
 
-TEST_F(FourierTransformTest, CountsAlsoWithinOneSpectrum)
+TEST_F(FourierTransformTest, CountsAllTheTimeWithinOneSpectrum)
 {
-    addNoise(300000);
-    FourierTransform operation(*dataSet, time, {U}, {1}, {});
-    FractionLog log;
-    ASSERT_EQ(operation.find(session.pages()), "");
-    Progress loading;
-    operation.needs()->load(loading);
-    operation.compute(log);
-    EXPECT_THAT(log.fractions(), ElementsAre(0.0, testing::DoubleEq(1.0 / 3.0), testing::DoubleEq(2.0 / 3.0)));
-    EXPECT_EQ(log.fraction(), 1.0);
+    for (std::size_t const length : {std::size_t{3} << 20U, std::size_t{1100009}}) {
+        int const zone = addNoise(length);
+        FourierTransform operation(*dataSet, time, {U}, {zone}, with(WindowFunction_Hann));
+        StepLog log;
+        ASSERT_EQ(operation.find(session.pages()), "");
+        Progress loading;
+        operation.needs()->load(loading);
+        operation.compute(log);
+        EXPECT_EQ(log.fraction(), 1.0);
+        EXPECT_LT(log.largestStep(), 0.1) << length;
+    }
 }
 
 TEST_F(FourierTransformTest, TransformsSignalsOfSeveralLengthsAtTheSameTime)
@@ -582,39 +701,163 @@ TEST_F(FourierTransformTest, TransformsSignalsOfSeveralLengthsAtTheSameTime)
     for (std::size_t const length : {100U, 101U, 102U, 103U}) {
         ASSERT_TRUE(addNoise(length));
     }
+    Threads const two(2);
     ASSERT_TRUE(transform({1, 2, 3, 4}));
     for (int source = 1; source <= 4; ++source) {
         expectSpectrum(source + 4, 4, valuesOf(source, U), 0.25);
     }
-    std::vector<Spectrum> spectra{silence(100), silence(101), silence(102), silence(103)};
-    int const threads = omp_get_max_threads();
-    omp_set_num_threads(2);
+    std::vector<Spectrum> spectra{hum(100), hum(101), hum(102), hum(103)};
     SecondThread progress;
     EXPECT_NO_THROW(makeSpectra(spectra, {}, progress));
-    omp_set_num_threads(threads);
     EXPECT_TRUE(progress.hasCome());
 }
 
-TEST_F(FourierTransformTest, EstimatesTheTablesOfALengthOnceAndRoomForEachThread)
+TEST_F(FourierTransformTest, TransformsLongSignalsOfALengthSideBySideHoweverManyOtherLengthsThereAre)
+{
+    Threads const two(2);
+    std::vector<Spectrum> spectra{hum(100), hum(101), hum(200000), hum(100), hum(101), hum(200000)};
+    SecondThread progress(0.2); // by then a thread that has the short ones alone is done
+    progress.setTotal(effortOf(spectra));
+    EXPECT_NO_THROW(makeSpectra(spectra, {}, progress));
+    EXPECT_TRUE(progress.hasCome());
+    EXPECT_EQ(progress.fraction(), 1.0);
+}
+
+TEST_F(FourierTransformTest, TransformsTheLengthsThatTakeLongestFirst)
+{
+    runDividedOnOneThread([] {
+        Threads const two(2);
+        std::vector<Spectrum> spectra;
+        for (std::size_t const length : {100U, 997U, 1000U, 101U}) { // 997 is a prime number, which takes longer
+            spectra.push_back(hum(length, notANumber));
+        }
+        for (std::string const expected : {"gaps in 997", "gaps in 1000", "gaps in 101", "gaps in 100"}) {
+            Progress progress;
+            try {
+                makeSpectra(spectra, {}, progress);
+                ADD_FAILURE() << expected;
+            } catch (std::runtime_error const& reason) {
+                EXPECT_EQ(reason.what(), expected);
+            }
+            spectra.erase(std::find_if(spectra.begin(), spectra.end(),
+                                       [&](Spectrum const& each) { return each.reasonAgainstGaps == expected; }));
+        }
+    });
+}
+
+TEST_F(FourierTransformTest, EndsTheTransformsOfOthersWhenOneIsRefused)
+{
+    constexpr std::size_t length = 1100009; // a prime number
+    std::vector<Spectrum> spectra{hum(length), hum(length, notANumber)};
+    Threads const two(2);
+    double const tables = static_cast<double>(SpectrumMaker::effortOfTables(length));
+    double const all = static_cast<double>(effortOf(spectra));
+    SlowProgress progress(tables / all + 0.01);
+    progress.setTotal(effortOf(spectra));
+    EXPECT_THROW(makeSpectra(spectra, {}, progress), std::runtime_error);
+    double const ofOne = 0.5 * (all - tables) / all;
+    EXPECT_LT(progress.most(), tables / all + 0.75 * ofOne) << "the first one came to its end";
+}
+
+TEST_F(FourierTransformTest, TellsTheFirstOfSeveralThatAreRefused)
+{
+    for (int const threads : {1, 2, 3}) {
+        Threads const some(threads);
+        for (int round = 0; round < 20; ++round) {
+            std::vector<Spectrum> spectra{hum(5000), hum(5000, notANumber), hum(5000), hum(5000, notANumber),
+                                          hum(5000)};
+            spectra[1].reasonAgainstGaps = "the first";
+            Progress progress;
+            try {
+                makeSpectra(spectra, {}, progress);
+                ADD_FAILURE();
+            } catch (std::runtime_error const& reason) {
+                EXPECT_STREQ(reason.what(), "the first");
+            }
+        }
+    }
+}
+
+TEST_F(FourierTransformTest, EstimatesTheArraysOfEachKindOfTransform)
+{
+    Threads const one(1);
+    double const ofPlanner = 1e6; // and other small things
+    {
+        constexpr double length = 1 << 20; // signal, bins, and the factors that FFTW keeps
+        double const work = bytesOfWork({std::size_t{1} << 20U});
+        EXPECT_GT(work, 16.0 * length + 8.0 * length);
+        EXPECT_LT(work, 16.0 * length + 10.0 * length + ofPlanner);
+        double const withWindow = bytesOfWork({std::size_t{1} << 20U}, {WindowFunction_Hann, false});
+        EXPECT_NEAR(withWindow - work, 4.0 * length, 100.0);
+    }
+    {
+        constexpr double length = 3 << 20; // signal and bins, and the transform of half as many complex numbers
+        double const work = bytesOfWork({std::size_t{3} << 20U});
+        EXPECT_GT(work, 16.0 * length + 8.0 * length);
+        EXPECT_LT(work, 1.05 * (16.0 * length + 8.0 * length) + ofPlanner);
+    }
+    for (std::size_t const prime : {100003U, 1100009U}) { // a convolution of half as much more
+        auto const length = static_cast<double>(prime);
+        double const padded = 1.5 * length;
+        double const work = bytesOfWork({prime});
+        double const least = 16.0 * length + 16.0 * (length + padded) + 32.0 * padded;
+        double const ofFactors = padded < (1 << 20) ? 16.0 * padded : 0.0;
+        EXPECT_GT(work, least) << prime;
+        EXPECT_LT(work, 1.05 * (least + ofFactors) + ofPlanner) << prime;
+    }
+}
+
+TEST_F(FourierTransformTest, EstimatesTablesOfALengthOnceAndRoomForEachThread)
 {
     constexpr double length = 100003.0; // a prime number
-    constexpr double padded = 150005.0; // at least, of the convolution
-    Spectrum const spectrum = silence(100003);
-    double const one = bytesOf({spectrum}, {});
-    double const two = bytesOf({spectrum, spectrum}, {});
-    double const ofTables = 16.0 * (length + padded);
-    double const ofRoom = 16.0 * (length + 2.0 * padded);
-    EXPECT_GT(one, bytesOfResults(100003) * 1.5 + ofTables + ofRoom);
-    EXPECT_LT(one, bytesOfResults(100003) * 1.5 + 3.0 * (ofTables + ofRoom));
-    EXPECT_LT(two - one, bytesOfResults(100003) + 1.1 * ofRoom);
-    EXPECT_GE(two - one, bytesOfResults(100003) + (std::thread::hardware_concurrency() > 1 ? ofRoom : 0.0));
+    constexpr double ofRoom = 16.0 * length + 32.0 * 1.5 * length;
+    for (int const threads : {1, 2, 3}) {
+        Threads const some(threads);
+        double const one = bytesOfWork({100003});
+        for (std::size_t const signals : {2U, 3U, 10U}) {
+            double const more = bytesOfWork(std::vector<std::size_t>(signals, 100003)) - one;
+            double const rooms = std::min(static_cast<double>(threads), static_cast<double>(signals)) - 1.0;
+            EXPECT_GE(more, rooms * ofRoom) << threads << ' ' << signals;
+            EXPECT_LE(more, 1.05 * rooms * ofRoom) << threads << ' ' << signals;
+        }
+    }
+}
+
+TEST_F(FourierTransformTest, EstimatesLengthsTogetherThatAreTransformedAtTheSameTime)
+{
+    Threads const two(2);
+    double const small = bytesOfWork({50021}); // all of them prime numbers
+    double const middle = bytesOfWork({70001});
+    double const large = bytesOfWork({100003});
+    EXPECT_DOUBLE_EQ(bytesOfWork({100003, 50021, 70001}), large + middle) << "a thread for each of two";
+    EXPECT_DOUBLE_EQ(bytesOfWork({50021, 50021, 70001, 70001, 100003, 100003}), bytesOfWork({100003, 100003}))
+        << "one length after the other";
+    EXPECT_DOUBLE_EQ(bytesOfWork({50021, 70001, 100003, 100003}),
+                     std::max(bytesOfWork({100003, 100003}), small + middle));
+    double const cut = bytesOfWork({3U << 20U}); // takes all threads
+    EXPECT_DOUBLE_EQ(bytesOfWork({50021, 70001, 3U << 20U}), std::max(cut, small + middle));
+    Threads const one(1);
+    EXPECT_DOUBLE_EQ(bytesOfWork({100003, 50021, 70001}), large);
 }
 
 TEST_F(FourierTransformTest, EstimatesTheMemoryOfTheLengthThatTakesMostNotOfTheLongest)
 {
+    Threads const one(1);
     std::size_t const longest = std::size_t{1} << 20U; // without large prime factors
-    Spectrum const convolved = silence(1000003);
-    EXPECT_GE(bytesOf({silence(longest), convolved}, {}), bytesOf({convolved}, {}) + bytesOfResults(longest));
+    EXPECT_DOUBLE_EQ(bytesOfWork({longest, 1000003}), bytesOfWork({1000003}));
+}
+
+TEST_F(FourierTransformTest, EstimatesNothingButResultsForSignalsOfZeros)
+{
+    EXPECT_EQ(bytesOf({silence(1000003), silence(1000003)}, {}), 5.0 * bytesOfBins(1000003));
+    EXPECT_EQ(bytesOf({silence(1000003), hum(100)}, {}), bytesOf({hum(100)}, {}) + 3.0 * bytesOfBins(1000003));
+    std::vector<Spectrum> spectra{silence(1000003), silence(100)};
+    StepLog progress;
+    progress.setTotal(effortOf(spectra));
+    makeSpectra(spectra, {}, progress);
+    EXPECT_EQ(progress.fraction(), 1.0);
+    EXPECT_EQ(spectra[0].amplitudes->size(), 500002);
+    EXPECT_EQ(spectra[1].phases->value(50), 0.0);
 }
 
 TEST_F(FourierTransformTest, IsRefusedWhereTheResultsDoNotFitIntoTheMemory)
@@ -729,6 +972,11 @@ TEST_F(FourierTransformTest, RefusesValuesMoreThanHalfOfWhichAreNotKnown)
     expectRefusal("More than half of the values of the variable \"U\" in the zone \"S1\" are hidden or no numbers.",
                   {1});
     setField(1, U, noise(20));
+    setField(addNoise(30), U, Numbers(30, notANumber));
+    addNoise(40);
+    Threads const two(2); // a thread for each of two lengths
+    expectRefusal("More than half of the values of the variable \"U\" in the zone \"S2\" are hidden or no numbers.",
+                  {1, 2, 3});
     std::vector<std::int64_t> points(11);
     std::iota(points.begin(), points.end(), 4);
     hide(1, points);

@@ -17,6 +17,7 @@
 #include "tests/kernel/support/MeshData.h"
 #include "tests/kernel/support/SessionFixture.h"
 #include "tests/kernel/support/SpatialData.h"
+#include "tests/kernel/support/Threads.h"
 
 #include <chrono>
 #include <numeric>
@@ -284,6 +285,24 @@ TEST_F(LongOperation, EndsWithoutATraceAtWhicheverLookItSeesACancel)
         EXPECT_GE(cancelAtEachLook(make), 9);
     }
     omp_set_num_threads(usual);
+}
+
+TEST_F(LongOperation, EndsWithoutATraceWhenTransformsOfSeveralLengthsAreCancelled)
+{
+    for (int const length : {1601, 997, 1000}) {
+        std::vector<double> rising(static_cast<std::size_t>(length));
+        std::iota(rising.begin(), rising.end(), 0.0);
+        sample::addOrdered(*dataSet, length, 1, 1)->fields[0] = sample::field(rising);
+    }
+    MakeOperation const make = [this] {
+        FourierTransform::Choice choice;
+        choice.spectrum = {WindowFunction_Hann, true};
+        return std::make_shared<FourierTransform>(*dataSet, 1, NumberSet{6}, NumberSet{4, 5, 6}, choice);
+    };
+    runDividedOnOneThread([&] { EXPECT_GE(cancelAtEachLook(make), 30); });
+    session.undo();
+    Threads const two(2); // each look is on one of two threads
+    EXPECT_GE(cancelAtEachLook(make), 30);
 }
 
 TEST_F(LongOperation, CountsToItsEnd)

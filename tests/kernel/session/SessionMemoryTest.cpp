@@ -19,6 +19,7 @@
 #include "tests/kernel/support/MeshData.h"
 #include "tests/kernel/support/SessionFixture.h"
 #include "tests/kernel/support/SpatialData.h"
+#include "tests/kernel/support/Threads.h"
 #include "tests/support/AllocationFailure.h"
 
 #include <limits>
@@ -249,6 +250,26 @@ TEST(WithoutMemory, VariablesAreTransformedWhollyOrNotAtAll)
         stage.recorder->events = 0;
     };
     EXPECT_GE(sweep(transform, transformOne), 60);
+}
+
+TEST(WithoutMemory, LinesOfSeveralLengthsAreTransformedWhollyOrNotAtAll)
+{
+    auto const addLines = [](Stage& stage) {
+        for (std::int64_t const length : {11, 53, 12}) {
+            std::vector<double> rising(static_cast<std::size_t>(length));
+            std::iota(rising.begin(), rising.end(), 0.0);
+            auto const zone = std::make_shared<Zone>("line", ZoneType_Ordered, length, 1, 1);
+            for (int variable = 0; variable < 5; ++variable) {
+                zone->fields.push_back(sample::field(rising));
+            }
+            stage.dataSet->addZone(zone);
+        }
+    };
+    auto const transform = [](Stage& stage) {
+        FourierTransform::Choice const choice{{WindowFunction_Hann, false}, false, false, false};
+        return stage.session.perform(FourierTransform(*stage.dataSet, 1, {2}, {3, 4, 5}, choice));
+    };
+    runDividedOnOneThread([&] { EXPECT_GE(sweep(transform, addLines), 80); });
 }
 
 TEST(WithoutMemory, ZonesAreTriangulatedWhollyOrNotAtAll)

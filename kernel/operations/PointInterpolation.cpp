@@ -1,11 +1,9 @@
 #include "kernel/operations/PointInterpolation.h"
 
-#include "kernel/base/Parallel.h"
 #include "kernel/compute/SpatialOrder.h"
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <stdexcept>
 
 namespace veldraw::kernel {
@@ -14,8 +12,6 @@ namespace {
 
 constexpr std::int64_t unitsForALayout = 100000;
 constexpr std::size_t valuesAtATime = 4096;
-constexpr std::size_t valuesOfAPlace = 64; // at a time
-constexpr std::int64_t neighborsAtATime = 65536;
 constexpr double hugeValue = 1e280;
 constexpr double divisorOfHugeValues = 0x1p64;
 constexpr int extremeExponent = 500; // squares of larger or smaller coordinates are not numbers of double precision
@@ -30,20 +26,6 @@ double scaleFor(double largest)
         return std::ldexp(1.0, extremeExponent - exponent);
     }
     return exponent < -extremeExponent ? std::ldexp(1.0, std::min(-exponent, largestExponent)) : 1.0;
-}
-
-/// By differences from the first value, so that equal values give just this value. Weights far outside may be too large for
-/// numbers; there the plain mean is given.
-double weightedMean(double const* weights, double const* values, std::size_t count)
-{
-    double const first = count > 0 ? values[0] : 0.0;
-    double sum = 0.0;
-    double plainSum = 0.0;
-    for (std::size_t at = 0; at < count; ++at) {
-        sum += weights[at] * (values[at] - first);
-        plainSum += values[at] - first;
-    }
-    return first + (std::isfinite(sum) ? sum : plainSum / static_cast<double>(count));
 }
 
 } // namespace
@@ -69,149 +51,6 @@ std::string PointInterpolation::reasonAgainst() const
         return "The number of points must be at least 1.";
     }
     return Interpolation::reasonAgainst();
-}
-
-std::int64_t PointInterpolation::Task::mergeCoincidentPoints(Progress& progress)
-{
-    sortInSpace(sources, sourcePoints, progress); // equal points follow each other
-    std::size_t kept = 0;
-    std::size_t first = 0;
-    while (first < sourcePoints.size()) {
-        std::size_t const end = endOfPlace(first, progress);
-        if (end - first > 1) {
-            m_merged.push_back({sourcePoints[first], static_cast<std::uint32_t>(m_merged.size())});
-            addMeansOf(&sourcePoints[first], end - first, progress);
-        }
-        sourcePoints[kept++] = sourcePoints[first];
-        first = end;
-    }
-    std::sort(m_merged.begin(), m_merged.end());
-    auto const merged = static_cast<std::int64_t>(sourcePoints.size() - kept);
-    sourcePoints.resize(kept);
-    return merged;
-}
-
-/// The end of the points that are at the same place as the one at @p first.
-std::size_t PointInterpolation::Task::endOfPlace(std::size_t first, Progress const& progress) const
-{
-    std::array<double, 3> place{};
-    sources.read(sourcePoints[first], place.data());
-    for (std::size_t at = first + 1; at < sourcePoints.size(); ++at) {
-        if (at % valuesAtATime == 0) {
-            progress.check();
-        }
-        std::array<double, 3> other{};
-        sources.read(sourcePoints[at], other.data());
-        if (other != place) {
-            return at;
-        }
-    }
-    return sourcePoints.size();
-}
-
-/// Notes the means of the values of each variable, divided as gather() does it.
-void PointInterpolation::Task::addMeansOf(std::uint32_t const* points, std::size_t count, Progress const& progress)
-{
-    std::array<double, valuesOfAPlace> values{};
-    for (Variable const& variable : m_variables) {
-        double first = 0.0;
-        double sum = 0.0; // of the differences, so that equal values give just this value
-        for (std::size_t at = 0; at < count; at += values.size()) {
-            progress.check();
-            std::size_t const size = std::min(values.size(), count - at);
-            sources.gather(variable.position, points + at, size, values.data());
-            first = at == 0 ? values[0] / variable.divisor : first;
-            for (std::size_t value = 0; value < size; ++value) {
-                sum += (values[value] / variable.divisor - first) / static_cast<double>(count);
-            }
-        }
-        m_means.push_back(first + sum);
-    }
-}
-
-PointColumns PointInterpolation::Task::sourceColumns(Progress const& progress) const
-{
-    PointColumns columns;
-    auto const axes = static_cast<std::size_t>(sources.dimensions());
-    for (std::size_t axis = 0; axis < axes; ++axis) {
-        columns[axis].resize(sourcePoints.size());
-    }
-    parallelFor(static_cast<std::int64_t>(sourcePoints.size()),
-                [&](std::int64_t first, std::int64_t last, std::int64_t) {
-                    progress.check();
-                    for (auto at = static_cast<std::size_t>(first); at < static_cast<std::size_t>(last); ++at) {
-                        std::array<double, 3> place{};
-                        sources.read(sourcePoints[at], place.data());
-                        for (std::size_t axis = 0; axis < axes; ++axis) {
-                            columns[axis][at] = place[axis];
-                        }
-                    }
-                });
-    return columns;
-}
-
-void PointInterpolation::Task::gather(std::size_t variable, std::uint32_t const* points, std::size_t count,
-                                      double* values) const
-{
-    sources.gather(m_variables[variable].position, points, count, values);
-    double const divisor = m_variables[variable].divisor;
-    if (divisor > 1.0) {
-        std::transform(values, values + count, values, [divisor](double value) { return value / divisor; });
-    }
-    for (std::size_t at = 0; at < count && !m_merged.empty(); ++at) {
-        auto const merged = std::lower_bound(m_merged.begin(), m_merged.end(), std::pair(points[at], std::uint32_t{0}));
-        if (merged != m_merged.end() && merged->first == points[at]) {
-            values[at] = m_means[merged->second * m_variables.size() + variable];
-        }
-    }
-}
-
-void PointInterpolation::Task::forEachBlock(std::size_t size, Progress& progress, UseTargets const& use) const
-{
-    auto const axes = static_cast<std::size_t>(targets.dimensions());
-    auto const workOnChunk = [&](std::int64_t begin, std::int64_t end, std::int64_t) {
-        std::vector<double> places;
-        for (auto first = static_cast<std::size_t>(begin); first < static_cast<std::size_t>(end); first += size) {
-            progress.check();
-            std::size_t const count = std::min(size, static_cast<std::size_t>(end) - first);
-            places.resize(count * axes);
-            for (std::size_t at = 0; at < count; ++at) {
-                targets.read(targetPoints[first + at], &places[at * axes]);
-            }
-            use(&targetPoints[first], places);
-            progress.advance(static_cast<std::int64_t>(count));
-        }
-    };
-    parallelFor(static_cast<std::int64_t>(targetPoints.size()), workOnChunk);
-}
-
-std::size_t PointInterpolation::Task::blockSize(NeighborChoice const& choice)
-{
-    return static_cast<std::size_t>(std::clamp<std::int64_t>(neighborsAtATime / choice.count, 1, 512));
-}
-
-void PointInterpolation::Task::storeSums(NeighborSearch const& search, Neighborhoods const& found,
-                                         std::vector<double> const& weights, std::uint32_t const* targetNumbers) const
-{
-    std::vector<std::uint32_t> points(found.neighbors.size());
-    std::transform(found.neighbors.begin(), found.neighbors.end(), points.begin(),
-                   [&search](Neighbor const& neighbor) { return search.point(neighbor.place); });
-    std::vector<double> values(points.size());
-    for (std::size_t variable = 0; variable < m_variables.size(); ++variable) {
-        gather(variable, points.data(), points.size(), values.data());
-        for (std::size_t target = 0; target < found.targetCount(); ++target) {
-            std::size_t const first = found.begins[target];
-            std::size_t const last = found.begins[target + 1];
-            store(variable, targetNumbers[target], weightedMean(&weights[first], &values[first], last - first));
-        }
-    }
-}
-
-void PointInterpolation::Task::store(std::size_t variable, std::uint32_t target, double estimate) const
-{
-    double const value = estimate * m_variables[variable].divisor;
-    double const largest = std::numeric_limits<double>::max();
-    m_variables[variable].field->set(target, std::clamp(value, -largest, largest));
 }
 
 bool PointInterpolation::takesAll(std::int64_t sourcePoints) const
@@ -363,9 +202,9 @@ void PointInterpolation::workOn(Group const& group, Task& task, Progress& progre
 {
     std::vector<std::uint32_t>& points = task.sourcePoints;
     group.takeAway(points, progress);
-    task.m_variables = group.variables;
+    task.variables = group.variables;
     if (points.empty()) {
-        int const variable = task.m_variables.front().field->variable();
+        int const variable = task.variables.front().field->variable();
         throw std::runtime_error("No source point has a finite value of the variable \"" +
                                  dataSet().variable(variable)->name + "\".");
     }

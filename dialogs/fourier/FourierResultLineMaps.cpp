@@ -1,6 +1,6 @@
 #include "dialogs/fourier/FourierResultLineMaps.h"
 
-#include "dialogs/fourier/KernelText.h"
+#include "dialogs/property/KernelText.h"
 #include "platform/styleproperties/StyleValue.h"
 #include "platform/vdsdkbase/VelUtilLineMap.h"
 #include "platform/vdsdkbase/VelUtilZone.h"

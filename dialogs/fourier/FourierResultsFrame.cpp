@@ -1,7 +1,7 @@
 #include "dialogs/fourier/FourierResultsFrame.h"
 
 #include "dialogs/fourier/FramePlacement.h"
-#include "dialogs/fourier/KernelText.h"
+#include "dialogs/property/KernelText.h"
 #include "platform/styleproperties/StyleValue.h"
 #include "platform/vdsdkbase/VelUtilDataSet.h"
 #include "platform/vdsdkbase/VelUtilFrame.h"

@@ -94,9 +94,10 @@ class Includes(unittest.TestCase):
         self.refused(path, quoted('dialogs/variableops/File.h'))
         self.refused('dialogs/variableops/File.cpp', quoted('dialogs/spreadsheet/File.h'))
 
-    def test_the_spreadsheet_knows_the_variable_operations(self):
-        self.allowed('dialogs/spreadsheet/File.cpp', quoted('dialogs/variableops/LoadVariables.h'))
-        self.refused('dialogs/spreadsheet/File.cpp', quoted('dialogs/zoneops/File.h'))
+    def test_what_shows_data_knows_the_variable_operations(self):
+        for folder in ('spreadsheet', 'datasetinfo'):
+            self.allowed(f'dialogs/{folder}/File.cpp', quoted('dialogs/variableops/LoadVariables.h'))
+            self.refused(f'dialogs/{folder}/File.cpp', quoted('dialogs/zoneops/File.h'))
 
     def test_forms_belong_to_dialog_folders(self):
         self.refused('dialogs/bindings/Binding.cpp', quoted('ui_MirrorDialog.h'))

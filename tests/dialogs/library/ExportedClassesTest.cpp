@@ -1,3 +1,4 @@
+#include "dialogs/datasetinfo/DataSetInfoDialog.h"
 #include "dialogs/fourier/FourierTransformDialog.h"
 #include "dialogs/interpolation/InverseDistanceInterpolationDialog.h"
 #include "dialogs/interpolation/KrigingDialog.h"
@@ -22,6 +23,7 @@ namespace {
 using dialogs::data::AxialDuplicationDialog;
 using dialogs::data::AxialRotationDialog;
 using dialogs::data::CreateMirrorZoneDialog;
+using dialogs::data::DataSetInfoDialog;
 using dialogs::data::DeleteVariableDialog;
 using dialogs::data::DuplicateZoneDialog;
 using dialogs::data::FourierTransformDialog;
@@ -65,6 +67,7 @@ TEST(DialogLibrary, GivesTheApplicationItsDialogsThroughTheCommonInterface)
     expectDriven<AxialDuplicationDialog>();
     expectDriven<AxialRotationDialog>();
     expectDriven<CreateMirrorZoneDialog>();
+    expectDriven<DataSetInfoDialog>();
     expectDriven<DeleteVariableDialog>();
     expectDriven<DuplicateZoneDialog>();
     expectDrivenThroughTheCommonInterface<FourierTransformDialog>(&FourierTransformDialog::instance);

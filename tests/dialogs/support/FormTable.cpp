@@ -14,6 +14,7 @@
 #include <QLineEdit>
 #include <QStackedLayout>
 #include <QStackedWidget>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTextEdit>
 
@@ -36,10 +37,15 @@ bool isButtonOfBox(QWidget const& widget)
     return qobject_cast<QAbstractButton const*>(&widget) && qobject_cast<QDialogButtonBox*>(widget.parentWidget());
 }
 
+// The buttons by which a row of tabs is scrolled have names.
+bool isMadeByQt(QWidget const& widget)
+{
+    return widget.objectName().startsWith(QLatin1String("qt_")) || qobject_cast<QTabBar*>(widget.parentWidget());
+}
+
 bool belongsToForm(QWidget const& widget)
 {
-    QString const name = widget.objectName();
-    return isButtonOfBox(widget) || (!name.isEmpty() && !name.startsWith(QLatin1String("qt_")));
+    return isButtonOfBox(widget) || (!widget.objectName().isEmpty() && !isMadeByQt(widget));
 }
 
 std::string line(QWidget const& widget, QString const& text)

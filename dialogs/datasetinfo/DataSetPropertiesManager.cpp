@@ -1,0 +1,98 @@
+#include "dialogs/datasetinfo/DataSetPropertiesManager.h"
+
+#include "dialogs/datasetinfo/DataSetTotals.h"
+#include "dialogs/datasetinfo/ImportedFiles.h"
+#include "dialogs/property/DataSetExistsRelevance.h"
+#include "dialogs/property/FieldPlotTypeDependentRelevance.h"
+#include "dialogs/property/KernelText.h"
+#include "dialogs/property/LinePlotTypeDependentRelevance.h"
+#include "dialogs/property/PropertyPredicateDependentRelevance.h"
+#include "dialogs/property/RelevanceExpression.h"
+#include "platform/vdsdkbase/StateChange.h"
+#include "platform/vdsdkbase/VelUtilDataSet.h"
+#include "platform/vdsdkcommon/AppLock.h"
+#include "platform/vdsdkuicommon/StateChangePredicates.h"
+
+#include <boost/make_shared.hpp>
+
+namespace veldraw::sdk::ui::propertymanager {
+
+namespace {
+
+using Text = DataSetPropertiesManager::Text;
+using Rule = DataSetPropertiesManager::Rule;
+
+constexpr char notLoaded[] = "Not Loaded";
+
+std::string textOf(long long total)
+{
+    return total == -1 ? notLoaded : std::to_string(total);
+}
+
+Rule whileKnown(boost::shared_ptr<Text> const& total)
+{
+    return boost::make_shared<PropertyPredicateDependentRelevance>(total,
+                                                                   [total] { return total->value() != notLoaded; });
+}
+
+std::string lockHolder()
+{
+    KernelText holder;
+    bool const isLocked = VelUtilDataSetIsLocked(holder.place());
+    return isLocked && holder.get() ? holder.get() : "none";
+}
+
+// An edit of values alters none of the texts, and there may be many edits and many zones.
+bool altersTexts(toolbox::StateChangeEventInterface const& event)
+{
+    if (event.kind() == StateChange_ValuesAltered)
+        return false;
+    return event.kind() == StateChange_DataSetLock || event.kind() == StateChange_DataSetTitle ||
+           common::isDataRelatedStateChange(event);
+}
+
+} // namespace
+
+DataSetPropertiesManager::Rule DataSetPropertiesManager::relevance()
+{
+    static Rule const rule = [] {
+        auto const plots =
+            boost::make_shared<RelevanceExpression>(boost::make_shared<FieldPlotTypeDependentRelevance>());
+        plots->oor(boost::make_shared<LinePlotTypeDependentRelevance>());
+        auto const shown = boost::make_shared<RelevanceExpression>(boost::make_shared<DataSetExistsRelevance>());
+        shown->aand(*plots);
+        return shown;
+    }();
+    return rule;
+}
+
+DataSetPropertiesManager::DataSetPropertiesManager()
+    : m_dataSetTitle(boost::make_shared<DataSetTitleProperty>())
+    , m_dataFiles(boost::make_shared<Text>())
+    , m_numZones(boost::make_shared<Text>())
+    , m_numVars(boost::make_shared<Text>())
+    , m_totalPoints(boost::make_shared<Text>())
+    , m_totalElements(boost::make_shared<Text>())
+    , m_lockedBy(boost::make_shared<Text>())
+    , m_totalPointsKnown(whileKnown(m_totalPoints))
+    , m_totalElementsKnown(whileKnown(m_totalElements))
+    , m_refillPerformer([this] { refill(); }, altersTexts)
+{
+    refill();
+}
+
+DataSetPropertiesManager::~DataSetPropertiesManager() = default;
+
+void DataSetPropertiesManager::refill()
+{
+    AppLock const lock(AppLock::RecordAsUsual);
+    m_dataFiles->setValue(importedFiles());
+    m_numZones->setValue(std::to_string(VelUtilDataSetGetNumZones()));
+    m_numVars->setValue(std::to_string(VelUtilDataSetGetNumVars()));
+    DataSetTotals const totals = totalsOfEnabledZones();
+    m_totalPoints->setValue(textOf(totals.points));
+    m_totalElements->setValue(textOf(totals.elements));
+    m_lockedBy->setValue(lockHolder());
+}
+
+} // namespace veldraw::sdk::ui::propertymanager

@@ -1,5 +1,6 @@
 #include "app/window/DataOperation.h"
 
+#include "dialogs/datasetinfo/DataSetInfoDialog.h"
 #include "dialogs/fourier/FourierTransformDialog.h"
 #include "dialogs/interpolation/InverseDistanceInterpolationDialog.h"
 #include "dialogs/interpolation/KrigingDialog.h"
@@ -65,6 +66,7 @@ std::vector<DataOperation> const& dataOperations()
          &fourierTransformDialog},
         {"dataSpreadsheetAction", "Data &Spreadsheet...", &DataSpreadsheetDialog::relevance,
          &dialog<DataSpreadsheetDialog>},
+        {"dataSetInfoAction", "Data S&et Information...", &DataSetInfoDialog::relevance, &dialog<DataSetInfoDialog>},
     };
     return operations;
 }

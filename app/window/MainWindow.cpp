@@ -8,6 +8,7 @@
 #include "app/window/NewAction.h"
 #include "app/window/NumberChooser.h"
 #include "app/window/StatusBar.h"
+#include "app/window/WindowTitle.h"
 #include "host/MessageLog.h"
 #include "host/MessagePresenter.h"
 #include "platform/vdsdkcommon/AppLock.h"
@@ -16,7 +17,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QFileInfo>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
@@ -206,21 +206,9 @@ bool MainWindow::openFiles(QStringList const& paths, DocumentController::Place p
 
 void MainWindow::refresh()
 {
-    setWindowTitle(documentName() + QStringLiteral("[*]"));
+    setWindowTitle(mainWindowTitle(m_session, *m_documents));
     setWindowModified(!m_session.history().isClean());
     tellPicks();
-}
-
-// The name of the active frame's file, or of the frame itself if its data is in no file.
-QString MainWindow::documentName() const
-{
-    auto const frame = m_session.activeFrame();
-    if (!frame)
-        return {};
-    QString const file = frame->dataSet ? m_documents->fileOf(*frame->dataSet) : QString();
-    QString const name = file.isEmpty() ? QString::fromStdString(frame->name) : QFileInfo(file).fileName();
-    return QString(name).replace(QStringLiteral("[*]"),
-                                 QStringLiteral("[*][*]")); // else it would be the mark of changes
 }
 
 void MainWindow::tellPicks()

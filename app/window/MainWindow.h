@@ -66,7 +66,6 @@ private:
     void makeToolBar();
     void connectParts();
     void refresh();
-    QString documentName() const;
     void fitScreen();
     void tell(QString const& text);
     void tellPicks();

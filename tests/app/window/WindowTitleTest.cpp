@@ -1,3 +1,5 @@
+#include "app/window/WindowTitle.h"
+
 #include "host/MessagePresenter.h"
 #include "kernel/operations/DeleteVariables.h"
 #include "kernel/operations/RenameFrame.h"
@@ -17,7 +19,7 @@ namespace {
 using Place = app::DocumentController::Place;
 
 /// What the window says about its document, and when.
-class DocumentTitleTest : public WindowTest
+class WindowTitleTest : public WindowTest
 {
 protected:
     void open(QStringList const& names)
@@ -38,14 +40,14 @@ protected:
 
 } // namespace
 
-TEST_F(DocumentTitleTest, IsTheNameOfTheFile)
+TEST_F(WindowTitleTest, IsTheNameOfTheFile)
 {
     showWindow();
     open({QStringLiteral("series.csv")});
     EXPECT_EQ(QStringLiteral("series.csv[*]"), title());
 }
 
-TEST_F(DocumentTitleTest, StaysThatOfTheFileWhenTheFrameHasAnotherName)
+TEST_F(WindowTitleTest, StaysThatOfTheFileWhenTheFrameHasAnotherName)
 {
     showWindow();
     open({QStringLiteral("series.csv")});
@@ -54,7 +56,7 @@ TEST_F(DocumentTitleTest, StaysThatOfTheFileWhenTheFrameHasAnotherName)
     EXPECT_EQ(QStringLiteral("series.csv[*]"), title());
 }
 
-TEST_F(DocumentTitleTest, FollowsTheActiveFrame)
+TEST_F(WindowTitleTest, FollowsTheActiveFrame)
 {
     showWindow();
     open({QStringLiteral("a.csv"), QStringLiteral("b.csv")});
@@ -64,14 +66,55 @@ TEST_F(DocumentTitleTest, FollowsTheActiveFrame)
     EXPECT_EQ(QStringLiteral("b.csv[*]"), title());
 }
 
-TEST_F(DocumentTitleTest, IsThatOfTheFrameWhereNoFileIs)
+TEST_F(WindowTitleTest, IsThatOfTheFrameWhereNoFileIs)
 {
     openFlow();
+    session.activeDataSet()->setTitle("flow");
     showWindow();
     EXPECT_EQ(QStringLiteral("flow[*]"), title());
 }
 
-TEST_F(DocumentTitleTest, HasTheMarkOfChangesUntilTheyAreSavedOrTakenBack)
+TEST_F(WindowTitleTest, TellsTheTitleThatTheDataSetWasGiven)
+{
+    openFlow();
+    showWindow();
+    EXPECT_EQ(QStringLiteral("flow[*] \u2013 flow over a step"), title());
+    session.perform(kernel::SetTitle(*session.activeDataSet(), "flow of air"));
+    settle();
+    EXPECT_EQ(QStringLiteral("flow[*] \u2013 flow of air"), title());
+    session.undo();
+    settle();
+    EXPECT_EQ(QStringLiteral("flow[*] \u2013 flow over a step"), title());
+    session.perform(kernel::SetTitle(*session.activeDataSet(), ""));
+    settle();
+    EXPECT_EQ(QStringLiteral("flow[*]"), title());
+}
+
+TEST_F(WindowTitleTest, TellsTheTitleBesideTheFileUnlessItIsTheNameOfOne)
+{
+    showWindow();
+    open({QStringLiteral("series.csv")});
+    ASSERT_EQ("series.csv", session.activeDataSet()->title());
+    session.perform(kernel::SetTitle(*session.activeDataSet(), "ries.csv"));
+    settle();
+    EXPECT_EQ(QStringLiteral("series.csv[*] \u2013 ries.csv"), title());
+    session.perform(kernel::SetTitle(*session.activeDataSet(), "Decay"));
+    settle();
+    EXPECT_EQ(QStringLiteral("series.csv[*] \u2013 Decay"), title());
+    EXPECT_TRUE(window->documents().save(folder.filePath(QStringLiteral("result.csv"))));
+    EXPECT_EQ(QStringLiteral("result.csv[*] \u2013 Decay"), title());
+}
+
+TEST_F(WindowTitleTest, TakesNothingInATitleForTheMarkOfChanges)
+{
+    openFlow();
+    showWindow();
+    session.perform(kernel::SetTitle(*session.activeDataSet(), "a[*]b"));
+    settle();
+    EXPECT_EQ(QStringLiteral("flow[*] \u2013 a[*][*]b"), title());
+}
+
+TEST_F(WindowTitleTest, HasTheMarkOfChangesUntilTheyAreSavedOrTakenBack)
 {
     showWindow();
     open({QStringLiteral("series.csv")});
@@ -84,7 +127,7 @@ TEST_F(DocumentTitleTest, HasTheMarkOfChangesUntilTheyAreSavedOrTakenBack)
     EXPECT_FALSE(window->isWindowModified());
 }
 
-TEST_F(DocumentTitleTest, IsTheNewNameOnceSavedUnderOne)
+TEST_F(WindowTitleTest, IsTheNewNameOnceSavedUnderOne)
 {
     showWindow();
     open({QStringLiteral("series.csv")});
@@ -92,7 +135,7 @@ TEST_F(DocumentTitleTest, IsTheNewNameOnceSavedUnderOne)
     EXPECT_EQ(QStringLiteral("result.csv[*]"), title());
 }
 
-TEST_F(DocumentTitleTest, AndTheListsAreNewAlreadyWhenAMessageComes)
+TEST_F(WindowTitleTest, AndTheListsAreNewAlreadyWhenAMessageComes)
 {
     openFlow();
     showWindow();

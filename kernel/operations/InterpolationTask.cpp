@@ -11,7 +11,7 @@ namespace veldraw::kernel {
 
 namespace {
 
-constexpr std::size_t valuesAtATime = 4096;
+constexpr std::size_t placesAtATime = 4096;
 constexpr std::size_t valuesOfAPlace = 64; // at a time
 constexpr std::int64_t neighborsAtATime = 65536;
 
@@ -57,7 +57,7 @@ std::size_t InterpolationTask::endOfPlace(std::size_t first, Progress const& pro
     std::array<double, 3> place{};
     sources.read(sourcePoints[first], place.data());
     for (std::size_t at = first + 1; at < sourcePoints.size(); ++at) {
-        if (at % valuesAtATime == 0) {
+        if (at % placesAtATime == 0) {
             progress.check();
         }
         std::array<double, 3> other{};

@@ -1,0 +1,102 @@
+// What a page view is asked, and told to do.
+#include "app/plot/FrameView.h"
+#include "app/plot/PageOverlay.h"
+#include "app/plot/PageView.h"
+
+#include <QTimer>
+
+#include <algorithm>
+
+namespace veldraw::app {
+
+FrameView* PageView::shownView(kernel::UniqueId frame) const
+{
+    auto const slot = m_slots.find(frame);
+    return slot == m_slots.end() || slot->second.hidesPicture() ? nullptr : slot->second.view.get();
+}
+
+FrameView* PageView::frameView(kernel::UniqueId frame)
+{
+    if (m_timer->isActive() && m_session.isDrawing())
+        bringUpToDate();
+    return shownView(frame);
+}
+
+QString PageView::message(kernel::UniqueId frame) const
+{
+    auto const slot = m_slots.find(frame);
+    return slot == m_slots.end() ? QString() : slot->second.message.sentence;
+}
+
+QString PageView::remark(kernel::UniqueId frame) const
+{
+    auto const slot = m_slots.find(frame);
+    return slot == m_slots.end() ? QString() : slot->second.message.remark;
+}
+
+QRect PageView::plotArea(kernel::UniqueId frame) const
+{
+    auto const slot = m_slots.find(frame);
+    return slot == m_slots.end() ? QRect() : slot->second.picture;
+}
+
+void PageView::showOpening(QString const& fileName)
+{
+    m_opening = fileName;
+    updateOverlay();
+    m_overlay->repaint(); // the event loop may not run for a while
+}
+
+void PageView::fitActiveFrame()
+{
+    if (auto const frame = m_session.activeFrame())
+        fitFrame(frame->id);
+}
+
+void PageView::fitAllFrames()
+{
+    for (auto& [id, slot] : m_slots)
+        slot.isToFit = true;
+    scheduleRefresh();
+}
+
+void PageView::fitFrame(kernel::UniqueId frame)
+{
+    auto const slot = m_slots.find(frame);
+    if (slot != m_slots.end())
+        slot->second.isToFit = true;
+    scheduleRefresh();
+}
+
+bool PageView::isDrawing() const
+{
+    return std::any_of(m_slots.begin(), m_slots.end(),
+                       [](auto const& slot) { return slot.second.view && slot.second.view->isWaiting(); });
+}
+
+QImage PageView::grabImage()
+{
+    if (m_timer->isActive())
+        refresh();
+    while (m_session.isDrawing() && isDrawing()) {
+        for (auto& [id, slot] : m_slots)
+            if (slot.view && slot.view->isWaiting()) {
+                slot.view->wait();
+                slot.isStale = true;
+            }
+        refresh();
+    }
+    return grab().toImage();
+}
+
+QImage PageView::takePicture()
+{
+    showBare(true);
+    refresh();
+    QImage const picture = grabImage();
+    showBare(false);
+    refresh();
+    return picture;
+}
+
+} // namespace veldraw::app

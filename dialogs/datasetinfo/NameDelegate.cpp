@@ -1,7 +1,7 @@
 #include "dialogs/datasetinfo/NameDelegate.h"
 
-#include <QAbstractItemView>
 #include <QLineEdit>
+#include <QListView>
 
 namespace veldraw::sdk::ui::dialogs::propertybindings {
 
@@ -12,11 +12,12 @@ constexpr char editedThing[] = "editedThing";
 
 } // namespace
 
-NameDelegate::NameDelegate(QAbstractItemView& view, propertymanager::NamedThings things)
+NameDelegate::NameDelegate(QListView& view, propertymanager::NamedThings things)
     : RowSizeDelegate(view)
     , m_things(std::move(things))
     , m_performer([this] { renameAll(); })
 {
+    view.setUniformItemSizes(true);
 }
 
 NameDelegate::~NameDelegate() = default;
@@ -28,6 +29,12 @@ void NameDelegate::follow(QAbstractItemModel const& model)
         if (m_editor && m_editor->isVisible())
             take(*m_editor);
     });
+}
+
+// The view asks for its first row only.
+QSize NameDelegate::sizeHint(QStyleOptionViewItem const& option, QModelIndex const& index) const
+{
+    return RowSizeDelegate::sizeHint(option, index.siblingAtRow(m_things.longestRow()));
 }
 
 QWidget* NameDelegate::createEditor(QWidget* parent, QStyleOptionViewItem const& option, QModelIndex const& index) const

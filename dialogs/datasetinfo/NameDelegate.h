@@ -12,11 +12,15 @@
 
 class QAbstractItemModel;
 class QLineEdit;
+class QListView;
 
 namespace veldraw::sdk::ui::dialogs::propertybindings {
 
 /// Has zones or variables renamed in the rows of a list. The name belongs to what stood in the row when its editor was opened; text
 /// that is unfinished when the list becomes another one is taken, too.
+///
+/// All rows have the size of the longest one, so that a view opens at once on any number of rows: with its own sizes, 100,000 texts
+/// would be shaped each time that the list changes.
 ///
 /// It renames at the next idle moment, out of reach of the view's own work: the list may change by it, and a refusal is told in a
 /// message box, which runs an event loop.
@@ -24,12 +28,13 @@ class NameDelegate : public RowSizeDelegate
 {
 public:
     /// Belongs to the view.
-    NameDelegate(QAbstractItemView& view, propertymanager::NamedThings things);
+    NameDelegate(QListView& view, propertymanager::NamedThings things);
     ~NameDelegate() override;
 
     /// Takes unfinished text when this model, which the view shows, is reset.
     void follow(QAbstractItemModel const& model);
 
+    QSize sizeHint(QStyleOptionViewItem const& option, QModelIndex const& index) const override;
     QWidget* createEditor(QWidget* parent, QStyleOptionViewItem const& option, QModelIndex const& index) const override;
     void setModelData(QWidget* editor, QAbstractItemModel* model, QModelIndex const& index) const override;
 

@@ -57,6 +57,20 @@ std::string NamedThings::name(long long id) const
     return row < 0 ? std::string() : m_list->getStrForEdit(row);
 }
 
+int NamedThings::longestRow() const
+{
+    int longest = -1;
+    std::size_t length = 0;
+    for (int row = 0; row < m_list->size(); ++row) {
+        std::size_t const lengthOfRow = m_list->getStr(row).size();
+        if (longest < 0 || lengthOfRow > length) {
+            longest = row;
+            length = lengthOfRow;
+        }
+    }
+    return longest;
+}
+
 bool NamedThings::rename(long long id, std::string const& name) const
 {
     AppLock const lock(AppLock::RecordAsUsual);

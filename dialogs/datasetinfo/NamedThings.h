@@ -24,6 +24,9 @@ public:
     /// The name that the list has for a thing, empty if it is not in the list.
     std::string name(long long id) const;
 
+    /// The row of the list with the most to read, -1 if it is empty.
+    int longestRow() const;
+
     /// Renames a thing of the list, as one undo step, to the text without the blanks around it. A refusal is told to the user, also when
     /// the thing is not in the list any more.
     /// @return whether it was renamed, or is called so already

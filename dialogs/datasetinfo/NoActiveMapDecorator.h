@@ -1,6 +1,5 @@
 #pragma once
 
-#include "dialogs/datasetinfo/ActiveZoneAnswers.h"
 #include "dialogs/datasetinfo/ZonePropertyAbstract.h"
 #include "dialogs/property/UIStylePropertyDecoratorAbstract.h"
 
@@ -15,11 +14,10 @@ class NoActiveMapDecorator : public UIStylePropertyDecoratorAbstract<std::string
 public:
     using Selection = ZonePropertyAbstract::Selection;
 
-    /// Keeps properties and answers alive.
+    /// Keeps the properties alive.
     /// @param isKnown whether the kernel knew the range when it was last asked
     NoActiveMapDecorator(boost::shared_ptr<UIStylePropertyAbstract<double>> limit,
-                         boost::shared_ptr<PropertyAbstract<bool> const> isKnown, Selection const& selectedVars,
-                         boost::shared_ptr<ActiveZoneAnswers> const& answers);
+                         boost::shared_ptr<PropertyAbstract<bool> const> isKnown, Selection const& selectedVars);
     ~NoActiveMapDecorator() override;
 
 protected:
@@ -30,7 +28,6 @@ private:
 
     boost::shared_ptr<PropertyAbstract<bool> const> const m_isKnown;
     Selection const m_selectedVars;
-    boost::shared_ptr<ActiveZoneAnswers> const m_answers;
     common::OnIdleAfterStateChangeActionPerformer m_performer;
     SignalConnectionCollection m_connections;
 };

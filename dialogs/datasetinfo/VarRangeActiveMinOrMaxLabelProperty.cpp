@@ -1,15 +1,16 @@
 #include "dialogs/datasetinfo/VarRangeActiveMinOrMaxLabelProperty.h"
 
+#include "platform/vdsdkcommon/DataSetQueries.h"
+
 #include <boost/make_shared.hpp>
 
 namespace veldraw::sdk::ui::propertymanager {
 
-VarRangeActiveMinOrMaxLabelProperty::VarRangeActiveMinOrMaxLabelProperty(
-    Selection const& selectedZones, Selection const& selectedVars, RangeLimit limit,
-    boost::shared_ptr<ActiveZoneAnswers> const& answers)
-    : VarPropertyAbstract(selectedZones, selectedVars)
+VarRangeActiveMinOrMaxLabelProperty::VarRangeActiveMinOrMaxLabelProperty(Selection const& selectedZones,
+                                                                         Selection const& selectedVars,
+                                                                         RangeLimit limit)
+    : ActiveZonesPropertyAbstract(selectedZones, selectedVars)
     , m_limit(limit)
-    , m_answers(answers)
     , m_text(boost::make_shared<UILocalStyleProperty<std::string>>(rangeLimitLabel(limit, false)))
 {
     refresh();
@@ -17,9 +18,9 @@ VarRangeActiveMinOrMaxLabelProperty::VarRangeActiveMinOrMaxLabelProperty(
 
 VarRangeActiveMinOrMaxLabelProperty::~VarRangeActiveMinOrMaxLabelProperty() = default;
 
-void VarRangeActiveMinOrMaxLabelProperty::updateInZone(int, int var)
+void VarRangeActiveMinOrMaxLabelProperty::updateInActiveZones(int var)
 {
-    m_text->setValue(rangeLimitLabel(m_limit, m_answers->isRangeEstimated(var)));
+    m_text->setValue(rangeLimitLabel(m_limit, isVarRangeEstimatedForAnyActiveZones(var)));
 }
 
 } // namespace veldraw::sdk::ui::propertymanager

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "dialogs/datasetinfo/ActiveZoneAnswers.h"
+#include "dialogs/datasetinfo/ActiveZonesPropertyAbstract.h"
 #include "dialogs/datasetinfo/RangeLimit.h"
-#include "dialogs/datasetinfo/VarPropertyAbstract.h"
 #include "dialogs/property/UILocalStyleProperty.h"
 
 #include <string>
@@ -10,21 +9,19 @@
 namespace veldraw::sdk::ui::propertymanager {
 
 /// The label of a limit of the selected variable's range in the active zones. It says when the range of any of them is an estimate.
-class VarRangeActiveMinOrMaxLabelProperty : public VarPropertyAbstract
+class VarRangeActiveMinOrMaxLabelProperty : public ActiveZonesPropertyAbstract
 {
 public:
-    /// Keeps selections and answers alive.
-    VarRangeActiveMinOrMaxLabelProperty(Selection const& selectedZones, Selection const& selectedVars, RangeLimit limit,
-                                        boost::shared_ptr<ActiveZoneAnswers> const& answers);
+    VarRangeActiveMinOrMaxLabelProperty(Selection const& selectedZones, Selection const& selectedVars,
+                                        RangeLimit limit);
     ~VarRangeActiveMinOrMaxLabelProperty() override;
 
     boost::shared_ptr<UILocalStyleProperty<std::string>> text() const { return m_text; }
 
 private:
-    void updateInZone(int zone, int var) override;
+    void updateInActiveZones(int var) override;
 
     RangeLimit const m_limit;
-    boost::shared_ptr<ActiveZoneAnswers> const m_answers;
     boost::shared_ptr<UILocalStyleProperty<std::string>> const m_text;
 };
 

@@ -1,6 +1,7 @@
 #include "dialogs/datasetinfo/VarRangeActiveZonesProperties.h"
 
 #include "dialogs/datasetinfo/NumberProperty.h"
+#include "platform/vdsdkbase/VelUtilFrame.h"
 #include "platform/vdsdkcommon/DataSetQueries.h"
 
 #include <boost/make_shared.hpp>
@@ -8,10 +9,8 @@
 namespace veldraw::sdk::ui::propertymanager {
 
 VarRangeActiveZonesProperties::VarRangeActiveZonesProperties(Selection const& selectedZones,
-                                                             Selection const& selectedVars,
-                                                             boost::shared_ptr<ActiveZoneAnswers> const& answers)
-    : VarPropertyAbstract(selectedZones, selectedVars)
-    , m_answers(answers)
+                                                             Selection const& selectedVars)
+    : ActiveZonesPropertyAbstract(selectedZones, selectedVars)
     , m_min(boost::make_shared<UILocalStyleProperty<double>>(0.0))
     , m_max(boost::make_shared<UILocalStyleProperty<double>>(0.0))
     , m_isKnown(boost::make_shared<UILocalStyleProperty<bool>>(false))
@@ -21,16 +20,14 @@ VarRangeActiveZonesProperties::VarRangeActiveZonesProperties(Selection const& se
 
 VarRangeActiveZonesProperties::~VarRangeActiveZonesProperties() = default;
 
-void VarRangeActiveZonesProperties::updateInZone(int, int var)
+void VarRangeActiveZonesProperties::updateInActiveZones(int var)
 {
-    bool const isAnswered = var == m_askedVar && m_answers->revision() == m_askedRevision;
-    if (isAnswered || !okToQueryForVarInfo(var))
+    if (!okToQueryForVarInfo(var))
         return;
-    m_askedVar = var;
-    m_askedRevision = m_answers->revision();
+    bool const isLinePlot = isValidLinePlotType(static_cast<PlotType_e>(VelUtilFrameGetPlotType()));
+    toolbox::Set const zones = isLinePlot ? getZonesFromActiveLineMaps() : getActiveZones();
     double min = 0.0;
     double max = 0.0;
-    toolbox::Set const& zones = m_answers->zones();
     m_isKnown->setValue(!zones.isEmpty() && getVarMinMaxForZoneSet(var, zones, false, min, max));
     if (!m_isKnown->value())
         return;

@@ -16,8 +16,7 @@ boost::shared_ptr<UILocalStyleProperty<std::string>> textProperty(char const* te
 } // namespace
 
 ZoneVarInfoPropertiesManager::ZoneVarInfoPropertiesManager()
-    : m_answers(boost::make_shared<ActiveZoneAnswers>())
-    , m_selectedZones(boost::make_shared<SelectionProperty>())
+    : m_selectedZones(boost::make_shared<SelectionProperty>())
     , m_selectedVars(boost::make_shared<SelectionProperty>())
     , m_zoneName(m_selectedZones)
     , m_varName(m_selectedZones, m_selectedVars)
@@ -37,19 +36,19 @@ ZoneVarInfoPropertiesManager::ZoneVarInfoPropertiesManager()
     , m_selectedMinLabel(m_selectedZones, m_selectedVars, RangeLimit::Min)
     , m_selectedMaxLabel(m_selectedZones, m_selectedVars, RangeLimit::Max)
     , m_selectedRange(m_selectedZones, m_selectedVars)
-    , m_activeRange(m_selectedZones, m_selectedVars, m_answers)
-    , m_activeMinLabel(m_selectedZones, m_selectedVars, RangeLimit::Min, m_answers)
-    , m_activeMaxLabel(m_selectedZones, m_selectedVars, RangeLimit::Max, m_answers)
+    , m_activeRange(m_selectedZones, m_selectedVars)
+    , m_activeMinLabel(m_selectedZones, m_selectedVars, RangeLimit::Min)
+    , m_activeMaxLabel(m_selectedZones, m_selectedVars, RangeLimit::Max)
     , m_zoneListModel(boost::make_shared<ZoneListModel>(getEnabledZonesForFrame, true))
     , m_variableListModel(boost::make_shared<EnabledVariablesListModel>(getEnabledVarsForFrame, true))
     , m_selectedMinText(
           boost::make_shared<VarRangeStatusDecorator>(m_selectedRange.min(), m_selectedZones, m_selectedVars))
     , m_selectedMaxText(
           boost::make_shared<VarRangeStatusDecorator>(m_selectedRange.max(), m_selectedZones, m_selectedVars))
-    , m_activeMinText(boost::make_shared<NoActiveMapDecorator>(m_activeRange.min(), m_activeRange.isKnown(),
-                                                               m_selectedVars, m_answers))
-    , m_activeMaxText(boost::make_shared<NoActiveMapDecorator>(m_activeRange.max(), m_activeRange.isKnown(),
-                                                               m_selectedVars, m_answers))
+    , m_activeMinText(
+          boost::make_shared<NoActiveMapDecorator>(m_activeRange.min(), m_activeRange.isKnown(), m_selectedVars))
+    , m_activeMaxText(
+          boost::make_shared<NoActiveMapDecorator>(m_activeRange.max(), m_activeRange.isKnown(), m_selectedVars))
 {
 }
 

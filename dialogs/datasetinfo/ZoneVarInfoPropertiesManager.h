@@ -88,8 +88,6 @@ public:
     boost::shared_ptr<NoActiveMapDecorator> activeMaxText() const { return m_activeMaxText; }
 
 private:
-    // Before all that may ask it inside an event: it must have forgotten by then.
-    boost::shared_ptr<ActiveZoneAnswers> const m_answers;
     boost::shared_ptr<SelectionProperty> const m_selectedZones;
     boost::shared_ptr<SelectionProperty> const m_selectedVars;
     ZoneNameProperty const m_zoneName;

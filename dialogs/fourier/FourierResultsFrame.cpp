@@ -1,6 +1,7 @@
 #include "dialogs/fourier/FourierResultsFrame.h"
 
 #include "dialogs/fourier/FramePlacement.h"
+#include "dialogs/frame/FrameWalk.h"
 #include "dialogs/property/KernelText.h"
 #include "platform/styleproperties/StyleValue.h"
 #include "platform/vdsdkbase/VelUtilDataSet.h"
@@ -18,6 +19,7 @@ namespace {
 
 using toolbox::AuxData;
 using toolbox::StyleValue;
+using veldraw::dialogs::common::FrameWalk;
 
 constexpr char resultsFrameMark[] = "IsVeldrawFourierTransformOutputFrame";
 
@@ -25,31 +27,6 @@ AuxData auxDataOfActiveFrame()
 {
     return AuxData(AuxDataLocation_Frame, 1);
 }
-
-/// A walk over all frames, each of which counts as the active one in its turn.
-class FrameWalk
-{
-public:
-    FrameWalk()
-        : m_hasFrame(VelUtilFrameLightweightLoopStart())
-        , m_isToEnd(m_hasFrame)
-    {
-    }
-    ~FrameWalk()
-    {
-        if (m_isToEnd)
-            VelUtilFrameLightweightLoopEnd();
-    }
-    FrameWalk(FrameWalk const&) = delete;
-    FrameWalk& operator=(FrameWalk const&) = delete;
-
-    bool hasFrame() const { return m_hasFrame; }
-    void next() { m_hasFrame = VelUtilFrameLightweightLoopNext(); }
-
-private:
-    bool m_hasFrame;
-    bool const m_isToEnd;
-};
 
 bool activeFrameShowsResultsOf(long long dataSet)
 {

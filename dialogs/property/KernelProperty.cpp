@@ -1,8 +1,8 @@
 #include "dialogs/property/KernelProperty.h"
 
+#include "dialogs/property/KernelText.h"
 #include "platform/exception/InvalidPropertyValueException.h"
 #include "platform/vdsdkbase/StateChange.h"
-#include "platform/vdsdkbase/VelUtilString.h"
 #include "platform/vdsdkbase/VelUtilStyle.h"
 #include "platform/vdsdkcommon/StateChangeEventObservable.h"
 
@@ -22,12 +22,8 @@ using KernelNumber = std::conditional_t<std::is_same_v<T, double>, double, long 
 
 std::string reasonOfRefusal()
 {
-    std::string reason = "Unknown error";
-    char* text = nullptr;
-    if (VelUtilStyleGetLastErrorString(&text) && text)
-        reason = text;
-    VelUtilStringDealloc(&text);
-    return reason;
+    ui::propertymanager::KernelText reason;
+    return VelUtilStyleGetLastErrorString(reason.place()) && reason.get() ? reason.get() : "Unknown error";
 }
 
 } // namespace

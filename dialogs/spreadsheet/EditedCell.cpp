@@ -1,5 +1,6 @@
 #include "dialogs/spreadsheet/EditedCell.h"
 
+#include "dialogs/frame/FrameWalk.h"
 #include "dialogs/spreadsheet/ValueWrite.h"
 #include "dialogs/spreadsheet/ZoneVarTableModelAbstract.h"
 #include "platform/vdsdkbase/VelUtilDataValue.h"
@@ -12,6 +13,7 @@
 #include <QWidget>
 
 #include <memory>
+#include <optional>
 
 namespace veldraw::sdk::ui::dialogs::propertybindings::models {
 
@@ -33,21 +35,16 @@ class FrameOfZone
 {
 public:
     explicit FrameOfZone(long long zoneID)
-        : m_isWalking(zoneNumberByUniqueID(zoneID) == 0 && VelUtilFrameLightweightLoopStart())
     {
-        while (m_isWalking && zoneNumberByUniqueID(zoneID) == 0 && VelUtilFrameLightweightLoopNext()) {
-        }
+        if (zoneNumberByUniqueID(zoneID) != 0)
+            return;
+        m_walk.emplace();
+        while (m_walk->hasFrame() && zoneNumberByUniqueID(zoneID) == 0)
+            m_walk->next();
     }
-    ~FrameOfZone()
-    {
-        if (m_isWalking)
-            VelUtilFrameLightweightLoopEnd();
-    }
-    FrameOfZone(FrameOfZone const&) = delete;
-    FrameOfZone& operator=(FrameOfZone const&) = delete;
 
 private:
-    bool const m_isWalking;
+    std::optional<veldraw::dialogs::common::FrameWalk> m_walk; // none where the active frame shows the zone
 };
 
 } // namespace

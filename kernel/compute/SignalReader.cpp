@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <limits>
 
 namespace veldraw::kernel {
@@ -11,6 +12,33 @@ namespace veldraw::kernel {
 namespace {
 
 constexpr std::int64_t stepsBetweenChecks = 65536;
+
+/// Whole numbers in the order of magnitudes: those of infinity and of what is no number come last.
+std::int64_t orderOf(double value)
+{
+    std::int64_t bits = 0;
+    std::memcpy(&bits, &value, sizeof bits);
+    return bits & std::numeric_limits<std::int64_t>::max(); // without the sign
+}
+
+/// The largest magnitude; no finite number if one of the values is none. Several at a time, since each waits for the one before.
+double largestMagnitude(double const* values, std::int64_t count)
+{
+    constexpr std::int64_t lanes = 4;
+    std::int64_t most[lanes] = {};
+    for (std::int64_t at = 0; at < count / lanes * lanes; at += lanes) {
+        for (std::int64_t lane = 0; lane < lanes; ++lane) {
+            most[lane] = std::max(most[lane], orderOf(values[at + lane]));
+        }
+    }
+    for (std::int64_t at = count / lanes * lanes; at < count; ++at) {
+        most[0] = std::max(most[0], orderOf(values[at]));
+    }
+    std::int64_t const bits = *std::max_element(most, most + lanes);
+    double largest = 0.0;
+    std::memcpy(&largest, &bits, sizeof largest);
+    return largest;
+}
 
 /// Fills a signal from known values that come one after the other, each further along it than the one before.
 class SignalLine
@@ -103,16 +131,11 @@ bool SignalReader::readAll(double* signal, Progress& progress)
         std::int64_t const place = m_axis.isFalling() ? count - first - size : first;
         double* const block = signal + place;
         readBlock(*m_values, first, size, block);
-        double sum = 0.0; // of products with 0: no number as soon as one of them is none
-        double largest = m_largest;
-        for (std::int64_t at = 0; at < size; ++at) {
-            sum += 0.0 * block[at];
-            largest = std::max(largest, std::abs(block[at]));
-        }
-        if (std::isnan(sum)) {
+        double const largest = largestMagnitude(block, size);
+        if (!std::isfinite(largest)) {
             return false;
         }
-        m_largest = largest;
+        m_largest = std::max(m_largest, largest);
         if (m_axis.isFalling()) {
             std::reverse(block, block + size);
         }

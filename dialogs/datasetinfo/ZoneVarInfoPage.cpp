@@ -58,6 +58,11 @@ std::string dimensionText(long long dimension)
     return dimension == -1 ? std::string() : wholeNumberToText(dimension);
 }
 
+long long dimensionOf(std::string const& text)
+{
+    return text.empty() ? -1 : textToWholeNumber(text);
+}
+
 // The status as it is told to the user.
 boost::shared_ptr<PropertyAbstract<std::string>>
 statusText(boost::shared_ptr<UIStylePropertyAbstract<VarStatus_e>> const& status)
@@ -201,7 +206,7 @@ void ZoneVarInfoPage::Impl::bindDimensions()
         bindLabel(*dimensionRows[place].label, manager.zoneDimensionLabels().label(place));
         bindText(*dimensionRows[place].field,
                  boost::make_shared<PropertyTypeAdapter<std::string, long long>>(
-                     manager.zoneDimensions().dimension(place), &dimensionText, &textToWholeNumber));
+                     manager.zoneDimensions().dimension(place), &dimensionText, &dimensionOf));
     }
 }
 

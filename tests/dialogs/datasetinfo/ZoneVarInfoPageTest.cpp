@@ -194,6 +194,22 @@ TEST_F(ZoneVarInfoPageTest, WritesNumbersWithSixDigitsInEveryMagnitude)
     EXPECT_EQ(shown("varSelectedMaxLineEdit"), "0.333333");
 }
 
+TEST_F(ZoneVarInfoPageTest, SaysNothingToReturnInAFieldThatOnlyTells)
+{
+    selectZone(Stage::Later);
+    selectVariable(Stage::Q);
+    stage.session().history().clear();
+    for (QLineEdit* const field : dialog().findChildren<QLineEdit*>()) {
+        std::string const before = field->text().toStdString();
+        // Not by the window system, which keeps keys from disabled fields.
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+        QApplication::sendEvent(field, &press);
+        EXPECT_EQ(field->text().toStdString(), before) << field->objectName().toStdString();
+    }
+    EXPECT_THAT(messages.take(), testing::IsEmpty());
+    EXPECT_FALSE(stage.session().history().canUndo());
+}
+
 TEST_F(ZoneVarInfoPageTest, GoesThroughZonesByArrowKeys)
 {
     ui.selectedZonesList->setFocus();

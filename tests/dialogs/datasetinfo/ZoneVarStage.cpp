@@ -42,10 +42,10 @@ void ZoneVarStage::fill(kernel::Zone& zone, int variable, FieldDataType_e type, 
     field(zone, variable) = kernel::Field(std::make_shared<kernel::ShareGroup>(buffer), location);
 }
 
-void ZoneVarStage::estimate(kernel::Zone& zone, int variable, double min, double max)
+void ZoneVarStage::estimate(kernel::Zone& zone, int variable, double min, double max, bool isPieceByPiece)
 {
     std::int64_t const size = zone.valueCount(ValueLocation_Nodal);
-    auto const loader = std::make_shared<EstimatingLoader>(size, min, max);
+    auto const loader = std::make_shared<EstimatingLoader>(size, min, max, isPieceByPiece);
     field(zone, variable) =
         kernel::Field(std::make_shared<kernel::ShareGroup>(FieldDataType_Float, size, loader), ValueLocation_Nodal);
 }

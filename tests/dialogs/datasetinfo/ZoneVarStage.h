@@ -13,15 +13,19 @@ namespace veldraw::tests {
 class EstimatingLoader : public ConstantLoader
 {
 public:
-    EstimatingLoader(std::int64_t size, double min, double max)
+    /// @param isPieceByPiece the system reads a piece of the values when it is accessed
+    EstimatingLoader(std::int64_t size, double min, double max, bool isPieceByPiece)
         : ConstantLoader(FieldDataType_Float, size, max)
         , m_range{kernel::ValueRange::State::Estimated, min, max}
+        , m_isPieceByPiece(isPieceByPiece)
     {
     }
     kernel::ValueRange range() const override { return m_range; }
+    bool isMapped() const override { return m_isPieceByPiece; }
 
 private:
     kernel::ValueRange const m_range;
+    bool const m_isPieceByPiece;
 };
 
 /// The real kernel showing zones of several types, in which the variables X, Y, P, T and Q are loaded or not in several ways.
@@ -62,7 +66,7 @@ public:
     }
 
     /// Gives a field, loaded or not, values that are known to lie within limits until they are loaded.
-    static void estimate(kernel::Zone& zone, int variable, double min, double max);
+    static void estimate(kernel::Zone& zone, int variable, double min, double max, bool isPieceByPiece = false);
 
     kernel::Session& session() const { return sample.session(); }
     kernel::UniqueId frameID() const { return sample.frame()->id; }

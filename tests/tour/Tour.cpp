@@ -5,6 +5,7 @@
 #include "tests/tour/AxialDuplicationStation.h"
 #include "tests/tour/AxialRotationStation.h"
 #include "tests/tour/CancelledSaveStation.h"
+#include "tests/tour/DataSetInfoStation.h"
 #include "tests/tour/DeleteVariableStation.h"
 #include "tests/tour/DuplicateZoneStation.h"
 #include "tests/tour/FourierStation.h"
@@ -54,6 +55,8 @@ TourReport const& Tour::run()
     TriangulationStation(m_tour, m_samples + QStringLiteral("/island.vtm")).run();
     FourierStation(m_tour, m_samples + QStringLiteral("/timeseries.csv")).run();
     LoadVariableStation(m_tour, m_samples + QStringLiteral("/tetra.vtu")).run();
+    DataSetInfoStation(m_tour, m_samples + QStringLiteral("/tetra.vtu"), m_samples + QStringLiteral("/transient.vtm"))
+        .run();
     LongTableStation(m_tour, m_samples + QStringLiteral("/line.mhd")).run();
     CancelledSaveStation(m_tour, m_out).run();
     openBar();

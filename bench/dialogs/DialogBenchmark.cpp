@@ -1,3 +1,5 @@
+#include "dialogs/datasetinfo/DataSetInfoDialog.h"
+#include "dialogs/fourier/FourierTransformDialog.h"
 #include "dialogs/interpolation/InverseDistanceInterpolationDialog.h"
 #include "dialogs/interpolation/KrigingDialog.h"
 #include "dialogs/interpolation/LinearInterpDialog.h"
@@ -65,6 +67,12 @@ Dialog& instance(QWidget& parent)
 }
 
 template <>
+dialogs::data::FourierTransformDialog& instance(QWidget& parent)
+{
+    return dialogs::data::FourierTransformDialog::instance(parent);
+}
+
+template <>
 dialogs::data::LoadVariablesDialog& instance(QWidget& parent)
 {
     return dialogs::data::LoadVariablesDialog::getInstance(parent, 1);
@@ -110,9 +118,11 @@ void measure(std::string const& name)
     measure<dialogs::data::AxialDuplicationDialog>("AxialDuplication");
     measure<dialogs::data::AxialRotationDialog>("AxialRotation");
     measure<dialogs::data::CreateMirrorZoneDialog>("CreateMirrorZone");
+    measure<dialogs::data::DataSetInfoDialog>("DataSetInformation");
     measure<sdk::ui::dialogs::DataSpreadsheetDialog>("DataSpreadsheet");
     measure<dialogs::data::DeleteVariableDialog>("DeleteVariable");
     measure<dialogs::data::DuplicateZoneDialog>("DuplicateZone");
+    measure<dialogs::data::FourierTransformDialog>("FourierTransform");
     measure<dialogs::data::InverseDistanceInterpolationDialog>("InverseDistanceInterpolation");
     measure<dialogs::data::KrigingDialog>("Kriging");
     measure<dialogs::data::LinearInterpDialog>("LinearInterpolation");

@@ -42,13 +42,12 @@ std::string lockHolder()
     return isLocked && holder.get() ? holder.get() : "none";
 }
 
-// An edit of values alters none of the texts, and there may be many edits and many zones.
+// An edit of values alters none of the texts, and there may be many edits and many zones. The title looks after itself.
 bool altersTexts(toolbox::StateChangeEventInterface const& event)
 {
     if (event.kind() == StateChange_ValuesAltered)
         return false;
-    return event.kind() == StateChange_DataSetLock || event.kind() == StateChange_DataSetTitle ||
-           common::isDataRelatedStateChange(event);
+    return event.kind() == StateChange_DataSetLock || common::isDataRelatedStateChange(event);
 }
 
 } // namespace

@@ -1,8 +1,13 @@
 #include "tools/help-pictures/HelpSubject.h"
 
+#include "kernel/session/Session.h"
+#include "platform/vdtoolbox/AuxData.h"
+
 #include <QAbstractButton>
 #include <QDialog>
 #include <QListView>
+#include <QTabBar>
+#include <QTabWidget>
 
 namespace veldraw::app {
 
@@ -141,6 +146,39 @@ void enterFourierTransform(QDialog& dialog, UserDriver& user)
     user.key(Qt::Key_H);
 }
 
+// Narrow enough for the picture to fit into the page.
+void goToPage(QDialog& dialog, UserDriver& user, int page)
+{
+    dialog.resize(560, dialog.minimumSizeHint().height());
+    user.settle();
+    QTabBar& bar = *child<QTabWidget>(dialog, "dataSetInfoTabWidget").tabBar();
+    user.click(bar, bar.tabRect(page).center());
+    user.settle();
+}
+
+// The displacement along X, which is not loaded.
+void showZoneAndVariable(QDialog& dialog, UserDriver& user)
+{
+    goToPage(dialog, user, 0);
+    user.clickRow(child<QListView>(dialog, "selectedVarsList"), 3);
+}
+
+void showDataSet(QDialog& dialog, UserDriver& user)
+{
+    goToPage(dialog, user, 1);
+}
+
+// With items as another program leaves them with a zone.
+void showAuxData(QDialog& dialog, UserDriver& user)
+{
+    toolbox::AuxData const plate(AuxDataLocation_Zone, 1);
+    plate.setText("Material", "copper", true);
+    plate.setText("Source.Power", "80", true);
+    plate.setText("Thickness", "0.002", true);
+    kernel::Session::instance().history().clear();
+    goToPage(dialog, user, 2);
+}
+
 } // namespace
 
 std::vector<HelpSubject> const& helpSubjects()
@@ -152,6 +190,8 @@ std::vector<HelpSubject> const& helpSubjects()
         {"duplicateZoneAction", "create_zone_duplicate", nullptr, enterDuplicate},
         {"dataSpreadsheetAction", "spreadsheet", nullptr, showTable},
         {"loadVariableAction", "load_variable", nullptr, selectVariables, "tetra.vtu", Deferral::Always},
+        {"dataSetInfoAction", "data_set_info_zone_variable_info", nullptr, showZoneAndVariable, "tetra.vtu",
+         Deferral::Always},
         {"inverseDistanceInterpolationAction", "interpolate_inverse_distance", "&Interpolate", enterInverseDistance,
          "rainfall.vtm"},
         {"krigingAction", "interpolate_kriging", "&Interpolate", enterKriging, "rainfall.vtm"},
@@ -159,6 +199,8 @@ std::vector<HelpSubject> const& helpSubjects()
         {"triangulateAction", "triangulate", "&Triangulate", enterTriangulation, "island.vtm"},
         {"smoothAction", "alter_smooth", "&Smooth", enterSmoothing, "timeseries.csv"},
         {"fourierTransformAction", "fourier_transform", "&Transform", enterFourierTransform, "timeseries.csv"},
+        {"dataSetInfoAction", "data_set_info_data_set", nullptr, showDataSet, "transient.vtm"},
+        {"dataSetInfoAction", "data_set_info_aux_data", nullptr, showAuxData, "transient.vtm"},
         {"dataSpreadsheetAction", "spreadsheet_long", nullptr, showLastRow, "line.mhd"},
     };
     return subjects;

@@ -133,12 +133,15 @@ TEST_F(DataSetPropertiesManagerTest, RefillsOnceAfterAStorm)
     EXPECT_EQ(spy.count("VelUtilZoneGetMetrics"), 3);
 }
 
-TEST_F(DataSetPropertiesManagerTest, CountsNothingAgainForAnEditOfValues)
+TEST_F(DataSetPropertiesManagerTest, CountsNothingAgainForAnEditOfValuesOrATitle)
 {
     KernelSpy const spy;
     FakeStateChange(StateChange_ValuesAltered).send();
     IdleDispatcher::flush();
     EXPECT_EQ(spy.count(), 0);
+    FakeStateChange(StateChange_DataSetTitle).send();
+    IdleDispatcher::flush();
+    EXPECT_EQ(spy.count("VelUtilDataSetGetNumZones"), 0);
 }
 
 TEST_F(DataSetPropertiesManagerTest, TellsOnlyWhatHasChanged)

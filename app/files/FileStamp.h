@@ -51,6 +51,9 @@ public:
     /// Notes the present size and modification time. @throws ImportError when the file cannot be looked at
     void add(std::string const& path) { m_files.emplace_back(path); }
 
+    /// The files that were added, as often as they were.
+    std::vector<FileStamp> const& files() const { return m_files; }
+
     /// Compares all files with what was noted. @throws ImportError naming the first one that differs
     void check() const;
 

@@ -6,6 +6,7 @@
 
 #include <filesystem>
 #include <new>
+#include <unordered_set>
 
 namespace veldraw::app {
 
@@ -22,6 +23,23 @@ ReadableFormat const& formatOf(std::string const& path)
                       ") cannot be read; these can: " + allExtensions(readableFormats(), "."));
 }
 
+// The file that the user named, and the list of the others that were read for it.
+kernel::LoaderInstructions instructionsOf(std::string const& loader, std::string const& path, FileWatch const& watch)
+{
+    std::vector<std::string> others;
+    std::unordered_set<std::string> known{path};
+    for (FileStamp const& file : watch.files()) {
+        if (known.insert(file.path()).second)
+            others.push_back(std::filesystem::absolute(file.path()).string());
+    }
+    kernel::LoaderInstructions result{loader, {"FILENAME_", std::filesystem::absolute(path).string()}};
+    if (others.empty())
+        return result;
+    result.words.insert(result.words.end(), {"FILELIST_", std::to_string(others.size())});
+    result.words.insert(result.words.end(), others.begin(), others.end());
+    return result;
+}
+
 ImportResult import(std::string const& path, Deferral deferral, kernel::Progress& progress)
 {
     checkReadable(path);
@@ -36,7 +54,7 @@ ImportResult import(std::string const& path, Deferral deferral, kernel::Progress
     if (zones.empty())
         throw ImportError("it has no points");
     result.dataSet = dataSetOf(std::move(zones), std::filesystem::path(path).filename().string());
-    result.dataSet->loaderInstructions().push_back({format.loader, {"FILENAME_", path}});
+    result.dataSet->loaderInstructions().push_back(instructionsOf(format.loader, path, watch));
     return result;
 }
 

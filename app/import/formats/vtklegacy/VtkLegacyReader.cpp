@@ -78,8 +78,9 @@ std::vector<ImportedZone> VtkLegacyReader::read(std::string const& path, ImportC
     }
     kernel::Progress ofGrids(context.progress, context.progress.total() - units);
     LoadingPlan everything(Deferral::Never);
+    FileWatch ofConverted; // temporary files are none that the data set came from
     return VtkXmlReader().read(convertedFileIn(folder.path()),
-                               {context.title, context.watch, everything, ofGrids, context.remarks});
+                               {context.title, ofConverted, everything, ofGrids, context.remarks});
 }
 
 } // namespace veldraw::app

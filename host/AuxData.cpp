@@ -84,4 +84,11 @@ bool AuxData::setText(std::string const& name, std::string const& value, bool re
     });
 }
 
+bool AuxData::remove(std::string const& name) const
+{
+    return kernel::api::answerOr(false, [&] {
+        return kernel::Session::instance().perform(kernel::DeleteAuxiliaryItem(m_location, m_object, name));
+    });
+}
+
 } // namespace veldraw::toolbox

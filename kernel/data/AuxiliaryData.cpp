@@ -41,7 +41,7 @@ int AuxiliaryData::indexOf(std::string const& name) const
 
 bool AuxiliaryData::set(std::string const& name, std::string const& value, bool retain)
 {
-    if (!isName(name)) {
+    if (!isName(name) || !isValue(value)) {
         return false;
     }
     Item changed{name, value, retain};

@@ -27,7 +27,10 @@ public:
     /// Whether @p text can be a name: a letter, followed by letters, digits, _ or .
     static bool isName(std::string const& text);
 
-    /// Adds the item or alters its value. @return false for a text that cannot be a name
+    /// Whether @p text can be a value: anything without zero bytes, which the C functions and files take for its end.
+    static bool isValue(std::string const& text) { return text.find('\0') == std::string::npos; }
+
+    /// Adds the item or alters its value. @return false for a text that cannot be a name, or a value
     bool set(std::string const& name, std::string const& value, bool retain);
 
     /// @return false when there is no such item

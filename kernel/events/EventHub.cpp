@@ -15,6 +15,16 @@ void EventHub::unsubscribe(Subscription subscription)
 
 void EventHub::emitEvent(StateChangeEvent const& event) noexcept
 {
+    bool const replaces = replacesOwners(event.kind);
+    deliver(event);
+    if (replaces) {
+        deliver({StateChange_AuxDataOwnersReplaced, {}, {}, {}, 0});
+    }
+}
+
+void EventHub::deliver(StateChangeEvent const& event) noexcept
+{
+    ++m_events;
     Subscription const firstNewcomer = m_next;
     for (auto at = m_listeners.begin(); at != m_listeners.end() && at->first < firstNewcomer;) {
         Subscription const current = at->first;

@@ -26,6 +26,23 @@ inline StateChangeEvent frameEvent(StateChange_e kind, UniqueId frame)
     return {kind, {}, {}, {}, frame};
 }
 
+/// Whether after an event of this kind a number, or the active frame, may stand for another owner of auxiliary data than before.
+inline bool replacesOwners(StateChange_e kind)
+{
+    switch (kind) {
+    case StateChange_VariablesAdded:
+    case StateChange_VariablesDeleted:
+    case StateChange_ZonesAdded:
+    case StateChange_ZonesDeleted:
+    case StateChange_NewActiveFrame:
+    case StateChange_FrameDataSet:
+    case StateChange_LineMaps:
+        return true;
+    default:
+        return false;
+    }
+}
+
 /// Memory of the lists of numbers.
 inline std::int64_t bytesOfLists(StateChangeEvent const& event)
 {

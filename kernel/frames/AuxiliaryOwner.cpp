@@ -61,7 +61,7 @@ std::function<AuxiliaryData*()> finder(Pages const& pages, AuxDataLocation_e loc
     case AuxDataLocation_Page:
         return findIn(pages.activePage());
     case AuxDataLocation_Layout:
-        break; // the kernel has no layout of its own beside its pages
+        return findIn(pages.layout());
     }
     return findNothing();
 }

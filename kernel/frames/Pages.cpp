@@ -6,7 +6,8 @@
 namespace veldraw::kernel {
 
 Pages::Pages()
-    : m_pages{std::make_shared<Page>()}
+    : m_layout(std::make_shared<Layout>())
+    , m_pages{std::make_shared<Page>()}
     , m_activePage(m_pages.front()->id)
 {
 }
@@ -95,8 +96,9 @@ std::vector<std::shared_ptr<DataSet>> Pages::dataSets() const
     return dataSets;
 }
 
-void Pages::replace(std::vector<std::shared_ptr<Page>> pages) noexcept
+void Pages::replace(std::vector<std::shared_ptr<Page>> pages)
 {
+    m_layout = std::make_shared<Layout>();
     endLoop();
     m_pages = std::move(pages);
     m_activePage = m_pages.empty() ? 0 : m_pages.front()->id;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kernel/frames/Frame.h"
+#include "kernel/frames/Layout.h"
 #include "kernel/frames/Page.h"
 
 #include <cstddef>
@@ -28,6 +29,8 @@ public:
 
     std::vector<std::shared_ptr<Page>> const& all() const { return m_pages; }
 
+    std::shared_ptr<Layout> const& layout() const { return m_layout; } ///< never null, also when there is no page
+
     std::shared_ptr<Page> activePage() const;        ///< null when there is no page
     std::shared_ptr<Frame> activeFrame() const;      ///< during a loop its present frame; null when there is no frame
     std::shared_ptr<DataSet> activeDataSet() const;  ///< data set of the active frame, null when there is none
@@ -41,8 +44,9 @@ public:
     /// The data sets that frames show, each once.
     std::vector<std::shared_ptr<DataSet>> dataSets() const;
 
-    /// Replaces all pages, makes the first of the new ones active, and ends the loop.
-    void replace(std::vector<std::shared_ptr<Page>> pages) noexcept;
+    /// Replaces all pages by those of a new layout, makes the first of them active, and ends the loop.
+    /// @throws std::bad_alloc before anything has changed
+    void replace(std::vector<std::shared_ptr<Page>> pages);
 
     /// Makes a frame of @p page active, and the page with it. @return false when both are that already
     bool activate(Page& page, UniqueId frame) noexcept;
@@ -57,6 +61,7 @@ public:
     FrameLoop exchangeLoop(FrameLoop loop) noexcept;
 
 private:
+    std::shared_ptr<Layout> m_layout;
     std::vector<std::shared_ptr<Page>> m_pages;
     UniqueId m_activePage;
     FrameLoop m_loop;

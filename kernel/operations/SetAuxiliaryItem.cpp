@@ -1,6 +1,7 @@
 #include "kernel/operations/SetAuxiliaryItem.h"
 
 #include "kernel/events/EventHub.h"
+#include "kernel/frames/Pages.h"
 #include "kernel/undo/Change.h"
 
 #include <utility>
@@ -9,16 +10,34 @@ namespace veldraw::kernel {
 
 namespace {
 
+StateChange_e oppositeOf(StateChange_e kind)
+{
+    switch (kind) {
+    case StateChange_AuxDataAdded:
+        return StateChange_AuxDataDeleted;
+    case StateChange_AuxDataDeleted:
+        return StateChange_AuxDataAdded;
+    default:
+        return kind;
+    }
+}
+
+/// Whether an owner of this kind is a part of a data set, or the data set.
+bool isOfDataSet(AuxDataLocation_e location)
+{
+    return location == AuxDataLocation_Zone || location == AuxDataLocation_DataSet || location == AuxDataLocation_Var;
+}
+
 /// Replaces the auxiliary data of an owner.
 class AuxiliaryEdit : public Change
 {
 public:
     /// @param data the owner's new data
-    /// @param kind event of apply(), and of revert(), which tells an addition as a deletion
+    /// @param kind event of apply(), and of revert(), which tells an addition as a deletion and the other way round
     AuxiliaryEdit(EventHub& hub, AuxiliaryOwner owner, AuxiliaryData data, StateChange_e kind);
 
     void apply() noexcept override { exchange(m_kind); }
-    void revert() noexcept override;
+    void revert() noexcept override { exchange(oppositeOf(m_kind)); }
     HeldMemory held() const noexcept override;
 
 private:
@@ -36,11 +55,6 @@ AuxiliaryEdit::AuxiliaryEdit(EventHub& hub, AuxiliaryOwner owner, AuxiliaryData 
     , m_other(std::move(data))
     , m_kind(kind)
 {
-}
-
-void AuxiliaryEdit::revert() noexcept
-{
-    exchange(m_kind == StateChange_AuxDataAdded ? StateChange_AuxDataDeleted : m_kind);
 }
 
 void AuxiliaryEdit::exchange(StateChange_e kind) noexcept
@@ -63,39 +77,62 @@ HeldMemory AuxiliaryEdit::held() const noexcept
 
 } // namespace
 
+std::string AuxiliaryOperation::find(Pages const& pages)
+{
+    m_owner.emplace(pages, m_location, m_object);
+    m_dataSet = isOfDataSet(m_location) ? pages.activeDataSet().get() : nullptr;
+    return m_owner->data() != nullptr ? "" : "There is nothing that could have the auxiliary data.";
+}
+
+std::shared_ptr<Change> AuxiliaryOperation::changeTo(AuxiliaryData data, StateChange_e kind, EventHub& events) const
+{
+    return std::make_shared<AuxiliaryEdit>(events, *m_owner, std::move(data), kind);
+}
+
 SetAuxiliaryItem::SetAuxiliaryItem(AuxDataLocation_e location, int object, std::string itemName, std::string value,
                                    bool retain)
-    : m_location(location)
-    , m_object(object)
+    : AuxiliaryOperation(location, object)
     , m_item{std::move(itemName), std::move(value), retain}
 {
 }
 
-std::string SetAuxiliaryItem::find(Pages const& pages)
-{
-    m_owner.emplace(pages, m_location, m_object);
-    return m_owner->data() != nullptr ? "" : "There is nothing that could have the auxiliary data.";
-}
-
 std::string SetAuxiliaryItem::reasonAgainst() const
 {
-    bool const isName = m_owner->data()->indexOf(m_item.name) != 0 || AuxiliaryData::isName(m_item.name);
-    return isName ? "" : "The name must begin with a letter; letters, digits, \"_\" and \".\" may follow.";
+    if (data().indexOf(m_item.name) == 0 && !AuxiliaryData::isName(m_item.name)) {
+        return "The name must begin with a letter; letters, digits, \"_\" and \".\" may follow.";
+    }
+    return AuxiliaryData::isValue(m_item.value) ? "" : "The value must not have zero bytes.";
 }
 
 std::shared_ptr<Change> SetAuxiliaryItem::makeChange(EventHub& events)
 {
-    AuxiliaryData const& data = *m_owner->data();
-    int const number = data.indexOf(m_item.name);
-    AuxiliaryData::Item const& before = data.item(number);
+    int const number = data().indexOf(m_item.name);
+    AuxiliaryData::Item const& before = data().item(number);
     bool const isSame = before.name == m_item.name && before.value == m_item.value && before.retain == m_item.retain;
     if (number != 0 && isSame) {
         return nullptr;
     }
-    AuxiliaryData after = data;
+    AuxiliaryData after = data();
     after.set(m_item.name, m_item.value, m_item.retain);
-    StateChange_e const kind = number == 0 ? StateChange_AuxDataAdded : StateChange_AuxDataAltered;
-    return std::make_shared<AuxiliaryEdit>(events, *m_owner, std::move(after), kind);
+    return changeTo(std::move(after), number == 0 ? StateChange_AuxDataAdded : StateChange_AuxDataAltered, events);
+}
+
+DeleteAuxiliaryItem::DeleteAuxiliaryItem(AuxDataLocation_e location, int object, std::string itemName)
+    : AuxiliaryOperation(location, object)
+    , m_itemName(std::move(itemName))
+{
+}
+
+std::string DeleteAuxiliaryItem::reasonAgainst() const
+{
+    return data().indexOf(m_itemName) != 0 ? "" : "There is no auxiliary data of this name.";
+}
+
+std::shared_ptr<Change> DeleteAuxiliaryItem::makeChange(EventHub& events)
+{
+    AuxiliaryData after = data();
+    after.remove(m_itemName);
+    return changeTo(std::move(after), StateChange_AuxDataDeleted, events);
 }
 
 } // namespace veldraw::kernel

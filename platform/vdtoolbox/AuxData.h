@@ -44,8 +44,13 @@ public:
 
     /// Writes a text.
     /// @param retain whether it is saved with its owner
-    /// @return false when the owner does not exist, the name is not allowed, or another operation is running
+    /// @return false when the owner does not exist, the name or the value (one with zero bytes) is not allowed, or another operation
+    /// is running
     bool setText(std::string const& name, std::string const& value, bool retain) const;
+
+    /// Deletes an item. @param name in any case
+    /// @return false when the owner or the item does not exist, or another operation is running
+    bool remove(std::string const& name) const;
 
 private:
     AuxDataLocation_e m_location;

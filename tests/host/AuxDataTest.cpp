@@ -1,6 +1,10 @@
 #include "platform/vdtoolbox/AuxData.h"
 
 #include "host/KernelBridge.h"
+#include "kernel/operations/AddFrame.h"
+#include "kernel/operations/DeleteVariables.h"
+#include "kernel/operations/DuplicateZones.h"
+#include "kernel/operations/LineMapOperation.h"
 #include "platform/vdsdkcommon/StateChangeEventObservable.h"
 #include "tests/host/SampleSession.h"
 
@@ -9,8 +13,17 @@
 namespace veldraw::tests {
 
 using sdk::integration::StateChangeEventObservable;
+using ::testing::Contains;
 using ::testing::ElementsAre;
 using toolbox::AuxData;
+
+namespace {
+
+constexpr AuxDataLocation_e everyLocation[] = {AuxDataLocation_Zone,  AuxDataLocation_DataSet, AuxDataLocation_Frame,
+                                               AuxDataLocation_Var,   AuxDataLocation_LineMap, AuxDataLocation_Page,
+                                               AuxDataLocation_Layout};
+
+} // namespace
 
 class AuxiliaryTexts : public SampleSession
 {
@@ -88,15 +101,13 @@ TEST_F(AuxiliaryTexts, HoldFlags)
 
 TEST_F(AuxiliaryTexts, BelongToEachKindOfOwner)
 {
-    for (AuxDataLocation_e location : {AuxDataLocation_Zone, AuxDataLocation_DataSet, AuxDataLocation_Frame,
-                                       AuxDataLocation_Var, AuxDataLocation_LineMap, AuxDataLocation_Page}) {
+    for (AuxDataLocation_e location : everyLocation) {
         AuxData const owner(location, 1);
         EXPECT_TRUE(owner.isValid()) << location;
         EXPECT_EQ(owner.size(), 0) << location;
         EXPECT_TRUE(owner.setText("Place", std::to_string(location), true)) << location;
     }
-    for (AuxDataLocation_e location : {AuxDataLocation_Zone, AuxDataLocation_DataSet, AuxDataLocation_Frame,
-                                       AuxDataLocation_Var, AuxDataLocation_LineMap, AuxDataLocation_Page})
+    for (AuxDataLocation_e location : everyLocation)
         EXPECT_EQ(AuxData(location, 1).value(1), std::to_string(location));
 }
 
@@ -114,6 +125,140 @@ TEST_F(AuxiliaryTexts, HaveNoOwnerWhereThereIsNone)
     session().removeAllPages();
     for (AuxDataLocation_e location : {AuxDataLocation_DataSet, AuxDataLocation_Frame, AuxDataLocation_Page})
         EXPECT_FALSE(AuxData(location, 1).isValid());
+    EXPECT_TRUE(AuxData(AuxDataLocation_Layout, 1).isValid()) << "of no pages";
+}
+
+TEST_F(AuxiliaryTexts, OfALayoutBeginAnewWithItsPages)
+{
+    AuxData const layout(AuxDataLocation_Layout, 1);
+    ASSERT_TRUE(layout.setText("Name", "x", true));
+    session().createFrame("another", {0, 0, 1, 1});
+    EXPECT_EQ(layout.size(), 1);
+    m_kinds.clear();
+    session().openPage({});
+    EXPECT_EQ(layout.size(), 0);
+    EXPECT_THAT(m_kinds,
+                ElementsAre(StateChange_PageReplaced, StateChange_NewActiveFrame, StateChange_AuxDataOwnersReplaced));
+    ASSERT_TRUE(layout.setText("Name", "y", true));
+    session().removeAllPages();
+    EXPECT_EQ(layout.size(), 0);
+}
+
+TEST_F(AuxiliaryTexts, AreDeletedOfEachKindOfOwner)
+{
+    for (AuxDataLocation_e location : everyLocation) {
+        SCOPED_TRACE(location);
+        AuxData const owner(location, 1);
+        ASSERT_TRUE(owner.setText("Kept", "1", true));
+        ASSERT_TRUE(owner.setText("Name", "2", false));
+        m_kinds.clear();
+        EXPECT_TRUE(owner.remove("NAME"));
+        EXPECT_EQ(owner.size(), 1);
+        EXPECT_EQ(owner.name(1), "Kept");
+        ASSERT_TRUE(session().undo());
+        EXPECT_EQ(owner.value(2), "2");
+        ASSERT_TRUE(session().redo());
+        EXPECT_EQ(owner.size(), 1);
+        EXPECT_THAT(m_kinds, ElementsAre(42, 41, 24, 42, 24));
+    }
+}
+
+TEST_F(AuxiliaryTexts, AreNotDeletedWhereThereAreNone)
+{
+    AuxData const zone(AuxDataLocation_Zone, 1);
+    EXPECT_FALSE(zone.remove("Name"));
+    EXPECT_EQ(session().lastError(), "There is no auxiliary data of this name.");
+    EXPECT_FALSE(AuxData(AuxDataLocation_Zone, 9).remove("Name"));
+    EXPECT_EQ(session().lastError(), "There is nothing that could have the auxiliary data.");
+    zone.set("Name", true, true);
+    bool wasRefused = false;
+    session().runOperation("long work", [&](kernel::Progress&) { wasRefused = !zone.remove("Name"); });
+    EXPECT_TRUE(wasRefused);
+    EXPECT_EQ(zone.size(), 1);
+}
+
+TEST_F(AuxiliaryTexts, HaveNoZeroBytes)
+{
+    AuxData const zone(AuxDataLocation_Zone, 1);
+    EXPECT_FALSE(zone.setText("Name", std::string("a\0b", 3), true));
+    EXPECT_EQ(session().lastError(), "The value must not have zero bytes.");
+    EXPECT_EQ(zone.size(), 0);
+}
+
+TEST_F(AuxiliaryTexts, MakeADataSetDifferFromItsFileWhereTheyArePartOfIt)
+{
+    for (AuxDataLocation_e location : everyLocation) {
+        SCOPED_TRACE(location);
+        bool const isSaved =
+            location == AuxDataLocation_Zone || location == AuxDataLocation_DataSet || location == AuxDataLocation_Var;
+        session().history().setClean();
+        ASSERT_TRUE(AuxData(location, 1).setText("Name", "x", true));
+        EXPECT_EQ(session().history().isClean(m_dataSet->id()), !isSaved);
+        session().history().setClean();
+        ASSERT_TRUE(AuxData(location, 1).remove("Name"));
+        EXPECT_EQ(session().history().isClean(m_dataSet->id()), !isSaved);
+    }
+}
+
+TEST_F(AuxiliaryTexts, StayWithTheirOwnersWhenTheseAreRenumberedAndAreToldThen)
+{
+    AuxData const second(AuxDataLocation_Var, 2);
+    ASSERT_TRUE(second.setText("Unit", "m", true));
+    AuxData const first(AuxDataLocation_Var, 1);
+    m_kinds.clear();
+    ASSERT_TRUE(session().perform(kernel::DeleteVariables(*m_dataSet, {1})));
+    EXPECT_EQ(first.value(1), "m");
+    EXPECT_FALSE(second.isValid());
+    EXPECT_EQ(m_kinds.back(), StateChange_AuxDataOwnersReplaced);
+    m_kinds.clear();
+    ASSERT_TRUE(session().undo());
+    EXPECT_EQ(second.value(1), "m");
+    EXPECT_EQ(first.size(), 0);
+    EXPECT_THAT(m_kinds, Contains(51));
+}
+
+TEST_F(AuxiliaryTexts, OfACopiedZoneAreItsOwn)
+{
+    AuxData const source(AuxDataLocation_Zone, 1);
+    ASSERT_TRUE(source.setText("Part", "hull", false));
+    ASSERT_TRUE(session().perform(kernel::DuplicateZones(*m_dataSet, {1})));
+    AuxData const copy(AuxDataLocation_Zone, 3);
+    EXPECT_EQ(copy.value(1), "hull");
+    ASSERT_TRUE(copy.setText("Part", "keel", true));
+    EXPECT_EQ(source.value(1), "hull");
+    EXPECT_EQ(AuxData(AuxDataLocation_Zone, 2).size(), 0);
+    m_kinds.clear();
+    ASSERT_TRUE(session().undo());
+    ASSERT_TRUE(session().undo());
+    EXPECT_FALSE(copy.isValid());
+    EXPECT_THAT(m_kinds, ElementsAre(43, 24, 5, 51, 24));
+    ASSERT_TRUE(session().redo());
+    EXPECT_EQ(copy.value(1), "hull");
+}
+
+TEST_F(AuxiliaryTexts, OfAFrameGoAndComeWithIt)
+{
+    AuxData const frame(AuxDataLocation_Frame, 1);
+    AuxData const map(AuxDataLocation_LineMap, 1);
+    ASSERT_TRUE(frame.setText("Name", "of the frame", true));
+    ASSERT_TRUE(map.setText("Name", "of the map", true));
+    ASSERT_TRUE(session().perform(kernel::DeleteFrame(m_frame->id)));
+    EXPECT_FALSE(frame.isValid());
+    EXPECT_FALSE(map.isValid());
+    ASSERT_TRUE(session().undo());
+    EXPECT_EQ(frame.value(1), "of the frame");
+    EXPECT_EQ(map.value(1), "of the map");
+}
+
+TEST_F(AuxiliaryTexts, AreNoneOfANewFrameOrLineMap)
+{
+    ASSERT_TRUE(AuxData(AuxDataLocation_Frame, 1).set("Flag", true, true));
+    ASSERT_TRUE(AuxData(AuxDataLocation_LineMap, 1).set("Flag", true, true));
+    int const maps = static_cast<int>(m_frame->lineMaps.size());
+    ASSERT_TRUE(session().perform(kernel::CreateLineMap(m_frame->id)));
+    EXPECT_EQ(AuxData(AuxDataLocation_LineMap, maps + 1).size(), 0);
+    session().createFrame("second", {0, 0, 1, 1});
+    EXPECT_EQ(AuxData(AuxDataLocation_Frame, 1).size(), 0);
 }
 
 TEST_F(AuxiliaryTexts, FollowTheActiveFrame)

@@ -40,6 +40,8 @@ StyleSession::StyleSession()
     while (m_frame->lineMaps.size() < 2)
         session().perform(kernel::CreateLineMap(m_frame->id));
     m_subscription = session().events().subscribe([this](kernel::StateChangeEvent const& event) {
+        if (event.kind == StateChange_AuxDataOwnersReplaced)
+            return; // follows others by itself
         std::string const path = kernel::textOf(event.styleNames);
         m_events.push_back(std::to_string(event.kind) + (path.empty() ? "" : " " + path));
     });

@@ -95,4 +95,27 @@ TEST(EventHub, DeliversAnEventThatAListenerSends)
     EXPECT_EQ(kinds, "25 7 ");
 }
 
+TEST(EventHub, TellsAfterWhateverRenumbersOwnersOfAuxiliaryDataThatTheyAreOthers)
+{
+    EventHub hub;
+    std::string kinds;
+    hub.subscribe([&](StateChangeEvent const& heard) { kinds += std::to_string(heard.kind) + ' '; });
+    hub.subscribe([&](StateChangeEvent const& heard) { kinds += std::to_string(heard.kind) + ' '; });
+    for (StateChange_e const kind :
+         {StateChange_VariablesAdded, StateChange_VariablesDeleted, StateChange_ZonesAdded, StateChange_ZonesDeleted,
+          StateChange_NewActiveFrame, StateChange_FrameDataSet, StateChange_LineMaps}) {
+        kinds.clear();
+        hub.emitEvent({kind, {}, {}, {}, 0});
+        std::string const text = std::to_string(kind);
+        EXPECT_EQ(kinds, text + ' ' + text + " 51 51 ") << "all have heard of it before";
+    }
+    for (StateChange_e const kind : {StateChange_ValuesAltered, StateChange_Style, StateChange_StateRestored,
+                                     StateChange_AuxDataAltered, StateChange_AuxDataOwnersReplaced}) {
+        kinds.clear();
+        hub.emitEvent({kind, {}, {}, {}, 0});
+        std::string const text = std::to_string(kind);
+        EXPECT_EQ(kinds, text + ' ' + text + ' ');
+    }
+}
+
 } // namespace veldraw::tests

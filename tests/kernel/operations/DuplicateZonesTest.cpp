@@ -178,6 +178,9 @@ TEST_F(DuplicateZonesTest, IsConsistentWhenTheEventArrives)
 {
     std::size_t fieldsOfCopy = 0;
     session.events().subscribe([&](StateChangeEvent const& event) {
+        if (event.kind != StateChange_ZonesAdded) {
+            return;
+        }
         ASSERT_EQ(dataSet->zoneCount(), 3);
         fieldsOfCopy = dataSet->zone(*event.zones.begin())->fields.size();
         EXPECT_EQ(session.history().undoName(), "Create Duplicate Zone");

@@ -108,6 +108,27 @@ TEST_F(SessionOperations, DoNothingWhenTheValueIsThereAlready)
     EXPECT_THAT(recorder.take(), IsEmpty());
 }
 
+TEST_F(SessionOperations, TellALockAndLeaveItAsItIsWhenStepsAreTakenBack)
+{
+    ASSERT_TRUE(session.perform(RenameZone(*dataSet, 1, "renamed")));
+    recorder.take();
+    session.setLock(*dataSet, "somebody");
+    session.setLock(*dataSet, "somebody");
+    EXPECT_THAT(recorder.take(), ElementsAre("14"));
+    session.setLock(*dataSet, "somebody else");
+    EXPECT_THAT(recorder.take(), ElementsAre("14"));
+    ASSERT_TRUE(session.undo());
+    EXPECT_EQ(dataSet->lockHolder(), "somebody else");
+    ASSERT_TRUE(session.redo());
+    EXPECT_EQ(dataSet->lockHolder(), "somebody else");
+    EXPECT_THAT(recorder.take(), ElementsAre("18 zones 1", "24", "18 zones 1", "24"));
+    session.setLock(*dataSet, "");
+    EXPECT_THAT(recorder.take(), ElementsAre("14"));
+    EXPECT_FALSE(session.history().undoName().empty()) << "none of it is a step";
+    ASSERT_TRUE(session.undo());
+    EXPECT_EQ(dataSet->lockHolder(), "");
+}
+
 TEST_F(SessionOperations, SetTheTitle)
 {
     std::string const before = withoutHistory();

@@ -32,6 +32,9 @@ std::vector<std::string> EventRecorder::take()
 {
     std::vector<std::string> texts;
     for (auto const& event : m_events) {
+        if (event.kind == StateChange_AuxDataOwnersReplaced) {
+            continue;
+        }
         std::string text = std::to_string(static_cast<int>(event.kind));
         addNumbers(text, " zones", event.zones);
         addNumbers(text, " variables", event.variables);

@@ -14,7 +14,7 @@ public:
     explicit EventRecorder(kernel::EventHub& hub);
     ~EventRecorder();
 
-    /// What has been heard since the last call.
+    /// What has been heard since the last call, without event 51, which follows others by itself (see EventHub).
     std::vector<std::string> take();
 
     /// The events as they came, for what the text leaves out.

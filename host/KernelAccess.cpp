@@ -22,10 +22,28 @@ std::shared_ptr<kernel::Zone> KernelAccess::zone(int number)
     return dataSet ? dataSet->zone(number) : nullptr;
 }
 
-bool KernelAccess::isEnabled(kernel::LineMap const& lineMap, kernel::DataSet const& dataSet)
+bool KernelAccess::isFieldPlotType(PlotType_e plotType)
 {
-    auto const zone = dataSet.zone(dataSet.zoneNumber(lineMap.zone));
-    return zone && zone->enabled;
+    return plotType == PlotType_Cartesian2D || plotType == PlotType_Cartesian3D;
+}
+
+ZoneNumbers::ZoneNumbers(kernel::DataSet const& dataSet, std::size_t lineMaps)
+    : m_dataSet(dataSet)
+{
+    constexpr std::size_t few = 4;
+    if (lineMaps <= few)
+        return;
+    m_numbers.reserve(dataSet.zones().size());
+    for (std::size_t n = 0; n < dataSet.zones().size(); ++n)
+        m_numbers.emplace(dataSet.zones()[n]->id, static_cast<int>(n) + 1);
+}
+
+int ZoneNumbers::enabledZoneOf(kernel::LineMap const& lineMap) const
+{
+    auto const found = m_numbers.find(lineMap.zone);
+    int const listed = found == m_numbers.end() ? 0 : found->second;
+    int const number = m_numbers.empty() ? m_dataSet.zoneNumber(lineMap.zone) : listed;
+    return number != 0 && m_dataSet.zones()[static_cast<std::size_t>(number - 1)]->enabled ? number : 0;
 }
 
 } // namespace veldraw::host

@@ -3,7 +3,9 @@
 #include "kernel/data/DataSet.h"
 #include "kernel/frames/Frame.h"
 
+#include <cstddef>
 #include <memory>
+#include <unordered_map>
 
 namespace veldraw::host {
 
@@ -19,10 +21,26 @@ public:
     /// Zone of the active data set by its one-based number.
     static std::shared_ptr<kernel::Zone> zone(int number);
 
-    /// Whether the zone of a line map exists and is enabled.
-    static bool isEnabled(kernel::LineMap const& lineMap, kernel::DataSet const& dataSet);
+    /// Whether this is a 2D or 3D plot.
+    static bool isFieldPlotType(PlotType_e plotType);
 
     KernelAccess() = delete;
+};
+
+/// The numbers of zones by their identifiers, for many line maps at a time.
+class ZoneNumbers
+{
+public:
+    /// @param dataSet is to outlive the object
+    /// @param lineMaps number of maps that will be asked for
+    ZoneNumbers(kernel::DataSet const& dataSet, std::size_t lineMaps);
+
+    /// 0 where the zone does not exist or is disabled.
+    int enabledZoneOf(kernel::LineMap const& lineMap) const;
+
+private:
+    kernel::DataSet const& m_dataSet;
+    std::unordered_map<kernel::UniqueId, int> m_numbers; // empty for a few maps, which do not repay it
 };
 
 } // namespace veldraw::host

@@ -1,12 +1,12 @@
+#include "host/ActiveZones.h"
 #include "kernel/api/LoadFailure.h"
 #include "kernel/operations/LoadVariables.h"
 #include "kernel/session/Session.h"
 #include "platform/vdsdkcommon/DataSetQueries.h"
 
-#include <algorithm>
-
 namespace veldraw::sdk {
 
+using host::ActiveZones;
 using kernel::ValueRange;
 
 namespace {
@@ -16,6 +16,18 @@ ValueRange rangeOf(int var, int zone)
     auto const dataSet = kernel::Session::instance().activeDataSet();
     auto const found = dataSet ? dataSet->zone(zone) : nullptr;
     return found ? found->range(var) : ValueRange();
+}
+
+// The question for all active zones is asked again and again.
+ValueRange rangeOver(int var, Set const& zones)
+{
+    constexpr long long few = 16;
+    if (zones.size() > few && zones == ActiveZones::now().zones())
+        return ActiveZones::now().range(var).range;
+    host::JoinedRange joined;
+    for (int const zone : zones.members())
+        joined.add(rangeOf(var, zone));
+    return joined.range;
 }
 
 // A loader that fails leaves the range unknown.
@@ -36,9 +48,7 @@ void loadWhereUnknown(int var, Set const& zones)
 
 bool isVarRangeEstimatedForAnyActiveZones(int var)
 {
-    Set::Members const zones = getActiveZones().members();
-    return std::any_of(zones.begin(), zones.end(),
-                       [var](int zone) { return rangeOf(var, zone).state == ValueRange::State::Estimated; });
+    return ActiveZones::now().range(var).isEstimated;
 }
 
 bool getVarMinMaxForZone(int var, int zone, bool loadIfNeeded, double& min, double& max)
@@ -50,19 +60,11 @@ bool getVarMinMaxForZoneSet(int var, Set const& zones, bool loadIfNeeded, double
 {
     if (loadIfNeeded)
         loadWhereUnknown(var, zones);
-    ValueRange all;
-    for (int zone : zones.members()) {
-        ValueRange const range = rangeOf(var, zone);
-        if (!range.isValid())
-            continue;
-        all.min = all.isValid() ? std::min(all.min, range.min) : range.min;
-        all.max = all.isValid() ? std::max(all.max, range.max) : range.max;
-        all.state = range.state;
-    }
-    if (!all.isValid())
+    ValueRange const range = rangeOver(var, zones);
+    if (!range.isValid())
         return false;
-    min = all.min;
-    max = all.max;
+    min = range.min;
+    max = range.max;
     return true;
 }
 

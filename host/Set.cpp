@@ -16,7 +16,7 @@ bool isNumber(long long member)
 } // namespace
 
 Set::Set()
-    : m_handle(new Set_s)
+    : m_handle(std::make_shared<Set_s>())
 {
 }
 
@@ -37,24 +37,24 @@ Set::Set(std::set<int> const& members)
 }
 
 Set::Set(Set const& other)
-    : m_handle(new Set_s(*other.m_handle))
+    : m_handle(other.m_isHandedOut ? std::make_shared<Set_s>(*other.m_handle) : other.m_handle)
 {
 }
 
 Set::Set(Adopted adopted)
-    : m_handle(adopted.handle ? adopted.handle : new Set_s)
+    : m_handle(adopted.handle ? std::shared_ptr<Set_s>(adopted.handle) : std::make_shared<Set_s>())
 {
 }
+
+Set::~Set() = default;
 
 Set& Set::operator=(Set const& other)
 {
-    m_handle->members = other.m_handle->members;
+    if (m_isHandedOut)
+        m_handle->members = other.m_handle->members;
+    else
+        m_handle = Set(other).m_handle;
     return *this;
-}
-
-Set::~Set()
-{
-    delete m_handle;
 }
 
 Set Set::Take(Set_s* handle)
@@ -62,21 +62,30 @@ Set Set::Take(Set_s* handle)
     return Set(Adopted{handle});
 }
 
+/// The numbers, of this set alone.
+Set_s& Set::own() const
+{
+    if (m_handle.use_count() > 1)
+        m_handle = std::make_shared<Set_s>(*m_handle);
+    return *m_handle;
+}
+
 void Set::add(long long member)
 {
     if (isNumber(member))
-        m_handle->members.insert(static_cast<int>(member));
+        own().members.insert(static_cast<int>(member));
 }
 
 void Set::add(Set const& other)
 {
-    m_handle->members.insert(other.m_handle->members.begin(), other.m_handle->members.end());
+    std::shared_ptr<Set_s> const added = other.m_handle;
+    own().members.insert(added->members.begin(), added->members.end());
 }
 
 void Set::remove(long long member)
 {
-    if (isNumber(member))
-        m_handle->members.erase(static_cast<int>(member));
+    if (isMember(member))
+        own().members.erase(static_cast<int>(member));
 }
 
 bool Set::isMember(long long member) const
@@ -96,17 +105,19 @@ long long Set::size() const
 
 Set_s* Set::getRef() const
 {
-    return m_handle;
+    Set_s& handle = own();
+    m_isHandedOut = true;
+    return &handle;
 }
 
 bool Set::operator!=(Set const& other) const
 {
-    return m_handle->members != other.m_handle->members;
+    return !(*this == other);
 }
 
 bool Set::operator==(Set const& other) const
 {
-    return m_handle->members == other.m_handle->members;
+    return m_handle == other.m_handle || m_handle->members == other.m_handle->members;
 }
 
 Set::Members Set::members() const

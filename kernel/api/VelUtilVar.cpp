@@ -41,10 +41,9 @@ bool VelUtilVarIsEnabled(int var)
 
 bool VelUtilVarIsSZLData(int zone, int var)
 {
-    // True only for estimates from a file that indexes its pieces; none of our loaders reads such an index.
-    static_cast<void>(zone);
-    static_cast<void>(var);
-    return false;
+    // Nobody goes through all mapped values for a range, so that an estimate of theirs lasts.
+    Field const* const field = api::activeField(zone, var);
+    return field != nullptr && !field->isPassive() && field->group()->isMapped();
 }
 
 bool VelUtilVarRangeIsEstimated(int zone, int var)

@@ -1,8 +1,32 @@
 #include "kernel/data/TimeStrands.h"
 
+#include <algorithm>
 #include <map>
 
 namespace veldraw::kernel {
+
+namespace {
+
+/// Gives zones, one after the other, the places of their field maps.
+class MapPlaces
+{
+public:
+    std::size_t next(Zone const& zone)
+    {
+        if (!StrandNumbers::isStrand(zone.strand)) {
+            return m_count++;
+        }
+        auto const [known, isNew] = m_ofStrand.try_emplace(zone.strand, m_count);
+        m_count += isNew ? 1 : 0;
+        return known->second;
+    }
+
+private:
+    std::map<int, std::size_t> m_ofStrand;
+    std::size_t m_count = 0;
+};
+
+} // namespace
 
 StrandNumbers::StrandNumbers(DataSet const& dataSet)
 {
@@ -28,17 +52,33 @@ int StrandNumbers::next()
 std::vector<NumberSet> fieldMaps(DataSet const& dataSet)
 {
     std::vector<NumberSet> maps;
-    std::map<int, std::size_t> mapOfStrand;
+    MapPlaces places;
     for (int number = 1; number <= dataSet.zoneCount(); ++number) {
-        Zone const& zone = *dataSet.zone(number);
-        bool const isStatic = !StrandNumbers::isStrand(zone.strand);
-        std::size_t const place =
-            isStatic ? maps.size() : mapOfStrand.try_emplace(zone.strand, maps.size()).first->second;
+        Zone const& zone = *dataSet.zones()[static_cast<std::size_t>(number - 1)];
+        std::size_t const place = places.next(zone);
         if (place == maps.size()) {
             maps.emplace_back();
         }
         if (zone.enabled) {
             maps[place].insert(number);
+        }
+    }
+    return maps;
+}
+
+NumberSet enabledFieldMaps(DataSet const& dataSet)
+{
+    std::vector<bool> areEnabled;
+    MapPlaces places;
+    for (auto const& zone : dataSet.zones()) {
+        std::size_t const place = places.next(*zone);
+        areEnabled.resize(std::max(areEnabled.size(), place + 1));
+        areEnabled[place] = areEnabled[place] || zone->enabled;
+    }
+    NumberSet maps;
+    for (std::size_t place = 0; place < areEnabled.size(); ++place) {
+        if (areEnabled[place]) {
+            maps.insert(maps.end(), static_cast<int>(place) + 1);
         }
     }
     return maps;

@@ -28,4 +28,7 @@ private:
 /// disabled. The set of a map without an enabled zone is empty.
 std::vector<NumberSet> fieldMaps(DataSet const& dataSet);
 
+/// The numbers of the field maps that have an enabled zone.
+NumberSet enabledFieldMaps(DataSet const& dataSet);
+
 } // namespace veldraw::kernel

@@ -33,8 +33,8 @@ VELDRAW_PLATFORM_API long long VelUtilVarGetUniqueIDForFrame(long long frameID, 
 /// @param var one-based number
 VELDRAW_PLATFORM_API bool VelUtilVarIsEnabled(int var);
 
-/// Whether the values come from a file that serves them piece by piece. Never loads; false for numbers that do not
-/// exist.
+/// Whether the values come from a file that serves them piece by piece: those that are mapped, or will be, and are so many that nothing goes
+/// through all of them unasked. Never loads; false for numbers that do not exist.
 /// @param zone one-based number
 /// @param var one-based number
 VELDRAW_PLATFORM_API bool VelUtilVarIsSZLData(int zone, int var);

@@ -3,13 +3,14 @@
 #include "platform/PlatformApi.h"
 #include "platform/vdsdkbase/VelUtilTypes.h"
 
+#include <memory>
 #include <set>
 #include <vector>
 
 namespace veldraw::toolbox {
 
 /// An ordered set of one-based numbers of zones, variables or line maps, over a kernel handle that it owns.
-/// A value type: copies are deep, and the handle stays the same for the object's life.
+/// A value type. Copies share the numbers until one of them changes or is asked for its handle, which stays the same from then on.
 class VELDRAW_PLATFORM_API Set
 {
 public:
@@ -55,7 +56,10 @@ private:
     };
     explicit Set(Adopted adopted);
 
-    Set_s* m_handle;
+    Set_s& own() const;
+
+    mutable std::shared_ptr<Set_s> m_handle;
+    mutable bool m_isHandedOut = false; // somebody may write through it
 };
 
 } // namespace veldraw::toolbox

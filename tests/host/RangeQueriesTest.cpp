@@ -43,6 +43,7 @@ protected:
         auto group = std::make_shared<kernel::ShareGroup>(field.type(), field.group()->size(),
                                                           std::make_shared<EstimatingLoader>());
         field = kernel::Field(std::move(group), field.location());
+        session().events().emitEvent({StateChange_VariablesLoaded, {2}, {2}, {}, 0});
     }
 
     std::shared_ptr<kernel::DataSet> m_dataSet;

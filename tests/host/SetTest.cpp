@@ -50,6 +50,47 @@ TEST(Set, IsCopiedDeep)
     EXPECT_NE(original.getRef(), copy.getRef());
 }
 
+TEST(Set, SharesItsNumbersWithACopyUntilOneOfThemChanges)
+{
+    Set const original(std::set<int>{1, 2});
+    for (auto const change : {+[](Set& set) { set.add(3); }, +[](Set& set) { set.remove(1); },
+                              +[](Set& set) { set.add(Set(5)); }, +[](Set& set) { set.getRef()->members.insert(9); }}) {
+        Set copy = original;
+        Set const other = copy;
+        Set assigned;
+        assigned = copy;
+        change(copy);
+        EXPECT_NE(copy, original);
+        EXPECT_THAT(original.members(), ElementsAre(1, 2));
+        EXPECT_EQ(other, original);
+        EXPECT_EQ(assigned, original);
+    }
+}
+
+TEST(Set, SharesNothingWithACopyOnceItsHandleWasAskedFor)
+{
+    Set original(std::set<int>{1, 2});
+    Set_s* const handle = original.getRef();
+    Set const copy = original;
+    Set assigned;
+    assigned = original;
+    handle->members.insert(3);
+    EXPECT_THAT(original.members(), ElementsAre(1, 2, 3));
+    EXPECT_THAT(copy.members(), ElementsAre(1, 2));
+    EXPECT_THAT(assigned.members(), ElementsAre(1, 2));
+    original.add(4);
+    EXPECT_EQ(original.getRef(), handle);
+}
+
+TEST(Set, CanBeAddedToItself)
+{
+    Set set(std::set<int>{1, 2});
+    Set const copy = set;
+    set.add(set);
+    set.add(copy);
+    EXPECT_THAT(set.members(), ElementsAre(1, 2));
+}
+
 TEST(Set, KeepsItsHandleWhenItIsAssigned)
 {
     Set set(4);

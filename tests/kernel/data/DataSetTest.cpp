@@ -156,8 +156,10 @@ TEST(FieldMaps, HaveTheirEnabledZonesAndKeepTheirNumbers)
     dataSet->zone(1)->enabled = false;
     dataSet->zone(3)->enabled = false;
     EXPECT_EQ(fieldMaps(*dataSet), (std::vector<NumberSet>{{}, {2}, {4}, {5}}));
+    EXPECT_EQ(enabledFieldMaps(*dataSet), (NumberSet{2, 3, 4}));
     dataSet->zone(4)->enabled = false;
     EXPECT_EQ(fieldMaps(*dataSet), (std::vector<NumberSet>{{}, {2}, {}, {5}}));
+    EXPECT_EQ(enabledFieldMaps(*dataSet), (NumberSet{2, 4}));
 }
 
 TEST(AuxiliaryData, KeepsItsItemsInOrderOfNamesWithoutRegardToCase)

@@ -10,10 +10,12 @@
 #include <vtkCommand.h>
 #include <vtkCompositeDataSet.h>
 #include <vtkDataSet.h>
+#include <vtkFieldData.h>
 #include <vtkGenericDataObjectReader.h>
 #include <vtkInformation.h>
 #include <vtkMultiBlockDataSet.h>
 #include <vtkNew.h>
+#include <vtkStringArray.h>
 #include <vtkXMLDataSetWriter.h>
 #include <vtkXMLMultiBlockDataWriter.h>
 
@@ -104,17 +106,47 @@ std::string extensionFor(vtkDataSet& grid)
     }
 }
 
-void escapeNames(vtkMultiBlockDataSet& blocks)
+bool hasZeroByte(vtkStringArray& texts)
 {
+    for (vtkIdType n = 0; n < texts.GetNumberOfValues(); ++n) {
+        if (texts.GetValue(n).find('\0') != std::string::npos)
+            return true;
+    }
+    return false;
+}
+
+// In VTK XML a text ends at its first zero byte, and the next one would begin there.
+void leaveOutBrokenTexts(vtkFieldData& data)
+{
+    for (int n = data.GetNumberOfArrays() - 1; n >= 0; --n) {
+        auto* const texts = vtkStringArray::SafeDownCast(data.GetAbstractArray(n));
+        if (!texts || !hasZeroByte(*texts))
+            continue;
+        std::printf("warning the text of \"%s\" has zero bytes and was left out\n",
+                    veldraw::app::xmlEscaped(texts->GetName() ? texts->GetName() : "").c_str());
+        data.RemoveArray(n);
+    }
+}
+
+void prepare(vtkDataSet& grid)
+{
+    leaveOutBrokenTexts(*grid.GetFieldData());
+    veldraw::app::escapeArrayNames(grid);
+}
+
+void prepare(vtkMultiBlockDataSet& blocks)
+{
+    leaveOutBrokenTexts(*blocks.GetFieldData());
+    veldraw::app::escapeArrayNames(*blocks.GetFieldData());
     for (unsigned int n = 0; n < blocks.GetNumberOfBlocks(); ++n) {
         if (blocks.HasMetaData(n) && blocks.GetMetaData(n)->Has(vtkCompositeDataSet::NAME())) {
             std::string const name = blocks.GetMetaData(n)->Get(vtkCompositeDataSet::NAME());
             blocks.GetMetaData(n)->Set(vtkCompositeDataSet::NAME(), veldraw::app::xmlEscaped(name).c_str());
         }
         if (auto* const grid = vtkDataSet::SafeDownCast(blocks.GetBlock(n)))
-            veldraw::app::escapeArrayNames(*grid);
+            prepare(*grid);
         else if (auto* const inner = vtkMultiBlockDataSet::SafeDownCast(blocks.GetBlock(n)))
-            escapeNames(*inner);
+            prepare(*inner);
     }
 }
 
@@ -128,12 +160,12 @@ std::string convert(std::string const& path, std::string const& folder)
     if (auto* const grid = vtkDataSet::SafeDownCast(data)) {
         if (grid->GetNumberOfPoints() == 0)
             return "it has no points";
-        veldraw::app::escapeArrayNames(*grid);
+        prepare(*grid);
         vtkNew<vtkXMLDataSetWriter> writer;
         return write(*writer, *grid, folder + "/data." + extensionFor(*grid));
     }
     if (auto* const blocks = vtkMultiBlockDataSet::SafeDownCast(data)) {
-        escapeNames(*blocks);
+        prepare(*blocks);
         vtkNew<vtkXMLMultiBlockDataWriter> writer;
         return write(*writer, *blocks, folder + "/data.vtm");
     }

@@ -58,14 +58,6 @@ void escapeNames(vtkAbstractArray& array)
     }
 }
 
-void escapeNames(vtkFieldData* data)
-{
-    for (int n = 0; data && n < data->GetNumberOfArrays(); ++n) {
-        if (vtkAbstractArray* const array = data->GetAbstractArray(n))
-            escapeNames(*array);
-    }
-}
-
 } // namespace
 
 std::string xmlEscaped(std::string const& text)
@@ -84,9 +76,17 @@ std::string xmlEscaped(std::string const& text)
 
 void escapeArrayNames(vtkDataSet& grid)
 {
-    escapeNames(grid.GetPointData());
-    escapeNames(grid.GetCellData());
-    escapeNames(grid.GetFieldData());
+    escapeArrayNames(*grid.GetPointData());
+    escapeArrayNames(*grid.GetCellData());
+    escapeArrayNames(*grid.GetFieldData());
+}
+
+void escapeArrayNames(vtkFieldData& data)
+{
+    for (int n = 0; n < data.GetNumberOfArrays(); ++n) {
+        if (vtkAbstractArray* const array = data.GetAbstractArray(n))
+            escapeNames(*array);
+    }
 }
 
 } // namespace veldraw::app

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <vtkDataSet.h>
+#include <vtkFieldData.h>
 
 #include <string>
 
@@ -11,5 +12,8 @@ std::string xmlEscaped(std::string const& text);
 
 /// Escapes the names of all arrays of @p grid and of their components, which VTK's XML writers put into their files as they stand.
 void escapeArrayNames(vtkDataSet& grid);
+
+/// Those of field data alone.
+void escapeArrayNames(vtkFieldData& data);
 
 } // namespace veldraw::app

@@ -156,7 +156,7 @@ double XmlHeaderCheck::valuesOf(XmlTags::Tag const& tag) const
         return components * m_cells;
     if (m_section == "Points")
         return std::max(components, 3.0) * m_points;
-    if (m_section == "FieldData" && tag.text("type") != "String")
+    if (m_section == "FieldData")
         return components * tag.count("NumberOfTuples", 0.0);
     return unknownCount;
 }
@@ -174,8 +174,10 @@ void XmlHeaderCheck::lookAtArray(XmlTags::Tag const& tag)
         m_bits.emplace(m_section == "PointData", tag.text("Name"));
     // VTK walks over the components of an array even if it has no values.
     m_size.addStored(tag.count("NumberOfComponents", 1.0), 0.0, "components of \"" + tag.text("Name") + "\"");
+    bool const isText = m_section == "FieldData" && tag.text("type") == "String";
+    double const bytesInMemory = isText ? sizeof(std::string) : bytes;
     if (values != unknownCount)
-        m_size.addStored(values, isCounted ? bytes : 0.0, "values of \"" + tag.text("Name") + "\"");
+        m_size.addStored(values, isCounted ? bytesInMemory : 0.0, "values of \"" + tag.text("Name") + "\"");
     if (tag.text("format") == "appended")
         m_appended.push_back({tag.count("offset", 0.0), std::max(values, 0.0) * bytes, tag.text("Name")});
     if (tag.text("format") == "binary" && m_compressed)

@@ -1,5 +1,7 @@
 #include "app/import/zones/DataSetOfZones.h"
 
+#include "app/import/zones/AuxiliaryItems.h"
+
 #include <algorithm>
 #include <map>
 #include <unordered_map>
@@ -49,6 +51,16 @@ void assignArrays(kernel::DataSet& dataSet, ImportedZone const& imported)
     }
 }
 
+// What the first zone has to say of something holds.
+void addNotesTo(kernel::DataSet& dataSet, ImportedZone const& imported)
+{
+    addMissing(dataSet.auxiliaryData(), imported.notesOnDataSet);
+    for (auto const& [name, notes] : imported.notesOnVariables) {
+        if (auto const variable = dataSet.variable(dataSet.findVariable(name)))
+            addMissing(variable->auxiliaryData, notes);
+    }
+}
+
 // The n-th block of each time step belongs to strand n.
 void assignStrands(std::vector<ImportedZone>& zones)
 {
@@ -72,6 +84,7 @@ std::shared_ptr<kernel::DataSet> dataSetOf(std::vector<ImportedZone> zones, std:
     }
     for (ImportedZone& imported : zones) {
         assignArrays(*dataSet, imported);
+        addNotesTo(*dataSet, imported);
         std::vector<kernel::Field> fields(positions.size());
         for (ImportedZone::NamedField& field : imported.fields) {
             std::size_t const position = positions.at(field.name);

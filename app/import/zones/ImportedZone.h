@@ -1,9 +1,11 @@
 #pragma once
 
+#include "kernel/data/AuxiliaryData.h"
 #include "kernel/data/Field.h"
 #include "kernel/data/Variable.h"
 #include "kernel/data/Zone.h"
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -27,7 +29,9 @@ struct ImportedZone
     std::shared_ptr<kernel::Zone> zone;
     std::vector<NamedField> fields;
     std::vector<std::string> variableNames; ///< the order of variables that the file asks for; may be empty
-    std::optional<double> timeStep;         ///< time step by which strands are to be found, if the file says one
+    kernel::AuxiliaryData notesOnDataSet;   ///< what the file says of the data set as a whole
+    std::map<std::string, kernel::AuxiliaryData> notesOnVariables; ///< and of variables, by their names
+    std::optional<double> timeStep; ///< time step by which strands are to be found, if the file says one
 
     /// Adds a field; " (2)" and so on is appended to a @p name that is taken. An empty name becomes "Variable".
     void addField(std::string const& name, kernel::Field field);

@@ -1,8 +1,10 @@
 #include "app/export/formats/table/TableWriter.h"
 
+#include "app/files/CommentValue.h"
 #include "app/files/PathChecks.h"
 #include "platform/vdsdkcommon/ShortestText.h"
 
+#include <algorithm>
 #include <charconv>
 #include <filesystem>
 #include <fstream>
@@ -28,14 +30,42 @@ bool readsAsNumber(std::string const& text)
 // Quoted where it would read back as something else.
 std::string headerCell(std::string const& name, char separator)
 {
-    bool const blanks = name.front() == ' ' || name.back() == ' ';
-    if (!blanks && !readsAsNumber(name) &&
+    bool const isOdd = name.front() == ' ' || name.back() == ' ' || name.front() == '#';
+    if (!isOdd && !readsAsNumber(name) &&
         name.find_first_of(std::string("\",;\t\r\n") + separator) == std::string::npos)
         return name;
     std::string quoted = "\"";
     for (char c : name)
         quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
     return quoted + "\"";
+}
+
+std::string commentsOn(kernel::AuxiliaryData const& data)
+{
+    std::string lines;
+    for (int n = 1; n <= data.size(); ++n) {
+        kernel::AuxiliaryData::Item const& item = data.item(n);
+        if (item.retain)
+            lines += "# " + item.name + ": " + commentValue(item.value) + "\n";
+    }
+    return lines;
+}
+
+bool hasRetained(kernel::AuxiliaryData const& data)
+{
+    for (int n = 1; n <= data.size(); ++n) {
+        if (data.item(n).retain)
+            return true;
+    }
+    return false;
+}
+
+// Whether there are auxiliary data that a table has no place for.
+bool hasFurtherNotes(kernel::DataSet const& dataSet)
+{
+    auto const has = [](auto const& owner) { return hasRetained(owner->auxiliaryData); };
+    return std::any_of(dataSet.zones().begin(), dataSet.zones().end(), has) ||
+           std::any_of(dataSet.variables().begin(), dataSet.variables().end(), has);
 }
 
 void writeRows(std::ofstream& file, std::vector<Column> const& columns, std::int64_t rows, char separator,
@@ -95,6 +125,7 @@ void writeZone(kernel::DataSet const& dataSet, int zone, std::string const& file
     kernel::Progress ofZone(context.progress, workOf(source));
     ofZone.check();
     std::ofstream stream(context.files.add(file), std::ios::binary | std::ios::trunc);
+    stream << commentsOn(dataSet.auxiliaryData());
     writeRows(stream, table.columns, source.pointCount(), extensionOf(file) == "tsv" ? '\t' : ',', ofZone);
     stream.close();
     if (!stream)
@@ -118,6 +149,10 @@ void TableWriter::write(kernel::DataSet const& dataSet, std::string const& path,
             file.replace_filename(target.stem().string() + "_" + std::to_string(zone) + target.extension().string());
         writeZone(dataSet, zone, file.string(), context);
     }
+    if (hasFurtherNotes(dataSet))
+        context.remarks.push_back(
+            "Auxiliary data of zones and variables were left out: a table has a place for those of the "
+            "data set only");
     if (dataSet.zoneCount() > 1)
         context.remarks.push_back("A table holds one zone: " + std::to_string(dataSet.zoneCount()) +
                                   " files were written, with the zone's number in their names");

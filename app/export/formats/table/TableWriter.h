@@ -5,6 +5,7 @@
 namespace veldraw::app {
 
 /// Writes the nodal variables of each zone as a text table (.csv with commas, .tsv with tabs): a header line, and a row a point.
+/// Retained auxiliary data of the data set stand above that in comment lines.
 ///
 /// Numbers have as many digits as it takes to read them back as they were. Several zones become several files, with the zone's number
 /// appended to the name.

@@ -1,9 +1,16 @@
 #include "app/export/formats/vtkxml/VtkXmlWriter.h"
 
+#include "app/export/formats/vtkxml/AuxiliaryArrays.h"
 #include "app/export/formats/vtkxml/ZoneFileWriter.h"
 #include "app/files/PathChecks.h"
+#include "platform/vdsdkcommon/ShortestText.h"
 
 #include <QXmlStreamWriter>
+#include <vtkDataArray.h>
+#include <vtkFieldData.h>
+#include <vtkSmartPointer.h>
+#include <vtkStringArray.h>
+#include <vtkVariant.h>
 
 #include <filesystem>
 #include <fstream>
@@ -25,8 +32,63 @@ QString toQt(std::string const& text)
     return QString::fromStdString(text);
 }
 
+// The field data that stand beside the pieces.
+vtkSmartPointer<vtkFieldData> notesOn(kernel::DataSet const& dataSet)
+{
+    auto notes = vtkSmartPointer<vtkFieldData>::New();
+    AuxiliaryArrays arrays(*notes);
+    arrays.addItems(dataSet.auxiliaryData());
+    arrays.addItemsOfVariables(dataSet, uniqueVariableNames(dataSet));
+    arrays.addList();
+    return notes;
+}
+
+// As VTK writes texts without a binary form: a number for each byte, and a zero at the end of each text.
+QString asNumbers(vtkStringArray& texts)
+{
+    QString numbers;
+    for (vtkIdType n = 0; n < texts.GetNumberOfValues(); ++n) {
+        for (char const c : texts.GetValue(n))
+            numbers += QString::number(static_cast<unsigned char>(c)) + QLatin1Char(' ');
+        numbers += QStringLiteral("0 ");
+    }
+    return numbers;
+}
+
+QString asNumbers(vtkDataArray& number)
+{
+    std::string text;
+    if (number.GetDataType() == VTK_DOUBLE)
+        sdk::appendShortest(text, number.GetComponent(0, 0));
+    else
+        text = std::to_string(number.GetVariantValue(0).ToTypeInt64());
+    return toQt(text);
+}
+
+void writeNotes(QXmlStreamWriter& xml, vtkFieldData& notes)
+{
+    if (notes.GetNumberOfArrays() == 0)
+        return;
+    xml.writeStartElement(QStringLiteral("FieldData"));
+    for (int n = 0; n < notes.GetNumberOfArrays(); ++n) {
+        vtkAbstractArray& array = *notes.GetAbstractArray(n);
+        auto* const texts = vtkStringArray::SafeDownCast(&array);
+        bool const isWhole = array.GetDataType() != VTK_DOUBLE;
+        xml.writeStartElement(texts ? QStringLiteral("Array") : QStringLiteral("DataArray"));
+        xml.writeAttribute(QStringLiteral("type"), texts     ? QStringLiteral("String")
+                                                   : isWhole ? QStringLiteral("Int64")
+                                                             : QStringLiteral("Float64"));
+        xml.writeAttribute(QStringLiteral("Name"), QString::fromUtf8(array.GetName()));
+        xml.writeAttribute(QStringLiteral("NumberOfTuples"), QString::number(array.GetNumberOfTuples()));
+        xml.writeAttribute(QStringLiteral("format"), QStringLiteral("ascii"));
+        xml.writeCharacters(texts ? asNumbers(*texts) : asNumbers(*notes.GetArray(n)));
+        xml.writeEndElement();
+    }
+    xml.writeEndElement();
+}
+
 // VTK's own writer could not be told where the pieces will stand in the end.
-QByteArray textNaming(std::vector<Piece> const& pieces)
+QByteArray textNaming(std::vector<Piece> const& pieces, vtkFieldData& notes)
 {
     QByteArray text;
     QXmlStreamWriter xml(&text);
@@ -45,6 +107,8 @@ QByteArray textNaming(std::vector<Piece> const& pieces)
         xml.writeAttribute(QStringLiteral("name"), toQt(piece.name));
         xml.writeAttribute(QStringLiteral("file"), toQt(piece.file));
     }
+    xml.writeEndElement();
+    writeNotes(xml, notes);
     xml.writeEndDocument();
     return text;
 }
@@ -63,7 +127,7 @@ void writePieces(kernel::DataSet const& dataSet, std::string const& path, Export
     std::string const name = baseNameOf(path);
     fs::path const folder = fs::path(path).parent_path() / name;
     context.files.addFolder(folder.string());
-    ZoneFileWriter const writer(dataSet);
+    ZoneFileWriter const writer(dataSet, ZoneFileWriter::Notes::OfZone);
     std::vector<Piece> pieces;
     for (int zone = 1; zone <= dataSet.zoneCount(); ++zone) {
         kernel::Zone const& source = *dataSet.zone(zone);
@@ -74,7 +138,7 @@ void writePieces(kernel::DataSet const& dataSet, std::string const& path, Export
         writer.write(zone, format, context.files.add((folder / file).string()), ofZone);
         pieces.push_back({source.name, name + "/" + file});
     }
-    writeBytes(context.files.add(path), textNaming(pieces));
+    writeBytes(context.files.add(path), textNaming(pieces, *notesOn(dataSet)));
 }
 
 void writeOneZone(kernel::DataSet const& dataSet, std::string const& path, ExportContext const& context)
@@ -84,7 +148,8 @@ void writeOneZone(kernel::DataSet const& dataSet, std::string const& path, Expor
                           "; .vtm takes them all");
     kernel::Progress ofZone(context.progress, workOf(*dataSet.zone(1)));
     ofZone.check();
-    ZoneFileWriter(dataSet).write(1, extensionOf(path), context.files.add(path), ofZone);
+    ZoneFileWriter(dataSet, ZoneFileWriter::Notes::OfDataSet)
+        .write(1, extensionOf(path), context.files.add(path), ofZone);
 }
 
 } // namespace

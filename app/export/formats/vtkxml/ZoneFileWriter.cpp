@@ -1,5 +1,6 @@
 #include "app/export/formats/vtkxml/ZoneFileWriter.h"
 
+#include "app/export/formats/vtkxml/AuxiliaryArrays.h"
 #include "app/export/formats/vtkxml/GridConversion.h"
 #include "app/export/writing/ExportError.h"
 #include "app/export/writing/Writer.h"
@@ -96,8 +97,9 @@ int attributeType(std::string const& purpose)
 
 } // namespace
 
-ZoneFileWriter::ZoneFileWriter(kernel::DataSet const& dataSet)
+ZoneFileWriter::ZoneFileWriter(kernel::DataSet const& dataSet, Notes notes)
     : m_dataSet(dataSet)
+    , m_notes(notes)
     , m_names(uniqueVariableNames(dataSet))
     , m_plan(dataSet, m_names)
 {
@@ -247,6 +249,13 @@ void ZoneFileWriter::addFacts(vtkDataSet& grid, kernel::Zone const& zone,
     addTexts(facts, blockfact::zoneName, {zone.name});
     addTexts(facts, blockfact::coordinateNames, coordinateNames);
     addTexts(facts, blockfact::variableNames, m_names);
+    AuxiliaryArrays notes(facts);
+    notes.addItems(zone.auxiliaryData);
+    if (m_notes == Notes::OfDataSet) {
+        notes.addItemsOfDataSet(m_dataSet);
+        notes.addItemsOfVariables(m_dataSet, m_names);
+    }
+    notes.addList();
 }
 
 } // namespace veldraw::app

@@ -17,8 +17,15 @@ namespace veldraw::app {
 class ZoneFileWriter
 {
 public:
+    enum class Notes
+    {
+        OfZone,   ///< a file has the auxiliary data of its zone
+        OfDataSet ///< and of all else
+    };
+
     /// @param dataSet is to outlive the object
-    explicit ZoneFileWriter(kernel::DataSet const& dataSet);
+    /// @param notes   what the files have besides the zones
+    ZoneFileWriter(kernel::DataSet const& dataSet, Notes notes);
 
     /// Extension of the format that fits any zone of the kind of @p zone: vts or vtu.
     static std::string usualFormat(kernel::Zone const& zone);
@@ -39,6 +46,7 @@ private:
     void addFacts(vtkDataSet& grid, kernel::Zone const& zone, std::vector<std::string> const& coordinateNames) const;
 
     kernel::DataSet const& m_dataSet;
+    Notes m_notes;
     std::vector<std::string> m_names; // of the variables, each once
     ArrayPlan m_plan;
 };

@@ -1,6 +1,7 @@
 #include "app/import/formats/metaimage/MetaImageLines.h"
 
 #include "app/files/ImportError.h"
+#include "app/files/PlainText.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -13,13 +14,6 @@ namespace veldraw::app {
 namespace {
 
 constexpr std::size_t longestLine = 1 << 16;
-
-std::string trimmed(std::string const& text)
-{
-    char const* const blanks = " \t\r\n";
-    std::size_t const first = text.find_first_not_of(blanks);
-    return first == std::string::npos ? std::string() : text.substr(first, text.find_last_not_of(blanks) - first + 1);
-}
 
 std::vector<std::string> wordsOf(std::string const& text)
 {

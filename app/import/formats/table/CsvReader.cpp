@@ -1,6 +1,8 @@
 #include "app/import/formats/table/CsvReader.h"
 
 #include "app/files/ImportError.h"
+#include "app/files/PlainText.h"
+#include "app/import/formats/table/TableComments.h"
 #include "app/import/formats/table/TableText.h"
 
 #include <algorithm>
@@ -30,18 +32,21 @@ ImportedZone CsvReader::read(std::string const& path, std::string const& zoneNam
     std::int64_t const fileSize = file.tellg();
     file.seekg(0);
     std::string block(blockSize, '\0');
+    file.read(&block[0], static_cast<std::streamsize>(blockSize));
+    checkIsText(block.substr(0, static_cast<std::size_t>(file.gcount())));
+    file.clear();
+    file.seekg(0);
+    TableComments const comments(file);
     std::unique_ptr<CsvTokenizer> tokenizer;
-    std::int64_t done = 0;
+    std::int64_t done = file.tellg();
     while (file.read(&block[0], static_cast<std::streamsize>(blockSize)) || file.gcount() > 0) {
         block.resize(static_cast<std::size_t>(file.gcount()));
-        std::size_t skip = 0;
         if (!tokenizer) {
-            checkIsText(block);
-            skip = block.compare(0, 3, "\xef\xbb\xbf") == 0 ? 3 : 0;
-            tokenizer = std::make_unique<CsvTokenizer>(separatorOf(block), static_cast<CsvTokenizer::Handler&>(*this));
+            tokenizer = std::make_unique<CsvTokenizer>(separatorOf(block), static_cast<CsvTokenizer::Handler&>(*this),
+                                                       comments.lineCount() + 1);
             reserveRows(block, fileSize);
         }
-        tokenizer->add(block.data() + skip, block.size() - skip);
+        tokenizer->add(block.data(), block.size());
         done += file.gcount();
         m_progress.reach(static_cast<double>(done) / static_cast<double>(std::max(fileSize, done)));
         m_progress.check();
@@ -52,7 +57,11 @@ ImportedZone CsvReader::read(std::string const& path, std::string const& zoneNam
     if (tokenizer && !tokenizer->finish())
         throw ImportError("a quote is left open to the end of the file");
     m_problems.throwIfAny();
-    return makeZone(zoneName);
+    for (std::string const& text : comments.items().remarks())
+        m_remarks.push_back("Data set: " + text);
+    ImportedZone table = makeZone(zoneName);
+    table.notesOnDataSet = comments.items().data();
+    return table;
 }
 
 // Rows are as long as in the first block, as a rule; memory that is reserved for nothing is never touched.
@@ -105,7 +114,7 @@ void CsvReader::valueCell(std::string const& text)
     } else {
         Number const result = toNumber(text, value);
         if (result == Number::NoNumber)
-            m_problems.addOfCell(m_column, "is no number: \"" + asUtf8(text.substr(0, 40)) + "\"");
+            m_problems.addOfCell(m_column, "is no number: \"" + shortened(asUtf8(text), 40) + "\"");
         else if (result == Number::OutOfRange)
             m_problems.addOfCell(m_column, "is beyond the range of numbers: \"" + text.substr(0, 40) + "\"");
     }

@@ -16,7 +16,7 @@ namespace veldraw::app {
 ///
 /// The separator is the one of tab, semicolon and comma that the header line has most of. Numbers have a decimal point and
 /// may be nan or inf. Names are UTF-8 (Latin-1 where they are not valid UTF-8); a byte-order mark is skipped. Blank lines at the
-/// end do not count. A row with more or fewer cells than the header, an empty cell and a cell that is no number are errors; the
+/// end do not count. Comment lines in front of the table are auxiliary data of the data set (TableComments). A row with more or fewer cells than the header, an empty cell and a cell that is no number are errors; the
 /// first ten are told, with line and column.
 class CsvReader : private CsvTokenizer::Handler
 {

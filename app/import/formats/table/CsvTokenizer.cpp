@@ -2,9 +2,11 @@
 
 namespace veldraw::app {
 
-CsvTokenizer::CsvTokenizer(char separator, Handler& handler)
+CsvTokenizer::CsvTokenizer(char separator, Handler& handler, std::int64_t firstLine)
     : m_separator(separator)
     , m_handler(handler)
+    , m_line(firstLine)
+    , m_rowLine(firstLine)
 {
 }
 

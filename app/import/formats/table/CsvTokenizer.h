@@ -24,7 +24,8 @@ public:
         virtual void endOfRow(std::int64_t line, bool blank) = 0;
     };
 
-    CsvTokenizer(char separator, Handler& handler);
+    /// @param firstLine one-based number of the line that comes first
+    CsvTokenizer(char separator, Handler& handler, std::int64_t firstLine = 1);
 
     void add(char const* text, std::size_t size);
 
@@ -53,8 +54,8 @@ private:
     bool m_quoted = false;
     bool m_rowIsBlank = true;
     bool m_afterCarriageReturn = false;
-    std::int64_t m_line = 1;
-    std::int64_t m_rowLine = 1;
+    std::int64_t m_line;
+    std::int64_t m_rowLine;
 };
 
 } // namespace veldraw::app

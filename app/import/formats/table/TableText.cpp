@@ -2,10 +2,6 @@
 
 #include "app/files/ImportError.h"
 
-#include <QByteArray>
-#include <QString>
-#include <QTextCodec>
-
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -38,14 +34,6 @@ char separatorOf(std::string const& start)
     auto const best = std::max_element(counts.begin(), counts.end(),
                                        [](auto const& left, auto const& right) { return left.second < right.second; });
     return best->second > 0 ? best->first : ',';
-}
-
-std::string asUtf8(std::string const& text)
-{
-    QTextCodec::ConverterState state;
-    QTextCodec::codecForName("UTF-8")->toUnicode(text.data(), static_cast<int>(text.size()), &state);
-    return state.invalidChars == 0 ? text
-                                   : QString::fromLatin1(text.data(), static_cast<int>(text.size())).toStdString();
 }
 
 Number toNumber(std::string const& text, double& value)

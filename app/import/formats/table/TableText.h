@@ -11,9 +11,6 @@ void checkIsText(std::string const& start);
 /// @param start of a file
 char separatorOf(std::string const& start);
 
-/// Text that may be Latin-1: it is where it is no valid UTF-8.
-std::string asUtf8(std::string const& text);
-
 enum class Number
 {
     Good,

@@ -7,7 +7,6 @@
 
 #include <cmath>
 #include <cstdlib>
-#include <set>
 
 namespace veldraw::app {
 
@@ -52,22 +51,16 @@ void readArrayVariables(std::vector<std::string> const& list, BlockFacts& facts)
     }
 }
 
-std::vector<std::string> namesOfOthers(vtkFieldData& fieldData)
+} // namespace
+
+std::set<std::string> const& BlockFacts::names()
 {
-    static std::set<std::string> const known = {
+    static std::set<std::string> const all = {
         blockfact::timeValue,       blockfact::timeStep,      blockfact::strandId,
         blockfact::zoneName,        blockfact::zoneType,      blockfact::isScattered,
         blockfact::coordinateNames, blockfact::variableNames, blockfact::arrayVariables};
-    std::vector<std::string> names;
-    for (int n = 0; n < fieldData.GetNumberOfArrays(); ++n) {
-        char const* const name = fieldData.GetArrayName(n);
-        if (known.count(name ? name : "") == 0)
-            names.emplace_back(name ? name : "");
-    }
-    return names;
+    return all;
 }
-
-} // namespace
 
 BlockFacts BlockFacts::of(vtkFieldData* fieldData)
 {
@@ -90,7 +83,7 @@ BlockFacts BlockFacts::of(vtkFieldData* fieldData)
         facts.coordinateNames[axis] = coordinates[axis];
     facts.variableNames = texts(*fieldData, blockfact::variableNames);
     readArrayVariables(texts(*fieldData, blockfact::arrayVariables), facts);
-    facts.others = namesOfOthers(*fieldData);
+    facts.notes = FieldDataItems::of(*fieldData, names());
     return facts;
 }
 
@@ -98,14 +91,6 @@ std::vector<std::string> BlockFacts::variablesOf(ValueLocation_e location, std::
 {
     auto const found = arrayVariables.find({location, array});
     return found == arrayVariables.end() ? std::vector<std::string>() : found->second;
-}
-
-std::string remarkOnFieldData(std::vector<std::string> const& names)
-{
-    std::string list;
-    for (std::string const& name : names)
-        list += (list.empty() ? "\"" : ", \"") + name + "\"";
-    return "field data " + list + " will not be in a saved file";
 }
 
 } // namespace veldraw::app

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/import/formats/vtkxml/FieldDataItems.h"
 #include "platform/vdsdkbase/VelUtilTypes.h"
 
 #include <vtkFieldData.h>
@@ -7,6 +8,7 @@
 #include <array>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -19,11 +21,15 @@ namespace veldraw::app {
 ///   - TimeStep (a number) without StrandId: the n-th block of each time step belongs to strand n, and the step is the
 ///     solution time where there is no TimeValue;
 ///   - ZoneName, ZoneType, IsScattered, CoordinateNames, VariableNames, ArrayVariables: written by our export, so that a
-///     data set comes back as it was.
+///     data set comes back as it was;
+///   - all others: auxiliary data, as far as FieldDataItems takes them.
 struct BlockFacts
 {
     /// @param fieldData may be null
     static BlockFacts of(vtkFieldData* fieldData);
+
+    /// Names of the field data that mean something; notes of a zone can have none of them as an array of their own.
+    static std::set<std::string> const& names();
 
     std::optional<double> timeValue;
     std::optional<double> timeStep;
@@ -33,7 +39,7 @@ struct BlockFacts
     bool isScattered = false;                                    ///< the points of an ordered zone are no curve
     std::array<std::string, 3> coordinateNames{{"X", "Y", "Z"}}; ///< empty: the coordinate is not a variable
     std::vector<std::string> variableNames;
-    std::vector<std::string> others; ///< names of all other field data, of which nothing is kept
+    FieldDataItems notes; ///< of all other field data
 
     /// Names that the components of arrays have as variables, where these are not the usual ones.
     std::map<std::pair<ValueLocation_e, std::string>, std::vector<std::string>> arrayVariables;
@@ -41,9 +47,6 @@ struct BlockFacts
     /// Those of one array, none for the usual ones.
     std::vector<std::string> variablesOf(ValueLocation_e location, std::string const& array) const;
 };
-
-/// What the user is told of field data that are not kept. @param names at least one
-std::string remarkOnFieldData(std::vector<std::string> const& names);
 
 /// Names of the field data.
 namespace blockfact {

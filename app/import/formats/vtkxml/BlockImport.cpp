@@ -72,8 +72,7 @@ ImportedZone BlockImport::run()
     makeZone();
     for (std::string const& text : m_deferred.remarks)
         remark(text);
-    if (!m_facts.others.empty())
-        remark(remarkOnFieldData(m_facts.others));
+    addNotes();
     addCoordinates();
     addArrays();
     return std::move(m_result);
@@ -104,6 +103,19 @@ void BlockImport::makeZone()
     vtkInformation* const information = m_block.GetInformation();
     if (!m_facts.timeValue && information && information->Has(vtkDataObject::DATA_TIME_STEP()))
         zone.solutionTime = information->Get(vtkDataObject::DATA_TIME_STEP());
+}
+
+void BlockImport::addNotes()
+{
+    FieldDataItems const& notes = m_facts.notes;
+    m_result.zone->auxiliaryData = notes.items.data();
+    m_result.notesOnDataSet = notes.ofDataSet.data();
+    for (auto const& [variable, items] : notes.ofVariables)
+        m_result.notesOnVariables[variable] = items.data();
+    for (std::string const& text : notes.remarks())
+        remark(text);
+    if (!notes.others.empty())
+        remark(remarkOnFieldData(notes.others));
 }
 
 void BlockImport::makeMesh()

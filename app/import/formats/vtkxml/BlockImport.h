@@ -35,6 +35,7 @@ public:
 private:
     void makeZone();
     void makeMesh();
+    void addNotes();
     std::int64_t cellCount() const;
     void addCoordinates();
     void addComputedCoordinates();

@@ -4,6 +4,7 @@
 #include "app/files/PathChecks.h"
 #include "app/import/formats/vtkxml/ArrayChoice.h"
 #include "app/import/formats/vtkxml/CheckedMeshReader.h"
+#include "app/import/formats/vtkxml/FieldDataLimit.h"
 #include "app/import/formats/vtkxml/InlineValuesReader.h"
 #include "app/import/formats/vtkxml/InterruptibleReader.h"
 #include "app/import/formats/vtkxml/PartialReader.h"
@@ -16,6 +17,7 @@
 #include <vtkDataArraySelection.h>
 #include <vtkSmartPointer.h>
 #include <vtkXMLImageDataReader.h>
+#include <vtkXMLMultiBlockDataReader.h>
 #include <vtkXMLPolyDataReader.h>
 #include <vtkXMLRectilinearGridReader.h>
 #include <vtkXMLStructuredGridReader.h>
@@ -28,9 +30,25 @@ namespace veldraw::app {
 namespace {
 
 template <typename Reader>
-using WholeReader = InterruptibleReader<InlineValuesReader<Reader>>;
+using WholeReader = InterruptibleReader<LimitedFieldDataReader<InlineValuesReader<Reader>>>;
 
 using MeshReader = PartialReader<WholeReader<CheckedMeshReader>>;
+
+// Of a multi-block file it reads nothing but what stands beside the pieces.
+class BesidePiecesReader : public vtkXMLMultiBlockDataReader
+{
+public:
+    BesidePiecesReader(BesidePiecesReader const&) = delete;
+    BesidePiecesReader& operator=(BesidePiecesReader const&) = delete;
+
+protected:
+    BesidePiecesReader() = default;
+
+    void ReadXMLData() override { this->ReadFieldData(); }
+
+    // Else it would open all pieces.
+    int FillMetaData(vtkCompositeDataSet*, vtkXMLDataElement*, std::string const&, unsigned int&) override { return 1; }
+};
 
 vtkSmartPointer<vtkXMLReader> xmlReader(std::string const& extension)
 {
@@ -106,6 +124,14 @@ void leaveOutUneven(XmlArrayList const& list, vtkXMLReader& reader, std::vector<
     leaveOutOf(*reader.GetCellDataArraySelection(), list.unevenOfCells());
 }
 
+void remarkOnUnread(vtkXMLReader& reader, std::vector<std::string>& remarks)
+{
+    auto const* const limit = dynamic_cast<FieldDataLimit*>(&reader);
+    if (limit && limit->unread() > 0)
+        remarks.push_back(std::to_string(limit->unread()) + " of its field data were not read: at most " +
+                          std::to_string(FieldDataLimit::mostArrays) + " are, of known types");
+}
+
 void chooseArrays(GridArrays const& arrays, vtkXMLReader& reader, LoadingPlan& plan, DeferredArrays& deferred)
 {
     leaveOutUneven(arrays.list(), reader, deferred.remarks);
@@ -138,6 +164,7 @@ vtkSmartPointer<vtkDataObject> readXml(vtkXMLReader& reader, std::string const& 
     updateInformation(reader, *observer);
     throwOnError(errors);
     leaveOut(check.useless(), reader, deferred.remarks);
+    remarkOnUnread(reader, deferred.remarks);
     if (mayDefer || check.hasSeveralPieces())
         chooseArrays(GridArrays(path, extension), reader, context.plan, deferred);
     return run(reader, errors, *observer);
@@ -201,6 +228,26 @@ vtkSmartPointer<vtkDataObject> readVtkCells(std::string const& path, kernel::Pro
     auto const observer = openWithoutArrays(*reader, path, progress);
     reader->leaveOutPoints();
     return run(*reader, errors, *observer);
+}
+
+vtkSmartPointer<vtkDataObject> readVtkFieldData(std::string const& path, ImportContext const& context)
+{
+    VtkErrorCapture const errors;
+    try {
+        XmlHeaderCheck(path, static_cast<std::int64_t>(std::filesystem::file_size(path))).run();
+        auto const reader = vtkSmartPointer<WholeReader<BesidePiecesReader>>::New();
+        reader->SetFileName(path.c_str());
+        kernel::Progress part(context.progress, context.progress.total() / 100);
+        auto const observer = observe(*reader, part);
+        updateInformation(*reader, *observer);
+        throwOnError(errors);
+        remarkOnUnread(*reader, context.remarks);
+        return run(*reader, errors, *observer);
+    } catch (std::bad_alloc const&) {
+        throw ImportError("there is not enough memory for it");
+    } catch (std::length_error const&) {
+        throw ImportError("there is not enough memory for it");
+    }
 }
 
 } // namespace veldraw::app

@@ -19,6 +19,11 @@ namespace veldraw::app {
 vtkSmartPointer<vtkDataObject> readVtkFile(std::string const& path, ImportContext const& context,
                                            DeferredArrays& deferred);
 
+/// Reads the field data that stand in a multi-block file, beside its pieces.
+/// @return an object that has them and nothing else
+/// @throws as readVtkFile()
+vtkSmartPointer<vtkDataObject> readVtkFieldData(std::string const& path, ImportContext const& context);
+
 /// Where an array stands.
 enum class XmlSection
 {

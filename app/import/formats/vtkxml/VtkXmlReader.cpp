@@ -1,8 +1,8 @@
 #include "app/import/formats/vtkxml/VtkXmlReader.h"
 
 #include "app/files/PathChecks.h"
-#include "app/import/formats/vtkxml/BlockFacts.h"
 #include "app/import/formats/vtkxml/BlockImport.h"
+#include "app/import/formats/vtkxml/FieldDataItems.h"
 #include "app/import/formats/vtkxml/GridArrays.h"
 #include "app/import/formats/vtkxml/VtkFile.h"
 
@@ -72,7 +72,7 @@ bool isBlock(QXmlStreamReader const& xml)
 struct MultiBlockFile
 {
     std::vector<MultiBlockPiece> pieces; // in the file's order; blocks without a file are left out
-    std::vector<std::string> fieldData;  // names of what stands beside the pieces
+    bool hasFieldData = false;           // beside the pieces
 };
 
 MultiBlockFile multiBlockFile(std::string const& path)
@@ -102,7 +102,7 @@ MultiBlockFile multiBlockFile(std::string const& path)
             if (!piece.empty())
                 result.pieces.push_back({(folder / piece).string(), piece, name.toStdString()});
         } else if (xml.isStartElement() && xml.name().endsWith(QLatin1String("Array"))) {
-            result.fieldData.push_back(attribute(xml, "Name").toStdString());
+            result.hasFieldData = true;
         }
     }
     if (xml.hasError())
@@ -137,11 +137,29 @@ void planFor(std::vector<MultiBlockPiece> const& pieces, LoadingPlan& plan)
     plan.setTotal(bytes);
 }
 
+// Field data that cannot be read keep nobody from the zones.
+void addNotesOnDataSet(std::string const& path, ImportContext const& context, ImportedZone& zone)
+{
+    auto const remark = [&](std::string const& text) { context.remarks.push_back("Data set: " + text); };
+    try {
+        auto const object = readVtkFieldData(path, context);
+        FieldDataItems const notes = FieldDataItems::of(*object->GetFieldData(), {});
+        zone.notesOnDataSet = notes.items.data();
+        addMissing(zone.notesOnDataSet, notes.ofDataSet.data());
+        for (auto const& [variable, items] : notes.ofVariables)
+            addMissing(zone.notesOnVariables[variable], items.data());
+        for (std::string const& text : notes.remarks())
+            remark(text);
+        if (!notes.others.empty())
+            remark(remarkOnFieldData(notes.others));
+    } catch (ImportError const& error) {
+        remark(std::string("its field data were left out: ") + error.what());
+    }
+}
+
 void readPieces(std::string const& path, ImportContext const& context, std::vector<ImportedZone>& zones)
 {
-    auto const [pieces, fieldData] = multiBlockFile(path);
-    if (!fieldData.empty())
-        context.remarks.push_back("All zones: " + remarkOnFieldData(fieldData));
+    auto const [pieces, hasFieldData] = multiBlockFile(path);
     planFor(pieces, context.plan);
     for (std::size_t n = 0; n < pieces.size(); ++n) {
         MultiBlockPiece const& piece = pieces[n];
@@ -155,6 +173,8 @@ void readPieces(std::string const& path, ImportContext const& context, std::vect
             throw ImportError("its part \"" + piece.file + "\": " + error.what());
         }
     }
+    if (hasFieldData && !zones.empty())
+        addNotesOnDataSet(path, context, zones.front());
 }
 
 } // namespace

@@ -1,0 +1,34 @@
+#include "app/files/PlainText.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QTextCodec>
+
+namespace veldraw::app {
+
+std::string asUtf8(std::string const& text)
+{
+    QTextCodec::ConverterState state;
+    QTextCodec::codecForName("UTF-8")->toUnicode(text.data(), static_cast<int>(text.size()), &state);
+    bool const isUtf8 = state.invalidChars == 0 && state.remainingChars == 0;
+    return isUtf8 ? text : QString::fromLatin1(text.data(), static_cast<int>(text.size())).toStdString();
+}
+
+std::string shortened(std::string const& text, std::size_t mostBytes)
+{
+    if (text.size() <= mostBytes)
+        return text;
+    std::size_t end = mostBytes;
+    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xc0U) == 0x80U)
+        --end; // within a character
+    return text.substr(0, end) + "...";
+}
+
+std::string trimmed(std::string const& text)
+{
+    char const* const blanks = " \t\r\n";
+    std::size_t const first = text.find_first_not_of(blanks);
+    return first == std::string::npos ? std::string() : text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+} // namespace veldraw::app

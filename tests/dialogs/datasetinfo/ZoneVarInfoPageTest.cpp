@@ -122,6 +122,18 @@ TEST_F(ZoneVarInfoPageTest, SaysOfTheRangeInActiveZonesWhenItIsAnEstimate)
                 ElementsAre("Min:", "2.5", "Max:", "2.5"));
 }
 
+TEST_F(ZoneVarInfoPageTest, SaysOfTheRangeInTheZoneWhenItIsAnEstimateForPiecewiseValuesOnly)
+{
+    selectVariable(Stage::Q);
+    selectZone(Stage::Skin);
+    EXPECT_THAT(shownAll({"varSelectedMinLabel", "varSelectedMaxLabel"}), ElementsAre("Min:", "Max:"));
+    Stage::estimate(stage.zone(Stage::Wing), Stage::Q, -1.0, 1.0, true);
+    selectZone(Stage::Wing);
+    EXPECT_THAT(shownAll({"varSelectedMinLabel", "varSelectedMaxLabel"}), ElementsAre("Min (est):", "Max (est):"));
+    selectVariable(Stage::X);
+    EXPECT_THAT(shownAll({"varSelectedMinLabel", "varSelectedMaxLabel"}), ElementsAre("Min:", "Max:"));
+}
+
 TEST_F(ZoneVarInfoPageTest, ShowsNoLimitsOfAnotherVariableForOneWhoseRangeIsNotKnown)
 {
     perform(kernel::EnableZone(*stage.dataSet, Stage::Skin, false));

@@ -52,4 +52,17 @@ char renameVariableForFrame(long long frameID, int var, char const* name)
            });
 }
 
+bool dataSetExists(long long dataSetID)
+{
+    return kernel::Session::instance().dataSet(dataSetID) != nullptr;
+}
+
+char renameDataSet(long long dataSetID, char const* title)
+{
+    auto const dataSet = kernel::Session::instance().dataSet(dataSetID);
+    return dataSet && title && kernel::api::answerOr(false, [&] {
+               return kernel::Session::instance().perform(kernel::SetTitle(*dataSet, title));
+           });
+}
+
 } // namespace veldraw::sdk

@@ -16,8 +16,9 @@ void ActiveZonesPropertyAbstract::updateInZone(int, int var)
 {
     if (var == m_askedVar)
         return;
-    m_askedVar = var;
-    updateInActiveZones(var);
+    m_askedVar = var; // now: who hears of the answer may alter the data, and with them what has been asked
+    if (!updateInActiveZones(var))
+        m_askedVar = 0;
 }
 
 } // namespace veldraw::sdk::ui::propertymanager

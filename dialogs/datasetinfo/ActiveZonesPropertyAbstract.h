@@ -21,7 +21,8 @@ private:
 
     /// Asks the kernel, under the application's lock, and sets what is told.
     /// @param var one-based number of an enabled variable
-    virtual void updateInActiveZones(int var) = 0;
+    /// @return false if the kernel may not be asked now
+    virtual bool updateInActiveZones(int var) = 0;
 
     int m_askedVar = 0; // 0: not asked since the last state change
     common::StateChangeActionPerformer m_forgetter;

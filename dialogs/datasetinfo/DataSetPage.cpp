@@ -4,21 +4,26 @@
 #include "dialogs/bindings/RelevanceApplier.h"
 #include "dialogs/bindings/SimpleToolTipProvider.h"
 #include "dialogs/bindings/TextEditPropertyBinding.h"
-#include "dialogs/bindings/TextFieldPropertyBinding.h"
+#include "dialogs/datasetinfo/EditedTitle.h"
+#include "dialogs/datasetinfo/NameFieldBinding.h"
 #include "ui_DataSetInfoDialog.h"
+
+#include <boost/make_shared.hpp>
 
 namespace veldraw::dialogs::data {
 
 using sdk::ui::dialogs::propertybindings::BindingInterface;
 using sdk::ui::dialogs::propertybindings::LabelPropertyBinding;
+using sdk::ui::dialogs::propertybindings::NameFieldBinding;
 using sdk::ui::dialogs::propertybindings::RelevanceApplier;
 using sdk::ui::dialogs::propertybindings::SimpleToolTipProvider;
 using sdk::ui::dialogs::propertybindings::TextEditPropertyBinding;
-using sdk::ui::dialogs::propertybindings::TextFieldPropertyBinding;
+using sdk::ui::propertymanager::EditedTitle;
 
 DataSetPage::DataSetPage(Ui::DataSetInfo& ui)
 {
-    m_bindings.add<TextFieldPropertyBinding<std::string>>(ui.dataSetTitleLineEdit, m_manager.dataSetTitle());
+    m_bindings.add<NameFieldBinding>(ui.dataSetTitleLineEdit,
+                                     boost::make_shared<EditedTitle>(m_manager.dataSetTitle()));
     m_bindings.add<TextEditPropertyBinding>(ui.dataFilesTextEdit, m_manager.dataFiles(), true);
     show(m_manager.numZones(), ui.numZonesLabel);
     show(m_manager.lockedBy(), ui.lockedByLabel);

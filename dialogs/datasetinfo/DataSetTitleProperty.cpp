@@ -74,6 +74,12 @@ DataSetTitleProperty::DataSetTitleProperty()
 
 DataSetTitleProperty::~DataSetTitleProperty() = default;
 
+long long DataSetTitleProperty::dataSet() const
+{
+    m_impl->read();
+    return m_impl->last.first;
+}
+
 void DataSetTitleProperty::storeValue(std::string const& newValue)
 {
     AppLock const lock(AppLock::RecordAsUsual);

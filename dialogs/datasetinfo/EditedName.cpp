@@ -7,8 +7,16 @@
 namespace veldraw::sdk::ui::propertymanager {
 
 EditedName::EditedName(ShownName shown, NamedThings things)
+    : EditedName(
+          std::move(shown), [things](long long id, std::string const& name) { return things.rename(id, name); },
+          [things](long long id) { return things.name(id); })
+{
+}
+
+EditedName::EditedName(ShownName shown, Rename rename, NameOf nameOf)
     : m_shown(std::move(shown))
-    , m_things(std::move(things))
+    , m_rename(std::move(rename))
+    , m_nameOf(std::move(nameOf))
 {
     m_connections.add(m_shown.text->connectValueChanged([this](std::string const&) { tell(); }));
     m_connections.add(m_shown.id->connectValueChanged([this](long long) { tell(); }));
@@ -26,14 +34,19 @@ bool EditedName::isForAnother() const
     return m_editedID != 0 && m_editedID != m_shown.id->value();
 }
 
+bool EditedName::isUnfinished(std::string const& typed) const
+{
+    return m_editedID != 0 && typed != value();
+}
+
 bool EditedName::finishEdit(std::string const& name)
 {
     long long const id = std::exchange(m_editedID, 0);
-    if (!m_things.rename(id, name))
+    if (!m_rename(id, name))
         return false;
     // Blanks around it are gone, and what is shown follows the kernel only at idle.
     if (id == m_shown.id->value())
-        m_shown.text->setValue(m_things.name(id));
+        m_shown.text->setValue(m_nameOf(id));
     return true;
 }
 

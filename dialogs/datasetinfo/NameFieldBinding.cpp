@@ -17,6 +17,13 @@ NameFieldBinding::NameFieldBinding(QLineEdit* lineEdit, boost::shared_ptr<proper
 
 NameFieldBinding::~NameFieldBinding() = default;
 
+// What is typed when the window goes off the screen is dropped.
+bool NameFieldBinding::isTyping() const
+{
+    return m_nameField && m_nameField->isModified() && !m_nameField->window()->isHidden() &&
+           m_name->isUnfinished(m_nameField->text().toStdString());
+}
+
 void NameFieldBinding::updateWidgetValue()
 {
     if (m_nameField && m_nameField->isModified() && m_name->isForAnother()) {
@@ -27,6 +34,8 @@ void NameFieldBinding::updateWidgetValue()
         keptName->finishEdit(typed);
         if (!self)
             return;
+    } else if (isTyping()) {
+        return;
     }
     m_name->beginEdit();
     TextFieldPropertyBinding<std::string>::updateWidgetValue();

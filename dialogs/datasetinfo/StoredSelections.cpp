@@ -1,9 +1,13 @@
 #include "dialogs/datasetinfo/StoredSelections.h"
 
+#include "platform/vdsdkbase/VelUtilFrame.h"
 #include "platform/vdsdkbase/VelUtilVar.h"
 #include "platform/vdsdkbase/VelUtilZone.h"
 #include "platform/vdsdkcommon/AppLock.h"
 #include "platform/vdsdkcommon/DataSetQueries.h"
+#include "platform/vdsdkcommon/Names.h"
+
+#include <map>
 
 namespace veldraw::dialogs::data {
 
@@ -12,10 +16,13 @@ using toolbox::Set;
 
 namespace {
 
+// Unique identifiers by number.
+using Remembered = std::map<int, long long>;
+
 struct RememberedSelections
 {
-    std::set<int> zones;
-    std::set<int> variables;
+    Remembered zones;
+    Remembered variables;
 };
 
 RememberedSelections& remembered()
@@ -24,10 +31,24 @@ RememberedSelections& remembered()
     return selections;
 }
 
-void removeDisabled(std::set<int>& numbers, bool (*isEnabled)(int))
+using IDOfNumber = long long (*)(long long frame, int number);
+
+Remembered withIDs(std::set<int> const& numbers, IDOfNumber idOf)
 {
-    for (auto number = numbers.begin(); number != numbers.end();)
-        number = isEnabled(*number) ? std::next(number) : numbers.erase(number);
+    Remembered result;
+    for (int const number : numbers)
+        result.emplace(number, idOf(VelUtilFrameGetUniqueID(), number));
+    return result;
+}
+
+std::set<int> stillEnabled(Remembered const& things, bool (*isEnabled)(int), IDOfNumber idOf)
+{
+    std::set<int> numbers;
+    for (auto const& [number, id] : things) {
+        if (isEnabled(number) && idOf(VelUtilFrameGetUniqueID(), number) == id)
+            numbers.insert(number);
+    }
+    return numbers;
 }
 
 std::set<int> lowestOf(Set const& numbers)
@@ -42,30 +63,35 @@ std::set<int> defaultZone()
     return active.empty() ? lowestOf(sdk::getEnabledZones()) : active;
 }
 
-void startWithEnabled(RememberedSelections& selections)
+std::set<int> zonesToStartWith()
 {
-    sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
-    removeDisabled(selections.zones, &VelUtilZoneIsEnabled);
-    removeDisabled(selections.variables, &VelUtilVarIsEnabled);
-    if (selections.zones.empty())
-        selections.zones = defaultZone();
-    if (selections.variables.empty())
-        selections.variables = lowestOf(sdk::getEnabledVars());
+    std::set<int> const zones = stillEnabled(remembered().zones, &VelUtilZoneIsEnabled, &sdk::zoneUniqueIDForFrame);
+    return zones.empty() ? defaultZone() : zones;
+}
+
+std::set<int> variablesToStartWith()
+{
+    std::set<int> const variables =
+        stillEnabled(remembered().variables, &VelUtilVarIsEnabled, &VelUtilVarGetUniqueIDForFrame);
+    return variables.empty() ? lowestOf(sdk::getEnabledVars()) : variables;
 }
 
 } // namespace
 
 StoredSelections::StoredSelections(ZoneVarInfoPropertiesManager const& manager)
+    : m_manager(manager)
 {
-    startWithEnabled(remembered());
-    manager.selectedZones()->setValue(remembered().zones);
-    manager.selectedVars()->setValue(remembered().variables);
-    m_connections.add(
-        manager.selectedZones()->connectValueChanged([](std::set<int> const& zones) { remembered().zones = zones; }));
-    m_connections.add(manager.selectedVars()->connectValueChanged(
-        [](std::set<int> const& variables) { remembered().variables = variables; }));
+    sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
+    manager.selectedZones()->setValue(zonesToStartWith());
+    manager.selectedVars()->setValue(variablesToStartWith());
 }
 
-StoredSelections::~StoredSelections() = default;
+// Not at each selection: numbers stay selected when they go to others.
+StoredSelections::~StoredSelections()
+{
+    sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
+    remembered().zones = withIDs(m_manager.selectedZones()->value(), &sdk::zoneUniqueIDForFrame);
+    remembered().variables = withIDs(m_manager.selectedVars()->value(), &VelUtilVarGetUniqueIDForFrame);
+}
 
 } // namespace veldraw::dialogs::data

@@ -18,7 +18,7 @@ void TimeStrandDecorator::storeValue(std::string const&) {}
 std::string TimeStrandDecorator::retrieveValue() const
 {
     int const strand = decoratedValue();
-    return ZoneTimeProperties::isStrand(strand) ? std::to_string(strand) : std::string();
+    return ZoneTimeProperties::isStatic(strand) ? std::string() : std::to_string(strand);
 }
 
 } // namespace veldraw::sdk::ui::propertymanager

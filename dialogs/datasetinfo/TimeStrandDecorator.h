@@ -6,7 +6,7 @@
 
 namespace veldraw::sdk::ui::propertymanager {
 
-/// The number of a time strand as text; empty for a zone of no strand, whose number means nothing to a user. For reading only.
+/// The number of a time strand as text; empty for a static zone, whose number means nothing to a user. For reading only.
 class TimeStrandDecorator : public UIStylePropertyDecoratorAbstract<std::string, int>
 {
 public:

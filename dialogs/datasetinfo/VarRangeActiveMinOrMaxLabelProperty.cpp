@@ -18,9 +18,10 @@ VarRangeActiveMinOrMaxLabelProperty::VarRangeActiveMinOrMaxLabelProperty(Selecti
 
 VarRangeActiveMinOrMaxLabelProperty::~VarRangeActiveMinOrMaxLabelProperty() = default;
 
-void VarRangeActiveMinOrMaxLabelProperty::updateInActiveZones(int var)
+bool VarRangeActiveMinOrMaxLabelProperty::updateInActiveZones(int var)
 {
     m_text->setValue(rangeLimitLabel(m_limit, isVarRangeEstimatedForAnyActiveZones(var)));
+    return true;
 }
 
 } // namespace veldraw::sdk::ui::propertymanager

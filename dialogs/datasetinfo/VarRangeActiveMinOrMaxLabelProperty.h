@@ -19,7 +19,7 @@ public:
     boost::shared_ptr<UILocalStyleProperty<std::string>> text() const { return m_text; }
 
 private:
-    void updateInActiveZones(int var) override;
+    bool updateInActiveZones(int var) override;
 
     RangeLimit const m_limit;
     boost::shared_ptr<UILocalStyleProperty<std::string>> const m_text;

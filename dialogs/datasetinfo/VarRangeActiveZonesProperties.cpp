@@ -20,19 +20,22 @@ VarRangeActiveZonesProperties::VarRangeActiveZonesProperties(Selection const& se
 
 VarRangeActiveZonesProperties::~VarRangeActiveZonesProperties() = default;
 
-void VarRangeActiveZonesProperties::updateInActiveZones(int var)
+bool VarRangeActiveZonesProperties::updateInActiveZones(int var)
 {
     if (!okToQueryForVarInfo(var))
-        return;
+        return false;
     bool const isLinePlot = isValidLinePlotType(static_cast<PlotType_e>(VelUtilFrameGetPlotType()));
     toolbox::Set const zones = isLinePlot ? getZonesFromActiveLineMaps() : getActiveZones();
     double min = 0.0;
     double max = 0.0;
-    m_isKnown->setValue(!zones.isEmpty() && getVarMinMaxForZoneSet(var, zones, false, min, max));
-    if (!m_isKnown->value())
-        return;
-    setNumber(*m_min, min);
-    setNumber(*m_max, max);
+    bool const isKnown = !zones.isEmpty() && getVarMinMaxForZoneSet(var, zones, false, min, max);
+    // First of all: who hears that the range is known reads it, and must not take that of another variable for it.
+    if (isKnown) {
+        setNumber(*m_min, min);
+        setNumber(*m_max, max);
+    }
+    m_isKnown->setValue(isKnown);
+    return true;
 }
 
 } // namespace veldraw::sdk::ui::propertymanager

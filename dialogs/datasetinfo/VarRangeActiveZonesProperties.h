@@ -18,7 +18,7 @@ public:
     boost::shared_ptr<UILocalStyleProperty<bool>> isKnown() const { return m_isKnown; }
 
 private:
-    void updateInActiveZones(int var) override;
+    bool updateInActiveZones(int var) override;
 
     boost::shared_ptr<UILocalStyleProperty<double>> const m_min;
     boost::shared_ptr<UILocalStyleProperty<double>> const m_max;

@@ -28,6 +28,11 @@ bool ZoneTimeProperties::isStrand(int number)
     return number >= 0 && number < noTimeStrand;
 }
 
+bool ZoneTimeProperties::isStatic(int number)
+{
+    return number == noTimeStrand;
+}
+
 void ZoneTimeProperties::update(int zone)
 {
     setNumber(*m_solutionTime, VelUtilZoneGetSolutionTime(zone));

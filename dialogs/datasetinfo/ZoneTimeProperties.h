@@ -14,6 +14,8 @@ public:
 
     /// Whether a zone with this number for its strand is in one.
     static bool isStrand(int number);
+    /// Whether it is the number that the kernel gives to zones of no strand.
+    static bool isStatic(int number);
 
     boost::shared_ptr<UILocalStyleProperty<double>> solutionTime() const { return m_solutionTime; }
     /// 2147483646 for a zone of no strand, as at first.

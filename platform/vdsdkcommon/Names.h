@@ -1,7 +1,7 @@
 #pragma once
 
 /// @file
-/// Names of a frame's line maps and of its data set's zones and variables, and how lists rename the latter.
+/// Names of a frame's line maps and of its data set's zones and variables, and how lists rename the latter; and the title of any data set.
 /// Numbers are one-based, texts UTF-8.
 
 #include "platform/PlatformApi.h"
@@ -30,5 +30,11 @@ VELDRAW_PLATFORM_API char renameVariableForFrame(long long frameID, int var, cha
 
 /// Empty when there is no such frame or line map.
 VELDRAW_PLATFORM_API std::string lineMapNameForFrame(long long frameID, int lineMap);
+
+/// Whether any frame shows this data set.
+VELDRAW_PLATFORM_API bool dataSetExists(long long dataSetID);
+
+/// Gives a data set another title, as one undo step; it need not be that of the active frame. @return zero when there is none
+VELDRAW_PLATFORM_API char renameDataSet(long long dataSetID, char const* title);
 
 } // namespace veldraw::sdk

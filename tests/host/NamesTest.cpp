@@ -68,8 +68,23 @@ TEST_F(Names, CanBeChangedAsOneStepOfUndo)
     EXPECT_EQ(zoneNameForFrame(m_frame->id, 1), "nozzle");
 }
 
+TEST_F(Names, OfADataSetCanBeChangedWhichIsNotTheActiveOne)
+{
+    std::string const title = m_dataSet->title();
+    session().activateFrame(m_other->id);
+    EXPECT_TRUE(dataSetExists(m_dataSet->id()));
+    EXPECT_NE(renameDataSet(m_dataSet->id(), "Flow"), 0);
+    EXPECT_EQ(m_dataSet->title(), "Flow");
+    EXPECT_EQ(session().history().undoName(), "Data Set Title");
+    session().undo();
+    EXPECT_EQ(m_dataSet->title(), title);
+}
+
 TEST_F(Names, AreNotChangedForWhatDoesNotExist)
 {
+    EXPECT_FALSE(dataSetExists(0));
+    EXPECT_EQ(renameDataSet(0, "a"), 0);
+    EXPECT_EQ(renameDataSet(m_dataSet->id(), nullptr), 0);
     EXPECT_EQ(renameZoneForFrame(m_frame->id, 3, "a"), 0);
     EXPECT_EQ(renameZoneForFrame(m_other->id, 1, "a"), 0);
     EXPECT_EQ(renameZoneForFrame(m_frame->id, 1, nullptr), 0);

@@ -118,6 +118,17 @@ TEST_F(DataSetPageTest, ShowsTheOldTitleAgainWhenTheKernelRefusesTheNewOne)
     enter(titleField, "Wake");
     EXPECT_EQ(spy.count("VelUtilDataSetSetTitle"), 1);
     EXPECT_EQ(shown(titleField), "Flow");
+    EXPECT_THAT(messages.take(), ElementsAre("error: Error changing the title of the data set."));
+}
+
+TEST_F(DataSetPageTest, TellsWhyATitleIsNotTakenWhileAnOperationRuns)
+{
+    sample.session().runOperation("long work", [this](kernel::Progress&) { enter(titleField, "Wake"); });
+    EXPECT_THAT(messages.take(), ElementsAre("error: Error changing the title of the data set."));
+    EXPECT_EQ(messages.details(), "Another operation is running.");
+    EXPECT_EQ(shown(titleField), "Flow");
+    EXPECT_TRUE(title().hasFocus());
+    EXPECT_EQ(sample.dataSet().title(), "Flow");
 }
 
 TEST_F(DataSetPageTest, TakesTheTitleOfALockedDataSet)
@@ -127,14 +138,56 @@ TEST_F(DataSetPageTest, TakesTheTitleOfALockedDataSet)
     EXPECT_EQ(sample.dataSet().title(), "Wake");
 }
 
-TEST_F(DataSetPageTest, NeverGivesTheTitleTypedForOneDataSetToAnother)
+TEST_F(DataSetPageTest, GivesATitleToTheDataSetThatItWasTypedFor)
 {
     type("Wake");
     showAnother("Flow");
     EXPECT_EQ(shown(titleField), "Flow") << "the same title, but another data set's";
+    EXPECT_EQ(sample.dataSet().title(), "Wake");
     QTest::keyClick(&title(), Qt::Key_Return);
     EXPECT_EQ(sample.session().activeDataSet()->title(), "Flow");
+    EXPECT_THAT(messages.take(), IsEmpty());
+    EXPECT_EQ(sample.session().history().undoName(), "Data Set Title");
+    sample.session().undo();
     EXPECT_EQ(sample.dataSet().title(), "Flow");
+}
+
+TEST_F(DataSetPageTest, GivesATitleToItsDataSetAlsoByWayOfAFrameWithoutData)
+{
+    type("Wake");
+    sample.session().createFrame("Empty", kernel::Rectangle{0.0, 0.0, 1.0, 1.0});
+    IdleDispatcher::flush();
+    EXPECT_EQ(title().text().toStdString(), "Wake");
+    EXPECT_EQ(sample.dataSet().title(), "Flow");
+    showAnother("Heat");
+    EXPECT_EQ(shown(titleField), "Heat");
+    EXPECT_EQ(sample.dataSet().title(), "Wake");
+}
+
+TEST_F(DataSetPageTest, TellsWhenTheDataSetThatATitleWasTypedForIsNotThereAnyMore)
+{
+    type("Wake");
+    auto const other = SampleSession::makeDataSet({"Other"}, {"X"});
+    other->setTitle("Heat");
+    sample.session().setFrameDataSet(sample.frame()->id, other);
+    EXPECT_EQ(shown(titleField), "Heat");
+    EXPECT_THAT(messages.take(),
+                ElementsAre("error: The title Wake was not given: its data set is not there any more."));
+    EXPECT_EQ(other->title(), "Heat");
+}
+
+TEST_F(DataSetPageTest, LetsTheUserGoOnTypingWhenTheDataSetGetsAnotherTitleElsewhere)
+{
+    type("Wak");
+    sample.session().perform(kernel::SetTitle(sample.dataSet(), "Heat"));
+    IdleDispatcher::flush();
+    sample.session().undo();
+    EXPECT_EQ(shown(titleField), "Wak");
+    QTest::keyClicks(&title(), QStringLiteral("e"));
+    QTest::keyClick(&title(), Qt::Key_Return);
+    EXPECT_EQ(sample.dataSet().title(), "Wake");
+    sample.session().undo();
+    EXPECT_EQ(shown(titleField), "Flow") << "when it has been typed";
 }
 
 TEST_F(DataSetPageTest, KeepsWhatIsTypedWhileOtherThingsChange)

@@ -1,3 +1,5 @@
+#include "kernel/operations/DeleteVariables.h"
+#include "kernel/operations/DuplicateZones.h"
 #include "kernel/operations/EnableZone.h"
 #include "kernel/operations/SetPlotType.h"
 #include "tests/dialogs/datasetinfo/ZoneVarInfoFixture.h"
@@ -35,11 +37,52 @@ TEST_F(StoredSelectionsTest, LeaveOutWhatHasBeenDisabledMeanwhile)
     EXPECT_EQ(selectedVariable(), Stage::Y);
 }
 
-TEST_F(StoredSelectionsTest, LeaveOutWhatHasBeenDeletedMeanwhile)
+TEST_F(StoredSelectionsTest, LeaveOutAVariableThatHasBeenDeletedMeanwhile)
 {
-    selectZone(Stage::Later);
+    selectVariable(Stage::P);
     close();
-    stage.session().setFrameDataSet(stage.frameID(), SampleSession::makeDataSet({"one", "two"}, {"A"}));
+    perform(kernel::DeleteVariables(*stage.dataSet, {Stage::P})); // T has its number now
+    openAnew();
+    EXPECT_EQ(selectedVariable(), Stage::X);
+    EXPECT_EQ(shown("varNameLineEdit"), "X");
+}
+
+TEST_F(StoredSelectionsTest, LeaveOutAVariableWhoseNumberHasGoneToAnother)
+{
+    selectVariable(Stage::T);
+    close();
+    perform(kernel::DeleteVariables(*stage.dataSet, {Stage::Y})); // Q has its number now
+    openAnew();
+    EXPECT_EQ(selectedVariable(), Stage::X);
+}
+
+TEST_F(StoredSelectionsTest, LeaveOutAZoneThatHasBeenDeletedMeanwhile)
+{
+    perform(kernel::DuplicateZones(*stage.dataSet, {Stage::Skin}));
+    selectZone(5);
+    close();
+    EXPECT_TRUE(stage.session().undo());
+    perform(kernel::DuplicateZones(*stage.dataSet, {Stage::Cells})); // another one of the same number
+    openAnew();
+    EXPECT_EQ(selectedZone(), Stage::Wing);
+    EXPECT_EQ(shown("zoneNameLineEdit"), "Wing");
+}
+
+TEST_F(StoredSelectionsTest, AreThoseOfTheNumbersThatWereShownLast)
+{
+    selectVariable(Stage::P);
+    perform(kernel::DeleteVariables(*stage.dataSet, {Stage::P}));
+    EXPECT_EQ(shown("varNameLineEdit"), "T");
+    openAnew();
+    EXPECT_EQ(shown("varNameLineEdit"), "T");
+}
+
+TEST_F(StoredSelectionsTest, AreNotThoseOfAnotherDataSet)
+{
+    selectZone(2);
+    selectVariable(2);
+    close();
+    stage.session().setFrameDataSet(stage.frameID(), SampleSession::makeDataSet({"one", "two"}, {"A", "B"}));
     openAnew();
     EXPECT_EQ(selectedZone(), 1);
     EXPECT_EQ(selectedVariable(), 1);

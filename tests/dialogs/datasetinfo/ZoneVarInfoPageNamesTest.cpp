@@ -105,6 +105,19 @@ TEST_F(ZoneVarInfoPageNamesTest, DoesNotRenameWhereNothingWasTyped)
     EXPECT_FALSE(history().canUndo());
 }
 
+TEST_F(ZoneVarInfoPageNamesTest, LetsTheUserGoOnTypingWhenTheZoneGetsAnotherNameElsewhere)
+{
+    type(*ui.zoneNameLineEdit, "Hul");
+    perform(kernel::RenameZone(*stage.dataSet, Stage::Wing, "Blade"));
+    EXPECT_TRUE(stage.session().undo());
+    EXPECT_EQ(shown("zoneNameLineEdit"), "Hul");
+    QTest::keyClicks(ui.zoneNameLineEdit, QStringLiteral("l"));
+    press(*ui.zoneNameLineEdit, Qt::Key_Return);
+    EXPECT_EQ(zoneName(Stage::Wing), "Hull");
+    perform(kernel::RenameZone(*stage.dataSet, Stage::Wing, "Blade"));
+    EXPECT_EQ(shown("zoneNameLineEdit"), "Blade") << "when it has been typed";
+}
+
 TEST_F(ZoneVarInfoPageNamesTest, GivesANameToTheZoneThatItWasTypedFor)
 {
     selectZone(Stage::Skin);

@@ -5,6 +5,7 @@
 #include "kernel/operations/LoadVariables.h"
 #include "kernel/operations/SetPlotType.h"
 #include "tests/dialogs/datasetinfo/ZoneVarInfoFixture.h"
+#include "tests/dialogs/support/FakeStateChange.h"
 
 #include <QComboBox>
 #include <QHelpEvent>
@@ -97,6 +98,16 @@ TEST_F(ZoneVarInfoPageTest, EnablesTimeForAZoneInAStrandOnly)
     EXPECT_EQ(shown("zoneStrandIDLineEdit"), "");
     selectZone(Stage::Cells);
     EXPECT_EQ(shown("zoneStrandIDLineEdit"), "0");
+}
+
+TEST_F(ZoneVarInfoPageTest, ShowsAStrandOfAnyNumberButThatOfStaticZones)
+{
+    for (auto const& [strand, text] : std::vector<std::pair<int, std::string>>{
+             {-2, "-2"}, {2147483645, "2147483645"}, {2147483646, ""}, {2147483647, "2147483647"}}) {
+        stage.zone(Stage::Wing).strand = strand;
+        FakeStateChange(StateChange_ZonesEnabled).send();
+        EXPECT_EQ(shown("zoneStrandIDLineEdit"), text);
+    }
 }
 
 TEST_F(ZoneVarInfoPageTest, SaysWhyAVariableHasNoRangeInTheZone)

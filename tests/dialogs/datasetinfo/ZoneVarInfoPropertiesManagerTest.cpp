@@ -1,5 +1,6 @@
 #include "dialogs/datasetinfo/ZoneVarInfoPropertiesManager.h"
 
+#include "dialogs/datasetinfo/ActiveZonesPropertyAbstract.h"
 #include "kernel/operations/EnableZone.h"
 #include "platform/vdsdkcommon/AppLock.h"
 #include "platform/vdsdkuicommon/IdleDispatcher.h"
@@ -18,6 +19,26 @@ using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using Stage = ZoneVarStage;
+
+/// Something that is told of all active zones, where the kernel may not be asked.
+class RefusedQuestion : public sdk::ui::propertymanager::ActiveZonesPropertyAbstract
+{
+public:
+    RefusedQuestion(Selection const& zones, Selection const& variables)
+        : ActiveZonesPropertyAbstract(zones, variables)
+    {
+    }
+
+    bool isAnswered = false;
+    int timesAsked = 0;
+
+private:
+    bool updateInActiveZones(int) override
+    {
+        ++timesAsked;
+        return isAnswered;
+    }
+};
 
 class ZoneVarInfoPropertiesManagerTest : public testing::Test
 {
@@ -213,6 +234,33 @@ TEST_F(ZoneVarInfoPropertiesManagerTest, RemembersWhetherTheRangeInActiveZonesIs
     manager.selectedVars()->setValue({Stage::Q});
     EXPECT_FALSE(manager.activeRange().isKnown()->value());
     EXPECT_EQ(manager.activeRange().min()->value(), 100.0); // that of X
+}
+
+TEST_F(ZoneVarInfoPropertiesManagerTest, TellsTheLimitsInActiveZonesBeforeItSaysThatTheyAreKnown)
+{
+    stage.session().perform(kernel::EnableZone(*stage.dataSet, Stage::Skin, false));
+    select(Stage::Wing, Stage::X);
+    manager.selectedVars()->setValue({Stage::Q});
+    ASSERT_FALSE(manager.activeRange().isKnown()->value());
+    std::vector<std::string> heard;
+    manager.activeMinText()->connectValueChanged([&heard](std::string const& text) { heard.push_back(text); });
+    manager.selectedVars()->setValue({Stage::Y});
+    EXPECT_EQ(manager.activeMinText()->value(), "200");
+    EXPECT_THAT(heard, testing::Not(testing::Contains("100"))) << "those of X";
+}
+
+TEST_F(ZoneVarInfoPropertiesManagerTest, AsksAgainWhatWasNotAnswered)
+{
+    select(Stage::Wing, Stage::X);
+    RefusedQuestion question(manager.selectedZones(), manager.selectedVars());
+    manager.selectedZones()->setValue({Stage::Skin});
+    EXPECT_EQ(question.timesAsked, 1);
+    manager.selectedZones()->setValue({Stage::Cells});
+    EXPECT_EQ(question.timesAsked, 2);
+    question.isAnswered = true;
+    manager.selectedZones()->setValue({Stage::Skin});
+    manager.selectedZones()->setValue({Stage::Cells});
+    EXPECT_EQ(question.timesAsked, 3);
 }
 
 TEST_F(ZoneVarInfoPropertiesManagerTest, AsksUnderTheApplicationsLock)

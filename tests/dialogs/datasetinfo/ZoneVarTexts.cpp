@@ -104,7 +104,6 @@ void ZoneVarTexts::tellZone(kernel::Zone const& zone)
     static char const* const types[] = {"Ordered",      "FE - Triangle", "FE - Quad",       "FE - Tetra", "FE - Brick",
                                         "FE - LineSeg", "FE - Polygon",  "FE - Polyhedron", "FE - Mixed"};
     bool const hasFaces = zone.type == ZoneType_FEPolygon || zone.type == ZoneType_FEPolyhedron;
-    bool const isInStrand = zone.strand >= 0 && zone.strand < 2147483646;
     m_texts["zoneNameLineEdit"] = zone.name;
     m_texts["zoneTypeLineEdit"] = types[zone.type];
     m_texts["zoneIDimensionLabel"] = zone.isOrdered() ? "IMax:" : "Pts:";
@@ -114,7 +113,7 @@ void ZoneVarTexts::tellZone(kernel::Zone const& zone)
     m_texts["zoneJDimensionLineEdit"] = dimensionText(zone.j);
     m_texts["zoneKDimensionLineEdit"] = dimensionText(zone.k);
     m_texts["zoneSolutionTimeLineEdit"] = numberText(zone.solutionTime);
-    m_texts["zoneStrandIDLineEdit"] = isInStrand ? std::to_string(zone.strand) : "";
+    m_texts["zoneStrandIDLineEdit"] = zone.strand == 2147483646 ? "" : std::to_string(zone.strand);
 }
 
 void ZoneVarTexts::tellVariable(kernel::Zone const& zone, kernel::Variable const& variable, int number)

@@ -42,12 +42,34 @@ std::string lockHolder()
     return isLocked && holder.get() ? holder.get() : "none";
 }
 
-// An edit of values alters none of the texts, and there may be many edits and many zones. The title looks after itself.
-bool altersTexts(toolbox::StateChangeEventInterface const& event)
+bool bringsAnotherDataSet(toolbox::StateChangeEventInterface const& event)
 {
-    if (event.kind() == StateChange_ValuesAltered)
-        return false;
-    return event.kind() == StateChange_DataSetLock || common::isDataRelatedStateChange(event);
+    return event.kind() == StateChange_FrameDataSet || common::isNewActiveFrameStateChange(event);
+}
+
+// Files come with zones.
+bool altersFiles(toolbox::StateChangeEventInterface const& event)
+{
+    return event.kind() == StateChange_ZonesAdded || event.kind() == StateChange_ZonesDeleted ||
+           bringsAnotherDataSet(event);
+}
+
+bool altersNumbers(toolbox::StateChangeEventInterface const& event)
+{
+    return event.kind() == StateChange_ZonesAdded || event.kind() == StateChange_ZonesDeleted ||
+           event.kind() == StateChange_VariablesAdded || event.kind() == StateChange_VariablesDeleted ||
+           bringsAnotherDataSet(event);
+}
+
+bool altersTotals(toolbox::StateChangeEventInterface const& event)
+{
+    return (common::isZoneStateChange(event) && event.kind() != StateChange_ZonesRenamed) ||
+           bringsAnotherDataSet(event);
+}
+
+bool altersLock(toolbox::StateChangeEventInterface const& event)
+{
+    return event.kind() == StateChange_DataSetLock || bringsAnotherDataSet(event);
 }
 
 } // namespace
@@ -75,22 +97,43 @@ DataSetPropertiesManager::DataSetPropertiesManager()
     , m_lockedBy(boost::make_shared<Text>())
     , m_totalPointsKnown(whileKnown(m_totalPoints))
     , m_totalElementsKnown(whileKnown(m_totalElements))
-    , m_refillPerformer([this] { refill(); }, altersTexts)
+    , m_filesPerformer([this] { refillFiles(); }, altersFiles)
+    , m_numbersPerformer([this] { refillNumbers(); }, altersNumbers)
+    , m_totalsPerformer([this] { refillTotals(); }, altersTotals)
+    , m_lockPerformer([this] { refillLockHolder(); }, altersLock)
 {
-    refill();
+    refillFiles();
+    refillNumbers();
+    refillTotals();
+    refillLockHolder();
 }
 
 DataSetPropertiesManager::~DataSetPropertiesManager() = default;
 
-void DataSetPropertiesManager::refill()
+void DataSetPropertiesManager::refillFiles()
 {
     AppLock const lock(AppLock::RecordAsUsual);
     m_dataFiles->setValue(importedFiles());
+}
+
+void DataSetPropertiesManager::refillNumbers()
+{
+    AppLock const lock(AppLock::RecordAsUsual);
     m_numZones->setValue(std::to_string(VelUtilDataSetGetNumZones()));
     m_numVars->setValue(std::to_string(VelUtilDataSetGetNumVars()));
+}
+
+void DataSetPropertiesManager::refillTotals()
+{
+    AppLock const lock(AppLock::RecordAsUsual);
     DataSetTotals const totals = totalsOfEnabledZones();
     m_totalPoints->setValue(textOf(totals.points));
     m_totalElements->setValue(textOf(totals.elements));
+}
+
+void DataSetPropertiesManager::refillLockHolder()
+{
+    AppLock const lock(AppLock::RecordAsUsual);
     m_lockedBy->setValue(lockHolder());
 }
 

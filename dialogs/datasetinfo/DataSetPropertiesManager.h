@@ -12,8 +12,8 @@
 namespace veldraw::sdk::ui::propertymanager {
 
 /// What is known of the active frame's data set, as texts: its title, which can be set, where it came from, how large it is and who
-/// has locked it. They follow the kernel at the next idle moment, once however much has changed; the title follows at once. Nothing
-/// is loaded for them.
+/// has locked it. They follow the kernel at the next idle moment, each once however much has changed, and only after what can alter it:
+/// there may be many zones and long lists of files. The title follows at once. Nothing is loaded for them.
 class DataSetPropertiesManager
 {
 public:
@@ -44,7 +44,10 @@ public:
     Rule totalElementsKnown() const { return m_totalElementsKnown; }
 
 private:
-    void refill();
+    void refillFiles();
+    void refillNumbers();
+    void refillTotals();
+    void refillLockHolder();
 
     boost::shared_ptr<DataSetTitleProperty> m_dataSetTitle;
     boost::shared_ptr<Text> m_dataFiles;
@@ -55,7 +58,10 @@ private:
     boost::shared_ptr<Text> m_lockedBy;
     Rule m_totalPointsKnown;
     Rule m_totalElementsKnown;
-    common::OnIdleAfterStateChangeActionPerformer m_refillPerformer;
+    common::OnIdleAfterStateChangeActionPerformer m_filesPerformer;
+    common::OnIdleAfterStateChangeActionPerformer m_numbersPerformer;
+    common::OnIdleAfterStateChangeActionPerformer m_totalsPerformer;
+    common::OnIdleAfterStateChangeActionPerformer m_lockPerformer;
 };
 
 } // namespace veldraw::sdk::ui::propertymanager

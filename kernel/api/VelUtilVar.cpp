@@ -23,7 +23,12 @@ int VelUtilVarGetStatus(int zone, int var)
     if (field == nullptr || !field->isLoaded()) {
         return VarStatus_NotLoaded;
     }
-    return field->isPassive() ? VarStatus_Passive : VarStatus_Loaded;
+    if (field->isPassive()) {
+        return VarStatus_Passive;
+    }
+    // Values that somebody has altered are in memory, wherever they came from.
+    bool const isInFile = field->group()->isMapped() && field->group()->canUnload();
+    return isInFile ? VarStatus_Map : VarStatus_Loaded;
 }
 
 long long VelUtilVarGetUniqueIDForFrame(long long frameID, int var)

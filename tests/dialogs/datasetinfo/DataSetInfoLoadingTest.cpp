@@ -117,13 +117,13 @@ TEST_F(DataSetInfoLoadingTest, RefillsOnceAfterAStormOnAnyPage)
     for (int const page : {zoneVarPage, dataSetPage, auxDataPage}) {
         launchedAt(page);
         KernelSpy spy;
-        FakeStateChange(StateChange_ZonesEnabled).send();
+        FakeStateChange(StateChange_ZonesAdded).send();
         IdleDispatcher::flush();
         int const metricsOfOne = spy.count("VelUtilZoneGetMetrics");
         int const importsOfOne = spy.count("VelUtilImportGetLoaderInstrCount");
         spy.reset();
         for (int event = 0; event < 1000; ++event)
-            FakeStateChange(StateChange_ZonesEnabled).send();
+            FakeStateChange(StateChange_ZonesAdded).send();
         IdleDispatcher::flush();
         EXPECT_EQ(spy.count("VelUtilZoneGetMetrics"), metricsOfOne) << "page " << page;
         EXPECT_EQ(spy.count("VelUtilImportGetLoaderInstrCount"), importsOfOne) << "page " << page;

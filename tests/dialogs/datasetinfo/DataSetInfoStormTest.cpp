@@ -205,6 +205,7 @@ protected:
     }
     void expectTheKernelsFacts()
     {
+        int const loads = deferred.timesLoaded();
         KernelFacts const facts(session());
         lastTitle = session().activeDataSet() ? facts.title : lastTitle;
         ASSERT_EQ(shown(titleField), lastTitle);
@@ -216,6 +217,7 @@ protected:
         ASSERT_EQ(texts, facts.texts);
         std::vector<std::string> const rows = dataOfChosenOwner();
         ASSERT_EQ(auxData(), rows) << chosen(kinds) << " " << chosen(owners);
+        ASSERT_EQ(deferred.timesLoaded(), loads) << "the pages load nothing";
         m_done["rows seen"] += static_cast<int>(rows.size());
         m_done["not loaded seen"] += facts.texts[2] == "Not Loaded" ? 1 : 0;
     }
@@ -231,10 +233,13 @@ TEST_P(DataSetInfoStormTest, ShowsWhatTheKernelHasAfterEachStep)
 {
     for (int step = 0; step < 2500; ++step) {
         SCOPED_TRACE("step " + std::to_string(step));
-        if (below(8) == 0)
+        int const loads = deferred.timesLoaded();
+        if (below(8) == 0) {
             useTheWindow();
-        else
+            ASSERT_EQ(deferred.timesLoaded(), loads);
+        } else {
             changeTheKernel();
+        }
         ASSERT_NO_FATAL_FAILURE(expectTheKernelsFacts());
     }
     for (char const* const kind : {"auxiliary data", "zone named", "variable named", "zone added", "variable gone",

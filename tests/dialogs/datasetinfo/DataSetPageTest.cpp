@@ -68,6 +68,7 @@ protected:
 TEST_F(DataSetPageTest, ShowsWhatIsKnownOfTheDataSet)
 {
     sample.dataSet().loaderInstructions() = {{"VTK", {"FILENAME_", "/data/wing.vtu", "FILENAME_", "/data/body.vtu"}}};
+    FakeStateChange(StateChange_FrameDataSet).send();
     sample.session().setLock(sample.dataSet(), "<i>Solver</i>");
     EXPECT_EQ(shown(titleField), "Flow");
     EXPECT_EQ(files(), "/data/wing.vtu\n/data/body.vtu\n");

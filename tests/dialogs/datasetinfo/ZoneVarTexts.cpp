@@ -53,6 +53,16 @@ std::string dimensionText(std::int64_t dimension)
 
 } // namespace
 
+namespace {
+
+// Values that are read in their file take no memory.
+bool isInFile(kernel::Field const& field)
+{
+    return !field.isPassive() && field.isLoaded() && field.group()->bytesInMemory() == 0;
+}
+
+} // namespace
+
 std::string ZoneVarTexts::numberText(double number)
 {
     char text[40];
@@ -66,7 +76,8 @@ ZoneVarTexts::Limits ZoneVarTexts::limitsInZone(kernel::Zone const& zone, int va
     Limits limits;
     if (field.isPassive())
         return limits;
-    if (!field.isLoaded()) {
+    // Nobody goes through all values of a file, also where some have been altered.
+    if (!field.isLoaded() || field.group()->isMapped()) {
         kernel::ValueRange const told = field.group()->knownRange().range();
         return {told.isValid(), told.state == kernel::ValueRange::State::Estimated, told.min, told.max};
     }
@@ -125,7 +136,13 @@ void ZoneVarTexts::tellVariable(kernel::Zone const& zone, kernel::Variable const
     m_texts["varNameLineEdit"] = variable.name;
     m_texts["varTypeLineEdit"] = types[field.type()];
     m_texts["varLocationLineEdit"] = field.location() == ValueLocation_Nodal ? "Nodal" : "Cell Centered";
-    m_texts["varStatusLineEdit"] = field.isPassive() ? "Passive" : field.isLoaded() ? "Loaded" : "Not Loaded";
+    bool const isMarked = limits.isEstimated && field.group()->isMapped();
+    m_texts["varStatusLineEdit"] = field.isPassive()  ? "Passive"
+                                   : isInFile(field)  ? "Map"
+                                   : field.isLoaded() ? "Loaded"
+                                                      : "Not Loaded";
+    m_texts["varSelectedMinLabel"] = isMarked ? "Min (est):" : "Min:";
+    m_texts["varSelectedMaxLabel"] = isMarked ? "Max (est):" : "Max:";
     m_texts["varSelectedMinLineEdit"] = limits.isKnown ? numberText(limits.min) : instead;
     m_texts["varSelectedMaxLineEdit"] = limits.isKnown ? numberText(limits.max) : instead;
 }
@@ -168,6 +185,13 @@ ZoneVarTexts::Texts const& ZoneVarTexts::fresh(kernel::Session const& session, i
     else
         m_texts["varSelectedMinLineEdit"] = m_texts["varSelectedMaxLineEdit"] = "";
     tellActive(session, isSelected, variable);
+    m_texts["zoneTypeLabel"] = "Zone Type:";
+    m_texts["zoneSolutionTimeLabel"] = "Solution Time:";
+    m_texts["zoneStrandIDLabel"] = "Time Strand:";
+    m_texts["varTypeLabel"] = "Var Type:";
+    m_texts["varLocationLabel"] = "Var Location:";
+    m_texts["varStatusLabel"] = "Var Status:";
+    m_texts["varSelectedRangeLabel"] = "Var Range -- Selected Zone:";
     return m_texts;
 }
 

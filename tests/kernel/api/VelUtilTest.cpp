@@ -4,6 +4,7 @@
 #include "kernel/api/ArgumentList.h"
 #include "kernel/operations/EnableZone.h"
 #include "kernel/operations/LoadVariables.h"
+#include "kernel/operations/SetValue.h"
 #include "tests/kernel/support/EventRecorder.h"
 #include "tests/kernel/support/SampleData.h"
 #include "tests/kernel/support/SampleLoader.h"
@@ -137,6 +138,18 @@ TEST_F(CFunctions, TellWhatIsNotLoadedWithoutLoadingIt)
     EXPECT_EQ(VelUtilDataValueGetByZoneVar(1, 4, 6), 6.0) << "asked for in earnest";
     EXPECT_TRUE(VelUtilDataValueIsLoaded(1, 4));
     EXPECT_EQ(loader->loads, 1);
+}
+
+TEST_F(CFunctions, TellMappedValuesFromLoadedOnes)
+{
+    auto const loader = std::make_shared<sample::Loader>(std::vector<double>{1, 2, 3, 4, 5, 6});
+    loader->mapped = true;
+    dataSet->zone(1)->fields[3] = sample::Loader::field(loader);
+    EXPECT_EQ(VelUtilVarGetStatus(1, 4), VarStatus_NotLoaded);
+    EXPECT_TRUE(session.perform(MakeVariablesAvailable(*dataSet, {1}, {4})));
+    EXPECT_EQ(VelUtilVarGetStatus(1, 4), VarStatus_Map);
+    EXPECT_TRUE(session.perform(SetValue(*dataSet, 1, 4, 2, 8.0, false)));
+    EXPECT_EQ(VelUtilVarGetStatus(1, 4), VarStatus_Loaded) << "in memory, since they are not those of the file";
 }
 
 TEST_F(CFunctions, UseTheValuesThatTheyRead)

@@ -2,6 +2,7 @@
 
 #include "kernel/api/ApiSupport.h"
 #include "kernel/frames/AuxiliaryOwner.h"
+#include "kernel/operations/DeleteAuxiliaryItem.h"
 #include "kernel/operations/SetAuxiliaryItem.h"
 #include "kernel/session/Session.h"
 

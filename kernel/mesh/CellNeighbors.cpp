@@ -7,6 +7,7 @@
 #include "kernel/mesh/SideMatch.h"
 
 #include <algorithm>
+#include <atomic>
 #include <limits>
 #include <stdexcept>
 

@@ -1,41 +1,10 @@
 #pragma once
 
-#include "kernel/frames/AuxiliaryOwner.h"
-#include "kernel/operations/Operation.h"
+#include "kernel/operations/AuxiliaryOperation.h"
 
-#include <optional>
 #include <string>
 
 namespace veldraw::kernel {
-
-/// Changes the auxiliary data of an owner. "Auxiliary Data". Refused: no such owner. A lock does not forbid it, as it is about values.
-class AuxiliaryOperation : public Operation
-{
-public:
-    std::string name() const override { return "Auxiliary Data"; }
-    std::string find(Pages const& pages) override;
-    DataSet const* altered() const override { return m_dataSet; }
-
-protected:
-    /// @param location kind of owner; zones, variables and maps are those of the active frame
-    /// @param object   one-based number of a zone, variable or line map; unused for the other kinds
-    AuxiliaryOperation(AuxDataLocation_e location, int object)
-        : m_location(location)
-        , m_object(object)
-    {
-    }
-
-    AuxiliaryData const& data() const { return *m_owner->data(); }
-
-    /// The step that gives the owner other data. @param kind of what happens: added, deleted or altered
-    std::shared_ptr<Change> changeTo(AuxiliaryData data, StateChange_e kind, EventHub& events) const;
-
-private:
-    AuxDataLocation_e m_location;
-    int m_object;
-    std::optional<AuxiliaryOwner> m_owner;
-    DataSet const* m_dataSet = nullptr; // that is saved with the owner
-};
 
 /// Adds or alters an item of auxiliary data. Event 41 or 43, and 42 when an addition is taken back. Without a step when the
 /// item is there already. Refused also: a name or value that is none.
@@ -51,21 +20,6 @@ public:
 
 private:
     AuxiliaryData::Item m_item;
-};
-
-/// Deletes an item of auxiliary data. Event 42, and 41 when that is taken back. Refused also: no such item.
-class DeleteAuxiliaryItem : public AuxiliaryOperation
-{
-public:
-    /// @param location see AuxiliaryOperation
-    /// @param itemName in any case
-    DeleteAuxiliaryItem(AuxDataLocation_e location, int object, std::string itemName);
-
-    std::string reasonAgainst() const override;
-    std::shared_ptr<Change> makeChange(EventHub& events) override;
-
-private:
-    std::string m_itemName;
 };
 
 } // namespace veldraw::kernel

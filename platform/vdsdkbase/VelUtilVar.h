@@ -18,8 +18,8 @@ VELDRAW_PLATFORM_API int VelUtilVarGetNumByAssignment(char assignment);
 /// One-based number of a variable of the active data set, 0 when it has no variable of this unique identifier.
 VELDRAW_PLATFORM_API int VelUtilVarGetNumByUniqueID(long long varID);
 
-/// State of a variable in a zone: VarStatus_e as a number; VarStatus_NotLoaded for numbers that do not exist. Never
-/// loads.
+/// State of a variable in a zone: VarStatus_e as a number, VarStatus_Map for values that stand unaltered in a mapped file;
+/// VarStatus_NotLoaded for numbers that do not exist. Never loads.
 /// @param zone one-based number
 /// @param var one-based number
 VELDRAW_PLATFORM_API int VelUtilVarGetStatus(int zone, int var);

@@ -29,6 +29,15 @@ void* request(std::size_t bytes, std::size_t alignment)
     return memory;
 }
 
+void* requestOrNull(std::size_t bytes) noexcept
+{
+    try {
+        return request(bytes, alignof(std::max_align_t));
+    } catch (std::bad_alloc const&) {
+        return nullptr;
+    }
+}
+
 void release(void* memory) noexcept
 {
     bytesTaken -= static_cast<std::int64_t>(malloc_usable_size(memory));
@@ -74,6 +83,17 @@ void* operator new[](std::size_t bytes)
 void* operator new(std::size_t bytes, std::align_val_t alignment)
 {
     return request(bytes, static_cast<std::size_t>(alignment));
+}
+
+// std::stable_sort asks this way for its buffer. Its memory comes back through the same delete.
+void* operator new(std::size_t bytes, std::nothrow_t const&) noexcept
+{
+    return requestOrNull(bytes);
+}
+
+void* operator new[](std::size_t bytes, std::nothrow_t const&) noexcept
+{
+    return requestOrNull(bytes);
 }
 
 void operator delete(void* memory) noexcept

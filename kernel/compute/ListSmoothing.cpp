@@ -20,13 +20,14 @@ constexpr std::int64_t cachedPlaces = 12288; // with their values and lists in a
 constexpr std::int64_t mostPassesAtATime = 8;
 constexpr std::int64_t placesAhead = 2048;
 
-/// The differences of six neighbours to a value: of equal values they are 0 to the last bit. By pairs, since an addition waits for the one before.
+/// The sum of the differences of six neighbours to a value. Equal values make it 0 to the last bit, since six times a value and the sum of
+/// six equal ones are rounded alike. By pairs, as an addition waits for the one before.
 double differencesOfSix(double const* before, std::uint32_t const* neighbor, double value)
 {
-    double const one = (before[neighbor[0]] - value) + (before[neighbor[1]] - value);
-    double const two = (before[neighbor[2]] - value) + (before[neighbor[3]] - value);
-    double const three = (before[neighbor[4]] - value) + (before[neighbor[5]] - value);
-    return (one + two) + three;
+    double const one = before[neighbor[0]] + before[neighbor[1]];
+    double const two = before[neighbor[2]] + before[neighbor[3]];
+    double const three = before[neighbor[4]] + before[neighbor[5]];
+    return ((one + two) + three) - 6 * value;
 }
 
 double meanDifference(double const* before, std::uint32_t const* begin, std::uint32_t const* end, double value)
@@ -42,7 +43,8 @@ double meanDifference(double const* before, std::uint32_t const* begin, std::uin
     return end > begin ? sum / static_cast<double>(end - begin) : 0.0;
 }
 
-/// One pass over the places from first to before last. @return the largest change
+/// One pass over the places from first to before last. @return the largest change, if it is measured
+template <bool isMeasured>
 double makePassOver(NeighborLists const& lists, double weight, double const* before, double* after, std::int64_t first,
                     std::int64_t last)
 {
@@ -57,7 +59,9 @@ double makePassOver(NeighborLists const& lists, double weight, double const* bef
                                   : weight * meanDifference(before, neighbor, end, value);
         neighbor = end;
         after[place] = value + change;
-        largest = std::max(largest, std::fabs(change));
+        if constexpr (isMeasured) {
+            largest = std::max(largest, std::fabs(change));
+        }
     }
     return largest;
 }
@@ -152,14 +156,15 @@ private:
     {
         double const* const before = m_arrays[static_cast<std::size_t>((pass - 1) % 2)];
         double* const after = m_arrays[static_cast<std::size_t>(pass % 2)];
+        auto const makePart = pass == m_measured ? makePassOver<true> : makePassOver<false>;
         double largest = 0.0;
         for (std::int64_t at = first; at < last; at += blockSize) {
             m_progress.check();
             std::int64_t const end = std::min(at + blockSize, last);
-            largest = std::max(largest, makePassOver(m_lists, m_weight, before, after, at, end));
+            largest = std::max(largest, makePart(m_lists, m_weight, before, after, at, end));
         }
         m_progress.advance(last - first);
-        return pass == m_measured ? largest : 0.0;
+        return largest;
     }
 
     NeighborLists const& m_lists;

@@ -54,6 +54,14 @@ void CellGeometry::read(ZoneCells const& cells, Cell const& cell)
     }
 }
 
+void CellGeometry::read(Connectivity::Shape shape, Point const* corners)
+{
+    m_cells = nullptr;
+    m_cell = {shape, nullptr, 0};
+    m_map.set(shape, corners);
+    m_isFlat = m_map.isFlat();
+}
+
 void CellGeometry::prepareParts()
 {
     m_parts.clear();

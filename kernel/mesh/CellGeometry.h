@@ -38,6 +38,9 @@ public:
     /// Takes a cell that has corners, all of them with finite coordinates.
     void read(ZoneCells const& cells, Cell const& cell);
 
+    /// Takes a cell of an ordered zone, of which nothing will be weighed. @param corners finite
+    void read(Connectivity::Shape shape, Point const* corners);
+
     /// Whether the cell contains nothing.
     bool isFlat() const { return m_isFlat; }
 

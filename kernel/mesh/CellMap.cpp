@@ -106,9 +106,6 @@ void CellMap::set(Shape shape, Point const* corners)
                    [this](Point const& corner) { return inUnits(corner); });
     setTerms(scaled.data());
     setFrame(scaled.data());
-    if (!m_isFlat && !isAffine(shape)) {
-        setWarp();
-    }
 }
 
 Point CellMap::inUnits(Point const& point) const
@@ -121,7 +118,6 @@ Point CellMap::inUnits(Point const& point) const
 void CellMap::setTerms(Point const* c)
 {
     m_t = m_rs = m_st = m_rt = m_rst = Point{};
-    m_isWarped = false;
     m_r = c[1];
     m_s = m_shape == Shape::Triangle || m_shape == Shape::Tetrahedron || m_shape == Shape::Prism ? c[2] : c[3];
     switch (m_shape) {
@@ -179,10 +175,13 @@ void CellMap::setFrame(Point const* corners)
     m_box.high = m_box.high + Point{m_slack, m_slack, slackAcross};
 }
 
-/// Decides whether the derivatives may differ so much from those in the middle (by half, in the frame) that Newton's
-/// iteration could miss a solution. Below that it converges to the only one (Kantorovich).
-void CellMap::setWarp()
+/// Whether the derivatives may differ so much from those in the middle (by half, in the frame) that Newton's iteration could
+/// miss a solution. Below that it converges to the only one (Kantorovich).
+bool CellMap::isWarped() const
 {
+    if (isAffine(m_shape)) {
+        return false;
+    }
     Point const half = 0.5 * m_rst;
     Point sum{};
     for (Point const& term : {m_rs + half, m_st + half, m_rt + half, 0.75 * m_rst}) {
@@ -190,7 +189,7 @@ void CellMap::setWarp()
             sum[axis] += std::abs(dot(m_inverse[axis], term));
         }
     }
-    m_isWarped = !(largest(sum) <= 0.5);
+    return !(largest(sum) <= 0.5);
 }
 
 /// Reference coordinates of a place if the map were linear.
@@ -281,7 +280,8 @@ std::optional<Point> CellMap::locate(Point const& point) const
     }
     std::optional<Point> found = solve(place, guess);
     bool isInCell = found && isInside(*found);
-    for (std::size_t corner = 0; m_isWarped && !isInCell && corner < cornerCount(m_shape); ++corner) {
+    bool const isSearched = !isInCell && isWarped(); // from several places
+    for (std::size_t corner = 0; isSearched && !isInCell && corner < cornerCount(m_shape); ++corner) {
         found = solve(place, 0.5 * (m_middle + referenceCorner(m_shape, corner)));
         isInCell = found && isInside(*found);
     }

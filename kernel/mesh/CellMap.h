@@ -50,17 +50,16 @@ private:
 
     void setTerms(Point const* corners);
     void setFrame(Point const* corners);
-    void setWarp();
     Point inUnits(Point const& point) const;
     Point inFrame(Point const& vector) const;
     Image image(Point const& reference) const;
+    bool isWarped() const;
     std::optional<Point> solve(Point const& place, Point reference) const;
     bool isInside(Point const& reference) const;
 
     Shape m_shape = Shape::Triangle;
     bool m_isFlat = true;
-    bool m_isWarped = false; // so much that the inverse has to be searched for from several places
-    double m_slack = 0;      // tolerance of this cell
+    double m_slack = 0; // tolerance of this cell
 
     // Coordinates are taken from the first corner, in units of the cell's size.
     Point m_origin{};

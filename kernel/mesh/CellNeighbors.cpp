@@ -1,8 +1,10 @@
 #include "kernel/mesh/CellNeighbors.h"
 
 #include "kernel/base/CheckedLoop.h"
+#include "kernel/base/RaiseTo.h"
 #include "kernel/mesh/FirstNeighbors.h"
 #include "kernel/mesh/NeighborFill.h"
+#include "kernel/mesh/OrientedNeighbors.h"
 #include "kernel/mesh/PointOrder.h"
 #include "kernel/mesh/SideMatch.h"
 
@@ -161,13 +163,6 @@ Survey surveyCells(Work const& work, PointOrder const& order)
     return {std::move(spans), areOnce};
 }
 
-void raiseTo(std::int64_t value, std::atomic<std::int64_t>& highest)
-{
-    std::int64_t known = highest.load(std::memory_order_relaxed);
-    while (value > known && !highest.compare_exchange_weak(known, value, std::memory_order_relaxed)) {
-    }
-}
-
 /// Replaces each number by the sum of all up to it. @return the whole sum
 std::int64_t sumUp(ZeroedArray<std::int64_t>& numbers, Progress const& progress)
 {
@@ -324,6 +319,12 @@ NeighborLists neighborsOfPoints(CellParts const& cells, std::int64_t pointCount,
     PointOrder const order(cells, pointCount, work.room, progress);
     Survey const survey = surveyCells(work, order);
     if (survey.haveEdgesOnce) {
+        if (auto lists = values.hasHoles() ? std::nullopt
+                                           : orientedNeighbors(cells, pointCount, order, survey.spans, cellsOfGroup,
+                                                               work.room, progress)) {
+            progress.advance(3);
+            return std::move(*lists);
+        }
         RawLists corners = cornersOf(work, order, survey.spans);
         progress.advance(2);
         return finish(work, corners, order.points(work.room, progress),

@@ -10,7 +10,7 @@ namespace veldraw::kernel {
 /// The neighbours of the values of a finite-element zone: of a point those at the other ends of the edges of cells, each once
 /// however many cells have the edge; of a cell those with which it has a side in common.
 ///
-/// The border has no neighbours: points on a side that one cell alone has, and cells with such a side. Solids, surfaces and
+/// The border has no neighbours, or only itself: points on a side that one cell alone has, and cells with such a side. Solids, surfaces and
 /// lines of a mixed zone have each their own border. Holes neither have nor are neighbours.
 /// A cell that has a side twice, since it is collapsed there, does not count at it (SideMatch).
 /// @param values examined; memory for the new ones counts as taken

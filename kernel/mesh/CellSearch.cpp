@@ -102,13 +102,24 @@ private:
     void visitPlace(std::size_t position, Point const& point, Number number)
     {
         if (!m_isRead) {
-            m_geometry.read(m_cells, m_cells.cell(m_slot, m_room));
-            m_isRead = true;
+            readCell();
         }
         m_effort += effortToLocate + m_geometry.partCount();
         if (m_geometry.locate(point)) {
             m_search.take(position, number);
         }
+    }
+
+    void readCell()
+    {
+        m_isRead = true;
+        if (!m_cells.isOrdered()) {
+            m_geometry.read(m_cells, m_cells.cell(m_slot, m_room));
+            return;
+        }
+        std::array<Point, CellMap::mostCorners> corners;
+        m_rowBoxes.corners(m_slot, corners.data());
+        m_geometry.read(m_cells.orderedShape(), corners.data());
     }
 
     /// Whether the cell is known to contain nothing, however many places are in its box.

@@ -19,8 +19,9 @@ bool RowBoxes::read(std::int64_t slot)
         Numbers& high = m_high[axis];
         low.fill(Box::infinity);
         high.fill(-Box::infinity);
+        m_rowCount = 0;
         m_cells.forCornerRows(slot, [&](std::int64_t first) {
-            Numbers numbers;
+            Numbers& numbers = m_rows[axis][m_rowCount++];
             m_cells.coordinate(axis).read(first, m_count + 1, numbers.data());
             for (std::size_t point = 0; point <= cells; ++point) {
                 low[point] = std::min(low[point], numbers[point]);

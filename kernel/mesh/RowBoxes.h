@@ -18,6 +18,20 @@ public:
     /// Goes to a cell. @return false when the slot has none
     bool reach(std::int64_t slot) { return (slot >= m_first && slot < m_first + m_count) || read(slot); }
 
+    /// The corners of the cell that was reached, in the order of ZoneCells.
+    void corners(std::int64_t slot, Point* corners) const
+    {
+        auto const at = static_cast<std::size_t>(slot - m_first);
+        for (std::size_t row = 0; row < m_rowCount; ++row) {
+            bool const isBackward = row % 2 != 0; // around the cell
+            for (std::size_t axis = 0; axis < 3; ++axis) {
+                Numbers const& numbers = m_rows[axis][row];
+                corners[2 * row][axis] = numbers[isBackward ? at + 1 : at];
+                corners[2 * row + 1][axis] = numbers[isBackward ? at : at + 1];
+            }
+        }
+    }
+
     /// The box of the cell that was reached; nothing when a coordinate of a corner is not finite.
     std::optional<Box> box(std::int64_t slot) const
     {
@@ -44,6 +58,8 @@ private:
     ZoneCells const& m_cells;
     std::int64_t m_first = 0; // slot of the first cell that has been read
     std::int64_t m_count = 0;
+    std::size_t m_rowCount = 0; // of points that the cells are between
+    std::array<std::array<Numbers, 4>, 3> m_rows;
     std::array<Numbers, 3> m_low;
     std::array<Numbers, 3> m_high;
     Numbers m_check; // no number where a coordinate is not finite

@@ -3,6 +3,7 @@
 #include "tests/kernel/support/SampleData.h"
 #include "tests/support/SpecialNumbers.h"
 
+#include <cstring>
 #include <gtest/gtest.h>
 #include <random>
 
@@ -28,7 +29,7 @@ ZoneCells wildCells(std::array<std::int64_t, 3> const& points, FieldDataType_e t
     return ZoneCells(ZoneType_Ordered, ZoneDimensions{points[0], points[1], points[2], nullptr}, coordinates);
 }
 
-void expectTheBoxesOfTheirCorners(ZoneCells const& cells, std::int64_t step)
+void expectTheCornersAndTheirBoxes(ZoneCells const& cells, std::int64_t step)
 {
     RowBoxes boxes(cells);
     int found = 0;
@@ -38,6 +39,12 @@ void expectTheBoxesOfTheirCorners(ZoneCells const& cells, std::int64_t step)
         ASSERT_EQ(boxes.reach(slot), cell.cornerCount > 0) << slot;
         if (cell.cornerCount == 0) {
             continue;
+        }
+        std::array<Point, 8> corners{};
+        boxes.corners(slot, corners.data());
+        for (std::size_t corner = 0; corner < cell.cornerCount; ++corner) {
+            Point const expected = cells.point(cell.corners[corner]);
+            ASSERT_EQ(std::memcmp(&corners[corner], &expected, sizeof expected), 0) << slot << ' ' << corner;
         }
         std::optional<Box> const wanted = cells.box(cell.corners, cell.cornerCount);
         std::optional<Box> const box = boxes.box(slot);
@@ -59,8 +66,8 @@ TEST(RowBoxes, AreThoseOfTheCornersOfEachCell)
          {std::array<std::int64_t, 3>{150, 5, 4}, {66, 9, 7}, {2, 30, 20}, {1, 200, 3}, {300, 2, 1}, {70, 1, 9}}) {
         for (FieldDataType_e const type : {FieldDataType_Double, FieldDataType_Float, FieldDataType_Int32}) {
             SCOPED_TRACE(testing::PrintToString(points) + " type " + std::to_string(type));
-            expectTheBoxesOfTheirCorners(wildCells(points, type), 1);
-            expectTheBoxesOfTheirCorners(wildCells(points, type), 3); // as cells are left out
+            expectTheCornersAndTheirBoxes(wildCells(points, type), 1);
+            expectTheCornersAndTheirBoxes(wildCells(points, type), 3); // as cells are left out
         }
     }
 }

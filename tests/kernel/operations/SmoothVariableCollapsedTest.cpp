@@ -6,8 +6,10 @@ namespace veldraw::tests {
 
 using namespace kernel;
 using Shape = Connectivity::Shape;
+using testing::DoubleNear;
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::Pointwise;
 
 namespace {
 
@@ -82,7 +84,8 @@ TEST_F(SmoothVariableCollapsedTest, CollapsedCellsHideNoBorder)
         std::string const held = remark.substr(remark.find("changed, "), remark.find(" held") - remark.find("changed"));
         ASSERT_TRUE(smooth(collapsed, 5));
         EXPECT_THAT(remark, HasSubstr(held));
-        EXPECT_EQ(valuesOf(collapsed), valuesOf(plain));
+        // Their neighbours may come up in another order, so that sums are rounded otherwise.
+        EXPECT_THAT(valuesOf(collapsed), Pointwise(DoubleNear(1e-14), valuesOf(plain)));
 
         int const ofCells = addCellValues(lists.zone(type));
         int const ofMore = addCellValues(withCollapsed(shape, lists));

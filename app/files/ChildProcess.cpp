@@ -1,10 +1,10 @@
 #include "app/files/ChildProcess.h"
 
 #include "app/files/ImportError.h"
+#include "app/files/SystemReason.h"
 
 #include <cerrno>
 #include <csignal>
-#include <cstring>
 #include <fcntl.h>
 #include <poll.h>
 #include <spawn.h>
@@ -17,7 +17,7 @@ ChildProcess::ChildProcess(std::vector<std::string> const& words)
 {
     int ends[2];
     if (::pipe2(ends, O_CLOEXEC) != 0)
-        throw ImportError(std::strerror(errno));
+        throw ImportError(systemReason(errno));
     m_output = ends[0];
     std::vector<char*> arguments;
     for (std::string const& word : words)
@@ -34,7 +34,7 @@ ChildProcess::ChildProcess(std::vector<std::string> const& words)
     if (error == 0)
         return;
     ::close(m_output);
-    throw ImportError("the program \"" + words[0] + "\" cannot be started: " + std::strerror(error));
+    throw ImportError("the program \"" + words[0] + "\" cannot be started: " + systemReason(error));
 }
 
 ChildProcess::~ChildProcess()

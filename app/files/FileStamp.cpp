@@ -1,9 +1,9 @@
 #include "app/files/FileStamp.h"
 
 #include "app/files/ImportError.h"
+#include "app/files/SystemReason.h"
 
 #include <cerrno>
-#include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -18,7 +18,7 @@ FileStamp::FileStamp(std::string path, int descriptor)
     {
     };
     if ((descriptor < 0 ? ::stat(m_path.c_str(), &status) : ::fstat(descriptor, &status)) != 0)
-        throw ImportError("\"" + m_path + "\": " + std::strerror(errno));
+        throw ImportError("\"" + m_path + "\": " + systemReason(errno));
     m_size = status.st_size;
     m_modified = status.st_mtim;
     m_inode = status.st_ino;
@@ -32,9 +32,10 @@ FileStamp::FileStamp(std::string path)
 
 int FileStamp::open() const
 {
-    int const descriptor = ::open(m_path.c_str(), O_RDONLY | O_CLOEXEC);
+    // A pipe that has taken the place of the file would keep us waiting for its other end.
+    int const descriptor = ::open(m_path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
     if (descriptor < 0)
-        throw ImportError("\"" + m_path + "\" cannot be read any more: " + std::strerror(errno));
+        throw ImportError("\"" + m_path + "\" cannot be read any more: " + systemReason(errno));
     bool same = false;
     try {
         same = isSame(descriptor);

@@ -1,9 +1,9 @@
 #include "app/files/PathChecks.h"
 
 #include "app/files/ImportError.h"
+#include "app/files/SystemReason.h"
 
 #include <cerrno>
-#include <cstring>
 #include <fcntl.h>
 #include <filesystem>
 #include <sys/stat.h>
@@ -32,15 +32,15 @@ void checkReadable(std::string const& path)
     {
     };
     if (::stat(path.c_str(), &status) != 0)
-        throw ImportError(errno == ENOENT ? "there is no such file" : std::strerror(errno));
+        throw ImportError(systemReason(errno));
     if (S_ISDIR(status.st_mode))
         throw ImportError("it is a folder");
-    // Opening a pipe or a device could wait for ever.
+    // Opening a pipe or a device could wait for ever, also one that takes the place of the file now.
     if (!S_ISREG(status.st_mode))
         throw ImportError("it is no regular file");
-    int const file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    int const file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
     if (file < 0)
-        throw ImportError(errno == EACCES ? "you have no permission to read it" : std::strerror(errno));
+        throw ImportError(errno == EACCES ? "you have no permission to read it" : systemReason(errno));
     ::close(file);
     if (status.st_size == 0)
         throw ImportError("it is empty");

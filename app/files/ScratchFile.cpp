@@ -2,10 +2,10 @@
 
 #include "app/files/ImportError.h"
 #include "app/files/MappedMemory.h"
+#include "app/files/SystemReason.h"
 
 #include <cerrno>
 #include <cstdlib>
-#include <cstring>
 #include <fcntl.h>
 #include <filesystem>
 #include <unistd.h>
@@ -71,14 +71,14 @@ std::shared_ptr<void> ScratchFile::map() const
 void ScratchFile::fail(int error) const
 {
     throw ImportError("no temporary file of " + std::to_string(m_bytes) + " bytes can be made in \"" + m_folder +
-                      "\": " + std::strerror(error));
+                      "\": " + (error == ENOENT ? "there is no such folder" : systemReason(error)));
 }
 
 ScratchFolder::ScratchFolder()
     : m_path((std::filesystem::temp_directory_path() / "veldraw-XXXXXX").string())
 {
     if (!::mkdtemp(&m_path[0]))
-        throw ImportError(std::string("no temporary folder can be made: ") + std::strerror(errno));
+        throw ImportError(std::string("no temporary folder can be made: ") + systemReason(errno));
 }
 
 ScratchFolder::~ScratchFolder()

@@ -2,12 +2,12 @@
 
 #include "app/files/ImportError.h"
 #include "app/files/PlainText.h"
+#include "app/files/SystemReason.h"
 #include "app/import/formats/table/TableComments.h"
 #include "app/import/formats/table/TableText.h"
 
 #include <algorithm>
 #include <cerrno>
-#include <cstring>
 #include <fstream>
 
 namespace veldraw::app {
@@ -27,7 +27,7 @@ ImportedZone CsvReader::read(std::string const& path, std::string const& zoneNam
 {
     std::ifstream file(path, std::ios::binary);
     if (!file)
-        throw ImportError(std::strerror(errno));
+        throw ImportError(systemReason(errno));
     file.seekg(0, std::ios::end);
     std::int64_t const fileSize = file.tellg();
     file.seekg(0);

@@ -432,7 +432,7 @@ TEST(Deferral, TellsThatAFileHasVanishedOrChangedSince)
         EXPECT_TRUE(loader.canLoad());
         std::filesystem::rename(path, folder.path("other.vtu"));
         EXPECT_FALSE(loader.canLoad());
-        EXPECT_THAT(loadingProblem(*dataSet, 1, "p"), HasSubstr("cannot be read any more: No such file or directory"));
+        EXPECT_THAT(loadingProblem(*dataSet, 1, "p"), HasSubstr("cannot be read any more: there is no such file"));
         folder.write("mesh.vtu", "something else");
         EXPECT_FALSE(loader.canLoad());
         EXPECT_THAT(loadingProblem(*dataSet, 1, "p"), HasSubstr("has been changed since it was opened"));

@@ -265,7 +265,7 @@ TEST(MetaImage, TellsThatAFileHasVanishedOrChangedBeforeItsValuesWereLoaded)
     auto const dataSet = import(folder.write("a.mhd", header("3", "MET_UCHAR")), app::Deferral::Always).dataSet;
     std::filesystem::rename(folder.path("a.raw"), folder.path("b.raw"));
     EXPECT_EQ(loadingProblem(*dataSet, 1, "Value"),
-              "\"" + folder.path("a.raw") + "\" cannot be read any more: No such file or directory");
+              "\"" + folder.path("a.raw") + "\" cannot be read any more: there is no such file");
     folder.write("a.raw", "\1\2\3\4");
     EXPECT_EQ(loadingProblem(*dataSet, 1, "Value"),
               "\"" + folder.path("a.raw") + "\" has been changed since it was opened; open it again");

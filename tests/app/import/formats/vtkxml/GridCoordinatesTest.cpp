@@ -127,7 +127,7 @@ TEST_P(DeferredPointsTest, AreToldWhenTheirFileHasGoneAndComeWhenItIsBack)
         std::string const path = writeXml(*gridWithPoints(GetParam()), folder.path("a." + GetParam()), mode);
         auto const dataSet = import(path, app::Deferral::Always).dataSet;
         std::filesystem::rename(path, folder.path("b"));
-        EXPECT_THAT(loadingProblem(*dataSet, 1, "X"), HasSubstr("cannot be read any more: No such file or directory"));
+        EXPECT_THAT(loadingProblem(*dataSet, 1, "X"), HasSubstr("cannot be read any more: there is no such file"));
         EXPECT_FALSE(fieldOf(*dataSet, 1, "X").isLoaded());
         std::filesystem::rename(folder.path("b"), path);
         EXPECT_EQ(loadingProblem(*dataSet, 1, "X"), "");

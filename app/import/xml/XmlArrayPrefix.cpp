@@ -1,6 +1,8 @@
 #include "app/import/xml/XmlArrayPrefix.h"
 
-#include <cctype>
+#include "app/import/xml/Base64Text.h"
+
+#include <algorithm>
 #include <fstream>
 
 namespace veldraw::app {
@@ -11,33 +13,22 @@ constexpr std::size_t longestPrefix = 3 * 8;
 
 using Bytes = std::array<unsigned char, longestPrefix>;
 
-// The value of a base64 letter, -1 for others. As VTK does it, padding counts as 0 wherever it stands.
-int sextet(int letter)
+Bytes bytesAt(std::string const& path, std::int64_t position, std::size_t count)
 {
-    if (letter == '=')
-        return 0;
-    static std::string const letters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-    std::size_t const found = letter < 0 ? std::string::npos : letters.find(static_cast<char>(letter));
-    return found == std::string::npos ? -1 : static_cast<int>(found);
+    std::ifstream file(path, std::ios::binary);
+    file.seekg(position);
+    Bytes bytes{};
+    file.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(count));
+    return bytes;
 }
 
-Bytes decoded(std::ifstream& file, std::size_t count)
+// Numbers that are padded by themselves are followed by zeros here.
+Bytes decoded(Base64Text text, std::size_t count)
 {
     Bytes bytes{};
-    int letter = file.get();
-    while (std::isspace(letter) != 0)
-        letter = file.get();
-    unsigned int bits = 0;
-    for (std::size_t letters = 1, n = 0; n < count; ++letters, letter = file.get()) {
-        int const value = sextet(letter);
-        if (value < 0)
-            break;
-        bits = (bits << 6U) + static_cast<unsigned int>(value);
-        if (letters % 4 != 0)
-            continue;
-        for (unsigned int const shift : {16U, 8U, 0U})
-            bytes[n++] = static_cast<unsigned char>(bits >> shift);
-    }
+    Base64Text::Triplet triplet{};
+    for (std::size_t n = 0; n < count && text.next(triplet) > 0; n += triplet.size())
+        std::copy(triplet.begin(), triplet.end(), bytes.begin() + static_cast<std::ptrdiff_t>(n));
     return bytes;
 }
 
@@ -45,14 +36,9 @@ Bytes decoded(std::ifstream& file, std::size_t count)
 
 XmlArrayPrefix XmlArrayPrefix::read(std::string const& path, std::int64_t position, Format const& format)
 {
-    std::ifstream file(path, std::ios::binary);
-    file.seekg(position);
     auto const size = static_cast<std::size_t>(format.bytesOfNumber);
-    Bytes bytes{};
-    if (format.isBase64)
-        bytes = decoded(file, 3 * size);
-    else
-        file.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(3 * size));
+    Bytes const bytes =
+        format.isBase64 ? decoded(Base64Text(path, position), 3 * size) : bytesAt(path, position, 3 * size);
     XmlArrayPrefix prefix;
     for (std::size_t number = 0; number < 3; ++number) {
         for (std::size_t n = 0; n < size; ++n)

@@ -1,9 +1,13 @@
 #include "app/import/xml/XmlHeaderCheck.h"
 
 #include "app/files/ImportError.h"
+#include "app/import/xml/Base64Text.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
+#include <fstream>
+#include <iterator>
 #include <sstream>
 
 namespace veldraw::app {
@@ -21,6 +25,11 @@ double bytesOfType(std::string const& type)
     return digits == std::string::npos ? 0.0 : std::atof(type.c_str() + digits) / 8.0;
 }
 
+std::string countText(double count)
+{
+    return std::to_string(static_cast<std::int64_t>(std::clamp(count, 0.0, 9e18)));
+}
+
 bool isSection(std::string const& name)
 {
     return name == "PointData" || name == "CellData" || name == "Points" || name == "Coordinates" || name == "Cells" ||
@@ -33,6 +42,7 @@ XmlHeaderCheck::XmlHeaderCheck(std::string const& path, std::int64_t fileSize)
     : m_path(path)
     , m_tags(path)
     , m_fileSize(fileSize)
+    , m_endOfValues(fileSize)
     , m_size(fileSize, false)
 {
 }
@@ -46,6 +56,8 @@ void XmlHeaderCheck::run()
         else
             checkAppended(tag.text("encoding") != "raw");
     }
+    if (!m_appended.empty())
+        throw ImportError("it is incomplete: the values at its end are missing");
     if (m_allPoints < m_wholePoints)
         throw ImportError("it is incomplete: its pieces do not fill its extent");
     // Points that go with no value are not worth waiting for: such a header is a mistake, if it asks for that many.
@@ -178,34 +190,72 @@ void XmlHeaderCheck::lookAtArray(XmlTags::Tag const& tag)
     double const bytesInMemory = isText ? sizeof(std::string) : bytes;
     if (values != unknownCount)
         m_size.addStored(values, isCounted ? bytesInMemory : 0.0, "values of \"" + tag.text("Name") + "\"");
-    if (tag.text("format") == "appended")
+    // VTK's reader looks for values of an array with an offset there, whatever its format is said to be.
+    if (tag.text("format") == "appended" || !tag.text("offset").empty())
         m_appended.push_back({tag.count("offset", 0.0), std::max(values, 0.0) * bytes, tag.text("Name")});
-    if (tag.text("format") == "binary" && m_compressed)
-        checkBlocks(m_tags.position(), true, tag.text("Name"));
+    else if (tag.text("format") == "binary")
+        checkValues(m_tags.position(), true, std::max(values, 0.0) * bytes, tag.text("Name"));
+}
+
+// The tag behind appended values would be read as values.
+void XmlHeaderCheck::findEndOfValues()
+{
+    constexpr std::int64_t longestEnd = 256; // of the text behind them
+    std::int64_t const start = std::max<std::int64_t>(m_fileSize - longestEnd, 0);
+    std::ifstream file(m_path, std::ios::binary);
+    file.seekg(start);
+    std::string const text{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    std::size_t const tag = text.rfind("</AppendedData");
+    if (tag != std::string::npos)
+        m_endOfValues = start + static_cast<std::int64_t>(tag);
 }
 
 void XmlHeaderCheck::checkAppended(bool isBase64)
 {
+    findEndOfValues();
     double const start = static_cast<double>(m_tags.startOfAppendedData());
-    for (Appended const& array : m_appended) {
+    std::set<std::pair<double, double>> checked; // thousands of arrays may say that they stand at one place
+    std::vector<Appended> const arrays = std::exchange(m_appended, {});
+    for (Appended const& array : arrays) {
         double const needed = m_compressed ? 0.0 : array.bytes;
-        if (!(start + array.offset + m_format.bytesOfNumber + needed <= static_cast<double>(m_fileSize)) ||
+        if (!(start + array.offset + m_format.bytesOfNumber + needed <= static_cast<double>(m_endOfValues)) ||
             !(array.offset >= 0.0))
             throw ImportError("it is incomplete: it ends before the values of \"" + array.name + "\" do");
-        checkBlocks(static_cast<std::int64_t>(start + array.offset), isBase64, array.name);
+        if (checked.emplace(array.offset, array.bytes).second)
+            checkValues(static_cast<std::int64_t>(start + array.offset), isBase64, array.bytes, array.name);
     }
 }
 
-void XmlHeaderCheck::checkBlocks(std::int64_t position, bool isBase64, std::string const& name)
+// @param bytes of the values; 0 where the header does not say how many there are
+void XmlHeaderCheck::checkValues(std::int64_t position, bool isBase64, double bytes, std::string const& name)
 {
     XmlArrayPrefix::Format format = m_format;
     format.isBase64 = isBase64;
-    auto const [first, bytesOfBlock, bytesOfLast] = XmlArrayPrefix::read(m_path, position, format).numbers;
-    if (!m_compressed) {
-        if (!isBase64) // in a text nothing but the text's end counts
-            m_size.addStored(first, 0.0, "bytes of \"" + name + "\"");
-        return;
-    }
+    XmlArrayPrefix const prefix = XmlArrayPrefix::read(m_path, position, format);
+    if (m_compressed)
+        checkBlocks(prefix, name);
+    else
+        checkLength(position, isBase64, bytes > 0.0 ? std::min(bytes, prefix.numbers[0]) : prefix.numbers[0], name);
+}
+
+// VTK's reader takes what there is for all there should be, and leaves the rest of the values as they were in memory. Where fewer values are
+// announced than the grid has, it complains by itself.
+void XmlHeaderCheck::checkLength(std::int64_t position, bool isBase64, double bytes, std::string const& name) const
+{
+    double const most = static_cast<double>(m_endOfValues - position - m_format.bytesOfNumber);
+    double there = most;
+    if (isBase64 && bytes <= most)
+        there =
+            static_cast<double>(Base64Text(m_path, position)
+                                    .bytesBehind(m_format.bytesOfNumber, static_cast<std::int64_t>(std::ceil(bytes))));
+    if (there < bytes)
+        throw ImportError("it is damaged or incomplete: of the values of \"" + name + "\" no more than " +
+                          countText(there) + " of " + countText(bytes) + " bytes can be read");
+}
+
+void XmlHeaderCheck::checkBlocks(XmlArrayPrefix const& prefix, std::string const& name)
+{
+    auto const [first, bytesOfBlock, bytesOfLast] = prefix.numbers;
     m_size.addStored(first * mostCompression, 0.0, "blocks of \"" + name + "\"");
     m_size.addStored(std::max(first, 1.0) * bytesOfBlock, 1.0, "bytes of \"" + name + "\"");
     m_size.addStored(bytesOfLast, 0.0, "bytes of \"" + name + "\"");

@@ -59,12 +59,16 @@ private:
     void lookAtArray(XmlTags::Tag const& tag);
     void lookAtExtent(XmlTags::Tag const& tag, char const* attribute);
     double valuesOf(XmlTags::Tag const& tag) const;
+    void findEndOfValues();
     void checkAppended(bool isBase64);
-    void checkBlocks(std::int64_t position, bool isBase64, std::string const& name);
+    void checkValues(std::int64_t position, bool isBase64, double bytes, std::string const& name);
+    void checkLength(std::int64_t position, bool isBase64, double bytes, std::string const& name) const;
+    void checkBlocks(XmlArrayPrefix const& prefix, std::string const& name);
 
     std::string m_path;
     XmlTags m_tags;
     std::int64_t m_fileSize;
+    std::int64_t m_endOfValues; // of those that are appended
     SizeCheck m_size;
     bool m_compressed = false;
     XmlArrayPrefix::Format m_format;

@@ -10,7 +10,7 @@ namespace {
 constexpr unsigned int lastCharacter = 0x10ffff;
 constexpr std::size_t longestEntity = 10; // "&#x10ffff;"
 
-std::string asUtf8(unsigned int character)
+std::string utf8Of(unsigned int character)
 {
     auto const tail = [character](unsigned int shift) {
         return static_cast<char>(0x80U | ((character >> shift) & 0x3fU));
@@ -42,7 +42,7 @@ std::optional<std::string> meaningOf(std::string const& name)
         std::from_chars(name.data() + (isHexadecimal ? 2 : 1), last, character, isHexadecimal ? 16 : 10);
     if (error != std::errc() || end != last || character > lastCharacter)
         return std::nullopt;
-    return asUtf8(character);
+    return utf8Of(character);
 }
 
 } // namespace

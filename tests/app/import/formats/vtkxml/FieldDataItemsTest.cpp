@@ -4,6 +4,7 @@
 #include "tests/app/support/GridSamples.h"
 #include "tests/app/support/PieceFiles.h"
 
+#include <vtkDoubleArray.h>
 #include <vtkFieldData.h>
 #include <vtkFloatArray.h>
 #include <vtkGenericDataObjectWriter.h>

@@ -1,5 +1,6 @@
 #include "app/import/zones/DataSetOfZones.h"
 
+#include "app/files/PlainText.h"
 #include "app/import/zones/AuxiliaryItems.h"
 
 #include <algorithm>
@@ -10,6 +11,8 @@
 namespace veldraw::app {
 
 namespace {
+
+using Positions = std::unordered_map<std::string, std::size_t>; // of variables, by their names
 
 // The order that the files ask for comes first, then first come, first served; a name that no zone has is left out.
 std::vector<std::string> variableNames(std::vector<ImportedZone> const& zones)
@@ -24,8 +27,10 @@ std::vector<std::string> variableNames(std::vector<ImportedZone> const& zones)
         if (existing.erase(name) > 0)
             names.push_back(name);
     };
-    for (ImportedZone const& zone : zones)
-        std::for_each(zone.variableNames.begin(), zone.variableNames.end(), take);
+    for (ImportedZone const& zone : zones) {
+        for (std::string const& name : zone.variableNames)
+            take(asUtf8(name));
+    }
     for (ImportedZone const& zone : zones) {
         for (ImportedZone::NamedField const& field : zone.fields)
             take(field.name);
@@ -34,14 +39,14 @@ std::vector<std::string> variableNames(std::vector<ImportedZone> const& zones)
 }
 
 // The first zone that has an array decides: a variable belongs to one array, whatever others a later zone has under its name.
-void assignArrays(kernel::DataSet& dataSet, ImportedZone const& imported)
+void assignArrays(kernel::DataSet const& dataSet, Positions const& positions, ImportedZone const& imported)
 {
     for (ImportedZone::NamedField const& field : imported.fields) {
         if (!field.array || field.component != 0)
             continue;
         std::vector<std::shared_ptr<kernel::Variable>> variables;
         for (std::string const& name : field.array->variables)
-            variables.push_back(dataSet.variable(dataSet.findVariable(name)));
+            variables.push_back(dataSet.variables()[positions.at(name)]);
         bool const areFree = std::all_of(variables.begin(), variables.end(),
                                          [](auto const& variable) { return !variable->sourceArray; });
         for (std::size_t component = 0; areFree && component < variables.size(); ++component) {
@@ -52,12 +57,13 @@ void assignArrays(kernel::DataSet& dataSet, ImportedZone const& imported)
 }
 
 // What the first zone has to say of something holds.
-void addNotesTo(kernel::DataSet& dataSet, ImportedZone const& imported)
+void addNotesTo(kernel::DataSet& dataSet, Positions const& positions, ImportedZone const& imported)
 {
     addMissing(dataSet.auxiliaryData(), imported.notesOnDataSet);
     for (auto const& [name, notes] : imported.notesOnVariables) {
-        if (auto const variable = dataSet.variable(dataSet.findVariable(name)))
-            addMissing(variable->auxiliaryData, notes);
+        auto const found = positions.find(asUtf8(name));
+        if (found != positions.end())
+            addMissing(dataSet.variables()[found->second]->auxiliaryData, notes);
     }
 }
 
@@ -76,15 +82,16 @@ void assignStrands(std::vector<ImportedZone>& zones)
 std::shared_ptr<kernel::DataSet> dataSetOf(std::vector<ImportedZone> zones, std::string const& title)
 {
     assignStrands(zones);
-    auto dataSet = std::make_shared<kernel::DataSet>(title);
-    std::unordered_map<std::string, std::size_t> positions;
+    auto dataSet = std::make_shared<kernel::DataSet>(asUtf8(title));
+    Positions positions;
     for (std::string const& name : variableNames(zones)) {
         positions.emplace(name, positions.size());
         dataSet->addVariable(std::make_shared<kernel::Variable>(name));
     }
     for (ImportedZone& imported : zones) {
-        assignArrays(*dataSet, imported);
-        addNotesTo(*dataSet, imported);
+        assignArrays(*dataSet, positions, imported);
+        addNotesTo(*dataSet, positions, imported);
+        imported.zone->name = asUtf8(imported.zone->name);
         std::vector<kernel::Field> fields(positions.size());
         for (ImportedZone::NamedField& field : imported.fields) {
             std::size_t const position = positions.at(field.name);

@@ -9,6 +9,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace veldraw::app {
@@ -33,7 +34,8 @@ struct ImportedZone
     std::map<std::string, kernel::AuxiliaryData> notesOnVariables; ///< and of variables, by their names
     std::optional<double> timeStep; ///< time step by which strands are to be found, if the file says one
 
-    /// Adds a field; " (2)" and so on is appended to a @p name that is taken. An empty name becomes "Variable".
+    /// Adds a field; " (2)" and so on is appended to a @p name that is taken. An empty name becomes "Variable". Names that are no UTF-8 are
+    /// taken for Latin-1, here and below.
     void addField(std::string const& name, kernel::Field field);
 
     /// Adds the components of an array that is called @p name.
@@ -41,8 +43,10 @@ struct ImportedZone
     /// @param componentNames as the file has them; empty where it has none
     /// @param purposes for which the file names the array
     void addArray(std::string const& name, std::vector<kernel::Field> components,
-                  std::vector<std::string> const& variables, std::vector<std::string> componentNames,
+                  std::vector<std::string> const& variables, std::vector<std::string> const& componentNames,
                   std::vector<std::string> purposes);
+
+    std::unordered_map<std::string, int> takenNames; ///< of fields, with the last number that was tried for another one
 };
 
 /// Name of the variable for one component of an array: "v" of one, "v_X", "v_Y", "v_Z" of up to three, else "v_1" and so on.

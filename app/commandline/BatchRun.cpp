@@ -40,11 +40,14 @@ int BatchRun::run(CommandLineOptions const& options)
         return 1;
     if (!options.pictureFile.isEmpty() && !savePicture(options.pictureFile))
         return 1;
-    if (missingMappedPages() > 0) {
-        fail(QString::fromLatin1(cutFileWarning));
-        return 1;
-    }
-    return opened.size() == options.files.size() ? 0 : 1;
+    return filesAreWhole() && opened.size() == options.files.size() ? 0 : 1;
+}
+
+// Asked when values have been read; saving asks by itself.
+bool BatchRun::filesAreWhole()
+{
+    std::vector<std::string> const cutFiles = takeCutFiles();
+    return cutFiles.empty() || fail(QString::fromStdString(cutFileWarning(cutFiles)));
 }
 
 bool BatchRun::fail(QString const& reason)
@@ -128,7 +131,10 @@ bool BatchRun::savePicture(QString const& file)
     page.show();
     QCoreApplication::processEvents();
     page.fitAllFrames();
-    QString const problem = writePicture(page.takePicture(), file);
+    QImage const picture = page.takePicture();
+    if (!filesAreWhole())
+        return false;
+    QString const problem = writePicture(picture, file);
     return problem.isEmpty() || fail(QStringLiteral("%1: the picture could not be written: %2").arg(file, problem));
 }
 

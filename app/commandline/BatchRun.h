@@ -25,6 +25,7 @@ private:
     bool printInfo(QStringList const& files);
     bool exportTo(QString const& file);
     bool savePicture(QString const& file);
+    bool filesAreWhole();
     bool fail(QString const& reason);
 
     kernel::Session& m_session;

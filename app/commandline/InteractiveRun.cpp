@@ -9,20 +9,20 @@
 #include <QApplication>
 #include <QTimer>
 
-#include <utility>
-
 namespace veldraw::app {
 
 namespace {
 
 constexpr int pauseBetweenLooks = 2000; // milliseconds
 
-// Says it once for all pages that are found missing in one go, but not while an operation runs.
-void tellCutFiles(int& known)
+// Once for each file, but not while an operation runs.
+void tellCutFiles()
 {
-    int const missing = missingMappedPages();
-    if (sdk::AppLock::depth() == 0 && std::exchange(known, missing) < missing)
-        host::MessagePresenter::present(cutFileWarning, MessageBoxType_Warning);
+    if (sdk::AppLock::depth() > 0)
+        return;
+    std::vector<std::string> const files = takeCutFiles();
+    if (!files.empty())
+        host::MessagePresenter::present(cutFileWarning(files), MessageBoxType_Warning);
 }
 
 } // namespace
@@ -34,9 +34,8 @@ int runInteractively(QApplication& application, QStringList const& files, Deferr
     };
     MainWindow window(kernel::Session::instance(), CentralView::ofPage(kernel::Session::instance()), reader);
     window.show();
-    int known = missingMappedPages();
     QTimer looks;
-    QObject::connect(&looks, &QTimer::timeout, &window, [&known] { tellCutFiles(known); });
+    QObject::connect(&looks, &QTimer::timeout, &window, [] { tellCutFiles(); });
     looks.start(pauseBetweenLooks);
     if (!files.isEmpty())
         QTimer::singleShot(0, &window, [&] { window.openFiles(files, DocumentController::Place::FreshPage); });

@@ -25,6 +25,18 @@ void requireAllLoaded(kernel::DataSet const& dataSet)
     }
 }
 
+// What has been lost of values in a mapped file reads as zeros, which must not take the place of the file.
+void requireWhole(kernel::DataSet const& dataSet)
+{
+    for (auto const& zone : dataSet.zones()) {
+        for (kernel::Field const& field : zone->fields) {
+            std::string const loss = field.isPassive() ? std::string() : field.group()->whatIsLost();
+            if (!loss.empty())
+                throw ExportError(loss);
+        }
+    }
+}
+
 std::int64_t workOfAll(kernel::DataSet const& dataSet)
 {
     std::int64_t work = 0;
@@ -36,6 +48,7 @@ std::int64_t workOfAll(kernel::DataSet const& dataSet)
 std::vector<std::string> exportTo(kernel::DataSet const& dataSet, std::string const& path, kernel::Progress& progress)
 {
     requireAllLoaded(dataSet);
+    requireWhole(dataSet);
     if (dataSet.zoneCount() == 0)
         throw ExportError("there are no zones to write");
     WritableFormat const* const format = findFormat(writableFormats(), extensionOf(path));
@@ -46,6 +59,7 @@ std::vector<std::string> exportTo(kernel::DataSet const& dataSet, std::string co
     AtomicFiles files;
     std::vector<std::string> remarks;
     format->makeWriter()->write(dataSet, path, {files, progress, remarks});
+    requireWhole(dataSet); // its values have been read by now
     files.commit(progress);
     return remarks;
 }

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <filesystem>
 #include <stdexcept>
+#include <string>
 
 namespace veldraw::app {
 
@@ -10,5 +12,19 @@ class ImportError : public std::runtime_error
 public:
     using std::runtime_error::runtime_error;
 };
+
+/// Does work on a file and returns what it returns. What it complains about gets the file's name in front, for a user who has long opened it.
+/// @throws ImportError
+template <typename Work>
+auto namingFile(std::string const& path, Work const& work)
+{
+    try {
+        return work();
+    } catch (ImportError const& error) {
+        throw ImportError("\"" + path + "\": " + error.what());
+    } catch (std::filesystem::filesystem_error const& error) {
+        throw ImportError("\"" + path + "\": " + error.code().message());
+    }
+}
 
 } // namespace veldraw::app

@@ -10,6 +10,19 @@ namespace veldraw::app {
 
 namespace {
 
+// "vtkThing (0x1234) is lost" becomes "vtkThing is lost".
+std::string withoutAddresses(std::string text)
+{
+    for (std::size_t at = text.find("(0x"); at != std::string::npos; at = text.find("(0x")) {
+        std::size_t const end = text.find(')', at);
+        if (end == std::string::npos)
+            break;
+        std::size_t const start = at > 0 && text[at - 1] == ' ' ? at - 1 : at;
+        text.erase(start, end + 1 - start);
+    }
+    return text;
+}
+
 // "ERROR: In file, line 1\nvtkThing (0x1234): Text\n\n" becomes "Text".
 std::string cleaned(std::string const& text)
 {
@@ -28,7 +41,13 @@ std::string cleaned(std::string const& text)
     }
     while (!result.empty() && (result.back() == ' ' || result.back() == '.'))
         result.pop_back();
-    return result;
+    return withoutAddresses(result);
+}
+
+// What VTK's pipeline says of an object that has failed tells nothing to anybody but its author; the reason has been told before, if at all.
+bool isAboutThePipeline(std::string const& text)
+{
+    return text.compare(0, 10, "Algorithm ") == 0;
 }
 
 } // namespace
@@ -96,7 +115,9 @@ bool VtkErrorCapture::hasErrors() const
 std::string VtkErrorCapture::firstError() const
 {
     std::lock_guard<std::mutex> const lock(m_window->mutex);
-    return m_window->errors.empty() ? std::string() : m_window->errors.front();
+    auto const& errors = m_window->errors;
+    auto const first = std::find_if_not(errors.begin(), errors.end(), isAboutThePipeline);
+    return first == errors.end() ? std::string() : *first;
 }
 
 std::vector<std::string> VtkErrorCapture::warnings() const

@@ -17,7 +17,8 @@ public:
 
     bool hasErrors() const;
 
-    /// The first error in one line, without VTK's source file and object address; empty when there is none.
+    /// The first error in one line, without VTK's source file and addresses of objects; empty when there is none, or VTK tells no more than that
+    /// something failed.
     std::string firstError() const;
 
     /// Warnings, cleaned in the same way, each text once.

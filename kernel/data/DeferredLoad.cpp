@@ -10,19 +10,29 @@ namespace veldraw::kernel {
 
 namespace {
 
-std::shared_ptr<Buffer> loadValues(ShareGroup const& group, std::int64_t size, Progress& progress)
+std::shared_ptr<Buffer> announcedValues(ShareGroup const& group, std::int64_t size, Progress& progress)
 {
     if (!group.loader()) {
-        throw std::runtime_error("There is nothing to load the values from.");
+        throw std::runtime_error("there is nothing to load it from");
     }
-    std::int64_t const before = progress.done();
     std::shared_ptr<Buffer> buffer = group.loader()->load(progress);
     if (!buffer || buffer->type() != group.type() || buffer->size() != size) {
-        throw std::runtime_error("The values are not those that were announced: the file may have been replaced.");
+        throw std::runtime_error("the values are not those that were announced: the file may have been replaced");
     }
-    progress.check();
-    progress.advance(size - std::min(size, progress.done() - before));
     return buffer;
+}
+
+/// Loads something. What the loader complains about becomes a sentence on the thing, which @p name finds the name of.
+template <typename Name, typename Load>
+auto loadNamed(Name const& name, Load const& load)
+{
+    try {
+        return load();
+    } catch (std::runtime_error const& error) {
+        std::string const reason = error.what();
+        bool const isSentence = !reason.empty() && reason.back() == '.';
+        throw std::runtime_error(name() + " cannot be loaded: " + reason + (isSentence ? "" : "."));
+    }
 }
 
 } // namespace
@@ -32,7 +42,7 @@ void DeferredLoad::addDimensions(int zone)
     std::shared_ptr<Zone> const found = m_dataSet.zone(zone);
     if (found->isDeferred()) {
         if (m_placesOfSizes.try_emplace(found->dimensionsLoader.get(), m_sizes.size()).second) {
-            m_sizes.push_back({found->dimensionsLoader, {}, false});
+            m_sizes.push_back({found, found->dimensionsLoader, {}, false});
         }
     }
 }
@@ -67,22 +77,60 @@ void DeferredLoad::load(Progress& progress)
     progress.setTotal(total);
     for (Values& values : m_values) {
         if (!values.buffer) {
-            values.buffer = loadValues(*values.group, sizeOf(values), progress);
+            values.buffer = loadValues(values, progress);
+        }
+    }
+}
+
+std::shared_ptr<Buffer> DeferredLoad::loadValues(Values const& values, Progress& progress) const
+{
+    std::int64_t const before = progress.done();
+    std::int64_t const size = sizeOf(values);
+    std::shared_ptr<Buffer> buffer =
+        loadNamed([&] { return nameOf(values); }, [&] { return announcedValues(*values.group, size, progress); });
+    progress.check();
+    progress.advance(size - std::min(size, progress.done() - before));
+    return buffer;
+}
+
+/// The variable and the zone, as users know them.
+std::string DeferredLoad::nameOf(Values const& values) const
+{
+    std::vector<Field> const& fields = values.zone->fields;
+    auto const found = std::find_if(fields.begin(), fields.end(),
+                                    [&](Field const& field) { return field.group().get() == values.group; });
+    auto const position = static_cast<std::size_t>(found - fields.begin());
+    std::string const variable = found == fields.end() ? std::string() : m_dataSet.variables()[position]->name;
+    return "\"" + variable + "\" of zone \"" + values.zone->name + "\"";
+}
+
+void DeferredLoad::requireWhole() const
+{
+    for (ShareGroup const* const group : m_needed) {
+        auto const loaded = m_placesOfValues.find(group);
+        bool const isLoadedHere = loaded != m_placesOfValues.end() && m_values[loaded->second].buffer;
+        std::string const loss = isLoadedHere && group->loader() ? group->loader()->whatIsLost() : group->whatIsLost();
+        if (!loss.empty()) {
+            throw std::runtime_error("The result would be wrong: " + loss + ".");
         }
     }
 }
 
 void DeferredLoad::loadDimensions(Progress& progress)
 {
-    for (auto& [loader, dimensions, isLoaded] : m_sizes) {
+    for (auto& [zone, loader, dimensions, isLoaded] : m_sizes) {
         if (isLoaded) {
             continue;
         }
-        dimensions = loader->load(progress);
+        auto const name = [&named = *zone] { return "The size of zone \"" + named.name + "\""; };
+        dimensions = loadNamed(name, [&loader = loader, &progress] {
+            ZoneDimensions size = loader->load(progress);
+            if (size.i < 0 || size.j < 0 || size.k < 0) {
+                throw std::runtime_error("it is not known");
+            }
+            return size;
+        });
         progress.check();
-        if (dimensions.i < 0 || dimensions.j < 0 || dimensions.k < 0) {
-            throw std::runtime_error("The dimensions of a zone are not known.");
-        }
         isLoaded = true;
     }
 }

@@ -7,6 +7,7 @@
 #include <map>
 #include <memory>
 #include <set>
+#include <string>
 #include <vector>
 
 namespace veldraw::kernel {
@@ -47,6 +48,10 @@ public:
     /// @throws std::runtime_error with a reason, std::bad_alloc, Interrupted
     void load(Progress& progress);
 
+    /// To be called when something has been made of the values that are needed. @throws std::runtime_error when some of them have been lost
+    /// meanwhile (see ValueLoader::whatIsLost())
+    void requireWhole() const;
+
     /// Gives everything that was loaded to the data set.
     void commit() noexcept;
 
@@ -80,6 +85,7 @@ private:
 
     struct Size
     {
+        std::shared_ptr<Zone> zone; // one of those with the loader
         std::shared_ptr<DimensionsLoader> loader;
         ZoneDimensions dimensions;
         bool isLoaded = false;
@@ -92,6 +98,8 @@ private:
     };
 
     void loadDimensions(Progress& progress);
+    std::shared_ptr<Buffer> loadValues(Values const& values, Progress& progress) const;
+    std::string nameOf(Values const& values) const;
     std::int64_t sizeOf(Values const& values) const;
     ZoneDimensions const* sizeHere(Zone const& zone) const; // null for a zone whose dimensions are not loaded here
     void requireMemoryForValues() const;

@@ -16,7 +16,10 @@ void detachFromHolders(ShareGroup& group) noexcept
     }
     try {
         requireMemory(static_cast<double>(group.buffer()->bytes()));
-        group.replaceByCopy(group.buffer()->clone());
+        std::shared_ptr<Buffer> copy = group.buffer()->clone();
+        if (group.whatIsLost().empty()) { // else the loader is still wanted, which knows that
+            group.replaceByCopy(std::move(copy));
+        }
     } catch (std::exception const&) {
         // Without memory for a copy the holders see the other value, which is better than a step that cannot be undone.
     }

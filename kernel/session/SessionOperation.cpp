@@ -46,6 +46,9 @@ void Session::performLong(Operation& operation)
                 load->load(progress);
             }
             operation.compute(progress);
+            if (!operation.onlyLoads()) {
+                load->requireWhole();
+            }
         });
     }
     if (operation.onlyLoads()) {

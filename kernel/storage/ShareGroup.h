@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 
 namespace veldraw::kernel {
 
@@ -48,6 +49,9 @@ public:
     /// Whether the values are mapped from a file, or will be. They are then so many that no code may read all of them
     /// unless the user has asked for it.
     bool isMapped() const { return m_loader && m_loader->isMapped(); }
+
+    /// What has been lost of the values, which the loader knows (see ValueLoader::whatIsLost()). What is loaded again is whole.
+    std::string whatIsLost() const { return m_buffer && m_loader ? m_loader->whatIsLost() : std::string(); }
 
     /// Bytes of memory that the values take; 0 while they are not loaded, and for mapped values that nobody has altered.
     std::int64_t bytesInMemory() const { return !m_buffer || (canUnload() && isMapped()) ? 0 : m_buffer->bytes(); }

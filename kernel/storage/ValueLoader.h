@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 
 namespace veldraw::kernel {
 
@@ -34,6 +35,11 @@ public:
 
     /// Whether load() would still bring the values: not when the file that has them has been changed or removed. Quick.
     virtual bool canLoad() const { return true; }
+
+    /// What has been lost of the values that load() has brought last, in words for the user, such as that their file has been cut short
+    /// while it was mapped; empty as long as nothing has. Whoever has made something of the values asks afterwards, and drops it then.
+    /// On any thread.
+    virtual std::string whatIsLost() const { return {}; }
 
     /// Memory for an array whose values come together.
     struct Array

@@ -177,7 +177,8 @@ TEST_F(Bridge, TakesDownOnceWhySomethingCannotBeLoaded)
     double limit = 0.0;
     EXPECT_FALSE(sdk::getVarMinMaxForZone(2, 1, true, limit, limit));
     ASSERT_EQ(MessageLog::instance().entries().size(), 1U);
-    EXPECT_EQ(MessageLog::instance().entries().front().text, "the file has gone");
+    EXPECT_EQ(MessageLog::instance().entries().front().text,
+              "\"Y\" of zone \"zone\" cannot be loaded: the file has gone.");
     EXPECT_EQ(MessageLog::instance().entries().front().type, MessageBoxType_Error);
 
     KernelBridge::shutDown();

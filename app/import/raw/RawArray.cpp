@@ -3,6 +3,7 @@
 #include "app/files/ImportError.h"
 #include "app/files/MappedMemory.h"
 #include "app/files/ScratchFile.h"
+#include "app/files/SystemReason.h"
 
 #include <algorithm>
 #include <array>
@@ -45,7 +46,7 @@ void readBytes(int descriptor, std::int64_t position, std::vector<char>& bytes, 
         if (got < 0 && errno == EINTR)
             continue;
         if (got < 0)
-            throw ImportError("\"" + path + "\" cannot be read: " + std::strerror(errno));
+            throw ImportError("\"" + path + "\" cannot be read: " + systemReason(errno));
         if (got == 0)
             throw ImportError("\"" + path + "\" has become shorter while it was read");
         done += static_cast<std::size_t>(got);
@@ -121,19 +122,46 @@ void readInChunks(RawArray const& array, kernel::Progress& progress, Take const&
                           "\" while it was read; try again when it has finished");
 }
 
+// The values of all components, as if they were those of one.
+RawArray withoutComponents(RawArray array)
+{
+    array.tuples *= array.components;
+    array.components = 1;
+    array.component = 0;
+    return array;
+}
+
+// @param data of all components, side by side
+SharedArray::Components componentsIn(void* data, RawArray const& array, std::shared_ptr<void> const& owner)
+{
+    FieldDataType_e const type = kernelTypeOf(array.type);
+    SharedArray::Components result;
+    for (int component = 0; component < array.components; ++component) {
+        auto* const first = static_cast<char*>(data) + kernel::Buffer::bytesOf(type, component);
+        result.push_back(kernel::Buffer::adopt(type, array.tuples, first, array.components, owner));
+    }
+    return result;
+}
+
 } // namespace
 
 SharedArray::Components mapComponents(RawArray const& array)
 {
     StampedFile const file(array.file);
     std::shared_ptr<void> const memory = mapFile(file.descriptor(), array.offset, array.bytes(), array.file.path());
-    SharedArray::Components result;
-    for (int component = 0; component < array.components; ++component) {
-        auto* const first = static_cast<char*>(memory.get()) + component * bytesOf(array.type);
-        result.push_back(
-            kernel::Buffer::adopt(kernelTypeOf(array.type), array.tuples, first, array.components, memory));
-    }
-    return result;
+    return componentsIn(memory.get(), array, memory);
+}
+
+SharedArray::Components readComponents(RawArray const& array, kernel::Progress& progress)
+{
+    auto const values = readValues(withoutComponents(array), progress);
+    return componentsIn(values->mutableData(), array, values->owner());
+}
+
+SharedArray::Components copyComponentsToScratch(RawArray const& array, kernel::Progress& progress)
+{
+    auto const values = copyToScratch(withoutComponents(array), progress);
+    return componentsIn(values->mutableData(), array, values->owner());
 }
 
 std::shared_ptr<kernel::Buffer> readValues(RawArray const& array, kernel::Progress& progress)

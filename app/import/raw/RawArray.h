@@ -44,8 +44,15 @@ SharedArray::Components mapComponents(RawArray const& array);
 /// @throws std::bad_alloc, kernel::Interrupted
 std::shared_ptr<kernel::Buffer> readValues(RawArray const& array, kernel::Progress& progress);
 
-/// The same through a temporary file, which is mapped: the system can take the memory back at any time.
+/// Reads all components at once: they share their memory, side by side as in the file.
+/// @throws as readValues()
+SharedArray::Components readComponents(RawArray const& array, kernel::Progress& progress);
+
+/// Reads one component through a temporary file, which is mapped: the system can take the memory back at any time.
 /// @throws ImportError also where there is no room for that file
 std::shared_ptr<kernel::Buffer> copyToScratch(RawArray const& array, kernel::Progress& progress);
+
+/// All components at once through one temporary file.
+SharedArray::Components copyComponentsToScratch(RawArray const& array, kernel::Progress& progress);
 
 } // namespace veldraw::app

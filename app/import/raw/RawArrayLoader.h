@@ -11,6 +11,8 @@ namespace veldraw::app {
 ///     that nothing that happens to the file can change them;
 ///   - else the values are read, and converted where need be;
 ///   - where they would take too much of the memory, they are read into a temporary file that is mapped.
+/// Components stand side by side in the file, so that it has to be read as a whole for each of them: those of a small array, and those of
+/// an array of many, come together, the latter through a temporary file.
 class RawArrayLoader : public kernel::ValueLoader
 {
 public:
@@ -25,6 +27,9 @@ public:
     /// Whether the array is mapped and so large that nobody should go through all of it unasked.
     bool isMapped() const override { return m_isHuge; }
 
+    std::string whatIsLost() const override;
+    Array array() const override;
+
     /// Whether load() maps the file, so that it takes neither time nor memory.
     bool maps() const { return canBeMapped(m_array); }
 
@@ -32,10 +37,17 @@ public:
     static bool canBeMapped(RawArray const& array);
 
 private:
+    bool comesAsAWhole() const { return isSmall() || m_array.components > mostReadAlone; }
+    bool isSmall() const;
+    SharedArray::Components loadWhole(kernel::Progress& progress) const;
+
+    static constexpr int mostReadAlone = 16;
+
     RawArray m_array;
     std::shared_ptr<SharedArray> m_whole;
     kernel::ValueRange m_range;
     bool m_isHuge;
+    std::weak_ptr<void> m_mapping; // of the values that were brought last
 };
 
 } // namespace veldraw::app

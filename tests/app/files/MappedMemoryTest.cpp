@@ -5,9 +5,14 @@
 #include "tests/app/support/FileHelpers.h"
 
 #include <filesystem>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace veldraw::tests {
+
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::UnorderedElementsAre;
 
 namespace {
 
@@ -73,12 +78,76 @@ TEST(MappedFile, ReadsAsZerosWhereTheFileHasBeenCutShort)
     TemporaryFolder const folder;
     std::string const path = folder.write("a.raw", std::string(100000, 'x'));
     auto const buffer = mapped(bytesIn(path, 100000));
+    EXPECT_EQ(app::lossAt(buffer->data()), "");
     std::filesystem::resize_file(path, 4096);
-    int const before = app::missingMappedPages();
     EXPECT_EQ(buffer->value(0), static_cast<double>('x'));
     EXPECT_EQ(buffer->value(99999), 0.0);
     EXPECT_EQ(buffer->value(99998), 0.0);
-    EXPECT_EQ(app::missingMappedPages(), before + 1);
+    EXPECT_THAT(app::lossAt(buffer->data()), HasSubstr("another program has cut \"" + path + "\" short"));
+}
+
+TEST(MappedFile, KnowsThatPagesWereMissingAlsoWhenTheFileIsLongAgain)
+{
+    TemporaryFolder const folder;
+    std::string const path = folder.write("a.raw", std::string(100000, 'x'));
+    auto const buffer = mapped(bytesIn(path, 100000));
+    std::filesystem::resize_file(path, 0);
+    EXPECT_EQ(buffer->value(50000), 0.0);
+    folder.write("a.raw", std::string(100000, 'x'));
+    EXPECT_EQ(buffer->value(99999), static_cast<double>('x'));
+    EXPECT_EQ(buffer->value(50000), 0.0) << "though the file has it again";
+    EXPECT_NE(app::lossAt(buffer->data()), "");
+    auto const again = mapped(bytesIn(path, 100000));
+    EXPECT_EQ(app::lossAt(again->data()), "") << "is whole";
+}
+
+// The rest of a page of which the file has a part reads as zeros without a fault.
+TEST(MappedFile, KnowsThatTheEndOfAPageIsMissing)
+{
+    TemporaryFolder const folder;
+    std::string const path = folder.write("a.raw", std::string(8000, 'x'));
+    auto const buffer = mapped(bytesIn(path, 8000));
+    auto const start = mapped(bytesIn(path, 4000));
+    std::filesystem::resize_file(path, 7000);
+    EXPECT_EQ(buffer->value(7500), 0.0);
+    EXPECT_NE(app::lossAt(buffer->data()), "");
+    EXPECT_EQ(app::lossAt(start->data()), "") << "has all of its bytes";
+}
+
+TEST(MappedFile, LosesNothingWhenItIsRemovedOrReplaced)
+{
+    TemporaryFolder const folder;
+    std::string const path = folder.write("a.raw", std::string(8000, 'x'));
+    auto const buffer = mapped(bytesIn(path, 8000));
+    folder.write("b.raw", "short");
+    std::filesystem::rename(folder.path("b.raw"), path);
+    EXPECT_EQ(buffer->value(7999), static_cast<double>('x'));
+    EXPECT_EQ(app::lossAt(buffer->data()), "");
+    std::filesystem::remove(path);
+    EXPECT_EQ(app::lossAt(buffer->data()), "");
+}
+
+TEST(MappedFile, IsToldOnceWhenItWasCutAlsoAfterItsLastUse)
+{
+    TemporaryFolder const folder;
+    std::string const first = folder.write("a.raw", std::string(100000, 'x'));
+    std::string const second = folder.write("b.raw", std::string(100000, 'x'));
+    app::takeCutFiles();
+    auto const buffer = mapped(bytesIn(first, 100000));
+    auto const other = mapped(bytesIn(first, 90000));
+    auto brief = mapped(bytesIn(second, 100000));
+    EXPECT_THAT(app::takeCutFiles(), IsEmpty());
+    std::filesystem::resize_file(first, 0);
+    std::filesystem::resize_file(second, 0);
+    EXPECT_THAT(app::takeCutFiles(), IsEmpty()) << "nobody has looked yet";
+    EXPECT_EQ(brief->value(0), 0.0);
+    brief.reset();
+    EXPECT_EQ(buffer->value(0), 0.0);
+    EXPECT_EQ(other->value(70000), 0.0);
+    EXPECT_THAT(app::takeCutFiles(), UnorderedElementsAre(first, second));
+    EXPECT_EQ(buffer->value(90000), 0.0);
+    EXPECT_THAT(app::takeCutFiles(), IsEmpty());
+    EXPECT_THAT(app::cutFileWarning({first, second}), HasSubstr("\"" + first + "\", \"" + second + "\""));
 }
 
 TEST(MappedFile, RefusesAFileThatIsTooShortOrNotTheOneThatWasLookedAt)

@@ -561,7 +561,7 @@ TEST_F(DataSpreadsheetPropertiesManagerTest, TellsAtIdleWhyDimensionsCannotBeHad
         stage.session().perform(kernel::EnableZone(stage.dataSet(), zone, false));
     IdleDispatcher::flush();
     EXPECT_THAT(messages.take(), ElementsAre("error: Failed to load zone metrics."));
-    EXPECT_EQ(messages.details(), "The file has gone.");
+    EXPECT_EQ(messages.details(), "The size of zone \"later\" cannot be loaded: The file has gone.");
 }
 
 TEST_F(DataSpreadsheetPropertiesManagerTest, TellsNothingAtIdleWhenTheUserStoppedTheLoadingOfDimensions)

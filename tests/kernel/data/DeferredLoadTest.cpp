@@ -464,7 +464,7 @@ TEST_F(LoadOnDemand, ChangesNothingWhenOneLoaderFails)
     recorder.take();
     x2->before = [](Progress&) { throw std::runtime_error("The file has gone."); };
     expectRefused([&] { return available({1, 2}, {1}); });
-    EXPECT_EQ(session.lastError(), "The file has gone.");
+    EXPECT_EQ(session.lastError(), "\"X\" of zone \"upper\" cannot be loaded: The file has gone.");
     EXPECT_FALSE(field(1, 1).isLoaded());
     unloadSpare();
     EXPECT_TRUE(field(1, 4).isLoaded()) << "is wanted as it was";
@@ -607,7 +607,8 @@ TEST_F(LoadOnDemand, FailsWithAReasonWhateverALoaderThrows)
         EXPECT_EQ(reasonOf([](Progress&) { throw std::bad_alloc(); }), "Out of memory.");
         EXPECT_EQ(reasonOf([](Progress&) { throw 17; }), "The operation failed.");
         EXPECT_EQ(reasonOf([](Progress&) { throw Interrupted(); }), "The operation was cancelled.");
-        EXPECT_EQ(reasonOf([](Progress&) { throw std::runtime_error("The disk has gone."); }), "The disk has gone.");
+        EXPECT_EQ(reasonOf([](Progress&) { throw std::runtime_error("\"/a.raw\" has gone"); }),
+                  "\"X\" of zone \"lower\" cannot be loaded: \"/a.raw\" has gone.");
         x1->before = nullptr;
         EXPECT_TRUE(available({1}, {1})) << "another time";
         EXPECT_TRUE(available({1}, {}));

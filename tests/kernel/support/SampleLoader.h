@@ -22,6 +22,7 @@ public:
     kernel::ValueRange range() const override { return knownRange; }
     bool isMapped() const override { return mapped; }
     bool canLoad() const override { return isThere; }
+    std::string whatIsLost() const override { return loss; }
     Array array() const override { return wholeArray; }
 
     /// A field whose values this loader brings.
@@ -30,6 +31,7 @@ public:
     int loads = 0;
     bool mapped = false;
     bool isThere = true;
+    std::string loss;
     Array wholeArray;
     kernel::ValueRange knownRange;
     std::function<void(kernel::Progress&)> before; ///< may throw

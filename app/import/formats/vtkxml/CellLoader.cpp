@@ -17,9 +17,11 @@ CellLoader::CellLoader(DeferredCells cells, ZoneType_e wanted)
 kernel::ZoneDimensions CellLoader::load(kernel::Progress& progress)
 {
     m_cells.file.checkUnchanged();
-    auto const grid = readVtkCells(m_cells.file.path(), progress);
-    auto* const mesh = vtkDataSet::SafeDownCast(grid);
-    ImportedCells const cells = mesh ? importCells(*mesh, m_cells.points, m_wanted) : ImportedCells();
+    ImportedCells const cells = namingFile(m_cells.file.path(), [&] {
+        auto const grid = readVtkCells(m_cells.file.path(), progress);
+        auto* const mesh = vtkDataSet::SafeDownCast(grid);
+        return mesh ? importCells(*mesh, m_cells.points, m_wanted) : ImportedCells();
+    });
     bool const isAsAnnounced = cells.connectivity && cells.sameCells && cells.zoneType == m_zoneType &&
                                cells.connectivity->cellCount == m_cells.count;
     if (!isAsAnnounced || FileStamp(m_cells.file.path()).differsFrom(m_cells.file))

@@ -1,5 +1,7 @@
 #include "app/import/formats/vtkxml/DeferredArray.h"
 
+#include "app/files/ImportError.h"
+
 namespace veldraw::app {
 
 namespace {
@@ -16,7 +18,11 @@ public:
 
     std::shared_ptr<kernel::Buffer> load(kernel::Progress& progress) override
     {
-        return m_arrange(*m_source->load(progress));
+        auto const values = m_source->load(progress);
+        auto arranged = m_arrange(*values);
+        if (std::string const loss = m_source->whatIsLost(); !loss.empty())
+            throw ImportError(loss);
+        return arranged;
     }
 
     kernel::ValueRange range() const override { return m_source->range(); }

@@ -67,8 +67,10 @@ vtkSmartPointer<vtkXMLReader> xmlReader(std::string const& extension)
 
 void throwOnError(VtkErrorCapture const& errors)
 {
+    std::string const reason = errors.firstError();
     if (errors.hasErrors())
-        throw ImportError("it is damaged, incomplete or of another kind (" + errors.firstError() + ")");
+        throw ImportError("it is damaged, incomplete or of another kind" +
+                          (reason.empty() ? reason : " (" + reason + ")"));
 }
 
 vtkSmartPointer<ProgressObserver> observe(vtkAlgorithm& reader, kernel::Progress& progress)

@@ -50,7 +50,9 @@ kernel::ValueLoader::Array XmlArrayLoader::array() const
 
 SharedArray::Components XmlArrayLoader::read(kernel::Progress& progress) const
 {
-    auto const grid = readVtkArray(m_place.file.path(), m_place.extension, m_place.section, m_place.name, progress);
+    auto const grid = namingFile(m_place.file.path(), [&] {
+        return readVtkArray(m_place.file.path(), m_place.extension, m_place.section, m_place.name, progress);
+    });
     vtkDataArray* const array = arrayIn(grid);
     bool const fits =
         array && array->GetNumberOfTuples() == m_tuples && array->GetNumberOfComponents() > m_place.component;

@@ -31,7 +31,7 @@ BatchRun::BatchRun(kernel::Session& session, QTextStream& out, QTextStream& err)
 
 int BatchRun::run(CommandLineOptions const& options)
 {
-    QStringList const opened = openFiles(options.files, options.deferral);
+    QStringList const opened = openFiles(options);
     if (opened.isEmpty() || !deleteVariables(options.variablesToDelete))
         return 1;
     if (options.info && !printInfo(opened))
@@ -57,13 +57,14 @@ bool BatchRun::fail(QString const& reason)
 }
 
 // Returns those that could be opened.
-QStringList BatchRun::openFiles(QStringList const& files, Deferral deferral)
+QStringList BatchRun::openFiles(CommandLineOptions const& options)
 {
     QStringList opened;
     std::vector<std::shared_ptr<kernel::Frame>> frames;
-    for (QString const& file : files) {
+    for (QString const& file : options.files) {
         try {
-            ImportResult const result = importFile(file, deferral);
+            kernel::Progress unwatched;
+            ImportResult const result = importFile(file, options.deferral, unwatched, options.outsidePaths);
             auto const frame =
                 std::make_shared<kernel::Frame>(QFileInfo(file).completeBaseName().toStdString(), kernel::Rectangle{});
             frame->dataSet = result.dataSet;
@@ -71,6 +72,8 @@ QStringList BatchRun::openFiles(QStringList const& files, Deferral deferral)
             opened.push_back(file);
             for (std::string const& remark : result.remarks)
                 m_err << QStringLiteral("veldraw: %1: %2\n").arg(file, QString::fromStdString(remark));
+        } catch (OutsidePathsError const& error) {
+            fail(QString::fromStdString(error.what()) + QStringLiteral(" They are read with --follow-paths."));
         } catch (std::exception const& error) {
             fail(QString::fromStdString(error.what()));
         }

@@ -20,7 +20,7 @@ public:
     int run(CommandLineOptions const& options);
 
 private:
-    QStringList openFiles(QStringList const& files, Deferral deferral);
+    QStringList openFiles(CommandLineOptions const& options);
     bool deleteVariables(QStringList const& names);
     bool printInfo(QStringList const& files);
     bool exportTo(QString const& file);

@@ -13,6 +13,7 @@ QString const exportName = QStringLiteral("export");
 QString const deleteName = QStringLiteral("delete-variable");
 QString const pictureName = QStringLiteral("picture");
 QString const deferName = QStringLiteral("defer");
+QString const followName = QStringLiteral("follow-paths");
 QString const infoName = QStringLiteral("info");
 QString const helpName = QStringLiteral("help");
 QString const versionName = QStringLiteral("version");
@@ -23,6 +24,7 @@ void declareOptions(QCommandLineParser& parser)
     parser.addOption({deleteName, QString(), QStringLiteral("NAME")});
     parser.addOption({pictureName, QString(), QStringLiteral("PNG")});
     parser.addOption({deferName, QString(), QStringLiteral("WHEN")});
+    parser.addOption(QCommandLineOption(followName));
     parser.addOption(QCommandLineOption(infoName));
     parser.addOption(QCommandLineOption(QStringList{QStringLiteral("h"), helpName}));
     parser.addOption(QCommandLineOption(QStringList{QStringLiteral("v"), versionName}));
@@ -78,6 +80,7 @@ CommandLineOptions CommandLineOptions::parse(QStringList const& arguments)
     options.variablesToDelete = parser.values(deleteName);
     options.exportFile = parser.value(exportName);
     options.pictureFile = parser.value(pictureName);
+    options.outsidePaths = parser.isSet(followName) ? OutsidePaths::Follow : OutsidePaths::Refuse;
     options.info = parser.isSet(infoName);
     options.help = parser.isSet(helpName);
     options.version = parser.isSet(versionName);
@@ -100,6 +103,9 @@ QString CommandLineOptions::helpText()
         "  --defer WHEN             load values at once or when they are asked for: auto (as long as they take little "
         "of\n"
         "                           the free memory; the default), always, never\n"
+        "  --follow-paths           read the files that a .vtm or .mhd names outside of its folder too; without it the "
+        "window\n"
+        "                           asks, and the actions refuse such a file\n"
         "  -h, --help               print this text\n"
         "  -v, --version            print the version\n"
         "\n"

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/files/NamedFiles.h"
 #include "app/import/reading/Deferral.h"
 
 #include <QString>
@@ -15,6 +16,7 @@ struct CommandLineOptions
     QString exportFile;            ///< empty: no export
     QString pictureFile;           ///< empty: no picture
     Deferral deferral = Deferral::Auto;
+    OutsidePaths outsidePaths = OutsidePaths::Refuse; ///< refused, or asked about where there is a window
     bool info = false;
     bool help = false;
     bool version = false;

@@ -27,18 +27,19 @@ void tellCutFiles()
 
 } // namespace
 
-int runInteractively(QApplication& application, QStringList const& files, Deferral deferral)
+int runInteractively(QApplication& application, CommandLineOptions const& options)
 {
-    auto const reader = [deferral](QString const& path, kernel::Progress& progress) {
-        return importFile(path, deferral, progress);
+    auto const reader = [&options](QString const& path, OutsidePaths outsidePaths, kernel::Progress& progress) {
+        bool const follows = options.outsidePaths == OutsidePaths::Follow;
+        return importFile(path, options.deferral, progress, follows ? OutsidePaths::Follow : outsidePaths);
     };
     MainWindow window(kernel::Session::instance(), CentralView::ofPage(kernel::Session::instance()), reader);
     window.show();
     QTimer looks;
     QObject::connect(&looks, &QTimer::timeout, &window, [] { tellCutFiles(); });
     looks.start(pauseBetweenLooks);
-    if (!files.isEmpty())
-        QTimer::singleShot(0, &window, [&] { window.openFiles(files, DocumentController::Place::FreshPage); });
+    if (!options.files.isEmpty())
+        QTimer::singleShot(0, &window, [&] { window.openFiles(options.files, DocumentController::Place::FreshPage); });
     return application.exec();
 }
 

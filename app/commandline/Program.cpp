@@ -137,7 +137,7 @@ int runProgram(int argc, char** argv)
     if (!options.error.isEmpty())
         return refuse(err, options);
     int const status = options.isBatch() ? BatchRun(kernel::Session::instance(), out, err).run(options)
-                                         : runInteractively(application, options.files, options.deferral);
+                                         : runInteractively(application, options);
     host::KernelBridge::shutDown();
     return status;
 }

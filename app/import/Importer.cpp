@@ -1,11 +1,16 @@
 #include "app/import/Importer.h"
 
 #include "app/files/PathChecks.h"
+#include "app/files/PlainText.h"
+#include "app/files/SystemReason.h"
 #include "app/import/ReadableFormats.h"
 #include "app/import/zones/DataSetOfZones.h"
 
+#include <algorithm>
 #include <filesystem>
+#include <ios>
 #include <new>
+#include <stdexcept>
 #include <unordered_set>
 
 namespace veldraw::app {
@@ -30,7 +35,7 @@ kernel::LoaderInstructions instructionsOf(std::string const& loader, std::string
     std::unordered_set<std::string> known{path};
     for (FileStamp const& file : watch.files()) {
         if (known.insert(file.path()).second)
-            others.push_back(std::filesystem::absolute(file.path()).string());
+            others.push_back(asUtf8(std::filesystem::absolute(file.path()).string()));
     }
     kernel::LoaderInstructions result{loader, {"FILENAME_", std::filesystem::absolute(path).string()}};
     if (others.empty())
@@ -40,7 +45,7 @@ kernel::LoaderInstructions instructionsOf(std::string const& loader, std::string
     return result;
 }
 
-ImportResult import(std::string const& path, Deferral deferral, kernel::Progress& progress)
+ImportResult import(std::string const& path, Deferral deferral, kernel::Progress& progress, OutsidePaths outsidePaths)
 {
     checkReadable(path);
     ReadableFormat const& format = formatOf(path);
@@ -49,7 +54,9 @@ ImportResult import(std::string const& path, Deferral deferral, kernel::Progress
     LoadingPlan plan(deferral);
     progress.setTotal(progressSteps);
     ImportResult result;
-    auto zones = format.makeReader()->read(path, {baseNameOf(path), watch, plan, progress, result.remarks});
+    auto zones =
+        format.makeReader()->read(path, {baseNameOf(path), watch, plan, progress, result.remarks, outsidePaths});
+    std::transform(result.remarks.begin(), result.remarks.end(), result.remarks.begin(), asUtf8);
     watch.check();
     if (zones.empty())
         throw ImportError("it has no points");
@@ -60,15 +67,23 @@ ImportResult import(std::string const& path, Deferral deferral, kernel::Progress
 
 } // namespace
 
-ImportResult importFile(QString const& path, Deferral deferral, kernel::Progress& progress)
+ImportResult importFile(QString const& path, Deferral deferral, kernel::Progress& progress, OutsidePaths outsidePaths)
 {
     std::string const name = path.toStdString();
     std::string const start = "Cannot open \"" + name + "\": ";
     try {
-        return import(name, deferral, progress);
+        return import(name, deferral, progress, outsidePaths);
+    } catch (OutsidePathsError const& error) {
+        throw OutsidePathsError(start + asUtf8(error.what()) + ".", error.paths());
     } catch (ImportError const& error) {
-        throw ImportError(start + error.what() + ".");
+        throw ImportError(start + asUtf8(error.what()) + ".");
+    } catch (std::filesystem::filesystem_error const& error) {
+        throw ImportError(start + systemReason(error.code().value()) + ".");
+    } catch (std::ios_base::failure const&) { // of a stream's buffer
+        throw ImportError(start + "reading it failed.");
     } catch (std::bad_alloc const&) {
+        throw ImportError(start + "there is not enough memory for it.");
+    } catch (std::length_error const&) {
         throw ImportError(start + "there is not enough memory for it.");
     }
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/files/ImportError.h"
+#include "app/files/NamedFiles.h"
 #include "app/import/reading/Deferral.h"
 #include "kernel/base/Progress.h"
 #include "kernel/data/DataSet.h"
@@ -26,9 +27,11 @@ struct ImportResult
 /// @param path     a file that exists
 /// @param deferral which values are loaded at once, where the format allows to load them later
 /// @param progress gets a total
+/// @param outsidePaths what becomes of other files that the file names outside of its folder
 /// @throws ImportError the file cannot be read, is damaged, has no points, or changed while it was read
-/// @throws kernel::Interrupted
-ImportResult importFile(QString const& path, Deferral deferral, kernel::Progress& progress);
+/// @throws OutsidePathsError, kernel::Interrupted
+ImportResult importFile(QString const& path, Deferral deferral, kernel::Progress& progress,
+                        OutsidePaths outsidePaths = OutsidePaths::Refuse);
 
 /// The same when nobody watches.
 ImportResult importFile(QString const& path, Deferral deferral = Deferral::Auto);

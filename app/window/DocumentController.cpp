@@ -1,6 +1,7 @@
 #include "app/window/DocumentController.h"
 
 #include "app/export/Exporter.h"
+#include "app/window/OutsidePathsQuestion.h"
 #include "app/window/PictureFile.h"
 #include "host/MessageLog.h"
 #include "host/MessagePresenter.h"
@@ -102,7 +103,7 @@ bool DocumentController::open(QStringList const& paths, Place place)
 }
 
 // Runs as a long operation of the session, with a progress window; nothing else can change meanwhile.
-ImportResult DocumentController::read(QString const& path)
+ImportResult DocumentController::read(QString const& path, OutsidePaths outsidePaths)
 {
     sdk::AppLock const lock(sdk::AppLock::DoNotRecord);
     sdk::WaitState const busy;
@@ -111,8 +112,22 @@ ImportResult DocumentController::read(QString const& path)
     auto const end = qScopeGuard([this] { Q_EMIT opening({}); });
     ImportResult result;
     m_session.runOperation("Open " + name.toStdString(),
-                           [&](kernel::Progress& progress) { result = m_reader(path, progress); });
+                           [&](kernel::Progress& progress) { result = m_reader(path, outsidePaths, progress); });
     return result;
+}
+
+// None when the user does not want the files that this one names elsewhere.
+std::optional<ImportResult> DocumentController::readAsking(QString const& path)
+{
+    try {
+        return read(path, OutsidePaths::Refuse);
+    } catch (OutsidePathsError const& error) {
+        if (!mayFollow(m_window, path, error.paths())) {
+            Q_EMIT told(QStringLiteral("%1 was not opened.").arg(QFileInfo(path).fileName()));
+            return std::nullopt;
+        }
+    }
+    return read(path, OutsidePaths::Follow);
 }
 
 std::vector<DocumentController::Opened> DocumentController::readAll(QStringList const& paths)
@@ -121,12 +136,14 @@ std::vector<DocumentController::Opened> DocumentController::readAll(QStringList 
     QStringList errors;
     for (QString const& path : paths) {
         try {
-            ImportResult const result = read(path);
+            std::optional<ImportResult> const result = readAsking(path);
+            if (!result)
+                continue;
             auto const frame =
                 std::make_shared<kernel::Frame>(QFileInfo(path).completeBaseName().toStdString(), kernel::Rectangle{});
-            frame->dataSet = result.dataSet;
+            frame->dataSet = result->dataSet;
             opened.push_back({path, frame});
-            takeDown(path, result.remarks);
+            takeDown(path, result->remarks);
         } catch (kernel::Interrupted const&) {
             Q_EMIT told(QStringLiteral("Opening was cancelled."));
             opened.clear();

@@ -9,6 +9,7 @@
 
 #include <functional>
 #include <map>
+#include <optional>
 
 class QWidget;
 
@@ -21,7 +22,8 @@ class DocumentController : public QObject
 
 public:
     /// Reads a file. In the program it is importFile(), with its exceptions.
-    using FileReader = std::function<ImportResult(QString const& path, kernel::Progress& progress)>;
+    using FileReader =
+        std::function<ImportResult(QString const& path, OutsidePaths outsidePaths, kernel::Progress& progress)>;
 
     enum class Place
     {
@@ -34,7 +36,8 @@ public:
     ~DocumentController() override;
 
     /// Opens files. Files that cannot be read are told in one message and change nothing; on a fresh page, what was open stays
-    /// when no file at all can be read. A cancel opens none of them. New frames are one step of the history.
+    /// when no file at all can be read. A cancel opens none of them. A file that names others outside of its folder is opened when the user
+    /// says so. New frames are one step of the history.
     /// @return false when nothing was opened
     bool open(QStringList const& paths, Place place);
 
@@ -77,7 +80,8 @@ private:
         std::shared_ptr<kernel::Frame> frame;
     };
 
-    ImportResult read(QString const& path);
+    ImportResult read(QString const& path, OutsidePaths outsidePaths);
+    std::optional<ImportResult> readAsking(QString const& path);
     std::vector<Opened> readAll(QStringList const& paths);
     bool put(std::vector<Opened> const& opened, Place place);
     void putOnFreshPage(std::vector<Opened> const& opened);

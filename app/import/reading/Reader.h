@@ -2,6 +2,7 @@
 
 #include "app/files/FileStamp.h"
 #include "app/files/ImportError.h"
+#include "app/files/NamedFiles.h"
 #include "app/import/reading/LoadingPlan.h"
 #include "app/import/zones/ImportedZone.h"
 #include "kernel/base/Progress.h"
@@ -19,6 +20,7 @@ struct ImportContext
     LoadingPlan& plan;          ///< decides which values are loaded at once
     kernel::Progress& progress; ///< has a total, which is the whole import's
     std::vector<std::string>& remarks; ///< take sentences for the user: what was converted, left out and the like
+    OutsidePaths outsidePaths = OutsidePaths::Refuse; ///< for names of other files that stand in the file
 };
 
 /// Reads the files of one format.

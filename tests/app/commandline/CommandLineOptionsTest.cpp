@@ -53,6 +53,15 @@ TEST(CommandLineOptions, OnlyOneFileCanBeChangedOrSaved)
     EXPECT_TRUE(parse(files + QStringList{QStringLiteral("--info")}).error.isEmpty());
 }
 
+TEST(CommandLineOptions, PathsOutOfAFilesFolderAreFollowedOnlyWhereItSaysSo)
+{
+    EXPECT_EQ(app::OutsidePaths::Refuse, parse({QStringLiteral("a.vtm")}).outsidePaths);
+    auto const options = parse({QStringLiteral("--follow-paths"), QStringLiteral("a.vtm")});
+    EXPECT_EQ(app::OutsidePaths::Follow, options.outsidePaths);
+    EXPECT_EQ(QStringList{QStringLiteral("a.vtm")}, options.files);
+    EXPECT_FALSE(options.isBatch()) << "holds for the window too";
+}
+
 TEST(CommandLineOptions, AfterTwoDashesEverythingIsAFile)
 {
     auto const options = parse({QStringLiteral("--"), QStringLiteral("--info")});

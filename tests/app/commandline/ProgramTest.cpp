@@ -76,7 +76,8 @@ TEST_F(ProgramTest, HelpTellsEveryOption)
 {
     Outcome const outcome = run({QStringLiteral("--help")});
     EXPECT_EQ(0, outcome.status);
-    for (char const* option : {"--export", "--delete-variable", "--picture", "--info", "--version", "--help"})
+    for (char const* option :
+         {"--export", "--delete-variable", "--picture", "--info", "--defer", "--follow-paths", "--version", "--help"})
         EXPECT_TRUE(contains(outcome.out, option)) << option;
     EXPECT_EQ("", outcome.err);
 }
@@ -116,6 +117,24 @@ TEST_F(ProgramTest, InfoCountsWhatIsHiddenAndLeavesItOutOfTheRanges)
     EXPECT_EQ(0, outcome.status) << outcome.err;
     EXPECT_TRUE(contains(outcome.out, "9 points, 4 cells (hidden: 2 points, 2 cells)\n")) << outcome.out;
     EXPECT_TRUE(contains(outcome.out, "p  nodal float, 0.1 to 0.7\n")) << outcome.out;
+}
+
+TEST_F(ProgramTest, FilesElsewhereAreReadOnlyWhenTheCommandLineSaysSo)
+{
+    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("inner")));
+    QString const values = writeFile(QStringLiteral("outer.raw"), QByteArray("\1\2\3", 3));
+    QString const file = writeFile(QStringLiteral("inner/image.mhd"), "ObjectType = Image\nNDims = 1\nDimSize = 3\n"
+                                                                      "ElementType = MET_UCHAR\nElementDataFile = "
+                                                                      "../outer.raw\n");
+    Outcome const refused = run({file, QStringLiteral("--info")});
+    EXPECT_EQ(1, refused.status);
+    EXPECT_EQ("", refused.out);
+    EXPECT_EQ("veldraw: Cannot open \"" + file.toStdString() + "\": it names files outside of its folder: \"" +
+                  values.toStdString() + "\". They are read with --follow-paths.\n",
+              refused.err);
+    Outcome const followed = run({QStringLiteral("--follow-paths"), file, QStringLiteral("--info")});
+    EXPECT_EQ(0, followed.status) << followed.err;
+    EXPECT_TRUE(contains(followed.out, "Value  nodal byte, 1 to 3\n")) << followed.out;
 }
 
 TEST_F(ProgramTest, InfoTakesSeveralFiles)

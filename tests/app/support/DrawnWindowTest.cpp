@@ -13,8 +13,9 @@ namespace veldraw::tests {
 
 app::DocumentController::FileReader DrawnWindowTest::makeReader()
 {
-    return
-        [this](QString const& path, kernel::Progress& progress) { return app::importFile(path, deferral, progress); };
+    return [this](QString const& path, app::OutsidePaths outsidePaths, kernel::Progress& progress) {
+        return app::importFile(path, deferral, progress, outsidePaths);
+    };
 }
 
 QString DrawnWindowTest::openSample(char const* name, void (*write)(std::string const& path))

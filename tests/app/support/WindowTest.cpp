@@ -115,8 +115,8 @@ app::CentralView WindowTest::makeView()
 
 app::DocumentController::FileReader WindowTest::makeReader()
 {
-    return [](QString const& path, kernel::Progress& progress) {
-        return app::importFile(path, app::Deferral::Auto, progress);
+    return [](QString const& path, app::OutsidePaths outsidePaths, kernel::Progress& progress) {
+        return app::importFile(path, app::Deferral::Auto, progress, outsidePaths);
     };
 }
 

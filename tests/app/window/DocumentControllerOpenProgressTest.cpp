@@ -32,7 +32,7 @@ protected:
 
     app::DocumentController::FileReader makeReader() override
     {
-        return [this](QString const& path, kernel::Progress& progress) {
+        return [this](QString const& path, app::OutsidePaths, kernel::Progress& progress) {
             readPath = path;
             depthWhileReading = sdk::AppLock::depth();
             return reader(progress);

@@ -7,7 +7,6 @@
 #include "app/import/zones/ImportedZone.h"
 
 #include <algorithm>
-#include <filesystem>
 
 namespace veldraw::app {
 
@@ -33,7 +32,7 @@ double bytesToLoad(MetaImageHeader const& header, bool mapped, bool computes)
 std::vector<ImportedZone> MetaImageReader::read(std::string const& path, ImportContext const& context)
 {
     m_header = MetaImageHeader::read(path);
-    std::string const dataFile = dataFileOf(path);
+    std::string const dataFile = dataFileOf(path, context.outsidePaths);
     context.watch.add(dataFile);
     FileStamp const file(dataFile);
     std::int64_t const offset = offsetIn(dataFile, file.size());
@@ -48,13 +47,12 @@ std::vector<ImportedZone> MetaImageReader::read(std::string const& path, ImportC
     return {std::move(result)};
 }
 
-std::string MetaImageReader::dataFileOf(std::string const& path) const
+std::string MetaImageReader::dataFileOf(std::string const& path, OutsidePaths outsidePaths) const
 {
     if (m_header.dataFile == "LOCAL")
         return path;
-    std::filesystem::path const name(m_header.dataFile);
-    std::string const file =
-        name.is_absolute() ? name.string() : (std::filesystem::path(path).parent_path() / name).string();
+    requireInside(path, {m_header.dataFile}, outsidePaths);
+    std::string const file = namedFile(path, m_header.dataFile);
     try {
         checkReadable(file);
     } catch (ImportError const& error) {

@@ -15,7 +15,7 @@ public:
     std::vector<ImportedZone> read(std::string const& path, ImportContext const& context) override;
 
 private:
-    std::string dataFileOf(std::string const& path) const;
+    std::string dataFileOf(std::string const& path, OutsidePaths outsidePaths) const;
     std::int64_t offsetIn(std::string const& dataFile, std::int64_t size) const;
     void addCoordinates(ImportedZone& zone, ImportContext const& context) const;
     void addValues(ImportedZone& zone, FileStamp const& file, std::int64_t offset, ImportContext const& context) const;

@@ -11,7 +11,6 @@
 #include <vtkInformation.h>
 #include <vtkMultiBlockDataSet.h>
 
-#include <filesystem>
 #include <fstream>
 #include <iterator>
 
@@ -79,7 +78,6 @@ MultiBlockFile multiBlockFile(std::string const& path)
 {
     std::ifstream file(path, std::ios::binary);
     std::string const content{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    auto const folder = std::filesystem::path(path).parent_path();
     QXmlStreamReader xml(QByteArray::fromRawData(content.data(), static_cast<int>(content.size())));
     if (!xml.readNextStartElement() || xml.name() != QLatin1String("VTKFile") ||
         attribute(xml, "type") != QLatin1String("vtkMultiBlockDataSet"))
@@ -100,7 +98,7 @@ MultiBlockFile multiBlockFile(std::string const& path)
             for (int n = names.size(); name.isEmpty() && n > 0; --n)
                 name = names[n - 1];
             if (!piece.empty())
-                result.pieces.push_back({(folder / piece).string(), piece, name.toStdString()});
+                result.pieces.push_back({namedFile(path, piece), piece, name.toStdString()});
         } else if (xml.isStartElement() && xml.name().endsWith(QLatin1String("Array"))) {
             result.hasFieldData = true;
         }
@@ -109,6 +107,14 @@ MultiBlockFile multiBlockFile(std::string const& path)
         throw ImportError("it is damaged or incomplete (" + xml.errorString().toStdString() + ", line " +
                           std::to_string(xml.lineNumber()) + ")");
     return result;
+}
+
+std::vector<std::string> namesOf(std::vector<MultiBlockPiece> const& pieces)
+{
+    std::vector<std::string> names;
+    for (MultiBlockPiece const& piece : pieces)
+        names.push_back(piece.file);
+    return names;
 }
 
 void checkPiece(std::string const& path)
@@ -160,6 +166,7 @@ void addNotesOnDataSet(std::string const& path, ImportContext const& context, Im
 void readPieces(std::string const& path, ImportContext const& context, std::vector<ImportedZone>& zones)
 {
     auto const [pieces, hasFieldData] = multiBlockFile(path);
+    requireInside(path, namesOf(pieces), context.outsidePaths);
     planFor(pieces, context.plan);
     for (std::size_t n = 0; n < pieces.size(); ++n) {
         MultiBlockPiece const& piece = pieces[n];

@@ -1,0 +1,39 @@
+#include "app/window/OutsidePathsQuestion.h"
+
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include <algorithm>
+
+namespace veldraw::app {
+
+namespace {
+
+constexpr std::size_t mostShown = 10;
+
+QString linesOf(std::vector<std::string> const& paths)
+{
+    QString lines;
+    for (std::size_t n = 0; n < std::min(paths.size(), mostShown); ++n)
+        lines += QString::fromStdString(paths[n]) + QLatin1Char('\n');
+    return paths.size() > mostShown ? lines + QStringLiteral("and %1 more\n").arg(paths.size() - mostShown) : lines;
+}
+
+} // namespace
+
+bool mayFollow(QWidget& window, QString const& path, std::vector<std::string> const& outside)
+{
+    QMessageBox box(QMessageBox::Warning, QStringLiteral("Files Elsewhere"),
+                    QStringLiteral("%1 names files outside of its folder.").arg(QFileInfo(path).fileName()),
+                    QMessageBox::Open | QMessageBox::Cancel, &window);
+    box.setObjectName(QStringLiteral("outsidePathsQuestion"));
+    box.setTextFormat(Qt::PlainText); // names are no markup
+    box.setInformativeText(linesOf(outside) +
+                           QStringLiteral("\nRead them too? Do so if you know where the file comes from."));
+    box.button(QMessageBox::Open)->setText(QStringLiteral("&Read Them"));
+    box.setDefaultButton(QMessageBox::Cancel);
+    return box.exec() == QMessageBox::Open;
+}
+
+} // namespace veldraw::app

@@ -256,6 +256,8 @@ void XmlHeaderCheck::checkLength(std::int64_t position, bool isBase64, double by
 void XmlHeaderCheck::checkBlocks(XmlArrayPrefix const& prefix, std::string const& name)
 {
     auto const [first, bytesOfBlock, bytesOfLast] = prefix.numbers;
+    if (first > 0.0 && bytesOfBlock == 0.0) // VTK's reader divides by it
+        throw ImportError("it is damaged: the compressed values of \"" + name + "\" are in blocks of no bytes");
     m_size.addStored(first * mostCompression, 0.0, "blocks of \"" + name + "\"");
     m_size.addStored(std::max(first, 1.0) * bytesOfBlock, 1.0, "bytes of \"" + name + "\"");
     m_size.addStored(bytesOfLast, 0.0, "bytes of \"" + name + "\"");

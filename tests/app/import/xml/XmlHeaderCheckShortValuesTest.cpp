@@ -173,6 +173,16 @@ TEST(ShortValues, AppendedAsTheyAreEndBeforeTheirTagDoes)
     }
 }
 
+// VTK's reader divides by the size of a block, which ended the program.
+TEST(ShortValues, InBlocksOfNoBytesAreRefused)
+{
+    TemporaryFolder const folder;
+    std::string const blocks = encoded(rawBytesOf(1U) + rawBytesOf(0U) + rawBytesOf(0U) + rawBytesOf(8U));
+    std::string file = inlineRowWith(3, blocks + encoded("12345678"));
+    file.insert(file.find(" header_type"), " compressor=\"vtkZLibDataCompressor\"");
+    EXPECT_THAT(problemAtAnyTime(folder.write("a.vti", file)), HasSubstr("\"v\" are in blocks of no bytes"));
+}
+
 TEST(ShortValues, AreMissingWhereNothingIsAppended)
 {
     TemporaryFolder const folder;

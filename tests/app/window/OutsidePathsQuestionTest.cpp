@@ -39,7 +39,9 @@ protected:
                 return;
             look.stop();
             ++questions;
-            text = box->text() + QLatin1Char('\n') + box->informativeText();
+            text = box->text();
+            EXPECT_EQ(Qt::PlainText, box->textFormat()) << "names are no markup";
+            EXPECT_EQ(QString(), box->informativeText()) << "which would be markup";
             if (key == Qt::Key_R)
                 QTest::keyClick(box, key, Qt::AltModifier);
             else
@@ -65,7 +67,7 @@ TEST_F(OutsidePathsQuestionTest, ShowsWhereTheNamesLeadAndOpensNothingByItself)
     answer(Qt::Key_Return);
     EXPECT_FALSE(window->openFiles({header}, Place::FreshPage)) << "the default is the careful answer";
     EXPECT_EQ(1, questions);
-    EXPECT_TRUE(text.startsWith(QStringLiteral("image.mhd names files outside of its folder."))) << text.toStdString();
+    EXPECT_TRUE(text.startsWith(QStringLiteral("image.mhd names files outside of its folder:"))) << text.toStdString();
     EXPECT_TRUE(text.contains(values)) << text.toStdString();
     EXPECT_EQ(before, session.activeDataSet());
     EXPECT_TRUE(messages.empty()) << "the user knows what was chosen";
@@ -98,6 +100,14 @@ TEST_F(OutsidePathsQuestionTest, LeavesTheOtherFilesOfALotAlone)
     ASSERT_EQ(1u, session.activePage()->frames.size());
     EXPECT_EQ("a", session.activeFrame()->name);
     EXPECT_TRUE(messages.empty());
+}
+
+TEST_F(OutsidePathsQuestionTest, ShowsWhatCouldHideANameAsWhatItIs)
+{
+    showWindow();
+    answer(Qt::Key_Escape);
+    EXPECT_FALSE(app::mayFollow(*window, header, {"/a\nb\u202ec\u00e4\U0001F600"}));
+    EXPECT_TRUE(text.contains(QString::fromUtf8("/a\ufffdb\ufffdc\u00e4\U0001F600\n"))) << text.toStdString();
 }
 
 TEST_F(OutsidePathsQuestionTest, ShowsTenOfMany)

@@ -7,7 +7,6 @@
 #include <cerrno>
 #include <cstdlib>
 #include <fcntl.h>
-#include <filesystem>
 #include <unistd.h>
 
 namespace veldraw::app {
@@ -72,19 +71,6 @@ void ScratchFile::fail(int error) const
 {
     throw ImportError("no temporary file of " + std::to_string(m_bytes) + " bytes can be made in \"" + m_folder +
                       "\": " + (error == ENOENT ? "there is no such folder" : systemReason(error)));
-}
-
-ScratchFolder::ScratchFolder()
-    : m_path((std::filesystem::temp_directory_path() / "veldraw-XXXXXX").string())
-{
-    if (!::mkdtemp(&m_path[0]))
-        throw ImportError(std::string("no temporary folder can be made: ") + systemReason(errno));
-}
-
-ScratchFolder::~ScratchFolder()
-{
-    std::error_code ignored;
-    std::filesystem::remove_all(m_path, ignored);
 }
 
 } // namespace veldraw::app

@@ -26,14 +26,20 @@ vtkSmartPointer<vtkDataArray> WrappedMemory::wrap(int vtkType, void const* memor
                                                   std::shared_ptr<void const> keeper)
 {
     auto array = vtkSmartPointer<vtkDataArray>::Take(vtkDataArray::CreateDataArray(vtkType));
-    array->SetNumberOfComponents(components);
+    setUp(*array, memory, values, components, std::move(keeper));
+    return array;
+}
+
+void WrappedMemory::setUp(vtkDataArray& array, void const* memory, std::int64_t values, int components,
+                          std::shared_ptr<void const> keeper)
+{
+    array.SetNumberOfComponents(components);
     if (values == 0)
-        return array;
+        return;
     keep(memory, std::move(keeper));
     // The wrapped memory is immutable by agreement: nothing of ours writes through a VTK array that it has not made.
-    array->SetVoidArray(const_cast<void*>(memory), values, 0, vtkAbstractArray::VTK_DATA_ARRAY_USER_DEFINED);
-    array->SetArrayFreeFunction(&WrappedMemory::release);
-    return array;
+    array.SetVoidArray(const_cast<void*>(memory), values, 0, vtkAbstractArray::VTK_DATA_ARRAY_USER_DEFINED);
+    array.SetArrayFreeFunction(&WrappedMemory::release);
 }
 
 void WrappedMemory::keep(void const* memory, std::shared_ptr<void const> keeper)

@@ -23,6 +23,10 @@ public:
     static vtkSmartPointer<vtkDataArray> wrap(int vtkType, void const* memory, std::int64_t values, int components,
                                               std::shared_ptr<void const> keeper);
 
+    /// The same for an empty array that is there already.
+    static void setUp(vtkDataArray& array, void const* memory, std::int64_t values, int components,
+                      std::shared_ptr<void const> keeper);
+
     /// Notes that @p memory needs @p keeper; for arrays that are set up elsewhere with release() as their free
     /// function.
     static void keep(void const* memory, std::shared_ptr<void const> keeper);

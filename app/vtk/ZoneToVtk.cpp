@@ -29,13 +29,9 @@ template <typename Array>
 vtkSmartPointer<Array> wrappedIndices(std::int64_t const* indices, std::int64_t count,
                                       std::shared_ptr<void const> const& keeper)
 {
-    vtkNew<Array> array;
-    if (count == 0)
-        return array;
     static_assert(sizeof(typename Array::ValueType) == sizeof(std::int64_t), "64-bit indices on both sides");
-    WrappedMemory::keep(indices, keeper);
-    array->SetVoidArray(const_cast<std::int64_t*>(indices), count, 0, vtkAbstractArray::VTK_DATA_ARRAY_USER_DEFINED);
-    array->SetArrayFreeFunction(&WrappedMemory::release);
+    vtkNew<Array> array;
+    WrappedMemory::setUp(*array, indices, count, 1, keeper);
     return array;
 }
 

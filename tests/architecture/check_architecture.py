@@ -28,8 +28,12 @@ SIDEWAYS = {'datasetinfo': {'variableops'}, 'spreadsheet': {'variableops'}}
 FOR_ALL_DIALOGS = 'dialogs/property/DialogsApi.h'
 
 # The rooms of reading and writing files, from bottom to top: each may include those that stand before it.
-FILE_ROOMS = ['app/vtk', 'app/files', 'app/import/raw', 'app/import/zones', 'app/import/reading', 'app/import/cells', 'app/import/xml',
-              'app/import/formats/*', 'app/import', 'app/export/writing', 'app/export/formats/*', 'app/export']
+FILE_ROOMS = ['app/handover', 'app/vtk', 'app/files', 'app/import/raw', 'app/import/zones', 'app/import/reading', 'app/import/child',
+              'app/import/cells', 'app/import/xml', 'app/import/formats/*', 'app/import', 'app/export/writing', 'app/export/formats/*',
+              'app/export']
+# The process that reads files is a program of its own, small and quick to start: what it may include of ours.
+READER = 'app/reader'
+READER_MAY_INCLUDE = {'app/handover', 'app/vtk', 'app/files'}
 # A format knows no other one, but for these; what is above the formats knows them by their table alone.
 FORMATS_KNOWN = {'app/import/formats/vtklegacy': {'app/import/formats/vtkxml'},
                  'app/export/formats/vtkxml': {'app/import/formats/vtkxml'}}
@@ -58,7 +62,8 @@ STANDARD = set('''
     stdexcept streambuf string string_view system_error thread tuple type_traits typeindex typeinfo unordered_map unordered_set utility
     valarray variant vector
     assert.h ctype.h errno.h float.h limits.h locale.h math.h signal.h stdarg.h stdbool.h stddef.h stdint.h stdio.h stdlib.h string.h time.h
-    fcntl.h malloc.h poll.h pthread.h spawn.h sys/mman.h sys/prctl.h sys/resource.h sys/stat.h sys/types.h sys/wait.h unistd.h
+    fcntl.h linux/audit.h linux/filter.h linux/seccomp.h malloc.h poll.h pthread.h sched.h spawn.h sys/mman.h sys/prctl.h sys/resource.h
+    sys/socket.h sys/stat.h sys/syscall.h sys/types.h sys/wait.h unistd.h
 '''.split())
 
 QT_CORE = {'QtCore', 'Qt', 'QtGlobal', 'QObject', 'QString', 'QStringList', 'QByteArray', 'QVariant', 'QPointer', 'QVector', 'QList',
@@ -143,7 +148,7 @@ def is_below(folder, roof):
 
 
 def is_about_files(folder):
-    return any(is_below(folder, roof) for roof in ('app/vtk', 'app/files', 'app/import', 'app/export'))
+    return any(is_below(folder, roof) for roof in ('app/handover', 'app/vtk', 'app/files', 'app/import', 'app/export'))
 
 
 def file_room(folder):
@@ -176,6 +181,16 @@ def check_file_rooms(path, text):
     for number, name, _ in includes(text):
         if name.split('/')[0] in SOURCE_FOLDERS and not file_room_allowed(path, name):
             yield f'{path}:{number}: must not include {name}'
+
+
+def check_reader(path, text):
+    is_own = path.startswith(READER + '/')
+    for number, name, _ in includes(text):
+        folder = name.rpartition('/')[0]
+        if is_own and name.split('/')[0] in SOURCE_FOLDERS and folder != READER and folder not in READER_MAY_INCLUDE:
+            yield f'{path}:{number}: must not include {name}'
+        if folder == READER and not is_own:
+            yield f'{path}:{number}: must not include {name}, which is the reader\'s'
 
 
 def check_app_parts(path, text):
@@ -276,6 +291,7 @@ def problems(files):
     for path, text in sorted(files.items()):
         found += check_includes(path, text)
         found += check_file_rooms(path, text)
+        found += check_reader(path, text)
         found += check_app_parts(path, text)
         found += check_numerics(path, text)
         found += check_class_name(path, text)

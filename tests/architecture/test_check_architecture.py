@@ -148,6 +148,10 @@ class FileRooms(unittest.TestCase):
         self.refused('app/import/Importer.cpp', 'app/export/Exporter.h')
         self.allowed('app/export/writing/Writer.cpp', 'app/files/PathChecks.h')
 
+    def test_include_both_what_is_said_to_the_reader(self):
+        self.allowed('app/import/child/ReadingChild.h', 'app/handover/Channel.h')
+        self.refused('app/handover/Channel.h', 'app/files/FileStamp.h')
+
     def test_need_neither_windows_nor_dialogs(self):
         for name in ('app/window/MainWindow.h', 'app/plot/PageView.h', 'host/MessageLog.h', 'dialogs/property/Property.h'):
             self.refused('app/import/Importer.cpp', name)
@@ -170,6 +174,20 @@ class FileRooms(unittest.TestCase):
         self.assertEqual(len(self.problems('app/import/odds/Ends.h', '#pragma once\n')), 1)
         self.assertEqual(self.problems('app/import/formats/new/Ends.h', '#pragma once\n'), [])
         self.assertEqual(self.problems('app/window/Ends.h', quoted('app/import/odds/Ends.h')), [])
+
+
+class Reader(unittest.TestCase):
+    def problems(self, path, included):
+        return list(check_architecture.check_reader(path, quoted(included)))
+
+    def test_includes_little_of_ours(self):
+        for name in ('app/reader/Sandbox.h', 'app/handover/Channel.h', 'app/files/ImportError.h', 'app/vtk/VtkErrorCapture.h'):
+            self.assertEqual(self.problems('app/reader/main.cpp', name), [])
+        for name in ('kernel/data/Zone.h', 'app/import/raw/RawType.h', 'host/MessageLog.h'):
+            self.assertEqual(len(self.problems('app/reader/main.cpp', name)), 1)
+
+    def test_is_included_by_nobody(self):
+        self.assertEqual(len(self.problems('app/import/Importer.cpp', 'app/reader/Sandbox.h')), 1)
 
 
 class PartsOfTheApplication(unittest.TestCase):

@@ -36,7 +36,7 @@ struct ImportContext
 ///
 /// A reader is made by the table ReadableFormats for one file, and runs on a thread of its own. Write none for another extension of a
 /// format that has one: that is a word in the table. A library that damaged files can crash is not called here but by a process of its
-/// own, as VtkLegacyReader does.
+/// own (ReadingChild).
 class Reader
 {
 public:

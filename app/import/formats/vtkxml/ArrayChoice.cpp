@@ -33,8 +33,10 @@ bool areKnown(vtkDataArraySelection& selection, std::size_t count)
 
 } // namespace
 
-ArrayChoice::ArrayChoice(vtkXMLReader& reader, GridArrays arrays, LoadingPlan& plan)
-    : m_reader(reader)
+ArrayChoice::ArrayChoice(vtkDataArraySelection& ofPoints, vtkDataArraySelection& ofCells, GridArrays arrays,
+                         LoadingPlan& plan)
+    : m_ofPoints(ofPoints)
+    , m_ofCells(ofCells)
     , m_arrays(std::move(arrays))
     , m_list(m_arrays.list())
     , m_plan(plan)
@@ -48,9 +50,7 @@ void ArrayChoice::run(DeferredArrays& deferred)
     deferred.coordinates = m_arrays.storesNoPoints() &&
                            !(m_plan.mayCompute(m_list.pointCount()) &&
                              m_plan.loadsNow(m_arrays.bytesOfComputedCoordinates(), LoadingPlan::Need::FirstPlot));
-    vtkDataArraySelection& ofPoints = *m_reader.GetPointDataArraySelection();
-    vtkDataArraySelection& ofCells = *m_reader.GetCellDataArraySelection();
-    bool const canWait = areKnown(ofPoints, m_list.ofPoints().size()) && areKnown(ofCells, m_list.ofCells().size());
+    bool const canWait = areKnown(m_ofPoints, m_list.ofPoints().size()) && areKnown(m_ofCells, m_list.ofCells().size());
     if (!canWait && m_list.isReordered())
         throw ImportError("its pieces have their arrays in different orders, and two arrays have one name");
     if (m_list.isConsistent()) {
@@ -60,8 +60,8 @@ void ArrayChoice::run(DeferredArrays& deferred)
     }
     if (!canWait)
         return;
-    deferred.ofPoints = choose(ofPoints, m_list.ofPoints(), XmlSection::PointData);
-    deferred.ofCells = choose(ofCells, m_list.ofCells(), XmlSection::CellData);
+    deferred.ofPoints = choose(m_ofPoints, m_list.ofPoints(), XmlSection::PointData);
+    deferred.ofCells = choose(m_ofCells, m_list.ofCells(), XmlSection::CellData);
 }
 
 void ArrayChoice::chooseCells(DeferredArrays& deferred)

@@ -6,7 +6,6 @@
 #include "app/import/reading/LoadingPlan.h"
 
 #include <vtkDataArraySelection.h>
-#include <vtkXMLReader.h>
 
 #include <string>
 #include <vector>
@@ -20,11 +19,11 @@ namespace veldraw::app {
 class ArrayChoice
 {
 public:
-    /// @param reader has read the header of the file with these arrays (UpdateInformation())
-    /// @param plan   gets the file's total unless it has one
-    ArrayChoice(vtkXMLReader& reader, GridArrays arrays, LoadingPlan& plan);
+    /// @param ofPoints the reader's arrays by their names in the file's order, those that are switched on to be read; as @p ofCells
+    /// @param plan     gets the file's total unless it has one
+    ArrayChoice(vtkDataArraySelection& ofPoints, vtkDataArraySelection& ofCells, GridArrays arrays, LoadingPlan& plan);
 
-    /// Switches arrays of the reader off and adds them to @p deferred.
+    /// Switches arrays off and adds them to @p deferred.
     void run(DeferredArrays& deferred);
 
 private:
@@ -36,7 +35,8 @@ private:
     std::vector<DeferredArray> choose(vtkDataArraySelection& selection, Arrays const& arrays, XmlSection section);
     DeferredArray described(XmlArrayList::Array const& array, std::string const& name, XmlSection section) const;
 
-    vtkXMLReader& m_reader;
+    vtkDataArraySelection& m_ofPoints;
+    vtkDataArraySelection& m_ofCells;
     GridArrays m_arrays;
     XmlArrayList const& m_list; // of the arrays
     LoadingPlan& m_plan;

@@ -2,118 +2,66 @@
 
 #include "app/files/ImportError.h"
 #include "app/files/PathChecks.h"
+#include "app/import/child/HandedObjects.h"
 #include "app/import/formats/vtkxml/ArrayChoice.h"
-#include "app/import/formats/vtkxml/CheckedMeshReader.h"
-#include "app/import/formats/vtkxml/FieldDataLimit.h"
-#include "app/import/formats/vtkxml/InlineValuesReader.h"
-#include "app/import/formats/vtkxml/InterruptibleReader.h"
-#include "app/import/formats/vtkxml/PartialReader.h"
+#include "app/import/formats/vtkxml/BlockFacts.h"
 #include "app/import/xml/XmlHeaderCheck.h"
-#include "app/vtk/ProgressObserver.h"
-#include "app/vtk/VtkErrorCapture.h"
-#include "kernel/base/Progress.h"
+#include "app/import/xml/XmlKind.h"
 
-#include <vtkAlgorithm.h>
 #include <vtkDataArraySelection.h>
-#include <vtkSmartPointer.h>
-#include <vtkXMLImageDataReader.h>
-#include <vtkXMLMultiBlockDataReader.h>
-#include <vtkXMLPolyDataReader.h>
-#include <vtkXMLRectilinearGridReader.h>
-#include <vtkXMLStructuredGridReader.h>
+#include <vtkNew.h>
 
 #include <filesystem>
-#include <new>
 
 namespace veldraw::app {
 
 namespace {
 
-template <typename Reader>
-using WholeReader = InterruptibleReader<LimitedFieldDataReader<InlineValuesReader<Reader>>>;
-
-using MeshReader = PartialReader<WholeReader<CheckedMeshReader>>;
-
-// Of a multi-block file it reads nothing but what stands beside the pieces.
-class BesidePiecesReader : public vtkXMLMultiBlockDataReader
+// The arrays that a reader has found, each switched on or off.
+struct ArraySwitches
 {
-public:
-    BesidePiecesReader(BesidePiecesReader const&) = delete;
-    BesidePiecesReader& operator=(BesidePiecesReader const&) = delete;
+    explicit ArraySwitches(FoundArrays const& found)
+    {
+        for (std::string const& name : found.ofPoints)
+            ofPoints->AddArray(name.c_str());
+        for (std::string const& name : found.ofCells)
+            ofCells->AddArray(name.c_str());
+    }
 
-protected:
-    BesidePiecesReader() = default;
+    ReadChoice choice() const
+    {
+        ReadChoice result;
+        result.ofPoints = switchedOn(*ofPoints);
+        result.ofCells = switchedOn(*ofCells);
+        return result;
+    }
 
-    void ReadXMLData() override { this->ReadFieldData(); }
+    static std::vector<std::string> switchedOn(vtkDataArraySelection& selection)
+    {
+        std::vector<std::string> names;
+        for (int n = 0; n < selection.GetNumberOfArrays(); ++n) {
+            if (selection.GetArraySetting(n) != 0)
+                names.emplace_back(selection.GetArrayName(n));
+        }
+        return names;
+    }
 
-    // Else it would open all pieces.
-    int FillMetaData(vtkCompositeDataSet*, vtkXMLDataElement*, std::string const&, unsigned int&) override { return 1; }
+    vtkNew<vtkDataArraySelection> ofPoints;
+    vtkNew<vtkDataArraySelection> ofCells;
 };
 
-vtkSmartPointer<vtkXMLReader> xmlReader(std::string const& extension)
-{
-    if (extension == "vti")
-        return vtkSmartPointer<WholeReader<vtkXMLImageDataReader>>::New();
-    if (extension == "vtr")
-        return vtkSmartPointer<WholeReader<vtkXMLRectilinearGridReader>>::New();
-    if (extension == "vts")
-        return vtkSmartPointer<PartialReader<WholeReader<vtkXMLStructuredGridReader>>>::New();
-    if (extension == "vtu")
-        return vtkSmartPointer<MeshReader>::New();
-    if (extension == "vtp")
-        return vtkSmartPointer<PartialReader<WholeReader<vtkXMLPolyDataReader>>>::New();
-    return nullptr;
-}
-
-void throwOnError(VtkErrorCapture const& errors)
-{
-    std::string const reason = errors.firstError();
-    if (errors.hasErrors())
-        throw ImportError("it is damaged, incomplete or of another kind" +
-                          (reason.empty() ? reason : " (" + reason + ")"));
-}
-
-vtkSmartPointer<ProgressObserver> observe(vtkAlgorithm& reader, kernel::Progress& progress)
-{
-    auto observer = vtkSmartPointer<ProgressObserver>::New();
-    observer->watch(reader, progress);
-    return observer;
-}
-
-// The first look at a file goes through all of its text.
-void updateInformation(vtkAlgorithm& reader, ProgressObserver const& observer)
-{
-    reader.UpdateInformation();
-    if (observer.isInterrupted())
-        throw kernel::Interrupted();
-}
-
-vtkSmartPointer<vtkDataObject> run(vtkAlgorithm& reader, VtkErrorCapture const& errors,
-                                   ProgressObserver const& observer)
-{
-    reader.Update();
-    if (observer.isInterrupted())
-        throw kernel::Interrupted();
-    throwOnError(errors);
-    vtkSmartPointer<vtkDataObject> const result = reader.GetOutputDataObject(0);
-    if (!result)
-        throw ImportError("it contains no grid");
-    return result;
-}
-
 // VTK crashes over texts where a structured grid has several pieces, and nobody wants them.
-void leaveOut(std::vector<XmlHeaderCheck::Useless> const& arrays, vtkXMLReader& reader,
+void leaveOut(std::vector<XmlHeaderCheck::Useless> const& arrays, ArraySwitches& switches,
               std::vector<std::string>& remarks)
 {
     for (auto const& [ofPoints, name, reason] : arrays) {
-        auto* const selection = ofPoints ? reader.GetPointDataArraySelection() : reader.GetCellDataArraySelection();
-        selection->DisableArray(name.c_str());
+        (ofPoints ? switches.ofPoints : switches.ofCells)->DisableArray(name.c_str());
         remarks.push_back("\"" + name + "\" " + reason + " and was left out");
     }
 }
 
 // Values that a piece lacks would be whatever stood in memory.
-void leaveOutUneven(XmlArrayList const& list, vtkXMLReader& reader, std::vector<std::string>& remarks)
+void leaveOutUneven(XmlArrayList const& list, ArraySwitches& switches, std::vector<std::string>& remarks)
 {
     auto const leaveOutOf = [&](vtkDataArraySelection& selection, std::set<std::string> const& names) {
         for (std::string const& name : names) {
@@ -122,66 +70,53 @@ void leaveOutUneven(XmlArrayList const& list, vtkXMLReader& reader, std::vector<
             remarks.push_back("\"" + name + "\" is not alike in all pieces of the file and was left out");
         }
     };
-    leaveOutOf(*reader.GetPointDataArraySelection(), list.unevenOfPoints());
-    leaveOutOf(*reader.GetCellDataArraySelection(), list.unevenOfCells());
+    leaveOutOf(*switches.ofPoints, list.unevenOfPoints());
+    leaveOutOf(*switches.ofCells, list.unevenOfCells());
 }
 
-void remarkOnUnread(vtkXMLReader& reader, std::vector<std::string>& remarks)
+void remarkOnUnread(FoundArrays const& found, std::vector<std::string>& remarks)
 {
-    auto const* const limit = dynamic_cast<FieldDataLimit*>(&reader);
-    if (limit && limit->unread() > 0)
-        remarks.push_back(std::to_string(limit->unread()) + " of its field data were not read: at most " +
-                          std::to_string(FieldDataLimit::mostArrays) + " are, of known types");
+    if (found.unreadFieldData > 0)
+        remarks.push_back(std::to_string(found.unreadFieldData) + " of its field data were not read: at most " +
+                          std::to_string(handover::mostFieldData) + " are, of known types");
 }
 
-void chooseArrays(GridArrays const& arrays, vtkXMLReader& reader, LoadingPlan& plan, DeferredArrays& deferred)
+ReadRequest requestFor(ReadRequest::What what, std::string const& path, std::string const& extension)
 {
-    leaveOutUneven(arrays.list(), reader, deferred.remarks);
-    if (plan.deferral() == Deferral::Never && !arrays.list().isReordered())
-        return;
-    ArrayChoice(reader, arrays, plan).run(deferred);
-    auto* const parts = dynamic_cast<GridParts*>(&reader);
-    if (deferred.points && parts)
-        parts->leaveOutPoints();
-    if (deferred.cells && parts)
-        parts->leaveOutCells();
+    std::set<std::string> const& ours = BlockFacts::names();
+    ReadRequest request{what, std::filesystem::absolute(path).string(), extension, {ours.begin(), ours.end()}};
+    request.fieldData.emplace_back(fielddata::list);
+    return request;
 }
 
-vtkSmartPointer<vtkDataObject> readXml(vtkXMLReader& reader, std::string const& path, VtkErrorCapture const& errors,
-                                       ImportContext const& context, DeferredArrays& deferred)
+ReadChoice choose(GridArrays const& arrays, ArraySwitches& switches, LoadingPlan& plan, DeferredArrays& deferred)
 {
-    bool const mayDefer = context.plan.deferral() != Deferral::Never;
-    std::string const extension = extensionOf(path);
-    if (!reader.CanReadFile(path.c_str()))
-        throw ImportError("it is no VTK XML file of the kind that ." + extension +
-                          " stands for, or its start is damaged");
+    leaveOutUneven(arrays.list(), switches, deferred.remarks);
+    if (plan.deferral() != Deferral::Never || arrays.list().isReordered())
+        ArrayChoice(*switches.ofPoints, *switches.ofCells, arrays, plan).run(deferred);
+    ReadChoice choice = switches.choice();
+    choice.points = !deferred.points;
+    choice.cells = !deferred.cells;
+    return choice;
+}
+
+XmlHeaderCheck checkedHeader(std::string const& path, bool mayDefer)
+{
     XmlHeaderCheck check(path, static_cast<std::int64_t>(std::filesystem::file_size(path)));
     if (mayDefer)
         check.leaveOutValues();
     check.run();
-    if (!check.hasPoints())
-        return nullptr;
-    reader.SetFileName(path.c_str());
-    auto const observer = observe(reader, context.progress);
-    updateInformation(reader, *observer);
-    throwOnError(errors);
-    leaveOut(check.useless(), reader, deferred.remarks);
-    remarkOnUnread(reader, deferred.remarks);
-    if (mayDefer || check.hasSeveralPieces())
-        chooseArrays(GridArrays(path, extension), reader, context.plan, deferred);
-    return run(reader, errors, *observer);
+    return check;
 }
 
-// For reading a part of a file that was looked at before: no array is chosen.
-vtkSmartPointer<ProgressObserver> openWithoutArrays(vtkXMLReader& reader, std::string const& path,
-                                                    kernel::Progress& progress)
+// For reading a part of a file that was looked at before.
+vtkSmartPointer<vtkDataObject> readPart(std::string const& path, std::string const& extension, ReadChoice const& choice,
+                                        kernel::Progress& progress)
 {
-    reader.SetFileName(path.c_str());
-    auto const observer = observe(reader, progress);
-    updateInformation(reader, *observer);
-    reader.GetPointDataArraySelection()->DisableAllArrays();
-    reader.GetCellDataArraySelection()->DisableAllArrays();
-    return observer;
+    auto const limits = ReaderLimits::forFile(path, XmlKind::of(path).isCompressed);
+    return objectOf(ReadingChild().read(
+        requestFor(ReadRequest::What::XmlGrid, path, extension), limits, [&](FoundArrays const&) { return choice; },
+        progress));
 }
 
 } // namespace
@@ -189,67 +124,62 @@ vtkSmartPointer<ProgressObserver> openWithoutArrays(vtkXMLReader& reader, std::s
 vtkSmartPointer<vtkDataObject> readVtkFile(std::string const& path, ImportContext const& context,
                                            DeferredArrays& deferred)
 {
-    VtkErrorCapture const errors;
-    try {
-        auto const reader = xmlReader(extensionOf(path));
-        if (!reader)
-            throw ImportError("files of this kind (." + extensionOf(path) + ") cannot be read");
-        auto const result = readXml(*reader, path, errors, context, deferred);
-        for (std::string const& warning : errors.warnings())
-            context.remarks.push_back("VTK: " + warning);
-        return result;
-    } catch (std::bad_alloc const&) {
-        throw ImportError("there is not enough memory for it");
-    } catch (std::length_error const&) {
-        throw ImportError("there is not enough memory for it");
-    }
+    std::string const extension = extensionOf(path);
+    XmlKind const kind = XmlKind::of(path);
+    if (!kind.isOf(extension))
+        throw ImportError("it is no VTK XML file of the kind that ." + extension +
+                          " stands for, or its start is damaged");
+    bool const mayDefer = context.plan.deferral() != Deferral::Never;
+    XmlHeaderCheck const check = checkedHeader(path, mayDefer);
+    if (!check.hasPoints())
+        return nullptr;
+    auto const choose = [&](FoundArrays const& found) {
+        ArraySwitches switches(found);
+        leaveOut(check.useless(), switches, deferred.remarks);
+        remarkOnUnread(found, deferred.remarks);
+        if (mayDefer || check.hasSeveralPieces())
+            return app::choose(GridArrays(path, extension), switches, context.plan, deferred);
+        return switches.choice();
+    };
+    ReadResult const result =
+        ReadingChild().read(requestFor(ReadRequest::What::XmlGrid, path, extension),
+                            ReaderLimits::forFile(path, kind.isCompressed), choose, context.progress);
+    for (std::string const& warning : result.data.warnings)
+        context.remarks.push_back("VTK: " + warning);
+    deferred.remarks.insert(deferred.remarks.end(), result.data.remarks.begin(), result.data.remarks.end());
+    return objectOf(result);
+}
+
+vtkSmartPointer<vtkDataObject> readVtkFieldData(std::string const& path, ImportContext const& context)
+{
+    checkedHeader(path, false);
+    kernel::Progress part(context.progress, context.progress.total() / 100);
+    auto const noChoice = [&](FoundArrays const& found) {
+        remarkOnUnread(found, context.remarks);
+        return ReadChoice();
+    };
+    return objectOf(ReadingChild().read(requestFor(ReadRequest::What::XmlFieldData, path, extensionOf(path)),
+                                        ReaderLimits::forFile(path, XmlKind::of(path).isCompressed), noChoice, part));
 }
 
 vtkSmartPointer<vtkDataObject> readVtkArray(std::string const& path, std::string const& extension, XmlSection section,
                                             std::string const& name, kernel::Progress& progress)
 {
-    VtkErrorCapture const errors;
-    auto const reader = xmlReader(extension);
-    auto const observer = openWithoutArrays(*reader, path, progress);
+    ReadChoice choice;
+    choice.cells = false;
+    choice.points = section == XmlSection::Points;
     if (section == XmlSection::PointData)
-        reader->GetPointDataArraySelection()->EnableArray(name.c_str());
+        choice.ofPoints = {name};
     if (section == XmlSection::CellData)
-        reader->GetCellDataArraySelection()->EnableArray(name.c_str());
-    if (auto* const parts = dynamic_cast<GridParts*>(reader.Get())) {
-        parts->leaveOutCells();
-        if (section != XmlSection::Points)
-            parts->leaveOutPoints();
-    }
-    return run(*reader, errors, *observer);
+        choice.ofCells = {name};
+    return readPart(path, extension, choice, progress);
 }
 
 vtkSmartPointer<vtkDataObject> readVtkCells(std::string const& path, kernel::Progress& progress)
 {
-    VtkErrorCapture const errors;
-    auto const reader = vtkSmartPointer<MeshReader>::New();
-    auto const observer = openWithoutArrays(*reader, path, progress);
-    reader->leaveOutPoints();
-    return run(*reader, errors, *observer);
-}
-
-vtkSmartPointer<vtkDataObject> readVtkFieldData(std::string const& path, ImportContext const& context)
-{
-    VtkErrorCapture const errors;
-    try {
-        XmlHeaderCheck(path, static_cast<std::int64_t>(std::filesystem::file_size(path))).run();
-        auto const reader = vtkSmartPointer<WholeReader<BesidePiecesReader>>::New();
-        reader->SetFileName(path.c_str());
-        kernel::Progress part(context.progress, context.progress.total() / 100);
-        auto const observer = observe(*reader, part);
-        updateInformation(*reader, *observer);
-        throwOnError(errors);
-        remarkOnUnread(*reader, context.remarks);
-        return run(*reader, errors, *observer);
-    } catch (std::bad_alloc const&) {
-        throw ImportError("there is not enough memory for it");
-    } catch (std::length_error const&) {
-        throw ImportError("there is not enough memory for it");
-    }
+    ReadChoice choice;
+    choice.points = false;
+    return readPart(path, "vtu", choice, progress);
 }
 
 } // namespace veldraw::app

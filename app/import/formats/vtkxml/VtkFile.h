@@ -11,7 +11,7 @@
 
 namespace veldraw::app {
 
-/// Reads one VTK XML file that is no multi-block file, with VTK's reader for its extension.
+/// Reads one VTK XML file that is no multi-block file.
 /// @param deferred takes the arrays that the plan leaves for later
 /// @return null when the header says that there are no points
 /// @throws ImportError anything that the reader complains about, counts that the file cannot hold, too little memory

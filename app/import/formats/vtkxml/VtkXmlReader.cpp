@@ -1,15 +1,12 @@
 #include "app/import/formats/vtkxml/VtkXmlReader.h"
 
 #include "app/files/PathChecks.h"
-#include "app/import/formats/vtkxml/BlockImport.h"
-#include "app/import/formats/vtkxml/FieldDataItems.h"
+#include "app/import/formats/vtkxml/BlockZones.h"
 #include "app/import/formats/vtkxml/GridArrays.h"
 #include "app/import/formats/vtkxml/VtkFile.h"
 
 #include <QXmlStreamReader>
-#include <vtkCompositeDataSet.h>
-#include <vtkInformation.h>
-#include <vtkMultiBlockDataSet.h>
+#include <vtkFieldData.h>
 
 #include <fstream>
 #include <iterator>
@@ -18,36 +15,11 @@ namespace veldraw::app {
 
 namespace {
 
-void addBlock(vtkDataObject* object, std::string const& name, DeferredArrays const& deferred,
-              std::vector<std::string>& remarks, std::vector<ImportedZone>& zones)
-{
-    auto* const block = vtkDataSet::SafeDownCast(object);
-    if (!object || (block && BlockImport::pointCountOf(*block, deferred) == 0)) {
-        remarks.push_back("Block \"" + name + "\" has no points and was left out");
-        return;
-    }
-    if (block) {
-        zones.push_back(BlockImport(*block, name, deferred, remarks).run());
-        return;
-    }
-    auto* const blocks = vtkMultiBlockDataSet::SafeDownCast(object);
-    if (!blocks)
-        throw ImportError("it contains a " + std::string(object->GetClassName()) + ", which is no grid");
-    for (unsigned int n = 0; n < blocks->GetNumberOfBlocks(); ++n) {
-        if (!blocks->GetBlock(n))
-            continue;
-        bool const named = blocks->HasMetaData(n) && blocks->GetMetaData(n)->Has(vtkCompositeDataSet::NAME());
-        addBlock(blocks->GetBlock(n),
-                 named ? blocks->GetMetaData(n)->Get(vtkCompositeDataSet::NAME()) : name + " " + std::to_string(n + 1),
-                 {}, remarks, zones);
-    }
-}
-
 void readGrid(std::string const& path, ImportContext const& context, std::vector<ImportedZone>& zones)
 {
     DeferredArrays deferred;
     auto const grid = readVtkFile(path, context, deferred);
-    addBlock(grid, context.title, deferred, context.remarks, zones);
+    addZonesOf(grid, context.title, deferred, context.remarks, zones);
 }
 
 // One piece that a multi-block file (.vtm) names.
@@ -144,22 +116,13 @@ void planFor(std::vector<MultiBlockPiece> const& pieces, LoadingPlan& plan)
 }
 
 // Field data that cannot be read keep nobody from the zones.
-void addNotesOnDataSet(std::string const& path, ImportContext const& context, ImportedZone& zone)
+void readNotesOnDataSet(std::string const& path, ImportContext const& context, ImportedZone& zone)
 {
-    auto const remark = [&](std::string const& text) { context.remarks.push_back("Data set: " + text); };
     try {
         auto const object = readVtkFieldData(path, context);
-        FieldDataItems const notes = FieldDataItems::of(*object->GetFieldData(), {});
-        zone.notesOnDataSet = notes.items.data();
-        addMissing(zone.notesOnDataSet, notes.ofDataSet.data());
-        for (auto const& [variable, items] : notes.ofVariables)
-            addMissing(zone.notesOnVariables[variable], items.data());
-        for (std::string const& text : notes.remarks())
-            remark(text);
-        if (!notes.others.empty())
-            remark(remarkOnFieldData(notes.others));
+        addNotesOnDataSet(*object->GetFieldData(), context.remarks, zone);
     } catch (ImportError const& error) {
-        remark(std::string("its field data were left out: ") + error.what());
+        context.remarks.push_back(std::string("Data set: its field data were left out: ") + error.what());
     }
 }
 
@@ -181,7 +144,7 @@ void readPieces(std::string const& path, ImportContext const& context, std::vect
         }
     }
     if (hasFieldData && !zones.empty())
-        addNotesOnDataSet(path, context, zones.front());
+        readNotesOnDataSet(path, context, zones.front());
 }
 
 } // namespace

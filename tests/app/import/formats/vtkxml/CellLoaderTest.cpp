@@ -21,12 +21,12 @@ namespace {
 
 // Cells that take 20 MB: enough to be left in the file.
 constexpr vtkIdType manyCells = 500000;
-constexpr int points = 1000;
+constexpr int meshPoints = 1000;
 
 // Tetrahedra but for a few cells at the end.
 vtkSmartPointer<vtkUnstructuredGrid> meshEndingWith(std::vector<std::pair<int, std::vector<vtkIdType>>> const& others)
 {
-    auto const mesh = unstructuredGrid(points, {});
+    auto const mesh = unstructuredGrid(meshPoints, {});
     vtkNew<vtkCellArray> cells;
     vtkNew<vtkUnsignedCharArray> types;
     for (vtkIdType n = 0; n < manyCells; ++n) {
@@ -41,7 +41,7 @@ vtkSmartPointer<vtkUnstructuredGrid> meshEndingWith(std::vector<std::pair<int, s
     std::vector<double> ofCells;
     for (vtkIdType n = 0; n < mesh->GetNumberOfCells(); ++n)
         ofCells.push_back(static_cast<double>(n % 17));
-    addPointValues(*mesh, "p", std::vector<double>(points, 2.0));
+    addPointValues(*mesh, "p", std::vector<double>(meshPoints, 2.0));
     addCellValues(*mesh, "c", ofCells);
     return mesh;
 }

@@ -1,4 +1,5 @@
 #include "app/import/xml/XmlArrayList.h"
+#include "tests/app/support/ChildProcesses.h"
 #include "tests/app/support/FileHelpers.h"
 #include "tests/app/support/GridSamples.h"
 
@@ -79,14 +80,22 @@ void expectSameBits(kernel::DataSet const& a, kernel::DataSet const& b, std::str
     EXPECT_EQ(n, one.size()) << variable << " differs there";
 }
 
-// Bytes that this process has read so far.
-double bytesRead()
+double bytesReadBy(std::string const& process)
 {
-    std::ifstream file("/proc/self/io");
+    std::ifstream file("/proc/" + process + "/io");
     std::string name;
     double bytes = 0.0;
     while (file >> name >> bytes && name != "rchar:") {
     }
+    return bytes;
+}
+
+// Bytes that this process and those that it has started have read so far; the system adds those of a process to its parent's when it has ended.
+double bytesRead()
+{
+    double bytes = bytesReadBy("self");
+    for (ChildProcess const& process : childProcesses())
+        bytes += bytesReadBy(std::to_string(process.number));
     return bytes;
 }
 

@@ -1,4 +1,4 @@
-#include "app/import/formats/vtkxml/CheckedMeshReader.h"
+#include "app/reader/CheckedMeshReader.h"
 
 #include <vtkDataArray.h>
 #include <vtkSmartPointer.h>

@@ -1,13 +1,6 @@
-#include "app/import/formats/vtkxml/FieldDataLimit.h"
-
-#include "app/import/formats/vtkxml/BlockFacts.h"
-#include "app/import/formats/vtkxml/FieldDataItems.h"
+#include "app/reader/FieldDataLimit.h"
 
 #include <vtkSmartPointer.h>
-
-#include <set>
-#include <string>
-#include <vector>
 
 namespace veldraw::app {
 
@@ -27,12 +20,6 @@ bool hasKnownType(vtkXMLDataElement& array)
     return type && known.count(type) != 0;
 }
 
-bool isOurs(vtkXMLDataElement& array)
-{
-    char const* const name = array.GetAttribute("Name");
-    return name && (BlockFacts::names().count(name) != 0 || std::string(name) == fielddata::list);
-}
-
 } // namespace
 
 void FieldDataLimit::shortenFieldData(vtkXMLDataElement& file)
@@ -48,13 +35,19 @@ void FieldDataLimit::shortenFieldData(vtkXMLDataElement& file)
     }
 }
 
+bool FieldDataLimit::isWanted(vtkXMLDataElement& array) const
+{
+    char const* const name = array.GetAttribute("Name");
+    return name && m_wanted.count(name) != 0;
+}
+
 void FieldDataLimit::shorten(vtkXMLDataElement& fieldData)
 {
     std::vector<vtkSmartPointer<vtkXMLDataElement>> kept;
     int others = 0;
     for (int n = 0; n < fieldData.GetNumberOfNestedElements(); ++n) {
         vtkXMLDataElement& array = *fieldData.GetNestedElement(n);
-        if (hasKnownType(array) && (isOurs(array) || ++others <= mostArrays))
+        if (hasKnownType(array) && (isWanted(array) || ++others <= mostArrays))
             kept.emplace_back(&array);
     }
     int const unread = fieldData.GetNumberOfNestedElements() - static_cast<int>(kept.size());

@@ -1,6 +1,12 @@
 #pragma once
 
+#include "app/handover/HandedArray.h"
+
 #include <vtkXMLDataElement.h>
+
+#include <set>
+#include <string>
+#include <vector>
 
 namespace veldraw::app {
 
@@ -9,20 +15,25 @@ namespace veldraw::app {
 class FieldDataLimit
 {
 public:
-    static constexpr int mostArrays = 2000;
+    static constexpr int mostArrays = handover::mostFieldData;
 
     virtual ~FieldDataLimit() = default;
+
+    /// Names of arrays that are read however many others there are.
+    void alwaysRead(std::vector<std::string> const& names) { m_wanted = {names.begin(), names.end()}; }
 
     /// Arrays of field data that were left in the file.
     int unread() const { return m_unread; }
 
 protected:
-    /// Takes the others out of the elements that VTK's parser has made of a file; those of our own stay.
+    /// Takes the others out of the elements that VTK's parser has made of a file.
     void shortenFieldData(vtkXMLDataElement& file);
 
 private:
     void shorten(vtkXMLDataElement& fieldData);
+    bool isWanted(vtkXMLDataElement& array) const;
 
+    std::set<std::string> m_wanted;
     int m_unread = 0;
 };
 

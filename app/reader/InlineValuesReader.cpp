@@ -1,4 +1,4 @@
-#include "app/import/formats/vtkxml/InlineValuesReader.h"
+#include "app/reader/InlineValuesReader.h"
 
 #include <cstring>
 

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace veldraw::app {
+
+/// Whether a text is UTF-8 as it should be: no character in more bytes than it needs, no halves of pairs.
+bool isUtf8(std::string_view text);
+
+/// The text itself where it is UTF-8; else its bytes are taken for Latin-1.
+std::string madeUtf8(std::string const& text);
+
+} // namespace veldraw::app

@@ -1,0 +1,150 @@
+#include "app/import/child/ReaderProcess.h"
+
+#include "app/files/ImportError.h"
+#include "app/files/SystemReason.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <fcntl.h>
+#include <filesystem>
+#include <fstream>
+#include <spawn.h>
+#include <sys/resource.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace veldraw::app {
+
+namespace {
+
+constexpr int socketOfReader = 3;
+
+// What is done between the start of a process and its program.
+class SpawnPlan
+{
+public:
+    explicit SpawnPlan(int socket)
+    {
+        ::posix_spawn_file_actions_init(&m_actions);
+        ::posix_spawn_file_actions_addopen(&m_actions, 0, "/dev/null", O_RDONLY, 0);
+        ::posix_spawn_file_actions_addopen(&m_actions, 1, "/dev/null", O_WRONLY, 0);
+        ::posix_spawn_file_actions_addopen(&m_actions, 2, "/dev/null", O_WRONLY, 0);
+        ::posix_spawn_file_actions_adddup2(&m_actions, socket, socketOfReader);
+        ::posix_spawn_file_actions_addclosefrom_np(&m_actions, socketOfReader + 1);
+        ::posix_spawnattr_init(&m_attributes);
+        sigset_t none;
+        ::sigemptyset(&none);
+        ::posix_spawnattr_setsigmask(&m_attributes, &none);
+        sigset_t usual;
+        ::sigfillset(&usual);
+        ::posix_spawnattr_setsigdefault(&m_attributes, &usual);
+        ::posix_spawnattr_setflags(&m_attributes, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
+    }
+
+    ~SpawnPlan()
+    {
+        ::posix_spawn_file_actions_destroy(&m_actions);
+        ::posix_spawnattr_destroy(&m_attributes);
+    }
+
+    /// @return 0 or the system's error
+    int start(std::string const& program, pid_t& process) const
+    {
+        std::array<char*, 2> words{const_cast<char*>(program.c_str()), nullptr};
+        return ::posix_spawn(&process, program.c_str(), &m_actions, &m_attributes, words.data(), environ);
+    }
+
+    SpawnPlan(SpawnPlan const&) = delete;
+    SpawnPlan& operator=(SpawnPlan const&) = delete;
+
+private:
+    posix_spawn_file_actions_t m_actions{};
+    posix_spawnattr_t m_attributes{};
+};
+
+std::int64_t bytesOfAddresses(pid_t process)
+{
+    std::ifstream file("/proc/" + std::to_string(process) + "/statm");
+    std::int64_t pages = 0;
+    file >> pages;
+    return pages * ::sysconf(_SC_PAGESIZE);
+}
+
+void setLimit(pid_t process, int resource, std::int64_t most)
+{
+    rlimit limits{};
+    if (::prlimit(process, static_cast<__rlimit_resource>(resource), nullptr, &limits) != 0)
+        return;
+    limits.rlim_cur = std::min(static_cast<rlim_t>(most), limits.rlim_max);
+    ::prlimit(process, static_cast<__rlimit_resource>(resource), &limits, nullptr);
+}
+
+} // namespace
+
+ReaderProcess::ReaderProcess(std::string const& program)
+    : m_program(program)
+    , m_channel(start())
+{
+}
+
+Channel ReaderProcess::start()
+{
+    int ends[2];
+    if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0)
+        throw ImportError("no other process can be talked to: " + systemReason(errno));
+    Descriptor own(ends[0]);
+    Descriptor const its(ends[1]);
+    // Of its own number, so that it is not closed where it stands at that already.
+    Descriptor const given(::fcntl(its.number(), F_DUPFD_CLOEXEC, socketOfReader + 1));
+    int const error = given.isOpen() ? SpawnPlan(given.number()).start(m_program, m_process) : errno;
+    if (error != 0)
+        throw ImportError("the program \"" + m_program + "\" cannot be started: " + systemReason(error));
+    return Channel(std::move(own));
+}
+
+ReaderProcess::~ReaderProcess()
+{
+    end();
+}
+
+void ReaderProcess::end()
+{
+    if (m_process <= 0)
+        return;
+    ::kill(m_process, SIGKILL);
+    while (::waitpid(m_process, nullptr, 0) < 0 && errno == EINTR) {
+    }
+    m_process = 0;
+}
+
+void ReaderProcess::allow(ReaderLimits const& limits)
+{
+    if (m_startingBytes == 0)
+        m_startingBytes = bytesOfAddresses(m_process);
+    m_seconds += limits.seconds;
+    setLimit(m_process, RLIMIT_CPU, m_seconds);
+    setLimit(m_process, RLIMIT_AS, m_startingBytes + limits.bytes);
+    // Shared memory counts as files; the process can write to no others.
+    setLimit(m_process, RLIMIT_FSIZE, limits.bytes);
+}
+
+bool ReaderProcess::endedForTime()
+{
+    int status = 0;
+    pid_t ended = 0;
+    do
+        ended = ::waitpid(m_process, &status, 0);
+    while (ended < 0 && errno == EINTR);
+    m_process = 0;
+    return ended > 0 && WIFSIGNALED(status) && WTERMSIG(status) == SIGXCPU;
+}
+
+std::string ReaderProcess::usualProgram()
+{
+    return (std::filesystem::read_symlink("/proc/self/exe").parent_path() / "veldraw_reader").string();
+}
+
+} // namespace veldraw::app

@@ -1,0 +1,126 @@
+#include "app/reader/Sandbox.h"
+
+#include "tests/app/support/FileHelpers.h"
+
+#include <cerrno>
+#include <csignal>
+#include <fcntl.h>
+#include <functional>
+#include <gtest/gtest.h>
+#include <sys/mman.h>
+#include <sys/resource.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace veldraw::tests {
+
+namespace {
+
+// What happens in a process that has entered the sandbox. @return what it ended with
+int inSandbox(std::function<bool()> const& holds)
+{
+    pid_t const process = ::fork();
+    if (process == 0) {
+        app::enterSandbox();
+        ::_exit(holds() ? 0 : 1);
+    }
+    int status = 0;
+    ::waitpid(process, &status, 0);
+    return status;
+}
+
+bool knowsFilters()
+{
+    // Whether the system has them at all: without an address it complains of that, and not of the question.
+    return ::syscall(SYS_seccomp, 1, 0, nullptr) != 0 && errno == EFAULT;
+}
+
+class SandboxTest : public ::testing::Test
+{
+protected:
+    void SetUp() override { ASSERT_TRUE(knowsFilters()) << "this system cannot show that the sandbox works"; }
+
+    TemporaryFolder const folder;
+    std::string const path = folder.write("file", "content");
+};
+
+} // namespace
+
+TEST_F(SandboxTest, LetsFilesBeRead)
+{
+    EXPECT_EQ(inSandbox([this] {
+                  int const file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+                  char text[7];
+                  return file >= 0 && ::read(file, text, 7) == 7;
+              }),
+              0);
+}
+
+TEST_F(SandboxTest, LetsNoFileBeWrittenMadeOrRemoved)
+{
+    std::string const other = folder.path("other");
+    EXPECT_EQ(inSandbox([&] {
+                  return ::open(path.c_str(), O_WRONLY) < 0 && ::open(path.c_str(), O_RDWR) < 0 &&
+                         ::open(path.c_str(), O_RDONLY | O_TRUNC) < 0 &&
+                         ::open(other.c_str(), O_RDONLY | O_CREAT, 0600) < 0 && ::unlink(path.c_str()) != 0 &&
+                         ::rename(path.c_str(), other.c_str()) != 0 && ::truncate(path.c_str(), 0) != 0 &&
+                         ::chmod(path.c_str(), 0) != 0 && ::mkdir(other.c_str(), 0700) != 0 &&
+                         ::symlink(path.c_str(), other.c_str()) != 0 && ::link(path.c_str(), other.c_str()) != 0;
+              }),
+              0);
+    EXPECT_EQ(folder.listing(), "file");
+    EXPECT_EQ(contentOf(path), "content");
+}
+
+TEST_F(SandboxTest, HasNoNetwork)
+{
+    EXPECT_EQ(inSandbox([] {
+                  return ::socket(AF_INET, SOCK_STREAM, 0) < 0 && ::socket(AF_UNIX, SOCK_STREAM, 0) < 0 &&
+                         ::socket(AF_NETLINK, SOCK_RAW, 0) < 0;
+              }),
+              0);
+}
+
+TEST_F(SandboxTest, StartsNoProgramsAndEndsNoOthers)
+{
+    EXPECT_EQ(inSandbox([] {
+                  char* words[] = {nullptr};
+                  return ::fork() < 0 && ::vfork() < 0 && ::execve("/bin/true", words, words) < 0 &&
+                         ::kill(::getppid(), SIGTERM) != 0 &&
+                         ::syscall(SYS_tgkill, ::getppid(), ::getppid(), SIGTERM) != 0;
+              }),
+              0);
+}
+
+TEST_F(SandboxTest, LiftsNoLimits)
+{
+    EXPECT_EQ(inSandbox([] {
+                  rlimit limits{};
+                  bool const asked = ::getrlimit(RLIMIT_CPU, &limits) == 0;
+                  return asked && ::setrlimit(RLIMIT_CPU, &limits) != 0;
+              }),
+              0);
+}
+
+TEST_F(SandboxTest, HasMemoryToShare)
+{
+    EXPECT_EQ(inSandbox([] {
+                  int const file = ::memfd_create("test", MFD_CLOEXEC | MFD_ALLOW_SEALING);
+                  return file >= 0 && ::ftruncate(file, 4096) == 0 && ::pwrite(file, "x", 1, 0) == 1 &&
+                         ::fcntl(file, F_ADD_SEALS, F_SEAL_WRITE) == 0;
+              }),
+              0);
+}
+
+TEST_F(SandboxTest, EndsByAbortAndLeavesNoCore)
+{
+    int const status = inSandbox([]() -> bool { ::abort(); });
+    EXPECT_TRUE(WIFSIGNALED(status));
+    EXPECT_EQ(WTERMSIG(status), SIGABRT);
+    EXPECT_FALSE(WCOREDUMP(status));
+}
+
+} // namespace veldraw::tests

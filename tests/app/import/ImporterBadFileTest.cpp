@@ -215,6 +215,9 @@ TEST(BadFile, RefusesGiganticCountsInLegacyFiles)
     EXPECT_THAT(problemWith(folder.write("c.vtk", start + "DATASET UNSTRUCTURED_GRID\nPOINTS 1 float\n0 0 0\n"
                                                           "CELLS 1 88888888888\n")),
                 StartsWith("Cannot open"));
+    EXPECT_THAT(problemWith(folder.write("d.vtk", start + "DATASET POLYDATA\nPOINTS 1 float\n0 0 0\nPOINT_DATA 1\n"
+                                                          "FIELD FieldData 99999999\np 1 1 double\n5\n")),
+                HasSubstr("it is too small for the number of arrays after FIELD"));
 }
 
 TEST(BadFile, RefusesLegacyFilesThatHoldNoGrid)

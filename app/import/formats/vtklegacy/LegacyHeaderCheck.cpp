@@ -24,10 +24,9 @@ std::string upper(std::string text)
 
 bool isCountKeyword(std::string const& word)
 {
-    static std::array<char const*, 15> const keywords{"POINTS",        "POINT_DATA", "CELL_DATA",     "CELLS",
-                                                      "CELL_TYPES",    "VERTICES",   "LINES",         "POLYGONS",
-                                                      "FIELD",         "METADATA",   "X_COORDINATES", "Y_COORDINATES",
-                                                      "Z_COORDINATES", "OFFSETS",    "CONNECTIVITY"};
+    static std::array<char const*, 14> const keywords{
+        "POINTS",   "POINT_DATA", "CELL_DATA",     "CELLS",         "CELL_TYPES",    "VERTICES", "LINES",
+        "POLYGONS", "METADATA",   "X_COORDINATES", "Y_COORDINATES", "Z_COORDINATES", "OFFSETS",  "CONNECTIVITY"};
     return word == "TRIANGLE_STRIPS" || std::find(keywords.begin(), keywords.end(), word) != keywords.end();
 }
 
@@ -57,6 +56,8 @@ void checkLine(std::string const& line, SizeCheck& size)
     std::string const keyword = upper(words[0]);
     if (isCountKeyword(keyword))
         size.addStored(std::max(numberOf(words[1]), 0.0), 1.0, "values after " + keyword);
+    if (keyword == "FIELD" && words.size() >= 3)
+        size.addStored(std::max(numberOf(words[2]), 0.0), 1.0, "arrays after " + keyword);
     if (keyword == "DIMENSIONS" && words.size() >= 4)
         size.addComputed(numberOf(words[1]) * numberOf(words[2]) * numberOf(words[3]), 3.0 * sizeof(double));
     if (words.size() == 4 && isTypeName(words[3]))

@@ -68,4 +68,12 @@ extern "C" void* realloc(void* memory, std::size_t bytes) noexcept
     return block ? block : __libc_realloc(memory, bytes);
 }
 
+#else
+
+// Lack of memory is told there too, instead of ending the process; what is left when that ends is of no interest.
+extern "C" char const* __asan_default_options()
+{
+    return "allocator_may_return_null=1:detect_leaks=0";
+}
+
 #endif

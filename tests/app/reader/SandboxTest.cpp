@@ -7,6 +7,7 @@
 #include <fcntl.h>
 #include <functional>
 #include <gtest/gtest.h>
+#include <poll.h>
 #include <sys/mman.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
@@ -113,6 +114,45 @@ TEST_F(SandboxTest, HasMemoryToShare)
                          ::fcntl(file, F_ADD_SEALS, F_SEAL_WRITE) == 0;
               }),
               0);
+}
+
+TEST_F(SandboxTest, EndsWithItsParent)
+{
+    int ends[2];
+    ASSERT_EQ(::pipe(ends), 0);
+    pid_t const parent = ::fork();
+    if (parent == 0) {
+        if (::fork() == 0) {
+            app::enterSandbox();
+            for (bool isTold = ::write(ends[1], "x", 1) == 1; isTold;)
+                ::sleep(1000);
+        }
+        ::sleep(1000);
+    }
+    ::close(ends[1]);
+    char byte = ' ';
+    EXPECT_EQ(::read(ends[0], &byte, 1), 1) << "it is in the sandbox";
+    ::kill(parent, SIGKILL);
+    ::waitpid(parent, nullptr, 0);
+    pollfd pipe{ends[0], POLLIN, 0};
+    EXPECT_EQ(::poll(&pipe, 1, 60000), 1);
+    EXPECT_EQ(::read(ends[0], &byte, 1), 0) << "nobody has the other end any more";
+    ::close(ends[0]);
+}
+
+TEST_F(SandboxTest, TakesSharedMemoryBeyondItsLimitForNone)
+{
+    rlimit before{};
+    ::getrlimit(RLIMIT_FSIZE, &before);
+    rlimit limit = before;
+    limit.rlim_cur = 4096;
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+    int const status = inSandbox([] {
+        int const file = ::memfd_create("test", MFD_CLOEXEC);
+        return ::ftruncate(file, 4096) == 0 && ::ftruncate(file, 4097) != 0 && errno == EFBIG;
+    });
+    ::setrlimit(RLIMIT_FSIZE, &before);
+    EXPECT_EQ(status, 0);
 }
 
 TEST_F(SandboxTest, EndsByAbortAndLeavesNoCore)

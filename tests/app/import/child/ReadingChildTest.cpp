@@ -222,6 +222,19 @@ TEST_F(RealReader, MayBeKilledInTheMiddle)
     EXPECT_EQ(problemWith(path), "") << "the next one reads it";
 }
 
+TEST_F(RealReader, SaysThatOneArrayNeedsMoreMemory)
+{
+    std::string problem;
+    std::thread([&] {
+        try {
+            read(everything, progress, {300000, 20, 60});
+        } catch (app::ImportError const& error) {
+            problem = error.what();
+        }
+    }).join();
+    EXPECT_THAT(problem, HasSubstr("it needs more memory than the 0.0003 GB"));
+}
+
 TEST_F(RealReader, SaysThatItNeedsMoreMemory)
 {
     std::string problem;

@@ -127,7 +127,8 @@ void CsvReader::endOfRow(std::int64_t line, bool blank)
         m_blankLine = m_blankLine == 0 ? line : m_blankLine;
         return;
     }
-    if (m_blankLine != 0 && !m_inHeader)
+    bool const isFirstRow = !m_columns.empty() && m_columns.front()->size() == 1;
+    if (m_blankLine != 0 && !m_inHeader && !isFirstRow)
         m_problems.addOfLine(m_blankLine, "the line is blank");
     m_blankLine = 0;
     if (m_inHeader) {

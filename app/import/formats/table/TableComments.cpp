@@ -6,7 +6,7 @@
 #include "app/import/formats/table/TableText.h"
 
 #include <algorithm>
-#include <optional>
+#include <limits>
 
 namespace veldraw::app {
 
@@ -42,35 +42,49 @@ std::size_t separatorIn(std::string const& text)
     return std::string::npos;
 }
 
-struct NumberCount : CsvTokenizer::Handler
+struct CellCount : CsvTokenizer::Handler
 {
     void cell(std::string const& text, bool quoted) override
     {
         double ignored = 0.0;
-        areNumbers = areNumbers && !quoted && toNumber(text, ignored) != Number::NoNumber;
-        ++cells;
+        ++all;
+        if (!quoted && toNumber(text, ignored) != Number::NoNumber)
+            ++numbers;
+        else if (quoted || !text.empty())
+            ++texts;
     }
     void endOfRow(std::int64_t, bool) override {}
 
-    int cells = 0;
-    bool areNumbers = true;
+    std::int64_t all = 0;
+    std::int64_t numbers = 0;
+    std::int64_t texts = 0; // that are no numbers
 };
 
-NumberCount cellsOf(std::string const& line, char separator)
+bool isLineEnd(std::istream::int_type c)
 {
-    NumberCount count;
+    return c == '\n' || c == '\r' || c == std::istream::traits_type::eof();
+}
+
+// Of a line, which may be as long as a file: counting ends behind @p mostCells.
+CellCount cellsAt(std::istream& file, std::streamoff start, char separator, std::int64_t mostCells)
+{
+    CellCount count;
     CsvTokenizer tokenizer(separator, count);
-    tokenizer.add(line.data(), line.size());
+    file.clear();
+    file.seekg(start);
+    auto& bytes = *file.rdbuf();
+    for (auto c = bytes.sbumpc(); !isLineEnd(c) && count.all <= mostCells; c = bytes.sbumpc()) {
+        char const byte = std::istream::traits_type::to_char_type(c);
+        tokenizer.add(&byte, 1);
+    }
     tokenizer.finish();
     return count;
 }
 
-// Whether a line that begins with "#" names the columns of the row of numbers below it.
-bool isHeaderOf(std::string const& comment, std::string const& row)
+// One with a cell that is empty or wrongly typed is still a row of numbers, or it would become the header.
+bool isRowOfNumbers(CellCount const& cells)
 {
-    char const separator = separatorOf(row);
-    NumberCount const numbers = cellsOf(row, separator);
-    return numbers.areNumbers && numbers.cells > 0 && cellsOf(comment, separator).cells == numbers.cells;
+    return cells.numbers > 0 && cells.numbers >= cells.texts;
 }
 
 } // namespace
@@ -79,7 +93,7 @@ TableComments::TableComments(std::istream& file)
 {
     constexpr std::streamoff byteOrderMark = 3;
     Line line;
-    std::optional<Line> last;
+    std::optional<Line> last; // of the comments
     std::int64_t lines = 0;
     std::int64_t linesBeforeLast = 0;
     for (bool isFirst = true; read(file, line); isFirst = false, ++lines) {
@@ -88,20 +102,33 @@ TableComments::TableComments(std::istream& file)
             line.start += byteOrderMark;
         }
         bool const isComment = !line.text.empty() && line.text.front() == '#';
-        bool const isBlank = trimmed(line.text).empty();
-        if (!isComment && !isBlank)
+        if (!isComment && !trimmed(line.text).empty())
             break;
+        if (!isComment)
+            continue;
         if (last)
             take(last->text);
-        last = isComment ? std::optional(line) : std::nullopt;
+        last = line;
         linesBeforeLast = lines;
     }
-    bool const isHeader = last && isHeaderOf(last->text.substr(marksOf(last->text)), line.text);
-    if (last && !isHeader)
+    std::optional<std::streamoff> const header = last ? headerIn(file, *last, line) : std::nullopt;
+    if (last && !header)
         take(last->text);
-    m_lineCount = isHeader ? linesBeforeLast : lines;
+    m_lineCount = header ? linesBeforeLast : lines;
     file.clear();
-    file.seekg(isHeader ? last->start + static_cast<std::streamoff>(marksOf(last->text)) : line.start);
+    file.seekg(header.value_or(line.start));
+}
+
+// Where a comment line is one, it names the columns of the row of numbers below it. A mark that is a cell of its own is a name.
+std::optional<std::streamoff> TableComments::headerIn(std::istream& file, Line const& comment, Line const& row) const
+{
+    char const separator = separatorOf(row.text);
+    std::size_t const marks = marksOf(comment.text);
+    bool const isName = comment.text.compare(marks, 1, std::string(1, separator)) == 0;
+    std::streamoff const start = comment.start + (isName ? 0 : static_cast<std::streamoff>(marks));
+    std::int64_t const names = cellsAt(file, start, separator, std::numeric_limits<std::int64_t>::max()).all;
+    CellCount const cells = cellsAt(file, row.start, separator, names);
+    return isRowOfNumbers(cells) && cells.all == names ? std::optional(start) : std::nullopt;
 }
 
 // Lines end with LF, CR LF or CR. False when there is none any more.

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <istream>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,8 +13,8 @@ namespace veldraw::app {
 /// The lines in front of a table that begin with "#".
 ///
 /// "# name: value" and "# name = value" are an item of auxiliary data under that name, any other line is one called Comment1, Comment2
-/// and so on. A value in double quotes that could not stand otherwise (see commentValue()) is what is meant by it. Where numbers follow at once
-/// and no header line, the last of the lines is the header.
+/// and so on. A value in double quotes that could not stand otherwise (see commentValue()) is what is meant by it. Where as many numbers follow as
+/// the last of the lines has cells, and no header line, that one is the header, however long it is.
 class TableComments
 {
 public:
@@ -33,6 +34,7 @@ private:
     };
 
     bool read(std::istream& file, Line& line) const;
+    std::optional<std::streamoff> headerIn(std::istream& file, Line const& comment, Line const& row) const;
     void take(std::string const& text);
 
     AuxiliaryItems m_items;

@@ -68,6 +68,52 @@ TEST(TableComments, EndWithTheHeaderLineWhereThatIsOneOfThem)
     EXPECT_THAT(problemWith(folder.write("none.csv", "# by somebody\n0,5\n1,6\n")), HasSubstr("no header line"));
 }
 
+TEST(TableComments, EndWithAHeaderLineOfAnyLength)
+{
+    constexpr int columns = 9000;
+    for (int const width : {3, 5, 4000}) {
+        int const count = width == 4000 ? 20 : columns;
+        std::string header = "# a: 1\n# ";
+        std::string row;
+        for (int n = 1; n <= count; ++n) {
+            header += (n == 1 ? "" : ",") + std::string(static_cast<std::size_t>(width), 'v') + std::to_string(n);
+            row += (n == 1 ? "" : ",") + std::to_string(n) + ".5";
+        }
+        auto const data = opened(header + "\n" + row + "\n" + row + "\n").dataSet;
+        EXPECT_EQ(data->variableCount(), count);
+        EXPECT_EQ(data->variable(count)->name,
+                  std::string(static_cast<std::size_t>(width), 'v') + std::to_string(count));
+        EXPECT_EQ(data->field(1, count)->group()->buffer()->value(1), count + 0.5);
+        EXPECT_EQ(textOf(data->auxiliaryData()), "a=1");
+    }
+}
+
+TEST(TableComments, EndWithTheHeaderLineWhereBlankLinesFollowIt)
+{
+    for (std::string const start : {"", "# a: 1\n"}) {
+        auto const data = opened(start + "# x,y\n\n\n1,2\n3,4\n").dataSet;
+        EXPECT_EQ(variableNames(*data), "x,y");
+        EXPECT_EQ(valuesOf(*data, 1, "y"), "2 4");
+        EXPECT_EQ(textOf(data->auxiliaryData()), start.empty() ? "" : "a=1");
+    }
+    EXPECT_EQ(valuesOf(*opened("x,y\n\n1,2\n").dataSet, 1, "y"), "2");
+}
+
+TEST(TableComments, EndWithTheHeaderLineAlsoWhereTheFirstRowHasAMistake)
+{
+    TemporaryFolder const folder;
+    EXPECT_THAT(problemWith(folder.write("empty.csv", "# x,y\n1,\n3,4\n")), HasSubstr("line 2: column 2 (y) is empty"));
+    EXPECT_THAT(problemWith(folder.write("text.csv", "# x,y,z\n1,two,3\n4,5,6\n")),
+                HasSubstr("line 2: column 2 (y) is no number"));
+}
+
+TEST(TableComments, LeaveAMarkThatIsTheNameOfAColumn)
+{
+    auto const data = opened("# a: 1\n#,x\n1,2\n3,4\n").dataSet;
+    EXPECT_EQ(variableNames(*data), "#,x");
+    EXPECT_EQ(valuesOf(*data, 1, "#"), "1 3");
+}
+
 TEST(TableComments, LeaveTheLineNumbersOfProblemsAlone)
 {
     TemporaryFolder const folder;

@@ -8,7 +8,6 @@
 #include <vtkVariant.h>
 
 #include <algorithm>
-#include <optional>
 
 namespace veldraw::app {
 
@@ -33,14 +32,20 @@ std::string textOf(vtkDataArray& number)
     }
 }
 
-std::optional<std::string> singleValue(vtkAbstractArray& array)
+// All texts of an array, or its single number; none where it has something else.
+std::vector<std::string> valuesIn(vtkAbstractArray& array)
 {
-    if (array.GetNumberOfComponents() != 1 || array.GetNumberOfTuples() != 1)
-        return std::nullopt;
-    if (auto* const texts = vtkStringArray::SafeDownCast(&array))
-        return texts->GetValue(0);
-    auto* const numbers = vtkDataArray::SafeDownCast(&array);
-    return numbers ? std::optional(textOf(*numbers)) : std::nullopt;
+    if (array.GetNumberOfComponents() != 1)
+        return {};
+    std::vector<std::string> values;
+    if (auto* const texts = vtkStringArray::SafeDownCast(&array)) {
+        for (vtkIdType at = 0; at < texts->GetNumberOfValues(); ++at)
+            values.push_back(texts->GetValue(at));
+    } else if (auto* const numbers = vtkDataArray::SafeDownCast(&array)) {
+        if (numbers->GetNumberOfTuples() == 1)
+            values.push_back(textOf(*numbers));
+    }
+    return values;
 }
 
 constexpr vtkIdType textsOfItem = 4; // in our list
@@ -77,11 +82,14 @@ FieldDataItems FieldDataItems::of(vtkFieldData& fieldData, std::set<std::string>
         std::string const name = array && array->GetName() ? array->GetName() : "";
         if (!array || known.count(name) != 0)
             continue;
-        if (vtkStringArray* const list = listIn(*array, name))
+        if (vtkStringArray* const list = listIn(*array, name)) {
             readList(*list, result);
-        else if (auto const value = singleValue(*array))
-            result.items.add(name, *value);
-        else
+            continue;
+        }
+        std::vector<std::string> const values = valuesIn(*array);
+        for (std::string const& value : values)
+            result.items.add(name, value);
+        if (values.empty())
             result.others.push_back(name);
     }
     return result;

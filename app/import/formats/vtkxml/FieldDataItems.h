@@ -13,8 +13,8 @@ namespace veldraw::app {
 
 /// The auxiliary data in field data of a VTK file.
 ///
-/// An array with a single text or number is an item under the array's name. A number becomes its shortest text that reads back as
-/// the same number. An array of our own, fielddata::list, has what belongs to others than the block that the field data stand at.
+/// Each text of an array is an item under the array's name, and so is a number that an array has alone. A number becomes its shortest
+/// text that reads back as the same number. An array of our own, fielddata::list, has what belongs to others than the block that the field data stand at.
 struct FieldDataItems
 {
     /// @param known names of arrays that mean something else

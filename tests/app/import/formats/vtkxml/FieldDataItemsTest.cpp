@@ -176,15 +176,29 @@ TEST(FieldDataItems, OfALegacyFileWithBlocksAreThoseOfTheirZones)
     EXPECT_EQ(textOf(data->zone(1)->auxiliaryData), "Part=hull");
 }
 
-TEST(FieldDataItems, AreNotMadeOfSeveralValues)
+TEST(FieldDataItems, AreOneForEachTextOfAnArray)
 {
     TemporaryFolder const folder;
     auto const grid = structuredGrid(2, 2, 1);
     vtkNew<vtkStringArray> texts;
-    texts->SetName("two texts");
-    texts->InsertNextValue("a");
-    texts->InsertNextValue("b");
+    texts->SetName("Steps");
+    for (char const* text : {"mesh", "", "solve"})
+        texts->InsertNextValue(text);
     grid->GetFieldData()->AddArray(texts);
+    for (Mode const mode : {Mode::Ascii, Mode::Base64, Mode::Raw}) {
+        auto const result = import(writeXml(*grid, folder.path("grid.vts"), mode));
+        EXPECT_EQ(textOf(result.dataSet->zone(1)->auxiliaryData), "Steps=mesh|Steps_2=|Steps_3=solve");
+        EXPECT_THAT(result.remarks, IsEmpty());
+    }
+}
+
+TEST(FieldDataItems, AreNotMadeOfSeveralNumbers)
+{
+    TemporaryFolder const folder;
+    auto const grid = structuredGrid(2, 2, 1);
+    vtkNew<vtkStringArray> none;
+    none->SetName("no text");
+    grid->GetFieldData()->AddArray(none);
     vtkNew<vtkDoubleArray> vector;
     vector->SetName("vector");
     vector->SetNumberOfComponents(3);
@@ -192,8 +206,7 @@ TEST(FieldDataItems, AreNotMadeOfSeveralValues)
     grid->GetFieldData()->AddArray(vector);
     auto const result = import(writeXml(*grid, folder.path("grid.vts")));
     EXPECT_EQ(result.dataSet->zone(1)->auxiliaryData.size(), 0);
-    EXPECT_THAT(result.remarks,
-                Contains(HasSubstr("field data \"two texts\", \"vector\" will not be in a saved file")));
+    EXPECT_THAT(result.remarks, Contains(HasSubstr("field data \"no text\", \"vector\" will not be in a saved file")));
 }
 
 TEST(FieldDataItems, MayBeOfAnySizeAndNumber)

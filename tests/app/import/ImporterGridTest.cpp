@@ -130,6 +130,17 @@ TEST(GridImport, CalculatesThePointsOfRectilinearGrids)
     EXPECT_EQ(fieldOf(*data, 1, "X").type(), FieldDataType_Float);
 }
 
+TEST(GridImport, KnowsTheRangesOfManyValuesBeforeAWindowAsks)
+{
+    TemporaryFolder const folder;
+    constexpr int side = 1024;
+    std::string const path = writeXml(*structuredGrid(side, side, 1), folder.path("large.vts"), Mode::Base64);
+    auto const data = import(path, app::Deferral::Never).dataSet;
+    auto const& group = fieldOf(*data, 1, "X").group();
+    ASSERT_TRUE(group->isLoaded() && !group->isMapped());
+    EXPECT_EQ(group->knownRange().range().state, kernel::ValueRange::State::Exact);
+}
+
 TEST(GridImport, NamesTheDataSetAndItsSourceAfterTheFile)
 {
     TemporaryFolder const folder;

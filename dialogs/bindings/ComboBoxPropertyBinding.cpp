@@ -3,6 +3,7 @@
 #include "dialogs/bindings/WheelGuard.h"
 #include "dialogs/bindings/WidgetUpdateDeferrerOnBusy.h"
 #include "dialogs/bindings/WidgetVote.h"
+#include "dialogs/models/ReadingAsTold.h"
 
 #include <QComboBox>
 #include <QListView>
@@ -58,7 +59,7 @@ ComboBoxPropertyBinding<T>::ComboBoxPropertyBinding(QComboBox* comboBox, boost::
     new WheelGuard(*comboBox);
     comboBox->setInsertPolicy(QComboBox::NoInsert);
     listenToListAndProperty();
-    m_valueWasInModel = m_comboModel->indexOf(this->property().value()) != -1;
+    m_valueWasInModel = indexOf(this->property().value()) != -1;
     setUpComboBox();
     updateWidgetValue();
 }
@@ -108,7 +109,7 @@ void ComboBoxPropertyBinding<T>::setUpComboBox()
 template <typename T>
 void ComboBoxPropertyBinding<T>::limitMeasuring()
 {
-    if (m_comboModel->size() <= mostMeasuredTexts ||
+    if (m_itemModel->rowCount() <= mostMeasuredTexts ||
         m_comboBox->sizeAdjustPolicy() != QComboBox::AdjustToContentsOnFirstShow)
         return;
     m_comboBox->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
@@ -122,7 +123,7 @@ void ComboBoxPropertyBinding<T>::updateWidgetValue()
     if (!showsOurList())
         return;
     T const value = this->property().value();
-    int const index = m_comboModel->indexOf(value);
+    int const index = indexOf(value);
     if (index != -1) {
         m_comboBox->setCurrentIndex(index);
     } else if (m_comboBox->isEditable()) {
@@ -130,7 +131,7 @@ void ComboBoxPropertyBinding<T>::updateWidgetValue()
         text.imbue(std::locale::classic()); // as it is read
         text << value;
         m_comboBox->setEditText(QString::fromStdString(text.str()));
-    } else if (m_comboModel->size() > 0) {
+    } else if (m_itemModel->rowCount() > 0) {
         m_comboBox->setCurrentIndex(0);
     }
 }
@@ -167,7 +168,15 @@ void ComboBoxPropertyBinding<T>::currentIndexChanged(int index)
 template <typename T>
 void ComboBoxPropertyBinding<T>::valueChanged(T const& value)
 {
-    m_valueWasInModel = m_comboModel->indexOf(value) != -1;
+    m_valueWasInModel = indexOf(value) != -1;
+}
+
+// As the list has told it last, which is how the box has its rows.
+template <typename T>
+int ComboBoxPropertyBinding<T>::indexOf(T const& value) const
+{
+    models::ReadingAsTold const asTold;
+    return m_comboModel->indexOf(value);
 }
 
 // Connected anew for each reset, so that it comes after the combo box's own handling, which moves the box.
@@ -187,9 +196,9 @@ void ComboBoxPropertyBinding<T>::modelResetEnds()
 {
     QObject::disconnect(m_modelResetConnection);
     m_modelResetInProgress = false;
-    if (!m_valueWasInModel || m_comboModel->size() == 0 || m_comboModel->indexOf(this->property().value()) != -1)
+    if (!m_valueWasInModel || indexOf(this->property().value()) != -1)
         return;
-    for (int row = 0; row < m_comboModel->size(); ++row) {
+    for (int row = 0; row < m_itemModel->rowCount(); ++row) {
         if (!m_comboModel->isHeader(row)) {
             this->setPropertyValue(m_comboModel->get(row));
             return;

@@ -80,6 +80,7 @@ private:
     void limitMeasuring();
     void currentIndexChanged(int index);
     void valueChanged(T const& value);
+    int indexOf(T const& value) const;
     void modelResetStarts();
     void modelResetEnds();
     bool showsOurList() const;

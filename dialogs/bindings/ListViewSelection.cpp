@@ -1,5 +1,7 @@
 #include "dialogs/bindings/ListViewSelection.h"
 
+#include "dialogs/models/ReadingAsTold.h"
+
 #include <QAbstractItemModel>
 
 #include <algorithm>
@@ -43,6 +45,7 @@ QItemSelection selectionOfValues(std::set<int> const& values, models::ListModelI
     if (values.empty())
         return selection;
     AscendingLookup lookup(values);
+    models::ReadingAsTold const asTold; // as the item model has its rows
     int const size = list.size();
     for (int row = 0; row < size; ++row) {
         if (!lookup.contains(list.get(row)))
@@ -58,6 +61,7 @@ QItemSelection selectionOfValues(std::set<int> const& values, models::ListModelI
 std::set<int> valuesOfSelection(QItemSelection const& selection, models::ListModelInterface<int> const& list)
 {
     std::vector<int> values;
+    models::ReadingAsTold const asTold;
     int const size = list.size();
     for (QItemSelectionRange const& range : selection) {
         for (int row = range.top(); row <= range.bottom() && row < size; ++row) {

@@ -26,12 +26,12 @@ bool concernsLineMaps(toolbox::StateChangeEventInterface const& event)
 } // namespace
 
 LineMapListModel::LineMapListModel()
-    : m_watcher([this] { read(); }, &concernsLineMaps)
+    : m_watcher([this] { sourceChanged(); }, &concernsLineMaps)
 {
-    read();
+    readNow();
 }
 
-void LineMapListModel::read() const
+void LineMapListModel::readAnew() const
 {
     long long const frame = VelUtilFrameGetUniqueID();
     int const count = frame == 0 ? 0 : VelUtilLineMapGetCount();

@@ -6,7 +6,7 @@
 
 namespace veldraw::sdk::ui::dialogs::propertybindings::models {
 
-/// All line maps of the active frame, in ascending order: "<number>: <name>". Reads them again inside the kernel's events
+/// All line maps of the active frame, in ascending order: "<number>: <name>". Reads them again after the kernel's events
 /// and tells what really changed.
 class VDSDKDIALOGS_DATA_QT_API LineMapListModel : public NamedNumbersListModelAbstract
 {
@@ -14,7 +14,7 @@ public:
     LineMapListModel();
 
 private:
-    void read() const;
+    void readAnew() const override;
 
     common::StateChangeActionPerformer m_watcher;
 };

@@ -1,5 +1,8 @@
 #include "dialogs/models/NamedNumbersListModelAbstract.h"
 
+#include "dialogs/models/ReadingAsTold.h"
+#include "platform/vdsdkbase/VelUtilFrame.h"
+
 #include <boost/shared_ptr.hpp>
 
 #include <cstddef>
@@ -35,12 +38,36 @@ std::vector<int> NamedNumbers::rowsNamedOtherwise(NamedNumbers const& other) con
     return rows;
 }
 
-NamedNumbersListModelAbstract::NamedNumbersListModelAbstract() = default;
+NamedNumbersListModelAbstract::NamedNumbersListModelAbstract()
+    : m_reader([this] { readAnew(); })
+{
+}
+
+NamedNumbersListModelAbstract::~NamedNumbersListModelAbstract() = default;
 
 int NamedNumbersListModelAbstract::size() const
 {
+    if (!m_reader.isDue() || ReadingAsTold::isOn() || VelUtilFrameGetUniqueID() != m_frameOfChange)
+        return m_shown.size();
+    boost::shared_ptr<NamedNumbersListModelAbstract const> const aliveWhileItTells = weak_from_this().lock();
+    m_reader.catchUp();
     return m_shown.size();
 }
+
+void NamedNumbersListModelAbstract::sourceChanged() const
+{
+    boost::shared_ptr<NamedNumbersListModelAbstract const> const aliveWhileItTells = weak_from_this().lock();
+    m_reader.sourceChanged();
+    if (m_reader.isDue())
+        m_frameOfChange = VelUtilFrameGetUniqueID();
+}
+
+void NamedNumbersListModelAbstract::readNow() const
+{
+    m_reader.readNow();
+}
+
+void NamedNumbersListModelAbstract::readAnew() const {}
 
 int NamedNumbersListModelAbstract::get(int index) const
 {

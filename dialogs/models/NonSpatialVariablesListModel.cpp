@@ -24,7 +24,7 @@ NonSpatialVariablesListModel::NonSpatialVariablesListModel()
     : ZoneVarListModelAbstract(&getNonSpatialEnabledVarsForFrame, &VelUtilVarGetNumByUniqueID,
                                &variableNameFormattedForAliasesForFrame, &VelUtilVarGetUniqueIDForFrame,
                                StateChange_VariablesRenamed, Rename())
-    , m_axisWatcher([this] { resetListModelState(); }, &isAxisStateChange)
+    , m_axisWatcher([this] { sourceChanged(); }, &isAxisStateChange)
 {
 }
 

@@ -1,5 +1,7 @@
 #include "dialogs/models/QListModel.h"
 
+#include "dialogs/models/ReadingAsTold.h"
+
 #include <utility>
 
 namespace veldraw::sdk::ui::dialogs::propertybindings::models {
@@ -20,7 +22,13 @@ QModelIndex QListModel::parent(QModelIndex const&) const
 
 int QListModel::rowCount(QModelIndex const& parentIndex) const
 {
-    return parentIndex.isValid() ? 0 : m_wrapper->size() - m_insertionCount;
+    return parentIndex.isValid() ? 0 : listSize() - m_insertionCount;
+}
+
+int QListModel::listSize() const
+{
+    ReadingAsTold const asTold;
+    return m_wrapper->size();
 }
 
 int QListModel::listRow(QModelIndex const& modelIndex) const
@@ -80,7 +88,7 @@ void QListModel::itemChanged(int row)
 void QListModel::itemsInserted(int first, int last)
 {
     finishRemoval();
-    if (first < 0 || last < first || last >= m_wrapper->size()) {
+    if (first < 0 || last < first || last >= listSize()) {
         dataChanged(); // a range that can't be: Qt learns the truth from scratch
         return;
     }
@@ -95,7 +103,7 @@ void QListModel::itemsInserted(int first, int last)
 void QListModel::itemsAboutToBeRemoved(int first, int last)
 {
     finishRemoval();
-    if (first < 0 || last < first || last >= m_wrapper->size()) {
+    if (first < 0 || last < first || last >= listSize()) {
         m_removal = Removal::Reset;
         beginResetModel();
         return;

@@ -75,6 +75,8 @@ private:
         m_connections.add(model.connectItemsRemoved([this] { itemsRemoved(); }));
     }
 
+    /// As the list has told it last: Qt needs rows that do not move between two signals.
+    int listSize() const;
     /// The list's row behind a row of this model, -1 if there is none.
     int listRow(QModelIndex const& modelIndex) const;
     void finishRemoval();

@@ -55,7 +55,7 @@ bool ZoneVarListModelAbstract::isEditable() const
 bool ZoneVarListModelAbstract::setEditedItem(std::string const& text, int index) const
 {
     std::string const name = trimmed(text);
-    if (!isEditable() || name.empty() || index < 0 || index >= size())
+    if (!isEditable() || name.empty() || index < 0 || index >= shown().size())
         return false;
     int const number = m_numberOfID(m_ids.at(static_cast<std::size_t>(index)));
     return number > 0 && m_rename(m_frame, number, name.c_str()) != 0;
@@ -63,28 +63,37 @@ bool ZoneVarListModelAbstract::setEditedItem(std::string const& text, int index)
 
 void ZoneVarListModelAbstract::resetListModelState() const
 {
-    long long const frame = VelUtilFrameGetUniqueID();
-    read(frame, currentNumbers(frame));
+    m_namesMayDiffer = true;
+    readNow();
 }
 
 void ZoneVarListModelAbstract::stateChanged(toolbox::StateChangeEventInterface const& event)
 {
     if (!concerns(event))
         return;
-    if (isRenamingOfShown(event)) {
+    if (isRenamingOfShown(event) && !isReadingDue()) {
         readNames(event.hasZones() ? event.zones() : event.vars());
         return;
     }
+    // An edit of values in a data set of many zones must not cost the reading of all their names.
+    m_namesMayDiffer = m_namesMayDiffer || !leavesNames(event);
+    sourceChanged();
+}
+
+void ZoneVarListModelAbstract::readAnew() const
+{
     long long const frame = VelUtilFrameGetUniqueID();
     toolbox::Set::Members numbers = currentNumbers(frame);
-    // An edit of values in a data set of many zones must not cost the reading of all their names.
-    if (leavesNames(event) && frame == m_frame && numbers == shown().numbers)
+    if (!m_namesMayDiffer && frame == m_frame && numbers == shown().numbers)
         return;
     read(frame, std::move(numbers));
 }
 
+// No list goes by the names of what it does not show.
 bool ZoneVarListModelAbstract::concerns(toolbox::StateChangeEventInterface const& event) const
 {
+    if (event.kind() == StateChange_ZonesRenamed || event.kind() == StateChange_VariablesRenamed)
+        return event.kind() == m_stateChange;
     return event.kind() == m_stateChange || common::isDataRelatedStateChange(event) ||
            common::isNewActiveFrameStateChange(event) || common::isPlotTypeStateChange(event);
 }
@@ -139,6 +148,7 @@ void ZoneVarListModelAbstract::read(long long frame, toolbox::Set::Members&& num
             ids.push_back(m_idOf(frame, number));
     }
     snapshot.numbers = std::move(numbers);
+    m_namesMayDiffer = false;
     m_frame = frame;
     m_ids = std::move(ids);
     show(std::move(snapshot));

@@ -14,8 +14,8 @@
 namespace veldraw::sdk::ui::dialogs::propertybindings::models {
 
 /// A list of numbers of zones or variables of the active frame's data set, in ascending order, that stays true: it
-/// reads its source again inside the kernel's events and tells its listeners only what really changed. Bindings need
-/// not watch the kernel.
+/// reads its source again after the kernel's events, inside the first one of a turn of the event loop, and tells its
+/// listeners only what really changed. Bindings need not watch the kernel.
 ///
 /// A row reads "<number>: <name>". Without a frame the list is empty.
 class VDSDKDIALOGS_DATA_QT_API ZoneVarListModelAbstract : public NamedNumbersListModelAbstract,
@@ -51,6 +51,7 @@ protected:
     void resetListModelState() const;
 
 private:
+    void readAnew() const override;
     void stateChanged(toolbox::StateChangeEventInterface const& event) override;
 
     bool concerns(toolbox::StateChangeEventInterface const& event) const;
@@ -66,8 +67,9 @@ private:
     IDOf const m_idOf;
     StateChange_e const m_stateChange;
     Rename const m_rename;
-    mutable long long m_frame = 0;        // the frame that was read last
-    mutable std::vector<long long> m_ids; // of each row; only editable lists have them
+    mutable bool m_namesMayDiffer = false; // at the next reading, although the numbers are the same
+    mutable long long m_frame = 0;         // the frame that was read last
+    mutable std::vector<long long> m_ids;  // of each row; only editable lists have them
 };
 
 } // namespace veldraw::sdk::ui::dialogs::propertybindings::models

@@ -15,7 +15,7 @@ NotLoadedVariablesListModel::NotLoadedVariablesListModel(boost::shared_ptr<Prope
                                &VelUtilVarGetNumByUniqueID, &sdk::variableNameFormattedForAliasesForFrame,
                                &VelUtilVarGetUniqueIDForFrame, StateChange_VariablesRenamed, Rename())
     // What the frame draws may decide which values the kernel keeps in memory.
-    , m_drawingListener([this] { resetListModelState(); }, &isDrawingStateChange)
+    , m_drawingListener([this] { sourceChanged(); }, &isDrawingStateChange)
 {
     m_connections.add(zone->connectValueChanged([this](int) { resetListModelState(); }));
 }

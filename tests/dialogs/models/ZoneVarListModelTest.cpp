@@ -6,6 +6,7 @@
 #include "kernel/operations/RenameZone.h"
 #include "platform/vdsdkcommon/DataSetQueries.h"
 #include "platform/vdsdkcommon/StateChangeEventObservable.h"
+#include "platform/vdsdkuicommon/IdleDispatcher.h"
 #include "tests/dialogs/models/ListLog.h"
 #include "tests/dialogs/models/Rows.h"
 #include "tests/dialogs/models/SampleSession.h"
@@ -13,7 +14,6 @@
 
 #include <QAbstractItemModelTester>
 
-#include <chrono>
 #include <gtest/gtest.h>
 #include <random>
 #include <stdexcept>
@@ -24,6 +24,7 @@ namespace {
 using namespace sdk::ui::dialogs::propertybindings::models;
 using sdk::getEnabledVarsForFrame;
 using sdk::getEnabledZonesForFrame;
+using sdk::ui::common::IdleDispatcher;
 
 class ZoneVarListModelTest : public ::testing::Test
 {
@@ -162,6 +163,7 @@ TEST_F(ZoneVarListModelTest, ReadsNoNamesAfterAnEditOfValues)
     FakeStateChange(StateChange_SharingChanged).send();
     FakeStateChange(StateChange_VariablesLoaded).send();
     FakeStateChange(StateChange_ZoneMetricsLoaded).send();
+    IdleDispatcher::flush();
     EXPECT_EQ(namesRead, 3);
     FakeStateChange(StateChange_ZonesRenamed).send();
     EXPECT_EQ(namesRead, 6);
@@ -313,7 +315,7 @@ TEST_F(ZoneVarListModelTest, StandsAListenerThatChangesTheKernel)
     ListLog log(zones);
     session.perform(kernel::RenameZone(dataSet, 3, "Fin"));
     EXPECT_EQ(rows(zones), "1=1: Wing");
-    EXPECT_EQ(log.take(), "data; data; item 2");
+    EXPECT_EQ(log.take(), "data; item 2; data");
 }
 
 TEST_F(ZoneVarListModelTest, StaysTrueAfterAListenerHasThrown)
@@ -369,27 +371,11 @@ TEST(ZoneVarListModelOfManyZones, TellsManyNewNamesAsOneChange)
     std::string const oneByOne = log.take();
     EXPECT_EQ(oneByOne.substr(0, 16), "item 0; item 1; ");
     EXPECT_EQ(oneByOne.substr(oneByOne.size() - 9), "; item 99");
+    IdleDispatcher::flush();
     limit = 101;
     prefix = "c";
     FakeStateChange(StateChange_ZonesRenamed).send();
     EXPECT_EQ(log.take(), "data");
-}
-
-TEST(ZoneVarListModelOfManyZones, StaysFastWithAHundredThousandZones)
-{
-    SampleSession const sample(SampleSession::numberedNames(100000), {"X"});
-    ZoneListModel const zones(getEnabledZonesForFrame, true);
-    ASSERT_EQ(zones.size(), 100000);
-    ListLog log(zones);
-    auto const start = std::chrono::steady_clock::now();
-    for (int n = 0; n < 10; ++n) {
-        FakeStateChange(StateChange_ValuesAltered).send();
-        FakeStateChange(StateChange_VariablesAdded).send();
-    }
-    std::chrono::duration<double> const taken = std::chrono::steady_clock::now() - start;
-    EXPECT_EQ(log.take(), "");
-    // A hundred times what it takes on a slow machine; a walk within a walk over the zones would take minutes.
-    EXPECT_LT(taken.count(), 20.0);
 }
 
 /// Random changes of the kernel, all lists under Qt's tester; every step each list equals a fresh reading.
@@ -439,6 +425,10 @@ TEST_P(ZoneVarListModelStorm, EqualsAFreshReadingOfTheKernel)
             session.undo();
             break;
         }
+        if (upTo(4) == 1)
+            IdleDispatcher::flush();
+        ASSERT_EQ(zones.size(), ZoneListModel(getEnabledZonesForFrame, false).size());
+        ASSERT_EQ(variables.size(), EnabledVariablesListModel(getEnabledVarsForFrame, false).size());
         ASSERT_EQ(rows(zoneRows), rows(ZoneListModel(getEnabledZonesForFrame, false))) << "step " << step;
         ASSERT_EQ(rows(variableRows), rows(EnabledVariablesListModel(getEnabledVarsForFrame, false)))
             << "step " << step;

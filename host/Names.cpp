@@ -9,6 +9,35 @@ namespace veldraw::sdk {
 
 using host::KernelAccess;
 
+namespace {
+
+/// What a unique identifier stands for: a number in the data set that has it.
+struct Place
+{
+    std::shared_ptr<kernel::DataSet> dataSet; // null: there is none
+    int number = 0;
+};
+
+Place placeOf(long long id, int (kernel::DataSet::*numberOf)(kernel::UniqueId) const)
+{
+    for (auto const& dataSet : kernel::Session::instance().pages().dataSets()) {
+        int const number = ((*dataSet).*numberOf)(id);
+        if (number > 0)
+            return {dataSet, number};
+    }
+    return {};
+}
+
+template <typename Renaming>
+char rename(Place const& place, char const* name)
+{
+    return place.dataSet && name && kernel::api::answerOr(false, [&] {
+               return kernel::Session::instance().perform(Renaming(*place.dataSet, place.number, name));
+           });
+}
+
+} // namespace
+
 std::string zoneNameForFrame(long long frameID, int zone)
 {
     auto const dataSet = KernelAccess::dataSetOf(frameID);
@@ -38,18 +67,32 @@ int zoneNumberByUniqueID(long long zoneID)
 
 char renameZoneForFrame(long long frameID, int zone, char const* name)
 {
-    auto const dataSet = KernelAccess::dataSetOf(frameID);
-    return dataSet && name && kernel::api::answerOr(false, [&] {
-               return kernel::Session::instance().perform(kernel::RenameZone(*dataSet, zone, name));
-           });
+    return rename<kernel::RenameZone>({KernelAccess::dataSetOf(frameID), zone}, name);
 }
 
 char renameVariableForFrame(long long frameID, int var, char const* name)
 {
-    auto const dataSet = KernelAccess::dataSetOf(frameID);
-    return dataSet && name && kernel::api::answerOr(false, [&] {
-               return kernel::Session::instance().perform(kernel::RenameVariable(*dataSet, var, name));
-           });
+    return rename<kernel::RenameVariable>({KernelAccess::dataSetOf(frameID), var}, name);
+}
+
+bool zoneExists(long long zoneID)
+{
+    return placeOf(zoneID, &kernel::DataSet::zoneNumber).dataSet != nullptr;
+}
+
+bool variableExists(long long variableID)
+{
+    return placeOf(variableID, &kernel::DataSet::variableNumber).dataSet != nullptr;
+}
+
+char renameZone(long long zoneID, char const* name)
+{
+    return rename<kernel::RenameZone>(placeOf(zoneID, &kernel::DataSet::zoneNumber), name);
+}
+
+char renameVariable(long long variableID, char const* name)
+{
+    return rename<kernel::RenameVariable>(placeOf(variableID, &kernel::DataSet::variableNumber), name);
 }
 
 bool dataSetExists(long long dataSetID)

@@ -1,11 +1,14 @@
 #include "dialogs/datasetinfo/NamedThings.h"
 
+#include "dialogs/models/ReadingAsTold.h"
 #include "platform/vdsdkbase/VelUtilDialog.h"
 #include "platform/vdsdkbase/VelUtilFrame.h"
 #include "platform/vdsdkbase/VelUtilVar.h"
 #include "platform/vdsdkcommon/ActionReporter.h"
 #include "platform/vdsdkcommon/AppLock.h"
 #include "platform/vdsdkcommon/Names.h"
+
+#include <QString>
 
 #include <utility>
 
@@ -20,34 +23,34 @@ bool isBlankName(std::string const& name)
 
 } // namespace
 
-NamedThings::NamedThings(List list, NumberOfID numberOf, IDOfNumber idOfNumber, char const* kind)
+NamedThings::NamedThings(List list, Kind const& kind)
     : m_list(std::move(list))
-    , m_numberOf(numberOf)
-    , m_idOf(idOfNumber)
     , m_kind(kind)
 {
 }
 
 NamedThings NamedThings::zones(List list)
 {
-    return {std::move(list), &zoneNumberByUniqueID, &zoneUniqueIDForFrame, "zone"};
+    return {std::move(list), {&zoneNumberByUniqueID, &zoneUniqueIDForFrame, &zoneExists, &renameZone, "zone"}};
 }
 
 NamedThings NamedThings::variables(List list)
 {
-    return {std::move(list), &VelUtilVarGetNumByUniqueID, &VelUtilVarGetUniqueIDForFrame, "variable"};
+    return {
+        std::move(list),
+        {&VelUtilVarGetNumByUniqueID, &VelUtilVarGetUniqueIDForFrame, &variableExists, &renameVariable, "variable"}};
 }
 
 long long NamedThings::idOf(int number) const
 {
     AppLock const lock(AppLock::RecordAsUsual);
-    return m_idOf(VelUtilFrameGetUniqueID(), number);
+    return m_kind.idOf(VelUtilFrameGetUniqueID(), number);
 }
 
 int NamedThings::rowOf(long long id) const
 {
     AppLock const lock(AppLock::RecordAsUsual);
-    int const number = m_numberOf(id);
+    int const number = m_kind.numberOf(id);
     return number > 0 ? m_list->indexOf(number) : -1;
 }
 
@@ -59,6 +62,7 @@ std::string NamedThings::name(long long id) const
 
 int NamedThings::longestRow() const
 {
+    dialogs::propertybindings::models::ReadingAsTold const asTold; // views ask, which show the rows so
     int longest = -1;
     std::size_t length = 0;
     for (int row = 0; row < m_list->size(); ++row) {
@@ -71,19 +75,29 @@ int NamedThings::longestRow() const
     return longest;
 }
 
+bool NamedThings::isInAnotherDataSet(long long id) const
+{
+    return m_kind.numberOf(id) == 0 && m_kind.exists(id);
+}
+
+char NamedThings::renameNow(long long id, std::string const& name) const
+{
+    int const row = rowOf(id);
+    return row >= 0 ? static_cast<char>(m_list->setEditedItem(name, row))
+                    : m_kind.rename(id, QString::fromStdString(name).trimmed().toUtf8().constData());
+}
+
 bool NamedThings::rename(long long id, std::string const& name) const
 {
     AppLock const lock(AppLock::RecordAsUsual);
-    int const row = rowOf(id);
-    std::string const kind = m_kind;
-    if (row < 0) {
+    std::string const kind = m_kind.name;
+    if (rowOf(id) < 0 && !isInAnotherDataSet(id)) {
         std::string const reason = "The name " + name + " was not given: its " + kind + " is not in the list any more.";
         VelUtilDialogErrMsg(reason.c_str());
         return false;
     }
     std::string const failure = isBlankName(name) ? "A name must not be empty." : "Error renaming the " + kind + ".";
-    return velUtilActionReporter([this, row, &name] { return static_cast<char>(m_list->setEditedItem(name, row)); },
-                                 failure, "") != 0;
+    return velUtilActionReporter([this, id, &name] { return renameNow(id, name); }, failure, "") != 0;
 }
 
 } // namespace veldraw::sdk::ui::propertymanager

@@ -27,8 +27,8 @@ public:
     /// The row of the list with the most to read, -1 if it is empty.
     int longestRow() const;
 
-    /// Renames a thing of the list, as one undo step, to the text without the blanks around it. A refusal is told to the user, also when
-    /// the thing is not in the list any more.
+    /// Renames a thing of the list, or of another data set if the list belongs to another frame by now, as one undo step, to the text without
+    /// the blanks around it. A refusal is told to the user, also when the thing is in no list any more.
     /// @return whether it was renamed, or is called so already
     bool rename(long long id, std::string const& name) const;
 
@@ -36,15 +36,25 @@ private:
     using NumberOfID = int (*)(long long id);
     using IDOfNumber = long long (*)(long long frame, int number);
 
-    NamedThings(List list, NumberOfID numberOf, IDOfNumber idOfNumber, char const* kind);
+    /// What there is to be asked and done by unique identifier.
+    struct Kind
+    {
+        NumberOfID numberOf; // in the active data set
+        IDOfNumber idOf;
+        bool (*exists)(long long id); // in any data set
+        char (*rename)(long long id, char const* name);
+        char const* name; // as messages call them
+    };
+
+    NamedThings(List list, Kind const& kind);
 
     /// -1 if it is not in the list.
     int rowOf(long long id) const;
+    bool isInAnotherDataSet(long long id) const;
+    char renameNow(long long id, std::string const& name) const;
 
     List m_list;
-    NumberOfID m_numberOf;
-    IDOfNumber m_idOf;
-    char const* m_kind; // as messages call them
+    Kind m_kind;
 };
 
 } // namespace veldraw::sdk::ui::propertymanager

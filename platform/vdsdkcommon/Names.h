@@ -28,6 +28,15 @@ VELDRAW_PLATFORM_API char renameZoneForFrame(long long frameID, int zone, char c
 /// Renames a variable, as one undo step. @return zero when there is none, or when the name is not allowed
 VELDRAW_PLATFORM_API char renameVariableForFrame(long long frameID, int var, char const* name);
 
+/// Whether any frame shows a data set with this zone or variable.
+VELDRAW_PLATFORM_API bool zoneExists(long long zoneID);
+VELDRAW_PLATFORM_API bool variableExists(long long variableID);
+
+/// Renames a zone or variable, as one undo step; its data set need not be that of the active frame. @return zero when there is none, or
+/// when the name is not allowed
+VELDRAW_PLATFORM_API char renameZone(long long zoneID, char const* name);
+VELDRAW_PLATFORM_API char renameVariable(long long variableID, char const* name);
+
 /// Empty when there is no such frame or line map.
 VELDRAW_PLATFORM_API std::string lineMapNameForFrame(long long frameID, int lineMap);
 

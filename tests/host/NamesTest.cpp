@@ -80,8 +80,31 @@ TEST_F(Names, OfADataSetCanBeChangedWhichIsNotTheActiveOne)
     EXPECT_EQ(m_dataSet->title(), title);
 }
 
+TEST_F(Names, OfZonesAndVariablesCanBeChangedInADataSetWhichIsNotTheActiveOne)
+{
+    session().activateFrame(m_other->id);
+    long long const zone = m_dataSet->zone(2)->id;
+    long long const variable = m_dataSet->variable(2)->id;
+    EXPECT_TRUE(zoneExists(zone));
+    EXPECT_TRUE(variableExists(variable));
+    EXPECT_NE(renameZone(zone, "nozzle"), 0);
+    EXPECT_NE(renameVariable(variable, "pressure"), 0);
+    EXPECT_EQ(m_dataSet->zone(2)->name, "nozzle");
+    EXPECT_EQ(m_dataSet->variable(2)->name, "pressure");
+    session().undo();
+    session().undo();
+    EXPECT_EQ(m_dataSet->zone(2)->name, "outlet");
+    EXPECT_EQ(m_dataSet->variable(2)->name, "P");
+}
+
 TEST_F(Names, AreNotChangedForWhatDoesNotExist)
 {
+    EXPECT_FALSE(zoneExists(m_dataSet->variable(1)->id));
+    EXPECT_FALSE(variableExists(0));
+    EXPECT_EQ(renameZone(0, "a"), 0);
+    EXPECT_EQ(renameVariable(m_dataSet->zone(1)->id, "a"), 0);
+    EXPECT_EQ(renameZone(m_dataSet->zone(1)->id, nullptr), 0);
+    EXPECT_EQ(renameZone(m_dataSet->zone(1)->id, ""), 0);
     EXPECT_FALSE(dataSetExists(0));
     EXPECT_EQ(renameDataSet(0, "a"), 0);
     EXPECT_EQ(renameDataSet(m_dataSet->id(), nullptr), 0);

@@ -143,6 +143,29 @@ TEST_F(ZoneVarInfoPageNamesTest, GivesANameToTheVariableThatItWasTypedForThoughN
     EXPECT_EQ(shown("varNameLineEdit"), "T");
 }
 
+TEST_F(ZoneVarInfoPageNamesTest, GivesANameToTheZoneThatItWasTypedForThoughAnotherFrameIsActive)
+{
+    type(*ui.zoneNameLineEdit, " Hull ");
+    auto const other = stage.session().createFrame("Frame 002", kernel::Rectangle{0.0, 0.0, 2.0, 2.0});
+    stage.session().setFrameDataSet(other->id, SampleSession::makeDataSet({"A", "B"}, {"X"}));
+    EXPECT_EQ(shown("zoneNameLineEdit"), "A");
+    EXPECT_EQ(zoneName(Stage::Wing), "Hull");
+    EXPECT_EQ(other->dataSet->zone(1)->name, "A");
+    EXPECT_THAT(messages.take(), IsEmpty());
+}
+
+TEST_F(ZoneVarInfoPageNamesTest, GivesANameTypedInTheListToTheVariableOfTheFrameThatWasActive)
+{
+    QLineEdit& editor = typeInRow(*ui.selectedVarsList, Stage::P, "Pressure");
+    auto const other = stage.session().createFrame("Frame 002", kernel::Rectangle{0.0, 0.0, 2.0, 2.0});
+    stage.session().setFrameDataSet(other->id, SampleSession::makeDataSet({"A"}, {"X", "Y"}));
+    EXPECT_FALSE(editor.isVisible());
+    IdleDispatcher::flush();
+    EXPECT_EQ(variableName(Stage::P), "Pressure");
+    EXPECT_EQ(other->dataSet->variable(1)->name, "X");
+    EXPECT_THAT(messages.take(), IsEmpty());
+}
+
 TEST_F(ZoneVarInfoPageNamesTest, TellsWhenTheZoneThatANameWasTypedForIsNotThereAnyMore)
 {
     selectZone(Stage::Skin);

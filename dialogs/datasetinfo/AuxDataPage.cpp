@@ -3,6 +3,7 @@
 #include "dialogs/bindings/ComboBoxPropertyBinding.h"
 #include "dialogs/bindings/RelevanceApplier.h"
 #include "dialogs/bindings/WidgetUpdateDeferrerOnBusy.h"
+#include "dialogs/datasetinfo/NamedRowsSelection.h"
 #include "dialogs/widgets/TableCopyHandler.h"
 #include "ui_DataSetInfoDialog.h"
 
@@ -12,6 +13,7 @@ namespace veldraw::dialogs::data {
 
 using sdk::ui::dialogs::propertybindings::BindingInterface;
 using sdk::ui::dialogs::propertybindings::ComboBoxPropertyBinding;
+using sdk::ui::dialogs::propertybindings::NamedRowsSelection;
 using sdk::ui::dialogs::propertybindings::RelevanceApplier;
 using sdk::ui::dialogs::propertybindings::WidgetUpdateDeferrerOnBusy;
 
@@ -56,6 +58,7 @@ void AuxDataPage::showTable(Ui::DataSetInfo& ui)
     table->setModel(&m_adapter);
     table->horizontalHeader()->setStretchLastSection(true);
     table->verticalHeader()->hide();
+    new NamedRowsSelection(*table);
     new WidgetUpdateDeferrerOnBusy(*table);
     new veldraw::ui::TableCopyHandler(table);
 }

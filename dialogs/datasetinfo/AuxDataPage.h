@@ -2,7 +2,7 @@
 
 #include "dialogs/bindings/BindingList.h"
 #include "dialogs/datasetinfo/AuxDataPropertiesManager.h"
-#include "dialogs/models/QTableModelAdapter.h"
+#include "dialogs/datasetinfo/AuxDataTableAdapter.h"
 
 namespace Ui {
 class DataSetInfo;
@@ -26,7 +26,7 @@ private:
     void showTable(Ui::DataSetInfo& ui);
 
     sdk::ui::propertymanager::AuxDataPropertiesManager m_manager;
-    sdk::ui::dialogs::propertybindings::models::QTableModelAdapter m_adapter;
+    sdk::ui::dialogs::propertybindings::models::AuxDataTableAdapter m_adapter;
     sdk::ui::dialogs::propertybindings::BindingList m_bindings;
 };
 

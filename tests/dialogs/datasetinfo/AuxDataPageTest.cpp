@@ -6,6 +6,7 @@
 #include "tests/dialogs/datasetinfo/DataSetInfoFixture.h"
 
 #include <QAbstractItemModelTester>
+#include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
@@ -96,6 +97,18 @@ TEST_F(AuxDataPageTest, HasTwoColumnsOfWhichTheLastFillsTheTable)
     EXPECT_THAT(headers(), ElementsAre("Data Name", "Value")) << "also without items";
     EXPECT_TRUE(table().horizontalHeader()->stretchLastSection());
     EXPECT_TRUE(table().verticalHeader()->isHidden());
+}
+
+TEST_F(AuxDataPageTest, TellsAssistiveTechnologyTheNamesOfItemsAsThoseOfRows)
+{
+    QAccessibleTableInterface* const read = QAccessible::queryAccessibleInterface(&table())->tableInterface();
+    ASSERT_NE(read, nullptr);
+    QAccessibleTableCellInterface* const cell = read->cellAt(0, 1)->tableCellInterface();
+    ASSERT_NE(cell, nullptr);
+    QList<QAccessibleInterface*> const names = cell->rowHeaderCells();
+    ASSERT_EQ(names.size(), 1);
+    EXPECT_EQ(names.front()->text(QAccessible::Name).toStdString(), "Owner");
+    EXPECT_EQ(table().model()->headerData(0, Qt::Vertical).toString().toStdString(), "Blame Oren Kasvik");
 }
 
 TEST_F(AuxDataPageTest, FollowsItemsThatComeAndGo)

@@ -9,6 +9,7 @@
 #include "platform/vdtoolbox/AuxData.h"
 #include "tests/dialogs/datasetinfo/CountingLoaders.h"
 #include "tests/dialogs/datasetinfo/DataSetInfoFixture.h"
+#include "tests/dialogs/support/ToolTipOf.h"
 
 #include <QAbstractItemModelTester>
 #include <QComboBox>
@@ -31,7 +32,6 @@ struct KernelFacts
         title = dataSet->title();
         for (kernel::LoaderInstructions const& load : dataSet->loaderInstructions())
             files += load.words.at(1) + "\n"; // each load of the storm is of one file
-        bool isKnown = true;
         long long points = 0;
         long long elements = 0;
         for (auto const& zone : dataSet->zones()) {
@@ -44,7 +44,8 @@ struct KernelFacts
                  dataSet->lockHolder().empty() ? "none" : dataSet->lockHolder()};
     }
 
-    std::string title; // empty without a data set: the last one stays shown
+    bool isKnown = true; // how large it is
+    std::string title;   // empty without a data set: the last one stays shown
     std::string files;
     std::vector<std::string> texts{"0", "0", "0", "0", "none"};
 };
@@ -187,6 +188,11 @@ protected:
         }
     }
 
+    static std::string tipOnTotal(std::string const& metric)
+    {
+        return "<html>Loading of the Total " + metric +
+               " metric for one or more zones is deferred until first used to improve performance.</html>";
+    }
     /// The rows of the owner that the page names.
     std::vector<std::string> dataOfChosenOwner()
     {
@@ -218,6 +224,9 @@ protected:
         std::vector<std::string> const rows = dataOfChosenOwner();
         ASSERT_EQ(auxData(), rows) << chosen(kinds) << " " << chosen(owners);
         ASSERT_EQ(deferred.timesLoaded(), loads) << "the pages load nothing";
+        for (auto const& [label, metric] :
+             {std::pair("totalPointsLabel", "Points"), std::pair("totalElementsLabel", "Elements")})
+            ASSERT_EQ(toolTipOf(child<QWidget>(label)), facts.isKnown ? "" : tipOnTotal(metric));
         m_done["rows seen"] += static_cast<int>(rows.size());
         m_done["not loaded seen"] += facts.texts[2] == "Not Loaded" ? 1 : 0;
     }

@@ -5,13 +5,12 @@
 #include "tests/dialogs/datasetinfo/CountingLoaders.h"
 #include "tests/dialogs/datasetinfo/DataSetInfoFixture.h"
 #include "tests/dialogs/support/FakeStateChange.h"
+#include "tests/dialogs/support/ToolTipOf.h"
 #include "tests/support/KernelSpy.h"
 
 #include <QApplication>
 #include <QClipboard>
-#include <QHelpEvent>
 #include <QLineEdit>
-#include <QToolTip>
 
 #include <gmock/gmock.h>
 
@@ -45,15 +44,7 @@ protected:
         return {labelled("numZonesLabel"), labelled("numVarsLabel"), labelled("totalPointsLabel"),
                 labelled("totalElementsLabel"), labelled("lockedByLabel")};
     }
-    std::string toolTipOf(std::string const& widget)
-    {
-        auto& asked = child<QWidget>(widget);
-        QToolTip::hideText();
-        EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
-        QHelpEvent event(QEvent::ToolTip, QPoint(1, 1), asked.mapToGlobal(QPoint(1, 1)));
-        QApplication::sendEvent(&asked, &event);
-        return QToolTip::isVisible() ? QToolTip::text().toStdString() : "";
-    }
+    std::string tip(std::string const& name) { return toolTipOf(child<QWidget>(name)); }
     /// Shows a data set of its own in another frame.
     void showAnother(std::string const& text)
     {
@@ -220,20 +211,20 @@ TEST_F(DataSetPageTest, ExplainsATotalThatIsNotKnownYet)
     EXPECT_THAT(texts(), ElementsAre("4", "4", "Not Loaded", "Not Loaded", "none"));
     for (char const* const name : {"label_9", "totalPointsLabel"}) {
         EXPECT_FALSE(isEnabled(name)) << name;
-        EXPECT_EQ(toolTipOf(name), "<html>Loading of the Total Points metric for one or more zones is deferred until "
-                                   "first used to improve performance.</html>");
+        EXPECT_EQ(tip(name), "<html>Loading of the Total Points metric for one or more zones is deferred until "
+                             "first used to improve performance.</html>");
     }
     for (char const* const name : {"label_7", "totalElementsLabel"}) {
         EXPECT_FALSE(isEnabled(name)) << name;
-        EXPECT_EQ(toolTipOf(name), "<html>Loading of the Total Elements metric for one or more zones is deferred until "
-                                   "first used to improve performance.</html>");
+        EXPECT_EQ(tip(name), "<html>Loading of the Total Elements metric for one or more zones is deferred until "
+                             "first used to improve performance.</html>");
     }
     EXPECT_EQ(deferred.timesLoaded(), 0);
     sample.session().perform(kernel::LoadDimensions(sample.dataSet(), 4));
     EXPECT_THAT(texts(), ElementsAre("4", "4", "78", "30", "none"));
     for (char const* const name : {"label_9", "totalPointsLabel", "label_7", "totalElementsLabel"}) {
         EXPECT_TRUE(isEnabled(name)) << name;
-        EXPECT_EQ(toolTipOf(name), "") << name;
+        EXPECT_EQ(tip(name), "") << name;
     }
 }
 

@@ -9,6 +9,7 @@
 #include "kernel/operations/SetValue.h"
 #include "tests/dialogs/datasetinfo/ZoneVarInfoFixture.h"
 #include "tests/dialogs/datasetinfo/ZoneVarTexts.h"
+#include "tests/dialogs/support/ToolTipOf.h"
 
 #include <QAbstractItemModelTester>
 
@@ -230,6 +231,25 @@ protected:
                                        "varSelectedMinLineEdit", "varActiveMaxLineEdit"})
             expectEnabled(name, zone && hasVariable);
     }
+    // Metrics that are deferred, and no others, say why they are empty.
+    void compareTips(kernel::Zone const* zone) const
+    {
+        if (!zone)
+            return;
+        bool const hasFaces = zone->type == ZoneType_FEPolygon || zone->type == ZoneType_FEPolyhedron;
+        std::vector<std::string> const metrics = zone->isOrdered()
+                                                     ? std::vector<std::string>{"IMax", "JMax", "KMax"}
+                                                     : std::vector<std::string>{"Pts", "Elem", hasFaces ? "Faces" : ""};
+        for (std::size_t place = 0; place < 3; ++place) {
+            std::string const row = std::string("zone") + "IJK"[place] + "Dimension";
+            std::string const tip = zone->isDeferred() && !metrics[place].empty()
+                                        ? "<html>Loading of the " + metrics[place] +
+                                              " metric is deferred until first used to improve performance.</html>"
+                                        : "";
+            EXPECT_EQ(toolTipOf(child(row + "Label")), tip);
+            EXPECT_EQ(toolTipOf(child(row + "LineEdit")), tip);
+        }
+    }
     /// What is loaded of the shown data.
     int loadedCount() const
     {
@@ -273,7 +293,10 @@ protected:
         for (auto const& [name, text] : m_expected)
             EXPECT_EQ(child(name).property("text").toString().toStdString(), text)
                 << name << " of zone " << zone << ", variable " << variable;
-        compareEnabled(zone > 0 ? dataSet.zone(zone).get() : nullptr, variable > 0);
+        kernel::Zone const* const shownZone = zone > 0 ? dataSet.zone(zone).get() : nullptr;
+        compareEnabled(shownZone, variable > 0);
+        withoutLoading([&] { compareTips(shownZone); });
+        note("tip seen", shownZone && shownZone->isDeferred());
         note("other texts", m_expected != before);
         note("map seen", m_expected["varStatusLineEdit"] == "Map");
     }
@@ -306,7 +329,8 @@ TEST_P(ZoneVarInfoPageStormTest, ShowsWhatTheKernelHasAfterEachStep)
                                    "frame gone",    "new data",
                                    "other frame",   "select",
                                    "edit",          "undo",
-                                   "map seen",      "redo"})
+                                   "map seen",      "redo",
+                                   "tip seen"})
         EXPECT_GT(m_done[kind], 0) << kind;
 }
 

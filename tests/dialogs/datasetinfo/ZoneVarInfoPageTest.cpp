@@ -6,11 +6,10 @@
 #include "kernel/operations/SetPlotType.h"
 #include "tests/dialogs/datasetinfo/ZoneVarInfoFixture.h"
 #include "tests/dialogs/support/FakeStateChange.h"
+#include "tests/dialogs/support/ToolTipOf.h"
 
 #include <QComboBox>
-#include <QHelpEvent>
 #include <QScrollBar>
-#include <QToolTip>
 
 #include <gmock/gmock.h>
 
@@ -42,14 +41,7 @@ protected:
         return shownAll({"zoneIDimensionLabel", "zoneIDimensionLineEdit", "zoneJDimensionLabel",
                          "zoneJDimensionLineEdit", "zoneKDimensionLabel", "zoneKDimensionLineEdit"});
     }
-    /// The tool tip that a widget shows, empty if it shows none.
-    std::string tip(std::string const& name) const
-    {
-        QWidget& widget = child(name);
-        QHelpEvent asked(QEvent::ToolTip, widget.rect().center(), widget.mapToGlobal(widget.rect().center()));
-        QApplication::sendEvent(&widget, &asked);
-        return asked.isAccepted() ? QToolTip::text().toStdString() : std::string();
-    }
+    std::string tip(std::string const& name) const { return toolTipOf(child(name)); }
 };
 
 TEST_F(ZoneVarInfoPageTest, ShowsTheSelectedZone)

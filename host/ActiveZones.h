@@ -52,6 +52,7 @@ private:
     std::optional<toolbox::Set> m_lineMapZones;
     std::optional<toolbox::Set> m_fieldMaps;
     std::optional<toolbox::Set> m_zones;
+    std::optional<toolbox::Set::Members> m_zoneNumbers; // of zones(), to be walked through for each variable
     std::map<int, JoinedRange> m_ranges;
 };
 

@@ -1,5 +1,6 @@
 #include "dialogs/datasetinfo/DataSetInfoDialog.h"
 #include "host/KernelBridge.h"
+#include "kernel/operations/EnableZone.h"
 #include "kernel/operations/SetPlotType.h"
 #include "kernel/session/Session.h"
 #include "platform/vdsdkuicommon/IdleDispatcher.h"
@@ -131,6 +132,30 @@ void lockInOneTurn(benchmark::State& state)
     delete &dialog;
 }
 BENCHMARK(lockInOneTurn)->Arg(1)->Arg(1000)->Unit(benchmark::kMillisecond);
+
+/// Argument: how many zones are hidden before the window can follow. Its lists of zones are read twice at most.
+void hideInOneTurn(benchmark::State& state)
+{
+    CrowdedDesk desk;
+    DataSetInfoDialog& dialog = desk.open();
+    auto& list = *dialog.findChild<QListView*>(QStringLiteral("selectedZonesList"));
+    kernel::DataSet& dataSet = *desk.session.activeDataSet();
+    auto const times = static_cast<int>(state.range(0));
+    for (auto _ : state) {
+        for (int zone = 1; zone <= times; ++zone)
+            desk.session.perform(kernel::EnableZone(dataSet, zone, false));
+        CrowdedDesk::settle();
+        state.PauseTiming();
+        if (list.model()->rowCount() != zoneCount - times)
+            state.SkipWithError("the window did not follow");
+        for (int zone = 1; zone <= times; ++zone)
+            desk.session.undo();
+        CrowdedDesk::settle();
+        state.ResumeTiming();
+    }
+    delete &dialog;
+}
+BENCHMARK(hideInOneTurn)->Arg(1)->Arg(1000)->Unit(benchmark::kMillisecond);
 
 } // namespace
 } // namespace veldraw::bench

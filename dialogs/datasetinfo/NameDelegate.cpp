@@ -26,15 +26,26 @@ void NameDelegate::follow(QAbstractItemModel const& model)
 {
     // An editor that the user has given up is hidden, as is one whose window is off the screen.
     connect(&model, &QAbstractItemModel::modelAboutToBeReset, this, [this] {
+        m_longestRow.reset();
         if (m_editor && m_editor->isVisible())
             take(*m_editor);
     });
+    connect(&model, &QAbstractItemModel::dataChanged, this, [this] { m_longestRow.reset(); });
+    m_longestRow.reset();
+}
+
+// A layout asks several times, and there may be very many names.
+int NameDelegate::longestRow() const
+{
+    if (!m_longestRow)
+        m_longestRow = m_things.longestRow();
+    return *m_longestRow;
 }
 
 // The view asks for its first row only.
 QSize NameDelegate::sizeHint(QStyleOptionViewItem const& option, QModelIndex const& index) const
 {
-    return RowSizeDelegate::sizeHint(option, index.siblingAtRow(m_things.longestRow()));
+    return RowSizeDelegate::sizeHint(option, index.siblingAtRow(longestRow()));
 }
 
 QWidget* NameDelegate::createEditor(QWidget* parent, QStyleOptionViewItem const& option, QModelIndex const& index) const

@@ -6,6 +6,7 @@
 
 #include <QPointer>
 
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -39,11 +40,13 @@ public:
     void setModelData(QWidget* editor, QAbstractItemModel* model, QModelIndex const& index) const override;
 
 private:
+    int longestRow() const;
     void take(QLineEdit& editor) const;
     void renameAll();
 
     propertymanager::NamedThings const m_things;
     mutable QPointer<QLineEdit> m_editor;
+    mutable std::optional<int> m_longestRow;                        // empty: the list has changed since
     mutable std::vector<std::pair<long long, std::string>> m_typed; // unique identifiers and the names for them
     mutable sdk::ui::common::OnIdleActionPerformerSingleShot m_performer;
 };

@@ -43,6 +43,20 @@ protected:
     }
 };
 
+TEST_F(ZoneVarInfoPageNamesTest, HasRoomForTheLongestNameInEachRow)
+{
+    QListView const& list = *ui.selectedZonesList;
+    auto const width = [&list] { return list.sizeHintForIndex(list.model()->index(0, 0)).width(); };
+    int const before = width();
+    perform(kernel::RenameZone(*stage.dataSet, Stage::Skin, std::string(60, 'm')));
+    int const wide = width();
+    EXPECT_GT(wide, before);
+    perform(kernel::EnableZone(*stage.dataSet, Stage::Skin, false));
+    EXPECT_EQ(width(), before);
+    perform(kernel::EnableZone(*stage.dataSet, Stage::Skin, true));
+    EXPECT_EQ(width(), wide);
+}
+
 TEST_F(ZoneVarInfoPageNamesTest, RenamesTheZoneInOneStep)
 {
     selectZone(Stage::Skin);

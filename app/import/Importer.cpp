@@ -7,6 +7,8 @@
 #include "app/import/zones/DataSetOfZones.h"
 #include "kernel/data/LargeRanges.h"
 
+#include <QFileInfo>
+
 #include <algorithm>
 #include <filesystem>
 #include <ios>
@@ -46,6 +48,13 @@ kernel::LoaderInstructions instructionsOf(std::string const& loader, std::string
     return result;
 }
 
+// Names of files in another encoding have no place in a QString, and come here with replacements.
+void checkName(QString const& path)
+{
+    if (path.contains(QChar(QChar::ReplacementCharacter)) && !QFileInfo::exists(path))
+        throw ImportError("its name is no UTF-8, so that it cannot be found; give it another one");
+}
+
 ImportResult import(std::string const& path, Deferral deferral, kernel::Progress& progress, OutsidePaths outsidePaths)
 {
     checkReadable(path);
@@ -74,6 +83,7 @@ ImportResult importFile(QString const& path, Deferral deferral, kernel::Progress
     std::string const name = path.toStdString();
     std::string const start = "Cannot open \"" + name + "\": ";
     try {
+        checkName(path);
         return import(name, deferral, progress, outsidePaths);
     } catch (OutsidePathsError const& error) {
         throw OutsidePathsError(start + asUtf8(error.what()) + ".", error.paths());

@@ -71,4 +71,15 @@ TEST(NamesInFiles, AreRepairedInMessages)
                 HasSubstr("Straße.raw\": there is no such file"));
 }
 
+TEST(NamesInFiles, OfTheFileItselfHaveToBeUtf8)
+{
+    TemporaryFolder const folder;
+    std::string const path = folder.write("Stra\xdf"
+                                          "e.csv",
+                                          "a\n1\n");
+    EXPECT_THAT(problemWith(QString::fromUtf8(path.data(), static_cast<int>(path.size())).toStdString()),
+                HasSubstr("its name is no UTF-8, so that it cannot be found"));
+    EXPECT_EQ(problemWith(folder.write("\ufffd.csv", "a\n1\n")), "") << "is a letter like others";
+}
+
 } // namespace veldraw::tests

@@ -9,11 +9,14 @@
 #include <cstring>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 namespace veldraw::tests {
 
 using ::testing::AllOf;
 using ::testing::HasSubstr;
+using ::testing::Not;
+using ::testing::StartsWith;
 
 namespace {
 
@@ -81,6 +84,19 @@ TEST(ShortValues, OfFilesThatOnceShowedWhatStoodInMemoryAreRefused)
         EXPECT_THAT(problemAtAnyTime(corpusFile(name)),
                     AllOf(HasSubstr(name), HasSubstr("of the values of \"vel\" no more than"),
                           HasSubstr("of 576 bytes can be read")));
+}
+
+TEST(ShortValues, OfCellsThatAskForGigabytesAreRefusedWithoutTakingThem)
+{
+    auto const peak = [] {
+        rusage usage{};
+        ::getrusage(RUSAGE_SELF, &usage);
+        return 1024.0 * static_cast<double>(usage.ru_maxrss);
+    };
+    double const before = peak();
+    EXPECT_THAT(problemAtAnyTime(corpusFile("memory-771.vtp")),
+                AllOf(StartsWith("Cannot open \"" + corpusFile("memory-771.vtp")), Not(HasSubstr("0x"))));
+    EXPECT_LT(peak() - before, 100e6);
 }
 
 TEST(ShortValues, InBase64AreRefusedWhereverTheTextIsDamaged)

@@ -2,6 +2,7 @@
 
 #include "app/files/ImportError.h"
 #include "app/import/xml/Base64Text.h"
+#include "app/import/xml/NumbersInText.h"
 
 #include <algorithm>
 #include <cmath>
@@ -28,6 +29,11 @@ double bytesOfType(std::string const& type)
 std::string countText(double count)
 {
     return std::to_string(static_cast<std::int64_t>(std::clamp(count, 0.0, 9e18)));
+}
+
+ImportError tooFewCoordinates(std::string const& name)
+{
+    return ImportError("it is damaged or incomplete: there are fewer coordinates \"" + name + "\" than points");
 }
 
 bool isSection(std::string const& name)
@@ -98,6 +104,7 @@ void XmlHeaderCheck::look(XmlTags::Tag const& tag)
         m_size.addStored(m_uniform ? 0.0 : m_points, 0.0, "points");
     } else if (isSection(tag.name)) {
         m_section = tag.name;
+        m_axis = 0;
     } else if (tag.name == "DataArray" || tag.name == "Array") {
         lookAtArray(tag);
     }
@@ -127,6 +134,7 @@ void XmlHeaderCheck::lookAtExtent(XmlTags::Tag const& tag, char const* attribute
     Extent const extent = extentOf(text);
     bool const isWhole = std::string(attribute) == "WholeExtent";
     m_whole = isWhole ? extent : m_whole;
+    m_extent = extent;
     m_points = 1.0;
     m_cells = 1.0;
     for (std::size_t axis = 0; axis < 3; ++axis) {
@@ -168,6 +176,8 @@ double XmlHeaderCheck::valuesOf(XmlTags::Tag const& tag) const
         return components * m_cells;
     if (m_section == "Points")
         return std::max(components, 3.0) * m_points;
+    if (m_section == "Coordinates" && m_axis < 3)
+        return std::max(m_extent[2 * m_axis + 1] - m_extent[2 * m_axis] + 1.0, 0.0);
     if (m_section == "FieldData")
         return components * tag.count("NumberOfTuples", 0.0);
     return unknownCount;
@@ -191,10 +201,22 @@ void XmlHeaderCheck::lookAtArray(XmlTags::Tag const& tag)
     if (values != unknownCount)
         m_size.addStored(values, isCounted ? bytesInMemory : 0.0, "values of \"" + tag.text("Name") + "\"");
     // VTK's reader looks for values of an array with an offset there, whatever its format is said to be.
+    bool const areCoordinates = m_section == "Coordinates" && m_axis++ < 3;
+    Binary const array{tag.count("offset", 0.0), std::max(values, 0.0) * bytes, tag.text("Name"), areCoordinates};
     if (tag.text("format") == "appended" || !tag.text("offset").empty())
-        m_appended.push_back({tag.count("offset", 0.0), std::max(values, 0.0) * bytes, tag.text("Name")});
+        m_appended.push_back(array);
     else if (tag.text("format") == "binary")
-        checkValues(m_tags.position(), true, std::max(values, 0.0) * bytes, tag.text("Name"));
+        checkValues(m_tags.position(), true, array);
+    else if (areCoordinates)
+        checkText(values, array.name);
+}
+
+// Of other values VTK's reader says itself that they are too few.
+void XmlHeaderCheck::checkText(double coordinates, std::string const& name) const
+{
+    auto const needed = static_cast<std::int64_t>(coordinates);
+    if (countNumbersInText(m_path, m_tags.position(), needed) < needed)
+        throw tooFewCoordinates(name);
 }
 
 // The tag behind appended values would be read as values.
@@ -215,27 +237,37 @@ void XmlHeaderCheck::checkAppended(bool isBase64)
     findEndOfValues();
     double const start = static_cast<double>(m_tags.startOfAppendedData());
     std::set<std::pair<double, double>> checked; // thousands of arrays may say that they stand at one place
-    std::vector<Appended> const arrays = std::exchange(m_appended, {});
-    for (Appended const& array : arrays) {
+    std::vector<Binary> const arrays = std::exchange(m_appended, {});
+    for (Binary const& array : arrays) {
         double const needed = m_compressed ? 0.0 : array.bytes;
         if (!(start + array.offset + m_format.bytesOfNumber + needed <= static_cast<double>(m_endOfValues)) ||
             !(array.offset >= 0.0))
             throw ImportError("it is incomplete: it ends before the values of \"" + array.name + "\" do");
         if (checked.emplace(array.offset, array.bytes).second)
-            checkValues(static_cast<std::int64_t>(start + array.offset), isBase64, array.bytes, array.name);
+            checkValues(static_cast<std::int64_t>(start + array.offset), isBase64, array);
     }
 }
 
-// @param bytes of the values; 0 where the header does not say how many there are
-void XmlHeaderCheck::checkValues(std::int64_t position, bool isBase64, double bytes, std::string const& name)
+void XmlHeaderCheck::checkValues(std::int64_t position, bool isBase64, Binary const& array)
 {
     XmlArrayPrefix::Format format = m_format;
     format.isBase64 = isBase64;
     XmlArrayPrefix const prefix = XmlArrayPrefix::read(m_path, position, format);
+    double const announced = announcedBytes(prefix);
+    if (array.areCoordinates && announced < array.bytes)
+        throw tooFewCoordinates(array.name);
     if (m_compressed)
-        checkBlocks(prefix, name);
+        checkBlocks(prefix, array.name);
     else
-        checkLength(position, isBase64, bytes > 0.0 ? std::min(bytes, prefix.numbers[0]) : prefix.numbers[0], name);
+        checkLength(position, isBase64, array.bytes > 0.0 ? std::min(array.bytes, announced) : announced, array.name);
+}
+
+double XmlHeaderCheck::announcedBytes(XmlArrayPrefix const& prefix) const
+{
+    auto const [first, bytesOfBlock, bytesOfLast] = prefix.numbers;
+    if (!m_compressed || first == 0.0)
+        return first;
+    return (first - 1.0) * bytesOfBlock + (bytesOfLast > 0.0 ? bytesOfLast : bytesOfBlock);
 }
 
 // VTK's reader takes what there is for all there should be, and leaves the rest of the values as they were in memory. Where fewer values are

@@ -44,11 +44,12 @@ public:
     bool hasPoints() const { return m_allPoints > 0.0; }
 
 private:
-    struct Appended
+    struct Binary
     {
-        double offset; // from the underscore that starts the data
+        double offset; // from the underscore that starts the data, if it is appended
         double bytes;  // 0 where the header does not say how many there are
         std::string name;
+        bool areCoordinates; // along one axis
     };
 
     using Extent = std::array<double, 6>; // first and last of I, J and K
@@ -60,8 +61,10 @@ private:
     void lookAtExtent(XmlTags::Tag const& tag, char const* attribute);
     double valuesOf(XmlTags::Tag const& tag) const;
     void findEndOfValues();
+    void checkText(double coordinates, std::string const& name) const;
     void checkAppended(bool isBase64);
-    void checkValues(std::int64_t position, bool isBase64, double bytes, std::string const& name);
+    void checkValues(std::int64_t position, bool isBase64, Binary const& array);
+    double announcedBytes(XmlArrayPrefix const& prefix) const;
     void checkLength(std::int64_t position, bool isBase64, double bytes, std::string const& name) const;
     void checkBlocks(XmlArrayPrefix const& prefix, std::string const& name);
 
@@ -80,9 +83,11 @@ private:
     double m_allPoints = 0.0;
     double m_wholePoints = 0.0;
     std::optional<Extent> m_whole;
+    Extent m_extent{};      // of the present piece
+    std::size_t m_axis = 0; // of the next coordinates
     double m_cells = 0.0;
     std::string m_section;
-    std::vector<Appended> m_appended;
+    std::vector<Binary> m_appended;
     int m_pieces = 0;
     std::set<std::pair<bool, std::string>> m_texts; // of points?, name
     std::set<std::pair<bool, std::string>> m_bits;

@@ -5,6 +5,8 @@
 
 #include <QByteArray>
 #include <vtkCellType.h>
+#include <vtkDoubleArray.h>
+#include <vtkRectilinearGrid.h>
 
 #include <cstring>
 #include <gmock/gmock.h>
@@ -197,6 +199,50 @@ TEST(ShortValues, InBlocksOfNoBytesAreRefused)
     std::string file = inlineRowWith(3, blocks + encoded("12345678"));
     file.insert(file.find(" header_type"), " compressor=\"vtkZLibDataCompressor\"");
     EXPECT_THAT(problemAtAnyTime(folder.write("a.vti", file)), HasSubstr("\"v\" are in blocks of no bytes"));
+}
+
+// VTK's reader does not look whether it has got all of them.
+TEST(ShortValues, AreRefusedAlsoAsCoordinatesOfARectilinearGrid)
+{
+    TemporaryFolder const folder;
+    auto const grid = vtkSmartPointer<vtkRectilinearGrid>::New();
+    grid->SetDimensions(4, 3, 1);
+    auto const axis = [](char const* name, std::vector<double> const& positions) {
+        auto array = vtkSmartPointer<vtkDoubleArray>::New();
+        array->SetName(name);
+        for (double const position : positions)
+            array->InsertNextValue(position);
+        return array;
+    };
+    grid->SetXCoordinates(axis("x", {0, 1, 2, 3}));
+    grid->SetYCoordinates(axis("y", {0, 5, 10}));
+    grid->SetZCoordinates(axis("z", {0}));
+    for (Mode const mode : allModes) {
+        std::string const file = contentOf(writeXml(*grid, folder.path("a.vtr"), mode));
+        EXPECT_EQ(problemAtAnyTime(folder.path("a.vtr")), "");
+        std::size_t const at = file.find("Name=\"y\"");
+        ASSERT_NE(at, std::string::npos);
+        std::string wrongFormat = file;
+        wrongFormat.replace(wrongFormat.find("format=", at), 7, "shape =");
+        std::size_t const offset = wrongFormat.find("offset=", at);
+        if (mode == Mode::Raw || mode == Mode::RawCompressed)
+            wrongFormat.replace(offset, 7, "place =");
+        std::string const problem = mode == Mode::Ascii ? "" : "there are fewer coordinates \"y\" than points";
+        EXPECT_THAT(problemAtAnyTime(folder.write("b.vtr", wrongFormat)), HasSubstr(problem)) << static_cast<int>(mode);
+        std::string larger = file; // 5 points along Y, so that the others are too few
+        for (std::size_t extent = larger.find("0 3 0 2 0 0"); extent != std::string::npos;
+             extent = larger.find("0 3 0 2 0 0"))
+            larger.replace(extent, 11, "0 3 0 4 0 0");
+        EXPECT_THAT(problemAtAnyTime(folder.write("c.vtr", larger)), HasSubstr("\"y\"")) << static_cast<int>(mode);
+    }
+    std::string const text = contentOf(writeXml(*grid, folder.path("a.vtr"), Mode::Ascii));
+    std::size_t const five = text.find("0 5 10");
+    ASSERT_NE(five, std::string::npos);
+    for (char const* wrong : {"0 5   ", "0 x 10", "0 0x10", "0,5 10"})
+        EXPECT_THAT(problemAtAnyTime(folder.write("d.vtr", std::string(text).replace(five, 6, wrong))),
+                    HasSubstr("there are fewer coordinates \"y\" than points"))
+            << wrong;
+    EXPECT_EQ(problemAtAnyTime(folder.write("d.vtr", std::string(text).replace(five, 6, "-1\n5 9"))), "");
 }
 
 TEST(ShortValues, AreMissingWhereNothingIsAppended)

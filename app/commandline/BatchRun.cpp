@@ -36,7 +36,8 @@ int BatchRun::run(CommandLineOptions const& options)
         return 1;
     if (options.info && !printInfo(opened))
         return 1;
-    if (!options.exportFile.isEmpty() && !exportTo(options.exportFile))
+    if (!options.exportFile.isEmpty() &&
+        !exportTo(options.exportFile, options.overwrite ? Replacing::AllNeeded : Replacing::ChosenFile))
         return 1;
     if (!options.pictureFile.isEmpty() && !savePicture(options.pictureFile))
         return 1;
@@ -113,14 +114,16 @@ bool BatchRun::printInfo(QStringList const& files)
     return problem.isEmpty() || fail(problem);
 }
 
-bool BatchRun::exportTo(QString const& file)
+bool BatchRun::exportTo(QString const& file, Replacing replacing)
 {
     auto const dataSet = m_session.activeDataSet();
     if (!loadWholeDataSet(m_session, *dataSet))
-        return fail(QString::fromStdString(m_session.lastError()));
+        return fail(QStringLiteral("Cannot save \"%1\": %2").arg(file, QString::fromStdString(m_session.lastError())));
     try {
-        for (std::string const& remark : exportDataSet(*dataSet, file))
+        for (std::string const& remark : exportDataSet(*dataSet, file, replacing))
             m_err << QStringLiteral("veldraw: %1: %2\n").arg(file, QString::fromStdString(remark));
+    } catch (WouldReplaceMore const& error) {
+        return fail(QStringLiteral("%1 Give --overwrite to allow that.").arg(QString::fromStdString(error.what())));
     } catch (std::exception const& error) {
         return fail(QString::fromStdString(error.what()));
     }

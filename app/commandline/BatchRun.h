@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/commandline/CommandLineOptions.h"
+#include "app/export/Exporter.h"
 #include "kernel/session/Session.h"
 
 #include <QTextStream>
@@ -23,7 +24,7 @@ private:
     QStringList openFiles(CommandLineOptions const& options);
     bool deleteVariables(QStringList const& names);
     bool printInfo(QStringList const& files);
-    bool exportTo(QString const& file);
+    bool exportTo(QString const& file, Replacing replacing);
     bool savePicture(QString const& file);
     bool filesAreWhole();
     bool fail(QString const& reason);

@@ -14,6 +14,7 @@ QString const deleteName = QStringLiteral("delete-variable");
 QString const pictureName = QStringLiteral("picture");
 QString const deferName = QStringLiteral("defer");
 QString const followName = QStringLiteral("follow-paths");
+QString const overwriteName = QStringLiteral("overwrite");
 QString const infoName = QStringLiteral("info");
 QString const helpName = QStringLiteral("help");
 QString const versionName = QStringLiteral("version");
@@ -25,6 +26,7 @@ void declareOptions(QCommandLineParser& parser)
     parser.addOption({pictureName, QString(), QStringLiteral("PNG")});
     parser.addOption({deferName, QString(), QStringLiteral("WHEN")});
     parser.addOption(QCommandLineOption(followName));
+    parser.addOption(QCommandLineOption(overwriteName));
     parser.addOption(QCommandLineOption(infoName));
     parser.addOption(QCommandLineOption(QStringList{QStringLiteral("h"), helpName}));
     parser.addOption(QCommandLineOption(QStringList{QStringLiteral("v"), versionName}));
@@ -81,6 +83,7 @@ CommandLineOptions CommandLineOptions::parse(QStringList const& arguments)
     options.exportFile = parser.value(exportName);
     options.pictureFile = parser.value(pictureName);
     options.outsidePaths = parser.isSet(followName) ? OutsidePaths::Follow : OutsidePaths::Refuse;
+    options.overwrite = parser.isSet(overwriteName);
     options.info = parser.isSet(infoName);
     options.help = parser.isSet(helpName);
     options.version = parser.isSet(versionName);
@@ -106,6 +109,7 @@ QString CommandLineOptions::helpText()
         "  --follow-paths           read the files that a .vtm or .mhd names outside of its folder too; without it the "
         "window\n"
         "                           asks, and the actions refuse such a file\n"
+        "  --overwrite              let --export replace more than OUT: the folder with the tables of several zones\n"
         "  -h, --help               print this text\n"
         "  -v, --version            print the version\n"
         "\n"

@@ -17,6 +17,7 @@ struct CommandLineOptions
     QString pictureFile;           ///< empty: no picture
     Deferral deferral = Deferral::Auto;
     OutsidePaths outsidePaths = OutsidePaths::Refuse; ///< refused, or asked about where there is a window
+    bool overwrite = false;                           ///< more than the file to export may be replaced
     bool info = false;
     bool help = false;
     bool version = false;

@@ -11,6 +11,7 @@
 #include <QStandardPaths>
 #include <QTextStream>
 
+#include <csignal>
 #include <cstdio>
 #include <string>
 #include <unistd.h>
@@ -112,6 +113,7 @@ int print(QTextStream& out, QTextStream& err, QString const& text)
 
 int runProgram(int argc, char** argv)
 {
+    std::signal(SIGXFSZ, SIG_IGN); // a file that may not grow any more is told like a full disk
     QTextStream out(stdout);
     QTextStream err(stderr);
     out.setCodec("UTF-8");

@@ -1,11 +1,14 @@
 #include "app/export/Exporter.h"
 
 #include "app/export/WritableFormats.h"
+#include "app/export/writing/WriteReason.h"
 #include "app/files/PathChecks.h"
 #include "kernel/base/Progress.h"
 #include "kernel/operations/LoadVariables.h"
 
+#include <memory>
 #include <new>
+#include <system_error>
 
 namespace veldraw::app {
 
@@ -45,48 +48,72 @@ std::int64_t workOfAll(kernel::DataSet const& dataSet)
     return work;
 }
 
-std::vector<std::string> exportTo(kernel::DataSet const& dataSet, std::string const& path, kernel::Progress& progress)
+std::unique_ptr<Writer> writerFor(std::string const& path)
+{
+    WritableFormat const* const format = findFormat(writableFormats(), extensionOf(path));
+    if (!format)
+        throw ExportError("files of this kind (." + extensionOf(path) +
+                          ") cannot be written; these can: " + allExtensions(writableFormats(), "."));
+    return format->makeWriter();
+}
+
+std::vector<std::string> exportTo(kernel::DataSet const& dataSet, std::string const& path, kernel::Progress& progress,
+                                  Replacing replacing)
 {
     requireAllLoaded(dataSet);
     requireWhole(dataSet);
     if (dataSet.zoneCount() == 0)
         throw ExportError("there are no zones to write");
-    WritableFormat const* const format = findFormat(writableFormats(), extensionOf(path));
-    if (!format)
-        throw ExportError("files of this kind (." + extensionOf(path) +
-                          ") cannot be written; these can: " + allExtensions(writableFormats(), "."));
+    auto const writer = writerFor(path);
+    std::string const others = writer->alsoReplaces(dataSet, path);
+    if (replacing == Replacing::ChosenFile && !others.empty())
+        throw WouldReplaceMore("it would also replace " + others);
     progress.setTotal(2 * workOfAll(dataSet)); // bringing it to the disk may take as long as writing it
-    AtomicFiles files;
     std::vector<std::string> remarks;
-    format->makeWriter()->write(dataSet, path, {files, progress, remarks});
+    auto const save = writer->write(dataSet, path, {progress, remarks});
     requireWhole(dataSet); // its values have been read by now
-    files.commit(progress);
+    save->commit(progress, remarks);
     return remarks;
 }
 
 } // namespace
 
-std::vector<std::string> exportDataSet(kernel::DataSet const& dataSet, QString const& path, kernel::Progress& progress)
+std::vector<std::string> exportDataSet(kernel::DataSet const& dataSet, QString const& path, kernel::Progress& progress,
+                                       Replacing replacing)
 {
     std::string const name = path.toStdString();
     std::string const start = "Cannot save \"" + name + "\": ";
     try {
-        return exportTo(dataSet, name, progress);
+        return exportTo(dataSet, name, progress, replacing);
     } catch (kernel::Interrupted const&) {
         throw;
+    } catch (WouldReplaceMore const& error) {
+        throw WouldReplaceMore(start + error.what() + ".");
     } catch (ExportError const& error) {
         throw ExportError(start + error.what() + ".");
     } catch (std::bad_alloc const&) {
         throw ExportError(start + "there is not enough memory.");
+    } catch (std::system_error const& error) {
+        throw ExportError(start + reasonOf(error.code().value()) + ".");
     } catch (std::exception const& error) {
         throw ExportError(start + error.what() + ".");
     }
 }
 
-std::vector<std::string> exportDataSet(kernel::DataSet const& dataSet, QString const& path)
+std::vector<std::string> exportDataSet(kernel::DataSet const& dataSet, QString const& path, Replacing replacing)
 {
     kernel::Progress unwatched;
-    return exportDataSet(dataSet, path, unwatched);
+    return exportDataSet(dataSet, path, unwatched, replacing);
+}
+
+QString alsoReplaced(kernel::DataSet const& dataSet, QString const& path)
+{
+    try {
+        std::string const name = path.toStdString();
+        return QString::fromStdString(writerFor(name)->alsoReplaces(dataSet, name));
+    } catch (ExportError const&) {
+        return {};
+    }
 }
 
 // All is asked for, also what is loaded: it would be let go of to make room for the rest.

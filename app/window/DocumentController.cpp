@@ -255,10 +255,13 @@ bool DocumentController::save(QString const& path)
 DocumentController::Outcome DocumentController::writeTo(QString const& path)
 {
     auto const dataSet = m_session.activeDataSet();
+    QString const others = alsoReplaced(*dataSet, path);
+    if (!others.isEmpty() && !mayReplace(others, path))
+        return Outcome::Refused;
     try {
         sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
         sdk::WaitState const busy;
-        takeDown(path, write(*dataSet, path));
+        takeDown(path, write(*dataSet, path, others.isEmpty() ? Replacing::ChosenFile : Replacing::AllNeeded));
     } catch (kernel::Interrupted const&) {
         Q_EMIT told(QStringLiteral("Saving was cancelled."));
         return Outcome::Cancelled;
@@ -269,7 +272,8 @@ DocumentController::Outcome DocumentController::writeTo(QString const& path)
     m_session.history().setClean(dataSet->id());
     keepFolder(path);
     m_files[dataSet->id()] = path;
-    m_recentFiles.add(path);
+    if (QFileInfo::exists(path)) // several tables stand in a folder
+        m_recentFiles.add(path);
     Q_EMIT recentFilesChanged();
     Q_EMIT fileChanged();
     Q_EMIT told(QStringLiteral("Saved %1%2").arg(QFileInfo(path).fileName(), whatIsUnsaved()));
@@ -277,7 +281,7 @@ DocumentController::Outcome DocumentController::writeTo(QString const& path)
 }
 
 // Runs as a long operation of the session, with a progress window; the data cannot change meanwhile.
-std::vector<std::string> DocumentController::write(kernel::DataSet& dataSet, QString const& path)
+std::vector<std::string> DocumentController::write(kernel::DataSet& dataSet, QString const& path, Replacing replacing)
 {
     if (!loadWholeDataSet(m_session, dataSet)) {
         std::string const reason = "Cannot save \"" + path.toStdString() + "\": " + m_session.lastError();
@@ -286,9 +290,23 @@ std::vector<std::string> DocumentController::write(kernel::DataSet& dataSet, QSt
         throw ExportError(reason);
     }
     std::vector<std::string> remarks;
-    m_session.runOperation("Save " + QFileInfo(path).fileName().toStdString(),
-                           [&](kernel::Progress& progress) { remarks = exportDataSet(dataSet, path, progress); });
+    m_session.runOperation("Save " + QFileInfo(path).fileName().toStdString(), [&](kernel::Progress& progress) {
+        remarks = exportDataSet(dataSet, path, progress, replacing);
+    });
     return remarks;
+}
+
+bool DocumentController::mayReplace(QString const& others, QString const& path)
+{
+    QMessageBox box(QMessageBox::Warning, QStringLiteral("Replace Files"),
+                    QStringLiteral("To save \"%1\" also replaces %2.").arg(QFileInfo(path).fileName(), others),
+                    QMessageBox::Cancel, &m_window);
+    box.setObjectName(QStringLiteral("replaceQuestion"));
+    box.setInformativeText(QStringLiteral("Replace what is there?"));
+    QPushButton const* const replace = box.addButton(QStringLiteral("&Replace"), QMessageBox::AcceptRole);
+    box.setDefaultButton(QMessageBox::Cancel);
+    box.exec();
+    return box.clickedButton() == replace;
 }
 
 // What is told after the name of a file that has been saved.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/export/Exporter.h"
 #include "app/import/Importer.h"
 #include "app/window/RecentFiles.h"
 #include "kernel/session/Session.h"
@@ -47,7 +48,8 @@ public:
     /// Opens a file of the list of recent files. A file that no longer exists is told and leaves the list.
     bool openRecent(QString const& path);
 
-    /// Asks for a name and writes the active data set; the extension chooses the format. After a failure, which is told, it
+    /// Asks for a name and writes the active data set; the extension chooses the format. It asks before more than that file is
+    /// replaced. After a failure, which is told, it
     /// asks again with the same name, until the data is saved or the user cancels.
     bool saveAs();
     bool save(QString const& path);
@@ -94,7 +96,8 @@ private:
     };
 
     Outcome writeTo(QString const& path);
-    std::vector<std::string> write(kernel::DataSet& dataSet, QString const& path);
+    std::vector<std::string> write(kernel::DataSet& dataSet, QString const& path, Replacing replacing);
+    bool mayReplace(QString const& others, QString const& path);
     QString whatIsUnsaved() const;
     bool isLocked();
     QString lastFolder() const;

@@ -1,7 +1,9 @@
 #include "app/window/PictureFile.h"
 
-#include "app/export/writing/AtomicFiles.h"
 #include "app/export/writing/ExportError.h"
+#include "app/export/writing/FileSave.h"
+#include "app/export/writing/OutputFile.h"
+#include "host/MessageLog.h"
 
 #include <QBuffer>
 #include <QFileInfo>
@@ -13,15 +15,15 @@ namespace {
 
 void write(QByteArray const& content, QString const& path)
 {
-    AtomicFiles files;
-    QFile file(QString::fromStdString(files.add(path.toStdString())));
-    if (!file.open(QIODevice::WriteOnly))
-        throw ExportError(file.errorString().toStdString());
-    if (file.write(content) != content.size() || !file.flush())
-        throw ExportError("the disk may be full"); // Qt does not know why a part was written
+    FileSave save(path.toStdString());
+    OutputFile file(save.path());
+    file.write(content.constData(), static_cast<std::size_t>(content.size()));
     file.close();
     kernel::Progress unwatched;
-    files.commit(unwatched);
+    std::vector<std::string> remarks;
+    save.commit(unwatched, remarks);
+    for (std::string const& remark : remarks)
+        host::MessageLog::instance().add(MessageBoxType_Warning, remark);
 }
 
 } // namespace

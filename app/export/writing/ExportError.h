@@ -11,4 +11,11 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+/// Nothing was written, since that would have replaced more than the file that the user asked for. The text says what.
+class WouldReplaceMore : public ExportError
+{
+public:
+    using ExportError::ExportError;
+};
+
 } // namespace veldraw::app

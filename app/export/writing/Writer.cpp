@@ -4,6 +4,11 @@
 
 namespace veldraw::app {
 
+std::string Writer::alsoReplaces(kernel::DataSet const&, std::string const&) const
+{
+    return {};
+}
+
 std::int64_t workOf(kernel::Zone const& zone)
 {
     std::int64_t work = 1;

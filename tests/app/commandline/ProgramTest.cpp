@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 namespace veldraw::tests {
 
@@ -76,8 +77,8 @@ TEST_F(ProgramTest, HelpTellsEveryOption)
 {
     Outcome const outcome = run({QStringLiteral("--help")});
     EXPECT_EQ(0, outcome.status);
-    for (char const* option :
-         {"--export", "--delete-variable", "--picture", "--info", "--defer", "--follow-paths", "--version", "--help"})
+    for (char const* option : {"--export", "--overwrite", "--delete-variable", "--picture", "--info", "--defer",
+                               "--follow-paths", "--version", "--help"})
         EXPECT_TRUE(contains(outcome.out, option)) << option;
     EXPECT_EQ("", outcome.err);
 }
@@ -224,6 +225,40 @@ TEST_F(ProgramTest, SavesNothingAfterAReportThatGotLost)
         1,
         run({table(), QStringLiteral("--info"), QStringLiteral("--export"), out}, QStringLiteral("/dev/full")).status);
     EXPECT_FALSE(QFile::exists(out));
+}
+
+TEST_F(ProgramTest, ReplacesMoreThanTheNamedFileOnlyIfTold)
+{
+    QString const source = folder.filePath(QStringLiteral("two.vtm"));
+    for (char const* zone : {"a", "b"}) {
+        Outcome const piece = run(
+            {table(), QStringLiteral("--export"), folder.filePath(QString::fromLatin1(zone) + QStringLiteral(".vts"))});
+        ASSERT_EQ(0, piece.status) << piece.err;
+    }
+    writeFile(QStringLiteral("two.vtm"), "<VTKFile type=\"vtkMultiBlockDataSet\"><vtkMultiBlockDataSet>"
+                                         "<DataSet index=\"0\" file=\"a.vts\"/><DataSet index=\"1\" file=\"b.vts\"/>"
+                                         "</vtkMultiBlockDataSet></VTKFile>");
+    QStringList const arguments{source, QStringLiteral("--export"), folder.filePath(QStringLiteral("out.csv"))};
+    EXPECT_EQ(0, run(arguments).status);
+    Outcome const refused = run(arguments);
+    EXPECT_EQ(1, refused.status);
+    EXPECT_TRUE(contains(refused.err, "out_tables\" with 2 tables. Give --overwrite to allow that.\n")) << refused.err;
+    EXPECT_EQ(0, run(arguments + QStringList{QStringLiteral("--overwrite")}).status);
+}
+
+TEST_F(ProgramTest, AFileThatMayNotGrowIsToldLikeAFullDisk)
+{
+    QStringList const arguments{table(), QStringLiteral("--export"), folder.filePath(QStringLiteral("out.csv"))};
+    rlimit before{};
+    ::getrlimit(RLIMIT_FSIZE, &before);
+    rlimit small = before;
+    small.rlim_cur = 20;
+    ::setrlimit(RLIMIT_FSIZE, &small);
+    Outcome const outcome = run(arguments);
+    ::setrlimit(RLIMIT_FSIZE, &before);
+    EXPECT_EQ(1, outcome.status);
+    EXPECT_TRUE(contains(outcome.err, "out.csv\": it would be larger than a file may be.\n")) << outcome.err;
+    EXPECT_FALSE(QFile::exists(arguments.last()));
 }
 
 TEST_F(ProgramTest, SaysWhyAPictureCouldNotBeWritten)

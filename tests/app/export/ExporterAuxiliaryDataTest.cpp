@@ -91,7 +91,7 @@ TEST(ExportOfAuxiliaryData, KeepsTheItemsOfSeveralZonesApart)
         save(*data, folder.path("out.csv")),
         Contains(
             "Auxiliary data of zones and variables were left out: a table has a place for those of the data set only"));
-    EXPECT_EQ(contentOf(folder.path("out_1.csv")).substr(0, 13), "# Part: ship\n");
+    EXPECT_EQ(contentOf(folder.path("out_tables/out_1.csv")).substr(0, 13), "# Part: ship\n");
 }
 
 TEST(ExportOfAuxiliaryData, StandsAboveTheHeaderOfATable)

@@ -25,6 +25,7 @@ namespace veldraw::tests {
 
 using ::testing::AllOf;
 using ::testing::ElementsAre;
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
 
@@ -81,9 +82,9 @@ TEST(Export, WritesAZoneATableAndSaysSo)
 {
     TemporaryFolder const folder;
     auto const remarks = save(*gridData(2), folder.path("table.csv"));
-    EXPECT_EQ(folder.listing(), "table_1.csv table_2.csv");
-    EXPECT_EQ(contentOf(folder.path("table_2.csv")), "X\n10\n11\n12\n");
-    EXPECT_THAT(remarks, ::testing::Contains(HasSubstr("2 files were written")));
+    EXPECT_EQ(folder.listing(), "table_tables table_tables/table_1.csv table_tables/table_2.csv");
+    EXPECT_EQ(contentOf(folder.path("table_tables/table_2.csv")), "X\n10\n11\n12\n");
+    EXPECT_THAT(remarks, ::testing::Contains(HasSubstr("2 files were written into the folder \"table_tables\"")));
 }
 
 TEST(Export, TellsHowFarItIs)
@@ -107,10 +108,10 @@ TEST(Export, TellsHowFarItIs)
 TEST(Export, ThatIsCancelledAtAnyMomentLeavesEverythingAsItWas)
 {
     TemporaryFolder const folder;
-    for (char const* name : {"a_2.csv", "a.csv", "a.vtm", "b.vts"})
+    for (char const* name : {"a.csv", "c.vtm", "b.vts"})
         folder.write(name, "old");
     std::string const before = folder.listing();
-    for (char const* name : {"a.csv", "a.vtm", "b.vts"}) {
+    for (char const* name : {"a.csv", "c.vtm", "b.vts"}) {
         auto const data = gridData(std::string(name) == "b.vts" ? 1 : 3);
         int calls = 0;
         bool isDone = false;
@@ -124,14 +125,12 @@ TEST(Export, ThatIsCancelledAtAnyMomentLeavesEverythingAsItWas)
                 ASSERT_EQ(calls, last + 1) << name << ": it is not asked again";
                 ASSERT_EQ(folder.listing(), before) << name;
                 ASSERT_EQ(contentOf(folder.path(name)), "old") << name;
-                ASSERT_EQ(contentOf(folder.path("a_2.csv")), "old") << name;
             }
         }
         EXPECT_GT(calls, 2) << name;
-        for (char const* old : {"a_2.csv", "a.csv", "a.vtm", "b.vts"})
-            folder.write(old, "old");
-        for (char const* added : {"a_1.csv", "a_3.csv", "a"})
+        for (char const* added : {"a_tables", "c"})
             std::filesystem::remove_all(folder.path(added));
+        folder.write(name, "old");
     }
 }
 
@@ -192,7 +191,8 @@ TEST(Export, LeavesTheOldFilesAloneWhenTheDiskIsFull)
             FullDisk const fullDisk;
             problem = problemSaving(*gridData(), folder.path(name));
         }
-        EXPECT_THAT(problem, AllOf(StartsWith("Cannot save \""), HasSubstr(name)));
+        EXPECT_THAT(problem, AllOf(StartsWith("Cannot save \""), HasSubstr(name),
+                                   EndsWith(": it would be larger than a file may be.")));
         EXPECT_EQ(contentOf(folder.path(name)), "old");
     }
     EXPECT_EQ(folder.listing(), "a.csv a.vtm a.vts");
@@ -201,7 +201,7 @@ TEST(Export, LeavesTheOldFilesAloneWhenTheDiskIsFull)
 TEST(Export, SaysWhenItCannotWriteThere)
 {
     TemporaryFolder const folder;
-    EXPECT_THAT(problemSaving(*gridData(), folder.path("no/such/folder.vts")), HasSubstr("No such file or directory"));
+    EXPECT_THAT(problemSaving(*gridData(), folder.path("no/such/folder.vts")), HasSubstr("there is no such folder"));
     std::filesystem::create_directory(folder.path("taken.vts"));
     EXPECT_THAT(problemSaving(*gridData(), folder.path("taken.vts")), HasSubstr("there is a folder of this name"));
     folder.write("blocked", "a file where the folder should be");
@@ -210,7 +210,7 @@ TEST(Export, SaysWhenItCannotWriteThere)
     ::chmod(folder.path("locked").c_str(), 0500);
     std::string const problem = problemSaving(*gridData(), folder.path("locked/a.vts"));
     if (::geteuid() != 0)
-        EXPECT_THAT(problem, HasSubstr("no permission"));
+        EXPECT_THAT(problem, HasSubstr("no permission to write into its folder"));
     else
         EXPECT_EQ(problem, "") << "root may write everywhere";
 }
@@ -237,6 +237,69 @@ TEST(Export, DoesNotChangeTheData)
     EXPECT_EQ(data->field(1, 1)->group()->buffer(), buffer);
     EXPECT_EQ(buffer.use_count(), holders) << "nothing holds on to the values";
     EXPECT_EQ(data->field(1, 1)->shareCount(), 1);
+}
+
+TEST(Export, AsksBeforeItReplacesTheTablesOfAnEarlierSave)
+{
+    TemporaryFolder const folder;
+    save(*gridData(3), folder.path("a.csv"));
+    QString const path = QString::fromStdString(folder.path("a.csv"));
+    QString const others = app::alsoReplaced(*gridData(2), path);
+    EXPECT_EQ(others.toStdString(), "the folder \"" + folder.path("a_tables") + "\" with 3 tables");
+    EXPECT_THROW(save(*gridData(2), folder.path("a.csv")), app::WouldReplaceMore);
+    EXPECT_EQ(problemSaving(*gridData(2), folder.path("a.csv")),
+              "Cannot save \"" + folder.path("a.csv") + "\": it would also replace " + others.toStdString() + ".");
+    EXPECT_EQ(folder.listing(), "a_tables a_tables/a_1.csv a_tables/a_2.csv a_tables/a_3.csv");
+    app::exportDataSet(*gridData(2), path, app::Replacing::AllNeeded);
+    EXPECT_EQ(folder.listing(), "a_tables a_tables/a_1.csv a_tables/a_2.csv")
+        << "the third table was of the earlier save";
+    EXPECT_TRUE(app::alsoReplaced(*gridData(1), path).isEmpty()) << "one zone takes the chosen file alone";
+}
+
+TEST(Export, NeverReplacesAFolderWithOtherFiles)
+{
+    TemporaryFolder const folder;
+    save(*gridData(2), folder.path("a.csv"));
+    folder.write("a_tables/notes.txt", "mine");
+    EXPECT_THAT(problemSaving(*gridData(2), folder.path("a.csv")), HasSubstr("something else in it (\"notes.txt\")"));
+    EXPECT_EQ(contentOf(folder.path("a_tables/notes.txt")), "mine");
+}
+
+TEST(Export, OfFewerZonesLeavesNoPiecesOfTheEarlierOne)
+{
+    TemporaryFolder const folder;
+    save(*gridData(3), folder.path("a.vtm"));
+    folder.write("a/a_9.vts", "mine");
+    folder.write("a/notes.txt", "mine");
+    save(*gridData(2), folder.path("a.vtm"));
+    EXPECT_EQ(folder.listing(), "a a.vtm a/a_1-2.vts a/a_2-2.vts a/a_9.vts a/notes.txt");
+    save(*gridData(1), folder.path("a.vtm"));
+    EXPECT_EQ(folder.listing(), "a a.vtm a/a_1.vts a/a_9.vts a/notes.txt");
+    EXPECT_EQ(valuesOf(*import(folder.path("a.vtm")).dataSet, 1, "X"), "0 1 2");
+}
+
+TEST(Export, LeavesThePiecesOfAFileThatAnotherProgramMade)
+{
+    TemporaryFolder const folder;
+    std::filesystem::create_directory(folder.path("a"));
+    folder.write("a/a_1.vts", "from elsewhere");
+    folder.write("a.vtm", "<VTKFile type=\"vtkMultiBlockDataSet\"><vtkMultiBlockDataSet>"
+                          "<DataSet index=\"0\" file=\"a/a_1.vts\"/></vtkMultiBlockDataSet></VTKFile>");
+    auto const remarks = save(*gridData(1), folder.path("a.vtm"));
+    EXPECT_EQ(contentOf(folder.path("a/a_1.vts")), "from elsewhere");
+    EXPECT_THAT(remarks, ElementsAre(HasSubstr("may have come from elsewhere")));
+    EXPECT_EQ(valuesOf(*import(folder.path("a.vtm")).dataSet, 1, "X"), "0 1 2");
+}
+
+TEST(Export, OverItsOwnMappedPiecesKeepsTheValues)
+{
+    TemporaryFolder const folder;
+    save(*gridData(2), folder.path("a.vtm"));
+    auto const data = import(folder.path("a.vtm"), app::Deferral::Always).dataSet;
+    loadAll(*data);
+    save(*data, folder.path("a.vtm"));
+    EXPECT_EQ(valuesOf(*data, 2, "X"), "10 11 12");
+    EXPECT_EQ(valuesOf(*import(folder.path("a.vtm")).dataSet, 2, "X"), "10 11 12");
 }
 
 TEST(Export, RefusesTablesWithoutNodalValues)

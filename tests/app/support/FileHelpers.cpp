@@ -39,7 +39,7 @@ std::string TemporaryFolder::listing() const
 {
     std::vector<std::string> names;
     for (auto const& entry : std::filesystem::recursive_directory_iterator(m_path))
-        names.push_back(std::filesystem::relative(entry.path(), m_path).string());
+        names.push_back(entry.path().lexically_relative(m_path).string());
     std::sort(names.begin(), names.end());
     std::string text;
     for (std::string const& name : names)

@@ -16,6 +16,7 @@
 #include <QFileInfo>
 #include <QImage>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QSettings>
 #include <QStatusBar>
 #include <QTest>
@@ -272,6 +273,41 @@ TEST_F(SaveTest, AFolderThatIsNotThereIsTold)
     EXPECT_NE(std::string::npos, messages[0].find("out.csv")) << messages[0];
 }
 
+TEST_F(SaveTest, TablesOfAnEarlierSaveAreReplacedAfterAQuestionOnly)
+{
+    auto const twoZones = makeSeries();
+    twoZones->addZone(std::make_shared<kernel::Zone>(*twoZones->zone(1)));
+    openFrames({{"series", twoZones}});
+    showWindow();
+    QString const path = folder.filePath(QStringLiteral("out.csv"));
+    QString const table = folder.filePath(QStringLiteral("out_tables/out_2.csv"));
+    ASSERT_TRUE(window->documents().save(path));
+    ASSERT_TRUE(QFile::remove(table));
+    QStringList questions;
+    QString answer = QStringLiteral("Cancel");
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, &look, [&] {
+        auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (!box || !box->isVisible())
+            return;
+        questions << box->text();
+        EXPECT_EQ(box->button(QMessageBox::Cancel), box->defaultButton());
+        for (QAbstractButton* const button : box->buttons())
+            if (button->text().remove(QLatin1Char('&')) == answer)
+                button->click();
+    });
+    look.start(20);
+    EXPECT_FALSE(window->documents().save(path));
+    EXPECT_FALSE(QFile::exists(table));
+    EXPECT_TRUE(messages.empty());
+    answer = QStringLiteral("Replace");
+    EXPECT_TRUE(window->documents().save(path));
+    EXPECT_TRUE(QFile::exists(table));
+    QString const text = QStringLiteral("To save \"out.csv\" also replaces the folder \"%1\" with a table.");
+    QString const expected = text.arg(folder.filePath(QStringLiteral("out_tables")));
+    EXPECT_EQ((QStringList{expected, expected}), questions);
+}
+
 TEST_F(SaveTest, PicturesAreWritten)
 {
     showWindow();
@@ -299,7 +335,8 @@ TEST_F(SaveTest, APictureThatDoesNotFitOnTheDiskIsToldAndLeavesTheOldOne)
         EXPECT_FALSE(window->documents().savePicture(QImage(200, 200, QImage::Format_RGB32), path));
     }
     ASSERT_EQ(1u, messages.size());
-    EXPECT_NE(std::string::npos, messages[0].find("page.png: the picture could not be written: the disk may be full"))
+    EXPECT_NE(std::string::npos, messages[0].find("page.png: the picture could not be written: it would be larger than "
+                                                  "a file may be"))
         << messages[0];
     EXPECT_EQ(QStringList{QStringLiteral("page.png")}, QDir(folder.path()).entryList(QDir::Files));
     EXPECT_EQ(3, QFileInfo(path).size());

@@ -1,5 +1,8 @@
 #include "app/export/formats/table/TableWriter.h"
 
+#include "app/export/writing/FileSave.h"
+#include "app/export/writing/FolderSave.h"
+#include "app/export/writing/OutputFile.h"
 #include "app/files/CommentValue.h"
 #include "app/files/PathChecks.h"
 #include "platform/vdsdkcommon/ShortestText.h"
@@ -7,7 +10,6 @@
 #include <algorithm>
 #include <charconv>
 #include <filesystem>
-#include <fstream>
 #include <memory>
 
 namespace veldraw::app {
@@ -68,7 +70,7 @@ bool hasFurtherNotes(kernel::DataSet const& dataSet)
            std::any_of(dataSet.variables().begin(), dataSet.variables().end(), has);
 }
 
-void writeRows(std::ofstream& file, std::vector<Column> const& columns, std::int64_t rows, char separator,
+void writeRows(OutputFile& file, std::vector<Column> const& columns, std::int64_t rows, char separator,
                kernel::Progress& progress)
 {
     constexpr std::size_t flushAt = 1 << 20;
@@ -84,7 +86,7 @@ void writeRows(std::ofstream& file, std::vector<Column> const& columns, std::int
         }
         text += '\n';
         if (text.size() > flushAt || row + 1 == rows) {
-            file.write(text.data(), static_cast<std::streamsize>(text.size()));
+            file.write(text);
             text.clear();
             progress.reach(static_cast<double>(row) / static_cast<double>(rows));
             progress.check();
@@ -116,7 +118,14 @@ Table tableOf(kernel::DataSet const& dataSet, int zone)
     return table;
 }
 
-void writeZone(kernel::DataSet const& dataSet, int zone, std::string const& file, ExportContext const& context)
+// How a table is to be written.
+struct Form
+{
+    std::string path;
+    char separator;
+};
+
+void writeZone(kernel::DataSet const& dataSet, int zone, Form const& form, ExportContext const& context)
 {
     kernel::Zone const& source = *dataSet.zone(zone);
     Table const table = tableOf(dataSet, zone);
@@ -124,12 +133,10 @@ void writeZone(kernel::DataSet const& dataSet, int zone, std::string const& file
         throw ExportError("zone \"" + source.name + "\" has no nodal values, which a table could hold");
     kernel::Progress ofZone(context.progress, workOf(source));
     ofZone.check();
-    std::ofstream stream(context.files.add(file), std::ios::binary | std::ios::trunc);
-    stream << commentsOn(dataSet.auxiliaryData());
-    writeRows(stream, table.columns, source.pointCount(), extensionOf(file) == "tsv" ? '\t' : ',', ofZone);
-    stream.close();
-    if (!stream)
-        throw ExportError("the file could not be written; the disk may be full");
+    OutputFile file(form.path);
+    file.write(commentsOn(dataSet.auxiliaryData()));
+    writeRows(file, table.columns, source.pointCount(), form.separator, ofZone);
+    file.close();
     std::string const start = "Zone \"" + source.name + "\": ";
     for (std::string const& name : table.leftOut)
         context.remarks.push_back(start + "\"" + name + "\" is cell-centred and was left out");
@@ -138,24 +145,74 @@ void writeZone(kernel::DataSet const& dataSet, int zone, std::string const& file
                                   " hidden points are rows like others, since a table cannot tell them apart");
 }
 
-} // namespace
+// The folder that takes several tables; that of the zones of a multi-block file has the bare name.
+std::string folderFor(std::string const& path)
+{
+    return (std::filesystem::path(path).parent_path() / (baseNameOf(path) + "_tables")).string();
+}
 
-void TableWriter::write(kernel::DataSet const& dataSet, std::string const& path, ExportContext const& context)
+std::string nameOfTable(std::string const& path, int zone)
 {
     std::filesystem::path const target(path);
-    for (int zone = 1; zone <= dataSet.zoneCount(); ++zone) {
-        std::filesystem::path file = target;
-        if (dataSet.zoneCount() > 1)
-            file.replace_filename(target.stem().string() + "_" + std::to_string(zone) + target.extension().string());
-        writeZone(dataSet, zone, file.string(), context);
+    return target.stem().string() + "_" + std::to_string(zone) + target.extension().string();
+}
+
+// Whether a save of several zones as @p path may have made a file of this name, in either format of tables.
+FolderSave::IsEarlier isTableOf(std::string const& path)
+{
+    return [start = baseNameOf(path) + "_"](std::string const& name) {
+        std::string const extension = extensionOf(name);
+        std::string const stem = baseNameOf(name);
+        return (extension == "csv" || extension == "tsv") && stem.size() > start.size() &&
+               stem.compare(0, start.size(), start) == 0 &&
+               stem.find_first_not_of("0123456789", start.size()) == std::string::npos;
+    };
+}
+
+std::unique_ptr<PendingSave> writeZones(kernel::DataSet const& dataSet, std::string const& path, char separator,
+                                        ExportContext const& context)
+{
+    std::vector<std::string> names;
+    for (int zone = 1; zone <= dataSet.zoneCount(); ++zone)
+        names.push_back(nameOfTable(path, zone));
+    auto save = std::make_unique<FolderSave>(folderFor(path), names, isTableOf(path));
+    for (int zone = 1; zone <= dataSet.zoneCount(); ++zone)
+        writeZone(dataSet, zone, {save->path(names[static_cast<std::size_t>(zone - 1)]), separator}, context);
+    context.remarks.push_back(
+        "A table holds one zone: " + std::to_string(dataSet.zoneCount()) + " files were written into the folder \"" +
+        std::filesystem::path(folderFor(path)).filename().string() + "\", with the zone's number in their names");
+    return save;
+}
+
+} // namespace
+
+std::string TableWriter::alsoReplaces(kernel::DataSet const& dataSet, std::string const& path) const
+{
+    if (dataSet.zoneCount() < 2)
+        return {};
+    auto const old = FolderSave::replacedFiles(folderFor(path), isTableOf(path));
+    return old.empty() ? std::string()
+                       : "the folder \"" + folderFor(path) + "\" with " +
+                             (old.size() == 1 ? "a table" : std::to_string(old.size()) + " tables");
+}
+
+std::unique_ptr<PendingSave> TableWriter::write(kernel::DataSet const& dataSet, std::string const& path,
+                                                ExportContext const& context)
+{
+    char const separator = extensionOf(path) == "tsv" ? '\t' : ',';
+    std::unique_ptr<PendingSave> save;
+    if (dataSet.zoneCount() > 1) {
+        save = writeZones(dataSet, path, separator, context);
+    } else {
+        auto file = std::make_unique<FileSave>(path);
+        writeZone(dataSet, 1, {file->path(), separator}, context);
+        save = std::move(file);
     }
     if (hasFurtherNotes(dataSet))
         context.remarks.push_back(
             "Auxiliary data of zones and variables were left out: a table has a place for those of the "
             "data set only");
-    if (dataSet.zoneCount() > 1)
-        context.remarks.push_back("A table holds one zone: " + std::to_string(dataSet.zoneCount()) +
-                                  " files were written, with the zone's number in their names");
+    return save;
 }
 
 } // namespace veldraw::app

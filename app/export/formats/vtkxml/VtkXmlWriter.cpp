@@ -1,7 +1,10 @@
 #include "app/export/formats/vtkxml/VtkXmlWriter.h"
 
 #include "app/export/formats/vtkxml/AuxiliaryArrays.h"
+#include "app/export/formats/vtkxml/PieceNames.h"
 #include "app/export/formats/vtkxml/ZoneFileWriter.h"
+#include "app/export/writing/FileSave.h"
+#include "app/export/writing/OutputFile.h"
 #include "app/files/PathChecks.h"
 #include "platform/vdsdkcommon/ShortestText.h"
 
@@ -12,14 +15,11 @@
 #include <vtkStringArray.h>
 #include <vtkVariant.h>
 
-#include <filesystem>
-#include <fstream>
+#include <memory>
 
 namespace veldraw::app {
 
 namespace {
-
-namespace fs = std::filesystem;
 
 struct Piece
 {
@@ -94,6 +94,7 @@ QByteArray textNaming(std::vector<Piece> const& pieces, vtkFieldData& notes)
     QXmlStreamWriter xml(&text);
     xml.setAutoFormatting(true);
     xml.writeStartDocument();
+    xml.writeComment(QLatin1String(markOfOwnPieces));
     xml.writeStartElement(QStringLiteral("VTKFile"));
     xml.writeAttribute(QStringLiteral("type"), QStringLiteral("vtkMultiBlockDataSet"));
     xml.writeAttribute(QStringLiteral("version"), QStringLiteral("1.0"));
@@ -115,51 +116,50 @@ QByteArray textNaming(std::vector<Piece> const& pieces, vtkFieldData& notes)
 
 void writeBytes(std::string const& path, QByteArray const& bytes)
 {
-    std::ofstream file(path, std::ios::binary | std::ios::trunc);
-    file.write(bytes.constData(), bytes.size());
+    OutputFile file(path);
+    file.write(bytes.constData(), static_cast<std::size_t>(bytes.size()));
     file.close();
-    if (!file)
-        throw ExportError("the file could not be written; the disk may be full");
 }
 
-void writePieces(kernel::DataSet const& dataSet, std::string const& path, ExportContext const& context)
+std::unique_ptr<PendingSave> writePieces(kernel::DataSet const& dataSet, std::string const& path,
+                                         ExportContext const& context)
 {
-    std::string const name = baseNameOf(path);
-    fs::path const folder = fs::path(path).parent_path() / name;
-    context.files.addFolder(folder.string());
+    std::vector<std::string> formats;
+    for (auto const& zone : dataSet.zones())
+        formats.push_back(ZoneFileWriter::pieceFormat(*zone));
+    auto save = std::make_unique<PiecesSave>(path, formats, namedPieces);
     ZoneFileWriter const writer(dataSet, ZoneFileWriter::Notes::OfZone);
     std::vector<Piece> pieces;
-    for (int zone = 1; zone <= dataSet.zoneCount(); ++zone) {
-        kernel::Zone const& source = *dataSet.zone(zone);
-        std::string const format = ZoneFileWriter::pieceFormat(source);
-        std::string const file = name + "_" + std::to_string(zone) + "." + format;
+    for (std::size_t n = 0; n < formats.size(); ++n) {
+        kernel::Zone const& source = *dataSet.zones()[n];
         kernel::Progress ofZone(context.progress, workOf(source));
         ofZone.check();
-        writer.write(zone, format, context.files.add((folder / file).string()), ofZone);
-        pieces.push_back({source.name, name + "/" + file});
+        writer.write(static_cast<int>(n) + 1, formats[n], save->piecePath(n), ofZone);
+        pieces.push_back({source.name, save->pieceName(n)});
     }
-    writeBytes(context.files.add(path), textNaming(pieces, *notesOn(dataSet)));
+    writeBytes(save->path(), textNaming(pieces, *notesOn(dataSet)));
+    return save;
 }
 
-void writeOneZone(kernel::DataSet const& dataSet, std::string const& path, ExportContext const& context)
+std::unique_ptr<PendingSave> writeOneZone(kernel::DataSet const& dataSet, std::string const& path,
+                                          ExportContext const& context)
 {
     if (dataSet.zoneCount() != 1)
         throw ExportError("this format takes one zone, and there are " + std::to_string(dataSet.zoneCount()) +
                           "; .vtm takes them all");
+    auto save = std::make_unique<FileSave>(path);
     kernel::Progress ofZone(context.progress, workOf(*dataSet.zone(1)));
     ofZone.check();
-    ZoneFileWriter(dataSet, ZoneFileWriter::Notes::OfDataSet)
-        .write(1, extensionOf(path), context.files.add(path), ofZone);
+    ZoneFileWriter(dataSet, ZoneFileWriter::Notes::OfDataSet).write(1, extensionOf(path), save->path(), ofZone);
+    return save;
 }
 
 } // namespace
 
-void VtkXmlWriter::write(kernel::DataSet const& dataSet, std::string const& path, ExportContext const& context)
+std::unique_ptr<PendingSave> VtkXmlWriter::write(kernel::DataSet const& dataSet, std::string const& path,
+                                                 ExportContext const& context)
 {
-    if (extensionOf(path) == "vtm")
-        writePieces(dataSet, path, context);
-    else
-        writeOneZone(dataSet, path, context);
+    return extensionOf(path) == "vtm" ? writePieces(dataSet, path, context) : writeOneZone(dataSet, path, context);
 }
 
 } // namespace veldraw::app

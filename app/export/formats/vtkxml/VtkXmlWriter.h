@@ -12,7 +12,8 @@ namespace veldraw::app {
 class VtkXmlWriter : public Writer
 {
 public:
-    void write(kernel::DataSet const& dataSet, std::string const& path, ExportContext const& context) override;
+    std::unique_ptr<PendingSave> write(kernel::DataSet const& dataSet, std::string const& path,
+                                       ExportContext const& context) override;
 };
 
 } // namespace veldraw::app

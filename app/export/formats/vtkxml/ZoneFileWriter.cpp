@@ -3,6 +3,7 @@
 #include "app/export/formats/vtkxml/AuxiliaryArrays.h"
 #include "app/export/formats/vtkxml/GridConversion.h"
 #include "app/export/writing/ExportError.h"
+#include "app/export/writing/WriteReason.h"
 #include "app/export/writing/Writer.h"
 #include "app/import/formats/vtkxml/BlockFacts.h"
 #include "app/import/zones/ImportedZone.h"
@@ -142,9 +143,9 @@ void ZoneFileWriter::write(int zone, std::string const& format, std::string cons
     bool const written = writer->Write() != 0;
     if (observer->isInterrupted())
         throw kernel::Interrupted();
+    // For the question: coordinates and cells come on top of the variables.
     if (!written || errors.hasErrors() || writer->GetErrorCode() != 0)
-        throw ExportError(errors.hasErrors() ? errors.firstError()
-                                             : "the file could not be written; the disk may be full");
+        throw ExportError(whyNotWritten(path, 2 * workOf(source)));
 }
 
 vtkSmartPointer<vtkDataSet> ZoneFileWriter::gridOf(int zone) const

@@ -1,0 +1,55 @@
+#include "app/export/writing/FolderContent.h"
+
+#include "app/export/writing/ExportError.h"
+#include "app/export/writing/WriteReason.h"
+
+#include <cerrno>
+#include <filesystem>
+#include <sys/stat.h>
+
+namespace veldraw::app {
+
+std::set<std::string> namesIn(std::string const& folder)
+{
+    std::set<std::string> names;
+    std::error_code error;
+    std::filesystem::directory_iterator entry(folder, error);
+    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error))
+        names.insert(entry->path().filename().string());
+    if (error)
+        throw ExportError("the folder \"" + folder + "\" cannot be read: " + reasonOf(error.value()));
+    return names;
+}
+
+bool isFile(std::string const& path)
+{
+    struct stat facts
+    {
+    };
+    bool const isThere = ::lstat(path.c_str(), &facts) == 0;
+    if (!isThere && errno != ENOENT && errno != ENOTDIR)
+        throw ExportError("\"" + path + "\" cannot be looked at: " + reasonOf(errno));
+    return isThere && S_ISREG(facts.st_mode);
+}
+
+bool isFolder(std::string const& path)
+{
+    struct stat facts
+    {
+    };
+    if (::lstat(path.c_str(), &facts) != 0) {
+        if (errno != ENOENT)
+            throwReason(errno);
+        return false;
+    }
+    bool const isReached = ::stat(path.c_str(), &facts) == 0;
+    if (!isReached && errno != ENOENT)
+        throw ExportError("the folder \"" + path + "\" cannot be looked at: " + reasonOf(errno));
+    if (!isReached)
+        throw ExportError("the folder \"" + path + "\" cannot be made: a link to nothing has its name");
+    if (!S_ISDIR(facts.st_mode))
+        throw ExportError("the folder \"" + path + "\" cannot be made: a file of that name is there");
+    return true;
+}
+
+} // namespace veldraw::app

@@ -1,0 +1,80 @@
+#pragma once
+
+#include "app/export/writing/FileRights.h"
+
+#include <functional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace veldraw::app {
+
+/// What one save makes besides its target, written down before it is made, in a file beside the target that also keeps a second
+/// save of the same name waiting.
+///
+/// When all ends well, or with an exception, the object removes what does not count, and its file last. After a crash the file is left, and
+/// the next save of that name removes what stands in it. Names are those seen from the target's folder, with at most one folder in front.
+class SaveJournal
+{
+public:
+    struct Entries
+    {
+        std::vector<std::string> files;
+        std::vector<std::string> folders; ///< removed where they are empty
+    };
+
+    /// Tells which files the target that is there needs; asked when no other save goes on.
+    using Needed = std::function<std::set<std::string>()>;
+
+    /// Removes what an interrupted save has left, but for what is needed.
+    /// @param target path behind links
+    /// @throws ExportError another program saves it, or nothing can be made in the folder
+    SaveJournal(std::string const& target, Needed const& needed);
+    explicit SaveJournal(std::string const& target);
+
+    /// Removes what was made and not kept.
+    ~SaveJournal();
+
+    /// A text that is in no other save's names.
+    std::string const& tag() const { return m_tag; }
+
+    /// The path to a name.
+    std::string pathTo(std::string const& name) const { return m_folder + "/" + name; }
+
+    /// To be called once, before anything is made. @param entries all that will be made or removed
+    void note(Entries const& entries);
+
+    /// Makes an empty file that was noted. @param rights null for those that new files have @throws ExportError
+    void makeFile(std::string const& name, FileRights const* rights);
+    void makeFolder(std::string const& name);
+
+    /// Whatever was made has come to stay.
+    void keep();
+
+    /// Removes what was noted and is not needed any more. What cannot be removed is left to the next save.
+    /// @return empty, or why that was not possible
+    std::string remove(std::string const& file);
+    std::string removeFolder(std::string const& name);
+
+    SaveJournal(SaveJournal const&) = delete;
+    SaveJournal& operator=(SaveJournal const&) = delete;
+
+private:
+    bool takePlace(Needed const& needed);
+    void takeOver(Needed const& needed);
+    bool holdsPlace() const;
+    bool isUnlocked(int descriptor) const;
+    void removeLeftovers(std::string const& text, std::set<std::string> const& needed) const;
+
+    std::string m_folder;
+    std::string m_path;
+    std::string m_tag;
+    int m_descriptor = -1;
+    Entries m_made;
+    bool m_isClear = true; // nothing is left to the next save
+};
+
+/// The name with another ending, short enough for a file system whatever the name is. @param ending begins with a dot
+std::string nameWithEnding(std::string const& name, std::string const& ending);
+
+} // namespace veldraw::app

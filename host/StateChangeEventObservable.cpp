@@ -35,7 +35,11 @@ StateChangeEventObservable& StateChangeEventObservable::getInstance()
     return *observable;
 }
 
-StateChangeEventObservable::StateChangeEventObservable() = default;
+StateChangeEventObservable::StateChangeEventObservable()
+{
+    // Without memory the signal keeps the slot that fails to become its first one, and calls it when its owner has gone.
+    m_signal.connect([](toolbox::StateChangeEventInterface const&) {});
+}
 
 StateChangeEventObservable::~StateChangeEventObservable() = default;
 
@@ -88,7 +92,7 @@ bool StateChangeEventObservable::isPresent(unsigned long long number) const
 
 int StateChangeEventObservable::listenerCount() const
 {
-    return static_cast<int>(m_listeners.size() + m_signal.num_slots());
+    return static_cast<int>(m_listeners.size() + m_signal.num_slots()) - 1; // without its own
 }
 
 void StateChangeEventObservable::reportException()

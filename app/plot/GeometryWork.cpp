@@ -2,9 +2,13 @@
 
 #include "kernel/base/Parallel.h"
 
+#include <vtkSMPTools.h>
+
 #include <algorithm>
 #include <chrono>
 #include <future>
+#include <new>
+#include <system_error>
 #include <thread>
 #include <unordered_map>
 #include <utility>
@@ -16,20 +20,25 @@ class GeometryWork::Job
 {
 public:
     Job(Requests requests, std::function<void()> ready)
+        : m_requests(std::move(requests))
+        , m_ready(std::move(ready))
     {
-        for (GeometryRequest const& request : requests)
+        for (GeometryRequest const& request : m_requests)
             m_keys.emplace(request.zone, request.source.key());
-        m_thread = std::thread([this, work = std::move(requests), tell = std::move(ready)]() mutable {
-            finish(std::exchange(work, {}));
-            if (!m_progress.isInterrupted())
-                tell();
-        });
+        try {
+            m_thread = std::thread([this] { finishAndTell(); });
+        } catch (std::system_error const&) {
+            // No thread is to be had, for VTK's filters either, which would throw: the window waits for the picture.
+            vtkSMPTools::SetBackend("Sequential");
+            finishAndTell();
+        }
     }
 
     ~Job()
     {
         interrupt();
-        m_thread.join();
+        if (m_thread.joinable())
+            m_thread.join();
     }
 
     void interrupt() { m_progress.interrupt(); }
@@ -49,6 +58,17 @@ public:
     Job& operator=(Job const&) = delete;
 
 private:
+    void finishAndTell() noexcept
+    {
+        finish(std::exchange(m_requests, {}));
+        try {
+            if (!m_progress.isInterrupted())
+                m_ready();
+        } catch (std::bad_alloc const&) {
+            // No memory even to tell: the picture comes with the next one.
+        }
+    }
+
     // The requests hold values; they are released before anybody is told that the job is done.
     void finish(Requests requests)
     {
@@ -62,6 +82,8 @@ private:
         }
     }
 
+    Requests m_requests;
+    std::function<void()> m_ready;
     kernel::Progress m_progress;
     std::unordered_map<kernel::UniqueId, GeometryKey> m_keys;
     std::promise<Results> m_promise;

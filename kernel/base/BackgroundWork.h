@@ -22,7 +22,7 @@ public:
 };
 
 /// Runs @p work to its end: on a thread of its own while @p waiter waits for it on this one, or here when there is no
-/// waiter.
+/// waiter, or no thread to be had.
 /// @throws what the work throws. An exception of the waiter interrupts the work and is rethrown when the work has ended.
 void runInBackground(Waiter* waiter, std::string const& name, Progress& progress,
                      std::function<void(Progress&)> const& work);

@@ -1,10 +1,13 @@
 #include "kernel/base/Parallel.h"
 
+#include "kernel/base/ThreadPool.h"
+
 #include <algorithm>
 #include <atomic>
 #include <exception>
-#include <omp.h>
-#include <vector>
+#include <limits>
+#include <mutex>
+#include <thread>
 
 namespace veldraw::kernel {
 
@@ -28,11 +31,51 @@ std::int64_t chunksOf(std::int64_t count, std::int64_t size)
     return (count + size - 1) / size;
 }
 
+std::atomic<std::int64_t>& countOfThreads()
+{
+    static std::atomic<std::int64_t> count{std::max(std::thread::hardware_concurrency(), 1U)};
+    return count;
+}
+
+/// The exception of the task with the lowest number, so that it is the same one every time.
+class LowestFailure
+{
+public:
+    /// Whether a task is still to be done: one after a failure is not, while those before it may fail as well.
+    bool isWanted(std::int64_t task) const { return task < m_task; }
+
+    void note(std::int64_t task, std::exception_ptr const& failure)
+    {
+        std::lock_guard<std::mutex> const lock(m_mutex);
+        if (task < m_task) {
+            m_task = task;
+            m_failure = failure;
+        }
+    }
+
+    void rethrow() const
+    {
+        if (m_failure) {
+            std::rethrow_exception(m_failure);
+        }
+    }
+
+private:
+    std::mutex m_mutex;
+    std::atomic<std::int64_t> m_task{std::numeric_limits<std::int64_t>::max()};
+    std::exception_ptr m_failure;
+};
+
 } // namespace
 
 std::int64_t threadCount()
 {
-    return omp_get_max_threads();
+    return countOfThreads();
+}
+
+void setThreadCount(std::int64_t count)
+{
+    countOfThreads() = std::max<std::int64_t>(count, 1);
 }
 
 std::int64_t parallelChunkCount(std::int64_t count)
@@ -66,31 +109,27 @@ void parallelFor(std::int64_t count, std::function<void(std::int64_t, std::int64
 
 void forEachInParallel(std::int64_t count, std::function<void(std::int64_t)> const& body)
 {
-    if (count == 1) {
-        body(0); // no other thread is to be started, which may take longer than a little work
+    if (count <= 0) {
         return;
     }
-    std::vector<std::exception_ptr> failures(static_cast<std::size_t>(count));
-    std::atomic<std::int64_t> lowestFailure{count};
-#pragma omp parallel for schedule(dynamic)
-    for (std::int64_t task = 0; task < count; ++task) {
-        if (task > lowestFailure) {
-            continue; // those before it may fail as well, and the lowest one counts
-        }
-        try {
-            body(task);
-        } catch (...) {
-            failures[static_cast<std::size_t>(task)] = std::current_exception();
-            std::int64_t lowest = lowestFailure;
-            while (task < lowest && !lowestFailure.compare_exchange_weak(lowest, task)) {
+    if (count == 1) {
+        body(0); // no other thread is to be woken, which may take longer than a little work; loops within may wake them
+        return;
+    }
+    LowestFailure failure;
+    std::atomic<std::int64_t> next{0};
+    auto const workOnTasks = [&] {
+        for (std::int64_t task = next++; task < count && failure.isWanted(task); task = next++) {
+            try {
+                body(task);
+            } catch (...) {
+                failure.note(task, std::current_exception());
             }
         }
-    }
-    // The exception of the lowest task, so that it is the same one every time.
-    auto const failure = std::find_if(failures.begin(), failures.end(), [](auto const& f) { return f != nullptr; });
-    if (failure != failures.end()) {
-        std::rethrow_exception(*failure);
-    }
+    };
+    // By reference, for which no memory is needed.
+    ThreadPool::instance().run(std::min(threadCount(), count) - 1, std::ref(workOnTasks));
+    failure.rethrow();
 }
 
 } // namespace veldraw::kernel

@@ -7,6 +7,7 @@
 #include <limits>
 #include <map>
 #include <mutex>
+#include <new>
 
 namespace veldraw::kernel {
 
@@ -28,6 +29,14 @@ fftw_complex* asLibrary(Bin* bins)
     return reinterpret_cast<fftw_complex*>(bins);
 }
 
+/// FFTW ends the process where it gets no memory. So more than a plan takes, as measured, is taken and given back before it is made: with
+/// what the allocator takes at a time from a system that has little left.
+void requireMemoryForPlanner(double bytesOfPlan)
+{
+    constexpr double bytesOfAllocator = 0x1p22;
+    ::operator delete(::operator new(static_cast<std::size_t>(2.0 * bytesOfPlan + bytesOfAllocator)));
+}
+
 /// A plan of either kind; the planner is held while it is made.
 class LibraryPlan : public FourierPlan
 {
@@ -43,9 +52,11 @@ public:
         constexpr unsigned flags = FFTW_ESTIMATE | FFTW_DESTROY_INPUT;
         if (isReal) {
             ZeroedArray<double> signal(size);
+            requireMemoryForPlanner(bytesOfReal(length));
             m_plan = fftw_plan_dft_r2c_1d(count, signal.begin(), asLibrary(bins.begin()), flags);
         } else {
             ZeroedArray<Bin> signal(size);
+            requireMemoryForPlanner(bytesOfComplex(length));
             m_plan = fftw_plan_dft_1d(count, asLibrary(signal.begin()), asLibrary(bins.begin()), FFTW_FORWARD, flags);
         }
         if (m_plan == nullptr) {

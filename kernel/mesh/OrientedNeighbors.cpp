@@ -11,12 +11,12 @@ constexpr std::int64_t mostNeighbors = 32; // more take longer to compare with e
 
 /// For each place those of the points to which the surfaces go from there.
 RawLists nextPoints(CellParts const& cells, std::int64_t pointCount, PointOrder const& order,
-                    ZeroedArray<ListSpan> const& spans, std::int64_t cellsOfGroup, RoomBeside const& room,
+                    ZeroedArray<ListSpan> const& spans, std::int64_t cellsOfEach, RoomBeside const& room,
                     Progress const& progress)
 {
     auto const forEachEdge = [&](std::int64_t group, Watch& watch, auto const& add) {
-        std::int64_t const last = std::min((group + 1) * cellsOfGroup, cells.cellCount());
-        for (std::int64_t cell = group * cellsOfGroup; cell < last; ++cell) {
+        std::int64_t const last = std::min((group + 1) * cellsOfEach, cells.cellCount());
+        for (std::int64_t cell = group * cellsOfEach; cell < last; ++cell) {
             auto const [begin, end] = cells.corners(cell);
             watch.count(end - begin);
             for (std::int64_t const* corner = begin; corner < end; ++corner) {
@@ -93,10 +93,10 @@ bool markBorder(NeighborLists& lists, ZeroedArray<bool>& border, Progress const&
 } // namespace
 
 std::optional<NeighborLists> orientedNeighbors(CellParts const& cells, std::int64_t pointCount, PointOrder const& order,
-                                               ZeroedArray<ListSpan> const& spans, std::int64_t cellsOfGroup,
+                                               ZeroedArray<ListSpan> const& spans, std::int64_t cellsOfEach,
                                                RoomBeside const& room, Progress const& progress)
 {
-    RawLists next = nextPoints(cells, pointCount, order, spans, cellsOfGroup, room, progress);
+    RawLists next = nextPoints(cells, pointCount, order, spans, cellsOfEach, room, progress);
     NeighborLists lists;
     lists.starts = std::move(next.starts);
     lists.neighbors = std::move(next.neighbors);

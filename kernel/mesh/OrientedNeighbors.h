@@ -14,11 +14,11 @@ namespace veldraw::kernel {
 ///
 /// A point at the border, where an edge is gone along in one direction only, is its own and only neighbour, perhaps several times.
 /// @param cells surfaces, each with each of its edges once
-/// @param spans the places of the points of each group of @p cellsOfGroup cells
+/// @param spans the places of the points of groups of @p cellsOfEach cells each
 /// @return nothing where two surfaces go along an edge in the same direction, or a point has very many edges
 /// @throws Interrupted, NotEnoughMemory, std::bad_alloc
 std::optional<NeighborLists> orientedNeighbors(CellParts const& cells, std::int64_t pointCount, PointOrder const& order,
-                                               ZeroedArray<ListSpan> const& spans, std::int64_t cellsOfGroup,
+                                               ZeroedArray<ListSpan> const& spans, std::int64_t cellsOfEach,
                                                RoomBeside const& room, Progress const& progress);
 
 } // namespace veldraw::kernel

@@ -64,7 +64,7 @@ bool Session::refuse(char const* reason) noexcept
     try {
         m_lastError = reason;
     } catch (...) {
-        m_lastError.clear(); // no reason is better than a wrong one
+        m_lastError = "Out of memory."; // so short a text needs none
     }
     return false;
 }

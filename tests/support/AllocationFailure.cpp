@@ -1,5 +1,6 @@
 #include "tests/support/AllocationFailure.h"
 
+#include <atomic>
 #include <cstddef>
 #include <cstdlib>
 #include <malloc.h>
@@ -7,12 +8,46 @@
 
 namespace {
 
-thread_local int requestsUntilFailure = 0; // 0: none fails
+/// Counts requests, and tells which are to fail.
+class RequestCount
+{
+public:
+    void arm(int request, bool fromThenOn)
+    {
+        m_seen = 0;
+        m_fromThenOn = fromThenOn;
+        m_failing = request;
+    }
+
+    void disarm() { m_failing = 0; }
+
+    bool failsNow()
+    {
+        int const failing = m_failing;
+        if (failing == 0) {
+            return false;
+        }
+        int const request = ++m_seen;
+        return request == failing || (request > failing && m_fromThenOn);
+    }
+
+    bool hasFailed() const { return m_seen >= m_failing; }
+
+private:
+    std::atomic<int> m_failing{0}; // 0: none
+    std::atomic<int> m_seen{0};
+    std::atomic<bool> m_fromThenOn{false};
+};
+
+thread_local RequestCount ofThisThread;
+RequestCount ofAllThreads;
+RequestCount* armed = nullptr;
 thread_local std::int64_t bytesTaken = 0;
 
 bool failsNow()
 {
-    return requestsUntilFailure > 0 && --requestsUntilFailure == 0;
+    bool const failsHere = ofThisThread.failsNow();
+    return ofAllThreads.failsNow() || failsHere;
 }
 
 void* request(std::size_t bytes, std::size_t alignment)
@@ -53,19 +88,20 @@ std::int64_t allocatedBytes()
     return bytesTaken;
 }
 
-AllocationFailure::AllocationFailure(int request)
+AllocationFailure::AllocationFailure(int request, Lasting lasting, Threads threads)
 {
-    requestsUntilFailure = request;
+    armed = threads == Threads::All ? &ofAllThreads : &ofThisThread;
+    armed->arm(request, lasting == Lasting::FromThenOn);
 }
 
 AllocationFailure::~AllocationFailure()
 {
-    requestsUntilFailure = 0;
+    armed->disarm();
 }
 
 bool AllocationFailure::hasHappened() const
 {
-    return requestsUntilFailure == 0;
+    return armed->hasFailed();
 }
 
 } // namespace veldraw::tests

@@ -6,11 +6,25 @@
 
 namespace veldraw::tests {
 
-/// Makes the n-th request for memory by this thread fail, and all others succeed.
+/// Makes the n-th request for memory fail, and as long as the object lives perhaps all after it.
 class AllocationFailure
 {
 public:
-    explicit AllocationFailure(int request);
+    /// How long the lack of memory lasts.
+    enum class Lasting
+    {
+        Once,
+        FromThenOn
+    };
+
+    /// Whose requests count: with those of other threads the order of requests may differ from one time to the next.
+    enum class Threads
+    {
+        ThisOne,
+        All
+    };
+
+    explicit AllocationFailure(int request, Lasting lasting = Lasting::Once, Threads threads = Threads::ThisOne);
     ~AllocationFailure();
 
     /// Whether the request that was to fail has come.

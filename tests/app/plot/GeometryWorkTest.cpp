@@ -8,6 +8,7 @@
 #include "kernel/operations/SetValue.h"
 #include "tests/app/support/PlotTestPage.h"
 #include "tests/app/support/SampleData.h"
+#include "tests/support/ThreadFailure.h"
 #include "tests/support/WriteValue.h"
 
 #include <QTest>
@@ -74,6 +75,17 @@ protected:
 };
 
 } // namespace
+
+TEST_F(DrawnAside, IsDrawnAsWellWhereNoThreadIsToBeHad)
+{
+    {
+        ThreadFailure const none;
+        start();
+        EXPECT_GT(none.refused(), 0);
+    }
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !page.view().isDrawing(); }, 60000));
+    expectAsIfMadeAnew();
+}
 
 TEST_F(DrawnAside, SaysSoAndLetsTheWindowLiveUntilItIsThere)
 {

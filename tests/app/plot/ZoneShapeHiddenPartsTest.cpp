@@ -3,6 +3,7 @@
 #include "app/plot/OrderedShape.h"
 #include "tests/app/support/PlotTestPage.h"
 #include "tests/app/support/SampleData.h"
+#include "tests/support/Threads.h"
 #include "tests/support/WriteValue.h"
 
 #include <vtkIdList.h>
@@ -10,7 +11,6 @@
 #include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
-#include <omp.h>
 #include <random>
 #include <set>
 #include <tuple>
@@ -183,15 +183,13 @@ TEST(HiddenParts, LeaveTheSameShapeForEachNumberOfThreads)
     kernel::Zone& bricks = *set->zone(1);
     hideCells(bricks, some(bricks.cellCount(), 5));
     std::set<CellFace> const expected = expectedFaces(block);
-    int const threads = omp_get_max_threads();
     std::vector<app::ZoneShape> ofBlock;
     std::vector<app::ZoneShape> ofBricks;
     for (int const count : {1, 2, 5}) {
-        omp_set_num_threads(count);
+        Threads const some(count);
         ofBlock.push_back(app::OrderedShape::create(block, false));
         ofBricks.push_back(app::FiniteElementShape::create(bricks));
     }
-    omp_set_num_threads(threads);
     EXPECT_EQ(shownFacesOf(ofBlock[0]), expected);
     for (auto const& shapes : {ofBlock, ofBricks})
         for (app::ZoneShape const& shape : shapes) {

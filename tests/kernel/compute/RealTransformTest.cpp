@@ -4,10 +4,10 @@
 #include "tests/kernel/support/LookCounter.h"
 #include "tests/kernel/support/ReferenceSpectrum.h"
 #include "tests/kernel/support/StepLog.h"
+#include "tests/support/Threads.h"
 
 #include <gtest/gtest.h>
 #include <numeric>
-#include <omp.h>
 #include <random>
 #include <thread>
 
@@ -197,13 +197,11 @@ TEST(RealTransformTest, GivesTheSameBitsWithAnyNumberOfThreads)
 {
     for (std::size_t const length : {60000U, 10007U}) {
         Numbers const values = randomSignal(length);
-        int const threads = omp_get_max_threads();
-        omp_set_num_threads(1);
-        Bins const single = transformed(values, 100);
-        omp_set_num_threads(3);
-        Bins const several = transformed(values, 100);
-        omp_set_num_threads(threads);
-        EXPECT_EQ(single, several) << length;
+        auto const transformedOn = [&](int threads) {
+            Threads const some(threads);
+            return transformed(values, 100);
+        };
+        EXPECT_EQ(transformedOn(1), transformedOn(3)) << length;
     }
 }
 

@@ -1,11 +1,11 @@
 #include "kernel/compute/SpatialOrder.h"
 
 #include "tests/kernel/support/ScatteredPoints.h"
+#include "tests/support/Threads.h"
 
 #include <algorithm>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <omp.h>
 
 namespace veldraw::tests {
 
@@ -81,13 +81,11 @@ TEST(SpatialOrderTest, TakesPointsThatAreAllTheSameOrDifferByDenormalNumbers)
 TEST(SpatialOrderTest, IsTheSameForAnyNumberOfThreads)
 {
     ScatteredPoints const points = ScatteredPoints::random(3, 50021, 5);
-    int const before = omp_get_max_threads();
-    omp_set_num_threads(1);
-    std::vector<std::uint32_t> const one = sortedInSpace(points);
-    omp_set_num_threads(16);
-    std::vector<std::uint32_t> const sixteen = sortedInSpace(points);
-    omp_set_num_threads(before);
-    EXPECT_EQ(one, sixteen);
+    auto const sortedOn = [&](int threads) {
+        Threads const some(threads);
+        return sortedInSpace(points);
+    };
+    EXPECT_EQ(sortedOn(1), sortedOn(16));
 }
 
 TEST(SpatialOrderTest, EndsWhenItIsCancelled)

@@ -6,10 +6,10 @@
 #include "tests/kernel/support/MeshData.h"
 #include "tests/kernel/support/SampleData.h"
 #include "tests/support/MemoryLimit.h"
+#include "tests/support/Threads.h"
 
 #include <gmock/gmock.h>
 #include <numeric>
-#include <omp.h>
 #include <random>
 
 namespace veldraw::tests {
@@ -163,8 +163,7 @@ TEST(CellNeighbors, ACancelEndsTheWorkAtWhicheverLookItIsSeen)
     meshes.emplace_back(hub(Shape::Triangle, 3, 1500, 50), 50, true);
     meshes.emplace_back(hub(Shape::Tetrahedron, 4, 500, 50), 50, false);
     meshes.emplace_back(book(60), 62, false);
-    int const usual = omp_get_max_threads();
-    omp_set_num_threads(1); // one look after the other
+    Threads const one(1); // one look after the other
     for (Mesh const& mesh : meshes) {
         std::int64_t const looks = mesh.looks();
         for (std::int64_t look = 1; look <= looks; look += 1 + looks / 200) {
@@ -172,7 +171,6 @@ TEST(CellNeighbors, ACancelEndsTheWorkAtWhicheverLookItIsSeen)
             EXPECT_THROW(mesh.neighbors(cancelled), Interrupted) << look;
         }
     }
-    omp_set_num_threads(usual);
 }
 
 TEST(CellNeighbors, MemoryIsAskedForBeforeListsAreMade)

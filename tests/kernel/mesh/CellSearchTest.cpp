@@ -3,12 +3,12 @@
 #include "tests/kernel/support/ExactCell.h"
 #include "tests/kernel/support/SampleData.h"
 #include "tests/support/SpecialNumbers.h"
+#include "tests/support/Threads.h"
 
 #include <atomic>
 #include <cmath>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <omp.h>
 #include <random>
 
 namespace veldraw::tests {
@@ -297,13 +297,11 @@ TEST(CellSearch, FindsTheSameWithAnyNumberOfThreads)
     lists.shuffle(9);
     auto const zone = lists.zone(ZoneType_FEMixed);
     std::vector<Point> const points = somePoints(20011, -0.5, 13.5, false, 5);
-    int const usual = omp_get_max_threads();
     std::vector<std::vector<std::int64_t>> found;
     for (int const threads : {1, 2, 16}) {
-        omp_set_num_threads(threads);
+        Threads const some(threads);
         found.push_back(CellsFound({zone.get(), zone.get()}, points).slots());
     }
-    omp_set_num_threads(usual);
     EXPECT_EQ(found[1], found[0]);
     EXPECT_EQ(found[2], found[0]);
 }

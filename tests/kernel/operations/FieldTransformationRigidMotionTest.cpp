@@ -7,9 +7,9 @@
 #include "tests/kernel/operations/CellMeasure.h"
 #include "tests/kernel/support/SessionFixture.h"
 #include "tests/kernel/support/SpatialData.h"
+#include "tests/support/Threads.h"
 
 #include <cmath>
-#include <omp.h>
 
 namespace veldraw::tests {
 
@@ -166,12 +166,12 @@ TEST_P(RigidMotion, DoesNotDependOnTheNumberOfThreads)
     session.perform(DuplicateZones(*dataSet, {1}));
     session.perform(AssignVariable(frame->id, 'U', 0));
     RotationAxis const axis = randomAxis();
-    int const threads = omp_get_max_threads();
-    omp_set_num_threads(1);
-    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {1}, inSpace, axis, 33)));
-    omp_set_num_threads(5);
-    ASSERT_TRUE(session.perform(RotateZones(*dataSet, {2}, inSpace, axis, 33)));
-    omp_set_num_threads(threads);
+    auto const rotateOn = [&](int threads, NumberSet const& zones) {
+        Threads const some(threads);
+        return session.perform(RotateZones(*dataSet, zones, inSpace, axis, 33));
+    };
+    ASSERT_TRUE(rotateOn(1, {1}));
+    ASSERT_TRUE(rotateOn(5, {2}));
     for (int variable = 1; variable <= 7; ++variable) {
         EXPECT_EQ(values(*dataSet, 1, variable), values(*dataSet, 2, variable)) << variable;
     }

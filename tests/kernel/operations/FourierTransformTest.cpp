@@ -4,8 +4,8 @@
 #include "tests/kernel/support/FourierFixture.h"
 #include "tests/kernel/support/SampleLoader.h"
 #include "tests/kernel/support/StepLog.h"
-#include "tests/kernel/support/Threads.h"
 #include "tests/support/SpecialNumbers.h"
+#include "tests/support/Threads.h"
 
 #include <atomic>
 #include <chrono>

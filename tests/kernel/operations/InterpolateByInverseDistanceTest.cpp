@@ -3,12 +3,12 @@
 #include "kernel/base/BackgroundWork.h"
 #include "tests/kernel/support/InterpolationFixture.h"
 #include "tests/kernel/support/SampleLoader.h"
+#include "tests/support/Threads.h"
 
 #include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <limits>
-#include <omp.h>
 #include <thread>
 
 namespace veldraw::tests {
@@ -372,14 +372,12 @@ TEST_F(InterpolateByInverseDistanceTest, IsTheSameForAnyNumberOfThreads)
     int const from = addPoints(ScatteredPoints::random(3, 1003, 1), wave, zero);
     for (NeighborChoice const choice : {NeighborChoice{PtSelection_NearestN, 8}, {PtSelection_Octant, 11}, all}) {
         std::vector<std::vector<double>> results;
-        int const before = omp_get_max_threads();
         for (int const threads : {1, 2, 16}) {
-            omp_set_num_threads(threads);
+            Threads const some(threads);
             int const to = addPoints(targets, zero, zero);
             ASSERT_TRUE(interpolate({from}, to, {P}, choice, {3.3, 0.0}));
             results.push_back(valuesOf(to, P));
         }
-        omp_set_num_threads(before);
         EXPECT_EQ(results[0], results[1]);
         EXPECT_EQ(results[0], results[2]);
     }

@@ -6,8 +6,8 @@
 #include "tests/kernel/support/SessionFixture.h"
 #include "tests/kernel/support/SpatialData.h"
 #include "tests/support/SpecialNumbers.h"
+#include "tests/support/Threads.h"
 
-#include <omp.h>
 #include <random>
 
 namespace veldraw::tests {
@@ -366,17 +366,15 @@ TEST_F(InterpolateLinearlyTest, GivesTheSameBitsWithAnyNumberOfThreads)
     auto lists = sample::fillOf(Shape::Polyhedron, 9, 0.25, 2);
     lists.shuffle(3);
     addSource(lists.zone(ZoneType_FEPolyhedron), [](Point const& p) { return std::sin(p[0]) + p[1] * p[2]; });
-    int const usual = omp_get_max_threads();
     std::vector<std::vector<double>> found;
     for (int const threads : {1, 2, 16}) {
-        omp_set_num_threads(threads);
+        Threads const some(threads);
         addTarget(scattered(10007, -1, 10));
         ASSERT_TRUE(interpolate({1}, dataSet->zoneCount(), {pressure, temperature}, -1));
         found.push_back(sample::values(*dataSet, dataSet->zoneCount(), pressure));
         std::vector<double> const more = sample::values(*dataSet, dataSet->zoneCount(), temperature);
         found.back().insert(found.back().end(), more.begin(), more.end());
     }
-    omp_set_num_threads(usual);
     EXPECT_EQ(found[1], found[0]);
     EXPECT_EQ(found[2], found[0]);
 }

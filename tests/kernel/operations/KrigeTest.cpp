@@ -2,8 +2,7 @@
 
 #include "tests/kernel/support/KrigingFixture.h"
 #include "tests/kernel/support/LookCounter.h"
-
-#include <omp.h>
+#include "tests/support/Threads.h"
 
 namespace veldraw::tests {
 
@@ -281,13 +280,11 @@ TEST_F(KrigeTest, IsTheSameForAnyNumberOfThreads)
     ScatteredPoints const targets = ScatteredPoints::random(3, 3001, 2);
     for (NeighborChoice const choice : {nearest16, octant16, everyPoint}) {
         std::vector<std::vector<double>> results;
-        int const before = omp_get_max_threads();
         for (int const threads : {1, 2, 16}) {
-            omp_set_num_threads(threads);
+            Threads const some(threads);
             int const to = addPoints(targets, zero, zero);
             results.push_back(kriged(from, to, choice, {0.3, 0.1, Drift_Linear}));
         }
-        omp_set_num_threads(before);
         EXPECT_EQ(results[0], results[1]);
         EXPECT_EQ(results[0], results[2]);
     }

@@ -7,8 +7,7 @@
 #include "tests/kernel/support/MeshData.h"
 #include "tests/kernel/support/SampleLoader.h"
 #include "tests/kernel/support/SmoothingFixture.h"
-
-#include <omp.h>
+#include "tests/support/Threads.h"
 
 namespace veldraw::tests {
 
@@ -446,10 +445,9 @@ TEST_F(SmoothVariableTest, GivesTheSameBitsOnAnyNumberOfThreads)
     auto const cells = lists.zone(ZoneType_FEPolyhedron);
     std::vector<double> const ofBlock = randomValues(90 * 80 * 70);
     std::vector<double> const ofCells = randomValues(cells->pointCount());
-    int const usual = omp_get_max_threads();
     std::vector<std::vector<double>> found;
     for (int const threads : {1, 2, 16}) {
-        omp_set_num_threads(threads);
+        Threads const some(threads);
         int const block = addOrdered({90, 80, 70}, ofBlock);
         ASSERT_TRUE(smooth(block, 11, 0.7, secondOrder));
         found.push_back(valuesOf(block));
@@ -458,7 +456,6 @@ TEST_F(SmoothVariableTest, GivesTheSameBitsOnAnyNumberOfThreads)
         std::vector<double> const more = valuesOf(mesh);
         found.back().insert(found.back().end(), more.begin(), more.end());
     }
-    omp_set_num_threads(usual);
     EXPECT_EQ(found[1], found[0]);
     EXPECT_EQ(found[2], found[0]);
 }

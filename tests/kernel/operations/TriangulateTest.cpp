@@ -4,9 +4,9 @@
 #include "tests/kernel/support/MeshData.h"
 #include "tests/kernel/support/PlaneTriangles.h"
 #include "tests/kernel/support/SampleLoader.h"
+#include "tests/support/Threads.h"
 
 #include <mutex>
-#include <omp.h>
 #include <optional>
 #include <set>
 
@@ -531,7 +531,7 @@ TEST_F(TriangulateTest, GivesTheSameForAnyNumberOfThreads)
     int const outline = addLine(innerSquare);
     std::vector<std::vector<double>> results;
     for (int const threads : {1, 2, 3, 7}) {
-        omp_set_num_threads(threads);
+        Threads const some(threads);
         ASSERT_TRUE(triangulate({1}, {outline}, false, 0.25));
         results.push_back(valuesOf(dataSet->zoneCount(), P));
         for (PlaneTriangles::Triangle const& triangle : made().triangles) {
@@ -539,7 +539,6 @@ TEST_F(TriangulateTest, GivesTheSameForAnyNumberOfThreads)
         }
         EXPECT_EQ(results.back(), results.front()) << threads;
     }
-    omp_set_num_threads(omp_get_num_procs());
 }
 
 TEST_F(TriangulateTest, TriangulatesThePointsOfZonesOfAnyType)

@@ -17,11 +17,10 @@
 #include "tests/kernel/support/MeshData.h"
 #include "tests/kernel/support/SessionFixture.h"
 #include "tests/kernel/support/SpatialData.h"
-#include "tests/kernel/support/Threads.h"
+#include "tests/support/Threads.h"
 
 #include <chrono>
 #include <numeric>
-#include <omp.h>
 #include <thread>
 
 namespace veldraw::tests {
@@ -242,8 +241,7 @@ TEST_F(LongOperation, EndsWithoutATraceAtWhicheverLookItSeesACancel)
         cells->fields.push_back(cells->fields[variable - 3]);
     }
     dataSet->addZone(cells);
-    int const usual = omp_get_max_threads();
-    omp_set_num_threads(1); // one look after the other
+    Threads const one(1); // one look after the other
     auto const byInverseDistance = [this](NeighborChoice choice) -> MakeOperation {
         return [this, choice] {
             return std::make_shared<InterpolateByInverseDistance>(frame->id, NumberSet{4}, 5, NumberSet{6, 7}, choice,
@@ -284,7 +282,6 @@ TEST_F(LongOperation, EndsWithoutATraceAtWhicheverLookItSeesACancel)
           byKriging({PtSelection_NearestN, 60}), byKriging({PtSelection_All, 1}), alongALine}) {
         EXPECT_GE(cancelAtEachLook(make), 9);
     }
-    omp_set_num_threads(usual);
 }
 
 TEST_F(LongOperation, EndsWithoutATraceWhenTransformsOfSeveralLengthsAreCancelled)

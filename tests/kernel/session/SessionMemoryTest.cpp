@@ -1,4 +1,5 @@
 #include "kernel/operations/AddFrame.h"
+#include "kernel/operations/DeleteAuxiliaryItem.h"
 #include "kernel/operations/DeleteVariables.h"
 #include "kernel/operations/DuplicateZones.h"
 #include "kernel/operations/DuplicateZonesAxially.h"
@@ -8,19 +9,22 @@
 #include "kernel/operations/InterpolateLinearly.h"
 #include "kernel/operations/Krige.h"
 #include "kernel/operations/LineMapOperation.h"
+#include "kernel/operations/LoadVariables.h"
 #include "kernel/operations/MirrorZones.h"
 #include "kernel/operations/RenameFrame.h"
 #include "kernel/operations/RenameZone.h"
 #include "kernel/operations/RotateZones.h"
+#include "kernel/operations/SetAuxiliaryItem.h"
 #include "kernel/operations/SetPlotType.h"
+#include "kernel/operations/SetValue.h"
 #include "kernel/operations/SmoothVariable.h"
 #include "kernel/operations/SpatialVariables.h"
 #include "kernel/operations/Triangulate.h"
+#include "tests/kernel/support/MemorySweep.h"
 #include "tests/kernel/support/MeshData.h"
-#include "tests/kernel/support/SessionFixture.h"
+#include "tests/kernel/support/SampleLoader.h"
 #include "tests/kernel/support/SpatialData.h"
-#include "tests/kernel/support/Threads.h"
-#include "tests/support/AllocationFailure.h"
+#include "tests/support/Threads.h"
 
 #include <limits>
 
@@ -31,33 +35,7 @@ using sample::slanting;
 
 namespace {
 
-/// Everything that a sweep starts from, fresh for each request that fails.
-struct Stage
-{
-    Stage()
-    {
-        frame->dataSet = dataSet;
-        session.openPage({frame});
-        session.perform(RenameZone(*dataSet, 1, "named before")); // so that undo and redo have work
-        session.perform(RenameVariable(*dataSet, 1, "named before"));
-        session.undo();
-        recorder = std::make_unique<EventCounter>(session.events());
-    }
-
-    struct EventCounter
-    {
-        explicit EventCounter(EventHub& hub)
-        {
-            hub.subscribe([this](StateChangeEvent const&) { ++events; });
-        }
-        int events = 0;
-    };
-
-    std::shared_ptr<DataSet> dataSet = sample::twoPlanes();
-    std::shared_ptr<Frame> frame = std::make_shared<Frame>("Frame 1", Rectangle{});
-    Session session;
-    std::unique_ptr<EventCounter> recorder;
-};
+using Stage = MemoryStage;
 
 std::string const longText(200, 'n');
 
@@ -81,47 +59,14 @@ void showPlaneOfWholeNumbers(Stage& stage)
     showPlane(stage);
 }
 
-/// Lets each request for memory of @p operation fail once: it succeeds, or nothing has changed and nothing was told.
-/// @return the number of requests that failed
-int sweep(
-    std::function<bool(Stage&)> const& operation, std::function<void(Stage&)> const& prepare = [](Stage&) {})
-{
-    for (int request = 1; request < 10000; ++request) {
-        Stage stage;
-        prepare(stage);
-        std::string const before = stateDigest(stage.session);
-        bool succeeded = false;
-        bool failedOnce = false;
-        {
-            AllocationFailure const failure(request);
-            succeeded = refusedWithoutMemory(stage.session, [&] { return operation(stage); });
-            failedOnce = failure.hasHappened();
-        }
-        if (!failedOnce) {
-            EXPECT_TRUE(succeeded) << "with all memory";
-            return request - 1;
-        }
-        if (!succeeded) {
-            EXPECT_EQ(stateDigest(stage.session), before) << "request " << request;
-            EXPECT_EQ(stage.recorder->events, 0) << "request " << request;
-            EXPECT_EQ(stage.session.lastError(), "Out of memory.") << "request " << request;
-            EXPECT_TRUE(operation(stage)) << "afterwards, request " << request;
-        } else {
-            EXPECT_NE(stateDigest(stage.session), before) << "request " << request;
-            EXPECT_GT(stage.recorder->events, 0) << "request " << request;
-        }
-    }
-    ADD_FAILURE() << "the operation never came to an end";
-    return 0;
-}
-
 } // namespace
 
 TEST(WithoutMemory, VariablesAreDeletedWhollyOrNotAtAll)
 {
     NumberSet const variables{1, 4, 5};
-    EXPECT_GE(sweep([&](Stage& stage) { return stage.session.perform(DeleteVariables(*stage.dataSet, variables)); }),
-              15);
+    EXPECT_GE(
+        sweepMemory([&](Stage& stage) { return stage.session.perform(DeleteVariables(*stage.dataSet, variables)); }),
+        15);
 }
 
 TEST(WithoutMemory, VariablesOfASharedStorageAreDeletedWhollyOrNotAtAll)
@@ -129,7 +74,8 @@ TEST(WithoutMemory, VariablesOfASharedStorageAreDeletedWhollyOrNotAtAll)
     NumberSet const variables{5};
     auto const share = [](Stage& stage) { stage.dataSet->zone(1)->fields[4] = stage.dataSet->zone(1)->fields[3]; };
     EXPECT_GE(
-        sweep([&](Stage& stage) { return stage.session.perform(DeleteVariables(*stage.dataSet, variables)); }, share),
+        sweepMemory([&](Stage& stage) { return stage.session.perform(DeleteVariables(*stage.dataSet, variables)); },
+                    share),
         15);
 }
 
@@ -140,9 +86,9 @@ TEST(WithoutMemory, ZonesAreDuplicatedWhollyOrNotAtAll)
         stage.dataSet->zone(1)->auxiliaryData.set("Origin", longText, true);
         stage.dataSet->zone(2)->name = longText;
     };
-    EXPECT_GE(
-        sweep([&](Stage& stage) { return stage.session.perform(DuplicateZones(*stage.dataSet, zones)); }, describe),
-        15);
+    EXPECT_GE(sweepMemory([&](Stage& stage) { return stage.session.perform(DuplicateZones(*stage.dataSet, zones)); },
+                          describe),
+              15);
 }
 
 TEST(WithoutMemory, ZonesAreTurnedWhollyOrNotAtAll)
@@ -150,14 +96,14 @@ TEST(WithoutMemory, ZonesAreTurnedWhollyOrNotAtAll)
     auto const turn = [](Stage& stage) {
         return stage.session.perform(RotateZones(*stage.dataSet, bothZones, planes, slanting, 30));
     };
-    EXPECT_GE(sweep(turn), 30);
+    EXPECT_GE(sweepMemory(turn), 30);
     auto const share = [](Stage& stage) { stage.session.perform(DuplicateZones(*stage.dataSet, bothZones)); };
-    EXPECT_GE(sweep(turn, [&](Stage& stage) { share(stage), stage.recorder->events = 0; }), 30);
+    EXPECT_GE(sweepMemory(turn, [&](Stage& stage) { share(stage), stage.recorder->events = 0; }), 30);
 }
 
 TEST(WithoutMemory, ZonesAreDuplicatedAroundAnAxisWhollyOrNotAtAll)
 {
-    EXPECT_GE(sweep(
+    EXPECT_GE(sweepMemory(
                   [](Stage& stage) {
                       AxialCopies const copies{30, 0, 2, false};
                       return stage.session.perform(
@@ -169,8 +115,9 @@ TEST(WithoutMemory, ZonesAreDuplicatedAroundAnAxisWhollyOrNotAtAll)
 
 TEST(WithoutMemory, ZonesAreMirroredWhollyOrNotAtAll)
 {
-    EXPECT_GE(sweep([](Stage& stage) { return stage.session.perform(MirrorZones(stage.frame->id, bothZones, 'X')); }),
-              20);
+    EXPECT_GE(
+        sweepMemory([](Stage& stage) { return stage.session.perform(MirrorZones(stage.frame->id, bothZones, 'X')); }),
+        20);
 }
 
 TEST(WithoutMemory, ValuesAreInterpolatedLinearlyWhollyOrNotAtAll)
@@ -179,7 +126,7 @@ TEST(WithoutMemory, ValuesAreInterpolatedLinearlyWhollyOrNotAtAll)
         return stage.session.perform(
             InterpolateLinearly(stage.frame->id, {1}, 2, {4, 5}, 0, LinearInterpMode_SetToConstant));
     };
-    EXPECT_GE(sweep(interpolate, showPlane), 40);
+    EXPECT_GE(sweepMemory(interpolate, showPlane), 40);
 }
 
 // Values at the points and at the cells, whole numbers among them, of two zones at the same places.
@@ -190,7 +137,7 @@ TEST(WithoutMemory, ValuesAreInterpolatedByInverseDistanceWhollyOrNotAtAll)
             return stage.session.perform(
                 InterpolateByInverseDistance(stage.frame->id, {1, 2}, 2, {4, 5}, choice, {3.5, 0.1}));
         };
-        EXPECT_GE(sweep(interpolate, showPlaneOfWholeNumbers), 60) << choice.selection;
+        EXPECT_GE(sweepMemory(interpolate, showPlaneOfWholeNumbers), 60) << choice.selection;
     }
 }
 
@@ -202,7 +149,7 @@ TEST(WithoutMemory, ValuesAreKrigedWhollyOrNotAtAll)
         auto const krige = [&choice, drift](Stage& stage) {
             return stage.session.perform(Krige(stage.frame->id, {1}, 2, {4, 5}, choice, Krige::Model{0.5, 0.1, drift}));
         };
-        EXPECT_GE(sweep(krige, showPlaneOfWholeNumbers), 80) << choice.selection;
+        EXPECT_GE(sweepMemory(krige, showPlaneOfWholeNumbers), 80) << choice.selection;
     }
 }
 
@@ -224,9 +171,9 @@ TEST(WithoutMemory, ValuesAreSmoothedWhollyOrNotAtAll)
         stage.recorder->events = 0;
     };
     auto const block = std::make_shared<Zone>("block", ZoneType_Ordered, 5, 4, 3);
-    EXPECT_GE(sweep(smooth, [&](Stage& stage) { add(stage, std::make_shared<Zone>(*block)); }), 20);
+    EXPECT_GE(sweepMemory(smooth, [&](Stage& stage) { add(stage, std::make_shared<Zone>(*block)); }), 20);
     auto const cells = sample::fillOf(Connectivity::Shape::Tetrahedron, 2, 0.2, 1).zone(ZoneType_FETetra);
-    EXPECT_GE(sweep(smooth, [&](Stage& stage) { add(stage, std::make_shared<Zone>(*cells)); }), 30);
+    EXPECT_GE(sweepMemory(smooth, [&](Stage& stage) { add(stage, std::make_shared<Zone>(*cells)); }), 30);
 }
 
 // T is at the cells; the boundary is a loop that a line crosses, with P alone.
@@ -243,13 +190,13 @@ TEST(WithoutMemory, VariablesAreTransformedWhollyOrNotAtAll)
     auto const transform = [&](Stage& stage) {
         return stage.session.perform(FourierTransform(*stage.dataSet, 1, {2, 4}, bothZones, choice));
     };
-    EXPECT_GE(sweep(transform, unrollPlanes), 60);
+    EXPECT_GE(sweepMemory(transform, unrollPlanes), 60);
     auto const transformOne = [&](Stage& stage) {
         unrollPlanes(stage);
         stage.session.perform(FourierTransform(*stage.dataSet, 1, {2}, {1}, choice));
         stage.recorder->events = 0;
     };
-    EXPECT_GE(sweep(transform, transformOne), 60);
+    EXPECT_GE(sweepMemory(transform, transformOne), 60);
 }
 
 TEST(WithoutMemory, LinesOfSeveralLengthsAreTransformedWhollyOrNotAtAll)
@@ -269,7 +216,7 @@ TEST(WithoutMemory, LinesOfSeveralLengthsAreTransformedWhollyOrNotAtAll)
         FourierTransform::Choice const choice{{WindowFunction_Hann, false}, false, false, false};
         return stage.session.perform(FourierTransform(*stage.dataSet, 1, {2}, {3, 4, 5}, choice));
     };
-    runDividedOnOneThread([&] { EXPECT_GE(sweep(transform, addLines), 80); });
+    runDividedOnOneThread([&] { EXPECT_GE(sweepMemory(transform, addLines), 80); });
 }
 
 TEST(WithoutMemory, ZonesAreTriangulatedWhollyOrNotAtAll)
@@ -288,7 +235,7 @@ TEST(WithoutMemory, ZonesAreTriangulatedWhollyOrNotAtAll)
     auto const triangulate = [](Stage& stage) {
         return stage.session.perform(Triangulate(stage.frame->id, bothZones, {3, 4}, true, 0.25));
     };
-    EXPECT_GE(sweep(triangulate, addBoundaries), 100);
+    EXPECT_GE(sweepMemory(triangulate, addBoundaries), 100);
 }
 
 TEST(WithoutMemory, ZoneOperationsAreUndoneAndRedone)
@@ -312,24 +259,31 @@ TEST(WithoutMemory, ZoneOperationsAreUndoneAndRedone)
 
 TEST(WithoutMemory, NamesAreChangedWhollyOrNotAtAll)
 {
-    EXPECT_GE(sweep([](Stage& stage) { return stage.session.perform(RenameZone(*stage.dataSet, 2, longText)); }), 3);
-    EXPECT_GE(sweep([](Stage& stage) { return stage.session.perform(RenameVariable(*stage.dataSet, 2, longText)); }),
+    EXPECT_GE(sweepMemory([](Stage& stage) { return stage.session.perform(RenameZone(*stage.dataSet, 2, longText)); }),
               3);
-    EXPECT_GE(sweep([](Stage& stage) { return stage.session.perform(RenameFrame(stage.frame->id, longText)); }), 3);
-    EXPECT_GE(sweep([](Stage& stage) { return stage.session.perform(SetTitle(*stage.dataSet, longText)); }), 3);
+    EXPECT_GE(
+        sweepMemory([](Stage& stage) { return stage.session.perform(RenameVariable(*stage.dataSet, 2, longText)); }),
+        3);
+    EXPECT_GE(sweepMemory([](Stage& stage) { return stage.session.perform(RenameFrame(stage.frame->id, longText)); }),
+              3);
+    EXPECT_GE(sweepMemory([](Stage& stage) { return stage.session.perform(SetTitle(*stage.dataSet, longText)); }), 3);
 }
 
 TEST(WithoutMemory, ZonesAndVariablesAreEnabledWhollyOrNotAtAll)
 {
-    EXPECT_GE(sweep([](Stage& stage) { return stage.session.perform(EnableZone(*stage.dataSet, 2, false)); }), 4);
-    EXPECT_GE(sweep([](Stage& stage) { return stage.session.perform(EnableVariable(*stage.dataSet, 2, false)); }), 4);
+    EXPECT_GE(sweepMemory([](Stage& stage) { return stage.session.perform(EnableZone(*stage.dataSet, 2, false)); }), 4);
+    EXPECT_GE(sweepMemory([](Stage& stage) { return stage.session.perform(EnableVariable(*stage.dataSet, 2, false)); }),
+              4);
 }
 
 TEST(WithoutMemory, FramesComeAndGoWhollyOrNotAtAll)
 {
-    EXPECT_GE(sweep([](Stage& stage) { return stage.session.createFrame(longText, {0, 0, 1, 1}) != nullptr; }), 5);
-    EXPECT_GE(sweep([](Stage& stage) { return stage.session.perform(DeleteFrame(stage.frame->id)); }), 2);
-    EXPECT_GE(sweep([](Stage& stage) {
+    EXPECT_GE(sweepMemory([](Stage& stage) {
+                  return stage.session.createFrame(longText, {0, 0, 1, 1}) != nullptr;
+              }),
+              5);
+    EXPECT_GE(sweepMemory([](Stage& stage) { return stage.session.perform(DeleteFrame(stage.frame->id)); }), 2);
+    EXPECT_GE(sweepMemory([](Stage& stage) {
                   auto const place = stage.frame->rectangle.x + 1.0;
                   return stage.session.perform(MoveFrame(stage.frame->id, {place, 1, 1, 1}));
               }),
@@ -339,28 +293,86 @@ TEST(WithoutMemory, FramesComeAndGoWhollyOrNotAtAll)
 TEST(WithoutMemory, ADataSetIsGivenToAFrameWhollyOrNotAtAll)
 {
     auto const other = sample::ordered({longText + "x", longText + "y", longText + "z"}, 3, 3);
-    EXPECT_GE(sweep([&](Stage& stage) { return stage.session.setFrameDataSet(stage.frame->id, other); }), 5);
+    EXPECT_GE(sweepMemory([&](Stage& stage) { return stage.session.setFrameDataSet(stage.frame->id, other); }), 5);
 }
 
 TEST(WithoutMemory, LineMapsAndStyleAreChangedWhollyOrNotAtAll)
 {
-    EXPECT_GE(sweep([](Stage& stage) { return stage.session.perform(CreateLineMap(stage.frame->id)); }), 4);
+    EXPECT_GE(sweepMemory([](Stage& stage) { return stage.session.perform(CreateLineMap(stage.frame->id)); }), 4);
     NumberSet const first{1};
-    EXPECT_GE(sweep([&](Stage& stage) { return stage.session.perform(DeleteLineMaps(stage.frame->id, first)); }), 3);
-    EXPECT_GE(sweep([](Stage& stage) { return stage.session.perform(SetLinePlot(stage.frame->id, 2, 4, 5)); }), 4);
-    EXPECT_GE(sweep([](Stage& stage) { return stage.session.perform(SetPlotType(stage.frame->id, PlotType_XYLine)); }),
+    EXPECT_GE(sweepMemory([&](Stage& stage) { return stage.session.perform(DeleteLineMaps(stage.frame->id, first)); }),
+              3);
+    EXPECT_GE(sweepMemory([](Stage& stage) { return stage.session.perform(SetLinePlot(stage.frame->id, 2, 4, 5)); }),
               4);
-    EXPECT_GE(sweep([](Stage& stage) { return stage.session.perform(AssignVariable(stage.frame->id, 'X', 4)); }), 4);
-    EXPECT_GE(sweep([](Stage& stage) {
+    EXPECT_GE(
+        sweepMemory([](Stage& stage) { return stage.session.perform(SetPlotType(stage.frame->id, PlotType_XYLine)); }),
+        4);
+    EXPECT_GE(sweepMemory([](Stage& stage) { return stage.session.perform(AssignVariable(stage.frame->id, 'X', 4)); }),
+              4);
+    EXPECT_GE(sweepMemory([](Stage& stage) {
                   return stage.session.perform(SetPlotOption(stage.frame->id, &Frame::showMesh, true));
               }),
               4);
 }
 
+TEST(WithoutMemory, LineMapsAreAlteredWhollyOrNotAtAll)
+{
+    NumberSet const first{1};
+    auto const rename = [&](Stage& stage) {
+        return stage.session.perform(ChangeLineMaps(stage.frame->id, first, [](LineMap& map) { map.name = longText; }));
+    };
+    EXPECT_GE(sweepMemory(rename), 4);
+}
+
+TEST(WithoutMemory, AValueIsSetWhollyOrNotAtAll)
+{
+    for (bool const branches : {false, true}) {
+        auto const set = [branches](Stage& stage) {
+            return stage.session.perform(SetValue(*stage.dataSet, 1, 4, 2, 42.0, branches));
+        };
+        EXPECT_GE(sweepMemory(set), 4);
+    }
+}
+
+TEST(WithoutMemory, AuxiliaryItemsComeAndGoWhollyOrNotAtAll)
+{
+    auto const set = [](Stage& stage) {
+        return stage.session.perform(SetAuxiliaryItem(AuxDataLocation_Zone, 1, longText, longText, true));
+    };
+    EXPECT_GE(sweepMemory(set), 4);
+    auto const remove = [](Stage& stage) {
+        return stage.session.perform(DeleteAuxiliaryItem(AuxDataLocation_Zone, 1, longText));
+    };
+    auto const describe = [](Stage& stage) { stage.dataSet->zone(1)->auxiliaryData.set(longText, longText, true); };
+    EXPECT_GE(sweepMemory(remove, describe), 3);
+}
+
+TEST(WithoutMemory, ValuesAndDimensionsAreLoadedWhollyOrNotAtAll)
+{
+    auto const defer = [](Stage& stage) {
+        auto const loader = std::make_shared<sample::Loader>(std::vector<double>{1, 2, 3, 4, 5, 6});
+        stage.dataSet->zone(1)->fields[0] = sample::Loader::field(loader);
+        stage.dataSet->zone(2)->fields[0] = sample::Loader::field(loader);
+    };
+    auto const load = [](Stage& stage) { return stage.session.perform(LoadVariables(*stage.dataSet, {1, 2}, {1, 4})); };
+    EXPECT_GE(sweepMemory(load, defer), 5);
+    auto const makeAvailable = [](Stage& stage) {
+        return stage.session.perform(MakeVariablesAvailable(*stage.dataSet, {1, 2}, {1, 4}));
+    };
+    EXPECT_GE(sweepMemory(makeAvailable, defer), 5);
+    auto const hideSize = [](Stage& stage) {
+        Zone& zone = *stage.dataSet->zone(1);
+        zone.dimensionsLoader = std::make_shared<sample::SizeLoader>(ZoneDimensions{3, 2, 1, {}});
+        zone.i = zone.j = zone.k = -1;
+    };
+    auto const loadSize = [](Stage& stage) { return stage.session.perform(LoadDimensions(*stage.dataSet, 1)); };
+    EXPECT_GE(sweepMemory(loadSize, hideSize), 2);
+}
+
 TEST(WithoutMemory, UndoAndRedoNeedNone)
 {
-    EXPECT_EQ(sweep([](Stage& stage) { return stage.session.undo(); }), 0);
-    EXPECT_EQ(sweep([](Stage& stage) { return stage.session.redo(); }), 0);
+    EXPECT_EQ(sweepMemory([](Stage& stage) { return stage.session.undo(); }), 0);
+    EXPECT_EQ(sweepMemory([](Stage& stage) { return stage.session.redo(); }), 0);
 }
 
 TEST(WithoutMemory, ADeletionIsUndoneAndRedone)

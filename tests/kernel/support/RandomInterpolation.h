@@ -4,10 +4,10 @@
 #include "tests/kernel/support/RandomZones.h"
 #include "tests/kernel/support/SessionFixture.h"
 #include "tests/kernel/support/SpatialData.h"
+#include "tests/support/Threads.h"
 
 #include <functional>
 #include <memory>
-#include <omp.h>
 #include <set>
 
 namespace veldraw::tests {
@@ -67,15 +67,13 @@ protected:
     /// What an operation makes of both variables in a zone; the same to the last bit with 1, 2 and 16 threads. It is undone again.
     Results resultsOf(MakeOperation const& make, int destination)
     {
-        int const usual = omp_get_max_threads();
         std::vector<Results> found;
         for (int const threads : {1, 2, 16}) {
-            omp_set_num_threads(threads);
+            Threads const some(threads);
             EXPECT_TRUE(session.perform(*make())) << session.lastError();
             found.push_back({sample::values(*dataSet, destination, 4), sample::values(*dataSet, destination, 5)});
             session.undo();
         }
-        omp_set_num_threads(usual);
         EXPECT_EQ(found[1], found[0]) << "with 2 threads";
         EXPECT_EQ(found[2], found[0]) << "with 16 threads";
         return found[0];

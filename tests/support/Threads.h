@@ -1,6 +1,7 @@
 #pragma once
 
-#include <omp.h>
+#include "kernel/base/Parallel.h"
+#include "kernel/base/ThreadPool.h"
 
 namespace veldraw::tests {
 
@@ -8,17 +9,17 @@ namespace veldraw::tests {
 class Threads
 {
 public:
-    explicit Threads(int count)
-        : m_usual(omp_get_max_threads())
+    explicit Threads(std::int64_t count)
+        : m_usual(kernel::threadCount())
     {
-        omp_set_num_threads(count);
+        kernel::setThreadCount(count);
     }
-    ~Threads() { omp_set_num_threads(m_usual); }
+    ~Threads() { kernel::setThreadCount(m_usual); }
     Threads(Threads const&) = delete;
     Threads& operator=(Threads const&) = delete;
 
 private:
-    int m_usual;
+    std::int64_t m_usual;
 };
 
 /// Runs work that divides itself for two threads on this one alone, piece by piece in the same order each time.
@@ -26,11 +27,8 @@ template <typename Work>
 void runDividedOnOneThread(Work const& work)
 {
     Threads const two(2);
-#pragma omp parallel num_threads(2)
-    {
-#pragma omp master
-        work(); // a loop within a loop on all threads starts no others
-    }
+    kernel::ThreadPool::Alone const alone;
+    work();
 }
 
 } // namespace veldraw::tests

@@ -1,4 +1,5 @@
-#include <QApplication>
+#include "tests/support/EventLoopWatchdog.h"
+
 #include <QLocale>
 #include <QString>
 
@@ -29,7 +30,8 @@ int main(int argc, char** argv)
     ::testing::InitGoogleTest(&argc, argv);
     std::setvbuf(stdout, nullptr, _IOLBF, 0);
     qInstallMessageHandler(failOnWarning);
-    QApplication application(argc, argv);
+    veldraw::tests::WatchedApplication application(argc, argv);
+    veldraw::tests::EventLoopWatchdog const watchdog;
     std::setlocale(LC_NUMERIC, "C");
     QLocale english(QLocale::English, QLocale::UnitedStates);
     english.setNumberOptions(QLocale::RejectGroupSeparator | QLocale::OmitGroupSeparator);

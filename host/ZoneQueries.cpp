@@ -52,6 +52,12 @@ Set getOrderedLinearZonesForFrame(long long frameID)
                              [](kernel::Zone const& zone) { return zone.isOrdered() && zone.dimensionality() == 1; });
 }
 
+bool isOrderedZone(int zone)
+{
+    auto const found = KernelAccess::zone(zone);
+    return found && found->isOrdered();
+}
+
 bool isOrderedVolumeZone(int zone)
 {
     auto const found = KernelAccess::zone(zone);

@@ -4,6 +4,7 @@
 #include "platform/styleproperties/StyleValue.h"
 #include "platform/vdsdkbase/VelUtilLineMap.h"
 #include "platform/vdsdkbase/VelUtilZone.h"
+#include "platform/vdsdkcommon/FrameQueries.h"
 
 #include <cstddef>
 #include <stdexcept>
@@ -33,6 +34,9 @@ SetValueReturnCode_e assign(char const* attribute, Set const& map, int number)
 bool addResultLineMap(int zone, int xVar, int yVar)
 {
     int const count = VelUtilLineMapGetCount();
+    // None is also the answer to a question that has failed, and would make another line map be altered.
+    if (count == 0 && lineMapCountOfActiveFrame() != 0)
+        return false;
     if (!VelUtilLineMapCreate())
         return false;
     Set const map(count + 1LL);

@@ -1,8 +1,8 @@
 #include "dialogs/models/LineMapListModel.h"
 
+#include "dialogs/property/CurrentFrame.h"
 #include "platform/vdsdkbase/StateChange.h"
-#include "platform/vdsdkbase/VelUtilFrame.h"
-#include "platform/vdsdkbase/VelUtilLineMap.h"
+#include "platform/vdsdkcommon/FrameQueries.h"
 #include "platform/vdsdkcommon/Names.h"
 #include "platform/vdsdkuicommon/StateChangePredicates.h"
 
@@ -33,8 +33,8 @@ LineMapListModel::LineMapListModel()
 
 void LineMapListModel::readAnew() const
 {
-    long long const frame = VelUtilFrameGetUniqueID();
-    int const count = frame == 0 ? 0 : VelUtilLineMapGetCount();
+    long long const frame = propertymanager::currentFrameID();
+    int const count = frame == 0 ? 0 : lineMapCountOfActiveFrame();
     NamedNumbers snapshot;
     for (int number = 1; number <= count; ++number) {
         snapshot.numbers.push_back(number);

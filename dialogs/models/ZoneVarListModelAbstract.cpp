@@ -1,6 +1,6 @@
 #include "dialogs/models/ZoneVarListModelAbstract.h"
 
-#include "platform/vdsdkbase/VelUtilFrame.h"
+#include "dialogs/property/CurrentFrame.h"
 #include "platform/vdsdkcommon/StateChangeEventObservable.h"
 #include "platform/vdsdkuicommon/StateChangePredicates.h"
 #include "platform/vdtoolbox/StateChangeEventInterface.h"
@@ -82,7 +82,7 @@ void ZoneVarListModelAbstract::stateChanged(toolbox::StateChangeEventInterface c
 
 void ZoneVarListModelAbstract::readAnew() const
 {
-    long long const frame = VelUtilFrameGetUniqueID();
+    long long const frame = propertymanager::currentFrameID();
     toolbox::Set::Members numbers = currentNumbers(frame);
     if (!m_namesMayDiffer && frame == m_frame && numbers == shown().numbers)
         return;
@@ -117,7 +117,7 @@ bool ZoneVarListModelAbstract::isRenamingOfShown(toolbox::StateChangeEventInterf
     bool const isRenaming = event.kind() == StateChange_ZonesRenamed
                                 ? event.hasZones()
                                 : event.kind() == StateChange_VariablesRenamed && event.hasVars();
-    return isRenaming && event.kind() == m_stateChange && VelUtilFrameGetUniqueID() == m_frame;
+    return isRenaming && event.kind() == m_stateChange && propertymanager::currentFrameID() == m_frame;
 }
 
 void ZoneVarListModelAbstract::readNames(toolbox::Set const& numbers) const

@@ -6,6 +6,12 @@
 
 namespace veldraw::sdk::ui::propertymanager {
 
+long long currentFrameID()
+{
+    long long const frame = VelUtilFrameGetUniqueID();
+    return frame != 0 ? frame : VelUtilFrameGetUniqueID();
+}
+
 bool hasCurrentFrame()
 {
     return VelUtilPageGetCount() > 0 && VelUtilFrameGetCount() > 0;

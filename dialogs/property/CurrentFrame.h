@@ -4,6 +4,10 @@
 
 namespace veldraw::sdk::ui::propertymanager {
 
+/// Unique identifier of the current frame, 0 when there is none. The kernel is asked once more when it gives none: a list that goes by a
+/// question that has failed would be empty until the next change.
+long long currentFrameID();
+
 /// There is a page with a frame, so that questions about the current frame make sense.
 bool hasCurrentFrame();
 

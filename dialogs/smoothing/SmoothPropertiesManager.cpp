@@ -36,6 +36,12 @@ using sdk::ui::propertymanager::StateChangeDependentRelevance;
 
 namespace {
 
+// Not ordered is also the answer to a question that has failed.
+bool isUnordered(int zone)
+{
+    return !VelUtilZoneIsOrdered(zone) && !sdk::isOrderedZone(zone);
+}
+
 /// The zone to smooth. A zone that is not ordered forces the fixed boundary when it is chosen.
 class SelectedZoneProperty : public PropertyAbstract<int>
 {
@@ -51,7 +57,7 @@ protected:
     void storeValue(int const& zone) override
     {
         m_zone = zone;
-        if (!VelUtilZoneIsOrdered(zone)) {
+        if (isUnordered(zone)) {
             m_savedBoundaryCondition = m_boundaryCondition->value();
             m_boundaryCondition->setValue(BoundaryCondition_Fixed);
         } else if (m_savedBoundaryCondition != nothingSaved) {
@@ -119,7 +125,7 @@ bool isSelectedZoneOrdered()
 // The zone may have become another one under the same number, without being chosen: nothing is saved.
 void forceFixedBoundaryForUnorderedZone()
 {
-    if (isSelectedZoneEnabled() && !VelUtilZoneIsOrdered(theSelectedZone->value()))
+    if (isSelectedZoneEnabled() && isUnordered(theSelectedZone->value()))
         theBoundaryCondition->setValue(BoundaryCondition_Fixed);
 }
 

@@ -21,6 +21,13 @@ std::optional<long long> valueOfLineMap(StyleValue const& assignments, char cons
     return isKnown ? std::optional(value) : std::nullopt;
 }
 
+// Asked once more when there is none: a list that goes by a question that has failed would be empty until the next change.
+int plotTypeOf(long long frameUniqueId)
+{
+    int const plotType = VelUtilFrameGetPlotTypeForFrame(frameUniqueId);
+    return plotType != 0 ? plotType : VelUtilFrameGetPlotTypeForFrame(frameUniqueId);
+}
+
 // What a line map cannot tell adds nothing.
 Set dependentVariables(long long frameUniqueId)
 {
@@ -40,7 +47,7 @@ Set dependentVariables(long long frameUniqueId)
 
 Set smoothVariablesForFrame(long long frameUniqueId)
 {
-    switch (VelUtilFrameGetPlotTypeForFrame(frameUniqueId)) {
+    switch (plotTypeOf(frameUniqueId)) {
     case PlotType_Cartesian3D:
     case PlotType_Cartesian2D:
         return sdk::getNonSpatialEnabledVarsForFrame(frameUniqueId);

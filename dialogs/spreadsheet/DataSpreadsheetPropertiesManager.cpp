@@ -5,11 +5,11 @@
 #include "dialogs/property/DataSetExistsRelevance.h"
 #include "dialogs/property/FormattingPrecisionValidator.h"
 #include "dialogs/spreadsheet/FEZoneVarTableModel.h"
+#include "dialogs/spreadsheet/FieldLocation.h"
 #include "dialogs/spreadsheet/IJKLineZoneVarTableModel.h"
 #include "dialogs/spreadsheet/OrderedZoneVarTableModel.h"
 #include "dialogs/spreadsheet/SpreadsheetRules.h"
 #include "dialogs/spreadsheet/SpreadsheetZone.h"
-#include "platform/vdsdkbase/VelUtilDataValue.h"
 #include "platform/vdsdkbase/VelUtilZone.h"
 #include "platform/vdsdkcommon/DataSetQueries.h"
 #include "platform/vdsdkuicommon/StateChangePredicates.h"
@@ -94,18 +94,16 @@ boost::shared_ptr<Property<long long>> indexOfPlane()
     }
 }
 
-// For a field that does not exist the kernel gives a number that is no location; the type can hold it.
 ValueLocation_e shownLocation(int zone, int variable, bool isMixed)
 {
-    return isMixed ? theValueLocation->value()
-                   : static_cast<ValueLocation_e>(VelUtilDataValueGetLocation(zone, variable));
+    return isMixed ? theValueLocation->value() : fieldLocation(zone, variable);
 }
 
 Set variablesAt(ValueLocation_e location, int zone, Set const& enabled)
 {
     Set variables;
     for (int const variable : enabled.members()) {
-        if (VelUtilDataValueGetLocation(zone, variable) == location)
+        if (fieldLocation(zone, variable) == location)
             variables.add(variable);
     }
     return variables;

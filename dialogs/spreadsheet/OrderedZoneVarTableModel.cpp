@@ -1,14 +1,13 @@
 #include "dialogs/spreadsheet/OrderedZoneVarTableModel.h"
 
-#include "platform/vdsdkbase/VelUtilDataValue.h"
+#include "dialogs/spreadsheet/FieldLocation.h"
 #include "platform/vdsdkcommon/DataSetQueries.h"
 
 namespace veldraw::sdk::ui::dialogs::propertybindings::models {
 
 OrderedZoneVarTableModel::OrderedZoneVarTableModel(int zone, int variable, IJKPlanes_e plane, long long planeIndex,
                                                    bool alterInAllSharedZones)
-    : ZoneVarTableModelAbstract(zone, toolbox::Set(variable), alterInAllSharedZones,
-                                static_cast<ValueLocation_e>(VelUtilDataValueGetLocation(zone, variable)))
+    : ZoneVarTableModelAbstract(zone, toolbox::Set(variable), alterInAllSharedZones, fieldLocation(zone, variable))
     , m_plane(plane)
     , m_planeIndex(planeIndex)
 {

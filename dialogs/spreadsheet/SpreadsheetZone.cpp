@@ -1,5 +1,6 @@
 #include "dialogs/spreadsheet/SpreadsheetZone.h"
 
+#include "dialogs/spreadsheet/FieldLocation.h"
 #include "platform/vdsdkbase/VelUtilDataValue.h"
 #include "platform/vdsdkbase/VelUtilZone.h"
 #include "platform/vdsdkcommon/DataSetQueries.h"
@@ -7,6 +8,8 @@
 #include <algorithm>
 
 namespace veldraw::sdk::ui::propertymanager {
+
+using dialogs::propertybindings::models::knownFieldLocation;
 
 bool isLineOrFiniteElement(int zone)
 {
@@ -18,10 +21,9 @@ bool hasMixedValueLocations(int zone, toolbox::Set const& variables)
     Set::Members const numbers = variables.members();
     if (numbers.empty())
         return false;
-    int const reference = VelUtilDataValueGetLocation(zone, numbers.front());
-    return std::any_of(numbers.begin() + 1, numbers.end(), [zone, reference](int variable) {
-        return VelUtilDataValueGetLocation(zone, variable) != reference;
-    });
+    auto const reference = knownFieldLocation(zone, numbers.front());
+    return std::any_of(numbers.begin() + 1, numbers.end(),
+                       [zone, reference](int variable) { return knownFieldLocation(zone, variable) != reference; });
 }
 
 bool sharesValues(int zone)
@@ -90,10 +92,10 @@ bool planeLimits(int zone, int variable, PlaneLimits& limits)
     long long j = 0;
     long long k = 0;
     VelUtilZoneGetIJK(zone, &i, &j, &k);
-    int const location = VelUtilDataValueGetLocation(zone, variable);
-    if (location != ValueLocation_Nodal && location != ValueLocation_CellCentered)
+    auto const location = knownFieldLocation(zone, variable);
+    if (!location)
         return false;
-    long long const reduction = location == ValueLocation_CellCentered ? 1 : 0;
+    long long const reduction = *location == ValueLocation_CellCentered ? 1 : 0;
     limits = {i - reduction, j - reduction, k - reduction};
     return true;
 }

@@ -1,6 +1,6 @@
 #include "dialogs/spreadsheet/ZoneAbleToShowAllVarsTableModelAbstract.h"
 
-#include "platform/vdsdkbase/VelUtilDataValue.h"
+#include "dialogs/spreadsheet/FieldLocation.h"
 #include "platform/vdsdkcommon/DataSetQueries.h"
 
 namespace veldraw::sdk::ui::dialogs::propertybindings::models {
@@ -12,7 +12,7 @@ ZoneAbleToShowAllVarsTableModelAbstract::ZoneAbleToShowAllVarsTableModelAbstract
     : ZoneVarTableModelAbstract(zone, variables, alterInAllSharedZones, location)
 {
     for (int const variable : getEnabledVars().members()) {
-        if (VelUtilDataValueGetLocation(zone, variable) == location)
+        if (fieldLocation(zone, variable) == location)
             m_columnVariables.push_back(variable);
     }
 }

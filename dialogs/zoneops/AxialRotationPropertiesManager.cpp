@@ -15,6 +15,8 @@
 #include "platform/vdsdkbase/VelUtilVar.h"
 #include "platform/vdsdkcommon/ActionReporter.h"
 #include "platform/vdsdkcommon/AppLock.h"
+#include "platform/vdsdkcommon/DataSetQueries.h"
+#include "platform/vdsdkcommon/FrameQueries.h"
 #include "platform/vdsdkuicommon/StateChangePredicates.h"
 
 #include <boost/make_shared.hpp>
@@ -86,12 +88,33 @@ void requireUsableVector(std::string const& title, int const xyz[3], int const u
         throw ExceptionBase(title + " requires that if W is given then Z must be also.");
 }
 
+// Zero is also the answer to a question that has failed.
+void requireAnswer(std::string const& title, bool isZero, bool isZeroIndeed)
+{
+    if (isZero && !isZeroIndeed)
+        throw ExceptionBase(title + " could not find out what the frame shows.");
+}
+
+int plotTypeOfFrame(std::string const& title)
+{
+    int const plotType = VelUtilFrameGetPlotType();
+    requireAnswer(title, plotType == 0, sdk::plotTypeOfActiveFrame() == 0);
+    return plotType;
+}
+
+int assignedVariable(std::string const& title, char assignment)
+{
+    int const variable = VelUtilVarGetNumByAssignment(assignment);
+    requireAnswer(title, variable == 0, sdk::variableAssignedInActiveFrame(assignment) == 0);
+    return variable;
+}
+
 // The position itself counts as no vector: it is turned anyway.
 bool readVector(std::string const& title, int const xyz[3], bool is3D, int uvw[3])
 {
-    uvw[0] = VelUtilVarGetNumByAssignment('U');
-    uvw[1] = VelUtilVarGetNumByAssignment('V');
-    uvw[2] = is3D ? VelUtilVarGetNumByAssignment('W') : 0;
+    uvw[0] = assignedVariable(title, 'U');
+    uvw[1] = assignedVariable(title, 'V');
+    uvw[2] = is3D ? assignedVariable(title, 'W') : 0;
     if (uvw[0] == 0 || uvw[1] == 0 || std::equal(uvw, uvw + 3, xyz))
         return false;
     requireUsableVector(title, xyz, uvw);
@@ -180,6 +203,8 @@ Set AxialRotationPropertiesManager::getZonesToProcess() const
     for (int const fieldMap : m_selectedZones->value()) {
         Set_s* zonesOfMap = nullptr;
         VelUtilFieldMapGetZones(fieldMap, &zonesOfMap);
+        if (!zonesOfMap && sdk::getActiveFieldMaps().isMember(fieldMap))
+            throw ExceptionBase("The zones of a strand could not be found out.");
         zones.add(Set::Take(zonesOfMap));
     }
     return zones;
@@ -198,7 +223,7 @@ void AxialRotationPropertiesManager::getRotationInputs(std::string const& title,
                                                        bool& hasVector, double origin[3], double axis[3]) const
 {
     requireZones(title);
-    is3D = VelUtilFrameGetPlotType() == PlotType_Cartesian3D;
+    is3D = plotTypeOfFrame(title) == PlotType_Cartesian3D;
     VelUtilAxisGetVarAssignments(&xyz[0], &xyz[1], &xyz[2]);
     if (!is3D)
         xyz[2] = 0;

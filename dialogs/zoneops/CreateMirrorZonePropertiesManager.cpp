@@ -6,6 +6,7 @@
 #include "platform/vdsdkcommon/ActionReporter.h"
 #include "platform/vdsdkcommon/AppLock.h"
 #include "platform/vdsdkcommon/DataSetQueries.h"
+#include "platform/vdsdkcommon/FrameQueries.h"
 #include "platform/vdsdkcommon/WaitState.h"
 #include "platform/vdtoolbox/Set.h"
 
@@ -19,9 +20,9 @@ namespace {
 boost::shared_ptr<Property<char>> const mirrorVarIn2D = boost::make_shared<Property<char>>('Y');
 boost::shared_ptr<Property<char>> const mirrorVarIn3D = boost::make_shared<Property<char>>('Z');
 
-char mirrorVarOfCurrentFrame()
+char mirrorVarOf(int plotType)
 {
-    switch (VelUtilFrameGetPlotType()) {
+    switch (plotType) {
     case PlotType_Cartesian3D:
         return mirrorVarIn3D->value();
     case PlotType_Cartesian2D:
@@ -29,6 +30,12 @@ char mirrorVarOfCurrentFrame()
     default:
         return 'X';
     }
+}
+
+// No plot type is also the answer to a question that has failed.
+bool isAnswered(int plotType)
+{
+    return plotType != 0 || plotTypeOfActiveFrame() == 0;
 }
 
 } // namespace
@@ -82,11 +89,14 @@ void CreateMirrorZonePropertiesManager::createMirrorZones()
         return;
     }
     WaitState const busy;
-    char const mirrorVar = mirrorVarOfCurrentFrame();
+    int const plotType = VelUtilFrameGetPlotType();
+    char const mirrorVar = mirrorVarOf(plotType);
     toolbox::Set const zones(m_sourceZones->value());
     // The failure text is that of duplicating zones, on purpose.
     velUtilActionReporter(
-        [&zones, mirrorVar] { return static_cast<char>(VelUtilCreateMirrorZones(zones.getRef(), mirrorVar)); },
+        [&zones, plotType, mirrorVar] {
+            return static_cast<char>(isAnswered(plotType) && VelUtilCreateMirrorZones(zones.getRef(), mirrorVar));
+        },
         "Error duplicating zone(s)", "Mirror zone creation successful.");
 }
 

@@ -62,6 +62,9 @@ VELDRAW_PLATFORM_API bool isOkToInterpolate();
 /// Whether a zone of the active data set is ordered with all three dimensions above 1.
 VELDRAW_PLATFORM_API bool isOrderedVolumeZone(int zone);
 
+/// Whether a zone of the active data set is ordered. Answered by the application itself: see FrameQueries.h.
+VELDRAW_PLATFORM_API bool isOrderedZone(int zone);
+
 /// Which dimensions of a zone of the active data set are above 1; ZoneOrder_I when none is, and for no such zone.
 VELDRAW_PLATFORM_API ZoneOrder_e getZoneOrder(int zone);
 

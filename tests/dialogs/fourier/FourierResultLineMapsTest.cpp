@@ -121,6 +121,16 @@ TEST_F(FourierResultLineMapsTest, EndWithTheFirstStepThatFailsAndLeaveWhatIsMade
     }
 }
 
+TEST_F(FourierResultLineMapsTest, LeaveOtherMapsAloneWhenTheirNumberCannotBeHad)
+{
+    EXPECT_TRUE(add({1}, {1, 2, 3}));
+    auto const before = maps();
+    spy.reset();
+    spy.failNext("VelUtilLineMapGetCount");
+    EXPECT_FALSE(add({2}, {4, 5, 6}));
+    EXPECT_EQ(maps(), before);
+}
+
 TEST_F(FourierResultLineMapsTest, EndWithEachAssignmentThatFails)
 {
     for (int const n : {1, 2, 3}) {

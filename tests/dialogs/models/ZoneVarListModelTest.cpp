@@ -1,8 +1,10 @@
 #include "dialogs/models/EnabledVariablesListModel.h"
+#include "dialogs/models/LineMapListModel.h"
 #include "dialogs/models/QListModel.h"
 #include "dialogs/models/ZoneListModel.h"
 #include "kernel/operations/DeleteVariables.h"
 #include "kernel/operations/EnableZone.h"
+#include "kernel/operations/LineMapOperation.h"
 #include "kernel/operations/RenameZone.h"
 #include "platform/vdsdkcommon/DataSetQueries.h"
 #include "platform/vdsdkcommon/StateChangeEventObservable.h"
@@ -11,6 +13,7 @@
 #include "tests/dialogs/models/Rows.h"
 #include "tests/dialogs/models/SampleSession.h"
 #include "tests/dialogs/support/FakeStateChange.h"
+#include "tests/support/KernelSpy.h"
 
 #include <QAbstractItemModelTester>
 
@@ -76,6 +79,26 @@ TEST_F(ZoneVarListModelTest, LeavesDisabledOnesOut)
     ASSERT_TRUE(session.undo());
     EXPECT_EQ(rows(variables), "1=1: X | 2=2: Y | 3=3: P | 4=4: T");
     EXPECT_EQ(variableLog.take(), "data");
+}
+
+// A list that is empty by mistake would stay so until the next change.
+TEST_F(ZoneVarListModelTest, IsRightAlsoWhenTheQuestionForTheFrameFails)
+{
+    KernelSpy spy;
+    spy.failNext("VelUtilFrameGetUniqueID");
+    ZoneListModel const zones(getEnabledZonesForFrame, false);
+    LineMapListModel const lineMaps;
+    std::string const maps = rows(lineMaps);
+    EXPECT_EQ(rows(zones), "1=1: Wing | 2=2: Body | 3=3: Tail");
+    spy.failNext("VelUtilFrameGetUniqueID");
+    ASSERT_TRUE(session.perform(kernel::EnableZone(dataSet, 2, false)));
+    EXPECT_EQ(rows(zones), "1=1: Wing | 3=3: Tail");
+    spy.failNext("VelUtilFrameGetUniqueID");
+    spy.failNext("VelUtilLineMapGetCount");
+    ASSERT_TRUE(session.perform(kernel::CreateLineMap(sample.frame()->id)));
+    sdk::ui::common::IdleDispatcher::flush();
+    EXPECT_GT(rows(lineMaps).size(), maps.size());
+    EXPECT_EQ(rows(zones), "1=1: Wing | 3=3: Tail");
 }
 
 TEST_F(ZoneVarListModelTest, FollowsADeletionAndItsUndo)

@@ -1,6 +1,7 @@
 #include "platform/vdsdkcommon/StateChangeEventObservable.h"
 #include "tests/dialogs/smoothing/SmoothFixture.h"
 #include "tests/dialogs/support/ActionUnderSpy.h"
+#include "tests/dialogs/support/FakeStateChange.h"
 #include "tests/dialogs/support/RecordedGuards.h"
 #include "tests/support/StyleSession.h"
 
@@ -140,6 +141,22 @@ TEST_F(SmoothKernelTest, AsksWhetherTheZoneIsOrderedInOrderAndNoFurtherThanNeede
     EXPECT_THAT(asked("VelUtilZoneIsEnabled"), ElementsAre("VelUtilDataSetIsAvailable()", "VelUtilZoneIsEnabled(1)"));
     EXPECT_THAT(asked("VelUtilZoneIsOrdered"),
                 ElementsAre("VelUtilDataSetIsAvailable()", "VelUtilZoneIsEnabled(1)", "VelUtilZoneIsOrdered(1)"));
+}
+
+TEST_F(SmoothKernelTest, KeepsTheBoundaryOfAnOrderedZoneWhenAskingForItsOrderFails)
+{
+    selectBump();
+    choose(boundary, 2);
+    int const ordered = SmoothPropertiesManager::selectedZone()->value();
+    SmoothPropertiesManager::selectedZone()->setValue(ordered + 1);
+    SmoothPropertiesManager::boundaryCondition()->setValue(BoundaryCondition_SecondOrder);
+    spy.reset();
+    spy.failNext("VelUtilZoneIsOrdered");
+    SmoothPropertiesManager::selectedZone()->setValue(ordered);
+    EXPECT_EQ(SmoothPropertiesManager::boundaryCondition()->value(), BoundaryCondition_SecondOrder);
+    spy.failNext("VelUtilZoneIsOrdered");
+    FakeStateChange(StateChange_ValuesAltered).send();
+    EXPECT_EQ(SmoothPropertiesManager::boundaryCondition()->value(), BoundaryCondition_SecondOrder);
 }
 
 TEST_F(SmoothKernelTest, ChangesNoSettingOfTheKernel)

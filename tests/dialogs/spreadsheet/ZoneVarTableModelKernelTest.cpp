@@ -332,6 +332,26 @@ TEST_F(ZoneVarTableModelKernelTest, RefusesAZoneWithoutDimensionsAndDoesNotListe
     EXPECT_NO_THROW(lineTable(first));
 }
 
+TEST_F(ZoneVarTableModelKernelTest, AsksOnceMoreForALocationAndRefusesWithoutOne)
+{
+    int const before = eventListeners();
+    OrderedZoneVarTableModel const expected(first, 1, IJKPlanes_K, 1, false);
+    spy.failNext("VelUtilDataValueGetLocation");
+    OrderedZoneVarTableModel const table(first, 1, IJKPlanes_K, 1, false);
+    EXPECT_EQ(table.rowCount(), expected.rowCount());
+    EXPECT_EQ(table.columnCount(), expected.columnCount());
+    auto const columns = lineTable(first)->columnCount();
+    spy.failNext("VelUtilDataValueGetLocation", 2);
+    EXPECT_EQ(lineTable(first)->columnCount(), columns) << "no column is lost";
+    spy.failNext("VelUtilDataValueGetLocation", 1);
+    spy.failNext("VelUtilDataValueGetLocation", 2);
+    EXPECT_THROW(OrderedZoneVarTableModel(first, 1, IJKPlanes_K, 1, false), IOException);
+    spy.failNext("VelUtilDataValueGetLocation", 1);
+    spy.failNext("VelUtilDataValueGetLocation", 2);
+    EXPECT_THROW(lineTable(first), IOException);
+    EXPECT_EQ(eventListeners(), before + 2) << "those of the two tables";
+}
+
 TEST_F(ZoneVarTableModelKernelTest, ToldThatTheUserStoppedTheLoadingOfDimensionsSaysSoWithoutAText)
 {
     int const before = eventListeners();

@@ -197,11 +197,46 @@ TEST_F(AxialRotationKernelTest, StaysWholeAndReleasesItsGuardsWhicheverKernelCal
         bool const isDone = sample.session().history().undoName() != before;
         EXPECT_EQ(messages.take().empty(), isDone) << when;
         EXPECT_EQ(values(2, 1).front() != 1.0, isDone) << when;
+        EXPECT_EQ(values(2, 4).front() != 4.0, isDone) << when << ", the vector";
         expectNothingHeld();
         spy.reset();
         if (!isDone)
             clickAction();
         EXPECT_THAT(messages.take(), IsEmpty()) << when << ", then nothing";
+    }
+}
+
+TEST_F(AxialRotationKernelTest, TakesNoFailedQuestionForAnAnswer)
+{
+    clickRow(1);
+    std::string const shows = "error: Axial Rotation could not find out what the frame shows.";
+    for (int const n : {1, 2, 3}) {
+        spy.reset();
+        spy.failNext("VelUtilVarGetNumByAssignment", n);
+        clickAction();
+        EXPECT_THAT(messages.take(), ElementsAre(shows)) << n;
+        EXPECT_EQ(spy.count("VelUtilDataRotate"), 0) << n;
+    }
+    spy.reset();
+    spy.failNext("VelUtilFrameGetPlotType");
+    clickAction();
+    EXPECT_THAT(messages.take(), ElementsAre(shows));
+    EXPECT_EQ(spy.count("VelUtilDataRotate"), 0);
+}
+
+TEST_F(AxialRotationKernelTest, TurnsAllOfTheChosenStrandsOrNone)
+{
+    makeStrand();
+    clickMark("selectByStrand");
+    clickRow(0);
+    clickRow(1, Qt::ControlModifier);
+    for (int const n : {1, 2, 3, 4}) {
+        spy.reset();
+        spy.failNext("VelUtilFieldMapGetZones", n);
+        clickAction();
+        EXPECT_THAT(messages.take(), ElementsAre("error: The zones of a strand could not be found out.")) << n;
+        EXPECT_EQ(spy.count("VelUtilDataRotate"), 0) << n;
+        expectNothingHeld();
     }
 }
 

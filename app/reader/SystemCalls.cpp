@@ -47,6 +47,8 @@ std::vector<int> allowedSystemCalls()
                   // memory
                   __NR_brk, __NR_mmap, __NR_munmap, __NR_mremap, __NR_mprotect, __NR_madvise, __NR_memfd_create,
                   __NR_ftruncate,
+                  // by which the sanitizers find out whether there is memory at an address
+                  __NR_pipe2,
                   // what is said to the parent
                   __NR_sendmsg, __NR_recvmsg, __NR_ppoll,
                   // the process itself

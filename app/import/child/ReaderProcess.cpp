@@ -126,7 +126,9 @@ void ReaderProcess::allow(ReaderLimits const& limits)
         m_startingBytes = bytesOfAddresses(m_process);
     m_seconds += limits.seconds;
     setLimit(m_process, RLIMIT_CPU, m_seconds);
+#if !defined(__SANITIZE_ADDRESS__) // which takes addresses as it likes
     setLimit(m_process, RLIMIT_AS, m_startingBytes + limits.bytes);
+#endif
     // Shared memory counts as files; the process can write to no others.
     setLimit(m_process, RLIMIT_FSIZE, limits.bytes);
 }

@@ -11,7 +11,7 @@ char velUtilActionReporter(std::function<char()> const& action, std::string cons
     host::KernelReason const reason;
     char const result = action();
     if (!result)
-        reason.tellFailure(failureMessage);
+        reason.tellFailure(failureMessage.c_str());
     if (result && !successMessage.empty())
         VelUtilDialogMessageBox(successMessage.c_str(), MessageBoxType_Information);
     return result;

@@ -6,7 +6,7 @@
 #include "kernel/session/Session.h"
 #include "platform/vdsdkcommon/DataSetQueries.h"
 
-#include <algorithm>
+#include <vector>
 
 namespace veldraw::host {
 
@@ -27,64 +27,7 @@ Set setOf(NumberSet numbers)
     return Set::Take(new Set_s{std::move(numbers)}); // not a copy: there may be very many
 }
 
-/// What the range of a variable stands on in many zones, which lie scattered in memory: each step of the way to it is asked for ahead, so that
-/// the steps of several zones wait for memory at the same time.
-class RangesAhead
-{
-public:
-    RangesAhead(kernel::DataSet const& dataSet, toolbox::Set::Members const& zones, int variable)
-        : m_dataSet(dataSet)
-        , m_zones(zones)
-        , m_field(static_cast<std::size_t>(variable - 1))
-    {
-    }
-
-    void prepareFor(std::size_t place) const
-    {
-        constexpr std::size_t step = 8;
-        if (kernel::Zone const* const zone = zoneAt(place + 3 * step)) {
-            __builtin_prefetch(&zone->type);
-            __builtin_prefetch(&zone->blanking);
-            __builtin_prefetch(&zone->fields);
-        }
-        kernel::Field const* field = fieldAt(place + 2 * step);
-        if (field)
-            __builtin_prefetch(field);
-        field = fieldAt(place + step);
-        if (field && !field->isPassive()) {
-            kernel::KnownRange const* const range = &field->group()->knownRange();
-            __builtin_prefetch(range);
-            __builtin_prefetch(reinterpret_cast<char const*>(range + 1) - 1);
-        }
-    }
-
-private:
-    kernel::Zone const* zoneAt(std::size_t place) const
-    {
-        return place < m_zones.size() ? m_dataSet.zones()[static_cast<std::size_t>(m_zones[place] - 1)].get() : nullptr;
-    }
-    kernel::Field const* fieldAt(std::size_t place) const
-    {
-        kernel::Zone const* const zone = zoneAt(place);
-        return zone && m_field < zone->fields.size() ? &zone->fields[m_field] : nullptr;
-    }
-
-    kernel::DataSet const& m_dataSet;
-    toolbox::Set::Members const& m_zones;
-    std::size_t const m_field;
-};
-
 } // namespace
-
-void JoinedRange::add(kernel::ValueRange const& ofZone)
-{
-    if (!ofZone.isValid())
-        return;
-    isEstimated = isEstimated || ofZone.state == kernel::ValueRange::State::Estimated;
-    range.min = range.isValid() ? std::min(range.min, ofZone.min) : ofZone.min;
-    range.max = range.isValid() ? std::max(range.max, ofZone.max) : ofZone.max;
-    range.state = ofZone.state;
-}
 
 ActiveZones& ActiveZones::now()
 {
@@ -118,7 +61,7 @@ Set const& ActiveZones::lineMapZones()
 void ActiveZones::findLineMaps()
 {
     NumberSet maps;
-    NumberSet zones;
+    std::vector<int> zones; // in no order
     if (auto const frame = frameWithData()) {
         ZoneNumbers const numbers(*frame->dataSet, frame->lineMaps.size());
         for (std::size_t n = 0; n < frame->lineMaps.size(); ++n) {
@@ -126,12 +69,12 @@ void ActiveZones::findLineMaps()
             int const zone = lineMap.active ? numbers.enabledZoneOf(lineMap) : 0;
             if (zone == 0)
                 continue;
-            maps.insert(maps.end(), static_cast<int>(n) + 1);
-            zones.insert(zone);
+            maps.insert(static_cast<int>(n) + 1);
+            zones.push_back(zone);
         }
     }
     m_lineMaps = setOf(std::move(maps));
-    m_lineMapZones = setOf(std::move(zones));
+    m_lineMapZones = setOf(NumberSet(zones.begin(), zones.end()));
 }
 
 Set const& ActiveZones::fieldMaps()
@@ -152,26 +95,37 @@ Set const& ActiveZones::zones()
         else if (sdk::isValidLinePlotType(frame->plotType))
             m_zones = lineMapZones();
         else
-            m_zones = KernelAccess::isFieldPlotType(frame->plotType) ? setOf(frame->dataSet->enabledZones()) : Set();
+            m_zones = KernelAccess::isFieldPlotType(frame->plotType) ? enabledZones() : Set();
     }
     return *m_zones;
 }
 
-JoinedRange const& ActiveZones::range(int variable)
+Set const& ActiveZones::enabledZones()
+{
+    if (!m_enabledZones) {
+        auto const frame = frameWithData();
+        m_enabledZones = frame ? setOf(frame->dataSet->enabledZones()) : Set();
+    }
+    return *m_enabledZones;
+}
+
+kernel::JoinedRange ActiveZones::range(int variable)
+{
+    auto const frame = frameWithData();
+    if (!frame)
+        return {};
+    return zones() == enabledZones() ? frame->dataSet->ranges().of(variable) : rangeOfSome(variable);
+}
+
+kernel::JoinedRange const& ActiveZones::rangeOfSome(int variable)
 {
     auto const known = m_ranges.find(variable);
     if (known != m_ranges.end())
         return known->second;
-    JoinedRange joined;
+    kernel::JoinedRange joined;
     if (auto const frame = frameWithData()) {
-        if (!m_zoneNumbers)
-            m_zoneNumbers = zones().members();
-        Set::Members const& active = *m_zoneNumbers;
-        RangesAhead const ahead(*frame->dataSet, active, variable);
-        for (std::size_t place = 0; place < active.size(); ++place) {
-            ahead.prepareFor(place);
-            joined.add(frame->dataSet->zones()[static_cast<std::size_t>(active[place] - 1)]->range(variable));
-        }
+        for (int const zone : zones().members())
+            joined.add(*frame->dataSet->zones()[static_cast<std::size_t>(zone - 1)], variable);
     }
     return m_ranges.emplace(variable, joined).first->second;
 }

@@ -2,7 +2,6 @@
 
 #include "kernel/base/Identifier.h"
 #include "kernel/data/DataSet.h"
-#include "kernel/storage/ValueRange.h"
 #include "platform/vdtoolbox/Set.h"
 
 #include <cstdint>
@@ -11,15 +10,6 @@
 #include <optional>
 
 namespace veldraw::host {
-
-/// Ranges of several zones as one.
-struct JoinedRange
-{
-    kernel::ValueRange range; ///< Unknown when no zone knows its own
-    bool isEstimated = false; ///< of some zone the range is an estimate
-
-    void add(kernel::ValueRange const& ofZone);
-};
 
 /// What the active frame draws. With very many zones each of these answers is a walk through all of them, so it is kept until the kernel
 /// tells of a change.
@@ -33,9 +23,10 @@ public:
     toolbox::Set const& lineMapZones(); ///< of these line maps
     toolbox::Set const& fieldMaps();    ///< with an enabled zone
     toolbox::Set const& zones();        ///< those of the frame's plot type
+    toolbox::Set const& enabledZones(); ///< of the frame's data set
 
     /// Of a variable over zones(). Never loads.
-    JoinedRange const& range(int variable);
+    kernel::JoinedRange range(int variable);
 
 private:
     struct Moment
@@ -46,14 +37,15 @@ private:
     };
 
     void findLineMaps();
+    kernel::JoinedRange const& rangeOfSome(int variable);
 
     Moment m_moment;
     std::optional<toolbox::Set> m_lineMaps;
     std::optional<toolbox::Set> m_lineMapZones;
     std::optional<toolbox::Set> m_fieldMaps;
     std::optional<toolbox::Set> m_zones;
-    std::optional<toolbox::Set::Members> m_zoneNumbers; // of zones(), to be walked through for each variable
-    std::map<int, JoinedRange> m_ranges;
+    std::optional<toolbox::Set> m_enabledZones;
+    std::map<int, kernel::JoinedRange> m_ranges; // of zones() that are not all
 };
 
 } // namespace veldraw::host

@@ -6,6 +6,7 @@
 #include "platform/vdsdkbase/VelUtilDialog.h"
 
 #include <new>
+#include <optional>
 #include <utility>
 
 namespace veldraw::host {
@@ -28,13 +29,18 @@ KernelReason::~KernelReason()
         session.setLastError(std::move(m_outer));
 }
 
-void KernelReason::tellFailure(std::string const& message) const
+void KernelReason::tellFailure(char const* message) const noexcept
 {
-    std::string const reason = kernel::Session::instance().lastError();
-    MessageLog::instance().addUnlessJustSaid(MessageBoxType_Error, reason);
-    MessagePresenter::Details const details(reason);
-    if (!message.empty())
-        VelUtilDialogErrMsg(message.c_str());
+    std::optional<MessagePresenter::Details> details;
+    try {
+        std::string const reason = kernel::Session::instance().lastError();
+        MessageLog::instance().addUnlessJustSaid(MessageBoxType_Error, reason);
+        details.emplace(reason);
+    } catch (std::bad_alloc const&) {
+        // The message is told without a reason; what failed is most likely told for lack of memory.
+    }
+    if (*message != '\0')
+        VelUtilDialogErrMsg(message);
 }
 
 } // namespace veldraw::host

@@ -20,7 +20,7 @@ public:
 
     /// Tells a failure as an error; the reason, if there is one, goes to the message log and under "Show Details".
     /// @param message UTF-8; an empty one shows nothing
-    void tellFailure(std::string const& message) const;
+    void tellFailure(char const* message) const noexcept;
 
 private:
     std::string m_outer;

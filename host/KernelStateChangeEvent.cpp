@@ -41,12 +41,12 @@ bool KernelStateChangeEvent::hasVars() const
 
 toolbox::Set KernelStateChangeEvent::vars() const
 {
-    return toolbox::Set(m_event.variables);
+    return toolbox::Set::Take(new Set_s{m_event.variables});
 }
 
 toolbox::Set KernelStateChangeEvent::zones() const
 {
-    return toolbox::Set(m_event.zones);
+    return toolbox::Set::Take(new Set_s{m_event.zones});
 }
 
 } // namespace veldraw::host

@@ -17,7 +17,7 @@ Set getEnabledLineMapsForFrame(long long frameID)
         host::ZoneNumbers const numbers(*frame->dataSet, frame->lineMaps.size());
         for (std::size_t n = 0; n < frame->lineMaps.size(); ++n) {
             if (numbers.enabledZoneOf(frame->lineMaps[n]) != 0)
-                maps.insert(maps.end(), static_cast<int>(n) + 1);
+                maps.insert(static_cast<int>(n) + 1);
         }
     }
     return Set::Take(new Set_s{std::move(maps)});

@@ -11,23 +11,19 @@ using kernel::ValueRange;
 
 namespace {
 
-ValueRange rangeOf(int var, int zone)
-{
-    auto const dataSet = kernel::Session::instance().activeDataSet();
-    auto const found = dataSet ? dataSet->zone(zone) : nullptr;
-    return found ? found->range(var) : ValueRange();
-}
-
 // The question for all active zones is asked again and again.
 ValueRange rangeOver(int var, Set const& zones)
 {
     constexpr long long few = 16;
     if (zones.size() > few && zones == ActiveZones::now().zones())
-        return ActiveZones::now().range(var).range;
-    host::JoinedRange joined;
-    for (int const zone : zones.members())
-        joined.add(rangeOf(var, zone));
-    return joined.range;
+        return ActiveZones::now().range(var).range();
+    auto const dataSet = kernel::Session::instance().activeDataSet();
+    kernel::JoinedRange joined;
+    for (int const number : zones.members()) {
+        if (auto const zone = dataSet ? dataSet->zone(number) : nullptr)
+            joined.add(*zone, var);
+    }
+    return joined.range();
 }
 
 // A loader that fails leaves the range unknown.
@@ -37,7 +33,7 @@ void loadWhereUnknown(int var, Set const& zones)
     kernel::NumberSet unknown;
     for (int zone : zones.members()) {
         kernel::Field const* const field = dataSet ? dataSet->field(zone, var) : nullptr;
-        if (field && !field->isLoaded() && !rangeOf(var, zone).isValid())
+        if (field && !field->isLoaded() && !dataSet->zone(zone)->range(var).isValid())
             unknown.insert(zone);
     }
     if (!unknown.empty() && !kernel::Session::instance().perform(kernel::LoadVariables(*dataSet, unknown, {var})))
@@ -48,7 +44,7 @@ void loadWhereUnknown(int var, Set const& zones)
 
 bool isVarRangeEstimatedForAnyActiveZones(int var)
 {
-    return ActiveZones::now().range(var).isEstimated;
+    return ActiveZones::now().range(var).isEstimated();
 }
 
 bool getVarMinMaxForZone(int var, int zone, bool loadIfNeeded, double& min, double& max)

@@ -32,7 +32,7 @@ Set::Set(std::set<int> const& members)
 {
     for (int member : members) {
         if (isNumber(member))
-            m_handle->members.insert(m_handle->members.end(), member);
+            m_handle->members.insert(member);
     }
 }
 
@@ -122,7 +122,7 @@ bool Set::operator==(Set const& other) const
 
 Set::Members Set::members() const
 {
-    return kernel::toVector(m_handle->members);
+    return toVector(m_handle->members);
 }
 
 } // namespace veldraw::toolbox

@@ -1,9 +1,11 @@
+#include "host/ActiveZones.h"
 #include "host/KernelAccess.h"
 #include "kernel/session/Session.h"
 #include "platform/vdsdkcommon/DataSetQueries.h"
 
 namespace veldraw::sdk {
 
+using host::ActiveZones;
 using host::KernelAccess;
 
 namespace {
@@ -32,6 +34,8 @@ Set getEnabledZones()
 
 Set getEnabledZonesForFrame(long long frameID)
 {
+    if (frameID == KernelAccess::activeFrameID())
+        return ActiveZones::now().enabledZones();
     auto const dataSet = KernelAccess::dataSetOf(frameID);
     return dataSet ? Set::Take(new Set_s{dataSet->enabledZones()}) : Set(); // not a copy: there may be very many
 }

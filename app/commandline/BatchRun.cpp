@@ -5,6 +5,7 @@
 #include "app/export/Exporter.h"
 #include "app/files/MappedMemory.h"
 #include "app/import/Importer.h"
+#include "app/import/child/ReadingChild.h"
 #include "app/plot/PageView.h"
 #include "app/window/PictureFile.h"
 #include "kernel/base/NumberSet.h"
@@ -13,6 +14,7 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QScopeGuard>
 
 namespace veldraw::app {
 
@@ -63,6 +65,8 @@ QStringList BatchRun::openFiles(CommandLineOptions const& options)
     QStringList opened;
     std::vector<std::shared_ptr<kernel::Frame>> frames;
     for (QString const& file : options.files) {
+        auto const end =
+            qScopeGuard([] { ReadingChild::endKept(); }); // what one file has done to its reader is nothing to the next
         try {
             kernel::Progress unwatched;
             ImportResult const result = importFile(file, options.deferral, unwatched, options.outsidePaths);

@@ -2,8 +2,11 @@
 
 #include "app/export/WritableFormats.h"
 #include "app/import/ReadableFormats.h"
+#include "kernel/session/Session.h"
 
 #include <QCommandLineParser>
+
+#include <limits>
 
 namespace veldraw::app {
 
@@ -13,6 +16,8 @@ QString const exportName = QStringLiteral("export");
 QString const deleteName = QStringLiteral("delete-variable");
 QString const pictureName = QStringLiteral("picture");
 QString const deferName = QStringLiteral("defer");
+QString const undoMemoryName = QStringLiteral("undo-memory");
+QString const valueMemoryName = QStringLiteral("value-memory");
 QString const followName = QStringLiteral("follow-paths");
 QString const overwriteName = QStringLiteral("overwrite");
 QString const infoName = QStringLiteral("info");
@@ -25,6 +30,8 @@ void declareOptions(QCommandLineParser& parser)
     parser.addOption({deleteName, QString(), QStringLiteral("NAME")});
     parser.addOption({pictureName, QString(), QStringLiteral("PNG")});
     parser.addOption({deferName, QString(), QStringLiteral("WHEN")});
+    parser.addOption({undoMemoryName, QString(), QStringLiteral("MB")});
+    parser.addOption({valueMemoryName, QString(), QStringLiteral("MB")});
     parser.addOption(QCommandLineOption(followName));
     parser.addOption(QCommandLineOption(overwriteName));
     parser.addOption(QCommandLineOption(infoName));
@@ -44,6 +51,20 @@ bool takeDeferral(QString const& word, Deferral& deferral)
     return true;
 }
 
+/// Reads a number of megabytes, if there is one. @return why it is wrong, empty when it is right
+QString takeMegabytes(QCommandLineParser const& parser, QString const& name, std::optional<std::int64_t>& bytes)
+{
+    if (!parser.isSet(name))
+        return {};
+    constexpr std::int64_t megabyte = std::int64_t{1} << 20;
+    bool isNumber = false;
+    qlonglong const megabytes = parser.value(name).toLongLong(&isNumber);
+    if (!isNumber || megabytes < 0 || megabytes > std::numeric_limits<std::int64_t>::max() / megabyte)
+        return QStringLiteral("--%1 takes a number of megabytes").arg(name);
+    bytes = megabytes * megabyte;
+    return {};
+}
+
 template <typename Format>
 QString linesOf(std::vector<Format> const& formats)
 {
@@ -61,6 +82,10 @@ QString whyInconsistent(CommandLineOptions const& options, QCommandLineParser co
         return QStringLiteral("--export needs the name of a file");
     if (parser.isSet(pictureName) && options.pictureFile.isEmpty())
         return QStringLiteral("--picture needs the name of a file");
+    for (QString const& name : {exportName, pictureName}) {
+        if (parser.values(name).size() > 1)
+            return QStringLiteral("--%1 is given twice").arg(name);
+    }
     if (options.isBatch() && options.files.isEmpty())
         return QStringLiteral("a FILE is missing");
     if (options.files.size() > 1 && !options.exportFile.isEmpty())
@@ -71,6 +96,14 @@ QString whyInconsistent(CommandLineOptions const& options, QCommandLineParser co
 }
 
 } // namespace
+
+void MemoryLimits::applyTo(kernel::Session& session) const
+{
+    if (undo)
+        session.history().setMemoryLimit(*undo);
+    if (values)
+        session.loadedValues().setLimit(*values);
+}
 
 CommandLineOptions CommandLineOptions::parse(QStringList const& arguments)
 {
@@ -90,6 +123,10 @@ CommandLineOptions CommandLineOptions::parse(QStringList const& arguments)
     options.error = understood ? whyInconsistent(options, parser) : parser.errorText();
     if (parser.isSet(deferName) && !takeDeferral(parser.value(deferName), options.deferral) && options.error.isEmpty())
         options.error = QStringLiteral("--defer takes auto, always or never");
+    for (QString const& problem : {takeMegabytes(parser, undoMemoryName, options.memory.undo),
+                                   takeMegabytes(parser, valueMemoryName, options.memory.values)})
+        if (options.error.isEmpty())
+            options.error = problem;
     return options;
 }
 
@@ -106,6 +143,8 @@ QString CommandLineOptions::helpText()
         "  --defer WHEN             load values at once or when they are asked for: auto (as long as they take little "
         "of\n"
         "                           the free memory; the default), always, never\n"
+        "  --value-memory MB        megabytes of values to keep that a file has as well; otherwise half of the memory\n"
+        "  --undo-memory MB         megabytes to keep for undo; otherwise a quarter of the memory\n"
         "  --follow-paths           read the files that a .vtm or .mhd names outside of its folder too; without it the "
         "window\n"
         "                           asks, and the actions refuse such a file\n"

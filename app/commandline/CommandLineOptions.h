@@ -6,7 +6,23 @@
 #include <QString>
 #include <QStringList>
 
+#include <cstdint>
+#include <optional>
+
+namespace veldraw::kernel {
+class Session;
+}
+
 namespace veldraw::app {
+
+/// How much memory a session may hold for what it could do without, in bytes. What is not given stays as the session has it.
+struct MemoryLimits
+{
+    std::optional<std::int64_t> undo;   ///< for the steps that can be taken back
+    std::optional<std::int64_t> values; ///< for loaded values that a file has as well
+
+    void applyTo(kernel::Session& session) const;
+};
 
 /// What the command line asks for.
 struct CommandLineOptions
@@ -16,6 +32,7 @@ struct CommandLineOptions
     QString exportFile;            ///< empty: no export
     QString pictureFile;           ///< empty: no picture
     Deferral deferral = Deferral::Auto;
+    MemoryLimits memory;
     OutsidePaths outsidePaths = OutsidePaths::Refuse; ///< refused, or asked about where there is a window
     bool overwrite = false;                           ///< more than the file to export may be replaced
     bool info = false;

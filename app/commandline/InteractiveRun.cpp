@@ -1,10 +1,8 @@
 #include "app/commandline/InteractiveRun.h"
 
-#include "app/files/MappedMemory.h"
 #include "app/import/Importer.h"
+#include "app/window/CutFileLook.h"
 #include "app/window/MainWindow.h"
-#include "host/MessagePresenter.h"
-#include "platform/vdsdkcommon/AppLock.h"
 
 #include <QApplication>
 #include <QTimer>
@@ -14,16 +12,6 @@ namespace veldraw::app {
 namespace {
 
 constexpr int pauseBetweenLooks = 2000; // milliseconds
-
-// Once for each file, but not while an operation runs.
-void tellCutFiles()
-{
-    if (sdk::AppLock::depth() > 0)
-        return;
-    std::vector<std::string> const files = takeCutFiles();
-    if (!files.empty())
-        host::MessagePresenter::present(cutFileWarning(files), MessageBoxType_Warning);
-}
 
 } // namespace
 
@@ -35,9 +23,7 @@ int runInteractively(QApplication& application, CommandLineOptions const& option
     };
     MainWindow window(kernel::Session::instance(), CentralView::ofPage(kernel::Session::instance()), reader);
     window.show();
-    QTimer looks;
-    QObject::connect(&looks, &QTimer::timeout, &window, [] { tellCutFiles(); });
-    looks.start(pauseBetweenLooks);
+    CutFileLook const look(pauseBetweenLooks);
     if (!options.files.isEmpty())
         QTimer::singleShot(0, &window, [&] { window.openFiles(options.files, DocumentController::Place::FreshPage); });
     return application.exec();

@@ -138,6 +138,7 @@ int runProgram(int argc, char** argv)
     CommandLineOptions const options = CommandLineOptions::parse(application.arguments());
     if (!options.error.isEmpty())
         return refuse(err, options);
+    options.memory.applyTo(kernel::Session::instance());
     int const status = options.isBatch() ? BatchRun(kernel::Session::instance(), out, err).run(options)
                                          : runInteractively(application, options);
     host::KernelBridge::shutDown();

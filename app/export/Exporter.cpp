@@ -111,9 +111,15 @@ QString alsoReplaced(kernel::DataSet const& dataSet, QString const& path)
     try {
         std::string const name = path.toStdString();
         return QString::fromStdString(writerFor(name)->alsoReplaces(dataSet, name));
-    } catch (ExportError const&) {
+    } catch (std::exception const&) {
         return {};
     }
+}
+
+QString savedPath(kernel::DataSet const& dataSet, QString const& path)
+{
+    std::string const name = path.toStdString();
+    return QString::fromStdString(writerFor(name)->madePath(dataSet, name));
 }
 
 // All is asked for, also what is loaded: it would be let go of to make room for the rest.
@@ -125,10 +131,10 @@ bool loadWholeDataSet(kernel::Session& session, kernel::DataSet& dataSet)
     for (int zone = 1; zone <= dataSet.zoneCount(); ++zone) {
         if (dataSet.zone(zone)->isDeferred() && !session.perform(kernel::LoadDimensions(dataSet, zone)))
             return false;
-        zones.insert(zones.end(), zone);
+        zones.insert(zone);
     }
     for (int variable = 1; variable <= dataSet.variableCount(); ++variable) {
-        variables.insert(variables.end(), variable);
+        variables.insert(variable);
         for (int const zone : zones)
             isMissing = isMissing || !dataSet.field(zone, variable)->isLoaded();
     }

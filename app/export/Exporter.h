@@ -38,6 +38,9 @@ std::vector<std::string> exportDataSet(kernel::DataSet const& dataSet, QString c
 /// where it would refuse anyway.
 QString alsoReplaced(kernel::DataSet const& dataSet, QString const& path);
 
+/// Where a data set stands that exportDataSet() has saved as @p path: that file, or the folder that several tables have instead.
+QString savedPath(kernel::DataSet const& dataSet, QString const& path);
+
 /// Loads what is not loaded of a data set, dimensions and values, so that it can be written. Nothing happens when all is.
 /// @return false when that failed or was cancelled; Session::lastError() says why
 bool loadWholeDataSet(kernel::Session& session, kernel::DataSet& dataSet);

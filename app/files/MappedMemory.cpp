@@ -68,20 +68,31 @@ void installHandler()
     ::sigaction(SIGBUS, &action, &previous);
 }
 
+// Files that are kept open: others need some too.
+std::atomic<long> filesKeptOpen{0};
+
+bool mayKeepOneMore()
+{
+    return filesKeptOpen < ::sysconf(_SC_OPEN_MAX) / 4;
+}
+
 // A file as long as any part of it is mapped: its name may stand for another one by then.
 struct MappedFile
 {
     MappedFile(int original, struct stat const& status, std::string name)
         : path(std::move(name))
-        , descriptor(::fcntl(original, F_DUPFD_CLOEXEC, 0)) // where there are too many, pages alone tell
+        , descriptor(mayKeepOneMore() ? ::fcntl(original, F_DUPFD_CLOEXEC, 0) : -1)
         , inode(status.st_ino)
         , device(status.st_dev)
     {
+        filesKeptOpen += descriptor >= 0 ? 1 : 0;
     }
     ~MappedFile()
     {
-        if (descriptor >= 0)
-            ::close(descriptor);
+        if (descriptor < 0)
+            return;
+        ::close(descriptor);
+        --filesKeptOpen;
     }
 
     bool has(std::int64_t bytes) const
@@ -89,8 +100,13 @@ struct MappedFile
         struct stat status
         {
         };
-        return descriptor < 0 || ::fstat(descriptor, &status) != 0 || status.st_size >= bytes;
+        bool const isKnown = descriptor >= 0
+                                 ? ::fstat(descriptor, &status) == 0
+                                 : ::stat(path.c_str(), &status) == 0 && isIt(status); // else pages alone tell
+        return !isKnown || status.st_size >= bytes;
     }
+
+    bool isIt(struct stat const& status) const { return inode == status.st_ino && device == status.st_dev; }
 
     MappedFile(MappedFile const&) = delete;
     MappedFile& operator=(MappedFile const&) = delete;
@@ -206,7 +222,7 @@ void Mapping::findFile(int descriptor, std::string const& path)
     if (::fstat(descriptor, &status) != 0)
         throw ImportError("\"" + path + "\": " + systemReason(errno));
     for (Mapping const* const other : registry().mappings) {
-        if (other->m_file->inode == status.st_ino && other->m_file->device == status.st_dev)
+        if (other->m_file->isIt(status))
             m_file = other->m_file;
     }
     if (!m_file)

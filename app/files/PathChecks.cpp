@@ -2,6 +2,7 @@
 
 #include "app/files/ImportError.h"
 #include "app/files/SystemReason.h"
+#include "app/handover/Descriptor.h"
 
 #include <cerrno>
 #include <fcntl.h>
@@ -24,6 +25,20 @@ std::string extensionOf(std::string const& path)
 std::string baseNameOf(std::string const& path)
 {
     return std::filesystem::path(path).stem().string();
+}
+
+std::ifstream openToRead(std::string const& path)
+{
+    Descriptor const file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    struct stat status
+    {
+    };
+    if (!file.isOpen() || ::fstat(file.number(), &status) != 0)
+        throw ImportError(systemReason(errno));
+    if (!S_ISREG(status.st_mode))
+        throw ImportError("it is no regular file");
+    // By its number it is the same file, whatever its name stands for by now.
+    return std::ifstream("/proc/self/fd/" + std::to_string(file.number()), std::ios::binary);
 }
 
 void checkReadable(std::string const& path)

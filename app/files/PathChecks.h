@@ -1,5 +1,6 @@
 #pragma once
 
+#include <fstream>
 #include <string>
 
 namespace veldraw::app {
@@ -12,5 +13,9 @@ std::string baseNameOf(std::string const& path);
 
 /// @throws ImportError with the reason when @p path is no regular file with something in it that can be read
 void checkReadable(std::string const& path);
+
+/// Opens a regular file. Another program may have put a pipe or a device in its place since it was checked: nobody waits for these.
+/// @throws ImportError with the reason
+std::ifstream openToRead(std::string const& path);
 
 } // namespace veldraw::app

@@ -1,17 +1,12 @@
 #include "app/files/PlainText.h"
 
-#include <QByteArray>
-#include <QString>
-#include <QTextCodec>
+#include "app/handover/Utf8.h"
 
 namespace veldraw::app {
 
 std::string asUtf8(std::string const& text)
 {
-    QTextCodec::ConverterState state;
-    QTextCodec::codecForName("UTF-8")->toUnicode(text.data(), static_cast<int>(text.size()), &state);
-    bool const isUtf8 = state.invalidChars == 0 && state.remainingChars == 0;
-    return isUtf8 ? text : QString::fromLatin1(text.data(), static_cast<int>(text.size())).toStdString();
+    return madeUtf8(text);
 }
 
 std::string shortened(std::string const& text, std::size_t mostBytes)

@@ -3,6 +3,7 @@
 #include "app/handover/Descriptor.h"
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -20,12 +21,16 @@ public:
     }
 };
 
+/// Tells which messages there are and what stands in them: to be raised with each change of that, so that programs of different versions
+/// notice that they don't understand each other.
+constexpr std::uint32_t languageVersion = 2;
+
 /// Something that is said through a Channel.
 struct Message
 {
     enum class Kind : std::uint32_t
     {
-        Ready,    ///< the reader waits for a request
+        Ready,    ///< with languageVersion; the reader waits for a request
         Request,  ///< to the reader: ReadRequest
         Progress, ///< a fraction from 0 to 1
         Found,    ///< FoundArrays; the reader waits for the choice
@@ -48,15 +53,20 @@ public:
     explicit Channel(Descriptor socket);
 
     /// @param descriptor goes along as a copy; -1 for none
+    /// @param waiting    is called several times a second as long as the other side takes nothing; what it throws comes out here, and the
+    ///                   channel is of no use any more
     /// @throws ChannelClosed
-    void send(Message::Kind kind, std::string_view content = {}, int descriptor = -1);
+    void send(Message::Kind kind, std::string_view content = {}, int descriptor = -1,
+              std::function<void()> const& waiting = {});
 
-    /// Waits up to @p milliseconds for a message, -1 for as long as it takes. @return none when it has not come by then
+    /// Waits up to @p milliseconds for a message, -1 for as long as it takes. @return none when not all of it has come by then
     /// @throws ChannelClosed, Nonsense
     std::optional<Message> receive(int milliseconds);
 
 private:
     bool readSome();
+    Message takeMessage();
+    void awaitRoom(std::function<void()> const& waiting) const;
 
     Descriptor m_socket;
     std::string m_bytes;     // of the message that is on its way

@@ -45,8 +45,11 @@ std::uint64_t bytesOf(HandedArray::Type type, std::uint64_t values);
 namespace handover {
 constexpr std::size_t longestName = 1 << 16;
 constexpr std::int32_t mostComponents = 1000000;
-constexpr std::uint64_t alignment = 64; // of values in a segment
-constexpr int mostFieldData = 2000;     // beside those that are always read
+constexpr std::size_t mostArrays = 20000;    // in one list: VTK compares each with all others
+constexpr std::int64_t mostFields = 4000000; // components of all arrays
+constexpr std::size_t mostBlocks = 200000;   // in all
+constexpr std::uint64_t alignment = 64;      // of values in a segment
+constexpr int mostFieldData = 2000;          // beside those that are always read
 } // namespace handover
 
 } // namespace veldraw::app

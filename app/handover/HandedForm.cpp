@@ -137,10 +137,12 @@ void write(ByteWriter& to, HandedBlock const& block)
     }
 }
 
-HandedBlock readBlock(ByteReader& from, int depth)
+// @param left how many more there may be: each takes a hundred times more memory than bytes
+HandedBlock readBlock(ByteReader& from, int depth, std::size_t& left)
 {
-    if (depth > deepestBlock)
-        throw Nonsense("blocks within blocks without end");
+    if (depth > deepestBlock || left == 0)
+        throw Nonsense("blocks without end");
+    --left;
     HandedBlock block;
     block.content = from.enumerator(HandedBlock::Content::Other);
     if (from.flag())
@@ -149,8 +151,8 @@ HandedBlock readBlock(ByteReader& from, int depth)
         block.grid = readGrid(from);
     } else if (block.content == HandedBlock::Content::Blocks) {
         block.ofBlocks = readArrays(from);
-        for (std::size_t left = from.count(bytesOfBlock); left > 0; --left)
-            block.blocks.push_back(readBlock(from, depth + 1));
+        for (std::size_t count = from.count(bytesOfBlock); count > 0; --count)
+            block.blocks.push_back(readBlock(from, depth + 1, left));
     } else if (block.content == HandedBlock::Content::Other) {
         block.kind = from.name(handover::longestName);
     }
@@ -172,7 +174,8 @@ HandedData fromBytes(std::string_view bytes)
 {
     ByteReader from(bytes);
     HandedData data;
-    data.block = readBlock(from, 0);
+    std::size_t left = handover::mostBlocks;
+    data.block = readBlock(from, 0, left);
     data.remarks = from.names(handover::longestName);
     data.warnings = from.names(handover::longestName);
     from.expectEnd();

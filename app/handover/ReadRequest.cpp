@@ -44,6 +44,8 @@ FoundArrays FoundArrays::fromBytes(std::string_view bytes)
     found.ofCells = from.names(handover::longestName);
     found.unreadFieldData = from.number<std::int32_t>();
     from.expectEnd();
+    if (found.ofPoints.size() > handover::mostArrays || found.ofCells.size() > handover::mostArrays)
+        throw Nonsense("more arrays than can be told apart");
     return found;
 }
 

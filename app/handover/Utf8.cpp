@@ -1,5 +1,7 @@
 #include "app/handover/Utf8.h"
 
+#include <algorithm>
+
 namespace veldraw::app {
 
 namespace {
@@ -66,6 +68,15 @@ std::string madeUtf8(std::string const& text)
         result += static_cast<char>(0x80U | (byte & 0x3fU));
     }
     return result;
+}
+
+std::string madeUtf8(std::string const& text, std::size_t mostBytes)
+{
+    std::string const whole = madeUtf8(text);
+    std::size_t end = std::min(whole.size(), mostBytes);
+    while (end > 0 && end < whole.size() && (static_cast<unsigned char>(whole[end]) & 0xc0U) == 0x80U)
+        --end; // within a character
+    return whole.substr(0, end);
 }
 
 } // namespace veldraw::app

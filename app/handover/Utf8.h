@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -10,5 +11,8 @@ bool isUtf8(std::string_view text);
 
 /// The text itself where it is UTF-8; else its bytes are taken for Latin-1.
 std::string madeUtf8(std::string const& text);
+
+/// The same, as many whole characters of it as fit into a number of bytes.
+std::string madeUtf8(std::string const& text, std::size_t mostBytes);
 
 } // namespace veldraw::app

@@ -5,7 +5,6 @@
 #include "app/files/SystemReason.h"
 #include "app/import/ReadableFormats.h"
 #include "app/import/zones/DataSetOfZones.h"
-#include "kernel/data/LargeRanges.h"
 
 #include <QFileInfo>
 
@@ -72,7 +71,7 @@ ImportResult import(std::string const& path, Deferral deferral, kernel::Progress
         throw ImportError("it has no points");
     result.dataSet = dataSetOf(std::move(zones), std::filesystem::path(path).filename().string());
     result.dataSet->loaderInstructions().push_back(instructionsOf(format.loader, path, watch));
-    kernel::findLargeRanges(*result.dataSet, progress);
+    result.dataSet->ranges().findAll(progress);
     return result;
 }
 

@@ -1,5 +1,6 @@
 #include "app/reader/GridDescription.h"
 
+#include "app/files/ImportError.h"
 #include "app/handover/Utf8.h"
 
 #include <vtkCellArray.h>
@@ -68,11 +69,7 @@ std::optional<Type> typeOf(vtkDataArray& array)
 
 std::string nameFrom(char const* text)
 {
-    std::string const whole = madeUtf8(text ? text : "");
-    std::size_t end = std::min(whole.size(), handover::longestName);
-    while (end > 0 && end < whole.size() && (static_cast<unsigned char>(whole[end]) & 0xc0U) == 0x80U)
-        --end; // within a character
-    return whole.substr(0, end);
+    return madeUtf8(text ? text : "", handover::longestName);
 }
 
 HandedArray describedArray(vtkAbstractArray& array)
@@ -104,6 +101,12 @@ bool isKnown(vtkDataObject& data)
            vtkUnstructuredGrid::SafeDownCast(&data);
 }
 
+void requireFew(vtkFieldData& arrays)
+{
+    if (static_cast<std::size_t>(arrays.GetNumberOfArrays()) > handover::mostArrays)
+        throw ImportError("it has more than " + std::to_string(handover::mostArrays) + " arrays at one place");
+}
+
 std::uint32_t purposesOf(vtkAbstractArray const& array, vtkDataSetAttributes& attributes)
 {
     std::uint32_t purposes = 0;
@@ -131,6 +134,8 @@ GridDescription::GridDescription(Channel& channel)
 
 HandedBlock GridDescription::describe(vtkDataObject* data)
 {
+    if (++m_blocks > handover::mostBlocks)
+        throw ImportError("it has more than " + std::to_string(handover::mostBlocks) + " blocks");
     HandedBlock block;
     if (!data)
         return block;
@@ -263,6 +268,7 @@ HandedArray GridDescription::numbersOf(vtkDataArray& array)
 
 std::vector<HandedArray> GridDescription::arraysOf(vtkDataSetAttributes& arrays)
 {
+    requireFew(arrays);
     std::vector<HandedArray> result;
     for (int n = 0; n < arrays.GetNumberOfArrays(); ++n) {
         vtkAbstractArray* const array = arrays.GetAbstractArray(n);
@@ -280,6 +286,7 @@ std::vector<HandedArray> GridDescription::arraysOf(vtkDataSetAttributes& arrays)
 
 std::vector<HandedArray> GridDescription::arraysOf(vtkFieldData& arrays)
 {
+    requireFew(arrays);
     std::vector<HandedArray> result;
     for (int n = 0; n < arrays.GetNumberOfArrays(); ++n) {
         if (vtkAbstractArray* const array = arrays.GetAbstractArray(n))

@@ -26,7 +26,7 @@ public:
     explicit GridDescription(Channel& channel);
 
     /// @param data may be null
-    /// @throws std::bad_alloc, ChannelClosed
+    /// @throws ImportError where there are more blocks or arrays than can be handed over; std::bad_alloc, ChannelClosed
     HandedBlock describe(vtkDataObject* data);
 
     /// Sends the values that have not been sent yet. @throws ChannelClosed
@@ -51,6 +51,7 @@ private:
     SegmentSender m_segments;
     std::vector<vtkSmartPointer<vtkObject>> m_keepers; // of the memory whose addresses the sender knows
     std::vector<std::string> m_remarks;
+    std::size_t m_blocks = 0; // so far
 };
 
 } // namespace veldraw::app

@@ -30,7 +30,7 @@ vtkSmartPointer<vtkDataObject> readPlainly(std::string const& path, Channel& cha
     reader->ReadAllTCoordsOn();
     reader->ReadAllFieldsOn();
     reader->Update();
-    throwOnError(errors);
+    throwOnError(errors, path);
     vtkSmartPointer<vtkDataObject> const data = reader->GetOutputDataObject(0);
     if (!data)
         throw ImportError("it contains no grid");

@@ -11,6 +11,7 @@
 #include <linux/filter.h>
 #include <linux/seccomp.h>
 #include <sched.h>
+#include <sys/mman.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/syscall.h>
@@ -78,6 +79,17 @@ void allowAsking(Filter& filter, int call, std::uint32_t which)
     answer(filter, SECCOMP_RET_ERRNO | EPERM);
 }
 
+// Allows a call where an argument is one of some values.
+void allowOnly(Filter& filter, int call, std::uint32_t which, std::vector<int> const& values)
+{
+    auto const rest = static_cast<std::uint8_t>(2 * values.size() + 2);
+    filter.push_back(BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, static_cast<std::uint32_t>(call), 0, rest));
+    load(filter, argument(which));
+    for (int const value : values)
+        allow(filter, value);
+    answer(filter, SECCOMP_RET_ERRNO | EPERM);
+}
+
 Filter filterOfCalls()
 {
     constexpr int writing = O_WRONLY | O_RDWR | O_CREAT | O_TRUNC | O_APPEND;
@@ -95,19 +107,23 @@ Filter filterOfCalls()
     allowWhere(filter, __NR_clone, 0, CLONE_THREAD, CLONE_THREAD, EPERM);
     allowWhere(filter, __NR_tgkill, 0, -1, ::getpid(), EPERM); // abort() ends the process by this
     allowAsking(filter, __NR_prlimit64, 2);
+    // Others send signals to whom they like when something arrives, or hold up who wants a file.
+    allowOnly(filter, __NR_fcntl, 1, {F_DUPFD, F_DUPFD_CLOEXEC, F_GETFD, F_SETFD, F_GETFL, F_ADD_SEALS, F_GET_SEALS});
+    // Huge pages could be given away without there being any.
+    allowWhere(filter, __NR_memfd_create, 1, ~static_cast<int>(MFD_CLOEXEC | MFD_ALLOW_SEALING), 0, EPERM);
     // Those that take a structure could not be looked into; who is refused them takes the older ones.
     answer(filter, SECCOMP_RET_ERRNO | ENOSYS);
     return filter;
 }
 
-void filterCalls()
+// @return whether the system does it
+bool filterCalls()
 {
     if (architecture == 0)
-        return;
+        return false;
     Filter filter = filterOfCalls();
     sock_fprog const program{static_cast<unsigned short>(filter.size()), filter.data()};
-    if (::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0)
-        ::prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program);
+    return ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 && ::prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program) == 0;
 }
 
 // Each large array takes one.
@@ -122,14 +138,14 @@ void wantManyOpenFiles()
 
 } // namespace
 
-void enterSandbox()
+bool enterSandbox()
 {
     ::prctl(PR_SET_PDEATHSIG, SIGKILL);
     rlimit const none{0, 0};
     ::setrlimit(RLIMIT_CORE, &none);
     std::signal(SIGXFSZ, SIG_IGN); // shared memory beyond the limit is as good as none
     wantManyOpenFiles();
-    filterCalls();
+    return filterCalls();
 }
 
 } // namespace veldraw::app

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <fcntl.h>
 #include <sys/mman.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 namespace veldraw::app {
@@ -14,6 +15,7 @@ namespace {
 
 constexpr std::uintptr_t bytesOfPage = 4096;
 constexpr std::size_t mostBlocks = 4096;
+constexpr rlim_t filesForOthers = 16;
 
 struct Block
 {
@@ -64,11 +66,23 @@ bool mayBeBlock(void const* address) noexcept
     return address && reinterpret_cast<std::uintptr_t>(address) % bytesOfPage == 0;
 }
 
+// Some files are left for everything else that needs one.
+bool isAmongTheLast(int descriptor) noexcept
+{
+    rlimit limits{};
+    return ::getrlimit(RLIMIT_NOFILE, &limits) == 0 &&
+           static_cast<rlim_t>(descriptor) + filesForOthers >= limits.rlim_cur;
+}
+
 bool fill(Block& block, std::size_t bytes) noexcept
 {
     int const descriptor = ::memfd_create("values", MFD_CLOEXEC | MFD_ALLOW_SEALING);
     if (descriptor < 0)
         return false;
+    if (isAmongTheLast(descriptor)) {
+        ::close(descriptor);
+        return false;
+    }
     void* const memory = ::ftruncate(descriptor, static_cast<off_t>(bytes)) == 0
                              ? ::mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_NORESERVE, descriptor, 0)
                              : MAP_FAILED;

@@ -43,10 +43,9 @@ std::vector<int> allowedSystemCalls()
                  {// files that are open, and what is known of others
                   __NR_read, __NR_pread64, __NR_readv, __NR_write, __NR_pwrite64, __NR_writev, __NR_lseek, __NR_close,
                   __NR_fstat, __NR_newfstatat, __NR_statx, __NR_faccessat, __NR_readlinkat, __NR_getdents64,
-                  __NR_getcwd, __NR_fcntl, __NR_dup,
+                  __NR_getcwd, __NR_dup,
                   // memory
-                  __NR_brk, __NR_mmap, __NR_munmap, __NR_mremap, __NR_mprotect, __NR_madvise, __NR_memfd_create,
-                  __NR_ftruncate,
+                  __NR_brk, __NR_mmap, __NR_munmap, __NR_mremap, __NR_mprotect, __NR_madvise, __NR_ftruncate,
                   // by which the sanitizers find out whether there is memory at an address
                   __NR_pipe2,
                   // what is said to the parent

@@ -3,6 +3,7 @@
 #include "app/files/ImportError.h"
 #include "app/handover/Nonsense.h"
 #include "app/reader/CheckedMeshReader.h"
+#include "app/reader/CheckedValuesReader.h"
 #include "app/reader/FieldDataLimit.h"
 #include "app/reader/InlineValuesReader.h"
 #include "app/reader/PartialReader.h"
@@ -23,7 +24,7 @@ namespace veldraw::app {
 namespace {
 
 template <typename Reader>
-using WholeReader = TalkativeReader<LimitedFieldDataReader<InlineValuesReader<Reader>>>;
+using WholeReader = TalkativeReader<LimitedFieldDataReader<InlineValuesReader<CheckedValuesReader<Reader>>>>;
 
 // Of a multi-block file it reads nothing but what stands beside the pieces.
 class BesidePiecesReader : public vtkXMLMultiBlockDataReader
@@ -114,7 +115,7 @@ void open(vtkXMLReader& reader, ReadRequest const& request, ProgressSender& prog
 vtkSmartPointer<vtkDataObject> read(vtkXMLReader& reader, VtkErrorCapture const& errors)
 {
     reader.Update();
-    throwOnError(errors);
+    throwOnError(errors, reader.GetFileName());
     vtkSmartPointer<vtkDataObject> const result = reader.GetOutputDataObject(0);
     if (!result)
         throw ImportError("it contains no grid");
@@ -131,7 +132,7 @@ vtkSmartPointer<vtkDataObject> readXmlGrid(ReadRequest const& request, Channel& 
                           " stands for, or its start is damaged");
     vtkNew<ProgressSender> progress;
     open(*reader, request, *progress, channel);
-    throwOnError(errors);
+    throwOnError(errors, request.path);
     follow(askForChoice(*reader, channel), *reader);
     return read(*reader, errors);
 }
@@ -142,7 +143,7 @@ vtkSmartPointer<vtkDataObject> readXmlFieldData(ReadRequest const& request, Chan
     auto const reader = vtkSmartPointer<WholeReader<BesidePiecesReader>>::New();
     vtkNew<ProgressSender> progress;
     open(*reader, request, *progress, channel);
-    throwOnError(errors);
+    throwOnError(errors, request.path);
     askForChoice(*reader, channel);
     return read(*reader, errors);
 }

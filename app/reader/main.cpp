@@ -2,10 +2,12 @@
 // starts it, says through a socket what it wants, and gets the values in shared memory.
 
 #include "app/files/ImportError.h"
+#include "app/handover/ByteWriter.h"
 #include "app/handover/Channel.h"
 #include "app/handover/HandedForm.h"
 #include "app/handover/Nonsense.h"
 #include "app/handover/ReadRequest.h"
+#include "app/handover/Utf8.h"
 #include "app/reader/GridDescription.h"
 #include "app/reader/LegacyReading.h"
 #include "app/reader/Sandbox.h"
@@ -39,7 +41,13 @@ vtkSmartPointer<vtkDataObject> readWhatIsWanted(ReadRequest const& request, Chan
     return readLegacy(request.path, channel, errors, remarks);
 }
 
-void read(ReadRequest const& request, Channel& channel)
+// VTK quotes what stands in files, which may be any bytes.
+std::string sayable(std::string const& text)
+{
+    return madeUtf8(text, handover::longestName);
+}
+
+void read(ReadRequest const& request, Channel& channel, bool isFiltered)
 {
     VtkErrorCapture const messages;
     HandedData data;
@@ -47,18 +55,22 @@ void read(ReadRequest const& request, Channel& channel)
     GridDescription description(channel);
     data.block = description.describe(object);
     description.finish();
+    if (!isFiltered)
+        data.remarks.emplace_back(
+            "its reader could not be kept from writing to files: this system has no filter for that");
     data.remarks.insert(data.remarks.end(), description.remarks().begin(), description.remarks().end());
-    data.warnings = messages.warnings();
+    for (std::string const& warning : messages.warnings())
+        data.warnings.push_back(sayable(warning));
     channel.send(Message::Kind::Data, asBytes(data));
 }
 
-Refusal refusalFor(ReadRequest const& request, Channel& channel)
+Refusal refusalFor(ReadRequest const& request, Channel& channel, bool isFiltered)
 {
     try {
-        read(request, channel);
+        read(request, channel, isFiltered);
         return {};
     } catch (ImportError const& error) {
-        return {false, error.what()};
+        return {false, sayable(error.what())};
     } catch (std::bad_alloc const&) {
         return {true, {}};
     } catch (std::length_error const&) {
@@ -66,16 +78,18 @@ Refusal refusalFor(ReadRequest const& request, Channel& channel)
     }
 }
 
-void serve(Channel& channel)
+void serve(Channel& channel, bool isFiltered)
 {
-    channel.send(Message::Kind::Ready);
+    ByteWriter version;
+    version.number(languageVersion);
+    channel.send(Message::Kind::Ready, version.bytes());
     for (;;) {
         auto const message = channel.receive(idleMilliseconds);
         if (!message)
             return;
         if (message->kind != Message::Kind::Request)
             throw Nonsense("no request");
-        Refusal const refusal = refusalFor(ReadRequest::fromBytes(message->content), channel);
+        Refusal const refusal = refusalFor(ReadRequest::fromBytes(message->content), channel, isFiltered);
         if (refusal.isForMemory || !refusal.reason.empty())
             channel.send(Message::Kind::Refused, refusal.asBytes());
     }
@@ -97,10 +111,10 @@ int main()
         std::fprintf(stderr, "veldraw_reader reads files for veldraw, which starts it\n");
         return 2;
     }
-    enterSandbox();
+    bool const isFiltered = enterSandbox();
     try {
         Channel channel{Descriptor(socketNumber)};
-        serve(channel);
+        serve(channel, isFiltered);
         ::_exit(0);
     } catch (ChannelClosed const&) {
         ::_exit(0); // nobody wants anything any more

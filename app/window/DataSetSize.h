@@ -6,10 +6,10 @@
 
 namespace veldraw::app {
 
-/// Points of all zones.
+/// Points of all zones that know how many they have.
 std::int64_t pointCount(kernel::DataSet const& dataSet);
 
-/// Cells of all zones.
+/// Cells of all zones that know how many they have.
 std::int64_t cellCount(kernel::DataSet const& dataSet);
 
 /// Bytes of the loaded values of a data set, by where they are.

@@ -6,6 +6,8 @@
 #include <QPainter>
 #include <QStringList>
 
+#include <algorithm>
+
 namespace veldraw::app {
 
 namespace {
@@ -15,6 +17,15 @@ constexpr int fewestCharacters = 12;
 QString plural(std::int64_t count, QString const& what)
 {
     return countText(count) + QLatin1Char(' ') + what + (count == 1 ? QString() : QStringLiteral("s"));
+}
+
+// As long as a zone has its dimensions in its file, nobody knows the sums.
+QStringList sizeTexts(kernel::DataSet const& dataSet)
+{
+    auto const& zones = dataSet.zones();
+    if (std::any_of(zones.begin(), zones.end(), [](auto const& zone) { return zone->isDeferred(); }))
+        return {QStringLiteral("size not loaded")};
+    return {plural(pointCount(dataSet), QStringLiteral("point")), plural(cellCount(dataSet), QStringLiteral("cell"))};
 }
 
 } // namespace
@@ -37,9 +48,8 @@ void DataSetStatus::refresh()
         return;
     }
     ValueBytes const bytes = valueBytes(*dataSet);
-    QStringList parts{plural(dataSet->zoneCount(), QStringLiteral("zone")),
-                      plural(pointCount(*dataSet), QStringLiteral("point")),
-                      plural(cellCount(*dataSet), QStringLiteral("cell")), memoryText(bytes.inMemory)};
+    QStringList parts{plural(dataSet->zoneCount(), QStringLiteral("zone"))};
+    parts << sizeTexts(*dataSet) << memoryText(bytes.inMemory);
     if (bytes.mapped > 0)
         parts << QStringLiteral("%1 mapped").arg(memoryText(bytes.mapped));
     setText(parts.join(QString::fromUtf8("  ·  ")));

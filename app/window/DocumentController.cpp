@@ -271,12 +271,13 @@ DocumentController::Outcome DocumentController::writeTo(QString const& path)
     }
     m_session.history().setClean(dataSet->id());
     keepFolder(path);
-    m_files[dataSet->id()] = path;
-    if (QFileInfo::exists(path)) // several tables stand in a folder
-        m_recentFiles.add(path);
+    QString const saved = savedPath(*dataSet, path);
+    m_files[dataSet->id()] = saved;
+    if (QFileInfo(saved).isFile()) // several tables stand in a folder
+        m_recentFiles.add(saved);
     Q_EMIT recentFilesChanged();
     Q_EMIT fileChanged();
-    Q_EMIT told(QStringLiteral("Saved %1%2").arg(QFileInfo(path).fileName(), whatIsUnsaved()));
+    Q_EMIT told(QStringLiteral("Saved %1%2").arg(QFileInfo(saved).fileName(), whatIsUnsaved()));
     return Outcome::Saved;
 }
 

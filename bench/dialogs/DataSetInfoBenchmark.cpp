@@ -66,6 +66,8 @@ private:
             dataSet->addVariable(std::make_shared<kernel::Variable>("Variable " + std::to_string(number)));
         for (int number = 1; number <= zoneCount; ++number)
             dataSet->addZone(makeZone(number));
+        kernel::Progress progress;
+        dataSet->ranges().findAll(progress); // as whoever reads a file does
         return dataSet;
     }
 

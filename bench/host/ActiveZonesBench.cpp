@@ -83,7 +83,7 @@ void selectZone(benchmark::State& state, PlotType_e plotType)
     }
 }
 
-/// A variable that was not asked for before.
+/// A variable that was not asked for since all zones may have changed.
 void selectVariable(benchmark::State& state, PlotType_e plotType)
 {
     show(plotType);
@@ -92,7 +92,7 @@ void selectVariable(benchmark::State& state, PlotType_e plotType)
         variable = variable % variables + 1;
         if (variable == 1) {
             state.PauseTiming();
-            session().events().emitEvent({StateChange_PickList, {}, {}, {}, 0});
+            session().events().emitEvent({StateChange_ZonesEnabled, {}, {}, {}, 0});
             ask(variables);
             state.ResumeTiming();
         }

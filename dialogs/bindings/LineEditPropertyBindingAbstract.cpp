@@ -3,6 +3,7 @@
 #include "dialogs/bindings/InstalledValidator.h"
 #include "dialogs/bindings/StringConverter.h"
 #include "dialogs/bindings/StringMassager.h"
+#include "dialogs/bindings/TextFieldUndoKeys.h"
 #include "dialogs/widgets/NumberValidators.h"
 #include "platform/exception/InvalidArgumentException.h"
 #include "platform/exception/InvalidPropertyValueException.h"
@@ -51,6 +52,7 @@ void LineEditPropertyBindingAbstract<T>::setUp()
         installValidator(*m_lineEdit, AcceptedText::WholeNumber);
     m_textFieldObservable = std::make_unique<QTextFieldObservable>(*m_lineEdit, [this] { return applyText(); });
     m_abandonedInput = std::make_unique<AbandonedInputFilter>(*m_lineEdit, [this] { this->updateWidgetValue(); });
+    new TextFieldUndoKeys(*m_lineEdit, m_textFieldObservable.get());
 }
 
 template <typename T>

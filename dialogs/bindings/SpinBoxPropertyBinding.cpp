@@ -91,11 +91,11 @@ void SpinBoxPropertyBinding<T, Box>::boxEdited()
         return;
     if (m_box->value() != m_shown || isRetyped()) {
         commit(m_box->value());
-        return;
+    } else {
+        m_isTyped = false;
+        if (m_isWriteDue)
+            this->updateValueOnIdle();
     }
-    m_isTyped = false;
-    if (m_isWriteDue)
-        this->updateValueOnIdle();
 }
 
 template <typename T, typename Box>

@@ -1,7 +1,6 @@
 #include "dialogs/datasetinfo/TransientZoneRelevance.h"
 
 #include "dialogs/datasetinfo/ZoneTimeProperties.h"
-#include "platform/vdsdkbase/VelUtilZone.h"
 
 namespace veldraw::sdk::ui::propertymanager {
 
@@ -14,7 +13,7 @@ TransientZoneRelevance::~TransientZoneRelevance() = default;
 
 bool TransientZoneRelevance::isRelevantZone(int zone) const
 {
-    return ZoneTimeProperties::isStrand(VelUtilZoneGetStrandID(zone));
+    return ZoneTimeProperties::isStrand(ZoneTimeProperties::strandOf(zone));
 }
 
 } // namespace veldraw::sdk::ui::propertymanager

@@ -1,6 +1,7 @@
 #include "dialogs/datasetinfo/ZoneTimeProperties.h"
 
 #include "dialogs/datasetinfo/NumberProperty.h"
+#include "dialogs/property/AskedAgain.h"
 #include "platform/vdsdkbase/VelUtilZone.h"
 
 #include <boost/make_shared.hpp>
@@ -33,10 +34,15 @@ bool ZoneTimeProperties::isStatic(int number)
     return number == noTimeStrand;
 }
 
+int ZoneTimeProperties::strandOf(int zone)
+{
+    return askedAgain([=] { return VelUtilZoneGetStrandID(zone); });
+}
+
 void ZoneTimeProperties::update(int zone)
 {
     setNumber(*m_solutionTime, VelUtilZoneGetSolutionTime(zone));
-    m_strand->setValue(VelUtilZoneGetStrandID(zone));
+    m_strand->setValue(strandOf(zone));
 }
 
 } // namespace veldraw::sdk::ui::propertymanager

@@ -12,6 +12,8 @@ public:
     explicit ZoneTimeProperties(Selection const& selectedZones);
     ~ZoneTimeProperties() override;
 
+    /// Number of the strand that the kernel gives for a zone; asked again where it answers 0, as it does when it fails.
+    static int strandOf(int zone);
     /// Whether a zone with this number for its strand is in one.
     static bool isStrand(int number);
     /// Whether it is the number that the kernel gives to zones of no strand.

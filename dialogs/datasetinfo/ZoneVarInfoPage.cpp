@@ -12,13 +12,13 @@
 #include "dialogs/datasetinfo/StoredSelections.h"
 #include "dialogs/datasetinfo/TimeStrandDecorator.h"
 #include "dialogs/datasetinfo/TransientZoneRelevance.h"
+#include "dialogs/datasetinfo/ZoneDimensionText.h"
 #include "dialogs/datasetinfo/ZoneKDimensionRelevance.h"
 #include "dialogs/datasetinfo/ZoneMetricDeferredRelevance.h"
 #include "dialogs/datasetinfo/ZoneVarInfoPropertiesManager.h"
 #include "dialogs/models/EnforcedSelectionListPropertyDecorator.h"
 #include "dialogs/property/InvertingRelevance.h"
 #include "dialogs/property/PreMappedDecorator.h"
-#include "dialogs/property/PropertyTypeAdapter.h"
 #include "dialogs/variableops/LoadVariablesDialog.h"
 #include "ui_DataSetInfoDialog.h"
 
@@ -47,21 +47,12 @@ using sdk::ui::propertymanager::RelevanceInterface;
 using sdk::ui::propertymanager::TimeStrandDecorator;
 using sdk::ui::propertymanager::TransientZoneRelevance;
 using sdk::ui::propertymanager::UIStylePropertyAbstract;
+using sdk::ui::propertymanager::ZoneDimensionText;
 using sdk::ui::propertymanager::ZoneKDimensionRelevance;
 using sdk::ui::propertymanager::ZoneMetricDeferredRelevance;
 using sdk::ui::propertymanager::ZoneVarInfoPropertiesManager;
 
 namespace {
-
-std::string dimensionText(long long dimension)
-{
-    return dimension == -1 ? std::string() : wholeNumberToText(dimension);
-}
-
-long long dimensionOf(std::string const& text)
-{
-    return text.empty() ? -1 : textToWholeNumber(text);
-}
 
 // The status as it is told to the user.
 boost::shared_ptr<PropertyAbstract<std::string>>
@@ -205,8 +196,8 @@ void ZoneVarInfoPage::Impl::bindDimensions()
     for (std::size_t place = 0; place < dimensionRows.size(); ++place) {
         bindLabel(*dimensionRows[place].label, manager.zoneDimensionLabels().label(place));
         bindText(*dimensionRows[place].field,
-                 boost::make_shared<PropertyTypeAdapter<std::string, long long>>(
-                     manager.zoneDimensions().dimension(place), &dimensionText, &dimensionOf));
+                 boost::make_shared<ZoneDimensionText>(manager.zoneDimensions().dimension(place),
+                                                       manager.zoneDimensionLabels().label(place)));
     }
 }
 

@@ -1,5 +1,6 @@
 #include "dialogs/property/CurrentFrame.h"
 
+#include "dialogs/property/AskedAgain.h"
 #include "platform/vdsdkbase/VelUtilDataSet.h"
 #include "platform/vdsdkbase/VelUtilFrame.h"
 #include "platform/vdsdkbase/VelUtilPage.h"
@@ -8,8 +9,7 @@ namespace veldraw::sdk::ui::propertymanager {
 
 long long currentFrameID()
 {
-    long long const frame = VelUtilFrameGetUniqueID();
-    return frame != 0 ? frame : VelUtilFrameGetUniqueID();
+    return askedAgain(VelUtilFrameGetUniqueID);
 }
 
 bool hasCurrentFrame()

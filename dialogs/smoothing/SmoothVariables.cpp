@@ -1,6 +1,7 @@
 #include "dialogs/smoothing/SmoothVariables.h"
 
 #include "dialogs/models/DrawingStateChange.h"
+#include "dialogs/property/AskedAgain.h"
 #include "platform/styleproperties/StyleValue.h"
 #include "platform/vdsdkbase/VelUtilFrame.h"
 #include "platform/vdsdkcommon/DataSetQueries.h"
@@ -9,6 +10,7 @@
 
 namespace veldraw::dialogs::data {
 
+using sdk::ui::propertymanager::askedAgain;
 using toolbox::Set;
 using toolbox::StyleValue;
 
@@ -21,11 +23,9 @@ std::optional<long long> valueOfLineMap(StyleValue const& assignments, char cons
     return isKnown ? std::optional(value) : std::nullopt;
 }
 
-// Asked once more when there is none: a list that goes by a question that has failed would be empty until the next change.
 int plotTypeOf(long long frameUniqueId)
 {
-    int const plotType = VelUtilFrameGetPlotTypeForFrame(frameUniqueId);
-    return plotType != 0 ? plotType : VelUtilFrameGetPlotTypeForFrame(frameUniqueId);
+    return askedAgain([=] { return VelUtilFrameGetPlotTypeForFrame(frameUniqueId); });
 }
 
 // What a line map cannot tell adds nothing.

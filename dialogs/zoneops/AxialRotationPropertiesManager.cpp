@@ -109,7 +109,7 @@ int assignedVariable(std::string const& title, char assignment)
     return variable;
 }
 
-// The position itself counts as no vector: it is turned anyway.
+// The position itself counts as no vector: it is rotated anyway.
 bool readVector(std::string const& title, int const xyz[3], bool is3D, int uvw[3])
 {
     uvw[0] = assignedVariable(title, 'U');

@@ -61,8 +61,8 @@ bool transform(DataSet const& dataSet, ArgumentList const& arguments)
     FourierTransform operation(dataSet, isNumber ? static_cast<int>(*independent) : 0, *dependents, *sources, choice);
     bool const isDone = session().perform(operation);
     if (isDone) {
-        zones->members.swap(operation.resultZones());
-        variables->members.swap(operation.resultVariables());
+        zones->members = std::move(operation.resultZones());
+        variables->members = std::move(operation.resultVariables());
     }
     return isDone;
 }

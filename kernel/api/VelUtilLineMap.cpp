@@ -32,7 +32,7 @@ NumberSet allMaps(Frame const& frame)
 {
     NumberSet numbers;
     for (int number = 1; number <= static_cast<int>(frame.lineMaps.size()); ++number) {
-        numbers.insert(numbers.end(), number);
+        numbers.insert(number);
     }
     return numbers;
 }

@@ -9,6 +9,7 @@ namespace veldraw::kernel {
 namespace {
 
 constexpr std::int64_t effortOfRoot = 4;
+constexpr double bytesOfBin = sizeof(RealTransform::Bin);
 
 /// The smallest multiple of 32 from @p least on that has no other factors than 2, 3 and 5: FFTW is quickest with these.
 std::int64_t smoothLength(std::int64_t least)
@@ -36,22 +37,37 @@ std::int64_t ChirpTransform::paddedLength(std::int64_t length)
     return smoothLength(length + length / 2); // differences k - n from 1 - length to length / 2
 }
 
+double ChirpTransform::bytesOfTables(std::int64_t length)
+{
+    std::int64_t const padded = paddedLength(length);
+    return bytesOfBin * static_cast<double>(length + padded) + FourierTable::bytesOf(padded);
+}
+
+double ChirpTransform::bytesOfRoom(std::int64_t length)
+{
+    return bytesOfBin * static_cast<double>(paddedLength(length));
+}
+
+double ChirpTransform::bytesOfThread(std::int64_t length)
+{
+    return FourierTable::bytesOfThread(paddedLength(length));
+}
+
 std::int64_t ChirpTransform::effortOfTables(std::int64_t length)
 {
-    return (effortOfRoot + 1) * length + LongTransform::effortOf(paddedLength(length));
+    return effortOfRoot * length + 2 * FourierTable::effortOfLine * paddedLength(length);
 }
 
 std::int64_t ChirpTransform::effortOfRun(std::int64_t length)
 {
-    std::int64_t const padded = paddedLength(length);
-    return 2 * padded + 2 * LongTransform::effortOf(padded) + length / 2;
+    return 4 * FourierTable::effortOfLine * paddedLength(length);
 }
 
-ChirpTransform::ChirpTransform(std::int64_t length, Progress& progress, std::int64_t longest)
+ChirpTransform::ChirpTransform(std::int64_t length, Progress& progress)
     : RealTransform(length)
-    , m_convolution(paddedLength(length), longest)
+    , m_table(paddedLength(length))
     , m_chirp(static_cast<std::size_t>(length))
-    , m_filter(static_cast<std::size_t>(m_convolution.length()))
+    , m_filter(static_cast<std::size_t>(paddedLength(length)))
 {
     makeChirp(progress);
     makeFilter(progress);
@@ -68,11 +84,12 @@ void ChirpTransform::makeChirp(Progress& progress)
         starts.push_back(square);
         square = (square + static_cast<std::uint64_t>(2 * first + blockLength) * blockLength) % turn;
     }
+    UnitRoots const roots(turn);
     forEachChecked(static_cast<std::int64_t>(starts.size()), progress, [&](std::int64_t block) {
         std::uint64_t number = starts[static_cast<std::size_t>(block)];
         std::int64_t const first = block * blockLength;
         for (std::int64_t n = first; n < std::min(first + blockLength, length()); ++n) {
-            m_chirp[static_cast<std::size_t>(n)] = unitRoot(number, turn);
+            m_chirp[static_cast<std::size_t>(n)] = roots.at(number);
             number = (number + 2 * static_cast<std::uint64_t>(n) + 1) % turn;
         }
     });
@@ -81,40 +98,79 @@ void ChirpTransform::makeChirp(Progress& progress)
 
 void ChirpTransform::makeFilter(Progress& progress)
 {
-    std::size_t const size = m_filter.size();
-    ZeroedArray<Bin> lags(size);
+    std::int64_t const size = paddedLength(length());
+    std::int64_t const columns = m_table.columns();
     double const share = 1.0 / static_cast<double>(size);
-    Bin* const end = lags.end();
-    forEachChecked(length(), progress, [&](std::int64_t lag) {
-        Bin const inverse = std::conj(m_chirp[static_cast<std::size_t>(lag)]) * share;
-        if (lag <= length() / 2) {
-            lags[static_cast<std::size_t>(lag)] = inverse;
-        }
-        if (lag > 0) {
-            end[-lag] = inverse; // negative ones stand at the end
+    transformColumns(m_filter.begin(), progress,
+                     [&](std::int64_t row, std::int64_t first, std::int64_t count, Bin* values) {
+                         for (std::int64_t at = 0; at < count; ++at) {
+                             std::int64_t const number = row * columns + first + at;
+                             std::int64_t const lag = number <= length() / 2 ? number : size - number;
+                             values[at] = lag < length() ? std::conj(m_chirp[static_cast<std::size_t>(lag)]) * share
+                                                         : Bin(); // negative lags stand at the end
+                         }
+                     });
+    m_table.forEachRow(progress, 1, [&](std::int64_t first, std::int64_t count, Bin* results) {
+        for (std::int64_t row = first; row < first + count; ++row) {
+            Bin* const values = m_filter.begin() + row * columns;
+            m_table.transformRow(values, results);
+            std::copy_n(results, columns, values);
         }
     });
-    progress.advance(length());
-    m_convolution.run(lags.begin(), m_filter.begin(), progress);
 }
 
-void ChirpTransform::transform(double* signal, Bin* bins, Bin* room, Progress& progress) const
+template <typename Load>
+void ChirpTransform::transformColumns(Bin* numbers, Progress& progress, Load const& load) const
 {
-    std::int64_t const size = m_convolution.length();
-    Bin* const first = room;
-    Bin* const second = room + size;
+    m_table.forEachColumn(progress, load, [&](std::int64_t row, std::int64_t first, std::int64_t count, Bin* values) {
+        m_table.turn(row, first, count, values);
+        std::copy_n(values, count, numbers + row * m_table.columns() + first);
+    });
+}
+
+/// The way back is a transform too, of conjugates.
+void ChirpTransform::filter(Bin* numbers, Progress& progress) const
+{
+    std::int64_t const columns = m_table.columns();
+    m_table.forEachRow(progress, 2, [&](std::int64_t first, std::int64_t count, Bin* bins) {
+        for (std::int64_t row = first; row < first + count; ++row) {
+            Bin* const values = numbers + row * columns;
+            Bin const* const factors = m_filter.begin() + row * columns;
+            m_table.transformRow(values, bins);
+            for (std::int64_t at = 0; at < columns; ++at) {
+                bins[at] = std::conj(product(bins[at], factors[at]));
+            }
+            m_table.transformRow(bins, values);
+        }
+    });
+}
+
+void ChirpTransform::transform(double* numbers, Bin* room, Progress& progress) const
+{
+    auto* const bins = reinterpret_cast<Bin*>(numbers);
+    std::int64_t const columns = m_table.columns();
     Bin const* const chirp = m_chirp.begin();
-    Bin const* const filter = m_filter.begin();
-    forEachChecked(size, progress, [&](std::int64_t n) { first[n] = n < length() ? chirp[n] * signal[n] : Bin(); });
-    progress.advance(size);
-    m_convolution.run(first, second, progress);
-    // The way back is a transform too, of conjugates.
-    forEachChecked(size, progress, [&](std::int64_t k) { second[k] = std::conj(product(second[k], filter[k])); });
-    progress.advance(size);
-    m_convolution.run(second, first, progress);
-    forEachChecked(length() / 2 + 1, progress,
-                   [&](std::int64_t k) { bins[k] = product(chirp[k], std::conj(first[k])); });
-    progress.advance(length() / 2);
+    transformColumns(room, progress, [&](std::int64_t row, std::int64_t first, std::int64_t count, Bin* values) {
+        std::int64_t const start = row * columns + first;
+        std::int64_t const inside = std::clamp<std::int64_t>(length() - start, 0, count);
+        for (std::int64_t at = 0; at < inside; ++at) {
+            values[at] = chirp[start + at] * numbers[start + at];
+        }
+        std::fill(values + inside, values + count, Bin());
+    });
+    filter(room, progress);
+    m_table.forEachColumn(
+        progress,
+        [&](std::int64_t row, std::int64_t first, std::int64_t count, Bin* values) {
+            std::copy_n(room + row * columns + first, count, values);
+            m_table.turn(row, first, count, values);
+        },
+        [&](std::int64_t row, std::int64_t first, std::int64_t count, Bin* values) {
+            std::int64_t const start = row * columns + first;
+            for (std::int64_t at = 0; at < std::min(count, length() / 2 + 1 - start); ++at) {
+                bins[start + at] = product(chirp[start + at], std::conj(values[at]));
+            }
+        });
 }
 
 } // namespace veldraw::kernel

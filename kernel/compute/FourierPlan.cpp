@@ -51,9 +51,9 @@ public:
         auto const count = static_cast<int>(length);
         constexpr unsigned flags = FFTW_ESTIMATE | FFTW_DESTROY_INPUT;
         if (isReal) {
-            ZeroedArray<double> signal(size);
             requireMemoryForPlanner(bytesOfReal(length));
-            m_plan = fftw_plan_dft_r2c_1d(count, signal.begin(), asLibrary(bins.begin()), flags);
+            auto* const signal = reinterpret_cast<double*>(bins.begin());
+            m_plan = fftw_plan_dft_r2c_1d(count, signal, asLibrary(bins.begin()), flags);
         } else {
             ZeroedArray<Bin> signal(size);
             requireMemoryForPlanner(bytesOfComplex(length));
@@ -70,7 +70,10 @@ public:
         fftw_destroy_plan(m_plan);
     }
 
-    void run(double* signal, Bin* bins) const override { fftw_execute_dft_r2c(m_plan, signal, asLibrary(bins)); }
+    void run(double* numbers) const override
+    {
+        fftw_execute_dft_r2c(m_plan, numbers, reinterpret_cast<fftw_complex*>(numbers));
+    }
 
     void run(Bin* signal, Bin* bins) const override { fftw_execute_dft(m_plan, asLibrary(signal), asLibrary(bins)); }
 

@@ -2,17 +2,15 @@
 
 #include "kernel/base/Progress.h"
 #include "kernel/compute/FourierPlan.h"
-#include "kernel/compute/UnitRoots.h"
+#include "kernel/compute/FourierTable.h"
 
-#include <cstddef>
 #include <optional>
 
 namespace veldraw::kernel {
 
 /// Transforms complex signals of any length without large prime factors, on all cores, and can be cancelled on the way.
 ///
-/// A long one is laid out as a table, whose columns and rows are transformed one after the other, with a factor for each number
-/// in between (Gentleman and Sande 1966, "Fast Fourier transforms for fun and profit").
+/// A long one is laid out as a FourierTable.
 class LongTransform
 {
 public:
@@ -30,7 +28,7 @@ public:
     static double bytesOfThread(std::int64_t length);
 
     /// Units by which run() advances the progress: one is about the time that it takes to read a value.
-    static std::int64_t effortOf(std::int64_t length) { return 2 * effortOfLine * length; }
+    static std::int64_t effortOf(std::int64_t length) { return 2 * FourierTable::effortOfLine * length; }
 
     std::int64_t length() const { return m_length; }
 
@@ -38,17 +36,12 @@ public:
     void run(Bin* signal, Bin* bins, Progress& progress) const;
 
 private:
-    static constexpr std::int64_t effortOfLine = 4; // for each of its values
-
     void transformColumns(Bin* signal, Progress& progress) const;
     void transformRows(Bin* signal, Bin* bins, Progress& progress) const;
 
     std::int64_t m_length;
-    std::int64_t m_columns = 1; // of the table; 1 for a transform as a whole
-    std::int64_t m_rows;
-    std::shared_ptr<FourierPlan const> m_planOfColumn;
-    std::shared_ptr<FourierPlan const> m_planOfRow;
-    std::optional<UnitRoots> m_roots;
+    std::shared_ptr<FourierPlan const> m_whole; // or
+    std::optional<FourierTable> m_table;
 };
 
 } // namespace veldraw::kernel

@@ -1,8 +1,8 @@
 #include "kernel/compute/NeighborSearch.h"
 
+#include "kernel/compute/FamilyLooks.h"
+#include "kernel/compute/LeafVicinity.h"
 #include "kernel/compute/NearestList.h"
-#include "kernel/compute/SearchTree.h"
-#include "kernel/compute/WideLanes.h"
 
 #include <algorithm>
 #include <array>
@@ -16,16 +16,6 @@ constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr std::size_t width = familyWidth;
 constexpr std::size_t mostLevels = 12;
 constexpr std::size_t looksBetweenChecks = 4096;
-
-/// Which boxes and points lie on which sides of a target: a bit for each octant.
-template <std::size_t Axes>
-struct Sides
-{
-    static constexpr unsigned all = (1U << (1U << Axes)) - 1U;
-};
-
-/// The octants in which the coordinate along an axis is not negative.
-constexpr std::array<unsigned, 3> upperOctants{0xaaU, 0xccU, 0xf0U};
 
 /// The nearest N of all points.
 struct NearestResult
@@ -105,47 +95,6 @@ VELDRAW_INLINE unsigned octantsOf(std::uint64_t node)
     return static_cast<unsigned>(node >> 48U);
 }
 
-/// Squared distances from a target to the eight boxes of a family, and the octants that each box reaches into.
-template <std::size_t Axes, bool NeedsOctants>
-VELDRAW_INLINE void measureBoxes(double const* family, double const* target, double* squares, unsigned* octants)
-{
-    for (std::size_t child = 0; child < width; ++child) {
-        squares[child] = 0.0;
-        octants[child] = Sides<Axes>::all;
-    }
-    for (std::size_t axis = 0; axis < Axes; ++axis) {
-        double const* const low = family + 2 * axis * width;
-        double const* const high = low + width;
-        double const at = target[axis];
-        for (std::size_t child = 0; child < width; ++child) {
-            double const below = low[child] - at;
-            double const above = at - high[child];
-            double const positive = below > above ? below : above;
-            double const distance = positive > 0.0 ? positive : 0.0;
-            squares[child] += distance * distance;
-        }
-        if constexpr (NeedsOctants) {
-            for (std::size_t child = 0; child < width; ++child) {
-                unsigned const reached =
-                    (high[child] >= at ? upperOctants[axis] : 0U) | (low[child] < at ? ~upperOctants[axis] : 0U);
-                octants[child] &= reached;
-            }
-        }
-    }
-}
-
-/// A bit for each square that is finite and not above a limit: most are, so that looking at them one by one would be slow.
-VELDRAW_INLINE unsigned hits(double const* squares, double limit)
-{
-    constexpr double largest = std::numeric_limits<double>::max();
-    double const bound = limit < largest ? limit : largest;
-    unsigned bits = 0;
-    for (std::size_t at = 0; at < width; ++at) {
-        bits |= static_cast<unsigned>(squares[at] <= bound) << at;
-    }
-    return bits;
-}
-
 template <std::size_t Axes, typename Result>
 VELDRAW_INLINE void lookAtLeaf(SearchTree<Axes> const& tree, std::size_t leaf, double const* target, Result& result)
 {
@@ -217,6 +166,38 @@ VELDRAW_INLINE bool search(SearchTree<Axes> const& tree, double const* target, P
     return true;
 }
 
+/// Looks at the leaves of a vicinity alone.
+template <std::size_t Axes>
+VELDRAW_INLINE void search(SearchTree<Axes> const& tree, LeafVicinity<Axes> const& vicinity, double const* target,
+                           NearestResult& result)
+{
+    for (std::size_t family = 0; family < vicinity.familyCount(); ++family) {
+        double squares[width];
+        unsigned octants[width];
+        measureBoxes<Axes, false>(vicinity.family(family), target, squares, octants);
+        for (unsigned left = hits(squares, result.worst(0)); left != 0; left &= left - 1) {
+            auto const child = static_cast<unsigned>(__builtin_ctz(left));
+            if (squares[child] <= result.worst(0)) {
+                lookAtLeaf(tree, vicinity.leaf(family, child), target, result);
+            }
+        }
+    }
+}
+
+VELDRAW_WIDE_LANES("avx2")
+void searchNear(SearchTree<2> const& tree, LeafVicinity<2> const& vicinity, double const* target,
+                NearestResult& result) noexcept
+{
+    search(tree, vicinity, target, result);
+}
+
+VELDRAW_WIDE_LANES("avx2")
+void searchNear(SearchTree<3> const& tree, LeafVicinity<3> const& vicinity, double const* target,
+                NearestResult& result) noexcept
+{
+    search(tree, vicinity, target, result);
+}
+
 VELDRAW_WIDE_LANES("avx2")
 bool searchTree(SearchTree<2> const& tree, double const* target, Progress const& progress,
                 NearestResult& result) noexcept
@@ -282,11 +263,12 @@ public:
         bool const isOctant = choice.selection == PtSelection_Octant;
         NearestResult nearest;
         OctantResult octants;
+        LeafVicinity<Axes> vicinity;
         for (std::size_t target = 0; target < count; ++target) {
             if (isOctant) {
                 findInOctants(targets + target * Axes, choice.count, octants, progress, found);
             } else {
-                findNearest(targets + target * Axes, choice.count, nearest, progress, found);
+                findNearest(targets + target * Axes, choice.count, nearest, vicinity, progress, found);
             }
             found.begins.push_back(found.neighbors.size());
         }
@@ -318,12 +300,17 @@ private:
         return bound;
     }
 
-    void findNearest(double const* target, std::int64_t count, NearestResult& result, Progress const& progress,
-                     Neighborhoods& found) const
+    void findNearest(double const* target, std::int64_t count, NearestResult& result, LeafVicinity<Axes>& vicinity,
+                     Progress const& progress, Neighborhoods& found) const
     {
         auto const capacity = static_cast<std::size_t>(std::min<std::int64_t>(count, size()));
-        result.nearest.reset(capacity, boundFor(target, capacity, found), m_tree.points);
-        throwUnless(searchTree(m_tree, target, progress, result));
+        double const bound = boundFor(target, capacity, found);
+        result.nearest.reset(capacity, bound, m_tree.points);
+        if (vicinity.isReadyFor(m_tree, target, bound)) {
+            searchNear(m_tree, vicinity, target, result);
+        } else {
+            throwUnless(searchTree(m_tree, target, progress, result));
+        }
         result.nearest.sort(progress);
         found.neighbors.insert(found.neighbors.end(), result.nearest.list().begin(), result.nearest.list().end());
     }

@@ -58,10 +58,10 @@ public:
     std::size_t roomSize() const override { return 0; }
 
 private:
-    void transform(double* signal, Bin* bins, Bin*, Progress& progress) const override
+    void transform(double* numbers, Bin*, Progress& progress) const override
     {
         progress.check();
-        m_plan->run(signal, bins);
+        m_plan->run(numbers);
         progress.advance(effortOfWhole * length());
     }
 
@@ -83,10 +83,11 @@ public:
     std::size_t roomSize() const override { return static_cast<std::size_t>(m_half.length()); }
 
 private:
-    void transform(double* signal, Bin* bins, Bin* room, Progress& progress) const override
+    void transform(double* numbers, Bin* room, Progress& progress) const override
     {
         std::int64_t const half = m_half.length();
-        m_half.run(reinterpret_cast<Bin*>(signal), room, progress);
+        auto* const bins = reinterpret_cast<Bin*>(numbers);
+        m_half.run(bins, room, progress);
         forEachChecked(half + 1, progress, [&](std::int64_t k) {
             Bin const forward = room[k % half];
             Bin const backward = std::conj(room[(half - k) % half]);
@@ -108,7 +109,7 @@ std::unique_ptr<RealTransform const> RealTransform::make(std::int64_t length, Pr
     progress.check();
     switch (kindOf(length, longest)) {
     case Kind::Convolution:
-        return std::make_unique<ChirpTransform>(length, progress, longest);
+        return std::make_unique<ChirpTransform>(length, progress);
     case Kind::Packed:
         return std::make_unique<PackedTransform>(length, longest);
     case Kind::Whole:
@@ -118,22 +119,22 @@ std::unique_ptr<RealTransform const> RealTransform::make(std::int64_t length, Pr
 }
 
 /// The sums of bins without a partner are real; what rounding has left there would turn the phase of a negative one to -180.
-void RealTransform::run(double* signal, Bin* bins, Bin* room, Progress& progress) const
+RealTransform::Bin* RealTransform::run(double* numbers, Bin* room, Progress& progress) const
 {
-    transform(signal, bins, room, progress);
+    transform(numbers, room, progress);
+    auto* const bins = reinterpret_cast<Bin*>(numbers);
     bins[0].imag(0.0);
     if (m_length % 2 == 0) {
         bins[m_length / 2].imag(0.0);
     }
+    return bins;
 }
 
 double RealTransform::bytesOfTables(std::int64_t length)
 {
     switch (kindOf(length)) {
-    case Kind::Convolution: {
-        std::int64_t const padded = ChirpTransform::paddedLength(length);
-        return bytesOfBin * static_cast<double>(length + padded) + LongTransform::bytesOfTables(padded);
-    }
+    case Kind::Convolution:
+        return ChirpTransform::bytesOfTables(length);
     case Kind::Packed:
         return LongTransform::bytesOfTables(length / 2) + UnitRoots::bytesOf(length);
     case Kind::Whole:
@@ -146,7 +147,7 @@ double RealTransform::bytesOfRoom(std::int64_t length)
 {
     switch (kindOf(length)) {
     case Kind::Convolution:
-        return bytesOfBin * 2.0 * static_cast<double>(ChirpTransform::paddedLength(length));
+        return ChirpTransform::bytesOfRoom(length);
     case Kind::Packed:
         return bytesOfBin * static_cast<double>(length / 2);
     case Kind::Whole:
@@ -159,7 +160,7 @@ double RealTransform::bytesOfThread(std::int64_t length)
 {
     switch (kindOf(length)) {
     case Kind::Convolution:
-        return LongTransform::bytesOfThread(ChirpTransform::paddedLength(length));
+        return ChirpTransform::bytesOfThread(length);
     case Kind::Packed:
         return LongTransform::bytesOfThread(length / 2);
     case Kind::Whole:

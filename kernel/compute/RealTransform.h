@@ -12,7 +12,7 @@ namespace veldraw::kernel {
 /// The discrete Fourier transform of real signals of one length, whatever its prime factors:
 ///
 ///     auto const transform = RealTransform::make(1000, progress);
-///     transform->run(signal, bins, room, progress);
+///     Bin* const bins = transform->run(numbers, room, progress);
 ///
 /// Bin k, from 0 to length / 2, is the sum of x[n] exp(-2 pi i k n / length); the others are the conjugates of these. Bin 0 and,
 /// of an even length, the last one are real. Results do not depend on the number of threads. Several threads may use a transform at
@@ -44,9 +44,11 @@ public:
     /// How many numbers run() needs room for.
     virtual std::size_t roomSize() const = 0;
 
-    /// All arrays begin at multiples of 16 bytes. @param signal is lost; @param room of roomSize() numbers
+    /// Puts the bins in the place of a signal. Both arrays begin at multiples of 16 bytes.
+    /// @param numbers the signal, with room for the bins: two numbers each; @param room of roomSize() complex numbers
+    /// @return the bins
     /// @throws Interrupted, std::bad_alloc
-    void run(double* signal, Bin* bins, Bin* room, Progress& progress) const;
+    Bin* run(double* numbers, Bin* room, Progress& progress) const;
 
 protected:
     explicit RealTransform(std::int64_t length)
@@ -58,7 +60,7 @@ protected:
 
 private:
     /// Writes the bins for run(). Those that are real may have some rounding in their imaginary parts.
-    virtual void transform(double* signal, Bin* bins, Bin* room, Progress& progress) const = 0;
+    virtual void transform(double* numbers, Bin* room, Progress& progress) const = 0;
 
     std::int64_t m_length;
 };

@@ -51,6 +51,7 @@ struct SmallKriging::Systems
     std::size_t count = 0;
     LaneArray places;                                    ///< point, axis
     LaneArray factor;                                    ///< row, column: L, with the inverses of its diagonal
+    LaneArray pivots;                                    ///< row
     LaneArray basis;                                     ///< term, point: Q
     Lanes triangle[mostDriftTerms][mostDriftTerms] = {}; ///< R
     Lanes origin[3] = {};                                ///< of the drift
@@ -91,28 +92,52 @@ VELDRAW_INLINE Lanes covariance(Systems const& systems, Lanes const& distance)
     return (1.0 - systems.model.nugget) * (1.0 - fraction * (1.5 - 0.5 * fraction * fraction));
 }
 
-/// The rows of L, one after the other (A.-L. Cholesky).
-template <std::size_t Axes>
-VELDRAW_INLINE void factorizeCovariances(Systems& systems)
+/// Some rows of a column of L.
+template <std::size_t Axes, std::size_t Rows>
+VELDRAW_INLINE void factorizeRows(Systems& systems, std::size_t column, std::size_t first)
 {
     std::size_t const count = systems.count;
     Lanes* const factor = systems.factor.data();
+    alignas(sizeof(Lanes)) Lanes rests[Rows];
+    for (std::size_t row = 0; row < Rows; ++row) {
+        rests[row] =
+            covariance(systems, distance<Axes>(&systems.places[(first + row) * Axes], &systems.places[column * Axes]));
+    }
+    for (std::size_t before = 0; before < column; ++before) {
+        Lanes const shared = factor[column * count + before];
+        for (std::size_t row = 0; row < Rows; ++row) {
+            rests[row] -= factor[(first + row) * count + before] * shared;
+        }
+    }
+    for (std::size_t row = 0; row < Rows; ++row) {
+        Lanes const number = rests[row] * factor[column * count + column];
+        factor[(first + row) * count + column] = number;
+        systems.pivots[first + row] -= number * number;
+    }
+}
+
+/// The columns of L, one after the other (A.-L. Cholesky). Some rows at a time, as each step of a sum waits for the one before.
+template <std::size_t Axes>
+VELDRAW_INLINE void factorizeCovariances(Systems& systems)
+{
+    constexpr std::size_t rowsAtOnce = 4;
+    std::size_t const count = systems.count;
     systems.smallestPivot = Lanes{} + 1.0;
     for (std::size_t row = 0; row < count; ++row) {
-        Lanes pivot = Lanes{} + 1.0;
-        for (std::size_t column = 0; column < row; ++column) {
-            Lanes rest =
-                covariance(systems, distance<Axes>(&systems.places[row * Axes], &systems.places[column * Axes]));
-            for (std::size_t before = 0; before < column; ++before) {
-                rest -= factor[row * count + before] * factor[column * count + before];
-            }
-            rest *= factor[column * count + column];
-            factor[row * count + column] = rest;
-            pivot -= rest * rest;
-        }
+        systems.pivots[row] = Lanes{} + 1.0;
+    }
+    for (std::size_t column = 0; column < count; ++column) {
+        Lanes const pivot = systems.pivots[column];
         systems.smallestPivot = pivot < systems.smallestPivot ? pivot : systems.smallestPivot;
         Lanes const usable = pivot > leastPivot ? pivot : Lanes{} + 1.0;
-        factor[row * count + row] = 1.0 / rootOf(usable);
+        systems.factor[column * count + column] = 1.0 / rootOf(usable);
+        std::size_t row = column + 1;
+        for (; row + rowsAtOnce <= count; row += rowsAtOnce) {
+            factorizeRows<Axes, rowsAtOnce>(systems, column, row);
+        }
+        for (; row < count; ++row) {
+            factorizeRows<Axes, 1>(systems, column, row);
+        }
     }
 }
 
@@ -120,12 +145,12 @@ VELDRAW_INLINE void factorizeCovariances(Systems& systems)
 VELDRAW_INLINE void solveForward(Systems const& systems, Lanes* numbers)
 {
     std::size_t const count = systems.count;
-    for (std::size_t row = 0; row < count; ++row) {
-        Lanes rest = numbers[row];
-        for (std::size_t column = 0; column < row; ++column) {
-            rest -= systems.factor[row * count + column] * numbers[column];
+    for (std::size_t column = 0; column < count; ++column) {
+        Lanes const number = numbers[column] * systems.factor[column * count + column];
+        numbers[column] = number;
+        for (std::size_t row = column + 1; row < count; ++row) {
+            numbers[row] -= systems.factor[row * count + column] * number;
         }
-        numbers[row] = rest * systems.factor[row * count + row];
     }
 }
 
@@ -288,6 +313,7 @@ void SmallKriging::setPointCount(std::size_t count)
     m_systems->count = count;
     m_systems->places.resize(count * m_systems->axes);
     m_systems->factor.resize(count * count);
+    m_systems->pivots.resize(count);
     m_systems->basis.resize(m_systems->terms * count);
     m_systems->solution.resize(count);
 }

@@ -26,21 +26,24 @@ std::complex<double> unitRoot(std::uint64_t number, std::uint64_t count)
 }
 
 UnitRoots::UnitRoots(std::uint64_t count)
-    : m_step(static_cast<std::uint64_t>(std::ceil(std::sqrt(static_cast<double>(count)))))
 {
-    m_fine.reserve(m_step);
-    m_coarse.reserve(m_step);
-    for (std::uint64_t number = 0; number < m_step; ++number) {
+    while (std::uint64_t{1} << 2 * m_shift < count) {
+        ++m_shift;
+    }
+    std::uint64_t const step = std::uint64_t{1} << m_shift;
+    m_fine.reserve(step);
+    m_coarse.reserve(count / step + 1);
+    for (std::uint64_t number = 0; number < step; ++number) {
         m_fine.push_back(unitRoot(number, count));
     }
-    for (std::uint64_t number = 0; number < count; number += m_step) {
+    for (std::uint64_t number = 0; number < count; number += step) {
         m_coarse.push_back(unitRoot(number, count));
     }
 }
 
 double UnitRoots::bytesOf(std::int64_t count)
 {
-    return 2.0 * static_cast<double>(sizeof(std::complex<double>)) * std::ceil(std::sqrt(static_cast<double>(count)));
+    return 3.0 * static_cast<double>(sizeof(std::complex<double>)) * std::ceil(std::sqrt(static_cast<double>(count)));
 }
 
 } // namespace veldraw::kernel

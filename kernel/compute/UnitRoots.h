@@ -28,11 +28,11 @@ public:
     /// @param number below count
     std::complex<double> at(std::uint64_t number) const
     {
-        return product(m_coarse[number / m_step], m_fine[number % m_step]);
+        return product(m_coarse[number >> m_shift], m_fine[number & (m_fine.size() - 1)]);
     }
 
 private:
-    std::uint64_t m_step;
+    unsigned m_shift = 0; // of the number of fine ones, a power of two
     std::vector<std::complex<double>> m_fine;
     std::vector<std::complex<double>> m_coarse;
 };

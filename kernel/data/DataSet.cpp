@@ -1,5 +1,7 @@
 #include "kernel/data/DataSet.h"
 
+#include "kernel/data/ZonesAhead.h"
+
 namespace veldraw::kernel {
 
 namespace {
@@ -23,28 +25,18 @@ int numberOf(std::vector<std::shared_ptr<Element>> const& elements, UniqueId id)
     return 0;
 }
 
-template <typename Element>
-NumberSet enabledOf(std::vector<std::shared_ptr<Element>> const& elements)
-{
-    NumberSet numbers;
-    for (std::size_t at = 0; at < elements.size(); ++at) {
-        if (elements[at]->enabled) {
-            numbers.insert(numbers.end(), static_cast<int>(at) + 1);
-        }
-    }
-    return numbers;
-}
-
 } // namespace
 
 DataSet::DataSet(std::string title)
     : m_id(nextUniqueId())
     , m_title(std::move(title))
+    , m_ranges(*this)
 {
 }
 
 std::shared_ptr<Zone> DataSet::zone(int number) const
 {
+    prepareZonesBehind(m_zones, static_cast<std::size_t>(number)); // too far ahead for a bad one
     return elementAt(m_zones, number);
 }
 
@@ -84,12 +76,25 @@ int DataSet::findVariable(std::string const& name) const
 
 NumberSet DataSet::enabledZones() const
 {
-    return enabledOf(m_zones);
+    NumberSet numbers;
+    for (std::size_t at = 0; at < m_zones.size(); ++at) {
+        prepareZonesBehind(m_zones, at);
+        if (m_zones[at]->enabled) {
+            numbers.insert(static_cast<int>(at) + 1);
+        }
+    }
+    return numbers;
 }
 
 NumberSet DataSet::enabledVariables() const
 {
-    return enabledOf(m_variables);
+    NumberSet numbers;
+    for (std::size_t at = 0; at < m_variables.size(); ++at) {
+        if (m_variables[at]->enabled) {
+            numbers.insert(static_cast<int>(at) + 1);
+        }
+    }
+    return numbers;
 }
 
 int DataSet::addVariable(std::shared_ptr<Variable> variable)

@@ -3,6 +3,7 @@
 #include "kernel/base/Identifier.h"
 #include "kernel/base/NumberSet.h"
 #include "kernel/data/AuxiliaryData.h"
+#include "kernel/data/RangesOverZones.h"
 #include "kernel/data/TransformRecord.h"
 #include "kernel/data/Variable.h"
 #include "kernel/data/Zone.h"
@@ -67,6 +68,9 @@ public:
     /// Appends a zone. It gets a passive field for each variable for which it has none. @return its number
     int addZone(std::shared_ptr<Zone> zone);
 
+    /// The ranges of variables over all enabled zones.
+    RangesOverZones& ranges() { return m_ranges; }
+
     /// Name of the lock's holder, empty when the data set is not locked.
     std::string const& lockHolder() const { return m_lockHolder; }
     void setLockHolder(std::string holder) { m_lockHolder = std::move(holder); }
@@ -98,6 +102,7 @@ private:
     AuxiliaryData m_auxiliaryData;
     TransformRecord m_transformRecord;
     std::vector<LoaderInstructions> m_loaderInstructions;
+    RangesOverZones m_ranges;
 };
 
 } // namespace veldraw::kernel

@@ -57,7 +57,7 @@ void DeferredLoad::addField(int zone, int variable)
     field.group()->noteUse();
     m_needed.insert(field.group().get());
     if (!field.isLoaded() && m_placesOfValues.try_emplace(field.group().get(), m_values.size()).second) {
-        m_values.push_back({field.group().get(), m_dataSet.zone(zone), field.location(), {}});
+        m_values.push_back({field.group().get(), m_dataSet.zone(zone), field.location(), {}, {}});
     }
 }
 
@@ -77,7 +77,9 @@ void DeferredLoad::load(Progress& progress)
     progress.setTotal(total);
     for (Values& values : m_values) {
         if (!values.buffer) {
-            values.buffer = loadValues(values, progress);
+            std::shared_ptr<Buffer> loaded = loadValues(values, progress);
+            values.range = rangeOf(values, *loaded, progress);
+            values.buffer = std::move(loaded);
         }
     }
 }
@@ -91,6 +93,19 @@ std::shared_ptr<Buffer> DeferredLoad::loadValues(Values const& values, Progress&
     progress.check();
     progress.advance(size - std::min(size, progress.done() - before));
     return buffer;
+}
+
+/// The range of loaded values, so that nobody who asks for it on another thread has to wait. Mapped values are not gone through.
+KnownRange DeferredLoad::rangeOf(Values const& values, Buffer const& loaded, Progress const& progress) const
+{
+    CountedValues const counted = countedValues(*values.zone, values.location);
+    bool const isKnown = values.group->knownRange().isKnownFor(counted) &&
+                         values.group->knownRange().range().state == ValueRange::State::Exact;
+    KnownRange range;
+    if (!isKnown && !values.group->isMapped()) {
+        range.setComputed(RangeOfParts().range(loaded, counted, &progress), counted);
+    }
+    return range;
 }
 
 /// The variable and the zone, as users know them.
@@ -171,6 +186,9 @@ void DeferredLoad::commit() noexcept
     }
     for (Values& values : m_values) {
         values.group->setLoaded(std::move(values.buffer));
+        if (values.range.isKnown()) {
+            values.group->restoreRange(values.range);
+        }
     }
     for (Wanted& wanted : m_wanted) {
         wanted.zone->wantedVariables = std::move(wanted.variables);
@@ -213,6 +231,13 @@ std::int64_t DeferredLoad::valueCount(Zone const& zone, ValueLocation_e location
 {
     ZoneDimensions const size = dimensionsOf(zone);
     return Zone({}, zone.type, size.i, size.j, size.k).valueCount(location);
+}
+
+CountedValues DeferredLoad::countedValues(Zone const& zone, ValueLocation_e location) const
+{
+    Zone shape({}, zone.type, 0, 0, 0);
+    shape.setDimensions(dimensionsOf(zone));
+    return shape.countedValues(location);
 }
 
 ZoneDimensions const* DeferredLoad::sizeHere(Zone const& zone) const

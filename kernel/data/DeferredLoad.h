@@ -81,6 +81,7 @@ private:
         std::shared_ptr<Zone> zone; // a zone with a field on the group
         ValueLocation_e location;
         std::shared_ptr<Buffer> buffer;
+        KnownRange range;
     };
 
     struct Size
@@ -99,8 +100,10 @@ private:
 
     void loadDimensions(Progress& progress);
     std::shared_ptr<Buffer> loadValues(Values const& values, Progress& progress) const;
+    KnownRange rangeOf(Values const& values, Buffer const& loaded, Progress const& progress) const;
     std::string nameOf(Values const& values) const;
     std::int64_t sizeOf(Values const& values) const;
+    CountedValues countedValues(Zone const& zone, ValueLocation_e location) const;
     ZoneDimensions const* sizeHere(Zone const& zone) const; // null for a zone whose dimensions are not loaded here
     void requireMemoryForValues() const;
 

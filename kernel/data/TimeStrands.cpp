@@ -1,5 +1,7 @@
 #include "kernel/data/TimeStrands.h"
 
+#include "kernel/data/ZonesAhead.h"
+
 #include <algorithm>
 #include <map>
 
@@ -30,11 +32,13 @@ private:
 
 StrandNumbers::StrandNumbers(DataSet const& dataSet)
 {
+    std::vector<int> used; // in no order
     for (auto const& zone : dataSet.zones()) {
         if (isStrand(zone->strand)) {
-            m_used.insert(zone->strand);
+            used.push_back(zone->strand);
         }
     }
+    m_used = NumberSet(used.begin(), used.end());
 }
 
 int StrandNumbers::next()
@@ -70,15 +74,17 @@ NumberSet enabledFieldMaps(DataSet const& dataSet)
 {
     std::vector<bool> areEnabled;
     MapPlaces places;
-    for (auto const& zone : dataSet.zones()) {
-        std::size_t const place = places.next(*zone);
+    for (std::size_t at = 0; at < dataSet.zones().size(); ++at) {
+        prepareZonesBehind(dataSet.zones(), at);
+        Zone const& zone = *dataSet.zones()[at];
+        std::size_t const place = places.next(zone);
         areEnabled.resize(std::max(areEnabled.size(), place + 1));
-        areEnabled[place] = areEnabled[place] || zone->enabled;
+        areEnabled[place] = areEnabled[place] || zone.enabled;
     }
     NumberSet maps;
     for (std::size_t place = 0; place < areEnabled.size(); ++place) {
         if (areEnabled[place]) {
-            maps.insert(maps.end(), static_cast<int>(place) + 1);
+            maps.insert(static_cast<int>(place) + 1);
         }
     }
     return maps;

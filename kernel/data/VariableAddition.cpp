@@ -30,7 +30,7 @@ VariableAddition::VariableAddition(EventHub& hub, std::shared_ptr<DataSet> dataS
 {
     NumberSet numbers;
     for (std::size_t at = 1; at <= m_variables.size(); ++at) {
-        numbers.insert(numbers.end(), m_dataSet->variableCount() + static_cast<int>(at));
+        numbers.insert(m_dataSet->variableCount() + static_cast<int>(at));
     }
     m_dataSet->variables().reserve(m_dataSet->variables().size() + m_variables.size());
     for (auto const& zone : m_dataSet->zones()) {

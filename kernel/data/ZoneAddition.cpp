@@ -69,7 +69,7 @@ ZoneAddition::ZoneAddition(EventHub& hub, std::shared_ptr<DataSet> dataSet, std:
 {
     NumberSet numbers;
     for (std::size_t at = 1; at <= m_copies.size(); ++at) {
-        numbers.insert(numbers.end(), m_dataSet->zoneCount() + static_cast<int>(at));
+        numbers.insert(m_dataSet->zoneCount() + static_cast<int>(at));
     }
     makeRoom(m_dataSet->zones(), m_copies.size());
     m_added = {StateChange_ZonesAdded, numbers, {}, {}, 0};

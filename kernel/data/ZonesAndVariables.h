@@ -20,7 +20,7 @@ ZonesAndVariables fieldsWhere(DataSet const& dataSet, Predicate const& isMeant)
         for (int variable = 1; variable <= dataSet.variableCount(); ++variable) {
             Field const& field = *dataSet.field(zone, variable);
             if (!field.isPassive() && isMeant(field.group().get())) {
-                found.zones.insert(found.zones.end(), zone);
+                found.zones.insert(zone);
                 found.variables.insert(variable);
             }
         }

@@ -46,7 +46,7 @@ inline bool replacesOwners(StateChange_e kind)
 /// Memory of the lists of numbers.
 inline std::int64_t bytesOfLists(StateChangeEvent const& event)
 {
-    constexpr std::int64_t bytesOfNumber = 48; // the node of a set, with what its allocation takes
+    constexpr std::int64_t bytesOfNumber = 2 * sizeof(int); // there may be room for as many again
     return bytesOfNumber * static_cast<std::int64_t>(event.zones.size() + event.variables.size());
 }
 

@@ -27,8 +27,12 @@ std::shared_ptr<Frame> Pages::activeFrame() const
             return walked;
         }
     }
-    std::shared_ptr<Page> const page = activePage();
-    return page ? frame(page->activeFrame) : nullptr;
+    for (auto const& page : m_pages) { // not activePage(): this is asked again and again, and counting its holders takes longer
+        if (page->id == m_activePage) {
+            return frame(page->activeFrame);
+        }
+    }
+    return nullptr;
 }
 
 std::shared_ptr<DataSet> Pages::activeDataSet() const

@@ -43,7 +43,7 @@ public:
     {
         bool const isOrdered = m_cells.isOrdered(); // then the corners are asked for when a place is in the box
         Cell const cell = isOrdered ? Cell{m_cells.orderedShape(), nullptr, 0} : m_cells.cell(slot, m_room);
-        if (isOrdered ? !m_rowBoxes.reach(slot) : cell.cornerCount == 0) {
+        if (isOrdered ? !reach(slot) : cell.cornerCount == 0) {
             return;
         }
         if (m_cells.isHidden(slot)) {
@@ -55,13 +55,18 @@ public:
             m_unplaced += isFirst ? 1 : 0;
             return;
         }
-        Box const box = withTolerance(*found, cell.shape);
         m_slot = slot;
         m_isRead = false;
         auto const number = static_cast<Number>(m_firstNumber + slot);
-        m_points.forPositions(box, [&](std::size_t begin, std::size_t end) {
+        Box const box = isOrdered ? *found : widened(*found, cell.shape);
+        auto const lookAt = [&](std::size_t begin, std::size_t end) {
             visitPlaces(std::max(begin, first), std::min(end, last), number, box);
-        });
+        };
+        if (isOrdered) {
+            m_points.forPositions(rangeOf(slot), box, lookAt);
+        } else {
+            m_points.forPositions(box, lookAt);
+        }
     }
 
     /// Adds what was counted to the counts of the search.
@@ -72,12 +77,42 @@ public:
     }
 
 private:
-    /// The box with all that the cell takes though it is a little outside (see CellMap).
-    Box withTolerance(Box box, Connectivity::Shape shape) const
+    /// How much a cell takes that is outside its box (see CellMap), as a part of the sum of its sides.
+    double marginOf(Connectivity::Shape shape) const
     {
         bool const isSurfaceInSpace = Connectivity::isFace(shape) && m_points.dimensions() == 3;
+        return isSurfaceInSpace ? CellMap::surfaceTolerance : CellMap::tolerance;
+    }
+
+    /// Goes to a cell of an ordered zone. Of some cells of its row at a time the bins are found that their boxes are in.
+    bool reach(std::int64_t slot)
+    {
+        if (m_rowBoxes.has(slot)) {
+            return true;
+        }
+        if (!m_rowBoxes.read(slot)) {
+            return false;
+        }
+        m_rowBoxes.widen(m_points.dimensions(), marginOf(m_cells.orderedShape()));
+        for (std::size_t axis = 0; axis < 3; ++axis) {
+            m_points.binsAlong(axis, m_rowBoxes.low(axis), m_rowBoxes.count(), m_firstBins[axis].data());
+            m_points.binsAlong(axis, m_rowBoxes.high(axis), m_rowBoxes.count(), m_lastBins[axis].data());
+        }
+        return true;
+    }
+
+    PointBins::BinRange rangeOf(std::int64_t slot) const
+    {
+        std::size_t const at = m_rowBoxes.place(slot);
+        return {{m_firstBins[0][at], m_firstBins[1][at], m_firstBins[2][at]},
+                {m_lastBins[0][at], m_lastBins[1][at], m_lastBins[2][at]}};
+    }
+
+    /// The box with all that the cell takes though it is a little outside.
+    Box widened(Box box, Connectivity::Shape shape) const
+    {
         double const sides = (box.high[0] - box.low[0]) + (box.high[1] - box.low[1]) + (box.high[2] - box.low[2]);
-        double const margin = sides * (isSurfaceInSpace ? CellMap::surfaceTolerance : CellMap::tolerance);
+        double const margin = sides * marginOf(shape);
         for (std::size_t axis = 0; axis < m_points.dimensions(); ++axis) {
             box.low[axis] -= margin;
             box.high[axis] += margin;
@@ -125,12 +160,17 @@ private:
     /// Whether the cell is known to contain nothing, however many places are in its box.
     bool isFlat() const { return m_isRead && m_geometry.isFlat(); }
 
+    /// Along each axis, of each of some cells.
+    using BinNumbers = std::array<std::array<std::uint32_t, RowBoxes::cellsAtATime>, 3>;
+
     CellSearch& m_search;
     PointBins const& m_points;
     ZoneCells const& m_cells;
     std::int64_t m_firstNumber;
     Progress& m_progress;
     RowBoxes m_rowBoxes;
+    BinNumbers m_firstBins; // of the boxes that were read
+    BinNumbers m_lastBins;
     ZoneCells::Corners m_room{};
     std::int64_t m_slot = 0;
     CellGeometry m_geometry;  // of the cell with that slot

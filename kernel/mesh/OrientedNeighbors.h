@@ -9,7 +9,7 @@
 
 namespace veldraw::kernel {
 
-/// The neighbours of the points of surfaces that are turned alike, so that no two go along an edge in the same direction, as in most files. Each
+/// The neighbours of the points of surfaces that are oriented alike, so that no two go along an edge in the same direction, as in most files. Each
 /// neighbour comes up once there, which takes half the time and memory of other surfaces.
 ///
 /// A point at the border, where an edge is gone along in one direction only, is its own and only neighbour, perhaps several times.

@@ -42,14 +42,33 @@ public:
 
     Box const& box() const { return m_box; }
 
+    /// Numbers of bins along the axes, the last one included.
+    struct BinRange
+    {
+        std::array<std::uint32_t, 3> first{};
+        std::array<std::uint32_t, 3> last{};
+    };
+
     /// Calls @p body with ranges of positions, first and last, last excluded, in which all places in @p box are.
     template <typename Body>
     void forPositions(Box const& box, Body const& body) const
     {
         if (!m_grids.empty() && box.meets(m_box)) {
-            forPositions(m_grids.front(), box, body);
+            forPositions(m_grids.front(), rangeOf(m_grids.front(), box), box, body);
         }
     }
+
+    /// The same for a box whose bins are known. @param range as from binsAlong()
+    template <typename Body>
+    void forPositions(BinRange const& range, Box const& box, Body const& body) const
+    {
+        if (!m_grids.empty() && box.meets(m_box)) {
+            forPositions(m_grids.front(), range, box, body);
+        }
+    }
+
+    /// Writes the numbers of the bins along an axis in which @p count finite coordinates are, or which are the nearest to them.
+    void binsAlong(std::size_t axis, double const* coordinates, std::size_t count, std::uint32_t* bins) const;
 
 private:
     using Position = std::uint32_t;
@@ -79,8 +98,9 @@ private:
         std::size_t binCount() const { return std::size_t{bins[0]} * bins[1] * bins[2]; }
     };
 
+    static BinRange rangeOf(Grid const& grid, Box const& box);
     template <typename Body>
-    void forPositions(Grid const& grid, Box const& box, Body const& body) const;
+    void forPositions(Grid const& grid, BinRange const& range, Box const& box, Body const& body) const;
     template <typename Body>
     void forRow(std::size_t first, std::size_t last, std::size_t toGrid, Box const& box, Body const& body) const;
 
@@ -96,15 +116,20 @@ private:
     std::vector<std::int64_t> m_leftOut;
 };
 
-template <typename Body>
-void PointBins::forPositions(Grid const& grid, Box const& box, Body const& body) const
+inline PointBins::BinRange PointBins::rangeOf(Grid const& grid, Box const& box)
 {
-    std::array<std::uint32_t, 3> first{};
-    std::array<std::uint32_t, 3> last{};
+    BinRange range;
     for (std::size_t axis = 0; axis < 3; ++axis) {
-        first[axis] = grid.bin(axis, box.low[axis]);
-        last[axis] = grid.bin(axis, box.high[axis]);
+        range.first[axis] = grid.bin(axis, box.low[axis]);
+        range.last[axis] = grid.bin(axis, box.high[axis]);
     }
+    return range;
+}
+
+template <typename Body>
+void PointBins::forPositions(Grid const& grid, BinRange const& range, Box const& box, Body const& body) const
+{
+    auto const& [first, last] = range;
     for (std::uint32_t k = first[2]; k <= last[2]; ++k) {
         for (std::uint32_t j = first[1]; j <= last[1]; ++j) {
             std::size_t const row = grid.firstBin + std::size_t{grid.bins[0]} * (j + std::size_t{grid.bins[1]} * k);
@@ -129,7 +154,7 @@ void PointBins::forRow(std::size_t first, std::size_t last, std::size_t toGrid, 
         if (grid == 0) {
             body(std::size_t{m_starts[bin]}, std::size_t{m_starts[bin + 1]});
         } else if (m_grids[grid].box.meets(box)) {
-            forPositions(m_grids[grid], box, body);
+            forPositions(m_grids[grid], rangeOf(m_grids[grid], box), box, body);
         }
     }
 }

@@ -15,13 +15,29 @@ public:
     {
     }
 
-    /// Goes to a cell. @return false when the slot has none
-    bool reach(std::int64_t slot) { return (slot >= m_first && slot < m_first + m_count) || read(slot); }
+    static constexpr std::int64_t cellsAtATime = 64;
 
-    /// The corners of the cell that was reached, in the order of ZoneCells.
+    /// Whether a cell is among those that were read last.
+    bool has(std::int64_t slot) const { return slot >= m_first && slot < m_first + m_count; }
+
+    /// Reads cells from one on. @return false when the slot has none
+    bool read(std::int64_t slot);
+
+    /// Widens all boxes that were read, on each side of the first @p axes, by @p factor times the sum of their sides.
+    void widen(std::size_t axes, double factor);
+
+    /// The place of a cell that was read among those, and their number.
+    std::size_t place(std::int64_t slot) const { return static_cast<std::size_t>(slot - m_first); }
+    std::size_t count() const { return static_cast<std::size_t>(m_count); }
+
+    /// The lowest and the highest coordinates of all cells that were read.
+    double const* low(std::size_t axis) const { return m_low[axis].data(); }
+    double const* high(std::size_t axis) const { return m_high[axis].data(); }
+
+    /// The corners of a cell that was read, in the order of ZoneCells.
     void corners(std::int64_t slot, Point* corners) const
     {
-        auto const at = static_cast<std::size_t>(slot - m_first);
+        std::size_t const at = place(slot);
         for (std::size_t row = 0; row < m_rowCount; ++row) {
             bool const isBackward = row % 2 != 0; // around the cell
             for (std::size_t axis = 0; axis < 3; ++axis) {
@@ -32,10 +48,10 @@ public:
         }
     }
 
-    /// The box of the cell that was reached; nothing when a coordinate of a corner is not finite.
+    /// The box of a cell that was read; nothing when a coordinate of a corner is not finite.
     std::optional<Box> box(std::int64_t slot) const
     {
-        auto const at = static_cast<std::size_t>(slot - m_first);
+        std::size_t const at = place(slot);
         if (std::isnan(m_check[at])) {
             return std::nullopt;
         }
@@ -48,12 +64,8 @@ public:
     }
 
 private:
-    static constexpr std::int64_t cellsAtATime = 64;
-
     /// Numbers of each of some points that follow each other in a row, then of the cells between each and the next one.
     using Numbers = std::array<double, cellsAtATime + 1>;
-
-    bool read(std::int64_t slot);
 
     ZoneCells const& m_cells;
     std::int64_t m_first = 0; // slot of the first cell that has been read

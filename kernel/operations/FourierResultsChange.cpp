@@ -51,7 +51,7 @@ void FourierResultsChange::prepareEvents(Parts const& parts)
     auto const numbersAfter = [](int last, std::size_t count) {
         NumberSet numbers;
         for (int number = last + 1; number <= last + static_cast<int>(count); ++number) {
-            numbers.insert(numbers.end(), number);
+            numbers.insert(number);
         }
         return numbers;
     };

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <stdexcept>
 
 namespace veldraw::kernel {
 

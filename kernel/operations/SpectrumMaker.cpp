@@ -48,20 +48,19 @@ double SpectrumMaker::bytesOfTables(std::int64_t length, SpectrumChoice const& c
 
 double SpectrumMaker::bytesOfRoom(std::int64_t length)
 {
-    return RealTransform::bytesOfRoom(length) + static_cast<double>(sizeof(double)) * static_cast<double>(length) +
-           static_cast<double>(sizeof(Bin)) * static_cast<double>(length / 2 + 1);
+    return RealTransform::bytesOfRoom(length) + static_cast<double>(sizeof(Bin)) * static_cast<double>(length / 2 + 1);
 }
 
 void SpectrumMaker::make(Spectrum& spectrum, Progress& ofReading, Progress& ofRest)
 {
     std::unique_ptr<WorkRoom> room = m_rooms.take();
-    double const scale = read(spectrum, room->signal.begin(), ofReading);
+    double const scale = read(spectrum, room->numbers.begin(), ofReading);
     spectrum.makeRoom(m_choice);
-    {
+    Bin const* const bins = [&] {
         Progress part(ofRest, RealTransform::effortOfRun(m_length));
-        m_transform->run(room->signal.begin(), room->bins.begin(), room->others.begin(), part);
-    }
-    write(room->bins.begin(), scale, spectrum, ofRest);
+        return m_transform->run(room->numbers.begin(), room->others.begin(), part);
+    }();
+    write(bins, scale, spectrum, ofRest);
     m_rooms.giveBack(std::move(room));
 }
 

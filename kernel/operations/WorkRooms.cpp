@@ -12,9 +12,8 @@ std::unique_ptr<WorkRoom> WorkRooms::take()
             return room;
         }
     }
-    return std::make_unique<WorkRoom>(WorkRoom{ZeroedArray<double>(m_length),
-                                               ZeroedArray<std::complex<double>>(m_length / 2 + 1),
-                                               ZeroedArray<std::complex<double>>(m_others)});
+    return std::make_unique<WorkRoom>(
+        WorkRoom{ZeroedArray<double>(2 * (m_length / 2 + 1)), ZeroedArray<std::complex<double>>(m_others)});
 }
 
 void WorkRooms::giveBack(std::unique_ptr<WorkRoom> room)

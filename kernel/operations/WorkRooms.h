@@ -12,8 +12,7 @@ namespace veldraw::kernel {
 /// Memory that one spectrum at a time is made in.
 struct WorkRoom
 {
-    ZeroedArray<double> signal;
-    ZeroedArray<std::complex<double>> bins;
+    ZeroedArray<double> numbers; ///< of a signal, then of its bins
     ZeroedArray<std::complex<double>> others;
 };
 

@@ -33,6 +33,16 @@ Session::Session()
     , m_mouseMode(static_cast<int>(MouseMode::Select))
     , m_style(std::make_unique<StyleTree>(m_pages, m_events, *this))
 {
+    // Before anybody else hears of it and asks. Without taking memory, since it must not fail.
+    m_events.subscribe([this](StateChangeEvent const& event) {
+        for (auto const& page : m_pages.all()) {
+            for (auto const& frame : page->frames) {
+                if (frame->dataSet) {
+                    frame->dataSet->ranges().follow(event);
+                }
+            }
+        }
+    });
 }
 
 Session::~Session() = default;

@@ -113,7 +113,7 @@ std::int64_t countOf(Buffer const& buffer, CountedValues const& counted)
 
 } // namespace
 
-ValueRange RangeOfParts::range(Buffer const& buffer, CountedValues const& counted)
+ValueRange RangeOfParts::range(Buffer const& buffer, CountedValues const& counted, Progress const* progress)
 {
     std::int64_t const count = countOf(buffer, counted);
     if (m_parts.empty() || m_count != count || m_counted != counted) {
@@ -121,7 +121,7 @@ ValueRange RangeOfParts::range(Buffer const& buffer, CountedValues const& counte
         m_count = count;
         m_counted = counted;
     }
-    lookAtUnknownParts(buffer);
+    lookAtUnknownParts(buffer, progress);
     Limits all;
     for (Part const& part : m_parts) {
         all.add(part.limits.min, part.limits.max);
@@ -132,9 +132,12 @@ ValueRange RangeOfParts::range(Buffer const& buffer, CountedValues const& counte
     return all.min > all.max ? ValueRange{} : ValueRange{ValueRange::State::Exact, all.min, all.max};
 }
 
-void RangeOfParts::lookAtUnknownParts(Buffer const& buffer)
+void RangeOfParts::lookAtUnknownParts(Buffer const& buffer, Progress const* progress)
 {
     auto const look = [&](std::int64_t first, std::int64_t last, std::int64_t number) {
+        if (progress != nullptr) {
+            progress->check();
+        }
         Part& part = m_parts[static_cast<std::size_t>(number)];
         if (!part.isKnown) {
             part = {limitsOf(buffer, m_counted, first, last), true};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "kernel/base/Progress.h"
 #include "kernel/storage/Buffer.h"
 #include "kernel/storage/HiddenSlots.h"
 #include "kernel/storage/ValueRange.h"
@@ -29,8 +30,9 @@ class RangeOfParts
 public:
     /// Range of the values that count; Unknown when none of them is finite. Reads only parts whose limits are not known.
     /// @param buffer the same values as in the last call, except for changes that follow() was told of
-    /// @throws std::bad_alloc
-    ValueRange range(Buffer const& buffer, CountedValues const& counted);
+    /// @param progress looked at for a cancel, unless null
+    /// @throws std::bad_alloc, Interrupted
+    ValueRange range(Buffer const& buffer, CountedValues const& counted, Progress const* progress = nullptr);
 
     /// To be told when the value at a zero-based @p index has changed.
     /// @param counted as in range(), of the zone in which the value was changed
@@ -46,7 +48,7 @@ private:
         bool isKnown = false;
     };
 
-    void lookAtUnknownParts(Buffer const& buffer);
+    void lookAtUnknownParts(Buffer const& buffer, Progress const* progress);
 
     std::vector<Part> m_parts; // empty: nothing is known
     std::int64_t m_count = 0;

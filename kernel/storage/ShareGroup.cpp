@@ -81,7 +81,7 @@ void ShareGroup::writeBits(std::int64_t index, std::uint64_t bits, CountedValues
     }
 }
 
-ValueRange ShareGroup::range(CountedValues const& counted) const
+ValueRange ShareGroup::range(CountedValues const& counted, Progress const* progress) const
 {
     if (m_range.isKnownFor(counted)) {
         return m_range.range();
@@ -89,7 +89,7 @@ ValueRange ShareGroup::range(CountedValues const& counted) const
     if (!m_buffer) {
         return m_range.estimate();
     }
-    m_range.setComputed(m_parts.range(*m_buffer, counted), counted);
+    m_range.setComputed(m_parts.range(*m_buffer, counted, progress), counted);
     return m_range.range();
 }
 

@@ -89,7 +89,8 @@ public:
 
     /// Range of the finite values that count. It is computed on the first call after a change and then kept. While the
     /// values are not loaded, nothing is computed: the result is what is known of the range.
-    ValueRange range(CountedValues const& counted = {}) const;
+    /// @param progress looked at for a cancel, unless null. @throws Interrupted, with the range not known
+    ValueRange range(CountedValues const& counted = {}, Progress const* progress = nullptr) const;
 
     /// What is known of the range, to be put back when a change of values is taken back.
     KnownRange const& knownRange() const { return m_range; }

@@ -73,7 +73,7 @@ VELDRAW_PLATFORM_API bool isValidLinePlotType(PlotType_e plotType);
 
 /// Whether a variable's range can be asked for: there is a data set and the variable is enabled.
 VELDRAW_PLATFORM_API bool okToQueryForVarInfo(int var);
-
+/// Whether its limits over the active zones are estimates: those of a zone are, or a zone has values that nobody has looked at yet.
 VELDRAW_PLATFORM_API bool isVarRangeEstimatedForAnyActiveZones(int var);
 
 // ---- ranges and names -----------------------------------------------------------------------------------------------

@@ -62,8 +62,8 @@ STANDARD = set('''
     stdexcept streambuf string string_view system_error thread tuple type_traits typeindex typeinfo unordered_map unordered_set utility
     valarray variant vector
     assert.h ctype.h errno.h float.h limits.h locale.h math.h signal.h stdarg.h stdbool.h stddef.h stdint.h stdio.h stdlib.h string.h time.h
-    fcntl.h linux/audit.h linux/filter.h linux/seccomp.h malloc.h poll.h pthread.h sched.h spawn.h sys/file.h sys/mman.h sys/prctl.h
-    sys/resource.h sys/socket.h sys/stat.h sys/syscall.h sys/types.h sys/wait.h sys/xattr.h unistd.h
+    dirent.h fcntl.h linux/audit.h linux/filter.h linux/magic.h linux/seccomp.h malloc.h poll.h pthread.h sched.h spawn.h sys/file.h sys/mman.h sys/prctl.h
+    sys/resource.h sys/socket.h sys/stat.h sys/syscall.h sys/types.h sys/vfs.h sys/wait.h sys/xattr.h unistd.h
 '''.split())
 
 QT_CORE = {'QtCore', 'Qt', 'QtGlobal', 'QObject', 'QString', 'QStringList', 'QByteArray', 'QVariant', 'QPointer', 'QVector', 'QList',

@@ -3,8 +3,7 @@
 
 usage: check_sizes.py ROOT
 
-A function counts from the first line of its head to its closing brace. Those that are too long already stand in lists below with the
-lines that they may have at most: they must not grow, and leave the list when they are short enough.
+A function counts from the first line of its head to its closing brace.
 """
 import pathlib
 import re
@@ -14,11 +13,7 @@ SOURCE_FOLDERS = ('platform', 'kernel', 'dialogs', 'host', 'app')
 SUFFIXES = {'.h', '.cpp', '.ipp'}
 
 LINES_OF_A_FILE = 400
-LONG_FILES: dict = {}
-
 LINES_OF_A_FUNCTION = 45
-# By file and name.
-LONG_FUNCTIONS: dict = {}
 
 # What a brace of its own line can belong to besides a function.
 NO_FUNCTION = re.compile(r'\s*(?:template\b.*>\s*)?(?:class|struct|enum|union|namespace|extern\s+"C")\b(?!.*\)\s*(?:const|noexcept|override|final)?\s*$)')
@@ -55,32 +50,17 @@ def functions(text):
 
 
 def too_long_functions(path, text):
-    allowed = LONG_FUNCTIONS.get(path, {})
     for name, number, lines in functions(text):
-        if lines > allowed.get(name, LINES_OF_A_FUNCTION):
+        if lines > LINES_OF_A_FUNCTION:
             yield f'{path}:{number}: {name} has {lines} lines'
-
-
-def check_lists(files):
-    """What stands in the lists without need."""
-    for path in sorted(LONG_FILES):
-        if files.get(path, '').count('\n') <= LINES_OF_A_FILE:
-            yield f'{path}: stands in the list of long files, but is none'
-    for path, names in sorted(LONG_FUNCTIONS.items()):
-        longest = {}
-        for name, _, lines in functions(files.get(path, '')):
-            longest[name] = max(lines, longest.get(name, 0))
-        for name in sorted(names):
-            if longest.get(name, 0) <= LINES_OF_A_FUNCTION:
-                yield f'{path}: {name} stands in the list of long functions, but is none'
 
 
 def problems(files):
     """All that is wrong with files, a mapping from path to text."""
-    found = list(check_lists(files))
+    found = []
     for path, text in sorted(files.items()):
         lines = text.count('\n')
-        if lines > LONG_FILES.get(path, LINES_OF_A_FILE):
+        if lines > LINES_OF_A_FILE:
             found.append(f'{path}: has {lines} lines')
         found += too_long_functions(path, text)
     return found

@@ -4,7 +4,8 @@
 usage: check_tests.py ROOT
 
 A test stands in tests/FOLDER if it tests what is in FOLDER, is named <Class>Test.cpp or <Class><Aspect>Test.cpp after a class or file of
-that folder, and has the namespace veldraw::tests. Test programs are named ..._test.
+that folder, and has the namespace veldraw::tests. Test programs are named ..._test. Each operation of the kernel is carried out without memory in the
+sweep, and none but the shared main function, which watches the event loop, makes an application of widgets.
 """
 import pathlib
 import re
@@ -16,8 +17,16 @@ SUFFIXES = {'.h', '.cpp', '.ipp', '.ui'}
 # library as a whole.
 MIRRORED = ('kernel', 'host', 'app', 'dialogs')
 # Where the namespace is asked for.
-ONE_NAMESPACE = ('kernel', 'host', 'app', 'support', 'dialogs', 'manual')
+ONE_NAMESPACE = ('kernel', 'host', 'app', 'support', 'dialogs', 'manual', 'tour')
 SHARED = {'app/support', 'dialogs/library', 'dialogs/support', 'kernel/support'}
+
+# Where operations are carried out while requests for memory fail.
+MEMORY_SWEEP = 'tests/kernel/session/SessionMemoryTest.cpp'
+
+# Has the watchdog over the event loop.
+WIDGETS_MAIN = 'tests/support/QtTestMain.cpp'
+# A program to look at.
+OWN_MAIN = 'tests/manual/'
 
 # What a whole folder, or several, are tested for.
 NAMED_OTHERWISE = {
@@ -84,6 +93,43 @@ def check_programs(path, text):
             yield f'{path}: the test program {name} is not named ..._test'
 
 
+def public_part(body):
+    """What of a class's body is public."""
+    parts = re.split(r'(?m)^(public|protected|private):$', body)
+    return ''.join(parts[at + 1] for at in range(1, len(parts), 2) if parts[at] == 'public')
+
+
+def operations(files):
+    """Names of the kernel's operations that are more than the base of others."""
+    bases, made = {'Operation': None}, set()
+    for path, text in files.items():
+        if folder_of(path) != 'kernel/operations' or not path.endswith('.h'):
+            continue
+        for name, base, body in re.findall(r'(?ms)^class (\w+)(?: final)? : public (\w+)\n\{(.*?)^\};', text):
+            bases[name] = base
+            public = public_part(body)
+            if re.search(rf'(?<!~)\b{name}\(', public) or re.search(r'using \w+::\w+;', public):
+                made.add(name)
+
+    def is_operation(name):
+        return name == 'Operation' or (name in bases and is_operation(bases[name]))
+
+    return {name for name in made if is_operation(name)}
+
+
+def check_memory_sweep(files):
+    text = files.get(MEMORY_SWEEP, '')
+    for name in sorted(operations(files)):
+        if not re.search(rf'perform\(\s*{name}\(', text):
+            yield f'{MEMORY_SWEEP}: does not carry out {name}'
+
+
+def check_watchdog(path, text):
+    if path != WIDGETS_MAIN and not path.startswith(OWN_MAIN) and re.search(
+            r'\bQ(Gui)?Application \w+[({]|QTEST(_\w+)?_MAIN\(', text):
+        yield f'{path}: makes an application that no watchdog watches; link veldraw_qt_test_main'
+
+
 def check_list_of_names(files):
     for path in sorted(NAMED_OTHERWISE):
         if path not in files:
@@ -92,7 +138,7 @@ def check_list_of_names(files):
 
 def problems(files):
     """All that is wrong with files, a mapping from path to text."""
-    found = list(check_list_of_names(files))
+    found = list(check_list_of_names(files)) + list(check_memory_sweep(files))
     for path, text in sorted(files.items()):
         if path.endswith('/CMakeLists.txt'):
             found += check_programs(path, text)
@@ -100,6 +146,7 @@ def problems(files):
             found += check_place(files, path)
             found += check_name(files, path, text)
             found += check_namespace(path, text)
+            found += check_watchdog(path, text)
     return found
 
 

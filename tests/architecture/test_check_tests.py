@@ -56,6 +56,25 @@ class Tests(unittest.TestCase):
         self.assertEqual(problems(path, 'veldraw_add_test(kernel_test SOURCES RotationTest.cpp)'), [])
         self.found(path, 'veldraw_add_test(kernel_tests SOURCES RotationTest.cpp)')
 
+    def test_carry_out_each_operation_without_memory(self):
+        operations = {
+            'kernel/operations/ZoneOperation.h':
+                'class ZoneOperation : public Operation\n{\nprotected:\n    explicit ZoneOperation(int zone);\n};\n',
+            'kernel/operations/CutZone.h': 'class CutZone : public ZoneOperation\n{\npublic:\n    explicit CutZone(int zone);\n};\n',
+            'kernel/operations/Part.h': 'class Part : public Change\n{\npublic:\n    Part();\n};\n'}
+        named = {name: TEXT for name in check_tests.NAMED_OTHERWISE}
+        sweep = {check_tests.MEMORY_SWEEP: ''}
+        self.assertIn(f'{check_tests.MEMORY_SWEEP}: does not carry out CutZone', check_tests.problems({**named, **operations, **sweep}))
+        sweep[check_tests.MEMORY_SWEEP] = 'session.perform(\n    CutZone(1));'
+        self.assertEqual(list(check_tests.check_memory_sweep({**operations, **sweep})), [])
+        self.assertEqual(check_tests.operations(operations), {'CutZone'})
+
+    def test_of_widgets_are_watched(self):
+        path = 'tests/dialogs/zoneops/CutZoneTest.cpp'
+        for text in ('QApplication application(argc, argv);', 'QTEST_MAIN(CutZone)'):
+            self.found(path, TEXT + text)
+        self.assertEqual(list(check_tests.check_watchdog(check_tests.WIDGETS_MAIN, 'QApplication a(argc, argv);')), [])
+
     def test_are_in_the_list_of_names_while_they_exist(self):
         self.assertEqual(len(check_tests.problems({})), len(check_tests.NAMED_OTHERWISE))
 

@@ -1,5 +1,5 @@
-// Opens damaged files of all formats in processes of its own, and tells which of them end the program, take longer than ten seconds or bring in what
-// contradicts itself.
+// Opens damaged files of all formats in processes of its own, and tells which of them end the program, take longer than ten seconds, or bring in what
+// contradicts itself or was in memory before.
 //
 // usage: veldraw_fuzz COUNT SEED [FIRST]      FIRST: number of the first file, to see one again. Files that were found are left in ./fuzz-findings.
 

@@ -4,6 +4,7 @@
 #include "kernel/operations/DeleteVariables.h"
 #include "tests/host/MessageRecorder.h"
 #include "tests/host/SampleSession.h"
+#include "tests/support/LoggedTexts.h"
 
 #include <gmock/gmock.h>
 #include <stdexcept>
@@ -21,14 +22,6 @@ protected:
     {
         SampleSession::SetUp();
         host::MessageLog::instance().clear();
-    }
-
-    std::vector<std::string> logged() const
-    {
-        std::vector<std::string> texts;
-        for (host::MessageLog::Entry const& entry : host::MessageLog::instance().entries())
-            texts.push_back(entry.text);
-        return texts;
     }
 
     std::function<char()> action(char result)
@@ -93,7 +86,7 @@ TEST_F(ActionReporter, WritesTheKernelsReasonToTheLogAlone)
     velUtilActionReporter(refused, "Could not do it.", "");
     ASSERT_FALSE(session().lastError().empty());
     EXPECT_THAT(m_recorder.messages(), ElementsAre("0: Could not do it."));
-    EXPECT_THAT(logged(), ElementsAre(session().lastError(), "Could not do it."));
+    EXPECT_THAT(loggedTexts(), ElementsAre(session().lastError(), "Could not do it."));
 }
 
 TEST_F(ActionReporter, GivesTheKernelsReasonAsTheDetailsOfTheMessage)
@@ -110,7 +103,7 @@ TEST_F(ActionReporter, DoesNotGiveAnEarlierReasonForAnotherFailure)
 {
     session().setLastError("an earlier reason");
     velUtilActionReporter(action(0), "Could not do it.", "");
-    EXPECT_THAT(logged(), ElementsAre("Could not do it."));
+    EXPECT_THAT(loggedTexts(), ElementsAre("Could not do it."));
 }
 
 } // namespace veldraw::tests

@@ -3,6 +3,8 @@
 #include "host/MessageLog.h"
 #include "tests/host/MessageRecorder.h"
 #include "tests/host/SampleSession.h"
+#include "tests/support/AllocationFailure.h"
+#include "tests/support/LoggedTexts.h"
 
 #include <gmock/gmock.h>
 #include <memory>
@@ -26,14 +28,6 @@ protected:
         MessageLog::instance().clear();
     }
 
-    static std::vector<std::string> logged()
-    {
-        std::vector<std::string> texts;
-        for (MessageLog::Entry const& entry : MessageLog::instance().entries())
-            texts.push_back(entry.text);
-        return texts;
-    }
-
     MessageRecorder m_recorder;
 };
 
@@ -44,7 +38,26 @@ TEST_F(KernelReasonTest, IsTheDetailsOfTheMessageAndStandsBeforeItInTheLog)
     reason.tellFailure("Could not do it.");
     EXPECT_THAT(m_recorder.messages(), ElementsAre("0: Could not do it."));
     EXPECT_THAT(m_recorder.details(), ElementsAre("The Z axis has no variable."));
-    EXPECT_THAT(logged(), ElementsAre("The Z axis has no variable.", "Could not do it."));
+    EXPECT_THAT(loggedTexts(), ElementsAre("The Z axis has no variable.", "Could not do it."));
+}
+
+// Whoever tells a failure does so while an exception is handled, where another one would end the program.
+TEST_F(KernelReasonTest, IsLeftOutWhereThereIsNoMemoryForIt)
+{
+    std::string const text(200, 'r');
+    KernelReason const reason;
+    bool hasFailed = true;
+    int request = 1;
+    for (; hasFailed; ++request) {
+        session().refuse(text.c_str());
+        MessageLog::instance().clear();
+        AllocationFailure const failure(request);
+        reason.tellFailure("Could not do it.");
+        hasFailed = failure.hasHappened();
+    }
+    EXPECT_GE(request, 4);
+    EXPECT_EQ(m_recorder.messages().back(), "0: Could not do it.");
+    EXPECT_EQ(m_recorder.details().back(), text);
 }
 
 TEST_F(KernelReasonTest, IsNoneFromBeforeItsScope)
@@ -53,7 +66,7 @@ TEST_F(KernelReasonTest, IsNoneFromBeforeItsScope)
     KernelReason const reason;
     reason.tellFailure("Could not do it.");
     EXPECT_THAT(m_recorder.details(), ElementsAre(""));
-    EXPECT_THAT(logged(), ElementsAre("Could not do it."));
+    EXPECT_THAT(loggedTexts(), ElementsAre("Could not do it."));
 }
 
 TEST_F(KernelReasonTest, SurvivesAnInnerScopeInWhichNothingIsRefused)
@@ -82,7 +95,7 @@ TEST_F(KernelReasonTest, ShowsNothingWithoutAMessageButIsInTheLog)
     session().refuse("The Z axis has no variable.");
     reason.tellFailure("");
     EXPECT_THAT(m_recorder.messages(), IsEmpty());
-    EXPECT_THAT(logged(), ElementsAre("The Z axis has no variable."));
+    EXPECT_THAT(loggedTexts(), ElementsAre("The Z axis has no variable."));
 }
 
 TEST_F(KernelReasonTest, StandsInTheLogOnceWhenALoadHasJustPutItThere)
@@ -91,7 +104,7 @@ TEST_F(KernelReasonTest, StandsInTheLogOnceWhenALoadHasJustPutItThere)
     session().refuse("The file has gone.");
     MessageLog::instance().addUnlessJustSaid(MessageBoxType_Error, session().lastError());
     reason.tellFailure("Could not do it.");
-    EXPECT_THAT(logged(), ElementsAre("The file has gone.", "Could not do it."));
+    EXPECT_THAT(loggedTexts(), ElementsAre("The file has gone.", "Could not do it."));
 }
 
 } // namespace veldraw::tests

@@ -4,6 +4,7 @@
 #include "tests/host/SampleSession.h"
 #include "tests/support/WriteValue.h"
 
+#include <cmath>
 #include <set>
 #include <stdexcept>
 
@@ -13,12 +14,25 @@ using namespace veldraw::sdk;
 
 namespace {
 
-/// Knows an estimate of the range; nobody should ask it for values.
-class EstimatingLoader : public kernel::ValueLoader
+constexpr kernel::ValueRange estimate{kernel::ValueRange::State::Estimated, 0, 1};
+
+/// Knows nothing but a range, if that; nobody should ask it for values.
+class WaitingLoader : public kernel::ValueLoader
 {
 public:
+    WaitingLoader(kernel::ValueRange const& range, bool isMappedFile)
+        : m_range(range)
+        , m_isMapped(isMappedFile)
+    {
+    }
+
     std::shared_ptr<kernel::Buffer> load(kernel::Progress&) override { throw std::logic_error("not to be loaded"); }
-    kernel::ValueRange range() const override { return {kernel::ValueRange::State::Estimated, 0, 1}; }
+    kernel::ValueRange range() const override { return m_range; }
+    bool isMapped() const override { return m_isMapped; }
+
+private:
+    kernel::ValueRange const m_range;
+    bool const m_isMapped;
 };
 
 } // namespace
@@ -36,15 +50,17 @@ protected:
         m_frame = show(m_dataSet, PlotType_Cartesian2D);
     }
 
-    /// The second variable of the second zone is not loaded any more, and said to go from 0 to 1.
-    void estimateRange()
+    /// The second variable of the second zone is not loaded any more.
+    void defer(kernel::ValueRange const& range, bool isMapped = false)
     {
         kernel::Field& field = m_dataSet->zone(2)->fields[1];
         auto group = std::make_shared<kernel::ShareGroup>(field.type(), field.group()->size(),
-                                                          std::make_shared<EstimatingLoader>());
+                                                          std::make_shared<WaitingLoader>(range, isMapped));
         field = kernel::Field(std::move(group), field.location());
         session().events().emitEvent({StateChange_VariablesLoaded, {2}, {2}, {}, 0});
     }
+    /// And is said to go from 0 to 1.
+    void estimateRange() { defer(estimate); }
 
     std::shared_ptr<kernel::DataSet> m_dataSet;
     std::shared_ptr<kernel::Frame> m_frame;
@@ -113,6 +129,35 @@ TEST_F(RangeQueries, TellWhetherARangeOfAnActiveZoneIsEstimated)
     EXPECT_FALSE(isVarRangeEstimatedForAnyActiveZones(1));
     session().perform(kernel::EnableZone(*m_dataSet, 2, false));
     EXPECT_FALSE(isVarRangeEstimatedForAnyActiveZones(2));
+}
+
+TEST_F(RangeQueries, TellThatLimitsAreEstimatesWhereAnActiveZoneHasValuesThatNobodyHasSeen)
+{
+    for (bool const isMapped : {false, true}) {
+        defer(kernel::ValueRange(), isMapped);
+        ASSERT_TRUE(getVarMinMaxForZoneSet(2, getActiveZones(), false, m_min, m_max));
+        EXPECT_EQ(m_max, 203) << "of the first zone alone";
+        EXPECT_TRUE(isVarRangeEstimatedForAnyActiveZones(2));
+        session().perform(kernel::EnableZone(*m_dataSet, 2, false));
+        EXPECT_FALSE(isVarRangeEstimatedForAnyActiveZones(2));
+        session().perform(kernel::EnableZone(*m_dataSet, 2, true));
+        session().perform(kernel::EnableZone(*m_dataSet, 1, false));
+        EXPECT_FALSE(isVarRangeEstimatedForAnyActiveZones(2)) << "there are no limits at all";
+        session().perform(kernel::EnableZone(*m_dataSet, 1, true));
+    }
+}
+
+TEST_F(RangeQueries, TellThatLimitsAreExactWhereOtherZonesHaveNoFiniteValue)
+{
+    m_dataSet->zone(1)->fields[2] = m_dataSet->zone(1)->fields[1]; // passive in the second zone
+    for (int slot = 0; slot < 16; ++slot)
+        writeValue(*m_dataSet->field(2, 2)->group(), slot, std::nan(""));
+    session().events().emitEvent({StateChange_ValuesAltered, {1, 2}, {2, 3}, {}, 0});
+    for (int const variable : {2, 3}) {
+        ASSERT_TRUE(getVarMinMaxForZoneSet(variable, getActiveZones(), false, m_min, m_max));
+        EXPECT_EQ(m_max, 203);
+        EXPECT_FALSE(isVarRangeEstimatedForAnyActiveZones(variable)) << variable;
+    }
 }
 
 TEST_F(RangeQueries, GiveAnEstimateAsARange)

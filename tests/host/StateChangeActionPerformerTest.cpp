@@ -4,7 +4,7 @@
 #include "platform/vdsdkuicommon/IdleDispatcher.h"
 #include "platform/vdsdkuicommon/OnIdleAfterStateChangeActionPerformer.h"
 #include "platform/vdsdkuicommon/StateChangePredicates.h"
-#include "tests/host/FakeEvent.h"
+#include "tests/support/FakeStateChange.h"
 
 #include <QCoreApplication>
 
@@ -19,7 +19,7 @@ using sdk::integration::StateChangeEventObservable;
 class Performers : public ::testing::Test
 {
 protected:
-    static void notify(int kind) { StateChangeEventObservable::getInstance().notify(FakeEvent(kind)); }
+    static void notify(int kind) { StateChangeEventObservable::getInstance().notify(FakeStateChange(kind)); }
     boost::function<void()> count()
     {
         return [this] { ++m_runs; };

@@ -2,7 +2,7 @@
 
 #include "host/MessageLog.h"
 #include "platform/vdtoolbox/StateChangeListenerInterface.h"
-#include "tests/host/FakeEvent.h"
+#include "tests/support/FakeStateChange.h"
 
 #include <boost/make_shared.hpp>
 
@@ -55,7 +55,7 @@ TEST_F(Observable, CallsListenersInOrderAndThenTheSlots)
     boost::signals2::scoped_connection const slot = observable().connectStateChanged(std::bind(write('s')));
     Listener const first(write('a'));
     Listener const second(write('b'));
-    observable().notify(FakeEvent(4));
+    observable().notify(FakeStateChange(4));
     EXPECT_EQ(m_text, "abs");
 }
 
@@ -64,7 +64,7 @@ TEST_F(Observable, HandsTheEventOn)
     int kind = -1;
     boost::signals2::scoped_connection const slot = observable().connectStateChanged(
         [&kind](toolbox::StateChangeEventInterface const& event) { kind = event.kind(); });
-    observable().notify(FakeEvent(41));
+    observable().notify(FakeStateChange(41));
     EXPECT_EQ(kind, 41);
 }
 
@@ -74,7 +74,7 @@ TEST_F(Observable, KnowsItsListeners)
     EXPECT_TRUE(observable().hasListener(&listener));
     observable().removeListener(&listener);
     EXPECT_FALSE(observable().hasListener(&listener));
-    observable().notify(FakeEvent(4));
+    observable().notify(FakeStateChange(4));
     EXPECT_EQ(m_text, "");
 }
 
@@ -83,7 +83,7 @@ TEST_F(Observable, CallsAListenerOnceHoweverOftenItWasAdded)
     Listener listener(write('a'));
     observable().addListener(&listener);
     observable().addListener(nullptr);
-    observable().notify(FakeEvent(4));
+    observable().notify(FakeStateChange(4));
     EXPECT_EQ(m_text, "a");
 }
 
@@ -96,7 +96,7 @@ TEST_F(Observable, DoesNotCallWhoIsRemovedDuringADelivery)
     });
     victim = std::make_unique<Listener>(write('v'));
     Listener const last(write('z'));
-    observable().notify(FakeEvent(4));
+    observable().notify(FakeStateChange(4));
     EXPECT_EQ(m_text, "kz");
 }
 
@@ -108,9 +108,9 @@ TEST_F(Observable, DoesNotCallWhoIsAddedDuringADelivery)
         if (!child)
             child = std::make_unique<Listener>(write('c'));
     });
-    observable().notify(FakeEvent(4));
+    observable().notify(FakeStateChange(4));
     EXPECT_EQ(m_text, "p");
-    observable().notify(FakeEvent(4));
+    observable().notify(FakeStateChange(4));
     EXPECT_EQ(m_text, "ppc");
 }
 
@@ -119,7 +119,7 @@ TEST_F(Observable, DoesNotTakeANewListenerForOneThatStoodInItsPlace)
     std::unique_ptr<Listener> first;
     Listener const replacer([&] { observable().removeListener(first.get()), observable().addListener(first.get()); });
     first = std::make_unique<Listener>(write('a'));
-    observable().notify(FakeEvent(4));
+    observable().notify(FakeStateChange(4));
     EXPECT_EQ(m_text, "");
 }
 
@@ -130,8 +130,8 @@ TEST_F(Observable, LetsAListenerRemoveItself)
         m_text += 'o';
         observable().removeListener(once.get());
     });
-    observable().notify(FakeEvent(4));
-    observable().notify(FakeEvent(4));
+    observable().notify(FakeStateChange(4));
+    observable().notify(FakeStateChange(4));
     EXPECT_EQ(m_text, "o");
 }
 
@@ -143,7 +143,7 @@ TEST_F(Observable, TellsTheOthersWhenAListenerOrASlotThrows)
     boost::signals2::scoped_connection const throwingSlot =
         observable().connectStateChanged([](auto const&) { throw std::runtime_error("slot failed"); });
     boost::signals2::scoped_connection const slot = observable().connectStateChanged(std::bind(write('s')));
-    EXPECT_NO_THROW(observable().notify(FakeEvent(4)));
+    EXPECT_NO_THROW(observable().notify(FakeStateChange(4)));
     EXPECT_EQ(m_text, "as");
     ASSERT_EQ(host::MessageLog::instance().entries().size(), 2U);
     EXPECT_EQ(host::MessageLog::instance().entries()[0].text, "listener failed");
@@ -158,7 +158,7 @@ TEST_F(Observable, SkipsSlotsWhoseTrackedOwnerHasGone)
     boost::signals2::scoped_connection const tracked = observable().connectStateChanged(slot.track(owner));
     boost::signals2::scoped_connection const other = observable().connectStateChanged(std::bind(write('o')));
     owner.reset();
-    observable().notify(FakeEvent(4));
+    observable().notify(FakeStateChange(4));
     EXPECT_EQ(m_text, "o");
     EXPECT_TRUE(host::MessageLog::instance().entries().empty());
 }
@@ -170,12 +170,12 @@ TEST_F(Observable, DeliversAnEventWithinAnEvent)
         m_text += '(';
         if (!nested) {
             nested = true;
-            observable().notify(FakeEvent(5));
+            observable().notify(FakeStateChange(5));
         }
         m_text += ')';
     });
     Listener const other(write('a'));
-    observable().notify(FakeEvent(4));
+    observable().notify(FakeStateChange(4));
     EXPECT_EQ(m_text, "(()a)a");
 }
 

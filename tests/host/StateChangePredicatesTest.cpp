@@ -1,6 +1,6 @@
 #include "platform/vdsdkuicommon/StateChangePredicates.h"
 
-#include "tests/host/FakeEvent.h"
+#include "tests/support/FakeStateChange.h"
 
 #include <gtest/gtest.h>
 #include <ostream>
@@ -37,7 +37,7 @@ TEST_P(StateChangePredicates, AreTrueForTheirKindsAlone)
 {
     Row const& row = GetParam();
     for (int kind = -1; kind <= 60; ++kind)
-        EXPECT_EQ(row.predicate(FakeEvent(kind)), row.kinds.count(kind) != 0) << "kind " << kind;
+        EXPECT_EQ(row.predicate(FakeStateChange(kind)), row.kinds.count(kind) != 0) << "kind " << kind;
 }
 
 TEST_P(StateChangePredicates, AreTrueForTheirStylesAlone)
@@ -46,14 +46,14 @@ TEST_P(StateChangePredicates, AreTrueForTheirStylesAlone)
     for (std::string const style :
          {"PlotType", "ActiveFieldMaps", "ActiveFieldZones", "FieldMap", "FieldLayers", "ActiveXYMaps",
           "ActiveLineMaps", "TwoDAxis", "ThreeDAxis", "Frame", "LineMap", "Interface", "plottype", ""})
-        EXPECT_EQ(row.predicate(FakeEvent(7, {style, "PlotType"})), row.styles.count(style) != 0) << style;
+        EXPECT_EQ(row.predicate(FakeStateChange(7, {style, "PlotType"})), row.styles.count(style) != 0) << style;
 }
 
 TEST_P(StateChangePredicates, LookAtTheStyleOfStyleChangesOnly)
 {
     Row const& row = GetParam();
     for (std::string const& style : row.styles)
-        EXPECT_FALSE(row.predicate(FakeEvent(25, {style}))) << style;
+        EXPECT_FALSE(row.predicate(FakeStateChange(25, {style}))) << style;
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -49,6 +49,11 @@ QListView* list()
     return view;
 }
 
+kernel::NumberSet numbersOf(std::set<int> const& numbers)
+{
+    return {numbers.begin(), numbers.end()};
+}
+
 } // namespace
 
 KernelSection::KernelSection()
@@ -117,10 +122,12 @@ void KernelSection::addActions()
     auto* const moreButtons = new QWidget;
     auto* const secondLine = new QHBoxLayout(moreButtons);
     secondLine->setContentsMargins(0, 0, 0, 0);
-    addAction(secondLine, "duplicate", "Duplicate zones",
-              [this] { session().perform(kernel::DuplicateZones(*session().activeDataSet(), m_zones->value())); });
-    addAction(secondLine, "delete", "Delete variables",
-              [this] { session().perform(kernel::DeleteVariables(*session().activeDataSet(), m_variables->value())); });
+    addAction(secondLine, "duplicate", "Duplicate zones", [this] {
+        session().perform(kernel::DuplicateZones(*session().activeDataSet(), numbersOf(m_zones->value())));
+    });
+    addAction(secondLine, "delete", "Delete variables", [this] {
+        session().perform(kernel::DeleteVariables(*session().activeDataSet(), numbersOf(m_variables->value())));
+    });
     addAction(secondLine, "undo", "Undo", [] { session().undo(); });
     addAction(secondLine, "redo", "Redo", [] { session().redo(); });
     addWide(moreButtons);

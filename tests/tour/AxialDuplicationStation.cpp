@@ -10,7 +10,7 @@
 
 #include <cmath>
 
-namespace veldraw::app {
+namespace veldraw::tests {
 
 using dialogs::data::AxialDuplicationDialog;
 
@@ -72,16 +72,16 @@ void AxialDuplicationStation::checkCopies()
     double worst = 0.0;
     for (int copy = 1; copy < segments; ++copy) {
         double const angle = 2.0 * pi * copy / segments;
-        auto const turned = [angle](ZoneProbe::Triple const& value) -> ZoneProbe::Triple {
+        auto const rotated = [angle](ZoneProbe::Triple const& value) -> ZoneProbe::Triple {
             return {std::cos(angle) * value[0] - std::sin(angle) * value[1],
                     std::sin(angle) * value[0] + std::cos(angle) * value[1], value[2]};
         };
         ZoneProbe const found(m_countAtStart + copy);
-        worst = std::max({worst, source.distance(found, turned), source.vectorDistance(found, turned)});
+        worst = std::max({worst, source.distance(found, rotated), source.vectorDistance(found, rotated)});
     }
     m_tour.check("copy k stands at k times 60 degrees, with its vectors", worst < copyRounding);
     int const unchanged = TourContext::dataSet().findVariable("temperature");
-    m_tour.check("all share what does not turn", segments,
+    m_tour.check("all share what is not rotated", segments,
                  TourContext::dataSet().field(m_countAtStart + 1, unchanged)->shareCount());
 }
 
@@ -98,4 +98,4 @@ void AxialDuplicationStation::undoAndRedo()
     m_tour.expect("Ctrl+Shift+Z brings them again", namesWithCopies, &TourContext::zoneNames);
 }
 
-} // namespace veldraw::app
+} // namespace veldraw::tests

@@ -2,7 +2,7 @@
 
 #include "tests/tour/TourContext.h"
 
-namespace veldraw::app {
+namespace veldraw::tests {
 
 /// Makes a star of six bars out of one, by keyboard, and takes it back.
 class AxialDuplicationStation
@@ -21,4 +21,4 @@ private:
     int m_countAtStart;
 };
 
-} // namespace veldraw::app
+} // namespace veldraw::tests

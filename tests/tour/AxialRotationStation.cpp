@@ -7,14 +7,14 @@
 #include <QPushButton>
 #include <QRadioButton>
 
-namespace veldraw::app {
+namespace veldraw::tests {
 
 using dialogs::data::AxialRotationDialog;
 
 namespace {
 
 // Of single-precision values of the size of the sample.
-constexpr double turnRounding = 1e-4;
+constexpr double rotationRounding = 1e-4;
 
 ZoneProbe::Triple quarterAboutX(ZoneProbe::Triple const& value)
 {
@@ -71,10 +71,11 @@ void AxialRotationStation::rotate()
     m_tour.expectSilence("a zone, the X axis, 90 degrees, \"Rotate\" clicked: no message",
                          TourContext::button(dialog, "&Rotate"),
                          [&] { return m_atStart.distance(ZoneProbe(1), asItIs) > 0.0; });
-    ZoneProbe const turned(1);
-    m_tour.check("every point has made a quarter turn", m_atStart.distance(turned, quarterAboutX) < turnRounding);
-    m_tour.check("so has every vector", m_atStart.vectorDistance(turned, quarterAboutX) < turnRounding);
-    m_tour.check("the zone is not where it was", m_atStart.distance(turned, asItIs) > 0.1);
+    ZoneProbe const rotated(1);
+    m_tour.check("every point has been rotated by a quarter",
+                 m_atStart.distance(rotated, quarterAboutX) < rotationRounding);
+    m_tour.check("so has every vector", m_atStart.vectorDistance(rotated, quarterAboutX) < rotationRounding);
+    m_tour.check("the zone is not where it was", m_atStart.distance(rotated, asItIs) > 0.1);
     m_tour.user.picture(QStringLiteral("rotation-after"));
 }
 
@@ -90,10 +91,10 @@ void AxialRotationStation::undoAndRedo()
     m_tour.user.key(Qt::Key_Z, Qt::ControlModifier);
     m_tour.expectThat("Ctrl+Z brings every point back, to the last bit", isBack);
     m_tour.user.key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
-    m_tour.expectThat("Ctrl+Shift+Z turns it again",
-                      [&] { return m_atStart.distance(ZoneProbe(1), quarterAboutX) < turnRounding; });
+    m_tour.expectThat("Ctrl+Shift+Z rotates it again",
+                      [&] { return m_atStart.distance(ZoneProbe(1), quarterAboutX) < rotationRounding; });
     m_tour.user.key(Qt::Key_Z, Qt::ControlModifier);
     m_tour.user.waitFor(isBack);
 }
 
-} // namespace veldraw::app
+} // namespace veldraw::tests

@@ -3,9 +3,9 @@
 #include "tests/tour/TourContext.h"
 #include "tests/tour/ZoneProbe.h"
 
-namespace veldraw::app {
+namespace veldraw::tests {
 
-/// Turns a zone by a quarter about the X axis, with its vector, and takes it back.
+/// Rotates a zone by a quarter about the X axis, with its vector, and takes it back.
 class AxialRotationStation
 {
 public:
@@ -21,4 +21,4 @@ private:
     ZoneProbe m_atStart;
 };
 
-} // namespace veldraw::app
+} // namespace veldraw::tests

@@ -9,7 +9,9 @@
 #include <QStatusBar>
 #include <QTimer>
 
-namespace veldraw::app {
+namespace veldraw::tests {
+
+using namespace app;
 
 using dialogs::data::DeleteVariableDialog;
 
@@ -71,4 +73,4 @@ bool CancelledSaveStation::pressCancel()
     return true;
 }
 
-} // namespace veldraw::app
+} // namespace veldraw::tests

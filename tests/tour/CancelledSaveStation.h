@@ -4,7 +4,7 @@
 
 #include <QString>
 
-namespace veldraw::app {
+namespace veldraw::tests {
 
 /// Saves three thousand million rows as text, which takes minutes on any machine, and changes its mind: a progress window comes,
 /// Cancel is clicked, and no file is left.
@@ -26,4 +26,4 @@ private:
     bool m_wasCancelled = false;
 };
 
-} // namespace veldraw::app
+} // namespace veldraw::tests

@@ -1,6 +1,5 @@
 #include "tests/tour/DataSetInfoStation.h"
 
-#include "dialogs/datasetinfo/DataSetInfoDialog.h"
 #include "dialogs/variableops/LoadVariablesDialog.h"
 #include "kernel/session/Session.h"
 
@@ -17,7 +16,9 @@
 
 #include <utility>
 
-namespace veldraw::app {
+namespace veldraw::tests {
+
+using namespace app;
 
 using dialogs::data::DataSetInfoDialog;
 using dialogs::data::LoadVariablesDialog;
@@ -204,4 +205,4 @@ QString DataSetInfoStation::label(char const* name) const
     return m_dialog->findChild<QLabel*>(QLatin1String(name))->text();
 }
 
-} // namespace veldraw::app
+} // namespace veldraw::tests

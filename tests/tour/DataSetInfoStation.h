@@ -1,12 +1,9 @@
 #pragma once
 
+#include "dialogs/datasetinfo/DataSetInfoDialog.h"
 #include "tests/tour/TourContext.h"
 
-namespace veldraw::dialogs::data {
-class DataSetInfoDialog;
-}
-
-namespace veldraw::app {
+namespace veldraw::tests {
 
 /// Looks at what is known of a file whose values were not read, renames and loads by the window, goes through the moments of a
 /// transient result, and to a frame without data.
@@ -42,4 +39,4 @@ private:
     Dialog* m_dialog = nullptr;
 };
 
-} // namespace veldraw::app
+} // namespace veldraw::tests

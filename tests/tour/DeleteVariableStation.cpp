@@ -8,7 +8,9 @@
 #include <QListView>
 #include <QPushButton>
 
-namespace veldraw::app {
+namespace veldraw::tests {
+
+using namespace app;
 
 using dialogs::data::DeleteVariableDialog;
 
@@ -129,4 +131,4 @@ void DeleteVariableStation::askForHelp()
     m_tour.expectThat("Escape closes the dialog", [&] { return !dialog->isVisible(); });
 }
 
-} // namespace veldraw::app
+} // namespace veldraw::tests

@@ -2,7 +2,7 @@
 
 #include "tests/tour/TourContext.h"
 
-namespace veldraw::app {
+namespace veldraw::tests {
 
 /// Deletes variables by mouse and by keyboard, takes it back, and tries what is refused.
 class DeleteVariableStation
@@ -22,4 +22,4 @@ private:
     QString m_namesAtStart;
 };
 
-} // namespace veldraw::app
+} // namespace veldraw::tests

@@ -2,7 +2,6 @@
 
 #include "app/import/Importer.h"
 #include "app/window/CentralView.h"
-#include "app/window/MainWindow.h"
 #include "host/KernelBridge.h"
 
 #include <QCommandLineParser>
@@ -12,7 +11,9 @@
 #include <cstdio>
 #include <cstdlib>
 
-namespace veldraw::app {
+namespace veldraw::tests {
+
+using namespace app;
 
 DrivenProgram::OwnSettings::OwnSettings()
 {
@@ -58,4 +59,4 @@ void DrivenProgram::parse(QString const& description)
     m_out = parser.value(QStringLiteral("out"));
 }
 
-} // namespace veldraw::app
+} // namespace veldraw::tests

@@ -2,6 +2,7 @@
 
 #include "app/Application.h"
 #include "app/import/reading/Deferral.h"
+#include "app/window/MainWindow.h"
 
 #include <QSize>
 #include <QString>
@@ -10,9 +11,7 @@
 #include <atomic>
 #include <memory>
 
-namespace veldraw::app {
-
-class MainWindow;
+namespace veldraw::tests {
 
 /// A program that drives the main window by clicks and keys instead of waiting for a person. It takes the options --samples and
 /// --out, and neither reads nor leaves anything among the settings of whoever starts it.
@@ -23,14 +22,14 @@ public:
     DrivenProgram(int& argc, char** argv, QString const& description, QSize const& windowSize);
     ~DrivenProgram();
 
-    MainWindow& window() { return *m_window; }
+    app::MainWindow& window() { return *m_window; }
 
     /// Folder of the bundled samples, and folder for what the program brings about.
     QString const& samples() const { return m_samples; }
     QString const& out() const { return m_out; }
 
     /// Which values the window loads with the files that it opens; may be changed at any time.
-    std::atomic<Deferral>& deferral() { return m_deferral; }
+    std::atomic<app::Deferral>& deferral() { return m_deferral; }
 
     DrivenProgram(DrivenProgram const&) = delete;
     DrivenProgram& operator=(DrivenProgram const&) = delete;
@@ -45,11 +44,11 @@ private:
     void parse(QString const& description);
 
     OwnSettings m_settings; // before the application reads any
-    Application m_application;
+    app::Application m_application;
     QString m_samples;
     QString m_out;
-    std::atomic<Deferral> m_deferral{Deferral::Auto}; // asked for by the thread that reads a file
-    std::unique_ptr<MainWindow> m_window;
+    std::atomic<app::Deferral> m_deferral{app::Deferral::Auto}; // asked for by the thread that reads a file
+    std::unique_ptr<app::MainWindow> m_window;
 };
 
-} // namespace veldraw::app
+} // namespace veldraw::tests

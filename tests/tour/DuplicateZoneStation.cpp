@@ -5,7 +5,7 @@
 #include <QListView>
 #include <QPushButton>
 
-namespace veldraw::app {
+namespace veldraw::tests {
 
 using dialogs::data::DuplicateZoneDialog;
 
@@ -60,4 +60,4 @@ void DuplicateZoneStation::undoAndRedo()
     m_tour.expect("Ctrl+Shift+Z brings them again", namesWithCopies, &TourContext::zoneNames);
 }
 
-} // namespace veldraw::app
+} // namespace veldraw::tests

@@ -2,7 +2,7 @@
 
 #include "tests/tour/TourContext.h"
 
-namespace veldraw::app {
+namespace veldraw::tests {
 
 /// Duplicates two zones by the keyboard alone, takes it back and does it again.
 class DuplicateZoneStation
@@ -20,4 +20,4 @@ private:
     int m_countAtStart;
 };
 
-} // namespace veldraw::app
+} // namespace veldraw::tests

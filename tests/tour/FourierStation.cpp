@@ -13,7 +13,9 @@
 #include <cmath>
 #include <utility>
 
-namespace veldraw::app {
+namespace veldraw::tests {
+
+using namespace app;
 
 using dialogs::data::FourierTransformDialog;
 
@@ -239,4 +241,4 @@ void FourierStation::checkPeaks(char const* step)
     m_tour.check(step, !maps.empty() && stand);
 }
 
-} // namespace veldraw::app
+} // namespace veldraw::tests

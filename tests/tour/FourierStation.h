@@ -2,7 +2,7 @@
 
 #include "tests/tour/TourContext.h"
 
-namespace veldraw::app {
+namespace veldraw::tests {
 
 /// Transforms a time series four times: with both places of the plot, with results replaced and kept. Looks for the tones that the
 /// series was made of, goes back to the start and forth again.
@@ -29,4 +29,4 @@ private:
     QString m_file;
 };
 
-} // namespace veldraw::app
+} // namespace veldraw::tests

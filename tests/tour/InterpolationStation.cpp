@@ -16,7 +16,9 @@
 #include <cmath>
 #include <utility>
 
-namespace veldraw::app {
+namespace veldraw::tests {
+
+using namespace app;
 
 using dialogs::data::InverseDistanceInterpolationDialog;
 using dialogs::data::KrigingDialog;
@@ -261,4 +263,4 @@ double InterpolationStation::distanceFromForecast(double constant)
     return largest;
 }
 
-} // namespace veldraw::app
+} // namespace veldraw::tests

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-namespace veldraw::app {
+namespace veldraw::tests {
 
 /// Brings the rainfall at gauges, and that of a coarse forecast, to a map without values: by inverse distance, by kriging and
 /// linearly.
@@ -47,4 +47,4 @@ private:
     QString m_file;
 };
 
-} // namespace veldraw::app
+} // namespace veldraw::tests

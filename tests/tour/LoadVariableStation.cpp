@@ -7,7 +7,9 @@
 #include <QPushButton>
 #include <QTableView>
 
-namespace veldraw::app {
+namespace veldraw::tests {
+
+using namespace app;
 
 using dialogs::data::LoadVariablesDialog;
 using sdk::ui::dialogs::DataSpreadsheetDialog;
@@ -97,4 +99,4 @@ void LoadVariableStation::loadByMouse()
                       [] { return UserDriver::visibleWindow<LoadVariablesDialog>() == nullptr; });
 }
 
-} // namespace veldraw::app
+} // namespace veldraw::tests

@@ -4,7 +4,7 @@
 
 class QTableView;
 
-namespace veldraw::app {
+namespace veldraw::tests {
 
 /// The part of the tour that opens a file without reading its values, and loads two of them from the data spreadsheet.
 class LoadVariableStation
@@ -23,4 +23,4 @@ private:
     QString m_file;
 };
 
-} // namespace veldraw::app
+} // namespace veldraw::tests

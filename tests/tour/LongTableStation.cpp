@@ -8,7 +8,9 @@
 
 #include <sys/stat.h>
 
-namespace veldraw::app {
+namespace veldraw::tests {
+
+using namespace app;
 
 using sdk::ui::dialogs::DataSpreadsheetDialog;
 
@@ -97,4 +99,4 @@ void LongTableStation::checkCurrent(char const* step, QString const& rowNameAndV
     });
 }
 
-} // namespace veldraw::app
+} // namespace veldraw::tests

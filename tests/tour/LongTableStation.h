@@ -4,7 +4,7 @@
 
 class QTableView;
 
-namespace veldraw::app {
+namespace veldraw::tests {
 
 /// The part of the tour that looks at a line of three thousand million points in the data spreadsheet, from its first row to its
 /// last.
@@ -27,4 +27,4 @@ private:
     QString m_file;
 };
 
-} // namespace veldraw::app
+} // namespace veldraw::tests

@@ -10,7 +10,9 @@
 #include <QPushButton>
 #include <QRadioButton>
 
-namespace veldraw::app {
+namespace veldraw::tests {
+
+using namespace app;
 
 using dialogs::data::CreateMirrorZoneDialog;
 
@@ -153,4 +155,4 @@ QString MirrorZoneStation::visibleChoices() const
     return texts.join(QStringLiteral(", "));
 }
 
-} // namespace veldraw::app
+} // namespace veldraw::tests

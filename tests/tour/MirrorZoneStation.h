@@ -2,7 +2,7 @@
 
 #include "tests/tour/TourContext.h"
 
-namespace veldraw::app {
+namespace veldraw::tests {
 
 /// Mirrors a zone about a plane by mouse and another one about an axis by keyboard, and takes both back.
 class MirrorZoneStation
@@ -24,4 +24,4 @@ private:
     int m_countAtStart;
 };
 
-} // namespace veldraw::app
+} // namespace veldraw::tests

@@ -5,7 +5,7 @@
 #include <QComboBox>
 #include <QTableView>
 
-namespace veldraw::app {
+namespace veldraw::tests {
 
 using sdk::ui::dialogs::DataSpreadsheetDialog;
 
@@ -75,4 +75,4 @@ void SpreadsheetStation::goToTheEnd(QTableView& table)
     m_tour.user.picture(QStringLiteral("spreadsheet-end"));
 }
 
-} // namespace veldraw::app
+} // namespace veldraw::tests

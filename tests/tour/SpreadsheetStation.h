@@ -7,7 +7,7 @@
 
 class QTableView;
 
-namespace veldraw::app {
+namespace veldraw::tests {
 
 /// The part of the tour that corrects a value by hand in the data spreadsheet, and takes it back.
 class SpreadsheetStation
@@ -29,4 +29,4 @@ private:
     QImage m_plotBefore;
 };
 
-} // namespace veldraw::app
+} // namespace veldraw::tests

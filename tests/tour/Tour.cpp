@@ -21,7 +21,9 @@
 #include <QFile>
 #include <QSet>
 
-namespace veldraw::app {
+namespace veldraw::tests {
+
+using namespace app;
 
 namespace {
 
@@ -153,4 +155,4 @@ int Tour::coloursOnPage()
     return colours.size();
 }
 
-} // namespace veldraw::app
+} // namespace veldraw::tests

@@ -4,7 +4,7 @@
 
 #include <QString>
 
-namespace veldraw::app {
+namespace veldraw::tests {
 
 /// Uses the program as a person would: opens samples, looks at them, runs each dialog by mouse and by keyboard, takes changes
 /// back, asks for help, saves. Every step is checked against what a person would expect to see.
@@ -15,7 +15,7 @@ class Tour
 public:
     /// @param samples folder of the bundled samples; @param out folder for pictures and results
     /// @param deferral which values @p window loads with the files that it opens
-    Tour(MainWindow& window, QString samples, QString out, std::atomic<Deferral>& deferral);
+    Tour(app::MainWindow& window, QString samples, QString out, std::atomic<app::Deferral>& deferral);
 
     TourReport const& run();
 
@@ -36,4 +36,4 @@ private:
     QString m_out;
 };
 
-} // namespace veldraw::app
+} // namespace veldraw::tests

@@ -20,7 +20,9 @@
 
 #include <utility>
 
-namespace veldraw::app {
+namespace veldraw::tests {
+
+using namespace app;
 
 TourContext::TourContext(MainWindow& mainWindow, QString const& pictureFolder, std::atomic<Deferral>& openingDeferral)
     : window(mainWindow)
@@ -239,4 +241,4 @@ QString TourContext::zoneNames()
     return names.join(QStringLiteral(", "));
 }
 
-} // namespace veldraw::app
+} // namespace veldraw::tests

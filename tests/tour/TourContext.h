@@ -18,19 +18,19 @@ class QLineEdit;
 class QListView;
 class QPushButton;
 
-namespace veldraw::app {
+namespace veldraw::tests {
 
 /// What the stations of the tour share: the window, the user's hands and eyes, the report.
 class TourContext
 {
 public:
     /// @param openingDeferral which values the window loads with the files that it opens; stations may change it
-    TourContext(MainWindow& mainWindow, QString const& pictureFolder, std::atomic<Deferral>& openingDeferral);
+    TourContext(app::MainWindow& mainWindow, QString const& pictureFolder, std::atomic<app::Deferral>& openingDeferral);
 
-    MainWindow& window;
+    app::MainWindow& window;
     UserDriver user;
     TourReport report;
-    std::atomic<Deferral>& deferral;
+    std::atomic<app::Deferral>& deferral;
 
     /// Notes a step with what was expected and what was found. @return true when both are equal
     bool check(char const* step, QString const& expected, QString const& found);
@@ -116,4 +116,4 @@ Dialog* TourContext::openDialog(int mnemonic)
     return dialog;
 }
 
-} // namespace veldraw::app
+} // namespace veldraw::tests

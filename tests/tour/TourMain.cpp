@@ -17,7 +17,7 @@ constexpr int stillFor = 5; // minutes without a step
 // The tour of ./run: exit status 0 when every step was as expected.
 int main(int argc, char** argv)
 {
-    using namespace veldraw::app;
+    using namespace veldraw::tests;
 
     DrivenProgram program(argc, argv,
                           QStringLiteral("Uses the program by clicks and keys and checks what comes of it."),

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace veldraw::app {
+namespace veldraw::tests {
 
 bool TourReport::check(QString const& step, QString const& expected, QString const& found)
 {
@@ -38,4 +38,4 @@ QString TourReport::toText() const
     return text;
 }
 
-} // namespace veldraw::app
+} // namespace veldraw::tests

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-namespace veldraw::app {
+namespace veldraw::tests {
 
 /// What the tour did and whether each step came out as expected.
 class TourReport
@@ -34,4 +34,4 @@ private:
     std::vector<Row> m_rows;
 };
 
-} // namespace veldraw::app
+} // namespace veldraw::tests

@@ -14,7 +14,9 @@
 #include <cmath>
 #include <utility>
 
-namespace veldraw::app {
+namespace veldraw::tests {
+
+using namespace app;
 
 using dialogs::data::CreateMirrorZoneDialog;
 using dialogs::data::SmoothDialog;
@@ -267,4 +269,4 @@ void TriangulationStation::close(QDialog& dialog)
     m_tour.activate(m_tour.window);
 }
 
-} // namespace veldraw::app
+} // namespace veldraw::tests

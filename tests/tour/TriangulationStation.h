@@ -4,7 +4,7 @@
 
 #include <vector>
 
-namespace veldraw::app {
+namespace veldraw::tests {
 
 /// Makes a surface of heights that were surveyed on an island, without its shore and with it; smooths it, mirrors it, and goes back
 /// to the start.
@@ -29,4 +29,4 @@ private:
     QString m_file;
 };
 
-} // namespace veldraw::app
+} // namespace veldraw::tests

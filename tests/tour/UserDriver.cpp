@@ -13,7 +13,7 @@
 #include <QTest>
 #include <QWindow>
 
-namespace veldraw::app {
+namespace veldraw::tests {
 
 using sdk::ui::common::IdleDispatcher;
 
@@ -140,4 +140,4 @@ void UserDriver::picture(QString const& name)
     screen->grabWindow(0, windows.x(), windows.y(), windows.width(), windows.height()).save(file);
 }
 
-} // namespace veldraw::app
+} // namespace veldraw::tests

@@ -10,7 +10,7 @@
 
 class QAbstractItemView;
 
-namespace veldraw::app {
+namespace veldraw::tests {
 
 /// Does what a person does: clicks and types through the windows, waits for what comes, takes pictures.
 ///
@@ -81,4 +81,4 @@ T* UserDriver::visibleWindow()
     return nullptr;
 }
 
-} // namespace veldraw::app
+} // namespace veldraw::tests

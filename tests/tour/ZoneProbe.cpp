@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-namespace veldraw::app {
+namespace veldraw::tests {
 
 namespace {
 
@@ -38,4 +38,4 @@ double ZoneProbe::between(Triple const& one, Triple const& other)
     return std::hypot(one[0] - other[0], one[1] - other[1], one[2] - other[2]);
 }
 
-} // namespace veldraw::app
+} // namespace veldraw::tests

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <memory>
 
-namespace veldraw::app {
+namespace veldraw::tests {
 
 /// Reads points and vectors of one zone of the active data set, so that the tour can check numbers and not only pictures. It keeps
 /// the fields as they are now, whatever happens to the zone later.
@@ -62,4 +62,4 @@ double ZoneProbe::vectorDistance(ZoneProbe const& other, Turn const& turned) con
     return largest;
 }
 
-} // namespace veldraw::app
+} // namespace veldraw::tests

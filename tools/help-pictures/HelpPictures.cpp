@@ -15,6 +15,8 @@
 
 namespace veldraw::app {
 
+using tests::UserDriver;
+
 namespace {
 
 constexpr int plotWidth = 280; // two stand side by side in the help viewer
@@ -113,14 +115,15 @@ void HelpPictures::takeOf(HelpSubject const& subject)
     subject.enter(*dialog, m_user);
     m_user.settle(300);
     takeDialog(*dialog, topic);
+    kernel::History const& history = kernel::Session::instance().history();
     if (QAbstractButton* const button = subject.button ? buttonOf(*dialog, subject.button) : nullptr) {
-        kernel::History const& history = kernel::Session::instance().history();
         m_user.messagesDuring([&] { m_user.click(*button); }, [&history] { return history.canUndo(); });
         m_user.settle(500);
         takePlot(topic + QStringLiteral("_after"));
-        for (int step = 0; step < mostSteps && history.canUndo(); ++step)
-            m_user.key(Qt::Key_Z, Qt::ControlModifier);
     }
+    // Before another sample is opened, which would ask whether to save.
+    for (int step = 0; step < mostSteps && history.canUndo(); ++step)
+        m_user.key(Qt::Key_Z, Qt::ControlModifier);
     dialog->close();
 }
 

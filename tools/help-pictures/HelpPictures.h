@@ -32,7 +32,7 @@ private:
     void save(QImage const& image, QString const& name);
 
     MainWindow& m_window;
-    UserDriver m_user;
+    tests::UserDriver m_user;
     QString m_samples;
     QString m_out;
     std::atomic<Deferral>& m_deferral;

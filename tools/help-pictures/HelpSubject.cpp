@@ -1,6 +1,5 @@
 #include "tools/help-pictures/HelpSubject.h"
 
-#include "kernel/session/Session.h"
 #include "platform/vdtoolbox/AuxData.h"
 
 #include <QAbstractButton>
@@ -10,6 +9,8 @@
 #include <QTabWidget>
 
 namespace veldraw::app {
+
+using tests::UserDriver;
 
 namespace {
 
@@ -149,7 +150,7 @@ void enterFourierTransform(QDialog& dialog, UserDriver& user)
 // Narrow enough for the picture to fit into the page.
 void goToPage(QDialog& dialog, UserDriver& user, int page)
 {
-    dialog.resize(560, dialog.minimumSizeHint().height());
+    dialog.resize(560, dialog.sizeHint().height());
     user.settle();
     QTabBar& bar = *child<QTabWidget>(dialog, "dataSetInfoTabWidget").tabBar();
     user.click(bar, bar.tabRect(page).center());
@@ -175,7 +176,6 @@ void showAuxData(QDialog& dialog, UserDriver& user)
     plate.setText("Material", "copper", true);
     plate.setText("Source.Power", "80", true);
     plate.setText("Thickness", "0.002", true);
-    kernel::Session::instance().history().clear();
     goToPage(dialog, user, 2);
 }
 

@@ -18,7 +18,7 @@ struct HelpSubject
     char const* action; ///< object name of its entry in the Data menu
     char const* topic;  ///< name of its pictures, which begins with that of the page
     char const* button; ///< text of the button that does it; null where the plot looks the same afterwards
-    std::function<void(QDialog&, UserDriver&)> enter;
+    std::function<void(QDialog&, tests::UserDriver&)> enter;
     char const* sample = "tetra.vtu"; ///< the file that is open
     Deferral deferral = Deferral::Auto;
 };

@@ -6,11 +6,9 @@
 // Takes the pictures of the help pages: exit status 0 when all were taken.
 int main(int argc, char** argv)
 {
-    using namespace veldraw::app;
-
-    DrivenProgram program(argc, argv, QStringLiteral("Takes the pictures of the help pages from the real dialogs."),
-                          QSize(1100, 700));
-    HelpPictures pictures(program.window(), program.samples(), program.out(), program.deferral());
+    veldraw::tests::DrivenProgram program(
+        argc, argv, QStringLiteral("Takes the pictures of the help pages from the real dialogs."), QSize(1100, 700));
+    veldraw::app::HelpPictures pictures(program.window(), program.samples(), program.out(), program.deferral());
     QStringList const problems = pictures.take();
     for (QString const& problem : problems)
         std::fprintf(stderr, "veldraw_help_pictures: %s\n", qPrintable(problem));

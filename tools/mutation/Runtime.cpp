@@ -69,10 +69,13 @@ private:
 
 bool startRecord()
 {
-    char const* const path = std::getenv("VELDRAW_MUTATION_RECORD");
-    if (path)
-        testing::UnitTest::GetInstance()->listeners().Append(new Record(path));
-    return path != nullptr;
+    constexpr char variable[] = "VELDRAW_MUTATION_RECORD";
+    char const* const path = std::getenv(variable);
+    if (path == nullptr)
+        return false;
+    testing::UnitTest::GetInstance()->listeners().Append(new Record(path));
+    unsetenv(variable); // a test may start the program once more
+    return true;
 }
 
 } // namespace

@@ -82,13 +82,15 @@ void synchroniseFolder(std::string const& path)
     OpenFile(path).synchroniseNames();
 }
 
-void synchroniseChangedFolder(std::string const& path, std::vector<std::string>& remarks)
+bool synchroniseChangedFolder(std::string const& path, std::vector<std::string>& remarks)
 {
     try {
         synchroniseFolder(path);
+        return true;
     } catch (ExportError const& error) {
         remarks.push_back("The folder \"" + path + "\" could not be brought to the disk (" + error.what() +
                           "): after a power failure it may have the old files again");
+        return false;
     }
 }
 

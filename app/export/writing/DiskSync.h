@@ -16,6 +16,7 @@ void synchronise(std::string const& path, kernel::Progress& progress);
 void synchroniseFolder(std::string const& path);
 
 /// The same for names that users already see, so that it is too late for a refusal: a remark tells when it fails.
-void synchroniseChangedFolder(std::string const& path, std::vector<std::string>& remarks);
+/// @return whether it succeeded
+bool synchroniseChangedFolder(std::string const& path, std::vector<std::string>& remarks);
 
 } // namespace veldraw::app

@@ -46,6 +46,20 @@ FileRights::FileRights(std::string const& path)
     }
 }
 
+// Where the group is another, or a list tells more of it, its members may be others to the other file.
+void FileRights::narrowTo(FileRights const& other)
+{
+    mode_t allowed = other.m_mode;
+    if (m_group != other.m_group || !(m_lists == other.m_lists))
+        allowed &= ~static_cast<mode_t>(S_IRWXG) | (other.m_mode & S_IRWXO) << 3;
+    m_mode &= allowed;
+}
+
+bool FileRights::operator==(FileRights const& other) const
+{
+    return m_owner == other.m_owner && m_group == other.m_group && m_mode == other.m_mode && m_lists == other.m_lists;
+}
+
 // The permissions come last: to change the owner takes some of them away, and to set a list changes them.
 void FileRights::giveTo(int descriptor) const
 {

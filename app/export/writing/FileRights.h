@@ -17,13 +17,17 @@ public:
     void giveTo(int descriptor) const;
 
     /// Takes away what the other ones do not allow. Owner and group stay.
-    void narrowTo(FileRights const& other) { m_mode &= other.m_mode; }
+    void narrowTo(FileRights const& other);
+
+    bool operator==(FileRights const& other) const;
 
 private:
     struct List
     {
         char const* name;
         std::vector<char> content; // empty: there is none
+
+        bool operator==(List const& other) const { return content == other.content; }
     };
 
     uid_t m_owner = 0;

@@ -16,18 +16,17 @@ public:
     explicit FileSave(std::string const& path);
 
     /// Where to write it; an empty file is there.
-    std::string path() const { return m_journal.pathTo(m_part); }
+    std::string path() const { return m_journal.pathTo(m_journal.part()); }
 
     void commit(kernel::Progress& progress, std::vector<std::string>& remarks) override;
 
 private:
-    SaveTarget m_target;
     SaveJournal m_journal;
-    std::string m_part;
+    SaveTarget m_target;
 };
 
-/// Puts a complete file in the place of the target and its name on the disk.
-void putInPlace(std::string const& part, SaveTarget const& target, SaveJournal& journal,
-                std::vector<std::string>& remarks);
+/// Puts the complete part of a save in the place of the target and its name on the disk.
+/// @return false when the name is not on the disk, which a remark tells @throws ExportError
+bool putInPlace(SaveTarget const& target, SaveJournal& journal, std::vector<std::string>& remarks);
 
 } // namespace veldraw::app

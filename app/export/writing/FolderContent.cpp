@@ -5,9 +5,20 @@
 
 #include <cerrno>
 #include <filesystem>
-#include <sys/stat.h>
 
 namespace veldraw::app {
+
+std::optional<struct stat> entryAt(std::string const& path)
+{
+    struct stat facts
+    {
+    };
+    if (::lstat(path.c_str(), &facts) == 0)
+        return facts;
+    if (errno != ENOENT)
+        throwReason(errno);
+    return {};
+}
 
 std::set<std::string> namesIn(std::string const& folder)
 {

@@ -1,9 +1,14 @@
 #pragma once
 
+#include <optional>
 #include <set>
 #include <string>
+#include <sys/stat.h>
 
 namespace veldraw::app {
+
+/// A file's entry in its folder; a link is one itself. @throws ExportError that cannot be found out
+std::optional<struct stat> entryAt(std::string const& path);
 
 /// Names of all that stands in a folder. @throws ExportError
 std::set<std::string> namesIn(std::string const& folder);

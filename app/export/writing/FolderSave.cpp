@@ -8,18 +8,12 @@
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
-#include <filesystem>
 #include <optional>
 #include <unistd.h>
 
 namespace veldraw::app {
 
 namespace {
-
-std::string nameOf(std::string const& path)
-{
-    return std::filesystem::path(path).filename().string();
-}
 
 void giveTo(std::string const& folder, FileRights const& rights)
 {
@@ -58,7 +52,6 @@ FolderSave::FolderSave(std::string const& folder, std::vector<std::string> const
     , m_isEarlier(isEarlier)
     , m_names(names)
     , m_journal(folder)
-    , m_part(nameWithEnding(nameOf(folder), "." + m_journal.tag() + ".part"))
     , m_isThere(isFolder(folder))
     , m_old(replacedFiles(folder, isEarlier))
 {
@@ -68,13 +61,14 @@ FolderSave::FolderSave(std::string const& folder, std::vector<std::string> const
 // A file gets the rights of the old one of its name; one without, what all of the old ones allow.
 void FolderSave::makeFiles()
 {
-    SaveJournal::Entries entries{{}, {m_part}};
+    std::string const& part = m_journal.part();
+    SaveJournal::Entries entries;
     for (std::string const& name : m_names)
-        entries.files.push_back(m_part + "/" + name);
-    for (std::string const& name : m_old)
-        entries.files.push_back(m_part + "/" + name);
+        entries.files.push_back(part + "/" + name);
+    for (std::string const& name : m_old) // which stand in it when it has been exchanged
+        entries.files.push_back(part + "/" + name);
     m_journal.note(entries);
-    m_journal.makeFolder(m_part);
+    m_journal.makeFolder(part);
     if (m_isThere)
         giveTo(partPath(), FileRights(m_folder));
     std::optional<FileRights> common;
@@ -89,7 +83,7 @@ void FolderSave::makeFiles()
         std::optional<FileRights> rights = common;
         if (m_old.count(name) != 0)
             rights.emplace(m_folder + "/" + name);
-        m_journal.makeFile(m_part + "/" + name, rights ? &*rights : nullptr);
+        m_journal.makeFile(part + "/" + name, rights ? &*rights : nullptr);
     }
 }
 
@@ -100,8 +94,10 @@ void FolderSave::commit(kernel::Progress& progress, std::vector<std::string>& re
     synchroniseFolder(partPath());
     putInPlace();
     m_journal.keep();
-    synchroniseChangedFolder(folderOf(m_folder), remarks);
-    removeOld(remarks);
+    if (synchroniseChangedFolder(folderOf(m_folder), remarks))
+        removeOld(remarks);
+    else
+        m_journal.removeLater();
 }
 
 // A folder with something in it can only be exchanged.
@@ -125,10 +121,10 @@ void FolderSave::putInPlace() const
 void FolderSave::removeOld(std::vector<std::string>& remarks)
 {
     for (std::string const& name : m_old)
-        m_journal.remove(m_part + "/" + name);
-    std::string const problem = m_journal.removeFolder(m_part);
+        m_journal.remove(m_journal.part() + "/" + name);
+    std::string const problem = m_journal.removeFolder(m_journal.part());
     if (!problem.empty())
-        remarks.push_back("The old folder has the name \"" + m_part +
+        remarks.push_back("The old folder has the name \"" + m_journal.part() +
                           "\" now and is left to the next save: " + problem);
 }
 

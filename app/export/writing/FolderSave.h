@@ -27,13 +27,13 @@ public:
 
     std::string path(std::string const& name) const
     {
-        return m_journal.pathTo(m_part + "/" + name);
+        return m_journal.pathTo(m_journal.part() + "/" + name);
     } ///< where to write it
 
     void commit(kernel::Progress& progress, std::vector<std::string>& remarks) override;
 
 private:
-    std::string partPath() const { return m_journal.pathTo(m_part); }
+    std::string partPath() const { return m_journal.pathTo(m_journal.part()); }
     void makeFiles();
     void putInPlace() const;
     void removeOld(std::vector<std::string>& remarks);
@@ -42,7 +42,6 @@ private:
     IsEarlier m_isEarlier;
     std::vector<std::string> m_names;
     SaveJournal m_journal;
-    std::string m_part;
     bool m_isThere;
     std::set<std::string> m_old;
 };

@@ -10,7 +10,7 @@
 namespace veldraw::app {
 
 OutputFile::OutputFile(std::string const& path)
-    : m_descriptor(::open(path.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC))
+    : m_descriptor(::open(path.c_str(), O_WRONLY | O_TRUNC | O_NOFOLLOW | O_CLOEXEC))
 {
     if (m_descriptor < 0)
         throwReason(errno);

@@ -9,7 +9,7 @@ namespace veldraw::app {
 class OutputFile
 {
 public:
-    /// @param path of a file that is there; it is emptied @throws ExportError
+    /// @param path of a file that is there, and no link; it is emptied @throws ExportError
     explicit OutputFile(std::string const& path);
     ~OutputFile();
 

@@ -4,6 +4,7 @@
 #include "app/export/writing/ExportError.h"
 #include "app/export/writing/FileSave.h"
 #include "app/export/writing/FolderContent.h"
+#include "app/export/writing/SaveNames.h"
 #include "app/files/PathChecks.h"
 
 #include <algorithm>
@@ -23,44 +24,41 @@ std::string const& requireSameFolder(std::string const& path, SaveTarget const& 
     return target.path();
 }
 
-// "_1.vts", "_12-3.vtu": what may follow the name of the file.
-bool isPieceEnding(std::string const& text)
+// Seen from the folder, these are no names of others in it.
+void requireFolderName(std::string const& stem)
 {
-    auto const endOfDigits = [&](std::size_t start) {
-        return std::min(text.find_first_not_of("0123456789", start), text.size());
-    };
-    if (text.empty() || text[0] != '_')
-        return false;
-    std::size_t end = endOfDigits(1);
-    bool isGood = end > 1;
-    if (isGood && end < text.size() && text[end] == '-') {
-        std::size_t const start = end + 1;
-        end = endOfDigits(start);
-        isGood = end > start;
-    }
-    std::string const extension = text.substr(end);
-    return isGood && (extension == ".vts" || extension == ".vtu" || extension == ".vtp");
+    if (stem == "." || stem == "..")
+        throw ExportError("its zones get a folder with its name without the extension, and \"" + stem +
+                          "\" cannot be one");
+}
+
+// Where to save, behind links.
+std::string checkedTarget(std::string const& path)
+{
+    SaveTarget const target(path);
+    requireFolderName(baseNameOf(target.path()));
+    return requireSameFolder(path, target);
+}
+
+NamedPieces namedBy(std::string const& path, PiecesSave::ReadNames const& readNames)
+{
+    return isFile(path) ? readNames(path) : NamedPieces();
 }
 
 } // namespace
 
+// The target is looked at once more when no other save can change it.
 PiecesSave::PiecesSave(std::string const& path, std::vector<std::string> const& extensions, ReadNames const& readNames)
-    : m_target(path)
-    , m_readNames(readNames)
+    : m_journal(checkedTarget(path), [&] { return namedBy(behindLinks(path), readNames).files; })
+    , m_target(m_journal.target())
     , m_stem(baseNameOf(m_target.path()))
-    , m_journal(requireSameFolder(path, m_target), [this] { return earlier().files; })
-    , m_part(nameWithEnding(m_target.name(), "." + m_journal.tag() + ".part"))
     , m_hasFolder(isFolder(folder()))
-    , m_earlier(earlier())
+    , m_isLinkedFolder(m_hasFolder && S_ISLNK(entryAt(folder())->st_mode))
+    , m_earlier(namedBy(m_target.path(), readNames))
 {
     chooseNames(extensions);
     findObsolete();
     makeFiles();
-}
-
-NamedPieces PiecesSave::earlier() const
-{
-    return m_target.rights() ? m_readNames(m_target.path()) : NamedPieces();
 }
 
 void PiecesSave::chooseNames(std::vector<std::string> const& extensions)
@@ -69,37 +67,36 @@ void PiecesSave::chooseNames(std::vector<std::string> const& extensions)
     auto const isTaken = [&](std::string const& piece) { return taken.count(piece.substr(m_stem.size() + 1)) != 0; };
     for (int round = 1; round == 1 || std::any_of(m_pieces.begin(), m_pieces.end(), isTaken); ++round) {
         m_pieces.clear();
-        std::string const mark = round == 1 ? std::string() : "-" + std::to_string(round);
-        for (std::string const& extension : extensions) {
-            std::string const name = m_stem + "_" + std::to_string(m_pieces.size() + 1) + mark + "." + extension;
-            m_pieces.push_back(m_stem + "/" + name);
-        }
+        for (std::string const& extension : extensions)
+            m_pieces.push_back(m_stem + "/" + nameOfPiece(m_stem, m_pieces.size() + 1, round, extension));
     }
 }
 
 void PiecesSave::findObsolete()
 {
-    std::string const start = m_stem + "/" + m_stem;
+    if (!m_earlier.areItsOwn || m_isLinkedFolder)
+        return;
     for (std::string const& name : m_earlier.files) {
-        bool const isOurs = m_earlier.areItsOwn && name.compare(0, start.size(), start) == 0 &&
-                            isPieceEnding(name.substr(start.size()));
-        if (isOurs && isFile(m_journal.pathTo(name)))
-            m_obsolete.push_back(name);
+        bool const isInFolder = name.compare(0, m_stem.size() + 1, m_stem + "/") == 0;
+        std::string const path = m_journal.pathTo(name);
+        if (!isInFolder || !isPieceName(name.substr(m_stem.size() + 1), m_stem) || !isFile(path))
+            continue;
+        if (isWriteProtected(path))
+            throw ExportError("its old piece \"" + name + "\" is write-protected");
+        m_obsolete.push_back(name);
     }
 }
 
 void PiecesSave::makeFiles()
 {
-    SaveJournal::Entries entries{{m_part}, {}};
-    entries.files.insert(entries.files.end(), m_pieces.begin(), m_pieces.end());
-    entries.files.insert(entries.files.end(), m_obsolete.begin(), m_obsolete.end());
+    SaveJournal::Entries entries{m_pieces, {}, m_obsolete};
     if (!m_hasFolder)
         entries.folders.push_back(m_stem);
     m_journal.note(entries);
+    auto rights = m_target.rights();
+    m_journal.makeFile(m_journal.part(), rights ? &*rights : nullptr);
     if (!m_hasFolder)
         m_journal.makeFolder(m_stem);
-    auto rights = m_target.rights();
-    m_journal.makeFile(m_part, rights ? &*rights : nullptr);
     for (std::string const& name : m_obsolete)
         rights->narrowTo(FileRights(m_journal.pathTo(name)));
     for (std::string const& name : m_pieces)
@@ -114,8 +111,10 @@ void PiecesSave::commit(kernel::Progress& progress, std::vector<std::string>& re
     if (!m_hasFolder)
         synchroniseFolder(m_target.folder());
     synchronise(path(), progress);
-    putInPlace(path(), m_target, m_journal, remarks);
-    removeObsolete(remarks);
+    if (putInPlace(m_target, m_journal, remarks))
+        removeObsolete(remarks);
+    else
+        m_journal.removeLater();
 }
 
 void PiecesSave::removeObsolete(std::vector<std::string>& remarks)
@@ -125,9 +124,11 @@ void PiecesSave::removeObsolete(std::vector<std::string>& remarks)
         if (!problem.empty())
             remarks.push_back("\"" + name + "\", which nothing needs any more, is left to the next save: " + problem);
     }
+    std::string const start = "The files that the old \"" + m_target.name() + "\" named are still there, since ";
     if (!m_earlier.areItsOwn && !m_earlier.files.empty())
-        remarks.push_back("The files that the old \"" + m_target.name() +
-                          "\" named are still there, since they may have come from elsewhere");
+        remarks.push_back(start + "they may have come from elsewhere");
+    else if (m_isLinkedFolder && !m_earlier.files.empty())
+        remarks.push_back(start + "their folder is a link, so that another file may name them too");
 }
 
 } // namespace veldraw::app

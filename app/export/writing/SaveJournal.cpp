@@ -1,18 +1,18 @@
 #include "app/export/writing/SaveJournal.h"
 
+#include "app/export/writing/DiskSync.h"
 #include "app/export/writing/ExportError.h"
-#include "app/export/writing/FolderContent.h"
+#include "app/export/writing/SaveLeftovers.h"
+#include "app/export/writing/SaveNames.h"
+#include "app/export/writing/SaveNotes.h"
 #include "app/export/writing/SaveTarget.h"
 #include "app/export/writing/WriteReason.h"
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <chrono>
-#include <cstdint>
 #include <fcntl.h>
 #include <filesystem>
-#include <random>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <thread>
@@ -22,20 +22,6 @@
 namespace veldraw::app {
 
 namespace {
-
-// Texts end in a zero, as a name can hold anything else.
-std::string const journalStart("veldraw save\0", 13);
-
-std::string newTag()
-{
-    static char const letters[] = "abcdefghijklmnopqrstuvwxyz0123456789";
-    std::random_device source;
-    std::uniform_int_distribution<std::size_t> letter(0, sizeof letters - 2);
-    std::string tag;
-    while (tag.size() < 10)
-        tag += letters[letter(source)];
-    return tag;
-}
 
 std::string contentOfFile(int descriptor)
 {
@@ -61,20 +47,17 @@ void writeAll(int descriptor, std::string const& text)
         throwReason(errno);
 }
 
-// Also where the writing was interrupted.
-bool isBeginOfJournal(std::string const& text)
+std::string nameOf(std::string const& path)
 {
-    return text.compare(0, journalStart.size(), journalStart, 0, text.size()) == 0;
+    return std::filesystem::path(path).filename().string();
 }
 
-// Whether a name leads to where our saves make files, whoever has written it.
-bool staysBeside(std::string const& name)
+// Some file systems of networks lock only what is open for writing.
+int openLeftNotes(std::string const& path)
 {
-    auto const parts = std::filesystem::path(name);
-    auto const isPlain = [](std::filesystem::path const& part) {
-        return !part.empty() && part != "." && part != ".." && part != "/";
-    };
-    return std::distance(parts.begin(), parts.end()) <= 2 && std::all_of(parts.begin(), parts.end(), isPlain);
+    constexpr int how = O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
+    int const file = ::open(path.c_str(), O_RDWR | how);
+    return file >= 0 || errno != EACCES ? file : ::open(path.c_str(), O_RDONLY | how);
 }
 
 // What is not there is removed.
@@ -91,29 +74,16 @@ bool isFolderRemoved(std::string const& path)
 
 } // namespace
 
-std::string nameWithEnding(std::string const& name, std::string const& ending)
-{
-    constexpr std::size_t longest = 255; // bytes, on nearly all file systems
-    if (name.size() + ending.size() <= longest)
-        return name + ending;
-    std::uint64_t sum = 14695981039346656037U; // FNV-1a: the same in every run
-    for (char const c : name)
-        sum = (sum ^ static_cast<unsigned char>(c)) * 1099511628211U;
-    std::size_t kept = longest - ending.size() - 21;
-    while (kept > 0 && (static_cast<unsigned char>(name[kept]) & 0xC0U) == 0x80U)
-        --kept; // in the middle of a letter
-    return name.substr(0, kept) + "-" + std::to_string(sum) + ending;
-}
-
 SaveJournal::SaveJournal(std::string const& target)
     : SaveJournal(target, [] { return std::set<std::string>(); })
 {
 }
 
 SaveJournal::SaveJournal(std::string const& target, Needed const& needed)
-    : m_folder(folderOf(target))
-    , m_path(pathTo(nameWithEnding(std::filesystem::path(target).filename().string(), ".veldraw-saving")))
-    , m_tag(newTag())
+    : m_target(target)
+    , m_folder(folderOf(target))
+    , m_path(pathTo(nameWithEnding(nameOf(target), ".veldraw-saving")))
+    , m_part(partName(nameOf(target), newTag()))
 {
     // Two that begin at once may disturb each other for a moment.
     constexpr int attempts = 30;
@@ -127,10 +97,10 @@ SaveJournal::SaveJournal(std::string const& target, Needed const& needed)
 
 SaveJournal::~SaveJournal()
 {
-    for (std::string const& file : m_made.files)
-        m_isClear = isRemoved(pathTo(file)) && m_isClear;
-    for (auto folder = m_made.folders.rbegin(); folder != m_made.folders.rend(); ++folder)
-        m_isClear = isFolderRemoved(pathTo(*folder)) && m_isClear;
+    for (auto made = m_made.rbegin(); made != m_made.rend(); ++made) {
+        std::string const path = pathTo(made->name);
+        m_isClear = (made->isFolder ? isFolderRemoved(path) : isRemoved(path)) && m_isClear;
+    }
     if (m_isClear)
         ::unlink(m_path.c_str());
     ::close(m_descriptor);
@@ -146,7 +116,7 @@ bool SaveJournal::takePlace(Needed const& needed)
         takeOver(needed);
         return false;
     }
-    if (isUnlocked(m_descriptor) && holdsPlace())
+    if (isUnlocked(m_descriptor) && hasName(m_descriptor))
         return true;
     ::close(std::exchange(m_descriptor, -1));
     return false;
@@ -158,8 +128,8 @@ bool SaveJournal::isUnlocked(int descriptor) const
     return ::flock(descriptor, LOCK_EX | LOCK_NB) == 0 || (errno != EWOULDBLOCK && descriptor == m_descriptor);
 }
 
-// Whether the file still has its name: another save may have taken it for a left-over one before it was locked.
-bool SaveJournal::holdsPlace() const
+// Whether a file still has its name: another save may have taken it for a left-over one before it was locked.
+bool SaveJournal::hasName(int descriptor) const
 {
     struct stat ours
     {
@@ -167,28 +137,30 @@ bool SaveJournal::holdsPlace() const
     struct stat named
     {
     };
-    return ::fstat(m_descriptor, &ours) == 0 && ::lstat(m_path.c_str(), &named) == 0 && ours.st_ino == named.st_ino &&
+    return ::fstat(descriptor, &ours) == 0 && ::lstat(m_path.c_str(), &named) == 0 && ours.st_ino == named.st_ino &&
            ours.st_dev == named.st_dev;
 }
 
-// Ends what a crash has left, so that the place is free. Only the user's own notes are believed: others could write down files of the user.
+// Ends what a crash has left, so that the place is free.
 void SaveJournal::takeOver(Needed const& needed)
 {
-    int const left = ::open(m_path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
-    struct stat facts
-    {
-    };
+    int const left = openLeftNotes(m_path);
     if (left < 0 && errno == ENOENT)
         return;
+    if (left < 0)
+        throw ExportError(errno == EACCES ? "another user is saving to this name, or \"" + m_path + "\" is left of that"
+                                          : reasonOf(errno));
     try {
-        if (left < 0 || ::fstat(left, &facts) != 0)
-            throwReason(errno);
-        if (isUnlocked(left)) {
+        if (isUnlocked(left) && hasName(left)) {
+            struct stat facts
+            {
+            };
+            if (::fstat(left, &facts) != 0)
+                throwReason(errno);
             std::string const text = S_ISREG(facts.st_mode) ? contentOfFile(left) : "no file";
-            if (!isBeginOfJournal(text))
+            if (!areSaveNotes(text) || facts.st_nlink > 1)
                 throw ExportError("\"" + m_path + "\" stands where notes on the save would");
-            if (facts.st_uid == ::geteuid())
-                removeLeftovers(text, needed());
+            SaveLeftovers(m_target, text, facts.st_uid).remove(needed());
             if (::unlink(m_path.c_str()) != 0 && errno != ENOENT)
                 throw ExportError("\"" + m_path +
                                   "\" is left of another save and cannot be removed: " + reasonOf(errno));
@@ -200,31 +172,17 @@ void SaveJournal::takeOver(Needed const& needed)
     ::close(left);
 }
 
-void SaveJournal::removeLeftovers(std::string const& text, std::set<std::string> const& needed) const
-{
-    std::size_t start = std::min(journalStart.size(), text.size());
-    for (std::size_t end = text.find('\0', start); end != std::string::npos; end = text.find('\0', start)) {
-        std::string const entry = text.substr(start, end - start);
-        start = end + 1;
-        std::string const name = entry.empty() ? entry : entry.substr(1);
-        if (!staysBeside(name) || needed.count(name) != 0)
-            continue;
-        bool const isGone =
-            entry[0] == 'd' ? isFolderRemoved(pathTo(name)) : !isFile(pathTo(name)) || isRemoved(pathTo(name));
-        if (!isGone)
-            throw ExportError("\"" + pathTo(name) +
-                              "\" is left of an earlier save and cannot be removed: " + reasonOf(errno));
-    }
-}
-
 void SaveJournal::note(Entries const& entries)
 {
-    std::string text = journalStart;
+    std::vector<SaveNote> notes{{SaveNote::Kind::Part, m_part}};
     for (std::string const& file : entries.files)
-        text += "f" + file + '\0';
+        notes.push_back({SaveNote::Kind::File, file});
     for (std::string const& folder : entries.folders)
-        text += "d" + folder + '\0';
-    writeAll(m_descriptor, text);
+        notes.push_back({SaveNote::Kind::Folder, folder});
+    for (std::string const& file : entries.old)
+        notes.push_back({SaveNote::Kind::Old, file});
+    writeAll(m_descriptor, textOf(notes));
+    synchroniseFolder(m_folder);
 }
 
 void SaveJournal::makeFile(std::string const& name, FileRights const* rights)
@@ -233,7 +191,7 @@ void SaveJournal::makeFile(std::string const& name, FileRights const* rights)
     if (file < 0)
         throwReason(errno);
     try {
-        m_made.files.push_back(name);
+        m_made.push_back({name, false});
         if (rights)
             rights->giveTo(file);
     } catch (...) {
@@ -247,12 +205,12 @@ void SaveJournal::makeFolder(std::string const& name)
 {
     if (::mkdir(pathTo(name).c_str(), 0777) != 0)
         throw ExportError("the folder \"" + pathTo(name) + "\" cannot be made: " + reasonOf(errno));
-    m_made.folders.push_back(name);
+    m_made.push_back({name, true});
 }
 
 void SaveJournal::keep()
 {
-    m_made = {};
+    m_made.clear();
 }
 
 std::string SaveJournal::remove(std::string const& file)

@@ -5,6 +5,7 @@
 #include <functional>
 #include <set>
 #include <string>
+#include <sys/types.h>
 #include <vector>
 
 namespace veldraw::app {
@@ -14,13 +15,17 @@ namespace veldraw::app {
 ///
 /// When all ends well, or with an exception, the object removes what does not count, and its file last. After a crash the file is left, and
 /// the next save of that name removes what stands in it. Names are those seen from the target's folder, with at most one folder in front.
+///
+/// The part is what is renamed to the target. As it is made first and removed last, the other files are nobody's while it is there, and
+/// belong to whoever names them once it is not: the user may have moved the target away since.
 class SaveJournal
 {
 public:
     struct Entries
     {
-        std::vector<std::string> files;
+        std::vector<std::string> files;   ///< made besides the part
         std::vector<std::string> folders; ///< removed where they are empty
+        std::vector<std::string> old;     ///< removed when the target needs the new files
     };
 
     /// Tells which files the target that is there needs; asked when no other save goes on.
@@ -35,16 +40,19 @@ public:
     /// Removes what was made and not kept.
     ~SaveJournal();
 
-    /// A text that is in no other save's names.
-    std::string const& tag() const { return m_tag; }
+    std::string const& target() const { return m_target; }
+
+    /// Name of the file or folder that is to be renamed to the target; no other save's.
+    std::string const& part() const { return m_part; }
 
     /// The path to a name.
     std::string pathTo(std::string const& name) const { return m_folder + "/" + name; }
 
-    /// To be called once, before anything is made. @param entries all that will be made or removed
+    /// To be called once, before anything is made. @param entries all that will be made or removed besides the part @throws ExportError
     void note(Entries const& entries);
 
-    /// Makes an empty file that was noted. @param rights null for those that new files have @throws ExportError
+    /// Makes an empty file that was noted; the part, be it a file or a folder, before all others.
+    /// @param rights null for those that new files have @throws ExportError
     void makeFile(std::string const& name, FileRights const* rights);
     void makeFolder(std::string const& name);
 
@@ -56,25 +64,31 @@ public:
     std::string remove(std::string const& file);
     std::string removeFolder(std::string const& name);
 
+    /// Leaves all of that to the next save.
+    void removeLater() { m_isClear = false; }
+
     SaveJournal(SaveJournal const&) = delete;
     SaveJournal& operator=(SaveJournal const&) = delete;
 
 private:
+    struct Made
+    {
+        std::string name;
+        bool isFolder;
+    };
+
     bool takePlace(Needed const& needed);
     void takeOver(Needed const& needed);
-    bool holdsPlace() const;
+    bool hasName(int descriptor) const;
     bool isUnlocked(int descriptor) const;
-    void removeLeftovers(std::string const& text, std::set<std::string> const& needed) const;
 
+    std::string m_target;
     std::string m_folder;
     std::string m_path;
-    std::string m_tag;
+    std::string m_part;
     int m_descriptor = -1;
-    Entries m_made;
+    std::vector<Made> m_made;
     bool m_isClear = true; // nothing is left to the next save
 };
-
-/// The name with another ending, short enough for a file system whatever the name is. @param ending begins with a dot
-std::string nameWithEnding(std::string const& name, std::string const& ending);
 
 } // namespace veldraw::app

@@ -1,6 +1,7 @@
 #include "app/export/writing/SaveTarget.h"
 
 #include "app/export/writing/ExportError.h"
+#include "app/export/writing/FolderContent.h"
 #include "app/export/writing/WriteReason.h"
 
 #include <cerrno>
@@ -14,29 +15,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// A file's entry in its folder.
-std::optional<struct stat> entryAt(std::string const& path)
+// What cannot be read as UTF-8 has been replaced by this letter before it came here.
+void requireReadableName(std::string const& path)
 {
-    struct stat facts
-    {
-    };
-    if (::lstat(path.c_str(), &facts) == 0)
-        return facts;
-    if (errno != ENOENT)
-        throwReason(errno);
-    return {};
-}
-
-// Whether somebody has asked for it not to be changed; root may write it in spite of that.
-bool isWriteProtected(std::string const& path, struct stat const& facts)
-{
-    if ((facts.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0)
-        return true;
-    if (::access(path.c_str(), W_OK) == 0)
-        return false;
-    if (errno != EACCES && errno != EPERM)
-        throwReason(errno);
-    return true;
+    if (path.find("\xEF\xBF\xBD") != std::string::npos)
+        throw ExportError("its name has letters that cannot be read, and a file of another name would be written");
 }
 
 void checkFolder(std::string const& folder)
@@ -60,6 +43,21 @@ std::string folderOf(std::string const& path)
     return folder.empty() ? "." : folder;
 }
 
+// Root may write it in spite of that.
+bool isWriteProtected(std::string const& path)
+{
+    auto const entry = entryAt(path);
+    if (!entry)
+        return false;
+    if ((entry->st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0)
+        return true;
+    if (::access(path.c_str(), W_OK) == 0)
+        return false;
+    if (errno != EACCES && errno != EPERM)
+        throwReason(errno);
+    return true;
+}
+
 std::string behindLinks(std::string const& path)
 {
     constexpr int tooMany = 40; // as the system has it
@@ -79,7 +77,8 @@ std::string behindLinks(std::string const& path)
 SaveTarget::SaveTarget(std::string const& path)
     : m_path(behindLinks(path))
 {
-    check();
+    requireReadableName(m_path);
+    checkPlace();
     if (entryAt(m_path))
         m_rights.emplace(m_path);
 }
@@ -94,7 +93,7 @@ std::string SaveTarget::name() const
     return fs::path(m_path).filename().string();
 }
 
-void SaveTarget::check() const
+void SaveTarget::checkPlace() const
 {
     checkFolder(folder());
     auto const old = entryAt(m_path);
@@ -104,10 +103,20 @@ void SaveTarget::check() const
         throw ExportError("there is a folder of this name");
     if (!S_ISREG(old->st_mode))
         throw ExportError("what has this name is no file but a device, a pipe or the like");
-    if (isWriteProtected(m_path, *old))
+    if (isWriteProtected(m_path))
         throw ExportError("the file that is there is write-protected");
     if (old->st_nlink > 1)
         throw ExportError("the file that is there has a second name (a hard link), which would keep the old content");
+}
+
+void SaveTarget::check() const
+{
+    checkPlace();
+    bool const isThere = entryAt(m_path).has_value();
+    if (isThere && !m_rights)
+        throw ExportError("another program has made a file of this name meanwhile");
+    if (isThere && !(FileRights(m_path) == *m_rights))
+        throw ExportError("its owner or permissions have been changed meanwhile");
 }
 
 } // namespace veldraw::app

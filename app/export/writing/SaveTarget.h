@@ -25,16 +25,21 @@ public:
     /// Those of the file that is there.
     std::optional<FileRights> const& rights() const { return m_rights; }
 
-    /// Looks again whether a new file may take the place. @throws ExportError
+    /// Looks again whether a new file may take the place, and whether the place is as it was. @throws ExportError
     void check() const;
 
 private:
+    void checkPlace() const;
+
     std::string m_path;
     std::optional<FileRights> m_rights;
 };
 
 /// A path behind all links, also of a file that is not there yet. @throws ExportError
 std::string behindLinks(std::string const& path);
+
+/// Whether somebody has asked for a file not to be changed. @throws ExportError that cannot be found out
+bool isWriteProtected(std::string const& path);
 
 /// The folder that a path names a file in; "." for a name alone.
 std::string folderOf(std::string const& path);

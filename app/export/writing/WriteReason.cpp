@@ -21,6 +21,8 @@ std::string reasonOf(int error)
         return "you have no permission to write there";
     case EPERM:
         return "the system does not permit it";
+    case EEXIST:
+        return "something of that name is there already";
     case EINVAL:
         return "the system does not take such a name or file";
     case EBUSY:

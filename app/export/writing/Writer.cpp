@@ -9,6 +9,11 @@ std::string Writer::alsoReplaces(kernel::DataSet const&, std::string const&) con
     return {};
 }
 
+std::string Writer::madePath(kernel::DataSet const&, std::string const& path) const
+{
+    return path;
+}
+
 std::int64_t workOf(kernel::Zone const& zone)
 {
     std::int64_t work = 1;

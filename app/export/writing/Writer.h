@@ -29,6 +29,9 @@ public:
     /// @throws ExportError as write()
     virtual std::string alsoReplaces(kernel::DataSet const& dataSet, std::string const& path) const;
 
+    /// What write() makes: the file that the user asked for, or a folder instead of it.
+    virtual std::string madePath(kernel::DataSet const& dataSet, std::string const& path) const;
+
     /// Writes what commit() of the result puts in place.
     /// @param dataSet has zones, and all of their values are loaded
     /// @param path of the file that the user asked for

@@ -15,6 +15,7 @@ constexpr double bytesPerByte = 40.0;             // an empty text takes one byt
 constexpr double bytesPerCompressedByte = 2500.0; // deflate does not get beyond 1032, and cells become wider
 constexpr double leastSeconds = 5.0;
 constexpr double leastQuietSeconds = 30.0;
+constexpr double quietTimesInAll = 10.0;
 constexpr double bytesPerSecond = 2e6; // slower than any machine reads numbers
 constexpr double compressedBytesPerSecond = 5e4;
 
@@ -26,8 +27,9 @@ ReaderLimits ReaderLimits::forFile(std::string const& path, bool isCompressed)
     double const wanted = leastBytes + size * (isCompressed ? bytesPerCompressedByte : bytesPerByte);
     double const available = std::min(availableMemory() * shareOfMemory, 1e15);
     double const work = size / (isCompressed ? compressedBytesPerSecond : bytesPerSecond);
+    double const quiet = leastQuietSeconds + work;
     return {static_cast<std::int64_t>(std::min(wanted, available)), static_cast<std::int64_t>(leastSeconds + work),
-            static_cast<std::int64_t>(leastQuietSeconds + work)};
+            static_cast<std::int64_t>(quiet), static_cast<std::int64_t>(quietTimesInAll * quiet)};
 }
 
 } // namespace veldraw::app

@@ -7,20 +7,28 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <dirent.h>
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
+#include <memory>
 #include <spawn.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
+#include <system_error>
+#include <thread>
 #include <unistd.h>
+#include <utility>
 
 namespace veldraw::app {
 
 namespace {
 
 constexpr int socketOfReader = 3;
+constexpr int millisecondsToEnd = 20;      // as a rule
+constexpr std::int64_t bytesOfBlock = 512; // of a file, as the system counts them
 
 // What is done between the start of a process and its program.
 class SpawnPlan
@@ -31,7 +39,9 @@ public:
         ::posix_spawn_file_actions_init(&m_actions);
         ::posix_spawn_file_actions_addopen(&m_actions, 0, "/dev/null", O_RDONLY, 0);
         ::posix_spawn_file_actions_addopen(&m_actions, 1, "/dev/null", O_WRONLY, 0);
+#if !defined(__SANITIZE_ADDRESS__) // whose reports are for who runs the program
         ::posix_spawn_file_actions_addopen(&m_actions, 2, "/dev/null", O_WRONLY, 0);
+#endif
         ::posix_spawn_file_actions_adddup2(&m_actions, socket, socketOfReader);
         ::posix_spawn_file_actions_addclosefrom_np(&m_actions, socketOfReader + 1);
         ::posix_spawnattr_init(&m_attributes);
@@ -82,6 +92,22 @@ void setLimit(pid_t process, int resource, std::int64_t most)
     ::prlimit(process, static_cast<__rlimit_resource>(resource), &limits, nullptr);
 }
 
+void await(pid_t process)
+{
+    while (::waitpid(process, nullptr, 0) < 0 && errno == EINTR) {
+    }
+}
+
+// The system takes gigabytes back in its own time, which nobody who cancels has to wait for.
+void awaitElsewhere(pid_t process)
+{
+    try {
+        std::thread(await, process).detach();
+    } catch (std::system_error const&) {
+        await(process);
+    }
+}
+
 } // namespace
 
 ReaderProcess::ReaderProcess(std::string const& program)
@@ -101,7 +127,8 @@ Channel ReaderProcess::start()
     Descriptor const given(::fcntl(its.number(), F_DUPFD_CLOEXEC, socketOfReader + 1));
     int const error = given.isOpen() ? SpawnPlan(given.number()).start(m_program, m_process) : errno;
     if (error != 0)
-        throw ImportError("the program \"" + m_program + "\" cannot be started: " + systemReason(error));
+        throw ImportError("the program \"" + m_program +
+                          "\" cannot be started: " + (error == EAGAIN ? "too many others run" : systemReason(error)));
     return Channel(std::move(own));
 }
 
@@ -114,10 +141,14 @@ void ReaderProcess::end()
 {
     if (m_process <= 0)
         return;
-    ::kill(m_process, SIGKILL);
-    while (::waitpid(m_process, nullptr, 0) < 0 && errno == EINTR) {
+    pid_t const process = std::exchange(m_process, 0);
+    ::kill(process, SIGKILL);
+    for (int left = millisecondsToEnd; left > 0; --left) {
+        if (::waitpid(process, nullptr, WNOHANG) != 0)
+            return;
+        ::usleep(1000);
     }
-    m_process = 0;
+    awaitElsewhere(process);
 }
 
 void ReaderProcess::allow(ReaderLimits const& limits)
@@ -133,8 +164,26 @@ void ReaderProcess::allow(ReaderLimits const& limits)
     setLimit(m_process, RLIMIT_FSIZE, limits.bytes);
 }
 
+std::int64_t ReaderProcess::bytesInFiles() const
+{
+    std::string const path = "/proc/" + std::to_string(m_process) + "/fd";
+    std::unique_ptr<DIR, int (*)(DIR*)> const folder(::opendir(path.c_str()), ::closedir);
+    std::int64_t bytes = 0;
+    while (dirent const* const entry = folder ? ::readdir(folder.get()) : nullptr) {
+        struct stat status
+        {
+        };
+        bool const isNameless = ::fstatat(::dirfd(folder.get()), entry->d_name, &status, 0) == 0 &&
+                                S_ISREG(status.st_mode) && status.st_nlink == 0;
+        bytes += isNameless ? status.st_blocks * bytesOfBlock : 0;
+    }
+    return bytes;
+}
+
+// It may have closed the channel and live on. One that has ended already is not ended for another reason any more.
 bool ReaderProcess::endedForTime()
 {
+    ::kill(m_process, SIGKILL);
     int status = 0;
     pid_t ended = 0;
     do

@@ -26,7 +26,10 @@ public:
     /// took to start.
     void allow(ReaderLimits const& limits);
 
-    /// Waits for its end, once its side of the channel has gone. @return whether it had no processor time left
+    /// Memory that it has in open files without names, in bytes.
+    std::int64_t bytesInFiles() const;
+
+    /// Ends it, once its side of the channel has gone. @return whether it had ended by itself for lack of processor time
     bool endedForTime();
 
     /// The reader that belongs to this program: it stands beside it.

@@ -5,6 +5,7 @@
 #include "app/handover/HandedDataCheck.h"
 #include "app/handover/HandedForm.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <optional>
@@ -15,7 +16,11 @@ namespace veldraw::app {
 namespace {
 
 constexpr int millisecondsBetweenLooks = 50; // at whether the user has cancelled
-constexpr std::uint32_t mostSegments = 1000000;
+constexpr std::uint32_t mostSegments = 32768;
+constexpr std::int64_t spareBytesInFiles = std::int64_t{1} << 26;
+constexpr double longestLook = 1.0; // seconds: beyond that, this process has not run itself
+
+using Clock = std::chrono::steady_clock;
 
 std::string inGigabytes(std::int64_t bytes)
 {
@@ -57,6 +62,43 @@ private:
     std::optional<ReadChoice> m_choice;
 };
 
+// How long a reader lets us wait. The time in which all processes stand still, such as on a machine that sleeps, is none of it.
+class Patience
+{
+public:
+    explicit Patience(ReaderLimits const& limits)
+        : m_limits(limits)
+    {
+    }
+
+    /// From now on.
+    void start()
+    {
+        m_last = Clock::now();
+        m_quiet = 0.0;
+    }
+
+    /// @param isAnswered whether it has said something since the last look @throws ImportError when patience has come to its end
+    void look(bool isAnswered)
+    {
+        auto const now = Clock::now();
+        double const since = std::min(std::chrono::duration<double>(now - m_last).count(), longestLook);
+        m_last = now;
+        m_quiet = isAnswered ? 0.0 : m_quiet + since;
+        m_all += since;
+        if (m_quiet > static_cast<double>(m_limits.quietSeconds))
+            throw ImportError("it is damaged: the reader did not answer any more");
+        if (m_all > static_cast<double>(m_limits.allSeconds))
+            throw ImportError("it is damaged: the reader did not come to an end with it");
+    }
+
+private:
+    ReaderLimits const& m_limits;
+    Clock::time_point m_last;
+    double m_quiet = 0.0; // seconds
+    double m_all = 0.0;
+};
+
 // One request and all that is said until it is answered.
 class Conversation
 {
@@ -66,22 +108,23 @@ public:
         , m_limits(limits)
         , m_choose(choose)
         , m_progress(progress)
+        , m_patience(limits)
     {
     }
 
-    /// Nothing to be awaited of a process that has read before. @throws as run()
+    /// A process that has read before has nothing more to say. @throws as run()
     void awaitStart()
     {
-        if (!m_process.isNew())
-            return;
-        if (next().kind != Message::Kind::Ready)
-            throw Nonsense("not ready");
+        if (m_process.isNew())
+            checkVersion(next());
+        else if (m_process.channel().receive(0))
+            throw Nonsense("an answer to no question");
     }
 
     ReadResult run(ReadRequest const& request)
     {
         m_process.allow(m_limits);
-        m_process.channel().send(Message::Kind::Request, request.asBytes());
+        say(Message::Kind::Request, request.asBytes());
         for (;;) {
             Message const message = next();
             if (message.kind == Message::Kind::Data)
@@ -91,18 +134,50 @@ public:
     }
 
 private:
-    using Clock = std::chrono::steady_clock;
-
     Message next()
     {
-        auto const start = Clock::now();
+        m_patience.start();
         for (;;) {
             m_progress.check();
-            if (auto message = m_process.channel().receive(millisecondsBetweenLooks))
+            auto message = m_process.channel().receive(millisecondsBetweenLooks);
+            m_patience.look(message.has_value());
+            weigh();
+            if (message)
                 return std::move(*message);
-            if (Clock::now() - start > std::chrono::seconds(m_limits.quietSeconds))
-                throw ImportError("it is damaged: the reader did not answer any more");
         }
+    }
+
+    // Who does not listen keeps nobody from cancelling.
+    void say(Message::Kind kind, std::string const& content)
+    {
+        m_patience.start();
+        m_process.channel().send(kind, content, -1, [this] {
+            m_progress.check();
+            m_patience.look(false);
+        });
+    }
+
+    // What it keeps in files without names counts for no limit of the system.
+    void weigh()
+    {
+        auto const now = Clock::now();
+        if (now - m_weighed < std::chrono::milliseconds(millisecondsBetweenLooks))
+            return;
+        m_weighed = now;
+        if (m_process.bytesInFiles() > 2 * m_limits.bytes + spareBytesInFiles)
+            throw ImportError(lackOfMemory());
+    }
+
+    void checkVersion(Message const& message) const
+    {
+        if (message.kind != Message::Kind::Ready)
+            throw Nonsense("not ready");
+        ByteReader from(message.content);
+        bool const isOurs =
+            message.content.size() == sizeof languageVersion && from.number<std::uint32_t>() == languageVersion;
+        if (!isOurs)
+            throw ImportError("\"" + m_process.program() +
+                              "\" is of another version than this program; start this program again");
     }
 
     void take(Message const& message)
@@ -112,8 +187,7 @@ private:
             takeProgress(message);
             return;
         case Message::Kind::Found:
-            m_process.channel().send(Message::Kind::Choice,
-                                     m_choose(FoundArrays::fromBytes(message.content)).asBytes());
+            say(Message::Kind::Choice, m_choose(FoundArrays::fromBytes(message.content)).asBytes());
             return;
         case Message::Kind::Segment:
             takeSegment(message);
@@ -155,9 +229,13 @@ private:
     [[noreturn]] void refuse(Refusal const& refusal) const
     {
         if (refusal.isForMemory)
-            throw ImportError("it needs more memory than the " + inGigabytes(m_limits.bytes) +
-                              " that its reader may take");
+            throw ImportError(lackOfMemory());
         throw ImportError(refusal.reason.empty() ? "it cannot be read" : refusal.reason);
+    }
+
+    std::string lackOfMemory() const
+    {
+        return "it needs more memory than the " + inGigabytes(m_limits.bytes) + " that its reader may take";
     }
 
     ReadResult finished(Message const& message)
@@ -174,6 +252,8 @@ private:
     ReaderLimits const& m_limits;
     OneChoice& m_choose;
     kernel::Progress& m_progress;
+    Patience m_patience;
+    Clock::time_point m_weighed;
     std::vector<SharedSegment> m_segments;
     std::uint64_t m_bytes = 0; // of all of them
 };
@@ -195,6 +275,11 @@ ReadResult readBy(std::unique_ptr<ReaderProcess> process, ReadRequest const& req
 }
 
 } // namespace
+
+void ReadingChild::endKept()
+{
+    idleProcess().reset();
+}
 
 ReadingChild::ReadingChild(std::string program)
     : m_program(std::move(program))

@@ -40,6 +40,9 @@ public:
     ReadResult read(ReadRequest const& request, ReaderLimits const& limits, Choose const& choose,
                     kernel::Progress& progress) const;
 
+    /// Ends the process that is kept for this thread, so that what files have done to it reaches no other ones.
+    static void endKept();
+
 private:
     std::string m_program;
 };

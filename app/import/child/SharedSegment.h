@@ -14,7 +14,7 @@ struct SharedSegment
     /// @throws Nonsense when it is no such memory, or not closed against changes; std::bad_alloc
     static SharedSegment of(Descriptor const& file);
 
-    std::shared_ptr<void> memory; ///< the last holder unmaps it
+    std::shared_ptr<void> memory; ///< the last holder gives it back
     std::uint64_t bytes = 0;
 };
 

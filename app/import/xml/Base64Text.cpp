@@ -1,5 +1,7 @@
 #include "app/import/xml/Base64Text.h"
 
+#include "app/files/PathChecks.h"
+
 #include <algorithm>
 #include <cctype>
 
@@ -10,6 +12,7 @@ namespace {
 using Values = std::array<std::int8_t, 256>;
 
 constexpr std::int8_t noLetter = -1;
+constexpr std::int64_t bytesBetweenChecks = 1 << 20;
 
 Values valuesOfLetters()
 {
@@ -31,7 +34,7 @@ int valueOf(int letter)
 } // namespace
 
 Base64Text::Base64Text(std::string const& path, std::int64_t position)
-    : m_file(path, std::ios::binary)
+    : m_file(openToRead(path))
 {
     m_file.seekg(position);
     while (std::isspace(m_file.peek()) != 0)
@@ -56,7 +59,7 @@ int Base64Text::next(Triplet& bytes)
     return count;
 }
 
-std::int64_t Base64Text::bytesBehind(int bytesOfNumber, std::int64_t most)
+std::int64_t Base64Text::bytesBehind(int bytesOfNumber, std::int64_t most, kernel::Progress const& progress)
 {
     Triplet bytes{};
     for (int whole = bytesOfNumber / 3; whole > 0; --whole) {
@@ -68,8 +71,14 @@ std::int64_t Base64Text::bytesBehind(int bytesOfNumber, std::int64_t most)
     if (last < ofNumber)
         return 0;
     std::int64_t count = last - ofNumber;
-    for (int more = 3; more == 3 && count < most;)
+    std::int64_t nextCheck = bytesBetweenChecks;
+    for (int more = 3; more == 3 && count < most;) {
         count += more = next(bytes);
+        if (count < nextCheck)
+            continue;
+        progress.check();
+        nextCheck += bytesBetweenChecks;
+    }
     return count;
 }
 

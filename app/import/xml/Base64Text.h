@@ -1,5 +1,7 @@
 #pragma once
 
+#include "kernel/base/Progress.h"
+
 #include <array>
 #include <cstdint>
 #include <fstream>
@@ -25,7 +27,8 @@ public:
     /// How many bytes can be decoded behind a number in front, which may be padded by itself.
     /// @param bytesOfNumber 4 or 8
     /// @param most          counting ends when there are as many
-    std::int64_t bytesBehind(int bytesOfNumber, std::int64_t most);
+    /// @throws kernel::Interrupted
+    std::int64_t bytesBehind(int bytesOfNumber, std::int64_t most, kernel::Progress const& progress);
 
 private:
     int letter() { return m_file.rdbuf()->sbumpc(); }

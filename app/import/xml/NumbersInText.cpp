@@ -1,11 +1,15 @@
 #include "app/import/xml/NumbersInText.h"
 
+#include "app/files/PathChecks.h"
+
 #include <cstdlib>
 #include <fstream>
 
 namespace veldraw::app {
 
 namespace {
+
+constexpr std::int64_t numbersBetweenChecks = 1 << 16;
 
 bool isNumber(std::string const& word)
 {
@@ -17,9 +21,10 @@ bool isNumber(std::string const& word)
 
 } // namespace
 
-std::int64_t countNumbersInText(std::string const& path, std::int64_t position, std::int64_t most)
+std::int64_t countNumbersInText(std::string const& path, std::int64_t position, std::int64_t most,
+                                kernel::Progress const& progress)
 {
-    std::ifstream file(path, std::ios::binary);
+    std::ifstream file = openToRead(path);
     file.seekg(position);
     std::int64_t count = 0;
     bool isInTag = false;
@@ -28,6 +33,8 @@ std::int64_t countNumbersInText(std::string const& path, std::int64_t position, 
         isInTag = tag != std::string::npos;
         if (!isNumber(word.substr(0, tag)))
             return count;
+        if (count % numbersBetweenChecks == 0)
+            progress.check();
     }
     return count;
 }

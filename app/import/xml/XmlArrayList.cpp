@@ -53,9 +53,13 @@ kernel::ValueRange joined(kernel::ValueRange const& a, kernel::ValueRange const&
 std::vector<std::string> componentNamesIn(XmlTags::Tag const& tag, int components)
 {
     std::vector<std::string> names;
+    std::string const start = "ComponentName";
+    auto const first = tag.attributes.lower_bound(start);
+    if (first == tag.attributes.end() || first->first.compare(0, start.size(), start) != 0)
+        return names; // as a rule; thousands of arrays may have thousands of components
     bool isNamed = false;
     for (int n = 0; n < components && n < mostNamedComponents; ++n) {
-        names.push_back(tag.text("ComponentName" + std::to_string(n)));
+        names.push_back(tag.text(start + std::to_string(n)));
         isNamed = isNamed || !names.back().empty();
     }
     return isNamed ? names : std::vector<std::string>();
@@ -85,9 +89,9 @@ double XmlArrayList::Array::bytes() const
     return type ? static_cast<double>(kernel::Buffer::bytesOf(kernelTypeOf(*type), values)) : 0.0;
 }
 
-XmlArrayList::XmlArrayList(std::string const& path)
+XmlArrayList::XmlArrayList(std::string const& path, kernel::Progress const& progress)
 {
-    XmlTags tags(path);
+    XmlTags tags(path, progress);
     XmlTags::Tag tag;
     bool isRaw = false;
     while (tags.next(tag)) {

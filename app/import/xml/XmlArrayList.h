@@ -38,8 +38,8 @@ public:
         double bytes() const;
     };
 
-    /// @throws ImportError when the file cannot be read
-    explicit XmlArrayList(std::string const& path);
+    /// @throws ImportError when the file cannot be read; kernel::Interrupted
+    XmlArrayList(std::string const& path, kernel::Progress const& progress);
 
     std::vector<Array> const& ofPoints() const { return m_ofPoints.arrays; }
     std::vector<Array> const& ofCells() const { return m_ofCells.arrays; }

@@ -1,5 +1,6 @@
 #include "app/import/xml/XmlArrayPrefix.h"
 
+#include "app/files/PathChecks.h"
 #include "app/import/xml/Base64Text.h"
 
 #include <algorithm>
@@ -15,7 +16,7 @@ using Bytes = std::array<unsigned char, longestPrefix>;
 
 Bytes bytesAt(std::string const& path, std::int64_t position, std::size_t count)
 {
-    std::ifstream file(path, std::ios::binary);
+    std::ifstream file = openToRead(path);
     file.seekg(position);
     Bytes bytes{};
     file.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(count));

@@ -1,7 +1,11 @@
 #include "app/import/xml/XmlHeaderCheck.h"
 
 #include "app/files/ImportError.h"
+#include "app/files/PathChecks.h"
+#include "app/files/PlainText.h"
+#include "app/handover/HandedArray.h"
 #include "app/import/xml/Base64Text.h"
+#include "app/import/xml/ExtentCover.h"
 #include "app/import/xml/NumbersInText.h"
 
 #include <algorithm>
@@ -15,7 +19,9 @@ namespace veldraw::app {
 
 namespace {
 
+constexpr std::size_t longestNameTold = 40;
 constexpr double unknownCount = -1.0;
+constexpr double mostReadings = 2.0; // of each byte of base64: arrays that stand within each other could take for ever
 constexpr double mostCompression = 1000.0; // a block takes at least its size in the header
 
 double bytesOfType(std::string const& type)
@@ -36,6 +42,12 @@ ImportError tooFewCoordinates(std::string const& name)
     return ImportError("it is damaged or incomplete: there are fewer coordinates \"" + name + "\" than points");
 }
 
+bool isGrid(std::string const& name)
+{
+    return name == "ImageData" || name == "RectilinearGrid" || name == "StructuredGrid" || name == "UnstructuredGrid" ||
+           name == "PolyData";
+}
+
 bool isSection(std::string const& name)
 {
     return name == "PointData" || name == "CellData" || name == "Points" || name == "Coordinates" || name == "Cells" ||
@@ -44,9 +56,10 @@ bool isSection(std::string const& name)
 
 } // namespace
 
-XmlHeaderCheck::XmlHeaderCheck(std::string const& path, std::int64_t fileSize)
+XmlHeaderCheck::XmlHeaderCheck(std::string const& path, std::int64_t fileSize, kernel::Progress const& progress)
     : m_path(path)
-    , m_tags(path)
+    , m_progress(progress)
+    , m_tags(path, progress)
     , m_fileSize(fileSize)
     , m_endOfValues(fileSize)
     , m_size(fileSize, false)
@@ -64,8 +77,9 @@ void XmlHeaderCheck::run()
     }
     if (!m_appended.empty())
         throw ImportError("it is incomplete: the values at its end are missing");
-    if (m_allPoints < m_wholePoints)
-        throw ImportError("it is incomplete: its pieces do not fill its extent");
+    checkCover(false);
+    if (m_hasCellValues)
+        checkCover(true);
     // Points that go with no value are not worth waiting for: such a header is a mistake, if it asks for that many.
     if (!m_countsValues && !m_hasValues)
         m_size.addComputed(m_computedPoints, 3.0 * sizeof(double));
@@ -84,36 +98,66 @@ std::vector<XmlHeaderCheck::Useless> XmlHeaderCheck::useless() const
     return result;
 }
 
+// Only what stands at its proper depth counts: VTK's reader looks at nothing else.
 void XmlHeaderCheck::look(XmlTags::Tag const& tag)
 {
-    if (tag.name == "VTKFile") {
+    if (tag.name.compare(0, 1, "/") == 0) {
+        --m_depth;
+        if (m_depth <= m_depthOfSection)
+            m_section.clear();
+        return;
+    }
+    int const depth = m_depth;
+    m_depth += tag.isEmpty ? 0 : 1;
+    if (!m_section.empty()) {
+        if (depth == m_depthOfSection + 1)
+            lookIntoSection(tag);
+    } else if (depth == 0) {
         m_compressed = !tag.text("compressor").empty();
         m_format.bytesOfNumber = tag.text("header_type") == "UInt64" ? 8 : 4;
         m_format.isBigEndian = tag.text("byte_order") == "BigEndian";
         m_size = SizeCheck(m_fileSize, m_compressed);
-    } else if (tag.name == "ImageData" || tag.name == "RectilinearGrid" || tag.name == "StructuredGrid") {
-        m_uniform = tag.name != "StructuredGrid";
-        lookAtExtent(tag, "WholeExtent");
-        m_computedPoints = m_uniform ? m_points : 0.0;
-        if (m_uniform && m_countsValues)
-            m_size.addComputed(m_points, 3.0 * sizeof(double));
-    } else if (tag.name == "Piece") {
+    } else if (depth == 1 && isGrid(tag.name)) {
+        lookAtGrid(tag);
+    } else if (depth == 2 && tag.name == "Piece") {
         lookAtPiece(tag);
         ++m_pieces;
         m_allPoints += m_points;
         m_size.addStored(m_uniform ? 0.0 : m_points, 0.0, "points");
-    } else if (isSection(tag.name)) {
+    } else if (isSection(tag.name) && !tag.isEmpty && (depth == 3 || tag.name == "FieldData")) {
         m_section = tag.name;
+        m_depthOfSection = depth;
         m_axis = 0;
-    } else if (tag.name == "DataArray" || tag.name == "Array") {
-        lookAtArray(tag);
+        m_arraysOfSection = 0;
     }
+}
+
+void XmlHeaderCheck::lookAtGrid(XmlTags::Tag const& tag)
+{
+    if (std::exchange(m_hasGrid, true))
+        throw ImportError("it has more than one grid");
+    if (tag.name == "UnstructuredGrid" || tag.name == "PolyData")
+        return;
+    m_uniform = tag.name != "StructuredGrid";
+    lookAtExtent(tag, "WholeExtent");
+    m_computedPoints = m_uniform ? m_points : 0.0;
+    if (m_uniform && m_countsValues)
+        m_size.addComputed(m_points, 3.0 * sizeof(double));
+}
+
+// VTK's reader takes whatever stands there for an array.
+void XmlHeaderCheck::lookIntoSection(XmlTags::Tag const& tag)
+{
+    if (tag.name != "DataArray" && tag.name != "Array")
+        throw ImportError("a tag \"" + shortened(asUtf8(tag.name), longestNameTold) + "\" stands among its arrays");
+    lookAtArray(tag);
 }
 
 void XmlHeaderCheck::lookAtPiece(XmlTags::Tag const& tag)
 {
     if (m_whole) {
         lookAtExtent(tag, "Extent");
+        m_extents.push_back(m_extent);
         return;
     }
     m_points = tag.count("NumberOfPoints", 0.0);
@@ -147,6 +191,31 @@ void XmlHeaderCheck::lookAtExtent(XmlTags::Tag const& tag, char const* attribute
     }
     if (isWhole)
         m_wholePoints = m_points;
+}
+
+// What no piece has would be whatever stood in memory.
+void XmlHeaderCheck::checkCover(bool ofCells) const
+{
+    bool isComplete = m_allPoints >= m_wholePoints;
+    if (isComplete && m_whole && m_extents.size() > 1) {
+        auto const boxOf = [&](Extent const& extent) {
+            ExtentCover::Box box{};
+            for (std::size_t axis = 0; axis < 3; ++axis) {
+                bool const isFlat = (*m_whole)[2 * axis] == (*m_whole)[2 * axis + 1]; // cells are there all the same
+                box[2 * axis] = static_cast<std::int64_t>(extent[2 * axis]);
+                box[2 * axis + 1] = static_cast<std::int64_t>(extent[2 * axis + 1]) + (ofCells && !isFlat ? 0 : 1);
+            }
+            return box;
+        };
+        ExtentCover cover(boxOf(*m_whole));
+        for (Extent const& extent : m_extents) {
+            m_progress.check();
+            cover.add(boxOf(extent));
+        }
+        isComplete = cover.isComplete();
+    }
+    if (!isComplete)
+        throw ImportError("it is incomplete: its pieces do not fill its extent");
 }
 
 XmlHeaderCheck::Extent XmlHeaderCheck::extentOf(std::string const& text)
@@ -190,6 +259,9 @@ void XmlHeaderCheck::lookAtArray(XmlTags::Tag const& tag)
     bool const isValue = m_section == "PointData" || m_section == "CellData";
     bool const isCounted = m_countsValues || (!isValue && m_section != "Points");
     m_hasValues = m_hasValues || isValue;
+    m_hasCellValues = m_hasCellValues || m_section == "CellData";
+    if (isValue && ++m_arraysOfSection > handover::mostArrays)
+        throw ImportError("it has more than " + std::to_string(handover::mostArrays) + " arrays at one place");
     if (isValue && tag.text("type") == "String")
         m_texts.emplace(m_section == "PointData", tag.text("Name"));
     if (isValue && tag.text("type") == "Bit")
@@ -215,7 +287,7 @@ void XmlHeaderCheck::lookAtArray(XmlTags::Tag const& tag)
 void XmlHeaderCheck::checkText(double coordinates, std::string const& name) const
 {
     auto const needed = static_cast<std::int64_t>(coordinates);
-    if (countNumbersInText(m_path, m_tags.position(), needed) < needed)
+    if (countNumbersInText(m_path, m_tags.position(), needed, m_progress) < needed)
         throw tooFewCoordinates(name);
 }
 
@@ -224,7 +296,7 @@ void XmlHeaderCheck::findEndOfValues()
 {
     constexpr std::int64_t longestEnd = 256; // of the text behind them
     std::int64_t const start = std::max<std::int64_t>(m_fileSize - longestEnd, 0);
-    std::ifstream file(m_path, std::ios::binary);
+    std::ifstream file = openToRead(m_path);
     file.seekg(start);
     std::string const text{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
     std::size_t const tag = text.rfind("</AppendedData");
@@ -272,17 +344,27 @@ double XmlHeaderCheck::announcedBytes(XmlArrayPrefix const& prefix) const
 
 // VTK's reader takes what there is for all there should be, and leaves the rest of the values as they were in memory. Where fewer values are
 // announced than the grid has, it complains by itself.
-void XmlHeaderCheck::checkLength(std::int64_t position, bool isBase64, double bytes, std::string const& name) const
+void XmlHeaderCheck::checkLength(std::int64_t position, bool isBase64, double bytes, std::string const& name)
 {
     double const most = static_cast<double>(m_endOfValues - position - m_format.bytesOfNumber);
     double there = most;
     if (isBase64 && bytes <= most)
-        there =
-            static_cast<double>(Base64Text(m_path, position)
-                                    .bytesBehind(m_format.bytesOfNumber, static_cast<std::int64_t>(std::ceil(bytes))));
+        there = static_cast<double>(decodedBytes(position, bytes));
     if (there < bytes)
         throw ImportError("it is damaged or incomplete: of the values of \"" + name + "\" no more than " +
                           countText(there) + " of " + countText(bytes) + " bytes can be read");
+}
+
+// @return how many of @p most bytes can be decoded
+std::int64_t XmlHeaderCheck::decodedBytes(std::int64_t position, double most)
+{
+    std::int64_t const bytes =
+        Base64Text(m_path, position)
+            .bytesBehind(m_format.bytesOfNumber, static_cast<std::int64_t>(std::ceil(most)), m_progress);
+    m_decodedBytes += static_cast<double>(bytes);
+    if (m_decodedBytes > mostReadings * static_cast<double>(m_fileSize))
+        throw ImportError("it is damaged: the values of its arrays stand within each other");
+    return bytes;
 }
 
 void XmlHeaderCheck::checkBlocks(XmlArrayPrefix const& prefix, std::string const& name)

@@ -18,12 +18,13 @@ class XmlHeaderCheck
 {
 public:
     /// @param fileSize bytes
-    XmlHeaderCheck(std::string const& path, std::int64_t fileSize);
+    /// @param progress outlives this; its interrupt ends run()
+    XmlHeaderCheck(std::string const& path, std::int64_t fileSize, kernel::Progress const& progress);
 
     /// Memory for point and cell arrays, and for coordinates, is not counted: they may be loaded later.
     void leaveOutValues() { m_countsValues = false; }
 
-    /// @throws ImportError when the file cannot contain what its header promises, or memory cannot
+    /// @throws ImportError when the file cannot contain what its header promises, or memory cannot; kernel::Interrupted
     void run();
 
     /// An array among point and cell values that cannot be read.
@@ -56,19 +57,24 @@ private:
 
     static Extent extentOf(std::string const& text);
     void look(XmlTags::Tag const& tag);
+    void lookAtGrid(XmlTags::Tag const& tag);
+    void lookIntoSection(XmlTags::Tag const& tag);
     void lookAtPiece(XmlTags::Tag const& tag);
     void lookAtArray(XmlTags::Tag const& tag);
     void lookAtExtent(XmlTags::Tag const& tag, char const* attribute);
     double valuesOf(XmlTags::Tag const& tag) const;
+    void checkCover(bool ofCells) const;
     void findEndOfValues();
     void checkText(double coordinates, std::string const& name) const;
     void checkAppended(bool isBase64);
     void checkValues(std::int64_t position, bool isBase64, Binary const& array);
     double announcedBytes(XmlArrayPrefix const& prefix) const;
-    void checkLength(std::int64_t position, bool isBase64, double bytes, std::string const& name) const;
+    void checkLength(std::int64_t position, bool isBase64, double bytes, std::string const& name);
+    std::int64_t decodedBytes(std::int64_t position, double most);
     void checkBlocks(XmlArrayPrefix const& prefix, std::string const& name);
 
     std::string m_path;
+    kernel::Progress const& m_progress;
     XmlTags m_tags;
     std::int64_t m_fileSize;
     std::int64_t m_endOfValues; // of those that are appended
@@ -77,16 +83,23 @@ private:
     XmlArrayPrefix::Format m_format;
     bool m_countsValues = true;
     bool m_hasValues = false;
+    bool m_hasCellValues = false;
+    std::size_t m_arraysOfSection = 0; // with values
+    double m_decodedBytes = 0.0;       // of all base64
     double m_computedPoints = 0.0;
     bool m_uniform = false;
     double m_points = 0.0; // of the present piece
     double m_allPoints = 0.0;
     double m_wholePoints = 0.0;
     std::optional<Extent> m_whole;
-    Extent m_extent{};      // of the present piece
-    std::size_t m_axis = 0; // of the next coordinates
+    std::vector<Extent> m_extents; // of all pieces
+    Extent m_extent{};             // of the present piece
+    std::size_t m_axis = 0;        // of the next coordinates
     double m_cells = 0.0;
-    std::string m_section;
+    std::string m_section; // that is open; empty outside of all
+    int m_depthOfSection = 0;
+    int m_depth = 0; // tags that are open
+    bool m_hasGrid = false;
     std::vector<Binary> m_appended;
     int m_pieces = 0;
     std::set<std::pair<bool, std::string>> m_texts; // of points?, name

@@ -6,9 +6,9 @@
 
 namespace veldraw::app {
 
-XmlKind XmlKind::of(std::string const& path)
+XmlKind XmlKind::of(std::string const& path, kernel::Progress const& progress)
 {
-    XmlTags tags(path);
+    XmlTags tags(path, progress);
     XmlTags::Tag tag;
     if (!tags.next(tag) || tag.name != "VTKFile")
         return {};

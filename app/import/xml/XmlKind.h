@@ -1,5 +1,7 @@
 #pragma once
 
+#include "kernel/base/Progress.h"
+
 #include <string>
 
 namespace veldraw::app {
@@ -7,8 +9,8 @@ namespace veldraw::app {
 /// What the first tag of a VTK XML file says.
 struct XmlKind
 {
-    /// @throws ImportError
-    static XmlKind of(std::string const& path);
+    /// @throws ImportError, kernel::Interrupted
+    static XmlKind of(std::string const& path, kernel::Progress const& progress);
 
     /// Whether it is of the kind that an extension stands for. @param extension lower case, without the dot
     bool isOf(std::string const& extension) const;

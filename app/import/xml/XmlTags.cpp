@@ -1,6 +1,7 @@
 #include "app/import/xml/XmlTags.h"
 
 #include "app/files/ImportError.h"
+#include "app/files/PathChecks.h"
 #include "app/import/xml/XmlText.h"
 
 #include <cstdlib>
@@ -10,7 +11,9 @@ namespace veldraw::app {
 
 namespace {
 
-constexpr std::size_t longestTag = 1 << 16;
+constexpr std::size_t longestTag = 1 << 24; // thousands of components may be named in one
+constexpr std::int64_t bytesBetweenChecks = 1 << 20;
+constexpr std::string_view appendedData = "<AppendedData";
 
 bool isSpace(char c)
 {
@@ -38,7 +41,20 @@ XmlTags::Tag parsed(std::string const& text)
     }
     if (!tag.name.empty() && tag.name.back() == '/')
         tag.name.pop_back();
+    tag.isEmpty = text.back() == '/';
     return tag;
+}
+
+bool endsWith(std::string_view text, std::string_view end)
+{
+    return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
+}
+
+// VTK's reader takes this for the start of the values wherever it stands.
+void requireNoValues(std::string_view text)
+{
+    if (text.find(appendedData) != std::string_view::npos)
+        throw ImportError("\"<AppendedData\" stands in quotes or in a comment of it, which is not supported");
 }
 
 // What ends a piece of markup that is no tag, by its first letters; null as long as it may be one.
@@ -79,8 +95,9 @@ std::string XmlTags::Tag::text(std::string const& attribute) const
     return found == attributes.end() ? std::string() : found->second;
 }
 
-XmlTags::XmlTags(std::string const& path)
-    : m_file(path, std::ios::binary)
+XmlTags::XmlTags(std::string const& path, kernel::Progress const& progress)
+    : m_progress(progress)
+    , m_file(openToRead(path))
 {
 }
 
@@ -92,6 +109,7 @@ bool XmlTags::next(Tag& tag)
             return false;
         if (text.compare(0, 8, "!DOCTYPE") == 0 && text.find('[') != std::string::npos)
             throw ImportError("it declares entities of its own, which are not supported");
+        requireNoValues(text);
         if (text.empty() || text[0] == '?' || text[0] == '!')
             continue;
         tag = parsed(text);
@@ -117,16 +135,17 @@ bool XmlTags::skipTo(char wanted)
     return c == wanted;
 }
 
-bool XmlTags::skipPast(std::string const& wanted)
+bool XmlTags::skipPast(std::string_view wanted)
 {
     std::string last;
-    while (last != wanted) {
+    while (!endsWith(last, wanted)) {
         int const c = get();
         if (c == std::char_traits<char>::eof())
             return false;
-        if (last.size() == wanted.size())
+        if (last.size() == appendedData.size())
             last.erase(0, 1);
         last += static_cast<char>(c);
+        requireNoValues(last);
     }
     return true;
 }
@@ -152,12 +171,13 @@ bool XmlTags::readMarkup(std::string& text)
         if (char const* const end = endOfMarkup(text))
             return skipPast(end);
     }
-    return false;
+    throw ImportError("a tag of it is longer than " + std::to_string(longestTag) + " bytes, which is not supported");
 }
 
 int XmlTags::get()
 {
-    ++m_position;
+    if (++m_position % bytesBetweenChecks == 0)
+        m_progress.check();
     return m_file.rdbuf()->sbumpc();
 }
 

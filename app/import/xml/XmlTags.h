@@ -1,9 +1,12 @@
 #pragma once
 
+#include "kernel/base/Progress.h"
+
 #include <cstdint>
 #include <fstream>
 #include <map>
 #include <string>
+#include <string_view>
 
 namespace veldraw::app {
 
@@ -17,6 +20,7 @@ public:
     {
         std::string name;                              ///< with a leading '/' for an end tag
         std::map<std::string, std::string> attributes; ///< with entities resolved
+        bool isEmpty = false;                          ///< a start tag that is its own end tag
 
         /// The attribute as a number, @p otherwise when it is missing or none.
         double number(std::string const& attribute, double otherwise) const;
@@ -26,12 +30,14 @@ public:
         std::string text(std::string const& attribute) const;
     };
 
-    explicit XmlTags(std::string const& path);
+    /// @param progress outlives this; its interrupt ends the walk
+    XmlTags(std::string const& path, kernel::Progress const& progress);
 
     /// Reads the next start or end tag; comments and the like are skipped.
     /// @return false at the end, after the tag AppendedData, or in a tag without end
-    /// @throws ImportError when the file declares entities: what they stand for might be understood differently by who reads the
-    /// file in the end
+    /// @throws ImportError when the file has what might be understood differently by who reads it in the end: entities of its own, a tag of
+    /// enormous length, the start of appended data in a comment or in quotes
+    /// @throws kernel::Interrupted
     bool next(Tag& tag);
 
     /// Position behind the last tag, in bytes from the start of the file.
@@ -43,10 +49,11 @@ public:
 
 private:
     bool skipTo(char wanted);
-    bool skipPast(std::string const& wanted);
+    bool skipPast(std::string_view wanted);
     bool readMarkup(std::string& text);
     int get();
 
+    kernel::Progress const& m_progress;
     std::ifstream m_file;
     std::int64_t m_position = 0;
     bool m_atAppendedData = false;

@@ -8,7 +8,6 @@ namespace veldraw::app {
 namespace {
 
 constexpr unsigned int lastCharacter = 0x10ffff;
-constexpr std::size_t longestEntity = 10; // "&#x10ffff;"
 
 std::string utf8Of(unsigned int character)
 {
@@ -45,15 +44,22 @@ std::optional<std::string> meaningOf(std::string const& name)
     return utf8Of(character);
 }
 
+// Where the semicolon stands that ends what starts here. Numbers may have any number of zeros in front.
+std::size_t endOfEntity(std::string const& text, std::size_t start)
+{
+    std::size_t const end =
+        text.find_first_not_of("#0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz", start + 1);
+    return end != std::string::npos && text[end] == ';' ? end : std::string::npos;
+}
+
 } // namespace
 
 std::string xmlUnescaped(std::string const& text)
 {
     std::string result;
     for (std::size_t at = 0; at < text.size();) {
-        std::size_t const end = text[at] == '&' ? text.find(';', at) : std::string::npos;
-        bool const mayBeEntity = end != std::string::npos && end - at < longestEntity;
-        auto const meaning = mayBeEntity ? meaningOf(text.substr(at + 1, end - at - 1)) : std::nullopt;
+        std::size_t const end = text[at] == '&' ? endOfEntity(text, at) : std::string::npos;
+        auto const meaning = end != std::string::npos ? meaningOf(text.substr(at + 1, end - at - 1)) : std::nullopt;
         result += meaning.value_or(std::string(1, text[at]));
         at = meaning ? end + 1 : at + 1;
     }

@@ -2,6 +2,7 @@
 
 #include "app/export/WritableFormats.h"
 #include "app/import/ReadableFormats.h"
+#include "kernel/session/Session.h"
 
 #include <gtest/gtest.h>
 
@@ -14,6 +15,12 @@ app::CommandLineOptions parse(QStringList arguments)
     arguments.prepend(QStringLiteral("veldraw"));
     return app::CommandLineOptions::parse(arguments);
 }
+
+struct NoChange : kernel::Change
+{
+    void apply() noexcept override {}
+    void revert() noexcept override {}
+};
 
 } // namespace
 
@@ -51,6 +58,13 @@ TEST(CommandLineOptions, OnlyOneFileCanBeChangedOrSaved)
     EXPECT_FALSE(parse(files + QStringList{QStringLiteral("--export"), QStringLiteral("c.csv")}).error.isEmpty());
     EXPECT_FALSE(parse(files + QStringList{QStringLiteral("--delete-variable"), QStringLiteral("v")}).error.isEmpty());
     EXPECT_TRUE(parse(files + QStringList{QStringLiteral("--info")}).error.isEmpty());
+}
+
+TEST(CommandLineOptions, NothingThatIsToBeWrittenIsPassedOver)
+{
+    for (QString const& name : {QStringLiteral("--export"), QStringLiteral("--picture")})
+        EXPECT_EQ(name + QStringLiteral(" is given twice"),
+                  parse({QStringLiteral("a.vtu"), name, QStringLiteral("b"), name, QStringLiteral("c")}).error);
 }
 
 TEST(CommandLineOptions, PathsOutOfAFilesFolderAreFollowedOnlyWhereItSaysSo)
@@ -91,6 +105,34 @@ TEST(CommandLineOptions, SayWhenValuesAreLoaded)
     EXPECT_EQ(app::Deferral::Never, parse({QStringLiteral("--defer=never"), QStringLiteral("a.vtu")}).deferral);
     EXPECT_EQ(QStringLiteral("--defer takes auto, always or never"),
               parse({QStringLiteral("--defer=sometimes"), QStringLiteral("a.vtu")}).error);
+}
+
+TEST(CommandLineOptions, LimitTheMemoryForUndoAndForValuesInMegabytes)
+{
+    kernel::Session session;
+    auto const canUndoUnder = [&](QStringList const& arguments) {
+        parse(arguments).memory.applyTo(session);
+        session.history().perform("step", std::make_shared<NoChange>());
+        return session.history().canUndo();
+    };
+    std::int64_t const atFirst = session.loadedValues().limit();
+    EXPECT_TRUE(canUndoUnder({QStringLiteral("a.vtu")}));
+    EXPECT_EQ(session.loadedValues().limit(), atFirst);
+    EXPECT_TRUE(canUndoUnder({QStringLiteral("--undo-memory=1"), QStringLiteral("--value-memory=300")}));
+    EXPECT_EQ(session.loadedValues().limit(), std::int64_t{300} << 20);
+    EXPECT_FALSE(canUndoUnder({QStringLiteral("--undo-memory=0")}));
+    EXPECT_EQ(session.loadedValues().limit(), std::int64_t{300} << 20);
+}
+
+TEST(CommandLineOptions, WantANumberForAnAmountOfMemory)
+{
+    for (char const* const amount : {"", "much", "-1", "1.5", "1e3", "8796093022208", "99999999999999999999"}) {
+        EXPECT_EQ(parse({QStringLiteral("--undo-memory=") + QLatin1String(amount)}).error,
+                  QStringLiteral("--undo-memory takes a number of megabytes"));
+        EXPECT_EQ(parse({QStringLiteral("--value-memory=") + QLatin1String(amount)}).error,
+                  QStringLiteral("--value-memory takes a number of megabytes"));
+    }
+    EXPECT_TRUE(parse({QStringLiteral("--undo-memory=8796093022207")}).error.isEmpty());
 }
 
 } // namespace veldraw::tests

@@ -78,7 +78,7 @@ TEST_F(ProgramTest, HelpTellsEveryOption)
     Outcome const outcome = run({QStringLiteral("--help")});
     EXPECT_EQ(0, outcome.status);
     for (char const* option : {"--export", "--overwrite", "--delete-variable", "--picture", "--info", "--defer",
-                               "--follow-paths", "--version", "--help"})
+                               "--value-memory", "--undo-memory", "--follow-paths", "--version", "--help"})
         EXPECT_TRUE(contains(outcome.out, option)) << option;
     EXPECT_EQ("", outcome.err);
 }

@@ -1,13 +1,16 @@
 #include "app/export/Exporter.h"
+#include "app/export/writing/FileSave.h"
 #include "tests/app/support/InterruptedSave.h"
 
 #include <vtkSMPTools.h>
 
+#include <cerrno>
 #include <cstdlib>
 #include <filesystem>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <iostream>
+#include <memory>
 #include <random>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -315,6 +318,76 @@ TEST(Exporter, BringsEverythingToTheDiskBeforeItGetsItsName)
     EXPECT_LT(rename, lastOf("fsync " + std::filesystem::path(folder.path("a")).parent_path().string()));
     EXPECT_LT(lastOf("fsync " + std::filesystem::path(folder.path("a")).parent_path().string()),
               lastOf("unlink " + old));
+}
+
+// The user keeps what is there under another name after the interruption, and saves anew.
+TEST(Exporter, InterruptedLeavesAFileThatCanBeMovedAway)
+{
+    workInMemory();
+    SaveKind const kind("a.vtm");
+    SaveKind const moved("b.vtm");
+    bool wasDisturbed = true;
+    for (int call = 1; wasDisturbed && !::testing::Test::HasFailure(); ++call) {
+        SCOPED_TRACE("at call " + std::to_string(call));
+        TemporaryFolder const folder;
+        kind.save(folder, {3, 20, 1.5});
+        wasDisturbed =
+            saveDisturbed(kind, folder, {2, 30, 77.25}, {Disturbance::Kind::KillBefore, call, 0, -1}).wasDisturbed;
+        std::string const content = kind.content(folder);
+        std::filesystem::rename(folder.path("a.vtm"), folder.path("b.vtm"));
+        kind.save(folder, {4, 10, 3.0});
+        EXPECT_EQ(moved.content(folder), content) << folder.listing();
+    }
+}
+
+TEST(Exporter, RemovesNothingOldBeforeTheNewIsOnTheDisk)
+{
+    workInMemory();
+    for (char const* file : {"a.vtm", "a.csv"}) {
+        SaveKind const kind(file);
+        int savedInSpite = 0;
+        bool isHit = true;
+        for (int call = 1; isHit; ++call) {
+            TemporaryFolder const folder;
+            kind.save(folder, {3, 20, 1.5});
+            SaveOutcome const outcome =
+                saveDisturbed(kind, folder, {2, 30, 77.25}, {Disturbance::Kind::FailOnce, call, EIO, -1});
+            isHit = outcome.wasDisturbed;
+            if (!isHit || outcome.end != End::Saved || outcome.call != "fsync")
+                continue;
+            ++savedInSpite;
+            EXPECT_EQ(kind.content(folder).find("missing"), std::string::npos);
+            std::string const names = folder.listing();
+            EXPECT_THAT(names, HasSubstr(".veldraw-saving"));
+            EXPECT_THAT(names, HasSubstr(kind.file() == "a.vtm" ? "a/a_3.vts" : ".part/a_3.csv"));
+            kind.save(folder, {2, 30, 77.25});
+            EXPECT_EQ(folder.listing(), kind.belongings(folder));
+        }
+        EXPECT_EQ(savedInSpite, 1) << file;
+    }
+}
+
+// Between the look at what a crash has left and the lock on it, a second save takes it over and goes on.
+TEST(Exporter, TakesOverNothingThatAnotherSaveHasTakenOver)
+{
+    TemporaryFolder const folder;
+    folder.write("a.csv.veldraw-saving", "");
+    std::unique_ptr<app::FileSave> second;
+    doBefore("flock", [&] { second = std::make_unique<app::FileSave>(folder.path("a.csv")); });
+    EXPECT_THROW(app::FileSave(folder.path("a.csv")), app::ExportError);
+    EXPECT_THAT(folder.listing(), HasSubstr("a.csv.veldraw-saving"));
+    ASSERT_TRUE(second);
+    EXPECT_TRUE(std::filesystem::exists(second->path()));
+}
+
+TEST(Exporter, LooksAtWhatAnotherSaveHasLeftJustNow)
+{
+    workInMemory();
+    TemporaryFolder const folder;
+    SaveKind const kind("a.vtm");
+    doBefore("flock", [&] { kind.save(folder, {3, 20, 1.5}); });
+    kind.save(folder, {2, 30, 77.25});
+    EXPECT_EQ(folder.listing(), kind.belongings(folder)) << "pieces of the other save are left";
 }
 
 TEST(Exporter, OfTwoSavesAtOnceOneIsWhole)

@@ -254,6 +254,27 @@ TEST(Export, AsksBeforeItReplacesTheTablesOfAnEarlierSave)
     EXPECT_EQ(folder.listing(), "a_tables a_tables/a_1.csv a_tables/a_2.csv")
         << "the third table was of the earlier save";
     EXPECT_TRUE(app::alsoReplaced(*gridData(1), path).isEmpty()) << "one zone takes the chosen file alone";
+    EXPECT_EQ(app::savedPath(*gridData(2), path).toStdString(), folder.path("a_tables"));
+    EXPECT_EQ(app::savedPath(*gridData(1), path), path);
+}
+
+TEST(Export, RefusesANameThatTheFileCouldNotGiveItsPieces)
+{
+    TemporaryFolder const folder;
+    for (char const* name : {"\x01", "a\nb", "\x7F\xEF\xBF\xBE"})
+        EXPECT_THAT(problemSaving(*gridData(), folder.path(std::string(name) + ".vtm")), HasSubstr("odd characters"));
+    std::filesystem::create_symlink("\xFF.vtm", folder.path("a.vtm"));
+    EXPECT_THAT(problemSaving(*gridData(), folder.path("a.vtm")), HasSubstr("odd characters"));
+    EXPECT_EQ(folder.listing(), "a.vtm");
+}
+
+TEST(Export, ReadsBackZonesOfAnyName)
+{
+    TemporaryFolder const folder;
+    auto const data = gridData(2);
+    data->zone(1)->name = "\x01 <&\"\x7F\n";
+    save(*data, folder.path("a.vtm"));
+    EXPECT_EQ(import(folder.path("a.vtm")).dataSet->zoneCount(), 2);
 }
 
 TEST(Export, NeverReplacesAFolderWithOtherFiles)

@@ -3,10 +3,12 @@
 #include "app/import/raw/RawArray.h"
 #include "app/import/raw/RawArrayLoader.h"
 #include "tests/app/support/FileHelpers.h"
+#include "tests/app/support/OpenFiles.h"
 
 #include <filesystem>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 namespace veldraw::tests {
 
@@ -148,6 +150,29 @@ TEST(MappedFile, IsToldOnceWhenItWasCutAlsoAfterItsLastUse)
     EXPECT_EQ(buffer->value(90000), 0.0);
     EXPECT_THAT(app::takeCutFiles(), IsEmpty());
     EXPECT_THAT(app::cutFileWarning({first, second}), HasSubstr("\"" + first + "\", \"" + second + "\""));
+}
+
+// A file of a thousand pieces must leave the session some files to open.
+TEST(MappedFile, IsNotKeptOpenWhereThereAreMany)
+{
+    TemporaryFolder const folder;
+    rlimit before{};
+    ::getrlimit(RLIMIT_NOFILE, &before);
+    rlimit const few{100, before.rlim_max};
+    ::setrlimit(RLIMIT_NOFILE, &few);
+    std::vector<std::shared_ptr<kernel::Buffer>> buffers;
+    for (int n = 0; n < 90; ++n)
+        buffers.push_back(mapped(bytesIn(folder.write(std::to_string(n), std::string(8000, 'x')), 8000)));
+    std::filesystem::resize_file(folder.path("0"), 7000);
+    std::filesystem::resize_file(folder.path("89"), 7000);
+    std::vector<std::string> const losses{app::lossAt(buffers[0]->data()), app::lossAt(buffers[1]->data()),
+                                          app::lossAt(buffers[89]->data())};
+    std::size_t const open = openFileCount();
+    ::setrlimit(RLIMIT_NOFILE, &before);
+    EXPECT_LT(open, 60U);
+    EXPECT_NE(losses[0], "");
+    EXPECT_EQ(losses[1], "");
+    EXPECT_NE(losses[2], "") << "of those that are not kept open too";
 }
 
 TEST(MappedFile, RefusesAFileThatIsTooShortOrNotTheOneThatWasLookedAt)

@@ -1,8 +1,13 @@
 #include "app/handover/Channel.h"
 
 #include "app/handover/Nonsense.h"
+#include "tests/app/support/OpenFiles.h"
 
+#include <atomic>
+#include <chrono>
+#include <cstring>
 #include <gtest/gtest.h>
+#include <stdexcept>
 #include <sys/mman.h>
 #include <sys/socket.h>
 #include <thread>
@@ -75,6 +80,58 @@ TEST_F(ChannelTest, BringsAnOpenFileWithTheMessageThatItCameWith)
     EXPECT_EQ(::pread(message->descriptor.number(), text, 7, 0), 7);
     EXPECT_STREQ(text, "content");
     EXPECT_FALSE(channel.receive(-1)->descriptor.isOpen());
+}
+
+TEST_F(ChannelTest, ClosesASecondFileThatComesWithAMessage)
+{
+    app::Descriptor const file(::memfd_create("test", MFD_CLOEXEC));
+    int const files[] = {file.number(), file.number()};
+    char control[CMSG_SPACE(sizeof files)] = {};
+    char head[8] = {};
+    iovec part{head, sizeof head};
+    msghdr message{};
+    message.msg_iov = &part;
+    message.msg_iovlen = 1;
+    message.msg_control = control;
+    message.msg_controllen = sizeof control;
+    cmsghdr* const rights = CMSG_FIRSTHDR(&message);
+    rights->cmsg_level = SOL_SOCKET;
+    rights->cmsg_type = SCM_RIGHTS;
+    rights->cmsg_len = CMSG_LEN(sizeof files);
+    std::memcpy(CMSG_DATA(rights), files, sizeof files);
+    auto const before = openFileCount();
+    ASSERT_EQ(::sendmsg(other.number(), &message, 0), 8);
+    EXPECT_TRUE(channel.receive(-1)->descriptor.isOpen());
+    EXPECT_EQ(openFileCount(), before);
+}
+
+TEST_F(ChannelTest, DoesNotWaitForAMessageThatComesByteByByte)
+{
+    say(std::string("\5\0\0\0\0\0\1\0", 8));
+    std::atomic<bool> isEnough{false};
+    std::atomic<bool> isAllSaid{false};
+    std::thread speaker([&] {
+        for (int n = 0; n < 3000 && !isEnough; ++n) {
+            say("x");
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        }
+        isAllSaid = !isEnough;
+    });
+    EXPECT_FALSE(channel.receive(5));
+    EXPECT_FALSE(isAllSaid);
+    isEnough = true;
+    speaker.join();
+}
+
+TEST_F(ChannelTest, AsksWhetherToGoOnWhileNobodyListens)
+{
+    int asked = 0;
+    auto const giveUp = [&asked] {
+        if (++asked == 3)
+            throw std::runtime_error("enough");
+    };
+    EXPECT_THROW(channel.send(app::Message::Kind::Choice, std::string(4000000, 'x'), -1, giveUp), std::runtime_error);
+    EXPECT_EQ(asked, 3);
 }
 
 TEST_F(ChannelTest, TellsThatNobodyIsThereAnyMore)

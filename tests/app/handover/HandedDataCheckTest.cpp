@@ -99,6 +99,23 @@ TEST(HandedDataCheck, RefusesExtentsThatAreNone)
                   [](Grid& g) { g.extent = {0, 2000000000, 0, 2000000000, 0, 2000000000}; });
 }
 
+// Else a small message could ask for more memory and time than there is.
+TEST(HandedDataCheck, RefusesMoreThanCouldBeStood)
+{
+    expectRefused(handedMesh(), "arrays within each other", [](Grid& g) {
+        for (int n = 0; n < 1000; ++n)
+            g.ofPoints.push_back(g.ofPoints[0]);
+    });
+    Grid sharing = handedMesh();
+    for (int n = 0; n < 100; ++n)
+        sharing.ofCells.push_back(sharing.ofCells[0]);
+    EXPECT_NO_THROW(check(sharing)) << "a few values are worth nothing";
+    expectRefused(handedMesh(), "arrays beyond number",
+                  [](Grid& g) { g.ofPoints.resize(20001, handedArray("", Type::Int8, 0, 0, 0)); });
+    expectRefused(handedMesh(), "components beyond number",
+                  [](Grid& g) { g.ofCells.resize(5, handedArray("", Type::Int8, 0, 0, 0, 1000000)); });
+}
+
 TEST(HandedDataCheck, LooksIntoBlocksWithinBlocks)
 {
     app::HandedData data;

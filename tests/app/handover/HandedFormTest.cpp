@@ -123,6 +123,21 @@ TEST(HandedForm, OfBytesThatEndTooEarlyIsRefused)
     EXPECT_THROW(app::fromBytes(whole + "x"), app::Nonsense);
 }
 
+// Each takes hundreds of bytes of memory.
+TEST(HandedForm, HasNoBlocksWithoutNumber)
+{
+    app::HandedData data;
+    data.block.content = app::HandedBlock::Content::Blocks;
+    data.block.blocks.resize(2);
+    for (app::HandedBlock& half : data.block.blocks) {
+        half.content = app::HandedBlock::Content::Blocks;
+        half.blocks.resize(99000);
+    }
+    EXPECT_NO_THROW(app::fromBytes(app::asBytes(data)));
+    data.block.blocks.back().blocks.resize(102000);
+    EXPECT_THROW(app::fromBytes(app::asBytes(data)), app::Nonsense);
+}
+
 TEST(HandedForm, HasNoBlocksWithinBlocksWithoutEnd)
 {
     app::HandedData data;

@@ -47,6 +47,51 @@ TEST(BadFile, NamesTheFileAndSaysThatItDoesNotExist)
               "Cannot open \"/no/such/folder/file.vts\": there is no such file.");
 }
 
+// Which would have to be in memory as a whole.
+TEST(BadFile, RefusesAListOfFilesOfEnormousLength)
+{
+    TemporaryFolder const folder;
+    std::string const path = folder.write("a.vtm", "<VTKFile type=\"vtkMultiBlockDataSet\"><vtkMultiBlockDataSet>");
+    std::filesystem::resize_file(path, std::uintmax_t{3} << 30);
+    EXPECT_THAT(problemWith(path), HasSubstr("it has 3221225472 bytes, which is more than a list of files can have"));
+}
+
+TEST(BadFile, TellsWhatVtkSaysOfBytesThatAreNoUtf8)
+{
+    TemporaryFolder const folder;
+    EXPECT_THAT(problemWith(folder.write("a.vtk", "# vtk DataFile Version 3.0\nx\nASCII\nDATASET STRUCTURED_POINTS\n"
+                                                  "DIMENSIONS 2 1 1\nORIGIN 0 0 0\nSPACING 1 1 1\nPOINT_DATA 2\n"
+                                                  "\xe9t\xe9 1 2\n")),
+                HasSubstr("\xc3\xa9t\xc3\xa9"));
+}
+
+// VTK would add the path that it knows, which may be that of a copy in memory.
+TEST(BadFile, IsNamedOnceInWhatVtkSaysOfIt)
+{
+    TemporaryFolder const folder;
+    std::string const start = "# vtk DataFile Version 3.0\nx\nASCII\n";
+    std::string const image =
+        "DATASET STRUCTURED_POINTS\nDIMENSIONS 2 1 1\nORIGIN 0 0 0\nSPACING 1 1 1\nPOINT_DATA 2\n";
+    for (std::string const& rest :
+         {std::string("NONSENSE\n"), image + "SCALARS p float\nLOOKUP_TABLE default\nnan 1\nNONSENSE x\n"}) {
+        std::string const path = folder.write("a.vtk", start + rest);
+        std::string const problem = problemWith(path);
+        EXPECT_THAT(problem,
+                    StartsWith("Cannot open \"" + path + "\": it is damaged, incomplete or of another kind ("));
+        EXPECT_EQ(problem.find(path, 20 + path.size()), std::string::npos) << problem;
+        EXPECT_EQ(problem.find("/proc/"), std::string::npos) << problem;
+    }
+}
+
+TEST(BadFile, RefusesCellsOfATableThatAreTooLong)
+{
+    TemporaryFolder const folder;
+    EXPECT_THAT(problemWith(folder.write("a.csv", "x," + std::string(70000, 'y') + "\n1,2\n")),
+                HasSubstr("the name of column 2 has more than 65536 bytes"));
+    EXPECT_THAT(problemWith(folder.write("b.csv", "x,y\n1,1" + std::string(1 << 20, ' ') + "5\n2,3\n")),
+                HasSubstr("line 2: column 2 (y) is too long for a number"));
+}
+
 TEST(BadFile, RefusesFoldersPipesAndEmptyFiles)
 {
     TemporaryFolder const folder;

@@ -4,11 +4,16 @@
 
 #include <cerrno>
 #include <csignal>
+#include <cstddef>
 #include <fcntl.h>
 #include <functional>
 #include <gtest/gtest.h>
+#include <iterator>
+#include <linux/filter.h>
+#include <linux/seccomp.h>
 #include <poll.h>
 #include <sys/mman.h>
+#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
@@ -25,8 +30,8 @@ int inSandbox(std::function<bool()> const& holds)
 {
     pid_t const process = ::fork();
     if (process == 0) {
-        app::enterSandbox();
-        ::_exit(holds() ? 0 : 1);
+        bool const isFiltered = app::enterSandbox();
+        ::_exit(isFiltered && holds() ? 0 : 1);
     }
     int status = 0;
     ::waitpid(process, &status, 0);
@@ -37,6 +42,22 @@ bool knowsFilters()
 {
     // Whether the system has them at all: without an address it complains of that, and not of the question.
     return ::syscall(SYS_seccomp, 1, 0, nullptr) != 0 && errno == EFAULT;
+}
+
+// As a system that has none: another filter answers to whoever wants to set one.
+void forbidFilters()
+{
+    sock_filter calls[] = {
+        BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, __NR_prctl, 0, 3),
+        BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, args)),
+        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, PR_SET_SECCOMP, 0, 1),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | EINVAL),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
+    };
+    sock_fprog const program{static_cast<unsigned short>(std::size(calls)), calls};
+    ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
+    ::prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program);
 }
 
 class SandboxTest : public ::testing::Test
@@ -94,6 +115,50 @@ TEST_F(SandboxTest, StartsNoProgramsAndEndsNoOthers)
                          ::syscall(SYS_tgkill, ::getppid(), ::getppid(), SIGTERM) != 0;
               }),
               0);
+}
+
+// The system would send the signal as soon as something is said.
+TEST_F(SandboxTest, HasNoSignalsSentByFilesEither)
+{
+    EXPECT_EQ(inSandbox([this] {
+                  int const file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+                  return ::fcntl(file, F_SETOWN, ::getppid()) != 0 && ::fcntl(file, F_SETSIG, SIGTERM) != 0 &&
+                         ::fcntl(file, F_SETFL, O_ASYNC) != 0 && ::fcntl(file, F_NOTIFY, DN_ACCESS) != 0 &&
+                         ::fcntl(file, F_GETFD) == FD_CLOEXEC;
+              }),
+              0);
+}
+
+TEST_F(SandboxTest, HoldsNobodyUpWhoWantsAFile)
+{
+    EXPECT_EQ(inSandbox([this] {
+                  int const file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+                  flock whole{};
+                  whole.l_type = F_RDLCK;
+                  return ::fcntl(file, F_SETLEASE, F_RDLCK) != 0 && ::fcntl(file, F_SETLK, &whole) != 0;
+              }),
+              0);
+}
+
+TEST_F(SandboxTest, MakesNoMemoryOfHugePages)
+{
+    EXPECT_EQ(inSandbox([] {
+                  return ::memfd_create("test", MFD_CLOEXEC | MFD_ALLOW_SEALING | MFD_HUGETLB) < 0 && errno == EPERM;
+              }),
+              0);
+}
+
+TEST_F(SandboxTest, SaysThatTheSystemFiltersNoCalls)
+{
+    pid_t const process = ::fork();
+    if (process == 0) {
+        forbidFilters();
+        ::_exit(app::enterSandbox() ? 1 : 0);
+    }
+    int status = 0;
+    ::waitpid(process, &status, 0);
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(inSandbox([] { return true; }), 0);
 }
 
 TEST_F(SandboxTest, LiftsNoLimits)

@@ -4,8 +4,10 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/mman.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <vector>
 
 namespace veldraw::tests {
 
@@ -87,6 +89,24 @@ TEST_F(SharedBlocksTest, CloseTheirFilesWhenTheyAreReleased)
     int const again = ::open("/dev/null", O_RDONLY);
     ::close(again);
     EXPECT_EQ(again, next);
+}
+
+// Small arrays need a file for all of them.
+TEST_F(SharedBlocksTest, LeaveSomeOpenFilesForOthers)
+{
+    rlimit before{};
+    ::getrlimit(RLIMIT_NOFILE, &before);
+    rlimit const few{64, before.rlim_max};
+    ::setrlimit(RLIMIT_NOFILE, &few);
+    std::vector<void*> blocks;
+    for (void* more = SharedBlocks::allocate(4096); more; more = SharedBlocks::allocate(4096))
+        blocks.push_back(more);
+    app::Descriptor const another(::memfd_create("test", MFD_CLOEXEC));
+    ::setrlimit(RLIMIT_NOFILE, &before);
+    for (void* const one : blocks)
+        SharedBlocks::release(one);
+    EXPECT_GT(blocks.size(), 10U);
+    EXPECT_TRUE(another.isOpen());
 }
 
 } // namespace veldraw::tests

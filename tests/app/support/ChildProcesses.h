@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -43,6 +44,24 @@ inline std::vector<pid_t> runningChildren(std::string const& name)
             result.push_back(process.number);
     }
     return result;
+}
+
+/// Waits until something is so, such as that a process that was ended is gone. @return false when it is not after a minute
+template <typename Condition>
+bool comesTrue(Condition const& condition)
+{
+    for (int left = 6000; left > 0 && !condition(); --left)
+        ::usleep(10000);
+    return condition();
+}
+
+/// Waits until none of one name is there any more.
+inline bool haveEnded(std::string const& name)
+{
+    return comesTrue([&name] {
+        auto const all = childProcesses();
+        return std::none_of(all.begin(), all.end(), [&name](ChildProcess const& one) { return one.name == name; });
+    });
 }
 
 } // namespace veldraw::tests

@@ -10,6 +10,10 @@
 #include <vtkRectilinearGrid.h>
 
 #include <algorithm>
+#include <cstdlib>
+#include <mutex>
+#include <optional>
+#include <thread>
 
 namespace veldraw::tests {
 
@@ -74,6 +78,20 @@ vtkSmartPointer<vtkRectilinearGrid> axes()
     return result;
 }
 
+// In two encodings that leave room for values that are not there.
+std::string piecesOfImage()
+{
+    return "<VTKFile type=\"ImageData\" version=\"1.0\" byte_order=\"LittleEndian\" header_type=\"UInt32\">\n"
+           "<ImageData WholeExtent=\"0 3 0 1 0 0\" Origin=\"0 0 0\" Spacing=\"1 1 1\">\n"
+           "<Piece Extent=\"0 1 0 1 0 0\">\n<PointData>\n<DataArray type=\"Int16\" Name=\"p\" format=\"binary\">\n"
+           "CAAAAAEAAgADAAQA\n</DataArray>\n</PointData>\n<CellData>\n"
+           "<DataArray type=\"Float64\" Name=\"c\" format=\"ascii\">\n7.5\n</DataArray>\n</CellData>\n</Piece>\n"
+           "<Piece Extent=\"1 3 0 1 0 0\">\n<PointData>\n<DataArray type=\"Int16\" Name=\"p\" format=\"binary\">\n"
+           "DAAAAAIABQAGAAQABwAIAA==\n</DataArray>\n</PointData>\n<CellData>\n"
+           "<DataArray type=\"Float64\" Name=\"c\" format=\"ascii\">\n8.5 9.5\n</DataArray>\n</CellData>\n</Piece>\n"
+           "</ImageData>\n</VTKFile>\n";
+}
+
 // Attributes of XML, from quote to quote.
 std::vector<std::pair<std::size_t, std::size_t>> attributeValues(std::string const& text)
 {
@@ -136,10 +154,59 @@ void exchangeDigit(std::string& text, std::mt19937& random)
         text[digit] = static_cast<char>('0' + random() % 10);
 }
 
+// What is an array to VTK, and none by its name.
+void renameTag(std::string& text, std::mt19937& random)
+{
+    static std::vector<std::string> const names{"Array", "Values", "Piece", "PointData", "FieldData", "VTKFile"};
+    std::size_t const start = text.find("<DataArray", below(random, text.size()));
+    std::size_t const end = text.find("</DataArray", start);
+    if (end == std::string::npos)
+        return;
+    std::string const& name = names[below(random, names.size())];
+    text.replace(end + 2, 9, name);
+    text.replace(start + 1, 9, name);
+}
+
+void insertMarkup(std::string& text, std::mt19937& random)
+{
+    static std::vector<std::string> const pieces{"<!-- <AppendedData encoding=\"raw\"> _ -->",
+                                                 "<!-- <DataArray -->",
+                                                 "<![CDATA[ </Piece> ]]>",
+                                                 "<?veldraw <PointData> ?>",
+                                                 "<Piece Extent=\"0 1 0 1 0 0\"/>",
+                                                 "<Piece NumberOfPoints=\"3\" NumberOfCells=\"0\"/>",
+                                                 "<FieldData></FieldData>"};
+    std::size_t const at = text.find('<', below(random, text.size()));
+    if (at != std::string::npos)
+        text.insert(at, pieces[below(random, pieces.size())]);
+}
+
+// The same file to a parser of XML.
+void writeLetterAsNumber(std::string& text, std::mt19937& random)
+{
+    auto const values = attributeValues(text);
+    if (values.empty())
+        return;
+    auto const [start, size] = values[below(random, values.size())];
+    if (size == 0)
+        return;
+    std::size_t const at = start + below(random, size);
+    std::string const number = std::to_string(static_cast<unsigned char>(text[at]));
+    text.replace(at, 1, "&#" + std::string(below(random, 20), '0') + number + ";");
+}
+
+void lengthenTag(std::string& text, std::mt19937& random)
+{
+    std::size_t const at = text.find("=\"", below(random, text.size()));
+    std::size_t const end = text.find('"', at == std::string::npos ? at : at + 2);
+    if (end != std::string::npos)
+        text.insert(end + 1, " note=\"" + std::string(random() % 4 == 0 ? 70000 : 20, 'x') + "\"");
+}
+
 void damage(std::string& text, std::mt19937& random)
 {
     std::size_t const at = below(random, text.size());
-    switch (random() % 9) {
+    switch (random() % 13) {
     case 0:
         text[at] = static_cast<char>(random() % 256);
         return;
@@ -163,6 +230,18 @@ void damage(std::string& text, std::mt19937& random)
         return;
     case 7:
         renameType(text, random);
+        return;
+    case 8:
+        renameTag(text, random);
+        return;
+    case 9:
+        insertMarkup(text, random);
+        return;
+    case 10:
+        writeLetterAsNumber(text, random);
+        return;
+    case 11:
+        lengthenTag(text, random);
         return;
     default:
         exchangeDigit(text, random);
@@ -200,6 +279,46 @@ std::string unsoundnessOf(kernel::DataSet const& data)
     return data.zoneCount() == 0 ? "no zone" : "";
 }
 
+// All bits of all values and cells.
+std::uint64_t digestOf(kernel::DataSet const& data)
+{
+    std::uint64_t digest = 14695981039346656037U;
+    auto const add = [&digest](std::uint64_t number) { digest = (digest ^ number) * 1099511628211U; };
+    for (auto const& zone : data.zones()) {
+        for (kernel::Field const& field : zone->fields) {
+            auto const buffer = field.isPassive() || !field.isLoaded() ? nullptr : field.group()->buffer();
+            for (std::int64_t n = 0; buffer && n < buffer->size(); ++n)
+                add(buffer->bits(n));
+        }
+        for (std::int64_t n = 0; zone->connectivity && n < zone->connectivity->indexCount; ++n)
+            add(static_cast<std::uint64_t>(zone->connectivity->indices[n]));
+    }
+    return digest;
+}
+
+// What memory is full of that a process asks for, if it starts from now on. The readers get it with the environment.
+void fillMemoryOfReaders(int byte)
+{
+    std::string const value = "glibc.malloc.perturb=" + std::to_string(byte) + ":glibc.malloc.tcache_count=0";
+    ::setenv("GLIBC_TUNABLES", value.c_str(), 1);
+}
+
+// Two readers whose memory was full of different bytes bring the same, unless they bring what stood in memory. The second one reads on a
+// thread of its own: else it would be the first one.
+bool dependsOnMemory(std::string const& path, kernel::DataSet const& data)
+{
+    std::optional<std::uint64_t> digest; // none where it is refused now
+    fillMemoryOfReaders(0x5a);
+    std::thread([&] {
+        try {
+            digest = digestOf(*import(path).dataSet);
+        } catch (app::ImportError const&) {
+        }
+    }).join();
+    fillMemoryOfReaders(0x21);
+    return digest != digestOf(data);
+}
+
 void addXmlFiles(TemporaryFolder const& folder, std::vector<SoundFile>& files)
 {
     auto const add = [&](vtkDataSet& grid, std::string const& name, Mode mode) {
@@ -213,6 +332,7 @@ void addXmlFiles(TemporaryFolder const& folder, std::vector<SoundFile>& files)
         add(*axes(), "axes.vtr", mode);
         add(*surface(), "surface.vtp", mode);
     }
+    files.push_back({"pieces.vti", piecesOfImage(), {}});
     files.push_back(
         {"all.vtm",
          "<VTKFile type=\"vtkMultiBlockDataSet\" version=\"1.0\"><vtkMultiBlockDataSet>\n<Block index=\"0\" "
@@ -258,9 +378,14 @@ std::string mutation(SoundFile const& file, unsigned int seed, unsigned int numb
 
 Opening openedAndLookedAt(std::string const& path)
 {
+    static std::once_flag once;
+    std::call_once(once, [] { fillMemoryOfReaders(0x21); });
     for (auto const deferral : {app::Deferral::Auto, app::Deferral::Always}) {
         try {
-            std::string const problem = unsoundnessOf(*import(path, deferral).dataSet);
+            auto const data = import(path, deferral).dataSet;
+            if (deferral == app::Deferral::Auto && dependsOnMemory(path, *data))
+                return {false, "values that do not stand in the file"};
+            std::string const problem = unsoundnessOf(*data);
             if (!problem.empty())
                 return {false, problem};
         } catch (app::ImportError const& error) {

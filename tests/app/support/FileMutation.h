@@ -18,7 +18,7 @@ struct SoundFile
 std::vector<SoundFile> soundFiles();
 
 /// The file with one to four damages: bytes that are others, missing or there twice, numbers, names, types and attributes exchanged, tags within tags without
-/// end.
+/// end, tags of other names or of enormous length, comments in which values seem to start, letters written as numbers.
 std::string mutated(std::string text, std::mt19937& random);
 
 /// The n-th mutation of sound files. The same for the same numbers. @return content of the file
@@ -31,7 +31,7 @@ struct Opening
     std::string problem; ///< what is wrong with what came in, or with the refusal; empty where all is as it should be
 };
 
-/// Opens a file and looks at all of its values, at once or later.
+/// Opens a file and looks at all of its values, at once or later, and whether they depend on what memory was full of before.
 Opening openedAndLookedAt(std::string const& path);
 
 } // namespace veldraw::tests

@@ -20,9 +20,12 @@ using veldraw::tests::Disturbance;
 
 bool isArmed = false;
 bool hasHappened = false;
+bool isAwaiting = false; // calls come before the texts below are there
 int calls = 0;
 Disturbance wanted;
 std::string& victim = *new std::string; // never destroyed: calls come after the end of main() too
+std::string& awaited = *new std::string;
+std::function<void()>& workBefore = *new std::function<void()>;
 std::vector<std::string>& changes = *new std::vector<std::string>;
 
 template <typename Function>
@@ -73,6 +76,10 @@ bool isNext(char const* name, Effect effect)
 // @return true when the call is to fail, with errno set
 bool fails(char const* name, Effect effect, std::string const& paths, int usualError)
 {
+    if (isAwaiting && awaited == name) {
+        isAwaiting = false;
+        workBefore();
+    }
     bool const isHit = isNext(name, effect);
     if (isHit && (wanted.kind == Disturbance::Kind::KillBefore || wanted.kind == Disturbance::Kind::KillHalfway))
         end();
@@ -133,6 +140,13 @@ void disturbCalls(Disturbance const& disturbance)
     victim.clear();
     changes.clear();
     isArmed = true;
+}
+
+void doBefore(std::string const& call, std::function<void()> const& work)
+{
+    workBefore = work;
+    awaited = call;
+    isAwaiting = true;
 }
 
 int endOfDisturbance()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -27,6 +28,9 @@ struct Disturbance
 
 /// Begins to count and to disturb, in this process.
 void disturbCalls(Disturbance const& disturbance);
+
+/// Does something once, before the next call of that name goes on; without disturbCalls() too.
+void doBefore(std::string const& call, std::function<void()> const& work);
 
 /// Ends that. @return how many calls there were
 int endOfDisturbance();

@@ -54,6 +54,18 @@ protected:
         view.setCurrentIndex(view.model()->index(row, 1));
         settle();
     }
+
+    /// Opens the editor of the first zone's name by F2, its text selected; null when none comes.
+    QLineEdit* editorOfFirstZone()
+    {
+        app::DockTableView& zones = view("zoneView");
+        focusOn(zones, 0);
+        QTest::keyClick(&zones, Qt::Key_F2);
+        auto* const editor = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+        if (editor)
+            editor->selectAll();
+        return editor;
+    }
 };
 
 } // namespace
@@ -112,25 +124,18 @@ TEST_F(DataPanelTest, SpaceDisablesAVariableWhereverTheCursorStandsInItsRow)
 
 TEST_F(DataPanelTest, F2RenamesInPlace)
 {
-    app::DockTableView& zones = view("zoneView");
-    focusOn(zones, 0);
-    QTest::keyClick(&zones, Qt::Key_F2);
-    auto* const editor = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    QLineEdit* const editor = editorOfFirstZone();
     ASSERT_NE(nullptr, editor);
-    editor->selectAll();
     QTest::keyClicks(editor, QStringLiteral("entry"));
     QTest::keyClick(editor, Qt::Key_Return);
     settle();
     EXPECT_EQ("entry", session.activeDataSet()->zone(1)->name);
-    EXPECT_EQ(QStringLiteral("entry"), zones.model()->index(0, 1).data().toString());
+    EXPECT_EQ(QStringLiteral("entry"), view("zoneView").model()->index(0, 1).data().toString());
 }
 
 TEST_F(DataPanelTest, EscapeLeavesTheNameAlone)
 {
-    app::DockTableView& zones = view("zoneView");
-    focusOn(zones, 0);
-    QTest::keyClick(&zones, Qt::Key_F2);
-    auto* const editor = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    QLineEdit* const editor = editorOfFirstZone();
     ASSERT_NE(nullptr, editor);
     QTest::keyClicks(editor, QStringLiteral("entry"));
     QTest::keyClick(editor, Qt::Key_Escape);
@@ -150,12 +155,8 @@ TEST_F(DataPanelTest, KeepsTheSelectedRowWhenAnotherOneGoes)
 
 TEST_F(DataPanelTest, TellsWhyTheKernelRefusesAnEdit)
 {
-    app::DockTableView& zones = view("zoneView");
-    focusOn(zones, 0);
-    QTest::keyClick(&zones, Qt::Key_F2);
-    auto* const editor = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    QLineEdit* const editor = editorOfFirstZone();
     ASSERT_NE(nullptr, editor);
-    editor->selectAll();
     QTest::keyClick(editor, Qt::Key_Delete);
     QTest::keyClick(editor, Qt::Key_Return);
     settle();

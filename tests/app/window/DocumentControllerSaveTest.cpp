@@ -17,6 +17,7 @@
 #include <QImage>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QSettings>
 #include <QStatusBar>
 #include <QTest>
@@ -306,6 +307,19 @@ TEST_F(SaveTest, TablesOfAnEarlierSaveAreReplacedAfterAQuestionOnly)
     QString const text = QStringLiteral("To save \"out.csv\" also replaces the folder \"%1\" with a table.");
     QString const expected = text.arg(folder.filePath(QStringLiteral("out_tables")));
     EXPECT_EQ((QStringList{expected, expected}), questions);
+}
+
+TEST_F(SaveTest, SeveralTablesAreKnownByTheirFolder)
+{
+    auto const twoZones = makeSeries();
+    twoZones->addZone(std::make_shared<kernel::Zone>(*twoZones->zone(1)));
+    openFrames({{"series", twoZones}});
+    showWindow();
+    QString const path = writeFile(QStringLiteral("out.csv"), "another table");
+    ASSERT_TRUE(window->documents().save(path));
+    EXPECT_EQ(folder.filePath(QStringLiteral("out_tables")), window->documents().fileOf(*twoZones));
+    EXPECT_EQ("Saved out_tables", status());
+    EXPECT_EQ(QStringLiteral("out_tables[*]"), window->windowTitle().section(QStringLiteral(" \u2013 "), 0, 0));
 }
 
 TEST_F(SaveTest, PicturesAreWritten)

@@ -1,5 +1,3 @@
-#include "app/window/ProgressWindow.h"
-#include "host/MessageLog.h"
 #include "kernel/base/Progress.h"
 #include "kernel/operations/DataSetOperation.h"
 #include "kernel/operations/DeleteVariables.h"
@@ -9,7 +7,8 @@
 #include "platform/vdsdkbase/VelUtilQuery.h"
 #include "platform/vdsdkcommon/ActionReporter.h"
 #include "platform/vdsdkcommon/AppLock.h"
-#include "tests/app/support/WindowTest.h"
+#include "tests/app/support/LongWorkTest.h"
+#include "tests/support/LoggedTexts.h"
 
 #include <QAction>
 #include <QApplication>
@@ -60,29 +59,13 @@ private:
 };
 
 /// An operation of the kernel that takes its time, started as a dialog starts it.
-class LongOperationTest : public WindowTest
+class LongOperationTest : public LongWorkTest
 {
 protected:
     LongOperationTest()
     {
         openFlow();
         showWindow();
-    }
-
-    static app::ProgressWindow* progressWindow()
-    {
-        return dynamic_cast<app::ProgressWindow*>(QApplication::activeModalWidget());
-    }
-
-    /// Runs @p user once the progress window is there.
-    void whenItShows(std::function<void()> const& user)
-    {
-        QTimer::singleShot(5, window.get(), [this, user] {
-            if (progressWindow())
-                user();
-            else
-                whenItShows(user);
-        });
     }
 
     /// Renames a zone after @p milliseconds of work on the kernel's thread.
@@ -95,14 +78,6 @@ protected:
                    },
                    "Error renaming", "Renamed") &&
                session.perform(kernel::RenameZone(*session.activeDataSet(), 1, "renamed"));
-    }
-
-    static std::vector<std::string> logged()
-    {
-        std::vector<std::string> texts;
-        for (auto const& entry : host::MessageLog::instance().entries())
-            texts.push_back(entry.text);
-        return texts;
     }
 };
 
@@ -129,7 +104,7 @@ TEST_F(LongOperationTest, ACancelledOneTellsItsFailureAndTheLogSaysWhy)
     EXPECT_FALSE(work(10000));
     EXPECT_LT(sinceCancel.elapsed(), 5000) << "else the work would have gone on for ten seconds";
     EXPECT_THAT(messages, ElementsAre("Error renaming"));
-    EXPECT_THAT(logged(), ElementsAre("The operation was cancelled.", "Error renaming"));
+    EXPECT_THAT(loggedTexts(), ElementsAre("The operation was cancelled.", "Error renaming"));
     EXPECT_EQ("inlet", session.activeDataSet()->zone(1)->name);
     EXPECT_FALSE(session.history().canUndo());
 }

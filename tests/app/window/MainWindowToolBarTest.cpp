@@ -1,5 +1,7 @@
 #include "app/window/NumberChooser.h"
+#include "kernel/data/DimensionsLoader.h"
 #include "kernel/operations/DeleteVariables.h"
+#include "kernel/operations/LoadVariables.h"
 #include "kernel/operations/SetPlotType.h"
 #include "tests/app/support/WindowTest.h"
 
@@ -12,6 +14,12 @@
 namespace veldraw::tests {
 
 namespace {
+
+class FiveTetrahedra : public kernel::DimensionsLoader
+{
+public:
+    kernel::ZoneDimensions load(kernel::Progress&) override { return {8, 5, 0, nullptr}; }
+};
 
 class ToolBarTest : public WindowTest
 {
@@ -104,6 +112,21 @@ TEST_F(ToolBarTest, TheStatusBarTellsTheSizeOfTheData)
     openFlow();
     // 12 + 4 points, 6 + 1 cells, three doubles a slot.
     EXPECT_EQ(QString::fromUtf8("2 zones  ·  16 points  ·  7 cells  ·  384 bytes"), status->text());
+}
+
+TEST_F(ToolBarTest, TheStatusBarTellsNoSizeThatIsInAFileStill)
+{
+    showWindow();
+    auto const waiting = std::make_shared<kernel::Zone>("waiting", ZoneType_FETetra, -1, -1, -1);
+    waiting->dimensionsLoader = std::make_shared<FiveTetrahedra>();
+    auto const dataSet = makeFlow();
+    dataSet->addZone(waiting);
+    openFrames({{"flow", dataSet}});
+    auto const* const status = window->findChild<QLabel*>(QStringLiteral("dataSetStatus"));
+    EXPECT_EQ(QString::fromUtf8("3 zones  ·  size not loaded  ·  384 bytes"), status->text());
+    ASSERT_TRUE(session.perform(kernel::LoadDimensions(*dataSet, 3)));
+    settle();
+    EXPECT_EQ(QString::fromUtf8("3 zones  ·  24 points  ·  12 cells  ·  384 bytes"), status->text());
 }
 
 } // namespace veldraw::tests

@@ -2,6 +2,7 @@
 #include "kernel/operations/LoadVariables.h"
 #include "kernel/operations/SetPlotType.h"
 #include "tests/app/support/DrawnWindowTest.h"
+#include "tests/support/LoggedTexts.h"
 #include "tools/samples/MeshSamples.h"
 #include "tools/samples/SparseSamples.h"
 
@@ -23,14 +24,6 @@ using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-
-std::vector<std::string> logged()
-{
-    std::vector<std::string> texts;
-    for (auto const& entry : host::MessageLog::instance().entries())
-        texts.push_back(entry.text);
-    return texts;
-}
 
 /// A file whose values have not been read when it goes.
 class VanishedFileTest : public DrawnWindowTest
@@ -86,7 +79,7 @@ TEST_F(VanishedFileTest, IsToldOnceInTheMessageLogWhenValuesAreWantedAndWorksAga
     takeAway();
     load(dialog, 0);
     EXPECT_THAT(messages, IsEmpty()) << "the dialog is silent";
-    EXPECT_THAT(logged(), ElementsAre(AllOf(HasSubstr(file.toStdString()), HasSubstr("there is no such file"))));
+    EXPECT_THAT(loggedTexts(), ElementsAre(AllOf(HasSubstr(file.toStdString()), HasSubstr("there is no such file"))));
     EXPECT_EQ(rows, listOf(dialog).model()->rowCount());
     EXPECT_FALSE(isLoaded("displacement_X"));
     EXPECT_TRUE(isLoaded("X")) << "nothing is lost";
@@ -95,7 +88,7 @@ TEST_F(VanishedFileTest, IsToldOnceInTheMessageLogWhenValuesAreWantedAndWorksAga
     load(dialog, 0);
     EXPECT_TRUE(isLoaded("displacement_X"));
     EXPECT_EQ(rows - 1, listOf(dialog).model()->rowCount());
-    EXPECT_EQ(1U, logged().size());
+    EXPECT_EQ(1U, loggedTexts().size());
     dialog.close();
 }
 
@@ -161,7 +154,7 @@ TEST_F(VanishedFileTest, ThatIsShortOrAnotherOneIsRefused)
     load(dialog, 0);
     dialog.close();
     EXPECT_THAT(messages, IsEmpty());
-    EXPECT_THAT(logged(), ElementsAre(AllOf(HasSubstr(file.toStdString()), HasSubstr("open it again"))));
+    EXPECT_THAT(loggedTexts(), ElementsAre(AllOf(HasSubstr(file.toStdString()), HasSubstr("open it again"))));
     EXPECT_FALSE(isLoaded("displacement_X"));
     EXPECT_TRUE(isLoaded("X"));
 }
@@ -185,7 +178,7 @@ TEST_F(VanishedFileTest, OfMappedValuesIsToldWhenTheyAreWantedAndNotMissedOnceTh
     dialog.close();
     EXPECT_FALSE(isLoaded("v2"));
     EXPECT_THAT(messages, IsEmpty());
-    EXPECT_THAT(logged(), ElementsAre(HasSubstr(file.toStdString())));
+    EXPECT_THAT(loggedTexts(), ElementsAre(HasSubstr(file.toStdString())));
     EXPECT_TRUE(isLoaded("v1"));
     EXPECT_EQ(0.0, dataSet().field(1, variable("v1"))->group()->buffer()->value(2500001));
 }

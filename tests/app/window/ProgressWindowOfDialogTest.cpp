@@ -1,10 +1,9 @@
-#include "app/window/ProgressWindow.h"
 #include "dialogs/zoneops/AxialDuplicationDialog.h"
 #include "dialogs/zoneops/AxialRotationDialog.h"
-#include "host/MessageLog.h"
 #include "kernel/operations/RenameZone.h"
 #include "kernel/storage/ValueLoader.h"
-#include "tests/app/support/WindowTest.h"
+#include "tests/app/support/LongWorkTest.h"
+#include "tests/support/LoggedTexts.h"
 
 #include <QAbstractSpinBox>
 #include <QAction>
@@ -56,7 +55,7 @@ private:
 };
 
 /// A rotation by its dialog that takes as long as the loading of a coordinate, on the kernel's own thread.
-class SlowDialogTest : public WindowTest
+class SlowDialogTest : public LongWorkTest
 {
 protected:
     SlowDialogTest()
@@ -129,26 +128,6 @@ protected:
         settle();
     }
 
-    static QDialog* progressWindow() { return dynamic_cast<app::ProgressWindow*>(QApplication::activeModalWidget()); }
-
-    void whenItShows(std::function<void()> const& user)
-    {
-        QTimer::singleShot(5, window.get(), [this, user] {
-            if (progressWindow())
-                user();
-            else
-                whenItShows(user);
-        });
-    }
-
-    static std::vector<std::string> logged()
-    {
-        std::vector<std::string> texts;
-        for (auto const& entry : host::MessageLog::instance().entries())
-            texts.push_back(entry.text);
-        return texts;
-    }
-
     std::vector<double> coordinates(int variable)
     {
         std::vector<double> values;
@@ -189,7 +168,7 @@ TEST_F(SlowDialogTest, EscapeInTheProgressWindowLeavesNoTraceButTheMessage)
     ASSERT_TRUE(sinceEscape.isValid()) << "the progress window has been there";
     EXPECT_LT(sinceEscape.elapsed(), 5000) << "else reading the values would have gone on for ten seconds";
     EXPECT_THAT(messages, ElementsAre("Failed to perform axial rotation."));
-    EXPECT_THAT(logged(), ElementsAre("The operation was cancelled.", "Failed to perform axial rotation."));
+    EXPECT_THAT(loggedTexts(), ElementsAre("The operation was cancelled.", "Failed to perform axial rotation."));
     EXPECT_EQ(before, groups());
     EXPECT_EQ(0, events);
     EXPECT_EQ("Rename Zone", session.history().undoName());

@@ -9,8 +9,7 @@
 #include "host/MessagePresenter.h"
 #include "platform/exception/InvalidArgumentException.h"
 #include "platform/exception/InvalidPropertyValueException.h"
-#include "platform/vdsdkcommon/AppLock.h"
-#include "tests/dialogs/bindings/SpinBoxWindow.h"
+#include "tests/dialogs/bindings/SpinBoxBindingFixture.h"
 #include "tests/dialogs/support/SpecialNumbers.h"
 
 #include <QApplication>
@@ -32,22 +31,16 @@ namespace {
 
 using namespace sdk::ui::dialogs::propertybindings;
 using namespace sdk::ui::propertymanager;
-using sdk::ui::common::IdleDispatcher;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using DoubleBounds = BoundedValueValidator<double>;
 
 constexpr char refusal[] = "error: The value must be greater than or equal to 0 and less than or equal to 0.5.";
 
-class SpinBoxDoublePropertyBindingTest : public SpinBoxWindow<ui::QScientificSpinBox>
+class SpinBoxDoublePropertyBindingTest : public SpinBoxBindingFixture<double>
 {
 protected:
-    void bind(boost::shared_ptr<SpinBoxIncDecCalculatorBase> const& calculator = nullptr)
-    {
-        binding = std::make_unique<SpinBoxDoublePropertyBinding>(box, property, calculator);
-        property->connectValueChanged([this](double value) { changes.push_back(value); });
-        show();
-    }
+    SpinBoxDoublePropertyBindingTest() { property->setValue(2.5); }
 
     void bindKeepFactor()
     {
@@ -57,12 +50,6 @@ protected:
         box->setSingleStep(0.01);
         bind();
     }
-
-    std::vector<double> take() { return std::exchange(changes, {}); }
-
-    boost::shared_ptr<PropertyAbstract<double>> property = boost::make_shared<Property<double>>(2.5);
-    std::unique_ptr<SpinBoxDoublePropertyBinding> binding;
-    std::vector<double> changes;
 };
 
 // ---- showing ------------------------------------------------------------------------------------------------------
@@ -130,37 +117,6 @@ TEST_F(SpinBoxDoublePropertyBindingTest, IsNotHeldUpByTheRangeThatQtGivesABox)
 
 // ---- typing -------------------------------------------------------------------------------------------------------
 
-TEST_F(SpinBoxDoublePropertyBindingTest, SetsThePropertyOnceByReturn)
-{
-    bind();
-    driver->type("1.125");
-    EXPECT_THAT(take(), IsEmpty()) << "keys alone set nothing";
-    driver->press(Qt::Key_Return);
-    EXPECT_THAT(take(), ElementsAre(1.125));
-    EXPECT_TRUE(box->hasFocus());
-    EXPECT_EQ(settled(), "1.125");
-    driver->press(Qt::Key_Tab);
-    EXPECT_THAT(take(), IsEmpty());
-}
-
-TEST_F(SpinBoxDoublePropertyBindingTest, SetsThePropertyOnceByTab)
-{
-    bind();
-    driver->type("-4");
-    driver->press(Qt::Key_Tab);
-    EXPECT_TRUE(elsewhere->hasFocus());
-    EXPECT_THAT(take(), ElementsAre(-4.0));
-}
-
-TEST_F(SpinBoxDoublePropertyBindingTest, SetsThePropertyOnceByAClickElsewhere)
-{
-    bind();
-    driver->type("1e-9");
-    clickElsewhere();
-    EXPECT_THAT(take(), ElementsAre(1e-9));
-    EXPECT_EQ(settled(), "1e-09");
-}
-
 TEST_F(SpinBoxDoublePropertyBindingTest, LetsTheUserTypeInPeace)
 {
     bind();
@@ -171,63 +127,6 @@ TEST_F(SpinBoxDoublePropertyBindingTest, LetsTheUserTypeInPeace)
     EXPECT_EQ(driver->text(), "1.75");
     driver->press(Qt::Key_Return);
     EXPECT_EQ(property->value(), 1.75);
-}
-
-TEST_F(SpinBoxDoublePropertyBindingTest, KeepsUnfinishedTextWhenThePropertyChanges)
-{
-    bind();
-    driver->type("4");
-    driver->press(Qt::Key_Return);
-    driver->type("75");
-    EXPECT_EQ(settled(), "75") << "the write after the first commit came late";
-    property->setValue(9.0);
-    EXPECT_EQ(settled(), "75");
-    driver->press(Qt::Key_Return);
-    EXPECT_EQ(property->value(), 75.0);
-    property->setValue(10.0);
-    EXPECT_EQ(settled(), "10");
-}
-
-TEST_F(SpinBoxDoublePropertyBindingTest, FollowsThePropertyOnceUnfinishedTextIsDropped)
-{
-    bind();
-    for (Qt::Key const end : {Qt::Key_Return, Qt::Key_Tab}) {
-        property->setValue(2.5);
-        idle();
-        driver->type("1e");
-        property->setValue(9.0);
-        EXPECT_EQ(settled(), "1e");
-        driver->press(end);
-        EXPECT_EQ(settled(), "9");
-        EXPECT_EQ(property->value(), 9.0);
-    }
-}
-
-TEST_F(SpinBoxDoublePropertyBindingTest, LetsTheOldNumberBeTypedAgainAfterThePropertyMovedOn)
-{
-    bind();
-    {
-        sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
-        property->setValue(7.0);
-        driver->type("2.5");
-        driver->press(Qt::Key_Return);
-    }
-    EXPECT_EQ(property->value(), 2.5);
-    EXPECT_EQ(settled(), "2.5");
-}
-
-TEST_F(SpinBoxDoublePropertyBindingTest, DoesNotPutAnOldValueBackOnReturn)
-{
-    bind();
-    driver->type("2.5");
-    driver->press(Qt::Key_Return);
-    {
-        sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
-        property->setValue(7.0);
-        driver->press(Qt::Key_Return);
-    }
-    EXPECT_EQ(property->value(), 7.0);
-    EXPECT_EQ(settled(), "7");
 }
 
 TEST_F(SpinBoxDoublePropertyBindingTest, TakesTheLargestNumberTypedForOneThatIsNotFinite)
@@ -312,22 +211,6 @@ TEST_F(SpinBoxDoublePropertyBindingTest, StoresNothingForATextWithAWrongCharacte
                 EXPECT_THAT(take(), ElementsAre(3.5)) << "a step from the property's value";
         }
     }
-    EXPECT_THAT(messages.take(), IsEmpty());
-}
-
-TEST_F(SpinBoxDoublePropertyBindingTest, DropsUnfinishedTextWhenItsWindowGoesOffTheScreen)
-{
-    bind();
-    for (char const* const text : {"7", "1e", "2*3"}) {
-        driver->type(text);
-        window.hide();
-        EXPECT_EQ(driver->text(), "2.5") << text;
-        show();
-        EXPECT_EQ(settled(), "2.5") << text;
-        box->setFocus();
-        driver->press(Qt::Key_Return);
-    }
-    EXPECT_THAT(take(), IsEmpty());
     EXPECT_THAT(messages.take(), IsEmpty());
 }
 
@@ -767,31 +650,6 @@ TEST_F(SpinBoxDoublePropertyBindingTest, TellsThatTheArrowsWereUsedAfterThePrope
 }
 
 // ---- life ---------------------------------------------------------------------------------------------------------
-
-TEST_F(SpinBoxDoublePropertyBindingTest, MayGoWhileAWriteIsPending)
-{
-    bind();
-    property->setValue(3.0);
-    EXPECT_EQ(IdleDispatcher::pendingCount(), 1);
-    binding.reset();
-    EXPECT_EQ(IdleDispatcher::pendingCount(), 0);
-    EXPECT_EQ(settled(), "2.5");
-    driver->clickUp();
-    driver->type("9");
-    driver->press(Qt::Key_Return);
-    EXPECT_EQ(property->value(), 3.0);
-}
-
-TEST_F(SpinBoxDoublePropertyBindingTest, OutlivesItsBox)
-{
-    bind();
-    property->setValue(3.0);
-    delete box;
-    idle();
-    property->setValue(4.0);
-    idle();
-    EXPECT_EQ(property->value(), 4.0);
-}
 
 TEST_F(SpinBoxDoublePropertyBindingTest, KeepsThePropertyAlive)
 {

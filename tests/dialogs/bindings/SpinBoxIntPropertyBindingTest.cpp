@@ -1,11 +1,9 @@
 #include "dialogs/bindings/SpinBoxIntPropertyBinding.h"
 
-#include "dialogs/bindings/SpinBoxLgIndexPropertyBinding.h"
 #include "dialogs/property/BoundedValueValidator.h"
 #include "dialogs/property/Property.h"
 #include "dialogs/property/PropertyTypeAdapter.h"
-#include "platform/vdsdkcommon/AppLock.h"
-#include "tests/dialogs/bindings/SpinBoxWindow.h"
+#include "tests/dialogs/bindings/SpinBoxBindingFixture.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -23,41 +21,27 @@ namespace veldraw::tests {
 namespace {
 
 using namespace sdk::ui::dialogs::propertybindings;
-using sdk::ui::common::IdleDispatcher;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 /// Both whole-number bindings behave alike.
 template <typename T>
-class IntegralSpinBoxBinding : public SpinBoxWindow<ui::IntegralSpinBox>
+class IntegralSpinBoxBinding : public SpinBoxBindingFixture<T>
 {
 protected:
-    using Binding =
-        std::conditional_t<std::is_same_v<T, int>, SpinBoxIntPropertyBinding, SpinBoxLgIndexPropertyBinding>;
     using Bounds = BoundedValueValidator<T>;
-
-    void bind(boost::shared_ptr<SpinBoxIncDecCalculatorBase> const& calculator = nullptr)
-    {
-        binding = std::make_unique<Binding>(box, property, calculator);
-        property->connectValueChanged([this](T value) { changes.push_back(value); });
-        this->show();
-    }
 
     void bindLimited(T lowest, T highest, typename Bounds::LowerBound lower = Bounds::LowerInclusive,
                      typename Bounds::UpperBound upper = Bounds::UpperInclusive)
     {
         limits = boost::make_shared<Bounds>(lowest, highest, lower, upper);
-        property = boost::make_shared<Property<T>>(T(5), limits);
-        bind();
+        this->property = boost::make_shared<Property<T>>(T(5), limits);
+        this->bind();
     }
 
-    std::vector<T> take() { return std::exchange(changes, {}); }
-    std::pair<int, int> range() const { return {box->minimum(), box->maximum()}; }
+    std::pair<int, int> range() const { return {this->box->minimum(), this->box->maximum()}; }
 
     boost::shared_ptr<Bounds> limits;
-    boost::shared_ptr<PropertyAbstract<T>> property = boost::make_shared<Property<T>>(T(5));
-    std::unique_ptr<Binding> binding;
-    std::vector<T> changes;
 };
 
 using Types = ::testing::Types<int, long long>;
@@ -70,22 +54,6 @@ TYPED_TEST(IntegralSpinBoxBinding, ShowsTheValueFromTheStartAndFollowsItAtIdle)
     this->property->setValue(7);
     EXPECT_EQ(this->driver->text(), "5");
     EXPECT_EQ(this->settled(), "7");
-}
-
-TYPED_TEST(IntegralSpinBoxBinding, SetsThePropertyOnceByReturnTabAndAClickElsewhere)
-{
-    this->bind();
-    this->driver->type("12");
-    EXPECT_THAT(this->take(), IsEmpty()) << "keys alone set nothing";
-    this->driver->press(Qt::Key_Return);
-    EXPECT_THAT(this->take(), ElementsAre(12));
-    this->driver->type("13");
-    this->driver->press(Qt::Key_Tab);
-    EXPECT_THAT(this->take(), ElementsAre(13));
-    this->driver->type("14");
-    this->clickElsewhere();
-    EXPECT_THAT(this->take(), ElementsAre(14));
-    EXPECT_EQ(this->settled(), "14");
 }
 
 TYPED_TEST(IntegralSpinBoxBinding, StepsByClickKeyPageAndWheel)
@@ -183,48 +151,6 @@ TYPED_TEST(IntegralSpinBoxBinding, LeavesAValueBeyondItsRangeAloneWhenTheTextIsN
     EXPECT_THAT(this->take(), IsEmpty());
 }
 
-TYPED_TEST(IntegralSpinBoxBinding, FollowsThePropertyOnceUnfinishedTextIsDropped)
-{
-    this->bind();
-    for (Qt::Key const end : {Qt::Key_Return, Qt::Key_Tab}) {
-        this->property->setValue(5);
-        this->idle();
-        this->driver->type("");
-        this->property->setValue(9);
-        EXPECT_EQ(this->settled(), "") << "the user is at it";
-        this->driver->press(end);
-        EXPECT_EQ(this->settled(), "9");
-        EXPECT_EQ(this->property->value(), 9);
-    }
-}
-
-TYPED_TEST(IntegralSpinBoxBinding, LetsTheOldNumberBeTypedAgainAfterThePropertyMovedOn)
-{
-    this->bind();
-    {
-        sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
-        this->property->setValue(7);
-        this->driver->type("5");
-        this->driver->press(Qt::Key_Return);
-    }
-    EXPECT_EQ(this->property->value(), 5);
-    EXPECT_EQ(this->settled(), "5");
-}
-
-TYPED_TEST(IntegralSpinBoxBinding, DoesNotPutAnOldValueBackOnReturn)
-{
-    this->bind();
-    this->driver->type("5");
-    this->driver->press(Qt::Key_Return);
-    {
-        sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
-        this->property->setValue(7);
-        this->driver->press(Qt::Key_Return);
-    }
-    EXPECT_EQ(this->property->value(), 7);
-    EXPECT_EQ(this->settled(), "7");
-}
-
 TYPED_TEST(IntegralSpinBoxBinding, RestoresTheValueForATextOutsideItsRange)
 {
     this->box->setRange(10, 50);
@@ -267,16 +193,6 @@ TYPED_TEST(IntegralSpinBoxBinding, TakesANumberThatIsPastedWithBlanksAround)
     this->driver->type("+7");
     this->driver->press(Qt::Key_Return);
     EXPECT_THAT(this->take(), ElementsAre(7));
-}
-
-TYPED_TEST(IntegralSpinBoxBinding, DropsUnfinishedTextWhenItsWindowGoesOffTheScreen)
-{
-    this->bind();
-    this->driver->type("12");
-    this->window.close();
-    EXPECT_THAT(this->take(), IsEmpty());
-    this->show();
-    EXPECT_EQ(this->driver->text(), "5");
 }
 
 TYPED_TEST(IntegralSpinBoxBinding, KeepsTheRangeThatQtGivesABoxWithoutLimits)
@@ -353,26 +269,6 @@ TYPED_TEST(IntegralSpinBoxBinding, TellsARefusalAndRestoresTheValue)
     EXPECT_THAT(this->messages.take(), ElementsAre("error: Even numbers only."));
     EXPECT_EQ(this->settled(), "4");
     EXPECT_THAT(this->take(), IsEmpty());
-}
-
-TYPED_TEST(IntegralSpinBoxBinding, MayGoWhileAWriteIsPending)
-{
-    this->bind();
-    this->property->setValue(6);
-    this->binding.reset();
-    EXPECT_EQ(IdleDispatcher::pendingCount(), 0);
-    EXPECT_EQ(this->settled(), "5");
-    this->driver->clickUp();
-    EXPECT_EQ(this->property->value(), 6);
-}
-
-TYPED_TEST(IntegralSpinBoxBinding, OutlivesItsBox)
-{
-    this->bind();
-    this->property->setValue(6);
-    delete this->box;
-    this->idle();
-    EXPECT_EQ(this->property->value(), 6);
 }
 
 /// Answers what it was given.

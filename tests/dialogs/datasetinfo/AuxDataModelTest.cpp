@@ -2,7 +2,7 @@
 
 #include "dialogs/models/QTableModelAdapter.h"
 #include "tests/dialogs/models/SampleSession.h"
-#include "tests/dialogs/support/FakeStateChange.h"
+#include "tests/support/FakeStateChange.h"
 
 #include <QAbstractItemModelTester>
 

@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
+#include <QLineEdit>
 
 #include <gmock/gmock.h>
 
@@ -109,6 +110,20 @@ TEST_F(AuxDataPageTest, TellsAssistiveTechnologyTheNamesOfItemsAsThoseOfRows)
     ASSERT_EQ(names.size(), 1);
     EXPECT_EQ(names.front()->text(QAccessible::Name).toStdString(), "Owner");
     EXPECT_EQ(table().model()->headerData(0, Qt::Vertical).toString().toStdString(), "Blame Oren Kasvik");
+}
+
+TEST_F(AuxDataPageTest, TellsTheWholeOfATextInATip)
+{
+    AuxData(AuxDataLocation_Zone, 1).setText("Note", "one\n<b>two</b>", true);
+    AuxData(AuxDataLocation_Zone, 1).setText("Story", std::string(5000, 'x'), true);
+    auto const tipAt = [this](int row, int column) {
+        return table().model()->index(row, column).data(Qt::ToolTipRole).toString().toStdString();
+    };
+    EXPECT_EQ(tipAt(0, 0), "<p style=\"white-space: pre-wrap\">Note</p>");
+    EXPECT_EQ(tipAt(0, 1), "<p style=\"white-space: pre-wrap\">one\n&lt;b&gt;two&lt;/b&gt;</p>");
+    EXPECT_EQ(tipAt(2, 1), "<p style=\"white-space: pre-wrap\">" + std::string(2000, 'x') + "\u2026</p>");
+    AuxData(AuxDataLocation_Zone, 1).setText("Note", "", true);
+    EXPECT_EQ(tipAt(0, 1), "");
 }
 
 TEST_F(AuxDataPageTest, FollowsItemsThatComeAndGo)

@@ -5,7 +5,7 @@
 #include "kernel/operations/LineMapOperation.h"
 #include "platform/vdsdkuicommon/IdleDispatcher.h"
 #include "tests/dialogs/models/SampleSession.h"
-#include "tests/dialogs/support/FakeStateChange.h"
+#include "tests/support/FakeStateChange.h"
 
 #include <gmock/gmock.h>
 

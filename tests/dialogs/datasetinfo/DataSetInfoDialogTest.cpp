@@ -7,8 +7,12 @@
 #include "tests/dialogs/support/NotingTranslator.h"
 
 #include <QDialogButtonBox>
+#include <QLineEdit>
 #include <QListView>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 
 #include <gmock/gmock.h>
 
@@ -55,43 +59,44 @@ TEST_F(DataSetInfoDialogTest, HasTheZoneAndVariablePageOfItsForm)
     std::vector<std::string> names;
     for (std::string const& line : linesBelow(*tabs().widget(zoneVarPage), dialog()))
         names.push_back(line);
-    EXPECT_THAT(names, ElementsAre("selectedZonesListLabel | QLabel | &Zone(s) |  | selectedZonesList",
-                                   "selectedZonesList | QListView |  |  | ",
-                                   "selectedVarsListLabel | QLabel | &Variable(s) |  | selectedVarsList",
-                                   "selectedVarsList | QListView |  |  | ",
-                                   "zoneNameLabel | QLabel | Z&one Name |  | zoneNameLineEdit",
-                                   "zoneNameLineEdit | QLineEdit | Wing |  | ",
-                                   "zoneTypeLabel | QLabel | Zone Type: |  | zoneTypeLineEdit",
-                                   "zoneTypeLineEdit | QLineEdit | Ordered |  | ",
-                                   "zoneIDimensionLabel | QLabel | IMax: |  | zoneIDimensionLineEdit",
-                                   "zoneIDimensionLineEdit | QLineEdit | 3 |  | ",
-                                   "zoneJDimensionLabel | QLabel | JMax: |  | zoneJDimensionLineEdit",
-                                   "zoneJDimensionLineEdit | QLineEdit | 2 |  | ",
-                                   "zoneKDimensionLabel | QLabel | KMax: |  | zoneKDimensionLineEdit",
-                                   "zoneKDimensionLineEdit | QLineEdit | 1 |  | ",
-                                   "zoneSolutionTimeLabel | QLabel | Solution Time: |  | zoneSolutionTimeLineEdit",
-                                   "zoneSolutionTimeLineEdit | QLineEdit | 0 |  | ",
-                                   "zoneStrandIDLabel | QLabel | Time Strand: |  | zoneStrandIDLineEdit",
-                                   testing::StartsWith("zoneStrandIDLineEdit | QLineEdit | "),
-                                   "varNameLabel | QLabel | V&ariable Name |  | varNameLineEdit",
-                                   "varNameLineEdit | QLineEdit | X |  | ",
-                                   "varTypeLabel | QLabel | Var Type: |  | varTypeLineEdit",
-                                   testing::StartsWith("varTypeLineEdit | QLineEdit | "),
-                                   "varLocationLabel | QLabel | Var Location: |  | varLocationLineEdit",
-                                   "varLocationLineEdit | QLineEdit | Nodal |  | ",
-                                   "varStatusLabel | QLabel | Var Status: |  | varStatusLineEdit",
-                                   "varStatusLineEdit | QLineEdit | Passive |  | ",
-                                   "varSelectedRangeLabel | QLabel | Var Range -- Selected Zone: |  | ",
-                                   "varSelectedMinLabel | QLabel | Min: |  | varSelectedMinLineEdit",
-                                   "varSelectedMinLineEdit | QLineEdit | N/A |  | ",
-                                   "varSelectedMaxLabel | QLabel | Max: |  | varSelectedMaxLineEdit",
-                                   "varSelectedMaxLineEdit | QLineEdit | N/A |  | ",
-                                   "varActiveLabel | QLabel | Var Range -- Active Zones: |  | ",
-                                   "varActiveMinLabel | QLabel | Min: |  | varActiveMinLineEdit",
-                                   testing::StartsWith("varActiveMinLineEdit | QLineEdit | "),
-                                   "varActiveMaxLabel | QLabel | Max: |  | varActiveMaxLineEdit",
-                                   testing::StartsWith("varActiveMaxLineEdit | QLineEdit | "),
-                                   "loadVariablesPushButton | QPushButton | &Load Variables... |  | "));
+    EXPECT_THAT(
+        names,
+        ElementsAre(
+            testing::StartsWith("zoneVarInfoScrollArea | "), testing::StartsWith("zoneVarInfoContents | "),
+            "selectedZonesListLabel | QLabel | &Zone(s) |  | selectedZonesList",
+            "selectedZonesList | QListView |  |  | ",
+            "selectedVarsListLabel | QLabel | &Variable(s) |  | selectedVarsList",
+            "selectedVarsList | QListView |  |  | ", "zoneNameLabel | QLabel | Z&one Name |  | zoneNameLineEdit",
+            "zoneNameLineEdit | QLineEdit | Wing |  | ", "zoneTypeLabel | QLabel | Zone Type: |  | zoneTypeLineEdit",
+            "zoneTypeLineEdit | QLineEdit | Ordered |  | ",
+            "zoneIDimensionLabel | QLabel | IMax: |  | zoneIDimensionLineEdit",
+            "zoneIDimensionLineEdit | QLineEdit | 3 |  | ",
+            "zoneJDimensionLabel | QLabel | JMax: |  | zoneJDimensionLineEdit",
+            "zoneJDimensionLineEdit | QLineEdit | 2 |  | ",
+            "zoneKDimensionLabel | QLabel | KMax: |  | zoneKDimensionLineEdit",
+            "zoneKDimensionLineEdit | QLineEdit | 1 |  | ",
+            "zoneSolutionTimeLabel | QLabel | Solution Time: |  | zoneSolutionTimeLineEdit",
+            "zoneSolutionTimeLineEdit | QLineEdit | 0 |  | ",
+            "zoneStrandIDLabel | QLabel | Time Strand: |  | zoneStrandIDLineEdit",
+            testing::StartsWith("zoneStrandIDLineEdit | QLineEdit | "),
+            "varNameLabel | QLabel | V&ariable Name |  | varNameLineEdit", "varNameLineEdit | QLineEdit | X |  | ",
+            "varTypeLabel | QLabel | Var Type: |  | varTypeLineEdit",
+            testing::StartsWith("varTypeLineEdit | QLineEdit | "),
+            "varLocationLabel | QLabel | Var Location: |  | varLocationLineEdit",
+            "varLocationLineEdit | QLineEdit | Nodal |  | ",
+            "varStatusLabel | QLabel | Var Status: |  | varStatusLineEdit",
+            "varStatusLineEdit | QLineEdit | Passive |  | ",
+            "varSelectedRangeLabel | QLabel | Var Range -- Selected Zone: |  | ",
+            "varSelectedMinLabel | QLabel | Min: |  | varSelectedMinLineEdit",
+            "varSelectedMinLineEdit | QLineEdit | N/A |  | ",
+            "varSelectedMaxLabel | QLabel | Max: |  | varSelectedMaxLineEdit",
+            "varSelectedMaxLineEdit | QLineEdit | N/A |  | ",
+            "varActiveLabel | QLabel | Var Range -- Active Zones: |  | ",
+            "varActiveMinLabel | QLabel | Min: |  | varActiveMinLineEdit",
+            testing::StartsWith("varActiveMinLineEdit | QLineEdit | "),
+            "varActiveMaxLabel | QLabel | Max: |  | varActiveMaxLineEdit",
+            testing::StartsWith("varActiveMaxLineEdit | QLineEdit | "),
+            "loadVariablesPushButton | QPushButton | &Load Variables... |  | "));
     EXPECT_EQ(child<QListView>("selectedZonesList").selectionMode(), QAbstractItemView::SingleSelection);
     EXPECT_EQ(child<QListView>("selectedVarsList").selectionMode(), QAbstractItemView::SingleSelection);
 }
@@ -239,14 +244,63 @@ TEST_F(DataSetInfoDialogTest, IsForDataThatAreShownInAPlot)
     EXPECT_TRUE(isEnabled(titleField));
 }
 
+TEST_F(DataSetInfoDialogTest, FitsIntoTheScreenWithALargeFontToo)
+{
+    QFont large = dialog().font();
+    large.setPointSizeF(2.0 * large.pointSizeF());
+    dialog().setFont(large);
+    QSize const size = launched().size();
+    EXPECT_LE(size.height(), dialog().screen()->availableSize().height());
+    EXPECT_TRUE(dialog().rect().contains(buttonBox().geometry()));
+    EXPECT_GT(dialog().sizeHint().height(), size.height()) << "else this shows nothing";
+}
+
+TEST_F(DataSetInfoDialogTest, ScrollsItsFirstPageWhereTheWindowIsLowAndFollowsTheFocus)
+{
+    launched();
+    auto const& page = child<QScrollArea>("zoneVarInfoScrollArea");
+    dialog().resize(dialog().sizeHint());
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(page.verticalScrollBar()->isVisible());
+    EXPECT_FALSE(page.horizontalScrollBar()->isVisible());
+    dialog().resize(dialog().width(), 400);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(dialog().height(), 400);
+    EXPECT_TRUE(page.verticalScrollBar()->isVisible());
+    EXPECT_FALSE(page.horizontalScrollBar()->isVisible());
+    EXPECT_TRUE(child<QWidget>("varActiveMaxLineEdit").visibleRegion().isEmpty());
+    for (char const* const name : {"varActiveMaxLineEdit", "zoneNameLineEdit"}) {
+        auto& field = child<QWidget>(name);
+        field.setFocus();
+        EXPECT_EQ(field.visibleRegion().boundingRect(), field.rect()) << name;
+    }
+    int const top = page.verticalScrollBar()->value();
+    QTest::mousePress(child<QListView>("selectedVarsList").viewport(), Qt::LeftButton, Qt::NoModifier, QPoint(5, 5));
+    EXPECT_EQ(page.verticalScrollBar()->value(), top) << "nothing moves away under the mouse";
+    QTest::mouseRelease(child<QListView>("selectedVarsList").viewport(), Qt::LeftButton, Qt::NoModifier, QPoint(5, 5));
+}
+
+TEST_F(DataSetInfoDialogTest, KeepsRoomForTheNamesInItsListsWhenItIsNarrow)
+{
+    launched();
+    dialog().resize(10, dialog().height());
+    QCoreApplication::processEvents();
+    for (char const* const name : {"selectedZonesList", "selectedVarsList"})
+        EXPECT_GE(child<QWidget>(name).width(), 110) << name;
+    EXPECT_LT(dialog().width(), dialog().sizeHint().width() - 200);
+}
+
 TEST_F(DataSetInfoDialogTest, FitsIntoASmallScreenAndGrowsByItsListsAndTexts)
 {
     QSize const first = launched().size();
-    EXPECT_LE(first.width(), 800);
-    EXPECT_LE(first.height(), 720);
+    QSize const screen = dialog().screen()->availableSize();
+    EXPECT_LE(first.width(), screen.width());
+    EXPECT_LE(first.height(), screen.height());
+    dialog().resize(dialog().sizeHint());
+    QCoreApplication::processEvents();
     QSize const list = child<QListView>("selectedZonesList").size();
     QSize const field = child<QLineEdit>("zoneNameLineEdit").size();
-    dialog().resize(first + QSize(200, 200));
+    dialog().resize(dialog().size() + QSize(200, 200));
     QCoreApplication::processEvents();
     EXPECT_GT(child<QListView>("selectedZonesList").height(), list.height() + 50);
     EXPECT_GT(child<QLineEdit>("zoneNameLineEdit").width(), field.width() + 20);

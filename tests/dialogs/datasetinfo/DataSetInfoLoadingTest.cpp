@@ -3,11 +3,12 @@
 #include "platform/vdtoolbox/AuxData.h"
 #include "tests/dialogs/datasetinfo/CountingLoaders.h"
 #include "tests/dialogs/datasetinfo/DataSetInfoFixture.h"
-#include "tests/dialogs/support/FakeStateChange.h"
+#include "tests/support/FakeStateChange.h"
 #include "tests/support/KernelSpy.h"
 
 #include <QComboBox>
 #include <QDialog>
+#include <QLineEdit>
 #include <QListView>
 #include <QPushButton>
 

@@ -13,6 +13,7 @@
 
 #include <QAbstractItemModelTester>
 #include <QComboBox>
+#include <QLineEdit>
 
 #include <gmock/gmock.h>
 #include <map>
@@ -92,7 +93,7 @@ protected:
     void setAuxiliaryData()
     {
         auto const location = static_cast<AuxDataLocation_e>(below(7));
-        bool const isSet = AuxData(location, oneOf(4)).setText(someName(), std::to_string(below(50)), true);
+        bool const isSet = toolbox::AuxData(location, oneOf(4)).setText(someName(), std::to_string(below(50)), true);
         m_done["auxiliary data"] += isSet ? 1 : 0;
     }
     void changeZonesOrVariables()

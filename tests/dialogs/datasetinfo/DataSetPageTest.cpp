@@ -4,10 +4,11 @@
 #include "kernel/operations/RenameZone.h"
 #include "tests/dialogs/datasetinfo/CountingLoaders.h"
 #include "tests/dialogs/datasetinfo/DataSetInfoFixture.h"
-#include "tests/dialogs/support/FakeStateChange.h"
 #include "tests/dialogs/support/ToolTipOf.h"
+#include "tests/support/FakeStateChange.h"
 #include "tests/support/KernelSpy.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QLineEdit>
@@ -76,6 +77,21 @@ TEST_F(DataSetPageTest, GivesATypedTitleToTheKernelAsOneStep)
     EXPECT_EQ(shown(titleField), "Flow");
     EXPECT_FALSE(sample.session().undo()) << "one step";
     EXPECT_THAT(messages.take(), IsEmpty());
+}
+
+TEST_F(DataSetPageTest, LeavesTheFieldToUndoOnceTheTitleIsTaken)
+{
+    auto* const undo = new QAction(mainWindow.get());
+    undo->setShortcut(QKeySequence::Undo);
+    undo->setShortcutContext(Qt::ApplicationShortcut);
+    mainWindow->addAction(undo);
+    QObject::connect(undo, &QAction::triggered, undo, [this] { sample.session().undo(); });
+    type("Wake");
+    QTest::keyClick(&title(), Qt::Key_Return);
+    IdleDispatcher::flush();
+    QTest::keyClick(&title(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(sample.dataSet().title(), "Flow");
+    EXPECT_EQ(shown(titleField), "Flow");
 }
 
 TEST_F(DataSetPageTest, TakesTheTitleAtReturnAndNotBefore)

@@ -3,7 +3,7 @@
 #include "kernel/operations/RenameZone.h"
 #include "platform/vdsdkcommon/StateChangeEventObservable.h"
 #include "tests/dialogs/models/SampleSession.h"
-#include "tests/dialogs/support/FakeStateChange.h"
+#include "tests/support/FakeStateChange.h"
 #include "tests/support/KernelSpy.h"
 
 #include <gmock/gmock.h>

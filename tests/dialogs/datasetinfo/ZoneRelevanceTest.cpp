@@ -7,7 +7,8 @@
 #include "kernel/operations/LoadVariables.h"
 #include "platform/vdsdkuicommon/IdleDispatcher.h"
 #include "tests/dialogs/datasetinfo/ZoneVarStage.h"
-#include "tests/dialogs/support/FakeStateChange.h"
+#include "tests/support/FakeStateChange.h"
+#include "tests/support/KernelSpy.h"
 
 #include <boost/make_shared.hpp>
 
@@ -52,6 +53,19 @@ TEST_F(ZoneRelevanceTest, KnowsTheNumbersOfStrands)
             strands.insert(strand);
     }
     EXPECT_THAT(strands, ElementsAre(0, 1, 2147483645));
+}
+
+// Which answers 0, the number of a strand.
+TEST_F(ZoneRelevanceTest, KnowsTheNumbersOfStrandsThoughAQuestionFails)
+{
+    TransientZoneRelevance const rule(zones);
+    zones->setValue({Stage::Skin});
+    for (int const strand : {0, 1, 2147483646}) {
+        stage.zone(Stage::Skin).strand = strand;
+        KernelSpy spy;
+        spy.failNext("VelUtilZoneGetStrandID");
+        EXPECT_EQ(rule.isRelevant(), strand < 2) << strand;
+    }
 }
 
 TEST_F(ZoneRelevanceTest, WaitsForDimensionsThatAZoneHas)

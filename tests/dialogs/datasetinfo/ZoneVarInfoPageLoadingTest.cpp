@@ -3,7 +3,7 @@
 #include "kernel/operations/RenameZone.h"
 #include "kernel/operations/SetPlotType.h"
 #include "tests/dialogs/datasetinfo/ZoneVarInfoFixture.h"
-#include "tests/dialogs/support/FakeStateChange.h"
+#include "tests/support/FakeStateChange.h"
 
 namespace veldraw::tests {
 namespace {

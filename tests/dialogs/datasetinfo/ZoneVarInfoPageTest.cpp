@@ -5,8 +5,8 @@
 #include "kernel/operations/LoadVariables.h"
 #include "kernel/operations/SetPlotType.h"
 #include "tests/dialogs/datasetinfo/ZoneVarInfoFixture.h"
-#include "tests/dialogs/support/FakeStateChange.h"
 #include "tests/dialogs/support/ToolTipOf.h"
+#include "tests/support/FakeStateChange.h"
 
 #include <QComboBox>
 #include <QScrollBar>
@@ -63,19 +63,31 @@ TEST_F(ZoneVarInfoPageTest, ShowsTheSelectedVariableInTheZone)
                             "Var Range -- Selected Zone:", "Min:", "300", "Max:", "306"));
     EXPECT_THAT(shownAll({"varActiveLabel", "varActiveMinLabel", "varActiveMinLineEdit", "varActiveMaxLabel",
                           "varActiveMaxLineEdit"}),
-                ElementsAre("Var Range -- Active Zones:", "Min:", "300", "Max:", "307"));
+                ElementsAre("Var Range -- Active Zones:", "Min (est):", "300", "Max (est):", "307"))
+        << "a zone is not loaded";
 }
 
 TEST_F(ZoneVarInfoPageTest, GivesTheDimensionsOfAZoneTheirNamesByItsType)
 {
     selectZone(Stage::Skin);
-    EXPECT_THAT(dimensions(), ElementsAre("Pts:", "5", "Elem:", "3", "", "0"));
+    EXPECT_THAT(dimensions(), ElementsAre("Pts:", "5", "Elem:", "3", "", "")) << "no number without a label";
     EXPECT_FALSE(isEnabled("zoneKDimensionLabel"));
     EXPECT_FALSE(isEnabled("zoneKDimensionLineEdit"));
     selectZone(Stage::Cells);
     EXPECT_THAT(dimensions(), ElementsAre("Pts:", "8", "Elem:", "4", "Faces:", "12"));
     EXPECT_TRUE(isEnabled("zoneKDimensionLabel"));
     EXPECT_TRUE(isEnabled("zoneKDimensionLineEdit"));
+}
+
+TEST_F(ZoneVarInfoPageTest, TellsNoFacesFromAZoneThatCanHaveNone)
+{
+    stage.zone(Stage::Cells).k = 0;
+    for (int times = 0; times < 2; ++times) {
+        selectZone(Stage::Cells);
+        EXPECT_EQ(shown("zoneKDimensionLineEdit"), "0");
+        selectZone(Stage::Skin);
+        EXPECT_EQ(shown("zoneKDimensionLineEdit"), "");
+    }
 }
 
 TEST_F(ZoneVarInfoPageTest, EnablesTimeForAZoneInAStrandOnly)
@@ -122,7 +134,11 @@ TEST_F(ZoneVarInfoPageTest, SaysOfTheRangeInActiveZonesWhenItIsAnEstimate)
                 ElementsAre("Min (est):", "-1.5", "Max (est):", "2.5"));
     perform(kernel::LoadVariables(*stage.dataSet, {Stage::Skin}, {Stage::Q}));
     EXPECT_THAT(shownAll({"varActiveMinLabel", "varActiveMinLineEdit", "varActiveMaxLabel", "varActiveMaxLineEdit"}),
-                ElementsAre("Min:", "2.5", "Max:", "2.5"));
+                ElementsAre("Min (est):", "2.5", "Max (est):", "2.5"))
+        << "other zones have values that nobody has seen";
+    perform(kernel::LoadVariables(*stage.dataSet, {Stage::Wing, Stage::Cells, Stage::Later}, {Stage::Q}));
+    EXPECT_THAT(shownAll({"varActiveMinLabel", "varActiveMinLineEdit", "varActiveMaxLabel", "varActiveMaxLineEdit"}),
+                ElementsAre("Min:", "1", "Max:", "2.5"));
 }
 
 TEST_F(ZoneVarInfoPageTest, SaysOfTheRangeInTheZoneWhenItIsAnEstimateForPiecewiseValuesOnly)

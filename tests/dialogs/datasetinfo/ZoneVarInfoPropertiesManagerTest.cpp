@@ -5,7 +5,7 @@
 #include "platform/vdsdkcommon/AppLock.h"
 #include "platform/vdsdkuicommon/IdleDispatcher.h"
 #include "tests/dialogs/datasetinfo/ZoneVarStage.h"
-#include "tests/dialogs/support/FakeStateChange.h"
+#include "tests/support/FakeStateChange.h"
 #include "tests/support/KernelSpy.h"
 
 #include <gmock/gmock.h>

@@ -98,15 +98,20 @@ ZoneVarTexts::Limits ZoneVarTexts::limitsIn(kernel::DataSet const& dataSet, kern
                                             int variable)
 {
     Limits all;
+    bool hasUnseen = false; // values that are in a file still
     for (int const number : zones) {
         Limits const limits = limitsInZone(*dataSet.zone(number), variable);
-        if (!limits.isKnown)
+        if (!limits.isKnown) {
+            kernel::Field const& field = *dataSet.field(number, variable);
+            hasUnseen = hasUnseen || (!field.isPassive() && (!field.isLoaded() || field.group()->isMapped()));
             continue;
+        }
         all.min = all.isKnown ? std::min(all.min, limits.min) : limits.min;
         all.max = all.isKnown ? std::max(all.max, limits.max) : limits.max;
         all.isKnown = true;
         all.isEstimated = all.isEstimated || limits.isEstimated;
     }
+    all.isEstimated = all.isKnown && (all.isEstimated || hasUnseen);
     return all;
 }
 
@@ -122,7 +127,7 @@ void ZoneVarTexts::tellZone(kernel::Zone const& zone)
     m_texts["zoneKDimensionLabel"] = zone.isOrdered() ? "KMax:" : hasFaces ? "Faces:" : "";
     m_texts["zoneIDimensionLineEdit"] = dimensionText(zone.i);
     m_texts["zoneJDimensionLineEdit"] = dimensionText(zone.j);
-    m_texts["zoneKDimensionLineEdit"] = dimensionText(zone.k);
+    m_texts["zoneKDimensionLineEdit"] = zone.isOrdered() || hasFaces ? dimensionText(zone.k) : "";
     m_texts["zoneSolutionTimeLineEdit"] = numberText(zone.solutionTime);
     m_texts["zoneStrandIDLineEdit"] = zone.strand == 2147483646 ? "" : std::to_string(zone.strand);
 }

@@ -2,7 +2,7 @@
 #include "tests/dialogs/fourier/FourierFixture.h"
 #include "tests/dialogs/support/AdditionsToWidgets.h"
 #include "tests/dialogs/support/DialogLifecycleTest.h"
-#include "tests/dialogs/support/FakeStateChange.h"
+#include "tests/support/FakeStateChange.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>

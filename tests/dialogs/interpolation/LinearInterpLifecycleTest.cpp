@@ -1,7 +1,7 @@
 #include "kernel/operations/EnableZone.h"
 #include "tests/dialogs/interpolation/LinearInterpFixture.h"
 #include "tests/dialogs/support/DialogLifecycleTest.h"
-#include "tests/dialogs/support/FakeStateChange.h"
+#include "tests/support/FakeStateChange.h"
 
 #include <QPointer>
 #include <QRadioButton>

@@ -7,7 +7,7 @@
 #include "dialogs/models/ZoneListModel.h"
 #include "dialogs/models/ZoneListModelGroupableByStrand.h"
 #include "platform/vdsdkcommon/DataSetQueries.h"
-#include "tests/dialogs/support/FakeStateChange.h"
+#include "tests/support/FakeStateChange.h"
 
 #include <boost/make_shared.hpp>
 

@@ -10,7 +10,7 @@
 #include "dialogs/property/RelevanceExpression.h"
 #include "dialogs/property/SimpleBooleanRelevance.h"
 #include "tests/dialogs/library/ApplicationProperty.h"
-#include "tests/dialogs/support/FakeStateChange.h"
+#include "tests/support/FakeStateChange.h"
 
 #include <QPushButton>
 

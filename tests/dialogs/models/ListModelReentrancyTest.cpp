@@ -5,7 +5,7 @@
 #include "tests/dialogs/models/Rows.h"
 #include "tests/dialogs/models/SampleSession.h"
 #include "tests/dialogs/models/ScriptedList.h"
-#include "tests/dialogs/support/FakeStateChange.h"
+#include "tests/support/FakeStateChange.h"
 
 #include <boost/make_shared.hpp>
 

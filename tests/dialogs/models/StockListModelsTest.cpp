@@ -13,7 +13,8 @@
 #include "tests/dialogs/models/ListLog.h"
 #include "tests/dialogs/models/Rows.h"
 #include "tests/dialogs/models/SampleSession.h"
-#include "tests/dialogs/support/FakeStateChange.h"
+#include "tests/support/FakeStateChange.h"
+#include "tests/support/KernelSpy.h"
 
 #include <gtest/gtest.h>
 
@@ -141,6 +142,24 @@ TEST_F(ZoneListModelGroupableByStrandTest, TakesZeroForAStrandAndNumbersBeyondTh
     Set_s* handle = nullptr;
     ASSERT_TRUE(VelUtilFieldMapGetZones(1, &handle));
     EXPECT_EQ(toolbox::Set::Take(handle).members(), (toolbox::Set::Members{1, 3}));
+}
+
+// Zero is also what a question answers that has failed.
+TEST_F(ZoneListModelGroupableByStrandTest, ShowsTheStrandsThoughAQuestionFails)
+{
+    ZoneListModelGroupableByStrand const zones;
+    KernelSpy spy;
+    zones.groupByTimeStrand()->setValue(true);
+    int const questions = spy.count();
+    EXPECT_GE(questions, 10);
+    for (int question = 1; question <= questions; ++question) {
+        zones.groupByTimeStrand()->setValue(false);
+        spy.reset();
+        spy.failCall(question);
+        zones.groupByTimeStrand()->setValue(true);
+        EXPECT_EQ(rows(zones), "1=1: t0 (strand 7) | 2=2: Wall | 3=3: Probe | 4=4: s0 (strand 2)")
+            << spy.calls().at(static_cast<std::size_t>(question) - 1);
+    }
 }
 
 TEST_F(ZoneListModelGroupableByStrandTest, NamesAStrandAfterItsLowestEnabledZone)

@@ -12,7 +12,7 @@
 #include "tests/dialogs/models/ListLog.h"
 #include "tests/dialogs/models/Rows.h"
 #include "tests/dialogs/models/SampleSession.h"
-#include "tests/dialogs/support/FakeStateChange.h"
+#include "tests/support/FakeStateChange.h"
 #include "tests/support/KernelSpy.h"
 
 #include <QAbstractItemModelTester>

@@ -4,8 +4,8 @@
 #include "kernel/operations/LineMapOperation.h"
 #include "platform/vdsdkcommon/StateChangeEventObservable.h"
 #include "tests/dialogs/property/RefusalOf.h"
-#include "tests/dialogs/support/FakeStateChange.h"
 #include "tests/support/AllocationFailure.h"
+#include "tests/support/FakeStateChange.h"
 #include "tests/support/KernelSpy.h"
 #include "tests/support/StyleSession.h"
 

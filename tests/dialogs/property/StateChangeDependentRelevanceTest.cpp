@@ -1,7 +1,7 @@
 #include "dialogs/property/StateChangeDependentRelevance.h"
 
 #include "tests/dialogs/property/IgnoredSignals.h"
-#include "tests/dialogs/support/FakeStateChange.h"
+#include "tests/support/FakeStateChange.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #include "platform/vdsdkcommon/StateChangeEventObservable.h"
 #include "tests/dialogs/smoothing/SmoothFixture.h"
 #include "tests/dialogs/support/ActionUnderSpy.h"
-#include "tests/dialogs/support/FakeStateChange.h"
 #include "tests/dialogs/support/RecordedGuards.h"
+#include "tests/support/FakeStateChange.h"
 #include "tests/support/StyleSession.h"
 
 #include <QApplication>

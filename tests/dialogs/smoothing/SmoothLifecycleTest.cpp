@@ -2,7 +2,7 @@
 #include "tests/dialogs/smoothing/SmoothFixture.h"
 #include "tests/dialogs/support/DialogLifecycleTest.h"
 #include "tests/dialogs/support/EventsWhileMade.h"
-#include "tests/dialogs/support/FakeStateChange.h"
+#include "tests/support/FakeStateChange.h"
 
 #include <QPointer>
 

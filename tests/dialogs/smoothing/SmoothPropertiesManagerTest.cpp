@@ -1,6 +1,6 @@
 #include "kernel/operations/SetPlotType.h"
 #include "tests/dialogs/smoothing/SmoothFixture.h"
-#include "tests/dialogs/support/FakeStateChange.h"
+#include "tests/support/FakeStateChange.h"
 #include "tests/support/StyleSession.h"
 
 #include <gmock/gmock.h>

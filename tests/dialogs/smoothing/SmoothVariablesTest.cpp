@@ -4,7 +4,7 @@
 #include "kernel/operations/LineMapOperation.h"
 #include "kernel/operations/SetPlotType.h"
 #include "tests/dialogs/models/SampleSession.h"
-#include "tests/dialogs/support/FakeStateChange.h"
+#include "tests/support/FakeStateChange.h"
 #include "tests/support/StyleSession.h"
 
 #include <gmock/gmock.h>

@@ -1,7 +1,7 @@
 #include "tests/dialogs/smoothing/TriangulateFixture.h"
 #include "tests/dialogs/support/DialogLifecycleTest.h"
 #include "tests/dialogs/support/EventsWhileMade.h"
-#include "tests/dialogs/support/FakeStateChange.h"
+#include "tests/support/FakeStateChange.h"
 
 #include <QPointer>
 

@@ -14,8 +14,8 @@
 #include "platform/vdsdkuicommon/IdleDispatcher.h"
 #include "tests/dialogs/models/FakeTable.h"
 #include "tests/dialogs/spreadsheet/SheetStage.h"
-#include "tests/dialogs/support/FakeStateChange.h"
 #include "tests/dialogs/support/RecordedMessages.h"
+#include "tests/support/FakeStateChange.h"
 #include "tests/support/KernelSpy.h"
 
 #include <QWidget>

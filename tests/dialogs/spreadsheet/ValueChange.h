@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/dialogs/support/FakeStateChange.h"
+#include "tests/support/FakeStateChange.h"
 
 #include <optional>
 

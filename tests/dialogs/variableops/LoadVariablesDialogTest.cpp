@@ -1,9 +1,9 @@
 #include "kernel/operations/EnableZone.h"
 #include "kernel/operations/RenameZone.h"
-#include "tests/dialogs/support/FakeStateChange.h"
 #include "tests/dialogs/support/FormTable.h"
 #include "tests/dialogs/support/NotingTranslator.h"
 #include "tests/dialogs/variableops/LoadVariablesFixture.h"
+#include "tests/support/FakeStateChange.h"
 
 #include <gmock/gmock.h>
 

@@ -58,7 +58,7 @@ TEST_F(AxialRotationKernelTest, TellsThatThereIsNoVectorOrNoThirdDimension)
                   ", {2}, (2, 1, 0), false, (4), (5), (0), true, 360, (0, 0, 0), (0, 0, 1))");
 }
 
-TEST_F(AxialRotationKernelTest, TurnsTheZonesOfTheSelectedStrands)
+TEST_F(AxialRotationKernelTest, RotatesTheZonesOfTheSelectedStrands)
 {
     makeStrand();
     clickMark("selectByStrand");
@@ -68,7 +68,7 @@ TEST_F(AxialRotationKernelTest, TurnsTheZonesOfTheSelectedStrands)
                   ", {1, 3}, (1, 2, 3), true, (4), (5), (6), true, 360, (0, 0, 0), (0, 0, 1))");
 }
 
-TEST_F(AxialRotationKernelTest, TurnsNothingThatTheListDoesNotShow)
+TEST_F(AxialRotationKernelTest, RotatesNothingThatTheListDoesNotShow)
 {
     makeStrand();
     clickMark("selectByStrand");
@@ -81,7 +81,7 @@ TEST_F(AxialRotationKernelTest, TurnsNothingThatTheListDoesNotShow)
                   ", {3}, (1, 2, 3), true, (4), (5), (6), true, 360, (0, 0, 0), (0, 0, 1))");
 }
 
-TEST_F(AxialRotationKernelTest, TurnsTheCopiesOfAStrandWhoseLowestZoneIsDisabled)
+TEST_F(AxialRotationKernelTest, RotatesTheCopiesOfAStrandWhoseLowestZoneIsDisabled)
 {
     makeStrand();
     clickMark("selectByStrand");
@@ -95,7 +95,7 @@ TEST_F(AxialRotationKernelTest, TurnsTheCopiesOfAStrandWhoseLowestZoneIsDisabled
                   ", {3, 4}, (1, 2, 3), true, (4), (5), (6), true, 360, (0, 0, 0), (0, 0, 1))");
 }
 
-TEST_F(AxialRotationKernelTest, TurnsNoZoneThatIsDisabledAfterItWasPicked)
+TEST_F(AxialRotationKernelTest, RotatesNoZoneThatIsDisabledAfterItWasPicked)
 {
     delete &dialog();
     pick({zonePick(1), zonePick(2)});
@@ -153,7 +153,7 @@ std::vector<double> near(std::vector<double> values)
     return values;
 }
 
-TEST_F(AxialRotationKernelTest, TurnsPositionAndVectorOfTheChosenZoneByItsButton)
+TEST_F(AxialRotationKernelTest, RotatesPositionAndVectorOfTheChosenZoneByItsButton)
 {
     for (int const zone : {1, 2})
         for (int variable = 1; variable <= 6; ++variable)
@@ -224,7 +224,7 @@ TEST_F(AxialRotationKernelTest, TakesNoFailedQuestionForAnAnswer)
     EXPECT_EQ(spy.count("VelUtilDataRotate"), 0);
 }
 
-TEST_F(AxialRotationKernelTest, TurnsAllOfTheChosenStrandsOrNone)
+TEST_F(AxialRotationKernelTest, RotatesAllOfTheChosenStrandsOrNone)
 {
     makeStrand();
     clickMark("selectByStrand");
@@ -242,7 +242,7 @@ TEST_F(AxialRotationKernelTest, TurnsAllOfTheChosenStrandsOrNone)
 
 using AxialRotationGuardsTest = AxialGuardsFixture<AxialRotationFixture>;
 
-TEST_F(AxialRotationGuardsTest, LocksTheApplicationWhileItTurnsAndTellsTheOutcome)
+TEST_F(AxialRotationGuardsTest, LocksTheApplicationWhileItRotatesAndTellsTheOutcome)
 {
     refuseTwice();
 }

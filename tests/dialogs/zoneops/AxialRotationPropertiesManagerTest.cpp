@@ -57,7 +57,7 @@ protected:
     }
 };
 
-TEST_F(AxialRotationPropertiesManagerTest, StartsWithAFullTurnAboutZThroughTheOrigin)
+TEST_F(AxialRotationPropertiesManagerTest, StartsWithAFullCircleAboutZThroughTheOrigin)
 {
     EXPECT_EQ(RotationManager::rotationAngleUnits()->value(), ThetaMode_Degrees);
     EXPECT_EQ(RotationManager::rotationAngle()->value(), 360.0);
@@ -360,14 +360,14 @@ TEST_F(AxialRotationInThePlaneTest, StillWantsDifferentVariables)
     EXPECT_FALSE(inputs().hasVector);
 }
 
-TEST_F(AxialRotationInThePlaneTest, TurnsAboutZWhateverWasChosenInSpace)
+TEST_F(AxialRotationInThePlaneTest, RotatesAboutZWhateverWasChosenInSpace)
 {
     RotationManager::rotationAxis()->setValue(RotationManager::xRotationAxis);
     RotationManager const manager;
     EXPECT_EQ(RotationManager::rotationAxis()->value(), RotationManager::zRotationAxis);
 }
 
-TEST_F(AxialRotationPropertiesManagerTest, TurnsToZAtIdleWhenThePlotTurnsFlat)
+TEST_F(AxialRotationPropertiesManagerTest, GoesToZAtIdleWhenThePlotBecomesFlat)
 {
     RotationManager const manager;
     RotationManager::rotationAxis()->setValue(RotationManager::yRotationAxis);
@@ -377,7 +377,7 @@ TEST_F(AxialRotationPropertiesManagerTest, TurnsToZAtIdleWhenThePlotTurnsFlat)
     EXPECT_EQ(RotationManager::rotationAxis()->value(), RotationManager::zRotationAxis);
 }
 
-TEST_F(AxialRotationPropertiesManagerTest, TurnsToZAtIdleWhenAFlatFrameIsActivated)
+TEST_F(AxialRotationPropertiesManagerTest, GoesToZAtIdleWhenAFlatFrameIsActivated)
 {
     auto const flat = sample.session().createFrame("Frame 002", kernel::Rectangle{0.0, 0.0, 2.0, 2.0});
     ASSERT_TRUE(sample.session().setFrameDataSet(flat->id, sample.frame()->dataSet));
@@ -392,7 +392,7 @@ TEST_F(AxialRotationPropertiesManagerTest, TurnsToZAtIdleWhenAFlatFrameIsActivat
     EXPECT_EQ(RotationManager::rotationAxis()->value(), RotationManager::zRotationAxis);
 }
 
-TEST_F(AxialRotationPropertiesManagerTest, TurnsToZAtIdleWhenUndoAndRedoMakeThePlotFlat)
+TEST_F(AxialRotationPropertiesManagerTest, GoesToZAtIdleWhenUndoAndRedoMakeThePlotFlat)
 {
     showAs(PlotType_Cartesian2D);
     showAs(PlotType_Cartesian3D);

@@ -1,6 +1,7 @@
 #include "kernel/operations/SetPlotType.h"
 #include "tests/dialogs/support/DialogLifecycleTest.h"
 #include "tests/dialogs/support/EventsWhileMade.h"
+#include "tests/dialogs/support/SharedMembers.h"
 #include "tests/dialogs/zoneops/CreateMirrorZoneFixture.h"
 
 #include <QPointer>
@@ -67,21 +68,12 @@ TEST_F(CreateMirrorZoneLifecycleTest, MayBeDestroyedWhenAChoiceIsMade)
 
 TEST(CreateMirrorZonePropertiesManager, StartsEmptyAndSharesItsMembers)
 {
+    using Manager = CreateMirrorZonePropertiesManager;
     SampleSession const sample({"Wing", "Body"}, {"X"});
-    boost::weak_ptr<Property<std::set<int>>> selection;
-    boost::shared_ptr<CreateMirrorZonePropertiesManager::ZonesListModel> model;
-    {
-        CreateMirrorZonePropertiesManager const manager;
-        EXPECT_TRUE(manager.sourceZones()->value().empty());
-        EXPECT_EQ(manager.is2DPlot(), manager.is2DPlot());
-        EXPECT_NE(manager.is2DPlot(), manager.is3DPlot());
-        selection = manager.sourceZones();
-        model = manager.zonesListModel();
-        EXPECT_EQ(model->size(), 2);
-        EXPECT_FALSE(model->isEditable());
-    }
-    EXPECT_TRUE(selection.expired());
-    EXPECT_EQ(model->size(), 2) << "whoever shares the list keeps it alive";
+    expectStartsEmptyAndSharesItsMembers<Manager>(&Manager::sourceZones, &Manager::zonesListModel);
+    Manager const manager;
+    EXPECT_EQ(manager.is2DPlot(), manager.is2DPlot());
+    EXPECT_NE(manager.is2DPlot(), manager.is3DPlot());
 }
 
 TEST(CreateMirrorZonePropertiesManager, SharesItsChoicesWithEveryOther)

@@ -1,5 +1,6 @@
 #include "dialogs/zoneops/DuplicateZonePropertiesManager.h"
 #include "tests/dialogs/support/DialogLifecycleTest.h"
+#include "tests/dialogs/support/SharedMembers.h"
 #include "tests/dialogs/zoneops/DuplicateZoneFixture.h"
 
 namespace veldraw::tests {
@@ -11,20 +12,9 @@ namespace {
 
 TEST(DuplicateZonePropertiesManager, StartsEmptyAndSharesItsMembers)
 {
+    using Manager = sdk::ui::propertymanager::DuplicateZonePropertiesManager;
     SampleSession const sample({"Wing", "Body"}, {"X"});
-    boost::weak_ptr<Property<std::set<int>>> selection;
-    boost::shared_ptr<sdk::ui::propertymanager::DuplicateZonePropertiesManager::ZonesListModel> model;
-    {
-        sdk::ui::propertymanager::DuplicateZonePropertiesManager const manager;
-        EXPECT_TRUE(manager.sourceZones()->value().empty());
-        EXPECT_EQ(manager.sourceZones(), manager.sourceZones());
-        selection = manager.sourceZones();
-        model = manager.zonesListModel();
-        EXPECT_EQ(model->size(), 2);
-        EXPECT_FALSE(model->isEditable());
-    }
-    EXPECT_TRUE(selection.expired());
-    EXPECT_EQ(model->size(), 2) << "whoever shares the list keeps it alive";
+    expectStartsEmptyAndSharesItsMembers<Manager>(&Manager::sourceZones, &Manager::zonesListModel);
 }
 
 } // namespace

@@ -39,6 +39,19 @@ TEST(BlockMemory, GivesEverythingBackAtItsEnd)
     EXPECT_EQ(allocatedBytes(), before);
 }
 
+TEST(BlockMemory, UsesAChunkToItsEnd)
+{
+    BlockMemory memory;
+    memory.take(1024);
+    memory.take(512);
+    memory.take(256); // from a chunk of 768, half of what was taken
+    std::int64_t const before = allocatedBytes();
+    memory.take(512);
+    EXPECT_EQ(allocatedBytes(), before);
+    memory.take(1);
+    EXPECT_GT(allocatedBytes(), before);
+}
+
 TEST(BlockMemory, CanBeAskedAgainWhereThereWasNoMemory)
 {
     BlockMemory memory;

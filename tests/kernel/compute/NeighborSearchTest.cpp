@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <random>
 
 namespace veldraw::tests {
 
@@ -90,6 +91,18 @@ void expectFound(ScatteredPoints const& points, ScatteredPoints const& targets, 
     }
 }
 
+/// Places of which each is a step of random length and direction from the one before.
+std::vector<double> walk(int axes, double longestStep)
+{
+    std::mt19937 random(6);
+    std::uniform_real_distribution<double> step(-longestStep, longestStep);
+    std::vector<double> places(static_cast<std::size_t>(axes), 0.4);
+    for (std::size_t before = 0; places.size() < 70 * static_cast<std::size_t>(axes); ++before) {
+        places.push_back(places[before] + step(random));
+    }
+    return places;
+}
+
 /// Points of a lattice, of which many are at equal distances from each other.
 ScatteredPoints lattice(int axes, int side)
 {
@@ -117,6 +130,20 @@ TEST(NeighborSearchTest, FindsTheNearestOfScatteredPoints)
         for (std::int64_t const count : {1, 2, 8, 17, 64, 65, 300}) {
             expectFound(points, targets, {PtSelection_NearestN, count});
         }
+    }
+}
+
+// Leaves are looked up once for several of them.
+TEST(NeighborSearchTest, FindsTheNearestForTargetsThatAreNearEachOther)
+{
+    for (int const axes : {2, 3}) {
+        ScatteredPoints const points = ScatteredPoints::random(axes, 2003, 5);
+        for (double const step : {0.0, 1e-4, 1e-3, 1e-2, 0.1}) {
+            for (std::int64_t const count : {1, 2, 16, 40, 300}) {
+                expectFound(points, {axes, walk(axes, step)}, {PtSelection_NearestN, count});
+            }
+        }
+        expectFound(lattice(axes, 12), lattice(axes, 5), {PtSelection_NearestN, 9});
     }
 }
 

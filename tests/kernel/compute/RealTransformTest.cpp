@@ -31,12 +31,12 @@ Numbers randomSignal(std::size_t length)
 
 Bins transformed(RealTransform const& transform, Numbers const& values, Progress& progress)
 {
-    ZeroedArray<double> signal(values.size());
-    std::copy(values.begin(), values.end(), signal.begin());
-    ZeroedArray<RealTransform::Bin> bins(values.size() / 2 + 1);
+    std::size_t const binCount = values.size() / 2 + 1;
+    ZeroedArray<double> numbers(2 * binCount);
+    std::copy(values.begin(), values.end(), numbers.begin());
     ZeroedArray<RealTransform::Bin> room(transform.roomSize());
-    transform.run(signal.begin(), bins.begin(), room.begin(), progress);
-    return {bins.begin(), bins.end()};
+    RealTransform::Bin const* const bins = transform.run(numbers.begin(), room.begin(), progress);
+    return {bins, bins + binCount};
 }
 
 /// @param longest length that is transformed as a whole

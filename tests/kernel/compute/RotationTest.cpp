@@ -12,7 +12,7 @@ using namespace kernel;
 
 namespace {
 
-std::array<double, 3> turned(Rotation const& rotation, std::array<double, 3> const& vector)
+std::array<double, 3> rotated(Rotation const& rotation, std::array<double, 3> const& vector)
 {
     std::array<double, 3> result{};
     for (std::size_t row = 0; row < 3; ++row) {
@@ -45,7 +45,7 @@ TEST(SineAndCosine, AreThoseOfTheMathematicalLibrary)
     }
 }
 
-TEST(SineAndCosine, LoseNothingOverManyFullTurns)
+TEST(SineAndCosine, LoseNothingOverManyFullCircles)
 {
     SineAndCosine const once = sineAndCosine(33.0L);
     SineAndCosine const often = sineAndCosine(33.0L + 360.0L * 1e15L);
@@ -73,15 +73,15 @@ TEST(Rotation, IsRightHanded)
     std::array<double, 3> const x{1, 0, 0};
     std::array<double, 3> const y{0, 1, 0};
     std::array<double, 3> const z{0, 0, 1};
-    EXPECT_EQ(turned(Rotation({{}, z}, 90), x), y);
-    EXPECT_EQ(turned(Rotation({{}, x}, 90), y), z);
-    EXPECT_EQ(turned(Rotation({{}, y}, 90), z), x);
-    EXPECT_EQ(turned(Rotation({{}, {0, 0, -1}}, -90), x), y);
+    EXPECT_EQ(rotated(Rotation({{}, z}, 90), x), y);
+    EXPECT_EQ(rotated(Rotation({{}, x}, 90), y), z);
+    EXPECT_EQ(rotated(Rotation({{}, y}, 90), z), x);
+    EXPECT_EQ(rotated(Rotation({{}, {0, 0, -1}}, -90), x), y);
 }
 
 TEST(Rotation, CyclesTheAxesAboutTheirMiddle)
 {
-    std::array<double, 3> const result = turned(Rotation({{}, {2, 2, 2}}, 120), {1, 2, 3});
+    std::array<double, 3> const result = rotated(Rotation({{}, {2, 2, 2}}, 120), {1, 2, 3});
     EXPECT_NEAR(result[0], 3, 1e-15);
     EXPECT_NEAR(result[1], 1, 1e-15);
     EXPECT_NEAR(result[2], 2, 1e-15);
@@ -117,7 +117,7 @@ TEST(Rotation, KeepsLengthsAndAngles)
     }
 }
 
-TEST(Rotation, InvolvesOnlyTheComponentsThatItTurns)
+TEST(Rotation, InvolvesOnlyTheComponentsThatItRotates)
 {
     Rotation const aboutY({{}, {0, 5, 0}}, 30);
     EXPECT_TRUE(aboutY.involves(0));

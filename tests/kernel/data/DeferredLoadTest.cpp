@@ -1,5 +1,4 @@
 // Values and dimensions that are loaded when they are wanted.
-#include "kernel/base/BackgroundWork.h"
 #include "kernel/base/Progress.h"
 #include "kernel/base/SystemMemory.h"
 #include "kernel/compute/Rotation.h"
@@ -16,8 +15,11 @@
 #include "tests/kernel/support/SampleLoader.h"
 #include "tests/kernel/support/SessionFixture.h"
 #include "tests/kernel/support/SpatialData.h"
+#include "tests/kernel/support/Waiters.h"
 #include "tests/support/AllocationFailure.h"
+#include "tests/support/MemoryLimit.h"
 
+#include <optional>
 #include <utility>
 
 namespace veldraw::tests {
@@ -366,10 +368,30 @@ TEST_F(LoadOnDemand, GoesOnWithWhatIsMissingWhenRoomHasBeenMade)
             throw std::bad_alloc();
         }
     };
+    PlainWaiter waiter;
+    session.setWaiter(&waiter);
     EXPECT_TRUE(available({1, 2}, {1}));
+    session.setWaiter(nullptr);
     EXPECT_EQ(x1->loads, 1);
     EXPECT_EQ(x2->loads, 1);
     EXPECT_EQ(values(*dataSet, 1, 1), (std::vector<double>{0, 1, 2, 0, 1, 2}));
+    EXPECT_EQ(waiter.total, 6) << "the second time";
+    EXPECT_EQ(waiter.fraction, 1);
+}
+
+TEST_F(LoadOnDemand, AsksForTheMemoryOfWhatIsMissingWhenRoomHasBeenMade)
+{
+    session.perform(LoadVariables(*dataSet, {1}, {4}));
+    std::optional<MemoryLimit> limit(2 * bytesOfField);
+    bool isFirst = true;
+    x2->before = [&](Progress&) {
+        if (std::exchange(isFirst, false)) {
+            limit.emplace(bytesOfField); // the values that have come have taken the rest
+            throw std::bad_alloc();
+        }
+    };
+    EXPECT_TRUE(available({1, 2}, {1}));
+    EXPECT_EQ(x2->loads, 1);
 }
 
 TEST_F(LoadOnDemand, MakesRoomForAnOperationButNotOfWhatItNeeds)
@@ -417,22 +439,22 @@ TEST_F(LoadOnDemand, MakesCopiesOnceWhereverMemoryIsRefused)
     int retries = 0;
     for (int request = 1; request < 1000; ++request) {
         session.perform(LoadVariables(*dataSet, {1}, {4}));
-        bool isTurned = false;
+        bool isDone = false;
         bool happened = false;
         {
             AllocationFailure const failure(request);
-            isTurned = refusedWithoutMemory(session, [&] {
+            isDone = refusedWithoutMemory(session, [&] {
                 return session.perform(DuplicateZonesAxially(*dataSet, zones, noVector, aboutZ, {90, 0, 2, false}));
             });
             happened = failure.hasHappened();
         }
-        ASSERT_EQ(dataSet->zoneCount(), isTurned ? 6 : 2) << request;
-        if (isTurned) {
+        ASSERT_EQ(dataSet->zoneCount(), isDone ? 6 : 2) << request;
+        if (isDone) {
             ASSERT_EQ(dataSet->zone(4)->strand, 4);
             ASSERT_EQ(dataSet->zone(6)->strand, 5);
             ASSERT_TRUE(session.undo());
         }
-        retries += isTurned && happened && !field(1, 4).isLoaded() ? 1 : 0;
+        retries += isDone && happened && !field(1, 4).isLoaded() ? 1 : 0;
         session.history().clear();
         if (!happened) {
             break;
@@ -505,24 +527,7 @@ TEST_F(LoadOnDemand, IsCancelledBetweenAndWithinLoaders)
 
 TEST_F(LoadOnDemand, RunsOnAWorkerWhileEditsAreRefusedAndShareCountsStayTrue)
 {
-    struct Prying : Waiter
-    {
-        explicit Prying(std::function<void()> look)
-            : m_look(std::move(look))
-        {
-        }
-        void wait(std::string const& name, Progress& progress, std::shared_future<void> const& work) override
-        {
-            m_look();
-            work.wait();
-            m_name = name;
-            m_fraction = progress.fraction();
-        }
-        std::function<void()> m_look;
-        std::string m_name;
-        double m_fraction = 0;
-    };
-    Prying waiter([this] {
+    ActingWaiter waiter([this](Progress&) {
         EXPECT_FALSE(session.perform(SetValue(*dataSet, 1, 2, 0, 5, false)));
         EXPECT_FALSE(available({1}, {4}));
         EXPECT_FALSE(session.undo());
@@ -531,8 +536,8 @@ TEST_F(LoadOnDemand, RunsOnAWorkerWhileEditsAreRefusedAndShareCountsStayTrue)
     session.setWaiter(&waiter);
     EXPECT_TRUE(available({1, 2}, {1, 4}));
     session.setWaiter(nullptr);
-    EXPECT_EQ(waiter.m_name, "Load Variable");
-    EXPECT_EQ(waiter.m_fraction, 1);
+    EXPECT_THAT(waiter.names, ElementsAre("Load Variable"));
+    EXPECT_EQ(waiter.fraction, 1);
     EXPECT_EQ(field(1, 4).shareCount(), 2);
 }
 
@@ -597,11 +602,7 @@ TEST_F(LoadOnDemand, FailsWithAReasonWhateverALoaderThrows)
         EXPECT_FALSE(field(1, 1).isLoaded());
         return session.lastError();
     };
-    struct Patient : Waiter
-    {
-        void wait(std::string const&, Progress&, std::shared_future<void> const& work) override { work.wait(); }
-    };
-    Patient patient;
+    PlainWaiter patient;
     for (Waiter* const waiter : {static_cast<Waiter*>(nullptr), static_cast<Waiter*>(&patient)}) {
         session.setWaiter(waiter);
         EXPECT_EQ(reasonOf([](Progress&) { throw std::bad_alloc(); }), "Out of memory.");
@@ -678,7 +679,7 @@ TEST_F(LoadOnDemand, LoadsNothingForARotationThatFails)
     EXPECT_FALSE(field(1, 1).isLoaded());
 }
 
-TEST_F(LoadOnDemand, LoadsForMirrorsAndTurnedCopies)
+TEST_F(LoadOnDemand, LoadsForMirrorsAndRotatedCopies)
 {
     frame->plotType = PlotType_Cartesian3D;
     frame->axes3D = {dataSet->variable(1)->id, dataSet->variable(2)->id, dataSet->variable(3)->id};
@@ -787,6 +788,16 @@ TEST_F(DeferredDimensions, ReadAsMinusOneUntilTheyAreLoaded)
     EXPECT_TRUE(session.perform(LoadDimensions(*deferred, 1)));
     EXPECT_EQ(size->loads, 1);
     EXPECT_THAT(recorder.take(), IsEmpty());
+}
+
+TEST_F(DeferredDimensions, MayBeThoseOfAZoneWithoutPoints)
+{
+    for (ZoneDimensions const& none : {ZoneDimensions{0, 2, 1, {}}, {3, 0, 1, {}}, {3, 2, 0, {}}}) {
+        deferred->zone(1)->setDimensions({-1, -1, -1, {}});
+        deferred->zone(1)->dimensionsLoader = std::make_shared<sample::SizeLoader>(none);
+        EXPECT_TRUE(session.perform(LoadDimensions(*deferred, 1))) << session.lastError();
+        EXPECT_EQ(deferred->zone(1)->pointCount(), 0);
+    }
 }
 
 TEST_F(DeferredDimensions, AreLearntByCopiesOfTheZoneToo)

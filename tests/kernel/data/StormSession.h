@@ -1,8 +1,8 @@
 #pragma once
 
-#include "kernel/base/BackgroundWork.h"
 #include "kernel/session/Session.h"
 #include "tests/kernel/data/StormLoader.h"
+#include "tests/kernel/support/Waiters.h"
 
 #include <random>
 
@@ -36,18 +36,13 @@ public:
     StormSession& operator=(StormSession const&) = delete;
 
 private:
-    struct OtherThread : kernel::Waiter
-    {
-        void wait(std::string const&, kernel::Progress&, std::shared_future<void> const& work) override { work.wait(); }
-    };
-
     void addZone(bool isDeferred);
     void addField(kernel::Zone& zone, int variable, bool isDeferred);
     Bits anyPattern(FieldDataType_e type);
     kernel::ValueRange anyKnowledge(Storage const& storage);
 
     std::shared_ptr<SizeLoader> m_sizeLoader = std::make_shared<SizeLoader>(trouble);
-    OtherThread m_otherThread;
+    PlainWaiter m_otherThread;
 };
 
 } // namespace storm

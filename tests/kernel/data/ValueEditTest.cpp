@@ -95,10 +95,10 @@ TEST_F(EditValue, CopiesNothingForTheSakeOfTheHistory)
     ASSERT_TRUE(session.perform(RotateZones(*dataSet, {1}, inSpace, RotationAxis{{0, 0, 0}, {1, 1, 1}}, 10)));
     void const* const memory = field(2, 4).group()->buffer()->data();
     EXPECT_TRUE(edit(2, 4, 1, 3));
-    EXPECT_EQ(field(2, 4).group()->buffer()->data(), memory) << "was shared with the first zone before it was turned";
-    void const* const turned = field(1, 4).group()->buffer()->data();
+    EXPECT_EQ(field(2, 4).group()->buffer()->data(), memory) << "was shared with the first zone before it was rotated";
+    void const* const rotated = field(1, 4).group()->buffer()->data();
     EXPECT_TRUE(edit(1, 4, 1, 3));
-    EXPECT_EQ(field(1, 4).group()->buffer()->data(), turned);
+    EXPECT_EQ(field(1, 4).group()->buffer()->data(), rotated);
     ASSERT_TRUE(session.undo() && session.undo() && session.undo());
     EXPECT_EQ(at(1, 4, 1), 11);
     EXPECT_EQ(field(1, 4).group(), field(2, 4).group());

@@ -1,4 +1,4 @@
-// The same lists must come out for surfaces that are turned alike and for the others, which are listed in another way.
+// The same lists must come out for surfaces that are oriented alike and for the others, which are listed in another way.
 #include "kernel/mesh/OrientedNeighbors.h"
 
 #include "kernel/mesh/CellNeighbors.h"

@@ -42,6 +42,7 @@ protected:
             EXPECT_TRUE(bins.box().contains(points[slot]));
         }
         EXPECT_EQ(std::count(times.begin(), times.end(), 1), static_cast<std::ptrdiff_t>(points.size()));
+        expectTheSameByBins(bins, boxes);
         std::size_t most = 0;
         for (Box const& box : boxes) {
             std::vector<int> visits(bins.size());
@@ -59,6 +60,37 @@ protected:
             }
         }
         return most;
+    }
+
+    /// Positions for the bins of a box, found for all boxes at a time, are those for the box itself.
+    static void expectTheSameByBins(PointBins const& bins, std::vector<Box> const& boxes)
+    {
+        std::vector<PointBins::BinRange> ranges(boxes.size());
+        for (std::size_t axis = 0; axis < 3; ++axis) {
+            std::vector<double> low;
+            std::vector<double> high;
+            for (Box const& box : boxes) {
+                low.push_back(box.low[axis]);
+                high.push_back(box.high[axis]);
+            }
+            std::vector<std::uint32_t> first(boxes.size());
+            std::vector<std::uint32_t> last(boxes.size());
+            bins.binsAlong(axis, low.data(), low.size(), first.data());
+            bins.binsAlong(axis, high.data(), high.size(), last.data());
+            for (std::size_t at = 0; at < boxes.size(); ++at) {
+                ranges[at].first[axis] = first[at];
+                ranges[at].last[axis] = last[at];
+            }
+        }
+        using Positions = std::vector<std::pair<std::size_t, std::size_t>>;
+        for (std::size_t at = 0; at < boxes.size(); ++at) {
+            Positions ofBox;
+            Positions ofBins;
+            bins.forPositions(boxes[at], [&](std::size_t begin, std::size_t end) { ofBox.emplace_back(begin, end); });
+            bins.forPositions(ranges[at], boxes[at],
+                              [&](std::size_t begin, std::size_t end) { ofBins.emplace_back(begin, end); });
+            ASSERT_EQ(ofBins, ofBox) << at;
+        }
     }
 
     std::vector<Box> boxesAround(std::vector<Point> const& points, double size)

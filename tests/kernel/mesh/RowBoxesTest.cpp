@@ -36,7 +36,7 @@ void expectTheCornersAndTheirBoxes(ZoneCells const& cells, std::int64_t step)
     for (std::int64_t slot = 0; slot < cells.slotCount(); slot += step) {
         ZoneCells::Corners room;
         Cell const cell = cells.cell(slot, room);
-        ASSERT_EQ(boxes.reach(slot), cell.cornerCount > 0) << slot;
+        ASSERT_EQ(boxes.has(slot) || boxes.read(slot), cell.cornerCount > 0) << slot;
         if (cell.cornerCount == 0) {
             continue;
         }
@@ -72,11 +72,36 @@ TEST(RowBoxes, AreThoseOfTheCornersOfEachCell)
     }
 }
 
+TEST(RowBoxes, AreWidenedByAPartOfTheSumOfTheirSides)
+{
+    ZoneCells const cells = wildCells({40, 5, 3}, FieldDataType_Int32);
+    for (std::size_t const axes : {2U, 3U}) {
+        RowBoxes boxes(cells);
+        ASSERT_TRUE(boxes.read(0));
+        ASSERT_EQ(boxes.count(), 39U);
+        RowBoxes widened(cells);
+        ASSERT_TRUE(widened.read(0));
+        widened.widen(axes, 0.25);
+        for (std::int64_t slot = 0; slot < 39; ++slot) {
+            Box const box = *boxes.box(slot);
+            Box const wide = *widened.box(slot);
+            double const margin =
+                ((box.high[0] - box.low[0]) + (box.high[1] - box.low[1]) + (box.high[2] - box.low[2])) / 4;
+            for (std::size_t axis = 0; axis < 3; ++axis) {
+                double const own = axis < axes ? margin : 0.0;
+                EXPECT_DOUBLE_EQ(wide.low[axis], box.low[axis] - own);
+                EXPECT_DOUBLE_EQ(wide.high[axis], box.high[axis] + own);
+            }
+        }
+    }
+}
+
 TEST(RowBoxes, AreNoneWithoutCells)
 {
     for (auto const& points : {std::array<std::int64_t, 3>{9, 1, 1}, {1, 1, 1}, {1, 9, 1}}) {
         ZoneCells const cells = wildCells(points, FieldDataType_Double);
-        EXPECT_FALSE(RowBoxes(cells).reach(0));
+        EXPECT_FALSE(RowBoxes(cells).has(0));
+        EXPECT_FALSE(RowBoxes(cells).read(0));
     }
 }
 

@@ -92,7 +92,7 @@ TEST_F(DuplicateAxially, HoldsTwelveTimesTheChangedArraysAndNothingMore)
     std::int64_t const array = 12 * 8;
     EXPECT_EQ(bytesHeld(), 7 * array);
     ASSERT_TRUE(duplicate({1}, {30, 0, 11, true}));
-    EXPECT_EQ(bytesHeld(), 12 * 4 * array + 3 * array) << "X, Y, U, V are turned; Z, W, P are not";
+    EXPECT_EQ(bytesHeld(), 12 * 4 * array + 3 * array) << "X, Y, U, V are rotated; Z, W, P are not";
     EXPECT_EQ(field(1, 3).shareCount(), 12);
     EXPECT_EQ(field(1, 7).shareCount(), 12);
     EXPECT_EQ(field(1, 1).shareCount(), 1);
@@ -106,7 +106,7 @@ TEST_F(DuplicateAxially, HoldsTwelveTimesTheChangedArraysAndNothingMore)
     EXPECT_EQ(bytesHeld(), 12 * 6 * array + array);
 }
 
-TEST_F(DuplicateAxially, SharesAllWithTheSourceAfterAFullTurn)
+TEST_F(DuplicateAxially, SharesAllWithTheSourceAfterAFullCircle)
 {
     ASSERT_TRUE(duplicate({1}, {360, 0, 1, true}));
     EXPECT_EQ(field(2, 1).group(), field(1, 1).group());
@@ -192,7 +192,7 @@ TEST_F(DuplicateAxially, FindsFreeStrandNumbersBelowTheHighest)
     EXPECT_EQ(numbers.next(), 2);
 }
 
-TEST_F(DuplicateAxially, TurnsInThePlane)
+TEST_F(DuplicateAxially, RotatesInThePlane)
 {
     ASSERT_TRUE(session.perform(DuplicateZonesAxially(*dataSet, {1}, inPlane, aboutZ, {90, 0, 1, true})));
     EXPECT_EQ(values(*dataSet, 2, 2), values(*dataSet, 1, 1));
@@ -237,7 +237,7 @@ TEST_F(DuplicateAxially, RefusesAtOnceWhatTheMachineCannotHold)
     EXPECT_EQ(session.lastError(), "Out of memory.");
 }
 
-TEST(DataAxialDuplicate, TurnsCopiesOfTheDataSet)
+TEST(DataAxialDuplicate, RotatesCopiesOfTheDataSet)
 {
     Session& session = Session::instance();
     auto const dataSet = sample::emptySpace();

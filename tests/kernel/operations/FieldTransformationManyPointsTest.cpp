@@ -71,7 +71,7 @@ protected:
 };
 
 /// The rotation by the formula of Rodrigues.
-ExactPoint turned(ExactPoint const& point, RotationAxis const& axis, long double degrees)
+ExactPoint rotated(ExactPoint const& point, RotationAxis const& axis, long double degrees)
 {
     long double const angle = degrees * std::acos(-1.0L) / 180;
     ExactPoint k{axis.direction[0], axis.direction[1], axis.direction[2]};
@@ -110,7 +110,7 @@ constexpr std::int64_t sizes[] = {511, 512, 513, 20011}; // about a block, and s
 
 } // namespace
 
-TEST_F(ManyPoints, AreTurnedOneByOne)
+TEST_F(ManyPoints, AreRotatedOneByOne)
 {
     for (RotationAxis const& axis : {aboutX, aboutZ, slanting}) {
         for (auto const& layouts : allLayouts()) {
@@ -123,7 +123,7 @@ TEST_F(ManyPoints, AreTurnedOneByOne)
                         auto const place = static_cast<std::size_t>(variable - 1);
                         before[place] = plainNumber(point, variable, layouts[place].type);
                     }
-                    ExactPoint const expected = turned(before, axis, 33.0L);
+                    ExactPoint const expected = rotated(before, axis, 33.0L);
                     for (int variable = 1; variable <= 3; ++variable) {
                         long double const wanted = expected[static_cast<std::size_t>(variable - 1)];
                         bool const isDouble = field(zone, variable).type() == FieldDataType_Double;

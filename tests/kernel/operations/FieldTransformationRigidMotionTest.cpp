@@ -96,12 +96,12 @@ TEST_P(RigidMotion, KeepsTheMagnitudeOfVectors)
     int const count = dataSet->zoneCount();
     for (int zone = 1; zone <= count; ++zone) {
         session.perform(DuplicateZones(*dataSet, {zone}));
-        int const turned = dataSet->zoneCount();
-        ASSERT_TRUE(session.perform(RotateZones(*dataSet, {turned}, inSpace, randomAxis(), 180 * next())));
-        ASSERT_TRUE(session.perform(MirrorZones(frame->id, {turned}, 'Y')));
+        int const rotated = dataSet->zoneCount();
+        ASSERT_TRUE(session.perform(RotateZones(*dataSet, {rotated}, inSpace, randomAxis(), 180 * next())));
+        ASSERT_TRUE(session.perform(MirrorZones(frame->id, {rotated}, 'Y')));
         for (std::size_t at = 0; at < static_cast<std::size_t>(dataSet->zone(zone)->pointCount()); ++at) {
-            EXPECT_NEAR(magnitude(turned, at), magnitude(zone, at), 1e-15) << "zone " << zone;
-            EXPECT_NEAR(magnitude(turned + 1, at), magnitude(zone, at), 1e-15) << "zone " << zone;
+            EXPECT_NEAR(magnitude(rotated, at), magnitude(zone, at), 1e-15) << "zone " << zone;
+            EXPECT_NEAR(magnitude(rotated + 1, at), magnitude(zone, at), 1e-15) << "zone " << zone;
         }
         session.undo();
         session.undo();
@@ -138,7 +138,7 @@ TEST_P(RigidMotion, ThereAndBackGivesTheValuesWithin4Ulp)
     }
 }
 
-TEST_P(RigidMotion, ClosesAfterAFullTurnInSteps)
+TEST_P(RigidMotion, ClosesAfterAFullCircleInSteps)
 {
     for (int const steps : {2, 4, 5, 7, 12, 360}) {
         start(sample::emptySpace());
@@ -188,8 +188,8 @@ TEST_P(RigidMotion, RoundsAlikeWhereverAPointStands)
         dataSet->addZone(zone);
         ASSERT_TRUE(session.perform(RotateZones(*dataSet, {1}, noVector, randomAxis(), 33)));
         for (int variable = 1; variable <= 3; ++variable) {
-            auto const turned = values(*dataSet, 1, variable);
-            EXPECT_EQ(turned, std::vector<double>(1037, turned.front())) << type;
+            auto const rotated = values(*dataSet, 1, variable);
+            EXPECT_EQ(rotated, std::vector<double>(1037, rotated.front())) << type;
         }
     }
 }

@@ -1,15 +1,13 @@
 #include "kernel/operations/InterpolateByInverseDistance.h"
 
-#include "kernel/base/BackgroundWork.h"
 #include "tests/kernel/support/InterpolationFixture.h"
 #include "tests/kernel/support/SampleLoader.h"
+#include "tests/kernel/support/Waiters.h"
 #include "tests/support/Threads.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <limits>
-#include <thread>
 
 namespace veldraw::tests {
 
@@ -501,21 +499,9 @@ TEST_F(InterpolateByInverseDistanceTest, LoadsTheValuesThatItNeeds)
 
 TEST_F(InterpolateByInverseDistanceTest, ChangesNothingWhenItIsCancelled)
 {
-    class Canceller : public Waiter
-    {
-    public:
-        void wait(std::string const&, Progress& progress, std::shared_future<void> const& work) override
-        {
-            while (progress.fraction() < 0.2) { // in the middle of the work
-                std::this_thread::sleep_for(std::chrono::microseconds(50));
-            }
-            progress.interrupt();
-            work.wait();
-        }
-    };
     int const from = addPoints(ScatteredPoints::random(3, 3000, 1), wave, slope);
     int const to = addPoints(ScatteredPoints::random(3, 20000, 2), zero, zero);
-    Canceller canceller;
+    CancellingWaiter canceller;
     session.setWaiter(&canceller);
     for (NeighborChoice const choice : {NeighborChoice{PtSelection_NearestN, 60}, {PtSelection_Octant, 60}, all}) {
         expectRefused([&] { return interpolate({from}, to, {P, Q}, choice, {3.3, 0.0}); });

@@ -1,11 +1,8 @@
 // What kriging takes from zones of any kind, and what it leaves out.
-#include "kernel/base/BackgroundWork.h"
 #include "tests/kernel/support/KrigingFixture.h"
 #include "tests/kernel/support/SampleLoader.h"
+#include "tests/kernel/support/Waiters.h"
 #include "tests/support/SpecialNumbers.h"
-
-#include <chrono>
-#include <thread>
 
 namespace veldraw::tests {
 
@@ -270,22 +267,9 @@ TEST_F(KrigeInputTest, IsRefusedWhereTheSourceHasNoPoints)
 
 TEST_F(KrigeInputTest, ChangesNothingWhenItIsCancelled)
 {
-    class Canceller : public Waiter
-    {
-    public:
-        void wait(std::string const&, Progress& progress, std::shared_future<void> const& work) override
-        {
-            auto const noTime = std::chrono::seconds(0);
-            while (progress.fraction() < 0.2 && work.wait_for(noTime) != std::future_status::ready) {
-                std::this_thread::sleep_for(std::chrono::microseconds(50)); // until it is in the middle of the work
-            }
-            progress.interrupt();
-            work.wait();
-        }
-    };
     int const from = addPoints(ScatteredPoints::random(3, 1500, 1), wave, slope);
     int const to = addPoints(ScatteredPoints::random(3, 15000, 2), zero, zero);
-    Canceller canceller;
+    CancellingWaiter canceller;
     session.setWaiter(&canceller);
     for (NeighborChoice const choice :
          {NeighborChoice{PtSelection_NearestN, 60}, {PtSelection_Octant, 60}, everyPoint}) {

@@ -1,4 +1,3 @@
-#include "kernel/base/BackgroundWork.h"
 #include "kernel/base/Progress.h"
 #include "kernel/operations/AddFrame.h"
 #include "kernel/operations/DeleteVariables.h"
@@ -10,6 +9,7 @@
 #include "kernel/operations/SetPlotType.h"
 #include "kernel/style/StyleTree.h"
 #include "tests/kernel/support/SessionFixture.h"
+#include "tests/kernel/support/Waiters.h"
 
 #include <chrono>
 #include <thread>
@@ -20,28 +20,6 @@ using namespace kernel;
 using testing::ElementsAre;
 
 namespace {
-
-/// Does something while it waits.
-class ActingWaiter : public Waiter
-{
-public:
-    explicit ActingWaiter(std::function<void(Progress&)> action = [](Progress&) {})
-        : m_action(std::move(action))
-    {
-    }
-
-    void wait(std::string const& name, Progress& progress, std::shared_future<void> const& work) override
-    {
-        names.push_back(name);
-        m_action(progress);
-        work.wait();
-    }
-
-    std::vector<std::string> names;
-
-private:
-    std::function<void(Progress&)> m_action;
-};
 
 class OperationTest : public SessionFixture
 {

@@ -51,7 +51,7 @@ protected:
 
 } // namespace
 
-TEST_F(RotateZonesTest, TurnsPointsAndVectorsRightHandedAboutTheAxis)
+TEST_F(RotateZonesTest, RotatesPointsAndVectorsRightHandedAboutTheAxis)
 {
     int const zone = addPoint(3, 2, 7);
     ASSERT_TRUE(session.perform(RotateZones(*dataSet, {zone}, inSpace, {{1, 2, 9}, {0, 0, 1}}, 90)));
@@ -85,7 +85,7 @@ TEST_F(RotateZonesTest, CountsTheOldValuesInTheHistory)
     EXPECT_EQ(session.history().valueBytes(), 3 * 12 * 8);
 }
 
-TEST_F(RotateZonesTest, ChangesNothingByAFullTurn)
+TEST_F(RotateZonesTest, ChangesNothingByAFullCircle)
 {
     std::string const before = stateDigest(session);
     for (double const degrees : {0.0, 360.0, -720.0, 360.0 * 1e12}) {
@@ -125,7 +125,7 @@ TEST_F(RotateZonesTest, WritesToNewStorageForTheGivenZonesOnly)
     EXPECT_EQ(field(1, 1).shareCount(), 3);
 }
 
-TEST_F(RotateZonesTest, TurnsAVectorAboutNoPointAlsoWhereItSharesItsStorageWithThePosition)
+TEST_F(RotateZonesTest, RotatesAVectorAboutNoPointAlsoWhereItSharesItsStorageWithThePosition)
 {
     int const zone = addPoint(3, 2, 7);
     for (int component = 1; component <= 3; ++component) {
@@ -140,7 +140,7 @@ TEST_F(RotateZonesTest, TurnsAVectorAboutNoPointAlsoWhereItSharesItsStorageWithT
     EXPECT_EQ(field(zone, 1).shareCount(), 2);
 }
 
-TEST_F(RotateZonesTest, TurnsComponentsThatShareOneStorage)
+TEST_F(RotateZonesTest, RotatesComponentsThatShareOneStorage)
 {
     int const zone = addPoint(3, 3, 0);
     field(zone, 2) = field(zone, 1);
@@ -207,7 +207,7 @@ TEST_F(RotateZonesTest, StoresWholeNumbersAsFloatingOnesThatHoldThem)
         int const zone = addPoint(1, 0, 1, types.before);
         ASSERT_TRUE(session.perform(RotateZones(*dataSet, {zone}, inSpace, aboutZ, 45)));
         EXPECT_EQ(field(zone, 1).type(), types.after) << types.before;
-        EXPECT_EQ(field(zone, 3).type(), types.before) << "was not turned";
+        EXPECT_EQ(field(zone, 3).type(), types.before) << "was not rotated";
         EXPECT_NEAR(values(*dataSet, zone, 1)[0], std::sqrt(0.5), 1e-7);
         EXPECT_NEAR(values(*dataSet, zone, 2)[0], std::sqrt(0.5), 1e-7);
         ASSERT_TRUE(session.undo());
@@ -292,7 +292,7 @@ TEST_F(RotateZonesTest, SharesOnlyTheComponentsThatWereShared)
     field(3, 1) = field(2, 1);
     field(3, 2) = field(2, 2);
     ASSERT_TRUE(session.perform(RotateZones(*dataSet, {2, 3}, noVector, aboutX, 90)));
-    EXPECT_EQ(field(2, 1).shareCount(), 2) << "is not turned";
+    EXPECT_EQ(field(2, 1).shareCount(), 2) << "is not rotated";
     EXPECT_EQ(field(2, 2).group(), field(3, 2).group());
     EXPECT_EQ(field(2, 2).shareCount(), 2);
     EXPECT_NE(field(2, 3).group(), field(3, 3).group()) << "was passive";
@@ -329,7 +329,7 @@ TEST_F(RotateZonesTest, LeavesAZoneWithoutCoordinatesOrWithoutAVectorAlone)
     EXPECT_FALSE(field(zone, 2).isPassive());
 }
 
-TEST_F(RotateZonesTest, TurnsVectorsAtTheMiddleOfCells)
+TEST_F(RotateZonesTest, RotatesVectorsAtTheMiddleOfCells)
 {
     auto zone = std::make_shared<Zone>("cells", ZoneType_Ordered, 3, 1, 1);
     zone->fields = {sample::field({0, 1, 2}),
@@ -346,7 +346,7 @@ TEST_F(RotateZonesTest, TurnsVectorsAtTheMiddleOfCells)
     EXPECT_EQ(values(*dataSet, 2, 2)[2], 2);
 }
 
-TEST_F(RotateZonesTest, LoadsTheVectorThatItTurns)
+TEST_F(RotateZonesTest, LoadsTheVectorThatItRotates)
 {
     int const zone = addPoint(3, 2, 7);
     auto const loader = std::make_shared<sample::Loader>(std::vector<double>{1});
@@ -421,7 +421,7 @@ TEST_F(RotateZonesTest, LeavesPointsAsTheyAreWhicheverCoordinateIsNotFinite)
     }
 }
 
-TEST_F(RotateZonesTest, TurnsInThePlaneAboutZOnly)
+TEST_F(RotateZonesTest, RotatesInThePlaneAboutZOnly)
 {
     int const zone = addPoint(1, 0, 4);
     ASSERT_TRUE(session.perform(RotateZones(*dataSet, {zone}, inPlane, {{0, 0, 3}, {0, 0, -2}}, 90)));
@@ -501,7 +501,7 @@ protected:
 
 } // namespace
 
-TEST_F(DataRotate, TurnsTheZonesOfTheDataSet)
+TEST_F(DataRotate, RotatesTheZonesOfTheDataSet)
 {
     std::vector<double> const x = values(*dataSet, 1, 1);
     std::vector<double> const u = values(*dataSet, 1, 4);
@@ -511,7 +511,7 @@ TEST_F(DataRotate, TurnsTheZonesOfTheDataSet)
     EXPECT_EQ(session.history().undoName(), "Axial Rotation");
 }
 
-TEST_F(DataRotate, IgnoresTheVectorThatItIsNotToTurn)
+TEST_F(DataRotate, IgnoresTheVectorThatItIsNotToRotate)
 {
     std::vector<double> const u = values(*dataSet, 1, 4);
     ASSERT_TRUE(

@@ -1,7 +1,7 @@
 // What a smoothing takes is asked for as a sum, before it is taken.
+#include "tests/kernel/support/MemoryAsked.h"
 #include "tests/kernel/support/MeshData.h"
 #include "tests/kernel/support/SmoothingFixture.h"
-#include "tests/support/MemoryLimit.h"
 
 namespace veldraw::tests {
 
@@ -13,22 +13,9 @@ namespace {
 class SmoothVariableMemoryTest : public SmoothingFixture
 {
 protected:
-    /// The least memory with which a smoothing is carried out. Refused it leaves no trace.
     double bytesAskedFor(int zone, int passes)
     {
-        return leastMemory([&] {
-            std::string const before = stateDigest(session);
-            recorder.take();
-            if (smooth(zone, passes)) {
-                EXPECT_TRUE(session.undo());
-                session.history().clear();
-                return true;
-            }
-            EXPECT_EQ(session.lastError(), "Out of memory.");
-            EXPECT_EQ(stateDigest(session), before);
-            EXPECT_TRUE(recorder.take().empty());
-            return false;
-        });
+        return memoryAskedFor(session, recorder, [&] { return smooth(zone, passes); });
     }
 };
 

@@ -106,24 +106,7 @@ protected:
     }
 
     /// The triangles of the last zone, with the places of its points.
-    PlaneTriangles made() const
-    {
-        PlaneTriangles result;
-        int const number = dataSet->zoneCount();
-        Connectivity const& cells = *dataSet->zone(number)->connectivity;
-        std::vector<double> const x = valuesOf(number, 1);
-        std::vector<double> const y = valuesOf(number, 2);
-        for (std::size_t at = 0; at < x.size(); ++at) {
-            result.places.push_back({x[at], y[at]});
-        }
-        for (std::int64_t cell = 0; cell < cells.cellCount; ++cell) {
-            EXPECT_EQ(cells.offsets[cell], 3 * cell);
-            PlaneTriangles::Triangle triangle{};
-            std::copy_n(cells.indices + 3 * cell, 3, triangle.corners.begin());
-            result.triangles.push_back(triangle);
-        }
-        return result;
-    }
+    PlaneTriangles made() const { return PlaneTriangles(*dataSet->zones().back()); }
 
     std::int64_t duplicates = -1;
 };

@@ -50,10 +50,10 @@ protected:
         }
     }
 
-    std::vector<std::string> untransformed(NumberSet const& turned = {1, 2, 3, 4, 5, 6},
+    std::vector<std::string> untransformed(NumberSet const& rotated = {1, 2, 3, 4, 5, 6},
                                            std::size_t dimensions = 3) const
     {
-        return untransformedVectors(*data, {1}, turned, dimensions);
+        return untransformedVectors(*data, {1}, rotated, dimensions);
     }
 
     std::shared_ptr<DataSet> data;
@@ -141,14 +141,14 @@ TEST_F(UntransformedVectors, AreFoundByNameAlsoWhereEachIsAnArrayOfItsOwn)
     EXPECT_THAT(untransformed(), ElementsAre("Fx, Fy, Fz"));
 }
 
-TEST_F(UntransformedVectors, InThePlaneNeedNotTurnTheThirdComponent)
+TEST_F(UntransformedVectors, InThePlaneNeedNotRotateTheThirdComponent)
 {
     addArray("velocity", 3);
     EXPECT_THAT(untransformed({1, 2, 8, 9}, 2), ElementsAre("U, V, W"));
     EXPECT_THAT(untransformed({1, 2, 8, 9}, 3), ElementsAre("X, Y, Z", "U, V, W", "velocity"));
 }
 
-TEST_F(UntransformedVectors, AreNamedOnceByEachOperationThatTurnsSomething)
+TEST_F(UntransformedVectors, AreNamedOnceByEachOperationThatRotatesSomething)
 {
     addArray("velocity", 3);
     addArray("stress", 6);
@@ -172,7 +172,7 @@ TEST_F(UntransformedVectors, AreNamedOnceByEachOperationThatTurnsSomething)
     EXPECT_THAT(remarks, IsEmpty());
 }
 
-TEST_F(UntransformedVectors, AreNotNamedWhenNothingIsTurned)
+TEST_F(UntransformedVectors, AreNotNamedWhenNothingIsRotated)
 {
     addArray("velocity", 3);
     sample::show(session, data);
@@ -181,7 +181,7 @@ TEST_F(UntransformedVectors, AreNotNamedWhenNothingIsTurned)
     EXPECT_THAT(remarks, IsEmpty());
 }
 
-TEST_F(UntransformedVectors, NamesTheFramesVectorTooWhenItIsNotTurned)
+TEST_F(UntransformedVectors, NamesTheFramesVectorTooWhenItIsNotRotated)
 {
     sample::show(session, data);
     ASSERT_TRUE(session.perform(RotateZones(*data, {1}, sample::noVector, sample::aboutX, 30)));

@@ -1,5 +1,4 @@
 // Zone operations that are cancelled, or disturbed, while they compute.
-#include "kernel/base/BackgroundWork.h"
 #include "kernel/operations/DeleteVariables.h"
 #include "kernel/operations/DuplicateZonesAxially.h"
 #include "kernel/operations/EnableZone.h"
@@ -17,6 +16,7 @@
 #include "tests/kernel/support/MeshData.h"
 #include "tests/kernel/support/SessionFixture.h"
 #include "tests/kernel/support/SpatialData.h"
+#include "tests/kernel/support/Waiters.h"
 #include "tests/support/Threads.h"
 
 #include <chrono>
@@ -30,48 +30,6 @@ using sample::slanting;
 using testing::ElementsAre;
 
 namespace {
-
-/// Does something once while the work goes on, then waits for its end.
-class OnceWaiter : public Waiter
-{
-public:
-    explicit OnceWaiter(std::function<void(Progress&)> action)
-        : m_action(std::move(action))
-    {
-    }
-
-    void wait(std::string const& name, Progress& progress, std::shared_future<void> const& work) override
-    {
-        m_name = name;
-        m_action(progress);
-        work.wait();
-    }
-
-    std::string const& name() const { return m_name; }
-
-private:
-    std::function<void(Progress&)> m_action;
-    std::string m_name;
-};
-
-/// Looks at the progress when the work has ended.
-class LateWaiter : public Waiter
-{
-public:
-    explicit LateWaiter(double& fraction)
-        : m_fraction(fraction)
-    {
-    }
-
-    void wait(std::string const&, Progress& progress, std::shared_future<void> const& work) override
-    {
-        work.wait();
-        m_fraction = progress.fraction();
-    }
-
-private:
-    double& m_fraction;
-};
 
 class LongOperation : public SessionFixture
 {
@@ -167,11 +125,11 @@ protected:
 TEST_F(LongOperation, IsCancelledWithoutATrace)
 {
     for (auto const& [name, operation] : operations()) {
-        OnceWaiter waiter([this](Progress&) { session.setInterrupted(true); });
+        ActingWaiter waiter([this](Progress&) { session.setInterrupted(true); });
         session.setWaiter(&waiter);
         expectRefused(operation);
         EXPECT_EQ(session.lastError(), "The operation was cancelled.") << name;
-        EXPECT_EQ(waiter.name(), name);
+        EXPECT_THAT(waiter.names, ElementsAre(name));
         EXPECT_FALSE(session.isBusy());
     }
 }
@@ -194,7 +152,7 @@ TEST_F(LongOperation, ItsCancelIsTakenBackByTheNextOperationHoweverShort)
 
 TEST_F(LongOperation, GivesItsMemoryBackWhenItIsCancelled)
 {
-    OnceWaiter waiter([this](Progress&) { session.setInterrupted(true); });
+    ActingWaiter waiter([this](Progress&) { session.setInterrupted(true); });
     session.setWaiter(&waiter);
     for (auto const& [name, operation] : operations()) {
         EXPECT_FALSE(operation());
@@ -212,7 +170,7 @@ TEST_F(LongOperation, IsDoneWhollyOrNotAtAllWheneverItIsCancelled)
     for (auto const& [name, operation] : operations()) {
         for (int delay = 0; delay < 12; ++delay) {
             std::string const before = stateDigest(session);
-            OnceWaiter waiter([&](Progress& progress) {
+            ActingWaiter waiter([&](Progress& progress) {
                 std::this_thread::sleep_for(std::chrono::milliseconds(delay));
                 progress.interrupt();
             });
@@ -305,17 +263,16 @@ TEST_F(LongOperation, EndsWithoutATraceWhenTransformsOfSeveralLengthsAreCancelle
 TEST_F(LongOperation, CountsToItsEnd)
 {
     for (auto const& [name, operation] : operations()) {
-        double end = 0;
-        LateWaiter waiter(end);
+        PlainWaiter waiter;
         session.setWaiter(&waiter);
         EXPECT_TRUE(operation()) << name;
-        EXPECT_EQ(end, 1.0) << name;
+        EXPECT_EQ(waiter.fraction, 1.0) << name;
     }
 }
 
 TEST_F(LongOperation, HearsNothingElseMeanwhile)
 {
-    OnceWaiter waiter([this](Progress&) {
+    ActingWaiter waiter([this](Progress&) {
         for (auto const& [name, operation] : operations()) {
             expectRefused(operation);
             EXPECT_EQ(session.lastError(), "Another operation is running.") << name;

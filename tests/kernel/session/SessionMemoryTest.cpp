@@ -91,14 +91,14 @@ TEST(WithoutMemory, ZonesAreDuplicatedWhollyOrNotAtAll)
               15);
 }
 
-TEST(WithoutMemory, ZonesAreTurnedWhollyOrNotAtAll)
+TEST(WithoutMemory, ZonesAreRotatedWhollyOrNotAtAll)
 {
-    auto const turn = [](Stage& stage) {
+    auto const rotate = [](Stage& stage) {
         return stage.session.perform(RotateZones(*stage.dataSet, bothZones, planes, slanting, 30));
     };
-    EXPECT_GE(sweepMemory(turn), 30);
+    EXPECT_GE(sweepMemory(rotate), 30);
     auto const share = [](Stage& stage) { stage.session.perform(DuplicateZones(*stage.dataSet, bothZones)); };
-    EXPECT_GE(sweepMemory(turn, [&](Stage& stage) { share(stage), stage.recorder->events = 0; }), 30);
+    EXPECT_GE(sweepMemory(rotate, [&](Stage& stage) { share(stage), stage.recorder->events = 0; }), 30);
 }
 
 TEST(WithoutMemory, ZonesAreDuplicatedAroundAnAxisWhollyOrNotAtAll)
@@ -282,6 +282,15 @@ TEST(WithoutMemory, FramesComeAndGoWhollyOrNotAtAll)
                   return stage.session.createFrame(longText, {0, 0, 1, 1}) != nullptr;
               }),
               5);
+    EXPECT_GE(sweepMemory([](Stage& stage) {
+                  std::vector<std::shared_ptr<Frame>> frames;
+                  for (int frame = 0; frame < 2; ++frame) {
+                      frames.push_back(std::make_shared<Frame>(longText, Rectangle{0, 0, 1, 1}));
+                      frames.back()->dataSet = stage.dataSet;
+                  }
+                  return stage.session.perform(AddFrame(std::move(frames)));
+              }),
+              10);
     EXPECT_GE(sweepMemory([](Stage& stage) { return stage.session.perform(DeleteFrame(stage.frame->id)); }), 2);
     EXPECT_GE(sweepMemory([](Stage& stage) {
                   auto const place = stage.frame->rectangle.x + 1.0;

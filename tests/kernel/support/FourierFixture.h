@@ -91,8 +91,8 @@ protected:
         remark.clear();
         kernel::FourierTransform operation(*dataSet, independent, dependents, sources, choice);
         bool const isDone = session.perform(operation);
-        resultZones = kernel::toVector(operation.resultZones());
-        resultVariables = kernel::toVector(operation.resultVariables());
+        resultZones = toVector(operation.resultZones());
+        resultVariables = toVector(operation.resultVariables());
         return isDone;
     }
 

@@ -1,11 +1,12 @@
 #pragma once
 
-#include "kernel/base/BackgroundWork.h"
 #include "kernel/operations/RenameZone.h"
 #include "tests/kernel/support/SampleData.h"
 #include "tests/kernel/support/StateDigest.h"
+#include "tests/kernel/support/Waiters.h"
 #include "tests/support/AllocationFailure.h"
 
+#include <cstdio>
 #include <functional>
 #include <gtest/gtest.h>
 #include <memory>
@@ -41,13 +42,6 @@ struct MemoryStage
     std::unique_ptr<EventCounter> recorder;
 };
 
-/// Lets work run on a thread of its own.
-class PlainWaiter : public kernel::Waiter
-{
-public:
-    void wait(std::string const&, kernel::Progress&, std::shared_future<void> const& work) override { work.wait(); }
-};
-
 /// In what way memory runs out.
 struct Shortage
 {
@@ -61,6 +55,27 @@ constexpr Shortage everyShortage[] = {
     {AllocationFailure::Lasting::FromThenOn, AllocationFailure::Threads::ThisOne, "from then on"},
     {AllocationFailure::Lasting::Once, AllocationFailure::Threads::All, "once on any thread"},
     {AllocationFailure::Lasting::FromThenOn, AllocationFailure::Threads::All, "from then on, on all threads"},
+};
+
+/// Counts requests that were refused, and says how many when the program ends.
+class RefusedRequests : public testing::Environment
+{
+public:
+    static RefusedRequests& instance()
+    {
+        static auto* const refused = new RefusedRequests; // deleted by the framework
+        return *refused;
+    }
+
+    void add() { ++m_count; }
+    void TearDown() override
+    {
+        std::printf("memory sweeps: %d requests refused in operations that went on\n", m_count);
+    }
+
+private:
+    RefusedRequests() { testing::AddGlobalTestEnvironment(this); }
+    int m_count = 0;
 };
 
 using PerformOnStage = std::function<bool(MemoryStage&)>;
@@ -85,6 +100,9 @@ inline bool tryWithout(int request, Shortage const& shortage, PerformOnStage con
         failedOnce = failure.hasHappened();
     }
     EXPECT_TRUE(succeeded || failedOnce) << "with all memory";
+    if (failedOnce) {
+        RefusedRequests::instance().add();
+    }
     if (succeeded) {
         EXPECT_NE(stateDigest(stage.session), before) << when;
         EXPECT_GT(stage.recorder->events, 0) << when;

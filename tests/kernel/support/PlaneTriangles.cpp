@@ -3,6 +3,7 @@
 #include <boost/multiprecision/cpp_int.hpp>
 
 #include <algorithm>
+#include <gtest/gtest.h>
 
 namespace veldraw::tests {
 
@@ -43,6 +44,22 @@ PlaneTriangles::Edge edgeOf(std::size_t a, std::size_t b)
 }
 
 } // namespace
+
+PlaneTriangles::PlaneTriangles(kernel::Zone const& zone)
+{
+    auto const x = zone.fields[0].group()->buffer();
+    auto const y = zone.fields[1].group()->buffer();
+    for (std::int64_t point = 0; point < zone.pointCount(); ++point) {
+        places.push_back({x->value(point), y->value(point)});
+    }
+    kernel::Connectivity const& cells = *zone.connectivity;
+    for (std::int64_t cell = 0; cell < cells.cellCount; ++cell) {
+        EXPECT_EQ(cells.offsets[cell], 3 * cell);
+        Triangle triangle{};
+        std::copy_n(cells.indices + 3 * cell, 3, triangle.corners.begin());
+        triangles.push_back(triangle);
+    }
+}
 
 bool PlaneTriangles::areAllForward() const
 {

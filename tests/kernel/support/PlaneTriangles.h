@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kernel/compute/PlaneTriangulation.h"
+#include "kernel/data/Zone.h"
 
 #include <map>
 #include <set>
@@ -18,6 +19,11 @@ public:
     {
         std::array<std::size_t, 3> corners;
     };
+
+    PlaneTriangles() = default;
+
+    /// Those of a zone of triangles whose first two variables are X and Y.
+    explicit PlaneTriangles(kernel::Zone const& zone);
 
     std::vector<Place> places;
     std::vector<Triangle> triangles;

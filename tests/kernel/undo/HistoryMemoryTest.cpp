@@ -73,14 +73,14 @@ TEST_F(HistoryMemory, IsThatOfNoValuesOnceARotationOfSharedValuesIsDone)
     expectValues(0, 4 * array);
 }
 
-TEST_F(HistoryMemory, IsThatOfTheTurnedArraysWhenAnAxialDuplicationIsTakenBack)
+TEST_F(HistoryMemory, IsThatOfTheRotatedArraysWhenAnAxialDuplicationIsTakenBack)
 {
     AxialCopies const copies{30, 0, 11, true};
     ASSERT_TRUE(session.perform(DuplicateZonesAxially(*dataSet, {1}, sample::inSpace, aboutZ, copies)));
     expectValues(0, 11 * 4 * array);
 }
 
-TEST_F(HistoryMemory, IsThatOfTheTurnedArraysWhenAMirrorIsTakenBack)
+TEST_F(HistoryMemory, IsThatOfTheMirroredArraysWhenAMirrorIsTakenBack)
 {
     ASSERT_TRUE(session.perform(MirrorZones(frame->id, {1}, 'Y')));
     expectValues(0, 2 * array);
@@ -147,7 +147,7 @@ TEST_F(HistoryMemory, StaysWithinTheLimit)
     }
     ASSERT_TRUE(session.perform(DuplicateZonesAxially(*dataSet, {1}, sample::inSpace, aboutZ, {30, 0, 11, true})));
     ASSERT_TRUE(session.undo());
-    EXPECT_LE(history().bytes(), 10 * array) << "eleven turned copies are too much to keep";
+    EXPECT_LE(history().bytes(), 10 * array) << "eleven rotated copies are too much to keep";
     EXPECT_FALSE(history().canRedo());
 }
 

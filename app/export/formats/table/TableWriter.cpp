@@ -196,6 +196,11 @@ std::string TableWriter::alsoReplaces(kernel::DataSet const& dataSet, std::strin
                              (old.size() == 1 ? "a table" : std::to_string(old.size()) + " tables");
 }
 
+std::string TableWriter::madePath(kernel::DataSet const& dataSet, std::string const& path) const
+{
+    return dataSet.zoneCount() > 1 ? folderFor(path) : path;
+}
+
 std::unique_ptr<PendingSave> TableWriter::write(kernel::DataSet const& dataSet, std::string const& path,
                                                 ExportContext const& context)
 {

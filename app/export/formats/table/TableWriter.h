@@ -13,6 +13,7 @@ class TableWriter : public Writer
 {
 public:
     std::string alsoReplaces(kernel::DataSet const& dataSet, std::string const& path) const override;
+    std::string madePath(kernel::DataSet const& dataSet, std::string const& path) const override;
     std::unique_ptr<PendingSave> write(kernel::DataSet const& dataSet, std::string const& path,
                                        ExportContext const& context) override;
 };

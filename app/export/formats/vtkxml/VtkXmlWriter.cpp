@@ -15,6 +15,7 @@
 #include <vtkStringArray.h>
 #include <vtkVariant.h>
 
+#include <algorithm>
 #include <memory>
 
 namespace veldraw::app {
@@ -121,6 +122,18 @@ void writeBytes(std::string const& path, QByteArray const& bytes)
     file.close();
 }
 
+// A file whose name cannot stand in XML would be lost.
+void requireXmlName(std::string const& file)
+{
+    QString const text = toQt(file);
+    auto const isLost = [](QChar c) {
+        return c == QChar::ReplacementCharacter || c.unicode() < 0x20 || c.unicode() >= 0xFFFE;
+    };
+    if (std::any_of(text.begin(), text.end(), isLost))
+        throw ExportError("a file cannot name zones that stand in \"" + file +
+                          "\": choose a name without odd characters");
+}
+
 std::unique_ptr<PendingSave> writePieces(kernel::DataSet const& dataSet, std::string const& path,
                                          ExportContext const& context)
 {
@@ -128,6 +141,7 @@ std::unique_ptr<PendingSave> writePieces(kernel::DataSet const& dataSet, std::st
     for (auto const& zone : dataSet.zones())
         formats.push_back(ZoneFileWriter::pieceFormat(*zone));
     auto save = std::make_unique<PiecesSave>(path, formats, namedPieces);
+    requireXmlName(save->pieceName(0));
     ZoneFileWriter const writer(dataSet, ZoneFileWriter::Notes::OfZone);
     std::vector<Piece> pieces;
     for (std::size_t n = 0; n < formats.size(); ++n) {

@@ -1,6 +1,7 @@
 #include "app/import/formats/metaimage/MetaImageLines.h"
 
 #include "app/files/ImportError.h"
+#include "app/files/PathChecks.h"
 #include "app/files/PlainText.h"
 
 #include <algorithm>
@@ -35,7 +36,7 @@ bool parseInteger(std::string const& text, std::int64_t& value)
 } // namespace
 
 MetaImageLines::MetaImageLines(std::string const& path)
-    : m_file(path, std::ios::binary)
+    : m_file(openToRead(path))
 {
 }
 

@@ -1,13 +1,13 @@
 #include "app/import/formats/table/CsvReader.h"
 
 #include "app/files/ImportError.h"
+#include "app/files/PathChecks.h"
 #include "app/files/PlainText.h"
-#include "app/files/SystemReason.h"
+#include "app/handover/HandedArray.h"
 #include "app/import/formats/table/TableComments.h"
 #include "app/import/formats/table/TableText.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <fstream>
 
 namespace veldraw::app {
@@ -25,9 +25,7 @@ CsvReader::CsvReader(kernel::Progress& progress)
 
 ImportedZone CsvReader::read(std::string const& path, std::string const& zoneName)
 {
-    std::ifstream file(path, std::ios::binary);
-    if (!file)
-        throw ImportError(systemReason(errno));
+    std::ifstream file = openToRead(path);
     file.seekg(0, std::ios::end);
     std::int64_t const fileSize = file.tellg();
     file.seekg(0);
@@ -83,6 +81,9 @@ void CsvReader::cell(std::string const& text, bool quoted)
 
 void CsvReader::headerCell(std::string const& text, bool quoted)
 {
+    if (text.size() > handover::longestName)
+        throw ImportError("the name of column " + std::to_string(m_column + 1) + " has more than " +
+                          std::to_string(handover::longestName) + " bytes");
     double ignored = 0.0;
     m_headerHasText = m_headerHasText || quoted || toNumber(text, ignored) == Number::NoNumber;
     std::string name = asUtf8(text);
@@ -111,6 +112,8 @@ void CsvReader::valueCell(std::string const& text)
     double value = 0.0;
     if (text.empty()) {
         m_problems.addOfCell(m_column, "is empty");
+    } else if (text.size() == CsvTokenizer::longestCell) {
+        m_problems.addOfCell(m_column, "is too long for a number");
     } else {
         Number const result = toNumber(text, value);
         if (result == Number::NoNumber)

@@ -39,7 +39,7 @@ void CsvTokenizer::takeQuoted(char c)
     if (c == '"')
         m_state = State::QuoteInQuoted;
     else
-        m_text += c;
+        put(c);
 }
 
 void CsvTokenizer::take(char c)
@@ -52,25 +52,31 @@ void CsvTokenizer::take(char c)
     if (c == m_separator) {
         endCell();
     } else if (c == '"' && m_state == State::QuoteInQuoted) {
-        m_text += c;
+        put(c);
         m_state = State::Quoted;
     } else if (c == '"' && m_state == State::CellStart) {
         m_state = State::Quoted;
         m_quoted = true;
     } else if (c == ' ' || c == '\t') {
         if (m_state == State::Plain)
-            m_text += c;
+            put(c);
         else if (m_state == State::QuoteInQuoted)
             m_state = State::AfterQuoted;
     } else {
-        m_text += c;
+        put(c);
         m_state = m_quoted ? State::AfterQuoted : State::Plain;
     }
 }
 
+void CsvTokenizer::put(char c)
+{
+    if (m_text.size() < longestCell)
+        m_text += c;
+}
+
 void CsvTokenizer::endCell()
 {
-    if (!m_quoted) {
+    if (!m_quoted && m_text.size() < longestCell) {
         std::size_t const last = m_text.find_last_not_of(" \t");
         m_text.erase(last == std::string::npos ? 0 : last + 1);
     }

@@ -14,6 +14,9 @@ namespace veldraw::app {
 class CsvTokenizer
 {
 public:
+    /// Of a cell; what it has beyond that is left out.
+    static constexpr std::size_t longestCell = std::size_t{1} << 20;
+
     struct Handler
     {
         virtual ~Handler() = default;
@@ -44,6 +47,7 @@ private:
 
     void take(char c);
     void takeQuoted(char c);
+    void put(char c);
     void endCell();
     void endRow();
 

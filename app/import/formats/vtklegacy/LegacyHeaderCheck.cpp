@@ -1,5 +1,6 @@
 #include "app/import/formats/vtklegacy/LegacyHeaderCheck.h"
 
+#include "app/files/PathChecks.h"
 #include "app/files/SizeCheck.h"
 
 #include <algorithm>
@@ -13,6 +14,7 @@ namespace veldraw::app {
 
 namespace {
 
+constexpr std::int64_t bytesBetweenChecks = 1 << 20;
 constexpr std::size_t longestKeywordLine = 256; // of those with keywords
 
 std::string upper(std::string text)
@@ -68,10 +70,10 @@ void checkLine(std::string const& line, SizeCheck& size)
 
 } // namespace
 
-void checkLegacyHeader(std::string const& path, std::int64_t fileSize)
+void checkLegacyHeader(std::string const& path, std::int64_t fileSize, kernel::Progress const& progress)
 {
     SizeCheck size(fileSize, false);
-    std::ifstream file(path, std::ios::binary);
+    std::ifstream file = openToRead(path);
     std::string line;
     bool tooLong = false;
     auto const flush = [&] {
@@ -80,7 +82,10 @@ void checkLegacyHeader(std::string const& path, std::int64_t fileSize)
         line.clear();
         tooLong = false;
     };
+    std::int64_t position = 0;
     for (auto* const bytes = file.rdbuf();;) {
+        if (++position % bytesBetweenChecks == 0)
+            progress.check();
         int const c = bytes->sbumpc();
         if (c == std::char_traits<char>::eof())
             break;

@@ -13,7 +13,7 @@ namespace veldraw::app {
 
 std::vector<ImportedZone> VtkLegacyReader::read(std::string const& path, ImportContext const& context)
 {
-    checkLegacyHeader(path, static_cast<std::int64_t>(std::filesystem::file_size(path)));
+    checkLegacyHeader(path, static_cast<std::int64_t>(std::filesystem::file_size(path)), context.progress);
     ReadRequest request;
     request.what = ReadRequest::What::Legacy;
     request.path = std::filesystem::absolute(path).string();
@@ -26,7 +26,7 @@ std::vector<ImportedZone> VtkLegacyReader::read(std::string const& path, ImportC
     nothing.remarks = result.data.remarks;
     auto const object = objectOf(result);
     std::vector<ImportedZone> zones;
-    addZonesOf(object, context.title, nothing, context.remarks, zones);
+    addZonesOf(object, context.title, nothing, context.remarks, zones, context.progress);
     if (vtkMultiBlockDataSet::SafeDownCast(object) && !zones.empty())
         addNotesOnDataSet(*object->GetFieldData(), context.remarks, zones.front());
     return zones;

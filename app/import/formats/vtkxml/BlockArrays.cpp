@@ -184,7 +184,7 @@ void BlockArrays::addFields(DeferredArray const& array, std::int64_t tuples, Val
     std::int64_t const size = m_zone.zone->isDeferred() ? tuples : m_zone.zone->valueCount(location);
     std::vector<kernel::Field> components;
     for (int component = 0; component < array.components; ++component)
-        components.emplace_back(array.group(component, tuples, size, arrange), location);
+        components.emplace_back(array.group(component, tuples, size, arrange, m_block.progress), location);
     m_zone.addArray(array.name, std::move(components), m_block.facts.variablesOf(location, array.name),
                     array.componentNames, array.purposes);
 }
@@ -192,6 +192,7 @@ void BlockArrays::addFields(DeferredArray const& array, std::int64_t tuples, Val
 void BlockArrays::addFields(vtkDataArray& array, Purposes const& purposes, ValueLocation_e location)
 {
     std::string const name = array.GetName() ? array.GetName() : "";
+    m_block.progress.check();
     AdoptedArray adopted = adoptArray(array);
     if (!adopted.remark.empty())
         m_remarks.push_back("\"" + name + "\": " + adopted.remark);

@@ -4,6 +4,7 @@
 #include "app/import/formats/vtkxml/BlockFacts.h"
 #include "app/import/formats/vtkxml/DeferredArray.h"
 #include "app/import/zones/ImportedZone.h"
+#include "kernel/base/Progress.h"
 #include "kernel/data/Blanking.h"
 
 #include <vtkDataArray.h>
@@ -27,16 +28,17 @@ public:
         std::int64_t cellCount; ///< as the file counts them
         ImportedCells const& cells;
         BlockFacts const& facts;
+        kernel::Progress& progress; ///< whose interrupt ends the work
     };
 
     /// @param zone    has its dimensions and gets the fields
     /// @param remarks take sentences for the user
     BlockArrays(Block const& block, ImportedZone& zone, std::vector<std::string>& remarks);
 
-    /// @throws ImportError an array has another number of values than there are points
+    /// @throws ImportError an array has another number of values than there are points; kernel::Interrupted
     void addPointArrays(vtkDataSetAttributes& read, std::vector<DeferredArray> const& deferred);
 
-    /// @throws ImportError an array has another number of values than there are cells
+    /// @throws ImportError an array has another number of values than there are cells; kernel::Interrupted
     void addCellArrays(vtkDataSetAttributes& read, std::vector<DeferredArray> const& deferred);
 
     /// Of the points and cells of the zone.

@@ -55,12 +55,13 @@ char const* formatOf(vtkDataSet& block)
 } // namespace
 
 BlockImport::BlockImport(vtkDataSet& block, std::string const& name, DeferredArrays const& deferred,
-                         std::vector<std::string>& remarks)
+                         std::vector<std::string>& remarks, kernel::Progress& progress)
     : m_block(block)
     , m_name(name)
     , m_pointCount(pointCountOf(block, deferred))
     , m_deferred(deferred)
     , m_remarks(remarks)
+    , m_progress(progress, 0)
     , m_facts(BlockFacts::of(block.GetFieldData()))
 {
     if (!m_facts.zoneName.empty())
@@ -159,7 +160,7 @@ void BlockImport::addDeferredPoints(DeferredArray const& points)
     if (!isKernelType(points.type))
         remark("coordinates: " + conversionRemark(points.type));
     for (int axis = 0; axis < 3; ++axis)
-        addCoordinate(axis, points.group(axis, m_pointCount, m_pointCount, {}));
+        addCoordinate(axis, points.group(axis, m_pointCount, m_pointCount, {}, m_progress));
 }
 
 // Uniform and rectilinear grids store no points: each point gets coordinates of its own.
@@ -169,11 +170,10 @@ void BlockImport::addComputedCoordinates()
         auto const loader = coordinateLoaderOf(m_block, axis);
         if (!loader)
             throw ImportError("its block \"" + m_name + "\" has not as many coordinates as its dimensions say");
-        kernel::Progress progress;
         if (m_deferred.coordinates)
             addCoordinate(axis, std::make_shared<kernel::ShareGroup>(loader->type(), m_pointCount, loader));
         else
-            addCoordinate(axis, std::make_shared<kernel::ShareGroup>(loader->load(progress)));
+            addCoordinate(axis, std::make_shared<kernel::ShareGroup>(loader->load(m_progress)));
     }
 }
 
@@ -187,7 +187,7 @@ void BlockImport::addCoordinate(int axis, std::shared_ptr<kernel::ShareGroup> va
 void BlockImport::addArrays()
 {
     std::vector<std::string> remarks;
-    BlockArrays arrays({m_name, m_pointCount, cellCount(), m_cells, m_facts}, m_result, remarks);
+    BlockArrays arrays({m_name, m_pointCount, cellCount(), m_cells, m_facts, m_progress}, m_result, remarks);
     arrays.addPointArrays(*m_block.GetPointData(), m_deferred.ofPoints);
     arrays.addCellArrays(*m_block.GetCellData(), m_deferred.ofCells);
     std::for_each(remarks.begin(), remarks.end(), [this](std::string const& text) { remark(text); });

@@ -23,10 +23,11 @@ public:
     /// @param name    name of the zone, unless the block's field data name it
     /// @param deferred arrays that are not in the block, because they are to be loaded later
     /// @param remarks takes sentences for the user
+    /// @param progress whose interrupt ends the work; it advances no further
     BlockImport(vtkDataSet& block, std::string const& name, DeferredArrays const& deferred,
-                std::vector<std::string>& remarks);
+                std::vector<std::string>& remarks, kernel::Progress& progress);
 
-    /// @throws ImportError damaged blocks, blocks of other kinds
+    /// @throws ImportError damaged blocks, blocks of other kinds; kernel::Interrupted
     ImportedZone run();
 
     /// Points of a block, also where it leaves their coordinates in the file.
@@ -51,6 +52,7 @@ private:
     std::int64_t m_pointCount;
     DeferredArrays const& m_deferred;
     std::vector<std::string>& m_remarks;
+    kernel::Progress m_progress; // counts for nothing
     BlockFacts m_facts;
     ImportedCells m_cells;
     std::shared_ptr<CellLoader> m_cellLoader; // of cells that are left in the file

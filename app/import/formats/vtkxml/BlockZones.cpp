@@ -11,7 +11,7 @@
 namespace veldraw::app {
 
 void addZonesOf(vtkDataObject* object, std::string const& name, DeferredArrays const& deferred,
-                std::vector<std::string>& remarks, std::vector<ImportedZone>& zones)
+                std::vector<std::string>& remarks, std::vector<ImportedZone>& zones, kernel::Progress& progress)
 {
     auto* const block = vtkDataSet::SafeDownCast(object);
     if (!object || (block && BlockImport::pointCountOf(*block, deferred) == 0)) {
@@ -19,20 +19,21 @@ void addZonesOf(vtkDataObject* object, std::string const& name, DeferredArrays c
         return;
     }
     if (block) {
-        zones.push_back(BlockImport(*block, name, deferred, remarks).run());
+        zones.push_back(BlockImport(*block, name, deferred, remarks, progress).run());
         return;
     }
     auto* const blocks = vtkMultiBlockDataSet::SafeDownCast(object);
     if (!blocks)
         throw ImportError("it contains a " + std::string(object->GetClassName()) + ", which is no grid");
     for (unsigned int n = 0; n < blocks->GetNumberOfBlocks(); ++n) {
+        progress.check();
         if (!blocks->GetBlock(n))
             continue;
         bool const named = blocks->HasMetaData(n) && blocks->GetMetaData(n)->Has(vtkCompositeDataSet::NAME());
         addZonesOf(blocks->GetBlock(n),
                    named ? blocks->GetMetaData(n)->Get(vtkCompositeDataSet::NAME())
                          : name + " " + std::to_string(n + 1),
-                   {}, remarks, zones);
+                   {}, remarks, zones, progress);
     }
 }
 

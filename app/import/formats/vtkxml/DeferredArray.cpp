@@ -36,16 +36,14 @@ private:
 } // namespace
 
 std::shared_ptr<kernel::ShareGroup> DeferredArray::group(int component, std::int64_t tuples, std::int64_t size,
-                                                         Arrangement const& arrange) const
+                                                         Arrangement const& arrange, kernel::Progress& progress) const
 {
     std::shared_ptr<kernel::ValueLoader> loader = makeLoader(component, tuples);
     if (arrange)
         loader = std::make_shared<ArrangedLoader>(loader, arrange);
     auto group = std::make_shared<kernel::ShareGroup>(kernelTypeOf(type), size, loader);
-    if (isLoadedAtOnce) {
-        kernel::Progress progress;
+    if (isLoadedAtOnce)
         group->setLoaded(loader->load(progress));
-    }
     return group;
 }
 

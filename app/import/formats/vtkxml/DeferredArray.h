@@ -2,6 +2,7 @@
 
 #include "app/files/FileStamp.h"
 #include "app/import/raw/RawType.h"
+#include "kernel/base/Progress.h"
 #include "kernel/storage/ShareGroup.h"
 
 #include <cstdint>
@@ -36,8 +37,10 @@ struct DeferredArray
     /// @param tuples    values that the file has of it
     /// @param size      values that the field is to have
     /// @param arrange   makes the ones of the others; empty where they are the same
+    /// @param progress  whose interrupt ends the loading of values at once
+    /// @throws ImportError, kernel::Interrupted
     std::shared_ptr<kernel::ShareGroup> group(int component, std::int64_t tuples, std::int64_t size,
-                                              Arrangement const& arrange) const;
+                                              Arrangement const& arrange, kernel::Progress& progress) const;
 };
 
 /// The cells of a mesh that are not read with the grid, but when the zone's dimensions are wanted. All of them are taken over as

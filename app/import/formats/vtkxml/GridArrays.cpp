@@ -8,10 +8,11 @@
 
 namespace veldraw::app {
 
-GridArrays::GridArrays(std::string const& path, std::string const& extension)
-    : m_file(path)
+GridArrays::GridArrays(std::string const& path, std::string const& extension, kernel::Progress& progress)
+    : m_progress(progress)
+    , m_file(path)
     , m_extension(extension)
-    , m_list(path)
+    , m_list(path, progress)
 {
 }
 
@@ -60,8 +61,8 @@ std::optional<DeferredCells> GridArrays::plainCells() const
     XmlArrayList::Array const* const types = cellTypes();
     if (!types || types->values == 0)
         return std::nullopt;
-    kernel::Progress progress;
-    auto const values = readValues(rawArray(*types), progress);
+    kernel::Progress part(m_progress, 0);
+    auto const values = readValues(rawArray(*types), part);
     auto const* const first = static_cast<unsigned char const*>(values->data());
     std::array<bool, 256> isThere{};
     for (std::int64_t n = 0; n < values->size(); ++n)

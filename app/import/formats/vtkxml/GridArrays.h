@@ -16,8 +16,9 @@ class GridArrays
 {
 public:
     /// @param extension lower case, without the dot
-    /// @throws ImportError when the file cannot be read
-    GridArrays(std::string const& path, std::string const& extension);
+    /// @param progress outlives this; its interrupt ends whatever is read here
+    /// @throws ImportError when the file cannot be read; kernel::Interrupted
+    GridArrays(std::string const& path, std::string const& extension, kernel::Progress& progress);
 
     FileStamp const& file() const { return m_file; }
     std::string const& extension() const { return m_extension; }
@@ -45,6 +46,7 @@ public:
 private:
     XmlArrayList::Array const* cellTypes() const;
 
+    kernel::Progress& m_progress;
     FileStamp m_file;
     std::string m_extension;
     XmlArrayList m_list;

@@ -100,9 +100,9 @@ ReadChoice choose(GridArrays const& arrays, ArraySwitches& switches, LoadingPlan
     return choice;
 }
 
-XmlHeaderCheck checkedHeader(std::string const& path, bool mayDefer)
+XmlHeaderCheck checkedHeader(std::string const& path, bool mayDefer, kernel::Progress const& progress)
 {
-    XmlHeaderCheck check(path, static_cast<std::int64_t>(std::filesystem::file_size(path)));
+    XmlHeaderCheck check(path, static_cast<std::int64_t>(std::filesystem::file_size(path)), progress);
     if (mayDefer)
         check.leaveOutValues();
     check.run();
@@ -113,7 +113,7 @@ XmlHeaderCheck checkedHeader(std::string const& path, bool mayDefer)
 vtkSmartPointer<vtkDataObject> readPart(std::string const& path, std::string const& extension, ReadChoice const& choice,
                                         kernel::Progress& progress)
 {
-    auto const limits = ReaderLimits::forFile(path, XmlKind::of(path).isCompressed);
+    auto const limits = ReaderLimits::forFile(path, XmlKind::of(path, progress).isCompressed);
     return objectOf(ReadingChild().read(
         requestFor(ReadRequest::What::XmlGrid, path, extension), limits, [&](FoundArrays const&) { return choice; },
         progress));
@@ -125,12 +125,12 @@ vtkSmartPointer<vtkDataObject> readVtkFile(std::string const& path, ImportContex
                                            DeferredArrays& deferred)
 {
     std::string const extension = extensionOf(path);
-    XmlKind const kind = XmlKind::of(path);
+    XmlKind const kind = XmlKind::of(path, context.progress);
     if (!kind.isOf(extension))
         throw ImportError("it is no VTK XML file of the kind that ." + extension +
                           " stands for, or its start is damaged");
     bool const mayDefer = context.plan.deferral() != Deferral::Never;
-    XmlHeaderCheck const check = checkedHeader(path, mayDefer);
+    XmlHeaderCheck const check = checkedHeader(path, mayDefer, context.progress);
     if (!check.hasPoints())
         return nullptr;
     auto const choose = [&](FoundArrays const& found) {
@@ -138,7 +138,7 @@ vtkSmartPointer<vtkDataObject> readVtkFile(std::string const& path, ImportContex
         leaveOut(check.useless(), switches, deferred.remarks);
         remarkOnUnread(found, deferred.remarks);
         if (mayDefer || check.hasSeveralPieces())
-            return app::choose(GridArrays(path, extension), switches, context.plan, deferred);
+            return app::choose(GridArrays(path, extension, context.progress), switches, context.plan, deferred);
         return switches.choice();
     };
     ReadResult const result =
@@ -152,14 +152,15 @@ vtkSmartPointer<vtkDataObject> readVtkFile(std::string const& path, ImportContex
 
 vtkSmartPointer<vtkDataObject> readVtkFieldData(std::string const& path, ImportContext const& context)
 {
-    checkedHeader(path, false);
+    checkedHeader(path, false, context.progress);
     kernel::Progress part(context.progress, context.progress.total() / 100);
     auto const noChoice = [&](FoundArrays const& found) {
         remarkOnUnread(found, context.remarks);
         return ReadChoice();
     };
     return objectOf(ReadingChild().read(requestFor(ReadRequest::What::XmlFieldData, path, extensionOf(path)),
-                                        ReaderLimits::forFile(path, XmlKind::of(path).isCompressed), noChoice, part));
+                                        ReaderLimits::forFile(path, XmlKind::of(path, part).isCompressed), noChoice,
+                                        part));
 }
 
 vtkSmartPointer<vtkDataObject> readVtkArray(std::string const& path, std::string const& extension, XmlSection section,

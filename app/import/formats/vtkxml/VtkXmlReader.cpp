@@ -9,17 +9,18 @@
 #include <vtkFieldData.h>
 
 #include <fstream>
-#include <iterator>
 
 namespace veldraw::app {
 
 namespace {
 
+constexpr std::int64_t mostBytesOfList = std::int64_t{1} << 28;
+
 void readGrid(std::string const& path, ImportContext const& context, std::vector<ImportedZone>& zones)
 {
     DeferredArrays deferred;
     auto const grid = readVtkFile(path, context, deferred);
-    addZonesOf(grid, context.title, deferred, context.remarks, zones);
+    addZonesOf(grid, context.title, deferred, context.remarks, zones, context.progress);
 }
 
 // One piece that a multi-block file (.vtm) names.
@@ -46,29 +47,42 @@ struct MultiBlockFile
     bool hasFieldData = false;           // beside the pieces
 };
 
-MultiBlockFile multiBlockFile(std::string const& path)
+std::string contentOf(std::string const& path)
 {
-    std::ifstream file(path, std::ios::binary);
-    std::string const content{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    std::int64_t const size = FileStamp(path).size();
+    if (size > mostBytesOfList)
+        throw ImportError("it has " + std::to_string(size) + " bytes, which is more than a list of files can have");
+    std::string content(static_cast<std::size_t>(size), '\0');
+    std::ifstream file = openToRead(path);
+    file.read(content.data(), static_cast<std::streamsize>(content.size()));
+    content.resize(static_cast<std::size_t>(file.gcount()));
+    return content;
+}
+
+MultiBlockFile multiBlockFile(std::string const& path, kernel::Progress const& progress)
+{
+    std::string const content = contentOf(path);
     QXmlStreamReader xml(QByteArray::fromRawData(content.data(), static_cast<int>(content.size())));
     if (!xml.readNextStartElement() || xml.name() != QLatin1String("VTKFile") ||
         attribute(xml, "type") != QLatin1String("vtkMultiBlockDataSet"))
         throw ImportError("it is no VTK XML multi-block file");
     MultiBlockFile result;
-    QStringList names;
+    QStringList names; // of the blocks that are open, or of those around them
     while (!xml.atEnd()) {
+        progress.check();
         xml.readNext();
         if (xml.isStartElement() && xml.name() == QLatin1String("AppendedData"))
             return result; // what follows need not be XML
         if (xml.isStartElement() && isBlock(xml)) {
-            names.append(attribute(xml, "name"));
+            QString const name = attribute(xml, "name");
+            names.append(name.isEmpty() && !names.isEmpty() ? names.last() : name);
         } else if (xml.isEndElement() && isBlock(xml)) {
             names.removeLast();
         } else if (xml.isStartElement() && xml.name() == QLatin1String("DataSet")) {
             std::string const piece = attribute(xml, "file").toStdString();
             QString name = attribute(xml, "name");
-            for (int n = names.size(); name.isEmpty() && n > 0; --n)
-                name = names[n - 1];
+            if (name.isEmpty() && !names.isEmpty())
+                name = names.last();
             if (!piece.empty())
                 result.pieces.push_back({namedFile(path, piece), piece, name.toStdString()});
         } else if (xml.isStartElement() && xml.name().endsWith(QLatin1String("Array"))) {
@@ -99,15 +113,16 @@ void checkPiece(std::string const& path)
 }
 
 // All pieces are loaded or the most important of each, instead of all of the first ones and nothing of the last.
-void planFor(std::vector<MultiBlockPiece> const& pieces, LoadingPlan& plan)
+void planFor(std::vector<MultiBlockPiece> const& pieces, LoadingPlan& plan, kernel::Progress& progress)
 {
     if (plan.deferral() != Deferral::Auto)
         return;
     double bytes = 0.0;
     for (MultiBlockPiece const& piece : pieces) {
+        progress.check();
         try {
             checkPiece(piece.path);
-            bytes += GridArrays(piece.path, extensionOf(piece.path)).bytesToLoad(plan);
+            bytes += GridArrays(piece.path, extensionOf(piece.path), progress).bytesToLoad(plan);
         } catch (ImportError const&) {
             // It is told with the piece's name when the piece is read.
         }
@@ -128,9 +143,9 @@ void readNotesOnDataSet(std::string const& path, ImportContext const& context, I
 
 void readPieces(std::string const& path, ImportContext const& context, std::vector<ImportedZone>& zones)
 {
-    auto const [pieces, hasFieldData] = multiBlockFile(path);
+    auto const [pieces, hasFieldData] = multiBlockFile(path, context.progress);
     requireInside(path, namesOf(pieces), context.outsidePaths);
-    planFor(pieces, context.plan);
+    planFor(pieces, context.plan, context.progress);
     for (std::size_t n = 0; n < pieces.size(); ++n) {
         MultiBlockPiece const& piece = pieces[n];
         kernel::Progress ofPiece(context.progress, context.progress.total() / static_cast<std::int64_t>(pieces.size()));

@@ -162,6 +162,21 @@ TEST(FileRights, OfPiecesAreNarrowedToWhatAllAllow)
     EXPECT_EQ(modeOf(folder.path("made")), 0640U);
 }
 
+TEST(FileRights, AreNarrowedForAGroupThatIsNotTheSame)
+{
+    TemporaryFolder const folder;
+    std::string const first = folder.write("first", "");
+    std::string const second = folder.write("second", "");
+    for (std::string const& path : {first, second})
+        ::chmod(path.c_str(), 0660);
+    bool const isOther = ::chown(second.c_str(), static_cast<uid_t>(-1), 4711) == 0; // only root can do that
+    app::FileRights rights(first);
+    rights.narrowTo(app::FileRights(second));
+    app::SaveJournal journal(folder.path("b.csv"));
+    journal.makeFile("made", &rights);
+    EXPECT_EQ(modeOf(folder.path("made")), isOther ? 0600U : 0660U);
+}
+
 TEST(FileRights, ThatCannotBeKeptAreAReasonToRefuse)
 {
     TemporaryFolder const folder;

@@ -100,13 +100,40 @@ TEST(PiecesSave, RefusesALinkIntoAnotherFolder)
     EXPECT_EQ(folder.listing(), "a.vtm far far/b.vtm here.vtm there there.vtm there/there_1.vts there/there_2.vtu");
 }
 
+TEST(PiecesSave, NeedsANameThatAFolderCanHave)
+{
+    TemporaryFolder const folder;
+    std::filesystem::create_directory(folder.path("in"));
+    for (char const* name : {"in/...vtm", "in/..vtm"})
+        EXPECT_THAT(problemSavingTwo(folder.path(name)), HasSubstr("cannot be one")) << name;
+    std::filesystem::create_symlink("...vtm", folder.path("in/link.vtm"));
+    EXPECT_THAT(problemSavingTwo(folder.path("in/link.vtm")), HasSubstr("\"..\" cannot be one"));
+    EXPECT_EQ(folder.listing(), "in in/link.vtm");
+    for (char const* name : {"in/....vtm", "in/ .vtm"})
+        EXPECT_EQ(problemSavingTwo(folder.path(name)), "") << name;
+    EXPECT_EQ(folder.listing(), "in in/  in/ .vtm in/ / _1.vts in/ / _2.vtu in/... in/....vtm in/.../..._1.vts "
+                                "in/.../..._2.vtu in/link.vtm");
+}
+
+TEST(PiecesSave, LeavesWriteProtectedPiecesAlone)
+{
+    TemporaryFolder const folder;
+    std::filesystem::create_directory(folder.path("a"));
+    ::chmod(folder.write("a/a_1.vts", "x").c_str(), 0444);
+    folder.write("a.vtm", start + "<DataSet file=\"a/a_1.vts\"/></VTKFile>");
+    EXPECT_EQ(problemSavingTwo(folder.path("a.vtm")), "its old piece \"a/a_1.vts\" is write-protected");
+    EXPECT_EQ(folder.listing(), "a a.vtm a/a_1.vts");
+}
+
 TEST(PiecesSave, TakesAFolderThatIsALink)
 {
     TemporaryFolder const folder;
     std::filesystem::create_directory(folder.path("large disk"));
     std::filesystem::create_directory_symlink("large disk", folder.path("a"));
-    EXPECT_EQ(problemSavingTwo(folder.path("a.vtm")), "");
-    EXPECT_TRUE(std::filesystem::is_regular_file(folder.path("large disk/a_2.vtu")));
+    folder.write("large disk/a_1.vts", "another file's, or an earlier one's");
+    folder.write("a.vtm", start + "<DataSet file=\"a/a_1.vts\"/></VTKFile>");
+    EXPECT_THAT(saveTwo(folder.path("a.vtm")), ElementsAre(HasSubstr("their folder is a link")));
+    EXPECT_EQ(folder.listing(), "a a.vtm large disk large disk/a_1-2.vts large disk/a_1.vts large disk/a_2-2.vtu");
     folder.write("b", "no folder");
     EXPECT_THAT(problemSavingTwo(folder.path("b.vtm")), HasSubstr("a file of that name is there"));
     std::filesystem::create_symlink("nowhere", folder.path("c"));

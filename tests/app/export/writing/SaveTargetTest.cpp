@@ -14,6 +14,7 @@
 namespace veldraw::tests {
 
 using ::testing::HasSubstr;
+using ::testing::ThrowsMessage;
 
 namespace {
 
@@ -82,6 +83,29 @@ TEST(SaveTarget, IsWhatALinkLeadsToEvenIfThatIsNotThere)
     std::filesystem::create_symlink("b.vtu", folder.path("a.vtu"));
     std::filesystem::create_symlink("a.vtu", folder.path("b.vtu"));
     EXPECT_EQ(problemAt(folder.path("a.vtu")), "its links lead in a circle");
+}
+
+TEST(SaveTarget, RefusesANameThatStandsForAnother)
+{
+    TemporaryFolder const folder;
+    EXPECT_THAT(problemAt(folder.path("\xEF\xBF\xBD.vtu")), HasSubstr("letters that cannot be read"));
+}
+
+TEST(SaveTarget, IsNotReplacedWhenItHasChangedSince)
+{
+    TemporaryFolder const folder;
+    folder.write("old.csv", "old");
+    kernel::Progress progress;
+    std::vector<std::string> remarks;
+    app::FileSave narrowed(folder.path("old.csv"));
+    ::chmod(folder.path("old.csv").c_str(), 0600);
+    EXPECT_THAT([&] { narrowed.commit(progress, remarks); },
+                ThrowsMessage<app::ExportError>("its owner or permissions have been changed meanwhile"));
+    app::FileSave fresh(folder.path("new.csv"));
+    folder.write("new.csv", "another program's");
+    EXPECT_THAT([&] { fresh.commit(progress, remarks); },
+                ThrowsMessage<app::ExportError>("another program has made a file of this name meanwhile"));
+    EXPECT_EQ(contentOf(folder.path("old.csv")) + contentOf(folder.path("new.csv")), "oldanother program's");
 }
 
 TEST(SaveTarget, KeepsLinksThatLeadToNoFileYet)

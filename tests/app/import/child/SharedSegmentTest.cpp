@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 #include <sys/mman.h>
 #include <unistd.h>
+#include <vector>
 
 namespace veldraw::tests {
 
@@ -57,5 +58,42 @@ TEST(SharedSegment, IsRefusedWhereItIsNoMemory)
                  app::Nonsense);
     EXPECT_THROW(app::SharedSegment::of(memoryWith("", allSeals)), app::Nonsense);
 }
+
+// Which could be closed against changes as others, and ends who looks at it when the system has none of them.
+TEST(SharedSegment, IsRefusedWhereItHasHugePages)
+{
+    app::Descriptor const file(::memfd_create("test", MFD_CLOEXEC | MFD_ALLOW_SEALING | MFD_HUGETLB));
+    bool const isThere = file.isOpen() && ::ftruncate(file.number(), off_t{1} << 30) == 0 &&
+                         ::fcntl(file.number(), F_ADD_SEALS, allSeals) == 0;
+    EXPECT_THROW(app::SharedSegment::of(file), app::Nonsense) << (isThere ? "huge pages" : "no such memory here");
+}
+
+#if !defined(__SANITIZE_ADDRESS__) // which maps memory itself, and ends where it gets none
+TEST(SharedSegment, IsCopiedWhereTheSystemMapsNoMorePieces)
+{
+    app::Descriptor const file = memoryWith("values", allSeals);
+    std::vector<void*> pieces;
+    std::size_t const page = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
+    pieces.reserve(200000);
+    for (void* piece = nullptr; pieces.size() < 200000; pieces.push_back(piece)) {
+        int const rights = pieces.size() % 2 == 0 ? PROT_READ : PROT_NONE; // neighbours alike would become one piece
+        piece = ::mmap(nullptr, page, rights, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+        if (piece == MAP_FAILED)
+            break;
+    }
+    bool const isFull = ::mmap(nullptr, page, PROT_EXEC, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0) == MAP_FAILED;
+    std::string seen;
+    try {
+        app::SharedSegment const segment = app::SharedSegment::of(file);
+        seen.assign(static_cast<char const*>(segment.memory.get()), segment.bytes);
+    } catch (std::bad_alloc const&) {
+        seen = "no memory";
+    }
+    for (void* const piece : pieces)
+        ::munmap(piece, page);
+    EXPECT_TRUE(isFull) << pieces.size();
+    EXPECT_EQ(seen, "values");
+}
+#endif
 
 } // namespace veldraw::tests

@@ -55,6 +55,40 @@ HandedData pointsInSegment(std::uint32_t segment)
     return data;
 }
 
+std::string bytesOf(Kind kind, std::string const& content)
+{
+    ByteWriter bytes;
+    bytes.number(static_cast<std::uint32_t>(kind));
+    bytes.number(static_cast<std::uint32_t>(content.size()));
+    return bytes.bytes() + content;
+}
+
+void sendBytes(std::string const& bytes)
+{
+    if (::send(socketNumber, bytes.data(), bytes.size(), MSG_NOSIGNAL) != static_cast<ssize_t>(bytes.size()))
+        ::_exit(3);
+}
+
+// Until nobody listens any more.
+[[noreturn]] void repeat(std::string const& bytes)
+{
+    for (;;) {
+        sendBytes(bytes);
+        ::usleep(5000);
+    }
+}
+
+// In files that are neither mapped nor given away.
+void hoard(std::size_t files)
+{
+    constexpr std::size_t bytesOfFile = std::size_t{4} << 20;
+    std::string const content(bytesOfFile, 'x');
+    for (; files > 0; --files) {
+        if (::write(::memfd_create("hoard", 0), content.data(), bytesOfFile) != static_cast<ssize_t>(bytesOfFile))
+            ::_exit(3);
+    }
+}
+
 [[noreturn]] void sleepForEver()
 {
     for (;;)
@@ -111,6 +145,49 @@ void sayNonsense(Channel& channel, std::string const& what, unsigned int seed)
              content.number(1e300);
              to.send(Kind::Progress, content.bytes());
          }},
+        {"drips",
+         [](Channel&) {
+             sendBytes(bytesOf(Kind::Data, std::string(1000000, ' ')).substr(0, 8));
+             repeat(" ");
+         }},
+        {"chats",
+         [](Channel&) {
+             ByteWriter half;
+             half.number(0.5);
+             repeat(bytesOf(Kind::Progress, half.bytes()));
+         }},
+        {"hangs-up",
+         [](Channel&) {
+             ::close(socketNumber);
+             sleepForEver();
+         }},
+        {"deaf",
+         [](Channel& to) {
+             FoundArrays found;
+             for (int n = 0; n < 5000; ++n)
+                 found.ofPoints.push_back(std::string(1000, 'a') + std::to_string(n));
+             to.send(Kind::Found, found.asBytes());
+             sleepForEver();
+         }},
+        {"many",
+         [](Channel& to) {
+             FoundArrays found;
+             for (int n = 0; n < 20001; ++n)
+                 found.ofPoints.push_back(std::to_string(n));
+             to.send(Kind::Found, found.asBytes());
+         }},
+        {"again",
+         [](Channel& to) {
+             sendSegment(to, 0, 4096);
+             HandedData other = pointsInSegment(0);
+             other.block.grid->coordinates.clear();
+             sendBytes(bytesOf(Kind::Data, asBytes(pointsInSegment(0))) + bytesOf(Kind::Data, asBytes(other)));
+         }},
+        {"hoards",
+         [](Channel&) {
+             hoard(24);
+             sleepForEver();
+         }},
         {"asks", [](Channel& to) { to.send(Kind::Choice); }},
         {"whole",
          [](Channel&) {
@@ -126,11 +203,14 @@ void sayNonsense(Channel& channel, std::string const& what, unsigned int seed)
 
 } // namespace
 
-int main()
+int main(int, char** words)
 {
     Channel channel{Descriptor(socketNumber)};
+    bool const isStale = std::string(words[0]).find("stale") != std::string::npos;
     try {
-        channel.send(Kind::Ready);
+        ByteWriter version;
+        version.number(isStale ? languageVersion + 1 : languageVersion);
+        channel.send(Kind::Ready, version.bytes());
         for (;;) {
             std::string const path = ReadRequest::fromBytes(channel.receive(-1)->content).path;
             std::string const what = path.substr(path.rfind('/') + 1);

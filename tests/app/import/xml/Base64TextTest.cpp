@@ -28,7 +28,7 @@ std::string someBytes(int count)
 std::int64_t bytesBehind(int bytesOfNumber, std::string const& text, std::int64_t most = noLimit)
 {
     TemporaryFolder const folder;
-    return app::Base64Text(folder.write("a", text), 0).bytesBehind(bytesOfNumber, most);
+    return app::Base64Text(folder.write("a", text), 0).bytesBehind(bytesOfNumber, most, kernel::Progress());
 }
 
 } // namespace

@@ -20,7 +20,8 @@ namespace {
 std::vector<app::XmlTags::Tag> tagsOf(std::string const& text)
 {
     TemporaryFolder const folder;
-    app::XmlTags tags(folder.write("a.xml", text));
+    kernel::Progress const unwatched;
+    app::XmlTags tags(folder.write("a.xml", text), unwatched);
     std::vector<app::XmlTags::Tag> result;
     for (app::XmlTags::Tag tag; tags.next(tag);)
         result.push_back(tag);

@@ -235,7 +235,7 @@ TEST(XmlArrayList, TakesNoPieceForTheWholeThatIsSmaller)
                  "<DataArray type=\"UInt8\" Name=\"p\" format=\"appended\" offset=\"0\"/></PointData></Piece>\n"
                  "</ImageData><AppendedData encoding=\"raw\">_" +
                      std::string("\4\0\0\0abcd", 8) + "</AppendedData></VTKFile>");
-    app::XmlArrayList const list(path);
+    app::XmlArrayList const list(path, kernel::Progress());
     ASSERT_EQ(list.ofPoints().size(), 1U);
     EXPECT_EQ(list.ofPoints()[0].values, 4);
     EXPECT_FALSE(list.ofPoints()[0].offset);
@@ -251,7 +251,7 @@ TEST(XmlArrayList, DoesNotMixUpSectionsThatAreEmpty)
                  "<Points><DataArray type=\"Float32\" NumberOfComponents=\"3\" format=\"ascii\">0 0 0 1 0 0"
                  "<InformationKey name=\"k\"><Value index=\"0\">1</Value></InformationKey></DataArray></Points>"
                  "</Piece></UnstructuredGrid></VTKFile>");
-    app::XmlArrayList const list(path);
+    app::XmlArrayList const list(path, kernel::Progress());
     EXPECT_TRUE(list.ofPoints().empty());
     EXPECT_TRUE(list.ofCells().empty());
     ASSERT_EQ(list.coordinates().size(), 1U);

@@ -50,7 +50,11 @@ protected:
     }
 
     /// A zone without cells that could contain a point.
-    void addLine() { sample.dataSet().addZone(std::make_shared<kernel::Zone>("Line", ZoneType_Ordered, 6, 1, 1)); }
+    void addLine()
+    {
+        int const zone = sample.dataSet().addZone(std::make_shared<kernel::Zone>("Line", ZoneType_Ordered, 6, 1, 1));
+        sample.session().events().emitEvent({StateChange_ZonesAdded, {zone}, {}, {}, 0});
+    }
 };
 
 } // namespace veldraw::tests

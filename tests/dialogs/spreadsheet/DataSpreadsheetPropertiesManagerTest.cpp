@@ -203,7 +203,7 @@ TEST_F(DataSpreadsheetPropertiesManagerTest, TurnsThePlaneToWhereAFlatZoneLies)
     // Points, elements and faces are no three directions.
     int const polyhedra = stage.addZone("polyhedra", ZoneType_FEPolyhedron, 8, 2, 11);
     stage.fillAll(polyhedra);
-    stage.show();
+    stage.session().events().emitEvent({StateChange_ZonesAdded, {polyhedra}, {}, {}, 0});
     EXPECT_EQ(planeOf(polyhedra), IJKPlanes_K);
     EXPECT_EQ(manager().cornerLabel()->value(), "N \\ V");
     choose(volume);

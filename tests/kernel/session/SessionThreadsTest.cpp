@@ -21,7 +21,7 @@ std::vector<double> workOnBlock()
     std::vector<double> y;
     std::vector<double> p;
     for (int point = 0; point < side * side; ++point) {
-        x.push_back(point % side + 0.3 * std::sin(point));
+        x.push_back(static_cast<double>(point % side) + 0.3 * std::sin(static_cast<double>(point)));
         y.push_back(static_cast<double>(point / side) + 0.3 * std::cos(point));
         p.push_back(std::sin(0.1 * point));
     }

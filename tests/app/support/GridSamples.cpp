@@ -59,7 +59,7 @@ vtkSmartPointer<vtkUnstructuredGrid> unstructuredGrid(int points,
     auto grid = vtkSmartPointer<vtkUnstructuredGrid>::New();
     vtkNew<vtkPoints> coordinates;
     for (int n = 0; n < points; ++n)
-        coordinates->InsertNextPoint(n, n * n, 0.5 * n);
+        coordinates->InsertNextPoint(n, static_cast<double>(n) * n, 0.5 * n);
     grid->SetPoints(coordinates);
     for (auto const& [type, corners] : cells)
         grid->InsertNextCell(type, static_cast<vtkIdType>(corners.size()), corners.data());

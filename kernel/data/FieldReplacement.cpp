@@ -6,21 +6,21 @@ FieldReplacement::FieldReplacement(EventHub& hub, std::vector<ZonePart> parts, S
     : m_hub(hub)
     , m_event(std::move(event))
 {
+    Numbers oldNumbers;
+    Numbers newNumbers;
     for (ZonePart const& part : parts) {
         for (NewField const& replacement : part.fields) {
             m_places.push_back({part.zone, replacement.position});
-            m_old.add(part.zone->fields[replacement.position], false);
-            m_new.add(replacement.field, true);
+            m_old.add(part.zone->fields[replacement.position], false, oldNumbers);
+            m_new.add(replacement.field, true, newNumbers);
         }
     }
     for (RetiredStorage& storage : m_old.storages) {
         storage.prepare();
     }
-    m_old.numbers.clear();
-    m_new.numbers.clear();
 }
 
-void FieldReplacement::Side::add(Field const& field, bool isNew)
+void FieldReplacement::Side::add(Field const& field, bool isNew, Numbers& numbers)
 {
     fields.emplace_back(field.type(), field.location());
     if (field.isPassive()) {

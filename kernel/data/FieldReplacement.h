@@ -32,15 +32,16 @@ public:
     HeldMemory held() const noexcept override;
 
 private:
+    using Numbers = std::map<ShareGroup const*, std::size_t>; // of the storage of each group
+
     /// The old or the new fields. While they are out of the zones, their storage is kept beside them.
     struct Side
     {
         std::vector<Field> fields; // passive, with type and location
         std::vector<std::size_t> storageNumbers;
         std::vector<RetiredStorage> storages;
-        std::map<ShareGroup const*, std::size_t> numbers; // while the step is being prepared
 
-        void add(Field const& field, bool isNew);
+        void add(Field const& field, bool isNew, Numbers& numbers);
         HeldMemory held() const noexcept;
     };
 

@@ -21,23 +21,16 @@ HeldMemory memoryOf(std::vector<VariableAddition::OwnField> const& fields)
 
 } // namespace
 
-VariableAddition::VariableAddition(EventHub& hub, std::shared_ptr<DataSet> dataSet,
-                                   std::vector<std::shared_ptr<Variable>> variables, std::vector<OwnField> fields)
-    : m_hub(hub)
-    , m_dataSet(std::move(dataSet))
+VariableAddition::VariableAddition(std::shared_ptr<DataSet> dataSet, std::vector<std::shared_ptr<Variable>> variables,
+                                   std::vector<OwnField> fields)
+    : m_dataSet(std::move(dataSet))
     , m_variables(std::move(variables))
     , m_fields(std::move(fields))
 {
-    NumberSet numbers;
-    for (std::size_t at = 1; at <= m_variables.size(); ++at) {
-        numbers.insert(m_dataSet->variableCount() + static_cast<int>(at));
-    }
     m_dataSet->variables().reserve(m_dataSet->variables().size() + m_variables.size());
     for (auto const& zone : m_dataSet->zones()) {
         zone->fields.reserve(zone->fields.size() + m_variables.size()); // enough as long as this step is known
     }
-    m_added = {StateChange_VariablesAdded, {}, numbers, {}, 0};
-    m_deleted = {StateChange_VariablesDeleted, {}, std::move(numbers), {}, 0};
     m_heldWhileOut = memoryOf(m_fields);
 }
 
@@ -53,7 +46,6 @@ void VariableAddition::apply() noexcept
         own.zone->fields[own.field.position] = std::move(own.field.field);
     }
     m_areOut = false;
-    m_hub.emitEvent(m_added);
 }
 
 void VariableAddition::revert() noexcept
@@ -66,14 +58,13 @@ void VariableAddition::revert() noexcept
     }
     m_dataSet->variables().resize(m_dataSet->variables().size() - m_variables.size());
     m_areOut = true;
-    m_hub.emitEvent(m_deleted);
 }
 
 HeldMemory VariableAddition::held() const noexcept
 {
     std::size_t const notes =
         m_variables.size() * (sizeof(Variable) + sizeof m_variables[0]) + m_fields.size() * sizeof(OwnField);
-    HeldMemory sum{0, static_cast<std::int64_t>(notes) + bytesOfLists(m_added) + bytesOfLists(m_deleted)};
+    HeldMemory sum{0, static_cast<std::int64_t>(notes)};
     if (m_areOut) {
         sum += m_heldWhileOut;
     }

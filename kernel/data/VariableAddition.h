@@ -1,13 +1,12 @@
 #pragma once
 
 #include "kernel/data/DataSet.h"
-#include "kernel/events/EventHub.h"
 #include "kernel/undo/Change.h"
 
 namespace veldraw::kernel {
 
 /// Appends variables to a data set, and takes them away again. They are passive in all zones but those that have fields of their
-/// own for them; the step holds these while the variables are out.
+/// own for them; the step holds these while the variables are out. It sends no events: it is a part of a step that does.
 class VariableAddition : public Change
 {
 public:
@@ -20,7 +19,7 @@ public:
 
     /// @param variables in the order in which they are appended
     /// @throws std::bad_alloc
-    VariableAddition(EventHub& hub, std::shared_ptr<DataSet> dataSet, std::vector<std::shared_ptr<Variable>> variables,
+    VariableAddition(std::shared_ptr<DataSet> dataSet, std::vector<std::shared_ptr<Variable>> variables,
                      std::vector<OwnField> fields);
 
     void apply() noexcept override;
@@ -28,12 +27,9 @@ public:
     HeldMemory held() const noexcept override;
 
 private:
-    EventHub& m_hub;
     std::shared_ptr<DataSet> m_dataSet;
     std::vector<std::shared_ptr<Variable>> m_variables;
     std::vector<OwnField> m_fields;
-    StateChangeEvent m_added;
-    StateChangeEvent m_deleted;
     HeldMemory m_heldWhileOut;
     bool m_areOut = true;
 };

@@ -9,7 +9,7 @@ FourierResultsChange::FourierResultsChange(EventHub& hub, std::shared_ptr<DataSe
     : m_hub(hub)
     , m_dataSet(std::move(dataSet))
     , m_bytesOfResults(bytesOfResults(parts))
-    , m_variables(m_silent, m_dataSet, parts.variables, std::move(parts.newFields))
+    , m_variables(m_dataSet, parts.variables, std::move(parts.newFields))
     , m_zones(m_silent, m_dataSet, parts.zones)
     , m_fields(m_silent, std::move(parts.replacements), {})
 {

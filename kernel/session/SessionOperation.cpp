@@ -86,7 +86,7 @@ void Session::tellRemark(Operation const& operation) noexcept
             m_remarkListener(text);
         }
     } catch (...) {
-        return; // the operation has succeeded, though its remark is lost
+        // The operation has succeeded, though its remark is lost.
     }
 }
 

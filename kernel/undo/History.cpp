@@ -238,7 +238,7 @@ void History::forgetUndone()
 void History::trim()
 {
     if (m_isRunning) {
-        return; // the running step may be among them; it is done when the step has ended
+        return; // redo() counts on the steps before the running one; this is made up for when it has ended
     }
     while (bytes() > m_memoryLimit && !m_done.empty()) {
         dropDone(m_done, m_done.begin());

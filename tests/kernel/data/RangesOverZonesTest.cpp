@@ -180,6 +180,18 @@ TEST(RangesOverZones, AreNotLookedForAnewInZonesThatNobodyHasChanged)
     EXPECT_EQ(largest(*dataSet), manyZones - 1);
 }
 
+TEST(RangesOverZones, AreLookedForAnewFromTheFirstZoneOnThatHasAnotherNumber)
+{
+    auto const dataSet = rising(manyZones);
+    ASSERT_EQ(largest(*dataSet), manyZones);
+    dataSet->zone(manyZones)->enabled = false; // which nobody tells
+    dataSet->zone(1)->fields[0] = sample::field({5000, 0, 0, 0});
+    dataSet->ranges().follow({StateChange_ZonesDeleted, {400}, {}, {}, 0});
+    EXPECT_EQ(largest(*dataSet), manyZones - 1) << "the first 256 are as they were";
+    dataSet->ranges().follow({StateChange_ZonesAdded, {}, {}, {}, 0});
+    EXPECT_EQ(largest(*dataSet), 5000) << "it may be any";
+}
+
 TEST(RangesOverZones, OfOneVariableSurviveAnEditOfAnother)
 {
     AllKindsOfZones kinds(3);

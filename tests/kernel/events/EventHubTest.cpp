@@ -95,6 +95,27 @@ TEST(EventHub, DeliversAnEventThatAListenerSends)
     EXPECT_EQ(kinds, "25 7 ");
 }
 
+TEST(EventHub, CountsAnEventBeforeAnybodyHearsOfIt)
+{
+    EventHub hub;
+    std::vector<std::int64_t> counts;
+    hub.subscribe([&](auto const&) { counts.push_back(hub.eventCount()); });
+    EXPECT_EQ(hub.eventCount(), 0);
+    hub.emitEvent(event);
+    hub.emitEvent({StateChange_ZonesAdded, {1}, {}, {}, 0});
+    EXPECT_EQ(counts, (std::vector<std::int64_t>{1, 2, 3}));
+    EXPECT_EQ(hub.eventCount(), 3);
+}
+
+TEST(EventHub, NamesNoFrameWithTheNewsThatOwnersAreOthers)
+{
+    EventHub hub;
+    std::vector<UniqueId> frames;
+    hub.subscribe([&](StateChangeEvent const& heard) { frames.push_back(heard.frame); });
+    hub.emitEvent(frameEvent(StateChange_NewActiveFrame, 5));
+    EXPECT_EQ(frames, (std::vector<UniqueId>{5, 0})) << "it may be about anything";
+}
+
 TEST(EventHub, TellsAfterWhateverRenumbersOwnersOfAuxiliaryDataThatTheyAreOthers)
 {
     EventHub hub;

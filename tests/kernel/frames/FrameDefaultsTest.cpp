@@ -50,6 +50,9 @@ TEST(FrameDefaults, TellWhichVariablesArePlacesAndTimes)
     EXPECT_EQ(coordinatesByName(*sample::ordered({"x", "z", "p"}, 3)), (AxisNumbers{0, 0, 0}));
     EXPECT_EQ(timeByName(*sample::ordered({"x", "Time (s)"}, 3)), 2);
     EXPECT_EQ(timeByName(*sample::ordered({"times", "temperature", "t"}, 3)), 0);
+    for (char const* const other : {"timea", "timez", "time0", "time9"}) {
+        EXPECT_EQ(timeByName(*sample::ordered({other, "Time"}, 3)), 2) << "letters and digits count";
+    }
     EXPECT_EQ(timeByLetter(*sample::ordered({"T", "time", "t [s]"}, 3)), 3);
     EXPECT_EQ(timeByLetter(*sample::ordered({"x", "T (K)", "tt"}, 3)), 0);
 }
@@ -66,6 +69,7 @@ TEST(FrameDefaults, FindTheVectorByName)
     EXPECT_EQ(vector({"X", "Y", "p", "Momentum_X", "Momentum_Y", "Momentum_Z"}), (AxisNumbers{4, 5, 6}));
     EXPECT_EQ(vector({"Momentum_X", "Momentum_Y", "Velocity_X", "Velocity_Y"}), (AxisNumbers{3, 4, 0}));
     EXPECT_EQ(vector({"Points_X", "Points_Y", "tau_xx", "tau_xy", "flux_X"}), (AxisNumbers{0, 0, 0}));
+    EXPECT_EQ(vector({"X", "_X", "Y"}), (AxisNumbers{0, 0, 0})) << "a component of nothing";
     EXPECT_EQ(vector({"u", "w"}), (AxisNumbers{0, 0, 0}));
 }
 

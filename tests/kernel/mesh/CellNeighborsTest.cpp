@@ -196,6 +196,19 @@ TEST(CellNeighbors, ManyNeighborsAreRefusedWhereThereIsNoMemoryForThem)
     EXPECT_EQ(mesh.neighbors(progress).held, pages) << "all have edges of their own";
 }
 
+TEST(CellNeighbors, ListsEndWithTheLastNeighbor)
+{
+    Progress progress;
+    for (bool const isOfPoints : {true, false}) {
+        for (Mesh const& mesh :
+             {Mesh(hub(Shape::Tetrahedron, 4, 500, 50), 50, isOfPoints), Mesh(book(60), 62, isOfPoints)}) {
+            NeighborLists const lists = mesh.neighbors(progress);
+            std::size_t const last = static_cast<std::size_t>(lists.count());
+            EXPECT_EQ(static_cast<std::int64_t>(lists.neighbors.size()), lists.starts[last]);
+        }
+    }
+}
+
 TEST(CellNeighbors, SidesAtAPointAreRefusedWhereThereIsNoMemoryForThem)
 {
     constexpr std::int64_t cells = 25000;

@@ -386,6 +386,9 @@ constexpr Plane planes[] = {
     [](double x, double y) {
         return Point{x, y, x + y + 1};
     },
+    [](double x, double y) { // its normal is as long along Y as along X and Z together
+        return Point{5 * x + 4 * y, -3 * x, -3 * y};
+    },
 };
 
 TEST(CellSearch, LeavesOutTheNotchOfAPolygonInWhateverPlane)

@@ -153,6 +153,17 @@ TEST_F(PointBinsTest, SortsPointsOnALineAndInAPlane)
     EXPECT_LT(expectAllPoints(points, boxesAround(points, 0.001), 2), 200);
 }
 
+TEST_F(PointBinsTest, SortsPointsOfAPlateHoweverThinItIs)
+{
+    for (double const thickness : {1e-2, 1e-4, 1e-8}) {
+        std::vector<Point> points = somePoints(10007);
+        for (Point& point : points) {
+            point[1] *= thickness;
+        }
+        EXPECT_LT(expectAllPoints(points, boxesAround(points, 0.02)), 150) << thickness;
+    }
+}
+
 TEST_F(PointBinsTest, TakesAnyNumberOfPointsAtOnePlace)
 {
     std::vector<Point> points(5003, Point{1, 2, 3});

@@ -315,6 +315,21 @@ TEST_F(KrigeTest, KeepsEqualValuesToTheLastBit)
     }
 }
 
+TEST_F(KrigeTest, KeepsEqualValuesToTheLastBitAlsoWherePointsAreAtOnePlace)
+{
+    ScatteredPoints const apart = ScatteredPoints::random(3, 211, 3);
+    std::vector<double> places;
+    for (std::uint32_t place = 0; place < 211; ++place) {
+        for (std::uint32_t again = 0; again <= place % 90; ++again) {
+            places.insert(places.end(), apart.at(place), apart.at(place) + 3);
+        }
+    }
+    int const from = addPoints(
+        {3, places}, [](double const*) { return 0.1; }, zero);
+    int const to = addPoints(ScatteredPoints::random(3, 501, 4), zero, zero);
+    EXPECT_EQ(kriged(from, to, nearest16, {0.3, 0.1, Drift_Linear}), std::vector<double>(501, 0.1));
+}
+
 TEST_F(KrigeTest, GivesANumberHoweverFarAPlaceIsOutside)
 {
     int const from = addPoints(ScatteredPoints::random(3, 200, 3), wave, zero);
@@ -342,6 +357,25 @@ TEST_F(KrigeTest, CanBeCancelledWhileItsPointsAreCountedForARefusal)
     LookCounter last(counter.looks());
     kriging.needs();
     EXPECT_THROW(kriging.compute(last), Interrupted);
+}
+
+TEST_F(KrigeTest, LooksForACancelWhileItReadsTheValuesOfEachVariable)
+{
+    constexpr std::int64_t points = 400003;
+    std::vector<double> places(3 * points);
+    std::iota(places.begin(), places.end(), 0.0);
+    int const from = addPoints({3, places}, zero, zero);
+    int const to = addPoints({3, {0.0, 0.0, 0.0}}, zero, zero);
+    auto const looks = [&](NumberSet const& variables) {
+        Krige kriging(frame->id, {from}, to, variables, nearest16, {0.3, 0.0, Drift_None});
+        EXPECT_EQ(kriging.find(session.pages()), "");
+        EXPECT_EQ(kriging.reasonAgainst(), "");
+        kriging.needs();
+        LookCounter counter;
+        kriging.compute(counter);
+        return counter.looks();
+    };
+    EXPECT_GE(looks({P, Q}) - looks({P}), points / 8192);
 }
 
 TEST_F(KrigeTest, TakesPlacesWithoutAValueForNoPointsOfTheSystem)

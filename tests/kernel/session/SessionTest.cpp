@@ -8,7 +8,9 @@
 #include "tests/kernel/support/SessionFixture.h"
 #include "tests/support/SpecialNumbers.h"
 
+#include <algorithm>
 #include <stdexcept>
+#include <unistd.h>
 
 namespace veldraw::tests {
 
@@ -43,6 +45,31 @@ TEST(Session, StartsWithAnEmptyPage)
     EXPECT_EQ(session.activePage(), session.pages().all().front());
     EXPECT_EQ(session.activeFrame(), nullptr);
     EXPECT_EQ(session.activeDataSet(), nullptr);
+}
+
+TEST(Session, LetsTheHistoryHoldAQuarterOfTheMachinesMemory)
+{
+    struct Holding : Change
+    {
+        explicit Holding(std::int64_t bytes)
+            : memory{bytes, 0}
+        {
+        }
+
+        void apply() noexcept override {}
+        void revert() noexcept override {}
+        HeldMemory held() const noexcept override { return memory; }
+
+        HeldMemory memory;
+    };
+    std::int64_t const mebibyte = std::int64_t{1} << 20;
+    std::int64_t const machine = static_cast<std::int64_t>(sysconf(_SC_PHYS_PAGES)) * sysconf(_SC_PAGESIZE);
+    std::int64_t const limit = std::max(machine / 4, 1024 * mebibyte);
+    Session session;
+    session.history().perform("held", std::make_shared<Holding>(limit - mebibyte));
+    EXPECT_TRUE(session.history().canUndo());
+    session.history().perform("too much", std::make_shared<Holding>(limit + mebibyte));
+    EXPECT_FALSE(session.history().canUndo());
 }
 
 TEST_F(SessionOperations, RenameAZone)
@@ -485,6 +512,7 @@ TEST_F(SessionOperations, WalkPastFramesThatHaveGone)
     session.perform(DeleteFrame(second->id));
     EXPECT_TRUE(session.nextFrameInLoop());
     EXPECT_EQ(session.activeFrame(), third);
+    EXPECT_FALSE(session.nextFrameInLoop()) << "it has walked past the second, not to it";
     session.perform(DeleteFrame(third->id));
     EXPECT_EQ(session.activeFrame(), frame) << "who has gone counts as active no more";
     session.endFrameLoop();

@@ -38,6 +38,25 @@ TEST(Range, SpansTheValuesOfEveryType)
     expectRange(rangeOf({-3, -1}, FieldDataType_Int16), -3, -1);
 }
 
+TEST(KnownRange, OfAllValuesIsAnEstimateForAPartOfThemAndNeverTheOtherWayRound)
+{
+    CountedValues part;
+    part.cellsOf = {2, 2, 2};
+    ValueRange const range{ValueRange::State::Exact, -1, 4};
+    KnownRange known;
+    EXPECT_FALSE(known.estimate().isValid());
+    known.setComputed(range, {});
+    EXPECT_EQ(known.estimate().state, ValueRange::State::Estimated);
+    EXPECT_EQ(known.estimate().min, -1);
+    EXPECT_EQ(known.estimate().max, 4);
+    known.setComputed(range, part);
+    EXPECT_FALSE(known.estimate().isValid());
+    known.give(range);
+    EXPECT_EQ(known.estimate().max, 4);
+    known.leaveUnknown();
+    EXPECT_FALSE(known.estimate().isValid());
+}
+
 TEST(Range, OfBitsIsWhatBitsThereAre)
 {
     expectRange(rangeOf({0, 1, 0}, FieldDataType_Bit), 0, 1);

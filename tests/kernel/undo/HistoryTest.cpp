@@ -283,6 +283,19 @@ TEST_F(HistoryOfText, IsNotCleanAfterAGroupWhoseStepsWereForgottenMeanwhile)
     EXPECT_FALSE(history.isClean()) << "the letter is still there";
 }
 
+TEST_F(HistoryOfText, IsCleanAfterAGroupThatHasChangedNothingSinceItWasSavedAndCleared)
+{
+    history.beginGroup("group");
+    perform('a');
+    history.setClean(dataSet);
+    history.clear();
+    history.perform("b", std::make_shared<Letter>(text, 'b', 0), otherDataSet);
+    EXPECT_TRUE(history.isClean(dataSet));
+    EXPECT_FALSE(history.isClean(otherDataSet));
+    history.endGroup();
+    EXPECT_TRUE(history.isClean(dataSet));
+}
+
 TEST_F(HistoryOfText, IsNotCleanWhenAStepThatIsDoneAgainClearsAll)
 {
     bool clears = false;
@@ -360,8 +373,17 @@ TEST_F(HistoryOfText, TellsItsListenerOfEveryChange)
     EXPECT_EQ(calls, 3);
     history.setClean();
     EXPECT_EQ(calls, 4);
-    history.clear();
+    history.beginGroup("group");
+    perform('b');
     EXPECT_EQ(calls, 5);
+    history.endGroup();
+    EXPECT_EQ(calls, 6) << "now there is a step more";
+    history.setClean(dataSet);
+    EXPECT_EQ(calls, 7);
+    history.setMemoryLimit(0);
+    EXPECT_EQ(calls, 8);
+    history.clear();
+    EXPECT_EQ(calls, 9);
 }
 
 TEST_F(HistoryOfText, SurvivesAListenerThatThrows)
@@ -404,6 +426,25 @@ TEST_F(HistoryOfText, KeepsTheOrderWhenAListenerAddsAStepWhileOneIsDoneAgain)
     history.undo();
     isWatched = true;
     EXPECT_TRUE(history.redo());
+    EXPECT_EQ(history.undoName(), "x");
+    EXPECT_TRUE(history.undo());
+    EXPECT_EQ(history.undoName(), "watched");
+}
+
+TEST_F(HistoryOfText, DropsStepsForWhatAListenerAddsOnlyWhenTheRunningOneHasEnded)
+{
+    bool isWatched = false;
+    auto const addLargeOne = [&] {
+        if (isWatched) {
+            perform('x', 95);
+        }
+    };
+    perform('a', 10);
+    performScript("watched", addLargeOne, nothing, 1, 1);
+    history.undo();
+    isWatched = true;
+    EXPECT_TRUE(history.redo());
+    EXPECT_EQ(units(), 96) << "the oldest has gone";
     EXPECT_EQ(history.undoName(), "x");
     EXPECT_TRUE(history.undo());
     EXPECT_EQ(history.undoName(), "watched");

@@ -93,6 +93,16 @@ TEST_F(DataSetTitlePropertyTest, FollowsTheActiveFrame)
     EXPECT_THAT(takeTold(), ElementsAre("Flow"));
 }
 
+TEST_F(DataSetTitlePropertyTest, KnowsTheDataSetThatItWouldBeGivenTo)
+{
+    showAnother("Heat");
+    EXPECT_EQ(title->dataSet(), sample.session().activeDataSet()->id());
+    sample.session().startFrameLoop(); // the first frame is active, which nobody tells
+    ASSERT_EQ(sample.session().activeFrame(), sample.frame());
+    EXPECT_EQ(title->dataSet(), sample.dataSet().id());
+    sample.session().endFrameLoop();
+}
+
 TEST_F(DataSetTitlePropertyTest, IsToldForAnotherDataSetOfTheSameTitle)
 {
     showAnother("Flow");

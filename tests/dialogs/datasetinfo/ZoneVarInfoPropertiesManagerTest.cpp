@@ -137,6 +137,7 @@ TEST_F(ZoneVarInfoPropertiesManagerTest, LeavesATextAloneForWhatTheKernelCannotT
     }
     manager.selectedZones()->setValue({Stage::Skin});
     EXPECT_EQ(manager.zoneType()->value(), "Ordered");
+    EXPECT_EQ(manager.zoneDimensionLabels().label(2)->value(), "KMax:");
     EXPECT_EQ(manager.varType()->value(), "Short Integer");
     EXPECT_EQ(manager.varLocation()->value(), "Cell Centered");
 }
@@ -145,6 +146,8 @@ TEST_F(ZoneVarInfoPropertiesManagerTest, AsksNothingOfWhatIsNotSelectedOrNotEnab
 {
     select(Stage::Wing, Stage::X);
     spy.reset();
+    manager.selectedVars()->setValue({99});
+    manager.selectedVars()->setValue({});
     manager.selectedZones()->setValue({99});
     manager.selectedZones()->setValue({});
     manager.selectedVars()->setValue({99});

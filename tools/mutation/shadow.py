@@ -39,7 +39,8 @@ class Shadow:
     def __init__(self, root, folder, jobs):
         self.root, self.folder, self.jobs = root, folder, jobs
         self.build = root / 'build' / 'dev'
-        self.flags = ['-w', '-fpermissive', '-Wno-narrowing', '-O1', '-g0', '-Wno-error']
+        # A mutant that reads beyond an array ends the program, whatever happens to stand there.
+        self.flags = ['-w', '-fpermissive', '-Wno-narrowing', '-O1', '-g0', '-Wno-error', '-D_GLIBCXX_ASSERTIONS']
         # What is left of another run would be compiled into the batches of this one.
         shutil.rmtree(folder / 'src', ignore_errors=True)
         for name in ('src', 'obj', 'bin', 'lib'):

@@ -9,7 +9,7 @@ import sys
 ARRAYS_OF_THREE = {'xyz', 'origin', 'axis'}
 # What a function answers when it fails, where that is not the zero of its type.
 FAILURES = {'SetValueReturnCode_e': 'SetValueReturnCode_Refused', 'GetValueReturnCode_e': 'GetValueReturnCode_Unknown',
-            'VelUtilDataValueGetLocation': '-1'}
+            'VelUtilDataValueGetLocation': '-1', 'VelUtilZoneGetType': '-1'}
 OPAQUE = {'Set_s', 'ArgList_s', 'StringList_s'}
 
 

@@ -241,8 +241,8 @@ VELDRAW_INLINE void factorizeDrift(Systems& systems)
     }
     systems.smallestRest = Lanes{} + 1.0;
     for (std::size_t term = 0; term < systems.terms; ++term) {
-        for (Lanes& number : systems.triangle[term]) {
-            number = Lanes{};
+        for (std::size_t column = 0; column < mostDriftTerms; ++column) { // a loop over the range would take them for aligned
+            systems.triangle[term][column] = Lanes{};
         }
     }
     for (std::size_t term = 0; term < systems.terms; ++term) {

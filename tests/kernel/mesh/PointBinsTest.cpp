@@ -161,6 +161,16 @@ TEST_F(PointBinsTest, SortsPointsOfAPlateHoweverThinItIs)
             point[1] *= thickness;
         }
         EXPECT_LT(expectAllPoints(points, boxesAround(points, 0.02)), 150) << thickness;
+        Progress progress;
+        PointBins const bins(sample::placesOf(points, 3), 3, progress);
+        double count = 1;
+        for (std::size_t axis = 0; axis < 3; ++axis) {
+            std::uint32_t last = 0;
+            bins.binsAlong(axis, &bins.box().high[axis], 1, &last);
+            count *= last + 1.0;
+        }
+        EXPECT_LT(count, 2.0 * static_cast<double>(points.size())) << thickness;
+        EXPECT_GT(count, 0.5 * static_cast<double>(points.size())) << thickness;
     }
 }
 

@@ -3,6 +3,7 @@
 #include "kernel/base/Identifier.h"
 #include "kernel/data/AuxiliaryData.h"
 #include "kernel/data/DataSet.h"
+#include "kernel/frames/Cut.h"
 #include "kernel/frames/LineMap.h"
 
 #include <array>
@@ -60,11 +61,13 @@ struct Frame
     UniqueId contourVariable = 0;
     bool showContour; ///< this and the next ones are plotOptions(), which tell their values at first
     bool showMesh;
-    bool stretchAxes; ///< of field plots: each axis has a scale of its own, so that they fill the frame
-    bool showLines;   ///< of line plots
-    bool showSymbols; ///< of line plots
-    bool logX;        ///< of line plots: the horizontal axis is logarithmic
-    bool logY;        ///< of line plots: the vertical one
+    bool showCuts;         ///< of field plots: cuts are seen, in the place of the outer surfaces of volumes
+    bool stretchAxes;      ///< of field plots: each axis has a scale of its own, so that they fill the frame
+    bool showLines;        ///< of line plots
+    bool showSymbols;      ///< of line plots
+    bool logX;             ///< of line plots: the horizontal axis is logarithmic
+    bool logY;             ///< of line plots: the vertical one
+    std::vector<Cut> cuts; ///< of field plots
     std::vector<LineMap> lineMaps;
     AuxiliaryData auxiliaryData;
 };

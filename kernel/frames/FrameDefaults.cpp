@@ -168,6 +168,7 @@ void layOut(Frame& frame)
     frame.axes3D = axes;
     frame.axes2D = {axes[0], axes[1]};
     frame.lineMaps = std::move(lineMaps);
+    frame.cuts.clear();
     frame.stretchAxes = needsStretching(frame);
 }
 

@@ -13,6 +13,8 @@ std::vector<PlotOption> const& plotOptions()
     static std::vector<PlotOption> const options{
         {"FieldLayers", "ShowMesh", &Frame::showMesh, false, Plots::Fields, "Mesh", "&Mesh", "", "Mesh"},
         {"FieldLayers", "ShowContour", &Frame::showContour, true, Plots::Fields, "Contour", "&Contour", "", "Contour"},
+        {"FieldLayers", "ShowCuts", &Frame::showCuts, true, Plots::Fields, "Show Slices", "Sl&ices",
+         "Show the slices and iso-surfaces of a field plot, and volumes by them alone", ""},
         {"FieldAxes", "Stretch", &Frame::stretchAxes, false, Plots::Fields, "Stretch Axes", "Str&etch Axes",
          "Give each axis a scale of its own, so that the plot fills the frame", ""},
         {"LinePlotLayers", "ShowLines", &Frame::showLines, true, Plots::Lines, "Line Layers", "", "", ""},

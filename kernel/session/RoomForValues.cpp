@@ -35,6 +35,9 @@ void addShown(Frame const& frame, NumberSet& variables)
     std::for_each(frame.axes3D.begin(), frame.axes3D.end(), add);
     std::for_each(frame.vector.begin(), frame.vector.end(), add);
     add(frame.contourVariable);
+    for (Cut const& cut : frame.cuts) {
+        add(cut.variable);
+    }
     for (LineMap const& map : frame.lineMaps) {
         add(map.xVariable);
         add(map.yVariable);

@@ -3,6 +3,7 @@
 #include "kernel/frames/Pages.h"
 #include "kernel/frames/PlotOption.h"
 #include "kernel/operations/Operation.h"
+#include "kernel/style/CutStyleItem.h"
 #include "kernel/style/LineMapStyleItem.h"
 #include "kernel/style/PlotOptionItem.h"
 #include "kernel/style/SessionStyleItem.h"
@@ -68,6 +69,9 @@ void StyleTree::addFrameItems()
 {
     for (PlotOption const& option : plotOptions()) {
         add(std::make_unique<PlotOptionItem>(m_pages, m_performer, option));
+    }
+    for (std::unique_ptr<StyleItem>& item : CutStyleItem::all(m_pages, m_performer)) {
+        add(std::move(item));
     }
 }
 

@@ -27,6 +27,7 @@ TEST_F(PlotOptionTest, AFrameStartsWithTheValuesOfTheTable)
     }
     EXPECT_TRUE(fresh.showContour);
     EXPECT_FALSE(fresh.showMesh);
+    EXPECT_TRUE(fresh.showCuts);
     EXPECT_FALSE(fresh.stretchAxes);
     EXPECT_TRUE(fresh.showLines);
     EXPECT_FALSE(fresh.showSymbols);

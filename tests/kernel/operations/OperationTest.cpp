@@ -1,5 +1,6 @@
 #include "kernel/base/Progress.h"
 #include "kernel/operations/AddFrame.h"
+#include "kernel/operations/CutOperation.h"
 #include "kernel/operations/DeleteVariables.h"
 #include "kernel/operations/DuplicateZones.h"
 #include "kernel/operations/EnableZone.h"
@@ -187,6 +188,7 @@ TEST_F(OperationTest, LetsNothingElseChangeMeanwhile)
         expectRefused([&] { return session.perform(SetPlotType(id, PlotType_XYLine)); });
         expectRefused([&] { return session.perform(AssignVariable(id, 'U', 1)); });
         expectRefused([&] { return session.perform(SetPlotOption(id, &Frame::showMesh, true)); });
+        expectRefused([&] { return session.perform(AddCut(id, {})); });
         expectRefused([&] { return session.perform(CreateLineMap(id)); });
         expectRefused([&] { return session.perform(DeleteLineMaps(id, {1})); });
         expectRefused([&] { return session.perform(ChangeLineMaps(id, {1}, [](LineMap& map) { map.name = "a"; })); });

@@ -1,4 +1,5 @@
 #include "kernel/operations/AddFrame.h"
+#include "kernel/operations/CutOperation.h"
 #include "kernel/operations/DeleteAuxiliaryItem.h"
 #include "kernel/operations/DeleteVariables.h"
 #include "kernel/operations/DuplicateZones.h"
@@ -322,6 +323,22 @@ TEST(WithoutMemory, LineMapsAndStyleAreChangedWhollyOrNotAtAll)
                   return stage.session.perform(SetPlotOption(stage.frame->id, &Frame::showMesh, true));
               }),
               4);
+}
+
+TEST(WithoutMemory, SlicesAreChangedWhollyOrNotAtAll)
+{
+    EXPECT_GE(sweepMemory([](Stage& stage) { return stage.session.perform(AddCut(stage.frame->id, {})); }), 4);
+    Cut const first;
+    auto const add = [&](Stage& stage) {
+        stage.session.perform(AddCut(stage.frame->id, first));
+        stage.recorder->events = 0;
+    };
+    auto const move = [&](Stage& stage) {
+        return stage.session.perform(ChangeCut(stage.frame->id, first.id, [](Cut& cut) { cut.position = 2.0; }));
+    };
+    EXPECT_GE(sweepMemory(move, add), 4);
+    EXPECT_GE(
+        sweepMemory([&](Stage& stage) { return stage.session.perform(DeleteCut(stage.frame->id, first.id)); }, add), 4);
 }
 
 TEST(WithoutMemory, LineMapsAreAlteredWhollyOrNotAtAll)

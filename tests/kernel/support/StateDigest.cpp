@@ -32,8 +32,13 @@ void addFrame(std::ostream& out, Frame const& frame)
     for (UniqueId const id : frame.vector) {
         out << ' ' << id;
     }
-    out << ' ' << frame.contourVariable << ' ' << frame.showContour << frame.showMesh << frame.stretchAxes
-        << frame.showLines << frame.showSymbols << frame.logX << frame.logY << '\n';
+    out << ' ' << frame.contourVariable << ' ' << frame.showContour << frame.showMesh << frame.showCuts
+        << frame.stretchAxes << frame.showLines << frame.showSymbols << frame.logX << frame.logY << '\n';
+    for (Cut const& cut : frame.cuts) {
+        out << "cut " << cut.id << ' ' << static_cast<int>(cut.kind) << ' ' << cut.position << ' ' << cut.normal[0]
+            << ' ' << cut.normal[1] << ' ' << cut.normal[2] << ' ' << cut.origin[0] << ' ' << cut.origin[1] << ' '
+            << cut.origin[2] << ' ' << cut.variable << ' ' << cut.isShown << '\n';
+    }
     for (LineMap const& map : frame.lineMaps) {
         out << "map " << map.id << ' ' << map.name << ' ' << map.zone << ' ' << map.xVariable << ' ' << map.yVariable
             << ' ' << map.active << ' ' << map.indices[0].min << '\n';

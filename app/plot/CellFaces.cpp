@@ -14,23 +14,23 @@ constexpr Table ofBrick{6, {{{0, 4, 7, 3}, {1, 2, 6, 5}, {0, 1, 5, 4}, {3, 7, 6,
 constexpr Table ofPyramid{5, {{{0, 3, 2, 1}, {0, 1, 4, none}, {1, 2, 4, none}, {2, 3, 4, none}, {3, 0, 4, none}}}};
 constexpr Table ofPrism{5, {{{0, 1, 2, none}, {3, 5, 4, none}, {0, 3, 4, 1}, {1, 4, 5, 2}, {2, 5, 3, 0}}}};
 
-Table const& facesOf(CellFaces::Shape shape)
+} // namespace
+
+CellFaces::Table const& CellFaces::facesOf(Shape shape)
 {
     switch (shape) {
-    case CellFaces::Shape::Tetrahedron:
+    case Shape::Tetrahedron:
         return ofTetrahedron;
-    case CellFaces::Shape::Brick:
+    case Shape::Brick:
         return ofBrick;
-    case CellFaces::Shape::Pyramid:
+    case Shape::Pyramid:
         return ofPyramid;
-    case CellFaces::Shape::Prism:
+    case Shape::Prism:
         return ofPrism;
     default:
         return noFaces;
     }
 }
-
-} // namespace
 
 CellFaces::CellFaces(kernel::Zone const& zone)
     : m_cells(*zone.connectivity)

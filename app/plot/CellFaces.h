@@ -32,6 +32,9 @@ public:
     std::int64_t const* corners(std::int64_t cell) const { return m_cells.indices + m_cells.offsets[cell]; }
     std::int64_t cornerCount(std::int64_t cell) const { return m_cells.offsets[cell + 1] - m_cells.offsets[cell]; }
 
+    /// Faces of a cell of this shape; none of one without a volume, and of a polyhedron.
+    static Table const& facesOf(Shape shape);
+
     /// Faces of a cell; none of one that has no volume, or not as many corners as its shape needs.
     Table const& faces(std::int64_t cell) const;
 

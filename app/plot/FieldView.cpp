@@ -85,6 +85,27 @@ QString contourGap(kernel::Frame const& frame, std::vector<int> const& zones, bo
     return {};
 }
 
+bool showsCuts(kernel::Frame const& frame)
+{
+    return frame.showCuts &&
+           std::any_of(frame.cuts.begin(), frame.cuts.end(), [](kernel::Cut const& cut) { return cut.isShown; });
+}
+
+// What is drawn of the zones: where there are cuts, the outer surfaces of volumes would hide them.
+ZoneScene::Items itemsOf(kernel::Frame const& frame, std::vector<int> const& zones)
+{
+    bool const isCut = showsCuts(frame);
+    ZoneScene::Items items;
+    for (int const zone : zones)
+        if (!isCut || frame.dataSet->zone(zone)->dimensionality() < 3)
+            items.push_back({zone, nullptr});
+    for (kernel::Cut const& cut : frame.cuts)
+        for (int const zone : zones)
+            if (isCut && cut.isShown && frame.dataSet->zone(zone)->dimensionality() > 1)
+                items.push_back({zone, &cut});
+    return items;
+}
+
 } // namespace
 
 FieldView::FieldView(bool inSpace, std::function<void()> ready)
@@ -204,7 +225,7 @@ FrameMessage FieldView::show(kernel::Frame const& frame)
     std::vector<int> const shown = shownZones(frame, m_inSpace);
     m_look = lookOf(frame, shown);
     auto const axesBefore = std::exchange(m_shownAxes, identifiersOf(dataSet, m_look.axes));
-    bool const isComplete = m_scene.show(dataSet, shown, m_look);
+    bool const isComplete = m_scene.show(dataSet, itemsOf(frame, shown), m_look);
     updateLegend(variableName(dataSet, m_look.contourVariable));
     setArea(area());
     updateAxes({variableName(dataSet, m_look.axes[0]), variableName(dataSet, m_look.axes[1]),
@@ -222,11 +243,32 @@ QString FieldView::gap(kernel::Frame const& frame, std::vector<int> const& zones
         return tr("Zones whose coordinates are not loaded, or that have too many points, are not shown.");
     if (!frame.stretchAxes && kernel::isMereLine({space().length(0), space().length(1), space().length(2)}))
         return tr("To scale this is too thin to be seen. Plot > Stretch Axes gives each axis a scale of its own.");
+    QString const inCuts = gapInCuts(frame, zones);
+    if (!inCuts.isEmpty())
+        return inCuts;
     QString const inContour = frame.showContour ? contourGap(frame, zones, hasFlood()) : QString();
     if (!inContour.isEmpty() || !frame.showContour || hasFlood())
         return inContour;
     return frame.variableNumber('C') == 0 ? tr("No variable is assigned to the contour.")
                                           : tr("The contour variable has no values in the enabled zones.");
+}
+
+QString FieldView::gapInCuts(kernel::Frame const& frame, std::vector<int> const& zones) const
+{
+    if (!showsCuts(frame))
+        return {};
+    for (kernel::Cut const& cut : frame.cuts) {
+        int const variable = frame.dataSet->variableNumber(cut.variable);
+        bool const needsValues = cut.isShown && cut.kind == kernel::CutKind::IsoSurface;
+        if (needsValues && !std::all_of(zones.begin(), zones.end(),
+                                        [&](int zone) { return hasValues(*frame.dataSet, zone, variable); }))
+            return tr("The variable \"%1\" of an iso-surface is not loaded in all zones.")
+                .arg(variableName(*frame.dataSet, variable));
+    }
+    auto const isDrawn = [](auto const& drawing) { return drawing->cellCount() > 0; };
+    return std::any_of(m_scene.drawings().begin(), m_scene.drawings().end(), isDrawn)
+               ? QString()
+               : tr("No slice meets the zones. Plot > Slices shows their surfaces again.");
 }
 
 QString FieldView::remark() const
@@ -317,7 +359,11 @@ FieldLook FieldView::lookOf(kernel::Frame const& frame, std::vector<int> const& 
 bool FieldView::dependsOn(kernel::Frame const& frame, int variable) const
 {
     std::array<int, 3> const axes = frame.axisVariables();
+    auto const isOf = [&](kernel::Cut const& cut) {
+        return cut.variable != 0 && frame.dataSet && frame.dataSet->variableNumber(cut.variable) == variable;
+    };
     return std::find(axes.begin(), axes.end(), variable) != axes.end() ||
+           (showsCuts(frame) && std::any_of(frame.cuts.begin(), frame.cuts.end(), isOf)) ||
            (frame.showContour && frame.variableNumber('C') == variable);
 }
 

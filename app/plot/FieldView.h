@@ -79,6 +79,7 @@ private:
     QString obstacle(kernel::Frame const& frame) const;
     QString obstacleInZones(kernel::Frame const& frame, std::vector<int> const& zones) const;
     QString gap(kernel::Frame const& frame, std::vector<int> const& zones) const;
+    QString gapInCuts(kernel::Frame const& frame, std::vector<int> const& zones) const;
     QString remark() const;
     void placeView(bool isNew);
     void clear();

@@ -1,6 +1,7 @@
 #include "app/plot/FiniteElementShape.h"
 
 #include "app/plot/OuterFaces.h"
+#include "app/plot/SoundCells.h"
 #include "app/plot/VisibleElements.h"
 #include "app/vtk/ProgressObserver.h"
 #include "app/vtk/ZoneToVtk.h"
@@ -16,7 +17,6 @@
 #include <vtkTypeInt64Array.h>
 
 #include <algorithm>
-#include <atomic>
 #include <numeric>
 
 namespace veldraw::app {
@@ -26,62 +26,6 @@ namespace {
 using kernel::Connectivity;
 
 constexpr char elementNumberName[] = "number";
-
-bool inRange(std::int64_t const* values, std::int64_t count, std::int64_t end)
-{
-    return std::all_of(values, values + count, [end](std::int64_t value) { return value >= 0 && value < end; });
-}
-
-// Whether @p holds(first, last) is true of every part of [0, count), asked on all cores.
-template <typename Predicate>
-bool holdsThroughout(std::int64_t count, Predicate const& holds)
-{
-    std::atomic<bool> result{true};
-    kernel::parallelFor(count, [&](std::int64_t first, std::int64_t last, std::int64_t) {
-        if (result && !holds(first, last))
-            result = false;
-    });
-    return result;
-}
-
-// Faces of polyhedra: each list must end within the stream and name points of the zone.
-bool hasSoundFaces(Connectivity const& cells, std::int64_t pointCount)
-{
-    if (!cells.faceOffsets)
-        return true;
-    for (std::int64_t cell = 0; cell < cells.cellCount; ++cell) {
-        std::int64_t at = cells.faceOffsets[cell];
-        if (at < 0)
-            continue;
-        if (!cells.faceStream || at >= cells.faceStreamSize)
-            return false;
-        std::int64_t const faces = cells.faceStream[at++];
-        for (std::int64_t face = 0; face < faces; ++face) {
-            std::int64_t const points = at < cells.faceStreamSize ? cells.faceStream[at++] : -1;
-            if (points < 0 || points > cells.faceStreamSize - at || !inRange(cells.faceStream + at, points, pointCount))
-                return false;
-            at += points;
-        }
-    }
-    return true;
-}
-
-// A file may have brought any numbers; the drawing code of VTK trusts them.
-bool isSound(Connectivity const& cells, std::int64_t pointCount)
-{
-    if (cells.cellCount <= 0 || !cells.offsets || !cells.indices)
-        return false;
-    if (cells.offsets[0] != 0 || cells.offsets[cells.cellCount] > cells.indexCount)
-        return false;
-    auto const areSorted = [&cells](std::int64_t first, std::int64_t last) {
-        return std::is_sorted(cells.offsets + first, cells.offsets + last + 1);
-    };
-    auto const areInRange = [&](std::int64_t first, std::int64_t last) {
-        return inRange(cells.indices + first, last - first, pointCount);
-    };
-    return holdsThroughout(cells.cellCount, areSorted) && holdsThroughout(cells.indexCount, areInRange) &&
-           hasSoundFaces(cells, pointCount);
-}
 
 vtkSmartPointer<vtkTypeInt64Array> adopt(std::int64_t const* values, std::int64_t count)
 {
@@ -181,7 +125,7 @@ ZoneShape withoutHidden(kernel::Zone const& zone, kernel::Progress const& progre
 
 ZoneShape FiniteElementShape::create(kernel::Zone const& zone, kernel::Progress const& progress)
 {
-    if (!zone.connectivity || !isSound(*zone.connectivity, zone.pointCount()))
+    if (!zone.connectivity || !areSound(*zone.connectivity, zone.pointCount()))
         return {};
     if (zone.hidden(ValueLocation_CellCentered))
         return withoutHidden(zone, progress);

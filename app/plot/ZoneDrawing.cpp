@@ -14,6 +14,11 @@ float pointSize(std::int64_t count)
     return count < 3000 ? 7.0F : count < 50000 ? 4.0F : 2.0F;
 }
 
+double mixed(FieldValues const& values, ZoneShape::Mix const& mix)
+{
+    return (1.0 - mix.share) * values.at(mix.first) + mix.share * values.at(mix.second);
+}
+
 } // namespace
 
 bool DrawingStyle::operator==(DrawingStyle const& other) const
@@ -67,6 +72,8 @@ void ZoneDrawing::computeShares(kernel::Field const& field)
     FieldValues const values(&field);
     bool const isNodal = m_colours.location == ValueLocation_Nodal;
     ZoneGeometry::Numbers const& slots = isNodal ? m_geometry->points() : m_geometry->cells();
+    std::vector<ZoneShape::Mix> const& mixes = m_geometry->mixes();
+    bool const isMixed = isNodal && !mixes.empty();
     std::int64_t const count = isNodal ? surface().GetNumberOfPoints() : surface().GetNumberOfCells();
     m_shares = vtkSmartPointer<vtkFloatArray>::New();
     m_shares->SetNumberOfValues(count);
@@ -80,7 +87,8 @@ void ZoneDrawing::computeShares(kernel::Field const& field)
     float* const target = m_shares->GetPointer(0);
     auto const work = [&](std::int64_t first, std::int64_t last, std::int64_t) {
         for (std::int64_t n = first; n < last; ++n) {
-            double const value = values.at(slots.empty() ? n : slots[static_cast<std::size_t>(n)]);
+            auto const at = static_cast<std::size_t>(n);
+            double const value = isMixed ? mixed(values, mixes[at]) : values.at(slots.empty() ? n : slots[at]);
             double const share = width > 0.0 ? (0.5 * value - min) / width : value - value + 0.5;
             target[n] = static_cast<float>(share);
         }
@@ -92,7 +100,7 @@ DrawingStyle ZoneDrawing::style() const
 {
     DrawingStyle style;
     style.hasPolygons = surface().GetNumberOfPolys() > 0;
-    style.isLit = m_geometry->key().inSpace && style.hasPolygons;
+    style.isLit = m_geometry->isLit();
     style.isFlooded = m_colours.isFlooded;
     style.valuesAt = m_colours.location;
     if (surface().GetNumberOfVerts() > 0)

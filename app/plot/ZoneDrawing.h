@@ -27,6 +27,7 @@ struct DrawingStyle
 class ZoneDrawing
 {
 public:
+    /// @param zone identifier of the zone, or of the cut through one
     ZoneDrawing(kernel::UniqueId zone, std::shared_ptr<ZoneGeometry const> geometry);
 
     /// Shows a geometry; does nothing if it is the present one.

@@ -1,6 +1,8 @@
 #include "app/plot/ZoneGeometry.h"
 
+#include "app/plot/CutShape.h"
 #include "app/plot/FiniteElementShape.h"
+#include "app/plot/IndexCut.h"
 #include "app/plot/OrderedShape.h"
 #include "app/plot/SmoothNormals.h"
 #include "app/vtk/ProgressObserver.h"
@@ -34,7 +36,7 @@ bool isFinite(std::array<double, 3> const& position)
 bool isScattered(ZoneSource const& source)
 {
     kernel::Zone const& zone = source.zone();
-    if (!zone.isOrdered())
+    if (!zone.isOrdered() || source.key().cut)
         return false;
     if (zone.isScattered)
         return true;
@@ -69,8 +71,23 @@ struct PlacedPoints
     bool areAllPlaced = true; ///< else those without a place are no numbers
 };
 
-PlacedPoints placePoints(std::int64_t count, std::vector<std::int64_t> const& numbers, ZoneSource const& source)
+std::array<double, 3> placeOf(ZoneShape::Mix const& mix, ZoneSource const& source)
 {
+    auto place = source.scenePosition(mix.first);
+    auto const second = source.scenePosition(mix.second);
+    for (std::size_t axis = 0; axis < place.size(); ++axis)
+        place[axis] += mix.share * (second[axis] - place[axis]);
+    return place;
+}
+
+// @param mixes in the place of the numbers, where there are any
+PlacedPoints placePoints(std::int64_t count, std::vector<std::int64_t> const& numbers,
+                         std::vector<ZoneShape::Mix> const& mixes, ZoneSource const& source)
+{
+    auto const placed = [&](std::int64_t n) {
+        auto const at = static_cast<std::size_t>(n);
+        return mixes.empty() ? source.scenePosition(numbers.empty() ? n : numbers[at]) : placeOf(mixes[at], source);
+    };
     vtkNew<vtkFloatArray> scene;
     scene->SetNumberOfComponents(3);
     scene->SetNumberOfTuples(count);
@@ -78,7 +95,7 @@ PlacedPoints placePoints(std::int64_t count, std::vector<std::int64_t> const& nu
     std::atomic<bool> areAllPlaced{true};
     auto const work = [&](std::int64_t first, std::int64_t last, std::int64_t) {
         for (std::int64_t n = first; n < last; ++n) {
-            auto position = source.scenePosition(numbers.empty() ? n : numbers[static_cast<std::size_t>(n)]);
+            auto position = placed(n);
             if (!isFinite(position)) {
                 areAllPlaced = false;
                 position.fill(std::numeric_limits<double>::quiet_NaN());
@@ -88,9 +105,9 @@ PlacedPoints placePoints(std::int64_t count, std::vector<std::int64_t> const& nu
         }
     };
     kernel::parallelFor(count, work, kernel::grainOfFreshMemory(count));
-    PlacedPoints placed{vtkSmartPointer<vtkPoints>::New(), areAllPlaced};
-    placed.points->SetData(scene);
-    return placed;
+    PlacedPoints result{vtkSmartPointer<vtkPoints>::New(), areAllPlaced};
+    result.points->SetData(scene);
+    return result;
 }
 
 // Points without a place are in no cell, but the graphics card needs finite coordinates.
@@ -150,6 +167,14 @@ std::int64_t cornersOf(GeometryKey const& key)
     return key.cells ? key.cells->indexCount : 0;
 }
 
+// Most points and cells are looked at once and left.
+std::int64_t workOfCut(GeometryKey const& key)
+{
+    std::int64_t const points =
+        key.type == ZoneType_Ordered ? key.dimensions[0] * key.dimensions[1] * key.dimensions[2] : key.dimensions[0];
+    return (points + cornersOf(key)) / 8;
+}
+
 } // namespace
 
 ZoneGeometry::ZoneGeometry(GeometryKey key)
@@ -181,7 +206,7 @@ bool ZoneGeometry::takeOver(ZoneSource const& source, ZoneGeometry const& before
     m_ownCells = before.m_ownCells;
     m_drawing = vtkSmartPointer<vtkPolyData>::New();
     m_drawing->ShallowCopy(before.m_drawing);
-    PlacedPoints const placed = placePoints(before.m_drawing->GetNumberOfPoints(), points(), source);
+    PlacedPoints const placed = placePoints(before.m_drawing->GetNumberOfPoints(), points(), mixes(), source);
     if (!placed.areAllPlaced)
         zeroUnplaced(*placed.points);
     m_drawing->SetPoints(placed.points);
@@ -191,14 +216,10 @@ bool ZoneGeometry::takeOver(ZoneSource const& source, ZoneGeometry const& before
 
 void ZoneGeometry::build(ZoneSource const& source, kernel::Progress const& progress)
 {
-    kernel::Zone const& zone = source.zone();
-    if (!m_shape) {
-        m_isOfPoints = isScattered(source);
-        m_shape = std::make_shared<ZoneShape>(zone.isOrdered() ? OrderedShape::create(zone, m_isOfPoints, progress)
-                                                               : FiniteElementShape::create(zone, progress));
-    }
+    if (!m_shape)
+        makeShape(source, progress);
     progress.check();
-    PlacedPoints const placed = placePoints(m_shape->pointCount, m_shape->points, source);
+    PlacedPoints const placed = placePoints(m_shape->pointCount, m_shape->points, m_shape->mixes, source);
     m_drawing = vtkSmartPointer<vtkPolyData>::New();
     m_drawing->SetPoints(placed.points);
     if (m_shape->vertices)
@@ -209,16 +230,34 @@ void ZoneGeometry::build(ZoneSource const& source, kernel::Progress const& progr
         m_drawing->SetPolys(m_shape->polygons);
     if (!placed.areAllPlaced)
         leaveOutUnplaced(*placed.points);
-    if (m_key.inSpace && m_drawing->GetNumberOfPolys() > 0)
-        addNormals(!zone.isOrdered(), progress);
+    if (isLit())
+        addNormals(!source.zone().isOrdered() && !m_key.cut, progress);
     findBounds(placed.areAllPlaced);
+}
+
+void ZoneGeometry::makeShape(ZoneSource const& source, kernel::Progress const& progress)
+{
+    kernel::Zone const& zone = source.zone();
+    m_isOfPoints = isScattered(source);
+    if (m_key.cut)
+        m_shape = std::make_shared<ZoneShape>(CutShape::create(zone, *m_key.cut, source.levels(), progress));
+    else
+        m_shape = std::make_shared<ZoneShape>(zone.isOrdered() ? OrderedShape::create(zone, m_isOfPoints, progress)
+                                                               : FiniteElementShape::create(zone, progress));
+}
+
+// Slices show the very colours of their values, which a light would change.
+bool ZoneGeometry::isLit() const
+{
+    bool const canBeLit = !m_key.cut || m_key.cut->kind == kernel::CutKind::IsoSurface;
+    return canBeLit && m_key.inSpace && m_drawing->GetNumberOfPolys() > 0;
 }
 
 // Now, since others only read. Where all of an ordered zone is drawn, each point is in a cell, and points are quicker to look through.
 void ZoneGeometry::findBounds(bool areAllPlaced)
 {
     m_drawing->ComputeBounds();
-    if (areAllPlaced && m_key.type == ZoneType_Ordered && !m_key.blanking)
+    if (areAllPlaced && m_key.type == ZoneType_Ordered && !m_key.blanking && !m_key.cut)
         m_drawing->GetBounds(m_bounds.data());
     else
         m_drawing->GetCellsBounds(m_bounds.data());
@@ -255,6 +294,10 @@ std::int64_t ZoneGeometry::work(GeometryKey const& key, ZoneGeometry const* befo
                    ? points
                    : points + before->m_drawing->GetNumberOfCells() * (key.inSpace ? 4 : 1);
     }
+    if (key.cut && key.cut->isOfIndex())
+        return IndexCut::work(key.dimensions, key.cut->axis());
+    if (key.cut)
+        return workOfCut(key);
     if (key.type != ZoneType_Ordered)
         return key.dimensions[0] + cornersOf(key);
     auto const [i, j, k] = key.dimensions;
@@ -265,7 +308,8 @@ std::int64_t ZoneGeometry::work(GeometryKey const& key, ZoneGeometry const* befo
 long long ZoneGeometry::bytes() const
 {
     return static_cast<long long>(m_drawing->GetActualMemorySize()) * 1024 +
-           static_cast<long long>((points().capacity() + cells().capacity()) * sizeof(std::int64_t));
+           static_cast<long long>((points().capacity() + cells().capacity()) * sizeof(std::int64_t)) +
+           static_cast<long long>(mixes().capacity() * sizeof(ZoneShape::Mix));
 }
 
 } // namespace veldraw::app

@@ -34,6 +34,9 @@ public:
     GeometryKey const& key() const { return m_key; }
     vtkPolyData& drawing() const { return *m_drawing; }
 
+    /// Where the points of a cut through cells are between those of the zone; empty for all else.
+    std::vector<ZoneShape::Mix> const& mixes() const { return m_shape->mixes; }
+
     /// Which point, or value slot of a cell, each drawn one is; empty = in order.
     Numbers const& points() const { return m_ownPoints ? *m_ownPoints : m_shape->points; }
     Numbers const& cells() const { return m_ownCells ? *m_ownCells : m_shape->cells; }
@@ -41,6 +44,9 @@ public:
     /// Low and high end of the drawn cells along each axis of the scene; a low end above the high one where none is drawn. Points
     /// in no cell do not count: what is hidden or has no place would stand for a place where nothing is seen.
     Bounds const& bounds() const { return m_bounds; }
+
+    /// Whether it has the directions that a light needs.
+    bool isLit() const;
 
     long long bytes() const;
 
@@ -51,6 +57,7 @@ private:
     explicit ZoneGeometry(GeometryKey key);
     bool takeOver(ZoneSource const& source, ZoneGeometry const& before);
     void build(ZoneSource const& source, kernel::Progress const& progress);
+    void makeShape(ZoneSource const& source, kernel::Progress const& progress);
     void findBounds(bool areAllPlaced);
     void leaveOutUnplaced(vtkPoints& points);
     void addNormals(bool hasSharpEdges, kernel::Progress const& progress);

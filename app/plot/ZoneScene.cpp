@@ -83,50 +83,69 @@ ZoneScene::ZoneScene(vtkRenderer& stage, std::function<void()> ready)
 
 ZoneScene::~ZoneScene() = default;
 
-bool ZoneScene::show(kernel::DataSet const& dataSet, std::vector<int> const& zones, FieldLook const& look)
+bool ZoneScene::show(kernel::DataSet const& dataSet, Items const& items, FieldLook const& look)
 {
     try {
-        return tryToShow(dataSet, zones, look);
+        return tryToShow(dataSet, items, look);
     } catch (...) {
         clear(); // what is not seen must not stay in memory, which may be what is missing
         throw;
     }
 }
 
-bool ZoneScene::tryToShow(kernel::DataSet const& dataSet, std::vector<int> const& zones, FieldLook const& look)
+bool ZoneScene::tryToShow(kernel::DataSet const& dataSet, Items const& items, FieldLook const& look)
 {
+    nameCuts(dataSet, items);
     Geometries known;
     for (auto const& drawing : m_drawings)
         known[drawing->zone()] = drawing->geometry();
     for (GeometryResult& result : m_work.take())
         known[result.zone] = std::move(result.geometry);
-    bool const isComplete = workOutMissing(dataSet, zones, look, known);
+    bool const isComplete = workOutMissing(dataSet, items, look, known);
 
     ById drawn;
     for (std::unique_ptr<ZoneDrawing>& drawing : m_drawings)
         drawn[drawing->zone()] = std::move(drawing);
     m_drawings.clear();
-    for (int const number : zones) {
-        kernel::UniqueId const zone = dataSet.zones()[static_cast<std::size_t>(number - 1)]->id;
-        auto drawing = drawingOf(zone, geometryKeyOf(dataSet, number, look), known, drawn);
+    for (Item const& item : items) {
+        auto drawing = drawingOf(idOf(dataSet, item), geometryKeyOf(dataSet, item.zone, look, item.cut), known, drawn);
         if (!drawing)
             continue;
-        drawing->colour(dataSet, number, look);
+        drawing->colour(dataSet, item.zone, look);
         m_drawings.push_back(std::move(drawing));
     }
     updateBatches(look.mesh);
     return isComplete;
 }
 
+// A cut through a zone keeps its identifier as long as it is shown.
+void ZoneScene::nameCuts(kernel::DataSet const& dataSet, Items const& items)
+{
+    decltype(m_cuts) const before = std::exchange(m_cuts, {});
+    for (Item const& item : items) {
+        if (!item.cut)
+            continue;
+        std::pair const key(dataSet.zones()[static_cast<std::size_t>(item.zone - 1)]->id, item.cut->id);
+        auto const known = before.find(key);
+        m_cuts[key] = known == before.end() ? kernel::nextUniqueId() : known->second;
+    }
+}
+
+kernel::UniqueId ZoneScene::idOf(kernel::DataSet const& dataSet, Item const& item) const
+{
+    kernel::UniqueId const zone = dataSet.zones()[static_cast<std::size_t>(item.zone - 1)]->id;
+    return item.cut ? m_cuts.at({zone, item.cut->id}) : zone;
+}
+
 // Computes all missing and outdated geometries, now or in the background. @return false when some are not ready yet
-bool ZoneScene::workOutMissing(kernel::DataSet const& dataSet, std::vector<int> const& zones, FieldLook const& look,
+bool ZoneScene::workOutMissing(kernel::DataSet const& dataSet, Items const& items, FieldLook const& look,
                                Geometries& known)
 {
     GeometryWork::Requests requests;
     GeometriesByCells cells;
-    for (int const number : zones) {
-        kernel::UniqueId const zone = dataSet.zones()[static_cast<std::size_t>(number - 1)]->id;
-        GeometryKey const key = geometryKeyOf(dataSet, number, look);
+    for (Item const& item : items) {
+        kernel::UniqueId const zone = idOf(dataSet, item);
+        GeometryKey const key = geometryKeyOf(dataSet, item.zone, look, item.cut);
         auto const own = known.find(zone);
         if (own != known.end() && own->second->key() == key)
             continue;
@@ -136,7 +155,7 @@ bool ZoneScene::workOutMissing(kernel::DataSet const& dataSet, std::vector<int> 
         if (before && before->key() == key)
             known[zone] = std::move(before);
         else
-            requests.push_back({zone, ZoneSource(dataSet, number, look), std::move(before)});
+            requests.push_back({zone, ZoneSource(dataSet, item.zone, look, item.cut), std::move(before)});
     }
     if (requests.empty()) {
         m_work.drop();
@@ -175,6 +194,7 @@ void ZoneScene::clear()
 {
     m_work.drop();
     m_drawings.clear();
+    m_cuts.clear();
     updateBatches(false);
 }
 

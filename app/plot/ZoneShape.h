@@ -21,8 +21,17 @@ struct ZoneShape
     vtkSmartPointer<vtkCellArray> lines;
     vtkSmartPointer<vtkCellArray> polygons;
 
+    /// A point between two points of the zone, zero-based.
+    struct Mix
+    {
+        std::int64_t first;
+        std::int64_t second;
+        double share; ///< of the way from the first to the second
+    };
+
     std::int64_t pointCount = 0;
     std::vector<std::int64_t> points; ///< zero-based point of the zone for each drawn one; empty = the same numbers
+    std::vector<Mix> mixes;           ///< where each drawn point is, in the place of the above, for a cut through cells
     std::vector<std::int64_t> cells;  ///< value slot of each drawn cell (vertices, lines, polygons); empty = in order
 
     std::shared_ptr<kernel::Connectivity const> connectivity; ///< keeps adopted cell arrays alive

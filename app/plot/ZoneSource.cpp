@@ -7,7 +7,16 @@ namespace veldraw::app {
 bool GeometryKey::hasSameCells(GeometryKey const& other) const
 {
     return type == other.type && dimensions == other.dimensions && isScattered == other.isScattered &&
-           cells == other.cells && blanking == other.blanking;
+           cells == other.cells && blanking == other.blanking && hasSameCut(other);
+}
+
+// Where a surface goes through the cells depends on the coordinates.
+bool GeometryKey::hasSameCut(GeometryKey const& other) const
+{
+    if (!cut || !other.cut)
+        return !cut && !other.cut;
+    return cut->hasSamePlace(*other.cut) && levels == other.levels &&
+           (cut->isOfIndex() || cut->kind == kernel::CutKind::IsoSurface || coordinates == other.coordinates);
 }
 
 bool GeometryKey::hasSamePlaces(GeometryKey const& other) const
@@ -27,7 +36,7 @@ kernel::UniqueId revisionOf(kernel::Field const* field)
     return field->isLoaded() ? field->group()->revision() : -1;
 }
 
-GeometryKey geometryKeyOf(kernel::DataSet const& dataSet, int number, FieldLook const& look)
+GeometryKey geometryKeyOf(kernel::DataSet const& dataSet, int number, FieldLook const& look, kernel::Cut const* cut)
 {
     kernel::Zone const& zone = *dataSet.zones()[static_cast<std::size_t>(number - 1)];
     GeometryKey key;
@@ -40,14 +49,20 @@ GeometryKey geometryKeyOf(kernel::DataSet const& dataSet, int number, FieldLook 
         key.coordinates[axis] = revisionOf(dataSet.field(number, look.axes[axis]));
     key.space = look.space;
     key.inSpace = look.inSpace;
+    if (cut) {
+        key.cut = *cut;
+        if (cut->kind == kernel::CutKind::IsoSurface)
+            key.levels = revisionOf(dataSet.field(number, dataSet.variableNumber(cut->variable)));
+    }
     return key;
 }
 
-ZoneSource::ZoneSource(kernel::DataSet const& dataSet, int number, FieldLook const& look)
-    : m_key(geometryKeyOf(dataSet, number, look))
+ZoneSource::ZoneSource(kernel::DataSet const& dataSet, int number, FieldLook const& look, kernel::Cut const* cut)
+    : m_key(geometryKeyOf(dataSet, number, look, cut))
     , m_positions{FieldValues(dataSet.field(number, look.axes[0])), FieldValues(dataSet.field(number, look.axes[1])),
                   FieldValues(dataSet.field(number, look.axes[2]))}
     , m_isUsed{look.axes[0] > 0, look.axes[1] > 0, look.axes[2] > 0}
+    , m_levels(cut ? CutLevels(dataSet, number, look.axes, *cut) : CutLevels())
 {
     auto const zone = std::make_shared<kernel::Zone>(std::string(), m_key.type, m_key.dimensions[0],
                                                      m_key.dimensions[1], m_key.dimensions[2]);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/plot/CutLevels.h"
 #include "app/plot/FieldLook.h"
 #include "app/plot/FieldValues.h"
 #include "kernel/data/DataSet.h"
@@ -7,6 +8,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <optional>
 
 namespace veldraw::app {
 
@@ -22,8 +24,11 @@ struct GeometryKey
         coordinates{}; ///< revisions of the values; 0 passive or unused, negative not loaded
     PlotSpace space;
     bool inSpace = false;
+    std::optional<kernel::Cut> cut; ///< what is drawn is a cut through the zone, not its outer parts
+    kernel::UniqueId levels = 0;    ///< revision of the values of an iso-surface
 
-    bool hasSameCells(GeometryKey const& other) const;
+    bool hasSameCells(GeometryKey const& other) const; ///< so that shapes are the same
+    bool hasSameCut(GeometryKey const& other) const;
     bool hasSamePlaces(GeometryKey const& other) const; ///< the same points of the data, wherever in the scene
     bool operator==(GeometryKey const& other) const;
     bool operator!=(GeometryKey const& other) const { return !(*this == other); }
@@ -35,12 +40,16 @@ class ZoneSource
 {
 public:
     /// @param number one-based, of a zone that exists
-    ZoneSource(kernel::DataSet const& dataSet, int number, FieldLook const& look);
+    /// @param cut to be drawn of the zone; null for the zone itself
+    ZoneSource(kernel::DataSet const& dataSet, int number, FieldLook const& look, kernel::Cut const* cut = nullptr);
 
     GeometryKey const& key() const { return m_key; }
 
     /// The zone without its fields.
     kernel::Zone const& zone() const { return *m_zone; }
+
+    /// Sides of the cut, where one is drawn.
+    CutLevels const& levels() const { return m_levels; }
 
     /// Where a zero-based point lies in the scene; not finite when it has no place.
     std::array<double, 3> scenePosition(std::int64_t point) const;
@@ -50,10 +59,12 @@ private:
     std::shared_ptr<kernel::Zone const> m_zone;
     std::array<FieldValues, 3> m_positions;
     std::array<bool, 3> m_isUsed;
+    CutLevels m_levels;
 };
 
 /// The key alone, without a hold on anything but the cells.
-GeometryKey geometryKeyOf(kernel::DataSet const& dataSet, int number, FieldLook const& look);
+GeometryKey geometryKeyOf(kernel::DataSet const& dataSet, int number, FieldLook const& look,
+                          kernel::Cut const* cut = nullptr);
 
 /// Stands for the values of a field: its revision, 0 without values, -1 while they are not loaded.
 kernel::UniqueId revisionOf(kernel::Field const* field);

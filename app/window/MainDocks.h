@@ -13,10 +13,11 @@ class QMenu;
 namespace veldraw::app {
 
 class AssignmentPanel;
+class CutPanel;
 class DataPanel;
 class MessagePanel;
 
-/// The docks around the page, with data, plot and messages, and the actions that move the keyboard focus to them.
+/// The docks around the page, with data, plot, slices and messages, and the actions that move the keyboard focus to them.
 class MainDocks : public QObject
 {
     Q_OBJECT
@@ -30,6 +31,9 @@ public:
 
     /// Moves the focus to the variables of the plot.
     QAction& focusOnPlot() { return *m_focusOnPlot; }
+
+    /// Moves the focus to the slices of the plot.
+    QAction& focusOnCuts() { return *m_focusOnCuts; }
 
     /// Adds the actions that show and hide each dock.
     void addToggles(QMenu& menu);
@@ -54,11 +58,14 @@ private:
     QWidget& m_page;
     DataPanel* m_data;
     AssignmentPanel* m_assignment;
+    CutPanel* m_cuts;
     MessagePanel* m_messages;
     QDockWidget* m_dataDock;
     QDockWidget* m_plotDock;
+    QDockWidget* m_cutDock;
     QDockWidget* m_messageDock;
     QAction* m_focusOnPlot;
+    QAction* m_focusOnCuts;
 };
 
 } // namespace veldraw::app

@@ -146,7 +146,7 @@ void MainWindow::makePlotMenu()
     menu.addSeparator();
     menu.addActions(m_frames.plotOptions());
     menu.addSeparator();
-    menu.addActions({&m_plots.assignAxes(), &m_plots.assignVector(), &m_docks->focusOnPlot()});
+    menu.addActions({&m_plots.assignAxes(), &m_plots.assignVector(), &m_docks->focusOnPlot(), &m_docks->focusOnCuts()});
 }
 
 void MainWindow::makeViewMenu()

@@ -50,6 +50,7 @@ NUMERICS = {
     'CGAL': {'kernel/compute/LinedTriangulation.h', 'kernel/compute/PlaneTriangulation.cpp'},
     'Eigen': {'kernel/compute/DenseKriging.cpp', 'kernel/compute/DriftBasis.h'},
     'FFTW': {'kernel/compute/FourierPlan.cpp'},
+    'GMP': {'kernel/base/ExactMemory.cpp'},
     'OpenMP': set(),  # its library ends the process where there are no threads to be had
 }
 
@@ -91,7 +92,7 @@ def kind_of(name):
 def numerical_library(name):
     """The key in NUMERICS of what <name> belongs to, or None."""
     first = name.split('/')[0]
-    return {'omp.h': 'OpenMP', 'fftw3.h': 'FFTW'}.get(first, first if first in NUMERICS else None)
+    return {'omp.h': 'OpenMP', 'fftw3.h': 'FFTW', 'gmp.h': 'GMP'}.get(first, first if first in NUMERICS else None)
 
 
 def outside_allowed(folder):

@@ -1,5 +1,6 @@
 #include "kernel/compute/PlaneTriangulation.h"
 
+#include "kernel/base/ExactMemory.h"
 #include "tests/kernel/support/LookCounter.h"
 #include "tests/kernel/support/PlaneTriangles.h"
 #include "tests/kernel/support/ScatteredPoints.h"
@@ -621,6 +622,7 @@ TEST(PlaneTriangulation, GivesItsMemoryBackWhenThereIsNoMore)
     goThroughAll(progress);
     for (int request = 1;; ++request) {
         std::int64_t const before = allocatedBytes();
+        std::int64_t const helpBefore = ExactMemory::timesReserveWasUsed();
         bool isDone = false;
         bool hasFailed = false;
         {
@@ -634,7 +636,8 @@ TEST(PlaneTriangulation, GivesItsMemoryBackWhenThereIsNoMore)
             hasFailed = failure.hasHappened();
         }
         EXPECT_EQ(allocatedBytes(), before) << request;
-        EXPECT_EQ(isDone, !hasFailed) << request;
+        bool const hasHelp = ExactMemory::timesReserveWasUsed() > helpBefore; // of exact numbers, which take no refusal
+        EXPECT_EQ(isDone, !hasFailed || hasHelp) << request;
         if (!hasFailed) {
             EXPECT_GT(request, 50);
             break;

@@ -1,3 +1,4 @@
+#include "kernel/base/ExactMemory.h"
 #include "kernel/operations/AddFrame.h"
 #include "kernel/operations/CutOperation.h"
 #include "kernel/operations/DeleteAuxiliaryItem.h"
@@ -236,7 +237,10 @@ TEST(WithoutMemory, ZonesAreTriangulatedWhollyOrNotAtAll)
     auto const triangulate = [](Stage& stage) {
         return stage.session.perform(Triangulate(stage.frame->id, bothZones, {3, 4}, true, 0.25));
     };
+    std::int64_t const before = ExactMemory::timesReserveWasUsed();
     EXPECT_GE(sweepMemory(triangulate, addBoundaries), 100);
+    EXPECT_GT(ExactMemory::timesReserveWasUsed(), before)
+        << "some of it is asked for by exact numbers, where the lines cross";
 }
 
 TEST(WithoutMemory, ZoneOperationsAreUndoneAndRedone)

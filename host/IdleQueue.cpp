@@ -6,6 +6,8 @@
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <memory>
+#include <new>
 
 namespace veldraw::sdk::ui::common {
 
@@ -19,7 +21,9 @@ void IdleQueue::schedule(boost::shared_ptr<IdleAction> const& action)
 {
     if (action->isWaiting())
         return;
-    m_entries.push_back({action, m_nextNumber++});
+    makeTimer(); // before anything waits, so that without memory nothing has changed
+    m_entries.push_back({action, m_nextNumber});
+    ++m_nextNumber;
     action->setWaiting(true);
     arm();
 }
@@ -69,18 +73,29 @@ bool IdleQueue::isHeld() const
     return m_holds > 0 || AppLock::depth() > 0;
 }
 
-void IdleQueue::arm()
+// What waits goes on waiting when there is no memory: whoever schedules, locks or holds next arms again.
+void IdleQueue::arm() noexcept
 {
-    if (m_entries.empty() || isHeld() || !QCoreApplication::instance())
+    if (m_entries.empty() || isHeld())
         return;
-    if (!m_timer) {
-        m_timer = new QTimer(QCoreApplication::instance());
-        m_timer->setSingleShot(true);
-        m_timer->setInterval(0);
-        QObject::connect(m_timer, &QTimer::timeout, m_timer, [] { IdleQueue::instance().runRound(); });
+    try {
+        makeTimer();
+        if (m_timer && !m_timer->isActive())
+            m_timer->start();
+    } catch (std::bad_alloc const&) {
     }
-    if (!m_timer->isActive())
-        m_timer->start();
+}
+
+void IdleQueue::makeTimer()
+{
+    if (m_timer || !QCoreApplication::instance())
+        return;
+    auto timer = std::make_unique<QTimer>();
+    timer->setSingleShot(true);
+    timer->setInterval(0);
+    QObject::connect(timer.get(), &QTimer::timeout, timer.get(), [] { IdleQueue::instance().runRound(); });
+    timer->setParent(QCoreApplication::instance());
+    m_timer = timer.release();
 }
 
 } // namespace veldraw::sdk::ui::common

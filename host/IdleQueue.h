@@ -37,8 +37,8 @@ public:
     /// Whether idle is held back, by hold() or by an AppLock.
     bool isHeld() const;
 
-    /// Starts the timer when something waits and may run.
-    void arm();
+    /// Starts the timer when something waits and may run. Objects that go away call it.
+    void arm() noexcept;
 
     IdleQueue(IdleQueue const&) = delete;
     IdleQueue& operator=(IdleQueue const&) = delete;
@@ -47,6 +47,7 @@ private:
     IdleQueue() = default;
     ~IdleQueue() = default;
     void runFront();
+    void makeTimer();
 
     struct Entry
     {

@@ -1,5 +1,7 @@
 #include "host/MessageLog.h"
 
+#include "platform/signals/WholeConnection.h"
+
 namespace veldraw::host {
 
 namespace {
@@ -39,7 +41,7 @@ void MessageLog::clear()
 
 boost::signals2::connection MessageLog::connectEntryAdded(EntryAddedSignal::slot_type const& slot)
 {
-    return m_entryAdded.connect(slot);
+    return sdk::connectWhole(slot, [this](auto const& whole) { return m_entryAdded.connect(whole); });
 }
 
 } // namespace veldraw::host

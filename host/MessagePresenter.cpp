@@ -2,6 +2,7 @@
 
 #include "host/MessageBox.h"
 #include "host/MessageLog.h"
+#include "platform/signals/WholeConnection.h"
 
 #include <cstdio>
 #include <utility>
@@ -74,7 +75,7 @@ std::string const& MessagePresenter::details()
 boost::signals2::connection
 MessagePresenter::connectAboutToPresent(boost::signals2::signal<void()>::slot_type const& slot)
 {
-    return aboutToPresent().connect(slot);
+    return sdk::connectWhole(slot, [](auto const& whole) { return aboutToPresent().connect(whole); });
 }
 
 MessagePresenter::Presenter MessagePresenter::install(Presenter presenter)

@@ -2,6 +2,7 @@
 
 #include "host/MessageLog.h"
 #include "kernel/session/Session.h"
+#include "platform/signals/WholeConnection.h"
 #include "platform/vdtoolbox/StateChangeListenerInterface.h"
 
 #include <boost/signals2/expired_slot.hpp>
@@ -64,7 +65,7 @@ void StateChangeEventObservable::removeListener(toolbox::StateChangeListenerInte
 
 boost::signals2::connection StateChangeEventObservable::connectStateChanged(StateChangeSignal::slot_type const& slot)
 {
-    return m_signal.connect(slot);
+    return sdk::connectWhole(slot, [this](auto const& whole) { return m_signal.connect(whole); });
 }
 
 void StateChangeEventObservable::notify(toolbox::StateChangeEventInterface const& event)

@@ -1,6 +1,11 @@
 #include "platform/vdsdkcommon/WaitState.h"
 
+#include "platform/signals/WholeConnection.h"
+
 #include <QApplication>
+
+#include <cstddef>
+#include <utility>
 
 namespace veldraw::sdk {
 
@@ -16,28 +21,45 @@ WaitState::BusyChangedSignal& busyChanged()
     return *signal;
 }
 
+// A listener that fails keeps neither the session busy nor the others from hearing; those that have heard take no harm from hearing again.
+void endBusyState() noexcept
+{
+    --openWaitStates;
+    if (std::exchange(cursorIsShown, false))
+        QGuiApplication::restoreOverrideCursor();
+    for (std::size_t left = busyChanged().num_slots(); left > 0; --left) {
+        try {
+            busyChanged()(false);
+            return;
+        } catch (...) {
+        }
+    }
+}
+
 } // namespace
 
 WaitState::WaitState()
 {
-    if (++openWaitStates > 1)
+    if (openWaitStates++ > 0)
         return;
-    if (qobject_cast<QApplication*>(QCoreApplication::instance())) {
-        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-        cursorIsShown = true;
+    try {
+        if (qobject_cast<QApplication*>(QCoreApplication::instance())) {
+            QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+            cursorIsShown = true;
+        }
+        busyChanged()(true);
+    } catch (...) {
+        endBusyState(); // there will be no object to do so
+        throw;
     }
-    busyChanged()(true);
 }
 
 WaitState::~WaitState()
 {
-    if (--openWaitStates > 0)
-        return;
-    if (cursorIsShown) {
-        QGuiApplication::restoreOverrideCursor();
-        cursorIsShown = false;
-    }
-    busyChanged()(false);
+    if (openWaitStates > 1)
+        --openWaitStates;
+    else
+        endBusyState();
 }
 
 int WaitState::depth()
@@ -47,7 +69,7 @@ int WaitState::depth()
 
 boost::signals2::connection WaitState::connectBusyChanged(BusyChangedSignal::slot_type const& slot)
 {
-    return busyChanged().connect(slot);
+    return sdk::connectWhole(slot, [](auto const& whole) { return busyChanged().connect(whole); });
 }
 
 } // namespace veldraw::sdk

@@ -9,7 +9,15 @@ ScopedExitAction::ScopedExitAction(std::function<void()> const& action)
 
 ScopedExitAction::~ScopedExitAction() noexcept(false)
 {
-    m_action();
+    if (std::uncaught_exceptions() == m_exceptionsBefore) {
+        m_action();
+        return;
+    }
+    try {
+        m_action();
+    } catch (...) {
+        // One exception is on its way already, and two would end the program.
+    }
 }
 
 } // namespace veldraw::sdk::ui::dialogs::propertybindings

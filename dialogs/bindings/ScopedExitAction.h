@@ -1,5 +1,6 @@
 #pragma once
 
+#include <exception>
 #include <functional>
 
 namespace veldraw::sdk::ui::dialogs::propertybindings {
@@ -15,11 +16,12 @@ public:
     ScopedExitAction(ScopedExitAction const&) = delete;
     ScopedExitAction& operator=(ScopedExitAction const&) = delete;
 
-    /// What the action throws leaves the scope; an empty action throws `std::bad_function_call`.
+    /// What the action throws leaves the scope, unless an exception is already leaving it; an empty action throws `std::bad_function_call`.
     virtual ~ScopedExitAction() noexcept(false);
 
 private:
     std::function<void()> m_action;
+    int m_exceptionsBefore = std::uncaught_exceptions();
 };
 
 } // namespace veldraw::sdk::ui::dialogs::propertybindings

@@ -5,6 +5,7 @@
 #include "dialogs/bindings/SpinBoxStep.h"
 #include "dialogs/bindings/ValueCommit.h"
 #include "dialogs/bindings/WheelGuard.h"
+#include "platform/signals/WholeConnection.h"
 
 #include <QLineEdit>
 #include <QSignalBlocker>
@@ -67,9 +68,9 @@ template <typename T, typename Box>
 boost::signals2::connection
 SpinBoxPropertyBinding<T, Box>::connectArrowsUsed(ArrowsUsedSignal::slot_type const& slot) const
 {
-    boost::signals2::connection connection = signalArrowsUsed.connect(slot);
-    signalArrowsUsedConnected();
-    return connection;
+    return sdk::connectWhole(
+        slot, [this](auto const& whole) { return signalArrowsUsed.connect(whole); },
+        [this] { signalArrowsUsedConnected(); });
 }
 
 template <typename T, typename Box>

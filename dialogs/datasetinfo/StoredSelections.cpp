@@ -8,6 +8,7 @@
 #include "platform/vdsdkcommon/Names.h"
 
 #include <map>
+#include <new>
 
 namespace veldraw::dialogs::data {
 
@@ -89,9 +90,14 @@ StoredSelections::StoredSelections(ZoneVarInfoPropertiesManager const& manager)
 // Not at each selection: numbers stay selected when they go to others.
 StoredSelections::~StoredSelections()
 {
-    sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
-    remembered().zones = withIDs(m_manager.selectedZones()->value(), &sdk::zoneUniqueIDForFrame);
-    remembered().variables = withIDs(m_manager.selectedVars()->value(), &VelUtilVarGetUniqueIDForFrame);
+    try {
+        sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
+        auto zones = withIDs(m_manager.selectedZones()->value(), &sdk::zoneUniqueIDForFrame);
+        remembered().variables = withIDs(m_manager.selectedVars()->value(), &VelUtilVarGetUniqueIDForFrame);
+        remembered().zones = std::move(zones);
+    } catch (std::bad_alloc const&) {
+        // What was remembered before stays.
+    }
 }
 
 } // namespace veldraw::dialogs::data

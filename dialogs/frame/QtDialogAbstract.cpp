@@ -13,6 +13,7 @@
 #include <QScreen>
 #include <QShowEvent>
 
+#include <new>
 #include <utility>
 
 namespace veldraw::dialogs::common {
@@ -220,8 +221,13 @@ void QtDialogAbstract::saveState()
 {
     if (!std::exchange(m_holdsUnsavedState, false))
         return;
-    for (auto const& state : m_states)
-        state->save();
+    for (auto const& state : m_states) {
+        try {
+            state->save();
+        } catch (std::bad_alloc const&) {
+            // The dialog is going away: what it kept before stays.
+        }
+    }
 }
 
 std::vector<QObject*> QtDialogAbstract::relevanceTargets() const

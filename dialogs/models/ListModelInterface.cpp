@@ -1,5 +1,7 @@
 #include "dialogs/models/ListModelInterface.h"
 
+#include "platform/signals/WholeConnection.h"
+
 namespace veldraw::sdk::ui::dialogs::propertybindings::models {
 
 namespace {
@@ -18,43 +20,43 @@ ListModelInterface<T>::~ListModelInterface() = default;
 template <typename T>
 boost::signals2::connection ListModelInterface<T>::connectDataChanged(DataChangedSignal::slot_type const& slot) const
 {
-    boost::signals2::connection const connection = signalDataChanged.connect(listenerGroup, slot);
-    signalDataChangedConnected();
-    return connection;
+    return sdk::connectWhole(
+        slot, [this](auto const& whole) { return signalDataChanged.connect(listenerGroup, whole); },
+        [this] { signalDataChangedConnected(); });
 }
 
 template <typename T>
 boost::signals2::connection ListModelInterface<T>::connectItemChanged(ItemChangedSignal::slot_type const& slot) const
 {
-    boost::signals2::connection const connection = signalItemChanged.connect(listenerGroup, slot);
-    signalItemChangedConnected();
-    return connection;
+    return sdk::connectWhole(
+        slot, [this](auto const& whole) { return signalItemChanged.connect(listenerGroup, whole); },
+        [this] { signalItemChangedConnected(); });
 }
 
 template <typename T>
 boost::signals2::connection
 ListModelInterface<T>::connectItemsInserted(ItemsInsertedSignal::slot_type const& slot) const
 {
-    boost::signals2::connection const connection = signalItemsInserted.connect(listenerGroup, slot);
-    signalItemsInsertedConnected();
-    return connection;
+    return sdk::connectWhole(
+        slot, [this](auto const& whole) { return signalItemsInserted.connect(listenerGroup, whole); },
+        [this] { signalItemsInsertedConnected(); });
 }
 
 template <typename T>
 boost::signals2::connection
 ListModelInterface<T>::connectItemsAboutToBeRemoved(ItemsAboutToBeRemovedSignal::slot_type const& slot) const
 {
-    boost::signals2::connection const connection = signalItemsAboutToBeRemoved.connect(listenerGroup, slot);
-    signalItemsAboutToBeRemovedConnected();
-    return connection;
+    return sdk::connectWhole(
+        slot, [this](auto const& whole) { return signalItemsAboutToBeRemoved.connect(listenerGroup, whole); },
+        [this] { signalItemsAboutToBeRemovedConnected(); });
 }
 
 template <typename T>
 boost::signals2::connection ListModelInterface<T>::connectItemsRemoved(ItemsRemovedSignal::slot_type const& slot) const
 {
-    boost::signals2::connection const connection = signalItemsRemoved.connect(listenerGroup, slot);
-    signalItemsRemovedConnected();
-    return connection;
+    return sdk::connectWhole(
+        slot, [this](auto const& whole) { return signalItemsRemoved.connect(listenerGroup, whole); },
+        [this] { signalItemsRemovedConnected(); });
 }
 
 template <typename T>

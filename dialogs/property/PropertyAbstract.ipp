@@ -3,6 +3,7 @@
 #include "dialogs/property/AllowAnyValueValidator.h"
 #include "dialogs/property/PropertyAbstract.h"
 #include "platform/exception/InvalidPropertyValueException.h"
+#include "platform/signals/WholeConnection.h"
 
 #include <boost/make_shared.hpp>
 
@@ -72,9 +73,9 @@ template <typename T>
 boost::signals2::connection PropertyAbstract<T>::connectValueChanged(typename ValueChangedSignal::slot_type const& slot,
                                                                      boost::signals2::connect_position position) const
 {
-    boost::signals2::connection connection = signalValueChanged.connect(slot, position);
-    signalValueChangedConnected();
-    return connection;
+    return sdk::connectWhole(
+        slot, [=](auto const& whole) { return signalValueChanged.connect(whole, position); },
+        [this] { signalValueChangedConnected(); });
 }
 
 template <typename T>

@@ -1,5 +1,7 @@
 #include "dialogs/property/PropertyItemInterface.h"
 
+#include "platform/signals/WholeConnection.h"
+
 namespace veldraw {
 
 PropertyItemInterface::~PropertyItemInterface() = default;
@@ -8,9 +10,9 @@ boost::signals2::connection
 PropertyItemInterface::connectPropertyChanged(PropertyChangedSignal::slot_type const& slot,
                                               boost::signals2::connect_position position) const
 {
-    boost::signals2::connection connection = signalPropertyChanged.connect(slot, position);
-    signalPropertyChangedConnected();
-    return connection;
+    return sdk::connectWhole(
+        slot, [=](auto const& whole) { return signalPropertyChanged.connect(whole, position); },
+        [this] { signalPropertyChangedConnected(); });
 }
 
 void PropertyItemInterface::signalPropertyChangedConnected() const {}

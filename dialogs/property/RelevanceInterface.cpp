@@ -1,5 +1,7 @@
 #include "dialogs/property/RelevanceInterface.h"
 
+#include "platform/signals/WholeConnection.h"
+
 namespace veldraw::sdk::ui::propertymanager {
 
 RelevanceInterface::~RelevanceInterface() = default;
@@ -7,9 +9,9 @@ RelevanceInterface::~RelevanceInterface() = default;
 boost::signals2::connection
 RelevanceInterface::connectRelevanceChanged(RelevanceChangedSignal::slot_type const& slot) const
 {
-    boost::signals2::connection connection = signalRelevanceChanged.connect(slot);
-    signalRelevanceChangedConnected();
-    return connection;
+    return sdk::connectWhole(
+        slot, [this](auto const& whole) { return signalRelevanceChanged.connect(whole); },
+        [this] { signalRelevanceChangedConnected(); });
 }
 
 void RelevanceInterface::signalRelevanceChangedConnected() const {}

@@ -1,5 +1,7 @@
 #include "dialogs/property/UIKernelStylePropertiesInterface.h"
 
+#include "platform/signals/WholeConnection.h"
+
 namespace veldraw::sdk::ui::propertymanager {
 
 UIKernelStylePropertiesInterface::~UIKernelStylePropertiesInterface() = default;
@@ -10,16 +12,16 @@ void UIKernelStylePropertiesInterface::signalSubmittedConnected() const {}
 
 boost::signals2::connection UIKernelStylePropertiesInterface::connectInitialized(Signal::slot_type const& slot) const
 {
-    boost::signals2::connection connection = signalInitialized.connect(slot);
-    signalInitializedConnected();
-    return connection;
+    return sdk::connectWhole(
+        slot, [this](auto const& whole) { return signalInitialized.connect(whole); },
+        [this] { signalInitializedConnected(); });
 }
 
 boost::signals2::connection UIKernelStylePropertiesInterface::connectSubmitted(Signal::slot_type const& slot) const
 {
-    boost::signals2::connection connection = signalSubmitted.connect(slot);
-    signalSubmittedConnected();
-    return connection;
+    return sdk::connectWhole(
+        slot, [this](auto const& whole) { return signalSubmitted.connect(whole); },
+        [this] { signalSubmittedConnected(); });
 }
 
 } // namespace veldraw::sdk::ui::propertymanager

@@ -1,5 +1,7 @@
 #include "dialogs/widgets/StepSignalSpinBox.h"
 
+#include "platform/signals/WholeConnection.h"
+
 #include <QHideEvent>
 
 namespace veldraw::ui {
@@ -38,17 +40,17 @@ void StepSignalSpinBox<Base>::stopStepping()
 template <typename Base>
 boost::signals2::connection StepSignalSpinBox<Base>::connectIncrement(boost::function<void(int)> const& slot)
 {
-    boost::signals2::connection connection = m_increment.connect(slot);
-    signalIncrementConnected();
-    return connection;
+    return sdk::connectWhole(
+        StepSignal::slot_type(slot), [this](auto const& whole) { return m_increment.connect(whole); },
+        [this] { signalIncrementConnected(); });
 }
 
 template <typename Base>
 boost::signals2::connection StepSignalSpinBox<Base>::connectDecrement(boost::function<void(int)> const& slot)
 {
-    boost::signals2::connection connection = m_decrement.connect(slot);
-    signalDecrementConnected();
-    return connection;
+    return sdk::connectWhole(
+        StepSignal::slot_type(slot), [this](auto const& whole) { return m_decrement.connect(whole); },
+        [this] { signalDecrementConnected(); });
 }
 
 template <typename Base>

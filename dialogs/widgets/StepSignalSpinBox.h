@@ -37,8 +37,9 @@ private:
     virtual void signalIncrementConnected() const;
     virtual void signalDecrementConnected() const;
 
-    boost::signals2::signal<void(int)> m_increment;
-    boost::signals2::signal<void(int)> m_decrement;
+    using StepSignal = boost::signals2::signal<void(int)>;
+    StepSignal m_increment;
+    StepSignal m_decrement;
 };
 
 extern template class VDSDKDIALOGS_DATA_QT_API StepSignalSpinBox<QSpinBox>;

@@ -134,7 +134,7 @@ def ours_allowed(folder, included):
 
 def dialogs_allowed(part, target_layer, target_part, included):
     if target_layer == 'platform':
-        return part != 'widgets' or included == 'platform/PlatformApi.h'
+        return part != 'widgets' or included in ('platform/PlatformApi.h', 'platform/signals/WholeConnection.h')
     if target_layer != 'dialogs':
         return False
     if target_part == part or included == FOR_ALL_DIALOGS:

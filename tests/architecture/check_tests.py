@@ -34,6 +34,7 @@ NAMED_OTHERWISE = {
     'tests/dialogs/models/StockListModelsTest.cpp': 'all lists of zones, variables and line maps',
     'tests/dialogs/zoneops/CreationGuardsTest.cpp': 'all dialogs that create zones',
     'tests/host/IdleTest.cpp': 'all ways to wait for idle',
+    'tests/host/WholeConnectionTest.cpp': 'how slots of all signals are connected, by a header of the platform',
     'tests/host/WithoutApplicationTest.cpp': 'all of the host, where there is no application object',
     'tests/kernel/api/VelUtilTest.cpp': 'the C functions together',
 }

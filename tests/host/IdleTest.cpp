@@ -6,6 +6,7 @@
 #include "platform/vdsdkuicommon/IdleDispatcher.h"
 #include "platform/vdsdkuicommon/OnIdleActionPerformerSingleShot.h"
 #include "tests/host/MessageRecorder.h"
+#include "tests/support/AllocationFailure.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
@@ -13,6 +14,7 @@
 
 #include <gmock/gmock.h>
 #include <memory>
+#include <new>
 #include <stdexcept>
 #include <string>
 
@@ -160,6 +162,46 @@ TEST_F(Idle, IsHeldBackWhileALockIsHeld)
     EXPECT_EQ(m_text, "");
     turn();
     EXPECT_EQ(m_text, "a");
+}
+
+TEST_F(Idle, OutlivesLackOfMemoryWhereALockOrAHoldEnds)
+{
+    for (int request = 1; request < 20; ++request) {
+        m_text.clear();
+        auto const a = writer('a');
+        auto lock = std::make_unique<AppLock>(AppLock::RecordAsUsual);
+        auto hold = std::make_unique<host::IdleHold>();
+        a->enableNotification();
+        {
+            AllocationFailure const failure(request, AllocationFailure::Lasting::FromThenOn);
+            lock.reset();
+            hold.reset();
+        }
+        AppLock(AppLock::RecordAsUsual); // what comes next
+        turn();
+        EXPECT_EQ(m_text, "a") << request;
+    }
+}
+
+TEST_F(Idle, WaitsForAllOrForNothingWithoutMemory)
+{
+    int refused = 0;
+    for (int request = 1; request < 20; ++request) {
+        m_text.clear();
+        auto const a = writer('a');
+        try {
+            AllocationFailure const failure(request, AllocationFailure::Lasting::FromThenOn);
+            a->enableNotification();
+        } catch (std::bad_alloc const&) {
+            ++refused;
+            EXPECT_EQ(IdleDispatcher::pendingCount(), 0) << request;
+            a->enableNotification();
+        }
+        AppLock(AppLock::RecordAsUsual);
+        turn();
+        EXPECT_EQ(m_text, "a") << request;
+    }
+    EXPECT_LT(refused, 19);
 }
 
 TEST_F(Idle, WaitsWhenALockIsTakenAfterTheRequest)

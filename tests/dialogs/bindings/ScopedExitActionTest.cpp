@@ -59,4 +59,13 @@ TEST(ScopedExitAction, LetsOutWhatTheActionThrows)
 }
 
 } // namespace
+TEST(ScopedExitAction, LetsTheFirstOfTwoExceptionsLeave)
+{
+    auto const failTwice = [] {
+        ScopedExitAction const failing([] { throw std::runtime_error("second"); });
+        throw std::logic_error("first");
+    };
+    EXPECT_THROW(failTwice(), std::logic_error);
+}
+
 } // namespace veldraw::tests

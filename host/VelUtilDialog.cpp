@@ -24,5 +24,7 @@ void VelUtilDialogErrMsg(char const* message)
 
 bool VelUtilDialogMessageBox(char const* text, int type)
 {
-    return present(text, static_cast<MessageBoxType_e>(type));
+    // What is of no kind is told all the same.
+    bool const isKind = type >= MessageBoxType_Error && type <= MessageBoxType_Information;
+    return present(text, isKind ? static_cast<MessageBoxType_e>(type) : MessageBoxType_Information);
 }

@@ -147,7 +147,8 @@ void readStyleValuesOnce()
     data.read("SmoothBndryCond", boundary);
     data.read("NumSmoothPasses", passes);
     data.read("SmoothWeight", weight);
-    theBoundaryCondition->setValue(static_cast<BoundaryCondition_e>(boundary));
+    if (boundary >= BoundaryCondition_Fixed && boundary <= BoundaryCondition_SecondOrder)
+        theBoundaryCondition->setValue(static_cast<BoundaryCondition_e>(boundary));
     theNumberOfPasses->setValue(static_cast<int>(passes));
     theSmoothWeight->setValue(weight);
 }

@@ -6,6 +6,7 @@
 #include "dialogs/spreadsheet/EditedCell.h"
 #include "dialogs/spreadsheet/ZoneVarTableModelAbstract.h"
 #include "dialogs/widgets/NumberValidators.h"
+#include "platform/exception/IOException.h"
 #include "platform/vdsdkbase/VelUtilDataValue.h"
 
 #include <QAbstractItemView>
@@ -18,6 +19,7 @@
 
 #include <charconv>
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -113,16 +115,20 @@ ZoneVarTableItemDelegate::~ZoneVarTableItemDelegate() = default;
 QWidget* ZoneVarTableItemDelegate::createEditor(QWidget* parent, QStyleOptionViewItem const& option,
                                                 QModelIndex const& index) const
 {
-    QWidget* const editor = QStyledItemDelegate::createEditor(parent, option, index);
-    auto* const lineEdit = qobject_cast<QLineEdit*>(editor);
+    std::unique_ptr<QWidget> editor(QStyledItemDelegate::createEditor(parent, option, index));
+    auto* const lineEdit = qobject_cast<QLineEdit*>(editor.get());
     auto const table = shownTable();
     if (lineEdit && table) {
         lineEdit->setAlignment(Qt::AlignRight);
         ModelIndex const cell = tableIndex(index);
-        limitToType(*lineEdit, table->fieldDataType(cell));
+        try {
+            limitToType(*lineEdit, table->fieldDataType(cell));
+        } catch (IOException const&) {
+            return nullptr; // nothing can be entered where it is unknown what a value may be
+        }
         new EditedCell(*lineEdit, *table, cell);
     }
-    return editor;
+    return editor.release();
 }
 
 boost::shared_ptr<ZoneVarTableModelAbstract> ZoneVarTableItemDelegate::shownTable() const

@@ -17,6 +17,8 @@
 
 #include <boost/lexical_cast.hpp>
 
+#include <optional>
+
 namespace veldraw::sdk::ui::dialogs::propertybindings::models {
 
 using integration::StateChangeEventObservable;
@@ -32,6 +34,18 @@ void loadDimensions(int zone, long long& i, long long& j, long long& k)
     if (VelUtilInterruptIsSet())
         throw InterruptedException();
     throw IOException("Failed to load zone metrics.");
+}
+
+// A question that fails once is asked again; what is no type, such as for a zone that has gone, is taken for none.
+std::optional<FieldDataType_e> knownFieldDataType(int zone, int variable)
+{
+    constexpr int tries = 2;
+    for (int attempt = 0; attempt < tries; ++attempt) {
+        int const type = VelUtilDataValueGetType(zone, variable);
+        if (type >= FieldDataType_Float && type <= FieldDataType_Bit)
+            return static_cast<FieldDataType_e>(type);
+    }
+    return std::nullopt;
 }
 
 } // namespace
@@ -118,7 +132,8 @@ std::string ZoneVarTableModelAbstract::shortestStr(ModelIndex const& index) cons
     AppLock const lock(AppLock::RecordAsUsual);
     double const value = VelUtilDataValueGetByZoneVar(m_zone, variable, valueOffset(index) + 1);
     std::string text;
-    appendShortest(text, value, fieldDataType(index));
+    // Without its type, all digits of the number: more than needed, but the same number.
+    appendShortest(text, value, knownFieldDataType(m_zone, variable).value_or(FieldDataType_Double));
     return text;
 }
 
@@ -157,7 +172,9 @@ bool ZoneVarTableModelAbstract::setStr(ModelIndex const& index, std::string cons
 
 FieldDataType_e ZoneVarTableModelAbstract::fieldDataType(ModelIndex const& index) const
 {
-    return static_cast<FieldDataType_e>(VelUtilDataValueGetType(m_zone, variableNumber(index.column + 1)));
+    if (auto const type = knownFieldDataType(m_zone, variableNumber(index.column + 1)))
+        return *type;
+    throw IOException("Failed to get the type of the values.");
 }
 
 int ZoneVarTableModelAbstract::variableNumber(unsigned long long column) const

@@ -50,7 +50,7 @@ public:
     int zone() const { return m_zone; }
     /// The variables whose changes the table follows.
     toolbox::Set const& variables() const { return m_variables; }
-    /// How the cell's value is stored.
+    /// How the cell's value is stored. @throws IOException the kernel does not say
     virtual FieldDataType_e fieldDataType(ModelIndex const& index) const;
     /// The kernel's number of the variable of a one-based column.
     virtual int variableNumber(unsigned long long column) const;

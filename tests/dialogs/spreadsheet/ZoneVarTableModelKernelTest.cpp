@@ -66,6 +66,22 @@ TEST_F(ZoneVarTableModelKernelTest, ReadsACellByThreeCalls)
                                          "VelUtilDataValueGetByZoneVar(1, 2, 3)"));
 }
 
+TEST_F(ZoneVarTableModelKernelTest, TakesNoFailedQuestionForAType)
+{
+    auto const table = lineTable(first);
+    auto const failTypeQuestions = [this](int howMany) {
+        spy.reset();
+        for (int n = 1; n <= howMany; ++n)
+            spy.failNext("VelUtilDataValueGetType", n);
+    };
+    failTypeQuestions(1);
+    EXPECT_EQ(table->fieldDataType({0, 1}), FieldDataType_Float) << "asked once more";
+    failTypeQuestions(2);
+    EXPECT_THROW(table->fieldDataType({0, 1}), IOException);
+    failTypeQuestions(2);
+    EXPECT_EQ(table->shortestStr({2, 1}), "202") << "the number is known";
+}
+
 TEST_F(ZoneVarTableModelKernelTest, ReadsNothingAndLoadsNothingWhereValuesAreNotLoaded)
 {
     auto const table = lineTable(third);

@@ -1,6 +1,7 @@
 #include "app/export/writing/FileSave.h"
 
 #include "app/export/writing/DiskSync.h"
+#include "app/export/writing/LateWork.h"
 #include "app/export/writing/WriteReason.h"
 
 #include <cerrno>
@@ -20,16 +21,17 @@ FileSave::FileSave(std::string const& path)
 void FileSave::commit(kernel::Progress& progress, std::vector<std::string>& remarks)
 {
     synchronise(path(), progress);
-    putInPlace(m_target, m_journal, remarks);
+    LateWork late(remarks);
+    putInPlace(m_target, m_journal);
+    late.run([&] { return synchroniseChangedFolder(m_target.folder(), remarks); });
 }
 
-bool putInPlace(SaveTarget const& target, SaveJournal& journal, std::vector<std::string>& remarks)
+void putInPlace(SaveTarget const& target, SaveJournal& journal)
 {
     target.check();
     if (std::rename(journal.pathTo(journal.part()).c_str(), target.path().c_str()) != 0)
         throwReason(errno);
     journal.keep();
-    return synchroniseChangedFolder(target.folder(), remarks);
 }
 
 } // namespace veldraw::app

@@ -25,8 +25,8 @@ private:
     SaveTarget m_target;
 };
 
-/// Puts the complete part of a save in the place of the target and its name on the disk.
-/// @return false when the name is not on the disk, which a remark tells @throws ExportError
-bool putInPlace(SaveTarget const& target, SaveJournal& journal, std::vector<std::string>& remarks);
+/// Puts the complete part of a save in the place of the target; its name is still to be brought to the disk.
+/// @throws ExportError, std::bad_alloc nothing is in place
+void putInPlace(SaveTarget const& target, SaveJournal& journal);
 
 } // namespace veldraw::app

@@ -4,7 +4,8 @@
 #include "app/export/writing/WriteReason.h"
 
 #include <cerrno>
-#include <filesystem>
+#include <dirent.h>
+#include <memory>
 
 namespace veldraw::app {
 
@@ -22,13 +23,18 @@ std::optional<struct stat> entryAt(std::string const& path)
 
 std::set<std::string> namesIn(std::string const& folder)
 {
+    // The iterators of the standard library end the program when there is no memory for them.
+    std::unique_ptr<DIR, int (*)(DIR*)> const entries(::opendir(folder.c_str()), ::closedir);
     std::set<std::string> names;
-    std::error_code error;
-    std::filesystem::directory_iterator entry(folder, error);
-    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error))
-        names.insert(entry->path().filename().string());
-    if (error)
-        throw ExportError("the folder \"" + folder + "\" cannot be read: " + reasonOf(error.value()));
+    errno = entries ? 0 : errno;
+    while (dirent const* const entry = entries ? ::readdir(entries.get()) : nullptr) {
+        std::string const name = entry->d_name;
+        if (name != "." && name != "..")
+            names.insert(name);
+        errno = 0;
+    }
+    if (errno != 0)
+        throw ExportError("the folder \"" + folder + "\" cannot be read: " + reasonOf(errno));
     return names;
 }
 

@@ -3,6 +3,7 @@
 #include "app/export/writing/DiskSync.h"
 #include "app/export/writing/ExportError.h"
 #include "app/export/writing/FolderContent.h"
+#include "app/export/writing/LateWork.h"
 #include "app/export/writing/WriteReason.h"
 
 #include <cerrno>
@@ -92,11 +93,16 @@ void FolderSave::commit(kernel::Progress& progress, std::vector<std::string>& re
     for (std::string const& name : m_names)
         synchronise(path(name), progress);
     synchroniseFolder(partPath());
+    LateWork late(remarks);
     putInPlace();
     m_journal.keep();
-    if (synchroniseChangedFolder(folderOf(m_folder), remarks))
-        removeOld(remarks);
-    else
+    bool const isAllRemoved = late.run([&] {
+        bool const isOnDisk = synchroniseChangedFolder(folderOf(m_folder), remarks);
+        if (isOnDisk)
+            removeOld(remarks);
+        return isOnDisk;
+    });
+    if (!isAllRemoved)
         m_journal.removeLater();
 }
 

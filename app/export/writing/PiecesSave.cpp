@@ -4,6 +4,7 @@
 #include "app/export/writing/ExportError.h"
 #include "app/export/writing/FileSave.h"
 #include "app/export/writing/FolderContent.h"
+#include "app/export/writing/LateWork.h"
 #include "app/export/writing/SaveNames.h"
 #include "app/files/PathChecks.h"
 
@@ -111,9 +112,15 @@ void PiecesSave::commit(kernel::Progress& progress, std::vector<std::string>& re
     if (!m_hasFolder)
         synchroniseFolder(m_target.folder());
     synchronise(path(), progress);
-    if (putInPlace(m_target, m_journal, remarks))
-        removeObsolete(remarks);
-    else
+    LateWork late(remarks);
+    putInPlace(m_target, m_journal);
+    bool const isAllRemoved = late.run([&] {
+        bool const isOnDisk = synchroniseChangedFolder(m_target.folder(), remarks);
+        if (isOnDisk)
+            removeObsolete(remarks);
+        return isOnDisk;
+    });
+    if (!isAllRemoved)
         m_journal.removeLater();
 }
 

@@ -13,6 +13,7 @@
 #include <chrono>
 #include <fcntl.h>
 #include <filesystem>
+#include <new>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <thread>
@@ -98,8 +99,12 @@ SaveJournal::SaveJournal(std::string const& target, Needed const& needed)
 SaveJournal::~SaveJournal()
 {
     for (auto made = m_made.rbegin(); made != m_made.rend(); ++made) {
-        std::string const path = pathTo(made->name);
-        m_isClear = (made->isFolder ? isFolderRemoved(path) : isRemoved(path)) && m_isClear;
+        try {
+            std::string const path = pathTo(made->name);
+            m_isClear = (made->isFolder ? isFolderRemoved(path) : isRemoved(path)) && m_isClear;
+        } catch (std::bad_alloc const&) {
+            m_isClear = false;
+        }
     }
     if (m_isClear)
         ::unlink(m_path.c_str());
@@ -187,11 +192,15 @@ void SaveJournal::note(Entries const& entries)
 
 void SaveJournal::makeFile(std::string const& name, FileRights const* rights)
 {
-    int const file = ::open(pathTo(name).c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, rights ? 0600 : 0666);
-    if (file < 0)
-        throwReason(errno);
+    std::string const path = pathTo(name);
+    m_made.push_back({name, false}); // while nothing is there yet: without memory nothing is made that nobody removes
+    int const file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, rights ? 0600 : 0666);
+    if (file < 0) {
+        int const error = errno;
+        m_made.pop_back();
+        throwReason(error);
+    }
     try {
-        m_made.push_back({name, false});
         if (rights)
             rights->giveTo(file);
     } catch (...) {
@@ -203,9 +212,13 @@ void SaveJournal::makeFile(std::string const& name, FileRights const* rights)
 
 void SaveJournal::makeFolder(std::string const& name)
 {
-    if (::mkdir(pathTo(name).c_str(), 0777) != 0)
-        throw ExportError("the folder \"" + pathTo(name) + "\" cannot be made: " + reasonOf(errno));
+    std::string const path = pathTo(name);
     m_made.push_back({name, true});
+    if (::mkdir(path.c_str(), 0777) != 0) {
+        int const error = errno;
+        m_made.pop_back();
+        throw ExportError("the folder \"" + path + "\" cannot be made: " + reasonOf(error));
+    }
 }
 
 void SaveJournal::keep()

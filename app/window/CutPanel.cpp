@@ -5,6 +5,7 @@
 #include "kernel/operations/CutOperation.h"
 #include "platform/vdsdkcommon/AppLock.h"
 
+#include <QAction>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
@@ -36,7 +37,7 @@ CutPanel::CutPanel(kernel::Session& session, QWidget* parent)
     , m_notice(new QLabel)
     , m_list(new QListWidget)
     , m_add(new QToolButton)
-    , m_delete(new QPushButton(QStringLiteral("&Delete")))
+    , m_delete(new QPushButton(QStringLiteral("Delete")))
     , m_place(new CutPlace)
     , m_follower(session, [this] { refresh(); })
 {
@@ -79,13 +80,18 @@ void CutPanel::makeButtons()
         action->setObjectName(QStringLiteral("addCut%1").arg(kind));
     }
     m_add->setObjectName(QStringLiteral("addCut"));
-    m_add->setText(QStringLiteral("&Add"));
+    m_add->setText(QStringLiteral("Add"));
     m_add->setToolTip(QStringLiteral("Add a slice or an iso-surface to the active frame"));
     m_add->setMenu(kinds);
     m_add->setPopupMode(QToolButton::InstantPopup);
     m_delete->setObjectName(QStringLiteral("deleteCut"));
     m_delete->setToolTip(QStringLiteral("Delete the slice that is selected"));
     connect(m_delete, &QPushButton::clicked, this, &CutPanel::deleteCurrent);
+    auto* const byKey = new QAction(m_list);
+    byKey->setShortcut(QKeySequence::Delete);
+    byKey->setShortcutContext(Qt::WidgetShortcut);
+    m_list->addAction(byKey);
+    connect(byKey, &QAction::triggered, this, &CutPanel::deleteCurrent);
 }
 
 void CutPanel::takeFocus()

@@ -128,7 +128,8 @@ void CutPlace::show(kernel::Cut const* cut, kernel::Frame const* frame,
     setShown(*m_variable, isSurface);
     if (isSurface)
         m_variable->show(variables, frame->dataSet ? frame->dataSet->variableNumber(m_cut.variable) : 0);
-    m_positionLabel->setText(isShown ? CutDescription::positionText(m_cut, *frame) + QLatin1Char(':') : QString());
+    QString text = isShown ? CutDescription::positionText(m_cut, *frame) + QLatin1Char(':') : QString();
+    m_positionLabel->setText(text.replace(QLatin1Char('&'), QLatin1String("&&"))); // no mnemonic in a variable's name
     showNumber(*m_position, m_cut.position);
     double const width = m_limits.max - m_limits.min;
     int const places = m_cut.isOfIndex() ? static_cast<int>(std::min(width, 1e9)) : placesOfSlider;

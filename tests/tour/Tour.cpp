@@ -13,6 +13,7 @@
 #include "tests/tour/LoadVariableStation.h"
 #include "tests/tour/LongTableStation.h"
 #include "tests/tour/MirrorZoneStation.h"
+#include "tests/tour/SliceStation.h"
 #include "tests/tour/SpreadsheetStation.h"
 #include "tests/tour/TriangulationStation.h"
 
@@ -61,6 +62,7 @@ TourReport const& Tour::run()
         .run();
     LongTableStation(m_tour, m_samples + QStringLiteral("/line.mhd")).run();
     CancelledSaveStation(m_tour, m_out).run();
+    SliceStation(m_tour, m_samples + QStringLiteral("/flow.vtm"), m_samples + QStringLiteral("/tetra.vtu")).run();
     openBar();
     MirrorZoneStation(m_tour).run();
     pickZone();

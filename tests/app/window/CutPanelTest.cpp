@@ -209,6 +209,10 @@ TEST_F(CutPanelTest, DeletesTheSelectedOne)
     ASSERT_EQ(1U, cuts().size());
     EXPECT_EQ(kept, cuts()[0].id);
     EXPECT_EQ(QStringLiteral("Y = 1"), list().item(0)->text());
+    list().setFocus();
+    QTest::keyClick(&list(), Qt::Key_Delete);
+    settle();
+    EXPECT_TRUE(cuts().empty());
 }
 
 TEST_F(CutPanelTest, APlaneHasANormalAndAnOrigin)

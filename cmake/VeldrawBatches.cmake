@@ -4,7 +4,7 @@
 # sharing a compiler cache.
 
 option(VELDRAW_BATCHES "Compile several sources at once; off, each source stands alone and has to include what it uses" ON)
-set(VELDRAW_BATCH_SIZE 8 CACHE STRING "How many sources are compiled at once")
+set(VELDRAW_BATCH_SIZE 16 CACHE STRING "How many sources are compiled at once")
 
 # veldraw_precompile(NAME HEADER... | REUSE_FROM TARGET): parsed once for all sources of the target. Not where each source has to include
 # what it uses.

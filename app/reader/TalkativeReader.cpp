@@ -10,7 +10,7 @@ constexpr std::size_t bytesOfPiece = std::size_t{1} << 17; // a few milliseconds
 
 constexpr std::size_t longestWord = 32;
 
-bool isBlank(char c)
+bool separatesWords(char c)
 {
     return c == ' ' || c == '\n' || c == '\t' || c == '\r';
 }
@@ -45,7 +45,7 @@ std::streamsize TalkativeBuffer::fill()
     std::streamsize count = m_source.sgetn(m_piece.data(), static_cast<std::streamsize>(bytesOfPiece));
     while (count >= static_cast<std::streamsize>(bytesOfPiece) &&
            count < static_cast<std::streamsize>(m_piece.size()) &&
-           !isBlank(m_piece[static_cast<std::size_t>(count) - 1])) {
+           !separatesWords(m_piece[static_cast<std::size_t>(count) - 1])) {
         int_type const next = m_source.sbumpc();
         if (traits_type::eq_int_type(next, traits_type::eof()))
             break;

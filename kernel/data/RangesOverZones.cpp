@@ -9,12 +9,12 @@ namespace veldraw::kernel {
 
 namespace {
 
-constexpr std::size_t blockSize = 256;
+constexpr std::size_t zonesInABlock = 256;
 constexpr std::int64_t never = -1;
 
 std::size_t blockOf(int zone)
 {
-    return zone < 1 ? 0 : static_cast<std::size_t>(zone - 1) / blockSize;
+    return zone < 1 ? 0 : static_cast<std::size_t>(zone - 1) / zonesInABlock;
 }
 
 /// Asks for the memory that the ranges of zones some places ahead of @p place stand on: each step of the way to it, so that those of several
@@ -55,7 +55,7 @@ void forEachBlock(NumberSet const& zones, Work const& work)
 
 std::size_t RangesOverZones::blockCount() const
 {
-    return (m_dataSet.zones().size() + blockSize - 1) / blockSize;
+    return (m_dataSet.zones().size() + zonesInABlock - 1) / zonesInABlock;
 }
 
 JoinedRange RangesOverZones::of(int variable)
@@ -94,7 +94,7 @@ void RangesOverZones::findAll(Progress& progress)
 bool RangesOverZones::findRanges(std::size_t block, int variable, Progress const& progress) const
 {
     bool areAllFound = true;
-    for (std::size_t at = block * blockSize; at < endOf(block); ++at) {
+    for (std::size_t at = block * zonesInABlock; at < endOf(block); ++at) {
         Zone const& zone = *m_dataSet.zones()[at];
         Field const& field = zone.fields[static_cast<std::size_t>(variable - 1)];
         bool const isMapped = !field.isPassive() && field.group()->isMapped();
@@ -108,7 +108,7 @@ bool RangesOverZones::findRanges(std::size_t block, int variable, Progress const
 
 std::size_t RangesOverZones::endOf(std::size_t block) const
 {
-    return std::min((block + 1) * blockSize, m_dataSet.zones().size());
+    return std::min((block + 1) * zonesInABlock, m_dataSet.zones().size());
 }
 
 RangesOverZones::Row& RangesOverZones::rowOf(int variable)
@@ -126,7 +126,7 @@ bool RangesOverZones::holds(Block const& block, std::size_t number) const
 
 void RangesOverZones::lookAt(Block& block, std::size_t number, int variable) const
 {
-    block.joined = joinedOf(number * blockSize, endOf(number), variable);
+    block.joined = joinedOf(number * zonesInABlock, endOf(number), variable);
     block.end = endOf(number);
     block.change = m_changes[number];
 }

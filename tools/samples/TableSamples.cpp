@@ -10,7 +10,7 @@ namespace veldraw::samples {
 
 namespace {
 
-constexpr double fullTurn = 6.28318530717958647693;
+constexpr double radiansACycle = 6.28318530717958647693;
 
 // The same numbers on every machine, unlike the distributions of the standard library.
 class Noise
@@ -48,7 +48,7 @@ void writeTimeSeries(std::string const& path)
     for (int n = 0; n < 512; ++n) {
         double const time = n / 256.0;
         double const envelope = std::exp(-0.8 * time);
-        double const tones = std::sin(fullTurn * 8.0 * time) + 0.4 * std::sin(fullTurn * 31.0 * time);
+        double const tones = std::sin(radiansACycle * 8.0 * time) + 0.4 * std::sin(radiansACycle * 31.0 * time);
         text += row(time, envelope * tones + 0.05 * (noise.next() - 0.5), envelope, 20.0 + 2.5 * (1.0 - envelope));
     }
     save(path, text);

@@ -23,7 +23,7 @@ SignalAxis axisOf(Numbers const& places, std::shared_ptr<HiddenSlots const> hidd
     return {sample::buffer(places), {static_cast<std::int64_t>(places.size()), false, std::move(hidden)}, Progress()};
 }
 
-enum class Found
+enum class Verdict
 {
     Even,
     Uneven,
@@ -32,7 +32,7 @@ enum class Found
 
 /// What steps are as they stand, turned around, with places that are not known at both ends and within, and on the way from each
 /// cell to the next.
-Found find(Numbers places, FieldDataType_e type)
+Verdict find(Numbers places, FieldDataType_e type)
 {
     auto const count = static_cast<std::int64_t>(places.size());
     int even = 0;
@@ -53,7 +53,7 @@ Found find(Numbers places, FieldDataType_e type)
         }
         std::reverse(places.begin(), places.end());
     }
-    return even == 0 ? Found::Uneven : even == all ? Found::Even : Found::DependsOnHow;
+    return even == 0 ? Verdict::Uneven : even == all ? Verdict::Even : Verdict::DependsOnHow;
 }
 
 /// Several blocks of places that are two apart.
@@ -159,13 +159,13 @@ TEST(SignalAxisTest, TakesNoStepsForEvenWhoseSmallDifferencesAddUp)
     while (ofTwoSteps.size() < 2001) {
         ofTwoSteps.push_back(ofTwoSteps.back() + (ofTwoSteps.size() <= 1000 ? 0.03125 : 0.0703125));
     }
-    EXPECT_EQ(find(ofTwoSteps, FieldDataType_Float), Found::Uneven);
+    EXPECT_EQ(find(ofTwoSteps, FieldDataType_Float), Verdict::Uneven);
     Numbers drifting{
         0.0}; // from a millionth below the mean step to a millionth above it: a quarter of a step in the middle
     while (drifting.size() < 1000001) {
         drifting.push_back(drifting.back() + 0.01 * (1.0 + 1e-6 * (static_cast<double>(drifting.size()) / 5e5 - 1.0)));
     }
-    EXPECT_EQ(find(drifting, FieldDataType_Double), Found::Uneven);
+    EXPECT_EQ(find(drifting, FieldDataType_Double), Verdict::Uneven);
     double const quarter = 0.5 * (drifting.front() + drifting.back()) - drifting[500000];
     EXPECT_NEAR(quarter, 0.0025, 1e-6) << "what it is off by";
 }
@@ -178,7 +178,7 @@ TEST(SignalAxisTest, TakesPlacesForEvenThatAreOffByLessThanAHundredthOfAStep)
             double const part = 1e-5 * at;
             places.push_back(3.0 * at + 3.0 * share * 4.0 * part * (1.0 - part));
         }
-        EXPECT_EQ(find(places, FieldDataType_Double), share < 0.01 ? Found::Even : Found::Uneven);
+        EXPECT_EQ(find(places, FieldDataType_Double), share < 0.01 ? Verdict::Even : Verdict::Uneven);
     }
 }
 
@@ -190,8 +190,8 @@ TEST(SignalAxisTest, TakesTimesForEvenThatWereRoundedToTheirType)
             for (int at = 0; at < 3000; ++at) {
                 places.push_back(start + step * at);
             }
-            EXPECT_EQ(find(places, FieldDataType_Float), Found::Even) << start << ' ' << step;
-            EXPECT_EQ(find(places, FieldDataType_Double), Found::Even) << start << ' ' << step;
+            EXPECT_EQ(find(places, FieldDataType_Float), Verdict::Even) << start << ' ' << step;
+            EXPECT_EQ(find(places, FieldDataType_Double), Verdict::Even) << start << ' ' << step;
         }
     }
 }
@@ -206,7 +206,7 @@ TEST(SignalAxisTest, TakesTimesForEvenThatWereSummedUpInTheirTypeHoweverFarTheyA
                 places.push_back(static_cast<double>(sum));
                 sum += step;
             }
-            EXPECT_EQ(find(places, FieldDataType_Float), Found::Even) << start << ' ' << step;
+            EXPECT_EQ(find(places, FieldDataType_Float), Verdict::Even) << start << ' ' << step;
             std::size_t const middle = places.size() / 2;
             double const off = 0.5 * (places.front() + places.back()) - places[middle];
             if (std::abs(off) >
@@ -215,7 +215,7 @@ TEST(SignalAxisTest, TakesTimesForEvenThatWereSummedUpInTheirTypeHoweverFarTheyA
                 for (std::size_t at = middle; at < bent.size(); at += 10) {
                     bent[at] = static_cast<double>(std::nextafter(static_cast<float>(bent[at]), 1e9F));
                 }
-                EXPECT_EQ(find(bent, FieldDataType_Float), Found::Uneven) << start << ' ' << step;
+                EXPECT_EQ(find(bent, FieldDataType_Float), Verdict::Uneven) << start << ' ' << step;
             }
         }
     }
@@ -223,7 +223,7 @@ TEST(SignalAxisTest, TakesTimesForEvenThatWereSummedUpInTheirTypeHoweverFarTheyA
     while (places.size() < 1000000) {
         places.push_back(places.back() + 0.1);
     }
-    EXPECT_EQ(find(places, FieldDataType_Double), Found::Even);
+    EXPECT_EQ(find(places, FieldDataType_Double), Verdict::Even);
 }
 
 TEST(SignalAxisTest, TakesWholeNumbersForEvenThatAreOffByLessThanOne)
@@ -235,19 +235,19 @@ TEST(SignalAxisTest, TakesWholeNumbersForEvenThatAreOffByLessThanOne)
             rounded.push_back(std::round(1000.0 * at / rate));
             cut.push_back(std::floor(1000.0 * at / rate));
         }
-        EXPECT_EQ(find(rounded, FieldDataType_Int32), Found::Even) << rate;
-        EXPECT_EQ(find(cut, FieldDataType_Int32), Found::Even) << rate;
+        EXPECT_EQ(find(rounded, FieldDataType_Int32), Verdict::Even) << rate;
+        EXPECT_EQ(find(cut, FieldDataType_Int32), Verdict::Even) << rate;
         rounded.erase(rounded.begin() + 2000); // one picture is missing
-        EXPECT_EQ(find(rounded, FieldDataType_Int32), Found::Uneven) << rate;
-        EXPECT_EQ(find({0, 33, 67, 100, 133, 167, 200, 233}, FieldDataType_Int16), Found::Even);
-        EXPECT_EQ(find({0, 33, 67, 100, 133, 167, 200, 233}, FieldDataType_Byte), Found::Even);
+        EXPECT_EQ(find(rounded, FieldDataType_Int32), Verdict::Uneven) << rate;
+        EXPECT_EQ(find({0, 33, 67, 100, 133, 167, 200, 233}, FieldDataType_Int16), Verdict::Even);
+        EXPECT_EQ(find({0, 33, 67, 100, 133, 167, 200, 233}, FieldDataType_Byte), Verdict::Even);
     }
     for (double const step : {1.0, 2.0, 3.0}) {
         Numbers places;
         for (int at = 0; at < 1000; ++at) {
             places.push_back(step * (at < 300 ? at : at + 1));
         }
-        EXPECT_EQ(find(places, FieldDataType_Int16), Found::Uneven) << step;
+        EXPECT_EQ(find(places, FieldDataType_Int16), Verdict::Uneven) << step;
     }
 }
 

@@ -17,7 +17,7 @@ using sdk::ui::dialogs::DataSpreadsheetDialog;
 namespace {
 
 QString const variable = QStringLiteral("displacement_X");
-constexpr int variableNumber = 4;
+constexpr int loadedVariable = 4;
 QString const notLoaded = QStringLiteral("Not Loaded");
 
 QString namesIn(QAbstractItemModel const& list)
@@ -43,7 +43,7 @@ void LoadVariableStation::run()
     if (!m_tour.check("Alt+D, S opens the Data Spreadsheet of it", dialog != nullptr))
         return;
     auto const& table = *dialog->findChild<QTableView*>(QStringLiteral("dataSpreadsheet_Array_TableView"));
-    QModelIndex const cell = table.model()->index(99, variableNumber - 1);
+    QModelIndex const cell = table.model()->index(99, loadedVariable - 1);
     m_tour.check("its cells say what is not loaded", notLoaded, cell.data().toString());
     m_tour.user.picture(QStringLiteral("load-before"));
     m_tour.user.click(TourContext::button(*dialog, "&Load Variables..."));
@@ -53,11 +53,11 @@ void LoadVariableStation::run()
         return;
     loadByMouse();
     m_tour.activate(*dialog);
-    auto const buffer = TourContext::dataSet().field(1, variableNumber)->group()->buffer();
-    QString const shown = table.model()->index(99, variableNumber - 1).data().toString();
+    auto const buffer = TourContext::dataSet().field(1, loadedVariable)->group()->buffer();
+    QString const shown = table.model()->index(99, loadedVariable - 1).data().toString();
     m_tour.check("the cells show the values now", buffer && qAbs(shown.toDouble() - buffer->value(99)) < 1e-5);
     m_tour.check("what was not selected is not loaded", notLoaded,
-                 table.model()->index(99, variableNumber + 2).data().toString());
+                 table.model()->index(99, loadedVariable + 2).data().toString());
     m_tour.expectThat("and the dock shows a range",
                       [&] { return m_tour.shownRange(variable).contains(QStringLiteral(" \u2026 ")); });
     m_tour.user.picture(QStringLiteral("load-after"));

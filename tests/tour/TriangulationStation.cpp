@@ -122,11 +122,6 @@ double roughness(int zone)
     return std::sqrt(sum / static_cast<double>(3 * zoneOf(zone).cellCount()));
 }
 
-ZoneProbe::Triple negatedY(ZoneProbe::Triple const& value)
-{
-    return {value[0], -value[1], value[2]};
-}
-
 } // namespace
 
 TriangulationStation::TriangulationStation(TourContext& context, QString file)
@@ -240,7 +235,7 @@ void TriangulationStation::mirror()
                          QStringLiteral("Mirror zone creation successful."), TourContext::button(*dialog, "C&reate"));
     if (m_tour.check("one zone more again, of triangles", mirrorImage, TourContext::dataSet().zoneCount()))
         m_tour.check("every Y of them has changed its sign",
-                     ZoneProbe(island).distance(ZoneProbe(mirrorImage), negatedY) == 0.0);
+                     ZoneProbe(island).distance(ZoneProbe(mirrorImage), ZoneProbe::negatedY) == 0.0);
     close(*dialog);
     m_tour.user.key(Qt::Key_F, Qt::ControlModifier);
     m_tour.restingPlot();

@@ -21,6 +21,8 @@ public:
 
     std::int64_t pointCount() const { return m_pointCount; }
 
+    static Triple negatedY(Triple const& value) { return {value[0], -value[1], value[2]}; }
+
     /// Coordinates of a zero-based point, 0 where the frame has no axis.
     Triple point(std::int64_t index) const { return values(m_coordinates, index); }
     Triple vector(std::int64_t index) const { return values(m_vector, index); }

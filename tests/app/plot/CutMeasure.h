@@ -11,6 +11,15 @@
 
 namespace veldraw::tests {
 
+/// @param position along its axis, an index or a value, by the kind
+inline kernel::Cut cutAt(kernel::CutKind kind, double position)
+{
+    kernel::Cut cut;
+    cut.kind = kind;
+    cut.position = position;
+    return cut;
+}
+
 /// What a cut through a zone comes to, measured on the numbers that are drawn, in the coordinates of the data.
 class CutMeasure
 {

@@ -36,17 +36,9 @@ Point bent(Point const& p)
     return {1000.0 + p[0] + 0.1 * std::sin(3.0 * p[1]), p[1] + 0.2 * p[2] * p[0], 0.5 * p[2] + 0.1 * p[0] * p[1]};
 }
 
-Cut at(CutKind kind, double position)
-{
-    Cut cut;
-    cut.kind = kind;
-    cut.position = position;
-    return cut;
-}
-
 Cut planeThrough(Point const& origin, Point const& normal, double position = 0.0)
 {
-    Cut cut = at(CutKind::Plane, position);
+    Cut cut = cutAt(CutKind::Plane, position);
     cut.origin = origin;
     cut.normal = normal;
     return cut;
@@ -54,7 +46,7 @@ Cut planeThrough(Point const& origin, Point const& normal, double position = 0.0
 
 Cut surfaceOf(kernel::DataSet const& dataSet, double value, int variable = 4)
 {
-    Cut cut = at(CutKind::IsoSurface, value);
+    Cut cut = cutAt(CutKind::IsoSurface, value);
     cut.variable = dataSet.variable(variable)->id;
     return cut;
 }
@@ -87,7 +79,7 @@ TEST(CutShape, ASliceOfABentBlockLiesAtItsPositionAndHasTheLinearFunctionOnIt)
     auto const dataSet = grids::ordered(40, 50, 60, slope, bent);
     double const positions[] = {1000.43, 0.31, 0.22};
     for (int axis = 0; axis < 3; ++axis) {
-        CutMeasure const slice(*dataSet, at(static_cast<CutKind>(axis), positions[axis]));
+        CutMeasure const slice(*dataSet, cutAt(static_cast<CutKind>(axis), positions[axis]));
         ASSERT_GT(slice.pointCount(), 1500) << axis;
         for (std::int64_t n = 0; n < slice.pointCount(); ++n) {
             Point const place = slice.placeOf(n);
@@ -150,9 +142,9 @@ TEST_P(CutOfCells, ASliceAlongCellBordersIsThereOnce)
     auto const dataSet = gridOf(GetParam(), 8, slope);
     for (double const position : {0.0, 0.125, 0.5, 0.875, 1.0})
         for (CutKind const kind : {CutKind::X, CutKind::Y, CutKind::Z})
-            EXPECT_NEAR(CutMeasure(*dataSet, at(kind, position)).area(), 1.0, 1e-12) << position;
+            EXPECT_NEAR(CutMeasure(*dataSet, cutAt(kind, position)).area(), 1.0, 1e-12) << position;
     for (double const position : {-1e-9, 1.0 + 1e-9})
-        EXPECT_EQ(CutMeasure(*dataSet, at(CutKind::Y, position)).cellCount(), 0) << position;
+        EXPECT_EQ(CutMeasure(*dataSet, cutAt(CutKind::Y, position)).cellCount(), 0) << position;
 }
 
 TEST_P(CutOfCells, ASphereHasNoGapsAndItsArea)
@@ -214,12 +206,12 @@ TEST(CutShape, HiddenCellsAreLeftOut)
 {
     auto const dataSet = grids::ordered(11, 11, 11, slope);
     grids::hideCells(*dataSet, {455, 456, 465}); // in the layer of cells with Z from 0.4 to 0.5
-    EXPECT_NEAR(CutMeasure(*dataSet, at(CutKind::Z, 0.43)).area(), 0.97, 1e-12);
-    EXPECT_NEAR(CutMeasure(*dataSet, at(CutKind::Z, 0.37)).area(), 1.0, 1e-12);
-    EXPECT_EQ(CutMeasure(*dataSet, at(CutKind::K, 5)).cellCount(), 100) << "cells on the other side are seen";
+    EXPECT_NEAR(CutMeasure(*dataSet, cutAt(CutKind::Z, 0.43)).area(), 0.97, 1e-12);
+    EXPECT_NEAR(CutMeasure(*dataSet, cutAt(CutKind::Z, 0.37)).area(), 1.0, 1e-12);
+    EXPECT_EQ(CutMeasure(*dataSet, cutAt(CutKind::K, 5)).cellCount(), 100) << "cells on the other side are seen";
     auto const bricks = grids::elements(ZoneType_FEBrick, 10, slope);
     grids::hideCells(*bricks, {455, 456, 465});
-    EXPECT_NEAR(CutMeasure(*bricks, at(CutKind::Z, 0.43)).area(), 0.97, 1e-12);
+    EXPECT_NEAR(CutMeasure(*bricks, cutAt(CutKind::Z, 0.43)).area(), 0.97, 1e-12);
 }
 
 TEST(CutShape, CellsWithoutANumberAtACornerAreLeftOut)
@@ -234,13 +226,13 @@ TEST(CutShape, CellsWithoutANumberAtACornerAreLeftOut)
 TEST(CutShape, ASheetIsCutToLines)
 {
     auto const sheet = grids::ordered(21, 31, 1, slope);
-    CutMeasure const slice(*sheet, at(CutKind::X, 0.512));
+    CutMeasure const slice(*sheet, cutAt(CutKind::X, 0.512));
     EXPECT_NEAR(slice.length(), 1.0, 1e-12);
     EXPECT_EQ(slice.drawing().GetNumberOfPolys(), 0);
     EXPECT_NEAR(CutMeasure(*sheet, planeThrough({0.5, 0.5, 0.0}, {1.0, 1.0, 0.0})).length(), std::sqrt(2.0), 1e-12);
     auto const circles = grids::ordered(81, 1, 81, radius);
     EXPECT_NEAR(CutMeasure(*circles, surfaceOf(*circles, 0.8)).length(), pi / 2 * 0.8, 1e-3);
-    EXPECT_EQ(CutMeasure(*circles, at(CutKind::Y, 0.0)).cellCount(), 0) << "it lies in the plane, and is drawn itself";
+    EXPECT_EQ(CutMeasure(*circles, cutAt(CutKind::Y, 0.0)).cellCount(), 0) << "it lies in the plane, and is drawn itself";
 }
 
 TEST(CutShape, CurvesAndPointsAreNotCut)
@@ -248,7 +240,7 @@ TEST(CutShape, CurvesAndPointsAreNotCut)
     for (int const count : {1, 2, 9}) {
         auto const curve = grids::ordered(1, count, 1, slope);
         for (CutKind const kind : {CutKind::X, CutKind::Y, CutKind::I, CutKind::J, CutKind::Plane})
-            EXPECT_EQ(CutMeasure(*curve, at(kind, kind < CutKind::I ? 0.3 : 1.0)).cellCount(), 0) << count;
+            EXPECT_EQ(CutMeasure(*curve, cutAt(kind, kind < CutKind::I ? 0.3 : 1.0)).cellCount(), 0) << count;
     }
 }
 

@@ -18,14 +18,6 @@ double first(CutMeasure::Point const& p)
     return p[0];
 }
 
-Cut at(CutKind kind, double index)
-{
-    Cut cut;
-    cut.kind = kind;
-    cut.position = index;
-    return cut;
-}
-
 kernel::Zone ordered(std::int64_t i, std::int64_t j, std::int64_t k)
 {
     return {"zone", ZoneType_Ordered, i, j, k};
@@ -40,7 +32,7 @@ TEST(IndexCut, HasThePointsOfItsIndexAndTheCellsBehindThem)
     std::int64_t const steps[] = {1, 20, 600};
     for (int axis = 0; axis < 3; ++axis)
         for (std::int64_t const index : {std::int64_t{1}, std::int64_t{7}, counts[axis]}) {
-            CutMeasure const sheet(*dataSet, at(static_cast<CutKind>(axis + 3), static_cast<double>(index)));
+            CutMeasure const sheet(*dataSet, cutAt(static_cast<CutKind>(axis + 3), static_cast<double>(index)));
             ASSERT_EQ(sheet.pointCount(), 24000 / counts[axis]);
             EXPECT_NEAR(sheet.area(), 1.0, 1e-12);
             for (std::int64_t n = 0; n < sheet.pointCount(); ++n) {
@@ -56,7 +48,7 @@ TEST(IndexCut, HasThePointsOfItsIndexAndTheCellsBehindThem)
 TEST(IndexCut, EachCellIsAtTheLowestCornerOfWhatIsDrawn)
 {
     auto const dataSet = grids::ordered(5, 4, 3, first);
-    CutMeasure const sheet(*dataSet, at(CutKind::J, 2));
+    CutMeasure const sheet(*dataSet, cutAt(CutKind::J, 2));
     ASSERT_EQ(sheet.cellCount(), 4 * 2);
     for (std::int64_t cell = 0; cell < sheet.cellCount(); ++cell)
         EXPECT_EQ(sheet.geometry().points()[static_cast<std::size_t>(sheet.cornersOf(cell).front())],
@@ -76,27 +68,27 @@ TEST(IndexCut, IsRoundedAndMayBeBesideTheZone)
 TEST(IndexCut, ASheetGivesALine)
 {
     auto const sheet = grids::ordered(9, 1, 6, first);
-    EXPECT_NEAR(CutMeasure(*sheet, at(CutKind::I, 4)).length(), 1.0, 1e-12);
-    EXPECT_NEAR(CutMeasure(*sheet, at(CutKind::K, 6)).length(), 1.0, 1e-12);
-    EXPECT_NEAR(CutMeasure(*sheet, at(CutKind::J, 1)).area(), 1.0, 1e-12) << "the sheet itself";
+    EXPECT_NEAR(CutMeasure(*sheet, cutAt(CutKind::I, 4)).length(), 1.0, 1e-12);
+    EXPECT_NEAR(CutMeasure(*sheet, cutAt(CutKind::K, 6)).length(), 1.0, 1e-12);
+    EXPECT_NEAR(CutMeasure(*sheet, cutAt(CutKind::J, 1)).area(), 1.0, 1e-12) << "the sheet itself";
 }
 
 TEST(IndexCut, CellsThatAreHiddenOnBothSidesAreLeftOut)
 {
     auto const dataSet = grids::ordered(4, 4, 4, first);
     grids::hideCells(*dataSet, {4, 13}); // in the middle of the first and of the second layer
-    CutMeasure const between(*dataSet, at(CutKind::K, 2));
+    CutMeasure const between(*dataSet, cutAt(CutKind::K, 2));
     EXPECT_EQ(between.cellCount(), 8);
-    CutMeasure const behind(*dataSet, at(CutKind::K, 3));
+    CutMeasure const behind(*dataSet, cutAt(CutKind::K, 3));
     EXPECT_EQ(behind.cellCount(), 9);
-    CutMeasure const border(*dataSet, at(CutKind::K, 1));
+    CutMeasure const border(*dataSet, cutAt(CutKind::K, 1));
     EXPECT_EQ(border.cellCount(), 8);
 }
 
 TEST(IndexCut, ElementsHaveNoIndices)
 {
     auto const bricks = grids::elements(ZoneType_FEBrick, 3, first);
-    EXPECT_EQ(CutMeasure(*bricks, at(CutKind::I, 1)).cellCount(), 0);
+    EXPECT_EQ(CutMeasure(*bricks, cutAt(CutKind::I, 1)).cellCount(), 0);
 }
 
 } // namespace veldraw::tests

@@ -85,11 +85,11 @@ private:
 };
 
 /// Writes a letter when it is told, for as long as it lives.
-class Listener
+class RuleListener
 {
 public:
     template <typename Source>
-    Listener(Source& source, std::string& order, char letter)
+    RuleListener(Source& source, std::string& order, char letter)
         : m_connection(source.connect([&order, letter] { order += letter; }))
     {
     }
@@ -124,10 +124,10 @@ TYPED_TEST(AnswerInItsSignal, MayChangeAgainAndTellsThatInside)
 
 TYPED_TEST(AnswerInItsSignal, CallsANewSlotFromTheNextSignalOn)
 {
-    std::unique_ptr<Listener> late;
+    std::unique_ptr<RuleListener> late;
     boost::signals2::scoped_connection const first = this->source.connect([this, &late] {
         if (!late)
-            late = std::make_unique<Listener>(this->source, this->order, 'b');
+            late = std::make_unique<RuleListener>(this->source, this->order, 'b');
     });
     this->source.set(true);
     EXPECT_EQ(this->order, "");
@@ -137,10 +137,10 @@ TYPED_TEST(AnswerInItsSignal, CallsANewSlotFromTheNextSignalOn)
 
 TYPED_TEST(AnswerInItsSignal, DoesNotCallAListenerThatWasJustDestroyed)
 {
-    std::unique_ptr<Listener> second;
+    std::unique_ptr<RuleListener> second;
     boost::signals2::scoped_connection const first = this->source.connect([&second] { second.reset(); });
-    second = std::make_unique<Listener>(this->source, this->order, 'b');
-    Listener const third(this->source, this->order, 'c');
+    second = std::make_unique<RuleListener>(this->source, this->order, 'b');
+    RuleListener const third(this->source, this->order, 'c');
     this->source.set(true);
     EXPECT_EQ(this->order, "c");
 }
@@ -152,7 +152,7 @@ TYPED_TEST(AnswerInItsSignal, LetsAListenerDestroyItself)
         this->order += 'a';
         self.reset();
     });
-    Listener const other(this->source, this->order, 'b');
+    RuleListener const other(this->source, this->order, 'b');
     this->source.set(true);
     this->source.set(false);
     EXPECT_EQ(this->order, "abb");
@@ -165,7 +165,7 @@ TYPED_TEST(AnswerInItsSignal, HandsOnWhatASlotThrowsAndKeepsTheNewAnswer)
         if (fails)
             throw std::runtime_error("listener");
     });
-    Listener const second(this->source, this->order, 'b');
+    RuleListener const second(this->source, this->order, 'b');
     EXPECT_THROW(this->source.set(true), std::runtime_error);
     EXPECT_TRUE(this->source.answer());
     EXPECT_EQ(this->order, "");

@@ -10,7 +10,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-std::string const failed = "error: Error performing triangulation.";
+std::string const refusal = "error: Error performing triangulation.";
 
 class TriangulateKernelTest : public ActionUnderSpy<BoundedTriangulateFixture>
 {
@@ -76,7 +76,7 @@ TEST_F(TriangulateKernelTest, ChecksNothingItself)
     EXPECT_THAT(refusedCallsOf(manager), ElementsAre("VelUtilTriangulate({}, false, {}, false, out, 0.25)"));
     TriangulatePropertiesManager::useBoundaryZones()->setValue(true);
     EXPECT_THAT(refusedCallsOf(manager), ElementsAre("VelUtilTriangulate({}, true, {}, false, out, 0.25)"));
-    EXPECT_THAT(messages.take(), ElementsAre(failed, failed));
+    EXPECT_THAT(messages.take(), ElementsAre(refusal, refusal));
 }
 
 TEST_F(TriangulateKernelTest, AsksForNothingWhileTheButtonIsOff)
@@ -92,7 +92,7 @@ TEST_F(TriangulateKernelTest, TellsAFailureOnceAndKeepsTheSelectionsForAnotherTr
     IdleDispatcher::flush();
     spy.failNext(kernelFunction);
     clickAction();
-    expectTold({failed}, "refused");
+    expectTold({refusal}, "refused");
     EXPECT_EQ(spy.count(kernelFunction), 1) << "nothing tries again by itself";
     EXPECT_EQ(sample.dataSet().zoneCount(), 4);
     EXPECT_EQ(rows().front(), "*1: Wing");
@@ -150,7 +150,7 @@ TEST_F(TriangulateKernelTest, StaysWholeAndReleasesItsGuardsWhenTheKernelFails)
         clickAction();
         spy.reset();
         EXPECT_EQ(sample.dataSet().zoneCount(), 4);
-        expectTold(fail == &KernelSpy::failCall ? std::vector{failed} : std::vector<std::string>(), "it fails");
+        expectTold(fail == &KernelSpy::failCall ? std::vector{refusal} : std::vector<std::string>(), "it fails");
         clickAction();
         EXPECT_EQ(sample.dataSet().zoneCount(), 5);
     }

@@ -73,10 +73,10 @@ std::shared_ptr<kernel::Frame> frameOfBlock()
 }
 
 /// A page on the screen; what is worked out aside is waited for.
-class Page
+class BlockPage
 {
 public:
-    Page()
+    BlockPage()
     {
         m_session.openPage({m_frame});
         m_view.resize(1000, 800);
@@ -135,7 +135,7 @@ BENCHMARK(cutGeometry)->DenseRange(0, 7)->Unit(benchmark::kMillisecond)->UseReal
 /// From the change to the picture.
 void cutIsMoved(benchmark::State& state)
 {
-    Page page;
+    BlockPage page;
     Cut const cut = page.add(static_cast<CutKind>(state.range(0)));
     page.draw();
     int n = 0;
@@ -151,7 +151,7 @@ void firstPicture(benchmark::State& state)
 {
     block();
     for (auto _ : state) {
-        Page page;
+        BlockPage page;
         if (state.range(0) != 0)
             page.add(CutKind::X);
         page.draw();

@@ -241,14 +241,14 @@ double krigedByEigen(NeighborSearch const& search, Neighborhoods const& found, s
                      KrigingModel const& model, std::vector<double> const& values)
 {
     std::size_t const first = found.begins[target];
-    auto const size = static_cast<Eigen::Index>(found.begins[target + 1] - first);
+    std::size_t const last = found.begins[target + 1];
+    auto const size = static_cast<Eigen::Index>(last - first);
     Eigen::MatrixXd places(3, size);
     Eigen::VectorXd known(size);
     for (Eigen::Index at = 0; at < size; ++at) {
-        std::uint32_t const neighbor = found.neighbors[first + static_cast<std::size_t>(at)].place;
-        search.read(neighbor, places.col(at).data());
-        known(at) = values[search.point(neighbor)];
+        known(at) = values[search.point(found.neighbors[first + static_cast<std::size_t>(at)].place)];
     }
+    search.read(&found.neighbors[first], last - first, places.data());
     Eigen::MatrixXd matrix(size, size);
     Eigen::MatrixXd right(size, 2);
     for (Eigen::Index a = 0; a < size; ++a) {

@@ -91,7 +91,7 @@ bool LeafVicinity<Axes>::isReadyFor(SearchTree<Axes> const& tree, double const* 
     bool const isNearTheOneBefore = m_hasBefore && distance<Axes>(target, m_before) <= longStep * reach;
     std::copy_n(target, Axes, m_before);
     m_hasBefore = true;
-    if (m_isGivenUp || !(squaredDistance > leastSquare && squaredDistance < infinity)) {
+    if (!(squaredDistance > leastSquare && squaredDistance < infinity)) {
         return false;
     }
     bool isReady = distance<Axes>(target, m_place) + reach <= m_distance;
@@ -109,9 +109,9 @@ void LeafVicinity<Axes>::choose(SearchTree<Axes> const& tree, double const* plac
     double const square = distance * distance * forRounding;
     std::copy_n(place, Axes, m_place);
     m_count = square < infinity ? gatherLeaves(tree, place, square, mostLeaves, m_leaves, m_boxes) : mostLeaves + 1;
-    m_isGivenUp = m_count > mostLeaves;
-    m_distance = m_isGivenUp ? -1.0 : distance;
-    m_count = m_isGivenUp ? 0 : m_count;
+    bool const isTooMany = m_count > mostLeaves;
+    m_distance = isTooMany ? -1.0 : distance;
+    m_count = isTooMany ? 0 : m_count;
     for (std::size_t at = m_count; at < familyCount() * familyWidth;
          ++at) { // nothing is in the last family's other boxes
         double* const box = m_boxes + at / familyWidth * SearchTree<Axes>::familySize + at % familyWidth;

@@ -24,7 +24,7 @@ public:
     std::size_t leaf(std::size_t family, std::size_t child) const { return m_leaves[family * familyWidth + child]; }
 
 private:
-    static constexpr std::size_t mostLeaves = 64;
+    static constexpr std::size_t mostLeaves = 96;
 
     void choose(SearchTree<Axes> const& tree, double const* place, double distance);
 
@@ -32,7 +32,6 @@ private:
     double m_distance = -1.0; // from the place, within which the leaves have all points; negative: there are none
     double m_before[Axes] = {};
     bool m_hasBefore = false;
-    bool m_isGivenUp = false; // too many leaves are near: it would not be quicker
     std::size_t m_count = 0;
     std::uint32_t m_leaves[mostLeaves];
     double m_boxes[mostLeaves / familyWidth * SearchTree<Axes>::familySize];

@@ -107,16 +107,17 @@ bool LocalKriging::matchOrder(std::size_t groupBegin, std::size_t begin, std::si
 std::vector<double> LocalKriging::placesOf(Group const& group) const
 {
     std::vector<double> places(group.count * m_axes);
-    for (std::size_t point = 0; point < group.count; ++point) {
-        m_search.read(m_neighborhoods->neighbors[group.begin + point].place, &places[point * m_axes]);
-    }
+    m_search.read(&m_neighborhoods->neighbors[group.begin], group.count, places.data());
     return places;
 }
 
-/// @param point in the order of the neighbours of the group's first target
-void LocalKriging::store(std::size_t target, std::size_t point, double weight)
+/// @param weights of a target, in the order of the neighbours of its group's first target
+void LocalKriging::store(std::size_t target, std::size_t count, double const* weights)
 {
-    (*m_weights)[m_order[m_neighborhoods->begins[target] + point]] = weight;
+    std::size_t const* const order = &m_order[m_neighborhoods->begins[target]];
+    for (std::size_t point = 0; point < count; ++point) {
+        (*m_weights)[order[point]] = weights[point];
+    }
 }
 
 /// @param groups at most as many as there are lanes, of equally many points; what is missing repeats the first one
@@ -126,13 +127,12 @@ void LocalKriging::solveTogether(std::vector<Group const*> const& groups)
     m_progress.check();
     m_small.setPointCount(count);
     std::size_t rounds = 0;
+    std::array<double, 3 * SmallKriging::mostPoints> places;
+    std::array<double, SmallKriging::mostPoints> weights;
     for (std::size_t lane = 0; lane < SmallKriging::lanes; ++lane) {
         Group const& group = *groups[lane < groups.size() ? lane : 0];
-        for (std::size_t point = 0; point < count; ++point) {
-            std::array<double, 3> place{};
-            m_search.read(m_neighborhoods->neighbors[group.begin + point].place, place.data());
-            m_small.setPoint(lane, point, place.data());
-        }
+        m_search.read(&m_neighborhoods->neighbors[group.begin], count, places.data());
+        m_small.setPoints(lane, places.data());
         rounds = std::max(rounds, group.lastTarget - group.firstTarget + 1);
     }
     unsigned const singular = m_small.factorize();
@@ -145,8 +145,9 @@ void LocalKriging::solveTogether(std::vector<Group const*> const& groups)
         for (std::size_t lane = 0; lane < groups.size(); ++lane) {
             std::size_t const number = groups[lane]->firstTarget + round;
             bool const isWanted = number <= groups[lane]->lastTarget && (singular >> lane & 1U) == 0;
-            for (std::size_t point = 0; isWanted && point < count; ++point) {
-                store(number, point, m_small.weight(lane, point));
+            if (isWanted) {
+                m_small.readWeights(lane, weights.data());
+                store(number, count, weights.data());
             }
         }
     }
@@ -164,9 +165,7 @@ void LocalKriging::solveAlone(Group const& group)
     for (std::size_t number = group.firstTarget; number <= group.lastTarget; ++number) {
         m_progress.check();
         kriging.weigh(target(number), weights, m_progress);
-        for (std::size_t point = 0; point < group.count; ++point) {
-            store(number, point, weights[point]);
-        }
+        store(number, group.count, weights.data());
         m_lowered += kriging.drift() != m_model.drift ? 1 : 0;
     }
 }

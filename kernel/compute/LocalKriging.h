@@ -35,7 +35,7 @@ private:
     void solveAlone(Group const& group);
     std::vector<double> placesOf(Group const& group) const;
     double const* target(std::size_t number) const { return m_targets + number * m_axes; }
-    void store(std::size_t target, std::size_t point, double weight);
+    void store(std::size_t target, std::size_t count, double const* weights);
 
     NeighborSearch const& m_search;
     KrigingModel m_model;

@@ -95,21 +95,31 @@ VELDRAW_INLINE unsigned octantsOf(std::uint64_t node)
     return static_cast<unsigned>(node >> 48U);
 }
 
+/// Squared distances from a target to the eight points of a leaf.
+template <std::size_t Axes>
+VELDRAW_INLINE void measurePoints(SearchTree<Axes> const& tree, std::size_t leaf, double const* target, double* squares)
+{
+    double const* const places = tree.leaves.begin() + leaf * SearchTree<Axes>::leafSize;
+    std::fill(squares, squares + width, 0.0);
+    for (std::size_t axis = 0; axis < Axes; ++axis) {
+        for (std::size_t point = 0; point < width; ++point) {
+            double const difference = places[axis * width + point] - target[axis];
+            squares[point] += difference * difference;
+        }
+    }
+}
+
 template <std::size_t Axes, typename Result>
 VELDRAW_INLINE void lookAtLeaf(SearchTree<Axes> const& tree, std::size_t leaf, double const* target, Result& result)
 {
-    double const* const places = tree.leaves.begin() + leaf * SearchTree<Axes>::leafSize;
-    double squares[width] = {};
+    double squares[width];
+    measurePoints(tree, leaf, target, squares);
     unsigned octants[width] = {};
-    for (std::size_t axis = 0; axis < Axes; ++axis) {
-        double const at = target[axis];
-        for (std::size_t point = 0; point < width; ++point) {
-            double const difference = places[axis * width + point] - at;
-            squares[point] += difference * difference;
-        }
-        if constexpr (Result::needsOctants) {
+    if constexpr (Result::needsOctants) {
+        double const* const places = tree.leaves.begin() + leaf * SearchTree<Axes>::leafSize;
+        for (std::size_t axis = 0; axis < Axes; ++axis) {
             for (std::size_t point = 0; point < width; ++point) {
-                octants[point] |= places[axis * width + point] >= at ? 1U << axis : 0U;
+                octants[point] |= places[axis * width + point] >= target[axis] ? 1U << axis : 0U;
             }
         }
     }
@@ -166,21 +176,50 @@ VELDRAW_INLINE bool search(SearchTree<Axes> const& tree, double const* target, P
     return true;
 }
 
+/// Points that may be neighbours, not yet put in order.
+struct Candidates
+{
+    double squares[mostAtOnce];
+    std::uint32_t places[mostAtOnce];
+    std::size_t count = 0;
+};
+
+template <std::size_t Axes>
+VELDRAW_INLINE void collect(SearchTree<Axes> const& tree, std::size_t leaf, double const* target, double limit,
+                            Candidates& candidates)
+{
+    double squares[width];
+    measurePoints(tree, leaf, target, squares);
+    for (unsigned left = hits(squares, limit); left != 0; left &= left - 1) {
+        auto const point = static_cast<unsigned>(__builtin_ctz(left));
+        candidates.squares[candidates.count] = squares[point];
+        candidates.places[candidates.count++] = static_cast<std::uint32_t>(leaf * width + point);
+    }
+}
+
 /// Looks at the leaves of a vicinity alone.
 template <std::size_t Axes>
 VELDRAW_INLINE void search(SearchTree<Axes> const& tree, LeafVicinity<Axes> const& vicinity, double const* target,
                            NearestResult& result)
 {
+    Candidates candidates;
     for (std::size_t family = 0; family < vicinity.familyCount(); ++family) {
         double squares[width];
         unsigned octants[width];
         measureBoxes<Axes, false>(vicinity.family(family), target, squares, octants);
         for (unsigned left = hits(squares, result.worst(0)); left != 0; left &= left - 1) {
-            auto const child = static_cast<unsigned>(__builtin_ctz(left));
-            if (squares[child] <= result.worst(0)) {
-                lookAtLeaf(tree, vicinity.leaf(family, child), target, result);
+            if (candidates.count + width > mostAtOnce) {
+                result.nearest.offerAll(candidates.squares, candidates.places, candidates.count);
+                candidates.count = 0;
             }
+            auto const child = static_cast<unsigned>(__builtin_ctz(left));
+            collect(tree, vicinity.leaf(family, child), target, result.worst(0), candidates);
         }
+    }
+    if (result.nearest.isEmpty()) {
+        result.nearest.fill(candidates.squares, candidates.places, candidates.count);
+    } else {
+        result.nearest.offerAll(candidates.squares, candidates.places, candidates.count);
     }
 }
 
@@ -277,11 +316,13 @@ public:
     std::uint32_t size() const override { return static_cast<std::uint32_t>(m_tree.points.size()); }
     std::uint32_t point(std::uint32_t place) const override { return m_tree.points[place]; }
 
-    void read(std::uint32_t place, double* coordinates) const override
+    void read(Neighbor const* neighbors, std::size_t count, double* coordinates) const override
     {
-        double const* const leaf = m_tree.leaf(place);
-        for (std::size_t axis = 0; axis < Axes; ++axis) {
-            coordinates[axis] = leaf[axis * width];
+        for (std::size_t point = 0; point < count; ++point) {
+            double const* const leaf = m_tree.leaf(neighbors[point].place);
+            for (std::size_t axis = 0; axis < Axes; ++axis) {
+                coordinates[point * Axes + axis] = leaf[axis * width];
+            }
         }
     }
 

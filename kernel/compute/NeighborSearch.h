@@ -64,8 +64,8 @@ public:
     /// Number of the source point at a place.
     virtual std::uint32_t point(std::uint32_t place) const = 0;
 
-    /// Writes the coordinates of the source point at a place to @p coordinates.
-    virtual void read(std::uint32_t place, double* coordinates) const = 0;
+    /// Writes the coordinates of @p count source points, one point after the other.
+    virtual void read(Neighbor const* neighbors, std::size_t count, double* coordinates) const = 0;
 
     NeighborSearch(NeighborSearch const&) = delete;
     NeighborSearch& operator=(NeighborSearch const&) = delete;

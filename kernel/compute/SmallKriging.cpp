@@ -241,7 +241,8 @@ VELDRAW_INLINE void factorizeDrift(Systems& systems)
     }
     systems.smallestRest = Lanes{} + 1.0;
     for (std::size_t term = 0; term < systems.terms; ++term) {
-        for (std::size_t column = 0; column < mostDriftTerms; ++column) { // a loop over the range would take them for aligned
+        for (std::size_t column = 0; column < mostDriftTerms;
+             ++column) { // a loop over the range would take them for aligned
             systems.triangle[term][column] = Lanes{};
         }
     }
@@ -318,10 +319,10 @@ void SmallKriging::setPointCount(std::size_t count)
     m_systems->solution.resize(count);
 }
 
-void SmallKriging::setPoint(std::size_t lane, std::size_t point, double const* place)
+void SmallKriging::setPoints(std::size_t lane, double const* places)
 {
-    for (std::size_t axis = 0; axis < m_systems->axes; ++axis) {
-        m_systems->places[point * m_systems->axes + axis][lane] = place[axis];
+    for (std::size_t at = 0; at < m_systems->count * m_systems->axes; ++at) {
+        m_systems->places[at][lane] = places[at];
     }
 }
 
@@ -348,9 +349,11 @@ void SmallKriging::solve()
     solveAll(*m_systems);
 }
 
-double SmallKriging::weight(std::size_t lane, std::size_t point) const
+void SmallKriging::readWeights(std::size_t lane, double* weights) const
 {
-    return m_systems->solution[point][lane];
+    for (std::size_t point = 0; point < m_systems->count; ++point) {
+        weights[point] = m_systems->solution[point][lane];
+    }
 }
 
 } // namespace veldraw::kernel

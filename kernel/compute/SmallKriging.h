@@ -25,7 +25,8 @@ public:
     /// Sets the number of points of each system: at most mostPoints, and at least as many as the drift has terms.
     void setPointCount(std::size_t count);
 
-    void setPoint(std::size_t lane, std::size_t point, double const* place);
+    /// @param places of all points of a system, one point after the other
+    void setPoints(std::size_t lane, double const* places);
 
     /// Factorizes all systems. @return a bit for each lane whose system is singular, or nearly so
     unsigned factorize();
@@ -35,7 +36,8 @@ public:
     /// Computes the weights for the targets.
     void solve();
 
-    double weight(std::size_t lane, std::size_t point) const;
+    /// Writes the weight of each point of a system.
+    void readWeights(std::size_t lane, double* weights) const;
 
     SmallKriging(SmallKriging const&) = delete;
     SmallKriging& operator=(SmallKriging const&) = delete;

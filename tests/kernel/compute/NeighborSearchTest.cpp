@@ -4,6 +4,7 @@
 #include "tests/kernel/support/ScatteredPoints.h"
 
 #include <algorithm>
+#include <cmath>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <random>
@@ -165,6 +166,20 @@ TEST(NeighborSearchTest, TakesTheLowerNumberWhereDistancesAreEqual)
         for (std::int64_t const count : {1, 5, 8, 27, 90}) {
             expectFound(points, lattice(axes, 4), {PtSelection_NearestN, count});
             expectFound(points, lattice(axes, 4), {PtSelection_Octant, count});
+        }
+    }
+}
+
+// Their distances are put in order all at once.
+TEST(NeighborSearchTest, TakesTheLowerNumberOfEqualDistancesFromTargetsThatAreNearEachOther)
+{
+    for (int const axes : {2, 3}) {
+        std::vector<double> targets = walk(axes, 0.5);
+        for (double& coordinate : targets) {
+            coordinate = 4.0 + std::round(4.0 * coordinate) / 4.0;
+        }
+        for (std::int64_t const count : {1, 6, 16, 33, 63, 64}) {
+            expectFound(lattice(axes, 9), {axes, targets}, {PtSelection_NearestN, count});
         }
     }
 }

@@ -8,11 +8,13 @@
 #include <QCloseEvent>
 #include <QDialogButtonBox>
 #include <QLabel>
+#include <QLayout>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QScreen>
 #include <QShowEvent>
 
+#include <algorithm>
 #include <new>
 #include <utility>
 
@@ -145,8 +147,21 @@ void QtDialogAbstract::wireOnce()
     if (m_relevance)
         m_relevanceApplier = std::make_unique<RelevanceApplier>(
             m_relevance, relevanceTargets(), RelevanceApplier::EnableDisable, RelevanceApplier::UpdateOnIdle);
+    settleLayouts();
     if (!testAttribute(Qt::WA_Resized))
         resize(sizeHint().boundedTo(screen()->availableSize() * 9 / 10));
+}
+
+// A layout in a layout follows its texts only when that of its widget is activated, which Qt does when the widget is shown: too late for
+// the size of the dialog.
+void QtDialogAbstract::settleLayouts()
+{
+    QList<QWidget*> const widgets = findChildren<QWidget*>(); // each before those in it
+    std::for_each(widgets.rbegin(), widgets.rend(), [](QWidget* widget) {
+        if (widget->layout())
+            widget->layout()->activate();
+        widget->updateGeometry();
+    });
 }
 
 void QtDialogAbstract::wireCloseButtons()

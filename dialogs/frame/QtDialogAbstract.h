@@ -75,6 +75,7 @@ protected:
 
 private:
     void wireOnce();
+    void settleLayouts();
     void wireCloseButtons();
     void takeDefaultsOffButtons();
     void letButtonsBeNarrow();

@@ -47,6 +47,21 @@ VELDRAW_INLINE void measureBoxes(double const* family, double const* target, dou
     }
 }
 
+/// Squared distances from a target to the eight points of a leaf.
+template <std::size_t Axes>
+VELDRAW_INLINE void measurePoints(double const* leaf, double const* target, double* squares)
+{
+    for (std::size_t point = 0; point < familyWidth; ++point) {
+        squares[point] = 0.0;
+    }
+    for (std::size_t axis = 0; axis < Axes; ++axis) {
+        for (std::size_t point = 0; point < familyWidth; ++point) {
+            double const difference = leaf[axis * familyWidth + point] - target[axis];
+            squares[point] += difference * difference;
+        }
+    }
+}
+
 /// A bit for each square that is finite and not above a limit: most are, so that looking at them one by one would be slow.
 VELDRAW_INLINE unsigned hits(double const* squares, double limit)
 {

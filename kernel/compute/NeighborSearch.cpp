@@ -95,28 +95,14 @@ VELDRAW_INLINE unsigned octantsOf(std::uint64_t node)
     return static_cast<unsigned>(node >> 48U);
 }
 
-/// Squared distances from a target to the eight points of a leaf.
-template <std::size_t Axes>
-VELDRAW_INLINE void measurePoints(SearchTree<Axes> const& tree, std::size_t leaf, double const* target, double* squares)
-{
-    double const* const places = tree.leaves.begin() + leaf * SearchTree<Axes>::leafSize;
-    std::fill(squares, squares + width, 0.0);
-    for (std::size_t axis = 0; axis < Axes; ++axis) {
-        for (std::size_t point = 0; point < width; ++point) {
-            double const difference = places[axis * width + point] - target[axis];
-            squares[point] += difference * difference;
-        }
-    }
-}
-
 template <std::size_t Axes, typename Result>
 VELDRAW_INLINE void lookAtLeaf(SearchTree<Axes> const& tree, std::size_t leaf, double const* target, Result& result)
 {
     double squares[width];
-    measurePoints(tree, leaf, target, squares);
+    double const* const places = tree.leaf(leaf * width);
+    measurePoints<Axes>(places, target, squares);
     unsigned octants[width] = {};
     if constexpr (Result::needsOctants) {
-        double const* const places = tree.leaves.begin() + leaf * SearchTree<Axes>::leafSize;
         for (std::size_t axis = 0; axis < Axes; ++axis) {
             for (std::size_t point = 0; point < width; ++point) {
                 octants[point] |= places[axis * width + point] >= target[axis] ? 1U << axis : 0U;
@@ -189,7 +175,7 @@ VELDRAW_INLINE void collect(SearchTree<Axes> const& tree, std::size_t leaf, doub
                             Candidates& candidates)
 {
     double squares[width];
-    measurePoints(tree, leaf, target, squares);
+    measurePoints<Axes>(tree.leaf(leaf * width), target, squares);
     for (unsigned left = hits(squares, limit); left != 0; left &= left - 1) {
         auto const point = static_cast<unsigned>(__builtin_ctz(left));
         candidates.squares[candidates.count] = squares[point];

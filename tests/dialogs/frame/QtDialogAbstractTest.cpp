@@ -3,6 +3,7 @@
 #include "dialogs/bindings/TextFieldPropertyBinding.h"
 #include "dialogs/frame/LaunchHelpAction.h"
 #include "dialogs/property/Property.h"
+#include "dialogs/widgets/PageScrollArea.h"
 #include "dialogs/widgets/TableViewWithPreferredDimensions.h"
 #include "platform/vdsdkuicommon/HelpLauncher.h"
 #include "platform/vdsdkuicommon/IdleDispatcher.h"
@@ -13,7 +14,9 @@
 
 #include <QApplication>
 #include <QImage>
+#include <QLabel>
 #include <QScreen>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -294,6 +297,28 @@ TEST_F(QtDialogAbstractTest, OpensAtTheWidthOfItsFormThoughItHasAHelpButton)
         int const text = button->fontMetrics().horizontalAdvance(button->text().remove(QLatin1Char('&')));
         EXPECT_GE(button->minimumWidth(), text + 8) << "with a little room on both sides";
     }
+}
+
+// What is below the page of the area hears of such a change only when the page is laid out.
+TEST_F(QtDialogAbstractTest, OpensAtASizeThatFitsTextsWhichHaveChangedInALayoutOfAScrolledPage)
+{
+    SampleDialog dialog(parent);
+    dialog.setAttribute(Qt::WA_Resized, false);
+    auto* const area = new PageScrollArea(&dialog);
+    auto* const page = new QWidget;
+    auto* const rows = new QVBoxLayout;
+    auto* const text = new QLabel(QStringLiteral("short"), page);
+    rows->addWidget(text);
+    (new QVBoxLayout(page))->addLayout(rows);
+    area->setWidget(page);
+    static_cast<QVBoxLayout*>(dialog.layout())->insertWidget(0, area);
+    QSize const before = dialog.sizeHint();
+    text->setText(QStringLiteral("one<br>two<br>three<br>four<br>five"));
+    dialog.launch();
+    QCoreApplication::processEvents();
+    EXPECT_GT(dialog.height(), before.height());
+    EXPECT_EQ(dialog.size(), dialog.sizeHint());
+    EXPECT_FALSE(area->verticalScrollBar()->isVisible());
 }
 
 TEST_F(QtDialogAbstractTest, OpensAtTheSizeThatItsContentPrefersWhenItsFormHasNone)

@@ -75,7 +75,7 @@ void ShareGroup::writeBits(std::int64_t index, std::uint64_t bits, CountedValues
     KnownRange known = m_range;
     m_range.follow(index, before, after, counted);
     if (isMapped() && !m_range.isKnownFor(counted)) { // mapped values are not read for a range
-        known.makeEstimate();
+        known.makeEstimate(counted);
         m_range = known;
         m_range.follow(index, before, after, counted);
     }

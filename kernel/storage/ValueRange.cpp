@@ -13,9 +13,8 @@ bool KnownRange::isKnownFor(CountedValues const& counted) const
 
 ValueRange KnownRange::estimate() const
 {
-    bool const isOfAll = m_isKnown && (m_isGiven || m_counted.areAll());
-    return isOfAll && m_range.isValid() ? ValueRange{ValueRange::State::Estimated, m_range.min, m_range.max}
-                                        : ValueRange{};
+    return isOfAll() && m_range.isValid() ? ValueRange{ValueRange::State::Estimated, m_range.min, m_range.max}
+                                          : ValueRange{};
 }
 
 void KnownRange::give(ValueRange const& range) noexcept
@@ -26,9 +25,13 @@ void KnownRange::give(ValueRange const& range) noexcept
     m_isGiven = m_isKnown;
 }
 
-void KnownRange::makeEstimate() noexcept
+void KnownRange::makeEstimate(CountedValues const& counted) noexcept
 {
-    m_isGiven = true;
+    if (m_isKnown && !isOfAll() && (m_counted != counted || !m_range.isValid())) {
+        leaveUnknown();
+        return;
+    }
+    m_isGiven = isOfAll() || !m_isKnown;
     if (m_range.isValid()) {
         m_range.state = ValueRange::State::Estimated;
     }

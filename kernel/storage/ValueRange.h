@@ -38,8 +38,9 @@ public:
     /// Takes the range that a loader gives; with an Unknown one nothing is known.
     void give(ValueRange const& range) noexcept;
 
-    /// Makes an exact range an estimate.
-    void makeEstimate() noexcept;
+    /// Makes an exact range an estimate for the zone with these @p counted values. What was computed of other values says nothing of
+    /// these, and the range is left unknown.
+    void makeEstimate(CountedValues const& counted) noexcept;
 
     /// Makes the range Unknown and keeps it from being computed. For mapped values without a range.
     void leaveUnknown() noexcept;
@@ -57,6 +58,8 @@ public:
     void follow(std::int64_t index, double before, double after, CountedValues const& counted) noexcept;
 
 private:
+    bool isOfAll() const { return m_isKnown && (m_isGiven || m_counted.areAll()); }
+
     ValueRange m_range;
     bool m_isKnown = false;
     bool m_isGiven = false;

@@ -1,4 +1,5 @@
 // What is known of the range of values when one of them is corrected.
+#include "kernel/data/Blanking.h"
 #include "kernel/operations/LoadVariables.h"
 #include "tests/kernel/data/EditFixture.h"
 #include "tests/kernel/support/SampleLoader.h"
@@ -185,6 +186,64 @@ TEST_F(EditMappedValue, LeavesARangeUnknownThatIsNot)
     EXPECT_FALSE(dataSet->zone(1)->range(4).isValid());
     EXPECT_TRUE(session.undo());
     EXPECT_FALSE(dataSet->zone(1)->range(4).isValid());
+}
+
+/// Exact limits of all are known, and the first zone hides the sixth value, which is the largest.
+class EditMappedValueThatAZoneHides : public EditMappedValue
+{
+protected:
+    EditMappedValueThatAZoneHides()
+    {
+        loader->knownRange = {ValueRange::State::Exact, 1, 6};
+        dataSet->zone(1)->fields[3] = dataSet->zone(2)->fields[3] = sample::Loader::field(loader);
+        session.perform(LoadVariables(*dataSet, {1}, {4}));
+        auto const marks = Buffer::allocate(FieldDataType_Byte, 6);
+        marks->setValue(5, Blanking::hiddenPoint);
+        dataSet->zone(1)->blanking = std::make_shared<Blanking>(*dataSet->zone(1), Blanking::Marks{marks, nullptr});
+    }
+};
+
+TEST_F(EditMappedValueThatAZoneHides, TakesItsLimitsForNoEstimateOfWhatAnotherZoneShows)
+{
+    EXPECT_EQ(dataSet->zone(1)->range(4).max, 5);
+    ASSERT_TRUE(edit(2, 4, 0, 3, false));
+    EXPECT_FALSE(dataSet->zone(2)->range(4).isValid()) << "6 is there, and mapped values are not gone through";
+    ASSERT_TRUE(session.undo());
+    EXPECT_EQ(dataSet->zone(1)->range(4).max, 5);
+    EXPECT_EQ(dataSet->zone(2)->range(4).max, 6);
+}
+
+TEST_F(EditMappedValueThatAZoneHides, TakesThemForAnEstimateOfItsOwnWhenOneOfThemGoes)
+{
+    EXPECT_EQ(dataSet->zone(1)->range(4).max, 5);
+    ASSERT_TRUE(edit(1, 4, 4, 2, false));
+    ValueRange const own = dataSet->zone(1)->range(4);
+    EXPECT_EQ(own.state, ValueRange::State::Estimated) << "not gone through";
+    EXPECT_EQ(own.min, 1);
+    EXPECT_EQ(own.max, 5);
+    EXPECT_FALSE(field(1, 4).group()->knownRange().estimate().isValid()) << "it is no estimate of all";
+    EXPECT_EQ(dataSet->zone(2)->range(4).max, 6);
+}
+
+TEST_F(EditMappedValueThatAZoneHides, NeverHasLimitsThatAValueWhichCountsIsBeyond)
+{
+    std::mt19937 random(11);
+    int known = 0;
+    for (int number = 0; number < 5000; ++number) {
+        while (number % 8 == 0 && session.undo()) {
+        }
+        dataSet->zone(1 + static_cast<int>(random() % 2))->range(4);
+        int const edited = 1 + static_cast<int>(random() % 2);
+        edit(edited, 4, static_cast<std::int64_t>(random() % 6), static_cast<double>(random() % 40), false);
+        int const asked = 1 + static_cast<int>(random() % 2);
+        ValueRange const range = dataSet->zone(asked)->range(4);
+        known += range.isValid() ? 1 : 0;
+        for (std::int64_t point = 0; range.isValid() && point < (asked == 1 ? 5 : 6); ++point) {
+            ASSERT_LE(range.min, at(asked, 4, point)) << number;
+            ASSERT_GE(range.max, at(asked, 4, point)) << number;
+        }
+    }
+    EXPECT_GT(known, 500);
 }
 
 TEST_F(EditMappedValue, GivesTheCopyOfABranchARangeOfItsOwn)

@@ -83,14 +83,9 @@ std::vector<std::unique_ptr<StyleItem>> CutStyleItem::all(Pages const& pages, Op
     return items;
 }
 
-std::shared_ptr<Frame> CutStyleItem::frameAt(StyleAddress const& address) const
-{
-    return address.frame == 0 ? m_pages.activeFrame() : m_pages.frame(address.frame);
-}
-
 std::optional<StyleNumber> CutStyleItem::read(StyleAddress const& address) const
 {
-    std::shared_ptr<Frame> const frame = frameAt(address);
+    std::shared_ptr<Frame> const frame = frameAt(m_pages, address);
     Cut const* const cut = frame ? cutAt(*frame, address) : nullptr;
     if (cut == nullptr) {
         return std::nullopt;
@@ -100,7 +95,7 @@ std::optional<StyleNumber> CutStyleItem::read(StyleAddress const& address) const
 
 std::string CutStyleItem::refusal(StyleAddress const& address, StyleNumber const& number) const
 {
-    std::shared_ptr<Frame> const frame = frameAt(address);
+    std::shared_ptr<Frame> const frame = frameAt(m_pages, address);
     if (!frame) {
         return "There is no such frame for " + textOf(path()) + ".";
     }
@@ -114,7 +109,7 @@ std::string CutStyleItem::refusal(StyleAddress const& address, StyleNumber const
 
 SetValueReturnCode_e CutStyleItem::write(StyleAddress const& address, StyleNumber const& number)
 {
-    std::shared_ptr<Frame> const frame = frameAt(address);
+    std::shared_ptr<Frame> const frame = frameAt(m_pages, address);
     DataSet const* const dataSet = frame->dataSet.get();
     Cut const& cut = *cutAt(*frame, address);
     double const before = m_access.numberOf(cut, dataSet);

@@ -8,10 +8,8 @@
 
 namespace veldraw::kernel {
 
-struct Frame;
 class DataSet;
 class OperationPerformer;
-class Pages;
 
 /// A number of each cut of each frame. It lives in the cut itself; the first offset is the one-based number of the cut. A write
 /// is a step of the undo history called "Slice".
@@ -36,8 +34,6 @@ public:
     SetValueReturnCode_e write(StyleAddress const& address, StyleNumber const& number) override;
 
 private:
-    std::shared_ptr<Frame> frameAt(StyleAddress const& address) const;
-
     Pages const& m_pages;
     OperationPerformer& m_performer;
     Access m_access;

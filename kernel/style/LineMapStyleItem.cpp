@@ -13,11 +13,6 @@ LineMapStyleItem::LineMapStyleItem(Access const& access, StylePath path)
 {
 }
 
-std::shared_ptr<Frame> LineMapStyleItem::frameAt(StyleAddress const& address) const
-{
-    return address.frame == 0 ? m_access.pages.activeFrame() : m_access.pages.frame(address.frame);
-}
-
 LineMap const* LineMapStyleItem::mapAt(Frame const& frame, StyleAddress const& address) const
 {
     bool const exists = address.offset1 >= 1 && address.offset1 <= static_cast<long long>(frame.lineMaps.size());
@@ -29,7 +24,7 @@ LineMap const* LineMapStyleItem::mapAt(Frame const& frame, StyleAddress const& a
 
 std::optional<StyleNumber> LineMapStyleItem::read(StyleAddress const& address) const
 {
-    std::shared_ptr<Frame> const frame = frameAt(address);
+    std::shared_ptr<Frame> const frame = frameAt(m_access.pages, address);
     LineMap const* const map = frame ? mapAt(*frame, address) : nullptr;
     if (map == nullptr) {
         return std::nullopt;
@@ -39,7 +34,7 @@ std::optional<StyleNumber> LineMapStyleItem::read(StyleAddress const& address) c
 
 std::string LineMapStyleItem::refusal(StyleAddress const& address, StyleNumber const& number) const
 {
-    std::shared_ptr<Frame> const frame = frameAt(address);
+    std::shared_ptr<Frame> const frame = frameAt(m_access.pages, address);
     if (!frame) {
         return "There is no such frame for " + textOf(path()) + ".";
     }
@@ -53,7 +48,7 @@ std::string LineMapStyleItem::refusal(StyleAddress const& address, StyleNumber c
 
 SetValueReturnCode_e LineMapStyleItem::write(StyleAddress const& address, StyleNumber const& number)
 {
-    std::shared_ptr<Frame> const frame = frameAt(address);
+    std::shared_ptr<Frame> const frame = frameAt(m_access.pages, address);
     DataSet const* const dataSet = frame->dataSet.get();
     if (numberOf(*mapAt(*frame, address), dataSet) == number.whole) {
         return SetValueReturnCode_Duplicate;

@@ -8,11 +8,9 @@
 
 namespace veldraw::kernel {
 
-struct Frame;
 struct LineMap;
 class DataSet;
 class OperationPerformer;
-class Pages;
 
 /// A setting of each line map of each frame. It lives in the line map itself; the first offset is the one-based number
 /// of the map. Line maps are part of a document: a write is a step of the undo history called "Line Map".
@@ -42,7 +40,6 @@ protected:
     virtual void assign(LineMap& map, DataSet const* dataSet, long long number) const = 0;
 
 private:
-    std::shared_ptr<Frame> frameAt(StyleAddress const& address) const;
     LineMap const* mapAt(Frame const& frame, StyleAddress const& address) const;
 
     Access m_access;

@@ -14,14 +14,9 @@ PlotOptionItem::PlotOptionItem(Pages const& pages, OperationPerformer& performer
 {
 }
 
-std::shared_ptr<Frame> PlotOptionItem::frameAt(StyleAddress const& address) const
-{
-    return address.frame == 0 ? m_pages.activeFrame() : m_pages.frame(address.frame);
-}
-
 std::optional<StyleNumber> PlotOptionItem::read(StyleAddress const& address) const
 {
-    std::shared_ptr<Frame> const frame = frameAt(address);
+    std::shared_ptr<Frame> const frame = frameAt(m_pages, address);
     if (!frame || address.hasOffsets()) {
         return std::nullopt;
     }
@@ -30,7 +25,7 @@ std::optional<StyleNumber> PlotOptionItem::read(StyleAddress const& address) con
 
 std::string PlotOptionItem::refusal(StyleAddress const& address, StyleNumber const& number) const
 {
-    if (!frameAt(address)) {
+    if (!frameAt(m_pages, address)) {
         return "There is no such frame for " + textOf(path()) + ".";
     }
     if (address.hasOffsets()) {
@@ -41,7 +36,7 @@ std::string PlotOptionItem::refusal(StyleAddress const& address, StyleNumber con
 
 SetValueReturnCode_e PlotOptionItem::write(StyleAddress const& address, StyleNumber const& number)
 {
-    std::shared_ptr<Frame> const frame = frameAt(address);
+    std::shared_ptr<Frame> const frame = frameAt(m_pages, address);
     bool const on = number.whole != 0;
     if ((*frame).*m_option.member == on) {
         return SetValueReturnCode_Duplicate;

@@ -8,7 +8,6 @@
 namespace veldraw::kernel {
 
 class OperationPerformer;
-class Pages;
 
 /// A plot option of each frame, as 1 or 0. It lives in the frame itself and is part of a document: a write is a
 /// step of the undo history.
@@ -22,8 +21,6 @@ public:
     SetValueReturnCode_e write(StyleAddress const& address, StyleNumber const& number) override;
 
 private:
-    std::shared_ptr<Frame> frameAt(StyleAddress const& address) const;
-
     Pages const& m_pages;
     OperationPerformer& m_performer;
     PlotOption const& m_option;

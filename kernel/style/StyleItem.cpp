@@ -1,5 +1,6 @@
 #include "kernel/style/StyleItem.h"
 
+#include "kernel/frames/Pages.h"
 #include "kernel/style/StyleRange.h"
 
 namespace veldraw::kernel {
@@ -14,6 +15,11 @@ std::string textOf(StylePath const& path)
         text += name;
     }
     return text;
+}
+
+std::shared_ptr<Frame> frameAt(Pages const& pages, StyleAddress const& address)
+{
+    return address.frame == 0 ? pages.activeFrame() : pages.frame(address.frame);
 }
 
 std::string StyleItem::refusalBy(StyleRange const& range, StyleNumber const& number) const

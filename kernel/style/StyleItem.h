@@ -4,12 +4,16 @@
 #include "kernel/style/StyleRange.h"
 #include "platform/vdsdkbase/VelUtilTypes.h"
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
 namespace veldraw::kernel {
+
+struct Frame;
+class Pages;
 
 /// Names from the top level of the style tree down to a value.
 using StylePath = std::vector<std::string>;
@@ -29,6 +33,9 @@ struct StyleAddress
 
     bool hasOffsets() const { return offset1 != noOffset || offset2 != noOffset; }
 };
+
+/// The frame that an address is about; null when there is none.
+std::shared_ptr<Frame> frameAt(Pages const& pages, StyleAddress const& address);
 
 /// One path of the style tree: where its numbers live, and which of them are allowed.
 class StyleItem

@@ -1,9 +1,13 @@
 #pragma once
 
+#include <cstdint>
 #include <fstream>
 #include <string>
 
 namespace veldraw::app {
+
+/// What is looked through byte by byte looks for a cancel after so many of them: often enough for the user, and too seldom to take time.
+constexpr std::int64_t bytesBetweenChecks = 1 << 20;
 
 /// Extension of a file name in lower case, without the dot; empty when there is none. Paths are UTF-8 in every locale.
 std::string extensionOf(std::string const& path);

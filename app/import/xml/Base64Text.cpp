@@ -12,7 +12,6 @@ namespace {
 using Values = std::array<std::int8_t, 256>;
 
 constexpr std::int8_t noLetter = -1;
-constexpr std::int64_t bytesBetweenChecks = 1 << 20;
 
 Values valuesOfLetters()
 {

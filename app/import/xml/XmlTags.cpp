@@ -12,7 +12,6 @@ namespace veldraw::app {
 namespace {
 
 constexpr std::size_t longestTag = 1 << 24; // thousands of components may be named in one
-constexpr std::int64_t bytesBetweenLooks = 1 << 20;
 constexpr std::string_view appendedData = "<AppendedData";
 
 bool isSpace(char c)
@@ -176,7 +175,7 @@ bool XmlTags::readMarkup(std::string& text)
 
 int XmlTags::get()
 {
-    if (++m_position % bytesBetweenLooks == 0)
+    if (++m_position % bytesBetweenChecks == 0)
         m_progress.check();
     return m_file.rdbuf()->sbumpc();
 }

@@ -14,7 +14,6 @@ namespace veldraw::app {
 
 namespace {
 
-constexpr std::int64_t bytesBetweenChecks = 1 << 20;
 constexpr std::size_t longestKeywordLine = 256; // of those with keywords
 
 std::string upper(std::string text)

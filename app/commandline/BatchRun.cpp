@@ -83,8 +83,11 @@ QStringList BatchRun::openFiles(CommandLineOptions const& options)
             fail(QString::fromStdString(error.what()));
         }
     }
-    if (!opened.isEmpty())
-        m_session.openPage(std::move(frames));
+    if (!opened.isEmpty() && !m_session.openPage(std::move(frames))) {
+        fail(QStringLiteral("%1: %2").arg(opened.join(QStringLiteral(", ")),
+                                          QString::fromStdString(m_session.lastError())));
+        opened.clear();
+    }
     return opened;
 }
 

@@ -78,15 +78,16 @@ public:
     std::shared_ptr<Frame> frame(UniqueId id) const { return m_pages.frame(id); }      ///< null when there is none
     std::shared_ptr<DataSet> dataSet(UniqueId id) const { return m_pages.dataSet(id); } ///< null when no frame shows it
 
-    /// Replaces all pages by an empty one and clears the history. Events 16, 10.
-    void clear();
+    /// Replaces all pages by an empty one and clears the history. Events 16, 10. @return false when that is refused
+    bool clear();
 
-    /// Removes all pages and clears the history. Event 16. For an application that starts without a page; ours always
-    /// has one.
-    void removeAllPages();
+    /// Removes all pages and clears the history. Events 16, 10. For an application that starts without a page; ours always
+    /// has one. @return as clear()
+    bool removeAllPages();
 
     /// Replaces all pages by one with @p frames in a grid, the first of them active, and clears the history. Events 16, 10.
-    void openPage(std::vector<std::shared_ptr<Frame>> frames);
+    /// @return as clear(); the frames are what they were then, too
+    bool openPage(std::vector<std::shared_ptr<Frame>> frames);
 
     /// Adds a new frame without data (see AddFrame). @return null when that is refused
     std::shared_ptr<Frame> createFrame(std::string const& name, Rectangle const& rectangle);
@@ -153,7 +154,7 @@ private:
     void performLong(Operation& operation);
     void addStep(Operation const& operation, std::shared_ptr<Change> const& change);
     void tellRemark(Operation const& operation) noexcept;
-    void replacePages(std::vector<std::shared_ptr<Page>> pages);
+    void replacePages(std::vector<std::shared_ptr<Page>> pages, std::vector<Frame> laidOut);
 
     EventHub m_events;
     History m_history;

@@ -5,46 +5,55 @@
 #include "kernel/session/SessionGuard.h"
 
 #include <algorithm>
+#include <type_traits>
 #include <utility>
 
 namespace veldraw::kernel {
 
-void Session::replacePages(std::vector<std::shared_ptr<Page>> pages)
+/// @param laidOut what frames of @p pages become
+void Session::replacePages(std::vector<std::shared_ptr<Page>> pages, std::vector<Frame> laidOut)
 {
+    static_assert(std::is_nothrow_move_assignable_v<Frame>, "once the pages are replaced, nothing can be refused");
     m_pages.replace(std::move(pages));
+    for (Frame& frame : laidOut) {
+        *m_pages.frame(frame.id) = std::move(frame);
+    }
     m_history.clear();
     std::shared_ptr<Page> const page = activePage();
     m_events.emitEvent(frameEvent(StateChange_PageReplaced, 0));
     m_events.emitEvent(frameEvent(StateChange_NewActiveFrame, page ? page->activeFrame : 0));
 }
 
-void Session::clear()
+bool Session::clear()
 {
-    openPage({});
+    return openPage({});
 }
 
-void Session::removeAllPages()
+bool Session::removeAllPages()
 {
-    guarded([&] {
-        replacePages({});
+    return guarded([&] {
+        replacePages({}, {});
         return true;
     });
 }
 
-void Session::openPage(std::vector<std::shared_ptr<Frame>> frames)
+bool Session::openPage(std::vector<std::shared_ptr<Frame>> frames)
 {
-    guarded([&] {
+    return guarded([&] {
         frames.erase(std::remove(frames.begin(), frames.end(), nullptr), frames.end());
         std::vector<std::shared_ptr<Page>> pages{std::make_shared<Page>()};
         Page& page = *pages.front();
         std::vector<Rectangle> const places = gridOver(page, frames.size());
+        std::vector<Frame> laidOut;
+        laidOut.reserve(frames.size());
         for (std::size_t at = 0; at < frames.size(); ++at) {
-            layOutIfFresh(*frames[at]);
-            frames[at]->rectangle = places[at];
+            laidOut.push_back(*frames[at]); // a copy: memory may be short for the next one
+            layOutIfFresh(laidOut.back());
+            laidOut.back().rectangle = places[at];
         }
         page.frames = std::move(frames);
         page.activeFrame = page.frames.empty() ? 0 : page.frames.front()->id;
-        replacePages(std::move(pages));
+        replacePages(std::move(pages), std::move(laidOut));
         return true;
     });
 }

@@ -193,9 +193,9 @@ TEST_F(OperationTest, LetsNothingElseChangeMeanwhile)
         expectRefused([&] { return session.perform(DeleteLineMaps(id, {1})); });
         expectRefused([&] { return session.perform(ChangeLineMaps(id, {1}, [](LineMap& map) { map.name = "a"; })); });
         expectRefused([&] { return session.perform(SetLinePlot(id, 1, 1, 2)); });
-        expectRefused([&] { return session.openPage({fresh}), false; });
-        expectRefused([&] { return session.removeAllPages(), false; });
-        expectRefused([&] { return session.clear(), false; });
+        expectRefused([&] { return session.openPage({fresh}); });
+        expectRefused([&] { return session.removeAllPages(); });
+        expectRefused([&] { return session.clear(); });
     });
     EXPECT_TRUE(session.perform(RenameZone(*dataSet, 1, "afterwards")));
 }

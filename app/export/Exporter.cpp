@@ -6,6 +6,8 @@
 #include "kernel/base/Progress.h"
 #include "kernel/operations/LoadVariables.h"
 
+#include <QFileInfo>
+
 #include <memory>
 #include <new>
 #include <system_error>
@@ -113,6 +115,15 @@ QString alsoReplaced(kernel::DataSet const& dataSet, QString const& path)
         return QString::fromStdString(writerFor(name)->alsoReplaces(dataSet, name));
     } catch (std::exception const&) {
         return {};
+    }
+}
+
+bool replacesFile(kernel::DataSet const& dataSet, QString const& path)
+{
+    try {
+        return QFileInfo::exists(path) && savedPath(dataSet, path) == path;
+    } catch (std::exception const&) {
+        return false;
     }
 }
 

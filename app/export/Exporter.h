@@ -38,6 +38,10 @@ std::vector<std::string> exportDataSet(kernel::DataSet const& dataSet, QString c
 /// where it would refuse anyway.
 QString alsoReplaced(kernel::DataSet const& dataSet, QString const& path);
 
+/// Whether exportDataSet() would replace a file @p path that is there, to be asked about; not where it makes a folder of tables instead, or
+/// would refuse anyway.
+bool replacesFile(kernel::DataSet const& dataSet, QString const& path);
+
 /// Where a data set stands that exportDataSet() has saved as @p path: that file, or the folder that several tables have instead.
 QString savedPath(kernel::DataSet const& dataSet, QString const& path);
 

@@ -1,6 +1,7 @@
 #include "app/window/DocumentController.h"
 
 #include "app/export/Exporter.h"
+#include "app/window/FileNameQuestion.h"
 #include "app/window/OutsidePathsQuestion.h"
 #include "app/window/PictureFile.h"
 #include "host/MessageLog.h"
@@ -13,11 +14,10 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
-#include <QPushButton>
 #include <QScopeGuard>
 #include <QSettings>
 
-#include <functional>
+#include <new>
 
 namespace veldraw::app {
 
@@ -35,45 +35,6 @@ void takeDown(QString const& path, std::vector<std::string> const& remarks)
     for (std::string const& remark : remarks)
         host::MessageLog::instance().add(MessageBoxType_Information,
                                          QFileInfo(path).fileName().toStdString() + ": " + remark);
-}
-
-// The extension of a filter such as "VTK multi-block (*.vtm)".
-QString extensionOf(QString const& filter)
-{
-    int const star = filter.indexOf(QLatin1String("*."));
-    QString extension = star < 0 ? QString() : filter.mid(star + 1);
-    for (int i = 1; i < extension.size(); ++i)
-        if (!extension.at(i).isLetterOrNumber())
-            return extension.left(i);
-    return extension;
-}
-
-// Gives the name in a file dialog the extension of a filter, unless it has one that belongs to none of them.
-void useFilter(QFileDialog& dialog, QString const& filter)
-{
-    QStringList extensions;
-    for (QString const& other : dialog.nameFilters())
-        extensions << extensionOf(other).mid(1);
-    dialog.setDefaultSuffix(extensionOf(filter));
-    QFileInfo const named(dialog.selectedFiles().value(0));
-    if (extensions.contains(named.suffix()) && !named.isDir())
-        dialog.selectFile(named.path() + QLatin1Char('/') + named.completeBaseName() + extensionOf(filter));
-}
-
-// Asks for the name of a file and calls @p write, again with the typed name until it succeeds or the user cancels. The suggested
-// name has an extension, since the dialog would enter a folder of the same name without one.
-void askForName(QWidget& window, QString const& title, QString const& baseName, QStringList const& filters,
-                std::function<bool(QString const& path)> const& write)
-{
-    QFileDialog dialog(&window, title, baseName + extensionOf(filters.value(0)));
-    dialog.setObjectName(QStringLiteral("saveDialog"));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setNameFilters(filters);
-    dialog.setDefaultSuffix(extensionOf(filters.value(0)));
-    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
-                     [&](QString const& filter) { useFilter(dialog, filter); });
-    while (dialog.exec() == QDialog::Accepted && !write(dialog.selectedFiles().value(0))) {
-    }
 }
 
 } // namespace
@@ -148,6 +109,8 @@ std::vector<DocumentController::Opened> DocumentController::readAll(QStringList 
             Q_EMIT told(QStringLiteral("Opening was cancelled."));
             opened.clear();
             break;
+        } catch (std::bad_alloc const&) {
+            errors.push_back(QStringLiteral("%1: Out of memory.").arg(path));
         } catch (std::exception const& error) {
             errors.push_back(QString::fromStdString(error.what()));
         }
@@ -161,10 +124,14 @@ bool DocumentController::put(std::vector<Opened> const& opened, Place place)
 {
     if (opened.empty())
         return false;
-    if (place == Place::FreshPage)
-        putOnFreshPage(opened);
-    else if (!addToPage(opened))
+    if (!putIntoSession(opened, place)) {
+        QStringList paths;
+        for (Opened const& file : opened)
+            paths.push_back(file.path);
+        tellError(QStringLiteral("%1: %2").arg(paths.join(QStringLiteral(", ")),
+                                               QString::fromStdString(m_session.lastError())));
         return false;
+    }
     QStringList names;
     for (Opened const& file : opened) {
         m_files[file.frame->dataSet->id()] = file.path;
@@ -178,33 +145,23 @@ bool DocumentController::put(std::vector<Opened> const& opened, Place place)
     return true;
 }
 
-void DocumentController::putOnFreshPage(std::vector<Opened> const& opened)
+bool DocumentController::putIntoSession(std::vector<Opened> const& opened, Place place)
 {
-    sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
-    sdk::WaitState const busy;
-    std::vector<std::shared_ptr<kernel::Frame>> frames;
-    for (Opened const& file : opened)
-        frames.push_back(file.frame);
+    try {
+        sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
+        sdk::WaitState const busy;
+        std::vector<std::shared_ptr<kernel::Frame>> frames;
+        for (Opened const& file : opened)
+            frames.push_back(file.frame);
+        if (place == Place::NewFrames)
+            return m_session.perform(kernel::AddFrame(std::move(frames)));
+        if (!m_session.openPage(std::move(frames)))
+            return false;
+    } catch (std::bad_alloc const&) {
+        return m_session.refuse("Out of memory.");
+    }
     m_files.clear();
-    m_session.openPage(std::move(frames));
     m_session.history().setClean(); // what stands in files is nothing to lose
-}
-
-bool DocumentController::addToPage(std::vector<Opened> const& opened)
-{
-    sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
-    sdk::WaitState const busy;
-    std::vector<std::shared_ptr<kernel::Frame>> frames;
-    QStringList paths;
-    for (Opened const& file : opened) {
-        frames.push_back(file.frame);
-        paths.push_back(file.path);
-    }
-    if (!m_session.perform(kernel::AddFrame(std::move(frames)))) {
-        tellError(QStringLiteral("%1: %2").arg(paths.join(QStringLiteral(", ")),
-                                               QString::fromStdString(m_session.lastError())));
-        return false;
-    }
     return true;
 }
 
@@ -238,12 +195,14 @@ bool DocumentController::saveAs()
         return false;
     QString const frameName = QString::fromStdString(m_session.activeFrame()->name);
     bool isSaved = false;
-    askForName(m_window, QStringLiteral("Save As"), lastFolder() + QLatin1Char('/') + frameName, exportNameFilters(),
-               [&](QString const& path) {
-                   Outcome const outcome = writeTo(path);
-                   isSaved = outcome == Outcome::Saved;
-                   return outcome != Outcome::Refused;
-               });
+    auto const replaces = [&](QString const& path) { return replacesFile(*dataSet, path); };
+    auto const write = [&](QString const& path) {
+        Outcome const outcome = writeTo(path);
+        isSaved = outcome == Outcome::Saved;
+        return outcome != Outcome::Refused;
+    };
+    askForName(m_window, {QStringLiteral("Save As"), lastFolder() + QLatin1Char('/') + frameName, exportNameFilters(),
+                          replaces, write});
     return isSaved;
 }
 
@@ -256,7 +215,9 @@ DocumentController::Outcome DocumentController::writeTo(QString const& path)
 {
     auto const dataSet = m_session.activeDataSet();
     QString const others = alsoReplaced(*dataSet, path);
-    if (!others.isEmpty() && !mayReplace(others, path))
+    if (!others.isEmpty() &&
+        !mayReplace(m_window,
+                    QStringLiteral("To save \"%1\" also replaces %2.").arg(QFileInfo(path).fileName(), others)))
         return Outcome::Refused;
     try {
         sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
@@ -297,19 +258,6 @@ std::vector<std::string> DocumentController::write(kernel::DataSet& dataSet, QSt
     return remarks;
 }
 
-bool DocumentController::mayReplace(QString const& others, QString const& path)
-{
-    QMessageBox box(QMessageBox::Warning, QStringLiteral("Replace Files"),
-                    QStringLiteral("To save \"%1\" also replaces %2.").arg(QFileInfo(path).fileName(), others),
-                    QMessageBox::Cancel, &m_window);
-    box.setObjectName(QStringLiteral("replaceQuestion"));
-    box.setInformativeText(QStringLiteral("Replace what is there?"));
-    QPushButton const* const replace = box.addButton(QStringLiteral("&Replace"), QMessageBox::AcceptRole);
-    box.setDefaultButton(QMessageBox::Cancel);
-    box.exec();
-    return box.clickedButton() == replace;
-}
-
 // What is told after the name of a file that has been saved.
 QString DocumentController::whatIsUnsaved() const
 {
@@ -333,8 +281,9 @@ bool DocumentController::savePictureAs(QImage const& picture)
         return false;
     QStringList const filters{QStringLiteral("PNG picture (*.png)"), QStringLiteral("JPEG picture (*.jpg)")};
     bool isSaved = false;
-    askForName(m_window, QStringLiteral("Save Picture As"), lastFolder() + QStringLiteral("/page"), filters,
-               [&](QString const& path) { return isSaved = savePicture(picture, path); });
+    askForName(m_window, {QStringLiteral("Save Picture As"), lastFolder() + QStringLiteral("/page"), filters,
+                          [](QString const& path) { return QFileInfo::exists(path); },
+                          [&](QString const& path) { return isSaved = savePicture(picture, path); }});
     return isSaved;
 }
 

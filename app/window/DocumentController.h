@@ -38,7 +38,7 @@ public:
 
     /// Opens files. Files that cannot be read are told in one message and change nothing; on a fresh page, what was open stays
     /// when no file at all can be read. A cancel opens none of them. A file that names others outside of its folder is opened when the user
-    /// says so. New frames are one step of the history.
+    /// says so. New frames are one step of the history. What the session refuses, as without memory, is told too.
     /// @return false when nothing was opened
     bool open(QStringList const& paths, Place place);
 
@@ -86,8 +86,7 @@ private:
     std::optional<ImportResult> readAsking(QString const& path);
     std::vector<Opened> readAll(QStringList const& paths);
     bool put(std::vector<Opened> const& opened, Place place);
-    void putOnFreshPage(std::vector<Opened> const& opened);
-    bool addToPage(std::vector<Opened> const& opened);
+    bool putIntoSession(std::vector<Opened> const& opened, Place place);
     enum class Outcome
     {
         Saved,
@@ -97,7 +96,6 @@ private:
 
     Outcome writeTo(QString const& path);
     std::vector<std::string> write(kernel::DataSet& dataSet, QString const& path, Replacing replacing);
-    bool mayReplace(QString const& others, QString const& path);
     QString whatIsUnsaved() const;
     bool isLocked();
     QString lastFolder() const;

@@ -149,15 +149,15 @@ QAction& WindowTest::action(char const* name)
     return *found;
 }
 
-void WindowTest::answerModal(Qt::Key key, QString* objectName)
+void WindowTest::answerModal(Qt::Key key, QString* objectName, Qt::KeyboardModifiers modifiers)
 {
     QTimer::singleShot(20, qApp, [=] {
         QWidget* const modal = QApplication::activeModalWidget();
-        if (!modal)
-            return answerModal(key, objectName);
+        if (!modal || QApplication::activeWindow() != modal) // before, its mnemonics do nothing
+            return answerModal(key, objectName, modifiers);
         if (objectName)
             *objectName = modal->objectName();
-        QTest::keyClick(modal, key);
+        QTest::keyClick(modal, key, modifiers);
     });
 }
 

@@ -44,8 +44,8 @@ protected:
 
     QAction& action(char const* name);
 
-    /// Presses @p key in the modal window that the next event loop brings up; notes the window's object name.
-    void answerModal(Qt::Key key, QString* objectName = nullptr);
+    /// Presses @p key in the modal window that the next event loop brings up, once it is the active one; notes the window's object name.
+    void answerModal(Qt::Key key, QString* objectName = nullptr, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 
     /// Writes a file into the test's folder. @return its path
     QString writeFile(QString const& name, QByteArray const& content);

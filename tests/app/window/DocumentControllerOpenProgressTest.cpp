@@ -2,7 +2,9 @@
 #include "kernel/base/Progress.h"
 #include "kernel/operations/RenameZone.h"
 #include "platform/vdsdkcommon/AppLock.h"
+#include "platform/vdsdkcommon/WaitState.h"
 #include "tests/app/support/WindowTest.h"
+#include "tests/support/AllocationFailure.h"
 
 #include <QApplication>
 #include <QProgressBar>
@@ -12,6 +14,7 @@
 #include <QTimer>
 
 #include <atomic>
+#include <optional>
 #include <thread>
 
 namespace veldraw::tests {
@@ -114,6 +117,43 @@ TEST_F(OpenProgressTest, AddsSeveralFramesAsOneStepOrNone)
     EXPECT_FALSE(window->openFiles(paths, app::DocumentController::Place::NewFrames));
     EXPECT_EQ(std::vector<std::string>{"/data/a.vtu, /data/b.vtu: There is no page."}, messages);
     EXPECT_EQ(recent, window->documents().recentFiles().list());
+}
+
+TEST_F(OpenProgressTest, OpensNothingAndSaysSoWhenThereIsNoMemoryForThePage)
+{
+    auto const series = makeSeries();
+    reader = [&](kernel::Progress&) { return app::ImportResult{series, {}}; };
+    int request = 0;
+    std::optional<AllocationFailure> failure;
+    bool isRead = false;
+    QObject::connect(&window->documents(), &app::DocumentController::opening, window.get(),
+                     [&](QString const& name) { isRead = name.isEmpty(); });
+    boost::signals2::scoped_connection const busy = sdk::WaitState::connectBusyChanged([&](bool isBusy) {
+        if (isBusy && isRead)
+            failure.emplace(request);
+    });
+    auto const listening = session.events().subscribe([&](kernel::StateChangeEvent const& event) {
+        if (event.kind == StateChange_PageReplaced)
+            failure.reset(); // what comes later is Qt's, which is not made for it
+    });
+    bool isOpen = false;
+    while (!isOpen && ++request < 1000) {
+        messages.clear();
+        isRead = false;
+        isOpen = open();
+        failure.reset();
+        if (isOpen)
+            break;
+        ASSERT_EQ(std::vector<std::string>{"/data/big.vtu: Out of memory."}, messages) << request;
+        EXPECT_EQ("flow", session.activeFrame()->name) << request;
+        EXPECT_EQ(QString(), window->documents().fileOf(*series)) << request;
+        EXPECT_FALSE(window->statusBar()->currentMessage().startsWith(QStringLiteral("Opened"))) << request;
+        EXPECT_EQ(0, sdk::AppLock::depth());
+    }
+    session.events().unsubscribe(listening);
+    EXPECT_TRUE(isOpen);
+    EXPECT_GT(request, 5);
+    EXPECT_EQ(series, session.activeDataSet());
 }
 
 TEST_F(OpenProgressTest, SaysOnThePageWhatIsBeingOpenedUntilItIsOpenOrRefused)

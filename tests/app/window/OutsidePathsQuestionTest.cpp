@@ -37,6 +37,8 @@ protected:
             auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
             if (!box || box->objectName() != QStringLiteral("outsidePathsQuestion"))
                 return;
+            if (QApplication::activeWindow() != box) // mnemonics of a box that is shown and not yet active do nothing
+                return;
             look.stop();
             ++questions;
             text = box->text();

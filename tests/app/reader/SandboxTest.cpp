@@ -1,7 +1,10 @@
 #include "app/reader/Sandbox.h"
 
+#include "app/import/child/ReadingChild.h"
 #include "tests/app/support/FileHelpers.h"
+#include "tests/app/support/GridSamples.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstddef>
@@ -159,6 +162,36 @@ TEST_F(SandboxTest, SaysThatTheSystemFiltersNoCalls)
     ::waitpid(process, &status, 0);
     EXPECT_EQ(status, 0);
     EXPECT_EQ(inSandbox([] { return true; }), 0);
+}
+
+TEST_F(SandboxTest, IsMissedInARemarkOnEachFileWhereTheSystemFiltersNoCalls)
+{
+    std::string const grid = writeXml(*unstructuredGrid(4, {{VTK_TETRA, {0, 1, 2, 3}}}), folder.path("a.vtu"));
+    auto const isMissed = [&grid] {
+        app::ReadRequest request;
+        request.path = grid;
+        request.extension = "vtu";
+        auto const choose = [](app::FoundArrays const&) { return app::ReadChoice{{}, {}, true, true}; };
+        kernel::Progress unwatched;
+        auto const result = app::ReadingChild().read(request, {1 << 30, 20, 60}, choose, unwatched);
+        auto const& remarks = result.data.remarks;
+        return std::any_of(remarks.begin(), remarks.end(), [](std::string const& remark) {
+            return remark.find("this system has no filter for that") != std::string::npos;
+        });
+    };
+    EXPECT_FALSE(isMissed());
+    app::ReadingChild::endKept(); // it would read for the other process
+    pid_t const process = ::fork();
+    if (process == 0) {
+        forbidFilters();
+        bool const isFirst = isMissed();
+        bool const isSecond = isMissed();
+        app::ReadingChild::endKept();
+        ::_exit(isFirst && isSecond ? 0 : 1);
+    }
+    int status = 0;
+    ::waitpid(process, &status, 0);
+    EXPECT_EQ(status, 0);
 }
 
 TEST_F(SandboxTest, LiftsNoLimits)

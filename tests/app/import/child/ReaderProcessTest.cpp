@@ -105,6 +105,35 @@ TEST_F(ReaderProcesses, AreStartedAnewForTheFileAfterOneThatWasRefused)
     });
 }
 
+// Others may have left it in a bad state, which is nothing to the file.
+TEST_F(ReaderProcesses, AreReplacedForAFileThatTheyDoNotGetThroughAfterOthers)
+{
+    app::ReadRequest request;
+    request.path = writeText("a.vtu");
+    request.extension = "vtu";
+    int choices = 0;
+    auto const choose = [&choices](app::FoundArrays const& found) {
+        ++choices;
+        return app::ReadChoice{found.ofPoints, found.ofCells, true, true};
+    };
+    auto const endThenChoose = [&choose](app::FoundArrays const& found) {
+        for (pid_t const child : runningChildren("veldraw_reader"))
+            ::kill(child, SIGKILL);
+        return choose(found);
+    };
+    onFreshThread([&] {
+        app::ReaderLimits const limits{1 << 30, 20, 60};
+        kernel::Progress unwatched;
+        app::ReadingChild().read(request, limits, choose, unwatched);
+        int const before = StartFailure::started();
+        app::ReadResult const result = app::ReadingChild().read(request, limits, endThenChoose, unwatched);
+        EXPECT_EQ(StartFailure::started() - before, 1);
+        EXPECT_EQ(choices, 2) << "the new one is told what the old one was";
+        ASSERT_EQ(result.data.block.grid->ofPoints.size(), 1U);
+        EXPECT_EQ(result.data.block.grid->ofPoints[0].tuples, 50);
+    });
+}
+
 // As under a debugger, or by a user who suspends what eats his processor.
 TEST_F(ReaderProcesses, AreNotWaitedForForEverWhenTheyAreStopped)
 {

@@ -43,7 +43,7 @@ int BatchRun::run(CommandLineOptions const& options)
         return 1;
     if (!options.pictureFile.isEmpty() && !savePicture(options.pictureFile))
         return 1;
-    return filesAreWhole() && opened.size() == options.files.size() ? 0 : 1;
+    return filesAreWhole() && m_areAllOpen ? 0 : 1;
 }
 
 // Asked when values have been read; saving asks by itself.
@@ -64,14 +64,15 @@ QStringList BatchRun::openFiles(CommandLineOptions const& options)
 {
     QStringList opened;
     std::vector<std::shared_ptr<kernel::Frame>> frames;
-    for (QString const& file : options.files) {
+    std::vector<FileGroup> const groups = groupsOf(options.files);
+    for (FileGroup const& group : groups) {
+        QString const file = group.paths.first();
         auto const end =
             qScopeGuard([] { ReadingChild::endKept(); }); // what one file has done to its reader is nothing to the next
         try {
             kernel::Progress unwatched;
-            ImportResult const result = importFile(file, options.deferral, unwatched, options.outsidePaths);
-            auto const frame =
-                std::make_shared<kernel::Frame>(QFileInfo(file).completeBaseName().toStdString(), kernel::Rectangle{});
+            ImportResult const result = importGroup(group, options.deferral, unwatched, options.outsidePaths);
+            auto const frame = std::make_shared<kernel::Frame>(group.name.toStdString(), kernel::Rectangle{});
             frame->dataSet = result.dataSet;
             frames.push_back(frame);
             opened.push_back(file);
@@ -83,6 +84,7 @@ QStringList BatchRun::openFiles(CommandLineOptions const& options)
             fail(QString::fromStdString(error.what()));
         }
     }
+    m_areAllOpen = opened.size() == static_cast<int>(groups.size());
     if (!opened.isEmpty() && !m_session.openPage(std::move(frames))) {
         fail(QStringLiteral("%1: %2").arg(opened.join(QStringLiteral(", ")),
                                           QString::fromStdString(m_session.lastError())));

@@ -32,6 +32,7 @@ private:
     kernel::Session& m_session;
     QTextStream& m_out;
     QTextStream& m_err;
+    bool m_areAllOpen = false; // of the files that were named
 };
 
 } // namespace veldraw::app

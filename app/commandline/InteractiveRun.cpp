@@ -17,9 +17,9 @@ constexpr int pauseBetweenLooks = 2000; // milliseconds
 
 int runInteractively(QApplication& application, CommandLineOptions const& options)
 {
-    auto const reader = [&options](QString const& path, OutsidePaths outsidePaths, kernel::Progress& progress) {
+    auto const reader = [&options](FileGroup const& group, OutsidePaths outsidePaths, kernel::Progress& progress) {
         bool const follows = options.outsidePaths == OutsidePaths::Follow;
-        return importFile(path, options.deferral, progress, follows ? OutsidePaths::Follow : outsidePaths);
+        return importGroup(group, options.deferral, progress, follows ? OutsidePaths::Follow : outsidePaths);
     };
     MainWindow window(kernel::Session::instance(), CentralView::ofPage(kernel::Session::instance()), reader);
     window.show();

@@ -4,6 +4,7 @@
 #include "app/files/PlainText.h"
 #include "app/files/SystemReason.h"
 #include "app/import/ReadableFormats.h"
+#include "app/import/reading/FileSeries.h"
 #include "app/import/zones/DataSetOfZones.h"
 
 #include <QFileInfo>
@@ -54,8 +55,27 @@ void checkName(QString const& path)
         throw ImportError("its name is no UTF-8, so that it cannot be found; give it another one");
 }
 
-ImportResult import(std::string const& path, Deferral deferral, kernel::Progress& progress, OutsidePaths outsidePaths)
+std::vector<ImportedZone> readOneFile(std::string const& path, ImportContext const& context)
 {
+    return formatOf(path).makeReader()->read(path, context);
+}
+
+SeriesList numberedSeries(FileGroup const& group)
+{
+    SeriesList list;
+    for (QString const& path : group.paths) {
+        SeriesEntry entry;
+        entry.path = path.toStdString();
+        entry.file = std::filesystem::path(entry.path).filename().string();
+        entry.time = numberOf(path);
+        list.push_back(std::move(entry));
+    }
+    return list;
+}
+
+ImportResult import(FileGroup const& group, Deferral deferral, kernel::Progress& progress, OutsidePaths outsidePaths)
+{
+    std::string const path = group.paths.first().toStdString();
     checkReadable(path);
     ReadableFormat const& format = formatOf(path);
     FileWatch watch;
@@ -63,13 +83,15 @@ ImportResult import(std::string const& path, Deferral deferral, kernel::Progress
     LoadingPlan plan(deferral);
     progress.setTotal(progressSteps);
     ImportResult result;
-    auto zones =
-        format.makeReader()->read(path, {baseNameOf(path), watch, plan, progress, result.remarks, outsidePaths});
+    ImportContext const context{baseNameOf(path), watch, plan, progress, result.remarks, outsidePaths, &readOneFile};
+    auto zones = group.isSeries() ? readSeries(numberedSeries(group), context) : readOneFile(path, context);
     std::transform(result.remarks.begin(), result.remarks.end(), result.remarks.begin(), asUtf8);
     watch.check();
     if (zones.empty())
         throw ImportError("it has no points");
-    result.dataSet = dataSetOf(std::move(zones), std::filesystem::path(path).filename().string());
+    std::string const title =
+        group.isSeries() ? group.name.toStdString() : std::filesystem::path(path).filename().string();
+    result.dataSet = dataSetOf(std::move(zones), title);
     result.dataSet->loaderInstructions().push_back(instructionsOf(format.loader, path, watch));
     result.dataSet->ranges().findAll(progress);
     return result;
@@ -77,13 +99,14 @@ ImportResult import(std::string const& path, Deferral deferral, kernel::Progress
 
 } // namespace
 
-ImportResult importFile(QString const& path, Deferral deferral, kernel::Progress& progress, OutsidePaths outsidePaths)
+ImportResult importGroup(FileGroup const& group, Deferral deferral, kernel::Progress& progress,
+                         OutsidePaths outsidePaths)
 {
-    std::string const name = path.toStdString();
-    std::string const start = "Cannot open \"" + name + "\": ";
+    std::string const start = "Cannot open \"" + group.paths.first().toStdString() + "\": ";
     try {
-        checkName(path);
-        return import(name, deferral, progress, outsidePaths);
+        for (QString const& path : group.paths)
+            checkName(path);
+        return import(group, deferral, progress, outsidePaths);
     } catch (OutsidePathsError const& error) {
         throw OutsidePathsError(start + asUtf8(error.what()) + ".", error.paths());
     } catch (ImportError const& error) {
@@ -97,6 +120,11 @@ ImportResult importFile(QString const& path, Deferral deferral, kernel::Progress
     } catch (std::length_error const&) {
         throw ImportError(start + "there is not enough memory for it.");
     }
+}
+
+ImportResult importFile(QString const& path, Deferral deferral, kernel::Progress& progress, OutsidePaths outsidePaths)
+{
+    return importGroup({{path}, {}}, deferral, progress, outsidePaths);
 }
 
 ImportResult importFile(QString const& path, Deferral deferral)

@@ -2,6 +2,7 @@
 
 #include "app/files/ImportError.h"
 #include "app/files/NamedFiles.h"
+#include "app/files/NumberedFiles.h"
 #include "app/import/reading/Deferral.h"
 #include "kernel/base/Progress.h"
 #include "kernel/data/DataSet.h"
@@ -35,6 +36,10 @@ ImportResult importFile(QString const& path, Deferral deferral, kernel::Progress
 
 /// The same when nobody watches.
 ImportResult importFile(QString const& path, Deferral deferral = Deferral::Auto);
+
+/// Reads one file, or several that are the moments of a transient data set: their numbers are its times (see groupsOf()).
+ImportResult importGroup(FileGroup const& group, Deferral deferral, kernel::Progress& progress,
+                         OutsidePaths outsidePaths = OutsidePaths::Refuse);
 
 /// Filters for a file dialog, the one for everything that can be read first.
 QStringList importNameFilters();

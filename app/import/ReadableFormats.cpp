@@ -1,6 +1,7 @@
 #include "app/import/ReadableFormats.h"
 
 #include "app/import/formats/metaimage/MetaImageReader.h"
+#include "app/import/formats/series/SeriesReader.h"
 #include "app/import/formats/table/TableReader.h"
 #include "app/import/formats/vtklegacy/VtkLegacyReader.h"
 #include "app/import/formats/vtkxml/VtkXmlReader.h"
@@ -21,6 +22,7 @@ std::vector<ReadableFormat> const& readableFormats()
 {
     static std::vector<ReadableFormat> const formats{
         {{"VTK XML files", {"vti", "vtr", "vts", "vtu", "vtp", "vtm"}}, "VTK", readerOf<VtkXmlReader>},
+        {{"Lists of files with times", {"pvd", "series"}}, "VTK", readerOf<SeriesReader>},
         {{"VTK legacy files", {"vtk"}}, "VTK", readerOf<VtkLegacyReader>},
         {{"MetaImage files", {"mhd", "mha"}}, "MetaImage", readerOf<MetaImageReader>},
         {{"Text tables with a header line", {"csv", "tsv", "txt"}}, "CSV", readerOf<TableReader>},

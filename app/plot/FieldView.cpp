@@ -3,6 +3,7 @@
 #include "app/plot/ColourMap.h"
 #include "app/plot/PickRay.h"
 #include "app/plot/PlotTheme.h"
+#include "app/plot/ShownZones.h"
 #include "app/plot/ZoneRanges.h"
 #include "kernel/frames/FrameDefaults.h"
 
@@ -31,42 +32,6 @@ std::array<kernel::UniqueId, 3> identifiersOf(kernel::DataSet const& dataSet, st
         if (auto const variable = dataSet.variable(variables[n]))
             identifiers[n] = variable->id;
     return identifiers;
-}
-
-// A volume with more points is still drawn, since only its outer faces are.
-constexpr std::int64_t mostPointsDrawn = 500000000;
-
-bool hasValues(kernel::DataSet const& dataSet, int zone, int variable)
-{
-    kernel::Field const* const field = dataSet.field(zone, variable);
-    return !field || field->isLoaded();
-}
-
-// Enabled zones that have points, or may turn out to have some when they are loaded.
-std::vector<int> zonesWithPoints(kernel::DataSet const& dataSet)
-{
-    std::vector<int> zones;
-    for (int const number : dataSet.enabledZones())
-        if (dataSet.zone(number)->pointCount() > 0 || dataSet.zone(number)->isDeferred())
-            zones.push_back(number);
-    return zones;
-}
-
-// Those zones with points whose coordinates are loaded and that do not have too many points to be drawn.
-std::vector<int> shownZones(kernel::Frame const& frame, bool inSpace)
-{
-    std::array<int, 3> const axes = frame.axisVariables();
-    std::vector<int> zones;
-    for (int const number : zonesWithPoints(*frame.dataSet)) {
-        kernel::Zone const& zone = *frame.dataSet->zone(number);
-        bool const isSmall = zone.dimensionality() > 2 || zone.pointCount() <= mostPointsDrawn;
-        bool const isPlaced = !zone.isDeferred() && hasValues(*frame.dataSet, number, axes[0]) &&
-                              hasValues(*frame.dataSet, number, axes[1]) &&
-                              (!inSpace || hasValues(*frame.dataSet, number, axes[2]));
-        if (isSmall && isPlaced)
-            zones.push_back(number);
-    }
-    return zones;
 }
 
 // Why the contour is missing in some zones, if their values are not loaded or their range is not known yet.
@@ -239,7 +204,7 @@ FrameMessage FieldView::show(kernel::Frame const& frame)
 // Says which part of the data the picture does not show.
 QString FieldView::gap(kernel::Frame const& frame, std::vector<int> const& zones) const
 {
-    if (zones.size() < zonesWithPoints(*frame.dataSet).size())
+    if (zones.size() < zonesWithPoints(frame).size())
         return tr("Zones whose coordinates are not loaded, or that have too many points, are not shown.");
     if (!frame.stretchAxes && kernel::isMereLine({space().length(0), space().length(1), space().length(2)}))
         return tr("To scale this is too thin to be seen. Plot > Stretch Axes gives each axis a scale of its own.");
@@ -299,7 +264,9 @@ QString FieldView::obstacle(kernel::Frame const& frame) const
         return tr("The data set has no zones.");
     if (frame.dataSet->enabledZones().empty())
         return tr("No zone is enabled.");
-    std::vector<int> const all = zonesWithPoints(*frame.dataSet);
+    if (frame.zonesInSight().empty())
+        return tr("No time strand has begun at the time %1.").arg(frame.solutionTime);
+    std::vector<int> const all = zonesWithPoints(frame);
     if (all.empty())
         return tr("The enabled zones have no points.");
     std::vector<int> const zones = shownZones(frame, m_inSpace);
@@ -337,8 +304,9 @@ FieldLook FieldView::lookOf(kernel::Frame const& frame, std::vector<int> const& 
         look.axes[2] = 0;
     std::array<double, 3> min{};
     std::array<double, 3> max{};
+    std::vector<int> const placed = zonesOfAllMoments(frame, zones);
     for (std::size_t n = 0; n < (m_inSpace ? 3U : 2U); ++n) {
-        kernel::ValueRange const range = ZoneRanges::ofCoordinate(*frame.dataSet, zones, look.axes[n]);
+        kernel::ValueRange const range = ZoneRanges::ofCoordinate(*frame.dataSet, placed, look.axes[n]);
         min[n] = range.min;
         max[n] = range.max;
     }

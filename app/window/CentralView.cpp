@@ -12,6 +12,7 @@ CentralView CentralView::ofPage(kernel::Session& session)
     view.fitActiveFrame = [page] { page->fitActiveFrame(); };
     view.fitAllFrames = [page] { page->fitAllFrames(); };
     view.showOpening = [page](QString const& fileName) { page->showOpening(fileName); };
+    view.isDrawing = [page] { return page->isDrawing(); };
     view.grabImage = [page] { return page->takePicture(); };
     return view;
 }

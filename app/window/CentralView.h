@@ -22,6 +22,8 @@ struct CentralView
     std::function<void()> fitAllFrames = [] {};
     /// Says that a file is being opened, by its name; empty: none is any more.
     std::function<void(QString const& fileName)> showOpening = [](QString const&) {};
+    /// Whether a part of the picture is still being computed.
+    std::function<bool()> isDrawing = [] { return false; };
     /// A picture of the page without borders and headers.
     std::function<QImage()> grabImage = [] { return QImage(); };
 

@@ -64,46 +64,47 @@ bool DocumentController::open(QStringList const& paths, Place place)
 }
 
 // Runs as a long operation of the session, with a progress window; nothing else can change meanwhile.
-ImportResult DocumentController::read(QString const& path, OutsidePaths outsidePaths)
+ImportResult DocumentController::read(FileGroup const& group, OutsidePaths outsidePaths)
 {
     sdk::AppLock const lock(sdk::AppLock::DoNotRecord);
     sdk::WaitState const busy;
-    QString const name = QFileInfo(path).fileName();
+    QString const name = QFileInfo(group.paths.first()).fileName();
     Q_EMIT opening(name);
     auto const end = qScopeGuard([this] { Q_EMIT opening({}); });
     ImportResult result;
     m_session.runOperation("Open " + name.toStdString(),
-                           [&](kernel::Progress& progress) { result = m_reader(path, outsidePaths, progress); });
+                           [&](kernel::Progress& progress) { result = m_reader(group, outsidePaths, progress); });
     return result;
 }
 
 // None when the user does not want the files that this one names elsewhere.
-std::optional<ImportResult> DocumentController::readAsking(QString const& path)
+std::optional<ImportResult> DocumentController::readAsking(FileGroup const& group)
 {
+    QString const path = group.paths.first();
     try {
-        return read(path, OutsidePaths::Refuse);
+        return read(group, OutsidePaths::Refuse);
     } catch (OutsidePathsError const& error) {
         if (!mayFollow(m_window, path, error.paths())) {
             Q_EMIT told(QStringLiteral("%1 was not opened.").arg(QFileInfo(path).fileName()));
             return std::nullopt;
         }
     }
-    return read(path, OutsidePaths::Follow);
+    return read(group, OutsidePaths::Follow);
 }
 
 std::vector<DocumentController::Opened> DocumentController::readAll(QStringList const& paths)
 {
     std::vector<Opened> opened;
     QStringList errors;
-    for (QString const& path : paths) {
+    for (FileGroup const& group : groupsOf(paths)) {
+        QString const path = group.paths.first();
         try {
-            std::optional<ImportResult> const result = readAsking(path);
+            std::optional<ImportResult> const result = readAsking(group);
             if (!result)
                 continue;
-            auto const frame =
-                std::make_shared<kernel::Frame>(QFileInfo(path).completeBaseName().toStdString(), kernel::Rectangle{});
+            auto const frame = std::make_shared<kernel::Frame>(group.name.toStdString(), kernel::Rectangle{});
             frame->dataSet = result->dataSet;
-            opened.push_back({path, frame});
+            opened.push_back({path, frame, group.isSeries()});
             takeDown(path, result->remarks);
         } catch (kernel::Interrupted const&) {
             Q_EMIT told(QStringLiteral("Opening was cancelled."));
@@ -135,7 +136,8 @@ bool DocumentController::put(std::vector<Opened> const& opened, Place place)
     QStringList names;
     for (Opened const& file : opened) {
         m_files[file.frame->dataSet->id()] = file.path;
-        m_recentFiles.add(file.path);
+        if (!file.isSeries) // one file of it would be another data set
+            m_recentFiles.add(file.path);
         names.push_back(QFileInfo(file.path).fileName());
         keepFolder(file.path);
     }

@@ -22,9 +22,9 @@ class DocumentController : public QObject
     Q_OBJECT
 
 public:
-    /// Reads a file. In the program it is importFile(), with its exceptions.
+    /// Reads a file, or several that are one series. In the program it is importGroup(), with its exceptions.
     using FileReader =
-        std::function<ImportResult(QString const& path, OutsidePaths outsidePaths, kernel::Progress& progress)>;
+        std::function<ImportResult(FileGroup const& group, OutsidePaths outsidePaths, kernel::Progress& progress)>;
 
     enum class Place
     {
@@ -38,7 +38,8 @@ public:
 
     /// Opens files. Files that cannot be read are told in one message and change nothing; on a fresh page, what was open stays
     /// when no file at all can be read. A cancel opens none of them. A file that names others outside of its folder is opened when the user
-    /// says so. New frames are one step of the history. What the session refuses, as without memory, is told too.
+    /// says so. Files that are named alike but for their numbers are opened as one transient data set. New frames are one step of the history.
+    /// What the session refuses, as without memory, is told too.
     /// @return false when nothing was opened
     bool open(QStringList const& paths, Place place);
 
@@ -80,10 +81,11 @@ private:
     {
         QString path;
         std::shared_ptr<kernel::Frame> frame;
+        bool isSeries = false; // of several files, of which this is the first
     };
 
-    ImportResult read(QString const& path, OutsidePaths outsidePaths);
-    std::optional<ImportResult> readAsking(QString const& path);
+    ImportResult read(FileGroup const& group, OutsidePaths outsidePaths);
+    std::optional<ImportResult> readAsking(FileGroup const& group);
     std::vector<Opened> readAll(QStringList const& paths);
     bool put(std::vector<Opened> const& opened, Place place);
     bool putIntoSession(std::vector<Opened> const& opened, Place place);

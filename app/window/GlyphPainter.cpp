@@ -71,6 +71,13 @@ void GlyphPainter::draw(Glyph glyph)
     case Glyph::Forward:
     case Glyph::Index:
         return drawNavigation(glyph);
+    case Glyph::ToFirst:
+    case Glyph::StepBack:
+    case Glyph::Play:
+    case Glyph::Pause:
+    case Glyph::StepOn:
+    case Glyph::ToLast:
+        return drawPlayer(glyph);
     }
 }
 
@@ -208,6 +215,30 @@ void GlyphPainter::drawNavigation(Glyph glyph)
         m_painter.drawPath(hook);
         m_painter.drawPoint(QPointF(8, 11.8));
     }
+}
+
+void GlyphPainter::drawPlayer(Glyph glyph)
+{
+    bool const isBack = glyph == Glyph::ToFirst || glyph == Glyph::StepBack;
+    m_painter.save();
+    if (isBack) { // the others in a mirror
+        m_painter.translate(16, 0);
+        m_painter.scale(-1, 1);
+    }
+    m_painter.setPen(QPen(m_ink, 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    m_painter.setBrush(m_ink);
+    if (glyph == Glyph::Pause) {
+        m_painter.drawRect(QRectF(4.5, 3.5, 1.5, 9));
+        m_painter.drawRect(QRectF(10, 3.5, 1.5, 9));
+    } else {
+        double const left = glyph == Glyph::Play ? 5.0 : 3.0;
+        m_painter.drawPolygon(QPolygonF({QPointF(left, 3.5), QPointF(left + 7, 8), QPointF(left, 12.5)}));
+    }
+    if (glyph != Glyph::Play && glyph != Glyph::Pause)
+        line(13, 3.5, 13, 12.5);
+    if (glyph == Glyph::ToFirst || glyph == Glyph::ToLast)
+        line(10.6, 3.5, 10.6, 12.5);
+    m_painter.restore();
 }
 
 } // namespace veldraw::app

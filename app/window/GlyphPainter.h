@@ -23,6 +23,7 @@ private:
     void drawPlot(Glyph glyph);
     void drawLayer(Glyph glyph);
     void drawNavigation(Glyph glyph);
+    void drawPlayer(Glyph glyph);
     void useInk();
     void useAccent();
     void line(double x1, double y1, double x2, double y2);

@@ -27,6 +27,12 @@ enum class Glyph
     Back,
     Forward,
     Index,
+    ToFirst,
+    StepBack,
+    Play,
+    Pause,
+    StepOn,
+    ToLast,
     ActiveFrame,
     InactiveFrame
 };

@@ -6,6 +6,7 @@
 #include "app/window/DockTableView.h"
 #include "app/window/MessagePanel.h"
 #include "app/window/NewAction.h"
+#include "app/window/TimePanel.h"
 
 #include <QDockWidget>
 #include <QListWidget>
@@ -24,38 +25,45 @@ QString const listsKey = QStringLiteral("window/lists");
 
 } // namespace
 
-MainDocks::MainDocks(kernel::Session& session, QMainWindow& window, QWidget& page)
+MainDocks::MainDocks(kernel::Session& session, QMainWindow& window, CentralView const& view)
     : QObject(&window)
     , m_window(window)
-    , m_page(page)
+    , m_page(*view.widget)
     , m_data(new DataPanel(session))
     , m_assignment(new AssignmentPanel(session))
     , m_cuts(new CutPanel(session))
+    , m_time(new TimePanel(session, view.isDrawing))
     , m_messages(new MessagePanel)
     , m_dataDock(add("dataDock", QStringLiteral("Data"), *m_data, Qt::LeftDockWidgetArea))
     , m_plotDock(add("plotDock", QStringLiteral("Plot"), *m_assignment, Qt::LeftDockWidgetArea))
     , m_cutDock(add("cutDock", QStringLiteral("Slices"), *m_cuts, Qt::LeftDockWidgetArea))
+    , m_timeDock(add("timeDock", QStringLiteral("Time"), *m_time, Qt::LeftDockWidgetArea))
     , m_messageDock(add("messageDock", QStringLiteral("Messages"), *m_messages, Qt::BottomDockWidgetArea))
     , m_focusOnPlot(newFocusAction("assignAction", QStringLiteral("&Assign Variables"), Qt::CTRL + Qt::Key_4,
                                    *m_plotDock, [this] { m_assignment->takeFocus(); }))
     , m_focusOnCuts(newFocusAction("cutsAction", QStringLiteral("E&dit Slices"), Qt::CTRL + Qt::Key_6, *m_cutDock,
                                    [this] { m_cuts->takeFocus(); }))
+    , m_focusOnTime(newFocusAction("timeAction", QStringLiteral("Go Th&rough Time"), Qt::CTRL + Qt::Key_7, *m_timeDock,
+                                   [this] { m_time->takeFocus(); }))
 {
     window.setDockOptions(QMainWindow::AnimatedDocks | QMainWindow::AllowTabbedDocks | QMainWindow::AllowNestedDocks);
     window.setTabPosition(Qt::AllDockWidgetAreas, QTabWidget::North);
     window.setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
     window.tabifyDockWidget(m_dataDock, m_plotDock);
     window.tabifyDockWidget(m_plotDock, m_cutDock);
+    window.tabifyDockWidget(m_cutDock, m_timeDock);
     // The tabs say already what these are.
     m_dataDock->setTitleBarWidget(new QWidget);
     m_plotDock->setTitleBarWidget(new QWidget);
     m_cutDock->setTitleBarWidget(new QWidget);
+    m_timeDock->setTitleBarWidget(new QWidget);
     m_dataDock->raise();
     // Wide enough for its lists, but the page is what people come for.
     window.resizeDocks({m_dataDock}, {std::min(m_data->sizeHint().width(), window.width() * 2 / 5)}, Qt::Horizontal);
     window.resizeDocks({m_messageDock}, {std::min(96, window.height() / 8)}, Qt::Vertical);
     connect(m_data, &DataPanel::editRefused, this, &MainDocks::refused);
     connect(m_cuts, &CutPanel::editRefused, this, &MainDocks::refused);
+    connect(m_time, &TimePanel::editRefused, this, &MainDocks::refused);
     connect(m_assignment, &AssignmentPanel::editRefused, this, &MainDocks::refused);
 }
 
@@ -118,7 +126,7 @@ void MainDocks::restoreLayout(int version)
 
 void MainDocks::addToggles(QMenu& menu)
 {
-    for (QDockWidget const* const dock : {m_dataDock, m_plotDock, m_cutDock, m_messageDock})
+    for (QDockWidget const* const dock : {m_dataDock, m_plotDock, m_cutDock, m_timeDock, m_messageDock})
         menu.addAction(dock->toggleViewAction());
 }
 

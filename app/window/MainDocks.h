@@ -16,15 +16,16 @@ class AssignmentPanel;
 class CutPanel;
 class DataPanel;
 class MessagePanel;
+class TimePanel;
 
-/// The docks around the page, with data, plot, slices and messages, and the actions that move the keyboard focus to them.
+/// The docks around the page, with data, plot, slices, time and messages, and the actions that move the keyboard focus to them.
 class MainDocks : public QObject
 {
     Q_OBJECT
 
 public:
     /// Puts the docks into @p window, which owns them and this.
-    MainDocks(kernel::Session& session, QMainWindow& window, QWidget& page);
+    MainDocks(kernel::Session& session, QMainWindow& window, CentralView const& view);
 
     /// Adds the actions that move the focus to frames, zones, variables, messages and the page.
     void addFocusActions(QMenu& menu);
@@ -34,6 +35,9 @@ public:
 
     /// Moves the focus to the slices of the plot.
     QAction& focusOnCuts() { return *m_focusOnCuts; }
+
+    /// Moves the focus to the time of the plot.
+    QAction& focusOnTime() { return *m_focusOnTime; }
 
     /// Adds the actions that show and hide each dock.
     void addToggles(QMenu& menu);
@@ -59,13 +63,16 @@ private:
     DataPanel* m_data;
     AssignmentPanel* m_assignment;
     CutPanel* m_cuts;
+    TimePanel* m_time;
     MessagePanel* m_messages;
     QDockWidget* m_dataDock;
     QDockWidget* m_plotDock;
     QDockWidget* m_cutDock;
+    QDockWidget* m_timeDock;
     QDockWidget* m_messageDock;
     QAction* m_focusOnPlot;
     QAction* m_focusOnCuts;
+    QAction* m_focusOnTime;
 };
 
 } // namespace veldraw::app

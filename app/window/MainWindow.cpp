@@ -67,7 +67,7 @@ MainWindow::MainWindow(kernel::Session& session, CentralView view, DocumentContr
     setStatusBar(new StatusBar);
     resize(usualSize);
     fitScreen();
-    m_docks = new MainDocks(session, *this, *m_view.widget);
+    m_docks = new MainDocks(session, *this, m_view);
     makeMenus();
     makeToolBar();
     statusBar()->addPermanentWidget(new DataSetStatus(session));
@@ -146,7 +146,8 @@ void MainWindow::makePlotMenu()
     menu.addSeparator();
     menu.addActions(m_frames.plotOptions());
     menu.addSeparator();
-    menu.addActions({&m_plots.assignAxes(), &m_plots.assignVector(), &m_docks->focusOnPlot(), &m_docks->focusOnCuts()});
+    menu.addActions({&m_plots.assignAxes(), &m_plots.assignVector(), &m_docks->focusOnPlot(), &m_docks->focusOnCuts(),
+                     &m_docks->focusOnTime()});
 }
 
 void MainWindow::makeViewMenu()

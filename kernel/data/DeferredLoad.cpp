@@ -10,18 +10,6 @@ namespace veldraw::kernel {
 
 namespace {
 
-std::shared_ptr<Buffer> announcedValues(ShareGroup const& group, std::int64_t size, Progress& progress)
-{
-    if (!group.loader()) {
-        throw std::runtime_error("there is nothing to load it from");
-    }
-    std::shared_ptr<Buffer> buffer = group.loader()->load(progress);
-    if (!buffer || buffer->type() != group.type() || buffer->size() != size) {
-        throw std::runtime_error("the values are not those that were announced: the file may have been replaced");
-    }
-    return buffer;
-}
-
 /// Loads something. What the loader complains about becomes a sentence on the thing, which @p name finds the name of.
 template <typename Name, typename Load>
 auto loadNamed(Name const& name, Load const& load)
@@ -84,6 +72,46 @@ void DeferredLoad::load(Progress& progress)
     }
 }
 
+MissingValues DeferredLoad::missing() const
+{
+    MissingValues missing;
+    for (Values const& values : m_values) {
+        ShareGroup const& group = *values.group;
+        if (!values.buffer && group.loader() && !group.isMapped()) {
+            missing.values.push_back(
+                {group.loader(), group.size() < 0 ? 0 : Buffer::bytesOf(group.type(), group.size())});
+        }
+    }
+    for (Size const& size : m_sizes) {
+        if (!size.isLoaded) {
+            missing.dimensions.push_back(size.loader);
+        }
+    }
+    return missing;
+}
+
+std::shared_ptr<Buffer> DeferredLoad::announcedValues(ShareGroup const& group, std::int64_t size,
+                                                      Progress& progress) const
+{
+    std::shared_ptr<ValueLoader> const& loader = group.loader();
+    if (!loader) {
+        throw std::runtime_error("there is nothing to load it from");
+    }
+    bool const isFetched = m_fetched != nullptr && m_fetched->values.count(loader) > 0;
+    std::shared_ptr<Buffer> buffer = isFetched ? m_fetched->values.at(loader) : loader->load(progress);
+    if (!buffer || buffer->type() != group.type() || buffer->size() != size) {
+        throw std::runtime_error("the values are not those that were announced: the file may have been replaced");
+    }
+    return buffer;
+}
+
+ZoneDimensions DeferredLoad::broughtDimensions(std::shared_ptr<DimensionsLoader> const& loader,
+                                               Progress& progress) const
+{
+    bool const isFetched = m_fetched != nullptr && m_fetched->dimensions.count(loader) > 0;
+    return isFetched ? m_fetched->dimensions.at(loader) : loader->load(progress);
+}
+
 std::shared_ptr<Buffer> DeferredLoad::loadValues(Values const& values, Progress& progress) const
 {
     std::int64_t const before = progress.done();
@@ -138,8 +166,8 @@ void DeferredLoad::loadDimensions(Progress& progress)
             continue;
         }
         auto const name = [&named = *zone] { return "The size of zone \"" + named.name + "\""; };
-        dimensions = loadNamed(name, [&loader = loader, &progress] {
-            ZoneDimensions size = loader->load(progress);
+        dimensions = loadNamed(name, [this, &loader = loader, &progress] {
+            ZoneDimensions size = broughtDimensions(loader, progress);
             if (size.i < 0 || size.j < 0 || size.k < 0) {
                 throw std::runtime_error("it is not known");
             }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kernel/base/Progress.h"
+#include "kernel/data/FetchedValues.h"
 #include "kernel/data/ZonesAndVariables.h"
 #include "kernel/events/StateChangeEvent.h"
 
@@ -43,6 +44,12 @@ public:
     bool needs(ShareGroup const& group) const { return m_needed.count(&group) > 0; }
 
     bool isEmpty() const { return m_values.empty() && m_sizes.empty(); }
+
+    /// The loaders that load() calls, but those of mapped values. @throws std::bad_alloc
+    MissingValues missing() const;
+
+    /// What load() takes in the place of calling the loaders again; to be there until it has ended.
+    void useFetched(FetchedValues const& fetched) { m_fetched = &fetched; }
 
     /// Loads what is needed. After a failure it can be called again and loads what is still missing.
     /// @throws std::runtime_error with a reason, std::bad_alloc, Interrupted
@@ -99,6 +106,8 @@ private:
     };
 
     void loadDimensions(Progress& progress);
+    std::shared_ptr<Buffer> announcedValues(ShareGroup const& group, std::int64_t size, Progress& progress) const;
+    ZoneDimensions broughtDimensions(std::shared_ptr<DimensionsLoader> const& loader, Progress& progress) const;
     std::shared_ptr<Buffer> loadValues(Values const& values, Progress& progress) const;
     KnownRange rangeOf(Values const& values, Buffer const& loaded, Progress const& progress) const;
     std::string nameOf(Values const& values) const;
@@ -108,6 +117,7 @@ private:
     void requireMemoryForValues() const;
 
     DataSet const& m_dataSet;
+    FetchedValues const* m_fetched = nullptr;
     std::vector<Values> m_values; // in the order in which they were added
     std::vector<Size> m_sizes;
     std::vector<Wanted> m_wanted;

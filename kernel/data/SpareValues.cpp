@@ -39,7 +39,7 @@ double SpareValues::Piece::bytes() const
     return std::max(sum, array);
 }
 
-void SpareValues::add(std::shared_ptr<DataSet> dataSet, NumberSet const& shown, Predicate const& isNeeded)
+void SpareValues::add(std::shared_ptr<DataSet> dataSet, Shown const& isShown, Predicate const& isNeeded)
 {
     for (int number = 1; number <= dataSet->zoneCount(); ++number) {
         Zone const& zone = *dataSet->zone(number);
@@ -53,7 +53,7 @@ void SpareValues::add(std::shared_ptr<DataSet> dataSet, NumberSet const& shown, 
             Piece& piece = m_pieces[group->buffer()->owner().get()];
             piece.groups.insert(group);
             piece.lastUse = std::max(piece.lastUse, group->lastUse());
-            piece.isNeeded = piece.isNeeded || isWanted || !group->canUnload() || shown.count(variable) > 0 ||
+            piece.isNeeded = piece.isNeeded || isWanted || !group->canUnload() || isShown(number, variable) ||
                              isNeeded(*group) || !group->loader()->canLoad();
         }
     }

@@ -35,11 +35,12 @@ class SpareValues
 {
 public:
     using Predicate = std::function<bool(ShareGroup const&)>;
+    using Shown = std::function<bool(int zone, int variable)>;
 
     /// Adds the values of a data set. Variables that are wanted in a zone are not spare there.
-    /// @param shown    one-based numbers of variables that frames show; they are not spare in any zone
+    /// @param isShown  whether frames show a variable in a zone, by their one-based numbers; called before add() returns
     /// @param isNeeded whether somebody else needs the values of a group; called before add() returns
-    void add(std::shared_ptr<DataSet> dataSet, NumberSet const& shown, Predicate const& isNeeded);
+    void add(std::shared_ptr<DataSet> dataSet, Shown const& isShown, Predicate const& isNeeded);
 
     /// Bytes of all loaded values that could be loaded again, spare or not.
     double loadedBytes() const;

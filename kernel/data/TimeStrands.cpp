@@ -3,7 +3,10 @@
 #include "kernel/data/ZonesAhead.h"
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 #include <map>
+#include <unordered_map>
 
 namespace veldraw::kernel {
 
@@ -27,6 +30,25 @@ private:
     std::map<int, std::size_t> m_ofStrand;
     std::size_t m_count = 0;
 };
+
+/// By which times are compared: nothing is before what is no number.
+double placeInTime(Zone const& zone)
+{
+    return std::isnan(zone.solutionTime) ? -std::numeric_limits<double>::infinity() : zone.solutionTime;
+}
+
+/// Calls @p work with the number of each enabled zone, and the zone.
+template <typename Work>
+void forEachEnabled(DataSet const& dataSet, Work const& work)
+{
+    auto const& zones = dataSet.zones();
+    for (std::size_t at = 0; at < zones.size(); ++at) {
+        prepareZonesBehind(zones, at);
+        if (zones[at]->enabled) {
+            work(static_cast<int>(at) + 1, *zones[at]);
+        }
+    }
+}
 
 } // namespace
 
@@ -88,6 +110,49 @@ NumberSet enabledFieldMaps(DataSet const& dataSet)
         }
     }
     return maps;
+}
+
+std::vector<double> solutionTimes(DataSet const& dataSet)
+{
+    std::vector<double> times;
+    forEachEnabled(dataSet, [&times](int, Zone const& zone) {
+        if (StrandNumbers::isStrand(zone.strand) && std::isfinite(zone.solutionTime)) {
+            times.push_back(zone.solutionTime);
+        }
+    });
+    std::sort(times.begin(), times.end());
+    times.erase(std::unique(times.begin(), times.end()), times.end());
+    return times;
+}
+
+NumberSet zonesAt(DataSet const& dataSet, double moment)
+{
+    std::unordered_map<int, double> latest; // of each strand that has begun
+    forEachEnabled(dataSet, [&](int, Zone const& zone) {
+        double const time = placeInTime(zone);
+        if (StrandNumbers::isStrand(zone.strand) && time <= moment) {
+            double& known = latest.try_emplace(zone.strand, time).first->second;
+            known = std::max(known, time);
+        }
+    });
+    NumberSet present;
+    forEachEnabled(dataSet, [&](int number, Zone const& zone) {
+        bool isThere = !StrandNumbers::isStrand(zone.strand);
+        if (!isThere) {
+            auto const found = latest.find(zone.strand);
+            isThere = found != latest.end() && placeInTime(zone) >= found->second && placeInTime(zone) <= moment;
+        }
+        if (isThere) {
+            present.insert(number);
+        }
+    });
+    return present;
+}
+
+bool isPresent(DataSet const& dataSet, int zone, NumberSet const& present)
+{
+    int const strand = dataSet.zones()[static_cast<std::size_t>(zone - 1)]->strand;
+    return !StrandNumbers::isStrand(strand) || present.count(zone) > 0;
 }
 
 } // namespace veldraw::kernel

@@ -1,5 +1,6 @@
 #include "kernel/frames/Frame.h"
 
+#include "kernel/data/TimeStrands.h"
 #include "kernel/frames/PlotOption.h"
 
 namespace veldraw::kernel {
@@ -48,6 +49,33 @@ int Frame::variableNumber(char assignment) const
     default:
         return 0;
     }
+}
+
+NumberSet Frame::zonesInSight() const
+{
+    return dataSet ? zonesAt(*dataSet, solutionTime) : NumberSet();
+}
+
+NumberSet Frame::drawnVariables() const
+{
+    bool const isField = plotType == PlotType_Cartesian2D || plotType == PlotType_Cartesian3D;
+    NumberSet variables;
+    if (!dataSet || !isField) {
+        return variables;
+    }
+    for (int const axis : axisVariables()) {
+        variables.insert(axis);
+    }
+    if (showContour) {
+        variables.insert(variableNumber('C'));
+    }
+    for (Cut const& cut : cuts) {
+        if (showCuts && cut.isShown) {
+            variables.insert(dataSet->variableNumber(cut.variable));
+        }
+    }
+    variables.erase(0); // of what has none
+    return variables;
 }
 
 } // namespace veldraw::kernel

@@ -50,6 +50,12 @@ struct Frame
     /// Number of the variable assigned to a letter of X, Y, Z (present plot type), U, V, W or C (contour), 0 = none.
     int variableNumber(char assignment) const;
 
+    /// The enabled zones that a field plot shows at its solution time; none without a data set. @throws std::bad_alloc
+    NumberSet zonesInSight() const;
+
+    /// Numbers of the variables whose values a field plot of the present type draws; none for other types. @throws std::bad_alloc
+    NumberSet drawnVariables() const;
+
     UniqueId id;
     std::string name;
     Rectangle rectangle;
@@ -61,13 +67,14 @@ struct Frame
     UniqueId contourVariable = 0;
     bool showContour; ///< this and the next ones are plotOptions(), which tell their values at first
     bool showMesh;
-    bool showCuts;         ///< of field plots: cuts are seen, in the place of the outer surfaces of volumes
-    bool stretchAxes;      ///< of field plots: each axis has a scale of its own, so that they fill the frame
-    bool showLines;        ///< of line plots
-    bool showSymbols;      ///< of line plots
-    bool logX;             ///< of line plots: the horizontal axis is logarithmic
-    bool logY;             ///< of line plots: the vertical one
-    std::vector<Cut> cuts; ///< of field plots
+    bool showCuts;             ///< of field plots: cuts are seen, in the place of the outer surfaces of volumes
+    bool stretchAxes;          ///< of field plots: each axis has a scale of its own, so that they fill the frame
+    bool showLines;            ///< of line plots
+    bool showSymbols;          ///< of line plots
+    bool logX;                 ///< of line plots: the horizontal axis is logarithmic
+    bool logY;                 ///< of line plots: the vertical one
+    double solutionTime = 0.0; ///< of field plots: the moment at which strands are seen (see zonesAt()), finite
+    std::vector<Cut> cuts;     ///< of field plots
     std::vector<LineMap> lineMaps;
     AuxiliaryData auxiliaryData;
 };

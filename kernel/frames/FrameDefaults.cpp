@@ -1,6 +1,7 @@
 #include "kernel/frames/FrameDefaults.h"
 
 #include "kernel/base/Text.h"
+#include "kernel/data/TimeStrands.h"
 
 #include <algorithm>
 #include <initializer_list>
@@ -158,6 +159,7 @@ void layOut(Frame& frame)
     }
     DataSet const& dataSet = *frame.dataSet;
     Axes const axes = pickAxes(dataSet);
+    std::vector<double> const times = solutionTimes(dataSet);
     std::vector<LineMap> lineMaps;
     if (dataSet.zoneCount() > 0 && dataSet.variableCount() > 0) {
         lineMaps.push_back(defaultLineMap(dataSet, 1));
@@ -168,6 +170,7 @@ void layOut(Frame& frame)
     frame.axes3D = axes;
     frame.axes2D = {axes[0], axes[1]};
     frame.lineMaps = std::move(lineMaps);
+    frame.solutionTime = times.empty() ? 0.0 : times.front();
     frame.cuts.clear();
     frame.stretchAxes = needsStretching(frame);
 }

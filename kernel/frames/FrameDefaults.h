@@ -12,6 +12,7 @@ namespace veldraw::kernel {
 /// - Contour variable: the first enabled variable that is on no axis.
 /// - Plot type: a line plot if all zones are curves (I-ordered, not scattered) and there are two or more variables; 3D if a
 ///   zone has three dimensions or Z is not constant; else 2D. A sketch if there are no zones or no variables.
+/// - Solution time: the first one of the data set, 0 where it has no strands.
 /// - Stretched axes: if a picture to scale would be a mere line (see isMereLine()).
 ///
 /// A frame without a data set is not changed. @throws std::bad_alloc

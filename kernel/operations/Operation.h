@@ -1,5 +1,6 @@
 #pragma once
 
+#include "kernel/base/Identifier.h"
 #include "kernel/base/Progress.h"
 
 #include <memory>
@@ -21,7 +22,7 @@ class Pages;
 ///     bool const isDone = session.perform(DeleteVariables(dataSet, {3, 5}));
 ///
 /// Only the session calls the members below: find() first, then the reasons against the operation, needs() and compute() where it
-/// is long, makeChange(), and remark() when it has succeeded; name() and onlyLoads() at any time after find(). It also does what all operations have in
+/// is long, makeChange(), and remark() when it has succeeded; name(), run() and onlyLoads() at any time after find(). It also does what all operations have in
 /// common: it runs one at a time, refuses one whose data set is locked, loads values, computes on a separate thread, stops after a
 /// cancel, adds the step to the history and stores the reason of a refusal.
 ///
@@ -63,6 +64,10 @@ public:
     /// The step for the history; null when nothing changes. @param events takes the events of the step
     /// @throws std::bad_alloc
     virtual std::shared_ptr<Change> makeChange(EventHub& events) = 0;
+
+    /// What the step goes on with, if the newest one is of the same run: many small ones, such as those of a drag, are one for whoever undoes.
+    /// 0, as for most: a step of its own. Otherwise see History::performInRun().
+    virtual UniqueId run() const { return 0; }
 
     /// Whether the operation does nothing but load: what was loaded stays, though there is no step for the history.
     virtual bool onlyLoads() const { return false; }

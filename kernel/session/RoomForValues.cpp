@@ -1,11 +1,13 @@
 #include "kernel/session/RoomForValues.h"
 
 #include "kernel/base/SystemMemory.h"
+#include "kernel/data/TimeStrands.h"
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
 #include <set>
+#include <utility>
 
 namespace veldraw::kernel {
 
@@ -26,23 +28,43 @@ void addShown(DataSet const& dataSet, ShownValues const& values, Groups& groups)
     }
 }
 
-/// Numbers of the variables that @p frame shows, or would show in another type of plot.
-void addShown(Frame const& frame, NumberSet& variables)
+/// The values that a frame shows, or would show in another type of plot: of strands those of its moment alone, so that memory does not grow
+/// with the moments that have been seen.
+class ValuesOfFrame
 {
-    DataSet const& dataSet = *frame.dataSet;
-    auto const add = [&](UniqueId id) { variables.insert(dataSet.variableNumber(id)); };
-    std::for_each(frame.axes2D.begin(), frame.axes2D.end(), add);
-    std::for_each(frame.axes3D.begin(), frame.axes3D.end(), add);
-    std::for_each(frame.vector.begin(), frame.vector.end(), add);
-    add(frame.contourVariable);
-    for (Cut const& cut : frame.cuts) {
-        add(cut.variable);
+public:
+    explicit ValuesOfFrame(Frame const& frame)
+        : m_dataSet(*frame.dataSet)
+        , m_zones(frame.zonesInSight())
+    {
+        auto const add = [this](UniqueId id) { m_variables.insert(m_dataSet.variableNumber(id)); };
+        std::for_each(frame.axes2D.begin(), frame.axes2D.end(), add);
+        std::for_each(frame.axes3D.begin(), frame.axes3D.end(), add);
+        std::for_each(frame.vector.begin(), frame.vector.end(), add);
+        add(frame.contourVariable);
+        for (Cut const& cut : frame.cuts) {
+            add(cut.variable);
+        }
+        for (LineMap const& map : frame.lineMaps) {
+            int const zone = m_dataSet.zoneNumber(map.zone);
+            m_curves.insert({zone, m_dataSet.variableNumber(map.xVariable)});
+            m_curves.insert({zone, m_dataSet.variableNumber(map.yVariable)});
+        }
     }
-    for (LineMap const& map : frame.lineMaps) {
-        add(map.xVariable);
-        add(map.yVariable);
+
+    /// One-based numbers, which exist.
+    bool has(int zone, int variable) const
+    {
+        return (m_variables.count(variable) > 0 && isPresent(m_dataSet, zone, m_zones)) ||
+               m_curves.count({zone, variable}) > 0;
     }
-}
+
+private:
+    DataSet const& m_dataSet;
+    NumberSet m_zones;
+    NumberSet m_variables;
+    std::set<std::pair<int, int>> m_curves; // zone and variable
+};
 
 } // namespace
 
@@ -121,11 +143,15 @@ SpareValues RoomForValues::spareValues() const
         for (auto const& values : shownBesideFrames) {
             addShown(*dataSet, *values, shownGroups);
         }
-        NumberSet shown;
+        std::vector<ValuesOfFrame> shown;
         for (auto const& frame : m_session.pages().framesOf(*dataSet)) {
-            addShown(*frame, shown);
+            shown.emplace_back(*frame);
         }
-        spare.add(dataSet, shown, isNeeded);
+        auto const isShown = [&shown](int zone, int variable) {
+            return std::any_of(shown.begin(), shown.end(),
+                               [=](ValuesOfFrame const& values) { return values.has(zone, variable); });
+        };
+        spare.add(dataSet, isShown, isNeeded);
     }
     return spare;
 }

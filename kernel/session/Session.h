@@ -4,6 +4,7 @@
 #include "kernel/frames/Display.h"
 #include "kernel/frames/Pages.h"
 #include "kernel/operations/Operation.h"
+#include "kernel/session/FetchAhead.h"
 #include "kernel/session/LoadedValues.h"
 #include "kernel/session/LongWork.h"
 #include "kernel/undo/History.h"
@@ -119,6 +120,11 @@ public:
     /// @throws what the work throws, Interrupted when the user has cancelled; std::logic_error while another one runs
     void runOperation(std::string const& name, std::function<void(Progress&)> const& work);
 
+    /// Begins to bring, on a thread aside, what a frame needs to show a moment of its data set (see FetchAhead). The next operation that loads waits for it
+    /// if it needs that, and ends it otherwise.
+    void fetchAhead(UniqueId frame, double time) noexcept;
+    void endFetchAhead() noexcept { m_fetchAhead.end(); }
+
     // ---- what the user does in the work area -----------------------------------------------------------------------
     std::vector<Pick> const& picks() const { return m_picks; }
     void setPicks(std::vector<Pick> picks); ///< event 25
@@ -161,6 +167,8 @@ private:
     Pages m_pages;
     LongWork m_work;
     LoadedValues m_loadedValues;
+    FetchAhead m_fetchAhead;
+    bool m_needsFetched = false; // by the operation that is about to run
     std::vector<Pick> m_picks;
     int m_mouseMode;
     Display* m_display = nullptr;

@@ -1,8 +1,11 @@
 // Operations and other long work.
 #include "kernel/operations/ChangeAfterLoad.h"
+#include "kernel/operations/SetSolutionTime.h"
 #include "kernel/session/RoomForValues.h"
 #include "kernel/session/SessionGuard.h"
 #include "kernel/style/StyleTree.h"
+
+#include <utility>
 
 namespace veldraw::kernel {
 
@@ -39,10 +42,13 @@ void Session::performLong(Operation& operation)
     StyleTree::Hold const unchanged(
         *m_style); // destroyed last: the style writes that it carries out are operations as well
     std::shared_ptr<DeferredLoad> const load = operation.needs();
+    m_needsFetched = m_fetchAhead.isFor(*load);
     RoomForValues room(*this, *load);
     if (!operation.onlyLoads() || !load->isEmpty()) {
         room.run(operation.name(), [&](Progress& progress) {
             if (!load->isEmpty()) {
+                m_fetchAhead.wait(progress);
+                load->useFetched(m_fetchAhead.fetched());
                 load->load(progress);
             }
             operation.compute(progress);
@@ -72,7 +78,9 @@ void Session::performLong(Operation& operation)
 
 void Session::addStep(Operation const& operation, std::shared_ptr<Change> const& change)
 {
-    if (change) {
+    if (change && operation.run() != 0) {
+        m_history.performInRun(operation.name(), change, operation.run());
+    } else if (change) {
         DataSet const* const altered = operation.altered();
         m_history.perform(operation.name(), change, altered != nullptr ? altered->id() : 0);
     }
@@ -94,7 +102,22 @@ void Session::runOperation(std::string const& name, std::function<void(Progress&
 {
     StyleTree::Hold const unchanged(
         *m_style); // destroyed last: the style writes that it carries out are operations as well
+    if (!isBusy() && !std::exchange(m_needsFetched, false)) {
+        m_fetchAhead.end(); // a loader never runs twice at a time
+    }
     m_work.run(name, work);
+    m_fetchAhead.end();
+}
+
+void Session::fetchAhead(UniqueId frame, double time) noexcept
+{
+    withoutThrowing([&] {
+        std::shared_ptr<Frame> const found = this->frame(frame);
+        if (!isBusy() && found && found->dataSet) {
+            m_fetchAhead.start(*SetSolutionTime::valuesAt(*found, time));
+        }
+        return true;
+    });
 }
 
 } // namespace veldraw::kernel

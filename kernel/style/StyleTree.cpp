@@ -7,6 +7,7 @@
 #include "kernel/style/LineMapStyleItem.h"
 #include "kernel/style/PlotOptionItem.h"
 #include "kernel/style/SessionStyleItem.h"
+#include "kernel/style/SolutionTimeItem.h"
 
 #include <algorithm>
 #include <limits>
@@ -70,6 +71,7 @@ void StyleTree::addFrameItems()
     for (PlotOption const& option : plotOptions()) {
         add(std::make_unique<PlotOptionItem>(m_pages, m_performer, option));
     }
+    add(std::make_unique<SolutionTimeItem>(m_pages, m_performer));
     for (std::unique_ptr<StyleItem>& item : CutStyleItem::all(m_pages, m_performer)) {
         add(std::move(item));
     }

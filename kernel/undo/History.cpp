@@ -40,13 +40,20 @@ History::History(std::int64_t memoryLimit)
 void History::perform(std::string name, std::shared_ptr<Change> const& change, UniqueId altered)
 {
     Steps added;
-    added.push_back({std::move(name), change, {}, ++m_lastNumber, {}});
+    added.push_back({std::move(name), change, {}, ++m_lastNumber, {}, 0});
     if (altered != 0) {
         m_states[altered];
         Step& step = m_groupDepth > 0 ? m_open.front() : added.front();
         step.dataSets.insert(altered);
         step.number = m_lastNumber;
     }
+    performStep(added);
+}
+
+/// @param added the one step
+void History::performStep(Steps& added)
+{
+    std::shared_ptr<Change> const change = added.front().change;
     m_addedWhileRunning = m_isRunning;
     if (m_groupDepth > 0) {
         m_group->parts.splice(m_group->parts.end(), added);
@@ -57,6 +64,20 @@ void History::perform(std::string name, std::shared_ptr<Change> const& change, U
     change->apply();
     countStepOf(*change);
     changed();
+}
+
+void History::performInRun(std::string name, std::shared_ptr<Change> const& change, UniqueId run)
+{
+    bool const isPlain = m_groupDepth == 0 && !m_isRunning;
+    if (isPlain && !m_done.empty() && m_done.back().run == run) {
+        forgetUndone();
+        change->apply();
+        changed();
+        return;
+    }
+    Steps added;
+    added.push_back({std::move(name), change, {}, ++m_lastNumber, {}, isPlain ? run : 0});
+    performStep(added);
 }
 
 void History::add(Steps& step)
@@ -91,7 +112,7 @@ void History::beginGroup(std::string name)
 {
     if (m_groupDepth == 0) {
         auto group = std::make_shared<Group>();
-        m_open.push_back({std::move(name), group, {}, 0, {}});
+        m_open.push_back({std::move(name), group, {}, 0, {}, 0});
         m_group = std::move(group);
     }
     ++m_groupDepth;

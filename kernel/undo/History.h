@@ -35,6 +35,13 @@ public:
     /// @throws std::bad_alloc before anything has changed
     void perform(std::string name, std::shared_ptr<Change> const& change, UniqueId altered = 0);
 
+    /// Applies a change that goes on with the newest step, if that is of the same run and no group is open; else the same as perform().
+    /// However long a run is, it holds one change: its first one, which swaps what the run changes with what was there before it.
+    /// @param change one that a SwapChange of the same member has begun, and no data of a file
+    /// @param run    of no other steps, not 0
+    /// @throws std::bad_alloc before anything has changed
+    void performInRun(std::string name, std::shared_ptr<Change> const& change, UniqueId run);
+
     /// Steps between the outermost begin and end become one step called @p name; groups nest, the outermost names it.
     void beginGroup(std::string name);
     void endGroup();
@@ -79,6 +86,7 @@ private:
         HeldMemory held;
         std::int64_t number = 0;     // of no other step
         std::set<UniqueId> dataSets; // that differ from their files by it
+        UniqueId run = 0;            // that it stands for, see performInRun()
     };
 
     // The state of a data set is the number of the newest step that has changed it.
@@ -91,6 +99,7 @@ private:
 
     class Group;
 
+    void performStep(Steps& added);
     void add(Steps& step);
     void run(Step& step, void (Change::*way)());
     void countStepOf(Change const& change);

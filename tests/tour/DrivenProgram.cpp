@@ -25,8 +25,8 @@ DrivenProgram::DrivenProgram(int& argc, char** argv, QString const& description,
 {
     host::KernelBridge::install();
     parse(description);
-    auto const reader = [this](QString const& path, OutsidePaths outsidePaths, kernel::Progress& progress) {
-        return importFile(path, m_deferral, progress, outsidePaths);
+    auto const reader = [this](FileGroup const& group, OutsidePaths outsidePaths, kernel::Progress& progress) {
+        return importGroup(group, m_deferral, progress, outsidePaths);
     };
     kernel::Session& session = kernel::Session::instance();
     m_window = std::make_unique<MainWindow>(session, CentralView::ofPage(session), reader);

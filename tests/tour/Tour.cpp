@@ -15,6 +15,7 @@
 #include "tests/tour/MirrorZoneStation.h"
 #include "tests/tour/SliceStation.h"
 #include "tests/tour/SpreadsheetStation.h"
+#include "tests/tour/TimeStation.h"
 #include "tests/tour/TriangulationStation.h"
 
 #include <QApplication>
@@ -63,6 +64,7 @@ TourReport const& Tour::run()
     LongTableStation(m_tour, m_samples + QStringLiteral("/line.mhd")).run();
     CancelledSaveStation(m_tour, m_out).run();
     SliceStation(m_tour, m_samples + QStringLiteral("/flow.vtm"), m_samples + QStringLiteral("/tetra.vtu")).run();
+    TimeStation(m_tour, m_samples + QStringLiteral("/transient.vtm")).run();
     openBar();
     MirrorZoneStation(m_tour).run();
     pickZone();

@@ -7,6 +7,7 @@
 #include "app/import/zones/ImportedZone.h"
 #include "kernel/base/Progress.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,8 @@ struct ImportContext
     kernel::Progress& progress; ///< has a total, which is the whole import's
     std::vector<std::string>& remarks; ///< take sentences for the user: what was converted, left out and the like
     OutsidePaths outsidePaths = OutsidePaths::Refuse; ///< for names of other files that stand in the file
+    /// Reads a file of any format, for one that lists others; empty where these must not be read.
+    std::function<std::vector<ImportedZone>(std::string const& path, ImportContext const& context)> readOther{};
 };
 
 /// Reads the files of one format.

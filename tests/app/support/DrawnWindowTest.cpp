@@ -13,8 +13,8 @@ namespace veldraw::tests {
 
 app::DocumentController::FileReader DrawnWindowTest::makeReader()
 {
-    return [this](QString const& path, app::OutsidePaths outsidePaths, kernel::Progress& progress) {
-        return app::importFile(path, deferral, progress, outsidePaths);
+    return [this](app::FileGroup const& group, app::OutsidePaths outsidePaths, kernel::Progress& progress) {
+        return app::importGroup(group, deferral, progress, outsidePaths);
     };
 }
 

@@ -115,8 +115,8 @@ app::CentralView WindowTest::makeView()
 
 app::DocumentController::FileReader WindowTest::makeReader()
 {
-    return [](QString const& path, app::OutsidePaths outsidePaths, kernel::Progress& progress) {
-        return app::importFile(path, app::Deferral::Auto, progress, outsidePaths);
+    return [](app::FileGroup const& group, app::OutsidePaths outsidePaths, kernel::Progress& progress) {
+        return app::importGroup(group, app::Deferral::Auto, progress, outsidePaths);
     };
 }
 

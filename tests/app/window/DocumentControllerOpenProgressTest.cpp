@@ -35,8 +35,8 @@ protected:
 
     app::DocumentController::FileReader makeReader() override
     {
-        return [this](QString const& path, app::OutsidePaths, kernel::Progress& progress) {
-            readPath = path;
+        return [this](app::FileGroup const& group, app::OutsidePaths, kernel::Progress& progress) {
+            readPath = group.paths.first();
             depthWhileReading = sdk::AppLock::depth();
             return reader(progress);
         };

@@ -192,10 +192,7 @@ TEST_F(LoadOnDemand, WantsVariablesWhateverTheirNumbersBecome)
 
 TEST_F(LoadOnDemand, KeepsWhatAFrameShows)
 {
-    frame->lineMaps = {LineMap()};
-    LineMap& map = frame->lineMaps[0];
-    for (UniqueId* const shown : {&frame->contourVariable, &map.xVariable, &map.yVariable, &frame->axes2D[1],
-                                  &frame->axes3D[2], &frame->vector[2]}) {
+    for (UniqueId* const shown : {&frame->contourVariable, &frame->axes2D[1], &frame->axes3D[2], &frame->vector[2]}) {
         session.perform(LoadVariables(*dataSet, {1, 2}, {1, 4}));
         *shown = dataSet->variable(4)->id;
         recorder.take();
@@ -207,6 +204,23 @@ TEST_F(LoadOnDemand, KeepsWhatAFrameShows)
     }
     unloadSpare();
     EXPECT_FALSE(field(1, 4).isLoaded());
+}
+
+TEST_F(LoadOnDemand, KeepsWhatALineMapShowsInItsZone)
+{
+    frame->lineMaps = {LineMap()};
+    LineMap& map = frame->lineMaps[0];
+    map.zone = dataSet->zone(1)->id;
+    for (UniqueId* const shown : {&map.xVariable, &map.yVariable}) {
+        session.perform(LoadVariables(*dataSet, {1, 2}, {1}));
+        *shown = dataSet->variable(1)->id;
+        recorder.take();
+        unloadSpare();
+        EXPECT_TRUE(field(1, 1).isLoaded());
+        EXPECT_FALSE(field(2, 1).isLoaded());
+        EXPECT_THAT(recorder.take(), ElementsAre("21 zones 2 variables 1"));
+        *shown = 0;
+    }
 }
 
 TEST_F(LoadOnDemand, KeepsWhatIsDeclaredAsShownAsLongAsTheDeclarationLives)

@@ -8,6 +8,7 @@
 #include "kernel/operations/RenameFrame.h"
 #include "kernel/operations/RenameZone.h"
 #include "kernel/operations/SetPlotType.h"
+#include "kernel/operations/SetSolutionTime.h"
 #include "kernel/style/StyleTree.h"
 #include "tests/kernel/support/SessionFixture.h"
 #include "tests/kernel/support/Waiters.h"
@@ -189,6 +190,7 @@ TEST_F(OperationTest, LetsNothingElseChangeMeanwhile)
         expectRefused([&] { return session.perform(AssignVariable(id, 'U', 1)); });
         expectRefused([&] { return session.perform(SetPlotOption(id, &Frame::showMesh, true)); });
         expectRefused([&] { return session.perform(AddCut(id, {})); });
+        expectRefused([&] { return session.perform(SetSolutionTime(id, 1.0)); });
         expectRefused([&] { return session.perform(CreateLineMap(id)); });
         expectRefused([&] { return session.perform(DeleteLineMaps(id, {1})); });
         expectRefused([&] { return session.perform(ChangeLineMaps(id, {1}, [](LineMap& map) { map.name = "a"; })); });

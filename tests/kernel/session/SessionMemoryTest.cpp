@@ -18,6 +18,7 @@
 #include "kernel/operations/RotateZones.h"
 #include "kernel/operations/SetAuxiliaryItem.h"
 #include "kernel/operations/SetPlotType.h"
+#include "kernel/operations/SetSolutionTime.h"
 #include "kernel/operations/SetValue.h"
 #include "kernel/operations/SmoothVariable.h"
 #include "kernel/operations/SpatialVariables.h"
@@ -343,6 +344,12 @@ TEST(WithoutMemory, SlicesAreChangedWhollyOrNotAtAll)
     EXPECT_GE(sweepMemory(move, add), 4);
     EXPECT_GE(
         sweepMemory([&](Stage& stage) { return stage.session.perform(DeleteCut(stage.frame->id, first.id)); }, add), 4);
+}
+
+TEST(WithoutMemory, AnotherMomentIsShownOrThePresentOne)
+{
+    auto const go = [](Stage& stage) { return stage.session.perform(SetSolutionTime(stage.frame->id, 2.5)); };
+    EXPECT_GE(sweepMemory(go, [](Stage& stage) { stage.dataSet->zone(1)->strand = 7; }), 4);
 }
 
 TEST(WithoutMemory, LineMapsAreAlteredWhollyOrNotAtAll)

@@ -1,6 +1,7 @@
 #include "app/import/formats/vtkxml/VtkXmlReader.h"
 
 #include "app/files/PathChecks.h"
+#include "app/files/WholeText.h"
 #include "app/import/formats/vtkxml/BlockZones.h"
 #include "app/import/formats/vtkxml/GridArrays.h"
 #include "app/import/formats/vtkxml/VtkFile.h"
@@ -8,13 +9,9 @@
 #include <QXmlStreamReader>
 #include <vtkFieldData.h>
 
-#include <fstream>
-
 namespace veldraw::app {
 
 namespace {
-
-constexpr std::int64_t mostBytesOfList = std::int64_t{1} << 28;
 
 void readGrid(std::string const& path, ImportContext const& context, std::vector<ImportedZone>& zones)
 {
@@ -47,21 +44,9 @@ struct MultiBlockFile
     bool hasFieldData = false;           // beside the pieces
 };
 
-std::string contentOf(std::string const& path)
-{
-    std::int64_t const size = FileStamp(path).size();
-    if (size > mostBytesOfList)
-        throw ImportError("it has " + std::to_string(size) + " bytes, which is more than a list of files can have");
-    std::string content(static_cast<std::size_t>(size), '\0');
-    std::ifstream file = openToRead(path);
-    file.read(content.data(), static_cast<std::streamsize>(content.size()));
-    content.resize(static_cast<std::size_t>(file.gcount()));
-    return content;
-}
-
 MultiBlockFile multiBlockFile(std::string const& path, kernel::Progress const& progress)
 {
-    std::string const content = contentOf(path);
+    std::string const content = wholeText(path);
     QXmlStreamReader xml(QByteArray::fromRawData(content.data(), static_cast<int>(content.size())));
     if (!xml.readNextStartElement() || xml.name() != QLatin1String("VTKFile") ||
         attribute(xml, "type") != QLatin1String("vtkMultiBlockDataSet"))

@@ -143,7 +143,7 @@ double leastSeconds(benchmark::State& state, ScatteredStage& stage, Operation co
     return least;
 }
 
-/// Tells how long we take for each second of the peer, and how far its results are from ours.
+/// Tells how long we take for each second of the peer, and how far its results are from ours. Results that differ are an error.
 void tell(benchmark::State& state, ScatteredStage const& stage, double seconds, double peerSeconds,
           std::vector<double> const& peerResults)
 {
@@ -154,6 +154,9 @@ void tell(benchmark::State& state, ScatteredStage const& stage, double seconds, 
     state.counters["peer_s"] = peerSeconds;
     state.counters["ratio"] = seconds / peerSeconds;
     state.counters["difference"] = difference;
+    if (!(difference < 1e-9)) {
+        state.SkipWithError("the results differ from the peer's");
+    }
 }
 
 vtkNew<vtkPolyData> polyData(std::vector<double> const& places, bool hasValues)

@@ -86,7 +86,8 @@ void LocalKriging::findGroups(Neighborhoods const& neighborhoods)
     }
 }
 
-/// Brings the neighbours of a target in the order of those of the first one of a group. @return whether they are the same ones
+/// Brings the neighbours of a target in the order of those of the first one of a group. @return whether they are the same ones; the
+/// order is left as it is if not
 bool LocalKriging::matchOrder(std::size_t groupBegin, std::size_t begin, std::size_t count)
 {
     std::vector<Neighbor> const& neighbors = m_neighborhoods->neighbors;
@@ -96,7 +97,9 @@ bool LocalKriging::matchOrder(std::size_t groupBegin, std::size_t begin, std::si
         while (found < begin + count && neighbors[found].place != wanted) {
             ++found;
         }
-        if (found == begin + count) {
+        if (found == begin + count) { // other points with the same sum
+            std::iota(m_order.begin() + static_cast<std::ptrdiff_t>(begin),
+                      m_order.begin() + static_cast<std::ptrdiff_t>(begin + at), begin);
             return false;
         }
         m_order[begin + at] = found;

@@ -7,12 +7,14 @@
 #include "app/commandline/OutputCheck.h"
 #include "host/KernelBridge.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QStandardPaths>
 #include <QTextStream>
 
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <string>
 #include <unistd.h>
 #include <vector>
@@ -45,18 +47,43 @@ QStringList toStringList(int argc, char** argv)
     return arguments;
 }
 
+// Where the process on a virtual display finds the name of the file with the key to it.
+constexpr char const* displayKeyVariable = "VELDRAW_DISPLAY_KEY";
+
+// An empty file for the key to a virtual display: with a file of its own to make and delete, xvfb-run now and then ends with a status
+// of its own instead of this program's.
+std::string makeKeyFile()
+{
+    std::string name = QDir::tempPath().toStdString() + "/veldraw-display-XXXXXX";
+    int const file = ::mkstemp(name.data());
+    if (file < 0)
+        return {};
+    ::close(file);
+    return name;
+}
+
+// The key is of no more use once the program has a connection to the display.
+void dropDisplayKey()
+{
+    QByteArray const keyFile = qgetenv(displayKeyVariable);
+    if (!keyFile.isEmpty())
+        std::remove(keyFile.constData());
+}
+
 // Replaces this process by the same one on a virtual display. Returns only when there is no such thing.
 void restartOnVirtualDisplay(char** argv)
 {
-    char const* const guard = "VELDRAW_ON_VIRTUAL_DISPLAY";
     std::string const launcher = QStandardPaths::findExecutable(QStringLiteral("xvfb-run")).toStdString();
-    if (launcher.empty() || qEnvironmentVariableIsSet(guard))
+    if (launcher.empty() || qEnvironmentVariableIsSet(displayKeyVariable))
         return;
-    qputenv(guard, "1");
+    std::string const keyFile = makeKeyFile();
+    if (keyFile.empty())
+        return;
+    qputenv(displayKeyVariable, keyFile.c_str());
     qputenv("QT_QPA_PLATFORM", "xcb");
     qputenv("LIBGL_ALWAYS_SOFTWARE", "1");
     std::string const program = QFileInfo(QStringLiteral("/proc/self/exe")).symLinkTarget().toStdString();
-    std::vector<std::string> words{launcher, "-a", "-s", "-screen 0 1600x1200x24", program};
+    std::vector<std::string> words{launcher, "-a", "-f", keyFile, "-s", "-screen 0 1600x1200x24", program};
     std::vector<char*> pointers;
     for (std::string& word : words)
         pointers.push_back(word.data());
@@ -64,6 +91,7 @@ void restartOnVirtualDisplay(char** argv)
         pointers.push_back(*argument);
     pointers.push_back(nullptr);
     execv(launcher.c_str(), pointers.data());
+    std::remove(keyFile.c_str());
 }
 
 // @return false when what is asked for cannot be done here
@@ -133,6 +161,7 @@ int runProgram(int argc, char** argv)
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     Application application(argc, argv);
+    dropDisplayKey();
     host::KernelBridge::install();
     // Qt has taken its own options out by now, so what is unknown here is wrong.
     CommandLineOptions const options = CommandLineOptions::parse(application.arguments());

@@ -342,6 +342,22 @@ void addXmlFiles(TemporaryFolder const& folder, std::vector<SoundFile>& files)
          {{"mesh.vtu", contentOf(folder.path("mesh.vtu"))}, {"grid.vts", contentOf(folder.path("grid.vts"))}}});
 }
 
+void addLists(TemporaryFolder const& folder, std::vector<SoundFile>& files)
+{
+    std::vector<std::pair<std::string, std::string>> const moments{{"mesh.vtu", contentOf(folder.path("mesh.vtu"))},
+                                                                   {"mesh_2.vtu", contentOf(folder.path("mesh.vtu"))}};
+    files.push_back({"all.pvd",
+                     "<VTKFile type=\"Collection\" version=\"0.1\">\n<Collection>\n<DataSet timestep=\"0.5\" "
+                     "group=\"a\" part=\"0\" "
+                     "file=\"mesh.vtu\"/>\n<DataSet timestep=\"1.5e0\" group=\"a\" part=\"0\" file=\"mesh_2.vtu\"/>\n"
+                     "</Collection>\n</VTKFile>\n",
+                     moments});
+    files.push_back({"all.vtu.series",
+                     "{\"file-series-version\": \"1.0\",\n\"files\": [{\"name\": \"mesh.vtu\", \"time\": 0},\n"
+                     "{\"name\": \"mesh_2.vtu\", \"time\": 0.25}]}\n",
+                     moments});
+}
+
 } // namespace
 
 std::vector<SoundFile> soundFiles()
@@ -349,6 +365,7 @@ std::vector<SoundFile> soundFiles()
     TemporaryFolder const folder;
     std::vector<SoundFile> files;
     addXmlFiles(folder, files);
+    addLists(folder, files);
     for (bool const binary : {false, true}) {
         std::vector<vtkSmartPointer<vtkDataSet>> const grids{mixedMesh(), block(), image(), axes(), surface()};
         for (auto const& grid : grids)

@@ -11,7 +11,8 @@ namespace veldraw::app {
 
 namespace {
 
-constexpr std::size_t longestTag = 1 << 24; // thousands of components may be named in one
+constexpr std::size_t longestTag = 1 << 24;      // thousands of components may be named in one
+constexpr std::size_t longestAppendedTag = 4096; // the time to read it grows with the square of its length
 constexpr std::string_view appendedData = "<AppendedData";
 
 bool isSpace(char c)
@@ -66,6 +67,11 @@ char const* endOfMarkup(std::string const& start)
     return start == "![CDATA[" ? "]]>" : nullptr;
 }
 
+[[noreturn]] void refuseLongerThan(std::size_t longest)
+{
+    throw ImportError("a tag of it is longer than " + std::to_string(longest) + " bytes, which is not supported");
+}
+
 } // namespace
 
 double XmlTags::Tag::number(std::string const& attribute, double otherwise) const
@@ -113,6 +119,8 @@ bool XmlTags::next(Tag& tag)
             continue;
         tag = parsed(text);
         m_atAppendedData = tag.name == "AppendedData";
+        if (m_atAppendedData && text.size() > longestAppendedTag)
+            refuseLongerThan(longestAppendedTag);
         return true;
     }
     return false;
@@ -170,7 +178,7 @@ bool XmlTags::readMarkup(std::string& text)
         if (char const* const end = endOfMarkup(text))
             return skipPast(end);
     }
-    throw ImportError("a tag of it is longer than " + std::to_string(longestTag) + " bytes, which is not supported");
+    refuseLongerThan(longestTag);
 }
 
 int XmlTags::get()

@@ -103,6 +103,16 @@ TEST(XmlTags, StandFarFromTheStartToo)
     EXPECT_EQ(namesOf(tagsOf("<A>" + text + "<!--" + text + "--><B/>")), "A B ");
 }
 
+TEST(XmlTags, AreRefusedWhereThatOfTheAppendedDataIsLong)
+{
+    auto const tagOf = [](std::size_t bytes) {
+        return "<A><AppendedData encoding=\"raw\" note=\"" + std::string(bytes, 'x') + "\">_";
+    };
+    EXPECT_EQ(namesOf(tagsOf(tagOf(4000))), "A AppendedData ");
+    EXPECT_THROW(tagsOf(tagOf(4096)), app::ImportError);
+    EXPECT_EQ(namesOf(tagsOf("<A><DataArray note=\"" + std::string(100000, 'x') + "\"/>")), "A DataArray ");
+}
+
 TEST(XmlTags, HaveTheirEntitiesResolved)
 {
     EXPECT_EQ(tagsOf("<A n=\"&#49;0\" t='app&#x65;nded'/>")[0].count("n", 1.0), 10.0);

@@ -2,6 +2,7 @@
 
 #include "app/export/Exporter.h"
 #include "app/window/FileNameQuestion.h"
+#include "app/window/FilmSave.h"
 #include "app/window/OutsidePathsQuestion.h"
 #include "app/window/PictureFile.h"
 #include "host/MessageLog.h"
@@ -11,8 +12,10 @@
 #include "platform/vdsdkcommon/AppLock.h"
 #include "platform/vdsdkcommon/WaitState.h"
 
+#include <QClipboard>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScopeGuard>
@@ -222,17 +225,11 @@ DocumentController::Outcome DocumentController::writeTo(QString const& path)
         !mayReplace(m_window,
                     QStringLiteral("To save \"%1\" also replaces %2.").arg(QFileInfo(path).fileName(), others)))
         return Outcome::Refused;
-    try {
-        sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
-        sdk::WaitState const busy;
+    Outcome const outcome = attempt([&] {
         takeDown(path, write(*dataSet, path, others.isEmpty() ? Replacing::ChosenFile : Replacing::AllNeeded));
-    } catch (kernel::Interrupted const&) {
-        Q_EMIT told(QStringLiteral("Saving was cancelled."));
-        return Outcome::Cancelled;
-    } catch (std::exception const& error) {
-        tellError(QString::fromStdString(error.what()));
-        return Outcome::Refused;
-    }
+    });
+    if (outcome != Outcome::Saved)
+        return outcome;
     m_session.history().setClean(dataSet->id());
     keepFolder(path);
     QString const saved = savedPath(*dataSet, path);
@@ -242,6 +239,23 @@ DocumentController::Outcome DocumentController::writeTo(QString const& path)
     Q_EMIT recentFilesChanged();
     Q_EMIT fileChanged();
     Q_EMIT told(QStringLiteral("Saved %1%2").arg(QFileInfo(saved).fileName(), whatIsUnsaved()));
+    return Outcome::Saved;
+}
+
+// Saves, and tells what is in the way.
+DocumentController::Outcome DocumentController::attempt(std::function<void()> const& save)
+{
+    try {
+        sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
+        sdk::WaitState const busy;
+        save();
+    } catch (kernel::Interrupted const&) {
+        Q_EMIT told(QStringLiteral("Saving was cancelled."));
+        return Outcome::Cancelled;
+    } catch (std::exception const& error) {
+        tellError(QString::fromStdString(error.what()));
+        return Outcome::Refused;
+    }
     return Outcome::Saved;
 }
 
@@ -300,6 +314,49 @@ bool DocumentController::savePicture(QImage const& picture, QString const& path)
     keepFolder(path);
     Q_EMIT told(QStringLiteral("Saved %1").arg(QFileInfo(path).fileName()));
     return true;
+}
+
+void DocumentController::copyPicture(QImage const& picture)
+{
+    QGuiApplication::clipboard()->setImage(picture);
+    Q_EMIT told(QStringLiteral("Copied the picture"));
+}
+
+bool DocumentController::saveFilmAs(std::function<QImage()> const& grab)
+{
+    if (isLocked())
+        return false;
+    bool isSaved = false;
+    auto const write = [&](QString const& path) {
+        Outcome const outcome = writeFilm(path, grab);
+        isSaved = outcome == Outcome::Saved;
+        return outcome != Outcome::Refused;
+    };
+    askForName(m_window, {QStringLiteral("Save Film"),
+                          lastFolder() + QStringLiteral("/page"),
+                          {QStringLiteral("Numbered PNG pictures (*.png)")},
+                          [](QString const&) { return false; }, // only a folder is made
+                          write});
+    return isSaved;
+}
+
+DocumentController::Outcome DocumentController::writeFilm(QString const& path, std::function<QImage()> const& grab)
+{
+    std::size_t count = 0;
+    bool isKept = false;
+    Outcome const outcome = attempt([&] {
+        QString const replaced = FilmSave::replaced(path);
+        isKept =
+            !replaced.isEmpty() && !mayReplace(m_window, QStringLiteral("To save the film replaces %1.").arg(replaced));
+        if (!isKept)
+            count = FilmSave(m_session, grab, m_window).save(path);
+    });
+    if (outcome != Outcome::Saved || isKept)
+        return isKept ? Outcome::Refused : outcome;
+    keepFolder(path);
+    Q_EMIT told(
+        QStringLiteral("Saved %1 pictures in %2").arg(count).arg(QFileInfo(FilmSave::folderFor(path)).fileName()));
+    return outcome;
 }
 
 bool DocumentController::mayCloseData()

@@ -59,6 +59,12 @@ public:
     bool savePictureAs(QImage const& picture);
     bool savePicture(QImage const& picture, QString const& path);
 
+    /// Leaves a picture in the clipboard.
+    void copyPicture(QImage const& picture);
+
+    /// Asks for a name and saves a picture of each moment of the active frame, in the same way. @param grab takes a picture of the page
+    bool saveFilmAs(std::function<QImage()> const& grab);
+
     /// Asks what to do about unsaved changes, if there are any. @return false when the user wants to go on with them
     bool mayCloseData();
 
@@ -97,6 +103,8 @@ private:
     };
 
     Outcome writeTo(QString const& path);
+    Outcome writeFilm(QString const& path, std::function<QImage()> const& grab);
+    Outcome attempt(std::function<void()> const& save);
     std::vector<std::string> write(kernel::DataSet& dataSet, QString const& path, Replacing replacing);
     QString whatIsUnsaved() const;
     bool isLocked();

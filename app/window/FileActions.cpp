@@ -3,6 +3,7 @@
 #include "app/window/DocumentController.h"
 #include "app/window/Icons.h"
 #include "app/window/NewAction.h"
+#include "app/window/TimePlayer.h"
 
 #include <QFileInfo>
 #include <QMenu>
@@ -26,12 +27,18 @@ FileActions::FileActions(kernel::Session& session, DocumentController& documents
     , m_savePicture(newAction(*this, "savePictureAction", makeIcon(Glyph::Picture),
                               QStringLiteral("Save &Picture As..."),
                               [this, grab = view.grabImage] { m_documents.savePictureAs(grab()); }))
+    , m_copyPicture(newAction(*this, "copyPictureAction", {}, QStringLiteral("&Copy Picture"),
+                              [this, grab = view.grabImage] { m_documents.copyPicture(grab()); }))
+    , m_saveFilm(newAction(*this, "saveFilmAction", {}, QStringLiteral("Save Fil&m..."),
+                           [this, grab = view.grabImage] { m_documents.saveFilmAs(grab); }))
     , m_recentMenu(new QMenu(QStringLiteral("Open &Recent"), &window))
     , m_follower(session, [this] { refresh(); })
 {
     m_open->setShortcut(QKeySequence::Open);
     m_openInNewFrame->setShortcut(Qt::CTRL + Qt::SHIFT + Qt::Key_O);
     m_saveAs->setShortcut(Qt::CTRL + Qt::Key_S);
+    m_copyPicture->setShortcut(Qt::CTRL + Qt::SHIFT + Qt::Key_C);
+    m_saveFilm->setToolTip(QStringLiteral("Saves a picture of each moment of a transient data set"));
     m_recentMenu->setObjectName(QStringLiteral("recentMenu"));
     connect(&m_documents, &DocumentController::recentFilesChanged, this, &FileActions::fillRecentMenu);
     fillRecentMenu();
@@ -63,6 +70,8 @@ void FileActions::refresh()
     auto const frame = m_session.activeFrame();
     m_saveAs->setEnabled(frame && frame->dataSet);
     m_savePicture->setEnabled(frame != nullptr);
+    m_copyPicture->setEnabled(frame != nullptr);
+    m_saveFilm->setEnabled(frame && TimePlayer::momentsOf(*frame).size() > 1);
 }
 
 } // namespace veldraw::app

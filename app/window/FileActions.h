@@ -12,7 +12,7 @@ namespace veldraw::app {
 
 class DocumentController;
 
-/// What the File menu does with files: open, open again, save, save a picture.
+/// What the File menu does with files: open, open again, save, save a picture or a film; and copy a picture.
 class FileActions : public QObject
 {
     Q_OBJECT
@@ -25,6 +25,8 @@ public:
     QAction& openInNewFrame() { return *m_openInNewFrame; }
     QAction& saveAs() { return *m_saveAs; }
     QAction& savePicture() { return *m_savePicture; }
+    QAction& copyPicture() { return *m_copyPicture; }
+    QAction& saveFilm() { return *m_saveFilm; }
 
     /// Files that were open lately, newest first, with digits as mnemonics.
     QMenu& recentMenu() { return *m_recentMenu; }
@@ -39,6 +41,8 @@ private:
     QAction* m_openInNewFrame;
     QAction* m_saveAs;
     QAction* m_savePicture;
+    QAction* m_copyPicture;
+    QAction* m_saveFilm;
     QMenu* m_recentMenu;
     SessionFollower m_follower;
 };

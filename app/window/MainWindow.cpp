@@ -117,13 +117,16 @@ void MainWindow::makeMenus()
     file.addActions({&m_files.open(), &m_files.openInNewFrame()});
     file.addMenu(&m_files.recentMenu());
     file.addSeparator();
-    file.addActions({&m_files.saveAs(), &m_files.savePicture()});
+    file.addActions({&m_files.saveAs(), &m_files.savePicture(), &m_files.saveFilm()});
     file.addSeparator();
     QAction* const quit = newAction(*this, "quitAction", {}, QStringLiteral("&Quit"), [this] { close(); });
     quit->setShortcut(Qt::CTRL + Qt::Key_Q);
     file.addAction(quit);
 
-    addMenu("editMenu", QStringLiteral("&Edit")).addActions({&m_undo.undo(), &m_undo.redo()});
+    QMenu& edit = addMenu("editMenu", QStringLiteral("&Edit"));
+    edit.addActions({&m_undo.undo(), &m_undo.redo()});
+    edit.addSeparator();
+    edit.addAction(&m_files.copyPicture());
 
     QMenu& frame = addMenu("frameMenu", QStringLiteral("F&rame"));
     frame.addActions({&m_frames.newFrame(), &m_frames.deleteFrame(), &m_frames.tileFrames(), &m_frames.nextFrame()});

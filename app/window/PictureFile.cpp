@@ -28,15 +28,20 @@ void write(QByteArray const& content, QString const& path)
 
 } // namespace
 
-QString writePicture(QImage const& picture, QString const& path)
+QByteArray encoded(QImage const& picture, QString const& extension)
 {
     QBuffer content;
     content.open(QIODevice::WriteOnly);
-    QImageWriter writer(&content, QFileInfo(path).suffix().toLatin1());
+    QImageWriter writer(&content, extension.toLatin1());
     if (!writer.write(picture))
-        return writer.errorString();
+        throw ExportError(writer.errorString().toStdString());
+    return content.data();
+}
+
+QString writePicture(QImage const& picture, QString const& path)
+{
     try {
-        write(content.data(), path);
+        write(encoded(picture, QFileInfo(path).suffix()), path);
     } catch (ExportError const& error) {
         return QString::fromStdString(error.what());
     }

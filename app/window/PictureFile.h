@@ -1,9 +1,13 @@
 #pragma once
 
+#include <QByteArray>
 #include <QImage>
 #include <QString>
 
 namespace veldraw::app {
+
+/// A picture as it stands in a file. @param extension of the format, "png" @throws ExportError with the reason
+QByteArray encoded(QImage const& picture, QString const& extension);
 
 /// Writes a picture in the format that the extension of @p path names. A file that is there stays as it is until the new one
 /// is complete. @return why that was not possible; empty when it was

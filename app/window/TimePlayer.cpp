@@ -31,10 +31,15 @@ TimePlayer::~TimePlayer()
     m_session.endFetchAhead();
 }
 
+std::vector<double> TimePlayer::momentsOf(kernel::Frame const& frame)
+{
+    return isFieldPlot(frame) ? kernel::solutionTimes(*frame.dataSet) : std::vector<double>();
+}
+
 std::vector<double> TimePlayer::moments() const
 {
     auto const frame = m_session.activeFrame();
-    return frame && isFieldPlot(*frame) ? kernel::solutionTimes(*frame->dataSet) : std::vector<double>();
+    return frame ? momentsOf(*frame) : std::vector<double>();
 }
 
 int TimePlayer::place() const

@@ -26,7 +26,10 @@ public:
     TimePlayer(kernel::Session& session, std::function<bool()> isDrawing, QObject* parent);
     ~TimePlayer() override;
 
-    /// The moments of the active frame, ascending; none where it is no field plot of a transient data set.
+    /// The moments of a frame, ascending; none where it is no field plot of a transient data set.
+    static std::vector<double> momentsOf(kernel::Frame const& frame);
+
+    /// Those of the active frame.
     std::vector<double> moments() const;
 
     /// Position in moments() of the one that the frame shows: the last that is not after its time, -1 before all.

@@ -101,7 +101,8 @@ void MirrorZoneStation::mirrorInThePlaneByKeyboard()
                          Qt::AltModifier);
     int const copy = m_countAtStart + 2;
     if (m_tour.check("one zone more again", copy, TourContext::dataSet().zoneCount()))
-        m_tour.check("every Y has changed its sign", ZoneProbe(1).distance(ZoneProbe(copy), ZoneProbe::negatedY) == 0.0);
+        m_tour.check("every Y has changed its sign",
+                     ZoneProbe(1).distance(ZoneProbe(copy), ZoneProbe::negatedY) == 0.0);
     m_tour.user.picture(QStringLiteral("mirror-after-in-2d"));
 }
 

@@ -3,6 +3,10 @@
 #include "dialogs/widgets/QScientificSpinBox.h"
 #include "kernel/session/Session.h"
 
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QImage>
 #include <QLabel>
 #include <QSlider>
 #include <QToolButton>
@@ -28,9 +32,10 @@ Widget& partOf(MainWindow& window, char const* name)
 
 } // namespace
 
-TimeStation::TimeStation(TourContext& context, QString transient)
+TimeStation::TimeStation(TourContext& context, QString transient, QString const& out)
     : m_tour(context)
     , m_transient(std::move(transient))
+    , m_film(out + QStringLiteral("/wake.png"))
 {
 }
 
@@ -41,6 +46,7 @@ void TimeStation::run()
     typeATime();
     play();
     goBack();
+    saveFilm();
 }
 
 void TimeStation::open()
@@ -96,6 +102,29 @@ void TimeStation::goBack()
     m_tour.activate(m_tour.window);
     m_tour.user.key(Qt::Key_Z, Qt::ControlModifier);
     m_tour.expectThat("Ctrl+Z takes back all that was played", [] { return timeShown() > 0.69 && timeShown() < 0.71; });
+}
+
+void TimeStation::saveFilm()
+{
+    QFileInfo const film(m_film);
+    QDir folder(film.path() + QStringLiteral("/wake_film"));
+    folder.removeRecursively(); // of an earlier tour
+    m_tour.nameFile(
+        [this] {
+            m_tour.user.key(Qt::Key_F, Qt::AltModifier);
+            m_tour.user.waitFor([] { return QApplication::activePopupWidget() != nullptr; });
+            m_tour.user.key(Qt::Key_M);
+        },
+        m_film);
+    m_tour.expect("Alt+F, M saves a film, a picture of each moment", 6,
+                  [&] { return QDir(folder.path()).entryList({QStringLiteral("wake_*.png")}).size(); });
+    m_tour.check("they have the size of the page and differ", true, [&] {
+        QImage const first(folder.filePath(QStringLiteral("wake_0001.png")));
+        QImage const last(folder.filePath(QStringLiteral("wake_0006.png")));
+        return !first.isNull() && first.size() == last.size() && first != last;
+    }());
+    m_tour.expectThat("the moment is the one before", [] { return timeShown() > 0.69 && timeShown() < 0.71; });
+    m_tour.activate(m_tour.window);
     m_tour.user.key(Qt::Key_1, Qt::ControlModifier);
 }
 

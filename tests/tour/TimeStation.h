@@ -8,8 +8,8 @@ namespace veldraw::tests {
 class TimeStation
 {
 public:
-    /// @param transient the sample of two strands
-    TimeStation(TourContext& context, QString transient);
+    /// @param transient the sample of two strands; @param out folder for the film
+    TimeStation(TourContext& context, QString transient, QString const& out);
 
     void run();
 
@@ -19,9 +19,11 @@ private:
     void typeATime();
     void play();
     void goBack();
+    void saveFilm();
 
     TourContext& m_tour;
     QString m_transient;
+    QString m_film;
 };
 
 } // namespace veldraw::tests

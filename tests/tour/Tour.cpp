@@ -64,7 +64,7 @@ TourReport const& Tour::run()
     LongTableStation(m_tour, m_samples + QStringLiteral("/line.mhd")).run();
     CancelledSaveStation(m_tour, m_out).run();
     SliceStation(m_tour, m_samples + QStringLiteral("/flow.vtm"), m_samples + QStringLiteral("/tetra.vtu")).run();
-    TimeStation(m_tour, m_samples + QStringLiteral("/transient.vtm")).run();
+    TimeStation(m_tour, m_samples + QStringLiteral("/transient.vtm"), m_out).run();
     openBar();
     MirrorZoneStation(m_tour).run();
     pickZone();

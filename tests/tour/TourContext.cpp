@@ -158,6 +158,11 @@ void TourContext::typeOver(QLineEdit& field, QString const& text)
 
 void TourContext::saveAs(QString const& file, QString const& picture)
 {
+    nameFile([this] { user.key(Qt::Key_S, Qt::ControlModifier); }, file, picture);
+}
+
+void TourContext::nameFile(std::function<void()> const& ask, QString const& file, QString const& picture)
+{
     activate(window);
     int const told = user.unexpectedMessages().size();
     bool isBusy = false;
@@ -182,7 +187,7 @@ void TourContext::saveAs(QString const& file, QString const& picture)
         isBusy = false;
     });
     look.start(300);
-    user.key(Qt::Key_S, Qt::ControlModifier);
+    ask();
     user.settle();
 }
 

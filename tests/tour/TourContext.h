@@ -75,6 +75,9 @@ public:
     /// Presses Ctrl+S and types the name of a file, then Return. Returns when the file is saved, or not.
     void saveAs(QString const& file, QString const& picture = {});
 
+    /// The same for any question for a file's name. @param ask brings the question up
+    void nameFile(std::function<void()> const& ask, QString const& file, QString const& picture = {});
+
     /// The range of a variable as the dock shows it.
     QString shownRange(QString const& variable) const;
 

@@ -75,6 +75,22 @@ std::shared_ptr<kernel::DataSet> WindowTest::makeFlow()
     return dataSet;
 }
 
+std::shared_ptr<kernel::DataSet> WindowTest::makeTransient(int count)
+{
+    auto const flow = makeFlow();
+    auto transient = std::make_shared<kernel::DataSet>("transient");
+    for (auto const& variable : flow->variables())
+        transient->addVariable(variable);
+    for (int step = 0; step < count; ++step) {
+        auto zone = std::make_shared<kernel::Zone>(*flow->zone(1));
+        zone->id = kernel::nextUniqueId();
+        zone->strand = 1;
+        zone->solutionTime = 0.5 * step;
+        transient->addZone(zone);
+    }
+    return transient;
+}
+
 std::shared_ptr<kernel::DataSet> WindowTest::makeSeries()
 {
     auto dataSet = std::make_shared<kernel::DataSet>("series");

@@ -23,6 +23,9 @@ protected:
     /// Two ordered zones, "inlet" (4 x 3) and "outlet" (2 x 2); X and Y nodal from 0, P cell-centred from 10.
     static std::shared_ptr<kernel::DataSet> makeFlow();
 
+    /// The inlet of makeFlow() at the times 0, 0.5, 1, ... in one strand.
+    static std::shared_ptr<kernel::DataSet> makeTransient(int count);
+
     /// One I-ordered zone with t = 0..4 and v = t * t.
     static std::shared_ptr<kernel::DataSet> makeSeries();
 

@@ -24,25 +24,9 @@ class TimePanelTest : public WindowTest
 protected:
     static constexpr int count = 12;
 
-    static std::shared_ptr<kernel::DataSet> makeTransient()
-    {
-        auto const flow = makeFlow();
-        auto transient = std::make_shared<kernel::DataSet>("transient");
-        for (auto const& variable : flow->variables())
-            transient->addVariable(variable);
-        for (int step = 0; step < count; ++step) {
-            auto zone = std::make_shared<kernel::Zone>(*flow->zone(1));
-            zone->id = kernel::nextUniqueId();
-            zone->strand = 1;
-            zone->solutionTime = 0.5 * step;
-            transient->addZone(zone);
-        }
-        return transient;
-    }
-
     void SetUp() override
     {
-        openFrames({{"transient", makeTransient()}});
+        openFrames({{"transient", makeTransient(count)}});
         ASSERT_TRUE(session.perform(kernel::SetPlotType(session.activeFrame()->id, PlotType_Cartesian2D)));
         session.history().clear();
         showWindow();

@@ -7,6 +7,7 @@
 
 #include <QAction>
 #include <QActionGroup>
+#include <QMenu>
 
 #include <algorithm>
 
@@ -16,7 +17,11 @@ FrameActions::FrameActions(kernel::Session& session, QObject* parent)
     : QObject(parent)
     , m_session(session)
     , m_newFrame(makeAction("newFrameAction", makeIcon(Glyph::NewFrame), QStringLiteral("&New Frame"),
-                            [this] { return createFrame(); }))
+                            [this] {
+                                auto const active = m_session.activeFrame();
+                                return createFrame(active ? active->dataSet : nullptr);
+                            }))
+    , m_newFrameWith(std::make_unique<QMenu>(QStringLiteral("New Frame &With")))
     , m_deleteFrame(makeAction("deleteFrameAction", makeIcon(Glyph::DeleteFrame), QStringLiteral("&Delete Frame"),
                                [this] {
                                    return withActiveFrame([this](auto& frame) {
@@ -34,9 +39,43 @@ FrameActions::FrameActions(kernel::Session& session, QObject* parent)
 {
     makePlotTypes();
     makePlotOptions();
+    m_newFrame->setToolTip(QStringLiteral("A frame for the data set of the active one"));
+    m_newFrameWith->setObjectName(QStringLiteral("newFrameWithMenu"));
+    connect(m_newFrameWith.get(), &QMenu::aboutToShow, this, &FrameActions::fillNewFrameWith);
     m_newFrame->setShortcut(Qt::CTRL + Qt::Key_N);
     m_nextFrame->setShortcut(Qt::Key_F6);
     refresh();
+}
+
+FrameActions::~FrameActions() = default;
+
+// A menu that opens has what is open now.
+void FrameActions::fillNewFrameWith()
+{
+    m_newFrameWith->clear();
+    for (auto const& dataSet : m_session.pages().dataSets()) {
+        QString title = QString::fromStdString(dataSet->title());
+        title.replace(QLatin1Char('&'), QLatin1String("&&"));
+        connect(m_newFrameWith->addAction(title), &QAction::triggered, this,
+                [this, dataSet] { guarded([&] { return createFrame(dataSet); }); });
+    }
+    m_newFrameWith->addSeparator();
+    connect(m_newFrameWith->addAction(QStringLiteral("&No Data Set")), &QAction::triggered, this,
+            [this] { guarded([&] { return createFrame(nullptr); }); });
+}
+
+// Does nothing while an AppLock is held.
+void FrameActions::guarded(std::function<bool()> const& function)
+{
+    if (sdk::AppLock::depth() > 0) {
+        m_follower.schedule();
+        return;
+    }
+    sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
+    if (!function()) {
+        m_follower.schedule(); // a check mark that the click has changed goes back
+        Q_EMIT refused();
+    }
 }
 
 QAction* FrameActions::makeAction(char const* name, QIcon const& icon, QString const& text,
@@ -44,17 +83,7 @@ QAction* FrameActions::makeAction(char const* name, QIcon const& icon, QString c
 {
     auto* const action = new QAction(icon, text, this);
     action->setObjectName(QString::fromLatin1(name));
-    connect(action, &QAction::triggered, this, [this, function] {
-        if (sdk::AppLock::depth() > 0) {
-            m_follower.schedule();
-            return;
-        }
-        sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
-        if (!function()) {
-            m_follower.schedule(); // a check mark that the click has changed goes back
-            Q_EMIT refused();
-        }
-    });
+    connect(action, &QAction::triggered, this, [this, function] { guarded(function); });
     return action;
 }
 
@@ -119,7 +148,7 @@ bool FrameActions::withActiveFrame(std::function<bool(kernel::Frame&)> const& fu
 }
 
 // In the middle of the paper, over what is there, half as wide and high.
-bool FrameActions::createFrame()
+bool FrameActions::createFrame(std::shared_ptr<kernel::DataSet> const& dataSet)
 {
     auto const page = m_session.activePage();
     if (!page)
@@ -127,7 +156,9 @@ bool FrameActions::createFrame()
     kernel::Rectangle const middle{page->paperWidth / 4, page->paperHeight / 4, page->paperWidth / 2,
                                    page->paperHeight / 2};
     std::string const name = "Frame " + std::to_string(page->frames.size() + 1);
-    return m_session.createFrame(name, middle) != nullptr;
+    auto const frame = std::make_shared<kernel::Frame>(name, middle);
+    frame->dataSet = dataSet;
+    return m_session.perform(kernel::AddFrame(frame, kernel::AddFrame::Place::AsItStands));
 }
 
 bool FrameActions::activateNextFrame()
@@ -150,6 +181,7 @@ void FrameActions::refresh()
     bool const isField =
         hasData && (frame->plotType == PlotType_Cartesian2D || frame->plotType == PlotType_Cartesian3D);
     m_newFrame->setEnabled(page != nullptr);
+    m_newFrameWith->setEnabled(page != nullptr);
     m_deleteFrame->setEnabled(frame != nullptr);
     m_tileFrames->setEnabled(frame != nullptr);
     m_nextFrame->setEnabled(page && page->frames.size() > 1);

@@ -14,6 +14,7 @@
 
 class QAction;
 class QActionGroup;
+class QMenu;
 
 namespace veldraw::app {
 
@@ -25,8 +26,11 @@ class FrameActions : public QObject
 
 public:
     explicit FrameActions(kernel::Session& session, QObject* parent = nullptr);
+    ~FrameActions() override;
 
     QAction& newFrame() { return *m_newFrame; }
+    /// A new frame for any data set that is open, or for none. To be put into a menu.
+    QMenu& newFrameWith() { return *m_newFrameWith; }
     QAction& deleteFrame() { return *m_deleteFrame; }
     QAction& tileFrames() { return *m_tileFrames; }
     QAction& nextFrame() { return *m_nextFrame; }
@@ -43,13 +47,16 @@ private:
                         std::function<bool()> const& function);
     void makePlotTypes();
     void makePlotOptions();
-    bool createFrame();
+    bool createFrame(std::shared_ptr<kernel::DataSet> const& dataSet);
+    void fillNewFrameWith();
+    void guarded(std::function<bool()> const& function);
     bool activateNextFrame();
     bool withActiveFrame(std::function<bool(kernel::Frame&)> const& function);
     void refresh();
 
     kernel::Session& m_session;
     QAction* m_newFrame;
+    std::unique_ptr<QMenu> m_newFrameWith;
     QAction* m_deleteFrame;
     QAction* m_tileFrames;
     QAction* m_nextFrame;

@@ -129,7 +129,9 @@ void MainWindow::makeMenus()
     edit.addAction(&m_files.copyPicture());
 
     QMenu& frame = addMenu("frameMenu", QStringLiteral("F&rame"));
-    frame.addActions({&m_frames.newFrame(), &m_frames.deleteFrame(), &m_frames.tileFrames(), &m_frames.nextFrame()});
+    frame.addAction(&m_frames.newFrame());
+    frame.addMenu(&m_frames.newFrameWith());
+    frame.addActions({&m_frames.deleteFrame(), &m_frames.tileFrames(), &m_frames.nextFrame()});
     frame.addSeparator();
     frame.addActions({&m_plots.fit(), &m_plots.fitAll()});
 

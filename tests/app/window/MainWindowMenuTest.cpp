@@ -1,5 +1,7 @@
 #include "app/window/DataOperation.h"
+#include "kernel/operations/RenameZone.h"
 #include "kernel/operations/SetPlotType.h"
+#include "platform/vdsdkcommon/AppLock.h"
 #include "tests/app/support/WindowTest.h"
 
 #include <QAction>
@@ -8,6 +10,7 @@
 #include <QMenuBar>
 #include <QTest>
 
+#include <algorithm>
 #include <set>
 
 namespace veldraw::tests {
@@ -181,11 +184,57 @@ TEST_F(MenuTest, NewFrameAddsAnActiveFrameAndDeleteTakesItAway)
     settle();
     ASSERT_EQ(2u, session.activePage()->frames.size());
     EXPECT_EQ("Frame 2", session.activeFrame()->name);
-    EXPECT_FALSE(action("saveAsAction").isEnabled());
     action("deleteFrameAction").trigger();
     settle();
     EXPECT_EQ(1u, session.activePage()->frames.size());
-    EXPECT_TRUE(action("saveAsAction").isEnabled());
+}
+
+TEST_F(MenuTest, NewFrameShowsTheDataOfTheActiveFrame)
+{
+    openFrames({{"flow", makeFlow()}, {"series", makeSeries()}});
+    showWindow();
+    QTest::keyClick(window.get(), Qt::Key_F6);
+    settle();
+    action("newFrameAction").trigger();
+    auto const& frames = session.activePage()->frames;
+    ASSERT_EQ(3u, frames.size());
+    EXPECT_EQ(frames[1]->dataSet, session.activeFrame()->dataSet);
+    EXPECT_EQ(PlotType_XYLine, session.activeFrame()->plotType) << "laid out";
+    EXPECT_FALSE(session.activeFrame()->lineMaps.empty());
+    ASSERT_TRUE(session.undo());
+    EXPECT_EQ(2u, session.activePage()->frames.size());
+}
+
+TEST_F(MenuTest, NewFrameWithOffersWhatIsOpenAndNoDataSet)
+{
+    openFrames({{"flow", makeFlow()}, {"series", makeSeries()}, {"again", nullptr}});
+    session.setFrameDataSet(session.activePage()->frames[2]->id, session.activePage()->frames[0]->dataSet);
+    auto const flow = session.activePage()->frames[0]->dataSet;
+    ASSERT_TRUE(session.perform(kernel::SetTitle(*flow, "a & b")));
+    showWindow();
+    QList<QAction*> const entries = window->findChild<QMenu*>(QStringLiteral("frameMenu"))->actions();
+    auto const entry =
+        std::find_if(entries.begin(), entries.end(), [](QAction* each) { return each->menu() != nullptr; });
+    ASSERT_NE(entries.end(), entry);
+    QMenu* const menu = (*entry)->menu();
+    auto const choose = [&](QString const& text) {
+        Q_EMIT menu->aboutToShow();
+        for (QAction* const each : menu->actions())
+            if (each->text() == text)
+                return each->trigger();
+        ADD_FAILURE() << text.toStdString();
+    };
+    choose(QStringLiteral("a && b"));
+    EXPECT_EQ(flow, session.activeFrame()->dataSet);
+    choose(QStringLiteral("&No Data Set"));
+    EXPECT_EQ(nullptr, session.activeFrame()->dataSet);
+    settle();
+    EXPECT_FALSE(action("saveAsAction").isEnabled());
+    EXPECT_EQ(5u, session.activePage()->frames.size());
+    EXPECT_EQ(4, menu->actions().size()) << "each data set once, a line, and none";
+    sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
+    choose(QStringLiteral("&No Data Set"));
+    EXPECT_EQ(5u, session.activePage()->frames.size());
 }
 
 TEST_F(MenuTest, F6GoesRoundTheFrames)

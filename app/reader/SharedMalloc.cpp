@@ -8,7 +8,7 @@
 #include <cstring>
 #include <malloc.h>
 
-#if !defined(__SANITIZE_ADDRESS__)
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
 
 // The system's own functions, by the names that its manual gives to those that stand before them.
 extern "C" void* __libc_malloc(std::size_t bytes);

@@ -39,7 +39,7 @@ public:
         ::posix_spawn_file_actions_init(&m_actions);
         ::posix_spawn_file_actions_addopen(&m_actions, 0, "/dev/null", O_RDONLY, 0);
         ::posix_spawn_file_actions_addopen(&m_actions, 1, "/dev/null", O_WRONLY, 0);
-#if !defined(__SANITIZE_ADDRESS__) // whose reports are for who runs the program
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__) // whose reports are for who runs the program
         ::posix_spawn_file_actions_addopen(&m_actions, 2, "/dev/null", O_WRONLY, 0);
 #endif
         ::posix_spawn_file_actions_adddup2(&m_actions, socket, socketOfReader);
@@ -157,7 +157,7 @@ void ReaderProcess::allow(ReaderLimits const& limits)
         m_startingBytes = bytesOfAddresses(m_process);
     m_seconds += limits.seconds;
     setLimit(m_process, RLIMIT_CPU, m_seconds);
-#if !defined(__SANITIZE_ADDRESS__) // which takes addresses as it likes
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__) // which takes addresses as it likes
     setLimit(m_process, RLIMIT_AS, m_startingBytes + limits.bytes);
 #endif
     // Shared memory counts as files; the process can write to no others.

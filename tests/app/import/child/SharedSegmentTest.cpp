@@ -68,7 +68,8 @@ TEST(SharedSegment, IsRefusedWhereItHasHugePages)
     EXPECT_THROW(app::SharedSegment::of(file), app::Nonsense) << (isThere ? "huge pages" : "no such memory here");
 }
 
-#if !defined(__SANITIZE_ADDRESS__) // which maps memory itself, and ends where it gets none
+#if !defined(__SANITIZE_ADDRESS__) &&                                                                                  \
+    !defined(__SANITIZE_THREAD__) // which maps memory itself, and ends where it gets none
 TEST(SharedSegment, IsCopiedWhereTheSystemMapsNoMorePieces)
 {
     app::Descriptor const file = memoryWith("values", allSeals);

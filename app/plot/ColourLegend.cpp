@@ -12,6 +12,7 @@
 #include <vtkRect.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace veldraw::app {
 
@@ -40,12 +41,13 @@ vtkStandardNewMacro(ColourLegend)
     m_labelText->SetVerticalJustificationToCentered();
 }
 
-void ColourLegend::show(QString const& name, double min, double max)
+void ColourLegend::show(QString const& name, double min, double max, int bands)
 {
     m_isShown = true;
     m_name = name;
     m_min = min;
     m_max = max;
+    m_bands = bands;
     colourBar();
 }
 
@@ -57,13 +59,16 @@ void ColourLegend::hide()
 // One colour a row, from the bottom up.
 void ColourLegend::colourBar()
 {
-    auto const table = ColourMap::create(0.0, 1.0);
-    int const count = isOneValue() ? 1 : static_cast<int>(table->GetNumberOfTableValues());
+    auto const table = ColourMap::create(0.0, 1.0, m_bands);
+    // Bands have many rows, as the picture is smoothed between the middles of rows when it is drawn larger.
+    constexpr int rowsOfBand = 64;
+    int const colours = isOneValue() ? 1 : static_cast<int>(table->GetNumberOfTableValues());
+    int const count = m_bands > 0 ? colours * rowsOfBand : colours;
     m_colours->SetDimensions(1, count, 1);
     m_colours->AllocateScalars(VTK_UNSIGNED_CHAR, 4); // four, since rows of an image start at words
     for (int n = 0; n < count; ++n) {
         double rgba[4] = {0.0, 0.0, 0.0, 1.0};
-        table->GetColor(isOneValue() ? 0.5 : n / (count - 1.0), rgba);
+        table->GetColor(isOneValue() ? 0.5 : (n + 0.5) / count, rgba);
         auto* const pixel = static_cast<unsigned char*>(m_colours->GetScalarPointer(0, n, 0));
         std::transform(rgba, rgba + 4, pixel,
                        [](double share) { return static_cast<unsigned char>(255.0 * share + 0.5); });
@@ -73,7 +78,20 @@ void ColourLegend::colourBar()
 
 AxisTicks ColourLegend::ticksFor(double barHeight) const
 {
-    return AxisTicks::create(m_min, m_max, std::clamp(static_cast<int>(barHeight / betweenTicks), 1, 10));
+    int const most = std::clamp(static_cast<int>(barHeight / betweenTicks), 1, 10);
+    if (m_bands == 0)
+        return AxisTicks::create(m_min, m_max, most);
+    // The borders of the bands, or every second or third where they are too near to each other for their numbers.
+    constexpr double betweenBands = 20.0;
+    AxisTicks const all = AxisTicks::create(m_min, m_max, m_bands);
+    auto const step =
+        static_cast<std::size_t>(std::max(1.0, std::ceil(betweenBands * m_bands / std::max(barHeight, 1.0))));
+    AxisTicks shown;
+    for (std::size_t n = 0; n < all.values.size(); n += step) {
+        shown.values.push_back(all.values[n]);
+        shown.labels.push_back(all.labels[n]);
+    }
+    return shown;
 }
 
 double ColourLegend::widestLabel(AxisTicks const& ticks, double pixelRatio) const

@@ -21,7 +21,8 @@ class ColourLegend : public vtkContextItem
 public:
     vtkTypeMacro(ColourLegend, vtkContextItem) static ColourLegend* New();
 
-    void show(QString const& name, double min, double max);
+    /// @param bands of one colour each, with their borders for numbers; 0 for smooth colours
+    void show(QString const& name, double min, double max, int bands = 0);
     void hide();
     bool isShown() const { return m_isShown; }
 
@@ -60,6 +61,7 @@ private:
     QString m_name;
     double m_min = 0.0;
     double m_max = 0.0;
+    int m_bands = 0;
     double m_ratio = 1.0;
     QRectF m_bar; // empty: there is no room
     double m_top = 0.0;

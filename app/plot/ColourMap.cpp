@@ -45,13 +45,14 @@ double channel(double share, std::size_t rgb)
 
 } // namespace
 
-vtkSmartPointer<vtkLookupTable> ColourMap::create(double min, double max)
+vtkSmartPointer<vtkLookupTable> ColourMap::create(double min, double max, int bands)
 {
-    constexpr int count = 256;
+    constexpr int smooth = 256;
+    int const count = bands > 0 ? bands : smooth;
     auto table = vtkSmartPointer<vtkLookupTable>::New();
     table->SetNumberOfTableValues(count);
     for (int n = 0; n < count; ++n) {
-        double const share = n / (count - 1.0);
+        double const share = count > 1 ? n / (count - 1.0) : 0.5;
         table->SetTableValue(n, channel(share, 0), channel(share, 1), channel(share, 2), 1.0);
     }
     QColor const none = PlotTheme::noValue();

@@ -10,8 +10,9 @@ namespace veldraw::app {
 class ColourMap
 {
 public:
-    /// 256 colours over @p min to @p max; what is no number is a neutral grey.
-    static vtkSmartPointer<vtkLookupTable> create(double min, double max);
+    /// Colours over @p min to @p max; what is no number is a neutral grey, what is beyond has the colour of its end.
+    /// @param bands number of colours, 0 for so many that they look smooth
+    static vtkSmartPointer<vtkLookupTable> create(double min, double max, int bands = 0);
 };
 
 } // namespace veldraw::app

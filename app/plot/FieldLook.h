@@ -14,6 +14,8 @@ struct FieldLook
     int contourVariable = 0;   ///< 0 = no flood
     double contourMin = 0.0;   ///< common limits of the flood
     double contourMax = 0.0;
+    int contourBands = 0;     ///< of equal width between the limits; 0 for smooth colours
+    bool withoutEnds = false; ///< values lie beyond the limits, on purpose
     bool mesh = false;
     bool inSpace = false; ///< lit surfaces in three dimensions
 };

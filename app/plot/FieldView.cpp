@@ -1,12 +1,14 @@
 #include "app/plot/FieldView.h"
 
-#include "app/plot/ColourMap.h"
+#include "app/plot/ContourBands.h"
+#include "app/plot/ContourRange.h"
 #include "app/plot/PickRay.h"
 #include "app/plot/PlotTheme.h"
 #include "app/plot/ShownZones.h"
 #include "app/plot/ZoneRanges.h"
 #include "kernel/frames/FrameDefaults.h"
 
+#include <QStringList>
 #include <vtkCamera.h>
 #include <vtkContextScene.h>
 #include <vtkPolyData.h>
@@ -238,7 +240,12 @@ QString FieldView::gapInCuts(kernel::Frame const& frame, std::vector<int> const&
 
 QString FieldView::remark() const
 {
-    return m_look.space.isStretched() ? tr("Axes stretched, not to scale") : QString();
+    QStringList remarks;
+    if (m_look.space.isStretched())
+        remarks << tr("Axes stretched, not to scale");
+    if (m_look.withoutEnds)
+        remarks << tr("Colours without the outermost values");
+    return remarks.join(QStringLiteral("; "));
 }
 
 // A view that the user has moved keeps showing the same part of the data; a fitted view is fitted again.
@@ -312,16 +319,30 @@ FieldLook FieldView::lookOf(kernel::Frame const& frame, std::vector<int> const& 
     }
     look.space = PlotSpace(min, max, frame.stretchAxes);
     look.mesh = frame.showMesh;
-    kernel::ValueRange const flood = ZoneRanges::of(*frame.dataSet, zones, frame.variableNumber('C'));
-    bool const isLoaded = std::any_of(zones.begin(), zones.end(), [&frame](int zone) {
-        return hasValues(*frame.dataSet, zone, frame.variableNumber('C'));
-    });
-    if (frame.showContour && isLoaded && flood.isValid()) {
-        look.contourVariable = frame.variableNumber('C');
-        look.contourMin = flood.min;
-        look.contourMax = flood.max;
-    }
+    setFlood(look, frame, zones);
     return look;
+}
+
+void FieldView::setFlood(FieldLook& look, kernel::Frame const& frame, std::vector<int> const& zones)
+{
+    int const variable = frame.variableNumber('C');
+    kernel::ValueRange const whole = ZoneRanges::of(*frame.dataSet, zones, variable);
+    bool const isLoaded =
+        std::any_of(zones.begin(), zones.end(), [&](int zone) { return hasValues(*frame.dataSet, zone, variable); });
+    if (!frame.showContour || !isLoaded || !whole.isValid())
+        return;
+    kernel::ValueRange const flood =
+        frame.contourWithoutEnds ? ContourRange::withoutEnds(*frame.dataSet, zones, variable) : whole;
+    look.contourVariable = variable;
+    look.contourMin = flood.min;
+    look.contourMax = flood.max;
+    if (frame.contourInBands) {
+        ContourBands const bands = ContourBands::over(flood.min, flood.max);
+        look.contourMin = bands.min;
+        look.contourMax = bands.max;
+        look.contourBands = bands.count;
+    }
+    look.withoutEnds = whole.min < look.contourMin || whole.max > look.contourMax;
 }
 
 bool FieldView::dependsOn(kernel::Frame const& frame, int variable) const
@@ -338,7 +359,7 @@ bool FieldView::dependsOn(kernel::Frame const& frame, int variable) const
 void FieldView::updateLegend(QString const& name)
 {
     if (hasFlood())
-        m_legend->show(name, m_look.contourMin, m_look.contourMax);
+        m_legend->show(name, m_look.contourMin, m_look.contourMax, m_look.contourBands);
     else
         m_legend->hide();
 }

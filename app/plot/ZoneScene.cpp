@@ -114,8 +114,18 @@ bool ZoneScene::tryToShow(kernel::DataSet const& dataSet, Items const& items, Fi
         drawing->colour(dataSet, item.zone, look);
         m_drawings.push_back(std::move(drawing));
     }
+    showColours(look.contourBands);
     updateBatches(look.mesh);
     return isComplete;
+}
+
+// All batches have this one table.
+void ZoneScene::showColours(int bands)
+{
+    if (bands == m_bands)
+        return;
+    m_colours->DeepCopy(ColourMap::create(0.0, 1.0, bands));
+    m_bands = bands;
 }
 
 // A cut through a zone keeps its identifier as long as it is shown.

@@ -13,6 +13,13 @@ std::vector<PlotOption> const& plotOptions()
     static std::vector<PlotOption> const options{
         {"FieldLayers", "ShowMesh", &Frame::showMesh, false, Plots::Fields, "Mesh", "&Mesh", "", "Mesh"},
         {"FieldLayers", "ShowContour", &Frame::showContour, true, Plots::Fields, "Contour", "&Contour", "", "Contour"},
+        {"FieldContour", "Bands", &Frame::contourInBands, false, Plots::Fields, "Contour Bands", "Contour in &Bands",
+         "Give all values between two round steps one colour", ""},
+        {"FieldContour", "WithoutEnds", &Frame::contourWithoutEnds, false, Plots::Fields, "Contour Range",
+         "Contour without O&utermost Values",
+         "Spread the colours over the values but the lowest and highest hundredth, so that a few extreme ones do not "
+         "spoil the plot",
+         ""},
         {"FieldLayers", "ShowCuts", &Frame::showCuts, true, Plots::Fields, "Show Slices", "Sl&ices",
          "Show the slices and iso-surfaces of a field plot, and volumes by them alone", ""},
         {"FieldAxes", "Stretch", &Frame::stretchAxes, false, Plots::Fields, "Stretch Axes", "Str&etch Axes",

@@ -26,6 +26,8 @@ TEST_F(PlotOptionTest, AFrameStartsWithTheValuesOfTheTable)
         EXPECT_EQ(fresh.*option.member, option.isOnAtFirst) << option.value;
     }
     EXPECT_TRUE(fresh.showContour);
+    EXPECT_FALSE(fresh.contourInBands);
+    EXPECT_FALSE(fresh.contourWithoutEnds);
     EXPECT_FALSE(fresh.showMesh);
     EXPECT_TRUE(fresh.showCuts);
     EXPECT_FALSE(fresh.stretchAxes);

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "kernel/data/DataSet.h"
+#include "kernel/storage/ValueRange.h"
+
+#include <vector>
+
+namespace veldraw::app {
+
+/// The limits of a contour flood.
+class ContourRange
+{
+public:
+    /// The lowest and highest value but the outermost hundredth at either end, so that a few extreme values do not take all the colours.
+    ///
+    /// Values are weighed as they are stored: many small cells count for more than few large ones. Of more than some hundred thousand
+    /// values evenly spaced ones are looked at. Zones whose values are not in memory take part with the limits that are known of them.
+    /// @param zones one-based numbers; @param variable one-based
+    /// @return the whole range where nothing else is left between the limits, Unknown when there is no finite value
+    static kernel::ValueRange withoutEnds(kernel::DataSet const& dataSet, std::vector<int> const& zones, int variable);
+};
+
+} // namespace veldraw::app

@@ -67,7 +67,7 @@ struct Frame
     UniqueId contourVariable = 0;
     bool showContour;        ///< this and the next ones are plotOptions(), which tell their values at first
     bool contourInBands;     ///< of field plots: one colour between round steps of the contour variable
-    bool contourWithoutEnds; ///< of field plots: the colours leave out the outermost values (see ShownRange)
+    bool contourWithoutEnds; ///< of field plots: the colours leave out the outermost values (see ContourRange)
     bool showMesh;
     bool showCuts;             ///< of field plots: cuts are seen, in the place of the outer surfaces of volumes
     bool stretchAxes;          ///< of field plots: each axis has a scale of its own, so that they fill the frame

@@ -1,105 +1,168 @@
 #include "app/commandline/BatchRun.h"
 
 #include "app/commandline/DataSetReport.h"
+#include "app/commandline/ExitStatus.h"
 #include "app/commandline/OutputCheck.h"
-#include "app/export/Exporter.h"
-#include "app/files/MappedMemory.h"
-#include "app/import/Importer.h"
-#include "app/import/child/ReadingChild.h"
-#include "app/plot/PageView.h"
-#include "app/window/PictureFile.h"
+#include "app/commandline/TerminalWaiter.h"
 #include "kernel/base/NumberSet.h"
+#include "kernel/base/Parallel.h"
 #include "platform/vdsdkbase/VelUtilDataSet.h"
 #include "platform/vdsdkcommon/AppLock.h"
 
-#include <QCoreApplication>
-#include <QFileInfo>
-#include <QScopeGuard>
+#include <cstdio>
+#include <unistd.h>
 
 namespace veldraw::app {
 
 namespace {
 
-QSize const pictureSize(1200, 900);
+std::FILE* terminalFor(CommandLineOptions const& options)
+{
+    return !options.quiet && ::isatty(STDERR_FILENO) == 1 ? stderr : nullptr;
+}
 
 } // namespace
 
-BatchRun::BatchRun(kernel::Session& session, QTextStream& out, QTextStream& err)
+BatchRun::BatchRun(kernel::Session& session, QTextStream& out, QTextStream& err, CommandLineOptions const& options)
     : m_session(session)
     , m_out(out)
     , m_err(err)
+    , m_options(options)
+    , m_files(session, err, options)
+    , m_operations(programOperations(&m_files))
+    , m_runner(session, m_operations)
 {
 }
 
-int BatchRun::run(CommandLineOptions const& options)
+int BatchRun::run(std::vector<PlacedCommand> const& commands)
 {
-    QStringList const opened = openFiles(options);
-    if (opened.isEmpty() || !deleteVariables(options.variablesToDelete))
-        return 1;
-    if (options.info && !printInfo(opened))
-        return 1;
-    if (!options.exportFile.isEmpty() &&
-        !exportTo(options.exportFile, options.overwrite ? Replacing::AllNeeded : Replacing::ChosenFile))
-        return 1;
-    if (!options.pictureFile.isEmpty() && !savePicture(options.pictureFile))
-        return 1;
-    return filesAreWhole() && m_areAllOpen ? 0 : 1;
+    if (!areWellFormed(commands))
+        return wrongUsage;
+    if (m_options.threads)
+        kernel::setThreadCount(*m_options.threads);
+    if (!m_options.quiet)
+        m_session.setRemarkListener([this](std::string const& remark) { fail(QString::fromStdString(remark)); });
+    bool isDone = false;
+    {
+        TerminalWaiter const waiter(m_session, terminalFor(m_options));
+        isDone = doAll(commands);
+    }
+    m_session.setRemarkListener({});
+    return isDone ? fine : failed;
 }
 
-// Asked when values have been read; saving asks by itself.
-bool BatchRun::filesAreWhole()
+bool BatchRun::doAll(std::vector<PlacedCommand> const& commands)
 {
-    std::vector<std::string> const cutFiles = takeCutFiles();
-    return cutFiles.empty() || fail(QString::fromStdString(cutFileWarning(cutFiles)));
+    if (!m_options.files.isEmpty() && !openFiles())
+        return false;
+    if (m_options.dryRun)
+        return dryRun(commands) && (m_options.files.isEmpty() || m_files.areAllOpen());
+    if (!deleteVariables())
+        return false;
+    bool const areCommandsDone = runCommands(commands);
+    if (!areCommandsDone && !m_options.keepGoing)
+        return false;
+    if (m_options.info && !printInfo())
+        return false;
+    if (!m_options.exportFile.isEmpty() &&
+        !succeeds([this] { m_files.save(m_options.exportFile, m_options.overwrite); }))
+        return false;
+    if (!m_options.pictureFile.isEmpty() && !succeeds([this] { m_files.savePicture(m_options.pictureFile); }))
+        return false;
+    bool const areWhole = succeeds(&BatchFiles::requireWholeFiles);
+    return areWhole && areCommandsDone && (m_options.files.isEmpty() || m_files.areAllOpen());
+}
+
+template <typename Work>
+bool BatchRun::succeeds(Work const& work)
+{
+    try {
+        work();
+        return true;
+    } catch (std::exception const& error) {
+        return fail(QString::fromStdString(error.what()));
+    }
 }
 
 bool BatchRun::fail(QString const& reason)
 {
     m_err << QStringLiteral("veldraw: %1\n").arg(reason);
+    m_err.flush();
     return false;
 }
 
-// Returns those that could be opened.
-QStringList BatchRun::openFiles(CommandLineOptions const& options)
+bool BatchRun::openFiles()
 {
-    QStringList opened;
-    std::vector<std::shared_ptr<kernel::Frame>> frames;
-    std::vector<FileGroup> const groups = groupsOf(options.files);
-    for (FileGroup const& group : groups) {
-        QString const file = group.paths.first();
-        auto const end =
-            qScopeGuard([] { ReadingChild::endKept(); }); // what one file has done to its reader is nothing to the next
-        try {
-            kernel::Progress unwatched;
-            ImportResult const result = importGroup(group, options.deferral, unwatched, options.outsidePaths);
-            auto const frame = std::make_shared<kernel::Frame>(group.name.toStdString(), kernel::Rectangle{});
-            frame->dataSet = result.dataSet;
-            frames.push_back(frame);
-            opened.push_back(file);
-            for (std::string const& remark : result.remarks)
-                m_err << QStringLiteral("veldraw: %1: %2\n").arg(file, QString::fromStdString(remark));
-        } catch (OutsidePathsError const& error) {
-            fail(QString::fromStdString(error.what()) + QStringLiteral(" They are read with --follow-paths."));
-        } catch (std::exception const& error) {
-            fail(QString::fromStdString(error.what()));
-        }
-    }
-    m_areAllOpen = opened.size() == static_cast<int>(groups.size());
-    if (!opened.isEmpty() && !m_session.openPage(std::move(frames))) {
-        fail(QStringLiteral("%1: %2").arg(opened.join(QStringLiteral(", ")),
-                                          QString::fromStdString(m_session.lastError())));
-        opened.clear();
-    }
-    return opened;
+    return succeeds([this] { m_opened = m_files.openAll(m_options.files); }) && !m_opened.isEmpty();
 }
 
-bool BatchRun::deleteVariables(QStringList const& names)
+bool BatchRun::areWellFormed(std::vector<PlacedCommand> const& commands)
 {
-    if (names.isEmpty())
+    for (PlacedCommand const& placed : commands) {
+        try {
+            m_runner.checkForm(placed.command);
+        } catch (operations::CommandError const& error) {
+            return fail(
+                QStringLiteral("%1: %2").arg(placeText(placed, error.place()), QString::fromStdString(error.what())));
+        }
+    }
+    return true;
+}
+
+bool BatchRun::dryRun(std::vector<PlacedCommand> const& commands)
+{
+    operations::CommandRunner::Foresight foresight = m_runner.foresight();
+    for (PlacedCommand const& placed : commands) {
+        try {
+            foresight.check(placed.command);
+        } catch (operations::CommandError const& error) {
+            return fail(
+                QStringLiteral("%1: %2").arg(placeText(placed, error.place()), QString::fromStdString(error.what())));
+        }
+    }
+    return true;
+}
+
+bool BatchRun::runCommands(std::vector<PlacedCommand> const& commands)
+{
+    bool areAllDone = true;
+    for (PlacedCommand const& placed : commands) {
+        if (TerminalWaiter::isCancelled())
+            return fail(QStringLiteral("cancelled"));
+        areAllDone = runCommand(placed) && areAllDone;
+        if (!areAllDone && !m_options.keepGoing)
+            return false;
+    }
+    return areAllDone;
+}
+
+bool BatchRun::runCommand(PlacedCommand const& placed)
+{
+    try {
+        operations::Outcome const outcome = m_runner.run(placed.command);
+        QString const text = QString::fromStdString(outcome.text);
+        if (!outcome.isDone)
+            return fail(QStringLiteral("%1: %2").arg(placeText(placed, placed.command.place), text));
+        if (m_options.verbose) {
+            m_err << QStringLiteral("veldraw: %1: %2: %3\n")
+                         .arg(placeText(placed, placed.command.place), QString::fromStdString(placed.command.name),
+                              text.isEmpty() ? QStringLiteral("done") : text);
+            m_err.flush();
+        }
+        return true;
+    } catch (operations::CommandError const& error) {
+        return fail(
+            QStringLiteral("%1: %2").arg(placeText(placed, error.place()), QString::fromStdString(error.what())));
+    }
+}
+
+bool BatchRun::deleteVariables()
+{
+    if (m_options.variablesToDelete.isEmpty())
         return true;
     auto const dataSet = m_session.activeDataSet();
     Set_s numbers;
-    for (QString const& name : names) {
+    for (QString const& name : m_options.variablesToDelete) {
         int const number = dataSet->findVariable(name.toStdString());
         if (number == 0)
             return fail(QStringLiteral("there is no variable called \"%1\"").arg(name));
@@ -111,46 +174,23 @@ bool BatchRun::deleteVariables(QStringList const& names)
     return true;
 }
 
-bool BatchRun::printInfo(QStringList const& files)
+// Of the files of the command line, or of what commands have opened.
+bool BatchRun::printInfo()
 {
     auto const page = m_session.activePage();
+    bool isFirst = true;
     for (std::size_t frame = 0; frame < page->frames.size(); ++frame) {
-        if (frame > 0)
+        auto const& shown = *page->frames[frame];
+        if (!shown.dataSet)
+            continue;
+        if (!isFirst)
             m_out << QLatin1Char('\n');
-        m_out << dataSetReport(files.at(static_cast<int>(frame)), *page->frames[frame]->dataSet);
+        isFirst = false;
+        QString const file = m_opened.value(static_cast<int>(frame), QString::fromStdString(shown.name));
+        m_out << dataSetReport(file, *shown.dataSet);
     }
     QString const problem = outputProblem(m_out);
     return problem.isEmpty() || fail(problem);
-}
-
-bool BatchRun::exportTo(QString const& file, Replacing replacing)
-{
-    auto const dataSet = m_session.activeDataSet();
-    if (!loadWholeDataSet(m_session, *dataSet))
-        return fail(QStringLiteral("Cannot save \"%1\": %2").arg(file, QString::fromStdString(m_session.lastError())));
-    try {
-        for (std::string const& remark : exportDataSet(*dataSet, file, replacing))
-            m_err << QStringLiteral("veldraw: %1: %2\n").arg(file, QString::fromStdString(remark));
-    } catch (WouldReplaceMore const& error) {
-        return fail(QStringLiteral("%1 Give --overwrite to allow that.").arg(QString::fromStdString(error.what())));
-    } catch (std::exception const& error) {
-        return fail(QString::fromStdString(error.what()));
-    }
-    return true;
-}
-
-bool BatchRun::savePicture(QString const& file)
-{
-    PageView page(m_session);
-    page.resize(pictureSize);
-    page.show();
-    QCoreApplication::processEvents();
-    page.fitAllFrames();
-    QImage const picture = page.takePicture();
-    if (!filesAreWhole())
-        return false;
-    QString const problem = writePicture(picture, file);
-    return problem.isEmpty() || fail(QStringLiteral("%1: the picture could not be written: %2").arg(file, problem));
 }
 
 } // namespace veldraw::app

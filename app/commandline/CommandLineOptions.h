@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/commandline/CommandList.h"
 #include "app/files/NamedFiles.h"
 #include "app/import/reading/Deferral.h"
 
@@ -8,6 +9,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <vector>
 
 namespace veldraw::kernel {
 class Session;
@@ -35,15 +37,24 @@ struct CommandLineOptions
     MemoryLimits memory;
     OutsidePaths outsidePaths = OutsidePaths::Refuse; ///< refused, or asked about where there is a window
     bool overwrite = false;                           ///< more than the file to export may be replaced
+    std::vector<CommandSource> commandSources;        ///< in the order of the command line
+    std::optional<int> threads;                       ///< for computations; otherwise as many as there are processors
+    bool keepGoing = false;                           ///< after a command that fails
+    bool dryRun = false;                              ///< commands are checked, and nothing is done
+    bool quiet = false;                               ///< nothing but failures is told
+    bool verbose = false;                             ///< what came of each command is told
+    bool listOperations = false;
+    QString completion; ///< name of a shell whose completion is asked for; empty for none
     bool info = false;
-    bool help = false;
+    bool help = false; ///< on the program, or on the operation that stands in the place of a file
     bool version = false;
     QString error; ///< why the command line is wrong; empty: it is right
 
     /// True when the program does its job without the window and ends.
     bool isBatch() const
     {
-        return info || help || version || !variablesToDelete.isEmpty() || !exportFile.isEmpty() ||
+        return info || help || version || listOperations || dryRun || !completion.isEmpty() ||
+               !commandSources.empty() || !variablesToDelete.isEmpty() || !exportFile.isEmpty() ||
                !pictureFile.isEmpty();
     }
 

@@ -3,8 +3,12 @@
 #include "app/Application.h"
 #include "app/commandline/BatchRun.h"
 #include "app/commandline/CommandLineOptions.h"
+#include "app/commandline/CommandList.h"
+#include "app/commandline/Completion.h"
+#include "app/commandline/ExitStatus.h"
 #include "app/commandline/InteractiveRun.h"
 #include "app/commandline/OutputCheck.h"
+#include "app/commandline/ProgramOperations.h"
 #include "host/KernelBridge.h"
 
 #include <QDir>
@@ -12,9 +16,11 @@
 #include <QStandardPaths>
 #include <QTextStream>
 
+#include <algorithm>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 #include <string>
 #include <unistd.h>
 #include <vector>
@@ -22,10 +28,6 @@
 namespace veldraw::app {
 
 namespace {
-
-constexpr int fine = 0;
-constexpr int failed = 1;
-constexpr int wrongUsage = 2;
 
 bool hasDisplay()
 {
@@ -95,22 +97,22 @@ void restartOnVirtualDisplay(char** argv)
 }
 
 // @return false when what is asked for cannot be done here
-bool choosePlatform(CommandLineOptions const& options, char** argv)
+bool choosePlatform(CommandLineOptions const& options, bool makesPicture, char** argv)
 {
-    if (options.isBatch() && options.pictureFile.isEmpty()) {
+    if (options.isBatch() && !makesPicture) {
         if (!hasDisplay() || qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
             qputenv("QT_QPA_PLATFORM", "offscreen");
         return true;
     }
-    if (hasDisplay() || (options.pictureFile.isEmpty() && needsNoDisplay()))
+    if (hasDisplay() || (!makesPicture && needsNoDisplay()))
         return true;
-    if (options.pictureFile.isEmpty()) {
+    if (!makesPicture) {
         std::fputs("veldraw: there is no display for the window; veldraw --help tells what works without one\n",
                    stderr);
         return false;
     }
     restartOnVirtualDisplay(argv);
-    std::fputs("veldraw: --picture needs a display, or xvfb-run for a virtual one\n", stderr);
+    std::fputs("veldraw: a picture needs a display, or xvfb-run for a virtual one\n", stderr);
     return false;
 }
 
@@ -137,6 +139,43 @@ int print(QTextStream& out, QTextStream& err, QString const& text)
     return failed;
 }
 
+/// What --help prints. @return exit status
+int printHelp(QTextStream& out, QTextStream& err, CommandLineOptions const& options)
+{
+    if (options.files.isEmpty() || QFileInfo::exists(options.files.first()))
+        return print(out, err, CommandLineOptions::helpText());
+    operations::Registry const registry = programOperations();
+    operations::Command command;
+    command.name = options.files.first().toStdString();
+    try {
+        return print(out, err, QString::fromStdString(helpText(registry.entryOf(command))));
+    } catch (operations::CommandError const& error) {
+        err << QStringLiteral("veldraw: %1\n").arg(QString::fromStdString(error.what()));
+        return wrongUsage;
+    }
+}
+
+/// Prints what needs no data. @return exit status; none when there is more to do
+std::optional<int> printWanted(QTextStream& out, QTextStream& err, CommandLineOptions const& options)
+{
+    if (options.help)
+        return printHelp(out, err, options);
+    if (options.version)
+        return print(out, err, QStringLiteral("veldraw " VELDRAW_VERSION "\n"));
+    if (options.listOperations)
+        return print(out, err, QString::fromStdString(programOperations().listText()));
+    if (options.error.isEmpty() && !options.completion.isEmpty())
+        return print(out, err, completionScript(options.completion, programOperations()));
+    return std::nullopt;
+}
+
+bool makesPicture(CommandLineOptions const& options, std::vector<PlacedCommand> const& commands)
+{
+    return !options.pictureFile.isEmpty() ||
+           std::any_of(commands.begin(), commands.end(),
+                       [](PlacedCommand const& placed) { return placed.command.name == savePictureName; });
+}
+
 } // namespace
 
 int runProgram(int argc, char** argv)
@@ -147,13 +186,18 @@ int runProgram(int argc, char** argv)
     out.setCodec("UTF-8");
     err.setCodec("UTF-8");
     CommandLineOptions const early = CommandLineOptions::parse(toStringList(argc, argv));
-    if (early.help)
-        return print(out, err, CommandLineOptions::helpText());
-    if (early.version)
-        return print(out, err, QStringLiteral("veldraw " VELDRAW_VERSION "\n"));
+    if (auto const status = printWanted(out, err, early))
+        return *status;
     if (!early.error.isEmpty() && !hasDisplay())
         return refuse(err, early);
-    if (!choosePlatform(early, argv))
+    std::vector<PlacedCommand> commands;
+    try {
+        commands = readCommands(early.commandSources);
+    } catch (CommandListError const& error) {
+        err << QStringLiteral("veldraw: %1\n").arg(QString::fromStdString(error.what()));
+        return wrongUsage;
+    }
+    if (!choosePlatform(early, makesPicture(early, commands), argv))
         return failed;
 
     if (early.isBatch())
@@ -168,7 +212,7 @@ int runProgram(int argc, char** argv)
     if (!options.error.isEmpty())
         return refuse(err, options);
     options.memory.applyTo(kernel::Session::instance());
-    int const status = options.isBatch() ? BatchRun(kernel::Session::instance(), out, err).run(options)
+    int const status = options.isBatch() ? BatchRun(kernel::Session::instance(), out, err, options).run(commands)
                                          : runInteractively(application, options);
     host::KernelBridge::shutDown();
     return status;

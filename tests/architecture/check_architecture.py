@@ -11,7 +11,7 @@ import re
 import sys
 
 KERNEL_FUNCTIONS = 101
-SOURCE_FOLDERS = ('platform', 'kernel', 'dialogs', 'host', 'app')
+SOURCE_FOLDERS = ('platform', 'kernel', 'operations', 'dialogs', 'host', 'app')
 SUFFIXES = {'.h', '.cpp', '.ipp'}
 
 FRAMEWORK = {'property', 'models', 'widgets', 'bindings', 'frame'}
@@ -102,6 +102,8 @@ def outside_allowed(folder):
         return {'std', 'boost'}
     if layer == 'kernel':
         return {'std', 'numerics'}
+    if layer == 'operations':
+        return {'std'}
     if layer == 'dialogs':
         if part == 'property':
             return {'std', 'boost'}
@@ -127,8 +129,8 @@ def ours_allowed(folder, included):
         return included == 'platform/PlatformApi.h' or included.startswith('platform/vdsdkbase/')
     if layer == 'dialogs':
         return dialogs_allowed(part, target_layer, target_part, included)
-    if layer == 'host':
-        return target_layer in ('platform', 'kernel', 'host')
+    if layer in ('host', 'operations'):
+        return target_layer in ('platform', 'kernel', layer)
     return target_layer in SOURCE_FOLDERS
 
 

@@ -10,7 +10,7 @@ import pathlib
 import re
 import sys
 
-FOLDERS = ('platform', 'kernel', 'dialogs', 'host', 'app', 'tests', 'bench', 'tools', 'cmake', 'help', '.ci')
+FOLDERS = ('platform', 'kernel', 'operations', 'dialogs', 'host', 'app', 'tests', 'bench', 'tools', 'cmake', 'help', '.ci')
 CODE = {'.h', '.cpp', '.ipp', '.c', '.ui', '.py', '.sh', '.cmake', '.txt', '.json', ''}
 # What belongs to others, or comes into being only when it is used.
 OF_OTHERS = {'llvmpipe', 'softpipe', 'out/'}

@@ -11,7 +11,7 @@ import pathlib
 import re
 import sys
 
-SOURCE_FOLDERS = ('platform', 'kernel', 'dialogs', 'host', 'app')
+SOURCE_FOLDERS = ('platform', 'kernel', 'operations', 'dialogs', 'host', 'app')
 SUFFIXES = {'.h', '.cpp', '.ipp'}
 
 

@@ -15,9 +15,9 @@ SUFFIXES = {'.h', '.cpp', '.ipp', '.ui'}
 
 # Where tests mirror the code: each folder below these has its double, but for those that hold what tests share or that test the
 # library as a whole.
-MIRRORED = ('kernel', 'host', 'app', 'dialogs')
+MIRRORED = ('kernel', 'operations', 'host', 'app', 'dialogs')
 # Where the namespace is asked for.
-ONE_NAMESPACE = ('kernel', 'host', 'app', 'support', 'dialogs', 'manual', 'tour')
+ONE_NAMESPACE = ('kernel', 'operations', 'host', 'app', 'support', 'dialogs', 'manual', 'tour')
 SHARED = {'app/support', 'dialogs/library', 'dialogs/support', 'kernel/support'}
 
 # Where operations are carried out while requests for memory fail.

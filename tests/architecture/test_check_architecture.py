@@ -102,6 +102,15 @@ class Includes(unittest.TestCase):
     def test_forms_belong_to_dialog_folders(self):
         self.refused('dialogs/bindings/Binding.cpp', quoted('ui_MirrorDialog.h'))
 
+    def test_operations_know_platform_and_kernel_alone(self):
+        path = 'operations/entries/ZoneEntries.cpp'
+        self.allowed(path, quoted('platform/vdtoolbox/Set.h') + quoted('kernel/session/Session.h') + quoted('operations/Command.h'))
+        for name in ('dialogs/property/Property.h', 'host/IdleHold.h', 'app/Application.h'):
+            self.refused(path, quoted(name))
+        self.refused(path, angled('QString'))
+        self.refused('kernel/session/Session.cpp', quoted('operations/Command.h'))
+        self.refused('host/IdleQueue.cpp', quoted('operations/Command.h'))
+
     def test_the_host_knows_platform_kernel_and_qt(self):
         path = 'host/IdleQueue.cpp'
         self.allowed(path, quoted('platform/vdtoolbox/Set.h') + quoted('kernel/data/Zone.h') + angled('QTimer'))

@@ -4,6 +4,7 @@
 #include "host/MessageLog.h"
 #include "kernel/api/LoadFailure.h"
 #include "kernel/session/Session.h"
+#include "platform/vdsdkcommon/AppLock.h"
 #include "platform/vdsdkcommon/StateChangeEventObservable.h"
 
 namespace veldraw::host {
@@ -23,6 +24,7 @@ void endForwarding()
     isForwarding = false;
     kernel::api::setLoadFailureListener({});
     kernel::Session::instance().setRemarkListener({});
+    kernel::Session::instance().journal().setRule({});
     kernel::Session::instance().events().unsubscribe(subscription);
 }
 
@@ -43,6 +45,7 @@ void KernelBridge::install()
     kernel::api::setLoadFailureListener(noteLoadFailure);
     kernel::Session::instance().setRemarkListener(
         [](std::string const& text) { MessageLog::instance().add(MessageBoxType_Information, text); });
+    kernel::Session::instance().journal().setRule(&sdk::AppLock::isRecording);
     isForwarding = true;
 }
 

@@ -104,6 +104,17 @@ Value textOf(Parameter const& parameter, CommandArgument const& argument)
     return text;
 }
 
+Value filesOf(Parameter const& parameter, CommandArgument const& argument)
+{
+    Arguments::Texts files;
+    for (ValuePart const& part : argument.parts) {
+        if (part.text.empty())
+            throw CommandError(is(parameter, "names of files: one is missing."), part.place);
+        files.push_back(part.text);
+    }
+    return files;
+}
+
 /// The value, none where it is about data that are not there.
 std::optional<Value> valueOf(Parameter const& parameter, CommandArgument const& argument,
                              kernel::DataSet const* dataSet)
@@ -114,6 +125,8 @@ std::optional<Value> valueOf(Parameter const& parameter, CommandArgument const& 
     case ParameterKind::Variables:
     case ParameterKind::Variable:
         return numbersOf(parameter, argument, dataSet);
+    case ParameterKind::Numbers:
+        return plainNumbersOf(parameter, argument);
     case ParameterKind::Whole:
         return wholeOf(parameter, argument);
     case ParameterKind::Real:
@@ -127,6 +140,8 @@ std::optional<Value> valueOf(Parameter const& parameter, CommandArgument const& 
         return choiceOf(parameter, argument);
     case ParameterKind::Flag:
         return flagOf(parameter, argument);
+    case ParameterKind::Files:
+        return filesOf(parameter, argument);
     case ParameterKind::Text:
     case ParameterKind::File:
         return textOf(parameter, argument);

@@ -20,7 +20,8 @@ class Arguments
 {
 public:
     using Triple = std::array<double, 3>;
-    using Value = std::variant<bool, long long, double, std::string, Triple, kernel::NumberSet>;
+    using Texts = std::vector<std::string>;
+    using Value = std::variant<bool, long long, double, std::string, Triple, Texts, kernel::NumberSet>;
 
     /// Whether the parameter was given, or starts with a value.
     bool has(std::string const& name) const { return m_values.count(name) > 0; }
@@ -33,6 +34,7 @@ public:
     bool flag(std::string const& name) const { return get<bool>(name); }
     Triple const& triple(std::string const& name) const { return get<Triple>(name); }
     std::string const& text(std::string const& name) const { return get<std::string>(name); }
+    Texts const& texts(std::string const& name) const { return get<Texts>(name); }
 
     /// Position of the word of a choice among the words of its parameter.
     int choice(std::string const& name) const { return number(name); }

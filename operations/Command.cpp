@@ -64,6 +64,8 @@ char unescaped(LineReader& reader)
     switch (reader.next()) {
     case 'n':
         return '\n';
+    case 'r':
+        return '\r';
     case 't':
         return '\t';
     case '"':
@@ -71,7 +73,7 @@ char unescaped(LineReader& reader)
     case '\\':
         return '\\';
     default:
-        throw CommandError("In quotes a backslash stands before n, t, \" or another backslash.", place);
+        throw CommandError("In quotes a backslash stands before n, r, t, \" or another backslash.", place);
     }
 }
 
@@ -151,23 +153,6 @@ std::optional<Command> readCommand(std::string const& line, int number)
         command.arguments.push_back(std::move(argument));
     }
     return command;
-}
-
-std::string quotedWhereNeeded(std::string const& text)
-{
-    if (!text.empty() && text.find_first_of(" \t\n\r\"\\,#") == std::string::npos)
-        return text;
-    std::string quoted = "\"";
-    for (char const letter : text) {
-        if (letter == '"' || letter == '\\')
-            quoted += '\\';
-        if (letter == '\n' || letter == '\t') {
-            quoted += letter == '\n' ? "\\n" : "\\t";
-            continue;
-        }
-        quoted += letter;
-    }
-    return quoted + '"';
 }
 
 } // namespace veldraw::operations

@@ -62,14 +62,11 @@ struct Command
     CommandArgument const* find(std::string const& parameter) const;
 };
 
-/// Reads a line. Words are separated by blanks; in double quotes blanks, commas and # stand for themselves, and \" \\ \n \t for a
-/// quotation mark, a backslash, the end of a line and a tabulator. # before a word starts a remark.
+/// Reads a line. Words are separated by blanks; in double quotes blanks, commas and # stand for themselves, and \" \\ \n \r \t for a
+/// quotation mark, a backslash, a line feed, a carriage return and a tabulator. kernel::CommandText writes such lines. # before a word starts a remark.
 /// @param line UTF-8, without its end; @param number of the line, one-based
 /// @return nothing for a line without a command
 /// @throws CommandError
 std::optional<Command> readCommand(std::string const& line, int number = 1);
-
-/// A text in the form that readCommand() reads as one value: in quotes if it needs them.
-std::string quotedWhereNeeded(std::string const& text);
 
 } // namespace veldraw::operations

@@ -3,6 +3,8 @@
 #include "kernel/session/Session.h"
 #include "platform/vdsdkcommon/AppLock.h"
 
+#include <optional>
+
 namespace veldraw::operations {
 
 namespace {
@@ -46,7 +48,9 @@ Outcome CommandRunner::run(Command const& command) const
     Arguments const arguments = readArguments(entry.parameters, command, dataFor(entry, command));
     m_session.setLastError({});
     try {
-        sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
+        std::optional<sdk::AppLock> lock;
+        if (entry.isLocking)
+            lock.emplace(sdk::AppLock::RecordAsUsual);
         if (entry.run(arguments))
             return {true, entry.success};
     } catch (CommandError const&) {

@@ -174,22 +174,21 @@ std::optional<Arguments::Value> numbersOf(Parameter const& parameter, CommandArg
     return kernel::NumberSet(numbers.begin(), numbers.end());
 }
 
-std::string textOf(kernel::NumberSet const& numbers)
+Arguments::Value plainNumbersOf(Parameter const& parameter, CommandArgument const& argument)
 {
-    std::string text;
-    auto const end = numbers.end();
-    for (auto first = numbers.begin(); first != end;) {
-        auto last = first;
-        while (last + 1 != end && *(last + 1) == *last + 1)
-            ++last;
-        if (!text.empty())
-            text += ',';
-        text += std::to_string(*first);
-        if (last != first)
-            text += (last == first + 1 ? ',' : ':') + std::to_string(*last);
-        first = last + 1;
+    constexpr int most = 1000000;
+    std::vector<int> numbers;
+    for (ValuePart const& part : argument.parts) {
+        requireForm(parameter, part);
+        std::optional<Range> const range = part.isQuoted ? std::nullopt : rangeIn(part.text);
+        if (!range || range->last > most || range->first > range->last)
+            throw CommandError("\"" + parameter.name + "\" takes " + parameter.kindText() + ", not \"" + part.text +
+                                   "\".",
+                               part.place);
+        for (int number = range->first; number <= range->last; number += std::min(range->step, most))
+            numbers.push_back(number);
     }
-    return text;
+    return kernel::NumberSet(numbers.begin(), numbers.end());
 }
 
 } // namespace veldraw::operations

@@ -14,7 +14,7 @@ namespace veldraw::operations {
 std::optional<Arguments::Value> numbersOf(Parameter const& parameter, CommandArgument const& argument,
                                           kernel::DataSet const* dataSet);
 
-/// Numbers in the form that numbersOf() reads, as short as it can be: 1:3,7.
-std::string textOf(kernel::NumberSet const& numbers);
+/// The numbers of a value that knows no names: numbers and ranges. @throws CommandError for anything else, and for more than a million
+Arguments::Value plainNumbersOf(Parameter const& parameter, CommandArgument const& argument);
 
 } // namespace veldraw::operations

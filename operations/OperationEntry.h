@@ -33,6 +33,7 @@ struct OperationEntry
     std::string success = {}; ///< and of success; may be empty
     Renews renews = Renews::Nothing;
     bool needsData = true; ///< refused where the active frame has no data set
+    bool isLocking = true; ///< the application's lock is held meanwhile; false for what takes it itself
 };
 
 } // namespace veldraw::operations

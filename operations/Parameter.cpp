@@ -59,6 +59,8 @@ std::string Parameter::kindText() const
         return "variables";
     case ParameterKind::Variable:
         return "a variable";
+    case ParameterKind::Numbers:
+        return "numbers, or ranges of them";
     case ParameterKind::Whole:
         return "a whole number";
     case ParameterKind::Real:
@@ -73,6 +75,8 @@ std::string Parameter::kindText() const
         return "yes or no";
     case ParameterKind::Text:
         return "a text";
+    case ParameterKind::Files:
+        return "files";
     case ParameterKind::File:
         return "a file";
     }

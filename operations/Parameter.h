@@ -13,6 +13,7 @@ enum class ParameterKind
     Zone,      ///< one of them
     Variables, ///< as zones
     Variable,
+    Numbers,   ///< numbers and ranges of them
     Whole,     ///< a whole number
     Real,      ///< a number
     Place,     ///< three numbers
@@ -20,7 +21,8 @@ enum class ParameterKind
     Choice,    ///< one of some words
     Flag,      ///< yes or no
     Text,
-    File ///< a path, from the folder of the script or the program's
+    Files, ///< several of the following
+    File   ///< a path, from the folder of the script or the program's
 };
 
 /// A parameter of an operation: all that the help, the check of a command, and other languages have to know of it.

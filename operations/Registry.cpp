@@ -15,8 +15,9 @@ std::string padded(std::string text, std::size_t width)
     return text;
 }
 
-constexpr char thingsText[] = "\nZones and variables are given by numbers (3), ranges (1:9, or 1:9:2 with a step), names (p, or \"a, b\" in "
-                              "quotes), or\npatterns (wing*), with commas between them; * is all.\n";
+constexpr char thingsText[] =
+    "\nZones and variables are given by numbers (3), ranges (1:9, or 1:9:2 with a step), names (p, or \"a, b\" in "
+    "quotes), or\npatterns (wing*), with commas between them; * is all.\n";
 
 std::string limitsOf(Parameter const& parameter)
 {

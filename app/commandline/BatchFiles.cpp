@@ -6,6 +6,7 @@
 #include "app/import/child/ReadingChild.h"
 #include "app/plot/PageView.h"
 #include "app/window/PictureFile.h"
+#include "kernel/operations/AddFrame.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -48,16 +49,21 @@ QStringList BatchFiles::openAll(QStringList const& files)
     std::vector<FileGroup> const groups = groupsOf(files);
     QStringList opened;
     QStringList problems;
-    openGroups(groups, opened, problems);
+    Frames const frames = read(groups, opened, problems);
+    put(frames, opened, false);
     for (QString const& problem : problems)
         tell(problem);
     m_areAllOpen = problems.isEmpty();
-    return opened;
+    QStringList names; // a series has that of its first file
+    for (FileGroup const& group : groups)
+        if (opened.contains(group.paths.first()))
+            names.push_back(group.paths.first());
+    return names;
 }
 
-void BatchFiles::openGroups(std::vector<FileGroup> const& groups, QStringList& opened, QStringList& problems)
+BatchFiles::Frames BatchFiles::read(std::vector<FileGroup> const& groups, QStringList& opened, QStringList& problems)
 {
-    std::vector<std::shared_ptr<kernel::Frame>> frames;
+    Frames frames;
     for (FileGroup const& group : groups) {
         QString const file = group.paths.first();
         // What one file has done to its reader is nothing to the next.
@@ -70,9 +76,11 @@ void BatchFiles::openGroups(std::vector<FileGroup> const& groups, QStringList& o
             auto const frame = std::make_shared<kernel::Frame>(group.name.toStdString(), kernel::Rectangle{});
             frame->dataSet = result.dataSet;
             frames.push_back(frame);
-            opened.push_back(file);
+            opened.append(group.paths);
             for (std::string const& remark : result.remarks)
                 tell(QStringLiteral("%1: %2").arg(file, QString::fromStdString(remark)));
+        } catch (kernel::Interrupted const&) {
+            throw;
         } catch (OutsidePathsError const& error) {
             problems.push_back(QString::fromStdString(error.what()) +
                                QStringLiteral(" They are read with --follow-paths."));
@@ -80,17 +88,36 @@ void BatchFiles::openGroups(std::vector<FileGroup> const& groups, QStringList& o
             problems.push_back(QString::fromStdString(error.what()));
         }
     }
-    if (!opened.isEmpty() && !m_session.openPage(std::move(frames)))
+    return frames;
+}
+
+void BatchFiles::put(Frames frames, QStringList const& opened, bool inNewFrames)
+{
+    if (frames.empty())
+        return;
+    kernel::CommandText const command = openCommand(opened, inNewFrames);
+    bool isDone = false;
+    if (inNewFrames) {
+        kernel::AddFrame adding(std::move(frames));
+        adding.setCommand(command);
+        isDone = m_session.perform(adding);
+    } else {
+        isDone = m_session.openPage(std::move(frames));
+        if (isDone)
+            m_session.journal().add(command.text(), m_session.pages());
+    }
+    if (!isDone)
         throw std::runtime_error(opened.join(QStringLiteral(", ")).toStdString() + ": " + m_session.lastError());
 }
 
-void BatchFiles::open(QString const& path)
+void BatchFiles::open(QStringList const& paths, bool inNewFrames)
 {
     QStringList opened;
     QStringList problems;
-    openGroups(groupsOf({path}), opened, problems);
+    Frames const frames = read(groupsOf(paths), opened, problems);
     if (!problems.isEmpty())
         throw std::runtime_error(problems.join(QLatin1Char(' ')).toStdString());
+    put(frames, opened, inNewFrames);
 }
 
 void BatchFiles::save(QString const& path, bool overwrite)

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/commandline/CommandLineOptions.h"
-#include "app/commandline/ProgramOperations.h"
+#include "app/commands/ProgramOperations.h"
 #include "app/files/NumberedFiles.h"
 #include "kernel/session/Session.h"
 
@@ -23,7 +23,7 @@ public:
     /// Whether the last openAll() has opened all files.
     bool areAllOpen() const { return m_areAllOpen; }
 
-    void open(QString const& path) override;
+    void open(QStringList const& paths, bool inNewFrames) override;
     void save(QString const& path, bool overwrite) override;
     void savePicture(QString const& path) override;
 
@@ -31,7 +31,10 @@ public:
     static void requireWholeFiles();
 
 private:
-    void openGroups(std::vector<FileGroup> const& groups, QStringList& opened, QStringList& problems);
+    using Frames = std::vector<std::shared_ptr<kernel::Frame>>;
+
+    Frames read(std::vector<FileGroup> const& groups, QStringList& opened, QStringList& problems);
+    void put(Frames frames, QStringList const& opened, bool inNewFrames);
     void tell(QString const& text);
 
     kernel::Session& m_session;

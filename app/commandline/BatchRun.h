@@ -2,7 +2,7 @@
 
 #include "app/commandline/BatchFiles.h"
 #include "app/commandline/CommandLineOptions.h"
-#include "app/commandline/CommandList.h"
+#include "app/commands/CommandList.h"
 #include "kernel/session/Session.h"
 #include "operations/CommandRunner.h"
 

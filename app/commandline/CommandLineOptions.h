@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/commandline/CommandList.h"
+#include "app/commands/CommandList.h"
 #include "app/files/NamedFiles.h"
 #include "app/import/reading/Deferral.h"
 

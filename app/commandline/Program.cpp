@@ -3,12 +3,12 @@
 #include "app/Application.h"
 #include "app/commandline/BatchRun.h"
 #include "app/commandline/CommandLineOptions.h"
-#include "app/commandline/CommandList.h"
 #include "app/commandline/Completion.h"
 #include "app/commandline/ExitStatus.h"
 #include "app/commandline/InteractiveRun.h"
 #include "app/commandline/OutputCheck.h"
-#include "app/commandline/ProgramOperations.h"
+#include "app/commands/CommandList.h"
+#include "app/commands/ProgramOperations.h"
 #include "host/KernelBridge.h"
 
 #include <QDir>

@@ -1,10 +1,9 @@
 #include "app/window/DocumentController.h"
 
+#include "app/commands/ProgramOperations.h"
 #include "app/export/Exporter.h"
 #include "app/window/FileNameQuestion.h"
-#include "app/window/FilmSave.h"
 #include "app/window/OutsidePathsQuestion.h"
-#include "app/window/PictureFile.h"
 #include "host/MessageLog.h"
 #include "host/MessagePresenter.h"
 #include "kernel/base/Progress.h"
@@ -12,10 +11,8 @@
 #include "platform/vdsdkcommon/AppLock.h"
 #include "platform/vdsdkcommon/WaitState.h"
 
-#include <QClipboard>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QGuiApplication>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScopeGuard>
@@ -28,11 +25,6 @@ namespace veldraw::app {
 namespace {
 
 QString const folderKey = QStringLiteral("lastFolder");
-
-void tellError(QString const& text)
-{
-    host::MessagePresenter::present(text.toStdString(), MessageBoxType_Error);
-}
 
 void takeDown(QString const& path, std::vector<std::string> const& remarks)
 {
@@ -51,6 +43,11 @@ DocumentController::DocumentController(kernel::Session& session, QWidget& window
 }
 
 DocumentController::~DocumentController() = default;
+
+void DocumentController::tellError(QString const& text)
+{
+    host::MessagePresenter::present(text.toStdString(), MessageBoxType_Error);
+}
 
 bool DocumentController::isLocked()
 {
@@ -108,7 +105,7 @@ std::vector<DocumentController::Opened> DocumentController::readAll(QStringList 
                 continue;
             auto const frame = std::make_shared<kernel::Frame>(group.name.toStdString(), kernel::Rectangle{});
             frame->dataSet = result->dataSet;
-            opened.push_back({path, frame, group.isSeries()});
+            opened.push_back({path, frame, group.paths});
             takeDown(path, result->remarks);
         } catch (kernel::Interrupted const&) {
             Q_EMIT told(QStringLiteral("Opening was cancelled."));
@@ -140,7 +137,7 @@ bool DocumentController::put(std::vector<Opened> const& opened, Place place)
     QStringList names;
     for (Opened const& file : opened) {
         m_files[file.frame->dataSet->id()] = file.path;
-        if (!file.isSeries) // one file of it would be another data set
+        if (!file.isSeries()) // one file of it would be another data set
             m_recentFiles.add(file.path);
         names.push_back(QFileInfo(file.path).fileName());
         keepFolder(file.path);
@@ -157,12 +154,21 @@ bool DocumentController::putIntoSession(std::vector<Opened> const& opened, Place
         sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
         sdk::WaitState const busy;
         std::vector<std::shared_ptr<kernel::Frame>> frames;
-        for (Opened const& file : opened)
+        QStringList paths;
+        for (Opened const& file : opened) {
             frames.push_back(file.frame);
-        if (place == Place::NewFrames)
-            return m_session.perform(kernel::AddFrame(std::move(frames)));
+            for (QString const& path : file.paths)
+                paths << QFileInfo(path).absoluteFilePath();
+        }
+        kernel::CommandText const command = openCommand(paths, place == Place::NewFrames);
+        if (place == Place::NewFrames) {
+            kernel::AddFrame adding(std::move(frames));
+            adding.setCommand(command);
+            return m_session.perform(adding);
+        }
         if (!m_session.openPage(std::move(frames)))
             return false;
+        m_session.journal().add(command.text(), m_session.pages());
     } catch (std::bad_alloc const&) {
         return m_session.refuse("Out of memory.");
     }
@@ -231,6 +237,7 @@ DocumentController::Outcome DocumentController::writeTo(QString const& path)
     if (outcome != Outcome::Saved)
         return outcome;
     m_session.history().setClean(dataSet->id());
+    record(saveCommand(QFileInfo(path).absoluteFilePath(), !others.isEmpty()));
     keepFolder(path);
     QString const saved = savedPath(*dataSet, path);
     m_files[dataSet->id()] = saved;
@@ -292,71 +299,13 @@ QString DocumentController::fileOf(kernel::DataSet const& dataSet) const
     return found == m_files.end() ? QString() : found->second;
 }
 
-bool DocumentController::savePictureAs(QImage const& picture)
+// What is on the disk is there, whether or not there is memory to note it.
+void DocumentController::record(kernel::CommandText const& command) noexcept
 {
-    if (isLocked())
-        return false;
-    QStringList const filters{QStringLiteral("PNG picture (*.png)"), QStringLiteral("JPEG picture (*.jpg)")};
-    bool isSaved = false;
-    askForName(m_window, {QStringLiteral("Save Picture As"), lastFolder() + QStringLiteral("/page"), filters,
-                          [](QString const& path) { return QFileInfo::exists(path); },
-                          [&](QString const& path) { return isSaved = savePicture(picture, path); }});
-    return isSaved;
-}
-
-bool DocumentController::savePicture(QImage const& picture, QString const& path)
-{
-    QString const problem = writePicture(picture, path);
-    if (!problem.isEmpty()) {
-        tellError(QStringLiteral("%1: the picture could not be written: %2").arg(path, problem));
-        return false;
+    try {
+        m_session.journal().add(command.text(), m_session.pages());
+    } catch (std::bad_alloc const&) {
     }
-    keepFolder(path);
-    Q_EMIT told(QStringLiteral("Saved %1").arg(QFileInfo(path).fileName()));
-    return true;
-}
-
-void DocumentController::copyPicture(QImage const& picture)
-{
-    QGuiApplication::clipboard()->setImage(picture);
-    Q_EMIT told(QStringLiteral("Copied the picture"));
-}
-
-bool DocumentController::saveFilmAs(std::function<QImage()> const& grab)
-{
-    if (isLocked())
-        return false;
-    bool isSaved = false;
-    auto const write = [&](QString const& path) {
-        Outcome const outcome = writeFilm(path, grab);
-        isSaved = outcome == Outcome::Saved;
-        return outcome != Outcome::Refused;
-    };
-    askForName(m_window, {QStringLiteral("Save Film"),
-                          lastFolder() + QStringLiteral("/page"),
-                          {QStringLiteral("Numbered PNG pictures (*.png)")},
-                          [](QString const&) { return false; }, // only a folder is made
-                          write});
-    return isSaved;
-}
-
-DocumentController::Outcome DocumentController::writeFilm(QString const& path, std::function<QImage()> const& grab)
-{
-    std::size_t count = 0;
-    bool isKept = false;
-    Outcome const outcome = attempt([&] {
-        QString const replaced = FilmSave::replaced(path);
-        isKept =
-            !replaced.isEmpty() && !mayReplace(m_window, QStringLiteral("To save the film replaces %1.").arg(replaced));
-        if (!isKept)
-            count = FilmSave(m_session, grab, m_window).save(path);
-    });
-    if (outcome != Outcome::Saved || isKept)
-        return isKept ? Outcome::Refused : outcome;
-    keepFolder(path);
-    Q_EMIT told(
-        QStringLiteral("Saved %1 pictures in %2").arg(count).arg(QFileInfo(FilmSave::folderFor(path)).fileName()));
-    return outcome;
 }
 
 bool DocumentController::mayCloseData()

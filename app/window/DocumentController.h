@@ -3,6 +3,7 @@
 #include "app/export/Exporter.h"
 #include "app/import/Importer.h"
 #include "app/window/RecentFiles.h"
+#include "kernel/operations/CommandText.h"
 #include "kernel/session/Session.h"
 
 #include <QImage>
@@ -85,9 +86,11 @@ Q_SIGNALS:
 private:
     struct Opened
     {
-        QString path;
+        QString path; // of the first, if it is a series of several
         std::shared_ptr<kernel::Frame> frame;
-        bool isSeries = false; // of several files, of which this is the first
+        QStringList paths;
+
+        bool isSeries() const { return paths.size() > 1; }
     };
 
     ImportResult read(FileGroup const& group, OutsidePaths outsidePaths);
@@ -108,6 +111,8 @@ private:
     std::vector<std::string> write(kernel::DataSet& dataSet, QString const& path, Replacing replacing);
     QString whatIsUnsaved() const;
     bool isLocked();
+    static void tellError(QString const& text);
+    void record(kernel::CommandText const& command) noexcept;
     QString lastFolder() const;
     void keepFolder(QString const& path);
 

@@ -153,11 +153,7 @@ bool FrameActions::createFrame(std::shared_ptr<kernel::DataSet> const& dataSet)
     auto const page = m_session.activePage();
     if (!page)
         return false;
-    kernel::Rectangle const middle{page->paperWidth / 4, page->paperHeight / 4, page->paperWidth / 2,
-                                   page->paperHeight / 2};
-    std::string const name = "Frame " + std::to_string(page->frames.size() + 1);
-    auto const frame = std::make_shared<kernel::Frame>(name, middle);
-    frame->dataSet = dataSet;
+    auto const frame = kernel::AddFrame::frameFor(*page, dataSet);
     return m_session.perform(kernel::AddFrame(frame, kernel::AddFrame::Place::AsItStands));
 }
 

@@ -4,6 +4,7 @@
 #include "app/window/CutPanel.h"
 #include "app/window/DataPanel.h"
 #include "app/window/DockTableView.h"
+#include "app/window/JournalPanel.h"
 #include "app/window/MessagePanel.h"
 #include "app/window/NewAction.h"
 #include "app/window/TimePanel.h"
@@ -34,11 +35,13 @@ MainDocks::MainDocks(kernel::Session& session, QMainWindow& window, CentralView 
     , m_cuts(new CutPanel(session))
     , m_time(new TimePanel(session, view.isDrawing))
     , m_messages(new MessagePanel)
+    , m_journal(new JournalPanel(session))
     , m_dataDock(add("dataDock", QStringLiteral("Data"), *m_data, Qt::LeftDockWidgetArea))
     , m_plotDock(add("plotDock", QStringLiteral("Plot"), *m_assignment, Qt::LeftDockWidgetArea))
     , m_cutDock(add("cutDock", QStringLiteral("Slices"), *m_cuts, Qt::LeftDockWidgetArea))
     , m_timeDock(add("timeDock", QStringLiteral("Time"), *m_time, Qt::LeftDockWidgetArea))
     , m_messageDock(add("messageDock", QStringLiteral("Messages"), *m_messages, Qt::BottomDockWidgetArea))
+    , m_journalDock(add("journalDock", QStringLiteral("Journal"), *m_journal, Qt::BottomDockWidgetArea))
     , m_focusOnPlot(newFocusAction("assignAction", QStringLiteral("&Assign Variables"), Qt::CTRL + Qt::Key_4,
                                    *m_plotDock, [this] { m_assignment->takeFocus(); }))
     , m_focusOnCuts(newFocusAction("cutsAction", QStringLiteral("E&dit Slices"), Qt::CTRL + Qt::Key_6, *m_cutDock,
@@ -58,6 +61,8 @@ MainDocks::MainDocks(kernel::Session& session, QMainWindow& window, CentralView 
     m_cutDock->setTitleBarWidget(new QWidget);
     m_timeDock->setTitleBarWidget(new QWidget);
     m_dataDock->raise();
+    window.tabifyDockWidget(m_messageDock, m_journalDock);
+    m_messageDock->raise();
     // Wide enough for its lists, but the page is what people come for.
     window.resizeDocks({m_dataDock}, {std::min(m_data->sizeHint().width(), window.width() * 2 / 5)}, Qt::Horizontal);
     window.resizeDocks({m_messageDock}, {std::min(96, window.height() / 8)}, Qt::Vertical);
@@ -98,6 +103,8 @@ void MainDocks::addFocusActions(QMenu& menu)
     add("focusZonesAction", QStringLiteral("&Zones"), Qt::Key_2, *m_dataDock, m_data->zoneView());
     add("focusVariablesAction", QStringLiteral("&Variables"), Qt::Key_3, *m_dataDock, m_data->variableView());
     add("focusMessagesAction", QStringLiteral("&Messages"), Qt::Key_5, *m_messageDock, m_messages->list());
+    menu.addAction(newFocusAction("journalAction", QStringLiteral("&Journal"), Qt::CTRL + Qt::Key_9, *m_journalDock,
+                                  [this] { m_journal->takeFocus(); }));
     QAction* const page = newAction(*this, "focusPageAction", {}, QStringLiteral("&Page"),
                                     [this] { m_page.setFocus(Qt::ShortcutFocusReason); });
     page->setShortcut(Qt::CTRL + Qt::Key_0);
@@ -126,7 +133,7 @@ void MainDocks::restoreLayout(int version)
 
 void MainDocks::addToggles(QMenu& menu)
 {
-    for (QDockWidget const* const dock : {m_dataDock, m_plotDock, m_cutDock, m_timeDock, m_messageDock})
+    for (QDockWidget const* const dock : {m_dataDock, m_plotDock, m_cutDock, m_timeDock, m_messageDock, m_journalDock})
         menu.addAction(dock->toggleViewAction());
 }
 

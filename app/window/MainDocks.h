@@ -15,10 +15,11 @@ namespace veldraw::app {
 class AssignmentPanel;
 class CutPanel;
 class DataPanel;
+class JournalPanel;
 class MessagePanel;
 class TimePanel;
 
-/// The docks around the page, with data, plot, slices, time and messages, and the actions that move the keyboard focus to them.
+/// The docks around the page, with data, plot, slices, time, messages and journal, and the actions that move the keyboard focus to them.
 class MainDocks : public QObject
 {
     Q_OBJECT
@@ -38,6 +39,8 @@ public:
 
     /// Moves the focus to the time of the plot.
     QAction& focusOnTime() { return *m_focusOnTime; }
+
+    JournalPanel& journal() { return *m_journal; }
 
     /// Adds the actions that show and hide each dock.
     void addToggles(QMenu& menu);
@@ -65,11 +68,13 @@ private:
     CutPanel* m_cuts;
     TimePanel* m_time;
     MessagePanel* m_messages;
+    JournalPanel* m_journal;
     QDockWidget* m_dataDock;
     QDockWidget* m_plotDock;
     QDockWidget* m_cutDock;
     QDockWidget* m_timeDock;
     QDockWidget* m_messageDock;
+    QDockWidget* m_journalDock;
     QAction* m_focusOnPlot;
     QAction* m_focusOnCuts;
     QAction* m_focusOnTime;

@@ -4,6 +4,7 @@
 #include "app/window/DataSetStatus.h"
 #include "app/window/HelpViewer.h"
 #include "app/window/Icons.h"
+#include "app/window/JournalPanel.h"
 #include "app/window/MainDocks.h"
 #include "app/window/NewAction.h"
 #include "app/window/NumberChooser.h"
@@ -55,6 +56,7 @@ MainWindow::MainWindow(kernel::Session& session, CentralView view, DocumentContr
     , m_frames(session, this)
     , m_files(session, *m_documents, m_view, *this)
     , m_plots(session, m_view, *this)
+    , m_scripts(session, *m_documents, m_view, *this)
     , m_operations(*this)
     , m_waiter(session, *this)
     , m_follower(session, [this] { refresh(); })
@@ -93,6 +95,9 @@ void MainWindow::connectParts()
     connect(&m_frames, &FrameActions::refused, this, &MainWindow::tellRefusal);
     connect(&m_plots, &PlotActions::refused, this, &MainWindow::tellRefusal);
     connect(m_docks, &MainDocks::refused, this, &MainWindow::tellRefusal);
+    connect(&m_scripts, &ScriptActions::told, this, &MainWindow::tell);
+    connect(&m_docks->journal(), &JournalPanel::saveWanted, &m_scripts, &ScriptActions::saveByDialog);
+    connect(&m_docks->journal(), &JournalPanel::runWanted, &m_scripts, &ScriptActions::runByDialog);
     // A message box tells what a command has done. The window behind it must show that already, though no idle moment comes before
     // the command ends.
     m_connections.add(host::MessagePresenter::connectAboutToPresent(&SessionFollower::catchUp));
@@ -118,6 +123,9 @@ void MainWindow::makeMenus()
     file.addMenu(&m_files.recentMenu());
     file.addSeparator();
     file.addActions({&m_files.saveAs(), &m_files.savePicture(), &m_files.saveFilm()});
+    file.addSeparator();
+    file.addAction(
+        newAction(*this, "runScriptAction", {}, QStringLiteral("R&un Script..."), [this] { m_scripts.runByDialog(); }));
     file.addSeparator();
     QAction* const quit = newAction(*this, "quitAction", {}, QStringLiteral("&Quit"), [this] { close(); });
     quit->setShortcut(Qt::CTRL + Qt::Key_Q);

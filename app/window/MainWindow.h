@@ -7,6 +7,7 @@
 #include "app/window/FrameActions.h"
 #include "app/window/OperationWaiter.h"
 #include "app/window/PlotActions.h"
+#include "app/window/ScriptActions.h"
 #include "app/window/SessionFollower.h"
 #include "app/window/UndoActions.h"
 #include "platform/signals/SignalConnectionCollection.h"
@@ -81,6 +82,7 @@ private:
     FrameActions m_frames;
     FileActions m_files;
     PlotActions m_plots;
+    ScriptActions m_scripts;
     DataActions m_operations;
     MainDocks* m_docks = nullptr;
     std::vector<kernel::UniqueId> m_toldPicks; // that the status bar named last

@@ -11,9 +11,7 @@
 
 namespace veldraw::app {
 
-namespace {
-
-void write(QByteArray const& content, QString const& path)
+void writeFile(QByteArray const& content, QString const& path)
 {
     FileSave save(path.toStdString());
     OutputFile file(save.path());
@@ -25,8 +23,6 @@ void write(QByteArray const& content, QString const& path)
     for (std::string const& remark : remarks)
         host::MessageLog::instance().add(MessageBoxType_Warning, remark);
 }
-
-} // namespace
 
 QByteArray encoded(QImage const& picture, QString const& extension)
 {
@@ -41,7 +37,7 @@ QByteArray encoded(QImage const& picture, QString const& extension)
 QString writePicture(QImage const& picture, QString const& path)
 {
     try {
-        write(encoded(picture, QFileInfo(path).suffix()), path);
+        writeFile(encoded(picture, QFileInfo(path).suffix()), path);
     } catch (ExportError const& error) {
         return QString::fromStdString(error.what());
     }

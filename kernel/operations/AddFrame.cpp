@@ -10,12 +10,33 @@
 
 namespace veldraw::kernel {
 
+std::shared_ptr<Frame> AddFrame::frameFor(Page const& page, std::shared_ptr<DataSet> dataSet)
+{
+    Rectangle const middle{page.paperWidth / 4, page.paperHeight / 4, page.paperWidth / 2, page.paperHeight / 2};
+    auto frame = std::make_shared<Frame>("Frame " + std::to_string(page.frames.size() + 1), middle);
+    frame->dataSet = std::move(dataSet);
+    return frame;
+}
+
 std::string AddFrame::find(Pages const& pages)
 {
     m_page = pages.activePage();
     m_isOnPage = std::any_of(m_frames.begin(), m_frames.end(),
                              [&pages](auto const& frame) { return frame && pages.pageOf(frame->id); });
+    m_like = m_page ? likeFrame() : noLike;
     return m_page ? "" : "There is no page.";
+}
+
+int AddFrame::likeFrame() const
+{
+    if (m_frames.size() != 1 || !m_frames.front()) {
+        return noLike;
+    }
+    auto const& frames = m_page->frames;
+    std::shared_ptr<DataSet> const& data = m_frames.front()->dataSet;
+    auto const found =
+        std::find_if(frames.begin(), frames.end(), [&](auto const& frame) { return frame->dataSet == data; });
+    return !data ? 0 : found == frames.end() ? noLike : static_cast<int>(found - frames.begin()) + 1;
 }
 
 std::string AddFrame::reasonAgainst() const
@@ -65,6 +86,16 @@ std::shared_ptr<Change> DeleteFrame::makeChange(EventHub& events)
     return std::make_shared<FrameListChange>(events, m_page, std::move(frames), active, std::vector<FramePlacement>(),
                                              std::vector{frameEvent(StateChange_FrameDeleted, m_frame)},
                                              std::vector{frameEvent(StateChange_FrameCreated, m_frame)});
+}
+
+CommandText DeleteFrame::command() const
+{
+    return CommandText("delete-frame");
+}
+
+CommandText AddFrame::command() const
+{
+    return m_like < 0 ? m_command : CommandText("new-frame").number("like", m_like);
 }
 
 } // namespace veldraw::kernel

@@ -34,16 +34,31 @@ public:
     {
     }
 
+    CommandText command() const override;
+    /// A frame for the middle of a page, with the name of its number there. @param dataSet null for none
+    static std::shared_ptr<Frame> frameFor(Page const& page, std::shared_ptr<DataSet> dataSet);
+
+    /// Says what command adds the same, where the data come from elsewhere.
+    void setCommand(CommandText command) { m_command = std::move(command); }
+
     std::string name() const override { return m_frames.size() > 1 ? "New Frames" : "New Frame"; }
     std::string find(Pages const& pages) override;
     std::string reasonAgainst() const override;
     std::shared_ptr<Change> makeChange(EventHub& events) override;
 
 private:
+    static constexpr int noLike = -1;
+
+    /// One-based number of a frame with the same data set, 0 for a frame without data; noLike if no command tells what is added: data that
+    /// no frame shows yet come from a file.
+    int likeFrame() const;
+
     std::vector<std::shared_ptr<Frame>> m_frames;
     Place m_place;
     std::shared_ptr<Page> m_page;
     bool m_isOnPage = false;
+    int m_like = noLike;
+    CommandText m_command;
 };
 
 /// Takes a frame off its page; the one in front is active then. "Delete Frame"; events 9, 10. Refused: a frame that does
@@ -56,8 +71,10 @@ public:
     {
     }
 
+    CommandText command() const override;
     std::string name() const override { return "Delete Frame"; }
     std::string find(Pages const& pages) override;
+    UniqueId subject() const override { return m_frame; }
     std::shared_ptr<Change> makeChange(EventHub& events) override;
 
 private:

@@ -89,4 +89,25 @@ std::shared_ptr<Change> AuxiliaryOperation::changeTo(AuxiliaryData data, StateCh
     return std::make_shared<AuxiliaryEdit>(events, *m_owner, std::move(data), kind);
 }
 
+CommandText AuxiliaryOperation::withOwner(CommandText text) const
+{
+    switch (m_location) {
+    case AuxDataLocation_Zone:
+        return text.number("zone", m_object);
+    case AuxDataLocation_Var:
+        return text.number("variable", m_object);
+    case AuxDataLocation_LineMap:
+        return text.number("line-map", m_object);
+    case AuxDataLocation_Frame:
+        return text.word("owner", "frame");
+    case AuxDataLocation_Page:
+        return text.word("owner", "page");
+    case AuxDataLocation_Layout:
+        return text.word("owner", "layout");
+    case AuxDataLocation_DataSet:
+        break;
+    }
+    return text.word("owner", "data-set");
+}
+
 } // namespace veldraw::kernel

@@ -26,6 +26,9 @@ protected:
     {
     }
 
+    /// Adds the owner to a command.
+    CommandText withOwner(CommandText text) const;
+
     AuxiliaryData const& data() const { return *m_owner->data(); }
 
     /// The step that gives the owner other data. @param kind of what happens: added, deleted or altered

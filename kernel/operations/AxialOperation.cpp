@@ -86,4 +86,19 @@ std::shared_ptr<DeferredLoad> AxialOperation::prepare(Rotation const& rotation)
     return m_load;
 }
 
+CommandText AxialOperation::withRotation(CommandText text) const
+{
+    static constexpr char const* coordinates[] = {"x", "y", "z"};
+    static constexpr char const* components[] = {"u", "v", "w"};
+    text.reals("axis", m_axis.direction).reals("origin", m_axis.origin).flag("vector", m_variables.hasVector);
+    text.word("space", m_variables.isThreeD ? "3d" : "2d");
+    for (std::size_t dimension = 0; dimension < m_variables.dimensions(); ++dimension) {
+        text.number(coordinates[dimension], m_variables.coordinates[dimension]);
+    }
+    for (std::size_t dimension = 0; m_variables.hasVector && dimension < m_variables.dimensions(); ++dimension) {
+        text.number(components[dimension], m_variables.vector[dimension]);
+    }
+    return text;
+}
+
 } // namespace veldraw::kernel

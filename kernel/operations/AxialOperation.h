@@ -30,6 +30,9 @@ protected:
     SpatialVariables const& variables() const { return m_variables; }
     RotationAxis const& axis() const { return m_axis; }
 
+    /// Adds axis, origin and variables to a command.
+    CommandText withRotation(CommandText text) const;
+
     /// The load of everything that @p rotation involves. Also notes for remark() the vectors that are not rotated.
     std::shared_ptr<DeferredLoad> prepare(Rotation const& rotation);
     DeferredLoad const& load() const { return *m_load; }

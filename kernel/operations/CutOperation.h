@@ -40,6 +40,7 @@ public:
     {
     }
 
+    CommandText command() const override { return {}; }
     std::string name() const override { return "New Slice"; }
     std::string reasonAgainst() const override;
 
@@ -60,6 +61,7 @@ public:
     {
     }
 
+    CommandText command() const override { return {}; }
     std::string name() const override { return "Delete Slice"; }
     std::string reasonAgainst() const override { return hasCut(m_cut) ? "" : noCut; }
 
@@ -84,6 +86,7 @@ public:
     {
     }
 
+    CommandText command() const override { return {}; }
     std::string name() const override { return "Slice"; }
     std::string reasonAgainst() const override;
 

@@ -14,6 +14,7 @@ class DataSetOperation : public Operation
 {
 public:
     std::string find(Pages const& pages) override;
+    UniqueId subject() const override { return m_id; }
     DataSet const* lockable() const override { return m_dataSet.get(); }
 
 protected:

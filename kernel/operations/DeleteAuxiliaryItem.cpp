@@ -22,4 +22,9 @@ std::shared_ptr<Change> DeleteAuxiliaryItem::makeChange(EventHub& events)
     return changeTo(std::move(after), StateChange_AuxDataDeleted, events);
 }
 
+CommandText DeleteAuxiliaryItem::command() const
+{
+    return withOwner(CommandText("delete-auxiliary-data").quoted("name", m_itemName));
+}
+
 } // namespace veldraw::kernel

@@ -14,6 +14,7 @@ public:
     /// @param itemName in any case
     DeleteAuxiliaryItem(AuxDataLocation_e location, int object, std::string itemName);
 
+    CommandText command() const override;
     std::string reasonAgainst() const override;
     std::shared_ptr<Change> makeChange(EventHub& events) override;
 

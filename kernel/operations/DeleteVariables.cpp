@@ -26,4 +26,9 @@ std::shared_ptr<Change> DeleteVariables::makeChange(EventHub& events)
     return std::make_shared<VariableDeletion>(events, dataSet(), m_variables);
 }
 
+CommandText DeleteVariables::command() const
+{
+    return CommandText("delete-variables").numbers("variables", m_variables);
+}
+
 } // namespace veldraw::kernel

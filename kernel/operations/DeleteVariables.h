@@ -18,6 +18,7 @@ public:
     }
 
     std::string name() const override { return "Delete Variable"; }
+    CommandText command() const override;
     std::string reasonAgainst() const override;
     std::shared_ptr<Change> makeChange(EventHub& events) override;
 

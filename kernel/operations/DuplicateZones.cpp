@@ -20,4 +20,9 @@ std::shared_ptr<Change> DuplicateZones::makeChange(EventHub& events)
     return std::make_shared<ZoneAddition>(events, dataSet(), std::move(copies));
 }
 
+CommandText DuplicateZones::command() const
+{
+    return CommandText("duplicate-zones").numbers("zones", m_zones);
+}
+
 } // namespace veldraw::kernel

@@ -25,6 +25,7 @@ public:
     }
 
     std::string name() const override { return "Create Duplicate Zone"; }
+    CommandText command() const override;
     std::string reasonAgainst() const override;
     std::shared_ptr<Change> makeChange(EventHub& events) override;
 

@@ -163,4 +163,14 @@ std::shared_ptr<Change> DuplicateZonesAxially::makeChange(EventHub& events)
     return std::make_shared<ZoneAddition>(events, dataSet(), std::move(m_copies));
 }
 
+CommandText DuplicateZonesAxially::command() const
+{
+    return withRotation(CommandText("duplicate-zones-axially")
+                            .numbers("zones", zones())
+                            .real("angle", m_arrangement.angle)
+                            .number("copies", m_arrangement.count)
+                            .real("offset", m_arrangement.offset)
+                            .flag("add-to-strands", m_arrangement.addToStrands));
+}
+
 } // namespace veldraw::kernel

@@ -32,6 +32,7 @@ public:
     }
 
     std::string name() const override { return "Axial Duplication"; }
+    CommandText command() const override;
     std::string reasonAgainst() const override;
     std::shared_ptr<DeferredLoad> needs() override;
     void compute(Progress& progress) override;

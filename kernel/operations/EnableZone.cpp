@@ -27,4 +27,14 @@ std::shared_ptr<Change> EnableVariable::makeChange(EventHub& events)
                     {StateChange_VariablesEnabled, {}, {m_variable}, {}, 0});
 }
 
+CommandText EnableZone::command() const
+{
+    return CommandText(m_isEnabled ? "enable-zone" : "disable-zone").number("zone", m_zone);
+}
+
+CommandText EnableVariable::command() const
+{
+    return CommandText(m_isEnabled ? "enable-variable" : "disable-variable").number("variable", m_variable);
+}
+
 } // namespace veldraw::kernel

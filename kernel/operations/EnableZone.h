@@ -18,6 +18,7 @@ public:
     }
 
     std::string name() const override { return m_isEnabled ? "Enable Zone" : "Disable Zone"; }
+    CommandText command() const override;
     DataSet const* lockable() const override { return nullptr; }
     std::string reasonAgainst() const override;
     std::shared_ptr<Change> makeChange(EventHub& events) override;
@@ -40,6 +41,7 @@ public:
     }
 
     std::string name() const override { return m_isEnabled ? "Enable Variable" : "Disable Variable"; }
+    CommandText command() const override;
     DataSet const* lockable() const override { return nullptr; }
     std::string reasonAgainst() const override;
     std::shared_ptr<Change> makeChange(EventHub& events) override;

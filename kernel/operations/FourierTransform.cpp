@@ -297,4 +297,18 @@ std::string FourierTransform::report(double seconds) const
     return text;
 }
 
+CommandText FourierTransform::command() const
+{
+    static constexpr char const* windows[] = {"rectangular", "triangular", "hann", "hamming"};
+    return CommandText("fourier-transform")
+        .numbers("zones", m_sources)
+        .numbers("variables", m_dependents)
+        .number("independent", m_independent)
+        .word("window", windows[m_choice.spectrum.window])
+        .flag("conjugates", m_choice.spectrum.includeConjugates)
+        .flag("obey-blanking", m_choice.obeyBlanking)
+        .flag("replace-zones", m_choice.replaceZones)
+        .flag("replace-variables", m_choice.replaceVariables);
+}
+
 } // namespace veldraw::kernel

@@ -37,6 +37,7 @@ public:
     FourierTransform(DataSet const& dataSet, int independent, NumberSet dependents, NumberSet sources, Choice choice);
 
     std::string name() const override { return "Discrete Fourier Transform"; }
+    CommandText command() const override;
     std::string reasonAgainst() const override;
     bool isLong() const override { return true; }
     std::shared_ptr<DeferredLoad> needs() override;

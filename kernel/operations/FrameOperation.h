@@ -15,6 +15,7 @@ class FrameOperation : public Operation
 {
 public:
     std::string find(Pages const& pages) override;
+    UniqueId subject() const override { return m_id; }
 
 protected:
     explicit FrameOperation(UniqueId frame)

@@ -74,4 +74,11 @@ void InterpolateByInverseDistance::averageNeighbors(Task& task, Progress& progre
         });
 }
 
+CommandText InterpolateByInverseDistance::command() const
+{
+    return withPoints(withZones("interpolate-inverse-distance")
+                          .real("exponent", m_formula.exponent)
+                          .real("minimum-distance", m_formula.minimumDistance));
+}
+
 } // namespace veldraw::kernel

@@ -27,6 +27,7 @@ public:
     }
 
     std::string name() const override { return "Inverse-Distance Interpolation"; }
+    CommandText command() const override;
     std::string reasonAgainst() const override;
 
 protected:

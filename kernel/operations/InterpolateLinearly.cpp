@@ -292,4 +292,11 @@ std::string InterpolateLinearly::report(Counts const& counts) const
     return text;
 }
 
+CommandText InterpolateLinearly::command() const
+{
+    return withZones("interpolate-linearly")
+        .word("outside", m_mode == LinearInterpMode_SetToConstant ? "constant" : "unchanged")
+        .real("constant", m_constant);
+}
+
 } // namespace veldraw::kernel

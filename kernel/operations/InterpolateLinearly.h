@@ -26,6 +26,7 @@ public:
     }
 
     std::string name() const override { return "Linear Interpolation"; }
+    CommandText command() const override;
     std::string reasonAgainst() const override;
 
 protected:

@@ -165,4 +165,12 @@ std::shared_ptr<Change> Interpolation::makeChange(EventHub& events)
     return std::make_shared<FieldReplacement>(events, std::move(parts), std::move(event));
 }
 
+CommandText Interpolation::withZones(char const* command) const
+{
+    return CommandText(command)
+        .numbers("zones", m_sources)
+        .number("destination", m_destination)
+        .numbers("variables", m_variables);
+}
+
 } // namespace veldraw::kernel

@@ -38,6 +38,9 @@ protected:
     /// @throws Interrupted, std::bad_alloc, std::runtime_error with a reason
     virtual std::string interpolate(Fields const& fields, Progress& progress) = 0;
 
+    /// A command with the zones and variables.
+    CommandText withZones(char const* command) const;
+
     NumberSet const& sources() const { return m_sources; }
     int destination() const { return m_destination; }
     NumberSet const& variables() const { return m_variables; }

@@ -155,4 +155,13 @@ void Krige::estimateFromNeighbors(Task& task, Progress& progress)
     m_lowered = std::max(m_lowered, lowered.load());
 }
 
+CommandText Krige::command() const
+{
+    static constexpr char const* drifts[] = {"none", "linear", "quadratic"};
+    return withPoints(withZones("krige")
+                          .real("range", m_model.range)
+                          .real("zero-value", m_model.zeroValue)
+                          .word("drift", drifts[m_model.drift]));
+}
+
 } // namespace veldraw::kernel

@@ -27,6 +27,7 @@ public:
     }
 
     std::string name() const override { return "Kriging"; }
+    CommandText command() const override;
     std::string reasonAgainst() const override;
     void compute(Progress& progress) override;
 

@@ -100,4 +100,19 @@ std::vector<LineMap> SetLinePlot::alteredMaps() const
     return maps;
 }
 
+CommandText SetLinePlot::command() const
+{
+    return CommandText("set-line-plot").number("zone", m_zone).number("x", m_x).number("y", m_y);
+}
+
+CommandText CreateLineMap::command() const
+{
+    return CommandText("new-line-map");
+}
+
+CommandText DeleteLineMaps::command() const
+{
+    return CommandText("delete-line-maps").numbers("maps", m_maps);
+}
+
 } // namespace veldraw::kernel

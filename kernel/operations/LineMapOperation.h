@@ -34,6 +34,7 @@ public:
     {
     }
 
+    CommandText command() const override;
     std::string name() const override { return "New Line Map"; }
     std::string reasonAgainst() const override;
 
@@ -51,6 +52,7 @@ public:
     {
     }
 
+    CommandText command() const override;
     std::string name() const override { return "Delete Line Map"; }
     std::string reasonAgainst() const override;
     std::shared_ptr<Change> makeChange(EventHub& events) override;
@@ -77,6 +79,7 @@ public:
     {
     }
 
+    CommandText command() const override { return {}; }
     std::string name() const override { return "Line Map"; }
     std::string reasonAgainst() const override;
 
@@ -104,6 +107,7 @@ public:
     {
     }
 
+    CommandText command() const override;
     std::string name() const override { return "Line Map"; }
     std::string reasonAgainst() const override;
 

@@ -50,4 +50,9 @@ std::shared_ptr<DeferredLoad> LoadDimensions::needs()
     return load;
 }
 
+CommandText LoadVariables::command() const
+{
+    return CommandText("load-variables").numbers("variables", m_variables).numbers("zones", m_zones);
+}
+
 } // namespace veldraw::kernel

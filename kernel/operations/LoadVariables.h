@@ -35,6 +35,7 @@ public:
     }
 
     std::string name() const override { return "Load Variable"; }
+    CommandText command() const override;
     std::string reasonAgainst() const override;
     std::shared_ptr<DeferredLoad> needs() override;
 
@@ -67,6 +68,7 @@ public:
     {
     }
 
+    CommandText command() const override { return {}; }
     std::string name() const override { return "Load Zone"; }
     std::string reasonAgainst() const override;
     std::shared_ptr<DeferredLoad> needs() override;

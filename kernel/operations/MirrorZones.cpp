@@ -83,4 +83,9 @@ std::shared_ptr<Change> MirrorZones::makeChange(EventHub& events)
     return std::make_shared<ZoneAddition>(events, frame()->dataSet, std::move(m_copies));
 }
 
+CommandText MirrorZones::command() const
+{
+    return CommandText("mirror-zones").numbers("zones", m_zones).word("plane", std::string(1, m_coordinate));
+}
+
 } // namespace veldraw::kernel

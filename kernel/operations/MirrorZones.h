@@ -25,6 +25,7 @@ public:
     }
 
     std::string name() const override { return "Create Mirror Zone"; }
+    CommandText command() const override;
     std::string reasonAgainst() const override;
     bool isLong() const override { return true; }
     std::shared_ptr<DeferredLoad> needs() override;

@@ -2,6 +2,7 @@
 
 #include "kernel/base/Identifier.h"
 #include "kernel/base/Progress.h"
+#include "kernel/operations/CommandText.h"
 
 #include <memory>
 #include <string>
@@ -22,7 +23,7 @@ class Pages;
 ///     bool const isDone = session.perform(DeleteVariables(dataSet, {3, 5}));
 ///
 /// Only the session calls the members below: find() first, then the reasons against the operation, needs() and compute() where it
-/// is long, makeChange(), and remark() when it has succeeded; name(), run() and onlyLoads() at any time after find(). It also does what all operations have in
+/// is long, makeChange(), and remark() when it has succeeded; name(), command(), run() and onlyLoads() at any time after find(). It also does what all operations have in
 /// common: it runs one at a time, refuses one whose data set is locked, loads values, computes on a separate thread, stops after a
 /// cancel, adds the step to the history and stores the reason of a refusal.
 ///
@@ -36,6 +37,13 @@ public:
 
     /// What the undo menu and the progress window call it, for instance "Delete Variable".
     virtual std::string name() const = 0;
+
+    /// The operation as a command, by which it can be repeated on the same data; empty where no command stands for it. After find().
+    /// @throws std::bad_alloc
+    virtual CommandText command() const = 0;
+
+    /// The frame or data set that it is about; 0 for the active one.
+    virtual UniqueId subject() const { return 0; }
 
     /// Finds the data set, frame or page that the operation changes. @return why there is none, empty when it was found.
     /// @throws std::bad_alloc

@@ -246,4 +246,10 @@ std::vector<PointInterpolation::Group> PointInterpolation::divide(Layout const& 
     return groups;
 }
 
+CommandText PointInterpolation::withPoints(CommandText text) const
+{
+    static constexpr char const* selections[] = {"all", "nearest", "octant"};
+    return text.word("selection", selections[m_choice.selection]).number("points", m_choice.count);
+}
+
 } // namespace veldraw::kernel

@@ -29,6 +29,9 @@ protected:
     /// More sentences for the report.
     virtual std::string details() const { return {}; }
 
+    /// Adds the choice of points to a command.
+    CommandText withPoints(CommandText text) const;
+
     NeighborChoice const& choice() const { return m_choice; }
 
     /// Whether the choice takes all of so many source points.

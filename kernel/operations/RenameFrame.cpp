@@ -19,4 +19,18 @@ std::shared_ptr<Change> MoveFrame::makeChange(EventHub& events)
     return changeTo(events, frame(), frame()->rectangle, m_rectangle, eventOf(StateChange_FrameMovedOrRenamed));
 }
 
+CommandText RenameFrame::command() const
+{
+    return CommandText("rename-frame").quoted("name", m_newName);
+}
+
+CommandText MoveFrame::command() const
+{
+    return CommandText("move-frame")
+        .real("x", m_rectangle.x)
+        .real("y", m_rectangle.y)
+        .real("width", m_rectangle.width)
+        .real("height", m_rectangle.height);
+}
+
 } // namespace veldraw::kernel

@@ -16,6 +16,7 @@ public:
     }
 
     std::string name() const override { return "Rename Frame"; }
+    CommandText command() const override;
     std::shared_ptr<Change> makeChange(EventHub& events) override;
 
 private:
@@ -34,6 +35,7 @@ public:
     }
 
     std::string name() const override { return "Move Frame"; }
+    CommandText command() const override;
     std::string reasonAgainst() const override;
     std::shared_ptr<Change> makeChange(EventHub& events) override;
 

@@ -70,4 +70,19 @@ std::shared_ptr<Change> SetTitle::makeChange(EventHub& events)
     return isNew ? std::make_shared<TitleChange>(events, dataSet(), m_title) : nullptr;
 }
 
+CommandText RenameZone::command() const
+{
+    return CommandText("rename-zone").number("zone", m_zone).quoted("name", m_newName);
+}
+
+CommandText RenameVariable::command() const
+{
+    return CommandText("rename-variable").number("variable", m_variable).quoted("name", m_newName);
+}
+
+CommandText SetTitle::command() const
+{
+    return CommandText("set-title").quoted("title", m_title);
+}
+
 } // namespace veldraw::kernel

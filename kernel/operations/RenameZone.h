@@ -20,6 +20,7 @@ public:
     }
 
     std::string name() const override { return "Rename Zone"; }
+    CommandText command() const override;
     DataSet const* lockable() const override { return nullptr; }
     DataSet const* altered() const override { return dataSet().get(); }
     std::string reasonAgainst() const override;
@@ -43,6 +44,7 @@ public:
     }
 
     std::string name() const override { return "Rename Variable"; }
+    CommandText command() const override;
     DataSet const* lockable() const override { return nullptr; }
     DataSet const* altered() const override { return dataSet().get(); }
     std::string reasonAgainst() const override;
@@ -65,6 +67,7 @@ public:
     }
 
     std::string name() const override { return "Data Set Title"; }
+    CommandText command() const override;
     DataSet const* lockable() const override { return nullptr; }
     std::shared_ptr<Change> makeChange(EventHub& events) override;
 

@@ -38,4 +38,9 @@ std::shared_ptr<Change> RotateZones::makeChange(EventHub& events)
     return std::make_shared<FieldReplacement>(events, std::move(m_parts), std::move(event));
 }
 
+CommandText RotateZones::command() const
+{
+    return withRotation(CommandText("rotate-zones").numbers("zones", zones()).real("angle", m_degrees));
+}
+
 } // namespace veldraw::kernel

@@ -22,6 +22,7 @@ public:
     }
 
     std::string name() const override { return "Axial Rotation"; }
+    CommandText command() const override;
     std::string reasonAgainst() const override;
     std::shared_ptr<DeferredLoad> needs() override { return prepare(Rotation(axis(), m_degrees)); }
     void compute(Progress& progress) override;

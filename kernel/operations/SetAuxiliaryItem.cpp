@@ -32,4 +32,12 @@ std::shared_ptr<Change> SetAuxiliaryItem::makeChange(EventHub& events)
     return changeTo(std::move(after), number == 0 ? StateChange_AuxDataAdded : StateChange_AuxDataAltered, events);
 }
 
+CommandText SetAuxiliaryItem::command() const
+{
+    return withOwner(CommandText("set-auxiliary-data")
+                         .quoted("name", m_item.name)
+                         .quoted("value", m_item.value)
+                         .flag("save", m_item.retain));
+}
+
 } // namespace veldraw::kernel

@@ -15,6 +15,7 @@ public:
     /// @param retain   whether the item is saved
     SetAuxiliaryItem(AuxDataLocation_e location, int object, std::string itemName, std::string value, bool retain);
 
+    CommandText command() const override;
     std::string reasonAgainst() const override;
     std::shared_ptr<Change> makeChange(EventHub& events) override;
 

@@ -78,4 +78,26 @@ std::shared_ptr<Change> SetPlotOption::makeChange(EventHub& events)
     return changeTo(events, frame(), (*frame()).*m_option.member, m_isOn, styleEvent(m_option.path()));
 }
 
+CommandText SetPlotType::command() const
+{
+    char const* const word = m_plotType == PlotType_Cartesian2D   ? "2d"
+                             : m_plotType == PlotType_Cartesian3D ? "3d"
+                             : m_plotType == PlotType_XYLine      ? "line"
+                                                                  : nullptr;
+    return word == nullptr ? CommandText() : CommandText("set-plot-type").word("type", word);
+}
+
+CommandText AssignVariable::command() const
+{
+    CommandText text = CommandText("assign-variable").word("to", std::string(1, m_assignment));
+    return m_variable == 0 ? text : text.number("variable", m_variable);
+}
+
+CommandText SetPlotOption::command() const
+{
+    return CommandText("set-plot-option")
+        .word("option", std::string(m_option.group) + '/' + m_option.value)
+        .flag("on", m_isOn);
+}
+
 } // namespace veldraw::kernel

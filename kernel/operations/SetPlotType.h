@@ -17,6 +17,7 @@ public:
     }
 
     std::string name() const override { return "Plot Type"; }
+    CommandText command() const override;
     std::string reasonAgainst() const override;
     std::shared_ptr<Change> makeChange(EventHub& events) override;
 
@@ -42,6 +43,7 @@ public:
     }
 
     std::string name() const override { return "Assign Variable"; }
+    CommandText command() const override;
     std::string reasonAgainst() const override;
     std::shared_ptr<Change> makeChange(EventHub& events) override;
 
@@ -67,6 +69,7 @@ public:
     }
 
     std::string name() const override { return m_option.step; }
+    CommandText command() const override;
     std::shared_ptr<Change> makeChange(EventHub& events) override;
 
 private:

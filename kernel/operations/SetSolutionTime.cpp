@@ -41,4 +41,9 @@ std::shared_ptr<Change> SetSolutionTime::makeChange(EventHub& events)
     return changeTo(events, frame(), frame()->solutionTime, m_time, styleEvent({"SolutionTime"}));
 }
 
+CommandText SetSolutionTime::command() const
+{
+    return CommandText("set-solution-time").real("time", m_time);
+}
+
 } // namespace veldraw::kernel

@@ -23,6 +23,7 @@ public:
     static std::shared_ptr<DeferredLoad> valuesAt(Frame const& frame, double time);
 
     std::string name() const override { return "Solution Time"; }
+    CommandText command() const override;
     std::string reasonAgainst() const override;
     bool isLong() const override;
     UniqueId run() const override { return m_run; }

@@ -114,4 +114,14 @@ std::shared_ptr<Change> SetValue::makeChange(EventHub& events)
     return std::make_shared<ValueEdit>(events, std::move(place), bits, std::move(m_copy), std::move(event));
 }
 
+CommandText SetValue::command() const
+{
+    return CommandText("set-value")
+        .number("zone", m_zone)
+        .number("variable", m_variable)
+        .number("index", m_index + 1)
+        .real("value", m_value)
+        .flag("shared", !m_autoBranch);
+}
+
 } // namespace veldraw::kernel

@@ -31,6 +31,7 @@ public:
     }
 
     std::string name() const override { return "Edit Value"; }
+    CommandText command() const override;
     std::string reasonAgainst() const override;
     bool isLong() const override;
     std::shared_ptr<DeferredLoad> needs() override;

@@ -198,4 +198,15 @@ std::shared_ptr<Change> SmoothVariable::makeChange(EventHub& events)
     return std::make_shared<FieldReplacement>(events, std::move(parts), std::move(event));
 }
 
+CommandText SmoothVariable::command() const
+{
+    static constexpr char const* conditions[] = {"fixed", "first-order", "second-order"};
+    return CommandText("smooth")
+        .number("zone", m_zone)
+        .number("variable", m_variable)
+        .number("passes", m_rule.passes)
+        .real("coefficient", m_rule.weight)
+        .word("boundary", conditions[m_condition]);
+}
+
 } // namespace veldraw::kernel

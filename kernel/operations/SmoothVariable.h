@@ -31,6 +31,7 @@ public:
     SmoothVariable(UniqueId frame, int zone, int variable, int passes, double weight, BoundaryCondition_e condition);
 
     std::string name() const override { return "Smooth"; }
+    CommandText command() const override;
     std::string reasonAgainst() const override;
     bool isLong() const override { return true; }
     std::shared_ptr<DeferredLoad> needs() override;

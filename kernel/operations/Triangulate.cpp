@@ -388,4 +388,13 @@ std::shared_ptr<Change> Triangulate::makeChange(EventHub& events)
     return std::make_shared<ZoneAddition>(events, frame()->dataSet, std::move(zones));
 }
 
+CommandText Triangulate::command() const
+{
+    CommandText text = CommandText("triangulate").numbers("zones", m_sources);
+    if (!m_boundaries.empty()) {
+        text.numbers("boundaries", m_boundaries);
+    }
+    return text.flag("include-boundary-points", m_includeBoundaryPoints).real("keep-factor", m_keepFactor);
+}
+
 } // namespace veldraw::kernel

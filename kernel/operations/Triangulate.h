@@ -45,6 +45,7 @@ public:
     std::int64_t duplicateCount() const { return m_counts.duplicates; }
 
     std::string name() const override { return "2D Triangulation"; }
+    CommandText command() const override;
     std::string reasonAgainst() const override;
     bool isLong() const override { return true; }
     std::shared_ptr<DeferredLoad> needs() override;

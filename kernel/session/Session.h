@@ -5,6 +5,7 @@
 #include "kernel/frames/Pages.h"
 #include "kernel/operations/Operation.h"
 #include "kernel/session/FetchAhead.h"
+#include "kernel/session/Journal.h"
 #include "kernel/session/LoadedValues.h"
 #include "kernel/session/LongWork.h"
 #include "kernel/undo/History.h"
@@ -50,6 +51,10 @@ public:
     /// What stays loaded of values on demand; at most half of the machine's memory at first.
     LoadedValues& loadedValues() { return m_loadedValues; }
     LoadedValues const& loadedValues() const { return m_loadedValues; }
+
+    /// What has been done, as commands.
+    Journal& journal() { return m_journal; }
+    Journal const& journal() const { return m_journal; }
 
     // ---- operations ------------------------------------------------------------------------------------------------
     /// Carries out an operation. Refused while another one computes.
@@ -157,13 +162,15 @@ private:
     template <typename Work>
     bool guarded(Work const& work) noexcept;
     std::string reasonAgainst(Operation& operation) const;
-    void performLong(Operation& operation);
-    void addStep(Operation const& operation, std::shared_ptr<Change> const& change);
+    void performLong(Operation& operation, std::shared_ptr<Journal::Entry> const& entry);
+    void addStep(Operation const& operation, std::shared_ptr<Change> const& change,
+                 std::shared_ptr<Journal::Entry> const& entry);
     void tellRemark(Operation const& operation) noexcept;
     void replacePages(std::vector<std::shared_ptr<Page>> pages, std::vector<Frame> laidOut);
 
     EventHub m_events;
     History m_history;
+    Journal m_journal;
     Pages m_pages;
     LongWork m_work;
     LoadedValues m_loadedValues;

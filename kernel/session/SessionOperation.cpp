@@ -15,10 +15,14 @@ bool Session::perform(Operation& operation) noexcept
         if (std::string reason = reasonAgainst(operation); !reason.empty()) {
             return refuse(std::move(reason));
         }
+        std::shared_ptr<Journal::Entry> const entry = m_journal.entryFor(operation, m_pages);
         if (operation.isLong()) {
-            performLong(operation);
+            performLong(operation, entry);
         } else {
-            addStep(operation, operation.makeChange(m_events));
+            addStep(operation, operation.makeChange(m_events), entry);
+        }
+        if (entry) {
+            m_journal.complete(*entry, m_pages);
         }
         tellRemark(operation);
         return true;
@@ -37,7 +41,7 @@ std::string Session::reasonAgainst(Operation& operation) const
                                                                   : operation.reasonAgainst();
 }
 
-void Session::performLong(Operation& operation)
+void Session::performLong(Operation& operation, std::shared_ptr<Journal::Entry> const& entry)
 {
     StyleTree::Hold const unchanged(
         *m_style); // destroyed last: the style writes that it carries out are operations as well
@@ -60,6 +64,7 @@ void Session::performLong(Operation& operation)
     if (operation.onlyLoads()) {
         std::vector<StateChangeEvent> const events = load->events();
         load->commit();
+        m_journal.add(entry);
         room.keepWithinLimit();
         for (StateChangeEvent const& event : events) {
             m_events.emitEvent(event);
@@ -70,19 +75,30 @@ void Session::performLong(Operation& operation)
     if (change && !load->isEmpty()) {
         change = std::make_shared<ChangeAfterLoad>(m_events, std::move(change), load);
     }
-    addStep(operation, change);
+    addStep(operation, change, entry);
     if (!load->isEmpty()) {
         room.keepWithinLimit();
     }
 }
 
-void Session::addStep(Operation const& operation, std::shared_ptr<Change> const& change)
+void Session::addStep(Operation const& operation, std::shared_ptr<Change> const& change,
+                      std::shared_ptr<Journal::Entry> const& entry)
 {
-    if (change && operation.run() != 0) {
-        m_history.performInRun(operation.name(), change, operation.run());
-    } else if (change) {
+    if (!change) {
+        return;
+    }
+    if (operation.run() != 0) {
+        m_history.performInRun(operation.name(), change, operation.run(), entry);
+        m_journal.add(entry);
+        return;
+    }
+    m_journal.add(entry); // before what listeners do when they hear of the change
+    try {
         DataSet const* const altered = operation.altered();
-        m_history.perform(operation.name(), change, altered != nullptr ? altered->id() : 0);
+        m_history.perform(operation.name(), change, altered != nullptr ? altered->id() : 0, entry);
+    } catch (...) {
+        m_journal.withdraw(entry);
+        throw;
     }
 }
 

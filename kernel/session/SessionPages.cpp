@@ -107,11 +107,13 @@ bool Session::setFrameDataSet(UniqueId frame, std::shared_ptr<DataSet> dataSet)
         if (!found || !dataSet) {
             return refuse(found ? "There is no such data set." : "There is no such frame.");
         }
+        std::shared_ptr<Journal::Entry> const entry = m_journal.entryForData(frame, dataSet->id(), m_pages);
         std::shared_ptr<DataSet> const old = found->dataSet;
         Frame changed = *found;
         changed.dataSet = dataSet;
         layOut(changed);
         *found = std::move(changed);
+        m_journal.add(entry);
         if (old && !m_pages.dataSet(old->id())) {
             m_history.clear(); // its steps belong to data that nobody sees any more
         }

@@ -37,7 +37,8 @@ History::History(std::int64_t memoryLimit)
 {
 }
 
-void History::perform(std::string name, std::shared_ptr<Change> const& change, UniqueId altered)
+void History::perform(std::string name, std::shared_ptr<Change> const& change, UniqueId altered,
+                      std::shared_ptr<StepNote> note)
 {
     Steps added;
     added.push_back({std::move(name), change, {}, ++m_lastNumber, {}, 0});
@@ -47,12 +48,16 @@ void History::perform(std::string name, std::shared_ptr<Change> const& change, U
         step.dataSets.insert(altered);
         step.number = m_lastNumber;
     }
-    performStep(added);
+    performStep(added, std::move(note));
 }
 
 /// @param added the one step
-void History::performStep(Steps& added)
+void History::performStep(Steps& added, std::shared_ptr<StepNote> note)
 {
+    if (note) {
+        Step& step = m_groupDepth > 0 ? m_open.front() : added.front();
+        step.notes.push_back(std::move(note));
+    }
     std::shared_ptr<Change> const change = added.front().change;
     m_addedWhileRunning = m_isRunning;
     if (m_groupDepth > 0) {
@@ -66,7 +71,8 @@ void History::performStep(Steps& added)
     changed();
 }
 
-void History::performInRun(std::string name, std::shared_ptr<Change> const& change, UniqueId run)
+void History::performInRun(std::string name, std::shared_ptr<Change> const& change, UniqueId run,
+                           std::shared_ptr<StepNote> note)
 {
     bool const isPlain = m_groupDepth == 0 && !m_isRunning;
     if (isPlain && !m_done.empty() && m_done.back().run == run) {
@@ -77,7 +83,7 @@ void History::performInRun(std::string name, std::shared_ptr<Change> const& chan
     }
     Steps added;
     added.push_back({std::move(name), change, {}, ++m_lastNumber, {}, isPlain ? run : 0});
-    performStep(added);
+    performStep(added, std::move(note));
 }
 
 void History::add(Steps& step)
@@ -151,6 +157,7 @@ bool History::undo()
     Steps running;
     running.splice(running.end(), m_done, std::prev(m_done.end()));
     run(running.front(), &Change::revert);
+    setUndone(running.front(), true);
     if (m_addedWhileRunning || m_clearedWhileRunning) {
         drop(running, running.begin()); // redoing it is impossible after the steps that a listener added
     }
@@ -169,6 +176,7 @@ bool History::redo()
     Steps running;
     running.splice(running.end(), m_undone, m_undone.begin());
     run(running.front(), &Change::apply);
+    setUndone(running.front(), false);
     if (m_clearedWhileRunning) {
         dropDone(running, running.begin());
     } else {
@@ -187,6 +195,13 @@ void History::run(Step& step, void (Change::*way)())
     (*step.change.*way)();
     m_isRunning = false;
     count(step);
+}
+
+void History::setUndone(Step const& step, bool isUndone)
+{
+    for (std::shared_ptr<StepNote> const& note : step.notes) {
+        note->isUndone = isUndone;
+    }
 }
 
 void History::clear()

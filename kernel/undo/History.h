@@ -2,6 +2,7 @@
 
 #include "kernel/base/Identifier.h"
 #include "kernel/undo/Change.h"
+#include "kernel/undo/StepNote.h"
 
 #include <functional>
 #include <list>
@@ -9,6 +10,7 @@
 #include <memory>
 #include <set>
 #include <string>
+#include <vector>
 
 namespace veldraw::kernel {
 
@@ -23,8 +25,8 @@ namespace veldraw::kernel {
 class History
 {
 public:
-    /// Memory that is counted for each step beyond Change::held(): its list entry, the change object and short lists.
-    static constexpr std::int64_t bytesOfStep = 896;
+    /// Memory that is counted for each step beyond Change::held(): its list entry, the change object, short lists and its note.
+    static constexpr std::int64_t bytesOfStep = 1024;
 
     explicit History(std::int64_t memoryLimit);
 
@@ -32,15 +34,19 @@ public:
     /// change becomes a part of the group's step.
     /// @param name what the user sees, for instance "Delete Variable"
     /// @param altered the data set that differs from its file by the change; 0 when nothing changes that a file holds
+    /// @param note    told whenever the step is taken back or done again; may be null
     /// @throws std::bad_alloc before anything has changed
-    void perform(std::string name, std::shared_ptr<Change> const& change, UniqueId altered = 0);
+    void perform(std::string name, std::shared_ptr<Change> const& change, UniqueId altered = 0,
+                 std::shared_ptr<StepNote> note = nullptr);
 
     /// Applies a change that goes on with the newest step, if that is of the same run and no group is open; else the same as perform().
     /// However long a run is, it holds one change: its first one, which swaps what the run changes with what was there before it.
     /// @param change one that a SwapChange of the same member has begun, and no data of a file
     /// @param run    of no other steps, not 0
+    /// @param note   of the newest step, if it begins with this change; may be null
     /// @throws std::bad_alloc before anything has changed
-    void performInRun(std::string name, std::shared_ptr<Change> const& change, UniqueId run);
+    void performInRun(std::string name, std::shared_ptr<Change> const& change, UniqueId run,
+                      std::shared_ptr<StepNote> note = nullptr);
 
     /// Steps between the outermost begin and end become one step called @p name; groups nest, the outermost names it.
     void beginGroup(std::string name);
@@ -87,6 +93,7 @@ private:
         std::int64_t number = 0;     // of no other step
         std::set<UniqueId> dataSets; // that differ from their files by it
         UniqueId run = 0;            // that it stands for, see performInRun()
+        std::vector<std::shared_ptr<StepNote>> notes = {};
     };
 
     // The state of a data set is the number of the newest step that has changed it.
@@ -99,7 +106,8 @@ private:
 
     class Group;
 
-    void performStep(Steps& added);
+    void performStep(Steps& added, std::shared_ptr<StepNote> note);
+    static void setUndone(Step const& step, bool isUndone);
     void add(Steps& step);
     void run(Step& step, void (Change::*way)());
     void countStepOf(Change const& change);

@@ -1,3 +1,5 @@
+#include "kernel/frames/Page.h"
+#include "kernel/operations/AddFrame.h"
 #include "kernel/operations/LineMapOperation.h"
 #include "kernel/operations/RenameFrame.h"
 #include "kernel/operations/SetPlotType.h"
@@ -13,6 +15,8 @@ namespace veldraw::operations {
 namespace {
 
 using Kind = ParameterKind;
+
+constexpr double mostNumber = std::numeric_limits<int>::max();
 
 kernel::Frame const& frame()
 {
@@ -65,13 +69,57 @@ bool setSolutionTime(Arguments const& arguments)
     return session().perform(kernel::SetSolutionTime(frame().id, arguments.real("time")));
 }
 
-bool newFrame(Arguments const&)
+/// The data set of a frame by its one-based number; null for 0.
+std::shared_ptr<kernel::DataSet> dataOf(int number)
+{
+    if (number == 0)
+        return nullptr;
+    auto const page = session().activePage();
+    if (!page || number > static_cast<int>(page->frames.size()))
+        throw std::runtime_error("There is no such frame.");
+    return page->frames[static_cast<std::size_t>(number) - 1]->dataSet;
+}
+
+bool newFrame(Arguments const& arguments)
 {
     auto const active = session().activeFrame();
-    auto const dataSet = active ? active->dataSet : nullptr;
-    if (!VelUtilFrameCreateNew(false, 0.0, 0.0, 0.0, 0.0))
-        return false;
-    return !dataSet || VelUtilFrameSetDataSet(dataSet->id(), VelUtilFrameGetUniqueID());
+    auto const dataSet = arguments.has("like") ? dataOf(arguments.number("like")) : active ? active->dataSet : nullptr;
+    auto const page = session().activePage();
+    if (!page)
+        throw std::runtime_error("There is no page.");
+    auto const added = kernel::AddFrame::frameFor(*page, dataSet);
+    return session().perform(kernel::AddFrame(added, kernel::AddFrame::Place::AsItStands));
+}
+
+bool setFrameData(Arguments const& arguments)
+{
+    return session().setFrameDataSet(frame().id, dataOf(arguments.number("like")));
+}
+
+bool moveFrame(Arguments const& arguments)
+{
+    return session().perform(kernel::MoveFrame(
+        frame().id, {arguments.real("x"), arguments.real("y"), arguments.real("width"), arguments.real("height")}));
+}
+
+bool renameFrame(Arguments const& arguments)
+{
+    return session().perform(kernel::RenameFrame(frame().id, arguments.text("name")));
+}
+
+bool deleteFrame(Arguments const&)
+{
+    return session().perform(kernel::DeleteFrame(frame().id));
+}
+
+bool newLineMap(Arguments const&)
+{
+    return session().perform(kernel::CreateLineMap(frame().id));
+}
+
+bool deleteLineMaps(Arguments const& arguments)
+{
+    return session().perform(kernel::DeleteLineMaps(frame().id, arguments.numbers("maps")));
 }
 
 bool activateFrame(Arguments const& arguments)
@@ -79,6 +127,11 @@ bool activateFrame(Arguments const& arguments)
     if (VelUtilFrameActivateByNumber(arguments.number("frame")))
         return true;
     throw std::runtime_error("There is no such frame.");
+}
+
+Parameter inches(char const* name, char const* sentence)
+{
+    return parameter(name, Kind::Real, sentence).in("inches");
 }
 
 void addPlots(Registry& registry)
@@ -112,6 +165,12 @@ void addPlots(Registry& registry)
          {parameter("zone", Kind::Zone, "The zone."), parameter("x", Kind::Variable, "The horizontal variable."),
           parameter("y", Kind::Variable, "The vertical variable.")},
          &setLinePlot});
+    registry.add({"new-line-map", "New Line Map", "Adds a curve to a line plot.", {}, &newLineMap});
+    registry.add({"delete-line-maps",
+                  "Delete Line Map",
+                  "Takes curves out of a line plot.",
+                  {parameter("maps", Kind::Numbers, "The numbers of the curves.")},
+                  &deleteLineMaps});
     registry.add({"set-solution-time",
                   "Solution Time",
                   "Shows another moment of a transient data set.",
@@ -119,41 +178,72 @@ void addPlots(Registry& registry)
                   &setSolutionTime});
 }
 
+/// Adds an operation that needs no data.
+void addOnFrame(Registry& registry, OperationEntry entry, OperationEntry::Renews renews)
+{
+    entry.renews = renews;
+    entry.needsData = false;
+    registry.add(std::move(entry));
+}
+
+/// Operations after which another data set may be the active one.
+void addFrameChanges(Registry& registry)
+{
+    auto const renews = OperationEntry::Renews::DataSet;
+    Parameter const like =
+        parameter("like", Kind::Whole, "The number of a frame whose data set it is").within(0, mostNumber);
+    Parameter likeOrActive = like;
+    likeOrActive.sentence += ", 0 for none; otherwise that of the active one.";
+    Parameter likeOther = like;
+    likeOther.sentence += '.';
+    addOnFrame(registry,
+               {"new-frame",
+                "New Frame",
+                "Adds a frame in the middle of the page, and makes it the active one.",
+                {likeOrActive.startingWith("")},
+                &newFrame,
+                "The frame could not be created."},
+               renews);
+    addOnFrame(registry,
+               {"set-frame-data",
+                "Frame Data",
+                "Gives the active frame the data set of another one, and lays it out anew.",
+                {likeOther.within(1, mostNumber)},
+                &setFrameData},
+               renews);
+    addOnFrame(registry, {"delete-frame", "Delete Frame", "Takes the active frame off the page.", {}, &deleteFrame},
+               renews);
+    addOnFrame(registry,
+               {"activate-frame",
+                "Activate Frame",
+                "Makes another frame the active one.",
+                {parameter("frame", Kind::Whole, "Its number on the page.").within(1, mostNumber)},
+                &activateFrame},
+               renews);
+}
+
 } // namespace
 
 void addFrameOperations(Registry& registry)
 {
-    auto const renewsData = OperationEntry::Renews::DataSet;
-    registry.add({"new-frame",
-                  "New Frame",
-                  "Adds a frame with the data set of the active one, and makes it the active one.",
-                  {},
-                  &newFrame,
-                  "The frame could not be created.",
-                  "",
-                  OperationEntry::Renews::Nothing,
-                  false});
-    registry.add(
-        {"activate-frame",
-         "Activate Frame",
-         "Makes another frame the active one.",
-         {parameter("frame", Kind::Whole, "Its number on the page.").within(1, std::numeric_limits<int>::max())},
-         &activateFrame,
-         "",
-         "",
-         renewsData,
-         false});
-    registry.add({"rename-frame",
-                  "Rename Frame",
-                  "Gives the active frame another name.",
-                  {parameter("name", Kind::Text, "The name, which may be empty.")},
-                  [](Arguments const& arguments) {
-                      return session().perform(kernel::RenameFrame(frame().id, arguments.text("name")));
-                  },
-                  "",
-                  "",
-                  OperationEntry::Renews::Nothing,
-                  false});
+    auto const renews = OperationEntry::Renews::Nothing;
+    addFrameChanges(registry);
+    addOnFrame(registry,
+               {"move-frame",
+                "Move Frame",
+                "Puts the active frame elsewhere on the page.",
+                {inches("x", "The distance of its left edge from that of the paper."),
+                 inches("y", "The distance of its top edge from that of the paper."), inches("width", "Its width."),
+                 inches("height", "Its height.")},
+                &moveFrame},
+               renews);
+    addOnFrame(registry,
+               {"rename-frame",
+                "Rename Frame",
+                "Gives the active frame another name.",
+                {parameter("name", Kind::Text, "The name, which may be empty.")},
+                &renameFrame},
+               renews);
     addPlots(registry);
 }
 

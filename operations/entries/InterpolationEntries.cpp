@@ -60,9 +60,9 @@ bool interpolateLinearly(Arguments const& arguments)
 void addInterpolations(Registry& registry)
 {
     registry.add(
-        {"interpolate-inverse-distance", "Inverse Distance Interpolation",
+        {"interpolate-inverse-distance", "Inverse-Distance Interpolation",
          "Interpolates variables into a zone, weighted by the inverse distance from the source points.",
-         withPoints({parameter("exponent", Kind::Real, "The exponent of the distance.").startingWith("2").above(0, 10),
+         withPoints({parameter("exponent", Kind::Real, "The exponent of the distance.").startingWith("2").above(0, 100),
                      parameter("minimum-distance", Kind::Real, "The smallest distance that counts.")
                          .startingWith("0")
                          .within(0, std::numeric_limits<double>::infinity())

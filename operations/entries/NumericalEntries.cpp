@@ -100,7 +100,7 @@ void addNumericalOperations(Registry& registry)
                   "Smoothing was successful."});
     registry.add(
         {"triangulate",
-         "Triangulate",
+         "2D Triangulation",
          "Appends a zone of triangles between the points of zones, in the plane of X and Y.",
          {parameter("zones", Kind::Zones, "The zones with the points."),
           parameter("boundaries", Kind::Zones, "Zones whose lines become edges of triangles; otherwise none.")

@@ -38,7 +38,7 @@ bool mirrorZones(Arguments const& arguments)
 struct RotationInputs
 {
     explicit RotationInputs(Arguments const& arguments)
-        : is3D(VelUtilFrameGetPlotType() == PlotType_Cartesian3D || arguments.has("z"))
+        : is3D(isInSpace(arguments))
         , origin(arguments.triple("origin"))
         , axis(arguments.triple("axis"))
     {
@@ -52,6 +52,12 @@ struct RotationInputs
         if (!is3D)
             xyz[2] = uvw[2] = 0;
         hasVector = arguments.flag("vector") && uvw[0] != 0 && uvw[1] != 0 && !std::equal(uvw, uvw + 3, xyz);
+    }
+
+    static bool isInSpace(Arguments const& arguments)
+    {
+        return arguments.has("space") ? arguments.choice("space") == 1
+                                      : VelUtilFrameGetPlotType() == PlotType_Cartesian3D;
     }
 
     static void takeGiven(Arguments const& arguments, std::string const& name, int& variable)
@@ -96,6 +102,9 @@ std::vector<Parameter> withRotation(std::vector<Parameter> parameters)
         parameter("origin", Kind::Place, "A point on the axis.").startingWith("0,0,0").in("units of the coordinates"));
     parameters.push_back(parameter("vector", Kind::Flag, "Whether the vector of the frame is rotated with the points.")
                              .startingWith("yes"));
+    parameters.push_back(
+        choice("space", {"2d", "3d"}, "Whether only X and Y are rotated; otherwise as the frame's plot type.")
+            .startingWith(""));
     for (char const letter : {'x', 'y', 'z', 'u', 'v', 'w'}) {
         std::string const what = letter < 'x' ? "component of the vector" : "coordinate";
         parameters.push_back(parameter(std::string(1, letter), Kind::Variable,
@@ -110,7 +119,7 @@ std::vector<Parameter> withRotation(std::vector<Parameter> parameters)
 void addZoneOperations(Registry& registry)
 {
     registry.add({"duplicate-zones",
-                  "Duplicate Zone",
+                  "Create Duplicate Zone",
                   "Appends a copy of each zone, which shares its values.",
                   {zones("The zones to copy.")},
                   &duplicateZones,

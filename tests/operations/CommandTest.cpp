@@ -1,5 +1,7 @@
 #include "operations/Command.h"
 
+#include "kernel/operations/CommandText.h"
+
 #include <gtest/gtest.h>
 
 namespace veldraw::tests {
@@ -84,22 +86,21 @@ TEST(Command, IsRefusedWithThePlaceOfWhatIsWrong)
     EXPECT_EQ("7:8 A parameter and its value are written as name=value.", problemWith("smooth zone"));
     EXPECT_EQ("7:8 A parameter and its value are written as name=value.", problemWith("smooth =3"));
     EXPECT_EQ("7:13 The quotation mark that ends this text is missing.", problemWith("smooth zone=\"a b"));
-    EXPECT_EQ("7:15 In quotes a backslash stands before n, t, \" or another backslash.",
+    EXPECT_EQ("7:15 In quotes a backslash stands before n, r, t, \" or another backslash.",
               problemWith("smooth zone=\"\\x\""));
     EXPECT_EQ("7:15 A quotation mark is missing at the end.", problemWith("smooth zone=\"\\"));
     EXPECT_EQ("7:15 \"zone\" is given twice.", problemWith("smooth zone=1 zone=2"));
 }
 
-TEST(Command, IsReadBackFromQuotedTexts)
+TEST(Command, IsReadBackFromWhatTheKernelWrites)
 {
     for (std::string const& text :
          {std::string("plain"), std::string(), std::string("a b"), std::string("a,b"), std::string("#a"),
-          std::string("\"\\\n\t"), std::string("grad>0"), std::string("x=1"), std::string("Größe ü")}) {
-        auto const command = readCommand("set-title title=" + quotedWhereNeeded(text));
+          std::string("\"\\\n\t\r"), std::string("grad>0"), std::string("x=1"), std::string("Größe ü")}) {
+        auto const command = readCommand("set-title title=" + kernel::quotedWhereNeeded(text));
         EXPECT_EQ(text, command->arguments[0].text());
         EXPECT_EQ(1u, command->arguments[0].parts.size());
     }
-    EXPECT_EQ("plain", quotedWhereNeeded("plain"));
 }
 
 } // namespace veldraw::tests

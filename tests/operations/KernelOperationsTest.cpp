@@ -34,6 +34,13 @@ protected:
             ASSERT_TRUE(run(std::string("assign-variable to=") + assignment).isDone);
     }
 
+    /// The data as they were at first.
+    void startAgain()
+    {
+        dataSet = makeDataSet({"x", "y", "z", "u", "v", "w", "p"});
+        SetUp();
+    }
+
     void fill(int number, std::array<double, 7> (*values)(double, double, double))
     {
         auto const zone = dataSet->zone(number);
@@ -59,7 +66,30 @@ protected:
         return dataSet->field(zone, dataSet->findVariable(variable))->group()->buffer()->value(point);
     }
 
-    std::shared_ptr<DataSet> const dataSet = makeDataSet({"x", "y", "z", "u", "v", "w", "p"});
+    /// All names and values of the data set, bit for bit.
+    std::string digest() const
+    {
+        std::ostringstream text;
+        text << dataSet->title() << '\n' << std::hexfloat;
+        for (int variable = 1; variable <= dataSet->variableCount(); ++variable)
+            text << dataSet->variable(variable)->name << ' ' << dataSet->variable(variable)->enabled << '\n';
+        for (int zone = 1; zone <= dataSet->zoneCount(); ++zone) {
+            text << dataSet->zone(zone)->name << ' ' << dataSet->zone(zone)->enabled << '\n';
+            for (int variable = 1; variable <= dataSet->variableCount(); ++variable)
+                write(*dataSet->field(zone, variable), text);
+        }
+        return text.str();
+    }
+
+    static void write(kernel::Field const& field, std::ostream& text)
+    {
+        std::int64_t const count = field.isPassive() ? 0 : field.group()->buffer()->size();
+        for (std::int64_t n = 0; n < count; ++n)
+            text << field.group()->buffer()->value(n) << ' ';
+        text << '\n';
+    }
+
+    std::shared_ptr<DataSet> dataSet = makeDataSet({"x", "y", "z", "u", "v", "w", "p"});
     Registry const registry = kernelOperations();
 };
 
@@ -103,6 +133,19 @@ TEST_F(KernelOperationsTest, RotateWithoutTheVectorOrWithAnotherOne)
     expectDone("rotate-zones zones=1 angle=90 axis=0,0,2 u=v v=u");
     EXPECT_NEAR(-(-3), value(1, "v", somewhere), 1e-12) << "v was the first component";
     EXPECT_NEAR(4, value(1, "u", somewhere), 1e-12);
+}
+
+TEST_F(KernelOperationsTest, RotateInSpaceOrInThePlaneWhateverTheFrameShows)
+{
+    expectDone("rotate-zones zones=1 angle=90 space=2d");
+    EXPECT_NEAR(-3, value(1, "x", somewhere), 1e-12);
+    EXPECT_NE(std::string::npos, session().journal().script().find(" space=2d x=1 y=2 u=4 v=5\n"))
+        << session().journal().script();
+    expectDone("set-plot-type type=2d");
+    EXPECT_FALSE(run("rotate-zones zones=1 angle=90 axis=X").isDone) << "out of the plane";
+    expectDone("rotate-zones zones=1 angle=90 axis=X space=3d z=z vector=no");
+    EXPECT_NEAR(-2, value(1, "y", somewhere), 1e-12);
+    EXPECT_NEAR(4, value(1, "z", somewhere), 1e-12);
 }
 
 TEST_F(KernelOperationsTest, DuplicateZonesAboutAnAxis)
@@ -242,6 +285,68 @@ TEST_F(KernelOperationsTest, AreOneStepOfTheHistoryOfTheSameName)
         EXPECT_EQ(isOption ? "Contour" : entry.title, session().history().undoName());
         EXPECT_TRUE(session().undo());
         EXPECT_FALSE(session().history().canUndo()) << command;
+    }
+}
+
+TEST_F(KernelOperationsTest, AreRecordedAsCommandsThatGiveTheSameBits)
+{
+    session().journal().clear();
+    for (char const* command :
+         {"rotate-zones zones=block angle=12.3 axis=1,2,3 origin=0.1,0.2,0.3",
+          "interpolate-inverse-distance zones=line destination=block variables=v exponent=3.5 points=5",
+          "krige zones=line destination=block variables=w range=0.7 zero-value=0.1 drift=none selection=nearest "
+          "points=6",
+          "interpolate-linearly zones=block destination=line variables=p outside=constant constant=0.1",
+          "smooth zone=block variable=p passes=3 coefficient=0.3 boundary=second-order",
+          "mirror-zones zones=* plane=Z",
+          "duplicate-zones zones=1:2",
+          "duplicate-zones-axially zones=block,line angle=33.3 copies=2 offset=5 axis=X add-to-strands=no vector=no",
+          "fourier-transform zones=2 variables=p independent=x window=hamming conjugates=yes",
+          "set-value zone=1 variable=p index=17 value=0.1 shared=yes",
+          "set-value zone=4 variable=u index=3 value=1e-30",
+          "rename-zone zone=1 name=\"a, \\\"b\\\" #1\"",
+          "rename-variable variable=p name=q",
+          "disable-zone zone=3",
+          "disable-variable variable=w",
+          "enable-variable variable=w",
+          "set-title title=\"one\\ntwo\"",
+          "set-auxiliary-data name=A value=\"b c\" zone=2",
+          "set-auxiliary-data name=B value=c owner=frame save=no",
+          "delete-auxiliary-data name=a zone=2",
+          "new-frame",
+          "set-plot-type type=2d",
+          "set-contour-variable variable=q",
+          "assign-variable to=U",
+          "set-plot-option option=FieldLayers/ShowMesh on=yes",
+          "rename-frame name=\"\"",
+          "move-frame x=1 y=1.5 width=3 height=2",
+          "triangulate zones=1 keep-factor=0.1",
+          "set-plot-type type=line",
+          "set-line-plot zone=2 x=x y=q",
+          "new-line-map",
+          "delete-line-maps maps=1",
+          "set-solution-time time=0.25",
+          "new-frame like=0",
+          "set-frame-data like=1",
+          "delete-frame",
+          "delete-variables variables=w,u"})
+        expectDone(command);
+    std::string const script = session().journal().script();
+    std::string const done = digest();
+    EXPECT_EQ(std::string::npos, script.find('#', script.find("#1") + 1)) << "a command for everything: " << script;
+    startAgain();
+    session().journal().clear();
+    std::istringstream lines(script);
+    for (std::string line; std::getline(lines, line);)
+        expectDone(line);
+    EXPECT_EQ(done, digest());
+    EXPECT_EQ(script, session().journal().script()) << "what was recorded is recorded alike";
+    for (OperationEntry const& entry : registry.entries()) {
+        bool const needsNoEntry = entry.name == "activate-frame" || entry.name == "load-variables" ||
+                                  entry.name == "enable-zone" || entry.name == "set-contour-variable";
+        EXPECT_TRUE(needsNoEntry || script.find(entry.name + ' ') != std::string::npos ||
+                    script.find(entry.name + '\n') != std::string::npos)
+            << entry.name;
     }
 }
 

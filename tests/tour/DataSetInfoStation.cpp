@@ -176,9 +176,11 @@ void DataSetInfoStation::goWhereNoDataAre()
 {
     goTo(dataSetPage);
     m_tour.activate(m_tour.window);
-    m_tour.user.key(Qt::Key_N, Qt::ControlModifier);
+    m_tour.user.key(Qt::Key_R, Qt::AltModifier);
+    m_tour.user.key(Qt::Key_W);
+    m_tour.user.key(Qt::Key_N);
     auto const& tabs = *m_dialog->findChild<QTabWidget*>();
-    m_tour.expectThat("in a new frame, without data, the window is grey", [&] { return !tabs.isEnabled(); });
+    m_tour.expectThat("in a new frame without data, by Alt+R, W, N, the window is grey", [&] { return !tabs.isEnabled(); });
     m_tour.check("and counts nothing", QStringLiteral("0"), label("totalPointsLabel"));
     m_tour.activate(*m_dialog);
     m_tour.user.picture(QStringLiteral("information-without-data"));

@@ -10,6 +10,7 @@
 #include "tests/tour/DuplicateZoneStation.h"
 #include "tests/tour/FourierStation.h"
 #include "tests/tour/InterpolationStation.h"
+#include "tests/tour/JournalStation.h"
 #include "tests/tour/LoadVariableStation.h"
 #include "tests/tour/LongTableStation.h"
 #include "tests/tour/MirrorZoneStation.h"
@@ -69,6 +70,7 @@ TourReport const& Tour::run()
     MirrorZoneStation(m_tour).run();
     pickZone();
     AxialDuplicationStation(m_tour).run();
+    JournalStation(m_tour, m_out).run();
     m_tour.check("no message came unasked", QString(), m_tour.user.unexpectedMessages().join(QLatin1Char('|')));
     return m_tour.report;
 }
@@ -82,6 +84,11 @@ void Tour::removeFormerResults()
         out.remove(picture);
     out.remove(savedName + QStringLiteral(".vtm"));
     QDir(out.filePath(savedName)).removeRecursively();
+    for (QString const& name : {QStringLiteral("by-hand"), QStringLiteral("again")})
+        QDir(out.filePath(name)).removeRecursively();
+    for (QString const& name :
+         {QStringLiteral("by-hand.vtm"), QStringLiteral("journal.vdo"), QStringLiteral("again.vdo")})
+        out.remove(name);
 }
 
 void Tour::openSamples()

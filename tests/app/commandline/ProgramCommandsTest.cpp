@@ -135,13 +135,13 @@ TEST_F(ProgramCommandsTest, ComeFromScriptsThatCanBeRead)
 TEST_F(ProgramCommandsTest, OpenAndSaveFilesThemselves)
 {
     QString const copy = path("copy.csv");
-    QString const script = writeFile(QStringLiteral("all.vdo"), "open file=\"" + table().toUtf8() +
+    QString const script = writeFile(QStringLiteral("all.vdo"), "open files=\"" + table().toUtf8() +
                                                                     "\"\ndelete-variables variables=v\nsave file=\"" +
                                                                     copy.toUtf8() + "\"\n");
     Outcome const outcome = run({QStringLiteral("--run"), script});
     EXPECT_EQ(0, outcome.status) << outcome.err;
     EXPECT_EQ("t,w\n0,5\n1,6\n2,7\n", read(copy));
-    Outcome const failed = run(words({"--do", "open file=/nowhere/b.csv"}));
+    Outcome const failed = run(words({"--do", "open files=/nowhere/b.csv"}));
     EXPECT_EQ(1, failed.status);
     EXPECT_TRUE(contains(failed.err, "veldraw: --do, column 1: Cannot open \"/nowhere/b.csv\"")) << failed.err;
     Outcome const nothing = run(words({"--do", "save file=/tmp/never.csv"}));

@@ -37,6 +37,7 @@ public:
     }
 
     std::string name() const override { return "Rename Slowly"; }
+    kernel::CommandText command() const override { return {}; }
     bool isLong() const override { return true; }
     std::shared_ptr<kernel::DeferredLoad> needs() override
     {

@@ -49,9 +49,10 @@ protected:
 
     void run(Progress& progress)
     {
+        // Before anybody sees that it runs, and alters the delay.
+        auto const end = std::chrono::steady_clock::now() + std::chrono::milliseconds(delay);
         ++started;
         most = std::max(most.load(), ++running);
-        auto const end = std::chrono::steady_clock::now() + std::chrono::milliseconds(delay);
         while (std::chrono::steady_clock::now() < end && !progress.isInterrupted()) {
             std::this_thread::sleep_for(std::chrono::milliseconds(1));
         }

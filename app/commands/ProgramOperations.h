@@ -1,8 +1,9 @@
 #pragma once
 
+#include "kernel/operations/CommandText.h"
 #include "operations/Registry.h"
 
-#include <QString>
+#include <QStringList>
 
 namespace veldraw::app {
 
@@ -14,13 +15,20 @@ public:
     virtual ~FileOperations() = default;
 
     // Each throws std::exception with the reason when it fails; nothing has changed then.
-    virtual void open(QString const& path) = 0;                 ///< instead of all that is open
-    virtual void save(QString const& path, bool overwrite) = 0; ///< the active data set
+    virtual void open(QStringList const& paths, bool inNewFrames) = 0; ///< otherwise instead of all that is open
+    virtual void save(QString const& path, bool overwrite) = 0;        ///< the active data set
     virtual void savePicture(QString const& path) = 0;
 
     FileOperations(FileOperations const&) = delete;
     FileOperations& operator=(FileOperations const&) = delete;
 };
+
+/// The command that opens files. @param paths of one series, or of files that each get a frame
+kernel::CommandText openCommand(QStringList const& paths, bool inNewFrames);
+
+/// The commands that save the active data set and a picture.
+kernel::CommandText saveCommand(QString const& path, bool overwrite);
+kernel::CommandText savePictureCommand(QString const& path);
 
 /// The name of the operation that stands for the commands of a script.
 constexpr char runScriptName[] = "run";

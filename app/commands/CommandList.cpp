@@ -1,6 +1,6 @@
-#include "app/commandline/CommandList.h"
+#include "app/commands/CommandList.h"
 
-#include "app/commandline/ProgramOperations.h"
+#include "app/commands/ProgramOperations.h"
 #include "app/handover/Utf8.h"
 #include "operations/Arguments.h"
 #include "operations/Script.h"

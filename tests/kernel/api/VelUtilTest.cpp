@@ -701,6 +701,37 @@ TEST_F(CFunctions, InterpolateLinearlyInTheActiveFrame)
     EXPECT_EQ(value(3), -4);
 }
 
+TEST_F(CFunctions, InterpolateFromPointsOfEachSelectionThatThereIs)
+{
+    VelUtilFrameSetPlotType(PlotType_Cartesian2D);
+    dataSet->zone(2)->fields[0] = sample::field({0.5, 1.5, 2.5, 0.5, 1.5, 2.5});
+    Set_s zones{{1}};
+    Set_s variables{{4}};
+    session.history().clear();
+    for (int const selection : {INT_MIN, -1, 3, INT_MAX}) {
+        EXPECT_FALSE(VelUtilInverseDistInterpolation(&zones, 2, &variables, 2, 0, selection, 4)) << selection;
+        EXPECT_EQ(session.lastError(), "There is no such selection of points.") << selection;
+        EXPECT_FALSE(VelUtilKrig(&zones, 2, &variables, 0.3, 0, Drift_None, selection, 4)) << selection;
+        EXPECT_EQ(session.lastError(), "There is no such selection of points.") << selection;
+    }
+    EXPECT_FALSE(session.history().canUndo());
+    for (int const selection : {PtSelection_All, PtSelection_NearestN, PtSelection_Octant}) {
+        EXPECT_TRUE(VelUtilInverseDistInterpolation(&zones, 2, &variables, 2, 0, selection, 4)) << session.lastError();
+        EXPECT_TRUE(VelUtilKrig(&zones, 2, &variables, 0.3, 0, Drift_None, selection, 4)) << session.lastError();
+    }
+}
+
+TEST_F(CFunctions, ReadNothingBeforeAndBehindTheValues)
+{
+    auto const numbers = std::make_shared<std::vector<double>>(8, 7.5);
+    auto const six = Buffer::adopt(FieldDataType_Double, 6, numbers->data() + 1, 1, numbers);
+    dataSet->zone(1)->fields[0] = Field(std::make_shared<ShareGroup>(six), ValueLocation_Nodal);
+    EXPECT_EQ(VelUtilDataValueGetByZoneVar(1, 1, 0), 0.0);
+    EXPECT_EQ(VelUtilDataValueGetByZoneVar(1, 1, 1), 7.5);
+    EXPECT_EQ(VelUtilDataValueGetByZoneVar(1, 1, 6), 7.5);
+    EXPECT_EQ(VelUtilDataValueGetByZoneVar(1, 1, 7), 0.0);
+}
+
 TEST_F(CFunctions, TriangulateInTheActiveFrame)
 {
     VelUtilFrameSetPlotType(PlotType_Cartesian2D);

@@ -68,6 +68,21 @@ TEST(PointSequence, TellsALineFromPointsThatJump)
     EXPECT_FALSE(PointSequence().jump());
 }
 
+TEST(PointSequence, TellsTheSameInWhateverPlane)
+{
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+        PointSequence points;
+        for (int n = 0; n <= 300; ++n) {
+            PointSequence::Point point{};
+            point[(axis + 1) % 3] = std::cos(6.2832 * n / 300);
+            point[(axis + 2) % 3] = std::sin(6.2832 * n / 300);
+            points.add(point);
+        }
+        EXPECT_FALSE(points.jump()) << "across axis " << axis;
+        EXPECT_TRUE(points.arePlaces()) << "across axis " << axis;
+    }
+}
+
 TEST(PointSequence, PassesOverWhatIsNoNumber)
 {
     double const none = std::nan("");

@@ -1,6 +1,7 @@
 #include "kernel/frames/FrameDefaults.h"
 
 #include "tests/kernel/support/SampleData.h"
+#include "tests/kernel/support/SampleLoader.h"
 
 #include <gtest/gtest.h>
 
@@ -122,6 +123,21 @@ TEST(FrameDefaults, SeeASurfaceInSpaceByItsZOverAllZones)
     EXPECT_EQ(laidOut(dataSet).plotType, PlotType_Cartesian2D);
     dataSet->zone(2)->fields[2] = sample::field({2, 2, 2, 2, 2, 2});
     EXPECT_EQ(laidOut(dataSet).plotType, PlotType_Cartesian3D);
+}
+
+TEST(FrameDefaults, SeeASurfaceInSpaceWhereNobodyKnowsItsZYet)
+{
+    for (std::vector<std::string> const& names :
+         {std::vector<std::string>{"X", "Y", "Z"}, std::vector<std::string>{"Z", "X", "Y"}}) {
+        auto const dataSet = sample::ordered(names, 3, 3);
+        auto const z = static_cast<std::size_t>(dataSet->findVariable("Z")) - 1;
+        dataSet->zone(1)->fields[z] = sample::field(std::vector<double>(9, 5.0));
+        EXPECT_EQ(laidOut(dataSet).plotType, PlotType_Cartesian2D)
+            << "Z is number " << z + 1 << " and the same everywhere";
+        dataSet->zone(1)->fields[z] =
+            sample::Loader::field(std::make_shared<sample::Loader>(std::vector<double>(9, 5.0)));
+        EXPECT_EQ(laidOut(dataSet).plotType, PlotType_Cartesian3D) << "Z is number " << z + 1 << " and not loaded";
+    }
 }
 
 TEST(FrameDefaults, FloodByTheFirstEnabledVariableThatIsNoAxis)

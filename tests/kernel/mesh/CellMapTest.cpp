@@ -354,4 +354,19 @@ TEST_F(CellMapTest, GivesFiniteWeightsWhateverTheCornersAre)
     EXPECT_GT(found, 10000);
 }
 
+TEST_F(CellMapTest, ContainsNothingWhereACellWithoutSizeComesAfterAnother)
+{
+    CellMap map;
+    for (Shape const shape : shapesWithMaps) {
+        std::vector<Point> const corners = unitCell(shape);
+        map.set(shape, corners.data());
+        ASSERT_FALSE(map.isFlat());
+        ASSERT_TRUE(map.locate(corners[0]));
+        std::vector<Point> const onePlace(corners.size(), corners[0]);
+        map.set(shape, onePlace.data());
+        EXPECT_TRUE(map.isFlat());
+        EXPECT_FALSE(map.locate(corners[0]));
+    }
+}
+
 } // namespace veldraw::tests

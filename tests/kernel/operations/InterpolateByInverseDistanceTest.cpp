@@ -497,6 +497,38 @@ TEST_F(InterpolateByInverseDistanceTest, LoadsTheValuesThatItNeeds)
     EXPECT_EQ(q->loads, 0);
 }
 
+TEST_F(InterpolateByInverseDistanceTest, CountsToItsEndAndNotBeyondWhateverPointsAndLocationsThereAre)
+{
+    constexpr int cellVariable = 7;
+    dataSet = sample::emptySpace();
+    for (int zone = 1; zone <= 2; ++zone) {
+        sample::addOrdered(*dataSet, 5, 4, 3);
+        for (int axis = 0; axis < 3; ++axis) {
+            std::vector<double> places;
+            for (int point = 0; point < 60; ++point) {
+                places.push_back(axis == 0 ? point % 5 : axis == 1 ? point / 5 % 4 : point / 20);
+            }
+            setField(zone, axis + 1, places);
+        }
+        std::vector<double> holes(60, 1.0);
+        setField(zone, cellVariable, holes, FieldDataType_Double, ValueLocation_CellCentered);
+        setField(zone, 4, holes);
+        holes[7] = std::numeric_limits<double>::quiet_NaN(); // other points count than for the variable before
+        setField(zone, 5, holes);
+    }
+    frame = sample::show(session, dataSet);
+    PlainWaiter waiter;
+    session.setWaiter(&waiter);
+    for (NumberSet const& variables : {NumberSet{4}, {4, 5}, {4, cellVariable}, {4, 5, cellVariable}}) {
+        ASSERT_TRUE(session.perform(
+            InterpolateByInverseDistance(frame->id, {1}, 2, variables, {PtSelection_NearestN, 3}, {2.0, 0.0})))
+            << session.lastError();
+        EXPECT_EQ(waiter.done, waiter.total) << listText(variables);
+        EXPECT_GE(waiter.total, 100000);
+    }
+    session.setWaiter(nullptr);
+}
+
 TEST_F(InterpolateByInverseDistanceTest, ChangesNothingWhenItIsCancelled)
 {
     int const from = addPoints(ScatteredPoints::random(3, 3000, 1), wave, slope);

@@ -476,6 +476,13 @@ TEST_F(SmoothVariableTest, TellsWhatItHasDone)
     EXPECT_THAT(remark, testing::Not(HasSubstr("held")));
 }
 
+TEST_F(SmoothVariableTest, CountsAHoleAtTheBorderAsLeftOutAndNotAsHeld)
+{
+    addOrdered({5, 1, 1}, {notANumber, 4, 1, 8, 0});
+    ASSERT_TRUE(smooth(1, 1));
+    EXPECT_THAT(remark, HasSubstr(" 1 held fixed at the border, 1 left out, "));
+}
+
 TEST_F(SmoothVariableTest, LoadsWhatItNeeds)
 {
     auto const whole = sample::fillOf(Shape::Brick, 4, 0, 0).zone(ZoneType_FEBrick);

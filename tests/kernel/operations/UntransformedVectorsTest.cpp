@@ -99,6 +99,17 @@ TEST_F(UntransformedVectors, ArePairsOfVariablesWhereTheLetterIsNoPartOfAWord)
     EXPECT_THAT(untransformed({1, 2, 4, 5, 8, 9, 10, 11, 12, 13, 14, 15}, 2), IsEmpty());
 }
 
+TEST_F(UntransformedVectors, AreNoVariablesWhoseLetterIsAPartOfAWordWhateverTheLetterBefore)
+{
+    for (char const neighbour : {'a', 'z', 'A', 'Z'}) {
+        char const component = neighbour >= 'a' ? 'x' : 'X';
+        for (char const letter : {component, static_cast<char>(component + 1)}) {
+            addScalar((std::string("wo") + neighbour + letter).c_str());
+        }
+    }
+    EXPECT_THAT(untransformed(), IsEmpty());
+}
+
 TEST_F(UntransformedVectors, AreArraysThatAComponentOfWasRenamedOrDeleted)
 {
     addArray("velocity", 3);

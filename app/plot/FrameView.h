@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/plot/FrameMessage.h"
+#include "app/plot/ViewSide.h"
 #include "kernel/frames/Frame.h"
 
 #include <QPointF>
@@ -64,6 +65,8 @@ public:
 
     /// Brings the whole plot into view.
     virtual void fit() = 0;
+    /// Looks at the whole plot from a side; a plot without a third dimension stays as it is.
+    virtual void lookFrom(ViewSide /*side*/) {}
     /// Rotates the plot as the mouse goes; a plot without a third dimension is moved instead.
     virtual void rotate(QPointF const& from, QPointF const& to) { pan(from, to); }
     virtual void pan(QPointF const& from, QPointF const& to) = 0;

@@ -52,6 +52,9 @@ public:
     void fitActiveFrame();
     void fitAllFrames();
 
+    /// Looks at the plot of the active frame from a side. Does nothing for a plot that is not in space.
+    void lookFrom(ViewSide side);
+
     /// Fits the view of one frame at the next refresh. Does nothing for an unknown frame.
     void fitFrame(kernel::UniqueId frame);
 

@@ -53,6 +53,15 @@ void PageView::fitActiveFrame()
         fitFrame(frame->id);
 }
 
+void PageView::lookFrom(ViewSide side)
+{
+    auto const frame = m_session.activeFrame();
+    if (FrameView* const view = frame ? frameView(frame->id) : nullptr) {
+        view->lookFrom(side);
+        scheduleRefresh();
+    }
+}
+
 void PageView::fitAllFrames()
 {
     for (auto& [id, slot] : m_slots)

@@ -80,16 +80,19 @@ void SpaceAxes::update(vtkCamera& camera, double width, double height, double pi
     double position[3];
     camera.GetPosition(position);
     Point far{};
-    for (std::size_t n = 0; n < 3; ++n)
+    NearSides near{};
+    for (std::size_t n = 0; n < 3; ++n) {
         far[n] = position[n] > 0.0 ? -m_half[n] : m_half[n];
+        near[n] = position[n] > m_half[n] ? 1 : position[n] < -m_half[n] ? -1 : 0;
+    }
     drawGrid(far);
-    std::array<Edge, 3> const edges = {edgeFor(0, far), edgeFor(1, far), edgeFor(2, far)};
+    Edges const edges = {edgeFor(0, near), edgeFor(1, near), edgeFor(2, near)};
     drawEdges(edges);
     m_textCount = 0;
     m_taken.clear();
     for (std::size_t axis = 0; axis < 3; ++axis)
-        if (m_half[axis] > 0.0)
-            labelEdge(axis, edges[axis]);
+        if (m_half[axis] > 0.0 && edges[axis])
+            labelEdge(axis, *edges[axis]);
     for (std::size_t n = m_textCount; n < m_texts.size(); ++n)
         m_texts[n]->VisibilityOff();
 }
@@ -105,27 +108,33 @@ QPointF SpaceAxes::project(Point const& point) const
     return {0.5 * (clip[0] / w + 1.0) * m_width, 0.5 * (clip[1] / w + 1.0) * m_height};
 }
 
-// Of the four edges along an axis two lie on the outline, between a near and a far face: the lower one of them carries the
-// numbers, of the third axis the left one.
-SpaceAxes::Edge SpaceAxes::edgeFor(std::size_t axis, Point const& far) const
+// Of the four edges along an axis those lie on the outline that have one face that is seen from outside: the lowest of them carries the
+// numbers, of the third axis the leftmost. There is none where one looks along the axis.
+std::optional<SpaceAxes::Edge> SpaceAxes::edgeFor(std::size_t axis, NearSides const& near) const
 {
     std::size_t const b = (axis + 1) % 3;
     std::size_t const c = (axis + 2) % 3;
-    auto const edge = [&](bool farB) {
-        Point from{};
-        from[axis] = -m_half[axis];
-        from[b] = farB ? far[b] : -far[b];
-        from[c] = farB ? -far[c] : far[c];
-        Point to = from;
-        to[axis] = m_half[axis];
-        return Edge{from, to};
-    };
-    Edge const first = edge(true);
-    Edge const second = edge(false);
-    auto const middle = [this](Edge const& e) { return 0.5 * (project(e.from) + project(e.to)); };
-    QPointF const difference = middle(first) - middle(second);
-    double const preference = axis == 2 ? difference.x() : difference.y();
-    return preference <= 0.0 ? first : second;
+    std::optional<Edge> best;
+    double leastPlace = 0.0;
+    for (int const sideB : {-1, 1}) {
+        for (int const sideC : {-1, 1}) {
+            if ((sideB == near[b]) == (sideC == near[c]))
+                continue;
+            Edge edge{};
+            edge.from[axis] = -m_half[axis];
+            edge.from[b] = sideB * m_half[b];
+            edge.from[c] = sideC * m_half[c];
+            edge.to = edge.from;
+            edge.to[axis] = m_half[axis];
+            QPointF const middle = 0.5 * (project(edge.from) + project(edge.to));
+            double const place = axis == 2 ? middle.x() : middle.y();
+            if (!best || place < leastPlace) {
+                best = edge;
+                leastPlace = place;
+            }
+        }
+    }
+    return best;
 }
 
 void SpaceAxes::drawGrid(Point const& far)
@@ -137,12 +146,13 @@ void SpaceAxes::drawGrid(Point const& far)
     showLines(*m_grid, *points, *lines, m_ratio);
 }
 
-void SpaceAxes::drawEdges(std::array<Edge, 3> const& edges)
+void SpaceAxes::drawEdges(Edges const& edges)
 {
     vtkNew<vtkPoints> points;
     vtkNew<vtkCellArray> lines;
-    for (Edge const& edge : edges)
-        addLine(*points, *lines, edge.from, edge.to);
+    for (std::optional<Edge> const& edge : edges)
+        if (edge)
+            addLine(*points, *lines, edge->from, edge->to);
     showLines(*m_edges, *points, *lines, 1.5 * m_ratio);
 }
 

@@ -12,6 +12,7 @@
 #include <vtkTextActor.h>
 
 #include <array>
+#include <optional>
 #include <vector>
 
 class vtkCellArray;
@@ -43,10 +44,14 @@ private:
         Point to;
     };
 
+    /// The side of each axis, -1 or 1, whose face is seen from outside; 0 where the eye is between both faces.
+    using NearSides = std::array<int, 3>;
+    using Edges = std::array<std::optional<Edge>, 3>;
+
     QPointF project(Point const& point) const;
-    Edge edgeFor(std::size_t axis, Point const& far) const;
+    std::optional<Edge> edgeFor(std::size_t axis, NearSides const& near) const;
     void drawGrid(Point const& far);
-    void drawEdges(std::array<Edge, 3> const& edges);
+    void drawEdges(Edges const& edges);
     void drawFace(std::size_t normal, Point const& far, vtkPoints& points, vtkCellArray& lines) const;
     void labelEdge(std::size_t axis, Edge const& edge);
     /// Leaves a number out that would cover another text.

@@ -71,6 +71,26 @@ void SpaceView::fit()
     followCamera();
 }
 
+// The distance is what fit() makes of it.
+void SpaceView::lookFrom(ViewSide side)
+{
+    struct Eye
+    {
+        double place[3];
+        double up[3];
+    };
+    static constexpr Eye eyes[] = {{{1, 0, 0}, {0, 0, 1}},  {{-1, 0, 0}, {0, 0, 1}}, {{0, 1, 0}, {0, 0, 1}},
+                                   {{0, -1, 0}, {0, 0, 1}}, {{0, 0, 1}, {0, 1, 0}},  {{0, 0, -1}, {0, 1, 0}},
+                                   {{-1, -1, 1}, {0, 0, 1}}};
+    Eye const& eye = eyes[static_cast<std::size_t>(side)];
+    vtkCamera* const camera = stage().GetActiveCamera();
+    camera->SetFocalPoint(0.0, 0.0, 0.0);
+    camera->SetPosition(eye.place);
+    camera->SetViewUp(eye.up);
+    camera->OrthogonalizeViewUp();
+    fit();
+}
+
 // Brings the box's outline nearer to the middle of the stage and to its edges, with room for the numbers around it.
 void SpaceView::fillStage()
 {

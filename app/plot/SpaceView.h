@@ -14,6 +14,7 @@ public:
 
     void setArea(ViewArea const& area) override;
     void fit() override;
+    void lookFrom(ViewSide side) override;
     void rotate(QPointF const& from, QPointF const& to) override;
     void pan(QPointF const& from, QPointF const& to) override;
     void zoom(double factor, QPointF const& at) override;

@@ -11,6 +11,7 @@ CentralView CentralView::ofPage(kernel::Session& session)
     view.widget = page;
     view.fitActiveFrame = [page] { page->fitActiveFrame(); };
     view.fitAllFrames = [page] { page->fitAllFrames(); };
+    view.lookFrom = [page](ViewSide side) { page->lookFrom(side); };
     view.showOpening = [page](QString const& fileName) { page->showOpening(fileName); };
     view.isDrawing = [page] { return page->isDrawing(); };
     view.grabImage = [page] { return page->takePicture(); };

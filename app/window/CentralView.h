@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/plot/ViewSide.h"
+
 #include <QImage>
 #include <QString>
 
@@ -20,6 +22,7 @@ struct CentralView
     QWidget* widget = nullptr; ///< becomes the main window's
     std::function<void()> fitActiveFrame = [] {};
     std::function<void()> fitAllFrames = [] {};
+    std::function<void(ViewSide)> lookFrom = [](ViewSide) {}; ///< at the plot of the active frame
     /// Says that a file is being opened, by its name; empty: none is any more.
     std::function<void(QString const& fileName)> showOpening = [](QString const&) {};
     /// Whether a part of the picture is still being computed.

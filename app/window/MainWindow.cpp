@@ -142,6 +142,7 @@ void MainWindow::makeMenus()
     frame.addActions({&m_frames.deleteFrame(), &m_frames.tileFrames(), &m_frames.nextFrame()});
     frame.addSeparator();
     frame.addActions({&m_plots.fit(), &m_plots.fitAll()});
+    frame.addMenu(&m_plots.lookFrom());
 
     makePlotMenu();
     QMenu& operations = addMenu("dataMenu", QStringLiteral("&Data"));

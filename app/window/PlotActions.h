@@ -6,7 +6,10 @@
 
 #include <QObject>
 
+#include <memory>
+
 class QAction;
+class QMenu;
 
 namespace veldraw::app {
 
@@ -21,9 +24,12 @@ class PlotActions : public QObject
 public:
     /// @param window parent of the dialogs, which owns the actions
     PlotActions(kernel::Session& session, CentralView const& view, QWidget& window);
+    ~PlotActions() override;
 
     QAction& fit() { return *m_fit; }
     QAction& fitAll() { return *m_fitAll; }
+    /// The sides from which a plot in space is looked at.
+    QMenu& lookFrom() { return *m_lookFrom; }
     QAction& assignAxes() { return *m_assignAxes; }
     QAction& assignVector() { return *m_assignVector; }
 
@@ -35,6 +41,7 @@ Q_SIGNALS:
     void refused();
 
 private:
+    void fillLookFrom(CentralView const& view);
     void assign(AssignmentDialog::Kind kind);
     void chooseContour(int variable);
     void refresh();
@@ -43,6 +50,7 @@ private:
     QWidget& m_window;
     QAction* m_fit;
     QAction* m_fitAll;
+    std::unique_ptr<QMenu> m_lookFrom;
     QAction* m_assignAxes;
     QAction* m_assignVector;
     NumberChooser* m_contourChooser;

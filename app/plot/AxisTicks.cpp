@@ -152,4 +152,9 @@ AxisTicks AxisTicks::logarithmicAlong(double min, double max, double length,
     return ticks;
 }
 
+AxisTicks AxisTicks::powers(double min, double max, int step)
+{
+    return powersOfTen(min, max, {1}, step);
+}
+
 } // namespace veldraw::app

@@ -25,6 +25,9 @@ struct AxisTicks
     /// @param min, max common logarithms, and so are the values of the ticks; their labels are the numbers
     static AxisTicks logarithmicAlong(double min, double max, double length,
                                       std::function<double(std::string const&)> const& roomOf);
+
+    /// Every @p step -th power of ten within logarithmic limits, whatever room there is; values and labels as above.
+    static AxisTicks powers(double min, double max, int step);
 };
 
 } // namespace veldraw::app

@@ -26,6 +26,7 @@ constexpr double sideGap = 10.0; // on both sides
 constexpr double nameGap = 10.0;
 constexpr double usualHeight = 330.0;
 constexpr double betweenTicks = 48.0;
+constexpr double betweenBands = 20.0;
 constexpr double usualWidth = 124.0;
 constexpr double smallestFrame = 110.0;
 
@@ -41,13 +42,14 @@ vtkStandardNewMacro(ColourLegend)
     m_labelText->SetVerticalJustificationToCentered();
 }
 
-void ColourLegend::show(QString const& name, double min, double max, int bands)
+void ColourLegend::show(QString const& name, double min, double max, int bands, bool isLog)
 {
     m_isShown = true;
     m_name = name;
     m_min = min;
     m_max = max;
     m_bands = bands;
+    m_isLog = isLog;
     colourBar();
 }
 
@@ -78,12 +80,19 @@ void ColourLegend::colourBar()
 
 AxisTicks ColourLegend::ticksFor(double barHeight) const
 {
-    int const most = std::clamp(static_cast<int>(barHeight / betweenTicks), 1, 10);
-    if (m_bands == 0)
-        return AxisTicks::create(m_min, m_max, most);
-    // The borders of the bands, or every second or third where they are too near to each other for their numbers.
-    constexpr double betweenBands = 20.0;
-    AxisTicks const all = AxisTicks::create(m_min, m_max, m_bands);
+    if (m_bands > 0)
+        return ticksOfBands(barHeight);
+    if (m_isLog)
+        return AxisTicks::logarithmicAlong(m_min, m_max, barHeight, [](std::string const&) { return betweenBands; });
+    return AxisTicks::create(m_min, m_max, std::clamp(static_cast<int>(barHeight / betweenTicks), 1, 10));
+}
+
+// The borders of the bands, or every second or third where they are too near to each other for their numbers.
+AxisTicks ColourLegend::ticksOfBands(double barHeight) const
+{
+    int const powersOfBand = static_cast<int>(std::lround((m_max - m_min) / m_bands));
+    AxisTicks const all =
+        m_isLog ? AxisTicks::powers(m_min, m_max, powersOfBand) : AxisTicks::create(m_min, m_max, m_bands);
     auto const step =
         static_cast<std::size_t>(std::max(1.0, std::ceil(betweenBands * m_bands / std::max(barHeight, 1.0))));
     AxisTicks shown;

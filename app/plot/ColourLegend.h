@@ -22,7 +22,8 @@ public:
     vtkTypeMacro(ColourLegend, vtkContextItem) static ColourLegend* New();
 
     /// @param bands of one colour each, with their borders for numbers; 0 for smooth colours
-    void show(QString const& name, double min, double max, int bands = 0);
+    /// @param isLog the limits are common logarithms of what the numbers tell, and so are the places of the ticks
+    void show(QString const& name, double min, double max, int bands = 0, bool isLog = false);
     void hide();
     bool isShown() const { return m_isShown; }
 
@@ -53,6 +54,7 @@ private:
     bool isOneValue() const { return !(m_max > m_min); }
     double widestLabel(AxisTicks const& ticks, double pixelRatio) const;
     AxisTicks ticksFor(double barHeight) const;
+    AxisTicks ticksOfBands(double barHeight) const;
     void colourBar();
     void paintName(vtkContext2D& painter);
     void paintTicks(vtkContext2D& painter);
@@ -62,6 +64,7 @@ private:
     double m_min = 0.0;
     double m_max = 0.0;
     int m_bands = 0;
+    bool m_isLog = false;
     double m_ratio = 1.0;
     QRectF m_bar; // empty: there is no room
     double m_top = 0.0;

@@ -11,6 +11,10 @@ struct ContourBands
 
     /// Bands that reach over @p min and @p max to the next round numbers, about ten of them.
     static ContourBands over(double min, double max);
+
+    /// Bands of logarithms that reach over @p min and @p max to the next power of ten: one power each, or several where there would be
+    /// more than twelve.
+    static ContourBands ofPowers(double min, double max);
 };
 
 } // namespace veldraw::app

@@ -39,11 +39,15 @@ double valueAt(std::vector<double>& sample, std::size_t place)
     return *wanted;
 }
 
-} // namespace
-
-ValueRange ContourRange::withoutEnds(kernel::DataSet const& dataSet, std::vector<int> const& zones, int variable)
+// Values of the zones that are in memory, and those of the others that are known of without reading.
+struct Sample
 {
-    ValueRange const whole = ZoneRanges::of(dataSet, zones, variable);
+    std::vector<double> values;
+    ValueRange others;
+};
+
+Sample sampleOf(kernel::DataSet const& dataSet, std::vector<int> const& zones, int variable)
+{
     std::int64_t total = 0;
     std::vector<int> others;
     for (int const zone : zones) {
@@ -53,20 +57,69 @@ ValueRange ContourRange::withoutEnds(kernel::DataSet const& dataSet, std::vector
         else
             others.push_back(zone);
     }
-    std::vector<double> sample;
+    Sample sample;
     for (int const zone : zones)
         if (isInMemory(dataSet.field(zone, variable)))
-            addSample(sample, *dataSet.zone(zone), *dataSet.field(zone, variable), 1 + total / mostLookedAt);
-    if (sample.empty())
-        return whole;
-    std::size_t const left = sample.size() / 100;
-    ValueRange limits{ValueRange::State::Estimated, valueAt(sample, left), valueAt(sample, sample.size() - 1 - left)};
-    ValueRange const ofOthers = ZoneRanges::of(dataSet, others, variable);
-    if (ofOthers.isValid()) {
-        limits.min = std::min(limits.min, ofOthers.min);
-        limits.max = std::max(limits.max, ofOthers.max);
+            addSample(sample.values, *dataSet.zone(zone), *dataSet.field(zone, variable), 1 + total / mostLookedAt);
+    sample.others = ZoneRanges::of(dataSet, others, variable);
+    return sample;
+}
+
+// @param left how many values count for nothing at either end; there are more than twice as many
+ValueRange limitsOf(Sample& sample, std::size_t left)
+{
+    ValueRange limits{ValueRange::State::Estimated, valueAt(sample.values, left),
+                      valueAt(sample.values, sample.values.size() - 1 - left)};
+    if (sample.others.isValid()) {
+        limits.min = std::min(limits.min, sample.others.min);
+        limits.max = std::max(limits.max, sample.others.max);
     }
+    return limits;
+}
+
+// Of zones that reach to both sides of 0 only the highest value is known to be above it.
+void keepPositive(Sample& sample)
+{
+    auto const isNot = [](double value) { return !(value > 0.0); };
+    sample.values.erase(std::remove_if(sample.values.begin(), sample.values.end(), isNot), sample.values.end());
+    if (!sample.others.isValid())
+        return;
+    if (isNot(sample.others.max))
+        sample.others = {};
+    else if (isNot(sample.others.min))
+        sample.others.min = sample.others.max;
+}
+
+} // namespace
+
+ValueRange ContourRange::withoutEnds(kernel::DataSet const& dataSet, std::vector<int> const& zones, int variable)
+{
+    ValueRange const whole = ZoneRanges::of(dataSet, zones, variable);
+    Sample sample = sampleOf(dataSet, zones, variable);
+    if (sample.values.empty())
+        return whole;
+    ValueRange const limits = limitsOf(sample, sample.values.size() / 100);
     return limits.min < limits.max ? limits : whole;
+}
+
+ValueRange ContourRange::positive(kernel::DataSet const& dataSet, std::vector<int> const& zones, int variable,
+                                  bool isWithoutEnds)
+{
+    ValueRange const whole = ZoneRanges::of(dataSet, zones, variable);
+    if (!whole.isValid() || !(whole.max > 0.0))
+        return {};
+    if (whole.min > 0.0)
+        return isWithoutEnds ? withoutEnds(dataSet, zones, variable) : whole;
+    Sample sample = sampleOf(dataSet, zones, variable);
+    keepPositive(sample);
+    if (sample.values.empty())
+        return sample.others;
+    ValueRange limits = limitsOf(sample, 0);
+    limits.max = std::max(limits.max, whole.max);
+    if (!isWithoutEnds)
+        return limits;
+    ValueRange const inner = limitsOf(sample, sample.values.size() / 100);
+    return inner.min < inner.max ? inner : limits;
 }
 
 } // namespace veldraw::app

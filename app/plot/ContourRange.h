@@ -18,6 +18,13 @@ public:
     /// @param zones one-based numbers; @param variable one-based
     /// @return the whole range where nothing else is left between the limits, Unknown when there is no finite value
     static kernel::ValueRange withoutEnds(kernel::DataSet const& dataSet, std::vector<int> const& zones, int variable);
+
+    /// The lowest and highest value above 0, as logarithmic colours need them; the lowest is an estimate as above where there are values
+    /// of 0 and below.
+    /// @param isWithoutEnds the outermost hundredth of the values above 0 is left out at either end, as above
+    /// @return Unknown when no value above 0 is known of
+    static kernel::ValueRange positive(kernel::DataSet const& dataSet, std::vector<int> const& zones, int variable,
+                                       bool isWithoutEnds);
 };
 
 } // namespace veldraw::app

@@ -12,10 +12,13 @@ struct FieldLook
     PlotSpace space;
     std::array<int, 3> axes{}; ///< variable numbers, Z is 0 in a plane
     int contourVariable = 0;   ///< 0 = no flood
-    double contourMin = 0.0;   ///< common limits of the flood
+    double contourMin = 0.0;   ///< common limits of the flood, logarithms for a logarithmic one
     double contourMax = 0.0;
-    int contourBands = 0;     ///< of equal width between the limits; 0 for smooth colours
-    bool withoutEnds = false; ///< values lie beyond the limits, on purpose
+    int contourBands = 0;       ///< of equal width between the limits; 0 for smooth colours
+    bool withoutEnds = false;   ///< values lie beyond the limits, on purpose
+    bool isLog = false;         ///< colours go by the common logarithm; there is none for values of 0 and below
+    bool isLogRefused = false;  ///< they should, but no two different values above 0 are known
+    bool hasUncoloured = false; ///< logarithmic colours, and values of 0 or below
     bool mesh = false;
     bool inSpace = false; ///< lit surfaces in three dimensions
 };

@@ -1,7 +1,6 @@
 #include "app/plot/FieldView.h"
 
-#include "app/plot/ContourBands.h"
-#include "app/plot/ContourRange.h"
+#include "app/plot/ContourFlood.h"
 #include "app/plot/PickRay.h"
 #include "app/plot/PlotTheme.h"
 #include "app/plot/ShownZones.h"
@@ -243,8 +242,7 @@ QString FieldView::remark() const
     QStringList remarks;
     if (m_look.space.isStretched())
         remarks << tr("Axes stretched, not to scale");
-    if (m_look.withoutEnds)
-        remarks << tr("Colours without the outermost values");
+    remarks << ContourFlood::remarks(m_look);
     return remarks.join(QStringLiteral("; "));
 }
 
@@ -319,30 +317,8 @@ FieldLook FieldView::lookOf(kernel::Frame const& frame, std::vector<int> const& 
     }
     look.space = PlotSpace(min, max, frame.stretchAxes);
     look.mesh = frame.showMesh;
-    setFlood(look, frame, zones);
+    ContourFlood::set(look, frame, zones);
     return look;
-}
-
-void FieldView::setFlood(FieldLook& look, kernel::Frame const& frame, std::vector<int> const& zones)
-{
-    int const variable = frame.variableNumber('C');
-    kernel::ValueRange const whole = ZoneRanges::of(*frame.dataSet, zones, variable);
-    bool const isLoaded =
-        std::any_of(zones.begin(), zones.end(), [&](int zone) { return hasValues(*frame.dataSet, zone, variable); });
-    if (!frame.showContour || !isLoaded || !whole.isValid())
-        return;
-    kernel::ValueRange const flood =
-        frame.contourWithoutEnds ? ContourRange::withoutEnds(*frame.dataSet, zones, variable) : whole;
-    look.contourVariable = variable;
-    look.contourMin = flood.min;
-    look.contourMax = flood.max;
-    if (frame.contourInBands) {
-        ContourBands const bands = ContourBands::over(flood.min, flood.max);
-        look.contourMin = bands.min;
-        look.contourMax = bands.max;
-        look.contourBands = bands.count;
-    }
-    look.withoutEnds = whole.min < look.contourMin || whole.max > look.contourMax;
 }
 
 bool FieldView::dependsOn(kernel::Frame const& frame, int variable) const
@@ -359,7 +335,7 @@ bool FieldView::dependsOn(kernel::Frame const& frame, int variable) const
 void FieldView::updateLegend(QString const& name)
 {
     if (hasFlood())
-        m_legend->show(name, m_look.contourMin, m_look.contourMax, m_look.contourBands);
+        m_legend->show(name, m_look.contourMin, m_look.contourMax, m_look.contourBands, m_look.isLog);
     else
         m_legend->hide();
 }

@@ -85,7 +85,6 @@ private:
     void clear();
     void clearMarks();
     FieldLook lookOf(kernel::Frame const& frame, std::vector<int> const& zones) const;
-    static void setFlood(FieldLook& look, kernel::Frame const& frame, std::vector<int> const& zones);
     bool hasFlood() const { return m_look.contourVariable > 0; }
     void updateLegend(QString const& name);
     void placeLegend();

@@ -3,6 +3,7 @@
 #include "app/plot/FieldValues.h"
 #include "kernel/base/Parallel.h"
 
+#include <cmath>
 #include <limits>
 
 namespace veldraw::app {
@@ -19,6 +20,11 @@ double mixed(FieldValues const& values, ZoneShape::Mix const& mix)
     return (1.0 - mix.share) * values.at(mix.first) + mix.share * values.at(mix.second);
 }
 
+double logarithm(double value)
+{
+    return value > 0.0 ? std::log10(value) : std::numeric_limits<double>::quiet_NaN();
+}
+
 } // namespace
 
 bool DrawingStyle::operator==(DrawingStyle const& other) const
@@ -30,7 +36,7 @@ bool DrawingStyle::operator==(DrawingStyle const& other) const
 bool ZoneDrawing::Colours::operator==(Colours const& other) const
 {
     return isFlooded == other.isFlooded && values == other.values && location == other.location && min == other.min &&
-           max == other.max;
+           max == other.max && isLog == other.isLog;
 }
 
 ZoneDrawing::ZoneDrawing(kernel::UniqueId zone, std::shared_ptr<ZoneGeometry const> geometry)
@@ -55,8 +61,12 @@ void ZoneDrawing::colour(kernel::DataSet const& dataSet, int number, FieldLook c
     kernel::Field const* const field = dataSet.field(number, look.contourVariable);
     Colours colours;
     if (field)
-        colours = {true, revisionOf(field), field->isPassive() ? ValueLocation_Nodal : field->location(),
-                   look.contourMin, look.contourMax};
+        colours = {true,
+                   revisionOf(field),
+                   field->isPassive() ? ValueLocation_Nodal : field->location(),
+                   look.contourMin,
+                   look.contourMax,
+                   look.isLog};
     if (colours == m_colours)
         return;
     m_colours = colours;
@@ -88,7 +98,8 @@ void ZoneDrawing::computeShares(kernel::Field const& field)
     auto const work = [&](std::int64_t first, std::int64_t last, std::int64_t) {
         for (std::int64_t n = first; n < last; ++n) {
             auto const at = static_cast<std::size_t>(n);
-            double const value = isMixed ? mixed(values, mixes[at]) : values.at(slots.empty() ? n : slots[at]);
+            double const read = isMixed ? mixed(values, mixes[at]) : values.at(slots.empty() ? n : slots[at]);
+            double const value = m_colours.isLog ? logarithm(read) : read;
             double const share = width > 0.0 ? (0.5 * value - min) / width : value - value + 0.5;
             target[n] = static_cast<float>(share);
         }

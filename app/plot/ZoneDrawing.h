@@ -67,6 +67,7 @@ private:
         ValueLocation_e location = ValueLocation_Nodal;
         double min = 0.0;
         double max = 0.0;
+        bool isLog = false;
 
         bool operator==(Colours const& other) const;
     };

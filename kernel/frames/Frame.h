@@ -68,6 +68,7 @@ struct Frame
     bool showContour;        ///< this and the next ones are plotOptions(), which tell their values at first
     bool contourInBands;     ///< of field plots: one colour between round steps of the contour variable
     bool contourWithoutEnds; ///< of field plots: the colours leave out the outermost values (see ContourRange)
+    bool contourLog;         ///< of field plots: equal ratios of the contour variable are equal steps of colour
     bool showMesh;
     bool showCuts;             ///< of field plots: cuts are seen, in the place of the outer surfaces of volumes
     bool stretchAxes;          ///< of field plots: each axis has a scale of its own, so that they fill the frame

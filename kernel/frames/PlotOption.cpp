@@ -20,6 +20,8 @@ std::vector<PlotOption> const& plotOptions()
          "Spread the colours over the values but the lowest and highest hundredth, so that a few extreme ones do not "
          "spoil the plot",
          ""},
+        {"FieldContour", "Log", &Frame::contourLog, false, Plots::Fields, "Logarithmic Contour", "Logarithmic Co&ntour",
+         "Give powers of ten equal shares of the colours; values of 0 and below have none", ""},
         {"FieldLayers", "ShowCuts", &Frame::showCuts, true, Plots::Fields, "Show Slices", "Sl&ices",
          "Show the slices and iso-surfaces of a field plot, and volumes by them alone", ""},
         {"FieldAxes", "Stretch", &Frame::stretchAxes, false, Plots::Fields, "Stretch Axes", "Str&etch Axes",

@@ -28,6 +28,7 @@ TEST_F(PlotOptionTest, AFrameStartsWithTheValuesOfTheTable)
     EXPECT_TRUE(fresh.showContour);
     EXPECT_FALSE(fresh.contourInBands);
     EXPECT_FALSE(fresh.contourWithoutEnds);
+    EXPECT_FALSE(fresh.contourLog);
     EXPECT_FALSE(fresh.showMesh);
     EXPECT_TRUE(fresh.showCuts);
     EXPECT_FALSE(fresh.stretchAxes);

@@ -33,8 +33,8 @@ void addFrame(std::ostream& out, Frame const& frame)
         out << ' ' << id;
     }
     out << ' ' << frame.contourVariable << ' ' << frame.showContour << frame.contourInBands << frame.contourWithoutEnds
-        << frame.showMesh << frame.showCuts << frame.stretchAxes << frame.showLines << frame.showSymbols << frame.logX
-        << frame.logY << ' ' << frame.solutionTime << '\n';
+        << frame.contourLog << frame.showMesh << frame.showCuts << frame.stretchAxes << frame.showLines
+        << frame.showSymbols << frame.logX << frame.logY << ' ' << frame.solutionTime << '\n';
     for (Cut const& cut : frame.cuts) {
         out << "cut " << cut.id << ' ' << static_cast<int>(cut.kind) << ' ' << cut.position << ' ' << cut.normal[0]
             << ' ' << cut.normal[1] << ' ' << cut.normal[2] << ' ' << cut.origin[0] << ' ' << cut.origin[1] << ' '

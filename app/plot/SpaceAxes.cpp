@@ -85,6 +85,9 @@ void SpaceAxes::update(vtkCamera& camera, double width, double height, double pi
         far[n] = position[n] > 0.0 ? -m_half[n] : m_half[n];
         near[n] = position[n] > m_half[n] ? 1 : position[n] < -m_half[n] ? -1 : 0;
     }
+    if (near == NearSides{}) // the eye is inside the box: the nearer faces count, as there is no outline
+        for (std::size_t n = 0; n < 3; ++n)
+            near[n] = position[n] > 0.0 ? 1 : -1;
     drawGrid(far);
     Edges const edges = {edgeFor(0, near), edgeFor(1, near), edgeFor(2, near)};
     drawEdges(edges);
@@ -127,7 +130,8 @@ std::optional<SpaceAxes::Edge> SpaceAxes::edgeFor(std::size_t axis, NearSides co
             edge.to = edge.from;
             edge.to[axis] = m_half[axis];
             QPointF const middle = 0.5 * (project(edge.from) + project(edge.to));
-            double const place = axis == 2 ? middle.x() : middle.y();
+            constexpr double aside = 1e-3; // of two at the same height the left one, where there is room
+            double const place = axis == 2 ? middle.x() : middle.y() + aside * middle.x();
             if (!best || place < leastPlace) {
                 best = edge;
                 leastPlace = place;

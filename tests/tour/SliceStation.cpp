@@ -36,6 +36,7 @@ void SliceStation::run()
     sliceTheDuct();
     moveTheSlice();
     showSurfacesAgain();
+    lookFromTheSides();
     open(m_bar);
     cutTheBar();
     undoAll();
@@ -108,6 +109,21 @@ void SliceStation::showSurfacesAgain()
     m_tour.user.key(Qt::Key_Z, Qt::ControlModifier);
     m_tour.expectThat("Ctrl+Z shows the slices again",
                       [] { return kernel::Session::instance().activeFrame()->showCuts; });
+}
+
+void SliceStation::lookFromTheSides()
+{
+    QImage const aslant = m_tour.restingPlot();
+    m_tour.user.key(Qt::Key_Z, Qt::ControlModifier | Qt::AltModifier);
+    m_tour.expectThat("Ctrl+Alt+Z looks along the Z axis", [&] { return m_tour.plot() != aslant; });
+    QImage const above = m_tour.restingPlot();
+    m_tour.user.picture(QStringLiteral("look-along-z"));
+    m_tour.user.key(Qt::Key_R, Qt::AltModifier);
+    m_tour.user.key(Qt::Key_L);
+    m_tour.user.key(Qt::Key_X);
+    m_tour.expectThat("Alt+R, L, X along the X axis", [&] { return m_tour.plot() != above; });
+    m_tour.restingPlot();
+    m_tour.user.picture(QStringLiteral("look-along-x"));
 }
 
 void SliceStation::cutTheBar()

@@ -4,8 +4,8 @@
 
 namespace veldraw::tests {
 
-/// Looks into the duct and the bar: adds slices, a plane and an iso-surface, moves them by mouse and keys, hides and deletes them, and goes
-/// back.
+/// Looks into the duct and the bar: adds slices, a plane and an iso-surface, moves them by mouse and keys, hides and deletes them, looks at
+/// them from the sides, and goes back.
 class SliceStation
 {
 public:
@@ -20,6 +20,7 @@ private:
     void sliceTheDuct();
     void moveTheSlice();
     void showSurfacesAgain();
+    void lookFromTheSides();
     void cutTheBar();
     void undoAll();
 

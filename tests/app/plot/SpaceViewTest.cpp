@@ -5,10 +5,16 @@
 #include "tests/app/support/SampleData.h"
 
 #include <QTest>
+#include <vtkActor2DCollection.h>
 #include <vtkCamera.h>
+#include <vtkTextActor.h>
 
+#include <array>
 #include <cmath>
 #include <gtest/gtest.h>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace veldraw::tests {
 
@@ -36,6 +42,18 @@ void expectNear(Direction const& expected, Direction const& found, char const* w
 {
     for (std::size_t axis = 0; axis < 3; ++axis)
         EXPECT_NEAR(expected[axis], found[axis], 1e-9) << what << ", axis " << axis;
+}
+
+/// The texts at the axes that are shown.
+std::vector<vtkTextActor*> textsOf(app::FieldView const& view)
+{
+    std::vector<vtkTextActor*> texts;
+    vtkActor2DCollection* const all = view.stage().GetActors2D();
+    all->InitTraversal();
+    while (vtkActor2D* const actor = all->GetNextActor2D())
+        if (auto* const text = vtkTextActor::SafeDownCast(actor); text && text->GetVisibility() != 0)
+            texts.push_back(text);
+    return texts;
 }
 
 std::shared_ptr<kernel::Frame> blockIn(PlotType_e plotType)
@@ -84,6 +102,32 @@ TEST(SpaceView, HasTheNumbersOfItsAxesOutsideOfTheBoxAlsoSeenStraightFromASide)
         bool const isStraight = side != ViewSide::Isometric;
         EXPECT_GT(textIn(plot.rect()), 100) << static_cast<int>(side);
         EXPECT_LT(isStraight ? textIn(inside) : 0, 20) << static_cast<int>(side);
+    }
+}
+
+TEST(SpaceView, HasNumbersAtItsAxesWhereTheEyeIsInsideTheBox)
+{
+    PlotTestPage page({blockIn(PlotType_Cartesian3D)});
+    page.picture();
+    page.field().zoom(1000.0, {0.5, 0.5});
+    EXPECT_GE(textsOf(page.field()).size(), 3U);
+}
+
+TEST(SpaceView, HasTheNumbersOfTheUprightAxisAtTheLeftFromEachSide)
+{
+    PlotTestPage page({blockIn(PlotType_Cartesian3D)});
+    page.picture();
+    for (auto const& [side, name] :
+         {std::pair{ViewSide::PlusX, "Z"}, std::pair{ViewSide::MinusX, "Z"}, std::pair{ViewSide::PlusY, "Z"},
+          std::pair{ViewSide::MinusY, "Z"}, std::pair{ViewSide::PlusZ, "Y"}, std::pair{ViewSide::MinusZ, "Y"}}) {
+        page.view().lookFrom(side);
+        int found = 0;
+        for (vtkTextActor* const text : textsOf(page.field()))
+            if (std::string(text->GetInput()) == name) {
+                ++found;
+                EXPECT_LT(text->GetPosition()[0], 0.3 * page.field().stage().GetSize()[0]) << static_cast<int>(side);
+            }
+        EXPECT_EQ(found, 1) << static_cast<int>(side);
     }
 }
 

@@ -22,8 +22,7 @@ public:
     void* take(std::size_t bytes) noexcept
     {
         std::lock_guard<std::mutex> const lock(m_mutex);
-        std::size_t const size =
-            (std::max<std::size_t>(bytes, 1) + alignmentOfNumbers - 1) / alignmentOfNumbers * alignmentOfNumbers;
+        std::size_t const size = (bytes + alignmentOfNumbers - 1) / alignmentOfNumbers * alignmentOfNumbers;
         if (size > ExactMemory::reserveBytes - m_used) {
             std::abort();
         }

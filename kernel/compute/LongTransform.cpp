@@ -24,7 +24,6 @@ double LongTransform::bytesOfThread(std::int64_t length)
 
 void LongTransform::run(Bin* signal, Bin* bins, Progress& progress) const
 {
-    progress.check();
     if (m_table) {
         transformColumns(signal, progress);
         transformRows(signal, bins, progress);

@@ -244,6 +244,15 @@ TEST(RealTransformTest, LooksForACancelAllTheTime)
     }
 }
 
+TEST(RealTransformTest, LooksForACancelOfAShortTransformToo)
+{
+    Progress progress;
+    auto const transform = RealTransform::make(1000, progress);
+    Progress cancelled;
+    cancelled.interrupt();
+    EXPECT_THROW(transformed(*transform, randomSignal(1000), cancelled), Interrupted);
+}
+
 TEST(RealTransformTest, AdvancesByItsEffortInStepsThatAreNeverLarge)
 {
     // Whole; a convolution of a whole length; cut; a convolution of a cut length.

@@ -6,6 +6,7 @@
 #include "tests/support/Threads.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cmath>
 #include <limits>
 
@@ -36,6 +37,25 @@ protected:
 };
 
 constexpr NeighborChoice InterpolateByInverseDistanceTest::all;
+
+/// Counts how often a cancel is looked for, and how often of these once all is told to be done.
+class LateLooks : public Progress
+{
+public:
+    bool isInterrupted() const override
+    {
+        ++m_looks;
+        m_looksAtTheEnd += fraction() >= 1.0 ? 1 : 0;
+        return false;
+    }
+
+    std::int64_t looks() const { return m_looks; }
+    std::int64_t looksAtTheEnd() const { return m_looksAtTheEnd; }
+
+private:
+    mutable std::atomic<std::int64_t> m_looks{0};
+    mutable std::atomic<std::int64_t> m_looksAtTheEnd{0};
+};
 
 /// Weighted mean of the values at points, by the formula as it stands.
 double meanByHand(ScatteredPoints const& points, std::vector<std::uint32_t> const& chosen, double const* target,
@@ -527,6 +547,26 @@ TEST_F(InterpolateByInverseDistanceTest, CountsToItsEndAndNotBeyondWhateverPoint
         EXPECT_GE(waiter.total, 100000);
     }
     session.setWaiter(nullptr);
+}
+
+// Each variable has its hole at another point, so that the weights are computed for each anew.
+TEST_F(InterpolateByInverseDistanceTest, GivesEachGroupOfVariablesItsShareOfTheProgress)
+{
+    auto const hole = [](double at) {
+        return [at](double const* place) {
+            return place[0] < at && place[0] > at - 0.01 ? std::numeric_limits<double>::quiet_NaN() : 1.0;
+        };
+    };
+    int const from = addPoints(ScatteredPoints::random(3, 3000, 1), hole(0.2), hole(0.8));
+    int const to = addPoints(ScatteredPoints::random(3, 3000, 2), zero, zero);
+    InterpolateByInverseDistance operation(frame->id, {from}, to, {P, Q}, {PtSelection_NearestN, 8}, {2.0, 0.0});
+    ASSERT_EQ(operation.find(session.pages()), "");
+    ASSERT_EQ(operation.reasonAgainst(), "");
+    operation.needs();
+    LateLooks progress;
+    operation.compute(progress);
+    EXPECT_GT(progress.looks(), 20);
+    EXPECT_LT(progress.looksAtTheEnd(), progress.looks() / 10);
 }
 
 TEST_F(InterpolateByInverseDistanceTest, ChangesNothingWhenItIsCancelled)

@@ -30,16 +30,18 @@ TEST_F(SmoothVariableMemoryTest, ABlockAsksForTheResultAndItsArraysTogether)
     {
         FieldDataType_e type;
         double ofResult;
-        double ofArrays; // in several rounds of passes; the result may be one of two
+        double ofArrays;     // in several rounds of passes; the result may be one of two
+        double ofManyPasses; // floats are computed in double precision then
     };
-    for (Type const& each : {Type{FieldDataType_Double, 8.0, 8.0},
-                             {FieldDataType_Float, 4.0, 4.0},
-                             {FieldDataType_Int16, 2.0, 16.0},
-                             {FieldDataType_Byte, 1.0, 16.0},
-                             {FieldDataType_Bit, 1.125, 16.0}}) { // a byte first
+    for (Type const& each : {Type{FieldDataType_Double, 8.0, 8.0, 8.0},
+                             {FieldDataType_Float, 4.0, 4.0, 16.0},
+                             {FieldDataType_Int16, 2.0, 16.0, 16.0},
+                             {FieldDataType_Byte, 1.0, 16.0, 16.0},
+                             {FieldDataType_Bit, 1.125, 16.0, 16.0}}) { // a byte first
         int const zone = addOrdered({30, 20, 1}, values, each.type);
         EXPECT_EQ(bytesAskedFor(zone, 1), each.ofResult * count) << each.type;
         EXPECT_EQ(bytesAskedFor(zone, 40), (each.ofResult + each.ofArrays) * count) << each.type;
+        EXPECT_EQ(bytesAskedFor(zone, 400), (each.ofResult + each.ofManyPasses) * count) << each.type;
     }
 }
 

@@ -209,4 +209,19 @@ TEST_F(HistoryMemory, OfDeletionsInManyZonesCountsTheirLists)
     EXPECT_LT(history().bytes() - counted, 2 * real + array);
 }
 
+TEST_F(HistoryMemory, OfADeletionAmongThousandsOfVariablesCountsTheirList)
+{
+    auto const set = std::make_shared<DataSet>();
+    for (int number = 1; number <= 5000; ++number) {
+        set->addVariable(std::make_shared<Variable>("V" + std::to_string(number)));
+    }
+    sample::show(session, set);
+    std::int64_t const taken = allocatedBytes();
+    std::int64_t const counted = history().bytes();
+    ASSERT_TRUE(session.perform(DeleteVariables(*set, {7}))) << session.lastError();
+    std::int64_t const real = allocatedBytes() - taken;
+    EXPECT_GT(history().bytes() - counted, real / 2);
+    EXPECT_LT(history().bytes() - counted, 2 * real);
+}
+
 } // namespace veldraw::tests

@@ -14,7 +14,6 @@ void* BlockMemory::take(std::size_t bytes)
         constexpr std::size_t most = std::size_t{16} << 20U;
         std::size_t const chunk =
             std::max(size, std::min(m_taken / 2, most)); // little is unused, however much is taken
-        m_chunks.reserve(m_chunks.size() + 1);
         m_chunks.push_back(allocateZeroed(static_cast<std::int64_t>(chunk)));
         m_free = static_cast<std::byte*>(m_chunks.back().get());
         m_left = chunk;

@@ -323,8 +323,10 @@ TEST_F(CFunctions, NeverCrashOnBadNumbers)
         long long k = 0;
         VelUtilZoneGetIJK(bad, &i, &j, &k);
         EXPECT_THAT((std::vector{i, j, k}), ElementsAre(-1, -1, -1));
-        char* name = nullptr;
+        char anyLetter = 'a';
+        char* name = &anyLetter;
         EXPECT_FALSE(VelUtilZoneGetName(bad, &name));
+        EXPECT_EQ(name, nullptr) << "nothing to be freed";
         EXPECT_EQ(VelUtilZoneGetSolutionTime(bad), 0.0);
         EXPECT_EQ(VelUtilZoneGetStrandID(bad), 2147483646);
         EXPECT_EQ(VelUtilZoneGetType(bad), -1);

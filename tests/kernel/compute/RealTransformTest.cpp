@@ -1,9 +1,11 @@
 #include "kernel/compute/RealTransform.h"
 
 #include "kernel/base/ZeroedArray.h"
+#include "kernel/compute/UnitRoots.h"
 #include "tests/kernel/support/LookCounter.h"
 #include "tests/kernel/support/ReferenceSpectrum.h"
 #include "tests/kernel/support/StepLog.h"
+#include "tests/support/AllocationFailure.h"
 #include "tests/support/Threads.h"
 
 #include <gtest/gtest.h>
@@ -251,6 +253,17 @@ TEST(RealTransformTest, LooksForACancelOfAShortTransformToo)
     Progress cancelled;
     cancelled.interrupt();
     EXPECT_THROW(transformed(*transform, randomSignal(1000), cancelled), Interrupted);
+}
+
+TEST(RealTransformTest, KnowsWhatItsRootsTakeAtMost)
+{
+    for (std::int64_t const count : {1000, 1 << 20, 1100009}) {
+        std::int64_t const before = allocatedBytes();
+        UnitRoots const roots(static_cast<std::uint64_t>(count));
+        double const taken = static_cast<double>(allocatedBytes() - before);
+        EXPECT_LE(taken, UnitRoots::bytesOf(count)) << count;
+        EXPECT_GT(taken, UnitRoots::bytesOf(count) / 2.0) << count;
+    }
 }
 
 TEST(RealTransformTest, AdvancesByItsEffortInStepsThatAreNeverLarge)

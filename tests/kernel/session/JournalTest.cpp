@@ -132,6 +132,26 @@ TEST_F(JournalTest, TellsWhichDataAFrameWasGiven)
     EXPECT_EQ((Texts{"new-frame like=0", "set-frame-data like=1"}), texts()) << "unseen data come from a file";
 }
 
+TEST_F(JournalTest, ActivatesTheFrameThatIsGivenOtherData)
+{
+    auto const other = std::make_shared<Frame>("other", Rectangle{});
+    other->dataSet = sample::ordered({"X", "Y"}, 3);
+    ASSERT_TRUE(session.perform(AddFrame(other)));
+    rename("a");
+    ASSERT_TRUE(session.perform(RenameZone(*other->dataSet, 1, "b")));
+    ASSERT_TRUE(session.setFrameDataSet(frame->id, other->dataSet));
+    ASSERT_TRUE(session.perform(RenameZone(*other->dataSet, 1, "c")));
+    EXPECT_EQ("# New Frame\n"
+              "rename-zone zone=1 name=a\n"
+              "activate-frame frame=2\n"
+              "rename-zone zone=1 name=b\n"
+              "activate-frame frame=1\n"
+              "set-frame-data like=2\n"
+              "activate-frame frame=2\n"
+              "rename-zone zone=1 name=c\n",
+              session.journal().script());
+}
+
 TEST_F(JournalTest, TakesCommandsOfOthers)
 {
     session.journal().add("open file=a.vtu", session.pages());

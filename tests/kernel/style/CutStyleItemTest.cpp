@@ -56,6 +56,7 @@ TEST_F(CutStyleItemTest, EachNumberOfACutIsReadAndWritten)
         EXPECT_EQ(sample.session().history().undoName(), "Slice");
         number += 0.25;
     }
+    EXPECT_FALSE(tree.hasPath({"Cut", "Normal", ""}));
     kernel::Cut const& cut = sample.frame().cuts[0];
     EXPECT_EQ(cut.position, 0.5);
     EXPECT_EQ(cut.normal, (std::array<double, 3>{0.75, 1.0, 1.25}));

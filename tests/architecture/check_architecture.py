@@ -11,7 +11,7 @@ import re
 import sys
 
 KERNEL_FUNCTIONS = 101
-SOURCE_FOLDERS = ('platform', 'kernel', 'operations', 'dialogs', 'host', 'app')
+SOURCE_FOLDERS = ('platform', 'kernel', 'operations', 'dialogs', 'host', 'app', 'python')
 SUFFIXES = {'.h', '.cpp', '.ipp'}
 
 FRAMEWORK = {'property', 'models', 'widgets', 'bindings', 'frame'}
@@ -84,6 +84,8 @@ def kind_of(name):
     if re.match(r'Q[A-Z]', first) or first.startswith('Qt') or first == 'qglobal.h':
         base = name.split('/')[-1]
         return 'qtcore' if base in QT_CORE or first == 'QtCore' else 'qt'
+    if first == 'pybind11':
+        return 'pybind11'
     if numerical_library(name):
         return 'numerics'
     return 'std' if name in STANDARD else 'unknown'
@@ -112,6 +114,8 @@ def outside_allowed(folder):
         return {'std', 'boost', 'qtcore', 'qt'}
     if layer == 'host':
         return {'std', 'boost', 'qtcore', 'qt'}
+    if layer == 'python':
+        return {'std', 'qtcore', 'pybind11'}
     return {'std', 'boost', 'qtcore', 'qt', 'vtk'}
 
 
@@ -131,7 +135,9 @@ def ours_allowed(folder, included):
         return dialogs_allowed(part, target_layer, target_part, included)
     if layer in ('host', 'operations'):
         return target_layer in ('platform', 'kernel', layer)
-    return target_layer in SOURCE_FOLDERS
+    if layer == 'python':
+        return target_layer in ('platform', 'kernel', 'operations', layer) or is_without_window(included)
+    return target_layer in SOURCE_FOLDERS and target_layer != 'python'
 
 
 def dialogs_allowed(part, target_layer, target_part, included):
@@ -148,6 +154,12 @@ def dialogs_allowed(part, target_layer, target_part, included):
 
 def is_below(folder, roof):
     return folder == roof or folder.startswith(roof + '/')
+
+
+def is_without_window(included):
+    """Whether it is a part of the application that the Python module may use."""
+    folder = included.rpartition('/')[0]
+    return folder == 'app/commands' or is_about_files(folder)
 
 
 def is_about_files(folder):

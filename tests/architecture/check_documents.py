@@ -10,8 +10,8 @@ import pathlib
 import re
 import sys
 
-FOLDERS = ('platform', 'kernel', 'operations', 'dialogs', 'host', 'app', 'tests', 'bench', 'tools', 'cmake', 'help', '.ci')
-CODE = {'.h', '.cpp', '.ipp', '.c', '.ui', '.py', '.sh', '.cmake', '.txt', '.json', ''}
+FOLDERS = ('platform', 'kernel', 'operations', 'dialogs', 'host', 'app', 'python', 'tests', 'bench', 'tools', 'cmake', 'help', '.ci')
+CODE = {'.h', '.cpp', '.ipp', '.c', '.ui', '.py', '.pyi', '.sh', '.cmake', '.txt', '.json', ''}
 # What belongs to others, or comes into being only when it is used.
 OF_OTHERS = {'llvmpipe', 'softpipe', 'out/'}
 

@@ -11,7 +11,7 @@ import pathlib
 import re
 import sys
 
-SOURCE_FOLDERS = ('platform', 'kernel', 'operations', 'dialogs', 'host', 'app')
+SOURCE_FOLDERS = ('platform', 'kernel', 'operations', 'dialogs', 'host', 'app', 'python')
 SUFFIXES = {'.h', '.cpp', '.ipp'}
 
 

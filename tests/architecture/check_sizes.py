@@ -9,7 +9,7 @@ import pathlib
 import re
 import sys
 
-SOURCE_FOLDERS = ('platform', 'kernel', 'operations', 'dialogs', 'host', 'app')
+SOURCE_FOLDERS = ('platform', 'kernel', 'operations', 'dialogs', 'host', 'app', 'python')
 SUFFIXES = {'.h', '.cpp', '.ipp'}
 
 LINES_OF_A_FILE = 400

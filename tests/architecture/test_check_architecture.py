@@ -111,6 +111,17 @@ class Includes(unittest.TestCase):
         self.refused('kernel/session/Session.cpp', quoted('operations/Command.h'))
         self.refused('host/IdleQueue.cpp', quoted('operations/Command.h'))
 
+    def test_the_python_module_knows_operations_and_files_and_no_window(self):
+        path = 'python/Module.cpp'
+        self.allowed(path, quoted('operations/Registry.h') + quoted('kernel/data/Zone.h') + quoted('app/commands/DataFiles.h') +
+                     quoted('app/import/child/ReaderProcess.h') + angled('pybind11/pybind11.h') + angled('QString'))
+        for name in ('dialogs/property/Property.h', 'host/IdleHold.h', 'app/window/MainWindow.h', 'app/commandline/BatchRun.h'):
+            self.refused(path, quoted(name))
+        self.refused(path, angled('QWidget'))
+        for other in ('operations/Registry.cpp', 'app/commands/DataFiles.cpp'):
+            self.refused(other, quoted('python/Failure.h'))
+            self.refused(other, angled('pybind11/pybind11.h'))
+
     def test_the_host_knows_platform_kernel_and_qt(self):
         path = 'host/IdleQueue.cpp'
         self.allowed(path, quoted('platform/vdtoolbox/Set.h') + quoted('kernel/data/Zone.h') + angled('QTimer'))

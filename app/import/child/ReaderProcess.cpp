@@ -108,6 +108,13 @@ void awaitElsewhere(pid_t process)
     }
 }
 
+/// The path that setUsualProgram() has said; empty at first.
+std::string& programElsewhere()
+{
+    static std::string program;
+    return program;
+}
+
 } // namespace
 
 ReaderProcess::ReaderProcess(std::string const& program)
@@ -193,8 +200,15 @@ bool ReaderProcess::endedForTime()
     return ended > 0 && WIFSIGNALED(status) && WTERMSIG(status) == SIGXCPU;
 }
 
+void ReaderProcess::setUsualProgram(std::string program)
+{
+    programElsewhere() = std::move(program);
+}
+
 std::string ReaderProcess::usualProgram()
 {
+    if (!programElsewhere().empty())
+        return programElsewhere();
     return (std::filesystem::read_symlink("/proc/self/exe").parent_path() / "veldraw_reader").string();
 }
 

@@ -32,8 +32,11 @@ public:
     /// Ends it, once its side of the channel has gone. @return whether it had ended by itself for lack of processor time
     bool endedForTime();
 
-    /// The reader that belongs to this program: it stands beside it.
+    /// The reader that belongs to this program: it stands beside it, unless setUsualProgram() says otherwise.
     static std::string usualProgram();
+
+    /// Says where the reader stands, for a library in a program of others. Before the first file is read.
+    static void setUsualProgram(std::string program);
 
     ReaderProcess(ReaderProcess const&) = delete;
     ReaderProcess& operator=(ReaderProcess const&) = delete;

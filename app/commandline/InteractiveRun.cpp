@@ -24,8 +24,13 @@ int runInteractively(QApplication& application, CommandLineOptions const& option
     MainWindow window(kernel::Session::instance(), CentralView::ofPage(kernel::Session::instance()), reader);
     window.show();
     CutFileLook const look(pauseBetweenLooks);
-    if (!options.files.isEmpty())
-        QTimer::singleShot(0, &window, [&] { window.openFiles(options.files, DocumentController::Place::FreshPage); });
+    window.keepRecovery(RecoveryActions::standardFolder());
+    QTimer::singleShot(0, &window, [&] {
+        using Place = DocumentController::Place;
+        bool const isRecovered = window.offerRecovery();
+        if (!options.files.isEmpty())
+            window.openFiles(options.files, isRecovered ? Place::NewFrames : Place::FreshPage);
+    });
     return application.exec();
 }
 

@@ -48,13 +48,13 @@ JournalPanel::JournalPanel(kernel::Session& session, QWidget* parent)
     layout->setContentsMargins(4, 2, 4, 4);
     layout->addWidget(m_list);
     layout->addLayout(buttons);
-    m_session.journal().setListener([this] { m_follower.schedule(); });
+    m_listener = m_session.journal().addListener([this] { m_follower.schedule(); });
     refresh();
 }
 
 JournalPanel::~JournalPanel()
 {
-    m_session.journal().setListener({});
+    m_session.journal().removeListener(m_listener);
 }
 
 void JournalPanel::makeButtons()

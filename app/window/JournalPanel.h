@@ -37,6 +37,7 @@ private:
     QListWidget* m_list;
     QPushButton* m_save;
     QPushButton* m_run;
+    int m_listener = 0; // of the journal
     SessionFollower m_follower;
 };
 

@@ -219,6 +219,17 @@ bool MainWindow::openFiles(QStringList const& paths, DocumentController::Place p
     return m_documents->open(paths, place);
 }
 
+void MainWindow::keepRecovery(QString const& folder)
+{
+    m_recovery = std::make_unique<RecoveryActions>(m_session, *m_documents, *this, folder);
+    connect(m_recovery.get(), &RecoveryActions::told, this, &MainWindow::tell);
+}
+
+bool MainWindow::offerRecovery()
+{
+    return m_recovery && m_recovery->offer();
+}
+
 void MainWindow::refresh()
 {
     setWindowTitle(mainWindowTitle(m_session, *m_documents));
@@ -291,6 +302,8 @@ void MainWindow::closeEvent(QCloseEvent* event)
         return;
     }
     keepLayout();
+    if (m_recovery)
+        m_recovery->end();
     if (m_helpViewer)
         m_helpViewer->close();
     event->accept();

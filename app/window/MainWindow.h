@@ -7,6 +7,7 @@
 #include "app/window/FrameActions.h"
 #include "app/window/OperationWaiter.h"
 #include "app/window/PlotActions.h"
+#include "app/window/RecoveryActions.h"
 #include "app/window/ScriptActions.h"
 #include "app/window/SessionFollower.h"
 #include "app/window/UndoActions.h"
@@ -29,6 +30,7 @@ class MainDocks;
 /// | part | class |
 /// |---|---|
 /// | commands of the menus | FileActions, UndoActions, FrameActions, PlotActions, DataActions |
+/// | unsaved work on the disk | RecoveryActions |
 /// | opening, saving, questions about unsaved changes | DocumentController |
 /// | docks around the page | MainDocks |
 /// | waiting for long operations | OperationWaiter |
@@ -51,6 +53,12 @@ public:
 
     /// Opens files and tells the outcome in the status bar. @return false when nothing was opened
     bool openFiles(QStringList const& paths, DocumentController::Place place);
+
+    /// From now on keeps unsaved work in a folder, from which a crash does not take it.
+    void keepRecovery(QString const& folder);
+
+    /// Offers what an earlier run has left there. @return whether something was recovered
+    bool offerRecovery();
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -87,6 +95,7 @@ private:
     MainDocks* m_docks = nullptr;
     std::vector<kernel::UniqueId> m_toldPicks; // that the status bar named last
     std::unique_ptr<HelpViewer> m_helpViewer;
+    std::unique_ptr<RecoveryActions> m_recovery; // none where none is wanted
     OperationWaiter m_waiter;
     SessionFollower m_follower;
     sdk::SignalConnectionCollection m_connections;

@@ -56,6 +56,7 @@ std::shared_ptr<Journal::Entry> Journal::entryFor(Operation const& operation, Pa
     CommandText const command = operation.command();
     entry->isCommand = !command.isEmpty();
     entry->text = entry->isCommand ? command.text() : "# " + operation.name();
+    entry->altersData = operation.altered() != nullptr;
     entry->frame = numberOfFrameFor(operation.subject(), pages);
     entry->frameAfterwards = frameCount(pages); // until complete()
     entry->run = operation.run();
@@ -150,15 +151,20 @@ std::string Journal::script() const
     return text;
 }
 
+int Journal::addListener(std::function<void()> listener)
+{
+    m_listeners.emplace(++m_lastListener, std::move(listener));
+    return m_lastListener;
+}
+
 void Journal::changed() const noexcept
 {
-    if (!m_listener) {
-        return;
-    }
-    try {
-        m_listener();
-    } catch (...) {
-        // What was done was done; that a list could not follow does not matter.
+    for (auto const& [number, listener] : m_listeners) {
+        try {
+            listener();
+        } catch (...) {
+            // What was done was done; that a list could not follow does not matter.
+        }
     }
 }
 

@@ -4,6 +4,7 @@
 #include "kernel/undo/StepNote.h"
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -24,6 +25,7 @@ public:
     {
         std::string text;        ///< a command; for what no command stands for, what the undo menu calls it, behind a #
         bool isCommand = true;   ///< whether it can be repeated
+        bool altersData = false; ///< whether a data set differs from its file by it
         int frame = 0;           ///< one-based number of the frame that has to be active for it; 0 for none
         int frameAfterwards = 0; ///< and of the one that is active after it, if it was active before
         UniqueId run = 0;        ///< of the operation
@@ -59,8 +61,10 @@ public:
     /// Sets a function that is asked whether to record; none (as at first): always.
     void setRule(std::function<bool()> rule) { m_rule = std::move(rule); }
 
-    /// Sets the function that is called when there is another entry, for lists; undo is told by the history's.
-    void setListener(std::function<void()> listener) { m_listener = std::move(listener); }
+    /// Adds a function that is called when there is another entry, or a text has changed; undo is told by the history's listener and by
+    /// event 24. Its exceptions are ignored. @return what removeListener() takes
+    int addListener(std::function<void()> listener);
+    void removeListener(int listener) { m_listeners.erase(listener); }
 
 private:
     bool isRecording() const { return !m_rule || m_rule(); }
@@ -70,7 +74,8 @@ private:
     std::vector<std::shared_ptr<Entry const>> m_entries;
     std::shared_ptr<Entry> m_newest;
     std::function<bool()> m_rule;
-    std::function<void()> m_listener;
+    std::map<int, std::function<void()>> m_listeners;
+    int m_lastListener = 0;
 };
 
 } // namespace veldraw::kernel

@@ -43,7 +43,7 @@ TABLES_OF_FORMATS = {'app/import/ReadableFormats.cpp', 'app/export/WritableForma
 KERNEL_ROOMS = ['base', 'storage', 'compute', 'events', 'undo', 'data', 'mesh', 'frames', 'operations', 'style', 'session', 'api']
 
 # The parts of the application above the rooms of files, in order: each may include itself and those before it.
-APP_PARTS = ['app/plot', 'app/commands', 'app/window', 'app/commandline']
+APP_PARTS = ['app/plot', 'app/commands', 'app/recovery', 'app/window', 'app/commandline']
 
 # The sources that use a numerical library; the others have what they need from these.
 NUMERICS = {

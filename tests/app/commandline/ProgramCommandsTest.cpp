@@ -57,6 +57,16 @@ TEST_F(ProgramCommandsTest, RunInTheirOrderBeforeTheDataAreSaved)
     EXPECT_EQ("veldraw: --do 1, column 27: There is no variable called \"pressure\".\n", last.err);
 }
 
+TEST_F(ProgramCommandsTest, LeaveNothingToRecoverWithoutAWindow)
+{
+    QString const recovery = path("recovery");
+    qputenv("VELDRAW_RECOVERY_FOLDER", recovery.toUtf8());
+    EXPECT_NE("", saved({"--do", "rename-variable variable=w name=a", "--keep-going", "--do",
+                         "delete-variables variables=t"}));
+    qunsetenv("VELDRAW_RECOVERY_FOLDER");
+    EXPECT_FALSE(QFile::exists(recovery));
+}
+
 TEST_F(ProgramCommandsTest, OfScriptsAndArgumentsRunAsTheyAreGiven)
 {
     QString const script = writeFile(QStringLiteral("a.vdo"), "rename-variable variable=b name=c\n");

@@ -178,13 +178,33 @@ TEST_F(JournalTest, RecordsOnlyIfItsRuleAllows)
 TEST_F(JournalTest, TellsOfNewEntries)
 {
     int calls = 0;
-    session.journal().setListener([&calls] {
+    int others = 0;
+    int const first = session.journal().addListener([&calls] {
         ++calls;
         throw std::runtime_error("a list could not follow");
     });
+    int const second = session.journal().addListener([&others] { ++others; });
     rename("a");
     EXPECT_EQ(1, calls);
+    EXPECT_EQ(1, others);
     EXPECT_EQ("a", dataSet->zone(1)->name);
+    session.journal().removeListener(first);
+    rename("b");
+    EXPECT_EQ(1, calls);
+    EXPECT_EQ(2, others);
+    session.journal().removeListener(second);
+}
+
+TEST_F(JournalTest, KnowsWhatDiffersFromTheFileByAnEntry)
+{
+    rename("a");
+    ASSERT_TRUE(session.perform(SetSolutionTime(frame->id, 1.0)));
+    session.journal().add("open files=a.vtu", session.pages());
+    auto const& entries = session.journal().entries();
+    ASSERT_EQ(3u, entries.size());
+    EXPECT_TRUE(entries[0]->altersData);
+    EXPECT_FALSE(entries[1]->altersData) << "what a frame shows stands in no file";
+    EXPECT_FALSE(entries[2]->altersData);
 }
 
 TEST_F(JournalTest, ComesBeforeWhatListenersDo)

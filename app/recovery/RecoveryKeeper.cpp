@@ -2,6 +2,7 @@
 
 #include "host/MessageLog.h"
 #include "kernel/frames/Page.h"
+#include "operations/Command.h"
 
 #include <algorithm>
 #include <utility>
@@ -12,14 +13,18 @@ namespace {
 
 using Kind = RecoveryStep::Kind;
 
+constexpr char problemStart[] = "What is done from now on cannot be recovered after a crash: ";
+
 bool startsWith(std::string const& text, std::string const& start)
 {
     return text.compare(0, start.size(), start) == 0;
 }
 
-bool isFreshOpen(std::string const& command)
+bool opensInNewFrames(std::string const& text)
 {
-    return startsWith(command, "open ") && command.find(" new-frames=yes") == std::string::npos;
+    auto const command = operations::readCommand(text);
+    auto const* const argument = command ? command->find("new-frames") : nullptr;
+    return argument != nullptr && argument->text() == "yes";
 }
 
 Kind kindOf(kernel::Journal::Entry const& entry)
@@ -44,6 +49,23 @@ std::vector<std::string> filesOf(kernel::DataSet const& dataSet)
 
 } // namespace
 
+// Without memory for a step there are no further ones either: they would be repeated without it.
+template <typename Following>
+void RecoveryKeeper::follow(Following const& following) noexcept
+{
+    if (m_isPaused)
+        return;
+    try {
+        if (!m_isLost)
+            following();
+        else if (m_session.history().isClean())
+            removeFile();
+    } catch (std::exception const&) {
+        m_isLost = true;
+        tellOutOfMemory();
+    }
+}
+
 RecoveryKeeper::Pause::Pause(RecoveryKeeper& keeper)
     : m_keeper(keeper)
 {
@@ -53,19 +75,17 @@ RecoveryKeeper::Pause::Pause(RecoveryKeeper& keeper)
 RecoveryKeeper::Pause::~Pause()
 {
     m_keeper.m_isPaused = false;
-    try {
+    m_keeper.follow([this] {
         m_keeper.followJournal();
         m_keeper.findFiles();
         m_keeper.followHistory();
-    } catch (std::exception const&) {
-        // No memory: what was not noted comes with the next entry.
-    }
+    });
 }
 
 RecoveryKeeper::RecoveryKeeper(kernel::Session& session, std::string const& folder)
     : m_session(session)
     , m_seen(session.journal().entries().size())
-    , m_subscriptionToJournal(session.journal().addListener([this] { followJournal(); }))
+    , m_subscriptionToJournal(session.journal().addListener([this] { follow([this] { followJournal(); }); }))
     , m_subscription(session.events().subscribe([this](kernel::StateChangeEvent const& event) { hear(event); }))
     , m_file(folder, [this](std::string const& reason) {
         QMetaObject::invokeMethod(
@@ -82,19 +102,17 @@ RecoveryKeeper::~RecoveryKeeper()
 
 void RecoveryKeeper::hear(kernel::StateChangeEvent const& event)
 {
-    if (m_isPaused)
-        return;
-    findFiles();
-    if (event.kind == StateChange_StateRestored)
-        followHistory();
+    follow([this, &event] {
+        findFiles();
+        if (event.kind == StateChange_StateRestored)
+            followHistory();
+    });
 }
 
 // The journal tells of an entry before its change happens, so that a change which ends the program is known.
 void RecoveryKeeper::followJournal()
 {
     auto const& entries = m_session.journal().entries();
-    if (m_isPaused)
-        return;
     if (entries.empty() && m_seen > 0) {
         m_seen = 0;
         drop();
@@ -134,7 +152,7 @@ void RecoveryKeeper::take(Entry const& entry)
     step.altersData = entry.altersData;
     step.isUndone = entry.isUndone;
     if (step.kind == Kind::Open)
-        takeOpen(std::move(step), isFreshOpen(entry.text));
+        takeOpen(std::move(step), !opensInNewFrames(entry.text));
     else if (step.kind == Kind::Save)
         takeSave(std::move(step));
     else
@@ -183,6 +201,13 @@ void RecoveryKeeper::takeSave(RecoveryStep step)
     add(std::move(step));
     if (!m_session.history().isClean())
         return;
+    for (RecoveryStep& earlier : m_steps)
+        earlier.base.reset();
+    std::vector<std::string> const paths = pathsOf(m_steps.back().text);
+    if (paths.size() == 1) {
+        m_steps.back().files = filesOfSave(paths.front());
+        m_steps.back().base = baseOf(m_session, paths.front());
+    }
     markSaved(m_steps);
     matchFile();
     if (m_listener)
@@ -201,8 +226,6 @@ void RecoveryKeeper::add(RecoveryStep step)
 
 void RecoveryKeeper::followHistory()
 {
-    if (m_isPaused)
-        return;
     auto const& entries = m_session.journal().entries();
     std::size_t const first = m_seen - m_steps.size();
     for (std::size_t n = 0; n < m_steps.size(); ++n) {
@@ -252,11 +275,19 @@ void RecoveryKeeper::forget()
     markSaved(m_steps);
 }
 
+void RecoveryKeeper::tellOutOfMemory() noexcept
+{
+    try {
+        tellProblem("out of memory");
+    } catch (std::exception const&) {
+        // Nor is there any for the remark.
+    }
+}
+
 void RecoveryKeeper::tellProblem(std::string const& reason)
 {
     if (!std::exchange(m_hasToldProblem, true))
-        host::MessageLog::instance().add(MessageBoxType_Warning,
-                                         "What is done from now on cannot be recovered after a crash: " + reason + ".");
+        host::MessageLog::instance().add(MessageBoxType_Warning, problemStart + reason + ".");
 }
 
 } // namespace veldraw::app

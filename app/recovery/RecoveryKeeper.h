@@ -57,6 +57,8 @@ private:
     using Entry = kernel::Journal::Entry;
 
     void hear(kernel::StateChangeEvent const& event);
+    template <typename Following>
+    void follow(Following const& following) noexcept;
     void followJournal();
     void followHistory();
     void take(Entry const& entry);
@@ -70,6 +72,7 @@ private:
     void removeFile();
     void start();
     void drop();
+    void tellOutOfMemory() noexcept;
     void tellProblem(std::string const& reason);
 
     kernel::Session& m_session;
@@ -79,6 +82,7 @@ private:
     std::optional<std::size_t> m_opened; // step that opens files whose names are known at the next event
     bool m_hasFile = false;
     bool m_isPaused = false;
+    bool m_isLost = false; // a step could not be noted
     bool m_hasToldProblem = false;
     RecoveryRecords m_records;
     std::function<void()> m_listener;

@@ -1,14 +1,11 @@
 #include "app/recovery/RecoveryRecords.h"
 
+#include "app/recovery/CheckSum.h"
 #include "kernel/operations/CommandText.h"
 #include "operations/Command.h"
 
-#include <boost/crc.hpp>
-
 #include <algorithm>
-#include <array>
 #include <charconv>
-#include <cstdio>
 #include <map>
 #include <optional>
 #include <stdexcept>
@@ -21,7 +18,6 @@ using Kind = RecoveryStep::Kind;
 using kernel::CommandText;
 
 constexpr char firstRecord[] = "recovery version=1";
-constexpr std::size_t lengthOfSum = 8;
 
 std::map<std::string, Kind> const& kinds()
 {
@@ -34,15 +30,6 @@ std::string wordOf(Kind kind)
 {
     auto const& all = kinds();
     return std::find_if(all.begin(), all.end(), [kind](auto const& entry) { return entry.second == kind; })->first;
-}
-
-std::string checkSumOf(std::string const& text)
-{
-    boost::crc_32_type sum;
-    sum.process_bytes(text.data(), text.size());
-    std::array<char, lengthOfSum + 1> digits{};
-    std::snprintf(digits.data(), digits.size(), "%08x", static_cast<unsigned>(sum.checksum()));
-    return digits.data();
 }
 
 CommandText& addFile(CommandText& text, StampedFile const& file)
@@ -144,6 +131,10 @@ private:
             step.text = words.text("is");
         else if (name == "file")
             step.files.push_back(words.file());
+        else if (name == "base")
+            step.base = SavedBase{words.text("path"), {}, words.text("state")};
+        else if (name == "setup")
+            step.base.value().commands.push_back(words.text("command"));
         else if (name == "removed" && number + 1 == m_steps.size())
             m_steps.pop_back();
         else
@@ -229,7 +220,18 @@ std::string RecoveryRecords::start(std::vector<RecoveryStep> const& steps)
         text += added(steps[n]);
         for (StampedFile const& file : steps[n].files)
             text += hasFile(n, file);
+        if (steps[n].base)
+            text += hasBase(static_cast<long long>(n), *steps[n].base);
     }
+    return text;
+}
+
+std::string RecoveryRecords::hasBase(long long step, SavedBase const& base)
+{
+    std::string text =
+        record(CommandText("base").number("step", step).word("state", base.state).quoted("path", base.path).text());
+    for (std::string const& command : base.commands)
+        text += record(CommandText("setup").number("step", step).quoted("command", command).text());
     return text;
 }
 

@@ -1,8 +1,9 @@
 #pragma once
 
-#include "app/recovery/StampedFile.h"
+#include "app/recovery/SavedBase.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,6 +27,7 @@ struct RecoveryStep
     bool isUndone = false;
     bool isSaved = false;           ///< whether it is in what was saved last
     std::vector<StampedFile> files; ///< that were read or written
+    std::optional<SavedBase> base;  ///< of the last save that left nothing unsaved
 
     /// Whether the saved files lack it, or have it though it was undone.
     bool isUnsaved() const { return altersData && isSaved == isUndone; }
@@ -58,6 +60,7 @@ public:
     std::string hasFile(std::size_t step, StampedFile const& file);
 
 private:
+    std::string hasBase(long long step, SavedBase const& base);
     std::string record(std::string const& content);
 
     std::int64_t m_number = 0;

@@ -37,6 +37,20 @@ public:
         runCommand(step.text);
     }
 
+    /// @throws std::exception where the work cannot go on from there
+    void openBase(SavedBase const& base) const
+    {
+        QStringList const paths{QString::fromStdString(base.path)};
+        runCommand(openCommand(paths, false).text());
+        for (std::string const& command : base.commands)
+            runCommand(command);
+        auto const frame = m_session.activeFrame();
+        if (!frame || !frame->dataSet || stateOf(*frame) != base.state)
+            throw std::runtime_error("\"" + base.path +
+                                     "\" has replaced the file that was open, and lacks something "
+                                     "that the data set had.");
+    }
+
 private:
     static void requireUnchanged(std::vector<StampedFile> const& files)
     {
@@ -76,24 +90,49 @@ bool isWanted(RecoveryStep const& step)
     return !step.isUndone && step.altersData;
 }
 
+/// Whether all files that are to be opened are as they were.
+bool areFilesUnchanged(std::vector<RecoveryStep> const& steps)
+{
+    return std::all_of(steps.begin(), steps.end(), [](RecoveryStep const& step) {
+        return step.kind != Kind::Open || step.isUndone || differenceOf(step.files).empty();
+    });
+}
+
+/// The last save that has everything that was done before it, if its files are as they were; null otherwise.
+RecoveryStep const* usableBase(std::vector<RecoveryStep> const& steps)
+{
+    for (RecoveryStep const& step : steps) {
+        if (step.base)
+            return differenceOf(step.files).empty() ? &step : nullptr;
+        if (step.altersData && step.isSaved == step.isUndone)
+            return nullptr; // a step that was undone after the save
+    }
+    return nullptr;
+}
+
 } // namespace
 
 ReplayOutcome replay(std::vector<RecoveryStep> const& steps, kernel::Session& session, FileOperations& files)
 {
     StepRunner const runner(session, files);
+    RecoveryStep const* const base = areFilesUnchanged(steps) ? nullptr : usableBase(steps);
+    auto const first = base == nullptr ? steps.begin() : steps.begin() + (base - steps.data());
     ReplayOutcome outcome;
-    outcome.wanted = static_cast<int>(std::count_if(steps.begin(), steps.end(), &isWanted));
-    for (RecoveryStep const& step : steps) {
-        if (step.isUndone)
+    outcome.wanted = static_cast<int>(std::count_if(first, steps.end(), &isWanted));
+    for (auto step = first; step != steps.end(); ++step) {
+        if (step->isUndone)
             continue;
         try {
-            runner.run(step);
+            if (&*step == base)
+                runner.openBase(*step->base);
+            else
+                runner.run(*step);
         } catch (std::exception const& error) {
-            outcome.command = step.text;
+            outcome.command = step->text;
             outcome.reason = error.what();
             return outcome;
         }
-        outcome.done += isWanted(step) ? 1 : 0;
+        outcome.done += isWanted(*step) ? 1 : 0;
     }
     return outcome;
 }

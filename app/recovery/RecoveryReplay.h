@@ -21,7 +21,8 @@ struct ReplayOutcome
 };
 
 /// Repeats what is not undone, as if each step had been chosen in the window, up to the first one that fails; what was saved is not saved again.
-/// A file that is to be opened has to be the one that was open before.
+/// A file that is to be opened has to be the one that was open before. Where it is another one since the work was saved in its place, the replay begins with
+/// what was saved.
 /// @param files opens them
 ReplayOutcome replay(std::vector<RecoveryStep> const& steps, kernel::Session& session, FileOperations& files);
 

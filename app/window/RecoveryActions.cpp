@@ -143,6 +143,7 @@ void RecoveryActions::end()
     if (!m_session.history().isClean())
         discardRecovered();
     m_keeper.forget();
+    m_keeper.finish();
 }
 
 void RecoveryActions::open(QStringList const& paths, bool inNewFrames)

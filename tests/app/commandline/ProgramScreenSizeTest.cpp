@@ -41,6 +41,7 @@ protected:
         environment.insert(QStringLiteral("VELDRAW_VIRTUAL_DISPLAY"), QString::fromLatin1(GetParam().pixels));
         environment.insert(QStringLiteral("QT_SCALE_FACTOR"), QString::fromLatin1(GetParam().scale));
         environment.insert(QStringLiteral("XDG_CONFIG_HOME"), folder.path());
+        environment.insert(QStringLiteral("XDG_DATA_HOME"), folder.path()); // where work to be recovered would be
         QProcess process;
         process.setProcessEnvironment(environment);
         process.start(QStringLiteral(VELDRAW_WITH_DISPLAY),

@@ -2,10 +2,12 @@
 
 #include "app/recovery/LeftWork.h"
 #include "host/MessageLog.h"
+#include "kernel/operations/RenameZone.h"
 #include "kernel/operations/SetSolutionTime.h"
 #include "tests/app/recovery/ScriptedWork.h"
 #include "tests/app/support/FileHelpers.h"
 #include "tests/app/support/FullDisk.h"
+#include "tests/support/AllocationFailure.h"
 
 #include <QCoreApplication>
 
@@ -39,6 +41,16 @@ protected:
     }
 
     void run(std::string const& line) { EXPECT_TRUE(work.run(line)) << line << ": " << session.lastError(); }
+    /// As a program that starts again without anything to recover.
+    void restart()
+    {
+        keeper.reset();
+        std::filesystem::remove_all(folder.path("recovery"));
+        session.clear();
+        session.history().setClean();
+        keeper.emplace(session, folder.path("recovery"));
+    }
+
     void openFile() { run("open files=" + file); }
 
     std::vector<std::string> listing()
@@ -201,6 +213,37 @@ TEST_F(RecoveryKeeperTest, FollowsADragByItsLastMoment)
     for (double const time : {1.0, 2.0})
         ASSERT_TRUE(session.perform(kernel::SetSolutionTime(frame, time, 7)));
     EXPECT_EQ("rename-zone zone=1 name=a; set-solution-time time=2", kept());
+}
+
+TEST_F(RecoveryKeeperTest, TakesNoNameOfAFileForAParameter)
+{
+    std::string const named = folder.path("a new-frames=yes.vtm");
+    writeSampleFile(named);
+    openFile();
+    run("rename-zone zone=1 name=a");
+    run("open files=\"" + named + '"');
+    EXPECT_FALSE(hasFile());
+}
+
+TEST_F(RecoveryKeeperTest, LeavesNoStepOutOfTheMiddleWithoutMemory)
+{
+    bool hasFailed = true;
+    for (int request = 1; hasFailed; ++request) {
+        openFile();
+        bool isDone = false;
+        {
+            kernel::RenameZone renaming(*session.activeDataSet(), 1, "a");
+            AllocationFailure const failure(request);
+            isDone = session.perform(renaming);
+            hasFailed = failure.hasHappened();
+        }
+        run("rename-zone zone=1 name=b");
+        std::string const first = isDone ? "rename-zone zone=1 name=a" : "";
+        std::string const both = first + (isDone ? "; " : "") + "rename-zone zone=1 name=b";
+        EXPECT_THAT(kept(), ::testing::AnyOf("0 files", first, both)) << request;
+        EXPECT_TRUE(hasFailed || isDone);
+        restart();
+    }
 }
 
 TEST_F(RecoveryKeeperTest, SaysOnceThatTheDiskIsFullAndLetsTheWorkGoOn)

@@ -25,6 +25,11 @@ std::string textOf(Steps const& steps)
             text += flag ? " yes" : " no";
         for (StampedFile const& file : step.files)
             text += ' ' + file.path + ' ' + std::to_string(file.size) + ' ' + std::to_string(file.modified);
+        if (step.base) {
+            text += ' ' + step.base->path + ' ' + step.base->state;
+            for (std::string const& command : step.base->commands)
+                text += ' ' + command;
+        }
         text += '\n';
     }
     return text;
@@ -96,6 +101,15 @@ TEST(RecoveryRecords, AreReadAsTheyWereWritten)
     EXPECT_FALSE(content.isDamaged);
     EXPECT_EQ(textOf(sample.states.back()), textOf(content.steps));
     EXPECT_EQ(sample.states.size() - 1, sample.lineOf(sample.text.size()));
+}
+
+TEST(RecoveryRecords, TellWhatWasSaved)
+{
+    Steps steps{step(Kind::Command, "set-title title=a", true), step(Kind::Save, "save file=\"a b.vtm\"", false)};
+    steps[1].base = app::SavedBase{"a b.vtm", {"set-plot-type type=3d", "disable-zone zone=2"}, "0123abcd"};
+    RecoveryContent const content = app::readRecords(RecoveryRecords().start(steps));
+    EXPECT_FALSE(content.isDamaged);
+    EXPECT_EQ(textOf(steps), textOf(content.steps));
 }
 
 TEST(RecoveryRecords, AreReadUpToTheOneThatIsCut)

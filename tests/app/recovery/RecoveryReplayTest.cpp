@@ -114,6 +114,56 @@ TEST_F(RecoveryReplayTest, TellsOfAFileThatIsAnotherOneNow)
     EXPECT_TRUE(session.activePage()->frames.empty());
 }
 
+TEST_F(RecoveryReplayTest, GoesOnFromASaveThatHasReplacedTheFile)
+{
+    doAndCrash({opening(), "smooth zone=1 variable=4 passes=3", "assign-variable to=U variable=4",
+                "disable-zone zone=2", "set-value zone=2 variable=1 index=5 value=0.1",
+                "save file=" + file + " overwrite=yes", "set-value zone=1 variable=4 index=1 value=0.3",
+                "mirror-zones zones=1 plane=X"});
+    ReplayOutcome const outcome = repeat();
+    EXPECT_TRUE(outcome.isWhole()) << outcome.command << ": " << outcome.reason;
+    EXPECT_EQ(2, outcome.done);
+    EXPECT_EQ(2, outcome.wanted);
+    EXPECT_EQ(digest, digestOfSession());
+    EXPECT_EQ(4, session.activeFrame()->variableNumber('U'));
+    EXPECT_FALSE(session.activeDataSet()->zone(2)->enabled);
+}
+
+TEST_F(RecoveryReplayTest, DoesNotGoOnFromASaveWhereFieldsShareTheirValues)
+{
+    doAndCrash({opening(), "duplicate-zones zones=1", "save file=" + file + " overwrite=yes",
+                "set-value zone=1 variable=4 index=1 value=0.3 shared=yes"});
+    EXPECT_THAT(repeat().reason, HasSubstr("has been changed since"));
+}
+
+TEST_F(RecoveryReplayTest, DoesNotGoOnFromASaveOfWhichSomethingWasUndone)
+{
+    doAndCrash({opening(), "rename-zone zone=1 name=a", "rename-zone zone=1 name=b",
+                "save file=" + file + " overwrite=yes", "undo"});
+    EXPECT_THAT(repeat().reason, HasSubstr("has been changed since"));
+}
+
+TEST_F(RecoveryReplayTest, DoesNotGoOnFromASaveThatWasChanged)
+{
+    doAndCrash(
+        {opening(), "rename-zone zone=1 name=a", "save file=" + file + " overwrite=yes", "rename-zone zone=1 name=b"});
+    folder.write("a.vtm", "other");
+    EXPECT_THAT(repeat().reason, HasSubstr("has been changed since"));
+}
+
+TEST_F(RecoveryReplayTest, TellsWhenASaveLacksSomething)
+{
+    doAndCrash(
+        {opening(), "rename-zone zone=1 name=a", "save file=" + file + " overwrite=yes", "rename-zone zone=1 name=b"});
+    for (app::RecoveryStep& step : steps) {
+        if (step.base)
+            step.base->state = "00000000";
+    }
+    ReplayOutcome const outcome = repeat();
+    EXPECT_THAT(outcome.reason, HasSubstr("lacks something that the data set had"));
+    EXPECT_EQ(0, outcome.done);
+}
+
 TEST_F(RecoveryReplayTest, TellsOfAPieceThatIsGone)
 {
     doAndCrash({opening(), "rename-zone zone=1 name=a"});

@@ -30,13 +30,15 @@ QString timeText(std::int64_t seconds)
 QString offerText(LeftWork const& work)
 {
     QString const files = linesOf(work.files());
-    QString const count = stepsText(countUnsaved(work.content().steps));
+    int const count = countUnsaved(work.content().steps);
     QString text = QStringLiteral("Veldraw ended before all work was saved.\n\n");
     if (!files.isEmpty())
         text += files + QLatin1Char('\n');
-    text += QStringLiteral("%1, the last one on %2.").arg(count, timeText(work.time()));
+    text += count == 0 ? QStringLiteral("The last step was on %1.").arg(timeText(work.time()))
+                       : QStringLiteral("%1, the last one on %2.").arg(stepsText(count), timeText(work.time()));
     if (work.content().isDamaged)
-        text += QStringLiteral(" What was done after them cannot be read.");
+        text += count == 0 ? QStringLiteral(" What was done cannot be read.")
+                           : QStringLiteral(" What was done after them cannot be read.");
     return text + QStringLiteral("\n\nRepeat what was done?");
 }
 
@@ -113,7 +115,7 @@ bool RecoveryActions::recover(std::unique_ptr<LeftWork> work)
         Q_EMIT told(QStringLiteral("Recovered %1").arg(stepsText(unsaved)));
     else
         tellRest(outcome);
-    return outcome.isWhole() || outcome.done > 0;
+    return isWhole || outcome.done > 0;
 }
 
 void RecoveryActions::tellRest(ReplayOutcome const& outcome)
@@ -122,7 +124,9 @@ void RecoveryActions::tellRest(ReplayOutcome const& outcome)
         outcome.done == 0
             ? QStringLiteral("Nothing could be recovered.")
             : QStringLiteral("%1 of %2 could be recovered.").arg(outcome.done).arg(stepsText(outcome.wanted));
-    if (outcome.isWhole())
+    if (outcome.isWhole() && outcome.done == 0)
+        text += QStringLiteral(" The recovery file is damaged.");
+    else if (outcome.isWhole())
         text += QStringLiteral(" What was done after that cannot be read: the recovery file is damaged.");
     else
         text += QStringLiteral(" This step could not be repeated: %1").arg(QString::fromStdString(outcome.command));

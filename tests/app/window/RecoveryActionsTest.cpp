@@ -91,6 +91,16 @@ protected:
         });
     }
 
+    /// Alters what the one file says that was left.
+    void damage(char const* before, char const* after) const
+    {
+        QFile left(recoveryFolder() + QLatin1Char('/') + leftFiles().front());
+        ASSERT_TRUE(left.open(QIODevice::ReadWrite));
+        QByteArray const content = left.readAll().replace(before, after);
+        left.seek(0);
+        left.write(content);
+    }
+
     QString recoveryFolder() const { return folder.filePath(QStringLiteral("recovery")); }
 
     QStringList leftFiles() const { return QDir(recoveryFolder()).entryList(QDir::Files); }
@@ -234,14 +244,7 @@ TEST_F(RecoveryActionsTest, KeepsWorkOfWhichNothingCouldBeRepeated)
 TEST_F(RecoveryActionsTest, TellsThatTheFileIsDamaged)
 {
     leaveWork();
-    QString const path = recoveryFolder() + QLatin1Char('/') + leftFiles().front();
-    QFile left(path);
-    ASSERT_TRUE(left.open(QIODevice::ReadWrite));
-    QByteArray content = left.readAll();
-    content.replace("name=b", "name=x");
-    left.seek(0);
-    left.write(content);
-    left.close();
+    damage("name=b", "name=x");
     EXPECT_TRUE(startAndAnswer(recoverButton));
     EXPECT_THAT(question, HasSubstr("1 step, the last one on "));
     EXPECT_THAT(question, HasSubstr("What was done after them cannot be read."));
@@ -250,6 +253,17 @@ TEST_F(RecoveryActionsTest, TellsThatTheFileIsDamaged)
               messages.front());
     EXPECT_EQ(Names{"a"}, zoneNames());
     EXPECT_EQ(2, leftFiles().size());
+}
+
+TEST_F(RecoveryActionsTest, TellsThatNothingOfTheFileCanBeRead)
+{
+    leaveWork();
+    damage("version=1", "version=x");
+    EXPECT_FALSE(startAndAnswer(recoverButton));
+    EXPECT_THAT(question, HasSubstr(" What was done cannot be read."));
+    ASSERT_EQ(1u, messages.size());
+    EXPECT_EQ("Nothing could be recovered. The recovery file is damaged.", messages.front());
+    EXPECT_EQ(1, leftFiles().size()) << "it stays, until somebody does not want it any more";
 }
 
 TEST_F(RecoveryActionsTest, LeavesNothingWhenTheWindowIsClosed)

@@ -3,6 +3,7 @@
 #include "app/plot/TickLabels.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 
@@ -94,6 +95,44 @@ AxisTicks powersOfTen(double min, double max, std::vector<int> const& factors, i
     return atLogarithms({numbers, TickLabels::exactly(numbers)});
 }
 
+bool isWhole(double number)
+{
+    return std::abs(number - std::round(number)) < 1e-9;
+}
+
+// Of numbers at a distance of width, which need not be round: as many digits as tell them exactly, or three of the width.
+std::vector<std::string> shortNumbers(std::vector<double> const& numbers, double width)
+{
+    int const exponent = static_cast<int>(std::floor(std::log10(width)));
+    constexpr int most = 2;
+    for (int digits = 0; digits < most; ++digits) {
+        double const unit = RoundStep{1.0, exponent - digits}.times(1.0);
+        auto const isMultiple = [unit](double number) {
+            double const quotient = number / unit;
+            return std::abs(quotient - std::round(quotient)) < 1e-6;
+        };
+        if (std::all_of(numbers.begin(), numbers.end(), isMultiple))
+            return TickLabels::of(numbers, unit);
+    }
+    return TickLabels::of(numbers, RoundStep{1.0, exponent - most}.times(1.0));
+}
+
+// The powers of ten with these exponents, to four digits.
+std::vector<std::string> shortPowers(std::vector<double> const& exponents)
+{
+    std::vector<double> numbers;
+    for (double const exponent : exponents) {
+        std::array<char, 32> text{};
+        auto const end = std::to_chars(text.data(), text.data() + text.size(), std::pow(10.0, exponent),
+                                       std::chars_format::scientific, 3)
+                             .ptr;
+        double number = 0.0;
+        std::from_chars(text.data(), end, number);
+        numbers.push_back(number);
+    }
+    return TickLabels::exactly(numbers);
+}
+
 } // namespace
 
 AxisTicks AxisTicks::create(double min, double max, int count)
@@ -152,9 +191,21 @@ AxisTicks AxisTicks::logarithmicAlong(double min, double max, double length,
     return ticks;
 }
 
-AxisTicks AxisTicks::powers(double min, double max, int step)
+AxisTicks AxisTicks::ofBands(double min, double max, int bands, bool isLog)
 {
-    return powersOfTen(min, max, {1}, step);
+    double const width = (max - min) / bands;
+    if (isLog && isWhole(min) && isWhole(width))
+        return powersOfTen(min, max, {1}, static_cast<int>(std::lround(width)));
+    AxisTicks const round = isLog ? AxisTicks() : create(min, max, bands);
+    if (round.values.size() == static_cast<std::size_t>(bands) + 1 && round.values.front() == min)
+        return round;
+    AxisTicks borders;
+    for (int n = 0; n <= bands; ++n) {
+        double const share = static_cast<double>(n) / bands;
+        borders.values.push_back((1.0 - share) * min + share * max);
+    }
+    borders.labels = isLog ? shortPowers(borders.values) : shortNumbers(borders.values, width);
+    return borders;
 }
 
 } // namespace veldraw::app

@@ -26,8 +26,9 @@ struct AxisTicks
     static AxisTicks logarithmicAlong(double min, double max, double length,
                                       std::function<double(std::string const&)> const& roomOf);
 
-    /// Every @p step -th power of ten within logarithmic limits, whatever room there is; values and labels as above.
-    static AxisTicks powers(double min, double max, int step);
+    /// The borders of bands of equal width.
+    /// @param isLog the limits are common logarithms, and so are the values of the ticks; their labels are the numbers
+    static AxisTicks ofBands(double min, double max, int bands, bool isLog);
 };
 
 } // namespace veldraw::app

@@ -42,14 +42,15 @@ vtkStandardNewMacro(ColourLegend)
     m_labelText->SetVerticalJustificationToCentered();
 }
 
-void ColourLegend::show(QString const& name, double min, double max, int bands, bool isLog)
+void ColourLegend::show(QString const& name, FieldLook const& look)
 {
     m_isShown = true;
     m_name = name;
-    m_min = min;
-    m_max = max;
-    m_bands = bands;
-    m_isLog = isLog;
+    m_min = look.contourMin;
+    m_max = look.contourMax;
+    m_bands = look.contourBands;
+    m_isLog = look.isLog;
+    m_map = look.contourMap;
     colourBar();
 }
 
@@ -61,7 +62,7 @@ void ColourLegend::hide()
 // One colour a row, from the bottom up.
 void ColourLegend::colourBar()
 {
-    auto const table = ColourMap::create(0.0, 1.0, m_bands);
+    auto const table = ColourMap::create(0.0, 1.0, m_bands, m_map);
     // Bands have many rows, as the picture is smoothed between the middles of rows when it is drawn larger.
     constexpr int rowsOfBand = 64;
     int const colours = isOneValue() ? 1 : static_cast<int>(table->GetNumberOfTableValues());
@@ -90,9 +91,7 @@ AxisTicks ColourLegend::ticksFor(double barHeight) const
 // The borders of the bands, or every second or third where they are too near to each other for their numbers.
 AxisTicks ColourLegend::ticksOfBands(double barHeight) const
 {
-    int const powersOfBand = static_cast<int>(std::lround((m_max - m_min) / m_bands));
-    AxisTicks const all =
-        m_isLog ? AxisTicks::powers(m_min, m_max, powersOfBand) : AxisTicks::create(m_min, m_max, m_bands);
+    AxisTicks const all = AxisTicks::ofBands(m_min, m_max, m_bands, m_isLog);
     auto const step =
         static_cast<std::size_t>(std::max(1.0, std::ceil(betweenBands * m_bands / std::max(barHeight, 1.0))));
     AxisTicks shown;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/plot/AxisTicks.h"
+#include "app/plot/FieldLook.h"
 
 #include <QRectF>
 #include <QSizeF>
@@ -21,9 +22,8 @@ class ColourLegend : public vtkContextItem
 public:
     vtkTypeMacro(ColourLegend, vtkContextItem) static ColourLegend* New();
 
-    /// @param bands of one colour each, with their borders for numbers; 0 for smooth colours
-    /// @param isLog the limits are common logarithms of what the numbers tell, and so are the places of the ticks
-    void show(QString const& name, double min, double max, int bands = 0, bool isLog = false);
+    /// Shows the colours of a plot, with the borders of its bands or round numbers.
+    void show(QString const& name, FieldLook const& look);
     void hide();
     bool isShown() const { return m_isShown; }
 
@@ -65,6 +65,7 @@ private:
     double m_max = 0.0;
     int m_bands = 0;
     bool m_isLog = false;
+    kernel::ColourMapKind m_map = kernel::ColourMapKind::Viridis;
     double m_ratio = 1.0;
     QRectF m_bar; // empty: there is no room
     double m_top = 0.0;

@@ -21,13 +21,22 @@ kernel::ValueRange logarithmsOf(kernel::ValueRange const& range)
     return {range.state, range.min > 0.0 ? std::log10(range.min) : lowest, std::log10(range.max)};
 }
 
+// As they are typed, or those of the values, without the outermost ones if they are left out.
+kernel::ValueRange logarithmicLimits(kernel::Frame const& frame, std::vector<int> const& zones, int variable)
+{
+    kernel::ContourColours const& colours = frame.contourColours;
+    if (!colours.isFixed)
+        return ContourRange::positive(*frame.dataSet, zones, variable, frame.contourWithoutEnds);
+    return colours.min > 0.0 ? kernel::ValueRange{kernel::ValueRange::State::Exact, colours.min, colours.max}
+                             : kernel::ValueRange{};
+}
+
 // Gives the limits of the colours, and in ends those of all values, both as logarithms for logarithmic colours.
 kernel::ValueRange limitsOf(FieldLook& look, kernel::Frame const& frame, std::vector<int> const& zones, int variable,
                             kernel::ValueRange& ends)
 {
     if (frame.contourLog) {
-        kernel::ValueRange const above =
-            ContourRange::positive(*frame.dataSet, zones, variable, frame.contourWithoutEnds);
+        kernel::ValueRange const above = logarithmicLimits(frame, zones, variable);
         look.isLog = above.isValid() && above.min < above.max;
         look.isLogRefused = !look.isLog;
         look.hasUncoloured = look.isLog && ends.min <= 0.0;
@@ -36,7 +45,24 @@ kernel::ValueRange limitsOf(FieldLook& look, kernel::Frame const& frame, std::ve
             return logarithmsOf(above);
         }
     }
+    kernel::ContourColours const& colours = frame.contourColours;
+    if (colours.isFixed)
+        return {kernel::ValueRange::State::Exact, colours.min, colours.max};
     return frame.contourWithoutEnds ? ContourRange::withoutEnds(*frame.dataSet, zones, variable) : ends;
+}
+
+// Between round numbers, which may lie beyond limits that are not typed, or as many bands as are wanted between the limits.
+void setBands(FieldLook& look, int levels)
+{
+    constexpr int usual = 10;
+    ContourBands bands = look.isLog ? ContourBands::ofPowers(look.contourMin, look.contourMax)
+                                    : ContourBands::over(look.contourMin, look.contourMax);
+    bool const areWider = bands.min < look.contourMin || bands.max > look.contourMax;
+    if (bands.count > 0 && (levels > 0 || (look.isFixed && areWider)))
+        bands = {look.contourMin, look.contourMax, levels > 0 ? levels : usual};
+    look.contourMin = bands.min;
+    look.contourMax = bands.max;
+    look.contourBands = bands.count;
 }
 
 } // namespace
@@ -53,14 +79,13 @@ void ContourFlood::set(FieldLook& look, kernel::Frame const& frame, std::vector<
     look.contourVariable = variable;
     look.contourMin = flood.min;
     look.contourMax = flood.max;
-    if (frame.contourInBands) {
-        ContourBands const bands =
-            look.isLog ? ContourBands::ofPowers(flood.min, flood.max) : ContourBands::over(flood.min, flood.max);
-        look.contourMin = bands.min;
-        look.contourMax = bands.max;
-        look.contourBands = bands.count;
-    }
-    look.withoutEnds = frame.contourWithoutEnds && (ends.min < look.contourMin || ends.max > look.contourMax);
+    look.contourMap = frame.contourColours.map;
+    look.isFixed = frame.contourColours.isFixed;
+    if (frame.contourInBands)
+        setBands(look, frame.contourColours.levels);
+    bool const isBeyond = ends.min < look.contourMin || ends.max > look.contourMax;
+    look.withoutEnds = frame.contourWithoutEnds && !look.isFixed && isBeyond;
+    look.isBeyond = look.isFixed && isBeyond;
 }
 
 QStringList ContourFlood::remarks(FieldLook const& look)
@@ -69,9 +94,13 @@ QStringList ContourFlood::remarks(FieldLook const& look)
     QStringList remarks;
     if (look.withoutEnds)
         remarks << tr("Colours without the outermost values");
+    if (look.isBeyond)
+        remarks << tr("Values beyond the typed range have the colours of its ends");
     if (look.hasUncoloured)
         remarks << tr("No colour for values of 0 and below");
-    if (look.isLogRefused)
+    if (look.isLogRefused && look.isFixed)
+        remarks << tr("Colours not logarithmic, as the typed range is not above 0");
+    else if (look.isLogRefused)
         remarks << tr("Colours not logarithmic, as no two different values above 0 are known");
     return remarks;
 }

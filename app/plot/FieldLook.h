@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/plot/PlotSpace.h"
+#include "kernel/frames/ContourColours.h"
 
 #include <array>
 
@@ -14,10 +15,14 @@ struct FieldLook
     int contourVariable = 0;   ///< 0 = no flood
     double contourMin = 0.0;   ///< common limits of the flood, logarithms for a logarithmic one
     double contourMax = 0.0;
-    int contourBands = 0;       ///< of equal width between the limits; 0 for smooth colours
-    bool withoutEnds = false;   ///< values lie beyond the limits, on purpose
-    bool isLog = false;         ///< colours go by the common logarithm; there is none for values of 0 and below
-    bool isLogRefused = false;  ///< they should, but no two different values above 0 are known
+    int contourBands = 0; ///< of equal width between the limits; 0 for smooth colours
+    kernel::ColourMapKind contourMap = kernel::ColourMapKind::Viridis;
+    bool withoutEnds = false; ///< values lie beyond the limits, as the outermost ones are left out
+    bool isBeyond = false;    ///< values lie beyond limits that were typed
+    bool isLog = false;       ///< colours go by the common logarithm; there is none for values of 0 and below
+    bool isLogRefused =
+        false;            ///< they should, but there are no two different values above 0, or limits are not above 0
+    bool isFixed = false; ///< the limits were typed
     bool hasUncoloured = false; ///< logarithmic colours, and values of 0 or below
     bool mesh = false;
     bool inSpace = false; ///< lit surfaces in three dimensions

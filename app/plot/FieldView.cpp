@@ -335,7 +335,7 @@ bool FieldView::dependsOn(kernel::Frame const& frame, int variable) const
 void FieldView::updateLegend(QString const& name)
 {
     if (hasFlood())
-        m_legend->show(name, m_look.contourMin, m_look.contourMax, m_look.contourBands, m_look.isLog);
+        m_legend->show(name, m_look);
     else
         m_legend->hide();
 }

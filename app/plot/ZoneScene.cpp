@@ -114,18 +114,19 @@ bool ZoneScene::tryToShow(kernel::DataSet const& dataSet, Items const& items, Fi
         drawing->colour(dataSet, item.zone, look);
         m_drawings.push_back(std::move(drawing));
     }
-    showColours(look.contourBands);
+    showColours(look);
     updateBatches(look.mesh);
     return isComplete;
 }
 
 // All batches have this one table.
-void ZoneScene::showColours(int bands)
+void ZoneScene::showColours(FieldLook const& look)
 {
-    if (bands == m_bands)
+    if (look.contourBands == m_bands && look.contourMap == m_map)
         return;
-    m_colours->DeepCopy(ColourMap::create(0.0, 1.0, bands));
-    m_bands = bands;
+    m_colours->DeepCopy(ColourMap::create(0.0, 1.0, look.contourBands, look.contourMap));
+    m_bands = look.contourBands;
+    m_map = look.contourMap;
 }
 
 // A cut through a zone keeps its identifier as long as it is shown.

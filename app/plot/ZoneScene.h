@@ -68,13 +68,14 @@ private:
                                                   Geometries const& known, ById& drawn);
     void nameCuts(kernel::DataSet const& dataSet, Items const& items);
     kernel::UniqueId idOf(kernel::DataSet const& dataSet, Item const& item) const;
-    void showColours(int bands);
+    void showColours(FieldLook const& look);
     void updateBatches(bool mesh);
     void orderActors(std::vector<vtkActor*> const& actors);
 
     vtkRenderer& m_stage;
-    vtkSmartPointer<vtkLookupTable> m_colours;                                        // over 0 to 1
-    int m_bands = 0;                                                                  // of these colours, 0: smooth
+    vtkSmartPointer<vtkLookupTable> m_colours; // over 0 to 1
+    int m_bands = 0;                           // of these colours, 0: smooth
+    kernel::ColourMapKind m_map = kernel::ColourMapKind::Viridis;
     std::map<std::pair<kernel::UniqueId, kernel::UniqueId>, kernel::UniqueId> m_cuts; // of zones and cuts
     Drawings m_drawings;                                                              // in the order of the zones
     Batches m_batches;                                                                // by the first zone of each

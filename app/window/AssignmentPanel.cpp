@@ -1,12 +1,16 @@
 #include "app/window/AssignmentPanel.h"
 
+#include "app/window/ContourBox.h"
 #include "kernel/operations/LineMapOperation.h"
+#include "kernel/operations/SetContourColours.h"
 #include "kernel/operations/SetPlotType.h"
 #include "platform/vdsdkcommon/AppLock.h"
 
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 namespace veldraw::app {
@@ -34,15 +38,27 @@ AssignmentPanel::AssignmentPanel(kernel::Session& session, QWidget* parent)
     , m_notice(new QLabel)
     , m_fieldGroup(makeFieldGroup())
     , m_lineGroup(makeLineGroup())
+    , m_contour(new ContourBox)
+    , m_area(new QScrollArea)
     , m_follower(session, [this] { refresh(); })
 {
     m_notice->setWordWrap(true);
     m_notice->setEnabled(false);
-    auto* const layout = new QVBoxLayout(this);
+    auto* const content = new QWidget;
+    auto* const layout = new QVBoxLayout(content);
     layout->addWidget(m_notice);
     layout->addWidget(m_fieldGroup);
     layout->addWidget(m_lineGroup);
+    layout->addWidget(m_contour);
     layout->addStretch();
+    m_area->setWidget(content);
+    m_area->setWidgetResizable(true); // scrolls where the window is low
+    m_area->setFrameShape(QFrame::NoFrame);
+    m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    auto* const whole = new QVBoxLayout(this);
+    whole->setContentsMargins(0, 0, 0, 0);
+    whole->addWidget(m_area);
+    connect(m_contour, &ContourBox::chosen, this, &AssignmentPanel::chooseColours);
     refresh();
 }
 
@@ -89,6 +105,7 @@ void AssignmentPanel::takeFocus()
 {
     NumberChooser* const first = m_fieldGroup->isHidden() ? m_lineZone : m_assignments.at('X');
     first->setFocus(Qt::ShortcutFocusReason);
+    m_area->ensureWidgetVisible(first);
 }
 
 NumberChooser::Choices AssignmentPanel::variableChoices(kernel::Session const& session, QString const& firstText)
@@ -113,6 +130,7 @@ void AssignmentPanel::refresh()
     bool const isLine = hasData && frame->plotType == PlotType_XYLine;
     m_fieldGroup->setVisible(isField);
     m_lineGroup->setVisible(isLine);
+    m_contour->setVisible(isField);
     m_notice->setVisible(!isField && !isLine);
     m_notice->setText(hasData ? QStringLiteral("This plot type shows no variables.")
                               : QStringLiteral("The active frame has no data. Open a file to plot it."));
@@ -120,6 +138,8 @@ void AssignmentPanel::refresh()
         refreshField(*frame);
     if (isLine)
         refreshLine(*frame);
+    m_area->setMinimumWidth(m_area->widget()->minimumSizeHint().width() +
+                            m_area->verticalScrollBar()->sizeHint().width());
 }
 
 void AssignmentPanel::refreshField(kernel::Frame const& frame)
@@ -132,6 +152,7 @@ void AssignmentPanel::refreshField(kernel::Frame const& frame)
         chooser->setVisible(isUsed);
         m_labels.at(assignment)->setVisible(isUsed);
     }
+    m_contour->show(frame);
 }
 
 void AssignmentPanel::refreshLine(kernel::Frame const& frame)
@@ -155,6 +176,17 @@ void AssignmentPanel::assign(char assignment, int variable)
         m_follower.schedule();
         Q_EMIT editRefused();
     }
+}
+
+void AssignmentPanel::chooseColours(kernel::ContourColours const& colours)
+{
+    auto const frame = m_session.activeFrame();
+    if (!frame || sdk::AppLock::depth() > 0)
+        return;
+    sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
+    if (!m_session.perform(kernel::SetContourColours(frame->id, colours)))
+        Q_EMIT editRefused();
+    m_follower.schedule(); // limits that were typed may be those that are shown already
 }
 
 void AssignmentPanel::assignLine()

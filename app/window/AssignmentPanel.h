@@ -9,8 +9,11 @@
 
 class QGroupBox;
 class QLabel;
+class QScrollArea;
 
 namespace veldraw::app {
+
+class ContourBox;
 
 /// What the "Plot" dock shows: which variables stand on the axes, make up the vector and colour the contours of a field plot,
 /// and zone and variables of a line plot. It shows the part that the active frame's plot type uses.
@@ -43,6 +46,7 @@ private:
     void refreshLine(kernel::Frame const& frame);
     void assign(char assignment, int variable);
     void assignLine();
+    void chooseColours(kernel::ContourColours const& colours);
 
     kernel::Session& m_session;
     QLabel* m_notice;
@@ -53,6 +57,8 @@ private:
     NumberChooser* m_lineY = nullptr;
     QGroupBox* m_fieldGroup;
     QGroupBox* m_lineGroup;
+    ContourBox* m_contour;
+    QScrollArea* m_area;
     SessionFollower m_follower;
 };
 

@@ -3,6 +3,7 @@
 #include "kernel/base/Identifier.h"
 #include "kernel/data/AuxiliaryData.h"
 #include "kernel/data/DataSet.h"
+#include "kernel/frames/ContourColours.h"
 #include "kernel/frames/Cut.h"
 #include "kernel/frames/LineMap.h"
 
@@ -70,14 +71,15 @@ struct Frame
     bool contourWithoutEnds; ///< of field plots: the colours leave out the outermost values (see ContourRange)
     bool contourLog;         ///< of field plots: equal ratios of the contour variable are equal steps of colour
     bool showMesh;
-    bool showCuts;             ///< of field plots: cuts are seen, in the place of the outer surfaces of volumes
-    bool stretchAxes;          ///< of field plots: each axis has a scale of its own, so that they fill the frame
-    bool showLines;            ///< of line plots
-    bool showSymbols;          ///< of line plots
-    bool logX;                 ///< of line plots: the horizontal axis is logarithmic
-    bool logY;                 ///< of line plots: the vertical one
-    double solutionTime = 0.0; ///< of field plots: the moment at which strands are seen (see zonesAt()), finite
-    std::vector<Cut> cuts;     ///< of field plots
+    bool showCuts;                 ///< of field plots: cuts are seen, in the place of the outer surfaces of volumes
+    bool stretchAxes;              ///< of field plots: each axis has a scale of its own, so that they fill the frame
+    bool showLines;                ///< of line plots
+    bool showSymbols;              ///< of line plots
+    bool logX;                     ///< of line plots: the horizontal axis is logarithmic
+    bool logY;                     ///< of line plots: the vertical one
+    ContourColours contourColours; ///< of field plots
+    double solutionTime = 0.0;     ///< of field plots: the moment at which strands are seen (see zonesAt()), finite
+    std::vector<Cut> cuts;         ///< of field plots
     std::vector<LineMap> lineMaps;
     AuxiliaryData auxiliaryData;
 };

@@ -3,6 +3,7 @@
 #include "kernel/frames/Pages.h"
 #include "kernel/frames/PlotOption.h"
 #include "kernel/operations/Operation.h"
+#include "kernel/style/ContourColoursItem.h"
 #include "kernel/style/CutStyleItem.h"
 #include "kernel/style/LineMapStyleItem.h"
 #include "kernel/style/PlotOptionItem.h"
@@ -73,6 +74,9 @@ void StyleTree::addFrameItems()
     }
     add(std::make_unique<SolutionTimeItem>(m_pages, m_performer));
     for (std::unique_ptr<StyleItem>& item : CutStyleItem::all(m_pages, m_performer)) {
+        add(std::move(item));
+    }
+    for (std::unique_ptr<StyleItem>& item : ContourColoursItem::all(m_pages, m_performer)) {
         add(std::move(item));
     }
 }

@@ -2,6 +2,7 @@
 #include "kernel/operations/AddFrame.h"
 #include "kernel/operations/LineMapOperation.h"
 #include "kernel/operations/RenameFrame.h"
+#include "kernel/operations/SetContourColours.h"
 #include "kernel/operations/SetPlotType.h"
 #include "kernel/operations/SetSolutionTime.h"
 #include "operations/entries/Entries.h"
@@ -56,6 +57,21 @@ bool setPlotOption(Arguments const& arguments)
 {
     kernel::PlotOption const& option = kernel::plotOptions()[static_cast<std::size_t>(arguments.choice("option"))];
     return session().perform(kernel::SetPlotOption(frame().id, option.member, arguments.flag("on")));
+}
+
+bool setContourColours(Arguments const& arguments)
+{
+    if (arguments.has("min") != arguments.has("max"))
+        throw std::runtime_error("A contour has both limits or none.");
+    kernel::ContourColours colours;
+    if (arguments.has("min")) {
+        colours.min = arguments.real("min");
+        colours.max = arguments.real("max");
+    }
+    colours.isFixed = arguments.has("range") ? arguments.choice("range") == 1 : arguments.has("min");
+    colours.levels = arguments.number("levels");
+    colours.map = static_cast<kernel::ColourMapKind>(arguments.choice("map"));
+    return session().perform(kernel::SetContourColours(frame().id, colours));
 }
 
 bool setLinePlot(Arguments const& arguments)
@@ -134,8 +150,32 @@ Parameter inches(char const* name, char const* sentence)
     return parameter(name, Kind::Real, sentence).in("inches");
 }
 
+void addContours(Registry& registry)
+{
+    registry.add({"set-contour-variable",
+                  "Assign Variable",
+                  "Chooses the variable whose values are shown as colours.",
+                  {parameter("variable", Kind::Variable, "The variable.")},
+                  &setContourVariable});
+    registry.add({"set-contour-colours",
+                  "Contour Colours",
+                  "Chooses the colours of the contour, and the values that they go over.",
+                  {choice("range", {"shown", "fixed"},
+                          "Whether the colours go over the values that are shown, or over min to max; otherwise over "
+                          "min to max if they are given.")
+                       .startingWith(""),
+                   parameter("min", Kind::Real, "The lowest value; otherwise that of what is shown.").startingWith(""),
+                   parameter("max", Kind::Real, "The highest value; otherwise that of what is shown.").startingWith(""),
+                   parameter("levels", Kind::Whole, "The number of bands of a contour in bands; 0 for about ten.")
+                       .within(0, kernel::ContourColours::mostLevels)
+                       .startingWith("0"),
+                   choice("map", kernel::ContourColours::mapWords(), "The colours.").startingWith("viridis")},
+                  &setContourColours});
+}
+
 void addPlots(Registry& registry)
 {
+    addContours(registry);
     registry.add({"set-plot-type",
                   "Plot Type",
                   "Chooses what the active frame shows.",
@@ -147,11 +187,6 @@ void addPlots(Registry& registry)
                   {choice("to", {"X", "Y", "Z", "U", "V", "W", "C"}, "The axis, component, or C for the contour."),
                    parameter("variable", Kind::Variable, "The variable; otherwise none.").startingWith("")},
                   &assignVariable});
-    registry.add({"set-contour-variable",
-                  "Assign Variable",
-                  "Chooses the variable whose values are shown as colours.",
-                  {parameter("variable", Kind::Variable, "The variable.")},
-                  &setContourVariable});
     registry.add(
         {"set-plot-option",
          "Plot Option",

@@ -256,6 +256,12 @@ TEST_F(KernelOperationsTest, ChangeWhatAFrameShows)
     EXPECT_EQ(0, VelUtilVarGetNumByAssignment('U'));
     expectDone("set-plot-option option=FieldLayers/ShowMesh on=yes");
     EXPECT_TRUE(session().activeFrame()->showMesh);
+    expectDone("set-contour-colours min=-1 max=0.5 levels=8 map=cool-to-warm");
+    kernel::ContourColours const wanted{true, -1.0, 0.5, 8, kernel::ColourMapKind::CoolToWarm};
+    EXPECT_TRUE(session().activeFrame()->contourColours == wanted);
+    EXPECT_EQ("A contour has both limits or none.", run("set-contour-colours min=1").text);
+    expectDone("set-contour-colours");
+    EXPECT_TRUE(session().activeFrame()->contourColours == kernel::ContourColours());
     expectDone("set-solution-time time=2.5");
     EXPECT_EQ(2.5, session().activeFrame()->solutionTime);
     expectDone("set-plot-type type=line");
@@ -318,6 +324,7 @@ TEST_F(KernelOperationsTest, AreRecordedAsCommandsThatGiveTheSameBits)
           "set-contour-variable variable=q",
           "assign-variable to=U",
           "set-plot-option option=FieldLayers/ShowMesh on=yes",
+          "set-contour-colours min=-1.5 max=0.1 levels=7 map=inferno",
           "rename-frame name=\"\"",
           "move-frame x=1 y=1.5 width=3 height=2",
           "triangulate zones=1 keep-factor=0.1",

@@ -1,9 +1,11 @@
 #include "app/plot/ContourFlood.h"
 
 #include "app/plot/ColourLegend.h"
+#include "app/plot/ColourMap.h"
 #include "app/plot/ContourBands.h"
 #include "app/plot/ContourRange.h"
 #include "app/plot/PlotTheme.h"
+#include "kernel/operations/SetContourColours.h"
 #include "kernel/operations/SetPlotType.h"
 #include "tests/app/support/PlotTestPage.h"
 #include "tests/app/support/SampleData.h"
@@ -59,6 +61,11 @@ protected:
     {
         return m_page.session().perform(kernel::SetPlotOption(m_page.frame().id, option, value));
     }
+    bool colour(kernel::ContourColours const& colours)
+    {
+        return m_page.session().perform(kernel::SetContourColours(m_page.frame().id, colours));
+    }
+    bool fix(double min, double max) { return colour({true, min, max, 0, kernel::ColourMapKind::Viridis}); }
     QString remark()
     {
         m_page.picture();
@@ -66,6 +73,22 @@ protected:
     }
 
     PlotTestPage m_page;
+};
+
+class ColumnsFromZeroToOne : public LogarithmicFlood
+{
+protected:
+    ColumnsFromZeroToOne()
+        : LogarithmicFlood(evenly())
+    {
+    }
+    static std::vector<double> evenly()
+    {
+        std::vector<double> values;
+        for (int n = 0; n < columns; ++n)
+            values.push_back(n / (columns - 1.0));
+        return values;
+    }
 };
 
 class FloodFromBelowZero : public LogarithmicFlood
@@ -146,6 +169,107 @@ TEST_F(FloodBelowZero, SaysWhyItIsNotLogarithmic)
     EXPECT_EQ(remark(), QStringLiteral("Colours not logarithmic, as no two different values above 0 are known"));
     EXPECT_EQ(m_page.field().legend().min(), -9.0);
     EXPECT_EQ(m_page.field().legend().max(), -2.0);
+}
+
+TEST_F(LogarithmicFlood, GoesOverALimitedRangeThatWasTyped)
+{
+    ASSERT_TRUE(fix(1.0, 100.0));
+    ASSERT_TRUE(set(&Frame::contourLog, true));
+    app::ColourLegend const& legend = m_page.field().legend();
+    m_page.plot(0, "contour-logarithmic-fixed");
+    EXPECT_EQ(legend.min(), 0.0);
+    EXPECT_EQ(legend.max(), 2.0);
+    EXPECT_EQ(remark(), QStringLiteral("Values beyond the typed range have the colours of its ends"));
+    ASSERT_TRUE(fix(0.0, 100.0));
+    EXPECT_EQ(remark(), QStringLiteral("Values beyond the typed range have the colours of its ends; "
+                                       "Colours not logarithmic, as the typed range is not above 0"));
+    EXPECT_EQ(legend.min(), 0.0);
+    EXPECT_EQ(legend.max(), 100.0);
+}
+
+TEST_F(LogarithmicFlood, HasAsManyLevelsAsAreWanted)
+{
+    ASSERT_TRUE(set(&Frame::contourLog, true));
+    ASSERT_TRUE(set(&Frame::contourInBands, true));
+    ASSERT_TRUE(colour({false, 0.0, 1.0, 4, kernel::ColourMapKind::Viridis}));
+    m_page.plot();
+    EXPECT_THAT(m_page.field().legend().ticks().labels, ElementsAre("0.01", "0.3162", "10", "316.2", "10000"));
+}
+
+TEST_F(ColumnsFromZeroToOne, HaveTheColourOfTheirShareOfTheTypedRange)
+{
+    ASSERT_TRUE(fix(0.5, 1.5));
+    QImage const plot = m_page.plot(0, "contour-fixed");
+    EXPECT_EQ(m_page.field().legend().min(), 0.5);
+    EXPECT_EQ(m_page.field().legend().max(), 1.5);
+    double rgb[3];
+    app::ColourMap::create(0.0, 1.0)->GetColor(0.5, rgb);
+    int const middle = PlotTestPage::pixelsNear(plot, QColor::fromRgbF(rgb[0], rgb[1], rgb[2]), 6);
+    EXPECT_GT(middle, 500) << "at the right end";
+    app::ColourMap::create(0.0, 1.0)->GetColor(0.0, rgb);
+    EXPECT_GT(PlotTestPage::pixelsNear(plot, QColor::fromRgbF(rgb[0], rgb[1], rgb[2]), 6), 20000) << "the left half";
+    app::ColourMap::create(0.0, 1.0)->GetColor(0.8, rgb);
+    EXPECT_LT(PlotTestPage::pixelsNear(plot, QColor::fromRgbF(rgb[0], rgb[1], rgb[2]), 3), 300) << "the legend alone";
+    EXPECT_EQ(remark(), QStringLiteral("Values beyond the typed range have the colours of its ends"));
+    ASSERT_TRUE(fix(0.0, 1.0));
+    EXPECT_EQ(remark(), QString());
+    ASSERT_TRUE(m_page.session().perform(kernel::SetPlotOption(m_page.frame().id, &Frame::contourWithoutEnds, true)));
+    EXPECT_EQ(remark(), QString()) << "a range that is typed leaves out nothing else";
+    EXPECT_EQ(m_page.field().legend().min(), 0.0);
+}
+
+TEST_F(ColumnsFromZeroToOne, HaveBandsBetweenTypedLimits)
+{
+    ASSERT_TRUE(set(&Frame::contourInBands, true));
+    auto const labels = [this] {
+        m_page.plot();
+        return m_page.field().legend().ticks().labels;
+    };
+    ASSERT_TRUE(colour({true, 0.0, 1.0, 4, kernel::ColourMapKind::Viridis}));
+    EXPECT_THAT(labels(), ElementsAre("0.00", "0.25", "0.50", "0.75", "1.00"));
+    ASSERT_TRUE(colour({true, 0.0, 1.0, 7, kernel::ColourMapKind::Viridis}));
+    EXPECT_THAT(labels(), ElementsAre("0.000", "0.143", "0.286", "0.429", "0.571", "0.714", "0.857", "1.000"));
+    ASSERT_TRUE(colour({true, 0.1, 0.9, 0, kernel::ColourMapKind::Viridis}));
+    EXPECT_THAT(labels(), ElementsAre("0.1", "0.2", "0.3", "0.4", "0.5", "0.6", "0.7", "0.8", "0.9"));
+    ASSERT_TRUE(colour({true, 0.05, 0.95, 0, kernel::ColourMapKind::Viridis}));
+    EXPECT_THAT(labels(),
+                ElementsAre("0.05", "0.14", "0.23", "0.32", "0.41", "0.50", "0.59", "0.68", "0.77", "0.86", "0.95"));
+    ASSERT_TRUE(colour({true, 0.0, 1.0, 1, kernel::ColourMapKind::Viridis}));
+    EXPECT_THAT(labels(), ElementsAre("0", "1"));
+}
+
+TEST_F(ColumnsFromZeroToOne, HaveTheColoursOfTheMapThatIsChosen)
+{
+    for (int number = 0; number < kernel::colourMapCount; ++number) {
+        auto const map = static_cast<kernel::ColourMapKind>(number);
+        ASSERT_TRUE(colour({false, 0.0, 1.0, 0, map}));
+        QImage const plot = m_page.plot(0, "contour-map-" + std::to_string(number));
+        for (double const share : {0.0, 0.25, 0.5, 1.0}) {
+            double rgb[3];
+            app::ColourMap::create(0.0, 1.0, 0, map)->GetColor(share, rgb);
+            QColor const wanted = QColor::fromRgbF(rgb[0], rgb[1], rgb[2]);
+            EXPECT_GT(PlotTestPage::pixelsNear(plot, wanted, 8), 500) << number << ' ' << share;
+        }
+    }
+}
+
+TEST(ColourMaps, BeginAndEndWithTheirColours)
+{
+    auto const end = [](int map, double share) {
+        double rgb[3];
+        app::ColourMap::create(0.0, 1.0, 0, static_cast<kernel::ColourMapKind>(map))->GetColor(share, rgb);
+        return QColor::fromRgbF(rgb[0], rgb[1], rgb[2]).name().toStdString();
+    };
+    EXPECT_EQ(end(0, 0.0), "#440154");
+    EXPECT_EQ(end(0, 1.0), "#fde725");
+    EXPECT_EQ(end(1, 0.0), "#000004");
+    EXPECT_EQ(end(1, 1.0), "#fcffa4");
+    EXPECT_EQ(end(2, 0.0), "#3b4cc0");
+    EXPECT_EQ(end(2, 1.0), "#b40426");
+    EXPECT_EQ(end(3, 0.0), "#0000ff");
+    EXPECT_EQ(end(3, 1.0), "#ff0000");
+    EXPECT_EQ(end(4, 0.0), "#1a1a1a");
+    EXPECT_EQ(end(4, 1.0), "#f2f2f2");
 }
 
 TEST(RangeAboveZero, HasTheLowestAndHighestOfThousandsOfValuesAboveZero)

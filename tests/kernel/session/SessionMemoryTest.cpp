@@ -17,6 +17,7 @@
 #include "kernel/operations/RenameZone.h"
 #include "kernel/operations/RotateZones.h"
 #include "kernel/operations/SetAuxiliaryItem.h"
+#include "kernel/operations/SetContourColours.h"
 #include "kernel/operations/SetPlotType.h"
 #include "kernel/operations/SetSolutionTime.h"
 #include "kernel/operations/SetValue.h"
@@ -328,6 +329,12 @@ TEST(WithoutMemory, LineMapsAndStyleAreChangedWhollyOrNotAtAll)
                   return stage.session.perform(SetPlotOption(stage.frame->id, &Frame::showMesh, true));
               }),
               4);
+    EXPECT_GE(sweepMemory([](Stage& stage) {
+                  ContourColours colours;
+                  colours.levels = 7;
+                  return stage.session.perform(SetContourColours(stage.frame->id, colours));
+              }),
+              3);
 }
 
 TEST(WithoutMemory, SlicesAreChangedWhollyOrNotAtAll)

@@ -35,6 +35,9 @@ void addFrame(std::ostream& out, Frame const& frame)
     out << ' ' << frame.contourVariable << ' ' << frame.showContour << frame.contourInBands << frame.contourWithoutEnds
         << frame.contourLog << frame.showMesh << frame.showCuts << frame.stretchAxes << frame.showLines
         << frame.showSymbols << frame.logX << frame.logY << ' ' << frame.solutionTime << '\n';
+    ContourColours const& colours = frame.contourColours;
+    out << "colours " << colours.isFixed << ' ' << colours.min << ' ' << colours.max << ' ' << colours.levels << ' '
+        << static_cast<int>(colours.map) << '\n';
     for (Cut const& cut : frame.cuts) {
         out << "cut " << cut.id << ' ' << static_cast<int>(cut.kind) << ' ' << cut.position << ' ' << cut.normal[0]
             << ' ' << cut.normal[1] << ' ' << cut.normal[2] << ' ' << cut.origin[0] << ' ' << cut.origin[1] << ' '

@@ -4,6 +4,7 @@
 #include "python/Failure.h"
 #include "python/ProgramSession.h"
 #include "python/ThingHandle.h"
+#include "python/ValueWriting.h"
 #include "python/Values.h"
 
 #include <pybind11/stl.h>
@@ -144,7 +145,16 @@ void addZone(py::module_& module)
         .def(
             "__getitem__",
             [](ZoneHandle const& self, py::object const& variable) { return Values(self, variableOf(self, variable)); },
-            py::arg("variable"), "The values of a variable, by its number, its name or itself.");
+            py::arg("variable"), "The values of a variable, by its number, its name or itself.")
+        .def(
+            "writing",
+            [](ZoneHandle const& self, py::object const& variable, bool isShared) {
+                return ValueWriting(Values(self, variableOf(self, variable)), isShared);
+            },
+            py::arg("variable"), py::kw_only(), py::arg("shared") = false,
+            "For a with statement: an array that can be written to, whose values become those of the zone, as one "
+            "step, "
+            "when the statement ends.\n\nshared: whether zones that share the values get the new ones too.");
 }
 
 std::vector<std::shared_ptr<kernel::DataSet>> shownDataSets()

@@ -5,6 +5,7 @@
 #include "python/Failure.h"
 #include "python/OperationFunctions.h"
 #include "python/ProgramSession.h"
+#include "python/ValueWriting.h"
 #include "python/Values.h"
 
 #include <filesystem>
@@ -80,6 +81,7 @@ PYBIND11_MODULE(veldraw, module)
         "Something was refused or has failed, for the reason in its text. Nothing has changed then.";
     addDataClasses(module);
     addValues(module);
+    addValueWriting(module);
     addFunctions(module);
     addOperations(module);
 }

@@ -164,7 +164,7 @@ void loadValues(kernel::DataSet const& dataSet, int zone, int variable)
     if (dataSet.field(zone, variable)->isLoaded())
         return;
     sdk::AppLock const unrecorded(sdk::AppLock::DoNotRecord);
-    kernel::LoadVariables loading(dataSet, {zone}, {variable});
+    kernel::LoadVariables loading(dataSet, {zone}, {variable}, kernel::LoadVariables::Ranges::Left);
     perform(loading);
 }
 

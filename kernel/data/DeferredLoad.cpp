@@ -66,7 +66,9 @@ void DeferredLoad::load(Progress& progress)
     for (Values& values : m_values) {
         if (!values.buffer) {
             std::shared_ptr<Buffer> loaded = loadValues(values, progress);
-            values.range = rangeOf(values, *loaded, progress);
+            if (!m_leavesRanges) {
+                values.range = rangeOf(values, *loaded, progress);
+            }
             values.buffer = std::move(loaded);
         }
     }

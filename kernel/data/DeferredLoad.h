@@ -51,6 +51,9 @@ public:
     /// What load() takes in the place of calling the loaders again; to be there until it has ended.
     void useFetched(FetchedValues const& fetched) { m_fetched = &fetched; }
 
+    /// Has load() leave the ranges of what it loads to whoever asks for them: they are found by going through all values.
+    void leaveRanges() { m_leavesRanges = true; }
+
     /// Loads what is needed. After a failure it can be called again and loads what is still missing.
     /// @throws std::runtime_error with a reason, std::bad_alloc, Interrupted
     void load(Progress& progress);
@@ -118,6 +121,7 @@ private:
 
     DataSet const& m_dataSet;
     FetchedValues const* m_fetched = nullptr;
+    bool m_leavesRanges = false;
     std::vector<Values> m_values; // in the order in which they were added
     std::vector<Size> m_sizes;
     std::vector<Wanted> m_wanted;

@@ -82,8 +82,14 @@ std::vector<FieldReplacement::ZonePart> editedField(ValuePlace const& place, std
 
 BranchEdit::BranchEdit(EventHub& hub, ValuePlace const& place, std::uint64_t bits, std::shared_ptr<Buffer> copy,
                        ZonesAndVariables sharing, StateChangeEvent event)
+    : BranchEdit(hub, editedField(place, bits, std::move(copy)), std::move(sharing), std::move(event))
+{
+}
+
+BranchEdit::BranchEdit(EventHub& hub, std::vector<FieldReplacement::ZonePart> parts, ZonesAndVariables sharing,
+                       StateChangeEvent event)
     : m_hub(hub)
-    , m_replacement(hub, editedField(place, bits, std::move(copy)), std::move(event))
+    , m_replacement(hub, std::move(parts), std::move(event))
     , m_sharing{StateChange_SharingChanged, std::move(sharing.zones), std::move(sharing.variables), {}, 0}
 {
 }

@@ -47,8 +47,8 @@ private:
     StateChangeEvent m_event;
 };
 
-/// Gives one of the fields that share values a copy of its own, with one value changed; reverting it puts the field back on the
-/// shared group.
+/// Gives one of the fields that share values some of its own: a copy with one value changed, or all others. Reverting it puts the field back
+/// on the shared group.
 class BranchEdit : public Change
 {
 public:
@@ -57,6 +57,10 @@ public:
     /// @throws std::bad_alloc
     BranchEdit(EventHub& hub, ValuePlace const& place, std::uint64_t bits, std::shared_ptr<Buffer> copy,
                ZonesAndVariables sharing, StateChangeEvent event);
+
+    /// @param parts with the field that gets values of its own. @throws std::bad_alloc
+    BranchEdit(EventHub& hub, std::vector<FieldReplacement::ZonePart> parts, ZonesAndVariables sharing,
+               StateChangeEvent event);
 
     void apply() noexcept override;
     void revert() noexcept override;

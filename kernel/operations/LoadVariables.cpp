@@ -22,6 +22,9 @@ std::shared_ptr<DeferredLoad> LoadVariables::needs()
             load->addField(zone, variable);
         }
     }
+    if (m_ranges == Ranges::Left) {
+        load->leaveRanges();
+    }
     return load;
 }
 

@@ -26,11 +26,18 @@ protected:
 class LoadVariables : public LoadOperation
 {
 public:
+    enum class Ranges
+    {
+        Computed, ///< so that nobody who shows the values has to wait
+        Left      ///< to whoever asks for them: no value is looked at, and what the loader maps is not read
+    };
+
     /// @param zones, variables one-based numbers
-    LoadVariables(DataSet const& dataSet, NumberSet zones, NumberSet variables)
+    LoadVariables(DataSet const& dataSet, NumberSet zones, NumberSet variables, Ranges ranges = Ranges::Computed)
         : LoadOperation(dataSet)
         , m_zones(std::move(zones))
         , m_variables(std::move(variables))
+        , m_ranges(ranges)
     {
     }
 
@@ -46,6 +53,7 @@ protected:
 private:
     NumberSet m_zones;
     NumberSet m_variables;
+    Ranges m_ranges;
 };
 
 /// Loads variables in zones and makes them the set of wanted variables there, whose values stay loaded.

@@ -668,6 +668,16 @@ TEST_F(LoadOnDemand, RemembersAComputedRangeAfterAnUnload)
     EXPECT_EQ(dataSet->zone(1)->range(1).state, ValueRange::State::Exact);
 }
 
+TEST_F(LoadOnDemand, LooksAtNoValueWhereRangesAreLeftToWhoeverAsks)
+{
+    using Ranges = LoadVariables::Ranges;
+    ASSERT_TRUE(session.perform(LoadVariables(*dataSet, {1}, {1}, Ranges::Computed)));
+    EXPECT_TRUE(field(1, 1).group()->knownRange().isKnown());
+    ASSERT_TRUE(session.perform(LoadVariables(*dataSet, {2}, {1}, Ranges::Left)));
+    EXPECT_FALSE(field(2, 1).group()->knownRange().isKnown());
+    EXPECT_EQ(dataSet->zone(2)->range(1).max, 5);
+}
+
 TEST_F(LoadOnDemand, LoadsWhatARotationNeedsWithinIt)
 {
     ASSERT_TRUE(session.perform(RotateZones(*dataSet, {1}, noVector, aboutZ, 90)));

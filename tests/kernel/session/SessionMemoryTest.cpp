@@ -15,6 +15,7 @@
 #include "kernel/operations/MirrorZones.h"
 #include "kernel/operations/RenameFrame.h"
 #include "kernel/operations/RenameZone.h"
+#include "kernel/operations/ReplaceValues.h"
 #include "kernel/operations/RotateZones.h"
 #include "kernel/operations/SetAuxiliaryItem.h"
 #include "kernel/operations/SetContourColours.h"
@@ -375,6 +376,18 @@ TEST(WithoutMemory, AValueIsSetWhollyOrNotAtAll)
             return stage.session.perform(SetValue(*stage.dataSet, 1, 4, 2, 42.0, branches));
         };
         EXPECT_GE(sweepMemory(set), 4);
+    }
+}
+
+TEST(WithoutMemory, ValuesAreReplacedWhollyOrNotAtAll)
+{
+    for (bool const branches : {false, true}) {
+        auto const replace = [branches](Stage& stage) {
+            Field const& field = *stage.dataSet->field(1, 4);
+            auto const values = Buffer::allocate(field.type(), field.group()->size());
+            return stage.session.perform(ReplaceValues(*stage.dataSet, 1, 4, values, branches));
+        };
+        EXPECT_GE(sweepMemory(replace), 4);
     }
 }
 

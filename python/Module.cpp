@@ -1,6 +1,7 @@
 #include "app/import/child/ReaderProcess.h"
 #include "kernel/base/Parallel.h"
 #include "kernel/session/Session.h"
+#include "python/ArrayImport.h"
 #include "python/DataClasses.h"
 #include "python/Failure.h"
 #include "python/OperationFunctions.h"
@@ -51,8 +52,26 @@ void saveActive(py::object const& file, bool overwrite)
     saveFile(dataSet, py::module_::import("os").attr("fspath")(file).cast<std::string>(), overwrite);
 }
 
+std::shared_ptr<kernel::DataSet> fromArrays(py::dict const& zones, py::dict const& cells, std::string const& title,
+                                            bool inNewFrame)
+{
+    auto dataSet = dataSetOfArrays(zones, cells, title);
+    show(dataSet, inNewFrame);
+    return dataSet;
+}
+
 void addFunctions(py::module_& module)
 {
+    module.def(
+        "from_arrays", &fromArrays, py::arg("zones"), py::kw_only(), py::arg("cells") = py::dict(),
+        py::arg("title") = "", py::arg("new_frames") = false,
+        "Makes a data set of arrays, which are copied.\n\nzones: arrays by the names of variables, by the names of "
+        "zones: {\"Wing\": {\"X\": x, \"p\": p}}. The first array of a zone has a value for each point, the others "
+        "too, or "
+        "one for each cell.\ncells: for zones that are not ordered, what the cells are and an array of their points, "
+        "from 0 on: {\"Wing\": (\"triangles\", array)}. They are \"lines\", \"triangles\", \"quads\", \"tetrahedra\" "
+        "or "
+        "\"bricks\".\ntitle: of the data set.\nnew_frames: whether what is open stays.");
     module.def(
         "open", &openGiven, py::arg("defer") = "auto", py::arg("new_frames") = false, py::arg("follow_paths") = false,
         "Opens files, each in a frame of its own; those that are numbered alike as one transient data set. Returns "

@@ -226,9 +226,12 @@ void show(std::shared_ptr<kernel::DataSet> const& dataSet, bool inNewFrame)
     auto const frame = std::make_shared<kernel::Frame>(dataSet->title(), kernel::Rectangle{});
     frame->dataSet = dataSet;
     carryOut([&] {
-        if (!inNewFrame)
-            return session().openPage({frame});
-        return session().perform(kernel::AddFrame(frame));
+        if (inNewFrame)
+            return session().perform(kernel::AddFrame(frame));
+        bool const isOpen = session().openPage({frame});
+        if (isOpen)
+            session().journal().add("# Data set of arrays", session().pages()); // which no script has
+        return isOpen;
     });
 }
 

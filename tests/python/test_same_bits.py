@@ -45,6 +45,7 @@ CASES = {
     'set_plot_type': (PLANE, {'type': '3d'}),
     'assign_variable': (PLANE, {'to': 'C', 'variable': 'q'}),
     'set_contour_variable': (PLANE, {'variable': 'q'}),
+    'set_contour_colours': (PLANE, {'min': -1 / 3, 'max': 2, 'levels': 7, 'map': 'inferno'}),
     'set_plot_option': (PLANE, {'option': 'FieldLayers/ShowMesh', 'on': True}),
     'set_line_plot': (LINE, {'zone': 1, 'x': 'time', 'y': 'u'}),
     'new_line_map': (LINE, {}),
@@ -63,7 +64,7 @@ BEFORE = {
 # These leave what is saved as it was.
 NO_CHANGE = {'load_variables', 'enable_zone', 'disable_zone', 'enable_variable', 'disable_variable', 'delete_auxiliary_data', 'new_frame',
              'set_frame_data', 'delete_frame', 'activate_frame', 'move_frame', 'rename_frame', 'set_plot_type', 'assign_variable', 'set_title',
-             'set_contour_variable', 'set_plot_option', 'set_line_plot', 'new_line_map', 'delete_line_maps', 'set_solution_time'}
+             'set_contour_variable', 'set_contour_colours', 'set_plot_option', 'set_line_plot', 'new_line_map', 'delete_line_maps', 'set_solution_time'}
 
 
 def written(value):

@@ -34,7 +34,8 @@ void KernelReason::tellFailure(char const* message) const noexcept
     std::optional<MessagePresenter::Details> details;
     try {
         std::string const reason = kernel::Session::instance().lastError();
-        MessageLog::instance().addUnlessJustSaid(MessageBoxType_Error, reason);
+        if (!MessagePresenter::isCapturing())
+            MessageLog::instance().addUnlessJustSaid(MessageBoxType_Error, reason);
         details.emplace(reason);
     } catch (std::bad_alloc const&) {
         // The message is told without a reason; what failed is most likely told for lack of memory.

@@ -29,6 +29,12 @@ std::string& currentDetails()
     return *details;
 }
 
+MessagePresenter::Capture*& currentCapture()
+{
+    static MessagePresenter::Capture* capture = nullptr;
+    return capture;
+}
+
 char const* label(MessageBoxType_e type)
 {
     switch (type) {
@@ -46,6 +52,10 @@ char const* label(MessageBoxType_e type)
 
 void MessagePresenter::present(std::string const& text, MessageBoxType_e type)
 {
+    if (Capture* const capture = currentCapture()) {
+        capture->m_messages.push_back({text, type, details()});
+        return;
+    }
     MessageLog::instance().add(type, text);
     aboutToPresent()();
     if (Presenter const presenter = installedPresenter()) // a copy: a presenter may install another one
@@ -55,6 +65,21 @@ void MessagePresenter::present(std::string const& text, MessageBoxType_e type)
     else
         std::fprintf(stderr, "%s%s%s%s\n", label(type), text.c_str(), details().empty() ? "" : "\n  ",
                      details().c_str());
+}
+
+MessagePresenter::Capture::Capture()
+{
+    currentCapture() = this;
+}
+
+MessagePresenter::Capture::~Capture()
+{
+    currentCapture() = nullptr;
+}
+
+bool MessagePresenter::isCapturing()
+{
+    return currentCapture() != nullptr;
 }
 
 MessagePresenter::Details::Details(std::string text)

@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace veldraw::host {
 
@@ -39,6 +40,33 @@ public:
 
     /// What the message that is being presented has to say more; empty for nothing.
     static std::string const& details();
+
+    struct Message
+    {
+        std::string text;
+        MessageBoxType_e type;
+        std::string details;
+    };
+
+    /// Keeps the messages of its scope: they are neither told nor taken down. One at a time.
+    class VELDRAW_PLATFORM_API Capture
+    {
+    public:
+        Capture();
+        ~Capture();
+
+        /// What has come so far.
+        std::vector<Message> const& messages() const { return m_messages; }
+
+        Capture(Capture const&) = delete;
+        Capture& operator=(Capture const&) = delete;
+
+    private:
+        friend class MessagePresenter;
+        std::vector<Message> m_messages;
+    };
+
+    static bool isCapturing();
 
     /// Replaces the way messages are told; an empty function brings the default back.
     /// @return what was installed before, empty for the default

@@ -54,6 +54,8 @@ AssignmentPanel::AssignmentPanel(kernel::Session& session, QWidget* parent)
     m_area->setWidget(content);
     m_area->setWidgetResizable(true); // scrolls where the window is low
     m_area->setFrameShape(QFrame::NoFrame);
+    m_area->viewport()->setAutoFillBackground(false); // the dock's own is seen
+    content->setAutoFillBackground(false);
     m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     auto* const whole = new QVBoxLayout(this);
     whole->setContentsMargins(0, 0, 0, 0);

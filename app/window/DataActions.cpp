@@ -1,5 +1,6 @@
 #include "app/window/DataActions.h"
 
+#include "app/window/CopyAsCommand.h"
 #include "app/window/DataOperation.h"
 #include "app/window/NewAction.h"
 #include "dialogs/bindings/RelevanceApplier.h"
@@ -31,7 +32,16 @@ void DataActions::open(DataOperation const& operation)
     if (sdk::AppLock::depth() > 0)
         Q_EMIT told(QStringLiteral("Another operation is still running."));
     else
-        operation.dialog(m_window).launch();
+        launch(operation.dialog(m_window));
+}
+
+void DataActions::launch(DialogInterface& dialog)
+{
+    dialog.launch();
+    auto* const widget = dynamic_cast<QWidget*>(&dialog);
+    if (!widget || widget->findChild<CopyAsCommand*>())
+        return;
+    connect(new CopyAsCommand(*widget), &CopyAsCommand::told, this, &DataActions::told);
 }
 
 } // namespace veldraw::app

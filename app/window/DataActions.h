@@ -11,6 +11,10 @@ namespace veldraw::sdk::ui::dialogs::propertybindings {
 class RelevanceApplier;
 }
 
+namespace veldraw {
+class DialogInterface;
+}
+
 namespace veldraw::app {
 
 struct DataOperation;
@@ -35,6 +39,7 @@ Q_SIGNALS:
 
 private:
     void open(DataOperation const& operation);
+    void launch(DialogInterface& dialog);
 
     QWidget& m_window;
     std::vector<QAction*> m_actions;

@@ -1,6 +1,7 @@
 // Operations and other long work.
 #include "kernel/operations/ChangeAfterLoad.h"
 #include "kernel/operations/SetSolutionTime.h"
+#include "kernel/session/Rehearsal.h"
 #include "kernel/session/RoomForValues.h"
 #include "kernel/session/SessionGuard.h"
 #include "kernel/style/StyleTree.h"
@@ -14,6 +15,10 @@ bool Session::perform(Operation& operation) noexcept
     return guarded([&] {
         if (std::string reason = reasonAgainst(operation); !reason.empty()) {
             return refuse(std::move(reason));
+        }
+        if (Rehearsal* const rehearsal = Rehearsal::current()) {
+            rehearsal->note(operation);
+            return refuse(Rehearsal::refusal);
         }
         std::shared_ptr<Journal::Entry> const entry = m_journal.entryFor(operation, m_pages);
         if (operation.isLong()) {

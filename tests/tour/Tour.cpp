@@ -5,6 +5,7 @@
 #include "tests/tour/AxialDuplicationStation.h"
 #include "tests/tour/AxialRotationStation.h"
 #include "tests/tour/CancelledSaveStation.h"
+#include "tests/tour/ContourStation.h"
 #include "tests/tour/DataSetInfoStation.h"
 #include "tests/tour/DeleteVariableStation.h"
 #include "tests/tour/DuplicateZoneStation.h"
@@ -65,6 +66,7 @@ TourReport const& Tour::run()
     LongTableStation(m_tour, m_samples + QStringLiteral("/line.mhd")).run();
     CancelledSaveStation(m_tour, m_out).run();
     SliceStation(m_tour, m_samples + QStringLiteral("/flow.vtm"), m_samples + QStringLiteral("/tetra.vtu")).run();
+    ContourStation(m_tour, m_samples + QStringLiteral("/tetra.vtu")).run();
     TimeStation(m_tour, m_samples + QStringLiteral("/transient.vtm"), m_out).run();
     openBar();
     MirrorZoneStation(m_tour).run();

@@ -5,6 +5,8 @@
 #include "python/ProgramSession.h"
 #include "python/PythonNames.h"
 
+#include <pybind11/stl.h>
+
 namespace py = pybind11;
 
 namespace veldraw::python {
@@ -61,10 +63,35 @@ PyObject* call(PyObject* self, PyObject* arguments, PyObject* keywords)
     return nullptr;
 }
 
+/// What the registry says of a parameter, for type stubs.
+py::dict tableOf(operations::Parameter const& parameter)
+{
+    static char const* const kinds[] = {"zones", "zone",      "variables", "variable", "numbers", "whole", "real",
+                                        "place", "direction", "choice",    "flag",     "text",    "files", "file"};
+    py::dict table;
+    table["name"] = pythonName(parameter.name);
+    table["kind"] = kinds[static_cast<int>(parameter.kind)];
+    table["words"] = parameter.words;
+    return table;
+}
+
+py::list tableOfOperations()
+{
+    py::list all;
+    for (operations::OperationEntry const& entry : operationsOfModule()) {
+        py::list parameters;
+        for (operations::Parameter const& parameter : entry.parameters)
+            parameters.append(tableOf(parameter));
+        all.append(py::make_tuple(pythonName(entry.name), parameters));
+    }
+    return all;
+}
+
 } // namespace
 
 void addOperations(py::module_& module)
 {
+    module.def("_operations", &tableOfOperations, "The operations with the kinds of their parameters.");
     auto const moduleName = py::str(module.attr("__name__"));
     for (operations::OperationEntry& entry : operationsOfModule()) {
         auto* const function = new Function;

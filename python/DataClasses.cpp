@@ -7,6 +7,8 @@
 #include "python/ValueWriting.h"
 #include "python/Values.h"
 
+#include <algorithm>
+#include <limits>
 #include <pybind11/stl.h>
 
 namespace py = pybind11;

@@ -11,6 +11,7 @@
 #include "python/PythonNames.h"
 #include "python/SignalWaiter.h"
 
+#include <optional>
 #include <utility>
 
 namespace py = pybind11;
@@ -68,10 +69,9 @@ kernel::Session& preparedSession()
 }
 
 /// To be called after whatever the session has carried out.
-void end(bool isDone, std::string const& reason)
+void requireDone(bool isDone, std::string const& reason)
 {
     SignalWaiter::instance().raisePending();
-    logRemarks();
     if (!isDone)
         throw Failure(reason);
 }
@@ -82,7 +82,8 @@ void carryOut(Work const& work)
 {
     SignalWaiter::instance().waitForOthers();
     bool const isDone = work();
-    end(isDone, session().lastError());
+    requireDone(isDone, session().lastError());
+    logRemarks();
 }
 
 app::DataFiles::Reading readingOf(std::string const& deferral, bool followPaths)
@@ -106,6 +107,36 @@ operations::CommandArgument argumentOf(std::string name, std::vector<std::string
         argument.parts.push_back({text, true, {}});
     return argument;
 }
+
+/// As run(), but for remarks: no code of others runs before it returns.
+void runUnlogged(operations::Command const& command)
+{
+    SignalWaiter::instance().waitForOthers();
+    operations::Outcome outcome;
+    try {
+        outcome = operations::CommandRunner(session(), registry()).run(command);
+    } catch (operations::CommandError const& error) {
+        throw Failure(inPythonNames(error.what(), registry().find(command.name)));
+    }
+    requireDone(outcome.isDone, outcome.text);
+}
+
+/// Makes another frame the active one for a scope. Other threads must not meet it there.
+class ActiveFrame
+{
+public:
+    explicit ActiveFrame(kernel::UniqueId frame)
+        : m_before(session().activeFrame()->id)
+    {
+        session().activateFrame(frame);
+    }
+    ~ActiveFrame() { session().activateFrame(m_before); }
+    ActiveFrame(ActiveFrame const&) = delete;
+    ActiveFrame& operator=(ActiveFrame const&) = delete;
+
+private:
+    kernel::UniqueId m_before;
+};
 
 kernel::UniqueId frameOf(kernel::DataSet const& dataSet)
 {
@@ -132,14 +163,8 @@ kernel::Session& session()
 
 void run(operations::Command const& command)
 {
-    SignalWaiter::instance().waitForOthers();
-    operations::Outcome outcome;
-    try {
-        outcome = operations::CommandRunner(session(), registry()).run(command);
-    } catch (operations::CommandError const& error) {
-        throw Failure(inPythonNames(error.what(), registry().find(command.name)));
-    }
-    end(outcome.isDone, outcome.text);
+    runUnlogged(command);
+    logRemarks();
 }
 
 void perform(kernel::Operation& operation)
@@ -203,22 +228,16 @@ std::shared_ptr<kernel::DataSet> openFiles(std::vector<std::string> const& paths
 void saveFile(std::shared_ptr<kernel::DataSet> const& dataSet, std::string const& path, bool overwrite)
 {
     SignalWaiter::instance().waitForOthers();
-    auto const active = session().activeFrame();
-    bool const isActive = dataSet == session().activeDataSet();
-    if (!isActive)
-        session().activateFrame(frameOf(*dataSet));
     operations::Command command;
     command.name = "save";
     command.arguments = {argumentOf("file", {path}), argumentOf("overwrite", {overwrite ? "yes" : "no"})};
-    try {
-        run(command);
-    } catch (...) {
-        if (!isActive)
-            session().activateFrame(active->id);
-        throw;
+    {
+        std::optional<ActiveFrame> other;
+        if (dataSet != session().activeDataSet())
+            other.emplace(frameOf(*dataSet));
+        runUnlogged(command);
     }
-    if (!isActive)
-        session().activateFrame(active->id);
+    logRemarks();
 }
 
 void show(std::shared_ptr<kernel::DataSet> const& dataSet, bool inNewFrame)

@@ -4,8 +4,7 @@
 #include "kernel/operations/Operation.h"
 #include "operations/Registry.h"
 
-#include <QString>
-
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>

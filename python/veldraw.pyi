@@ -246,16 +246,19 @@ def move_frame(*, x: float, y: float, width: float, height: float) -> None:
 def rename_frame(*, name: str) -> None:
     """Gives the active frame another name."""
 
+def set_contour_variable(*, variable: _Variable) -> None:
+    """Chooses the variable whose values are shown as colours."""
+
+def set_contour_colours(*, range: Optional[Literal['shown', 'fixed']] = None, min: Optional[float] = None, max: Optional[float] = None, levels: int = 0, map: Literal['viridis', 'inferno', 'cool-to-warm', 'rainbow', 'grey'] = 'viridis') -> None:
+    """Chooses the colours of the contour, and the values that they go over."""
+
 def set_plot_type(*, type: Literal['2d', '3d', 'line']) -> None:
     """Chooses what the active frame shows."""
 
 def assign_variable(*, to: Literal['X', 'Y', 'Z', 'U', 'V', 'W', 'C'], variable: Optional[_Variable] = None) -> None:
     """Chooses the variable of an axis, of a component of the vector, or of the contour."""
 
-def set_contour_variable(*, variable: _Variable) -> None:
-    """Chooses the variable whose values are shown as colours."""
-
-def set_plot_option(*, option: Literal['FieldLayers/ShowMesh', 'FieldLayers/ShowContour', 'FieldContour/Bands', 'FieldContour/WithoutEnds', 'FieldLayers/ShowCuts', 'FieldAxes/Stretch', 'LinePlotLayers/ShowLines', 'LinePlotLayers/ShowSymbols', 'LinePlotAxes/LogX', 'LinePlotAxes/LogY'], on: bool) -> None:
+def set_plot_option(*, option: Literal['FieldLayers/ShowMesh', 'FieldLayers/ShowContour', 'FieldContour/Bands', 'FieldContour/WithoutEnds', 'FieldContour/Log', 'FieldLayers/ShowCuts', 'FieldAxes/Stretch', 'LinePlotLayers/ShowLines', 'LinePlotLayers/ShowSymbols', 'LinePlotAxes/LogX', 'LinePlotAxes/LogY'], on: bool) -> None:
     """Switches something that the plot shows on or off."""
 
 def set_line_plot(*, zone: _Zone, x: _Variable, y: _Variable) -> None:

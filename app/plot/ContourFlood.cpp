@@ -1,5 +1,6 @@
 #include "app/plot/ContourFlood.h"
 
+#include "app/plot/AxisTicks.h"
 #include "app/plot/ContourBands.h"
 #include "app/plot/ContourRange.h"
 #include "app/plot/ShownZones.h"
@@ -65,6 +66,29 @@ void setBands(FieldLook& look, int levels)
     look.contourBands = bands.count;
 }
 
+// At the borders of the bands, or of those that the contour would have, but for the lowest and the highest value.
+void setLines(FieldLook& look, kernel::Frame const& frame)
+{
+    FieldLook banded = look;
+    if (banded.contourBands == 0)
+        setBands(banded, frame.contourColours.levels);
+    if (banded.contourBands == 0)
+        return;
+    AxisTicks const borders =
+        AxisTicks::ofBands(banded.contourMin, banded.contourMax, banded.contourBands, banded.isLog);
+    look.labelLines = frame.contourLabels;
+    for (std::size_t n = 0; n < borders.values.size(); ++n) {
+        // Halves: the whole difference may be beyond the largest number.
+        double const share =
+            (0.5 * borders.values[n] - 0.5 * look.contourMin) / (0.5 * look.contourMax - 0.5 * look.contourMin);
+        bool const isEnd = share == 0.0 || share == 1.0;
+        if (share < 0.0 || share > 1.0 || (isEnd && !look.isBeyond && !look.withoutEnds))
+            continue;
+        look.lineLevels.push_back(static_cast<float>(share));
+        look.lineLabels.push_back(borders.labels[n]);
+    }
+}
+
 } // namespace
 
 void ContourFlood::set(FieldLook& look, kernel::Frame const& frame, std::vector<int> const& zones)
@@ -73,10 +97,11 @@ void ContourFlood::set(FieldLook& look, kernel::Frame const& frame, std::vector<
     kernel::ValueRange ends = ZoneRanges::of(*frame.dataSet, zones, variable);
     bool const isLoaded =
         std::any_of(zones.begin(), zones.end(), [&](int zone) { return hasValues(*frame.dataSet, zone, variable); });
-    if (!frame.showContour || !isLoaded || !ends.isValid())
+    if (!frame.hasContour() || !isLoaded || !ends.isValid())
         return;
     kernel::ValueRange const flood = limitsOf(look, frame, zones, variable, ends);
     look.contourVariable = variable;
+    look.isFlooded = frame.showContour;
     look.contourMin = flood.min;
     look.contourMax = flood.max;
     look.contourMap = frame.contourColours.map;
@@ -86,6 +111,13 @@ void ContourFlood::set(FieldLook& look, kernel::Frame const& frame, std::vector<
     bool const isBeyond = ends.min < look.contourMin || ends.max > look.contourMax;
     look.withoutEnds = frame.contourWithoutEnds && !look.isFixed && isBeyond;
     look.isBeyond = look.isFixed && isBeyond;
+    if (!frame.contourLines)
+        return;
+    setLines(look, frame);
+    look.hasUnlined = std::any_of(zones.begin(), zones.end(), [&](int zone) {
+        kernel::Field const* const field = frame.dataSet->field(zone, variable);
+        return field && !field->isPassive() && field->location() == ValueLocation_CellCentered;
+    });
 }
 
 QStringList ContourFlood::remarks(FieldLook const& look)
@@ -98,6 +130,8 @@ QStringList ContourFlood::remarks(FieldLook const& look)
         remarks << tr("Values beyond the typed range have the colours of its ends");
     if (look.hasUncoloured)
         remarks << tr("No colour for values of 0 and below");
+    if (look.hasUnlined)
+        remarks << tr("No contour lines of values at cells");
     if (look.isLogRefused && look.isFixed)
         remarks << tr("Colours not logarithmic, as the typed range is not above 0");
     else if (look.isLogRefused)

@@ -4,6 +4,8 @@
 #include "kernel/frames/ContourColours.h"
 
 #include <array>
+#include <string>
+#include <vector>
 
 namespace veldraw::app {
 
@@ -12,7 +14,8 @@ struct FieldLook
 {
     PlotSpace space;
     std::array<int, 3> axes{}; ///< variable numbers, Z is 0 in a plane
-    int contourVariable = 0;   ///< 0 = no flood
+    int contourVariable = 0;   ///< 0 = neither flood nor lines
+    bool isFlooded = false;    ///< surfaces have the colours of the contour
     double contourMin = 0.0;   ///< common limits of the flood, logarithms for a logarithmic one
     double contourMax = 0.0;
     int contourBands = 0; ///< of equal width between the limits; 0 for smooth colours
@@ -23,7 +26,11 @@ struct FieldLook
     bool isLogRefused =
         false;            ///< they should, but there are no two different values above 0, or limits are not above 0
     bool isFixed = false; ///< the limits were typed
-    bool hasUncoloured = false; ///< logarithmic colours, and values of 0 or below
+    bool hasUncoloured = false;          ///< logarithmic colours, and values of 0 or below
+    std::vector<float> lineLevels;       ///< of contour lines, as shares of the limits, in ascending order
+    std::vector<std::string> lineLabels; ///< as many
+    bool labelLines = false;
+    bool hasUnlined = false; ///< lines are wanted, and values stand at cells, where there are none
     bool mesh = false;
     bool inSpace = false; ///< lit surfaces in three dimensions
 };

@@ -77,6 +77,7 @@ ZoneScene::Items itemsOf(kernel::Frame const& frame, std::vector<int> const& zon
 FieldView::FieldView(bool inSpace, std::function<void()> ready)
     : m_inSpace(inSpace)
     , m_scene(*m_stage, std::move(ready))
+    , m_contourLines(*m_stage)
 {
     QColor const paper = PlotTheme::paper();
     m_stage->SetBackground(paper.redF(), paper.greenF(), paper.blueF());
@@ -102,6 +103,7 @@ void FieldView::removeFrom(vtkRenderWindow& window)
 void FieldView::setArea(ViewArea const& viewArea)
 {
     FrameView::setArea(viewArea);
+    m_contourLines.setPixelRatio(viewArea.pixelRatio);
     m_margins = margins();
     double const widthBefore = m_stageWidth;
     double const heightBefore = m_stageHeight;
@@ -175,6 +177,7 @@ void FieldView::clearMarks()
 void FieldView::clear()
 {
     m_scene.clear();
+    m_contourLines.clear();
     m_legend->hide();
 }
 
@@ -192,6 +195,7 @@ FrameMessage FieldView::show(kernel::Frame const& frame)
     m_look = lookOf(frame, shown);
     auto const axesBefore = std::exchange(m_shownAxes, identifiersOf(dataSet, m_look.axes));
     bool const isComplete = m_scene.show(dataSet, itemsOf(frame, shown), m_look);
+    m_contourLines.show(m_scene.drawings(), m_look);
     updateLegend(variableName(dataSet, m_look.contourVariable));
     setArea(area());
     updateAxes({variableName(dataSet, m_look.axes[0]), variableName(dataSet, m_look.axes[1]),
@@ -212,8 +216,8 @@ QString FieldView::gap(kernel::Frame const& frame, std::vector<int> const& zones
     QString const inCuts = gapInCuts(frame, zones);
     if (!inCuts.isEmpty())
         return inCuts;
-    QString const inContour = frame.showContour ? contourGap(frame, zones, hasFlood()) : QString();
-    if (!inContour.isEmpty() || !frame.showContour || hasFlood())
+    QString const inContour = frame.hasContour() ? contourGap(frame, zones, hasContour()) : QString();
+    if (!inContour.isEmpty() || !frame.hasContour() || hasContour())
         return inContour;
     return frame.variableNumber('C') == 0 ? tr("No variable is assigned to the contour.")
                                           : tr("The contour variable has no values in the enabled zones.");
@@ -329,12 +333,12 @@ bool FieldView::dependsOn(kernel::Frame const& frame, int variable) const
     };
     return std::find(axes.begin(), axes.end(), variable) != axes.end() ||
            (showsCuts(frame) && std::any_of(frame.cuts.begin(), frame.cuts.end(), isOf)) ||
-           (frame.showContour && frame.variableNumber('C') == variable);
+           (frame.hasContour() && frame.variableNumber('C') == variable);
 }
 
 void FieldView::updateLegend(QString const& name)
 {
-    if (hasFlood())
+    if (hasContour())
         m_legend->show(name, m_look);
     else
         m_legend->hide();

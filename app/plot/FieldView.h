@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/plot/ColourLegend.h"
+#include "app/plot/ContourLayer.h"
 #include "app/plot/FrameView.h"
 #include "app/plot/PickMarks.h"
 #include "app/plot/ZoneScene.h"
@@ -38,6 +39,7 @@ public:
     /// Shows the zones. It is drawn over the ground(), inside its margins().
     vtkRenderer& stage() const { return *m_stage; }
     ColourLegend& legend() const { return *m_legend; }
+    ContourLayer const& contourLines() const { return m_contourLines; }
     PlotSpace const& space() const { return m_look.space; }
     ZoneScene::Drawings const& zones() const { return m_scene.drawings(); }
     std::vector<vtkActor*> const& actors() const { return m_scene.actors(); } ///< of the zones
@@ -85,7 +87,7 @@ private:
     void clear();
     void clearMarks();
     FieldLook lookOf(kernel::Frame const& frame, std::vector<int> const& zones) const;
-    bool hasFlood() const { return m_look.contourVariable > 0; }
+    bool hasContour() const { return m_look.contourVariable > 0; }
     void updateLegend(QString const& name);
     void placeLegend();
 
@@ -100,6 +102,7 @@ private:
     std::set<int> m_markedZones;
     vtkNew<vtkRenderer> m_stage;
     ZoneScene m_scene;
+    ContourLayer m_contourLines;
     vtkNew<vtkContextActor> m_legendActor;
     vtkNew<ColourLegend> m_legend;
     double m_stageWidth = 1.0;

@@ -35,7 +35,7 @@ bool DrawingStyle::operator==(DrawingStyle const& other) const
 
 bool ZoneDrawing::Colours::operator==(Colours const& other) const
 {
-    return isFlooded == other.isFlooded && values == other.values && location == other.location && min == other.min &&
+    return hasValues == other.hasValues && values == other.values && location == other.location && min == other.min &&
            max == other.max && isLog == other.isLog;
 }
 
@@ -67,12 +67,16 @@ void ZoneDrawing::colour(kernel::DataSet const& dataSet, int number, FieldLook c
                    look.contourMin,
                    look.contourMax,
                    look.isLog};
-    if (colours == m_colours)
+    bool const isFlooded = field && look.isFlooded;
+    if (colours == m_colours && isFlooded == m_isFlooded)
         return;
-    m_colours = colours;
-    m_shares = nullptr;
-    if (field)
-        computeShares(*field);
+    m_isFlooded = isFlooded;
+    if (!(colours == m_colours)) {
+        m_colours = colours;
+        m_shares = nullptr;
+        if (field)
+            computeShares(*field);
+    }
     m_colouring = kernel::nextUniqueId();
 }
 
@@ -112,7 +116,7 @@ DrawingStyle ZoneDrawing::style() const
     DrawingStyle style;
     style.hasPolygons = surface().GetNumberOfPolys() > 0;
     style.isLit = m_geometry->isLit();
-    style.isFlooded = m_colours.isFlooded;
+    style.isFlooded = m_isFlooded;
     style.valuesAt = m_colours.location;
     if (surface().GetNumberOfVerts() > 0)
         style.pointSize = pointSize(surface().GetNumberOfVerts());

@@ -62,7 +62,7 @@ private:
     /// The data from which the colours were computed.
     struct Colours
     {
-        bool isFlooded = false;
+        bool hasValues = false;
         kernel::UniqueId values = 0;
         ValueLocation_e location = ValueLocation_Nodal;
         double min = 0.0;
@@ -78,6 +78,7 @@ private:
     int m_number = 0;
     std::shared_ptr<ZoneGeometry const> m_geometry;
     Colours m_colours;
+    bool m_isFlooded = false;
     vtkSmartPointer<vtkFloatArray> m_shares;
     kernel::UniqueId m_colouring = kernel::nextUniqueId();
 };

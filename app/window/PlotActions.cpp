@@ -97,7 +97,7 @@ void PlotActions::refresh()
         side->setEnabled(isInSpace);
     m_assignAxes->setEnabled(isField);
     m_assignVector->setEnabled(isField);
-    m_contourChooser->setEnabled(isField && frame->showContour);
+    m_contourChooser->setEnabled(isField && frame->hasContour());
     m_contourChooser->show(AssignmentPanel::variableChoices(m_session, {}), hasData ? frame->variableNumber('C') : 0);
 }
 

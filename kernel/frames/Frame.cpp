@@ -66,7 +66,7 @@ NumberSet Frame::drawnVariables() const
     for (int const axis : axisVariables()) {
         variables.insert(axis);
     }
-    if (showContour) {
+    if (hasContour()) {
         variables.insert(variableNumber('C'));
     }
     for (Cut const& cut : cuts) {

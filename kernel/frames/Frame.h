@@ -57,6 +57,9 @@ struct Frame
     /// Numbers of the variables whose values a field plot of the present type draws; none for other types. @throws std::bad_alloc
     NumberSet drawnVariables() const;
 
+    /// Whether a field plot shows the contour variable, as colours or as lines.
+    bool hasContour() const { return showContour || contourLines; }
+
     UniqueId id;
     std::string name;
     Rectangle rectangle;
@@ -70,6 +73,8 @@ struct Frame
     bool contourInBands;     ///< of field plots: one colour between round steps of the contour variable
     bool contourWithoutEnds; ///< of field plots: the colours leave out the outermost values (see ContourRange)
     bool contourLog;         ///< of field plots: equal ratios of the contour variable are equal steps of colour
+    bool contourLines;       ///< of field plots: lines at round steps of the contour variable
+    bool contourLabels;      ///< of field plots: numbers at these lines
     bool showMesh;
     bool showCuts;                 ///< of field plots: cuts are seen, in the place of the outer surfaces of volumes
     bool stretchAxes;              ///< of field plots: each axis has a scale of its own, so that they fill the frame

@@ -30,7 +30,10 @@ struct FieldLook
     std::vector<float> lineLevels;       ///< of contour lines, as shares of the limits, in ascending order
     std::vector<std::string> lineLabels; ///< as many
     bool labelLines = false;
-    bool hasUnlined = false; ///< lines are wanted, and values stand at cells, where there are none
+    bool hasUnlined = false;     ///< lines are wanted, and values stand at cells, where there are none
+    std::array<int, 3> vector{}; ///< variable numbers of U, V, W, 0 for none; W is 0 in a plane
+    bool showVectors = false;
+    bool areVectorsEqual = false; ///< arrows are all of one length
     bool mesh = false;
     bool inSpace = false; ///< lit surfaces in three dimensions
 };

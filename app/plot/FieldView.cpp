@@ -78,6 +78,7 @@ FieldView::FieldView(bool inSpace, std::function<void()> ready)
     : m_inSpace(inSpace)
     , m_scene(*m_stage, std::move(ready))
     , m_contourLines(*m_stage)
+    , m_vectors(*m_stage)
 {
     QColor const paper = PlotTheme::paper();
     m_stage->SetBackground(paper.redF(), paper.greenF(), paper.blueF());
@@ -178,6 +179,7 @@ void FieldView::clear()
 {
     m_scene.clear();
     m_contourLines.clear();
+    m_vectors.clear();
     m_legend->hide();
 }
 
@@ -196,6 +198,7 @@ FrameMessage FieldView::show(kernel::Frame const& frame)
     auto const axesBefore = std::exchange(m_shownAxes, identifiersOf(dataSet, m_look.axes));
     bool const isComplete = m_scene.show(dataSet, itemsOf(frame, shown), m_look);
     m_contourLines.show(m_scene.drawings(), m_look);
+    m_vectors.show(dataSet, m_scene.drawings(), m_look);
     updateLegend(variableName(dataSet, m_look.contourVariable));
     setArea(area());
     updateAxes({variableName(dataSet, m_look.axes[0]), variableName(dataSet, m_look.axes[1]),
@@ -216,11 +219,31 @@ QString FieldView::gap(kernel::Frame const& frame, std::vector<int> const& zones
     QString const inCuts = gapInCuts(frame, zones);
     if (!inCuts.isEmpty())
         return inCuts;
+    QString const inVectors = frame.showVectors ? gapInVectors(frame, zones) : QString();
+    if (!inVectors.isEmpty())
+        return inVectors;
     QString const inContour = frame.hasContour() ? contourGap(frame, zones, hasContour()) : QString();
     if (!inContour.isEmpty() || !frame.hasContour() || hasContour())
         return inContour;
     return frame.variableNumber('C') == 0 ? tr("No variable is assigned to the contour.")
                                           : tr("The contour variable has no values in the enabled zones.");
+}
+
+QString FieldView::gapInVectors(kernel::Frame const& frame, std::vector<int> const& zones) const
+{
+    bool isAssigned = false;
+    for (int const variable : m_look.vector) {
+        isAssigned = isAssigned || variable != 0;
+        for (int const zone : zones)
+            if (variable != 0 && !hasValues(*frame.dataSet, zone, variable))
+                return tr("The vector variable \"%1\" is not loaded in all zones.")
+                    .arg(variableName(*frame.dataSet, variable));
+    }
+    if (!isAssigned)
+        return tr("No variable is assigned to the vector. Plot > Assign Vector... chooses them.");
+    return m_vectors.arrows().GetNumberOfPoints() > 0 || isWaiting()
+               ? QString()
+               : tr("The vector is 0 or has no values everywhere in the enabled zones.");
 }
 
 QString FieldView::gapInCuts(kernel::Frame const& frame, std::vector<int> const& zones) const
@@ -246,6 +269,8 @@ QString FieldView::remark() const
     QStringList remarks;
     if (m_look.space.isStretched())
         remarks << tr("Axes stretched, not to scale");
+    if (m_vectors.longest() > 0.0 && !m_look.areVectorsEqual)
+        remarks << tr("Longest arrow: %1").arg(m_vectors.longest(), 0, 'g', 4);
     remarks << ContourFlood::remarks(m_look);
     return remarks.join(QStringLiteral("; "));
 }
@@ -321,6 +346,9 @@ FieldLook FieldView::lookOf(kernel::Frame const& frame, std::vector<int> const& 
     }
     look.space = PlotSpace(min, max, frame.stretchAxes);
     look.mesh = frame.showMesh;
+    look.vector = {frame.variableNumber('U'), frame.variableNumber('V'), m_inSpace ? frame.variableNumber('W') : 0};
+    look.showVectors = frame.showVectors;
+    look.areVectorsEqual = frame.equalVectors;
     ContourFlood::set(look, frame, zones);
     return look;
 }
@@ -333,6 +361,8 @@ bool FieldView::dependsOn(kernel::Frame const& frame, int variable) const
     };
     return std::find(axes.begin(), axes.end(), variable) != axes.end() ||
            (showsCuts(frame) && std::any_of(frame.cuts.begin(), frame.cuts.end(), isOf)) ||
+           (frame.showVectors &&
+            std::find(m_look.vector.begin(), m_look.vector.end(), variable) != m_look.vector.end()) ||
            (frame.hasContour() && frame.variableNumber('C') == variable);
 }
 

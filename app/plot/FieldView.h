@@ -4,6 +4,7 @@
 #include "app/plot/ContourLayer.h"
 #include "app/plot/FrameView.h"
 #include "app/plot/PickMarks.h"
+#include "app/plot/VectorLayer.h"
 #include "app/plot/ZoneScene.h"
 
 #include <QCoreApplication>
@@ -40,6 +41,7 @@ public:
     vtkRenderer& stage() const { return *m_stage; }
     ColourLegend& legend() const { return *m_legend; }
     ContourLayer const& contourLines() const { return m_contourLines; }
+    VectorLayer const& vectors() const { return m_vectors; }
     PlotSpace const& space() const { return m_look.space; }
     ZoneScene::Drawings const& zones() const { return m_scene.drawings(); }
     std::vector<vtkActor*> const& actors() const { return m_scene.actors(); } ///< of the zones
@@ -81,6 +83,7 @@ private:
     QString obstacle(kernel::Frame const& frame) const;
     QString obstacleInZones(kernel::Frame const& frame, std::vector<int> const& zones) const;
     QString gap(kernel::Frame const& frame, std::vector<int> const& zones) const;
+    QString gapInVectors(kernel::Frame const& frame, std::vector<int> const& zones) const;
     QString gapInCuts(kernel::Frame const& frame, std::vector<int> const& zones) const;
     QString remark() const;
     void placeView(bool isNew);
@@ -103,6 +106,7 @@ private:
     vtkNew<vtkRenderer> m_stage;
     ZoneScene m_scene;
     ContourLayer m_contourLines;
+    VectorLayer m_vectors;
     vtkNew<vtkContextActor> m_legendActor;
     vtkNew<ColourLegend> m_legend;
     double m_stageWidth = 1.0;

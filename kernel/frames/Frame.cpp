@@ -69,6 +69,11 @@ NumberSet Frame::drawnVariables() const
     if (hasContour()) {
         variables.insert(variableNumber('C'));
     }
+    if (showVectors) {
+        for (char const letter : {'U', 'V', 'W'}) {
+            variables.insert(variableNumber(letter));
+        }
+    }
     for (Cut const& cut : cuts) {
         if (showCuts && cut.isShown) {
             variables.insert(dataSet->variableNumber(cut.variable));

@@ -75,6 +75,8 @@ struct Frame
     bool contourLog;         ///< of field plots: equal ratios of the contour variable are equal steps of colour
     bool contourLines;       ///< of field plots: lines at round steps of the contour variable
     bool contourLabels;      ///< of field plots: numbers at these lines
+    bool showVectors;        ///< of field plots: arrows for the vector
+    bool equalVectors;       ///< of field plots: these arrows are all of one length
     bool showMesh;
     bool showCuts;                 ///< of field plots: cuts are seen, in the place of the outer surfaces of volumes
     bool stretchAxes;              ///< of field plots: each axis has a scale of its own, so that they fill the frame

@@ -27,7 +27,8 @@ std::shared_ptr<Frame> Pages::activeFrame() const
             return walked;
         }
     }
-    for (auto const& page : m_pages) { // not activePage(): this is asked again and again, and counting its holders takes longer
+    for (auto const& page :
+         m_pages) { // not activePage(): this is asked again and again, and counting its holders takes longer
         if (page->id == m_activePage) {
             return frame(page->activeFrame);
         }

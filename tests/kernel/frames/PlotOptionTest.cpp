@@ -31,6 +31,8 @@ TEST_F(PlotOptionTest, AFrameStartsWithTheValuesOfTheTable)
     EXPECT_FALSE(fresh.contourLog);
     EXPECT_FALSE(fresh.contourLines);
     EXPECT_TRUE(fresh.contourLabels);
+    EXPECT_FALSE(fresh.showVectors);
+    EXPECT_FALSE(fresh.equalVectors);
     EXPECT_FALSE(fresh.showMesh);
     EXPECT_TRUE(fresh.showCuts);
     EXPECT_FALSE(fresh.stretchAxes);

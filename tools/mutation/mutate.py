@@ -32,6 +32,7 @@ PROGRAMS = {
     'dialogs/datasetinfo': ['dialogs_datasetinfo_test'],
     'kernel/style': ['kernel_style_test', 'kernel_test', 'dialogs_kept_property_test'],
     'kernel/api': ['kernel_test', 'host_style_test', 'host_test'],
+    'kernel/operations': ['kernel_test', 'host_test', 'operations_test'],
     'kernel': ['kernel_test', 'host_test'],
 }
 FAILED = 'fails in'
@@ -101,7 +102,7 @@ class Tests:
             part = tests[at:at + MOST_TESTS]
             seconds = sum(each for each, _ in part)
             names = [name for _, name in part]
-            found = self.run(names, {'VELDRAW_MUTATION': str(number)}, int(5 + 10 * seconds), 120 + 30 * seconds)
+            found = self.run(names, {'VELDRAW_MUTATION': str(number)}, int(5 + 10 * seconds), 120 + 5 * seconds)
             if found:
                 return found
         return None

@@ -437,6 +437,14 @@ TEST_F(InterpolateByInverseDistanceTest, NamesAFewOfManyZonesInItsReport)
     EXPECT_THAT(remarks[0], HasSubstr("\"Z7\", \"Z8\" and 3 more to \"Z11\""));
 }
 
+TEST_F(InterpolateByInverseDistanceTest, TakesTheLargestExponent)
+{
+    int const from = addPoints({3, {0.0, 0.0, 0.0, 1.0, 0.0, 0.0}}, wave, slope);
+    int const to = addPoints({3, {0.1, 0.0, 0.0}}, zero, zero);
+    ASSERT_TRUE(interpolate({from}, to, {P}, {PtSelection_NearestN, 8}, {100.0, 0.0})) << session.lastError();
+    EXPECT_NEAR(valuesOf(to, P)[0], valuesOf(from, P)[0], 1e-12) << "the other point has no weight beside the near one";
+}
+
 TEST_F(InterpolateByInverseDistanceTest, IsRefusedWithAReason)
 {
     int const from = addPoints(ScatteredPoints::random(3, 20, 1), wave, slope);

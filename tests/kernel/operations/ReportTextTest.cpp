@@ -1,5 +1,6 @@
 #include "kernel/operations/ReportText.h"
 
+#include <chrono>
 #include <gtest/gtest.h>
 
 namespace veldraw::tests {
@@ -13,6 +14,13 @@ TEST(ReportText, SaysNumbersWithTwoDigits)
     EXPECT_EQ(twoDigits(1.26), "1.3");
     EXPECT_EQ(twoDigits(12.6), "13");
     EXPECT_EQ(twoDigits(-1.23456789e-300), "-1.2e-300");
+}
+
+TEST(ReportText, KnowsTheSecondsSinceAMoment)
+{
+    auto const earlier = std::chrono::steady_clock::now() - std::chrono::minutes(60);
+    EXPECT_GE(secondsSince(earlier), 3600.0);
+    EXPECT_LT(secondsSince(std::chrono::steady_clock::now()), 1.0);
 }
 
 TEST(ReportText, CountsWithTheNounThatFitsTheNumber)

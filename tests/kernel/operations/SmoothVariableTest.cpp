@@ -483,6 +483,15 @@ TEST_F(SmoothVariableTest, CountsAHoleAtTheBorderAsLeftOutAndNotAsHeld)
     EXPECT_THAT(remark, HasSubstr(" 1 held fixed at the border, 1 left out, "));
 }
 
+TEST_F(SmoothVariableTest, CountsAHoleInAHeldRowAsLeftOut)
+{
+    std::vector<double> values(25, 1.0);
+    values[2] = notANumber; // in the middle of the first row
+    addOrdered({5, 5, 1}, values);
+    ASSERT_TRUE(smooth(1, 1));
+    EXPECT_THAT(remark, HasSubstr(" 15 held fixed at the border, 1 left out, "));
+}
+
 TEST_F(SmoothVariableTest, LoadsWhatItNeeds)
 {
     auto const whole = sample::fillOf(Shape::Brick, 4, 0, 0).zone(ZoneType_FEBrick);

@@ -488,6 +488,17 @@ TEST_F(TriangulateTest, LoadsWhatItNeeds)
     EXPECT_THAT(valuesAt(innerSquare, P), Each(5));
 }
 
+TEST_F(TriangulateTest, LoadsAllVariablesOfASource)
+{
+    addRandom(100);
+    int const last = dataSet->variableCount();
+    auto const source = std::make_shared<sample::Loader>(valuesOf(1, last));
+    field(1, last) = sample::Loader::field(source);
+    ASSERT_TRUE(triangulate({1}, {}));
+    EXPECT_TRUE(field(1, last).isLoaded());
+    EXPECT_EQ(valuesOf(2, last), valuesOf(1, last));
+}
+
 TEST_F(TriangulateTest, LoadsHowManyPointsABoundaryHasAndOfWhatKindItIs)
 {
     addRandom(500);

@@ -386,6 +386,18 @@ TEST_F(HistoryOfText, TellsItsListenerOfEveryChange)
     EXPECT_EQ(calls, 9);
 }
 
+TEST_F(HistoryOfText, TellsItsListenerOfEachPartOfARun)
+{
+    int calls = 0;
+    history.setListener([&] { ++calls; });
+    constexpr UniqueId run = 5;
+    history.performInRun("run", std::make_shared<Letter>(text, 'a', 0), run);
+    EXPECT_EQ(calls, 1);
+    history.performInRun("run", std::make_shared<Letter>(text, 'b', 0), run);
+    EXPECT_EQ(calls, 2);
+    EXPECT_EQ(text, "ab");
+}
+
 TEST_F(HistoryOfText, SurvivesAListenerThatThrows)
 {
     history.setListener([] { throw std::runtime_error("no"); });

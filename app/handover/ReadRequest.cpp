@@ -19,7 +19,7 @@ ReadRequest ReadRequest::fromBytes(std::string_view bytes)
 {
     ByteReader from(bytes);
     ReadRequest request;
-    request.what = from.enumerator(What::Legacy);
+    request.what = from.enumerator(What::Format);
     request.path = from.text(handover::longestName); // of any bytes
     request.extension = from.name(handover::longestName);
     request.fieldData = from.names(handover::longestName);

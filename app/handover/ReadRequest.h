@@ -14,12 +14,13 @@ struct ReadRequest
     {
         XmlGrid,      ///< one grid of a VTK XML file, as a ReadChoice says
         XmlFieldData, ///< what stands beside the pieces of a multi-block file
-        Legacy        ///< all of a legacy VTK file
+        Legacy,       ///< all of a legacy VTK file
+        Format        ///< all of a file of another format, which the extension tells
     };
 
     What what = What::XmlGrid;
     std::string path;                   ///< absolute
-    std::string extension;              ///< of a grid: lower case, without the dot
+    std::string extension;              ///< lower case, without the dot; of no importance for legacy files
     std::vector<std::string> fieldData; ///< names of those that are read however many others there are
 
     std::string asBytes() const;

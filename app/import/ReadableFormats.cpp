@@ -2,6 +2,7 @@
 
 #include "app/import/formats/metaimage/MetaImageReader.h"
 #include "app/import/formats/series/SeriesReader.h"
+#include "app/import/formats/surface/SurfaceReader.h"
 #include "app/import/formats/table/TableReader.h"
 #include "app/import/formats/vtklegacy/VtkLegacyReader.h"
 #include "app/import/formats/vtkxml/VtkXmlReader.h"
@@ -25,6 +26,7 @@ std::vector<ReadableFormat> const& readableFormats()
         {{"Lists of files with times", {"pvd", "series"}}, "VTK", readerOf<SeriesReader>},
         {{"VTK legacy files", {"vtk"}}, "VTK", readerOf<VtkLegacyReader>},
         {{"MetaImage files", {"mhd", "mha"}}, "MetaImage", readerOf<MetaImageReader>},
+        {{"Surfaces", {"stl", "ply", "obj"}}, "Surface", readerOf<SurfaceReader>},
         {{"Text tables with a header line", {"csv", "tsv", "txt"}}, "CSV", readerOf<TableReader>},
     };
     return formats;

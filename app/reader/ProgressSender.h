@@ -16,10 +16,13 @@ class ProgressSender : public vtkCommand
 public:
     static ProgressSender* New() { return new ProgressSender; }
 
+    /// For algorithms that others make this an observer of. @param channel outlives their runs
+    void sendTo(Channel& channel) { m_channel = &channel; }
+
     /// @param channel outlives the run of @p algorithm
     void watch(vtkAlgorithm& algorithm, Channel& channel)
     {
-        m_channel = &channel;
+        sendTo(channel);
         algorithm.AddObserver(vtkCommand::ProgressEvent, this);
     }
 

@@ -8,6 +8,7 @@
 #include "app/handover/Nonsense.h"
 #include "app/handover/ReadRequest.h"
 #include "app/handover/Utf8.h"
+#include "app/reader/FormatReading.h"
 #include "app/reader/GridDescription.h"
 #include "app/reader/LegacyReading.h"
 #include "app/reader/Sandbox.h"
@@ -35,6 +36,8 @@ vtkSmartPointer<vtkDataObject> readWhatIsWanted(ReadRequest const& request, Chan
         return readXmlGrid(request, channel, errors);
     case ReadRequest::What::XmlFieldData:
         return readXmlFieldData(request, channel, errors);
+    case ReadRequest::What::Format:
+        return readFormat(request, channel, errors);
     case ReadRequest::What::Legacy:
         break;
     }

@@ -36,6 +36,8 @@ READER = 'app/reader'
 READER_MAY_INCLUDE = {'app/handover', 'app/vtk', 'app/files'}
 # A format knows no other one, but for these; what is above the formats knows them by their table alone.
 FORMATS_KNOWN = {'app/import/formats/vtklegacy': {'app/import/formats/vtkxml'},
+                 'app/import/formats/surface': {'app/import/formats/vtkxml'},
+                 'app/import/formats/ensight': {'app/import/formats/vtkxml'},
                  'app/export/formats/vtkxml': {'app/import/formats/vtkxml'}}
 TABLES_OF_FORMATS = {'app/import/ReadableFormats.cpp', 'app/export/WritableFormats.cpp'}
 
@@ -63,7 +65,7 @@ STANDARD = set('''
     stdexcept streambuf string string_view system_error thread tuple type_traits typeindex typeinfo unordered_map unordered_set utility
     valarray variant vector
     assert.h ctype.h errno.h float.h limits.h locale.h math.h signal.h stdarg.h stdbool.h stddef.h stdint.h stdio.h stdlib.h string.h time.h
-    dirent.h fcntl.h linux/audit.h linux/filter.h linux/magic.h linux/seccomp.h malloc.h poll.h pthread.h sched.h spawn.h sys/file.h sys/mman.h sys/prctl.h
+    dirent.h dlfcn.h fcntl.h linux/audit.h linux/filter.h linux/magic.h linux/seccomp.h malloc.h poll.h pthread.h sched.h spawn.h sys/file.h sys/mman.h sys/prctl.h
     sys/resource.h sys/socket.h sys/stat.h sys/syscall.h sys/types.h sys/vfs.h sys/wait.h sys/xattr.h unistd.h
 '''.split())
 

@@ -199,6 +199,7 @@ class Installation(unittest.TestCase):
         printed = subprocess.run([sys.executable, '-c', code], env=environment, check=True, capture_output=True, text=True).stdout
         self.assertEqual(f'{module} (4, 3, 2)', printed.strip())
         self.assertTrue((prefix / 'bin' / 'veldraw_reader').exists())
+        self.assertTrue((prefix / 'bin' / 'veldraw_reader_formats.so').exists())
 
 
 if __name__ == '__main__':

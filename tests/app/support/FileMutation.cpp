@@ -2,6 +2,7 @@
 
 #include "tests/app/support/FileHelpers.h"
 #include "tests/app/support/GridSamples.h"
+#include "tests/app/support/SurfaceSamples.h"
 
 #include <vtkCellType.h>
 #include <vtkImageData.h>
@@ -376,6 +377,8 @@ std::vector<SoundFile> soundFiles()
                      "ObjectType = Image\nNDims = 2\nDimSize = 3 2\nElementSpacing = 1 0.5\nElementByteOrderMSB = "
                      "False\nHeaderSize = -1\nElementType = MET_SHORT\nElementDataFile = LOCAL\n0123456789ab",
                      {}});
+    for (SoundFile const& surfaceFile : soundSurfaces())
+        files.push_back(surfaceFile);
     return files;
 }
 

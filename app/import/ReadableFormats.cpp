@@ -23,6 +23,7 @@ std::vector<ReadableFormat> const& readableFormats()
 {
     static std::vector<ReadableFormat> const formats{
         {{"VTK XML files", {"vti", "vtr", "vts", "vtu", "vtp", "vtm"}}, "VTK", readerOf<VtkXmlReader>},
+        {{"Parallel VTK XML files", {"pvti", "pvtr", "pvts", "pvtu", "pvtp"}}, "VTK", readerOf<VtkXmlReader>},
         {{"Lists of files with times", {"pvd", "series"}}, "VTK", readerOf<SeriesReader>},
         {{"VTK legacy files", {"vtk"}}, "VTK", readerOf<VtkLegacyReader>},
         {{"MetaImage files", {"mhd", "mha"}}, "MetaImage", readerOf<MetaImageReader>},

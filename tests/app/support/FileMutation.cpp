@@ -343,6 +343,17 @@ void addXmlFiles(TemporaryFolder const& folder, std::vector<SoundFile>& files)
          {{"mesh.vtu", contentOf(folder.path("mesh.vtu"))}, {"grid.vts", contentOf(folder.path("grid.vts"))}}});
 }
 
+void addParallelFile(TemporaryFolder const& folder, std::vector<SoundFile>& files)
+{
+    files.push_back({"all.pvtu",
+                     "<VTKFile type=\"PUnstructuredGrid\" version=\"0.1\">\n<PUnstructuredGrid GhostLevel=\"0\">\n"
+                     "<PPoints>\n<PDataArray type=\"Float32\" Name=\"Points\" NumberOfComponents=\"3\"/>\n"
+                     "</PPoints>\n<Piece Source=\"mesh.vtu\"/>\n<Piece Source=\"polyhedra.vtu\"/>\n"
+                     "</PUnstructuredGrid>\n</VTKFile>\n",
+                     {{"mesh.vtu", contentOf(folder.path("mesh.vtu"))},
+                      {"polyhedra.vtu", contentOf(folder.path("polyhedra.vtu"))}}});
+}
+
 void addLists(TemporaryFolder const& folder, std::vector<SoundFile>& files)
 {
     std::vector<std::pair<std::string, std::string>> const moments{{"mesh.vtu", contentOf(folder.path("mesh.vtu"))},
@@ -366,6 +377,7 @@ std::vector<SoundFile> soundFiles()
     TemporaryFolder const folder;
     std::vector<SoundFile> files;
     addXmlFiles(folder, files);
+    addParallelFile(folder, files);
     addLists(folder, files);
     for (bool const binary : {false, true}) {
         std::vector<vtkSmartPointer<vtkDataSet>> const grids{mixedMesh(), block(), image(), axes(), surface()};

@@ -2,6 +2,8 @@
 
 #include "app/handover/Utf8.h"
 
+#include <sstream>
+
 namespace veldraw::app {
 
 std::string asUtf8(std::string const& text)
@@ -24,6 +26,15 @@ std::string trimmed(std::string const& text)
     char const* const blanks = " \t\r\n";
     std::size_t const first = text.find_first_not_of(blanks);
     return first == std::string::npos ? std::string() : text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+std::vector<std::string> wordsOf(std::string const& text)
+{
+    std::vector<std::string> words;
+    std::istringstream stream(text);
+    for (std::string word; stream >> word;)
+        words.push_back(word);
+    return words;
 }
 
 } // namespace veldraw::app

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace veldraw::app {
 
@@ -12,5 +13,8 @@ std::string shortened(std::string const& text, std::size_t mostBytes);
 
 /// A text without the blanks, tabs and line ends at its ends.
 std::string trimmed(std::string const& text);
+
+/// What stands between the blanks, tabs and line ends of a text.
+std::vector<std::string> wordsOf(std::string const& text);
 
 } // namespace veldraw::app

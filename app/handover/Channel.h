@@ -23,7 +23,7 @@ public:
 
 /// Tells which messages there are and what stands in them: to be raised with each change of that, so that programs of different versions
 /// notice that they don't understand each other.
-constexpr std::uint32_t languageVersion = 3;
+constexpr std::uint32_t languageVersion = 4;
 
 /// Something that is said through a Channel.
 struct Message

@@ -12,6 +12,7 @@ std::string ReadRequest::asBytes() const
     to.text(path);
     to.text(extension);
     to.texts(fieldData);
+    to.text(text);
     return to.bytes();
 }
 
@@ -23,6 +24,7 @@ ReadRequest ReadRequest::fromBytes(std::string_view bytes)
     request.path = from.text(handover::longestName); // of any bytes
     request.extension = from.name(handover::longestName);
     request.fieldData = from.names(handover::longestName);
+    request.text = from.text(longestText);
     from.expectEnd();
     return request;
 }

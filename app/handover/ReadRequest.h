@@ -22,6 +22,10 @@ struct ReadRequest
     std::string path;                   ///< absolute
     std::string extension;              ///< lower case, without the dot; of no importance for legacy files
     std::vector<std::string> fieldData; ///< names of those that are read however many others there are
+    std::string text{}; ///< of a format whose files name others: read in the place of the file's own text
+
+    static constexpr char folderMark = '\1'; ///< in that text, before names of files in the folder of the path
+    static constexpr std::size_t longestText = std::size_t{1} << 24;
 
     std::string asBytes() const;
     /// @throws Nonsense, as those below

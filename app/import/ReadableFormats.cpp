@@ -1,5 +1,6 @@
 #include "app/import/ReadableFormats.h"
 
+#include "app/import/formats/ensight/EnSightReader.h"
 #include "app/import/formats/metaimage/MetaImageReader.h"
 #include "app/import/formats/series/SeriesReader.h"
 #include "app/import/formats/surface/SurfaceReader.h"
@@ -27,6 +28,7 @@ std::vector<ReadableFormat> const& readableFormats()
         {{"Lists of files with times", {"pvd", "series"}}, "VTK", readerOf<SeriesReader>},
         {{"VTK legacy files", {"vtk"}}, "VTK", readerOf<VtkLegacyReader>},
         {{"MetaImage files", {"mhd", "mha"}}, "MetaImage", readerOf<MetaImageReader>},
+        {{"EnSight Gold cases", {"case"}}, "EnSight", readerOf<EnSightReader>},
         {{"Surfaces", {"stl", "ply", "obj"}}, "Surface", readerOf<SurfaceReader>},
         {{"Text tables with a header line", {"csv", "tsv", "txt"}}, "CSV", readerOf<TableReader>},
     };

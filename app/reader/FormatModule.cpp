@@ -1,5 +1,6 @@
 #include "app/reader/FormatModule.h"
 
+#include "app/reader/ResultReading.h"
 #include "app/reader/SurfaceReading.h"
 
 #include <vtkSmartPointer.h>
@@ -16,6 +17,8 @@ vtkSmartPointer<vtkDataObject> readByExtension(ReadRequest const& request, vtkCo
         return readPly(request.path, progress);
     if (request.extension == "obj")
         return readObj(request.path, progress);
+    if (request.extension == "case")
+        return readEnSight(request, progress);
     return nullptr;
 }
 

@@ -23,7 +23,11 @@ constexpr double compressedBytesPerSecond = 5e4;
 
 ReaderLimits ReaderLimits::forFile(std::string const& path, bool isCompressed)
 {
-    auto const size = static_cast<double>(FileStamp(path).size());
+    return forBytes(static_cast<double>(FileStamp(path).size()), isCompressed);
+}
+
+ReaderLimits ReaderLimits::forBytes(double size, bool isCompressed)
+{
     double const wanted = leastBytes + size * (isCompressed ? bytesPerCompressedByte : bytesPerByte);
     double const available = std::min(availableMemory() * shareOfMemory, 1e15);
     double const work = size / (isCompressed ? compressedBytesPerSecond : bytesPerSecond);

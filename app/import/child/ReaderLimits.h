@@ -17,6 +17,9 @@ struct ReaderLimits
     /// @param isCompressed values may take far less room in the file than in memory
     /// @throws ImportError when the file cannot be looked at
     static ReaderLimits forFile(std::string const& path, bool isCompressed);
+
+    /// The same for files of so many bytes in all.
+    static ReaderLimits forBytes(double size, bool isCompressed);
 };
 
 } // namespace veldraw::app

@@ -26,14 +26,17 @@ std::string damaged(std::string content, int number, int count)
 
 } // namespace
 
-DamagedOpenings openDamaged(SoundFile const& file, int count)
+DamagedOpenings openDamaged(SoundFile const& file, int count, std::string const& victim)
 {
     TemporaryFolder const folder;
     for (auto const& [name, content] : file.others)
         folder.write(name, content);
+    std::string const path = folder.write(file.name, file.content);
+    std::string const hurt = victim.empty() ? file.name : victim;
+    std::string const whole = contentOf(folder.path(hurt));
     DamagedOpenings result;
     for (int n = 0; n < count; ++n) {
-        std::string const path = folder.write(file.name, damaged(file.content, n, count));
+        folder.write(hurt, damaged(whole, n, count));
         try {
             bool const hasZones = import(path).dataSet->zoneCount() > 0;
             ++result.opened;
@@ -48,16 +51,17 @@ DamagedOpenings openDamaged(SoundFile const& file, int count)
     return result;
 }
 
-void expectToStandDamage(SoundFile const& file, int count)
+void expectToStandDamage(SoundFile const& file, int count, std::string const& victim)
 {
     TemporaryFolder const folder;
     for (auto const& [name, content] : file.others)
         folder.write(name, content);
     EXPECT_EQ(problemWith(folder.write(file.name, file.content)), "");
-    DamagedOpenings const openings = openDamaged(file, count);
-    EXPECT_EQ(openings.problems, std::vector<std::string>()) << file.name;
-    EXPECT_EQ(openings.opened + openings.refused, count) << file.name;
-    EXPECT_GT(openings.refused, count / 10) << file.name << " is hardly looked at";
+    DamagedOpenings const openings = openDamaged(file, count, victim);
+    std::string const what = file.name + " " + victim;
+    EXPECT_EQ(openings.problems, std::vector<std::string>()) << what;
+    EXPECT_EQ(openings.opened + openings.refused, count) << what;
+    EXPECT_GT(openings.refused, count / 10) << what << " is hardly looked at";
 }
 
 } // namespace veldraw::tests

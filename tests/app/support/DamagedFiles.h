@@ -17,9 +17,10 @@ struct DamagedOpenings
 
 /// Opens a file with many damages, one after the other: each second one ends early, at places all over the file; the others have one to eight
 /// bytes that are others. The same ones each time.
-DamagedOpenings openDamaged(SoundFile const& file, int count);
+/// @param victim which of the others is damaged; empty for the file that is opened
+DamagedOpenings openDamaged(SoundFile const& file, int count, std::string const& victim = {});
 
 /// Expects that a file opens as it is, and that of @p count damaged ones each opens or is refused by its name.
-void expectToStandDamage(SoundFile const& file, int count);
+void expectToStandDamage(SoundFile const& file, int count, std::string const& victim = {});
 
 } // namespace veldraw::tests

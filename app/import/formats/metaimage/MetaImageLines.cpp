@@ -8,22 +8,12 @@
 #include <cerrno>
 #include <cmath>
 #include <cstdlib>
-#include <sstream>
 
 namespace veldraw::app {
 
 namespace {
 
 constexpr std::size_t longestLine = 1 << 16;
-
-std::vector<std::string> wordsOf(std::string const& text)
-{
-    std::istringstream stream(text);
-    std::vector<std::string> words;
-    for (std::string word; stream >> word;)
-        words.push_back(word);
-    return words;
-}
 
 bool parseInteger(std::string const& text, std::int64_t& value)
 {

@@ -9,35 +9,34 @@
 #include <filesystem>
 #include <map>
 #include <set>
-#include <sstream>
 #include <vector>
 
 namespace veldraw::app {
 
 namespace {
 
-constexpr std::size_t longestLine = 4096;
-constexpr std::size_t mostLines = 10000;
-constexpr std::size_t mostNamed = 10; // properties in a remark
+constexpr std::size_t longestHeaderLine = 4096;
+constexpr std::size_t mostHeaderLines = 10000;
+constexpr std::size_t mostPropertiesNamed = 10; // properties in a remark
 
-struct Property
+struct PlyProperty
 {
     std::string name;
     std::uint64_t leastBytes = 0; // in a binary file
     bool isList = false;
 };
 
-struct Element
+struct PlyElement
 {
     std::string name;
     std::uint64_t count = 0;
-    std::vector<Property> properties;
+    std::vector<PlyProperty> properties;
 };
 
-struct Header
+struct PlyContent
 {
     bool isText = false;
-    std::vector<Element> elements;
+    std::vector<PlyElement> elements;
     std::uint64_t bytes = 0; // of itself
 };
 
@@ -54,18 +53,9 @@ std::uint64_t bytesOfType(std::string const& type)
     return found->second;
 }
 
-std::vector<std::string> wordsOf(std::string const& line)
+PlyElement elementOf(std::vector<std::string> const& words)
 {
-    std::vector<std::string> words;
-    std::istringstream stream(line);
-    for (std::string word; stream >> word;)
-        words.push_back(word);
-    return words;
-}
-
-Element elementOf(std::vector<std::string> const& words)
-{
-    Element element;
+    PlyElement element;
     bool isNumber = words.size() == 3;
     if (isNumber) {
         element.name = words[1];
@@ -77,7 +67,7 @@ Element elementOf(std::vector<std::string> const& words)
     return element;
 }
 
-Property propertyOf(std::vector<std::string> const& words)
+PlyProperty propertyOf(std::vector<std::string> const& words)
 {
     bool const isList = words.size() == 5 && words[1] == "list";
     if (!isList && words.size() != 3)
@@ -88,7 +78,7 @@ Property propertyOf(std::vector<std::string> const& words)
 }
 
 // @return whether the header goes on
-bool take(std::string const& line, Header& header)
+bool take(std::string const& line, PlyContent& header)
 {
     auto const words = wordsOf(line);
     if (words.empty() || words[0] == "comment" || words[0] == "obj_info")
@@ -114,53 +104,53 @@ std::string nextLine(std::streambuf& file, std::uint64_t& bytes)
         if (c == '\n')
             return line;
         line += static_cast<char>(c);
-        if (line.size() > longestLine)
+        if (line.size() > longestHeaderLine)
             break;
     }
     throw ImportError("it is no PLY file, or its header has no end");
 }
 
-Header headerOf(std::string const& path)
+PlyContent headerOf(std::string const& path)
 {
     std::ifstream file = openToRead(path);
-    Header header;
+    PlyContent header;
     if (trimmed(nextLine(*file.rdbuf(), header.bytes)) != "ply")
         throw ImportError("it is no PLY file: its first line is not \"ply\"");
     std::size_t lines = 1;
     while (take(nextLine(*file.rdbuf(), header.bytes), header)) {
-        if (++lines > mostLines)
+        if (++lines > mostHeaderLines)
             throw ImportError("it is damaged: its header has no end");
     }
     return header;
 }
 
 // In a text each property takes a digit and a blank.
-double leastBytesOf(Header const& header)
+double leastBytesOf(PlyContent const& header)
 {
     double bytes = 0.0;
-    for (Element const& element : header.elements) {
+    for (PlyElement const& element : header.elements) {
         double each = 0.0;
-        for (Property const& property : element.properties)
+        for (PlyProperty const& property : element.properties)
             each += header.isText ? 2.0 : static_cast<double>(property.leastBytes);
         bytes += each * static_cast<double>(element.count);
     }
     return bytes - (header.isText ? 1.0 : 0.0);
 }
 
-Element const& elementNamed(Header const& header, std::string const& name)
+PlyElement const& elementNamed(PlyContent const& header, std::string const& name)
 {
     auto const found = std::find_if(header.elements.begin(), header.elements.end(),
-                                    [&name](Element const& element) { return element.name == name; });
+                                    [&name](PlyElement const& element) { return element.name == name; });
     if (found == header.elements.end())
         throw ImportError("it has no element \"" + name + "\"");
     return *found;
 }
 
-void requireCoordinates(Element const& vertices)
+void requireCoordinates(PlyElement const& vertices)
 {
     for (char const* const axis : {"x", "y", "z"}) {
         bool const isThere = std::any_of(vertices.properties.begin(), vertices.properties.end(),
-                                         [axis](Property const& property) { return property.name == axis; });
+                                         [axis](PlyProperty const& property) { return property.name == axis; });
         if (!isThere)
             throw ImportError("its vertices have no " + std::string(axis));
     }
@@ -177,15 +167,15 @@ bool isRead(std::string const& element, std::string const& property)
     return found != known.end() && found->second.count(property) != 0;
 }
 
-std::string remarkOn(Header const& header)
+std::string remarkOn(PlyContent const& header)
 {
     std::string names;
     std::size_t count = 0;
-    for (Element const& element : header.elements) {
-        for (Property const& property : element.properties) {
+    for (PlyElement const& element : header.elements) {
+        for (PlyProperty const& property : element.properties) {
             if (isRead(element.name, property.name))
                 continue;
-            if (++count <= mostNamed)
+            if (++count <= mostPropertiesNamed)
                 names += (names.empty() ? "\"" : ", \"") + shortened(asUtf8(property.name), 100) + "\" of " +
                          shortened(asUtf8(element.name), 100);
         }
@@ -193,14 +183,14 @@ std::string remarkOn(Header const& header)
     if (count == 0)
         return {};
     return "left out, since colours, normals, texture coordinates and intensities alone are read: " + names +
-           (count > mostNamed ? " and others" : "");
+           (count > mostPropertiesNamed ? " and others" : "");
 }
 
 } // namespace
 
 std::string checkPly(std::string const& path)
 {
-    Header const header = headerOf(path);
+    PlyContent const header = headerOf(path);
     requireCoordinates(elementNamed(header, "vertex"));
     auto const left = static_cast<double>(std::filesystem::file_size(path) - header.bytes);
     if (leastBytesOf(header) > left)

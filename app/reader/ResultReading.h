@@ -1,0 +1,15 @@
+#pragma once
+
+#include "app/handover/ReadRequest.h"
+
+#include <vtkCommand.h>
+#include <vtkDataObject.h>
+#include <vtkSmartPointer.h>
+
+namespace veldraw::app {
+
+/// Reads a case of EnSight as the request's text says: its parts are blocks with their names.
+/// @param progress observes VTK's reader
+vtkSmartPointer<vtkDataObject> readEnSight(ReadRequest const& request, vtkCommand& progress);
+
+} // namespace veldraw::app

@@ -390,7 +390,7 @@ std::vector<SoundFile> soundFiles()
                      "ObjectType = Image\nNDims = 2\nDimSize = 3 2\nElementSpacing = 1 0.5\nElementByteOrderMSB = "
                      "False\nHeaderSize = -1\nElementType = MET_SHORT\nElementDataFile = LOCAL\n0123456789ab",
                      {}});
-    files.push_back(enSightCase(2, 2, false));
+    files.push_back(enSightCase(2, 2, EnSightForm::Text));
     for (SoundFile const& surfaceFile : soundSurfaces())
         files.push_back(surfaceFile);
     return files;

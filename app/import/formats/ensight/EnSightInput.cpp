@@ -16,6 +16,7 @@ namespace {
 constexpr std::int64_t bytesOfLine = 80;
 constexpr std::int64_t bytesOfNumber = 4;
 constexpr std::int32_t mostParts = 65536; // by which the order of bytes is found
+constexpr std::size_t widthOfNumber = 12; // as text
 constexpr std::int64_t numbersAtOnce = 4096;
 
 [[noreturn]] void endTooEarly()
@@ -66,7 +67,10 @@ bool EnSightInput::isAtEnd()
 std::string EnSightInput::textLine()
 {
     std::string line;
-    if (!std::getline(m_file, line))
+    bool const isThere = static_cast<bool>(std::getline(m_file, line));
+    // Numbers have the same width in all such files, so that a shorter one without the end of its line was cut.
+    bool const isCut = isThere && m_file.eof() && line.size() < widthOfNumber;
+    if (!isThere || isCut)
         endTooEarly();
     return line;
 }

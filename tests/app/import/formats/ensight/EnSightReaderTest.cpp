@@ -60,10 +60,10 @@ TEST(EnSightCase, HasEachPartAtEachMomentWithAllValues)
 {
     constexpr int size = 7;
     constexpr int moments = 3;
-    for (bool const binary : {false, true}) {
-        SCOPED_TRACE(binary);
+    for (EnSightForm const form : {EnSightForm::Text, EnSightForm::CBinary, EnSightForm::FortranBinary}) {
+        SCOPED_TRACE(static_cast<int>(form));
         TemporaryFolder const folder;
-        auto const data = import(writeCase(folder, enSightCase(moments, size, binary))).dataSet;
+        auto const data = import(writeCase(folder, enSightCase(moments, size, form))).dataSet;
         ASSERT_EQ(data->zoneCount(), 2 * moments);
         EXPECT_EQ(variableNames(*data), "X,Y,Z,pressure,velocity_X,velocity_Y,velocity_Z,quality");
         int compared = 0;
@@ -90,7 +90,7 @@ TEST(EnSightCase, HasEachPartAtEachMomentWithAllValues)
 TEST(EnSightCase, OfOneMomentHasItsTimeAndNoStrand)
 {
     TemporaryFolder const folder;
-    auto const data = import(writeCase(folder, enSightCase(1, 2, false))).dataSet;
+    auto const data = import(writeCase(folder, enSightCase(1, 2, EnSightForm::Text))).dataSet;
     ASSERT_EQ(data->zoneCount(), 2);
     EXPECT_EQ(data->zone(1)->solutionTime, 0.5);
     EXPECT_EQ(data->zone(1)->strand, kernel::staticStrand);
@@ -101,7 +101,7 @@ TEST(EnSightCase, OfOneMomentHasItsTimeAndNoStrand)
 TEST(EnSightCase, NeedsNoTimes)
 {
     TemporaryFolder const folder;
-    SoundFile file = enSightCase(1, 2, true);
+    SoundFile file = enSightCase(1, 2, EnSightForm::CBinary);
     file.content = "FORMAT\ntype: ensight gold\nGEOMETRY\nmodel: flow.geo\nVARIABLE\nscalar per node: p flow.p08\n";
     auto const data = import(writeCase(folder, file)).dataSet;
     EXPECT_EQ(variableNames(*data), "X,Y,Z,p");
@@ -112,7 +112,7 @@ TEST(EnSightCase, MayStandInAFolderOfAnyName)
 {
     TemporaryFolder const folder;
     std::filesystem::create_directory(folder.path("a \"b\" \u00fc'$(x) *"));
-    SoundFile file = enSightCase(1, 2, false);
+    SoundFile file = enSightCase(1, 2, EnSightForm::Text);
     std::string path;
     for (auto const& [name, content] : file.others)
         folder.write("a \"b\" \u00fc'$(x) */" + name, content);
@@ -123,7 +123,7 @@ TEST(EnSightCase, MayStandInAFolderOfAnyName)
 TEST(EnSightCase, SaysWhatIsNotRead)
 {
     TemporaryFolder const folder;
-    SoundFile file = enSightCase(1, 2, false);
+    SoundFile file = enSightCase(1, 2, EnSightForm::Text);
     file.content.insert(file.content.find("constant"), "tensor asym per node: 1 stress flow.t**\n");
     EXPECT_THAT(import(writeCase(folder, file)).remarks, Contains("left out: tensor asym per node stress"));
     file.content.insert(file.content.find("flow.geo"), "1 1 ");
@@ -134,7 +134,7 @@ TEST(EnSightCase, SaysWhatIsNotRead)
 TEST(EnSightCase, NamesEachFileThatIsMissing)
 {
     TemporaryFolder const folder;
-    std::string const path = writeCase(folder, enSightCase(3, 2, false));
+    std::string const path = writeCase(folder, enSightCase(3, 2, EnSightForm::Text));
     for (char const* const name : {"flow.geo", "flow.v10", "flow.q12"})
         std::filesystem::remove(folder.path(name));
     EXPECT_EQ(problemWith(path),
@@ -156,7 +156,7 @@ TEST(EnSightCase, AsksBeforeItFollowsNamesOutOfItsFolder)
 TEST(EnSightCase, ThatContradictsItselfIsRefused)
 {
     TemporaryFolder const folder;
-    SoundFile const sound = enSightCase(2, 2, false);
+    SoundFile const sound = enSightCase(2, 2, EnSightForm::Text);
     writeCase(folder, sound);
     std::string const start = "FORMAT\ntype: ensight gold\n";
     EXPECT_THAT(problemWith(folder.write("a.case", "The case against it\n")), HasSubstr("it is no EnSight Gold case"));
@@ -173,10 +173,25 @@ TEST(EnSightCase, ThatContradictsItselfIsRefused)
                 HasSubstr("\"9x\" stands where a number should be"));
 }
 
+TEST(EnSightCase, IsRefusedWhereOneOfItsFilesEndsTooEarly)
+{
+    for (EnSightForm const form : {EnSightForm::Text, EnSightForm::CBinary, EnSightForm::FortranBinary}) {
+        SoundFile const file = enSightCase(1, 3, form);
+        for (auto const& [name, content] : file.others) {
+            TemporaryFolder const folder;
+            std::string const path = writeCase(folder, file);
+            for (std::size_t const missing : {std::size_t{5}, std::size_t{30}}) {
+                folder.write(name, content.substr(0, content.size() - missing));
+                EXPECT_THAT(problemWith(path), HasSubstr("its part \"" + name + "\": it is incomplete")) << missing;
+            }
+        }
+    }
+}
+
 TEST(EnSightCase, StandsAnyDamageOfEachOfItsFiles)
 {
-    for (bool const binary : {false, true}) {
-        SoundFile const file = enSightCase(2, 3, binary);
+    for (EnSightForm const form : {EnSightForm::Text, EnSightForm::CBinary, EnSightForm::FortranBinary}) {
+        SoundFile const file = enSightCase(2, 3, form);
         for (char const* const victim : {"", "flow.geo", "flow.v10", "flow.q08"})
             expectToStandDamage(file, 100, victim);
     }

@@ -193,13 +193,15 @@ class Installation(unittest.TestCase):
         subprocess.run(['cmake', '--install', os.environ['VELDRAW_BUILD'], '--component', 'python', '--prefix', str(prefix)],
                        check=True, stdout=subprocess.DEVNULL)
         module = next(prefix.rglob('veldraw.*.so'))
-        # By the file of VTK's format, which the process that reads files opens.
-        code = f'import veldraw; print(veldraw.__file__, veldraw.open({str(folder.grid())!r}).zones[1].shape)'
+        # By the file of VTK's format, which the process that reads files opens, and by one that it loads its module for.
+        surface = folder.path / 'a.obj'
+        surface.write_text('v 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n')
+        code = (f'import veldraw; print(veldraw.__file__, veldraw.open({str(folder.grid())!r}).zones[1].shape, '
+                f'veldraw.open({str(surface)!r}).zones[1].name)')
         environment = dict(os.environ, PYTHONPATH=str(module.parent))
         printed = subprocess.run([sys.executable, '-c', code], env=environment, check=True, capture_output=True, text=True).stdout
-        self.assertEqual(f'{module} (4, 3, 2)', printed.strip())
+        self.assertEqual(f'{module} (4, 3, 2) a', printed.strip())
         self.assertTrue((prefix / 'bin' / 'veldraw_reader').exists())
-        self.assertTrue((prefix / 'bin' / 'veldraw_reader_formats.so').exists())
 
 
 if __name__ == '__main__':

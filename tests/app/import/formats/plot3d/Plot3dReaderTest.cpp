@@ -208,6 +208,18 @@ TEST(Plot3dFile, OfAnotherProgramIsRefused)
                 HasSubstr("no PLOT3D grid in binary form"));
 }
 
+TEST(Plot3dFile, IsRefusedWhereARecordHasNotAsManyBytesAsItSays)
+{
+    TemporaryFolder const folder;
+    std::string const sound = fileOf(usual, {{{3, 3, 3}}, {{2, 2, 2}}}, 1, 3);
+    std::size_t const secondBlock = sound.size() - 8 * 16 - 8;
+    for (std::size_t const at : {std::size_t{0}, std::size_t{12}, secondBlock, sound.size() - 4}) {
+        std::string damaged = sound;
+        damaged[at] = static_cast<char>(damaged[at] + 2);
+        EXPECT_THAT(problemWith(folder.write("a.xyz", damaged)), HasSubstr("its size is not what the counts")) << at;
+    }
+}
+
 TEST(Plot3dFile, StandsAnyDamage)
 {
     expectToStandDamage({"a.xyz", fileOf(usual, {{{3, 4, 2}}, {{2, 2, 2}}}, 1, 3), {}}, 200);

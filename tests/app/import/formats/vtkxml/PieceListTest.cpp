@@ -181,6 +181,9 @@ TEST(ParallelFile, OfAnotherKindIsRefused)
     std::string const end = "</PUnstructuredGrid></VTKFile>";
     EXPECT_THAT(problemWith(folder.write("c.pvtu", start + "<Piece Source=\"c.pvtu\"/>" + end)),
                 HasSubstr("its part \"c.pvtu\": files of this kind cannot be parts"));
+    writeImage(folder.path("box.pvti"), 0);
+    EXPECT_THAT(problemWith(folder.write("g.pvtu", start + "<Piece Source=\"box_0.vti\"/>" + end)),
+                HasSubstr("its part \"box_0.vti\": files of this kind cannot be parts"));
     EXPECT_THAT(problemWith(folder.write("d.pvtu", start + "<Piece/>" + end)),
                 HasSubstr("a piece of it names no file (line 1)"));
     EXPECT_THAT(problemWith(folder.write("e.pvtu", start + end)), HasSubstr("it has no points"));

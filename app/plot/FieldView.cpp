@@ -1,7 +1,6 @@
 #include "app/plot/FieldView.h"
 
 #include "app/plot/ContourFlood.h"
-#include "app/plot/PickRay.h"
 #include "app/plot/PlotTheme.h"
 #include "app/plot/ShownZones.h"
 #include "app/plot/ZoneRanges.h"
@@ -10,7 +9,6 @@
 #include <QStringList>
 #include <vtkCamera.h>
 #include <vtkContextScene.h>
-#include <vtkPolyData.h>
 #include <vtkRenderWindow.h>
 
 #include <algorithm>
@@ -128,26 +126,6 @@ QPointF FieldView::onStage(QPointF const& inArea) const
     double const ratio = area().pixelRatio;
     return {(inArea.x() * area().width - ratio * m_margins.left()) / m_stageWidth,
             (inArea.y() * area().height - ratio * m_margins.bottom()) / m_stageHeight};
-}
-
-int FieldView::zoneAt(QPointF const& inArea) const
-{
-    QPointF const position = onStage(inArea);
-    if (position.x() < 0.0 || position.x() > 1.0 || position.y() < 0.0 || position.y() > 1.0)
-        return 0;
-    int const* const origin = m_stage->GetOrigin();
-    PickRay const ray(*m_stage, origin[0] + position.x() * m_stageWidth, origin[1] + position.y() * m_stageHeight);
-    double const reach = 5.0 * area().pixelRatio;
-    double nearest = -1.0;
-    int found = 0;
-    for (auto const& zone : zones()) {
-        double const distance = ray.distanceTo(zone->surface(), reach);
-        if (distance < 0.0 || (found != 0 && distance > nearest + ray.resolution()))
-            continue;
-        nearest = distance;
-        found = zone->zoneNumber();
-    }
-    return found;
 }
 
 void FieldView::markZones(std::set<int> const& wanted)

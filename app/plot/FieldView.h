@@ -4,7 +4,9 @@
 #include "app/plot/ContourLayer.h"
 #include "app/plot/FrameView.h"
 #include "app/plot/PickMarks.h"
+#include "app/plot/SeenCell.h"
 #include "app/plot/VectorLayer.h"
+#include "app/plot/ZonePlace.h"
 #include "app/plot/ZoneScene.h"
 
 #include <QCoreApplication>
@@ -13,6 +15,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace veldraw::app {
@@ -52,6 +55,13 @@ public:
     /// One-based number of the zone seen at a position of the area, 0 if there is none. Of several zones at the same place
     /// it is the one that is drawn on top.
     int zoneAt(QPointF const& inArea) const;
+
+    /// What is to be searched for to find out what is seen at a position of the area; none outside of the stage.
+    std::optional<SeenQuestion> questionAt(QPointF const& inArea) const;
+
+    /// Where in a zone a search has found something. @return none where that is not drawn any more, or the data have changed since
+    std::optional<ZonePlace> placeOf(kernel::DataSet const& dataSet, SeenQuestion const& question,
+                                     SeenCell const& seen) const;
 
 protected:
     /// Space between the edges of the area and the stage, logical pixels.

@@ -3,6 +3,7 @@
 #include "app/plot/LineView.h"
 #include "app/plot/PageOnScreen.h"
 #include "app/plot/PageOverlay.h"
+#include "app/plot/PlaceSearch.h"
 #include "app/plot/PlaneView.h"
 #include "app/plot/PlotTheme.h"
 #include "app/plot/SpaceView.h"
@@ -47,6 +48,8 @@ PageView::PageView(kernel::Session& session, QWidget* parent)
         createCanvas();
     m_overlay = new PageOverlay(this);
 
+    setMouseTracking(true);
+    m_tipSearch = new PlaceSearch(this);
     m_timer = new QTimer(this);
     m_timer->setSingleShot(true);
     m_timer->setInterval(0);

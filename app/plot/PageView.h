@@ -3,6 +3,8 @@
 #include "app/plot/FrameMessage.h"
 #include "app/plot/FrameView.h"
 #include "app/plot/PageDisplay.h"
+#include "app/plot/SeenCell.h"
+#include "app/plot/ZonePlace.h"
 #include "kernel/session/Session.h"
 
 #include <QImage>
@@ -12,6 +14,7 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 
 class QVTKOpenGLNativeWidget;
 class QHelpEvent;
@@ -19,7 +22,9 @@ class QTimer;
 
 namespace veldraw::app {
 
+class FieldView;
 class PageOverlay;
+class PlaceSearch;
 
 /// Shows the active page of a session: the sheet of paper, which fills the widget, and its frames with their plots.
 ///
@@ -39,7 +44,7 @@ class PageOverlay;
 /// | press | | makes the frame the active one |
 /// | click | | picks the zone under the mouse, and no other |
 /// | click with Ctrl | | adds the zone to the picks, or removes it |
-/// | resting over a line plot | | shows the values of the point under the mouse |
+/// | resting over a plot | | shows the values of the point under the mouse; in a field plot zone, position, index or cell, and contour |
 class PageView : public QWidget
 {
     Q_OBJECT
@@ -144,7 +149,14 @@ private:
     void dragInView(FrameView& view, QPointF const& from, QPointF const& to, Qt::KeyboardModifiers modifiers);
     void pickAt(QPoint const& position, bool isAdding);
     bool moveByKey(FrameView& view, int key);
+
     void showTip(QHelpEvent const& event);
+    void searchForTip(kernel::UniqueId frame, FieldView const& field, QHelpEvent const& event);
+    void tellAt(QPoint const& position, QString const& tip);
+    void dropTip();
+    void dropTipBeside(QPoint const& mouse);
+    std::optional<ZonePlace> placeOf(kernel::UniqueId frame, SeenQuestion const& question,
+                                     std::optional<SeenCell> const& seen) const;
 
     kernel::Session& m_session;
     kernel::EventHub::Subscription m_subscription = 0;
@@ -164,6 +176,9 @@ private:
     QPointF m_dragPosition;
     Qt::MouseButton m_dragButton = Qt::NoButton;
     bool m_isDragging = false; // the mouse has moved too far for a click
+
+    PlaceSearch* m_tipSearch = nullptr;
+    QPoint m_tipPosition;
 };
 
 } // namespace veldraw::app

@@ -8,7 +8,6 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QTimer>
-#include <QToolTip>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -62,6 +61,7 @@ void PageView::mousePressEvent(QMouseEvent* event)
 
 void PageView::mouseMoveEvent(QMouseEvent* event)
 {
+    dropTipBeside(event->pos());
     FrameView* const view = m_dragButton == Qt::NoButton ? nullptr : frameView(m_draggedFrame);
     if (!view)
         return QWidget::mouseMoveEvent(event);
@@ -139,21 +139,15 @@ bool PageView::event(QEvent* event)
 {
     if (event->type() == QEvent::ScreenChangeInternal || event->type() == QEvent::LanguageChange)
         markAll();
+    bool const endsRest = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::Wheel ||
+                          event->type() == QEvent::KeyPress || event->type() == QEvent::Leave;
+    if (endsRest)
+        dropTip();
     if (event->type() == QEvent::ToolTip) {
         showTip(*static_cast<QHelpEvent*>(event));
         return true;
     }
     return QWidget::event(event);
-}
-
-void PageView::showTip(QHelpEvent const& event)
-{
-    auto const frame = frameAt(event.pos());
-    FrameView const* const view = frame ? shownView(frame->id) : nullptr;
-    QString const tip = view == nullptr ? QString() : view->tipAt(inPicture(m_slots.at(frame->id), event.pos()));
-    constexpr int around = 8; // the tip goes when the mouse leaves this
-    QToolTip::showText(event.globalPos(), tip, this,
-                       QRect(event.pos(), QSize(1, 1)).adjusted(-around, -around, around, around));
 }
 
 void PageView::keyPressEvent(QKeyEvent* event)

@@ -59,9 +59,16 @@ PickRay::PickRay(vtkRenderer& renderer, double x, double y)
     m_pixelAtEnd = length(difference(inScene(renderer, x + 1.0, y, 1.0), end));
 }
 
+std::array<double, 3> PickRay::seen(std::array<double, 3> const& place) const
+{
+    Vector const way = difference(place, m_origin);
+    auto const along = [&way](Vector const& axis) { return axis[0] * way[0] + axis[1] * way[1] + axis[2] * way[2]; };
+    return {along(m_across), along(m_upward), along(m_along)};
+}
+
 double PickRay::distanceTo(vtkPolyData& drawing, double pixels) const
 {
-    return PickSearch(*this, drawing, pixels).nearest();
+    return PickSearch(*this, drawing, pixels).nearest().distance;
 }
 
 } // namespace veldraw::app

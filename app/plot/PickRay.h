@@ -21,6 +21,9 @@ public:
     /// number when it misses. Surfaces are met exactly, lines and points within @p pixels around the ray.
     double distanceTo(vtkPolyData& drawing, double pixels) const;
 
+    /// A place of the scene as it is seen along the ray: two numbers across it, 0 on it, and the distance along it.
+    std::array<double, 3> seen(std::array<double, 3> const& place) const;
+
     /// How far along the ray something counts as being at the same place.
     double resolution() const { return 1e-6 * m_length; }
 

@@ -28,34 +28,61 @@ double nearer(double a, double b)
     return std::min(a, b);
 }
 
+// Of two at the same distance the first one.
+PickHit nearer(PickHit const& a, PickHit const& b)
+{
+    return a.isMiss() || (!b.isMiss() && b.distance < a.distance) ? b : a;
+}
+
+std::int64_t countOf(vtkCellArray* cells)
+{
+    return cells ? cells->GetNumberOfCells() : 0;
+}
+
+PickSearch::Bounds boundsOf(vtkPolyData& drawing)
+{
+    PickSearch::Bounds bounds{};
+    drawing.GetBounds(bounds.data());
+    return bounds;
+}
+
 } // namespace
 
 PickSearch::PickSearch(PickRay const& ray, vtkPolyData& drawing, double pixels)
+    : PickSearch(ray, drawing, pixels, boundsOf(drawing))
+{
+}
+
+PickSearch::PickSearch(PickRay const& ray, vtkPolyData& drawing, double pixels, Bounds const& bounds)
     : m_ray(ray)
     , m_drawing(drawing)
     , m_points(nullptr)
     , m_pixels(pixels)
+    , m_bounds(bounds)
 {
     vtkPoints* const points = drawing.GetPoints();
     if (auto* const values = points ? vtkFloatArray::SafeDownCast(points->GetData()) : nullptr)
         m_points = values->GetPointer(0);
 }
 
-double PickSearch::nearest() const
+PickHit PickSearch::nearest(kernel::Progress const& progress) const
 {
     if (!m_points || !mayMeet())
-        return missed;
-    double found = nearestOf(m_drawing.GetPolys(), [this](auto const* ids, auto count) { return polygon(ids, count); });
-    found = nearer(found,
-                   nearestOf(m_drawing.GetLines(), [this](auto const* ids, auto count) { return lines(ids, count); }));
-    return nearer(
-        found, nearestOf(m_drawing.GetVerts(), [this](auto const* ids, auto count) { return vertices(ids, count); }));
+        return {};
+    std::int64_t const lineCells = countOf(m_drawing.GetVerts());
+    std::int64_t const polygonCells = lineCells + countOf(m_drawing.GetLines());
+    PickHit found = nearestOf(m_drawing.GetPolys(), polygonCells, progress,
+                              [this](auto const* ids, auto count) { return polygon(ids, count); });
+    found = nearer(found, nearestOf(m_drawing.GetLines(), lineCells, progress,
+                                    [this](auto const* ids, auto count) { return lines(ids, count); }));
+    return nearer(found, nearestOf(m_drawing.GetVerts(), 0, progress,
+                                   [this](auto const* ids, auto count) { return vertices(ids, count); }));
 }
 
 // Whether the ray comes near the ball around the drawing at all.
 bool PickSearch::mayMeet() const
 {
-    double const* const box = m_drawing.GetBounds();
+    Bounds const& box = m_bounds;
     Vector const centre = {0.5 * (box[0] + box[1]), 0.5 * (box[2] + box[3]), 0.5 * (box[4] + box[5])};
     double x = 0.0;
     double y = 0.0;
@@ -72,17 +99,22 @@ bool PickSearch::mayMeet() const
 }
 
 template <typename Cell>
-double PickSearch::nearestOf(vtkCellArray* cells, Cell const& cell) const
+PickHit PickSearch::nearestOf(vtkCellArray* cells, std::int64_t firstCell, kernel::Progress const& progress,
+                              Cell const& cell) const
 {
-    if (!cells || cells->GetNumberOfCells() == 0)
-        return missed;
-    std::int64_t const count = cells->GetNumberOfCells();
-    std::vector<double> found(static_cast<std::size_t>(kernel::parallelChunkCount(count)), missed);
+    std::int64_t const count = countOf(cells);
+    if (count == 0)
+        return {};
+    std::vector<PickHit> found(static_cast<std::size_t>(kernel::parallelChunkCount(count)));
     auto const search = [&](auto const* offsets, auto const* ids) {
         auto const work = [&](std::int64_t first, std::int64_t last, std::int64_t chunk) {
-            double best = missed;
-            for (std::int64_t n = first; n < last; ++n)
-                best = nearer(best, cell(ids + offsets[n], static_cast<std::int64_t>(offsets[n + 1] - offsets[n])));
+            PickHit best;
+            for (std::int64_t n = first; n < last; ++n) {
+                if (n % cellsForAThread == 0 && progress.isInterrupted())
+                    break;
+                best =
+                    nearer(best, {cell(ids + offsets[n], static_cast<std::int64_t>(offsets[n + 1] - offsets[n])), n});
+            }
             found[static_cast<std::size_t>(chunk)] = best;
         };
         kernel::parallelFor(count, work, cellsForAThread);
@@ -91,9 +123,10 @@ double PickSearch::nearestOf(vtkCellArray* cells, Cell const& cell) const
         search(cells->GetOffsetsArray64()->GetPointer(0), cells->GetConnectivityArray64()->GetPointer(0));
     else
         search(cells->GetOffsetsArray32()->GetPointer(0), cells->GetConnectivityArray32()->GetPointer(0));
-    double best = missed;
-    for (double const distance : found)
-        best = nearer(best, distance);
+    PickHit best;
+    for (PickHit const& hit : found)
+        best = nearer(best, hit);
+    best.cell += best.isMiss() ? 0 : firstCell;
     return best;
 }
 

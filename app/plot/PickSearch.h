@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/plot/PickRay.h"
+#include "kernel/base/Progress.h"
 
 #include <cstdint>
 #include <vector>
@@ -10,6 +11,15 @@ class vtkPolyData;
 
 namespace veldraw::app {
 
+/// A drawn cell that a ray meets.
+struct PickHit
+{
+    double distance = -1.0; ///< along the ray; negative when nothing is met
+    std::int64_t cell = -1; ///< number among the vertices, lines and polygons of the drawing, in this order
+
+    bool isMiss() const { return distance < 0.0; }
+};
+
 /// Searches the cells of a drawing for the nearest one that a ray meets.
 ///
 /// Points are projected along the ray: the ray itself is the origin of the two coordinates across it. Cells with a point that
@@ -17,10 +27,15 @@ namespace veldraw::app {
 class PickSearch
 {
 public:
+    using Bounds = std::array<double, 6>; ///< low and high end along each axis of the scene
+
     PickSearch(PickRay const& ray, vtkPolyData& drawing, double pixels);
 
-    /// Distance along the ray, negative when nothing is met.
-    double nearest() const;
+    /// For a search on another thread than the one that draws. @param bounds of what is drawn, so that nobody need ask for them
+    PickSearch(PickRay const& ray, vtkPolyData& drawing, double pixels, Bounds const& bounds);
+
+    /// The nearest cell that is met. After an interrupt it may be any.
+    PickHit nearest(kernel::Progress const& progress = {}) const;
 
 private:
     struct Seen
@@ -31,7 +46,8 @@ private:
     };
 
     template <typename Cell>
-    double nearestOf(vtkCellArray* cells, Cell const& cell) const;
+    PickHit nearestOf(vtkCellArray* cells, std::int64_t firstCell, kernel::Progress const& progress,
+                      Cell const& cell) const;
     template <typename Id>
     double polygon(Id const* ids, std::int64_t count) const;
     template <typename Id>
@@ -49,6 +65,7 @@ private:
     vtkPolyData& m_drawing;
     float const* m_points;
     double m_pixels;
+    Bounds m_bounds;
 };
 
 } // namespace veldraw::app

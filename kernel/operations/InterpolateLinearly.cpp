@@ -3,10 +3,10 @@
 #include "kernel/base/Parallel.h"
 #include "kernel/base/Text.h"
 #include "kernel/compute/ValueBlock.h"
+#include "kernel/mesh/MixedValue.h"
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <numeric>
 #include <stdexcept>
 
@@ -15,30 +15,6 @@ namespace veldraw::kernel {
 namespace {
 
 constexpr std::size_t effortUnchecked = 16384; // in parts of cells that are looked at
-
-double mixed(QuickReader const& values, std::vector<WeightedPoint> const& weights, double scale)
-{
-    // By differences, so that equal values give just this value.
-    double const first = scale * values.at(weights.front().point);
-    double sum = 0;
-    for (WeightedPoint const& corner : weights) {
-        sum += corner.weight * (scale * values.at(corner.point) - first);
-    }
-    return first + sum;
-}
-
-/// What the values at some points mix to; no finite number when one of the values is none.
-double mixed(QuickReader const& values, std::vector<WeightedPoint> const& weights)
-{
-    double const value = mixed(values, weights, 1.0);
-    if (std::isfinite(value)) {
-        return value;
-    }
-    constexpr double small = 0x1p-64; // differences of values of extreme size overflow
-    double const largest = std::numeric_limits<double>::max();
-    double const smallValue = mixed(values, weights, small);
-    return std::isfinite(smallValue) ? std::clamp(smallValue / small, -largest, largest) : smallValue;
-}
 
 /// The cells in which places are, one place after the other; most lie in the cell of the one before.
 class CellReader
@@ -247,7 +223,7 @@ std::int64_t InterpolateLinearly::fillInside(Group const& group, ValuesOfGroup c
     for (std::size_t variable = 0; variable < group.targets.size(); ++variable) {
         SourceValues const& source = values[variable][cell.zone];
         double const value =
-            source.location == ValueLocation_Nodal ? mixed(source.values, weights) : source.values.at(cell.slot);
+            source.location == ValueLocation_Nodal ? mixedValue(source.values, weights) : source.values.at(cell.slot);
         if (std::isfinite(value)) {
             group.targets[variable]->set(slot, value);
         } else {

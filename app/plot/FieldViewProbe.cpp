@@ -1,0 +1,48 @@
+// What a field plot is asked about a position: which zone is seen there, and where in it.
+#include "app/plot/FieldView.h"
+#include "app/plot/PlaceOnRay.h"
+
+#include <algorithm>
+
+namespace veldraw::app {
+
+std::optional<SeenQuestion> FieldView::questionAt(QPointF const& inArea) const
+{
+    QPointF const position = onStage(inArea);
+    if (position.x() < 0.0 || position.x() > 1.0 || position.y() < 0.0 || position.y() > 1.0)
+        return std::nullopt;
+    constexpr double reach = 5.0; // logical pixels
+    int const* const origin = m_stage->GetOrigin();
+    SeenQuestion question{
+        PickRay(*m_stage, origin[0] + position.x() * m_stageWidth, origin[1] + position.y() * m_stageHeight),
+        reach * area().pixelRatio,
+        {}};
+    for (auto const& zone : zones())
+        question.things.push_back(zone->geometry());
+    return question;
+}
+
+int FieldView::zoneAt(QPointF const& inArea) const
+{
+    std::optional<SeenQuestion> const question = questionAt(inArea);
+    std::optional<SeenCell> const seen = question ? seenCell(*question) : std::nullopt;
+    return seen ? zones()[seen->thing]->zoneNumber() : 0;
+}
+
+std::optional<ZonePlace> FieldView::placeOf(kernel::DataSet const& dataSet, SeenQuestion const& question,
+                                            SeenCell const& seen) const
+{
+    auto const& geometry = question.things[seen.thing];
+    auto const drawing =
+        std::find_if(zones().begin(), zones().end(), [&](auto const& each) { return each->geometry() == geometry; });
+    if (drawing == zones().end())
+        return std::nullopt;
+    int const number = (*drawing)->zoneNumber();
+    auto const zone = dataSet.zone(number);
+    GeometryKey const& key = geometry->key();
+    if (!zone || geometryKeyOf(dataSet, number, m_look, key.cut ? &*key.cut : nullptr) != key)
+        return std::nullopt;
+    return PlaceOnRay(question.ray, *geometry, *zone, m_look.axes).in(seen.cell);
+}
+
+} // namespace veldraw::app

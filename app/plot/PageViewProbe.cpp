@@ -1,0 +1,73 @@
+// What a page view tells of a place under the mouse.
+#include "app/plot/FieldView.h"
+#include "app/plot/PageView.h"
+#include "app/plot/PlaceSearch.h"
+#include "app/plot/PlaceText.h"
+
+#include <QHelpEvent>
+#include <QToolTip>
+
+#include <algorithm>
+#include <cstdlib>
+#include <utility>
+
+namespace veldraw::app {
+
+namespace {
+
+constexpr int around = 8; // logical pixels; a box beside the mouse goes when the mouse leaves them
+
+} // namespace
+
+void PageView::showTip(QHelpEvent const& event)
+{
+    dropTip();
+    auto const frame = frameAt(event.pos());
+    FrameView const* const view = frame ? shownView(frame->id) : nullptr;
+    if (auto const* const field = dynamic_cast<FieldView const*>(view))
+        return searchForTip(frame->id, *field, event);
+    tellAt(event.pos(), view == nullptr ? QString() : view->tipAt(inPicture(m_slots.at(frame->id), event.pos())));
+}
+
+void PageView::tellAt(QPoint const& position, QString const& tip)
+{
+    QToolTip::showText(mapToGlobal(position), tip, this,
+                       QRect(position, QSize(1, 1)).adjusted(-around, -around, around, around));
+}
+
+void PageView::searchForTip(kernel::UniqueId frame, FieldView const& field, QHelpEvent const& event)
+{
+    std::optional<SeenQuestion> question = field.questionAt(inPicture(m_slots.at(frame), event.pos()));
+    if (!question)
+        return tellAt(event.pos(), {});
+    m_tipPosition = event.pos();
+    m_tipSearch->start(std::move(*question), [this, frame](SeenQuestion const& asked, auto const& found) {
+        auto const place = placeOf(frame, asked, found);
+        tellAt(m_tipPosition, place ? PlaceText::tip(*m_session.frame(frame), *place) : QString());
+    });
+}
+
+// A box that is still searched for is not wanted any more.
+void PageView::dropTip()
+{
+    m_tipSearch->drop();
+}
+
+void PageView::dropTipBeside(QPoint const& mouse)
+{
+    QPoint const way = mouse - m_tipPosition;
+    if (m_tipSearch->isSearching() && std::max(std::abs(way.x()), std::abs(way.y())) > around)
+        dropTip();
+}
+
+std::optional<ZonePlace> PageView::placeOf(kernel::UniqueId frame, SeenQuestion const& question,
+                                           std::optional<SeenCell> const& seen) const
+{
+    auto const shown = m_session.frame(frame);
+    auto const* const field = dynamic_cast<FieldView const*>(shownView(frame));
+    if (!seen || !shown || !shown->dataSet || !field)
+        return std::nullopt;
+    return field->placeOf(*shown->dataSet, question, *seen);
+}
+
+} // namespace veldraw::app

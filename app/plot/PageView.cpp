@@ -50,6 +50,7 @@ PageView::PageView(kernel::Session& session, QWidget* parent)
 
     setMouseTracking(true);
     m_tipSearch = new PlaceSearch(this);
+    m_probeSearch = new PlaceSearch(this);
     m_timer = new QTimer(this);
     m_timer->setSingleShot(true);
     m_timer->setInterval(0);

@@ -3,8 +3,8 @@
 #include "app/plot/FrameMessage.h"
 #include "app/plot/FrameView.h"
 #include "app/plot/PageDisplay.h"
+#include "app/plot/ProbedPlace.h"
 #include "app/plot/SeenCell.h"
-#include "app/plot/ZonePlace.h"
 #include "kernel/session/Session.h"
 
 #include <QImage>
@@ -44,6 +44,7 @@ class PlaceSearch;
 /// | press | | makes the frame the active one |
 /// | click | | picks the zone under the mouse, and no other |
 /// | click with Ctrl | | adds the zone to the picks, or removes it |
+/// | click with Shift | | probes the place under the mouse, and picks nothing |
 /// | resting over a plot | | shows the values of the point under the mouse; in a field plot zone, position, index or cell, and contour |
 class PageView : public QWidget
 {
@@ -94,7 +95,14 @@ public:
     /// Draws everything that is out of date now, unless the session has drawing suspended.
     void refresh();
 
+    /// Whether a click without keys probes the place under the mouse too, and picks nothing. Not at first.
+    void probeByClick(bool isOn) { m_probesByClick = isOn; }
+
     QSize sizeHint() const override { return {960, 720}; }
+
+Q_SIGNALS:
+    /// The user has pointed at a place of a zone, of which everything is to be told.
+    void probed(veldraw::app::ProbedPlace const& place);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -152,6 +160,7 @@ private:
 
     void showTip(QHelpEvent const& event);
     void searchForTip(kernel::UniqueId frame, FieldView const& field, QHelpEvent const& event);
+    void probeAt(QPoint const& position);
     void tellAt(QPoint const& position, QString const& tip);
     void dropTip();
     void dropTipBeside(QPoint const& mouse);
@@ -179,6 +188,8 @@ private:
 
     PlaceSearch* m_tipSearch = nullptr;
     QPoint m_tipPosition;
+    PlaceSearch* m_probeSearch = nullptr;
+    bool m_probesByClick = false;
 };
 
 } // namespace veldraw::app

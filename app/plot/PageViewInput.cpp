@@ -89,8 +89,13 @@ void PageView::dragInView(FrameView& view, QPointF const& from, QPointF const& t
 
 void PageView::mouseReleaseEvent(QMouseEvent* event)
 {
-    if (m_dragButton == Qt::LeftButton && event->button() == Qt::LeftButton && !m_isDragging)
-        pickAt(event->pos(), event->modifiers().testFlag(Qt::ControlModifier));
+    if (m_dragButton == Qt::LeftButton && event->button() == Qt::LeftButton && !m_isDragging) {
+        bool const isAdding = event->modifiers().testFlag(Qt::ControlModifier);
+        if (!isAdding && (m_probesByClick || event->modifiers().testFlag(Qt::ShiftModifier)))
+            probeAt(event->pos());
+        else
+            pickAt(event->pos(), isAdding);
+    }
     m_dragButton = Qt::NoButton;
     m_draggedFrame = 0;
     event->accept();

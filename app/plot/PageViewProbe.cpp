@@ -47,6 +47,29 @@ void PageView::searchForTip(kernel::UniqueId frame, FieldView const& field, QHel
     });
 }
 
+void PageView::probeAt(QPoint const& position)
+{
+    kernel::UniqueId const frame = m_draggedFrame;
+    auto const* const field = dynamic_cast<FieldView const*>(frameView(frame));
+    if (!field)
+        return;
+    std::optional<SeenQuestion> question = field->questionAt(inPicture(m_slots.at(frame), position));
+    if (!question)
+        return;
+    m_probeSearch->start(std::move(*question), [this, frame](SeenQuestion const& asked, auto const& found) {
+        auto const place = placeOf(frame, asked, found);
+        if (!place)
+            return;
+        auto const shown = m_session.frame(frame);
+        ProbedPlace probe{shown->dataSet, {}, *place, frame};
+        std::array<int, 3> const axes = shown->axisVariables();
+        for (std::size_t axis = 0; axis < axes.size(); ++axis)
+            if (auto const variable = shown->dataSet->variable(axes[axis]))
+                probe.axes[axis] = variable->id;
+        Q_EMIT probed(probe);
+    });
+}
+
 // A box that is still searched for is not wanted any more.
 void PageView::dropTip()
 {

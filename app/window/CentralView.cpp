@@ -14,6 +14,10 @@ CentralView CentralView::ofPage(kernel::Session& session)
     view.lookFrom = [page](ViewSide side) { page->lookFrom(side); };
     view.showOpening = [page](QString const& fileName) { page->showOpening(fileName); };
     view.isDrawing = [page] { return page->isDrawing(); };
+    view.probeByClick = [page](bool isOn) { page->probeByClick(isOn); };
+    view.onProbe = [page](std::function<void(ProbedPlace const&)> const& function) {
+        QObject::connect(page, &PageView::probed, page, function);
+    };
     view.grabImage = [page] { return page->takePicture(); };
     return view;
 }

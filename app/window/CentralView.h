@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/plot/ProbedPlace.h"
 #include "app/plot/ViewSide.h"
 
 #include <QImage>
@@ -27,6 +28,10 @@ struct CentralView
     std::function<void(QString const& fileName)> showOpening = [](QString const&) {};
     /// Whether a part of the picture is still being computed.
     std::function<bool()> isDrawing = [] { return false; };
+    /// Whether a click in a plot probes the place under the mouse without a key.
+    std::function<void(bool)> probeByClick = [](bool) {};
+    /// Has a function called with each place that the user probes.
+    std::function<void(std::function<void(ProbedPlace const&)>)> onProbe = [](auto const&) {};
     /// A picture of the page without borders and headers.
     std::function<QImage()> grabImage = [] { return QImage(); };
 

@@ -7,6 +7,7 @@
 #include "app/window/JournalPanel.h"
 #include "app/window/MessagePanel.h"
 #include "app/window/NewAction.h"
+#include "app/window/ProbePanel.h"
 #include "app/window/TimePanel.h"
 
 #include <QDockWidget>
@@ -34,12 +35,14 @@ MainDocks::MainDocks(kernel::Session& session, QMainWindow& window, CentralView 
     , m_assignment(new AssignmentPanel(session))
     , m_cuts(new CutPanel(session))
     , m_time(new TimePanel(session, view.isDrawing))
+    , m_probes(new ProbePanel(session, view.probeByClick))
     , m_messages(new MessagePanel)
     , m_journal(new JournalPanel(session))
     , m_dataDock(add("dataDock", QStringLiteral("Data"), *m_data, Qt::LeftDockWidgetArea))
     , m_plotDock(add("plotDock", QStringLiteral("Plot"), *m_assignment, Qt::LeftDockWidgetArea))
     , m_cutDock(add("cutDock", QStringLiteral("Slices"), *m_cuts, Qt::LeftDockWidgetArea))
     , m_timeDock(add("timeDock", QStringLiteral("Time"), *m_time, Qt::LeftDockWidgetArea))
+    , m_probeDock(add("probeDock", QStringLiteral("Values"), *m_probes, Qt::LeftDockWidgetArea))
     , m_messageDock(add("messageDock", QStringLiteral("Messages"), *m_messages, Qt::BottomDockWidgetArea))
     , m_journalDock(add("journalDock", QStringLiteral("Journal"), *m_journal, Qt::BottomDockWidgetArea))
     , m_focusOnPlot(newFocusAction("assignAction", QStringLiteral("&Assign Variables"), Qt::CTRL + Qt::Key_4,
@@ -48,28 +51,49 @@ MainDocks::MainDocks(kernel::Session& session, QMainWindow& window, CentralView 
                                    [this] { m_cuts->takeFocus(); }))
     , m_focusOnTime(newFocusAction("timeAction", QStringLiteral("Go Th&rough Time"), Qt::CTRL + Qt::Key_7, *m_timeDock,
                                    [this] { m_time->takeFocus(); }))
+    , m_focusOnProbes(newFocusAction("probeAction", QStringLiteral("&Probe Values"), Qt::CTRL + Qt::Key_8, *m_probeDock,
+                                     [this] { m_probes->takeFocus(); }))
 {
-    window.setDockOptions(QMainWindow::AnimatedDocks | QMainWindow::AllowTabbedDocks | QMainWindow::AllowNestedDocks);
-    window.setTabPosition(Qt::AllDockWidgetAreas, QTabWidget::North);
-    window.setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
-    window.tabifyDockWidget(m_dataDock, m_plotDock);
-    window.tabifyDockWidget(m_plotDock, m_cutDock);
-    window.tabifyDockWidget(m_cutDock, m_timeDock);
+    arrange();
+    connectPanels(view);
+}
+
+void MainDocks::arrange()
+{
+    m_window.setDockOptions(QMainWindow::AnimatedDocks | QMainWindow::AllowTabbedDocks | QMainWindow::AllowNestedDocks);
+    m_window.setTabPosition(Qt::AllDockWidgetAreas, QTabWidget::North);
+    m_window.setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
+    m_window.tabifyDockWidget(m_dataDock, m_plotDock);
+    m_window.tabifyDockWidget(m_plotDock, m_cutDock);
+    m_window.tabifyDockWidget(m_cutDock, m_timeDock);
+    m_window.tabifyDockWidget(m_timeDock, m_probeDock);
     // The tabs say already what these are.
     m_dataDock->setTitleBarWidget(new QWidget);
     m_plotDock->setTitleBarWidget(new QWidget);
     m_cutDock->setTitleBarWidget(new QWidget);
     m_timeDock->setTitleBarWidget(new QWidget);
+    m_probeDock->setTitleBarWidget(new QWidget);
     m_dataDock->raise();
-    window.tabifyDockWidget(m_messageDock, m_journalDock);
+    m_window.tabifyDockWidget(m_messageDock, m_journalDock);
     m_messageDock->raise();
     // Wide enough for its lists, but the page is what people come for.
-    window.resizeDocks({m_dataDock}, {std::min(m_data->sizeHint().width(), window.width() * 2 / 5)}, Qt::Horizontal);
-    window.resizeDocks({m_messageDock}, {std::min(96, window.height() / 8)}, Qt::Vertical);
+    m_window.resizeDocks({m_dataDock}, {std::min(m_data->sizeHint().width(), m_window.width() * 2 / 5)},
+                         Qt::Horizontal);
+    m_window.resizeDocks({m_messageDock}, {std::min(96, m_window.height() / 8)}, Qt::Vertical);
+}
+
+void MainDocks::connectPanels(CentralView const& view)
+{
     connect(m_data, &DataPanel::editRefused, this, &MainDocks::refused);
     connect(m_cuts, &CutPanel::editRefused, this, &MainDocks::refused);
     connect(m_time, &TimePanel::editRefused, this, &MainDocks::refused);
     connect(m_assignment, &AssignmentPanel::editRefused, this, &MainDocks::refused);
+    connect(m_probes, &ProbePanel::editRefused, this, &MainDocks::refused);
+    view.onProbe([this](ProbedPlace const& place) {
+        m_probes->add(place);
+        m_probeDock->show();
+        m_probeDock->raise();
+    });
 }
 
 QDockWidget* MainDocks::add(char const* name, QString const& title, QWidget& content, Qt::DockWidgetArea area)
@@ -133,7 +157,8 @@ void MainDocks::restoreLayout(int version)
 
 void MainDocks::addToggles(QMenu& menu)
 {
-    for (QDockWidget const* const dock : {m_dataDock, m_plotDock, m_cutDock, m_timeDock, m_messageDock, m_journalDock})
+    for (QDockWidget const* const dock :
+         {m_dataDock, m_plotDock, m_cutDock, m_timeDock, m_probeDock, m_messageDock, m_journalDock})
         menu.addAction(dock->toggleViewAction());
 }
 

@@ -17,9 +17,10 @@ class CutPanel;
 class DataPanel;
 class JournalPanel;
 class MessagePanel;
+class ProbePanel;
 class TimePanel;
 
-/// The docks around the page, with data, plot, slices, time, messages and journal, and the actions that move the keyboard focus to them.
+/// The docks around the page, with data, plot, slices, time, values, messages and journal, and the actions that move the keyboard focus to them.
 class MainDocks : public QObject
 {
     Q_OBJECT
@@ -40,6 +41,9 @@ public:
     /// Moves the focus to the time of the plot.
     QAction& focusOnTime() { return *m_focusOnTime; }
 
+    /// Moves the focus to the values of the place that was probed last.
+    QAction& focusOnProbes() { return *m_focusOnProbes; }
+
     JournalPanel& journal() { return *m_journal; }
 
     /// Adds the actions that show and hide each dock.
@@ -57,6 +61,8 @@ Q_SIGNALS:
     void refused();
 
 private:
+    void arrange();
+    void connectPanels(CentralView const& view);
     QDockWidget* add(char const* name, QString const& title, QWidget& content, Qt::DockWidgetArea area);
     QAction* newFocusAction(char const* name, QString const& text, int key, QDockWidget& dock,
                             std::function<void()> const& takeFocus);
@@ -67,17 +73,20 @@ private:
     AssignmentPanel* m_assignment;
     CutPanel* m_cuts;
     TimePanel* m_time;
+    ProbePanel* m_probes;
     MessagePanel* m_messages;
     JournalPanel* m_journal;
     QDockWidget* m_dataDock;
     QDockWidget* m_plotDock;
     QDockWidget* m_cutDock;
     QDockWidget* m_timeDock;
+    QDockWidget* m_probeDock;
     QDockWidget* m_messageDock;
     QDockWidget* m_journalDock;
     QAction* m_focusOnPlot;
     QAction* m_focusOnCuts;
     QAction* m_focusOnTime;
+    QAction* m_focusOnProbes;
 };
 
 } // namespace veldraw::app

@@ -156,4 +156,99 @@ TEST_F(PlotTipTest, AContourThatIsNotThereIsNamedAsSuch)
     EXPECT_THAT(tipAt(page().at(0.4, 0.5)), HasSubstr("q = passive"));
 }
 
+namespace {
+
+/// A user who clicks on places of field plots.
+class PlotProbeTest : public ::testing::TestWithParam<PlotType_e>
+{
+protected:
+    PlotProbeTest()
+        : set(isInSpace() ? SampleData::bricks(6) : SampleData::sheet(7, 7))
+        , page({SampleData::frame("Grid", set, GetParam())}, {900, 560})
+    {
+        page.picture();
+        QObject::connect(&page.view(), &app::PageView::probed,
+                         [this](app::ProbedPlace const& place) { probes.push_back(place); });
+    }
+
+    static bool isInSpace() { return GetParam() == PlotType_Cartesian3D; }
+
+    /// A point of the last layer, of 7 x 7 points, which is seen from above.
+    std::int64_t pointOfTop(std::int64_t number) const { return set->zone(1)->pointCount() - 49 + number; }
+
+    /// Where a point of the zone is seen.
+    QPoint mouseOver(std::int64_t point)
+    {
+        vtkRenderer& stage = page.field().stage();
+        double place[3] = {0.0, 0.0, 0.0};
+        for (int axis = 0; axis < (isInSpace() ? 3 : 2); ++axis)
+            place[axis] = page.field().space().toScene(axis, set->field(1, axis + 1)->group()->buffer()->value(point));
+        stage.SetWorldPoint(place[0], place[1], place[2], 1.0);
+        stage.WorldToDisplay();
+        double const ratio = page.view().devicePixelRatioF();
+        return {static_cast<int>(stage.GetDisplayPoint()[0] / ratio),
+                page.view().height() - static_cast<int>(stage.GetDisplayPoint()[1] / ratio)};
+    }
+
+    void click(QPoint const& place, Qt::KeyboardModifiers modifiers)
+    {
+        std::size_t const before = probes.size();
+        QTest::mouseClick(page.view().windowHandle(), Qt::LeftButton, modifiers, place);
+        static_cast<void>(
+            QTest::qWaitFor([&] { return probes.size() > before; }, 500)); // there may be nothing to probe
+    }
+
+    std::shared_ptr<kernel::DataSet> set;
+    PlotTestPage page;
+    std::vector<app::ProbedPlace> probes;
+};
+
+} // namespace
+
+TEST_P(PlotProbeTest, AClickWithShiftProbesThePointUnderTheMouseAndPicksNothing)
+{
+    for (std::int64_t const point : {pointOfTop(24), pointOfTop(16), pointOfTop(37)}) {
+        click(mouseOver(point), Qt::ShiftModifier);
+        ASSERT_FALSE(probes.empty());
+        app::ProbedPlace const& probe = probes.back();
+        EXPECT_EQ(probe.frame, page.frame().id);
+        EXPECT_EQ(app::nearestPoint(*set->zone(1), probe.place, probe.axisVariables()), point);
+        std::array<double, 3> const position = probe.position().value();
+        for (int axis = 0; axis < (isInSpace() ? 3 : 2); ++axis)
+            EXPECT_NEAR(position[static_cast<std::size_t>(axis)],
+                        set->field(1, axis + 1)->group()->buffer()->value(point), 0.02);
+    }
+    EXPECT_EQ(probes.size(), 3U);
+    EXPECT_TRUE(page.session().picks().empty());
+}
+
+TEST_P(PlotProbeTest, AClickAlonePicksUnlessClicksAreToProbe)
+{
+    QPoint const middle = mouseOver(pointOfTop(24));
+    click(middle, {});
+    EXPECT_TRUE(probes.empty());
+    EXPECT_EQ(page.session().picks().size(), 1U);
+    page.session().setPicks({});
+    page.view().probeByClick(true);
+    click(middle + QPoint(20, 0), {});
+    EXPECT_EQ(probes.size(), 1U);
+    EXPECT_TRUE(page.session().picks().empty());
+    click(middle, Qt::ControlModifier);
+    EXPECT_EQ(probes.size(), 1U);
+    EXPECT_EQ(page.session().picks().size(), 1U) << "with Ctrl zones are picked as ever";
+}
+
+TEST_P(PlotProbeTest, ADragWithShiftAndAClickBesideTheZonesProbeNothing)
+{
+    QPoint const middle = mouseOver(pointOfTop(24));
+    page.drag(middle, middle + QPoint(40, 30), Qt::LeftButton, Qt::ShiftModifier);
+    click(page.at(0.3, 0.01), Qt::ShiftModifier);
+    EXPECT_TRUE(probes.empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(FieldPlots, PlotProbeTest, ::testing::Values(PlotType_Cartesian2D, PlotType_Cartesian3D),
+                         [](auto const& plot) {
+                             return plot.param == PlotType_Cartesian2D ? "InThePlane" : "InSpace";
+                         });
+
 } // namespace veldraw::tests

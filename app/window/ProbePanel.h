@@ -1,0 +1,64 @@
+#pragma once
+
+#include "app/plot/ProbedPlace.h"
+#include "app/window/ProbeReport.h"
+#include "app/window/SessionFollower.h"
+
+#include <QWidget>
+
+#include <functional>
+#include <optional>
+
+class QCheckBox;
+class QLabel;
+class QPushButton;
+class QTreeWidget;
+
+namespace veldraw::app {
+
+/// What the "Values" dock shows: zone, position, index or cell and all values at the place that was probed last, and the way to it from
+/// the place before. It follows the data.
+class ProbePanel : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// @param probeByClick called with whether a click in a plot probes without a key
+    ProbePanel(kernel::Session& session, std::function<void(bool)> probeByClick, QWidget* parent = nullptr);
+    ~ProbePanel() override;
+
+    /// Shows a place; the one that was shown is that before.
+    void add(ProbedPlace const& place);
+
+    /// Puts the keyboard focus on the list.
+    void takeFocus();
+
+Q_SIGNALS:
+    /// The session did not do what was asked for.
+    void editRefused();
+
+private:
+    void makeFields();
+    void layOut();
+    void refresh();
+    void showLines(ProbeReport::Lines const& lines);
+    kernel::NumberSet missingVariables() const;
+    void load();
+    void copy() const;
+    void forget();
+
+    kernel::Session& m_session;
+    std::function<void(bool)> m_probeByClick;
+    QLabel* m_notice;
+    QCheckBox* m_byClick;
+    QTreeWidget* m_list;
+    QPushButton* m_load;
+    QPushButton* m_copy;
+    QPushButton* m_forget;
+    std::optional<ProbedPlace> m_before;
+    std::optional<ProbedPlace> m_last;
+    ProbeReport::Lines m_lines; // that are shown
+    SessionFollower m_follower;
+};
+
+} // namespace veldraw::app

@@ -182,8 +182,8 @@ TEST_F(SeriesTest, DamagedListsAreRefusedInWords)
     EXPECT_THAT(problem(collection(entry("1", "gone.vts"))), HasSubstr("its part \"gone.vts\": "));
     EXPECT_EQ(problem(collection(entry("1", "a.pvd"), "all2.pvd")),
               "its part \"a.pvd\": a list of files cannot be a part of another one.");
-    folder.write("a.xyz", "1");
-    EXPECT_THAT(problem(collection(entry("1", "a.xyz"))), HasSubstr("its part \"a.xyz\": files of this kind (.xyz)"));
+    folder.write("a.png", "1");
+    EXPECT_THAT(problem(collection(entry("1", "a.png"))), HasSubstr("its part \"a.png\": files of this kind (.png)"));
     auto const json = [&](std::string const& text) { return problem(folder.write("a.series", text)); };
     EXPECT_THAT(json("{"), HasSubstr("it is damaged or incomplete ("));
     EXPECT_EQ(json("[]"), "it has no list of \"files\".");

@@ -79,7 +79,7 @@ bool standsApart(OperationEntry const& entry)
 std::string pythonName(std::string name)
 {
     std::replace(name.begin(), name.end(), '-', '_');
-    return name;
+    return name == "from" ? "from_" : name; // which is a word of the language
 }
 
 std::string inPythonNames(std::string message, OperationEntry const* entry)

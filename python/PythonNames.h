@@ -7,7 +7,7 @@
 
 namespace veldraw::python {
 
-/// The name that Python has for an operation or a parameter: "mirror_zones" for "mirror-zones".
+/// The name that Python has for an operation or a parameter: "mirror_zones" for "mirror-zones"; "from_" for "from".
 std::string pythonName(std::string name);
 
 /// A message of the command line with the names that Python has for an operation and its parameters. @param entry may be null

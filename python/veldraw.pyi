@@ -204,6 +204,9 @@ def krige(*, zones: _Zones, destination: _Zone, variables: _Variables, range: fl
 def interpolate_linearly(*, zones: _Zones, destination: _Zone, variables: _Variables, outside: Literal['unchanged', 'constant'] = 'unchanged', constant: float = 0.0) -> None:
     """Interpolates variables into a zone by the cells of the source zones."""
 
+def probe_line(*, zones: _Zones, from_: Sequence[float], to: Sequence[float], points: int = 200) -> None:
+    """Appends a zone of points along a line, with what all variables have there in the cells of zones."""
+
 def smooth(*, zone: _Zone, variable: _Variable, passes: int = 1, coefficient: float = 0.5, boundary: Literal['fixed', 'first-order', 'second-order'] = 'fixed') -> None:
     """Moves the values of a variable towards the mean of their neighbours."""
 

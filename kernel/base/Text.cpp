@@ -52,4 +52,13 @@ std::string textOf(float number)
     return shortestText(number);
 }
 
+std::string freeName(std::string const& text, std::set<std::string>& taken)
+{
+    std::string name = text;
+    for (int number = 2; !taken.insert(name).second; ++number) {
+        name = text + " (" + std::to_string(number) + ")";
+    }
+    return name;
+}
+
 } // namespace veldraw::kernel

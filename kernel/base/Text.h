@@ -1,5 +1,6 @@
 #pragma once
 
+#include <set>
 #include <string>
 
 namespace veldraw::kernel {
@@ -13,5 +14,8 @@ int compareIgnoringCase(std::string const& left, std::string const& right);
 /// The shortest text that reads back as the same number, with a decimal point in every locale.
 std::string textOf(double number);
 std::string textOf(float number);
+
+/// @p text, or with a number behind it where that is taken, such as "Line (2)"; it is taken then.
+std::string freeName(std::string const& text, std::set<std::string>& taken);
 
 } // namespace veldraw::kernel

@@ -1,20 +1,12 @@
 #include "kernel/operations/FourierResults.h"
 
+#include "kernel/base/Text.h"
+
 #include <algorithm>
 
 namespace veldraw::kernel {
 
 namespace {
-
-/// @p text, or with a number behind it where that is taken; it is taken then.
-std::string freeName(std::string const& text, std::set<std::string>& taken)
-{
-    std::string name = text;
-    for (int number = 2; !taken.insert(name).second; ++number) {
-        name = text + " (" + std::to_string(number) + ")";
-    }
-    return name;
-}
 
 template <typename Element>
 std::set<std::string> namesOf(std::vector<std::shared_ptr<Element>> const& elements)

@@ -4,6 +4,7 @@
 #include "kernel/base/Text.h"
 #include "kernel/compute/ValueBlock.h"
 #include "kernel/mesh/MixedValue.h"
+#include "kernel/operations/SourceCells.h"
 
 #include <algorithm>
 #include <cmath>
@@ -15,39 +16,6 @@ namespace veldraw::kernel {
 namespace {
 
 constexpr std::size_t effortUnchecked = 16384; // in parts of cells that are looked at
-
-/// The cells in which places are, one place after the other; most lie in the cell of the one before.
-class CellReader
-{
-public:
-    explicit CellReader(std::vector<ZoneCells> const& zones)
-        : m_zones(zones)
-    {
-    }
-
-    /// Number of parts that the cell of the last place consists of.
-    std::size_t partCount() const { return m_geometry.partCount(); }
-
-    /// The weights of the corners at a place in a cell that contains it.
-    std::vector<WeightedPoint> const& weights(CellSearch::Found const& found, Point const& place)
-    {
-        if (found.slot != m_slot || found.zone != m_zone) {
-            m_zone = found.zone;
-            m_slot = found.slot;
-            m_geometry.read(m_zones[m_zone], m_zones[m_zone].cell(m_slot, m_room));
-        }
-        m_geometry.weigh(m_geometry.locate(place).value(), m_weights);
-        return m_weights;
-    }
-
-private:
-    std::vector<ZoneCells> const& m_zones;
-    std::size_t m_zone = 0;
-    std::int64_t m_slot = -1;
-    ZoneCells::Corners m_room{};
-    CellGeometry m_geometry;
-    std::vector<WeightedPoint> m_weights;
-};
 
 /// Has what the next places need brought into the cache: the farther ahead, the less of their cells is known yet.
 void fetchAhead(CellSearch const& search, std::vector<ZoneCells> const& cells, std::int64_t at, std::int64_t count)
@@ -70,7 +38,7 @@ std::string InterpolateLinearly::reasonAgainst() const
     }
     for (int const number : sources()) {
         Zone const& zone = *dataSet().zone(number);
-        reason = zone.isDeferred() ? "" : reasonAgainstSource(zone.name, zone.dimensionality());
+        reason = zone.isDeferred() ? "" : reasonAgainstCells(zone.name, zone.dimensionality(), dimensions());
         if (!reason.empty()) {
             return reason;
         }
@@ -78,41 +46,18 @@ std::string InterpolateLinearly::reasonAgainst() const
     return {};
 }
 
-/// Why a zone cannot be a source; empty when it can.
-std::string InterpolateLinearly::reasonAgainstSource(std::string const& name, int dimensionality) const
-{
-    if (dimensionality < 2) {
-        return "The source zone \"" + name + "\" has no cells with an area or a volume.";
-    }
-    return dimensionality <= dimensions()
-               ? ""
-               : "The source zone \"" + name + "\" has cells with a volume, which have no place in a 2D plot.";
-}
-
-InterpolateLinearly::Sources InterpolateLinearly::sourceCells() const
+InterpolateLinearly::Sources InterpolateLinearly::cellsOfSources() const
 {
     Sources cells;
     for (int const number : sources()) {
-        Zone const& zone = *dataSet().zone(number);
-        ZoneDimensions const size = load().dimensionsOf(zone);
-        Zone measured({}, zone.type, size.i, size.j, size.k);
-        measured.connectivity = size.connectivity;
-        std::string const reason = reasonAgainstSource(zone.name, measured.dimensionality());
-        if (!reason.empty()) {
-            throw std::runtime_error(reason);
-        }
-        ZoneCells::Coordinates coordinates;
-        for (std::size_t axis = 0; axis < static_cast<std::size_t>(dimensions()); ++axis) {
-            coordinates[axis] = values(number, frame()->axisVariables()[axis]);
-        }
-        cells.emplace_back(zone.type, size, std::move(coordinates));
+        cells.push_back(sourceCells(*frame(), load(), number, dimensions()));
     }
     return cells;
 }
 
 std::string InterpolateLinearly::interpolate(Fields const& fields, Progress& progress)
 {
-    Sources const cells = sourceCells();
+    Sources const cells = cellsOfSources();
     std::vector<Group> groups;
     for (ValueLocation_e const location : {ValueLocation_Nodal, ValueLocation_CellCentered}) {
         Group group{places(destination(), location), {}};

@@ -61,8 +61,7 @@ private:
     using Sources = std::vector<ZoneCells>;
     using ValuesOfGroup = std::vector<std::vector<SourceValues>>; ///< by variable and source zone
 
-    std::string reasonAgainstSource(std::string const& name, int dimensionality) const;
-    Sources sourceCells() const;
+    Sources cellsOfSources() const;
     void interpolateGroup(Group const& group, Sources const& cells, Counts& counts, Progress& progress) const;
     void fill(Group const& group, CellSearch const& search, PointBins const& bins, Sources const& cells, Counts& counts,
               Progress& progress) const;

@@ -1,3 +1,4 @@
+#include "kernel/operations/ProbeLine.h"
 #include "operations/entries/Entries.h"
 #include "platform/vdsdkbase/VelUtilDataOperation.h"
 
@@ -55,6 +56,30 @@ bool interpolateLinearly(Arguments const& arguments)
                                     arguments.real("constant"), arguments.choice("outside"));
 }
 
+bool probeLine(Arguments const& arguments)
+{
+    auto const frame = session().activeFrame();
+    return frame && session().perform(kernel::ProbeLine(frame->id, arguments.numbers("zones"), arguments.triple("from"),
+                                                        arguments.triple("to"), arguments.number("points")));
+}
+
+void addProbeLine(Registry& registry)
+{
+    registry.add({"probe-line",
+                  "Probe Line",
+                  "Appends a zone of points along a line, with what all variables have there in the cells of zones.",
+                  {parameter("zones", Kind::Zones, "The zones whose cells give the values."),
+                   parameter("from", Kind::Place, "Where the line begins.").in("units of the coordinates"),
+                   parameter("to", Kind::Place, "Where it ends.").in("units of the coordinates"),
+                   parameter("points", Kind::Whole, "The number of points, both ends included.")
+                       .startingWith("200")
+                       .within(2, kernel::ProbeLine::mostPoints)},
+                  &probeLine,
+                  "",
+                  "",
+                  OperationEntry::Renews::Names});
+}
+
 } // namespace
 
 void addInterpolations(Registry& registry)
@@ -90,6 +115,7 @@ void addInterpolations(Registry& registry)
                         .startingWith("unchanged"),
                     parameter("constant", Kind::Real, "Their value, for outside=constant.").startingWith("0")}),
          &interpolateLinearly, "Linear interpolation error", "Linear interpolation successful."});
+    addProbeLine(registry);
 }
 
 } // namespace veldraw::operations

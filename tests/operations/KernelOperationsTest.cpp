@@ -199,6 +199,19 @@ TEST_F(KernelOperationsTest, Interpolate)
     EXPECT_NEAR(0, value(1, "w", somewhere), 1e-9);
 }
 
+TEST_F(KernelOperationsTest, ProbeALine)
+{
+    expectDone("probe-line zones=block from=0,3,2 to=10,3,2 points=11");
+    ASSERT_EQ(3, dataSet->zoneCount());
+    EXPECT_EQ(11, dataSet->zone(3)->pointCount());
+    for (int point = 0; point <= 8; ++point) {
+        EXPECT_NEAR(3 * point * point + 2, value(3, "p", point), 1e-12);
+        EXPECT_NEAR(point, value(3, "Distance along Line", point), 1e-12);
+    }
+    EXPECT_TRUE(std::isnan(value(3, "p", 9))) << "beyond the block";
+    EXPECT_FALSE(run("probe-line zones=line from=0,3,2 to=10,3,2").isDone);
+}
+
 TEST_F(KernelOperationsTest, Smooth)
 {
     expectDone("smooth zone=block variable=p coefficient=0.4 boundary=first-order");
@@ -319,6 +332,7 @@ TEST_F(KernelOperationsTest, AreRecordedAsCommandsThatGiveTheSameBits)
           "set-auxiliary-data name=A value=\"b c\" zone=2",
           "set-auxiliary-data name=B value=c owner=frame save=no",
           "delete-auxiliary-data name=a zone=2",
+          "probe-line zones=1 from=0.1,0.2,0.3 to=7.1,5,30 points=9",
           "new-frame",
           "set-plot-type type=2d",
           "set-contour-variable variable=q",

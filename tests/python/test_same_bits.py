@@ -28,6 +28,7 @@ CASES = {
     'interpolate_inverse_distance': (PLANE, {'zones': 1, 'destination': 2, 'variables': 'p,q', 'exponent': 3.3, 'points': 5}),
     'krige': (PLANE, {'zones': 'left', 'destination': 2, 'variables': ['p'], 'range': 0.7, 'drift': 'quadratic', 'points': 12}),
     'interpolate_linearly': (PLANE, {'zones': 1, 'destination': 2, 'variables': 'p', 'outside': 'constant', 'constant': -0.1}),
+    'probe_line': (PLANE, {'zones': 'left', 'from_': (0.1, 0.1, 0), 'to': (0.9, 0.8, 0), 'points': 40}),
     'smooth': (PLANE, {'zone': 1, 'variable': 'p', 'passes': 7, 'coefficient': 0.3, 'boundary': 'second-order'}),
     'triangulate': (PLANE, {'zones': '1:2', 'keep_factor': 0.01}),
     'fourier_transform': (LINE, {'zones': 1, 'variables': 'u', 'independent': 'time', 'window': 'hann', 'conjugates': True}),
@@ -80,7 +81,7 @@ def written(value):
 
 
 def line(name, values):
-    words = [f'{parameter.replace("_", "-")}={written(value)}' for parameter, value in values.items()]
+    words = [f'{parameter.rstrip("_").replace("_", "-")}={written(value)}' for parameter, value in values.items()]
     return ' '.join([name.replace('_', '-'), *words])
 
 

@@ -7,6 +7,7 @@
 #include "kernel/operations/InterpolateLinearly.h"
 #include "kernel/operations/Krige.h"
 #include "kernel/operations/MirrorZones.h"
+#include "kernel/operations/ProbeLine.h"
 #include "kernel/operations/RenameZone.h"
 #include "kernel/operations/RotateZones.h"
 #include "kernel/operations/SetPlotType.h"
@@ -71,6 +72,10 @@ protected:
             {"Linear Interpolation",
              [&] {
                  return session.perform(InterpolateLinearly(frame->id, {1}, 1, {7}, 0, LinearInterpMode_DontChange));
+             }},
+            {"Probe Line",
+             [&] {
+                 return session.perform(ProbeLine(frame->id, {1}, {-1, -1, 0}, {1, 1, 0}, 100000));
              }},
             {"Inverse-Distance Interpolation",
              [&] {

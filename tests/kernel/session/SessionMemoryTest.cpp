@@ -13,6 +13,7 @@
 #include "kernel/operations/LineMapOperation.h"
 #include "kernel/operations/LoadVariables.h"
 #include "kernel/operations/MirrorZones.h"
+#include "kernel/operations/ProbeLine.h"
 #include "kernel/operations/RenameFrame.h"
 #include "kernel/operations/RenameZone.h"
 #include "kernel/operations/ReplaceValues.h"
@@ -132,6 +133,14 @@ TEST(WithoutMemory, ValuesAreInterpolatedLinearlyWhollyOrNotAtAll)
             InterpolateLinearly(stage.frame->id, {1}, 2, {4, 5}, 0, LinearInterpMode_SetToConstant));
     };
     EXPECT_GE(sweepMemory(interpolate, showPlane), 40);
+}
+
+TEST(WithoutMemory, ALineIsProbedWhollyOrNotAtAll)
+{
+    auto const probe = [](Stage& stage) {
+        return stage.session.perform(ProbeLine(stage.frame->id, bothZones, {0, 0, 0}, {2, 1, 0}, 9));
+    };
+    EXPECT_GE(sweepMemory(probe, showPlane), 40);
 }
 
 // Values at the points and at the cells, whole numbers among them, of two zones at the same places.

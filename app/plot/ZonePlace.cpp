@@ -57,7 +57,7 @@ std::int64_t nearestPoint(kernel::Zone const& zone, ZonePlace const& place, std:
     double least = std::numeric_limits<double>::infinity();
     for (kernel::WeightedPoint const& corner : place.points) {
         std::array<double, 3> const at = positionOf(zone, {zone.id, place.cell, {{corner.point, 1.0}}}, axes);
-        double const distance = std::hypot(at[0] - position[0], at[1] - position[1], at[2] - position[2]);
+        double const distance = std::hypot(std::hypot(at[0] - position[0], at[1] - position[1]), at[2] - position[2]);
         if (distance < least) {
             least = distance;
             nearest = corner.point;

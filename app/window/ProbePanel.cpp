@@ -1,6 +1,10 @@
 #include "app/window/ProbePanel.h"
 
+#include "kernel/operations/AddFrame.h"
+#include "kernel/operations/LineMapOperation.h"
 #include "kernel/operations/LoadVariables.h"
+#include "kernel/operations/ProbeLine.h"
+#include "kernel/operations/SetPlotType.h"
 #include "platform/vdsdkcommon/AppLock.h"
 
 #include <QAction>
@@ -11,12 +15,20 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
+#include <QSpinBox>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <utility>
 
 namespace veldraw::app {
+
+namespace {
+
+constexpr int usualPoints = 200;
+
+} // namespace
 
 ProbePanel::ProbePanel(kernel::Session& session, std::function<void(bool)> probeByClick, QWidget* parent)
     : QWidget(parent)
@@ -29,6 +41,8 @@ ProbePanel::ProbePanel(kernel::Session& session, std::function<void(bool)> probe
     , m_load(new QPushButton(QStringLiteral("Load")))
     , m_copy(new QPushButton(QStringLiteral("Copy")))
     , m_forget(new QPushButton(QStringLiteral("Clear")))
+    , m_points(new QSpinBox)
+    , m_line(new QPushButton(QStringLiteral("Plot along Line")))
     , m_follower(session, [this] { refresh(); })
 {
     makeFields();
@@ -43,7 +57,8 @@ void ProbePanel::makeFields()
     m_notice->setWordWrap(true);
     m_notice->setEnabled(false);
     m_byClick->setObjectName(QStringLiteral("probeByClick"));
-    m_byClick->setToolTip(QStringLiteral("Have a click alone tell them; zones are picked by Ctrl with a click meanwhile"));
+    m_byClick->setToolTip(
+        QStringLiteral("Have a click alone tell them; zones are picked by Ctrl with a click meanwhile"));
     connect(m_byClick, &QCheckBox::toggled, this, [this](bool isOn) { m_probeByClick(isOn); });
     m_list->setObjectName(QStringLiteral("probeList"));
     m_list->setAccessibleName(QStringLiteral("Values"));
@@ -66,6 +81,15 @@ void ProbePanel::makeFields()
     m_forget->setObjectName(QStringLiteral("probeForget"));
     m_forget->setToolTip(QStringLiteral("Forget both places"));
     connect(m_forget, &QPushButton::clicked, this, &ProbePanel::forget);
+    m_points->setObjectName(QStringLiteral("probePoints"));
+    m_points->setAccessibleName(QStringLiteral("Points of the line"));
+    m_points->setToolTip(QStringLiteral("Number of points, both places included"));
+    m_points->setRange(2, kernel::ProbeLine::mostPoints);
+    m_points->setValue(usualPoints);
+    m_points->setSuffix(QStringLiteral(" points"));
+    m_line->setObjectName(QStringLiteral("probeLine"));
+    m_line->setToolTip(QStringLiteral("Plot the values from the place before to the last one in a new frame"));
+    connect(m_line, &QPushButton::clicked, this, &ProbePanel::probeLine);
 }
 
 void ProbePanel::layOut()
@@ -80,6 +104,8 @@ void ProbePanel::layOut()
     layout->addWidget(m_byClick);
     layout->addWidget(m_list, 1);
     layout->addLayout(buttons);
+    layout->addWidget(m_points);
+    layout->addWidget(m_line);
 }
 
 void ProbePanel::takeFocus()
@@ -113,6 +139,7 @@ void ProbePanel::refresh()
     m_load->setEnabled(!missingVariables().empty());
     m_copy->setEnabled(m_last.has_value());
     m_forget->setEnabled(m_last.has_value());
+    m_line->setEnabled(canProbeLine());
 }
 
 // Items are kept, so that the list stays where it is scrolled to while values change.
@@ -150,6 +177,53 @@ void ProbePanel::load()
     sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
     if (!m_session.perform(kernel::LoadVariables(*dataSet, {dataSet->zoneNumber(m_last->place.zone)}, missing)))
         Q_EMIT editRefused();
+}
+
+// The frame in which a place was pointed at tells where points are, and which zones are seen.
+bool ProbePanel::canProbeLine() const
+{
+    auto const frame = m_last ? m_session.frame(m_last->frame) : nullptr;
+    return frame && m_before && frame->dataSet && frame->dataSet == m_last->dataSet.lock() &&
+           !ProbeReport::ofDistance(*m_before, *m_last).empty() && !kernel::ProbeLine::zonesFor(*frame).empty();
+}
+
+// One step for whoever undoes.
+void ProbePanel::probeLine()
+{
+    if (!canProbeLine() || sdk::AppLock::depth() > 0)
+        return;
+    sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
+    m_session.activateFrame(m_last->frame); // in which the line is probed, also when that is repeated as a command
+    m_session.history().beginGroup("Plot along Line");
+    auto const frame = m_session.frame(m_last->frame);
+    bool const isProbed = m_session.perform(kernel::ProbeLine(frame->id, kernel::ProbeLine::zonesFor(*frame),
+                                                              m_before->position().value(), m_last->position().value(),
+                                                              m_points->value()));
+    bool const isShown = isProbed && showLine();
+    m_session.history().endGroup();
+    if (!isShown)
+        Q_EMIT editRefused();
+}
+
+// The contour variable of the plot, or the first one that has values and is on no axis, over the distance.
+bool ProbePanel::showLine()
+{
+    auto const plot = m_session.frame(m_last->frame);
+    kernel::DataSet const& dataSet = *plot->dataSet;
+    int const zone = dataSet.zoneCount();
+    int const distance = kernel::ProbeLine::distanceVariable(dataSet);
+    std::array<int, 3> const axes = plot->axisVariables();
+    auto const isCandidate = [&](int variable) {
+        return variable != distance && std::count(axes.begin(), axes.end(), variable) == 0 &&
+               !dataSet.field(zone, variable)->isPassive();
+    };
+    int shown = plot->variableNumber('C');
+    for (int variable = 1; variable <= dataSet.variableCount() && (shown == 0 || !isCandidate(shown)); ++variable)
+        shown = isCandidate(variable) ? variable : 0;
+    auto const added = kernel::AddFrame::frameFor(*m_session.activePage(), plot->dataSet);
+    return m_session.perform(kernel::AddFrame(added)) &&
+           m_session.perform(kernel::SetPlotType(added->id, PlotType_XYLine)) &&
+           m_session.perform(kernel::SetLinePlot(added->id, zone, distance, shown == 0 ? axes[0] : shown));
 }
 
 void ProbePanel::copy() const

@@ -12,12 +12,13 @@
 class QCheckBox;
 class QLabel;
 class QPushButton;
+class QSpinBox;
 class QTreeWidget;
 
 namespace veldraw::app {
 
 /// What the "Values" dock shows: zone, position, index or cell and all values at the place that was probed last, and the way to it from
-/// the place before. It follows the data.
+/// the place before, along which it makes a line plot. It follows the data.
 class ProbePanel : public QWidget
 {
     Q_OBJECT
@@ -46,6 +47,9 @@ private:
     void load();
     void copy() const;
     void forget();
+    bool canProbeLine() const;
+    void probeLine();
+    bool showLine();
 
     kernel::Session& m_session;
     std::function<void(bool)> m_probeByClick;
@@ -55,6 +59,8 @@ private:
     QPushButton* m_load;
     QPushButton* m_copy;
     QPushButton* m_forget;
+    QSpinBox* m_points;
+    QPushButton* m_line;
     std::optional<ProbedPlace> m_before;
     std::optional<ProbedPlace> m_last;
     ProbeReport::Lines m_lines; // that are shown

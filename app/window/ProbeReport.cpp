@@ -87,7 +87,7 @@ ProbeReport::Lines ProbeReport::ofDistance(ProbedPlace const& from, ProbedPlace 
             way[axis] = (*end)[axis] - (*start)[axis];
             lines.push_back(numberLine(QStringLiteral("d") + nameOfVariable(to, axes[axis]), way[axis]));
         }
-    lines.push_back(numberLine(QStringLiteral("Length"), std::hypot(way[0], way[1], way[2])));
+    lines.push_back(numberLine(QStringLiteral("Length"), std::hypot(std::hypot(way[0], way[1]), way[2])));
     return lines;
 }
 

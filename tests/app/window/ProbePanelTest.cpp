@@ -13,9 +13,11 @@
 #include <QDockWidget>
 #include <QGuiApplication>
 #include <QPushButton>
+#include <QSpinBox>
 #include <QTest>
 #include <QTreeWidget>
 
+#include <cmath>
 #include <gmock/gmock.h>
 
 namespace veldraw::tests {
@@ -226,6 +228,45 @@ TEST_F(ProbePanelTest, TheCheckBoxHasClicksProbeWithoutShift)
     EXPECT_TRUE(probesByClick);
     QTest::keyClick(&find<QCheckBox>("probeByClick"), Qt::Key_Space);
     EXPECT_FALSE(probesByClick);
+}
+
+TEST_F(ProbePanelTest, TwoPlacesGiveALinePlotInANewFrame)
+{
+    EXPECT_FALSE(find<QPushButton>("probeLine").isEnabled());
+    pointAt(0, 0.5, 0.0);
+    EXPECT_FALSE(find<QPushButton>("probeLine").isEnabled()) << "one place is no line";
+    pointAt(6, 0.5, 1.0); // from (0.5, 0) to (2.5, 2)
+    action("probeAction").trigger();
+    settle();
+    find<QSpinBox>("probePoints").setFocus();
+    find<QSpinBox>("probePoints").selectAll();
+    QTest::keyClicks(&find<QSpinBox>("probePoints"), QStringLiteral("5"));
+    press("probeLine");
+    auto const set = session.activeDataSet();
+    kernel::Frame const& shown = *session.activeFrame();
+    EXPECT_EQ(session.activePage()->frames.size(), 2U);
+    EXPECT_EQ(shown.plotType, PlotType_XYLine);
+    ASSERT_EQ(set->zoneCount(), 2);
+    ASSERT_FALSE(shown.lineMaps.empty());
+    EXPECT_EQ(shown.lineMaps[0].zone, set->zone(2)->id);
+    EXPECT_EQ(shown.lineMaps[0].xVariable, set->variable(7)->id);
+    EXPECT_EQ(set->variable(7)->name, "Distance along Line");
+    kernel::Frame const& plot = *session.activePage()->frames[0];
+    EXPECT_EQ(shown.lineMaps[0].yVariable, plot.contourVariable);
+    ASSERT_EQ(set->zone(2)->pointCount(), 5);
+    for (int point = 0; point < 5; ++point) { // P = 10 X + 100 Y along X = 0.5 + s, Y = s
+        EXPECT_NEAR(set->field(2, 3)->group()->buffer()->value(point), 5.0 + 110.0 * 0.5 * point, 1e-11);
+        EXPECT_NEAR(set->field(2, 7)->group()->buffer()->value(point), std::sqrt(0.5) * point, 1e-14);
+    }
+    EXPECT_EQ(session.history().undoName(), "Plot along Line");
+    session.undo();
+    settle();
+    EXPECT_EQ(session.activePage()->frames.size(), 1U);
+    EXPECT_EQ(set->zoneCount(), 1);
+    EXPECT_EQ(set->variableCount(), 6);
+    EXPECT_TRUE(find<QPushButton>("probeLine").isEnabled()) << "the places are still there";
+    session.redo();
+    EXPECT_EQ(set->zoneCount(), 2);
 }
 
 } // namespace veldraw::tests

@@ -63,6 +63,9 @@ public:
     std::optional<ZonePlace> placeOf(kernel::DataSet const& dataSet, SeenQuestion const& question,
                                      SeenCell const& seen) const;
 
+    /// Where a place of the data is seen, as a position of the area; none outside of the stage.
+    std::optional<QPointF> seenAt(std::array<double, 3> const& place) const;
+
 protected:
     /// Space between the edges of the area and the stage, logical pixels.
     virtual QMarginsF margins() const = 0;

@@ -22,6 +22,23 @@ std::optional<SeenQuestion> FieldView::questionAt(QPointF const& inArea) const
     return question;
 }
 
+std::optional<QPointF> FieldView::seenAt(std::array<double, 3> const& place) const
+{
+    m_stage->SetWorldPoint(space().toScene(0, place[0]), space().toScene(1, place[1]),
+                           m_inSpace ? space().toScene(2, place[2]) : 0.0, 1.0);
+    m_stage->WorldToDisplay();
+    double const* const shown = m_stage->GetDisplayPoint();
+    int const* const origin = m_stage->GetOrigin();
+    QPointF const onStage((shown[0] - origin[0]) / m_stageWidth, (shown[1] - origin[1]) / m_stageHeight);
+    bool const isSeen = onStage.x() >= 0.0 && onStage.x() <= 1.0 && onStage.y() >= 0.0 && onStage.y() <= 1.0 &&
+                        shown[2] >= 0.0 && shown[2] <= 1.0;
+    if (!isSeen)
+        return std::nullopt;
+    double const ratio = area().pixelRatio;
+    return QPointF((onStage.x() * m_stageWidth + ratio * m_margins.left()) / area().width,
+                   (onStage.y() * m_stageHeight + ratio * m_margins.bottom()) / area().height);
+}
+
 int FieldView::zoneAt(QPointF const& inArea) const
 {
     std::optional<SeenQuestion> const question = questionAt(inArea);

@@ -72,6 +72,7 @@ void PageOverlay::paintMark(QPainter& painter, Mark const& mark) const
         paintNotice(painter, mark);
     if (m_isBare)
         return;
+    paintPlaces(painter, mark);
     paintHeader(painter, mark);
     qreal const width = mark.isActive ? borderWidth : 1.0;
     painter.setPen(QPen(mark.isActive ? PlotTheme::accent() : PlotTheme::border(), width, Qt::SolidLine, Qt::SquareCap,
@@ -147,6 +148,28 @@ void PageOverlay::paintRemark(QPainter& painter, Mark const& mark) const
     painter.setFont(noticeFont(font(), remarkSize));
     painter.setPen(PlotTheme::quietText());
     painter.drawText(room.marginsRemoved(aroundRemark), remarkFlags, mark.message.remark);
+}
+
+// A ring with a number, dark on white so that it is seen on every colour.
+void PageOverlay::paintPlaces(QPainter& painter, Mark const& mark) const
+{
+    constexpr double radius = 5.0;
+    painter.setFont(headerFont(font(), true));
+    for (auto const& [probe, place] : mark.places) {
+        painter.setBrush(Qt::NoBrush);
+        for (auto const& [colour, width] : {std::pair(PlotTheme::paper(), 4.0), {PlotTheme::picked(), 2.0}}) {
+            painter.setPen(QPen(colour, width));
+            painter.drawEllipse(place, radius, radius);
+        }
+        QString const number = QString::number(probe);
+        QRectF const label(place.x() + radius + 3.0, place.y() - radius - 14.0,
+                           painter.fontMetrics().horizontalAdvance(number) + 8.0, 17.0);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(PlotTheme::paper());
+        painter.drawRoundedRect(label, 3.0, 3.0);
+        painter.setPen(PlotTheme::text());
+        painter.drawText(label, Qt::AlignCenter, number);
+    }
 }
 
 void PageOverlay::paintEmptyPage(QPainter& painter) const

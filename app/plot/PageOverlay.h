@@ -7,11 +7,12 @@
 #include <QString>
 #include <QWidget>
 
+#include <utility>
 #include <vector>
 
 namespace veldraw::app {
 
-/// Borders, headers and messages of the frames, drawn by Qt over the picture, so that names in any script are sharp and readable.
+/// Borders, headers and messages of the frames, and marks of probed places, drawn by Qt over the picture, so that names in any script are sharp and readable.
 /// Lets the mouse through.
 class PageOverlay : public QWidget
 {
@@ -26,6 +27,7 @@ public:
         QString name;
         FrameMessage message;
         bool isActive = false;
+        std::vector<std::pair<int, QPointF>> places = {}; ///< that were probed, with their numbers
     };
 
     explicit PageOverlay(QWidget* parent);
@@ -49,6 +51,7 @@ private:
     void paintHeader(QPainter& painter, Mark const& mark) const;
     void paintNotice(QPainter& painter, Mark const& mark) const;
     void paintRemark(QPainter& painter, Mark const& mark) const;
+    void paintPlaces(QPainter& painter, Mark const& mark) const;
     QRect sentenceIn(QRect const& content, QString const& sentence) const;
     void paintEmptyPage(QPainter& painter) const;
 

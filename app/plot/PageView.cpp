@@ -361,7 +361,8 @@ void PageView::updateOverlay()
             FrameMessage const shown = m_canvas || slot.hidesPicture()
                                            ? slot.message
                                            : FrameMessage{tr("Plots cannot be drawn without a screen."), true};
-            marks.push_back({slot.area, slot.content, name, shown, frame->id == page->activeFrame});
+            marks.push_back(
+                {slot.area, slot.content, name, shown, frame->id == page->activeFrame, probesIn(frame->id)});
             for (QString const& sentence : {shown.sentence, shown.remark})
                 if (!sentence.isEmpty())
                     sentences << name + QStringLiteral(": ") + sentence;

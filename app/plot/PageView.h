@@ -98,6 +98,9 @@ public:
     /// Whether a click without keys probes the place under the mouse too, and picks nothing. Not at first.
     void probeByClick(bool isOn) { m_probesByClick = isOn; }
 
+    /// Marks these places, and no others, in the frames in which they were probed.
+    void markProbes(std::vector<ProbedPlace> places);
+
     QSize sizeHint() const override { return {960, 720}; }
 
 Q_SIGNALS:
@@ -160,6 +163,7 @@ private:
 
     void showTip(QHelpEvent const& event);
     void searchForTip(kernel::UniqueId frame, FieldView const& field, QHelpEvent const& event);
+    std::vector<std::pair<int, QPointF>> probesIn(kernel::UniqueId frame) const;
     void probeAt(QPoint const& position);
     void tellAt(QPoint const& position, QString const& tip);
     void dropTip();
@@ -190,6 +194,7 @@ private:
     QPoint m_tipPosition;
     PlaceSearch* m_probeSearch = nullptr;
     bool m_probesByClick = false;
+    std::vector<ProbedPlace> m_probes; // that are marked
 };
 
 } // namespace veldraw::app

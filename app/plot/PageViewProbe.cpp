@@ -70,6 +70,36 @@ void PageView::probeAt(QPoint const& position)
     });
 }
 
+void PageView::markProbes(std::vector<ProbedPlace> places)
+{
+    if (places.empty() && m_probes.empty())
+        return;
+    m_probes = std::move(places);
+    scheduleRefresh();
+}
+
+// Where the marked places of a frame are seen, in logical pixels of this widget.
+std::vector<std::pair<int, QPointF>> PageView::probesIn(kernel::UniqueId frame) const
+{
+    std::vector<std::pair<int, QPointF>> found;
+    auto const* const field = dynamic_cast<FieldView const*>(shownView(frame));
+    auto const shown = m_session.frame(frame);
+    if (!field || !shown || !m_canvas)
+        return found;
+    QRectF const picture = m_slots.at(frame).picture;
+    int number = 0;
+    for (ProbedPlace const& probe : m_probes) {
+        ++number;
+        auto const position =
+            probe.frame == frame && probe.axisVariables() == shown->axisVariables() ? probe.position() : std::nullopt;
+        auto const at = position ? field->seenAt(*position) : std::nullopt;
+        if (at)
+            found.emplace_back(number, QPointF(picture.left() + at->x() * picture.width(),
+                                               picture.bottom() - at->y() * picture.height()));
+    }
+    return found;
+}
+
 // A box that is still searched for is not wanted any more.
 void PageView::dropTip()
 {

@@ -2,6 +2,8 @@
 
 #include "app/plot/PageView.h"
 
+#include <utility>
+
 namespace veldraw::app {
 
 CentralView CentralView::ofPage(kernel::Session& session)
@@ -15,6 +17,7 @@ CentralView CentralView::ofPage(kernel::Session& session)
     view.showOpening = [page](QString const& fileName) { page->showOpening(fileName); };
     view.isDrawing = [page] { return page->isDrawing(); };
     view.probeByClick = [page](bool isOn) { page->probeByClick(isOn); };
+    view.markProbes = [page](std::vector<ProbedPlace> places) { page->markProbes(std::move(places)); };
     view.onProbe = [page](std::function<void(ProbedPlace const&)> const& function) {
         QObject::connect(page, &PageView::probed, page, function);
     };

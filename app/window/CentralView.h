@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <functional>
+#include <vector>
 
 class QWidget;
 
@@ -32,6 +33,8 @@ struct CentralView
     std::function<void(bool)> probeByClick = [](bool) {};
     /// Has a function called with each place that the user probes.
     std::function<void(std::function<void(ProbedPlace const&)>)> onProbe = [](auto const&) {};
+    /// Marks these places in the plots, and no others.
+    std::function<void(std::vector<ProbedPlace>)> markProbes = [](auto const&) {};
     /// A picture of the page without borders and headers.
     std::function<QImage()> grabImage = [] { return QImage(); };
 

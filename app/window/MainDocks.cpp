@@ -35,7 +35,7 @@ MainDocks::MainDocks(kernel::Session& session, QMainWindow& window, CentralView 
     , m_assignment(new AssignmentPanel(session))
     , m_cuts(new CutPanel(session))
     , m_time(new TimePanel(session, view.isDrawing))
-    , m_probes(new ProbePanel(session, view.probeByClick))
+    , m_probes(new ProbePanel(session, view))
     , m_messages(new MessagePanel)
     , m_journal(new JournalPanel(session))
     , m_dataDock(add("dataDock", QStringLiteral("Data"), *m_data, Qt::LeftDockWidgetArea))

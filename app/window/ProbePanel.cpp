@@ -30,10 +30,11 @@ constexpr int usualPoints = 200;
 
 } // namespace
 
-ProbePanel::ProbePanel(kernel::Session& session, std::function<void(bool)> probeByClick, QWidget* parent)
+ProbePanel::ProbePanel(kernel::Session& session, CentralView const& view, QWidget* parent)
     : QWidget(parent)
     , m_session(session)
-    , m_probeByClick(std::move(probeByClick))
+    , m_probeByClick(view.probeByClick)
+    , m_markProbes(view.markProbes)
     , m_notice(new QLabel(QStringLiteral(
           "Shift with a click in a 2D or 3D plot tells all values there; a second one also how far it is.")))
     , m_byClick(new QCheckBox(QStringLiteral("Also without Shift")))
@@ -136,6 +137,11 @@ void ProbePanel::refresh()
         lines.insert(lines.begin() + (way.empty() ? 0 : 3), way.begin(), way.end());
     }
     showLines(lines);
+    std::vector<ProbedPlace> places;
+    for (auto const* const place : {&m_before, &m_last})
+        if (*place)
+            places.push_back(**place);
+    m_markProbes(std::move(places));
     m_load->setEnabled(!missingVariables().empty());
     m_copy->setEnabled(m_last.has_value());
     m_forget->setEnabled(m_last.has_value());

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/plot/ProbedPlace.h"
+#include "app/window/CentralView.h"
 #include "app/window/ProbeReport.h"
 #include "app/window/SessionFollower.h"
 
@@ -24,8 +25,8 @@ class ProbePanel : public QWidget
     Q_OBJECT
 
 public:
-    /// @param probeByClick called with whether a click in a plot probes without a key
-    ProbePanel(kernel::Session& session, std::function<void(bool)> probeByClick, QWidget* parent = nullptr);
+    /// @param view has clicks without a key probe, and marks the places
+    ProbePanel(kernel::Session& session, CentralView const& view, QWidget* parent = nullptr);
     ~ProbePanel() override;
 
     /// Shows a place; the one that was shown is that before.
@@ -53,6 +54,7 @@ private:
 
     kernel::Session& m_session;
     std::function<void(bool)> m_probeByClick;
+    std::function<void(std::vector<ProbedPlace>)> m_markProbes;
     QLabel* m_notice;
     QCheckBox* m_byClick;
     QTreeWidget* m_list;

@@ -1,3 +1,4 @@
+#include "app/plot/PlotTheme.h"
 #include "tests/app/support/PlotTestPage.h"
 #include "tests/app/support/SampleData.h"
 #include "tests/support/WriteValue.h"
@@ -244,6 +245,27 @@ TEST_P(PlotProbeTest, ADragWithShiftAndAClickBesideTheZonesProbeNothing)
     page.drag(middle, middle + QPoint(40, 30), Qt::LeftButton, Qt::ShiftModifier);
     click(page.at(0.3, 0.01), Qt::ShiftModifier);
     EXPECT_TRUE(probes.empty());
+}
+
+TEST_P(PlotProbeTest, AProbedPlaceIsMarkedWhereItIsSeenAndTheMarkGoesWithTheView)
+{
+    auto const ringAt = [this](QPoint const& middle) {
+        QImage const area = page.picture(isInSpace() ? "probed-in-space" : "probed-in-plane")
+                                .copy(QRect(middle - QPoint(8, 8), QSize(17, 17)));
+        return PlotTestPage::pixelsNear(area, app::PlotTheme::picked(), 40);
+    };
+    QPoint const place = mouseOver(pointOfTop(16));
+    EXPECT_LT(ringAt(place), 5);
+    click(place, Qt::ShiftModifier);
+    ASSERT_EQ(probes.size(), 1U);
+    page.view().markProbes(probes);
+    EXPECT_GT(ringAt(place), 20);
+    page.drag(page.at(0.5, 0.5), page.at(0.58, 0.5), Qt::LeftButton, Qt::ShiftModifier);
+    page.picture();
+    EXPECT_GT((mouseOver(pointOfTop(16)) - place).manhattanLength(), 20);
+    EXPECT_GT(ringAt(mouseOver(pointOfTop(16))), 20);
+    page.view().markProbes({});
+    EXPECT_LT(ringAt(mouseOver(pointOfTop(16))), 5);
 }
 
 INSTANTIATE_TEST_SUITE_P(FieldPlots, PlotProbeTest, ::testing::Values(PlotType_Cartesian2D, PlotType_Cartesian3D),

@@ -77,6 +77,7 @@ protected:
     {
         app::CentralView view = WindowTest::makeView();
         view.onProbe = [this](auto const& function) { m_probe = function; };
+        view.markProbes = [this](std::vector<app::ProbedPlace> const& places) { marked = places.size(); };
         view.probeByClick = [this](bool isOn) { probesByClick = isOn; };
         return view;
     }
@@ -123,6 +124,7 @@ protected:
     std::shared_ptr<sample::Loader> loader =
         std::make_shared<sample::Loader>(std::vector<double>{0, 2, 4, 6, 8, 10, 12, 14, 16, 18, 20, 22});
     bool probesByClick = false;
+    std::size_t marked = 0; // places in the plots
 
 private:
     std::function<void(app::ProbedPlace const&)> m_probe;
@@ -149,7 +151,9 @@ TEST_F(ProbePanelTest, ASecondPlaceComesWithTheWayFromTheFirst)
     EXPECT_EQ(found[3], "dX = 2");
     EXPECT_EQ(found[4], "dY = 2");
     EXPECT_EQ(found[5], "Length = 2.828427125");
+    EXPECT_EQ(marked, 2U);
     press("probeForget");
+    EXPECT_EQ(marked, 0U);
     EXPECT_THAT(lines(), ElementsAre());
     EXPECT_FALSE(find<QPushButton>("probeCopy").isEnabled());
 }

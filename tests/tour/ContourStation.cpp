@@ -19,9 +19,14 @@ using namespace app;
 
 namespace {
 
+kernel::Frame const& frame()
+{
+    return *kernel::Session::instance().activeFrame();
+}
+
 kernel::ContourColours const& colours()
 {
-    return kernel::Session::instance().activeFrame()->contourColours;
+    return frame().contourColours;
 }
 
 } // namespace
@@ -38,6 +43,8 @@ void ContourStation::run()
     chooseMap();
     typeARange();
     goBack();
+    drawLines();
+    drawArrows();
     copyACommand();
 }
 
@@ -85,6 +92,37 @@ void ContourStation::goBack()
     for (int step = 0; step < 3; ++step)
         m_tour.user.key(Qt::Key_Z, Qt::ControlModifier);
     m_tour.expectThat("Ctrl+Z takes all of it back", [] { return colours() == kernel::ContourColours(); });
+}
+
+void ContourStation::drawLines()
+{
+    QImage const before = m_tour.restingPlot();
+    m_tour.user.key(Qt::Key_P, Qt::AltModifier);
+    m_tour.user.key(Qt::Key_T);
+    m_tour.expectThat("Alt+P, T draws contour lines", [] { return frame().contourLines; });
+    m_tour.expectThat("which the plot has", [&] { return m_tour.plot() != before; });
+    m_tour.restingPlot();
+    m_tour.user.picture(QStringLiteral("contour-lines"));
+    m_tour.user.key(Qt::Key_Z, Qt::ControlModifier);
+    m_tour.expectThat("Ctrl+Z takes them away", [] { return !frame().contourLines; });
+}
+
+// The coordinates themselves are a vector that every file has.
+void ContourStation::drawArrows()
+{
+    m_tour.check("U, V and W are assigned by keys",
+                 m_tour.assignVariable('U', 1) && m_tour.assignVariable('V', 2) && m_tour.assignVariable('W', 3));
+    QImage const before = m_tour.restingPlot();
+    m_tour.user.key(Qt::Key_P, Qt::AltModifier);
+    m_tour.user.key(Qt::Key_W);
+    m_tour.expectThat("Alt+P, W draws arrows", [] { return frame().showVectors; });
+    m_tour.expectThat("which the plot has", [&] { return m_tour.plot() != before; });
+    m_tour.restingPlot();
+    m_tour.user.picture(QStringLiteral("vector-arrows"));
+    for (int step = 0; step < 4; ++step)
+        m_tour.user.key(Qt::Key_Z, Qt::ControlModifier);
+    m_tour.expectThat("Ctrl+Z takes all of it back",
+                      [] { return !frame().showVectors && frame().variableNumber('U') == 0; });
 }
 
 void ContourStation::copyACommand()

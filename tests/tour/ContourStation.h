@@ -18,6 +18,8 @@ private:
     void chooseMap();
     void typeARange();
     void goBack();
+    void drawLines();
+    void drawArrows();
     void copyACommand();
 
     TourContext& m_tour;

@@ -26,16 +26,16 @@ void BatchFiles::tell(QString const& text)
     m_err << QStringLiteral("veldraw: %1\n").arg(text);
 }
 
-void BatchFiles::savePicture(QString const& path)
+void BatchFiles::savePicture(QString const& path, PictureOptions const& options)
 {
     PageView page(session());
     page.resize(pictureSize);
     page.show();
     QCoreApplication::processEvents();
     page.fitAllFrames();
-    QImage const picture = page.takePicture();
+    page.grabImage(); // reads what is to be drawn
     requireWholeFiles();
-    QString const problem = writePicture(picture, path);
+    QString const problem = writePicture(pictureOf(page, options), path);
     if (!problem.isEmpty())
         throw std::runtime_error(
             QStringLiteral("%1: the picture could not be written: %2").arg(path, problem).toStdString());

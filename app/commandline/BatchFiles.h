@@ -14,7 +14,7 @@ public:
     /// @param options what they say on reading holds for all files
     BatchFiles(kernel::Session& session, QTextStream& err, CommandLineOptions const& options);
 
-    void savePicture(QString const& path) override;
+    void savePicture(QString const& path, PictureOptions const& options) override;
 
 protected:
     void tell(QString const& text) override;

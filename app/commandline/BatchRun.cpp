@@ -67,7 +67,7 @@ bool BatchRun::doAll(std::vector<PlacedCommand> const& commands)
     if (!m_options.exportFile.isEmpty() &&
         !succeeds([this] { m_files.save(m_options.exportFile, m_options.overwrite); }))
         return false;
-    if (!m_options.pictureFile.isEmpty() && !succeeds([this] { m_files.savePicture(m_options.pictureFile); }))
+    if (!m_options.pictureFile.isEmpty() && !succeeds([this] { m_files.savePicture(m_options.pictureFile, {}); }))
         return false;
     bool const areWhole = succeeds(&BatchFiles::requireWholeFiles);
     return areWhole && areCommandsDone && (m_options.files.isEmpty() || m_files.areAllOpen());

@@ -9,6 +9,7 @@ namespace veldraw::app {
 namespace {
 
 using operations::Arguments;
+using operations::choice;
 using operations::OperationEntry;
 using operations::parameter;
 using operations::ParameterKind;
@@ -66,14 +67,52 @@ OperationEntry saveEntry(FileOperations* files)
             })};
 }
 
+PictureOptions pictureOptions(Arguments const& arguments)
+{
+    PictureOptions options;
+    if (arguments.has("width") != arguments.has("height"))
+        throw std::runtime_error("The width and the height of a picture are given together.");
+    if (arguments.has("width"))
+        options.size = {static_cast<int>(arguments.whole("width")), static_cast<int>(arguments.whole("height"))};
+    if (arguments.has("scale"))
+        options.scale = arguments.real("scale");
+    options.isTransparent = arguments.flag("transparent");
+    options.activeFrameOnly = arguments.choice("frames") == 1;
+    QString const problem = options.problem();
+    if (!problem.isEmpty())
+        throw std::runtime_error(problem.toStdString());
+    return options;
+}
+
+operations::Parameter pictureSide(char const* name, char const* sentence)
+{
+    return parameter(name, ParameterKind::Whole, sentence)
+        .within(PictureOptions::smallestSide, PictureOptions::longestSide)
+        .in("pixels")
+        .startingWith("");
+}
+
 OperationEntry savePictureEntry(FileOperations* files)
 {
     OperationEntry entry{
         savePictureName,
         "Save Picture",
         "Saves a picture of the page.",
-        {parameter("file", ParameterKind::File, "The picture, a .png.")},
-        with(files, [](FileOperations& on, Arguments const& arguments) { on.savePicture(path(arguments)); })};
+        {parameter("file", ParameterKind::File, "The picture, a .png, .jpg or .pdf."),
+         pictureSide("width", "How wide it is laid out; as the page in the window, or 1200, if it is not given."),
+         pictureSide("height", "How high it is laid out; as the page in the window, or 900, if it is not given."),
+         parameter(
+             "scale", ParameterKind::Real,
+             "How many pixels it has for each of these along both sides; as many as the screen if it is not given.")
+             .within(PictureOptions::smallestScale, PictureOptions::largestScale)
+             .startingWith(""),
+         parameter("transparent", ParameterKind::Flag, "Whether there is nothing behind the plots; else white.")
+             .startingWith("no"),
+         choice("frames", {"all", "active"}, "Whether the page or the active frame alone fills it.")
+             .startingWith("all")},
+        with(files, [](FileOperations& on, Arguments const& arguments) {
+            on.savePicture(path(arguments), pictureOptions(arguments));
+        })};
     entry.needsData = false;
     return entry;
 }
@@ -115,9 +154,16 @@ kernel::CommandText saveCommand(QString const& path, bool overwrite)
     return overwrite ? text.flag("overwrite", true) : text;
 }
 
-kernel::CommandText savePictureCommand(QString const& path)
+kernel::CommandText savePictureCommand(QString const& path, PictureOptions const& options)
 {
-    return kernel::CommandText(savePictureName).quoted("file", path.toStdString());
+    kernel::CommandText text = kernel::CommandText(savePictureName).quoted("file", path.toStdString());
+    if (!options.size.isEmpty())
+        text = text.number("width", options.size.width()).number("height", options.size.height());
+    if (options.scale != 0.0)
+        text = text.real("scale", options.scale);
+    if (options.isTransparent)
+        text = text.flag("transparent", true);
+    return options.activeFrameOnly ? text.word("frames", "active") : text;
 }
 
 operations::Registry programOperations(FileOperations* files)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/files/PictureOptions.h"
 #include "kernel/operations/CommandText.h"
 #include "operations/Registry.h"
 
@@ -17,7 +18,7 @@ public:
     // Each throws std::exception with the reason when it fails; nothing has changed then.
     virtual void open(QStringList const& paths, bool inNewFrames) = 0; ///< otherwise instead of all that is open
     virtual void save(QString const& path, bool overwrite) = 0;        ///< the active data set
-    virtual void savePicture(QString const& path) = 0;
+    virtual void savePicture(QString const& path, PictureOptions const& options) = 0;
 
     FileOperations(FileOperations const&) = delete;
     FileOperations& operator=(FileOperations const&) = delete;
@@ -28,7 +29,7 @@ kernel::CommandText openCommand(QStringList const& paths, bool inNewFrames);
 
 /// The commands that save the active data set and a picture.
 kernel::CommandText saveCommand(QString const& path, bool overwrite);
-kernel::CommandText savePictureCommand(QString const& path);
+kernel::CommandText savePictureCommand(QString const& path, PictureOptions const& options = {});
 
 /// The name of the operation that stands for the commands of a script.
 constexpr char runScriptName[] = "run";

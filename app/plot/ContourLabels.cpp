@@ -6,6 +6,7 @@
 #include <QRectF>
 #include <vtkBrush.h>
 #include <vtkContext2D.h>
+#include <vtkContextDevice2D.h>
 #include <vtkFloatArray.h>
 #include <vtkObjectFactory.h>
 #include <vtkPen.h>
@@ -66,19 +67,12 @@ void ContourLabels::show(vtkRenderer& stage, std::vector<Label> labels)
     m_labels = std::move(labels);
 }
 
-bool ContourLabels::Paint(vtkContext2D* painter)
+void ContourLabels::choose()
 {
-    m_paintedCount = 0;
-    if (m_labels.empty())
-        return true;
+    m_painted.clear();
     int const* const origin = m_stage->GetOrigin();
     int const* const size = m_stage->GetSize();
     QRectF const room(0.0, 0.0, size[0], size[1]);
-    QColor const paper = PlotTheme::paper();
-    painter->ApplyTextProp(m_text);
-    painter->GetPen()->SetLineType(vtkPen::NO_PEN);
-    painter->GetBrush()->SetColorF(paper.redF(), paper.greenF(), paper.blueF(), 0.75);
-    std::vector<QRectF> taken;
     for (Label const& label : m_labels) {
         std::array<double, 3> const display = onDisplay(*m_stage, label.place);
         QPointF const middle(display[0] - origin[0], display[1] - origin[1]);
@@ -86,15 +80,29 @@ bool ContourLabels::Paint(vtkContext2D* painter)
         QRectF const box(middle - QPointF(0.5 * text.width(), 0.5 * text.height()), text);
         double const gap = between * m_ratio;
         QRectF const reach = box.adjusted(-gap, -gap, gap, gap);
-        auto const touches = [&reach](QRectF const& other) { return reach.intersects(other); };
-        if (!room.contains(box) || std::any_of(taken.begin(), taken.end(), touches) || isHidden(*m_stage, display))
-            continue;
-        taken.push_back(box);
-        painter->DrawRect(static_cast<float>(box.left()), static_cast<float>(box.top()),
-                          static_cast<float>(box.width()), static_cast<float>(box.height()));
+        auto const touches = [&reach](Painted const& other) { return reach.intersects(other.box); };
+        if (room.contains(box) && std::none_of(m_painted.begin(), m_painted.end(), touches) &&
+            !isHidden(*m_stage, display))
+            m_painted.push_back({box, label.text});
+    }
+}
+
+bool ContourLabels::Paint(vtkContext2D* painter)
+{
+    if (m_labels.empty())
+        m_painted.clear();
+    else if (painter->GetDevice()->IsA("vtkOpenGLContextDevice2D") != 0)
+        choose();
+    QColor const paper = PlotTheme::paper();
+    painter->ApplyTextProp(m_text);
+    painter->GetPen()->SetLineType(vtkPen::NO_PEN);
+    painter->GetBrush()->SetColorF(paper.redF(), paper.greenF(), paper.blueF(), 0.75);
+    for (Painted const& label : m_painted) {
+        painter->DrawRect(static_cast<float>(label.box.left()), static_cast<float>(label.box.top()),
+                          static_cast<float>(label.box.width()), static_cast<float>(label.box.height()));
+        QPointF const middle = label.box.center();
         painter->DrawString(static_cast<float>(middle.x()), static_cast<float>(middle.y()),
                             label.text.toUtf8().constData());
-        ++m_paintedCount;
     }
     return true;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QRectF>
 #include <QString>
 #include <vtkContextItem.h>
 #include <vtkNew.h>
@@ -31,8 +32,9 @@ public:
     void setPixelRatio(double ratio) { m_ratio = ratio; }
 
     /// How many of the labels had room in the picture that was drawn last.
-    int paintedCount() const { return m_paintedCount; }
+    int paintedCount() const { return static_cast<int>(m_painted.size()); }
 
+    /// On any device but the screen's, which knows what is hidden, the labels of the last picture are painted again.
     bool Paint(vtkContext2D* painter) override;
 
     ContourLabels(ContourLabels const&) = delete;
@@ -46,7 +48,15 @@ private:
     vtkRenderer* m_stage = nullptr;
     std::vector<Label> m_labels;
     double m_ratio = 1.0;
-    int m_paintedCount = 0;
+    struct Painted
+    {
+        QRectF box; // device pixels of the stage
+        QString text;
+    };
+
+    void choose();
+
+    std::vector<Painted> m_painted;
     vtkNew<vtkTextProperty> m_text;
 };
 

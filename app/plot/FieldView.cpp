@@ -78,8 +78,7 @@ FieldView::FieldView(bool inSpace, std::function<void()> ready)
     , m_contourLines(*m_stage)
     , m_vectors(*m_stage)
 {
-    QColor const paper = PlotTheme::paper();
-    m_stage->SetBackground(paper.redF(), paper.greenF(), paper.blueF());
+    setBehind(*m_stage, false);
     m_legendActor->GetScene()->AddItem(m_legend);
     m_legendActor->GetScene()->SetRenderer(&ground());
     ground().AddActor(m_legendActor);
@@ -97,6 +96,19 @@ void FieldView::removeFrom(vtkRenderWindow& window)
 {
     window.RemoveRenderer(m_stage);
     FrameView::removeFrom(window);
+}
+
+std::vector<vtkRenderer*> FieldView::renderers() const
+{
+    std::vector<vtkRenderer*> all = FrameView::renderers();
+    all.push_back(m_stage);
+    return all;
+}
+
+void FieldView::setTransparent(bool isTransparent)
+{
+    FrameView::setTransparent(isTransparent);
+    setBehind(*m_stage, isTransparent);
 }
 
 void FieldView::setArea(ViewArea const& viewArea)

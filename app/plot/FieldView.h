@@ -34,11 +34,14 @@ public:
     void addTo(vtkRenderWindow& window) override;
     void removeFrom(vtkRenderWindow& window) override;
     void setArea(ViewArea const& area) override;
+    void setTransparent(bool isTransparent) override;
     FrameMessage show(kernel::Frame const& frame) override;
     bool isWaiting() const override { return m_scene.isWaiting(); }
     void wait() override { m_scene.wait(); }
     bool dependsOn(kernel::Frame const& frame, int variable) const override;
     void markZones(std::set<int> const& zones) override;
+
+    std::vector<vtkRenderer*> renderers() const override;
 
     /// Shows the zones. It is drawn over the ground(), inside its margins().
     vtkRenderer& stage() const { return *m_stage; }

@@ -8,12 +8,24 @@ namespace veldraw::app {
 
 FrameView::FrameView()
 {
-    QColor const paper = PlotTheme::paper();
-    m_ground->SetBackground(paper.redF(), paper.greenF(), paper.blueF());
+    setBehind(*m_ground, false);
     m_ground->InteractiveOff();
 }
 
 FrameView::~FrameView() = default;
+
+// Black counts for nothing where it is transparent: it does not show through half-transparent edges.
+void FrameView::setBehind(vtkRenderer& renderer, bool isTransparent)
+{
+    QColor const colour = isTransparent ? QColor(Qt::black) : PlotTheme::paper();
+    renderer.SetBackground(colour.redF(), colour.greenF(), colour.blueF());
+    renderer.SetBackgroundAlpha(isTransparent ? 0.0 : 1.0);
+}
+
+void FrameView::setTransparent(bool isTransparent)
+{
+    setBehind(*m_ground, isTransparent);
+}
 
 void FrameView::addTo(vtkRenderWindow& window)
 {

@@ -11,6 +11,7 @@
 #include <vtkRenderer.h>
 
 #include <set>
+#include <vector>
 
 class vtkRenderWindow;
 
@@ -43,6 +44,9 @@ public:
     virtual void removeFrom(vtkRenderWindow& window);
     virtual void setArea(ViewArea const& area);
 
+    /// What is behind the plot: white paper, or nothing at all.
+    virtual void setTransparent(bool isTransparent);
+
     /// Shows the present state of the frame. A view that is fitted stays fitted when the extent of the data changes; a view
     /// that the user has moved or zoomed keeps showing the same part of the data.
     /// @return what is missing in the picture, if anything
@@ -63,6 +67,9 @@ public:
     /// What is to be told of the part of the plot under the mouse, as rich text; empty for nothing.
     virtual QString tipAt(QPointF const& /*position*/) const { return {}; }
 
+    /// The renderers of the view, in the order in which they are drawn.
+    virtual std::vector<vtkRenderer*> renderers() const { return {m_ground}; }
+
     /// Brings the whole plot into view.
     virtual void fit() = 0;
     /// Looks at the whole plot from a side; a plot without a third dimension stays as it is.
@@ -78,6 +85,9 @@ public:
     FrameView& operator=(FrameView const&) = delete;
 
 protected:
+    /// Does to a renderer of the view what setTransparent() says.
+    static void setBehind(vtkRenderer& renderer, bool isTransparent);
+
     vtkRenderer& ground() { return *m_ground; } ///< white, covers the area, has axes and legends
     ViewArea const& area() const { return m_area; }
 

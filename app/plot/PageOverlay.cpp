@@ -38,11 +38,10 @@ PageOverlay::PageOverlay(QWidget* parent)
     setFocusPolicy(Qt::NoFocus);
 }
 
-void PageOverlay::setMarks(std::vector<Mark> marks, QString const& emptyText, bool isBare)
+void PageOverlay::setMarks(std::vector<Mark> marks, QString const& emptyText)
 {
     m_marks = std::move(marks);
     m_emptyText = emptyText;
-    m_isBare = isBare;
     update();
 }
 
@@ -52,26 +51,36 @@ void PageOverlay::paintEvent(QPaintEvent* event)
     painter.setRenderHint(QPainter::Antialiasing);
     if (m_marks.empty())
         paintEmptyPage(painter);
+    forEachSeen(painter, event->region(), [&](Mark const& mark) { paintMark(painter, mark); });
+}
+
+void PageOverlay::paintMessages(QPainter& painter, bool isTransparent) const
+{
+    QRegion everything;
+    for (Mark const& mark : m_marks)
+        everything += mark.area;
+    painter.setRenderHint(QPainter::Antialiasing);
+    forEachSeen(painter, everything, [&](Mark const& mark) { paintMessage(painter, mark, isTransparent); });
+    painter.setClipping(false);
+}
+
+void PageOverlay::forEachSeen(QPainter& painter, QRegion const& region,
+                              std::function<void(Mark const&)> const& paint) const
+{
     for (std::size_t n = 0; n < m_marks.size(); ++n) {
-        QRegion visible = QRegion(m_marks[n].area) & event->region();
+        QRegion visible = QRegion(m_marks[n].area) & region;
         for (std::size_t above = n + 1; above < m_marks.size(); ++above)
             visible -= m_marks[above].area;
         if (visible.isEmpty())
             continue;
         painter.setClipRegion(visible);
-        paintMark(painter, m_marks[n]);
+        paint(m_marks[n]);
     }
 }
 
 void PageOverlay::paintMark(QPainter& painter, Mark const& mark) const
 {
-    painter.fillRect(strip(mark.content, mark.message), PlotTheme::paper());
-    if (!mark.message.remark.isEmpty())
-        paintRemark(painter, mark);
-    if (!mark.message.sentence.isEmpty())
-        paintNotice(painter, mark);
-    if (m_isBare)
-        return;
+    paintMessage(painter, mark, false);
     paintPlaces(painter, mark);
     paintHeader(painter, mark);
     qreal const width = mark.isActive ? borderWidth : 1.0;
@@ -82,6 +91,16 @@ void PageOverlay::paintMark(QPainter& painter, Mark const& mark) const
     int const inset = mark.isActive ? 1 : 0;
     painter.drawRect(mark.area.adjusted(inset, inset, -1, -1));
     painter.setRenderHint(QPainter::Antialiasing, true);
+}
+
+void PageOverlay::paintMessage(QPainter& painter, Mark const& mark, bool isTransparent) const
+{
+    if (!isTransparent)
+        painter.fillRect(strip(mark.content, mark.message), PlotTheme::paper());
+    if (!mark.message.remark.isEmpty())
+        paintRemark(painter, mark);
+    if (!mark.message.sentence.isEmpty())
+        paintNotice(painter, mark, isTransparent);
 }
 
 void PageOverlay::paintHeader(QPainter& painter, Mark const& mark) const
@@ -100,10 +119,11 @@ void PageOverlay::paintHeader(QPainter& painter, Mark const& mark) const
                      painter.fontMetrics().elidedText(mark.name, Qt::ElideRight, text.width()));
 }
 
-void PageOverlay::paintNotice(QPainter& painter, Mark const& mark) const
+void PageOverlay::paintNotice(QPainter& painter, Mark const& mark, bool isTransparent) const
 {
     if (mark.message.replacesPicture) {
-        painter.fillRect(mark.content, PlotTheme::paper());
+        if (!isTransparent)
+            painter.fillRect(mark.content, PlotTheme::paper());
         painter.setFont(noticeFont(font(), 15));
         painter.setPen(PlotTheme::quietText());
         painter.drawText(mark.content.adjusted(16, 8, -16, -8), Qt::AlignCenter | Qt::TextWordWrap,

@@ -7,6 +7,7 @@
 #include <QString>
 #include <QWidget>
 
+#include <functional>
 #include <utility>
 #include <vector>
 
@@ -33,8 +34,11 @@ public:
     explicit PageOverlay(QWidget* parent);
 
     /// @param marks in drawing order, the last on top; none: @p emptyText is shown instead
-    /// @param isBare messages only: no borders and no headers
-    void setMarks(std::vector<Mark> marks, QString const& emptyText, bool isBare = false);
+    void setMarks(std::vector<Mark> marks, QString const& emptyText);
+
+    /// Paints the messages alone, without borders and headers, as a picture has them.
+    /// @param painter in logical pixels @param isTransparent whether nothing is behind them
+    void paintMessages(QPainter& painter, bool isTransparent) const;
 
     /// The strip at the top of a frame's content that holds the remark and a sentence with a strip of its own. Empty if
     /// there is neither, or if it would leave too little room for the picture.
@@ -47,9 +51,12 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    /// Calls a function for each mark that is seen in a region, with the clip that the ones above leave it.
+    void forEachSeen(QPainter& painter, QRegion const& region, std::function<void(Mark const&)> const& paint) const;
     void paintMark(QPainter& painter, Mark const& mark) const;
+    void paintMessage(QPainter& painter, Mark const& mark, bool isTransparent) const;
     void paintHeader(QPainter& painter, Mark const& mark) const;
-    void paintNotice(QPainter& painter, Mark const& mark) const;
+    void paintNotice(QPainter& painter, Mark const& mark, bool isTransparent) const;
     void paintRemark(QPainter& painter, Mark const& mark) const;
     void paintPlaces(QPainter& painter, Mark const& mark) const;
     QRect sentenceIn(QRect const& content, QString const& sentence) const;
@@ -57,7 +64,6 @@ private:
 
     std::vector<Mark> m_marks;
     QString m_emptyText;
-    bool m_isBare = false;
 };
 
 } // namespace veldraw::app

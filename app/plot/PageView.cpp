@@ -42,7 +42,7 @@ PageView::PageView(kernel::Session& session, QWidget* parent)
 
     setPalette(QPalette(PlotTheme::text(), PlotTheme::desk()));
     setAutoFillBackground(true);
-    showBare(false);
+    m_desk->SetBackground(PlotTheme::desk().redF(), PlotTheme::desk().greenF(), PlotTheme::desk().blueF());
     m_window->AddRenderer(m_desk);
     if (hasScreen())
         createCanvas();
@@ -171,13 +171,6 @@ void PageView::giveUpDrawing(std::exception const& failure)
     updateOverlay();
 }
 
-void PageView::showBare(bool isBare)
-{
-    m_isBare = isBare;
-    QColor const ground = isBare ? PlotTheme::paper() : PlotTheme::desk();
-    m_desk->SetBackground(ground.redF(), ground.greenF(), ground.blueF());
-}
-
 void PageView::bringUpToDate()
 {
     syncFrames();
@@ -214,11 +207,13 @@ void PageView::layOut()
     auto const page = m_session.activePage();
     if (!page)
         return;
-    PageOnScreen const screen = m_isBare ? PageOnScreen(*page, rect(), 0) : PageOnScreen(*page, rect());
+    PageOnScreen const screen = m_sheet ? PageOnScreen(*page, sheetRect(), 0) : PageOnScreen(*page, rect());
     for (auto const& frame : page->frames) {
         Slot& slot = m_slots[frame->id];
         slot.area = screen.frameOf(frame->rectangle);
-        slot.content = m_isBare ? slot.area : PageOnScreen::contentOf(slot.area);
+        if (m_sheet && m_sheet->activeFrameOnly)
+            slot.area = frame->id == page->activeFrame ? sheetRect() : QRect();
+        slot.content = m_sheet ? slot.area : PageOnScreen::contentOf(slot.area);
         placePicture(slot);
     }
 }
@@ -255,7 +250,7 @@ void PageView::markPicks()
     if (!page)
         return;
     std::set<kernel::UniqueId> picked;
-    if (!m_isBare)
+    if (!m_sheet)
         for (kernel::Pick const& pick : m_session.picks())
             picked.insert(pick.zone);
     for (auto const& frame : page->frames) {
@@ -325,10 +320,11 @@ void PageView::orderRenderers()
         Slot& slot = m_slots[frame->id];
         placePicture(slot); // what is said above it may have come or gone
         QRect const& picture = slot.picture;
-        if (!slot.view || slot.hidesPicture() || picture.width() < 8 || picture.height() < 8 || width() < 1 ||
-            height() < 1 || !rect().intersects(picture))
+        if (!slot.view || slot.hidesPicture() || picture.width() < 8 || picture.height() < 8 ||
+            !sheetRect().intersects(picture))
             continue;
         slot.view->setArea(areaOf(slot));
+        slot.view->setTransparent(isTransparent());
         if (slot.isToFit)
             slot.view->fit();
         slot.isToFit = false;
@@ -345,7 +341,7 @@ void PageView::orderRenderers()
 
 ViewArea PageView::areaOf(Slot const& slot) const
 {
-    return PageOnScreen::viewAreaOf(slot.picture, size(), devicePixelRatioF());
+    return PageOnScreen::viewAreaOf(slot.picture, sheetRect().size(), pixelRatio());
 }
 
 void PageView::updateOverlay()
@@ -369,7 +365,7 @@ void PageView::updateOverlay()
         }
     QString const emptyText = m_opening.isEmpty() ? tr("Open a file to begin.") : tr("Opening %1…").arg(m_opening);
     setAccessibleDescription(marks.empty() ? emptyText : sentences.join(QLatin1Char('\n')));
-    m_overlay->setMarks(std::move(marks), emptyText, m_isBare);
+    m_overlay->setMarks(std::move(marks), emptyText);
 }
 
 void PageView::resizeEvent(QResizeEvent* event)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/files/PictureOptions.h"
 #include "app/plot/FrameMessage.h"
 #include "app/plot/FrameView.h"
 #include "app/plot/PageDisplay.h"
@@ -12,6 +13,7 @@
 #include <vtkGenericOpenGLRenderWindow.h>
 #include <vtkNew.h>
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -70,9 +72,13 @@ public:
     /// The picture on the screen, in device pixels, after a refresh and the end of all background computations.
     QImage grabImage();
 
-    /// The page as a picture for a document: plots and messages in the places and sizes that they have on the screen, without
-    /// borders, headers and marks of picked zones. The screen does not change.
-    QImage takePicture();
+    /// The page as a picture for a document: plots and messages without borders, headers and marks of picked zones, placed as they
+    /// would be on a screen of that size. The screen does not change. @return a null image where there is no memory for it
+    QImage takePicture(PictureOptions const& options = {});
+
+    /// Paints the same picture, with lines and letters instead of pixels; scenes alone are pixels, as many as the scale says.
+    /// @param painter in logical pixels, from the top left corner of the picture
+    void paintPicture(QPainter& painter, PictureOptions const& options);
 
     /// Says on a page without frames that a file is being opened, at once; without a name, how to begin.
     void showOpening(QString const& fileName);
@@ -141,7 +147,25 @@ private:
     std::unique_ptr<FrameView> createView(kernel::Frame const& frame);
 
     void bringUpToDate();
-    void showBare(bool isBare);
+    /// What the page is laid out on while a picture is taken.
+    struct Sheet
+    {
+        QSize size; // logical pixels
+        double pixelRatio = 1.0;
+        bool activeFrameOnly = false;
+        bool isTransparent = false; // else white
+    };
+
+    QRect sheetRect() const { return m_sheet ? QRect(QPoint(), m_sheet->size) : rect(); }
+    double pixelRatio() const { return m_sheet ? m_sheet->pixelRatio : devicePixelRatioF(); }
+    bool isTransparent() const { return m_sheet && m_sheet->isTransparent; }
+    void layOutOn(std::optional<Sheet> const& sheet);
+    QImage pictureOnSheet();
+    void paintOnSheet(QPainter& painter);
+    void onSheet(PictureOptions const& options, std::function<void()> const& work);
+    QRectF onPaper(vtkRenderer& renderer) const;
+    QImage readWindow();
+    void finishDrawing();
     void giveUpDrawing(std::exception const& failure);
     void syncFrames();
     void layOut();
@@ -182,7 +206,7 @@ private:
     std::map<kernel::UniqueId, Slot> m_slots;
     std::vector<FrameView*> m_drawn; // the plots in the window, in their order
     QString m_opening;               // name of the file
-    bool m_isBare = false;           // without borders and headers, while a picture is taken
+    std::optional<Sheet> m_sheet;    // without a value: the widget
 
     kernel::UniqueId m_draggedFrame = 0;
     QPointF m_pressPosition;

@@ -83,29 +83,4 @@ bool PageView::isDrawing() const
                        [](auto const& slot) { return slot.second.view && slot.second.view->isWaiting(); });
 }
 
-QImage PageView::grabImage()
-{
-    if (m_timer->isActive())
-        refresh();
-    while (m_session.isDrawing() && isDrawing()) {
-        for (auto& [id, slot] : m_slots)
-            if (slot.view && slot.view->isWaiting()) {
-                slot.view->wait();
-                slot.isStale = true;
-            }
-        refresh();
-    }
-    return grab().toImage();
-}
-
-QImage PageView::takePicture()
-{
-    showBare(true);
-    refresh();
-    QImage const picture = grabImage();
-    showBare(false);
-    refresh();
-    return picture;
-}
-
 } // namespace veldraw::app

@@ -4,6 +4,7 @@
 #include <QStringList>
 #include <vtkTextProperty.h>
 
+#include <algorithm>
 #include <array>
 
 namespace veldraw::app {
@@ -50,6 +51,16 @@ void PlotTheme::apply(vtkTextProperty& property, QColor const& colour, int size,
     property.SetFontSize(size);
     property.SetColor(colour.redF(), colour.greenF(), colour.blueF());
     property.SetOpacity(1.0);
+}
+
+QFont PlotTheme::fontOf(vtkTextProperty& property)
+{
+    QFont font(QStringLiteral("DejaVu Sans"));
+    font.setStyleHint(QFont::SansSerif);
+    font.setPixelSize(std::max(property.GetFontSize(), 1));
+    bool const isFromFile = property.GetFontFamily() == VTK_FONT_FILE && property.GetFontFile() != nullptr;
+    font.setBold(isFromFile ? QByteArray(property.GetFontFile()).contains("-Bold") : property.GetBold() != 0);
+    return font;
 }
 
 } // namespace veldraw::app

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QFont>
 #include <QPointF>
 #include <QRectF>
 #include <QSizeF>
@@ -40,6 +41,9 @@ public:
     /// Colour, size and a typeface that knows more than Latin letters where the system has one.
     /// @param size logical pixels; the window's dots per inch account for high resolution
     static void apply(vtkTextProperty& property, QColor const& colour, int size, bool bold = false);
+
+    /// The same typeface for Qt, in its size, logical pixels.
+    static QFont fontOf(vtkTextProperty& property);
 };
 
 } // namespace veldraw::app

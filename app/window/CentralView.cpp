@@ -21,7 +21,7 @@ CentralView CentralView::ofPage(kernel::Session& session)
     view.onProbe = [page](std::function<void(ProbedPlace const&)> const& function) {
         QObject::connect(page, &PageView::probed, page, function);
     };
-    view.grabImage = [page] { return page->takePicture(); };
+    view.picture = [page](PictureOptions const& options) { return pictureOf(*page, options); };
     return view;
 }
 

@@ -1,9 +1,10 @@
 #pragma once
 
+#include "app/files/PictureOptions.h"
 #include "app/plot/ProbedPlace.h"
 #include "app/plot/ViewSide.h"
+#include "app/window/PictureFile.h"
 
-#include <QImage>
 #include <QString>
 
 #include <functional>
@@ -36,7 +37,7 @@ struct CentralView
     /// Marks these places in the plots, and no others.
     std::function<void(std::vector<ProbedPlace>)> markProbes = [](auto const&) {};
     /// A picture of the page without borders and headers.
-    std::function<QImage()> grabImage = [] { return QImage(); };
+    std::function<PagePicture(PictureOptions const&)> picture = [](auto const&) { return PagePicture(); };
 
     /// The page of @p session, drawn by VTK.
     static CentralView ofPage(kernel::Session& session);

@@ -2,11 +2,11 @@
 
 #include "app/export/Exporter.h"
 #include "app/import/Importer.h"
+#include "app/window/PictureFile.h"
 #include "app/window/RecentFiles.h"
 #include "kernel/operations/CommandText.h"
 #include "kernel/session/Session.h"
 
-#include <QImage>
 #include <QObject>
 
 #include <functional>
@@ -56,12 +56,15 @@ public:
     bool saveAs();
     bool save(QString const& path);
 
-    /// Asks for a name and writes @p picture, in the same way.
-    bool savePictureAs(QImage const& picture);
-    bool savePicture(QImage const& picture, QString const& path);
+    /// Asks for a name and writes @p picture, in the same way. @param options what the picture was made with, for the journal
+    bool savePictureAs(PagePicture const& picture, PictureOptions const& options);
+    bool savePicture(PagePicture const& picture, PictureOptions const& options, QString const& path);
 
     /// Leaves a picture in the clipboard.
-    void copyPicture(QImage const& picture);
+    void copyPicture(PagePicture const& picture);
+
+    /// Asks for a printer and prints a picture. A failure is told.
+    void printPicture(PagePicture const& picture);
 
     /// Asks for a name and saves a picture of each moment of the active frame, in the same way. @param grab takes a picture of the page
     bool saveFilmAs(std::function<QImage()> const& grab);

@@ -3,43 +3,63 @@
 #include "app/window/DocumentController.h"
 #include "app/window/FileNameQuestion.h"
 #include "app/window/FilmSave.h"
-#include "app/window/PictureFile.h"
+#include "app/window/PicturePrint.h"
 
 #include <QClipboard>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QPrintDialog>
+#include <QPrinter>
 
 namespace veldraw::app {
 
-bool DocumentController::savePictureAs(QImage const& picture)
+bool DocumentController::savePictureAs(PagePicture const& picture, PictureOptions const& options)
 {
     if (isLocked())
         return false;
-    QStringList const filters{QStringLiteral("PNG picture (*.png)"), QStringLiteral("JPEG picture (*.jpg)")};
     bool isSaved = false;
-    askForName(m_window, {QStringLiteral("Save Picture As"), lastFolder() + QStringLiteral("/page"), filters,
+    askForName(m_window, {QStringLiteral("Save Picture As"), lastFolder() + QStringLiteral("/page"), pictureFilters(),
                           [](QString const& path) { return QFileInfo::exists(path); },
-                          [&](QString const& path) { return isSaved = savePicture(picture, path); }});
+                          [&](QString const& path) { return isSaved = savePicture(picture, options, path); }});
     return isSaved;
 }
 
-bool DocumentController::savePicture(QImage const& picture, QString const& path)
+bool DocumentController::savePicture(PagePicture const& picture, PictureOptions const& options, QString const& path)
 {
     QString const problem = writePicture(picture, path);
     if (!problem.isEmpty()) {
         tellError(QStringLiteral("%1: the picture could not be written: %2").arg(path, problem));
         return false;
     }
-    record(savePictureCommand(QFileInfo(path).absoluteFilePath()));
+    record(savePictureCommand(QFileInfo(path).absoluteFilePath(), options));
     keepFolder(path);
     Q_EMIT told(QStringLiteral("Saved %1").arg(QFileInfo(path).fileName()));
     return true;
 }
 
-void DocumentController::copyPicture(QImage const& picture)
+void DocumentController::copyPicture(PagePicture const& picture)
 {
-    QGuiApplication::clipboard()->setImage(picture);
+    QImage const pixels = picture.pixels();
+    if (pixels.isNull())
+        return tellError(QStringLiteral("The picture could not be copied: there is no memory for it"));
+    QGuiApplication::clipboard()->setImage(pixels);
     Q_EMIT told(QStringLiteral("Copied the picture"));
+}
+
+void DocumentController::printPicture(PagePicture const& picture)
+{
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setPageOrientation(picture.size.width() > picture.size.height() ? QPageLayout::Landscape
+                                                                            : QPageLayout::Portrait);
+    QPrintDialog dialog(&printer, &m_window);
+    dialog.setObjectName(QStringLiteral("printDialog"));
+    dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    QString const problem = app::printPicture(picture, printer);
+    if (!problem.isEmpty())
+        return tellError(QStringLiteral("The picture could not be printed: %1").arg(problem));
+    Q_EMIT told(QStringLiteral("Printed the picture"));
 }
 
 bool DocumentController::saveFilmAs(std::function<QImage()> const& grab)

@@ -12,7 +12,7 @@ namespace veldraw::app {
 
 class DocumentController;
 
-/// What the File menu does with files: open, open again, save, save a picture or a film; and copy a picture.
+/// What the File menu does with files: open, open again, save, save a picture or a film; and copy or print a picture.
 class FileActions : public QObject
 {
     Q_OBJECT
@@ -25,6 +25,8 @@ public:
     QAction& openInNewFrame() { return *m_openInNewFrame; }
     QAction& saveAs() { return *m_saveAs; }
     QAction& savePicture() { return *m_savePicture; }
+    QAction& pictureOptions() { return *m_choosePicture; } ///< that hold for all pictures
+    QAction& printPicture() { return *m_printPicture; }
     QAction& copyPicture() { return *m_copyPicture; }
     QAction& saveFilm() { return *m_saveFilm; }
 
@@ -33,14 +35,21 @@ public:
 
 private:
     void fillRecentMenu();
+    void choosePictureOptions();
+    PagePicture picture() const { return m_view.picture(m_pictureOptions); }
     void refresh();
 
     kernel::Session& m_session;
     DocumentController& m_documents;
+    CentralView m_view;
+    QWidget& m_window;
+    PictureOptions m_pictureOptions;
     QAction* m_open;
     QAction* m_openInNewFrame;
     QAction* m_saveAs;
     QAction* m_savePicture;
+    QAction* m_choosePicture;
+    QAction* m_printPicture;
     QAction* m_copyPicture;
     QAction* m_saveFilm;
     QMenu* m_recentMenu;

@@ -122,7 +122,9 @@ void MainWindow::makeMenus()
     file.addActions({&m_files.open(), &m_files.openInNewFrame()});
     file.addMenu(&m_files.recentMenu());
     file.addSeparator();
-    file.addActions({&m_files.saveAs(), &m_files.savePicture(), &m_files.saveFilm()});
+    file.addAction(&m_files.saveAs());
+    file.addSeparator();
+    file.addActions({&m_files.savePicture(), &m_files.saveFilm(), &m_files.printPicture(), &m_files.pictureOptions()});
     file.addSeparator();
     file.addAction(
         newAction(*this, "runScriptAction", {}, QStringLiteral("R&un Script..."), [this] { m_scripts.runByDialog(); }));

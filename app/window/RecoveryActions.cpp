@@ -160,6 +160,6 @@ void RecoveryActions::open(QStringList const& paths, bool inNewFrames)
 // Nothing is saved again.
 void RecoveryActions::save(QString const&, bool) {}
 
-void RecoveryActions::savePicture(QString const&) {}
+void RecoveryActions::savePicture(QString const&, PictureOptions const&) {}
 
 } // namespace veldraw::app

@@ -49,7 +49,7 @@ private:
 
     void open(QStringList const& paths, bool inNewFrames) override;
     void save(QString const& path, bool overwrite) override;
-    void savePicture(QString const& path) override;
+    void savePicture(QString const& path, PictureOptions const& options) override;
 
     Answer ask(LeftWork const& work);
     bool recover(std::unique_ptr<LeftWork> work);

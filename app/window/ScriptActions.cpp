@@ -123,9 +123,9 @@ void ScriptActions::save(QString const& path, bool)
         throw std::runtime_error("Nothing was saved.");
 }
 
-void ScriptActions::savePicture(QString const& path)
+void ScriptActions::savePicture(QString const& path, PictureOptions const& options)
 {
-    if (!m_documents.savePicture(m_view.grabImage(), path))
+    if (!m_documents.savePicture(m_view.picture(options), options, path))
         throw std::runtime_error("No picture was saved.");
 }
 

@@ -39,7 +39,7 @@ Q_SIGNALS:
 private:
     void open(QStringList const& paths, bool inNewFrames) override;
     void save(QString const& path, bool overwrite) override;
-    void savePicture(QString const& path) override;
+    void savePicture(QString const& path, PictureOptions const& options) override;
     void runAll(std::vector<PlacedCommand> const& commands);
     bool write(QString const& path);
 

@@ -166,6 +166,27 @@ TEST_F(ProgramCommandsTest, MakePicturesOnAVirtualDisplay)
         run(QStringList{table(), QStringLiteral("--do"), QStringLiteral("save-picture file=\"%1\"").arg(picture)});
     EXPECT_EQ(0, outcome.status) << outcome.err;
     EXPECT_EQ("\x89PNG", read(picture).left(4));
+    Outcome const sized = run(QStringList{
+        table(), QStringLiteral("--do"),
+        QStringLiteral("save-picture file=\"%1\" width=300 height=200 scale=1.5 transparent=yes frames=active")
+            .arg(picture)});
+    EXPECT_EQ(0, sized.status) << sized.err;
+    EXPECT_EQ(QSize(450, 300), QImage(picture).size());
+    EXPECT_TRUE(QImage(picture).hasAlphaChannel());
+}
+
+TEST_F(ProgramCommandsTest, RefuseImpossiblePictures)
+{
+    auto const problemOf = [this](char const* options) {
+        Outcome const outcome =
+            run(QStringList{table(), QStringLiteral("--do"),
+                            QStringLiteral("save-picture file=\"%1\" %2").arg(path("p.png"), QLatin1String(options))});
+        EXPECT_EQ(1, outcome.status);
+        EXPECT_FALSE(QFile::exists(path("p.png")));
+        return outcome.err;
+    };
+    EXPECT_TRUE(contains(problemOf("width=300"), "The width and the height of a picture are given together."));
+    EXPECT_TRUE(contains(problemOf("width=9000 height=9000"), "is too large"));
 }
 
 TEST_F(ProgramCommandsTest, AreListedAndExplained)

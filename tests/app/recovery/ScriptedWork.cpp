@@ -118,7 +118,7 @@ void ScriptedWork::save(QString const& path, bool overwrite)
     m_session.journal().add(app::saveCommand(path, overwrite).text(), m_session.pages());
 }
 
-void ScriptedWork::savePicture(QString const&)
+void ScriptedWork::savePicture(QString const&, app::PictureOptions const&)
 {
     throw std::logic_error("There are no pictures here.");
 }

@@ -25,7 +25,7 @@ public:
 private:
     void open(QStringList const& paths, bool inNewFrames) override;
     void save(QString const& path, bool overwrite) override;
-    void savePicture(QString const& path) override;
+    void savePicture(QString const& path, app::PictureOptions const& options) override;
 
     kernel::Session& m_session;
     QString m_told;

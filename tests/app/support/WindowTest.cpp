@@ -102,6 +102,19 @@ std::shared_ptr<kernel::DataSet> WindowTest::makeSeries()
     return dataSet;
 }
 
+app::PagePicture WindowTest::blueSquares(QSize const& size)
+{
+    app::PagePicture picture;
+    picture.size = size;
+    picture.pixels = [size] {
+        QImage pixels(size, QImage::Format_RGB32);
+        pixels.fill(Qt::blue);
+        return pixels;
+    };
+    picture.paint = [size](QPainter& painter) { painter.fillRect(QRect(QPoint(), size), Qt::blue); };
+    return picture;
+}
+
 void WindowTest::openFrames(std::vector<std::pair<std::string, std::shared_ptr<kernel::DataSet>>> const& contents)
 {
     std::vector<std::shared_ptr<kernel::Frame>> frames;
@@ -121,10 +134,9 @@ app::CentralView WindowTest::makeView()
     view.widget->setFocusPolicy(Qt::StrongFocus);
     view.fitActiveFrame = [this] { ++fits; };
     view.showOpening = [this](QString const& fileName) { openings << fileName; };
-    view.grabImage = [] {
-        QImage picture(8, 6, QImage::Format_RGB32);
-        picture.fill(Qt::blue);
-        return picture;
+    view.picture = [this](app::PictureOptions const& options) {
+        pictureOptions = options;
+        return blueSquares({8, 6});
     };
     return view;
 }

@@ -33,6 +33,9 @@ protected:
     void openFrames(std::vector<std::pair<std::string, std::shared_ptr<kernel::DataSet>>> const& contents);
     void openFlow() { openFrames({{"flow", makeFlow()}}); }
 
+    /// A picture of these logical pixels that is all blue.
+    static app::PagePicture blueSquares(QSize const& size);
+
     /// What the window has in its middle: a plain widget that counts how often it is to fit.
     virtual app::CentralView makeView();
 
@@ -57,9 +60,10 @@ protected:
 
     kernel::Session& session;
     QTemporaryDir folder;
-    std::vector<std::string> messages; ///< errors and informations, in order
-    int fits = 0;                      ///< calls of the view's fit
-    QStringList openings;              ///< what the view was told to say of files that are being opened
+    std::vector<std::string> messages;  ///< errors and informations, in order
+    int fits = 0;                       ///< calls of the view's fit
+    app::PictureOptions pictureOptions; ///< with which the view was asked for a picture last
+    QStringList openings;               ///< what the view was told to say of files that are being opened
     QWidget* middle = nullptr;
     std::unique_ptr<app::MainWindow> window;
 };

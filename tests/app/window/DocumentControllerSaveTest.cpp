@@ -334,8 +334,7 @@ TEST_F(SaveTest, PicturesAreWritten)
 TEST_F(SaveTest, APictureThatCannotBeWrittenIsTold)
 {
     showWindow();
-    QImage const picture(2, 2, QImage::Format_RGB32);
-    EXPECT_FALSE(window->documents().savePicture(picture, folder.filePath(QStringLiteral("nowhere/page.png"))));
+    EXPECT_FALSE(window->documents().savePicture(blueSquares({2, 2}), {}, folder.filePath(QStringLiteral("nowhere/page.png"))));
     ASSERT_EQ(1u, messages.size());
     EXPECT_NE(std::string::npos, messages[0].find("page.png"));
 }
@@ -346,7 +345,7 @@ TEST_F(SaveTest, APictureThatDoesNotFitOnTheDiskIsToldAndLeavesTheOldOne)
     QString const path = writeFile(QStringLiteral("page.png"), "old");
     {
         FullDisk const full;
-        EXPECT_FALSE(window->documents().savePicture(QImage(200, 200, QImage::Format_RGB32), path));
+        EXPECT_FALSE(window->documents().savePicture(blueSquares({200, 200}), {}, path));
     }
     ASSERT_EQ(1u, messages.size());
     EXPECT_NE(std::string::npos, messages[0].find("page.png: the picture could not be written: it would be larger than "

@@ -42,10 +42,12 @@ protected:
     app::CentralView makeView() override
     {
         app::CentralView view = WindowTest::makeView();
-        view.grabImage = [this] {
-            ++pictures;
-            QImage picture(10 + qRound(2 * session.activeFrame()->solutionTime), 6, QImage::Format_RGB32);
-            picture.fill(Qt::blue);
+        view.picture = [this](app::PictureOptions const&) {
+            app::PagePicture picture;
+            picture.pixels = [this] {
+                ++pictures;
+                return blueSquares({10 + qRound(2 * session.activeFrame()->solutionTime), 6}).pixels();
+            };
             return picture;
         };
         return view;

@@ -45,7 +45,10 @@ public:
     {
     }
 
-    void savePicture(QString const&) override { throw std::runtime_error("The module makes no pictures."); }
+    void savePicture(QString const&, app::PictureOptions const&) override
+    {
+        throw std::runtime_error("The module makes no pictures.");
+    }
 
 protected:
     void tell(QString const& text) override { remarks().push_back(text.toStdString()); }

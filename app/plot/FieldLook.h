@@ -34,6 +34,7 @@ struct FieldLook
     std::array<int, 3> vector{}; ///< variable numbers of U, V, W, 0 for none; W is 0 in a plane
     bool showVectors = false;
     bool areVectorsEqual = false; ///< arrows are all of one length
+    bool isParallel = false;      ///< without perspective
     bool mesh = false;
     bool inSpace = false; ///< lit surfaces in three dimensions
 };

@@ -7,7 +7,6 @@
 #include "kernel/frames/FrameDefaults.h"
 
 #include <QStringList>
-#include <vtkCamera.h>
 #include <vtkContextScene.h>
 #include <vtkRenderWindow.h>
 
@@ -335,6 +334,7 @@ FieldLook FieldView::lookOf(kernel::Frame const& frame, std::vector<int> const& 
         max[n] = range.max;
     }
     look.space = PlotSpace(min, max, frame.stretchAxes);
+    look.isParallel = frame.parallelProjection;
     look.mesh = frame.showMesh;
     look.vector = {frame.variableNumber('U'), frame.variableNumber('V'), m_inSpace ? frame.variableNumber('W') : 0};
     look.showVectors = frame.showVectors;

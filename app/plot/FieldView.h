@@ -42,6 +42,7 @@ public:
     void markZones(std::set<int> const& zones) override;
 
     std::vector<vtkRenderer*> renderers() const override;
+    std::optional<ViewPoint> viewPoint() const override;
 
     /// Shows the zones. It is drawn over the ground(), inside its margins().
     vtkRenderer& stage() const { return *m_stage; }
@@ -65,6 +66,9 @@ public:
     /// Where in a zone a search has found something. @return none where that is not drawn any more, or the data have changed since
     std::optional<ZonePlace> placeOf(kernel::DataSet const& dataSet, SeenQuestion const& question,
                                      SeenCell const& seen) const;
+
+    /// Where in the scene a surface is seen at a position of the area; none where there is nothing.
+    std::optional<std::array<double, 3>> sceneAt(QPointF const& inArea) const;
 
     /// Where a place of the data is seen, as a position of the area; none outside of the stage.
     std::optional<QPointF> seenAt(std::array<double, 3> const& place) const;
@@ -91,6 +95,12 @@ protected:
     /// Whether the view is fitted again when the area or the extent of the data changes, as it is until the user moves or
     /// zooms it. A rotated view counts as fitted: the whole plot is in view, and fitting keeps the direction.
     void setFitted(bool isFitted) { m_isFitted = isFitted; }
+    bool isFitted() const { return m_isFitted; }
+
+    bool isParallel() const { return m_look.isParallel; }
+
+    /// Whether a view was taken where this one is: of the same kind, space and size.
+    bool isOfThisPlace(ViewPoint const& view) const;
 
     /// Converts a position of the area to one of the stage.
     QPointF onStage(QPointF const& inArea) const;

@@ -1,10 +1,36 @@
-// What a field plot is asked about a position: which zone is seen there, and where in it.
+// What a field plot is asked: how it is looked at, which zone is seen at a position, and where in it.
 #include "app/plot/FieldView.h"
 #include "app/plot/PlaceOnRay.h"
+
+#include <vtkCamera.h>
 
 #include <algorithm>
 
 namespace veldraw::app {
+
+std::optional<ViewPoint> FieldView::viewPoint() const
+{
+    if (!m_isShown)
+        return std::nullopt;
+    vtkCamera& camera = *m_stage->GetActiveCamera();
+    ViewPoint view;
+    view.inSpace = m_inSpace;
+    view.isFitted = m_isFitted;
+    camera.GetFocalPoint(view.focus.data());
+    camera.GetPosition(view.eye.data());
+    camera.GetViewUp(view.up.data());
+    camera.GetWindowCenter(view.middle.data());
+    view.halfHeight = camera.GetParallelScale();
+    view.space = space();
+    view.stage = {m_stageWidth, m_stageHeight};
+    return view;
+}
+
+bool FieldView::isOfThisPlace(ViewPoint const& view) const
+{
+    return view.inSpace == m_inSpace && view.space == space() &&
+           view.stage == std::array<double, 2>{m_stageWidth, m_stageHeight};
+}
 
 std::optional<SeenQuestion> FieldView::questionAt(QPointF const& inArea) const
 {
@@ -20,6 +46,15 @@ std::optional<SeenQuestion> FieldView::questionAt(QPointF const& inArea) const
     for (auto const& zone : zones())
         question.things.push_back(zone->geometry());
     return question;
+}
+
+std::optional<std::array<double, 3>> FieldView::sceneAt(QPointF const& inArea) const
+{
+    std::optional<SeenQuestion> const question = questionAt(inArea);
+    std::optional<SeenCell> const seen = question ? seenCell(*question) : std::nullopt;
+    if (!seen)
+        return std::nullopt;
+    return question->ray.at(seen->distance);
 }
 
 std::optional<QPointF> FieldView::seenAt(std::array<double, 3> const& place) const

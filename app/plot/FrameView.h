@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/plot/FrameMessage.h"
+#include "app/plot/ViewPoint.h"
 #include "app/plot/ViewSide.h"
 #include "kernel/frames/Frame.h"
 
@@ -10,6 +11,7 @@
 #include <vtkNew.h>
 #include <vtkRenderer.h>
 
+#include <optional>
 #include <set>
 #include <vector>
 
@@ -74,6 +76,12 @@ public:
     virtual void fit() = 0;
     /// Looks at the whole plot from a side; a plot without a third dimension stays as it is.
     virtual void lookFrom(ViewSide /*side*/) {}
+    /// How the plot is looked at; none where that is not kept.
+    virtual std::optional<ViewPoint> viewPoint() const { return std::nullopt; }
+    /// Looks at the plot in the same way. Does nothing for a view of another kind of plot.
+    virtual void setViewPoint(ViewPoint const& /*view*/) {}
+    /// Chooses what rotate() turns around from now on: the place that is seen at a position, or the middle of the view where none is.
+    virtual void rotateAround(std::optional<QPointF> const& /*position*/) {}
     /// Rotates the plot as the mouse goes; a plot without a third dimension is moved instead.
     virtual void rotate(QPointF const& from, QPointF const& to) { pan(from, to); }
     virtual void pan(QPointF const& from, QPointF const& to) = 0;

@@ -271,6 +271,7 @@ void PageView::updatePlot(kernel::Frame const& frame, Slot& slot)
             takeOff(*slot.view);
         slot.view = createView(frame);
         slot.plotType = frame.plotType;
+        slot.views = {};
     }
     if (slot.view) {
         slot.view->setArea(areaOf(slot));

@@ -6,8 +6,10 @@
 #include "app/plot/PageDisplay.h"
 #include "app/plot/ProbedPlace.h"
 #include "app/plot/SeenCell.h"
+#include "app/plot/ViewHistory.h"
 #include "kernel/session/Session.h"
 
+#include <QElapsedTimer>
 #include <QImage>
 #include <QWidget>
 #include <vtkGenericOpenGLRenderWindow.h>
@@ -40,6 +42,7 @@ class PlaceSearch;
 /// | mouse | keys | effect |
 /// |---|---|---|
 /// | left drag | arrows | rotates a 3D plot, moves any other |
+/// | left drag with Ctrl | | rotates a 3D plot around the place under the mouse |
 /// | middle drag | | moves |
 /// | right drag, wheel | plus, minus | zooms |
 /// | double click | Home | fits |
@@ -62,6 +65,21 @@ public:
 
     /// Looks at the plot of the active frame from a side. Does nothing for a plot that is not in space.
     void lookFrom(ViewSide side);
+
+    /// Takes the active frame one view back, or on again, as far as its user has changed it. @return false where there is none
+    bool goToView(ViewStep step);
+
+    /// Keeps the view of the active frame as the one that pasteView() gives to others. @return false where it has none
+    bool copyView();
+    bool pasteView();
+
+    /// Keeps the view of the active frame for recallView(). @return its number from 1, or 0 where there is none to keep or no more room
+    int rememberView();
+    bool recallView(int number);
+    static constexpr int mostRemembered = 9;
+
+    /// Whether all plots of a kind follow the one that the user moves. Not at first; they follow the active one at once.
+    void linkViews(bool isOn);
 
     /// Fits the view of one frame at the next refresh. Does nothing for an unknown frame.
     void fitFrame(kernel::UniqueId frame);
@@ -135,6 +153,7 @@ private:
         QRect picture; ///< the part of the content that the view gets
         bool isStale = true;
         bool isToFit = false;
+        ViewHistory views;
 
         bool hidesPicture() const { return message.replacesPicture && !message.sentence.isEmpty(); }
     };
@@ -183,7 +202,22 @@ private:
     FrameView* shownView(kernel::UniqueId frame) const;
     void dragInView(FrameView& view, QPointF const& from, QPointF const& to, Qt::KeyboardModifiers modifiers);
     void pickAt(QPoint const& position, bool isAdding);
-    bool moveByKey(FrameView& view, int key);
+    void beginDrag(FrameView& view, QPointF const& from, Qt::KeyboardModifiers modifiers);
+    static bool movesByKey(int key);
+    void moveByKey(FrameView& view, int key);
+
+    /// Ways in which the user changes a view; ways of one kind in quick succession are one change.
+    enum class Gesture
+    {
+        Drag,
+        Wheel,
+        Key,
+        Command
+    };
+    void keepView(kernel::UniqueId frame, Gesture gesture);
+    void followView(kernel::UniqueId frame);
+    bool showView(kernel::UniqueId frame, ViewPoint const& view);
+    std::optional<ViewPoint> activeView();
 
     void showTip(QHelpEvent const& event);
     void searchForTip(kernel::UniqueId frame, FieldView const& field, QHelpEvent const& event);
@@ -213,6 +247,13 @@ private:
     QPointF m_dragPosition;
     Qt::MouseButton m_dragButton = Qt::NoButton;
     bool m_isDragging = false; // the mouse has moved too far for a click
+
+    kernel::UniqueId m_keptFrame = 0; // whose view was kept last
+    Gesture m_keptGesture = Gesture::Command;
+    QElapsedTimer m_sinceKept;
+    bool m_areLinked = false;
+    std::optional<ViewPoint> m_copiedView;
+    std::vector<ViewPoint> m_rememberedViews;
 
     PlaceSearch* m_tipSearch = nullptr;
     QPoint m_tipPosition;

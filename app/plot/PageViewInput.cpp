@@ -65,14 +65,24 @@ void PageView::mouseMoveEvent(QMouseEvent* event)
     FrameView* const view = m_dragButton == Qt::NoButton ? nullptr : frameView(m_draggedFrame);
     if (!view)
         return QWidget::mouseMoveEvent(event);
+    bool const wasDragging = m_isDragging;
     m_isDragging = m_isDragging || (event->localPos() - m_pressPosition).manhattanLength() >= dragDistance;
     if (!m_isDragging)
         return;
     Slot const& slot = m_slots.at(m_draggedFrame);
+    if (!wasDragging)
+        beginDrag(*view, inPicture(slot, m_pressPosition), event->modifiers());
     dragInView(*view, inPicture(slot, m_dragPosition), inPicture(slot, event->localPos()), event->modifiers());
     m_dragPosition = event->localPos();
-    scheduleRefresh();
+    followView(m_draggedFrame);
     event->accept();
+}
+
+void PageView::beginDrag(FrameView& view, QPointF const& from, Qt::KeyboardModifiers modifiers)
+{
+    keepView(m_draggedFrame, Gesture::Drag);
+    bool const isAround = m_dragButton == Qt::LeftButton && modifiers.testFlag(Qt::ControlModifier);
+    view.rotateAround(isAround ? std::optional<QPointF>(from) : std::nullopt);
 }
 
 void PageView::dragInView(FrameView& view, QPointF const& from, QPointF const& to, Qt::KeyboardModifiers modifiers)
@@ -135,8 +145,9 @@ void PageView::wheelEvent(QWheelEvent* event)
     FrameView* const view = frame ? frameView(frame->id) : nullptr;
     if (!view || event->angleDelta().y() == 0)
         return event->ignore();
+    keepView(frame->id, Gesture::Wheel);
     view->zoom(std::pow(1.15, event->angleDelta().y() / 120.0), inPicture(m_slots.at(frame->id), event->position()));
-    scheduleRefresh();
+    followView(frame->id);
     event->accept();
 }
 
@@ -159,40 +170,51 @@ void PageView::keyPressEvent(QKeyEvent* event)
 {
     auto const frame = m_session.activeFrame();
     FrameView* const view = frame ? frameView(frame->id) : nullptr;
-    if (view && moveByKey(*view, event->key()))
-        return scheduleRefresh();
+    if (view && movesByKey(event->key())) {
+        keepView(frame->id, Gesture::Key);
+        moveByKey(*view, event->key());
+        return followView(frame->id);
+    }
     QWidget::keyPressEvent(event);
 }
 
-bool PageView::moveByKey(FrameView& view, int key)
+bool PageView::movesByKey(int key)
+{
+    constexpr int keys[] = {Qt::Key_Left, Qt::Key_Right, Qt::Key_Up,    Qt::Key_Down,
+                            Qt::Key_Plus, Qt::Key_Equal, Qt::Key_Minus, Qt::Key_Home};
+    return std::find(std::begin(keys), std::end(keys), key) != std::end(keys);
+}
+
+void PageView::moveByKey(FrameView& view, int key)
 {
     constexpr double step = 0.05;
     QPointF const centre(0.5, 0.5);
+    view.rotateAround(std::nullopt);
     switch (key) {
     case Qt::Key_Left:
         view.rotate(centre, centre - QPointF(step, 0.0));
-        return true;
+        return;
     case Qt::Key_Right:
         view.rotate(centre, centre + QPointF(step, 0.0));
-        return true;
+        return;
     case Qt::Key_Up:
         view.rotate(centre, centre + QPointF(0.0, step));
-        return true;
+        return;
     case Qt::Key_Down:
         view.rotate(centre, centre - QPointF(0.0, step));
-        return true;
+        return;
     case Qt::Key_Plus:
     case Qt::Key_Equal:
         view.zoom(1.25, centre);
-        return true;
+        return;
     case Qt::Key_Minus:
         view.zoom(0.8, centre);
-        return true;
+        return;
     case Qt::Key_Home:
         view.fit();
-        return true;
+        return;
     default:
-        return false;
+        return;
     }
 }
 

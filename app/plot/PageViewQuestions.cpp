@@ -47,36 +47,6 @@ void PageView::showOpening(QString const& fileName)
     m_overlay->repaint(); // the event loop may not run for a while
 }
 
-void PageView::fitActiveFrame()
-{
-    if (auto const frame = m_session.activeFrame())
-        fitFrame(frame->id);
-}
-
-void PageView::lookFrom(ViewSide side)
-{
-    auto const frame = m_session.activeFrame();
-    if (FrameView* const view = frame ? frameView(frame->id) : nullptr) {
-        view->lookFrom(side);
-        scheduleRefresh();
-    }
-}
-
-void PageView::fitAllFrames()
-{
-    for (auto& [id, slot] : m_slots)
-        slot.isToFit = true;
-    scheduleRefresh();
-}
-
-void PageView::fitFrame(kernel::UniqueId frame)
-{
-    auto const slot = m_slots.find(frame);
-    if (slot != m_slots.end())
-        slot->second.isToFit = true;
-    scheduleRefresh();
-}
-
 bool PageView::isDrawing() const
 {
     return std::any_of(m_slots.begin(), m_slots.end(),

@@ -66,6 +66,12 @@ std::array<double, 3> PickRay::seen(std::array<double, 3> const& place) const
     return {along(m_across), along(m_upward), along(m_along)};
 }
 
+std::array<double, 3> PickRay::at(double distance) const
+{
+    return {m_origin[0] + distance * m_along[0], m_origin[1] + distance * m_along[1],
+            m_origin[2] + distance * m_along[2]};
+}
+
 double PickRay::distanceTo(vtkPolyData& drawing, double pixels) const
 {
     return PickSearch(*this, drawing, pixels).nearest().distance;

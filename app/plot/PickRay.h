@@ -24,6 +24,9 @@ public:
     /// A place of the scene as it is seen along the ray: two numbers across it, 0 on it, and the distance along it.
     std::array<double, 3> seen(std::array<double, 3> const& place) const;
 
+    /// The place of the scene at a distance along the ray.
+    std::array<double, 3> at(double distance) const;
+
     /// How far along the ray something counts as being at the same place.
     double resolution() const { return 1e-6 * m_length; }
 

@@ -54,6 +54,18 @@ void PlaneView::fit()
     look(0.0, 0.0, air * std::max(halfHeight, halfWidth / aspect()));
 }
 
+void PlaneView::setViewPoint(ViewPoint const& view)
+{
+    if (view.inSpace)
+        return;
+    setFitted(view.isFitted);
+    look(view.focus[0], view.focus[1], view.halfHeight);
+    if (view.isFitted && !isOfThisPlace(view))
+        fit();
+    else if (view.space != space())
+        carryView(view.space);
+}
+
 void PlaneView::carryView(PlotSpace const& before)
 {
     vtkCamera* const camera = stage().GetActiveCamera();

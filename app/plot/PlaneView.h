@@ -14,6 +14,7 @@ public:
 
     void setArea(ViewArea const& area) override;
     void fit() override;
+    void setViewPoint(ViewPoint const& view) override;
     void pan(QPointF const& from, QPointF const& to) override;
     void zoom(double factor, QPointF const& at) override;
 

@@ -7,7 +7,6 @@ namespace veldraw::app {
 std::optional<SeenCell> seenCell(SeenQuestion const& question, kernel::Progress const& progress)
 {
     std::optional<SeenCell> found;
-    double nearest = 0.0;
     for (std::size_t thing = 0; thing < question.things.size(); ++thing) {
         ZoneGeometry const& geometry = *question.things[thing];
         ZoneGeometry::Bounds const& bounds = geometry.bounds();
@@ -16,10 +15,9 @@ std::optional<SeenCell> seenCell(SeenQuestion const& question, kernel::Progress 
         PickHit const hit = PickSearch(question.ray, geometry.drawing(), question.reach, bounds).nearest(progress);
         if (progress.isInterrupted())
             return std::nullopt;
-        if (hit.isMiss() || (found && hit.distance > nearest + question.ray.resolution()))
+        if (hit.isMiss() || (found && hit.distance > found->distance + question.ray.resolution()))
             continue;
-        nearest = hit.distance;
-        found = SeenCell{thing, hit.cell};
+        found = SeenCell{thing, hit.cell, hit.distance};
     }
     return found;
 }

@@ -23,6 +23,7 @@ struct SeenCell
 {
     std::size_t thing;
     std::int64_t cell; ///< zero-based number among those that are drawn
+    double distance;   ///< of the place along the ray
 };
 
 /// Searches for the nearest cell; of several at the same place it is the one that is drawn on top. @return none when nothing is

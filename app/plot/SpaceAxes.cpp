@@ -69,6 +69,21 @@ void SpaceAxes::setBox(PlotSpace const& space, std::array<QString, 3> const& nam
         m_half[static_cast<std::size_t>(axis)] = space.sceneHalf(axis);
 }
 
+// Without perspective the eye is as good as infinitely far away.
+SpaceAxes::Point SpaceAxes::eyeOf(vtkCamera& camera)
+{
+    constexpr double farAway = 1e6;
+    Point eye{};
+    if (camera.GetParallelProjection() == 0) {
+        camera.GetPosition(eye.data());
+        return eye;
+    }
+    camera.GetDirectionOfProjection(eye.data());
+    for (double& coordinate : eye)
+        coordinate *= -farAway;
+    return eye;
+}
+
 void SpaceAxes::update(vtkCamera& camera, double width, double height, double pixelRatio)
 {
     m_width = width;
@@ -77,8 +92,7 @@ void SpaceAxes::update(vtkCamera& camera, double width, double height, double pi
     vtkMatrix4x4* const matrix = camera.GetCompositeProjectionTransformMatrix(width / height, -1.0, 1.0);
     std::copy_n(&matrix->Element[0][0], 16, m_matrix.begin());
 
-    double position[3];
-    camera.GetPosition(position);
+    Point const position = eyeOf(camera);
     Point far{};
     NearSides near{};
     for (std::size_t n = 0; n < 3; ++n) {

@@ -48,6 +48,7 @@ private:
     using NearSides = std::array<int, 3>;
     using Edges = std::array<std::optional<Edge>, 3>;
 
+    static Point eyeOf(vtkCamera& camera);
     QPointF project(Point const& point) const;
     std::optional<Edge> edgeFor(std::size_t axis, NearSides const& near) const;
     void drawGrid(Point const& far);

@@ -2,7 +2,9 @@
 
 #include <vtkCamera.h>
 #include <vtkLight.h>
+#include <vtkMath.h>
 #include <vtkMatrix4x4.h>
+#include <vtkTransform.h>
 
 #include <algorithm>
 #include <cmath>
@@ -52,6 +54,11 @@ void SpaceView::setArea(ViewArea const& viewArea)
 void SpaceView::updateAxes(std::array<QString, 3> const& names)
 {
     m_axes.setBox(space(), names);
+    vtkCamera* const camera = stage().GetActiveCamera();
+    bool const wasParallel = camera->GetParallelProjection() != 0;
+    camera->SetParallelProjection(isParallel() ? 1 : 0);
+    if (wasParallel != isParallel() && isFitted())
+        fit();
     followCamera();
 }
 
@@ -65,6 +72,7 @@ void SpaceView::fit()
     }
     stage().GetActiveCamera()->SetWindowCenter(0.0, 0.0);
     stage().ResetCamera(bounds);
+    dolly(1.0);
     for (int round = 0; round < 4; ++round)
         fillStage();
     setFitted(true);
@@ -122,7 +130,43 @@ void SpaceView::fillStage()
     double const fill =
         std::max(0.5 * (high[0] - low[0]) / (1.0 - left - right), 0.5 * (high[1] - low[1]) / (1.0 - bottom - top));
     if (fill > 1e-6)
-        camera->Dolly(1.0 / fill);
+        dolly(1.0 / fill);
+}
+
+// Without perspective the distance says how much is seen, as it does with it.
+void SpaceView::dolly(double factor)
+{
+    vtkCamera* const camera = stage().GetActiveCamera();
+    camera->Dolly(factor);
+    camera->SetParallelScale(halfHeightAtFocus());
+}
+
+double SpaceView::halfHeightAtFocus() const
+{
+    vtkCamera* const camera = stage().GetActiveCamera();
+    return camera->GetDistance() * std::tan(0.5 * camera->GetViewAngle() * 3.14159265358979 / 180.0);
+}
+
+void SpaceView::setViewPoint(ViewPoint const& view)
+{
+    if (!view.inSpace)
+        return;
+    vtkCamera* const camera = stage().GetActiveCamera();
+    camera->SetFocalPoint(view.focus.data());
+    camera->SetPosition(view.eye.data());
+    camera->SetViewUp(view.up.data());
+    camera->SetWindowCenter(view.middle[0], view.middle[1]);
+    setFitted(view.isFitted);
+    if (view.isFitted && !isOfThisPlace(view))
+        fit();
+    else if (view.space != space())
+        carryView(view.space);
+    followCamera();
+}
+
+void SpaceView::rotateAround(std::optional<QPointF> const& position)
+{
+    m_pivot = position ? sceneAt(*position) : std::nullopt;
 }
 
 // The direction stays, also where each axis has its own scale; then the largest change counts, so that what was in view stays
@@ -153,10 +197,29 @@ void SpaceView::rotate(QPointF const& from, QPointF const& to)
     constexpr double degrees = 200.0;
     QPointF const step = to - from;
     vtkCamera* const camera = stage().GetActiveCamera();
-    camera->Azimuth(-degrees * step.x());
-    camera->Elevation(-degrees * step.y());
+    if (m_pivot) {
+        rotateAboutPivot(-degrees * step.x(), degrees * step.y());
+    } else {
+        camera->Azimuth(-degrees * step.x());
+        camera->Elevation(-degrees * step.y());
+    }
     camera->OrthogonalizeViewUp();
     followCamera();
+}
+
+// The pivot stays where it is seen: the camera goes round it as a whole.
+void SpaceView::rotateAboutPivot(double azimuth, double elevation)
+{
+    setFitted(false);
+    vtkCamera* const camera = stage().GetActiveCamera();
+    double right[3];
+    vtkMath::Cross(camera->GetDirectionOfProjection(), camera->GetViewUp(), right);
+    vtkNew<vtkTransform> rotation;
+    rotation->Translate(m_pivot->data());
+    rotation->RotateWXYZ(azimuth, camera->GetViewUp());
+    rotation->RotateWXYZ(elevation, right);
+    rotation->Translate(-(*m_pivot)[0], -(*m_pivot)[1], -(*m_pivot)[2]);
+    camera->ApplyTransform(rotation);
 }
 
 void SpaceView::pan(QPointF const& from, QPointF const& to)
@@ -164,10 +227,16 @@ void SpaceView::pan(QPointF const& from, QPointF const& to)
     setFitted(false);
     QPointF const step = onStage(to) - onStage(from);
     vtkCamera* const camera = stage().GetActiveCamera();
-    double const height =
-        2.0 * camera->GetDistance() * std::tan(0.5 * camera->GetViewAngle() * 3.14159265358979 / 180.0);
-    double const right = -step.x() * height * stageWidth() / stageHeight();
-    double const up = -step.y() * height;
+    camera->OrthogonalizeViewUp(); // else the plot would lag behind the mouse
+    double const height = 2.0 * halfHeightAtFocus();
+    shift(-step.x() * height * stageWidth() / stageHeight(), -step.y() * height);
+    followCamera();
+}
+
+// Moves the camera to its right and upwards, in units of the scene.
+void SpaceView::shift(double right, double up)
+{
+    vtkCamera* const camera = stage().GetActiveCamera();
     double const* const direction = camera->GetDirectionOfProjection();
     double const* const viewUp = camera->GetViewUp();
     double const side[3] = {direction[1] * viewUp[2] - direction[2] * viewUp[1],
@@ -178,28 +247,44 @@ void SpaceView::pan(QPointF const& from, QPointF const& to)
     camera->GetFocalPoint(focus);
     camera->GetPosition(position);
     for (int n = 0; n < 3; ++n) {
-        double const shift = right * side[n] + up * viewUp[n];
-        focus[n] += shift;
-        position[n] += shift;
+        double const step = right * side[n] + up * viewUp[n];
+        focus[n] += step;
+        position[n] += step;
     }
     camera->SetFocalPoint(focus);
     camera->SetPosition(position);
-    followCamera();
 }
 
-void SpaceView::zoom(double factor, QPointF const&)
+// What is as far away as the focus stays where it is seen.
+void SpaceView::zoom(double factor, QPointF const& at)
 {
     setFitted(false);
     vtkCamera* const camera = stage().GetActiveCamera();
+    camera->OrthogonalizeViewUp();
+    QPointF const offset = onStage(at) - focusOnStage();
     double const distance = std::clamp(camera->GetDistance() / factor, 1e-4, 1e3);
-    camera->Dolly(camera->GetDistance() / distance);
+    double const gain = 2.0 * halfHeightAtFocus() * (1.0 - distance / camera->GetDistance());
+    shift(offset.x() * gain * stageWidth() / stageHeight(), offset.y() * gain);
+    dolly(camera->GetDistance() / distance);
     followCamera();
+}
+
+// Where the focus of the camera is seen, as a share of the stage.
+QPointF SpaceView::focusOnStage() const
+{
+    vtkCamera* const camera = stage().GetActiveCamera();
+    double focus[4] = {0.0, 0.0, 0.0, 1.0};
+    camera->GetFocalPoint(focus);
+    double clip[4];
+    camera->GetCompositeProjectionTransformMatrix(stageWidth() / stageHeight(), -1.0, 1.0)->MultiplyPoint(focus, clip);
+    return {0.5 + 0.5 * clip[0] / clip[3], 0.5 + 0.5 * clip[1] / clip[3]};
 }
 
 void SpaceView::followCamera()
 {
     // Wider than the box: whatever the camera does, neither the zones nor the grid are cut.
     constexpr double reach = 0.6;
+    stage().GetActiveCamera()->SetParallelScale(halfHeightAtFocus());
     stage().ResetCameraClippingRange(-reach, reach, -reach, reach, -reach, reach);
     m_axes.update(*stage().GetActiveCamera(), stageWidth(), stageHeight(), area().pixelRatio);
 }

@@ -15,6 +15,8 @@ public:
     void setArea(ViewArea const& area) override;
     void fit() override;
     void lookFrom(ViewSide side) override;
+    void setViewPoint(ViewPoint const& view) override;
+    void rotateAround(std::optional<QPointF> const& position) override;
     void rotate(QPointF const& from, QPointF const& to) override;
     void pan(QPointF const& from, QPointF const& to) override;
     void zoom(double factor, QPointF const& at) override;
@@ -26,10 +28,16 @@ protected:
 
 private:
     void addLights();
+    void rotateAboutPivot(double azimuth, double elevation);
     void fillStage();
+    void dolly(double factor);
+    void shift(double right, double up);
+    QPointF focusOnStage() const;
     void followCamera();
+    double halfHeightAtFocus() const;
 
     SpaceAxes m_axes;
+    std::optional<std::array<double, 3>> m_pivot; // in the scene; none: the focus of the camera
 };
 
 } // namespace veldraw::app

@@ -14,4 +14,11 @@ enum class ViewSide
     Isometric ///< with all three axes of the same length
 };
 
+/// Ways along the views that a plot had.
+enum class ViewStep
+{
+    Back,
+    On
+};
+
 } // namespace veldraw::app

@@ -14,6 +14,12 @@ CentralView CentralView::ofPage(kernel::Session& session)
     view.fitActiveFrame = [page] { page->fitActiveFrame(); };
     view.fitAllFrames = [page] { page->fitAllFrames(); };
     view.lookFrom = [page](ViewSide side) { page->lookFrom(side); };
+    view.goToView = [page](ViewStep step) { return page->goToView(step); };
+    view.copyView = [page] { return page->copyView(); };
+    view.pasteView = [page] { return page->pasteView(); };
+    view.rememberView = [page] { return page->rememberView(); };
+    view.recallView = [page](int number) { return page->recallView(number); };
+    view.linkViews = [page](bool isOn) { page->linkViews(isOn); };
     view.showOpening = [page](QString const& fileName) { page->showOpening(fileName); };
     view.isDrawing = [page] { return page->isDrawing(); };
     view.probeByClick = [page](bool isOn) { page->probeByClick(isOn); };

@@ -26,6 +26,13 @@ struct CentralView
     std::function<void()> fitActiveFrame = [] {};
     std::function<void()> fitAllFrames = [] {};
     std::function<void(ViewSide)> lookFrom = [](ViewSide) {}; ///< at the plot of the active frame
+    /// What PageView can do with the view of the active frame, and what it says of that.
+    std::function<bool(ViewStep)> goToView = [](ViewStep) { return false; };
+    std::function<bool()> copyView = [] { return false; };
+    std::function<bool()> pasteView = [] { return false; };
+    std::function<int()> rememberView = [] { return 0; };
+    std::function<bool(int)> recallView = [](int) { return false; };
+    std::function<void(bool)> linkViews = [](bool) {};
     /// Says that a file is being opened, by its name; empty: none is any more.
     std::function<void(QString const& fileName)> showOpening = [](QString const&) {};
     /// Whether a part of the picture is still being computed.

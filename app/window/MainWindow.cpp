@@ -94,6 +94,7 @@ void MainWindow::connectParts()
     connect(&m_operations, &DataActions::told, this, &MainWindow::tell);
     connect(&m_frames, &FrameActions::refused, this, &MainWindow::tellRefusal);
     connect(&m_plots, &PlotActions::refused, this, &MainWindow::tellRefusal);
+    connect(&m_plots.lookFrom(), &ViewMenu::told, this, &MainWindow::tell);
     connect(m_docks, &MainDocks::refused, this, &MainWindow::tellRefusal);
     connect(&m_scripts, &ScriptActions::told, this, &MainWindow::tell);
     connect(&m_docks->journal(), &JournalPanel::saveWanted, &m_scripts, &ScriptActions::saveByDialog);

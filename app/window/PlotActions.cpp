@@ -8,7 +8,6 @@
 #include "platform/vdsdkcommon/AppLock.h"
 
 #include <QAction>
-#include <QMenu>
 #include <QWidget>
 
 namespace veldraw::app {
@@ -19,7 +18,7 @@ PlotActions::PlotActions(kernel::Session& session, CentralView const& view, QWid
     , m_window(window)
     , m_fit(newAction(*this, "fitAction", makeIcon(Glyph::Fit), QStringLiteral("&Fit"), view.fitActiveFrame))
     , m_fitAll(newAction(*this, "fitAllAction", {}, QStringLiteral("Fit &All Frames"), view.fitAllFrames))
-    , m_lookFrom(std::make_unique<QMenu>(QStringLiteral("&Look From")))
+    , m_lookFrom(new ViewMenu(view, &window))
     , m_assignAxes(newAction(*this, "assignAxesAction", {}, QStringLiteral("Assign A&xes..."),
                              [this] { assign(AssignmentDialog::Kind::Axes); }))
     , m_assignVector(newAction(*this, "assignVectorAction", {}, QStringLiteral("Assign &Vector..."),
@@ -30,34 +29,12 @@ PlotActions::PlotActions(kernel::Session& session, CentralView const& view, QWid
     m_fit->setShortcut(Qt::CTRL + Qt::Key_F);
     m_fit->setToolTip(QStringLiteral("Show the whole plot of the active frame (Ctrl+F)"));
     m_fitAll->setShortcut(Qt::CTRL + Qt::SHIFT + Qt::Key_F);
-    fillLookFrom(view);
     m_contourChooser->setMinimumContentsLength(18);
     connect(m_contourChooser, &NumberChooser::chosen, this, &PlotActions::chooseContour);
     refresh();
 }
 
 PlotActions::~PlotActions() = default;
-
-void PlotActions::fillLookFrom(CentralView const& view)
-{
-    m_lookFrom->setObjectName(QStringLiteral("lookFromMenu"));
-    auto const add = [&](char const* name, char const* text, ViewSide side, int key) {
-        QAction* const action =
-            newAction(*this, name, {}, QString::fromLatin1(text), [lookFrom = view.lookFrom, side] { lookFrom(side); });
-        action->setShortcut(key);
-        m_lookFrom->addAction(action);
-    };
-    int const front = Qt::CTRL + Qt::ALT;
-    int const back = front + Qt::SHIFT;
-    add("lookFromPlusXAction", "From +&X", ViewSide::PlusX, front + Qt::Key_X);
-    add("lookFromMinusXAction", "From -X", ViewSide::MinusX, back + Qt::Key_X);
-    add("lookFromPlusYAction", "From +&Y", ViewSide::PlusY, front + Qt::Key_Y);
-    add("lookFromMinusYAction", "From -Y", ViewSide::MinusY, back + Qt::Key_Y);
-    add("lookFromPlusZAction", "From +&Z", ViewSide::PlusZ, front + Qt::Key_Z);
-    add("lookFromMinusZAction", "From -Z", ViewSide::MinusZ, back + Qt::Key_Z);
-    m_lookFrom->addSeparator();
-    add("lookIsometricAction", "&Isometric", ViewSide::Isometric, front + Qt::Key_I);
-}
 
 void PlotActions::assign(AssignmentDialog::Kind kind)
 {
@@ -92,9 +69,7 @@ void PlotActions::refresh()
     m_fit->setEnabled(hasData);
     m_fitAll->setEnabled(hasData);
     bool const isInSpace = hasData && frame->plotType == PlotType_Cartesian3D;
-    m_lookFrom->setEnabled(isInSpace);
-    for (QAction* const side : m_lookFrom->actions())
-        side->setEnabled(isInSpace);
+    m_lookFrom->enable(isField, isInSpace);
     m_assignAxes->setEnabled(isField);
     m_assignVector->setEnabled(isField);
     m_contourChooser->setEnabled(isField && frame->hasContour());

@@ -3,13 +3,11 @@
 #include "app/window/AssignmentDialog.h"
 #include "app/window/CentralView.h"
 #include "app/window/SessionFollower.h"
+#include "app/window/ViewMenu.h"
 
 #include <QObject>
 
-#include <memory>
-
 class QAction;
-class QMenu;
 
 namespace veldraw::app {
 
@@ -28,8 +26,8 @@ public:
 
     QAction& fit() { return *m_fit; }
     QAction& fitAll() { return *m_fitAll; }
-    /// The sides from which a plot in space is looked at.
-    QMenu& lookFrom() { return *m_lookFrom; }
+    /// The ways to look at the plot.
+    ViewMenu& lookFrom() { return *m_lookFrom; }
     QAction& assignAxes() { return *m_assignAxes; }
     QAction& assignVector() { return *m_assignVector; }
 
@@ -41,7 +39,6 @@ Q_SIGNALS:
     void refused();
 
 private:
-    void fillLookFrom(CentralView const& view);
     void assign(AssignmentDialog::Kind kind);
     void chooseContour(int variable);
     void refresh();
@@ -50,7 +47,7 @@ private:
     QWidget& m_window;
     QAction* m_fit;
     QAction* m_fitAll;
-    std::unique_ptr<QMenu> m_lookFrom;
+    ViewMenu* m_lookFrom;
     QAction* m_assignAxes;
     QAction* m_assignVector;
     NumberChooser* m_contourChooser;

@@ -34,6 +34,8 @@ std::vector<PlotOption> const& plotOptions()
          "Show the slices and iso-surfaces of a field plot, and volumes by them alone", ""},
         {"FieldAxes", "Stretch", &Frame::stretchAxes, false, Plots::Fields, "Stretch Axes", "Str&etch Axes",
          "Give each axis a scale of its own, so that the plot fills the frame", ""},
+        {"FieldAxes", "Parallel", &Frame::parallelProjection, false, Plots::Fields, "Projection",
+         "Parallel Pro&jection", "Draw a plot in space without perspective: what is farther away is not smaller", ""},
         {"LinePlotLayers", "ShowLines", &Frame::showLines, true, Plots::Lines, "Line Layers", "", "", ""},
         {"LinePlotLayers", "ShowSymbols", &Frame::showSymbols, false, Plots::Lines, "Line Layers", "", "", ""},
         {"LinePlotAxes", "LogX", &Frame::logX, false, Plots::Lines, "Logarithmic Axis", "L&ogarithmic X Axis",

@@ -36,6 +36,7 @@ TEST_F(PlotOptionTest, AFrameStartsWithTheValuesOfTheTable)
     EXPECT_FALSE(fresh.showMesh);
     EXPECT_TRUE(fresh.showCuts);
     EXPECT_FALSE(fresh.stretchAxes);
+    EXPECT_FALSE(fresh.parallelProjection);
     EXPECT_TRUE(fresh.showLines);
     EXPECT_FALSE(fresh.showSymbols);
     EXPECT_FALSE(fresh.logX);

@@ -34,8 +34,8 @@ void addFrame(std::ostream& out, Frame const& frame)
     }
     out << ' ' << frame.contourVariable << ' ' << frame.showContour << frame.contourInBands << frame.contourWithoutEnds
         << frame.contourLog << frame.contourLines << frame.contourLabels << frame.showVectors << frame.equalVectors
-        << frame.showMesh << frame.showCuts << frame.stretchAxes << frame.showLines << frame.showSymbols << frame.logX
-        << frame.logY << ' ' << frame.solutionTime << '\n';
+        << frame.showMesh << frame.showCuts << frame.stretchAxes << frame.parallelProjection << frame.showLines
+        << frame.showSymbols << frame.logX << frame.logY << ' ' << frame.solutionTime << '\n';
     ContourColours const& colours = frame.contourColours;
     out << "colours " << colours.isFixed << ' ' << colours.min << ' ' << colours.max << ' ' << colours.levels << ' '
         << static_cast<int>(colours.map) << '\n';

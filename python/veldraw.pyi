@@ -270,6 +270,12 @@ def set_line_plot(*, zone: _Zone, x: _Variable, y: _Variable) -> None:
 def new_line_map() -> None:
     """Adds a curve to a line plot."""
 
+def set_line_maps(*, maps: _Numbers, show: Optional[bool] = None, name: Optional[str] = None, zone: Optional[_Zone] = None, x: Optional[_Variable] = None, y: Optional[_Variable] = None, colour: Optional[str] = None, line: Optional[Literal['solid', 'dashed', 'dotted', 'dash-dot', 'dash-dot-dot', 'none']] = None, width: Optional[float] = None, symbols: Optional[Literal['plot', 'yes', 'no']] = None) -> None:
+    """Changes curves of a line plot."""
+
+def duplicate_line_maps(*, maps: _Numbers) -> None:
+    """Puts a copy behind each of some curves of a line plot."""
+
 def delete_line_maps(*, maps: _Numbers) -> None:
     """Takes curves out of a line plot."""
 

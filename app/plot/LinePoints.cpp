@@ -154,6 +154,11 @@ std::vector<std::int64_t> thinned(std::vector<std::int64_t> const& slots, Values
 
 } // namespace
 
+double LinePoints::number(vtkTable& points, vtkIdType row, vtkIdType column)
+{
+    return static_cast<vtkDoubleArray*>(points.GetColumn(column))->GetValue(row);
+}
+
 LinePoints LinePoints::create(kernel::DataSet const& dataSet, int zoneNumber, int x, int y, Indices const& indices,
                               std::array<bool, 2> isLogarithmic)
 {

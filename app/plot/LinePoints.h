@@ -23,6 +23,9 @@ struct LinePoints
     /// when x and y do not belong together: one has values at points, the other in cells, of a zone that is no line.
     vtkSmartPointer<vtkTable> table;
 
+    /// A number of a table of points. @param column 0 to 3: the places along x and y, the values of x and y
+    static double number(vtkTable& points, vtkIdType row, vtkIdType column);
+
     std::int64_t notPositive = 0; ///< points left out because of a logarithmic axis
 
     /// @param zone, x, y one-based numbers that exist

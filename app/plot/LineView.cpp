@@ -1,5 +1,6 @@
 #include "app/plot/LineView.h"
 
+#include "app/plot/CurveStyle.h"
 #include "app/plot/LinePoints.h"
 #include "app/plot/PenColour.h"
 #include "app/plot/PlaneAxes.h"
@@ -40,9 +41,13 @@ QString joinedNames(QStringList names)
     return LineView::tr("%1, %2 and %3 more").arg(names[0], names[1]).arg(names.size() - 2);
 }
 
-double valueOf(vtkTable& points, vtkIdType row, vtkIdType column)
+// Whether there are curves to be shown, but neither as lines nor as symbols.
+bool showsNothing(kernel::Frame const& frame)
 {
-    return static_cast<vtkDoubleArray*>(points.GetColumn(column))->GetValue(row);
+    auto const& maps = frame.lineMaps;
+    auto const isActive = [](kernel::LineMap const& map) { return map.active; };
+    auto const isSeen = [&](kernel::LineMap const& map) { return map.active && CurveStyle::isSeen(frame, map); };
+    return std::any_of(maps.begin(), maps.end(), isActive) && std::none_of(maps.begin(), maps.end(), isSeen);
 }
 
 bool areDisjoint(std::set<kernel::UniqueId> const& a, std::set<kernel::UniqueId> const& b)
@@ -82,7 +87,8 @@ void LineView::setArea(ViewArea const& viewArea)
 {
     FrameView::setArea(viewArea);
     for (int n = 0; n < m_chart->GetNumberOfPlots(); ++n)
-        m_chart->GetPlot(n)->SetWidth(static_cast<float>(2.0 * viewArea.pixelRatio));
+        m_chart->GetPlot(n)->SetWidth(
+            static_cast<float>(m_shown[static_cast<std::size_t>(n)].width * viewArea.pixelRatio));
     placeLegend();
     labelAxes();
 }
@@ -123,14 +129,17 @@ FrameMessage LineView::show(kernel::Frame const& frame)
     m_variables = {};
     if (!frame.dataSet)
         return {tr("This frame has no data set."), true};
-    if (!frame.showLines && !frame.showSymbols)
+    if (showsNothing(frame))
         return {tr("Neither lines nor symbols are switched on."), true};
     QString reason = tr("No line map is active.");
-    int index = 0;
+    int index = -1;
+    bool hasAll = true;
     for (kernel::LineMap const& map : frame.lineMaps) {
+        ++index;
         if (!map.active)
             continue;
-        QString const missing = addCurve(frame, map, index++);
+        QString const missing = addCurve(frame, map, index);
+        hasAll = hasAll && missing.isEmpty();
         if (!missing.isEmpty())
             reason = missing;
     }
@@ -145,7 +154,6 @@ FrameMessage LineView::show(kernel::Frame const& frame)
                 true};
     setArea(area());
     placeView(!wasShown && m_viewLimits != m_limits);
-    bool const hasAll = index == m_chart->GetNumberOfPlots();
     return {hasAll ? QString() : reason, false, remark(), true};
 }
 
@@ -218,13 +226,15 @@ QString LineView::addCurve(kernel::Frame const& frame, kernel::LineMap const& ma
 
     vtkNew<vtkPlotLine> curve;
     curve->SetInputData(points.table, 0, 1);
-    styleCurve(*curve, PlotTheme::curve(index), frame, points.table->GetNumberOfRows() == 1);
+    CurveStyle::apply(*curve, frame, map, CurveStyle::colour(map, index), area().pixelRatio);
+    if (points.table->GetNumberOfRows() == 1)
+        curve->SetMarkerStyle(vtkPlotPoints::CIRCLE); // a line of one point is not seen
     m_chart->AddPlot(curve);
     QString const name = QString::fromStdString(map.name.empty() ? dataSet.variable(y)->name : map.name);
     curve->SetLabel(name.toStdString());
     m_curves.push_back({name, curve.Get()});
     auto const nameOf = [&](int variable) { return QString::fromStdString(dataSet.variable(variable)->name); };
-    m_shown.push_back({name, {nameOf(x), nameOf(y)}, points.table});
+    m_shown.push_back({name, {nameOf(x), nameOf(y)}, points.table, map.look.width});
     m_leftOut += points.notPositive;
     m_variables[0].insert(map.xVariable);
     m_variables[1].insert(map.yVariable);
@@ -232,18 +242,10 @@ QString LineView::addCurve(kernel::Frame const& frame, kernel::LineMap const& ma
     return {};
 }
 
-void LineView::styleCurve(vtkPlotLine& curve, QColor const& colour, kernel::Frame const& frame, bool isPoint) const
-{
-    setColour(*curve.GetPen(), colour);
-    curve.GetPen()->SetLineType(frame.showLines ? vtkPen::SOLID_LINE : vtkPen::NO_PEN);
-    curve.SetMarkerStyle(frame.showSymbols || isPoint ? vtkPlotPoints::CIRCLE : vtkPlotPoints::NONE);
-    curve.SetMarkerSize(static_cast<float>(7.0 * area().pixelRatio));
-}
-
 void LineView::include(vtkTable& points)
 {
     for (vtkIdType n = 0; n < points.GetNumberOfRows(); ++n) {
-        std::array<double, 2> const point = {valueOf(points, n, 0), valueOf(points, n, 1)};
+        std::array<double, 2> const point = {LinePoints::number(points, n, 0), LinePoints::number(points, n, 1)};
         if (!std::isfinite(point[0]) || !std::isfinite(point[1]))
             continue;
         for (std::size_t axis = 0; axis < 2; ++axis) {
@@ -325,46 +327,6 @@ void LineView::zoom(double factor, QPointF const& at)
     scale(*m_chart->GetAxis(vtkAxis::BOTTOM), fixed.x());
     scale(*m_chart->GetAxis(vtkAxis::LEFT), fixed.y());
     labelAxes();
-}
-
-QString LineView::tipAt(QPointF const& position) const
-{
-    constexpr double reach = 8.0; // logical pixels
-    QPointF const mouse = inBox(position);
-    int const* const first = m_chart->GetPoint1();
-    int const* const last = m_chart->GetPoint2();
-    auto const pixelsAlong = [&](int side, double place, double share) {
-        vtkAxis& axis = *m_chart->GetAxis(side);
-        std::size_t const n = side == vtkAxis::BOTTOM ? 0 : 1;
-        double const at = (place - axis.GetMinimum()) / (axis.GetMaximum() - axis.GetMinimum());
-        return (at - share) * (last[n] - first[n]) / area().pixelRatio;
-    };
-    Curve const* nearest = nullptr;
-    vtkIdType nearestRow = 0;
-    double least = reach;
-    for (Curve const& curve : m_shown)
-        for (vtkIdType row = 0; row < curve.points->GetNumberOfRows(); ++row) {
-            double const x = pixelsAlong(vtkAxis::BOTTOM, valueOf(*curve.points, row, 0), mouse.x());
-            double const y = pixelsAlong(vtkAxis::LEFT, valueOf(*curve.points, row, 1), mouse.y());
-            double const distance = std::hypot(x, y); // no number where the curve has a gap
-            if (distance < least) {
-                least = distance;
-                nearest = &curve;
-                nearestRow = row;
-            }
-        }
-    return nearest == nullptr ? QString() : nearest->tip(nearestRow);
-}
-
-QString LineView::Curve::tip(vtkIdType row) const
-{
-    QString text = QStringLiteral("<b>%1</b>").arg(name.toHtmlEscaped());
-    for (std::size_t axis = 0; axis < 2; ++axis) {
-        double const value = valueOf(*points, row, static_cast<vtkIdType>(2 + axis));
-        QString const number = QString::fromStdString(TickLabels::exactly({value}).front());
-        text += QStringLiteral("<br>%1 = %2").arg(variables[axis].toHtmlEscaped(), number);
-    }
-    return QStringLiteral("<p style='white-space:pre'>%1</p>").arg(text);
 }
 
 } // namespace veldraw::app

@@ -57,13 +57,13 @@ private:
         QString name;
         std::array<QString, 2> variables;
         vtkSmartPointer<vtkTable> points;
+        double width; // of the line, logical pixels
 
         QString tip(vtkIdType row) const;
     };
 
     void styleChart();
     QString addCurve(kernel::Frame const& frame, kernel::LineMap const& map, int index);
-    void styleCurve(vtkPlotLine& curve, QColor const& colour, kernel::Frame const& frame, bool isPoint) const;
     void include(vtkTable& points);
     void placeView(bool isNew);
     void setTitles(kernel::Frame const& frame);

@@ -22,14 +22,6 @@ bool isFieldPlot(kernel::Frame const& frame)
     return frame.plotType == PlotType_Cartesian2D || frame.plotType == PlotType_Cartesian3D;
 }
 
-NumberChooser::Choices zoneChoices(kernel::DataSet const& dataSet)
-{
-    NumberChooser::Choices choices;
-    for (int const zone : dataSet.enabledZones())
-        choices.emplace_back(zone, QStringLiteral("%1: ").arg(zone) + QString::fromStdString(dataSet.zone(zone)->name));
-    return choices;
-}
-
 } // namespace
 
 AssignmentPanel::AssignmentPanel(kernel::Session& session, QWidget* parent)
@@ -110,6 +102,18 @@ void AssignmentPanel::takeFocus()
     m_area->ensureWidgetVisible(first);
 }
 
+NumberChooser::Choices AssignmentPanel::zoneChoices(kernel::Session const& session)
+{
+    NumberChooser::Choices choices;
+    auto const dataSet = session.activeDataSet();
+    if (!dataSet)
+        return choices;
+    for (int const zone : dataSet->enabledZones())
+        choices.emplace_back(zone,
+                             QStringLiteral("%1: ").arg(zone) + QString::fromStdString(dataSet->zone(zone)->name));
+    return choices;
+}
+
 NumberChooser::Choices AssignmentPanel::variableChoices(kernel::Session const& session, QString const& firstText)
 {
     NumberChooser::Choices choices;
@@ -162,7 +166,7 @@ void AssignmentPanel::refreshLine(kernel::Frame const& frame)
     kernel::DataSet const& dataSet = *frame.dataSet;
     auto const variables = variableChoices(m_session, {});
     bool const hasMap = !frame.lineMaps.empty();
-    m_lineZone->show(zoneChoices(dataSet), hasMap ? dataSet.zoneNumber(frame.lineMaps.front().zone) : 0);
+    m_lineZone->show(zoneChoices(m_session), hasMap ? dataSet.zoneNumber(frame.lineMaps.front().zone) : 0);
     m_lineX->show(variables, hasMap ? dataSet.variableNumber(frame.lineMaps.front().xVariable) : 0);
     m_lineY->show(variables, hasMap ? dataSet.variableNumber(frame.lineMaps.front().yVariable) : 0);
 }

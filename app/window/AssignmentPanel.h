@@ -30,6 +30,9 @@ public:
     /// What stands where no variable is assigned.
     static QString noneText() { return QStringLiteral("(none)"); }
 
+    /// Numbers and names of the enabled zones of the active data set.
+    static NumberChooser::Choices zoneChoices(kernel::Session const& session);
+
     /// Numbers and names of the enabled variables of the active data set; @p firstText, if not empty, stands first with 0.
     static NumberChooser::Choices variableChoices(kernel::Session const& session, QString const& firstText);
 

@@ -5,6 +5,7 @@
 #include "app/window/DataPanel.h"
 #include "app/window/DockTableView.h"
 #include "app/window/JournalPanel.h"
+#include "app/window/LineMapPanel.h"
 #include "app/window/MessagePanel.h"
 #include "app/window/NewAction.h"
 #include "app/window/ProbePanel.h"
@@ -36,6 +37,7 @@ MainDocks::MainDocks(kernel::Session& session, QMainWindow& window, CentralView 
     , m_cuts(new CutPanel(session))
     , m_time(new TimePanel(session, view.isDrawing))
     , m_probes(new ProbePanel(session, view))
+    , m_lineMaps(new LineMapPanel(session))
     , m_messages(new MessagePanel)
     , m_journal(new JournalPanel(session))
     , m_dataDock(add("dataDock", QStringLiteral("Data"), *m_data, Qt::LeftDockWidgetArea))
@@ -43,6 +45,7 @@ MainDocks::MainDocks(kernel::Session& session, QMainWindow& window, CentralView 
     , m_cutDock(add("cutDock", QStringLiteral("Slices"), *m_cuts, Qt::LeftDockWidgetArea))
     , m_timeDock(add("timeDock", QStringLiteral("Time"), *m_time, Qt::LeftDockWidgetArea))
     , m_probeDock(add("probeDock", QStringLiteral("Values"), *m_probes, Qt::LeftDockWidgetArea))
+    , m_lineMapDock(add("lineMapDock", QStringLiteral("Line Maps"), *m_lineMaps, Qt::BottomDockWidgetArea))
     , m_messageDock(add("messageDock", QStringLiteral("Messages"), *m_messages, Qt::BottomDockWidgetArea))
     , m_journalDock(add("journalDock", QStringLiteral("Journal"), *m_journal, Qt::BottomDockWidgetArea))
     , m_focusOnPlot(newFocusAction("assignAction", QStringLiteral("&Assign Variables"), Qt::CTRL + Qt::Key_4,
@@ -53,6 +56,8 @@ MainDocks::MainDocks(kernel::Session& session, QMainWindow& window, CentralView 
                                    [this] { m_time->takeFocus(); }))
     , m_focusOnProbes(newFocusAction("probeAction", QStringLiteral("&Probe Values"), Qt::CTRL + Qt::Key_8, *m_probeDock,
                                      [this] { m_probes->takeFocus(); }))
+    , m_focusOnLineMaps(newFocusAction("lineMapsAction", QStringLiteral("Ma&ke Line Maps"), Qt::CTRL + Qt::Key_L,
+                                       *m_lineMapDock, [this] { m_lineMaps->takeFocus(); }))
 {
     arrange();
     connectPanels(view);
@@ -75,6 +80,8 @@ void MainDocks::arrange()
     m_probeDock->setTitleBarWidget(new QWidget);
     m_dataDock->raise();
     m_window.tabifyDockWidget(m_messageDock, m_journalDock);
+    m_window.tabifyDockWidget(m_journalDock, m_lineMapDock);
+    m_lineMapDock->hide(); // takes more height than messages, and not everybody has curves
     m_messageDock->raise();
     // Wide enough for its lists, but the page is what people come for.
     m_window.resizeDocks({m_dataDock}, {std::min(m_data->sizeHint().width(), m_window.width() * 2 / 5)},
@@ -89,6 +96,7 @@ void MainDocks::connectPanels(CentralView const& view)
     connect(m_time, &TimePanel::editRefused, this, &MainDocks::refused);
     connect(m_assignment, &AssignmentPanel::editRefused, this, &MainDocks::refused);
     connect(m_probes, &ProbePanel::editRefused, this, &MainDocks::refused);
+    connect(m_lineMaps, &LineMapPanel::editRefused, this, &MainDocks::refused);
     view.onProbe([this](ProbedPlace const& place) {
         m_probes->add(place);
         m_probeDock->show();
@@ -158,7 +166,7 @@ void MainDocks::restoreLayout(int version)
 void MainDocks::addToggles(QMenu& menu)
 {
     for (QDockWidget const* const dock :
-         {m_dataDock, m_plotDock, m_cutDock, m_timeDock, m_probeDock, m_messageDock, m_journalDock})
+         {m_dataDock, m_plotDock, m_cutDock, m_timeDock, m_probeDock, m_lineMapDock, m_messageDock, m_journalDock})
         menu.addAction(dock->toggleViewAction());
 }
 

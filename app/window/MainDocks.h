@@ -16,11 +16,13 @@ class AssignmentPanel;
 class CutPanel;
 class DataPanel;
 class JournalPanel;
+class LineMapPanel;
 class MessagePanel;
 class ProbePanel;
 class TimePanel;
 
-/// The docks around the page, with data, plot, slices, time, values, messages and journal, and the actions that move the keyboard focus to them.
+/// The docks around the page, with data, plot, slices, time, values, line maps, messages and journal, and the actions that move the keyboard
+/// focus to them.
 class MainDocks : public QObject
 {
     Q_OBJECT
@@ -43,6 +45,9 @@ public:
 
     /// Moves the focus to the values of the place that was probed last.
     QAction& focusOnProbes() { return *m_focusOnProbes; }
+
+    /// Moves the focus to the table of line maps.
+    QAction& focusOnLineMaps() { return *m_focusOnLineMaps; }
 
     JournalPanel& journal() { return *m_journal; }
 
@@ -74,6 +79,7 @@ private:
     CutPanel* m_cuts;
     TimePanel* m_time;
     ProbePanel* m_probes;
+    LineMapPanel* m_lineMaps;
     MessagePanel* m_messages;
     JournalPanel* m_journal;
     QDockWidget* m_dataDock;
@@ -81,12 +87,14 @@ private:
     QDockWidget* m_cutDock;
     QDockWidget* m_timeDock;
     QDockWidget* m_probeDock;
+    QDockWidget* m_lineMapDock;
     QDockWidget* m_messageDock;
     QDockWidget* m_journalDock;
     QAction* m_focusOnPlot;
     QAction* m_focusOnCuts;
     QAction* m_focusOnTime;
     QAction* m_focusOnProbes;
+    QAction* m_focusOnLineMaps;
 };
 
 } // namespace veldraw::app

@@ -164,7 +164,7 @@ void MainWindow::makePlotMenu()
     menu.addActions(m_frames.plotOptions());
     menu.addSeparator();
     menu.addActions({&m_plots.assignAxes(), &m_plots.assignVector(), &m_docks->focusOnPlot(), &m_docks->focusOnCuts(),
-                     &m_docks->focusOnTime(), &m_docks->focusOnProbes()});
+                     &m_docks->focusOnTime(), &m_docks->focusOnProbes(), &m_docks->focusOnLineMaps()});
 }
 
 void MainWindow::makeViewMenu()

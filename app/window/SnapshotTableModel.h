@@ -68,11 +68,13 @@ protected:
     virtual bool rename(kernel::UniqueId id, QString const& name) = 0;
     virtual bool setChecked(kernel::UniqueId id, bool checked);
 
+    /// Carries out what setData() was told. @return false when it was refused
+    virtual bool edit(Row const& row, QModelIndex const& index, QVariant const& value, int role);
+
 private:
     void removeMissing(std::vector<Row> const& rows);
     bool insertNew(std::vector<Row> const& rows);
     void updateChanged(std::vector<Row> const& rows);
-    bool edit(Row const& row, QModelIndex const& index, QVariant const& value, int role);
 
     QStringList m_headers;
     bool m_isCheckable;

@@ -2,6 +2,7 @@
 
 #include "kernel/base/Identifier.h"
 #include "kernel/data/AuxiliaryData.h"
+#include "kernel/frames/CurveLook.h"
 
 #include <array>
 #include <cstdint>
@@ -29,6 +30,7 @@ struct LineMap
     bool xDependsOnY = false; ///< which variable is the function of the other
     bool active = true;
     std::array<IndexRange, 3> indices{}; ///< points that are drawn, along I, J and K
+    CurveLook look;
     AuxiliaryData auxiliaryData;
 };
 

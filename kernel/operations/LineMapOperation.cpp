@@ -24,6 +24,11 @@ std::shared_ptr<Change> LineMapOperation::makeChange(EventHub& events)
                                                               std::move(told));
 }
 
+std::string LineMapOperation::reasonAgainstMaps(NumberSet const& maps) const
+{
+    return !maps.empty() && allExist(maps, frame()->lineMaps.size()) ? "" : noLineMap;
+}
+
 std::string CreateLineMap::reasonAgainst() const
 {
     return frame()->dataSet ? "" : noData;
@@ -57,9 +62,32 @@ std::vector<LineMap> DeleteLineMaps::alteredMaps() const
     return kept;
 }
 
+std::string DuplicateLineMaps::reasonAgainst() const
+{
+    return reasonAgainstMaps(m_maps);
+}
+
+std::vector<LineMap> DuplicateLineMaps::alteredMaps() const
+{
+    std::vector<LineMap> maps;
+    for (std::size_t at = 0; at < frame()->lineMaps.size(); ++at) {
+        maps.push_back(frame()->lineMaps[at]);
+        if (m_maps.count(static_cast<int>(at) + 1) > 0) {
+            maps.push_back(frame()->lineMaps[at]);
+            maps.back().id = nextUniqueId();
+        }
+    }
+    return maps;
+}
+
+CommandText DuplicateLineMaps::command() const
+{
+    return CommandText("duplicate-line-maps").numbers("maps", m_maps);
+}
+
 std::string ChangeLineMaps::reasonAgainst() const
 {
-    return !m_maps.empty() && allExist(m_maps, frame()->lineMaps.size()) ? "" : noLineMap;
+    return reasonAgainstMaps(m_maps);
 }
 
 std::vector<LineMap> ChangeLineMaps::alteredMaps() const

@@ -18,6 +18,9 @@ public:
 protected:
     using FrameOperation::FrameOperation;
 
+    /// Why line maps with these numbers cannot be altered; empty when there are some and all exist.
+    std::string reasonAgainstMaps(NumberSet const& maps) const;
+
     /// The style values that the line maps have otherwise afterwards.
     virtual std::vector<std::string> alteredStyle() const { return {"LineMap", "Assign"}; }
 
@@ -56,6 +59,28 @@ public:
     std::string name() const override { return "Delete Line Map"; }
     std::string reasonAgainst() const override;
     std::shared_ptr<Change> makeChange(EventHub& events) override;
+
+protected:
+    std::vector<LineMap> alteredMaps() const override;
+
+private:
+    NumberSet m_maps;
+};
+
+/// Puts a copy behind each of some line maps, with all that they have but their identifiers. "Duplicate Line Map". Refused: no
+/// numbers, numbers that do not exist.
+class DuplicateLineMaps : public LineMapOperation
+{
+public:
+    DuplicateLineMaps(UniqueId frame, NumberSet maps)
+        : LineMapOperation(frame)
+        , m_maps(std::move(maps))
+    {
+    }
+
+    CommandText command() const override;
+    std::string name() const override { return "Duplicate Line Map"; }
+    std::string reasonAgainst() const override;
 
 protected:
     std::vector<LineMap> alteredMaps() const override;

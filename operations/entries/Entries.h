@@ -14,6 +14,7 @@ void addEnabling(Registry& registry);
 void addInterpolations(Registry& registry);
 void addNumericalOperations(Registry& registry);
 void addNamesAndNotes(Registry& registry);
+void addLinePlots(Registry& registry);
 void addFrameOperations(Registry& registry);
 
 /// The session behind the C functions.

@@ -1,6 +1,5 @@
 #include "kernel/frames/Page.h"
 #include "kernel/operations/AddFrame.h"
-#include "kernel/operations/LineMapOperation.h"
 #include "kernel/operations/RenameFrame.h"
 #include "kernel/operations/SetContourColours.h"
 #include "kernel/operations/SetPlotType.h"
@@ -74,12 +73,6 @@ bool setContourColours(Arguments const& arguments)
     return session().perform(kernel::SetContourColours(frame().id, colours));
 }
 
-bool setLinePlot(Arguments const& arguments)
-{
-    return session().perform(
-        kernel::SetLinePlot(frame().id, arguments.number("zone"), arguments.number("x"), arguments.number("y")));
-}
-
 bool setSolutionTime(Arguments const& arguments)
 {
     return session().perform(kernel::SetSolutionTime(frame().id, arguments.real("time")));
@@ -126,16 +119,6 @@ bool renameFrame(Arguments const& arguments)
 bool deleteFrame(Arguments const&)
 {
     return session().perform(kernel::DeleteFrame(frame().id));
-}
-
-bool newLineMap(Arguments const&)
-{
-    return session().perform(kernel::CreateLineMap(frame().id));
-}
-
-bool deleteLineMaps(Arguments const& arguments)
-{
-    return session().perform(kernel::DeleteLineMaps(frame().id, arguments.numbers("maps")));
 }
 
 bool activateFrame(Arguments const& arguments)
@@ -193,19 +176,7 @@ void addPlots(Registry& registry)
          "Switches something that the plot shows on or off.",
          {choice("option", optionWords(), "What is shown."), parameter("on", Kind::Flag, "Whether it is shown.")},
          &setPlotOption});
-    registry.add(
-        {"set-line-plot",
-         "Line Map",
-         "Has the first curve show a variable of a zone over another one.",
-         {parameter("zone", Kind::Zone, "The zone."), parameter("x", Kind::Variable, "The horizontal variable."),
-          parameter("y", Kind::Variable, "The vertical variable.")},
-         &setLinePlot});
-    registry.add({"new-line-map", "New Line Map", "Adds a curve to a line plot.", {}, &newLineMap});
-    registry.add({"delete-line-maps",
-                  "Delete Line Map",
-                  "Takes curves out of a line plot.",
-                  {parameter("maps", Kind::Numbers, "The numbers of the curves.")},
-                  &deleteLineMaps});
+    addLinePlots(registry);
     registry.add({"set-solution-time",
                   "Solution Time",
                   "Shows another moment of a transient data set.",

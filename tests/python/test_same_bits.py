@@ -50,6 +50,9 @@ CASES = {
     'set_plot_option': (PLANE, {'option': 'FieldLayers/ShowMesh', 'on': True}),
     'set_line_plot': (LINE, {'zone': 1, 'x': 'time', 'y': 'u'}),
     'new_line_map': (LINE, {}),
+    'set_line_maps': (LINE, {'maps': 1, 'show': False, 'name': 'a #1', 'y': 'time', 'colour': '1F6FB5', 'line': 'dotted', 'width': 1 / 3 + 1,
+                             'symbols': 'yes'}),
+    'duplicate_line_maps': (LINE, {'maps': 1}),
     'delete_line_maps': (LINE, {'maps': 1}),
     'set_solution_time': (TIMES, {'time': 1}),
 }
@@ -65,7 +68,8 @@ BEFORE = {
 # These leave what is saved as it was.
 NO_CHANGE = {'load_variables', 'enable_zone', 'disable_zone', 'enable_variable', 'disable_variable', 'delete_auxiliary_data', 'new_frame',
              'set_frame_data', 'delete_frame', 'activate_frame', 'move_frame', 'rename_frame', 'set_plot_type', 'assign_variable', 'set_title',
-             'set_contour_variable', 'set_contour_colours', 'set_plot_option', 'set_line_plot', 'new_line_map', 'delete_line_maps', 'set_solution_time'}
+             'set_contour_variable', 'set_contour_colours', 'set_plot_option', 'set_line_plot', 'new_line_map', 'set_line_maps',
+             'duplicate_line_maps', 'delete_line_maps', 'set_solution_time'}
 
 
 def written(value):

@@ -10,7 +10,6 @@
 #include "kernel/operations/InterpolateByInverseDistance.h"
 #include "kernel/operations/InterpolateLinearly.h"
 #include "kernel/operations/Krige.h"
-#include "kernel/operations/LineMapOperation.h"
 #include "kernel/operations/LoadVariables.h"
 #include "kernel/operations/MirrorZones.h"
 #include "kernel/operations/ProbeLine.h"
@@ -20,6 +19,7 @@
 #include "kernel/operations/RotateZones.h"
 #include "kernel/operations/SetAuxiliaryItem.h"
 #include "kernel/operations/SetContourColours.h"
+#include "kernel/operations/SetLineMaps.h"
 #include "kernel/operations/SetPlotType.h"
 #include "kernel/operations/SetSolutionTime.h"
 #include "kernel/operations/SetValue.h"
@@ -376,6 +376,16 @@ TEST(WithoutMemory, LineMapsAreAlteredWhollyOrNotAtAll)
         return stage.session.perform(ChangeLineMaps(stage.frame->id, first, [](LineMap& map) { map.name = longText; }));
     };
     EXPECT_GE(sweepMemory(rename), 4);
+    auto const set = [&](Stage& stage) {
+        LineMapSettings settings;
+        settings.name = longText;
+        return stage.session.perform(SetLineMaps(stage.frame->id, first, settings));
+    };
+    EXPECT_GE(sweepMemory(set), 4);
+    auto const duplicate = [&](Stage& stage) {
+        return stage.session.perform(DuplicateLineMaps(stage.frame->id, first));
+    };
+    EXPECT_GE(sweepMemory(duplicate), 4);
 }
 
 TEST(WithoutMemory, AValueIsSetWhollyOrNotAtAll)

@@ -46,7 +46,9 @@ void addFrame(std::ostream& out, Frame const& frame)
     }
     for (LineMap const& map : frame.lineMaps) {
         out << "map " << map.id << ' ' << map.name << ' ' << map.zone << ' ' << map.xVariable << ' ' << map.yVariable
-            << ' ' << map.active << ' ' << map.indices[0].min << '\n';
+            << ' ' << map.active << ' ' << map.indices[0].min << ' ' << map.look.colour << ' '
+            << static_cast<int>(map.look.style) << ' ' << map.look.width << ' ' << map.look.symbols.has_value()
+            << map.look.symbols.value_or(false) << '\n';
     }
     if (frame.dataSet) {
         out << stateDigest(*frame.dataSet);

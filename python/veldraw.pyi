@@ -261,16 +261,22 @@ def set_plot_type(*, type: Literal['2d', '3d', 'line']) -> None:
 def assign_variable(*, to: Literal['X', 'Y', 'Z', 'U', 'V', 'W', 'C'], variable: Optional[_Variable] = None) -> None:
     """Chooses the variable of an axis, of a component of the vector, or of the contour."""
 
-def set_plot_option(*, option: Literal['FieldLayers/ShowMesh', 'FieldLayers/ShowContour', 'FieldContour/Bands', 'FieldContour/WithoutEnds', 'FieldContour/Log', 'FieldContour/Lines', 'FieldContour/Labels', 'FieldLayers/ShowVector', 'FieldVector/EqualLengths', 'FieldLayers/ShowCuts', 'FieldAxes/Stretch', 'FieldAxes/Parallel', 'LinePlotLayers/ShowLines', 'LinePlotLayers/ShowSymbols', 'LinePlotAxes/LogX', 'LinePlotAxes/LogY'], on: bool) -> None:
+def set_plot_option(*, option: Literal['FieldLayers/ShowMesh', 'FieldLayers/ShowContour', 'FieldContour/Bands', 'FieldContour/WithoutEnds', 'FieldContour/Log', 'FieldContour/Lines', 'FieldContour/Labels', 'FieldLayers/ShowVector', 'FieldVector/EqualLengths', 'FieldLayers/ShowCuts', 'FieldAxes/Stretch', 'LinePlotLayers/ShowLines', 'LinePlotLayers/ShowSymbols', 'LinePlotAxes/LogX', 'LinePlotAxes/LogY', 'LinePlotAxes/LogY2'], on: bool) -> None:
     """Switches something that the plot shows on or off."""
 
 def set_line_plot(*, zone: _Zone, x: _Variable, y: _Variable) -> None:
     """Has the first curve show a variable of a zone over another one."""
 
+def set_line_axis(*, axis: Literal['x', 'y', 'y2'], range: Optional[Literal['fit', 'fixed']] = None, min: Optional[float] = None, max: Optional[float] = None, title: Optional[str] = None) -> None:
+    """Changes the range and the title of an axis of a line plot."""
+
+def set_plot_title(*, title: str) -> None:
+    """Writes a title above a line plot."""
+
 def new_line_map() -> None:
     """Adds a curve to a line plot."""
 
-def set_line_maps(*, maps: _Numbers, show: Optional[bool] = None, name: Optional[str] = None, zone: Optional[_Zone] = None, x: Optional[_Variable] = None, y: Optional[_Variable] = None, colour: Optional[str] = None, line: Optional[Literal['solid', 'dashed', 'dotted', 'dash-dot', 'dash-dot-dot', 'none']] = None, width: Optional[float] = None, symbols: Optional[Literal['plot', 'yes', 'no']] = None) -> None:
+def set_line_maps(*, maps: _Numbers, show: Optional[bool] = None, name: Optional[str] = None, zone: Optional[_Zone] = None, x: Optional[_Variable] = None, y: Optional[_Variable] = None, colour: Optional[str] = None, line: Optional[Literal['solid', 'dashed', 'dotted', 'dash-dot', 'dash-dot-dot', 'none']] = None, width: Optional[float] = None, symbols: Optional[Literal['plot', 'yes', 'no']] = None, axis: Optional[Literal['y', 'y2']] = None) -> None:
     """Changes curves of a line plot."""
 
 def duplicate_line_maps(*, maps: _Numbers) -> None:

@@ -2,18 +2,15 @@
 
 #include "app/plot/CurveStyle.h"
 #include "app/plot/LinePoints.h"
-#include "app/plot/PenColour.h"
-#include "app/plot/PlaneAxes.h"
 #include "app/plot/PlotTheme.h"
-#include "app/plot/TickLabels.h"
+#include "app/plot/TextFit.h"
 
-#include <QStringList>
-#include <vtkAxis.h>
 #include <vtkContextScene.h>
 #include <vtkDoubleArray.h>
 #include <vtkPen.h>
 #include <vtkPlotLine.h>
 #include <vtkTable.h>
+#include <vtkTextProperty.h>
 
 #include <algorithm>
 #include <cmath>
@@ -25,22 +22,6 @@ namespace {
 
 constexpr std::int64_t longestCurve = 200000000; // the order of the points on a curve is a list in memory
 
-// Limits with air around the curve, and a width of their own where all values are equal.
-std::array<double, 2> roomy(double min, double max, double air)
-{
-    double const width = max > min ? max - min : std::max(1e-12, std::abs(min)) * 0.1;
-    return {min - air * width, max + air * width};
-}
-
-QString joinedNames(QStringList names)
-{
-    constexpr int most = 3;
-    names.removeDuplicates();
-    if (names.size() <= most)
-        return names.join(QStringLiteral(", "));
-    return LineView::tr("%1, %2 and %3 more").arg(names[0], names[1]).arg(names.size() - 2);
-}
-
 // Whether there are curves to be shown, but neither as lines nor as symbols.
 bool showsNothing(kernel::Frame const& frame)
 {
@@ -50,14 +31,10 @@ bool showsNothing(kernel::Frame const& frame)
     return std::any_of(maps.begin(), maps.end(), isActive) && std::none_of(maps.begin(), maps.end(), isSeen);
 }
 
-bool areDisjoint(std::set<kernel::UniqueId> const& a, std::set<kernel::UniqueId> const& b)
-{
-    return std::none_of(a.begin(), a.end(), [&b](kernel::UniqueId id) { return b.count(id) != 0; });
-}
-
 } // namespace
 
 LineView::LineView()
+    : m_axes(*m_chart)
 {
     styleChart();
     m_actor->GetScene()->AddItem(m_chart);
@@ -70,14 +47,7 @@ LineView::~LineView() = default;
 
 void LineView::styleChart()
 {
-    for (int const position : {vtkAxis::LEFT, vtkAxis::BOTTOM}) {
-        vtkAxis* const axis = m_chart->GetAxis(position);
-        axis->SetBehavior(vtkAxis::FIXED);
-        setColour(*axis->GetPen(), PlotTheme::axis());
-        setColour(*axis->GetGridPen(), PlotTheme::grid());
-        PlotTheme::apply(*axis->GetLabelProperties(), PlotTheme::quietText(), PlotTheme::labelSize);
-        PlotTheme::apply(*axis->GetTitleProperties(), PlotTheme::text(), PlotTheme::titleSize, true);
-    }
+    PlotTheme::apply(*m_chart->GetTitleProperties(), PlotTheme::text(), PlotTheme::titleSize, true);
     m_chart->SetShowLegend(false); // it has one of ours above it
     m_chart->SetLayoutStrategy(vtkChart::FILL_RECT);
     m_chart->SetHiddenAxisBorder(24);
@@ -86,9 +56,8 @@ void LineView::styleChart()
 void LineView::setArea(ViewArea const& viewArea)
 {
     FrameView::setArea(viewArea);
-    for (int n = 0; n < m_chart->GetNumberOfPlots(); ++n)
-        m_chart->GetPlot(n)->SetWidth(
-            static_cast<float>(m_shown[static_cast<std::size_t>(n)].width * viewArea.pixelRatio));
+    for (std::size_t n = 0; n < m_curves.size(); ++n)
+        m_curves[n].plot->SetWidth(static_cast<float>(m_shown[n].width * viewArea.pixelRatio));
     placeLegend();
     labelAxes();
 }
@@ -96,17 +65,15 @@ void LineView::setArea(ViewArea const& viewArea)
 // Estimates of what the axes leave: the chart itself knows only once it is drawn.
 void LineView::labelAxes()
 {
-    constexpr int mostLines = 3;
     double const ratio = area().pixelRatio;
-    double const width = std::max(area().width - 110.0 * ratio, 0.6 * area().width);
+    double const beside = m_axes.isUsed(kernel::LineAxisKind::Y2) ? 200.0 : 110.0;
+    double const width = std::max(area().width - beside * ratio, 0.6 * area().width);
     double const chart = area().height - m_legend->height();
     double const height = std::max(chart - 70.0 * ratio, 0.6 * chart);
-    vtkAxis& bottom = *m_chart->GetAxis(vtkAxis::BOTTOM);
-    vtkAxis& left = *m_chart->GetAxis(vtkAxis::LEFT);
-    PlaneAxes::setTitle(bottom, m_titles[0], width, ratio, mostLines);
-    PlaneAxes::setTitle(left, m_titles[1], height, ratio, mostLines);
-    PlaneAxes::setTicks(bottom, width, ratio, m_scales[0]);
-    PlaneAxes::setTicks(left, height, ratio, m_scales[1]);
+    m_axes.label({width, height}, ratio);
+    TextFit const title = TextFit::into(width, m_title, *m_chart->GetTitleProperties(), ratio);
+    m_chart->GetTitleProperties()->SetFontSize(title.size);
+    m_chart->SetTitle(title.text.toStdString());
 }
 
 void LineView::placeLegend()
@@ -122,11 +89,10 @@ FrameMessage LineView::show(kernel::Frame const& frame)
     m_curves.clear();
     m_shown.clear();
     m_leftOut = 0;
-    m_scales = {frame.logX, frame.logY};
+    m_title = QString::fromStdString(frame.lineAxes.title);
     m_legend->show({});
-    bool const wasShown = m_limits.isValid;
-    m_limits = {};
-    m_variables = {};
+    bool const wasShown = m_axes.hasValues();
+    m_axes.begin(frame);
     if (!frame.dataSet)
         return {tr("This frame has no data set."), true};
     if (showsNothing(frame))
@@ -145,15 +111,15 @@ FrameMessage LineView::show(kernel::Frame const& frame)
     }
     if (m_chart->GetNumberOfPlots() == 0)
         return {reason, true};
-    setTitles(frame);
     tellApart();
     m_legend->show(m_curves);
-    if (!m_limits.isValid)
+    if (!m_axes.hasValues())
         return {m_leftOut > 0 ? tr("The curves have no positive values for a logarithmic axis.")
                               : tr("The curves have no finite values."),
                 true};
     setArea(area());
-    placeView(!wasShown && m_viewLimits != m_limits);
+    m_axes.place(!wasShown);
+    labelAxes();
     return {hasAll ? QString() : reason, false, remark(), true};
 }
 
@@ -182,23 +148,9 @@ QString LineView::remark() const
                                 .arg(m_leftOut);
 }
 
-// A view that the user has moved stays where it is, also when curves are added or removed. With other variables the view is
-// fitted again, and so it is with another scale.
-void LineView::placeView(bool isNew)
+// Why a line map has no curve; empty if it has one.
+QString LineView::reasonAgainst(kernel::DataSet const& dataSet, kernel::LineMap const& map)
 {
-    isNew = isNew || m_scales != m_viewScales;
-    for (std::size_t axis = 0; axis < 2; ++axis)
-        isNew = isNew || areDisjoint(m_variables[axis], m_viewVariables[axis]);
-    if (isNew || (m_isFitted && m_viewLimits != m_limits))
-        fit();
-    m_viewLimits = m_limits;
-    m_viewVariables = m_variables;
-    m_viewScales = m_scales;
-}
-
-QString LineView::addCurve(kernel::Frame const& frame, kernel::LineMap const& map, int index)
-{
-    kernel::DataSet const& dataSet = *frame.dataSet;
     int const zone = dataSet.zoneNumber(map.zone);
     int const x = dataSet.variableNumber(map.xVariable);
     int const y = dataSet.variableNumber(map.yVariable);
@@ -220,7 +172,19 @@ QString LineView::addCurve(kernel::Frame const& frame, kernel::LineMap const& ma
         if (!dataSet.field(zone, variable)->isLoaded())
             return tr("The variable \"%1\" is not loaded.")
                 .arg(QString::fromStdString(dataSet.variable(variable)->name));
-    LinePoints const points = LinePoints::create(dataSet, zone, x, y, map.indices, m_scales);
+    return {};
+}
+
+QString LineView::addCurve(kernel::Frame const& frame, kernel::LineMap const& map, int index)
+{
+    kernel::DataSet const& dataSet = *frame.dataSet;
+    QString const reason = reasonAgainst(dataSet, map);
+    if (!reason.isEmpty())
+        return reason;
+    int const zone = dataSet.zoneNumber(map.zone);
+    int const x = dataSet.variableNumber(map.xVariable);
+    int const y = dataSet.variableNumber(map.yVariable);
+    LinePoints const points = LinePoints::create(dataSet, zone, x, y, map.indices, m_axes.scalesOf(map));
     if (!points.table)
         return tr("One variable has values at points and the other in cells.");
 
@@ -230,45 +194,17 @@ QString LineView::addCurve(kernel::Frame const& frame, kernel::LineMap const& ma
     if (points.table->GetNumberOfRows() == 1)
         curve->SetMarkerStyle(vtkPlotPoints::CIRCLE); // a line of one point is not seen
     m_chart->AddPlot(curve);
+    constexpr int besideSecondAxis = 1; // a corner of the chart
+    if (map.isOnSecondAxis)
+        m_chart->SetPlotCorner(curve, besideSecondAxis);
     QString const name = QString::fromStdString(map.name.empty() ? dataSet.variable(y)->name : map.name);
     curve->SetLabel(name.toStdString());
     m_curves.push_back({name, curve.Get()});
     auto const nameOf = [&](int variable) { return QString::fromStdString(dataSet.variable(variable)->name); };
-    m_shown.push_back({name, {nameOf(x), nameOf(y)}, points.table, map.look.width});
+    m_shown.push_back({name, {nameOf(x), nameOf(y)}, points.table, map.look.width, map.isOnSecondAxis});
     m_leftOut += points.notPositive;
-    m_variables[0].insert(map.xVariable);
-    m_variables[1].insert(map.yVariable);
-    include(*points.table);
+    m_axes.add(map, m_shown.back().variables, *points.table);
     return {};
-}
-
-void LineView::include(vtkTable& points)
-{
-    for (vtkIdType n = 0; n < points.GetNumberOfRows(); ++n) {
-        std::array<double, 2> const point = {LinePoints::number(points, n, 0), LinePoints::number(points, n, 1)};
-        if (!std::isfinite(point[0]) || !std::isfinite(point[1]))
-            continue;
-        for (std::size_t axis = 0; axis < 2; ++axis) {
-            m_limits.min[axis] = m_limits.isValid ? std::min(m_limits.min[axis], point[axis]) : point[axis];
-            m_limits.max[axis] = m_limits.isValid ? std::max(m_limits.max[axis], point[axis]) : point[axis];
-        }
-        m_limits.isValid = true;
-    }
-}
-
-void LineView::setTitles(kernel::Frame const& frame)
-{
-    QStringList xNames;
-    QStringList yNames;
-    for (kernel::LineMap const& map : frame.lineMaps) {
-        auto const x = frame.dataSet->variable(frame.dataSet->variableNumber(map.xVariable));
-        auto const y = frame.dataSet->variable(frame.dataSet->variableNumber(map.yVariable));
-        if (!map.active || !x || !y)
-            continue;
-        xNames << QString::fromStdString(x->name);
-        yNames << QString::fromStdString(y->name);
-    }
-    m_titles = {joinedNames(xNames), joinedNames(yNames)};
 }
 
 bool LineView::dependsOn(kernel::Frame const& frame, int variable) const
@@ -283,13 +219,9 @@ bool LineView::dependsOn(kernel::Frame const& frame, int variable) const
 
 void LineView::fit()
 {
-    if (!m_limits.isValid)
+    if (!m_axes.hasValues())
         return;
-    auto const x = roomy(m_limits.min[0], m_limits.max[0], 0.02);
-    auto const y = roomy(m_limits.min[1], m_limits.max[1], 0.06);
-    m_chart->GetAxis(vtkAxis::BOTTOM)->SetRange(x[0], x[1]);
-    m_chart->GetAxis(vtkAxis::LEFT)->SetRange(y[0], y[1]);
-    m_isFitted = true;
+    m_axes.fit();
     labelAxes();
 }
 
@@ -304,28 +236,13 @@ QPointF LineView::inBox(QPointF const& inArea) const
 
 void LineView::pan(QPointF const& from, QPointF const& to)
 {
-    m_isFitted = false;
-    QPointF const step = inBox(to) - inBox(from);
-    auto const move = [](vtkAxis& axis, double share) {
-        double const shift = share * (axis.GetMaximum() - axis.GetMinimum());
-        axis.SetRange(axis.GetMinimum() - shift, axis.GetMaximum() - shift);
-    };
-    move(*m_chart->GetAxis(vtkAxis::BOTTOM), step.x());
-    move(*m_chart->GetAxis(vtkAxis::LEFT), step.y());
+    m_axes.pan(inBox(to) - inBox(from));
     labelAxes();
 }
 
 void LineView::zoom(double factor, QPointF const& at)
 {
-    m_isFitted = false;
-    QPointF const fixed = inBox(at);
-    auto const scale = [factor](vtkAxis& axis, double share) {
-        double const width = axis.GetMaximum() - axis.GetMinimum();
-        double const stays = axis.GetMinimum() + share * width;
-        axis.SetRange(stays - share * width / factor, stays + (1.0 - share) * width / factor);
-    };
-    scale(*m_chart->GetAxis(vtkAxis::BOTTOM), fixed.x());
-    scale(*m_chart->GetAxis(vtkAxis::LEFT), fixed.y());
+    m_axes.zoom(factor, inBox(at));
     labelAxes();
 }
 

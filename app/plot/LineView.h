@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/plot/ChartAxes.h"
 #include "app/plot/CurveLegend.h"
 #include "app/plot/FrameView.h"
 
@@ -9,7 +10,7 @@
 #include <vtkSmartPointer.h>
 
 #include <array>
-#include <set>
+#include <map>
 #include <vector>
 
 class vtkPlotLine;
@@ -37,36 +38,28 @@ public:
     /// The curve's name and the values of its nearest point, if that is near.
     QString tipAt(QPointF const& position) const override;
 
+    /// The ranges that a box between two positions has on the axes with curves; none of an axis along which the box is thinner than
+    /// a few pixels.
+    std::map<kernel::LineAxisKind, kernel::LineAxis> rangesIn(QPointF const& from, QPointF const& to) const;
+
     vtkChartXY& chart() const { return *m_chart; }
     CurveLegend const& legend() const { return *m_legend; }
 
 private:
-    struct Limits
-    {
-        bool isValid = false;
-        std::array<double, 2> min{};
-        std::array<double, 2> max{};
-        bool operator!=(Limits const& other) const { return min != other.min || max != other.max; }
-    };
-
-    using Variables = std::set<kernel::UniqueId>;
-    using Scales = std::array<bool, 2>; // which axes are logarithmic
-
     struct Curve
     {
         QString name;
         std::array<QString, 2> variables;
         vtkSmartPointer<vtkTable> points;
         double width; // of the line, logical pixels
+        bool isOnSecondAxis;
 
         QString tip(vtkIdType row) const;
     };
 
     void styleChart();
+    static QString reasonAgainst(kernel::DataSet const& dataSet, kernel::LineMap const& map);
     QString addCurve(kernel::Frame const& frame, kernel::LineMap const& map, int index);
-    void include(vtkTable& points);
-    void placeView(bool isNew);
-    void setTitles(kernel::Frame const& frame);
     void labelAxes();
     void tellApart();
     QString remark() const;
@@ -78,14 +71,8 @@ private:
     vtkNew<vtkContextActor> m_actor;
     vtkNew<vtkChartXY> m_chart;
     vtkNew<CurveLegend> m_legend;
-    Limits m_limits;                          // of what is shown
-    Limits m_viewLimits;                      // of what was shown when the view was placed
-    std::array<Variables, 2> m_variables;     // that the curves have along each axis
-    std::array<Variables, 2> m_viewVariables; // that they had when the view was placed
-    Scales m_scales{};
-    Scales m_viewScales{}; // when the view was placed
-    bool m_isFitted = false;
-    std::array<QString, 2> m_titles; // of the axes
+    ChartAxes m_axes;
+    QString m_title; // of the plot
     std::vector<CurveLegend::Curve> m_curves;
     std::vector<Curve> m_shown; // the same, with their points
     std::int64_t m_leftOut = 0; // points without a place along a logarithmic axis

@@ -1,4 +1,4 @@
-// What a line plot tells of the point under the mouse.
+// What a line plot tells of places under the mouse.
 #include "app/plot/LinePoints.h"
 #include "app/plot/LineView.h"
 #include "app/plot/TickLabels.h"
@@ -28,7 +28,8 @@ QString LineView::tipAt(QPointF const& position) const
     for (Curve const& curve : m_shown)
         for (vtkIdType row = 0; row < curve.points->GetNumberOfRows(); ++row) {
             double const x = pixelsAlong(vtkAxis::BOTTOM, LinePoints::number(*curve.points, row, 0), mouse.x());
-            double const y = pixelsAlong(vtkAxis::LEFT, LinePoints::number(*curve.points, row, 1), mouse.y());
+            int const side = curve.isOnSecondAxis ? vtkAxis::RIGHT : vtkAxis::LEFT;
+            double const y = pixelsAlong(side, LinePoints::number(*curve.points, row, 1), mouse.y());
             double const distance = std::hypot(x, y); // no number where the curve has a gap
             if (distance < least) {
                 least = distance;
@@ -37,6 +38,24 @@ QString LineView::tipAt(QPointF const& position) const
             }
         }
     return nearest == nullptr ? QString() : nearest->tip(nearestRow);
+}
+
+std::map<kernel::LineAxisKind, kernel::LineAxis> LineView::rangesIn(QPointF const& from, QPointF const& to) const
+{
+    using Kind = kernel::LineAxisKind;
+    constexpr double least = 6.0; // logical pixels
+    auto const isWide = [&](double share, double length) {
+        return std::abs(share) * length >= least * area().pixelRatio;
+    };
+    QPointF const first = inBox(from);
+    QPointF const last = inBox(to);
+    std::map<Kind, kernel::LineAxis> ranges;
+    if (isWide(to.x() - from.x(), area().width))
+        ranges[Kind::X] = m_axes.between(Kind::X, first.x(), last.x());
+    for (Kind const kind : {Kind::Y, Kind::Y2})
+        if (m_axes.isUsed(kind) && isWide(to.y() - from.y(), area().height))
+            ranges[kind] = m_axes.between(kind, first.y(), last.y());
+    return ranges;
 }
 
 QString LineView::Curve::tip(vtkIdType row) const

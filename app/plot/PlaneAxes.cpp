@@ -60,7 +60,7 @@ void PlaneAxes::prepare(vtkAxis& axis, int position)
 
 AxisTicks PlaneAxes::setTicks(vtkAxis& axis, double length, double pixelRatio, bool isLogarithmic)
 {
-    bool const isVertical = axis.GetPosition() == vtkAxis::LEFT;
+    bool const isVertical = axis.GetPosition() == vtkAxis::LEFT || axis.GetPosition() == vtkAxis::RIGHT;
     auto const roomOf = [&](std::string const& label) {
         constexpr double lineHeight = 28.0;
         constexpr double gap = 18.0;

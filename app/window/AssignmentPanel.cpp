@@ -1,8 +1,10 @@
 #include "app/window/AssignmentPanel.h"
 
 #include "app/window/ContourBox.h"
+#include "app/window/LineAxesBox.h"
 #include "kernel/operations/LineMapOperation.h"
 #include "kernel/operations/SetContourColours.h"
+#include "kernel/operations/SetLineAxis.h"
 #include "kernel/operations/SetPlotType.h"
 #include "platform/vdsdkcommon/AppLock.h"
 
@@ -31,6 +33,7 @@ AssignmentPanel::AssignmentPanel(kernel::Session& session, QWidget* parent)
     , m_fieldGroup(makeFieldGroup())
     , m_lineGroup(makeLineGroup())
     , m_contour(new ContourBox)
+    , m_lineAxes(new LineAxesBox)
     , m_area(new QScrollArea)
     , m_follower(session, [this] { refresh(); })
 {
@@ -42,6 +45,7 @@ AssignmentPanel::AssignmentPanel(kernel::Session& session, QWidget* parent)
     layout->addWidget(m_fieldGroup);
     layout->addWidget(m_lineGroup);
     layout->addWidget(m_contour);
+    layout->addWidget(m_lineAxes);
     layout->addStretch();
     m_area->setWidget(content);
     m_area->setWidgetResizable(true); // scrolls where the window is low
@@ -53,6 +57,7 @@ AssignmentPanel::AssignmentPanel(kernel::Session& session, QWidget* parent)
     whole->setContentsMargins(0, 0, 0, 0);
     whole->addWidget(m_area);
     connect(m_contour, &ContourBox::chosen, this, &AssignmentPanel::chooseColours);
+    followLineAxes();
     refresh();
 }
 
@@ -137,6 +142,7 @@ void AssignmentPanel::refresh()
     m_fieldGroup->setVisible(isField);
     m_lineGroup->setVisible(isLine);
     m_contour->setVisible(isField);
+    m_lineAxes->setVisible(isLine);
     m_notice->setVisible(!isField && !isLine);
     m_notice->setText(hasData ? QStringLiteral("This plot type shows no variables.")
                               : QStringLiteral("The active frame has no data. Open a file to plot it."));
@@ -169,6 +175,7 @@ void AssignmentPanel::refreshLine(kernel::Frame const& frame)
     m_lineZone->show(zoneChoices(m_session), hasMap ? dataSet.zoneNumber(frame.lineMaps.front().zone) : 0);
     m_lineX->show(variables, hasMap ? dataSet.variableNumber(frame.lineMaps.front().xVariable) : 0);
     m_lineY->show(variables, hasMap ? dataSet.variableNumber(frame.lineMaps.front().yVariable) : 0);
+    m_lineAxes->show(frame);
 }
 
 void AssignmentPanel::assign(char assignment, int variable)
@@ -193,6 +200,44 @@ void AssignmentPanel::chooseColours(kernel::ContourColours const& colours)
     if (!m_session.perform(kernel::SetContourColours(frame->id, colours)))
         Q_EMIT editRefused();
     m_follower.schedule(); // limits that were typed may be those that are shown already
+}
+
+void AssignmentPanel::followLineAxes()
+{
+    connect(m_lineAxes, &LineAxesBox::chosen, this, [this](kernel::LineAxisKind kind, kernel::LineAxis const& axis) {
+        if (auto const frame = m_session.activeFrame())
+            perform(kernel::SetLineAxis(frame->id, kind, axis));
+    });
+    connect(m_lineAxes, &LineAxesBox::titleChosen, this, [this](QString const& title) {
+        if (auto const frame = m_session.activeFrame())
+            perform(kernel::SetPlotTitle(frame->id, title.toStdString()));
+    });
+    connect(m_lineAxes, &LineAxesBox::fitWanted, this, &AssignmentPanel::fitLineAxes);
+}
+
+void AssignmentPanel::perform(kernel::Operation&& operation)
+{
+    m_follower.schedule(); // what was typed may be what is there already
+    if (sdk::AppLock::depth() > 0)
+        return;
+    sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
+    if (!m_session.perform(operation))
+        Q_EMIT editRefused();
+}
+
+// As one step.
+void AssignmentPanel::fitLineAxes()
+{
+    auto const frame = m_session.activeFrame();
+    if (!frame || sdk::AppLock::depth() > 0)
+        return;
+    m_session.history().beginGroup("Fit");
+    for (int n = 0; n < kernel::lineAxisCount; ++n) {
+        kernel::LineAxis axis = frame->lineAxes.axes[static_cast<std::size_t>(n)];
+        axis.isFixed = false;
+        perform(kernel::SetLineAxis(frame->id, static_cast<kernel::LineAxisKind>(n), axis));
+    }
+    m_session.history().endGroup();
 }
 
 void AssignmentPanel::assignLine()

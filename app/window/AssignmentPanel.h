@@ -14,9 +14,10 @@ class QScrollArea;
 namespace veldraw::app {
 
 class ContourBox;
+class LineAxesBox;
 
 /// What the "Plot" dock shows: which variables stand on the axes, make up the vector and colour the contours of a field plot,
-/// and zone and variables of a line plot. It shows the part that the active frame's plot type uses.
+/// and zone, variables and axes of a line plot. It shows the part that the active frame's plot type uses.
 class AssignmentPanel : public QWidget
 {
     Q_OBJECT
@@ -49,6 +50,9 @@ private:
     void refreshLine(kernel::Frame const& frame);
     void assign(char assignment, int variable);
     void assignLine();
+    void followLineAxes();
+    void perform(kernel::Operation&& operation);
+    void fitLineAxes();
     void chooseColours(kernel::ContourColours const& colours);
 
     kernel::Session& m_session;
@@ -61,6 +65,7 @@ private:
     QGroupBox* m_fieldGroup;
     QGroupBox* m_lineGroup;
     ContourBox* m_contour;
+    LineAxesBox* m_lineAxes;
     QScrollArea* m_area;
     SessionFollower m_follower;
 };

@@ -58,6 +58,11 @@ QString zoneText(kernel::DataSet const& dataSet, kernel::UniqueId id)
                        : QStringLiteral("%1: ").arg(number) + QString::fromStdString(dataSet.zone(number)->name);
 }
 
+QString axisText(bool isSecond)
+{
+    return isSecond ? QStringLiteral("Y2") : QStringLiteral("Y");
+}
+
 std::optional<kernel::LineMapSettings> settingsOf(int column, QVariant const& value, int role)
 {
     using Model = LineMapTableModel;
@@ -82,6 +87,8 @@ std::optional<kernel::LineMapSettings> settingsOf(int column, QVariant const& va
         settings.style = static_cast<kernel::LineStyle>(value.toInt());
     else if (column == Model::WidthColumn)
         settings.width = value.toDouble(&isNumber);
+    else if (column == Model::AxisColumn)
+        settings.isOnSecondAxis = value.toInt() == 1;
     return isNumber ? std::optional<kernel::LineMapSettings>(settings) : std::nullopt;
 }
 
@@ -90,7 +97,7 @@ std::optional<kernel::LineMapSettings> settingsOf(int column, QVariant const& va
 LineMapTableModel::LineMapTableModel(kernel::Session& session, QObject* parent)
     : SnapshotTableModel({QStringLiteral("Show"), QStringLiteral("Name"), QStringLiteral("Zone"), QStringLiteral("X"),
                           QStringLiteral("Y"), QStringLiteral("Colour"), QStringLiteral("Line"),
-                          QStringLiteral("Width"), QStringLiteral("Symbols")},
+                          QStringLiteral("Width"), QStringLiteral("Symbols"), QStringLiteral("Axis")},
                          true, parent)
     , m_session(session)
 {
@@ -123,7 +130,8 @@ std::vector<SnapshotTableModel::Row> LineMapTableModel::readRows() const
                                 colourName(map.look.colour),
                                 lineTexts()[static_cast<int>(map.look.style)],
                                 QString::number(map.look.width),
-                                hasSymbols ? QStringLiteral("yes") : QStringLiteral("no")};
+                                hasSymbols ? QStringLiteral("yes") : QStringLiteral("no"),
+                                axisText(map.isOnSecondAxis)};
         row.isChecked = map.active;
         rows.push_back(std::move(row));
     }
@@ -154,6 +162,8 @@ NumberChooser::Choices LineMapTableModel::choices(QModelIndex const& index) cons
         for (int style = 0; style < kernel::lineStyleCount; ++style)
             found.emplace_back(style, lineTexts()[style]);
         return found;
+    case AxisColumn:
+        return {{0, axisText(false)}, {1, axisText(true)}};
     case ColourColumn: {
         found = namedColours();
         int const colour = index.data(Qt::EditRole).toInt();
@@ -183,6 +193,8 @@ QVariant LineMapTableModel::numberAt(kernel::LineMap const& map, int column) con
         return static_cast<int>(map.look.style);
     case WidthColumn:
         return map.look.width;
+    case AxisColumn:
+        return map.isOnSecondAxis ? 1 : 0;
     default:
         return {};
     }

@@ -25,6 +25,7 @@ public:
         LineColumn,
         WidthColumn,
         SymbolsColumn,
+        AxisColumn,
         ColumnCount
     };
 

@@ -6,6 +6,7 @@
 #include "kernel/frames/ContourColours.h"
 #include "kernel/frames/Cut.h"
 #include "kernel/frames/LineMap.h"
+#include "kernel/frames/LinePlotAxes.h"
 
 #include <array>
 #include <cmath>
@@ -78,18 +79,19 @@ struct Frame
     bool showVectors;        ///< of field plots: arrows for the vector
     bool equalVectors;       ///< of field plots: these arrows are all of one length
     bool showMesh;
-    bool showCuts;    ///< of field plots: cuts are seen, in the place of the outer surfaces of volumes
-    bool stretchAxes; ///< of field plots: each axis has a scale of its own, so that they fill the frame
-    bool
-        parallelProjection; ///< of plots in space: parallel lines are seen as such, and nothing is smaller for being far away
-    bool showLines;         ///< of line plots
-    bool showSymbols;       ///< of line plots
-    bool logX;              ///< of line plots: the horizontal axis is logarithmic
-    bool logY;              ///< of line plots: the vertical one
+    bool showCuts;                 ///< of field plots: cuts are seen, in the place of the outer surfaces of volumes
+    bool stretchAxes;              ///< of field plots: each axis has a scale of its own, so that they fill the frame
+    bool parallelProjection;       ///< of plots in space: without perspective
+    bool showLines;                ///< of line plots
+    bool showSymbols;              ///< of line plots
+    bool logX;                     ///< of line plots: the horizontal axis is logarithmic
+    bool logY;                     ///< of line plots: the vertical one
+    bool logY2;                    ///< of line plots: the one at the right side
     ContourColours contourColours; ///< of field plots
     double solutionTime = 0.0;     ///< of field plots: the moment at which strands are seen (see zonesAt()), finite
     std::vector<Cut> cuts;         ///< of field plots
     std::vector<LineMap> lineMaps;
+    LinePlotAxes lineAxes; ///< of line plots
     AuxiliaryData auxiliaryData;
 };
 

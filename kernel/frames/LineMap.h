@@ -31,6 +31,7 @@ struct LineMap
     bool active = true;
     std::array<IndexRange, 3> indices{}; ///< points that are drawn, along I, J and K
     CurveLook look;
+    bool isOnSecondAxis = false; ///< its vertical axis is the one at the right side
     AuxiliaryData auxiliaryData;
 };
 

@@ -42,6 +42,8 @@ std::vector<PlotOption> const& plotOptions()
          "Show powers of ten at equal distances along the horizontal axis of a line plot", ""},
         {"LinePlotAxes", "LogY", &Frame::logY, false, Plots::Lines, "Logarithmic Axis", "Lo&garithmic Y Axis",
          "Show powers of ten at equal distances along the vertical axis of a line plot", ""},
+        {"LinePlotAxes", "LogY2", &Frame::logY2, false, Plots::Lines, "Logarithmic Axis", "Logarithmic Second &Y Axis",
+         "Show powers of ten at equal distances along the vertical axis at the right side of a line plot", ""},
     };
     return options;
 }

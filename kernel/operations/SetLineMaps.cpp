@@ -12,7 +12,8 @@ constexpr char const* symbolWords[] = {"no", "yes"};
 
 bool hasSameSettings(LineMap const& a, LineMap const& b)
 {
-    bool const isOfSame = a.zone == b.zone && a.xVariable == b.xVariable && a.yVariable == b.yVariable;
+    bool const isOfSame = a.zone == b.zone && a.xVariable == b.xVariable && a.yVariable == b.yVariable &&
+                          a.isOnSecondAxis == b.isOnSecondAxis;
     return isOfSame && a.active == b.active && a.name == b.name && a.look == b.look;
 }
 
@@ -54,6 +55,7 @@ void SetLineMaps::alter(LineMap& map) const
     put(m_settings.style, map.look.style);
     put(m_settings.width, map.look.width);
     put(m_settings.symbols, map.look.symbols);
+    put(m_settings.isOnSecondAxis, map.isOnSecondAxis);
     if (m_settings.zone) {
         map.zone = frame()->dataSet->zone(*m_settings.zone)->id;
     }
@@ -119,6 +121,9 @@ CommandText SetLineMaps::command() const
     if (m_settings.symbols) {
         std::optional<bool> const& has = *m_settings.symbols;
         text.word("symbols", has ? symbolWords[*has ? 1 : 0] : "plot");
+    }
+    if (m_settings.isOnSecondAxis) {
+        text.word("axis", *m_settings.isOnSecondAxis ? "y2" : "y");
     }
     return text;
 }

@@ -18,6 +18,7 @@ struct LineMapSettings
     std::optional<LineStyle> style;
     std::optional<double> width;
     std::optional<std::optional<bool>> symbols;
+    std::optional<bool> isOnSecondAxis;
 };
 
 /// Gives some line maps the same settings; without a step when they have them already. "Line Map". Refused: no numbers, numbers that do

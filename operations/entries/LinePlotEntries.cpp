@@ -1,3 +1,4 @@
+#include "kernel/operations/SetLineAxis.h"
 #include "kernel/operations/SetLineMaps.h"
 #include "operations/entries/Entries.h"
 
@@ -9,12 +10,17 @@ namespace {
 
 using Kind = ParameterKind;
 
-kernel::UniqueId plot()
+kernel::Frame const& plotFrame()
 {
     auto const active = session().activeFrame();
     if (!active)
         throw std::runtime_error("There is no frame.");
-    return active->id;
+    return *active; // the page has it
+}
+
+kernel::UniqueId plot()
+{
+    return plotFrame().id;
 }
 
 bool setLinePlot(Arguments const& arguments)
@@ -71,7 +77,32 @@ bool setLineMaps(Arguments const& arguments)
     settings.x = numberIn(arguments, "x");
     settings.y = numberIn(arguments, "y");
     readLook(arguments, settings);
+    if (arguments.has("axis"))
+        settings.isOnSecondAxis = arguments.choice("axis") == 1;
     return session().perform(kernel::SetLineMaps(plot(), arguments.numbers("maps"), std::move(settings)));
+}
+
+bool setLineAxis(Arguments const& arguments)
+{
+    if (arguments.has("min") != arguments.has("max"))
+        throw std::runtime_error("An axis has both limits or none.");
+    auto const kind = static_cast<kernel::LineAxisKind>(arguments.choice("axis"));
+    kernel::LineAxis axis = plotFrame().lineAxes.at(kind);
+    if (arguments.has("min")) {
+        axis.isFixed = true;
+        axis.min = arguments.real("min");
+        axis.max = arguments.real("max");
+    }
+    if (arguments.has("range"))
+        axis.isFixed = arguments.choice("range") == 1;
+    if (arguments.has("title"))
+        axis.title = arguments.text("title");
+    return session().perform(kernel::SetLineAxis(plot(), kind, std::move(axis)));
+}
+
+bool setPlotTitle(Arguments const& arguments)
+{
+    return session().perform(kernel::SetPlotTitle(plot(), arguments.text("title")));
 }
 
 Parameter maps()
@@ -94,13 +125,37 @@ std::vector<Parameter> settingParameters()
         parameter("width", Kind::Real, "The width of the line.")
             .in("pixels")
             .within(kernel::CurveLook::leastWidth, kernel::CurveLook::mostWidth),
-        choice("symbols", {"plot", "yes", "no"}, "Whether each point has a symbol, or as the plot has it.")};
+        choice("symbols", {"plot", "yes", "no"}, "Whether each point has a symbol, or as the plot has it."),
+        choice("axis", {"y", "y2"}, "The vertical axis, of which y2 is at the right side.")};
     for (std::size_t n = 1; n < parameters.size(); ++n) {
         parameters[n].startingWith("");
         parameters[n].sentence.back() = ';';
         parameters[n].sentence += " otherwise as it was.";
     }
     return parameters;
+}
+
+void addLineAxes(Registry& registry)
+{
+    registry.add(
+        {"set-line-axis",
+         "Axis",
+         "Changes the range and the title of an axis of a line plot.",
+         {choice("axis", kernel::LinePlotAxes::axisWords(), "The axis, of which y2 is at the right side."),
+          choice("range", {"fit", "fixed"},
+                 "Whether it goes over the values of its curves, or from min to max; otherwise from min to max if they "
+                 "are given.")
+              .startingWith(""),
+          parameter("min", Kind::Real, "The lowest value; otherwise as it was.").startingWith(""),
+          parameter("max", Kind::Real, "The highest value; otherwise as it was.").startingWith(""),
+          parameter("title", Kind::Text, "The title, empty for the names of the variables; otherwise as it was.")
+              .startingWith("")},
+         &setLineAxis});
+    registry.add({"set-plot-title",
+                  "Plot Title",
+                  "Writes a title above a line plot.",
+                  {parameter("title", Kind::Text, "The title, which may be empty.")},
+                  &setPlotTitle});
 }
 
 } // namespace
@@ -114,6 +169,7 @@ void addLinePlots(Registry& registry)
          {parameter("zone", Kind::Zone, "The zone."), parameter("x", Kind::Variable, "The horizontal variable."),
           parameter("y", Kind::Variable, "The vertical variable.")},
          &setLinePlot});
+    addLineAxes(registry);
     registry.add({"new-line-map", "New Line Map", "Adds a curve to a line plot.", {}, &newLineMap});
     registry.add({"set-line-maps", "Line Map", "Changes curves of a line plot.", settingParameters(), &setLineMaps});
     registry.add({"duplicate-line-maps",

@@ -52,6 +52,8 @@ CASES = {
     'new_line_map': (LINE, {}),
     'set_line_maps': (LINE, {'maps': 1, 'show': False, 'name': 'a #1', 'y': 'time', 'colour': '1F6FB5', 'line': 'dotted', 'width': 1 / 3 + 1,
                              'symbols': 'yes'}),
+    'set_line_axis': (LINE, {'axis': 'y2', 'min': -1 / 3, 'max': 2, 'title': 'u #1'}),
+    'set_plot_title': (LINE, {'title': 'a #1'}),
     'duplicate_line_maps': (LINE, {'maps': 1}),
     'delete_line_maps': (LINE, {'maps': 1}),
     'set_solution_time': (TIMES, {'time': 1}),
@@ -69,7 +71,7 @@ BEFORE = {
 NO_CHANGE = {'load_variables', 'enable_zone', 'disable_zone', 'enable_variable', 'disable_variable', 'delete_auxiliary_data', 'new_frame',
              'set_frame_data', 'delete_frame', 'activate_frame', 'move_frame', 'rename_frame', 'set_plot_type', 'assign_variable', 'set_title',
              'set_contour_variable', 'set_contour_colours', 'set_plot_option', 'set_line_plot', 'new_line_map', 'set_line_maps',
-             'duplicate_line_maps', 'delete_line_maps', 'set_solution_time'}
+             'duplicate_line_maps', 'delete_line_maps', 'set_line_axis', 'set_plot_title', 'set_solution_time'}
 
 
 def written(value):

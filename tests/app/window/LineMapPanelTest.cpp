@@ -131,7 +131,7 @@ TEST_F(LineMapPanelTest, ListsWhatEachCurveShowsAndLooksLike)
     QStringList texts;
     for (int column = 0; column < Model::ColumnCount; ++column)
         texts << text(1, column);
-    EXPECT_EQ(QStringLiteral("2|Map 2|1: inlet|1: X|2: Y|automatic|solid|2|"), texts.join(QLatin1Char('|')));
+    EXPECT_EQ(QStringLiteral("2|Map 2|1: inlet|1: X|2: Y|automatic|solid|2||Y"), texts.join(QLatin1Char('|')));
     EXPECT_EQ(Qt::Checked, cell(1, 0).data(Qt::CheckStateRole).toInt());
     EXPECT_EQ(Qt::Unchecked, cell(1, Model::SymbolsColumn).data(Qt::CheckStateRole).toInt());
     EXPECT_EQ(QColor(0xD1, 0x5F, 0x1B), cell(1, Model::ColourColumn).data(Qt::DecorationRole).value<QColor>());
@@ -208,9 +208,12 @@ TEST_F(LineMapPanelTest, CellsAreEditedInPlace)
     choose(0, Model::ColourColumn, {Qt::Key_Down, Qt::Key_Down});
     EXPECT_EQ(0xD15F1B, maps()[0].look.colour);
     EXPECT_EQ(QStringLiteral("orange"), text(0, Model::ColourColumn));
+    choose(0, Model::AxisColumn, {Qt::Key_Down});
+    EXPECT_TRUE(maps()[0].isOnSecondAxis);
+    EXPECT_EQ(QStringLiteral("Y2"), text(0, Model::AxisColumn));
     EXPECT_EQ("Map 2", maps()[1].name);
     EXPECT_TRUE(maps()[1].look == kernel::CurveLook()) << "the other one is as it was";
-    for (int step = 0; step < 7; ++step)
+    for (int step = 0; step < 8; ++step)
         session.undo();
     EXPECT_FALSE(session.history().canUndo()) << "each is one step";
 }

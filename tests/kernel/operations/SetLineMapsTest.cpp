@@ -45,6 +45,7 @@ protected:
         settings.style = LineStyle::DashDot;
         settings.width = 2.5;
         settings.symbols = std::optional<bool>(true);
+        settings.isOnSecondAxis = true;
         return settings;
     }
 };
@@ -65,6 +66,7 @@ TEST_F(SetLineMapsTest, GivesSomeOfThemAllSettings)
         EXPECT_EQ(map.look.style, LineStyle::DashDot);
         EXPECT_EQ(map.look.width, 2.5);
         EXPECT_EQ(map.look.symbols, std::optional<bool>(true));
+        EXPECT_TRUE(map.isOnSecondAxis);
     }
     EXPECT_EQ(frame->lineMaps[1].name, "Map 2");
     EXPECT_TRUE(frame->lineMaps[1].look == CurveLook());
@@ -123,7 +125,7 @@ TEST_F(SetLineMapsTest, HasACommandThatTellsWhatIsSet)
 {
     EXPECT_EQ(SetLineMaps(frame->id, {1, 2, 3}, all()).command().text(),
               "set-line-maps maps=1:3 show=no name=\"a b\" zone=2 x=3 y=4 colour=1F6FB5 line=dash-dot width=2.5 "
-              "symbols=yes");
+              "symbols=yes axis=y2");
     LineMapSettings settings;
     settings.colour = CurveLook::automaticColour;
     settings.symbols.emplace();

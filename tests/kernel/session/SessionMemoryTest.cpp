@@ -19,6 +19,7 @@
 #include "kernel/operations/RotateZones.h"
 #include "kernel/operations/SetAuxiliaryItem.h"
 #include "kernel/operations/SetContourColours.h"
+#include "kernel/operations/SetLineAxis.h"
 #include "kernel/operations/SetLineMaps.h"
 #include "kernel/operations/SetPlotType.h"
 #include "kernel/operations/SetSolutionTime.h"
@@ -386,6 +387,14 @@ TEST(WithoutMemory, LineMapsAreAlteredWhollyOrNotAtAll)
         return stage.session.perform(DuplicateLineMaps(stage.frame->id, first));
     };
     EXPECT_GE(sweepMemory(duplicate), 4);
+    auto const setAxis = [](Stage& stage) {
+        LineAxis axis;
+        axis.title = longText;
+        return stage.session.perform(SetLineAxis(stage.frame->id, LineAxisKind::Y2, axis));
+    };
+    EXPECT_GE(sweepMemory(setAxis), 3);
+    auto const setTitle = [](Stage& stage) { return stage.session.perform(SetPlotTitle(stage.frame->id, longText)); };
+    EXPECT_GE(sweepMemory(setTitle), 3);
 }
 
 TEST(WithoutMemory, AValueIsSetWhollyOrNotAtAll)

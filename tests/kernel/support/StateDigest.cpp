@@ -36,6 +36,11 @@ void addFrame(std::ostream& out, Frame const& frame)
         << frame.contourLog << frame.contourLines << frame.contourLabels << frame.showVectors << frame.equalVectors
         << frame.showMesh << frame.showCuts << frame.stretchAxes << frame.parallelProjection << frame.showLines
         << frame.showSymbols << frame.logX << frame.logY << ' ' << frame.solutionTime << '\n';
+    out << "line axes " << frame.logY2 << ' ' << frame.lineAxes.title;
+    for (LineAxis const& axis : frame.lineAxes.axes) {
+        out << ' ' << axis.isFixed << ' ' << axis.min << ' ' << axis.max << ' ' << axis.title;
+    }
+    out << '\n';
     ContourColours const& colours = frame.contourColours;
     out << "colours " << colours.isFixed << ' ' << colours.min << ' ' << colours.max << ' ' << colours.levels << ' '
         << static_cast<int>(colours.map) << '\n';
@@ -48,7 +53,7 @@ void addFrame(std::ostream& out, Frame const& frame)
         out << "map " << map.id << ' ' << map.name << ' ' << map.zone << ' ' << map.xVariable << ' ' << map.yVariable
             << ' ' << map.active << ' ' << map.indices[0].min << ' ' << map.look.colour << ' '
             << static_cast<int>(map.look.style) << ' ' << map.look.width << ' ' << map.look.symbols.has_value()
-            << map.look.symbols.value_or(false) << '\n';
+            << map.look.symbols.value_or(false) << map.isOnSecondAxis << '\n';
     }
     if (frame.dataSet) {
         out << stateDigest(*frame.dataSet);

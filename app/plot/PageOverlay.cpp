@@ -45,6 +45,12 @@ void PageOverlay::setMarks(std::vector<Mark> marks, QString const& emptyText)
     update();
 }
 
+void PageOverlay::setBox(QRect const& box)
+{
+    m_box = box;
+    update();
+}
+
 void PageOverlay::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
@@ -76,6 +82,14 @@ void PageOverlay::forEachSeen(QPainter& painter, QRegion const& region,
         painter.setClipRegion(visible);
         paint(m_marks[n]);
     }
+    if (m_box.isEmpty())
+        return;
+    painter.setClipping(false);
+    QColor inside = PlotTheme::accent();
+    painter.setPen(inside);
+    inside.setAlpha(32);
+    painter.setBrush(inside);
+    painter.drawRect(QRectF(m_box).adjusted(0.5, 0.5, -0.5, -0.5));
 }
 
 void PageOverlay::paintMark(QPainter& painter, Mark const& mark) const

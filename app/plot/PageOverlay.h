@@ -40,6 +40,9 @@ public:
     /// @param painter in logical pixels @param isTransparent whether nothing is behind them
     void paintMessages(QPainter& painter, bool isTransparent) const;
 
+    /// Draws a box that the user chooses over the picture; none where it is empty.
+    void setBox(QRect const& box);
+
     /// The strip at the top of a frame's content that holds the remark and a sentence with a strip of its own. Empty if
     /// there is neither, or if it would leave too little room for the picture.
     QRect strip(QRect const& content, FrameMessage const& message) const;
@@ -64,6 +67,7 @@ private:
 
     std::vector<Mark> m_marks;
     QString m_emptyText;
+    QRect m_box;
 };
 
 } // namespace veldraw::app

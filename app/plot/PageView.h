@@ -43,6 +43,7 @@ class PlaceSearch;
 /// |---|---|---|
 /// | left drag | arrows | rotates a 3D plot, moves any other |
 /// | left drag with Ctrl | | rotates a 3D plot around the place under the mouse |
+/// | left drag with Shift | | in a line plot: chooses the box that is shown from then on |
 /// | middle drag | | moves |
 /// | right drag, wheel | plus, minus | zooms |
 /// | double click | Home | fits |
@@ -219,6 +220,12 @@ private:
     bool showView(kernel::UniqueId frame, ViewPoint const& view);
     std::optional<ViewPoint> activeView();
 
+    void dragBox(QPointF const& to);
+    void zoomIntoBox(QPointF const& to);
+    void setAxes(kernel::Frame const& frame, std::map<kernel::LineAxisKind, kernel::LineAxis> const& axes,
+                 char const* step);
+    void freeAxes(kernel::Frame const& frame);
+
     void showTip(QHelpEvent const& event);
     void searchForTip(kernel::UniqueId frame, FieldView const& field, QHelpEvent const& event);
     std::vector<std::pair<int, QPointF>> probesIn(kernel::UniqueId frame) const;
@@ -247,6 +254,7 @@ private:
     QPointF m_dragPosition;
     Qt::MouseButton m_dragButton = Qt::NoButton;
     bool m_isDragging = false; // the mouse has moved too far for a click
+    bool m_isBox = false;      // the drag chooses a box
 
     kernel::UniqueId m_keptFrame = 0; // whose view was kept last
     Gesture m_keptGesture = Gesture::Command;

@@ -1,5 +1,6 @@
 // What the user does with mouse and keys in a page view.
 #include "app/plot/FieldView.h"
+#include "app/plot/LineView.h"
 #include "app/plot/PageView.h"
 #include "kernel/frames/Display.h"
 #include "platform/vdsdkcommon/AppLock.h"
@@ -54,6 +55,8 @@ void PageView::mousePressEvent(QMouseEvent* event)
     m_draggedFrame = frame->id;
     m_dragButton = event->button();
     m_isDragging = false;
+    m_isBox = event->button() == Qt::LeftButton && event->modifiers().testFlag(Qt::ShiftModifier) &&
+              dynamic_cast<LineView const*>(frameView(frame->id));
     m_pressPosition = event->localPos();
     m_dragPosition = event->localPos();
     event->accept();
@@ -69,6 +72,8 @@ void PageView::mouseMoveEvent(QMouseEvent* event)
     m_isDragging = m_isDragging || (event->localPos() - m_pressPosition).manhattanLength() >= dragDistance;
     if (!m_isDragging)
         return;
+    if (m_isBox)
+        return dragBox(event->localPos());
     Slot const& slot = m_slots.at(m_draggedFrame);
     if (!wasDragging)
         beginDrag(*view, inPicture(slot, m_pressPosition), event->modifiers());
@@ -106,6 +111,9 @@ void PageView::mouseReleaseEvent(QMouseEvent* event)
         else
             pickAt(event->pos(), isAdding);
     }
+    if (m_isBox && m_isDragging)
+        zoomIntoBox(event->localPos());
+    m_isBox = false;
     m_dragButton = Qt::NoButton;
     m_draggedFrame = 0;
     event->accept();

@@ -112,6 +112,7 @@ void PageView::fitActiveFrame()
     auto const frame = m_session.activeFrame();
     if (!frame)
         return;
+    freeAxes(*frame);
     keepView(frame->id, Gesture::Command);
     if (FrameView* const view = frameView(frame->id))
         view->fit();

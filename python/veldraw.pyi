@@ -255,6 +255,9 @@ def set_contour_variable(*, variable: _Variable) -> None:
 def set_contour_colours(*, range: Optional[Literal['shown', 'fixed']] = None, min: Optional[float] = None, max: Optional[float] = None, levels: int = 0, map: Literal['viridis', 'inferno', 'cool-to-warm', 'rainbow', 'grey'] = 'viridis') -> None:
     """Chooses the colours of the contour, and the values that they go over."""
 
+def set_value_blanking(*, on: bool = True, constraints: Optional[str] = None) -> None:
+    """Leaves cells out of the active frame where a constraint holds at all of their points."""
+
 def set_plot_type(*, type: Literal['2d', '3d', 'line']) -> None:
     """Chooses what the active frame shows."""
 

@@ -1,30 +1,12 @@
 #include "kernel/data/Blanking.h"
 
-#include "kernel/data/Zone.h"
-#include "kernel/storage/CellSlots.h"
+#include "kernel/data/ForCells.h"
 
 #include <algorithm>
 
 namespace veldraw::kernel {
 
 namespace {
-
-/// Calls @p body with the number of each cell of a zone, its slot, and its corners.
-template <typename Body>
-void forCells(Zone const& zone, Body const& body)
-{
-    std::int64_t cell = 0;
-    if (zone.isOrdered()) {
-        forOrderedCells(zone.i, zone.j, zone.k, [&](std::int64_t slot, std::int64_t const* points, std::size_t count) {
-            body(cell++, slot, points, points + count);
-        });
-        return;
-    }
-    Connectivity const* const cells = zone.connectivity.get();
-    for (; cells != nullptr && cell < cells->cellCount; ++cell) {
-        body(cell, cell, cells->indices + cells->offsets[cell], cells->indices + cells->offsets[cell + 1]);
-    }
-}
 
 bool isMarked(Buffer const* marks, std::int64_t at, unsigned char bits)
 {
@@ -39,10 +21,16 @@ std::shared_ptr<HiddenSlots const> unlessEmpty(std::shared_ptr<HiddenSlots> slot
 } // namespace
 
 Blanking::Blanking(Zone const& zone, Marks marks)
+    : Blanking(zone, std::move(marks), {})
+{
+}
+
+Blanking::Blanking(Zone const& zone, Marks marks, Slots const& more)
     : m_marks(std::move(marks))
 {
     std::int64_t const pointCount = zone.pointCount();
-    auto const points = std::make_shared<HiddenSlots>(pointCount);
+    auto const points =
+        more.points ? std::make_shared<HiddenSlots>(*more.points) : std::make_shared<HiddenSlots>(pointCount);
     for (std::int64_t point = 0; m_marks.ofPoints && point < pointCount; ++point) {
         if (isMarked(m_marks.ofPoints.get(), point, hiddenPoint)) {
             points->insert(point);
@@ -52,7 +40,8 @@ Blanking::Blanking(Zone const& zone, Marks marks)
     HiddenSlots lonely(pointCount);  // points with a hidden cell
     HiddenSlots visited(pointCount); // points with a visible cell
     forCells(zone, [&](std::int64_t cell, std::int64_t slot, std::int64_t const* first, std::int64_t const* last) {
-        bool const isHidden = isMarked(m_marks.ofCells.get(), cell, hidingCellMarks);
+        bool const isHidden = isMarked(m_marks.ofCells.get(), cell, hidingCellMarks) ||
+                              (more.cells != nullptr && more.cells->contains(slot));
         std::for_each(first, last, [&](std::int64_t point) { (isHidden ? lonely : visited).insert(point); });
         if (isHidden || std::any_of(first, last, [&](std::int64_t point) { return points->contains(point); })) {
             cells->insert(slot);

@@ -37,6 +37,16 @@ public:
     /// @throws std::bad_alloc
     Blanking(Zone const& zone, Marks marks);
 
+    /// Slots that are hidden though nothing marks them; null for none.
+    struct Slots
+    {
+        HiddenSlots const* points = nullptr; ///< as if they were marked by hiddenPoint
+        HiddenSlots const* cells = nullptr;  ///< as if they were marked by hiddenCell
+    };
+
+    /// The same with more that is hidden. marks() are those of the file alone. @throws std::bad_alloc
+    Blanking(Zone const& zone, Marks marks, Slots const& more);
+
     Marks const& marks() const { return m_marks; }
 
     /// The value slots of the hidden points or cells; null when none is hidden.

@@ -9,6 +9,7 @@ Frame::Frame(std::string frameName, Rectangle frameRectangle)
     : id(nextUniqueId())
     , name(std::move(frameName))
     , rectangle(frameRectangle)
+    , m_blankedZones(std::make_shared<BlankedZones>())
 {
     for (PlotOption const& option : plotOptions()) {
         this->*option.member = option.isOnAtFirst;
@@ -78,6 +79,9 @@ NumberSet Frame::drawnVariables() const
         if (showCuts && cut.isShown) {
             variables.insert(dataSet->variableNumber(cut.variable));
         }
+    }
+    for (BlankingConstraint const& constraint : valueBlanking.inForce(*dataSet)) {
+        variables.insert(dataSet->variableNumber(constraint.variable));
     }
     variables.erase(0); // of what has none
     return variables;

@@ -2,6 +2,7 @@
 
 #include "kernel/base/Identifier.h"
 #include "kernel/data/AuxiliaryData.h"
+#include "kernel/data/BlankedZones.h"
 #include "kernel/data/DataSet.h"
 #include "kernel/frames/ContourColours.h"
 #include "kernel/frames/Cut.h"
@@ -58,6 +59,13 @@ struct Frame
     /// Numbers of the variables whose values a field plot of the present type draws; none for other types. @throws std::bad_alloc
     NumberSet drawnVariables() const;
 
+    /// What is hidden of a zone in a field plot, by its own marks and by the value blanking; null when nothing is.
+    /// @param zone one-based number of a zone that exists. @throws std::bad_alloc
+    std::shared_ptr<Blanking const> blankingOf(int zone) const
+    {
+        return m_blankedZones->of(*dataSet, zone, valueBlanking);
+    }
+
     /// Whether a field plot shows the contour variable, as colours or as lines.
     bool hasContour() const { return showContour || contourLines; }
 
@@ -88,11 +96,15 @@ struct Frame
     bool logY;                     ///< of line plots: the vertical one
     bool logY2;                    ///< of line plots: the one at the right side
     ContourColours contourColours; ///< of field plots
+    ValueBlanking valueBlanking;   ///< of field plots
     double solutionTime = 0.0;     ///< of field plots: the moment at which strands are seen (see zonesAt()), finite
     std::vector<Cut> cuts;         ///< of field plots
     std::vector<LineMap> lineMaps;
     LinePlotAxes lineAxes; ///< of line plots
     AuxiliaryData auxiliaryData;
+
+private:
+    std::shared_ptr<BlankedZones> m_blankedZones; // known for the present value blanking
 };
 
 } // namespace veldraw::kernel

@@ -172,6 +172,7 @@ void layOut(Frame& frame)
     frame.lineMaps = std::move(lineMaps);
     frame.solutionTime = times.empty() ? 0.0 : times.front();
     frame.cuts.clear();
+    frame.valueBlanking = {};
     frame.stretchAxes = needsStretching(frame);
 }
 

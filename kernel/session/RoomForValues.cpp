@@ -45,6 +45,9 @@ public:
         for (Cut const& cut : frame.cuts) {
             add(cut.variable);
         }
+        for (BlankingConstraint const& constraint : frame.valueBlanking.inForce(m_dataSet)) {
+            add(constraint.variable);
+        }
         for (LineMap const& map : frame.lineMaps) {
             int const zone = m_dataSet.zoneNumber(map.zone);
             m_curves.insert({zone, m_dataSet.variableNumber(map.xVariable)});

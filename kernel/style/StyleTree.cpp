@@ -9,6 +9,7 @@
 #include "kernel/style/PlotOptionItem.h"
 #include "kernel/style/SessionStyleItem.h"
 #include "kernel/style/SolutionTimeItem.h"
+#include "kernel/style/ValueBlankingItem.h"
 
 #include <algorithm>
 #include <limits>
@@ -77,6 +78,9 @@ void StyleTree::addFrameItems()
         add(std::move(item));
     }
     for (std::unique_ptr<StyleItem>& item : ContourColoursItem::all(m_pages, m_performer)) {
+        add(std::move(item));
+    }
+    for (std::unique_ptr<StyleItem>& item : ValueBlankingItem::all(m_pages, m_performer)) {
         add(std::move(item));
     }
 }

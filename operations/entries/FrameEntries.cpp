@@ -4,6 +4,8 @@
 #include "kernel/operations/SetContourColours.h"
 #include "kernel/operations/SetPlotType.h"
 #include "kernel/operations/SetSolutionTime.h"
+#include "kernel/operations/SetValueBlanking.h"
+#include "operations/BlankingText.h"
 #include "operations/entries/Entries.h"
 #include "platform/vdsdkbase/VelUtilFrame.h"
 
@@ -71,6 +73,15 @@ bool setContourColours(Arguments const& arguments)
     colours.levels = arguments.number("levels");
     colours.map = static_cast<kernel::ColourMapKind>(arguments.choice("map"));
     return session().perform(kernel::SetContourColours(frame().id, colours));
+}
+
+bool setValueBlanking(Arguments const& arguments)
+{
+    kernel::ValueBlanking blanking = frame().valueBlanking;
+    blanking.isOn = arguments.flag("on");
+    if (arguments.has("constraints") && frame().dataSet)
+        blanking.constraints = constraintsOf(arguments.text("constraints"), *frame().dataSet);
+    return session().perform(kernel::SetValueBlanking(frame().id, std::move(blanking)));
 }
 
 bool setSolutionTime(Arguments const& arguments)
@@ -156,9 +167,23 @@ void addContours(Registry& registry)
                   &setContourColours});
 }
 
+void addBlanking(Registry& registry)
+{
+    registry.add({"set-value-blanking",
+                  "Value Blanking",
+                  "Leaves cells out of the active frame where a constraint holds at all of their points.",
+                  {parameter("on", Kind::Flag, "Whether cells are left out.").startingWith("yes"),
+                   parameter("constraints", Kind::Text,
+                             "What is left out, such as \"T < 300; 4 > 1e5 off\": variables by name or number, and "
+                             "off for a constraint that does not count; otherwise as before.")
+                       .startingWith("")},
+                  &setValueBlanking});
+}
+
 void addPlots(Registry& registry)
 {
     addContours(registry);
+    addBlanking(registry);
     registry.add({"set-plot-type",
                   "Plot Type",
                   "Chooses what the active frame shows.",

@@ -339,6 +339,7 @@ TEST_F(KernelOperationsTest, AreRecordedAsCommandsThatGiveTheSameBits)
           "assign-variable to=U",
           "set-plot-option option=FieldLayers/ShowMesh on=yes",
           "set-contour-colours min=-1.5 max=0.1 levels=7 map=inferno",
+          "set-value-blanking constraints=\"q < 0.1; 2 > -1e-30 off\"",
           "rename-frame name=\"\"",
           "move-frame x=1 y=1.5 width=3 height=2",
           "triangulate zones=1 keep-factor=0.1",

@@ -47,6 +47,7 @@ CASES = {
     'assign_variable': (PLANE, {'to': 'C', 'variable': 'q'}),
     'set_contour_variable': (PLANE, {'variable': 'q'}),
     'set_contour_colours': (PLANE, {'min': -1 / 3, 'max': 2, 'levels': 7, 'map': 'inferno'}),
+    'set_value_blanking': (PLANE, {'constraints': 'p < 0.1; q > 2e-5 off'}),
     'set_plot_option': (PLANE, {'option': 'FieldLayers/ShowMesh', 'on': True}),
     'set_line_plot': (LINE, {'zone': 1, 'x': 'time', 'y': 'u'}),
     'new_line_map': (LINE, {}),
@@ -70,7 +71,7 @@ BEFORE = {
 # These leave what is saved as it was.
 NO_CHANGE = {'load_variables', 'enable_zone', 'disable_zone', 'enable_variable', 'disable_variable', 'delete_auxiliary_data', 'new_frame',
              'set_frame_data', 'delete_frame', 'activate_frame', 'move_frame', 'rename_frame', 'set_plot_type', 'assign_variable', 'set_title',
-             'set_contour_variable', 'set_contour_colours', 'set_plot_option', 'set_line_plot', 'new_line_map', 'set_line_maps',
+             'set_contour_variable', 'set_contour_colours', 'set_value_blanking', 'set_plot_option', 'set_line_plot', 'new_line_map', 'set_line_maps',
              'duplicate_line_maps', 'delete_line_maps', 'set_line_axis', 'set_plot_title', 'set_solution_time'}
 
 

@@ -24,6 +24,7 @@
 #include "kernel/operations/SetPlotType.h"
 #include "kernel/operations/SetSolutionTime.h"
 #include "kernel/operations/SetValue.h"
+#include "kernel/operations/SetValueBlanking.h"
 #include "kernel/operations/SmoothVariable.h"
 #include "kernel/operations/SpatialVariables.h"
 #include "kernel/operations/Triangulate.h"
@@ -346,6 +347,12 @@ TEST(WithoutMemory, LineMapsAndStyleAreChangedWhollyOrNotAtAll)
                   return stage.session.perform(SetContourColours(stage.frame->id, colours));
               }),
               3);
+    EXPECT_GE(sweepMemory([](Stage& stage) {
+                  UniqueId const variable = stage.dataSet->variable(4)->id;
+                  ValueBlanking const blanking{true, {{variable, false, 2.0, true}, {variable, true, 7.0, true}}};
+                  return stage.session.perform(SetValueBlanking(stage.frame->id, blanking));
+              }),
+              4);
 }
 
 TEST(WithoutMemory, SlicesAreChangedWhollyOrNotAtAll)

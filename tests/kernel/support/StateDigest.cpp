@@ -44,6 +44,12 @@ void addFrame(std::ostream& out, Frame const& frame)
     ContourColours const& colours = frame.contourColours;
     out << "colours " << colours.isFixed << ' ' << colours.min << ' ' << colours.max << ' ' << colours.levels << ' '
         << static_cast<int>(colours.map) << '\n';
+    out << "blanking " << frame.valueBlanking.isOn;
+    for (BlankingConstraint const& constraint : frame.valueBlanking.constraints) {
+        out << ' ' << constraint.variable << (constraint.isAbove ? '>' : '<') << constraint.limit
+            << constraint.isActive;
+    }
+    out << '\n';
     for (Cut const& cut : frame.cuts) {
         out << "cut " << cut.id << ' ' << static_cast<int>(cut.kind) << ' ' << cut.position << ' ' << cut.normal[0]
             << ' ' << cut.normal[1] << ' ' << cut.normal[2] << ' ' << cut.origin[0] << ' ' << cut.origin[1] << ' '

@@ -27,7 +27,7 @@ kernel::ValueRange logarithmicLimits(kernel::Frame const& frame, std::vector<int
 {
     kernel::ContourColours const& colours = frame.contourColours;
     if (!colours.isFixed)
-        return ContourRange::positive(*frame.dataSet, zones, variable, frame.contourWithoutEnds);
+        return ContourRange::positive(frame, zones, variable, frame.contourWithoutEnds);
     return colours.min > 0.0 ? kernel::ValueRange{kernel::ValueRange::State::Exact, colours.min, colours.max}
                              : kernel::ValueRange{};
 }
@@ -49,7 +49,7 @@ kernel::ValueRange limitsOf(FieldLook& look, kernel::Frame const& frame, std::ve
     kernel::ContourColours const& colours = frame.contourColours;
     if (colours.isFixed)
         return {kernel::ValueRange::State::Exact, colours.min, colours.max};
-    return frame.contourWithoutEnds ? ContourRange::withoutEnds(*frame.dataSet, zones, variable) : ends;
+    return frame.contourWithoutEnds ? ContourRange::withoutEnds(frame, zones, variable) : ends;
 }
 
 // Between round numbers, which may lie beyond limits that are not typed, or as many bands as are wanted between the limits.
@@ -94,7 +94,7 @@ void setLines(FieldLook& look, kernel::Frame const& frame)
 void ContourFlood::set(FieldLook& look, kernel::Frame const& frame, std::vector<int> const& zones)
 {
     int const variable = frame.variableNumber('C');
-    kernel::ValueRange ends = ZoneRanges::of(*frame.dataSet, zones, variable);
+    kernel::ValueRange ends = ZoneRanges::of(frame, zones, variable);
     bool const isLoaded =
         std::any_of(zones.begin(), zones.end(), [&](int zone) { return hasValues(*frame.dataSet, zone, variable); });
     if (!frame.hasContour() || !isLoaded || !ends.isValid())

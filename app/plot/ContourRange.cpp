@@ -21,10 +21,13 @@ bool isInMemory(kernel::Field const* field)
     return field && !field->isPassive() && field->isLoaded() && field->group() && !field->group()->isMapped();
 }
 
-void addSample(std::vector<double>& sample, kernel::Zone const& zone, kernel::Field const& field, std::int64_t step)
+void addSample(std::vector<double>& sample, kernel::Frame const& frame, int zone, int variable, std::int64_t step)
 {
+    kernel::Field const& field = *frame.dataSet->field(zone, variable);
     FieldValues const values(&field);
-    kernel::CountedValues const counted = zone.countedValues(field.location());
+    kernel::CountedValues counted;
+    if (auto const blanking = frame.blankingOf(zone))
+        counted.hidden = blanking->hidden(field.location());
     for (std::int64_t n = 0; n < values.size(); n += step) {
         double const value = values.at(n);
         if (std::isfinite(value) && !counted.leaveOut(n))
@@ -46,8 +49,9 @@ struct Sample
     ValueRange others;
 };
 
-Sample sampleOf(kernel::DataSet const& dataSet, std::vector<int> const& zones, int variable)
+Sample sampleOf(kernel::Frame const& frame, std::vector<int> const& zones, int variable)
 {
+    kernel::DataSet const& dataSet = *frame.dataSet;
     std::int64_t total = 0;
     std::vector<int> others;
     for (int const zone : zones) {
@@ -60,8 +64,8 @@ Sample sampleOf(kernel::DataSet const& dataSet, std::vector<int> const& zones, i
     Sample sample;
     for (int const zone : zones)
         if (isInMemory(dataSet.field(zone, variable)))
-            addSample(sample.values, *dataSet.zone(zone), *dataSet.field(zone, variable), 1 + total / mostLookedAt);
-    sample.others = ZoneRanges::of(dataSet, others, variable);
+            addSample(sample.values, frame, zone, variable, 1 + total / mostLookedAt);
+    sample.others = ZoneRanges::of(frame, others, variable);
     return sample;
 }
 
@@ -92,25 +96,25 @@ void keepPositive(Sample& sample)
 
 } // namespace
 
-ValueRange ContourRange::withoutEnds(kernel::DataSet const& dataSet, std::vector<int> const& zones, int variable)
+ValueRange ContourRange::withoutEnds(kernel::Frame const& frame, std::vector<int> const& zones, int variable)
 {
-    ValueRange const whole = ZoneRanges::of(dataSet, zones, variable);
-    Sample sample = sampleOf(dataSet, zones, variable);
+    ValueRange const whole = ZoneRanges::of(frame, zones, variable);
+    Sample sample = sampleOf(frame, zones, variable);
     if (sample.values.empty())
         return whole;
     ValueRange const limits = limitsOf(sample, sample.values.size() / 100);
     return limits.min < limits.max ? limits : whole;
 }
 
-ValueRange ContourRange::positive(kernel::DataSet const& dataSet, std::vector<int> const& zones, int variable,
+ValueRange ContourRange::positive(kernel::Frame const& frame, std::vector<int> const& zones, int variable,
                                   bool isWithoutEnds)
 {
-    ValueRange const whole = ZoneRanges::of(dataSet, zones, variable);
+    ValueRange const whole = ZoneRanges::of(frame, zones, variable);
     if (!whole.isValid() || !(whole.max > 0.0))
         return {};
     if (whole.min > 0.0)
-        return isWithoutEnds ? withoutEnds(dataSet, zones, variable) : whole;
-    Sample sample = sampleOf(dataSet, zones, variable);
+        return isWithoutEnds ? withoutEnds(frame, zones, variable) : whole;
+    Sample sample = sampleOf(frame, zones, variable);
     keepPositive(sample);
     if (sample.values.empty())
         return sample.others;

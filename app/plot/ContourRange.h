@@ -1,13 +1,13 @@
 #pragma once
 
-#include "kernel/data/DataSet.h"
+#include "kernel/frames/Frame.h"
 #include "kernel/storage/ValueRange.h"
 
 #include <vector>
 
 namespace veldraw::app {
 
-/// The limits of a contour flood.
+/// The limits of a contour flood, by the values in what a frame with a data set does not leave out.
 class ContourRange
 {
 public:
@@ -17,13 +17,13 @@ public:
     /// values evenly spaced ones are looked at. Zones whose values are not in memory take part with the limits that are known of them.
     /// @param zones one-based numbers; @param variable one-based
     /// @return the whole range where nothing else is left between the limits, Unknown when there is no finite value
-    static kernel::ValueRange withoutEnds(kernel::DataSet const& dataSet, std::vector<int> const& zones, int variable);
+    static kernel::ValueRange withoutEnds(kernel::Frame const& frame, std::vector<int> const& zones, int variable);
 
     /// The lowest and highest value above 0, as logarithmic colours need them; the lowest is an estimate as above where there are values
     /// of 0 and below.
     /// @param isWithoutEnds the outermost hundredth of the values above 0 is left out at either end, as above
     /// @return Unknown when no value above 0 is known of
-    static kernel::ValueRange positive(kernel::DataSet const& dataSet, std::vector<int> const& zones, int variable,
+    static kernel::ValueRange positive(kernel::Frame const& frame, std::vector<int> const& zones, int variable,
                                        bool isWithoutEnds);
 };
 

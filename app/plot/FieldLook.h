@@ -1,9 +1,12 @@
 #pragma once
 
 #include "app/plot/PlotSpace.h"
+#include "kernel/data/Blanking.h"
 #include "kernel/frames/ContourColours.h"
 
 #include <array>
+#include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -36,6 +39,8 @@ struct FieldLook
     bool areVectorsEqual = false; ///< arrows are all of one length
     bool isParallel = false;      ///< without perspective
     bool mesh = false;
+    std::map<int, std::shared_ptr<kernel::Blanking const>>
+        blankings;        ///< what is hidden of zones by their numbers, where value blanking hides something
     bool inSpace = false; ///< lit surfaces in three dimensions
 };
 

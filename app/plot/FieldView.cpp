@@ -17,6 +17,8 @@ namespace veldraw::app {
 
 namespace {
 
+using BlankingConstraints = std::vector<kernel::BlankingConstraint>;
+
 QString variableName(kernel::DataSet const& dataSet, int number)
 {
     auto const variable = dataSet.variable(number);
@@ -205,6 +207,9 @@ QString FieldView::gap(kernel::Frame const& frame, std::vector<int> const& zones
         return tr("Zones whose coordinates are not loaded, or that have too many points, are not shown.");
     if (!frame.stretchAxes && kernel::isMereLine({space().length(0), space().length(1), space().length(2)}))
         return tr("To scale this is too thin to be seen. Plot > Stretch Axes gives each axis a scale of its own.");
+    QString const inBlanking = gapInBlanking(frame, zones);
+    if (!inBlanking.isEmpty())
+        return inBlanking;
     QString const inCuts = gapInCuts(frame, zones);
     if (!inCuts.isEmpty())
         return inCuts;
@@ -216,6 +221,22 @@ QString FieldView::gap(kernel::Frame const& frame, std::vector<int> const& zones
         return inContour;
     return frame.variableNumber('C') == 0 ? tr("No variable is assigned to the contour.")
                                           : tr("The contour variable has no values in the enabled zones.");
+}
+
+QString FieldView::gapInBlanking(kernel::Frame const& frame, std::vector<int> const& zones) const
+{
+    for (kernel::BlankingConstraint const& constraint : frame.valueBlanking.inForce(*frame.dataSet)) {
+        int const variable = frame.dataSet->variableNumber(constraint.variable);
+        for (int const zone : zones)
+            if (!hasValues(*frame.dataSet, zone, variable))
+                return tr("The variable \"%1\" of value blanking is not loaded in all zones.")
+                    .arg(variableName(*frame.dataSet, variable));
+    }
+    bool const isSeen = std::any_of(m_scene.drawings().begin(), m_scene.drawings().end(),
+                                    [](auto const& drawing) { return drawing->cellCount() > 0; });
+    return isSeen || m_look.blankings.size() < zones.size() || showsCuts(frame)
+               ? QString()
+               : tr("Value blanking leaves out all cells.");
 }
 
 QString FieldView::gapInVectors(kernel::Frame const& frame, std::vector<int> const& zones) const
@@ -260,6 +281,8 @@ QString FieldView::remark() const
         remarks << tr("Axes stretched, not to scale");
     if (m_vectors.longest() > 0.0 && !m_look.areVectorsEqual)
         remarks << tr("Longest arrow: %1").arg(m_vectors.longest(), 0, 'g', 4);
+    if (!m_look.blankings.empty())
+        remarks << tr("Cells left out by their values");
     remarks << ContourFlood::remarks(m_look);
     return remarks.join(QStringLiteral("; "));
 }
@@ -339,6 +362,9 @@ FieldLook FieldView::lookOf(kernel::Frame const& frame, std::vector<int> const& 
     look.vector = {frame.variableNumber('U'), frame.variableNumber('V'), m_inSpace ? frame.variableNumber('W') : 0};
     look.showVectors = frame.showVectors;
     look.areVectorsEqual = frame.equalVectors;
+    for (int const zone : zones)
+        if (auto blanking = frame.blankingOf(zone); blanking != frame.dataSet->zone(zone)->blanking)
+            look.blankings[zone] = std::move(blanking);
     ContourFlood::set(look, frame, zones);
     return look;
 }
@@ -349,7 +375,12 @@ bool FieldView::dependsOn(kernel::Frame const& frame, int variable) const
     auto const isOf = [&](kernel::Cut const& cut) {
         return cut.variable != 0 && frame.dataSet && frame.dataSet->variableNumber(cut.variable) == variable;
     };
+    auto const isBlanking = [&](kernel::BlankingConstraint const& constraint) {
+        return frame.dataSet->variableNumber(constraint.variable) == variable;
+    };
+    auto const constraints = frame.dataSet ? frame.valueBlanking.inForce(*frame.dataSet) : BlankingConstraints();
     return std::find(axes.begin(), axes.end(), variable) != axes.end() ||
+           std::any_of(constraints.begin(), constraints.end(), isBlanking) ||
            (showsCuts(frame) && std::any_of(frame.cuts.begin(), frame.cuts.end(), isOf)) ||
            (frame.showVectors &&
             std::find(m_look.vector.begin(), m_look.vector.end(), variable) != m_look.vector.end()) ||

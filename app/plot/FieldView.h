@@ -109,6 +109,7 @@ private:
     QString obstacle(kernel::Frame const& frame) const;
     QString obstacleInZones(kernel::Frame const& frame, std::vector<int> const& zones) const;
     QString gap(kernel::Frame const& frame, std::vector<int> const& zones) const;
+    QString gapInBlanking(kernel::Frame const& frame, std::vector<int> const& zones) const;
     QString gapInVectors(kernel::Frame const& frame, std::vector<int> const& zones) const;
     QString gapInCuts(kernel::Frame const& frame, std::vector<int> const& zones) const;
     QString remark() const;

@@ -8,8 +8,10 @@ using kernel::ValueRange;
 
 namespace {
 
-ValueRange rangeOf(kernel::DataSet const& dataSet, std::vector<int> const& zones, int variable,
-                   ValueRange const& ofPassive)
+// @param rangeIn gives the range in a zone where the variable has values
+template <typename RangeIn>
+ValueRange joined(kernel::DataSet const& dataSet, std::vector<int> const& zones, int variable,
+                  ValueRange const& ofPassive, RangeIn const& rangeIn)
 {
     ValueRange all;
     for (int const number : zones) {
@@ -17,7 +19,7 @@ ValueRange rangeOf(kernel::DataSet const& dataSet, std::vector<int> const& zones
         kernel::Field const* const field = dataSet.field(number, variable);
         if (!zone || !field || zone->pointCount() <= 0)
             continue;
-        ValueRange const own = field->isPassive() ? ofPassive : zone->range(variable);
+        ValueRange const own = field->isPassive() ? ofPassive : rangeIn(number);
         if (!own.isValid())
             continue;
         all.min = all.isValid() ? std::min(all.min, own.min) : own.min;
@@ -29,14 +31,15 @@ ValueRange rangeOf(kernel::DataSet const& dataSet, std::vector<int> const& zones
 
 } // namespace
 
-ValueRange ZoneRanges::of(kernel::DataSet const& dataSet, std::vector<int> const& zones, int variable)
+ValueRange ZoneRanges::of(kernel::Frame const& frame, std::vector<int> const& zones, int variable)
 {
-    return rangeOf(dataSet, zones, variable, {});
+    return joined(*frame.dataSet, zones, variable, {}, [&](int zone) { return frame.rangeOf(zone, variable); });
 }
 
 ValueRange ZoneRanges::ofCoordinate(kernel::DataSet const& dataSet, std::vector<int> const& zones, int variable)
 {
-    return rangeOf(dataSet, zones, variable, {ValueRange::State::Exact, 0.0, 0.0});
+    return joined(dataSet, zones, variable, {ValueRange::State::Exact, 0.0, 0.0},
+                  [&](int zone) { return dataSet.zone(zone)->range(variable); });
 }
 
 } // namespace veldraw::app

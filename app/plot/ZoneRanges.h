@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kernel/data/DataSet.h"
+#include "kernel/frames/Frame.h"
 #include "kernel/storage/ValueRange.h"
 
 #include <vector>
@@ -11,11 +11,11 @@ namespace veldraw::app {
 class ZoneRanges
 {
 public:
-    /// @param zones one-based numbers; @param variable one-based
+    /// What a frame with a data set does not leave out. @param zones one-based numbers; @param variable one-based
     /// @return Unknown when there is no finite value; zones where the variable is passive take no part
-    static kernel::ValueRange of(kernel::DataSet const& dataSet, std::vector<int> const& zones, int variable);
+    static kernel::ValueRange of(kernel::Frame const& frame, std::vector<int> const& zones, int variable);
 
-    /// The same for a coordinate: points lie at 0 where it is passive.
+    /// Of a coordinate: points lie at 0 where it is passive. What value blanking hides takes part, so that the axes stand still.
     static kernel::ValueRange ofCoordinate(kernel::DataSet const& dataSet, std::vector<int> const& zones, int variable);
 };
 

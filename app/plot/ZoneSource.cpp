@@ -44,7 +44,8 @@ GeometryKey geometryKeyOf(kernel::DataSet const& dataSet, int number, FieldLook 
     key.dimensions = {zone.i, zone.j, zone.k};
     key.isScattered = zone.isScattered;
     key.cells = zone.connectivity;
-    key.blanking = zone.blanking;
+    auto const blanking = look.blankings.find(number);
+    key.blanking = blanking == look.blankings.end() ? zone.blanking : blanking->second;
     for (std::size_t axis = 0; axis < look.axes.size(); ++axis)
         key.coordinates[axis] = revisionOf(dataSet.field(number, look.axes[axis]));
     key.space = look.space;

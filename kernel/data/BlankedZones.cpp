@@ -1,6 +1,7 @@
 #include "kernel/data/BlankedZones.h"
 
 #include "kernel/data/DataSet.h"
+#include "kernel/storage/RangeOfParts.h"
 
 namespace veldraw::kernel {
 
@@ -36,8 +37,33 @@ std::shared_ptr<Blanking const> BlankedZones::of(DataSet const& dataSet, int zon
     }
     forgetMissing(dataSet);
     auto hidden = blankedBy(values, found);
-    m_known[found.id] = {std::move(source), hidden};
+    m_known[found.id] = {std::move(source), hidden, {}};
     return hidden;
+}
+
+ValueRange BlankedZones::rangeOf(DataSet const& dataSet, int zone, int variable, ValueBlanking const& blanking)
+{
+    Zone const& found = *dataSet.zones()[static_cast<std::size_t>(zone - 1)];
+    Field const& field = *dataSet.field(zone, variable);
+    auto const hidden = of(dataSet, zone, blanking);
+    if (hidden == found.blanking || field.isPassive() || !field.isLoaded() || field.group()->isMapped()) {
+        return found.range(variable); // mapped values are not read for a range
+    }
+    constexpr std::size_t mostRanges = 8;
+    auto& ranges = m_known.at(found.id).ranges;
+    UniqueId const revision = field.group()->revision();
+    auto const known = ranges.find(revision);
+    if (known != ranges.end()) {
+        return known->second;
+    }
+    CountedValues counted = found.countedValues(field.location());
+    counted.hidden = hidden->hidden(field.location());
+    ValueRange const range = RangeOfParts().range(*field.group()->buffer(), counted, nullptr);
+    if (ranges.size() == mostRanges) {
+        ranges.clear(); // most are of values that were edited
+    }
+    ranges[revision] = range;
+    return range;
 }
 
 void BlankedZones::forgetMissing(DataSet const& dataSet)

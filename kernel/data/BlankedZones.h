@@ -16,6 +16,10 @@ public:
     /// @param zone one-based number of a zone that exists. @throws std::bad_alloc
     std::shared_ptr<Blanking const> of(DataSet const& dataSet, int zone, ValueBlanking const& blanking);
 
+    /// Range of the finite values of a variable that are not hidden, as Zone::range() tells it; an estimate where values are mapped.
+    /// @param variable one-based number of a variable that exists. @throws std::bad_alloc
+    ValueRange rangeOf(DataSet const& dataSet, int zone, int variable, ValueBlanking const& blanking);
+
 private:
     /// What the hidden part of a zone was found from.
     struct Source
@@ -32,6 +36,7 @@ private:
     {
         Source source;
         std::shared_ptr<Blanking const> hidden;
+        std::map<UniqueId, ValueRange> ranges; // of what is not hidden, by revisions of values
     };
 
     void forgetMissing(DataSet const& dataSet);

@@ -66,6 +66,13 @@ struct Frame
         return m_blankedZones->of(*dataSet, zone, valueBlanking);
     }
 
+    /// Range of a variable in what is not hidden of a zone, as Zone::range() tells it. @param zone, variable numbers that exist
+    /// @throws std::bad_alloc
+    ValueRange rangeOf(int zone, int variable) const
+    {
+        return m_blankedZones->rangeOf(*dataSet, zone, variable, valueBlanking);
+    }
+
     /// Whether a field plot shows the contour variable, as colours or as lines.
     bool hasContour() const { return showContour || contourLines; }
 

@@ -287,10 +287,11 @@ TEST(RangeAboveZero, HasTheLowestAndHighestOfThousandsOfValuesAboveZero)
     }
     std::sort(above.begin(), above.end());
     ASSERT_GT(above.size(), 2500U);
-    ValueRange const whole = ContourRange::positive(*set, {1}, 3, false);
+    auto const frame = SampleData::frame("Sheet", set, PlotType_Cartesian2D);
+    ValueRange const whole = ContourRange::positive(*frame, {1}, 3, false);
     EXPECT_EQ(whole.min, above.front());
     EXPECT_EQ(whole.max, above.back());
-    ValueRange const inner = ContourRange::positive(*set, {1}, 3, true);
+    ValueRange const inner = ContourRange::positive(*frame, {1}, 3, true);
     EXPECT_EQ(inner.min, above[above.size() / 100]);
     EXPECT_EQ(inner.max, above[above.size() - 1 - above.size() / 100]);
 }

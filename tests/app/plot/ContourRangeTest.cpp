@@ -29,6 +29,11 @@ std::shared_ptr<kernel::DataSet> sheetOf(int side, std::vector<double> const& va
     return set;
 }
 
+std::shared_ptr<kernel::Frame> frameOf(int side, std::vector<double> const& values)
+{
+    return SampleData::frame("Sheet", sheetOf(side, values), PlotType_Cartesian2D);
+}
+
 std::vector<double> randomValues(int count)
 {
     std::mt19937 random(11);
@@ -43,7 +48,7 @@ std::vector<double> randomValues(int count)
 TEST(RangeWithoutEnds, LeavesOutAHundredthAtEitherEnd)
 {
     std::vector<double> values = randomValues(90 * 90);
-    ValueRange const range = ContourRange::withoutEnds(*sheetOf(90, values), {1}, 3);
+    ValueRange const range = ContourRange::withoutEnds(*frameOf(90, values), {1}, 3);
     std::sort(values.begin(), values.end());
     ASSERT_TRUE(range.isValid());
     EXPECT_EQ(range.min, values[81]);
@@ -55,7 +60,7 @@ TEST(RangeWithoutEnds, TakesNoNoticeOfWhatIsNoNumber)
     std::vector<double> values = randomValues(30 * 30);
     for (std::size_t n = 0; n < 300; ++n)
         values[3 * n] = n % 2 == 0 ? std::numeric_limits<double>::quiet_NaN() : std::numeric_limits<double>::infinity();
-    ValueRange const range = ContourRange::withoutEnds(*sheetOf(30, values), {1}, 3);
+    ValueRange const range = ContourRange::withoutEnds(*frameOf(30, values), {1}, 3);
     values.erase(std::remove_if(values.begin(), values.end(), [](double value) { return !std::isfinite(value); }),
                  values.end());
     ASSERT_EQ(values.size(), 600U);
@@ -67,7 +72,7 @@ TEST(RangeWithoutEnds, TakesNoNoticeOfWhatIsNoNumber)
 TEST(RangeWithoutEnds, IsNearTheTrueOneWhereOnlySomeOfManyValuesAreLookedAt)
 {
     std::vector<double> values = randomValues(1000 * 1000);
-    ValueRange const range = ContourRange::withoutEnds(*sheetOf(1000, values), {1}, 3);
+    ValueRange const range = ContourRange::withoutEnds(*frameOf(1000, values), {1}, 3);
     std::sort(values.begin(), values.end());
     EXPECT_GT(range.min, values[9000]);
     EXPECT_LT(range.min, values[11000]);
@@ -79,12 +84,12 @@ TEST(RangeWithoutEnds, IsTheWholeOneWhereNothingElseIsLeft)
 {
     std::vector<double> values(400, 2.0);
     values[7] = 90.0;
-    ValueRange const range = ContourRange::withoutEnds(*sheetOf(20, values), {1}, 3);
+    ValueRange const range = ContourRange::withoutEnds(*frameOf(20, values), {1}, 3);
     EXPECT_EQ(range.min, 2.0);
     EXPECT_EQ(range.max, 90.0) << "one colour for everything would hide the only thing to be seen";
-    EXPECT_FALSE(ContourRange::withoutEnds(*sheetOf(20, values), {}, 3).isValid());
+    EXPECT_FALSE(ContourRange::withoutEnds(*frameOf(20, values), {}, 3).isValid());
     std::fill(values.begin(), values.end(), std::numeric_limits<double>::quiet_NaN());
-    EXPECT_FALSE(ContourRange::withoutEnds(*sheetOf(20, values), {1}, 3).isValid());
+    EXPECT_FALSE(ContourRange::withoutEnds(*frameOf(20, values), {1}, 3).isValid());
 }
 
 TEST(RangeWithoutEnds, LetsOneHotCornerNotSpoilThePlot)

@@ -257,6 +257,47 @@ ZoneDimensions DeferredLoad::dimensionsOf(Zone const& zone) const
     return size != nullptr ? *size : ZoneDimensions{zone.i, zone.j, zone.k, zone.connectivity, zone.blanking};
 }
 
+void DeferredLoad::obey(ValueBlanking const& blanking, int zone)
+{
+    Obeyed obeyed{blanking.inForce(m_dataSet), nullptr, false};
+    for (BlankingConstraint const& constraint : obeyed.constraints) {
+        addField(zone, m_dataSet.variableNumber(constraint.variable));
+    }
+    if (!obeyed.constraints.empty()) {
+        m_obeyed[m_dataSet.zone(zone)->id] = std::move(obeyed);
+    }
+}
+
+std::vector<ConstrainedValues> DeferredLoad::constrainedValues(Zone const& zone, Obeyed const& obeyed) const
+{
+    std::vector<ConstrainedValues> values;
+    for (BlankingConstraint const& constraint : obeyed.constraints) {
+        Field const& field = zone.fields[static_cast<std::size_t>(m_dataSet.variableNumber(constraint.variable) - 1)];
+        values.push_back({constraint, valuesOf(field), field.location()});
+    }
+    return values;
+}
+
+ZoneDimensions DeferredLoad::blankedDimensionsOf(Zone const& zone) const
+{
+    ZoneDimensions dimensions = dimensionsOf(zone);
+    std::lock_guard const alone(m_obeyedAccess);
+    auto const found = m_obeyed.find(zone.id);
+    if (found == m_obeyed.end()) {
+        return dimensions;
+    }
+    Obeyed& obeyed = found->second;
+    if (!obeyed.isKnown) {
+        Zone shape({}, zone.type, 0, 0, 0);
+        shape.isScattered = zone.isScattered;
+        shape.setDimensions(dimensions);
+        obeyed.hidden = blankedBy(constrainedValues(zone, obeyed), shape);
+        obeyed.isKnown = true;
+    }
+    dimensions.blanking = obeyed.hidden;
+    return dimensions;
+}
+
 std::int64_t DeferredLoad::valueCount(Zone const& zone, ValueLocation_e location) const
 {
     ZoneDimensions const size = dimensionsOf(zone);

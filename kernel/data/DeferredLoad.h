@@ -2,11 +2,13 @@
 
 #include "kernel/base/Progress.h"
 #include "kernel/data/FetchedValues.h"
+#include "kernel/data/ValueBlanking.h"
 #include "kernel/data/ZonesAndVariables.h"
 #include "kernel/events/StateChangeEvent.h"
 
 #include <map>
 #include <memory>
+#include <mutex>
 #include <set>
 #include <string>
 #include <vector>
@@ -36,6 +38,9 @@ public:
     /// before is not loaded again. Numbers are one-based and exist.
     void addDimensions(int zone);
     void addField(int zone, int variable); ///< with the dimensions of the zone
+
+    /// Has blankedDimensionsOf() leave out what @p blanking hides of a zone, and adds the values that it takes to know that.
+    void obey(ValueBlanking const& blanking, int zone);
 
     /// Replaces, with commit(), the set of variables whose values stay loaded in a zone.
     void addWanted(int zone, std::shared_ptr<std::set<UniqueId> const> variables);
@@ -81,6 +86,9 @@ public:
     /// The dimensions, cells and blanking that the zone has or that were loaded here.
     ZoneDimensions dimensionsOf(Zone const& zone) const;
 
+    /// The same with what the value blanking hides that obey() was told of. On any thread. @throws std::bad_alloc
+    ZoneDimensions blankedDimensionsOf(Zone const& zone) const;
+
     /// Number of slots of a field of @p zone, by the dimensions that the zone has or that were loaded here.
     std::int64_t valueCount(Zone const& zone, ValueLocation_e location) const;
 
@@ -108,6 +116,14 @@ private:
         std::shared_ptr<std::set<UniqueId> const> variables;
     };
 
+    struct Obeyed
+    {
+        std::vector<BlankingConstraint> constraints;
+        std::shared_ptr<Blanking const> hidden;
+        bool isKnown = false;
+    };
+
+    std::vector<ConstrainedValues> constrainedValues(Zone const& zone, Obeyed const& obeyed) const;
     void loadDimensions(Progress& progress);
     std::shared_ptr<Buffer> announcedValues(ShareGroup const& group, std::int64_t size, Progress& progress) const;
     ZoneDimensions broughtDimensions(std::shared_ptr<DimensionsLoader> const& loader, Progress& progress) const;
@@ -125,6 +141,8 @@ private:
     std::vector<Values> m_values; // in the order in which they were added
     std::vector<Size> m_sizes;
     std::vector<Wanted> m_wanted;
+    mutable std::mutex m_obeyedAccess;
+    mutable std::map<UniqueId, Obeyed> m_obeyed; // by zones
     std::set<ShareGroup const*> m_needed;
     std::map<ShareGroup const*, std::size_t> m_placesOfValues;
     std::map<DimensionsLoader const*, std::size_t> m_placesOfSizes;

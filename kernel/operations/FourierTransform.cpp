@@ -3,6 +3,7 @@
 #include "kernel/base/Parallel.h"
 #include "kernel/base/SystemMemory.h"
 #include "kernel/base/Text.h"
+#include "kernel/frames/Pages.h"
 #include "kernel/operations/FourierResults.h"
 #include "kernel/operations/ReportText.h"
 
@@ -51,6 +52,15 @@ FourierTransform::FourierTransform(DataSet const& dataSet, int independent, Numb
     , m_sources(std::move(sources))
     , m_choice(choice)
 {
+}
+
+std::string FourierTransform::find(Pages const& pages)
+{
+    std::string const reason = DataSetOperation::find(pages);
+    std::shared_ptr<Frame> const active = pages.activeFrame();
+    bool const obeysFrame = m_choice.obeyBlanking && active && active->dataSet == dataSet();
+    m_valueBlanking = obeysFrame ? active->valueBlanking : ValueBlanking();
+    return reason;
 }
 
 std::string FourierTransform::reasonAgainst() const
@@ -130,6 +140,7 @@ std::shared_ptr<DeferredLoad> FourierTransform::needs()
     m_load = std::make_shared<DeferredLoad>(*dataSet());
     for (int const zone : m_sources) {
         m_load->addField(zone, m_independent);
+        m_load->obey(m_valueBlanking, zone);
         for (int const variable : m_dependents) {
             m_load->addField(zone, variable);
         }
@@ -158,7 +169,7 @@ void FourierTransform::compute(Progress& progress)
 
 std::shared_ptr<SignalAxis const> FourierTransform::makeAxis(int zone, Progress const& progress) const
 {
-    ZoneDimensions const size = m_load->dimensionsOf(*dataSet()->zone(zone));
+    ZoneDimensions const size = m_load->blankedDimensionsOf(*dataSet()->zone(zone));
     Zone const shape(dataSet()->zone(zone)->name, dataSet()->zone(zone)->type, size.i, size.j, size.k);
     std::string const reason = reasonAgainstShape(shape);
     if (!reason.empty()) {

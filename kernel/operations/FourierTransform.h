@@ -26,7 +26,7 @@ public:
     struct Choice
     {
         SpectrumChoice spectrum;
-        bool obeyBlanking = false;     ///< hidden points and cells are left out
+        bool obeyBlanking = false;     ///< hidden points and cells are left out, those of the active frame too
         bool replaceZones = false;     ///< results are written over the latest zone of the same source
         bool replaceVariables = false; ///< and to the latest variables of the same dependent variable
     };
@@ -36,6 +36,7 @@ public:
     /// @param independent one-based number, @param dependents, @param sources one-based numbers
     FourierTransform(DataSet const& dataSet, int independent, NumberSet dependents, NumberSet sources, Choice choice);
 
+    std::string find(Pages const& pages) override;
     std::string name() const override { return "Discrete Fourier Transform"; }
     CommandText command() const override;
     std::string reasonAgainst() const override;
@@ -65,6 +66,7 @@ private:
     NumberSet m_dependents;
     NumberSet m_sources;
     Choice m_choice;
+    ValueBlanking m_valueBlanking; // of the active frame
     std::shared_ptr<DeferredLoad> m_load;
     std::vector<std::shared_ptr<SignalAxis const>> m_axes; // of the sources
     std::vector<std::shared_ptr<Buffer>> m_frequencies;    // of the sources

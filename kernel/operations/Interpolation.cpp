@@ -77,6 +77,7 @@ std::shared_ptr<DeferredLoad> Interpolation::needs()
     NumberSet zones = m_sources;
     zones.insert(m_destination);
     for (int const zone : zones) {
+        m_load->obey(frame()->valueBlanking, zone);
         for (int axis = 0; axis < dimensions(); ++axis) {
             m_load->addField(zone, frame()->axisVariables()[static_cast<std::size_t>(axis)]);
         }
@@ -95,7 +96,7 @@ ValuePlaces Interpolation::places(int zone, ValueLocation_e location) const
         coordinates[static_cast<std::size_t>(axis)] =
             values(zone, frame()->axisVariables()[static_cast<std::size_t>(axis)]);
     }
-    return {found.type, m_load->dimensionsOf(found), std::move(coordinates), dimensions(), location};
+    return {found.type, m_load->blankedDimensionsOf(found), std::move(coordinates), dimensions(), location};
 }
 
 std::shared_ptr<Buffer const> Interpolation::values(int zone, int variable) const

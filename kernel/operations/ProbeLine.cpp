@@ -99,6 +99,7 @@ std::shared_ptr<DeferredLoad> ProbeLine::needs()
     m_load = std::make_shared<DeferredLoad>(dataSet());
     for (int const zone : m_zones) {
         m_load->addDimensions(zone);
+        m_load->obey(frame()->valueBlanking, zone);
         for (int variable = 1; variable <= dataSet().variableCount(); ++variable) {
             m_load->addField(zone, variable);
         }

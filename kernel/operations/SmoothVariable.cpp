@@ -122,6 +122,7 @@ std::shared_ptr<DeferredLoad> SmoothVariable::needs()
 {
     m_load = std::make_shared<DeferredLoad>(dataSet());
     m_load->addField(m_zone, m_variable);
+    m_load->obey(frame()->valueBlanking, m_zone);
     return m_load;
 }
 
@@ -129,7 +130,7 @@ void SmoothVariable::compute(Progress& progress)
 {
     auto const start = std::chrono::steady_clock::now();
     m_result.reset();
-    ZoneDimensions const size = m_load->dimensionsOf(zone());
+    ZoneDimensions const size = m_load->blankedDimensionsOf(zone());
     std::shared_ptr<Buffer const> const old = m_load->valuesOf(*field().group());
     SmoothingValues values(old, size.blanking ? size.blanking->hidden(field().location()) : nullptr);
     SmoothingOutcome const outcome = smooth(values, progress);

@@ -17,7 +17,7 @@ std::string reasonAgainstCells(std::string const& zoneName, int dimensionality, 
 ZoneCells sourceCells(Frame const& frame, DeferredLoad const& load, int zone, int dimensions)
 {
     Zone const& found = *frame.dataSet->zone(zone);
-    ZoneDimensions const size = load.dimensionsOf(found);
+    ZoneDimensions const size = load.blankedDimensionsOf(found);
     Zone measured({}, found.type, size.i, size.j, size.k);
     measured.connectivity = size.connectivity;
     std::string const reason = reasonAgainstCells(found.name, measured.dimensionality(), dimensions);

@@ -110,9 +110,9 @@ std::shared_ptr<DeferredLoad> Triangulate::needs()
 {
     m_load = std::make_shared<DeferredLoad>(dataSet());
     for (int const zone : allZones()) {
-        for (std::size_t axis = 0; axis < 2; ++axis) {
-            m_load->addField(zone, frame()->axisVariables()[axis]);
-        }
+        m_load->obey(frame()->valueBlanking, zone);
+        m_load->addField(zone, frame()->axisVariables()[0]);
+        m_load->addField(zone, frame()->axisVariables()[1]);
         bool const givesValues = m_includeBoundaryPoints || m_sources.count(zone) > 0;
         for (int variable = 1; givesValues && variable <= dataSet().variableCount(); ++variable) {
             m_load->addField(zone, variable);
@@ -157,7 +157,7 @@ void Triangulate::collectZones()
     };
     auto const add = [&](int number, bool isBoundary) {
         Zone const& zone = *dataSet().zone(number);
-        ZoneDimensions const size = m_load->dimensionsOf(zone);
+        ZoneDimensions const size = m_load->blankedDimensionsOf(zone);
         std::string const reason =
             isBoundary ? reasonAgainstBoundary({zone.name, zone.type, size.i, size.j, size.k}) : "";
         if (!reason.empty()) {
@@ -338,7 +338,7 @@ NewField Triangulate::makeField(int variable, Progress& progress)
         std::shared_ptr<Buffer const> buffer = m_load->valuesOf(field);
         if (field.location() == ValueLocation_CellCentered) {
             Zone const& zone = *dataSet().zone(part.zone);
-            buffer = meansAtPoints(zone.type, m_load->dimensionsOf(zone), *buffer, progress);
+            buffer = meansAtPoints(zone.type, m_load->blankedDimensionsOf(zone), *buffer, progress);
         }
         type = type ? commonType(*type, buffer->type()) : buffer->type();
         values.push_back({std::move(buffer), false});

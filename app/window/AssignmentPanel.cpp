@@ -1,11 +1,13 @@
 #include "app/window/AssignmentPanel.h"
 
+#include "app/window/BlankingBox.h"
 #include "app/window/ContourBox.h"
 #include "app/window/LineAxesBox.h"
 #include "kernel/operations/LineMapOperation.h"
 #include "kernel/operations/SetContourColours.h"
 #include "kernel/operations/SetLineAxis.h"
 #include "kernel/operations/SetPlotType.h"
+#include "kernel/operations/SetValueBlanking.h"
 #include "platform/vdsdkcommon/AppLock.h"
 
 #include <QFormLayout>
@@ -34,6 +36,7 @@ AssignmentPanel::AssignmentPanel(kernel::Session& session, QWidget* parent)
     , m_lineGroup(makeLineGroup())
     , m_contour(new ContourBox)
     , m_lineAxes(new LineAxesBox)
+    , m_blanking(new BlankingBox)
     , m_area(new QScrollArea)
     , m_follower(session, [this] { refresh(); })
 {
@@ -46,6 +49,7 @@ AssignmentPanel::AssignmentPanel(kernel::Session& session, QWidget* parent)
     layout->addWidget(m_lineGroup);
     layout->addWidget(m_contour);
     layout->addWidget(m_lineAxes);
+    layout->addWidget(m_blanking);
     layout->addStretch();
     m_area->setWidget(content);
     m_area->setWidgetResizable(true); // scrolls where the window is low
@@ -58,6 +62,7 @@ AssignmentPanel::AssignmentPanel(kernel::Session& session, QWidget* parent)
     whole->addWidget(m_area);
     connect(m_contour, &ContourBox::chosen, this, &AssignmentPanel::chooseColours);
     followLineAxes();
+    connect(m_blanking, &BlankingBox::chosen, this, &AssignmentPanel::chooseBlanking);
     refresh();
 }
 
@@ -143,6 +148,7 @@ void AssignmentPanel::refresh()
     m_lineGroup->setVisible(isLine);
     m_contour->setVisible(isField);
     m_lineAxes->setVisible(isLine);
+    m_blanking->setVisible(isField);
     m_notice->setVisible(!isField && !isLine);
     m_notice->setText(hasData ? QStringLiteral("This plot type shows no variables.")
                               : QStringLiteral("The active frame has no data. Open a file to plot it."));
@@ -165,6 +171,7 @@ void AssignmentPanel::refreshField(kernel::Frame const& frame)
         m_labels.at(assignment)->setVisible(isUsed);
     }
     m_contour->show(frame);
+    m_blanking->show(frame, variableChoices(m_session, {}));
 }
 
 void AssignmentPanel::refreshLine(kernel::Frame const& frame)
@@ -238,6 +245,17 @@ void AssignmentPanel::fitLineAxes()
         perform(kernel::SetLineAxis(frame->id, static_cast<kernel::LineAxisKind>(n), axis));
     }
     m_session.history().endGroup();
+}
+
+void AssignmentPanel::chooseBlanking(kernel::ValueBlanking const& blanking)
+{
+    auto const frame = m_session.activeFrame();
+    if (!frame || sdk::AppLock::depth() > 0)
+        return;
+    sdk::AppLock const lock(sdk::AppLock::RecordAsUsual);
+    if (!m_session.perform(kernel::SetValueBlanking(frame->id, blanking)))
+        Q_EMIT editRefused();
+    m_follower.schedule(); // the fields show what is in force
 }
 
 void AssignmentPanel::assignLine()

@@ -13,11 +13,12 @@ class QScrollArea;
 
 namespace veldraw::app {
 
+class BlankingBox;
 class ContourBox;
 class LineAxesBox;
 
-/// What the "Plot" dock shows: which variables stand on the axes, make up the vector and colour the contours of a field plot,
-/// and zone, variables and axes of a line plot. It shows the part that the active frame's plot type uses.
+/// What the "Plot" dock shows: which variables stand on the axes, make up the vector and colour the contours of a field plot, its colours
+/// and what is left out of it; and zone, variables and axes of a line plot. It shows the part that the active frame's plot type uses.
 class AssignmentPanel : public QWidget
 {
     Q_OBJECT
@@ -54,6 +55,7 @@ private:
     void perform(kernel::Operation&& operation);
     void fitLineAxes();
     void chooseColours(kernel::ContourColours const& colours);
+    void chooseBlanking(kernel::ValueBlanking const& blanking);
 
     kernel::Session& m_session;
     QLabel* m_notice;
@@ -66,6 +68,7 @@ private:
     QGroupBox* m_lineGroup;
     ContourBox* m_contour;
     LineAxesBox* m_lineAxes;
+    BlankingBox* m_blanking;
     QScrollArea* m_area;
     SessionFollower m_follower;
 };

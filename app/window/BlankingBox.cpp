@@ -23,7 +23,7 @@ double stepIn(kernel::DataSet const& dataSet, int variable)
 
 BlankingBox::BlankingBox(QWidget* parent)
     : QGroupBox(QStringLiteral("Value blanking"), parent)
-    , m_on(new QCheckBox(QStringLiteral("Leave out cells by their values")))
+    , m_on(new QCheckBox(QStringLiteral("Leave out cells")))
     , m_list(new QVBoxLayout)
     , m_add(new QPushButton(QStringLiteral("Add Constraint")))
 {

@@ -17,12 +17,12 @@ using namespace kernel;
 
 namespace {
 
-constexpr int side = 12;
-constexpr int P = 3;
-constexpr int Q = 4;
-constexpr double limit = 0.2;
+constexpr int pointsAlong = 12;
+constexpr int variableP = 3;
+constexpr int variableQ = 4;
+constexpr double leastQ = 0.2;
 
-double waveAt(int n)
+double rippleAt(int n)
 {
     return std::sin(0.7 * n) + 0.1 * std::cos(3.1 * n);
 }
@@ -31,7 +31,7 @@ double waveAt(int n)
 std::vector<double> marksOfCells(std::vector<double> const& q, int columns, int rows)
 {
     std::vector<double> marks;
-    auto const isOut = [&q](int point) { return q[static_cast<std::size_t>(point)] < limit; };
+    auto const isOut = [&q](int point) { return q[static_cast<std::size_t>(point)] < leastQ; };
     for (int row = 0; row < std::max(rows - 1, 1); ++row) {
         for (int column = 0; column + 1 < columns; ++column) {
             int const point = column + columns * row;
@@ -51,15 +51,15 @@ enum class Way
 };
 
 /// A plane of Q in stripes, a second zone inside it, and a line, in a 2D plot.
-class Stage
+class BlankedStage
 {
 public:
-    explicit Stage(Way way, bool isLoaded = true)
+    explicit BlankedStage(Way way, bool isLoaded = true)
     {
         for (char const* const name : {"X", "Y", "P", "Q"}) {
             data->addVariable(std::make_shared<Variable>(name));
         }
-        add("plane", side, side, 1.0, way, isLoaded);
+        add("plane", pointsAlong, pointsAlong, 1.0, way, isLoaded);
         add("target", 7, 7, 1.4, Way::Whole, true);
         add("line", 64, 1, 0.25, way, isLoaded);
         frame->dataSet = data;
@@ -67,12 +67,12 @@ public:
         frame->axes2D = {data->variable(1)->id, data->variable(2)->id};
         session.openPage({frame});
         if (way == Way::ByValues) {
-            frame->valueBlanking = {true, {{data->variable(Q)->id, false, limit, true}}};
+            frame->valueBlanking = {true, {{data->variable(variableQ)->id, false, leastQ, true}}};
         }
     }
 
     /// All values that there are, after an operation.
-    std::vector<double> after(std::function<bool(Stage&)> const& operation)
+    std::vector<double> after(std::function<bool(BlankedStage&)> const& operation)
     {
         EXPECT_TRUE(operation(*this)) << session.lastError();
         std::vector<double> all;
@@ -90,7 +90,7 @@ public:
     }
 
     Session session;
-    std::shared_ptr<DataSet> data = std::make_shared<DataSet>("Stage");
+    std::shared_ptr<DataSet> data = std::make_shared<DataSet>("BlankedStage");
     std::shared_ptr<Frame> frame = std::make_shared<Frame>("Frame", Rectangle{});
 
 private:
@@ -102,7 +102,7 @@ private:
             for (int column = 0; column < columns; ++column) {
                 values[0].push_back(step * column + 0.01 * row);
                 values[1].push_back(step * row + 0.02 * column);
-                values[2].push_back(waveAt(column + 5 * row));
+                values[2].push_back(rippleAt(column + 5 * row));
                 values[3].push_back((column / 4 + row / 4) % 2 == 0 ? 0.0 : 1.0);
             }
         }
@@ -110,7 +110,8 @@ private:
             zone->fields.push_back(sample::field(each, FieldDataType_Double));
         }
         if (!isLoaded) {
-            zone->fields[Q - 1] = sample::Loader::field(std::make_shared<sample::Loader>(values[Q - 1]));
+            zone->fields[variableQ - 1] =
+                sample::Loader::field(std::make_shared<sample::Loader>(values[variableQ - 1]));
         }
         if (way == Way::ByMarks) {
             auto const marks = sample::buffer(marksOfCells(values[3], columns, rows), FieldDataType_Byte);
@@ -123,7 +124,7 @@ private:
 struct Obeying
 {
     char const* name;
-    std::function<bool(Stage&)> perform;
+    std::function<bool(BlankedStage&)> perform;
 };
 
 std::ostream& operator<<(std::ostream& stream, Obeying const& operation)
@@ -131,16 +132,16 @@ std::ostream& operator<<(std::ostream& stream, Obeying const& operation)
     return stream << operation.name;
 }
 
-bool smoothPlane(Stage& stage)
+bool smoothPlane(BlankedStage& stage)
 {
-    return stage.session.perform(SmoothVariable(stage.frame->id, 1, P, 3, 0.5, BoundaryCondition_FirstOrder));
+    return stage.session.perform(SmoothVariable(stage.frame->id, 1, variableP, 3, 0.5, BoundaryCondition_FirstOrder));
 }
 
-bool transformLine(Stage& stage, bool obeys)
+bool transformLine(BlankedStage& stage, bool obeys)
 {
     FourierTransform::Choice choice;
     choice.obeyBlanking = obeys;
-    return stage.session.perform(FourierTransform(*stage.data, 1, {P}, {3}, choice));
+    return stage.session.perform(FourierTransform(*stage.data, 1, {variableP}, {3}, choice));
 }
 
 class ObeyedValueBlanking : public testing::TestWithParam<Obeying>
@@ -151,10 +152,10 @@ class ObeyedValueBlanking : public testing::TestWithParam<Obeying>
 
 TEST_P(ObeyedValueBlanking, GivesWhatTheSameCellsHiddenByMarksGive)
 {
-    auto const whole = Stage(Way::Whole).after(GetParam().perform);
-    auto const marked = Stage(Way::ByMarks).after(GetParam().perform);
+    auto const whole = BlankedStage(Way::Whole).after(GetParam().perform);
+    auto const marked = BlankedStage(Way::ByMarks).after(GetParam().perform);
     EXPECT_NE(whole, marked) << "there is something to be left out";
-    EXPECT_EQ(Stage(Way::ByValues).after(GetParam().perform), marked);
+    EXPECT_EQ(BlankedStage(Way::ByValues).after(GetParam().perform), marked);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -162,55 +163,58 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         Obeying{"Smooth", smoothPlane},
         Obeying{"InverseDistance",
-                [](Stage& stage) {
-                    return stage.session.perform(InterpolateByInverseDistance(stage.frame->id, {1}, 2, {P},
+                [](BlankedStage& stage) {
+                    return stage.session.perform(InterpolateByInverseDistance(stage.frame->id, {1}, 2, {variableP},
                                                                               {PtSelection_NearestN, 6}, {3.5, 0.0}));
                 }},
         Obeying{"LinearInterpolation",
-                [](Stage& stage) {
-                    return stage.session.perform(
-                        InterpolateLinearly(stage.frame->id, {1}, 2, {P}, -3.0, LinearInterpMode_SetToConstant));
+                [](BlankedStage& stage) {
+                    return stage.session.perform(InterpolateLinearly(stage.frame->id, {1}, 2, {variableP}, -3.0,
+                                                                     LinearInterpMode_SetToConstant));
                 }},
         Obeying{"ProbeLine",
-                [](Stage& stage) {
+                [](BlankedStage& stage) {
                     return stage.session.perform(ProbeLine(stage.frame->id, {1}, {0.5, 0.5, 0}, {9.5, 8.5, 0}, 100));
                 }},
         Obeying{"Triangulate",
-                [](Stage& stage) { return stage.session.perform(Triangulate(stage.frame->id, {1}, {}, false, 0.0)); }},
-        Obeying{"FourierTransform", [](Stage& stage) { return transformLine(stage, true); }}),
+                [](BlankedStage& stage) {
+                    return stage.session.perform(Triangulate(stage.frame->id, {1}, {}, false, 0.0));
+                }},
+        Obeying{"FourierTransform", [](BlankedStage& stage) { return transformLine(stage, true); }}),
     [](auto const& test) { return std::string(test.param.name); });
 
 TEST(ValueBlankingInOperations, CountsForATransformOnlyWhereBlankingIsObeyed)
 {
-    auto const ignoring = [](Stage& stage) { return transformLine(stage, false); };
-    EXPECT_EQ(Stage(Way::ByValues).after(ignoring), Stage(Way::Whole).after(ignoring));
+    auto const ignoring = [](BlankedStage& stage) { return transformLine(stage, false); };
+    EXPECT_EQ(BlankedStage(Way::ByValues).after(ignoring), BlankedStage(Way::Whole).after(ignoring));
 }
 
 TEST(ValueBlankingInOperations, CountsNoMoreWhenItIsSwitchedOff)
 {
-    Stage stage(Way::ByValues);
+    BlankedStage stage(Way::ByValues);
     stage.frame->valueBlanking.isOn = false;
-    EXPECT_EQ(stage.after(smoothPlane), Stage(Way::Whole).after(smoothPlane));
+    EXPECT_EQ(stage.after(smoothPlane), BlankedStage(Way::Whole).after(smoothPlane));
 }
 
 TEST(ValueBlankingInOperations, HasTheValuesOfItsVariableLoaded)
 {
-    auto const smoothAndLoad = [](Stage& stage) {
-        EXPECT_EQ(stage.data->field(1, Q)->isLoaded(), false);
-        return smoothPlane(stage) && stage.data->field(1, Q)->isLoaded();
+    auto const smoothAndLoad = [](BlankedStage& stage) {
+        EXPECT_EQ(stage.data->field(1, variableQ)->isLoaded(), false);
+        return smoothPlane(stage) && stage.data->field(1, variableQ)->isLoaded();
     };
-    Stage late(Way::ByValues, false);
+    BlankedStage late(Way::ByValues, false);
     ASSERT_TRUE(smoothAndLoad(late));
     std::vector<double> smoothed;
-    Stage(Way::ByMarks).after([&](Stage& marked) {
+    BlankedStage(Way::ByMarks).after([&](BlankedStage& marked) {
         bool const isDone = smoothPlane(marked);
-        for (std::int64_t n = 0; n < side * side; ++n) {
-            smoothed.push_back(marked.data->field(1, P)->group()->buffer()->value(n));
+        for (std::int64_t n = 0; n < pointsAlong * pointsAlong; ++n) {
+            smoothed.push_back(marked.data->field(1, variableP)->group()->buffer()->value(n));
         }
         return isDone;
     });
-    for (std::int64_t n = 0; n < side * side; ++n) {
-        EXPECT_EQ(late.data->field(1, P)->group()->buffer()->value(n), smoothed[static_cast<std::size_t>(n)]) << n;
+    for (std::int64_t n = 0; n < pointsAlong * pointsAlong; ++n) {
+        EXPECT_EQ(late.data->field(1, variableP)->group()->buffer()->value(n), smoothed[static_cast<std::size_t>(n)])
+            << n;
     }
 }
 

@@ -12,6 +12,8 @@ std::string FileFormat::extensionList(std::string const& before) const
     std::string text;
     for (std::string const& extension : extensions)
         text += (text.empty() ? "" : " ") + before + extension;
+    for (std::string const& name : names)
+        text += (text.empty() ? "" : " ") + name;
     return text;
 }
 

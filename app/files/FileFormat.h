@@ -13,10 +13,11 @@ struct FileFormat
 {
     std::string description;             ///< as a list shows it, such as "VTK XML files"
     std::vector<std::string> extensions; ///< lower case, without the dot; one at least
+    std::vector<std::string> names{};    ///< of files that have no extension
 
     bool has(std::string const& extension) const;
 
-    /// The extensions, each with @p before in front and all with blanks between: ".csv .tsv" or "*.csv *.tsv".
+    /// The extensions, each with @p before in front, and the names, all with blanks between: ".csv .tsv" or "*.csv *.tsv".
     std::string extensionList(std::string const& before) const;
 
     /// Description and extensions: "VTK XML files (.vti .vtu)". With "*." before each extension it is a file dialog's filter.

@@ -1,5 +1,7 @@
 #include "app/files/NamedFiles.h"
 
+#include "app/files/PathChecks.h"
+
 #include <algorithm>
 #include <filesystem>
 
@@ -10,6 +12,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::size_t mostTold = 3;
+constexpr std::size_t mostMissingTold = 10;
 
 fs::path absoluteFolderOf(std::string const& path)
 {
@@ -56,6 +59,24 @@ std::string namedFile(std::string const& path, std::string const& name)
     // Behind a link to a folder ".." would lead out of this one.
     fs::path const named = leadsOutside(path, name) ? fs::path(name) : fs::path(name).lexically_normal();
     return (fs::path(path).parent_path() / named).string();
+}
+
+void requireReadable(std::string const& path, std::vector<std::string> const& names)
+{
+    std::string text;
+    std::size_t count = 0;
+    for (std::string const& name : names) {
+        try {
+            checkReadable(namedFile(path, name));
+        } catch (ImportError const& error) {
+            if (++count <= mostMissingTold)
+                text += (text.empty() ? "its part \"" : "; its part \"") + name + "\": " + error.what();
+        }
+    }
+    if (count > mostMissingTold)
+        text += "; and " + std::to_string(count - mostMissingTold) + " others";
+    if (count > 0)
+        throw ImportError(text);
 }
 
 void requireInside(std::string const& path, std::vector<std::string> const& names, OutsidePaths outside)

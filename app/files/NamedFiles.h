@@ -32,6 +32,10 @@ private:
 /// @param name as it stands there
 std::string namedFile(std::string const& path, std::string const& name);
 
+/// Looks for files that another one needs. @param path of the file that names them
+/// @throws ImportError that names those that cannot be read
+void requireReadable(std::string const& path, std::vector<std::string> const& names);
+
 /// Holds names that stand in a file against its folder. Only their text counts: where a link in the folder leads is up to whoever made the
 /// link, whereas a name may come from anybody.
 /// @param path of the file that has the names

@@ -41,7 +41,7 @@ std::ifstream openToRead(std::string const& path)
     return std::ifstream("/proc/self/fd/" + std::to_string(file.number()), std::ios::binary);
 }
 
-void checkReadable(std::string const& path)
+void checkOpens(std::string const& path)
 {
     struct stat status
     {
@@ -57,7 +57,12 @@ void checkReadable(std::string const& path)
     if (file < 0)
         throw ImportError(errno == EACCES ? "you have no permission to read it" : systemReason(errno));
     ::close(file);
-    if (status.st_size == 0)
+}
+
+void checkReadable(std::string const& path)
+{
+    checkOpens(path);
+    if (std::filesystem::file_size(path) == 0)
         throw ImportError("it is empty");
 }
 

@@ -15,7 +15,10 @@ std::string extensionOf(std::string const& path);
 /// File name without folder and extension.
 std::string baseNameOf(std::string const& path);
 
-/// @throws ImportError with the reason when @p path is no regular file with something in it that can be read
+/// @throws ImportError with the reason when @p path is no regular file that can be read
+void checkOpens(std::string const& path);
+
+/// @throws ImportError as checkOpens(), and when the file is empty
 void checkReadable(std::string const& path);
 
 /// Opens a regular file. Another program may have put a pipe or a device in its place since it was checked: nobody waits for these.

@@ -27,6 +27,10 @@ ReadableFormat const& formatOf(std::string const& path)
     std::string const extension = extensionOf(path);
     if (ReadableFormat const* const format = findFormat(readableFormats(), extension))
         return *format;
+    std::string const name = std::filesystem::path(path).filename().string();
+    for (ReadableFormat const& format : readableFormats())
+        if (std::find(format.names.begin(), format.names.end(), name) != format.names.end())
+            return format;
     throw ImportError("files of this kind (." + extension +
                       ") cannot be read; these can: " + allExtensions(readableFormats(), "."));
 }
@@ -76,8 +80,10 @@ SeriesList numberedSeries(FileGroup const& group)
 ImportResult import(FileGroup const& group, Deferral deferral, kernel::Progress& progress, OutsidePaths outsidePaths)
 {
     std::string const path = group.paths.first().toStdString();
-    checkReadable(path);
+    checkOpens(path);
     ReadableFormat const& format = formatOf(path);
+    if (!format.mayBeEmpty)
+        checkReadable(path);
     FileWatch watch;
     watch.add(path);
     LoadingPlan plan(deferral);

@@ -2,6 +2,7 @@
 
 #include "app/import/formats/ensight/EnSightReader.h"
 #include "app/import/formats/metaimage/MetaImageReader.h"
+#include "app/import/formats/openfoam/OpenFoamReader.h"
 #include "app/import/formats/plot3d/Plot3dReader.h"
 #include "app/import/formats/series/SeriesReader.h"
 #include "app/import/formats/surface/SurfaceReader.h"
@@ -30,6 +31,7 @@ std::vector<ReadableFormat> const& readableFormats()
         {{"VTK legacy files", {"vtk"}}, "VTK", readerOf<VtkLegacyReader>},
         {{"MetaImage files", {"mhd", "mha"}}, "MetaImage", readerOf<MetaImageReader>},
         {{"EnSight Gold cases", {"case"}}, "EnSight", readerOf<EnSightReader>},
+        {{"OpenFOAM cases", {"foam"}, {"controlDict"}}, "OpenFOAM", readerOf<OpenFoamReader>, true},
         {{"PLOT3D files", {"xyz", "q", "f"}}, "PLOT3D", readerOf<Plot3dReader>},
         {{"Surfaces", {"stl", "ply", "obj"}}, "Surface", readerOf<SurfaceReader>},
         {{"Text tables with a header line", {"csv", "tsv", "txt"}}, "CSV", readerOf<TableReader>},

@@ -14,6 +14,7 @@ struct ReadableFormat : FileFormat
 {
     std::string loader;                      ///< what a data set calls the loader that it came by
     std::unique_ptr<Reader> (*makeReader)(); ///< never null
+    bool mayBeEmpty = false;                 ///< such a file need not say anything: what counts is where it stands
 };
 
 /// All formats that can be opened, in the order in which they are shown. What users see of the formats comes from here: file

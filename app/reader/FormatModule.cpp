@@ -19,6 +19,8 @@ vtkSmartPointer<vtkDataObject> readByExtension(ReadRequest const& request, vtkCo
         return readObj(request.path, progress);
     if (request.extension == "case")
         return readEnSight(request, progress);
+    if (request.extension == "foam")
+        return readOpenFoam(request, progress);
     return nullptr;
 }
 

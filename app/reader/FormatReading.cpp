@@ -33,7 +33,7 @@ vtkSmartPointer<vtkDataObject> readFormat(ReadRequest const& request, Channel& c
     vtkNew<ProgressSender> progress;
     progress->sendTo(channel);
     auto const data = vtkSmartPointer<vtkDataObject>::Take(read(request, *progress));
-    throwOnError(errors, request.text.empty() ? request.path : "/proc/self/fd/");
+    throwOnError(errors, request.extension == "case" ? "/proc/self/fd/" : request.path);
     if (!data)
         throw ImportError("it contains no grid");
     return data;

@@ -12,4 +12,9 @@ namespace veldraw::app {
 /// @param progress observes VTK's reader
 vtkSmartPointer<vtkDataObject> readEnSight(ReadRequest const& request, vtkCommand& progress);
 
+/// Reads one moment of an OpenFOAM case, whose time the request's text is, or the mesh of a case without any: the mesh inside and its patches are
+/// blocks with their names.
+/// @param progress observes VTK's reader
+vtkSmartPointer<vtkDataObject> readOpenFoam(ReadRequest const& request, vtkCommand& progress);
+
 } // namespace veldraw::app

@@ -38,6 +38,8 @@ READER_MAY_INCLUDE = {'app/handover', 'app/vtk', 'app/files'}
 FORMATS_KNOWN = {'app/import/formats/vtklegacy': {'app/import/formats/vtkxml'},
                  'app/import/formats/surface': {'app/import/formats/vtkxml'},
                  'app/import/formats/ensight': {'app/import/formats/vtkxml'},
+                 'app/import/formats/openfoam': {'app/import/formats/vtkxml'},
+                 'app/import/formats/exodus': {'app/import/formats/vtkxml'},
                  'app/export/formats/vtkxml': {'app/import/formats/vtkxml'}}
 TABLES_OF_FORMATS = {'app/import/ReadableFormats.cpp', 'app/export/WritableFormats.cpp'}
 
@@ -66,7 +68,7 @@ STANDARD = set('''
     valarray variant vector
     assert.h ctype.h errno.h float.h limits.h locale.h math.h signal.h stdarg.h stdbool.h stddef.h stdint.h stdio.h stdlib.h string.h time.h
     dirent.h dlfcn.h fcntl.h linux/audit.h linux/filter.h linux/magic.h linux/seccomp.h malloc.h poll.h pthread.h sched.h spawn.h sys/file.h sys/mman.h sys/prctl.h
-    sys/resource.h sys/socket.h sys/stat.h sys/syscall.h sys/types.h sys/vfs.h sys/wait.h sys/xattr.h unistd.h
+    sys/resource.h sys/socket.h sys/stat.h sys/syscall.h sys/types.h sys/vfs.h sys/wait.h sys/xattr.h unistd.h zlib.h
 '''.split())
 
 QT_CORE = {'QtCore', 'Qt', 'QtGlobal', 'QObject', 'QString', 'QStringList', 'QByteArray', 'QVariant', 'QPointer', 'QVector', 'QList',

@@ -31,6 +31,7 @@ TemporaryFolder::~TemporaryFolder()
 
 std::string TemporaryFolder::write(std::string const& name, std::string const& content) const
 {
+    std::filesystem::create_directories(std::filesystem::path(path(name)).parent_path());
     std::ofstream(path(name), std::ios::binary) << content;
     return path(name);
 }

@@ -1,16 +1,13 @@
 #include "app/import/formats/ensight/EnSightReader.h"
 
-#include "app/files/PathChecks.h"
 #include "app/files/PlainText.h"
 #include "app/files/SizeCheck.h"
 #include "app/import/formats/ensight/EnSightCase.h"
 #include "app/import/formats/ensight/EnSightFiles.h"
 #include "app/import/formats/vtkxml/WholeGrids.h"
-#include "app/import/reading/FileSeries.h"
+#include "app/import/reading/Moments.h"
 #include "app/import/zones/AuxiliaryItems.h"
 
-#include <algorithm>
-#include <charconv>
 #include <filesystem>
 #include <map>
 #include <set>
@@ -18,27 +15,6 @@
 namespace veldraw::app {
 
 namespace {
-
-constexpr std::size_t mostMissingNamed = 10; // files that are missing
-
-// With VTK's reader alone a file that is missing would be told by a number of its kind.
-void checkFilesOfCase(std::string const& path, std::vector<std::string> const& names)
-{
-    std::string text;
-    std::size_t count = 0;
-    for (std::string const& name : names) {
-        try {
-            checkReadable(namedFile(path, name));
-        } catch (ImportError const& error) {
-            if (++count <= mostMissingNamed)
-                text += (text.empty() ? "its part \"" : "; its part \"") + name + "\": " + error.what();
-        }
-    }
-    if (count > mostMissingNamed)
-        text += "; and " + std::to_string(count - mostMissingNamed) + " others";
-    if (count > 0)
-        throw ImportError(text);
-}
 
 // Each file once, with the geometry of the first moment at which it is wanted.
 void checkContents(std::string const& path, EnSightCase const& all, std::vector<double> const& times,
@@ -72,13 +48,6 @@ double bytesOfFiles(std::string const& path, std::vector<std::string> const& nam
     return bytes;
 }
 
-std::string textOfTime(double time)
-{
-    char text[32];
-    auto const [end, error] = std::to_chars(text, text + sizeof text, time);
-    return {text, end};
-}
-
 ReadRequest requestAt(std::string const& path, EnSightCase const& all, double time)
 {
     ReadRequest request;
@@ -98,31 +67,7 @@ std::vector<ImportedZone> readMoment(std::string const& path, EnSightCase const&
         names.push_back(file.name);
     auto const limits = ReaderLimits::forBytes(bytesOfFiles(path, names), false);
     auto const object = readWholeFile(requestAt(path, all, time), limits, context, remarks);
-    auto zones = zonesOfGrids(object, remarks, context);
-    for (ImportedZone& zone : zones)
-        zone.zone->solutionTime = time;
-    return zones;
-}
-
-// As the moments of a list of files, each of which would be this one.
-std::vector<ImportedZone> readMoments(std::string const& path, EnSightCase const& all, std::vector<double> const& times,
-                                      ImportContext const& context)
-{
-    SeriesList list;
-    for (double const time : times) {
-        SeriesEntry entry;
-        entry.path = path;
-        entry.file = "time " + textOfTime(time);
-        entry.name = context.title;
-        entry.time = time;
-        list.push_back(entry);
-    }
-    auto const moment = std::make_shared<std::size_t>(0);
-    ImportContext ofSeries = context;
-    ofSeries.readOther = [&all, &times, moment](std::string const& file, ImportContext const& ofMoment) {
-        return readMoment(file, all, times[(*moment)++], ofMoment);
-    };
-    return readSeries(list, ofSeries);
+    return zonesOfGrids(object, remarks, context);
 }
 
 void addConstants(EnSightCase const& all, ImportedZone& zone, std::vector<std::string>& remarks)
@@ -142,7 +87,7 @@ std::vector<ImportedZone> EnSightReader::read(std::string const& path, ImportCon
     EnSightCase const all = EnSightCase::of(path);
     std::vector<std::string> const names = all.files();
     requireInside(path, names, context.outsidePaths);
-    checkFilesOfCase(path, names);
+    requireReadable(path, names); // VTK's reader would tell one that is missing by a number of its kind
     for (std::string const& name : names)
         context.watch.add(namedFile(path, name));
     for (std::string const& line : all.leftOut)
@@ -150,8 +95,9 @@ std::vector<ImportedZone> EnSightReader::read(std::string const& path, ImportCon
     checkMemoryFor(bytesOfFiles(path, names));
     std::vector<double> const times = all.times();
     checkContents(path, all, times.empty() ? std::vector<double>{0.0} : times, context);
-    auto zones = times.size() > 1 ? readMoments(path, all, times, context)
-                                  : readMoment(path, all, times.empty() ? 0.0 : times.front(), context);
+    auto zones = readMoments(path, times, context, [&](std::size_t moment, ImportContext const& ofMoment) {
+        return readMoment(path, all, times.empty() ? 0.0 : times[moment], ofMoment);
+    });
     if (!zones.empty())
         addConstants(all, zones.front(), context.remarks);
     return zones;

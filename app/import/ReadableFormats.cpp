@@ -1,6 +1,7 @@
 #include "app/import/ReadableFormats.h"
 
 #include "app/import/formats/ensight/EnSightReader.h"
+#include "app/import/formats/exodus/ExodusReader.h"
 #include "app/import/formats/metaimage/MetaImageReader.h"
 #include "app/import/formats/openfoam/OpenFoamReader.h"
 #include "app/import/formats/plot3d/Plot3dReader.h"
@@ -31,6 +32,7 @@ std::vector<ReadableFormat> const& readableFormats()
         {{"VTK legacy files", {"vtk"}}, "VTK", readerOf<VtkLegacyReader>},
         {{"MetaImage files", {"mhd", "mha"}}, "MetaImage", readerOf<MetaImageReader>},
         {{"EnSight Gold cases", {"case"}}, "EnSight", readerOf<EnSightReader>},
+        {{"Exodus II files", {"e", "exo", "ex2"}}, "Exodus", readerOf<ExodusReader>},
         {{"OpenFOAM cases", {"foam"}, {"controlDict"}}, "OpenFOAM", readerOf<OpenFoamReader>, true},
         {{"PLOT3D files", {"xyz", "q", "f"}}, "PLOT3D", readerOf<Plot3dReader>},
         {{"Surfaces", {"stl", "ply", "obj"}}, "Surface", readerOf<SurfaceReader>},

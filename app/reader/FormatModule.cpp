@@ -1,5 +1,6 @@
 #include "app/reader/FormatModule.h"
 
+#include "app/reader/ExodusReading.h"
 #include "app/reader/ResultReading.h"
 #include "app/reader/SurfaceReading.h"
 
@@ -19,6 +20,8 @@ vtkSmartPointer<vtkDataObject> readByExtension(ReadRequest const& request, vtkCo
         return readObj(request.path, progress);
     if (request.extension == "case")
         return readEnSight(request, progress);
+    if (request.extension == "exo")
+        return readExodus(request, progress);
     if (request.extension == "foam")
         return readOpenFoam(request, progress);
     return nullptr;

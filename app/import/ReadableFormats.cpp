@@ -3,6 +3,7 @@
 #include "app/import/formats/ensight/EnSightReader.h"
 #include "app/import/formats/exodus/ExodusReader.h"
 #include "app/import/formats/metaimage/MetaImageReader.h"
+#include "app/import/formats/numpy/NumpyReader.h"
 #include "app/import/formats/openfoam/OpenFoamReader.h"
 #include "app/import/formats/plot3d/Plot3dReader.h"
 #include "app/import/formats/series/SeriesReader.h"
@@ -36,6 +37,7 @@ std::vector<ReadableFormat> const& readableFormats()
         {{"OpenFOAM cases", {"foam"}, {"controlDict"}}, "OpenFOAM", readerOf<OpenFoamReader>, true},
         {{"PLOT3D files", {"xyz", "q", "f"}}, "PLOT3D", readerOf<Plot3dReader>},
         {{"Surfaces", {"stl", "ply", "obj"}}, "Surface", readerOf<SurfaceReader>},
+        {{"NumPy arrays", {"npy", "npz"}}, "NumPy", readerOf<NumpyReader>},
         {{"Text tables with a header line", {"csv", "tsv", "txt"}}, "CSV", readerOf<TableReader>},
     };
     return formats;

@@ -1,6 +1,7 @@
 #include "tests/app/support/FileMutation.h"
 
 #include "tests/app/support/EnSightSamples.h"
+#include "tests/app/support/ExodusSamples.h"
 #include "tests/app/support/FileHelpers.h"
 #include "tests/app/support/GridSamples.h"
 #include "tests/app/support/SurfaceSamples.h"
@@ -391,6 +392,8 @@ std::vector<SoundFile> soundFiles()
                      "False\nHeaderSize = -1\nElementType = MET_SHORT\nElementDataFile = LOCAL\n0123456789ab",
                      {}});
     files.push_back(enSightCase(2, 2, EnSightForm::Text));
+    writeExodus(folder.path("row.e"), 2, 3);
+    files.push_back({"row.e", contentOf(folder.path("row.e")), {}});
     for (SoundFile const& surfaceFile : soundSurfaces())
         files.push_back(surfaceFile);
     return files;

@@ -4,6 +4,7 @@
 
 #include <vtkCompositeDataSet.h>
 #include <vtkDoubleArray.h>
+#include <vtkFieldData.h>
 #include <vtkGenericEnSightReader.h>
 #include <vtkInformation.h>
 #include <vtkMultiBlockDataSet.h>
@@ -76,6 +77,7 @@ void nameByRegion(vtkMultiBlockDataSet& blocks, std::string const& region)
         else
             about->Set(vtkCompositeDataSet::NAME(), (region + name).c_str());
     }
+    blocks.GetFieldData()->RemoveArray("CasePath"); // is known to who asked
 }
 
 } // namespace

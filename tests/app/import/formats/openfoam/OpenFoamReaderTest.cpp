@@ -108,6 +108,7 @@ TEST(OpenFoamFolder, HasItsMeshAndPatchesAtEachMomentWithAllValues)
         auto const result = import(writeFoam(folder, openFoamCase(3, cells, form)));
         auto const& data = *result.dataSet;
         ASSERT_EQ(data.zoneCount(), 12);
+        EXPECT_EQ(result.remarks, std::vector<std::string>());
         EXPECT_EQ(variableNames(data), "X,Y,Z,pointValue,R_1,R_2,R_3,R_4,R_5,R_6,T,U_X,U_Y,U_Z,p");
         int compared = 0;
         for (int moment = 0; moment < 3; ++moment)

@@ -264,7 +264,7 @@ def set_plot_type(*, type: Literal['2d', '3d', 'line']) -> None:
 def assign_variable(*, to: Literal['X', 'Y', 'Z', 'U', 'V', 'W', 'C'], variable: Optional[_Variable] = None) -> None:
     """Chooses the variable of an axis, of a component of the vector, or of the contour."""
 
-def set_plot_option(*, option: Literal['FieldLayers/ShowMesh', 'FieldLayers/ShowContour', 'FieldContour/Bands', 'FieldContour/WithoutEnds', 'FieldContour/Log', 'FieldContour/Lines', 'FieldContour/Labels', 'FieldLayers/ShowVector', 'FieldVector/EqualLengths', 'FieldLayers/ShowCuts', 'FieldAxes/Stretch', 'LinePlotLayers/ShowLines', 'LinePlotLayers/ShowSymbols', 'LinePlotAxes/LogX', 'LinePlotAxes/LogY', 'LinePlotAxes/LogY2'], on: bool) -> None:
+def set_plot_option(*, option: Literal['FieldLayers/ShowMesh', 'FieldLayers/ShowContour', 'FieldContour/Bands', 'FieldContour/WithoutEnds', 'FieldContour/Log', 'FieldContour/Lines', 'FieldContour/Labels', 'FieldLayers/ShowVector', 'FieldVector/EqualLengths', 'FieldLayers/ShowCuts', 'FieldAxes/Stretch', 'FieldAxes/Parallel', 'LinePlotLayers/ShowLines', 'LinePlotLayers/ShowSymbols', 'LinePlotAxes/LogX', 'LinePlotAxes/LogY', 'LinePlotAxes/LogY2'], on: bool) -> None:
     """Switches something that the plot shows on or off."""
 
 def set_line_plot(*, zone: _Zone, x: _Variable, y: _Variable) -> None:

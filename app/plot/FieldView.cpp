@@ -141,31 +141,6 @@ QPointF FieldView::onStage(QPointF const& inArea) const
             (inArea.y() * area().height - ratio * m_margins.bottom()) / m_stageHeight};
 }
 
-void FieldView::markZones(std::set<int> const& wanted)
-{
-    std::set<int> shown;
-    for (auto const& zone : zones())
-        if (wanted.count(zone->zoneNumber()) != 0)
-            shown.insert(zone->zoneNumber());
-    if (shown == m_markedZones)
-        return;
-    std::vector<PickMarks::Box> boxes;
-    for (auto const& zone : zones())
-        if (shown.count(zone->zoneNumber()) != 0 && zone->cellCount() > 0)
-            boxes.push_back(zone->geometry()->bounds());
-    m_marks.show(boxes, m_inSpace);
-    m_stage->RemoveActor(m_marks.actor());
-    if (!boxes.empty())
-        m_stage->AddActor(m_marks.actor());
-    m_markedZones = std::move(shown);
-}
-
-void FieldView::clearMarks()
-{
-    m_stage->RemoveActor(m_marks.actor());
-    m_markedZones.clear();
-}
-
 void FieldView::clear()
 {
     m_scene.clear();

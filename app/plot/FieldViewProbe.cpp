@@ -1,4 +1,4 @@
-// What a field plot is asked: how it is looked at, which zone is seen at a position, and where in it.
+// What a field plot is asked: how it is looked at, which zone is seen at a position, and where in it; and its marks of picked zones.
 #include "app/plot/FieldView.h"
 #include "app/plot/PlaceOnRay.h"
 
@@ -95,6 +95,31 @@ std::optional<ZonePlace> FieldView::placeOf(kernel::DataSet const& dataSet, Seen
     if (!zone || geometryKeyOf(dataSet, number, m_look, key.cut ? &*key.cut : nullptr) != key)
         return std::nullopt;
     return PlaceOnRay(question.ray, *geometry, *zone, m_look.axes).in(seen.cell);
+}
+
+void FieldView::markZones(std::set<int> const& wanted)
+{
+    std::set<int> shown;
+    for (auto const& zone : zones())
+        if (wanted.count(zone->zoneNumber()) != 0)
+            shown.insert(zone->zoneNumber());
+    if (shown == m_markedZones)
+        return;
+    std::vector<PickMarks::Box> boxes;
+    for (auto const& zone : zones())
+        if (shown.count(zone->zoneNumber()) != 0 && zone->cellCount() > 0)
+            boxes.push_back(zone->geometry()->bounds());
+    m_marks.show(boxes, m_inSpace);
+    m_stage->RemoveActor(m_marks.actor());
+    if (!boxes.empty())
+        m_stage->AddActor(m_marks.actor());
+    m_markedZones = std::move(shown);
+}
+
+void FieldView::clearMarks()
+{
+    m_stage->RemoveActor(m_marks.actor());
+    m_markedZones.clear();
 }
 
 } // namespace veldraw::app

@@ -1,11 +1,15 @@
 #include "app/reader/ExodusReading.h"
 
+#include "app/reader/ExodusFile.h"
+
 #include <vtkDoubleArray.h>
 #include <vtkExodusIIReader.h>
 #include <vtkFieldData.h>
 #include <vtkInformation.h>
 #include <vtkMultiBlockDataSet.h>
 #include <vtkNew.h>
+#include <vtkPointSet.h>
+#include <vtkPoints.h>
 #include <vtkStreamingDemandDrivenPipeline.h>
 #include <vtkStringArray.h>
 
@@ -80,6 +84,19 @@ void wantAllVariables(vtkExodusIIReader& reader)
     reader.GenerateObjectIdCellArrayOff(); // each block has one number, which is in its field data
 }
 
+void putOnAxis(vtkMultiBlockDataSet& blocks)
+{
+    for (unsigned int n = 0; n < blocks.GetNumberOfBlocks(); ++n) {
+        vtkDataObject* const block = blocks.GetBlock(n);
+        if (auto* const inside = vtkMultiBlockDataSet::SafeDownCast(block))
+            putOnAxis(*inside);
+        auto* const grid = vtkPointSet::SafeDownCast(block);
+        vtkPoints* const points = grid ? grid->GetPoints() : nullptr;
+        for (vtkIdType point = 0; points && point < points->GetNumberOfPoints(); ++point)
+            points->SetPoint(point, points->GetPoint(point)[0], 0.0, 0.0);
+    }
+}
+
 // The title of the file would stand with each block, with the end of its line.
 void takeTitle(vtkMultiBlockDataSet& blocks, std::string& title)
 {
@@ -112,11 +129,19 @@ vtkSmartPointer<vtkDataObject> readExodus(ReadRequest const& request, vtkCommand
     std::size_t moment = 0;
     std::from_chars(request.text.data(), request.text.data() + request.text.size(), moment);
     std::vector<double> const times = timesIn(*reader);
+    ExodusFile const file(request.path);
+    std::string const fault = file.faultAt(moment < times.size() ? static_cast<int>(moment) + 1 : 0);
+    if (!fault.empty()) {
+        vtkErrorWithObjectMacro(reader, << fault);
+        return nullptr;
+    }
     if (moment < times.size())
         reader->UpdateTimeStep(times[moment]);
     else
         reader->Update();
     vtkSmartPointer<vtkMultiBlockDataSet> const blocks = reader->GetOutput();
+    if (file.isOnAxis())
+        putOnAxis(*blocks);
     std::string title;
     takeTitle(*blocks, title);
     title.erase(title.find_last_not_of(" \n") + 1);

@@ -163,4 +163,15 @@ void addNodeSetAndGlobal(std::string const& path)
     ::nc_close(file);
 }
 
+void setNodeOfCell(std::string const& path, int node)
+{
+    int file = 0;
+    int variable = 0;
+    std::size_t const place[2] = {1, 2};
+    ::nc_open(path.c_str(), NC_WRITE, &file);
+    ::nc_inq_varid(file, "connect1", &variable);
+    ::nc_put_var1_int(file, variable, place, &node);
+    ::nc_close(file);
+}
+
 } // namespace veldraw::tests

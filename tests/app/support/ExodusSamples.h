@@ -12,4 +12,7 @@ void writeExodus(std::string const& path, int moments, int points);
 /// Adds a set of two nodes with the number 7 and a variable "energy" of the whole to such a file.
 void addNodeSetAndGlobal(std::string const& path);
 
+/// Overwrites the third node of the second brick. @param node one-based
+void setNodeOfCell(std::string const& path, int node);
+
 } // namespace veldraw::tests

@@ -4,6 +4,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <map>
 
 namespace veldraw::tests {
 
@@ -110,6 +111,27 @@ TEST(ExodusFile, HasItsTitleOnceAndItsBlocksTheirNumbers)
     EXPECT_GT(data->zone(2)->auxiliaryData.indexOf("ElementBlockIds"), 0);
 }
 
+// VTK writes no such file; so the number behind the name of the dimension is changed.
+TEST(ExodusFile, OfOneDimensionIsOnTheFirstAxis)
+{
+    TemporaryFolder const folder;
+    std::string content = contentOf(writtenExodus(folder, 2, 900));
+    std::size_t const length = content.find("num_dim") + 8 + 3;
+    ASSERT_EQ(content[length], 3);
+    content[length] = 1;
+    auto const data = import(folder.write("a.e", content)).dataSet;
+    ASSERT_EQ(data->zoneCount(), 4);
+    auto const at = [&](char const* variable, std::int64_t n) {
+        return fieldOf(*data, 3, variable).group()->buffer()->value(n);
+    };
+    ASSERT_EQ(data->zone(3)->pointCount(), 3600);
+    for (std::int64_t n = 0; n < 3600; ++n) {
+        EXPECT_EQ(at("X", n), at("vel_X", n)) << n;
+        EXPECT_EQ(at("Y", n), 0.0);
+        EXPECT_EQ(at("Z", n), 0.0);
+    }
+}
+
 TEST(ExodusFile, SaysWhatIsNotRead)
 {
     TemporaryFolder const folder;
@@ -140,6 +162,36 @@ TEST(ExodusFile, IsRefusedWhereItEndsTooEarly)
     }
     std::string const more = content + std::string(100, 'x');
     EXPECT_EQ(problemWith(folder.write("a.e", more)), "") << "nobody asks what stands behind the values";
+}
+
+TEST(ExodusFile, IsRefusedWhereItLacksWhatItSpeaksOf)
+{
+    TemporaryFolder const folder;
+    std::string const content = contentOf(writtenExodus(folder, 2, 4));
+    for (auto const& [name, fault] :
+         std::map<std::string, std::string>{{"vals_nod_var1", "a variable has no values"},
+                                            {"vals_nod_var3", "a variable has no values"},
+                                            {"vals_elem_var1eb2", "a variable has no values"},
+                                            {"name_nod_var", "a variable has no name"},
+                                            {"name_elem_var", "a variable has no name"},
+                                            {"num_dim", "a size is missing"}}) {
+        std::string damaged = content;
+        damaged.replace(damaged.find(name), 4, "walk");
+        EXPECT_THAT(problemWith(folder.write("a.e", damaged)), HasSubstr(fault)) << name;
+    }
+}
+
+TEST(ExodusFile, IsRefusedWhereACellHasANodeThatIsNotThere)
+{
+    TemporaryFolder const folder;
+    for (int const node : {0, -1, 33, 1 << 20}) {
+        std::string const path = writtenExodus(folder, 2, 4);
+        setNodeOfCell(path, node);
+        EXPECT_THAT(problemWith(path), HasSubstr("a cell has a node that is not there")) << node;
+    }
+    std::string const path = writtenExodus(folder, 2, 4);
+    setNodeOfCell(path, 32);
+    EXPECT_EQ(problemWith(path), "") << "the last node of all";
 }
 
 TEST(ExodusFile, StandsAnyDamage)

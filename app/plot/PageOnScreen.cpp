@@ -22,6 +22,12 @@ QPoint PageOnScreen::toScreen(double x, double y) const
         .toPoint();
 }
 
+QPointF PageOnScreen::onPaper(QPointF const& way) const
+{
+    return {way.x() * m_paper.width() / std::max(1.0, m_screen.width()),
+            way.y() * m_paper.height() / std::max(1.0, m_screen.height())};
+}
+
 // Corners are rounded, not sizes.
 QRect PageOnScreen::frameOf(kernel::Rectangle const& onPaper) const
 {

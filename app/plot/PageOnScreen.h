@@ -19,6 +19,9 @@ public:
     /// The frame with its header and border. Neighbours on the paper are neighbours on the screen.
     QRect frameOf(kernel::Rectangle const& onPaper) const;
 
+    /// @param way logical pixels @return the same way on the paper, inches
+    QPointF onPaper(QPointF const& way) const;
+
     /// The rectangle of the plot in a frame, below the header.
     static QRect contentOf(QRect const& frame);
 

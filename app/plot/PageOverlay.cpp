@@ -128,9 +128,37 @@ void PageOverlay::paintHeader(QPainter& painter, Mark const& mark) const
                      mark.isActive ? PlotTheme::accent().lighter(150) : PlotTheme::border());
     painter.setFont(headerFont(font(), mark.isActive));
     painter.setPen(mark.isActive ? PlotTheme::accentText() : PlotTheme::quietText());
-    QRect const text = header.adjusted(10, 0, -10, 0);
+    QRect const text = header.adjusted(10, 0, -10 - buttonOf(mark.area).width(), 0);
     painter.drawText(text, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
                      painter.fontMetrics().elidedText(mark.name, Qt::ElideRight, text.width()));
+    paintButton(painter, mark);
+}
+
+QRect PageOverlay::buttonOf(QRect const& area)
+{
+    bool const hasRoom = area.width() >= 4 * headerHeight && area.height() >= 2 * headerHeight;
+    return hasRoom ? QRect(area.right() - headerHeight, area.top() + 2, headerHeight - 4, headerHeight - 4) : QRect();
+}
+
+// A window, or two that overlap: what a click brings.
+void PageOverlay::paintButton(QPainter& painter, Mark const& mark) const
+{
+    QRect const button = buttonOf(mark.area);
+    if (button.isEmpty())
+        return;
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.setBrush(Qt::NoBrush);
+    QRect const window(button.center() - QPoint(5, 5), QSize(10, 10));
+    if (mark.isAlone) {
+        painter.drawRect(window.adjusted(0, 3, -3, 0));
+        painter.drawPolyline(QPolygon({window.topLeft() + QPoint(3, 2), window.topLeft() + QPoint(3, 0),
+                                       window.topLeft() + QPoint(10, 0), window.topLeft() + QPoint(10, 7),
+                                       window.topLeft() + QPoint(8, 7)}));
+    } else {
+        painter.drawRect(window);
+        painter.drawLine(window.topLeft() + QPoint(0, 1), window.topLeft() + QPoint(10, 1));
+    }
+    painter.setRenderHint(QPainter::Antialiasing, true);
 }
 
 void PageOverlay::paintNotice(QPainter& painter, Mark const& mark, bool isTransparent) const

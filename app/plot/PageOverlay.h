@@ -28,6 +28,7 @@ public:
         QString name;
         FrameMessage message;
         bool isActive = false;
+        bool isAlone = false; ///< no other frame is shown
         std::vector<std::pair<int, QPointF>> places = {}; ///< that were probed, with their numbers
     };
 
@@ -47,6 +48,9 @@ public:
     /// there is neither, or if it would leave too little room for the picture.
     QRect strip(QRect const& content, FrameMessage const& message) const;
 
+    /// The button in the header that shows a frame alone; empty where the frame is too small for it. @param area of the frame
+    static QRect buttonOf(QRect const& area);
+
     static constexpr int headerHeight = 26;
     static constexpr int borderWidth = 2;
 
@@ -59,6 +63,7 @@ private:
     void paintMark(QPainter& painter, Mark const& mark) const;
     void paintMessage(QPainter& painter, Mark const& mark, bool isTransparent) const;
     void paintHeader(QPainter& painter, Mark const& mark) const;
+    void paintButton(QPainter& painter, Mark const& mark) const;
     void paintNotice(QPainter& painter, Mark const& mark, bool isTransparent) const;
     void paintRemark(QPainter& painter, Mark const& mark) const;
     void paintPlaces(QPainter& painter, Mark const& mark) const;

@@ -202,22 +202,6 @@ void PageView::syncFrames()
         m_slots[frame->id];
 }
 
-void PageView::layOut()
-{
-    auto const page = m_session.activePage();
-    if (!page)
-        return;
-    PageOnScreen const screen = m_sheet ? PageOnScreen(*page, sheetRect(), 0) : PageOnScreen(*page, rect());
-    for (auto const& frame : page->frames) {
-        Slot& slot = m_slots[frame->id];
-        slot.area = screen.frameOf(frame->rectangle);
-        if (m_sheet && m_sheet->activeFrameOnly)
-            slot.area = frame->id == page->activeFrame ? sheetRect() : QRect();
-        slot.content = m_sheet ? slot.area : PageOnScreen::contentOf(slot.area);
-        placePicture(slot);
-    }
-}
-
 void PageView::placePicture(Slot& slot) const
 {
     slot.picture = slot.content.adjusted(0, m_overlay->strip(slot.content, slot.message).height(), 0, 0);
@@ -358,8 +342,8 @@ void PageView::updateOverlay()
             FrameMessage const shown = m_canvas || slot.hidesPicture()
                                            ? slot.message
                                            : FrameMessage{tr("Plots cannot be drawn without a screen."), true};
-            marks.push_back(
-                {slot.area, slot.content, name, shown, frame->id == page->activeFrame, probesIn(frame->id)});
+            marks.push_back({slot.area, slot.content, name, shown, frame->id == page->activeFrame, m_isMaximized,
+                             probesIn(frame->id)});
             for (QString const& sentence : {shown.sentence, shown.remark})
                 if (!sentence.isEmpty())
                     sentences << name + QStringLiteral(": ") + sentence;

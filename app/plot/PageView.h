@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/files/PictureOptions.h"
+#include "app/plot/FrameGrip.h"
 #include "app/plot/FrameMessage.h"
 #include "app/plot/FrameView.h"
 #include "app/plot/PageDisplay.h"
@@ -27,6 +28,7 @@ class QTimer;
 namespace veldraw::app {
 
 class FieldView;
+class PageOnScreen;
 class PageOverlay;
 class PlaceSearch;
 
@@ -51,6 +53,10 @@ class PlaceSearch;
 /// | click | | picks the zone under the mouse, and no other |
 /// | click with Ctrl | | adds the zone to the picks, or removes it |
 /// | click with Shift | | probes the place under the mouse, and picks nothing |
+/// | click with the right button | Menu | asks for a menu |
+/// | left drag of a header | arrows with Alt and Shift | moves the frame |
+/// | left drag of an edge or a corner | arrows with Ctrl and Shift | makes the frame larger or smaller |
+/// | double click on a header, click on its button | | shows the active frame alone, or all of them again |
 /// | resting over a plot | | shows the values of the point under the mouse; in a field plot zone, position, index or cell, and contour |
 class PageView : public QWidget
 {
@@ -84,6 +90,10 @@ public:
 
     /// Fits the view of one frame at the next refresh. Does nothing for an unknown frame.
     void fitFrame(kernel::UniqueId frame);
+
+    /// Whether the active frame alone is shown, as large as the widget. The page and its frames stay as they are.
+    void maximizeFrame(bool isOn);
+    bool isMaximized() const { return m_isMaximized; }
 
     /// Schedules a refresh for the next turn of the event loop.
     void scheduleRefresh();
@@ -132,6 +142,13 @@ Q_SIGNALS:
     /// The user has pointed at a place of a zone, of which everything is to be told.
     void probed(veldraw::app::ProbedPlace const& place);
 
+    /// The active frame is shown alone now, or all of them are.
+    void maximized(bool isOn);
+
+    /// The user asks what can be done here. @param position on the screen @param zone one-based number of the zone of the active frame that is
+    /// seen there, or 0
+    void menuWanted(QPoint const& position, int zone);
+
 protected:
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
@@ -141,6 +158,7 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     bool event(QEvent* event) override;
 
 private:
@@ -188,6 +206,7 @@ private:
     void finishDrawing();
     void giveUpDrawing(std::exception const& failure);
     void syncFrames();
+    PageOnScreen pageOnScreen(kernel::Page const& page) const;
     void layOut();
     void placePicture(Slot& slot) const;
     void updateStale();
@@ -219,6 +238,17 @@ private:
     void followView(kernel::UniqueId frame);
     bool showView(kernel::UniqueId frame, ViewPoint const& view);
     std::optional<ViewPoint> activeView();
+
+    bool grip(QMouseEvent const& event);
+    void showGrip(QPoint const& at);
+    void dragFrame(QPointF const& to, Qt::KeyboardModifiers modifiers);
+    void endGrip(QPoint const& at);
+    void dropGrip();
+    bool placeFrameByKey(QKeyEvent const& event);
+    void placeFrame(kernel::Frame const& frame, kernel::Rectangle const& place);
+    CatchingLines linesBeside(kernel::UniqueId frame) const;
+    bool isOnButton(kernel::UniqueId frame, QPoint const& at) const;
+    void askForMenu(QPoint const& at);
 
     void dragBox(QPointF const& to);
     void zoomIntoBox(QPointF const& to);
@@ -255,6 +285,9 @@ private:
     Qt::MouseButton m_dragButton = Qt::NoButton;
     bool m_isDragging = false; // the mouse has moved too far for a click
     bool m_isBox = false;      // the drag chooses a box
+    FrameGrip m_grip;          // the drag moves or sizes a frame
+    kernel::Rectangle m_placeOfDrag;
+    bool m_isMaximized = false;
 
     kernel::UniqueId m_keptFrame = 0; // whose view was kept last
     Gesture m_keptGesture = Gesture::Command;

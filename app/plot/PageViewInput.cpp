@@ -55,7 +55,7 @@ void PageView::mousePressEvent(QMouseEvent* event)
     m_draggedFrame = frame->id;
     m_dragButton = event->button();
     m_isDragging = false;
-    m_isBox = event->button() == Qt::LeftButton && event->modifiers().testFlag(Qt::ShiftModifier) &&
+    m_isBox = !grip(*event) && event->button() == Qt::LeftButton && event->modifiers().testFlag(Qt::ShiftModifier) &&
               dynamic_cast<LineView const*>(frameView(frame->id));
     m_pressPosition = event->localPos();
     m_dragPosition = event->localPos();
@@ -65,13 +65,17 @@ void PageView::mousePressEvent(QMouseEvent* event)
 void PageView::mouseMoveEvent(QMouseEvent* event)
 {
     dropTipBeside(event->pos());
+    if (m_dragButton == Qt::NoButton)
+        showGrip(event->pos());
     FrameView* const view = m_dragButton == Qt::NoButton ? nullptr : frameView(m_draggedFrame);
-    if (!view)
+    if (!view && m_grip.isNothing())
         return QWidget::mouseMoveEvent(event);
     bool const wasDragging = m_isDragging;
     m_isDragging = m_isDragging || (event->localPos() - m_pressPosition).manhattanLength() >= dragDistance;
     if (!m_isDragging)
         return;
+    if (!m_grip.isNothing())
+        return dragFrame(event->localPos(), event->modifiers());
     if (m_isBox)
         return dragBox(event->localPos());
     Slot const& slot = m_slots.at(m_draggedFrame);
@@ -104,7 +108,9 @@ void PageView::dragInView(FrameView& view, QPointF const& from, QPointF const& t
 
 void PageView::mouseReleaseEvent(QMouseEvent* event)
 {
-    if (m_dragButton == Qt::LeftButton && event->button() == Qt::LeftButton && !m_isDragging) {
+    if (!m_grip.isNothing())
+        endGrip(event->pos());
+    else if (m_dragButton == Qt::LeftButton && event->button() == Qt::LeftButton && !m_isDragging) {
         bool const isAdding = event->modifiers().testFlag(Qt::ControlModifier);
         if (!isAdding && (m_probesByClick || event->modifiers().testFlag(Qt::ShiftModifier)))
             probeAt(event->pos());
@@ -113,10 +119,14 @@ void PageView::mouseReleaseEvent(QMouseEvent* event)
     }
     if (m_isBox && m_isDragging)
         zoomIntoBox(event->localPos());
+    bool const asksForMenu = event->button() == Qt::RightButton && !m_isDragging;
     m_isBox = false;
+    m_isDragging = false;
     m_dragButton = Qt::NoButton;
     m_draggedFrame = 0;
     event->accept();
+    if (asksForMenu)
+        askForMenu(event->pos());
 }
 
 void PageView::pickAt(QPoint const& position, bool isAdding)
@@ -142,7 +152,11 @@ void PageView::pickAt(QPoint const& position, bool isAdding)
 
 void PageView::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    if (event->button() == Qt::LeftButton && frameAt(event->pos()))
+    auto const frame = event->button() == Qt::LeftButton ? frameAt(event->pos()) : nullptr;
+    FrameGrip const part = frame ? gripAt(m_slots.at(frame->id).area, event->pos()) : FrameGrip();
+    if (part.isHeader && !isOnButton(frame->id, event->pos()))
+        maximizeFrame(!m_isMaximized);
+    else if (frame && part.isNothing())
         fitActiveFrame();
     event->accept();
 }
@@ -176,6 +190,12 @@ bool PageView::event(QEvent* event)
 
 void PageView::keyPressEvent(QKeyEvent* event)
 {
+    if (event->key() == Qt::Key_Escape && !m_grip.isNothing()) {
+        m_dragButton = Qt::NoButton;
+        return dropGrip();
+    }
+    if (placeFrameByKey(*event))
+        return;
     auto const frame = m_session.activeFrame();
     FrameView* const view = frame ? frameView(frame->id) : nullptr;
     if (view && movesByKey(event->key())) {

@@ -13,6 +13,13 @@ CentralView CentralView::ofPage(kernel::Session& session)
     view.widget = page;
     view.fitActiveFrame = [page] { page->fitActiveFrame(); };
     view.fitAllFrames = [page] { page->fitAllFrames(); };
+    view.maximizeFrame = [page](bool isOn) { page->maximizeFrame(isOn); };
+    view.onMaximized = [page](std::function<void(bool)> const& function) {
+        QObject::connect(page, &PageView::maximized, page, function);
+    };
+    view.onMenu = [page](std::function<void(QPoint const&, int)> const& function) {
+        QObject::connect(page, &PageView::menuWanted, page, function);
+    };
     view.lookFrom = [page](ViewSide side) { page->lookFrom(side); };
     view.goToView = [page](ViewStep step) { return page->goToView(step); };
     view.copyView = [page] { return page->copyView(); };

@@ -5,6 +5,7 @@
 #include "app/plot/ViewSide.h"
 #include "app/window/PictureFile.h"
 
+#include <QPoint>
 #include <QString>
 
 #include <functional>
@@ -25,6 +26,11 @@ struct CentralView
     QWidget* widget = nullptr; ///< becomes the main window's
     std::function<void()> fitActiveFrame = [] {};
     std::function<void()> fitAllFrames = [] {};
+    /// Shows the active frame alone, or all of them, and has a function called whenever that changes.
+    std::function<void(bool)> maximizeFrame = [](bool) {};
+    std::function<void(std::function<void(bool)>)> onMaximized = [](auto const&) {};
+    /// Has a function called when the user asks for a menu, with the place on the screen and the one-based number of the zone that is seen there, or 0.
+    std::function<void(std::function<void(QPoint const&, int)>)> onMenu = [](auto const&) {};
     std::function<void(ViewSide)> lookFrom = [](ViewSide) {}; ///< at the plot of the active frame
     /// What PageView can do with the view of the active frame, and what it says of that.
     std::function<bool(ViewStep)> goToView = [](ViewStep) { return false; };

@@ -8,6 +8,7 @@
 #include "app/window/MainDocks.h"
 #include "app/window/NewAction.h"
 #include "app/window/NumberChooser.h"
+#include "app/window/PageMenu.h"
 #include "app/window/StatusBar.h"
 #include "app/window/WindowTitle.h"
 #include "host/MessageLog.h"
@@ -95,6 +96,7 @@ void MainWindow::connectParts()
     connect(&m_frames, &FrameActions::refused, this, &MainWindow::tellRefusal);
     connect(&m_plots, &PlotActions::refused, this, &MainWindow::tellRefusal);
     connect(&m_plots.lookFrom(), &ViewMenu::told, this, &MainWindow::tell);
+    m_view.onMenu([this](QPoint const& position, int zone) { showPageMenu(position, zone); });
     connect(m_docks, &MainDocks::refused, this, &MainWindow::tellRefusal);
     connect(&m_scripts, &ScriptActions::told, this, &MainWindow::tell);
     connect(&m_docks->journal(), &JournalPanel::saveWanted, &m_scripts, &ScriptActions::saveByDialog);
@@ -140,9 +142,10 @@ void MainWindow::makeMenus()
     edit.addAction(&m_files.copyPicture());
 
     QMenu& frame = addMenu("frameMenu", QStringLiteral("F&rame"));
+    m_frameMenu = &frame;
     frame.addAction(&m_frames.newFrame());
     frame.addMenu(&m_frames.newFrameWith());
-    frame.addActions({&m_frames.deleteFrame(), &m_frames.tileFrames(), &m_frames.nextFrame()});
+    frame.addActions({&m_frames.deleteFrame(), &m_frames.tileFrames(), &m_frames.nextFrame(), &m_plots.maximize()});
     frame.addSeparator();
     frame.addActions({&m_plots.fit(), &m_plots.fitAll()});
     frame.addMenu(&m_plots.lookFrom());
@@ -158,6 +161,7 @@ void MainWindow::makeMenus()
 void MainWindow::makePlotMenu()
 {
     QMenu& menu = addMenu("plotMenu", QStringLiteral("&Plot"));
+    m_plotMenu = &menu;
     for (PlotType_e const type : plotTypes)
         menu.addAction(&m_frames.plotType(type));
     menu.addSeparator();
@@ -165,6 +169,19 @@ void MainWindow::makePlotMenu()
     menu.addSeparator();
     menu.addActions({&m_plots.assignAxes(), &m_plots.assignVector(), &m_docks->focusOnPlot(), &m_docks->focusOnCuts(),
                      &m_docks->focusOnTime(), &m_docks->focusOnProbes(), &m_docks->focusOnLineMaps()});
+}
+
+void MainWindow::showPageMenu(QPoint const& position, int zone)
+{
+    auto* const menu = new PageMenu(m_session, zone, *this);
+    connect(menu, &PageMenu::refused, this, &MainWindow::tellRefusal);
+    menu->addAction(&m_plots.fit());
+    menu->addMenu(&m_plots.lookFrom());
+    menu->addMenu(m_plotMenu);
+    menu->addMenu(m_frameMenu);
+    menu->addSeparator();
+    menu->addActions({&m_files.copyPicture(), &m_files.savePicture(), &m_files.printPicture()});
+    menu->popup(position);
 }
 
 void MainWindow::makeViewMenu()

@@ -70,6 +70,7 @@ private:
     QMenu& addMenu(char const* name, QString const& title);
     void makeMenus();
     void makePlotMenu();
+    void showPageMenu(QPoint const& position, int zone);
     void makeViewMenu();
     void makeHelpMenu();
     void makeToolBar();
@@ -93,6 +94,8 @@ private:
     ScriptActions m_scripts;
     DataActions m_operations;
     MainDocks* m_docks = nullptr;
+    QMenu* m_frameMenu = nullptr;
+    QMenu* m_plotMenu = nullptr;
     std::vector<kernel::UniqueId> m_toldPicks; // that the status bar named last
     std::unique_ptr<HelpViewer> m_helpViewer;
     std::unique_ptr<RecoveryActions> m_recovery; // none where none is wanted

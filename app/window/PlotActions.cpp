@@ -18,6 +18,7 @@ PlotActions::PlotActions(kernel::Session& session, CentralView const& view, QWid
     , m_window(window)
     , m_fit(newAction(*this, "fitAction", makeIcon(Glyph::Fit), QStringLiteral("&Fit"), view.fitActiveFrame))
     , m_fitAll(newAction(*this, "fitAllAction", {}, QStringLiteral("Fit &All Frames"), view.fitAllFrames))
+    , m_maximize(newAction(*this, "maximizeFrameAction", {}, QStringLiteral("&Maximize Frame"), [] {}))
     , m_lookFrom(new ViewMenu(view, &window))
     , m_assignAxes(newAction(*this, "assignAxesAction", {}, QStringLiteral("Assign A&xes..."),
                              [this] { assign(AssignmentDialog::Kind::Axes); }))
@@ -29,6 +30,10 @@ PlotActions::PlotActions(kernel::Session& session, CentralView const& view, QWid
     m_fit->setShortcut(Qt::CTRL + Qt::Key_F);
     m_fit->setToolTip(QStringLiteral("Show the whole plot of the active frame (Ctrl+F)"));
     m_fitAll->setShortcut(Qt::CTRL + Qt::SHIFT + Qt::Key_F);
+    m_maximize->setCheckable(true);
+    m_maximize->setShortcut(Qt::CTRL + Qt::Key_M);
+    connect(m_maximize, &QAction::toggled, this, view.maximizeFrame);
+    view.onMaximized([this](bool isOn) { m_maximize->setChecked(isOn); });
     m_contourChooser->setMinimumContentsLength(18);
     connect(m_contourChooser, &NumberChooser::chosen, this, &PlotActions::chooseContour);
     refresh();
@@ -68,6 +73,7 @@ void PlotActions::refresh()
         hasData && (frame->plotType == PlotType_Cartesian2D || frame->plotType == PlotType_Cartesian3D);
     m_fit->setEnabled(hasData);
     m_fitAll->setEnabled(hasData);
+    m_maximize->setEnabled(frame != nullptr);
     bool const isInSpace = hasData && frame->plotType == PlotType_Cartesian3D;
     m_lookFrom->enable(isField, isInSpace);
     m_assignAxes->setEnabled(isField);

@@ -26,6 +26,8 @@ public:
 
     QAction& fit() { return *m_fit; }
     QAction& fitAll() { return *m_fitAll; }
+    /// Shows the active frame alone, or all of them again.
+    QAction& maximize() { return *m_maximize; }
     /// The ways to look at the plot.
     ViewMenu& lookFrom() { return *m_lookFrom; }
     QAction& assignAxes() { return *m_assignAxes; }
@@ -47,6 +49,7 @@ private:
     QWidget& m_window;
     QAction* m_fit;
     QAction* m_fitAll;
+    QAction* m_maximize;
     ViewMenu* m_lookFrom;
     QAction* m_assignAxes;
     QAction* m_assignVector;
